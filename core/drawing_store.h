@@ -1,0 +1,174 @@
+// The drawing store: every table and variable that one drawing consists of, as plain parallel
+// columns that all rooms read and write by index.
+// Owns: DrawingSettings, DrawingStore, SegmentDrawing, SegmentRow, PathRow, the append, growth and
+//       rounding routines, and the reading of composite codes.
+#pragma once
+
+#include <array>
+#include <string>
+
+#include "core/column.h"
+#include "core/conventions.h"
+#include "core/int16.h"
+#include "core/settings_list.h"
+
+namespace tess {
+
+// The settings as variables, in the order of the setup file. Lengths are in drawing units, feeds in
+// drawing units per minute.
+struct DrawingSettings {
+#define TESSIMO_VARIABLE(variable, width, kind, key, goesTo, reading) width variable{};
+#define TESSIMO_NOTHING(...)
+  TESSIMO_SETTINGS(TESSIMO_VARIABLE, TESSIMO_NOTHING, TESSIMO_NOTHING)
+#undef TESSIMO_VARIABLE
+#undef TESSIMO_NOTHING
+};
+
+// One drawing. The live settings are members by inheritance: store.cfg_final_depth.
+// Row tables count from 1; tools and cycles from 0.
+struct DrawingStore : DrawingSettings {
+  // Drawing segments.
+  Int16 NumSegments;
+  Column<int> segtype;
+  Column<Int16> segattr;
+  Column<float> x0, y0, x1, y1;
+  Column<float> centerx, centery;
+
+  // Path segments.
+  Int16 NumPathSegments;
+  Column<Int16> pstype;
+  Column<Int16> pscode;
+  Column<float> psx0, psy0, psx1, psy1;
+  Column<float> psxc, psyc;  // arc centre; increment depth and dwell of a machine cycle
+  Column<float> psz;
+  Column<float> psfeed;
+  Column<Flag> psvisible;
+
+  Column<std::string> pathgroupname;
+  Int16 currentpathgroup;
+  Int16 lastplacedgroup;
+
+  // The tool chest; a row with a blank name is free.
+  Column<std::string> toolname{kLastTool};
+  Column<float> toolradius{kLastTool};
+  Column<int> toolcolor{kLastTool};
+  Column<std::string> toolmaterial{kLastTool};
+  Column<Int16> toolmilltype{kLastTool};
+  Column<Int16> toolflutes{kLastTool};
+  Column<std::string> toolfeedrate{kLastTool};
+  Column<float> toolspindlespeed{kLastTool};
+  Column<float> toolrecspindle{kLastTool};
+  Column<float> toolcuttingspeed{kLastTool};
+
+  // Machine-cycle templates, rows 0 to NumCycles - 1.
+  Int16 NumCycles;
+  Column<std::string> cycletext;
+  Column<float> cyclefinaldepth;
+  Column<float> cycleincrdepth;
+  Column<float> cycledwell;
+  Column<float> cyclefeedrate;
+
+  Column<Int16> colortable{kLastColorSlot};   // as the setup file has it, slots 1 to 7
+  Column<Int16> colorsinuse{kLastColorSlot};  // what the screen shows
+
+  DrawingSettings defaults;  // what the next new drawing starts with
+  std::string creationdate;
+  float unitfactor = 1;  // 25.4, 1/25.4 or 1: the last change of units
+
+  // Session state; no file holds it.
+  float markerx = 0, markery = 0;
+  Int16 showpaths;
+  Flag drawingsaved;
+  Flag setupchanged;
+  std::string drawingname;  // with its extension; empty for an untitled drawing
+  std::string drawingpath;  // folder with its last separator
+  Int16 savedsegments;      // NumSegments at the last save
+  Int16 savedpaths;         // NumPathSegments at the last save
+  bool segmentTablesSized = false;
+};
+
+// Where a freshly appended drawing row shows itself.
+class SegmentDrawing {
+ public:
+  virtual ~SegmentDrawing() = default;
+  virtual void DrawSegment(int sg) = 0;
+};
+
+// A drawing row as one value.
+struct SegmentRow {
+  int type = 0;
+  int attr = kOrdinaryClass;
+  float x0 = 0, y0 = 0, x1 = 0, y1 = 0, xc = 0, yc = 0;
+};
+
+// A path row as one value.
+struct PathRow {
+  int type = 0;
+  float x0 = 0, y0 = 0, x1 = 0, y1 = 0, xc = 0, yc = 0;
+  float z = 0, feed = 0;
+  int code = 0;
+  bool visible = true;
+};
+
+// Appends a drawing row and draws it on `target` (null: nowhere). Marks nothing as changed and logs
+// nothing: that is the caller's part. Raises Overflow at row 32768.
+void AddSeg(DrawingStore& store, const SegmentRow& row, SegmentDrawing* target);
+
+// The same for a line. The coordinates come y before x, and the centre is stored as 0.
+void AddSegLine(DrawingStore& store, int segtype, int segattr, float y0, float x0, float y1,
+                float x1, SegmentDrawing* target);
+
+// Make the tables reach row n, growing by 20 drawing rows or 100 path rows past it.
+void ensureSegmentCapacity(DrawingStore& store, int n);
+void ensurePathCapacity(DrawingStore& store, int n);
+
+// Re-sizes the five columns of the cycle templates to exactly `count` rows, keeping contents.
+void resizeCycles(DrawingStore& store, int count);
+
+// Appends a visible path row and marks the drawing changed. Raises Overflow at row 32768.
+void addPathSegment(DrawingStore& store, const PathRow& row);
+
+// The largest group in use plus 1; 1 when there are no path rows.
+Int16 nextPathGroup(const DrawingStore& store);
+
+// Rounds all coordinates of the drawing rows to 5 decimals.
+void roundall(DrawingStore& store);
+
+// Row `sg` or `ps` as one value, and back into the table without touching the counter.
+SegmentRow segmentRow(const DrawingStore& store, int sg);
+void setSegmentRow(DrawingStore& store, int sg, const SegmentRow& row);
+PathRow pathRow(const DrawingStore& store, int ps);
+void setPathRow(DrawingStore& store, int ps, const PathRow& row);
+
+// Composite codes.
+constexpr int entityClass(int segattr) {
+  return segattr % 100;
+}
+constexpr bool isSelected(int code) {
+  return code > kSelected;
+}
+constexpr bool isSelectedUnverified(int segattr) {
+  return segattr > kSelected && segattr < kVerified;
+}
+constexpr bool isVerified(int segattr) {
+  return segattr >= kVerified;
+}
+constexpr int toolIndex(int pscode) {
+  return pscode % 100;
+}
+// The group of a path row as the tables show it: cut off, by whole-number division.
+constexpr int groupCutOff(int pscode) {
+  return (isSelected(pscode) ? pscode - kSelected : pscode) / 100;
+}
+// The group of a path row as placing and counting read it: to the nearest whole number, ties to
+// even, so that a tool index above 50 counts as the next group.
+int groupRounded(int pscode);
+
+inline bool isMetric(const DrawingStore& store) {
+  return store.units == "M";
+}
+
+// Debug aid: true when all columns of each table have one length and the counters lie within.
+bool isConsistent(const DrawingStore& store);
+
+}  // namespace tess

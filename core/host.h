@@ -1,0 +1,80 @@
+// The ports to the platform: what the program asks of its surroundings, and nothing more. The
+// desktop, the script runner and the tests each bring their own.
+// Owns: MessageIcon, MessageButtons, Answer, Message, FileRequest, Prompts, Clock, DateTime,
+//       Surroundings, FailureSink, Host.
+#pragma once
+
+#include <optional>
+#include <string>
+
+namespace tess {
+
+class Form;
+class RuntimeFailure;
+
+enum class MessageIcon { None, Information, Warning, Error, Question };
+enum class MessageButtons { Ok, OkCancel, YesNo, YesNoCancel };
+enum class Answer { Ok, Cancel, Yes, No };
+
+struct Message {
+  std::string text;
+  std::string title;
+  MessageIcon icon = MessageIcon::None;
+  MessageButtons buttons = MessageButtons::Ok;
+};
+
+struct FileRequest {
+  std::string title;
+  std::string pattern;  // "*.CDM", or a filter text such as "Drawing Files (*.cdm)|*.cdm"
+  std::string folder;   // where to start
+  std::string name;     // what to offer
+  bool forSaving = false;
+};
+
+// Message boxes, file choice and forms; each call waits for the operator.
+class Prompts {
+ public:
+  virtual ~Prompts() = default;
+  virtual Answer showMessage(const Message& message) = 0;
+  // The chosen full path; nothing when the operator cancels.
+  virtual std::optional<std::string> chooseFile(const FileRequest& request) = 0;
+  // Shows the form until it is closed.
+  virtual void showModal(Form& form) = 0;
+};
+
+struct DateTime {
+  int year = 0, month = 1, day = 1;  // of the calendar, month and day from 1
+  int hour = 0, minute = 0, second = 0;
+};
+
+class Clock {
+ public:
+  virtual ~Clock() = default;
+  virtual DateTime now() = 0;                // local time
+  virtual double elapsedMilliseconds() = 0;  // since some fixed moment, never going back
+};
+
+// The rest of the surroundings that long jobs and the program's end touch.
+class Surroundings {
+ public:
+  virtual ~Surroundings() = default;
+  virtual void serveEvents() = 0;  // lets repaints happen
+  virtual void beep() = 0;
+  virtual void printOnMainWindow(const std::string& text) = 0;  // before dialogs are at hand
+};
+
+// Where a failure goes that a routine survives: it is reported and logged, and work goes on.
+class FailureSink {
+ public:
+  virtual ~FailureSink() = default;
+  virtual void report(const RuntimeFailure& failure) = 0;
+};
+
+struct Host {
+  Prompts& prompts;
+  Clock& clock;
+  Surroundings& surroundings;
+  FailureSink& failures;
+};
+
+}  // namespace tess

@@ -1,0 +1,42 @@
+// The one home of numbers as text, for files, programs and the screen. No locale plays a part, and
+// no text written here is anything but a plain decimal: no exponent, no "-0", no NaN or infinity.
+// Owns: plainText, fileText, signBlankText, appendFileText, formatNumber, Val, parseFloat,
+//       parseInteger.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace tess {
+
+// The shortest decimal text that reads back as the same 32-bit value: "0.25", "-3", "12.7".
+// Raises Invalid procedure call for a value that is no number or infinite; so do all writers here.
+std::string plainText(float value);
+
+// The same without the zero before the point, as the drawing files have it: ".25", "-.5".
+std::string fileText(float value);
+void appendFileText(std::string& out, float value);
+void appendFileText(std::string& out, int value);
+
+// fileText with a blank in front of a value that is not negative: " .25".
+std::string signBlankText(float value);
+std::string signBlankText(int value);
+
+// The value through a pattern: "0" is a digit that is always written, "#" one that is written when
+// significant, "." the decimal point; other characters of the pattern are passed over. The shortest
+// decimal text of the value is rounded to the pattern's decimals, halves away from zero; a result
+// of zero has no sign. An empty pattern gives the plain text; "####" gives "" for zero.
+std::string formatNumber(float value, std::string_view pattern);
+void appendFormatted(std::string& out, float value, std::string_view pattern);
+
+// Lenient parse: the number that the text begins with after leading blanks, 0 when there is none.
+// A value too large for the 64-bit range gives infinity.
+double Val(std::string_view text);
+
+// The same narrowed to a 32-bit float, correctly rounded from the text; raises Overflow.
+float parseFloat(std::string_view text);
+
+// The same as a whole number, ties to even; raises Overflow outside the 32-bit range.
+int parseInteger(std::string_view text);
+
+}  // namespace tess

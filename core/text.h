@@ -1,0 +1,23 @@
+// Text helpers that never ask the locale: blanks, letter case, encoding.
+// Owns: trimmed, lowerCased, upperCased, equalIgnoringCase, containsIgnoringCase, toUtf8.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace tess {
+
+// Without blanks and tabs at both ends.
+std::string_view trimmed(std::string_view text);
+
+// Letter case of ASCII and Latin-1 letters of UTF-8 text; others stay as they are.
+std::string lowerCased(std::string_view text);
+std::string upperCased(std::string_view text);
+bool equalIgnoringCase(std::string_view a, std::string_view b);
+// The position of `part` in `text` regardless of case, or npos.
+std::size_t findIgnoringCase(std::string_view text, std::string_view part);
+
+// Bytes as UTF-8: what is valid stays, any other byte is taken as a Latin-1 character.
+std::string toUtf8(std::string_view bytes);
+
+}  // namespace tess
