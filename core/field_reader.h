@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "core/int16.h"
+#include "core/runtime_failure.h"
 
 namespace tess {
 
@@ -36,7 +37,12 @@ class FieldReader {
   std::string readPrintable();
 
  private:
+  [[noreturn]] void fail(FailureNumber number) const;
+  void requireMore() const;
+  void skipSeparator();
   std::string_view takeField();
+  template <typename Value, typename Parse>
+  Value readNumber(Parse parse);
 
   std::string path_;
   std::string content_;

@@ -1,0 +1,158 @@
+// Files and folders: lookups without regard to case, and whole-file reads and writes whose
+// failures carry the program's numbers.
+#include "core/file_system.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <filesystem>
+#include <memory>
+#include <system_error>
+
+#include "core/runtime_failure.h"
+#include "core/text.h"
+
+namespace tess {
+namespace {
+
+namespace fs = std::filesystem;
+
+struct CloseFile {
+  void operator()(std::FILE* file) const { std::fclose(file); }
+};
+using OpenFile = std::unique_ptr<std::FILE, CloseFile>;
+
+std::string withPlatformSeparators(std::string_view path) {
+  std::string result(path);
+  for (char& letter : result) {
+    if (letter == '\\') letter = kSeparator;
+  }
+  return result;
+}
+
+bool entryExists(const fs::path& path) {
+  std::error_code ignored;
+  return fs::exists(path, ignored);
+}
+
+// The entry of `folder` that is `name` but for case; `name` itself when there is none. Of several
+// the first in the order of their names, so that the answer does not depend on the file system.
+std::string entryIgnoringCase(const fs::path& folder, const std::string& name) {
+  std::error_code error;
+  std::string found;
+  for (fs::directory_iterator entry(folder.empty() ? fs::path(".") : folder, error), end;
+       !error && entry != end; entry.increment(error)) {
+    std::string candidate = entry->path().filename().string();
+    if (!equalIgnoringCase(candidate, name)) continue;
+    if (found.empty() || candidate < found) found = std::move(candidate);
+  }
+  return found.empty() ? name : found;
+}
+
+FailureNumber failureOf(int error) {
+  switch (error) {
+    case ENOENT:
+      return FailureNumber::FileNotFound;
+    case ENOTDIR:
+      return FailureNumber::PathNotFound;
+    case EACCES:
+    case EPERM:
+    case EROFS:
+      return FailureNumber::PermissionDenied;
+    case ENOSPC:
+    case EDQUOT:
+    case EFBIG:
+      return FailureNumber::DiskFull;
+    case EISDIR:
+      return FailureNumber::PathFileAccess;
+    default:
+      return FailureNumber::DeviceInputOutput;
+  }
+}
+
+[[noreturn]] void failWith(int error, const std::string& path) {
+  throw RuntimeFailure(failureOf(error), path);
+}
+
+OpenFile openFile(const std::string& path, const char* mode) {
+  if (folderExists(path)) failWith(EISDIR, path);
+  OpenFile file(std::fopen(path.c_str(), mode));
+  if (!file) failWith(errno, path);
+  return file;
+}
+
+}  // namespace
+
+std::string splitPath(std::string& folder, std::string_view path, std::string_view ext) {
+  path = trimmed(path);
+  const std::size_t last = path.find_last_of("\\/:");
+  const std::size_t split = last == std::string_view::npos ? 0 : last + 1;
+  if (split > 0) folder = path.substr(0, split);
+  std::string name(path.substr(split));
+  if (name.empty()) return name;
+  const std::size_t dot = name.rfind('.');
+  if (ext.starts_with('.')) return name.substr(0, dot).append(ext);
+  if (dot != std::string::npos) return name;
+  return name.append(".").append(ext);
+}
+
+std::string withSeparator(std::string_view folder) {
+  std::string result(folder);
+  const bool ends = result.empty() || result.back() == '\\' || result.back() == kSeparator;
+  if (!ends) result.push_back(kSeparator);
+  return result;
+}
+
+std::string resolvePath(std::string_view path) {
+  const std::string wanted = withPlatformSeparators(path);
+  if (entryExists(wanted)) return wanted;
+  const bool folderWanted = wanted.ends_with(kSeparator);
+  fs::path found;
+  for (const fs::path& part : fs::path(wanted)) {
+    const bool known = part.empty() || entryExists(found / part);
+    found /= known ? part : fs::path(entryIgnoringCase(found, part.string()));
+  }
+  std::string result = found.string();
+  if (folderWanted && !result.ends_with(kSeparator)) result.push_back(kSeparator);
+  return result;
+}
+
+bool fileExists(std::string_view path) {
+  std::error_code ignored;
+  const std::string found = resolvePath(path);
+  return !path.empty() && fs::exists(found, ignored) && !fs::is_directory(found, ignored);
+}
+
+bool folderExists(std::string_view path) {
+  std::error_code ignored;
+  return !path.empty() && fs::is_directory(resolvePath(path), ignored);
+}
+
+std::string readFile(std::string_view path) {
+  const std::string found = resolvePath(path);
+  const OpenFile file = openFile(found, "rb");
+  std::string content;
+  char block[1 << 16];
+  while (const std::size_t got = std::fread(block, 1, sizeof block, file.get())) {
+    content.append(block, got);
+  }
+  if (std::ferror(file.get()) != 0) failWith(errno, found);
+  return content;
+}
+
+void writeFile(std::string_view path, std::string_view content) {
+  const std::string found = resolvePath(path);
+  OpenFile file = openFile(found, "wb");
+  const bool written = std::fwrite(content.data(), 1, content.size(), file.get()) == content.size();
+  // Buffered bytes may meet a full disk only here.
+  if (!written || std::fflush(file.get()) != 0) failWith(errno, found);
+}
+
+void deleteFile(std::string_view path) {
+  if (!fileExists(path)) return;
+  const std::string found = resolvePath(path);
+  std::error_code error;
+  fs::remove(found, error);
+  if (error) failWith(error.value(), found);
+}
+
+}  // namespace tess

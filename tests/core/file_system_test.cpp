@@ -1,0 +1,96 @@
+// Paths of both kinds, lookups without regard to case, and failures of files.
+#include "core/file_system.h"
+
+#include "gtest/gtest.h"
+
+#include "core/runtime_failure.h"
+#include "tests/support/temp_folder.h"
+
+namespace tess {
+namespace {
+
+using testing::TempFolder;
+
+struct SplitCase {
+  const char* path;
+  const char* ext;
+  const char* folder;
+  const char* name;
+};
+
+TEST(SplitPath, TakesFolderAndDefaultOrForcedExtension) {
+  const SplitCase cases[] = {
+      {" C:\\work\\part.txt ", ".CDM", "C:\\work\\", "part.CDM"},
+      {"C:\\work\\part", "CDM", "C:\\work\\", "part.CDM"},
+      {"C:\\work\\part.old", "CDM", "C:\\work\\", "part.old"},
+      {"work/part.a.b", ".CNC", "work/", "part.a.CNC"},
+      {"c:part", "CDM", "c:", "part.CDM"},
+      {"part", "CDM", "before", "part.CDM"},
+      {"", "CDM", "before", ""},
+      {"folder/", "CDM", "folder/", ""},
+  };
+  for (const SplitCase& c : cases) {
+    std::string folder = "before";
+    EXPECT_EQ(splitPath(folder, c.path, c.ext), c.name) << c.path;
+    EXPECT_EQ(folder, c.folder) << c.path;
+  }
+}
+
+TEST(FileSystem, NamesThatDifferOnlyInCaseAreMeant) {
+  const TempFolder folder;
+  std::filesystem::create_directory(folder("Parts"));
+  folder.write("Parts/Bracket.Cdm", "x");
+  EXPECT_EQ(resolvePath(folder("PARTS\\BRACKET.CDM")), folder("Parts/Bracket.Cdm"));
+  EXPECT_TRUE(fileExists(folder("parts/bracket.cdm")));
+  EXPECT_TRUE(folderExists(folder("PARTS\\")));
+  EXPECT_EQ(resolvePath(folder("PARTS/new.cdm")), folder("Parts/new.cdm"));
+  EXPECT_EQ(readFile(folder("PARTS/bracket.CDM")), "x");
+}
+
+TEST(FileSystem, ExactNameWinsOverOneOfOtherCase) {
+  const TempFolder folder;
+  folder.write("a.cdm", "lower");
+  std::filesystem::path upper = folder("A.CDM");
+  std::filesystem::copy_file(folder("a.cdm"), upper);
+  EXPECT_EQ(resolvePath(folder("A.CDM")), folder("A.CDM"));
+  EXPECT_EQ(resolvePath(folder("a.cdm")), folder("a.cdm"));
+  EXPECT_EQ(resolvePath(folder("A.cdm")), folder("A.CDM"));
+}
+
+TEST(FileSystem, FoldersAreNoFiles) {
+  const TempFolder folder;
+  EXPECT_FALSE(fileExists(folder()));
+  EXPECT_FALSE(fileExists(""));
+  EXPECT_FALSE(folderExists(""));
+}
+
+FailureNumber failureOf(const std::function<void()>& action) {
+  try {
+    action();
+  } catch (const RuntimeFailure& failure) {
+    return failure.number();
+  }
+  ADD_FAILURE() << "nothing was raised";
+  return FailureNumber::InvalidProcedureCall;
+}
+
+TEST(FileSystem, FailuresCarryTheirNumbers) {
+  const TempFolder folder;
+  folder.write("file", "");
+  EXPECT_EQ(failureOf([&] { readFile(folder("none")); }), FailureNumber::FileNotFound);
+  EXPECT_EQ(failureOf([&] { readFile(folder()); }), FailureNumber::PathFileAccess);
+  EXPECT_EQ(failureOf([&] { readFile(folder("file/below")); }), FailureNumber::PathNotFound);
+  EXPECT_EQ(failureOf([&] { writeFile(folder(), "x"); }), FailureNumber::PathFileAccess);
+  EXPECT_EQ(failureOf([&] { writeFile("/dev/full", "x"); }), FailureNumber::DiskFull);
+}
+
+TEST(FileSystem, DeletingWhatIsNotThereIsNoFailure) {
+  const TempFolder folder;
+  folder.write("Old.TPM", "x");
+  deleteFile(folder("old.tpm"));
+  deleteFile(folder("old.tpm"));
+  EXPECT_FALSE(folder.has("Old.TPM"));
+}
+
+}  // namespace
+}  // namespace tess
