@@ -52,7 +52,9 @@ bool sameCentre(const clsSegment& record, const Row& row) {
 }
 
 // Lines and rectangles have no centre to compare.
-bool hasNoCentre(int type) { return type == kLine || type == kRectangle; }
+bool hasNoCentre(int type) {
+  return type == kLine || type == kRectangle;
+}
 
 template <typename Row>
 bool matches(const clsSegment& record, int recordType, const Row& row, float tolerence) {
@@ -111,17 +113,25 @@ constexpr NamedField kNamedFields[] = {
 };
 
 const NamedField& namedField(std::string_view name) {
-  const auto* const found = std::find_if(
-      std::begin(kNamedFields), std::end(kNamedFields),
-      [name](const NamedField& row) { return equalIgnoringCase(row.name, name); });
+  const auto* const found =
+      std::find_if(std::begin(kNamedFields), std::end(kNamedFields),
+                   [name](const NamedField& row) { return equalIgnoringCase(row.name, name); });
   if (found == std::end(kNamedFields)) throw typeMismatch();
   return *found;
 }
 
-RecordValue asValue(float value) { return value; }
-RecordValue asValue(Int16 value) { return static_cast<int>(value); }
-RecordValue asValue(const std::string& value) { return value; }
-RecordValue asValue(bool value) { return value; }
+RecordValue asValue(float value) {
+  return value;
+}
+RecordValue asValue(Int16 value) {
+  return static_cast<int>(value);
+}
+RecordValue asValue(const std::string& value) {
+  return value;
+}
+RecordValue asValue(bool value) {
+  return value;
+}
 
 template <typename Kind>
 const Kind& valueOfKind(const RecordValue& value) {
@@ -130,12 +140,18 @@ const Kind& valueOfKind(const RecordValue& value) {
   return *held;
 }
 
-void assign(float& field, const RecordValue& value) { field = valueOfKind<float>(value); }
-void assign(Int16& field, const RecordValue& value) { field = valueOfKind<int>(value); }
+void assign(float& field, const RecordValue& value) {
+  field = valueOfKind<float>(value);
+}
+void assign(Int16& field, const RecordValue& value) {
+  field = valueOfKind<int>(value);
+}
 void assign(std::string& field, const RecordValue& value) {
   field = valueOfKind<std::string>(value);
 }
-void assign(bool& field, const RecordValue& value) { field = valueOfKind<bool>(value); }
+void assign(bool& field, const RecordValue& value) {
+  field = valueOfKind<bool>(value);
+}
 
 }  // namespace
 
@@ -201,7 +217,9 @@ const clsSegment& ChangeLog::record(int index) const {
   return changelog_[static_cast<std::size_t>(index)];
 }
 
-clsSegment& ChangeLog::at(int index) { return changelog_.at(static_cast<std::size_t>(index)); }
+clsSegment& ChangeLog::at(int index) {
+  return changelog_.at(static_cast<std::size_t>(index));
+}
 
 RecordValue ChangeLog::recordField(int index, std::string_view name) const {
   const clsSegment& from = record(index);

@@ -49,7 +49,8 @@ class ChangeLog {
   Int16 changetop;    // the largest count since the last fresh change; redo reaches up to here
   Int16 UndoMark;     // not zero: something was done that the Undo menu entry can take back
 
-  // Appends a copy; with `cutRedo` the records above are given up. Raises Overflow at 32768 records.
+  // Appends a copy; with `cutRedo` the records above are given up. Raises Overflow at 32768
+  // records.
   void logRecord(const clsSegment& record, bool cutRedo);
   // The exact inverses of logRecord: the last live record, and the next one above it. Both raise
   // Subscript out of range when there is none.
