@@ -184,7 +184,9 @@ bool Renderer::markersShown() const {
 }
 
 void Renderer::complain(const char* text) {
-  prompts_.showMessage({.text = text});
+  Message message;
+  message.text = text;
+  prompts_.showMessage(message);
 }
 
 Color Renderer::stateColor(int sg) {
