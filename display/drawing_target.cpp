@@ -1,8 +1,6 @@
 // The surface's mapping and the proxy round it.
 #include "display/drawing_target.h"
 
-#include <numbers>
-
 namespace tess {
 
 PixelPoint DrawingSurface::toPixels(float x, float y) const {
@@ -12,11 +10,11 @@ PixelPoint DrawingSurface::toPixels(float x, float y) const {
           (static_cast<double>(y) - state_.scaleTop) / state_.scaleHeight * pixels.height};
 }
 
-WorldPoint DrawingSurface::toWorld(double pixelX, double pixelY) const {
-  if (state_.scaleMode == ScaleUnit::Pixels) return {pixelX, pixelY};
+Point DrawingSurface::toWorld(double pixelX, double pixelY) const {
+  if (state_.scaleMode == ScaleUnit::Pixels) return {narrow(pixelX), narrow(pixelY)};
   const SurfaceArea pixels = area();
-  return {state_.scaleLeft + pixelX / pixels.width * state_.scaleWidth,
-          state_.scaleTop + pixelY / pixels.height * state_.scaleHeight};
+  return {narrow(state_.scaleLeft + pixelX / pixels.width * state_.scaleWidth),
+          narrow(state_.scaleTop + pixelY / pixels.height * state_.scaleHeight)};
 }
 
 namespace {
@@ -26,7 +24,7 @@ float converted(float length, ScaleUnit from, ScaleUnit to, float pixels, float 
   if (from == to) return length;
   const double factor = from == ScaleUnit::Pixels ? static_cast<double>(scale) / pixels
                                                   : static_cast<double>(pixels) / scale;
-  return static_cast<float>(length * factor);
+  return narrow(length * factor);
 }
 
 }  // namespace
@@ -58,10 +56,9 @@ void PictureBoxProxy::TraceCircle(float x, float y, float radius, std::optional<
   if (radius == 0) return;
   WorldArc arc{.x = x, .y = y, .radius = radius};
   if (color && Start) {
-    constexpr float kFullTurn = 2 * std::numbers::pi_v<float>;
     arc.whole = false;
     arc.start = *Start;
-    arc.end = End.value_or(kFullTurn);
+    arc.end = End.value_or(static_cast<float>(kTwoPi));
     arc.aspect = End ? Aspect.value_or(1.0F) : 1.0F;
   }
   surface_.arc(arc, color.value_or(surface_.state().foreColor));

@@ -1,7 +1,7 @@
 // What drawings are painted on: the port to the platform's drawing surface, and the target that the
 // routines painting single entities see, be it the surface or paper.
 // Owns: ScaleUnit, PenMode, PenStyle, FillMode, kOutlineBox, kFilledBox, SurfaceArea, SurfaceState,
-//       WorldBox, WorldArc, PixelPoint, WorldPoint, DrawingSurface, DrawingTarget, PictureBoxProxy,
+//       WorldBox, WorldArc, PixelPoint, DrawingSurface, DrawingTarget, PictureBoxProxy,
 //       SetScale.
 #pragma once
 
@@ -9,6 +9,7 @@
 #include <string>
 
 #include "display/palette.h"
+#include "geometry/points.h"
 
 namespace tess {
 
@@ -42,10 +43,6 @@ struct WorldArc {
 
 struct PixelPoint {
   double x = 0, y = 0;  // from the upper left corner of the surface
-};
-
-struct WorldPoint {
-  double x = 0, y = 0;
 };
 
 // What a surface remembers between calls.
@@ -101,7 +98,7 @@ class DrawingSurface {
 
   // The one mapping between user scale and pixels, for painting and for pointer events.
   PixelPoint toPixels(float x, float y) const;
-  WorldPoint toWorld(double pixelX, double pixelY) const;
+  Point toWorld(double pixelX, double pixelY) const;
 
  protected:
   // Hears of each property that is set, also of one set to the value that it had.

@@ -68,6 +68,7 @@ class RedrawSequence {
   void closePicture();
   void paintPicture(DrawingTarget& target);
   void releaseSurface();
+  void abandon();
   bool servedEvents();
 
   RedrawParts parts_;

@@ -1,5 +1,5 @@
 // Paints single entities, path rows, the grid, the marker and the origin arrows on a target.
-// Owns: EntityShape, ArrowTip, DiscSteps, discSteps, PolarLine, DrawArrowhead, DrawHalfArrowhead,
+// Owns: ArrowTip, DiscSteps, discSteps, PolarLine, DrawArrowhead, DrawHalfArrowhead,
 //       TraceArrowhead, DrawMarkerCross, DrawOriginArrows, Renderer, SegmentPainter.
 #pragma once
 
@@ -8,23 +8,19 @@
 #include "core/drawing_store.h"
 #include "core/host.h"
 #include "display/drawing_target.h"
+#include "geometry/entity.h"
 
 namespace tess {
 
-// The geometry of a drawing row or of a contour move.
-struct EntityShape {
-  int type = 0;
-  float x0 = 0, y0 = 0, x1 = 0, y1 = 0, xc = 0, yc = 0;
-};
-
 // A point and the direction of travel there, in radians.
 struct ArrowTip {
-  float x = 0, y = 0, angle = 0;
+  Point at;
+  float angle = 0;
 };
 
 // How many discs of the tool show its way along an arc, and the angle from one to the next.
 struct DiscSteps {
-  double count = 0;  // its whole part counts
+  int count = 0;
   double step = 0;
 };
 
@@ -44,7 +40,7 @@ void DrawHalfArrowhead(const ArrowTip& tip, Color color, DrawingTarget& target, 
 void TraceArrowhead(const WorldBox& ends, Color color, PictureBoxProxy& ScreenProxy);
 
 // The marker's cross, 5 pixels to each side. Drawn twice at one place it is gone.
-void DrawMarkerCross(float x, float y, PictureBoxProxy& ScreenProxy);
+void DrawMarkerCross(Point marker, PictureBoxProxy& ScreenProxy);
 
 // The axes at world zero, 25 pixels long and in a pen of double width, with their letters.
 void DrawOriginArrows(Color color, PictureBoxProxy& ScreenProxy);
@@ -65,7 +61,7 @@ class Renderer {
   void DrawLine(const WorldBox& ends, Color color, DrawingTarget& target);
 
   // Types 2, 3 and 5. One whose start equals its end is a full circle whatever its type.
-  void DrawArc(const EntityShape& arc, Color color, DrawingTarget& target);
+  void DrawArc(const Entity& arc, Color color, DrawingTarget& target);
 
   // The visual grid's lines through world zero and on to the edges; nothing on paper. Events are
   // served after each line.
@@ -75,19 +71,20 @@ class Renderer {
   bool pathdrawing = false;
 
  private:
-  Color entityColor(int sg, DrawingTarget& target, std::optional<Color> color);
-  void drawEntity(const EntityShape& entity, Color color, DrawingTarget& target);
-  void drawRectangle(const EntityShape& corners, Color color, DrawingTarget& target);
-  void drawLineMove(const EntityShape& move, Color color, DrawingTarget& target);
-  void drawArcMove(const EntityShape& move, Color color, DrawingTarget& target);
+  Color stateColor(int sg);
+  void rememberColor(DrawingTarget& target);
+  void drawRectangle(const Entity& corners, Color color, DrawingTarget& target);
+  void drawMove(const Entity& move, float toolradius, Color color, DrawingTarget& target);
+  void complain(const char* text);
   bool markersShown() const;
-  void gridLine(const WorldBox& ends, DrawingTarget& target);
+  template <typename LineAt>
+  void gridLines(int direction, float last, LineAt lineAt, DrawingTarget& target);
 
   const DrawingStore& store_;
   Prompts& prompts_;
   Surroundings& surroundings_;
-  Color entitycolor_ = 0;      // of the entity painted last
-  Color rememberedcolor_ = 0;  // of the one before it
+  Color entityColor_ = 0;      // of the entity painted last
+  Color rememberedColor_ = 0;  // of the one before it
 };
 
 // Shows freshly appended drawing rows on one target.

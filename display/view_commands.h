@@ -8,6 +8,7 @@
 #include <string>
 
 #include "display/armed_action.h"
+#include "display/drawing_extents.h"
 #include "display/pointer.h"
 #include "display/redraw_sequence.h"
 #include "display/view_transform.h"
@@ -42,12 +43,12 @@ struct InterruptedCommand {
   int SavedDrawMode = 0;
 };
 
-// A drag that moves the view. World coordinates of the pointer are those of the view in which it
-// moved, so the grabbed point stays under it.
+// A drag that moves the view. The pointer's positions are in units of the view in which it moved,
+// so the grabbed point stays under it.
 struct PanDrag {
-  float dx0 = 0, dy0 = 0;          // the pointer at the press
-  float c0x = 0, c0y = 0;          // the centre at the last move
-  float presscx = 0, presscy = 0;  // the centre at the press
+  Point grabbed;      // the pointer at the press
+  Point centre;       // the centre at the last move
+  Point pressCentre;  // the centre at the press
 };
 
 // Draws boxes one after the other in the inverting pen and returns to the copying, solid one.
@@ -86,15 +87,15 @@ class ViewCommands {
   void releaseZoomBox(const WorldBox& shown);
 
   // Pan by pointer, given world positions in the view current at each event.
-  PanDrag beginPan(float x, float y) const;
-  void movePan(PanDrag& drag, float x, float y);
-  void endPan(const PanDrag& drag, float x, float y);
-  // A position given in units of the view at the press, as scripts state a whole drag, in units of
-  // the present view.
-  WorldPoint inPresentView(const PanDrag& drag, float x, float y) const;
+  PanDrag beginPan(Point pointer) const;
+  void movePan(PanDrag& drag, Point pointer);
+  void endPan(const PanDrag& drag, Point pointer);
+  // A position in units of the view at the press, as a script states a whole drag, in units of the
+  // present view.
+  Point inPresentView(const PanDrag& drag, Point pointer) const;
 
-  // Arms what zoom window or pan interrupted again, when it was a drawing or selecting mode.
-  void restoreInterrupted();
+  // The pointer in the shape of panning, when its icon stands beside the program.
+  void showPanPointer();
 
   void mnuViewReDraw_Click() { parts_.redraw.redrawscreen(); }
   void mnuViewCenter_Click() { setview(parts_.store.markerx, parts_.store.markery); }
@@ -111,6 +112,7 @@ class ViewCommands {
   const InterruptedCommand& interrupted() const { return interrupted_; }
 
  private:
+  void centreAt(double x, double y);
   void interrupt();
   void startPanning();
   void stopPanning();

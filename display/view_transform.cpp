@@ -2,10 +2,11 @@
 #include "display/view_transform.h"
 
 #include <cmath>
-#include <limits>
 
+#include "core/division.h"
 #include "core/number_text.h"
 #include "core/rounding.h"
+#include "geometry/points.h"
 
 namespace tess {
 
@@ -14,17 +15,6 @@ namespace {
 // The full view leaves this much of a half stock beside the stock.
 constexpr double kFullViewMargin = 0.65;
 constexpr float kGuardedSpan = 1.3F;
-
-double quotient(double dividend, double divisor) {
-  if (divisor != 0) return dividend / divisor;
-  throw dividend == 0 ? overflow() : divisionByZero();
-}
-
-// Narrowed to 32 bits; what lies beyond them overflows.
-float single(double value) {
-  if (std::abs(value) > std::numeric_limits<float>::max()) throw overflow();
-  return static_cast<float>(value);
-}
 
 int sign(int value) {
   return (value > 0) - (value < 0);
@@ -40,8 +30,8 @@ float fittedSize(const DrawingStore& store, FittedSide side) {
 WorldRect visibleRectangle(const View& view, float span) {
   const double acrossHalf = static_cast<double>(span) * view.aspectx;
   const double upHalf = static_cast<double>(span) * view.aspecty;
-  return {single(view.viewcx - acrossHalf), single(view.viewcy - upHalf),
-          single(view.viewcx + acrossHalf), single(view.viewcy + upHalf)};
+  return {narrow(view.viewcx - acrossHalf), narrow(view.viewcy - upHalf),
+          narrow(view.viewcx + acrossHalf), narrow(view.viewcy + upHalf)};
 }
 
 WorldRect stockRectangle(const DrawingStore& store) {
@@ -73,7 +63,7 @@ FittedSide fitAspects(View& view, const DrawingStore& store) {
 }
 
 void resetToFullView(View& view, const DrawingStore& store, FittedSide side) {
-  view.viewspan = static_cast<float>(std::abs(fittedSize(store, side) * kFullViewMargin));
+  view.viewspan = narrow(std::abs(fittedSize(store, side) * kFullViewMargin));
   view.homespan = view.viewspan;
   const WorldRect stock = stockRectangle(store);
   view.homecx = store.roundstock ? 0 : (stock.left + stock.right) / 2;
@@ -98,13 +88,13 @@ double magnification(const View& view) {
 void updateZoomFactor(View& view) {
   if (!(view.homespan > 0)) view.homespan = kGuardedSpan;
   if (!(view.viewspan > 0)) view.viewspan = kGuardedSpan;
-  view.zoomfactor = single(magnification(view));
+  view.zoomfactor = narrow(magnification(view));
 }
 
 std::string zoomText(float zoomfactor) {
   const bool wider = zoomfactor < 1;
   const double shown = wider ? 1.0 / zoomfactor : zoomfactor;
-  const std::string number = signBlankText(single(std::floor(shown + 0.5)));
+  const std::string number = signBlankText(narrow(std::floor(shown + 0.5)));
   return wider ? "1 /" + number : number;
 }
 
