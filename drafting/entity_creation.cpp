@@ -31,11 +31,11 @@ Color drawColor(const Desk& desk) {
 
 // Drawn once it appears, drawn again it is gone.
 void toggleMarkerCross(Desk& desk) {
-  DrawMarkerCross(desk.store.markerx, desk.store.markery, desk.ScreenProxy);
+  DrawMarkerCross(markerOf(desk), desk.ScreenProxy);
 }
 
 void toggleSecondCross(Desk& desk) {
-  DrawMarkerCross(desk.command.marker2x, desk.command.marker2y, desk.ScreenProxy);
+  DrawMarkerCross(secondPointOf(desk), desk.ScreenProxy);
 }
 
 void rememberMarker(Desk& desk) {

@@ -13,6 +13,7 @@
 #include "drafting/pending_actions.h"
 #include "drafting/rubber_band.h"
 #include "drafting/selection.h"
+#include "geometry/nearest_scans.h"
 
 namespace tess {
 namespace {
@@ -228,22 +229,13 @@ void releasePan(Desk& desk, const PointerEvent& event) {
 
 void releaseLeft(Desk& desk, const PointerEvent& event) {
   desk.systemPointer.releaseCapture();
-  // One of these, by what was armed at the release: some change it.
-  switch (static_cast<PendingAction>(desk.state.pendingaction())) {
-    case None:
-      return releaseBand(desk);
-    case Select:
-    case Unselect:
-      return releaseSelectionBox(desk, event);
-    case ZoomWindow:
-      return releaseZoomBox(desk);
-    case Pan:
-      return releasePan(desk, event);
-    case Measure:
-      return releaseMeasure(desk, at(event));
-    default:
-      return;
-  }
+  // What was armed at the release counts: some of these change it.
+  const auto armed = static_cast<PendingAction>(desk.state.pendingaction());
+  if (armed == None) releaseBand(desk);
+  if (armed == Select || armed == Unselect) releaseSelectionBox(desk, event);
+  if (armed == ZoomWindow) releaseZoomBox(desk);
+  if (armed == Pan) releasePan(desk, event);
+  if (armed == Measure) releaseMeasure(desk, at(event));
 }
 
 // ---- Release, second stage
