@@ -1,53 +1,72 @@
-// The platform of a script: message boxes and file dialogs answered by the script's handlers, time
-// that passes only when the script lets it, beeps that are counted.
-// Owns: ScriptPrompts, VirtualClock, ScriptSurroundings, ScriptFailures, ScriptHost.
+// The platform of a program without a window: time that passes only when a script lets it, beeps
+// that are counted, failures that end in the log.
+// Owns: VirtualClock, QuietSurroundings, ScriptFailures, ScriptHost.
 #pragma once
 
-#include <optional>
+#include <chrono>
+#include <functional>
 #include <string>
 #include <vector>
 
 #include "core/host.h"
-#include "shell/automation/allowed_folders.h"
-#include "shell/automation/lua_state.h"
+#include "shell/automation/script_prompts.h"
 #include "shell/error_reporting.h"
 
 namespace tess {
 
-// Asks the handlers that the script has set, and keeps what was shown in the script's `messages`.
-// A wrong answer, or an error in a handler, is an error of the script and leaves the program's
-// routine as one.
-class ScriptPrompts : public Prompts {
+// Starts at the machine's local time and moves only by advance, so that a script does the same on
+// a slow machine as on a fast one.
+class VirtualClock : public Clock {
  public:
-  explicit ScriptPrompts(const AllowedFolders& folders) : folders_(folders) {}
-
-  // The state whose handlers answer, with its `messages` table; before that nothing is recorded.
-  void attach(lua_State* L);
-  // The function on top of the stack answers from now on; nil answers with the first button, and
-  // cancels file dialogs.
-  void takeMessageHandler();
-  void takeFileHandler();
-
-  Answer showMessage(const Message& message) override;
-  std::optional<std::string> chooseFile(const FileRequest& request) override;
-  void showModal(Form& form) override;
-
-  // The report of a failure, as a box of kind "error" with one button.
-  void showReport(const std::string& report);
-
-  // While it lives, the next file dialog gives this path.
-  void answerFileWith(std::string path) { nextFile_ = std::move(path); }
+  DateTime now() override;
+  double elapsedMilliseconds() override { return elapsed_; }
+  void advance(double milliseconds) { elapsed_ += milliseconds; }
 
  private:
-  Answer show(const Message& message, const char* kind);
-  Answer askHandler(const Message& message);
-  void record(const Message& message, const char* kind, const char* answer);
+  std::chrono::system_clock::time_point start_ = std::chrono::system_clock::now();
+  double elapsed_ = 0;
+};
 
-  const AllowedFolders& folders_;
-  lua_State* L_ = nullptr;
-  int messages_ = LUA_NOREF;
-  int messageHandler_ = LUA_NOREF;
-  int fileHandler_ = LUA_NOREF;
+// Counts the beeps and keeps what would stand on the main window.
+class QuietSurroundings : public Surroundings {
+ public:
+  void serveEvents() override {}
+  void beep() override {
+    ++beeps;
+    if (onBeep) onBeep(beeps);
+  }
+  void printOnMainWindow(const std::string& text) override { printed.push_back(text); }
+
+  long long beeps = 0;
+  std::function<void(long long)> onBeep;
+  std::vector<std::string> printed;
+};
+
+// Failures that a routine survives: logged, and shown as a report.
+class ScriptFailures : public FailureSink {
+ public:
+  ScriptFailures(HuntERR& reporting, ScriptPrompts& prompts)
+      : reporting_(reporting), prompts_(prompts) {}
+  void report(const RuntimeFailure& failure) override;
+
+ private:
+  HuntERR& reporting_;
+  ScriptPrompts& prompts_;
+};
+
+// The ports of one script, wired to each other.
+struct ScriptHost {
+  explicit ScriptHost(const AllowedFolders& folders) : prompts(folders) {}
+
+  ScriptPrompts prompts;
+  VirtualClock clock;
+  QuietSurroundings surroundings;
+  HuntERR reporting{prompts, clock, quietReporting()};
+  ScriptFailures failures{reporting, prompts};
+  Host host{prompts, clock, surroundings, failures};
+
+  // No window shows the report and nobody answers whether to try again.
+  static ErrorReporting quietReporting();
 };
 
 }  // namespace tess
