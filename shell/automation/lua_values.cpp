@@ -90,4 +90,12 @@ int indexAt(lua_State* L, int at) {
   return static_cast<int>(index);
 }
 
+std::vector<std::string> keysOf(lua_State* L, int table) {
+  std::vector<std::string> keys;
+  for (lua_pushnil(L); lua_next(L, table) != 0; lua_pop(L, 1)) {
+    if (lua_type(L, -2) == LUA_TSTRING) keys.emplace_back(lua_tostring(L, -2));
+  }
+  return keys;
+}
+
 }  // namespace tess
