@@ -12,9 +12,6 @@
 namespace tess {
 namespace {
 
-bool endsLine(char letter) {
-  return letter == '\r' || letter == '\n';
-}
 bool endsField(char letter) {
   return letter == ',' || endsLine(letter);
 }
@@ -28,9 +25,12 @@ FieldReader FieldReader::open(const std::string& path) {
   return {path, readFile(path)};
 }
 
+std::string FieldReader::place() const {
+  return path_ + " line " + std::to_string(line_) + " field " + std::to_string(field_);
+}
+
 void FieldReader::fail(FailureNumber number) const {
-  throw RuntimeFailure(
-      number, path_ + " line " + std::to_string(line_) + " field " + std::to_string(field_));
+  throw RuntimeFailure(number, place());
 }
 
 void FieldReader::requireMore() const {
@@ -100,6 +100,15 @@ std::string FieldReader::readQuotedText() {
   line_ += static_cast<int>(std::count(quoted.begin(), quoted.end(), '\n'));
   std::string text = toUtf8(quoted);
   next_ = std::min(content_.find_first_of(",\r\n", end), content_.size());
+  skipSeparator();
+  return text;
+}
+
+std::string FieldReader::readLine() {
+  requireMore();
+  const std::size_t end = std::min(content_.find_first_of("\r\n", next_), content_.size());
+  std::string text = toUtf8(std::string_view(content_).substr(next_, end - next_));
+  next_ = end;
   skipSeparator();
   return text;
 }
