@@ -192,6 +192,7 @@ void Handle_esc(Desk& desk) {
 }
 
 void arm(Desk& desk, PendingAction action, int drawMode) {
+  dropThreePointCommand(desk);
   desk.state.setPendingaction(static_cast<int>(action));
   desk.state.setDrawMode(drawMode);
   desk.command.LastCommand = static_cast<int>(action);
