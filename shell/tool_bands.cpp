@@ -1,7 +1,6 @@
 // The menus and tool bars as tables.
 #include "shell/tool_bands.h"
 
-#include <algorithm>
 #include <string_view>
 #include <vector>
 
@@ -134,7 +133,6 @@ constexpr ToolText kTools[] = {
 };
 // clang-format on
 
-constexpr const char* kToggles[] = {"miEditSegsOrPaths", "VGrid", "CGrid"};
 constexpr const char kSeparator[] = "";
 
 struct BandRow {
@@ -146,39 +144,54 @@ struct BandRow {
 
 std::vector<BandRow> menuRows() {
   return {
-      {"miFile", "&File", BandKind::Menu,
-       {"miNew", "miOpen", "miReverttoSaved", "miImportDXFfile", kSeparator, "miSave", "miSaveAs",
-        "miDeleteFile", kSeparator, "miPrintPicture", "miPrintPreview", kSeparator,
-        "miRecentFile1", "miRecentFile2", "miRecentFile3", "miRecentFile4", "miRecentFile5",
-        "miRecentFile6", "miRecentFile7", "miRecentFile8", "miRecentFile9", kSeparator, "miExit"}},
-      {"miEdit", "&Edit", BandKind::Menu,
-       {"miUndo", "miRedo", "miEditSegsOrPaths", kSeparator, "miCut", "miCopy", "miPaste",
-        "miDelete", kSeparator, "miBreakSegment", "miTrimEntity", "miAddFillet", "miJoinEndpoints",
-        "miJoinEndPtsArc", "miMoveEndpoints", "miDeleteVertex", kSeparator, "miFlipArc",
-        "miRevArcDir", "miChangeRadius", "miRevPath", kSeparator, "miMoveProfile",
-        "miScaleDrawing", "miMirror", "miRotate", "miSetOrigin", kSeparator, "miEnterPosition",
-        "miEntityInfo"}},
-      {"miDraw", "&Draw", BandKind::Menu,
+      {"miFile",
+       "&File",
+       BandKind::Menu,
+       {"miNew",          "miOpen",        "miReverttoSaved", "miImportDXFfile", kSeparator,
+        "miSave",         "miSaveAs",      "miDeleteFile",    kSeparator,        "miPrintPicture",
+        "miPrintPreview", kSeparator,      "miRecentFile1",   "miRecentFile2",   "miRecentFile3",
+        "miRecentFile4",  "miRecentFile5", "miRecentFile6",   "miRecentFile7",   "miRecentFile8",
+        "miRecentFile9",  kSeparator,      "miExit"}},
+      {"miEdit",
+       "&Edit",
+       BandKind::Menu,
+       {"miUndo",         "miRedo",      "miEditSegsOrPaths", kSeparator,        "miCut",
+        "miCopy",         "miPaste",     "miDelete",          kSeparator,        "miBreakSegment",
+        "miTrimEntity",   "miAddFillet", "miJoinEndpoints",   "miJoinEndPtsArc", "miMoveEndpoints",
+        "miDeleteVertex", kSeparator,    "miFlipArc",         "miRevArcDir",     "miChangeRadius",
+        "miRevPath",      kSeparator,    "miMoveProfile",     "miScaleDrawing",  "miMirror",
+        "miRotate",       "miSetOrigin", kSeparator,          "miEnterPosition", "miEntityInfo"}},
+      {"miDraw",
+       "&Draw",
+       BandKind::Menu,
        {"miLine", "miRectangle", "miArc3P", "miArcC+2P", "miCircle3P", "miCircleC+1P", kSeparator,
         "miBoltCircle", "miText", "miMeasureDist", kSeparator, "miSelect", "miUnselect",
         "miSelectContiguous", "miUnselectContiguous", "miSelectAll", "miUnselectAll", kSeparator,
         "miToolChest"}},
-      {"miView", "&View", BandKind::Menu,
+      {"miView",
+       "&View",
+       BandKind::Menu,
        {"miReDraw", "miCenter", "miZoomIn", "miZoomOut", "miZoomWindow", "miZoomExtents",
         "miFullView", "miPan", kSeparator, "miShowPartTemplate", "miShowEndMarkers",
         "miShowToolPaths", "miToolRadiusOutline", kSeparator, "miShowStatistics"}},
-      {"miOptions", "&Options", BandKind::Menu,
-       {"miDrawingTitleBlock", "miG-codeControlSetup", "miGrid/SnapSelections",
-        "miPrinterOptions", kSeparator, "miSaveAsDefault", "miReverttoSavedDefaults",
-        "miLoadSetup", "miSaveSetup", "miSaveSetupAs", kSeparator, "miLoadLayout",
-        "miSaveLayoutAs", "miCustomize"}},
-      {"miCAM", "&CAM", BandKind::Menu,
-       {"miSelectTool", "miPocketingSpecs", kSeparator, "miVerify/AcceptPocket",
-        "miVerify/AcceptIsland", "miRoughCutPocket", "miPlaceFinishPath", "miPlaceOnePathSegment",
-        "miQuickPlace", "miAddMachineCycle", "miUndoLastPlace", kSeparator, "miGougeAvoidance",
-        "miEditPath/Cycle", "miVisible", "miInvisible", "miCleanupDrawing", "miClearAllPaths",
-        kSeparator, "miMakeCNCFile", "miMakeCNCLatheFile", "miBrowseCNCFile"}},
-      {"miHelp", "&Help", BandKind::Menu,
+      {"miOptions",
+       "&Options",
+       BandKind::Menu,
+       {"miDrawingTitleBlock", "miG-codeControlSetup", "miGrid/SnapSelections", "miPrinterOptions",
+        kSeparator, "miSaveAsDefault", "miReverttoSavedDefaults", "miLoadSetup", "miSaveSetup",
+        "miSaveSetupAs", kSeparator, "miLoadLayout", "miSaveLayoutAs", "miCustomize"}},
+      {"miCAM",
+       "&CAM",
+       BandKind::Menu,
+       {"miSelectTool",          "miPocketingSpecs",  kSeparator,          "miVerify/AcceptPocket",
+        "miVerify/AcceptIsland", "miRoughCutPocket",  "miPlaceFinishPath", "miPlaceOnePathSegment",
+        "miQuickPlace",          "miAddMachineCycle", "miUndoLastPlace",   kSeparator,
+        "miGougeAvoidance",      "miEditPath/Cycle",  "miVisible",         "miInvisible",
+        "miCleanupDrawing",      "miClearAllPaths",   kSeparator,          "miMakeCNCFile",
+        "miMakeCNCLatheFile",    "miBrowseCNCFile"}},
+      {"miHelp",
+       "&Help",
+       BandKind::Menu,
        {"miContents", "miSearchforHelpon", kSeparator, "miAboutTessimoMill"}},
   };
 }
@@ -186,24 +199,33 @@ std::vector<BandRow> menuRows() {
 std::vector<BandRow> barRows() {
   return {
       {"barFile", "File", BandKind::ToolBar, {"miNew", "miOpen", "miSave", "miPrintPicture"}},
-      {"barEdit", "Edit", BandKind::ToolBar,
-       {"miUndo", "miRedo", kSeparator, "miDelete", "miBreakSegment", "miTrimEntity",
-        "miAddFillet", "miJoinEndpoints", "miMoveEndpoints", "miEditSegsOrPaths"}},
-      {"barDraw", "Draw", BandKind::ToolBar,
+      {"barEdit",
+       "Edit",
+       BandKind::ToolBar,
+       {"miUndo", "miRedo", kSeparator, "miDelete", "miBreakSegment", "miTrimEntity", "miAddFillet",
+        "miJoinEndpoints", "miMoveEndpoints", "miEditSegsOrPaths"}},
+      {"barDraw",
+       "Draw",
+       BandKind::ToolBar,
        {"miSelect", "miUnselect", "miSelectContiguous", "miSelectAll", "miUnselectAll", kSeparator,
         "miLine", "miRectangle", "miArc3P", "miArcC+2P", "miCircle3P", "miCircleC+1P",
         "miBoltCircle", "miText", "miMeasureDist"}},
-      {"barView", "View", BandKind::ToolBar,
-       {"miZoomIn", "miZoomOut", "miZoomWindow", "miZoomExtents", "miFullView", "miPan",
-        "miCenter", "miReDraw", kSeparator, "miShowPartTemplate", "miShowEndMarkers",
-        "miShowToolPaths", "miToolRadiusOutline"}},
-      {"barCAM", "CAM", BandKind::ToolBar,
+      {"barView",
+       "View",
+       BandKind::ToolBar,
+       {"miZoomIn", "miZoomOut", "miZoomWindow", "miZoomExtents", "miFullView", "miPan", "miCenter",
+        "miReDraw", kSeparator, "miShowPartTemplate", "miShowEndMarkers", "miShowToolPaths",
+        "miToolRadiusOutline"}},
+      {"barCAM",
+       "CAM",
+       BandKind::ToolBar,
        {"miSelectTool", "miPocketingSpecs", kSeparator, "miVerify/AcceptPocket",
         "miVerify/AcceptIsland", "miRoughCutPocket", "miPlaceFinishPath", "miAddMachineCycle",
-        "miUndoLastPlace", "miEditPath/Cycle", kSeparator, "miMakeCNCFile",
-        "miMakeCNCLatheFile"}},
+        "miUndoLastPlace", "miEditPath/Cycle", kSeparator, "miMakeCNCFile", "miMakeCNCLatheFile"}},
       {"Options", "Grids and Snap", BandKind::ToolBar, {"OSnap", "VGrid", "CGrid"}},
-      {"OSnapMenu", "Object Snap", BandKind::PopUp,
+      {"OSnapMenu",
+       "Object Snap",
+       BandKind::PopUp,
        {"miOSnapEndpoints", "miOSnapCenter", "miOSnapMidpoint", "miOSnapQuadrant",
         "miOSnapPerpendicular", kSeparator, "miOSnapEndpointsSingle", "miOSnapCenterSingle",
         "miOSnapMidpointSingle", "miOSnapQuadrantSingle", "miOSnapPerpendicularSingle"}},
@@ -225,8 +247,6 @@ Tool toolOf(const ToolText& text) {
   tool.caption = text.caption;
   tool.hint = plainCaption(text.caption);
   if (*text.key != '\0') tool.hint += std::string(" (") + text.key + ")";
-  tool.toggles = std::find(std::begin(kToggles), std::end(kToggles), tool.name) !=
-                 std::end(kToggles);
   if (tool.name == "OSnap") tool.popUp = "OSnapMenu";
   return tool;
 }
@@ -244,7 +264,9 @@ void addBands(ToolHost& tools, const std::vector<BandRow>& rows) {
 
 }  // namespace
 
-std::span<const ToolText> toolTexts() { return kTools; }
+std::span<const ToolText> toolTexts() {
+  return kTools;
+}
 
 void fillToolHost(ToolHost& tools) {
   for (const ToolText& text : kTools) tools.addTool(toolOf(text));
@@ -258,6 +280,8 @@ void fillToolHost(ToolHost& tools) {
   addBands(tools, barRows());
 }
 
-std::string recentTool(int number) { return "miRecentFile" + std::to_string(number); }
+std::string recentTool(int number) {
+  return "miRecentFile" + std::to_string(number);
+}
 
 }  // namespace tess
