@@ -1,8 +1,7 @@
-// Single entities on a target: calls, colours, arrows, symbols and messages.
+// Single entities on a target: calls, colours, symbols and messages.
 #include "display/renderer.h"
 
 #include <cmath>
-#include <numbers>
 
 #include "tests/display/display_bench.h"
 
@@ -382,56 +381,6 @@ TEST_F(PathRendererTest, ASelectedRowHasTheSelectColourAndABlinkingOneTheCallers
 TEST_F(PathRendererTest, OnPaperTheRowIsTheSame) {
   renderer.drawtoolpath(addPath(row(81, 1, 2, 1, 2)), paper);
   EXPECT_EQ("DrawStyle 0\nDrawMode 13\n" + log.take(), kHoleAtOneTwo);
-}
-
-TEST_F(RendererTest, AHalfArrowheadHasOneBarb) {
-  DrawHalfArrowhead({{0, 0}, 0}, 0, screen, 1);
-  EXPECT_EQ(log.take(), "line (0, 0)-(-0.0966, -0.0259) #000000\n");
-  DrawHalfArrowhead({{0, 0}, 0}, 0, screen, 2);
-  EXPECT_EQ(log.take(), "line (0, 0)-(-0.0966, 0.0259) #000000\n");
-}
-
-TEST_F(RendererTest, APolarLineGoesItsLengthAlongItsAngle) {
-  PolarLine({{1, 1}, std::numbers::pi_v<float> / 2}, 2, 0, screen);
-  EXPECT_EQ(log.take(), "line (1, 1)-(1, 3) #000000\n");
-}
-
-TEST_F(RendererTest, TheRubberBandArrowIsInverted) {
-  TraceArrowhead({0, 0, 0, -2}, 0, screen);
-  EXPECT_EQ(log.take(),
-            "DrawMode 10\n"
-            "line (0, -2)-(-0.0259, -1.9034) #000000\n"
-            "line (0, -2)-(0.0259, -1.9034) #000000\n"
-            "DrawMode 13\n");
-}
-
-TEST_F(RendererTest, TheMarkerCrossIsInverted) {
-  DrawMarkerCross({1, 2}, screen);
-  EXPECT_EQ(log.take(),
-            "DrawMode 10\n"
-            "line (0.95, 2.05)-(1.05, 1.95) #000000\n"
-            "line (1.05, 2.05)-(0.95, 1.95) #000000\n"
-            "DrawMode 13\n");
-}
-
-TEST_F(RendererTest, OriginArrowsHaveAPenOfDoubleWidthAndTheirLetters) {
-  surface.setFontTransparent(false);
-  surface.setDrawWidth(3);
-  log.take();
-  DrawOriginArrows(0x0000FF, screen);
-  EXPECT_EQ(log.take(),
-            "DrawMode 13\n"
-            "DrawStyle 0\n"
-            "DrawWidth 6\n"
-            "line (0, 0)-(0.25, 0) #FF0000\n"
-            "line (0.25, 0)-(0.1534, -0.0259) #FF0000\n"
-            "line (0, 0)-(0, 0.25) #FF0000\n"
-            "line (0, 0.25)-(-0.0259, 0.1534) #FF0000\n"
-            "DrawWidth 3\n"
-            "FontTransparent 1\n"
-            "text (0.1875, -0.0625) X #FF0000\n"
-            "text (-0.125, 0.25) Y #FF0000\n"
-            "FontTransparent 0\n");
 }
 
 class GridTest : public DisplayBench {
