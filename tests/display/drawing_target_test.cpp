@@ -6,6 +6,8 @@
 namespace tess {
 namespace {
 
+using testing::DisplayBench;
+
 class PictureBoxProxyTest : public DisplayBench {
  protected:
   std::string linesDrawn(std::optional<Color> color, std::optional<int> box) {

@@ -7,6 +7,8 @@
 namespace tess {
 namespace {
 
+using testing::DisplayBench;
+
 // What ends every redraw of an otherwise empty screen, from the marker to the repaint.
 const char* const kClosing =
     "DrawMode 10\n"

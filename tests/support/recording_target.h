@@ -1,7 +1,7 @@
 // Surfaces and surroundings that keep, as one line of text each, what they were asked to do, so
-// that a recorded picture reads as a list. Owns: CallLog, RecordingSurface, RecordingPaper,
-// RecordingPointer, RecordingSurroundings,
-//       RecordingPrompts.
+// that a recorded picture reads as a list.
+// Owns: CallLog, RecordingSurface, RecordingPaper, RecordingPointer, LoggingSurroundings,
+//       LoggingPrompts.
 #pragma once
 
 #include <cstdio>
@@ -10,11 +10,11 @@
 #include <string>
 #include <vector>
 
-#include "core/host.h"
 #include "display/drawing_target.h"
 #include "display/pointer.h"
+#include "tests/support/recording_host.h"
 
-namespace tess {
+namespace tess::testing {
 
 class CallLog {
  public:
@@ -178,16 +178,15 @@ class RecordingPointer : public Pointer {
   int shape_ = kDefaultShape;
 };
 
-class RecordingSurroundings : public Surroundings {
+class LoggingSurroundings : public RecordingSurroundings {
  public:
-  explicit RecordingSurroundings(CallLog& log) : log_(log) {}
+  explicit LoggingSurroundings(CallLog& log) : log_(log) {}
 
   void serveEvents() override {
+    RecordingSurroundings::serveEvents();
     log_.add("events");
     if (onEvents) onEvents();
   }
-  void beep() override { log_.add("beep"); }
-  void printOnMainWindow(const std::string& text) override { log_.add("print " + text); }
 
   std::function<void()> onEvents;  // what happens while events are served
 
@@ -195,20 +194,17 @@ class RecordingSurroundings : public Surroundings {
   CallLog& log_;
 };
 
-// Answers every question with OK.
-class RecordingPrompts : public Prompts {
+class LoggingPrompts : public RecordingPrompts {
  public:
-  explicit RecordingPrompts(CallLog& log) : log_(log) {}
+  explicit LoggingPrompts(CallLog& log) : log_(log) {}
 
   Answer showMessage(const Message& message) override {
     log_.add("message \"" + message.text + "\"");
-    return Answer::Ok;
+    return RecordingPrompts::showMessage(message);
   }
-  std::optional<std::string> chooseFile(const FileRequest& /*request*/) override { return {}; }
-  void showModal(Form& /*form*/) override {}
 
  private:
   CallLog& log_;
 };
 
-}  // namespace tess
+}  // namespace tess::testing
