@@ -79,8 +79,7 @@ struct Take {
 };
 
 template <typename Row, std::size_t count>
-[[noreturn]] void raiseUnknownField(lua_State* L,
-                                    const std::array<RowField<Row>, count>& fields) {
+[[noreturn]] void raiseUnknownField(lua_State* L, const std::array<RowField<Row>, count>& fields) {
   const std::string key = luaL_tolstring(L, -2, nullptr);
   std::vector<std::string> names;
   for (const RowField<Row>& field : fields) names.emplace_back(field.name);

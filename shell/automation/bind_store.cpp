@@ -9,10 +9,9 @@
 namespace tess {
 namespace {
 
-using ColumnMember =
-    std::variant<Column<int> DrawingStore::*, Column<Int16> DrawingStore::*,
-                 Column<float> DrawingStore::*, Column<Flag> DrawingStore::*,
-                 Column<std::string> DrawingStore::*>;
+using ColumnMember = std::variant<Column<int> DrawingStore::*, Column<Int16> DrawingStore::*,
+                                  Column<float> DrawingStore::*, Column<Flag> DrawingStore::*,
+                                  Column<std::string> DrawingStore::*>;
 
 struct NamedColumn {
   const char* name;
@@ -162,10 +161,9 @@ void bindStoreTables(lua_State* L, DrawingStore& store) {
     std::visit([&](auto member) { object.add(column.name, store.*member); }, column.member);
   }
   for (const NamedVariable& named : kVariables) {
-    const auto place = std::visit(
-        [&](auto member) -> VariablePlace { return &(store.*member); }, named.member);
-    object.add(named.name,
-               {.place = place, .viewFlag = named.viewFlag, .assign = named.assign});
+    const auto place =
+        std::visit([&](auto member) -> VariablePlace { return &(store.*member); }, named.member);
+    object.add(named.name, {.place = place, .viewFlag = named.viewFlag, .assign = named.assign});
   }
   addSettingVariables(object, store, store);
   FieldObject defaults(L, "store.defaults");
