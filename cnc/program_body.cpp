@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <utility>
 
 #include "core/number_text.h"
 #include "geometry/angles.h"
@@ -134,7 +135,7 @@ void ProgramBody::writeStraight(const PathRow& row) {
   curz = row.z;
   MotionLine line = lineHere(g);
   line.feed = row.feed;
-  put(line);
+  put(std::move(line));
 }
 
 void ProgramBody::writeArc(const PathRow& row, std::string_view g) {
@@ -146,7 +147,7 @@ void ProgramBody::writeArc(const PathRow& row, std::string_view g) {
   setCentre(line, centre);
   line.feed = row.feed;
   line.r = radiusWord(row, centre);
-  put(line);
+  put(std::move(line));
 }
 
 // With radius words the centre is always an offset: the radius comes from it.

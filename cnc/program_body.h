@@ -48,7 +48,7 @@ class ProgramBody {
   Point here() const { return {curx, cury}; }
   bool isHere(Point place) const { return samePoint(here(), place, store.cfg_tolerance); }
   void moveTo(Point place) { curx = place.x, cury = place.y; }
-  void put(MotionLine line) { FormCncLine(out_, format_, lastmove_, line); }
+  void put(MotionLine&& line) { FormCncLine(out_, format_, lastmove_, line); }
   void announceTool(int number);  // title, "M06" and the spindle
 
   const DrawingStore& store;
