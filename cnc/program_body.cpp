@@ -23,8 +23,8 @@ float degreesAbout(Point centre, Point point) {
 
 float sweepDegrees(const PathRow& row) {
   const Point centre{row.xc, row.yc};
-  float a0 = degreesAbout(centre, startOf(row));
-  float a1 = degreesAbout(centre, endOf(row));
+  float a0 = degreesAbout(centre, {row.x0, row.y0});
+  float a1 = degreesAbout(centre, {row.x1, row.y1});
   if (row.type == kClockwiseArc) {
     if (a0 < a1) a0 += kFullTurn;
     return a0 - a1;
@@ -48,12 +48,12 @@ void inRow(int ps, Work work) {
 
 }  // namespace
 
-std::string cycleWord(const PathRow& row) {
+std::string ProgramBody::cycleWord(const PathRow& row) {
   const int number = row.type % 100;
   return std::string(number < 10 ? "G0" : "G") + std::to_string(number);
 }
 
-float cycleDwell(const PathRow& row) {
+float ProgramBody::cycleDwell(const PathRow& row) {
   return std::ranges::count(kCyclesWithoutDwell, row.type) > 0 ? 0 : row.yc;
 }
 
