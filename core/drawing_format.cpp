@@ -173,6 +173,27 @@ constexpr FloatColumn kPathFields[] = {
     &DrawingStore::psx0, &DrawingStore::psy0, &DrawingStore::psx1, &DrawingStore::psy1,
     &DrawingStore::psxc, &DrawingStore::psyc, &DrawingStore::psz,  &DrawingStore::psfeed};
 
+// One line of numbers in the making.
+class RowText {
+ public:
+  template <typename Number>
+  void field(Number value) {
+    end_ = writeFileText(end_, value);
+    *end_++ = ',';
+  }
+
+  void appendTo(std::string& out) {
+    end_[-1] = '\r';  // in place of the last comma
+    *end_++ = '\n';
+    out.append(text_, end_);
+  }
+
+ private:
+  static constexpr std::size_t kMostFields = 2 + std::size(kPathFields);
+  char text_[kMostFields * (kLongestNumber + 1) + 1];
+  char* end_ = text_;
+};
+
 // The row behind the last one; the tables end where its number does not fit any more.
 int rowAfter(Int16 counter, const FieldReader& fields) {
   if (counter == kLastRow) fields.fail(FailureNumber::Overflow);
@@ -230,27 +251,21 @@ void appendSegments(std::string& out, const DrawingStore& store) {
   for (int sg = 1; sg <= store.NumSegments; ++sg) {
     const int count = coordinatesOf(store.segtype[sg]);
     if (count == kUnknownKind) continue;
-    appendFileText(out, store.segtype[sg]);
-    out.push_back(',');
-    appendFileText(out, entityClass(store.segattr[sg]));
-    for (int at = 0; at < count; ++at) {
-      out.push_back(',');
-      appendFileText(out, (store.*kCoordinates[at])[sg]);
-    }
-    out.append(kLineEnd);
+    RowText row;
+    row.field(store.segtype[sg]);
+    row.field(entityClass(store.segattr[sg]));
+    for (int at = 0; at < count; ++at) row.field((store.*kCoordinates[at])[sg]);
+    row.appendTo(out);
   }
 }
 
 void appendPaths(std::string& out, const DrawingStore& store) {
   for (int ps = 1; ps <= store.NumPathSegments; ++ps) {
-    append(out, store.pstype[ps]);
-    out.push_back(',');
-    append(out, store.pscode[ps]);
-    for (const FloatColumn column : kPathFields) {
-      out.push_back(',');
-      appendFileText(out, (store.*column)[ps]);
-    }
-    out.append(kLineEnd);
+    RowText row;
+    row.field(int{store.pstype[ps]});
+    row.field(int{store.pscode[ps]});
+    for (const FloatColumn column : kPathFields) row.field((store.*column)[ps]);
+    row.appendTo(out);
   }
 }
 

@@ -2,6 +2,8 @@
 #include "core/field_reader.h"
 
 #include <algorithm>
+#include <charconv>
+#include <system_error>
 #include <utility>
 
 #include "core/file_system.h"
@@ -14,6 +16,9 @@ namespace {
 
 bool endsField(char letter) {
   return letter == ',' || endsLine(letter);
+}
+bool beginsDigits(char letter) {
+  return (letter >= '0' && letter <= '9') || letter == '.';
 }
 
 }  // namespace
@@ -60,6 +65,23 @@ std::string_view FieldReader::takeField() {
   return field;
 }
 
+// The road of nearly every field: a number, parsed where it stands, that fills its field up to the
+// separator. Anything else is left alone for the lenient parsers.
+template <typename Value>
+bool FieldReader::takePlainNumber(Value& value) {
+  const char* const end = content_.data() + content_.size();
+  const char* const begin = content_.data() + next_;
+  const bool digits =
+      begin != end &&
+      (beginsDigits(*begin) || (*begin == '-' && begin + 1 != end && beginsDigits(begin[1])));
+  if (!digits) return false;
+  const auto result = std::from_chars(begin, end, value);
+  if (result.ec != std::errc{} || (result.ptr != end && !endsField(*result.ptr))) return false;
+  next_ = static_cast<std::size_t>(result.ptr - content_.data());
+  skipSeparator();
+  return true;
+}
+
 template <typename Value, typename Parse>
 Value FieldReader::readNumber(Parse parse) {
   const std::string_view field = takeField();
@@ -79,15 +101,19 @@ std::string FieldReader::readText() {
 }
 
 int FieldReader::readInteger() {
-  return readNumber<int>(parseInteger);
+  int value = 0;
+  return takePlainNumber(value) ? value : readNumber<int>(parseInteger);
 }
 
 Int16 FieldReader::readInt16() {
+  std::int16_t value = 0;
+  if (takePlainNumber(value)) return value;
   return readNumber<Int16>([](std::string_view field) { return Int16(parseInteger(field)); });
 }
 
 float FieldReader::readFloat() {
-  return readNumber<float>(parseFloat);
+  float value = 0;
+  return takePlainNumber(value) ? value : readNumber<float>(parseFloat);
 }
 
 std::string FieldReader::readQuotedText() {

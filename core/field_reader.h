@@ -47,6 +47,8 @@ class FieldReader {
   void requireMore() const;
   void skipSeparator();
   std::string_view takeField();
+  template <typename Value>
+  bool takePlainNumber(Value& value);
   template <typename Value, typename Parse>
   Value readNumber(Parse parse);
 

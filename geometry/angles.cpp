@@ -75,6 +75,14 @@ bool angleInSweep(float theta, float a, float b, int direction) {
   return at >= low && at <= high;
 }
 
+float ArcSweep(float start, float end, int direction) {
+  double from = normalised(start);
+  double to = normalised(end);
+  if (direction == kCounterClockwiseArc && from >= to) to += kTwoPi;
+  if (direction == kClockwiseArc && from <= to) from += kTwoPi;
+  return static_cast<float>(to - from);
+}
+
 Polar polarOf(Point from, Point to) {
   const Vector v = between(from, to);
   const double length = std::sqrt(v.dx * v.dx + v.dy * v.dy);

@@ -1,5 +1,6 @@
 // Angles of vectors and arcs, and points in polar terms.
-// Owns: ArcAngles, Polar, vectorAngle, arcRadiusAndAngles, angleInSweep, polarOf, pointAlong.
+// Owns: ArcAngles, Polar, vectorAngle, arcRadiusAndAngles, angleInSweep, ArcSweep, polarOf,
+//       pointAlong.
 #pragma once
 
 #include "geometry/points.h"
@@ -20,6 +21,11 @@ ArcAngles arcRadiusAndAngles(Point start, Point end, Point center);
 // angle; another direction takes the range between a and b. Equal a and b are the whole circle for
 // 2 and 3. Raises Overflow for angles outside the 32-bit integers.
 bool angleInSweep(float theta, float a, float b, int direction);
+
+// The signed sweep of an arc from `start` to `end`: positive for direction 3, negative for 2, a
+// full turn for equal angles; with another direction the plain difference. Angles out of range are
+// brought into it as by angleInSweep, to whole radians only.
+float ArcSweep(float start, float end, int direction);
 
 // Direction and length of a vector, both rounded to 4 places. The degrees run from above -90 up to
 // below 270: the fourth quadrant stays negative.
