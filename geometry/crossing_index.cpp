@@ -36,6 +36,7 @@ CrossingIndex::CrossingIndex(std::vector<Entity> entities, float tolerence)
       sameY_(entities_, CenterAxis::SameY) {
   for (const Entity& entity : entities_) {
     magnitude_ = std::max(magnitude_, magnitudeOf(entity));
+    if (isArc(entity.type)) largestRadius_ = std::max(largestRadius_, double{radiusOf(entity)});
     hasArcs_ = hasArcs_ || isArc(entity.type);
   }
   std::vector<Box> boxes;
@@ -83,7 +84,7 @@ double CrossingIndex::reachOfLine(const Entity& line) const {
 double CrossingIndex::reachOfArc(const Entity& arc) const {
   const double r = radiusOf(arc);
   const double squareNoise =
-      tolerence_ * (1 + tolerence_ + 4 * magnitude_) + kZeroNoise * magnitude_;
+      tolerence_ * (1 + tolerence_ + 2 * largestRadius_) + kZeroNoise * magnitude_;
   return std::sqrt(r * r + squareNoise) - r + kAngleNoise * r +
          kRootNoise * kSteepestRegular * magnitude_;
 }
