@@ -1,0 +1,139 @@
+// Drawing rows, their lines and arcs, and the grid.
+#include "display/renderer.h"
+
+#include <cmath>
+#include <utility>
+
+#include "geometry/angles.h"
+
+namespace tess {
+
+namespace {
+
+// Half of a marker's side, 2 pixels: the difference of two lengths, so that no offset of the scale
+// enters.
+float markerHalf(const DrawingTarget& target) {
+  return std::abs(target.ScaleX(7, ScaleUnit::Pixels, ScaleUnit::User) -
+                  target.ScaleX(5, ScaleUnit::Pixels, ScaleUnit::User));
+}
+
+void endMarkers(const Entity& entity, std::optional<Rgb> color, DrawingTarget& target) {
+  const float h = markerHalf(target);
+  for (const Point end : {entity.start, entity.end}) {
+    target.TraceLine({end.x - h, end.y - h, end.x + h, end.y + h}, color, kFilledBox);
+  }
+}
+
+}  // namespace
+
+bool Renderer::markersShown() const {
+  return store_.endmarkers != 0 && !pathdrawing;
+}
+
+void Renderer::complain(const char* text) {
+  Message message;
+  message.text = text;
+  prompts_.showMessage(message);
+}
+
+Rgb Renderer::stateColor(int sg) {
+  constexpr int kUnmarked = 100;  // attributes below have no state
+  const int attr = store_.segattr[sg];
+  if (attr > kVerified || attr == kParkedRow) return slotColor(store_, ColorSlot::Verified);
+  if (attr >= kSelected) return slotColor(store_, ColorSlot::Select);
+  if (attr >= kUnmarked) complain("Bad Entity Attribute error in DrawSegment");
+  return slotColor(store_, ColorSlot::Draw);
+}
+
+// A change of colour is announced to the target by a line without length.
+void Renderer::rememberColor(DrawingTarget& target) {
+  if (entityColor_ != rememberedColor_) target.TraceLine({0, 0, 0, 0}, entityColor_);
+  rememberedColor_ = entityColor_;
+}
+
+void Renderer::DrawSegment(int sg, DrawingTarget& target, std::optional<Rgb> color) {
+  const Procedure here("frmMain.DrawSegment(sg,target)");
+  if (!color) {
+    rememberColor(target);
+    entityColor_ = stateColor(sg);
+  }
+  const Rgb ink = color.value_or(entityColor_);
+  const Entity entity = segmentEntity(store_, sg);
+  if (entity.type == kLine) {
+    DrawLine(lineOf(entity), ink, target);
+  } else if (isArc(entity.type) || entity.type == kCircle) {
+    DrawArc(entity, ink, target);
+  } else if (entity.type == kRectangle) {
+    drawRectangle(entity, ink, target);
+  } else {
+    complain("Bad Entity Type error in DrawSegment");
+  }
+}
+
+void Renderer::drawRectangle(const Entity& corners, Rgb color, DrawingTarget& target) {
+  const auto [x0, y0, x1, y1] = lineOf(corners);
+  DrawLine({x0, y0, x1, y0}, color, target);
+  DrawLine({x1, y0, x1, y1}, color, target);
+  DrawLine({x1, y1, x0, y1}, color, target);
+  DrawLine({x0, y1, x0, y0}, color, target);
+}
+
+void Renderer::DrawLine(const WorldBox& ends, Rgb color, DrawingTarget& target) {
+  if (PictureBoxProxy* screen = target.screen()) {
+    screen->setDrawMode(PenMode::Copy);
+    screen->setDrawStyle(PenStyle::Solid);
+  }
+  // Twice, as it has always been.
+  target.TraceLine(ends, color);
+  target.TraceLine(ends, color);
+  if (!markersShown()) return;
+  endMarkers(lineEntity({ends.x0, ends.y0}, {ends.x1, ends.y1}),
+             slotColor(store_, ColorSlot::Marker), target);
+}
+
+void Renderer::DrawArc(const Entity& arc, Rgb color, DrawingTarget& target) {
+  if (arc.type == kCircle || arc.start == arc.end) {
+    target.TraceCircle(arc.center.x, arc.center.y, radiusOf(arc), color);
+  } else {
+    ArcAngles angles = arcRadiusAndAngles(arc.start, arc.end, arc.center);
+    // Targets sweep counter-clockwise only.
+    if (arc.type == kClockwiseArc) std::swap(angles.start, angles.end);
+    if (angles.start == angles.end) angles.end = narrow(angles.end + kTwoPi);
+    target.TraceCircle(arc.center.x, arc.center.y, angles.radius, color, angles.start, angles.end,
+                       1.0F);
+  }
+  if (target.screen() == nullptr || !markersShown()) return;
+  endMarkers(arc, /*color=*/{}, target);
+}
+
+void Renderer::DisplayGrid(DrawingTarget& target) {
+  const Procedure here("frmMain.DisplayGrid(target)");
+  if (target.screen() == nullptr) return;
+  target.setDrawMode(PenMode::Copy);
+  const float left = target.ScaleLeft();
+  const float right = left + target.ScaleWidth();
+  const float top = target.ScaleTop();
+  const float bottom = top + target.ScaleHeight();
+  const auto row = [=](float y) { return WorldBox{left, y, right, y}; };
+  const auto column = [=](float x) { return WorldBox{x, top, x, bottom}; };
+  gridLines(-1, bottom, row, target);
+  gridLines(+1, top, row, target);
+  gridLines(+1, right, column, target);
+  gridLines(-1, left, column, target);
+  target.setDrawStyle(PenStyle::Solid);
+}
+
+// Grid lines from zero in one direction, up to `last`; none when that lies on the other side.
+template <typename LineAt>
+void Renderer::gridLines(int direction, float last, LineAt lineAt, DrawingTarget& target) {
+  const double spacing = store_.visualgrid;
+  if (!(spacing > 0)) return;  // such a grid has no lines, and no end
+  const Rgb color = slotColor(store_, ColorSlot::Grid);
+  for (double at = 0; at <= direction * static_cast<double>(last); at += spacing) {
+    target.setDrawStyle(PenStyle::Dot);
+    target.TraceLine(lineAt(narrow(direction * at)), color);
+    surroundings_.serveEvents();
+  }
+}
+
+}  // namespace tess

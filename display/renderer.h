@@ -1,0 +1,82 @@
+// Paints single drawing rows, path rows and the grid on a target.
+// Owns: lineOf, DiscSteps, discSteps, Renderer, SegmentPainter.
+#pragma once
+
+#include <optional>
+
+#include "core/drawing_store.h"
+#include "core/host.h"
+#include "display/drawing_target.h"
+#include "geometry/entity.h"
+
+namespace tess {
+
+// The straight way from an entity's start to its end.
+inline WorldBox lineOf(const Entity& entity) {
+  return {entity.start.x, entity.start.y, entity.end.x, entity.end.y};
+}
+
+// How many discs of the tool show its way along an arc, and the angle from one to the next.
+struct DiscSteps {
+  int count = 0;
+  double step = 0;
+};
+
+// At least three; about 0.8 tool radii apart. Raises Division by zero for a tool without radius.
+DiscSteps discSteps(double sweep, double radius, double toolradius);
+
+class Renderer {
+ public:
+  Renderer(const DrawingStore& store, Prompts& prompts, Surroundings& surroundings)
+      : store_(store), prompts_(prompts), surroundings_(surroundings) {}
+
+  // Paints drawing row `sg`, in `color` if one is given (to blink it), else in that of its state.
+  // An attribute or a type that is none gives a message, and the redraw goes on.
+  void DrawSegment(int sg, DrawingTarget& target, std::optional<Rgb> color = {});
+
+  // Paints path row `ps` unless it is hidden: its way with an arrow, the outline of the tool along
+  // it, or the symbol of a hole or slot. `color` as above.
+  void drawtoolpath(int ps, DrawingTarget& target, std::optional<Rgb> color = {});
+
+  void DrawLine(const WorldBox& ends, Rgb color, DrawingTarget& target);
+
+  // Types 2, 3 and 5. One whose start equals its end is a full circle whatever its type.
+  void DrawArc(const Entity& arc, Rgb color, DrawingTarget& target);
+
+  // The visual grid's lines through world zero and on to the edges; nothing on paper. Events are
+  // served after each line.
+  void DisplayGrid(DrawingTarget& target);
+
+  // True while path rows are painted; it keeps end markers off them.
+  bool pathdrawing = false;
+
+ private:
+  Rgb stateColor(int sg);
+  void rememberColor(DrawingTarget& target);
+  void drawRectangle(const Entity& corners, Rgb color, DrawingTarget& target);
+  void drawMove(const Entity& move, float toolradius, Rgb color, DrawingTarget& target);
+  void complain(const char* text);
+  bool markersShown() const;
+  template <typename LineAt>
+  void gridLines(int direction, float last, LineAt lineAt, DrawingTarget& target);
+
+  const DrawingStore& store_;
+  Prompts& prompts_;
+  Surroundings& surroundings_;
+  Rgb entityColor_ = 0;      // of the entity painted last
+  Rgb rememberedColor_ = 0;  // of the one before it
+};
+
+// Shows freshly appended drawing rows on one target.
+class SegmentPainter : public SegmentDrawing {
+ public:
+  SegmentPainter(Renderer& renderer, DrawingTarget& target)
+      : renderer_(renderer), target_(target) {}
+  void DrawSegment(int sg) override { renderer_.DrawSegment(sg, target_); }
+
+ private:
+  Renderer& renderer_;
+  DrawingTarget& target_;
+};
+
+}  // namespace tess
