@@ -10,7 +10,6 @@
 namespace tess {
 namespace {
 
-using std::optional;
 using std::string;
 
 constexpr char kDefaultExtension[] = "CDM";

@@ -57,7 +57,7 @@ void runReported(Script& script, const char* name, const std::function<void()>& 
 }
 
 RuntimeFailure Arguments::inArgument(const RuntimeFailure& failure, int at) const {
-  const bool missing = lua_isnone(L_, at);
+  const bool missing = lua_isnone(lua_, at);
   return RuntimeFailure(failure.number(),
                         "argument " + std::to_string(at) + (missing ? " is missing" : ""));
 }

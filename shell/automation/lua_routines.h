@@ -40,7 +40,7 @@ void runReported(Script& script, const char* name, const std::function<void()>& 
 // Takes the arguments of one call in their order.
 class Arguments {
  public:
-  Arguments(Script& script, lua_State* L) : script_(script), L_(L) {}
+  Arguments(Script& script, lua_State* L) : script_(script), lua_(L) {}
 
   template <typename T>
   T take() {
@@ -62,7 +62,7 @@ class Arguments {
   T takeValue(T* /*kind*/) {
     const int at = ++taken_;
     try {
-      return valueAt<T>(L_, at);
+      return valueAt<T>(lua_, at);
     } catch (const RuntimeFailure& failure) {
       throw inArgument(failure, at);
     }
@@ -70,7 +70,7 @@ class Arguments {
   // An argument that may be left out at the end.
   template <typename T>
   std::optional<T> takeValue(std::optional<T>* /*kind*/) {
-    if (lua_isnoneornil(L_, taken_ + 1)) {
+    if (lua_isnoneornil(lua_, taken_ + 1)) {
       ++taken_;
       return std::nullopt;
     }
@@ -79,7 +79,7 @@ class Arguments {
   RuntimeFailure inArgument(const RuntimeFailure& failure, int at) const;
 
   Script& script_;
-  lua_State* L_;
+  lua_State* lua_;
   int taken_ = 0;
 };
 
