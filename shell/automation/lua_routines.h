@@ -1,7 +1,7 @@
 // Routines of the program as functions of Lua, each from one line: a name and a lambda. The
 // lambda's parameters are the in-arguments in order, its result (or the elements of a tuple) is
 // what Lua gets back. The parts of the program among the parameters cost no argument.
-// Owns: Routine, routine, command, setGlobal, setRoutines.
+// Owns: Routine, routine, command, setGlobal, setRoutines, runReported.
 #pragma once
 
 #include <functional>
@@ -27,15 +27,15 @@ void setGlobal(lua_State* L, const Routine& routine);
 // Makes a table of the routines and puts it into the globals; other names in it are errors.
 void setRoutines(lua_State* L, const char* table, std::span<const Routine> routines);
 
+// Runs an entry point of the program in its error path: what fails is reported and logged.
+void runReported(Script& script, const char* name, const std::function<void()>& run);
+
 namespace lua_routines {
 
 // What is kept of an argument until the call: a part of the program by reference, values as such.
 template <typename P>
 using Kept =
     std::conditional_t<std::is_const_v<std::remove_reference_t<P>>, std::remove_cvref_t<P>, P>;
-
-// Runs an entry point of the program in its error path.
-void runReported(Script& script, const char* name, const std::function<void()>& run);
 
 // Takes the arguments of one call in their order.
 class Arguments {
