@@ -1,7 +1,7 @@
 // Selection: marking rows by click, by window and along chains. The mark lives in segattr and
 // pscode; it is part of the rows, not of the undo steps.
 // Owns: selectedCount, markSegment, markPathSegment, SelectionWindow, SelectWindow,
-//       SelectContiguous, SelectConnected, selectContiguousPaths, rebuildSelected, the selection
+//       SelectContiguous, SelectConnected, selectContiguousPaths, UnselectAll, the selection
 //       commands and their clicks.
 #pragma once
 
