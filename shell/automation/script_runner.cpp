@@ -8,6 +8,7 @@
 #include "shell/automation/bindings.h"
 #include "shell/automation/near_match.h"
 #include "shell/automation/reports.h"
+#include "shell/virtual_screen.h"
 
 namespace tess {
 namespace {
@@ -178,7 +179,8 @@ ExitStatus runScriptText(const ScriptJob& job, std::string_view text, std::ostre
   const AllowedFolders folders = foldersOf(job);
   ScriptHost host(folders);
   host.reporting.setFolder(job.appfolder);
-  Application application(host.host);
+  VirtualScreen screen;
+  Application application({host.host, host.reporting, screen.ports});
   Script script{.application = application, .host = host, .folders = folders, .out = out};
   const LuaState state(job.limits);
   setScript(state.get(), script);
