@@ -140,7 +140,9 @@ struct SettingPlace {
   VariablePlace operator()(T DrawingSettings::*member) const {
     return &(settings.*member);
   }
-  VariablePlace operator()(ColorTableSlot color) const { return TableSlot{&colortable, color.slot}; }
+  VariablePlace operator()(ColorTableSlot color) const {
+    return TableSlot{&colortable, color.slot};
+  }
 };
 
 Variable variableOf(DrawingStore& store, DrawingSettings& settings, const NamedSetting& setting) {
