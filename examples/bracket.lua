@@ -279,7 +279,7 @@ end
 setting["drawing title"] = "L bracket"
 setting["designer name"] = "examples/bracket.lua"
 setting["drawing revision"] = "A"
-setting["creation date"] = "2026-11-21" -- fixed: the same script writes the same file every time
+setting["creation date"] = "11/21/2026" -- fixed: the same script writes the same file every time
 setting["part dim x"] = length + 2 * margin
 setting["part dim y"] = height + 2 * margin
 setting["part dim z"] = plate
