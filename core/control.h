@@ -35,7 +35,7 @@ enum class ControlKind {
 enum class Property {
   Text,
   Value,
-  Items,
+  Items,  // and perhaps index and text with them
   Index,
   Caption,
   Enabled,
@@ -64,9 +64,17 @@ struct Validation {
   void refuse() { refused = true; }
 };
 
-// Where a control stands on its form: inside a frame or directly on it, and in which element of a
-// control array.
+// Where a control stands on its form: directly on it or inside a frame, which is given as it is
+// (`Option optMove{*this, "optMove", fraAction}`), and with which index in a control array.
 struct ControlPlace {
+  ControlPlace() = default;
+  ControlPlace(Frame& around) : frame(&around) {}
+  ControlPlace at(int element) const {
+    ControlPlace place = *this;
+    place.index = element;
+    return place;
+  }
+
   Frame* frame = nullptr;
   std::optional<int> index;
 };
@@ -148,6 +156,9 @@ class Control {
   bool announce(Property property);
   // Runs a handler; false when the form was destroyed by it. The handler may replace itself.
   bool fire(const Handler& handler);
+  // Brings the operator's input here: false when the control is out of reach, or the focus could
+  // not come, or the handlers of its move closed the way.
+  bool reach();
   // What an operator's click does once the focus is here.
   virtual void pressed() { fire(onClick); }
   // Called when the focus has come, before onFocus.
@@ -162,6 +173,7 @@ class Control {
   int integerIn(std::string_view property, const PropertyValue& value) const;
   bool flagIn(std::string_view property, const PropertyValue& value) const;
   std::string textIn(std::string_view property, const PropertyValue& value) const;
+  std::vector<std::string> textsIn(std::string_view property, const PropertyValue& value) const;
 
  private:
   friend class Form;

@@ -187,7 +187,7 @@ class ItemsControl : public Control {
 
   int index() const { return index_; }
   // Raises Invalid procedure call outside -1 to count - 1.
-  virtual void setIndex(int index);
+  void setIndex(int index);
   // The operator's choice: a click even when the item is selected already. False when the control
   // is out of reach.
   bool pick(int index);
@@ -197,20 +197,25 @@ class ItemsControl : public Control {
   using Control::Control;
   // Selects without an event; false when the form was destroyed.
   bool select(int index);
+  // The same without telling anybody.
+  void markIndex(int index) { index_ = index; }
+  // Selects the item that equals `text`, none for an empty text.
+  void selectText(std::string_view text);
   virtual bool selectionChanged() { return announce(Property::Index); }
   std::optional<PropertyValue> ownProperty(std::string_view property) const override;
   bool setOwnProperty(std::string_view property, const PropertyValue& value) override;
 
  private:
   void requireItem(int index) const;
+  void requireIndex(int index) const;
 
   std::vector<std::string> items_;
   int index_ = -1;
   bool sorted_ = false;
 };
 
-// The text is that of the selected item, "" for none. Setting it selects the item; a text that no
-// item has raises Invalid procedure call.
+// The text is that of the selected item, "" for none. Setting it selects the item; any other text
+// raises Invalid procedure call.
 class ListBox : public ItemsControl {
  public:
   ListBox(Form& form, std::string name, ControlPlace place = {})
@@ -233,7 +238,7 @@ class ComboBox : public ItemsControl {
   ControlKind kind() const override { return ControlKind::Combo; }
   ComboStyle style() const { return style_; }
 
-  std::string text() const override { return text_; }
+  std::string text() const override;
   void setText(std::string text) override;
   // The operator's typing; false when the combo is list-only or out of reach.
   bool type(std::string text);
@@ -247,7 +252,7 @@ class ComboBox : public ItemsControl {
 
  private:
   ComboStyle style_;
-  std::string text_;
+  std::string text_;  // of an editable combo
 };
 
 // Controls under one name, told apart by an index. Events of the elements arrive at the array's
@@ -258,10 +263,10 @@ class ControlArray {
   using IndexHandler = std::function<void(int)>;
 
   ControlArray(Form& form, const std::string& name, const std::vector<int>& indices,
-               Frame* frame = nullptr)
+               ControlPlace place = {})
       : indices_(indices) {
     for (const int index : indices_) {
-      elements_.push_back(std::make_unique<Kind>(form, name, ControlPlace{frame, index}));
+      elements_.push_back(std::make_unique<Kind>(form, name, place.at(index)));
       forwardEvents(*elements_.back(), index);
     }
   }

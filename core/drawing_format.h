@@ -27,6 +27,7 @@ void appendPaths(std::string& out, const DrawingStore& store);
 // What the header holds beside values that go straight to the store.
 struct HeaderNotes {
   std::string version;
+  std::string kind;  // of the file; nobody tests it
   std::string cncoutputpath;
 };
 

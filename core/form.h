@@ -108,8 +108,8 @@ class Form {
   // focus so that the field being edited is validated and left. False when nothing was pressed,
   // as in a text of several lines.
   bool pressDefault();
-  // The Esc key or the window's closing button: clicks the cancel button where it stands, so that
-  // no field can hold the operator back, or closes a form that has none.
+  // The Esc key: clicks the cancel button where it stands, so that no field can hold the operator
+  // back, or closes a form that has none. The window's closing button calls close instead.
   void pressCancel();
 
   int width() const { return width_; }

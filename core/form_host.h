@@ -43,7 +43,8 @@ class FormHost {
 
  private:
   class Entry;
-  void drop(const Entry& entry);
+  bool holds(const Form& form) const;
+  void drop(const Form& form);
 
   std::vector<std::unique_ptr<Entry>> entries_;
   ObserverList<FormHostObserver> observers_;

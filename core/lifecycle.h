@@ -1,9 +1,8 @@
 // From the start to the end of the program: what runs once at the start, new drawings, questions
 // about unsaved work, opening and dropping files, and shutting down.
 // Owns: Main, loadMainWindow, new_drawing, applydefaults, isUnsaved, smart_New, safe_EXIT,
-// file_EXIT,
-//       App_EXIT, showDrawingName, updateStatusDisplay, askUser, mnuFileOpen_Click,
-//       openRecentFile, dropFiles, mnuFileDelete_Click, Form_Unload.
+//       file_EXIT, App_EXIT, showDrawingName, updateStatusDisplay, askUser with its kinds and
+//       answers, mnuFileOpen_Click, openRecentFile, dropFiles, mnuFileDelete_Click, Form_Unload.
 #pragma once
 
 #include <span>
@@ -51,9 +50,11 @@ void showDrawingName(Session& session);
 void updateStatusDisplay(Session& session);
 
 // Kinds of askUser with the answers that they give.
-inline constexpr int kAskOk = 1;           // 1
-inline constexpr int kAskOkCancel = 2;     // 1 or 2
+inline constexpr int kAskOk = 1;           // kAnswerOk
+inline constexpr int kAskOkCancel = 2;     // kAnswerOk or kAnswerNotOk
 inline constexpr int kAskYesNoCancel = 3;  // kAnswerYes, kAnswerNo or kAnswerCancel
+inline constexpr int kAnswerOk = 1;
+inline constexpr int kAnswerNotOk = 2;
 inline constexpr int kAnswerYes = 1;
 inline constexpr int kAnswerNo = 2;
 inline constexpr int kAnswerCancel = 3;

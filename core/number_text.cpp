@@ -143,21 +143,27 @@ std::string plainText(float value) {
   return std::string(shortest(value, digits));
 }
 
+char* writeFileText(char* out, float value) {
+  refuseUnwritable(value);
+  if (value == 0) value = 0;  // a negative zero has no sign here
+  char* const end = std::to_chars(out, out + kLongestNumber, value, std::chars_format::fixed).ptr;
+  char* const digits = value < 0 ? out + 1 : out;
+  if (*digits != '0' || end - digits == 1) return end;
+  return std::copy(digits + 1, end, digits);
+}
+
+char* writeFileText(char* out, int value) {
+  return std::to_chars(out, out + kLongestNumber, value).ptr;
+}
+
 void appendFileText(std::string& out, float value) {
-  Digits digits;
-  std::string_view text = shortest(value, digits);
-  if (text.starts_with('-')) {
-    out.push_back('-');
-    text.remove_prefix(1);
-  }
-  if (text.starts_with("0.")) text.remove_prefix(1);
-  out.append(text);
+  char digits[kLongestNumber];
+  out.append(digits, writeFileText(digits, value));
 }
 
 void appendFileText(std::string& out, int value) {
-  Digits digits;
-  const auto result = std::to_chars(digits.data(), digits.data() + digits.size(), value);
-  out.append(digits.data(), result.ptr);
+  char digits[kLongestNumber];
+  out.append(digits, writeFileText(digits, value));
 }
 
 std::string fileText(float value) {

@@ -1,7 +1,7 @@
 // The one home of numbers as text, for files, programs and the screen. No locale plays a part, and
 // no text written here is anything but a plain decimal: no exponent, no "-0", no NaN or infinity.
-// Owns: plainText, fileText, signBlankText, appendFileText, NumberPattern, formatNumber, Val,
-//       parseFloat, parseInteger.
+// Owns: plainText, fileText, signBlankText, kLongestNumber, writeFileText, appendFileText,
+//       NumberPattern, formatNumber, Val, parseFloat, parseInteger.
 #pragma once
 
 #include <cstddef>
@@ -14,8 +14,13 @@ namespace tess {
 // Raises Invalid procedure call for a value that is no number or infinite; so do all writers here.
 std::string plainText(float value);
 
+// Room enough for the text of any number.
+inline constexpr std::size_t kLongestNumber = 64;
+
 // The same without the zero before the point, as the drawing files have it: ".25", "-.5".
 std::string fileText(float value);
+char* writeFileText(char* out, float value);  // to `out`; where the text ends
+char* writeFileText(char* out, int value);
 void appendFileText(std::string& out, float value);
 void appendFileText(std::string& out, int value);
 

@@ -3,8 +3,8 @@
 // Owns: SettingKind, GoesTo, Reading, ColorSlot, SettingField, SettingRow, settingRows,
 // findSetting,
 //       isTextSetting, settingNumber, settingText, setSettingNumber, setSettingText, readSetting,
-//       appendSetting, RowField, RowSetting, toolSettings, cycleSettings, findRowSetting,
-//       readRowSetting, appendRowSetting.
+//       appendSetting, appendSetupEntry, RowField, RowSetting, toolSettings, cycleSettings,
+//       findRowSetting, readRowSetting, appendRowSetting.
 #pragma once
 
 #include <span>
@@ -64,6 +64,9 @@ void setSettingText(DrawingStore& store, const SettingRow& row, std::string_view
 // the live value. Reading is lenient: no number is 0. Raises Overflow.
 void readSetting(DrawingStore& store, const SettingRow& row, std::string_view value);
 void appendSetting(std::string& out, const DrawingStore& store, const SettingRow& row);
+
+// One entry of a setup file: the key, a blank, "=" and the value as it stands.
+void appendSetupEntry(std::string& out, std::string_view key, std::string_view value);
 
 // One field of a table row: of a tool or of a machine cycle.
 using RowField = std::variant<Column<Int16> DrawingStore::*, Column<int> DrawingStore::*,

@@ -1,6 +1,5 @@
-// Paints single entities, path rows, the grid, the marker and the origin arrows on a target.
-// Owns: ArrowTip, DiscSteps, discSteps, PolarLine, DrawArrowhead, DrawHalfArrowhead,
-//       TraceArrowhead, DrawMarkerCross, DrawOriginArrows, Renderer, SegmentPainter.
+// Paints single drawing rows, path rows and the grid on a target.
+// Owns: lineOf, DiscSteps, discSteps, Renderer, SegmentPainter.
 #pragma once
 
 #include <optional>
@@ -12,11 +11,10 @@
 
 namespace tess {
 
-// A point and the direction of travel there, in radians.
-struct ArrowTip {
-  Point at;
-  float angle = 0;
-};
+// The straight way from an entity's start to its end.
+inline WorldBox lineOf(const Entity& entity) {
+  return {entity.start.x, entity.start.y, entity.end.x, entity.end.y};
+}
 
 // How many discs of the tool show its way along an arc, and the angle from one to the next.
 struct DiscSteps {
@@ -26,24 +24,6 @@ struct DiscSteps {
 
 // At least three; about 0.8 tool radii apart. Raises Division by zero for a tool without radius.
 DiscSteps discSteps(double sweep, double radius, double toolradius);
-
-// A line of a length from the tip in the direction of its angle.
-void PolarLine(const ArrowTip& from, float length, Color color, DrawingTarget& target);
-
-// Two barbs of 10 pixels, 15 degrees to each side of the way back from the tip.
-void DrawArrowhead(const ArrowTip& tip, Color color, DrawingTarget& target);
-
-// The left barb for side 1, the right one for side 2.
-void DrawHalfArrowhead(const ArrowTip& tip, Color color, DrawingTarget& target, int side);
-
-// The head of a rubber-band arrow at the second point, in the inverting pen.
-void TraceArrowhead(const WorldBox& ends, Color color, PictureBoxProxy& ScreenProxy);
-
-// The marker's cross, 5 pixels to each side. Drawn twice at one place it is gone.
-void DrawMarkerCross(Point marker, PictureBoxProxy& ScreenProxy);
-
-// The axes at world zero, 25 pixels long and in a pen of double width, with their letters.
-void DrawOriginArrows(Color color, PictureBoxProxy& ScreenProxy);
 
 class Renderer {
  public:

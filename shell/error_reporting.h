@@ -9,6 +9,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "core/host.h"
@@ -43,23 +44,23 @@ struct ErrorReporting {
   bool offersRetry = true;
 };
 
-// Collects one failure at a time. Nothing but EndProgram and what is no std::exception ever leaves
-// it.
+// Collects one failure at a time. Of exceptions only EndProgram, and what is no std::exception,
+// leave a guarded run; the reporter itself raises nothing.
 class HuntERR : public FailureSink {
  public:
   HuntERR(Prompts& prompts, Clock& clock, ErrorReporting reporting);
 
-  // Runs an entry point (a command, an event, a timer). A failure that leaves it is reported,
-  // shown and logged, and the operator may have it run again in step mode, in which the next
-  // failure stops at each level of the chain, innermost first. False when it ended in a failure.
-  // `entry` is the last level of the chain; EndProgram passes through.
+  // Runs an entry point (a command, an event, a timer). A failure that leaves it is shown and
+  // logged, and the operator may have the entry run again in step mode, in which a failure stops at
+  // each level of the chain, innermost first. False when it ended in a failure. `entry` is the
+  // outermost level of the chain. Guarded runs may nest.
   bool guarded(std::string_view entry, const std::function<void()>& run);
 
-  // Reports a failure that its routine survives, with the levels it has passed; no retry.
+  // Shows and logs a failure that its routine survives, with the levels it has passed; no retry.
   void report(const RuntimeFailure& failure) override;
 
   // The steps of a handler, in the order of use. ErrPreserve is the first act: it copies the
-  // exception being handled and its call chain, once for each failure.
+  // exception being handled and takes its call chain; later calls for the same failure do nothing.
   void ErrPreserve() noexcept;
   // In step mode asks whether the failed entry shall run again; true means yes, and the failure is
   // forgotten.
@@ -71,16 +72,16 @@ class HuntERR : public FailureSink {
 
   // The system's text for an error number, 256 characters at most.
   std::string WinError(int lLastDLLError);
-  // Removes the exception filter. While it is installed (each guarded run and WinError do so),
-  // exceptions of the language and the system get a standard code and name.
+  // Removes the exception filter. While it is installed, as every guarded run and WinError do,
+  // exceptions of the language and the system are reported under a standard code and name.
   void SysExcHandler() noexcept { filterInstalled_ = false; }
-  bool filterInstalled() const { return filterInstalled_; }
+  bool isFilterInstalled() const { return filterInstalled_; }
 
-  // "NoStop" after a CANCEL at a stop, for the rest of the program's run.
+  // "NoStop" after a CANCEL at a stop, for the rest of the program's run; else empty.
   const std::string& stopMode() const { return stopMode_; }
-  // The text of the last report; "" before the first.
+  // The text of the last report; empty before the first.
   const std::string& lastReport() const { return lastReport_; }
-  // The program's folder once it is known.
+  // The program's folder, once it is known.
   void setFolder(std::string folder) { reporting_.folder = std::move(folder); }
 
  private:
@@ -90,30 +91,38 @@ class HuntERR : public FailureSink {
     std::int32_t number = 0;
     std::string source;
     std::string description;
-    unsigned line = 0;        // 0 when not known
-    int lastSystemError = 0;  // 0 when the system had none
-    std::vector<CallLevel> chain;
+    unsigned line = 0;             // 0 when not known
+    int lastSystemError = 0;       // 0 when the system had none
+    std::vector<CallLevel> chain;  // innermost first
   };
+  // A failure on its way up, with what is known of its report.
+  struct Collected {
+    Preserved error;
+    std::string method;               // the innermost procedure
+    std::vector<std::string> levels;  // lines of the call stack
+  };
+  class Fresh;
 
-  bool attempt(const std::function<void()>& run);
+  bool attempt(std::string_view entry, const std::function<void()>& run);
+  void endChainAt(std::string_view entry);
   bool stopAtLevels();
+  void reportChain() noexcept;
   bool acceptsStepMode();
-  void addChain(std::string_view entry);
   void installExceptionFilter() noexcept;
-  void preserve(const RuntimeFailure& failure);
+  void preserve(const std::exception_ptr& present);
   void preserve(const std::exception& failure);
-  void forget() noexcept;
+  void holdGeneral(const char* description);
   bool mayStop() const;
   Answer askAtStop();
   std::string reportText();
+  std::string heading() const;
   void show(const std::string& text) noexcept;
-  void appendToLog(const std::string& text) const noexcept;
+  void appendToLog(const std::string& text) const;
 
   Prompts& prompts_;
   Clock& clock_;
   ErrorReporting reporting_;
-  Preserved preserved_;
-  std::vector<std::string> levels_;  // lines of the call stack so far
+  Collected now_;
   std::string stopMode_;
   std::string lastReport_;
   bool stepMode_ = false;

@@ -1,5 +1,5 @@
 // The window that shows the report of a failure.
-// Owns: frmShowError.
+// Owns: frmShowError, showPlainReport.
 #pragma once
 
 #include <string>
@@ -22,5 +22,8 @@ class frmShowError : public Form {
  private:
   Prompts& prompts_;
 };
+
+// The report in a message box. Raises nothing.
+void showPlainReport(Prompts& prompts, const std::string& text) noexcept;
 
 }  // namespace tess

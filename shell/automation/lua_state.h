@@ -5,9 +5,8 @@
 #pragma once
 
 #include <cstddef>
-#include <memory>
-
 #include <lua.hpp>
+#include <memory>
 
 namespace tess {
 

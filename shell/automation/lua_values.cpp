@@ -22,7 +22,8 @@ std::string_view textAt(lua_State* L, int at) {
 std::string numberText(lua_State* L, int at) {
   const lua_Number value = lua_tonumber(L, at);
   lua_Integer whole = 0;
-  if (lua_numbertointeger(value, &whole) && std::trunc(value) == value) return std::to_string(whole);
+  if (lua_numbertointeger(value, &whole) && std::trunc(value) == value)
+    return std::to_string(whole);
   return plainText(valueAt<float>(L, at));
 }
 
@@ -88,6 +89,14 @@ int indexAt(lua_State* L, int at) {
   if (isWhole == 0 || lua_type(L, at) != LUA_TNUMBER) throw typeMismatch();
   if (index < 0 || index > std::numeric_limits<int>::max()) throw subscriptOutOfRange();
   return static_cast<int>(index);
+}
+
+std::vector<std::string> keysOf(lua_State* L, int table) {
+  std::vector<std::string> keys;
+  for (lua_pushnil(L); lua_next(L, table) != 0; lua_pop(L, 1)) {
+    if (lua_type(L, -2) == LUA_TSTRING) keys.emplace_back(lua_tostring(L, -2));
+  }
+  return keys;
 }
 
 }  // namespace tess

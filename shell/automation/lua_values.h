@@ -1,9 +1,10 @@
 // How the program's values cross to Lua and back, each with the width that the store gives it.
-// Owns: valueAt, indexAt, push.
+// Owns: valueAt, indexAt, keysOf, push.
 #pragma once
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "core/int16.h"
 #include "shell/automation/lua_state.h"
@@ -34,6 +35,9 @@ Flag valueAt<Flag>(lua_State* L, int at);
 // The row that an index value names, which must be a whole number: Type mismatch otherwise, and
 // Subscript out of range when it is no 32-bit one.
 int indexAt(lua_State* L, int at);
+
+// The texts among the keys of the table at a stack position.
+std::vector<std::string> keysOf(lua_State* L, int table);
 
 inline void push(lua_State* L, double value) {
   lua_pushnumber(L, value);

@@ -5,15 +5,10 @@
 #include <exception>
 #include <new>
 
-#include "core/runtime_failure.h"
+#include "shell/automation/reports.h"
 
 namespace tess {
 namespace {
-
-std::string textOf(const RuntimeFailure& failure) {
-  if (failure.source().empty()) return failure.description();
-  return failure.description() + ": " + failure.source();
-}
 
 void stopScript(lua_State* L, lua_Debug* /*where*/) {
   raise(L, scriptOf(L).programEnd.value_or(""));
@@ -44,7 +39,7 @@ int runGuarded(lua_State* L, Body body) {
   try {
     return body(scriptOf(L), L);
   } catch (const RuntimeFailure& failure) {
-    text = textOf(failure);
+    text = describe(failure);
   } catch (const EndProgram& end) {
     text = end.what();
     endScript(L, end.what());

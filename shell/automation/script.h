@@ -1,6 +1,6 @@
 // What the functions of one running script share, and the one door between Lua and the program:
 // every function that a script can call goes through runGuarded.
-// Owns: Script, scriptOf, Body, runGuarded, guarded, raise.
+// Owns: Script, scriptOf, setScript, Body, runGuarded, guarded, raise.
 #pragma once
 
 #include <deque>
@@ -8,32 +8,22 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <variant>
 
 #include "shell/application.h"
 #include "shell/automation/allowed_folders.h"
 #include "shell/automation/lua_values.h"
+#include "shell/automation/named_variables.h"
 #include "shell/automation/script_host.h"
 
 namespace tess {
-
-// A variable of the program under a name of its own. The places outlive the script.
-struct Variable {
-  std::variant<int*, Int16*, float*, Flag*, bool*, std::string*> place;
-  // A whole number that is a flag of 0 and 1, and takes booleans as such.
-  bool viewFlag = false;
-  // Runs instead of the plain assignment, for counters that carry their tables with them.
-  void (*assign)(DrawingStore& store, int value) = nullptr;
-};
 
 struct Script {
   Application& application;
   ScriptHost& host;
   const AllowedFolders& folders;
   std::ostream& out;
-  lua_State* L;
-  std::deque<Variable> variables;         // what Lua closures point to
-  std::optional<std::string> programEnd;  // the line of an EndProgram; the script is over then
+  std::deque<Variable> variables{};         // what the closures of Lua point to; never shrinks
+  std::optional<std::string> programEnd{};  // the line of an EndProgram: the script is over
 };
 
 // The script that a state runs.

@@ -66,8 +66,7 @@ void ScriptPrompts::takeHandler(int& handler) {
 
 Answer ScriptPrompts::show(const Message& message, const char* kind) {
   luaL_checkstack(L_, kStackSlots, nullptr);
-  const Answer answer =
-      isSet(messageHandler_) ? askHandler(message) : firstButton(message.buttons);
+  const Answer answer = isSet(messageHandler_) ? askHandler(message) : firstButton(message.buttons);
   lua_newtable(L_);
   setField(L_, "kind", kind);
   setField(L_, "text", message.text);
@@ -132,7 +131,8 @@ std::optional<std::string> ScriptPrompts::askFileHandler(const FileRequest& requ
   // A bare name means the folder that the dialog shows.
   std::string folder = request.folder;
   const std::string name = splitPath(folder, *chosen, "*");
-  const std::string path = name.ends_with(".*") ? folder + name.substr(0, name.size() - 2) : folder + name;
+  const std::string path =
+      name.ends_with(".*") ? folder + name.substr(0, name.size() - 2) : folder + name;
   if (const auto refusal = folders_.refusal(path)) raise(L_, *refusal);
   return path;
 }
