@@ -7,8 +7,8 @@
 --
 -- Other sizes: ./run --run examples/bracket.lua LENGTH HEIGHT (the two legs, in inches).
 
-local length = tonumber(arg and arg[1]) or 4
-local height = tonumber(arg and arg[2]) or 3
+local length = tonumber(arg[1] or 4)
+local height = tonumber(arg[2] or 3)
 
 -- The part lies inside a larger plate on a waste board; the clamps hold the margin.
 local margin, plate = 1, 0.25
@@ -299,4 +299,4 @@ for _, hole in ipairs(holes) do drawHole(hole[1], hole[2], diameterOf(drill)) en
 drillHoles()
 millSlot()
 millOutline()
-save("bracket.cdm")
+save((arg[0]:match("^.*/") or "./") .. "bracket.cdm")
