@@ -14,25 +14,25 @@ constexpr double kBarbAngle = kPi / 12;  // from the way back
 
 }  // namespace
 
-void PolarLine(const ArrowTip& from, float length, Color color, DrawingTarget& target) {
+void PolarLine(const ArrowTip& from, float length, Rgb color, DrawingTarget& target) {
   const double angle = from.angle;
   target.TraceLine({from.at.x, from.at.y, narrow(from.at.x + length * std::cos(angle)),
                     narrow(from.at.y + length * std::sin(angle))},
                    color);
 }
 
-void DrawArrowhead(const ArrowTip& tip, Color color, DrawingTarget& target) {
+void DrawArrowhead(const ArrowTip& tip, Rgb color, DrawingTarget& target) {
   DrawHalfArrowhead(tip, color, target, 1);
   DrawHalfArrowhead(tip, color, target, 2);
 }
 
-void DrawHalfArrowhead(const ArrowTip& tip, Color color, DrawingTarget& target, int side) {
+void DrawHalfArrowhead(const ArrowTip& tip, Rgb color, DrawingTarget& target, int side) {
   const double turn = side == 1 ? kBarbAngle : -kBarbAngle;
   const ArrowTip barb{tip.at, narrow(tip.angle + kPi + turn)};
   PolarLine(barb, target.ScaleX(kBarb, ScaleUnit::Pixels, ScaleUnit::User), color, target);
 }
 
-void TraceArrowhead(const WorldBox& ends, Color color, PictureBoxProxy& ScreenProxy) {
+void TraceArrowhead(const WorldBox& ends, Rgb color, PictureBoxProxy& ScreenProxy) {
   const Polar polarForm = polarOf({ends.x0, ends.y0}, {ends.x1, ends.y1});
   const float angle = narrow(polarForm.degrees * kPi / 180);
   ScreenProxy.setDrawMode(PenMode::NotXor);

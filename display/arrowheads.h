@@ -13,15 +13,15 @@ struct ArrowTip {
 };
 
 // A line of a length from the tip in the direction of its angle.
-void PolarLine(const ArrowTip& from, float length, Color color, DrawingTarget& target);
+void PolarLine(const ArrowTip& from, float length, Rgb color, DrawingTarget& target);
 
 // Two barbs of 10 pixels, 15 degrees to each side of the way back from the tip.
-void DrawArrowhead(const ArrowTip& tip, Color color, DrawingTarget& target);
+void DrawArrowhead(const ArrowTip& tip, Rgb color, DrawingTarget& target);
 
 // The left barb for side 1, the right one for side 2.
-void DrawHalfArrowhead(const ArrowTip& tip, Color color, DrawingTarget& target, int side);
+void DrawHalfArrowhead(const ArrowTip& tip, Rgb color, DrawingTarget& target, int side);
 
 // The head of a rubber-band arrow at the second point, in the inverting pen.
-void TraceArrowhead(const WorldBox& ends, Color color, PictureBoxProxy& ScreenProxy);
+void TraceArrowhead(const WorldBox& ends, Rgb color, PictureBoxProxy& ScreenProxy);
 
 }  // namespace tess

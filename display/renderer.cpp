@@ -17,7 +17,7 @@ float markerHalf(const DrawingTarget& target) {
                   target.ScaleX(5, ScaleUnit::Pixels, ScaleUnit::User));
 }
 
-void endMarkers(const Entity& entity, std::optional<Color> color, DrawingTarget& target) {
+void endMarkers(const Entity& entity, std::optional<Rgb> color, DrawingTarget& target) {
   const float h = markerHalf(target);
   for (const Point end : {entity.start, entity.end}) {
     target.TraceLine({end.x - h, end.y - h, end.x + h, end.y + h}, color, kFilledBox);
@@ -36,7 +36,7 @@ void Renderer::complain(const char* text) {
   prompts_.showMessage(message);
 }
 
-Color Renderer::stateColor(int sg) {
+Rgb Renderer::stateColor(int sg) {
   constexpr int kUnmarked = 100;  // attributes below have no state
   const int attr = store_.segattr[sg];
   if (attr > kVerified || attr == kParkedRow) return slotColor(store_, ColorSlot::Verified);
@@ -51,13 +51,13 @@ void Renderer::rememberColor(DrawingTarget& target) {
   rememberedColor_ = entityColor_;
 }
 
-void Renderer::DrawSegment(int sg, DrawingTarget& target, std::optional<Color> color) {
+void Renderer::DrawSegment(int sg, DrawingTarget& target, std::optional<Rgb> color) {
   const Procedure here("frmMain.DrawSegment(sg,target)");
   if (!color) {
     rememberColor(target);
     entityColor_ = stateColor(sg);
   }
-  const Color ink = color.value_or(entityColor_);
+  const Rgb ink = color.value_or(entityColor_);
   const Entity entity = segmentEntity(store_, sg);
   if (entity.type == kLine) {
     DrawLine(lineOf(entity), ink, target);
@@ -70,7 +70,7 @@ void Renderer::DrawSegment(int sg, DrawingTarget& target, std::optional<Color> c
   }
 }
 
-void Renderer::drawRectangle(const Entity& corners, Color color, DrawingTarget& target) {
+void Renderer::drawRectangle(const Entity& corners, Rgb color, DrawingTarget& target) {
   const auto [x0, y0, x1, y1] = lineOf(corners);
   DrawLine({x0, y0, x1, y0}, color, target);
   DrawLine({x1, y0, x1, y1}, color, target);
@@ -78,7 +78,7 @@ void Renderer::drawRectangle(const Entity& corners, Color color, DrawingTarget& 
   DrawLine({x0, y1, x0, y0}, color, target);
 }
 
-void Renderer::DrawLine(const WorldBox& ends, Color color, DrawingTarget& target) {
+void Renderer::DrawLine(const WorldBox& ends, Rgb color, DrawingTarget& target) {
   if (PictureBoxProxy* screen = target.screen()) {
     screen->setDrawMode(PenMode::Copy);
     screen->setDrawStyle(PenStyle::Solid);
@@ -91,7 +91,7 @@ void Renderer::DrawLine(const WorldBox& ends, Color color, DrawingTarget& target
              slotColor(store_, ColorSlot::Marker), target);
 }
 
-void Renderer::DrawArc(const Entity& arc, Color color, DrawingTarget& target) {
+void Renderer::DrawArc(const Entity& arc, Rgb color, DrawingTarget& target) {
   if (arc.type == kCircle || arc.start == arc.end) {
     target.TraceCircle(arc.center.x, arc.center.y, radiusOf(arc), color);
   } else {
@@ -128,7 +128,7 @@ template <typename LineAt>
 void Renderer::gridLines(int direction, float last, LineAt lineAt, DrawingTarget& target) {
   const double spacing = store_.visualgrid;
   if (!(spacing > 0)) return;  // such a grid has no lines, and no end
-  const Color color = slotColor(store_, ColorSlot::Grid);
+  const Rgb color = slotColor(store_, ColorSlot::Grid);
   for (double at = 0; at <= direction * static_cast<double>(last); at += spacing) {
     target.setDrawStyle(PenStyle::Dot);
     target.TraceLine(lineAt(narrow(direction * at)), color);

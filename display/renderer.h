@@ -32,16 +32,16 @@ class Renderer {
 
   // Paints drawing row `sg`, in `color` if one is given (to blink it), else in that of its state.
   // An attribute or a type that is none gives a message, and the redraw goes on.
-  void DrawSegment(int sg, DrawingTarget& target, std::optional<Color> color = {});
+  void DrawSegment(int sg, DrawingTarget& target, std::optional<Rgb> color = {});
 
   // Paints path row `ps` unless it is hidden: its way with an arrow, the outline of the tool along
   // it, or the symbol of a hole or slot. `color` as above.
-  void drawtoolpath(int ps, DrawingTarget& target, std::optional<Color> color = {});
+  void drawtoolpath(int ps, DrawingTarget& target, std::optional<Rgb> color = {});
 
-  void DrawLine(const WorldBox& ends, Color color, DrawingTarget& target);
+  void DrawLine(const WorldBox& ends, Rgb color, DrawingTarget& target);
 
   // Types 2, 3 and 5. One whose start equals its end is a full circle whatever its type.
-  void DrawArc(const Entity& arc, Color color, DrawingTarget& target);
+  void DrawArc(const Entity& arc, Rgb color, DrawingTarget& target);
 
   // The visual grid's lines through world zero and on to the edges; nothing on paper. Events are
   // served after each line.
@@ -51,10 +51,10 @@ class Renderer {
   bool pathdrawing = false;
 
  private:
-  Color stateColor(int sg);
+  Rgb stateColor(int sg);
   void rememberColor(DrawingTarget& target);
-  void drawRectangle(const Entity& corners, Color color, DrawingTarget& target);
-  void drawMove(const Entity& move, float toolradius, Color color, DrawingTarget& target);
+  void drawRectangle(const Entity& corners, Rgb color, DrawingTarget& target);
+  void drawMove(const Entity& move, float toolradius, Rgb color, DrawingTarget& target);
   void complain(const char* text);
   bool markersShown() const;
   template <typename LineAt>
@@ -63,8 +63,8 @@ class Renderer {
   const DrawingStore& store_;
   Prompts& prompts_;
   Surroundings& surroundings_;
-  Color entityColor_ = 0;      // of the entity painted last
-  Color rememberedColor_ = 0;  // of the one before it
+  Rgb entityColor_ = 0;      // of the entity painted last
+  Rgb rememberedColor_ = 0;  // of the one before it
 };
 
 // Shows freshly appended drawing rows on one target.

@@ -26,7 +26,7 @@ Point polar(Point from, double length, double angle) {
   return {narrow(from.x + length * std::cos(angle)), narrow(from.y + length * std::sin(angle))};
 }
 
-void discAt(Point center, float radius, Color color, DrawingTarget& target) {
+void discAt(Point center, float radius, Rgb color, DrawingTarget& target) {
   target.TraceCircle(center.x, center.y, radius, color);
 }
 
@@ -35,7 +35,7 @@ int wholeSteps(double n) {
   return static_cast<int>(std::floor(n));
 }
 
-void discsAlongLine(const Entity& move, float toolradius, Color color, DrawingTarget& target) {
+void discsAlongLine(const Entity& move, float toolradius, Rgb color, DrawingTarget& target) {
   double n = quotient(distance(move.start, move.end) * kDiscsPerRadius, toolradius) + 1;
   if (n == 0) n = 1;
   const double stepx = (static_cast<double>(move.end.x) - move.start.x) / n;
@@ -47,7 +47,7 @@ void discsAlongLine(const Entity& move, float toolradius, Color color, DrawingTa
   }
 }
 
-void discsAlongArc(const Entity& move, float toolradius, Color color, DrawingTarget& target) {
+void discsAlongArc(const Entity& move, float toolradius, Rgb color, DrawingTarget& target) {
   const ArcAngles arc = arcRadiusAndAngles(move.start, move.end, move.center);
   const double sweep = ArcSweep(arc.start, arc.end, move.type);
   const DiscSteps discs = discSteps(sweep, arc.radius, toolradius);
@@ -56,14 +56,14 @@ void discsAlongArc(const Entity& move, float toolradius, Color color, DrawingTar
   }
 }
 
-void lineArrow(const Entity& move, Color color, DrawingTarget& target) {
+void lineArrow(const Entity& move, Rgb color, DrawingTarget& target) {
   const float length = distance(move.start, move.end);
   if (target.ScaleX(length, ScaleUnit::User, ScaleUnit::Pixels) < kShortestWithArrow) return;
   DrawArrowhead({move.end, vectorAngle(move.start, move.end)}, color, target);
 }
 
 // The head follows the curve: it is turned by the arc of its own length.
-void arcArrow(const Entity& move, Color color, DrawingTarget& target) {
+void arcArrow(const Entity& move, Rgb color, DrawingTarget& target) {
   const ArcAngles arc = arcRadiusAndAngles(move.start, move.end, move.center);
   const double sweep = ArcSweep(arc.start, arc.end, move.type);
   const double size = std::min(std::abs(sweep * arc.radius), 2.0 * arc.radius);
@@ -76,13 +76,13 @@ void arcArrow(const Entity& move, Color color, DrawingTarget& target) {
   DrawArrowhead({move.end, narrow(tangent)}, color, target);
 }
 
-void holeSymbol(Point at, float r, Color color, DrawingTarget& target) {
+void holeSymbol(Point at, float r, Rgb color, DrawingTarget& target) {
   target.TraceLine({at.x + r, at.y, at.x - r, at.y}, color);
   target.TraceLine({at.x, at.y + r, at.x, at.y - r}, color);
   for (const float ring : kHoleRings) target.TraceCircle(at.x, at.y, ring * r, color);
 }
 
-void slotSymbol(const Entity& slot, float r, Color color, DrawingTarget& target) {
+void slotSymbol(const Entity& slot, float r, Rgb color, DrawingTarget& target) {
   holeSymbol(slot.start, r, color, target);
   holeSymbol(slot.end, r, color, target);
   const double dx = nonZero(static_cast<double>(slot.end.x) - slot.start.x);
@@ -106,12 +106,12 @@ DiscSteps discSteps(double sweep, double radius, double toolradius) {
   return {wholeSteps(n), sweep / n};
 }
 
-void Renderer::drawtoolpath(int ps, DrawingTarget& target, std::optional<Color> color) {
+void Renderer::drawtoolpath(int ps, DrawingTarget& target, std::optional<Rgb> color) {
   const Procedure here("frmMain.drawtoolpath(ps,target)");
   if (!store_.psvisible[ps]) return;
   target.setDrawStyle(PenStyle::Solid);
   target.setDrawMode(PenMode::Copy);
-  const Color ink = color ? *color : pathColor(store_, ps);
+  const Rgb ink = color ? *color : pathColor(store_, ps);
   const float r = store_.toolradius[toolIndex(store_.pscode[ps])];
   const Entity move = pathEntity(store_, ps);
   if (move.type == kLine || isArc(move.type)) {
@@ -123,7 +123,7 @@ void Renderer::drawtoolpath(int ps, DrawingTarget& target, std::optional<Color> 
   }
 }
 
-void Renderer::drawMove(const Entity& move, float toolradius, Color color, DrawingTarget& target) {
+void Renderer::drawMove(const Entity& move, float toolradius, Rgb color, DrawingTarget& target) {
   const bool line = move.type == kLine;
   if (store_.tooloutline != 0) {
     (line ? discsAlongLine : discsAlongArc)(move, toolradius, color, target);

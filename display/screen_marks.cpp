@@ -16,7 +16,7 @@ void DrawMarkerCross(Point marker, PictureBoxProxy& ScreenProxy) {
   ScreenProxy.setDrawMode(PenMode::Copy);
 }
 
-void DrawOriginArrows(Color color, PictureBoxProxy& ScreenProxy) {
+void DrawOriginArrows(Rgb color, PictureBoxProxy& ScreenProxy) {
   constexpr float kLength = 25;  // pixels
   DrawingSurface& surface = ScreenProxy.surface();
   const SurfaceState before = surface.state();

@@ -10,6 +10,6 @@ namespace tess {
 void DrawMarkerCross(Point marker, PictureBoxProxy& ScreenProxy);
 
 // The axes at world zero, 25 pixels long and in a pen of double width, with their letters.
-void DrawOriginArrows(Color color, PictureBoxProxy& ScreenProxy);
+void DrawOriginArrows(Rgb color, PictureBoxProxy& ScreenProxy);
 
 }  // namespace tess

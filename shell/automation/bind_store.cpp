@@ -132,19 +132,19 @@ bool isViewFlag(const NamedSetting& setting) {
   return setting.viewFlag || key == "visual grid f" || key == "cursor grid f";
 }
 
+// Where the value of a setting stands: among these settings, or in this colour table.
+struct SettingPlace {
+  DrawingSettings& settings;
+  Column<Int16>& colortable;
+  template <typename T>
+  VariablePlace operator()(T DrawingSettings::*member) const {
+    return &(settings.*member);
+  }
+  VariablePlace operator()(ColorSlot color) const { return TableSlot{&colortable, color.slot}; }
+};
+
 Variable variableOf(DrawingStore& store, DrawingSettings& settings, const NamedSetting& setting) {
-  struct Place {
-    DrawingStore& store;
-    DrawingSettings& settings;
-    template <typename T>
-    VariablePlace operator()(T DrawingSettings::*member) const {
-      return &(settings.*member);
-    }
-    VariablePlace operator()(ColorSlot color) const {
-      return TableSlot{&store.colortable, color.slot};
-    }
-  };
-  return {.place = std::visit(Place{store, settings}, setting.field),
+  return {.place = std::visit(SettingPlace{settings, store.colortable}, setting.field),
           .viewFlag = isViewFlag(setting)};
 }
 

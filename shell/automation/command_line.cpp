@@ -72,11 +72,15 @@ void settle(const CLI::App& app, Options& options) {
 CommandLine printAndExit(const CLI::App& app, const CLI::ParseError& error) {
   std::ostringstream out;
   std::ostringstream ignored;
-  const bool asked = app.exit(error, out, ignored) == 0;
-  if (asked) return {.job = Job::PrintAndExit, .text = out.str()};
-  return {.job = Job::PrintAndExit,
-          .status = ExitStatus::WrongUsage,
-          .text = std::string(error.what()) + " (see tessimo --help)"};
+  CommandLine line;
+  line.job = Job::PrintAndExit;
+  if (app.exit(error, out, ignored) == 0) {
+    line.text = out.str();
+  } else {
+    line.status = ExitStatus::WrongUsage;
+    line.text = std::string(error.what()) + " (see tessimo --help)";
+  }
+  return line;
 }
 
 ExitStatus runScriptJob(const CommandLine& line, std::ostream& out, std::ostream& err) {

@@ -53,7 +53,7 @@ class Arguments {
     } else if constexpr (std::is_same_v<T, DrawingStore&>) {
       return script_.application.store;
     } else {
-      return takeValue<T>(static_cast<T*>(nullptr));
+      return takeValue(static_cast<T*>(nullptr));
     }
   }
 
@@ -74,7 +74,7 @@ class Arguments {
       ++taken_;
       return std::nullopt;
     }
-    return takeValue<T>(static_cast<T*>(nullptr));
+    return takeValue(static_cast<T*>(nullptr));
   }
   RuntimeFailure inArgument(const RuntimeFailure& failure, int at) const;
 

@@ -12,6 +12,7 @@ namespace tess {
 
 struct LuaLimits {
   std::size_t memory = std::size_t{1} << 30;  // bytes; past it a script gets "not enough memory"
+  int instructions = 0;                       // after which a script is ended; 0: never
 };
 
 class LuaState {

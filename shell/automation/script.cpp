@@ -21,7 +21,16 @@ void endScript(lua_State* L, const char* text) {
   lua_sethook(L, stopScript, LUA_MASKCOUNT, 1);
 }
 
+void endByLimit(lua_State* L, lua_Debug* where) {
+  endScript(L, "the script has run too long");
+  stopScript(L, where);
+}
+
 }  // namespace
+
+void limitInstructions(lua_State* L, int count) {
+  if (count > 0) lua_sethook(L, endByLimit, LUA_MASKCOUNT, count);
+}
 
 Script& scriptOf(lua_State* L) {
   Script* script = nullptr;

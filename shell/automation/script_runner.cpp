@@ -119,6 +119,7 @@ int runAll(Script& script, lua_State* L) {
   bindRoutines(L);
   bindFileCommands(L);
   setArguments(L, run.job);
+  limitInstructions(L, run.job.limits.instructions);
   const std::string_view text = withoutShebang(run.text);
   const std::string name = "@" + run.job.path;
   if (luaL_loadbufferx(L, text.data(), text.size(), name.c_str(), "t") != LUA_OK) lua_error(L);

@@ -8,6 +8,8 @@
 namespace tess {
 namespace {
 
+using testing::DisplayBench;
+
 using Arrowheads = DisplayBench;
 
 TEST_F(Arrowheads, AHalfArrowheadHasOneBarb) {

@@ -12,7 +12,7 @@
 #include "display/view_transform.h"
 #include "tests/support/recording_target.h"
 
-namespace tess {
+namespace tess::testing {
 
 class RecordingListener : public RedrawListener {
  public:
@@ -73,8 +73,8 @@ class DisplayBench : public ::testing::Test {
   PictureBoxProxy screen{surface};
   RecordingPaper paper{log};
   RecordingPointer pointer{log};
-  RecordingSurroundings surroundings{log};
-  RecordingPrompts prompts{log};
+  LoggingSurroundings surroundings{log};
+  LoggingPrompts prompts{log};
   RecordingListener listener{log};
   VirtualTimers timers;
   DrawingStore store;
@@ -83,4 +83,4 @@ class DisplayBench : public ::testing::Test {
   RedrawSequence redraw{{store, view, renderer, screen, pointer, surroundings, timers, listener}};
 };
 
-}  // namespace tess
+}  // namespace tess::testing

@@ -6,13 +6,15 @@
 namespace tess {
 namespace {
 
+using testing::DisplayBench;
+
 class PictureBoxProxyTest : public DisplayBench {
  protected:
-  std::string linesDrawn(std::optional<Color> color, std::optional<int> box) {
+  std::string linesDrawn(std::optional<Rgb> color, std::optional<int> box) {
     screen.TraceLine({1, 2, 3, 4}, color, box);
     return log.take();
   }
-  std::string circleDrawn(float radius, std::optional<Color> color = {},
+  std::string circleDrawn(float radius, std::optional<Rgb> color = {},
                           std::optional<float> start = {}, std::optional<float> end = {},
                           std::optional<float> aspect = {}) {
     screen.TraceCircle(1, 2, radius, color, start, end, aspect);

@@ -7,9 +7,9 @@ namespace tess {
 namespace {
 
 TEST(Palette, TheSixteenClassicColours) {
-  const Color colors[] = {0x000000, 0x800000, 0x008000, 0x808000, 0x000080, 0x800080,
-                          0x008080, 0xC0C0C0, 0x808080, 0xFF0000, 0x00FF00, 0xFFFF00,
-                          0x0000FF, 0xFF00FF, 0x00FFFF, 0xFFFFFF};
+  const Rgb colors[] = {0x000000, 0x800000, 0x008000, 0x808000, 0x000080, 0x800080,
+                        0x008080, 0xC0C0C0, 0x808080, 0xFF0000, 0x00FF00, 0xFFFF00,
+                        0x0000FF, 0xFF00FF, 0x00FFFF, 0xFFFFFF};
   for (int i = 0; i < kPaletteSize; ++i) EXPECT_EQ(paletteColor(i), colors[i]) << i;
 }
 
@@ -37,7 +37,7 @@ TEST(SlotColor, GoesThroughTheRule) {
 
 class PathColor : public ::testing::Test {
  protected:
-  Color of(int code, int toolcolor) {
+  Rgb of(int code, int toolcolor) {
     store.toolcolor[3] = toolcolor;
     store.colortable[4] = 12;
     store.pscode[1] = code;

@@ -7,6 +7,8 @@
 namespace tess {
 namespace {
 
+using testing::DisplayBench;
+
 // What ends every redraw of an otherwise empty screen, from the marker to the repaint.
 const char* const kClosing =
     "DrawMode 10\n"
@@ -385,6 +387,7 @@ TEST_F(RedrawTest, TheSmallDrawingIsAsItWasReviewed) {
   store.markery = -1;
   store.toolradius[0] = 0.125F;
   store.toolcolor[0] = 5;
+  store.xorigin = store.yorigin = 0;  // the stock lies about zero
   store.toolradius[1] = 0.25F;
   store.toolcolor[1] = 0x336699;
   addSegment({1, 8, -2, -1, 2, -1});

@@ -8,6 +8,8 @@
 namespace tess {
 namespace {
 
+using testing::DisplayBench;
+
 using RendererTest = DisplayBench;
 
 const SegmentRow kLineRow{1, 8, 1, 2, 3, 4};

@@ -6,6 +6,8 @@
 namespace tess {
 namespace {
 
+using testing::DisplayBench;
+
 using ScreenMarks = DisplayBench;
 
 TEST_F(ScreenMarks, TheMarkerCrossIsInverted) {

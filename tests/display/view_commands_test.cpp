@@ -4,11 +4,14 @@
 #include <cmath>
 #include <map>
 
-#include "core/file_system.h"
 #include "tests/display/display_bench.h"
+#include "tests/support/temp_folder.h"
 
 namespace tess {
 namespace {
+
+using testing::CallLog;
+using testing::DisplayBench;
 
 // A drawing mode that is set drops the pending action, as the real one does.
 class FakeAction : public ArmedAction {
@@ -383,14 +386,13 @@ TEST_F(Pan, WithoutAModeTheInterruptedActionIsGone) {
 }
 
 TEST_F(Pan, ShowsItsIconWhenThatStandsBesideTheProgram) {
-  host.folder = testing::TempDir();
-  const std::string icon = host.folder + "pansmall.ico";
-  writeFile(icon, "icon");
+  const testing::TempFolder folder;
+  host.folder = folder();
+  const std::string icon = folder.write("pansmall.ico", "icon");
   commands.mnuViewPan_Click();
   EXPECT_EQ(log.take(), "MouseIcon " + icon + "\nMousePointer 99\n");
   commands.mnuViewPan_Click();
   EXPECT_EQ(pointer.MousePointer(), kDefaultShape);
-  deleteFile(icon);
 }
 
 TEST_F(Pan, TheGrabbedPointStaysUnderThePointer) {

@@ -6,6 +6,8 @@
 namespace tess {
 namespace {
 
+using testing::DisplayBench;
+
 DrawingStore stockOf(float x, float y, int xorigin = 1, int yorigin = 1) {
   DrawingStore store;
   store.partdimx = x;
