@@ -1,6 +1,6 @@
 -- An L bracket of 1/4 inch aluminium plate: three holes for no. 10 screws, an adjusting slot and
--- an outline with filleted corners, cut free but for three tabs. Writes bracket.cdm and
--- bracket.tpm into this script's folder:
+-- an outline with filleted corners, cut free but for three tabs. Writes bracket.cdm and its path
+-- file BRACKET.TPM into this script's folder:
 --
 --     ./run --run examples/bracket.lua
 --     ./run --make-cnc mill examples/bracket.cdm
@@ -224,8 +224,7 @@ local function leads(path, radius)
 end
 
 local function drillHoles()
-  local places = { table.unpack(holes) }
-  places[#places + 1] = { slotX, slotY } -- room for the end mill to go down in
+  local places = { { slotX, slotY }, table.unpack(holes) } -- first: room for the end mill's plunge
   startGroup(spotDrill)
   for _, hole in ipairs(places) do cycle(81, hole[1], hole[2], spotDepth, 0, spotFeed) end
   startGroup(drill)
@@ -233,8 +232,9 @@ local function drillHoles()
 end
 
 -- After a tool change the generator goes down to the first row's depth at rapid speed. A first row
--- at the retract height makes that harmless; the next one goes down at the plunge rate. Half
--- circles lead from the middle of the slot to its wall and back, so that each level begins where
+-- at the retract height makes that harmless; the next one goes down at the plunge rate. It stands
+-- elsewhere than the last hole, so that its X and Y words are written: where the change itself left
+-- the machine does not matter then. Half circles lead from the middle of the slot to its wall and back, so that each level begins where
 -- the one above ended.
 local function millSlot()
   startGroup(endMill)
@@ -277,7 +277,7 @@ end
 -- Settings that the drawing carries ------------------------------------------------------------------
 
 setting["drawing title"] = "L bracket"
-setting["designer name"] = "examples/bracket.lua"
+setting["designer name"] = "bracket.lua"
 setting["drawing revision"] = "A"
 setting["creation date"] = "11/21/2026" -- fixed: the same script writes the same file every time
 setting["part dim x"] = length + 2 * margin
