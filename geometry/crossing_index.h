@@ -35,7 +35,7 @@ class CrossingIndex {
   double largestRadius_ = 0;
   bool hasArcs_ = false;
   BoxIndex boxes_;
-  AlignedCenters sameX_, sameY_;
+  AlignedCenters alignedCenters_;
 };
 
 CrossingIndex segmentCrossingIndex(const DrawingStore& store);
