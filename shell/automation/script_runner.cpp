@@ -88,8 +88,10 @@ void setArguments(lua_State* L, const ScriptJob& job) {
   lua_setglobal(L, "arg");
 }
 
-// The first line may name an interpreter.
-std::string_view withoutShebang(std::string_view text) {
+// The text without a byte-order mark, and without a first line that names an interpreter.
+std::string_view luaText(std::string_view text) {
+  constexpr std::string_view kMark = "\xEF\xBB\xBF";
+  if (text.starts_with(kMark)) text.remove_prefix(kMark.size());
   if (!text.starts_with('#')) return text;
   const std::size_t end = text.find('\n');
   return end == std::string_view::npos ? std::string_view() : text.substr(end);
@@ -124,7 +126,7 @@ int runAll(Script& script, lua_State* L) {
   setArguments(L, run.job);
   script.started = true;
   limitInstructions(L, run.job.limits.instructions);
-  const std::string_view text = withoutShebang(run.text);
+  const std::string_view text = luaText(run.text);
   const std::string name = "@" + run.job.path;
   if (luaL_loadbufferx(L, text.data(), text.size(), name.c_str(), "t") != LUA_OK) lua_error(L);
   lua_call(L, 0, 0);
