@@ -234,8 +234,8 @@ end
 -- After a tool change the generator goes down to the first row's depth at rapid speed. A first row
 -- at the retract height makes that harmless; the next one goes down at the plunge rate. It stands
 -- elsewhere than the last hole, so that its X and Y words are written: where the change itself left
--- the machine does not matter then. Half circles lead from the middle of the slot to its wall and back, so that each level begins where
--- the one above ended.
+-- the machine does not matter then. Half circles lead from the middle of the slot to its wall and
+-- back, so that each level begins where the one above ended.
 local function millSlot()
   startGroup(endMill)
   rapid(slotX, slotY)
