@@ -72,6 +72,7 @@ class DraftingDesk : public HeldSurface<Surface>,
     setPicSize(view, this->surface.area());
     desk.state.resetObjectSnap();
     redraw.redrawscreen();
+    pass(1000);
     store.drawingsaved = true;
     this->log.take();
     statusLog.clear();
