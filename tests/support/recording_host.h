@@ -8,13 +8,14 @@
 #include <string>
 #include <vector>
 
+#include "core/form.h"
 #include "core/host.h"
 #include "core/runtime_failure.h"
 
 namespace tess::testing {
 
 // Answers messages in the order given, then with the first button of the box; cancels file
-// dialogs and forms that nobody prepared.
+// dialogs that nobody prepared, and forms that onForm leaves open.
 class RecordingPrompts : public Prompts {
  public:
   Answer showMessage(const Message& message) override {
@@ -35,7 +36,11 @@ class RecordingPrompts : public Prompts {
 
   void showModal(Form& form) override {
     ++modalForms;
-    if (onForm) onForm(form);
+    formNames.push_back(form.name());
+    form.open(Modality::Modal);
+    if (onForm && form.isShown()) onForm(form);
+    if (form.isShown()) form.pressCancel();
+    if (form.isShown()) form.close();
   }
 
   static Answer firstButton(MessageButtons buttons) {
@@ -48,6 +53,7 @@ class RecordingPrompts : public Prompts {
   std::function<void(Form&)> onForm;
   std::vector<Message> messages;
   std::vector<FileRequest> fileRequests;
+  std::vector<std::string> formNames;
   int modalForms = 0;
 };
 
