@@ -1,0 +1,20 @@
+// How far a drawing reaches.
+// Owns: DrawingExtents, GetDrawingExtents.
+#pragma once
+
+#include <optional>
+
+#include "core/drawing_store.h"
+
+namespace tess {
+
+struct DrawingExtents {
+  float minx = 0, miny = 0, maxx = 0, maxy = 0;
+};
+
+// The box round all drawing rows and path rows, visible or not. Nothing for an empty drawing and
+// for one without width or height. An arc counts with its ends and three points on it, which can
+// miss a quadrant's extreme by a little.
+std::optional<DrawingExtents> GetDrawingExtents(const DrawingStore& store);
+
+}  // namespace tess

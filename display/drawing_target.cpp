@@ -1,0 +1,93 @@
+// The surface's mapping and the proxy round it.
+#include "display/drawing_target.h"
+
+namespace tess {
+
+PixelPoint DrawingSurface::toPixels(float x, float y) const {
+  if (state_.scaleMode == ScaleUnit::Pixels) return {x, y};
+  const SurfaceArea pixels = area();
+  return {(static_cast<double>(x) - state_.scaleLeft) / state_.scaleWidth * pixels.width,
+          (static_cast<double>(y) - state_.scaleTop) / state_.scaleHeight * pixels.height};
+}
+
+Point DrawingSurface::toWorld(double pixelX, double pixelY) const {
+  if (state_.scaleMode == ScaleUnit::Pixels) return {narrow(pixelX), narrow(pixelY)};
+  const SurfaceArea pixels = area();
+  return {narrow(state_.scaleLeft + pixelX / pixels.width * state_.scaleWidth),
+          narrow(state_.scaleTop + pixelY / pixels.height * state_.scaleHeight)};
+}
+
+namespace {
+
+// A length along an axis on which `pixels` and `scale` are the same extent.
+float converted(float length, ScaleUnit from, ScaleUnit to, float pixels, float scale) {
+  if (from == to) return length;
+  const double factor = from == ScaleUnit::Pixels ? static_cast<double>(scale) / pixels
+                                                  : static_cast<double>(pixels) / scale;
+  return narrow(length * factor);
+}
+
+}  // namespace
+
+float PictureBoxProxy::ScaleX(float width, ScaleUnit from, ScaleUnit to) const {
+  return converted(width, from, to, Width(), ScaleWidth());
+}
+
+float PictureBoxProxy::ScaleY(float height, ScaleUnit from, ScaleUnit to) const {
+  return converted(height, from, to, Height(), ScaleHeight());
+}
+
+void PictureBoxProxy::TraceLine(const WorldBox& ends, std::optional<Color> color,
+                                std::optional<int> Box) {
+  const Color ink = color.value_or(surface_.state().foreColor);
+  if (!Box) {
+    surface_.line(ends, ink);
+    return;
+  }
+  if (*Box != kOutlineBox && *Box != kFilledBox) {
+    throw RuntimeFailure(FailureNumber::InvalidProcedureCall, "PictureBoxProxy");
+  }
+  surface_.box(ends, ink, /*filled=*/*Box == kFilledBox);
+}
+
+void PictureBoxProxy::TraceCircle(float x, float y, float radius, std::optional<Color> color,
+                                  std::optional<float> Start, std::optional<float> End,
+                                  std::optional<float> Aspect) {
+  if (radius == 0) return;
+  WorldArc arc{.x = x, .y = y, .radius = radius};
+  if (color && Start) {
+    arc.whole = false;
+    arc.start = *Start;
+    arc.end = End.value_or(static_cast<float>(kTwoPi));
+    arc.aspect = End ? Aspect.value_or(1.0F) : 1.0F;
+  }
+  surface_.arc(arc, color.value_or(surface_.state().foreColor));
+}
+
+void PictureBoxProxy::GrayX(float x, float y, float size, std::optional<Color> color) {
+  const float half = size / 2;
+  TraceLine({x - half, y - half, x + half, y + half}, color);
+  TraceLine({x + half, y - half, x - half, y + half}, color);
+}
+
+void PictureBoxProxy::setWidth(float width) {
+  SurfaceArea area = surface_.area();
+  area.width = width;
+  surface_.Move(area);
+}
+
+void PictureBoxProxy::setHeight(float height) {
+  SurfaceArea area = surface_.area();
+  area.height = height;
+  surface_.Move(area);
+}
+
+void SetScale(float left, float bottom, float right, float top, DrawingTarget& proxy) {
+  proxy.setScaleMode(ScaleUnit::User);
+  proxy.setScaleLeft(left);
+  proxy.setScaleWidth(right - left);
+  proxy.setScaleTop(top);
+  proxy.setScaleHeight(-(top - bottom));
+}
+
+}  // namespace tess

@@ -1,0 +1,220 @@
+// The painting order, in its two forms.
+#include "display/redraw_sequence.h"
+
+namespace tess {
+
+namespace {
+
+constexpr int kTaskQueueInterval = 50;     // short, so that a stage follows its predecessor at once
+constexpr int kEventEnableInterval = 125;  // until the pointer events of the redraw are swallowed
+
+enum Stage { kIdle = 0, kInit = 1, kSegments = 2, kPaths = 3, kFinal = 4 };
+
+}  // namespace
+
+RedrawSequence::RedrawSequence(const RedrawParts& parts)
+    : parts_(parts),
+      tmrTaskQueue_(parts.timers.create({"tmrTaskQueue", kTaskQueueInterval},
+                                        [this] { tmrTaskQueue_Timer(); })),
+      tmrEventEnable_(
+          parts.timers.create({"tmrEventEnable", kEventEnableInterval, /*oneShot=*/true},
+                              [this] { parts_.ScreenProxy.surface().setEnabled(true); })) {}
+
+void RedrawSequence::redrawscreen() {
+  redrawscreen(/*target=*/nullptr, /*ShowGrid=*/true, /*FillPartTemplate=*/true,
+               /*DisableEvents=*/true);
+}
+
+void RedrawSequence::redrawscreen(DrawingTarget* target, Flag /*ShowGrid*/,
+                                  Flag /*FillPartTemplate*/, Flag DisableEvents) {
+  const Procedure here("frmMain.redrawscreen(target,ShowGrid,FillPartTemplate,DisableEvents)");
+  if (target == nullptr) target = &parts_.ScreenProxy;
+  if (target->screen() == nullptr) {
+    parts_.listener.PrintPreviewScreenShotWorkAround(*target);
+    return;
+  }
+  if (parts_.pointer.MousePointer() != kCustomShape) {
+    parts_.pointer.setMousePointer(kHourglassShape);
+  }
+  parts_.ScreenProxy.surface().setEnabled(!DisableEvents);
+  try {
+    paintPicture(*target);
+  } catch (...) {
+    abandon();
+    throw;
+  }
+}
+
+void RedrawSequence::paintPicture(DrawingTarget& target) {
+  if (!openPicture(target)) return;
+  const bool before = parts_.renderer.pathdrawing;
+  if (!paintSegments(target) || !paintPaths(target)) return;
+  parts_.renderer.pathdrawing = before;
+  closePicture();
+}
+
+// From the clearing to the grid. False when the window closes.
+bool RedrawSequence::openPicture(DrawingTarget& target) {
+  float span = parts_.view.homespan;
+  if (PictureBoxProxy* screen = target.screen()) {
+    span = parts_.view.viewspan;
+    screen->surface().setRepaint(false);
+    const Color background = slotColor(parts_.store, ColorSlot::Background);
+    if (screen->surface().state().backColor != background) {
+      screen->surface().setBackColor(background);
+    }
+  }
+  const WorldRect visible = visibleRectangle(parts_.view, span);
+  target.Cls();
+  SetScale(visible.left, visible.bottom, visible.right, visible.top, target);
+  if (!servedEvents()) return false;
+  if (parts_.store.parttemplate != 0) paintPartTemplate(target);
+  if (parts_.store.visualgridf != 0) parts_.renderer.DisplayGrid(target);
+  return true;
+}
+
+void RedrawSequence::paintPartTemplate(DrawingTarget& target) {
+  const Color color = slotColor(parts_.store, ColorSlot::Stock);
+  const WorldRect stock = stockRectangle(parts_.store);
+  const WorldBox corners{stock.left, stock.top, stock.right, stock.bottom};
+  PictureBoxProxy* screen = target.screen();
+  if (screen == nullptr) {
+    target.TraceLine(corners, color, kOutlineBox);
+    return;
+  }
+  if (!parts_.store.roundstock) {
+    screen->TraceLine(corners, color, kFilledBox);
+    return;
+  }
+  // Round stock lies about world zero, whatever the origin words say.
+  const FillMode fillStyle = screen->FillStyle();
+  const Color fillColor = screen->FillColor();
+  screen->setFillStyle(FillMode::Solid);
+  screen->setFillColor(color);
+  screen->TraceCircle(0, 0, parts_.store.partdimx / 2, color);
+  screen->setFillStyle(fillStyle);
+  screen->setFillColor(fillColor);
+}
+
+bool RedrawSequence::paintSegments(DrawingTarget& target) {
+  if (parts_.store.NumSegments > 0) parts_.renderer.pathdrawing = false;
+  for (int sg = 1; sg <= parts_.store.NumSegments; ++sg) {
+    parts_.renderer.DrawSegment(sg, target);
+    if (!servedEvents()) return false;
+  }
+  return true;
+}
+
+bool RedrawSequence::paintPaths(DrawingTarget& target) {
+  if (parts_.store.showpaths == 0 || parts_.store.NumPathSegments == 0) return true;
+  parts_.renderer.pathdrawing = true;
+  for (int ps = 1; ps <= parts_.store.NumPathSegments; ++ps) {
+    parts_.renderer.drawtoolpath(ps, target);
+    if (!servedEvents()) return false;
+  }
+  return true;
+}
+
+void RedrawSequence::closePicture() {
+  PictureBoxProxy& screen = parts_.ScreenProxy;
+  DrawMarkerCross({parts_.store.markerx, parts_.store.markery}, screen);
+  DrawOriginArrows(paletteColor(parts_.store.colortable[static_cast<int>(ColorSlot::Draw)]),
+                   screen);
+  parts_.listener.showDrawingName();
+  parts_.listener.updateStatusDisplay();
+  releaseSurface();
+}
+
+// Shows the picture and gives the pointer back.
+void RedrawSequence::releaseSurface() {
+  DrawingSurface& surface = parts_.ScreenProxy.surface();
+  surface.setRepaint(true);
+  surface.Refresh();
+  if (parts_.pointer.MousePointer() != kCustomShape) parts_.pointer.setMousePointer(kDefaultShape);
+  tmrEventEnable_->setEnabled(!surface.Enabled());
+}
+
+// A failed redraw must not leave the surface frozen.
+void RedrawSequence::abandon() {
+  parts_.renderer.pathdrawing = false;
+  releaseSurface();
+}
+
+// Serves events, in which anything may happen; false once the window is to close.
+bool RedrawSequence::servedEvents() {
+  parts_.surroundings.serveEvents();
+  return !redrawabort;
+}
+
+void RedrawSequence::setTaskQueueState(int state) {
+  taskQueueState_ = state;
+  tmrTaskQueue_->setEnabled(true);
+}
+
+// A stage serves events while it paints, and with them its own timer: such a tick is passed over. A
+// failure ends the sequence, or each tick would fail anew.
+void RedrawSequence::tmrTaskQueue_Timer() {
+  const Procedure here("frmMain.tmrTaskQueue_Timer()");
+  if (inStage_) return;
+  inStage_ = true;
+  try {
+    runStage(taskQueueState_);
+  } catch (...) {
+    inStage_ = false;
+    taskQueueState_ = kIdle;
+    abandon();
+    throw;
+  }
+  inStage_ = false;
+}
+
+void RedrawSequence::runStage(int stage) {
+  switch (stage) {
+    case kInit:
+      return RedrawScreen_Init();
+    case kSegments:
+      return RedrawScreen_Segments();
+    case kPaths:
+      return RedrawScreen_Paths();
+    case kFinal:
+      return RedrawScreen_Final();
+  }
+  tmrTaskQueue_->setEnabled(false);
+}
+
+// A sequence that was started anew while the stage served events goes its own way.
+void RedrawSequence::finishStage(int stage) {
+  if (taskQueueState_ == stage) setTaskQueueState(stage == kFinal ? kIdle : stage + 1);
+}
+
+void RedrawSequence::RedrawScreen_Init() {
+  const Procedure here("frmMain.RedrawScreen_Init()");
+  const int stage = taskQueueState_;
+  parts_.pointer.setMousePointer(kHourglassShape);
+  parts_.ScreenProxy.surface().setEnabled(false);
+  if (!openPicture(parts_.ScreenProxy)) return;
+  parts_.ScreenProxy.surface().Refresh();
+  finishStage(stage);
+}
+
+void RedrawSequence::RedrawScreen_Segments() {
+  const Procedure here("frmMain.RedrawScreen_Segments()");
+  const int stage = taskQueueState_;
+  if (paintSegments(parts_.ScreenProxy)) finishStage(stage);
+}
+
+void RedrawSequence::RedrawScreen_Paths() {
+  const Procedure here("frmMain.RedrawScreen_Paths()");
+  const int stage = taskQueueState_;
+  if (!paintPaths(parts_.ScreenProxy)) return;
+  parts_.renderer.pathdrawing = false;
+  finishStage(stage);
+}
+
+void RedrawSequence::RedrawScreen_Final() {
+  const Procedure here("frmMain.RedrawScreen_Final()");
+  closePicture();
+  finishStage(kFinal);
+}
+
+}  // namespace tess

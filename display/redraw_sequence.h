@@ -1,0 +1,81 @@
+// The order in which a picture is painted, at once or in four stages driven by a timer.
+// Owns: RedrawListener, RedrawParts, RedrawSequence.
+#pragma once
+
+#include <memory>
+
+#include "core/timers.h"
+#include "display/pointer.h"
+#include "display/renderer.h"
+#include "display/view_transform.h"
+
+namespace tess {
+
+// What a redraw asks of the rooms above it.
+class RedrawListener {
+ public:
+  virtual ~RedrawListener() = default;
+  virtual void showDrawingName() = 0;      // the drawing's name in the first panel
+  virtual void updateStatusDisplay() = 0;  // counts, zoom, prompt, coordinates
+  // A redraw on paper is a picture of the screen as it stands.
+  virtual void PrintPreviewScreenShotWorkAround(DrawingTarget& target) = 0;
+};
+
+struct RedrawParts {
+  const DrawingStore& store;
+  View& view;
+  Renderer& renderer;
+  PictureBoxProxy& ScreenProxy;
+  Pointer& pointer;
+  Surroundings& surroundings;
+  Timers& timers;
+  RedrawListener& listener;
+};
+
+class RedrawSequence {
+ public:
+  explicit RedrawSequence(const RedrawParts& parts);
+
+  // Paints everything at once on `target`, null for the screen. Callers say how they wish the grid
+  // and the part template, but the settings alone decide. With `DisableEvents` the surface takes
+  // no pointer events until tmrEventEnable has fired, 125 ms after the end.
+  void redrawscreen(DrawingTarget* target, Flag ShowGrid, Flag FillPartTemplate,
+                    Flag DisableEvents);
+  void redrawscreen();  // the same on the screen, with all flags set
+
+  // The stage that the next tick of tmrTaskQueue runs: 1 init, 2 segments, 3 paths, 4 final; 0 is
+  // idle. Setting it also starts the timer.
+  int TaskQueueState() const { return taskQueueState_; }
+  void setTaskQueueState(int state);
+
+  void RedrawScreen_Init();
+  void RedrawScreen_Segments();
+  void RedrawScreen_Paths();
+  void RedrawScreen_Final();
+
+  // Set once the operator has agreed to close the window: every paint loop leaves at its next row.
+  bool redrawabort = false;
+
+ private:
+  void tmrTaskQueue_Timer();
+  void runStage(int stage);
+  void finishStage(int stage);
+
+  bool openPicture(DrawingTarget& target);
+  void paintPartTemplate(DrawingTarget& target);
+  bool paintSegments(DrawingTarget& target);
+  bool paintPaths(DrawingTarget& target);
+  void closePicture();
+  void paintPicture(DrawingTarget& target);
+  void releaseSurface();
+  void abandon();
+  bool servedEvents();
+
+  RedrawParts parts_;
+  std::unique_ptr<Timer> tmrTaskQueue_;
+  std::unique_ptr<Timer> tmrEventEnable_;
+  int taskQueueState_ = 0;
+  bool inStage_ = false;
+};
+
+}  // namespace tess

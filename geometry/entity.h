@@ -1,0 +1,46 @@
+// One drawing or path row as the geometry sees it: a kind and three points.
+// Owns: Entity, lineEntity, segmentEntity, pathEntity, radiusOf, chordSlope.
+#pragma once
+
+#include "core/conventions.h"
+#include "core/drawing_store.h"
+#include "geometry/points.h"
+
+namespace tess {
+
+// The kind is a segtype or pstype. A rectangle holds two opposite corners in start and end, a
+// circle one point of it in both; only round kinds use the centre.
+struct Entity {
+  int type = kLine;
+  Point start, end, center;
+};
+
+inline Entity lineEntity(Point start, Point end) {
+  return {kLine, start, end, {}};
+}
+
+// Row `sg` or `ps` of the tables. Raises Subscript out of range outside them.
+inline Entity segmentEntity(const DrawingStore& store, int sg) {
+  return {store.segtype[sg],
+          {store.x0[sg], store.y0[sg]},
+          {store.x1[sg], store.y1[sg]},
+          {store.centerx[sg], store.centery[sg]}};
+}
+inline Entity pathEntity(const DrawingStore& store, int ps) {
+  return {store.pstype[ps],
+          {store.psx0[ps], store.psy0[ps]},
+          {store.psx1[ps], store.psy1[ps]},
+          {store.psxc[ps], store.psyc[ps]}};
+}
+
+// An arc's radius is that of its start point; nearestOnArc alone goes by the end point.
+inline float radiusOf(const Entity& arc) {
+  return distance(arc.start, arc.center);
+}
+
+// dy/dx from start to end; an exactly vertical chord divides by the stand-in for 0.
+inline double chordSlope(Point start, Point end) {
+  return (static_cast<double>(end.y) - start.y) / nonZero(static_cast<double>(end.x) - start.x);
+}
+
+}  // namespace tess

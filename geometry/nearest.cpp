@@ -1,0 +1,125 @@
+// The nearest point on one entity: a line by its perpendicular, round kinds by the line through
+// their centre.
+#include "geometry/nearest.h"
+
+#include <algorithm>
+
+#include "geometry/angles.h"
+
+namespace tess {
+namespace {
+
+struct Foot {
+  double x = 0, y = 0;
+};
+
+float clampedBetween(double value, float a, float b) {
+  const auto [low, high] = std::minmax(a, b);
+  return static_cast<float>(std::clamp<double>(value, low, high));
+}
+
+// The value of the end that lies nearer in the other coordinate, the start on a tie.
+float ofNearerEnd(float startOther, float endOther, float other, float startValue, float endValue) {
+  const double toStart = std::abs(static_cast<double>(startOther) - other);
+  const double toEnd = std::abs(static_cast<double>(endOther) - other);
+  return toStart <= toEnd ? startValue : endValue;
+}
+
+Foot footOnLine(Point start, Point end, Point at) {
+  const double m = chordSlope(start, end);
+  if (std::abs(m) < kFlatSlope) return {at.x, ofNearerEnd(start.x, end.x, at.x, start.y, end.y)};
+  if (std::abs(m) > kSteepSlope) return {ofNearerEnd(start.y, end.y, at.y, start.x, end.x), at.y};
+  const double perpendicular = -1 / nonZero(m);
+  const double b = start.y - m * start.x;
+  const double bPerpendicular = at.y - perpendicular * at.x;
+  const double x = (bPerpendicular - b) / (m - perpendicular);
+  return {x, x * m + b};
+}
+
+// Both hits of the line from `at` through the centre.
+int castThroughCenter(const Circle& circle, Point at, float tolerence, PointPair& hits) {
+  return lineCircle(at, chordSlope(circle.center, at), circle, tolerence, hits);
+}
+
+// A tie goes to the second.
+Point nearerOf(const PointPair& points, Point at) {
+  return distance(points.first, at) < distance(points.second, at) ? points.first : points.second;
+}
+
+}  // namespace
+
+Point nearestOnLine(Point start, Point end, Point at) {
+  const Foot foot = footOnLine(start, end, at);
+  return {clampedBetween(foot.x, start.x, end.x), clampedBetween(foot.y, start.y, end.y)};
+}
+
+Point nearestOnRect(Point corner, Point opposite, Point at) {
+  const Point corners[] = {
+      corner, {opposite.x, corner.y}, opposite, {corner.x, opposite.y}, corner};
+  Point nearest = nearestOnLine(corners[0], corners[1], at);
+  for (int side = 1; side < 4; ++side) {
+    const Point candidate = nearestOnLine(corners[side], corners[side + 1], at);
+    if (distance(candidate, at) < distance(nearest, at)) nearest = candidate;
+  }
+  return nearest;
+}
+
+int nearestOnArc(const Entity& arc, Point at, float tolerence, Point& nearest) {
+  // By the end point, where every other routine goes by the start.
+  const Circle circle{arc.center, distance(arc.end, arc.center)};
+  PointPair hits;
+  const int code = castThroughCenter(circle, at, tolerence, hits);
+  if (code < 1) return code;
+  const float a = vectorAngle(arc.center, arc.start);
+  const float b = vectorAngle(arc.center, arc.end);
+  const bool first = angleInSweep(vectorAngle(arc.center, hits.first), a, b, arc.type);
+  const bool second = angleInSweep(vectorAngle(arc.center, hits.second), a, b, arc.type);
+  if (first && second) {
+    nearest = nearerOf(hits, at);
+  } else if (first || second) {
+    nearest = first ? hits.first : hits.second;
+  } else {
+    nearest = nearerOf({arc.start, arc.end}, at);
+  }
+  return kFound;
+}
+
+int nearestOnCircle(Point center, Point onCircle, Point at, float tolerence, Point& nearest) {
+  PointPair hits;
+  const int code = castThroughCenter({center, distance(onCircle, center)}, at, tolerence, hits);
+  if (code < 1) return code;
+  nearest = nearerOf(hits, at);
+  return kFound;
+}
+
+int nearestOnSegment(const Entity& segment, Point at, float tolerence, Point& nearest) {
+  if (isArc(segment.type)) return nearestOnArc(segment, at, tolerence, nearest);
+  if (segment.type == kCircle)
+    return nearestOnCircle(segment.center, segment.start, at, tolerence, nearest);
+  if (segment.type == kLine) {
+    nearest = nearestOnLine(segment.start, segment.end, at);
+    return kFound;
+  }
+  if (segment.type == kRectangle) {
+    nearest = nearestOnRect(segment.start, segment.end, at);
+    return kFound;
+  }
+  return kNoPoint;
+}
+
+int nearestOnPath(const Entity& path, Point at, float tolerence, Point& nearest) {
+  if (isArc(path.type)) return nearestOnArc(path, at, tolerence, nearest);
+  if (path.type == kLine) nearest = nearestOnLine(path.start, path.end, at);
+  if (isPointCycle(path.type)) nearest = path.end;
+  return kFound;
+}
+
+int nearestOnSeg(const DrawingStore& store, int sg, Point at, Point& nearest) {
+  return nearestOnSegment(segmentEntity(store, sg), at, store.cfg_tolerance, nearest);
+}
+
+int nearestOnPathSeg(const DrawingStore& store, int ps, Point at, Point& nearest) {
+  return nearestOnPath(pathEntity(store, ps), at, store.cfg_tolerance, nearest);
+}
+
+}  // namespace tess
