@@ -22,6 +22,13 @@ struct DrawingSettings {
   TESSIMO_SETTINGS(TESSIMO_VARIABLE, TESSIMO_NOTHING, TESSIMO_NOTHING)
 #undef TESSIMO_VARIABLE
 #undef TESSIMO_NOTHING
+
+  // A file that lacks the origins means these.
+  DrawingSettings() {
+    xorigin = 1;
+    yorigin = 1;
+    zorigin = -1;
+  }
 };
 
 // One drawing. The live settings are members by inheritance: store.cfg_final_depth.

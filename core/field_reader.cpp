@@ -2,6 +2,8 @@
 #include "core/field_reader.h"
 
 #include <algorithm>
+#include <charconv>
+#include <system_error>
 #include <utility>
 
 #include "core/file_system.h"
@@ -12,11 +14,11 @@
 namespace tess {
 namespace {
 
-bool endsLine(char letter) {
-  return letter == '\r' || letter == '\n';
-}
 bool endsField(char letter) {
   return letter == ',' || endsLine(letter);
+}
+bool beginsDigits(char letter) {
+  return (letter >= '0' && letter <= '9') || letter == '.';
 }
 
 }  // namespace
@@ -28,9 +30,12 @@ FieldReader FieldReader::open(const std::string& path) {
   return {path, readFile(path)};
 }
 
+std::string FieldReader::place() const {
+  return path_ + " line " + std::to_string(line_) + " field " + std::to_string(field_);
+}
+
 void FieldReader::fail(FailureNumber number) const {
-  throw RuntimeFailure(
-      number, path_ + " line " + std::to_string(line_) + " field " + std::to_string(field_));
+  throw RuntimeFailure(number, place());
 }
 
 void FieldReader::requireMore() const {
@@ -60,6 +65,23 @@ std::string_view FieldReader::takeField() {
   return field;
 }
 
+// The road of nearly every field: a number, parsed where it stands, that fills its field up to the
+// separator. Anything else is left alone for the lenient parsers.
+template <typename Value>
+bool FieldReader::takePlainNumber(Value& value) {
+  const char* const end = content_.data() + content_.size();
+  const char* const begin = content_.data() + next_;
+  const bool digits =
+      begin != end &&
+      (beginsDigits(*begin) || (*begin == '-' && begin + 1 != end && beginsDigits(begin[1])));
+  if (!digits) return false;
+  const auto result = std::from_chars(begin, end, value);
+  if (result.ec != std::errc{} || (result.ptr != end && !endsField(*result.ptr))) return false;
+  next_ = static_cast<std::size_t>(result.ptr - content_.data());
+  skipSeparator();
+  return true;
+}
+
 template <typename Value, typename Parse>
 Value FieldReader::readNumber(Parse parse) {
   const std::string_view field = takeField();
@@ -79,15 +101,19 @@ std::string FieldReader::readText() {
 }
 
 int FieldReader::readInteger() {
-  return readNumber<int>(parseInteger);
+  int value = 0;
+  return takePlainNumber(value) ? value : readNumber<int>(parseInteger);
 }
 
 Int16 FieldReader::readInt16() {
+  std::int16_t value = 0;
+  if (takePlainNumber(value)) return value;
   return readNumber<Int16>([](std::string_view field) { return Int16(parseInteger(field)); });
 }
 
 float FieldReader::readFloat() {
-  return readNumber<float>(parseFloat);
+  float value = 0;
+  return takePlainNumber(value) ? value : readNumber<float>(parseFloat);
 }
 
 std::string FieldReader::readQuotedText() {
@@ -100,6 +126,15 @@ std::string FieldReader::readQuotedText() {
   line_ += static_cast<int>(std::count(quoted.begin(), quoted.end(), '\n'));
   std::string text = toUtf8(quoted);
   next_ = std::min(content_.find_first_of(",\r\n", end), content_.size());
+  skipSeparator();
+  return text;
+}
+
+std::string FieldReader::readLine() {
+  requireMore();
+  const std::size_t end = std::min(content_.find_first_of("\r\n", next_), content_.size());
+  std::string text = toUtf8(std::string_view(content_).substr(next_, end - next_));
+  next_ = end;
   skipSeparator();
   return text;
 }

@@ -23,6 +23,7 @@ class FieldReader {
 
   bool atEnd() const { return next_ >= content_.size(); }
   int line() const { return line_; }  // of the field to be read next, from 1
+  std::string place() const;          // of that field: file, line and field
 
   // The next field's text: leading blanks dropped, any encoding turned into UTF-8.
   std::string readText();
@@ -33,14 +34,21 @@ class FieldReader {
   // The next field, taken without its quotes when it is quoted, and then with its commas.
   std::string readQuotedText();
 
+  // The rest of the line with its commas and blanks.
+  std::string readLine();
+
   // All characters up to the next line feed, without those outside blank to `z`.
   std::string readPrintable();
 
- private:
+  // Raises a failure of which the field to be read next is the source.
   [[noreturn]] void fail(FailureNumber number) const;
+
+ private:
   void requireMore() const;
   void skipSeparator();
   std::string_view takeField();
+  template <typename Value>
+  bool takePlainNumber(Value& value);
   template <typename Value, typename Parse>
   Value readNumber(Parse parse);
 

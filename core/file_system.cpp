@@ -53,6 +53,7 @@ FailureNumber failureOf(int error) {
     case ENOENT:
       return FailureNumber::FileNotFound;
     case ENOTDIR:
+    case ENAMETOOLONG:
       return FailureNumber::PathNotFound;
     case EACCES:
     case EPERM:
@@ -69,25 +70,25 @@ FailureNumber failureOf(int error) {
   }
 }
 
-[[noreturn]] void failWith(int error, const std::string& path) {
-  throw RuntimeFailure(failureOf(error), path);
-}
-
 OpenFile openFile(const std::string& path, const char* mode) {
-  if (folderExists(path)) failWith(EISDIR, path);
+  if (folderExists(path)) raiseFileFailure(EISDIR, path);
   OpenFile file(std::fopen(path.c_str(), mode));
-  if (!file) failWith(errno, path);
+  // A file to be written need not be there: it is its folder that is missing.
+  if (!file) raiseFileFailure(errno == ENOENT && *mode == 'w' ? ENOTDIR : errno, path);
   return file;
 }
 
 }  // namespace
 
+std::string_view fileNameOf(std::string_view path) {
+  const std::size_t last = path.find_last_of("\\/:");
+  return last == std::string_view::npos ? path : path.substr(last + 1);
+}
+
 std::string splitPath(std::string& folder, std::string_view path, std::string_view ext) {
   path = trimmed(path);
-  const std::size_t last = path.find_last_of("\\/:");
-  const std::size_t split = last == std::string_view::npos ? 0 : last + 1;
-  if (split > 0) folder = path.substr(0, split);
-  std::string name(path.substr(split));
+  std::string name(fileNameOf(path));
+  if (name.size() < path.size()) folder = path.substr(0, path.size() - name.size());
   if (name.empty()) return name;
   const std::size_t dot = name.rfind('.');
   if (ext.starts_with('.')) return name.substr(0, dot).append(ext);
@@ -116,6 +117,10 @@ std::string resolvePath(std::string_view path) {
   return result;
 }
 
+std::string fullPath(std::string_view path) {
+  return fs::absolute(resolvePath(path)).string();
+}
+
 bool fileExists(std::string_view path) {
   std::error_code ignored;
   const std::string found = resolvePath(path);
@@ -135,7 +140,7 @@ std::string readFile(std::string_view path) {
   while (const std::size_t got = std::fread(block, 1, sizeof block, file.get())) {
     content.append(block, got);
   }
-  if (std::ferror(file.get()) != 0) failWith(errno, found);
+  if (std::ferror(file.get()) != 0) raiseFileFailure(errno, found);
   return content;
 }
 
@@ -144,7 +149,7 @@ void writeFile(std::string_view path, std::string_view content) {
   OpenFile file = openFile(found, "wb");
   const bool written = std::fwrite(content.data(), 1, content.size(), file.get()) == content.size();
   // Buffered bytes may meet a full disk only here.
-  if (!written || std::fflush(file.get()) != 0) failWith(errno, found);
+  if (!written || std::fflush(file.get()) != 0) raiseFileFailure(errno, found);
 }
 
 void deleteFile(std::string_view path) {
@@ -152,7 +157,11 @@ void deleteFile(std::string_view path) {
   const std::string found = resolvePath(path);
   std::error_code error;
   fs::remove(found, error);
-  if (error) failWith(error.value(), found);
+  if (error) raiseFileFailure(error.value(), found);
+}
+
+void raiseFileFailure(int error, const std::string& path) {
+  throw RuntimeFailure(failureOf(error), path);
 }
 
 }  // namespace tess

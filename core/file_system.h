@@ -1,7 +1,8 @@
 // Files and folders as the program sees them: both separators are read, the platform's is written,
 // and names are looked up without regard to case.
-// Owns: kSeparator, splitPath, withSeparator, resolvePath, fileExists, folderExists, readFile,
-//       writeFile, deleteFile, fullPath.
+// Owns: kSeparator, fileNameOf, splitPath, withSeparator, resolvePath, fullPath, fileExists,
+// folderExists,
+//       readFile, writeFile, deleteFile, raiseFileFailure.
 #pragma once
 
 #include <string>
@@ -10,6 +11,9 @@
 namespace tess {
 
 inline constexpr char kSeparator = '/';
+
+// The part behind the last separator or colon.
+std::string_view fileNameOf(std::string_view path);
 
 // Trims `path`, splits it behind its last separator or colon, writes the part up to there to
 // `folder` unless it is empty, and returns the file name. An `ext` that begins with a dot replaces
@@ -23,6 +27,9 @@ std::string withSeparator(std::string_view folder);
 // The path with the platform's separators, each part that does not exist as written replaced by an
 // existing entry that differs only in case. Parts that do not exist at all stay as written.
 std::string resolvePath(std::string_view path);
+
+// The same as a full path; a relative one starts at the present working folder.
+std::string fullPath(std::string_view path);
 
 // True when a non-empty path names a file; hidden files count, folders do not.
 bool fileExists(std::string_view path);
@@ -38,5 +45,8 @@ void writeFile(std::string_view path, std::string_view content);
 
 // Removes the file if it is there.
 void deleteFile(std::string_view path);
+
+// The failure of the operating system's error number `error`, with the path as source.
+[[noreturn]] void raiseFileFailure(int error, const std::string& path);
 
 }  // namespace tess

@@ -23,89 +23,76 @@ void refuseUnwritable(float value) {
   }
 }
 
+// The shortest text of a value, with one place of the buffer left free before it.
 std::string_view shortest(float value, Digits& digits) {
   refuseUnwritable(value);
-  if (value == 0) return "0";  // also for a negative zero
-  char* const begin = digits.data();
-  const auto result = std::to_chars(begin, begin + digits.size(), value, std::chars_format::fixed);
+  if (value == 0) value = 0;  // a negative zero has no sign here
+  char* const begin = digits.data() + 1;
+  const auto result =
+      std::to_chars(begin, digits.data() + digits.size(), value, std::chars_format::fixed);
   return {begin, static_cast<std::size_t>(result.ptr - begin)};
 }
 
-struct Pattern {
-  int leadingZeros = 0;     // digits before the point that are always written
-  int minimumDecimals = 0;  // decimals that are always written
-  int decimals = 0;         // decimals at most
-  bool hasPoint = false;
-  bool hasDigits = false;
-};
-
-Pattern parsePattern(std::string_view text) {
-  Pattern pattern;
-  for (const char symbol : text) {
-    if (symbol == '.') pattern.hasPoint = true;
-    if (symbol != '0' && symbol != '#') continue;
-    pattern.hasDigits = true;
-    const bool always = symbol == '0';
-    if (pattern.hasPoint) {
-      ++pattern.decimals;
-      if (always) pattern.minimumDecimals = pattern.decimals;
-    } else if (always || pattern.leadingZeros > 0) {
-      ++pattern.leadingZeros;
-    }
-  }
-  return pattern;
-}
-
-// A decimal number without its sign: digits before and after the point.
+// The digits of a number where they stand in its buffer. The place before the first is free, or
+// holds a sign that `negative` has taken note of.
 struct Decimal {
-  std::string whole;
-  std::string fraction;
+  char* first;
+  char* point;  // where the point stands; the end when there is none
+  char* end;
+  bool negative;
+
+  std::string_view whole() const { return {first, static_cast<std::size_t>(point - first)}; }
+  std::string_view fraction() const {
+    return point == end ? std::string_view{} : std::string_view(point + 1, end);
+  }
 };
 
-Decimal splitAtPoint(std::string_view text) {
-  const std::size_t point = text.find('.');
-  if (point == std::string_view::npos) return {std::string(text), {}};
-  return {std::string(text.substr(0, point)), std::string(text.substr(point + 1))};
+Decimal shortestDecimal(float value, Digits& digits) {
+  const std::string_view text = shortest(value, digits);
+  char* const first = digits.data() + 1;
+  char* const end = first + text.size();
+  const bool negative = text.starts_with('-');
+  return {first + (negative ? 1 : 0), std::find(first, end, '.'), end, negative};
 }
 
-// Adds one to the last digit of the number, carrying leftwards.
+// Adds one to the last digit, carrying leftwards over the point and, at worst, into the free place.
 void increment(Decimal& number) {
-  for (std::string* part : {&number.fraction, &number.whole}) {
-    for (auto digit = part->rbegin(); digit != part->rend(); ++digit) {
-      if (*digit != '9') {
-        ++*digit;
-        return;
-      }
-      *digit = '0';
+  for (char* digit = number.end; digit != number.first;) {
+    --digit;
+    if (digit == number.point) continue;
+    if (*digit != '9') {
+      ++*digit;
+      return;
     }
+    *digit = '0';
   }
-  number.whole.insert(0, 1, '1');
+  *--number.first = '1';
 }
 
 void roundDecimals(Decimal& number, std::size_t decimals) {
-  if (number.fraction.size() <= decimals) return;
-  const bool up = number.fraction[decimals] >= '5';
-  number.fraction.resize(decimals);
+  const std::string_view fraction = number.fraction();
+  if (fraction.size() <= decimals) return;
+  const bool up = fraction[decimals] >= '5';
+  number.end = number.point + (decimals == 0 ? 0 : decimals + 1);
   if (up) increment(number);
 }
 
-void fitWhole(std::string& whole, int leadingZeros) {
-  whole.erase(0, std::min(whole.find_first_not_of('0'), whole.size()));
-  const auto least = static_cast<std::size_t>(leadingZeros);
-  if (whole.size() < least) whole.insert(0, least - whole.size(), '0');
+bool hasNoValue(const Decimal& number) {
+  return std::all_of(number.first, number.end, [](char c) { return c == '0' || c == '.'; });
 }
 
-void fitFraction(std::string& fraction, int minimumDecimals) {
-  const auto least = static_cast<std::size_t>(minimumDecimals);
-  while (fraction.size() > least && fraction.back() == '0') fraction.pop_back();
-  if (fraction.size() < least) fraction.append(least - fraction.size(), '0');
+std::string_view withoutLeadingZeros(std::string_view whole) {
+  whole.remove_prefix(std::min(whole.find_first_not_of('0'), whole.size()));
+  return whole;
 }
 
-bool isZero(const Decimal& number) {
-  const auto zeros = [](std::string_view digits) {
-    return digits.find_first_not_of('0') == std::string_view::npos;
-  };
-  return zeros(number.whole) && zeros(number.fraction);
+std::string_view withoutTrailingZeros(std::string_view fraction, std::size_t least) {
+  while (fraction.size() > least && fraction.back() == '0') fraction.remove_suffix(1);
+  return fraction;
+}
+
+void appendZeros(std::string& out, std::size_t wanted, std::size_t present) {
+  if (present < wanted) out.append(wanted - present, '0');
 }
 
 // The part of the text from where a number begins, an explicit plus sign taken off. The library's
@@ -156,21 +143,27 @@ std::string plainText(float value) {
   return std::string(shortest(value, digits));
 }
 
+char* writeFileText(char* out, float value) {
+  refuseUnwritable(value);
+  if (value == 0) value = 0;  // a negative zero has no sign here
+  char* const end = std::to_chars(out, out + kLongestNumber, value, std::chars_format::fixed).ptr;
+  char* const digits = value < 0 ? out + 1 : out;
+  if (*digits != '0' || end - digits == 1) return end;
+  return std::copy(digits + 1, end, digits);
+}
+
+char* writeFileText(char* out, int value) {
+  return std::to_chars(out, out + kLongestNumber, value).ptr;
+}
+
 void appendFileText(std::string& out, float value) {
-  Digits digits;
-  std::string_view text = shortest(value, digits);
-  if (text.starts_with('-')) {
-    out.push_back('-');
-    text.remove_prefix(1);
-  }
-  if (text.starts_with("0.")) text.remove_prefix(1);
-  out.append(text);
+  char digits[kLongestNumber];
+  out.append(digits, writeFileText(digits, value));
 }
 
 void appendFileText(std::string& out, int value) {
-  Digits digits;
-  const auto result = std::to_chars(digits.data(), digits.data() + digits.size(), value);
-  out.append(digits.data(), result.ptr);
+  char digits[kLongestNumber];
+  out.append(digits, writeFileText(digits, value));
 }
 
 std::string fileText(float value) {
@@ -190,33 +183,48 @@ std::string signBlankText(int value) {
   return text;
 }
 
-std::string formatNumber(float value, std::string_view patternText) {
-  std::string text;
-  appendFormatted(text, value, patternText);
-  return text;
+NumberPattern::NumberPattern(std::string_view text) {
+  for (const char symbol : text) {
+    if (symbol == '.') hasPoint_ = true;
+    if (symbol != '0' && symbol != '#') continue;
+    hasDigits_ = true;
+    const bool always = symbol == '0';
+    if (hasPoint_) {
+      ++decimals_;
+      if (always) minimumDecimals_ = decimals_;
+    } else if (always || leadingDigits_ > 0) {
+      ++leadingDigits_;
+    }
+  }
 }
 
-void appendFormatted(std::string& out, float value, std::string_view patternText) {
-  const Pattern pattern = parsePattern(patternText);
-  if (!pattern.hasDigits) {
-    out += plainText(value);
+void NumberPattern::append(std::string& out, float value) const {
+  Digits digits;
+  if (!hasDigits_) {
+    out.append(shortest(value, digits));
     return;
   }
-  Digits digits;
-  std::string_view text = shortest(value, digits);
-  const bool negative = text.starts_with('-');
-  if (negative) text.remove_prefix(1);
+  Decimal number = shortestDecimal(value, digits);
+  roundDecimals(number, decimals_);
+  const std::string_view whole = withoutLeadingZeros(number.whole());
+  const std::string_view fraction = withoutTrailingZeros(number.fraction(), minimumDecimals_);
 
-  Decimal number = splitAtPoint(text);
-  roundDecimals(number, static_cast<std::size_t>(pattern.decimals));
-  if (negative && !isZero(number)) out.push_back('-');
-  fitWhole(number.whole, pattern.leadingZeros);
-  fitFraction(number.fraction, pattern.minimumDecimals);
+  if (number.negative && !hasNoValue(number)) out.push_back('-');
+  appendZeros(out, leadingDigits_, whole.size());
+  out.append(whole);
+  if (!hasPoint_) return;
   // A point with no digit on either side would be no number at all.
-  if (pattern.hasPoint && number.whole.empty() && number.fraction.empty()) number.whole = "0";
-  out += number.whole;
-  if (pattern.hasPoint) out.push_back('.');
-  out += number.fraction;
+  const bool bare = leadingDigits_ == 0 && minimumDecimals_ == 0;
+  if (bare && whole.empty() && fraction.empty()) out.push_back('0');
+  out.push_back('.');
+  out.append(fraction);
+  appendZeros(out, minimumDecimals_, fraction.size());
+}
+
+std::string formatNumber(float value, std::string_view pattern) {
+  std::string text;
+  NumberPattern(pattern).append(text, value);
+  return text;
 }
 
 double Val(std::string_view text) {

@@ -1,9 +1,11 @@
 // The one home of numbers as text, for files, programs and the screen. No locale plays a part, and
 // no text written here is anything but a plain decimal: no exponent, no "-0", no NaN or infinity.
-// Owns: plainText, fileText, signBlankText, appendFileText, formatNumber, Val, parseFloat,
-//       parseInteger.
+// Owns: plainText, fileText, signBlankText, writeFileText, appendFileText, NumberPattern,
+// formatNumber, Val,
+//       NumberPattern, formatNumber, Val, parseFloat, parseInteger.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -13,8 +15,13 @@ namespace tess {
 // Raises Invalid procedure call for a value that is no number or infinite; so do all writers here.
 std::string plainText(float value);
 
+// Room enough for the text of any number.
+inline constexpr std::size_t kLongestNumber = 64;
+
 // The same without the zero before the point, as the drawing files have it: ".25", "-.5".
 std::string fileText(float value);
+char* writeFileText(char* out, float value);  // to `out`; where the text ends
+char* writeFileText(char* out, int value);
 void appendFileText(std::string& out, float value);
 void appendFileText(std::string& out, int value);
 
@@ -22,12 +29,26 @@ void appendFileText(std::string& out, int value);
 std::string signBlankText(float value);
 std::string signBlankText(int value);
 
-// The value through a pattern: "0" is a digit that is always written, "#" one that is written when
+// How numbers are to look: "0" is a digit that is always written, "#" one that is written when
 // significant, "." the decimal point; other characters of the pattern are passed over. The shortest
-// decimal text of the value is rounded to the pattern's decimals, halves away from zero; a result
-// of zero has no sign. An empty pattern gives the plain text; "####" gives "" for zero.
+// decimal text of a value is rounded to the pattern's decimals, halves away from zero; a result of
+// zero has no sign. An empty pattern gives the plain text; "####" gives "" for zero.
+// Read once, then used for as many numbers as come: appending needs no memory but `out`.
+class NumberPattern {
+ public:
+  explicit NumberPattern(std::string_view text = {});
+  void append(std::string& out, float value) const;
+
+ private:
+  std::size_t leadingDigits_ = 0;    // before the point, always written
+  std::size_t minimumDecimals_ = 0;  // always written
+  std::size_t decimals_ = 0;         // written at most
+  bool hasPoint_ = false;
+  bool hasDigits_ = false;
+};
+
+// One value through a pattern.
 std::string formatNumber(float value, std::string_view pattern);
-void appendFormatted(std::string& out, float value, std::string_view pattern);
 
 // Lenient parse: the number that the text begins with after leading blanks, 0 when there is none.
 // A value too large for the 64-bit range gives infinity.

@@ -50,6 +50,10 @@ class SessionListener {
   virtual void scaleDrawing(float /*factor*/) {}  // after a change of units
   virtual void closeMainWindow() {}
   virtual void importDxf(const std::string& /*path*/) {}
+  virtual void loadLayout() {}          // Layout.tb3 of the program's folder
+  virtual void saveLayout() {}          // to the same file
+  virtual void readPressedTools() {}    // OSnap, VGrid, CGrid, miEditSegsOrPaths into their flags
+  virtual void unloadOtherWindows() {}  // all but the main one
 };
 
 // Thrown to end the program in order when it cannot go on; what() is a line for the operator.
@@ -69,10 +73,12 @@ struct Session {
   std::string appfolder;                     // the program's folder with its last separator
   std::string cmdline;                       // the drawing named at the start, as it was typed
   std::string selectedfolder, selectedname;  // what the next load will use
+  std::string lastfilename;                  // full path of the drawing chosen last, for a revert
   std::string setuppath, setupname;          // the setup in force: as named, and its file name
   std::string productname = "Tessimo Mill";
   std::string companyname;
   RecentFiles recentfiles;
+  double starttime = 0;  // of the clock, when Main began
   bool startupdone = false;
 };
 

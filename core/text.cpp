@@ -1,6 +1,7 @@
 // Text helpers that never ask the locale.
 #include "core/text.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 
@@ -76,6 +77,11 @@ bool equalIgnoringCase(std::string_view a, std::string_view b) {
 
 std::size_t findIgnoringCase(std::string_view text, std::string_view part) {
   return lowerCased(text).find(lowerCased(part));
+}
+
+std::string onOneLine(std::string text) {
+  std::replace_if(text.begin(), text.end(), endsLine, ' ');
+  return text;
 }
 
 std::string toUtf8(std::string_view bytes) {

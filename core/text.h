@@ -1,5 +1,6 @@
 // Text helpers that never ask the locale: blanks, letter case, encoding.
-// Owns: trimmed, lowerCased, upperCased, equalIgnoringCase, containsIgnoringCase, toUtf8.
+// Owns: trimmed, lowerCased, upperCased, equalIgnoringCase, findIgnoringCase, endsLine, onOneLine,
+//       toUtf8.
 #pragma once
 
 #include <string>
@@ -16,6 +17,12 @@ std::string upperCased(std::string_view text);
 bool equalIgnoringCase(std::string_view a, std::string_view b);
 // The position of `part` in `text` regardless of case, or npos.
 std::size_t findIgnoringCase(std::string_view text, std::string_view part);
+
+constexpr bool endsLine(char letter) {
+  return letter == '\r' || letter == '\n';
+}
+// A blank in place of each line end, so that the text stays one line of a file.
+std::string onOneLine(std::string text);
 
 // Bytes as UTF-8: what is valid stays, any other byte is taken as a Latin-1 character.
 std::string toUtf8(std::string_view bytes);

@@ -1,5 +1,5 @@
 // One drawing or path row as the geometry sees it: a kind and three points.
-// Owns: Entity, lineEntity, segmentEntity, pathEntity, radiusOf, chordSlope.
+// Owns: Entity, lineEntity, isRound, segmentEntity, pathEntity, radiusOf, chordSlope.
 #pragma once
 
 #include "core/conventions.h"
@@ -17,6 +17,11 @@ struct Entity {
 
 inline Entity lineEntity(Point start, Point end) {
   return {kLine, start, end, {}};
+}
+
+// Arcs and circles: the kinds that have a centre.
+constexpr bool isRound(int type) {
+  return isArc(type) || type == kCircle;
 }
 
 // Row `sg` or `ps` of the tables. Raises Subscript out of range outside them.

@@ -59,8 +59,7 @@ int nearestArcSeg(const DrawingStore& store, Point at) {
 
 int nearestRoundSeg(const DrawingStore& store, Point at) {
   return nearestRow(store.NumSegments, at, [&](int sg, Point& nearest) {
-    const int type = store.segtype[sg];
-    if (!isArc(type) && type != kCircle) return false;
+    if (!isRound(store.segtype[sg])) return false;
     return nearestOnArc(segmentEntity(store, sg), at, store.cfg_tolerance, nearest) == kFound;
   });
 }

@@ -84,10 +84,39 @@ TEST(NumberText, PatternsRoundTheShortestTextHalvesAwayFromZero) {
       {0.0F, "#.#", "0."},
       {3.25F, "", "3.25"},
       {0.99996F, "##0.0###", "1.0"},
+      {-999.96F, "##0.0", "-1000.0"},
+      {99.5F, "##0", "100"},
+      {-9.5F, "0", "-10"},
+      {0.95F, "#.#", "1."},
+      {0.04F, "#.#", "0."},
+      {-0.04F, "#.#", "0."},
+      {12.0F, "#", "12"},
+      {1.5F, "x0.0y", "1.5"},
+      {1.5F, "xy", "1.5"},
+      {-2.25F, "000.000", "-002.250"},
+      {16777216.0F, "0.0", "16777216.0"},
+      {1e-6F, "##0.0####", "0.0"},
   };
   for (const PatternCase& c : cases) {
     EXPECT_EQ(formatNumber(c.value, c.pattern), c.text) << c.value << " through " << c.pattern;
   }
+}
+
+TEST(NumberText, OnePatternServesManyNumbersBehindWhatStandsThere) {
+  const NumberPattern pattern("##0.0###");
+  std::string text = "X";
+  pattern.append(text, 1.25F);
+  text += " Y";
+  pattern.append(text, -0.5F);
+  EXPECT_EQ(text, "X1.25 Y-0.5");
+}
+
+TEST(NumberText, LongestNumberPassesThroughAPatternUnharmed) {
+  const float largest = std::numeric_limits<float>::max();
+  const float smallest = std::numeric_limits<float>::denorm_min();
+  EXPECT_EQ(formatNumber(-largest, "##0.0"), plainText(-largest) + ".0");
+  EXPECT_EQ(formatNumber(smallest, "0." + std::string(60, '#')), plainText(smallest));
+  EXPECT_EQ(formatNumber(smallest, "0." + std::string(60, '0')).size(), 62U);
 }
 
 struct ParseCase {

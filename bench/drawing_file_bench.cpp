@@ -1,0 +1,128 @@
+// Saving and loading of drawings: the text of both files and back, at the sizes that operators
+// meet and at the largest the tables hold. The bare loops over the same bytes are the yardstick:
+// the format code is held to twice their time.
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <string>
+#include <vector>
+
+#include "benchmark/benchmark.h"
+
+#include "core/drawing_format.h"
+
+namespace tess {
+namespace {
+
+// Arcs, the kind with the most fields, with coordinates of five decimals as drawings have them.
+DrawingStore drawingOf(int rows) {
+  DrawingStore store;
+  for (int row = 1; row <= rows; ++row) {
+    const double angle = row * 0.001;
+    const auto x = static_cast<float>(std::round(std::cos(angle) * 4e5) / 1e5);
+    const auto y = static_cast<float>(std::round(std::sin(angle) * 4e5) / 1e5);
+    AddSeg(store, {.type = kClockwiseArc, .x0 = x, .y0 = y, .x1 = y, .y1 = x, .xc = -x, .yc = -y},
+           nullptr);
+    addPathSegment(store, {.type = kLine,
+                           .x0 = x,
+                           .y0 = y,
+                           .x1 = y,
+                           .y1 = x,
+                           .z = -0.25F,
+                           .feed = 12.5F,
+                           .code = 103});
+  }
+  return store;
+}
+
+struct Pair {
+  std::string drawing, paths;
+};
+
+Pair textOf(DrawingStore& store) {
+  Pair pair;
+  writefileheader(store, pair.drawing);
+  appendSegments(pair.drawing, store);
+  appendPaths(pair.paths, store);
+  return pair;
+}
+
+void saveText(benchmark::State& state) {
+  DrawingStore store = drawingOf(static_cast<int>(state.range(0)));
+  for (auto _ : state) {
+    Pair pair = textOf(store);
+    benchmark::DoNotOptimize(pair.paths.data());
+  }
+}
+
+void loadText(benchmark::State& state) {
+  DrawingStore store = drawingOf(static_cast<int>(state.range(0)));
+  const Pair pair = textOf(store);
+  for (auto _ : state) {
+    DrawingStore loaded;
+    FieldReader drawing("bench.cdm", pair.drawing);
+    readfileheader(loaded, drawing);
+    readSegments(loaded, drawing);
+    FieldReader paths("bench.tpm", pair.paths);
+    readPaths(loaded, paths);
+    benchmark::DoNotOptimize(loaded.NumPathSegments);
+  }
+}
+
+// Every number of the text once more as text, with nothing but the library's writer.
+void saveBare(benchmark::State& state) {
+  DrawingStore store = drawingOf(static_cast<int>(state.range(0)));
+  const auto rows = static_cast<std::size_t>(state.range(0));
+  const std::array<Column<float>*, 14> columns{
+      &store.x0,      &store.y0,   &store.x1,   &store.y1,    &store.centerx,
+      &store.centery, &store.psx0, &store.psy0, &store.psx1,  &store.psy1,
+      &store.psxc,    &store.psyc, &store.psz,  &store.psfeed};
+  for (auto _ : state) {
+    std::string text(rows * 14 * 16, '\0');
+    char* out = text.data();
+    char* const end = out + text.size();
+    for (std::size_t row = 1; row <= rows; ++row) {
+      for (int integers = 0; integers < 4; ++integers) {
+        out = std::to_chars(out, end, 103).ptr;
+        *out++ = ',';
+      }
+      for (const Column<float>* column : columns) {
+        out = std::to_chars(out, end, column->rows()[row]).ptr;
+        *out++ = ',';
+      }
+    }
+    benchmark::DoNotOptimize(out);
+  }
+}
+
+// Every field of the bytes as a number, with nothing but the library's parser.
+void parseBare(const std::string& text, std::vector<float>& values) {
+  const char* at = text.data();
+  const char* const end = at + text.size();
+  while (at < end) {
+    float value = 0;
+    const auto result = std::from_chars(at, end, value);
+    values.push_back(value);
+    at = result.ptr == at ? at + 1 : result.ptr;
+    while (at < end && (*at == ',' || *at == '\r' || *at == '\n')) ++at;
+  }
+}
+
+void loadBare(benchmark::State& state) {
+  DrawingStore store = drawingOf(static_cast<int>(state.range(0)));
+  const Pair pair = textOf(store);
+  for (auto _ : state) {
+    std::vector<float> values;
+    parseBare(pair.drawing, values);
+    parseBare(pair.paths, values);
+    benchmark::DoNotOptimize(values.data());
+  }
+}
+
+BENCHMARK(saveText)->Arg(100)->Arg(1000)->Arg(10000)->Arg(32767)->Unit(benchmark::kMicrosecond);
+BENCHMARK(saveBare)->Arg(32767)->Unit(benchmark::kMicrosecond);
+BENCHMARK(loadText)->Arg(100)->Arg(1000)->Arg(10000)->Arg(32767)->Unit(benchmark::kMicrosecond);
+BENCHMARK(loadBare)->Arg(32767)->Unit(benchmark::kMicrosecond);
+
+}  // namespace
+}  // namespace tess

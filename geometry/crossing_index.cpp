@@ -1,0 +1,99 @@
+// Boxes grown by how far from an entity the formulas may still place a crossing on it.
+//
+// A crossing of two lines lies in both boxes grown by kSegBoxMargin, as the routine itself tests.
+// With an arc three things add to that. Tangents count within the tolerance, measured as a distance
+// or a squared distance. Angles are 32-bit. And the quadratic loses digits near tangency: with u
+// the 64-bit rounding unit, M the largest coordinate and s the slope, its coefficients are of the
+// order M*(1+s)^2, so that the discriminant is off by up to 80*u*M^2*(1+s)^4 and a root by
+// sqrt(80*u)*M; along the line that is (1+s) times as far.
+#include "geometry/crossing_index.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "geometry/row_boxes.h"
+
+namespace tess {
+namespace {
+
+constexpr double kRootNoise = 2e-7;       // sqrt(80*u), doubled
+constexpr double kAngleNoise = 2e-6;      // radians, a few 32-bit rounding units of two pi
+constexpr double kSteepestRegular = 1e4;  // radical lines beyond it are AlignedCenters' business
+constexpr double kZeroNoise = 1e-5;       // what equal centres make of radii that almost agree
+
+// Kinds that are neither line nor arc but whose number, added to another kind's tens, is the code
+// of a pair that has a rule: intersectEntities takes them for lines and arcs.
+bool passesForLineOrArc(int type) {
+  return type < 0 || (type >= 11 && type <= 33);
+}
+
+}  // namespace
+
+CrossingIndex::CrossingIndex(std::vector<Entity> entities, float tolerence)
+    : entities_(std::move(entities)),
+      tolerence_(std::max(tolerence, 0.0F)),
+      sameX_(entities_, CenterAxis::SameX),
+      sameY_(entities_, CenterAxis::SameY) {
+  for (const Entity& entity : entities_) {
+    magnitude_ = std::max(magnitude_, magnitudeOf(entity));
+    hasArcs_ = hasArcs_ || isArc(entity.type);
+  }
+  std::vector<Box> boxes;
+  boxes.reserve(entities_.size());
+  for (const Entity& entity : entities_) boxes.push_back(reachOf(entity));
+  boxes_ = BoxIndex(std::move(boxes));
+}
+
+void CrossingIndex::candidates(int row, int after, std::vector<int>& rows) const {
+  const Entity& entity = entities_[static_cast<std::size_t>(row) - 1];
+  candidates(entity, after, rows);
+  std::erase(rows, row);
+}
+
+void CrossingIndex::candidates(const Entity& entity, int after, std::vector<int>& rows) const {
+  // A stranger beyond the magnitude that the boxes were grown for, or the first arc among lines:
+  // no box can be trusted.
+  const bool strange = magnitudeOf(entity) > magnitude_ || (isArc(entity.type) && !hasArcs_);
+  boxes_.rowsOverlapping(strange ? everywhere() : reachOf(entity), after, rows);
+  if (strange || !isArc(entity.type)) return;
+  const std::size_t near = rows.size();
+  sameX_.collect(entity.center, after, rows);
+  sameY_.collect(entity.center, after, rows);
+  if (rows.size() == near) return;
+  std::sort(rows.begin(), rows.end());
+  rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
+}
+
+Box CrossingIndex::reachOf(const Entity& entity) const {
+  if (passesForLineOrArc(entity.type)) return everywhere();
+  if (entity.type == kLine) return grown(entityBox(entity), reachOfLine(entity));
+  if (isArc(entity.type)) return grown(entityBox(entity), reachOfArc(entity));
+  return entityBox(entity);
+}
+
+double CrossingIndex::reachOfLine(const Entity& line) const {
+  const double margin = 1.01 * kSegBoxMargin + kRootNoise * magnitude_;
+  const double slope = std::abs(chordSlope(line.start, line.end));
+  if (!hasArcs_ || slope > kSteepSlope) return margin;
+  return margin + kRootNoise * magnitude_ * slope;
+}
+
+// A hit on the other curve may miss this circle's squared radius by so much; it then misses the
+// radius by more the smaller that is.
+double CrossingIndex::reachOfArc(const Entity& arc) const {
+  const double r = radiusOf(arc);
+  const double squareNoise =
+      tolerence_ * (1 + tolerence_ + 4 * magnitude_) + kZeroNoise * magnitude_;
+  return std::sqrt(r * r + squareNoise) - r + kAngleNoise * r +
+         kRootNoise * kSteepestRegular * magnitude_;
+}
+
+CrossingIndex segmentCrossingIndex(const DrawingStore& store) {
+  return CrossingIndex(segmentEntities(store), store.cfg_tolerance);
+}
+
+CrossingIndex pathCrossingIndex(const DrawingStore& store) {
+  return CrossingIndex(pathEntities(store), store.cfg_tolerance);
+}
+
+}  // namespace tess

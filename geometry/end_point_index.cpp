@@ -1,0 +1,155 @@
+// The hashed end points: cells of four tolerances, so that a point and all that is the same lie in
+// at most two cells along each axis.
+#include "geometry/end_point_index.h"
+
+#include <algorithm>
+#include <bit>
+#include <cmath>
+#include <cstdint>
+
+namespace tess {
+namespace {
+
+constexpr double kCellInTolerances = 4;
+constexpr std::size_t kLeastBuckets = 16;
+// samePoint subtracts in 64 bits; a search must reach as far as its rounding does.
+constexpr double kReachFactor = 1 + 1e-6;
+constexpr double kRoundingShare = 1e-15;
+
+std::uint64_t mixed(std::uint64_t bits) {
+  bits *= 0x9E3779B97F4A7C15ULL;
+  return bits ^ (bits >> 32U);
+}
+
+}  // namespace
+
+EndPointIndex::EndPointIndex(float tolerence)
+    : tolerence_(tolerence),
+      cellsPerUnit_(tolerence > 0 ? 1 / (kCellInTolerances * tolerence) : 0),
+      heads_(kLeastBuckets, kLast) {}
+
+void EndPointIndex::update(int row, Point start, Point end) {
+  remove(row);
+  reserve(row);
+  const auto entry = 2 * static_cast<std::size_t>(row);
+  addEnd(entry + 1, end);
+  addEnd(entry, start);
+}
+
+void EndPointIndex::remove(int row) {
+  const auto entry = 2 * static_cast<std::size_t>(row);
+  if (entry >= ends_.size() || ends_[entry].next == kAbsent) return;
+  removeEnd(entry);
+  removeEnd(entry + 1);
+}
+
+void EndPointIndex::rowsAt(Point at, std::vector<EndMatch>& matches) const {
+  matches.clear();
+  double cellsX[3];
+  double cellsY[3];
+  const int countX = cellsAround(at.x, cellsX);
+  const int countY = cellsAround(at.y, cellsY);
+  std::size_t buckets[9];
+  std::size_t count = 0;
+  for (int x = 0; x < countX; ++x)
+    for (int y = 0; y < countY; ++y) buckets[count++] = bucketOf(cellsX[x], cellsY[y]);
+  std::sort(buckets, buckets + count);
+  const auto* last = std::unique(buckets, buckets + count);
+  for (const auto* bucket = buckets; bucket != last; ++bucket) matchBucket(*bucket, at, matches);
+
+  // Both ends of one row may match, from different buckets: they make one answer.
+  std::sort(matches.begin(), matches.end(),
+            [](const EndMatch& a, const EndMatch& b) { return a.row < b.row; });
+  std::size_t kept = 0;
+  for (const EndMatch& match : matches) {
+    if (kept == 0 || matches[kept - 1].row != match.row) {
+      matches[kept++] = match;
+    } else {
+      matches[kept - 1].atStart |= match.atStart;
+      matches[kept - 1].atEnd |= match.atEnd;
+    }
+  }
+  matches.resize(kept);
+}
+
+void EndPointIndex::reserve(int rows) {
+  const auto size = 2 * (static_cast<std::size_t>(rows) + 1);
+  if (size <= ends_.size()) return;
+  ends_.resize(size);
+  if (size > heads_.size()) rehash(std::bit_ceil(2 * size));
+}
+
+void EndPointIndex::addEnd(std::size_t entry, Point at) {
+  int& head = heads_[bucketOf(at)];
+  ends_[entry] = {at, head};
+  head = static_cast<int>(entry);
+}
+
+void EndPointIndex::removeEnd(std::size_t entry) {
+  int* link = &heads_[bucketOf(ends_[entry].at)];
+  while (*link != static_cast<int>(entry)) link = &ends_[static_cast<std::size_t>(*link)].next;
+  *link = ends_[entry].next;
+  ends_[entry].next = kAbsent;
+}
+
+void EndPointIndex::rehash(std::size_t buckets) {
+  heads_.assign(buckets, kLast);
+  for (std::size_t entry = ends_.size(); entry-- > 0;) {
+    if (ends_[entry].next != kAbsent) addEnd(entry, ends_[entry].at);
+  }
+}
+
+// Without a tolerance the coordinate is its own cell. Adding 0 makes both zeros one.
+double EndPointIndex::cellOf(double value) const {
+  return (cellsPerUnit_ > 0 ? std::floor(value * cellsPerUnit_) : value) + 0.0;
+}
+
+std::size_t EndPointIndex::bucketOf(double cellX, double cellY) const {
+  const std::uint64_t x = mixed(std::bit_cast<std::uint64_t>(cellX));
+  const std::uint64_t y = std::bit_cast<std::uint64_t>(cellY);
+  return mixed(x + y) & (heads_.size() - 1);
+}
+
+// The cells that values the same as this one may lie in. Far out, where cells are finer than the
+// coordinates, the value's own cell need not be among those of its neighbourhood's limits.
+int EndPointIndex::cellsAround(float value, double (&cells)[3]) const {
+  cells[0] = cellOf(value);
+  if (cellsPerUnit_ <= 0) return 1;
+  const double reach = tolerence_ * kReachFactor + std::abs(value) * kRoundingShare;
+  int count = 1;
+  for (const double limit : {value - reach, value + reach}) {
+    const double cell = cellOf(limit);
+    if (std::find(cells, cells + count, cell) == cells + count) cells[count++] = cell;
+  }
+  return count;
+}
+
+void EndPointIndex::matchBucket(std::size_t bucket, Point at,
+                                std::vector<EndMatch>& matches) const {
+  for (int entry = heads_[bucket]; entry != kLast;) {
+    const End& end = ends_[static_cast<std::size_t>(entry)];
+    if (samePoint(end.at, at, tolerence_))
+      matches.push_back({entry / 2, entry % 2 == 0, entry % 2 != 0});
+    entry = end.next;
+  }
+}
+
+EndPointIndex segmentEndIndex(const DrawingStore& store, float tolerence) {
+  EndPointIndex index(tolerence);
+  const int rows = store.NumSegments;
+  index.reserve(rows);
+  for (int sg = rows; sg >= 1; --sg)
+    index.update(sg, {store.x0[sg], store.y0[sg]}, {store.x1[sg], store.y1[sg]});
+  return index;
+}
+
+EndPointIndex pathEndIndex(const DrawingStore& store, float tolerence) {
+  EndPointIndex index(tolerence);
+  const int rows = store.NumPathSegments;
+  index.reserve(rows);
+  for (int ps = rows; ps >= 1; --ps)
+    index.update(ps, {store.psx0[ps], store.psy0[ps]}, {store.psx1[ps], store.psy1[ps]});
+  return index;
+}
+
+}  // namespace tess

@@ -1,0 +1,96 @@
+// Bounding boxes: curves by their ends and the quadrant points on them.
+#include "geometry/row_boxes.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "geometry/angles.h"
+
+namespace tess {
+namespace {
+
+// A quadrant point: its angle as vectorAngle gives it and its direction from the centre.
+struct Quadrant {
+  float angle;
+  int x, y;
+};
+
+constexpr Quadrant kQuadrants[] = {
+    {0, 1, 0},
+    {static_cast<float>(kPi / 2), 0, 1},
+    {static_cast<float>(kPi), -1, 0},
+    {static_cast<float>(kThreePi / 2), 0, -1},
+};
+
+Point around(Point center, double dx, double dy) {
+  return {narrow(center.x + dx), narrow(center.y + dy)};
+}
+
+Box circleBox(Point center, double radius) {
+  return boxOf(around(center, -radius, -radius), around(center, radius, radius));
+}
+
+// The end of an arc, moved out along its radius when the arc's larger radius is the other end's.
+Point atRadius(Point center, Point end, double radius) {
+  const double own = distance(end, center);
+  if (own <= 0 || own >= radius) return end;
+  const double factor = radius / own;
+  return around(center, (static_cast<double>(end.x) - center.x) * factor,
+                (static_cast<double>(end.y) - center.y) * factor);
+}
+
+}  // namespace
+
+Box arcBox(const Entity& arc) {
+  const double radius = std::max(radiusOf(arc), distance(arc.end, arc.center));
+  const float a = vectorAngle(arc.center, arc.start);
+  const float b = vectorAngle(arc.center, arc.end);
+  Box box = boxOf(arc.start, arc.end);
+  box = extended(box, atRadius(arc.center, arc.start, radius));
+  box = extended(box, atRadius(arc.center, arc.end, radius));
+  for (const Quadrant& quadrant : kQuadrants) {
+    if (angleInSweep(quadrant.angle, a, b, arc.type))
+      box = extended(box, around(arc.center, quadrant.x * radius, quadrant.y * radius));
+  }
+  return box;
+}
+
+Box entityBox(const Entity& entity) {
+  if (isArc(entity.type)) return arcBox(entity);
+  if (entity.type == kCircle) return circleBox(entity.center, radiusOf(entity));
+  return boxOf(entity.start, entity.end);
+}
+
+double largestCoordinate(Point p) {
+  return std::max(std::abs(p.x), std::abs(p.y));
+}
+
+double magnitudeOf(const Entity& entity) {
+  const double ends = std::max(largestCoordinate(entity.start), largestCoordinate(entity.end));
+  if (!isRound(entity.type)) return ends;
+  const double radius = std::max(radiusOf(entity), distance(entity.end, entity.center));
+  return std::max({ends, largestCoordinate(entity.center), radius});
+}
+
+std::vector<Entity> segmentEntities(const DrawingStore& store) {
+  std::vector<Entity> entities;
+  entities.reserve(static_cast<std::size_t>(store.NumSegments));
+  for (int sg = 1; sg <= store.NumSegments; ++sg) entities.push_back(segmentEntity(store, sg));
+  return entities;
+}
+
+std::vector<Entity> pathEntities(const DrawingStore& store) {
+  std::vector<Entity> entities;
+  entities.reserve(static_cast<std::size_t>(store.NumPathSegments));
+  for (int ps = 1; ps <= store.NumPathSegments; ++ps) entities.push_back(pathEntity(store, ps));
+  return entities;
+}
+
+std::vector<Box> entityBoxes(const std::vector<Entity>& entities) {
+  std::vector<Box> boxes;
+  boxes.reserve(entities.size());
+  for (const Entity& entity : entities) boxes.push_back(entityBox(entity));
+  return boxes;
+}
+
+}  // namespace tess

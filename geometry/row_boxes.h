@@ -1,0 +1,30 @@
+// Bounding boxes of drawing and path rows.
+// Owns: arcBox, entityBox, largestCoordinate, magnitudeOf, segmentEntities, pathEntities,
+//       entityBoxes.
+#pragma once
+
+#include <vector>
+
+#include "geometry/box_index.h"
+#include "geometry/entity.h"
+
+namespace tess {
+
+// The exact box of an arc's sweep: its ends as they are stored and each quadrant point that the
+// sweep passes. Equal end angles are the whole circle. Should start and end differ in radius, the
+// larger one counts, so that the box holds whatever the routines find on the arc by either.
+Box arcBox(const Entity& arc);
+
+// The box of any row: arcs and circles by their curve, all other kinds by their two points.
+Box entityBox(const Entity& entity);
+
+// The largest coordinate, of an arc or circle also the radius: the scale of what rounding costs.
+double largestCoordinate(Point p);
+double magnitudeOf(const Entity& entity);
+
+// All rows of a table; element k is row k + 1.
+std::vector<Entity> segmentEntities(const DrawingStore& store);
+std::vector<Entity> pathEntities(const DrawingStore& store);
+std::vector<Box> entityBoxes(const std::vector<Entity>& entities);
+
+}  // namespace tess
