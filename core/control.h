@@ -64,9 +64,17 @@ struct Validation {
   void refuse() { refused = true; }
 };
 
-// Where a control stands on its form: inside a frame or directly on it, and in which element of a
-// control array.
+// Where a control stands on its form: directly on it or inside a frame, which is given as it is
+// (`Option optMove{*this, "optMove", fraAction}`), and with which index in a control array.
 struct ControlPlace {
+  ControlPlace() = default;
+  ControlPlace(Frame& around) : frame(&around) {}
+  ControlPlace at(int element) const {
+    ControlPlace place = *this;
+    place.index = element;
+    return place;
+  }
+
   Frame* frame = nullptr;
   std::optional<int> index;
 };

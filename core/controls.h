@@ -263,10 +263,10 @@ class ControlArray {
   using IndexHandler = std::function<void(int)>;
 
   ControlArray(Form& form, const std::string& name, const std::vector<int>& indices,
-               Frame* frame = nullptr)
+               ControlPlace place = {})
       : indices_(indices) {
     for (const int index : indices_) {
-      elements_.push_back(std::make_unique<Kind>(form, name, ControlPlace{frame, index}));
+      elements_.push_back(std::make_unique<Kind>(form, name, place.at(index)));
       forwardEvents(*elements_.back(), index);
     }
   }

@@ -357,9 +357,11 @@ Answer HuntERR::askAtStop() {
 void HuntERR::HandleError() noexcept {
   if (!now_.error.held) return;
   ignoringErrors([&] {
-    lastReport_ = reportText();
+    // Whatever keeps the report from being made, the description is left to tell.
+    std::string text = now_.error.description;
+    ignoringErrors([&] { text = reportText(); });
     now_ = {};
-    const std::string text = lastReport_;
+    lastReport_ = text;
     show(text);
     appendToLog(text);
   });

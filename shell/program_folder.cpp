@@ -74,7 +74,8 @@ std::string programFolder(const FolderRequest& request) {
   std::string folder = chosenFolder(request);
   // Without it the first drawing would have no place; a read-only folder simply stays without.
   std::error_code ignored;
-  if (!folderExists(folder + kDrawingFolder)) fs::create_directory(folder + kDrawingFolder, ignored);
+  if (!folderExists(folder + kDrawingFolder))
+    fs::create_directory(folder + kDrawingFolder, ignored);
   return folder;
 }
 
