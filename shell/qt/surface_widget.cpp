@@ -1,14 +1,10 @@
 // From the toolkit's events to drawing units, and from the picture to the screen.
 #include "shell/qt/surface_widget.h"
 
-#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QWheelEvent>
-#include <array>
-#include <cmath>
-#include <utility>
 
 namespace tess {
 
@@ -30,39 +26,7 @@ int buttonsOf(Qt::MouseButtons buttons) {
   return (buttons.testFlag(Qt::LeftButton) ? 1 : 0) | (buttons.testFlag(Qt::RightButton) ? 2 : 0);
 }
 
-bool isModifier(int key) {
-  constexpr std::array kModifiers{Qt::Key_Shift, Qt::Key_Control,  Qt::Key_Alt,
-                                  Qt::Key_Meta,  Qt::Key_CapsLock, Qt::Key_AltGr};
-  for (const Qt::Key modifier : kModifiers) {
-    if (key == modifier) return true;
-  }
-  return false;
-}
-
-// Keys whose names here are not those of the toolkit.
-std::string ownName(int key) {
-  constexpr std::array<std::pair<Qt::Key, const char*>, 6> kNames{{{Qt::Key_Escape, "Esc"},
-                                                                   {Qt::Key_Return, "Enter"},
-                                                                   {Qt::Key_Enter, "Enter"},
-                                                                   {Qt::Key_Insert, "Insert"},
-                                                                   {Qt::Key_Delete, "Delete"},
-                                                                   {Qt::Key_Backtab, "Tab"}}};
-  for (const auto& [known, name] : kNames) {
-    if (key == known) return name;
-  }
-  return QKeySequence(key).toString(QKeySequence::PortableText).toStdString();
-}
-
 }  // namespace
-
-std::string keyName(const QKeyEvent& event) {
-  if (isModifier(event.key()) || event.key() == 0 || event.key() == Qt::Key_unknown) return {};
-  std::string name;
-  if (event.modifiers().testFlag(Qt::ControlModifier)) name += "Ctrl+";
-  if (event.modifiers().testFlag(Qt::AltModifier)) name += "Alt+";
-  if (event.modifiers().testFlag(Qt::ShiftModifier)) name += "Shift+";
-  return name + ownName(event.key());
-}
 
 SurfaceWidget::SurfaceWidget(QWidget* parent) : QWidget(parent) {
   setObjectName("picDrawing");
@@ -141,9 +105,7 @@ void SurfaceWidget::wheelEvent(QWheelEvent* event) {
 }
 
 void SurfaceWidget::keyPressEvent(QKeyEvent* event) {
-  const std::string name = keyName(*event);
-  const bool taken = !name.empty() && onKey && onKey(name);
-  if (!taken) QWidget::keyPressEvent(event);
+  if (!handleKey(*event)) QWidget::keyPressEvent(event);
 }
 
 }  // namespace tess

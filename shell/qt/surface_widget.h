@@ -2,9 +2,9 @@
 // Owns: SurfaceWidget.
 #pragma once
 
+#include <QKeyEvent>
 #include <QWidget>
 #include <functional>
-#include <string>
 
 #include "shell/qt/raster_surface.h"
 
@@ -23,8 +23,9 @@ class SurfaceWidget : public QWidget {
   // began before goes on and ends, or a button would seem to stay down.
   PointerHandler onPress, onMove, onRelease;
   std::function<void(int steps, int shift)> onWheel;
-  // A key by its name, such as "L", "Ctrl+M", "F3" or "Left"; false when it has no meaning here.
-  std::function<bool(const std::string& key)> onKey;
+  // A key; false when it has no meaning here.
+  std::function<bool(const QKeyEvent& key)> onKey;
+  bool handleKey(const QKeyEvent& key) { return onKey && onKey(key); }
   // The picture is empty after the window moved to a screen of another density.
   std::function<void()> onPictureLost;
 
@@ -47,8 +48,5 @@ class SurfaceWidget : public QWidget {
   bool dragging_ = false;
   int wheelRest_ = 0;  // turned, but less than a step
 };
-
-// The name of a key press as commands know it, "" for a bare modifier.
-std::string keyName(const QKeyEvent& event);
 
 }  // namespace tess

@@ -1,7 +1,6 @@
 // Menus and tool bars.
 #include "shell/qt/tool_bars.h"
 
-#include <QApplication>
 #include <QMenuBar>
 #include <QToolButton>
 #include <array>
@@ -92,10 +91,8 @@ QAction* ToolBars::makeAction(const Tool& tool) {
 
 // The toolkit has turned its own check mark over by now; the model alone decides.
 void ToolBars::click(const std::string& tool) {
-  const bool fromMenu = window_.sender() != nullptr && QApplication::activePopupWidget() != nullptr;
   gateway_.enter("frmMain.abMain_ToolClick(tool)", [&] { host_.click(tool); });
   if (const Tool* clicked = host_.tool(tool)) showChecked(*clicked);
-  if (fromMenu && onMenuCommand) onMenuCommand();
 }
 
 // Only a toggle is checkable for good, or every entry of a menu would have an empty box.
@@ -114,6 +111,9 @@ void ToolBars::makeMenu(const Band& band) {
   QObject::connect(menu, &QMenu::aboutToShow, menu, [this, name = band.name] { setOpen(name, true); });
   QObject::connect(menu, &QMenu::aboutToHide, menu,
                    [this, name = band.name] { setOpen(name, false); });
+  QObject::connect(menu, &QMenu::triggered, menu, [this] {
+    if (onMenuCommand) onMenuCommand();
+  });
   menus_[band.name] = menu;
 }
 
