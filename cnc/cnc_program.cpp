@@ -85,18 +85,23 @@ std::string programText(const Session& session, const PostDefinition& definition
   return out;
 }
 
+std::string programFile(const DrawingStore& store) {
+  return outputFolder(store) + programName(store.drawingname);
+}
+
 void WriteCncFinish(const Session& session, const PostDefinition& definition, CncState& state,
-                    CncMode mode) {
+                    CncMode mode, const std::string& file) {
   const Procedure here("WriteCncFinish(mode$)");
-  writeFile(outputFolder(session.store) + state.cncfilename,
+  writeFile(file.empty() ? outputFolder(session.store) + state.cncfilename : file,
             programText(session, definition, state, mode));
 }
 
-bool make_cnc(Session& session, const PostDefinition& definition, CncState& state, CncMode mode) {
+bool make_cnc(Session& session, const PostDefinition& definition, CncState& state, CncMode mode,
+              const std::string& file) {
   const Procedure here("make_cnc(mode$)");
   if (!settleUnsavedWork(session)) return false;
   state.cncfilename = programName(session.store.drawingname);
-  WriteCncFinish(session, definition, state, mode);
+  WriteCncFinish(session, definition, state, mode, file);
   return true;
 }
 

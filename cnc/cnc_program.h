@@ -1,7 +1,7 @@
 // CNC programs: the path rows of the open drawing as one RS-274-D text file for a mill or a lathe,
 // in the words of the post-processor definition in force.
-// Owns: CncState, ProgramViewer, programText, WriteCncFinish, make_cnc, mnuCAMMakeCNCFile_Click,
-//       mnuCAMMakeCNCLatheFile_Click.
+// Owns: CncState, ProgramViewer, programText, programFile, WriteCncFinish, make_cnc,
+//       mnuCAMMakeCNCFile_Click, mnuCAMMakeCNCLatheFile_Click.
 #pragma once
 
 #include <string>
@@ -33,13 +33,18 @@ class ProgramViewer {
 std::string programText(const Session& session, const PostDefinition& definition, CncState& state,
                         CncMode mode);
 
-// Writes it to "cnc output path", or to the drawing's folder when that is blank or not there. An
-// old program is replaced only by a complete one. Raises also what writeFile raises.
+// Where the program of the drawing belongs: its name in "cnc output path", or in the drawing's
+// folder when that setting is blank or not there.
+std::string programFile(const DrawingStore& store);
+
+// Writes it to `file`, or to programFile with an empty one. An old program is replaced only by a
+// complete one. Raises also what writeFile raises.
 void WriteCncFinish(const Session& session, const PostDefinition& definition, CncState& state,
-                    CncMode mode);
+                    CncMode mode, const std::string& file = {});
 
 // Asks about unsaved work first; false when the operator cancels, true when a file was written.
-bool make_cnc(Session& session, const PostDefinition& definition, CncState& state, CncMode mode);
+bool make_cnc(Session& session, const PostDefinition& definition, CncState& state, CncMode mode,
+              const std::string& file = {});
 
 // The two commands: they make the program and show it.
 void mnuCAMMakeCNCFile_Click(Session& session, const PostDefinition& definition, CncState& state,

@@ -2,6 +2,7 @@
 #include "cnc/lathe_body.h"
 
 #include <cmath>
+#include <utility>
 
 namespace tess {
 
@@ -18,7 +19,7 @@ void LatheBody::setCentre(MotionLine& line, ArcCentre centre) const {
 void LatheBody::rapidToStart(const PathRow& row) {
   MotionLine line = lineAt("G00", startOf(row), curz);
   line.feed = row.feed;
-  put(line);
+  put(std::move(line));
 }
 
 void LatheBody::moveToFirstRow(const PathRow& row) {
@@ -53,7 +54,7 @@ void LatheBody::writeCycle(const PathRow& row) {
   line.forceXY = true;
   line.d = cycleDwell(row);
   line.feed = row.feed;
-  put(line);
+  put(std::move(line));
 }
 
 }  // namespace tess

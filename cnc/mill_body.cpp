@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <utility>
 
 namespace tess {
 namespace {
@@ -29,13 +30,13 @@ void MillBody::setCentre(MotionLine& line, ArcCentre centre) const {
 void MillBody::liftOnly() {
   MotionLine line = lineAt("G00", here(), store.zstartpos);
   line.zOnly = true;
-  put(line);
+  put(std::move(line));
 }
 
 void MillBody::plunge() {
   MotionLine line = lineHere("G01");
   line.feed = store.cfg_z_plunge_rate;
-  put(line);
+  put(std::move(line));
 }
 
 // Up where the tool stands, then over to the place at the safe height.
@@ -51,7 +52,7 @@ void MillBody::moveToFirstRow(const PathRow& row) {
   liftOnly();
   MotionLine line = lineHere("G00");
   line.forceXY = true;
-  put(line);
+  put(std::move(line));
   curz = row.z;
   plunge();
 }
@@ -96,14 +97,14 @@ void MillBody::writeCycle(const PathRow& row) {
   if (row.type == kCycleFromStart) {
     MotionLine start = lineAt("G00", startOf(row), store.zstartpos);
     start.forceXY = true;
-    put(start);
+    put(std::move(start));
   }
   MotionLine line = lineHere(cycleWord(row));
   line.forceXY = true;
   line.k = cycleIncrement(row);
   line.d = cycleDwell(row);
   line.feed = row.feed;
-  put(line);
+  put(std::move(line));
 }
 
 }  // namespace tess

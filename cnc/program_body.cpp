@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <utility>
 
 #include "core/number_text.h"
 #include "geometry/angles.h"
@@ -22,8 +23,8 @@ float degreesAbout(Point centre, Point point) {
 
 float sweepDegrees(const PathRow& row) {
   const Point centre{row.xc, row.yc};
-  float a0 = degreesAbout(centre, startOf(row));
-  float a1 = degreesAbout(centre, endOf(row));
+  float a0 = degreesAbout(centre, {row.x0, row.y0});
+  float a1 = degreesAbout(centre, {row.x1, row.y1});
   if (row.type == kClockwiseArc) {
     if (a0 < a1) a0 += kFullTurn;
     return a0 - a1;
@@ -47,12 +48,12 @@ void inRow(int ps, Work work) {
 
 }  // namespace
 
-std::string cycleWord(const PathRow& row) {
+std::string ProgramBody::cycleWord(const PathRow& row) {
   const int number = row.type % 100;
   return std::string(number < 10 ? "G0" : "G") + std::to_string(number);
 }
 
-float cycleDwell(const PathRow& row) {
+float ProgramBody::cycleDwell(const PathRow& row) {
   return std::ranges::count(kCyclesWithoutDwell, row.type) > 0 ? 0 : row.yc;
 }
 
@@ -134,7 +135,7 @@ void ProgramBody::writeStraight(const PathRow& row) {
   curz = row.z;
   MotionLine line = lineHere(g);
   line.feed = row.feed;
-  put(line);
+  put(std::move(line));
 }
 
 void ProgramBody::writeArc(const PathRow& row, std::string_view g) {
@@ -146,7 +147,7 @@ void ProgramBody::writeArc(const PathRow& row, std::string_view g) {
   setCentre(line, centre);
   line.feed = row.feed;
   line.r = radiusWord(row, centre);
-  put(line);
+  put(std::move(line));
 }
 
 // With radius words the centre is always an offset: the radius comes from it.

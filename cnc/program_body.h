@@ -45,10 +45,17 @@ class ProgramBody {
   virtual std::string_view straightWord(const PathRow& row) const = 0;
   virtual void writeCycle(const PathRow& row) = 0;
 
+  // What a row says.
+  static Point startOf(const PathRow& row) { return {row.x0, row.y0}; }
+  static Point endOf(const PathRow& row) { return {row.x1, row.y1}; }
+  static bool isContourMove(const PathRow& row) { return row.type < kFirstNonContour; }
+  static std::string cycleWord(const PathRow& row);  // "G" and the last two digits of its kind
+  static float cycleDwell(const PathRow& row);       // 0 for the cycles that have none
+
   Point here() const { return {curx, cury}; }
   bool isHere(Point place) const { return samePoint(here(), place, store.cfg_tolerance); }
   void moveTo(Point place) { curx = place.x, cury = place.y; }
-  void put(MotionLine line) { FormCncLine(out_, format_, lastmove_, line); }
+  void put(MotionLine&& line) { FormCncLine(out_, format_, lastmove_, line); }
   void announceTool(int number);  // title, "M06" and the spindle
 
   const DrawingStore& store;
@@ -75,23 +82,5 @@ class ProgramBody {
   int firsttool_ = 0;
   int lasttool_ = 0;
 };
-
-// Points of a row.
-inline Point startOf(const PathRow& row) {
-  return {row.x0, row.y0};
-}
-inline Point endOf(const PathRow& row) {
-  return {row.x1, row.y1};
-}
-
-inline bool isContourMove(const PathRow& row) {
-  return row.type < kFirstNonContour;
-}
-
-// "G" and the last two digits of the row's kind.
-std::string cycleWord(const PathRow& row);
-
-// The dwell that a cycle row carries; 0 for the cycles that have none.
-float cycleDwell(const PathRow& row);
 
 }  // namespace tess

@@ -41,7 +41,7 @@ std::optional<struct stat> replaceable(const std::string& target) {
     return std::nullopt;
   }
   if (!S_ISREG(state.st_mode)) raiseFileFailure(EISDIR, target);
-  if (::access(target.c_str(), W_OK) != 0) raiseFileFailure(errno, target);
+  if (::faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0) raiseFileFailure(errno, target);
   return state;
 }
 

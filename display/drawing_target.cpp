@@ -37,9 +37,9 @@ float PictureBoxProxy::ScaleY(float height, ScaleUnit from, ScaleUnit to) const 
   return converted(height, from, to, Height(), ScaleHeight());
 }
 
-void PictureBoxProxy::TraceLine(const WorldBox& ends, std::optional<Color> color,
+void PictureBoxProxy::TraceLine(const WorldBox& ends, std::optional<Rgb> color,
                                 std::optional<int> Box) {
-  const Color ink = color.value_or(surface_.state().foreColor);
+  const Rgb ink = color.value_or(surface_.state().foreColor);
   if (!Box) {
     surface_.line(ends, ink);
     return;
@@ -50,7 +50,7 @@ void PictureBoxProxy::TraceLine(const WorldBox& ends, std::optional<Color> color
   surface_.box(ends, ink, /*filled=*/*Box == kFilledBox);
 }
 
-void PictureBoxProxy::TraceCircle(float x, float y, float radius, std::optional<Color> color,
+void PictureBoxProxy::TraceCircle(float x, float y, float radius, std::optional<Rgb> color,
                                   std::optional<float> Start, std::optional<float> End,
                                   std::optional<float> Aspect) {
   if (radius == 0) return;
@@ -64,7 +64,7 @@ void PictureBoxProxy::TraceCircle(float x, float y, float radius, std::optional<
   surface_.arc(arc, color.value_or(surface_.state().foreColor));
 }
 
-void PictureBoxProxy::GrayX(float x, float y, float size, std::optional<Color> color) {
+void PictureBoxProxy::GrayX(float x, float y, float size, std::optional<Rgb> color) {
   const float half = size / 2;
   TraceLine({x - half, y - half, x + half, y + half}, color);
   TraceLine({x + half, y - half, x - half, y + half}, color);

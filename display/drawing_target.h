@@ -54,9 +54,9 @@ struct SurfaceState {
   PenStyle drawStyle = PenStyle::Solid;
   int drawWidth = 1;  // pixels
   FillMode fillStyle = FillMode::Transparent;
-  Color fillColor = 0;
-  Color foreColor = 0;
-  Color backColor = 0xFFFFFF;
+  Rgb fillColor = 0;
+  Rgb foreColor = 0;
+  Rgb backColor = 0xFFFFFF;
   bool fontTransparent = true;  // text leaves what lies behind its letters
 };
 
@@ -75,11 +75,11 @@ class DrawingSurface {
   virtual void Refresh() = 0;            // shows what is painted, now
 
   virtual void Cls() = 0;  // fills with the background colour
-  virtual void line(const WorldBox& ends, Color color) = 0;
-  virtual void box(const WorldBox& corners, Color color, bool filled) = 0;
-  virtual void arc(const WorldArc& arc, Color color) = 0;  // a whole one obeys the fill style
+  virtual void line(const WorldBox& ends, Rgb color) = 0;
+  virtual void box(const WorldBox& corners, Rgb color, bool filled) = 0;
+  virtual void arc(const WorldArc& arc, Rgb color) = 0;  // a whole one obeys the fill style
   // Text with its upper left corner at a point.
-  virtual void text(float x, float y, const std::string& text, Color color) = 0;
+  virtual void text(float x, float y, const std::string& text, Rgb color) = 0;
 
   const SurfaceState& state() const { return state_; }
   void setScaleMode(ScaleUnit mode) { set(state_.scaleMode, mode, "ScaleMode"); }
@@ -91,9 +91,9 @@ class DrawingSurface {
   void setDrawStyle(PenStyle style) { set(state_.drawStyle, style, "DrawStyle"); }
   void setDrawWidth(int pixels) { set(state_.drawWidth, pixels, "DrawWidth"); }
   void setFillStyle(FillMode style) { set(state_.fillStyle, style, "FillStyle"); }
-  void setFillColor(Color color) { set(state_.fillColor, color, "FillColor"); }
-  void setForeColor(Color color) { set(state_.foreColor, color, "ForeColor"); }
-  void setBackColor(Color color) { set(state_.backColor, color, "BackColor"); }
+  void setFillColor(Rgb color) { set(state_.fillColor, color, "FillColor"); }
+  void setForeColor(Rgb color) { set(state_.foreColor, color, "ForeColor"); }
+  void setBackColor(Rgb color) { set(state_.backColor, color, "BackColor"); }
   void setFontTransparent(bool on) { set(state_.fontTransparent, on, "FontTransparent"); }
 
   // The one mapping between user scale and pixels, for painting and for pointer events.
@@ -138,12 +138,12 @@ class DrawingTarget {
 
   // A line; with Box 1 the outline and with 2 the filled rectangle of the two corners. Any other
   // Box raises Invalid procedure call. Without a colour the foreground colour is taken.
-  virtual void TraceLine(const WorldBox& ends, std::optional<Color> color = {},
+  virtual void TraceLine(const WorldBox& ends, std::optional<Rgb> color = {},
                          std::optional<int> Box = {}) = 0;
 
   // A circle; from Start on counter-clockwise, to End if that is given too. A radius of 0 paints
   // nothing. A missing argument ends the list.
-  virtual void TraceCircle(float x, float y, float radius, std::optional<Color> color = {},
+  virtual void TraceCircle(float x, float y, float radius, std::optional<Rgb> color = {},
                            std::optional<float> Start = {}, std::optional<float> End = {},
                            std::optional<float> Aspect = {}) = 0;
 
@@ -178,20 +178,20 @@ class PictureBoxProxy : public DrawingTarget {
 
   FillMode FillStyle() const { return surface_.state().fillStyle; }
   void setFillStyle(FillMode style) { surface_.setFillStyle(style); }
-  Color FillColor() const { return surface_.state().fillColor; }
-  void setFillColor(Color color) { surface_.setFillColor(color); }
+  Rgb FillColor() const { return surface_.state().fillColor; }
+  void setFillColor(Rgb color) { surface_.setFillColor(color); }
   PenMode DrawMode() const override { return surface_.state().drawMode; }
   void setDrawMode(PenMode mode) override { surface_.setDrawMode(mode); }
   PenStyle DrawStyle() const override { return surface_.state().drawStyle; }
   void setDrawStyle(PenStyle style) override { surface_.setDrawStyle(style); }
 
-  void TraceLine(const WorldBox& ends, std::optional<Color> color = {},
+  void TraceLine(const WorldBox& ends, std::optional<Rgb> color = {},
                  std::optional<int> Box = {}) override;
-  void TraceCircle(float x, float y, float radius, std::optional<Color> color = {},
+  void TraceCircle(float x, float y, float radius, std::optional<Rgb> color = {},
                    std::optional<float> Start = {}, std::optional<float> End = {},
                    std::optional<float> Aspect = {}) override;
   // A diagonal cross through (x, y) that reaches size/2 to each side.
-  void GrayX(float x, float y, float size, std::optional<Color> color = {});
+  void GrayX(float x, float y, float size, std::optional<Rgb> color = {});
 
   float Width() const override { return surface_.area().width; }
   void setWidth(float width) override;

@@ -9,7 +9,7 @@ namespace tess {
 
 namespace {
 
-constexpr std::array<Color, kPaletteSize> kPalette = {
+constexpr std::array<Rgb, kPaletteSize> kPalette = {
     0x000000,  // black
     0x800000,  // blue
     0x008000,  // green
@@ -30,23 +30,23 @@ constexpr std::array<Color, kPaletteSize> kPalette = {
 
 }  // namespace
 
-Color paletteColor(int index) {
+Rgb paletteColor(int index) {
   return kPalette[static_cast<unsigned>(index) % kPaletteSize];
 }
 
-Color ColorOf(int value) {
+Rgb ColorOf(int value) {
   if (value < 0) return 0;
   return value < kPaletteSize ? paletteColor(value) : value;
 }
 
-Color slotColor(const DrawingStore& store, ColorSlot slot) {
+Rgb slotColor(const DrawingStore& store, ColorSlot slot) {
   return ColorOf(store.colortable[static_cast<int>(slot)]);
 }
 
-Color pathColor(const DrawingStore& store, int ps) {
+Rgb pathColor(const DrawingStore& store, int ps) {
   const int code = store.pscode[ps];
   if (isSelected(code)) return slotColor(store, ColorSlot::Select);
-  const Color color = ColorOf(store.toolcolor[toolIndex(code)]);
+  const Rgb color = ColorOf(store.toolcolor[toolIndex(code)]);
   return roundHalfEven(static_cast<double>(static_cast<float>(color)));
 }
 

@@ -1,6 +1,6 @@
 // Colours: the sixteen classic console colours and the rule that turns a stored colour value into
 // one that a surface can paint.
-// Owns: Color, kPaletteSize, ColorSlot, paletteColor, ColorOf, slotColor, pathColor.
+// Owns: Rgb, kPaletteSize, ColorSlot, paletteColor, ColorOf, slotColor, pathColor.
 #pragma once
 
 #include <cstdint>
@@ -10,7 +10,7 @@
 namespace tess {
 
 // Red in the lowest byte, then green, then blue.
-using Color = std::int32_t;
+using Rgb = std::int32_t;
 
 inline constexpr int kPaletteSize = 16;
 
@@ -26,15 +26,15 @@ enum class ColorSlot {
 };
 
 // The palette colour of the low four bits of `index`, so that any stored value gives a colour.
-Color paletteColor(int index);
+Rgb paletteColor(int index);
 
 // A stored colour value: below 0 black, 0 to 15 from the palette, above that the RGB value itself.
-Color ColorOf(int value);
+Rgb ColorOf(int value);
 
-Color slotColor(const DrawingStore& store, ColorSlot slot);
+Rgb slotColor(const DrawingStore& store, ColorSlot slot);
 
 // The colour of a path row: the select colour, or that of its tool, which passes through a 32-bit
 // float on its way and so keeps 24 bits of a direct RGB value.
-Color pathColor(const DrawingStore& store, int ps);
+Rgb pathColor(const DrawingStore& store, int ps);
 
 }  // namespace tess

@@ -1,6 +1,8 @@
 // The painting order, in its two forms.
 #include "display/redraw_sequence.h"
 
+#include "display/screen_marks.h"
+
 namespace tess {
 
 namespace {
@@ -59,7 +61,7 @@ bool RedrawSequence::openPicture(DrawingTarget& target) {
   if (PictureBoxProxy* screen = target.screen()) {
     span = parts_.view.viewspan;
     screen->surface().setRepaint(false);
-    const Color background = slotColor(parts_.store, ColorSlot::Background);
+    const Rgb background = slotColor(parts_.store, ColorSlot::Background);
     if (screen->surface().state().backColor != background) {
       screen->surface().setBackColor(background);
     }
@@ -74,7 +76,7 @@ bool RedrawSequence::openPicture(DrawingTarget& target) {
 }
 
 void RedrawSequence::paintPartTemplate(DrawingTarget& target) {
-  const Color color = slotColor(parts_.store, ColorSlot::Stock);
+  const Rgb color = slotColor(parts_.store, ColorSlot::Stock);
   const WorldRect stock = stockRectangle(parts_.store);
   const WorldBox corners{stock.left, stock.top, stock.right, stock.bottom};
   PictureBoxProxy* screen = target.screen();
@@ -88,7 +90,7 @@ void RedrawSequence::paintPartTemplate(DrawingTarget& target) {
   }
   // Round stock lies about world zero, whatever the origin words say.
   const FillMode fillStyle = screen->FillStyle();
-  const Color fillColor = screen->FillColor();
+  const Rgb fillColor = screen->FillColor();
   screen->setFillStyle(FillMode::Solid);
   screen->setFillColor(color);
   screen->TraceCircle(0, 0, parts_.store.partdimx / 2, color);

@@ -86,7 +86,8 @@ class ViewCommands {
   void dragZoomBox(const WorldBox& shown, const WorldBox& next);
   void releaseZoomBox(const WorldBox& shown);
 
-  // Pan by pointer, given world positions in the view current at each event.
+  // Pan by pointer, given world positions in the view current at each event. A pointer that still
+  // is on the grabbed point moves nothing.
   PanDrag beginPan(Point pointer) const;
   void movePan(PanDrag& drag, Point pointer);
   void endPan(const PanDrag& drag, Point pointer);

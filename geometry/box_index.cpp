@@ -23,9 +23,11 @@ struct Range {
   double length() const { return high - low; }
 };
 
+// Neither empty nor without end in some direction.
 bool isBounded(const Box& box) {
-  return !box.isEmpty() && std::isfinite(box.minX) && std::isfinite(box.minY) &&
-         std::isfinite(box.maxX) && std::isfinite(box.maxY);
+  constexpr float kEnd = std::numeric_limits<float>::max();
+  return !box.isEmpty() && box.minX > -kEnd && box.minY > -kEnd && box.maxX < kEnd &&
+         box.maxY < kEnd;
 }
 
 float roundedDown(double value) {
@@ -140,7 +142,8 @@ Box grown(const Box& box, double by) {
 }
 
 Box everywhere() {
-  constexpr float kEnd = std::numeric_limits<float>::infinity();
+  // Not infinite: an empty box begins there.
+  constexpr float kEnd = std::numeric_limits<float>::max();
   return {-kEnd, -kEnd, kEnd, kEnd};
 }
 

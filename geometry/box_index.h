@@ -2,7 +2,7 @@
 //
 // Every answer equals that of a plain pass over all boxes in ascending row order. The grid fits the
 // bulk of the boxes; what lies outside falls into its border cells, and boxes that would cover too
-// many cells stand in a list of their own. Boxes hold no NaN; infinite ones are allowed.
+// many cells stand in a list of their own. Boxes hold no NaN.
 // Owns: Box, boxOf, extended, grown, overlaps, everywhere, BoxGrid, BoxIndex.
 #pragma once
 
@@ -32,7 +32,7 @@ Box boxOf(Point a, Point b);
 Box extended(const Box& box, Point p);
 // All sides moved out by `by`; never less than that after rounding. An empty box stays empty.
 Box grown(const Box& box, double by);
-// The whole plane.
+// The whole plane: overlaps every box but an empty one.
 Box everywhere();
 
 // How coordinates fall into cells. Both maps rise with the coordinate and end at the border cells.

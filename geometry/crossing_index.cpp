@@ -16,10 +16,9 @@
 namespace tess {
 namespace {
 
-constexpr double kRootNoise = 2e-7;       // sqrt(80*u), doubled
-constexpr double kAngleNoise = 2e-6;      // radians, a few 32-bit rounding units of two pi
-constexpr double kSteepestRegular = 1e4;  // radical lines beyond it are AlignedCenters' business
-constexpr double kZeroNoise = 1e-5;       // what equal centres make of radii that almost agree
+constexpr double kRootNoise = 2e-7;   // sqrt(80*u), doubled
+constexpr double kAngleNoise = 2e-6;  // radians, a few 32-bit rounding units of two pi
+constexpr double kZeroNoise = 1e-5;   // what equal centres make of radii that almost agree
 
 // Kinds that are neither line nor arc but whose number, added to another kind's tens, is the code
 // of a pair that has a rule: intersectEntities takes them for lines and arcs.
@@ -32,10 +31,10 @@ bool passesForLineOrArc(int type) {
 CrossingIndex::CrossingIndex(std::vector<Entity> entities, float tolerence)
     : entities_(std::move(entities)),
       tolerence_(std::max(tolerence, 0.0F)),
-      sameX_(entities_, CenterAxis::SameX),
-      sameY_(entities_, CenterAxis::SameY) {
+      alignedCenters_(entities_) {
   for (const Entity& entity : entities_) {
     magnitude_ = std::max(magnitude_, magnitudeOf(entity));
+    if (isArc(entity.type)) largestRadius_ = std::max(largestRadius_, double{radiusOf(entity)});
     hasArcs_ = hasArcs_ || isArc(entity.type);
   }
   std::vector<Box> boxes;
@@ -57,8 +56,7 @@ void CrossingIndex::candidates(const Entity& entity, int after, std::vector<int>
   boxes_.rowsOverlapping(strange ? everywhere() : reachOf(entity), after, rows);
   if (strange || !isArc(entity.type)) return;
   const std::size_t near = rows.size();
-  sameX_.collect(entity.center, after, rows);
-  sameY_.collect(entity.center, after, rows);
+  alignedCenters_.collect(entity.center, after, rows);
   if (rows.size() == near) return;
   std::sort(rows.begin(), rows.end());
   rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
@@ -78,13 +76,17 @@ double CrossingIndex::reachOfLine(const Entity& line) const {
   return margin + kRootNoise * magnitude_ * slope;
 }
 
-// A hit on the other curve may miss this circle's squared radius by so much; it then misses the
-// radius by more the smaller that is.
+// A hit placed on another arc A misses this circle by e. A radical line below kFlatSlope is taken
+// as level and so off by up to d = kFlatSlope*M; the hit's power with respect to this circle, which
+// should be 0, is then off by 2*d times the distance of the centres. That is at most rA + r + e,
+// from which e <= sqrt(r^2 + 8*rA*d) - r + 2*d; the tolerance and equal centres act likewise on
+// r^2.
 double CrossingIndex::reachOfArc(const Entity& arc) const {
   const double r = radiusOf(arc);
-  const double squareNoise =
-      tolerence_ * (1 + tolerence_ + 4 * magnitude_) + kZeroNoise * magnitude_;
-  return std::sqrt(r * r + squareNoise) - r + kAngleNoise * r +
+  const double levelNoise = kFlatSlope * magnitude_;
+  const double squareNoise = tolerence_ * (1 + tolerence_ + 2 * largestRadius_) +
+                             kZeroNoise * magnitude_ + 8 * largestRadius_ * levelNoise;
+  return std::sqrt(r * r + squareNoise) - r + 2 * levelNoise + kAngleNoise * r +
          kRootNoise * kSteepestRegular * magnitude_;
 }
 

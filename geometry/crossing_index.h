@@ -32,9 +32,10 @@ class CrossingIndex {
   std::vector<Entity> entities_;
   double tolerence_;
   double magnitude_ = 0;  // the largest coordinate or radius
+  double largestRadius_ = 0;
   bool hasArcs_ = false;
   BoxIndex boxes_;
-  AlignedCenters sameX_, sameY_;
+  AlignedCenters alignedCenters_;
 };
 
 CrossingIndex segmentCrossingIndex(const DrawingStore& store);

@@ -3,6 +3,7 @@
 #include "geometry/end_point_index.h"
 
 #include <algorithm>
+#include <array>
 #include <bit>
 #include <cmath>
 #include <cstdint>
@@ -19,6 +20,22 @@ constexpr double kRoundingShare = 1e-15;
 std::uint64_t mixed(std::uint64_t bits) {
   bits *= 0x9E3779B97F4A7C15ULL;
   return bits ^ (bits >> 32U);
+}
+
+// Both ends of one row may match, from different buckets: they make one answer.
+void mergeRows(std::vector<EndMatch>& matches) {
+  std::sort(matches.begin(), matches.end(),
+            [](const EndMatch& a, const EndMatch& b) { return a.row < b.row; });
+  std::size_t kept = 0;
+  for (const EndMatch& match : matches) {
+    if (kept == 0 || matches[kept - 1].row != match.row) {
+      matches[kept++] = match;
+    } else {
+      matches[kept - 1].atStart |= match.atStart;
+      matches[kept - 1].atEnd |= match.atEnd;
+    }
+  }
+  matches.resize(kept);
 }
 
 }  // namespace
@@ -45,31 +62,19 @@ void EndPointIndex::remove(int row) {
 
 void EndPointIndex::rowsAt(Point at, std::vector<EndMatch>& matches) const {
   matches.clear();
-  double cellsX[3];
-  double cellsY[3];
-  const int countX = cellsAround(at.x, cellsX);
-  const int countY = cellsAround(at.y, cellsY);
-  std::size_t buckets[9];
+  const Cells columns = cellsAround(at.x);
+  const Cells rows = cellsAround(at.y);
+  std::array<std::size_t, 9> seen;
   std::size_t count = 0;
-  for (int x = 0; x < countX; ++x)
-    for (int y = 0; y < countY; ++y) buckets[count++] = bucketOf(cellsX[x], cellsY[y]);
-  std::sort(buckets, buckets + count);
-  const auto* last = std::unique(buckets, buckets + count);
-  for (const auto* bucket = buckets; bucket != last; ++bucket) matchBucket(*bucket, at, matches);
-
-  // Both ends of one row may match, from different buckets: they make one answer.
-  std::sort(matches.begin(), matches.end(),
-            [](const EndMatch& a, const EndMatch& b) { return a.row < b.row; });
-  std::size_t kept = 0;
-  for (const EndMatch& match : matches) {
-    if (kept == 0 || matches[kept - 1].row != match.row) {
-      matches[kept++] = match;
-    } else {
-      matches[kept - 1].atStart |= match.atStart;
-      matches[kept - 1].atEnd |= match.atEnd;
+  for (int column = 0; column < columns.count; ++column) {
+    for (int row = 0; row < rows.count; ++row) {
+      const std::size_t bucket = bucketOf(columns.at[column], rows.at[row]);
+      if (std::find(seen.begin(), seen.begin() + count, bucket) != seen.begin() + count) continue;
+      seen[count++] = bucket;
+      matchBucket(bucket, at, matches);
     }
   }
-  matches.resize(kept);
+  if (matches.size() > 1) mergeRows(matches);
 }
 
 void EndPointIndex::reserve(int rows) {
@@ -112,16 +117,16 @@ std::size_t EndPointIndex::bucketOf(double cellX, double cellY) const {
 
 // The cells that values the same as this one may lie in. Far out, where cells are finer than the
 // coordinates, the value's own cell need not be among those of its neighbourhood's limits.
-int EndPointIndex::cellsAround(float value, double (&cells)[3]) const {
-  cells[0] = cellOf(value);
-  if (cellsPerUnit_ <= 0) return 1;
+EndPointIndex::Cells EndPointIndex::cellsAround(float value) const {
+  Cells cells{{cellOf(value)}, 1};
+  if (cellsPerUnit_ <= 0) return cells;
   const double reach = tolerence_ * kReachFactor + std::abs(value) * kRoundingShare;
-  int count = 1;
   for (const double limit : {value - reach, value + reach}) {
     const double cell = cellOf(limit);
-    if (std::find(cells, cells + count, cell) == cells + count) cells[count++] = cell;
+    if (std::find(cells.at, cells.at + cells.count, cell) == cells.at + cells.count)
+      cells.at[cells.count++] = cell;
   }
-  return count;
+  return cells;
 }
 
 void EndPointIndex::matchBucket(std::size_t bucket, Point at,

@@ -34,13 +34,18 @@ class EndPointIndex {
   void reserve(int rows);
 
  private:
+  // Along one axis, the cells in which the same point may lie.
+  struct Cells {
+    double at[3];
+    int count;
+  };
   void addEnd(std::size_t entry, Point at);
   void removeEnd(std::size_t entry);
   void rehash(std::size_t buckets);
   double cellOf(double value) const;
   std::size_t bucketOf(double cellX, double cellY) const;
   std::size_t bucketOf(Point at) const { return bucketOf(cellOf(at.x), cellOf(at.y)); }
-  int cellsAround(float value, double (&cells)[3]) const;
+  Cells cellsAround(float value) const;
   void matchBucket(std::size_t bucket, Point at, std::vector<EndMatch>& matches) const;
 
   // An end of a row: entry 2*row its start, 2*row + 1 its end, chained within its bucket.

@@ -30,10 +30,10 @@ Box circleBox(Point center, double radius) {
   return boxOf(around(center, -radius, -radius), around(center, radius, radius));
 }
 
-// The end of an arc, moved out along its radius when the arc's larger radius is the other end's.
+// An end of an arc, moved along its own radius to the other end's.
 Point atRadius(Point center, Point end, double radius) {
   const double own = distance(end, center);
-  if (own <= 0 || own >= radius) return end;
+  if (own <= 0 || own == radius) return end;
   const double factor = radius / own;
   return around(center, (static_cast<double>(end.x) - center.x) * factor,
                 (static_cast<double>(end.y) - center.y) * factor);
@@ -42,12 +42,14 @@ Point atRadius(Point center, Point end, double radius) {
 }  // namespace
 
 Box arcBox(const Entity& arc) {
-  const double radius = std::max(radiusOf(arc), distance(arc.end, arc.center));
+  const double startRadius = radiusOf(arc);
+  const double endRadius = distance(arc.end, arc.center);
+  const double radius = std::max(startRadius, endRadius);
   const float a = vectorAngle(arc.center, arc.start);
   const float b = vectorAngle(arc.center, arc.end);
   Box box = boxOf(arc.start, arc.end);
-  box = extended(box, atRadius(arc.center, arc.start, radius));
-  box = extended(box, atRadius(arc.center, arc.end, radius));
+  box = extended(box, atRadius(arc.center, arc.start, endRadius));
+  box = extended(box, atRadius(arc.center, arc.end, startRadius));
   for (const Quadrant& quadrant : kQuadrants) {
     if (angleInSweep(quadrant.angle, a, b, arc.type))
       box = extended(box, around(arc.center, quadrant.x * radius, quadrant.y * radius));

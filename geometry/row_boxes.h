@@ -12,7 +12,7 @@ namespace tess {
 
 // The exact box of an arc's sweep: its ends as they are stored and each quadrant point that the
 // sweep passes. Equal end angles are the whole circle. Should start and end differ in radius, the
-// larger one counts, so that the box holds whatever the routines find on the arc by either.
+// box holds the sweep at both, since some routines go by the start and nearestOnArc by the end.
 Box arcBox(const Entity& arc);
 
 // The box of any row: arcs and circles by their curve, all other kinds by their two points.

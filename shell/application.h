@@ -5,6 +5,7 @@
 
 #include <string_view>
 
+#include "cnc/cnc_program.h"
 #include "cnc/post_definition.h"
 #include "core/drawing_store.h"
 #include "core/session.h"
@@ -21,6 +22,8 @@ class Application {
 
   DrawingStore store;
   PostDefinition definition;
+  CncState cnc;
+  ProgramViewer viewer;
 
  private:
   // What the core announces, passed on to the rooms that carry it out.

@@ -30,8 +30,12 @@ bool holdsProgram(const std::string& folder) {
 std::string userDataFolder(const FolderRequest& request) {
   const std::optional<std::string> data = request.environment("XDG_DATA_HOME");
   if (data && fs::path(*data).is_absolute()) return withSeparator(*data) + "tessimo/";
-  const std::string home = request.environment("HOME").value_or("");
-  return withSeparator(home) + ".local/share/tessimo/";
+  const std::optional<std::string> home = request.environment("HOME");
+  if (!home) {
+    throw RuntimeFailure(FailureNumber::PathNotFound, {},
+                         "There is no home folder; name one with --home");
+  }
+  return withSeparator(*home) + ".local/share/tessimo/";
 }
 
 // Copies what is not there yet; what an operator has changed stays.

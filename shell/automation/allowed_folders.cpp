@@ -16,7 +16,8 @@ namespace fs = std::filesystem;
 // link to nowhere, which a write would follow.
 fs::path resolved(const fs::path& path) {
   std::error_code error;
-  const fs::path folder = fs::canonical(path.parent_path().empty() ? "." : path.parent_path(), error);
+  const fs::path folder =
+      fs::canonical(path.parent_path().empty() ? "." : path.parent_path(), error);
   if (error) return {};
   const fs::path entry = folder / path.filename();
   if (fs::symlink_status(entry, error).type() == fs::file_type::not_found) return entry;
@@ -32,7 +33,7 @@ bool liesWithin(const fs::path& path, const fs::path& folder) {
 
 bool sharesStem(const fs::path& entry, const fs::path& path) {
   const std::string stem = path.stem().string();
-  return equalIgnoringCase(entry.filename().string().substr(0, stem.size()), stem);
+  return !stem.empty() && equalIgnoringCase(entry.filename().string().substr(0, stem.size()), stem);
 }
 
 std::string outside(const fs::path& path) {
@@ -57,9 +58,8 @@ void AllowedFolders::allowNamedBy(std::string_view argument) {
 }
 
 bool AllowedFolders::holds(const fs::path& path) const {
-  return !path.empty() && std::any_of(folders_.begin(), folders_.end(), [&](const auto& folder) {
-    return liesWithin(path, folder);
-  });
+  return !path.empty() && std::any_of(folders_.begin(), folders_.end(),
+                                      [&](const auto& folder) { return liesWithin(path, folder); });
 }
 
 bool AllowedFolders::holdsEntry(const fs::path& entry) const {

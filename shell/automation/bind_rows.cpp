@@ -1,5 +1,6 @@
 // `segments`, `paths`, `add_segment` and `add_path`: rows of the drawing as Lua tables.
-#include <array>
+#include <algorithm>
+#include <iterator>
 #include <vector>
 
 #include "shell/automation/bindings.h"
@@ -14,27 +15,24 @@ struct Narrow {
   int Row::*member;
 };
 
-template <typename Row>
-using RowMember = std::variant<int Row::*, Narrow<Row>, float Row::*, bool Row::*>;
-
-template <typename Row>
-struct RowField {
+struct SegmentField {
   const char* name;
-  RowMember<Row> member;
+  std::variant<int SegmentRow::*, Narrow<SegmentRow>, float SegmentRow::*> member;
 };
 
-constexpr std::array<RowField<SegmentRow>, 8> kSegmentFields{{
-    {"type", &SegmentRow::type},
-    {"attr", Narrow<SegmentRow>{&SegmentRow::attr}},
-    {"x0", &SegmentRow::x0},
-    {"y0", &SegmentRow::y0},
-    {"x1", &SegmentRow::x1},
-    {"y1", &SegmentRow::y1},
-    {"xc", &SegmentRow::xc},
-    {"yc", &SegmentRow::yc},
-}};
+struct PathField {
+  const char* name;
+  std::variant<Narrow<PathRow>, float PathRow::*, bool PathRow::*> member;
+};
 
-constexpr std::array<RowField<PathRow>, 11> kPathFields{{
+constexpr SegmentField kSegmentFields[] = {
+    {"type", &SegmentRow::type}, {"attr", Narrow<SegmentRow>{&SegmentRow::attr}},
+    {"x0", &SegmentRow::x0},     {"y0", &SegmentRow::y0},
+    {"x1", &SegmentRow::x1},     {"y1", &SegmentRow::y1},
+    {"xc", &SegmentRow::xc},     {"yc", &SegmentRow::yc},
+};
+
+constexpr PathField kPathFields[] = {
     {"type", Narrow<PathRow>{&PathRow::type}},
     {"code", Narrow<PathRow>{&PathRow::code}},
     {"x0", &PathRow::x0},
@@ -46,22 +44,24 @@ constexpr std::array<RowField<PathRow>, 11> kPathFields{{
     {"z", &PathRow::z},
     {"feed", &PathRow::feed},
     {"visible", &PathRow::visible},
-}};
+};
 
-template <typename Row, std::size_t count>
-void pushRow(lua_State* L, const Row& row, const std::array<RowField<Row>, count>& fields) {
-  struct Push {
-    lua_State* L;
-    const Row& row;
-    template <typename T>
-    void operator()(T Row::*member) const {
-      push(L, row.*member);
-    }
-    void operator()(Narrow<Row> field) const { push(L, row.*field.member); }
-  };
-  lua_createtable(L, 0, static_cast<int>(count));
-  for (const RowField<Row>& field : fields) {
-    std::visit(Push{L, row}, field.member);
+template <typename Row>
+struct PushMember {
+  lua_State* L;
+  const Row& row;
+  template <typename T>
+  void operator()(T Row::*member) const {
+    push(L, row.*member);
+  }
+  void operator()(Narrow<Row> field) const { push(L, row.*field.member); }
+};
+
+template <typename Row, typename Fields>
+void pushRow(lua_State* L, const Row& row, const Fields& fields) {
+  lua_createtable(L, 0, static_cast<int>(std::size(fields)));
+  for (const auto& field : fields) {
+    std::visit(PushMember<Row>{L, row}, field.member);
     lua_setfield(L, -2, field.name);
   }
 }
@@ -78,25 +78,24 @@ struct Take {
   void operator()(Narrow<Row> field) const { row.*field.member = valueAt<Int16>(L, -1); }
 };
 
-template <typename Row, std::size_t count>
-[[noreturn]] void raiseUnknownField(lua_State* L,
-                                    const std::array<RowField<Row>, count>& fields) {
+template <typename Fields>
+[[noreturn]] void raiseUnknownField(lua_State* L, const Fields& fields) {
   const std::string key = luaL_tolstring(L, -2, nullptr);
   std::vector<std::string> names;
-  for (const RowField<Row>& field : fields) names.emplace_back(field.name);
+  for (const auto& field : fields) names.emplace_back(field.name);
   raise(L, "a row has no field '" + key + "'" + didYouMean(key, names));
 }
 
 // The row that the table at position 1 describes.
-template <typename Row, std::size_t count>
-Row takeRow(lua_State* L, const std::array<RowField<Row>, count>& fields) {
+template <typename Row, typename Fields>
+Row takeRow(lua_State* L, const Fields& fields) {
   if (!lua_istable(L, 1)) raise(L, "a row is a table of its fields, as {type=1, x0=0, ...}");
   Row row;
   for (lua_pushnil(L); lua_next(L, 1) != 0; lua_pop(L, 1)) {
     const std::string_view key = lua_type(L, -2) == LUA_TSTRING ? lua_tostring(L, -2) : "";
-    const auto named = [key](const RowField<Row>& field) { return field.name == key; };
-    const auto field = std::find_if(fields.begin(), fields.end(), named);
-    if (field == fields.end()) raiseUnknownField(L, fields);
+    const auto named = [key](const auto& field) { return field.name == key; };
+    const auto field = std::find_if(std::begin(fields), std::end(fields), named);
+    if (field == std::end(fields)) raiseUnknownField(L, fields);
     std::visit(Take<Row>{L, row}, field->member);
   }
   return row;

@@ -9,10 +9,9 @@
 namespace tess {
 namespace {
 
-using ColumnMember =
-    std::variant<Column<int> DrawingStore::*, Column<Int16> DrawingStore::*,
-                 Column<float> DrawingStore::*, Column<Flag> DrawingStore::*,
-                 Column<std::string> DrawingStore::*>;
+using ColumnMember = std::variant<Column<int> DrawingStore::*, Column<Int16> DrawingStore::*,
+                                  Column<float> DrawingStore::*, Column<Flag> DrawingStore::*,
+                                  Column<std::string> DrawingStore::*>;
 
 struct NamedColumn {
   const char* name;
@@ -133,19 +132,19 @@ bool isViewFlag(const NamedSetting& setting) {
   return setting.viewFlag || key == "visual grid f" || key == "cursor grid f";
 }
 
+// Where the value of a setting stands: among these settings, or in this colour table.
+struct SettingPlace {
+  DrawingSettings& settings;
+  Column<Int16>& colortable;
+  template <typename T>
+  VariablePlace operator()(T DrawingSettings::*member) const {
+    return &(settings.*member);
+  }
+  VariablePlace operator()(ColorSlot color) const { return TableSlot{&colortable, color.slot}; }
+};
+
 Variable variableOf(DrawingStore& store, DrawingSettings& settings, const NamedSetting& setting) {
-  struct Place {
-    DrawingStore& store;
-    DrawingSettings& settings;
-    template <typename T>
-    VariablePlace operator()(T DrawingSettings::*member) const {
-      return &(settings.*member);
-    }
-    VariablePlace operator()(ColorSlot color) const {
-      return TableSlot{&store.colortable, color.slot};
-    }
-  };
-  return {.place = std::visit(Place{store, settings}, setting.field),
+  return {.place = std::visit(SettingPlace{settings, store.colortable}, setting.field),
           .viewFlag = isViewFlag(setting)};
 }
 
@@ -162,10 +161,9 @@ void bindStoreTables(lua_State* L, DrawingStore& store) {
     std::visit([&](auto member) { object.add(column.name, store.*member); }, column.member);
   }
   for (const NamedVariable& named : kVariables) {
-    const auto place = std::visit(
-        [&](auto member) -> VariablePlace { return &(store.*member); }, named.member);
-    object.add(named.name,
-               {.place = place, .viewFlag = named.viewFlag, .assign = named.assign});
+    const auto place =
+        std::visit([&](auto member) -> VariablePlace { return &(store.*member); }, named.member);
+    object.add(named.name, {.place = place, .viewFlag = named.viewFlag, .assign = named.assign});
   }
   addSettingVariables(object, store, store);
   FieldObject defaults(L, "store.defaults");

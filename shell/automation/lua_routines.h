@@ -8,6 +8,7 @@
 #include <optional>
 #include <span>
 #include <tuple>
+#include <type_traits>
 #include <utility>
 
 #include "geometry/points.h"
@@ -28,6 +29,11 @@ void setRoutines(lua_State* L, const char* table, std::span<const Routine> routi
 
 namespace lua_routines {
 
+// What is kept of an argument until the call: a part of the program by reference, values as such.
+template <typename P>
+using Kept =
+    std::conditional_t<std::is_const_v<std::remove_reference_t<P>>, std::remove_cvref_t<P>, P>;
+
 // Runs an entry point of the program in its error path.
 void runReported(Script& script, const char* name, const std::function<void()>& run);
 
@@ -47,7 +53,7 @@ class Arguments {
     } else if constexpr (std::is_same_v<T, DrawingStore&>) {
       return script_.application.store;
     } else {
-      return takeValue<T>(static_cast<T*>(nullptr));
+      return takeValue(static_cast<T*>(nullptr));
     }
   }
 
@@ -68,7 +74,7 @@ class Arguments {
       ++taken_;
       return std::nullopt;
     }
-    return takeValue<T>(static_cast<T*>(nullptr));
+    return takeValue(static_cast<T*>(nullptr));
   }
   RuntimeFailure inArgument(const RuntimeFailure& failure, int at) const;
 
@@ -97,7 +103,7 @@ template <typename Function, typename Result, typename... P>
 Result invoke(Script& script, lua_State* L, Result (Function::*)(P...) const) {
   Arguments arguments(script, L);
   // Braces take the arguments from left to right.
-  const std::tuple<P...> taken{arguments.template take<P>()...};
+  const std::tuple<Kept<P>...> taken{arguments.template take<Kept<P>>()...};
   return std::apply(Function{}, taken);
 }
 
@@ -118,7 +124,7 @@ template <typename Function, typename Result, typename... P>
 int invokeReported(Script& script, lua_State* L, const char* name,
                    Result (Function::*)(P...) const) {
   Arguments arguments(script, L);
-  const std::tuple<P...> taken{arguments.template take<P>()...};
+  const std::tuple<Kept<P>...> taken{arguments.template take<Kept<P>>()...};
   if constexpr (std::is_void_v<Result>) {
     runReported(script, name, [&] { std::apply(Function{}, taken); });
     return 0;

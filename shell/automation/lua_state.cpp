@@ -64,10 +64,10 @@ void openScriptLibraries(lua_State* L, bool fileAccess) {
     bool reachesFiles;
   };
   constexpr Library kLibraries[] = {
-      {LUA_GNAME, luaopen_base, false},         {LUA_STRLIBNAME, luaopen_string, false},
-      {LUA_TABLIBNAME, luaopen_table, false},   {LUA_MATHLIBNAME, luaopen_math, false},
-      {LUA_UTF8LIBNAME, luaopen_utf8, false},   {LUA_IOLIBNAME, luaopen_io, true},
-      {LUA_OSLIBNAME, luaopen_os, true},        {LUA_LOADLIBNAME, luaopen_package, true},
+      {LUA_GNAME, luaopen_base, false},       {LUA_STRLIBNAME, luaopen_string, false},
+      {LUA_TABLIBNAME, luaopen_table, false}, {LUA_MATHLIBNAME, luaopen_math, false},
+      {LUA_UTF8LIBNAME, luaopen_utf8, false}, {LUA_IOLIBNAME, luaopen_io, true},
+      {LUA_OSLIBNAME, luaopen_os, true},      {LUA_LOADLIBNAME, luaopen_package, true},
   };
   for (const Library& library : kLibraries) {
     if (library.reachesFiles && !fileAccess) continue;

@@ -5,14 +5,14 @@
 #pragma once
 
 #include <cstddef>
-#include <memory>
-
 #include <lua.hpp>
+#include <memory>
 
 namespace tess {
 
 struct LuaLimits {
   std::size_t memory = std::size_t{1} << 30;  // bytes; past it a script gets "not enough memory"
+  int instructions = 0;                       // after which a script is ended; 0: never
 };
 
 class LuaState {

@@ -22,7 +22,8 @@ std::string_view textAt(lua_State* L, int at) {
 std::string numberText(lua_State* L, int at) {
   const lua_Number value = lua_tonumber(L, at);
   lua_Integer whole = 0;
-  if (lua_numbertointeger(value, &whole) && std::trunc(value) == value) return std::to_string(whole);
+  if (lua_numbertointeger(value, &whole) && std::trunc(value) == value)
+    return std::to_string(whole);
   return plainText(valueAt<float>(L, at));
 }
 

@@ -14,7 +14,7 @@ inline Answer firstButton(MessageButtons buttons) {
   return buttonsOf(buttons).front();
 }
 
-const char* wordOf(Answer answer);     // "OK", "Cancel", "Yes", "No"
+const char* wordOf(Answer answer);       // "OK", "Cancel", "Yes", "No"
 const char* iconWord(MessageIcon icon);  // "none", "information", "warning", "error", "question"
 
 }  // namespace tess

@@ -141,15 +141,18 @@ void FieldObject::addValue(const std::string& name) {
   lua_setfield(L_, -2, name.c_str());
 }
 
+// The fields lie below the metatable on the stack.
+void FieldObject::setEvent(const char* event, lua_CFunction function) {
+  lua_pushvalue(L_, -2);
+  push(L_, title_);
+  lua_pushcclosure(L_, function, 2);
+  lua_setfield(L_, -2, event);
+}
+
 void FieldObject::finish() {
   lua_newtable(L_);
-  for (const auto& [event, function] :
-       {std::pair{"__index", guarded<readField>}, std::pair{"__newindex", guarded<writeField>}}) {
-    lua_pushvalue(L_, -2);
-    push(L_, title_);
-    lua_pushcclosure(L_, function, 2);
-    lua_setfield(L_, -2, event);
-  }
+  setEvent("__index", guarded<readField>);
+  setEvent("__newindex", guarded<writeField>);
   wrapInObject(L_);
   lua_remove(L_, -2);
 }

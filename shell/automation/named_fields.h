@@ -25,6 +25,8 @@ class FieldObject {
   void finish();
 
  private:
+  void setEvent(const char* event, lua_CFunction function);
+
   lua_State* L_;
   std::string title_;
 };

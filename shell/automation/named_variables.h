@@ -15,8 +15,7 @@ struct TableSlot {
   int row;
 };
 
-using VariablePlace =
-    std::variant<int*, Int16*, float*, Flag*, bool*, std::string*, TableSlot>;
+using VariablePlace = std::variant<int*, Int16*, float*, Flag*, bool*, std::string*, TableSlot>;
 
 // A variable with what its place alone does not tell. It must not outlive the place.
 struct Variable {

@@ -5,15 +5,10 @@
 #include <exception>
 #include <new>
 
-#include "core/runtime_failure.h"
+#include "shell/automation/reports.h"
 
 namespace tess {
 namespace {
-
-std::string textOf(const RuntimeFailure& failure) {
-  if (failure.source().empty()) return failure.description();
-  return failure.description() + ": " + failure.source();
-}
 
 void stopScript(lua_State* L, lua_Debug* /*where*/) {
   raise(L, scriptOf(L).programEnd.value_or(""));
@@ -26,7 +21,16 @@ void endScript(lua_State* L, const char* text) {
   lua_sethook(L, stopScript, LUA_MASKCOUNT, 1);
 }
 
+void endByLimit(lua_State* L, lua_Debug* where) {
+  endScript(L, "the script has run too long");
+  stopScript(L, where);
+}
+
 }  // namespace
+
+void limitInstructions(lua_State* L, int count) {
+  if (count > 0) lua_sethook(L, endByLimit, LUA_MASKCOUNT, count);
+}
 
 Script& scriptOf(lua_State* L) {
   Script* script = nullptr;
@@ -44,7 +48,7 @@ int runGuarded(lua_State* L, Body body) {
   try {
     return body(scriptOf(L), L);
   } catch (const RuntimeFailure& failure) {
-    text = textOf(failure);
+    text = describe(failure);
   } catch (const EndProgram& end) {
     text = end.what();
     endScript(L, end.what());

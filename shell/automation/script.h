@@ -1,6 +1,6 @@
 // What the functions of one running script share, and the one door between Lua and the program:
 // every function that a script can call goes through runGuarded.
-// Owns: Script, scriptOf, setScript, Body, runGuarded, guarded, raise.
+// Owns: Script, scriptOf, setScript, limitInstructions, Body, runGuarded, guarded, raise.
 #pragma once
 
 #include <deque>
@@ -23,12 +23,15 @@ struct Script {
   const AllowedFolders& folders;
   std::ostream& out;
   std::deque<Variable> variables{};         // what the closures of Lua point to; never shrinks
-  std::optional<std::string> programEnd{};  // the line of an EndProgram: the script is over
+  std::optional<std::string> programEnd{};  // why the script is over for good
 };
 
 // The script that a state runs.
 Script& scriptOf(lua_State* L);
 void setScript(lua_State* L, Script& script);
+
+// Has the script end when it has run so many instructions.
+void limitInstructions(lua_State* L, int count);
 
 using Body = int (*)(Script& script, lua_State* L);
 

@@ -24,7 +24,10 @@ void ScriptFailures::report(const RuntimeFailure& failure) {
 }
 
 ErrorReporting ScriptHost::quietReporting() {
-  return {.display = ReportDisplay::None, .offersRetry = false};
+  ErrorReporting reporting;
+  reporting.display = ReportDisplay::None;
+  reporting.offersRetry = false;
+  return reporting;
 }
 
 }  // namespace tess

@@ -5,6 +5,7 @@
 
 #include "core/form.h"
 #include "core/text.h"
+#include "core/version.h"
 #include "shell/automation/lua_values.h"
 #include "shell/automation/message_buttons.h"
 #include "shell/automation/script.h"
@@ -37,14 +38,6 @@ std::string wordsOf(MessageButtons buttons) {
   return words;
 }
 
-// Adds the table on top of the stack to the list `messages`.
-void appendTo(lua_State* L, int messages) {
-  lua_rawgeti(L, LUA_REGISTRYINDEX, messages);
-  lua_insert(L, -2);
-  lua_rawseti(L, -2, luaL_len(L, -2) + 1);
-  lua_pop(L, 1);
-}
-
 bool isSet(int handler) {
   return handler != LUA_NOREF && handler != LUA_REFNIL;
 }
@@ -64,19 +57,28 @@ void ScriptPrompts::takeHandler(int& handler) {
   handler = luaL_ref(L_, LUA_REGISTRYINDEX);
 }
 
-Answer ScriptPrompts::show(const Message& message, const char* kind) {
+// Starts the entry of a question, which is then on top of the stack, before anybody answers: a
+// handler may bring up further questions, and they come later in the list.
+void ScriptPrompts::record(const char* kind, const std::string& title) {
   luaL_checkstack(L_, kStackSlots, nullptr);
-  const Answer answer =
-      isSet(messageHandler_) ? askHandler(message) : firstButton(message.buttons);
+  lua_rawgeti(L_, LUA_REGISTRYINDEX, messages_);
   lua_newtable(L_);
   setField(L_, "kind", kind);
+  setField(L_, "title", title);
+  lua_pushvalue(L_, -1);
+  lua_rawseti(L_, -3, luaL_len(L_, -3) + 1);
+  lua_remove(L_, -2);
+}
+
+Answer ScriptPrompts::show(const Message& message, const char* kind) {
+  record(kind, message.title);
   setField(L_, "text", message.text);
-  setField(L_, "title", message.title);
   setField(L_, "icon", iconWord(message.icon));
   pushButtons(L_, message.buttons);
   lua_setfield(L_, -2, "buttons");
+  const Answer answer = isSet(messageHandler_) ? askHandler(message) : firstButton(message.buttons);
   setField(L_, "answer", wordOf(answer));
-  appendTo(L_, messages_);
+  lua_pop(L_, 1);
   return answer;
 }
 
@@ -104,17 +106,14 @@ Answer ScriptPrompts::askHandler(const Message& message) {
 }
 
 std::optional<std::string> ScriptPrompts::chooseFile(const FileRequest& request) {
-  luaL_checkstack(L_, kStackSlots, nullptr);
+  record("file", request.title);
   const std::string initial = request.folder + request.name;
-  std::optional<std::string> chosen;
-  if (isSet(fileHandler_)) chosen = askFileHandler(request, initial);
-  lua_newtable(L_);
-  setField(L_, "kind", "file");
-  setField(L_, "title", request.title);
   setField(L_, "pattern", request.pattern);
   setField(L_, "initial", initial);
+  std::optional<std::string> chosen;
+  if (isSet(fileHandler_)) chosen = askFileHandler(request, initial);
   if (chosen) setField(L_, "answer", *chosen);
-  appendTo(L_, messages_);
+  lua_pop(L_, 1);
   return chosen;
 }
 
@@ -130,23 +129,20 @@ std::optional<std::string> ScriptPrompts::askFileHandler(const FileRequest& requ
   lua_pop(L_, 1);
   if (!chosen) return chosen;
   // A bare name means the folder that the dialog shows.
-  std::string folder = request.folder;
-  const std::string name = splitPath(folder, *chosen, "*");
-  const std::string path = name.ends_with(".*") ? folder + name.substr(0, name.size() - 2) : folder + name;
+  const std::string name(trimmed(*chosen));
+  const bool bare = name.find_first_of("\\/:") == std::string::npos;
+  const std::string path = bare ? request.folder + name : name;
   if (const auto refusal = folders_.refusal(path)) raise(L_, *refusal);
   return path;
 }
 
 void ScriptPrompts::showModal(Form& form) {
+  record("form", form.caption());
+  setField(L_, "text", form.name());
+  lua_pop(L_, 1);
   form.open(Modality::Modal);
   form.pressCancel();
   if (form.isShown()) form.close();
-  luaL_checkstack(L_, kStackSlots, nullptr);
-  lua_newtable(L_);
-  setField(L_, "kind", "form");
-  setField(L_, "text", form.name());
-  setField(L_, "title", form.caption());
-  appendTo(L_, messages_);
 }
 
 void ScriptPrompts::showReport(const std::string& report) {

@@ -34,6 +34,7 @@ class ScriptPrompts : public Prompts {
 
  private:
   void takeHandler(int& handler);
+  void record(const char* kind, const std::string& title);
   Answer show(const Message& message, const char* kind);
   Answer askHandler(const Message& message);
   std::optional<std::string> askFileHandler(const FileRequest& request, const std::string& initial);

@@ -4,11 +4,13 @@
 #include "gtest/gtest.h"
 
 #include "core/runtime_failure.h"
+#include "tests/support/failure_of.h"
 #include "tests/support/temp_folder.h"
 
 namespace tess {
 namespace {
 
+using testing::numberOfFailure;
 using testing::TempFolder;
 
 struct SplitCase {
@@ -64,24 +66,14 @@ TEST(FileSystem, FoldersAreNoFiles) {
   EXPECT_FALSE(folderExists(""));
 }
 
-FailureNumber failureOf(const std::function<void()>& action) {
-  try {
-    action();
-  } catch (const RuntimeFailure& failure) {
-    return failure.number();
-  }
-  ADD_FAILURE() << "nothing was raised";
-  return FailureNumber::InvalidProcedureCall;
-}
-
 TEST(FileSystem, FailuresCarryTheirNumbers) {
   const TempFolder folder;
   folder.write("file", "");
-  EXPECT_EQ(failureOf([&] { readFile(folder("none")); }), FailureNumber::FileNotFound);
-  EXPECT_EQ(failureOf([&] { readFile(folder()); }), FailureNumber::PathFileAccess);
-  EXPECT_EQ(failureOf([&] { readFile(folder("file/below")); }), FailureNumber::PathNotFound);
-  EXPECT_EQ(failureOf([&] { writeFile(folder(), "x"); }), FailureNumber::PathFileAccess);
-  EXPECT_EQ(failureOf([&] { writeFile("/dev/full", "x"); }), FailureNumber::DiskFull);
+  EXPECT_EQ(numberOfFailure([&] { readFile(folder("none")); }), FailureNumber::FileNotFound);
+  EXPECT_EQ(numberOfFailure([&] { readFile(folder()); }), FailureNumber::PathFileAccess);
+  EXPECT_EQ(numberOfFailure([&] { readFile(folder("file/below")); }), FailureNumber::PathNotFound);
+  EXPECT_EQ(numberOfFailure([&] { writeFile(folder(), "x"); }), FailureNumber::PathFileAccess);
+  EXPECT_EQ(numberOfFailure([&] { writeFile("/dev/full", "x"); }), FailureNumber::DiskFull);
 }
 
 TEST(FileSystem, DeletingWhatIsNotThereIsNoFailure) {

@@ -1,7 +1,7 @@
 // Surfaces and surroundings that keep, as one line of text each, what they were asked to do, so
-// that a recorded picture reads as a list. Owns: CallLog, RecordingSurface, RecordingPaper,
-// RecordingPointer, RecordingSurroundings,
-//       RecordingPrompts.
+// that a recorded picture reads as a list.
+// Owns: CallLog, RecordingSurface, RecordingPaper, RecordingPointer, LoggingSurroundings,
+//       LoggingPrompts.
 #pragma once
 
 #include <cstdio>
@@ -10,11 +10,11 @@
 #include <string>
 #include <vector>
 
-#include "core/host.h"
 #include "display/drawing_target.h"
 #include "display/pointer.h"
+#include "tests/support/recording_host.h"
 
-namespace tess {
+namespace tess::testing {
 
 class CallLog {
  public:
@@ -52,7 +52,7 @@ inline std::string recordedPoint(double x, double y) {
 }
 
 // Red, green, blue.
-inline std::string recordedColor(Color color) {
+inline std::string recordedColor(Rgb color) {
   char text[16];
   std::snprintf(text, sizeof text, "#%02X%02X%02X", color & 0xFF, color >> 8 & 0xFF,
                 color >> 16 & 0xFF);
@@ -82,21 +82,21 @@ class RecordingSurface : public DrawingSurface {
   void setRepaint(bool on) override { log_.add(on ? "repaint on" : "repaint off"); }
   void Refresh() override { log_.add("Refresh"); }
   void Cls() override { log_.add("Cls"); }
-  void line(const WorldBox& ends, Color color) override {
+  void line(const WorldBox& ends, Rgb color) override {
     log_.add("line " + recordedLine(ends) + " " + recordedColor(color));
   }
-  void box(const WorldBox& corners, Color color, bool filled) override {
+  void box(const WorldBox& corners, Rgb color, bool filled) override {
     log_.add((filled ? "filled box " : "box ") + recordedLine(corners) + " " +
              recordedColor(color));
   }
-  void arc(const WorldArc& arc, Color color) override {
+  void arc(const WorldArc& arc, Rgb color) override {
     std::string text = arc.whole ? "circle " : "arc ";
     text += recordedPoint(arc.x, arc.y) + " r " + recorded(arc.radius);
     if (!arc.whole) text += " from " + recorded(arc.start) + " to " + recorded(arc.end);
     if (arc.aspect != 1) text += " aspect " + recorded(arc.aspect);
     log_.add(text + " " + recordedColor(color));
   }
-  void text(float x, float y, const std::string& text, Color color) override {
+  void text(float x, float y, const std::string& text, Rgb color) override {
     log_.add("text " + recordedPoint(x, y) + " " + text + " " + recordedColor(color));
   }
 
@@ -127,11 +127,10 @@ class RecordingPaper : public DrawingTarget {
   void setDrawMode(PenMode /*mode*/) override {}  // makes no sense on paper
   PenStyle DrawStyle() const override { return PenStyle::Solid; }
   void setDrawStyle(PenStyle /*style*/) override {}
-  void TraceLine(const WorldBox& ends, std::optional<Color> color,
-                 std::optional<int> Box) override {
+  void TraceLine(const WorldBox& ends, std::optional<Rgb> color, std::optional<int> Box) override {
     PictureBoxProxy(surface_).TraceLine(ends, color, Box);
   }
-  void TraceCircle(float x, float y, float radius, std::optional<Color> color,
+  void TraceCircle(float x, float y, float radius, std::optional<Rgb> color,
                    std::optional<float> Start, std::optional<float> End,
                    std::optional<float> Aspect) override {
     PictureBoxProxy(surface_).TraceCircle(x, y, radius, color, Start, End, Aspect);
@@ -178,16 +177,15 @@ class RecordingPointer : public Pointer {
   int shape_ = kDefaultShape;
 };
 
-class RecordingSurroundings : public Surroundings {
+class LoggingSurroundings : public RecordingSurroundings {
  public:
-  explicit RecordingSurroundings(CallLog& log) : log_(log) {}
+  explicit LoggingSurroundings(CallLog& log) : log_(log) {}
 
   void serveEvents() override {
+    RecordingSurroundings::serveEvents();
     log_.add("events");
     if (onEvents) onEvents();
   }
-  void beep() override { log_.add("beep"); }
-  void printOnMainWindow(const std::string& text) override { log_.add("print " + text); }
 
   std::function<void()> onEvents;  // what happens while events are served
 
@@ -195,20 +193,17 @@ class RecordingSurroundings : public Surroundings {
   CallLog& log_;
 };
 
-// Answers every question with OK.
-class RecordingPrompts : public Prompts {
+class LoggingPrompts : public RecordingPrompts {
  public:
-  explicit RecordingPrompts(CallLog& log) : log_(log) {}
+  explicit LoggingPrompts(CallLog& log) : log_(log) {}
 
   Answer showMessage(const Message& message) override {
     log_.add("message \"" + message.text + "\"");
-    return Answer::Ok;
+    return RecordingPrompts::showMessage(message);
   }
-  std::optional<std::string> chooseFile(const FileRequest& /*request*/) override { return {}; }
-  void showModal(Form& /*form*/) override {}
 
  private:
   CallLog& log_;
 };
 
-}  // namespace tess
+}  // namespace tess::testing

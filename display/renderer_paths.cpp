@@ -1,0 +1,143 @@
+// Path rows: moves with their arrows or the outline of the tool along them, and the symbols of
+// cycles.
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <limits>
+#include <utility>
+
+#include "core/division.h"
+#include "display/arrowheads.h"
+#include "display/renderer.h"
+#include "geometry/angles.h"
+
+namespace tess {
+
+namespace {
+
+constexpr float kShortestWithArrow = 30;  // pixels; a dense path stays legible
+constexpr double kArrowTurn = 8;          // pixels of an arc by which its head turns inward
+constexpr double kDiscsPerRadius = 1.25;  // discs of the tool lie 0.8 radii apart
+constexpr int kFewestDiscs = 3;           // along an arc
+constexpr int kSlotCycle = 79;            // the one cycle with a length
+constexpr std::array kHoleRings = {0.33F, 0.66F, 1.0F};  // of the tool's radius
+
+Point polar(Point from, double length, double angle) {
+  return {narrow(from.x + length * std::cos(angle)), narrow(from.y + length * std::sin(angle))};
+}
+
+void discAt(Point center, float radius, Rgb color, DrawingTarget& target) {
+  target.TraceCircle(center.x, center.y, radius, color);
+}
+
+int wholeSteps(double n) {
+  if (std::abs(n) >= std::numeric_limits<int>::max()) throw overflow();
+  return static_cast<int>(std::floor(n));
+}
+
+void discsAlongLine(const Entity& move, float toolradius, Rgb color, DrawingTarget& target) {
+  double n = quotient(distance(move.start, move.end) * kDiscsPerRadius, toolradius) + 1;
+  if (n == 0) n = 1;
+  const double stepx = (static_cast<double>(move.end.x) - move.start.x) / n;
+  const double stepy = (static_cast<double>(move.end.y) - move.start.y) / n;
+  const int count = wholeSteps(n);
+  for (int i = 1; i <= count; ++i) {
+    discAt({narrow(move.start.x + i * stepx), narrow(move.start.y + i * stepy)}, toolradius, color,
+           target);
+  }
+}
+
+void discsAlongArc(const Entity& move, float toolradius, Rgb color, DrawingTarget& target) {
+  const ArcAngles arc = arcRadiusAndAngles(move.start, move.end, move.center);
+  const double sweep = ArcSweep(arc.start, arc.end, move.type);
+  const DiscSteps discs = discSteps(sweep, arc.radius, toolradius);
+  for (int i = 1; i <= discs.count; ++i) {
+    discAt(polar(move.center, arc.radius, arc.start + i * discs.step), toolradius, color, target);
+  }
+}
+
+void lineArrow(const Entity& move, Rgb color, DrawingTarget& target) {
+  const float length = distance(move.start, move.end);
+  if (target.ScaleX(length, ScaleUnit::User, ScaleUnit::Pixels) < kShortestWithArrow) return;
+  DrawArrowhead({move.end, vectorAngle(move.start, move.end)}, color, target);
+}
+
+// The head follows the curve: it is turned by the arc of its own length.
+void arcArrow(const Entity& move, Rgb color, DrawingTarget& target) {
+  const ArcAngles arc = arcRadiusAndAngles(move.start, move.end, move.center);
+  const double sweep = ArcSweep(arc.start, arc.end, move.type);
+  const double size = std::min(std::abs(sweep * arc.radius), 2.0 * arc.radius);
+  const float pixels = target.ScaleX(narrow(size), ScaleUnit::User, ScaleUnit::Pixels);
+  if (pixels < kShortestWithArrow) return;
+  const double x = kArrowTurn / pixels;
+  const double turn = std::atan(x / std::sqrt(1 - x * x));
+  const double tangent =
+      move.type == kClockwiseArc ? arc.end - kPi / 2 + turn : arc.end + kPi / 2 - turn;
+  DrawArrowhead({move.end, narrow(tangent)}, color, target);
+}
+
+void holeSymbol(Point at, float r, Rgb color, DrawingTarget& target) {
+  target.TraceLine({at.x + r, at.y, at.x - r, at.y}, color);
+  target.TraceLine({at.x, at.y + r, at.x, at.y - r}, color);
+  for (const float ring : kHoleRings) target.TraceCircle(at.x, at.y, ring * r, color);
+}
+
+void slotSymbol(const Entity& slot, float r, Rgb color, DrawingTarget& target) {
+  holeSymbol(slot.start, r, color, target);
+  holeSymbol(slot.end, r, color, target);
+  const double dx = nonZero(static_cast<double>(slot.end.x) - slot.start.x);
+  const double dy = static_cast<double>(slot.end.y) - slot.start.y;
+  const double across = std::atan(dy / dx) + kPi / 2;
+  const Point offset = polar({}, r, across);
+  const WorldBox line = lineOf(slot);
+  target.TraceLine(line, color);
+  for (const float side : {1.0F, -1.0F}) {
+    target.TraceLine({line.x0 + side * offset.x, line.y0 + side * offset.y,
+                      line.x1 + side * offset.x, line.y1 + side * offset.y},
+                     color);
+  }
+}
+
+}  // namespace
+
+DiscSteps discSteps(double sweep, double radius, double toolradius) {
+  const double n = std::max<double>(
+      std::abs(quotient(sweep * kDiscsPerRadius * radius, toolradius)) + 1, kFewestDiscs);
+  return {wholeSteps(n), sweep / n};
+}
+
+void Renderer::drawtoolpath(int ps, DrawingTarget& target, std::optional<Rgb> color) {
+  const Procedure here("frmMain.drawtoolpath(ps,target)");
+  if (!store_.psvisible[ps]) return;
+  target.setDrawStyle(PenStyle::Solid);
+  target.setDrawMode(PenMode::Copy);
+  const Rgb ink = color ? *color : pathColor(store_, ps);
+  const float r = store_.toolradius[toolIndex(store_.pscode[ps])];
+  const Entity move = pathEntity(store_, ps);
+  if (move.type == kLine || isArc(move.type)) {
+    drawMove(move, r, ink, target);
+  } else if (move.type == kSlotCycle) {
+    slotSymbol(move, r, ink, target);
+  } else {
+    holeSymbol(move.start, r, ink, target);
+  }
+}
+
+void Renderer::drawMove(const Entity& move, float toolradius, Rgb color, DrawingTarget& target) {
+  const bool line = move.type == kLine;
+  if (store_.tooloutline != 0) {
+    (line ? discsAlongLine : discsAlongArc)(move, toolradius, color, target);
+    return;
+  }
+  // Rows drawn outside a redraw, as those that blink, get no end markers either.
+  const bool before = std::exchange(pathdrawing, true);
+  if (line) {
+    DrawLine(lineOf(move), color, target);
+  } else {
+    DrawArc(move, color, target);
+  }
+  pathdrawing = before;
+  (line ? lineArrow : arcArrow)(move, color, target);
+}
+
+}  // namespace tess

@@ -1,0 +1,17 @@
+// The program's entry: reads the command line and picks the platform for the job.
+#include <cstdio>
+#include <iostream>
+#include <string>
+#include <vector>
+
+#include "shell/automation/command_line.h"
+
+int main(int argc, char** argv) {
+  const tess::CommandLine line = tess::parseCommandLine({argv + 1, argv + argc});
+  if (line.job != tess::Job::Window) {
+    return static_cast<int>(tess::runCommandLine(line, std::cout, std::cerr));
+  }
+  std::cerr << "tessimo: the window is not part of this build; see tessimo --help for what it does "
+               "without one\n";
+  return static_cast<int>(tess::ExitStatus::WrongUsage);
+}

@@ -1,0 +1,163 @@
+// Scans over the tables: which rows count, ties, and the reach.
+#include "geometry/nearest_scans.h"
+
+#include "gtest/gtest.h"
+
+#include "tests/geometry/rows.h"
+
+namespace tess {
+namespace {
+
+Entity lineAt(float y) {
+  return lineEntity({0, y}, {10, y});
+}
+
+TEST(NearestScans, AnEmptyDrawingHasNothing) {
+  const DrawingStore store;
+  Point end{-7, -7};
+  EXPECT_EQ(nearestSeg(store, {0, 0}), 0);
+  EXPECT_EQ(nearestSelectedSeg(store, {0, 0}), 0);
+  EXPECT_EQ(nearestLineSeg(store, {0, 0}), 0);
+  EXPECT_EQ(nearestArcSeg(store, {0, 0}), 0);
+  EXPECT_EQ(nearestRoundSeg(store, {0, 0}), 0);
+  EXPECT_EQ(nearestPathSeg(store, {0, 0}, 0), 0);
+  EXPECT_EQ(nearestPathChord(store, {0, 0}), 0);
+  EXPECT_FALSE(nearestSegEndpoint(store, {0, 0}, end));
+  EXPECT_FALSE(nearestPathEndpoint(store, {0, 0}, end));
+  EXPECT_EQ(end, (Point{-7, -7}));
+}
+
+TEST(NearestScans, TheLowestRowWinsATie) {
+  const DrawingStore store = testing::storeWith({lineAt(5), lineAt(1), lineAt(-1), lineAt(1)});
+  EXPECT_EQ(nearestSeg(store, {3, 0}), 2);
+  EXPECT_EQ(nearestLineSeg(store, {3, 0}), 2);
+  EXPECT_EQ(nearestPathSeg(store, {3, 0}, 0), 2);
+  EXPECT_EQ(nearestPathChord(store, {3, 0}), 2);
+}
+
+TEST(NearestScans, NothingIsFoundAMillionAway) {
+  const DrawingStore at = testing::storeWith({lineAt(1e6F)});
+  EXPECT_EQ(nearestSeg(at, {3, 0}), 0);
+  const DrawingStore nearer = testing::storeWith({lineAt(999999.9F)});
+  EXPECT_EQ(nearestSeg(nearer, {3, 0}), 1);
+  Point end{-7, -7};
+  EXPECT_FALSE(nearestSegEndpoint(at, {0, 0}, end));
+  EXPECT_TRUE(nearestSegEndpoint(nearer, {0, 0}, end));
+}
+
+TEST(NearestScans, EachScanSeesItsKindsAlone) {
+  const DrawingStore store = testing::storeWith({
+      {kCircle, {1, 0}, {1, 0}, {0, 0}},
+      {kClockwiseArc, {2, 0}, {2, 0}, {0, 0}},
+      {kCounterClockwiseArc, {3, 0}, {3, 0}, {0, 0}},
+      lineEntity({4, -9}, {4, 9}),
+      {kRectangle, {-9, -9}, {9, 9}, {}},
+  });
+  EXPECT_EQ(nearestSeg(store, {0, 1}), 1);
+  EXPECT_EQ(nearestSeg(store, {8.5F, 1}), 5);
+  EXPECT_EQ(nearestArcSeg(store, {0, 1}), 2);
+  EXPECT_EQ(nearestArcSeg(store, {0, 9}), 3);
+  EXPECT_EQ(nearestLineSeg(store, {0, 1}), 4);
+}
+
+TEST(NearestRoundSeg, ACircleIsMeasuredAsAnArc) {
+  // Without a sense only the angle of its stored point lies on the sweep, so that the circle's
+  // other side counts as far as that point.
+  const DrawingStore store = testing::storeWith({
+      {kCircle, {1, 0}, {1, 0}, {0, 0}},
+      {kClockwiseArc, {-2.5F, 0}, {-2.5F, 0}, {-3, 0}},
+  });
+  EXPECT_EQ(nearestRoundSeg(store, {1.1F, 0}), 1);
+  EXPECT_EQ(nearestRoundSeg(store, {-1.1F, 0.1F}), 2);
+  EXPECT_EQ(nearestSeg(store, {-1.1F, 0.1F}), 1);
+}
+
+TEST(NearestSeg, ABarePointCountsByItsEndPoint) {
+  const DrawingStore store =
+      testing::storeWith({{kPoint, {0, 0}, {5, 5}, {}}, lineEntity({9, 0}, {9, 9})});
+  EXPECT_EQ(nearestSeg(store, {5, 4}), 1);
+  EXPECT_EQ(nearestSeg(store, {8, 0}), 2);
+}
+
+TEST(NearestSeg, RowsWithoutANearestPointArePassedOver) {
+  const DrawingStore store = testing::storeWith({
+      {4, {1, 1}, {1, 1}, {}},
+      {kClockwiseArc, {1, 1}, {1, 1}, {1, 1}},
+      {kCircle, {1, 1}, {1, 1}, {1, 1}},
+      lineAt(50),
+  });
+  EXPECT_EQ(nearestSeg(store, {1, 1}), 4);
+  EXPECT_EQ(nearestArcSeg(store, {1, 1}), 0);
+  EXPECT_EQ(nearestRoundSeg(store, {1, 1}), 0);
+}
+
+TEST(NearestSelectedSeg, SeesVerifiedRowsAlone) {
+  DrawingStore store;
+  testing::addSegment(store, lineAt(1), kOrdinaryClass);
+  testing::addSegment(store, lineAt(2), 30008);
+  testing::addSegment(store, lineAt(3), 30110);
+  testing::addSegment(store, lineAt(4), kVerifiedRow);
+  EXPECT_EQ(nearestSelectedSeg(store, {3, 0}), 4);
+}
+
+TEST(NearestSegEndpoint, StartsComeBeforeEnds) {
+  const DrawingStore store =
+      testing::storeWith({lineEntity({-1, 0}, {1, 0}), lineEntity({0, -1}, {0, 5})});
+  Point end;
+  EXPECT_TRUE(nearestSegEndpoint(store, {0, 0}, end));
+  EXPECT_EQ(end, (Point{-1, 0}));
+  EXPECT_TRUE(nearestSegEndpoint(store, {0.5F, 0}, end));
+  EXPECT_EQ(end, (Point{1, 0}));
+  EXPECT_TRUE(nearestSegEndpoint(store, {0, 4}, end));
+  EXPECT_EQ(end, (Point{0, 5}));
+}
+
+TEST(NearestPathScans, HiddenRowsDoNotCount) {
+  DrawingStore store;
+  testing::addPath(store, lineAt(1), 100, /*visible=*/false);
+  testing::addPath(store, lineAt(2), 100, /*visible=*/true);
+  Point end;
+  EXPECT_EQ(nearestPathSeg(store, {3, 0}, 0), 2);
+  EXPECT_EQ(nearestPathChord(store, {3, 0}), 2);
+  EXPECT_TRUE(nearestPathEndpoint(store, {0, 0}, end));
+  EXPECT_EQ(end, (Point{0, 2}));
+}
+
+TEST(NearestPathChord, AnArcCountsByItsChord) {
+  // The arc bulges away from the point; its chord does not.
+  const DrawingStore store = testing::storeWith({
+      {kCounterClockwiseArc, {5, 0}, {-5, 0}, {0, 0}},
+      lineAt(-3),
+      {kRapid, {-9, -1}, {9, -1}, {}},
+      {81, {0, -1}, {0, -1}, {}},
+  });
+  EXPECT_EQ(nearestPathChord(store, {0, -1}), 1);
+  EXPECT_EQ(nearestPathSeg(store, {0, -1.5F}, 0), 4);
+}
+
+TEST(NearestPathSeg, RapidsAndCyclesThatAreNoPointsDoNotCount) {
+  const DrawingStore store = testing::storeWith({
+      {kRapid, {0, 0}, {1, 0}, {}},
+      {79, {0, 0}, {0, 0}, {}},
+      {90, {0, 0}, {0, 0}, {}},
+      {83, {0, 0}, {5, 5}, {}},
+  });
+  EXPECT_EQ(nearestPathSeg(store, {0, 0}, 0), 4);
+}
+
+TEST(NearestPathSeg, TheGroupIsComparedAsARealQuotient) {
+  DrawingStore store;
+  testing::addPath(store, lineAt(1), 100);
+  testing::addPath(store, lineAt(2), 200);
+  testing::addPath(store, lineAt(3), 250);
+  testing::addPath(store, lineAt(4), 30200);
+  EXPECT_EQ(nearestPathSeg(store, {3, 0}, 0), 1);
+  EXPECT_EQ(nearestPathSeg(store, {3, 0}, 2), 1);
+  EXPECT_EQ(nearestPathSeg(store, {3, 0}, 3), 2);
+  EXPECT_EQ(nearestPathSeg(store, {3, 0}, 3.5), 3);  // tool index 50 belongs to no whole group
+  EXPECT_EQ(nearestPathSeg(store, {3, 0}, 303), 4);
+  EXPECT_EQ(nearestPathSeg(store, {3, 0}, 1), 0);
+}
+
+}  // namespace
+}  // namespace tess
