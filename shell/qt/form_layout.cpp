@@ -123,9 +123,9 @@ QWidget* makeWidget(const Control& control, QWidget* parent) {
 
 // Arranges the controls of one frame, or those directly on the form, from top to bottom: fields
 // beside their labels, buttons side by side.
-class Column {
+class ControlColumn {
  public:
-  Column(FormLayout& layout, const Form& form, QWidget* parent, QVBoxLayout* column)
+  ControlColumn(FormLayout& layout, const Form& form, QWidget* parent, QVBoxLayout* column)
       : layout_(layout), form_(form), parent_(parent), column_(column) {
     column_->setSpacing(kSpacing);
   }
@@ -168,7 +168,7 @@ class Column {
 
   void fill(Frame& frame, const std::vector<Control*>& controls) {
     QWidget* box = layout_.widgets.at(&frame);
-    Column(layout_, form_, box, new QVBoxLayout(box)).arrange(controls, &frame);
+    ControlColumn(layout_, form_, box, new QVBoxLayout(box)).arrange(controls, &frame);
   }
 
   // A label waits for the field that it names; none came.
@@ -245,7 +245,7 @@ FormLayout makeFormLayout(const Form& form, QWidget* parent) {
   if (layout.root != nullptr) column->addWidget(layout.root);
   if (layout.root == nullptr) column->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
   layout.root = whole;
-  Column(layout, form, whole, column).arrange(form.controls(), nullptr);
+  ControlColumn(layout, form, whole, column).arrange(form.controls(), nullptr);
   return layout;
 }
 

@@ -36,10 +36,8 @@ MainWindow::MainWindow(const MainWindowParts& parts)
   client_->installEventFilter(this);
   formWindows_.isDocked = [this](const Form& form) { return panels_.isDocked(form); };
   parts_.surface.drawing().onMoved = [this](const SurfaceArea& area) {
-    const QPoint corner = client_->mapTo(this, QPoint());
-    parts_.surface.setGeometry(QRectF(area.left - corner.x(), area.top - corner.y(), area.width,
-                                      area.height)
-                                   .toRect());
+    const QRectF place(area.left, area.top, area.width, area.height);
+    parts_.surface.setGeometry(place.translated(-client_->mapTo(this, QPointF())).toRect());
   };
   makeStatusBar();
 }

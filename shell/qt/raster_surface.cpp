@@ -26,7 +26,7 @@ constexpr double kTextHeight = 12;      // pixels
 constexpr int kLeastContrast = 64;      // of 255
 constexpr QRgb kGreyMask = 0x00C0C0C0;  // changes any grey by 64 or more
 
-QColor colorOf(Color color) {
+QColor colorOf(Rgb color) {
   return {color & 0xFF, color >> 8 & 0xFF, color >> 16 & 0xFF};
 }
 
@@ -194,7 +194,7 @@ double RasterSurface::penWidth() const {
 
 // An inverting pen flips the bits that its colour lacks. Where that would leave the background
 // nearly as it is, as with a white pen, it flips bits that always show.
-QColor RasterSurface::ink(Color color) const {
+QColor RasterSurface::ink(Rgb color) const {
   const QColor plain = colorOf(color);
   if (!isInverting()) return plain;
   const QRgb mask = ~plain.rgb() & 0x00FFFFFF;
@@ -217,7 +217,7 @@ QRectF RasterSurface::paintedBounds() const {
   return QRectF(picture_.rect()).adjusted(-kMargin, -kMargin, kMargin, kMargin);
 }
 
-void RasterSurface::line(const WorldBox& ends, Color color) {
+void RasterSurface::line(const WorldBox& ends, Rgb color) {
   if (ends.x0 == ends.x1 && ends.y0 == ends.y1) return;
   const QLineF whole(devicePoint(ends.x0, ends.y0), devicePoint(ends.x1, ends.y1));
   const std::optional<QLineF> visible = clipped(whole, paintedBounds());
@@ -232,7 +232,7 @@ void RasterSurface::line(const WorldBox& ends, Color color) {
   painted(QRectF(visible->p1(), visible->p2()));
 }
 
-void RasterSurface::box(const WorldBox& corners, Color color, bool filled) {
+void RasterSurface::box(const WorldBox& corners, Rgb color, bool filled) {
   const QPoint a = drawnIn(devicePoint(corners.x0, corners.y0));
   const QPoint b = drawnIn(devicePoint(corners.x1, corners.y1));
   const QRect pixels(QPoint(std::min(a.x(), b.x()), std::min(a.y(), b.y())),
@@ -255,7 +255,7 @@ QPoint RasterSurface::drawnIn(QPointF corner) const {
                      std::clamp(corner.y(), bounds.top(), bounds.bottom())});
 }
 
-void RasterSurface::arc(const WorldArc& arc, Color color) {
+void RasterSurface::arc(const WorldArc& arc, Rgb color) {
   const double radius = deviceLength(arc.radius);
   const QSizeF radii(arc.aspect > 1 ? radius / arc.aspect : radius,
                      arc.aspect > 1 ? radius : radius * arc.aspect);
@@ -273,7 +273,7 @@ void RasterSurface::arc(const WorldArc& arc, Color color) {
   painted(reach);
 }
 
-void RasterSurface::text(float x, float y, const std::string& text, Color color) {
+void RasterSurface::text(float x, float y, const std::string& text, Rgb color) {
   QFont font;
   font.setPixelSize(static_cast<int>(std::lround(kTextHeight * density_)));
   const QFontMetricsF metrics(font);

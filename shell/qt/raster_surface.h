@@ -35,10 +35,10 @@ class RasterSurface : public DrawingSurface {
   void setRepaint(bool on) override;
   void Refresh() override;
   void Cls() override;
-  void line(const WorldBox& ends, Color color) override;
-  void box(const WorldBox& corners, Color color, bool filled) override;
-  void arc(const WorldArc& arc, Color color) override;
-  void text(float x, float y, const std::string& text, Color color) override;
+  void line(const WorldBox& ends, Rgb color) override;
+  void box(const WorldBox& corners, Rgb color, bool filled) override;
+  void arc(const WorldArc& arc, Rgb color) override;
+  void text(float x, float y, const std::string& text, Rgb color) override;
 
   std::function<void(const QRect&)> onPainted;  // in device pixels; only while repainting is on
   std::function<void()> onRefresh;
@@ -54,7 +54,7 @@ class RasterSurface : public DrawingSurface {
     return !isInverting() && state().drawStyle == PenStyle::Solid;
   }
   double penWidth() const;
-  QColor ink(Color color) const;
+  QColor ink(Rgb color) const;
   QPointF devicePoint(float x, float y) const;
   double deviceLength(float length) const;
   QPoint drawnIn(QPointF corner) const;
