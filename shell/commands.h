@@ -1,6 +1,6 @@
 // The one road of commands: a click on a tool, wherever it stands, arrives here by the tool's name,
 // and a key by its code.
-// Owns: abMain_ToolClick, isCommand, hasHandler, KeyCode, KeyStroke, KeyPress, KeyDown, commandNames.
+// Owns: abMain_ToolClick, commandNames, disableIdleTools, SpecialKey, KeyStroke, KeyPress, handleKey.
 #pragma once
 
 #include <string>

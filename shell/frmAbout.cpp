@@ -8,7 +8,9 @@
 namespace tess {
 namespace {
 
-std::string versionLine() { return std::string("Version ") + kVersionText; }
+std::string versionLine() {
+  return std::string("Version ") + kVersionText;
+}
 
 }  // namespace
 

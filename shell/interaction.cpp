@@ -21,6 +21,7 @@ Interaction::Interaction(Session& session, const ScreenPorts& ports)
       desk({session, view, renderer, redraw, viewCommands, ScreenProxy, ports.pointer, ports.timers,
             tools, statusBar, *this}) {
   fillToolHost(tools);
+  tools.setClientArea(ports.clientArea);
 }
 
 void Interaction::readPressedTools() {

@@ -23,6 +23,7 @@ struct ScreenPorts {
   DrawingSurface& picDrawing;
   Pointer& pointer;
   Timers& timers;
+  Bounds clientArea{};  // of the surface to begin with, in pixels
 };
 
 class Interaction : public ViewHost, public RedrawListener, public DeskListener {
