@@ -35,7 +35,7 @@ std::size_t editDistance(std::string_view a, std::string_view b) {
 }  // namespace
 
 std::optional<std::string> nearMatch(std::string_view word, std::span<const std::string> names) {
-  if (word.empty() || word.size() > kLongestWord) return std::nullopt;
+  if (word.size() < 2 || word.size() > kLongestWord) return std::nullopt;
   const std::string wanted = lowerCased(word);
   std::size_t nearest = std::max<std::size_t>(1, word.size() / 3) + 1;
   std::optional<std::string> found;

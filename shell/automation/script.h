@@ -23,6 +23,7 @@ struct Script {
   const AllowedFolders& folders;
   std::ostream& out;
   std::deque<Variable> variables{};         // what the closures of Lua point to; never shrinks
+  bool started = false;                     // the program is up, and the script itself runs
   std::optional<std::string> programEnd{};  // why the script is over for good
 };
 

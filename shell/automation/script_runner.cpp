@@ -67,10 +67,13 @@ std::string shortName(const std::string& path) {
   return std::string(kDots) + path.substr(path.size() - (kLongest - kDots.size()));
 }
 
-// The operator gets the whole name.
-std::string withFullName(const std::string& message, const std::string& path) {
+// What the operator reads of an error: always the script's whole name, with the line where Lua
+// tells it. The end of the program and a failed start are not the script's affair.
+std::string failureLine(const Script& script, const std::string& message, const std::string& path) {
+  if (script.programEnd || !script.started) return script.programEnd.value_or(message);
   const std::string name = shortName(path);
-  return message.starts_with(name) ? path + message.substr(name.size()) : message;
+  if (message.starts_with(name + ":")) return path + message.substr(name.size());
+  return path + ": " + message;
 }
 
 void setArguments(lua_State* L, const ScriptJob& job) {
@@ -119,6 +122,7 @@ int runAll(Script& script, lua_State* L) {
   bindRoutines(L);
   bindFileCommands(L);
   setArguments(L, run.job);
+  script.started = true;
   limitInstructions(L, run.job.limits.instructions);
   const std::string_view text = withoutShebang(run.text);
   const std::string name = "@" + run.job.path;
@@ -178,7 +182,7 @@ ExitStatus runScriptText(const ScriptJob& job, std::string_view text, std::ostre
   setScript(state.get(), script);
   const auto error = protectedRun(state.get(), {job, text});
   out.flush();
-  if (error) return fail(err, withFullName(script.programEnd.value_or(*error), job.path));
+  if (error) return fail(err, failureLine(script, *error, job.path));
   for (const std::string& notice : host.surroundings.printed) say(err, notice);
   if (!out) return fail(err, job.path + ": standard output cannot be written");
   return ExitStatus::Done;

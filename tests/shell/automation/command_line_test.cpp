@@ -162,7 +162,7 @@ TEST_F(CommandLineJobs, AProgramThatCannotBeWrittenIsOneLine) {
   const std::string part = drawing("part.cdm");
   EXPECT_EQ(runLine({"--make-cnc", "mill", part, "-o", folder("none/out.nc")}),
             ExitStatus::JobFailed);
-  EXPECT_EQ(err, "tessimo: " + part + ": File not found: " + folder("none/out.nc") + "\n");
+  EXPECT_EQ(err, "tessimo: " + part + ": Path not found: " + folder("none/out.nc") + "\n");
   EXPECT_EQ(runLine({"--make-cnc", "mill", part, "-o", folder()}), ExitStatus::JobFailed);
   EXPECT_EQ(err, "tessimo: " + part + ": Path/File access error: " + folder() + "\n");
 }

@@ -40,7 +40,7 @@ TEST_F(GeometryBinding, EveryRoutineTakesAndGivesInOrder) {
       {"angleInSweep(1, 0, 2, 2)", "false"},
       {"polarOf(0, 0, 0, 2)", "90.0\t2.0"},
       {"pointAlong(1, 1, 5, 1, 2)", "3.0\t1.0"},
-      {"circleFrom3Points(1, 0, 0, 1, 0, 2)", "1.5\t1.5\t-1"},
+      {"circleFrom3Points(4, 6, -3, 5, 1, -3)", "1.0\t2.0\t-1"},
       {"circleFrom3Points(0, 0, 0, 1, 0, 2)", "0.0\t0.0\t0"},
       {"perpBisector(2, 0, 0, 2)", "2.0\t0.0\t0.0\t2.0\t1.0\t0.0"},
       {"centersFromChord(-3, 0, 3, 0, 5)", "0.0\t4.0\t0.0\t-4.0\t0"},

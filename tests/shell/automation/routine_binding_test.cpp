@@ -75,7 +75,6 @@ TEST_F(RoutineBinding, OneLineOfAProgram) {
 }
 
 TEST_F(RoutineBinding, AFailureInTheErrorPathIsShownLoggedAndOver) {
-  home.write("tess.def", "1.0\r\n");
   job.fileAccess = true;
   const std::string shown =
       outputOf("os.remove('" + home("tess.def") +

@@ -89,7 +89,7 @@ TEST_F(StoreBinding, WhatDoesNotFitIsAnErrorOfTheLine) {
     const char* error;
   };
   const Case cases[] = {
-      {"print(store.x0[11])", "Subscript out of range"},
+      {"print(store.x0[23])", "Subscript out of range"},
       {"store.x0[-1] = 0", "Subscript out of range"},
       {"store.toolname[100] = 'x'", "Subscript out of range"},
       {"store.colortable[8] = 1", "Subscript out of range"},
