@@ -7,6 +7,7 @@
 #include <QScreen>
 #include <QStatusBar>
 #include <QUrl>
+#include <algorithm>
 
 #include "shell/qt/icons.h"
 
@@ -16,6 +17,8 @@ namespace {
 
 constexpr double kScreenPart = 0.8;
 constexpr int kLayoutVersion = 1;
+constexpr int kSmallestIcon = 16;
+constexpr int kLargestIcon = 64;
 
 }  // namespace
 
@@ -40,6 +43,10 @@ MainWindow::MainWindow(const MainWindowParts& parts)
     parts_.surface.setGeometry(place.translated(-client_->mapTo(this, QPointF())).toRect());
   };
   makeStatusBar();
+}
+
+MainWindow::~MainWindow() {
+  parts_.surface.setParent(nullptr);
 }
 
 void MainWindow::makeStatusBar() {
@@ -97,14 +104,15 @@ void MainWindow::tellClientArea() {
   parts_.gateway.enter("frmMain.abMain_Resize()", [&] { parts_.tools.setClientArea(area); });
 }
 
+// The question may itself ask for the window to be closed.
 void MainWindow::closeEvent(QCloseEvent* event) {
-  bool agreed = closed_;
+  event->ignore();
+  if (closing_) return;
+  closing_ = true;
   parts_.gateway.enter("frmMain.Form_QueryUnload(Cancel,UnloadMode)",
-                       [&] { agreed = agreed || !onQueryClose || onQueryClose(); });
-  event->setAccepted(agreed);
-  if (!agreed || closed_) return;
-  closed_ = true;
-  if (onClosed) onClosed();
+                       [&] { event->setAccepted(!onQueryClose || onQueryClose()); });
+  closing_ = event->isAccepted();
+  if (closing_ && onClosed) onClosed();
 }
 
 // Keys that no field wanted are commands.
@@ -128,13 +136,22 @@ void MainWindow::dropEvent(QDropEvent* event) {
                        [&] { onFilesDropped(paths); });
 }
 
+// The toolkit's own state as one word, before it the size of the icons and the style of buttons.
 void MainWindow::keepArrangement(std::string& arrangement) {
-  arrangement = saveState(kLayoutVersion).toBase64().toStdString();
+  arrangement = std::to_string(iconSize().width()) + " " +
+                std::to_string(static_cast<int>(toolButtonStyle())) + " " +
+                saveState(kLayoutVersion).toBase64().toStdString();
 }
 
 // Which bars are open was told before; an arrangement of an older program must not hide new ones.
 void MainWindow::restoreArrangement(const std::string& arrangement) {
-  restoreState(QByteArray::fromBase64(QByteArray::fromStdString(arrangement)), kLayoutVersion);
+  const QStringList words = QString::fromStdString(arrangement).split(' ');
+  if (words.size() != 3) return;
+  const int pixels = std::clamp(words[0].toInt(), kSmallestIcon, kLargestIcon);
+  setIconSize(QSize(pixels, pixels));
+  const bool named = words[1].toInt() == Qt::ToolButtonTextUnderIcon;
+  setToolButtonStyle(named ? Qt::ToolButtonTextUnderIcon : Qt::ToolButtonIconOnly);
+  restoreState(QByteArray::fromBase64(words[2].toLatin1()), kLayoutVersion);
   toolBars_.showOpenBands();
   panels_.showOpenBands();
 }

@@ -24,13 +24,15 @@ struct MainWindowParts {
   StatusBar& status;
   FormHost& forms;
   Gateway& gateway;
-  SurfaceWidget& surface;  // becomes a child of the window
+  SurfaceWidget& surface;  // a child of the window for as long as that lives
 };
 
 class MainWindow : public QMainWindow, public ToolHostObserver {
  public:
   explicit MainWindow(const MainWindowParts& parts);
+  ~MainWindow() override;  // gives the surface back
 
+  ToolHost& tools() { return parts_.tools; }
   ToolBars& toolBars() { return toolBars_; }
   Panels& panels() { return panels_; }
   QLabel& statusLabel(StatusPanel panel) { return *labels_.at(panel); }
@@ -72,7 +74,7 @@ class MainWindow : public QMainWindow, public ToolHostObserver {
   FormWindows formWindows_;
   std::map<StatusPanel, QLabel*> labels_;
   Subscription subscription_;
-  bool closed_ = false;
+  bool closing_ = false;
 };
 
 }  // namespace tess
