@@ -15,7 +15,7 @@ namespace {
 constexpr float kDefaultSnapRadius = 0.1F;
 constexpr float kMarkShare = 75;   // of the view's width: half the size of a mark
 constexpr float kPointShare = 65;  // of the view's width: the width of a typed position's point
-constexpr Color kMagenta = 0xFF00FF;
+constexpr Rgb kMagenta = 0xFF00FF;
 
 void drawSquare(const CFeaturePoint& feature, float s, PictureBoxProxy& target) {
   target.TraceLine({feature.X - s, feature.Y - s, feature.X + s, feature.Y + s}, {}, kOutlineBox);
@@ -100,13 +100,13 @@ void CState::setDrawMode(int mode) {
 }
 
 void CState::setFeaturePoint(const std::optional<CFeaturePoint>& feature) {
-  drawFeature();
+  if (markShown_) invertMark();
   feature_ = feature;
-  drawFeature();
+  markShown_ = feature_.has_value();
+  if (markShown_) invertMark();
 }
 
-void CState::drawFeature() {
-  if (!feature_) return;
+void CState::invertMark() {
   const PenMode before = screen_.DrawMode();
   screen_.setDrawMode(PenMode::NotXor);
   feature_->Draw(screen_);

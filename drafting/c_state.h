@@ -77,6 +77,8 @@ class CState : public ArmedAction {
   // The current snap feature; setting it erases the mark of the old one and draws the new one.
   const std::optional<CFeaturePoint>& FeaturePoint() const { return feature_; }
   void setFeaturePoint(const std::optional<CFeaturePoint>& feature);
+  // A redraw has wiped the mark off the screen; the feature stays.
+  void forgetMark() { markShown_ = false; }
 
   bool OSnapOn = false;
   float OSnapRadius = 0.1F;  // as a fraction of the view's width
@@ -94,13 +96,14 @@ class CState : public ArmedAction {
   bool updateProperties = false;  // the property window must reload
 
  private:
-  void drawFeature();
+  void invertMark();
 
   PictureBoxProxy& screen_;
   Effects effects_;
   int pendingaction_ = 0;
   int drawMode_ = 0;
   std::optional<CFeaturePoint> feature_;
+  bool markShown_ = false;
 };
 
 }  // namespace tess

@@ -6,7 +6,6 @@
 #include "core/rounding.h"
 #include "core/runtime_failure.h"
 #include "core/text.h"
-#include "drafting/row_edits.h"
 #include "geometry/points.h"
 
 namespace tess {
@@ -14,30 +13,6 @@ namespace {
 
 constexpr std::size_t kLogGrowth = 50;
 constexpr int kCentreDecimals = 4;
-
-SegmentRow drawnRow(const clsSegment& record) {
-  return {.type = record.SegType,
-          .attr = record.SegAttr,
-          .x0 = record.x0,
-          .y0 = record.y0,
-          .x1 = record.x1,
-          .y1 = record.y1,
-          .xc = record.CenterX,
-          .yc = record.CenterY};
-}
-
-PathRow placedRow(const clsSegment& record) {
-  return {.type = record.TypeOfSegment,
-          .x0 = record.x0,
-          .y0 = record.y0,
-          .x1 = record.x1,
-          .y1 = record.y1,
-          .xc = record.CenterX,
-          .yc = record.CenterY,
-          .z = record.ZDepth,
-          .feed = record.FeedRate,
-          .code = record.SegAttr};
-}
 
 template <typename Row>
 bool sameEnds(const clsSegment& record, const Row& row, float tolerence) {
@@ -60,36 +35,6 @@ template <typename Row>
 bool matches(const clsSegment& record, int recordType, const Row& row, float tolerence) {
   return row.type == recordType && sameEnds(record, row, tolerence) &&
          (hasNoCentre(row.type) || sameCentre(record, row));
-}
-
-bool matchesPathRow(const DrawingStore& store, const clsSegment& record, int ps) {
-  return matches(record, record.TypeOfSegment, pathRow(store, ps), store.cfg_tolerance);
-}
-
-// Path rows keep their places while the log is walked, so the recorded place is asked first: two
-// passes that differ only in depth look alike to a search.
-int placeOfPathRow(const DrawingStore& store, const clsSegment& record) {
-  const bool inUse = record.row >= 1 && record.row <= store.NumPathSegments;
-  if (inUse && matchesPathRow(store, record, record.row)) return record.row;
-  return findPathSegment(store, record, store.NumPathSegments);
-}
-
-void takeAway(DrawingStore& store, const clsSegment& record) {
-  if (record.isPath()) {
-    deletePathSegment(store, placeOfPathRow(store, record));
-  } else {
-    deleteSegment(store, findSegment(store, record));
-  }
-}
-
-void bringBack(DrawingStore& store, const clsSegment& record) {
-  if (!record.isPath()) {
-    AddSeg(store, drawnRow(record), nullptr);
-    store.drawingsaved = false;
-    return;
-  }
-  const int place = std::clamp<int>(record.row, 1, store.NumPathSegments + 1);
-  restorePathSegment(store, place, placedRow(record));
 }
 
 struct NamedField {
@@ -256,34 +201,26 @@ void logPathSegment(ChangeLog& log, const DrawingStore& store, int ps, std::stri
   log.logRecord(record, /*cutRedo=*/true);
 }
 
+bool isSameRow(const clsSegment& record, const SegmentRow& row, float tolerence) {
+  return matches(record, record.SegType, row, tolerence);
+}
+
+bool isSameRow(const clsSegment& record, const PathRow& row, float tolerence) {
+  return matches(record, record.TypeOfSegment, row, tolerence);
+}
+
 int findSegment(const DrawingStore& store, const clsSegment& record) {
   for (int sg = store.NumSegments; sg >= 1; --sg) {
-    if (matches(record, record.SegType, segmentRow(store, sg), store.cfg_tolerance)) return sg;
+    if (isSameRow(record, segmentRow(store, sg), store.cfg_tolerance)) return sg;
   }
   return -1;
 }
 
 int findPathSegment(const DrawingStore& store, const clsSegment& record, int from) {
   for (int ps = std::min<int>(from, store.NumPathSegments); ps >= 1; --ps) {
-    if (matchesPathRow(store, record, ps)) return ps;
+    if (isSameRow(record, pathRow(store, ps), store.cfg_tolerance)) return ps;
   }
   return -1;
-}
-
-void undoStep(ChangeLog& log, DrawingStore& store) {
-  while (log.canUndo()) {
-    const clsSegment record = log.popRecord();
-    record.added() ? takeAway(store, record) : bringBack(store, record);
-    if (record.StartOfSegment) return;
-  }
-}
-
-void redoStep(ChangeLog& log, DrawingStore& store) {
-  while (log.canRedo()) {
-    const clsSegment record = log.nextRedoRecord();
-    record.added() ? bringBack(store, record) : takeAway(store, record);
-    if (log.canRedo() && log.record(log.changecount).StartOfSegment) return;
-  }
 }
 
 }  // namespace tess

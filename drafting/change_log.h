@@ -1,6 +1,5 @@
 // The change log: before-and-after records of all rows, on which undo and redo walk.
-// Owns: clsSegment, ChangeLog, logSegment, logPathSegment, findSegment, findPathSegment,
-//       undoStep, redoStep.
+// Owns: clsSegment, ChangeLog, logSegment, logPathSegment, isSameRow, findSegment, findPathSegment.
 #pragma once
 
 #include <string>
@@ -80,15 +79,14 @@ void logSegment(ChangeLog& log, const DrawingStore& store, int sg, std::string_v
 void logPathSegment(ChangeLog& log, const DrawingStore& store, int ps, std::string_view kind,
                     bool start);
 
-// The highest row that matches the record, or -1: equal type, ends by samePoint and, unless the row
-// is a line or a rectangle, centres equal at 4 decimals.
+// True when the row is the record's: equal type, ends by samePoint and, unless the row is a line or
+// a rectangle, centres equal at 4 decimals.
+bool isSameRow(const clsSegment& record, const SegmentRow& row, float tolerence);
+bool isSameRow(const clsSegment& record, const PathRow& row, float tolerence);
+
+// The highest row that matches the record, or -1.
 int findSegment(const DrawingStore& store, const clsSegment& record);
 // The same over the path rows from `from` downward.
 int findPathSegment(const DrawingStore& store, const clsSegment& record, int from);
-
-// Takes back the last step, or does the next one again. A record whose row is not found is passed
-// over.
-void undoStep(ChangeLog& log, DrawingStore& store);
-void redoStep(ChangeLog& log, DrawingStore& store);
 
 }  // namespace tess

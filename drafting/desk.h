@@ -1,6 +1,7 @@
 // The drafting desk: the state of the interaction and the parts that drafting commands work with.
 // Commands are free functions on it.
-// Owns: PointerRecord, CommandRecord, ArcScratch, DeskListener, ClickActions, DeskParts, Desk.
+// Owns: PointerRecord, CommandRecord, ArcScratch, DeskListener, ClickActions, RepeatCommands,
+//       DeskParts, Desk.
 #pragma once
 
 #include <array>
@@ -30,12 +31,13 @@ struct PointerRecord {
   float LastRawX = 0, LastRawY = 0;      // the one before
   bool LeftDown = false, RightDown = false;
   int RubberKind = 0;               // the DrawMode that drew the band on the screen; 0 none
+  int DragBand = 0;                 // the pending action that drew one; 0 none
   bool SkipPointerUpdate = false;   // the next event does not move the position
   bool MenuGuard = false;           // a menu has just closed
-  double MenuGuardTime = kLongAgo;  // in seconds of the clock
+  double MenuGuardTime = kLongAgo;  // in milliseconds of the clock
   PanDrag PanStart;
 
-  static constexpr double kLongAgo = -1e9;
+  static constexpr double kLongAgo = -1e12;
 };
 
 // What commands remember between clicks. A fresh one is the state of a fresh program.
@@ -43,6 +45,7 @@ struct CommandRecord {
   float marker2x = 0, marker2y = 0;        // second point of a three-point command
   float prevmarkerx = 0, prevmarkery = 0;  // the marker before it last moved
   int clickstage = 0;                      // points taken of a three-point command: 0, 1, 2
+  bool secondCrossShown = false;           // the second point's cross is on the screen
   bool EditPaths = false;                  // editing works on path rows
   int LastCommand = 0;
   int PendingSeg1 = 0, PendingSeg2 = 0;
@@ -77,6 +80,10 @@ class GridSnapTimer;
 // entry is armed and prompts, and its click has no effect.
 using ClickActions = std::array<std::function<void(Desk&)>, 48>;
 
+// What the repeat key issues, by LastCommand. Rooms above fill in theirs; a number without an entry
+// does nothing.
+using RepeatCommands = std::array<std::function<void(Desk&)>, 48>;
+
 struct DeskParts {
   Session& session;
   View& view;
@@ -103,9 +110,14 @@ struct Desk : DeskParts {
   ChangeLog changelog;
   std::optional<Point> typedPosition;  // accepted in the position dialog, until the next release
   Point lastTypedPosition;             // what the dialog shows when it opens
-  double lastWheelTime = PointerRecord::kLongAgo;  // of a wheel event passed on, in seconds
+  double lastWheelTime = PointerRecord::kLongAgo;  // of a wheel event passed on, in milliseconds
   std::unique_ptr<GridSnapTimer> gridSnapTimer;
   ClickActions clickActions;
+  RepeatCommands repeatCommands;
+
+ private:
+  void refreshDrawMode();
+  void forgetInverted();
 };
 
 }  // namespace tess

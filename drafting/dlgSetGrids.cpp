@@ -57,9 +57,18 @@ void dlgSetGrids::takeOver() {
   for (const int kind : chkOSnapFeatures.indices()) {
     desk_.state.OSnapFeatures[static_cast<std::size_t>(kind)] = chkOSnapFeatures[kind].isChecked();
   }
-  UpdateGridButtons(desk_);
+  pressTools();
   if (desk_.state.OSnapOn != snapBefore) desk_.state.RevertOSnapFeatures();
   if (desk_.store.visualgrid != spacingBefore) desk_.redraw.redrawscreen();
+}
+
+// With both grids on, CGrid stays as it was: it shows the cursor grid only where that is alone.
+void dlgSetGrids::pressTools() {
+  desk_.tools.setChecked("VGrid", chkvgrid.isChecked());
+  if (!chkvgrid.isChecked() || !chkcgrid.isChecked()) {
+    desk_.tools.setChecked("CGrid", chkcgrid.isChecked());
+  }
+  desk_.tools.setChecked("OSnap", chkOSnap.isChecked());
 }
 
 }  // namespace tess

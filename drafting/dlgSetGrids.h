@@ -19,7 +19,7 @@ class dlgSetGrids : public Form {
   CheckBox chkOSnap{*this, "chkOSnap"};
   Frame fraOSnapFeatures{*this, "fraOSnapFeatures"};
   ControlArray<CheckBox> chkOSnapFeatures{
-      *this, "chkOSnapFeatures", {1, 2, 3, 4, 5}, &fraOSnapFeatures};
+      *this, "chkOSnapFeatures", {1, 2, 3, 4, 5}, fraOSnapFeatures};
   Button cmdAccept{*this, "cmdAccept"};
   Button cmdCancel{*this, "cmdCancel"};
 
@@ -27,6 +27,7 @@ class dlgSetGrids : public Form {
   void fill();
   void enableFeatures();
   void takeOver();
+  void pressTools();
 
   Desk& desk_;
 };

@@ -21,6 +21,18 @@ std::optional<Point> enteredPosition(Desk& desk, std::optional<float> x, std::op
   return Point{x.value_or(desk.lastTypedPosition.x), y.value_or(desk.lastTypedPosition.y)};
 }
 
+// The pointer itself follows, and the event that brings it there moves the position no further.
+void putPointer(Desk& desk, Point position) {
+  PointerRecord& pointer = desk.pointer;
+  pointer.MouseX = position.x;
+  pointer.MouseY = position.y;
+  msetpos(desk, position.x, position.y);
+  pointer.LastRawX = pointer.RawX;
+  pointer.LastRawY = pointer.RawY;
+  refreshCoordinates(desk);
+  pointer.SkipPointerUpdate = true;
+}
+
 }  // namespace
 
 void collect_Set_New_pos(Desk& desk, std::optional<float> new_X, std::optional<float> new_Y) {
@@ -28,15 +40,15 @@ void collect_Set_New_pos(Desk& desk, std::optional<float> new_X, std::optional<f
   desk.command.LastCommand = kEnterPositionCommand;
   const std::optional<Point> entered = enteredPosition(desk, new_X, new_Y);
   if (!entered) return;
-  PointerRecord& pointer = desk.pointer;
   desk.lastTypedPosition = *entered;
-  pointer.MouseX = entered->x;
-  pointer.MouseY = entered->y;
-  msetpos(desk, pointer.MouseX, pointer.MouseY);
-  pointer.LastRawX = pointer.RawX;
-  pointer.LastRawY = pointer.RawY;
-  refreshCoordinates(desk);
-  pointer.SkipPointerUpdate = true;
+  putPointer(desk, *entered);
+}
+
+void nudgePointer(Desk& desk, int pixelsX, int pixelsY) {
+  const Procedure here("frmMain.nudgePointer(pixelsX,pixelsY)");
+  const auto unitsX = pixelsX / PixelsPerInchX(desk.ScreenProxy);
+  const auto unitsY = pixelsY / PixelsPerInchY(desk.ScreenProxy);
+  putPointer(desk, {narrow(desk.pointer.MouseX + unitsX), narrow(desk.pointer.MouseY + unitsY)});
 }
 
 }  // namespace tess

@@ -1,5 +1,5 @@
-// Enter Position: the pointer goes to a typed place.
-// Owns: collect_Set_New_pos.
+// The pointer without the pointer: Enter Position, and the arrow keys.
+// Owns: collect_Set_New_pos, nudgePointer.
 #pragma once
 
 #include <optional>
@@ -12,5 +12,9 @@ namespace tess {
 // other keeps its last entered value.
 void collect_Set_New_pos(Desk& desk, std::optional<float> new_X = {},
                          std::optional<float> new_Y = {});
+
+// The arrow keys: the pointer's position moves by whole pixels, x to the right and y upward, off
+// the cursor grid too.
+void nudgePointer(Desk& desk, int pixelsX, int pixelsY);
 
 }  // namespace tess

@@ -3,17 +3,14 @@
 
 #include <utility>
 
-#include "display/palette.h"
-#include "display/renderer.h"
+#include "display/screen_marks.h"
+#include "drafting/rubber_band.h"
 #include "drafting/undo.h"
 #include "geometry/angles.h"
 #include "geometry/circles.h"
 
 namespace tess {
 namespace {
-
-constexpr int kDrawColorSlot = 3;
-constexpr int kFirstPointTaken = 1;
 
 Point markerOf(const Desk& desk) {
   return {desk.store.markerx, desk.store.markery};
@@ -25,8 +22,8 @@ Point mouseOf(const Desk& desk) {
   return {desk.pointer.MouseX, desk.pointer.MouseY};
 }
 
-Color drawColor(const Desk& desk) {
-  return ColorOf(desk.store.colorsinuse[kDrawColorSlot]);
+Rgb drawColor(const Desk& desk) {
+  return slotColor(desk.store, ColorSlot::Draw);
 }
 
 // Drawn once it appears, drawn again it is gone.
@@ -34,8 +31,10 @@ void toggleMarkerCross(Desk& desk) {
   DrawMarkerCross(markerOf(desk), desk.ScreenProxy);
 }
 
-void toggleSecondCross(Desk& desk) {
+void eraseSecondCross(Desk& desk) {
+  if (!desk.command.secondCrossShown) return;
   DrawMarkerCross(secondPointOf(desk), desk.ScreenProxy);
+  desk.command.secondCrossShown = false;
 }
 
 void rememberMarker(Desk& desk) {
@@ -131,12 +130,12 @@ void drawThreePointMode(Desk& desk, Finish finish) {
   if (desk.command.clickstage == kFirstPointTaken) {
     desk.command.marker2x = desk.pointer.MouseX;
     desk.command.marker2y = desk.pointer.MouseY;
-    toggleSecondCross(desk);
+    showSecondPoint(desk);
     return;
   }
   desk.command.clickstage = 0;
   toggleMarkerCross(desk);
-  toggleSecondCross(desk);
+  eraseSecondCross(desk);
   if (!finish()) desk.session.host.surroundings.beep();
   putMarker(desk, desk.command.marker2x, desk.command.marker2y);
 }
@@ -285,10 +284,17 @@ void moveMarker(Desk& desk, float x, float y) {
   putMarker(desk, x, y);
 }
 
+void showSecondPoint(Desk& desk) {
+  CommandRecord& command = desk.command;
+  if (command.clickstage != kFirstPointTaken || command.secondCrossShown) return;
+  DrawMarkerCross(secondPointOf(desk), desk.ScreenProxy);
+  command.secondCrossShown = true;
+}
+
+// A preview needs the points that are forgotten, so it goes first.
 void dropThreePointCommand(Desk& desk) {
-  if (takesThreePoints(desk.state.DrawMode()) && desk.command.clickstage == kFirstPointTaken) {
-    toggleSecondCross(desk);
-  }
+  if (takesThreePoints(desk.pointer.RubberKind)) eraseRubberBand(desk);
+  eraseSecondCross(desk);
   desk.command.clickstage = 0;
 }
 

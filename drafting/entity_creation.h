@@ -1,7 +1,7 @@
 // Creating entities: what an accepted click adds in each drawing mode, with the previews of the
 // three-point commands.
 // Owns: DrawingMode, draw_Action, draw_circle3p, draw_arcc2p, draw_arc3p, BatchLine, BatchAddLines,
-//       moveMarker, dropThreePointCommand, the drawing commands.
+//       moveMarker, kFirstPointTaken, showSecondPoint, dropThreePointCommand, the drawing commands.
 #pragma once
 
 #include <span>
@@ -48,6 +48,12 @@ void BatchAddLines(Desk& desk, std::span<const BatchLine> lines);
 
 // Moves the marker with its cross and remembers where it was.
 void moveMarker(Desk& desk, float x, float y);
+
+// The stage of a three-point command that waits for its last click.
+inline constexpr int kFirstPointTaken = 1;
+
+// Marks the second point of a half-done three-point command, unless its cross is on the screen.
+void showSecondPoint(Desk& desk);
 
 // Forgets the points taken of a three-point command, with the second point's cross.
 void dropThreePointCommand(Desk& desk);

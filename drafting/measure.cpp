@@ -3,17 +3,15 @@
 
 #include "core/number_text.h"
 #include "core/rounding.h"
-#include "display/palette.h"
-#include "display/renderer.h"
 #include "drafting/grids.h"
 #include "drafting/object_snap.h"
 #include "drafting/pending_actions.h"
+#include "drafting/rubber_band.h"
 
 namespace tess {
 namespace {
 
 constexpr int kReportDecimals = 4;
-constexpr int kDrawColorSlot = 3;
 
 std::string reported(float value) {
   return plainText(roundTo(value, kReportDecimals));
@@ -22,19 +20,6 @@ std::string reported(float value) {
 Point snapped(const Desk& desk, Point at) {
   if (const auto& feature = desk.state.FeaturePoint()) return {feature->X, feature->Y};
   return snappedToGrid(desk.store, at);
-}
-
-// The line and its head in the inverting pen; nothing while it has no length.
-void traceBand(Desk& desk) {
-  const PointerRecord& pointer = desk.pointer;
-  const WorldBox ends{pointer.MouseDownX, pointer.MouseDownY, pointer.MouseMoveX,
-                      pointer.MouseMoveY};
-  if (ends.x0 == ends.x1 && ends.y0 == ends.y1) return;
-  const Color color = ColorOf(desk.store.colorsinuse[kDrawColorSlot]);
-  desk.ScreenProxy.setDrawMode(PenMode::NotXor);
-  desk.ScreenProxy.TraceLine(ends, color);
-  TraceArrowhead(ends, color, desk.ScreenProxy);
-  desk.ScreenProxy.setDrawMode(PenMode::Copy);
 }
 
 void report(Desk& desk) {
@@ -61,16 +46,12 @@ void pressMeasure(Desk& desk, Point at) {
 }
 
 void moveMeasure(Desk& desk, Point at) {
-  traceBand(desk);
-  const Point end = snapped(desk, at);
-  desk.pointer.MouseMoveX = end.x;
-  desk.pointer.MouseMoveY = end.y;
-  traceBand(desk);
+  moveDragBand(desk, snapped(desk, at));
   report(desk);
 }
 
-void releaseMeasure(Desk& desk, Point /*at*/) {
-  traceBand(desk);
+void releaseMeasure(Desk& desk) {
+  eraseDragBand(desk);
   report(desk);
 }
 

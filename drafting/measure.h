@@ -8,9 +8,9 @@ namespace tess {
 
 void miMeasureDist_Click(Desk& desk);
 
-// The three events of the drag, with the pointer's position.
+// The three events of the drag, with the pointer's position where it counts.
 void pressMeasure(Desk& desk, Point at);
 void moveMeasure(Desk& desk, Point at);
-void releaseMeasure(Desk& desk, Point at);
+void releaseMeasure(Desk& desk);
 
 }  // namespace tess

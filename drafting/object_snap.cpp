@@ -1,6 +1,7 @@
 // Object snap: features of one entity and the choice among them.
 #include "drafting/object_snap.h"
 
+#include <algorithm>
 #include <cmath>
 #include <string>
 #include <utility>
@@ -24,9 +25,6 @@ struct Source {
 
 bool hasEnds(int type) {
   return type == kLine || isArc(type);
-}
-bool isRound(int type) {
-  return isArc(type) || type == kCircle;
 }
 
 using Places = std::vector<Point>;
@@ -175,6 +173,22 @@ void OSnap_ButtonClick(Desk& desk) {
 void OSnapMenuClick(Desk& desk, FeatureKind kind) {
   const bool once = !desk.tools.isChecked("OSnap");
   desk.state.UpdateOSnapFeature(once, static_cast<int>(kind));
+}
+
+void tbbtnmnuOSnapEndpoints_ButtonMenuClick(Desk& desk) {
+  OSnapMenuClick(desk, FeatureKind::EndPoint);
+}
+void tbbtnmnuOSnapCenter_ButtonMenuClick(Desk& desk) {
+  OSnapMenuClick(desk, FeatureKind::Center);
+}
+void tbbtnmnuOSnapMidpoint_ButtonMenuClick(Desk& desk) {
+  OSnapMenuClick(desk, FeatureKind::Midpoint);
+}
+void tbbtnmnuOSnapPerpendicular_ButtonMenuClick(Desk& desk) {
+  OSnapMenuClick(desk, FeatureKind::Perpendicular);
+}
+void tbbtnmnuOSnapQuadrants_ButtonMenuClick(Desk& desk) {
+  OSnapMenuClick(desk, FeatureKind::Quadrant);
 }
 
 void OSnap_ButtonClick_ButtonDropDown(Desk& desk) {

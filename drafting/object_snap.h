@@ -1,7 +1,7 @@
 // Object snap: the characteristic points of the entity nearest the pointer, and which of them the
 // pointer snaps to.
 // Owns: SnapQuery, effectiveType, GetClosetFeaturePoint, featureAtPointer, OSnap_ButtonClick,
-//       OSnapMenuClick, OSnap_ButtonClick_ButtonDropDown.
+//       OSnapMenuClick, the entries of the snap menu, OSnap_ButtonClick_ButtonDropDown.
 #pragma once
 
 #include <optional>
@@ -32,6 +32,11 @@ void OSnap_ButtonClick(Desk& desk);
 
 // An entry of the snap menu: turns the kind over while the button is down, else a single use.
 void OSnapMenuClick(Desk& desk, FeatureKind kind);
+void tbbtnmnuOSnapEndpoints_ButtonMenuClick(Desk& desk);
+void tbbtnmnuOSnapCenter_ButtonMenuClick(Desk& desk);
+void tbbtnmnuOSnapMidpoint_ButtonMenuClick(Desk& desk);
+void tbbtnmnuOSnapPerpendicular_ButtonMenuClick(Desk& desk);
+void tbbtnmnuOSnapQuadrants_ButtonMenuClick(Desk& desk);
 
 // Marks the menu's entries whose kinds are in the persistent set.
 void OSnap_ButtonClick_ButtonDropDown(Desk& desk);

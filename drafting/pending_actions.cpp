@@ -6,9 +6,9 @@
 
 #include "core/number_text.h"
 #include "core/runtime_failure.h"
-#include "display/renderer.h"
 #include "drafting/entity_creation.h"
 #include "drafting/pointer_events.h"
+#include "drafting/rubber_band.h"
 #include "drafting/selection.h"
 
 namespace tess {
@@ -179,6 +179,7 @@ void completeRelease(Desk& desk, int button) {
 void Handle_esc(Desk& desk) {
   const int action = desk.state.pendingaction();
   if (action == 0) return;
+  eraseDragBand(desk);
   const bool bandOnScreen =
       action == static_cast<int>(Select) || action == static_cast<int>(Unselect) ||
       action == static_cast<int>(ZoomWindow) || action == static_cast<int>(PlaceText);
@@ -192,7 +193,6 @@ void Handle_esc(Desk& desk) {
 }
 
 void arm(Desk& desk, PendingAction action, int drawMode) {
-  dropThreePointCommand(desk);
   desk.state.setPendingaction(static_cast<int>(action));
   desk.state.setDrawMode(drawMode);
   desk.command.LastCommand = static_cast<int>(action);

@@ -20,10 +20,11 @@ namespace {
 
 using enum PendingAction;
 
-constexpr double kPressGuardSeconds = 0.2;
-constexpr double kReleaseGuardSeconds = 0.3;
-constexpr double kWheelPauseSeconds = 0.05;
-constexpr int kGridSnapMilliseconds = 375;
+// In milliseconds of the clock, whose whole numbers compare exactly.
+constexpr double kPressGuard = 200;
+constexpr double kReleaseGuard = 300;
+constexpr double kWheelPause = 50;
+constexpr int kGridSnapInterval = 375;
 constexpr int kPositionDecimals = 6;
 constexpr double kWindowPixels = 10;  // a drag at least this wide or high is a window
 
@@ -41,31 +42,21 @@ bool isAnyArmed(const Desk& desk, std::initializer_list<PendingAction> actions) 
                      [&desk](PendingAction action) { return isArmed(desk, action); });
 }
 
-double seconds(Desk& desk) {
-  constexpr double kMillisecondsPerSecond = 1000;
-  return desk.session.host.clock.elapsedMilliseconds() / kMillisecondsPerSecond;
+double clockTime(Desk& desk) {
+  return desk.session.host.clock.elapsedMilliseconds();
 }
 
 Point at(const PointerEvent& event) {
   return {event.X, event.Y};
 }
 
-bool anyButtonDown(const Desk& desk) {
-  return desk.pointer.LeftDown || desk.pointer.RightDown;
-}
-
 // ---- Press
 
 bool swallowedByMenuAtPress(Desk& desk) {
-  const bool guarded = seconds(desk) - desk.pointer.MenuGuardTime < kPressGuardSeconds;
+  const bool guarded = clockTime(desk) - desk.pointer.MenuGuardTime < kPressGuard;
   if (!guarded && !desk.pointer.MenuGuard) return false;
   desk.pointer.MenuGuard = false;
   return true;
-}
-
-void startBand(Desk& desk) {
-  drawRubberBand(desk);
-  desk.pointer.RubberKind = desk.state.DrawMode();
 }
 
 void pressLeft(Desk& desk, const PointerEvent& event) {
@@ -73,7 +64,7 @@ void pressLeft(Desk& desk, const PointerEvent& event) {
   pointer.LeftDown = true;
   pointer.MouseDownX = pointer.MouseMoveX = event.X;
   pointer.MouseDownY = pointer.MouseMoveY = event.Y;
-  if (isArmed(desk, None)) startBand(desk);
+  if (isArmed(desk, None)) showRubberBand(desk);
   if (isArmed(desk, Pan)) pointer.PanStart = desk.viewCommands.beginPan(at(event));
   if (isArmed(desk, PlaceText)) desk.listener.textDragReset();
   if (isArmed(desk, Measure)) pressMeasure(desk, at(event));
@@ -90,7 +81,7 @@ void panWithControl(Desk& desk, const PointerEvent& event) {
 
 // The shift key turns object snap over while a position is being picked.
 bool invertsSnap(const Desk& desk, const PointerEvent& event) {
-  if (!anyButtonDown(desk) || event.Shift != kShiftKey) return false;
+  if (event.Button == 0 || event.Shift != kShiftKey) return false;
   return isAnyArmed(desk, {MoveEndPoint, Measure}) ||
          (isArmed(desk, None) && isDrawing(desk.state.DrawMode())) || event.Button == kRightButton;
 }
@@ -103,25 +94,13 @@ void offerFeature(Desk& desk, const PointerEvent& event, bool invertSnap) {
                                     : std::optional<CFeaturePoint>{});
 }
 
-void moveBand(Desk& desk, const PointerEvent& event) {
-  drawRubberBand(desk);
-  desk.pointer.MouseMoveX = event.X;
-  desk.pointer.MouseMoveY = event.Y;
-  startBand(desk);
-}
-
-void moveSelectionBox(Desk& desk, const PointerEvent& event) {
-  traceSelectionBox(desk);
-  desk.pointer.MouseMoveX = event.X;
-  desk.pointer.MouseMoveY = event.Y;
-  traceSelectionBox(desk);
-}
-
 WorldBox dragBox(const PointerRecord& pointer) {
   return {pointer.MouseDownX, pointer.MouseDownY, pointer.MouseMoveX, pointer.MouseMoveY};
 }
 
+// The view takes an old box for one that is on the screen.
 void moveZoomBox(Desk& desk, const PointerEvent& event) {
+  showDragBand(desk);
   const WorldBox shown = dragBox(desk.pointer);
   desk.pointer.MouseMoveX = event.X;
   desk.pointer.MouseMoveY = event.Y;
@@ -143,8 +122,8 @@ void movePanDrag(Desk& desk, const PointerEvent& event) {
 
 void moveLeft(Desk& desk, const PointerEvent& event, bool invertSnap) {
   offerFeature(desk, event, invertSnap);
-  if (isArmed(desk, None)) moveBand(desk, event);
-  if (isAnyArmed(desk, {Select, Unselect})) moveSelectionBox(desk, event);
+  if (isArmed(desk, None)) moveRubberBand(desk, at(event));
+  if (isAnyArmed(desk, {Select, Unselect})) moveDragBand(desk, at(event));
   if (isArmed(desk, ZoomWindow)) moveZoomBox(desk, event);
   if (isArmed(desk, Pan)) movePanDrag(desk, event);
   if (isArmed(desk, Measure)) moveMeasure(desk, at(event));
@@ -186,7 +165,7 @@ void followPointer(Desk& desk, const PointerEvent& event) {
 
 bool swallowedByMenuAtRelease(Desk& desk) {
   PointerRecord& pointer = desk.pointer;
-  const bool guarded = seconds(desk) - pointer.MenuGuardTime < kReleaseGuardSeconds;
+  const bool guarded = clockTime(desk) - pointer.MenuGuardTime < kReleaseGuard;
   if (!guarded && !pointer.MenuGuard) return false;
   pointer.MenuGuard = false;
   pointer.MenuGuardTime = PointerRecord::kLongAgo;
@@ -194,8 +173,7 @@ bool swallowedByMenuAtRelease(Desk& desk) {
 }
 
 void releaseBand(Desk& desk) {
-  drawRubberBand(desk);
-  desk.pointer.RubberKind = 0;
+  eraseRubberBand(desk);
   desk.redraw.redrawscreen();
 }
 
@@ -210,7 +188,7 @@ bool isWindow(const Desk& desk) {
 
 // A smaller drag stays a click, which the second stage completes.
 void releaseSelectionBox(Desk& desk, const PointerEvent& event) {
-  traceSelectionBox(desk);
+  eraseDragBand(desk);
   if (!isWindow(desk)) return;
   desk.pointer.LeftDown = false;
   const WorldBox box = dragBox(desk.pointer);
@@ -218,7 +196,9 @@ void releaseSelectionBox(Desk& desk, const PointerEvent& event) {
 }
 
 void releaseZoomBox(Desk& desk) {
+  showDragBand(desk);
   desk.pointer.LeftDown = false;
+  desk.pointer.DragBand = 0;
   desk.viewCommands.releaseZoomBox(dragBox(desk.pointer));
 }
 
@@ -228,14 +208,13 @@ void releasePan(Desk& desk, const PointerEvent& event) {
 }
 
 void releaseLeft(Desk& desk, const PointerEvent& event) {
-  desk.systemPointer.releaseCapture();
   // What was armed at the release counts: some of these change it.
   const auto armed = static_cast<PendingAction>(desk.state.pendingaction());
   if (armed == None) releaseBand(desk);
   if (armed == Select || armed == Unselect) releaseSelectionBox(desk, event);
   if (armed == ZoomWindow) releaseZoomBox(desk);
   if (armed == Pan) releasePan(desk, event);
-  if (armed == Measure) releaseMeasure(desk, at(event));
+  if (armed == Measure) releaseMeasure(desk);
 }
 
 // ---- Release, second stage
@@ -327,6 +306,7 @@ void picDrawing_MouseUp(Desk& desk, const PointerEvent& released) {
   desk.gridSnapTimer->stop();
   const PointerEvent event = atFeature(desk, released);
   if (event.Button == kLeftButton) {
+    desk.systemPointer.releaseCapture();
     if (isArmed(desk, PlaceText)) {
       desk.listener.textPointerEvent(event.Button, event.Shift, event.X, event.Y);
       desk.pointer.LeftDown = false;
@@ -339,8 +319,8 @@ void picDrawing_MouseUp(Desk& desk, const PointerEvent& released) {
 
 void MouseWheel1_MouseWheel(Desk& desk, int steps, int shift) {
   if (!isArmed(desk, PlaceText)) return;
-  const double now = seconds(desk);
-  if (now - desk.lastWheelTime < kWheelPauseSeconds) return;
+  const double now = clockTime(desk);
+  if (now - desk.lastWheelTime < kWheelPause) return;
   desk.lastWheelTime = now;
   desk.listener.textWheel(steps, shift);
 }
@@ -361,12 +341,12 @@ void msetpos(Desk& desk, float x, float y) {
 
 void armMenuGuard(Desk& desk) {
   desk.pointer.MenuGuard = false;
-  desk.pointer.MenuGuardTime = seconds(desk);
+  desk.pointer.MenuGuardTime = clockTime(desk);
 }
 
 GridSnapTimer::GridSnapTimer(Desk& desk)
     : timer_(desk.timers.create(
-          {.name = "tmrGridSnap", .intervalMs = kGridSnapMilliseconds, .oneShot = true}, [&desk] {
+          {.name = "tmrGridSnap", .intervalMs = kGridSnapInterval, .oneShot = true}, [&desk] {
             if (!desk.systemPointer.isOverSurface()) return;
             msetpos(desk, desk.pointer.MouseX, desk.pointer.MouseY);
             desk.systemPointer.focusSurface();

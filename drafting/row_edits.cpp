@@ -27,21 +27,17 @@ void deletePathSegment(DrawingStore& store, int ps) {
 }
 
 void insertPathSegment(DrawingStore& store, int index, const PathRow& row, int tool) {
-  PathRow placed = row;
-  placed.code = store.currentpathgroup * kCodesPerGroup + tool;
-  placed.visible = true;
-  restorePathSegment(store, index, placed);
-  store.lastplacedgroup = store.currentpathgroup;
-}
-
-void restorePathSegment(DrawingStore& store, int index, const PathRow& row) {
   const Int16 count = store.NumPathSegments + 1;
   ensurePathCapacity(store, count);
   for (int ps = store.NumPathSegments; ps >= index; --ps) {
     setPathRow(store, ps + 1, pathRow(store, ps));
   }
-  setPathRow(store, index, row);
+  PathRow placed = row;
+  placed.code = store.currentpathgroup * kCodesPerGroup + tool;
+  placed.visible = true;
+  setPathRow(store, index, placed);
   store.NumPathSegments = count;
+  store.lastplacedgroup = store.currentpathgroup;
   store.drawingsaved = false;
 }
 

@@ -16,7 +16,4 @@ void deletePathSegment(DrawingStore& store, int ps);
 // changed. Raises Overflow at row 32768.
 void insertPathSegment(DrawingStore& store, int index, const PathRow& row, int tool);
 
-// The same with the code as `row` has it: how a removed row comes back to its place.
-void restorePathSegment(DrawingStore& store, int index, const PathRow& row);
-
 }  // namespace tess

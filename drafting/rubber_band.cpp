@@ -1,21 +1,38 @@
-// The rubber bands of the drawing modes and of window drags.
+// The bands that follow the pointer.
 #include "drafting/rubber_band.h"
 
-#include "display/palette.h"
+#include <algorithm>
+
+#include "display/arrowheads.h"
 #include "drafting/entity_creation.h"
+#include "drafting/pending_actions.h"
 
 namespace tess {
 namespace {
 
-constexpr int kDrawColorSlot = 3;
-
-Color drawColor(const Desk& desk) {
-  return ColorOf(desk.store.colorsinuse[kDrawColorSlot]);
+Rgb drawColor(const Desk& desk) {
+  return slotColor(desk.store, ColorSlot::Draw);
 }
 
 WorldBox fromMarker(const Desk& desk) {
   return {desk.store.markerx, desk.store.markery, desk.pointer.MouseMoveX, desk.pointer.MouseMoveY};
 }
+
+WorldBox fromPress(const Desk& desk) {
+  return {desk.pointer.MouseDownX, desk.pointer.MouseDownY, desk.pointer.MouseMoveX,
+          desk.pointer.MouseMoveY};
+}
+
+bool hasNoExtent(const WorldBox& box) {
+  return box.x0 == box.x1 && box.y0 == box.y1;
+}
+
+void moveBandEnd(Desk& desk, Point to) {
+  desk.pointer.MouseMoveX = to.x;
+  desk.pointer.MouseMoveY = to.y;
+}
+
+// ---- Drawing modes
 
 void bandLine(Desk& desk) {
   desk.ScreenProxy.TraceLine(fromMarker(desk), drawColor(desk));
@@ -33,7 +50,6 @@ void bandCircle(Desk& desk) {
 
 template <bool (*preview)(Desk&, float, float)>
 void bandPreview(Desk& desk) {
-  if (desk.command.clickstage != 1) return;
   preview(desk, desk.pointer.MouseMoveX, desk.pointer.MouseMoveY);
 }
 
@@ -51,23 +67,94 @@ constexpr BandRow kBands[] = {
     {DrawingMode::CircleC1P, bandCircle},
 };
 
-}  // namespace
+bool hasBand(const Desk& desk) {
+  const int mode = desk.state.DrawMode();
+  if (takesThreePoints(mode)) return desk.command.clickstage == kFirstPointTaken;
+  return isDrawing(mode);
+}
 
-void drawRubberBand(Desk& desk) {
+void invertRubberBand(Desk& desk, int mode) {
   desk.ScreenProxy.setDrawMode(PenMode::NotXor);
   desk.ScreenProxy.setDrawStyle(PenStyle::Solid);
   for (const BandRow& band : kBands) {
-    if (desk.state.DrawMode() == static_cast<int>(band.mode)) band.draw(desk);
+    if (mode == static_cast<int>(band.mode)) band.draw(desk);
   }
   desk.ScreenProxy.setDrawMode(PenMode::Copy);
 }
 
-void traceSelectionBox(Desk& desk) {
-  const PointerRecord& pointer = desk.pointer;
-  const WorldBox box{pointer.MouseDownX, pointer.MouseDownY, pointer.MouseMoveX,
-                     pointer.MouseMoveY};
-  if (box.x0 == box.x1 && box.y0 == box.y1) return;
-  traceRubberBox(desk.ScreenProxy, PenStyle::Dot, {box});
+// ---- Pending actions
+
+void invertSelectionBox(Desk& desk) {
+  const WorldBox box = fromPress(desk);
+  if (!hasNoExtent(box)) traceRubberBox(desk.ScreenProxy, PenStyle::Dot, {box});
+}
+
+void invertZoomBox(Desk& desk) {
+  traceRubberBox(desk.ScreenProxy, PenStyle::Dash, {fromPress(desk)});
+}
+
+void invertMeasureArrow(Desk& desk) {
+  const WorldBox ends = fromPress(desk);
+  if (hasNoExtent(ends)) return;
+  desk.ScreenProxy.setDrawMode(PenMode::NotXor);
+  desk.ScreenProxy.TraceLine(ends, drawColor(desk));
+  TraceArrowhead(ends, drawColor(desk), desk.ScreenProxy);
+  desk.ScreenProxy.setDrawMode(PenMode::Copy);
+}
+
+struct DragBandRow {
+  PendingAction action;
+  void (*invert)(Desk&);
+};
+
+constexpr DragBandRow kDragBands[] = {
+    {PendingAction::Select, invertSelectionBox},
+    {PendingAction::Unselect, invertSelectionBox},
+    {PendingAction::ZoomWindow, invertZoomBox},
+    {PendingAction::Measure, invertMeasureArrow},
+};
+
+void invertDragBand(Desk& desk, int action) {
+  for (const DragBandRow& band : kDragBands) {
+    if (action == static_cast<int>(band.action)) band.invert(desk);
+  }
+}
+
+}  // namespace
+
+void showRubberBand(Desk& desk) {
+  if (!hasBand(desk)) return;
+  desk.pointer.RubberKind = desk.state.DrawMode();
+  invertRubberBand(desk, desk.pointer.RubberKind);
+}
+
+void eraseRubberBand(Desk& desk) {
+  if (desk.pointer.RubberKind == 0) return;
+  invertRubberBand(desk, desk.pointer.RubberKind);
+  desk.pointer.RubberKind = 0;
+}
+
+void moveRubberBand(Desk& desk, Point to) {
+  eraseRubberBand(desk);
+  moveBandEnd(desk, to);
+  showRubberBand(desk);
+}
+
+void showDragBand(Desk& desk) {
+  if (desk.pointer.DragBand != 0) return;
+  desk.pointer.DragBand = desk.state.pendingaction();
+  invertDragBand(desk, desk.pointer.DragBand);
+}
+
+void eraseDragBand(Desk& desk) {
+  invertDragBand(desk, desk.pointer.DragBand);
+  desk.pointer.DragBand = 0;
+}
+
+void moveDragBand(Desk& desk, Point to) {
+  eraseDragBand(desk);
+  moveBandEnd(desk, to);
+  showDragBand(desk);
 }
 
 }  // namespace tess

@@ -41,7 +41,7 @@ template <typename NearestPoint>
 bool touches(const SelectionWindow& window, NearestPoint nearestTo) {
   for (const Point corner : cornersOf(window)) {
     Point nearest;
-    if (nearestTo(corner, nearest) > 0 && inWindow(nearest, window)) return true;
+    if (nearestTo(corner, nearest) && inWindow(nearest, window)) return true;
   }
   return false;
 }
@@ -50,16 +50,18 @@ bool segmentInWindow(const DrawingStore& store, int sg, const SelectionWindow& w
                      bool exclusive) {
   const Entity row = segmentEntity(store, sg);
   if (exclusive) return inWindow(row.start, window) && inWindow(row.end, window);
-  return touches(window,
-                 [&](Point corner, Point& at) { return nearestOnSeg(store, sg, corner, at); });
+  return touches(window, [&](Point corner, Point& at) {
+    return nearestOnSeg(store, sg, corner, at) == kFound;
+  });
 }
 
 bool pathInWindow(const DrawingStore& store, int ps, const SelectionWindow& window,
                   bool exclusive) {
   const Entity row = pathEntity(store, ps);
   if (exclusive) return inWindow(row.start, window) && inWindow(row.end, window);
-  return touches(window,
-                 [&](Point corner, Point& at) { return nearestOnPathSeg(store, ps, corner, at); });
+  return touches(window, [&](Point corner, Point& at) {
+    return nearestPointOfPathRow(store, ps, corner, at);
+  });
 }
 
 // The one untagged row that touches `at`, 0 for none, kBranch for several.
@@ -172,6 +174,7 @@ int selectedCode(int pscode, bool select) {
 void markSegment(Desk& desk, int sg, bool select) {
   desk.store.segattr[sg] = selectedAttribute(desk.store.segattr[sg], select);
   desk.renderer.DrawSegment(sg, desk.ScreenProxy);
+  desk.state.updateProperties = true;
   if (select) {
     desk.state.Selected.add(sg);
   } else {
@@ -249,9 +252,13 @@ void selectContiguousPaths(Desk& desk, bool select, int ps) {
     tagged[static_cast<std::size_t>(row)] = true;
     markPathSegment(desk, row, select);
     const Entity path = pathEntity(desk.store, row);
-    for (const Point end : {path.start, path.end}) {
-      ends.rowsAt(end, touching);
-      for (const EndMatch& match : touching) walk.push_back(match.row);
+    ends.rowsAt(path.end, touching);
+    for (const EndMatch& next : touching) {
+      if (next.atStart) walk.push_back(next.row);
+    }
+    ends.rowsAt(path.start, touching);
+    for (const EndMatch& before : touching) {
+      if (before.atEnd) walk.push_back(before.row);
     }
   }
 }

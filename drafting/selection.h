@@ -1,7 +1,7 @@
 // Selection: marking rows by click, by window and along chains. The mark lives in segattr and
 // pscode; it is part of the rows, not of the undo steps.
 // Owns: selectedCount, markSegment, markPathSegment, SelectionWindow, SelectWindow,
-//       SelectContiguous, SelectConnected, selectContiguousPaths, rebuildSelected, the selection
+//       SelectContiguous, SelectConnected, selectContiguousPaths, UnselectAll, the selection
 //       commands and their clicks.
 #pragma once
 
@@ -42,7 +42,8 @@ void SelectContiguous(Desk& desk, bool select, int seg, std::vector<bool>& tagge
 // The same walk along crossings: every row that meets the chain is marked.
 void SelectConnected(Desk& desk, bool select, int seg, std::vector<bool>& tagged);
 
-// The chain of path rows through `ps`.
+// The chain of path rows through `ps`: rows that go on where another ends, forward and backward,
+// through branches too.
 void selectContiguousPaths(Desk& desk, bool select, int ps);
 
 void mnuDrawSelect_Click(Desk& desk);

@@ -1,6 +1,8 @@
 // Undo and redo as commands.
 #include "drafting/undo.h"
 
+#include "drafting/change_walk.h"
+
 namespace tess {
 namespace {
 
