@@ -17,9 +17,9 @@ class frmStatistics : public Form {
   void show(int segments, int paths, const std::string& zoom);
 
   Frame fraStats{*this, "fraStats"};
-  Label lblEntities{*this, "lblEntities", {&fraStats}};
-  Label lblToolPaths{*this, "lblToolPaths", {&fraStats}};
-  Label lblZoomLevel{*this, "lblZoomLevel", {&fraStats}};
+  Label lblEntities{*this, "lblEntities", fraStats};
+  Label lblToolPaths{*this, "lblToolPaths", fraStats};
+  Label lblZoomLevel{*this, "lblZoomLevel", fraStats};
 };
 
 }  // namespace tess

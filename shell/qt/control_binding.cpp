@@ -24,11 +24,10 @@ namespace tess {
 
 namespace {
 
-constexpr std::array kProperties{Property::Caption, Property::Items,   Property::Index,
-                                 Property::Range,   Property::Value,   Property::Text,
-                                 Property::Hint,    Property::Color,   Property::Bounds,
-                                 Property::Enabled, Property::Visible, Property::Content,
-                                 Property::Selection};
+constexpr std::array kProperties{
+    Property::Caption, Property::Items,   Property::Index,    Property::Range,  Property::Value,
+    Property::Text,    Property::Hint,    Property::Color,    Property::Bounds, Property::Enabled,
+    Property::Visible, Property::Content, Property::Selection};
 
 QString shown(const std::string& text) {
   return QString::fromStdString(text);
@@ -269,8 +268,9 @@ class ListBinding : public BindingOf<ListBox, QListWidget> {
       const int row = shown_.row(item);
       if (std::exchange(picked_, -1) != row) pick(row);
     });
-    connect(&list, &QListWidget::itemPressed, this,
-            [this](QListWidgetItem* item) { if (shown_.row(item) != picked_) picked_ = -1; });
+    connect(&list, &QListWidget::itemPressed, this, [this](QListWidgetItem* item) {
+      if (shown_.row(item) != picked_) picked_ = -1;
+    });
   }
 
  protected:
@@ -376,9 +376,8 @@ class SliderBinding : public BindingOf<Slider, QAbstractSlider> {
  public:
   SliderBinding(Control& control, QAbstractSlider& slider, FormActions& actions)
       : BindingOf(control, slider, actions) {
-    connect(&slider, &QAbstractSlider::valueChanged, this, [this](int position) {
-      act("Change", [&] { model_.slide(valueAt(position)); });
-    });
+    connect(&slider, &QAbstractSlider::valueChanged, this,
+            [this](int position) { act("Change", [&] { model_.slide(valueAt(position)); }); });
   }
 
  protected:

@@ -41,9 +41,8 @@ QGroupBox* makeBandBox(MainWindow& window, Gateway& gateway, BandKind kind, cons
     mark->setChecked(band.open);
     QObject::connect(mark, &QCheckBox::toggled, box,
                      [&tools, &gateway, name = band.name](bool open) {
-                       gateway.enter("frmMain.miCustomize_Click()", [&] {
-                         open ? tools.openBand(name) : tools.closeBand(name);
-                       });
+                       gateway.enter("frmMain.miCustomize_Click()",
+                                     [&] { open ? tools.openBand(name) : tools.closeBand(name); });
                      });
     column->addWidget(mark);
   }

@@ -130,7 +130,8 @@ void Desktop::wireWindow() {
   window_.toolBars().onMenuCommand = [this] { armMenuGuard(application_.interaction.desk); };
   // The command that asked for it comes to its end first.
   application_.onCloseMainWindow = [this] {
-    QMetaObject::invokeMethod(&window_, [this] { window_.close(); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        &window_, [this] { window_.close(); }, Qt::QueuedConnection);
   };
   application_.onCaptionChanged = [this] {
     window_.setWindowTitle(QString::fromStdString(application_.caption()));
@@ -163,7 +164,6 @@ int runDesktop(const DesktopRequest& request, std::vector<std::string> arguments
   texts.push_back(nullptr);
   QApplication application(count, texts.data());
   QApplication::setApplicationName("tessimo");
-  QApplication::setApplicationDisplayName(kProductName);
   QApplication::setDesktopFileName("tessimo");
   applyTheme(application, systemPrefersDark(QApplication::palette()));
 

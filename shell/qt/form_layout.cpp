@@ -50,9 +50,8 @@ QWidget* loadLayoutFile(const Form& form, QWidget* parent) {
 // "txtNumPasses" as "Num Passes": better than a field without any name.
 QString spokenName(const Control& control) {
   const std::string& name = control.name();
-  const auto start = std::find_if(name.begin(), name.end(), [](unsigned char letter) {
-    return std::isupper(letter) != 0;
-  });
+  const auto start = std::find_if(name.begin(), name.end(),
+                                  [](unsigned char letter) { return std::isupper(letter) != 0; });
   QString spoken;
   for (auto at = start; at != name.end(); ++at) {
     const bool starts = at != start && std::isupper(static_cast<unsigned char>(*at)) != 0 &&

@@ -1,5 +1,5 @@
-// The widgets of a form: from the layout file of its name where there is one, else arranged by rule,
-// so that no form is ever invisible.
+// The widgets of a form: from the layout file of its name where there is one, else arranged by
+// rule, so that no form is ever invisible.
 // Owns: widgetName, makeFormLayout, FormLayout.
 #pragma once
 

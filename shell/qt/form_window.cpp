@@ -75,8 +75,7 @@ void FormWindow::reject() {
 }
 
 void FormWindow::closeEvent(QCloseEvent* event) {
-  view_.actions().run("Form_QueryUnload",
-                      [this] { view_.form()->close(CloseReason::Operator); });
+  view_.actions().run("Form_QueryUnload", [this] { view_.form()->close(CloseReason::Operator); });
   event->setAccepted(view_.form() == nullptr || !view_.form()->isShown());
 }
 

@@ -1,4 +1,5 @@
-// The main window: menus and tool bars round the drawing surface, docked panels, and the status bar.
+// The main window: menus and tool bars round the drawing surface, docked panels, and the status
+// bar.
 // Owns: MainWindowParts, MainWindow.
 #pragma once
 

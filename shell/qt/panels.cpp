@@ -61,9 +61,8 @@ void Panels::makeDock(const Band& band) {
   auto* dock = new Dock(QString::fromStdString(band.caption), &window_);
   dock->setObjectName(QString::fromStdString(band.name));
   dock->onOperatorClosed = [this, name = band.name] { operatorClosed(name); };
-  QObject::connect(
-      dock, &QDockWidget::dockLocationChanged, dock,
-      [this, name = band.name](Qt::DockWidgetArea area) { arrange(name, area); });
+  QObject::connect(dock, &QDockWidget::dockLocationChanged, dock,
+                   [this, name = band.name](Qt::DockWidgetArea area) { arrange(name, area); });
   window_.addDockWidget(Qt::RightDockWidgetArea, dock);
   dock->setVisible(band.open);
   docks_[band.name] = dock;

@@ -1,5 +1,5 @@
-// The panels that dock beside the surface: each band of that kind has a dock of its own, which shows
-// the form that belongs to it while both are open.
+// The panels that dock beside the surface: each band of that kind has a dock of its own, which
+// shows the form that belongs to it while both are open.
 // Owns: Panels.
 #pragma once
 

@@ -17,9 +17,9 @@ namespace tess {
 
 namespace {
 
-constexpr qint64 kServeEvery = 8;        // milliseconds
-constexpr int kServeAtMost = 20;         // milliseconds
-constexpr int kHourglassDelay = 200;     // milliseconds
+constexpr qint64 kServeEvery = 8;     // milliseconds
+constexpr int kServeAtMost = 20;      // milliseconds
+constexpr int kHourglassDelay = 200;  // milliseconds
 
 struct ButtonSet {
   MessageButtons buttons;
@@ -34,9 +34,8 @@ constexpr std::array kButtonSets{
               QMessageBox::Cancel},
     ButtonSet{MessageButtons::YesNo, QMessageBox::Yes | QMessageBox::No, QMessageBox::Yes,
               QMessageBox::NoButton},
-    ButtonSet{MessageButtons::YesNoCancel,
-              QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::Yes,
-              QMessageBox::Cancel},
+    ButtonSet{MessageButtons::YesNoCancel, QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel,
+              QMessageBox::Yes, QMessageBox::Cancel},
 };
 
 const ButtonSet& buttonSet(MessageButtons buttons) {

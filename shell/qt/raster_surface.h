@@ -50,9 +50,7 @@ class RasterSurface : public DrawingSurface {
   void resizePicture();
   void painted(const QRectF& box);
   bool isInverting() const { return state().drawMode == PenMode::NotXor; }
-  bool paintsSmoothly() const {
-    return !isInverting() && state().drawStyle == PenStyle::Solid;
-  }
+  bool paintsSmoothly() const { return !isInverting() && state().drawStyle == PenStyle::Solid; }
   double penWidth() const;
   QColor ink(Rgb color) const;
   QPointF devicePoint(float x, float y) const;

@@ -1,5 +1,5 @@
-// The picture that greets at the start. It lies over the main window for two seconds, takes no input
-// and waits for nothing: the window behind it works from the first moment.
+// The picture that greets at the start. It lies over the main window for two seconds, takes no
+// input and waits for nothing: the window behind it works from the first moment.
 // Owns: Splash.
 #pragma once
 

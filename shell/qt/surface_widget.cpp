@@ -51,7 +51,8 @@ bool SurfaceWidget::followDensity() {
   if (devicePixelRatioF() == drawing_.density()) return true;
   drawing_.setDensity(devicePixelRatioF());
   if (onPictureLost) {
-    QMetaObject::invokeMethod(this, [this] { onPictureLost(); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        this, [this] { onPictureLost(); }, Qt::QueuedConnection);
   }
   return false;
 }

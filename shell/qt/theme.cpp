@@ -10,22 +10,22 @@ namespace tess {
 namespace {
 
 struct Shades {
-  const char* window;     // bars, panels, dialogs
-  const char* base;       // fields and lists
-  const char* raised;     // buttons
+  const char* window;  // bars, panels, dialogs
+  const char* base;    // fields and lists
+  const char* raised;  // buttons
   const char* text;
-  const char* muted;      // of what is disabled, and of hints
+  const char* muted;  // of what is disabled, and of hints
   const char* border;
   const char* hover;
   const char* pressed;
   const char* accent;
-  const char* onAccent;   // text on the accent
+  const char* onAccent;  // text on the accent
   const char* iconAccent;
   const char* iconPath;
 };
 
 constexpr Shades kLight{"#f4f5f7", "#ffffff", "#fcfcfd", "#1d2430", "#98a1ad", "#d3d8df",
-                        "#e4e9f0", "#d3e3f6", "#1f6fc4", "#ffffff", "#1f6fc4", "#d9661f"};
+                        "#e4e9f0", "#d6e4f5", "#1f6fc4", "#ffffff", "#1f6fc4", "#d9661f"};
 constexpr Shades kDark{"#25282d", "#1b1d21", "#31353b", "#e3e6ea", "#777e88", "#3d4249",
                        "#363b43", "#2c4766", "#3d8fe0", "#ffffff", "#5aa9f5", "#f2924f"};
 
@@ -81,9 +81,8 @@ QDockWidget::title { background: %1; padding: 6px 8px; border-bottom: 1px solid 
 )";
 
 QString sheetOf(const Shades& shades) {
-  return QString(kSheet)
-      .arg(shades.window, shades.base, shades.border, shades.hover, shades.pressed, shades.accent,
-           shades.muted, shades.text);
+  return QString(kSheet).arg(shades.window, shades.base, shades.border, shades.hover,
+                             shades.pressed, shades.accent, shades.muted, shades.text);
 }
 
 // Room between things, the same everywhere.
@@ -123,7 +122,8 @@ class SpaciousStyle : public QProxyStyle {
 }  // namespace
 
 bool isDark(const QPalette& palette) {
-  return palette.color(QPalette::Window).lightness() < palette.color(QPalette::WindowText).lightness();
+  return palette.color(QPalette::Window).lightness() <
+         palette.color(QPalette::WindowText).lightness();
 }
 
 bool systemPrefersDark(const QPalette& system) {

@@ -108,7 +108,8 @@ void ToolBars::makeMenu(const Band& band) {
   if (band.kind == BandKind::Menu) window_.menuBar()->addMenu(menu);
   menu->setToolTipsVisible(false);
   fill(*menu, band);
-  QObject::connect(menu, &QMenu::aboutToShow, menu, [this, name = band.name] { setOpen(name, true); });
+  QObject::connect(menu, &QMenu::aboutToShow, menu,
+                   [this, name = band.name] { setOpen(name, true); });
   QObject::connect(menu, &QMenu::aboutToHide, menu,
                    [this, name = band.name] { setOpen(name, false); });
   QObject::connect(menu, &QMenu::triggered, menu, [this] {
