@@ -235,6 +235,9 @@ TEST_F(MainWindowTest, DroppedFilesArriveAsPaths) {
   QMimeData data;
   data.setUrls({QUrl::fromLocalFile("/parts/a b.cdm"), QUrl("http://example.org/x.cdm"),
                 QUrl::fromLocalFile("/parts/c.dxf")});
+  QDragEnterEvent enter({10, 10}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(window.get(), &enter);
+  EXPECT_TRUE(enter.isAccepted());
   QDropEvent drop({10, 10}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
   QApplication::sendEvent(window.get(), &drop);
   EXPECT_EQ(dropped, (std::vector<std::string>{"/parts/a b.cdm", "/parts/c.dxf"}));
