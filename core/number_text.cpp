@@ -71,7 +71,7 @@ int wholeUnits(float value, double scale) {
   const double magnitude = std::abs(static_cast<double>(value));
   const double units = magnitude * scale;
   if (!(units < kLargestUnits)) return -1;
-  const int n = static_cast<int>(units + 0.5);
+  const int n = static_cast<int>(std::lround(units));
   return static_cast<float>(n / scale) == std::abs(value) ? n : -1;
 }
 

@@ -44,19 +44,24 @@ CrossingIndex::CrossingIndex(std::vector<Entity> entities, float tolerence)
 }
 
 void CrossingIndex::candidates(int row, int after, std::vector<int>& rows) const {
+  boxes_.rowsOverlapping(boxes_.box(row), after, rows);
   const Entity& entity = entities_[static_cast<std::size_t>(row) - 1];
-  candidates(entity, after, rows);
-  std::erase(rows, row);
+  if (isArc(entity.type)) addAlignedArcs(entity, after, rows);
+  if (after < row) std::erase(rows, row);
 }
 
 void CrossingIndex::candidates(const Entity& entity, int after, std::vector<int>& rows) const {
   // A stranger beyond the magnitude that the boxes were grown for, or the first arc among lines:
   // no box can be trusted.
-  const bool strange = magnitudeOf(entity) > magnitude_ || (isArc(entity.type) && !hasArcs_);
+  const bool strange =
+      magnitudeOf(entity) > magnitude_ || (isArc(entity.type) && radiusOf(entity) > largestRadius_);
   boxes_.rowsOverlapping(strange ? everywhere() : reachOf(entity), after, rows);
-  if (strange || !isArc(entity.type)) return;
+  if (!strange && isArc(entity.type)) addAlignedArcs(entity, after, rows);
+}
+
+void CrossingIndex::addAlignedArcs(const Entity& arc, int after, std::vector<int>& rows) const {
   const std::size_t near = rows.size();
-  alignedCenters_.collect(entity.center, after, rows);
+  alignedCenters_.collect(arc.center, after, rows);
   if (rows.size() == near) return;
   std::sort(rows.begin(), rows.end());
   rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
@@ -71,9 +76,9 @@ Box CrossingIndex::reachOf(const Entity& entity) const {
 
 double CrossingIndex::reachOfLine(const Entity& line) const {
   const double margin = 1.01 * kSegBoxMargin + kRootNoise * magnitude_;
+  if (!hasArcs_) return margin;
   const double slope = std::abs(chordSlope(line.start, line.end));
-  if (!hasArcs_ || slope > kSteepSlope) return margin;
-  return margin + kRootNoise * magnitude_ * slope;
+  return slope > kSteepSlope ? margin : margin + kRootNoise * magnitude_ * slope;
 }
 
 // A hit placed on another arc A misses this circle by e. A radical line below kFlatSlope is taken

@@ -25,6 +25,7 @@ class CrossingIndex {
   void candidates(const Entity& entity, int after, std::vector<int>& rows) const;
 
  private:
+  void addAlignedArcs(const Entity& arc, int after, std::vector<int>& rows) const;
   Box reachOf(const Entity& entity) const;
   double reachOfLine(const Entity& line) const;
   double reachOfArc(const Entity& arc) const;

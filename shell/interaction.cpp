@@ -22,6 +22,8 @@ Interaction::Interaction(Session& session, const ScreenPorts& ports)
             tools, statusBar, *this}) {
   fillToolHost(tools);
   tools.setClientArea(ports.clientArea);
+  // The marker is drawn before the first view is fitted, and needs a scale by then.
+  ports.picDrawing.Move(clientArea());
 }
 
 void Interaction::readPressedTools() {

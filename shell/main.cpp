@@ -1,8 +1,5 @@
 // The program's entry: reads the command line and picks the platform for the job.
-#include <cstdio>
 #include <iostream>
-#include <string>
-#include <vector>
 
 #include "shell/automation/command_line.h"
 #include "shell/qt/desktop.h"

@@ -1,5 +1,5 @@
 // Where the program finds its folder (`appfolder`): setups, definitions, drawings and the log.
-// Owns: FolderRequest, programFolder, shippedDataFolder.
+// Owns: FolderRequest, folderRequest, programFolder, shippedDataFolder.
 #pragma once
 
 #include <functional>

@@ -10,7 +10,6 @@
 namespace tess {
 namespace {
 
-using std::optional;
 using std::string;
 
 constexpr char kDefaultExtension[] = "CDM";
@@ -42,7 +41,7 @@ FileName allowedFile(Script& script, lua_State* L, const string& path, const cha
 
 int openDrawing(Script& script, lua_State* L) {
   const FileName file = allowedFile(script, L, valueAt<string>(L, 1), kDefaultExtension);
-  lua_routines::runReported(script, "load_Drawing", [&] {
+  runReported(script, "load_Drawing", [&] {
     Session& session = script.application.session;
     session.selectedfolder = file.folder;
     session.selectedname = file.name;
@@ -54,7 +53,7 @@ int openDrawing(Script& script, lua_State* L) {
 
 int saveDrawing(Script& script, lua_State* L) {
   const FileName file = allowedFile(script, L, valueAt<string>(L, 1), kDefaultExtension);
-  lua_routines::runReported(script, "save_Drawing", [&] {
+  runReported(script, "save_Drawing", [&] {
     Session& session = script.application.session;
     session.store.drawingpath = session.selectedfolder = file.folder;
     session.store.drawingname = session.selectedname = file.name;
@@ -102,7 +101,7 @@ int makeCnc(Script& script, lua_State* L) {
     path = file.folder + file.name;
   }
   bool made = false;
-  lua_routines::runReported(script, "make_cnc", [&] {
+  runReported(script, "make_cnc", [&] {
     made = path.empty() ? makeByRules(application, mode) : makeInto(application, mode, path);
   });
   push(L, made);

@@ -70,6 +70,14 @@ constexpr Routine kRoutines[] = {
         [](Application& application) { load_xsetup(application.session, application.definition); }),
     command("applydefaults", [](Session& session) { applydefaults(session); }),
     command("new_drawing", [](Session& session) { new_drawing(session); }),
+    command("readcfg", [](Session& session) { readcfg(session); }),
+    command("showDrawingName", [](Session& session) { showDrawingName(session); }),
+    command("askUser",
+            [](Session& session, const string& text, int kind) {
+              int answer = 0;
+              askUser(session, text, kind, answer);
+              return answer;
+            }),
     command("set_num_formats", [](Session& session) { set_num_formats(session); }),
     command("convert", [](Session& session) { convert(session); }),
 

@@ -11,6 +11,7 @@
 #include "shell/automation/message_buttons.h"
 #include "shell/automation/reports.h"
 #include "shell/automation/script_host.h"
+#include "shell/virtual_screen.h"
 
 namespace tess {
 namespace {
@@ -83,7 +84,8 @@ std::string make(Application& application, const CncJob& job) {
 ExitStatus makeCncFile(const CncJob& job, std::ostream& out, std::ostream& err) {
   JobHost host;
   host.reporting.setFolder(job.appfolder);
-  Application application(host.host);
+  VirtualScreen screen;
+  Application application({host.host, host.reporting, screen.ports});
   std::string subject;  // what a failure is about
   const auto fail = [&](const std::string& reason) {
     say(err, subject + reason);

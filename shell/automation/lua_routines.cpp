@@ -48,16 +48,16 @@ void setRoutines(lua_State* L, const char* table, std::span<const Routine> routi
   lua_setglobal(L, table);
 }
 
-namespace lua_routines {
-
 void runReported(Script& script, const char* name, const std::function<void()>& run) {
   ScriptHost& host = script.host;
   if (host.reporting.guarded(std::string(name) + "()", run)) return;
   host.prompts.showReport(host.reporting.lastReport());
 }
 
+namespace lua_routines {
+
 RuntimeFailure Arguments::inArgument(const RuntimeFailure& failure, int at) const {
-  const bool missing = lua_isnone(L_, at);
+  const bool missing = lua_isnone(lua_, at);
   return RuntimeFailure(failure.number(),
                         "argument " + std::to_string(at) + (missing ? " is missing" : ""));
 }

@@ -1,7 +1,7 @@
 // Routines of the program as functions of Lua, each from one line: a name and a lambda. The
 // lambda's parameters are the in-arguments in order, its result (or the elements of a tuple) is
 // what Lua gets back. The parts of the program among the parameters cost no argument.
-// Owns: Routine, routine, command, setGlobal, setRoutines.
+// Owns: Routine, routine, command, setGlobal, setRoutines, runReported.
 #pragma once
 
 #include <functional>
@@ -27,6 +27,9 @@ void setGlobal(lua_State* L, const Routine& routine);
 // Makes a table of the routines and puts it into the globals; other names in it are errors.
 void setRoutines(lua_State* L, const char* table, std::span<const Routine> routines);
 
+// Runs an entry point of the program in its error path: what fails is reported and logged.
+void runReported(Script& script, const char* name, const std::function<void()>& run);
+
 namespace lua_routines {
 
 // What is kept of an argument until the call: a part of the program by reference, values as such.
@@ -34,13 +37,10 @@ template <typename P>
 using Kept =
     std::conditional_t<std::is_const_v<std::remove_reference_t<P>>, std::remove_cvref_t<P>, P>;
 
-// Runs an entry point of the program in its error path.
-void runReported(Script& script, const char* name, const std::function<void()>& run);
-
 // Takes the arguments of one call in their order.
 class Arguments {
  public:
-  Arguments(Script& script, lua_State* L) : script_(script), L_(L) {}
+  Arguments(Script& script, lua_State* L) : script_(script), lua_(L) {}
 
   template <typename T>
   T take() {
@@ -62,7 +62,7 @@ class Arguments {
   T takeValue(T* /*kind*/) {
     const int at = ++taken_;
     try {
-      return valueAt<T>(L_, at);
+      return valueAt<T>(lua_, at);
     } catch (const RuntimeFailure& failure) {
       throw inArgument(failure, at);
     }
@@ -70,7 +70,7 @@ class Arguments {
   // An argument that may be left out at the end.
   template <typename T>
   std::optional<T> takeValue(std::optional<T>* /*kind*/) {
-    if (lua_isnoneornil(L_, taken_ + 1)) {
+    if (lua_isnoneornil(lua_, taken_ + 1)) {
       ++taken_;
       return std::nullopt;
     }
@@ -79,7 +79,7 @@ class Arguments {
   RuntimeFailure inArgument(const RuntimeFailure& failure, int at) const;
 
   Script& script_;
-  lua_State* L_;
+  lua_State* lua_;
   int taken_ = 0;
 };
 

@@ -1,7 +1,7 @@
 // One Lua interpreter: bounded memory, only the libraries that scripts may have, and chunks of
 // source text only. It is the build of Lua whose errors are C++ exceptions, so that an error
 // raised anywhere runs the destructors on its way out.
-// Owns: LuaLimits, LuaState.
+// Owns: LuaLimits, LuaState, openScriptLibraries.
 #pragma once
 
 #include <cstddef>

@@ -112,22 +112,22 @@ void setFunction(lua_State* L, const char* event, lua_CFunction function, void* 
 
 }  // namespace
 
-FieldObject::FieldObject(lua_State* L, std::string title) : L_(L), title_(std::move(title)) {
+FieldObject::FieldObject(lua_State* L, std::string title) : lua_(L), title_(std::move(title)) {
   lua_newtable(L);
 }
 
 void FieldObject::add(const std::string& name, const Variable& variable) {
-  auto& variables = scriptOf(L_).variables;
-  lua_pushlightuserdata(L_, &variables.emplace_back(variable));
+  auto& variables = scriptOf(lua_).variables;
+  lua_pushlightuserdata(lua_, &variables.emplace_back(variable));
   addValue(name);
 }
 
 template <typename T>
 void FieldObject::add(const std::string& name, Column<T>& column) {
-  lua_newtable(L_);
-  setFunction(L_, "__index", guarded<readRow<T>>, &column);
-  setFunction(L_, "__newindex", guarded<writeRow<T>>, &column);
-  wrapInObject(L_);
+  lua_newtable(lua_);
+  setFunction(lua_, "__index", guarded<readRow<T>>, &column);
+  setFunction(lua_, "__newindex", guarded<writeRow<T>>, &column);
+  wrapInObject(lua_);
   addValue(name);
 }
 
@@ -138,23 +138,23 @@ template void FieldObject::add(const std::string&, Column<Flag>&);
 template void FieldObject::add(const std::string&, Column<std::string>&);
 
 void FieldObject::addValue(const std::string& name) {
-  lua_setfield(L_, -2, name.c_str());
+  lua_setfield(lua_, -2, name.c_str());
 }
 
 // The fields lie below the metatable on the stack.
 void FieldObject::setEvent(const char* event, lua_CFunction function) {
-  lua_pushvalue(L_, -2);
-  push(L_, title_);
-  lua_pushcclosure(L_, function, 2);
-  lua_setfield(L_, -2, event);
+  lua_pushvalue(lua_, -2);
+  push(lua_, title_);
+  lua_pushcclosure(lua_, function, 2);
+  lua_setfield(lua_, -2, event);
 }
 
 void FieldObject::finish() {
-  lua_newtable(L_);
+  lua_newtable(lua_);
   setEvent("__index", guarded<readField>);
   setEvent("__newindex", guarded<writeField>);
-  wrapInObject(L_);
-  lua_remove(L_, -2);
+  wrapInObject(lua_);
+  lua_remove(lua_, -2);
 }
 
 }  // namespace tess

@@ -27,7 +27,7 @@ class FieldObject {
  private:
   void setEvent(const char* event, lua_CFunction function);
 
-  lua_State* L_;
+  lua_State* lua_;
   std::string title_;
 };
 

@@ -1,7 +1,6 @@
 // The door between Lua and the program: failures turn into Lua errors here, and only here.
 #include "shell/automation/script.h"
 
-#include <cstring>
 #include <exception>
 #include <new>
 
@@ -33,14 +32,11 @@ void limitInstructions(lua_State* L, int count) {
 }
 
 Script& scriptOf(lua_State* L) {
-  Script* script = nullptr;
-  std::memcpy(&script, lua_getextraspace(L), sizeof script);
-  return *script;
+  return **static_cast<Script**>(lua_getextraspace(L));
 }
 
 void setScript(lua_State* L, Script& script) {
-  Script* const place = &script;
-  std::memcpy(lua_getextraspace(L), &place, sizeof place);
+  *static_cast<Script**>(lua_getextraspace(L)) = &script;
 }
 
 int runGuarded(lua_State* L, Body body) {

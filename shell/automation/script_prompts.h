@@ -40,7 +40,7 @@ class ScriptPrompts : public Prompts {
   std::optional<std::string> askFileHandler(const FileRequest& request, const std::string& initial);
 
   const AllowedFolders& folders_;
-  lua_State* L_ = nullptr;
+  lua_State* lua_ = nullptr;
   int messages_ = LUA_NOREF;
   int messageHandler_ = LUA_NOREF;
   int fileHandler_ = LUA_NOREF;

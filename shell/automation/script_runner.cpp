@@ -8,6 +8,7 @@
 #include "shell/automation/bindings.h"
 #include "shell/automation/near_match.h"
 #include "shell/automation/reports.h"
+#include "shell/virtual_screen.h"
 
 namespace tess {
 namespace {
@@ -88,8 +89,10 @@ void setArguments(lua_State* L, const ScriptJob& job) {
   lua_setglobal(L, "arg");
 }
 
-// The first line may name an interpreter.
-std::string_view withoutShebang(std::string_view text) {
+// The text without a byte-order mark, and without a first line that names an interpreter.
+std::string_view luaText(std::string_view text) {
+  constexpr std::string_view kMark = "\xEF\xBB\xBF";
+  if (text.starts_with(kMark)) text.remove_prefix(kMark.size());
   if (!text.starts_with('#')) return text;
   const std::size_t end = text.find('\n');
   return end == std::string_view::npos ? std::string_view() : text.substr(end);
@@ -124,7 +127,7 @@ int runAll(Script& script, lua_State* L) {
   setArguments(L, run.job);
   script.started = true;
   limitInstructions(L, run.job.limits.instructions);
-  const std::string_view text = withoutShebang(run.text);
+  const std::string_view text = luaText(run.text);
   const std::string name = "@" + run.job.path;
   if (luaL_loadbufferx(L, text.data(), text.size(), name.c_str(), "t") != LUA_OK) lua_error(L);
   lua_call(L, 0, 0);
@@ -176,7 +179,8 @@ ExitStatus runScriptText(const ScriptJob& job, std::string_view text, std::ostre
   const AllowedFolders folders = foldersOf(job);
   ScriptHost host(folders);
   host.reporting.setFolder(job.appfolder);
-  Application application(host.host);
+  VirtualScreen screen;
+  Application application({host.host, host.reporting, screen.ports});
   Script script{.application = application, .host = host, .folders = folders, .out = out};
   const LuaState state(job.limits);
   setScript(state.get(), script);

@@ -1,5 +1,5 @@
 // A drawing with everything that a program is made from, for the tests of the CNC output.
-// Owns: CncFixture, linesOf, arcRow, lineRow.
+// Owns: RecordingViewer, linesOf, lineRow, arcRow, cycleRow, CncFixture.
 #pragma once
 
 #include <string>
@@ -12,14 +12,9 @@
 #include "core/units.h"
 #include "geometry/points.h"
 #include "tests/support/recording_host.h"
+#include "tests/support/recording_session.h"
 
 namespace tess::testing {
-
-class CountingListener : public SessionListener {
- public:
-  void clearUndoMenu() override { ++undoMenusCleared; }
-  int undoMenusCleared = 0;
-};
 
 class RecordingViewer : public ProgramViewer {
  public:
@@ -114,7 +109,7 @@ class CncFixture : public ::testing::Test {
 
   RecordingHost host;
   DrawingStore store;
-  CountingListener listener;
+  RecordingListener listener;
   Session session{store, host.host, listener};
   PostDefinition definition;
   CncState state;

@@ -8,6 +8,7 @@
 #include "gtest/gtest.h"
 
 #include "tests/cnc/cnc_fixture.h"
+#include "tests/support/failure_of.h"
 
 namespace tess::testing {
 namespace {
@@ -267,14 +268,10 @@ TEST_F(MillBodyTest, SecondRunStartsWithTheLastPlaceAndForcesTheFirst) {
 TEST_F(MillBodyTest, ValueThatIsNoNumberNamesItsRow) {
   place(lineRow({0, 0}, {1, 0}, -0.25F, 10));
   place(lineRow({1, 0}, {std::numeric_limits<float>::infinity(), 0}, -0.25F, 10));
-  try {
-    program();
-    FAIL() << "no failure";
-  } catch (const RuntimeFailure& failure) {
-    EXPECT_EQ(failure.number(), FailureNumber::InvalidProcedureCall);
-    EXPECT_EQ(failure.description(), "Invalid procedure call or argument");
-    EXPECT_EQ(failure.source(), "path row 2: a value that is not a number");
-  }
+  const RuntimeFailure failure = failureOf([this] { program(); });
+  EXPECT_EQ(failure.number(), FailureNumber::InvalidProcedureCall);
+  EXPECT_EQ(failure.description(), "Invalid procedure call or argument");
+  EXPECT_EQ(failure.source(), "path row 2: a value that is not a number");
 }
 
 TEST_F(MillBodyTest, EveryValueThatIsNoNumberIsRefusedWhateverItsColumn) {
@@ -289,13 +286,9 @@ TEST_F(MillBodyTest, EveryValueThatIsNoNumberIsRefusedWhateverItsColumn) {
         PathRow row = arcRow(kClockwiseArc, {1, 0}, {0, -1}, {0, 0}, -0.25F, 10);
         row.*field = bad;
         place(row);
-        try {
-          program();
-          ADD_FAILURE() << "no failure for " << bad;
-        } catch (const RuntimeFailure& failure) {
-          EXPECT_EQ(failure.number(), FailureNumber::InvalidProcedureCall);
-          EXPECT_THAT(failure.source(), StartsWith("path row 1"));
-        }
+        const RuntimeFailure failure = failureOf([this] { program(); });
+        EXPECT_EQ(failure.number(), FailureNumber::InvalidProcedureCall);
+        EXPECT_THAT(failure.source(), StartsWith("path row 1"));
       }
     }
   }
@@ -308,13 +301,10 @@ TEST_F(MillBodyTest, RowWithoutAToolNamesItself) {
   store.pscode[2] = -5;
   LastMove last;
   std::string out;
-  try {
-    MillBody(session, definition, last, out).write();
-    FAIL() << "no failure";
-  } catch (const RuntimeFailure& failure) {
-    EXPECT_EQ(failure.number(), FailureNumber::SubscriptOutOfRange);
-    EXPECT_EQ(failure.source(), "path row 2");
-  }
+  const RuntimeFailure failure =
+      failureOf([&] { MillBody(session, definition, last, out).write(); });
+  EXPECT_EQ(failure.number(), FailureNumber::SubscriptOutOfRange);
+  EXPECT_EQ(failure.source(), "path row 2");
 }
 
 }  // namespace

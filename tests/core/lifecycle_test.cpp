@@ -17,8 +17,6 @@ namespace {
 
 namespace fs = std::filesystem;
 using ::testing::ElementsAre;
-using testing::failureOf;
-using ::testing::HasSubstr;
 using testing::numberOfFailure;
 using testing::TestSession;
 
@@ -51,10 +49,7 @@ class Lifecycle : public ::testing::Test {
     appendSegments(text, drawing);
     return test.home.write(path, text);
   }
-  Answer answer(Answer answer) {
-    test.recording.prompts.answers = {answer};
-    return answer;
-  }
+  void answer(Answer next) { test.recording.prompts.answers = {next}; }
 
   TestSession test;
   Session& session = test.session;

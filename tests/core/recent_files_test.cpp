@@ -11,7 +11,6 @@
 namespace tess {
 namespace {
 
-using ::testing::Contains;
 using ::testing::ElementsAre;
 using testing::numberOfFailure;
 using testing::TestSession;

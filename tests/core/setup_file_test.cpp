@@ -21,7 +21,6 @@ namespace {
 using ::testing::ElementsAre;
 using testing::failureOf;
 using ::testing::HasSubstr;
-using ::testing::StartsWith;
 using testing::TestSession;
 
 // A whole setup as the writer gives it.
@@ -73,7 +72,6 @@ class SetupFile : public ::testing::Test {
   }
   // The text of a setup after defaults went live, as it is when a setup is saved.
   std::string written() {
-    const std::string units = store.units;
     for (const SettingRow& row : settingRows()) {
       if (row.goesTo == GoesTo::Default) makeLive(row);
     }
@@ -82,7 +80,7 @@ class SetupFile : public ::testing::Test {
   void makeLive(const SettingRow& row) {
     std::visit(
         [this](auto field) {
-          if constexpr (!std::is_same_v<decltype(field), ColorSlot>) {
+          if constexpr (!std::is_same_v<decltype(field), ColorTableSlot>) {
             store.*field = store.defaults.*field;
           }
         },

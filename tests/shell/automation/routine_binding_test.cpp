@@ -57,6 +57,15 @@ TEST_F(RoutineBinding, SetupsAndTheLifeOfADrawing) {
             "1.0\n");
 }
 
+TEST_F(RoutineBinding, TheOnePromptGivesItsAnswerAsANumber) {
+  EXPECT_EQ(outputOf("on_message(function(text) return text end) "
+                     "print(call.askUser('OK', 1), call.askUser('Cancel', 2), "
+                     "call.askUser('No', 3), call.askUser('Cancel', 3))"),
+            "1\t2\t2\t3\n");
+  EXPECT_EQ(outputOf("print(call.askUser('?', 4), messages[1].kind)"), "0\terror\n");
+  EXPECT_EQ(outputOf("call.showDrawingName() call.readcfg() print(#messages)"), "0\n");
+}
+
 TEST_F(RoutineBinding, TheDrawingsExtents) {
   const std::string rows = "add_segment{type=1, x0=1, y0=2, x1=4, y1=6} ";
   EXPECT_EQ(outputOf("print(call.GetDrawingExtents()) print(extents())"),

@@ -114,6 +114,11 @@ TEST_F(ScriptRunner, FilesThatAreNoScripts) {
   EXPECT_EQ(err, "tessimo: " + folder("locked.lua") + ": Permission denied\n");
 }
 
+TEST_F(ScriptRunner, AByteOrderMarkIsPassedOver) {
+  EXPECT_EQ(outputOf("\xEF\xBB\xBFprint('here')"), "here\n");
+  EXPECT_EQ(outputOf("\xEF\xBB\xBF#!tessimo\nprint('here')"), "here\n");
+}
+
 TEST_F(ScriptRunner, AFirstLineForTheShellIsPassedOver) {
   EXPECT_EQ(outputOf("#!/usr/bin/env tessimo --run\nprint('here')"), "here\n");
   EXPECT_EQ(failureOf("#!/usr/bin/env tessimo\nerror('stop')"), "test.lua:2: stop");
