@@ -16,8 +16,8 @@
 #include <string>
 #include <vector>
 
-#include "desktop_test_support.h"
 #include "shell/qt/form_window.h"
+#include "tests/qt/desktop_test_support.h"
 
 namespace tess {
 namespace {

@@ -9,11 +9,11 @@
 #include <string>
 #include <vector>
 
-#include "desktop_test_support.h"
 #include "shell/qt/icons.h"
 #include "shell/qt/ports.h"
 #include "shell/qt/theme.h"
 #include "shell/tool_bands.h"
+#include "tests/qt/desktop_test_support.h"
 
 namespace tess {
 namespace {
