@@ -42,6 +42,7 @@ class NumberPattern {
   std::size_t leadingDigits_ = 0;    // before the point, always written
   std::size_t minimumDecimals_ = 0;  // always written
   std::size_t decimals_ = 0;         // written at most
+  double scale_ = 1;                 // ten to the power of decimals_
   bool hasPoint_ = false;
   bool hasDigits_ = false;
 };

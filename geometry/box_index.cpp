@@ -11,11 +11,12 @@
 namespace tess {
 namespace {
 
-constexpr std::size_t kSampleSize = 512;  // boxes that tell where the bulk of the drawing lies
+constexpr std::size_t kSampleSize = 128;  // boxes that tell where the bulk of the drawing lies
 constexpr double kOutlierShare = 0.05;    // on each side, left out of the range
-constexpr double kRangeMargin = 0.1;      // of the range, brings an even spread back in full
-constexpr int kWideFactor = 2;            // a wide box covers this times columns plus rows
-constexpr int kChangedShare = 32;         // one row in so many may change before a new build
+constexpr double kRangeMargin = 0.06;     // of the range, on each side
+constexpr double kCellsPerBox = 1;
+constexpr int kWideFactor = 2;     // a wide box covers this times columns plus rows
+constexpr int kChangedShare = 32;  // one row in so many may change before a new build
 constexpr std::size_t kLeastChanged = 32;
 
 struct Range {
@@ -30,69 +31,59 @@ bool isBounded(const Box& box) {
          box.maxY < kEnd;
 }
 
+// Rounded to 32 bits, but never up: two rounding units and the smallest normal number lower.
 float roundedDown(double value) {
-  const float rounded = static_cast<float>(value);
-  return rounded > value ? std::nextafter(rounded, -std::numeric_limits<float>::infinity())
-                         : rounded;
+  constexpr double kUnit = std::numeric_limits<float>::epsilon();
+  return static_cast<float>(value - std::abs(value) * kUnit - std::numeric_limits<float>::min());
 }
 
 float roundedUp(double value) {
   return -roundedDown(-value);
 }
 
-// The range of most values: outliers would stretch the grid until all else shared one cell.
-Range rangeOfMost(std::vector<double>& sample, Range all) {
-  std::sort(sample.begin(), sample.end());
-  const auto skipped = static_cast<std::size_t>(kOutlierShare * static_cast<double>(sample.size()));
-  const double low = sample[skipped];
-  const double high = sample[sample.size() - 1 - skipped];
-  if (!(high > low)) return all;
+// The range of most values: outliers would stretch the grid until all else shared one cell. A
+// margin brings an even spread back in full.
+Range rangeOfMost(std::vector<double>& values) {
+  std::sort(values.begin(), values.end());
+  const auto skipped = static_cast<std::size_t>(kOutlierShare * static_cast<double>(values.size()));
+  const double low = values[skipped];
+  const double high = values[values.size() - 1 - skipped];
+  if (!(high > low)) return {values.front(), values.back()};
   const double margin = (high - low) * kRangeMargin;
-  return {std::max(all.low, low - margin), std::min(all.high, high + margin)};
+  return {low - margin, high + margin};
 }
 
+// Where the boxes lie and how large they are along one axis, by a sample of them.
 struct Spread {
-  std::size_t count = 0;
-  Range x, y;
-  double meanWidth = 0, meanHeight = 0;
+  Range range;
+  double meanSize = 0;
 };
 
-void measureRanges(const std::vector<Box>& boxes, const Box& bounds, Spread& spread) {
-  std::vector<double> xs;
-  std::vector<double> ys;
-  const std::size_t stride = boxes.size() / kSampleSize + 1;
-  for (std::size_t k = 0; k < boxes.size(); k += stride) {
-    if (!isBounded(boxes[k])) continue;
-    xs.push_back((static_cast<double>(boxes[k].minX) + boxes[k].maxX) / 2);
-    ys.push_back((static_cast<double>(boxes[k].minY) + boxes[k].maxY) / 2);
-  }
-  spread.x = {bounds.minX, bounds.maxX};
-  spread.y = {bounds.minY, bounds.maxY};
-  if (xs.empty()) return;
-  spread.x = rangeOfMost(xs, spread.x);
-  spread.y = rangeOfMost(ys, spread.y);
+Spread spreadOf(std::vector<double>& middles, const std::vector<double>& sizes) {
+  if (middles.empty()) return {};
+  Spread spread{rangeOfMost(middles), 0};
+  // A box larger than the range covers all cells, not more.
+  for (const double size : sizes) spread.meanSize += std::min(size, spread.range.length());
+  spread.meanSize /= static_cast<double>(sizes.size());
+  return spread;
 }
 
-Spread measure(const std::vector<Box>& boxes) {
-  Spread spread;
-  Box bounds;
-  for (const Box& box : boxes) {
+struct Sample {
+  std::vector<double> middlesX, middlesY, widths, heights;
+};
+
+Sample sampleOf(const std::vector<Box>& boxes) {
+  Sample sample;
+  const std::size_t stride = boxes.size() / kSampleSize + 1;
+  for (std::size_t k = 0; k < boxes.size(); k += stride) {
+    const Box& box = boxes[k];
     if (!isBounded(box)) continue;
-    ++spread.count;
-    bounds = extended(extended(bounds, {box.minX, box.minY}), {box.maxX, box.maxY});
+    sample.middlesX.push_back((static_cast<double>(box.minX) + box.maxX) / 2);
+    sample.middlesY.push_back((static_cast<double>(box.minY) + box.maxY) / 2);
+    sample.widths.push_back(static_cast<double>(box.maxX) - box.minX);
+    sample.heights.push_back(static_cast<double>(box.maxY) - box.minY);
   }
-  if (spread.count == 0) return spread;
-  measureRanges(boxes, bounds, spread);
-  const double widest = spread.x.length();
-  const double highest = spread.y.length();
-  for (const Box& box : boxes) {
-    if (!isBounded(box)) continue;
-    spread.meanWidth += std::min(static_cast<double>(box.maxX) - box.minX, widest);
-    spread.meanHeight += std::min(static_cast<double>(box.maxY) - box.minY, highest);
-  }
-  spread.meanWidth /= static_cast<double>(spread.count);
-  spread.meanHeight /= static_cast<double>(spread.count);
-  return spread;
+  return sample;
 }
 
 // No more cells along an axis than boxes of mean size fit into it.
@@ -103,22 +94,23 @@ double mostCells(double length, double meanSize, double cells) {
 
 // About one cell for each box, cells as square as the mean box allows.
 BoxGrid gridFor(const std::vector<Box>& boxes) {
-  const Spread spread = measure(boxes);
-  BoxGrid grid;
-  if (spread.count == 0) return grid;
-  const double width = spread.x.length();
-  const double height = spread.y.length();
-  const double cells = static_cast<double>(spread.count);
-  const double mostColumns = mostCells(width, spread.meanWidth, cells);
-  const double mostRows = mostCells(height, spread.meanHeight, cells);
+  Sample sample = sampleOf(boxes);
+  const Spread x = spreadOf(sample.middlesX, sample.widths);
+  const Spread y = spreadOf(sample.middlesY, sample.heights);
+  const double width = x.range.length();
+  const double height = y.range.length();
+  const double cells = std::max(1.0, kCellsPerBox * static_cast<double>(boxes.size()));
+  const double mostColumns = mostCells(width, x.meanSize, cells);
+  const double mostRows = mostCells(height, y.meanSize, cells);
   const double even = height > 0 ? std::sqrt(cells * (width / height)) : cells;
   double columns = std::clamp(even, 1.0, mostColumns);
   const double rows = std::clamp(cells / columns, 1.0, mostRows);
   columns = std::clamp(cells / rows, 1.0, mostColumns);
+  BoxGrid grid;
   grid.columns = static_cast<int>(columns);
   grid.rows = static_cast<int>(rows);
-  grid.originX = spread.x.low;
-  grid.originY = spread.y.low;
+  grid.originX = x.range.low;
+  grid.originY = y.range.low;
   grid.columnsPerUnit = width > 0 ? grid.columns / width : 0;
   grid.rowsPerUnit = height > 0 ? grid.rows / height : 0;
   return grid;
@@ -178,7 +170,7 @@ void BoxIndex::rowsOverlapping(const Box& query, int after, std::vector<int>& ro
   collectFromCells(query, after, rows);
   collectFromList(wide_, query, after, rows);
   collectFromList(changed_, query, after, rows);
-  std::sort(rows.begin(), rows.end());
+  if (rows.size() > 1) std::sort(rows.begin(), rows.end());
 }
 
 void BoxIndex::build() {
@@ -186,11 +178,15 @@ void BoxIndex::build() {
   wide_.clear();
   changed_.clear();
   outdated_.assign(boxes_.size(), 0);
-  std::vector<CellRange> ranges(boxes_.size());
+  countItems();
+  placeItems();
+}
+
+// Leaves in cellStart_ where each cell's items will begin.
+void BoxIndex::countItems() {
   cellStart_.assign(cellAt(0, grid_.rows) + 1, 0);
   for (std::size_t k = 0; k < boxes_.size(); ++k) {
     const Box& box = boxes_[k];
-    ranges[k].lastColumn = -1;  // covers nothing
     if (box.isEmpty()) continue;
     bounds_ = extended(extended(bounds_, {box.minX, box.minY}), {box.maxX, box.maxY});
     const CellRange range = cellRange(box);
@@ -198,27 +194,29 @@ void BoxIndex::build() {
       wide_.push_back(static_cast<int>(k) + 1);
       continue;
     }
-    ranges[k] = range;
-    for (int row = range.firstRow; row <= range.lastRow; ++row)
-      for (int column = range.firstColumn; column <= range.lastColumn; ++column)
-        ++cellStart_[cellAt(column, row) + 1];
+    for (int row = range.firstRow; row <= range.lastRow; ++row) {
+      int* counts = &cellStart_[cellAt(0, row) + 1];
+      for (int column = range.firstColumn; column <= range.lastColumn; ++column) ++counts[column];
+    }
   }
-  fillCells(ranges);
-}
-
-// Turns the counts into starts and puts each box into its cells, by ascending row.
-void BoxIndex::fillCells(const std::vector<CellRange>& ranges) {
   for (std::size_t cell = 1; cell < cellStart_.size(); ++cell)
     cellStart_[cell] += cellStart_[cell - 1];
+}
+
+// Puts each box into its cells, by ascending row.
+void BoxIndex::placeItems() {
   items_.resize(static_cast<std::size_t>(cellStart_.back()));
-  std::vector<int> next = cellStart_;
+  std::vector<int> next(cellStart_);
   for (std::size_t k = 0; k < boxes_.size(); ++k) {
-    const CellRange& range = ranges[k];
+    const CellRange range = cellRange(boxes_[k]);
+    if (boxes_[k].isEmpty() || isWide(range)) continue;
+    const int tag = static_cast<int>(k + 1) * 4;
     for (int row = range.firstRow; row <= range.lastRow; ++row) {
+      int* places = &next[cellAt(0, row)];
+      const int rowTag = tag + (row == range.firstRow ? kBeginsInRow : 0);
       for (int column = range.firstColumn; column <= range.lastColumn; ++column) {
-        const auto at = static_cast<std::size_t>(next[cellAt(column, row)]++);
-        items_[at] = {boxes_[k], static_cast<int>(k) + 1, column == range.firstColumn,
-                      row == range.firstRow};
+        const int columnTag = column == range.firstColumn ? kBeginsInColumn : 0;
+        items_[static_cast<std::size_t>(places[column]++)] = {boxes_[k], rowTag + columnTag};
       }
     }
   }
@@ -240,15 +238,16 @@ std::size_t BoxIndex::cellAt(int column, int row) const {
 void BoxIndex::collectFromCells(const Box& query, int after, std::vector<int>& rows) const {
   const CellRange range = cellRange(query);
   for (int row = range.firstRow; row <= range.lastRow; ++row) {
+    const int* starts = &cellStart_[cellAt(0, row)];
     for (int column = range.firstColumn; column <= range.lastColumn; ++column) {
-      const std::size_t cell = cellAt(column, row);
-      for (int at = cellStart_[cell]; at < cellStart_[cell + 1]; ++at) {
+      // What an item must begin in, for this cell to hold the lower corner of its overlap.
+      const int needed = (column == range.firstColumn ? 0 : kBeginsInColumn) +
+                         (row == range.firstRow ? 0 : kBeginsInRow);
+      for (int at = starts[column]; at < starts[column + 1]; ++at) {
         const Item& item = items_[static_cast<std::size_t>(at)];
-        if (item.row <= after || !overlaps(item.box, query)) continue;
-        const bool holdsLowerCorner = (column == range.firstColumn || item.beginsInColumn) &&
-                                      (row == range.firstRow || item.beginsInRow);
-        if (!holdsLowerCorner || outdated_[static_cast<std::size_t>(item.row) - 1]) continue;
-        rows.push_back(item.row);
+        if (item.row() <= after || !overlaps(item.box, query)) continue;
+        if ((item.tag & needed) != needed) continue;
+        if (!outdated_[static_cast<std::size_t>(item.row()) - 1]) rows.push_back(item.row());
       }
     }
   }

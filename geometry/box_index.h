@@ -45,9 +45,11 @@ struct BoxGrid {
   int row(float y) const { return cell((y - originY) * rowsPerUnit, rows); }
 
  private:
+  // Written so that it compiles to a maximum and a minimum: a query does this four times.
   static int cell(double at, int count) {
-    if (!(at > 0)) return 0;
-    return at >= count - 1 ? count - 1 : static_cast<int>(at);
+    const double last = count - 1;
+    const double notBelow = at > 0 ? at : 0;
+    return static_cast<int>(notBelow < last ? notBelow : last);
   }
 };
 
@@ -84,21 +86,26 @@ class BoxIndex {
   }
 
  private:
-  // A box in one cell. It begins in the cell's column or row when its lower limit lies there.
+  // A box in one cell. The tag is four times its row, plus whether the box's lower limits lie in
+  // the cell's column and row.
   struct Item {
     Box box;
-    int row = 0;
-    bool beginsInColumn = false, beginsInRow = false;
+    int tag = 0;
+    int row() const { return tag >> 2; }
   };
+  static constexpr int kBeginsInColumn = 1;
+  static constexpr int kBeginsInRow = 2;
+
   struct CellRange {
-    int firstColumn = 0, lastColumn = 0, firstRow = 0, lastRow = 0;
+    int firstColumn, lastColumn, firstRow, lastRow;
     long long cells() const {
       return (lastColumn - firstColumn + 1LL) * (lastRow - firstRow + 1LL);
     }
   };
 
   void build();
-  void fillCells(const std::vector<CellRange>& ranges);
+  void countItems();
+  void placeItems();
   bool isWide(const CellRange& range) const;
   CellRange cellRange(const Box& box) const;
   std::size_t cellAt(int column, int row) const;

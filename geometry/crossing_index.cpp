@@ -16,10 +16,9 @@
 namespace tess {
 namespace {
 
-constexpr double kRootNoise = 2e-7;       // sqrt(80*u), doubled
-constexpr double kAngleNoise = 2e-6;      // radians, a few 32-bit rounding units of two pi
-constexpr double kSteepestRegular = 1e4;  // radical lines beyond it are AlignedCenters' business
-constexpr double kZeroNoise = 1e-5;       // what equal centres make of radii that almost agree
+constexpr double kRootNoise = 2e-7;   // sqrt(80*u), doubled
+constexpr double kAngleNoise = 2e-6;  // radians, a few 32-bit rounding units of two pi
+constexpr double kZeroNoise = 1e-5;   // what equal centres make of radii that almost agree
 
 // Kinds that are neither line nor arc but whose number, added to another kind's tens, is the code
 // of a pair that has a rule: intersectEntities takes them for lines and arcs.
@@ -32,8 +31,7 @@ bool passesForLineOrArc(int type) {
 CrossingIndex::CrossingIndex(std::vector<Entity> entities, float tolerence)
     : entities_(std::move(entities)),
       tolerence_(std::max(tolerence, 0.0F)),
-      sameX_(entities_, CenterAxis::SameX),
-      sameY_(entities_, CenterAxis::SameY) {
+      alignedCenters_(entities_) {
   for (const Entity& entity : entities_) {
     magnitude_ = std::max(magnitude_, magnitudeOf(entity));
     if (isArc(entity.type)) largestRadius_ = std::max(largestRadius_, double{radiusOf(entity)});
@@ -46,20 +44,24 @@ CrossingIndex::CrossingIndex(std::vector<Entity> entities, float tolerence)
 }
 
 void CrossingIndex::candidates(int row, int after, std::vector<int>& rows) const {
+  boxes_.rowsOverlapping(boxes_.box(row), after, rows);
   const Entity& entity = entities_[static_cast<std::size_t>(row) - 1];
-  candidates(entity, after, rows);
-  std::erase(rows, row);
+  if (isArc(entity.type)) addAlignedArcs(entity, after, rows);
+  if (after < row) std::erase(rows, row);
 }
 
 void CrossingIndex::candidates(const Entity& entity, int after, std::vector<int>& rows) const {
   // A stranger beyond the magnitude that the boxes were grown for, or the first arc among lines:
   // no box can be trusted.
-  const bool strange = magnitudeOf(entity) > magnitude_ || (isArc(entity.type) && !hasArcs_);
+  const bool strange =
+      magnitudeOf(entity) > magnitude_ || (isArc(entity.type) && radiusOf(entity) > largestRadius_);
   boxes_.rowsOverlapping(strange ? everywhere() : reachOf(entity), after, rows);
-  if (strange || !isArc(entity.type)) return;
+  if (!strange && isArc(entity.type)) addAlignedArcs(entity, after, rows);
+}
+
+void CrossingIndex::addAlignedArcs(const Entity& arc, int after, std::vector<int>& rows) const {
   const std::size_t near = rows.size();
-  sameX_.collect(entity.center, after, rows);
-  sameY_.collect(entity.center, after, rows);
+  alignedCenters_.collect(arc.center, after, rows);
   if (rows.size() == near) return;
   std::sort(rows.begin(), rows.end());
   rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
@@ -74,18 +76,22 @@ Box CrossingIndex::reachOf(const Entity& entity) const {
 
 double CrossingIndex::reachOfLine(const Entity& line) const {
   const double margin = 1.01 * kSegBoxMargin + kRootNoise * magnitude_;
+  if (!hasArcs_) return margin;
   const double slope = std::abs(chordSlope(line.start, line.end));
-  if (!hasArcs_ || slope > kSteepSlope) return margin;
-  return margin + kRootNoise * magnitude_ * slope;
+  return slope > kSteepSlope ? margin : margin + kRootNoise * magnitude_ * slope;
 }
 
-// A hit on the other curve may miss this circle's squared radius by so much; it then misses the
-// radius by more the smaller that is.
+// A hit placed on another arc A misses this circle by e. A radical line below kFlatSlope is taken
+// as level and so off by up to d = kFlatSlope*M; the hit's power with respect to this circle, which
+// should be 0, is then off by 2*d times the distance of the centres. That is at most rA + r + e,
+// from which e <= sqrt(r^2 + 8*rA*d) - r + 2*d; the tolerance and equal centres act likewise on
+// r^2.
 double CrossingIndex::reachOfArc(const Entity& arc) const {
   const double r = radiusOf(arc);
-  const double squareNoise =
-      tolerence_ * (1 + tolerence_ + 2 * largestRadius_) + kZeroNoise * magnitude_;
-  return std::sqrt(r * r + squareNoise) - r + kAngleNoise * r +
+  const double levelNoise = kFlatSlope * magnitude_;
+  const double squareNoise = tolerence_ * (1 + tolerence_ + 2 * largestRadius_) +
+                             kZeroNoise * magnitude_ + 8 * largestRadius_ * levelNoise;
+  return std::sqrt(r * r + squareNoise) - r + 2 * levelNoise + kAngleNoise * r +
          kRootNoise * kSteepestRegular * magnitude_;
 }
 

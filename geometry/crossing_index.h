@@ -25,6 +25,7 @@ class CrossingIndex {
   void candidates(const Entity& entity, int after, std::vector<int>& rows) const;
 
  private:
+  void addAlignedArcs(const Entity& arc, int after, std::vector<int>& rows) const;
   Box reachOf(const Entity& entity) const;
   double reachOfLine(const Entity& line) const;
   double reachOfArc(const Entity& arc) const;
@@ -35,7 +36,7 @@ class CrossingIndex {
   double largestRadius_ = 0;
   bool hasArcs_ = false;
   BoxIndex boxes_;
-  AlignedCenters sameX_, sameY_;
+  AlignedCenters alignedCenters_;
 };
 
 CrossingIndex segmentCrossingIndex(const DrawingStore& store);

@@ -73,6 +73,13 @@ class CheckIncludes(unittest.TestCase):
             "shell/automation/a.h:1: shell/automation may not include shell/qt (shell/qt/b.h)",
         )
 
+    def test_entry_of_the_program_picks_from_all_rooms(self):
+        tree = {
+            "shell/automation/command_line.h": "",
+            "shell/main.cpp": '#include "shell/automation/command_line.h"\n',
+        }
+        self.expect_clean(tree)
+
     def test_neither_brackets_nor_dots_hide_an_include(self):
         self.expect_finding(
             {

@@ -19,7 +19,6 @@ namespace tess {
 namespace {
 
 namespace fs = std::filesystem;
-using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::EndsWith;
 using testing::failureOf;

@@ -73,6 +73,40 @@ TEST(FieldReader, QuotesMatterOnlyToTheQuotedReading) {
   EXPECT_TRUE(quoted.atEnd());
 }
 
+TEST(FieldReader, LineKeepsCommasAndBlanks) {
+  FieldReader fields = reader("1, a,b \r\n\n c=d");
+  EXPECT_EQ(fields.readInteger(), 1);
+  EXPECT_EQ(fields.readLine(), " a,b ");
+  EXPECT_EQ(fields.readLine(), "");
+  EXPECT_EQ(fields.readLine(), " c=d");
+  EXPECT_TRUE(fields.atEnd());
+  EXPECT_THROW(fields.readLine(), RuntimeFailure);
+}
+
+TEST(FieldReader, PlaceIsThatOfTheFieldToBeReadNext) {
+  FieldReader fields = reader("1,2\n3");
+  EXPECT_EQ(fields.place(), "part.cdm line 1 field 1");
+  fields.readInteger();
+  EXPECT_EQ(fields.place(), "part.cdm line 1 field 2");
+  fields.readInteger();
+  EXPECT_EQ(fields.place(), "part.cdm line 2 field 1");
+}
+
+// Numbers are parsed where they stand; whatever is no plain number goes to the lenient parsers.
+TEST(FieldReader, OddNumbersReadAsTheLenientParsersReadThem) {
+  FieldReader floats = reader("+2.5, 1 ,2x,-,-.,.,1e,1e2,-.5e1,inf,-inf,nan,-0,1.5.2,0x10");
+  for (const float expected : {2.5F, 1.0F, 2.0F, 0.0F, 0.0F, 0.0F, 1.0F, 100.0F, -5.0F, 0.0F, 0.0F,
+                               0.0F, 0.0F, 1.5F, 0.0F}) {
+    EXPECT_EQ(floats.readFloat(), expected) << floats.place();
+  }
+  FieldReader integers = reader("+2,2.5,3.5,-2.5,1e2, 7 ,8x,.9,-,--1,00012");
+  for (const int expected : {2, 2, 4, -2, 100, 7, 8, 1, 0, 0, 12}) {
+    EXPECT_EQ(integers.readInteger(), expected) << integers.place();
+  }
+  EXPECT_TRUE(floats.atEnd());
+  EXPECT_TRUE(integers.atEnd());
+}
+
 TEST(FieldReader, PrintableLineKeepsBlankToLowerZ) {
   FieldReader fields = reader("6061, {T6}\t|~\xE9\r\n5");
   EXPECT_EQ(fields.readPrintable(), "6061, T6");

@@ -1,6 +1,9 @@
 // Paths of both kinds, lookups without regard to case, and failures of files.
 #include "core/file_system.h"
 
+#include <cerrno>
+#include <filesystem>
+
 #include "gtest/gtest.h"
 
 #include "core/runtime_failure.h"
@@ -38,6 +41,22 @@ TEST(SplitPath, TakesFolderAndDefaultOrForcedExtension) {
   }
 }
 
+TEST(FileNameOf, IsThePartBehindTheLastSeparatorOrColon) {
+  EXPECT_EQ(fileNameOf("C:\\work\\part.cdm"), "part.cdm");
+  EXPECT_EQ(fileNameOf("work/part"), "part");
+  EXPECT_EQ(fileNameOf("c:part"), "part");
+  EXPECT_EQ(fileNameOf("part"), "part");
+  EXPECT_EQ(fileNameOf("work/"), "");
+}
+
+TEST(FileSystem, FullPathStartsAtTheWorkingFolder) {
+  const TempFolder folder;
+  folder.write("Part.cdm", "x");
+  EXPECT_EQ(fullPath(folder("PART.CDM")), folder("Part.cdm"));
+  EXPECT_EQ(fullPath("no such.cdm"),
+            withSeparator(std::filesystem::current_path().string()) + "no such.cdm");
+}
+
 TEST(FileSystem, NamesThatDifferOnlyInCaseAreMeant) {
   const TempFolder folder;
   std::filesystem::create_directory(folder("Parts"));
@@ -73,6 +92,11 @@ TEST(FileSystem, FailuresCarryTheirNumbers) {
   EXPECT_EQ(numberOfFailure([&] { readFile(folder()); }), FailureNumber::PathFileAccess);
   EXPECT_EQ(numberOfFailure([&] { readFile(folder("file/below")); }), FailureNumber::PathNotFound);
   EXPECT_EQ(numberOfFailure([&] { writeFile(folder(), "x"); }), FailureNumber::PathFileAccess);
+  EXPECT_EQ(numberOfFailure([&] { writeFile(folder("none/x"), "x"); }),
+            FailureNumber::PathNotFound);
+  EXPECT_EQ(numberOfFailure([&] { readFile(folder(std::string(300, 'x'))); }),
+            FailureNumber::PathNotFound);
+  EXPECT_EQ(numberOfFailure([] { raiseFileFailure(EIO, "x"); }), FailureNumber::DeviceInputOutput);
   EXPECT_EQ(numberOfFailure([&] { writeFile("/dev/full", "x"); }), FailureNumber::DiskFull);
 }
 

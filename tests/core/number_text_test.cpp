@@ -119,6 +119,39 @@ TEST(NumberText, LongestNumberPassesThroughAPatternUnharmed) {
   EXPECT_EQ(formatNumber(smallest, "0." + std::string(60, '0')).size(), 62U);
 }
 
+// The plain text of a value as the pattern "0.0####" has it, which must not cut it short.
+std::string withOneDecimalAtLeast(float value) {
+  const std::string plain = plainText(value);
+  return plain.find('.') == std::string::npos ? plain + ".0" : plain;
+}
+
+TEST(NumberText, FiveDecimalsOfEveryMagnitudeAgreeWithTheShortestText) {
+  const NumberPattern pattern("0.0####");
+  for (int units = 0; units < 20000000; units += 13) {
+    const auto value = static_cast<float>(units / 1e5);
+    const std::string expected = withOneDecimalAtLeast(value);
+    if (expected.size() - expected.find('.') > 6) {
+      ASSERT_GT(units, 1 << 23) << "below, five decimals tell every value apart";
+      continue;
+    }
+    std::string text;
+    pattern.append(text, value);
+    ASSERT_EQ(text, expected) << units;
+  }
+}
+
+TEST(NumberText, NeighboursOfFiveDecimalsAreRoundedToThem) {
+  const NumberPattern pattern("0.0####");
+  for (int units = 1; units < 800000; units += 7) {
+    const auto value = static_cast<float>(units / 1e5);
+    for (const float aside : {std::nextafter(value, 0.0F), std::nextafter(value, 100.0F)}) {
+      std::string text;
+      pattern.append(text, aside);
+      ASSERT_EQ(text, withOneDecimalAtLeast(value)) << units;
+    }
+  }
+}
+
 struct ParseCase {
   const char* text;
   double value;

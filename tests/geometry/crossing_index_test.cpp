@@ -86,10 +86,23 @@ TEST(CrossingIndex, KnowsCrossingsThatTheHalvedInterceptInvents) {
 }
 
 TEST(CrossingIndex, KnowsCrossingsOfNearCentresAtTheSameHeight) {
-  // Less than a tenth apart the radical line stays sloped and its intercept counts double.
-  const std::vector<Entity> arcs{closedArc({0.02F, 0}, 0.02F), closedArc({0.07F, 0}, 0.02F)};
+  // Less than a tenth apart the radical line, truly at x = 0.0475, is taken at x = 0.095.
+  const std::vector<Entity> arcs{closedArc({0.09F, 0}, 0.02F), closedArc({0.005F, 0}, 0.02F)};
+  ASSERT_TRUE(cross(arcs[0], arcs[1], /*tolerence=*/0));
   std::vector<int> candidates;
-  CrossingIndex(arcs, kTolerence).candidates(1, 0, candidates);
+  CrossingIndex(arcs, /*tolerence=*/0).candidates(1, 0, candidates);
+  EXPECT_EQ(candidates, (std::vector<int>{2}));
+}
+
+TEST(CrossingIndex, KnowsCrossingsOfARadicalLineTakenAsLevel) {
+  // The small circle hangs 4.2 above the large one, its centre a hair to the left.
+  const std::vector<Entity> arcs{
+      {kCounterClockwiseArc, {0, 0}, {0, 0}, {1000, 0}},
+      closedArc({999.9902F, 1004.3F}, 0.1F),
+  };
+  ASSERT_TRUE(cross(arcs[0], arcs[1], /*tolerence=*/0));
+  std::vector<int> candidates;
+  CrossingIndex(arcs, /*tolerence=*/0).candidates(1, 0, candidates);
   EXPECT_EQ(candidates, (std::vector<int>{2}));
 }
 

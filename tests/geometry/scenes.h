@@ -113,7 +113,11 @@ inline Entity sceneEntity(SceneKind kind, Dice& dice) {
   const Point a = scenePoint(kind, dice);
   const Point b = dice.below(3) == 0 ? scenePoint(kind, dice) : nearby(a, 1, dice);
   const bool aligned = kind == SceneKind::AlignedArcs || kind == SceneKind::Lattice;
-  const double size = kind == SceneKind::Tiny ? 0.001 : kind == SceneKind::Huge ? 1e29 : 2;
+  const double alignedSizes[] = {0.02, 0.2, 2};
+  const double size = kind == SceneKind::Tiny   ? 0.001
+                      : kind == SceneKind::Huge ? 1e29
+                      : aligned                 ? alignedSizes[dice.below(3)]
+                                                : 2;
   const double radius = size * (1.001 + dice.unit());
   switch (aligned ? 4 : dice.below(9)) {
     case 0:

@@ -1,0 +1,120 @@
+// CNC programs: the commands, the question about unsaved work and the file.
+#include "cnc/cnc_program.h"
+
+#include <algorithm>
+#include <memory>
+#include <string_view>
+
+#include "cnc/lathe_body.h"
+#include "cnc/mill_body.h"
+#include "core/drawing_file.h"
+#include "core/file_system.h"
+#include "core/lifecycle.h"
+#include "core/text.h"
+
+namespace tess {
+namespace {
+
+constexpr std::size_t kExtensionLength = 4;  // ".CDM"
+constexpr std::size_t kBytesPerRow = 48;     // a generous guess: the text grows without moving
+
+std::string programName(std::string_view drawingname) {
+  return std::string(drawingname.substr(0, drawingname.rfind('.'))).append(".CNC");
+}
+
+bool isBlank(std::string_view text) {
+  return trimmed(text).empty();
+}
+
+std::string outputFolder(const DrawingStore& store) {
+  const std::string& wanted = store.cncoutputpath;
+  const bool usable = !isBlank(wanted) && folderExists(wanted);
+  return usable ? withSeparator(wanted) : store.drawingpath;
+}
+
+// The file to show. Unlike the output folder it does not ask whether the path exists.
+std::string shownFile(const DrawingStore& store) {
+  const std::string_view name = store.drawingname;
+  const std::size_t stem = name.size() - std::min(name.size(), kExtensionLength);
+  const std::string folder =
+      isBlank(store.cncoutputpath) ? store.drawingpath : withSeparator(store.cncoutputpath);
+  return folder + std::string(name.substr(0, stem)) + ".cnc";
+}
+
+std::unique_ptr<ProgramBody> bodyFor(CncMode mode, const Session& session,
+                                     const PostDefinition& definition, LastMove& lastmove,
+                                     std::string& out) {
+  if (mode == CncMode::Mill) {
+    return std::make_unique<MillBody>(session, definition, lastmove, out);
+  }
+  return std::make_unique<LatheBody>(session, definition, lastmove, out);
+}
+
+// False when the operator cancels. A No counts as saved, so that the question does not come back.
+bool settleUnsavedWork(Session& session) {
+  if (!isUnsaved(session)) return true;
+  int answer = 0;
+  askUser(session, "Drawing not saved! Save now?", kAskYesNoCancel, answer);
+  if (answer == kAnswerYes) smart_save(session);
+  if (answer == kAnswerNo) session.store.drawingsaved = true;
+  return answer != kAnswerCancel;
+}
+
+void makeAndShow(Session& session, const PostDefinition& definition, CncState& state,
+                 ProgramViewer& viewer, CncMode mode) {
+  if (session.store.NumPathSegments == 0) {
+    int answer = 0;
+    askUser(session, "No Path Segments Placed!", kAskOk, answer);
+    return;
+  }
+  session.listener.clearUndoMenu();
+  if (!make_cnc(session, definition, state, mode)) return;
+  if (!session.store.drawingname.empty()) viewer.showFile(shownFile(session.store));
+}
+
+}  // namespace
+
+std::string programText(const Session& session, const PostDefinition& definition, CncState& state,
+                        CncMode mode) {
+  std::string out;
+  out.reserve(kBytesPerRow * static_cast<std::size_t>(session.store.NumPathSegments));
+  ProgramText text(out, definition);
+  writeHeading(text, session, definition, mode, state.cncfilename);
+  bodyFor(mode, session, definition, state.lastmove, out)->write();
+  text.line(definition.cnctrailertext);
+  return out;
+}
+
+std::string programFile(const DrawingStore& store) {
+  return outputFolder(store) + programName(store.drawingname);
+}
+
+void WriteCncFinish(const Session& session, const PostDefinition& definition, CncState& state,
+                    CncMode mode, const std::string& file) {
+  const Procedure here("WriteCncFinish(mode$)");
+  writeFile(file.empty() ? outputFolder(session.store) + state.cncfilename : file,
+            programText(session, definition, state, mode));
+}
+
+bool make_cnc(Session& session, const PostDefinition& definition, CncState& state, CncMode mode,
+              const std::string& file) {
+  const Procedure here("make_cnc(mode$)");
+  if (!settleUnsavedWork(session)) return false;
+  state.cncfilename = programName(session.store.drawingname);
+  WriteCncFinish(session, definition, state, mode, file);
+  return true;
+}
+
+void mnuCAMMakeCNCFile_Click(Session& session, const PostDefinition& definition, CncState& state,
+                             ProgramViewer& viewer) {
+  const Procedure here("mnuCAMMakeCNCFile_Click()");
+  makeAndShow(session, definition, state, viewer, CncMode::Mill);
+}
+
+void mnuCAMMakeCNCLatheFile_Click(Session& session, const PostDefinition& definition,
+                                  CncState& state, ProgramViewer& viewer) {
+  const Procedure here("mnuCAMMakeCNCLatheFile_Click()");
+  makeAndShow(session, definition, state, viewer, CncMode::Lathe);
+}
+
+}  // namespace tess

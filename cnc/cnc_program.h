@@ -1,0 +1,55 @@
+// CNC programs: the path rows of the open drawing as one RS-274-D text file for a mill or a lathe,
+// in the words of the post-processor definition in force.
+// Owns: CncState, ProgramViewer, programText, programFile, WriteCncFinish, make_cnc,
+//       mnuCAMMakeCNCFile_Click, mnuCAMMakeCNCLatheFile_Click.
+#pragma once
+
+#include <string>
+
+#include "cnc/cnc_heading.h"
+#include "cnc/cnc_line.h"
+#include "cnc/post_definition.h"
+#include "core/session.h"
+
+namespace tess {
+
+// What outlives one program.
+struct CncState {
+  std::string cncfilename;  // of the program made last, without its folder
+  LastMove lastmove;
+};
+
+// Where a finished program is shown, and from there sent on. It does nothing unless a viewer
+// listens.
+class ProgramViewer {
+ public:
+  virtual ~ProgramViewer() = default;
+  virtual void showFile(const std::string& /*file*/) {}
+};
+
+// The whole program of the drawing, which has at least one path row, under state.cncfilename.
+// Raises Invalid procedure call for a value that is no number and Subscript out of range for a row
+// without a tool; the failure's source names the path row.
+std::string programText(const Session& session, const PostDefinition& definition, CncState& state,
+                        CncMode mode);
+
+// Where the program of the drawing belongs: its name in "cnc output path", or in the drawing's
+// folder when that setting is blank or not there.
+std::string programFile(const DrawingStore& store);
+
+// Writes it to `file`, or to programFile with an empty one. An old program is replaced only by a
+// complete one. Raises also what writeFile raises.
+void WriteCncFinish(const Session& session, const PostDefinition& definition, CncState& state,
+                    CncMode mode, const std::string& file = {});
+
+// Asks about unsaved work first; false when the operator cancels, true when a file was written.
+bool make_cnc(Session& session, const PostDefinition& definition, CncState& state, CncMode mode,
+              const std::string& file = {});
+
+// The two commands: they make the program and show it.
+void mnuCAMMakeCNCFile_Click(Session& session, const PostDefinition& definition, CncState& state,
+                             ProgramViewer& viewer);
+void mnuCAMMakeCNCLatheFile_Click(Session& session, const PostDefinition& definition,
+                                  CncState& state, ProgramViewer& viewer);
+
+}  // namespace tess

@@ -1,0 +1,65 @@
+// Feeds any bytes to the reader of post-processor definitions, and then writes a small program
+// under whatever definition came of them: a bad file is refused by a run-time failure and by
+// nothing else, and no definition makes a program that is not whole lines.
+#include <cstdint>
+#include <cstdlib>
+#include <string>
+#include <string_view>
+
+#include "cnc/cnc_program.h"
+#include "core/field_reader.h"
+#include "core/runtime_failure.h"
+#include "core/units.h"
+#include "tests/support/recording_host.h"
+
+namespace {
+
+void require(bool condition) {
+  if (!condition) std::abort();
+}
+
+struct Shop {
+  Shop() {
+    store.cfg_tolerance = 0.001F;
+    tess::addPathSegment(store, {.type = tess::kLine, .x1 = 1.5F, .z = -0.25F, .feed = 10});
+    tess::addPathSegment(store, {.type = tess::kClockwiseArc,
+                                 .x0 = 1.5F,
+                                 .x1 = 2.5F,
+                                 .y1 = 1,
+                                 .xc = 2.5F,
+                                 .z = -0.25F,
+                                 .feed = 10});
+    tess::addPathSegment(store, {.type = 84, .x0 = 3, .x1 = 3, .xc = 0.1F, .yc = 2, .z = -1});
+  }
+
+  void writeProgram(tess::CncMode mode) {
+    const std::string text = tess::programText(session, definition, state, mode);
+    require(text.ends_with(tess::kLineEnd));
+    require(text.find("\r\nG90\r\nG75\r\n") != std::string::npos);
+  }
+
+  tess::testing::RecordingHost host;
+  tess::DrawingStore store;
+  tess::SessionListener listener;
+  tess::Session session{store, host.host, listener};
+  tess::PostDefinition definition;
+  tess::CncState state;
+};
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  Shop shop;
+  shop.session.startupdone = true;
+  tess::FieldReader reader("fuzz.msx", std::string(reinterpret_cast<const char*>(data), size));
+  try {
+    tess::readPostDefinition(shop.session, shop.definition, reader);
+    require(reader.atEnd());
+  } catch (const tess::RuntimeFailure& failure) {
+    require(failure.number() == tess::FailureNumber::InputPastEnd);
+  }
+  tess::set_num_formats(shop.session);
+  shop.writeProgram(tess::CncMode::Mill);
+  shop.writeProgram(tess::CncMode::Lathe);
+  return 0;
+}

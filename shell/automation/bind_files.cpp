@@ -1,0 +1,144 @@
+// The file commands of scripts: `open`, `save` and `make_cnc` with the file named, and `extents`.
+#include "cnc/cnc_program.h"
+#include "core/drawing_file.h"
+#include "core/file_system.h"
+#include "core/text.h"
+#include "display/drawing_extents.h"
+#include "shell/automation/bindings.h"
+#include "shell/automation/lua_routines.h"
+
+namespace tess {
+namespace {
+
+using std::string;
+
+constexpr char kDefaultExtension[] = "CDM";
+
+// A file by its folder and name, as the program keeps them.
+struct FileName {
+  string folder;
+  string name;
+};
+
+void requireAllowed(lua_State* L, const AllowedFolders& folders, const string& path) {
+  if (const auto refusal = folders.refusal(path)) raise(L, *refusal);
+}
+
+// Where a file with a bare name belongs.
+using FolderRule = string (*)(const Script& script, const string& name);
+
+string drawingFolder(const Script& script, const string& /*name*/) {
+  return script.application.store.drawingpath;
+}
+
+// A drawing to be read is the first of its name, of those that the script may use, in the drawing
+// folder, beside the script and in the working folder.
+string folderHolding(const Script& script, const string& name) {
+  const string drawings = script.application.store.drawingpath;
+  string working;
+  splitPath(working, fullPath(name), kDefaultExtension);
+  for (const string& folder : {drawings, script.folder, working}) {
+    if (fileExists(folder + name) && !script.folders.refusal(folder + name)) return folder;
+  }
+  return drawings;
+}
+
+FileName allowedFile(Script& script, lua_State* L, const string& path, const char* extension,
+                     FolderRule folderOfBareName) {
+  FileName file{.folder = {}, .name = {}};
+  file.name = splitPath(file.folder, path, extension);
+  if (file.name.empty()) raise(L, "'" + path + "' names no file");
+  file.folder = file.folder.empty() ? folderOfBareName(script, file.name)
+                                    : withSeparator(fullPath(file.folder));
+  requireAllowed(L, script.folders, file.folder + file.name);
+  return file;
+}
+
+int openDrawing(Script& script, lua_State* L) {
+  const string path = valueAt<string>(L, 1);
+  const FileName file = allowedFile(script, L, path, kDefaultExtension, folderHolding);
+  runReported(script, "load_Drawing", [&] {
+    Session& session = script.application.session;
+    session.selectedfolder = file.folder;
+    session.selectedname = file.name;
+    session.lastfilename = file.folder + file.name;
+    load_Drawing(session);
+  });
+  return 0;
+}
+
+int saveDrawing(Script& script, lua_State* L) {
+  const string path = valueAt<string>(L, 1);
+  const FileName file = allowedFile(script, L, path, kDefaultExtension, drawingFolder);
+  runReported(script, "save_Drawing", [&] {
+    Session& session = script.application.session;
+    session.store.drawingpath = session.selectedfolder = file.folder;
+    session.store.drawingname = session.selectedname = file.name;
+    save_Drawing(session);
+  });
+  return 0;
+}
+
+CncMode modeAt(lua_State* L, int at) {
+  const string word = valueAt<string>(L, at);
+  if (equalIgnoringCase(word, "mill")) return CncMode::Mill;
+  if (equalIgnoringCase(word, "lathe")) return CncMode::Lathe;
+  raise(L, "a program is for \"mill\" or \"lathe\", not for '" + word + "'");
+}
+
+// The command as the operator gives it; the program lands where its rules put it.
+bool makeByRules(Application& application, CncMode mode) {
+  Session& session = application.session;
+  application.cnc.cncfilename.clear();
+  const auto command =
+      mode == CncMode::Mill ? mnuCAMMakeCNCFile_Click : mnuCAMMakeCNCLatheFile_Click;
+  command(session, application.definition, application.cnc, application.viewer);
+  return !application.cnc.cncfilename.empty();
+}
+
+bool makeInto(Application& application, CncMode mode, const string& file) {
+  if (application.store.NumPathSegments == 0) return makeByRules(application, mode);
+  application.session.listener.clearUndoMenu();
+  return make_cnc(application.session, application.definition, application.cnc, mode, file);
+}
+
+int makeCnc(Script& script, lua_State* L) {
+  Application& application = script.application;
+  const CncMode mode = modeAt(L, 1);
+  // The question about unsaved work may save the drawing where it is.
+  const string& drawing = application.store.drawingname;
+  if (!drawing.empty()) {
+    requireAllowed(L, script.folders, application.store.drawingpath + drawing);
+  }
+  string path;
+  if (lua_isnoneornil(L, 2)) {
+    requireAllowed(L, script.folders, programFile(application.store));
+  } else {
+    const FileName file = allowedFile(script, L, valueAt<string>(L, 2), "CNC", drawingFolder);
+    path = file.folder + file.name;
+  }
+  bool made = false;
+  runReported(script, "make_cnc", [&] {
+    made = path.empty() ? makeByRules(application, mode) : makeInto(application, mode, path);
+  });
+  push(L, made);
+  return 1;
+}
+
+int extents(Script& script, lua_State* L) {
+  const auto box = GetDrawingExtents(script.application.store);
+  if (!box) return 0;
+  for (const float edge : {box->minx, box->miny, box->maxx, box->maxy}) push(L, edge);
+  return 4;
+}
+
+}  // namespace
+
+void bindFileCommands(lua_State* L) {
+  setGlobal(L, {"open", guarded<openDrawing>});
+  setGlobal(L, {"save", guarded<saveDrawing>});
+  setGlobal(L, {"make_cnc", guarded<makeCnc>});
+  setGlobal(L, {"extents", guarded<extents>});
+}
+
+}  // namespace tess

@@ -1,0 +1,17 @@
+// The names that a script finds, each group put into the globals of a state by one call. All of
+// them need scriptOf(L) and protected mode.
+// Owns: bindStore, bindRows, bindGeometry, bindRoutines, bindFileCommands, bindPrompts.
+#pragma once
+
+#include "shell/automation/script.h"
+
+namespace tess {
+
+void bindStore(lua_State* L);         // store, setting
+void bindRows(lua_State* L);          // segments, paths, add_segment, add_path
+void bindGeometry(lua_State* L);      // geometry
+void bindRoutines(lua_State* L);      // call
+void bindFileCommands(lua_State* L);  // open, save, make_cnc, extents
+void bindPrompts(lua_State* L);       // messages, beeps, on_message, on_file, print
+
+}  // namespace tess

@@ -1,0 +1,111 @@
+// The job that turns a drawing into a CNC program.
+#include "shell/automation/file_jobs.h"
+
+#include <ostream>
+#include <stdexcept>
+
+#include "core/drawing_file.h"
+#include "core/file_system.h"
+#include "core/form.h"
+#include "shell/application.h"
+#include "shell/automation/message_buttons.h"
+#include "shell/automation/reports.h"
+#include "shell/automation/script_host.h"
+#include "shell/virtual_screen.h"
+
+namespace tess {
+namespace {
+
+// A reason why the job cannot be done.
+class JobFailure : public std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
+// Nobody is there to answer: messages get their first button and are kept.
+class JobPrompts : public Prompts {
+ public:
+  Answer showMessage(const Message& message) override {
+    texts.push_back(message.text);
+    return firstButton(message.buttons);
+  }
+  std::optional<std::string> chooseFile(const FileRequest& /*request*/) override { return {}; }
+  void showModal(Form& form) override { form.pressCancel(); }
+
+  std::vector<std::string> texts;
+};
+
+// What a routine survives, it reports here: worth a line, but no end of the job.
+class JobFailures : public FailureSink {
+ public:
+  JobFailures(HuntERR& reporting, std::vector<std::string>& texts)
+      : reporting_(reporting), texts_(texts) {}
+  void report(const RuntimeFailure& failure) override {
+    reporting_.report(failure);
+    texts_.push_back(describe(failure));
+  }
+
+ private:
+  HuntERR& reporting_;
+  std::vector<std::string>& texts_;
+};
+
+struct JobHost {
+  JobPrompts prompts;
+  VirtualClock clock;
+  QuietSurroundings surroundings;
+  HuntERR reporting{prompts, clock, ScriptHost::quietReporting()};
+  JobFailures failures{reporting, prompts.texts};
+  Host host{prompts, clock, surroundings, failures};
+};
+
+std::string lastOf(const std::vector<std::string>& texts) {
+  return texts.empty() ? std::string() : texts.back();
+}
+
+void load(Application& application, const JobPrompts& prompts, const std::string& drawing) {
+  Session& session = application.session;
+  const std::string path = fullPath(drawing);
+  if (folderExists(path)) throw JobFailure("it is a folder");
+  session.selectedname = splitPath(session.selectedfolder, path, "CDM");
+  load_Drawing(session);
+  // A drawing that does not open leaves the untitled one and a message.
+  if (application.store.drawingname.empty()) throw JobFailure(lastOf(prompts.texts));
+}
+
+std::string make(Application& application, const CncJob& job) {
+  if (application.store.NumPathSegments == 0) throw JobFailure("No Path Segments Placed!");
+  const std::string file = job.output.empty() ? programFile(application.store) : job.output;
+  make_cnc(application.session, application.definition, application.cnc, job.mode, file);
+  return file;
+}
+
+}  // namespace
+
+ExitStatus makeCncFile(const CncJob& job, std::ostream& out, std::ostream& err) {
+  JobHost host;
+  host.reporting.setFolder(job.appfolder);
+  VirtualScreen screen;
+  Application application({host.host, host.reporting, screen.ports});
+  std::string subject;  // what a failure is about
+  const auto fail = [&](const std::string& reason) {
+    say(err, subject + reason);
+    return ExitStatus::JobFailed;
+  };
+  try {
+    application.start(/*drawing=*/"", job.appfolder);
+    subject = job.drawing + ": ";
+    load(application, host.prompts, job.drawing);
+    const std::string file = make(application, job);
+    if (job.output.empty()) out << file << '\n';
+  } catch (const RuntimeFailure& failure) {
+    host.reporting.report(failure);
+    return fail(describe(failure));
+  } catch (const std::runtime_error& failure) {  // JobFailure, EndProgram
+    return fail(failure.what());
+  }
+  for (const std::string& text : host.surroundings.printed) say(err, text);
+  for (const std::string& text : host.prompts.texts) say(err, text);
+  return ExitStatus::Done;
+}
+
+}  // namespace tess

@@ -1,0 +1,24 @@
+// Jobs on single files that need neither a window nor a script.
+// Owns: CncJob, makeCncFile.
+#pragma once
+
+#include <iosfwd>
+#include <string>
+
+#include "cnc/cnc_program.h"
+#include "shell/automation/script_runner.h"
+
+namespace tess {
+
+struct CncJob {
+  std::string drawing;  // "CDM" is added to a name without an extension
+  CncMode mode = CncMode::Mill;
+  std::string output;     // of the program; empty: where its rules put it
+  std::string appfolder;  // with its last separator
+};
+
+// Loads the drawing and writes its program, whose path goes to `out` unless it was given. A drawing
+// that does not load, or has no paths, gives one line on `err`.
+ExitStatus makeCncFile(const CncJob& job, std::ostream& out, std::ostream& err);
+
+}  // namespace tess

@@ -1,0 +1,29 @@
+// Variables of the program as fields of a Lua object, read and written where they are.
+// Owns: TableSlot, Variable, VariablePlace.
+#pragma once
+
+#include <string>
+#include <variant>
+
+#include "core/drawing_store.h"
+
+namespace tess {
+
+// One row of a table that may move when the table grows.
+struct TableSlot {
+  Column<Int16>* column;
+  int row;
+};
+
+using VariablePlace = std::variant<int*, Int16*, float*, Flag*, bool*, std::string*, TableSlot>;
+
+// A variable with what its place alone does not tell. It must not outlive the place.
+struct Variable {
+  VariablePlace place;
+  // A whole number that is a flag of 0 and 1: a boolean may be assigned to it.
+  bool viewFlag = false;
+  // Does the assignment, for counters that carry their tables with them.
+  void (*assign)(DrawingStore& store, int value) = nullptr;
+};
+
+}  // namespace tess

@@ -1,0 +1,71 @@
+// The door between Lua and the program: failures turn into Lua errors here, and only here.
+#include "shell/automation/script.h"
+
+#include <exception>
+#include <new>
+
+#include "shell/automation/reports.h"
+
+namespace tess {
+namespace {
+
+void stopScript(lua_State* L, lua_Debug* /*where*/) {
+  raise(L, scriptOf(L).programEnd.value_or(""));
+}
+
+// From here on every instruction of the script raises the end again, so that a pcall around the
+// call holds it up no longer than one step.
+void endScript(lua_State* L, const char* text) {
+  scriptOf(L).programEnd = text;
+  lua_sethook(L, stopScript, LUA_MASKCOUNT, 1);
+}
+
+void endByLimit(lua_State* L, lua_Debug* where) {
+  endScript(L, "the script has run too long");
+  stopScript(L, where);
+}
+
+}  // namespace
+
+void limitInstructions(lua_State* L, int count) {
+  if (count > 0) lua_sethook(L, endByLimit, LUA_MASKCOUNT, count);
+}
+
+Script& scriptOf(lua_State* L) {
+  return **static_cast<Script**>(lua_getextraspace(L));
+}
+
+void setScript(lua_State* L, Script& script) {
+  *static_cast<Script**>(lua_getextraspace(L)) = &script;
+}
+
+int runGuarded(lua_State* L, Body body) {
+  std::string text;
+  try {
+    return body(scriptOf(L), L);
+  } catch (const RuntimeFailure& failure) {
+    text = describe(failure);
+  } catch (const EndProgram& end) {
+    text = end.what();
+    endScript(L, end.what());
+  } catch (const std::bad_alloc&) {
+    text = "not enough memory";
+  } catch (const std::exception& failure) {
+    text = failure.what();
+  } catch (...) {  // an error of Lua itself on its way to the nearest pcall
+    takeCallChain();
+    throw;
+  }
+  takeCallChain();
+  raise(L, text);
+}
+
+void raise(lua_State* L, std::string_view text) {
+  luaL_where(L, 1);
+  push(L, text);
+  lua_concat(L, 2);
+  lua_error(L);
+  std::terminate();  // lua_error never returns; its declaration does not say so
+}
+
+}  // namespace tess

@@ -1,0 +1,53 @@
+// What the functions of one running script share, and the one door between Lua and the program:
+// every function that a script can call goes through runGuarded.
+// Owns: Script, scriptOf, setScript, limitInstructions, Body, runGuarded, guarded, raise.
+#pragma once
+
+#include <deque>
+#include <iosfwd>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "shell/application.h"
+#include "shell/automation/allowed_folders.h"
+#include "shell/automation/lua_values.h"
+#include "shell/automation/named_variables.h"
+#include "shell/automation/script_host.h"
+
+namespace tess {
+
+struct Script {
+  Application& application;
+  ScriptHost& host;
+  const AllowedFolders& folders;
+  std::ostream& out;
+  std::string folder{};                     // of the script's file, with its last separator
+  std::deque<Variable> variables{};         // what the closures of Lua point to; never shrinks
+  bool started = false;                     // the program is up, and the script itself runs
+  std::optional<std::string> programEnd{};  // why the script is over for good
+};
+
+// The script that a state runs.
+Script& scriptOf(lua_State* L);
+void setScript(lua_State* L, Script& script);
+
+// Has the script end when it has run so many instructions.
+void limitInstructions(lua_State* L, int count);
+
+using Body = int (*)(Script& script, lua_State* L);
+
+// Runs the body of a function; any failure of the program becomes a Lua error that names the
+// script's line. After an EndProgram nothing of the script runs any more, not even behind a pcall.
+int runGuarded(lua_State* L, Body body);
+
+// A body as a function for Lua.
+template <Body body>
+int guarded(lua_State* L) {
+  return runGuarded(L, body);
+}
+
+// Ends the function with a Lua error that names the script's line.
+[[noreturn]] void raise(lua_State* L, std::string_view text);
+
+}  // namespace tess

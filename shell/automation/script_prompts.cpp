@@ -1,0 +1,152 @@
+// What a script sees of the program's questions, and how its answers come back.
+#include "shell/automation/script_prompts.h"
+
+#include <algorithm>
+
+#include "core/form.h"
+#include "core/text.h"
+#include "core/version.h"
+#include "shell/automation/lua_values.h"
+#include "shell/automation/message_buttons.h"
+#include "shell/automation/script.h"
+
+namespace tess {
+namespace {
+
+// Slots that a question needs beside those of the function that asked.
+constexpr int kStackSlots = 12;
+
+void setField(lua_State* L, const char* name, std::string_view value) {
+  push(L, value);
+  lua_setfield(L, -2, name);
+}
+
+void pushButtons(lua_State* L, MessageButtons buttons) {
+  lua_newtable(L);
+  lua_Integer place = 0;
+  for (const Answer answer : buttonsOf(buttons)) {
+    push(L, wordOf(answer));
+    lua_rawseti(L, -2, ++place);
+  }
+}
+
+std::string wordsOf(MessageButtons buttons) {
+  std::string words;
+  for (const Answer answer : buttonsOf(buttons)) {
+    words.append(words.empty() ? "" : ", ").append(wordOf(answer));
+  }
+  return words;
+}
+
+bool isSet(int handler) {
+  return handler != LUA_NOREF && handler != LUA_REFNIL;
+}
+
+}  // namespace
+
+void ScriptPrompts::attach(lua_State* L) {
+  lua_ = L;
+  lua_newtable(L);
+  lua_pushvalue(L, -1);
+  messages_ = luaL_ref(L, LUA_REGISTRYINDEX);
+  lua_setglobal(L, "messages");
+}
+
+void ScriptPrompts::takeHandler(int& handler) {
+  luaL_unref(lua_, LUA_REGISTRYINDEX, handler);
+  handler = luaL_ref(lua_, LUA_REGISTRYINDEX);
+}
+
+// Starts the entry of a question, which is then on top of the stack, before anybody answers: a
+// handler may bring up further questions, and they come later in the list.
+void ScriptPrompts::record(const char* kind, const std::string& title) {
+  luaL_checkstack(lua_, kStackSlots, nullptr);
+  lua_rawgeti(lua_, LUA_REGISTRYINDEX, messages_);
+  lua_newtable(lua_);
+  setField(lua_, "kind", kind);
+  setField(lua_, "title", title);
+  lua_pushvalue(lua_, -1);
+  lua_rawseti(lua_, -3, luaL_len(lua_, -3) + 1);
+  lua_remove(lua_, -2);
+}
+
+Answer ScriptPrompts::show(const Message& message, const char* kind) {
+  record(kind, message.title);
+  setField(lua_, "text", message.text);
+  setField(lua_, "icon", iconWord(message.icon));
+  pushButtons(lua_, message.buttons);
+  lua_setfield(lua_, -2, "buttons");
+  const Answer answer = isSet(messageHandler_) ? askHandler(message) : firstButton(message.buttons);
+  setField(lua_, "answer", wordOf(answer));
+  lua_pop(lua_, 1);
+  return answer;
+}
+
+Answer ScriptPrompts::askHandler(const Message& message) {
+  lua_rawgeti(lua_, LUA_REGISTRYINDEX, messageHandler_);
+  push(lua_, message.text);
+  push(lua_, message.title);
+  pushButtons(lua_, message.buttons);
+  lua_call(lua_, 3, 1);
+  const auto choices = buttonsOf(message.buttons);
+  if (lua_isnil(lua_, -1)) {
+    lua_pop(lua_, 1);
+    return choices.front();
+  }
+  const std::string given = luaL_tolstring(lua_, -1, nullptr);
+  lua_pop(lua_, 2);
+  const auto chosen = std::find_if(choices.begin(), choices.end(), [&](Answer answer) {
+    return equalIgnoringCase(wordOf(answer), given);
+  });
+  if (chosen == choices.end()) {
+    raise(lua_, "the box \"" + message.text + "\" has no button '" + given + "', only " +
+                    wordsOf(message.buttons));
+  }
+  return *chosen;
+}
+
+std::optional<std::string> ScriptPrompts::chooseFile(const FileRequest& request) {
+  record("file", request.title);
+  const std::string initial = request.folder + request.name;
+  setField(lua_, "pattern", request.pattern);
+  setField(lua_, "initial", initial);
+  std::optional<std::string> chosen;
+  if (isSet(fileHandler_)) chosen = askFileHandler(request, initial);
+  if (chosen) setField(lua_, "answer", *chosen);
+  lua_pop(lua_, 1);
+  return chosen;
+}
+
+std::optional<std::string> ScriptPrompts::askFileHandler(const FileRequest& request,
+                                                         const std::string& initial) {
+  lua_rawgeti(lua_, LUA_REGISTRYINDEX, fileHandler_);
+  push(lua_, request.title);
+  push(lua_, request.pattern);
+  push(lua_, initial);
+  lua_call(lua_, 3, 1);
+  std::optional<std::string> chosen;
+  if (!lua_isnil(lua_, -1)) chosen = valueAt<std::string>(lua_, -1);
+  lua_pop(lua_, 1);
+  if (!chosen) return chosen;
+  // A bare name means the folder that the dialog shows.
+  const std::string name(trimmed(*chosen));
+  const bool bare = name.find_first_of("\\/:") == std::string::npos;
+  const std::string path = bare ? request.folder + name : name;
+  if (const auto refusal = folders_.refusal(path)) raise(lua_, *refusal);
+  return path;
+}
+
+void ScriptPrompts::showModal(Form& form) {
+  record("form", form.caption());
+  setField(lua_, "text", form.name());
+  lua_pop(lua_, 1);
+  form.open(Modality::Modal);
+  form.pressCancel();
+  if (form.isShown()) form.close();
+}
+
+void ScriptPrompts::showReport(const std::string& report) {
+  show({.text = report, .title = kProductName, .icon = MessageIcon::Error}, "error");
+}
+
+}  // namespace tess

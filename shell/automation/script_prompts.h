@@ -1,0 +1,49 @@
+// Message boxes, file dialogs and forms of a script: its handlers answer, and all of it is kept in
+// its table `messages`.
+// Owns: ScriptPrompts.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "core/host.h"
+#include "shell/automation/allowed_folders.h"
+#include "shell/automation/lua_state.h"
+
+namespace tess {
+
+// A wrong answer, or an error in a handler, is an error of the script: it leaves the program's
+// routine that asked as an exception of Lua. Call everything here in protected mode.
+class ScriptPrompts : public Prompts {
+ public:
+  explicit ScriptPrompts(const AllowedFolders& folders) : folders_(folders) {}
+
+  // The state whose handlers answer; creates its `messages`. Everything below needs it.
+  void attach(lua_State* L);
+  // The function on top of the stack, which is taken off, answers from now on. nil: message boxes
+  // get their first button, file dialogs are cancelled.
+  void setMessageHandler() { takeHandler(messageHandler_); }
+  void setFileHandler() { takeHandler(fileHandler_); }
+
+  Answer showMessage(const Message& message) override { return show(message, "message"); }
+  std::optional<std::string> chooseFile(const FileRequest& request) override;
+  void showModal(Form& form) override;
+
+  // The report of a failure, as a box of kind "error".
+  void showReport(const std::string& report);
+
+ private:
+  void takeHandler(int& handler);
+  void record(const char* kind, const std::string& title);
+  Answer show(const Message& message, const char* kind);
+  Answer askHandler(const Message& message);
+  std::optional<std::string> askFileHandler(const FileRequest& request, const std::string& initial);
+
+  const AllowedFolders& folders_;
+  lua_State* lua_ = nullptr;
+  int messages_ = LUA_NOREF;
+  int messageHandler_ = LUA_NOREF;
+  int fileHandler_ = LUA_NOREF;
+};
+
+}  // namespace tess

@@ -1,0 +1,203 @@
+// The run of a script: bring the program up, bind the names, load the text, call it, and say what
+// went wrong.
+#include "shell/automation/script_runner.h"
+
+#include <ostream>
+
+#include "core/file_system.h"
+#include "shell/automation/bindings.h"
+#include "shell/automation/near_match.h"
+#include "shell/automation/reports.h"
+#include "shell/virtual_screen.h"
+
+namespace tess {
+namespace {
+
+// The names that an operator may have meant with an unknown global.
+std::string globalMeant(lua_State* L, const std::string& name) {
+  lua_pushglobaltable(L);
+  const std::string hint = didYouMean(name, keysOf(L, lua_gettop(L)));
+  lua_pop(L, 1);
+  return hint;
+}
+
+// A hint behind Lua's message about a global that does not exist.
+std::string globalHint(lua_State* L, const std::string& message) {
+  constexpr std::string_view kMark = "a nil value (global '";
+  const std::size_t at = message.find(kMark);
+  if (at == std::string::npos) return {};
+  const std::size_t begin = at + kMark.size();
+  const std::string name = message.substr(begin, message.find('\'', begin) - begin);
+  for (const std::string_view library : {"io", "os", "package", "require"}) {
+    if (name == library) return " (it needs --allow-io in front of --run)";
+  }
+  return globalMeant(L, name);
+}
+
+// The line of the innermost function of the script, as Lua itself would put it; "" for none.
+std::string placeOf(lua_State* L, const std::string& message) {
+  lua_Debug level{};
+  std::string place;
+  for (int depth = 0; lua_getstack(L, depth, &level) != 0; ++depth) {
+    lua_getinfo(L, "Sl", &level);
+    if (level.currentline <= 0) continue;
+    const std::string source = std::string(level.short_src) + ":";
+    if (message.starts_with(source)) return {};  // it is there already
+    if (place.empty()) place = source + std::to_string(level.currentline) + ": ";
+  }
+  return place;
+}
+
+// The message handler: any error value becomes a text that says where.
+int describeError(Script& /*script*/, lua_State* L) {
+  std::string message;
+  if (lua_type(L, 1) == LUA_TSTRING || luaL_getmetafield(L, 1, "__tostring") != LUA_TNIL) {
+    message = luaL_tolstring(L, 1, nullptr);
+  } else {
+    message = std::string("the error is a ") + luaL_typename(L, 1) + " value";
+  }
+  push(L, placeOf(L, message) + message + globalHint(L, message));
+  return 1;
+}
+
+// The name of a script as Lua's messages have it: of a long one only the end.
+std::string shortName(const std::string& path) {
+  constexpr std::size_t kLongest = LUA_IDSIZE - 1;
+  constexpr std::string_view kDots = "...";
+  if (path.size() <= kLongest) return path;
+  return std::string(kDots) + path.substr(path.size() - (kLongest - kDots.size()));
+}
+
+// What the operator reads of an error: always the script's whole name, with the line where Lua
+// tells it. The end of the program and a failed start are not the script's affair.
+std::string failureLine(const Script& script, const std::string& message, const std::string& path) {
+  if (script.programEnd || !script.started) return script.programEnd.value_or(message);
+  const std::string name = shortName(path);
+  if (message.starts_with(name + ":")) return path + message.substr(name.size());
+  return path + ": " + message;
+}
+
+void setArguments(lua_State* L, const ScriptJob& job) {
+  lua_newtable(L);
+  push(L, job.path);
+  lua_rawseti(L, -2, 0);
+  lua_Integer place = 0;
+  for (const std::string& argument : job.arguments) {
+    push(L, argument);
+    lua_rawseti(L, -2, ++place);
+  }
+  lua_setglobal(L, "arg");
+}
+
+// The text without a byte-order mark, and without a first line that names an interpreter.
+std::string_view luaText(std::string_view text) {
+  constexpr std::string_view kMark = "\xEF\xBB\xBF";
+  if (text.starts_with(kMark)) text.remove_prefix(kMark.size());
+  if (!text.starts_with('#')) return text;
+  const std::size_t end = text.find('\n');
+  return end == std::string_view::npos ? std::string_view() : text.substr(end);
+}
+
+struct Run {
+  const ScriptJob& job;
+  std::string_view text;
+};
+
+// A failure on the way up ends the script, but the log shall have it too.
+void startProgram(Script& script, const std::string& appfolder) {
+  try {
+    script.application.start(/*drawing=*/"", appfolder);
+  } catch (const RuntimeFailure& failure) {
+    script.host.reporting.report(failure);
+    throw;
+  }
+}
+
+// Everything from the program's start to the script's end, inside Lua's protection.
+int runAll(Script& script, lua_State* L) {
+  const Run& run = *static_cast<const Run*>(lua_touserdata(L, 1));
+  openScriptLibraries(L, run.job.fileAccess);
+  bindPrompts(L);
+  startProgram(script, run.job.appfolder);
+  bindStore(L);
+  bindRows(L);
+  bindGeometry(L);
+  bindRoutines(L);
+  bindFileCommands(L);
+  setArguments(L, run.job);
+  script.started = true;
+  limitInstructions(L, run.job.limits.instructions);
+  const std::string_view text = luaText(run.text);
+  const std::string name = "@" + run.job.path;
+  if (luaL_loadbufferx(L, text.data(), text.size(), name.c_str(), "t") != LUA_OK) lua_error(L);
+  lua_call(L, 0, 0);
+  return 0;
+}
+
+// The error text of the run; nothing when it went through.
+std::optional<std::string> protectedRun(lua_State* L, Run run) {
+  lua_pushcfunction(L, guarded<describeError>);
+  lua_pushcfunction(L, guarded<runAll>);
+  lua_pushlightuserdata(L, &run);
+  if (lua_pcall(L, 1, 0, 1) == LUA_OK) return std::nullopt;
+  const char* const message = lua_tostring(L, -1);
+  return message == nullptr ? "unknown error" : message;
+}
+
+std::string folderOf(const ScriptJob& job) {
+  std::string folder;
+  splitPath(folder, fullPath(job.path), "lua");
+  return folder;
+}
+
+AllowedFolders foldersOf(const ScriptJob& job) {
+  AllowedFolders folders;
+  folders.allow(folderOf(job));
+  folders.allow(job.appfolder + "CNC");
+  for (const std::string& folder : job.folders) folders.allow(folder);
+  for (const std::string& argument : job.arguments) folders.allowNamedBy(argument);
+  return folders;
+}
+
+ExitStatus fail(std::ostream& err, std::string_view text) {
+  say(err, text);
+  return ExitStatus::JobFailed;
+}
+
+}  // namespace
+
+ExitStatus runScript(const ScriptJob& job, std::ostream& out, std::ostream& err) {
+  std::string text;
+  try {
+    text = readFile(job.path);
+  } catch (const RuntimeFailure& failure) {
+    takeCallChain();
+    const bool folder = folderExists(job.path);
+    return fail(err, job.path + ": " + (folder ? "it is a folder" : failure.description()));
+  }
+  return runScriptText(job, text, out, err);
+}
+
+ExitStatus runScriptText(const ScriptJob& job, std::string_view text, std::ostream& out,
+                         std::ostream& err) {
+  const AllowedFolders folders = foldersOf(job);
+  ScriptHost host(folders);
+  host.reporting.setFolder(job.appfolder);
+  VirtualScreen screen;
+  Application application({host.host, host.reporting, screen.ports});
+  Script script{.application = application,
+                .host = host,
+                .folders = folders,
+                .out = out,
+                .folder = folderOf(job)};
+  const LuaState state(job.limits);
+  setScript(state.get(), script);
+  const auto error = protectedRun(state.get(), {job, text});
+  out.flush();
+  if (error) return fail(err, failureLine(script, *error, job.path));
+  for (const std::string& notice : host.surroundings.printed) say(err, notice);
+  if (!out) return fail(err, job.path + ": standard output cannot be written");
+  return ExitStatus::Done;
+}
+
+}  // namespace tess

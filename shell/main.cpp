@@ -1,0 +1,13 @@
+// The program's entry: reads the command line and picks the platform for the job.
+#include <iostream>
+
+#include "shell/automation/command_line.h"
+#include "shell/qt/desktop.h"
+
+int main(int argc, char** argv) {
+  const tess::CommandLine line = tess::parseCommandLine({argv + 1, argv + argc});
+  if (line.job != tess::Job::Window) {
+    return static_cast<int>(tess::runCommandLine(line, std::cout, std::cerr));
+  }
+  return tess::runDesktop({.drawing = line.drawing, .home = line.home}, {argv[0]});
+}

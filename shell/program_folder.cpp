@@ -1,0 +1,97 @@
+// The choice of the program's folder, and its first filling.
+#include "shell/program_folder.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <system_error>
+
+#include "core/file_system.h"
+#include "core/recent_files.h"
+#include "core/runtime_failure.h"
+
+namespace tess {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr char kSetupPointer[] = "tess.def";
+constexpr char kDrawingFolder[] = "CNC";
+constexpr char kInstalledData[] = "../share/tessimo/";
+
+std::string existingFolder(const std::string& folder) {
+  if (!folderExists(folder)) throw RuntimeFailure(FailureNumber::PathNotFound, folder);
+  return withSeparator(fs::absolute(resolvePath(folder)).lexically_normal().string());
+}
+
+bool holdsProgram(const std::string& folder) {
+  return fileExists(folder + kSetupPointer);
+}
+
+// $XDG_DATA_HOME counts only as an absolute path, as its convention demands.
+std::string userDataFolder(const FolderRequest& request) {
+  const std::optional<std::string> data = request.environment("XDG_DATA_HOME");
+  if (data && fs::path(*data).is_absolute()) return withSeparator(*data) + "tessimo/";
+  const std::optional<std::string> home = request.environment("HOME");
+  if (!home) {
+    throw RuntimeFailure(FailureNumber::PathNotFound, {},
+                         "There is no home folder; name one with --home");
+  }
+  return withSeparator(*home) + ".local/share/tessimo/";
+}
+
+// Copies what is not there yet; what an operator has changed stays.
+void fillFolder(const std::string& folder, const std::string& shipped) {
+  std::error_code error;
+  fs::create_directories(folder, error);
+  if (!error) {
+    fs::copy(shipped, folder, fs::copy_options::recursive | fs::copy_options::skip_existing, error);
+  }
+  if (error) {
+    throw RuntimeFailure(FailureNumber::PathFileAccess, folder,
+                         "The program's folder cannot be set up (" + error.message() + ")");
+  }
+}
+
+// Without it the first drawing would have no place; a read-only folder simply stays without. Its
+// list of recent files starts empty, so that the first start has no missing file to report.
+void makeDrawingFolder(const std::string& folder) {
+  std::error_code ignored;
+  if (fs::create_directory(folder, ignored)) std::ofstream(folder + kSeparator + kRecentFileName);
+}
+
+std::string chosenFolder(const FolderRequest& request) {
+  if (request.home) return existingFolder(*request.home);
+  if (const auto named = request.environment("TESSIMO_HOME")) return existingFolder(*named);
+  if (holdsProgram(request.executableFolder)) return request.executableFolder;
+  const std::string folder = userDataFolder(request);
+  if (!holdsProgram(folder)) fillFolder(folder, shippedDataFolder(request.executableFolder));
+  return folder;
+}
+
+}  // namespace
+
+FolderRequest folderRequest(std::optional<std::string> home) {
+  std::error_code error;
+  const fs::path executable = fs::read_symlink("/proc/self/exe", error);
+  return {.home = std::move(home),
+          .executableFolder = withSeparator(executable.parent_path().string()),
+          .environment = [](const char* name) -> std::optional<std::string> {
+            const char* const value = std::getenv(name);
+            if (value == nullptr || *value == '\0') return std::nullopt;
+            return value;
+          }};
+}
+
+std::string programFolder(const FolderRequest& request) {
+  std::string folder = chosenFolder(request);
+  if (!folderExists(folder + kDrawingFolder)) makeDrawingFolder(folder + kDrawingFolder);
+  return folder;
+}
+
+std::string shippedDataFolder(const std::string& executableFolder) {
+  const std::string installed = executableFolder + kInstalledData;
+  return holdsProgram(installed) ? installed : TESSIMO_SHIPPED_DATA "/";
+}
+
+}  // namespace tess

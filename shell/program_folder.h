@@ -1,0 +1,32 @@
+// Where the program finds its folder (`appfolder`): setups, definitions, drawings and the log.
+// Owns: FolderRequest, folderRequest, programFolder, shippedDataFolder.
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+
+namespace tess {
+
+// What the choice depends on.
+struct FolderRequest {
+  std::optional<std::string> home;  // --home
+  std::string executableFolder;     // with its last separator
+  // A variable of the environment; nothing when it is unset or empty.
+  std::function<std::optional<std::string>(const char*)> environment;
+};
+
+// The request of this process.
+FolderRequest folderRequest(std::optional<std::string> home);
+
+// The folder with its last separator: --home, else TESSIMO_HOME, else the executable's own folder
+// when it holds tess.def, else the user's data folder, which is filled from the shipped data when
+// it has no tess.def yet. Its CNC folder exists afterwards if it can be made. Raises Path not found
+// for a folder that is named and does not exist, and the file failures of filling.
+std::string programFolder(const FolderRequest& request);
+
+// Where the files lie that ship beside the program: share/tessimo of the installation, else the
+// data folder of the source tree that it was built from.
+std::string shippedDataFolder(const std::string& executableFolder);
+
+}  // namespace tess

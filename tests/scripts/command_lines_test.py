@@ -1,0 +1,114 @@
+#!/usr/bin/env python3
+"""Holds command lines of the real program against their exit status and what they print.
+
+Usage: command_lines_test.py PROGRAM
+"""
+
+import os
+import shutil
+import subprocess
+import sys
+import tempfile
+import unittest
+from pathlib import Path
+
+PROGRAM = ""
+HOME = Path(__file__).resolve().parent / "home"
+DRAWING = """\
+add_path{type=1, x1=2, y1=1, z=-0.25, feed=10, code=100}
+save(arg[1])
+"""
+
+
+class CommandLines(unittest.TestCase):
+    def setUp(self) -> None:
+        folder = tempfile.TemporaryDirectory(prefix="tessimo-")
+        self.addCleanup(folder.cleanup)
+        self.work = Path(folder.name)
+        self.home = self.work / "home"
+        shutil.copytree(HOME, self.home)
+        self.environment = {"PATH": os.environ["PATH"], "HOME": str(self.work)}
+        self.environment |= {n: v for n, v in os.environ.items() if n.endswith("SAN_OPTIONS")}
+
+    def run_program(self, *arguments: str, **variables: str) -> subprocess.CompletedProcess[str]:
+        return subprocess.run(
+            [PROGRAM, *arguments], capture_output=True, text=True, timeout=60, cwd=self.work,
+            env=self.environment | variables, check=False)
+
+    def drawing(self) -> str:
+        script = self.work / "draw.lua"
+        script.write_text(DRAWING)
+        path = str(self.work / "part.cdm")
+        run = self.run_program("--home", str(self.home), "--run", str(script), path)
+        self.assertEqual((run.returncode, run.stderr), (0, ""))
+        return path
+
+    def assert_fails(self, status: int, line: str, *arguments: str) -> None:
+        run = self.run_program(*arguments)
+        self.assertEqual(run.returncode, status)
+        self.assertEqual(run.stdout, "")
+        self.assertEqual(run.stderr, f"tessimo: {line}\n")
+
+    def test_version_and_help_need_nothing(self) -> None:
+        run = self.run_program("--version")
+        self.assertRegex(run.stdout, r"^Tessimo Mill \d+\.\d+\.\d+\n$")
+        self.assertEqual((run.returncode, run.stderr), (0, ""))
+        run = self.run_program("--help")
+        self.assertIn("--make-cnc", run.stdout)
+        self.assertEqual((run.returncode, run.stderr), (0, ""))
+
+    def test_wrong_usage_is_status_2(self) -> None:
+        for arguments in (["--bad"], ["--run"], ["--make-cnc", "mill"], ["-o", "x"], ["a", "b"],
+                          ["--make-cnc", "laser", "part.cdm"]):
+            run = self.run_program(*arguments)
+            self.assertEqual(run.returncode, 2, arguments)
+            self.assertEqual(run.stdout, "", arguments)
+            self.assertRegex(run.stderr, r"^tessimo: [^\n]+\n$", arguments)
+
+    def test_a_mill_program_beside_its_drawing(self) -> None:
+        part = self.drawing()
+        run = self.run_program("--home", str(self.home), "--make-cnc", "mill", part)
+        self.assertEqual((run.returncode, run.stderr), (0, ""))
+        self.assertEqual(run.stdout, f"{self.work}/part.CNC\n")
+        text = (self.work / "part.CNC").read_bytes().decode()
+        self.assertTrue(text.startswith("%\r\n;" + 75 * "*" + "\r\n"))
+        self.assertTrue(text.endswith("M30\r\n%\r\n"))
+
+    def test_a_lathe_program_where_it_is_told(self) -> None:
+        part = self.drawing()
+        run = self.run_program("--home", str(self.home), "--make-cnc", "lathe", part,
+                               "-o", "out.nc")
+        self.assertEqual((run.returncode, run.stdout, run.stderr), (0, "", ""))
+        self.assertIn("Lathrix Pro", (self.work / "out.nc").read_text())
+
+    def test_drawings_that_give_no_program_are_status_1(self) -> None:
+        home = ["--home", str(self.home)]
+        (self.work / "short.cdm").write_text("1.0\r\nPROFILE\r\n1\r\n")
+        self.assert_fails(1, "none.cdm: Couldn't revert to saved drawing. File not found",
+                          *home, "--make-cnc", "mill", "none.cdm")
+        self.assert_fails(1, "home: it is a folder", *home, "--make-cnc", "mill", "home")
+        self.assert_fails(
+            1, f"short.cdm: Input past end of file: {self.work}/short.cdm line 4 field 1",
+            *home, "--make-cnc", "mill", "short.cdm")
+
+    def test_scripts_that_are_none_are_status_1(self) -> None:
+        self.assert_fails(1, "none.lua: File not found", "--home", str(self.home),
+                          "--run", "none.lua")
+        self.assert_fails(1, "home: it is a folder", "--home", str(self.home), "--run", "home")
+        self.assert_fails(1, "Path not found: nowhere", "--home", "nowhere", "--run", "none.lua")
+
+    def test_the_environment_names_the_folder_too(self) -> None:
+        script = self.work / "where.lua"
+        script.write_text("print(store.drawingpath)")
+        run = self.run_program("--run", str(script), TESSIMO_HOME=str(self.home))
+        self.assertEqual((run.returncode, run.stdout, run.stderr), (0, f"{self.home}/CNC/\n", ""))
+
+    def test_no_window_without_the_desktop(self) -> None:
+        run = self.run_program()
+        self.assertEqual(run.returncode, 2)
+        self.assertRegex(run.stderr, r"^tessimo: [^\n]+\n$")
+
+
+if __name__ == "__main__":
+    PROGRAM = sys.argv.pop()
+    unittest.main()

@@ -1,0 +1,88 @@
+// What a script may touch: real places count, not how a path is written.
+#include "shell/automation/allowed_folders.h"
+
+#include <filesystem>
+
+#include "gtest/gtest.h"
+
+#include "tests/support/temp_folder.h"
+
+namespace tess {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::TempFolder;
+
+class AllowedFoldersTest : public ::testing::Test {
+ protected:
+  AllowedFoldersTest() {
+    fs::create_directories(root("inside/deeper"));
+    fs::create_directories(root("inside2"));
+    fs::create_directories(root("outside"));
+    folders.allow(root("inside"));
+  }
+  bool allows(const std::string& path) const { return !folders.refusal(path).has_value(); }
+
+  TempFolder root;
+  AllowedFolders folders;
+};
+
+TEST_F(AllowedFoldersTest, OpenFoldersAndWhatLiesBelowThem) {
+  EXPECT_TRUE(allows(root("inside/part.cdm")));
+  EXPECT_TRUE(allows(root("inside/deeper/part.cdm")));
+  EXPECT_TRUE(allows(root("inside/deeper/../part.cdm")));
+  EXPECT_TRUE(allows(root("INSIDE/part.cdm"))) << "names are looked up without regard to case";
+}
+
+TEST_F(AllowedFoldersTest, NothingElse) {
+  EXPECT_FALSE(allows(root("outside/part.cdm")));
+  EXPECT_FALSE(allows(root("inside/../outside/part.cdm")));
+  EXPECT_FALSE(allows(root("inside/..\\outside\\part.cdm")));
+  EXPECT_FALSE(allows(root("inside2/part.cdm"))) << "the beginning of a name is not the folder";
+  EXPECT_FALSE(allows(root("nowhere/part.cdm")));
+  EXPECT_FALSE(allows(std::string(root("inside/part.cdm")) + '\0' + "x"));
+  EXPECT_FALSE(allows(""));
+}
+
+TEST_F(AllowedFoldersTest, LinksCountAsWhereTheyLead) {
+  fs::create_directory_symlink(root("outside"), root("inside/folder"));
+  fs::create_symlink(root("outside/part.cdm"), root("inside/dangling.cdm"));
+  fs::create_symlink(root("inside/deeper/real.cdm"), root("outside/back.cdm"));
+  root.write("inside/deeper/real.cdm", "");
+  EXPECT_FALSE(allows(root("inside/folder/part.cdm")));
+  EXPECT_FALSE(allows(root("inside/dangling.cdm"))) << "a write would make the file outside";
+  EXPECT_TRUE(allows(root("outside/back.cdm")));
+}
+
+TEST_F(AllowedFoldersTest, CompanionsThatLeadOutsideAreRefusedToo) {
+  root.write("outside/secret", "");
+  fs::create_symlink(root("outside/secret"), root("inside/PART.TPM"));
+  EXPECT_FALSE(allows(root("inside/part.cdm"))) << "its path file would be written";
+  EXPECT_TRUE(allows(root("inside/other.cdm")));
+}
+
+TEST_F(AllowedFoldersTest, TheRefusalNamesThePath) {
+  EXPECT_EQ(folders.refusal(root("outside/part.cdm")),
+            "'" + root("outside/part.cdm") +
+                "' is outside the folders that this script may use: those named on the command "
+                "line, the script's own and the drawing folder");
+}
+
+TEST_F(AllowedFoldersTest, ArgumentsNameFoldersAndFilesWithTheirFolder) {
+  folders.allowNamedBy(root("outside"));
+  EXPECT_TRUE(allows(root("outside/part.cdm")));
+  EXPECT_FALSE(allows(root("inside2/part.cdm")));
+  folders.allowNamedBy(root("inside2/new.cdm"));
+  EXPECT_TRUE(allows(root("inside2/part.cdm")));
+}
+
+TEST_F(AllowedFoldersTest, PlainArgumentsOpenNothing) {
+  for (const char* argument : {"4", "", "part.cdm", "1/2", "--fast"}) {
+    folders.allowNamedBy(argument);
+    EXPECT_FALSE(allows(root("outside/part.cdm"))) << argument;
+    EXPECT_FALSE(allows("part.cdm")) << argument;
+  }
+}
+
+}  // namespace
+}  // namespace tess

@@ -1,0 +1,188 @@
+// What the options mean, alone and together.
+#include "shell/automation/command_line.h"
+
+#include "gtest/gtest.h"
+
+#include "tests/support/script_run.h"
+
+namespace tess {
+namespace {
+
+using testing::ScriptRun;
+
+TEST(CommandLine, NothingOrADrawingIsTheWindow) {
+  EXPECT_EQ(parseCommandLine({}).job, Job::Window);
+  const CommandLine line = parseCommandLine({"--home", "folder", "part.cdm"});
+  EXPECT_EQ(line.job, Job::Window);
+  EXPECT_EQ(line.drawing, "part.cdm");
+  EXPECT_EQ(line.home, "folder");
+}
+
+TEST(CommandLine, EverythingBehindTheScriptIsTheScripts) {
+  const CommandLine line = parseCommandLine(
+      {"--home", "folder", "--allow-io", "--run", "flange.lua", "4", "--home", "-o", "--run"});
+  EXPECT_EQ(line.job, Job::RunScript);
+  EXPECT_EQ(line.script, "flange.lua");
+  EXPECT_EQ(line.scriptArguments, (std::vector<std::string>{"4", "--home", "-o", "--run"}));
+  EXPECT_EQ(line.home, "folder");
+  EXPECT_TRUE(line.allowIo);
+}
+
+TEST(CommandLine, ProgramsOfDrawings) {
+  const CommandLine mill = parseCommandLine({"--make-cnc", "mill", "part.cdm"});
+  EXPECT_EQ(mill.job, Job::MakeCnc);
+  EXPECT_EQ(mill.mode, CncMode::Mill);
+  EXPECT_EQ(mill.drawing, "part.cdm");
+  EXPECT_EQ(mill.output, "");
+  const CommandLine lathe = parseCommandLine({"--make-cnc", "lathe", "part.cdm", "-o", "out.nc"});
+  EXPECT_EQ(lathe.mode, CncMode::Lathe);
+  EXPECT_EQ(lathe.output, "out.nc");
+}
+
+TEST(CommandLine, HelpAndVersionAreDoneWithText) {
+  for (const char* option : {"--help", "--version"}) {
+    const CommandLine line = parseCommandLine({option});
+    EXPECT_EQ(line.job, Job::PrintAndExit);
+    EXPECT_EQ(line.status, ExitStatus::Done);
+    EXPECT_EQ(line.text.find("Tessimo Mill"), 0U) << line.text;
+  }
+  const std::string help = parseCommandLine({"--help"}).text;
+  for (const char* option : {"--run", "--make-cnc", "--home", "--allow-io", "--version", "-o"}) {
+    EXPECT_NE(help.find(option), std::string::npos) << option;
+  }
+}
+
+TEST(CommandLine, WrongUsageIsOneLine) {
+  const std::vector<std::vector<std::string>> cases = {
+      {"--bad"},
+      {"a.cdm", "b.cdm"},
+      {"--run"},
+      {"--make-cnc"},
+      {"--make-cnc", "mill"},
+      {"--make-cnc", "laser", "part.cdm"},
+      {"--make-cnc", "mill", "--run", "x.lua"},
+      {"part.cdm", "--run", "x.lua"},
+      {"-o", "out.nc"},
+      {"-o", "out.nc", "part.cdm"},
+      {"--allow-io"},
+      {"--home"},
+      {"--make-cnc", "mill", "part.cdm", "-o"},
+  };
+  for (const auto& arguments : cases) {
+    const CommandLine line = parseCommandLine(arguments);
+    const std::string shown = ::testing::PrintToString(arguments);
+    EXPECT_EQ(line.job, Job::PrintAndExit) << shown;
+    std::ostringstream out;
+    std::ostringstream err;
+    EXPECT_EQ(runCommandLine(line, out, err), ExitStatus::WrongUsage) << shown;
+    EXPECT_EQ(out.str(), "") << shown;
+    EXPECT_TRUE(err.str().starts_with("tessimo: ")) << shown << err.str();
+    EXPECT_EQ(err.str().find('\n'), err.str().size() - 1) << shown << err.str();
+  }
+}
+
+class CommandLineJobs : public ::testing::Test, protected ScriptRun {
+ protected:
+  ExitStatus runLine(std::vector<std::string> arguments) {
+    arguments.insert(arguments.begin(), {"--home", home()});
+    std::ostringstream outStream;
+    std::ostringstream errStream;
+    status = runCommandLine(parseCommandLine(std::move(arguments)), outStream, errStream);
+    out = outStream.str();
+    err = errStream.str();
+    return status;
+  }
+
+  // A drawing with one path row in the folder for scripts.
+  std::string drawing(const std::string& name) {
+    outputOf("add_path{type=1, x1=2, y1=1, z=-0.25, feed=10, code=100} save([[" + folder(name) +
+             "]])");
+    return folder(name);
+  }
+};
+
+TEST_F(CommandLineJobs, AScriptRunsWithItsArguments) {
+  const std::string script = folder.write("add.lua", "print(arg[1] + arg[2])");
+  EXPECT_EQ(runLine({"--run", script, "1", "2"}), ExitStatus::Done) << err;
+  EXPECT_EQ(out, "3\n");
+}
+
+TEST_F(CommandLineJobs, TheHomeThatIsNamedIsOpenToTheScript) {
+  const std::string script = folder.write("save.lua", "save(arg[1])");
+  EXPECT_EQ(runLine({"--run", script, home("other.cdm")}), ExitStatus::Done) << err;
+  EXPECT_TRUE(home.has("other.cdm"));
+}
+
+TEST_F(CommandLineJobs, AHomeThatDoesNotExistFailsTheJob) {
+  std::ostringstream outStream;
+  std::ostringstream errStream;
+  const CommandLine line = parseCommandLine({"--home", home("none"), "--run", "x.lua"});
+  EXPECT_EQ(runCommandLine(line, outStream, errStream), ExitStatus::JobFailed);
+  EXPECT_EQ(errStream.str(), "tessimo: Path not found: " + home("none") + "\n");
+}
+
+TEST_F(CommandLineJobs, AProgramGoesBesideItsDrawing) {
+  const std::string part = drawing("part.cdm");
+  EXPECT_EQ(runLine({"--make-cnc", "mill", part}), ExitStatus::Done) << err;
+  EXPECT_EQ(out, folder("part.CNC") + "\n");
+  EXPECT_EQ(err, "");
+  EXPECT_NE(folder.read("part.CNC").find("GantrixPro"), std::string::npos);
+}
+
+TEST_F(CommandLineJobs, AProgramGoesWhereItIsTold) {
+  drawing("part.CDM");
+  EXPECT_EQ(runLine({"--make-cnc", "lathe", folder("part"), "-o", folder("out.nc")}),
+            ExitStatus::Done)
+      << err;
+  EXPECT_EQ(out, "");
+  EXPECT_NE(folder.read("out.nc").find("Lathrix Pro"), std::string::npos);
+  EXPECT_FALSE(folder.has("part.CNC"));
+}
+
+TEST_F(CommandLineJobs, ADrawingThatGivesNoProgramIsOneLine) {
+  folder.write("short.cdm", "1.0\r\nPROFILE\r\n");
+  outputOf("add_segment{type=1, x1=1} save([[" + folder("empty.cdm") + "]])");
+  const struct {
+    std::string drawing;
+    std::string reason;
+  } cases[] = {
+      {folder("none.cdm"), "Couldn't revert to saved drawing. File not found"},
+      {folder(), "it is a folder"},
+      {folder("short.cdm"), "Input past end of file: " + folder("short.cdm") + " line 3 field 1"},
+      {folder("empty.cdm"), "No Path Segments Placed!"},
+  };
+  for (const auto& c : cases) {
+    EXPECT_EQ(runLine({"--make-cnc", "mill", c.drawing}), ExitStatus::JobFailed) << c.drawing;
+    EXPECT_EQ(err, "tessimo: " + c.drawing + ": " + c.reason + "\n");
+    EXPECT_EQ(out, "");
+  }
+}
+
+TEST_F(CommandLineJobs, AProgramThatCannotBeWrittenIsOneLine) {
+  const std::string part = drawing("part.cdm");
+  EXPECT_EQ(runLine({"--make-cnc", "mill", part, "-o", folder("none/out.nc")}),
+            ExitStatus::JobFailed);
+  EXPECT_EQ(err, "tessimo: " + part + ": Path not found: " + folder("none/out.nc") + "\n");
+  EXPECT_EQ(runLine({"--make-cnc", "mill", part, "-o", folder()}), ExitStatus::JobFailed);
+  EXPECT_EQ(err, "tessimo: " + part + ": Path/File access error: " + folder() + "\n");
+}
+
+TEST_F(CommandLineJobs, MessagesOfALoadThatWorksAreToldToo) {
+  const std::string part = drawing("part.cdm");
+  std::string text = folder.read("part.cdm");
+  folder.write("part.cdm", text.replace(0, 3, "0.9"));
+  EXPECT_EQ(runLine({"--make-cnc", "mill", part}), ExitStatus::Done);
+  EXPECT_TRUE(err.starts_with("tessimo: Drawing was created with older version")) << err;
+}
+
+TEST_F(CommandLineJobs, AProgramFolderWithoutSetupFailsTheJob) {
+  std::filesystem::remove(home("tess.def"));
+  EXPECT_EQ(runLine({"--make-cnc", "mill", "part.cdm"}), ExitStatus::JobFailed);
+  EXPECT_EQ(err, "tessimo: File not found: " + home("tess.def") + "\n");
+  home.write("tess.def", "1.0\r\nnone.msu\r\n");
+  EXPECT_EQ(runLine({"--make-cnc", "mill", "part.cdm"}), ExitStatus::JobFailed);
+  EXPECT_EQ(err, "tessimo: Could not find setup file: none.msu\n");
+}
+
+}  // namespace
+}  // namespace tess

@@ -1,0 +1,128 @@
+// The sample part: its script still writes the committed drawing, for other sizes as well, and the
+// program made from it is safe to run.
+#include <algorithm>
+#include <filesystem>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "gtest/gtest.h"
+
+#include "core/file_system.h"
+#include "core/number_text.h"
+#include "shell/automation/file_jobs.h"
+#include "shell/automation/script_runner.h"
+#include "tests/support/temp_folder.h"
+
+namespace tess {
+namespace {
+
+using testing::TempFolder;
+
+const std::string kExamples = TESSIMO_SOURCE_DIR "/examples/";
+constexpr float kRetract = 0.5F;      // "z start pos" of the part
+constexpr float kWasteBoard = 0.26F;  // how deep the end mill goes
+
+class BracketExample : public ::testing::Test {
+ protected:
+  BracketExample() {
+    std::filesystem::copy(TESSIMO_SOURCE_DIR "/data", home());
+    std::filesystem::create_directory(home("CNC"));
+    std::filesystem::copy(kExamples + "bracket.lua", folder("bracket.lua"));
+  }
+
+  ExitStatus draw(const std::vector<std::string>& sizes) {
+    const ScriptJob job{.path = folder("bracket.lua"),
+                        .arguments = sizes,
+                        .appfolder = home(),
+                        .folders = {},
+                        .fileAccess = false,
+                        .limits = {}};
+    return runScript(job, out, err);
+  }
+
+  // The lines of the program without its comments.
+  std::vector<std::string> program() {
+    const CncJob job{.drawing = folder("bracket.cdm"),
+                     .mode = CncMode::Mill,
+                     .output = folder("bracket.cnc"),
+                     .appfolder = home()};
+    EXPECT_EQ(makeCncFile(job, out, err), ExitStatus::Done) << err.str();
+    std::istringstream text(folder.read("bracket.cnc"));
+    std::vector<std::string> lines;
+    for (std::string line; std::getline(text, line);) {
+      line.erase(std::remove(line.begin(), line.end(), '\r'), line.end());
+      if (!line.starts_with(';')) lines.push_back(line);
+    }
+    return lines;
+  }
+
+  TempFolder home;
+  TempFolder folder;
+  std::ostringstream out;
+  std::ostringstream err;
+};
+
+bool hasWord(const std::string& line, char letter) {
+  return line.find(std::string(" ") + letter) != std::string::npos;
+}
+
+float wordOf(const std::string& line, char letter) {
+  return parseFloat(line.substr(line.find(std::string(" ") + letter) + 2));
+}
+
+TEST_F(BracketExample, ScriptWritesTheCommittedPair) {
+  ASSERT_EQ(draw({}), ExitStatus::Done) << err.str();
+  for (const char* name : {"bracket.cdm", "BRACKET.TPM"}) {
+    EXPECT_EQ(folder.read(name), readFile(kExamples + name)) << name;
+  }
+}
+
+TEST_F(BracketExample, ToolsRunFromSpotDrillToEndMillAndBack) {
+  ASSERT_EQ(draw({}), ExitStatus::Done) << err.str();
+  std::vector<std::string> changes;
+  for (const std::string& line : program()) {
+    if (line.starts_with('M')) changes.push_back(line);
+  }
+  EXPECT_EQ(changes,
+            (std::vector<std::string>{"M06 T1", "M03 S3050", "M06 T13", "M03 S3800", "M06 T2",
+                                      "M03 S3820", "M05", "M06 T1", "M05", "M30"}));
+}
+
+// Whatever the legs, rapids keep the retract height, cuts stay above the waste board, and feeds
+// stay within what the tool chest gives.
+TEST_F(BracketExample, ProgramsAreSafeForEverySize) {
+  for (const std::vector<std::string>& sizes :
+       {std::vector<std::string>{}, {"5", "3.5"}, {"3.75", "2.75"}, {"9.5", "8"}}) {
+    ASSERT_EQ(draw(sizes), ExitStatus::Done) << err.str();
+    float z = 0;
+    int cuts = 0;
+    for (const std::string& line : program()) {
+      if (!line.starts_with('G')) continue;
+      const bool rapid = line.starts_with("G00");
+      const bool cycle = line.starts_with("G8");
+      if (rapid && (hasWord(line, 'X') || hasWord(line, 'Y'))) {
+        EXPECT_GE(z, kRetract) << line;
+      }
+      if (hasWord(line, 'Z') && !cycle) z = wordOf(line, 'Z');
+      if (rapid) {
+        EXPECT_GE(z, kRetract) << line;
+      }
+      EXPECT_GE(z, -kWasteBoard) << line;
+      if (!hasWord(line, 'F')) continue;
+      ++cuts;
+      EXPECT_GE(wordOf(line, 'F'), 40) << line;
+      EXPECT_LE(wordOf(line, 'F'), 120) << line;
+    }
+    EXPECT_GT(cuts, 20);
+  }
+}
+
+TEST_F(BracketExample, RefusesLegsTooShortForTheHoles) {
+  EXPECT_EQ(draw({"3", "3"}), ExitStatus::JobFailed);
+  EXPECT_NE(err.str().find("the legs are too short for holes and slot"), std::string::npos)
+      << err.str();
+}
+
+}  // namespace
+}  // namespace tess

@@ -1,0 +1,177 @@
+// `open`, `save` and `make_cnc` of scripts, and the folders that hold them.
+#include "gtest/gtest.h"
+
+#include "tests/support/script_run.h"
+
+namespace tess {
+namespace {
+
+using testing::ScriptRun;
+using testing::WorkingFolder;
+
+class FileCommands : public ::testing::Test, protected ScriptRun {
+ protected:
+  static constexpr char kPart[] =
+      "add_segment{type=1, x1=2, y1=1} "
+      "add_path{type=1, x1=2, y1=1, z=-0.25, feed=10, code=100} ";
+};
+
+TEST_F(FileCommands, ABareNameStandsInTheDrawingFolder) {
+  EXPECT_EQ(outputOf(std::string(kPart) + "save('flange') print(store.drawingname, "
+                                          "store.drawingsaved)"),
+            "flange.CDM\t-1\n");
+  EXPECT_TRUE(home.has("CNC/flange.CDM"));
+  EXPECT_TRUE(home.has("CNC/FLANGE.TPM"));
+  EXPECT_EQ(outputOf("open('FLANGE.cdm') print(store.NumSegments, store.NumPathSegments, "
+                     "store.drawingname)"),
+            "1\t1\tFLANGE.cdm\n");
+}
+
+// Drawings of one line, whose ends at x = 1, 2 and 3 tell them apart.
+TEST_F(FileCommands, ADrawingIsLookedForAmongDrawingsBesideTheScriptAndInTheWorkingFolder) {
+  const testing::TempFolder working;
+  const WorkingFolder there(working());
+  job.folders.push_back(working());
+  const std::string open = "open('part') print(store.x1[1], store.drawingpath)";
+  const auto saveLine = [this](const std::string& x, const std::string& path) {
+    outputOf("add_segment{type=1, x1=" + x + "} save([[" + path + "]])");
+  };
+  saveLine("3", working("part.CDM"));
+  EXPECT_EQ(outputOf(open), "3.0\t" + working() + "\n");
+  saveLine("2", folder("part.CDM"));
+  EXPECT_EQ(outputOf(open), "2.0\t" + folder() + "\n");
+  saveLine("1", "part");
+  EXPECT_EQ(outputOf(open), "1.0\t" + home("CNC/") + "\n");
+}
+
+TEST_F(FileCommands, ADrawingInAWorkingFolderThatIsNotOpenIsNotFound) {
+  const testing::TempFolder working;
+  const WorkingFolder there(working());
+  working.write("part.CDM", "1.0\r\n");
+  EXPECT_EQ(outputOf("open('part') print(messages[1].text, store.drawingname)"),
+            "Couldn't revert to saved drawing.\n\nFile not found\t\n");
+}
+
+TEST_F(FileCommands, ABareNameIsSavedAmongTheDrawingsWhereverItWasOpened) {
+  folder.write("part.CDM", "");
+  outputOf("save('part')");
+  EXPECT_TRUE(home.has("CNC/part.CDM"));
+  EXPECT_EQ(folder.read("part.CDM"), "");
+}
+
+TEST_F(FileCommands, AnExtensionThatIsGivenStays) {
+  outputOf("save('flange.cdm')");
+  EXPECT_TRUE(home.has("CNC/flange.cdm"));
+}
+
+TEST_F(FileCommands, PathsInTheScriptsFolderAreOpen) {
+  outputOf(std::string(kPart) + "save([[" + folder("part.cdm") + "]])");
+  EXPECT_TRUE(folder.has("part.cdm"));
+  EXPECT_EQ(valueOf("store.drawingpath"), home("CNC/")) << "another run starts afresh";
+  EXPECT_EQ(outputOf("open([[" + folder("part.cdm") + "]]) print(store.drawingpath)"),
+            folder() + "\n");
+}
+
+TEST_F(FileCommands, EverythingOutsideIsRefusedWithItsPath) {
+  const testing::TempFolder outside;
+  const std::string refusal =
+      "' is outside the folders that this script may use: those named on the command line, the "
+      "script's own and the drawing folder";
+  const std::string target = outside("part.cdm");
+  for (const char* command : {"open", "save", "make_cnc('mill',"}) {
+    const std::string call =
+        std::string(command) + (std::string(command).ends_with(",") ? "" : "(");
+    EXPECT_EQ(errorOf(std::string(kPart) + call + "[[" + target + "]])"), "'" + target + refusal)
+        << command;
+  }
+  EXPECT_FALSE(outside.has("part.cdm"));
+  EXPECT_EQ(errorOf("save([[" + home("tess.def") + "]])"), "'" + home("tess.def") + refusal);
+  job.folders.push_back(outside());
+  outputOf("save([[" + target + "]])");
+  EXPECT_TRUE(outside.has("part.cdm"));
+}
+
+TEST_F(FileCommands, FoldersInTheScriptsArgumentsAreOpen) {
+  const testing::TempFolder outside;
+  job.arguments = {"4", outside("part.cdm")};
+  outputOf("save(arg[2])");
+  EXPECT_TRUE(outside.has("part.cdm"));
+}
+
+TEST_F(FileCommands, AStoreThatPointsOutsideGivesNoWayOut) {
+  const testing::TempFolder outside;
+  EXPECT_NE(errorOf(std::string(kPart) + "store.drawingpath = [[" + outside() +
+                    "]] store.drawingname = 'part.cdm' make_cnc('mill')")
+                .find("is outside the folders"),
+            std::string::npos);
+  EXPECT_NE(errorOf(std::string(kPart) + "setting['cnc output path'] = [[" + outside() +
+                    "]] save('part.cdm') make_cnc('mill')")
+                .find("is outside the folders"),
+            std::string::npos);
+  EXPECT_NE(errorOf(std::string(kPart) + "on_file(function() return [[" + outside("part.cdm") +
+                    "]] end) make_cnc('mill')")
+                .find("is outside the folders"),
+            std::string::npos);
+  EXPECT_TRUE(std::filesystem::is_empty(outside()));
+}
+
+TEST_F(FileCommands, AMissingDrawingGivesTheProgramsMessageAndGoesOn) {
+  EXPECT_EQ(
+      outputOf(std::string(kPart) + "open('nothing.cdm') print(messages[1].text, messages[1].icon, "
+                                    "store.NumSegments)"),
+      "Couldn't revert to saved drawing.\n\nFile not found\twarning\t1\n");
+}
+
+TEST_F(FileCommands, ATruncatedDrawingIsReportedAndLogged) {
+  home.write("CNC/short.cdm", "1.0\r\nPROFILE\r\n1\r\n");
+  const std::string shown = outputOf(
+      "open('short.cdm') print(messages[1].kind, "
+      "messages[1].text)");
+  EXPECT_TRUE(shown.starts_with("error\tInput past end of file")) << shown;
+  EXPECT_NE(shown.find("short.cdm line 4 field 1"), std::string::npos) << shown;
+  EXPECT_TRUE(home.has("Errors.txt"));
+}
+
+TEST_F(FileCommands, AProgramLandsWhereItsRulesPutIt) {
+  EXPECT_EQ(outputOf(std::string(kPart) + "save('flange.cdm') print(make_cnc('mill'))"), "true\n");
+  const std::string program = home.read("CNC/flange.CNC");
+  EXPECT_TRUE(program.starts_with("%\r\n;****")) << program;
+  EXPECT_NE(program.find("\r\nM06 T1\r\nM03 S3000\r\n"), std::string::npos) << program;
+}
+
+TEST_F(FileCommands, AProgramLandsWhereItIsTold) {
+  EXPECT_EQ(outputOf(std::string(kPart) + "save('flange.cdm') print(make_cnc('lathe', [[" +
+                     folder("out.nc") + "]]))"),
+            "true\n");
+  const std::string program = folder.read("out.nc");
+  EXPECT_NE(program.find("{File Name}:  flange.CNC"), std::string::npos) << program;
+  EXPECT_NE(program.find("Lathrix Pro"), std::string::npos) << program;
+  EXPECT_FALSE(home.has("CNC/flange.CNC"));
+}
+
+TEST_F(FileCommands, WithoutPathsThereIsNoProgram) {
+  EXPECT_EQ(outputOf("print(make_cnc('mill'), messages[1].text)"),
+            "false\tNo Path Segments Placed!\n");
+  EXPECT_EQ(outputOf("print(make_cnc('mill', 'x.nc'), messages[1].text)"),
+            "false\tNo Path Segments Placed!\n");
+}
+
+TEST_F(FileCommands, TheQuestionAboutUnsavedWorkIsAnsweredByTheScript) {
+  EXPECT_EQ(
+      outputOf(std::string(kPart) + "on_message(function(text, title, buttons) "
+                                    "print(text, table.concat(buttons, '/')) return 'Cancel' end) "
+                                    "print(make_cnc('mill', 'x.nc'))"),
+      "Drawing not saved! Save now?\tYes/No/Cancel\nfalse\n");
+  EXPECT_FALSE(home.has("CNC/x.nc"));
+}
+
+TEST_F(FileCommands, WrongArgumentsAreErrors) {
+  EXPECT_EQ(errorOf("make_cnc('laser')"),
+            "a program is for \"mill\" or \"lathe\", not for 'laser'");
+  EXPECT_EQ(errorOf("open()"), "Type mismatch");
+  EXPECT_EQ(errorOf("save('')"), "'' names no file");
+  EXPECT_EQ(errorOf("open('folder/')"), "'folder/' names no file");
+}
+
+}  // namespace
+}  // namespace tess

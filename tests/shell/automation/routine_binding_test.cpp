@@ -1,0 +1,124 @@
+// `call`: the other routines, and how those in the error path end.
+#include "gtest/gtest.h"
+
+#include "tests/support/script_run.h"
+
+namespace tess {
+namespace {
+
+using testing::ScriptRun;
+
+class RoutineBinding : public ::testing::Test, protected ScriptRun {};
+
+TEST_F(RoutineBinding, RoutinesOfTheStore) {
+  EXPECT_EQ(outputOf("call.AddSeg(2, 8, 1, 2, 3, 4, 5, 6) call.AddSegLine(1, 8, 2, 1, 4, 3) "
+                     "for s in segments() do print(s.type, s.x0, s.y0, s.x1, s.y1, s.xc, s.yc) "
+                     "end"),
+            "2\t1.0\t2.0\t3.0\t4.0\t5.0\t6.0\n1\t1.0\t2.0\t3.0\t4.0\t0.0\t0.0\n");
+  EXPECT_EQ(outputOf("print(call.nextPathGroup()) "
+                     "call.addPathSegment(1, 1, 2, 3, 4, 5, 6, -7, 8, 1203) "
+                     "print(store.NumPathSegments, store.psx0[1], store.psyc[1], store.psz[1], "
+                     "store.psfeed[1], store.pscode[1], call.nextPathGroup())"),
+            "1\n1\t1.0\t6.0\t-7.0\t8.0\t1203\t13\n");
+  EXPECT_EQ(outputOf("add_segment{type=1, x0=1.0000049} call.roundall() print(store.x0[1])"),
+            "1.0\n");
+  EXPECT_EQ(outputOf("call.ensureSegmentCapacity(50) call.ensurePathCapacity(200) "
+                     "store.x0[70] = 1 store.psz[300] = 1 print(store.NumSegments)"),
+            "0\n");
+}
+
+TEST_F(RoutineBinding, NumbersAndTexts) {
+  EXPECT_EQ(valueOf("call.formatNumber(1.23456, '##0.0##'), call.formatNumber(0, '####')"),
+            "1.235\t");
+  EXPECT_EQ(valueOf("call.roundTo(-0.25, 1), call.Val('  12.5 mm'), call.Val('x')"),
+            "-0.20000000298023\t12.5\t0.0");
+  EXPECT_EQ(valueOf("call.splitPath('before/', 'a/b', 'CDM')"), "b.CDM\ta/");
+  EXPECT_EQ(valueOf("call.splitPath('before/', 'b.old', '.CNC')"), "b.CNC\tbefore/");
+}
+
+TEST_F(RoutineBinding, SetupsAndTheLifeOfADrawing) {
+  EXPECT_EQ(outputOf("add_segment{type=1} add_path{type=1} store.markerx = 5 "
+                     "call.new_drawing() "
+                     "print(store.NumSegments, store.NumPathSegments, store.markerx)"),
+            "0\t0\t0.0\n");
+  EXPECT_EQ(outputOf("store.partdimx = 99 call.applydefaults() print(store.partdimx)"), "4.0\n");
+  EXPECT_EQ(outputOf("setting['final depth'] = 9 call.load_setup() print(setting['final depth'])"),
+            "0.25\n");
+  EXPECT_EQ(outputOf("store.units = 'M' call.set_num_formats() print(setting.cncfmt)"),
+            "####0.0###\n");
+  EXPECT_EQ(outputOf("setting.cnccomment = '(' call.load_xsetup() print(setting.cnccomment)"),
+            ";\n");
+  EXPECT_EQ(outputOf("setting['final depth'] = 0.75 call.SetupTESS('S') "
+                     "setting['final depth'] = 1 call.SetupTESS('L') "
+                     "call.SetupTESS('neither') print(setting['final depth'])"),
+            "0.75\n");
+  EXPECT_EQ(outputOf("store.unitfactor = 2 setting['final depth'] = 0.5 call.convert() "
+                     "print(setting['final depth'])"),
+            "1.0\n");
+}
+
+TEST_F(RoutineBinding, TheOnePromptGivesItsAnswerAsANumber) {
+  EXPECT_EQ(outputOf("on_message(function(text) return text end) "
+                     "print(call.askUser('OK', 1), call.askUser('Cancel', 2), "
+                     "call.askUser('No', 3), call.askUser('Cancel', 3))"),
+            "1\t2\t2\t3\n");
+  EXPECT_EQ(outputOf("print(call.askUser('?', 4), messages[1].kind)"), "0\terror\n");
+  EXPECT_EQ(outputOf("call.showDrawingName() call.readcfg() print(#messages)"), "0\n");
+}
+
+TEST_F(RoutineBinding, TheDrawingsExtents) {
+  const std::string rows = "add_segment{type=1, x0=1, y0=2, x1=4, y1=6} ";
+  EXPECT_EQ(outputOf("print(call.GetDrawingExtents()) print(extents())"),
+            "0\t0.0\t0.0\t0.0\t0.0\n\n");
+  EXPECT_EQ(outputOf(rows + "print(call.GetDrawingExtents()) print(extents())"),
+            "-1\t1.0\t2.0\t4.0\t6.0\n1.0\t2.0\t4.0\t6.0\n");
+}
+
+TEST_F(RoutineBinding, OneLineOfAProgram) {
+  EXPECT_EQ(valueOf("call.FormCncLine('G01', 1, 2, 0, 0, 0, 0, 12.5, 0, false, true)"),
+            "G01 X1.0 Y2.0 F125\t\t0.0\t0.0\t0.0");
+  EXPECT_EQ(outputOf("call.FormCncLine('G01', 1, 2, 0, 0, 0, 0, 12.5, 0, false, true) "
+                     "print(call.FormCncLine('G01', 1, 2, 0, 0, 0, 0, 12.5, 0, false, true))"),
+            "\tG01\t0.0\t0.0\t0.0\n")
+      << "no movement, no line, and nothing is cleared";
+}
+
+TEST_F(RoutineBinding, AFailureInTheErrorPathIsShownLoggedAndOver) {
+  job.fileAccess = true;
+  const std::string shown =
+      outputOf("os.remove('" + home("tess.def") +
+               "') call.load_defaults() local m = messages[#messages] "
+               "print(m.kind, m.icon, m.answer, #m.buttons, m.buttons[1]) print(m.text)");
+  EXPECT_TRUE(shown.starts_with("error\terror\tOK\t1\tOK\nFile not found")) << shown;
+  EXPECT_NE(shown.find("Number: 53"), std::string::npos) << shown;
+  EXPECT_NE(shown.find("load_defaults()"), std::string::npos) << shown;
+  EXPECT_NE(home.read("Errors.txt").find("File not found"), std::string::npos);
+}
+
+TEST_F(RoutineBinding, WhatARoutineSurvivesIsReportedToo) {
+  const std::string shown = outputOf(
+      "store.toolradius[0] = 0 call.SetupTESS('S') print(#messages) "
+      "setting['cut width type'] = 2 call.SetupTESS('S') call.load_setup() "
+      "print(messages[1].kind, messages[1].text:match('^[^\\n]+'))");
+  EXPECT_TRUE(shown.starts_with("0\nerror\tDivision by zero")) << shown;
+}
+
+TEST_F(RoutineBinding, MisuseOfARoutineIsAnErrorOfTheLine) {
+  EXPECT_EQ(errorOf("call.SetupTESS()"), "Type mismatch: argument 1 is missing");
+  EXPECT_EQ(errorOf("call.addPathSegment(1)"), "Type mismatch: argument 2 is missing");
+  EXPECT_EQ(errorOf("call.formatNumber(0/0, '0')"), "Type mismatch: argument 1");
+  EXPECT_EQ(errorOf("call.AddSeg(1, 70000, 0, 0, 0, 0, 0, 0)"), "Overflow: argument 2");
+}
+
+TEST_F(RoutineBinding, TheEndOfTheProgramEndsTheScriptForGood) {
+  job.fileAccess = true;
+  EXPECT_EQ(failureOf("os.remove('" + home("test.msu") +
+                      "') "
+                      "print('before') pcall(call.load_setup) print('behind') "
+                      "while true do pcall(print, 'for ever') end"),
+            "Could not find setup file: test.msu");
+  EXPECT_EQ(out, "before\n");
+}
+
+}  // namespace
+}  // namespace tess

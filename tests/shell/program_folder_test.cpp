@@ -1,0 +1,138 @@
+// Which folder is the program's, and how a new user's is filled.
+#include "shell/program_folder.h"
+
+#include <filesystem>
+#include <map>
+
+#include "gtest/gtest.h"
+
+#include "core/file_system.h"
+#include "core/runtime_failure.h"
+#include "tests/support/temp_folder.h"
+
+namespace tess {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::TempFolder;
+
+class ProgramFolder : public ::testing::Test {
+ protected:
+  ProgramFolder() {
+    for (const char* folder : {"home", "named", "bin", "share/tessimo", "data", "user"}) {
+      fs::create_directories(root(folder));
+    }
+    root.write("share/tessimo/tess.def", "shipped");
+    root.write("share/tessimo/mill.msu", "shipped");
+    request.executableFolder = root("bin/");
+    request.environment = [this](const char* name) -> std::optional<std::string> {
+      const auto found = variables.find(name);
+      if (found == variables.end()) return std::nullopt;
+      return found->second;
+    };
+  }
+
+  TempFolder root;
+  std::map<std::string, std::string> variables;
+  FolderRequest request;
+};
+
+TEST_F(ProgramFolder, TheOptionComesFirst) {
+  request.home = root("home");
+  variables["TESSIMO_HOME"] = root("named");
+  root.write("bin/tess.def", "");
+  EXPECT_EQ(programFolder(request), root("home/"));
+}
+
+TEST_F(ProgramFolder, ThenTheVariable) {
+  variables["TESSIMO_HOME"] = root("named");
+  root.write("bin/tess.def", "");
+  EXPECT_EQ(programFolder(request), root("named/"));
+}
+
+TEST_F(ProgramFolder, ThenTheProgramsOwnFolderWhenItHoldsASetup) {
+  variables["XDG_DATA_HOME"] = root("data");
+  root.write("bin/tess.def", "");
+  EXPECT_EQ(programFolder(request), root("bin/"));
+}
+
+TEST_F(ProgramFolder, ThenTheUsersFolderFilledTheFirstTime) {
+  variables["XDG_DATA_HOME"] = root("data");
+  EXPECT_EQ(programFolder(request), root("data/tessimo/"));
+  EXPECT_EQ(root.read("data/tessimo/tess.def"), "shipped");
+  EXPECT_EQ(root.read("data/tessimo/mill.msu"), "shipped");
+  root.write("data/tessimo/mill.msu", "changed");
+  root.write("share/tessimo/new.msu", "");
+  EXPECT_EQ(programFolder(request), root("data/tessimo/"));
+  EXPECT_EQ(root.read("data/tessimo/mill.msu"), "changed");
+  EXPECT_FALSE(root.has("data/tessimo/new.msu")) << "it is filled once";
+}
+
+TEST_F(ProgramFolder, FillingKeepsWhatIsThere) {
+  variables["XDG_DATA_HOME"] = root("data");
+  fs::create_directory(root("data/tessimo"));
+  root.write("data/tessimo/mill.msu", "changed");
+  programFolder(request);
+  EXPECT_EQ(root.read("data/tessimo/mill.msu"), "changed");
+  EXPECT_EQ(root.read("data/tessimo/tess.def"), "shipped");
+}
+
+TEST_F(ProgramFolder, WithoutADataFolderTheUsualPlaceIsTaken) {
+  variables["HOME"] = root("user");
+  EXPECT_EQ(programFolder(request), root("user/.local/share/tessimo/"));
+  variables["XDG_DATA_HOME"] = "relative";
+  EXPECT_EQ(programFolder(request), root("user/.local/share/tessimo/"));
+}
+
+TEST_F(ProgramFolder, ANamedFolderMustExist) {
+  request.home = root("none");
+  try {
+    programFolder(request);
+    FAIL() << "no failure";
+  } catch (const RuntimeFailure& failure) {
+    EXPECT_EQ(failure.number(), FailureNumber::PathNotFound);
+    EXPECT_EQ(failure.source(), root("none"));
+  }
+}
+
+TEST_F(ProgramFolder, AUserWithoutAnyPlaceIsToldTheRemedy) {
+  try {
+    programFolder(request);
+    FAIL() << "no failure";
+  } catch (const RuntimeFailure& failure) {
+    EXPECT_EQ(failure.description(), "There is no home folder; name one with --home");
+  }
+}
+
+TEST_F(ProgramFolder, AFolderThatCannotBeFilledIsAFailure) {
+  root.write("data/tessimo", "a file is in the way");
+  variables["XDG_DATA_HOME"] = root("data");
+  EXPECT_THROW(programFolder(request), RuntimeFailure);
+}
+
+TEST_F(ProgramFolder, TheDrawingFolderIsMade) {
+  request.home = root("home");
+  programFolder(request);
+  EXPECT_TRUE(folderExists(root("home/CNC")));
+  EXPECT_EQ(root.read("home/CNC/TSMO.MRU"), "") << "an empty list of recent files";
+  fs::create_directory(root("named/cnc"));
+  request.home = root("named");
+  programFolder(request);
+  EXPECT_FALSE(fs::exists(root("named/CNC"))) << "one that differs in case is the one";
+}
+
+TEST_F(ProgramFolder, ABuildFindsTheDataOfItsSources) {
+  EXPECT_EQ(shippedDataFolder(root("bin/")), root("bin/../share/tessimo/"));
+  EXPECT_EQ(shippedDataFolder(root("elsewhere/")), TESSIMO_SOURCE_DIR "/data/");
+}
+
+TEST(FolderRequestOfThisProcess, KnowsItsExecutable) {
+  const FolderRequest request = folderRequest("folder");
+  EXPECT_EQ(request.home, "folder");
+  EXPECT_TRUE(folderExists(request.executableFolder));
+  EXPECT_TRUE(request.environment("PATH").has_value());
+  EXPECT_FALSE(request.environment("TESSIMO_NO_SUCH_VARIABLE").has_value());
+}
+
+}  // namespace
+}  // namespace tess
