@@ -3,6 +3,7 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
 #include <system_error>
 
 #include "core/file_system.h"
@@ -15,6 +16,7 @@ namespace fs = std::filesystem;
 
 constexpr char kSetupPointer[] = "tess.def";
 constexpr char kDrawingFolder[] = "CNC";
+constexpr char kRecentFileList[] = "TSMO.MRU";
 constexpr char kInstalledData[] = "../share/tessimo/";
 
 std::string existingFolder(const std::string& folder) {
@@ -60,6 +62,13 @@ std::string chosenFolder(const FolderRequest& request) {
   return folder;
 }
 
+// Without it the first drawing would have no place. The list of recent files begins empty: one that
+// is missing later on is a fault to report. A read-only folder simply stays without both.
+void makeDrawingFolder(const std::string& folder) {
+  std::error_code error;
+  if (fs::create_directory(folder, error)) std::ofstream(withSeparator(folder) + kRecentFileList);
+}
+
 }  // namespace
 
 FolderRequest folderRequest(std::optional<std::string> home) {
@@ -76,10 +85,7 @@ FolderRequest folderRequest(std::optional<std::string> home) {
 
 std::string programFolder(const FolderRequest& request) {
   std::string folder = chosenFolder(request);
-  // Without it the first drawing would have no place; a read-only folder simply stays without.
-  std::error_code ignored;
-  if (!folderExists(folder + kDrawingFolder))
-    fs::create_directory(folder + kDrawingFolder, ignored);
+  if (!folderExists(folder + kDrawingFolder)) makeDrawingFolder(folder + kDrawingFolder);
   return folder;
 }
 
