@@ -127,7 +127,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
 
 // Keys that no field wanted are commands.
 void MainWindow::keyPressEvent(QKeyEvent* event) {
-  if (focusWidget() != &parts_.surface && parts_.surface.handleKey(*event)) return;
+  if (parts_.surface.handleKey(*event)) return;
   QMainWindow::keyPressEvent(event);
 }
 
