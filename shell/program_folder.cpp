@@ -7,6 +7,7 @@
 #include <system_error>
 
 #include "core/file_system.h"
+#include "core/recent_files.h"
 #include "core/runtime_failure.h"
 
 namespace tess {
@@ -16,7 +17,6 @@ namespace fs = std::filesystem;
 
 constexpr char kSetupPointer[] = "tess.def";
 constexpr char kDrawingFolder[] = "CNC";
-constexpr char kRecentFileList[] = "TSMO.MRU";
 constexpr char kInstalledData[] = "../share/tessimo/";
 
 std::string existingFolder(const std::string& folder) {
@@ -53,6 +53,13 @@ void fillFolder(const std::string& folder, const std::string& shipped) {
   }
 }
 
+// Without it the first drawing would have no place; a read-only folder simply stays without. Its
+// list of recent files starts empty, so that the first start has no missing file to report.
+void makeDrawingFolder(const std::string& folder) {
+  std::error_code ignored;
+  if (fs::create_directory(folder, ignored)) std::ofstream(folder + kSeparator + kRecentFileName);
+}
+
 std::string chosenFolder(const FolderRequest& request) {
   if (request.home) return existingFolder(*request.home);
   if (const auto named = request.environment("TESSIMO_HOME")) return existingFolder(*named);
@@ -60,13 +67,6 @@ std::string chosenFolder(const FolderRequest& request) {
   const std::string folder = userDataFolder(request);
   if (!holdsProgram(folder)) fillFolder(folder, shippedDataFolder(request.executableFolder));
   return folder;
-}
-
-// Without it the first drawing would have no place. The list of recent files begins empty: one that
-// is missing later on is a fault to report. A read-only folder simply stays without both.
-void makeDrawingFolder(const std::string& folder) {
-  std::error_code error;
-  if (fs::create_directory(folder, error)) std::ofstream(withSeparator(folder) + kRecentFileList);
 }
 
 }  // namespace

@@ -21,8 +21,7 @@ FolderRequest folderRequest(std::optional<std::string> home);
 
 // The folder with its last separator: --home, else TESSIMO_HOME, else the executable's own folder
 // when it holds tess.def, else the user's data folder, which is filled from the shipped data when
-// it has no tess.def yet. Its CNC folder exists afterwards if it can be made, a new one with an
-// empty list of recent files. Raises Path not found
+// it has no tess.def yet. Its CNC folder exists afterwards if it can be made. Raises Path not found
 // for a folder that is named and does not exist, and the file failures of filling.
 std::string programFolder(const FolderRequest& request);
 

@@ -49,12 +49,13 @@ void addOptions(CLI::App& app, Options& options) {
                         ->type_name("SCRIPT.lua [ARG ...]");
   auto* const make = app.add_option("--make-cnc", options.mode, "Write the CNC program of DRAWING")
                          ->type_name("mill|lathe")
-                         ->check(CLI::IsMember({"mill", "lathe"}))
+                         ->check(CLI::IsMember({"mill", "lathe"}).description(""))
                          ->excludes(run);
   app.add_option("-o", options.line.output, "Write the program to FILE")
       ->type_name("FILE")
       ->needs(make);
-  app.add_option("DRAWING", options.line.drawing, "The drawing to open")->excludes(run);
+  app.add_option("DRAWING", options.line.drawing, "The drawing to open, or to make a program of")
+      ->excludes(run);
 }
 
 // The job that the options make up; throws what CLI11 does for options that make none.

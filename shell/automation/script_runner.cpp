@@ -144,11 +144,15 @@ std::optional<std::string> protectedRun(lua_State* L, Run run) {
   return message == nullptr ? "unknown error" : message;
 }
 
+std::string folderOf(const ScriptJob& job) {
+  std::string folder;
+  splitPath(folder, fullPath(job.path), "lua");
+  return folder;
+}
+
 AllowedFolders foldersOf(const ScriptJob& job) {
   AllowedFolders folders;
-  std::string scriptFolder = "./";
-  splitPath(scriptFolder, job.path, "lua");
-  folders.allow(scriptFolder);
+  folders.allow(folderOf(job));
   folders.allow(job.appfolder + "CNC");
   for (const std::string& folder : job.folders) folders.allow(folder);
   for (const std::string& argument : job.arguments) folders.allowNamedBy(argument);
@@ -181,7 +185,11 @@ ExitStatus runScriptText(const ScriptJob& job, std::string_view text, std::ostre
   host.reporting.setFolder(job.appfolder);
   VirtualScreen screen;
   Application application({host.host, host.reporting, screen.ports});
-  Script script{.application = application, .host = host, .folders = folders, .out = out};
+  Script script{.application = application,
+                .host = host,
+                .folders = folders,
+                .out = out,
+                .folder = folderOf(job)};
   const LuaState state(job.limits);
   setScript(state.get(), script);
   const auto error = protectedRun(state.get(), {job, text});
