@@ -20,10 +20,6 @@ struct FileName {
   string name;
 };
 
-void requireAllowed(lua_State* L, const AllowedFolders& folders, const string& path) {
-  if (const auto refusal = folders.refusal(path)) raise(L, *refusal);
-}
-
 // The file that a path means; a bare name stands in the drawing folder.
 FileName fileNamed(const DrawingStore& store, const string& path, const char* extension) {
   FileName file{.folder = {}, .name = {}};
@@ -35,7 +31,7 @@ FileName fileNamed(const DrawingStore& store, const string& path, const char* ex
 FileName allowedFile(Script& script, lua_State* L, const string& path, const char* extension) {
   const FileName file = fileNamed(script.application.store, path, extension);
   if (file.name.empty()) raise(L, "'" + path + "' names no file");
-  requireAllowed(L, script.folders, file.folder + file.name);
+  requireAllowed(script.folders, file.folder + file.name);
   return file;
 }
 
@@ -48,6 +44,7 @@ int openDrawing(Script& script, lua_State* L) {
     session.lastfilename = file.folder + file.name;
     load_Drawing(session);
   });
+  script.hand.settle();
   return 0;
 }
 
@@ -91,11 +88,11 @@ int makeCnc(Script& script, lua_State* L) {
   // The question about unsaved work may save the drawing where it is.
   const string& drawing = application.store.drawingname;
   if (!drawing.empty()) {
-    requireAllowed(L, script.folders, application.store.drawingpath + drawing);
+    requireAllowed(script.folders, application.store.drawingpath + drawing);
   }
   string path;
   if (lua_isnoneornil(L, 2)) {
-    requireAllowed(L, script.folders, programFile(application.store));
+    requireAllowed(script.folders, programFile(application.store));
   } else {
     const FileName file = allowedFile(script, L, valueAt<string>(L, 2), "CNC");
     path = file.folder + file.name;
