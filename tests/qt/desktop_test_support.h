@@ -14,7 +14,8 @@
 
 namespace tess::testing {
 
-// The toolkit lives as long as the test program; made on first use.
+// The toolkit lives as long as the test program; made on first use. It is never taken down: its
+// own statics go first at the program's exit.
 inline QApplication& toolkit() {
   struct Toolkit {
     Toolkit() { qputenv("QT_QPA_PLATFORM", "offscreen"); }
@@ -23,8 +24,9 @@ inline QApplication& toolkit() {
     char* arguments[2] = {name, nullptr};
   };
   static Toolkit environment;
-  static QApplication application(environment.count, environment.arguments);
-  return application;
+  static QApplication* const application =
+      new QApplication(environment.count, environment.arguments);
+  return *application;
 }
 
 inline Guard passThrough() {
