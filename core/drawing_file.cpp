@@ -159,6 +159,7 @@ void load_Drawing(Session& session) {
   addRecent(session, session.lastfilename);
   store.showpaths = 1;
   session.listener.Update_menu_checks();
+  session.listener.drawingReplaced();
 }
 
 void smart_save(Session& session) {

@@ -208,6 +208,7 @@ void new_drawing(Session& session) {
   listener.resetUndoState();
   listener.SetUpdatePropertyFlag(true);
   listener.UpdatePropertyWindow();
+  listener.drawingReplaced();
 }
 
 void applydefaults(Session& session) {

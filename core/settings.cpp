@@ -21,7 +21,7 @@ constexpr SettingRow kSettings[] = {
 #define TESSIMO_AGAIN(variable, kind, key) \
   {key, SettingKind::kind, &DrawingSettings::variable, GoesTo::Live, Reading::Plain, true},
 #define TESSIMO_COLOR(slot, key) \
-  {key, SettingKind::S, ColorSlot{slot}, GoesTo::Live, Reading::Plain, false},
+  {key, SettingKind::S, ColorTableSlot{slot}, GoesTo::Live, Reading::Plain, false},
     TESSIMO_SETTINGS(TESSIMO_ROW, TESSIMO_AGAIN, TESSIMO_COLOR)
 #undef TESSIMO_ROW
 #undef TESSIMO_AGAIN
@@ -57,7 +57,7 @@ constexpr char kFalse[] = "False";
 template <typename Store, typename Settings, typename Visit>
 auto visitVariable(Store& store, Settings& settings, const SettingRow& row, Visit visit) {
   const auto onField = [&](auto field) {
-    if constexpr (std::is_same_v<decltype(field), ColorSlot>) {
+    if constexpr (std::is_same_v<decltype(field), ColorTableSlot>) {
       return visit(store.colortable[field.slot]);
     } else {
       return visit(settings.*field);

@@ -1,6 +1,6 @@
 // The settings as a table, made from settings_list.h, and the smaller tables of the tool chest and
 // the machine cycles: what setup files, drawing files and scripts know about each value.
-// Owns: SettingKind, GoesTo, Reading, ColorSlot, SettingField, SettingRow, settingRows,
+// Owns: SettingKind, GoesTo, Reading, ColorTableSlot, SettingField, SettingRow, settingRows,
 // findSetting,
 //       isTextSetting, settingNumber, settingText, setSettingNumber, setSettingText, readSetting,
 //       appendSetting, appendSetupEntry, RowField, RowSetting, toolSettings, cycleSettings,
@@ -26,13 +26,13 @@ enum class GoesTo { Live, Default, Both };
 // How the text of a setup entry becomes the value, as told in settings_list.h.
 enum class Reading { Plain, OnlyOne, Bars, Lower, Upper };
 
-struct ColorSlot {
+struct ColorTableSlot {
   int slot;  // of colortable, 1 to kLastColorSlot
 };
 
 using SettingField =
     std::variant<Int16 DrawingSettings::*, float DrawingSettings::*, Flag DrawingSettings::*,
-                 std::string DrawingSettings::*, ColorSlot>;
+                 std::string DrawingSettings::*, ColorTableSlot>;
 
 struct SettingRow {
   std::string_view key;  // in lower case

@@ -68,6 +68,7 @@ bool RedrawSequence::openPicture(DrawingTarget& target) {
   }
   const WorldRect visible = visibleRectangle(parts_.view, span);
   target.Cls();
+  if (target.screen() != nullptr && onCleared) onCleared();
   SetScale(visible.left, visible.bottom, visible.right, visible.top, target);
   if (!servedEvents()) return false;
   if (parts_.store.parttemplate != 0) paintPartTemplate(target);
@@ -122,6 +123,7 @@ void RedrawSequence::closePicture() {
   DrawMarkerCross({parts_.store.markerx, parts_.store.markery}, screen);
   DrawOriginArrows(paletteColor(parts_.store.colortable[static_cast<int>(ColorSlot::Draw)]),
                    screen);
+  if (onPainted) onPainted();
   parts_.listener.showDrawingName();
   parts_.listener.updateStatusDisplay();
   releaseSurface();

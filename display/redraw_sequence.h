@@ -2,6 +2,7 @@
 // Owns: RedrawListener, RedrawParts, RedrawSequence.
 #pragma once
 
+#include <functional>
 #include <memory>
 
 #include "core/timers.h"
@@ -55,6 +56,11 @@ class RedrawSequence {
 
   // Set once the operator has agreed to close the window: every paint loop leaves at its next row.
   bool redrawabort = false;
+
+  // Whoever draws into the screen's picture in the inverting pen hears that it was wiped, and what
+  // stood in it with it, and that the next one stands complete.
+  std::function<void()> onCleared;
+  std::function<void()> onPainted;
 
  private:
   void tmrTaskQueue_Timer();

@@ -1,18 +1,211 @@
 // The composition of the program.
 #include "shell/application.h"
 
+#include <utility>
+
 #include "core/lifecycle.h"
+#include "core/version.h"
+#include "drafting/grids.h"
+#include "drafting/object_snap.h"
+#include "drafting/undo.h"
+#include "shell/commands.h"
+#include "shell/frmAbout.h"
+#include "shell/layouts.h"
 
 namespace tess {
+namespace {
 
-Application::Application(Host& host) : session(store, host, listener_) {}
+void callIfSet(const std::function<void()>& effect) {
+  if (effect) effect();
+}
+
+}  // namespace
+
+std::unique_ptr<Timer> GuardedTimers::create(const TimerSpec& spec, std::function<void()> tick) {
+  return timers_.create(spec, [this, name = spec.name + "_Timer()", tick = std::move(tick)] {
+    reporting_.guarded("frmMain." + name, tick);
+  });
+}
+
+Application::Application(const Platform& platform)
+    : reporting_(platform.reporting),
+      timers_(platform.screen.timers, platform.reporting),
+      session(store, platform.host, listener_),
+      interaction(session, {platform.screen.picDrawing, platform.screen.pointer, timers_,
+                            platform.screen.clientArea}) {
+  wireTools();
+  disableIdleTools(*this);
+}
+
+void Application::wireTools() {
+  interaction.tools.onToolClick = [this](const std::string& tool) {
+    guarded("frmMain.abMain_ToolClick(tool)", [&] { abMain_ToolClick(*this, tool); });
+  };
+  interaction.tools.onBandOpen = [this](const std::string& band) {
+    if (band == "OSnapMenu") OSnap_ButtonClick_ButtonDropDown(interaction.desk);
+    if (band == "barStatistics") interaction.forms.show(interaction.frmStatistics);
+  };
+  interaction.tools.onBandClose = [this](const std::string& band) {
+    if (band == "barStatistics") interaction.frmStatistics.close();
+  };
+  interaction.tools.onClientAreaChanged = [this] {
+    guarded("frmMain.abMain_Resize()",
+            [this] { interaction.viewCommands.fitview(/*keepview=*/true); });
+  };
+}
 
 void Application::start(std::string_view drawing, std::string_view appfolder) {
   Main(session, drawing, appfolder);
 }
 
+void Application::load(std::string_view drawing, std::string_view appfolder) {
+  guarded("frmMain.Form_Load()", [&] { loadMainWindow(session, drawing, appfolder); });
+}
+
+bool Application::guarded(std::string_view entry, const std::function<void()>& run) {
+  return reporting_.guarded(entry, run);
+}
+
+bool Application::clickTool(std::string_view tool) {
+  return interaction.tools.click(tool);
+}
+
+bool Application::key(const KeyStroke& key) {
+  return guarded("frmMain.picDrawing_KeyDown(KeyCode,Shift)", [&] { handleKey(*this, key); });
+}
+
+bool Application::press(const PointerEvent& event) {
+  return guarded("frmMain.picDrawing_MouseDown(Button,Shift,X,Y)",
+                 [&] { picDrawing_MouseDown(interaction.desk, event); });
+}
+
+bool Application::move(const PointerEvent& event) {
+  return guarded("frmMain.picDrawing_MouseMove(Button,Shift,X,Y)",
+                 [&] { picDrawing_MouseMove(interaction.desk, event); });
+}
+
+bool Application::release(const PointerEvent& event) {
+  return guarded("frmMain.picDrawing_MouseUp(Button,Shift,X,Y)",
+                 [&] { picDrawing_MouseUp(interaction.desk, event); });
+}
+
+bool Application::wheel(int steps, int shift) {
+  return guarded("frmMain.MouseWheel1_MouseWheel(Scroll,Button,Shift,X,Y)",
+                 [&] { MouseWheel1_MouseWheel(interaction.desk, steps, shift); });
+}
+
+bool Application::mayClose() {
+  bool may = false;
+  guarded("frmMain.Form_QueryUnload(Cancel,UnloadMode)",
+          [&] { may = safe_EXIT(session, /*frmunloading=*/true); });
+  interaction.redraw.redrawabort = may;
+  return may;
+}
+
+void Application::unload() {
+  guarded("frmMain.Form_Unload(Cancel)", [this] { Form_Unload(session); });
+}
+
+void Application::showAbout() {
+  frmAbout about(session);
+  session.host.prompts.showModal(about);
+}
+
+void Application::customizeTools() {
+  callIfSet(onCustomize);
+}
+
+std::string Application::caption() const {
+  return session.productname + " - Version " + kVersionText;
+}
+
+void Application::Listener::clearUndoMenu() {
+  tess::clearUndoMenu(application_.interaction.desk);
+}
+
+void Application::Listener::resetUndoState() {
+  tess::resetUndoState(application_.interaction.desk);
+}
+
+void Application::Listener::UnselectAll() {
+  application_.interaction.desk.state.Selected.clear();
+}
+
+void Application::Listener::Update_menu_checks() {
+  application_.interaction.Update_menu_checks();
+}
+
+void Application::Listener::UpdateGridButtons() {
+  tess::UpdateGridButtons(application_.interaction.desk);
+}
+
+void Application::Listener::SetUpdatePropertyFlag(bool update) {
+  application_.interaction.desk.state.updateProperties = update;
+}
+
+void Application::Listener::UpdatePropertyWindow() {
+  application_.interaction.UpdatePropertyWindow();
+}
+
+void Application::Listener::resetObjectSnap() {
+  application_.interaction.desk.state.resetObjectSnap();
+}
+
+void Application::Listener::moveMarker(float x, float y) {
+  application_.interaction.moveMarker(x, y);
+}
+
+void Application::Listener::recover() {
+  application_.interaction.viewCommands.recover();
+}
+
+void Application::Listener::resetPendingAction() {
+  application_.interaction.resetPendingAction();
+}
+
+void Application::Listener::DisplayedFilename(const std::string& text) {
+  application_.interaction.statusBar.setPanel(StatusPanel::FileName, text);
+}
+
+void Application::Listener::updateStatusDisplay() {
+  application_.interaction.updateStatusDisplay();
+}
+
+void Application::Listener::drawingReplaced() {
+  application_.interaction.showWholeDrawing();
+}
+
+void Application::Listener::recentFilesChanged() {
+  application_.interaction.showRecentFiles();
+}
+
+void Application::Listener::brandingRead() {
+  callIfSet(application_.onCaptionChanged);
+}
+
 void Application::Listener::load_xsetup() {
   tess::load_xsetup(application_.session, application_.definition);
+}
+
+void Application::Listener::closeMainWindow() {
+  callIfSet(application_.onCloseMainWindow);
+}
+
+void Application::Listener::loadLayout() {
+  loadProgramLayout(application_);
+}
+
+void Application::Listener::saveLayout() {
+  saveProgramLayout(application_);
+}
+
+void Application::Listener::readPressedTools() {
+  application_.interaction.readPressedTools();
+}
+
+void Application::Listener::unloadOtherWindows() {
+  application_.interaction.forms.closeAll();
+  callIfSet(application_.onUnloadOtherWindows);
 }
 
 }  // namespace tess

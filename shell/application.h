@@ -1,44 +1,124 @@
-// The whole program without a window: one of each of its parts, introduced to one another. It is
-// the only place that knows them all and holds no rules of its own.
-// Owns: Application.
+// The whole program but its window: one of each of its parts, introduced to one another. It is the
+// only place that knows them all and holds no rules of its own.
+// Owns: Platform, GuardedTimers, Application.
 #pragma once
 
+#include <functional>
+#include <memory>
+#include <string>
 #include <string_view>
 
 #include "cnc/cnc_program.h"
 #include "cnc/post_definition.h"
 #include "core/drawing_store.h"
 #include "core/session.h"
+#include "drafting/pointer_events.h"
+#include "shell/error_reporting.h"
+#include "shell/interaction.h"
 
 namespace tess {
 
+struct KeyStroke;
+
+// What a desktop, a script or a test brings; it outlives the application.
+struct Platform {
+  Host& host;
+  HuntERR& reporting;
+  ScreenPorts screen;
+};
+
+// Timers whose ticks are entry points: a failure in one ends in the report.
+class GuardedTimers : public Timers {
+ public:
+  GuardedTimers(Timers& timers, HuntERR& reporting) : timers_(timers), reporting_(reporting) {}
+  std::unique_ptr<Timer> create(const TimerSpec& spec, std::function<void()> tick) override;
+
+ private:
+  Timers& timers_;
+  HuntERR& reporting_;
+};
+
 class Application {
  public:
-  // The ports must outlive the application.
-  explicit Application(Host& host);
+  explicit Application(const Platform& platform);
 
   // Brings the program up as `Main` does, with the drawing named, "" for none. Raises what it does.
   void start(std::string_view drawing, std::string_view appfolder);
+  // The same as the main window's load: with the layout and the recent files. Guarded.
+  void load(std::string_view drawing, std::string_view appfolder);
+
+  // The entry points of the operator and of scripts. Each runs in the guard; false when it failed.
+  bool clickTool(std::string_view tool);
+  bool key(const KeyStroke& key);
+  bool press(const PointerEvent& event);
+  bool move(const PointerEvent& event);
+  bool release(const PointerEvent& event);
+  bool wheel(int steps, int shift);
+  bool guarded(std::string_view entry, const std::function<void()>& run);
+
+  // The main window asks to be closed; true when it may.
+  bool mayClose();
+  // The main window has gone.
+  void unload();
+
+  void showAbout();
+  void customizeTools();
 
   DrawingStore store;
   PostDefinition definition;
   CncState cnc;
   ProgramViewer viewer;
 
+  // What only a window can do; nothing without one.
+  std::function<void()> onCloseMainWindow;
+  std::function<void()> onCustomize;
+  std::function<void()> onCaptionChanged;
+  std::function<void()> onUnloadOtherWindows;
+
+  // The main window's caption: product and version.
+  std::string caption() const;
+
  private:
   // What the core announces, passed on to the rooms that carry it out.
   class Listener : public SessionListener {
    public:
     explicit Listener(Application& application) : application_(application) {}
+    void clearUndoMenu() override;
+    void resetUndoState() override;
+    void UnselectAll() override;
+    void Update_menu_checks() override;
+    void UpdateGridButtons() override;
+    void SetUpdatePropertyFlag(bool update) override;
+    void UpdatePropertyWindow() override;
+    void resetObjectSnap() override;
+    void moveMarker(float x, float y) override;
+    void recover() override;
+    void resetPendingAction() override;
+    void DisplayedFilename(const std::string& text) override;
+    void updateStatusDisplay() override;
+    void drawingReplaced() override;
+    void recentFilesChanged() override;
+    void brandingRead() override;
     void load_xsetup() override;
+    void closeMainWindow() override;
+    void loadLayout() override;
+    void saveLayout() override;
+    void readPressedTools() override;
+    void unloadOtherWindows() override;
 
    private:
     Application& application_;
   };
+
+  void wireTools();
+
+  HuntERR& reporting_;
+  GuardedTimers timers_;
   Listener listener_{*this};
 
  public:
   Session session;
+  Interaction interaction;
 };
 
 }  // namespace tess

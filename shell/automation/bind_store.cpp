@@ -119,7 +119,7 @@ struct NamedSetting {
 #define TESSIMO_NAMED_SETTING(variable, width, kind, key, goesTo, reading) \
   {#variable, key, &DrawingSettings::variable, Reading::reading == Reading::OnlyOne},
 #define TESSIMO_NOTHING(...)
-#define TESSIMO_NAMED_COLOR(slot, key) {nullptr, key, ColorSlot{slot}},
+#define TESSIMO_NAMED_COLOR(slot, key) {nullptr, key, ColorTableSlot{slot}},
 constexpr NamedSetting kSettings[] = {
     TESSIMO_SETTINGS(TESSIMO_NAMED_SETTING, TESSIMO_NOTHING, TESSIMO_NAMED_COLOR)};
 #undef TESSIMO_NAMED_SETTING
@@ -140,7 +140,9 @@ struct SettingPlace {
   VariablePlace operator()(T DrawingSettings::*member) const {
     return &(settings.*member);
   }
-  VariablePlace operator()(ColorSlot color) const { return TableSlot{&colortable, color.slot}; }
+  VariablePlace operator()(ColorTableSlot color) const {
+    return TableSlot{&colortable, color.slot};
+  }
 };
 
 Variable variableOf(DrawingStore& store, DrawingSettings& settings, const NamedSetting& setting) {

@@ -68,4 +68,8 @@ void raise(lua_State* L, std::string_view text) {
   std::terminate();  // lua_error never returns; its declaration does not say so
 }
 
+void requireAllowed(const AllowedFolders& folders, std::string_view path) {
+  if (const auto refusal = folders.refusal(path)) throw ScriptMisuse(*refusal);
+}
+
 }  // namespace tess

@@ -80,7 +80,7 @@ class SetupFile : public ::testing::Test {
   void makeLive(const SettingRow& row) {
     std::visit(
         [this](auto field) {
-          if constexpr (!std::is_same_v<decltype(field), ColorSlot>) {
+          if constexpr (!std::is_same_v<decltype(field), ColorTableSlot>) {
             store.*field = store.defaults.*field;
           }
         },

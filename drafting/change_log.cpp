@@ -1,0 +1,226 @@
+// The change log: appending, rewinding and walking of before-and-after records.
+#include "drafting/change_log.h"
+
+#include <algorithm>
+
+#include "core/rounding.h"
+#include "core/runtime_failure.h"
+#include "core/text.h"
+#include "geometry/points.h"
+
+namespace tess {
+namespace {
+
+constexpr std::size_t kLogGrowth = 50;
+constexpr int kCentreDecimals = 4;
+
+template <typename Row>
+bool sameEnds(const clsSegment& record, const Row& row, float tolerence) {
+  return samePoint({row.x0, row.y0}, {record.x0, record.y0}, tolerence) &&
+         samePoint({row.x1, row.y1}, {record.x1, record.y1}, tolerence);
+}
+
+template <typename Row>
+bool sameCentre(const clsSegment& record, const Row& row) {
+  return roundTo(row.xc, kCentreDecimals) == roundTo(record.CenterX, kCentreDecimals) &&
+         roundTo(row.yc, kCentreDecimals) == roundTo(record.CenterY, kCentreDecimals);
+}
+
+// Lines and rectangles have no centre to compare.
+bool hasNoCentre(int type) {
+  return type == kLine || type == kRectangle;
+}
+
+template <typename Row>
+bool matches(const clsSegment& record, int recordType, const Row& row, float tolerence) {
+  return row.type == recordType && sameEnds(record, row, tolerence) &&
+         (hasNoCentre(row.type) || sameCentre(record, row));
+}
+
+struct NamedField {
+  std::string_view name;
+  std::variant<float clsSegment::*, Int16 clsSegment::*, std::string clsSegment::*,
+               bool clsSegment::*>
+      field;
+};
+
+constexpr NamedField kNamedFields[] = {
+    {"x0", &clsSegment::x0},
+    {"y0", &clsSegment::y0},
+    {"x1", &clsSegment::x1},
+    {"y1", &clsSegment::y1},
+    {"centerx", &clsSegment::CenterX},
+    {"centery", &clsSegment::CenterY},
+    {"segtype", &clsSegment::SegType},
+    {"segattr", &clsSegment::SegAttr},
+    {"addordelete", &clsSegment::AddOrDelete},
+    {"startofsegment", &clsSegment::StartOfSegment},
+};
+
+const NamedField& namedField(std::string_view name) {
+  const auto* const found =
+      std::find_if(std::begin(kNamedFields), std::end(kNamedFields),
+                   [name](const NamedField& row) { return equalIgnoringCase(row.name, name); });
+  if (found == std::end(kNamedFields)) throw typeMismatch();
+  return *found;
+}
+
+RecordValue asValue(float value) {
+  return value;
+}
+RecordValue asValue(Int16 value) {
+  return static_cast<int>(value);
+}
+RecordValue asValue(const std::string& value) {
+  return value;
+}
+RecordValue asValue(bool value) {
+  return value;
+}
+
+template <typename Kind>
+const Kind& valueOfKind(const RecordValue& value) {
+  const Kind* const held = std::get_if<Kind>(&value);
+  if (held == nullptr) throw typeMismatch();
+  return *held;
+}
+
+void assign(float& field, const RecordValue& value) {
+  field = valueOfKind<float>(value);
+}
+void assign(Int16& field, const RecordValue& value) {
+  field = valueOfKind<int>(value);
+}
+void assign(std::string& field, const RecordValue& value) {
+  field = valueOfKind<std::string>(value);
+}
+void assign(bool& field, const RecordValue& value) {
+  field = valueOfKind<bool>(value);
+}
+
+}  // namespace
+
+void clsSegment::SetSegment(const SegmentRow& drawn, std::string_view kind, bool start) {
+  *this = {.x0 = drawn.x0,
+           .x1 = drawn.x1,
+           .y0 = drawn.y0,
+           .y1 = drawn.y1,
+           .CenterX = drawn.xc,
+           .CenterY = drawn.yc,
+           .TypeOfSegment = {},
+           .WhereDeletedFrom = kDrawingTable,
+           .SegType = drawn.type,
+           .SegAttr = drawn.attr,
+           .AddOrDelete = std::string(kind),
+           .StartOfSegment = start,
+           .row = {}};
+}
+
+void clsSegment::SetPathSegment(const PathRow& placed, std::string_view kind, bool start) {
+  *this = {.x0 = placed.x0,
+           .x1 = placed.x1,
+           .y0 = placed.y0,
+           .y1 = placed.y1,
+           .CenterX = placed.xc,
+           .CenterY = placed.yc,
+           .TypeOfSegment = placed.type,
+           .ZDepth = placed.z,
+           .FeedRate = placed.feed,
+           .WhereDeletedFrom = kPathTable,
+           .SegType = {},
+           .SegAttr = placed.code,
+           .AddOrDelete = std::string(kind),
+           .StartOfSegment = start,
+           .row = {}};
+}
+
+void ChangeLog::logRecord(const clsSegment& record, bool cutRedo) {
+  const Int16 count = changecount + 1;
+  if (changelog_.size() < static_cast<std::size_t>(count)) {
+    changelog_.resize(changelog_.size() + kLogGrowth);
+  }
+  at(changecount) = record;
+  changecount = count;
+  if (cutRedo || changetop < changecount) changetop = changecount;
+}
+
+clsSegment ChangeLog::popRecord() {
+  if (!canUndo()) throw subscriptOutOfRange();
+  --changecount;
+  return at(changecount);
+}
+
+clsSegment ChangeLog::nextRedoRecord() {
+  if (!canRedo()) throw subscriptOutOfRange();
+  const clsSegment& next = at(changecount);
+  ++changecount;
+  return next;
+}
+
+const clsSegment& ChangeLog::record(int index) const {
+  if (index < 0 || index >= changetop) throw subscriptOutOfRange();
+  return changelog_[static_cast<std::size_t>(index)];
+}
+
+clsSegment& ChangeLog::at(int index) {
+  return changelog_.at(static_cast<std::size_t>(index));
+}
+
+RecordValue ChangeLog::recordField(int index, std::string_view name) const {
+  const clsSegment& from = record(index);
+  return std::visit([&from](auto field) { return asValue(from.*field); }, namedField(name).field);
+}
+
+void ChangeLog::setRecordField(int index, std::string_view name, const RecordValue& value) {
+  if (index < 0 || index >= changetop) throw subscriptOutOfRange();
+  clsSegment& into = at(index);
+  std::visit([&](auto field) { assign(into.*field, value); }, namedField(name).field);
+}
+
+void ChangeLog::clear() {
+  changelog_.clear();
+  changecount = 0;
+  changetop = 0;
+}
+
+void logSegment(ChangeLog& log, const DrawingStore& store, int sg, std::string_view kind,
+                bool start) {
+  if (sg < 1) return;
+  clsSegment record;
+  record.SetSegment(segmentRow(store, sg), kind, start);
+  record.row = sg;
+  log.logRecord(record, /*cutRedo=*/true);
+}
+
+void logPathSegment(ChangeLog& log, const DrawingStore& store, int ps, std::string_view kind,
+                    bool start) {
+  if (ps < 1) return;
+  clsSegment record;
+  record.SetPathSegment(pathRow(store, ps), kind, start);
+  record.row = ps;
+  log.logRecord(record, /*cutRedo=*/true);
+}
+
+bool isSameRow(const clsSegment& record, const SegmentRow& row, float tolerence) {
+  return matches(record, record.SegType, row, tolerence);
+}
+
+bool isSameRow(const clsSegment& record, const PathRow& row, float tolerence) {
+  return matches(record, record.TypeOfSegment, row, tolerence);
+}
+
+int findSegment(const DrawingStore& store, const clsSegment& record) {
+  for (int sg = store.NumSegments; sg >= 1; --sg) {
+    if (isSameRow(record, segmentRow(store, sg), store.cfg_tolerance)) return sg;
+  }
+  return -1;
+}
+
+int findPathSegment(const DrawingStore& store, const clsSegment& record, int from) {
+  for (int ps = std::min<int>(from, store.NumPathSegments); ps >= 1; --ps) {
+    if (isSameRow(record, pathRow(store, ps), store.cfg_tolerance)) return ps;
+  }
+  return -1;
+}
+
+}  // namespace tess

@@ -1,0 +1,92 @@
+// The change log: before-and-after records of all rows, on which undo and redo walk.
+// Owns: clsSegment, ChangeLog, logSegment, logPathSegment, isSameRow, findSegment, findPathSegment.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+#include "core/drawing_store.h"
+
+namespace tess {
+
+// Where a record's row lives.
+inline constexpr int kDrawingTable = 0;
+inline constexpr int kPathTable = 1;
+
+// One record: a row as it stood, and whether it exists after the change ("A") or existed before it
+// ("D").
+struct clsSegment {
+  float x0 = 0, x1 = 0, y0 = 0, y1 = 0;
+  float CenterX = 0, CenterY = 0;
+  Int16 TypeOfSegment;  // move kind of a path row
+  float ZDepth = 0;
+  float FeedRate = 0;
+  Int16 WhereDeletedFrom;  // kDrawingTable or kPathTable
+  Int16 SegType;
+  Int16 SegAttr;  // segattr, or pscode of a path row
+  std::string AddOrDelete;
+  bool StartOfSegment = false;  // first record of a step
+  Int16 row;                    // index at the time of logging: path rows return to their place
+
+  void ClearSeqment() { *this = {}; }
+  void SetSegment(const SegmentRow& drawn, std::string_view kind, bool start);
+  void SetPathSegment(const PathRow& placed, std::string_view kind, bool start);
+  bool isPath() const { return WhereDeletedFrom == kPathTable; }
+  bool added() const { return AddOrDelete == "A"; }
+};
+
+using RecordValue = std::variant<float, int, std::string, bool>;
+
+// Records count from 0. A step runs from a record with StartOfSegment to before the next one.
+// Path rows are logged directly before they are removed or directly after they are placed, so that
+// walking back finds each at its place.
+class ChangeLog {
+ public:
+  Int16 changecount;  // live records
+  Int16 changetop;    // the largest count since the last fresh change; redo reaches up to here
+  Int16 UndoMark;     // not zero: something was done that the Undo menu entry can take back
+
+  // Appends a copy; with `cutRedo` the records above are given up. Raises Overflow at 32768
+  // records.
+  void logRecord(const clsSegment& record, bool cutRedo);
+  // The exact inverses of logRecord: the last live record, and the next one above it. Both raise
+  // Subscript out of range when there is none.
+  clsSegment popRecord();
+  clsSegment nextRedoRecord();
+
+  const clsSegment& record(int index) const;
+  // Reads or writes one field by name: "x0", "y0", "x1", "y1", "centerx", "centery", "segtype",
+  // "segattr", "addordelete", "startofsegment", in any case. Another name or a value of the wrong
+  // kind raises Type mismatch.
+  RecordValue recordField(int index, std::string_view name) const;
+  void setRecordField(int index, std::string_view name, const RecordValue& value);
+
+  bool canUndo() const { return changecount >= 1; }
+  bool canRedo() const { return changetop > changecount; }
+  void clear();
+
+ private:
+  clsSegment& at(int index);
+
+  std::vector<clsSegment> changelog_;
+};
+
+// Log row `sg` or `ps` as it stands; kind "A" or "D". An index below 1 logs nothing.
+void logSegment(ChangeLog& log, const DrawingStore& store, int sg, std::string_view kind,
+                bool start);
+void logPathSegment(ChangeLog& log, const DrawingStore& store, int ps, std::string_view kind,
+                    bool start);
+
+// True when the row is the record's: equal type, ends by samePoint and, unless the row is a line or
+// a rectangle, centres equal at 4 decimals.
+bool isSameRow(const clsSegment& record, const SegmentRow& row, float tolerence);
+bool isSameRow(const clsSegment& record, const PathRow& row, float tolerence);
+
+// The highest row that matches the record, or -1.
+int findSegment(const DrawingStore& store, const clsSegment& record);
+// The same over the path rows from `from` downward.
+int findPathSegment(const DrawingStore& store, const clsSegment& record, int from);
+
+}  // namespace tess

@@ -1,0 +1,248 @@
+// Walking the change log.
+//
+// A step of many records would pass over the tables once for each. Instead the tables are taken out
+// for the step: drawing rows are found through their hashed ends, and path rows lie in two halves
+// on either side of the place where work goes on. Both give the rows that plain passes give.
+#include "drafting/change_walk.h"
+
+#include <algorithm>
+#include <optional>
+#include <utility>
+#include <vector>
+
+#include "geometry/end_point_index.h"
+
+namespace tess {
+namespace {
+
+SegmentRow drawnRow(const clsSegment& record) {
+  return {.type = record.SegType,
+          .attr = record.SegAttr,
+          .x0 = record.x0,
+          .y0 = record.y0,
+          .x1 = record.x1,
+          .y1 = record.y1,
+          .xc = record.CenterX,
+          .yc = record.CenterY};
+}
+
+PathRow placedRow(const clsSegment& record) {
+  return {.type = record.TypeOfSegment,
+          .x0 = record.x0,
+          .y0 = record.y0,
+          .x1 = record.x1,
+          .y1 = record.y1,
+          .xc = record.CenterX,
+          .yc = record.CenterY,
+          .z = record.ZDepth,
+          .feed = record.FeedRate,
+          .code = record.SegAttr};
+}
+
+// The drawing table during a step, taken out with the first record that needs it. Rows that go are
+// marked until the end, so that the others keep their numbers; the last row is never a marked one.
+class DrawnRows {
+ public:
+  explicit DrawnRows(DrawingStore& store) : store_(store) {}
+  ~DrawnRows() { putBack(); }
+  DrawnRows(const DrawnRows&) = delete;
+  DrawnRows& operator=(const DrawnRows&) = delete;
+
+  void takeAway(const clsSegment& record) {
+    takeOut();
+    const std::size_t row = find(record);
+    if (row == kNone) return;
+    rows_[row].gone = true;
+    --live_;
+    if (ends_) ends_->remove(static_cast<int>(row));
+    while (!rows_.empty() && rows_.back().gone) rows_.pop_back();
+    store_.drawingsaved = false;
+  }
+
+  void bringBack(const clsSegment& record) {
+    takeOut();
+    const Int16 live = live_ + 1;
+    ensureSegmentCapacity(store_, live);
+    rows_.push_back({drawnRow(record)});
+    live_ = live;
+    if (ends_) index(rows_.size() - 1);
+    store_.drawingsaved = false;
+  }
+
+ private:
+  struct Row {
+    SegmentRow row;
+    bool gone = false;
+  };
+  static constexpr std::size_t kNone = static_cast<std::size_t>(-1);
+
+  void takeOut() {
+    if (std::exchange(out_, true)) return;
+    live_ = store_.NumSegments;
+    rows_.reserve(static_cast<std::size_t>(live_) + 1);
+    for (int sg = 1; sg <= live_; ++sg) rows_.push_back({segmentRow(store_, sg)});
+  }
+
+  void putBack() {
+    if (!out_) return;
+    int sg = 0;
+    for (const Row& held : rows_) {
+      if (!held.gone) setSegmentRow(store_, ++sg, held.row);
+    }
+    store_.NumSegments = sg;
+  }
+
+  // The last row that matches. Mostly that is the last one of all, which needs no index.
+  std::size_t find(const clsSegment& record) {
+    if (rows_.empty()) return kNone;
+    if (isMatch(record, rows_.size() - 1)) return rows_.size() - 1;
+    if (!ends_) indexAll();
+    ends_->rowsAt({record.x0, record.y0}, found_);
+    const auto match = std::find_if(found_.rbegin(), found_.rend(), [&](const EndMatch& end) {
+      return end.atStart && isMatch(record, static_cast<std::size_t>(end.row));
+    });
+    return match == found_.rend() ? kNone : static_cast<std::size_t>(match->row);
+  }
+
+  bool isMatch(const clsSegment& record, std::size_t row) const {
+    return isSameRow(record, rows_[row].row, store_.cfg_tolerance);
+  }
+
+  void indexAll() {
+    ends_.emplace(store_.cfg_tolerance);
+    ends_->reserve(static_cast<int>(rows_.size()));
+    for (std::size_t row = rows_.size(); row-- > 0;) {
+      if (!rows_[row].gone) index(row);
+    }
+  }
+
+  void index(std::size_t row) {
+    const SegmentRow& held = rows_[row].row;
+    ends_->update(static_cast<int>(row), {held.x0, held.y0}, {held.x1, held.y1});
+  }
+
+  DrawingStore& store_;
+  bool out_ = false;
+  int live_ = 0;
+  std::vector<Row> rows_;
+  std::optional<EndPointIndex> ends_;  // of the rows by their place in rows_
+  std::vector<EndMatch> found_;
+};
+
+// The path table during a step: the rows before and behind the place of work, the latter in
+// reverse. They are taken out of the table with the first record that needs them.
+class PlacedRows {
+ public:
+  explicit PlacedRows(DrawingStore& store) : store_(store) {}
+  ~PlacedRows() { putBack(); }
+  PlacedRows(const PlacedRows&) = delete;
+  PlacedRows& operator=(const PlacedRows&) = delete;
+
+  void takeAway(const clsSegment& record) {
+    takeOut();
+    const int place = find(record);
+    if (place < 1) return;
+    goTo(place);
+    behind_.pop_back();
+    store_.drawingsaved = false;
+  }
+
+  void bringBack(const clsSegment& record) {
+    takeOut();
+    const Int16 rows = count() + 1;
+    ensurePathCapacity(store_, rows);
+    goTo(std::clamp<int>(record.row, 1, rows));
+    before_.push_back(placedRow(record));
+    store_.drawingsaved = false;
+  }
+
+ private:
+  int count() const { return static_cast<int>(before_.size() + behind_.size()); }
+
+  void takeOut() {
+    if (std::exchange(out_, true)) return;
+    before_.reserve(static_cast<std::size_t>(store_.NumPathSegments) + 1);
+    for (int ps = 1; ps <= store_.NumPathSegments; ++ps) before_.push_back(pathRow(store_, ps));
+  }
+
+  void putBack() {
+    if (!out_) return;
+    const Int16 rows = count();
+    goTo(rows + 1);
+    for (int ps = 1; ps <= rows; ++ps) setPathRow(store_, ps, rowAt(ps));
+    store_.NumPathSegments = rows;
+  }
+
+  // Row `place` becomes the first one behind.
+  void goTo(int place) {
+    const auto ahead = static_cast<std::size_t>(place) - 1;
+    while (before_.size() > ahead) moveRow(before_, behind_);
+    while (before_.size() < ahead) moveRow(behind_, before_);
+  }
+
+  static void moveRow(std::vector<PathRow>& from, std::vector<PathRow>& to) {
+    to.push_back(from.back());
+    from.pop_back();
+  }
+
+  const PathRow& rowAt(int ps) const {
+    const auto row = static_cast<std::size_t>(ps) - 1;
+    return row < before_.size() ? before_[row] : behind_[before_.size() + behind_.size() - 1 - row];
+  }
+
+  // Path rows keep their places while the log is walked, so the recorded place is asked first: two
+  // passes that differ only in depth look alike to a search.
+  int find(const clsSegment& record) const {
+    if (isMatch(record, record.row)) return record.row;
+    int ps = count();
+    while (ps >= 1 && !isMatch(record, ps)) --ps;
+    return ps;
+  }
+
+  bool isMatch(const clsSegment& record, int ps) const {
+    return ps >= 1 && ps <= count() && isSameRow(record, rowAt(ps), store_.cfg_tolerance);
+  }
+
+  DrawingStore& store_;
+  bool out_ = false;
+  std::vector<PathRow> before_, behind_;
+};
+
+// Both tables, while one step is walked.
+class StepRows {
+ public:
+  explicit StepRows(DrawingStore& store) : drawn_(store), placed_(store) {}
+
+  void takeAway(const clsSegment& record) {
+    record.isPath() ? placed_.takeAway(record) : drawn_.takeAway(record);
+  }
+  void bringBack(const clsSegment& record) {
+    record.isPath() ? placed_.bringBack(record) : drawn_.bringBack(record);
+  }
+
+ private:
+  DrawnRows drawn_;
+  PlacedRows placed_;
+};
+
+}  // namespace
+
+void undoStep(ChangeLog& log, DrawingStore& store) {
+  StepRows rows(store);
+  while (log.canUndo()) {
+    const clsSegment record = log.popRecord();
+    record.added() ? rows.takeAway(record) : rows.bringBack(record);
+    if (record.StartOfSegment) return;
+  }
+}
+
+void redoStep(ChangeLog& log, DrawingStore& store) {
+  StepRows rows(store);
+  while (log.canRedo()) {
+    const clsSegment record = log.nextRedoRecord();
+    record.added() ? rows.bringBack(record) : rows.takeAway(record);
+    if (log.canRedo() && log.record(log.changecount).StartOfSegment) return;
+  }
+}
+
+}  // namespace tess

@@ -1,0 +1,123 @@
+// The drafting desk: the state of the interaction and the parts that drafting commands work with.
+// Commands are free functions on it.
+// Owns: PointerRecord, CommandRecord, ArcScratch, DeskListener, ClickActions, RepeatCommands,
+//       DeskParts, Desk.
+#pragma once
+
+#include <array>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "core/session.h"
+#include "core/status_bar.h"
+#include "core/timers.h"
+#include "core/tool_host.h"
+#include "display/redraw_sequence.h"
+#include "display/view_commands.h"
+#include "drafting/c_state.h"
+#include "drafting/change_log.h"
+#include "geometry/points.h"
+
+namespace tess {
+
+// The pointer in drawing units.
+struct PointerRecord {
+  float MouseX = 0, MouseY = 0;          // snapped: what commands read
+  float MouseDownX = 0, MouseDownY = 0;  // at the press
+  float MouseMoveX = 0, MouseMoveY = 0;  // last drawn in the rubber band
+  float RawX = 0, RawY = 0;              // this event, unsnapped
+  float LastRawX = 0, LastRawY = 0;      // the one before
+  bool LeftDown = false, RightDown = false;
+  int RubberKind = 0;               // the DrawMode that drew the band on the screen; 0 none
+  int DragBand = 0;                 // the pending action that drew one; 0 none
+  bool SkipPointerUpdate = false;   // the next event does not move the position
+  bool MenuGuard = false;           // a menu has just closed
+  double MenuGuardTime = kLongAgo;  // in milliseconds of the clock
+  PanDrag PanStart;
+
+  static constexpr double kLongAgo = -1e12;
+};
+
+// What commands remember between clicks. A fresh one is the state of a fresh program.
+struct CommandRecord {
+  float marker2x = 0, marker2y = 0;        // second point of a three-point command
+  float prevmarkerx = 0, prevmarkery = 0;  // the marker before it last moved
+  int clickstage = 0;                      // points taken of a three-point command: 0, 1, 2
+  bool secondCrossShown = false;           // the second point's cross is on the screen
+  bool EditPaths = false;                  // editing works on path rows
+  int LastCommand = 0;
+  int PendingSeg1 = 0, PendingSeg2 = 0;
+  Point PendingPt1, PendingPt2;
+};
+
+// The shape that a three-point command is making.
+struct ArcScratch {
+  float arcx0 = 0, arcy0 = 0, arcx1 = 0, arcy1 = 0;
+  float arccx = 0, arccy = 0, arcradius = 0;
+  int arcdir = 0;  // kClockwiseArc, kCounterClockwiseArc or 0
+  bool reversearc = false;
+};
+
+// What rooms above the desk hear.
+class DeskListener {
+ public:
+  virtual ~DeskListener() = default;
+  virtual void showStatistics(int segments, int paths, const std::string& zoom) = 0;
+  virtual void UpdatePropertyWindow() = 0;
+  virtual void selectEntity(int sg) = 0;  // in the property window
+  // Pointer and wheel while text is being placed.
+  virtual void textPointerEvent(int /*button*/, int /*shift*/, float /*x*/, float /*y*/) {}
+  virtual void textDragReset() {}
+  virtual void textWheel(int /*steps*/, int /*shift*/) {}
+};
+
+struct Desk;
+class GridSnapTimer;
+
+// What the click of each pending action does. Rooms above fill in theirs; an action without an
+// entry is armed and prompts, and its click has no effect.
+using ClickActions = std::array<std::function<void(Desk&)>, 48>;
+
+// What the repeat key issues, by LastCommand. Rooms above fill in theirs; a number without an entry
+// does nothing.
+using RepeatCommands = std::array<std::function<void(Desk&)>, 48>;
+
+struct DeskParts {
+  Session& session;
+  View& view;
+  Renderer& renderer;
+  RedrawSequence& redraw;
+  ViewCommands& viewCommands;
+  PictureBoxProxy& ScreenProxy;
+  Pointer& systemPointer;
+  Timers& timers;
+  ToolHost& tools;
+  StatusBar& statusBar;
+  DeskListener& listener;
+};
+
+struct Desk : DeskParts {
+  explicit Desk(const DeskParts& parts);
+  ~Desk();
+
+  DrawingStore& store;
+  CState state;
+  PointerRecord pointer;
+  CommandRecord command;
+  ArcScratch arc;
+  ChangeLog changelog;
+  std::optional<Point> typedPosition;  // accepted in the position dialog, until the next release
+  Point lastTypedPosition;             // what the dialog shows when it opens
+  double lastWheelTime = PointerRecord::kLongAgo;  // of a wheel event passed on, in milliseconds
+  std::unique_ptr<GridSnapTimer> gridSnapTimer;
+  ClickActions clickActions;
+  RepeatCommands repeatCommands;
+
+ private:
+  void refreshDrawMode();
+  void forgetInverted();
+};
+
+}  // namespace tess

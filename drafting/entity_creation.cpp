@@ -1,0 +1,320 @@
+// Creating entities in the six drawing modes.
+#include "drafting/entity_creation.h"
+
+#include <utility>
+
+#include "display/screen_marks.h"
+#include "drafting/rubber_band.h"
+#include "drafting/undo.h"
+#include "geometry/angles.h"
+#include "geometry/circles.h"
+
+namespace tess {
+namespace {
+
+Point markerOf(const Desk& desk) {
+  return {desk.store.markerx, desk.store.markery};
+}
+Point secondPointOf(const Desk& desk) {
+  return {desk.command.marker2x, desk.command.marker2y};
+}
+Point mouseOf(const Desk& desk) {
+  return {desk.pointer.MouseX, desk.pointer.MouseY};
+}
+
+Rgb drawColor(const Desk& desk) {
+  return slotColor(desk.store, ColorSlot::Draw);
+}
+
+// Drawn once it appears, drawn again it is gone.
+void toggleMarkerCross(Desk& desk) {
+  DrawMarkerCross(markerOf(desk), desk.ScreenProxy);
+}
+
+void eraseSecondCross(Desk& desk) {
+  if (!desk.command.secondCrossShown) return;
+  DrawMarkerCross(secondPointOf(desk), desk.ScreenProxy);
+  desk.command.secondCrossShown = false;
+}
+
+void rememberMarker(Desk& desk) {
+  desk.command.prevmarkerx = desk.store.markerx;
+  desk.command.prevmarkery = desk.store.markery;
+}
+
+// The cross has been erased before: whatever was painted meanwhile may lie over its old place.
+void putMarker(Desk& desk, float x, float y) {
+  rememberMarker(desk);
+  desk.store.markerx = x;
+  desk.store.markery = y;
+  toggleMarkerCross(desk);
+}
+
+// Appends, draws and logs one ordinary row.
+void appendLogged(Desk& desk, const SegmentRow& row, PictureBoxProxy& target, bool startsStep) {
+  SegmentPainter painter(desk.renderer, target);
+  AddSeg(desk.store, row, &painter);
+  logSegment(desk.changelog, desk.store, desk.store.NumSegments, "A", startsStep);
+  desk.store.drawingsaved = false;
+}
+
+void enableUndo(Desk& desk, int mark) {
+  desk.changelog.UndoMark = mark;
+  updateUndoTools(desk);
+}
+
+SegmentRow lineRow(Point from, Point to) {
+  return {.type = kLine, .x0 = from.x, .y0 = from.y, .x1 = to.x, .y1 = to.y};
+}
+
+// A whole circle travels as a clockwise arc that ends where it starts.
+SegmentRow circleRow(Point on, Point center) {
+  return {.type = kClockwiseArc,
+          .x0 = on.x,
+          .y0 = on.y,
+          .x1 = on.x,
+          .y1 = on.y,
+          .xc = center.x,
+          .yc = center.y};
+}
+
+SegmentRow scratchArcRow(const ArcScratch& arc) {
+  return {.type = arc.arcdir,
+          .x0 = arc.arcx0,
+          .y0 = arc.arcy0,
+          .x1 = arc.arcx1,
+          .y1 = arc.arcy1,
+          .xc = arc.arccx,
+          .yc = arc.arccy};
+}
+
+void drawLineMode(Desk& desk, PictureBoxProxy& target) {
+  desk.command.clickstage = 0;
+  toggleMarkerCross(desk);
+  const SegmentRow line = lineRow(markerOf(desk), mouseOf(desk));
+  appendLogged(desk, line, target, /*startsStep=*/true);
+  putMarker(desk, desk.pointer.MouseX, desk.pointer.MouseY);
+  enableUndo(desk, 1);
+}
+
+void drawRectangleMode(Desk& desk, PictureBoxProxy& target) {
+  desk.command.clickstage = 0;
+  toggleMarkerCross(desk);
+  const Point a = markerOf(desk);
+  const Point b = mouseOf(desk);
+  if (a.x != b.x && a.y != b.y) {
+    appendLogged(desk, lineRow(a, {b.x, a.y}), target, /*startsStep=*/true);
+    appendLogged(desk, lineRow({b.x, a.y}, b), target, /*startsStep=*/false);
+    appendLogged(desk, lineRow(b, {a.x, b.y}), target, /*startsStep=*/false);
+    appendLogged(desk, lineRow({a.x, b.y}, a), target, /*startsStep=*/false);
+  } else {
+    appendLogged(desk, lineRow(a, b), target, /*startsStep=*/true);
+  }
+  enableUndo(desk, 4);
+  toggleMarkerCross(desk);
+}
+
+void drawCircleC1PMode(Desk& desk, PictureBoxProxy& target) {
+  desk.command.clickstage = 0;
+  if (markerOf(desk) == mouseOf(desk)) return;
+  appendLogged(desk, circleRow(mouseOf(desk), markerOf(desk)), target, /*startsStep=*/true);
+  enableUndo(desk, 1);
+  rememberMarker(desk);
+}
+
+// One of the three commands that take the marker and two clicks: the first click is the second
+// point, the second one completes the shape and hands the marker on to the second point.
+template <typename Finish>
+void drawThreePointMode(Desk& desk, Finish finish) {
+  ++desk.command.clickstage;
+  if (desk.command.clickstage == kFirstPointTaken) {
+    desk.command.marker2x = desk.pointer.MouseX;
+    desk.command.marker2y = desk.pointer.MouseY;
+    showSecondPoint(desk);
+    return;
+  }
+  desk.command.clickstage = 0;
+  toggleMarkerCross(desk);
+  eraseSecondCross(desk);
+  if (!finish()) desk.session.host.surroundings.beep();
+  putMarker(desk, desk.command.marker2x, desk.command.marker2y);
+}
+
+bool appendShape(Desk& desk, const SegmentRow& row, PictureBoxProxy& target) {
+  appendLogged(desk, row, target, /*startsStep=*/true);
+  enableUndo(desk, 1);
+  return true;
+}
+
+template <typename Compute>
+void drawArcMode(Desk& desk, PictureBoxProxy& target, Compute compute) {
+  drawThreePointMode(desk, [&] {
+    const bool valid = compute(desk, desk.pointer.MouseX, desk.pointer.MouseY);
+    return valid && isArc(desk.arc.arcdir) && appendShape(desk, scratchArcRow(desk.arc), target);
+  });
+}
+
+void drawArc3PMode(Desk& desk, PictureBoxProxy& target) {
+  drawArcMode(desk, target, draw_arc3p);
+}
+
+void drawArcC2PMode(Desk& desk, PictureBoxProxy& target) {
+  drawArcMode(desk, target, draw_arcc2p);
+}
+
+void drawCircle3PMode(Desk& desk, PictureBoxProxy& target) {
+  const Point marker = markerOf(desk);
+  drawThreePointMode(desk, [&] {
+    return draw_circle3p(desk, desk.pointer.MouseX, desk.pointer.MouseY) &&
+           appendShape(desk, circleRow(marker, {desk.arc.arccx, desk.arc.arccy}), target);
+  });
+}
+
+struct ModeRow {
+  DrawingMode mode;
+  void (*draw)(Desk&, PictureBoxProxy&);
+};
+
+constexpr ModeRow kModes[] = {
+    {DrawingMode::Line, drawLineMode},           {DrawingMode::Arc3P, drawArc3PMode},
+    {DrawingMode::ArcC2P, drawArcC2PMode},       {DrawingMode::Circle3P, drawCircle3PMode},
+    {DrawingMode::Rectangle, drawRectangleMode}, {DrawingMode::CircleC1P, drawCircleC1PMode},
+};
+
+// The sense in which the arc from marker to second point passes the direction of (x, y). Where both
+// senses hold, counter-clockwise wins.
+int senseThrough(const ArcScratch& arc, float x, float y) {
+  const Point center{arc.arccx, arc.arccy};
+  const float a = vectorAngle(center, {arc.arcx0, arc.arcy0});
+  const float b = vectorAngle(center, {arc.arcx1, arc.arcy1});
+  const float t = vectorAngle(center, {x, y});
+  if (angleInSweep(t, a, b, kCounterClockwiseArc)) return kCounterClockwiseArc;
+  return angleInSweep(t, a, b, kClockwiseArc) ? kClockwiseArc : 0;
+}
+
+// Settles the sense of the arc in the scratch and paints it.
+void traceArc(Desk& desk, float x, float y, bool reversed) {
+  ArcScratch& arc = desk.arc;
+  arc.arcdir = senseThrough(arc, x, y);
+  ArcAngles angles =
+      arcRadiusAndAngles({arc.arcx0, arc.arcy0}, {arc.arcx1, arc.arcy1}, {arc.arccx, arc.arccy});
+  arc.arcradius = angles.radius;
+  // The surface sweeps counter-clockwise only.
+  if (arc.arcdir == kClockwiseArc) std::swap(angles.start, angles.end);
+  if (angles.start == angles.end) angles.end = static_cast<float>(angles.end + kTwoPi);
+  if (reversed) std::swap(angles.start, angles.end);
+  desk.ScreenProxy.TraceCircle(arc.arccx, arc.arccy, arc.arcradius, drawColor(desk), angles.start,
+                               angles.end, 1.0F);
+}
+
+void takeEnds(Desk& desk) {
+  desk.arc.arcx0 = desk.store.markerx;
+  desk.arc.arcy0 = desk.store.markery;
+  desk.arc.arcx1 = desk.command.marker2x;
+  desk.arc.arcy1 = desk.command.marker2y;
+}
+
+bool centreThrough(Desk& desk, Point third) {
+  Point center;
+  if (!circleFrom3Points(markerOf(desk), secondPointOf(desk), third, desk.store.cfg_tolerance,
+                         center)) {
+    return false;
+  }
+  desk.arc.arccx = center.x;
+  desk.arc.arccy = center.y;
+  return true;
+}
+
+void startDrawing(Desk& desk, DrawingMode mode) {
+  dropThreePointCommand(desk);
+  desk.state.setDrawMode(static_cast<int>(mode));
+}
+
+}  // namespace
+
+void draw_Action(Desk& desk, PictureBoxProxy& target) {
+  const Procedure here("frmMain.draw_Action(target)");
+  for (const ModeRow& row : kModes) {
+    if (desk.state.DrawMode() == static_cast<int>(row.mode)) row.draw(desk, target);
+  }
+  desk.state.RevertOSnapFeatures();
+}
+
+bool draw_circle3p(Desk& desk, float x, float y) {
+  if (!centreThrough(desk, {x, y})) return false;
+  const Point center{desk.arc.arccx, desk.arc.arccy};
+  desk.arc.arcradius = distance({x, y}, center);
+  desk.ScreenProxy.TraceCircle(center.x, center.y, desk.arc.arcradius, drawColor(desk));
+  return true;
+}
+
+bool draw_arc3p(Desk& desk, float x, float y) {
+  takeEnds(desk);
+  if (!centreThrough(desk, {x, y})) return false;
+  traceArc(desk, x, y, /*reversed=*/false);
+  return true;
+}
+
+bool draw_arcc2p(Desk& desk, float x, float y) {
+  takeEnds(desk);
+  const Point click{x, y};
+  const float radius = (distance(markerOf(desk), click) + distance(secondPointOf(desk), click)) / 2;
+  PointPair centers;
+  if (!centersFromChord(markerOf(desk), secondPointOf(desk), radius, centers)) return false;
+  // The click marks the side of the centre; on a tie the second one is taken.
+  const bool first = distance(centers.first, click) < distance(centers.second, click);
+  const Point center = first ? centers.first : centers.second;
+  desk.arc.arccx = center.x;
+  desk.arc.arccy = center.y;
+  traceArc(desk, x, y, desk.arc.reversearc);
+  return true;
+}
+
+void BatchAddLines(Desk& desk, std::span<const BatchLine> lines) {
+  bool first = true;
+  for (const BatchLine& line : lines) {
+    appendLogged(desk, lineRow({line.x0, line.y0}, {line.x1, line.y1}), desk.ScreenProxy, first);
+    first = false;
+  }
+  if (!lines.empty()) enableUndo(desk, 1);
+}
+
+void moveMarker(Desk& desk, float x, float y) {
+  toggleMarkerCross(desk);
+  putMarker(desk, x, y);
+}
+
+void showSecondPoint(Desk& desk) {
+  CommandRecord& command = desk.command;
+  if (command.clickstage != kFirstPointTaken || command.secondCrossShown) return;
+  DrawMarkerCross(secondPointOf(desk), desk.ScreenProxy);
+  command.secondCrossShown = true;
+}
+
+// A preview needs the points that are forgotten, so it goes first.
+void dropThreePointCommand(Desk& desk) {
+  if (takesThreePoints(desk.pointer.RubberKind)) eraseRubberBand(desk);
+  eraseSecondCross(desk);
+  desk.command.clickstage = 0;
+}
+
+void mnuDrawLine_Click(Desk& desk) {
+  startDrawing(desk, DrawingMode::Line);
+}
+void mnuDrawRect_Click(Desk& desk) {
+  startDrawing(desk, DrawingMode::Rectangle);
+}
+void mnuDrawArc3P_Click(Desk& desk) {
+  startDrawing(desk, DrawingMode::Arc3P);
+}
+void mnuDrawArcC2P_Click(Desk& desk) {
+  startDrawing(desk, DrawingMode::ArcC2P);
+}
+void mnuDrawCircle3P_Click(Desk& desk) {
+  startDrawing(desk, DrawingMode::Circle3P);
+}
+void mnuDrawCircleC1P_Click(Desk& desk) {
+  startDrawing(desk, DrawingMode::CircleC1P);
+}
+
+}  // namespace tess

@@ -1,0 +1,68 @@
+// Creating entities: what an accepted click adds in each drawing mode, with the previews of the
+// three-point commands.
+// Owns: DrawingMode, draw_Action, draw_circle3p, draw_arcc2p, draw_arc3p, BatchLine, BatchAddLines,
+//       moveMarker, kFirstPointTaken, showSecondPoint, dropThreePointCommand, the drawing commands.
+#pragma once
+
+#include <span>
+
+#include "drafting/desk.h"
+
+namespace tess {
+
+// The values of DrawMode. 4 is not used.
+enum class DrawingMode : int {
+  Selecting = -1,
+  None = 0,
+  Line = 1,
+  Arc3P = 2,
+  ArcC2P = 3,
+  Circle3P = 5,
+  Rectangle = 6,
+  CircleC1P = 7,
+};
+
+constexpr bool isDrawing(int drawMode) {
+  return drawMode > 0;
+}
+constexpr bool takesThreePoints(int drawMode) {
+  return drawMode == static_cast<int>(DrawingMode::Arc3P) ||
+         drawMode == static_cast<int>(DrawingMode::ArcC2P) ||
+         drawMode == static_cast<int>(DrawingMode::Circle3P);
+}
+
+// Adds what the drawing mode makes of the marker and the click at MouseX, MouseY.
+void draw_Action(Desk& desk, PictureBoxProxy& target);
+
+// Compute the shape through marker, second point and (x, y) into the desk's scratch and paint it in
+// the pen that is set. True when the geometry exists.
+bool draw_circle3p(Desk& desk, float x, float y);
+bool draw_arc3p(Desk& desk, float x, float y);
+bool draw_arcc2p(Desk& desk, float x, float y);
+
+// Adds lines as one undo step.
+struct BatchLine {
+  float x0 = 0, y0 = 0, x1 = 0, y1 = 0;
+};
+void BatchAddLines(Desk& desk, std::span<const BatchLine> lines);
+
+// Moves the marker with its cross and remembers where it was.
+void moveMarker(Desk& desk, float x, float y);
+
+// The stage of a three-point command that waits for its last click.
+inline constexpr int kFirstPointTaken = 1;
+
+// Marks the second point of a half-done three-point command, unless its cross is on the screen.
+void showSecondPoint(Desk& desk);
+
+// Forgets the points taken of a three-point command, with the second point's cross.
+void dropThreePointCommand(Desk& desk);
+
+void mnuDrawLine_Click(Desk& desk);
+void mnuDrawRect_Click(Desk& desk);
+void mnuDrawArc3P_Click(Desk& desk);
+void mnuDrawArcC2P_Click(Desk& desk);
+void mnuDrawCircle3P_Click(Desk& desk);
+void mnuDrawCircleC1P_Click(Desk& desk);
+
+}  // namespace tess

@@ -1,0 +1,50 @@
+// The cursor grid and the visual grid.
+#include "drafting/grids.h"
+
+#include <cmath>
+
+#include "drafting/dlgSetGrids.h"
+
+namespace tess {
+
+float snapToGrid(float value, float spacing) {
+  if (spacing == 0) return value;
+  return narrow(std::floor(static_cast<double>(value) / spacing + 0.5) * spacing);
+}
+
+Point snappedToGrid(const DrawingStore& store, Point at) {
+  if (store.cursorgridf == 0) return at;
+  return {snapToGrid(at.x, store.cursorgrid), snapToGrid(at.y, store.cursorgrid)};
+}
+
+void UpdateGridButtons(Desk& desk) {
+  desk.tools.setChecked("VGrid", desk.store.visualgridf != 0);
+  desk.tools.setChecked("CGrid", desk.store.cursorgridf != 0);
+  desk.tools.setChecked("OSnap", desk.state.OSnapOn);
+}
+
+void Vgrid_ButtonClick(Desk& desk) {
+  desk.store.visualgridf = 1 - desk.store.visualgridf;
+  UpdateGridButtons(desk);
+  desk.redraw.redrawscreen();
+}
+
+void Cgrid_ButtonClick(Desk& desk) {
+  desk.store.cursorgridf = 1 - desk.store.cursorgridf;
+  UpdateGridButtons(desk);
+}
+
+void flipGrids(Desk& desk) {
+  desk.store.visualgridf = 1 - desk.store.visualgridf;
+  desk.store.cursorgridf = 1 - desk.store.cursorgridf;
+  UpdateGridButtons(desk);
+  desk.redraw.redrawscreen();
+}
+
+void mnuOptionsGridSelection_Click(Desk& desk) {
+  const Procedure here("frmMain.mnuOptionsGridSelection_Click()");
+  dlgSetGrids dialog(desk);
+  desk.session.host.prompts.showModal(dialog);
+}
+
+}  // namespace tess

@@ -1,0 +1,27 @@
+// The cursor grid and the visual grid: snapping, their buttons and Grid Setup.
+// Owns: snapToGrid, snappedToGrid, UpdateGridButtons, Vgrid_ButtonClick, Cgrid_ButtonClick,
+//       flipGrids, mnuOptionsGridSelection_Click.
+#pragma once
+
+#include "drafting/desk.h"
+
+namespace tess {
+
+// The multiple of `spacing` nearest to the value, halves upward. A spacing of 0 snaps nothing.
+float snapToGrid(float value, float spacing);
+
+// The point on the cursor grid while that is on, else the point itself.
+Point snappedToGrid(const DrawingStore& store, Point at);
+
+// The tools VGrid, CGrid and OSnap show their flags.
+void UpdateGridButtons(Desk& desk);
+
+void Vgrid_ButtonClick(Desk& desk);
+void Cgrid_ButtonClick(Desk& desk);
+
+// The G key: each flag becomes 1 minus itself, whatever the other is.
+void flipGrids(Desk& desk);
+
+void mnuOptionsGridSelection_Click(Desk& desk);
+
+}  // namespace tess

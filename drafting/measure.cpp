@@ -1,0 +1,58 @@
+// Measure Distance.
+#include "drafting/measure.h"
+
+#include "core/number_text.h"
+#include "core/rounding.h"
+#include "drafting/grids.h"
+#include "drafting/object_snap.h"
+#include "drafting/pending_actions.h"
+#include "drafting/rubber_band.h"
+
+namespace tess {
+namespace {
+
+constexpr int kReportDecimals = 4;
+
+std::string reported(float value) {
+  return plainText(roundTo(value, kReportDecimals));
+}
+
+Point snapped(const Desk& desk, Point at) {
+  if (const auto& feature = desk.state.FeaturePoint()) return {feature->X, feature->Y};
+  return snappedToGrid(desk.store, at);
+}
+
+void report(Desk& desk) {
+  const PointerRecord& pointer = desk.pointer;
+  const Point start{pointer.MouseDownX, pointer.MouseDownY};
+  const Point end{pointer.MouseMoveX, pointer.MouseMoveY};
+  desk.statusBar.setText(pendingPrompt(desk.store, desk.state.pendingaction()) +
+                         "  Start (X=" + reported(start.x) + ", Y=" + reported(start.y) +
+                         "),  End (X=" + reported(end.x) + ", Y=" + reported(end.y) +
+                         "),  Distance = " + reported(distance(start, end)));
+}
+
+}  // namespace
+
+void miMeasureDist_Click(Desk& desk) {
+  arm(desk, PendingAction::Measure);
+}
+
+void pressMeasure(Desk& desk, Point at) {
+  desk.state.setFeaturePoint(featureAtPointer(desk, at, /*invert=*/false));
+  const Point start = snapped(desk, at);
+  desk.pointer.MouseDownX = desk.pointer.MouseMoveX = start.x;
+  desk.pointer.MouseDownY = desk.pointer.MouseMoveY = start.y;
+}
+
+void moveMeasure(Desk& desk, Point at) {
+  moveDragBand(desk, snapped(desk, at));
+  report(desk);
+}
+
+void releaseMeasure(Desk& desk) {
+  eraseDragBand(desk);
+  report(desk);
+}
+
+}  // namespace tess

@@ -1,0 +1,204 @@
+// Object snap: features of one entity and the choice among them.
+#include "drafting/object_snap.h"
+
+#include <algorithm>
+#include <cmath>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "geometry/angles.h"
+#include "geometry/nearest.h"
+#include "geometry/nearest_scans.h"
+
+namespace tess {
+namespace {
+
+// What a kind of feature is made from.
+struct Source {
+  const DrawingStore& store;
+  int sg;
+  int type;  // effective
+  Entity row;
+  std::optional<Point> from;
+};
+
+bool hasEnds(int type) {
+  return type == kLine || isArc(type);
+}
+
+using Places = std::vector<Point>;
+
+void addEnds(const Source& source, Places& places) {
+  if (!hasEnds(source.type)) return;
+  places.push_back(source.row.start);
+  places.push_back(source.row.end);
+}
+
+void addCenter(const Source& source, Places& places) {
+  if (isRound(source.type)) places.push_back(source.row.center);
+}
+
+// The mean of the two end angles, not the middle of the sweep: on an arc through angle 0 it lies
+// on the opposite side of the circle.
+Point middleOfArc(const Entity& arc) {
+  const double mean =
+      (static_cast<double>(vectorAngle(arc.center, arc.start)) + vectorAngle(arc.center, arc.end)) /
+      2;
+  const double radius = distance(arc.start, arc.center);
+  return {narrow(arc.center.x + radius * std::cos(mean)),
+          narrow(arc.center.y + radius * std::sin(mean))};
+}
+
+void addMidpoint(const Source& source, Places& places) {
+  if (source.type == kLine) {
+    places.push_back(midpointAndSlope(source.row.start, source.row.end).middle);
+  } else if (isArc(source.type)) {
+    places.push_back(middleOfArc(source.row));
+  }
+}
+
+void addQuadrants(const Source& source, Places& places) {
+  if (!isRound(source.type)) return;
+  const float radius = distance(source.row.start, source.row.center);
+  for (int dy = -1; dy <= 1; ++dy) {
+    for (int dx = -1; dx <= 1; ++dx) {
+      if (dx * dy != 0 || dx == dy) continue;
+      places.push_back({source.row.center.x + static_cast<float>(dx) * radius,
+                        source.row.center.y + static_cast<float>(dy) * radius});
+    }
+  }
+}
+
+void addPerpendicular(const Source& source, Places& places) {
+  Point foot;
+  if (source.from && nearestOnSeg(source.store, source.sg, *source.from, foot) > 0) {
+    places.push_back(foot);
+  }
+}
+
+struct KindRow {
+  FeatureKind kind;
+  void (*add)(const Source&, Places&);
+};
+
+// In the order in which they are tried.
+constexpr KindRow kKinds[] = {
+    {FeatureKind::EndPoint, addEnds},
+    {FeatureKind::Center, addCenter},
+    {FeatureKind::Midpoint, addMidpoint},
+    {FeatureKind::Quadrant, addQuadrants},
+    {FeatureKind::Perpendicular, addPerpendicular},
+};
+
+using Features = std::vector<CFeaturePoint>;
+
+bool isOffered(const CState& state, FeatureKind kind, bool invert) {
+  const auto index = static_cast<std::size_t>(kind);
+  return state.OSnapActive[index] || (invert && state.OSnapFeatures[index]);
+}
+
+void addFeatures(const Desk& desk, int sg, const SnapQuery& query, Features& features) {
+  const Source source{desk.store, sg, effectiveType(desk.store, sg), segmentEntity(desk.store, sg),
+                      query.from};
+  for (const KindRow& row : kKinds) {
+    if (!isOffered(desk.state, row.kind, query.invert)) continue;
+    Places places;
+    row.add(source, places);
+    for (const Point place : places) {
+      features.push_back({query.pointer.x, query.pointer.y, place.x, place.y, row.kind});
+    }
+  }
+}
+
+std::optional<CFeaturePoint> nearestWithin(const Features& features, float radius) {
+  std::optional<CFeaturePoint> best;
+  for (const CFeaturePoint& feature : features) {
+    const float away = feature.Distance();
+    if (away < radius && (!best || away < best->Distance())) best = feature;
+  }
+  return best;
+}
+
+struct SnapMenuEntry {
+  FeatureKind kind;
+  const char* tool;
+};
+
+constexpr SnapMenuEntry kSnapMenu[] = {
+    {FeatureKind::EndPoint, "miOSnapEndpoints"},
+    {FeatureKind::Center, "miOSnapCenter"},
+    {FeatureKind::Midpoint, "miOSnapMidpoint"},
+    {FeatureKind::Quadrant, "miOSnapQuadrant"},
+    {FeatureKind::Perpendicular, "miOSnapPerpendicular"},
+};
+
+// The caption with its first character, a mark or a blank, replaced.
+std::string marked(const std::string& caption, bool mark) {
+  constexpr char kCross[] = "×";
+  const std::size_t first = caption.starts_with(kCross) ? sizeof kCross - 1 : 1;
+  return (mark ? kCross : " ") + caption.substr(std::min(first, caption.size()));
+}
+
+}  // namespace
+
+int effectiveType(const DrawingStore& store, int sg) {
+  const Entity row = segmentEntity(store, sg);
+  return isArc(row.type) && row.start == row.end ? kCircle : row.type;
+}
+
+std::optional<CFeaturePoint> GetClosetFeaturePoint(const Desk& desk, int sg,
+                                                   const SnapQuery& query) {
+  Features features;
+  if (sg > 0) addFeatures(desk, sg, query, features);
+  if (desk.typedPosition) {
+    features.push_back({query.pointer.x, query.pointer.y, desk.typedPosition->x,
+                        desk.typedPosition->y, FeatureKind::TypedPosition});
+  }
+  return nearestWithin(features, desk.state.OSnapRadius * std::abs(desk.ScreenProxy.ScaleWidth()));
+}
+
+std::optional<CFeaturePoint> featureAtPointer(const Desk& desk, Point pointer, bool invert) {
+  const int sg = nearestSeg(desk.store, pointer);
+  const Point marker{desk.store.markerx, desk.store.markery};
+  return GetClosetFeaturePoint(desk, sg, {pointer, marker, invert});
+}
+
+void OSnap_ButtonClick(Desk& desk) {
+  desk.state.OSnapOn = !desk.state.OSnapOn;
+  desk.tools.setChecked("OSnap", desk.state.OSnapOn);
+  desk.state.RevertOSnapFeatures();
+}
+
+void OSnapMenuClick(Desk& desk, FeatureKind kind) {
+  const bool once = !desk.tools.isChecked("OSnap");
+  desk.state.UpdateOSnapFeature(once, static_cast<int>(kind));
+}
+
+void tbbtnmnuOSnapEndpoints_ButtonMenuClick(Desk& desk) {
+  OSnapMenuClick(desk, FeatureKind::EndPoint);
+}
+void tbbtnmnuOSnapCenter_ButtonMenuClick(Desk& desk) {
+  OSnapMenuClick(desk, FeatureKind::Center);
+}
+void tbbtnmnuOSnapMidpoint_ButtonMenuClick(Desk& desk) {
+  OSnapMenuClick(desk, FeatureKind::Midpoint);
+}
+void tbbtnmnuOSnapPerpendicular_ButtonMenuClick(Desk& desk) {
+  OSnapMenuClick(desk, FeatureKind::Perpendicular);
+}
+void tbbtnmnuOSnapQuadrants_ButtonMenuClick(Desk& desk) {
+  OSnapMenuClick(desk, FeatureKind::Quadrant);
+}
+
+void OSnap_ButtonClick_ButtonDropDown(Desk& desk) {
+  const bool down = desk.tools.isChecked("OSnap");
+  for (const SnapMenuEntry& entry : kSnapMenu) {
+    const Tool* const tool = desk.tools.tool(entry.tool);
+    if (tool == nullptr) continue;
+    const bool held = desk.state.OSnapFeatures[static_cast<std::size_t>(entry.kind)];
+    desk.tools.setCaption(entry.tool, marked(tool->caption, down && held));
+  }
+}
+
+}  // namespace tess

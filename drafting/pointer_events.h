@@ -1,0 +1,55 @@
+// Pointer events of the drawing surface, in drawing units: the snapped position, the drags, and the
+// two-stage release that completes an action.
+// Owns: kLeftButton, kRightButton, kShiftKey, kControlKey, PointerEvent, picDrawing_MouseDown,
+//       picDrawing_MouseMove, picDrawing_MouseUp, MouseWheel1_MouseWheel, keyboardClick, msetpos,
+//       armMenuGuard, GridSnapTimer.
+#pragma once
+
+#include <memory>
+
+#include "drafting/desk.h"
+
+namespace tess {
+
+inline constexpr int kLeftButton = 1;
+inline constexpr int kRightButton = 2;
+inline constexpr int kShiftKey = 1;
+inline constexpr int kControlKey = 2;
+
+struct PointerEvent {
+  int Button = 0;  // the button concerned; 0 none
+  int Shift = 0;   // kShiftKey and kControlKey added up
+  float X = 0, Y = 0;
+
+  bool shift() const { return (Shift & kShiftKey) != 0; }
+  bool control() const { return (Shift & kControlKey) != 0; }
+};
+
+void picDrawing_MouseDown(Desk& desk, const PointerEvent& event);
+void picDrawing_MouseMove(Desk& desk, const PointerEvent& event);
+void picDrawing_MouseUp(Desk& desk, const PointerEvent& event);
+// Matters only while text is being placed.
+void MouseWheel1_MouseWheel(Desk& desk, int steps, int shift);
+
+// A click at the present position without the pointer: Enter and Insert.
+void keyboardClick(Desk& desk, int button);
+
+// Moves the system's pointer to a drawing position.
+void msetpos(Desk& desk, float x, float y);
+
+// A menu or pop-up has just ended a command: the click that closes it is none.
+void armMenuGuard(Desk& desk);
+
+// The pause in a drag after which the pointer itself jumps to the snapped position.
+class GridSnapTimer {
+ public:
+  explicit GridSnapTimer(Desk& desk);
+  void restart();
+  void start() { timer_->setEnabled(true); }
+  void stop() { timer_->setEnabled(false); }
+
+ private:
+  std::unique_ptr<Timer> timer_;
+};
+
+}  // namespace tess

@@ -1,0 +1,23 @@
+// The bands that follow the pointer while a button is held. All are drawn in the inverting pen, so
+// that drawing one again removes it; what is on the screen is remembered, since a redraw wipes it.
+// Owns: showRubberBand, eraseRubberBand, moveRubberBand, showDragBand, eraseDragBand, moveDragBand.
+#pragma once
+
+#include "drafting/desk.h"
+
+namespace tess {
+
+// The band of the drawing mode, from the marker to MouseMoveX, MouseMoveY. A three-point mode has
+// none until its second point is taken.
+void showRubberBand(Desk& desk);
+void eraseRubberBand(Desk& desk);
+// Takes the band, or where there is none starts one, to a new position.
+void moveRubberBand(Desk& desk, Point to);
+
+// The band of the armed action, from MouseDownX, MouseDownY to MouseMoveX, MouseMoveY: the dotted
+// box of selecting, the dashed one of the zoom window, the arrow of measuring.
+void showDragBand(Desk& desk);
+void eraseDragBand(Desk& desk);
+void moveDragBand(Desk& desk, Point to);
+
+}  // namespace tess

@@ -1,0 +1,322 @@
+// Selection by click, by window and along chains.
+#include "drafting/selection.h"
+
+#include <array>
+#include <utility>
+
+#include "core/number_text.h"
+#include "display/renderer.h"
+#include "drafting/pending_actions.h"
+#include "geometry/end_point_index.h"
+#include "geometry/intersections.h"
+#include "geometry/nearest.h"
+#include "geometry/nearest_scans.h"
+
+namespace tess {
+namespace {
+
+constexpr int kAllGroups = 0;
+constexpr int kBranch = -1;
+
+Point mouse(const Desk& desk) {
+  return {desk.pointer.MouseX, desk.pointer.MouseY};
+}
+
+void refreshProperties(Desk& desk) {
+  desk.state.updateProperties = true;
+  desk.listener.UpdatePropertyWindow();
+}
+
+// The corners in the order in which they are asked.
+std::array<Point, 4> cornersOf(const SelectionWindow& window) {
+  return {{window.from, {window.from.x, window.to.y}, window.to, {window.to.x, window.from.y}}};
+}
+
+bool inWindow(Point point, const SelectionWindow& window) {
+  return pointInSegBox(point, window.from, window.to);
+}
+
+// A row touches the window when its nearest point to one of the corners lies inside.
+template <typename NearestPoint>
+bool touches(const SelectionWindow& window, NearestPoint nearestTo) {
+  for (const Point corner : cornersOf(window)) {
+    Point nearest;
+    if (nearestTo(corner, nearest) && inWindow(nearest, window)) return true;
+  }
+  return false;
+}
+
+bool segmentInWindow(const DrawingStore& store, int sg, const SelectionWindow& window,
+                     bool exclusive) {
+  const Entity row = segmentEntity(store, sg);
+  if (exclusive) return inWindow(row.start, window) && inWindow(row.end, window);
+  return touches(window, [&](Point corner, Point& at) {
+    return nearestOnSeg(store, sg, corner, at) == kFound;
+  });
+}
+
+bool pathInWindow(const DrawingStore& store, int ps, const SelectionWindow& window,
+                  bool exclusive) {
+  const Entity row = pathEntity(store, ps);
+  if (exclusive) return inWindow(row.start, window) && inWindow(row.end, window);
+  return touches(window, [&](Point corner, Point& at) {
+    return nearestPointOfPathRow(store, ps, corner, at);
+  });
+}
+
+// The one untagged row that touches `at`, 0 for none, kBranch for several.
+int neighbourAt(const EndPointIndex& ends, Point at, const std::vector<bool>& tagged) {
+  std::vector<EndMatch> matches;
+  ends.rowsAt(at, matches);
+  int neighbour = 0;
+  for (const EndMatch& match : matches) {
+    if (tagged[static_cast<std::size_t>(match.row)]) continue;
+    if (neighbour != 0) return kBranch;
+    neighbour = match.row;
+  }
+  return neighbour;
+}
+
+// One row of the chain while the walk goes on beyond it: first past its start, then past its end.
+// A stack of its own takes the place of recursion, whose depth would be the chain's length.
+struct ChainStep {
+  std::array<int, 2> neighbours{};
+  std::array<Point, 2> ends;
+  std::size_t side = 0;
+};
+
+std::string branchText(Point at) {
+  return "\n(" + plainText(at.x) + "," + plainText(at.y) + ")";
+}
+
+void clickSelect(Desk& desk, bool select) {
+  if (desk.command.EditPaths) {
+    const int ps = nearestPathSeg(desk.store, mouse(desk), kAllGroups);
+    if (ps > 0) markPathSegment(desk, ps, select);
+  } else {
+    const int sg = nearestSeg(desk.store, mouse(desk));
+    if (sg > 0) markSegment(desk, sg, select);
+  }
+}
+
+void selectChain(Desk& desk, bool select, std::string& message) {
+  if (desk.command.EditPaths) {
+    const int ps = nearestPathSeg(desk.store, mouse(desk), kAllGroups);
+    if (ps > 0) selectContiguousPaths(desk, select, ps);
+    return;
+  }
+  const int sg = nearestSeg(desk.store, mouse(desk));
+  if (sg < 1) return;
+  std::vector<bool> tagged(static_cast<std::size_t>(desk.store.NumSegments) + 1);
+  SelectContiguous(desk, select, sg, tagged, message);
+}
+
+void clickContiguous(Desk& desk, bool select) {
+  desk.systemPointer.setMousePointer(kHourglassShape);
+  std::string message;
+  selectChain(desk, select, message);
+  if (!message.empty()) {
+    desk.session.host.prompts.showMessage(
+        {.text =
+             "Branching detected. Select the correct branch at the following points: \n" + message,
+         .title = desk.session.productname});
+  }
+  desk.systemPointer.setMousePointer(kDefaultShape);
+}
+
+void selectAllSegments(Desk& desk) {
+  DrawingStore& store = desk.store;
+  for (int sg = 1; sg <= store.NumSegments; ++sg) {
+    if (store.segattr[sg] >= kSelected) continue;
+    store.segattr[sg] = selectedAttribute(store.segattr[sg], /*select=*/true);
+    desk.renderer.DrawSegment(sg, desk.ScreenProxy);
+  }
+  desk.state.Selected.fill(store.NumSegments);
+}
+
+void markAllPaths(Desk& desk, bool select) {
+  DrawingStore& store = desk.store;
+  for (int ps = 1; ps <= store.NumPathSegments; ++ps) {
+    if ((store.pscode[ps] >= kSelected) == select) continue;
+    store.pscode[ps] = store.pscode[ps] + (select ? kSelected : -kSelected);
+    desk.renderer.drawtoolpath(ps, desk.ScreenProxy);
+  }
+}
+
+void unselectAllSegments(Desk& desk) {
+  DrawingStore& store = desk.store;
+  for (int sg = 1; sg <= store.NumSegments; ++sg) {
+    if (store.segattr[sg] >= kSelected) store.segattr[sg] = entityClass(store.segattr[sg]);
+    desk.renderer.DrawSegment(sg, desk.ScreenProxy);
+  }
+  desk.state.Selected.clear();
+}
+
+}  // namespace
+
+int selectedCount(const DrawingStore& store) {
+  int count = 0;
+  for (int sg = 1; sg <= store.NumSegments; ++sg) {
+    if (store.segattr[sg] == kSelected + kOrdinaryClass) ++count;
+  }
+  return count;
+}
+
+int selectedAttribute(int segattr, bool select) {
+  return entityClass(segattr) + (select ? kSelected : 0);
+}
+
+int selectedCode(int pscode, bool select) {
+  if (select) return pscode < kSelected ? pscode + kSelected : pscode;
+  return pscode > kSelected ? pscode - kSelected : pscode;
+}
+
+void markSegment(Desk& desk, int sg, bool select) {
+  desk.store.segattr[sg] = selectedAttribute(desk.store.segattr[sg], select);
+  desk.renderer.DrawSegment(sg, desk.ScreenProxy);
+  desk.state.updateProperties = true;
+  if (select) {
+    desk.state.Selected.add(sg);
+  } else {
+    desk.state.Selected.remove(sg);
+  }
+}
+
+void markPathSegment(Desk& desk, int ps, bool select) {
+  desk.store.pscode[ps] = selectedCode(desk.store.pscode[ps], select);
+  desk.renderer.drawtoolpath(ps, desk.ScreenProxy);
+}
+
+void SelectWindow(Desk& desk, bool select, const SelectionWindow& window, bool exclusive) {
+  const Procedure here("frmMain.SelectWindow(SelectSegments,x0,y0,X1,y1,Exclusive)");
+  const DrawingStore& store = desk.store;
+  if (desk.command.EditPaths) {
+    for (int ps = 1; ps <= store.NumPathSegments; ++ps) {
+      if (pathInWindow(store, ps, window, exclusive)) markPathSegment(desk, ps, select);
+    }
+    return;
+  }
+  for (int sg = 1; sg <= store.NumSegments; ++sg) {
+    if (segmentInWindow(store, sg, window, exclusive)) markSegment(desk, sg, select);
+  }
+}
+
+void SelectContiguous(Desk& desk, bool select, int seg, std::vector<bool>& tagged,
+                      std::string& message) {
+  const EndPointIndex ends = segmentEndIndex(desk.store);
+  const auto visit = [&](int sg) {
+    markSegment(desk, sg, select);
+    tagged[static_cast<std::size_t>(sg)] = true;
+    const Entity row = segmentEntity(desk.store, sg);
+    return ChainStep{{neighbourAt(ends, row.start, tagged), neighbourAt(ends, row.end, tagged)},
+                     {row.start, row.end}};
+  };
+  std::vector<ChainStep> walk{visit(seg)};
+  while (!walk.empty()) {
+    ChainStep& step = walk.back();
+    if (step.side == step.ends.size()) {
+      walk.pop_back();
+      continue;
+    }
+    const std::size_t side = step.side++;
+    if (step.neighbours[side] == kBranch) message += branchText(step.ends[side]);
+    if (step.neighbours[side] > 0) walk.push_back(visit(step.neighbours[side]));
+  }
+}
+
+void SelectConnected(Desk& desk, bool select, int seg, std::vector<bool>& tagged) {
+  std::vector<int> walk{seg};
+  while (!walk.empty()) {
+    const int sg = walk.back();
+    walk.pop_back();
+    if (tagged[static_cast<std::size_t>(sg)]) continue;
+    tagged[static_cast<std::size_t>(sg)] = true;
+    markSegment(desk, sg, select);
+    for (int other = desk.store.NumSegments; other >= 1; --other) {
+      PointPair at;
+      const bool open = !tagged[static_cast<std::size_t>(other)];
+      if (open && intersectSegs(desk.store, sg, other, at) > 0) walk.push_back(other);
+    }
+  }
+}
+
+void selectContiguousPaths(Desk& desk, bool select, int ps) {
+  const EndPointIndex ends = pathEndIndex(desk.store);
+  std::vector<bool> tagged(static_cast<std::size_t>(desk.store.NumPathSegments) + 1);
+  std::vector<int> walk{ps};
+  std::vector<EndMatch> touching;
+  while (!walk.empty()) {
+    const int row = walk.back();
+    walk.pop_back();
+    if (tagged[static_cast<std::size_t>(row)]) continue;
+    tagged[static_cast<std::size_t>(row)] = true;
+    markPathSegment(desk, row, select);
+    const Entity path = pathEntity(desk.store, row);
+    ends.rowsAt(path.end, touching);
+    for (const EndMatch& next : touching) {
+      if (next.atStart) walk.push_back(next.row);
+    }
+    ends.rowsAt(path.start, touching);
+    for (const EndMatch& before : touching) {
+      if (before.atEnd) walk.push_back(before.row);
+    }
+  }
+}
+
+void mnuDrawSelect_Click(Desk& desk) {
+  arm(desk, PendingAction::Select, /*drawMode=*/-1);
+}
+
+void mnuDrawUnselect_Click(Desk& desk) {
+  arm(desk, PendingAction::Unselect, /*drawMode=*/-1);
+}
+
+void mnuDrawSelectContiguous(Desk& desk) {
+  arm(desk, PendingAction::SelectContiguous, /*drawMode=*/-1);
+}
+
+void mnuDrawUnselectContiguous(Desk& desk) {
+  arm(desk, PendingAction::UnselectContiguous, /*drawMode=*/-1);
+}
+
+void mnuDrawSelectAll_Click(Desk& desk) {
+  const Procedure here("frmMain.mnuDrawSelectAll_Click()");
+  if (desk.command.EditPaths) {
+    markAllPaths(desk, /*select=*/true);
+  } else {
+    selectAllSegments(desk);
+  }
+  refreshProperties(desk);
+  desk.redraw.redrawscreen();
+  if (desk.state.DrawMode() == -1) return;
+  desk.state.setPendingaction(0);
+  desk.state.setDrawMode(-1);
+}
+
+void mnuDrawUnselectAll_Click(Desk& desk) {
+  const Procedure here("frmMain.mnuDrawUnselectAll_Click()");
+  UnselectAll(desk);
+  if (desk.state.DrawMode() == -1) return;
+  desk.state.setPendingaction(0);
+  desk.state.setDrawMode(0);
+}
+
+void UnselectAll(Desk& desk) {
+  if (desk.command.EditPaths) markAllPaths(desk, /*select=*/false);
+  unselectAllSegments(desk);
+  refreshProperties(desk);
+}
+
+void addSelectionClicks(ClickActions& clicks) {
+  const auto on = [&clicks](PendingAction action) -> auto& {
+    return clicks[static_cast<std::size_t>(action)];
+  };
+  on(PendingAction::Select) = [](Desk& desk) { clickSelect(desk, /*select=*/true); };
+  on(PendingAction::Unselect) = [](Desk& desk) { clickSelect(desk, /*select=*/false); };
+  on(PendingAction::SelectContiguous) = [](Desk& desk) { clickContiguous(desk, /*select=*/true); };
+  on(PendingAction::UnselectContiguous) = [](Desk& desk) {
+    clickContiguous(desk, /*select=*/false);
+  };
+}
+
+}  // namespace tess

@@ -1,0 +1,62 @@
+// Selection: marking rows by click, by window and along chains. The mark lives in segattr and
+// pscode; it is part of the rows, not of the undo steps.
+// Owns: selectedCount, markSegment, markPathSegment, SelectionWindow, SelectWindow,
+//       SelectContiguous, SelectConnected, selectContiguousPaths, UnselectAll, the selection
+//       commands and their clicks.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "drafting/desk.h"
+
+namespace tess {
+
+// Rows whose segattr is exactly a selected ordinary entity: verified rows do not count.
+int selectedCount(const DrawingStore& store);
+
+// The attribute or code of a row selected or not. Selecting a drawing row forgets the hundreds, and
+// with them that it was verified.
+int selectedAttribute(int segattr, bool select);
+int selectedCode(int pscode, bool select);
+
+// Marks a row, draws it and keeps the collection for the property window.
+void markSegment(Desk& desk, int sg, bool select);
+void markPathSegment(Desk& desk, int ps, bool select);
+
+// Opposite corners of a window in drawing units.
+struct SelectionWindow {
+  Point from, to;
+};
+
+// Marks all rows that touch the window or, exclusively, have both ends in it; path rows when
+// editing works on them.
+void SelectWindow(Desk& desk, bool select, const SelectionWindow& window, bool exclusive);
+
+// Marks the chain of touching ends through row `seg`, in both directions, as far as the first
+// branches, and adds the branch points to `message`, each on a line of its own. Rows that are
+// tagged (1 to NumSegments) are passed over.
+void SelectContiguous(Desk& desk, bool select, int seg, std::vector<bool>& tagged,
+                      std::string& message);
+
+// The same walk along crossings: every row that meets the chain is marked.
+void SelectConnected(Desk& desk, bool select, int seg, std::vector<bool>& tagged);
+
+// The chain of path rows through `ps`: rows that go on where another ends, forward and backward,
+// through branches too.
+void selectContiguousPaths(Desk& desk, bool select, int ps);
+
+void mnuDrawSelect_Click(Desk& desk);
+void mnuDrawUnselect_Click(Desk& desk);
+void mnuDrawSelectContiguous(Desk& desk);
+void mnuDrawUnselectContiguous(Desk& desk);
+void mnuDrawSelectAll_Click(Desk& desk);
+void mnuDrawUnselectAll_Click(Desk& desk);
+
+// The marks go and the collection is empty; what many commands end with.
+void UnselectAll(Desk& desk);
+
+// Fills in the clicks of the four selecting actions.
+void addSelectionClicks(ClickActions& clicks);
+
+}  // namespace tess

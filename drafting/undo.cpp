@@ -1,0 +1,45 @@
+// Undo and redo as commands.
+#include "drafting/undo.h"
+
+#include "drafting/change_walk.h"
+
+namespace tess {
+namespace {
+
+void showChange(Desk& desk) {
+  desk.redraw.redrawscreen();
+  desk.state.updateProperties = true;
+  desk.listener.UpdatePropertyWindow();
+  updateUndoTools(desk);
+}
+
+}  // namespace
+
+void Undo_Last_Change(Desk& desk) {
+  const Procedure here("Undo_Last_Change");
+  undoStep(desk.changelog, desk.store);
+  showChange(desk);
+}
+
+void RedoLastChange(Desk& desk) {
+  const Procedure here("RedoLastChange");
+  redoStep(desk.changelog, desk.store);
+  showChange(desk);
+}
+
+void updateUndoTools(Desk& desk) {
+  desk.tools.setEnabled("miUndo", desk.changelog.canUndo());
+  desk.tools.setEnabled("miRedo", desk.changelog.canRedo());
+}
+
+void clearUndoMenu(Desk& desk) {
+  desk.changelog.UndoMark = 0;
+  desk.tools.setEnabled("miUndo", false);
+}
+
+void resetUndoState(Desk& desk) {
+  desk.changelog.clear();
+  updateUndoTools(desk);
+}
+
+}  // namespace tess

@@ -1,0 +1,336 @@
+// The name table and the key table of all commands.
+#include "shell/commands.h"
+
+#include <algorithm>
+#include <cctype>
+
+#include "core/drawing_file.h"
+#include "core/lifecycle.h"
+#include "core/setup_file.h"
+#include "drafting/edit_commands.h"
+#include "drafting/enter_position.h"
+#include "drafting/entity_creation.h"
+#include "drafting/grids.h"
+#include "drafting/measure.h"
+#include "drafting/object_snap.h"
+#include "drafting/pending_actions.h"
+#include "drafting/pointer_events.h"
+#include "drafting/repeat_key.h"
+#include "drafting/selection.h"
+#include "drafting/undo.h"
+#include "shell/layouts.h"
+#include "shell/tool_bands.h"
+
+namespace tess {
+namespace {
+
+using Handler = void (*)(Application&);
+
+// A command of the desk, the view or the session as a command of the application.
+template <void (*command)(Desk&)>
+void onDesk(Application& application) {
+  command(application.interaction.desk);
+}
+
+template <void (ViewCommands::*command)()>
+void onView(Application& application) {
+  (application.interaction.viewCommands.*command)();
+}
+
+template <void (*command)(Session&)>
+void onSession(Application& application) {
+  command(application.session);
+}
+
+template <FeatureKind kind>
+void toggleSnap(Application& application) {
+  OSnapMenuClick(application.interaction.desk, kind);
+}
+
+template <FeatureKind kind>
+void snapOnce(Application& application) {
+  application.interaction.desk.state.UpdateOSnapFeature(/*once=*/true, static_cast<int>(kind));
+}
+
+void makeMillFile(Application& application) {
+  mnuCAMMakeCNCFile_Click(application.session, application.definition, application.cnc,
+                          application.viewer);
+}
+
+void makeLatheFile(Application& application) {
+  mnuCAMMakeCNCLatheFile_Click(application.session, application.definition, application.cnc,
+                               application.viewer);
+}
+
+void enterPosition(Application& application) {
+  collect_Set_New_pos(application.interaction.desk);
+}
+
+void toggleStatistics(Application& application) {
+  ToolHost& tools = application.interaction.tools;
+  const Band* const band = tools.band("barStatistics");
+  if (band != nullptr && band->open) {
+    tools.closeBand("barStatistics");
+  } else {
+    tools.openBand("barStatistics");
+  }
+}
+
+void showAbout(Application& application) {
+  application.showAbout();
+}
+void customize(Application& application) {
+  application.customizeTools();
+}
+
+struct CommandRow {
+  const char* tool;
+  Handler run;  // null while the command does not exist
+};
+
+// In the order of the comparison.
+// clang-format off
+constexpr CommandRow kCommands[] = {
+    {"miNew",                  onSession<smart_New>},
+    {"miOpen",                 onSession<mnuFileOpen_Click>},
+    {"miReverttoSaved",        onSession<mnuFileRevert_Click>},
+    {"miImportDXFfile",        nullptr},
+    {"miSave",                 onSession<smart_save>},
+    {"miSaveAs",               onSession<save_file_As>},
+    {"miDeleteFile",           onSession<mnuFileDelete_Click>},
+    {"miPrintPicture",         nullptr},
+    {"miPrintPreview",         nullptr},
+    {"miExit",                 onSession<file_EXIT>},
+
+    {"miUndo",                 onDesk<Undo_Last_Change>},
+    {"miEditSegsOrPaths",      onDesk<toggleEditPaths>},
+    {"miRedo",                 onDesk<RedoLastChange>},
+    {"miDelete",               onDesk<mnuEditDelete_Click>},
+    {"miCut",                  nullptr},
+    {"miCopy",                 onDesk<mnuEditCopy_Click>},
+    {"miPaste",                nullptr},
+    {"miFlipArc",              onDesk<mnuEditFlipArc_Click>},
+    {"miRevArcDir",            onDesk<mnuEditRevArc_Click>},
+    {"miJoinEndpoints",        onDesk<mnuEditJoinEnd_Click>},
+    {"miMoveEndpoints",        onDesk<mnuEditMoveEnd_Click>},
+    {"miBreakSegment",         onDesk<mnuEditBreakSeg_Click>},
+    {"miJoinEndPtsArc",        onDesk<mnuEditJoinEndPtsArc>},
+    {"miDeleteVertex",         onDesk<mnuDeleteVertex_Click>},
+    {"miChangeRadius",         onDesk<mnuChangeRad_Click>},
+    {"miMoveProfile",          onDesk<mnuEditMoveProf_Click>},
+    {"miAddFillet",            onDesk<mnuAddFillet_Click>},
+    {"miSetOrigin",            onDesk<SetOrigin>},
+    {"miTrimEntity",           onDesk<mnuEditTrimEntity_Click>},
+    {"miEnterPosition",        enterPosition},
+    {"miEntityInfo",           onDesk<mnuEditEntityInfo_Click>},
+    {"miScaleDrawing",         nullptr},
+    {"miMirror",               nullptr},
+    {"miRotate",               nullptr},
+    {"miRevPath",              onDesk<mnuRevPathDir_Click>},
+
+    {"miLine",                 onDesk<mnuDrawLine_Click>},
+    {"miRectangle",            onDesk<mnuDrawRect_Click>},
+    {"miArc3P",                onDesk<mnuDrawArc3P_Click>},
+    {"miArcC+2P",              onDesk<mnuDrawArcC2P_Click>},
+    {"miCircle3P",             onDesk<mnuDrawCircle3P_Click>},
+    {"miCircleC+1P",           onDesk<mnuDrawCircleC1P_Click>},
+    {"miBoltCircle",           nullptr},
+    {"miText",                 nullptr},
+    {"miToolChest",            nullptr},
+    {"miMeasureDist",          onDesk<miMeasureDist_Click>},
+    {"miSelect",               onDesk<mnuDrawSelect_Click>},
+    {"miUnselect",             onDesk<mnuDrawUnselect_Click>},
+    {"miSelectContiguous",     onDesk<mnuDrawSelectContiguous>},
+    {"miUnselectContiguous",   onDesk<mnuDrawUnselectContiguous>},
+    {"miSelectAll",            onDesk<mnuDrawSelectAll_Click>},
+    {"miUnselectAll",          onDesk<mnuDrawUnselectAll_Click>},
+
+    {"miReDraw",               onView<&ViewCommands::mnuViewReDraw_Click>},
+    {"miCenter",               onView<&ViewCommands::mnuViewCenter_Click>},
+    {"miZoomIn",               onView<&ViewCommands::mnuViewZoomIn_Click>},
+    {"miZoomOut",              onView<&ViewCommands::mnuViewZoomOut_Click>},
+    {"miZoomWindow",           onView<&ViewCommands::mnuViewZoomWindow_Click>},
+    {"miZoomExtents",          onView<&ViewCommands::ZoomExtents>},
+    {"miFullView",             onView<&ViewCommands::mnuViewFullView_Click>},
+    {"miPan",                  onView<&ViewCommands::mnuViewPan_Click>},
+    {"miShowPartTemplate",     onView<&ViewCommands::mnuViewShowPartTemp_Click>},
+    {"miShowEndMarkers",       onView<&ViewCommands::mnuViewShowEndMark_Click>},
+    {"miShowToolPaths",        onView<&ViewCommands::mnuViewShowToolPath_Click>},
+    {"miToolRadiusOutline",    onView<&ViewCommands::mnuViewToolRadOutline_Click>},
+
+    {"miDrawingTitleBlock",    nullptr},
+    {"miG-codeControlSetup",   nullptr},
+    {"miGrid/SnapSelections",  onDesk<mnuOptionsGridSelection_Click>},
+    {"miPrinterOptions",       nullptr},
+    {"miSaveAsDefault",        onSession<mnuOptionsSaveAsDefault_Click>},
+    {"miReverttoSavedDefaults", onSession<mnuOptionsRevertSaved_Click>},
+    {"miLoadSetup",            onSession<mnuOptionLoadSetup_Click>},
+    {"miSaveSetup",            onSession<mnuOptionsSaveSetup_Click>},
+    {"miSaveSetupAs",          onSession<mnuOptionsSaveSetupAs_Click>},
+    {"miLoadLayout",           miLoadLayout_Click},
+    {"miCustomize",            customize},
+    {"miSaveLayoutAs",         SaveLayoutAs},
+
+    {"miSelectTool",           nullptr},
+    {"miPocketingSpecs",       nullptr},
+    {"miVerify/AcceptPocket",  nullptr},
+    {"miVerify/AcceptIsland",  nullptr},
+    {"miRoughCutPocket",       nullptr},
+    {"miPlaceFinishPath",      nullptr},
+    {"miPlaceOnePathSegment",  nullptr},
+    {"miAddMachineCycle",      nullptr},
+    {"miUndoLastPlace",        nullptr},
+    {"miEditPath/Cycle",       nullptr},
+    {"miClearAllPaths",        nullptr},
+    {"miMakeCNCFile",          makeMillFile},
+    {"miMakeCNCLatheFile",     makeLatheFile},
+    {"miBrowseCNCFile",        nullptr},
+    {"miQuickPlace",           nullptr},
+
+    {"miContents",             nullptr},
+    {"miSearchforHelpon",      nullptr},
+    {"miAboutTessimoMill",     showAbout},
+
+    {"VGrid",                  onDesk<Vgrid_ButtonClick>},
+    {"CGrid",                  onDesk<Cgrid_ButtonClick>},
+    {"OSnap",                  onDesk<OSnap_ButtonClick>},
+
+    {"miOSnapEndpoints",       toggleSnap<FeatureKind::EndPoint>},
+    {"miOSnapCenter",          toggleSnap<FeatureKind::Center>},
+    {"miOSnapMidpoint",        toggleSnap<FeatureKind::Midpoint>},
+    {"miOSnapQuadrant",        toggleSnap<FeatureKind::Quadrant>},
+    {"miOSnapPerpendicular",   toggleSnap<FeatureKind::Perpendicular>},
+    {"miOSnapEndpointsSingle", snapOnce<FeatureKind::EndPoint>},
+    {"miOSnapCenterSingle",    snapOnce<FeatureKind::Center>},
+    {"miOSnapMidpointSingle",  snapOnce<FeatureKind::Midpoint>},
+    {"miOSnapQuadrantSingle",  snapOnce<FeatureKind::Quadrant>},
+    {"miOSnapPerpendicularSingle", snapOnce<FeatureKind::Perpendicular>},
+
+    {"miGougeAvoidance",       nullptr},
+    {"miCleanupDrawing",       nullptr},
+    {"miVisible",              nullptr},
+    {"miInvisible",            nullptr},
+
+    {"miShowStatistics",       toggleStatistics},
+};
+// clang-format on
+
+bool isRecentTool(std::string_view tool) {
+  return tool >= "miRecentFile1" && tool <= "miRecentFile9";
+}
+
+void zoomIn(Application& application) {
+  application.interaction.viewCommands.Zoom_In(0, 0);
+}
+void zoomOut(Application& application) {
+  application.interaction.viewCommands.Zoom_out(0, 0);
+}
+
+template <int key>
+constexpr char controlKey() {
+  return static_cast<char>(key - 'A' + 1);
+}
+
+struct KeyRow {
+  char code;  // of the upper-case letter
+  Handler run;
+};
+
+constexpr KeyRow kKeys[] = {
+    {'A', onDesk<mnuDrawArc3P_Click>},
+    {'B', onDesk<mnuEditBreakSeg_Click>},
+    {'C', onDesk<mnuEditCopy_Click>},
+    {'D', onDesk<mnuEditRevArc_Click>},
+    {'E', enterPosition},
+    {'F', onDesk<mnuEditFlipArc_Click>},
+    {'G', onDesk<flipGrids>},
+    {'I', zoomIn},
+    {'J', onDesk<mnuEditJoinEnd_Click>},
+    {'L', onDesk<mnuDrawLine_Click>},
+    {'M', onDesk<mnuEditMoveProf_Click>},
+    {'O', zoomOut},
+    {'R', onDesk<mnuDrawRect_Click>},
+    {'T', onDesk<mnuEditTrimEntity_Click>},
+    {'V', onDesk<mnuEditMoveEnd_Click>},
+    {'\t', onDesk<mnuEditEntityInfo_Click>},
+    {controlKey<'L'>(), makeLatheFile},
+    {controlKey<'M'>(), makeMillFile},
+    {controlKey<'R'>(), onView<&ViewCommands::mnuViewReDraw_Click>},
+    {'\x1b', onDesk<Handle_esc>},
+};
+
+template <int button>
+void clickByKey(Application& application) {
+  keyboardClick(application.interaction.desk, button);
+}
+
+template <int dx, int dy>
+void nudge(Application& application) {
+  nudgePointer(application.interaction.desk, dx, dy);
+}
+
+struct SpecialKeyRow {
+  SpecialKey key;
+  Handler run;
+};
+
+constexpr SpecialKeyRow kSpecialKeys[] = {
+    {SpecialKey::F3, onDesk<repeatLastCommand>},
+    {SpecialKey::F12, onDesk<repeatLastCommand>},
+    {SpecialKey::Enter, clickByKey<kLeftButton>},
+    {SpecialKey::Insert, clickByKey<kRightButton>},
+    {SpecialKey::Delete, onDesk<mnuEditDelete_Click>},
+    {SpecialKey::Left, nudge<-1, 0>},
+    {SpecialKey::Right, nudge<1, 0>},
+    {SpecialKey::Up, nudge<0, 1>},
+    {SpecialKey::Down, nudge<0, -1>},
+};
+
+// Function keys and Insert act without a modifier only.
+bool isPlain(const KeyStroke& key) {
+  return !key.shift && !key.control;
+}
+
+}  // namespace
+
+void abMain_ToolClick(Application& application, std::string_view tool) {
+  const Procedure here("frmMain.abMain_ToolClick(tool)");
+  const auto* const row =
+      std::find_if(std::begin(kCommands), std::end(kCommands),
+                   [tool](const CommandRow& command) { return tool == command.tool; });
+  if (row != std::end(kCommands)) {
+    if (row->run != nullptr) row->run(application);
+  } else if (isRecentTool(tool)) {
+    openRecentFile(application.session, tool);
+  }
+}
+
+std::vector<std::string> commandNames() {
+  std::vector<std::string> names;
+  for (const CommandRow& command : kCommands) names.emplace_back(command.tool);
+  return names;
+}
+
+void disableIdleTools(Application& application) {
+  for (const CommandRow& command : kCommands) {
+    if (command.run == nullptr) application.interaction.tools.setEnabled(command.tool, false);
+  }
+}
+
+void KeyPress(Application& application, char KeyAscii) {
+  const Procedure here("frmMain.KeyPress(KeyAscii)");
+  const char code =
+      KeyAscii >= 'a' && KeyAscii <= 'z' ? static_cast<char>(KeyAscii - 'a' + 'A') : KeyAscii;
+  for (const KeyRow& key : kKeys) {
+    if (key.code == code) return key.run(application);
+  }
+}
+
+void handleKey(Application& application, const KeyStroke& key) {
+  if (key.special == SpecialKey::None) return KeyPress(application, key.ascii);
+  for (const SpecialKeyRow& row : kSpecialKeys) {
+    if (row.key == key.special && isPlain(key)) return row.run(application);
+  }
+}
+
+}  // namespace tess

@@ -1,0 +1,91 @@
+// The interactive half of the program, wired together.
+#include "shell/interaction.h"
+
+#include "core/lifecycle.h"
+#include "core/recent_files.h"
+#include "drafting/entity_creation.h"
+#include "drafting/grids.h"
+#include "drafting/pending_actions.h"
+#include "shell/tool_bands.h"
+
+namespace tess {
+
+Interaction::Interaction(Session& session, const ScreenPorts& ports)
+    : session_(session),
+      ScreenProxy(ports.picDrawing),
+      renderer(session.store, session.host.prompts, session.host.surroundings),
+      redraw({session.store, view, renderer, ScreenProxy, ports.pointer, session.host.surroundings,
+              ports.timers, *this}),
+      viewCommands({session.store, view, redraw, ScreenProxy, ports.pointer,
+                    session.host.surroundings, *this, desk.state}),
+      desk({session, view, renderer, redraw, viewCommands, ScreenProxy, ports.pointer, ports.timers,
+            tools, statusBar, *this}) {
+  fillToolHost(tools);
+  tools.setClientArea(ports.clientArea);
+  // The marker is drawn before the first view is fitted, and needs a scale by then.
+  ports.picDrawing.Move(clientArea());
+}
+
+void Interaction::readPressedTools() {
+  desk.state.OSnapOn = tools.isChecked("OSnap");
+  desk.state.RevertOSnapFeatures();
+  session_.store.visualgridf = tools.isChecked("VGrid") ? 1 : 0;
+  session_.store.cursorgridf = tools.isChecked("CGrid") ? 1 : 0;
+  desk.command.EditPaths = tools.isChecked("miEditSegsOrPaths");
+}
+
+void Interaction::Update_menu_checks() {
+  const DrawingStore& store = session_.store;
+  tools.setChecked("miShowPartTemplate", store.parttemplate != 0);
+  tools.setChecked("miShowEndMarkers", store.endmarkers != 0);
+  tools.setChecked("miShowToolPaths", store.showpaths != 0);
+  tools.setChecked("miToolRadiusOutline", store.tooloutline != 0);
+}
+
+void Interaction::showRecentFiles() {
+  for (int number = 1; number <= kRecentFiles; ++number) {
+    const std::string& path = session_.recentfiles[static_cast<std::size_t>(number) - 1];
+    if (!path.empty()) tools.setCaption(recentTool(number), recentCaption(session_, number));
+    tools.setVisible(recentTool(number), !path.empty());
+  }
+}
+
+void Interaction::moveMarker(float x, float y) {
+  tess::moveMarker(desk, x, y);
+}
+
+void Interaction::resetPendingAction() {
+  desk.state.setPendingaction(0);
+  desk.state.setDrawMode(0);
+}
+
+SurfaceArea Interaction::clientArea() const {
+  const Bounds& area = tools.clientArea();
+  return {static_cast<float>(area.left), static_cast<float>(area.top),
+          static_cast<float>(area.width), static_cast<float>(area.height)};
+}
+
+void Interaction::showDrawingName() {
+  tess::showDrawingName(session_);
+}
+
+void Interaction::updateStatusDisplay() {
+  refreshStatus(desk);
+}
+
+void Interaction::PrintPreviewScreenShotWorkAround(DrawingTarget& /*target*/) {}
+
+void Interaction::showStatistics(int segments, int paths, const std::string& zoom) {
+  frmStatistics.show(segments, paths, zoom);
+}
+
+void Interaction::UpdatePropertyWindow() {
+  if (onPropertiesChanged) onPropertiesChanged();
+  desk.state.updateProperties = false;
+}
+
+void Interaction::selectEntity(int sg) {
+  if (onEntityPicked) onEntityPicked(sg);
+}
+
+}  // namespace tess

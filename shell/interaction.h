@@ -1,0 +1,85 @@
+// The interactive half of the program without its window: view, renderer, tools, status bar and
+// drafting desk, wired to each other and to the session. The desktop and the script runner bring
+// the ports.
+// Owns: ScreenPorts, Interaction.
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "core/form_host.h"
+#include "core/session.h"
+#include "core/status_bar.h"
+#include "core/tool_host.h"
+#include "display/redraw_sequence.h"
+#include "display/view_commands.h"
+#include "drafting/desk.h"
+#include "shell/frmStatistics.h"
+
+namespace tess {
+
+// What the platform gives beyond the host.
+struct ScreenPorts {
+  DrawingSurface& picDrawing;
+  Pointer& pointer;
+  Timers& timers;
+  Bounds clientArea{};  // of the surface to begin with, in pixels
+};
+
+class Interaction : public ViewHost, public RedrawListener, public DeskListener {
+ public:
+  Interaction(Session& session, const ScreenPorts& ports);
+
+  // The pressed state of the grid, snap and editing tools becomes that of their flags, as after a
+  // layout was loaded.
+  void readPressedTools();
+  // The view's four toggles, each on its tool, and whether there is something to paste.
+  void Update_menu_checks() override;
+  // Captions and visibility of the recent-file tools.
+  void showRecentFiles();
+  // The marker moves with its cross.
+  void moveMarker(float x, float y);
+  // No action, no drawing mode, the arrow.
+  void resetPendingAction();
+  // A drawing came or went: the full view, anew.
+  void showWholeDrawing() { viewCommands.fitview(/*keepview=*/false); }
+
+  // ViewHost
+  SurfaceArea clientArea() const override;
+  bool toolChecked(const std::string& tool) const override { return tools.isChecked(tool); }
+  void setToolChecked(const std::string& tool, bool checked) override {
+    tools.setChecked(tool, checked);
+  }
+  std::string appfolder() const override { return session_.appfolder; }
+
+  // RedrawListener
+  void showDrawingName() override;
+  void updateStatusDisplay() override;
+  void PrintPreviewScreenShotWorkAround(DrawingTarget& target) override;
+
+  // DeskListener
+  void showStatistics(int segments, int paths, const std::string& zoom) override;
+  void UpdatePropertyWindow() override;
+  void selectEntity(int sg) override;
+
+ private:
+  Session& session_;
+
+ public:
+  ToolHost tools;
+  StatusBar statusBar;
+  FormHost forms;
+  class frmStatistics frmStatistics;
+  PictureBoxProxy ScreenProxy;
+  View view;
+  Renderer renderer;
+  RedrawSequence redraw;
+  ViewCommands viewCommands;
+  Desk desk;
+
+  // The property window, when there is one: the selection changed, or one entity was picked.
+  std::function<void()> onPropertiesChanged;
+  std::function<void(int sg)> onEntityPicked;
+};
+
+}  // namespace tess

@@ -1,0 +1,65 @@
+// Tool-bar layouts in files.
+#include "shell/layouts.h"
+
+#include <optional>
+#include <string>
+
+#include "core/file_system.h"
+
+namespace tess {
+namespace {
+
+constexpr char kFilter[] = "Layout Files (*.tb3)|*.tb3|All Files (*.*)|*.*";
+
+std::string programLayout(const Application& application) {
+  return application.session.appfolder + "Layout.tb3";
+}
+
+std::optional<std::string> chooseLayout(Application& application, bool forSaving) {
+  const std::optional<std::string> chosen = application.session.host.prompts.chooseFile(
+      {.title = forSaving ? "Save Layout" : "Load Layout",
+       .pattern = kFilter,
+       .folder = application.session.appfolder,
+       .name = "",
+       .forSaving = forSaving});
+  if (!chosen || chosen->empty()) return std::nullopt;
+  std::string folder;
+  const std::string name = splitPath(folder, *chosen, "tb3");
+  return folder + name;
+}
+
+void loadFrom(Application& application, const std::string& path) {
+  if (application.interaction.tools.loadLayoutText(readFile(path))) return;
+  application.session.host.prompts.showMessage({.text = path + "\nis not a layout file.",
+                                                .title = application.session.productname,
+                                                .icon = MessageIcon::Warning});
+}
+
+}  // namespace
+
+void loadProgramLayout(Application& application) {
+  const Procedure here("loadProgramLayout()");
+  const std::string path = programLayout(application);
+  if (fileExists(path)) loadFrom(application, path);
+}
+
+void saveProgramLayout(Application& application) {
+  const Procedure here("saveProgramLayout()");
+  writeFile(programLayout(application), application.interaction.tools.layoutText());
+}
+
+void miLoadLayout_Click(Application& application) {
+  const Procedure here("miLoadLayout_Click()");
+  if (const auto path = chooseLayout(application, /*forSaving=*/false)) {
+    loadFrom(application, *path);
+  }
+}
+
+void SaveLayoutAs(Application& application) {
+  const Procedure here("SaveLayoutAs()");
+  if (const auto path = chooseLayout(application, /*forSaving=*/true)) {
+    writeFile(*path, application.interaction.tools.layoutText());
+  }
+}
+
+}  // namespace tess

@@ -1,0 +1,454 @@
+// The bindings by kind of control.
+#include "shell/qt/control_binding.h"
+
+#include <QAbstractButton>
+#include <QAbstractSlider>
+#include <QCheckBox>
+#include <QEvent>
+#include <QFocusEvent>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLayout>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSignalBlocker>
+#include <QTimer>
+#include <array>
+#include <cmath>
+#include <utility>
+
+namespace tess {
+
+namespace {
+
+constexpr std::array kProperties{
+    Property::Caption, Property::Items,   Property::Index,    Property::Range,  Property::Value,
+    Property::Text,    Property::Hint,    Property::Color,    Property::Bounds, Property::Enabled,
+    Property::Visible, Property::Content, Property::Selection};
+
+QString shown(const std::string& text) {
+  return QString::fromStdString(text);
+}
+
+// The toolkit ends lines by a line feed alone.
+QString shownLines(const std::string& text) {
+  return shown(text).replace("\r\n", "\n");
+}
+
+bool framesAllow(const Control& control, bool (Control::*flag)() const) {
+  for (const Frame* frame = control.frame(); frame != nullptr; frame = frame->frame()) {
+    if (!(frame->*flag)()) return false;
+  }
+  return true;
+}
+
+}  // namespace
+
+ControlBinding::ControlBinding(Control& control, QWidget& widget, FormActions& actions)
+    : control_(control), widget_(&widget), actions_(actions) {
+  widget.installEventFilter(this);
+}
+
+void ControlBinding::showAll() {
+  for (const Property property : kProperties) {
+    const bool laidOutText = property == Property::Caption && control_.caption().empty();
+    if (!laidOutText) show(property);
+  }
+}
+
+void ControlBinding::show(Property property) {
+  if (widget_ == nullptr) return;
+  const QSignalBlocker quiet(widget_);
+  switch (property) {
+    case Property::Enabled:
+      widget_->setEnabled(control_.isEnabled() && framesAllow(control_, &Control::isEnabled));
+      return;
+    case Property::Visible:
+      widget_->setVisible(control_.isVisible() && framesAllow(control_, &Control::isVisible));
+      return;
+    case Property::Hint:
+      if (!control_.hint().empty()) widget_->setToolTip(shown(control_.hint()));
+      return;
+    case Property::Caption:
+      showCaption(shown(control_.caption()));
+      return;
+    case Property::Color:
+      showColor();
+      return;
+    case Property::Bounds:
+      showPlace();
+      return;
+    case Property::Text:
+    case Property::Value:
+    case Property::Items:
+    case Property::Index:
+    case Property::Selection:
+    case Property::Range:
+    case Property::Content:
+      showOwn(property);
+  }
+}
+
+void ControlBinding::showColor() {
+  if (!control_.color()) return;
+  const int color = *control_.color();
+  const QColor ink(color & 0xFF, color >> 8 & 0xFF, color >> 16 & 0xFF);
+  QPalette palette = widget_->palette();
+  const bool area = control_.kind() == ControlKind::Picture;
+  for (const QPalette::ColorRole role :
+       {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+    palette.setColor(area ? QPalette::Window : role, ink);
+  }
+  widget_->setAutoFillBackground(area);
+  widget_->setPalette(palette);
+}
+
+// A control with a place of its own leaves the layout.
+void ControlBinding::showPlace() {
+  if (!control_.bounds()) return;
+  if (QWidget* parent = widget_->parentWidget(); parent != nullptr && parent->layout() != nullptr) {
+    parent->layout()->removeWidget(widget_);
+  }
+  const Bounds& place = *control_.bounds();
+  widget_->setGeometry(place.left, place.top, place.width, place.height);
+}
+
+void ControlBinding::act(const char* event, const std::function<void()>& action) {
+  if (actions_.run(control_.name() + "_" + event, action)) showAll();
+}
+
+void ControlBinding::takeFocus() {
+  if (widget_ != nullptr && !widget_->hasFocus()) widget_->setFocus(Qt::OtherFocusReason);
+}
+
+bool ControlBinding::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::FocusIn) {
+    const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+    if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason) focusArrived();
+  }
+  return QObject::eventFilter(watched, event);
+}
+
+void ControlBinding::focusArrived() {
+  if (!actions_.formLives() || control_.hasFocus() || !control_.takesFocus()) return;
+  bool came = false;
+  const bool lives = actions_.run(control_.name() + "_GotFocus", [&] { came = control_.focus(); });
+  // The toolkit is in the middle of its own move of the focus.
+  if (lives && !came) QTimer::singleShot(0, this, [this] { focusWasKept(); });
+}
+
+// A button that was pressed on the way comes up without a click.
+void ControlBinding::focusWasKept() {
+  if (auto* button = qobject_cast<QAbstractButton*>(widget_.data())) button->setDown(false);
+  if (actions_.formLives() && actions_.onFocusKept) actions_.onFocusKept();
+}
+
+namespace {
+
+// A control and its widget, both by their own types.
+template <class Model, class Shown>
+class BindingOf : public ControlBinding {
+ public:
+  BindingOf(Control& control, Shown& widget, FormActions& actions)
+      : ControlBinding(control, widget, actions),
+        model_(static_cast<Model&>(control)),
+        shown_(widget) {}
+
+ protected:
+  void showOwn(Property /*property*/) override {}
+
+  Model& model_;
+  Shown& shown_;
+};
+
+class ButtonBinding : public BindingOf<Button, QAbstractButton> {
+ public:
+  ButtonBinding(Control& control, QAbstractButton& button, FormActions& actions)
+      : BindingOf(control, button, actions) {
+    // The form knows what Enter does.
+    if (auto* push = qobject_cast<QPushButton*>(&button)) push->setAutoDefault(false);
+    connect(&button, &QAbstractButton::clicked, this,
+            [this] { act("Click", [this] { model_.press(); }); });
+  }
+
+ protected:
+  void showCaption(const QString& caption) override { shown_.setText(caption); }
+};
+
+class CheckBinding : public BindingOf<CheckBox, QCheckBox> {
+ public:
+  CheckBinding(Control& control, QCheckBox& box, FormActions& actions)
+      : BindingOf(control, box, actions) {
+    connect(&box, &QCheckBox::clicked, this, [this] { act("Click", [this] { model_.press(); }); });
+  }
+
+ protected:
+  void showCaption(const QString& caption) override { shown_.setText(caption); }
+  void showOwn(Property property) override {
+    if (property != Property::Value) return;
+    constexpr std::array kStates{Qt::Unchecked, Qt::Checked, Qt::PartiallyChecked};
+    shown_.setTristate(model_.value() == 2);
+    shown_.setCheckState(kStates[static_cast<std::size_t>(model_.value())]);
+  }
+};
+
+// The form, not the toolkit, knows which options belong together.
+class OptionBinding : public BindingOf<Option, QAbstractButton> {
+ public:
+  OptionBinding(Control& control, QAbstractButton& button, FormActions& actions)
+      : BindingOf(control, button, actions) {
+    button.setAutoExclusive(false);
+    button.setCheckable(true);
+    connect(&button, &QAbstractButton::clicked, this,
+            [this] { act("Click", [this] { model_.press(); }); });
+  }
+
+ protected:
+  void showCaption(const QString& caption) override { shown_.setText(caption); }
+  void showOwn(Property property) override {
+    if (property == Property::Value) shown_.setChecked(model_.value());
+  }
+};
+
+class LineBinding : public BindingOf<TextBox, QLineEdit> {
+ public:
+  LineBinding(Control& control, QLineEdit& line, FormActions& actions)
+      : BindingOf(control, line, actions) {
+    line.setReadOnly(model_.readOnly);
+    connect(&line, &QLineEdit::textEdited, this, [this](const QString& typed) {
+      act("Change", [&] { model_.type(typed.toStdString()); });
+    });
+  }
+
+ protected:
+  void showOwn(Property property) override {
+    if (property == Property::Text && shown_.text() != shown(model_.text())) {
+      shown_.setText(shown(model_.text()));
+    }
+    // A click that brings the focus would put its cursor in afterwards.
+    if (property == Property::Selection && model_.isAllSelected()) {
+      QTimer::singleShot(0, this, [this] {
+        if (model_.isAllSelected()) shown_.selectAll();
+      });
+    }
+  }
+};
+
+class PagesBinding : public BindingOf<TextBox, QPlainTextEdit> {
+ public:
+  PagesBinding(Control& control, QPlainTextEdit& pages, FormActions& actions)
+      : BindingOf(control, pages, actions) {
+    pages.setReadOnly(model_.readOnly);
+    pages.setTabChangesFocus(true);
+    connect(&pages, &QPlainTextEdit::textChanged, this, [this] {
+      if (!isShown()) act("Change", [this] { model_.type(shown_.toPlainText().toStdString()); });
+    });
+  }
+
+ protected:
+  void showOwn(Property property) override {
+    if (property == Property::Text && !isShown()) shown_.setPlainText(shownLines(model_.text()));
+    if (property == Property::Selection && model_.isAllSelected()) shown_.selectAll();
+  }
+
+ private:
+  bool isShown() const { return shown_.toPlainText() == shownLines(model_.text()); }
+};
+
+class ListBinding : public BindingOf<ListBox, QListWidget> {
+ public:
+  ListBinding(Control& control, QListWidget& list, FormActions& actions)
+      : BindingOf(control, list, actions) {
+    connect(&list, &QListWidget::currentRowChanged, this, [this](int row) { pick(row); });
+    // A click on the row that was chosen already counts too.
+    connect(&list, &QListWidget::itemClicked, this, [this](QListWidgetItem* item) {
+      const int row = shown_.row(item);
+      if (std::exchange(picked_, -1) != row) pick(row);
+    });
+    connect(&list, &QListWidget::itemPressed, this, [this](QListWidgetItem* item) {
+      if (shown_.row(item) != picked_) picked_ = -1;
+    });
+  }
+
+ protected:
+  void showOwn(Property property) override {
+    if (property == Property::Items) showItems();
+    if (property == Property::Items || property == Property::Index) {
+      shown_.setCurrentRow(model_.index());
+    }
+  }
+
+ private:
+  void pick(int row) {
+    picked_ = row;
+    if (row >= 0) act("Click", [&] { model_.pick(row); });
+  }
+  void showItems() {
+    QStringList items;
+    for (const std::string& item : model_.items()) items << shown(item);
+    QStringList present;
+    for (int row = 0; row < shown_.count(); ++row) present << shown_.item(row)->text();
+    if (items == present) return;
+    shown_.clear();
+    shown_.addItems(items);
+  }
+
+  int picked_ = -1;  // by the press that a click will follow
+};
+
+class ComboBinding : public BindingOf<ComboBox, QComboBox> {
+ public:
+  ComboBinding(Control& control, QComboBox& combo, FormActions& actions)
+      : BindingOf(control, combo, actions) {
+    combo.setEditable(model_.style() == ComboStyle::Editable);
+    combo.setInsertPolicy(QComboBox::NoInsert);
+    if (combo.lineEdit() != nullptr) {
+      combo.setCompleter(nullptr);
+      combo.lineEdit()->installEventFilter(this);
+      connect(combo.lineEdit(), &QLineEdit::textEdited, this, [this](const QString& typed) {
+        act("Change", [&] { model_.type(typed.toStdString()); });
+      });
+    }
+    connect(&combo, &QComboBox::activated, this,
+            [this](int row) { act("Click", [&] { model_.pick(row); }); });
+    if (auto* dropDown = dynamic_cast<DropDownBox*>(&combo)) {
+      dropDown->onDropDown = [this] { act("DropDown", [this] { model_.open(); }); };
+    }
+  }
+
+ protected:
+  void showOwn(Property property) override {
+    if (property == Property::Items) showItems();
+    if (property == Property::Items || property == Property::Index) {
+      shown_.setCurrentIndex(model_.index());
+    }
+    if (shown_.isEditable() && shown_.currentText() != shown(model_.text())) {
+      const QSignalBlocker quiet(shown_.lineEdit());
+      shown_.setEditText(shown(model_.text()));
+    }
+  }
+
+ private:
+  void showItems() {
+    QStringList items;
+    for (const std::string& item : model_.items()) items << shown(item);
+    QStringList present;
+    for (int row = 0; row < shown_.count(); ++row) present << shown_.itemText(row);
+    if (items == present) return;
+    shown_.clear();
+    shown_.addItems(items);
+  }
+};
+
+class LabelBinding : public BindingOf<Label, QLabel> {
+ public:
+  LabelBinding(Control& control, QLabel& label, FormActions& actions)
+      : BindingOf(control, label, actions) {
+    label.setTextFormat(Qt::PlainText);
+    label.installEventFilter(this);
+  }
+
+ protected:
+  void showCaption(const QString& caption) override { shown_.setText(caption); }
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::MouseButtonRelease && model_.onClick) {
+      act("Click", [this] { model_.press(); });
+    }
+    return ControlBinding::eventFilter(watched, event);
+  }
+};
+
+class FrameBinding : public BindingOf<Frame, QWidget> {
+ public:
+  using BindingOf::BindingOf;
+
+ protected:
+  void showCaption(const QString& caption) override {
+    if (auto* box = qobject_cast<QGroupBox*>(&shown_)) box->setTitle(caption);
+  }
+};
+
+// Positions of the widget are steps of the range: whole numbers where the range is of such.
+class SliderBinding : public BindingOf<Slider, QAbstractSlider> {
+ public:
+  SliderBinding(Control& control, QAbstractSlider& slider, FormActions& actions)
+      : BindingOf(control, slider, actions) {
+    connect(&slider, &QAbstractSlider::valueChanged, this,
+            [this](int position) { act("Change", [&] { model_.slide(valueAt(position)); }); });
+  }
+
+ protected:
+  void showOwn(Property property) override {
+    if (property == Property::Range) shown_.setRange(0, steps());
+    if (property == Property::Value && valueAt(shown_.value()) != model_.value()) {
+      shown_.setValue(static_cast<int>(std::lround((model_.value() - model_.minimum()) / step())));
+    }
+  }
+
+ private:
+  static constexpr int kFineSteps = 1000;
+
+  double extent() const { return model_.maximum() - model_.minimum(); }
+  bool hasWholeSteps() const {
+    return model_.minimum() == std::floor(model_.minimum()) && extent() == std::floor(extent()) &&
+           extent() > 1 && extent() <= 100 * kFineSteps;
+  }
+  int steps() const { return hasWholeSteps() ? static_cast<int>(extent()) : kFineSteps; }
+  double step() const { return extent() > 0 ? extent() / steps() : 1; }
+  double valueAt(int position) const { return model_.minimum() + position * step(); }
+};
+
+class PictureBinding : public BindingOf<Picture, QWidget> {
+ public:
+  using BindingOf::BindingOf;
+
+ protected:
+  void showOwn(Property property) override {
+    if (property == Property::Content) shown_.update();
+  }
+};
+
+template <class Binding, class Shown>
+std::unique_ptr<ControlBinding> bound(Control& control, QWidget& widget, FormActions& actions) {
+  auto* fitting = qobject_cast<Shown*>(&widget);
+  if (fitting == nullptr) return nullptr;
+  return std::make_unique<Binding>(control, *fitting, actions);
+}
+
+using Maker = std::unique_ptr<ControlBinding> (*)(Control&, QWidget&, FormActions&);
+
+struct KindOfBinding {
+  ControlKind kind;
+  Maker make;
+};
+
+// A text box is tried as a line first, then as pages.
+constexpr std::array kBindings{
+    KindOfBinding{ControlKind::TextBox, bound<LineBinding, QLineEdit>},
+    KindOfBinding{ControlKind::TextBox, bound<PagesBinding, QPlainTextEdit>},
+    KindOfBinding{ControlKind::Button, bound<ButtonBinding, QAbstractButton>},
+    KindOfBinding{ControlKind::CheckBox, bound<CheckBinding, QCheckBox>},
+    KindOfBinding{ControlKind::Option, bound<OptionBinding, QAbstractButton>},
+    KindOfBinding{ControlKind::List, bound<ListBinding, QListWidget>},
+    KindOfBinding{ControlKind::Combo, bound<ComboBinding, QComboBox>},
+    KindOfBinding{ControlKind::Label, bound<LabelBinding, QLabel>},
+    KindOfBinding{ControlKind::Slider, bound<SliderBinding, QAbstractSlider>},
+    KindOfBinding{ControlKind::Picture, bound<PictureBinding, QWidget>},
+    KindOfBinding{ControlKind::Frame, bound<FrameBinding, QWidget>},
+};
+
+}  // namespace
+
+std::unique_ptr<ControlBinding> makeBinding(Control& control, QWidget& widget,
+                                            FormActions& actions) {
+  for (const auto& [kind, make] : kBindings) {
+    if (kind != control.kind()) continue;
+    if (auto binding = make(control, widget, actions)) return binding;
+  }
+  return nullptr;
+}
+
+}  // namespace tess

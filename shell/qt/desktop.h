@@ -1,0 +1,20 @@
+// The program with its main window. This header knows nothing of the toolkit.
+// Owns: DesktopRequest, runDesktop.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tess {
+
+struct DesktopRequest {
+  std::string drawing;              // to open, as it was typed; empty for none
+  std::optional<std::string> home;  // the program's folder, if one was named
+};
+
+// Shows the main window and serves it until it is closed. `arguments` begin with the program's own
+// name; the toolkit reads its options from them. Gives the exit status of the process.
+int runDesktop(const DesktopRequest& request, std::vector<std::string> arguments);
+
+}  // namespace tess

@@ -1,0 +1,107 @@
+// Windows of forms.
+#include "shell/qt/form_window.h"
+
+#include <QCloseEvent>
+#include <QEventLoop>
+#include <QKeyEvent>
+#include <QVBoxLayout>
+
+namespace tess {
+
+FormWindow::FormWindow(Form& form, Gateway& gateway, QWidget* owner)
+    : QDialog(owner, Qt::Dialog | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                         Qt::WindowCloseButtonHint),
+      view_(form, gateway, *this) {
+  setObjectName(QString::fromStdString(form.name()));
+  auto* whole = new QVBoxLayout(this);
+  whole->setContentsMargins(0, 0, 0, 0);
+  whole->addWidget(&view_.root());
+  setWindowTitle(view_.root().windowTitle());
+  showTitle();
+  subscription_ = form.observe(*this);
+  if (form.isShown()) present();
+}
+
+void FormWindow::showTitle() {
+  if (!view_.form()->caption().empty()) {
+    setWindowTitle(QString::fromStdString(view_.form()->caption()));
+  }
+}
+
+// The form has been filled by now, so the window takes the size of what it shows.
+void FormWindow::present() {
+  if (!isVisible()) adjustSize();
+  show();
+  raise();
+  activateWindow();
+}
+
+void FormWindow::runModal() {
+  setWindowModality(Qt::ApplicationModal);
+  view_.form()->open(Modality::Modal);
+  QEventLoop loop;
+  connect(this, &QDialog::finished, &loop, &QEventLoop::quit);
+  if (view_.form() != nullptr && view_.form()->isShown()) loop.exec();
+}
+
+void FormWindow::formChanged(Form& form, FormProperty property) {
+  switch (property) {
+    case FormProperty::Caption:
+      return showTitle();
+    case FormProperty::Shown:
+      view_.showAll();
+      present();
+      return view_.showFocus();
+    case FormProperty::Raised:
+      return present();
+    case FormProperty::Hidden:
+    case FormProperty::Closed:
+      hide();
+      emit finished(form.accepted() ? Accepted : Rejected);
+      return;
+    case FormProperty::Size:
+    case FormProperty::Focus:
+      return;
+  }
+}
+
+void FormWindow::formGone() {
+  hide();
+  emit finished(Rejected);
+}
+
+void FormWindow::reject() {
+  view_.actions().run("Form_Escape", [this] { view_.form()->pressCancel(); });
+}
+
+void FormWindow::closeEvent(QCloseEvent* event) {
+  view_.actions().run("Form_QueryUnload", [this] { view_.form()->close(CloseReason::Operator); });
+  event->setAccepted(view_.form() == nullptr || !view_.form()->isShown());
+}
+
+void FormWindow::keyPressEvent(QKeyEvent* event) {
+  const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  if (!enter) return QDialog::keyPressEvent(event);
+  view_.actions().run("Form_Enter", [this] { view_.form()->pressDefault(); });
+}
+
+FormWindows::FormWindows(FormHost& host, Gateway& gateway, QWidget& owner)
+    : gateway_(gateway), owner_(owner), subscription_(host.observe(*this)) {}
+
+void FormWindows::formOpened(Form& form) {
+  if (isDocked && isDocked(form)) return;
+  QPointer<FormWindow>& window = windows_[form.name()];
+  if (window != nullptr) window->deleteLater();
+  window = new FormWindow(form, gateway_, &owner_);
+  window->setWindowModality(Qt::NonModal);
+}
+
+// The window may be in the middle of an event of its own.
+void FormWindows::formClosed(const std::string& name) {
+  const auto found = windows_.find(name);
+  if (found == windows_.end()) return;
+  if (found->second != nullptr) found->second->deleteLater();
+  windows_.erase(found);
+}
+
+}  // namespace tess

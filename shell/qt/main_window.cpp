@@ -1,0 +1,185 @@
+// The main window.
+#include "shell/qt/main_window.h"
+
+#include <QCloseEvent>
+#include <QDragEnterEvent>
+#include <QMimeData>
+#include <QScreen>
+#include <QStatusBar>
+#include <QTimer>
+#include <QUrl>
+#include <algorithm>
+
+#include "shell/qt/icons.h"
+
+namespace tess {
+
+namespace {
+
+constexpr double kScreenPart = 0.8;
+constexpr int kMaximisedAfter = 250;  // milliseconds
+constexpr int kLayoutVersion = 1;
+constexpr int kSmallestIcon = 16;
+constexpr int kLargestIcon = 64;
+
+}  // namespace
+
+MainWindow::MainWindow(const MainWindowParts& parts)
+    : parts_(parts),
+      client_(new QWidget(this)),
+      toolBars_(parts.tools, parts.gateway, *this),
+      panels_(parts.tools, parts.forms, parts.gateway, *this),
+      formWindows_(parts.forms, parts.gateway, *this),
+      subscription_(parts.tools.observe(*this)) {
+  setObjectName("frmMain");
+  setWindowIcon(programIcon());
+  setAcceptDrops(true);
+  setContextMenuPolicy(Qt::DefaultContextMenu);
+  client_->setMinimumSize(200, 150);
+  parts_.surface.setParent(client_);
+  setCentralWidget(client_);
+  client_->installEventFilter(this);
+  formWindows_.isDocked = [this](const Form& form) { return panels_.isDocked(form); };
+  parts_.surface.drawing().onMoved = [this](const SurfaceArea& area) {
+    const QRectF place(area.left, area.top, area.width, area.height);
+    parts_.surface.setGeometry(place.translated(-client_->mapTo(this, QPointF())).toRect());
+  };
+  makeStatusBar();
+}
+
+MainWindow::~MainWindow() {
+  parts_.surface.setParent(nullptr);
+}
+
+void MainWindow::makeStatusBar() {
+  QStatusBar& bar = *statusBar();
+  bar.setSizeGripEnabled(true);
+  addStatusLabel(StatusPanel::FileName, 30);
+  addStatusLabel(StatusPanel::Prompt, 0);
+  for (const StatusPanel panel : {StatusPanel::X, StatusPanel::Y, StatusPanel::Z}) {
+    addStatusLabel(panel, 12);
+  }
+  addStatusLabel(StatusPanel::Zoom, 9);
+  for (const auto& [panel, label] : labels_) showPanel(panel);
+  parts_.status.onPanel = [this](StatusPanel panel) { showPanel(panel); };
+}
+
+// A label of no fixed width takes what the others leave.
+QLabel* MainWindow::addStatusLabel(StatusPanel panel, int letters) {
+  auto* label = new QLabel(this);
+  label->setTextFormat(Qt::PlainText);
+  label->setContentsMargins(8, 2, 8, 2);
+  label->setMinimumWidth(letters * fontMetrics().averageCharWidth());
+  if (letters == 0) label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  statusBar()->addWidget(label, letters == 0 ? 1 : 0);
+  labels_[panel] = label;
+  return label;
+}
+
+void MainWindow::showPanel(StatusPanel panel) {
+  const auto found = labels_.find(panel);
+  if (found == labels_.end()) return;
+  QString text = QString::fromStdString(parts_.status.panel(panel));
+  if (panel == StatusPanel::Zoom) text = "Zoom: " + text.trimmed();
+  found->second->setText(text);
+}
+
+void MainWindow::showAtStart() {
+  const QSize screen = this->screen()->availableSize();
+  if (width() > screen.width() * kScreenPart) resize(screen * kScreenPart);
+  showMaximized();
+  QTimer::singleShot(kMaximisedAfter, this, [this] { fillScreen(); });
+}
+
+// Without a window manager nobody carries out that a window is maximised.
+void MainWindow::fillScreen() {
+  const QRect available = screen()->availableGeometry();
+  const bool fills = width() > available.width() * kScreenPart;
+  if (isMaximized() && !fills) setGeometry(available);
+}
+
+void MainWindow::print(const std::string& line) {
+  statusLabel(StatusPanel::Prompt).setText(QString::fromStdString(line));
+}
+
+bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == client_ && event->type() == QEvent::Resize) tellClientArea();
+  if (watched == client_ && event->type() == QEvent::Move) tellClientArea();
+  return QMainWindow::eventFilter(watched, event);
+}
+
+void MainWindow::tellClientArea() {
+  const QPoint corner = client_->mapTo(this, QPoint());
+  const Bounds area{corner.x(), corner.y(), client_->width(), client_->height()};
+  parts_.gateway.enter("frmMain.abMain_Resize()", [&] { parts_.tools.setClientArea(area); });
+}
+
+// The question may itself ask for the window to be closed.
+void MainWindow::closeEvent(QCloseEvent* event) {
+  event->ignore();
+  if (closing_) return;
+  closing_ = true;
+  parts_.gateway.enter("frmMain.Form_QueryUnload(Cancel,UnloadMode)",
+                       [&] { event->setAccepted(!onQueryClose || onQueryClose()); });
+  closing_ = event->isAccepted();
+  if (closing_ && onClosed) onClosed();
+}
+
+// Keys that no field wanted are commands.
+void MainWindow::keyPressEvent(QKeyEvent* event) {
+  if (parts_.surface.handleKey(*event)) return;
+  QMainWindow::keyPressEvent(event);
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+  if (event->mimeData()->hasUrls()) event->acceptProposedAction();
+}
+
+void MainWindow::dropEvent(QDropEvent* event) {
+  std::vector<std::string> paths;
+  for (const QUrl& url : event->mimeData()->urls()) {
+    if (url.isLocalFile()) paths.push_back(url.toLocalFile().toStdString());
+  }
+  event->acceptProposedAction();
+  if (paths.empty() || !onFilesDropped) return;
+  parts_.gateway.enter("frmMain.picDrawing_OLEDragDrop(Data,Effect,Button,Shift,X,Y)",
+                       [&] { onFilesDropped(paths); });
+}
+
+// The toolkit's own state as one word, before it the size of the icons and the style of buttons.
+void MainWindow::keepArrangement(std::string& arrangement) {
+  arrangement = std::to_string(iconSize().width()) + " " +
+                std::to_string(static_cast<int>(toolButtonStyle())) + " " +
+                saveState(kLayoutVersion).toBase64().toStdString();
+}
+
+// Which bars are open was told before; an arrangement of an older program must not hide new ones.
+void MainWindow::restoreArrangement(const std::string& arrangement) {
+  const QStringList words = QString::fromStdString(arrangement).split(' ');
+  if (words.size() != 3) return;
+  const int pixels = std::clamp(words[0].toInt(), kSmallestIcon, kLargestIcon);
+  setIconSize(QSize(pixels, pixels));
+  const bool named = words[1].toInt() == Qt::ToolButtonTextUnderIcon;
+  setToolButtonStyle(named ? Qt::ToolButtonTextUnderIcon : Qt::ToolButtonIconOnly);
+  restoreState(QByteArray::fromBase64(words[2].toLatin1()), kLayoutVersion);
+  toolBars_.showOpenBands();
+  panels_.showOpenBands();
+}
+
+QMenu* MainWindow::createPopupMenu() {
+  auto* menu = new QMenu(this);
+  for (const Band& band : parts_.tools.bands()) {
+    if (band.kind != BandKind::ToolBar && band.kind != BandKind::Panel) continue;
+    QAction* entry = menu->addAction(QString::fromStdString(band.caption).remove('&'));
+    entry->setCheckable(true);
+    entry->setChecked(band.open);
+    connect(entry, &QAction::triggered, this, [this, name = band.name](bool open) {
+      parts_.gateway.enter("frmMain.abMain_BandOpen(band)", [&] {
+        open ? parts_.tools.openBand(name) : parts_.tools.closeBand(name);
+      });
+    });
+  }
+  return menu;
+}
+
+}  // namespace tess

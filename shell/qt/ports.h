@@ -1,0 +1,103 @@
+// The platform as the desktop has it: message boxes, file dialogs, forms in windows, the clock,
+// timers, the pointer and the event loop.
+// Owns: DesktopPrompts, DesktopClock, DesktopSurroundings, DesktopTimers, DesktopPointer,
+//       fileFilters.
+#pragma once
+
+#include <QCursor>
+#include <QElapsedTimer>
+#include <QPointer>
+#include <QStringList>
+#include <QTimer>
+#include <QWidget>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "core/host.h"
+#include "core/timers.h"
+#include "display/pointer.h"
+#include "shell/qt/gateway.h"
+#include "shell/qt/surface_widget.h"
+
+namespace tess {
+
+class DesktopPrompts : public Prompts {
+ public:
+  explicit DesktopPrompts(Gateway& gateway) : gateway_(gateway) {}
+
+  // What boxes stand over when no other window is active.
+  void setWindow(QWidget* window) { window_ = window; }
+
+  Answer showMessage(const Message& message) override;
+  std::optional<std::string> chooseFile(const FileRequest& request) override;
+  void showModal(Form& form) override;
+
+ private:
+  QWidget* owner() const;
+
+  Gateway& gateway_;
+  QPointer<QWidget> window_;
+};
+
+// The toolkit's filters of a pattern such as "*.CDM" or "Drawing Files (*.cdm)|*.cdm|...". File
+// names match in either case.
+QStringList fileFilters(const std::string& pattern);
+
+class DesktopClock : public Clock {
+ public:
+  DesktopClock() { elapsed_.start(); }
+  DateTime now() override;
+  double elapsedMilliseconds() override;
+
+ private:
+  QElapsedTimer elapsed_;
+};
+
+class DesktopSurroundings : public Surroundings {
+ public:
+  explicit DesktopSurroundings(const Gateway& gateway) : gateway_(gateway) { since_.start(); }
+
+  // Cheap enough to be called for every row: looks for events a few times per frame only.
+  void serveEvents() override;
+  void beep() override;
+  void printOnMainWindow(const std::string& text) override;
+
+  std::function<void(const std::string&)> onPrint;
+
+ private:
+  const Gateway& gateway_;
+  QElapsedTimer since_;
+};
+
+class DesktopTimers : public Timers {
+ public:
+  explicit DesktopTimers(Gateway& gateway) : gateway_(gateway) {}
+  std::unique_ptr<Timer> create(const TimerSpec& spec, std::function<void()> tick) override;
+
+ private:
+  Gateway& gateway_;
+};
+
+class DesktopPointer : public Pointer {
+ public:
+  explicit DesktopPointer(SurfaceWidget& surface);
+
+  int MousePointer() const override { return shape_; }
+  void setMousePointer(int shape) override;
+  void setMouseIcon(const std::string& path) override;
+  void warp(int pixelX, int pixelY) override;
+  bool isOverSurface() const override;
+  void releaseCapture() override;
+  void focusSurface() override;
+
+ private:
+  void showShape();
+
+  SurfaceWidget& surface_;
+  int shape_ = kDefaultShape;
+  QCursor icon_;
+  QTimer hourglassDelay_;  // a wait shorter than that shows no hourglass
+};
+
+}  // namespace tess

@@ -1,0 +1,70 @@
+// The drawing surface as a picture in memory, in the pixels of the screen it is meant for. It needs
+// no window; the widget that shows it asks for picture().
+// Owns: RasterSurface.
+#pragma once
+
+#include <QColor>
+#include <QImage>
+#include <QPainter>
+#include <QRect>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "display/drawing_target.h"
+
+namespace tess {
+
+// Copied lines are smooth, except those along the axes, which are sharp. Inverting lines are plain
+// pixels, so that drawing them a second time restores the picture bit by bit.
+class RasterSurface : public DrawingSurface {
+ public:
+  // `density` is the number of device pixels per pixel in each direction.
+  explicit RasterSurface(const SurfaceArea& area = {0, 0, 1, 1}, double density = 1);
+
+  double density() const { return density_; }
+  // A picture of another density starts empty.
+  void setDensity(double density);
+  // What is to be shown: while repainting is off, the picture as it was then.
+  const QImage& picture();
+
+  SurfaceArea area() const override { return area_; }
+  void Move(const SurfaceArea& area) override;
+  bool Enabled() const override { return enabled_; }
+  void setEnabled(bool enabled) override;
+  void setRepaint(bool on) override;
+  void Refresh() override;
+  void Cls() override;
+  void line(const WorldBox& ends, Rgb color) override;
+  void box(const WorldBox& corners, Rgb color, bool filled) override;
+  void arc(const WorldArc& arc, Rgb color) override;
+  void text(float x, float y, const std::string& text, Rgb color) override;
+
+  std::function<void(const QRect&)> onPainted;  // in device pixels; only while repainting is on
+  std::function<void()> onRefresh;
+  std::function<void(const SurfaceArea&)> onMoved;
+
+ private:
+  QPainter& painter(const QColor& ink, bool smooth);
+  void stopPainting() { painter_.reset(); }
+  void resizePicture();
+  void painted(const QRectF& box);
+  bool isInverting() const { return state().drawMode == PenMode::NotXor; }
+  bool paintsSmoothly() const { return !isInverting() && state().drawStyle == PenStyle::Solid; }
+  double penWidth() const;
+  QColor ink(Rgb color) const;
+  QPointF devicePoint(float x, float y) const;
+  double deviceLength(float length) const;
+  QPoint drawnIn(QPointF corner) const;
+  QRectF paintedBounds() const;
+
+  SurfaceArea area_;
+  double density_;
+  bool enabled_ = true;
+  bool repaint_ = true;
+  QImage picture_;
+  QImage shown_;                       // while repainting is off
+  std::unique_ptr<QPainter> painter_;  // kept open from one entity to the next
+};
+
+}  // namespace tess

@@ -1,0 +1,199 @@
+// Menus and tool bars.
+#include "shell/qt/tool_bars.h"
+
+#include <QMenuBar>
+#include <QToolButton>
+#include <array>
+#include <string_view>
+#include <utility>
+
+#include "shell/qt/icons.h"
+#include "shell/tool_bands.h"
+
+namespace tess {
+
+namespace {
+
+QString shown(std::string_view text) {
+  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+// Where tool bars lie at first, and which begin a row of their own.
+struct Place {
+  std::string_view band;
+  Qt::ToolBarArea area;
+};
+
+constexpr std::array kPlaces{Place{"barDraw", Qt::LeftToolBarArea},
+                             Place{"barCAM", Qt::RightToolBarArea}};
+
+Qt::ToolBarArea firstArea(const std::string& band) {
+  for (const Place& place : kPlaces) {
+    if (place.band == band) return place.area;
+  }
+  return Qt::TopToolBarArea;
+}
+
+// A menu shows the key beside the caption; the key itself is served by the drawing surface.
+QString menuText(const Tool& tool) {
+  QString caption = shown(tool.caption).trimmed();
+  if (tool.name.starts_with("miRecentFile")) return caption.replace('&', "&&");  // a path
+  for (const ToolText& text : toolTexts()) {
+    if (tool.name == text.name && *text.key != '\0') return caption + '\t' + text.key;
+  }
+  return caption;
+}
+
+QString plainText(const Tool& tool) {
+  return shown(tool.caption).trimmed().remove('&').remove("...");
+}
+
+}  // namespace
+
+ToolBars::ToolBars(ToolHost& host, Gateway& gateway, QMainWindow& window)
+    : host_(host), gateway_(gateway), window_(window), subscription_(host.observe(*this)) {
+  for (const std::string& name : host_.toolNames()) actions_[name] = makeAction(*host_.tool(name));
+  for (const Band& band : host_.bands()) {
+    if (band.kind == BandKind::Menu || band.kind == BandKind::PopUp) makeMenu(band);
+    if (band.kind == BandKind::ToolBar) makeToolBar(band);
+  }
+  addDropDowns();
+}
+
+QAction* ToolBars::action(const std::string& tool) const {
+  const auto found = actions_.find(tool);
+  return found == actions_.end() ? nullptr : found->second;
+}
+
+QToolBar* ToolBars::toolBar(const std::string& band) const {
+  const auto found = bars_.find(band);
+  return found == bars_.end() ? nullptr : found->second;
+}
+
+QMenu* ToolBars::menu(const std::string& band) const {
+  const auto found = menus_.find(band);
+  return found == menus_.end() ? nullptr : found->second;
+}
+
+QAction* ToolBars::makeAction(const Tool& tool) {
+  auto* action = new QAction(toolIcon(tool.name), menuText(tool), &window_);
+  action->setObjectName(shown(tool.name));
+  action->setIconText(plainText(tool));
+  action->setToolTip(tool.hint.empty() ? plainText(tool) : shown(tool.hint));
+  action->setEnabled(tool.enabled);
+  action->setVisible(tool.visible);
+  action->setMenuRole(QAction::NoRole);
+  action->setCheckable(tool.toggles || tool.checked);
+  action->setChecked(tool.checked);
+  QObject::connect(action, &QAction::triggered, &window_,
+                   [this, name = tool.name] { click(name); });
+  return action;
+}
+
+// The toolkit has turned its own check mark over by now; the model alone decides.
+void ToolBars::click(const std::string& tool) {
+  gateway_.enter("frmMain.abMain_ToolClick(tool)", [&] { host_.click(tool); });
+  if (const Tool* clicked = host_.tool(tool)) showChecked(*clicked);
+}
+
+// Only a toggle is checkable for good, or every entry of a menu would have an empty box.
+void ToolBars::showChecked(const Tool& tool) {
+  QAction* action = actions_.at(tool.name);
+  action->setCheckable(tool.toggles || tool.checked);
+  action->setChecked(tool.checked);
+}
+
+void ToolBars::makeMenu(const Band& band) {
+  auto* menu = new QMenu(shown(band.caption), &window_);
+  menu->setObjectName(shown(band.name));
+  if (band.kind == BandKind::Menu) window_.menuBar()->addMenu(menu);
+  menu->setToolTipsVisible(false);
+  fill(*menu, band);
+  QObject::connect(menu, &QMenu::aboutToShow, menu,
+                   [this, name = band.name] { setOpen(name, true); });
+  QObject::connect(menu, &QMenu::aboutToHide, menu,
+                   [this, name = band.name] { setOpen(name, false); });
+  QObject::connect(menu, &QMenu::triggered, menu, [this] {
+    if (onMenuCommand) onMenuCommand();
+  });
+  menus_[band.name] = menu;
+}
+
+void ToolBars::makeToolBar(const Band& band) {
+  auto* bar = new QToolBar(shown(band.caption).remove('&'), &window_);
+  bar->setObjectName(shown(band.name));
+  window_.addToolBar(firstArea(band.name), bar);
+  fill(*bar, band);
+  bar->setVisible(band.open);
+  bars_[band.name] = bar;
+}
+
+void ToolBars::fill(QWidget& widget, const Band& band) {
+  for (QAction* old : widget.actions()) {
+    widget.removeAction(old);
+    if (old->isSeparator()) old->deleteLater();
+  }
+  for (const std::string& name : band.tools) {
+    if (QAction* known = action(name)) widget.addAction(known);
+    if (!name.empty()) continue;
+    auto* separator = new QAction(&widget);
+    separator->setSeparator(true);
+    widget.addAction(separator);
+  }
+}
+
+// Buttons of tools that have a pop-up get an arrow for it.
+void ToolBars::addDropDowns() {
+  for (const auto& [name, action] : actions_) {
+    QMenu* popUp = menu(host_.tool(name)->popUp);
+    if (popUp == nullptr) continue;
+    for (const auto& [band, bar] : bars_) {
+      auto* button = qobject_cast<QToolButton*>(bar->widgetForAction(action));
+      if (button == nullptr) continue;
+      button->setMenu(popUp);
+      button->setPopupMode(QToolButton::MenuButtonPopup);
+    }
+  }
+}
+
+void ToolBars::setOpen(const std::string& band, bool open) {
+  gateway_.enter(open ? "frmMain.abMain_BandOpen(band)" : "frmMain.abMain_BandClose(band)", [&] {
+    if (open) {
+      host_.openBand(band);
+    } else {
+      host_.closeBand(band);
+    }
+  });
+}
+
+void ToolBars::showOpenBands() {
+  for (const auto& [name, bar] : bars_) bar->setVisible(host_.band(name)->open);
+}
+
+void ToolBars::toolChanged(const Tool& tool, ToolProperty property) {
+  QAction* action = this->action(tool.name);
+  if (action == nullptr) return;
+  switch (property) {
+    case ToolProperty::Caption:
+      action->setText(menuText(tool));
+      action->setIconText(plainText(tool));
+      return;
+    case ToolProperty::Enabled:
+      return action->setEnabled(tool.enabled);
+    case ToolProperty::Visible:
+      return action->setVisible(tool.visible);
+    case ToolProperty::Checked:
+      return showChecked(tool);
+  }
+}
+
+void ToolBars::bandChanged(const Band& band, BandProperty property) {
+  QToolBar* bar = toolBar(band.name);
+  if (property == BandProperty::Open && bar != nullptr) bar->setVisible(band.open);
+  if (property != BandProperty::Tools) return;
+  if (bar != nullptr) fill(*bar, band);
+  if (QMenu* list = menu(band.name)) fill(*list, band);
+  addDropDowns();
+}
+
+}  // namespace tess

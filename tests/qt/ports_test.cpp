@@ -1,0 +1,143 @@
+// The desktop's ports: timers, events, message boxes, pointer, and the door into the program.
+#include "shell/qt/ports.h"
+
+#include <QElapsedTimer>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTimer>
+#include <gtest/gtest.h>
+#include <stdexcept>
+#include <vector>
+
+#include "tests/qt/desktop_test_support.h"
+
+namespace tess {
+namespace {
+
+void wait(int milliseconds) {
+  QElapsedTimer time;
+  time.start();
+  while (time.elapsed() < milliseconds) QCoreApplication::processEvents();
+}
+
+TEST(DesktopTimers, AOneShotTicksOnceAndIsOffByThen) {
+  testing::toolkit();
+  Gateway gateway(testing::passThrough());
+  DesktopTimers timers(gateway);
+  std::unique_ptr<Timer> timer;
+  std::vector<bool> enabledAtTick;
+  timer = timers.create({"tmrEventEnable", 5, /*oneShot=*/true},
+                        [&] { enabledAtTick.push_back(timer->enabled()); });
+  EXPECT_FALSE(timer->enabled());
+  timer->setEnabled(true);
+  wait(60);
+  EXPECT_EQ(enabledAtTick, std::vector<bool>{false});
+}
+
+TEST(DesktopTimers, ATimerTicksUntilItIsOffAndMayEndItself) {
+  testing::toolkit();
+  Gateway gateway(testing::passThrough());
+  DesktopTimers timers(gateway);
+  int ticks = 0;
+  std::unique_ptr<Timer> timer;
+  timer = timers.create({"tmrTaskQueue", 5}, [&] {
+    if (++ticks == 3) timer.reset();
+  });
+  timer->setEnabled(true);
+  wait(80);
+  EXPECT_EQ(ticks, 3);
+  EXPECT_EQ(timer, nullptr);
+}
+
+TEST(Gateway, CountsWhatTheOperatorDoesButNotTimers) {
+  Gateway gateway(testing::passThrough());
+  std::vector<bool> busy;
+  gateway.enter("command", [&] { busy.push_back(gateway.isBusy()); });
+  gateway.pass("timer", [&] { busy.push_back(gateway.isBusy()); });
+  EXPECT_EQ(busy, (std::vector<bool>{true, false}));
+}
+
+TEST(Gateway, TellsThatTheProgramCannotGoOn) {
+  Gateway gateway(testing::passThrough());
+  std::string told;
+  gateway.onEnd = [&](const std::string& line) { told = line; };
+  gateway.enter("load", [] { throw EndProgram("no setup"); });
+  EXPECT_EQ(told, "no setup");
+  EXPECT_FALSE(gateway.isBusy());
+}
+
+TEST(DesktopSurroundings, ServesTimersWhileACommandRunsButKeepsTheOperatorWaiting) {
+  testing::toolkit();
+  Gateway gateway(testing::passThrough());
+  DesktopSurroundings surroundings(gateway);
+  bool ticked = false;
+  QTimer::singleShot(0, [&] { ticked = true; });
+  gateway.enter("command", [&] {
+    QElapsedTimer time;
+    time.start();
+    while (time.elapsed() < 30) surroundings.serveEvents();
+  });
+  EXPECT_TRUE(ticked);
+}
+
+struct BoxCase {
+  const char* name;
+  MessageButtons buttons;
+  QMessageBox::StandardButton pressed;
+  Answer answer;
+};
+
+TEST(DesktopPrompts, ShowTheTextAndGiveTheButtonsAnswer) {
+  testing::toolkit();
+  Gateway gateway(testing::passThrough());
+  DesktopPrompts prompts(gateway);
+  const BoxCase cases[] = {
+      {"ok", MessageButtons::Ok, QMessageBox::Ok, Answer::Ok},
+      {"cancel", MessageButtons::OkCancel, QMessageBox::Cancel, Answer::Cancel},
+      {"yes", MessageButtons::YesNo, QMessageBox::Yes, Answer::Yes},
+      {"no", MessageButtons::YesNoCancel, QMessageBox::No, Answer::No},
+      {"neither", MessageButtons::YesNoCancel, QMessageBox::Cancel, Answer::Cancel},
+  };
+  for (const BoxCase& row : cases) {
+    SCOPED_TRACE(row.name);
+    QTimer::singleShot(0, [&] {
+      auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+      ASSERT_NE(box, nullptr);
+      EXPECT_EQ(box->text(), "Drawing not saved! <b>Save</b> now?");
+      EXPECT_EQ(box->windowTitle(), "Tessimo Mill");
+      box->button(row.pressed)->click();
+    });
+    EXPECT_EQ(prompts.showMessage({.text = "Drawing not saved! <b>Save</b> now?",
+                                   .title = "Tessimo Mill",
+                                   .icon = MessageIcon::Question,
+                                   .buttons = row.buttons}),
+              row.answer);
+  }
+}
+
+TEST(DesktopPointer, KeepsItsShape) {
+  testing::toolkit();
+  SurfaceWidget surface;
+  DesktopPointer pointer(surface);
+  pointer.setMouseIcon("/no/such/pansmall.ico");
+  pointer.setMousePointer(kCustomShape);
+  EXPECT_EQ(pointer.MousePointer(), kCustomShape);
+  EXPECT_EQ(surface.cursor().shape(), Qt::OpenHandCursor) << "a missing icon has a stand-in";
+  pointer.setMousePointer(kDefaultShape);
+  EXPECT_EQ(surface.cursor().shape(), Qt::ArrowCursor);
+}
+
+TEST(DesktopPointer, ShowsAnHourglassOnlyWhenTheWaitIsLong) {
+  testing::toolkit();
+  SurfaceWidget surface;
+  DesktopPointer pointer(surface);
+  pointer.setMousePointer(kHourglassShape);
+  EXPECT_EQ(surface.cursor().shape(), Qt::ArrowCursor);
+  wait(260);
+  EXPECT_EQ(surface.cursor().shape(), Qt::WaitCursor);
+  pointer.setMousePointer(kDefaultShape);
+  EXPECT_EQ(surface.cursor().shape(), Qt::ArrowCursor);
+}
+
+}  // namespace
+}  // namespace tess
