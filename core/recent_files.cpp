@@ -45,7 +45,7 @@ RecentFiles entriesOf(FieldReader& fields) {
 }  // namespace
 
 std::string recentFileList(const Session& session) {
-  return session.appfolder + "CNC" + kSeparator + "TSMO.MRU";
+  return session.appfolder + "CNC" + kSeparator + kRecentFileName;
 }
 
 void addRecent(Session& session, std::string_view path) {

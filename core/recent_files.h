@@ -1,5 +1,6 @@
 // The nine most recently used drawings and the text file that keeps them between runs.
-// Owns: addRecent, tidyRecent, readRecent, writeRecent, recentFileList, recentCaption.
+// Owns: addRecent, tidyRecent, readRecent, writeRecent, kRecentFileName,
+//       recentFileList, recentCaption.
 #pragma once
 
 #include <string>
@@ -15,7 +16,8 @@ void addRecent(Session& session, std::string_view path);
 // Drops later duplicates, closes the gaps and announces the list.
 void tidyRecent(Session& session);
 
-// The full path of TSMO.MRU in the CNC folder.
+// The name of the list's file, and its full path in the CNC folder.
+inline constexpr char kRecentFileName[] = "TSMO.MRU";
 std::string recentFileList(const Session& session);
 
 // Fill the list from the file, and write it, without entries whose files are gone. A list file that

@@ -40,7 +40,7 @@ local allowance = 0.01                                          -- for the finis
 -- Feeds, within the range that the tool chest gives for each tool.
 local spotFeed, drillFeed, roughFeed, finishFeed = 8, 12, 12, 10
 
--- Shapes ---------------------------------------------------------------------------------------
+-- Shapes -----------------------------------------------------------------------------------------
 -- A shape is a list of elements, each beginning where the one before ends: lines (kind 1),
 -- clockwise arcs (kind 2) and counter-clockwise arcs (kind 3).
 
@@ -120,7 +120,7 @@ local function toLeft(shape, distance)
   return moved
 end
 
--- The part ------------------------------------------------------------------------------------
+-- The part ---------------------------------------------------------------------------------------
 -- The outline runs clockwise and the slot counter-clockwise: a cutter on the left of either one
 -- has the material on its right, which is climb milling.
 
@@ -153,7 +153,7 @@ local holes = {
   { left + leg / 2, top - 0.5 },
 }
 
--- The drawing -------------------------------------------------------------------------------------
+-- The drawing ------------------------------------------------------------------------------------
 
 local function draw(shape)
   for _, e in ipairs(shape) do
@@ -166,7 +166,7 @@ local function drawHole(x, y, diameter)
   add_segment { type = CIRCLE, x0 = edge, y0 = y, x1 = edge, y1 = y, xc = x, yc = y }
 end
 
--- The tool path -----------------------------------------------------------------------------------
+-- The tool path ----------------------------------------------------------------------------------
 
 local group, tool = 0, 0
 local atX, atY = 0, 0 -- where the tool stands
@@ -234,8 +234,8 @@ end
 -- After a tool change the generator goes down to the first row's depth at rapid speed. A first row
 -- at the retract height makes that harmless; the next one goes down at the plunge rate. It stands
 -- elsewhere than the last hole, so that its X and Y words are written: where the change itself left
--- the machine does not matter then. Half circles lead from the middle of the slot to its wall and back, so that each level begins where
--- the one above ended.
+-- the machine does not matter then. Half circles lead from the middle of the slot to its wall and
+-- back, so that each level begins where the one above ended.
 local function millSlot()
   startGroup(endMill)
   rapid(slotX, slotY)
@@ -274,7 +274,7 @@ local function millOutline()
   rapid(setting["x start pos"], setting["y start pos"])
 end
 
--- Settings that the drawing carries ------------------------------------------------------------------
+-- Settings that the drawing carries --------------------------------------------------------------
 
 setting["drawing title"] = "L bracket"
 setting["designer name"] = "bracket.lua"

@@ -3,9 +3,11 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
 #include <system_error>
 
 #include "core/file_system.h"
+#include "core/recent_files.h"
 #include "core/runtime_failure.h"
 
 namespace tess {
@@ -51,6 +53,13 @@ void fillFolder(const std::string& folder, const std::string& shipped) {
   }
 }
 
+// Without it the first drawing would have no place; a read-only folder simply stays without. Its
+// list of recent files starts empty, so that the first start has no missing file to report.
+void makeDrawingFolder(const std::string& folder) {
+  std::error_code ignored;
+  if (fs::create_directory(folder, ignored)) std::ofstream(folder + kSeparator + kRecentFileName);
+}
+
 std::string chosenFolder(const FolderRequest& request) {
   if (request.home) return existingFolder(*request.home);
   if (const auto named = request.environment("TESSIMO_HOME")) return existingFolder(*named);
@@ -76,10 +85,7 @@ FolderRequest folderRequest(std::optional<std::string> home) {
 
 std::string programFolder(const FolderRequest& request) {
   std::string folder = chosenFolder(request);
-  // Without it the first drawing would have no place; a read-only folder simply stays without.
-  std::error_code ignored;
-  if (!folderExists(folder + kDrawingFolder))
-    fs::create_directory(folder + kDrawingFolder, ignored);
+  if (!folderExists(folder + kDrawingFolder)) makeDrawingFolder(folder + kDrawingFolder);
   return folder;
 }
 

@@ -20,23 +20,39 @@ struct FileName {
   string name;
 };
 
-// The file that a path means; a bare name stands in the drawing folder.
-FileName fileNamed(const DrawingStore& store, const string& path, const char* extension) {
-  FileName file{.folder = {}, .name = {}};
-  file.name = splitPath(file.folder, path, extension);
-  file.folder = file.folder.empty() ? store.drawingpath : withSeparator(fullPath(file.folder));
-  return file;
+// Where a file with a bare name belongs.
+using FolderRule = string (*)(const Script& script, const string& name);
+
+string drawingFolder(const Script& script, const string& /*name*/) {
+  return script.application.store.drawingpath;
 }
 
-FileName allowedFile(Script& script, lua_State* L, const string& path, const char* extension) {
-  const FileName file = fileNamed(script.application.store, path, extension);
+// A drawing to be read is the first of its name, of those that the script may use, in the drawing
+// folder, beside the script and in the working folder.
+string folderHolding(const Script& script, const string& name) {
+  const string drawings = script.application.store.drawingpath;
+  string working;
+  splitPath(working, fullPath(name), kDefaultExtension);
+  for (const string& folder : {drawings, script.folder, working}) {
+    if (fileExists(folder + name) && !script.folders.refusal(folder + name)) return folder;
+  }
+  return drawings;
+}
+
+FileName allowedFile(Script& script, lua_State* L, const string& path, const char* extension,
+                     FolderRule folderOfBareName) {
+  FileName file{.folder = {}, .name = {}};
+  file.name = splitPath(file.folder, path, extension);
   if (file.name.empty()) raise(L, "'" + path + "' names no file");
+  file.folder = file.folder.empty() ? folderOfBareName(script, file.name)
+                                    : withSeparator(fullPath(file.folder));
   requireAllowed(script.folders, file.folder + file.name);
   return file;
 }
 
 int openDrawing(Script& script, lua_State* L) {
-  const FileName file = allowedFile(script, L, valueAt<string>(L, 1), kDefaultExtension);
+  const string path = valueAt<string>(L, 1);
+  const FileName file = allowedFile(script, L, path, kDefaultExtension, folderHolding);
   runReported(script, "load_Drawing", [&] {
     Session& session = script.application.session;
     session.selectedfolder = file.folder;
@@ -49,7 +65,8 @@ int openDrawing(Script& script, lua_State* L) {
 }
 
 int saveDrawing(Script& script, lua_State* L) {
-  const FileName file = allowedFile(script, L, valueAt<string>(L, 1), kDefaultExtension);
+  const string path = valueAt<string>(L, 1);
+  const FileName file = allowedFile(script, L, path, kDefaultExtension, drawingFolder);
   runReported(script, "save_Drawing", [&] {
     Session& session = script.application.session;
     session.store.drawingpath = session.selectedfolder = file.folder;
@@ -94,7 +111,7 @@ int makeCnc(Script& script, lua_State* L) {
   if (lua_isnoneornil(L, 2)) {
     requireAllowed(script.folders, programFile(application.store));
   } else {
-    const FileName file = allowedFile(script, L, valueAt<string>(L, 2), "CNC");
+    const FileName file = allowedFile(script, L, valueAt<string>(L, 2), "CNC", drawingFolder);
     path = file.folder + file.name;
   }
   bool made = false;

@@ -84,7 +84,8 @@ void addFileOptions(CLI::App& app, Options& options) {
       ->excludes(kRun)
       ->excludes(kPlay)
       ->excludes(make);
-  app.add_option("DRAWING", options.line.drawing, "The drawing to open")
+  app.add_option("DRAWING", options.line.drawing,
+                 "The drawing to open, to plot, or to make a program of")
       ->excludes(kRun)
       ->excludes(kPlay);
 }

@@ -28,6 +28,7 @@ struct Script {
   const PictureWriter& writePicture;  // empty where there is none
   const AllowedFolders& folders;
   std::ostream& out;
+  std::string folder{};                     // of the script's file, with its last separator
   std::deque<Variable> variables{};         // what the closures of Lua point to; never shrinks
   bool started = false;                     // the program is up, and the script itself runs
   std::optional<std::string> programEnd{};  // why the script is over for good

@@ -150,6 +150,12 @@ std::optional<std::string> protectedRun(lua_State* L, Run run) {
   return message == nullptr ? "unknown error" : message;
 }
 
+std::string folderOf(const ScriptJob& job) {
+  std::string folder;
+  splitPath(folder, fullPath(job.path), "lua");
+  return folder;
+}
+
 ExitStatus fail(std::ostream& err, std::string_view text) {
   say(err, text);
   return ExitStatus::JobFailed;
@@ -208,9 +214,7 @@ class Attached {
 
 AllowedFolders foldersOf(const ScriptJob& job) {
   AllowedFolders folders;
-  std::string scriptFolder = "./";
-  splitPath(scriptFolder, job.path, "lua");
-  folders.allow(scriptFolder);
+  folders.allow(folderOf(job));
   folders.allow(job.appfolder + "CNC");
   for (const std::string& folder : job.folders) folders.allow(folder);
   for (const std::string& argument : job.arguments) folders.allowNamedBy(argument);

@@ -91,6 +91,10 @@ QIcon toolIcon(const std::string& tool) {
   return themedIcon(iconFile(tool));
 }
 
+QIcon namedIcon(const QString& name) {
+  return themedIcon(QString(":/icons/%1.svg").arg(name));
+}
+
 QIcon programIcon() {
   return QIcon(":/icons/tessimo.svg");
 }

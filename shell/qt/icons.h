@@ -1,5 +1,5 @@
 // The icons of tools, drawn from vector files in the colours of the present theme.
-// Owns: toolIcon, programIcon, iconFile.
+// Owns: iconFile, toolIcon, namedIcon, programIcon.
 #pragma once
 
 #include <QIcon>
@@ -13,6 +13,8 @@ QString iconFile(const std::string& tool);
 
 // An empty icon for a tool that has none.
 QIcon toolIcon(const std::string& tool);
+// One of the icons that belong to no tool.
+QIcon namedIcon(const QString& name);
 QIcon programIcon();
 
 }  // namespace tess

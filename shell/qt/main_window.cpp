@@ -6,6 +6,7 @@
 #include <QMimeData>
 #include <QScreen>
 #include <QStatusBar>
+#include <QTimer>
 #include <QUrl>
 #include <algorithm>
 
@@ -16,6 +17,7 @@ namespace tess {
 namespace {
 
 constexpr double kScreenPart = 0.8;
+constexpr int kMaximisedAfter = 250;  // milliseconds
 constexpr int kLayoutVersion = 1;
 constexpr int kSmallestIcon = 16;
 constexpr int kLargestIcon = 64;
@@ -86,6 +88,14 @@ void MainWindow::showAtStart() {
   const QSize screen = this->screen()->availableSize();
   if (width() > screen.width() * kScreenPart) resize(screen * kScreenPart);
   showMaximized();
+  QTimer::singleShot(kMaximisedAfter, this, [this] { fillScreen(); });
+}
+
+// Without a window manager nobody carries out that a window is maximised.
+void MainWindow::fillScreen() {
+  const QRect available = screen()->availableGeometry();
+  const bool fills = width() > available.width() * kScreenPart;
+  if (isMaximized() && !fills) setGeometry(available);
 }
 
 void MainWindow::print(const std::string& line) {
@@ -117,7 +127,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
 
 // Keys that no field wanted are commands.
 void MainWindow::keyPressEvent(QKeyEvent* event) {
-  if (focusWidget() != &parts_.surface && parts_.surface.handleKey(*event)) return;
+  if (parts_.surface.handleKey(*event)) return;
   QMainWindow::keyPressEvent(event);
 }
 

@@ -63,6 +63,7 @@ class MainWindow : public QMainWindow, public ToolHostObserver {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  void fillScreen();
   void makeStatusBar();
   QLabel* addStatusLabel(StatusPanel panel, int letters);
   void showPanel(StatusPanel panel);

@@ -2,6 +2,7 @@
 #include "shell/qt/panels.h"
 
 #include <QCloseEvent>
+#include <QKeyEvent>
 #include <QVBoxLayout>
 
 namespace tess {
@@ -33,6 +34,14 @@ class Panels::Dock : public QDockWidget {
   void closeEvent(QCloseEvent* event) override {
     event->ignore();
     if (onOperatorClosed) onOperatorClosed();
+  }
+
+  // What a field leaves of its keys is no command of the drawing, but for the function keys.
+  void keyPressEvent(QKeyEvent* event) override {
+    if (event->key() >= Qt::Key_F1 && event->key() <= Qt::Key_F35) return event->ignore();
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (!enter || !view_) return;
+    view_->actions().run("Form_Enter", [this] { view_->form()->pressDefault(); });
   }
 
  private:

@@ -11,6 +11,7 @@
 
 #include "core/file_system.h"
 #include "core/form.h"
+#include "core/version.h"
 #include "shell/qt/form_window.h"
 
 namespace tess {
@@ -113,7 +114,8 @@ QWidget* DesktopPrompts::owner() const {
 
 Answer DesktopPrompts::showMessage(const Message& message) {
   const ButtonSet& set = buttonSet(message.buttons);
-  QMessageBox box(boxIcon(message.icon), QString::fromStdString(message.title),
+  const std::string title = message.title.empty() ? std::string(kProductName) : message.title;
+  QMessageBox box(boxIcon(message.icon), QString::fromStdString(title),
                   QString::fromStdString(message.text), set.shown, owner());
   box.setTextFormat(Qt::PlainText);
   box.setDefaultButton(set.first);

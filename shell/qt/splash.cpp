@@ -1,6 +1,7 @@
 // The splash.
 #include "shell/qt/splash.h"
 
+#include <QScreen>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -28,7 +29,7 @@ Splash::Splash(const Session& session, Gateway& gateway, QWidget& owner)
 void Splash::show(const Session& session, Gateway& gateway, QWidget& owner) {
   auto* splash = new Splash(session, gateway, owner);
   splash->adjustSize();
-  splash->move(owner.geometry().center() - splash->rect().center());
+  splash->move(owner.screen()->availableGeometry().center() - splash->rect().center());
   splash->setVisible(true);
   QTimer::singleShot(kShownFor, splash, [splash] { splash->close(); });
 }

@@ -4,6 +4,10 @@
 #include <QApplication>
 #include <QProxyStyle>
 #include <QStyleFactory>
+#include <array>
+#include <utility>
+
+#include "shell/qt/icons.h"
 
 namespace tess {
 
@@ -11,23 +15,46 @@ namespace {
 
 struct Shades {
   const char* window;  // bars, panels, dialogs
-  const char* base;    // fields and lists
+  const char* base;    // fields, lists and menus
   const char* raised;  // buttons
   const char* text;
-  const char* muted;  // of what is disabled, and of hints
+  const char* muted;  // what is disabled
   const char* border;
   const char* hover;
   const char* pressed;
+  const char* edge;  // of what is pressed in
   const char* accent;
-  const char* onAccent;  // text on the accent
-  const char* iconAccent;
+  const char* bright;  // the accent under the pointer
+  const char* onAccent;
   const char* iconPath;
 };
 
-constexpr Shades kLight{"#f4f5f7", "#ffffff", "#fcfcfd", "#1d2430", "#98a1ad", "#d3d8df",
-                        "#e4e9f0", "#d6e4f5", "#1f6fc4", "#ffffff", "#1f6fc4", "#d9661f"};
-constexpr Shades kDark{"#25282d", "#1b1d21", "#31353b", "#e3e6ea", "#777e88", "#3d4249",
-                       "#363b43", "#2c4766", "#3d8fe0", "#ffffff", "#5aa9f5", "#f2924f"};
+constexpr Shades kLight{.window = "#f4f5f7",
+                        .base = "#ffffff",
+                        .raised = "#ffffff",
+                        .text = "#1d2430",
+                        .muted = "#98a1ad",
+                        .border = "#d0d6dd",
+                        .hover = "#e4e9f0",
+                        .pressed = "#d6e4f5",
+                        .edge = "#86b3e3",
+                        .accent = "#1f6fc4",
+                        .bright = "#3683d6",
+                        .onAccent = "#ffffff",
+                        .iconPath = "#d9661f"};
+constexpr Shades kDark{.window = "#25282d",
+                       .base = "#1b1d21",
+                       .raised = "#33373e",
+                       .text = "#e3e6ea",
+                       .muted = "#777e88",
+                       .border = "#41464e",
+                       .hover = "#373c44",
+                       .pressed = "#2c4766",
+                       .edge = "#3f6fa3",
+                       .accent = "#5aa9f5",
+                       .bright = "#78baf8",
+                       .onAccent = "#10233a",
+                       .iconPath = "#f2924f"};
 
 const Shades& shadesOf(bool dark) {
   return dark ? kDark : kLight;
@@ -53,37 +80,73 @@ QPalette paletteOf(const Shades& shades) {
   return palette;
 }
 
-// %1 window, %2 base, %3 border, %4 hover, %5 pressed, %6 accent, %7 muted, %8 text
+// Words that begin with @ stand for shades.
 constexpr const char* kSheet = R"(
-QMainWindow::separator { background: %3; width: 1px; height: 1px; }
-QMenuBar { background: %1; padding: 2px 4px; border-bottom: 1px solid %3; }
+QMainWindow::separator { background: @border; width: 1px; height: 1px; }
+QMenuBar { background: @window; padding: 2px 4px; border-bottom: 1px solid @border; }
 QMenuBar::item { padding: 4px 9px; border-radius: 4px; background: transparent; }
-QMenuBar::item:selected { background: %4; }
-QMenu { background: %2; border: 1px solid %3; padding: 5px; }
+QMenuBar::item:selected { background: @hover; }
+QMenu { background: @base; border: 1px solid @border; padding: 5px; }
 QMenu::item { padding: 5px 26px 5px 8px; border-radius: 4px; }
-QMenu::item:selected { background: %4; color: %8; }
-QMenu::item:disabled { color: %7; }
+QMenu::item:selected { background: @hover; color: @text; }
+QMenu::item:disabled { color: @muted; }
 QMenu::icon { padding-left: 6px; }
-QMenu::icon:checked { background: %5; border-radius: 4px; }
-QMenu::separator { height: 1px; background: %3; margin: 5px 6px; }
-QToolBar { background: %1; border: 0; padding: 3px; spacing: 1px; }
-QToolBar::separator { background: %3; width: 1px; height: 1px; margin: 4px; }
+QMenu::icon:checked { background: @pressed; border-radius: 4px; }
+QMenu::separator { height: 1px; background: @border; margin: 5px 6px; }
+QToolBar { background: @window; border: 0; padding: 3px; spacing: 1px; }
+QToolBar::separator { background: @border; width: 1px; height: 1px; margin: 4px; }
 QToolBar QToolButton { border: 1px solid transparent; border-radius: 5px; padding: 3px; }
-QToolBar QToolButton:hover { background: %4; }
-QToolBar QToolButton:pressed { background: %5; }
-QToolBar QToolButton:checked { background: %5; border-color: %6; }
+QToolBar QToolButton:hover { background: @hover; }
+QToolBar QToolButton:pressed { background: @pressed; }
+QToolBar QToolButton:checked { background: @pressed; border-color: @edge; }
 QToolBar QToolButton[popupMode="1"] { padding-right: 14px; }
 QToolBar QToolButton::menu-button { border: 0; width: 12px; }
-QStatusBar { background: %1; border-top: 1px solid %3; }
+QStatusBar { background: @window; border-top: 1px solid @border; }
 QStatusBar::item { border: 0; }
-QToolTip { background: %2; color: %8; border: 1px solid %3; padding: 4px 6px; }
-QDockWidget::title { background: %1; padding: 6px 8px; border-bottom: 1px solid %3; }
+QToolTip { background: @base; color: @text; border: 1px solid @border; padding: 4px 6px; }
+QDockWidget::title { background: @window; padding: 6px 8px; border-bottom: 1px solid @border; }
+QGroupBox { border: 1px solid @border; border-radius: 6px; margin-top: 9px; padding-top: 6px; }
+QGroupBox::title { subcontrol-origin: margin; left: 9px; padding: 0 4px; }
+QGroupBox:disabled { color: @muted; }
+QPushButton { background: @raised; border: 1px solid @border; border-radius: 5px;
+  padding: 5px 16px; min-width: 50px; min-height: 18px; }
+QPushButton:hover { background: @hover; }
+QPushButton:focus { border-color: @accent; }
+QPushButton:pressed { background: @pressed; }
+QPushButton:default { background: @accent; border-color: @accent; color: @onAccent; }
+QPushButton:default:hover { background: @bright; }
+QPushButton:default:pressed { background: @edge; }
+QPushButton:disabled { background: @window; border-color: @border; color: @muted; }
 )";
 
 QString sheetOf(const Shades& shades) {
-  return QString(kSheet).arg(shades.window, shades.base, shades.border, shades.hover,
-                             shades.pressed, shades.accent, shades.muted, shades.text);
+  const std::array<std::pair<const char*, const char*>, 12> words{{{"@window", shades.window},
+                                                                   {"@base", shades.base},
+                                                                   {"@raised", shades.raised},
+                                                                   {"@text", shades.text},
+                                                                   {"@muted", shades.muted},
+                                                                   {"@border", shades.border},
+                                                                   {"@hover", shades.hover},
+                                                                   {"@pressed", shades.pressed},
+                                                                   {"@edge", shades.edge},
+                                                                   {"@accent", shades.accent},
+                                                                   {"@bright", shades.bright},
+                                                                   {"@onAccent", shades.onAccent}}};
+  QString sheet(kSheet);
+  for (const auto& [word, shade] : words) sheet.replace(word, shade);
+  return sheet;
 }
+
+constexpr int kMessageIcon = 40;  // pixels
+
+// Icons of the toolkit's own boxes and docks that ours replace.
+constexpr std::array<std::pair<QStyle::StandardPixmap, const char*>, 6> kStandardIcons{
+    {{QStyle::SP_MessageBoxInformation, "message_information"},
+     {QStyle::SP_MessageBoxWarning, "message_warning"},
+     {QStyle::SP_MessageBoxCritical, "message_error"},
+     {QStyle::SP_MessageBoxQuestion, "message_question"},
+     {QStyle::SP_TitleBarCloseButton, "dock_close"},
+     {QStyle::SP_TitleBarNormalButton, "dock_float"}}};
 
 // Room between things, the same everywhere.
 class SpaciousStyle : public QProxyStyle {
@@ -105,15 +168,38 @@ class SpaciousStyle : public QProxyStyle {
         return 22;
       case PM_SmallIconSize:
         return 18;
+      case PM_MessageBoxIconSize:
+        return kMessageIcon;
       default:
         return QProxyStyle::pixelMetric(metric, option, widget);
     }
   }
 
+  int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                QStyleHintReturn* answer) const override {
+    if (hint == SH_DialogButtonBox_ButtonsHaveIcons) return 0;
+    return QProxyStyle::styleHint(hint, option, widget, answer);
+  }
+
+  QIcon standardIcon(StandardPixmap which, const QStyleOption* option,
+                     const QWidget* widget) const override {
+    for (const auto& [known, name] : kStandardIcons) {
+      if (known == which) return namedIcon(name);
+    }
+    return QProxyStyle::standardIcon(which, option, widget);
+  }
+
+  QPixmap standardPixmap(StandardPixmap which, const QStyleOption* option,
+                         const QWidget* widget) const override {
+    for (const auto& [known, name] : kStandardIcons) {
+      if (known == which) return namedIcon(name).pixmap(kMessageIcon);
+    }
+    return QProxyStyle::standardPixmap(which, option, widget);
+  }
+
   QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
                          const QWidget* widget) const override {
     const QSize plain = QProxyStyle::sizeFromContents(type, option, size, widget);
-    if (type == CT_PushButton) return plain.expandedTo({84, 30});
     if (type == CT_LineEdit || type == CT_ComboBox) return plain.expandedTo({0, 28});
     return plain;
   }
@@ -141,7 +227,7 @@ void applyTheme(QApplication& application, bool dark) {
 
 IconColors iconColors(const QPalette& palette) {
   const Shades& shades = shadesOf(isDark(palette));
-  return {QColor(shades.text), QColor(shades.iconAccent), QColor(shades.iconPath)};
+  return {QColor(shades.text), QColor(shades.accent), QColor(shades.iconPath)};
 }
 
 }  // namespace tess

@@ -36,7 +36,8 @@ Qt::ToolBarArea firstArea(const std::string& band) {
 
 // A menu shows the key beside the caption; the key itself is served by the drawing surface.
 QString menuText(const Tool& tool) {
-  const QString caption = shown(tool.caption).trimmed();
+  QString caption = shown(tool.caption).trimmed();
+  if (tool.name.starts_with("miRecentFile")) return caption.replace('&', "&&");  // a path
   for (const ToolText& text : toolTexts()) {
     if (tool.name == text.name && *text.key != '\0') return caption + '\t' + text.key;
   }

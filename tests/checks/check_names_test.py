@@ -97,6 +97,31 @@ class CheckNames(unittest.TestCase):
         rows = "AddSeg,routine,core/store.h,,meaning\n"
         self.assertEqual(run_on(FIELDS + rows, headers), CLEAN)
 
+    def test_member_of_another_class_may_share_the_name(self):
+        members = "  int AddSeg(int row) const;\n  float x0;\n  bool sized;\n"
+        other = "namespace n {\nclass Index {\n" + members + "};\n}\n"
+        for row in ["AddSeg,routine", "x0,column", "sized,variable"]:
+            with self.subTest(row=row):
+                headers = {"core/store.h": STORE, "core/index.h": other}
+                self.assertEqual(run_on(f"{FIELDS}{row},core/store.h,,meaning\n", headers), CLEAN)
+
+    def test_field_twice_in_its_header_is_found(self):
+        self.expect_finding(
+            "count,variable,core/store.h,,meaning\n",
+            {"core/store.h": STORE + "struct B {\n  int count = 0;\n};\n"},
+            "docs/names.csv:2: count: declared 2 times in core/store.h",
+        )
+
+    def test_routine_of_a_namespace_is_found_there(self):
+        self.expect_finding(
+            "AddSeg,routine,core/store.h,,meaning\n",
+            {
+                "core/store.h": STORE,
+                "core/b.h": "namespace n {\nstruct P {\n};\nint AddSeg(int);\n}\n",
+            },
+            "docs/names.csv:2: AddSeg: also declared in core/b.h",
+        )
+
     def test_wrong_header_is_found(self):
         self.expect_finding(
             "AddSeg,routine,core/other.h,,meaning\n",
@@ -109,7 +134,7 @@ class CheckNames(unittest.TestCase):
         row = "AddSeg,routine,core/store.h,,meaning\n"
         for rows, finding in {
             row + row: "docs/names.csv:3: AddSeg: listed twice",
-            "AddSeg,thing,core/store.h,,meaning\n": "docs/names.csv:2: AddSeg: unknown kind 'thing'",
+            "AddSeg,odd,core/store.h,,meaning\n": "docs/names.csv:2: AddSeg: unknown kind 'odd'",
             "AddSeg,routine,core/store.h,,\n": "docs/names.csv:2: AddSeg: no meaning",
             "AddSeg,routine,core/store.h\n": "docs/names.csv:2: not 5 fields",
             "": "docs/names.csv:1: no names",

@@ -94,6 +94,15 @@ TEST_F(MakeCncTest, OutputPathIsUsedWhenItExists) {
   EXPECT_THAT(viewer.shown, ElementsAre(elsewhere("part.cnc")));
 }
 
+TEST_F(MakeCncTest, ProgramFileIsWhereTheProgramWillLand) {
+  const TempFolder elsewhere;
+  EXPECT_EQ(programFile(store), folder("part.CNC"));
+  store.cncoutputpath = elsewhere();
+  EXPECT_EQ(programFile(store), elsewhere("part.CNC"));
+  store.cncoutputpath = elsewhere("gone");
+  EXPECT_EQ(programFile(store), folder("part.CNC"));
+}
+
 TEST_F(MakeCncTest, OutputPathOfBlanksCountsAsNone) {
   store.cncoutputpath = "   ";
   mnuCAMMakeCNCFile_Click(session, definition, state, viewer);

@@ -203,18 +203,6 @@ TEST_F(DefinitionFileTest, SetupWithoutANameTakesTheStandardDefinition) {
   EXPECT_EQ(definition.cnccomment, "#");
 }
 
-// Goes to another working folder for as long as a test lasts.
-class WorkingFolder {
- public:
-  explicit WorkingFolder(const std::string& folder) { std::filesystem::current_path(folder); }
-  ~WorkingFolder() { std::filesystem::current_path(before_); }
-  WorkingFolder(const WorkingFolder&) = delete;
-  WorkingFolder& operator=(const WorkingFolder&) = delete;
-
- private:
-  std::filesystem::path before_ = std::filesystem::current_path();
-};
-
 TEST_F(DefinitionFileTest, NameThatOnlyTheWorkingFolderHasIsOpenedInTheProgramsFolder) {
   const TempFolder elsewhere;
   elsewhere.write("Shop.msx", "COMMENTCHR,;\r\n");

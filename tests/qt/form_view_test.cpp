@@ -16,8 +16,8 @@
 #include <string>
 #include <vector>
 
-#include "desktop_test_support.h"
 #include "shell/qt/form_window.h"
+#include "tests/qt/desktop_test_support.h"
 
 namespace tess {
 namespace {
@@ -42,7 +42,6 @@ class frmEverything : public Form {
     cmdCancel.onClick = [this] { close(); };
     chkOn.onClick = [this] { log.push_back("chkOn " + std::to_string(chkOn.value())); };
     txtName.onChange = [this] { log.push_back("txtName " + txtName.text()); };
-    txtName.onLeave = [this] { log.push_back("left txtName"); };
     lstItems.onClick = [this] { log.push_back("lstItems " + std::to_string(lstItems.index())); };
     cmbUnit.onClick = [this] { log.push_back("cmbUnit " + cmbUnit.text()); };
     cmbUnit.onDropDown = [this] { log.push_back("dropped"); };
@@ -224,6 +223,7 @@ TEST_F(FormViewTest, AFrameDisablesWhatIsInside) {
 }
 
 TEST_F(FormViewTest, TheFocusMovesWithTheKeyboard) {
+  form.txtName.onLeave = [this] { form.log.emplace_back("left txtName"); };
   widget<QLineEdit>("txtName").setFocus();
   EXPECT_EQ(form.focused(), &form.txtName);
   widget<QCheckBox>("chkOn").setFocus();
@@ -274,10 +274,10 @@ TEST_F(FormViewTest, TheClosingButtonAsksTheForm) {
 }
 
 TEST_F(FormViewTest, TheFormKnowsTheSizeOfItsView) {
-  window->resize(500, 600);
+  window->resize(500, 700);
   QCoreApplication::processEvents();
   EXPECT_EQ(form.width(), 500);
-  EXPECT_EQ(form.height(), 600);
+  EXPECT_EQ(form.height(), 700);
 }
 
 TEST(FormWindow, OutlivesItsForm) {

@@ -1,19 +1,22 @@
 // The main window: tools, tool bars, panels, status bar, layout and closing.
 #include "shell/qt/main_window.h"
 
+#include <QCheckBox>
 #include <QDropEvent>
 #include <QFile>
 #include <QMimeData>
+#include <QTimer>
 #include <QToolButton>
 #include <gtest/gtest.h>
 #include <string>
 #include <vector>
 
-#include "desktop_test_support.h"
+#include "shell/qt/customize_dialog.h"
 #include "shell/qt/icons.h"
 #include "shell/qt/ports.h"
 #include "shell/qt/theme.h"
 #include "shell/tool_bands.h"
+#include "tests/qt/desktop_test_support.h"
 
 namespace tess {
 namespace {
@@ -182,6 +185,22 @@ TEST_F(MainWindowTest, APanelShowsItsFormWhileBothAreOpen) {
   EXPECT_FALSE(dock.isVisible());
 }
 
+TEST_F(MainWindowTest, KeysOfAPanelAreNoCommands) {
+  std::vector<int> keys;
+  surface->onKey = [&](const QKeyEvent& key) {
+    keys.push_back(key.key());
+    return true;
+  };
+  frmStatisticsLike form;
+  forms.show(form);
+  QWidget& dock = *window->panels().dock("barStatistics");
+  for (const int key : {Qt::Key_L, Qt::Key_Return, Qt::Key_F3}) {
+    QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier);
+    QApplication::sendEvent(&dock, &press);
+  }
+  EXPECT_EQ(keys, std::vector<int>{Qt::Key_F3});
+}
+
 TEST_F(MainWindowTest, AFormThatOpensByItselfOpensItsPanel) {
   frmStatisticsLike form;
   forms.show(form);
@@ -203,6 +222,21 @@ TEST_F(MainWindowTest, TheLayoutComesBack) {
   EXPECT_EQ(window->iconSize(), QSize(28, 28));
   EXPECT_FALSE(window->toolBars().toolBar("barCAM")->isVisible());
   EXPECT_TRUE(window->toolBars().toolBar("barFile")->isVisible());
+}
+
+TEST_F(MainWindowTest, TheCustomisingDialogOpensAndClosesBars) {
+  QTimer::singleShot(0, [] {
+    QWidget* dialog = QApplication::activeModalWidget();
+    ASSERT_NE(dialog, nullptr);
+    testing::keepScreenshot(*dialog, "customize");
+    for (QCheckBox* mark : dialog->findChildren<QCheckBox*>()) {
+      if (mark->text() == "View" || mark->text() == "Statistics") mark->click();
+    }
+    dialog->close();
+  });
+  customizeWindow(*window, gateway);
+  EXPECT_FALSE(tools.band("barView")->open);
+  EXPECT_TRUE(tools.band("barStatistics")->open);
 }
 
 TEST_F(MainWindowTest, ADamagedArrangementChangesNothing) {
@@ -235,6 +269,9 @@ TEST_F(MainWindowTest, DroppedFilesArriveAsPaths) {
   QMimeData data;
   data.setUrls({QUrl::fromLocalFile("/parts/a b.cdm"), QUrl("http://example.org/x.cdm"),
                 QUrl::fromLocalFile("/parts/c.dxf")});
+  QDragEnterEvent enter({10, 10}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(window.get(), &enter);
+  EXPECT_TRUE(enter.isAccepted());
   QDropEvent drop({10, 10}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
   QApplication::sendEvent(window.get(), &drop);
   EXPECT_EQ(dropped, (std::vector<std::string>{"/parts/a b.cdm", "/parts/c.dxf"}));

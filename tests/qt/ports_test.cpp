@@ -9,7 +9,7 @@
 #include <stdexcept>
 #include <vector>
 
-#include "desktop_test_support.h"
+#include "tests/qt/desktop_test_support.h"
 
 namespace tess {
 namespace {

@@ -6,8 +6,8 @@
 #include <random>
 #include <string>
 
-#include "desktop_test_support.h"
 #include "geometry/constants.h"
+#include "tests/qt/desktop_test_support.h"
 
 namespace tess {
 namespace {

@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "desktop_test_support.h"
 #include "shell/qt/key_strokes.h"
+#include "tests/qt/desktop_test_support.h"
 
 namespace tess {
 namespace {

@@ -114,6 +114,7 @@ TEST_F(ProgramFolder, TheDrawingFolderIsMade) {
   request.home = root("home");
   programFolder(request);
   EXPECT_TRUE(folderExists(root("home/CNC")));
+  EXPECT_EQ(root.read("home/CNC/TSMO.MRU"), "") << "an empty list of recent files";
   fs::create_directory(root("named/cnc"));
   request.home = root("named");
   programFolder(request);

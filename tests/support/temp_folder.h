@@ -1,5 +1,5 @@
-// A folder that lives as long as a test.
-// Owns: TempFolder.
+// A folder that lives as long as a test, and the way into it.
+// Owns: TempFolder, WorkingFolder.
 #pragma once
 
 #include <filesystem>
@@ -37,6 +37,18 @@ class TempFolder {
 
  private:
   std::string path_;
+};
+
+// Goes to another working folder for as long as a test lasts.
+class WorkingFolder {
+ public:
+  explicit WorkingFolder(const std::string& folder) { std::filesystem::current_path(folder); }
+  ~WorkingFolder() { std::filesystem::current_path(before_); }
+  WorkingFolder(const WorkingFolder&) = delete;
+  WorkingFolder& operator=(const WorkingFolder&) = delete;
+
+ private:
+  std::filesystem::path before_ = std::filesystem::current_path();
 };
 
 }  // namespace tess::testing

@@ -7,6 +7,7 @@ namespace tess {
 namespace {
 
 using testing::ScriptRun;
+using testing::WorkingFolder;
 
 class FileCommands : public ::testing::Test, protected ScriptRun {
  protected:
@@ -24,6 +25,38 @@ TEST_F(FileCommands, ABareNameStandsInTheDrawingFolder) {
   EXPECT_EQ(outputOf("open('FLANGE.cdm') print(store.NumSegments, store.NumPathSegments, "
                      "store.drawingname)"),
             "1\t1\tFLANGE.cdm\n");
+}
+
+// Drawings of one line, whose ends at x = 1, 2 and 3 tell them apart.
+TEST_F(FileCommands, ADrawingIsLookedForAmongDrawingsBesideTheScriptAndInTheWorkingFolder) {
+  const testing::TempFolder working;
+  const WorkingFolder there(working());
+  job.folders.push_back(working());
+  const std::string open = "open('part') print(store.x1[1], store.drawingpath)";
+  const auto saveLine = [this](const std::string& x, const std::string& path) {
+    outputOf("add_segment{type=1, x1=" + x + "} save([[" + path + "]])");
+  };
+  saveLine("3", working("part.CDM"));
+  EXPECT_EQ(outputOf(open), "3.0\t" + working() + "\n");
+  saveLine("2", folder("part.CDM"));
+  EXPECT_EQ(outputOf(open), "2.0\t" + folder() + "\n");
+  saveLine("1", "part");
+  EXPECT_EQ(outputOf(open), "1.0\t" + home("CNC/") + "\n");
+}
+
+TEST_F(FileCommands, ADrawingInAWorkingFolderThatIsNotOpenIsNotFound) {
+  const testing::TempFolder working;
+  const WorkingFolder there(working());
+  working.write("part.CDM", "1.0\r\n");
+  EXPECT_EQ(outputOf("open('part') print(messages[1].text, store.drawingname)"),
+            "Couldn't revert to saved drawing.\n\nFile not found\t\n");
+}
+
+TEST_F(FileCommands, ABareNameIsSavedAmongTheDrawingsWhereverItWasOpened) {
+  folder.write("part.CDM", "");
+  outputOf("save('part')");
+  EXPECT_TRUE(home.has("CNC/part.CDM"));
+  EXPECT_EQ(folder.read("part.CDM"), "");
 }
 
 TEST_F(FileCommands, AnExtensionThatIsGivenStays) {

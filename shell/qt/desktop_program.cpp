@@ -1,0 +1,109 @@
+// The program on the desktop.
+#include "shell/qt/desktop_program.h"
+
+#include <QApplication>
+#include <cstdio>
+#include <optional>
+
+#include "core/lifecycle.h"
+#include "core/version.h"
+#include "shell/qt/customize_dialog.h"
+#include "shell/qt/key_strokes.h"
+#include "shell/qt/splash.h"
+
+namespace tess {
+
+namespace {
+
+constexpr int kExitFailed = 1;
+constexpr Bounds kFirstArea{0, 0, 800, 600};  // until the window has a size
+
+PointerEvent pointerEvent(int button, int shift, float x, float y) {
+  return {.Button = button, .Shift = shift, .X = x, .Y = y};
+}
+
+}  // namespace
+
+DesktopProgram::DesktopProgram(const std::string& appfolder)
+    : appfolder_(appfolder),
+      reporting_(prompts_, clock_, ErrorReporting{.folder = appfolder}),
+      application_({host_, reporting_, {surface_.drawing(), pointer_, timers_, kFirstArea}}),
+      window_({application_.interaction.tools, application_.interaction.statusBar,
+               application_.interaction.forms, gateway_, surface_}) {
+  prompts_.setWindow(&window_);
+  wirePlatform();
+  wireSurface();
+  wireWindow();
+}
+
+// The window is shown first, since the drawing is fitted to it.
+bool DesktopProgram::open(const std::string& drawing) {
+  window_.setWindowTitle(QString::fromStdString(application_.caption()));
+  window_.showAtStart();
+  Splash::show(application_.session, gateway_, window_);
+  gateway_.enter("frmMain.Form_Load()", [&] { application_.load(drawing, appfolder_); });
+  surface_.setFocus();
+  return !failed_;
+}
+
+int DesktopProgram::serve() {
+  return failed_ ? kExitFailed : QApplication::exec();
+}
+
+void DesktopProgram::wirePlatform() {
+  gateway_.onEnd = [this](const std::string& line) { end(line); };
+  surroundings_.onPrint = [this](const std::string& line) { window_.print(line); };
+}
+
+void DesktopProgram::end(const std::string& line) {
+  failed_ = true;
+  std::fprintf(stderr, "tessimo: %s\n", line.c_str());
+  prompts_.showMessage({.text = line, .title = kProductName, .icon = MessageIcon::Error});
+  QApplication::exit(kExitFailed);
+}
+
+void DesktopProgram::wireSurface() {
+  surface_.onPress = [this](int button, int shift, float x, float y) {
+    gateway_.enter("press", [&] { application_.press(pointerEvent(button, shift, x, y)); });
+  };
+  surface_.onMove = [this](int button, int shift, float x, float y) {
+    gateway_.enter("move", [&] { application_.move(pointerEvent(button, shift, x, y)); });
+  };
+  surface_.onRelease = [this](int button, int shift, float x, float y) {
+    gateway_.enter("release", [&] { application_.release(pointerEvent(button, shift, x, y)); });
+  };
+  surface_.onWheel = [this](int steps, int shift) {
+    gateway_.enter("wheel", [&] { application_.wheel(steps, shift); });
+  };
+  surface_.onKey = [this](const QKeyEvent& key) {
+    const std::optional<KeyStroke> stroke = keyStroke(key);
+    if (stroke) gateway_.enter("key", [&] { application_.key(*stroke); });
+    return stroke.has_value();
+  };
+  surface_.onPictureLost = [this] {
+    gateway_.enter("redraw", [&] { application_.interaction.redraw.redrawscreen(); });
+  };
+}
+
+void DesktopProgram::wireWindow() {
+  window_.onQueryClose = [this] { return application_.mayClose(); };
+  window_.onClosed = [this] {
+    gateway_.enter("unload", [this] { application_.unload(); });
+    QApplication::quit();
+  };
+  window_.onFilesDropped = [this](const std::vector<std::string>& paths) {
+    dropFiles(application_.session, paths);
+  };
+  window_.toolBars().onMenuCommand = [this] { armMenuGuard(application_.interaction.desk); };
+  // The command that asked for it comes to its end first.
+  application_.onCloseMainWindow = [this] {
+    QMetaObject::invokeMethod(
+        &window_, [this] { window_.close(); }, Qt::QueuedConnection);
+  };
+  application_.onCaptionChanged = [this] {
+    window_.setWindowTitle(QString::fromStdString(application_.caption()));
+  };
+  application_.onCustomize = [this] { customizeWindow(window_, gateway_); };
+}
+
+}  // namespace tess

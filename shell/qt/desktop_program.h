@@ -1,0 +1,53 @@
+// The running program on the desktop: its ports, the application and the main window, wired to each
+// other.
+// Owns: DesktopProgram.
+#pragma once
+
+#include <string>
+
+#include "shell/application.h"
+#include "shell/qt/main_window.h"
+#include "shell/qt/ports.h"
+
+namespace tess {
+
+class DesktopProgram {
+ public:
+  // `appfolder` ends with a separator. The toolkit's application exists already.
+  explicit DesktopProgram(const std::string& appfolder);
+
+  // Shows the main window and loads as at the program's start, with the drawing named, "" for none.
+  // False when the program cannot go on.
+  bool open(const std::string& drawing);
+  // Serves the window until it is closed; gives the exit status of the process.
+  int serve();
+
+  Application& application() { return application_; }
+  MainWindow& window() { return window_; }
+  SurfaceWidget& surface() { return surface_; }
+  Gateway& gateway() { return gateway_; }
+
+ private:
+  void wirePlatform();
+  void wireSurface();
+  void wireWindow();
+  void end(const std::string& line);
+
+  std::string appfolder_;
+  Gateway gateway_{[this](std::string_view entry, const std::function<void()>& run) {
+    return reporting_.guarded(entry, run);
+  }};
+  DesktopPrompts prompts_{gateway_};
+  DesktopClock clock_;
+  DesktopSurroundings surroundings_{gateway_};
+  DesktopTimers timers_{gateway_};
+  HuntERR reporting_;
+  Host host_{prompts_, clock_, surroundings_, reporting_};
+  SurfaceWidget surface_;
+  DesktopPointer pointer_{surface_};
+  Application application_;
+  MainWindow window_;
+  bool failed_ = false;
+};
+
+}  // namespace tess

@@ -1,0 +1,206 @@
+// What the commands of the edit menu arm, and what the repeat key issues again.
+#include "drafting/edit_commands.h"
+
+#include "gtest/gtest.h"
+
+#include "drafting/entity_creation.h"
+#include "drafting/measure.h"
+#include "drafting/pending_actions.h"
+#include "drafting/repeat_key.h"
+#include "drafting/selection.h"
+#include "tests/support/drafting_desk.h"
+
+namespace tess {
+namespace {
+
+using testing::RecordedDesk;
+
+struct ArmingCase {
+  const char* name;
+  void (*command)(Desk&);
+  int armed;
+  int mode;
+};
+
+constexpr ArmingCase kArming[] = {
+    {"delete", mnuEditDelete_Click, 1, 0},
+    {"flip arc", mnuEditFlipArc_Click, 2, 0},
+    {"change radius", mnuChangeRad_Click, 4, 0},
+    {"entity info", mnuEditEntityInfo_Click, 6, 0},
+    {"move", mnuEditMoveProf_Click, 7, 0},
+    {"copy", mnuEditCopy_Click, 8, 0},
+    {"break", mnuEditBreakSeg_Click, 9, 0},
+    {"move end point", mnuEditMoveEnd_Click, 10, 0},
+    {"reverse arc", mnuEditRevArc_Click, 14, 0},
+    {"trim", mnuEditTrimEntity_Click, 16, 0},
+    {"join", mnuEditJoinEnd_Click, 18, 0},
+    {"select", mnuDrawSelect_Click, 24, -1},
+    {"unselect", mnuDrawUnselect_Click, 25, -1},
+    {"select contiguous", mnuDrawSelectContiguous, 31, -1},
+    {"unselect contiguous", mnuDrawUnselectContiguous, 32, -1},
+    {"remove vertex", mnuDeleteVertex_Click, 34, 0},
+    {"set origin", SetOrigin, 35, 0},
+    {"measure", miMeasureDist_Click, 36, 0},
+    {"reverse path", mnuRevPathDir_Click, 42, 0},
+    {"join with arc", mnuEditJoinEndPtsArc, 43, 0},
+    {"fillet", mnuAddFillet_Click, 46, 0},
+};
+
+TEST(ArmingCommands, SetActionModeAndTheRepeatKeysMemory) {
+  for (const ArmingCase& row : kArming) {
+    SCOPED_TRACE(row.name);
+    RecordedDesk d;
+    d.addLine(0, 0, 1, 0);
+    d.addPathLine(0, 0, 1, 0);
+    d.desk.state.setDrawMode(1);
+    row.command(d.desk);
+    EXPECT_EQ(d.pending(), row.armed);
+    EXPECT_EQ(d.mode(), row.mode);
+    EXPECT_EQ(d.desk.command.LastCommand, row.armed);
+  }
+}
+
+TEST(ArmingCommands, DropAHalfDoneThreePointCommand) {
+  for (const ArmingCase& row : kArming) {
+    SCOPED_TRACE(row.name);
+    RecordedDesk d;
+    d.addLine(0, 0, 1, 0);
+    d.addPathLine(0, 0, 1, 0);
+    mnuDrawCircle3P_Click(d.desk);
+    d.click(2, 2);
+    ASSERT_EQ(d.desk.command.clickstage, 1);
+    row.command(d.desk);
+    EXPECT_EQ(d.desk.command.clickstage, 0);
+    EXPECT_FALSE(d.desk.command.secondCrossShown);
+  }
+}
+
+TEST(ArmingCommands, ThatNeedARowReturnSilentlyWithoutOne) {
+  for (const auto command :
+       {mnuEditJoinEnd_Click, mnuEditJoinEndPtsArc, mnuEditMoveEnd_Click, mnuDeleteVertex_Click}) {
+    for (const bool editPaths : {false, true}) {
+      RecordedDesk d;
+      d.desk.command.EditPaths = editPaths;
+      editPaths ? d.addLine(0, 0, 1, 0) : d.addPathLine(0, 0, 1, 0);
+      d.desk.state.setDrawMode(1);
+      command(d.desk);
+      EXPECT_EQ(d.pending(), 0);
+      EXPECT_EQ(d.mode(), 1);
+      EXPECT_EQ(d.desk.command.LastCommand, 0);
+      EXPECT_EQ(d.beeps(), 0);
+      EXPECT_TRUE(d.messages().empty());
+      editPaths ? d.addPathLine(0, 0, 1, 0) : d.addLine(0, 0, 1, 0);
+      command(d.desk);
+      EXPECT_NE(d.pending(), 0);
+    }
+  }
+}
+
+TEST(ArmingCommands, ReversingAPathWithoutRowsCancelsWhatIsArmed) {
+  RecordedDesk d;
+  mnuEditBreakSeg_Click(d.desk);
+  mnuRevPathDir_Click(d.desk);
+  EXPECT_EQ(d.pending(), 0);
+  EXPECT_EQ(d.desk.command.LastCommand, 9);
+}
+
+TEST(ArmingCommands, DeleteAndCopyArmNothingWithASelection) {
+  for (const auto command : {mnuEditDelete_Click, mnuEditCopy_Click}) {
+    RecordedDesk d;
+    d.addLine(0, 0, 1, 0);
+    d.store.segattr[1] = 30008;
+    command(d.desk);
+    EXPECT_EQ(d.pending(), 0);
+  }
+}
+
+TEST(ArmingCommands, DeleteArmsNothingWithSelectedPathRows) {
+  RecordedDesk d;
+  d.addPathLine(0, 0, 1, 0, 30100);
+  d.desk.command.EditPaths = true;
+  mnuEditDelete_Click(d.desk);
+  EXPECT_EQ(d.pending(), 0);
+  d.desk.command.EditPaths = false;
+  mnuEditDelete_Click(d.desk);
+  EXPECT_EQ(d.pending(), 1);
+}
+
+TEST(ArmingCommands, PressingTheTrimTwiceArmsItOnce) {
+  RecordedDesk d;
+  mnuEditTrimEntity_Click(d.desk);
+  mnuEditTrimEntity_Click(d.desk);
+  EXPECT_EQ(d.pending(), 16);
+  d.click(1, 1);
+  EXPECT_EQ(d.pending(), 0);
+}
+
+TEST(EditPathsTool, TurnsEditingToPathRowsAndBack) {
+  RecordedDesk d;
+  toggleEditPaths(d.desk);
+  EXPECT_TRUE(d.desk.command.EditPaths);
+  EXPECT_TRUE(d.tools.isChecked("miEditSegsOrPaths"));
+  toggleEditPaths(d.desk);
+  EXPECT_FALSE(d.desk.command.EditPaths);
+  EXPECT_FALSE(d.tools.isChecked("miEditSegsOrPaths"));
+}
+
+// ---- The repeat key
+
+TEST(RepeatKey, ArmsTheLastCommandAgain) {
+  for (const int last : {9, 10, 18, 43, 14, 2, 7, 16, 34, 35, 6, 4, 31, 36, 42, 46}) {
+    RecordedDesk d;
+    d.addLine(0, 0, 1, 0);
+    d.addPathLine(0, 0, 1, 0);
+    d.desk.command.LastCommand = last;
+    repeatLastCommand(d.desk);
+    EXPECT_EQ(d.pending(), last);
+    EXPECT_EQ(d.desk.command.LastCommand, last);
+  }
+}
+
+TEST(RepeatKey, AfterTheSecondClickOfAFilletStartsWithTheFirst) {
+  RecordedDesk d;
+  d.desk.command.LastCommand = 47;
+  repeatLastCommand(d.desk);
+  EXPECT_EQ(d.pending(), 46);
+}
+
+TEST(RepeatKey, OtherNumbersDoNothing) {
+  for (const int last :
+       {-1, 0, 1, 3, 8, 12, 17, 20, 24, 25, 29, 32, 33, 37, 39, 41, 44, 48, 1000}) {
+    RecordedDesk d;
+    d.addLine(0, 0, 1, 0);
+    d.desk.command.LastCommand = last;
+    repeatLastCommand(d.desk);
+    EXPECT_EQ(d.pending(), 0) << last;
+    EXPECT_EQ(d.test.recording.prompts.modalForms, 0) << last;
+  }
+}
+
+TEST(RepeatKey, IssuesWhatARoomAboveAdded) {
+  RecordedDesk d;
+  int issued = 0;
+  d.desk.repeatCommands[33] = [&issued](Desk&) { ++issued; };
+  d.desk.command.LastCommand = 33;
+  repeatLastCommand(d.desk);
+  EXPECT_EQ(issued, 1);
+}
+
+TEST(RepeatKey, AfterAFinishedTrimArmsItAgain) {
+  RecordedDesk d;
+  mnuEditTrimEntity_Click(d.desk);
+  d.click(1, 1);
+  ASSERT_EQ(d.pending(), 0);
+  repeatLastCommand(d.desk);
+  EXPECT_EQ(d.pending(), 16);
+}
+
+TEST(RepeatKey, SelectsContiguousWithTheSelectingMode) {
+  RecordedDesk d;
+  d.desk.command.LastCommand = 31;
+  repeatLastCommand(d.desk);
+  EXPECT_EQ(d.mode(), -1);
+}
+
+}  // namespace
+}  // namespace tess

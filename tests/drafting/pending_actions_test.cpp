@@ -1,0 +1,568 @@
+// The numbered pending actions: prompts, how a release completes them, and how they are cancelled.
+#include "drafting/pending_actions.h"
+
+#include <fstream>
+
+#include "gtest/gtest.h"
+
+#include "drafting/edit_commands.h"
+#include "drafting/entity_creation.h"
+#include "drafting/selection.h"
+#include "tests/support/drafting_desk.h"
+
+namespace tess {
+namespace {
+
+using testing::RecordedDesk;
+using Texts = std::vector<std::string>;
+
+struct PromptCase {
+  int number;
+  const char* prompt;
+};
+
+constexpr PromptCase kPrompts[] = {
+    {0, ""},
+    {1, "Click near item to delete."},
+    {2, "Click near arc to flip."},
+    {3, "Pending Function #3"},
+    {4, "Click near arc to change radius."},
+    {5, "Pending Function #5"},
+    {6, "Click near item to display data."},
+    {7, "Click at new position to move.  All drawing and path segments will be moved."},
+    {8, "Click on segment to copy."},
+    {9, "Click on segment to break"},
+    {10, "Click near end point to move, then drag the endpoint."},
+    {11, "Click at new position."},
+    {12, "Click at new start position."},
+    {13, "Pending Function #13"},
+    {14, "Click near arc to reverse."},
+    {15, "Pending Function #15"},
+    {16, "Click on end point to trim."},
+    {17, "Click on trimming entity."},
+    {18, "Click on 1st end-point to join."},
+    {19, "Click on 2nd end-point to join."},
+    {20, "Click near start point."},
+    {21, "Click to indicate direction."},
+    {22, "Click to indicate finish reference."},
+    {23, "Pending Function #23"},
+    {24, "Click on entity or drag to select.  Hold <Shift> for exclusive mode."},
+    {25, "Click on entity or drag to unselect."},
+    {26, "Click to select entity for pocket."},
+    {27, "Click to select entity for island."},
+    {28, "Select zoom window with mouse."},
+    {29, "Click spot to Pan to with mouse."},
+    {30, "Click spot to place text."},
+    {31, "Click on entity to select contiguous entities"},
+    {32, "Click on entity to unselect contiguous entities."},
+    {33, "Click spot to place machine cycle."},
+    {34, "Click near vertex to remove."},
+    {35, "Click on new origin."},
+    {36, "Click on start-point and drag to end-point.  "},
+    {37, "Pending Function #37"},
+    {38, "Pending Function #38"},
+    {39, "Click near starting Path Segment.  "},
+    {40, "Pending Function #40"},
+    {41, "Click near the desired Path Group.  "},
+    {42, "Click near Path Segment to reverse.  "},
+    {43, "Click on 1st end-point to join."},
+    {44, "Click on 2nd end-point to join."},
+    {45, "Click on 3rd point of the joining arc."},
+    {46, "Click near first line to fillet."},
+    {47, "Click near second line to fillet."},
+    {48, "Pending Function #48"},
+    {-17, "Pending Function #-17"},
+};
+
+TEST(PendingPrompt, EveryActionPromptsWithItsOwnText) {
+  RecordedDesk d;
+  for (const PromptCase& row : kPrompts) {
+    SCOPED_TRACE(row.number);
+    d.desk.state.setPendingaction(row.number);
+    EXPECT_EQ(d.prompt(), row.prompt);
+  }
+}
+
+TEST(PendingPrompt, AnUnknownNumberShowsItself) {
+  RecordedDesk d;
+  d.desk.state.setPendingaction(99);
+  EXPECT_EQ(d.prompt(), "Pending Function #99");
+}
+
+TEST(PendingPrompt, MovingSaysWhatWillMove) {
+  RecordedDesk d;
+  d.addLine(0, 0, 1, 0);
+  d.store.segattr[1] = 30008;
+  d.desk.state.setPendingaction(7);
+  EXPECT_EQ(d.prompt(),
+            "Click at new position to move.  Only selected drawing segments will be moved.");
+}
+
+TEST(RefreshStatus, BlanksTheLineAndShowsCountsZoomPromptAndCoordinates) {
+  RecordedDesk d;
+  d.addLine(0, 0, 1, 0);
+  d.addPathLine(0, 0, 1, 0);
+  d.addPathLine(1, 0, 2, 0);
+  d.view.viewspan = 1;
+  d.store.cfg_final_depth = 0.25F;
+  d.desk.state.setPendingaction(9);
+  EXPECT_EQ(d.statusLog, (Texts{"", "Click on segment to break"}));
+  EXPECT_EQ(d.statistics, "1 2  4");
+  EXPECT_EQ(d.panel(StatusPanel::Zoom), " 4");
+  EXPECT_EQ(d.panel(StatusPanel::X), "X: 0.0000");
+  EXPECT_EQ(d.panel(StatusPanel::Y), "Y: 0.0000");
+  EXPECT_EQ(d.panel(StatusPanel::Z), "Z: -0.2500");
+}
+
+TEST(RefreshStatus, ShowsTheDepthBelowZeroWhateverItsSign) {
+  RecordedDesk d;
+  d.store.cfg_final_depth = -0.5F;
+  refreshCoordinates(d.desk);
+  EXPECT_EQ(d.panel(StatusPanel::Z), "Z: -0.5000");
+}
+
+TEST(PendingactionSetting, EndsASingleUseOfSnapAndDropsTheFeature) {
+  RecordedDesk d;
+  d.desk.state.UpdateOSnapFeature(/*once=*/true, 3);
+  d.desk.state.setFeaturePoint(CFeaturePoint{.X = 1, .Y = 1});
+  d.desk.state.setPendingaction(9);
+  EXPECT_EQ(d.desk.state.OSnapActive, SnapSet{});
+  EXPECT_FALSE(d.desk.state.FeaturePoint());
+}
+
+TEST(DrawModeSetting, ADrawingModeReplacesThePendingAction) {
+  RecordedDesk d;
+  d.desk.state.setPendingaction(9);
+  d.desk.state.setDrawMode(6);
+  EXPECT_EQ(d.pending(), 0);
+  EXPECT_EQ(d.prompt(), "");
+}
+
+TEST(DrawModeSetting, SelectingAndNoneLeaveThePendingAction) {
+  RecordedDesk d;
+  for (const int mode : {-1, 0}) {
+    d.desk.state.setPendingaction(24);
+    d.desk.state.setDrawMode(mode);
+    EXPECT_EQ(d.pending(), 24) << mode;
+  }
+}
+
+struct ModeCase {
+  int mode;
+  int action;
+  Texts pressed;
+};
+
+TEST(DrawModeSetting, PressesTheToolOfTheMode) {
+  const ModeCase cases[] = {
+      {0, 0, {}},
+      {1, 0, {"miLine"}},
+      {2, 0, {"miArc3P"}},
+      {3, 0, {"miArcC+2P"}},
+      {5, 0, {"miCircle3P"}},
+      {6, 0, {"miRectangle"}},
+      {7, 0, {"miCircleC+1P"}},
+      {-1, 24, {"miSelect"}},
+      {-1, 31, {"miSelect"}},
+      {-1, 25, {"miUnselect"}},
+      {-1, 32, {"miUnselect"}},
+      {4, 0, {}},
+  };
+  RecordedDesk d;
+  for (const ModeCase& row : cases) {
+    SCOPED_TRACE(row.mode);
+    d.tools.setChecked("miPan", true);
+    d.pointer.setMousePointer(kCustomShape);
+    d.desk.state.setPendingaction(row.action);
+    d.desk.state.setDrawMode(row.mode);
+    EXPECT_EQ(d.pressedTools(), row.pressed);
+    EXPECT_EQ(d.pointer.MousePointer(), kDefaultShape);
+  }
+}
+
+// ---- Completing an action
+
+// A desk whose click on action 9 is counted.
+struct CountedClicks : RecordedDesk {
+  CountedClicks() {
+    for (auto& click : desk.clickActions) click = [this](Desk&) { ++clicks; };
+  }
+  int clicks = 0;
+};
+
+TEST(CompletingAnAction, OneShotActionsEndAndOthersStay) {
+  for (int action = 1; action <= 47; ++action) {
+    const bool elsewhere = action == 10 || (action >= 28 && action <= 30) || action == 36;
+    if (elsewhere) continue;
+    SCOPED_TRACE(action);
+    CountedClicks d;
+    d.desk.state.setPendingaction(action);
+    d.click(1, 1);
+    EXPECT_EQ(d.clicks, 1);
+    const bool stays = action == 1 || action == 24 || action == 25 || action == 31 || action == 32;
+    EXPECT_EQ(d.pending(), stays ? action : 0);
+  }
+}
+
+TEST(CompletingAnAction, ANumberAbove47DoesNothingAndEnds) {
+  CountedClicks d;
+  d.desk.state.setPendingaction(48);
+  d.click(1, 1);
+  EXPECT_EQ(d.clicks, 0);
+  EXPECT_EQ(d.pending(), 0);
+}
+
+TEST(CompletingAnAction, AStepThatGoesOnPromptsForTheNextOne) {
+  RecordedDesk d;
+  d.desk.clickActions[16] = [](Desk& desk) {
+    desk.state.setPendingaction(goOnWith(PendingAction::TrimBy));
+  };
+  mnuEditTrimEntity_Click(d.desk);
+  d.statusLog.clear();
+  d.click(1, 1);
+  EXPECT_EQ(d.pending(), 17);
+  EXPECT_EQ(d.prompt(), "Click on trimming entity.");
+  for (const std::string& text : d.statusLog) EXPECT_NE(text, "Click on end point to trim.");
+}
+
+TEST(CompletingAnAction, ANegativeNumberSurvivesTheRedraw) {
+  RecordedDesk d;
+  int duringRedraw = 0;
+  d.desk.clickActions[18] = [](Desk& desk) {
+    desk.state.setPendingaction(goOnWith(PendingAction::JoinSecond));
+  };
+  d.desk.state.setPendingaction(18);
+  d.redraw.onPainted = [&] { duringRedraw = d.pending(); };
+  d.click(1, 1);
+  EXPECT_EQ(duringRedraw, -19);
+  EXPECT_EQ(d.pending(), 19);
+}
+
+TEST(CompletingAnAction, OneThatReturnsWithoutAStepEnds) {
+  RecordedDesk d;  // trimming finds nothing, or has found fault
+  d.desk.state.setPendingaction(17);
+  d.desk.clickActions[17] = [](Desk& desk) { desk.session.host.surroundings.beep(); };
+  d.click(1, 1);
+  EXPECT_EQ(d.beeps(), 1);
+  EXPECT_EQ(d.pending(), 0);
+}
+
+TEST(CompletingAnAction, AfterATrimThatBeepedTheOperatorStartsAgain) {
+  RecordedDesk d;
+  d.desk.clickActions[16] = [](Desk& desk) {
+    desk.state.setPendingaction(goOnWith(PendingAction::TrimBy));
+  };
+  d.desk.clickActions[17] = [](Desk& desk) { desk.session.host.surroundings.beep(); };
+  mnuEditTrimEntity_Click(d.desk);
+  d.click(1, 1);
+  d.click(1, 1);
+  EXPECT_EQ(d.pending(), 0);
+  mnuEditTrimEntity_Click(d.desk);
+  EXPECT_EQ(d.pending(), 16);
+}
+
+TEST(CompletingAnAction, RunsAtTheRoundedPosition) {
+  RecordedDesk d;
+  Point at;
+  d.desk.clickActions[9] = [&at](Desk& desk) { at = {desk.pointer.MouseX, desk.pointer.MouseY}; };
+  d.desk.state.setPendingaction(9);
+  d.press(1, 0, 0);
+  d.release(1, 0.12345678F, -0.1234564F);
+  EXPECT_EQ(at, (Point{0.123457F, -0.123456F}));
+}
+
+TEST(CompletingAnAction, ReleasingAButtonThatWasNotPressedDoesNothing) {
+  CountedClicks d;
+  d.desk.state.setPendingaction(9);
+  d.release(1, 1, 1);
+  EXPECT_EQ(d.clicks, 0);
+  EXPECT_EQ(d.pending(), 9);
+}
+
+TEST(CompletingAnAction, AClickExactlyOnTheMarkerDrawsNothing) {
+  RecordedDesk d;
+  mnuDrawLine_Click(d.desk);
+  d.click(1, 1);
+  ASSERT_EQ(d.store.NumSegments, 1);
+  d.click(1, 1);
+  EXPECT_EQ(d.store.NumSegments, 1);
+  EXPECT_FALSE(d.desk.pointer.LeftDown);
+}
+
+TEST(CompletingAnAction, AClickExactlyOnTheMarkerRunsAPendingAction) {
+  CountedClicks d;
+  d.desk.state.setPendingaction(9);
+  d.click(0, 0);
+  EXPECT_EQ(d.clicks, 1);
+}
+
+TEST(CompletingAnAction, MovingAnEndPointEndsWithTheRelease) {
+  CountedClicks d;
+  d.desk.state.setPendingaction(10);
+  d.log.take();
+  d.drag({0, 0}, {1, 1});
+  EXPECT_EQ(d.clicks, 0);
+  EXPECT_EQ(d.pending(), 0);
+  EXPECT_EQ(d.log.count("Cls"), 1);
+}
+
+TEST(CompletingAnAction, ANewStartPositionIsWhereTheClickWas) {
+  RecordedDesk d;
+  d.desk.state.setPendingaction(12);
+  d.click(1.5F, -2);
+  EXPECT_EQ(d.store.xstartpos, 1.5F);
+  EXPECT_EQ(d.store.ystartpos, -2);
+  EXPECT_FALSE(d.store.drawingsaved);
+  EXPECT_EQ(d.pending(), 0);
+}
+
+TEST(CompletingAnAction, ActionsWithoutAnEffectEndAllTheSame) {
+  for (const int action : {11, 26, 27}) {
+    RecordedDesk d;
+    d.desk.state.setPendingaction(action);
+    d.click(1, 1);
+    EXPECT_EQ(d.pending(), 0) << action;
+    EXPECT_TRUE(d.store.drawingsaved) << action;
+  }
+}
+
+// ---- The right button
+
+TEST(RightButton, CancelsWhatIsArmedThenMovesTheMarker) {
+  RecordedDesk d;
+  mnuDrawSelect_Click(d.desk);
+  d.rightClick(2, 1);
+  EXPECT_EQ(d.pending(), 0);
+  EXPECT_EQ(d.marker(), (Point{0, 0}));
+  d.rightClick(2, 1);
+  EXPECT_EQ(d.marker(), (Point{2, 1}));
+  EXPECT_EQ(d.desk.command.prevmarkerx, 0);
+  d.rightClick(3, 1);
+  EXPECT_EQ(d.marker(), (Point{3, 1}));
+  EXPECT_EQ((Point{d.desk.command.prevmarkerx, d.desk.command.prevmarkery}), (Point{2, 1}));
+  EXPECT_FALSE(d.desk.pointer.RightDown);
+}
+
+TEST(RightButton, MovesTheMarkersCrossByInverting) {
+  RecordedDesk d;
+  d.move(0, 2, 1);
+  d.press(2, 2, 1);
+  d.log.take();
+  d.release(2, 2, 1);
+  EXPECT_EQ(d.log.take(),
+            "MousePointer 0\n"
+            "DrawMode 10\n"
+            "line (-0.05, 0.05)-(0.05, -0.05) #000000\n"
+            "line (0.05, 0.05)-(-0.05, -0.05) #000000\n"
+            "DrawMode 13\n"
+            "DrawMode 10\n"
+            "line (1.95, 1.05)-(2.05, 0.95) #000000\n"
+            "line (2.05, 1.05)-(1.95, 0.95) #000000\n"
+            "DrawMode 13\n");
+}
+
+TEST(RightButton, EndsASingleUseOfSnap) {
+  RecordedDesk d;
+  d.desk.state.UpdateOSnapFeature(/*once=*/true, 1);
+  d.rightClick(2, 1);
+  EXPECT_EQ(d.desk.state.OSnapActive, SnapSet{});
+}
+
+TEST(RightButton, DropsAHalfDoneThreePointCommand) {
+  RecordedDesk d;
+  mnuDrawArc3P_Click(d.desk);
+  d.click(2, 0);
+  ASSERT_EQ(d.desk.command.clickstage, 1);
+  d.rightClick(1, 1);
+  EXPECT_EQ(d.desk.command.clickstage, 0);
+  EXPECT_EQ(d.mode(), 2);
+}
+
+// ---- Esc
+
+TEST(HandleEsc, CancelsThePendingActionAndLeavesTheDrawingMode) {
+  RecordedDesk d;
+  d.desk.state.setDrawMode(-1);
+  d.desk.state.setPendingaction(9);
+  Handle_esc(d.desk);
+  EXPECT_EQ(d.pending(), 0);
+  EXPECT_EQ(d.mode(), -1);
+}
+
+TEST(HandleEsc, WithoutAnActionADrawingModeStays) {
+  RecordedDesk d;
+  mnuDrawRect_Click(d.desk);
+  d.press(1, 1, 1);
+  d.log.take();
+  Handle_esc(d.desk);
+  EXPECT_EQ(d.mode(), 6);
+  EXPECT_TRUE(d.desk.pointer.LeftDown);
+  EXPECT_EQ(d.log.take(), "");
+}
+
+TEST(HandleEsc, InAStepForgetsTheFirstClick) {
+  RecordedDesk d;
+  d.desk.command.PendingSeg1 = 3;
+  d.desk.command.PendingSeg2 = 2;
+  d.desk.state.setPendingaction(17);
+  Handle_esc(d.desk);
+  EXPECT_EQ(d.pending(), 0);
+  EXPECT_EQ(d.desk.command.PendingSeg1, 0);
+  EXPECT_EQ(d.desk.command.PendingSeg2, 0);
+}
+
+TEST(HandleEsc, RedrawsWhereABandMayBeOnTheScreenAndEndsTheDrag) {
+  for (const int action : {24, 25, 28, 30}) {
+    SCOPED_TRACE(action);
+    RecordedDesk d;
+    d.desk.state.setPendingaction(action);
+    d.press(1, 0, 0);
+    d.log.take();
+    Handle_esc(d.desk);
+    EXPECT_EQ(d.log.count("Cls"), 1);
+    EXPECT_FALSE(d.desk.pointer.LeftDown);
+    EXPECT_EQ(d.pending(), 0);
+  }
+}
+
+TEST(HandleEsc, OtherActionsNeedNoRedraw) {
+  RecordedDesk d;
+  d.desk.state.setPendingaction(9);
+  d.press(1, 0, 0);
+  d.log.take();
+  Handle_esc(d.desk);
+  EXPECT_EQ(d.log.count("Cls"), 0);
+  EXPECT_TRUE(d.desk.pointer.LeftDown);
+}
+
+// ---- Zoom window and pan as interruptions
+
+TEST(ZoomWindow, ShowsTheWindowAndRestoresSelecting) {
+  RecordedDesk d;
+  mnuDrawUnselect_Click(d.desk);
+  d.viewCommands.mnuViewZoomWindow_Click();
+  EXPECT_EQ(d.prompt(), "Select zoom window with mouse.");
+  d.drag({0, 0}, {2.5F, 2});
+  EXPECT_EQ(d.view.viewspan, 1);
+  EXPECT_EQ((Point{d.view.viewcx, d.view.viewcy}), (Point{1.25F, 1}));
+  EXPECT_EQ(d.pending(), 25);
+  EXPECT_EQ(d.mode(), -1);
+  EXPECT_EQ(d.prompt(), "Click on entity or drag to unselect.");
+}
+
+TEST(ZoomWindow, LeavesADrawingModeAndItsHalfDoneCommand) {
+  RecordedDesk d;
+  mnuDrawArc3P_Click(d.desk);
+  d.click(2, 0);
+  d.viewCommands.mnuViewZoomWindow_Click();
+  d.drag({0, 0}, {2.5F, 2});
+  EXPECT_EQ(d.pending(), 0);
+  EXPECT_EQ(d.mode(), 2);
+  EXPECT_EQ(d.desk.command.clickstage, 1);
+  EXPECT_EQ(d.store.NumSegments, 0);
+}
+
+TEST(ZoomWindow, ForgetsAPendingActionWithoutADrawingMode) {
+  RecordedDesk d;
+  mnuEditBreakSeg_Click(d.desk);
+  d.viewCommands.mnuViewZoomWindow_Click();
+  d.drag({0, 0}, {2.5F, 2});
+  EXPECT_EQ(d.pending(), 0);
+}
+
+TEST(ZoomWindow, WithoutWidthTakesTheRatioOfItsHeightAlone) {
+  RecordedDesk d;
+  d.viewCommands.mnuViewZoomWindow_Click();
+  d.drag({1, 0}, {1, 2});
+  EXPECT_EQ(d.view.viewspan, 1);
+  EXPECT_EQ((Point{d.view.viewcx, d.view.viewcy}), (Point{1, 1}));
+}
+
+TEST(ZoomWindow, WithoutHeightTakesTheRatioOfItsWidthAlone) {
+  RecordedDesk d;
+  d.viewCommands.mnuViewZoomWindow_Click();
+  d.drag({0, 1}, {5, 1});
+  EXPECT_EQ(d.view.viewspan, 2);
+}
+
+TEST(ZoomWindow, ThatIsAPointOnlyRecentres) {
+  RecordedDesk d;
+  d.viewCommands.mnuViewZoomWindow_Click();
+  d.click(1, 2);
+  EXPECT_EQ(d.view.viewspan, 4);
+  EXPECT_EQ((Point{d.view.viewcx, d.view.viewcy}), (Point{1, 2}));
+  EXPECT_EQ(d.pending(), 0);
+}
+
+TEST(Pan, MovesTheViewWithTheGrabbedPoint) {
+  RecordedDesk d;
+  std::ofstream(d.appfolder() + "pansmall.ico") << "icon";
+  d.viewCommands.mnuViewPan_Click();
+  EXPECT_EQ(d.pressedTools(), Texts{"miPan"});
+  EXPECT_EQ(d.pointer.MousePointer(), kCustomShape);
+  d.press(1, 1, 1);
+  d.move(1, 2, 1);  // the view follows: the pointer is on its grabbed point again
+  EXPECT_EQ((Point{d.view.viewcx, d.view.viewcy}), (Point{-1, 0}));
+  d.move(1, 1, 1);
+  EXPECT_EQ((Point{d.view.viewcx, d.view.viewcy}), (Point{-1, 0}));
+  d.release(1, 1, 1);
+  EXPECT_EQ((Point{d.view.viewcx, d.view.viewcy}), (Point{-1, 0}));
+  EXPECT_EQ(d.pending(), 29);
+  EXPECT_EQ(d.pointer.MousePointer(), kCustomShape);
+}
+
+TEST(Pan, WithoutItsIconLeavesThePointer) {
+  RecordedDesk d;
+  d.viewCommands.mnuViewPan_Click();
+  EXPECT_EQ(d.pointer.MousePointer(), kDefaultShape);
+}
+
+TEST(Pan, AReleaseElsewhereMovesTheViewByTheWholeDrag) {
+  RecordedDesk d;
+  d.viewCommands.mnuViewPan_Click();
+  d.press(1, 1, 1);
+  d.release(1, 1.5F, 0);
+  EXPECT_EQ((Point{d.view.viewcx, d.view.viewcy}), (Point{-0.5F, 1}));
+  EXPECT_FALSE(d.desk.pointer.LeftDown);
+}
+
+TEST(Pan, AClickLeavesTheViewAsItIs) {
+  RecordedDesk d;
+  d.viewCommands.mnuViewPan_Click();
+  d.click(1, 1);
+  EXPECT_EQ((Point{d.view.viewcx, d.view.viewcy}), (Point{0, 0}));
+  EXPECT_EQ(d.pending(), 29);
+}
+
+TEST(Pan, ALostReleaseEndsTheDrag) {
+  RecordedDesk d;
+  d.viewCommands.mnuViewPan_Click();
+  d.press(1, 1, 1);
+  d.move(0, 2, 1);
+  EXPECT_FALSE(d.desk.pointer.LeftDown);
+  EXPECT_EQ((Point{d.view.viewcx, d.view.viewcy}), (Point{-1, 0}));
+  d.move(0, 3, 1);
+  EXPECT_EQ((Point{d.view.viewcx, d.view.viewcy}), (Point{-1, 0}));
+}
+
+TEST(Pan, SwitchedOffBringsBackTheInterruptedCommand) {
+  RecordedDesk d;
+  mnuDrawSelect_Click(d.desk);
+  d.viewCommands.mnuViewPan_Click();
+  d.viewCommands.mnuViewPan_Click();
+  EXPECT_EQ(d.pending(), 24);
+  EXPECT_EQ(d.mode(), -1);
+  EXPECT_EQ(d.pressedTools(), Texts{"miSelect"});
+}
+
+TEST(Pan, SwitchedOffWithoutAnInterruptedModeArmsNothing) {
+  RecordedDesk d;
+  mnuEditBreakSeg_Click(d.desk);
+  d.viewCommands.mnuViewPan_Click();
+  d.viewCommands.mnuViewPan_Click();
+  EXPECT_EQ(d.pending(), 0);
+  EXPECT_EQ(d.pressedTools(), Texts{});
+}
+
+}  // namespace
+}  // namespace tess

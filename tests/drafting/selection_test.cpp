@@ -1,0 +1,570 @@
+// Selection by click, by window and along chains.
+#include "drafting/selection.h"
+
+#include <algorithm>
+
+#include "gtest/gtest.h"
+
+#include "drafting/edit_commands.h"
+#include "geometry/intersections.h"
+#include "tests/geometry/rows.h"
+#include "tests/geometry/scenes.h"
+#include "tests/support/drafting_desk.h"
+
+namespace tess {
+namespace {
+
+using testing::RecordedDesk;
+using Rows = std::vector<int>;
+
+// Rows that carry the mark.
+Rows selectedRows(const DrawingStore& store) {
+  Rows rows;
+  for (int sg = 1; sg <= store.NumSegments; ++sg) {
+    if (store.segattr[sg] >= 30000) rows.push_back(sg);
+  }
+  return rows;
+}
+
+Rows selectedPaths(const DrawingStore& store) {
+  Rows rows;
+  for (int ps = 1; ps <= store.NumPathSegments; ++ps) {
+    if (store.pscode[ps] >= 30000) rows.push_back(ps);
+  }
+  return rows;
+}
+
+// ---- Marks
+
+TEST(SelectionMarks, KeepTheClassAndForgetTheHundreds) {
+  struct MarkCase {
+    int before, selected, unselected;
+  };
+  constexpr MarkCase kCases[] = {{8, 30008, 8},     {30008, 30008, 8}, {30108, 30008, 8},
+                                 {29108, 30008, 8}, {10, 30010, 10},   {112, 30012, 12}};
+  for (const MarkCase& row : kCases) {
+    EXPECT_EQ(selectedAttribute(row.before, true), row.selected) << row.before;
+    EXPECT_EQ(selectedAttribute(row.before, false), row.unselected) << row.before;
+  }
+}
+
+TEST(SelectionMarks, OfPathRowsKeepGroupAndTool) {
+  EXPECT_EQ(selectedCode(1203, true), 31203);
+  EXPECT_EQ(selectedCode(31203, true), 31203);
+  EXPECT_EQ(selectedCode(31203, false), 1203);
+  EXPECT_EQ(selectedCode(1203, false), 1203);
+  EXPECT_EQ(selectedCode(30001, false), 1);
+  EXPECT_EQ(selectedCode(30000, true), 30000);
+  EXPECT_EQ(selectedCode(30000, false), 30000);  // unselected only above the mark
+}
+
+TEST(SelectedCount, CountsPlainSelectedRowsAlone) {
+  RecordedDesk d;
+  for (const int attr : {8, 30008, 30108, 30010, 30008, 29108}) {
+    d.add({.type = 1, .attr = attr, .x1 = 1});
+  }
+  EXPECT_EQ(selectedCount(d.store), 2);
+}
+
+TEST(SelectedCount, AVerifiedRowDoesNotCountSoDeleteArmsTheClick) {
+  RecordedDesk d;
+  d.add({.type = 1, .attr = 30108, .x1 = 1});
+  EXPECT_EQ(selectedCount(d.store), 0);
+  mnuEditDelete_Click(d.desk);
+  EXPECT_EQ(d.pending(), 1);
+}
+
+// ---- Clicks
+
+TEST(SelectClick, TakesTheNearestRowHoweverFar) {
+  RecordedDesk d;
+  d.addLine(-5, -4, -5, -3);
+  d.addLine(-4, -4, -4, -3);
+  mnuDrawSelect_Click(d.desk);
+  d.click(5, 4);
+  EXPECT_EQ(selectedRows(d.store), Rows{2});
+  EXPECT_EQ(d.desk.state.Selected.rows(), Rows{2});
+  EXPECT_EQ(d.pending(), 24);
+  d.click(-5, -3.5F);
+  EXPECT_EQ(d.desk.state.Selected.rows(), (Rows{2, 1}));
+}
+
+TEST(SelectClick, UnselectsWithTheOtherCommand) {
+  RecordedDesk d;
+  d.addLine(0, 0, 1, 0);
+  d.addLine(0, 1, 1, 1);
+  mnuDrawSelectAll_Click(d.desk);
+  mnuDrawUnselect_Click(d.desk);
+  d.click(0.5F, 0.1F);
+  EXPECT_EQ(selectedRows(d.store), Rows{2});
+  EXPECT_EQ(d.desk.state.Selected.rows(), Rows{2});
+  EXPECT_EQ(d.pending(), 25);
+}
+
+TEST(SelectClick, DrawsTheRowAtOnce) {
+  RecordedDesk d;
+  d.addLine(0, 0, 1, 0);
+  d.log.take();
+  markSegment(d.desk, 1, true);
+  EXPECT_EQ(d.log.count("line (0, 0)-(1, 0)"), 2);
+  EXPECT_EQ(d.log.count("Cls"), 0);
+  EXPECT_TRUE(d.desk.state.updateProperties);
+}
+
+TEST(SelectClick, OfAnEmptyDrawingDoesNothing) {
+  for (const bool editPaths : {false, true}) {
+    RecordedDesk d;
+    d.desk.command.EditPaths = editPaths;
+    for (const auto command : {mnuDrawSelect_Click, mnuDrawUnselect_Click, mnuDrawSelectContiguous,
+                               mnuDrawUnselectContiguous}) {
+      command(d.desk);
+      d.click(1, 1);
+      EXPECT_EQ(d.mode(), -1);
+    }
+    EXPECT_EQ(d.desk.state.Selected.rows(), Rows{});
+    EXPECT_TRUE(d.messages().empty());
+  }
+}
+
+TEST(SelectClick, WithEditPathsTakesPathRowsOfAnyGroup) {
+  RecordedDesk d;
+  d.addLine(0, 0, 1, 0);
+  d.addPathLine(0, 1, 1, 1, 101);
+  d.addPathLine(0, 2, 1, 2, 203);
+  d.desk.command.EditPaths = true;
+  mnuDrawSelect_Click(d.desk);
+  d.click(0.5F, 2.1F);
+  EXPECT_EQ(d.store.pscode[2], 30203);
+  EXPECT_EQ(selectedRows(d.store), Rows{});
+  mnuDrawUnselect_Click(d.desk);
+  d.click(0.5F, 2.2F);
+  EXPECT_EQ(d.store.pscode[2], 203);
+}
+
+// ---- Windows
+
+// Three rows: one inside, one through, one beyond a window from (0, 0) to (2, 2).
+struct WindowDesk : RecordedDesk {
+  WindowDesk() {
+    addLine(0.5F, 0.5F, 1.5F, 1.5F);
+    addLine(-1, 1, 3, 1);
+    addLine(3, 3, 4, 4);
+    mnuDrawSelect_Click(desk);
+  }
+};
+
+TEST(SelectWindow, TakesWhatItTouches) {
+  WindowDesk d;
+  d.drag({0, 0}, {2, 2});
+  EXPECT_EQ(selectedRows(d.store), (Rows{1, 2}));
+  EXPECT_EQ(d.desk.state.Selected.rows(), (Rows{1, 2}));
+}
+
+TEST(SelectWindow, WithShiftTakesWhatHasBothEndsInside) {
+  WindowDesk d;
+  d.drag({0, 0}, {2, 2}, kShiftKey);
+  EXPECT_EQ(selectedRows(d.store), Rows{1});
+}
+
+TEST(SelectWindow, MayBeDraggedInAnyDirection) {
+  constexpr std::pair<Point, Point> kDrags[] = {
+      {{0, 0}, {2, 2}}, {{2, 2}, {0, 0}}, {{0, 2}, {2, 0}}, {{2, 0}, {0, 2}}};
+  for (const auto& [from, to] : kDrags) {
+    for (const int shift : {0, kShiftKey}) {
+      WindowDesk d;
+      d.drag(from, to, shift);
+      EXPECT_EQ(selectedRows(d.store), shift != 0 ? Rows{1} : (Rows{1, 2}));
+    }
+  }
+}
+
+TEST(SelectWindow, ReachesALittleBeyondItsEdges) {
+  for (const float beyond : {0.0014F, 0.0016F}) {
+    RecordedDesk d;
+    d.addLine(0, 0, 1, 2 + beyond);
+    SelectWindow(d.desk, /*select=*/true, {{-1, -1}, {2, 2}}, /*exclusive=*/true);
+    EXPECT_EQ(selectedRows(d.store), beyond < 0.0015F ? Rows{1} : Rows{});
+  }
+}
+
+TEST(SelectWindow, UnselectsWithTheOtherCommand) {
+  WindowDesk d;
+  mnuDrawSelectAll_Click(d.desk);
+  mnuDrawUnselect_Click(d.desk);
+  d.drag({0, 0}, {2, 2});
+  EXPECT_EQ(selectedRows(d.store), Rows{3});
+  EXPECT_EQ(d.desk.state.Selected.rows(), Rows{3});
+}
+
+TEST(SelectWindow, MarksASelectedRowAgainWithoutHarm) {
+  WindowDesk d;
+  d.drag({0, 0}, {2, 2});
+  d.drag({0, 0}, {2, 2});
+  EXPECT_EQ(selectedRows(d.store), (Rows{1, 2}));
+  EXPECT_EQ(d.desk.state.Selected.rows(), (Rows{1, 2}));
+}
+
+TEST(SelectWindow, CatchesALongLineThatCrossesIt) {
+  RecordedDesk d;
+  d.addLine(-5, -4, 5, 4);
+  SelectWindow(d.desk, /*select=*/true, {{-0.5F, -0.4F}, {0.5F, 0.5F}}, /*exclusive=*/false);
+  EXPECT_EQ(selectedRows(d.store), Rows{1});
+}
+
+TEST(SelectWindow, MayMissAnArcThatOnlyGrazesIt) {
+  RecordedDesk d;
+  // The lower end of this half circle's bulge dips into the window from above; the nearest points
+  // of all four corners lie beside the window.
+  d.add({.type = 3, .x0 = -3, .y0 = 3, .x1 = 3, .y1 = 3, .xc = 0, .yc = 3});
+  SelectWindow(d.desk, /*select=*/true, {{-2, -3}, {2, 0.05F}}, /*exclusive=*/false);
+  EXPECT_EQ(selectedRows(d.store), Rows{});
+}
+
+TEST(SelectWindow, WithEditPathsMarksPathRows) {
+  RecordedDesk d;
+  d.addLine(0.5F, 0.5F, 1.5F, 1.5F);
+  d.addPathLine(0.5F, 0.5F, 1.5F, 1.5F);
+  d.addPathLine(-1, 1, 3, 1, 203);
+  d.addPathLine(3, 3, 4, 4);
+  d.desk.command.EditPaths = true;
+  SelectWindow(d.desk, /*select=*/true, {{0, 0}, {2, 2}}, /*exclusive=*/false);
+  EXPECT_EQ(selectedPaths(d.store), (Rows{1, 2}));
+  EXPECT_EQ(d.store.pscode[2], 30203);
+  SelectWindow(d.desk, /*select=*/false, {{0, 0}, {2, 2}}, /*exclusive=*/true);
+  EXPECT_EQ(selectedPaths(d.store), Rows{2});
+  EXPECT_EQ(selectedRows(d.store), Rows{});
+  EXPECT_EQ(d.desk.state.Selected.rows(), Rows{});
+}
+
+TEST(SelectWindow, TakesARapidByItsEndsAlone) {
+  RecordedDesk d;  // a rapid has no nearest point
+  addPathSegment(d.store, {.type = 0, .x0 = 0.5F, .y0 = 0.5F, .x1 = 1, .y1 = 1, .code = 100});
+  d.desk.command.EditPaths = true;
+  SelectWindow(d.desk, /*select=*/true, {{-1, -1}, {2, 2}}, /*exclusive=*/false);
+  EXPECT_EQ(selectedPaths(d.store), Rows{});
+  SelectWindow(d.desk, /*select=*/true, {{-1, -1}, {2, 2}}, /*exclusive=*/true);
+  EXPECT_EQ(selectedPaths(d.store), Rows{1});
+}
+
+// ---- Chains
+
+TEST(SelectContiguous, FollowsAnOpenChainBothWays) {
+  RecordedDesk d;
+  d.addLine(2, 0, 3, 0);
+  d.addLine(0, 0, 1, 0);
+  d.addLine(2, 0, 1, 0);  // against the run of the chain
+  d.addLine(0, 3, 1, 3);  // elsewhere
+  mnuDrawSelectContiguous(d.desk);
+  d.click(1.5F, 0.1F);
+  EXPECT_EQ(selectedRows(d.store), (Rows{1, 2, 3}));
+  EXPECT_EQ(d.desk.state.Selected.rows(), (Rows{3, 1, 2}));  // start side first
+  EXPECT_TRUE(d.messages().empty());
+  EXPECT_EQ(d.pending(), 31);
+  mnuDrawUnselectContiguous(d.desk);
+  d.click(1.5F, 0.1F);
+  EXPECT_EQ(selectedRows(d.store), Rows{});
+  EXPECT_EQ(d.pending(), 32);
+}
+
+TEST(SelectContiguous, GoesRoundAClosedChainOnce) {
+  RecordedDesk d;
+  d.addLine(0, 0, 1, 0);
+  d.addLine(1, 0, 1, 1);
+  d.addLine(1, 1, 0, 0);
+  mnuDrawSelectContiguous(d.desk);
+  d.click(0.5F, -0.1F);
+  EXPECT_EQ(selectedRows(d.store), (Rows{1, 2, 3}));
+  EXPECT_TRUE(d.messages().empty());
+}
+
+TEST(SelectContiguous, StopsAtAForkAndNamesItsPlace) {
+  RecordedDesk d;
+  d.addLine(0, 0, 1, 0.5F);
+  d.addLine(1, 0.5F, 2, 0);
+  d.addLine(1, 0.5F, 2, 1);
+  mnuDrawSelectContiguous(d.desk);
+  d.click(0.5F, 0.2F);
+  EXPECT_EQ(selectedRows(d.store), Rows{1});
+  ASSERT_EQ(d.messages().size(), 1U);
+  EXPECT_EQ(d.messages()[0].text,
+            "Branching detected. Select the correct branch at the following points: \n\n(1,0.5)");
+}
+
+TEST(SelectContiguous, NamesTheForksOfBothSidesStartFirst) {
+  RecordedDesk d;
+  d.addLine(1, 0, 2, 0);  // picked
+  d.addLine(2, 0, 3, 0);
+  d.addLine(3, 0, 4, 1);
+  d.addLine(3, 0, 4, -1);
+  d.addLine(1, 0, 0, 1);
+  d.addLine(1, 0, 0, -1);
+  mnuDrawSelectContiguous(d.desk);
+  d.click(1.5F, 0.1F);
+  EXPECT_EQ(selectedRows(d.store), (Rows{1, 2}));
+  ASSERT_EQ(d.messages().size(), 1U);
+  EXPECT_EQ(
+      d.messages()[0].text,
+      "Branching detected. Select the correct branch at the following points: \n\n(1,0)\n(3,0)");
+}
+
+TEST(SelectContiguous, ARowThatEndsWhereItStartsTouchesItselfOnlyByItsTag) {
+  RecordedDesk d;
+  d.add({.type = 2, .x0 = 1, .y0 = 0, .x1 = 1, .y1 = 0});
+  mnuDrawSelectContiguous(d.desk);
+  d.click(1, 0.1F);
+  EXPECT_EQ(selectedRows(d.store), Rows{1});
+  EXPECT_TRUE(d.messages().empty());
+}
+
+TEST(SelectContiguous, JoinsEndsWithinTheTolerance) {
+  RecordedDesk d;
+  d.addLine(0, 0, 1, 0);
+  d.addLine(1.0009F, 0, 2, 0);
+  d.addLine(2.0011F, 0, 3, 0);
+  mnuDrawSelectContiguous(d.desk);
+  d.click(0.5F, 0.1F);
+  EXPECT_EQ(selectedRows(d.store), (Rows{1, 2}));
+}
+
+TEST(SelectContiguous, ShowsTheHourglassMeanwhile) {
+  RecordedDesk d;
+  d.addLine(0, 0, 1, 0);
+  mnuDrawSelectContiguous(d.desk);
+  d.press(1, 0.5F, 0.1F);
+  d.log.take();
+  d.release(1, 0.5F, 0.1F);
+  const auto& lines = d.log.lines;
+  const auto wait = std::find(lines.begin(), lines.end(), "MousePointer 11");
+  const auto drawn = std::find_if(lines.begin(), lines.end(),
+                                  [](const std::string& l) { return l.starts_with("line (0"); });
+  EXPECT_LT(wait, drawn);
+  EXPECT_EQ(d.pointer.MousePointer(), kDefaultShape);
+}
+
+TEST(SelectContiguous, WalksALongChainWithoutRecursion) {
+  RecordedDesk d;
+  constexpr int kLong = 20000;
+  ensureSegmentCapacity(d.store, kLong);
+  for (int sg = 0; sg < kLong; ++sg) {
+    const auto at = static_cast<float>(sg);
+    AddSeg(d.store, {.type = 1, .x0 = at, .x1 = at + 1}, nullptr);
+  }
+  std::vector<bool> tagged(kLong + 1);
+  std::string message;
+  SelectContiguous(d.desk, /*select=*/true, 1, tagged, message);
+  EXPECT_EQ(selectedCount(d.store), kLong);
+  d.log.take();
+}
+
+// The walk as it is told: a pass over all rows for each row, and recursion.
+struct PlainWalk {
+  const DrawingStore& store;
+  std::vector<bool> tagged;
+  Rows order;
+
+  std::string from(int seg) {
+    order.push_back(seg);
+    tagged[static_cast<std::size_t>(seg)] = true;
+    const Entity row = segmentEntity(store, seg);
+    int startSide = 0;
+    int endSide = 0;
+    for (int i = 1; i <= store.NumSegments; ++i) {
+      if (tagged[static_cast<std::size_t>(i)]) continue;
+      const Entity other = segmentEntity(store, i);
+      if (touches(row.start, other)) startSide = startSide == 0 ? i : -1;
+      if (touches(row.end, other)) endSide = endSide == 0 ? i : -1;
+    }
+    return onward(startSide, row.start) + onward(endSide, row.end);
+  }
+  bool touches(Point at, const Entity& other) const {
+    return samePoint(at, other.start, store.cfg_tolerance) ||
+           samePoint(at, other.end, store.cfg_tolerance);
+  }
+  std::string onward(int neighbour, Point at) {
+    if (neighbour >= 1) return from(neighbour);
+    if (neighbour == 0) return {};
+    return "\n(" + plainText(at.x) + "," + plainText(at.y) + ")";
+  }
+};
+
+TEST(SelectContiguous, WalksAsThePlainPassDoes) {
+  int branches = 0;
+  for (int number = 0; number < 6 * testing::kSceneKinds; ++number) {
+    RecordedDesk d;
+    for (const Entity& entity : testing::sceneOf(number).entities) {
+      testing::addSegment(d.store, entity);
+    }
+    d.store.cfg_tolerance = number % 2 == 0 ? 0.001F : 0.6F;
+    for (const int seg : {1, d.store.NumSegments / 2, int{d.store.NumSegments}}) {
+      if (seg < 1 || seg > d.store.NumSegments) continue;
+      SCOPED_TRACE(::testing::Message() << "scene " << number << ", row " << seg);
+      const std::vector<bool> untagged(static_cast<std::size_t>(d.store.NumSegments) + 1);
+      PlainWalk plain{d.store, untagged, {}};
+      const std::string expected = plain.from(seg);
+      std::vector<bool> tagged = untagged;
+      std::string message;
+      d.desk.state.Selected.clear();
+      SelectContiguous(d.desk, /*select=*/true, seg, tagged, message);
+      EXPECT_EQ(message, expected);
+      EXPECT_EQ(tagged, plain.tagged);
+      Rows order;  // a row that is met again keeps its place
+      std::vector<bool> met = untagged;
+      for (const int row : plain.order) {
+        if (!met[static_cast<std::size_t>(row)]) order.push_back(row);
+        met[static_cast<std::size_t>(row)] = true;
+      }
+      EXPECT_EQ(d.desk.state.Selected.rows(), order);
+      branches += message.empty() ? 0 : 1;
+    }
+  }
+  EXPECT_GT(branches, 10);
+}
+
+TEST(SelectContiguousPaths, FollowsTheWayOfThePathBothWays) {
+  RecordedDesk d;
+  d.addPathLine(0, 0, 1, 0, 101);
+  d.addPathLine(1, 0, 2, 0, 203);
+  d.addPathLine(2, 0, 3, 0, 101);
+  d.addPathLine(2, 2, 1, 0, 101);   // ends where the second one starts
+  d.addPathLine(0, 0, -1, 0, 101);  // starts where the first one starts
+  d.desk.command.EditPaths = true;
+  mnuDrawSelectContiguous(d.desk);
+  d.click(1.5F, 0.1F);
+  EXPECT_EQ(selectedPaths(d.store), (Rows{1, 2, 3, 4}));
+  EXPECT_EQ(d.store.pscode[2], 30203);
+  EXPECT_TRUE(d.messages().empty());
+  mnuDrawUnselectContiguous(d.desk);
+  d.click(1.5F, 0.1F);
+  EXPECT_EQ(selectedPaths(d.store), Rows{});
+  EXPECT_EQ(d.store.pscode[2], 203);
+}
+
+TEST(SelectContiguousPaths, GoesRoundAClosedPathOnce) {
+  RecordedDesk d;
+  d.addPathLine(0, 0, 1, 0);
+  d.addPathLine(1, 0, 1, 1);
+  d.addPathLine(1, 1, 0, 0);
+  selectContiguousPaths(d.desk, /*select=*/true, 2);
+  EXPECT_EQ(selectedPaths(d.store), (Rows{1, 2, 3}));
+}
+
+TEST(SelectConnected, FollowsCrossings) {
+  RecordedDesk d;
+  d.addLine(-2, 0, 2, 0);
+  d.addLine(0, -2, 0, 2);
+  d.addLine(-1, 1, 1, 1);
+  d.addLine(3, 3, 4, 3);
+  std::vector<bool> tagged(5);
+  SelectConnected(d.desk, /*select=*/true, 1, tagged);
+  EXPECT_EQ(selectedRows(d.store), (Rows{1, 2, 3}));
+  EXPECT_EQ(tagged, (std::vector<bool>{false, true, true, true, false}));
+}
+
+// ---- All
+
+TEST(SelectAll, MarksEveryRowAndGoesToSelecting) {
+  RecordedDesk d;
+  d.addLine(0, 0, 1, 0);
+  d.add({.type = 1, .attr = 10, .x1 = 2});
+  d.addPathLine(0, 0, 1, 0);
+  mnuEditBreakSeg_Click(d.desk);
+  d.log.take();
+  mnuDrawSelectAll_Click(d.desk);
+  EXPECT_EQ(d.store.segattr[1], 30008);
+  EXPECT_EQ(d.store.segattr[2], 30010);
+  EXPECT_EQ(selectedPaths(d.store), Rows{});
+  EXPECT_EQ(d.desk.state.Selected.rows(), (Rows{1, 2}));
+  EXPECT_EQ(d.pending(), 0);
+  EXPECT_EQ(d.mode(), -1);
+  EXPECT_EQ(d.log.count("Cls"), 1);
+  EXPECT_EQ(d.propertyRefreshes, 1);
+}
+
+TEST(SelectAll, AgainLeavesTheAttributesAsTheyAre) {
+  RecordedDesk d;
+  d.add({.type = 1, .attr = 30008, .x1 = 1});
+  d.add({.type = 1, .attr = 30108, .x1 = 2});
+  mnuDrawSelectAll_Click(d.desk);
+  mnuDrawSelectAll_Click(d.desk);
+  EXPECT_EQ(d.store.segattr[1], 30008);
+  EXPECT_EQ(d.store.segattr[2], 30108);
+  EXPECT_EQ(d.desk.state.Selected.rows(), (Rows{1, 2}));
+}
+
+TEST(SelectAll, WhileSelectingLeavesTheArmedAction) {
+  RecordedDesk d;
+  mnuDrawUnselect_Click(d.desk);
+  mnuDrawSelectAll_Click(d.desk);
+  EXPECT_EQ(d.pending(), 25);
+}
+
+TEST(SelectAll, WithEditPathsMarksThePathRows) {
+  RecordedDesk d;
+  d.addLine(0, 0, 1, 0);
+  d.addPathLine(0, 0, 1, 0, 101);
+  d.addPathLine(0, 0, 1, 0, 30203);
+  d.desk.command.EditPaths = true;
+  mnuDrawSelectAll_Click(d.desk);
+  EXPECT_EQ(d.store.pscode[1], 30101);
+  EXPECT_EQ(d.store.pscode[2], 30203);
+  EXPECT_EQ(selectedRows(d.store), Rows{});
+}
+
+TEST(UnselectAll, TakesAllMarksAndEndsTheMode) {
+  RecordedDesk d;
+  d.add({.type = 1, .attr = 30108, .x1 = 1});
+  d.add({.type = 1, .attr = 29108, .x1 = 2});
+  d.addPathLine(0, 0, 1, 0, 30101);
+  d.desk.state.Selected.fill(2);
+  d.desk.state.setDrawMode(1);
+  mnuEditBreakSeg_Click(d.desk);
+  mnuDrawUnselectAll_Click(d.desk);
+  EXPECT_EQ(d.store.segattr[1], 8);
+  EXPECT_EQ(d.store.segattr[2], 29108);
+  EXPECT_EQ(d.store.pscode[1], 30101);  // editing works on drawing rows
+  EXPECT_EQ(d.desk.state.Selected.rows(), Rows{});
+  EXPECT_EQ(d.pending(), 0);
+  EXPECT_EQ(d.mode(), 0);
+  EXPECT_EQ(d.propertyRefreshes, 1);
+}
+
+TEST(UnselectAll, WithEditPathsTakesBothKindsOfMarks) {
+  RecordedDesk d;
+  d.add({.type = 1, .attr = 30008, .x1 = 1});
+  d.addPathLine(0, 0, 1, 0, 30000);
+  d.addPathLine(0, 0, 1, 0, 30203);
+  d.desk.command.EditPaths = true;
+  mnuDrawUnselectAll_Click(d.desk);
+  EXPECT_EQ(d.store.segattr[1], 8);
+  EXPECT_EQ(d.store.pscode[1], 0);
+  EXPECT_EQ(d.store.pscode[2], 203);
+}
+
+TEST(UnselectAll, WhileSelectingLeavesTheArmedAction) {
+  RecordedDesk d;
+  d.add({.type = 1, .attr = 30008, .x1 = 1});
+  mnuDrawSelect_Click(d.desk);
+  mnuDrawUnselectAll_Click(d.desk);
+  EXPECT_EQ(d.pending(), 24);
+  EXPECT_EQ(d.mode(), -1);
+}
+
+// ---- The collection
+
+TEST(SelectedSegments, HoldEachRowOnceInTheOrderOfItsSelection) {
+  SelectedSegments selected;
+  for (const int row : {3, 1, 3, 2}) selected.add(row);
+  EXPECT_EQ(selected.rows(), (Rows{3, 1, 2}));
+  selected.remove(1);
+  selected.remove(9);
+  EXPECT_EQ(selected.rows(), (Rows{3, 2}));
+  EXPECT_TRUE(selected.contains(2));
+  EXPECT_FALSE(selected.contains(1));
+  selected.fill(3);
+  EXPECT_EQ(selected.rows(), (Rows{1, 2, 3}));
+  selected.clear();
+  EXPECT_FALSE(selected.contains(1));
+}
+
+}  // namespace
+}  // namespace tess

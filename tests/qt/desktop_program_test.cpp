@@ -1,0 +1,200 @@
+// The whole program in its window, worked by pointer and keys like an operator's.
+#include "shell/qt/desktop_program.h"
+
+#include <QElapsedTimer>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QMouseEvent>
+#include <QPushButton>
+#include <QTimer>
+#include <filesystem>
+#include <functional>
+#include <gtest/gtest.h>
+#include <string>
+
+#include "core/file_system.h"
+#include "shell/qt/theme.h"
+#include "tests/qt/desktop_test_support.h"
+#include "tests/support/temp_folder.h"
+
+namespace tess {
+namespace {
+
+// A program's folder with the shipped files.
+std::string filledFolder(const std::string& folder) {
+  std::filesystem::copy(TESSIMO_SOURCE_DIR "/data", folder,
+                        std::filesystem::copy_options::recursive);
+  std::filesystem::create_directories(folder + "CNC");
+  if (!fileExists(folder + "CNC/TSMO.MRU")) writeFile(folder + "CNC/TSMO.MRU", "");
+  return folder;
+}
+
+class DesktopProgramTest : public ::testing::Test {
+ protected:
+  DesktopProgramTest() {
+    applyTheme(testing::toolkit(), /*dark=*/false);
+    program = std::make_unique<DesktopProgram>(filledFolder(folder()));
+  }
+
+  void open(const std::string& drawing = {}) {
+    ASSERT_TRUE(program->open(drawing));
+    settle();
+  }
+
+  // Until the picture stands and the surface takes events.
+  void settle() {
+    waitFor([&] {
+      return program->application().interaction.redraw.TaskQueueState() == 0 &&
+             program->surface().drawing().Enabled();
+    });
+  }
+
+  static bool waitFor(const std::function<bool()>& condition) {
+    QElapsedTimer time;
+    time.start();
+    while (!condition()) {
+      if (time.elapsed() > 5000) return false;
+      QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+    }
+    return true;
+  }
+
+  QPointF pixel(float x, float y) {
+    const PixelPoint at = program->surface().drawing().toPixels(x, y);
+    return {at.x, at.y};
+  }
+
+  void pointer(QEvent::Type type, Qt::MouseButton button, Qt::MouseButtons held, QPointF at) {
+    QMouseEvent event(type, at, program->surface().mapToGlobal(at), button, held, Qt::NoModifier);
+    QApplication::sendEvent(&program->surface(), &event);
+  }
+
+  void click(float x, float y) {
+    settle();
+    const QPointF at = pixel(x, y);
+    pointer(QEvent::MouseMove, Qt::NoButton, Qt::NoButton, at);
+    pointer(QEvent::MouseButtonPress, Qt::LeftButton, Qt::LeftButton, at);
+    pointer(QEvent::MouseButtonRelease, Qt::LeftButton, Qt::NoButton, at);
+    settle();
+  }
+
+  void key(int key, const QString& text, Qt::KeyboardModifiers modifiers = {}) {
+    QKeyEvent press(QEvent::KeyPress, key, modifiers, text);
+    QApplication::sendEvent(&program->surface(), &press);
+  }
+
+  // Runs while the next modal window is open.
+  static void whenModal(const std::function<void(QWidget&)>& act) {
+    QTimer::singleShot(0, [act] {
+      QWidget* box = QApplication::activeModalWidget();
+      ASSERT_NE(box, nullptr);
+      act(*box);
+    });
+  }
+
+  DrawingStore& store() { return program->application().store; }
+
+  testing::TempFolder folder;
+  std::unique_ptr<DesktopProgram> program;
+};
+
+TEST_F(DesktopProgramTest, ComesUpEmptyWithItsCaption) {
+  open();
+  EXPECT_TRUE(program->window().windowTitle().startsWith("Tessimo Mill - Version "));
+  EXPECT_EQ(program->window().statusLabel(StatusPanel::FileName).text(), "Drawing:<Untitled>");
+  EXPECT_EQ(store().NumSegments, 0);
+  testing::keepScreenshot(program->window(), "program_empty");
+}
+
+TEST_F(DesktopProgramTest, LinesAreDrawnByKeyAndPointer) {
+  open();
+  key(Qt::Key_L, "l");
+  EXPECT_TRUE(program->window().toolBars().action("miLine")->isChecked());
+  click(2, 1);
+  click(2, 2);
+  EXPECT_EQ(store().NumSegments, 2);
+  EXPECT_NEAR(store().x1[2], 2, 0.02);
+  EXPECT_NEAR(store().y1[2], 2, 0.02);
+  testing::keepScreenshot(program->window(), "program_lines");
+}
+
+TEST_F(DesktopProgramTest, ARubberBandVanishesWithTheRelease) {
+  open();
+  key(Qt::Key_R, "r");
+  settle();
+  const QImage before = program->surface().drawing().picture().copy();
+  pointer(QEvent::MouseButtonPress, Qt::LeftButton, Qt::LeftButton, pixel(1, 1));
+  pointer(QEvent::MouseMove, Qt::NoButton, Qt::LeftButton, pixel(3, 2));
+  EXPECT_NE(program->surface().drawing().picture(), before);
+  pointer(QEvent::MouseMove, Qt::NoButton, Qt::LeftButton, pixel(0, 0));
+  pointer(QEvent::MouseButtonRelease, Qt::LeftButton, Qt::NoButton, pixel(0, 0));
+  settle();
+  EXPECT_EQ(store().NumSegments, 0) << "released on the marker";
+  EXPECT_EQ(program->surface().drawing().picture(), before);
+}
+
+TEST_F(DesktopProgramTest, ClosingAsksAboutUnsavedWork) {
+  open();
+  key(Qt::Key_L, "l");
+  click(2, 1);
+  std::string asked;
+  whenModal([&](QWidget& box) {
+    auto& message = dynamic_cast<QMessageBox&>(box);
+    asked = message.text().toStdString();
+    message.button(QMessageBox::Cancel)->click();
+  });
+  EXPECT_FALSE(program->window().close());
+  EXPECT_EQ(asked, "Drawing not saved! Save now?");
+  EXPECT_EQ(store().NumSegments, 1);
+}
+
+TEST_F(DesktopProgramTest, TheLayoutIsKeptFromOneRunToTheNext) {
+  open();
+  program->application().interaction.tools.closeBand("barCAM");
+  EXPECT_TRUE(program->window().close());
+  program = std::make_unique<DesktopProgram>(folder());
+  open();
+  EXPECT_FALSE(program->window().toolBars().toolBar("barCAM")->isVisible());
+  EXPECT_TRUE(program->window().toolBars().toolBar("barDraw")->isVisible());
+}
+
+TEST_F(DesktopProgramTest, TheGridDialogShowsAndTakesTheSpacing) {
+  open();
+  whenModal([](QWidget& dialog) {
+    testing::keepScreenshot(dialog, "grid_setup");
+    dialog.findChild<QLineEdit*>("txtvgrid")->setFocus();
+    dialog.findChild<QLineEdit*>("txtvgrid")->clear();
+    for (const char letter : std::string("0.75")) {
+      QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(letter));
+      QApplication::sendEvent(dialog.findChild<QLineEdit*>("txtvgrid"), &press);
+    }
+    dialog.findChild<QPushButton*>("cmdAccept")->click();
+  });
+  program->window().toolBars().action("miGrid/SnapSelections")->trigger();
+  EXPECT_FLOAT_EQ(store().visualgrid, 0.75F);
+}
+
+TEST_F(DesktopProgramTest, TheStatisticsPanelCounts) {
+  open();
+  program->application().interaction.tools.openBand("barStatistics");
+  key(Qt::Key_L, "l");
+  click(2, 1);
+  auto* count = program->window().findChild<QLabel*>("lblEntities");
+  ASSERT_NE(count, nullptr);
+  EXPECT_EQ(count->text(), "1");
+}
+
+TEST_F(DesktopProgramTest, ResizingKeepsTheView) {
+  open();
+  const float span = program->application().interaction.view.viewspan;
+  program->window().setWindowState(Qt::WindowNoState);
+  program->window().resize(900, 700);
+  settle();
+  EXPECT_EQ(program->application().interaction.view.viewspan, span);
+  EXPECT_EQ(program->surface().size(), QSize(program->application().interaction.view.picwidth,
+                                             program->application().interaction.view.picheight));
+}
+
+}  // namespace
+}  // namespace tess
