@@ -5,6 +5,7 @@
 #include <charconv>
 #include <ostream>
 #include <sstream>
+#include <stdexcept>
 
 #include "CLI/CLI.hpp"
 
@@ -173,6 +174,7 @@ ExitStatus runJob(const CommandLine& line, const PictureWriter& writePicture, st
       return plotDrawing(line, writePicture, err);
     case Job::Window:
     case Job::PlayScript:
+      throw std::logic_error("this needs the main window");
     case Job::PrintAndExit:
       break;
   }

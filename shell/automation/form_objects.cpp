@@ -24,12 +24,14 @@ constexpr int kValue = 3;
 // What each of the objects holds. The form tells when its controls are gone.
 struct FormObject {
   static constexpr char kName[] = "form";
+  static constexpr char kGone[] = "this form";
   Form* form;
   Form::Life life;
 };
 
 struct ArrayObject {
   static constexpr char kName[] = "control array";
+  static constexpr char kGone[] = "the form of this control array";
   Form* form;
   Form::Life life;
   string name;
@@ -37,6 +39,7 @@ struct ArrayObject {
 
 struct ControlObject {
   static constexpr char kName[] = "control";
+  static constexpr char kGone[] = "the form of this control";
   Control* control;
   Form::Life life;
 };
@@ -61,7 +64,7 @@ template <typename Object>
 Object& selfAs(lua_State* L) {
   auto* const object = static_cast<Object*>(luaL_testudata(L, kSelf, Object::kName));
   if (object == nullptr) raise(L, string("a ") + Object::kName + " stands in front of the colon");
-  if (object->life.expired()) raise(L, string("the form of this ") + Object::kName + " is closed");
+  if (object->life.expired()) raise(L, string(Object::kGone) + " is gone");
   return *object;
 }
 

@@ -45,6 +45,10 @@ int runGuarded(lua_State* L, Body body) {
     return body(scriptOf(L), L);
   } catch (const RuntimeFailure& failure) {
     text = describe(failure);
+  } catch (const ProgramClosed& end) {
+    text = end.what();
+    scriptOf(L).closed = true;
+    endScript(L, end.what());
   } catch (const EndProgram& end) {
     text = end.what();
     endScript(L, end.what());

@@ -1,6 +1,6 @@
 // What the functions of one running script share, and the one door between Lua and the program:
 // every function that a script can call goes through runGuarded.
-// Owns: Script, scriptOf, setScript, limitInstructions, Body, runGuarded, guarded, raise,
+// Owns: Script, scriptOf, setScript, limitInstructions, ProgramClosed, Body, runGuarded, guarded, raise,
 //       ScriptMisuse, requireAllowed.
 #pragma once
 
@@ -32,6 +32,7 @@ struct Script {
   std::deque<Variable> variables{};         // what the closures of Lua point to; never shrinks
   bool started = false;                     // the program is up, and the script itself runs
   std::optional<std::string> programEnd{};  // why the script is over for good
+  bool closed = false;                      // it has closed the program, and is over in order
 };
 
 // The script that a state runs.
@@ -40,6 +41,12 @@ void setScript(lua_State* L, Script& script);
 
 // Has the script end when it has run so many instructions.
 void limitInstructions(lua_State* L, int count);
+
+// Thrown when the program was closed by a command of the script.
+class ProgramClosed : public EndProgram {
+ public:
+  ProgramClosed() : EndProgram("the program was closed") {}
+};
 
 using Body = int (*)(Script& script, lua_State* L);
 

@@ -3,6 +3,7 @@
 #include "shell/automation/script_runner.h"
 
 #include <ostream>
+#include <utility>
 
 #include "core/file_system.h"
 #include "shell/automation/bindings.h"
@@ -160,6 +161,23 @@ ExitStatus fail(std::ostream& err, std::string_view text) {
   return ExitStatus::JobFailed;
 }
 
+// Closes the program when a command has asked for it, as the main window would.
+class ClosingStage : public ScriptStage {
+ public:
+  explicit ClosingStage(Application& application) : application_(application) {
+    application_.onCloseMainWindow = [this] { asked_ = true; };
+  }
+  void stepDone() override {
+    if (!std::exchange(asked_, false) || !application_.mayClose()) return;
+    application_.unload();
+    throw ProgramClosed();
+  }
+
+ private:
+  Application& application_;
+  bool asked_ = false;
+};
+
 // The program has sent the pointer to a pixel of the surface: a move like any other.
 void deliverArrival(Application& application, int pixelX, int pixelY) {
   const Desk& desk = application.interaction.desk;
@@ -233,11 +251,11 @@ ExitStatus runScriptText(const ScriptJob& job, std::string_view text,
     deliverArrival(application, pixelX, pixelY);
   };
   VirtualTime time(screen.timers);
-  ScriptStage nobody;
+  ClosingStage stage(application);
   const ScriptParts parts{.application = application,
                           .host = host,
                           .time = time,
-                          .stage = nobody,
+                          .stage = stage,
                           .writePicture = writePicture,
                           .folders = folders,
                           .start = [&] { application.start(/*drawing=*/"", job.appfolder); }};
@@ -262,7 +280,7 @@ ExitStatus runScriptOn(const ScriptParts& parts, const ScriptJob& job, std::stri
   setScript(state.get(), script);
   const auto error = protectedRun(state.get(), {parts, job, text});
   out.flush();
-  if (error) return fail(err, failureLine(script, *error, job.path));
+  if (error && !script.closed) return fail(err, failureLine(script, *error, job.path));
   if (!out) return fail(err, job.path + ": standard output cannot be written");
   return ExitStatus::Done;
 }
