@@ -294,10 +294,11 @@ TEST_F(EventBinding, TheSurfaceHasTheSizeOfTheJob) {
 // ---- Failures
 
 TEST_F(EventBinding, AFailureOfACommandIsReportedAndTheScriptGoesOn) {
-  EXPECT_EQ(outputOf("setting['part dim x'] = 0 setting['part dim y'] = 0 tool('miFullView') "
-                     "print(#messages) tool('miZoomIn') "
-                     "print(#messages > 0 and messages[1].kind, messages[1].text:match('^[%a ]+'))"),
-            "");
+  EXPECT_EQ(
+      outputOf("setting['part dim x'] = 0 setting['part dim y'] = 0 tool('miFullView') "
+               "print(#messages) tool('miZoomIn') "
+               "print(#messages > 0 and messages[1].kind, messages[1].text:match('^[%a ]+'))"),
+      "");
 }
 
 }  // namespace
