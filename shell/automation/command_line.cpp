@@ -73,7 +73,7 @@ void addScriptOptions(CLI::App& app, Options& options) {
 void addFileOptions(CLI::App& app, Options& options) {
   auto* const make = app.add_option("--make-cnc", options.mode, "Write the CNC program of DRAWING")
                          ->type_name("mill|lathe")
-                         ->check(CLI::IsMember({"mill", "lathe"}))
+                         ->check(CLI::IsMember({"mill", "lathe"}).description(""))
                          ->excludes(kRun)
                          ->excludes(kPlay);
   app.add_option("-o", options.line.output, "Write the program to FILE")

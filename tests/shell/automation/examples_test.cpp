@@ -125,5 +125,25 @@ TEST_F(BracketExample, RefusesLegsTooShortForTheHoles) {
       << err.str();
 }
 
+TEST(PlateExample, DrawsByHandAndWritesDrawingAndPicture) {
+  const TempFolder home;
+  const TempFolder folder;
+  std::filesystem::copy(TESSIMO_SOURCE_DIR "/data", home());
+  std::filesystem::create_directory(home("CNC"));
+  std::filesystem::copy(kExamples + "plate_drawing.lua", folder("plate_drawing.lua"));
+  std::string picture;
+  const PictureWriter noteName = [&picture](Application&, const std::string& path,
+                                            const PixelSize&) { picture = path; };
+  ScriptJob job;
+  job.path = folder("plate_drawing.lua");
+  job.appfolder = home();
+  std::ostringstream out;
+  std::ostringstream err;
+  EXPECT_EQ(runScript(job, noteName, out, err), ExitStatus::Done) << err.str();
+  EXPECT_EQ(out.str(), "10 segments; 0.0 0.0 6.0 4.0\n");
+  EXPECT_TRUE(folder.has("plate.cdm"));
+  EXPECT_EQ(picture, folder("plate.png"));
+}
+
 }  // namespace
 }  // namespace tess
