@@ -1,6 +1,6 @@
 // Creating entities: what an accepted click adds in each drawing mode, with the previews of the
 // three-point commands.
-// Owns: DrawingMode, draw_Action, draw_circle3p, draw_arcc2p, draw_arc3p, BatchLine, BatchAddLines,
+// Owns: DrawingMode, isDrawing, takesThreePoints, draw_Action, draw_circle3p, draw_arcc2p, draw_arc3p, BatchLine, BatchAddLines,
 //       moveMarker, kFirstPointTaken, showSecondPoint, dropThreePointCommand, the drawing commands.
 #pragma once
 

@@ -1,7 +1,8 @@
 // The numbered pending actions: what a command arms, what it asks of the operator, and what happens
 // when the pointer release completes it.
-// Owns: PendingAction, goOnWith, ActionRow, pendingActions, findAction, pendingPrompt, do_pending,
-//       completeAction, Handle_esc.
+// Owns: PendingAction, kScaleCommand, kEnterPositionCommand, goOnWith, ActionRow, pendingActions,
+//       findAction, pendingPrompt, refreshStatus, refreshCoordinates, do_pending, completeRelease,
+//       Handle_esc, arm.
 #pragma once
 
 #include <span>

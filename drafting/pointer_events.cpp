@@ -317,6 +317,14 @@ void picDrawing_MouseUp(Desk& desk, const PointerEvent& released) {
   completeAt(desk, event);
 }
 
+PointerEvent inPresentView(const Desk& desk, const PointerEvent& stated) {
+  const bool pans = (isArmed(desk, Pan) && desk.pointer.LeftDown) ||
+                    (stated.Button == kLeftButton && stated.control());
+  if (!pans) return stated;
+  const Point place = desk.viewCommands.inPresentView(desk.pointer.PanStart, at(stated));
+  return {stated.Button, stated.Shift, place.x, place.y};
+}
+
 void MouseWheel1_MouseWheel(Desk& desk, int steps, int shift) {
   if (!isArmed(desk, PlaceText)) return;
   const double now = clockTime(desk);

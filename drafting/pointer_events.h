@@ -1,8 +1,8 @@
 // Pointer events of the drawing surface, in drawing units: the snapped position, the drags, and the
 // two-stage release that completes an action.
 // Owns: kLeftButton, kRightButton, kShiftKey, kControlKey, PointerEvent, picDrawing_MouseDown,
-//       picDrawing_MouseMove, picDrawing_MouseUp, MouseWheel1_MouseWheel, keyboardClick, msetpos,
-//       armMenuGuard, GridSnapTimer.
+//       picDrawing_MouseMove, picDrawing_MouseUp, inPresentView, MouseWheel1_MouseWheel,
+//       keyboardClick, msetpos, armMenuGuard, GridSnapTimer.
 #pragma once
 
 #include <memory>
@@ -28,6 +28,11 @@ struct PointerEvent {
 void picDrawing_MouseDown(Desk& desk, const PointerEvent& event);
 void picDrawing_MouseMove(Desk& desk, const PointerEvent& event);
 void picDrawing_MouseUp(Desk& desk, const PointerEvent& event);
+// An event of a drag whose places were all stated beforehand, in units of the view at its press, as
+// a script states them. While the drag moves the view, its place in units of the present view,
+// which is what the routines above take; else the event as it is.
+PointerEvent inPresentView(const Desk& desk, const PointerEvent& stated);
+
 // Matters only while text is being placed.
 void MouseWheel1_MouseWheel(Desk& desk, int steps, int shift);
 

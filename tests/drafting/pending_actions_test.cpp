@@ -517,6 +517,19 @@ TEST(Pan, WithoutItsIconLeavesThePointer) {
   EXPECT_EQ(d.pointer.MousePointer(), kDefaultShape);
 }
 
+TEST(Pan, AWholeDragIsInUnitsOfTheViewAtItsPress) {
+  RecordedDesk d;
+  d.viewCommands.mnuViewPan_Click();
+  d.press(1, 1, 1);
+  for (const float x : {1.5F, 2.0F, 3.0F}) {
+    picDrawing_MouseMove(d.desk, inPresentView(d.desk, {1, 0, x, 1}));
+    EXPECT_EQ((Point{d.view.viewcx, d.view.viewcy}), (Point{1 - x, 0}));
+  }
+  picDrawing_MouseUp(d.desk, inPresentView(d.desk, {1, 0, 3, 1}));
+  EXPECT_EQ((Point{d.view.viewcx, d.view.viewcy}), (Point{-2, 0}));
+  EXPECT_EQ(inPresentView(d.desk, {0, 0, 3, 1}).X, 3);
+}
+
 TEST(Pan, AReleaseElsewhereMovesTheViewByTheWholeDrag) {
   RecordedDesk d;
   d.viewCommands.mnuViewPan_Click();

@@ -229,6 +229,15 @@ TEST(ControlDrag, MovesTheViewWithTheGrabbedPoint) {
   EXPECT_EQ(d.pointer.MousePointer(), kDefaultShape);
 }
 
+TEST(ControlDrag, MayBeStatedInUnitsOfTheViewAtItsPress) {
+  RecordedDesk d;
+  d.press(1, 1, 1, 2);
+  for (const float x : {2.0F, 3.0F}) {
+    picDrawing_MouseMove(d.desk, inPresentView(d.desk, {1, 2, x, 1}));
+  }
+  EXPECT_EQ((Point{d.view.viewcx, d.view.viewcy}), (Point{-2, 0}));
+}
+
 TEST(ControlDrag, LeavesTheViewWhileAnActionIsArmed) {
   RecordedDesk d;
   d.desk.state.setPendingaction(9);
