@@ -39,7 +39,7 @@ void runRows(benchmark::State& state, const std::string& script) {
   for (auto _ : state) {
     std::ostringstream out;
     std::ostringstream err;
-    if (runScriptText(job, script, out, err) != ExitStatus::Done) {
+    if (runScriptText(job, script, {}, out, err) != ExitStatus::Done) {
       state.SkipWithError(err.str().c_str());
       return;
     }

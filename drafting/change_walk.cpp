@@ -1,14 +1,11 @@
 // Walking the change log.
 //
-// A step of many records would pass over the tables once for each. Instead, removed drawing rows
-// are marked until the end of the step and found through their hashed ends, and path rows are kept
-// in two halves on either side of the place where work goes on. Both give the rows that a plain
-// pass for each record gives.
+// A step of many records would pass over the tables once for each. Instead the tables are taken out
+// for the step: drawing rows are found through their hashed ends, and path rows lie in two halves
+// on either side of the place where work goes on. Both give the rows that plain passes give.
 #include "drafting/change_walk.h"
 
 #include <algorithm>
-#include <cstdint>
-#include <limits>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -42,74 +39,93 @@ PathRow placedRow(const clsSegment& record) {
           .code = record.SegAttr};
 }
 
-// The drawing table during a step. The last row in use is never one that is marked as gone.
+// The drawing table during a step, taken out with the first record that needs it. Rows that go are
+// marked until the end, so that the others keep their numbers; the last row is never a marked one.
 class DrawnRows {
  public:
   explicit DrawnRows(DrawingStore& store) : store_(store) {}
-  ~DrawnRows() { closeGaps(); }
+  ~DrawnRows() { putBack(); }
   DrawnRows(const DrawnRows&) = delete;
   DrawnRows& operator=(const DrawnRows&) = delete;
 
   void takeAway(const clsSegment& record) {
-    const int sg = find(record);
-    if (sg < 1) return;
-    if (ends_) ends_->remove(sg);
-    markGone(sg);
+    takeOut();
+    const std::size_t row = find(record);
+    if (row == kNone) return;
+    rows_[row].gone = true;
+    --live_;
+    if (ends_) ends_->remove(static_cast<int>(row));
+    while (!rows_.empty() && rows_.back().gone) rows_.pop_back();
     store_.drawingsaved = false;
   }
 
   void bringBack(const clsSegment& record) {
-    if (store_.NumSegments == std::numeric_limits<std::int16_t>::max()) closeGaps();
-    const SegmentRow row = drawnRow(record);
-    AddSeg(store_, row, nullptr);
-    if (ends_) ends_->update(store_.NumSegments, {row.x0, row.y0}, {row.x1, row.y1});
+    takeOut();
+    const Int16 live = live_ + 1;
+    ensureSegmentCapacity(store_, live);
+    rows_.push_back({drawnRow(record)});
+    live_ = live;
+    if (ends_) index(rows_.size() - 1);
     store_.drawingsaved = false;
   }
 
  private:
-  // The highest row that matches. Mostly that is the last one, which needs no index.
-  int find(const clsSegment& record) {
-    if (isMatch(record, store_.NumSegments)) return store_.NumSegments;
-    if (!ends_) ends_.emplace(segmentEndIndex(store_));
+  struct Row {
+    SegmentRow row;
+    bool gone = false;
+  };
+  static constexpr std::size_t kNone = static_cast<std::size_t>(-1);
+
+  void takeOut() {
+    if (std::exchange(out_, true)) return;
+    live_ = store_.NumSegments;
+    rows_.reserve(static_cast<std::size_t>(live_) + 1);
+    for (int sg = 1; sg <= live_; ++sg) rows_.push_back({segmentRow(store_, sg)});
+  }
+
+  void putBack() {
+    if (!out_) return;
+    int sg = 0;
+    for (const Row& held : rows_) {
+      if (!held.gone) setSegmentRow(store_, ++sg, held.row);
+    }
+    store_.NumSegments = sg;
+  }
+
+  // The last row that matches. Mostly that is the last one of all, which needs no index.
+  std::size_t find(const clsSegment& record) {
+    if (rows_.empty()) return kNone;
+    if (isMatch(record, rows_.size() - 1)) return rows_.size() - 1;
+    if (!ends_) indexAll();
     ends_->rowsAt({record.x0, record.y0}, found_);
     const auto match = std::find_if(found_.rbegin(), found_.rend(), [&](const EndMatch& end) {
-      return end.atStart && isMatch(record, end.row);
+      return end.atStart && isMatch(record, static_cast<std::size_t>(end.row));
     });
-    return match == found_.rend() ? -1 : match->row;
+    return match == found_.rend() ? kNone : static_cast<std::size_t>(match->row);
   }
 
-  bool isMatch(const clsSegment& record, int sg) const {
-    return sg >= 1 && isSameRow(record, segmentRow(store_, sg), store_.cfg_tolerance);
+  bool isMatch(const clsSegment& record, std::size_t row) const {
+    return isSameRow(record, rows_[row].row, store_.cfg_tolerance);
   }
 
-  void markGone(int sg) {
-    gone_.resize(std::max(gone_.size(), static_cast<std::size_t>(store_.NumSegments) + 1));
-    gone_[static_cast<std::size_t>(sg)] = true;
-    while (isGone(store_.NumSegments)) {
-      gone_[static_cast<std::size_t>(store_.NumSegments)] = false;
-      --store_.NumSegments;
+  void indexAll() {
+    ends_.emplace(store_.cfg_tolerance);
+    ends_->reserve(static_cast<int>(rows_.size()));
+    for (std::size_t row = rows_.size(); row-- > 0;) {
+      if (!rows_[row].gone) index(row);
     }
   }
 
-  bool isGone(int sg) const {
-    const auto row = static_cast<std::size_t>(sg);
-    return row < gone_.size() && gone_[row];
-  }
-
-  void closeGaps() {
-    int kept = 0;
-    for (int sg = 1; sg <= store_.NumSegments; ++sg) {
-      if (isGone(sg)) continue;
-      if (++kept != sg) setSegmentRow(store_, kept, segmentRow(store_, sg));
-    }
-    store_.NumSegments = kept;
-    gone_.clear();
-    ends_.reset();
+  void index(std::size_t row) {
+    const SegmentRow& held = rows_[row].row;
+    ends_->update(static_cast<int>(row), {held.x0, held.y0}, {held.x1, held.y1});
   }
 
   DrawingStore& store_;
-  std::vector<bool> gone_;  // by row number
-  std::optional<EndPointIndex> ends_;
+  bool out_ = false;
+  int live_ = 0;
+  std::vector<Row> rows_;
+  std::optional<EndPointIndex> ends_;  // of the rows by their place in rows_
   std::vector<EndMatch> found_;
 };
 

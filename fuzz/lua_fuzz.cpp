@@ -50,7 +50,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   job.limits = {.memory = kMemory, .instructions = kInstructions};
   std::ostringstream out;
   std::ostringstream err;
-  const tess::ExitStatus status = tess::runScriptText(job, text, out, err);
+  const tess::ExitStatus status = tess::runScriptText(job, text, {}, out, err);
   const std::string line = err.str();
   require(status != tess::ExitStatus::WrongUsage);
   if (status == tess::ExitStatus::Done) return 0;

@@ -3,11 +3,13 @@
 
 #include "shell/automation/command_line.h"
 #include "shell/qt/desktop.h"
+#include "shell/qt/plot.h"
 
 int main(int argc, char** argv) {
   const tess::CommandLine line = tess::parseCommandLine({argv + 1, argv + argc});
   if (line.job != tess::Job::Window) {
-    return static_cast<int>(tess::runCommandLine(line, std::cout, std::cerr));
+    return static_cast<int>(
+        tess::runCommandLine(line, tess::QtPictureWriter(), std::cout, std::cerr));
   }
   return tess::runDesktop({.drawing = line.drawing, .home = line.home}, {argv[0]});
 }

@@ -1,15 +1,17 @@
 // A screen that nobody sees, for scripts, file jobs and tests: the surface keeps its scale and
-// forgets what is painted, the pointer goes where it is sent, and time stands still until told.
+// forgets what is painted, the pointer arrives where it is sent, and time stands still until told.
 // Owns: VirtualSurface, VirtualPointer, VirtualScreen.
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <string>
 
 #include "core/timers.h"
 #include "display/drawing_target.h"
 #include "display/pointer.h"
 #include "shell/interaction.h"
+#include "shell/pixel_size.h"
 
 namespace tess {
 
@@ -32,28 +34,43 @@ class VirtualSurface : public DrawingSurface {
   bool enabled_ = true;
 };
 
+// A pointer that is sent somewhere arrives as an event: when time next passes, not at once.
 class VirtualPointer : public Pointer {
  public:
+  explicit VirtualPointer(Timers& timers)
+      : arrival_(timers.create({"pointerArrival", /*intervalMs=*/0, /*oneShot=*/true}, [this] {
+          if (onArrival) onArrival(pixelX_, pixelY_);
+        })) {}
+
   int MousePointer() const override { return shape_; }
   void setMousePointer(int shape) override { shape_ = shape; }
   void setMouseIcon(const std::string& /*path*/) override {}
-  void warp(int /*pixelX*/, int /*pixelY*/) override {}
+  void warp(int pixelX, int pixelY) override {
+    pixelX_ = pixelX;
+    pixelY_ = pixelY;
+    arrival_->setEnabled(true);
+  }
   bool isOverSurface() const override { return true; }
   void releaseCapture() override {}
   void focusSurface() override {}
 
+  // Pixels of the surface, which may lie outside of it.
+  std::function<void(int pixelX, int pixelY)> onArrival;
+
  private:
+  std::unique_ptr<Timer> arrival_;
   int shape_ = kDefaultShape;
+  int pixelX_ = 0, pixelY_ = 0;
 };
 
-inline constexpr int kVirtualWidth = 1000;
-inline constexpr int kVirtualHeight = 800;
-
 struct VirtualScreen {
-  VirtualSurface picDrawing;
-  VirtualPointer pointer;
+  explicit VirtualScreen(PixelSize size = {}) : area{0, 0, size.width, size.height} {}
+
   VirtualTimers timers;
-  ScreenPorts ports{picDrawing, pointer, timers, {0, 0, kVirtualWidth, kVirtualHeight}};
+  VirtualSurface picDrawing;
+  VirtualPointer pointer{timers};
+  Bounds area;
+  ScreenPorts ports{picDrawing, pointer, timers, area};
 };
 
 }  // namespace tess

@@ -20,10 +20,6 @@ struct FileName {
   string name;
 };
 
-void requireAllowed(lua_State* L, const AllowedFolders& folders, const string& path) {
-  if (const auto refusal = folders.refusal(path)) raise(L, *refusal);
-}
-
 // Where a file with a bare name belongs.
 using FolderRule = string (*)(const Script& script, const string& name);
 
@@ -50,7 +46,7 @@ FileName allowedFile(Script& script, lua_State* L, const string& path, const cha
   if (file.name.empty()) raise(L, "'" + path + "' names no file");
   file.folder = file.folder.empty() ? folderOfBareName(script, file.name)
                                     : withSeparator(fullPath(file.folder));
-  requireAllowed(L, script.folders, file.folder + file.name);
+  requireAllowed(script.folders, file.folder + file.name);
   return file;
 }
 
@@ -64,6 +60,7 @@ int openDrawing(Script& script, lua_State* L) {
     session.lastfilename = file.folder + file.name;
     load_Drawing(session);
   });
+  script.hand.settle();
   return 0;
 }
 
@@ -108,11 +105,11 @@ int makeCnc(Script& script, lua_State* L) {
   // The question about unsaved work may save the drawing where it is.
   const string& drawing = application.store.drawingname;
   if (!drawing.empty()) {
-    requireAllowed(L, script.folders, application.store.drawingpath + drawing);
+    requireAllowed(script.folders, application.store.drawingpath + drawing);
   }
   string path;
   if (lua_isnoneornil(L, 2)) {
-    requireAllowed(L, script.folders, programFile(application.store));
+    requireAllowed(script.folders, programFile(application.store));
   } else {
     const FileName file = allowedFile(script, L, valueAt<string>(L, 2), "CNC", drawingFolder);
     path = file.folder + file.name;

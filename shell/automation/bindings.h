@@ -1,6 +1,7 @@
 // The names that a script finds, each group put into the globals of a state by one call. All of
 // them need scriptOf(L) and protected mode.
-// Owns: bindStore, bindRows, bindGeometry, bindRoutines, bindFileCommands, bindPrompts.
+// Owns: bindStore, bindRows, bindGeometry, bindRoutines, bindFileCommands, bindPrompts, bindState,
+//       bindEvents, bindViews.
 #pragma once
 
 #include "shell/automation/script.h"
@@ -12,6 +13,10 @@ void bindRows(lua_State* L);          // segments, paths, add_segment, add_path
 void bindGeometry(lua_State* L);      // geometry
 void bindRoutines(lua_State* L);      // call
 void bindFileCommands(lua_State* L);  // open, save, make_cnc, extents
-void bindPrompts(lua_State* L);       // messages, beeps, on_message, on_file, print
+// print, messages, beeps, status_log, form, on_message, on_file, on_form
+void bindPrompts(lua_State* L);
+void bindState(lua_State* L);   // state
+void bindEvents(lua_State* L);  // tool, tool_state, key, press, ..., wheel, wait
+void bindViews(lua_State* L);   // view, plot
 
 }  // namespace tess

@@ -2,8 +2,10 @@
 #include "shell/automation/command_line.h"
 
 #include <algorithm>
+#include <charconv>
 #include <ostream>
 #include <sstream>
+#include <stdexcept>
 
 #include "CLI/CLI.hpp"
 
@@ -16,6 +18,7 @@ namespace tess {
 namespace {
 
 constexpr char kRun[] = "--run";
+constexpr char kPlay[] = "--play";
 constexpr char kFooter[] =
     "Everything behind SCRIPT belongs to the script, which finds it in arg[1], arg[2], ...\n"
     "Exit status: 0 done, 1 the job failed, 2 wrong usage.";
@@ -25,16 +28,66 @@ struct Options {
   CommandLine line;
   std::string home;
   std::string mode;
+  std::string size;
 };
 
 // The arguments of the script are none of the program's options, whatever they look like.
 std::vector<std::string> splitOffScript(std::vector<std::string>& arguments) {
-  const auto run = std::find(arguments.begin(), arguments.end(), kRun);
+  const auto run = std::find_if(arguments.begin(), arguments.end(), [](const std::string& word) {
+    return word == kRun || word == kPlay;
+  });
   if (arguments.end() - run < 2) return {};
   const auto first = run + 2;
   std::vector<std::string> rest(first, arguments.end());
   arguments.erase(first, arguments.end());
   return rest;
+}
+
+// "640x480"; nothing for another text or an impossible size.
+std::optional<PixelSize> sizeIn(const std::string& text) {
+  PixelSize size{0, 0};
+  const char* const end = text.data() + text.size();
+  const auto [cross, bad] = std::from_chars(text.data(), end, size.width);
+  if (bad != std::errc() || cross == end || (*cross != 'x' && *cross != 'X')) return std::nullopt;
+  const auto [last, wrong] = std::from_chars(cross + 1, end, size.height);
+  if (wrong != std::errc() || last != end || !isUsable(size)) return std::nullopt;
+  return size;
+}
+
+std::string sizeError(const std::string& text) {
+  if (sizeIn(text)) return {};
+  return "'" + text + "' is not WIDTHxHEIGHT with sides of 1 to " + std::to_string(kLongestSide) +
+         " pixels";
+}
+
+void addScriptOptions(CLI::App& app, Options& options) {
+  app.add_flag("--allow-io", options.line.allowIo,
+               "Give the script Lua's io, os and package libraries");
+  app.add_option(kRun, options.line.script, "Run a script without a window")
+      ->type_name("SCRIPT.lua [ARG ...]");
+  app.add_option(kPlay, options.line.script, "Run a script in the main window")
+      ->type_name("SCRIPT.lua [ARG ...]")
+      ->excludes(kRun);
+}
+
+void addFileOptions(CLI::App& app, Options& options) {
+  auto* const make = app.add_option("--make-cnc", options.mode, "Write the CNC program of DRAWING")
+                         ->type_name("mill|lathe")
+                         ->check(CLI::IsMember({"mill", "lathe"}))
+                         ->excludes(kRun)
+                         ->excludes(kPlay);
+  app.add_option("-o", options.line.output, "Write the program to FILE")
+      ->type_name("FILE")
+      ->needs(make);
+  app.add_option("--plot", options.line.picture, "Write a picture of DRAWING to FILE.png")
+      ->type_name("FILE.png")
+      ->excludes(kRun)
+      ->excludes(kPlay)
+      ->excludes(make);
+  app.add_option("DRAWING", options.line.drawing,
+                 "The drawing to open, to plot, or to make a program of")
+      ->excludes(kRun)
+      ->excludes(kPlay);
 }
 
 void addOptions(CLI::App& app, Options& options) {
@@ -43,30 +96,30 @@ void addOptions(CLI::App& app, Options& options) {
                        "Print the version and exit");
   app.footer(kFooter);
   app.add_option("--home", options.home, "Use DIR as the program's folder")->type_name("DIR");
-  app.add_flag("--allow-io", options.line.allowIo,
-               "Give the script Lua's io, os and package libraries");
-  auto* const run = app.add_option(kRun, options.line.script, "Run a script without a window")
-                        ->type_name("SCRIPT.lua [ARG ...]");
-  auto* const make = app.add_option("--make-cnc", options.mode, "Write the CNC program of DRAWING")
-                         ->type_name("mill|lathe")
-                         ->check(CLI::IsMember({"mill", "lathe"}).description(""))
-                         ->excludes(run);
-  app.add_option("-o", options.line.output, "Write the program to FILE")
-      ->type_name("FILE")
-      ->needs(make);
-  app.add_option("DRAWING", options.line.drawing, "The drawing to open, or to make a program of")
-      ->excludes(run);
+  addScriptOptions(app, options);
+  addFileOptions(app, options);
+  app.add_option("--size", options.size, "Size of the view of --run, or of the picture of --plot")
+      ->type_name("WxH")
+      ->check(CLI::Validator(sizeError, ""));
 }
 
 // The job that the options make up; throws what CLI11 does for options that make none.
 void settle(const CLI::App& app, Options& options) {
   CommandLine& line = options.line;
+  const bool plays = app.count(kPlay) > 0;
+  const bool plots = app.count("--plot") > 0;
+  const bool makes = app.count("--make-cnc") > 0;
   if (app.count("--home") > 0) line.home = options.home;
-  if (line.allowIo && app.count(kRun) == 0) throw CLI::RequiresError("--allow-io", kRun);
   if (app.count(kRun) > 0) line.job = Job::RunScript;
-  if (app.count("--make-cnc") == 0) return;
-  if (line.drawing.empty()) throw CLI::RequiresError("--make-cnc", "DRAWING");
-  line.job = Job::MakeCnc;
+  if (plays) line.job = Job::PlayScript;
+  if (line.allowIo && line.script.empty()) throw CLI::RequiresError("--allow-io", kRun);
+  if (app.count("--size") > 0) {
+    if (line.job != Job::RunScript && !plots) throw CLI::RequiresError("--size", "--run or --plot");
+    line.size = *sizeIn(options.size);
+  }
+  if (!plots && !makes) return;
+  if (line.drawing.empty()) throw CLI::RequiresError(plots ? "--plot" : "--make-cnc", "DRAWING");
+  line.job = plots ? Job::Plot : Job::MakeCnc;
   line.mode = options.mode == "lathe" ? CncMode::Lathe : CncMode::Mill;
 }
 
@@ -84,23 +137,21 @@ CommandLine printAndExit(const CLI::App& app, const CLI::ParseError& error) {
   return line;
 }
 
-ExitStatus runScriptJob(const CommandLine& line, std::ostream& out, std::ostream& err) {
-  ScriptJob job{.path = line.script,
-                .arguments = line.scriptArguments,
-                .appfolder = programFolder(folderRequest(line.home)),
-                .folders = {},
-                .fileAccess = line.allowIo,
-                .limits = {}};
-  if (line.home) job.folders.push_back(*line.home);
-  return runScript(job, out, err);
-}
-
 ExitStatus makeProgram(const CommandLine& line, std::ostream& out, std::ostream& err) {
   return makeCncFile({.drawing = line.drawing,
                       .mode = line.mode,
                       .output = line.output,
                       .appfolder = programFolder(folderRequest(line.home))},
                      out, err);
+}
+
+ExitStatus plotDrawing(const CommandLine& line, const PictureWriter& writePicture,
+                       std::ostream& err) {
+  return writePlot({.drawing = line.drawing,
+                    .picture = line.picture,
+                    .size = line.size,
+                    .appfolder = programFolder(folderRequest(line.home))},
+                   writePicture, err);
 }
 
 ExitStatus printText(const CommandLine& line, std::ostream& out, std::ostream& err) {
@@ -112,13 +163,18 @@ ExitStatus printText(const CommandLine& line, std::ostream& out, std::ostream& e
   return line.status;
 }
 
-ExitStatus runJob(const CommandLine& line, std::ostream& out, std::ostream& err) {
+ExitStatus runJob(const CommandLine& line, const PictureWriter& writePicture, std::ostream& out,
+                  std::ostream& err) {
   switch (line.job) {
     case Job::RunScript:
-      return runScriptJob(line, out, err);
+      return runScript(scriptJob(line), writePicture, out, err);
     case Job::MakeCnc:
       return makeProgram(line, out, err);
+    case Job::Plot:
+      return plotDrawing(line, writePicture, err);
     case Job::Window:
+    case Job::PlayScript:
+      throw std::logic_error("this needs the main window");
     case Job::PrintAndExit:
       break;
   }
@@ -142,9 +198,22 @@ CommandLine parseCommandLine(std::vector<std::string> arguments) {
   return options.line;
 }
 
-ExitStatus runCommandLine(const CommandLine& line, std::ostream& out, std::ostream& err) {
+ScriptJob scriptJob(const CommandLine& line) {
+  ScriptJob job{.path = line.script,
+                .arguments = line.scriptArguments,
+                .appfolder = programFolder(folderRequest(line.home)),
+                .folders = {},
+                .fileAccess = line.allowIo,
+                .size = line.size,
+                .limits = {}};
+  if (line.home) job.folders.push_back(*line.home);
+  return job;
+}
+
+ExitStatus runCommandLine(const CommandLine& line, const PictureWriter& writePicture,
+                          std::ostream& out, std::ostream& err) {
   try {
-    return runJob(line, out, err);
+    return runJob(line, writePicture, out, err);
   } catch (const RuntimeFailure& failure) {
     say(err, describe(failure));
   } catch (const std::exception& failure) {

@@ -1,5 +1,5 @@
 // The command line: what was asked for, and the jobs that need no window.
-// Owns: Job, CommandLine, parseCommandLine, runCommandLine.
+// Owns: Job, CommandLine, parseCommandLine, runCommandLine, scriptJob.
 #pragma once
 
 #include <iosfwd>
@@ -12,17 +12,19 @@
 
 namespace tess {
 
-enum class Job { Window, RunScript, MakeCnc, PrintAndExit };
+enum class Job { Window, RunScript, PlayScript, MakeCnc, Plot, PrintAndExit };
 
 struct CommandLine {
   Job job = Job::Window;
   std::optional<std::string> home;
-  std::string drawing;  // to open in the window, or to make a program of; may be empty
-  std::string script;
+  std::string drawing;  // to open in the window, or to make a program or a picture of
+  std::string script;   // of RunScript and PlayScript
   std::vector<std::string> scriptArguments;
   bool allowIo = false;
   CncMode mode = CncMode::Mill;
   std::string output;  // of the program; empty: where its rules put it
+  std::string picture;
+  PixelSize size;  // of the surface that nobody sees, or of the picture
 
   // Of PrintAndExit: --help, --version or wrong usage.
   ExitStatus status = ExitStatus::Done;
@@ -32,7 +34,11 @@ struct CommandLine {
 // Reads the arguments behind the program's own name.
 CommandLine parseCommandLine(std::vector<std::string> arguments);
 
-// Does any job but Window.
-ExitStatus runCommandLine(const CommandLine& line, std::ostream& out, std::ostream& err);
+// Does any job but Window and PlayScript.
+ExitStatus runCommandLine(const CommandLine& line, const PictureWriter& writePicture,
+                          std::ostream& out, std::ostream& err);
+
+// The script of a RunScript or PlayScript with all that the command line says about it.
+ScriptJob scriptJob(const CommandLine& line);
 
 }  // namespace tess

@@ -1,4 +1,4 @@
-// The job that turns a drawing into a CNC program.
+// The jobs that turn a drawing into a CNC program or a picture.
 #include "shell/automation/file_jobs.h"
 
 #include <ostream>
@@ -7,6 +7,7 @@
 #include "core/drawing_file.h"
 #include "core/file_system.h"
 #include "core/form.h"
+#include "display/drawing_extents.h"
 #include "shell/application.h"
 #include "shell/automation/message_buttons.h"
 #include "shell/automation/reports.h"
@@ -15,6 +16,14 @@
 
 namespace tess {
 namespace {
+
+constexpr int kRedrawTime = 1000;  // milliseconds: more than the stages of a redraw take
+
+struct DrawingJob {
+  std::string drawing;
+  std::string appfolder;
+  PixelSize size;
+};
 
 // A reason why the job cannot be done.
 class JobFailure : public std::runtime_error {
@@ -49,11 +58,21 @@ class JobFailures : public FailureSink {
   std::vector<std::string>& texts_;
 };
 
+// Reports go to the log; the job tells of its failures itself.
+ErrorReporting quietReporting() {
+  ErrorReporting reporting;
+  reporting.display = ReportDisplay::None;
+  reporting.offersRetry = false;
+  return reporting;
+}
+
 struct JobHost {
+  explicit JobHost(const VirtualTimers& timers) : clock(timers) {}
+
   JobPrompts prompts;
   VirtualClock clock;
   QuietSurroundings surroundings;
-  HuntERR reporting{prompts, clock, ScriptHost::quietReporting()};
+  HuntERR reporting{prompts, clock, quietReporting()};
   JobFailures failures{reporting, prompts.texts};
   Host host{prompts, clock, surroundings, failures};
 };
@@ -79,12 +98,32 @@ std::string make(Application& application, const CncJob& job) {
   return file;
 }
 
-}  // namespace
+// The whole drawing is to be seen, however far it reaches beyond the stock.
+void showAll(Application& application) {
+  const auto extents = GetDrawingExtents(application.store);
+  if (!extents) return;
+  const View& view = application.interaction.view;
+  const WorldRect seen = visibleRectangle(view, view.viewspan);
+  const bool all = extents->minx >= seen.left && extents->maxx <= seen.right &&
+                   extents->miny >= seen.bottom && extents->maxy <= seen.top;
+  if (!all) application.interaction.viewCommands.ZoomExtents();
+}
 
-ExitStatus makeCncFile(const CncJob& job, std::ostream& out, std::ostream& err) {
-  JobHost host;
+void plot(Application& application, const PlotJob& job, const PictureWriter& writePicture) {
+  std::string folder;
+  const std::string name = splitPath(folder, job.picture, "PNG");
+  application.store.showpaths = 1;
+  showAll(application);
+  writePicture(application, folder + name, job.size);
+}
+
+// Loads the drawing on a screen that nobody sees, does something with it, and tells what went
+// wrong.
+ExitStatus withDrawing(const DrawingJob& job, std::ostream& err,
+                       const std::function<void(Application&)>& work) {
+  VirtualScreen screen(job.size);
+  JobHost host(screen.timers);
   host.reporting.setFolder(job.appfolder);
-  VirtualScreen screen;
   Application application({host.host, host.reporting, screen.ports});
   std::string subject;  // what a failure is about
   const auto fail = [&](const std::string& reason) {
@@ -95,8 +134,8 @@ ExitStatus makeCncFile(const CncJob& job, std::ostream& out, std::ostream& err) 
     application.start(/*drawing=*/"", job.appfolder);
     subject = job.drawing + ": ";
     load(application, host.prompts, job.drawing);
-    const std::string file = make(application, job);
-    if (job.output.empty()) out << file << '\n';
+    screen.timers.advance(kRedrawTime);
+    work(application);
   } catch (const RuntimeFailure& failure) {
     host.reporting.report(failure);
     return fail(describe(failure));
@@ -106,6 +145,22 @@ ExitStatus makeCncFile(const CncJob& job, std::ostream& out, std::ostream& err) 
   for (const std::string& text : host.surroundings.printed) say(err, text);
   for (const std::string& text : host.prompts.texts) say(err, text);
   return ExitStatus::Done;
+}
+
+}  // namespace
+
+ExitStatus makeCncFile(const CncJob& job, std::ostream& out, std::ostream& err) {
+  return withDrawing({job.drawing, job.appfolder, {}}, err, [&](Application& application) {
+    const std::string file = make(application, job);
+    if (job.output.empty()) out << file << '\n';
+  });
+}
+
+ExitStatus writePlot(const PlotJob& job, const PictureWriter& writePicture, std::ostream& err) {
+  return withDrawing({job.drawing, job.appfolder, job.size}, err, [&](Application& application) {
+    if (!writePicture) throw JobFailure("this program writes no pictures");
+    plot(application, job, writePicture);
+  });
 }
 
 }  // namespace tess

@@ -1,5 +1,5 @@
 // Jobs on single files that need neither a window nor a script.
-// Owns: CncJob, makeCncFile.
+// Owns: CncJob, makeCncFile, PlotJob, writePlot.
 #pragma once
 
 #include <iosfwd>
@@ -20,5 +20,16 @@ struct CncJob {
 // Loads the drawing and writes its program, whose path goes to `out` unless it was given. A drawing
 // that does not load, or has no paths, gives one line on `err`.
 ExitStatus makeCncFile(const CncJob& job, std::ostream& out, std::ostream& err);
+
+struct PlotJob {
+  std::string drawing;
+  std::string picture;  // "PNG" is added to a name without an extension
+  PixelSize size;
+  std::string appfolder;  // with its last separator
+};
+
+// Loads the drawing and writes a picture of it with its paths: as it opens, or all of it when it
+// reaches beyond that view. Failures as above.
+ExitStatus writePlot(const PlotJob& job, const PictureWriter& writePicture, std::ostream& err);
 
 }  // namespace tess

@@ -49,9 +49,8 @@ void setRoutines(lua_State* L, const char* table, std::span<const Routine> routi
 }
 
 void runReported(Script& script, const char* name, const std::function<void()>& run) {
-  ScriptHost& host = script.host;
-  if (host.reporting.guarded(std::string(name) + "()", run)) return;
-  host.prompts.showReport(host.reporting.lastReport());
+  script.host.reporting.guarded(std::string(name) + "()", run);
+  script.host.showReports();
 }
 
 namespace lua_routines {

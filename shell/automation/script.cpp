@@ -45,6 +45,10 @@ int runGuarded(lua_State* L, Body body) {
     return body(scriptOf(L), L);
   } catch (const RuntimeFailure& failure) {
     text = describe(failure);
+  } catch (const ProgramClosed& end) {
+    text = end.what();
+    scriptOf(L).closed = true;
+    endScript(L, end.what());
   } catch (const EndProgram& end) {
     text = end.what();
     endScript(L, end.what());
@@ -66,6 +70,10 @@ void raise(lua_State* L, std::string_view text) {
   lua_concat(L, 2);
   lua_error(L);
   std::terminate();  // lua_error never returns; its declaration does not say so
+}
+
+void requireAllowed(const AllowedFolders& folders, std::string_view path) {
+  if (const auto refusal = folders.refusal(path)) throw ScriptMisuse(*refusal);
 }
 
 }  // namespace tess

@@ -1,11 +1,13 @@
 // What the functions of one running script share, and the one door between Lua and the program:
 // every function that a script can call goes through runGuarded.
-// Owns: Script, scriptOf, setScript, limitInstructions, Body, runGuarded, guarded, raise.
+// Owns: Script, scriptOf, setScript, limitInstructions, ProgramClosed, Body, runGuarded, guarded, raise,
+//       ScriptMisuse, requireAllowed.
 #pragma once
 
 #include <deque>
 #include <iosfwd>
 #include <optional>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 
@@ -13,19 +15,24 @@
 #include "shell/automation/allowed_folders.h"
 #include "shell/automation/lua_values.h"
 #include "shell/automation/named_variables.h"
+#include "shell/automation/script_hand.h"
 #include "shell/automation/script_host.h"
+#include "shell/picture.h"
 
 namespace tess {
 
 struct Script {
   Application& application;
   ScriptHost& host;
+  ScriptHand& hand;
+  const PictureWriter& writePicture;  // empty where there is none
   const AllowedFolders& folders;
   std::ostream& out;
   std::string folder{};                     // of the script's file, with its last separator
   std::deque<Variable> variables{};         // what the closures of Lua point to; never shrinks
   bool started = false;                     // the program is up, and the script itself runs
   std::optional<std::string> programEnd{};  // why the script is over for good
+  bool closed = false;                      // it has closed the program, and is over in order
 };
 
 // The script that a state runs.
@@ -34,6 +41,12 @@ void setScript(lua_State* L, Script& script);
 
 // Has the script end when it has run so many instructions.
 void limitInstructions(lua_State* L, int count);
+
+// Thrown when the program was closed by a command of the script.
+class ProgramClosed : public EndProgram {
+ public:
+  ProgramClosed() : EndProgram("the program was closed") {}
+};
 
 using Body = int (*)(Script& script, lua_State* L);
 
@@ -49,5 +62,14 @@ int guarded(lua_State* L) {
 
 // Ends the function with a Lua error that names the script's line.
 [[noreturn]] void raise(lua_State* L, std::string_view text);
+
+// A wrong use of a function, with a sentence for the script's author. Leaving a body it becomes the
+// same error.
+class ScriptMisuse : public std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
+// Throws ScriptMisuse for a file that the script may not touch.
+void requireAllowed(const AllowedFolders& folders, std::string_view path);
 
 }  // namespace tess

@@ -3,10 +3,13 @@
 
 #include <ctime>
 
+#include "core/form.h"
+#include "shell/automation/message_buttons.h"
+
 namespace tess {
 
 DateTime VirtualClock::now() {
-  const auto passed = std::chrono::milliseconds(static_cast<long long>(elapsed_));
+  const auto passed = std::chrono::milliseconds(timers_.now());
   const std::time_t moment = std::chrono::system_clock::to_time_t(start_ + passed);
   std::tm local{};
   localtime_r(&moment, &local);
@@ -18,14 +21,27 @@ DateTime VirtualClock::now() {
           .second = local.tm_sec};
 }
 
-void ScriptFailures::report(const RuntimeFailure& failure) {
-  reporting_.report(failure);
-  prompts_.showReport(reporting_.lastReport());
+Answer CollectedReports::showMessage(const Message& message) {
+  texts_.push_back(message.text);
+  return firstButton(message.buttons);
 }
 
-ErrorReporting ScriptHost::quietReporting() {
+void CollectedReports::showModal(Form& form) {
+  form.pressCancel();
+}
+
+void ScriptFailures::report(const RuntimeFailure& failure) {
+  reporting_.report(failure);
+  show_();
+}
+
+void ScriptHost::showReports() {
+  for (const std::string& text : reports.take()) prompts.showReport(text);
+}
+
+ErrorReporting ScriptHost::shownAsMessages() {
   ErrorReporting reporting;
-  reporting.display = ReportDisplay::None;
+  reporting.display = ReportDisplay::MessageBox;
   reporting.offersRetry = false;
   return reporting;
 }

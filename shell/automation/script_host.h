@@ -1,72 +1,111 @@
-// The platform of a program without a window: time that passes only when a script lets it, beeps
-// that are counted, failures that end in the log.
-// Owns: VirtualClock, QuietSurroundings, ScriptFailures, ScriptHost.
+// The platform that a script has, with a window or without one: its answers to what the program
+// asks, beeps that are counted, failures that end in the log and in its messages.
+// Owns: VirtualClock, QuietSurroundings, CountedSurroundings, CollectedReports, ScriptFailures,
+//       ScriptHost.
 #pragma once
 
 #include <chrono>
 #include <functional>
+#include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "core/host.h"
+#include "core/timers.h"
 #include "shell/automation/script_prompts.h"
 #include "shell/error_reporting.h"
 
 namespace tess {
 
-// Starts at the machine's local time and moves only by advance, so that a script does the same on
-// a slow machine as on a fast one.
+// Starts at the machine's local time and moves with virtual timers alone, so that a script does the
+// same on a slow machine as on a fast one.
 class VirtualClock : public Clock {
  public:
+  explicit VirtualClock(const VirtualTimers& timers) : timers_(timers) {}
   DateTime now() override;
-  double elapsedMilliseconds() override { return elapsed_; }
-  void advance(double milliseconds) { elapsed_ += milliseconds; }
+  double elapsedMilliseconds() override { return static_cast<double>(timers_.now()); }
 
  private:
+  const VirtualTimers& timers_;
   std::chrono::system_clock::time_point start_ = std::chrono::system_clock::now();
-  double elapsed_ = 0;
 };
 
-// Counts the beeps and keeps what would stand on the main window.
+// Keeps what would stand on the main window.
 class QuietSurroundings : public Surroundings {
  public:
   void serveEvents() override {}
+  void beep() override {}
+  void printOnMainWindow(const std::string& text) override { printed.push_back(text); }
+
+  std::vector<std::string> printed;
+};
+
+// Counts the beeps on their way to whoever sounds them.
+class CountedSurroundings : public Surroundings {
+ public:
+  explicit CountedSurroundings(Surroundings& inner) : inner_(inner) {}
+  void serveEvents() override { inner_.serveEvents(); }
   void beep() override {
     ++beeps;
     if (onBeep) onBeep(beeps);
+    inner_.beep();
   }
-  void printOnMainWindow(const std::string& text) override { printed.push_back(text); }
+  void printOnMainWindow(const std::string& text) override { inner_.printOnMainWindow(text); }
 
   long long beeps = 0;
   std::function<void(long long)> onBeep;
-  std::vector<std::string> printed;
+
+ private:
+  Surroundings& inner_;
+};
+
+// Where the reports of guarded runs wait: the guard would swallow the errors of a script that
+// hears of them, so they are shown once it is left.
+class CollectedReports : public Prompts {
+ public:
+  Answer showMessage(const Message& message) override;
+  std::optional<std::string> chooseFile(const FileRequest& /*request*/) override { return {}; }
+  void showModal(Form& form) override;
+  std::vector<std::string> take() { return std::exchange(texts_, {}); }
+
+ private:
+  std::vector<std::string> texts_;
 };
 
 // Failures that a routine survives: logged, and shown as a report.
 class ScriptFailures : public FailureSink {
  public:
-  ScriptFailures(HuntERR& reporting, ScriptPrompts& prompts)
-      : reporting_(reporting), prompts_(prompts) {}
+  ScriptFailures(HuntERR& reporting, std::function<void()> show)
+      : reporting_(reporting), show_(std::move(show)) {}
   void report(const RuntimeFailure& failure) override;
 
  private:
   HuntERR& reporting_;
-  ScriptPrompts& prompts_;
+  std::function<void()> show_;
 };
 
-// The ports of one script, wired to each other.
+// The host of a program that a script works, on the clock and the surroundings of its platform.
 struct ScriptHost {
-  explicit ScriptHost(const AllowedFolders& folders) : prompts(folders) {}
+  ScriptHost(const AllowedFolders& folders, Clock& clock, Surroundings& platform)
+      : prompts(folders),
+        surroundings(platform),
+        reporting(reports, clock, shownAsMessages()),
+        failures(reporting, [this] { showReports(); }),
+        host{prompts, clock, surroundings, failures} {}
+
+  // The reports that have come since the last call, as messages of the kind "error".
+  void showReports();
+
+  // Nobody answers whether to try again.
+  static ErrorReporting shownAsMessages();
 
   ScriptPrompts prompts;
-  VirtualClock clock;
-  QuietSurroundings surroundings;
-  HuntERR reporting{prompts, clock, quietReporting()};
-  ScriptFailures failures{reporting, prompts};
-  Host host{prompts, clock, surroundings, failures};
-
-  // No window shows the report and nobody answers whether to try again.
-  static ErrorReporting quietReporting();
+  CountedSurroundings surroundings;
+  CollectedReports reports;
+  HuntERR reporting;
+  ScriptFailures failures;
+  Host host;
 };
 
 }  // namespace tess

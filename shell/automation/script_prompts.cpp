@@ -6,6 +6,7 @@
 #include "core/form.h"
 #include "core/text.h"
 #include "core/version.h"
+#include "shell/automation/form_objects.h"
 #include "shell/automation/lua_values.h"
 #include "shell/automation/message_buttons.h"
 #include "shell/automation/script.h"
@@ -42,6 +43,17 @@ bool isSet(int handler) {
   return handler != LUA_NOREF && handler != LUA_REFNIL;
 }
 
+void cancel(Form& form) {
+  const Form::Life life = form.life();
+  if (form.isShown()) form.pressCancel();
+  if (!life.expired() && form.isShown()) form.close();
+}
+
+void runUnattended(Form& form) {
+  form.open(Modality::Modal);
+  cancel(form);
+}
+
 }  // namespace
 
 void ScriptPrompts::attach(lua_State* L) {
@@ -50,6 +62,16 @@ void ScriptPrompts::attach(lua_State* L) {
   lua_pushvalue(L, -1);
   messages_ = luaL_ref(L, LUA_REGISTRYINDEX);
   lua_setglobal(L, "messages");
+}
+
+void ScriptPrompts::detach() {
+  lua_ = nullptr;
+}
+
+void ScriptPrompts::setFormHandler(const std::string& form) {
+  const auto handler = formHandlers_.try_emplace(form, LUA_NOREF).first;
+  takeHandler(handler->second);
+  if (!isSet(handler->second)) formHandlers_.erase(handler);
 }
 
 void ScriptPrompts::takeHandler(int& handler) {
@@ -71,6 +93,7 @@ void ScriptPrompts::record(const char* kind, const std::string& title) {
 }
 
 Answer ScriptPrompts::show(const Message& message, const char* kind) {
+  if (lua_ == nullptr) return firstButton(message.buttons);
   record(kind, message.title);
   setField(lua_, "text", message.text);
   setField(lua_, "icon", iconWord(message.icon));
@@ -106,6 +129,7 @@ Answer ScriptPrompts::askHandler(const Message& message) {
 }
 
 std::optional<std::string> ScriptPrompts::chooseFile(const FileRequest& request) {
+  if (lua_ == nullptr) return std::nullopt;
   record("file", request.title);
   const std::string initial = request.folder + request.name;
   setField(lua_, "pattern", request.pattern);
@@ -136,13 +160,31 @@ std::optional<std::string> ScriptPrompts::askFileHandler(const FileRequest& requ
   return path;
 }
 
+// A form that its handler has not closed is cancelled; so is one whose handler failed.
 void ScriptPrompts::showModal(Form& form) {
+  if (lua_ == nullptr) return runUnattended(form);
   record("form", form.caption());
   setField(lua_, "text", form.name());
-  lua_pop(lua_, 1);
   form.open(Modality::Modal);
-  form.pressCancel();
-  if (form.isShown()) form.close();
+  setField(lua_, "title", form.caption());
+  lua_pop(lua_, 1);
+  const Form::Life life = form.life();
+  try {
+    if (form.isShown()) askFormHandler(form);
+  } catch (...) {
+    if (!life.expired()) form.close();
+    throw;
+  }
+  if (!life.expired()) cancel(form);
+}
+
+void ScriptPrompts::askFormHandler(Form& form) {
+  const auto handler = formHandlers_.find(form.name());
+  if (handler == formHandlers_.end()) return;
+  luaL_checkstack(lua_, kStackSlots, nullptr);
+  lua_rawgeti(lua_, LUA_REGISTRYINDEX, handler->second);
+  pushForm(lua_, form);
+  lua_call(lua_, 1, 0);
 }
 
 void ScriptPrompts::showReport(const std::string& report) {

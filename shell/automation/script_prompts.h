@@ -3,6 +3,7 @@
 // Owns: ScriptPrompts.
 #pragma once
 
+#include <map>
 #include <optional>
 #include <string>
 
@@ -18,12 +19,16 @@ class ScriptPrompts : public Prompts {
  public:
   explicit ScriptPrompts(const AllowedFolders& folders) : folders_(folders) {}
 
-  // The state whose handlers answer; creates its `messages`. Everything below needs it.
+  // The state whose handlers answer; creates its `messages`.
   void attach(lua_State* L);
+  // The script is over: what the program asks from now on gets the first button, or is cancelled.
+  void detach();
   // The function on top of the stack, which is taken off, answers from now on. nil: message boxes
   // get their first button, file dialogs are cancelled.
   void setMessageHandler() { takeHandler(messageHandler_); }
   void setFileHandler() { takeHandler(fileHandler_); }
+  // The same for the modal showings of one form; nil: they are cancelled.
+  void setFormHandler(const std::string& form);
 
   Answer showMessage(const Message& message) override { return show(message, "message"); }
   std::optional<std::string> chooseFile(const FileRequest& request) override;
@@ -38,12 +43,14 @@ class ScriptPrompts : public Prompts {
   Answer show(const Message& message, const char* kind);
   Answer askHandler(const Message& message);
   std::optional<std::string> askFileHandler(const FileRequest& request, const std::string& initial);
+  void askFormHandler(Form& form);
 
   const AllowedFolders& folders_;
   lua_State* lua_ = nullptr;
   int messages_ = LUA_NOREF;
   int messageHandler_ = LUA_NOREF;
   int fileHandler_ = LUA_NOREF;
+  std::map<std::string, int, std::less<>> formHandlers_;
 };
 
 }  // namespace tess

@@ -3,6 +3,7 @@
 #include "shell/automation/script_runner.h"
 
 #include <ostream>
+#include <utility>
 
 #include "core/file_system.h"
 #include "shell/automation/bindings.h"
@@ -99,18 +100,20 @@ std::string_view luaText(std::string_view text) {
 }
 
 struct Run {
+  const ScriptParts& parts;
   const ScriptJob& job;
   std::string_view text;
 };
 
 // A failure on the way up ends the script, but the log shall have it too.
-void startProgram(Script& script, const std::string& appfolder) {
+void startProgram(Script& script, const std::function<void()>& start) {
   try {
-    script.application.start(/*drawing=*/"", appfolder);
+    start();
   } catch (const RuntimeFailure& failure) {
     script.host.reporting.report(failure);
     throw;
   }
+  script.hand.settle();
 }
 
 // Everything from the program's start to the script's end, inside Lua's protection.
@@ -118,12 +121,15 @@ int runAll(Script& script, lua_State* L) {
   const Run& run = *static_cast<const Run*>(lua_touserdata(L, 1));
   openScriptLibraries(L, run.job.fileAccess);
   bindPrompts(L);
-  startProgram(script, run.job.appfolder);
+  startProgram(script, run.parts.start);
   bindStore(L);
   bindRows(L);
   bindGeometry(L);
   bindRoutines(L);
   bindFileCommands(L);
+  bindState(L);
+  bindEvents(L);
+  bindViews(L);
   setArguments(L, run.job);
   script.started = true;
   limitInstructions(L, run.job.limits.instructions);
@@ -150,6 +156,62 @@ std::string folderOf(const ScriptJob& job) {
   return folder;
 }
 
+ExitStatus fail(std::ostream& err, std::string_view text) {
+  say(err, text);
+  return ExitStatus::JobFailed;
+}
+
+// Closes the program when a command has asked for it, as the main window would.
+class ClosingStage : public ScriptStage {
+ public:
+  explicit ClosingStage(Application& application) : application_(application) {
+    application_.onCloseMainWindow = [this] { asked_ = true; };
+  }
+  void stepDone() override {
+    if (!std::exchange(asked_, false) || !application_.mayClose()) return;
+    application_.unload();
+    throw ProgramClosed();
+  }
+
+ private:
+  Application& application_;
+  bool asked_ = false;
+};
+
+// The program has sent the pointer to a pixel of the surface: a move like any other.
+void deliverArrival(Application& application, int pixelX, int pixelY) {
+  const Desk& desk = application.interaction.desk;
+  const DrawingSurface& surface = desk.ScreenProxy.surface();
+  const SurfaceArea area = surface.area();
+  const bool inside = pixelX >= 0 && static_cast<float>(pixelX) < area.width && pixelY >= 0 &&
+                      static_cast<float>(pixelY) < area.height;
+  if (!inside || !surface.Enabled()) return;
+  const int rightOrNone = desk.pointer.RightDown ? kRightButton : 0;
+  const Point place = surface.toWorld(pixelX, pixelY);
+  application.move({.Button = desk.pointer.LeftDown ? kLeftButton : rightOrNone,
+                    .Shift = 0,
+                    .X = place.x,
+                    .Y = place.y});
+}
+
+// Whatever tells the script of events holds its state, which does not outlive it.
+class Attached {
+ public:
+  explicit Attached(const ScriptParts& parts) : parts_(parts) {}
+  ~Attached() {
+    parts_.application.interaction.statusBar.onText = nullptr;
+    parts_.host.surroundings.onBeep = nullptr;
+    parts_.host.prompts.detach();
+  }
+  Attached(const Attached&) = delete;
+  Attached& operator=(const Attached&) = delete;
+
+ private:
+  const ScriptParts& parts_;
+};
+
+}  // namespace
+
 AllowedFolders foldersOf(const ScriptJob& job) {
   AllowedFolders folders;
   folders.allow(folderOf(job));
@@ -159,43 +221,66 @@ AllowedFolders foldersOf(const ScriptJob& job) {
   return folders;
 }
 
-ExitStatus fail(std::ostream& err, std::string_view text) {
-  say(err, text);
-  return ExitStatus::JobFailed;
-}
-
-}  // namespace
-
-ExitStatus runScript(const ScriptJob& job, std::ostream& out, std::ostream& err) {
-  std::string text;
+std::optional<std::string> readScript(const ScriptJob& job, std::ostream& err) {
   try {
-    text = readFile(job.path);
+    return readFile(job.path);
   } catch (const RuntimeFailure& failure) {
     takeCallChain();
     const bool folder = folderExists(job.path);
-    return fail(err, job.path + ": " + (folder ? "it is a folder" : failure.description()));
+    say(err, job.path + ": " + (folder ? "it is a folder" : failure.description()));
+    return std::nullopt;
   }
-  return runScriptText(job, text, out, err);
 }
 
-ExitStatus runScriptText(const ScriptJob& job, std::string_view text, std::ostream& out,
-                         std::ostream& err) {
+ExitStatus runScript(const ScriptJob& job, const PictureWriter& writePicture, std::ostream& out,
+                     std::ostream& err) {
+  const std::optional<std::string> text = readScript(job, err);
+  return text ? runScriptText(job, *text, writePicture, out, err) : ExitStatus::JobFailed;
+}
+
+ExitStatus runScriptText(const ScriptJob& job, std::string_view text,
+                         const PictureWriter& writePicture, std::ostream& out, std::ostream& err) {
   const AllowedFolders folders = foldersOf(job);
-  ScriptHost host(folders);
+  VirtualScreen screen(job.size);
+  VirtualClock clock(screen.timers);
+  QuietSurroundings surroundings;
+  ScriptHost host(folders, clock, surroundings);
   host.reporting.setFolder(job.appfolder);
-  VirtualScreen screen;
   Application application({host.host, host.reporting, screen.ports});
-  Script script{.application = application,
-                .host = host,
-                .folders = folders,
+  screen.pointer.onArrival = [&](int pixelX, int pixelY) {
+    deliverArrival(application, pixelX, pixelY);
+  };
+  VirtualTime time(screen.timers);
+  ClosingStage stage(application);
+  const ScriptParts parts{.application = application,
+                          .host = host,
+                          .time = time,
+                          .stage = stage,
+                          .writePicture = writePicture,
+                          .folders = folders,
+                          .start = [&] { application.start(/*drawing=*/"", job.appfolder); }};
+  const ExitStatus status = runScriptOn(parts, job, text, out, err);
+  if (status != ExitStatus::Done) return status;
+  for (const std::string& notice : surroundings.printed) say(err, notice);
+  return status;
+}
+
+ExitStatus runScriptOn(const ScriptParts& parts, const ScriptJob& job, std::string_view text,
+                       std::ostream& out, std::ostream& err) {
+  ScriptHand hand(parts.application, parts.host, parts.time, parts.stage);
+  Script script{.application = parts.application,
+                .host = parts.host,
+                .hand = hand,
+                .writePicture = parts.writePicture,
+                .folders = parts.folders,
                 .out = out,
                 .folder = folderOf(job)};
   const LuaState state(job.limits);
+  const Attached attached(parts);
   setScript(state.get(), script);
-  const auto error = protectedRun(state.get(), {job, text});
+  const auto error = protectedRun(state.get(), {parts, job, text});
   out.flush();
-  if (error) return fail(err, failureLine(script, *error, job.path));
-  for (const std::string& notice : host.surroundings.printed) say(err, notice);
+  if (error && !script.closed) return fail(err, failureLine(script, *error, job.path));
   if (!out) return fail(err, job.path + ": standard output cannot be written");
   return ExitStatus::Done;
 }

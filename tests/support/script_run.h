@@ -29,7 +29,7 @@ class ScriptRun {
   ExitStatus run(std::string_view script) {
     std::ostringstream outStream;
     std::ostringstream errStream;
-    status = runScriptText(job, script, outStream, errStream);
+    status = runScriptText(job, script, writePicture, outStream, errStream);
     out = outStream.str();
     err = errStream.str();
     return status;
@@ -70,6 +70,7 @@ class ScriptRun {
   TempFolder home;
   TempFolder folder;
   ScriptJob job;
+  PictureWriter writePicture;
   ExitStatus status = ExitStatus::Done;
   std::string out;
   std::string err;

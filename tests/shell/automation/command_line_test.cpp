@@ -74,7 +74,7 @@ TEST(CommandLine, WrongUsageIsOneLine) {
     EXPECT_EQ(line.job, Job::PrintAndExit) << shown;
     std::ostringstream out;
     std::ostringstream err;
-    EXPECT_EQ(runCommandLine(line, out, err), ExitStatus::WrongUsage) << shown;
+    EXPECT_EQ(runCommandLine(line, {}, out, err), ExitStatus::WrongUsage) << shown;
     EXPECT_EQ(out.str(), "") << shown;
     EXPECT_TRUE(err.str().starts_with("tessimo: ")) << shown << err.str();
     EXPECT_EQ(err.str().find('\n'), err.str().size() - 1) << shown << err.str();
@@ -87,7 +87,8 @@ class CommandLineJobs : public ::testing::Test, protected ScriptRun {
     arguments.insert(arguments.begin(), {"--home", home()});
     std::ostringstream outStream;
     std::ostringstream errStream;
-    status = runCommandLine(parseCommandLine(std::move(arguments)), outStream, errStream);
+    status =
+        runCommandLine(parseCommandLine(std::move(arguments)), writePicture, outStream, errStream);
     out = outStream.str();
     err = errStream.str();
     return status;
@@ -117,7 +118,7 @@ TEST_F(CommandLineJobs, AHomeThatDoesNotExistFailsTheJob) {
   std::ostringstream outStream;
   std::ostringstream errStream;
   const CommandLine line = parseCommandLine({"--home", home("none"), "--run", "x.lua"});
-  EXPECT_EQ(runCommandLine(line, outStream, errStream), ExitStatus::JobFailed);
+  EXPECT_EQ(runCommandLine(line, {}, outStream, errStream), ExitStatus::JobFailed);
   EXPECT_EQ(errStream.str(), "tessimo: Path not found: " + home("none") + "\n");
 }
 

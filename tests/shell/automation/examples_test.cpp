@@ -37,8 +37,9 @@ class BracketExample : public ::testing::Test {
                         .appfolder = home(),
                         .folders = {},
                         .fileAccess = false,
+                        .size = {},
                         .limits = {}};
-    return runScript(job, out, err);
+    return runScript(job, {}, out, err);
   }
 
   // The lines of the program without its comments.

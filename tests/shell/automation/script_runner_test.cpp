@@ -20,7 +20,7 @@ class ScriptRunner : public ::testing::Test, protected ScriptRun {
     job.path = path;
     std::ostringstream outStream;
     std::ostringstream errStream;
-    status = runScript(job, outStream, errStream);
+    status = runScript(job, {}, outStream, errStream);
     out = outStream.str();
     err = errStream.str();
     return status;
@@ -177,7 +177,7 @@ TEST_F(ScriptRunner, OutputThatCannotBeWrittenFailsTheJob) {
   std::ostringstream broken;
   std::ostringstream errors;
   broken.setstate(std::ios::badbit);
-  EXPECT_EQ(runScriptText(job, "print('x')", broken, errors), ExitStatus::JobFailed);
+  EXPECT_EQ(runScriptText(job, "print('x')", {}, broken, errors), ExitStatus::JobFailed);
   EXPECT_EQ(errors.str(), "tessimo: " + job.path + ": standard output cannot be written\n");
 }
 

@@ -1,0 +1,98 @@
+// Steps of the operator, and the time around them.
+#include "shell/automation/script_hand.h"
+
+namespace tess {
+namespace {
+
+// Between two steps: as long as the wheel wants between two turns, and short enough that a click
+// is over before the pointer jumps to the grid.
+constexpr std::int64_t kPause = 50;
+// While a redraw is waited for; it takes a quarter of a second.
+constexpr std::int64_t kGlance = 25;
+constexpr int kMostGlances = 80;
+
+}  // namespace
+
+bool ScriptHand::isSettled() const {
+  const Interaction& interaction = application_.interaction;
+  return interaction.redraw.TaskQueueState() == 0 && interaction.ScreenProxy.surface().Enabled();
+}
+
+// A handler that answers in the middle of a redraw would wait for it for ever.
+void ScriptHand::settle() {
+  for (int glance = 0; glance < kMostGlances && !isSettled(); ++glance) time_.pass(kGlance);
+  host_.showReports();
+}
+
+void ScriptHand::act(const std::function<void()>& step) {
+  time_.pass(kPause);
+  settle();
+  step();
+  host_.showReports();
+  settle();
+  stage_.stepDone();
+}
+
+void ScriptHand::tool(std::string_view name) {
+  act([&] { application_.clickTool(name); });
+}
+
+void ScriptHand::key(const KeyStroke& key) {
+  act([&] { application_.key(key); });
+}
+
+void ScriptHand::press(const PointerEvent& event) {
+  act([&] { application_.press(event); });
+}
+
+void ScriptHand::move(const PointerEvent& event) {
+  act([&] { application_.move(event); });
+}
+
+void ScriptHand::release(const PointerEvent& event) {
+  act([&] { application_.release(event); });
+}
+
+void ScriptHand::wheel(int steps, int shift) {
+  act([&] { application_.wheel(steps, shift); });
+}
+
+// A hand never arrives in a single event: a first one that the program passes over, as after a
+// position was typed, costs nothing but a pixel of the way.
+void ScriptHand::approach(const PointerEvent& event) {
+  const double pixel = 1 / PixelsPerInchX(application_.interaction.ScreenProxy);
+  PointerEvent free = event;
+  free.Button = 0;
+  free.X = narrow(event.X - pixel);
+  move(free);
+  free.X = event.X;
+  move(free);
+}
+
+void ScriptHand::click(const PointerEvent& event) {
+  approach(event);
+  press(event);
+  move(event);
+  release(event);
+}
+
+void ScriptHand::drag(const PointerEvent& event, float x, float y) {
+  approach(event);
+  press(event);
+  const ViewCommands& view = application_.interaction.viewCommands;
+  const PanDrag start = view.beginPan({event.X, event.Y});
+  const auto towards = [&](float placeX, float placeY) {
+    const Point place = view.inPresentView(start, {placeX, placeY});
+    return PointerEvent{event.Button, event.Shift, place.x, place.y};
+  };
+  move(towards((event.X + x) / 2, (event.Y + y) / 2));
+  move(towards(x, y));
+  release(towards(x, y));
+}
+
+void ScriptHand::wait(std::int64_t ms) {
+  time_.pass(ms);
+  host_.showReports();
+}
+
+}  // namespace tess

@@ -1,0 +1,74 @@
+// Taking rows out of the tables and putting path rows in between.
+#include "drafting/row_edits.h"
+
+#include "gtest/gtest.h"
+
+#include "tests/support/drafting_desk.h"
+#include "tests/support/failure_of.h"
+
+namespace tess {
+namespace {
+
+using testing::pathTexts;
+using testing::segmentTexts;
+using Texts = std::vector<std::string>;
+
+DrawingStore threeRows() {
+  DrawingStore store;
+  for (const float x : {1.0F, 2.0F, 3.0F}) {
+    AddSeg(store, {.type = 2, .attr = 8, .x1 = x, .xc = x, .yc = -x}, nullptr);
+    addPathSegment(store, {.type = 1, .x1 = x, .z = -x, .feed = x, .code = 100});
+  }
+  store.drawingsaved = true;
+  return store;
+}
+
+TEST(DeleteSegment, MovesLaterRowsDown) {
+  DrawingStore store = threeRows();
+  deleteSegment(store, 2);
+  EXPECT_EQ(segmentTexts(store), (Texts{"2 (0, 0)-(1, 0) c (1, -1)", "2 (0, 0)-(3, 0) c (3, -3)"}));
+  EXPECT_FALSE(store.drawingsaved);
+  EXPECT_EQ(store.NumPathSegments, 3);
+}
+
+TEST(DeleteSegment, OutsideTheRowsChangesNothing) {
+  DrawingStore store = threeRows();
+  for (const int row : {-1, 0, 4}) {
+    deleteSegment(store, row);
+    deletePathSegment(store, row);
+  }
+  EXPECT_EQ(store.NumSegments, 3);
+  EXPECT_EQ(store.NumPathSegments, 3);
+  EXPECT_TRUE(store.drawingsaved);
+}
+
+TEST(DeletePathSegment, MovesLaterRowsDown) {
+  DrawingStore store = threeRows();
+  deletePathSegment(store, 1);
+  EXPECT_EQ(pathTexts(store),
+            (Texts{"1 (0, 0)-(2, 0) @100 z -2 f 2", "1 (0, 0)-(3, 0) @100 z -3 f 3"}));
+  EXPECT_FALSE(store.drawingsaved);
+}
+
+TEST(InsertPathSegment, PutsARowOfTheCurrentGroupInFront) {
+  DrawingStore store = threeRows();
+  store.currentpathgroup = 12;
+  insertPathSegment(store, 2, {.type = 3, .x1 = 9, .z = -1, .feed = 5, .visible = false}, 3);
+  EXPECT_EQ(pathTexts(store),
+            (Texts{"1 (0, 0)-(1, 0) @100 z -1 f 1", "3 (0, 0)-(9, 0) c (0, 0) @1203 z -1 f 5",
+                   "1 (0, 0)-(2, 0) @100 z -2 f 2", "1 (0, 0)-(3, 0) @100 z -3 f 3"}));
+  EXPECT_TRUE(store.psvisible[2]);
+  EXPECT_EQ(store.lastplacedgroup, 12);
+  EXPECT_FALSE(store.drawingsaved);
+}
+
+TEST(InsertPathSegment, InAFullTableFails) {
+  DrawingStore store;
+  ensurePathCapacity(store, 32767);
+  store.NumPathSegments = 32767;
+  EXPECT_EQ(testing::numberOfFailure([&] { insertPathSegment(store, 1, {}, 0); }),
+            FailureNumber::Overflow);
+}
+
+}  // namespace
+}  // namespace tess
