@@ -111,8 +111,7 @@ class ShippedData(unittest.TestCase):
     def test_every_setup_has_the_cycle_templates(self):
         for name in TOP_SPEED:
             cycles = [cycle["cycle text"][:3] for cycle in rows(name, "cycle #")]
-            mill_only = [] if name == "lathe.msu" else ["G79"]
-            self.assertEqual(cycles, TABLE_CYCLES + mill_only)
+            self.assertEqual(cycles, TABLE_CYCLES + ["G79"])
 
     def test_cycle_words_are_those_that_the_cycle_takes(self):
         for name in TOP_SPEED:
