@@ -65,7 +65,8 @@ void addScriptOptions(CLI::App& app, Options& options) {
                "Give the script Lua's io, os and package libraries");
   app.add_option(kRun, options.line.script, "Run a script without a window")
       ->type_name("SCRIPT.lua [ARG ...]");
-  app.add_option(kPlay, options.line.script, "Run a script in the main window")
+  app.add_option(kPlay, options.line.script,
+                 "Run a script in the main window (not in this version)")
       ->type_name("SCRIPT.lua [ARG ...]")
       ->excludes(kRun);
 }
@@ -174,7 +175,9 @@ ExitStatus runJob(const CommandLine& line, const PictureWriter& writePicture, st
       return plotDrawing(line, writePicture, err);
     case Job::Window:
     case Job::PlayScript:
-      throw std::logic_error("this needs the main window");
+      throw std::logic_error(
+          "a script in the main window is not part of this version; --run does the same without "
+          "one");
     case Job::PrintAndExit:
       break;
   }
