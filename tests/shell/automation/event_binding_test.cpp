@@ -294,11 +294,11 @@ TEST_F(EventBinding, TheSurfaceHasTheSizeOfTheJob) {
 // ---- Failures
 
 TEST_F(EventBinding, AFailureOfACommandIsReportedAndTheScriptGoesOn) {
-  EXPECT_EQ(
-      outputOf("setting['part dim x'] = 0 setting['part dim y'] = 0 tool('miFullView') "
-               "print(#messages) tool('miZoomIn') "
-               "print(#messages > 0 and messages[1].kind, messages[1].text:match('^[%a ]+'))"),
-      "");
+  // The outline of a tool without a radius cannot be drawn.
+  EXPECT_EQ(outputOf("add_path{type = 1, x1 = 1, code = 100} store.toolradius[0] = 0 "
+                     "setting['tool outline'] = 1 store.showpaths = 1 tool('miReDraw') "
+                     "print(messages[1].kind, messages[1].text:match('^%a+ %a+ %a+'))"),
+            "error\tDivision by zero\n");
 }
 
 }  // namespace
