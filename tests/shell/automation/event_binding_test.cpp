@@ -294,10 +294,13 @@ TEST_F(EventBinding, TheSurfaceHasTheSizeOfTheJob) {
 // ---- Failures
 
 TEST_F(EventBinding, AFailureOfACommandIsReportedAndTheScriptGoesOn) {
-  EXPECT_EQ(outputOf("setting['part dim x'] = 0 setting['part dim y'] = 0 tool('miFullView') "
-                     "print(#messages) tool('miZoomIn') "
-                     "print(#messages > 0 and messages[1].kind, messages[1].text:match('^[%a ]+'))"),
-            "");
+  folder.write("cut.cdm", "1.0\r\nPROFILE\r\n");
+  EXPECT_EQ(
+      outputOf("on_file(function() return '" + folder("cut.cdm") +
+               "' end) tool('miOpen') "
+               "for _, m in ipairs(messages) do print(m.kind, (m.text or ''):match('^%C*')) end"),
+      "file\t\nerror\tInput past end of file \n");
+  EXPECT_NE(home.read("Errors.txt").find("abMain_ToolClick"), std::string::npos);
 }
 
 }  // namespace

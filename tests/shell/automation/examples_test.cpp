@@ -125,5 +125,31 @@ TEST_F(BracketExample, RefusesLegsTooShortForTheHoles) {
       << err.str();
 }
 
+TEST(PlateExample, DrawsThePlateAndItsPicture) {
+  TempFolder home;
+  TempFolder folder;
+  std::filesystem::copy(TESSIMO_SOURCE_DIR "/data", home());
+  std::filesystem::create_directory(home("CNC"));
+  std::filesystem::copy(kExamples + "plate_drawing.lua", folder("plate_drawing.lua"));
+  ScriptJob job;
+  job.path = folder("plate_drawing.lua");
+  job.arguments = {"6", "2"};
+  job.appfolder = home();
+  std::string picture;
+  const PictureWriter write = [&](Application&, const std::string& path, PixelSize) {
+    picture = path;
+  };
+  std::ostringstream out;
+  std::ostringstream err;
+  EXPECT_EQ(runScript(job, write, out, err), ExitStatus::Done) << err.str();
+  EXPECT_EQ(out.str(), "9 segments, 9 records to undo\n");
+  EXPECT_EQ(picture, folder("plate.png"));
+  const std::string drawing = folder.read("plate.cdm");
+  for (const char* row :
+       {"1,8,6,0,6,2", "2,8,3.75,1,3.75,1,3,1", "2,8,5.625,1.5,5.625,1.5,5.5,1.5"}) {
+    EXPECT_NE(drawing.find(std::string("\r\n") + row + "\r\n"), std::string::npos) << row;
+  }
+}
+
 }  // namespace
 }  // namespace tess

@@ -1,0 +1,291 @@
+// The name table and the key table of all commands, walked whole.
+#include "shell/commands.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <set>
+
+#include "gtest/gtest.h"
+
+#include "shell/tool_bands.h"
+#include "shell/virtual_screen.h"
+#include "tests/support/recording_host.h"
+#include "tests/support/temp_folder.h"
+
+namespace tess {
+namespace {
+
+using testing::RecordingHost;
+using testing::TempFolder;
+
+bool contains(const std::vector<std::string>& names, const std::string& name) {
+  return std::find(names.begin(), names.end(), name) != names.end();
+}
+
+bool isRecent(const std::string& tool) {
+  return tool.starts_with("miRecentFile");
+}
+
+class Commands : public ::testing::Test {
+ protected:
+  Commands() {
+    std::filesystem::copy(TESSIMO_SOURCE_DIR "/tests/scripts/home", home());
+    std::filesystem::create_directory(home("CNC"));
+    application.start(/*drawing=*/"", home());
+  }
+
+  int pendingaction() const { return application.interaction.desk.state.pendingaction(); }
+  int DrawMode() const { return application.interaction.desk.state.DrawMode(); }
+  void press(char ascii) { application.key({.ascii = ascii}); }
+  void press(SpecialKey key) { application.key({.special = key}); }
+
+  TempFolder home;
+  RecordingHost platform;
+  HuntERR reporting{
+      platform.prompts, platform.clock, {.folder = {}, .display = ReportDisplay::None}};
+  VirtualScreen screen;
+  Application application{{platform.host, reporting, screen.ports}};
+  ToolHost& tools = application.interaction.tools;
+};
+
+TEST_F(Commands, NoNameStandsTwice) {
+  const std::vector<std::string> names = commandNames();
+  EXPECT_EQ(std::set<std::string>(names.begin(), names.end()).size(), names.size());
+  std::set<std::string> texts;
+  for (const ToolText& text : toolTexts()) EXPECT_TRUE(texts.insert(text.name).second) << text.name;
+}
+
+TEST_F(Commands, EveryCommandHasItsTool) {
+  for (const std::string& name : commandNames()) EXPECT_NE(tools.tool(name), nullptr) << name;
+}
+
+TEST_F(Commands, EveryToolHasItsCommand) {
+  const std::vector<std::string> names = commandNames();
+  for (const std::string& tool : tools.toolNames()) {
+    EXPECT_TRUE(isRecent(tool) || contains(names, tool)) << tool;
+  }
+}
+
+TEST_F(Commands, EveryToolOfTheBandsExists) {
+  for (const Band& band : tools.bands()) {
+    for (const std::string& tool : band.tools) {
+      EXPECT_TRUE(tool.empty() || tools.tool(tool) != nullptr) << band.name << ": " << tool;
+    }
+  }
+}
+
+TEST_F(Commands, EveryToolStandsInABandOfItsOwnKind) {
+  std::set<std::string> placed;
+  for (const Band& band : tools.bands()) placed.insert(band.tools.begin(), band.tools.end());
+  for (const std::string& tool : tools.toolNames()) EXPECT_EQ(placed.count(tool), 1U) << tool;
+}
+
+TEST_F(Commands, TheBandsAreThoseOfTheProgram) {
+  for (const char* band : {"miFile", "miEdit", "miDraw", "miView", "miOptions", "miCAM", "miHelp",
+                           "Options", "OSnapMenu", "barText", "barStatistics", "barProperties"}) {
+    EXPECT_NE(tools.band(band), nullptr) << band;
+  }
+}
+
+TEST_F(Commands, NamesAreComparedInTheirOrder) {
+  const std::vector<std::string> names = commandNames();
+  const auto place = [&](const char* name) {
+    return std::find(names.begin(), names.end(), name) - names.begin();
+  };
+  const std::vector<const char*> order = {"miNew",
+                                          "miExit",
+                                          "miUndo",
+                                          "miRevPath",
+                                          "miLine",
+                                          "miReDraw",
+                                          "miDrawingTitleBlock",
+                                          "miSelectTool",
+                                          "miContents",
+                                          "VGrid",
+                                          "CGrid",
+                                          "OSnap",
+                                          "miOSnapEndpoints",
+                                          "miOSnapPerpendicularSingle",
+                                          "miInvisible"};
+  for (std::size_t at = 1; at < order.size(); ++at) {
+    EXPECT_LT(place(order[at - 1]), place(order[at])) << order[at];
+  }
+}
+
+TEST_F(Commands, AToolThatMatchesNoEntryDoesNothing) {
+  EXPECT_FALSE(application.clickTool("miNothing"));
+  abMain_ToolClick(application, "miNothing");
+  abMain_ToolClick(application, "");
+  EXPECT_EQ(pendingaction(), 0);
+  EXPECT_EQ(DrawMode(), 0);
+  EXPECT_TRUE(platform.prompts.messages.empty());
+}
+
+TEST_F(Commands, RecentFilesAreTheNamesBetweenTheFirstAndTheLast) {
+  application.session.recentfiles[1] = home("gone.cdm");
+  abMain_ToolClick(application, "miRecentFile");
+  abMain_ToolClick(application, "miRecentFileX");
+  EXPECT_TRUE(platform.prompts.messages.empty()) << "these are none";
+  abMain_ToolClick(application, "miRecentFile2");
+  ASSERT_EQ(platform.prompts.messages.size(), 1U) << "this one is tried, and is not there";
+}
+
+// A tool either has a command or stands disabled; commands that arm an action do so by tool.
+TEST_F(Commands, ToolsArmTheirActions) {
+  application.store.NumSegments = 0;
+  AddSeg(application.store, {.type = 1, .x1 = 1}, nullptr);
+  const struct {
+    const char* tool;
+    int pendingaction;
+    int DrawMode;
+  } cases[] = {
+      {"miLine", 0, 1},
+      {"miRectangle", 0, 6},
+      {"miArc3P", 0, 2},
+      {"miArcC+2P", 0, 3},
+      {"miCircle3P", 0, 5},
+      {"miCircleC+1P", 0, 7},
+      {"miSelect", 24, -1},
+      {"miUnselect", 25, -1},
+      {"miSelectContiguous", 31, -1},
+      {"miUnselectContiguous", 32, -1},
+      {"miDelete", 1, 0},
+      {"miCopy", 8, 0},
+      {"miFlipArc", 2, 0},
+      {"miRevArcDir", 14, 0},
+      {"miJoinEndpoints", 18, 0},
+      {"miMoveEndpoints", 10, 0},
+      {"miBreakSegment", 9, 0},
+      {"miJoinEndPtsArc", 43, 0},
+      {"miDeleteVertex", 34, 0},
+      {"miChangeRadius", 4, 0},
+      {"miMoveProfile", 7, 0},
+      {"miAddFillet", 46, 0},
+      {"miSetOrigin", 35, 0},
+      {"miTrimEntity", 16, 0},
+      {"miEntityInfo", 6, 0},
+      {"miRevPath", 42, 0},
+      {"miMeasureDist", 36, 0},
+  };
+  for (const auto& [tool, action, mode] : cases) {
+    application.interaction.resetPendingAction();
+    EXPECT_TRUE(application.clickTool(tool)) << tool;
+    EXPECT_EQ(pendingaction(), action) << tool;
+    EXPECT_EQ(DrawMode(), mode) << tool;
+  }
+}
+
+TEST_F(Commands, ToolsWithoutACommandStandDisabled) {
+  int disabled = 0;
+  for (const std::string& name : commandNames()) {
+    if (tools.isEnabled(name) || name == "miUndo" || name == "miRedo") continue;
+    ++disabled;
+    EXPECT_FALSE(application.clickTool(name)) << name;
+    abMain_ToolClick(application, name);
+    EXPECT_EQ(pendingaction(), 0) << name;
+  }
+  EXPECT_TRUE(platform.prompts.messages.empty());
+  EXPECT_LT(disabled, static_cast<int>(commandNames().size()));
+}
+
+// ---- Keys
+
+TEST_F(Commands, LettersArmTheirActionsInEitherCase) {
+  AddSeg(application.store, {.type = 1, .x1 = 1}, nullptr);
+  const struct {
+    char key;
+    int pendingaction;
+    int DrawMode;
+  } cases[] = {
+      {'A', 0, 2}, {'B', 9, 0}, {'C', 8, 0}, {'D', 14, 0}, {'F', 2, 0},  {'J', 18, 0},
+      {'L', 0, 1}, {'M', 7, 0}, {'R', 0, 6}, {'T', 16, 0}, {'V', 10, 0}, {'\t', 6, 0},
+  };
+  for (const auto& [key, action, mode] : cases) {
+    for (const int lower : {0, 'a' - 'A'}) {
+      if (key == '\t' && lower != 0) continue;
+      application.interaction.resetPendingAction();
+      press(static_cast<char>(key + lower));
+      EXPECT_EQ(pendingaction(), action) << key;
+      EXPECT_EQ(DrawMode(), mode) << key;
+      if (action == 0) continue;
+      EXPECT_EQ(application.interaction.desk.command.LastCommand, action) << key;
+    }
+  }
+}
+
+TEST_F(Commands, OtherLettersDoNothing) {
+  for (const char key : {'H', 'K', 'N', 'Q', 'U', 'W', 'X', 'Y', 'Z', '1', ' ', '\x02'}) {
+    press(key);
+    EXPECT_EQ(pendingaction(), 0) << key;
+    EXPECT_EQ(DrawMode(), 0) << key;
+  }
+  EXPECT_TRUE(platform.prompts.messages.empty());
+}
+
+TEST_F(Commands, PWithAnEmptyPasteBufferDoesNothing) {
+  press('P');
+  EXPECT_EQ(application.store.NumSegments, 0);
+  EXPECT_TRUE(platform.prompts.messages.empty());
+}
+
+TEST_F(Commands, PressingTTwiceArmsTheTrimOnce) {
+  press('T');
+  press('T');
+  EXPECT_EQ(pendingaction(), 16);
+  press('\x1b');
+  EXPECT_EQ(pendingaction(), 0) << "one Esc disarms it";
+}
+
+TEST_F(Commands, F3AndF12ArmAFinishedCommandAgain) {
+  for (const SpecialKey key : {SpecialKey::F3, SpecialKey::F12}) {
+    press('T');
+    press('\x1b');
+    press(key);
+    EXPECT_EQ(pendingaction(), 16);
+    press('\x1b');
+  }
+}
+
+TEST_F(Commands, RepeatKeysWithAModifierDoNothing) {
+  press('T');
+  press('\x1b');
+  application.key({.special = SpecialKey::F3, .shift = true});
+  application.key({.special = SpecialKey::F12, .control = true});
+  EXPECT_EQ(pendingaction(), 0);
+}
+
+TEST_F(Commands, ZoomKeys) {
+  const float full = application.interaction.view.viewspan;
+  press('i');
+  EXPECT_EQ(application.interaction.view.viewspan, full / 2);
+  press('O');
+  EXPECT_EQ(application.interaction.view.viewspan, full);
+}
+
+TEST_F(Commands, GFlipsBothGrids) {
+  DrawingStore& store = application.store;
+  store.visualgridf = 1;
+  store.cursorgridf = 0;
+  press('G');
+  EXPECT_EQ(store.visualgridf, 0);
+  EXPECT_EQ(store.cursorgridf, 1);
+  EXPECT_FALSE(tools.isChecked("VGrid"));
+  EXPECT_TRUE(tools.isChecked("CGrid"));
+}
+
+TEST_F(Commands, ProgramsByKey) {
+  for (const char key : {'\x0C', '\x0D'}) {
+    platform.prompts.messages.clear();
+    press(key);
+    ASSERT_EQ(platform.prompts.messages.size(), 1U);
+    EXPECT_EQ(platform.prompts.messages.front().text, "No Path Segments Placed!");
+  }
+}
+
+TEST_F(Commands, TheDeleteKeyArmsTheDeletion) {
+  press(SpecialKey::Delete);
+  EXPECT_EQ(pendingaction(), 1);
+}
+
+}  // namespace
+}  // namespace tess
