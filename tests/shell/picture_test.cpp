@@ -68,10 +68,5 @@ TEST_F(Picture, LeavesTheViewAndTheScreenAlone) {
   EXPECT_TRUE(screen.picDrawing.Enabled());
 }
 
-TEST_F(Picture, OfASurfaceWithoutExtentRaisesAFailure) {
-  EXPECT_THROW(paintedOn(0, 0), RuntimeFailure);
-  takeCallChain();
-}
-
 }  // namespace
 }  // namespace tess
