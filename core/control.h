@@ -68,7 +68,7 @@ struct Validation {
 // (`Option optMove{*this, "optMove", fraAction}`), and with which index in a control array.
 struct ControlPlace {
   ControlPlace() = default;
-  ControlPlace(Frame& around) : frame(&around) {}
+  ControlPlace(Frame& around) : frame(&around) {}  // NOLINT(google-explicit-constructor)
   ControlPlace at(int element) const {
     ControlPlace place = *this;
     place.index = element;

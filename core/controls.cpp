@@ -142,7 +142,8 @@ void Slider::setRange(double minimum, double maximum) {
 }
 
 void Slider::setValue(double value) {
-  if (!(value >= minimum_ && value <= maximum_)) refuse("value", "Outside the slider's range");
+  const bool within = value >= minimum_ && value <= maximum_;
+  if (!within) refuse("value", "Outside the slider's range");
   if (std::exchange(value_, value) == value) return;
   if (announce(Property::Value)) fire(onChange);
 }

@@ -169,7 +169,8 @@ Control* Form::control(std::string_view name, int index) const {
 std::vector<int> Form::arrayIndices(std::string_view name) const {
   std::vector<int> indices;
   for (const Control* control : controls_) {
-    if (control->name() == name && control->arrayIndex()) indices.push_back(*control->arrayIndex());
+    const std::optional<int> index = control->arrayIndex();
+    if (index && control->name() == name) indices.push_back(*index);
   }
   return indices;
 }

@@ -59,6 +59,7 @@ Form* FormHost::find(std::string_view name) const {
 
 std::vector<Form*> FormHost::openForms() const {
   std::vector<Form*> forms;
+  forms.reserve(entries_.size());
   for (const auto& entry : entries_) forms.push_back(&entry->form());
   return forms;
 }

@@ -73,6 +73,7 @@ Band* ToolHost::findBand(std::string_view name) {
 
 std::vector<std::string> ToolHost::toolNames() const {
   std::vector<std::string> names;
+  names.reserve(tools_.size());
   for (const auto& [name, tool] : tools_) names.push_back(name);
   return names;
 }

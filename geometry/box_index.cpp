@@ -209,15 +209,19 @@ void BoxIndex::placeItems() {
   std::vector<int> next(cellStart_);
   for (std::size_t k = 0; k < boxes_.size(); ++k) {
     const CellRange range = cellRange(boxes_[k]);
-    if (boxes_[k].isEmpty() || isWide(range)) continue;
-    const int tag = static_cast<int>(k + 1) * 4;
-    for (int row = range.firstRow; row <= range.lastRow; ++row) {
-      int* places = &next[cellAt(0, row)];
-      const int rowTag = tag + (row == range.firstRow ? kBeginsInRow : 0);
-      for (int column = range.firstColumn; column <= range.lastColumn; ++column) {
-        const int columnTag = column == range.firstColumn ? kBeginsInColumn : 0;
-        items_[static_cast<std::size_t>(places[column]++)] = {boxes_[k], rowTag + columnTag};
-      }
+    if (!boxes_[k].isEmpty() && !isWide(range)) placeItem(k, range, next);
+  }
+}
+
+// `next` is where each cell's next item goes.
+void BoxIndex::placeItem(std::size_t at, const CellRange& range, std::vector<int>& next) {
+  const int tag = static_cast<int>(at + 1) * 4;
+  for (int row = range.firstRow; row <= range.lastRow; ++row) {
+    int* places = &next[cellAt(0, row)];
+    const int rowTag = tag + (row == range.firstRow ? kBeginsInRow : 0);
+    for (int column = range.firstColumn; column <= range.lastColumn; ++column) {
+      const int columnTag = column == range.firstColumn ? kBeginsInColumn : 0;
+      items_[static_cast<std::size_t>(places[column]++)] = {boxes_[at], rowTag + columnTag};
     }
   }
 }
@@ -235,6 +239,15 @@ std::size_t BoxIndex::cellAt(int column, int row) const {
          static_cast<std::size_t>(column);
 }
 
+inline void BoxIndex::collectFromCell(std::span<const Item> items, int needed, const Box& query,
+                                      int after, std::vector<int>& rows) const {
+  for (const Item& item : items) {
+    if (item.row() <= after || !overlaps(item.box, query)) continue;
+    if ((item.tag & needed) != needed) continue;
+    if (!outdated_[static_cast<std::size_t>(item.row()) - 1]) rows.push_back(item.row());
+  }
+}
+
 void BoxIndex::collectFromCells(const Box& query, int after, std::vector<int>& rows) const {
   const CellRange range = cellRange(query);
   for (int row = range.firstRow; row <= range.lastRow; ++row) {
@@ -243,12 +256,8 @@ void BoxIndex::collectFromCells(const Box& query, int after, std::vector<int>& r
       // What an item must begin in, for this cell to hold the lower corner of its overlap.
       const int needed = (column == range.firstColumn ? 0 : kBeginsInColumn) +
                          (row == range.firstRow ? 0 : kBeginsInRow);
-      for (int at = starts[column]; at < starts[column + 1]; ++at) {
-        const Item& item = items_[static_cast<std::size_t>(at)];
-        if (item.row() <= after || !overlaps(item.box, query)) continue;
-        if ((item.tag & needed) != needed) continue;
-        if (!outdated_[static_cast<std::size_t>(item.row()) - 1]) rows.push_back(item.row());
-      }
+      collectFromCell({items_.data() + starts[column], items_.data() + starts[column + 1]}, needed,
+                      query, after, rows);
     }
   }
 }

@@ -106,10 +106,13 @@ class BoxIndex {
   void build();
   void countItems();
   void placeItems();
+  void placeItem(std::size_t at, const CellRange& range, std::vector<int>& next);
   bool isWide(const CellRange& range) const;
   CellRange cellRange(const Box& box) const;
   std::size_t cellAt(int column, int row) const;
   void collectFromCells(const Box& query, int after, std::vector<int>& rows) const;
+  void collectFromCell(std::span<const Item> items, int needed, const Box& query, int after,
+                       std::vector<int>& rows) const;
   void collectFromList(std::span<const int> list, const Box& query, int after,
                        std::vector<int>& rows) const;
 

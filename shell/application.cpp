@@ -55,6 +55,7 @@ void Application::wireTools() {
 }
 
 void Application::start(std::string_view drawing, std::string_view appfolder) {
+  interaction.tools.openBand("barStatistics");
   Main(session, drawing, appfolder);
 }
 

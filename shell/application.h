@@ -42,7 +42,8 @@ class Application {
  public:
   explicit Application(const Platform& platform);
 
-  // Brings the program up as `Main` does, with the drawing named, "" for none. Raises what it does.
+  // Brings the program up as `Main` does, with the drawing named, "" for none, and the statistics
+  // panel open. Raises what it does.
   void start(std::string_view drawing, std::string_view appfolder);
   // The same as the main window's load: with the layout and the recent files. Guarded.
   void load(std::string_view drawing, std::string_view appfolder);

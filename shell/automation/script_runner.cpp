@@ -273,7 +273,8 @@ ExitStatus runScriptOn(const ScriptParts& parts, const ScriptJob& job, std::stri
                 .hand = hand,
                 .writePicture = parts.writePicture,
                 .folders = parts.folders,
-                .out = out};
+                .out = out,
+                .folder = folderOf(job)};
   const LuaState state(job.limits);
   const Attached attached(parts);
   setScript(state.get(), script);

@@ -117,7 +117,18 @@ void ControlBinding::showPlace() {
 }
 
 void ControlBinding::act(const char* event, const std::function<void()>& action) {
+  if (!formLives()) return;
   if (actions_.run(control_.name() + "_" + event, action)) showAll();
+}
+
+void ControlBinding::detach() {
+  if (widget_ == nullptr) return;
+  widget_->removeEventFilter(this);
+  widget_->disconnect(this);
+  for (QObject* inner : widget_->findChildren<QObject*>()) {
+    inner->removeEventFilter(this);
+    inner->disconnect(this);
+  }
 }
 
 void ControlBinding::takeFocus() {
@@ -133,7 +144,7 @@ bool ControlBinding::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void ControlBinding::focusArrived() {
-  if (!actions_.formLives() || control_.hasFocus() || !control_.takesFocus()) return;
+  if (!formLives() || control_.hasFocus() || !control_.takesFocus()) return;
   bool came = false;
   const bool lives = actions_.run(control_.name() + "_GotFocus", [&] { came = control_.focus(); });
   // The toolkit is in the middle of its own move of the focus.
@@ -143,7 +154,7 @@ void ControlBinding::focusArrived() {
 // A button that was pressed on the way comes up without a click.
 void ControlBinding::focusWasKept() {
   if (auto* button = qobject_cast<QAbstractButton*>(widget_.data())) button->setDown(false);
-  if (actions_.formLives() && actions_.onFocusKept) actions_.onFocusKept();
+  if (formLives() && actions_.onFocusKept) actions_.onFocusKept();
 }
 
 namespace {
@@ -231,7 +242,7 @@ class LineBinding : public BindingOf<TextBox, QLineEdit> {
     // A click that brings the focus would put its cursor in afterwards.
     if (property == Property::Selection && model_.isAllSelected()) {
       QTimer::singleShot(0, this, [this] {
-        if (model_.isAllSelected()) shown_.selectAll();
+        if (formLives() && model_.isAllSelected()) shown_.selectAll();
       });
     }
   }

@@ -59,6 +59,8 @@ class ControlBinding : public QObject {
   void showAll();
   // The widget shall have the keyboard.
   void takeFocus();
+  // The control is gone: the widget stays as it is and does nothing any more.
+  void detach();
 
  protected:
   ControlBinding(Control& control, QWidget& widget, FormActions& actions);
@@ -67,6 +69,7 @@ class ControlBinding : public QObject {
   virtual void showOwn(Property property) = 0;
   virtual void showCaption(const QString& /*caption*/) {}
 
+  bool formLives() const { return actions_.formLives(); }
   // Runs an event of the operator, then shows what the control made of it.
   void act(const char* event, const std::function<void()>& action);
   bool eventFilter(QObject* watched, QEvent* event) override;

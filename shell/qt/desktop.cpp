@@ -20,6 +20,13 @@ namespace {
 
 constexpr int kExitFailed = 1;
 
+// Without a display the toolkit would end the program by itself, with less to say.
+bool hasDisplay() {
+  return !qEnvironmentVariableIsEmpty("DISPLAY") ||
+         !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ||
+         !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
+}
+
 // Held while the program runs, so that a second instance knows.
 std::unique_ptr<QLockFile> takeLock() {
   const QDir folder(QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation));
@@ -39,6 +46,13 @@ void tellThatItRuns() {
 }  // namespace
 
 int runDesktop(const DesktopRequest& request, std::vector<std::string> arguments) {
+  if (!hasDisplay()) {
+    std::fputs(
+        "tessimo: there is no display for the window; tessimo --help tells what it does "
+        "without one\n",
+        stderr);
+    return kExitFailed;
+  }
   std::vector<char*> texts;
   for (std::string& argument : arguments) texts.push_back(argument.data());
   int count = static_cast<int>(texts.size());

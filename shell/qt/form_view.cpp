@@ -54,6 +54,10 @@ void FormView::formChanged(Form& /*form*/, FormProperty property) {
   if (property == FormProperty::Focus || property == FormProperty::Shown) showFocus();
 }
 
+void FormView::formGone() {
+  for (const auto& [control, binding] : bindings_) binding->detach();
+}
+
 bool FormView::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::Resize && actions_.formLives()) {
     const QSize size = layout_.root->size();

@@ -29,6 +29,7 @@ class FormView : public QObject, public FormObserver {
 
   void controlChanged(Control& control, Property property) override;
   void formChanged(Form& form, FormProperty property) override;
+  void formGone() override;
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;

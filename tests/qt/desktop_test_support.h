@@ -1,6 +1,6 @@
 // What tests of the desktop share: the toolkit on a platform without a screen, a gateway that lets
 // failures through to the test, and pictures kept for the eye.
-// Owns: toolkit, passThrough, keepScreenshot.
+// Owns: ToolkitEnvironment, kToolkitEnvironment, toolkit, passThrough, keepScreenshot.
 #pragma once
 
 #include <QApplication>
@@ -8,23 +8,37 @@
 #include <QPixmap>
 #include <QWidget>
 #include <cstdlib>
+#include <functional>
+#include <gtest/gtest.h>
+#include <memory>
 #include <string>
 
 #include "shell/qt/gateway.h"
 
 namespace tess::testing {
 
-// The toolkit lives as long as the test program; made on first use.
+// The toolkit lives from before the first test to after the last: it does not bear to be ended by
+// the end of the process.
+class ToolkitEnvironment : public ::testing::Environment {
+ public:
+  void SetUp() override {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    application_ = std::make_unique<QApplication>(count_, arguments_);
+  }
+  void TearDown() override { application_.reset(); }
+
+ private:
+  int count_ = 1;
+  char name_[11] = "desktop-ui";
+  char* arguments_[2] = {name_, nullptr};
+  std::unique_ptr<QApplication> application_;
+};
+
+inline ::testing::Environment* const kToolkitEnvironment =
+    ::testing::AddGlobalTestEnvironment(new ToolkitEnvironment);
+
 inline QApplication& toolkit() {
-  struct Toolkit {
-    Toolkit() { qputenv("QT_QPA_PLATFORM", "offscreen"); }
-    int count = 1;
-    char name[11] = "desktop-ui";
-    char* arguments[2] = {name, nullptr};
-  };
-  static Toolkit environment;
-  static QApplication application(environment.count, environment.arguments);
-  return application;
+  return *qApp;
 }
 
 inline Guard passThrough() {

@@ -70,7 +70,6 @@ class frmEverything : public Form {
 class FormViewTest : public ::testing::Test {
  protected:
   FormViewTest() {
-    testing::toolkit();
     window = std::make_unique<FormWindow>(form, gateway, nullptr);
     form.open(Modality::Modeless);
     QApplication::setActiveWindow(window.get());
@@ -281,7 +280,6 @@ TEST_F(FormViewTest, TheFormKnowsTheSizeOfItsView) {
 }
 
 TEST(FormWindow, OutlivesItsForm) {
-  testing::toolkit();
   Gateway gateway(testing::passThrough());
   auto form = std::make_unique<frmEverything>();
   FormWindow window(*form, gateway, nullptr);
@@ -293,7 +291,6 @@ TEST(FormWindow, OutlivesItsForm) {
 }
 
 TEST(FormWindow, AModalFormReturnsWhenItIsClosed) {
-  testing::toolkit();
   Gateway gateway(testing::passThrough());
   frmEverything form;
   FormWindow window(form, gateway, nullptr);
@@ -303,7 +300,6 @@ TEST(FormWindow, AModalFormReturnsWhenItIsClosed) {
 }
 
 TEST(FormWindow, AModalFormThatClosesWhileItLoadsDoesNotWait) {
-  testing::toolkit();
   Gateway gateway(testing::passThrough());
   frmEverything form;
   form.onLoad = [&] { form.close(); };
@@ -322,7 +318,6 @@ class dlgPositionCursorLike : public Form {
 };
 
 TEST(FormView, UsesTheLayoutOfItsNameAndAddsWhatThatLacks) {
-  testing::toolkit();
   Gateway gateway(testing::passThrough());
   dlgPositionCursorLike form;
   form.txtx.setText("1.5");

@@ -21,7 +21,6 @@ void wait(int milliseconds) {
 }
 
 TEST(DesktopTimers, AOneShotTicksOnceAndIsOffByThen) {
-  testing::toolkit();
   Gateway gateway(testing::passThrough());
   DesktopTimers timers(gateway);
   std::unique_ptr<Timer> timer;
@@ -35,7 +34,6 @@ TEST(DesktopTimers, AOneShotTicksOnceAndIsOffByThen) {
 }
 
 TEST(DesktopTimers, ATimerTicksUntilItIsOffAndMayEndItself) {
-  testing::toolkit();
   Gateway gateway(testing::passThrough());
   DesktopTimers timers(gateway);
   int ticks = 0;
@@ -67,7 +65,6 @@ TEST(Gateway, TellsThatTheProgramCannotGoOn) {
 }
 
 TEST(DesktopSurroundings, ServesTimersWhileACommandRunsButKeepsTheOperatorWaiting) {
-  testing::toolkit();
   Gateway gateway(testing::passThrough());
   DesktopSurroundings surroundings(gateway);
   bool ticked = false;
@@ -88,7 +85,6 @@ struct BoxCase {
 };
 
 TEST(DesktopPrompts, ShowTheTextAndGiveTheButtonsAnswer) {
-  testing::toolkit();
   Gateway gateway(testing::passThrough());
   DesktopPrompts prompts(gateway);
   const BoxCase cases[] = {
@@ -116,7 +112,6 @@ TEST(DesktopPrompts, ShowTheTextAndGiveTheButtonsAnswer) {
 }
 
 TEST(DesktopPointer, KeepsItsShape) {
-  testing::toolkit();
   SurfaceWidget surface;
   DesktopPointer pointer(surface);
   pointer.setMouseIcon("/no/such/pansmall.ico");
@@ -128,7 +123,6 @@ TEST(DesktopPointer, KeepsItsShape) {
 }
 
 TEST(DesktopPointer, ShowsAnHourglassOnlyWhenTheWaitIsLong) {
-  testing::toolkit();
   SurfaceWidget surface;
   DesktopPointer pointer(surface);
   pointer.setMousePointer(kHourglassShape);

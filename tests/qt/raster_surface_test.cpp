@@ -47,7 +47,6 @@ void paintGround(RasterSurface& surface, Rgb background) {
 }
 
 TEST(RasterSurface, PictureHasTheDensityOfTheScreen) {
-  testing::toolkit();
   RasterSurface surface({0, 0, 200, 100}, 2);
   EXPECT_EQ(surface.picture().size(), QSize(400, 200));
   surface.Move({0, 0, 50, 40});
@@ -57,7 +56,6 @@ TEST(RasterSurface, PictureHasTheDensityOfTheScreen) {
 }
 
 TEST(RasterSurface, AFilledBoxCoversItsPixelsWithYUpward) {
-  testing::toolkit();
   RasterSurface surface({0, 0, 200, 100});
   fitScale(surface);
   surface.Cls();
@@ -71,7 +69,6 @@ TEST(RasterSurface, AFilledBoxCoversItsPixelsWithYUpward) {
 }
 
 TEST(RasterSurface, ALineOnAPixelLiesUnderThePointerThatReportsIt) {
-  testing::toolkit();
   RasterSurface surface({0, 0, 200, 100});
   fitScale(surface);
   surface.Cls();
@@ -84,7 +81,6 @@ TEST(RasterSurface, ALineOnAPixelLiesUnderThePointerThatReportsIt) {
 }
 
 TEST(RasterSurface, PensAreAsWideAsTheScreenIsDense) {
-  testing::toolkit();
   RasterSurface surface({0, 0, 200, 100}, 2);
   fitScale(surface);
   surface.Cls();
@@ -98,7 +94,6 @@ TEST(RasterSurface, PensAreAsWideAsTheScreenIsDense) {
 }
 
 TEST(RasterSurface, ALineWithoutLengthPaintsNothing) {
-  testing::toolkit();
   RasterSurface surface({0, 0, 200, 100});
   fitScale(surface);
   surface.Cls();
@@ -107,7 +102,6 @@ TEST(RasterSurface, ALineWithoutLengthPaintsNothing) {
 }
 
 TEST(RasterSurface, FarEndsAreCutOffWhereTheyCannotBeSeen) {
-  testing::toolkit();
   RasterSurface surface({0, 0, 200, 100});
   fitScale(surface);
   surface.Cls();
@@ -122,7 +116,6 @@ TEST(RasterSurface, FarEndsAreCutOffWhereTheyCannotBeSeen) {
 }
 
 TEST(RasterSurface, AHugeCircleStaysWhereItIsSeen) {
-  testing::toolkit();
   RasterSurface surface({0, 0, 200, 100});
   fitScale(surface);
   surface.Cls();
@@ -138,7 +131,6 @@ struct ArcCase {
 };
 
 TEST(RasterSurface, ArcsRunCounterClockwiseFromStartToEnd) {
-  testing::toolkit();
   const ArcCase cases[] = {
       {"first quadrant", -0.1, 1.7, true, true, false, false},
       {"upper half", -0.1, 3.3, true, true, true, false},
@@ -170,7 +162,6 @@ TEST(RasterSurface, ArcsRunCounterClockwiseFromStartToEnd) {
 }
 
 TEST(RasterSurface, OnlyAWholeCircleIsFilled) {
-  testing::toolkit();
   RasterSurface surface({0, 0, 200, 100});
   fitScale(surface);
   surface.setFillStyle(FillMode::Solid);
@@ -183,7 +174,6 @@ TEST(RasterSurface, OnlyAWholeCircleIsFilled) {
 }
 
 TEST(RasterSurface, DottedLinesLeaveGaps) {
-  testing::toolkit();
   RasterSurface surface({0, 0, 200, 100});
   fitScale(surface);
   surface.Cls();
@@ -195,7 +185,6 @@ TEST(RasterSurface, DottedLinesLeaveGaps) {
 }
 
 TEST(RasterSurface, TextCoversItsGroundOnlyWhenAsked) {
-  testing::toolkit();
   RasterSurface surface({0, 0, 200, 100});
   fitScale(surface);
   surface.setBackColor(kGrey);
@@ -253,7 +242,6 @@ std::vector<Shape> shapes() {
 class Inverting : public ::testing::TestWithParam<double> {};
 
 TEST_P(Inverting, DrawnTwiceLeavesNoTrace) {
-  testing::toolkit();
   for (const PenStyle style : {PenStyle::Solid, PenStyle::Dash, PenStyle::Dot}) {
     for (const Shape& shape : shapes()) {
       SCOPED_TRACE(std::string(shape.name) + ", style " + std::to_string(static_cast<int>(style)));
@@ -274,7 +262,6 @@ TEST_P(Inverting, DrawnTwiceLeavesNoTrace) {
 INSTANTIATE_TEST_SUITE_P(Densities, Inverting, ::testing::Values(1.0, 1.25, 2.0));
 
 TEST(RasterSurface, AThousandRubberBandsLeaveNoTrace) {
-  testing::toolkit();
   RasterSurface surface({0, 0, 200, 100});
   fitScale(surface);
   paintGround(surface, kWhite);
@@ -294,7 +281,6 @@ TEST(RasterSurface, AThousandRubberBandsLeaveNoTrace) {
 }
 
 TEST(RasterSurface, AnInvertingPenShowsOnItsBackgroundWhateverItsColor) {
-  testing::toolkit();
   for (const Rgb background : {kBlack, kWhite, kGrey, kRed}) {
     for (const Rgb pen : {kBlack, kWhite, kGrey, kRed}) {
       RasterSurface surface({0, 0, 200, 100});
@@ -313,7 +299,6 @@ TEST(RasterSurface, AnInvertingPenShowsOnItsBackgroundWhateverItsColor) {
 // Showing
 
 TEST(RasterSurface, NothingIsShownWhileRepaintingIsOff) {
-  testing::toolkit();
   RasterSurface surface({0, 0, 200, 100});
   fitScale(surface);
   surface.Cls();
@@ -335,7 +320,6 @@ TEST(RasterSurface, NothingIsShownWhileRepaintingIsOff) {
 }
 
 TEST(RasterSurface, TellsWhichPixelsWerePainted) {
-  testing::toolkit();
   RasterSurface surface({0, 0, 200, 100});
   fitScale(surface);
   QRect reached;

@@ -16,7 +16,6 @@ namespace {
 class SurfaceWidgetTest : public ::testing::Test {
  protected:
   SurfaceWidgetTest() {
-    testing::toolkit();
     surface = std::make_unique<SurfaceWidget>();
     surface->resize(200, 100);
     RasterSurface& drawing = surface->drawing();
