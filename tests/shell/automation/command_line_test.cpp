@@ -39,6 +39,39 @@ TEST(CommandLine, ProgramsOfDrawings) {
   EXPECT_EQ(lathe.output, "out.nc");
 }
 
+TEST(CommandLine, PicturesOfDrawings) {
+  const CommandLine plain = parseCommandLine({"--plot", "part.png", "part.cdm"});
+  EXPECT_EQ(plain.job, Job::Plot);
+  EXPECT_EQ(plain.picture, "part.png");
+  EXPECT_EQ(plain.drawing, "part.cdm");
+  EXPECT_EQ(plain.size.width, 1000);
+  EXPECT_EQ(plain.size.height, 800);
+  const CommandLine sized =
+      parseCommandLine({"--plot", "part.png", "part.cdm", "--size", "16384x1"});
+  EXPECT_EQ(sized.size.width, 16384);
+  EXPECT_EQ(sized.size.height, 1);
+}
+
+TEST(CommandLine, TheSizeOfAScriptsSurface) {
+  const CommandLine line = parseCommandLine({"--size", "640X480", "--run", "x.lua", "--size"});
+  EXPECT_EQ(line.job, Job::RunScript);
+  EXPECT_EQ(line.size.width, 640);
+  EXPECT_EQ(line.size.height, 480);
+  EXPECT_EQ(line.scriptArguments, std::vector<std::string>{"--size"});
+  EXPECT_EQ(scriptJob(line).size.width, 640);
+}
+
+TEST(CommandLine, AScriptInTheWindow) {
+  const CommandLine line =
+      parseCommandLine({"--home", TESSIMO_SOURCE_DIR, "--play", "x.lua", "4", "--run"});
+  EXPECT_EQ(line.job, Job::PlayScript);
+  const ScriptJob job = scriptJob(line);
+  EXPECT_EQ(job.path, "x.lua");
+  EXPECT_EQ(job.arguments, (std::vector<std::string>{"4", "--run"}));
+  EXPECT_EQ(job.folders, std::vector<std::string>{TESSIMO_SOURCE_DIR});
+  EXPECT_FALSE(job.fileAccess);
+}
+
 TEST(CommandLine, HelpAndVersionAreDoneWithText) {
   for (const char* option : {"--help", "--version"}) {
     const CommandLine line = parseCommandLine({option});
@@ -47,7 +80,8 @@ TEST(CommandLine, HelpAndVersionAreDoneWithText) {
     EXPECT_EQ(line.text.find("Tessimo Mill"), 0U) << line.text;
   }
   const std::string help = parseCommandLine({"--help"}).text;
-  for (const char* option : {"--run", "--make-cnc", "--home", "--allow-io", "--version", "-o"}) {
+  for (const char* option : {"--run", "--play", "--make-cnc", "--plot", "--size", "--home",
+                             "--allow-io", "--version", "-o"}) {
     EXPECT_NE(help.find(option), std::string::npos) << option;
   }
 }
@@ -67,6 +101,20 @@ TEST(CommandLine, WrongUsageIsOneLine) {
       {"--allow-io"},
       {"--home"},
       {"--make-cnc", "mill", "part.cdm", "-o"},
+      {"--play"},
+      {"part.cdm", "--play", "x.lua"},
+      {"--size", "100x100"},
+      {"--size", "100x100", "part.cdm"},
+      {"--plot", "part.png"},
+      {"--plot", "part.png", "--make-cnc", "mill", "part.cdm"},
+      {"--plot", "part.png", "--run", "x.lua"},
+      {"--size", "100", "--run", "x.lua"},
+      {"--size", "100x", "--run", "x.lua"},
+      {"--size", "x100", "--run", "x.lua"},
+      {"--size", "100x100x", "--run", "x.lua"},
+      {"--size", "0x100", "--run", "x.lua"},
+      {"--size", "-1x100", "--run", "x.lua"},
+      {"--size", "100x16385", "--run", "x.lua"},
   };
   for (const auto& arguments : cases) {
     const CommandLine line = parseCommandLine(arguments);
@@ -120,6 +168,44 @@ TEST_F(CommandLineJobs, AHomeThatDoesNotExistFailsTheJob) {
   const CommandLine line = parseCommandLine({"--home", home("none"), "--run", "x.lua"});
   EXPECT_EQ(runCommandLine(line, {}, outStream, errStream), ExitStatus::JobFailed);
   EXPECT_EQ(errStream.str(), "tessimo: Path not found: " + home("none") + "\n");
+}
+
+TEST_F(CommandLineJobs, APictureShowsTheDrawingAsItOpensWithItsPaths) {
+  View seen;
+  bool paths = false;
+  writePicture = [&](Application& application, const std::string& path, PixelSize size) {
+    EXPECT_EQ(path, folder("part.PNG")) << "the extension is added";
+    EXPECT_EQ(size.width, 400);
+    seen = application.interaction.view;
+    paths = application.store.showpaths != 0;
+  };
+  EXPECT_EQ(runLine({"--plot", folder("part"), drawing("part.cdm"), "--size", "400x200"}),
+            ExitStatus::Done)
+      << err;
+  EXPECT_EQ(out, "");
+  EXPECT_EQ(err, "");
+  EXPECT_TRUE(paths);
+  EXPECT_EQ(seen.viewspan, seen.homespan);
+  EXPECT_EQ(seen.picwidth, 400);
+}
+
+TEST_F(CommandLineJobs, APictureShowsWhatReachesBeyondTheStock) {
+  outputOf("add_segment{type=1, x0=-100, y0=0, x1=100, y1=50} save([[" + folder("wide.cdm") +
+           "]])");
+  View seen;
+  writePicture = [&](Application& application, const std::string& /*path*/, PixelSize /*size*/) {
+    seen = application.interaction.view;
+  };
+  EXPECT_EQ(runLine({"--plot", folder("wide.png"), folder("wide.cdm")}), ExitStatus::Done) << err;
+  EXPECT_EQ(seen.viewcx, 0);
+  EXPECT_EQ(seen.viewcy, 25);
+  EXPECT_GE(seen.viewspan, 100);
+}
+
+TEST_F(CommandLineJobs, APictureOfNothingIsAFailure) {
+  writePicture = [](Application&, const std::string&, PixelSize) { FAIL(); };
+  EXPECT_EQ(runLine({"--plot", folder("x.png"), folder("none.cdm")}), ExitStatus::JobFailed);
+  EXPECT_TRUE(err.starts_with("tessimo: " + folder("none.cdm") + ": ")) << err;
 }
 
 TEST_F(CommandLineJobs, AProgramGoesBesideItsDrawing) {
