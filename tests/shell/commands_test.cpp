@@ -134,6 +134,7 @@ TEST_F(Commands, RecentFilesAreTheNamesBetweenTheFirstAndTheLast) {
 TEST_F(Commands, ToolsArmTheirActions) {
   application.store.NumSegments = 0;
   AddSeg(application.store, {.type = 1, .x1 = 1}, nullptr);
+  addPathSegment(application.store, {.type = 1, .x1 = 1, .code = 100});
   const struct {
     const char* tool;
     int pendingaction;
