@@ -1,0 +1,25 @@
+// Zero-length lines and duplicate rows: counting them and taking them out. Nothing of it is logged.
+// Owns: areDuplicates, countDuplicates, countZeroLength, removeDuplicates, removeZeroLength.
+#pragma once
+
+#include "core/drawing_store.h"
+#include "core/host.h"
+
+namespace tess {
+
+// True when two rows of one kind have exactly equal centres and exactly equal or exchanged ends.
+// No tolerance applies.
+bool areDuplicates(const SegmentRow& a, const SegmentRow& b);
+
+// The rows that removeDuplicates would take out.
+int countDuplicates(const DrawingStore& store);
+// Lines whose length is exactly 0.
+int countZeroLength(const DrawingStore& store);
+
+// Removes of each pair the later row. Unless `deleteSilently`, the first pair asks the operator
+// once; after No nothing is removed.
+void removeDuplicates(DrawingStore& store, Prompts& prompts, bool deleteSilently);
+// The number of rows removed.
+int removeZeroLength(DrawingStore& store);
+
+}  // namespace tess

@@ -1,0 +1,29 @@
+// A desk of the tool-path commands on a recorded screen, with the settings of a small job.
+// Owns: RecordedCam.
+#pragma once
+
+#include "tests/support/drafting_desk.h"
+#include "toolpath/cam_desk.h"
+
+namespace tess::testing {
+
+// Tool 1 of radius 0.25 is selected; depths, feeds and step-over are those of a shallow pocket.
+struct RecordedCam : RecordedDesk {
+  RecordedCam() {
+    store.selectedtool = 0;
+    store.toolname[0] = "cutter";
+    store.toolradius[0] = 0.25F;
+    store.cfg_final_depth = 0.5F;
+    store.cfg_z_cut_per_pass = 0.5F;
+    store.cfg_rough_feedrate = 20;
+    store.cfg_finish_feedrate = 10;
+    store.cfg_tool_spacing = 50;
+    store.cfg_cut_width_type = 1;
+    store.cfg_cutting_mode = 1;
+    store.cfg_pocketing_style = 1;
+  }
+
+  CamDesk cam{desk};
+};
+
+}  // namespace tess::testing

@@ -1,0 +1,15 @@
+// The desk of the tool-path commands.
+#include "toolpath/cam_desk.h"
+
+namespace tess {
+
+CamDesk::CamDesk(Desk& drafting)
+    : desk(drafting), store(drafting.store), changelog(drafting.changelog) {}
+
+void showPlacedPaths(CamDesk& cam) {
+  cam.store.showpaths = 1;
+  cam.desk.session.listener.Update_menu_checks();
+  cam.desk.redraw.redrawscreen();
+}
+
+}  // namespace tess

@@ -1,0 +1,46 @@
+// The desk of the tool-path commands: the drafting desk they work on and what they remember between
+// clicks. Commands are free functions on it.
+// Owns: CamDesk, showPlacedPaths.
+#pragma once
+
+#include "core/int16.h"
+#include "drafting/desk.h"
+#include "geometry/points.h"
+
+namespace tess {
+
+// Where the path editor wants new paths; 0 is the state of a fresh program.
+inline constexpr int kInsertBeforeGroup = 1;
+inline constexpr int kInsertAfterGroup = 2;
+inline constexpr int kInsertAtEnd = 3;
+
+struct CamDesk {
+  explicit CamDesk(Desk& drafting);
+
+  Desk& desk;
+  DrawingStore& store;
+  ChangeLog& changelog;
+
+  // Width and height of the outline last accepted as a pocket; 0 until then.
+  float PocketXDim = 0, PocketYDim = 0;
+
+  // The three clicks of a finish path and the number of its passes, which is 0 until the dialog of
+  // the finish path was closed once.
+  Int16 PlaceChain;  // 1 the whole chain, 0 one element
+  Int16 numFinishPasses;
+  Point finishStart, finishDirection;
+  int finishSegment = 0;  // row number
+
+  Int16 pathInsertMode;
+  Int16 pathInsertGroup;
+
+  float roughFloor = 0;  // the deepest roughing level
+  float currentZ = 0;    // the level being cut
+
+  int selectedCycle = -1;  // template from 0 that the next click places; -1 none
+};
+
+// What placing commands end with: the paths are shown, the menu checks and the screen follow.
+void showPlacedPaths(CamDesk& cam);
+
+}  // namespace tess

@@ -1,0 +1,22 @@
+// Verification: proof that the selected rows form one closed outline, and its measure.
+// Owns: verifypocket, arcBounds, mnuCAMVerifyAcceptPocket_Click, mnuCAMVerifyAcceptIsland_Click.
+#pragma once
+
+#include "geometry/box_index.h"
+#include "toolpath/cam_desk.h"
+
+namespace tess {
+
+// Walks the selected rows end to end. A closed outline becomes verified; otherwise a message names
+// the place and the rows stay selected. `width` and `height` are measured in both cases, 0 without
+// a selection.
+void verifypocket(CamDesk& cam, float& width, float& height);
+
+// The bounds of arc row `sg` from its ends and three samples of its sweep: an arc can pass a
+// quadrant between two samples, and is meant to be measured short then.
+Box arcBounds(const DrawingStore& store, int sg);
+
+void mnuCAMVerifyAcceptPocket_Click(CamDesk& cam);
+void mnuCAMVerifyAcceptIsland_Click(CamDesk& cam);
+
+}  // namespace tess
