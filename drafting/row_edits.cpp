@@ -6,6 +6,11 @@ namespace {
 
 constexpr int kCodesPerGroup = 100;
 
+// How many rows a range has; 0 when it is not wholly in use.
+int rowsInUse(int first, int last, int count) {
+  return first >= 1 && last <= count ? last - first + 1 : 0;
+}
+
 PathRow placedRow(const DrawingStore& store, const PathRow& row, int tool) {
   PathRow placed = row;
   const int index = tool > kCodesPerGroup ? tool % kCodesPerGroup : tool;
@@ -23,20 +28,30 @@ void rowsInserted(DrawingStore& store, Int16 count) {
 }  // namespace
 
 void deleteSegment(DrawingStore& store, int sg) {
-  if (sg < 1 || sg > store.NumSegments) return;
-  for (int row = sg; row < store.NumSegments; ++row) {
-    setSegmentRow(store, row, segmentRow(store, row + 1));
-  }
-  --store.NumSegments;
-  store.drawingsaved = false;
+  deleteSegments(store, sg, sg);
 }
 
 void deletePathSegment(DrawingStore& store, int ps) {
-  if (ps < 1 || ps > store.NumPathSegments) return;
-  for (int row = ps; row < store.NumPathSegments; ++row) {
-    setPathRow(store, row, pathRow(store, row + 1));
+  deletePathSegments(store, ps, ps);
+}
+
+void deleteSegments(DrawingStore& store, int first, int last) {
+  const int removed = rowsInUse(first, last, store.NumSegments);
+  if (removed < 1) return;
+  for (int row = first; row + removed <= store.NumSegments; ++row) {
+    setSegmentRow(store, row, segmentRow(store, row + removed));
   }
-  --store.NumPathSegments;
+  store.NumSegments -= removed;
+  store.drawingsaved = false;
+}
+
+void deletePathSegments(DrawingStore& store, int first, int last) {
+  const int removed = rowsInUse(first, last, store.NumPathSegments);
+  if (removed < 1) return;
+  for (int row = first; row + removed <= store.NumPathSegments; ++row) {
+    setPathRow(store, row, pathRow(store, row + removed));
+  }
+  store.NumPathSegments -= removed;
   store.drawingsaved = false;
 }
 

@@ -1,6 +1,6 @@
 // Taking rows out of the tables and putting path rows in between.
-// Owns: deleteSegment, deletePathSegment, deletePathSegments, insertPathSegment, PathInsertion,
-//       insertPathSegments.
+// Owns: deleteSegment, deletePathSegment, deleteSegments, deletePathSegments, insertPathSegment,
+//       PathInsertion, insertPathSegments.
 #pragma once
 
 #include <span>
@@ -14,6 +14,9 @@ namespace tess {
 // index outside the rows in use changes nothing.
 void deleteSegment(DrawingStore& store, int sg);
 void deletePathSegment(DrawingStore& store, int ps);
+// The same for rows `first` to `last` at one go.
+void deleteSegments(DrawingStore& store, int first, int last);
+void deletePathSegments(DrawingStore& store, int first, int last);
 
 // Removes all path rows that are marked in `gone`, which is indexed by row number, in one pass.
 void deletePathSegments(DrawingStore& store, const std::vector<bool>& gone);

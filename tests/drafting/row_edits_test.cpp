@@ -1,6 +1,9 @@
 // Taking rows out of the tables and putting path rows in between.
 #include "drafting/row_edits.h"
 
+#include <utility>
+#include <vector>
+
 #include "gtest/gtest.h"
 
 #include "tests/support/drafting_desk.h"
@@ -48,6 +51,33 @@ TEST(DeletePathSegment, MovesLaterRowsDown) {
   EXPECT_EQ(pathTexts(store),
             (Texts{"1 (0, 0)-(2, 0) @100 z -2 f 2", "1 (0, 0)-(3, 0) @100 z -3 f 3"}));
   EXPECT_FALSE(store.drawingsaved);
+}
+
+TEST(DeleteSegments, TakesARangeOutAtOneGo) {
+  DrawingStore store = threeRows();
+  deleteSegments(store, 1, 2);
+  EXPECT_EQ(segmentTexts(store), (Texts{"2 (0, 0)-(3, 0) c (3, -3)"}));
+  EXPECT_FALSE(store.drawingsaved);
+  EXPECT_EQ(store.NumPathSegments, 3);
+}
+
+TEST(DeletePathSegments, TakesARangeOutAtOneGo) {
+  DrawingStore store = threeRows();
+  deletePathSegments(store, 2, 3);
+  EXPECT_EQ(pathTexts(store), (Texts{"1 (0, 0)-(1, 0) @100 z -1 f 1"}));
+  EXPECT_FALSE(store.drawingsaved);
+  EXPECT_EQ(store.NumSegments, 3);
+}
+
+TEST(DeletePathSegments, ARangeNotWhollyInUseChangesNothing) {
+  DrawingStore store = threeRows();
+  for (const auto& [first, last] : {std::pair{0, 1}, {2, 4}, {3, 2}}) {
+    deleteSegments(store, first, last);
+    deletePathSegments(store, first, last);
+  }
+  EXPECT_EQ(store.NumSegments, 3);
+  EXPECT_EQ(store.NumPathSegments, 3);
+  EXPECT_TRUE(store.drawingsaved);
 }
 
 TEST(InsertPathSegment, PutsARowOfTheCurrentGroupInFront) {
