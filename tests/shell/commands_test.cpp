@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <functional>
 #include <set>
 
 #include "gtest/gtest.h"
@@ -130,6 +131,72 @@ TEST_F(Commands, RecentFilesAreTheNamesBetweenTheFirstAndTheLast) {
   ASSERT_EQ(platform.prompts.messages.size(), 1U) << "this one is tried, and is not there";
 }
 
+struct SnapTool {
+  const char* tool;
+  int kind;
+};
+
+constexpr SnapTool kSnapTools[] = {
+    {"miOSnapEndpoints", 1}, {"miOSnapCenter", 2},        {"miOSnapMidpoint", 3},
+    {"miOSnapQuadrant", 4},  {"miOSnapPerpendicular", 5},
+};
+
+SnapSet only(int kind) {
+  SnapSet set{};
+  set[static_cast<std::size_t>(kind)] = true;
+  return set;
+}
+
+TEST_F(Commands, SnapEntriesCarryTheirKindAndTurnItOverWhileTheButtonIsDown) {
+  CState& state = application.interaction.desk.state;
+  application.clickTool("OSnap");
+  for (const auto& [tool, kind] : kSnapTools) {
+    EXPECT_EQ(tools.tool(tool)->tag, std::to_string(kind));
+    const bool before = state.OSnapFeatures[static_cast<std::size_t>(kind)];
+    application.clickTool(tool);
+    EXPECT_EQ(state.OSnapFeatures[static_cast<std::size_t>(kind)], !before) << tool;
+    EXPECT_EQ(state.OSnapActive, state.OSnapFeatures) << tool;
+  }
+}
+
+TEST_F(Commands, SnapEntriesOfferTheirKindOnceWhileTheButtonIsUp) {
+  CState& state = application.interaction.desk.state;
+  const SnapSet persistent = state.OSnapFeatures;
+  for (const auto& [tool, kind] : kSnapTools) {
+    application.interaction.resetPendingAction();
+    application.clickTool(tool);
+    EXPECT_EQ(state.OSnapActive, only(kind)) << tool;
+  }
+  EXPECT_EQ(state.OSnapFeatures, persistent);
+}
+
+TEST_F(Commands, SingleSnapEntriesOfferTheirKindOnceInEitherState) {
+  CState& state = application.interaction.desk.state;
+  for (const bool down : {false, true}) {
+    if (down) application.clickTool("OSnap");
+    const SnapSet persistent = state.OSnapFeatures;
+    for (const auto& [tool, kind] : kSnapTools) {
+      const std::string single = std::string(tool) + "Single";
+      EXPECT_EQ(tools.tool(single)->tag, std::to_string(kind));
+      application.interaction.resetPendingAction();
+      application.clickTool(single);
+      EXPECT_TRUE(state.OSnapActive[static_cast<std::size_t>(kind)]) << single;
+    }
+    EXPECT_EQ(state.OSnapFeatures, persistent);
+  }
+}
+
+TEST_F(Commands, OpeningTheSnapMenuMarksThePersistentKinds) {
+  application.clickTool("OSnap");
+  tools.openBand("OSnapMenu");
+  EXPECT_EQ(tools.tool("miOSnapEndpoints")->caption, "× Endpoints");
+  EXPECT_EQ(tools.tool("miOSnapMidpoint")->caption, "  Midpoint");
+  tools.closeBand("OSnapMenu");
+  application.clickTool("OSnap");
+  tools.openBand("OSnapMenu");
+  EXPECT_EQ(tools.tool("miOSnapEndpoints")->caption, "  Endpoints");
+}
+
 // A tool either has a command or stands disabled; commands that arm an action do so by tool.
 TEST_F(Commands, ToolsArmTheirActions) {
   application.store.NumSegments = 0;
@@ -214,6 +281,63 @@ TEST_F(Commands, LettersArmTheirActionsInEitherCase) {
   }
 }
 
+struct KeyTwin {
+  char key;
+  const char* tool;
+};
+
+constexpr KeyTwin kKeyTwins[] = {
+    {'A', "miArc3P"},      {'B', "miBreakSegment"},  {'C', "miCopy"},
+    {'D', "miRevArcDir"},  {'F', "miFlipArc"},       {'J', "miJoinEndpoints"},
+    {'L', "miLine"},       {'M', "miMoveProfile"},   {'R', "miRectangle"},
+    {'T', "miTrimEntity"}, {'V', "miMoveEndpoints"}, {'\t', "miEntityInfo"},
+};
+
+// Where a command leaves the interaction that was in the middle of a three-point command.
+struct Interruption {
+  int pendingaction = 0, DrawMode = 0, LastCommand = 0, clickstage = 0;
+  bool secondCrossShown = false;
+  std::string prompt;
+  bool operator==(const Interruption&) const = default;
+};
+
+class CommandTwins : public Commands {
+ protected:
+  CommandTwins() { AddSeg(application.store, {.type = 1, .x1 = 1}, nullptr); }
+
+  Interruption after(const std::function<void()>& command) {
+    application.interaction.resetPendingAction();
+    application.interaction.desk.command.LastCommand = 0;
+    application.clickTool("miCircle3P");
+    for (const int button : {0, 1}) application.move({.Button = button, .X = 2, .Y = 2});
+    application.press({.Button = 1, .X = 2, .Y = 2});
+    application.release({.Button = 1, .X = 2, .Y = 2});
+    const CommandRecord& record = application.interaction.desk.command;
+    EXPECT_EQ(record.clickstage, 1);
+    command();
+    return {pendingaction(),         DrawMode(),
+            record.LastCommand,      record.clickstage,
+            record.secondCrossShown, application.interaction.statusBar.text()};
+  }
+};
+
+TEST_F(CommandTwins, AKeyDoesAllThatItsToolDoes) {
+  for (const auto& [key, tool] : kKeyTwins) {
+    const Interruption byKey = after([&, pressed = key] { press(pressed); });
+    EXPECT_EQ(byKey, after([&, clicked = tool] { application.clickTool(clicked); })) << tool;
+  }
+}
+
+TEST_F(CommandTwins, EveryCommandThatDrawsOrArmsDropsAHalfDoneOne) {
+  for (const char* const tool :
+       {"miLine", "miRectangle", "miArc3P", "miArcC+2P", "miCircle3P", "miCircleC+1P",
+        "miBreakSegment", "miSelect", "miUnselectContiguous", "miMeasureDist", "miSetOrigin"}) {
+    const Interruption left = after([&] { application.clickTool(tool); });
+    EXPECT_EQ(left.clickstage, 0) << tool;
+    EXPECT_FALSE(left.secondCrossShown) << tool;
+  }
+}
+
 TEST_F(Commands, OtherLettersDoNothing) {
   for (const char key : {'H', 'K', 'N', 'Q', 'U', 'W', 'X', 'Y', 'Z', '1', ' ', '\x02'}) {
     press(key);
@@ -255,11 +379,65 @@ TEST_F(Commands, RepeatKeysWithAModifierDoNothing) {
   EXPECT_EQ(pendingaction(), 0);
 }
 
+TEST_F(Commands, InsertClicksRightUnlessShiftIsHeld) {
+  application.move({.X = 2, .Y = 1});
+  application.key({.special = SpecialKey::Insert, .shift = true});
+  EXPECT_EQ(application.store.markerx, 0);
+  application.key({.special = SpecialKey::Insert, .control = true});
+  EXPECT_EQ(application.store.markerx, 2);
+  EXPECT_EQ(application.store.markery, 1);
+}
+
+TEST_F(Commands, EnterClicksLeftAtThePresentPosition) {
+  press('L');
+  application.move({.X = 2, .Y = 1});
+  press(SpecialKey::Enter);
+  ASSERT_EQ(application.store.NumSegments, 1);
+  EXPECT_EQ(application.store.x1[1], 2);
+  application.move({.X = 3, .Y = 1});
+  application.key({.special = SpecialKey::Enter, .shift = true});
+  EXPECT_EQ(application.store.NumSegments, 2);
+}
+
+TEST_F(Commands, ArrowKeysMoveThePositionByOnePixel) {
+  screen.timers.advance(1000);  // the first picture gives the surface its scale
+  application.move({.X = 1, .Y = 1});
+  const PointerRecord& pointer = application.interaction.desk.pointer;
+  const auto pixel = static_cast<float>(1 / PixelsPerInchX(application.interaction.ScreenProxy));
+  press(SpecialKey::Right);
+  EXPECT_FLOAT_EQ(pointer.MouseX, 1 + pixel);
+  press(SpecialKey::Up);
+  EXPECT_FLOAT_EQ(pointer.MouseY, 1 + pixel);
+  application.key({.special = SpecialKey::Left, .shift = true});
+  press(SpecialKey::Down);
+  EXPECT_FLOAT_EQ(pointer.MouseX, 1);
+  EXPECT_FLOAT_EQ(pointer.MouseY, 1);
+}
+
+TEST_F(Commands, CtrlRRedrawsAndEKeyAsksForAPosition) {
+  application.interaction.statusBar.setText("stale");
+  press('\x12');
+  EXPECT_EQ(application.interaction.statusBar.text(), "");
+  press('e');
+  press(SpecialKey::F3);
+  EXPECT_EQ(platform.prompts.formNames,
+            (std::vector<std::string>{"dlgPositionCursor", "dlgPositionCursor"}));
+}
+
 TEST_F(Commands, ZoomKeys) {
   const float full = application.interaction.view.viewspan;
   press('i');
   EXPECT_EQ(application.interaction.view.viewspan, full / 2);
   press('O');
+  EXPECT_EQ(application.interaction.view.viewspan, full);
+}
+
+TEST_F(Commands, WhileTextIsPlacedTheZoomKeysAndToolsAreInert) {
+  const float full = application.interaction.view.viewspan;
+  application.interaction.desk.state.setPendingaction(30);
+  for (const char key : {'i', 'I', 'o', 'O'}) press(key);
+  application.clickTool("miZoomIn");
+  application.clickTool("miZoomOut");
   EXPECT_EQ(application.interaction.view.viewspan, full);
 }
 
