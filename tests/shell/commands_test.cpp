@@ -2,22 +2,18 @@
 #include "shell/commands.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <functional>
 #include <set>
 
 #include "gtest/gtest.h"
 
 #include "shell/tool_bands.h"
-#include "shell/virtual_screen.h"
-#include "tests/support/recording_host.h"
-#include "tests/support/temp_folder.h"
+#include "tests/support/running_program.h"
 
 namespace tess {
 namespace {
 
-using testing::RecordingHost;
-using testing::TempFolder;
+using testing::RunningProgram;
 
 bool contains(const std::vector<std::string>& names, const std::string& name) {
   return std::find(names.begin(), names.end(), name) != names.end();
@@ -27,25 +23,8 @@ bool isRecent(const std::string& tool) {
   return tool.starts_with("miRecentFile");
 }
 
-class Commands : public ::testing::Test {
+class Commands : public ::testing::Test, public RunningProgram {
  protected:
-  Commands() {
-    std::filesystem::copy(TESSIMO_SOURCE_DIR "/tests/scripts/home", home());
-    std::filesystem::create_directory(home("CNC"));
-    application.start(/*drawing=*/"", home());
-  }
-
-  int pendingaction() const { return application.interaction.desk.state.pendingaction(); }
-  int DrawMode() const { return application.interaction.desk.state.DrawMode(); }
-  void press(char ascii) { application.key({.ascii = ascii}); }
-  void press(SpecialKey key) { application.key({.special = key}); }
-
-  TempFolder home;
-  RecordingHost platform;
-  HuntERR reporting{
-      platform.prompts, platform.clock, {.folder = {}, .display = ReportDisplay::None}};
-  VirtualScreen screen;
-  Application application{{platform.host, reporting, screen.ports}};
   ToolHost& tools = application.interaction.tools;
 };
 
@@ -272,7 +251,7 @@ TEST_F(Commands, LettersArmTheirActionsInEitherCase) {
     for (const int lower : {0, 'a' - 'A'}) {
       if (key == '\t' && lower != 0) continue;
       application.interaction.resetPendingAction();
-      press(static_cast<char>(key + lower));
+      type(static_cast<char>(key + lower));
       EXPECT_EQ(pendingaction(), action) << key;
       EXPECT_EQ(DrawMode(), mode) << key;
       if (action == 0) continue;
@@ -309,9 +288,7 @@ class CommandTwins : public Commands {
     application.interaction.resetPendingAction();
     application.interaction.desk.command.LastCommand = 0;
     application.clickTool("miCircle3P");
-    for (const int button : {0, 1}) application.move({.Button = button, .X = 2, .Y = 2});
-    application.press({.Button = 1, .X = 2, .Y = 2});
-    application.release({.Button = 1, .X = 2, .Y = 2});
+    click({2, 2});
     const CommandRecord& record = application.interaction.desk.command;
     EXPECT_EQ(record.clickstage, 1);
     command();
@@ -323,7 +300,7 @@ class CommandTwins : public Commands {
 
 TEST_F(CommandTwins, AKeyDoesAllThatItsToolDoes) {
   for (const auto& [key, tool] : kKeyTwins) {
-    const Interruption byKey = after([&, pressed = key] { press(pressed); });
+    const Interruption byKey = after([&, pressed = key] { type(pressed); });
     EXPECT_EQ(byKey, after([&, clicked = tool] { application.clickTool(clicked); })) << tool;
   }
 }
@@ -340,7 +317,7 @@ TEST_F(CommandTwins, EveryCommandThatDrawsOrArmsDropsAHalfDoneOne) {
 
 TEST_F(Commands, OtherLettersDoNothing) {
   for (const char key : {'H', 'K', 'N', 'Q', 'U', 'W', 'X', 'Y', 'Z', '1', ' ', '\x02'}) {
-    press(key);
+    type(key);
     EXPECT_EQ(pendingaction(), 0) << key;
     EXPECT_EQ(DrawMode(), 0) << key;
   }
@@ -348,32 +325,32 @@ TEST_F(Commands, OtherLettersDoNothing) {
 }
 
 TEST_F(Commands, PWithAnEmptyPasteBufferDoesNothing) {
-  press('P');
+  type('P');
   EXPECT_EQ(application.store.NumSegments, 0);
   EXPECT_TRUE(platform.prompts.messages.empty());
 }
 
 TEST_F(Commands, PressingTTwiceArmsTheTrimOnce) {
-  press('T');
-  press('T');
+  type('T');
+  type('T');
   EXPECT_EQ(pendingaction(), 16);
-  press('\x1b');
+  type('\x1b');
   EXPECT_EQ(pendingaction(), 0) << "one Esc disarms it";
 }
 
 TEST_F(Commands, F3AndF12ArmAFinishedCommandAgain) {
   for (const SpecialKey key : {SpecialKey::F3, SpecialKey::F12}) {
-    press('T');
-    press('\x1b');
-    press(key);
+    type('T');
+    type('\x1b');
+    type(key);
     EXPECT_EQ(pendingaction(), 16);
-    press('\x1b');
+    type('\x1b');
   }
 }
 
 TEST_F(Commands, RepeatKeysWithAModifierDoNothing) {
-  press('T');
-  press('\x1b');
+  type('T');
+  type('\x1b');
   application.key({.special = SpecialKey::F3, .shift = true});
   application.key({.special = SpecialKey::F12, .control = true});
   EXPECT_EQ(pendingaction(), 0);
@@ -389,9 +366,9 @@ TEST_F(Commands, InsertClicksRightUnlessShiftIsHeld) {
 }
 
 TEST_F(Commands, EnterClicksLeftAtThePresentPosition) {
-  press('L');
+  type('L');
   application.move({.X = 2, .Y = 1});
-  press(SpecialKey::Enter);
+  type(SpecialKey::Enter);
   ASSERT_EQ(application.store.NumSegments, 1);
   EXPECT_EQ(application.store.x1[1], 2);
   application.move({.X = 3, .Y = 1});
@@ -400,42 +377,42 @@ TEST_F(Commands, EnterClicksLeftAtThePresentPosition) {
 }
 
 TEST_F(Commands, ArrowKeysMoveThePositionByOnePixel) {
-  screen.timers.advance(1000);  // the first picture gives the surface its scale
+  pass(1000);  // the first picture gives the surface its scale
   application.move({.X = 1, .Y = 1});
   const PointerRecord& pointer = application.interaction.desk.pointer;
   const auto pixel = static_cast<float>(1 / PixelsPerInchX(application.interaction.ScreenProxy));
-  press(SpecialKey::Right);
+  type(SpecialKey::Right);
   EXPECT_FLOAT_EQ(pointer.MouseX, 1 + pixel);
-  press(SpecialKey::Up);
+  type(SpecialKey::Up);
   EXPECT_FLOAT_EQ(pointer.MouseY, 1 + pixel);
   application.key({.special = SpecialKey::Left, .shift = true});
-  press(SpecialKey::Down);
+  type(SpecialKey::Down);
   EXPECT_FLOAT_EQ(pointer.MouseX, 1);
   EXPECT_FLOAT_EQ(pointer.MouseY, 1);
 }
 
 TEST_F(Commands, CtrlRRedrawsAndEKeyAsksForAPosition) {
   application.interaction.statusBar.setText("stale");
-  press('\x12');
+  type('\x12');
   EXPECT_EQ(application.interaction.statusBar.text(), "");
-  press('e');
-  press(SpecialKey::F3);
+  type('e');
+  type(SpecialKey::F3);
   EXPECT_EQ(platform.prompts.formNames,
             (std::vector<std::string>{"dlgPositionCursor", "dlgPositionCursor"}));
 }
 
 TEST_F(Commands, ZoomKeys) {
   const float full = application.interaction.view.viewspan;
-  press('i');
+  type('i');
   EXPECT_EQ(application.interaction.view.viewspan, full / 2);
-  press('O');
+  type('O');
   EXPECT_EQ(application.interaction.view.viewspan, full);
 }
 
 TEST_F(Commands, WhileTextIsPlacedTheZoomKeysAndToolsAreInert) {
   const float full = application.interaction.view.viewspan;
   application.interaction.desk.state.setPendingaction(30);
-  for (const char key : {'i', 'I', 'o', 'O'}) press(key);
+  for (const char key : {'i', 'I', 'o', 'O'}) type(key);
   application.clickTool("miZoomIn");
   application.clickTool("miZoomOut");
   EXPECT_EQ(application.interaction.view.viewspan, full);
@@ -445,7 +422,7 @@ TEST_F(Commands, GFlipsBothGrids) {
   DrawingStore& store = application.store;
   store.visualgridf = 1;
   store.cursorgridf = 0;
-  press('G');
+  type('G');
   EXPECT_EQ(store.visualgridf, 0);
   EXPECT_EQ(store.cursorgridf, 1);
   EXPECT_FALSE(tools.isChecked("VGrid"));
@@ -455,14 +432,14 @@ TEST_F(Commands, GFlipsBothGrids) {
 TEST_F(Commands, ProgramsByKey) {
   for (const char key : {'\x0C', '\x0D'}) {
     platform.prompts.messages.clear();
-    press(key);
+    type(key);
     ASSERT_EQ(platform.prompts.messages.size(), 1U);
     EXPECT_EQ(platform.prompts.messages.front().text, "No Path Segments Placed!");
   }
 }
 
 TEST_F(Commands, TheDeleteKeyArmsTheDeletion) {
-  press(SpecialKey::Delete);
+  type(SpecialKey::Delete);
   EXPECT_EQ(pendingaction(), 1);
 }
 
