@@ -269,26 +269,39 @@ void nudge(Application& application) {
   nudgePointer(application.interaction.desk, dx, dy);
 }
 
+// With which modifiers held a key still acts.
+enum class Modifiers { None, NotShift, Any };
+
 struct SpecialKeyRow {
   SpecialKey key;
+  Modifiers modifiers;
   Handler run;
 };
 
+// clang-format off
 constexpr SpecialKeyRow kSpecialKeys[] = {
-    {SpecialKey::F3, onDesk<repeatLastCommand>},
-    {SpecialKey::F12, onDesk<repeatLastCommand>},
-    {SpecialKey::Enter, clickByKey<kLeftButton>},
-    {SpecialKey::Insert, clickByKey<kRightButton>},
-    {SpecialKey::Delete, onDesk<mnuEditDelete_Click>},
-    {SpecialKey::Left, nudge<-1, 0>},
-    {SpecialKey::Right, nudge<1, 0>},
-    {SpecialKey::Up, nudge<0, 1>},
-    {SpecialKey::Down, nudge<0, -1>},
+    {SpecialKey::F3,     Modifiers::None,     onDesk<repeatLastCommand>},
+    {SpecialKey::F12,    Modifiers::None,     onDesk<repeatLastCommand>},
+    {SpecialKey::Enter,  Modifiers::Any,      clickByKey<kLeftButton>},
+    {SpecialKey::Insert, Modifiers::NotShift, clickByKey<kRightButton>},
+    {SpecialKey::Delete, Modifiers::Any,      onDesk<mnuEditDelete_Click>},
+    {SpecialKey::Left,   Modifiers::Any,      nudge<-1, 0>},
+    {SpecialKey::Right,  Modifiers::Any,      nudge<1, 0>},
+    {SpecialKey::Up,     Modifiers::Any,      nudge<0, 1>},
+    {SpecialKey::Down,   Modifiers::Any,      nudge<0, -1>},
 };
+// clang-format on
 
-// Function keys and Insert act without a modifier only.
-bool isPlain(const KeyStroke& key) {
-  return !key.shift && !key.control;
+bool allows(Modifiers modifiers, const KeyStroke& key) {
+  switch (modifiers) {
+    case Modifiers::None:
+      return !key.shift && !key.control;
+    case Modifiers::NotShift:
+      return !key.shift;
+    case Modifiers::Any:
+      return true;
+  }
+  return false;
 }
 
 }  // namespace
@@ -329,7 +342,7 @@ void KeyPress(Application& application, char KeyAscii) {
 void handleKey(Application& application, const KeyStroke& key) {
   if (key.special == SpecialKey::None) return KeyPress(application, key.ascii);
   for (const SpecialKeyRow& row : kSpecialKeys) {
-    if (row.key == key.special && isPlain(key)) return row.run(application);
+    if (row.key == key.special && allows(row.modifiers, key)) return row.run(application);
   }
 }
 

@@ -539,6 +539,16 @@ TEST(Pan, AReleaseElsewhereMovesTheViewByTheWholeDrag) {
   EXPECT_FALSE(d.desk.pointer.LeftDown);
 }
 
+TEST(Pan, AMoveWithinTheToleranceLeavesTheView) {
+  RecordedDesk d;
+  d.viewCommands.mnuViewPan_Click();
+  d.press(1, 1, 1);
+  d.move(1, 1.0005F, 1);
+  EXPECT_EQ(d.view.viewcx, 0);
+  d.move(1, 1.0015F, 1);
+  EXPECT_NEAR(d.view.viewcx, -0.0015, 1e-7);
+}
+
 TEST(Pan, AClickLeavesTheViewAsItIs) {
   RecordedDesk d;
   d.viewCommands.mnuViewPan_Click();
