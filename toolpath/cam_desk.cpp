@@ -1,6 +1,8 @@
 // The desk of the tool-path commands.
 #include "toolpath/cam_desk.h"
 
+#include "drafting/undo.h"
+
 namespace tess {
 
 CamDesk::CamDesk(Desk& drafting)
@@ -10,6 +12,7 @@ void showPlacedPaths(CamDesk& cam) {
   cam.store.showpaths = 1;
   cam.desk.session.listener.Update_menu_checks();
   cam.desk.redraw.redrawscreen();
+  if (cam.changelog.canUndo()) enableUndo(cam.desk, kRowsAdded);
 }
 
 }  // namespace tess

@@ -82,8 +82,6 @@ void dlgPocketingPrm::nameChoices() {
   optPocketingStyle[1].setCaption("Horizontal Only");
   optPocketingStyle[2].setCaption("Vertical Only");
   optPocketingStyle[3].setCaption("Parallel Spiral");
-  OptCutWidth[kByPercentage].setCaption("Percentage :");
-  OptCutWidth[kByDistance].setCaption("Distance :");
   chkLeadIn.setCaption("Lead In/Out Paths");
   optLines.setCaption("Lines");
   optArcs.setCaption("Arcs");
@@ -125,24 +123,21 @@ void dlgPocketingPrm::fill() {
 void dlgPocketingPrm::fillChoices() {
   chooseFirst(store_.cfg_cutting_mode);
   chooseFirst(store_.cfg_pocketing_style);
-  chooseFirst(store_.cfg_cut_width_type);
   optCutMode[store_.cfg_cutting_mode].setValue(true);
   optPocketingStyle[store_.cfg_pocketing_style].setValue(true);
-  OptCutWidth[store_.cfg_cut_width_type].setValue(true);
   chkLathePocketing.setChecked(store_.cfg_lathe_style_pocketing);
   chkPlaceFinishPath.setChecked(store_.cfg_auto_place_finish_path);
   chkGougeAvoidance.setChecked(store_.cfg_gouge_avoidance);
   chkConnectPocketPaths.setChecked(store_.cfg_connect_pocketing_paths);
 }
 
-// The style, not the kind of step-over, says which setting is shown; the other box is computed.
+// The style, not the kind of step-over, says which setting counts; the other box follows it.
 void dlgPocketingPrm::fillStepOver() {
-  if (store_.cfg_cut_width_type == kByPercentage) stepOver_.percentEdited();
-  if (store_.cfg_cut_width_type == kByDistance) stepOver_.distanceEdited();
+  stepOver_.load();
   if (store_.cfg_pocketing_style != kHorizontalOnly) {
-    txtToolSpacingDistance.setText(plainText(store_.cfg_tool_spacing_distance));
+    stepOver_.distanceChanged();
   } else {
-    txtToolSpacingPercent.setText(plainText(store_.cfg_tool_spacing));
+    stepOver_.percentChanged();
   }
 }
 
@@ -233,15 +228,13 @@ void dlgPocketingPrm::takeOverLeads() {
 void dlgPocketingPrm::takeOverNumbers() {
   for (const NumberField& field : numbers_) store_.*field.setting = parseFloat(field.box.text());
   store_.cfg_z_plunge_rate = parseFloat(txtZPlungeRate.text());
-  store_.cfg_tool_spacing = parseFloat(txtToolSpacingPercent.text());
-  store_.cfg_tool_spacing_distance = parseFloat(txtToolSpacingDistance.text());
+  stepOver_.takeOver();
 }
 
 void dlgPocketingPrm::takeOverChoices() {
   store_.cfg_cutting_mode = cuttingMode_;
   store_.cfg_pocketing_style = pocketingStyle_;
   store_.cfg_lathe_style_pocketing = lathePocketing_;
-  store_.cfg_cut_width_type = stepOver_.cutWidthType();
   store_.cfg_auto_place_finish_path = placeFinishPath_;
   store_.cfg_gouge_avoidance = chkGougeAvoidance.isChecked();
   store_.cfg_connect_pocketing_paths = chkConnectPocketPaths.isChecked();

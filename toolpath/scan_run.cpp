@@ -22,21 +22,6 @@ float scanSpacing(const DrawingStore& store) {
   return narrow(store.cfg_tool_spacing * radius / 50);
 }
 
-// The hourglass for as long as a stage lasts, however it ends.
-class BusyPointer {
- public:
-  explicit BusyPointer(Pointer& pointer) : pointer_(pointer), before_(pointer.MousePointer()) {
-    pointer_.setMousePointer(kHourglassShape);
-  }
-  ~BusyPointer() { pointer_.setMousePointer(before_); }
-  BusyPointer(const BusyPointer&) = delete;
-  BusyPointer& operator=(const BusyPointer&) = delete;
-
- private:
-  Pointer& pointer_;
-  int before_;
-};
-
 ScanPoints collectPoints(CamDesk& cam, ScanStyle style, float bound, float spacing) {
   const BusyPointer busy(cam.desk.systemPointer);
   StatusBar& status = cam.desk.statusBar;

@@ -1,6 +1,6 @@
-// The step-over of a form: a percentage of the tool's diameter and a distance, of which the
-// operator edits one while the other follows.
-// Owns: kByPercentage, kByDistance, StepOverFields.
+// The step-over of a dialog: a percentage of the tool's diameter and a distance, of which one is
+// entered and the other one follows.
+// Owns: StepOverControls, StepOverFields.
 #pragma once
 
 #include "core/controls.h"
@@ -8,38 +8,39 @@
 
 namespace tess {
 
-// The values of cfg_cut_width_type and the indices of OptCutWidth.
-inline constexpr int kByPercentage = 1;
-inline constexpr int kByDistance = 2;
+// Values of "cut width type" and indices of OptCutWidth.
+inline constexpr int kStepByPercent = 1;
+inline constexpr int kStepByDistance = 2;
 
+struct StepOverControls {
+  ControlArray<Option>& OptCutWidth;
+  TextBox& txtToolSpacingPercent;
+  TextBox& txtToolSpacingDistance;
+};
+
+// Wires the controls; they must outlive it.
 class StepOverFields {
  public:
-  struct Controls {
-    ControlArray<Option>& OptCutWidth;
-    TextBox& txtToolSpacingPercent;
-    TextBox& txtToolSpacingDistance;
-  };
-  // Takes the click events of the options and the change events of the boxes.
-  StepOverFields(const DrawingStore& store, const Controls& controls);
-  StepOverFields(const StepOverFields&) = delete;
-  StepOverFields& operator=(const StepOverFields&) = delete;
+  StepOverFields(DrawingStore& store, const StepOverControls& controls);
 
-  // The option clicked last; 0 before any.
-  int cutWidthType() const { return cutWidthType_; }
+  // Shows the settings; a missing choice becomes that of the percentage, in the settings too.
+  void load();
+  // Writes the settings.
+  void takeOver() const;
 
-  // What editing a box brings about: the other one is computed, to 5 places.
-  void percentEdited();
-  void distanceEdited();
+  // What entering a field brings about: the other one follows.
+  void percentChanged();
+  void distanceChanged();
 
  private:
-  void chosen(int index);
+  void choose(int index);
+  void follow(TextBox& follower, float value);
   double diameter() const;
-  void show(TextBox& box, double value);
 
-  const DrawingStore& store_;
-  Controls controls_;
-  int cutWidthType_ = 0;
-  bool computing_ = false;
+  DrawingStore& store_;
+  StepOverControls controls_;
+  int chosen_ = kStepByPercent;
+  bool following_ = false;  // a field is being written, not entered
 };
 
 }  // namespace tess

@@ -333,7 +333,7 @@ TEST(PocketingParameters, PercentAndDistanceFollowEachOtherByTheToolsDiameter) {
     EXPECT_EQ(dialog.txtToolSpacingPercent.text(), "50");
     EXPECT_EQ(dialog.txtToolSpacingDistance.text(), "0.25");
     dialog.txtToolSpacingPercent.setText("33.333333");
-    EXPECT_EQ(dialog.txtToolSpacingDistance.text(), "0.16667");
+    EXPECT_EQ(dialog.txtToolSpacingDistance.text(), "0.1667");
     EXPECT_EQ(dialog.txtToolSpacingPercent.text(), "33.333333");
     dialog.txtToolSpacingDistance.setText("0.1");
     EXPECT_EQ(dialog.txtToolSpacingPercent.text(), "20");
@@ -368,14 +368,14 @@ TEST(PocketingParameters, StylesButTheFirstShowTheStoredDistance) {
   }
 }
 
-TEST(PocketingParameters, WithoutADiameterTheShareIsNothing) {
+TEST(PocketingParameters, WithoutADiameterTheShareStaysAsItIs) {
   RecordedCam c;
   c.store.toolradius[0] = 0;
   c.store.cfg_cut_width_type = 2;
   c.store.cfg_tool_spacing_distance = 0.1F;
   c.store.cfg_pocketing_style = 2;
   work(c, [](dlgPocketingPrm& dialog) {
-    EXPECT_EQ(dialog.txtToolSpacingPercent.text(), "0");
+    EXPECT_EQ(dialog.txtToolSpacingPercent.text(), "50");
     EXPECT_EQ(dialog.txtToolSpacingDistance.text(), "0.1");
   });
 }
