@@ -12,6 +12,7 @@
 #include "geometry/crossing_index.h"
 #include "geometry/intersections.h"
 #include "geometry/nearest_scans.h"
+#include "geometry/row_boxes.h"
 #include "toolpath/path_groups.h"
 
 namespace tess {
@@ -33,11 +34,13 @@ int startOfLastRun(const DrawingStore& store) {
 
 // ---- Links
 
-// The working outlines of islands, which no link may cross.
+// The working outlines of islands, which no link of coordinates up to `magnitude` may cross.
 class IslandWalls {
  public:
-  explicit IslandWalls(const DrawingStore& store)
-      : tolerence_(store.cfg_tolerance), walls_(wallsOf(store)), index_(walls_, tolerence_) {}
+  IslandWalls(const DrawingStore& store, double magnitude)
+      : tolerence_(store.cfg_tolerance),
+        walls_(wallsOf(store)),
+        index_(walls_, tolerence_, magnitude) {}
 
   bool block(const Entity& link) {
     if (walls_.empty()) return false;
@@ -64,8 +67,17 @@ class IslandWalls {
   std::vector<int> found_;
 };
 
+double reachOfPath(const DrawingStore& store, int first, int last) {
+  double largest = 0;
+  for (int ps = first; ps <= last; ++ps) {
+    const Entity row = pathEntity(store, ps);
+    largest = std::max({largest, largestCoordinate(row.start), largestCoordinate(row.end)});
+  }
+  return largest;
+}
+
 std::vector<PathInsertion> linksBetween(const DrawingStore& store, int first, int last) {
-  IslandWalls islands(store);
+  IslandWalls islands(store, reachOfPath(store, first, last));
   std::vector<PathInsertion> links;
   for (int ps = first; ps < last; ++ps) {
     const Point from = pathEntity(store, ps).end;
