@@ -14,11 +14,11 @@
 #include "geometry/nearest_scans.h"
 #include "geometry/row_boxes.h"
 #include "toolpath/path_groups.h"
+#include "toolpath/working_rows.h"
 
 namespace tess {
 namespace {
 
-constexpr int kIslandOutline = 12;  // segattr of an island's working outline
 constexpr int kAllGroups = 0;
 
 // ---- Levels
