@@ -4,6 +4,7 @@
 #include <QCheckBox>
 #include <QDropEvent>
 #include <QFile>
+#include <QLayout>
 #include <QMimeData>
 #include <QTimer>
 #include <QToolButton>
@@ -183,6 +184,24 @@ TEST_F(MainWindowTest, APanelShowsItsFormWhileBothAreOpen) {
   EXPECT_FALSE(form.isShown());
   EXPECT_FALSE(tools.band("barStatistics")->open);
   EXPECT_FALSE(dock.isVisible());
+}
+
+TEST_F(MainWindowTest, TheLabelsOfTheStatisticsSpreadWithTheirFrame) {
+  frmStatisticsLike form;
+  forms.show(form);
+  auto* frame = window->panels().dock("barStatistics")->findChild<QFrame*>("fraStats");
+  ASSERT_NE(frame, nullptr);
+  const auto places = [frame](const QSize& size) {
+    frame->resize(size);
+    frame->layout()->activate();
+    std::vector<QPoint> at;
+    for (const QLabel* label : frame->findChildren<QLabel*>()) at.push_back(label->pos());
+    return at;
+  };
+  const std::vector<QPoint> small = places({300, 54});
+  const std::vector<QPoint> large = places({600, 108});
+  ASSERT_EQ(small.size(), 6U);
+  for (std::size_t n = 0; n < small.size(); ++n) EXPECT_EQ(large[n], 2 * small[n]) << n;
 }
 
 TEST_F(MainWindowTest, KeysOfAPanelAreNoCommands) {
