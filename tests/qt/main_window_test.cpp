@@ -120,6 +120,34 @@ TEST_F(MainWindowTest, AMenuCommandIsToldWhenItHasEnded) {
   EXPECT_EQ(told, std::vector<std::string>{"miLine"});
 }
 
+TEST_F(MainWindowTest, ACommandOfAToolBarIsNoMenuCommand) {
+  int told = 0;
+  window->toolBars().onMenuCommand = [&] { ++told; };
+  QToolBar& bar = *window->toolBars().toolBar("barDraw");
+  auto* button =
+      qobject_cast<QToolButton*>(bar.widgetForAction(window->toolBars().action("miLine")));
+  ASSERT_NE(button, nullptr);
+  QMenu& menu = *window->toolBars().menu("miDraw");
+  menu.popup({100, 100});
+  menu.hide();  // without a command
+  QCoreApplication::processEvents();
+  button->click();
+  EXPECT_EQ(clicked, std::vector<std::string>{"miLine"});
+  EXPECT_EQ(told, 0);
+}
+
+TEST_F(MainWindowTest, ACommandOfAPopUpIsAMenuCommand) {
+  int told = 0;
+  window->toolBars().onMenuCommand = [&] { ++told; };
+  QMenu& menu = *window->toolBars().menu("OSnapMenu");
+  menu.popup({100, 100});
+  menu.setActiveAction(window->toolBars().action("miOSnapCenter"));
+  QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+  QApplication::sendEvent(&menu, &enter);
+  EXPECT_EQ(clicked, std::vector<std::string>{"miOSnapCenter"});
+  EXPECT_EQ(told, 1);
+}
+
 TEST_F(MainWindowTest, ToolBarsShowWhileTheirBandsAreOpen) {
   QToolBar& bar = *window->toolBars().toolBar("barDraw");
   EXPECT_TRUE(bar.isVisible());
