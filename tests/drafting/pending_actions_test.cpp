@@ -402,9 +402,15 @@ TEST(HandleEsc, WithoutAnActionADrawingModeStays) {
 
 TEST(HandleEsc, InAStepForgetsTheFirstClick) {
   RecordedDesk d;
-  d.desk.command.PendingSeg1 = 3;
-  d.desk.command.PendingSeg2 = 2;
-  d.desk.state.setPendingaction(17);
+  d.desk.clickActions[16] = [](Desk& desk) {
+    desk.command.PendingSeg1 = 3;
+    desk.command.PendingSeg2 = 2;
+    desk.state.setPendingaction(goOnWith(PendingAction::TrimBy));
+  };
+  mnuEditTrimEntity_Click(d.desk);
+  d.click(1, 1);
+  ASSERT_EQ(d.pending(), 17);
+  ASSERT_EQ(d.desk.command.PendingSeg1, 3);
   Handle_esc(d.desk);
   EXPECT_EQ(d.pending(), 0);
   EXPECT_EQ(d.desk.command.PendingSeg1, 0);

@@ -391,14 +391,57 @@ TEST_F(Commands, ArrowKeysMoveThePositionByOnePixel) {
   EXPECT_FLOAT_EQ(pointer.MouseY, 1);
 }
 
-TEST_F(Commands, CtrlRRedrawsAndEKeyAsksForAPosition) {
+TEST_F(Commands, CtrlRRedraws) {
   application.interaction.statusBar.setText("stale");
   type('\x12');
   EXPECT_EQ(application.interaction.statusBar.text(), "");
+}
+
+TEST_F(Commands, F3AfterEnterPositionOpensTheDialogAgain) {
   type('e');
   type(SpecialKey::F3);
   EXPECT_EQ(platform.prompts.formNames,
             (std::vector<std::string>{"dlgPositionCursor", "dlgPositionCursor"}));
+}
+
+TEST_F(Commands, AToolArmsNoMenuGuard) {
+  type('B');
+  application.clickTool("miTrimEntity");
+  click({1, 1});
+  EXPECT_EQ(pendingaction(), 0) << "the click ran the trim";
+}
+
+TEST_F(Commands, ALoadedSetupPutsSnapBack) {
+  CState& state = application.interaction.desk.state;
+  application.clickTool("OSnap");
+  application.clickTool("miOSnapEndpoints");
+  application.clickTool("miOSnapMidpoint");
+  ASSERT_TRUE(state.OSnapFeatures[3]);
+  platform.prompts.files.emplace_back(home("test.msu"));
+  application.clickTool("miLoadSetup");
+  EXPECT_EQ(state.OSnapFeatures, (SnapSet{false, true, true, false, false, true, false}));
+  EXPECT_FALSE(state.OSnapOn);
+  EXPECT_EQ(state.OSnapActive, SnapSet{});
+  EXPECT_EQ(state.OSnapRadius, 0.1F);
+  EXPECT_FALSE(tools.isChecked("OSnap"));
+}
+
+TEST_F(Commands, TheStatisticsPanelShowsCountsAndZoom) {
+  const class frmStatistics& panel = application.interaction.frmStatistics;
+  EXPECT_TRUE(panel.isShown());
+  type('L');
+  click({1, 1});
+  type('I');
+  EXPECT_EQ(panel.lblEntities.caption(), "1");
+  EXPECT_EQ(panel.lblToolPaths.caption(), "0");
+  EXPECT_EQ(panel.lblZoomLevel.caption(), " 2");
+  application.clickTool("miZoomOut");
+  application.clickTool("miZoomOut");
+  EXPECT_EQ(panel.lblZoomLevel.caption(), "1 / 2");
+  application.clickTool("miShowStatistics");
+  EXPECT_FALSE(panel.isShown());
+  application.clickTool("miShowStatistics");
+  EXPECT_TRUE(panel.isShown());
 }
 
 TEST_F(Commands, ZoomKeys) {
