@@ -21,10 +21,13 @@
 #include "drafting/undo.h"
 #include "shell/layouts.h"
 #include "shell/tool_bands.h"
+#include "toolpath/cycles.h"
+#include "toolpath/dlgPocketingPrm.h"
 #include "toolpath/finish_path.h"
 #include "toolpath/gouge_avoidance.h"
 #include "toolpath/path_placement.h"
 #include "toolpath/path_visibility.h"
+#include "toolpath/rough_pocket.h"
 #include "toolpath/verification.h"
 
 namespace tess {
@@ -183,13 +186,13 @@ constexpr CommandRow kCommands[] = {
     {"miSaveLayoutAs",         SaveLayoutAs},
 
     {"miSelectTool",           nullptr},
-    {"miPocketingSpecs",       nullptr},
+    {"miPocketingSpecs",       onCam<mnuCAMPocketSpecs_Click>},
     {"miVerify/AcceptPocket",  onCam<mnuCAMVerifyAcceptPocket_Click>},
     {"miVerify/AcceptIsland",  onCam<mnuCAMVerifyAcceptIsland_Click>},
-    {"miRoughCutPocket",       nullptr},
+    {"miRoughCutPocket",       onCam<mnuCAMRoughCutPocket_Click>},
     {"miPlaceFinishPath",      onCam<mnuCAMPlaceFinishPath_Click>},
     {"miPlaceOnePathSegment",  onCam<mnuCAMPlace1PathSeg_Click>},
-    {"miAddMachineCycle",      nullptr},
+    {"miAddMachineCycle",      onCam<CAMAddMachCycleDeferred>},
     {"miUndoLastPlace",        onCam<mnuCAMUndoLastPlace_Click>},
     {"miEditPath/Cycle",       nullptr},
     {"miClearAllPaths",        onCam<mnuClearAllPaths_Click>},

@@ -2,6 +2,7 @@
 #include "toolpath/cam_desk.h"
 
 #include "drafting/undo.h"
+#include "toolpath/cycles.h"
 #include "toolpath/finish_path.h"
 #include "toolpath/gouge_avoidance.h"
 #include "toolpath/path_placement.h"
@@ -13,6 +14,7 @@ CamDesk::CamDesk(Desk& drafting)
   addFinishPathClicks(*this);
   addPlacementClicks(*this);
   addGougeClicks(*this);
+  addCycleClicks(*this);
 }
 
 void showPlacedPaths(CamDesk& cam) {
