@@ -153,9 +153,14 @@ struct ShapeMaker {
     return {{{0, 0}, 0}, {{w, 0}, 1}, {{w, h}, 0}, {{0, h}, 1}};
   }
 
+  // Three arcs: two halves of one sense would count as copies of each other.
   Contour round() {
     const double r = length() / 2;
-    return {{{-r, 0}, 1}, {{r, 0}, 1}};
+    const double first = between(dice, 0.15, 0.6) * kFullTurn;
+    const double second = between(dice, 0.3, 0.7) * (kFullTurn - first);
+    return {{onCircle({0, 0}, r, 0), std::tan(first / 4)},
+            {onCircle({0, 0}, r, first), std::tan(second / 4)},
+            {onCircle({0, 0}, r, first + second), std::tan((kFullTurn - first - second) / 4)}};
   }
 
   Contour halfRound() {
@@ -331,6 +336,18 @@ std::vector<SegmentRow> circleRows(Vec center, double radius) {
            .yc = y}};
 }
 
+// Half of the round pockets are one circle.
+std::vector<SegmentRow> outlineRows(ShapeMaker& maker, PocketShape shape) {
+  Dice& dice = maker.dice;
+  const Vec shift{3 * dice.unit(), 3 * dice.unit()};
+  if (shape == PocketShape::Round && dice.below(2) == 0) {
+    return circleRows(shift, maker.length() / 2);
+  }
+  const double turn = dice.below(2) == 0 ? 0 : kFullTurn * dice.unit();
+  const Contour contour = (maker.*kShapes[static_cast<int>(shape)].make)();
+  return rowsOf(placed(contour, shift, turn));
+}
+
 void turnRound(SegmentRow& row) {
   std::swap(row.x0, row.x1);
   std::swap(row.y0, row.y1);
@@ -365,6 +382,14 @@ bool isSimple(const Loop& loop, double apart) {
     }
   }
   return true;
+}
+
+// Large arcs inward may turn a contour inside out.
+bool isCounterClockwise(const Loop& loop) {
+  const Vec before = pointOn(loop[0], 0.499);
+  const Vec after = pointOn(loop[0], 0.501);
+  const Vec left = (0.001 / lengthOf(after - before)) * leftOf(after - before);
+  return windingNumber(loop, pointOn(loop[0], 0.5) + left) == 1;
 }
 
 double leastDistance(const Loop& a, const Loop& b) {
@@ -408,7 +433,7 @@ void addIsland(TestPocket& pocket, Dice& dice) {
     const auto rows = islandRows(dice, pocket.toolRadius, wall.start + reach);
     const Loop island = partOf(rows).pocket;
     const double gap = gapAround(pocket.part, island);
-    if (gap < wanted || !isSimple(island, 0.02)) continue;
+    if (gap < wanted || !isSimple(island, 0.02) || !isCounterClockwise(island)) continue;
     pocket.islandGap = pocket.islands.empty() ? gap : std::min(pocket.islandGap, gap);
     pocket.part.islands.push_back(island);
     pocket.islands.push_back(drawn(rows, dice));
@@ -429,12 +454,10 @@ TestPocket pocketOf(int number) {
   std::vector<SegmentRow> rows;
   do {
     ShapeMaker maker{dice, pocket.toolRadius};
-    const Contour contour = (maker.*shape.make)();
-    const double turn = dice.below(2) == 0 ? 0 : kFullTurn * dice.unit();
-    rows = rowsOf(placed(contour, {3 * dice.unit(), 3 * dice.unit()}, turn));
+    rows = outlineRows(maker, pocket.shape);
     pocket.neck = maker.neck;
     pocket.part = partOf(rows);
-  } while (!isSimple(pocket.part.pocket, 0.02));
+  } while (!isSimple(pocket.part.pocket, 0.02) || !isCounterClockwise(pocket.part.pocket));
   pocket.outline = drawn(rows, dice);
   const int islands = shape.takesIslands ? dice.below(4) : 0;
   for (int island = 0; island < islands; ++island) addIsland(pocket, dice);

@@ -23,8 +23,8 @@ enum class PocketShape {
   Star,
   Comb,
   Slot,
-  Round,
-  HalfRound,  // an arc and its chord, or two arcs of different length
+  Round,      // a circle, or three arcs
+  HalfRound,  // an arc and its chord, or two arcs of different radius
   Chamfered,  // corners cut, some by less than the tool
   Filleted,   // rectangle, L or U with round corners, some sharper than the tool
   Bulged,     // sides that are arcs, outward and inward
