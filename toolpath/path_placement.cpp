@@ -12,6 +12,7 @@
 #include "geometry/crossing_index.h"
 #include "geometry/intersections.h"
 #include "geometry/nearest_scans.h"
+#include "geometry/row_boxes.h"
 #include "toolpath/path_groups.h"
 #include "toolpath/working_rows.h"
 
@@ -33,11 +34,13 @@ int startOfLastRun(const DrawingStore& store) {
 
 // ---- Links
 
-// The working outlines of islands, which no link may cross.
+// The working outlines of islands, which no link of coordinates up to `magnitude` may cross.
 class IslandWalls {
  public:
-  explicit IslandWalls(const DrawingStore& store)
-      : tolerence_(store.cfg_tolerance), walls_(wallsOf(store)), index_(walls_, tolerence_) {}
+  IslandWalls(const DrawingStore& store, double magnitude)
+      : tolerence_(store.cfg_tolerance),
+        walls_(wallsOf(store)),
+        index_(walls_, tolerence_, magnitude) {}
 
   bool block(const Entity& link) {
     if (walls_.empty()) return false;
@@ -64,8 +67,17 @@ class IslandWalls {
   std::vector<int> found_;
 };
 
+double reachOfPath(const DrawingStore& store, int first, int last) {
+  double largest = 0;
+  for (int ps = first; ps <= last; ++ps) {
+    const Entity row = pathEntity(store, ps);
+    largest = std::max({largest, largestCoordinate(row.start), largestCoordinate(row.end)});
+  }
+  return largest;
+}
+
 std::vector<PathInsertion> linksBetween(const DrawingStore& store, int first, int last) {
-  IslandWalls islands(store);
+  IslandWalls islands(store, reachOfPath(store, first, last));
   std::vector<PathInsertion> links;
   for (int ps = first; ps < last; ++ps) {
     const Point from = pathEntity(store, ps).end;
@@ -107,7 +119,6 @@ void clickReverse(CamDesk& cam) {
       nearestPathSeg(cam.store, {cam.desk.pointer.MouseX, cam.desk.pointer.MouseY}, kAllGroups);
   if (ps < 1) return;
   reversePathSegment(cam, ps);
-  enableUndo(cam.desk, kRowsAdded);
   cam.desk.redraw.redrawscreen();
 }
 
@@ -181,6 +192,7 @@ void reversePathSegment(CamDesk& cam, int ps) {
   std::swap(store.psy0[ps], store.psy1[ps]);
   if (isArc(type)) store.pstype[ps] = kClockwiseArc + kCounterClockwiseArc - type;
   logPathSegment(cam.changelog, store, ps, "A", /*start=*/false);
+  enableUndo(cam.desk, kRowsAdded);
   store.drawingsaved = false;
 }
 
@@ -207,6 +219,7 @@ void mnuCAMUndoLastPlace_Click(CamDesk& cam) {
     return;
   }
   showPlacedPaths(cam);
+  if (cam.changelog.canUndo()) cam.changelog.UndoMark = kRowsDeleted;
 }
 
 // Neither asked nor logged.
