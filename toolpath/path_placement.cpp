@@ -119,7 +119,6 @@ void clickReverse(CamDesk& cam) {
       nearestPathSeg(cam.store, {cam.desk.pointer.MouseX, cam.desk.pointer.MouseY}, kAllGroups);
   if (ps < 1) return;
   reversePathSegment(cam, ps);
-  enableUndo(cam.desk, kRowsAdded);
   cam.desk.redraw.redrawscreen();
 }
 
@@ -193,6 +192,7 @@ void reversePathSegment(CamDesk& cam, int ps) {
   std::swap(store.psy0[ps], store.psy1[ps]);
   if (isArc(type)) store.pstype[ps] = kClockwiseArc + kCounterClockwiseArc - type;
   logPathSegment(cam.changelog, store, ps, "A", /*start=*/false);
+  enableUndo(cam.desk, kRowsAdded);
   store.drawingsaved = false;
 }
 
@@ -219,6 +219,7 @@ void mnuCAMUndoLastPlace_Click(CamDesk& cam) {
     return;
   }
   showPlacedPaths(cam);
+  if (cam.changelog.canUndo()) cam.changelog.UndoMark = kRowsDeleted;
 }
 
 // Neither asked nor logged.
