@@ -10,6 +10,7 @@
 #include "drafting/edit_commands.h"
 #include "drafting/enter_position.h"
 #include "drafting/entity_creation.h"
+#include "drafting/frmCleanupDrawing.h"
 #include "drafting/grids.h"
 #include "drafting/measure.h"
 #include "drafting/object_snap.h"
@@ -20,6 +21,14 @@
 #include "drafting/undo.h"
 #include "shell/layouts.h"
 #include "shell/tool_bands.h"
+#include "toolpath/cycles.h"
+#include "toolpath/dlgPocketingPrm.h"
+#include "toolpath/finish_path.h"
+#include "toolpath/gouge_avoidance.h"
+#include "toolpath/path_placement.h"
+#include "toolpath/path_visibility.h"
+#include "toolpath/rough_pocket.h"
+#include "toolpath/verification.h"
 
 namespace tess {
 namespace {
@@ -30,6 +39,11 @@ using Handler = void (*)(Application&);
 template <void (*command)(Desk&)>
 void onDesk(Application& application) {
   command(application.interaction.desk);
+}
+
+template <void (*command)(CamDesk&)>
+void onCam(Application& application) {
+  command(application.interaction.cam);
 }
 
 template <void (ViewCommands::*command)()>
@@ -172,20 +186,20 @@ constexpr CommandRow kCommands[] = {
     {"miSaveLayoutAs",         SaveLayoutAs},
 
     {"miSelectTool",           nullptr},
-    {"miPocketingSpecs",       nullptr},
-    {"miVerify/AcceptPocket",  nullptr},
-    {"miVerify/AcceptIsland",  nullptr},
-    {"miRoughCutPocket",       nullptr},
-    {"miPlaceFinishPath",      nullptr},
-    {"miPlaceOnePathSegment",  nullptr},
-    {"miAddMachineCycle",      nullptr},
-    {"miUndoLastPlace",        nullptr},
+    {"miPocketingSpecs",       onCam<mnuCAMPocketSpecs_Click>},
+    {"miVerify/AcceptPocket",  onCam<mnuCAMVerifyAcceptPocket_Click>},
+    {"miVerify/AcceptIsland",  onCam<mnuCAMVerifyAcceptIsland_Click>},
+    {"miRoughCutPocket",       onCam<mnuCAMRoughCutPocket_Click>},
+    {"miPlaceFinishPath",      onCam<mnuCAMPlaceFinishPath_Click>},
+    {"miPlaceOnePathSegment",  onCam<mnuCAMPlace1PathSeg_Click>},
+    {"miAddMachineCycle",      onCam<CAMAddMachCycleDeferred>},
+    {"miUndoLastPlace",        onCam<mnuCAMUndoLastPlace_Click>},
     {"miEditPath/Cycle",       nullptr},
-    {"miClearAllPaths",        nullptr},
+    {"miClearAllPaths",        onCam<mnuClearAllPaths_Click>},
     {"miMakeCNCFile",          makeMillFile},
     {"miMakeCNCLatheFile",     makeLatheFile},
     {"miBrowseCNCFile",        nullptr},
-    {"miQuickPlace",           nullptr},
+    {"miQuickPlace",           onCam<quickPlacePaths>},
 
     {"miContents",             nullptr},
     {"miSearchforHelpon",      nullptr},
@@ -206,10 +220,10 @@ constexpr CommandRow kCommands[] = {
     {"miOSnapQuadrantSingle",  snapOnce<FeatureKind::Quadrant>},
     {"miOSnapPerpendicularSingle", snapOnce<FeatureKind::Perpendicular>},
 
-    {"miGougeAvoidance",       nullptr},
-    {"miCleanupDrawing",       nullptr},
-    {"miVisible",              nullptr},
-    {"miInvisible",            nullptr},
+    {"miGougeAvoidance",       onCam<miGougeAvoidance_Click>},
+    {"miCleanupDrawing",       onDesk<mnuCleanupDrawing>},
+    {"miVisible",              onCam<miVisible_Click>},
+    {"miInvisible",            onCam<miInvisible_Click>},
 
     {"miShowStatistics",       toggleStatistics},
 };
