@@ -211,9 +211,10 @@ void releaseLeft(Desk& desk, const PointerEvent& event) {
   // What was armed at the release counts: some of these change it.
   const auto armed = static_cast<PendingAction>(desk.state.pendingaction());
   if (armed == None) releaseBand(desk);
+  if (armed == Pan) releasePan(desk, event);
+  if (!desk.pointer.LeftDown) return;  // a menu swallowed the press: the last box is an old one
   if (armed == Select || armed == Unselect) releaseSelectionBox(desk, event);
   if (armed == ZoomWindow) releaseZoomBox(desk);
-  if (armed == Pan) releasePan(desk, event);
   if (armed == Measure) releaseMeasure(desk);
 }
 

@@ -346,6 +346,22 @@ TEST(SelectionDrag, OfNinePixelsBothWaysIsAClick) {
   EXPECT_EQ(d.store.segattr[1], 30008);
 }
 
+TEST(SelectionDrag, WhosePressAMenuSwallowedPicksNothing) {
+  RecordedDesk d;
+  d.addLine(1, 1, 2, 1);
+  mnuDrawSelect_Click(d.desk);
+  d.drag({3, 3}, {0, 0});
+  mnuDrawUnselect_Click(d.desk);
+  armMenuGuard(d.desk);
+  d.pass(100);
+  d.press(1, 4, 4);
+  d.move(1, 4.5F, 4);
+  d.pass(250);
+  d.release(1, 4.5F, 4);
+  EXPECT_EQ(d.store.segattr[1], 30008);
+  EXPECT_EQ(d.pending(), 25);
+}
+
 TEST(SelectionDrag, OfTenPixelsInOneAxisIsAWindow) {
   for (const Point to : {Point{0.1F, 0}, Point{0, -0.1F}}) {
     RecordedDesk d;

@@ -6,6 +6,7 @@
 #include "gtest/gtest.h"
 
 #include "drafting/entity_creation.h"
+#include "drafting/selection.h"
 #include "tests/support/drafting_desk.h"
 
 namespace tess {
@@ -39,6 +40,20 @@ TEST(UndoCommand, RefreshesThePropertyWindowWithItsFlagSet) {
   const int before = d.propertyRefreshes;
   Undo_Last_Change(d.desk);
   EXPECT_EQ(d.propertyRefreshes, before + 1);
+}
+
+TEST(UndoCommand, KeepsTheCollectionToTheRowsThatAreMarked) {
+  RecordedDesk d;
+  d.add({.type = 1, .attr = 30008, .x1 = 5});
+  mnuDrawLine_Click(d.desk);
+  d.click(1, 0);
+  d.click(1, 1);
+  mnuDrawSelectAll_Click(d.desk);
+  EXPECT_EQ(d.desk.state.Selected.rows(), (std::vector<int>{1, 2, 3}));
+  Undo_Last_Change(d.desk);
+  EXPECT_EQ(d.desk.state.Selected.rows(), (std::vector<int>{1, 2}));
+  RedoLastChange(d.desk);  // it was not selected when it was drawn
+  EXPECT_EQ(d.desk.state.Selected.rows(), (std::vector<int>{1, 2}));
 }
 
 TEST(UndoCommand, OfNothingReportsNothing) {

@@ -388,6 +388,10 @@ class Session : public RunningProgram {
       EXPECT_TRUE(isSegmentType(store().segtype[sg])) << store().segtype[sg];
       EXPECT_TRUE(isAttribute(store().segattr[sg])) << store().segattr[sg];
     }
+    for (const int sg : desk().state.Selected.rows()) {
+      ASSERT_LE(sg, store().NumSegments);
+      EXPECT_GE(store().segattr[sg], kSelected);
+    }
     for (int ps = 1; ps <= store().NumPathSegments; ++ps) {
       EXPECT_TRUE(isMove(store().pstype[ps])) << store().pstype[ps];
       EXPECT_GE(store().pscode[ps], 0);
