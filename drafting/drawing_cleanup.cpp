@@ -1,8 +1,8 @@
 // Zero-length lines and duplicate rows.
 #include "drafting/drawing_cleanup.h"
 
-#include <functional>
-#include <unordered_set>
+#include <bit>
+#include <cstdint>
 #include <vector>
 
 #include "geometry/entity.h"
@@ -18,23 +18,48 @@ Point endOf(const SegmentRow& row) {
   return {row.x1, row.y1};
 }
 
-// Both zeros hash alike, as they compare alike.
-std::size_t hashOf(Point p) {
-  constexpr std::size_t kSpread = 0x9E3779B97F4A7C15ULL;
-  const std::hash<float> hash;
-  return hash(p.x) * kSpread + hash(p.y);
+std::uint64_t mixed(std::uint64_t bits) {
+  bits *= 0x9E3779B97F4A7C15ULL;
+  return bits ^ bits >> 32U;
+}
+
+// Adding 0 makes both zeros one, as they compare alike.
+std::uint64_t hashOf(Point p) {
+  const std::uint64_t x = std::bit_cast<std::uint32_t>(p.x + 0.0F);
+  return mixed(x << 32U | std::bit_cast<std::uint32_t>(p.y + 0.0F));
 }
 
 // Exchanged ends give the same sum.
-struct DuplicateHash {
-  std::size_t operator()(const SegmentRow& row) const {
-    return hashOf(startOf(row)) + hashOf(endOf(row)) + 3 * hashOf({row.xc, row.yc}) +
-           static_cast<std::size_t>(row.type);
-  }
-};
+std::uint64_t hashOf(const SegmentRow& row) {
+  const auto kind = static_cast<std::uint64_t>(row.type);
+  return mixed(hashOf(startOf(row)) + hashOf(endOf(row)) + 3 * hashOf(Point{row.xc, row.yc}) +
+               kind);
+}
 
-struct DuplicateEquality {
-  bool operator()(const SegmentRow& a, const SegmentRow& b) const { return areDuplicates(a, b); }
+// The rows met so far, hashed so that duplicates share a bucket.
+class RowsMet {
+ public:
+  explicit RowsMet(const DrawingStore& store)
+      : store_(store),
+        heads_(std::bit_ceil(static_cast<std::size_t>(store.NumSegments) + 1)),
+        next_(static_cast<std::size_t>(store.NumSegments) + 1) {}
+
+  // True when row `sg` is a duplicate of one met before; if not, it has been met from now on.
+  bool meetsDuplicate(int sg) {
+    const SegmentRow row = segmentRow(store_, sg);
+    int& head = heads_[hashOf(row) & (heads_.size() - 1)];
+    for (int met = head; met != 0; met = next_[static_cast<std::size_t>(met)]) {
+      if (areDuplicates(segmentRow(store_, met), row)) return true;
+    }
+    next_[static_cast<std::size_t>(sg)] = head;
+    head = sg;
+    return false;
+  }
+
+ private:
+  const DrawingStore& store_;
+  std::vector<int> heads_;  // the row met last in each bucket; 0 for none
+  std::vector<int> next_;   // by row: the one before it in its bucket
 };
 
 // Row numbers, ascending.
@@ -44,10 +69,9 @@ using Rows = std::vector<int>;
 // what a walk over all pairs leaves.
 Rows duplicateRows(const DrawingStore& store) {
   Rows duplicates;
-  std::unordered_set<SegmentRow, DuplicateHash, DuplicateEquality> kept;
-  kept.reserve(static_cast<std::size_t>(store.NumSegments));
+  RowsMet rowsMet(store);
   for (int sg = 1; sg <= store.NumSegments; ++sg) {
-    if (!kept.insert(segmentRow(store, sg)).second) duplicates.push_back(sg);
+    if (rowsMet.meetsDuplicate(sg)) duplicates.push_back(sg);
   }
   return duplicates;
 }

@@ -61,8 +61,10 @@ void StepOverFields::distanceChanged() {
   follow(controls_.txtToolSpacingPercent, roundTo(entered / diameter() * 100, kPercentDecimals));
 }
 
+// Of no tool: none.
 double StepOverFields::diameter() const {
-  return 2.0 * store_.toolradius[store_.selectedtool];
+  const int tool = store_.selectedtool;
+  return tool < 0 ? 0 : 2.0 * store_.toolradius[tool];
 }
 
 }  // namespace tess

@@ -28,11 +28,13 @@ class StepOverFields {
   // Writes the settings.
   void takeOver() const;
 
+  // What entering a field brings about: the other one follows.
+  void percentChanged();
+  void distanceChanged();
+
  private:
   void choose(int index);
   void follow(TextBox& follower, float value);
-  void percentChanged();
-  void distanceChanged();
   double diameter() const;
 
   DrawingStore& store_;
