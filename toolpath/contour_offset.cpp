@@ -63,9 +63,10 @@ bool walkAlong(const DrawingStore& store, const OffsetOrder& order, Point end, O
   walk.start = order.start;
   walk.end = end;
   walk.wholeChain = order.chain;
-  std::optional<ChainWalk> rows;
-  if (order.chain) rows.emplace(store);
-  walk.next = [&rows, &order](int from, Point at) { return nextRow(*rows, order, from, at); };
+  std::optional<ChainWalk> ownRows;
+  if (order.chain && order.rows == nullptr) ownRows.emplace(store);
+  ChainWalk* const rows = ownRows ? &*ownRows : order.rows;
+  walk.next = [rows, &order](int from, Point at) { return nextRow(*rows, order, from, at); };
   return offsetAlong(store, walk, chain);
 }
 

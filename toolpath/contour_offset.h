@@ -6,6 +6,8 @@
 
 namespace tess {
 
+class ChainWalk;
+
 struct OffsetOrder {
   int sg = 0;       // the row to begin with
   Point start;      // an end of it
@@ -17,6 +19,8 @@ struct OffsetOrder {
   bool pocketMode = false;  // follow verified rows, the side from pocketSideOf
   bool exactMode = false;   // follow selected rows, on the profile itself
   float radius = 0;         // distance; 0 means the radius of the selected tool
+  // The steps along the drawing's rows, from commands that place many chains; null: made anew.
+  ChainWalk* rows = nullptr;
 };
 
 // Places the rows where pathInsertMode says, logs them as one step, and ends the armed action. A

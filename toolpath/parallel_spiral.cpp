@@ -14,6 +14,7 @@
 #include "drafting/pending_actions.h"
 #include "drafting/row_edits.h"
 #include "geometry/nearest_scans.h"
+#include "geometry/row_boxes.h"
 #include "toolpath/gouge_avoidance.h"
 #include "toolpath/path_groups.h"
 #include "toolpath/path_placement.h"
@@ -66,11 +67,9 @@ bool isVerifiedWall(int segattr) {
   return isVerified(segattr);
 }
 
-bool meetsAny(const DrawingStore& store, const PlacedRows& rows, RowBarrier& walls) {
-  for (int ps = rows.first; ps <= rows.last; ++ps) {
-    if (walls.meets(pathEntity(store, ps))) return true;
-  }
-  return false;
+bool meetsAny(const std::vector<Entity>& rows, RowBarrier& walls) {
+  walls.makeReadyFor(rows);
+  return std::any_of(rows.begin(), rows.end(), [&](const Entity& row) { return walls.meets(row); });
 }
 
 // ---- The rings
@@ -158,7 +157,7 @@ class Spiral {
     dropShortPathSegs(store_, followed_);
     dropBackTrackSegs(store_, followed_);
     if (store_.cfg_gouge_avoidance) cutFolds();
-    if (meetsAny(store_, ring(), walls_)) dropRing();
+    if (meetsAny(pathEntities(store_, ring().first, ring().last), walls_)) dropRing();
   }
 
   // Rings are rows of their own among all rows of the spiral.
@@ -302,8 +301,8 @@ void dropBackTrackSegs(DrawingStore& store, FollowedRows followed) {
 
 void dropCrossingPass(DrawingStore& store, int first) {
   RowBarrier walls(store, isVerifiedWall);
-  const PlacedRows pass{first, store.NumPathSegments};
-  if (meetsAny(store, pass, walls)) deletePathSegments(store, pass.first, pass.last);
+  const int last = store.NumPathSegments;
+  if (meetsAny(pathEntities(store, first, last), walls)) deletePathSegments(store, first, last);
 }
 
 void parallelSpiralPocket(CamDesk& cam, int sg) {

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "geometry/intersections.h"
+#include "geometry/row_boxes.h"
 
 namespace tess {
 namespace {
@@ -20,6 +21,20 @@ std::vector<Entity> wallsOf(const DrawingStore& store, bool (*isWall)(int segatt
 
 RowBarrier::RowBarrier(const DrawingStore& store, bool (*isWall)(int segattr))
     : tolerence_(store.cfg_tolerance), walls_(wallsOf(store, isWall)), index_(walls_, tolerence_) {}
+
+void RowBarrier::makeReadyFor(const std::vector<Entity>& entities) {
+  if (walls_.empty()) return;
+  double magnitude = magnitude_;
+  double radius = radius_;
+  for (const Entity& entity : entities) {
+    magnitude = std::max(magnitude, magnitudeOf(entity));
+    if (isArc(entity.type)) radius = std::max(radius, double{radiusOf(entity)});
+  }
+  if (magnitude == magnitude_ && radius == radius_) return;
+  magnitude_ = magnitude;
+  radius_ = radius;
+  index_ = CrossingIndex(walls_, tolerence_, magnitude_, radius_);
+}
 
 bool RowBarrier::meets(const Entity& entity) {
   if (walls_.empty()) return false;
