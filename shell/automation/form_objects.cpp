@@ -136,7 +136,7 @@ int actOn(Script& script, lua_State* L, const char* event, bool (*act)(Control&)
   const string entry = control.form().name() + "." + control.name() + "_" + event + "()";
   bool reached = false;
   script.host.reporting.guarded(entry, [&] { reached = act(control); });
-  script.host.showReports();
+  script.hand.controlWorked();
   push(L, reached);
   return 1;
 }
@@ -172,7 +172,7 @@ int change(Script& script, lua_State* L) {
     raise(L, nameOf(control) + " takes no text");
   }
   script.host.reporting.guarded(control.form().name() + "." + control.name() + "_Change()", type);
-  script.host.showReports();
+  script.hand.controlWorked();
   push(L, typed);
   return 1;
 }
@@ -223,7 +223,7 @@ int writeControl(Script& script, lua_State* L) {
   const string key = keyText(L);
   if (!hasProperty(control, key)) raiseUnknownProperty(L, control, key);
   control.set(key, propertyAt(L, kValue));
-  script.host.showReports();
+  script.hand.controlWorked();
   return 0;
 }
 

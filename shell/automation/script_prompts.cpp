@@ -102,6 +102,7 @@ Answer ScriptPrompts::show(const Message& message, const char* kind) {
   const Answer answer = isSet(messageHandler_) ? askHandler(message) : firstButton(message.buttons);
   setField(lua_, "answer", wordOf(answer));
   lua_pop(lua_, 1);
+  if (stage != nullptr) stage->answered(message, answer);
   return answer;
 }
 
@@ -165,11 +166,13 @@ void ScriptPrompts::showModal(Form& form) {
   if (lua_ == nullptr) return runUnattended(form);
   record("form", form.caption());
   setField(lua_, "text", form.name());
+  const std::shared_ptr<void> shown = stage != nullptr ? stage->showing(form) : nullptr;
   form.open(Modality::Modal);
   setField(lua_, "title", form.caption());
   lua_pop(lua_, 1);
   const Form::Life life = form.life();
   try {
+    if (stage != nullptr && form.isShown()) stage->shown();
     if (form.isShown()) askFormHandler(form);
   } catch (...) {
     if (!life.expired()) form.close();

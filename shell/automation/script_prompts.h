@@ -10,6 +10,7 @@
 #include "core/host.h"
 #include "shell/automation/allowed_folders.h"
 #include "shell/automation/lua_state.h"
+#include "shell/automation/script_stage.h"
 
 namespace tess {
 
@@ -36,6 +37,9 @@ class ScriptPrompts : public Prompts {
 
   // The report of a failure, as a box of kind "error".
   void showReport(const std::string& report);
+
+  // Who watches the script; null for nobody.
+  ScriptStage* stage = nullptr;
 
  private:
   void takeHandler(int& handler);

@@ -11,8 +11,8 @@
 
 #include "core/file_system.h"
 #include "core/form.h"
-#include "core/version.h"
 #include "shell/qt/form_window.h"
+#include "shell/qt/message_box.h"
 
 namespace tess {
 
@@ -21,52 +21,6 @@ namespace {
 constexpr qint64 kServeEvery = 8;     // milliseconds
 constexpr int kServeAtMost = 20;      // milliseconds
 constexpr int kHourglassDelay = 200;  // milliseconds
-
-struct ButtonSet {
-  MessageButtons buttons;
-  QMessageBox::StandardButtons shown;
-  QMessageBox::StandardButton first;
-  QMessageBox::StandardButton escape;  // of the Esc key and the closing button
-};
-
-constexpr std::array kButtonSets{
-    ButtonSet{MessageButtons::Ok, QMessageBox::Ok, QMessageBox::Ok, QMessageBox::Ok},
-    ButtonSet{MessageButtons::OkCancel, QMessageBox::Ok | QMessageBox::Cancel, QMessageBox::Ok,
-              QMessageBox::Cancel},
-    ButtonSet{MessageButtons::YesNo, QMessageBox::Yes | QMessageBox::No, QMessageBox::Yes,
-              QMessageBox::NoButton},
-    ButtonSet{MessageButtons::YesNoCancel, QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel,
-              QMessageBox::Yes, QMessageBox::Cancel},
-};
-
-const ButtonSet& buttonSet(MessageButtons buttons) {
-  for (const ButtonSet& set : kButtonSets) {
-    if (set.buttons == buttons) return set;
-  }
-  return kButtonSets.front();
-}
-
-QMessageBox::Icon boxIcon(MessageIcon icon) {
-  constexpr std::array<std::pair<MessageIcon, QMessageBox::Icon>, 4> kIcons{
-      {{MessageIcon::Information, QMessageBox::Information},
-       {MessageIcon::Warning, QMessageBox::Warning},
-       {MessageIcon::Error, QMessageBox::Critical},
-       {MessageIcon::Question, QMessageBox::Question}}};
-  for (const auto& [known, shown] : kIcons) {
-    if (known == icon) return shown;
-  }
-  return QMessageBox::NoIcon;
-}
-
-Answer answerOf(int button) {
-  constexpr std::array<std::pair<int, Answer>, 3> kAnswers{{{QMessageBox::Yes, Answer::Yes},
-                                                            {QMessageBox::No, Answer::No},
-                                                            {QMessageBox::Cancel, Answer::Cancel}}};
-  for (const auto& [known, answer] : kAnswers) {
-    if (known == button) return answer;
-  }
-  return Answer::Ok;
-}
 
 // "*.*" means every file, also one without a dot.
 QString eitherCase(const QString& pattern) {
@@ -113,13 +67,8 @@ QWidget* DesktopPrompts::owner() const {
 }
 
 Answer DesktopPrompts::showMessage(const Message& message) {
-  const ButtonSet& set = buttonSet(message.buttons);
-  const std::string title = message.title.empty() ? std::string(kProductName) : message.title;
-  QMessageBox box(boxIcon(message.icon), QString::fromStdString(title),
-                  QString::fromStdString(message.text), set.shown, owner());
-  box.setTextFormat(Qt::PlainText);
-  box.setDefaultButton(set.first);
-  if (set.escape != QMessageBox::NoButton) box.setEscapeButton(set.escape);
+  QMessageBox box(owner());
+  fillMessageBox(box, message);
   return answerOf(box.exec());
 }
 
