@@ -155,7 +155,11 @@ int leave(Script& script, lua_State* L) {
 
 int open(Script& script, lua_State* L) {
   const Control& control = *selfAs<ControlObject>(L).control;
-  if (control.kind() != ControlKind::Combo) raise(L, nameOf(control) + " does not drop down");
+  if (control.kind() == ControlKind::List) {
+    return actOn(script, L, "DblClick",
+                 [](Control& list) { return static_cast<ListBox&>(list).open(); });
+  }
+  if (control.kind() != ControlKind::Combo) raise(L, nameOf(control) + " opens nothing");
   return actOn(script, L, "DropDown",
                [](Control& combo) { return static_cast<ComboBox&>(combo).open(); });
 }

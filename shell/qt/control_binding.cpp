@@ -20,6 +20,8 @@
 #include <cmath>
 #include <utility>
 
+#include "shell/qt/icons.h"
+
 namespace tess {
 
 namespace {
@@ -269,15 +271,27 @@ class PagesBinding : public BindingOf<TextBox, QPlainTextEdit> {
   bool isShown() const { return shown_.toPlainText() == shownLines(model_.text()); }
 };
 
+// The property of a list's widget that names the icon of its items.
+constexpr char kItemIcon[] = "itemIcon";
+
 class ListBinding : public BindingOf<ListBox, QListWidget> {
  public:
   ListBinding(Control& control, QListWidget& list, FormActions& actions)
       : BindingOf(control, list, actions) {
-    connect(&list, &QListWidget::currentRowChanged, this, [this](int row) { pick(row); });
+    // The keyboard that comes to a list makes a row current without choosing it.
+    connect(&list, &QListWidget::currentRowChanged, this, [this](int row) {
+      if (row < 0 || shown_.item(row)->isSelected()) pick(row);
+    });
     // A click on the row that was chosen already counts too.
     connect(&list, &QListWidget::itemClicked, this, [this](QListWidgetItem* item) {
       const int row = shown_.row(item);
       if (std::exchange(picked_, -1) != row) pick(row);
+    });
+    connect(&list, &QListWidget::itemDoubleClicked, this, [this](QListWidgetItem* item) {
+      const int row = shown_.row(item);
+      act("DblClick", [&] {
+        if (model_.pick(row)) model_.open();
+      });
     });
     connect(&list, &QListWidget::itemPressed, this, [this](QListWidgetItem* item) {
       if (shown_.row(item) != picked_) picked_ = -1;
@@ -303,8 +317,9 @@ class ListBinding : public BindingOf<ListBox, QListWidget> {
     QStringList present;
     for (int row = 0; row < shown_.count(); ++row) present << shown_.item(row)->text();
     if (items == present) return;
+    const QIcon icon = namedIcon(shown_.property(kItemIcon).toString());
     shown_.clear();
-    shown_.addItems(items);
+    for (const QString& item : items) shown_.addItem(new QListWidgetItem(icon, item));
   }
 
   int picked_ = -1;  // by the press that a click will follow

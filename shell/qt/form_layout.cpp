@@ -18,6 +18,8 @@
 #include <algorithm>
 #include <array>
 #include <cctype>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 #include "shell/qt/control_binding.h"
@@ -40,8 +42,19 @@ class Loader : public QUiLoader {
   }
 };
 
+// Forms that look like another one.
+constexpr std::array<std::pair<std::string_view, const char*>, 1> kSharedLayouts{
+    {{"DlgSaveFile", "dlgGetFile"}}};
+
+QString layoutName(const Form& form) {
+  for (const auto& [name, layout] : kSharedLayouts) {
+    if (name == form.name()) return layout;
+  }
+  return QString::fromStdString(form.name());
+}
+
 QWidget* loadLayoutFile(const Form& form, QWidget* parent) {
-  QFile file(QString(":/forms/%1.ui").arg(QString::fromStdString(form.name())));
+  QFile file(QString(":/forms/%1.ui").arg(layoutName(form)));
   if (!file.open(QIODevice::ReadOnly)) return nullptr;
   Loader loader;
   return loader.load(&file, parent);
