@@ -18,6 +18,7 @@
 #include "drafting/repeat_key.h"
 #include "drafting/selection.h"
 #include "drafting/undo.h"
+#include "shell/help_commands.h"
 #include "shell/layouts.h"
 #include "shell/tool_bands.h"
 
@@ -76,9 +77,6 @@ void toggleStatistics(Application& application) {
   }
 }
 
-void showAbout(Application& application) {
-  application.showAbout();
-}
 void customize(Application& application) {
   application.customizeTools();
 }
@@ -187,9 +185,9 @@ constexpr CommandRow kCommands[] = {
     {"miBrowseCNCFile",        nullptr},
     {"miQuickPlace",           nullptr},
 
-    {"miContents",             nullptr},
-    {"miSearchforHelpon",      nullptr},
-    {"miAboutTessimoMill",     showAbout},
+    {"miContents",             mnuHelpContents_Click},
+    {"miSearchforHelpon",      mnuHelpIndex_Click},
+    {"miAboutTessimoMill",     mnuHelpAbout_Click},
 
     {"VGrid",                  onDesk<Vgrid_ButtonClick>},
     {"CGrid",                  onDesk<Cgrid_ButtonClick>},
@@ -275,6 +273,7 @@ struct SpecialKeyRow {
 };
 
 constexpr SpecialKeyRow kSpecialKeys[] = {
+    {SpecialKey::F1, mnuHelpContents_Click},
     {SpecialKey::F3, onDesk<repeatLastCommand>},
     {SpecialKey::F12, onDesk<repeatLastCommand>},
     {SpecialKey::Enter, clickByKey<kLeftButton>},

@@ -20,7 +20,9 @@
 #include <cmath>
 #include <utility>
 
+#include "shell/frmPDFHelp.h"
 #include "shell/qt/icons.h"
+#include "shell/qt/pdf_pane.h"
 
 namespace tess {
 
@@ -437,6 +439,33 @@ class PictureBinding : public BindingOf<Picture, QWidget> {
   }
 };
 
+// The control of a document, when that is shown by a pane that can.
+class PdfBinding : public BindingOf<PdfViewer, PdfPane> {
+ public:
+  PdfBinding(Control& control, PdfPane& pane, FormActions& actions)
+      : BindingOf(control, pane, actions) {
+    // The pane may search on after the view has gone.
+    pane.onFindings = [self = QPointer<PdfBinding>(this)](const auto& findings) {
+      if (self) self->act("Found", [&] { self->model_.tellFindings(findings); });
+    };
+  }
+
+ protected:
+  void showOwn(Property property) override {
+    if (property != Property::Content) return;
+    shown_.setThumbnails(model_.showsThumbnails());
+    shown_.search(model_.searched());
+    if (!shown_.open(model_.document())) model_.tellUnreadable();
+    shown_.showFinding(model_.shownFinding());
+  }
+};
+
+std::unique_ptr<ControlBinding> boundPdf(Control& control, QWidget& widget, FormActions& actions) {
+  auto* pane = dynamic_cast<PdfPane*>(&widget);
+  if (pane == nullptr || dynamic_cast<PdfViewer*>(&control) == nullptr) return nullptr;
+  return std::make_unique<PdfBinding>(control, *pane, actions);
+}
+
 template <class Binding, class Shown>
 std::unique_ptr<ControlBinding> bound(Control& control, QWidget& widget, FormActions& actions) {
   auto* fitting = qobject_cast<Shown*>(&widget);
@@ -451,7 +480,7 @@ struct KindOfBinding {
   Maker make;
 };
 
-// A text box is tried as a line first, then as pages.
+// Of one kind the first that fits: a text box as a line, else as pages.
 constexpr std::array kBindings{
     KindOfBinding{ControlKind::TextBox, bound<LineBinding, QLineEdit>},
     KindOfBinding{ControlKind::TextBox, bound<PagesBinding, QPlainTextEdit>},
@@ -462,6 +491,7 @@ constexpr std::array kBindings{
     KindOfBinding{ControlKind::Combo, bound<ComboBinding, QComboBox>},
     KindOfBinding{ControlKind::Label, bound<LabelBinding, QLabel>},
     KindOfBinding{ControlKind::Slider, bound<SliderBinding, QAbstractSlider>},
+    KindOfBinding{ControlKind::Picture, boundPdf},
     KindOfBinding{ControlKind::Picture, bound<PictureBinding, QWidget>},
     KindOfBinding{ControlKind::Frame, bound<FrameBinding, QWidget>},
 };

@@ -23,6 +23,7 @@
 #include <vector>
 
 #include "shell/qt/control_binding.h"
+#include "shell/qt/pdf_pane.h"
 
 namespace tess {
 
@@ -32,13 +33,30 @@ constexpr int kMargin = 16;
 constexpr int kSpacing = 10;
 constexpr int kFieldWidth = 110;
 
+template <class Made>
+QWidget* make(QWidget* parent) {
+  return new Made(parent);
+}
+
+// Classes of layout files that are the program's own.
+struct OwnClass {
+  std::string_view name;
+  QWidget* (*make)(QWidget*);
+};
+
+constexpr std::array kOwnClasses{OwnClass{"QComboBox", make<DropDownBox>},
+                                 OwnClass{"PdfPane", make<PdfPane>}};
+
 class Loader : public QUiLoader {
  public:
   QWidget* createWidget(const QString& className, QWidget* parent, const QString& name) override {
-    if (className != "QComboBox") return QUiLoader::createWidget(className, parent, name);
-    auto* box = new DropDownBox(parent);
-    box->setObjectName(name);
-    return box;
+    for (const OwnClass& own : kOwnClasses) {
+      if (className != QLatin1StringView(own.name.data(), own.name.size())) continue;
+      QWidget* widget = own.make(parent);
+      widget->setObjectName(name);
+      return widget;
+    }
+    return QUiLoader::createWidget(className, parent, name);
   }
 };
 
