@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <cmath>
 #include <optional>
+#include <utility>
 #include <vector>
 
 #include "geometry/constants.h"
@@ -128,7 +129,14 @@ void RasterSurface::setDensity(double density) {
   density_ = density;
   stopPainting();
   picture_ = QImage();
+  begun_ = false;
   resizePicture();
+}
+
+QImage RasterSurface::emptyPicture(const QSize& size) const {
+  QImage picture(size, QImage::Format_RGB32);
+  picture.fill(colorOf(state().backColor));
+  return picture;
 }
 
 // What fits of the old picture stays, as on a window that is pulled wider.
@@ -137,10 +145,10 @@ void RasterSurface::resizePicture() {
                    std::max(1, static_cast<int>(std::lround(area_.height * density_))));
   if (size == picture_.size()) return;
   stopPainting();
-  QImage resized(size, QImage::Format_RGB32);
-  resized.fill(colorOf(state().backColor));
-  if (!picture_.isNull()) QPainter(&resized).drawImage(0, 0, picture_);
-  picture_ = std::move(resized);
+  const QImage before = begun_ ? picture_ : QImage();
+  picture_ = QImage();  // makes room for the next one
+  picture_ = emptyPicture(size);
+  if (begun_) QPainter(&picture_).drawImage(0, 0, before);
 }
 
 void RasterSurface::Move(const SurfaceArea& area) {
@@ -157,7 +165,11 @@ void RasterSurface::setRepaint(bool on) {
   if (on == repaint_) return;
   repaint_ = on;
   stopPainting();  // a picture that is being painted on would be copied as a whole
-  shown_ = on ? QImage() : picture_;
+  if (on) {
+    shown_ = QImage();
+  } else {
+    shown_ = begun_ ? picture_ : emptyPicture({1, 1});
+  }
   if (on && onPainted) onPainted(picture_.rect());
 }
 
@@ -171,9 +183,15 @@ const QImage& RasterSurface::picture() {
   return picture_;
 }
 
+// What is still shown keeps its pixels; to copy them only to paint them over would be a waste.
 void RasterSurface::Cls() {
   stopPainting();
-  picture_.fill(colorOf(state().backColor));
+  begun_ = true;
+  if (picture_.isDetached()) {
+    picture_.fill(colorOf(state().backColor));
+  } else {
+    picture_ = emptyPicture(picture_.size());
+  }
   painted(picture_.rect());
 }
 

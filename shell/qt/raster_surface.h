@@ -47,6 +47,7 @@ class RasterSurface : public DrawingSurface {
  private:
   QPainter& painter(const QColor& ink, bool smooth);
   void stopPainting() { painter_.reset(); }
+  QImage emptyPicture(const QSize& size) const;
   void resizePicture();
   void painted(const QRectF& box);
   bool isInverting() const { return state().drawMode == PenMode::NotXor; }
@@ -62,6 +63,7 @@ class RasterSurface : public DrawingSurface {
   double density_;
   bool enabled_ = true;
   bool repaint_ = true;
+  bool begun_ = false;  // the first clearing: what was painted before, in no view, is not kept
   QImage picture_;
   QImage shown_;                       // while repainting is off
   std::unique_ptr<QPainter> painter_;  // kept open from one entity to the next
