@@ -15,6 +15,7 @@
 #include <vector>
 
 #include "geometry/constants.h"
+#include "shell/qt/smooth_line.h"
 
 namespace tess {
 
@@ -23,6 +24,7 @@ namespace {
 constexpr double kFlatness = 0.1;       // of arcs, in device pixels
 constexpr int kMostArcSteps = 20000;    // enough for any radius at the largest zoom
 constexpr double kMargin = 16;          // round the picture, in which nothing is cut off
+constexpr double kWidestOwnLine = 2;    // wider ones need ends at right angles
 constexpr double kTextHeight = 12;      // pixels
 constexpr int kLeastContrast = 64;      // of 255
 constexpr QRgb kGreyMask = 0x00C0C0C0;  // changes any grey by 64 or more
@@ -70,6 +72,12 @@ QPointF pixelMiddle(QPointF point) {
 bool isAlongAxis(const QLineF& line) {
   constexpr double kHairsBreadth = 0.01;
   return std::abs(line.dx()) < kHairsBreadth || std::abs(line.dy()) < kHairsBreadth;
+}
+
+void fillPixels(QImage& picture, const QRect& pixels, QRgb ink) {
+  for (int y = pixels.top(); y <= pixels.bottom(); ++y) {
+    std::fill_n(reinterpret_cast<QRgb*>(picture.scanLine(y)) + pixels.left(), pixels.width(), ink);
+  }
 }
 
 // Points along an arc of device pixels, counter-clockwise as it is seen.
@@ -145,6 +153,7 @@ void RasterSurface::resizePicture() {
                    std::max(1, static_cast<int>(std::lround(area_.height * density_))));
   if (size == picture_.size()) return;
   stopPainting();
+  lastLine_.reset();
   const QImage before = begun_ ? picture_ : QImage();
   picture_ = QImage();  // makes room for the next one
   picture_ = emptyPicture(size);
@@ -187,6 +196,7 @@ const QImage& RasterSurface::picture() {
 void RasterSurface::Cls() {
   stopPainting();
   begun_ = true;
+  lastLine_.reset();
   if (picture_.isDetached()) {
     picture_.fill(colorOf(state().backColor));
   } else {
@@ -245,26 +255,62 @@ QRectF RasterSurface::paintedBounds() const {
   return QRectF(picture_.rect()).adjusted(-kMargin, -kMargin, kMargin, kMargin);
 }
 
+// Drawing rows are copied twice; the second time there is nothing to do, and smooth edges stay as
+// they are.
+bool RasterSurface::isRepeated(const WorldBox& ends, Rgb color) {
+  if (isInverting()) return false;
+  const LastLine line{ends.x0, ends.y0, ends.x1, ends.y1, color};
+  return std::exchange(lastLine_, line) == line;
+}
+
 void RasterSurface::line(const WorldBox& ends, Rgb color) {
   if (ends.x0 == ends.x1 && ends.y0 == ends.y1) return;
+  if (isRepeated(ends, color)) return;
   const QLineF whole(devicePoint(ends.x0, ends.y0), devicePoint(ends.x1, ends.y1));
   const std::optional<QLineF> visible = clipped(whole, paintedBounds());
   if (!visible) return;
-  const bool smooth = paintsSmoothly() && !isAlongAxis(*visible);
-  QPainter& brush = painter(ink(color), smooth);
-  if (smooth) {
-    brush.drawLine(pixelMiddle(visible->p1()), pixelMiddle(visible->p2()));
+  if (paintsSmoothly() && !isAlongAxis(*visible)) {
+    smoothLine(*visible, color);
   } else {
-    brush.drawLine(wholePixel(visible->p1()), wholePixel(visible->p2()));
+    sharpLine(wholePixel(visible->p1()), wholePixel(visible->p2()), color);
   }
   painted(QRectF(visible->p1(), visible->p2()));
 }
 
+void RasterSurface::smoothLine(const QLineF& pixels, Rgb color) {
+  const QLineF line(pixelMiddle(pixels.p1()), pixelMiddle(pixels.p2()));
+  if (penWidth() <= kWidestOwnLine) {
+    blendLine(picture_, line, penWidth(), colorOf(color).rgb());
+  } else {
+    painter(colorOf(color), /*smooth=*/true).drawLine(line);
+  }
+}
+
+void RasterSurface::sharpLine(QPoint from, QPoint to, Rgb color) {
+  const bool straight = from.x() == to.x() || from.y() == to.y();
+  if (straight && paintsSmoothly() && penWidth() == 1) {
+    const QRect pixels = QRect(from, from) | QRect(to, to);
+    fillPixels(picture_, pixels & picture_.rect(), colorOf(color).rgb());
+  } else {
+    painter(ink(color), /*smooth=*/false).drawLine(from, to);
+  }
+}
+
 void RasterSurface::box(const WorldBox& corners, Rgb color, bool filled) {
+  lastLine_.reset();
   const QPoint a = drawnIn(devicePoint(corners.x0, corners.y0));
   const QPoint b = drawnIn(devicePoint(corners.x1, corners.y1));
   const QRect pixels(QPoint(std::min(a.x(), b.x()), std::min(a.y(), b.y())),
                      QPoint(std::max(a.x(), b.x()), std::max(a.y(), b.y())));
+  if (filled && !isInverting()) {
+    fillPixels(picture_, pixels & picture_.rect(), colorOf(color).rgb());
+  } else {
+    paintBox(pixels, color, filled);
+  }
+  painted(pixels);
+}
+
+void RasterSurface::paintBox(const QRect& pixels, Rgb color, bool filled) {
   QPainter& brush = painter(ink(color), /*smooth=*/false);
   if (filled) {
     brush.fillRect(pixels, ink(color));
@@ -273,7 +319,6 @@ void RasterSurface::box(const WorldBox& corners, Rgb color, bool filled) {
   } else {
     brush.drawRect(pixels.adjusted(0, 0, -1, -1));
   }
-  painted(pixels);
 }
 
 // A corner far outside moves in until its sides are just out of sight.
@@ -284,6 +329,7 @@ QPoint RasterSurface::drawnIn(QPointF corner) const {
 }
 
 void RasterSurface::arc(const WorldArc& arc, Rgb color) {
+  lastLine_.reset();
   const double radius = deviceLength(arc.radius);
   const QSizeF radii(arc.aspect > 1 ? radius / arc.aspect : radius,
                      arc.aspect > 1 ? radius : radius * arc.aspect);
@@ -302,6 +348,7 @@ void RasterSurface::arc(const WorldArc& arc, Rgb color) {
 }
 
 void RasterSurface::text(float x, float y, const std::string& text, Rgb color) {
+  lastLine_.reset();
   QFont font;
   font.setPixelSize(static_cast<int>(std::lround(kTextHeight * density_)));
   const QFontMetricsF metrics(font);
