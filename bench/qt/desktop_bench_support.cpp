@@ -44,23 +44,56 @@ void BenchProgram::settle() {
   }
 }
 
-void scatterLines(BenchProgram& program, int rows, double pixels) {
-  constexpr double kTurn = 6.283185307;
-  std::mt19937 engine(2718);
-  const auto upTo = [&](double limit) {
-    return limit * static_cast<double>(engine()) / 4294967296.0;
-  };
+namespace {
+
+constexpr double kTurn = 6.283185307;
+
+class Dice {
+ public:
+  double upTo(double limit) { return limit * static_cast<double>(engine_()) / 4294967296.0; }
+
+ private:
+  std::mt19937 engine_{2718};
+};
+
+void addLine(BenchProgram& program, QPointF from, QPointF to) {
+  const DrawingSurface& surface = program.surface().drawing();
+  const Point start = surface.toWorld(from.x(), from.y());
+  const Point end = surface.toWorld(to.x(), to.y());
+  AddSeg(program.store(), {.type = kLine, .x0 = start.x, .y0 = start.y, .x1 = end.x, .y1 = end.y},
+         /*drawing=*/nullptr);
+}
+
+void emptyDrawing(BenchProgram& program) {
   new_drawing(program.application().session);
   program.settle();
-  DrawingSurface& surface = program.surface().drawing();
+}
+
+}  // namespace
+
+void drawOutlines(BenchProgram& program, int rows, double pixels) {
+  constexpr int kSides = 20;
+  const double radius = pixels / 2 / std::sin(kTurn / 2 / kSides);
+  Dice dice;
+  emptyDrawing(program);
+  QPointF centre;
+  const auto corner = [&](int side) {
+    const double angle = kTurn * (side + 0.3) / kSides;
+    return centre + radius * QPointF(std::cos(angle), std::sin(angle));
+  };
   for (int row = 0; row < rows; ++row) {
-    const double x = upTo(kBenchWidth);
-    const double y = upTo(kBenchHeight);
-    const double angle = upTo(kTurn);
-    const Point from = surface.toWorld(x, y);
-    const Point to = surface.toWorld(x + pixels * std::cos(angle), y + pixels * std::sin(angle));
-    AddSeg(program.store(), {.type = kLine, .x0 = from.x, .y0 = from.y, .x1 = to.x, .y1 = to.y},
-           /*drawing=*/nullptr);
+    if (row % kSides == 0) centre = {dice.upTo(kBenchWidth), dice.upTo(kBenchHeight)};
+    addLine(program, corner(row), corner(row + 1));
+  }
+}
+
+void scatterLines(BenchProgram& program, int rows, double pixels) {
+  Dice dice;
+  emptyDrawing(program);
+  for (int row = 0; row < rows; ++row) {
+    const QPointF from(dice.upTo(kBenchWidth), dice.upTo(kBenchHeight));
+    const double angle = dice.upTo(kTurn);
+    addLine(program, from, from + pixels * QPointF(std::cos(angle), std::sin(angle)));
   }
 }
 

@@ -1,8 +1,7 @@
 // The whole program for benchmarks, in its window on a platform without a screen.
-// Owns: kBenchWidth, kBenchHeight, BenchProgram, scatterLines.
+// Owns: kBenchWidth, kBenchHeight, BenchProgram, drawOutlines, scatterLines.
 #pragma once
 
-#include <QImage>
 #include <memory>
 
 #include "shell/qt/desktop_program.h"
@@ -28,7 +27,9 @@ class BenchProgram {
   std::unique_ptr<DesktopProgram> program_;
 };
 
-// A new drawing of `rows` lines of about `pixels` pixels, all over the view and in all directions.
+// A new drawing of `rows` lines, each of so many pixels, all over the view: outlines of 20 sides as
+// they are drawn one after the other, or each line in a place of its own.
+void drawOutlines(BenchProgram& program, int rows, double pixels);
 void scatterLines(BenchProgram& program, int rows, double pixels);
 
 }  // namespace tess

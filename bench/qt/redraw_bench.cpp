@@ -14,6 +14,12 @@ namespace {
 
 constexpr int kRows = 30000;
 
+// Sides of so many pixels; negative, each in a place of its own.
+void fill(BenchProgram& program, const benchmark::State& state) {
+  const auto pixels = static_cast<double>(state.range(0));
+  pixels > 0 ? drawOutlines(program, kRows, pixels) : scatterLines(program, kRows, -pixels);
+}
+
 // The lines of the drawing in pixels of the surface.
 std::vector<QLineF> screenLines(BenchProgram& program) {
   const DrawingStore& store = program.store();
@@ -29,7 +35,7 @@ std::vector<QLineF> screenLines(BenchProgram& program) {
 
 void bareLoop(benchmark::State& state, bool smooth) {
   BenchProgram program;
-  scatterLines(program, kRows, static_cast<double>(state.range(0)));
+  fill(program, state);
   const std::vector<QLineF> lines = screenLines(program);
   QImage image(kBenchWidth, kBenchHeight, QImage::Format_RGB32);
   for (auto _ : state) {
@@ -49,7 +55,7 @@ void BareSmoothLoop(benchmark::State& state) {
 
 void redraw(benchmark::State& state, bool endMarkers) {
   BenchProgram program;
-  scatterLines(program, kRows, static_cast<double>(state.range(0)));
+  fill(program, state);
   program.store().endmarkers = endMarkers ? 1 : 0;
   RedrawSequence& sequence = program.application().interaction.redraw;
   for (auto _ : state) {
@@ -67,9 +73,8 @@ void RedrawWithEndMarkers(benchmark::State& state) {
   redraw(state, /*endMarkers=*/true);
 }
 
-// Lines of so many pixels.
 void everyLength(benchmark::internal::Benchmark* bench) {
-  for (const int pixels : {4, 12, 40}) bench->Arg(pixels);
+  for (const int pixels : {4, 12, 40, -12}) bench->Arg(pixels);
   bench->Unit(benchmark::kMillisecond);
 }
 

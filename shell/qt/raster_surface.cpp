@@ -40,6 +40,7 @@ int contrast(QRgb background, QRgb mask) {
 
 // The part of a segment inside a rectangle, by parameter along the segment.
 std::optional<QLineF> clipped(const QLineF& segment, const QRectF& bounds) {
+  if (bounds.contains(segment.p1()) && bounds.contains(segment.p2())) return segment;
   double from = 0;
   double to = 1;
   const auto cut = [&](double rate, double room) {

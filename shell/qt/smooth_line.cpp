@@ -22,7 +22,7 @@ Fixed fixed(double value) {
 }
 
 // The share of the ink in 256ths; at 256 nothing is left of the pixel.
-QRgb blended(QRgb under, QRgb ink, std::uint32_t share) {
+inline QRgb blended(QRgb under, QRgb ink, std::uint32_t share) {
   constexpr QRgb kRedBlue = 0x00FF00FF;
   constexpr QRgb kGreen = 0x0000FF00;
   const std::uint32_t rest = 256 - share;
@@ -52,15 +52,30 @@ struct Stretch {
   std::uint32_t share;
 };
 
-void blendColumn(const Pixels& pixels, QRgb* column, const Stretch& stretch, QRgb ink) {
+inline void blendPart(QRgb& pixel, QRgb ink, Fixed part, std::uint32_t share) {
+  pixel = blended(pixel, ink, (static_cast<std::uint32_t>(part) >> kToShare) * share >> 8);
+}
+
+Fixed firstPart(const Stretch& stretch) {
+  return kOne - (stretch.low & (kOne - 1));
+}
+
+// For a stretch of one to two pixels that lies in the picture with the three that it may touch.
+inline void blendInner(const Pixels& pixels, QRgb* column, const Stretch& stretch, QRgb ink) {
+  QRgb* pixel = column + (stretch.low >> kShift) * pixels.acrossStep;
+  const Fixed first = firstPart(stretch);
+  const Fixed second = std::min(kOne, stretch.length - first);
+  blendPart(pixel[0], ink, first, stretch.share);
+  blendPart(pixel[pixels.acrossStep], ink, second, stretch.share);
+  blendPart(pixel[2 * pixels.acrossStep], ink, stretch.length - first - second, stretch.share);
+}
+
+void blendAny(const Pixels& pixels, QRgb* column, const Stretch& stretch, QRgb ink) {
   int row = stretch.low >> kShift;
-  QRgb* pixel = column + row * pixels.acrossStep;
-  Fixed part = kOne - (stretch.low & (kOne - 1));  // of the first pixel
-  for (Fixed left = stretch.length; left > 0; left -= part, part = kOne) {
-    const auto covered = static_cast<std::uint32_t>(std::min(part, left)) >> kToShare;
-    if (row >= 0 && row < pixels.rows) *pixel = blended(*pixel, ink, covered * stretch.share >> 8);
-    ++row;
-    pixel += pixels.acrossStep;
+  Fixed part = firstPart(stretch);
+  for (Fixed left = stretch.length; left > 0; left -= part, part = kOne, ++row) {
+    if (row < 0 || row >= pixels.rows) continue;
+    blendPart(column[row * pixels.acrossStep], ink, std::min(part, left), stretch.share);
   }
 }
 
@@ -72,7 +87,15 @@ struct Run {
   double half;  // of the stretch in a column
 };
 
-void blendRun(const Pixels& pixels, const Run& run, QRgb ink) {
+bool liesInside(const Pixels& pixels, const Run& run) {
+  const double first = run.start + run.slope * run.from;
+  const double last = run.start + run.slope * run.to;
+  constexpr double kTouched = 3;  // pixels of one column
+  return std::min(first, last) - kTouched > 0 && std::max(first, last) + kTouched < pixels.rows;
+}
+
+template <typename BlendColumn>
+void blendRun(const Pixels& pixels, const Run& run, BlendColumn blendColumn) {
   const int first = std::max(0, static_cast<int>(std::floor(run.from)));
   const int last = std::min(pixels.columns - 1, static_cast<int>(std::ceil(run.to)) - 1);
   const Fixed from = fixed(run.from);
@@ -84,7 +107,7 @@ void blendRun(const Pixels& pixels, const Run& run, QRgb ink) {
     const Fixed left = column << kShift;
     const Fixed width = std::min(to, left + kOne) - std::max(from, left);
     stretch.share = static_cast<std::uint32_t>(width) >> kToShare;
-    blendColumn(pixels, pixel, stretch, ink);
+    blendColumn(pixel, stretch);
     stretch.low += slope;
   }
 }
@@ -100,13 +123,21 @@ void blendLine(QImage& picture, const QLineF& line, double width, QRgb ink) {
   const double slope = way.x() > 0 ? way.y() / way.x() : 0;  // a point lies level
   const double stretch = std::sqrt(1 + slope * slope);       // of the way, and of the width
   const double reach = width / 2 / stretch;
-  blendRun(pixelsOf(picture, steep),
-           {.from = from.x() - reach,
-            .to = to.x() + reach,
-            .start = from.y() - slope * from.x(),
-            .slope = slope,
-            .half = width / 2 * stretch},
-           ink);
+  const Pixels pixels = pixelsOf(picture, steep);
+  const Run run{.from = from.x() - reach,
+                .to = to.x() + reach,
+                .start = from.y() - slope * from.x(),
+                .slope = slope,
+                .half = width / 2 * stretch};
+  const bool narrow = 2 * run.half <= 2;
+  if (narrow && liesInside(pixels, run)) {
+    blendRun(pixels, run, [&](QRgb* column, const Stretch& covered) {
+      blendInner(pixels, column, covered, ink);
+    });
+  } else {
+    blendRun(pixels, run,
+             [&](QRgb* column, const Stretch& covered) { blendAny(pixels, column, covered, ink); });
+  }
 }
 
 }  // namespace tess
