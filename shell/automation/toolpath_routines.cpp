@@ -2,6 +2,8 @@
 #include "shell/automation/toolpath_routines.h"
 
 #include "core/text.h"
+#include "drafting/row_edits.h"
+#include "geometry/angles.h"
 #include "toolpath/chain_walk.h"
 #include "toolpath/contour_offset.h"
 #include "toolpath/gouge_avoidance.h"

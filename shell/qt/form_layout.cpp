@@ -2,6 +2,7 @@
 #include "shell/qt/form_layout.h"
 
 #include <QCheckBox>
+#include <QCoreApplication>
 #include <QFile>
 #include <QFormLayout>
 #include <QGroupBox>
@@ -71,11 +72,20 @@ QString layoutName(const Form& form) {
   return QString::fromStdString(form.name());
 }
 
+// A loader loads all designer plug-ins as it is made, and with them libraries of some 5 MB for
+// widgets that no layout here has. It finds them on the library paths.
+std::unique_ptr<Loader> makeLoader() {
+  const QStringList paths = QCoreApplication::libraryPaths();
+  QCoreApplication::setLibraryPaths({});
+  auto loader = std::make_unique<Loader>();
+  QCoreApplication::setLibraryPaths(paths);
+  return loader;
+}
+
 QWidget* loadLayoutFile(const Form& form, QWidget* parent) {
   QFile file(QString(":/forms/%1.ui").arg(layoutName(form)));
   if (!file.open(QIODevice::ReadOnly)) return nullptr;
-  Loader loader;
-  return loader.load(&file, parent);
+  return makeLoader()->load(&file, parent);
 }
 
 // "txtNumPasses" as "Num Passes": better than a field without any name.
