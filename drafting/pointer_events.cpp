@@ -240,9 +240,11 @@ void showPickedEntity(Desk& desk) {
   if (sg >= 1 && sg <= desk.store.NumSegments) desk.listener.selectEntity(sg);
 }
 
+// A feature counts also where the pointer lay exactly on it and was snapped to the grid before.
 void completeAt(Desk& desk, const PointerEvent& event) {
   const Point position = settledPosition(desk, event);
-  if (takeRaw(desk, position)) {
+  const bool onFeature = desk.state.FeaturePoint() && !desk.pointer.SkipPointerUpdate;
+  if (takeRaw(desk, position) || onFeature) {
     desk.pointer.MouseX = position.x;
     desk.pointer.MouseY = position.y;
   }

@@ -42,8 +42,8 @@ void SelectContiguous(Desk& desk, bool select, int seg, std::vector<bool>& tagge
 // The same walk along crossings: every row that meets the chain is marked.
 void SelectConnected(Desk& desk, bool select, int seg, std::vector<bool>& tagged);
 
-// The chain of path rows through `ps`: rows that go on where another ends, forward and backward,
-// through branches too.
+// All path rows that hang together with `ps` by their ends, whichever way they run and through
+// branches too.
 void selectContiguousPaths(Desk& desk, bool select, int ps);
 
 void mnuDrawSelect_Click(Desk& desk);

@@ -27,6 +27,11 @@ void RedoLastChange(Desk& desk) {
   showChange(desk);
 }
 
+void enableUndo(Desk& desk, int mark) {
+  desk.changelog.UndoMark = mark;
+  updateUndoTools(desk);
+}
+
 void updateUndoTools(Desk& desk) {
   desk.tools.setEnabled("miUndo", desk.changelog.canUndo());
   desk.tools.setEnabled("miRedo", desk.changelog.canRedo());

@@ -420,17 +420,19 @@ TEST(SelectContiguous, WalksAsThePlainPassDoes) {
   EXPECT_GT(branches, 10);
 }
 
-TEST(SelectContiguousPaths, FollowsTheWayOfThePathBothWays) {
+TEST(SelectContiguousPaths, TakesAllRowsThatHangTogetherByTheirEnds) {
   RecordedDesk d;
   d.addPathLine(0, 0, 1, 0, 101);
   d.addPathLine(1, 0, 2, 0, 203);
   d.addPathLine(2, 0, 3, 0, 101);
   d.addPathLine(2, 2, 1, 0, 101);   // ends where the second one starts
   d.addPathLine(0, 0, -1, 0, 101);  // starts where the first one starts
+  d.addPathLine(3, 3, 3, 0, 101);   // ends where the third one ends
+  d.addPathLine(4, 4, 4, 3, 101);   // touches none
   d.desk.command.EditPaths = true;
   mnuDrawSelectContiguous(d.desk);
   d.click(1.5F, 0.1F);
-  EXPECT_EQ(selectedPaths(d.store), (Rows{1, 2, 3, 4}));
+  EXPECT_EQ(selectedPaths(d.store), (Rows{1, 2, 3, 4, 5, 6}));
   EXPECT_EQ(d.store.pscode[2], 30203);
   EXPECT_TRUE(d.messages().empty());
   mnuDrawUnselectContiguous(d.desk);

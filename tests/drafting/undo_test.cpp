@@ -1,6 +1,8 @@
 // Undo and redo as commands, with their tools.
 #include "drafting/undo.h"
 
+#include <functional>
+
 #include "gtest/gtest.h"
 
 #include "drafting/entity_creation.h"
@@ -59,6 +61,48 @@ TEST(UndoCommand, LeavesTheToolsByWhatThereIs) {
   EXPECT_TRUE(d.tools.isEnabled("miRedo"));
   d.click(3, 3);
   EXPECT_FALSE(d.tools.isEnabled("miRedo"));
+}
+
+// A desk whose table is full but for one row, with a line that was drawn and taken back.
+struct FullDesk : RecordedDesk {
+  FullDesk() {
+    mnuDrawLine_Click(desk);
+    click(1, 0);
+    Undo_Last_Change(desk);
+    takeCallChain();
+    ensureSegmentCapacity(store, kRows);
+    store.NumSegments = kRows;
+  }
+  static constexpr int kRows = 32767;
+};
+
+std::vector<std::string> chainOfFailure(const std::function<void()>& run, FailureNumber expected) {
+  std::vector<std::string> methods;
+  try {
+    run();
+    ADD_FAILURE() << "nothing failed";
+  } catch (const RuntimeFailure& failure) {
+    EXPECT_EQ(failure.number(), expected);
+    for (const CallLevel& level : takeCallChain()) methods.push_back(level.method);
+  }
+  return methods;
+}
+
+TEST(UndoCommand, ReportsFailuresOfTheRedoWalkUnderItsName) {
+  FullDesk d;
+  EXPECT_EQ(chainOfFailure([&] { RedoLastChange(d.desk); }, FailureNumber::Overflow),
+            (Texts{"StartOfSegment", "RedoLastChange"}));
+  EXPECT_EQ(d.store.NumSegments, FullDesk::kRows);
+}
+
+TEST(UndoCommand, ReportsFailuresOfTheUndoWalkUnderItsName) {
+  FullDesk d;
+  clsSegment removed;
+  removed.SetSegment({.type = 1, .x1 = 2}, "D", /*start=*/true);
+  d.desk.changelog.logRecord(removed, /*cutRedo=*/true);
+  EXPECT_EQ(chainOfFailure([&] { Undo_Last_Change(d.desk); }, FailureNumber::Overflow),
+            Texts{"Undo_Last_Change"});
+  EXPECT_EQ(d.store.NumSegments, FullDesk::kRows);
 }
 
 TEST(UndoState, IsClearedForANewDrawing) {
