@@ -157,7 +157,7 @@ std::optional<std::string> ScriptPrompts::askFileHandler(const FileRequest& requ
   const std::string name(trimmed(*chosen));
   const bool bare = name.find_first_of("\\/:") == std::string::npos;
   const std::string path = bare ? request.folder + name : name;
-  if (const auto refusal = folders_.refusal(path)) raise(lua_, *refusal);
+  requireAllowed(request, path);
   showAnswer(request, path);
   return path;
 }
@@ -171,7 +171,7 @@ std::optional<std::string> ScriptPrompts::askFormHandler(const FileRequest& requ
   dialog->open(Modality::Modal);
   workForm(*dialog);
   if (!dialog->chosen()) return std::nullopt;
-  if (const auto refusal = folders_.refusal(*dialog->chosen())) raise(lua_, *refusal);
+  requireAllowed(request, *dialog->chosen());
   return dialog->chosen();
 }
 
@@ -198,6 +198,11 @@ void ScriptPrompts::showModal(Form& form) {
 
 std::shared_ptr<void> ScriptPrompts::showing(Form& form) {
   return stage != nullptr ? stage->showing(form) : nullptr;
+}
+
+void ScriptPrompts::requireAllowed(const FileRequest& request, const std::string& path) const {
+  const auto refusal = request.forSaving ? folders_.refusal(path) : folders_.refusalToRead(path);
+  if (refusal) raise(lua_, *refusal);
 }
 
 // A form that its handler has not closed is cancelled; so is one whose handler failed.

@@ -49,6 +49,7 @@ class ScriptPrompts : public Prompts {
   Answer show(const Message& message, const char* kind);
   Answer askHandler(const Message& message);
   std::optional<std::string> askFileHandler(const FileRequest& request, const std::string& initial);
+  void requireAllowed(const FileRequest& request, const std::string& path) const;
   std::optional<std::string> askFormHandler(const FileRequest& request);
   void showAnswer(const FileRequest& request, const std::string& answer);
   bool hasFormHandler(const Form& form) const { return formHandlers_.contains(form.name()); }

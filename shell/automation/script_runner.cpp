@@ -184,6 +184,7 @@ AllowedFolders foldersOf(const ScriptJob& job) {
   AllowedFolders folders;
   folders.allow(folderOf(job));
   folders.allow(job.appfolder + "CNC");
+  folders.allowSetupsOf(job.appfolder);
   for (const std::string& folder : job.folders) folders.allow(folder);
   for (const std::string& argument : job.arguments) folders.allowNamedBy(argument);
   return folders;
