@@ -1,10 +1,12 @@
 // Contour offsetting: a chain of drawing rows becomes a chain of path rows beside it.
-// Owns: OffsetOrder, offsetPathChain, PlacedRows, Placement, placePathChain.
+// Owns: OffsetOrder, offsetPathChain, PlacedRows, Placement, placePathChain, connectPlacedRows.
 #pragma once
 
 #include "toolpath/cam_desk.h"
 
 namespace tess {
+
+class ChainWalk;
 
 struct OffsetOrder {
   int sg = 0;       // the row to begin with
@@ -17,6 +19,8 @@ struct OffsetOrder {
   bool pocketMode = false;  // follow verified rows, the side from pocketSideOf
   bool exactMode = false;   // follow selected rows, on the profile itself
   float radius = 0;         // distance; 0 means the radius of the selected tool
+  // The steps along the drawing's rows, from commands that place many chains; null: made anew.
+  ChainWalk* rows = nullptr;
 };
 
 // Places the rows where pathInsertMode says, logs them as one step, and ends the armed action. A
@@ -54,5 +58,9 @@ class Placement {
 
 // What offsetPathChain does, but for the log.
 void placePathChain(CamDesk& cam, const OffsetOrder& order, const Placement& placement);
+
+// Links the gaps within `rows`, and within their level copies at the end of the table, but never to
+// one of the `rowsBefore` rows that were there before.
+void connectPlacedRows(CamDesk& cam, const PlacedRows& rows, int rowsBefore);
 
 }  // namespace tess

@@ -106,6 +106,7 @@ void OffsetChain::join(std::size_t earlier, std::size_t later, Point corner) {
   if (samePoint(from, to, settings_.tolerence) || trim(earlier, later)) return;
   const auto behind = elements_.begin() + static_cast<std::ptrdiff_t>(earlier) + 1;
   elements_.insert(behind, {bridgeType(settings_.side), from, to, corner});
+  bridges_.push_back(earlier + 1);
 }
 
 // Of two hits the second one counts, however far it lies. An element that closes on itself has no

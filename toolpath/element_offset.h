@@ -63,6 +63,8 @@ class OffsetChain {
   void close(Point corner);
 
   const std::vector<Entity>& elements() const { return elements_; }
+  // Which elements are arcs round a corner, by rising place in elements().
+  const std::vector<std::size_t>& bridges() const { return bridges_; }
 
  private:
   bool trim(std::size_t earlier, std::size_t later);
@@ -71,6 +73,7 @@ class OffsetChain {
   Settings settings_;
   Entity last_{.type = kPoint, .start = {}, .end = {}, .center = {}};
   std::vector<Entity> elements_;
+  std::vector<std::size_t> bridges_;
 };
 
 // A walk along an outline.

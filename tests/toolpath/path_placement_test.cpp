@@ -4,13 +4,16 @@
 #include "gtest/gtest.h"
 #include "rapidcheck/gtest.h"
 
+#include "drafting/edit_commands.h"
 #include "drafting/row_edits.h"
 #include "drafting/undo.h"
 #include "geometry/intersections.h"
 #include "tests/geometry/rows.h"
 #include "tests/support/failure_of.h"
 #include "tests/support/recorded_cam.h"
+#include "toolpath/finish_path.h"
 #include "toolpath/path_groups.h"
+#include "toolpath/working_rows.h"
 
 namespace tess {
 namespace {
@@ -21,8 +24,6 @@ using testing::numberOfFailure;
 using testing::pathTexts;
 using testing::RecordedCam;
 using Texts = std::vector<std::string>;
-
-constexpr int kIslandOutline = 12;
 
 Entity line(float x0, float y0, float x1, float y1) {
   return lineEntity({x0, y0}, {x1, y1});
@@ -314,28 +315,40 @@ Entity gridEntity() {
   return {type, gridPoint(), gridPoint(), type == kLine ? Point{} : gridPoint()};
 }
 
-RC_GTEST_PROP(ConnectPathSegs, EqualsLinkByLink, ()) {
-  RecordedCam a, b;
-  const int rows = *rc::gen::inRange(0, 12);
+void empty(RecordedCam& d) {
+  d.store.NumSegments = 0;
+  d.store.NumPathSegments = 0;
+  d.cam.changelog.clear();
+}
+
+void addRandomRows(RecordedCam& a, RecordedCam& b, int rows) {
   for (int row = 0; row < rows; ++row) {
     const Entity path = gridEntity();
     addPath(a.store, path);
     addPath(b.store, path);
   }
-  const int walls = *rc::gen::inRange(0, 6);
-  for (int row = 0; row < walls; ++row) {
-    const Entity wall = gridEntity();
-    const int attr = *rc::gen::element(8, 12, 12);
-    addSegment(a.store, wall, attr);
-    addSegment(b.store, wall, attr);
+  for (int wall = *rc::gen::inRange(0, 6); wall > 0; --wall) {
+    const Entity entity = gridEntity();
+    const int attr = *rc::gen::element(8, kIslandOutline, kIslandOutline);
+    addSegment(a.store, entity, attr);
+    addSegment(b.store, entity, attr);
   }
-  const int first = *rc::gen::inRange(1, 4);
-  RC_ASSERT(connectPathSegs(a.cam, first, rows) == plainConnect(b.cam, first, rows));
-  RC_ASSERT(pathTexts(a.store) == pathTexts(b.store));
-  RC_ASSERT(a.cam.changelog.changecount == b.cam.changelog.changecount);
-  for (int record = 0; record < a.cam.changelog.changecount; ++record) {
-    RC_ASSERT(a.cam.changelog.record(record).row == b.cam.changelog.record(record).row);
-  }
+}
+
+TEST(ConnectPathSegs, EqualsLinkByLink) {
+  RecordedCam a, b;
+  EXPECT_TRUE(rc::check([&] {
+    empty(a), empty(b);
+    const int rows = *rc::gen::inRange(0, 12);
+    addRandomRows(a, b, rows);
+    const int first = *rc::gen::inRange(1, 4);
+    RC_ASSERT(connectPathSegs(a.cam, first, rows) == plainConnect(b.cam, first, rows));
+    RC_ASSERT(pathTexts(a.store) == pathTexts(b.store));
+    RC_ASSERT(a.cam.changelog.changecount == b.cam.changelog.changecount);
+    for (int record = 0; record < a.cam.changelog.changecount; ++record) {
+      RC_ASSERT(a.cam.changelog.record(record).row == b.cam.changelog.record(record).row);
+    }
+  }));
 }
 
 // ---- Reversing
@@ -379,6 +392,245 @@ TEST(ReversePathSegment, LeavesOtherRowsAlone) {
   for (const int ps : {-1, 0, 1, 2, 3}) reversePathSegment(d.cam, ps);
   EXPECT_EQ(pathTexts(d.store), before);
   EXPECT_EQ(d.cam.changelog.changecount, 0);
+}
+
+TEST(ReversePath, ReversesTheRowNearTheClickAlone) {
+  RecordedCam d;
+  addPlacementClicks(d.cam);
+  addPath(d.store, line(0, 0, 2, 0));
+  addPath(d.store, line(2, 0, 2, 2));
+  const Texts before = pathTexts(d.store);
+  mnuRevPathDir_Click(d.desk);
+  EXPECT_EQ(d.pending(), 42);
+  EXPECT_EQ(d.prompt(), "Click near Path Segment to reverse.  ");
+  d.click(2.1F, 1.5F);
+  EXPECT_EQ(pathTexts(d.store), (Texts{"1 (0, 0)-(2, 0) @100 z 0", "1 (2, 2)-(2, 0) @100 z 0"}));
+  EXPECT_EQ(d.pending(), 0);
+  EXPECT_TRUE(d.tools.isEnabled("miUndo"));
+  expectTakenBack(d, before);
+}
+
+TEST(ReversePath, WithoutPathsCancelsWhatIsArmed) {
+  RecordedCam d;
+  mnuEditBreakSeg_Click(d.desk);
+  ASSERT_EQ(d.pending(), 9);
+  mnuRevPathDir_Click(d.desk);
+  EXPECT_EQ(d.pending(), 0);
+}
+
+TEST(ReversePath, WithoutAVisibleRowDoesNothing) {
+  RecordedCam d;
+  addPlacementClicks(d.cam);
+  addPath(d.store, line(0, 0, 2, 0), 100, /*visible=*/false);
+  mnuRevPathDir_Click(d.desk);
+  d.click(1, 0.5F);
+  EXPECT_EQ(pathTexts(d.store), Texts{"1 (0, 0)-(2, 0) @100 z 0"});
+  EXPECT_EQ(d.cam.changelog.changecount, 0);
+}
+
+// ---- Placing one element
+
+TEST(PlaceOnePathSegment, RoundsTheDrawingAndAsksForTheStart) {
+  RecordedCam d;
+  d.addLine(0.123456F, 0, 1, 1);
+  d.cam.PlaceChain = 1;
+  mnuCAMPlace1PathSeg_Click(d.cam);
+  EXPECT_EQ(d.cam.PlaceChain, 0);
+  EXPECT_EQ(d.store.x0[1], 0.12346F);
+  EXPECT_EQ(d.pending(), 20);
+  EXPECT_EQ(d.prompt(), "Click near start point.");
+  EXPECT_EQ(d.mode(), 0);
+  EXPECT_EQ(d.desk.command.LastCommand, 20);
+  EXPECT_EQ(d.store.NumPathSegments, 0);
+}
+
+struct PlaceOne : RecordedCam, ::testing::Test {
+  PlaceOne() {
+    addFinishPathClicks(cam);
+    addLine(0, 0, 2, 0);
+    addLine(2, 0, 2, 2);
+    // Neither leads nor joints belong to a single element.
+    store.cfg_lead_in_path = true;
+    store.cfg_lead_in_angle = 45;
+    store.cfg_lead_in_length = 0.5F;
+  }
+  void closeOptions(int passes) {
+    test.recording.prompts.onForm = [passes](Form& form) {
+      form.control("txtNumPasses")->set("text", std::to_string(passes));
+      form.control("cmdOK")->press();
+    };
+    mnuCAMPlaceFinishPath_Click(cam);
+    Handle_esc(desk);
+  }
+  void placeOne() {
+    mnuCAMPlace1PathSeg_Click(cam);
+    click(0, 0.2F);
+    click(1.5F, 0);
+    click(1, 1);
+  }
+};
+
+TEST_F(PlaceOne, AtStartUpPlacesNothing) {
+  placeOne();
+  EXPECT_EQ(store.NumPathSegments, 0);
+  EXPECT_EQ(pending(), 0);
+  closeOptions(1);
+  placeOne();
+  EXPECT_EQ(pathTexts(store), Texts{"1 (0, 0.25)-(2, 0.25) @100 z -0.5 f 10"});
+  expectTakenBack(*this, {});
+}
+
+TEST_F(PlaceOne, PlacesAsManyRowsAsTheLastFinishPathHadPasses) {
+  store.cfg_min_rough_clearance = 0.125F;
+  store.cfg_tool_spacing_distance = 0.5F;
+  store.cfg_cut_width_type = 2;
+  closeOptions(3);
+  placeOne();
+  EXPECT_EQ(pathTexts(store), (Texts{"1 (0, 0.875)-(2, 0.875) @100 z -0.5 f 10",
+                                     "1 (0, 0.375)-(2, 0.375) @200 z -0.5 f 10",
+                                     "1 (0, 0.25)-(2, 0.25) @300 z -0.5 f 10"}));
+}
+
+// ---- Taking placements back
+
+TEST_F(PlaceOne, BeforeAGroupIsTakenBackByItsOwn) {
+  addPath(store, line(5, 5, 6, 5), 100);
+  addPath(store, line(6, 5, 7, 5), 200);
+  const Texts before = pathTexts(store);
+  cam.pathInsertMode = kInsertBeforeGroup;
+  cam.pathInsertGroup = 2;
+  closeOptions(1);
+  placeOne();
+  EXPECT_EQ(pathTexts(store),
+            (Texts{before[0], "1 (0, 0.25)-(2, 0.25) @300 z -0.5 f 10", before[1]}));
+  mnuCAMUndoLastPlace_Click(cam);
+  EXPECT_EQ(pathTexts(store), before);
+}
+
+TEST_F(PlaceOne, AFinishPathBeforeAGroupIsTakenBackByItsOwn) {
+  addPath(store, line(5, 5, 6, 5), 100);
+  addPath(store, line(6, 5, 7, 5), 200);
+  const Texts before = pathTexts(store);
+  cam.pathInsertMode = kInsertBeforeGroup;
+  cam.pathInsertGroup = 2;
+  store.cfg_lead_in_path = false;
+  store.cfg_connect_pocketing_paths = false;
+  test.recording.prompts.onForm = [](Form& form) { form.control("cmdOK")->press(); };
+  mnuCAMPlaceFinishPath_Click(cam);
+  click(0, 0.2F);
+  click(1.5F, 0);
+  click(1, 1);
+  EXPECT_EQ(pathTexts(store), (Texts{before[0], "1 (0, 0.25)-(1.75, 0.25) @300 z -0.5 f 10",
+                                     "1 (1.75, 0.25)-(1.75, 2) @300 z -0.5 f 10", before[1]}));
+  mnuCAMUndoLastPlace_Click(cam);
+  EXPECT_EQ(pathTexts(store), before);
+  Undo_Last_Change(desk);
+  EXPECT_EQ(store.NumPathSegments, 4);
+  Undo_Last_Change(desk);
+  EXPECT_EQ(pathTexts(store), before);
+}
+
+TEST(UndoLastPlace, TakesTheLastGroupAndThenTheRunAtTheEnd) {
+  RecordedCam d;
+  for (const int code : {100, 200, 201, 201, 300}) addPathSegment(d.store, rowAt(0, 0, code));
+  d.store.showpaths = 0;
+  d.store.drawingsaved = true;
+  const Texts all = pathTexts(d.store);
+  mnuCAMUndoLastPlace_Click(d.cam);
+  EXPECT_EQ(d.store.NumPathSegments, 4);
+  EXPECT_EQ(d.store.lastplacedgroup, 0);
+  EXPECT_EQ(d.store.showpaths, 1);
+  EXPECT_EQ(d.cam.changelog.UndoMark, -1);
+  EXPECT_TRUE(d.tools.isEnabled("miUndo"));
+  EXPECT_FALSE(d.store.drawingsaved);
+  EXPECT_EQ(d.test.listener.take(), Texts{"Update_menu_checks"});
+  mnuCAMUndoLastPlace_Click(d.cam);  // the run of equal code, not the group
+  EXPECT_EQ(pathTexts(d.store), Texts(all.begin(), all.begin() + 2));
+  EXPECT_TRUE(d.cam.changelog.record(1).StartOfSegment);
+  EXPECT_FALSE(d.cam.changelog.record(2).StartOfSegment);
+  expectTakenBack(d, Texts(all.begin(), all.begin() + 4));
+  Undo_Last_Change(d.desk);
+  Undo_Last_Change(d.desk);
+  EXPECT_EQ(pathTexts(d.store), all);
+}
+
+TEST(UndoLastPlace, TakesTheLastRunDownToTheFirstRow) {
+  RecordedCam d;
+  addPathSegment(d.store, rowAt(0, 0));
+  addPathSegment(d.store, rowAt(1, 0));
+  d.store.lastplacedgroup = 0;
+  mnuCAMUndoLastPlace_Click(d.cam);
+  EXPECT_EQ(d.store.NumPathSegments, 0);
+}
+
+TEST(UndoLastPlace, TakesRowsThatWereInsertedBeforeAnotherGroup) {
+  RecordedCam d;
+  addPathSegment(d.store, rowAt(0, 0, 100));
+  addPathSegment(d.store, rowAt(1, 0, 200));
+  const Texts before = pathTexts(d.store);
+  d.cam.pathInsertMode = kInsertBeforeGroup;
+  d.cam.pathInsertGroup = 2;
+  d.store.currentpathgroup = nextPathGroup(d.store);
+  const int at = pathInsertIndex(d.store, d.cam.pathInsertMode, d.cam.pathInsertGroup);
+  insertPathSegment(d.store, at, rowAt(5, 0), 1);
+  insertPathSegment(d.store, at + 1, rowAt(6, 0), 1);
+  EXPECT_EQ(pathTexts(d.store), (Texts{before[0], "1 (5, 0)-(6, 0) @301 z 0 f 20",
+                                       "1 (6, 0)-(7, 0) @301 z 0 f 20", before[1]}));
+  mnuCAMUndoLastPlace_Click(d.cam);
+  EXPECT_EQ(pathTexts(d.store), before);
+}
+
+// Behind an insertion point the end of the table may be anybody's rows.
+TEST(UndoLastPlace, WithAnInsertionPointTakesNothingTheSecondTime) {
+  for (const int mode : {kInsertBeforeGroup, kInsertAfterGroup}) {
+    RecordedCam d;
+    addPathSegment(d.store, rowAt(0, 0));
+    d.store.lastplacedgroup = 0;
+    d.store.showpaths = 0;
+    d.cam.pathInsertMode = mode;
+    mnuCAMUndoLastPlace_Click(d.cam);
+    EXPECT_EQ(d.store.NumPathSegments, 1) << mode;
+    EXPECT_EQ(d.store.showpaths, 0) << mode;
+  }
+}
+
+// The group of an appended row with a tool above 50 reads one too high.
+TEST(UndoLastPlace, FallsSilentWithAHighTool) {
+  RecordedCam d;
+  d.store.currentpathgroup = 1;
+  insertPathSegment(d.store, 1, rowAt(0, 0), 60);
+  EXPECT_EQ(d.store.lastplacedgroup, 1);
+  mnuCAMUndoLastPlace_Click(d.cam);
+  EXPECT_EQ(d.store.NumPathSegments, 1);
+  addPathSegment(d.store, rowAt(1, 0, 160));
+  EXPECT_EQ(d.store.lastplacedgroup, 2);
+  mnuCAMUndoLastPlace_Click(d.cam);
+  EXPECT_EQ(d.store.NumPathSegments, 0);
+}
+
+TEST(UndoLastPlace, WithoutPathsDoesNothing) {
+  RecordedCam d;
+  d.store.lastplacedgroup = 4;
+  mnuCAMUndoLastPlace_Click(d.cam);
+  EXPECT_EQ(d.store.showpaths, 0);
+  EXPECT_EQ(d.store.lastplacedgroup, 0);
+  EXPECT_EQ(d.cam.changelog.changecount, 0);
+  EXPECT_TRUE(d.store.drawingsaved);
+}
+
+TEST(ClearAllPaths, AsksAndLogsNothing) {
+  RecordedCam d;
+  addPathSegment(d.store, rowAt(0, 0));
+  d.store.pathgroupname[1] = "Outside";
+  d.store.drawingsaved = true;
+  mnuClearAllPaths_Click(d.cam);
+  EXPECT_EQ(d.store.NumPathSegments, 0);
+  for (int group = 0; group <= d.store.pathgroupname.upperBound(); ++group) {
+    EXPECT_EQ(d.store.pathgroupname[group], "") << group;
+  }
+  EXPECT_TRUE(d.messages().empty());
+  EXPECT_EQ(d.cam.changelog.changecount, 0);
+  EXPECT_FALSE(d.store.drawingsaved);
 }
 
 }  // namespace
