@@ -75,16 +75,24 @@ double magnitudeOf(const Entity& entity) {
 }
 
 std::vector<Entity> segmentEntities(const DrawingStore& store) {
-  std::vector<Entity> entities;
-  entities.reserve(static_cast<std::size_t>(store.NumSegments));
-  for (int sg = 1; sg <= store.NumSegments; ++sg) entities.push_back(segmentEntity(store, sg));
-  return entities;
+  return segmentEntities(store, 1, store.NumSegments);
 }
 
 std::vector<Entity> pathEntities(const DrawingStore& store) {
+  return pathEntities(store, 1, store.NumPathSegments);
+}
+
+std::vector<Entity> segmentEntities(const DrawingStore& store, int first, int last) {
   std::vector<Entity> entities;
-  entities.reserve(static_cast<std::size_t>(store.NumPathSegments));
-  for (int ps = 1; ps <= store.NumPathSegments; ++ps) entities.push_back(pathEntity(store, ps));
+  entities.reserve(static_cast<std::size_t>(std::max(0, last - first + 1)));
+  for (int sg = first; sg <= last; ++sg) entities.push_back(segmentEntity(store, sg));
+  return entities;
+}
+
+std::vector<Entity> pathEntities(const DrawingStore& store, int first, int last) {
+  std::vector<Entity> entities;
+  entities.reserve(static_cast<std::size_t>(std::max(0, last - first + 1)));
+  for (int ps = first; ps <= last; ++ps) entities.push_back(pathEntity(store, ps));
   return entities;
 }
 

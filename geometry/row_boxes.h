@@ -25,6 +25,9 @@ double magnitudeOf(const Entity& entity);
 // All rows of a table; element k is row k + 1.
 std::vector<Entity> segmentEntities(const DrawingStore& store);
 std::vector<Entity> pathEntities(const DrawingStore& store);
+// Rows `first` to `last`. Both raise Subscript out of range outside the table.
+std::vector<Entity> segmentEntities(const DrawingStore& store, int first, int last);
+std::vector<Entity> pathEntities(const DrawingStore& store, int first, int last);
 std::vector<Box> entityBoxes(const std::vector<Entity>& entities);
 
 }  // namespace tess

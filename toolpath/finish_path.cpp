@@ -72,13 +72,8 @@ class AddedRows {
 
   void placed(const PlacedRows& rows) { placed_ += rows.last - rows.first + 1; }
 
-  // Links within each block, never to rows that were there before.
   void connect(CamDesk& cam) const {
-    const int count = cam.store.NumPathSegments;
-    const bool appended = first_ > rowsBefore_;
-    const int lastPlaced = appended ? count : first_ + placed_ - 1;
-    if (!appended) connectPathSegs(cam, rowsBefore_ + placed_ + 1, count);
-    connectPathSegs(cam, first_, lastPlaced);
+    connectPlacedRows(cam, {first_, first_ + placed_ - 1}, rowsBefore_);
   }
 
  private:

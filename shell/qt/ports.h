@@ -1,13 +1,11 @@
 // The platform as the desktop has it: message boxes, file dialogs, forms in windows, the clock,
 // timers, the pointer and the event loop.
-// Owns: DesktopPrompts, DesktopClock, DesktopSurroundings, DesktopTimers, DesktopPointer,
-//       fileFilters.
+// Owns: DesktopPrompts, DesktopClock, DesktopSurroundings, DesktopTimers, DesktopPointer.
 #pragma once
 
 #include <QCursor>
 #include <QElapsedTimer>
 #include <QPointer>
-#include <QStringList>
 #include <QTimer>
 #include <QWidget>
 #include <functional>
@@ -26,7 +24,7 @@ class DesktopPrompts : public Prompts {
  public:
   explicit DesktopPrompts(Gateway& gateway) : gateway_(gateway) {}
 
-  // What boxes stand over when no other window is active.
+  // What boxes stand over when no other one is open.
   void setWindow(QWidget* window) { window_ = window; }
 
   Answer showMessage(const Message& message) override;
@@ -39,10 +37,6 @@ class DesktopPrompts : public Prompts {
   Gateway& gateway_;
   QPointer<QWidget> window_;
 };
-
-// The toolkit's filters of a pattern such as "*.CDM" or "Drawing Files (*.cdm)|*.cdm|...". File
-// names match in either case.
-QStringList fileFilters(const std::string& pattern);
 
 class DesktopClock : public Clock {
  public:
