@@ -1,12 +1,14 @@
 // The program that the benchmarks of the desktop share, and their main function.
 #include "bench/qt/desktop_bench_support.h"
 
-#include <QApplication>
+#include <algorithm>
 #include <cmath>
+#include <ctime>
 #include <optional>
 #include <random>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "benchmark/benchmark.h"
 
@@ -18,6 +20,12 @@ namespace tess {
 
 namespace {
 
+double processorTime() {
+  timespec time{};
+  clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+  return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) / 1e6;
+}
+
 // A program's folder inside another, filled as at the first start.
 std::string freshProgramFolder(const std::string& folder) {
   const auto environment = [&](const char* name) -> std::optional<std::string> {
@@ -28,6 +36,20 @@ std::string freshProgramFolder(const std::string& folder) {
 }
 
 }  // namespace
+
+bool TimedApplication::notify(QObject* receiver, QEvent* event) {
+  if (depth_ > 0) return QApplication::notify(receiver, event);
+  const double start = processorTime();
+  ++depth_;
+  const bool taken = QApplication::notify(receiver, event);
+  --depth_;
+  longest_ = std::max(longest_, processorTime() - start);
+  return taken;
+}
+
+double TimedApplication::takeLongest() {
+  return std::exchange(longest_, 0);
+}
 
 BenchProgram::BenchProgram() {
   applyTheme(*qApp, /*dark=*/false);
@@ -97,11 +119,24 @@ void scatterLines(BenchProgram& program, int rows, double pixels) {
   }
 }
 
+void drawChain(BenchProgram& program, int rows) {
+  const int across = static_cast<int>(std::ceil(std::sqrt(rows)));
+  const double step = static_cast<double>(kBenchHeight) / (across + 1);
+  const auto corner = [&](int number) {
+    const int line = number / across;
+    const int place = number % across;
+    const int column = line % 2 == 0 ? place : across - 1 - place;
+    return QPointF(column * step, line * step);
+  };
+  emptyDrawing(program);
+  for (int row = 0; row < rows; ++row) addLine(program, corner(row), corner(row + 1));
+}
+
 }  // namespace tess
 
 int main(int count, char** arguments) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
-  QApplication application(count, arguments);
+  tess::TimedApplication application(count, arguments);
   benchmark::Initialize(&count, arguments);
   if (benchmark::ReportUnrecognizedArguments(count, arguments)) return 1;
   benchmark::RunSpecifiedBenchmarks();

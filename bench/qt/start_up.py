@@ -7,14 +7,16 @@ The two start alternately. CPU is that of all threads until the program has had 
 while; the time is from the start to the last work before that; the memory is the peak. Medians.
 """
 
-import os
 import statistics
 import subprocess
 import sys
-import tempfile
 import time
 from dataclasses import dataclass
 from pathlib import Path
+
+sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "tests/support"))
+
+from virtual_display import VirtualDisplay, cpu_of, wait_until_idle  # noqa: E402
 
 QUIET = 0.6  # seconds without work: longer than any timer of a start but that of the splash
 
@@ -26,12 +28,6 @@ class Start:
     peak: float  # megabytes
 
 
-def cpu_of(pid: int) -> float:
-    """Milliseconds of all threads of a process."""
-    return sum(int(task.joinpath("schedstat").read_text().split()[0])
-               for task in Path(f"/proc/{pid}/task").iterdir()) / 1e6
-
-
 def peak_of(pid: int) -> float:
     status = Path(f"/proc/{pid}/status").read_text()
     return int(status.split("VmHWM:")[1].split()[0]) / 1024
@@ -40,13 +36,8 @@ def peak_of(pid: int) -> float:
 def start(command: list[str], environment: dict[str, str]) -> Start:
     began = time.monotonic()
     with subprocess.Popen(command, env=environment) as process:
-        worked, cpu = began, 0.0
-        while time.monotonic() - worked < QUIET:
-            time.sleep(0.005)
-            now = cpu_of(process.pid)
-            if now > cpu:
-                worked, cpu = time.monotonic(), now
-        figures = Start(cpu, (worked - began) * 1000, peak_of(process.pid))
+        ready = wait_until_idle(process.pid, QUIET)
+        figures = Start(cpu_of(process.pid), (ready - began) * 1000, peak_of(process.pid))
         process.terminate()
     return figures
 
@@ -56,35 +47,15 @@ def median(starts: list[Start]) -> Start:
                    for field in ("cpu", "time", "peak")))
 
 
-def display(folder: Path) -> tuple[subprocess.Popen[bytes], str]:
-    reading, writing = os.pipe()
-    server = subprocess.Popen(
-        ["Xvfb", "-displayfd", str(writing), "-screen", "0", "1920x1080x24", "-nolisten", "tcp"],
-        pass_fds=[writing], stderr=folder.joinpath("display.log").open("wb"))
-    os.close(writing)
-    with os.fdopen(reading) as answer:
-        return server, ":" + answer.readline().strip()
-
-
 def main() -> None:
     program, bare = sys.argv[1], sys.argv[2]
     runs = int(sys.argv[3]) if len(sys.argv) > 3 else 11
-    with tempfile.TemporaryDirectory(prefix="tessimo-") as name:
-        folder = Path(name)
-        server, number = display(folder)
-        environment = {"PATH": os.environ["PATH"], "HOME": name, "XDG_RUNTIME_DIR": name,
-                       "DISPLAY": number}
-        manager = subprocess.Popen(["openbox"], env=environment, stderr=subprocess.DEVNULL)
-        commands = {"bare window": [bare], "program": [program]}
-        starts: dict[str, list[Start]] = {title: [] for title in commands}
-        try:
-            for _ in range(runs + 1):
-                for title, command in commands.items():
-                    starts[title].append(start(command, environment))
-        finally:
-            manager.terminate()
-            server.terminate()
-            server.wait()
+    commands = {"bare window": [bare], "program": [program]}
+    starts: dict[str, list[Start]] = {title: [] for title in commands}
+    with VirtualDisplay() as display:
+        for _ in range(runs + 1):
+            for title, command in commands.items():
+                starts[title].append(start(command, display.environment))
     # The first of each reads its files from the disk, and makes those of a new operator.
     figures = {title: median(all_of[1:]) for title, all_of in starts.items()}
     for title, one in figures.items():

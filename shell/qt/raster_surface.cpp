@@ -40,7 +40,11 @@ int contrast(QRgb background, QRgb mask) {
 
 // The part of a segment inside a rectangle, by parameter along the segment.
 std::optional<QLineF> clipped(const QLineF& segment, const QRectF& bounds) {
-  if (bounds.contains(segment.p1()) && bounds.contains(segment.p2())) return segment;
+  const auto holds = [&](QPointF end) {
+    return end.x() >= bounds.left() && end.x() <= bounds.right() && end.y() >= bounds.top() &&
+           end.y() <= bounds.bottom();
+  };
+  if (holds(segment.p1()) && holds(segment.p2())) return segment;
   double from = 0;
   double to = 1;
   const auto cut = [&](double rate, double room) {
@@ -157,6 +161,7 @@ void RasterSurface::resizePicture() {
   lastLine_.reset();
   const QImage before = begun_ ? picture_ : QImage();
   picture_ = QImage();  // makes room for the next one
+  spare_ = QImage();
   picture_ = emptyPicture(size);
   if (begun_) QPainter(&picture_).drawImage(0, 0, before);
 }
@@ -176,6 +181,7 @@ void RasterSurface::setRepaint(bool on) {
   repaint_ = on;
   stopPainting();  // a picture that is being painted on would be copied as a whole
   if (on) {
+    if (shown_.isDetached()) spare_ = shown_;
     shown_ = QImage();
   } else {
     shown_ = begun_ ? picture_ : emptyPicture({1, 1});
@@ -193,16 +199,17 @@ const QImage& RasterSurface::picture() {
   return picture_;
 }
 
-// What is still shown keeps its pixels; to copy them only to paint them over would be a waste.
+// What is still shown keeps its pixels, so the picture goes on in others: those that were shown the
+// time before, since pages that are new to the process cost as much as the lines on them.
 void RasterSurface::Cls() {
   stopPainting();
   begun_ = true;
   lastLine_.reset();
-  if (picture_.isDetached()) {
-    picture_.fill(colorOf(state().backColor));
-  } else {
-    picture_ = emptyPicture(picture_.size());
+  if (!picture_.isDetached()) {
+    const bool fits = spare_.size() == picture_.size();
+    picture_ = fits ? std::exchange(spare_, QImage()) : emptyPicture(picture_.size());
   }
+  picture_.fill(colorOf(state().backColor));
   painted(picture_.rect());
 }
 

@@ -80,6 +80,7 @@ class RasterSurface : public DrawingSurface {
   bool begun_ = false;  // the first clearing: what was painted before, in no view, is not kept
   QImage picture_;
   QImage shown_;                       // while repainting is off
+  QImage spare_;                       // to be cleared for the next picture
   std::unique_ptr<QPainter> painter_;  // kept open from one entity to the next
 };
 
