@@ -1,5 +1,5 @@
 // The port to the system's pointer: its shape, its place and who hears of it.
-// Owns: kDefaultShape, kHourglassShape, kCustomShape, Pointer.
+// Owns: kDefaultShape, kHourglassShape, kCustomShape, Pointer, BusyPointer.
 #pragma once
 
 #include <string>
@@ -25,6 +25,21 @@ class Pointer {
   virtual bool isOverSurface() const = 0;  // the window under it is the drawing surface
   virtual void releaseCapture() = 0;
   virtual void focusSurface() = 0;  // gives the drawing surface the keyboard
+};
+
+// The hourglass as long as it lives: what a command shows that takes its time.
+class BusyPointer {
+ public:
+  explicit BusyPointer(Pointer& pointer) : pointer_(pointer), shape_(pointer.MousePointer()) {
+    pointer_.setMousePointer(kHourglassShape);
+  }
+  ~BusyPointer() { pointer_.setMousePointer(shape_); }
+  BusyPointer(const BusyPointer&) = delete;
+  BusyPointer& operator=(const BusyPointer&) = delete;
+
+ private:
+  Pointer& pointer_;
+  int shape_;
 };
 
 }  // namespace tess

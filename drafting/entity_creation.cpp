@@ -26,9 +26,9 @@ Rgb drawColor(const Desk& desk) {
   return slotColor(desk.store, ColorSlot::Draw);
 }
 
-// Drawn once it appears, drawn again it is gone.
+// Drawn once it appears, drawn again it is gone. In a picture that is not finished there is none.
 void toggleMarkerCross(Desk& desk) {
-  DrawMarkerCross(markerOf(desk), desk.ScreenProxy);
+  if (desk.redraw.markerShown()) DrawMarkerCross(markerOf(desk), desk.ScreenProxy);
 }
 
 void eraseSecondCross(Desk& desk) {
@@ -56,11 +56,6 @@ void appendLogged(Desk& desk, const SegmentRow& row, PictureBoxProxy& target, bo
   AddSeg(desk.store, row, &painter);
   logSegment(desk.changelog, desk.store, desk.store.NumSegments, "A", startsStep);
   desk.store.drawingsaved = false;
-}
-
-void enableUndo(Desk& desk, int mark) {
-  desk.changelog.UndoMark = mark;
-  updateUndoTools(desk);
 }
 
 SegmentRow lineRow(Point from, Point to) {
@@ -94,7 +89,7 @@ void drawLineMode(Desk& desk, PictureBoxProxy& target) {
   const SegmentRow line = lineRow(markerOf(desk), mouseOf(desk));
   appendLogged(desk, line, target, /*startsStep=*/true);
   putMarker(desk, desk.pointer.MouseX, desk.pointer.MouseY);
-  enableUndo(desk, 1);
+  enableUndo(desk, kRowsAdded);
 }
 
 void drawRectangleMode(Desk& desk, PictureBoxProxy& target) {
@@ -110,7 +105,7 @@ void drawRectangleMode(Desk& desk, PictureBoxProxy& target) {
   } else {
     appendLogged(desk, lineRow(a, b), target, /*startsStep=*/true);
   }
-  enableUndo(desk, 4);
+  enableUndo(desk, kRectangleAdded);
   toggleMarkerCross(desk);
 }
 
@@ -118,7 +113,7 @@ void drawCircleC1PMode(Desk& desk, PictureBoxProxy& target) {
   desk.command.clickstage = 0;
   if (markerOf(desk) == mouseOf(desk)) return;
   appendLogged(desk, circleRow(mouseOf(desk), markerOf(desk)), target, /*startsStep=*/true);
-  enableUndo(desk, 1);
+  enableUndo(desk, kRowsAdded);
   rememberMarker(desk);
 }
 
@@ -142,7 +137,7 @@ void drawThreePointMode(Desk& desk, Finish finish) {
 
 bool appendShape(Desk& desk, const SegmentRow& row, PictureBoxProxy& target) {
   appendLogged(desk, row, target, /*startsStep=*/true);
-  enableUndo(desk, 1);
+  enableUndo(desk, kRowsAdded);
   return true;
 }
 
@@ -276,7 +271,7 @@ void BatchAddLines(Desk& desk, std::span<const BatchLine> lines) {
     appendLogged(desk, lineRow({line.x0, line.y0}, {line.x1, line.y1}), desk.ScreenProxy, first);
     first = false;
   }
-  if (!lines.empty()) enableUndo(desk, 1);
+  if (!lines.empty()) enableUndo(desk, kRowsAdded);
 }
 
 void moveMarker(Desk& desk, float x, float y) {

@@ -2,7 +2,10 @@
 #include "drafting/selection.h"
 
 #include <array>
+#include <functional>
+#include <queue>
 #include <utility>
+#include <vector>
 
 #include "core/number_text.h"
 #include "display/renderer.h"
@@ -240,25 +243,27 @@ void SelectConnected(Desk& desk, bool select, int seg, std::vector<bool>& tagged
   }
 }
 
+// Of all rows that touch a marked one the lowest comes next: so the screen fills as by plain
+// sweeps over the table.
 void selectContiguousPaths(Desk& desk, bool select, int ps) {
   const EndPointIndex ends = pathEndIndex(desk.store);
-  std::vector<bool> tagged(static_cast<std::size_t>(desk.store.NumPathSegments) + 1);
-  std::vector<int> walk{ps};
-  std::vector<EndMatch> touching;
-  while (!walk.empty()) {
-    const int row = walk.back();
-    walk.pop_back();
-    if (tagged[static_cast<std::size_t>(row)]) continue;
-    tagged[static_cast<std::size_t>(row)] = true;
+  std::vector<bool> met(static_cast<std::size_t>(desk.store.NumPathSegments) + 1);
+  std::priority_queue<int, std::vector<int>, std::greater<>> touching;
+  std::vector<EndMatch> found;
+  const auto meet = [&](int row) {
+    if (met[static_cast<std::size_t>(row)]) return;
+    met[static_cast<std::size_t>(row)] = true;
+    touching.push(row);
+  };
+  meet(ps);
+  while (!touching.empty()) {
+    const int row = touching.top();
+    touching.pop();
     markPathSegment(desk, row, select);
     const Entity path = pathEntity(desk.store, row);
-    ends.rowsAt(path.end, touching);
-    for (const EndMatch& next : touching) {
-      if (next.atStart) walk.push_back(next.row);
-    }
-    ends.rowsAt(path.start, touching);
-    for (const EndMatch& before : touching) {
-      if (before.atEnd) walk.push_back(before.row);
+    for (const Point end : {path.start, path.end}) {
+      ends.rowsAt(end, found);
+      for (const EndMatch& match : found) meet(match.row);
     }
   }
 }
@@ -305,6 +310,13 @@ void UnselectAll(Desk& desk) {
   if (desk.command.EditPaths) markAllPaths(desk, /*select=*/false);
   unselectAllSegments(desk);
   refreshProperties(desk);
+}
+
+void collectSelected(Desk& desk) {
+  desk.state.Selected.clear();
+  for (int sg = 1; sg <= desk.store.NumSegments; ++sg) {
+    if (desk.store.segattr[sg] >= kSelected) desk.state.Selected.add(sg);
+  }
 }
 
 void addSelectionClicks(ClickActions& clicks) {

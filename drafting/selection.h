@@ -1,8 +1,8 @@
 // Selection: marking rows by click, by window and along chains. The mark lives in segattr and
 // pscode; it is part of the rows, not of the undo steps.
 // Owns: selectedCount, markSegment, markPathSegment, SelectionWindow, SelectWindow,
-//       SelectContiguous, SelectConnected, selectContiguousPaths, UnselectAll, the selection
-//       commands and their clicks.
+//       SelectContiguous, SelectConnected, selectContiguousPaths, UnselectAll, collectSelected, the
+//       selection commands and their clicks.
 #pragma once
 
 #include <string>
@@ -42,8 +42,8 @@ void SelectContiguous(Desk& desk, bool select, int seg, std::vector<bool>& tagge
 // The same walk along crossings: every row that meets the chain is marked.
 void SelectConnected(Desk& desk, bool select, int seg, std::vector<bool>& tagged);
 
-// The chain of path rows through `ps`: rows that go on where another ends, forward and backward,
-// through branches too.
+// All path rows that hang together with `ps` by their ends, whichever way they run and through
+// branches too.
 void selectContiguousPaths(Desk& desk, bool select, int ps);
 
 void mnuDrawSelect_Click(Desk& desk);
@@ -55,6 +55,10 @@ void mnuDrawUnselectAll_Click(Desk& desk);
 
 // The marks go and the collection is empty; what many commands end with.
 void UnselectAll(Desk& desk);
+
+// Makes the collection anew from the marks, in the order of the table: rows have come, gone and
+// moved.
+void collectSelected(Desk& desk);
 
 // Fills in the clicks of the four selecting actions.
 void addSelectionClicks(ClickActions& clicks);

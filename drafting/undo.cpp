@@ -2,11 +2,13 @@
 #include "drafting/undo.h"
 
 #include "drafting/change_walk.h"
+#include "drafting/selection.h"
 
 namespace tess {
 namespace {
 
 void showChange(Desk& desk) {
+  collectSelected(desk);
   desk.redraw.redrawscreen();
   desk.state.updateProperties = true;
   desk.listener.UpdatePropertyWindow();
@@ -25,6 +27,11 @@ void RedoLastChange(Desk& desk) {
   const Procedure here("RedoLastChange");
   redoStep(desk.changelog, desk.store);
   showChange(desk);
+}
+
+void enableUndo(Desk& desk, int mark) {
+  desk.changelog.UndoMark = mark;
+  updateUndoTools(desk);
 }
 
 void updateUndoTools(Desk& desk) {

@@ -1,5 +1,6 @@
 // Undo and redo as commands.
-// Owns: Undo_Last_Change, RedoLastChange, updateUndoTools, clearUndoMenu, resetUndoState.
+// Owns: Undo_Last_Change, RedoLastChange, the undo marks, enableUndo, updateUndoTools,
+//       clearUndoMenu, resetUndoState.
 #pragma once
 
 #include "drafting/desk.h"
@@ -8,6 +9,14 @@ namespace tess {
 
 void Undo_Last_Change(Desk& desk);
 void RedoLastChange(Desk& desk);
+
+// What kind of change can be taken back.
+inline constexpr int kRowsAdded = 1;
+inline constexpr int kRectangleAdded = 4;
+inline constexpr int kRowsDeleted = -1;
+
+// What a command that logged a change ends with.
+void enableUndo(Desk& desk, int mark);
 
 // miUndo and miRedo follow the log.
 void updateUndoTools(Desk& desk);

@@ -28,9 +28,10 @@ bool passesForLineOrArc(int type) {
 
 }  // namespace
 
-CrossingIndex::CrossingIndex(std::vector<Entity> entities, float tolerence)
+CrossingIndex::CrossingIndex(std::vector<Entity> entities, float tolerence, double magnitude)
     : entities_(std::move(entities)),
       tolerence_(std::max(tolerence, 0.0F)),
+      magnitude_(magnitude),
       alignedCenters_(entities_) {
   for (const Entity& entity : entities_) {
     magnitude_ = std::max(magnitude_, magnitudeOf(entity));

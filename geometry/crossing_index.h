@@ -16,8 +16,9 @@ namespace tess {
 
 class CrossingIndex {
  public:
-  // Element k of `entities` is row k + 1.
-  CrossingIndex(std::vector<Entity> entities, float tolerence);
+  // Element k of `entities` is row k + 1. Questions about lines that are in no table are fast as
+  // long as their coordinates lie within those of the rows or within `magnitude`.
+  CrossingIndex(std::vector<Entity> entities, float tolerence, double magnitude = 0);
 
   // The rows above `after` that may cross row `row` or an entity that is in no table, ascending;
   // a row is not its own candidate. Replaces the contents of `rows`.
@@ -32,7 +33,7 @@ class CrossingIndex {
 
   std::vector<Entity> entities_;
   double tolerence_;
-  double magnitude_ = 0;  // the largest coordinate or radius
+  double magnitude_;  // the largest coordinate or radius
   double largestRadius_ = 0;
   bool hasArcs_ = false;
   BoxIndex boxes_;

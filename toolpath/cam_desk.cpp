@@ -1,15 +1,27 @@
 // The desk of the tool-path commands.
 #include "toolpath/cam_desk.h"
 
+#include "drafting/undo.h"
+#include "toolpath/cycles.h"
+#include "toolpath/finish_path.h"
+#include "toolpath/gouge_avoidance.h"
+#include "toolpath/path_placement.h"
+
 namespace tess {
 
 CamDesk::CamDesk(Desk& drafting)
-    : desk(drafting), store(drafting.store), changelog(drafting.changelog) {}
+    : desk(drafting), store(drafting.store), changelog(drafting.changelog) {
+  addFinishPathClicks(*this);
+  addPlacementClicks(*this);
+  addGougeClicks(*this);
+  addCycleClicks(*this);
+}
 
 void showPlacedPaths(CamDesk& cam) {
   cam.store.showpaths = 1;
   cam.desk.session.listener.Update_menu_checks();
   cam.desk.redraw.redrawscreen();
+  if (cam.changelog.canUndo()) enableUndo(cam.desk, kRowsAdded);
 }
 
 }  // namespace tess

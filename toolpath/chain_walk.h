@@ -30,7 +30,7 @@ class ChainWalk {
   std::optional<ChainStep> nextChainSegWithAttr(int from, Point at, int attr);
 
  private:
-  std::optional<ChainStep> step(const EndMatch& match) const;
+  ChainStep step(const EndMatch& match) const;
 
   const DrawingStore& store_;
   EndPointIndex ends_;

@@ -1,10 +1,12 @@
 // Contour offsetting: a chain of drawing rows becomes a chain of path rows beside it.
-// Owns: OffsetOrder, offsetPathChain.
+// Owns: OffsetOrder, offsetPathChain, PlacedRows, Placement, placePathChain.
 #pragma once
 
 #include "toolpath/cam_desk.h"
 
 namespace tess {
+
+class ChainWalk;
 
 struct OffsetOrder {
   int sg = 0;       // the row to begin with
@@ -17,9 +19,44 @@ struct OffsetOrder {
   bool pocketMode = false;  // follow verified rows, the side from pocketSideOf
   bool exactMode = false;   // follow selected rows, on the profile itself
   float radius = 0;         // distance; 0 means the radius of the selected tool
+  // The steps along the drawing's rows, from commands that place many chains; null: made anew.
+  ChainWalk* rows = nullptr;
 };
 
-// Places the rows where pathInsertMode says, logs them, and ends the armed action.
+// Places the rows where pathInsertMode says, logs them as one step, and ends the armed action. A
+// failure leaves no row behind.
 void offsetPathChain(CamDesk& cam, const OffsetOrder& order);
+
+// Path rows `first` to `last`; none when last is below first.
+struct PlacedRows {
+  int first = 1, last = 0;
+  bool empty() const { return last < first; }
+};
+
+// A placement in the making, for commands that go on to change its rows: kept, its rows enter the
+// log as they are then; otherwise they are taken back. Meanwhile the table changes at no other
+// place.
+class Placement {
+ public:
+  explicit Placement(CamDesk& cam);
+  ~Placement();
+  Placement(const Placement&) = delete;
+  Placement& operator=(const Placement&) = delete;
+
+  int first() const { return first_; }
+  PlacedRows rows() const;
+  // Logs the rows, as a step of its own or as part of the one before.
+  void keep(bool startsStep = true);
+
+ private:
+  CamDesk& cam_;
+  int first_;
+  int rowsBefore_;
+  int recordsBefore_;
+  bool kept_ = false;
+};
+
+// What offsetPathChain does, but for the log.
+void placePathChain(CamDesk& cam, const OffsetOrder& order, const Placement& placement);
 
 }  // namespace tess

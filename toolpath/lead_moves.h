@@ -12,7 +12,8 @@ struct LeadOrder {
   float z = 0, feed = 0;
 };
 
-// Inserts both leads; a closed path that begins with a line is made to begin at its midpoint.
+// Inserts both leads; a closed path that begins with a line is made to begin at its midpoint. Not
+// logged: the rows belong to the placement that asks for them.
 void addLeadInOut(CamDesk& cam, const LeadOrder& order);
 
 // True when the lead-in `first` or the lead-out `last` meets a row between them; `length` then is

@@ -1,6 +1,6 @@
 // Placing path rows: what every generator shares, and the placing commands of the menu.
-// Owns: pointsWithin, replicatePathAtZ, connectPathSegs, pathRowExistsFor, reversePathSegment, the
-//       placing commands.
+// Owns: pointsWithin, roughingFloor, firstLevel, replicatePathAtZ, replicateLevels,
+//       connectPathSegs, reversePathSegment, the placing commands.
 #pragma once
 
 #include "toolpath/cam_desk.h"
@@ -10,16 +10,25 @@ namespace tess {
 // True when both coordinates differ by less than `d`.
 bool pointsWithin(Point a, Point b, double d);
 
+// The deepest level of roughing: the final depth less what the floor finish takes. Never positive,
+// unless the floor finish is deeper than the part.
+float roughingFloor(const DrawingStore& store);
+// The first of several levels above `floor`.
+float firstLevel(const DrawingStore& store, float floor);
+
 // Appends a copy of the last run of rows of one depth and code at another depth; one step of the
 // log.
 void replicatePathAtZ(CamDesk& cam, float z, float feed);
 
-// Links the gaps between consecutive rows `first` to `last` by feed moves, save where an island's
-// working outline is in the way. Returns the last row's new number.
-int connectPathSegs(CamDesk& cam, int first, int last);
+// Copies what was cut at level `z` to the levels below it, down to `floor` at the roughing feed and
+// then to the floor finish, if there is one. Nothing is copied when no row came after the first
+// `rowsBefore`. Returns the deepest level.
+float replicateLevels(CamDesk& cam, float z, float floor, int rowsBefore);
 
-// True when a path row lies exactly on drawing row `sg`, in either direction.
-bool pathRowExistsFor(const DrawingStore& store, int sg);
+// Links the gaps between consecutive rows `first` to `last` by feed moves, save where an island's
+// working outline is in the way. The links belong to the step of the rows before them. Returns the
+// last row's new number. Raises Subscript out of range outside the table.
+int connectPathSegs(CamDesk& cam, int first, int last);
 
 // Runs a line or an arc the other way; other rows stay.
 void reversePathSegment(CamDesk& cam, int ps);
@@ -28,7 +37,6 @@ void mnuCAMPlace1PathSeg_Click(CamDesk& cam);
 void quickPlacePaths(CamDesk& cam);
 void mnuCAMUndoLastPlace_Click(CamDesk& cam);
 void mnuClearAllPaths_Click(CamDesk& cam);
-void mnuRevPathDir_Click(CamDesk& cam);
 
 // Fills in the click of reversing.
 void addPlacementClicks(CamDesk& cam);

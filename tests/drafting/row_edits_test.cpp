@@ -1,6 +1,9 @@
 // Taking rows out of the tables and putting path rows in between.
 #include "drafting/row_edits.h"
 
+#include <utility>
+#include <vector>
+
 #include "gtest/gtest.h"
 
 #include "tests/support/drafting_desk.h"
@@ -50,6 +53,33 @@ TEST(DeletePathSegment, MovesLaterRowsDown) {
   EXPECT_FALSE(store.drawingsaved);
 }
 
+TEST(DeleteSegments, TakesARangeOutAtOneGo) {
+  DrawingStore store = threeRows();
+  deleteSegments(store, 1, 2);
+  EXPECT_EQ(segmentTexts(store), (Texts{"2 (0, 0)-(3, 0) c (3, -3)"}));
+  EXPECT_FALSE(store.drawingsaved);
+  EXPECT_EQ(store.NumPathSegments, 3);
+}
+
+TEST(DeletePathSegments, TakesARangeOutAtOneGo) {
+  DrawingStore store = threeRows();
+  deletePathSegments(store, 2, 3);
+  EXPECT_EQ(pathTexts(store), (Texts{"1 (0, 0)-(1, 0) @100 z -1 f 1"}));
+  EXPECT_FALSE(store.drawingsaved);
+  EXPECT_EQ(store.NumSegments, 3);
+}
+
+TEST(DeletePathSegments, ARangeNotWhollyInUseChangesNothing) {
+  DrawingStore store = threeRows();
+  for (const auto& [first, last] : {std::pair{0, 1}, {2, 4}, {3, 2}}) {
+    deleteSegments(store, first, last);
+    deletePathSegments(store, first, last);
+  }
+  EXPECT_EQ(store.NumSegments, 3);
+  EXPECT_EQ(store.NumPathSegments, 3);
+  EXPECT_TRUE(store.drawingsaved);
+}
+
 TEST(InsertPathSegment, PutsARowOfTheCurrentGroupInFront) {
   DrawingStore store = threeRows();
   store.currentpathgroup = 12;
@@ -60,6 +90,69 @@ TEST(InsertPathSegment, PutsARowOfTheCurrentGroupInFront) {
   EXPECT_TRUE(store.psvisible[2]);
   EXPECT_EQ(store.lastplacedgroup, 12);
   EXPECT_FALSE(store.drawingsaved);
+}
+
+TEST(DeletePathSegments, TakesTheMarkedRowsTogether) {
+  DrawingStore store = threeRows();
+  deletePathSegments(store, {false, false, false, false});
+  EXPECT_TRUE(store.drawingsaved);
+  deletePathSegments(store, {false, true, false, true});
+  EXPECT_EQ(pathTexts(store), Texts{"1 (0, 0)-(2, 0) @100 z -2 f 2"});
+  EXPECT_FALSE(store.drawingsaved);
+}
+
+TEST(InsertPathSegment, ReducesAToolAboveOneHundred) {
+  struct ToolCase {
+    int tool, code;
+  };
+  for (const ToolCase& row : {ToolCase{99, 299}, {100, 300}, {101, 201}, {1203, 203}}) {
+    DrawingStore store = threeRows();
+    store.currentpathgroup = 2;
+    insertPathSegment(store, 1, {}, row.tool);
+    EXPECT_EQ(store.pscode[1], row.code) << row.tool;
+  }
+}
+
+TEST(InsertPathSegments, PutsEachInFrontOfItsRow) {
+  DrawingStore together = threeRows();
+  DrawingStore oneByOne = threeRows();
+  const std::vector<PathInsertion> insertions = {{1, {.type = 1, .x1 = 7}},
+                                                 {3, {.type = 1, .x1 = 8}},
+                                                 {3, {.type = 1, .x1 = 9}},
+                                                 {4, {.type = 2, .x1 = 10}}};
+  together.currentpathgroup = oneByOne.currentpathgroup = 5;
+  insertPathSegments(together, insertions, 2);
+  int inserted = 0;
+  for (const PathInsertion& insertion : insertions) {
+    insertPathSegment(oneByOne, insertion.before + inserted++, insertion.row, 2);
+  }
+  EXPECT_EQ(pathTexts(together), pathTexts(oneByOne));
+  EXPECT_EQ(pathTexts(together), (Texts{"1 (0, 0)-(7, 0) @502 z 0", "1 (0, 0)-(1, 0) @100 z -1 f 1",
+                                        "1 (0, 0)-(2, 0) @100 z -2 f 2", "1 (0, 0)-(8, 0) @502 z 0",
+                                        "1 (0, 0)-(9, 0) @502 z 0", "1 (0, 0)-(3, 0) @100 z -3 f 3",
+                                        "2 (0, 0)-(10, 0) c (0, 0) @502 z 0"}));
+  EXPECT_EQ(together.lastplacedgroup, 5);
+  EXPECT_FALSE(together.drawingsaved);
+}
+
+TEST(InsertPathSegments, OfNoneChangesNothing) {
+  DrawingStore store = threeRows();
+  store.currentpathgroup = 5;
+  insertPathSegments(store, {}, 2);
+  EXPECT_EQ(store.NumPathSegments, 3);
+  EXPECT_EQ(store.lastplacedgroup, 1);
+  EXPECT_TRUE(store.drawingsaved);
+}
+
+TEST(InsertPathSegments, InAFullTableInsertsNone) {
+  DrawingStore store;
+  ensurePathCapacity(store, 32767);
+  store.NumPathSegments = 32766;
+  const std::vector<PathInsertion> insertions(2, PathInsertion{1, {.type = 1}});
+  EXPECT_EQ(testing::numberOfFailure([&] { insertPathSegments(store, insertions, 0); }),
+            FailureNumber::Overflow);
+  EXPECT_EQ(store.NumPathSegments, 32766);
+  EXPECT_EQ(store.pstype[1], 0);
 }
 
 TEST(InsertPathSegment, InAFullTableFails) {

@@ -420,17 +420,19 @@ TEST(SelectContiguous, WalksAsThePlainPassDoes) {
   EXPECT_GT(branches, 10);
 }
 
-TEST(SelectContiguousPaths, FollowsTheWayOfThePathBothWays) {
+TEST(SelectContiguousPaths, TakesAllRowsThatHangTogetherByTheirEnds) {
   RecordedDesk d;
   d.addPathLine(0, 0, 1, 0, 101);
   d.addPathLine(1, 0, 2, 0, 203);
   d.addPathLine(2, 0, 3, 0, 101);
   d.addPathLine(2, 2, 1, 0, 101);   // ends where the second one starts
   d.addPathLine(0, 0, -1, 0, 101);  // starts where the first one starts
+  d.addPathLine(3, 3, 3, 0, 101);   // ends where the third one ends
+  d.addPathLine(4, 4, 4, 3, 101);   // touches none
   d.desk.command.EditPaths = true;
   mnuDrawSelectContiguous(d.desk);
   d.click(1.5F, 0.1F);
-  EXPECT_EQ(selectedPaths(d.store), (Rows{1, 2, 3, 4}));
+  EXPECT_EQ(selectedPaths(d.store), (Rows{1, 2, 3, 4, 5, 6}));
   EXPECT_EQ(d.store.pscode[2], 30203);
   EXPECT_TRUE(d.messages().empty());
   mnuDrawUnselectContiguous(d.desk);
@@ -446,6 +448,53 @@ TEST(SelectContiguousPaths, GoesRoundAClosedPathOnce) {
   d.addPathLine(1, 1, 0, 0);
   selectContiguousPaths(d.desk, /*select=*/true, 2);
   EXPECT_EQ(selectedPaths(d.store), (Rows{1, 2, 3}));
+}
+
+// Sweep after sweep over the table, as long as one finds a row that touches a marked one.
+std::vector<bool> plainContiguous(const DrawingStore& store, int ps) {
+  std::vector<bool> marked(static_cast<std::size_t>(store.NumPathSegments) + 1);
+  marked[static_cast<std::size_t>(ps)] = true;
+  const auto meet = [&](int a, int b) {
+    const Entity one = pathEntity(store, a);
+    const Entity other = pathEntity(store, b);
+    const auto same = [&](Point p, Point q) { return samePoint(p, q, store.cfg_tolerance); };
+    return same(one.start, other.start) || same(one.start, other.end) ||
+           same(one.end, other.start) || same(one.end, other.end);
+  };
+  for (bool found = true; found;) {
+    found = false;
+    for (int row = 1; row <= store.NumPathSegments; ++row) {
+      if (marked[static_cast<std::size_t>(row)]) continue;
+      for (int other = 1; other <= store.NumPathSegments; ++other) {
+        if (!marked[static_cast<std::size_t>(other)] || !meet(row, other)) continue;
+        marked[static_cast<std::size_t>(row)] = found = true;
+        break;
+      }
+    }
+  }
+  return marked;
+}
+
+TEST(SelectContiguousPaths, TakesWhatPlainSweepsTake) {
+  int beyondTheFirst = 0;
+  for (int number = 0; number < 3 * testing::kSceneKinds; ++number) {
+    SCOPED_TRACE(::testing::Message() << "scene " << number);
+    RecordedDesk d;
+    std::vector<Entity> entities = testing::sceneOf(number).entities;
+    if (entities.size() > 40) entities.resize(40);
+    for (const Entity& entity : entities) testing::addPath(d.store, entity);
+    for (int ps = 1; ps <= d.store.NumPathSegments; ps += 7) {
+      const std::vector<bool> expected = plainContiguous(d.store, ps);
+      selectContiguousPaths(d.desk, /*select=*/true, ps);
+      std::vector<bool> marked(expected.size());
+      for (const int row : selectedPaths(d.store)) marked[static_cast<std::size_t>(row)] = true;
+      EXPECT_EQ(marked, expected) << "from row " << ps;
+      beyondTheFirst += selectedPaths(d.store).size() > 1 ? 1 : 0;
+      selectContiguousPaths(d.desk, /*select=*/false, ps);
+      EXPECT_EQ(selectedPaths(d.store), Rows{}) << "from row " << ps;
+    }
+  }
+  EXPECT_GT(beyondTheFirst, 20);
 }
 
 TEST(SelectConnected, FollowsCrossings) {

@@ -6,6 +6,7 @@
 #include "gtest/gtest.h"
 
 #include "geometry/intersections.h"
+#include "geometry/row_boxes.h"
 #include "tests/geometry/rows.h"
 #include "tests/geometry/scenes.h"
 
@@ -69,6 +70,35 @@ TEST(CrossingIndex, MissesNoCrossingWithAnEntityOfNoTable) {
       if (HasFatalFailure()) return;
     }
   }
+}
+
+TEST(CrossingIndex, MissesNoCrossingWithLinesUpToTheMagnitudeNamed) {
+  for (int number = 0; number < 20 * testing::kSceneKinds; ++number) {
+    SCOPED_TRACE(::testing::Message() << "scene " << number);
+    const std::vector<Entity> entities = testing::sceneOf(number).entities;
+    std::vector<Entity> lines = testing::sceneOf(number + 13 * 1000 + number % 3).entities;
+    std::erase_if(lines, [](const Entity& entity) { return entity.type != kLine; });
+    if (lines.size() > 40) lines.resize(40);
+    double magnitude = 0;
+    for (const Entity& line : lines) magnitude = std::max(magnitude, magnitudeOf(line));
+    const CrossingIndex index(entities, kTolerence, magnitude);
+    std::vector<int> candidates;
+    for (const Entity& line : lines) {
+      index.candidates(line, 0, candidates);
+      expectAllCrossings(entities, line, 0, 0, kTolerence, candidates);
+      if (HasFatalFailure()) return;
+    }
+  }
+}
+
+TEST(CrossingIndex, LinesUpToTheMagnitudeNamedAreNotTriedWithAll) {
+  const std::vector<Entity> walls = {lineEntity({0, 0}, {1, 1}), lineEntity({0, 1}, {1, 0})};
+  const Entity outside = lineEntity({5, 5}, {6, 5});
+  std::vector<int> candidates;
+  CrossingIndex(walls, kTolerence).candidates(outside, 0, candidates);
+  EXPECT_EQ(candidates, (std::vector<int>{1, 2}));
+  CrossingIndex(walls, kTolerence, 6).candidates(outside, 0, candidates);
+  EXPECT_EQ(candidates, std::vector<int>{});
 }
 
 Entity closedArc(Point center, float radius) {

@@ -20,6 +20,7 @@ class RecordingPrompts : public Prompts {
  public:
   Answer showMessage(const Message& message) override {
     messages.push_back(message);
+    if (onMessage) onMessage();
     if (answers.empty()) return firstButton(message.buttons);
     const Answer answer = answers.front();
     answers.pop_front();
@@ -50,6 +51,7 @@ class RecordingPrompts : public Prompts {
 
   std::deque<Answer> answers;
   std::deque<std::optional<std::string>> files;
+  std::function<void()> onMessage;  // what happens while a message is up
   std::function<void(Form&)> onForm;
   std::vector<Message> messages;
   std::vector<FileRequest> fileRequests;

@@ -1,0 +1,41 @@
+// Cleanup Drawing.
+#include "drafting/frmCleanupDrawing.h"
+
+#include "drafting/drawing_cleanup.h"
+
+namespace tess {
+
+frmCleanupDrawing::frmCleanupDrawing(Desk& desk)
+    : Form("frmCleanupDrawing", "Cleanup Drawing"), desk_(desk) {
+  chkZeroLengthSegs.setCaption("&Zero-length lines");
+  chkDuplicateSegs.setCaption("&Duplicate entities");
+  cmdCleanup.setCaption("C&leanup");
+  cmdCancel.setCaption("&Cancel");
+  setDefaultButton(cmdCleanup);
+  setCancelButton(cmdCancel);
+  onLoad = [this] { showCounts(); };
+  cmdCleanup.onClick = [this] { accept(); };
+  cmdCancel.onClick = [this] { close(); };
+  onAccept = [this] { cleanUp(); };
+}
+
+void frmCleanupDrawing::showCounts() {
+  lblTotalZeroLengthSegs.setCaption(std::to_string(countZeroLength(desk_.store)));
+  lblTotalDupSegs.setCaption(std::to_string(countDuplicates(desk_.store)));
+}
+
+void frmCleanupDrawing::cleanUp() {
+  if (chkZeroLengthSegs.isChecked()) removeZeroLength(desk_.store);
+  if (chkDuplicateSegs.isChecked()) {
+    removeDuplicates(desk_.store, desk_.session.host.prompts, /*deleteSilently=*/true);
+  }
+  desk_.redraw.redrawscreen();
+}
+
+void mnuCleanupDrawing(Desk& desk) {
+  const Procedure here("frmMain.mnuCleanupDrawing()");
+  frmCleanupDrawing form(desk);
+  desk.session.host.prompts.showModal(form);
+}
+
+}  // namespace tess

@@ -1,0 +1,135 @@
+// Leads that cut into their path: the recommended length, and shortening to it.
+#include "gtest/gtest.h"
+
+#include "tests/geometry/rows.h"
+#include "tests/support/drafting_desk.h"
+#include "toolpath/lead_moves.h"
+
+namespace tess {
+namespace {
+
+using testing::addPath;
+using testing::pathText;
+
+struct GougeCase {
+  const char* name;
+  std::vector<Entity> path;  // from the lead-in to the lead-out
+  bool gouge;
+  float length;
+};
+
+Entity line(float x0, float y0, float x1, float y1) {
+  return lineEntity({x0, y0}, {x1, y1});
+}
+
+Entity arc(int type, Point start, Point end, Point center) {
+  return {type, start, end, center};
+}
+
+DrawingStore storeOf(const std::vector<Entity>& path) {
+  DrawingStore store;
+  store.cfg_tolerance = 0.001F;
+  for (const Entity& row : path) addPath(store, row);
+  return store;
+}
+
+TEST(CheckLeadGouge, FindsTheShortestWayToAHit) {
+  const GougeCase kCases[] = {
+      {"leads clear of the path",
+       {line(-1, -1, 0, 0), line(0, 0, 4, 0), line(4, 0, 5, -1)},
+       false,
+       0},
+      {"the lead-in crosses a row",
+       {line(2, -2, 2, 1), line(2, 1, 4, 1), line(4, 1, 4, -1), line(4, -1, 0, -1),
+        line(0, -1, -1, -1)},
+       true,
+       2},
+      {"the lead-out crosses nearer",
+       {line(2, -2, 2, 1), line(2, 1, 4, 1), line(4, 1, 4, -1), line(4, -1, 0, -1),
+        line(0, -1, 5, -0.5F)},
+       true,
+       2},
+      {"a third of an inch, at five places",
+       {line(0, 3, 0, 1), line(0, 1, 2, 1), line(2, 1, 2, 1.333333F),
+        line(2, 1.333333F, -2, 1.333333F), line(-2, 1.333333F, -3, 2)},
+       true,
+       0.33333F},
+      {"both hits of an arc: the nearer one counts",
+       {line(0, 3, 0, -3), line(0, -3, 3, -3), arc(3, {1, 0}, {1, 0}, {0, 0}), line(3, 3, 4, 4)},
+       true,
+       2},
+      {"nothing between the leads", {line(0, 0, 1, 0), line(1, 0, 0, 0)}, false, 0},
+  };
+  for (const GougeCase& row : kCases) {
+    const DrawingStore store = storeOf(row.path);
+    float length = -7;
+    EXPECT_EQ(checkLeadGouge(store, 1, store.NumPathSegments, length), row.gouge) << row.name;
+    EXPECT_FLOAT_EQ(length, row.gouge ? row.length : -7) << row.name;
+  }
+}
+
+TEST(CheckLeadGouge, LooksOnlyAtRowsBetweenTheLeads) {
+  const DrawingStore store = storeOf({line(0, -1, 0, 1), line(-1, 0, 1, 0), line(5, 5, 6, 5),
+                                      line(6, 5, 7, 5), line(5.5F, 0, 5.5F, 9)});
+  float length = -7;
+  EXPECT_FALSE(checkLeadGouge(store, 2, 4, length));
+  EXPECT_TRUE(checkLeadGouge(store, 1, 4, length));
+  EXPECT_EQ(length, 1);
+}
+
+// A level lead to (3, 0) through a round row of radius 1/3 at the origin: its first hit is the
+// right one, its second the left one.
+TEST(CheckLeadGouge, RoundsByWhichHitsThereAre) {
+  const float r = 1.0F / 3;
+  struct RoundingCase {
+    const char* name;
+    Point junction;
+    Entity row;
+    float length;
+  };
+  const RoundingCase kCases[] = {
+      {"first hit alone: rounded", {3, 0}, arc(3, {0, -r}, {0, r}, {0, 0}), 2.66667F},
+      {"second hit alone: as it is", {3, 0}, arc(3, {0, r}, {0, -r}, {0, 0}), 3 + r},
+      {"both, the first nearer: as it is", {3, 0}, arc(3, {r, 0}, {r, 0}, {0, 0}), 3 - r},
+      {"both, the second nearer: rounded", {-3, 0}, arc(3, {r, 0}, {r, 0}, {0, 0}), 2.66667F},
+  };
+  for (const RoundingCase& row : kCases) {
+    const Entity leadIn = line(-row.junction.x, 0, row.junction.x, 0);
+    const DrawingStore store = storeOf({leadIn, row.row, line(9, 9, 9, 8)});
+    float length = 0;
+    EXPECT_TRUE(checkLeadGouge(store, 1, 3, length)) << row.name;
+    EXPECT_EQ(length, row.length) << row.name;
+  }
+}
+
+TEST(FitLeadLength, MovesTheFreeEndOfALine) {
+  struct FitCase {
+    const char* name;
+    Entity lead;
+    float length;
+    int mode;
+    const char* after;
+  };
+  const FitCase kCases[] = {
+      {"start", line(0, 0, 4, 0), 1, kFitStart, "1 (3, 0)-(4, 0) @100 z 0"},
+      {"end", line(0, 0, 4, 0), 1, kFitEnd, "1 (0, 0)-(1, 0) @100 z 0"},
+      {"slanted start", line(0, 0, 3, 4), 2.5F, kFitStart, "1 (1.5, 2)-(3, 4) @100 z 0"},
+      {"slanted end", line(0, 0, 3, 4), 2.5F, kFitEnd, "1 (0, 0)-(1.5, 2) @100 z 0"},
+      {"as long already", line(0, 0, 3, 4), 5, kFitEnd, "1 (0, 0)-(3, 4) @100 z 0"},
+      {"shorter already", line(0, 0, 3, 4), 6, kFitStart, "1 (0, 0)-(3, 4) @100 z 0"},
+      {"no length wanted", line(0, 0, 3, 4), 0, kFitStart, "1 (0, 0)-(3, 4) @100 z 0"},
+      {"a negative length", line(0, 0, 3, 4), -1, kFitEnd, "1 (0, 0)-(3, 4) @100 z 0"},
+      {"a lead of no length", line(2, 2, 2, 2), 1, kFitEnd, "1 (2, 2)-(2, 2) @100 z 0"},
+      {"an arc", arc(2, {0, 1}, {1, 0}, {0, 0}), 0.5F, kFitStart,
+       "2 (0, 1)-(1, 0) c (0, 0) @100 z 0"},
+      {"another mode", line(0, 0, 3, 4), 1, 3, "1 (0, 0)-(3, 4) @100 z 0"},
+  };
+  for (const FitCase& row : kCases) {
+    DrawingStore store = storeOf({row.lead});
+    fitLeadLength(store, 1, row.length, row.mode);
+    EXPECT_EQ(pathText(pathRow(store, 1)), row.after) << row.name;
+  }
+}
+
+}  // namespace
+}  // namespace tess

@@ -1,0 +1,154 @@
+// The offset chain among the path rows: which side, which rows, and where they go.
+#include "toolpath/contour_offset.h"
+
+#include <cmath>
+#include <vector>
+
+#include "display/view_transform.h"
+#include "drafting/row_edits.h"
+#include "geometry/nearest.h"
+#include "toolpath/element_offset.h"
+#include "toolpath/lead_moves.h"
+#include "toolpath/path_groups.h"
+#include "toolpath/pocket_side.h"
+
+namespace tess {
+namespace {
+
+constexpr int kSelectedRow = kSelected + kOrdinaryClass;
+
+// A click this near to the profile lies on it: less than five pixels when rounded to whole ones.
+constexpr double kDeadBandPixels = 4.5;
+
+int signOnScreen(const CamDesk& cam, double difference) {
+  const double pixels = difference * PixelsPerInchX(cam.desk.ScreenProxy);
+  return std::abs(pixels) <= kDeadBandPixels ? 0 : signOf(difference);
+}
+
+// Where the click lies from the nearest point of row `sg`.
+SideSigns clickFrom(const CamDesk& cam, int sg, Point click) {
+  Point nearest = click;
+  nearestOnSeg(cam.store, sg, click, nearest);
+  return {signOnScreen(cam, static_cast<double>(click.x) - nearest.x),
+          signOnScreen(cam, static_cast<double>(click.y) - nearest.y)};
+}
+
+int sideOfArc(const CamDesk& cam, const Entity& arc, SideSigns reference, Point click) {
+  if (reference.x == 0 && reference.y == 0) return 0;
+  const double outside = static_cast<double>(distance(click, arc.center)) - radiusOf(arc);
+  return arcSense(arc.type) * signOnScreen(cam, outside);
+}
+
+// A pocket decides the side of a line; that of an arc comes from the click all the same.
+int sideOfPath(const CamDesk& cam, const OffsetOrder& order, const Entity& first) {
+  if (order.exactMode) return 0;
+  if (isArc(first.type)) {
+    return sideOfArc(cam, first, clickFrom(cam, order.sg, order.click), order.click);
+  }
+  if (first.type != kLine) return 0;
+  if (order.pocketMode) return pocketSideOf(cam.store, order.start, order.direction);
+  return sideOfLine(first, clickFrom(cam, order.sg, order.click));
+}
+
+std::optional<ChainStep> nextRow(ChainWalk& rows, const OffsetOrder& order, int from, Point at) {
+  if (order.pocketMode) return rows.nextChainSegWithAttr(from, at, kVerifiedRow);
+  if (order.exactMode) return rows.nextChainSegWithAttr(from, at, kSelectedRow);
+  return rows.nextChainSeg(from, at);
+}
+
+bool walkAlong(const DrawingStore& store, const OffsetOrder& order, Point end, OffsetChain& chain) {
+  OffsetWalk walk;
+  walk.sg = order.sg;
+  walk.start = order.start;
+  walk.end = end;
+  walk.wholeChain = order.chain;
+  std::optional<ChainWalk> ownRows;
+  if (order.chain && order.rows == nullptr) ownRows.emplace(store);
+  ChainWalk* const rows = ownRows ? &*ownRows : order.rows;
+  walk.next = [rows, &order](int from, Point at) { return nextRow(*rows, order, from, at); };
+  return offsetAlong(store, walk, chain);
+}
+
+void insertElements(CamDesk& cam, const OffsetOrder& order, int first,
+                    const std::vector<Entity>& elements) {
+  std::vector<PathInsertion> rows;
+  rows.reserve(elements.size());
+  for (const Entity& element : elements) {
+    rows.push_back({first,
+                    {.type = element.type,
+                     .x0 = element.start.x,
+                     .y0 = element.start.y,
+                     .x1 = element.end.x,
+                     .y1 = element.end.y,
+                     .xc = element.center.x,
+                     .yc = element.center.y,
+                     .z = order.z,
+                     .feed = order.feed}});
+  }
+  insertPathSegments(cam.store, rows, cam.store.selectedtool);
+}
+
+bool wantsLeads(const DrawingStore& store, const OffsetOrder& order, int side) {
+  return order.chain && (store.cfg_lead_in_arc || store.cfg_lead_in_path) &&
+         store.cfg_lead_in_angle > 0 && store.cfg_lead_in_length > 0 && !order.pocketMode &&
+         side != 0;
+}
+
+}  // namespace
+
+Placement::Placement(CamDesk& cam)
+    : cam_(cam),
+      first_(pathInsertIndex(cam.store, cam.pathInsertMode, cam.pathInsertGroup)),
+      rowsBefore_(cam.store.NumPathSegments),
+      recordsBefore_(cam.changelog.changecount) {}
+
+Placement::~Placement() {
+  if (kept_) return;
+  deletePathSegments(cam_.store, rows().first, rows().last);
+  ChangeLog& log = cam_.changelog;
+  if (log.changecount > recordsBefore_) log.changecount = log.changetop = recordsBefore_;
+}
+
+PlacedRows Placement::rows() const {
+  return {first_, first_ - 1 + cam_.store.NumPathSegments - rowsBefore_};
+}
+
+void Placement::keep(bool startsStep) {
+  const auto [first, last] = rows();
+  for (int ps = first; ps <= last; ++ps) {
+    logPathSegment(cam_.changelog, cam_.store, ps, "A", startsStep && ps == first);
+  }
+  kept_ = true;
+}
+
+void placePathChain(CamDesk& cam, const OffsetOrder& order, const Placement& placement) {
+  DrawingStore& store = cam.store;
+  if (!order.pocketMode && !order.exactMode) store.currentpathgroup = nextPathGroup(store);
+  if (samePoint(order.start, order.direction, store.cfg_tolerance) &&
+      !isArc(store.segtype[order.sg])) {
+    cam.desk.session.host.surroundings.beep();
+    return;
+  }
+  const Point end = otherEnd(store, order.sg, order.start);
+  const Entity first = travelledRow(store, order.sg, order.start, end);
+  const int side = sideOfPath(cam, order, first);
+  const float radius = order.radius != 0 ? order.radius : store.toolradius[store.selectedtool];
+  OffsetChain chain({side, radius, store.cfg_tolerance});
+  const bool closed = walkAlong(store, order, end, chain);
+  insertElements(cam, order, placement.first(), chain.elements());
+  const PlacedRows rows = placement.rows();
+  if (wantsLeads(store, order, side) && !rows.empty()) {
+    addLeadInOut(cam, {closed, rows.first, rows.last, order.z, order.feed});
+  }
+  cam.desk.state.setPendingaction(0);
+}
+
+void offsetPathChain(CamDesk& cam, const OffsetOrder& order) {
+  const Procedure here(
+      "frmMain.offsetPathChain(sg,xs,ys,xd,yd,z,feed,chain,pocketMode,exactMode,radius)");
+  Placement placement(cam);
+  placePathChain(cam, order, placement);
+  placement.keep();
+}
+
+}  // namespace tess

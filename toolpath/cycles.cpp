@@ -1,0 +1,120 @@
+// Machine cycles.
+#include "toolpath/cycles.h"
+
+#include "core/number_text.h"
+#include "drafting/pending_actions.h"
+#include "drafting/undo.h"
+#include "geometry/entity.h"
+#include "toolpath/dlgSelectCycle.h"
+
+namespace tess {
+namespace {
+
+constexpr int kSlotCycle = 79;  // runs from the marker to the click
+constexpr int kCodesPerGroup = 100;
+
+int numberOf(const DrawingStore& store, int cycle) {
+  return cycleNumber(store.cycletext[cycle]);
+}
+
+// The setup may have been replaced since the template was chosen.
+bool isTemplate(const DrawingStore& store, int cycle) {
+  return cycle >= 0 && cycle < store.NumCycles;
+}
+
+PathRow cycleRow(const DrawingStore& store, int cycle, Point from, Point to) {
+  return {.type = numberOf(store, cycle),
+          .x0 = from.x,
+          .y0 = from.y,
+          .x1 = to.x,
+          .y1 = to.y,
+          .xc = store.cycleincrdepth[cycle],
+          .yc = store.cycledwell[cycle],
+          .z = store.cyclefinaldepth[cycle],
+          .feed = store.cyclefeedrate[cycle],
+          .code = store.currentpathgroup * kCodesPerGroup + store.selectedtool};
+}
+
+// Appends the row to the current group, logs and shows it.
+void placeCycle(CamDesk& cam, const PathRow& row, bool startsStep) {
+  DrawingStore& store = cam.store;
+  addPathSegment(store, row);
+  logPathSegment(cam.changelog, store, store.NumPathSegments, "A", startsStep);
+  store.showpaths = 1;
+  cam.desk.session.listener.Update_menu_checks();
+  cam.desk.renderer.drawtoolpath(store.NumPathSegments, cam.desk.ScreenProxy);
+  enableUndo(cam.desk, kRowsAdded);
+}
+
+void placeInNewGroup(CamDesk& cam, int cycle, Point from, Point to) {
+  cam.store.currentpathgroup = nextPathGroup(cam.store);
+  placeCycle(cam, cycleRow(cam.store, cycle, from, to), /*startsStep=*/true);
+}
+
+Point marker(const DrawingStore& store) {
+  return {store.markerx, store.markery};
+}
+
+// A full turn is told by equal floats: an arc that merely closes within the tolerance is open.
+bool isSelectedCircle(const DrawingStore& store, int sg) {
+  if (!isSelected(store.segattr[sg])) return false;
+  const Entity row = segmentEntity(store, sg);
+  return row.type == kCircle || (isArc(row.type) && row.start == row.end);
+}
+
+void armPlacing(CamDesk& cam) {
+  arm(cam.desk, PendingAction::PlaceCycle, /*drawMode=*/-1);
+}
+
+void clickPlaceCycle(CamDesk& cam) {
+  const DrawingStore& store = cam.store;
+  const int cycle = cam.selectedCycle;
+  if (!isTemplate(store, cycle)) return;
+  const Point click{cam.desk.pointer.MouseX, cam.desk.pointer.MouseY};
+  const Point from = numberOf(store, cycle) == kSlotCycle ? marker(store) : click;
+  placeInNewGroup(cam, cycle, from, click);
+}
+
+// The first template is not repeated: its number, 0, is the one that stands for no choice here.
+void repeatPlacing(CamDesk& cam) {
+  if (cam.selectedCycle >= 1) armPlacing(cam);
+}
+
+}  // namespace
+
+int cycleNumber(const std::string& cycletext) {
+  return cycletext.size() < 2 ? 0 : parseInteger(cycletext.substr(1, 2));
+}
+
+void placeCyclesAtSelectedCircles(CamDesk& cam, int cycle) {
+  DrawingStore& store = cam.store;
+  bool placedAny = false;
+  for (int sg = 1; sg <= store.NumSegments; ++sg) {
+    if (!isSelectedCircle(store, sg)) continue;
+    if (!placedAny) store.currentpathgroup = nextPathGroup(store);
+    const Point center = segmentEntity(store, sg).center;
+    placeCycle(cam, cycleRow(store, cycle, center, center), /*startsStep=*/!placedAny);
+    placedAny = true;
+  }
+}
+
+void mnuCAMAddMachCycle_Click(CamDesk& cam) {
+  const Procedure here("frmMain.mnuCAMAddMachCycle_Click()");
+  const int cycle = chooseCycle(cam);
+  if (cycle < 0) return;
+  placeInNewGroup(cam, cycle, marker(cam.store), marker(cam.store));
+}
+
+void CAMAddMachCycleDeferred(CamDesk& cam) {
+  const Procedure here("frmMain.CAMAddMachCycleDeferred()");
+  cam.selectedCycle = chooseCycle(cam);
+  if (cam.selectedCycle >= 0) armPlacing(cam);
+}
+
+void addCycleClicks(CamDesk& cam) {
+  constexpr auto kPlaceCycle = static_cast<std::size_t>(PendingAction::PlaceCycle);
+  cam.desk.clickActions[kPlaceCycle] = [&cam](Desk&) { clickPlaceCycle(cam); };
+  cam.desk.repeatCommands[kPlaceCycle] = [&cam](Desk&) { repeatPlacing(cam); };
+}
+
+}  // namespace tess

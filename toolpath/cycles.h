@@ -1,0 +1,26 @@
+// Machine cycles: a template of the setup placed as one path row at a point.
+// Owns: cycleNumber, placeCyclesAtSelectedCircles, mnuCAMAddMachCycle_Click,
+//       CAMAddMachCycleDeferred, addCycleClicks.
+#pragma once
+
+#include <string>
+
+#include "toolpath/cam_desk.h"
+
+namespace tess {
+
+// The G number of a template: what characters 2 and 3 of its text read as; 0 for no digits there.
+int cycleNumber(const std::string& cycletext);
+
+// One row of template `cycle` (from 0) at the centre of every selected circle or full arc, in one
+// new group and as one step of the log. Rows in index order.
+void placeCyclesAtSelectedCircles(CamDesk& cam, int cycle);
+
+// Asks for a template, then places it at the marker at once, or arms the click that places it.
+void mnuCAMAddMachCycle_Click(CamDesk& cam);
+void CAMAddMachCycleDeferred(CamDesk& cam);
+
+// Fills in the placing click and its repetition.
+void addCycleClicks(CamDesk& cam);
+
+}  // namespace tess

@@ -1,0 +1,102 @@
+// Cycle Select & Definition.
+#include "toolpath/dlgSelectCycle.h"
+
+#include <algorithm>
+#include <array>
+
+#include "core/number_text.h"
+#include "toolpath/cycles.h"
+
+namespace tess {
+namespace {
+
+constexpr std::array kWithoutIncrement = {81, 82, 85, 89};
+constexpr std::array kWithoutDwell = {79, 81, 83, 87};
+constexpr std::size_t kShortestNumberedText = 3;  // a letter and two digits
+
+template <std::size_t count>
+bool isOneOf(const std::array<int, count>& numbers, int number) {
+  return std::find(numbers.begin(), numbers.end(), number) != numbers.end();
+}
+
+}  // namespace
+
+dlgSelectCycle::dlgSelectCycle(CamDesk& cam)
+    : Form("dlgSelectCycle", "Cycle Select & Definition"), cam_(cam) {
+  chkSelectedCircles.setCaption("At the centers of the selected circles");
+  cmdAccept.setCaption("&Accept");
+  cmdCancel.setCaption("&Cancel");
+  setDefaultButton(cmdAccept);
+  setCancelButton(cmdCancel);
+  onLoad = [this] { load(); };
+  List1.onClick = [this] { chooseTemplate(); };
+  for (const Field& field : fields_) {
+    field.box.onLeave = [this, &field] { keep(field); };
+  }
+  cmdAccept.onClick = [this] { accept(); };
+  cmdCancel.onClick = [this] { close(); };
+  onAccept = [this] { takeOver(); };
+}
+
+// A template that is chosen fills the fields by its click.
+void dlgSelectCycle::load() {
+  const DrawingStore& store = cam_.store;
+  for (int cycle = 0; cycle < store.NumCycles; ++cycle) List1.addItem(store.cycletext[cycle]);
+  if (cam_.selectedCycle >= 0 && cam_.selectedCycle < store.NumCycles) {
+    template_ = cam_.selectedCycle;
+  }
+  fill();
+  if (hasTemplate()) List1.setIndex(template_);
+}
+
+void dlgSelectCycle::chooseTemplate() {
+  if (List1.index() < 0) return;
+  template_ = List1.index();
+  fill();
+  enableFields();
+}
+
+void dlgSelectCycle::fill() {
+  for (const Field& field : fields_) show(field);
+}
+
+void dlgSelectCycle::show(const Field& field) {
+  if (!hasTemplate()) {
+    field.box.setText(field.withoutTemplate);
+    return;
+  }
+  const float value = (cam_.store.*field.column)[template_];
+  const std::string& format = cam_.desk.session.formats.coordfmt;
+  field.box.setText(field.isDepth ? formatNumber(value, format) : plainText(value));
+}
+
+// A field that is left writes its number into the template, which Cancel does not take back.
+void dlgSelectCycle::keep(const Field& field) {
+  if (hasTemplate()) (cam_.store.*field.column)[template_] = parseFloat(field.box.text());
+  show(field);
+}
+
+// What the cycle of the template has no use for is out of reach.
+void dlgSelectCycle::enableFields() {
+  const std::string& text = cam_.store.cycletext[template_];
+  const int number = text.size() < kShortestNumberedText ? 0 : cycleNumber(text);
+  txtcycleincrdepth.setEnabled(!isOneOf(kWithoutIncrement, number));
+  txtcycledwell.setEnabled(!isOneOf(kWithoutDwell, number));
+}
+
+void dlgSelectCycle::takeOver() {
+  result_ = hasTemplate() ? template_ : -1;
+  fill();
+  if (!chkSelectedCircles.isChecked()) return;
+  if (hasTemplate()) placeCyclesAtSelectedCircles(cam_, template_);
+  chkSelectedCircles.setChecked(false);
+  result_ = -1;
+}
+
+int chooseCycle(CamDesk& cam) {
+  dlgSelectCycle dialog(cam);
+  cam.desk.session.host.prompts.showModal(dialog);
+  return dialog.result();
+}
+
+}  // namespace tess

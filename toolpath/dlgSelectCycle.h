@@ -1,0 +1,62 @@
+// Cycle Select & Definition: the choice of a machine cycle among the templates of the setup, whose
+// numbers can be edited on the way.
+// Owns: dlgSelectCycle, chooseCycle.
+#pragma once
+
+#include <array>
+
+#include "core/controls.h"
+#include "core/form.h"
+#include "toolpath/cam_desk.h"
+
+namespace tess {
+
+class dlgSelectCycle : public Form {
+ public:
+  explicit dlgSelectCycle(CamDesk& cam);
+
+  ListBox List1{*this, "List1"};
+  TextBox txtcyclefinaldepth{*this, "txtcyclefinaldepth"};
+  TextBox txtcycleincrdepth{*this, "txtcycleincrdepth"};
+  TextBox txtcycledwell{*this, "txtcycledwell"};
+  TextBox txtcyclefeedrate{*this, "txtcyclefeedrate"};
+  CheckBox chkSelectedCircles{*this, "chkSelectedCircles"};
+  Button cmdAccept{*this, "cmdAccept"};
+  Button cmdCancel{*this, "cmdCancel"};
+
+  // The template to place, from 0; -1 for none.
+  int result() const { return result_; }
+
+ private:
+  // A number of the template and the box that shows it.
+  struct Field {
+    TextBox& box;
+    Column<float> DrawingStore::*column;
+    bool isDepth;
+    const char* withoutTemplate;
+  };
+
+  void load();
+  void chooseTemplate();
+  void fill();
+  void show(const Field& field);
+  void keep(const Field& field);
+  void enableFields();
+  void takeOver();
+  bool hasTemplate() const { return template_ < cam_.store.NumCycles; }
+
+  CamDesk& cam_;
+  const std::array<Field, 4> fields_{{
+      {txtcyclefinaldepth, &DrawingStore::cyclefinaldepth, true, "0"},
+      {txtcycleincrdepth, &DrawingStore::cycleincrdepth, true, "0"},
+      {txtcycledwell, &DrawingStore::cycledwell, false, ""},
+      {txtcyclefeedrate, &DrawingStore::cyclefeedrate, false, "0"},
+  }};
+  int template_ = 0;
+  int result_ = -1;
+};
+
+// Shows the dialog and gives its result.
+int chooseCycle(CamDesk& cam);
+
+}  // namespace tess

@@ -1,0 +1,205 @@
+// The finish path. Passes run from the outermost to the finished size, each with its levels.
+#include "toolpath/finish_path.h"
+
+#include <cmath>
+
+#include "core/number_text.h"
+#include "display/pointer.h"
+#include "drafting/pending_actions.h"
+#include "geometry/nearest.h"
+#include "geometry/nearest_scans.h"
+#include "toolpath/contour_offset.h"
+#include "toolpath/frmFinishPath.h"
+#include "toolpath/gouge_avoidance.h"
+#include "toolpath/lead_moves.h"
+#include "toolpath/path_groups.h"
+#include "toolpath/path_placement.h"
+
+namespace tess {
+namespace {
+
+Point clickOf(const CamDesk& cam) {
+  return {cam.desk.pointer.MouseX, cam.desk.pointer.MouseY};
+}
+
+void beep(CamDesk& cam) {
+  cam.desk.session.host.surroundings.beep();
+}
+
+// ---- The passes
+
+// The tool's radius for the finished size; farther out by the clearance, then by steps.
+float passDistance(const DrawingStore& store, int pass) {
+  const float radius = store.toolradius[store.selectedtool];
+  if (pass == 1) return radius;
+  const auto steps = static_cast<float>(pass - 2);
+  return radius + store.cfg_min_rough_clearance + steps * store.cfg_tool_spacing_distance;
+}
+
+// An arc lead alone does not count.
+bool checksLeads(const CamDesk& cam) {
+  const DrawingStore& store = cam.store;
+  return cam.PlaceChain != 0 && store.cfg_lead_in_path && store.cfg_lead_in_angle >= 1 &&
+         store.cfg_lead_in_length > 0;
+}
+
+Message leadQuestion(float length) {
+  return {.text =
+              "A possible Gouge was detected betweeen the Lead In/Lead Out paths and the "
+              "Finishing Path.  We recommend a Lead In/Out distance of " +
+              plainText(length) +
+              ".\n\nDo you wish to continue using the recommended Lead In/Out distance ?",
+          .title = "Gouge Detected",
+          .icon = MessageIcon::Question,
+          .buttons = MessageButtons::YesNo};
+}
+
+void offerShorterLeads(CamDesk& cam, const PlacedRows& rows) {
+  float length = 0;
+  if (!checkLeadGouge(cam.store, rows.first, rows.last, length)) return;
+  const Answer answer = cam.desk.session.host.prompts.showMessage(leadQuestion(length));
+  if (answer != Answer::Yes) return;
+  fitLeadLength(cam.store, rows.first, length, kFitStart);
+  fitLeadLength(cam.store, rows.last, length, kFitEnd);
+}
+
+// Where the rows of all passes have come: those of the outlines as one block, copies at the end.
+class AddedRows {
+ public:
+  explicit AddedRows(const CamDesk& cam)
+      : first_(pathInsertIndex(cam.store, cam.pathInsertMode, cam.pathInsertGroup)),
+        rowsBefore_(cam.store.NumPathSegments) {}
+
+  void placed(const PlacedRows& rows) { placed_ += rows.last - rows.first + 1; }
+
+  // Links within each block, never to rows that were there before.
+  void connect(CamDesk& cam) const {
+    const int count = cam.store.NumPathSegments;
+    const bool appended = first_ > rowsBefore_;
+    const int lastPlaced = appended ? count : first_ + placed_ - 1;
+    if (!appended) connectPathSegs(cam, rowsBefore_ + placed_ + 1, count);
+    connectPathSegs(cam, first_, lastPlaced);
+  }
+
+ private:
+  int first_;
+  int rowsBefore_;
+  int placed_ = 0;
+};
+
+struct PassOrder {
+  OffsetOrder offset;
+  float floor = 0;       // the deepest level of several
+  bool several = false;  // levels
+};
+
+void placePass(CamDesk& cam, const PassOrder& pass, AddedRows& added) {
+  const int rowsBefore = cam.store.NumPathSegments;
+  Placement placement(cam);
+  placePathChain(cam, pass.offset, placement);
+  if (cam.store.cfg_gouge_avoidance && !placement.rows().empty()) {
+    if (pass.several && checksLeads(cam)) offerShorterLeads(cam, placement.rows());
+    removeSelfIntersections(cam, placement.first(), ChainKind::Path);
+  }
+  placement.keep();
+  added.placed(placement.rows());
+  if (pass.several) replicateLevels(cam, pass.offset.z, pass.floor, rowsBefore);
+}
+
+PassOrder passOrder(const CamDesk& cam) {
+  const DrawingStore& store = cam.store;
+  PassOrder pass;
+  pass.floor = roughingFloor(store);
+  pass.several = -std::abs(store.cfg_start_depth) >= pass.floor;
+  pass.offset = {
+      .sg = cam.finishSegment,
+      .start = cam.finishStart,
+      .direction = cam.finishDirection,
+      .click = clickOf(cam),
+      .z = pass.several ? firstLevel(store, pass.floor) : -std::abs(store.cfg_final_depth),
+      .feed = store.cfg_finish_feedrate,
+      .chain = cam.PlaceChain != 0};
+  return pass;
+}
+
+void placeFinishPath(CamDesk& cam) {
+  const BusyPointer busy(cam.desk.systemPointer);
+  AddedRows added(cam);
+  PassOrder pass = passOrder(cam);
+  for (int number = cam.numFinishPasses; number >= 1; --number) {
+    pass.offset.radius = passDistance(cam.store, number);
+    placePass(cam, pass, added);
+  }
+  if (cam.store.cfg_connect_pocketing_paths) added.connect(cam);
+  showPlacedPaths(cam);
+}
+
+// ---- The clicks
+
+void clickStart(CamDesk& cam) {
+  if (!nearestSegEndpoint(cam.store, clickOf(cam), cam.finishStart)) return;
+  cam.desk.state.setPendingaction(goOnWith(PendingAction::FinishDirection));
+}
+
+// The row is the one that leaves the start toward the click.
+void clickDirection(CamDesk& cam) {
+  const Point click = clickOf(cam);
+  const auto toward = [](double start, double to) { return narrow((9 * start + to) / 10); };
+  const int sg = nearestSeg(
+      cam.store, {toward(cam.finishStart.x, click.x), toward(cam.finishStart.y, click.y)});
+  if (sg == 0) {
+    beep(cam);
+    cam.desk.state.setPendingaction(goOnWith(PendingAction::FinishDirection));
+    return;
+  }
+  cam.finishSegment = sg;
+  nearestOnSeg(cam.store, sg, click, cam.finishDirection);
+  cam.desk.state.setPendingaction(goOnWith(PendingAction::FinishReference));
+}
+
+void clickReference(CamDesk& cam) {
+  if (samePoint(cam.finishStart, cam.finishDirection, cam.store.cfg_tolerance)) {
+    beep(cam);
+    return;
+  }
+  placeFinishPath(cam);
+}
+
+void repeatPlacement(CamDesk& cam) {
+  cam.PlaceChain != 0 ? mnuCAMPlaceFinishPath_Click(cam) : mnuCAMPlace1PathSeg_Click(cam);
+}
+
+struct ClickRow {
+  PendingAction action;
+  void (*click)(CamDesk&);
+};
+
+constexpr ClickRow kClicks[] = {
+    {PendingAction::FinishStart, clickStart},
+    {PendingAction::FinishDirection, clickDirection},
+    {PendingAction::FinishReference, clickReference},
+};
+
+}  // namespace
+
+void mnuCAMPlaceFinishPath_Click(CamDesk& cam) {
+  const Procedure here("frmMain.mnuCAMPlaceFinishPath_Click()");
+  cam.PlaceChain = 1;
+  roundall(cam.store);
+  frmFinishPath options(cam);
+  cam.desk.session.host.prompts.showModal(options);
+  arm(cam.desk, PendingAction::FinishStart);
+}
+
+void addFinishPathClicks(CamDesk& cam) {
+  for (const ClickRow& row : kClicks) {
+    cam.desk.clickActions[static_cast<std::size_t>(row.action)] = [&cam, click = row.click](Desk&) {
+      click(cam);
+    };
+  }
+  cam.desk.repeatCommands[static_cast<std::size_t>(PendingAction::FinishStart)] = [&cam](Desk&) {
+    repeatPlacement(cam);
+  };
+}
+
+}  // namespace tess

@@ -1,0 +1,15 @@
+// The finish path: the command, the three clicks that it shares with placing one path segment, and
+// the passes that they place.
+// Owns: mnuCAMPlaceFinishPath_Click, addFinishPathClicks.
+#pragma once
+
+#include "toolpath/cam_desk.h"
+
+namespace tess {
+
+void mnuCAMPlaceFinishPath_Click(CamDesk& cam);
+
+// Fills in the clicks for the start, the direction and the reference, and what repeats them.
+void addFinishPathClicks(CamDesk& cam);
+
+}  // namespace tess

@@ -1,0 +1,76 @@
+// Finishing Path Options.
+#include "toolpath/frmFinishPath.h"
+
+#include <algorithm>
+
+#include "core/number_text.h"
+#include "core/rounding.h"
+
+namespace tess {
+namespace {
+
+constexpr int kMostPasses = 99;
+constexpr int kPassesWithClearance = 2;  // from here on the clearance plays a part
+constexpr int kPassesWithStepOver = 3;   // and from here on the step-over
+
+// As a whole number; whatever lies outside the passes that are possible is 0.
+int passesIn(const std::string& text) {
+  const double read = std::clamp(Val(text), 0.0, kMostPasses + 1.0);
+  const int passes = roundHalfEven(read);
+  return passes <= kMostPasses ? passes : 0;
+}
+
+}  // namespace
+
+frmFinishPath::frmFinishPath(CamDesk& cam)
+    : Form("frmFinishPath", "Finishing Path Options"), cam_(cam) {
+  FraRoughCuts.setCaption(" Rough Cut Clearance ");
+  FraStepOver.setCaption(" Step Over Amount ");
+  chkGougeAvoidance.setCaption("Apply Gouge Avoidance");
+  chkConnectPocketPaths.setCaption("Connect Pocket Paths");
+  cmdOK.setCaption("&OK");
+  cmdCancel.setCaption("&Cancel");
+  setDefaultButton(cmdOK);
+  setCancelButton(cmdCancel);
+  onLoad = [this] { fill(); };
+  txtNumPasses.onChange = [this] { passesChanged(); };
+  cmdOK.onClick = [this] { accept(); };
+  cmdCancel.onClick = [this] { close(); };
+  onAccept = [this] { takeOver(); };
+  // However it is left, the command goes on to its clicks.
+  onClose = [this] {
+    if (!accepted()) cam_.numFinishPasses = 1;
+  };
+}
+
+void frmFinishPath::fill() {
+  const DrawingStore& store = cam_.store;
+  txtminroughclear.setText(plainText(store.cfg_min_rough_clearance));
+  stepOver_.load();
+  chkGougeAvoidance.setChecked(store.cfg_gouge_avoidance);
+  chkConnectPocketPaths.setChecked(store.cfg_connect_pocketing_paths);
+  txtNumPasses.setText("1");
+}
+
+void frmFinishPath::passesChanged() {
+  const int passes = passesIn(txtNumPasses.text());
+  if (passes < 1) {
+    txtNumPasses.setText("1");
+    return;
+  }
+  passes_ = passes;
+  FraRoughCuts.setEnabled(passes >= kPassesWithClearance);
+  FraStepOver.setEnabled(passes >= kPassesWithStepOver);
+}
+
+void frmFinishPath::takeOver() {
+  DrawingStore& store = cam_.store;
+  const float clearance = parseFloat(txtminroughclear.text());
+  stepOver_.takeOver();
+  cam_.numFinishPasses = passes_;
+  store.cfg_min_rough_clearance = clearance;
+  store.cfg_gouge_avoidance = chkGougeAvoidance.isChecked();
+  store.cfg_connect_pocketing_paths = chkConnectPocketPaths.isChecked();
+}
+
+}  // namespace tess

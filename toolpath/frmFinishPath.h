@@ -1,0 +1,39 @@
+// Finishing Path Options: how many passes a finish path takes, and at which distances.
+// Owns: frmFinishPath.
+#pragma once
+
+#include "core/form.h"
+#include "toolpath/cam_desk.h"
+#include "toolpath/step_over_fields.h"
+
+namespace tess {
+
+class frmFinishPath : public Form {
+ public:
+  explicit frmFinishPath(CamDesk& cam);
+
+  TextBox txtNumPasses{*this, "txtNumPasses"};
+  Frame FraRoughCuts{*this, "FraRoughCuts"};
+  TextBox txtminroughclear{*this, "txtminroughclear", FraRoughCuts};
+  Frame FraStepOver{*this, "FraStepOver"};
+  ControlArray<Option> OptCutWidth{
+      *this, "OptCutWidth", {kStepByPercent, kStepByDistance}, FraStepOver};
+  TextBox txtToolSpacingPercent{*this, "txtToolSpacingPercent", FraStepOver};
+  TextBox txtToolSpacingDistance{*this, "txtToolSpacingDistance", FraStepOver};
+  CheckBox chkGougeAvoidance{*this, "chkGougeAvoidance"};
+  CheckBox chkConnectPocketPaths{*this, "chkConnectPocketPaths"};
+  Button cmdOK{*this, "cmdOK"};
+  Button cmdCancel{*this, "cmdCancel"};
+
+ private:
+  void fill();
+  void passesChanged();
+  void takeOver();
+
+  CamDesk& cam_;
+  StepOverFields stepOver_{cam_.store,
+                           {OptCutWidth, txtToolSpacingPercent, txtToolSpacingDistance}};
+  int passes_ = 1;
+};
+
+}  // namespace tess

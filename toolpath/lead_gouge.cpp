@@ -1,0 +1,75 @@
+// Leads that cut into the path they belong to: finding them and shortening them.
+#include <optional>
+
+#include "core/rounding.h"
+#include "geometry/intersections.h"
+#include "toolpath/lead_moves.h"
+
+namespace tess {
+namespace {
+
+constexpr int kLengthDecimals = 5;
+
+// The shortest way to a hit so far. A way of 0 is no hit: the row next to a lead meets it at their
+// common end.
+class ShortestWay {
+ public:
+  void offer(float way) {
+    if (way > 0 && (!shortest_ || way < *shortest_)) shortest_ = way;
+  }
+  const std::optional<float>& shortest() const { return shortest_; }
+
+ private:
+  std::optional<float> shortest_;
+};
+
+float roundedWay(Point from, Point to) {
+  return roundTo(distance(from, to), kLengthDecimals);
+}
+
+// Which of the ways are rounded differs by the hits: with both hits it is the second, with one hit
+// the first. Recommended lengths rely on it.
+void offerHits(ShortestWay& way, int hits, Point junction, const PointPair& at) {
+  if (hits == kFirstHit) way.offer(roundedWay(junction, at.first));
+  if (hits == kSecondHit) way.offer(distance(junction, at.second));
+  if (hits == kFirstHit + kSecondHit) {
+    way.offer(distance(junction, at.first));
+    way.offer(roundedWay(junction, at.second));
+  }
+}
+
+}  // namespace
+
+bool checkLeadGouge(const DrawingStore& store, int first, int last, float& length) {
+  const Point leadInEnd = pathEntity(store, first).end;
+  const Point leadOutStart = pathEntity(store, last).start;
+  ShortestWay way;
+  for (int ps = first + 1; ps < last; ++ps) {
+    PointPair at;
+    offerHits(way, intersectPathSegs(store, first, ps, at), leadInEnd, at);
+    offerHits(way, intersectPathSegs(store, last, ps, at), leadOutStart, at);
+  }
+  if (!way.shortest()) return false;
+  length = *way.shortest();
+  return true;
+}
+
+void fitLeadLength(DrawingStore& store, int ps, float length, int mode) {
+  if (store.pstype[ps] != kLine) return;
+  const Entity lead = pathEntity(store, ps);
+  const float present = distance(lead.start, lead.end);
+  if (present <= 0 || length <= 0 || present <= length) return;
+  const double ratio = static_cast<double>(length) / present;
+  const auto moved = [ratio](float from, float to) {
+    return narrow((static_cast<double>(from) - to) * ratio + to);
+  };
+  if (mode == kFitStart) {
+    store.psx0[ps] = moved(lead.start.x, lead.end.x);
+    store.psy0[ps] = moved(lead.start.y, lead.end.y);
+  } else if (mode == kFitEnd) {
+    store.psx1[ps] = moved(lead.end.x, lead.start.x);
+    store.psy1[ps] = moved(lead.end.y, lead.start.y);
+  }
+}
+
+}  // namespace tess

@@ -1,0 +1,134 @@
+// Leads: an approach at an angle to the path, from the side that is free of material.
+#include "toolpath/lead_moves.h"
+
+#include <cmath>
+
+#include "drafting/row_edits.h"
+#include "geometry/angles.h"
+#include "geometry/nearest.h"
+#include "geometry/nearest_scans.h"
+
+namespace tess {
+namespace {
+
+constexpr double kQuarterTurn = 90;  // all angles here are in degrees
+
+double radians(double degrees) {
+  return degrees * kPi / 180;
+}
+
+Point away(Point from, double degrees, double length) {
+  return {narrow(from.x + length * std::cos(radians(degrees))),
+          narrow(from.y + length * std::sin(radians(degrees)))};
+}
+
+// Which way a row runs at a place of it, and what lies square to its left.
+struct Heading {
+  double tangent = 0, normal = 0;
+};
+
+Heading headingAt(const Entity& row, Point at) {
+  if (!isArc(row.type)) {
+    const double tangent = polarOf(row.start, row.end).degrees;
+    return {tangent, tangent + kQuarterTurn};
+  }
+  const double outward = vectorAngle(row.center, at) * 180 / kPi;
+  if (row.type == kClockwiseArc) return {outward - kQuarterTurn, outward};
+  return {outward + kQuarterTurn, outward + 2 * kQuarterTurn};
+}
+
+// True when the profile lies to the left of the path: a probe of a tool's radius to that side comes
+// nearer to it than the path itself.
+bool materialIsLeft(const DrawingStore& store, Point at, double normal) {
+  const int sg = nearestSeg(store, at);
+  Point onProfile;
+  if (sg == 0 || nearestOnSeg(store, sg, at, onProfile) != kFound) return false;
+  const Point probe = away(at, normal, store.toolradius[store.selectedtool]);
+  return distance(onProfile, at) > distance(onProfile, probe);
+}
+
+// The direction of a lead and the direction from it to the centre of an arc.
+struct LeadAngles {
+  double along = 0, normal = 0;
+};
+
+// The tool comes from the free side and leaves to it.
+LeadAngles leadIn(double tangent, double angle, bool materialLeft) {
+  return materialLeft ? LeadAngles{tangent + angle, tangent + angle - kQuarterTurn}
+                      : LeadAngles{tangent - angle, tangent - angle + kQuarterTurn};
+}
+LeadAngles leadOut(double tangent, double angle, bool materialLeft) {
+  return materialLeft ? LeadAngles{tangent - angle, tangent - angle - kQuarterTurn}
+                      : LeadAngles{tangent + angle, tangent + angle + kQuarterTurn};
+}
+
+int shorterSense(const ArcAngles& arc) {
+  const float rising = std::abs(ArcSweep(arc.start, arc.end, kCounterClockwiseArc));
+  const float falling = std::abs(ArcSweep(arc.start, arc.end, kClockwiseArc));
+  return rising > falling ? kClockwiseArc : kCounterClockwiseArc;
+}
+
+Entity arcLead(const DrawingStore& store, Point from, Point to, double normal) {
+  const Point middle = midpointAndSlope(from, to).middle;
+  const double half = radians(store.cfg_lead_in_angle / 2.0);
+  const Point center = away(middle, normal, std::cos(half) * store.cfg_lead_in_length);
+  return {shorterSense(arcRadiusAndAngles(from, to, center)), from, to, center};
+}
+
+Entity leadMove(const DrawingStore& store, Point from, Point to, double normal) {
+  return store.cfg_lead_in_arc ? arcLead(store, from, to, normal) : lineEntity(from, to);
+}
+
+void insertMove(CamDesk& cam, const LeadOrder& order, int index, const Entity& move) {
+  insertPathSegment(cam.store, index,
+                    {.type = move.type,
+                     .x0 = move.start.x,
+                     .y0 = move.start.y,
+                     .x1 = move.end.x,
+                     .y1 = move.end.y,
+                     .xc = move.center.x,
+                     .yc = move.center.y,
+                     .z = order.z,
+                     .feed = order.feed},
+                    cam.store.selectedtool);
+}
+
+// The path then begins and ends in the middle of its first line. Returns the new last row.
+int beginAtMidpoint(CamDesk& cam, const LeadOrder& order) {
+  const Entity line = pathEntity(cam.store, order.first);
+  const Point middle = midpointAndSlope(line.start, line.end).middle;
+  cam.store.psx0[order.first] = middle.x;
+  cam.store.psy0[order.first] = middle.y;
+  const Point end = pathEntity(cam.store, order.last).end;
+  insertMove(cam, order, order.last + 1, lineEntity(end, middle));
+  return order.last + 1;
+}
+
+}  // namespace
+
+void addLeadInOut(CamDesk& cam, const LeadOrder& order) {
+  const DrawingStore& store = cam.store;
+  const double angle = store.cfg_lead_in_angle;
+  const double length = store.cfg_lead_in_length;
+  const bool splits = order.closed && store.pstype[order.first] == kLine;
+  const int last = splits ? beginAtMidpoint(cam, order) : order.last;
+
+  const Entity firstRow = pathEntity(store, order.first);
+  const Entity lastRow = pathEntity(store, last);
+  const Heading entry = headingAt(firstRow, firstRow.start);
+  const bool leftAtStart = materialIsLeft(store, firstRow.start, entry.normal);
+  const LeadAngles in = leadIn(entry.tangent, angle, leftAtStart);
+
+  // A closed path is left where it was entered.
+  const Heading parting = order.closed ? entry : headingAt(lastRow, lastRow.end);
+  const bool leftAtEnd =
+      order.closed ? leftAtStart : materialIsLeft(store, lastRow.end, parting.normal);
+  const LeadAngles out = leadOut(parting.tangent, angle, leftAtEnd);
+
+  const Point from = away(firstRow.start, in.along, -length);
+  const Point to = away(lastRow.end, out.along, length);
+  insertMove(cam, order, last + 1, leadMove(store, lastRow.end, to, out.normal));
+  insertMove(cam, order, order.first, leadMove(store, from, firstRow.start, in.normal));
+}
+
+}  // namespace tess

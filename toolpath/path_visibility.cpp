@@ -1,0 +1,33 @@
+// Hiding path rows from the screen.
+#include "toolpath/path_visibility.h"
+
+namespace tess {
+namespace {
+
+bool anySelected(const DrawingStore& store) {
+  for (int ps = 1; ps <= store.NumPathSegments; ++ps) {
+    if (isSelected(store.pscode[ps])) return true;
+  }
+  return false;
+}
+
+void setVisibility(CamDesk& cam, bool visible) {
+  DrawingStore& store = cam.store;
+  const bool selectedAlone = anySelected(store);
+  for (int ps = 1; ps <= store.NumPathSegments; ++ps) {
+    if (!selectedAlone || isSelected(store.pscode[ps])) store.psvisible[ps] = visible;
+  }
+  cam.desk.redraw.redrawscreen();
+}
+
+}  // namespace
+
+void miVisible_Click(CamDesk& cam) {
+  setVisibility(cam, /*visible=*/true);
+}
+
+void miInvisible_Click(CamDesk& cam) {
+  setVisibility(cam, /*visible=*/false);
+}
+
+}  // namespace tess

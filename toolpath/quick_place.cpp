@@ -1,0 +1,65 @@
+// Quick Place: paths on the profile itself, for everything that is selected.
+#include <cmath>
+
+#include "display/pointer.h"
+#include "toolpath/chain_walk.h"
+#include "toolpath/contour_offset.h"
+#include "toolpath/path_placement.h"
+#include "toolpath/placed_outlines.h"
+
+namespace tess {
+namespace {
+
+constexpr int kSelectedRow = kSelected + kOrdinaryClass;
+
+OffsetOrder orderFor(const DrawingStore& store, int sg, float z, ChainWalk& rows) {
+  const Entity row = segmentEntity(store, sg);
+  return {.sg = sg,
+          .start = row.start,
+          .direction = row.end,
+          .click = {},
+          .z = z,
+          .feed = store.cfg_finish_feedrate,
+          .chain = true,
+          .exactMode = true,
+          .rows = &rows};
+}
+
+// A chain is placed whole by its lowest row; its other rows then have a path on them. All chains
+// are one step of the log.
+void placeSelectedChains(CamDesk& cam, float z) {
+  DrawingStore& store = cam.store;
+  PlacedOutlines placed(store);
+  ChainWalk rows(store);
+  bool startsStep = true;
+  for (int sg = 1; sg <= store.NumSegments; ++sg) {
+    if (store.segattr[sg] != kSelectedRow || placed.covers(segmentEntity(store, sg))) continue;
+    Placement placement(cam);
+    placePathChain(cam, orderFor(store, sg, z, rows), placement);
+    placement.keep(startsStep);
+    const PlacedRows added = placement.rows();
+    startsStep = startsStep && added.empty();
+    for (int ps = added.first; ps <= added.last; ++ps) placed.add(pathEntity(store, ps));
+  }
+}
+
+}  // namespace
+
+void quickPlacePaths(CamDesk& cam) {
+  const Procedure here("frmMain.quickPlacePaths()");
+  const BusyPointer busy(cam.desk.systemPointer);
+  DrawingStore& store = cam.store;
+  store.currentpathgroup = nextPathGroup(store);
+  const int rowsBefore = store.NumPathSegments;
+  const float floor = roughingFloor(store);
+  if (-std::abs(store.cfg_start_depth) >= floor) {
+    const float z = firstLevel(store, floor);
+    placeSelectedChains(cam, z);
+    replicateLevels(cam, z, floor, rowsBefore);
+  } else {
+    placeSelectedChains(cam, -std::abs(store.cfg_final_depth));
+  }
+  showPlacedPaths(cam);
+}
+
+}  // namespace tess

@@ -1,0 +1,145 @@
+// Rough pocketing: one level is cut, deeper ones are copies of it.
+#include "toolpath/rough_pocket.h"
+
+#include <cmath>
+
+#include "drafting/pending_actions.h"
+#include "toolpath/gouge_avoidance.h"
+#include "toolpath/outline_corners.h"
+#include "toolpath/path_placement.h"
+#include "toolpath/scan_lines.h"
+#include "toolpath/scan_run.h"
+#include "toolpath/working_outlines.h"
+#include "toolpath/working_rows.h"
+
+namespace tess {
+namespace {
+
+// Values of cfg_pocketing_style.
+constexpr int kHorizontalOnly = 1;
+constexpr int kVerticalOnly = 2;
+constexpr int kParallelSpiral = 3;
+
+bool isLatheStyle(const DrawingStore& store) {
+  return store.cfg_pocketing_style == kHorizontalOnly && store.cfg_lathe_style_pocketing;
+}
+
+// ---- Working outlines
+
+// An outline whose first row has no direction is put aside without a working outline: it would come
+// up as the lowest one for ever.
+void offsetOutline(CamDesk& cam, ChainWalk& rows, const OutlineOffset& order) {
+  offsetSegChain(cam, rows, order);
+  Int16& state = cam.store.segattr[order.sg];
+  if (isSelected(state)) state = parkedState(state);
+}
+
+bool offsetPocket(CamDesk& cam, ChainWalk& rows, float standOff) {
+  const auto corner = pocketCorner(cam.store);
+  if (!corner) return false;
+  const auto grip = gripOf(cam.store, rows, *corner);
+  if (!grip) return false;
+  const Point start = segmentEntity(cam.store, corner->sg).start;
+  offsetOutline(cam, rows,
+                {corner->sg, start, grip->direction, grip->reference, kPocketOutline, standOff});
+  return true;
+}
+
+// The corner's inside is island: the tool stays on the mirrored side.
+bool offsetIslands(CamDesk& cam, ChainWalk& rows, float standOff) {
+  for (const OutlineCorner& corner : islandCorners(cam.store)) {
+    if (!isSelected(cam.store.segattr[corner.sg])) continue;
+    const auto grip = gripOf(cam.store, rows, corner);
+    if (!grip) return false;
+    const Point start = segmentEntity(cam.store, corner.sg).start;
+    const Point outside = mirroredOut(cam.store, corner.sg, grip->reference);
+    offsetOutline(cam, rows,
+                  {corner.sg, start, grip->direction, outside, kIslandOutline, standOff});
+  }
+  return true;
+}
+
+bool makeWorkingOutlines(CamDesk& cam, float standOff) {
+  ChainWalk rows(cam.store);
+  return offsetPocket(cam, rows, standOff) && offsetIslands(cam, rows, standOff);
+}
+
+int runStyle(CamDesk& cam, float z, float feed) {
+  if (cam.store.cfg_pocketing_style == kVerticalOnly) return scanPocketVertical(cam, z, feed);
+  if (isLatheStyle(cam.store)) return scanPocketLathe(cam, feed);
+  return scanPocketHorizontal(cam, z, feed);
+}
+
+// ---- Levels
+
+// A lathe program's X and Z are the drawing itself: no tool radius, no levels.
+void cutLathe(CamDesk& cam) {
+  roughCutLevel(cam, /*z=*/0, cam.store.cfg_finish_feedrate, /*radius=*/0);
+}
+
+void cutLevels(CamDesk& cam, int rowsBefore) {
+  const DrawingStore& store = cam.store;
+  const float radius = store.toolradius[store.selectedtool];
+  // Equal heights are several levels here, though one level to the parallel spiral.
+  const bool several = -std::abs(store.cfg_start_depth) >= cam.roughFloor;
+  if (!several) {
+    cam.currentZ = -std::abs(store.cfg_final_depth);
+    roughCutLevel(cam, cam.currentZ, store.cfg_finish_feedrate, radius);
+    return;
+  }
+  cam.currentZ = firstLevel(store, cam.roughFloor);
+  const int result = roughCutLevel(cam, cam.currentZ, store.cfg_rough_feedrate, radius);
+  if (result < 0) return;
+  cam.currentZ = replicateLevels(cam, cam.currentZ, cam.roughFloor, rowsBefore);
+}
+
+// Links are made while the islands' working rows are there to be seen.
+void roughPocket(CamDesk& cam) {
+  const int rowsBefore = cam.store.NumPathSegments;
+  isLatheStyle(cam.store) ? cutLathe(cam) : cutLevels(cam, rowsBefore);
+  showPlacedPaths(cam);
+  const bool placed = cam.store.NumPathSegments > rowsBefore;
+  if (cam.store.cfg_connect_pocketing_paths && placed) {
+    connectPathSegs(cam, rowsBefore + 1, cam.store.NumPathSegments);
+  }
+  removeWorkingRows(cam.store);
+  cam.desk.redraw.redrawscreen();
+  restoreParkedRows(cam.store);
+}
+
+}  // namespace
+
+int roughCutLevel(CamDesk& cam, float z, float feed, float radius) {
+  const Procedure here("roughCutLevel(z,feed,radius)");
+  const float standOff = narrow(static_cast<double>(cam.store.cfg_min_rough_clearance) + radius);
+  const int firstWorkingRow = cam.store.NumSegments + 1;
+  if (!makeWorkingOutlines(cam, standOff)) {
+    cam.desk.session.host.prompts.showMessage(
+        {.text = "No segments selected!", .title = "", .icon = MessageIcon::Warning});
+    return kNothingCut;
+  }
+  if (cam.store.cfg_gouge_avoidance) {
+    removeSelfIntersections(cam, firstWorkingRow, ChainKind::Segs);
+  }
+  cam.desk.redraw.redrawscreen();
+  return runStyle(cam, z, feed);
+}
+
+void mnuCAMRoughCutPocket_Click(CamDesk& cam) {
+  const Procedure here("mnuCAMRoughCutPocket_Click()");
+  roundall(cam.store);
+  cam.roughFloor = roughingFloor(cam.store);
+  if (cam.store.cfg_pocketing_style == kParallelSpiral) {
+    arm(cam.desk, PendingAction::StartRoughing);
+    return;
+  }
+  try {
+    roughPocket(cam);
+  } catch (...) {
+    removeWorkingRows(cam.store);
+    restoreParkedRows(cam.store);
+    throw;
+  }
+}
+
+}  // namespace tess

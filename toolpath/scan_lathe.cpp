@@ -1,0 +1,105 @@
+// The lathe style: lines from the top down, since a turning tool must clear the outside first, with
+// the tool lifted between cuts only as far as the cuts already made ask for.
+#include <algorithm>
+
+#include "toolpath/lathe_spans.h"
+#include "toolpath/scan_lines.h"
+#include "toolpath/scan_run.h"
+
+namespace tess {
+namespace {
+
+constexpr float kCutZ = 0;
+
+// Follows the tool from span to span.
+class LatheTool {
+ public:
+  LatheTool(CamDesk& cam, const ScanRun& run, float feed)
+      : store_(cam.store),
+        path_(cam, feed),
+        spacing_(run.spacing),
+        at_(run.bound),
+        height_(cam.store.partdimy) {}
+
+  void cut(const ScanSpan& span) {
+    const Point start{span.from, span.line};
+    const bool first = spans_.empty();
+    if (!first && isInStock()) {
+      retreat(start.x);
+    } else if (at_.y > store_.partdimy) {
+      height_ = at_.y;
+    }
+    if (!first && at_.x != start.x) traverse(start);
+    at_ = {span.to, span.line};
+    path_.place(start, at_, kCutZ);
+    rememberLatheSpan(spans_, span.from, span.to, span.line);
+  }
+
+  // The first retreat's height is taken again: 0 when there was none.
+  void leave() {
+    if (!spans_.empty() && isInStock()) path_.place(at_, {at_.x, firstHeight_}, kLatheRapidZ);
+  }
+
+ private:
+  bool isInStock() const { return at_.y < store_.partdimy; }
+  bool isSame(Point a, Point b) const { return samePoint(a, b, store_.cfg_tolerance); }
+
+  // Straight up, to where nothing is in the way to `x`.
+  void retreat(float x) {
+    height_ = latheClearHeight(store_, spans_, at_.x, x, spacing_);
+    if (firstHeight_ == 0) firstHeight_ = height_;
+    if (!isSame({at_.x, height_}, {x, height_}) && at_.y < height_) {
+      path_.place(at_, {at_.x, height_}, kLatheRapidZ);
+    } else {
+      height_ = at_.y;
+    }
+  }
+
+  // Across at the height of the retreat, then down by feed.
+  void traverse(Point start) {
+    const Point above{start.x, height_};
+    if (!isSame({at_.x, height_}, above)) path_.place({at_.x, height_}, above, kLatheRapidZ);
+    if (!isSame(above, start)) path_.place(above, start, kCutZ);
+  }
+
+  const DrawingStore& store_;
+  ScanPath path_;
+  std::vector<LatheSpan> spans_;
+  float spacing_;
+  Point at_;
+  float height_;           // of the present retreat
+  float firstHeight_ = 0;  // of the first one
+};
+
+// The lowest pair of the run keeps the order in which it was sorted, whatever the direction.
+void orientLine(std::span<ScanSpan> line, const ScanSpan& lowest, int direction) {
+  for (ScanSpan& span : line) {
+    if (&span != &lowest) orientSpan(span, direction);
+  }
+}
+
+}  // namespace
+
+int scanPocketLathe(CamDesk& cam, float feed) {
+  const Procedure here("scanPocketLathe(feed)");
+  std::optional<ScanRun> run = prepareScanRun(cam, ScanStyle::Lathe);
+  if (!run) return kNothingCut;
+  std::vector<ScanSpan>& spans = run->spans;
+  std::reverse(spans.begin(), spans.end());
+  ScanDirection way(cam.store.cfg_cutting_mode, /*forward=*/1);
+  LatheTool tool(cam, *run, feed);
+  for (auto first = spans.begin(); first != spans.end();) {
+    const auto last = std::find_if(
+        first, spans.end(), [line = first->line](const ScanSpan& s) { return s.line != line; });
+    // Bidirectional milling turns at the first line too, but never for the lowest pair alone.
+    const int direction = way.nextLine(/*keepsWay=*/first + 1 == spans.end());
+    orderLine({first, last}, direction);
+    orientLine({first, last}, spans.back(), direction);
+    std::for_each(first, last, [&tool](const ScanSpan& span) { tool.cut(span); });
+    first = last;
+  }
+  tool.leave();
+  return 0;
+}
+
+}  // namespace tess

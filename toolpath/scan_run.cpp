@@ -1,0 +1,110 @@
+// One run of scan-line roughing.
+#include "toolpath/scan_run.h"
+
+#include <algorithm>
+#include <string>
+
+namespace tess {
+namespace {
+
+constexpr int kClimbOnly = 2;
+constexpr int kConventionalOnly = 1;
+constexpr int kBidirectional = 3;
+constexpr int kStepByDistance = 2;  // of cfg_cut_width_type
+constexpr int kCodesPerGroup = 100;
+
+// A percentage of the tool's diameter unless a distance was chosen.
+float scanSpacing(const DrawingStore& store) {
+  const bool byDistance =
+      store.cfg_tool_spacing_distance > 0 && store.cfg_cut_width_type == kStepByDistance;
+  if (byDistance) return store.cfg_tool_spacing_distance;
+  const double radius = store.toolradius[store.selectedtool];
+  return narrow(store.cfg_tool_spacing * radius / 50);
+}
+
+ScanPoints collectPoints(CamDesk& cam, ScanStyle style, float bound, float spacing) {
+  const BusyPointer busy(cam.desk.systemPointer);
+  StatusBar& status = cam.desk.statusBar;
+  status.setText("Collecting Roughing Points    ");
+  return collectScanPoints(cam.store, style, bound, spacing, [&status](int row, int pointcount) {
+    status.setText(std::to_string(row) + ":" + std::to_string(pointcount));
+  });
+}
+
+std::vector<ScanSpan> spansOf(const std::vector<ScanPoint>& points) {
+  std::vector<ScanSpan> spans;
+  spans.reserve(points.size() / 2);
+  for (std::size_t k = 0; k + 1 < points.size(); k += 2) {
+    spans.push_back({points[k].fixed, points[k].along, points[k + 1].along});
+  }
+  return spans;
+}
+
+// Twice the middle, which 64 bits hold exactly.
+double middleOf(const ScanSpan& span) {
+  return static_cast<double>(span.from) + span.to;
+}
+
+}  // namespace
+
+std::optional<ScanRun> prepareScanRun(CamDesk& cam, ScanStyle style) {
+  const auto yield = [&cam] { cam.desk.session.host.surroundings.serveEvents(); };
+  cam.store.currentpathgroup = nextPathGroup(cam.store);
+  yield();
+  const std::optional<ScanPoint> bound = lowestWorkingPoint(cam.store, style);
+  if (!bound) {
+    cam.desk.session.host.prompts.showMessage(
+        {.text = "No pocketing segments available!", .title = "", .icon = MessageIcon::Warning});
+    return {};
+  }
+  yield();
+  const float spacing = scanSpacing(cam.store);
+  ScanPoints points = collectPoints(cam, style, bound->fixed, spacing);
+  yield();
+  sortScanPoints(points);
+  yield();
+  return ScanRun{style, spacing, placeOf(style, *bound), spansOf(points.points())};
+}
+
+ScanDirection::ScanDirection(int cuttingMode, int forward)
+    : mode_(cuttingMode),
+      forward_(forward),
+      direction_(cuttingMode == kClimbOnly ? -forward : forward) {}
+
+int ScanDirection::nextLine(bool keepsWay) {
+  if (mode_ == kConventionalOnly) direction_ = forward_;
+  if (mode_ == kClimbOnly) direction_ = -forward_;
+  if (mode_ == kBidirectional && !keepsWay) direction_ = -direction_;
+  return direction_;
+}
+
+void orderLine(std::span<ScanSpan> line, int direction) {
+  std::stable_sort(line.begin(), line.end(), [direction](const ScanSpan& a, const ScanSpan& b) {
+    return direction > 0 ? middleOf(a) < middleOf(b) : middleOf(a) > middleOf(b);
+  });
+}
+
+void orientSpan(ScanSpan& span, int direction) {
+  const bool wrongWay = direction > 0 ? span.to < span.from : span.to > span.from;
+  if (wrongWay) std::swap(span.from, span.to);
+}
+
+ScanPath::ScanPath(CamDesk& cam, float feed)
+    : cam_(cam),
+      feed_(feed),
+      code_(cam.store.currentpathgroup * kCodesPerGroup + cam.store.selectedtool) {}
+
+void ScanPath::place(Point from, Point to, float z) {
+  addPathSegment(cam_.store, {.type = kLine,
+                              .x0 = from.x,
+                              .y0 = from.y,
+                              .x1 = to.x,
+                              .y1 = to.y,
+                              .z = z,
+                              .feed = feed_,
+                              .code = code_});
+  logPathSegment(cam_.changelog, cam_.store, cam_.store.NumPathSegments, "A", startsStep_);
+  startsStep_ = false;
+}
+
+}  // namespace tess

@@ -1,0 +1,212 @@
+// Verification: the duplicate sweep, the measure, the walk, the judgement, and what becomes of the
+// rows.
+#include "toolpath/verification.h"
+
+#include <algorithm>
+#include <cmath>
+#include <string>
+#include <vector>
+
+#include "core/number_text.h"
+#include "core/rounding.h"
+#include "drafting/drawing_cleanup.h"
+#include "geometry/angles.h"
+#include "geometry/end_point_index.h"
+#include "geometry/entity.h"
+
+namespace tess {
+namespace {
+
+constexpr int kSelectedRow = kSelected + kOrdinaryClass;
+constexpr int kWalkedRow = kSelectedRow + 1;  // seen only while the walk runs
+
+// Selected rows of the ordinary class, ascending.
+std::vector<int> outlineRows(const DrawingStore& store) {
+  std::vector<int> rows;
+  for (int sg = 1; sg <= store.NumSegments; ++sg) {
+    if (store.segattr[sg] == kSelectedRow) rows.push_back(sg);
+  }
+  return rows;
+}
+
+bool closesOnItself(const DrawingStore& store, const Entity& row) {
+  return samePoint(row.start, row.end, store.cfg_tolerance);
+}
+
+Box boxAbout(Point center, float radius) {
+  const double x = center.x;
+  const double y = center.y;
+  return boxOf({narrow(x - radius), narrow(y - radius)}, {narrow(x + radius), narrow(y + radius)});
+}
+
+Box firstBox(const DrawingStore& store, int sg) {
+  const Entity row = segmentEntity(store, sg);
+  const bool fullCircle = isArc(row.type) && closesOnItself(store, row);
+  if (row.type == kCircle || fullCircle) return boxAbout(row.center, radiusOf(row));
+  return isArc(row.type) ? arcBounds(store, sg) : boxOf(row.start, row.start);
+}
+
+// The bulge of the first row alone is measured: the spacing of the spiral style relies on it.
+Box measured(const DrawingStore& store, const std::vector<int>& rows) {
+  Box box = firstBox(store, rows.front());
+  for (const int sg : rows) {
+    const Entity row = segmentEntity(store, sg);
+    box = extended(extended(box, row.start), row.end);
+  }
+  return box;
+}
+
+void acceptLoneRow(CamDesk& cam, int sg) {
+  DrawingStore& store = cam.store;
+  if (!closesOnItself(store, segmentEntity(store, sg))) return;
+  store.segattr[sg] = kVerifiedRow;
+  cam.desk.renderer.DrawSegment(sg, cam.desk.ScreenProxy);
+}
+
+// The walk from row to row over the outline, each row once.
+class OutlineWalk {
+ public:
+  OutlineWalk(DrawingStore& store, const std::vector<int>& rows)
+      : store_(store), ends_(store.cfg_tolerance) {
+    ends_.reserve(rows.back());
+    for (std::size_t k = rows.size(); k-- > 0;) {
+      const Entity row = segmentEntity(store, rows[k]);
+      ends_.update(rows[k], row.start, row.end);
+    }
+  }
+
+  // Marks the rows that go on from the end of `seed`, one after the other, and gives back where the
+  // last one ends. The seed itself is not marked at the outset, so that a closed outline enters it
+  // again and comes to rest exactly on its end.
+  Point walkFrom(int seed) {
+    current_ = seed;
+    Point at = segmentEntity(store_, seed).end;
+    while (step(at)) {
+    }
+    return at;
+  }
+
+ private:
+  // To the lowest row with an end here; a row that both begins and ends here is entered at its
+  // start.
+  bool step(Point& at) {
+    ends_.rowsAt(at, found_);
+    for (const EndMatch& match : found_) {
+      if (match.row == current_) continue;
+      const Entity row = segmentEntity(store_, match.row);
+      at = match.atStart ? row.end : row.start;
+      current_ = match.row;
+      store_.segattr[current_] = kWalkedRow;
+      ends_.remove(current_);
+      return true;
+    }
+    return false;
+  }
+
+  DrawingStore& store_;
+  EndPointIndex ends_;
+  std::vector<EndMatch> found_;
+  int current_ = 0;
+};
+
+std::string placeText(float x, float y) {
+  return "(" + plainText(x) + ", " + plainText(y) + ")";
+}
+
+std::string discontinuity(Point at) {
+  return "Pocket or Island profile discontinuous at:  X = " + plainText(roundTo(at.x, 5)) +
+         "   Y = " + plainText(roundTo(at.y, 5));
+}
+
+// Selected rows that the walk has not passed, those of other classes among them, have an even
+// attribute. Empty when there are none.
+std::string leftOverRows(const DrawingStore& store) {
+  std::string list;
+  for (int sg = 1; sg <= store.NumSegments; ++sg) {
+    const int attr = store.segattr[sg];
+    if (!isSelectedUnverified(attr) || attr % 2 != 0) continue;
+    list += "Segment #" + std::to_string(sg) +
+            ":  (X, Y) = " + placeText(store.x0[sg], store.y0[sg]) + " - " +
+            placeText(store.x1[sg], store.y1[sg]) + "\n";
+  }
+  if (list.empty()) return list;
+  return "Some segments selected are not part of pocket/island profile !\n\n" + list;
+}
+
+// What is wrong with the outline whose walk came to rest at `at`; empty when nothing is. Returned
+// to the start means exactly: the only place to come back to is the seed's own end.
+std::string complaint(const DrawingStore& store, int seed, Point at) {
+  if (at != segmentEntity(store, seed).end) return discontinuity(at);
+  return leftOverRows(store);
+}
+
+void settleRows(DrawingStore& store, bool accepted) {
+  for (int sg = 1; sg <= store.NumSegments; ++sg) {
+    const int attr = store.segattr[sg];
+    if (isSelectedUnverified(attr)) store.segattr[sg] = accepted ? kVerifiedRow : attr - attr % 2;
+  }
+}
+
+void proveOutline(CamDesk& cam, const std::vector<int>& rows) {
+  const int seed = rows.front();
+  const Point at = OutlineWalk(cam.store, rows).walkFrom(seed);
+  const std::string trouble = complaint(cam.store, seed, at);
+  settleRows(cam.store, /*accepted=*/trouble.empty());
+  if (!trouble.empty()) {
+    cam.desk.session.host.prompts.showMessage(
+        {.text = trouble, .title = cam.desk.session.productname, .icon = MessageIcon::Information});
+  }
+  for (int sg = 1; sg <= cam.store.NumSegments; ++sg) {
+    cam.desk.renderer.DrawSegment(sg, cam.desk.ScreenProxy);
+  }
+}
+
+}  // namespace
+
+Box arcBounds(const DrawingStore& store, int sg) {
+  const Entity arc = segmentEntity(store, sg);
+  const auto [radius, start, end] = arcRadiusAndAngles(arc.start, arc.end, arc.center);
+  if (arc.type == kCircle || start == end) return boxAbout(arc.center, radius);
+  const bool passesZero = (arc.type == kClockwiseArc && start < end) ||
+                          (arc.type == kCounterClockwiseArc && start > end);
+  const double middle = (static_cast<double>(start) + end) / 2 + (passesZero ? kPi : 0);
+  const double quarter = std::abs(static_cast<double>(end) - start) / 4;
+  Box box = boxOf(arc.start, arc.end);
+  for (const double angle : {middle - quarter, middle, middle + quarter}) {
+    box = extended(box, {narrow(arc.center.x + radius * std::cos(angle)),
+                         narrow(arc.center.y + radius * std::sin(angle))});
+  }
+  return box;
+}
+
+void verifypocket(CamDesk& cam, float& width, float& height) {
+  const Procedure here("frmMain.verifypocket(width,height)");
+  removeDuplicates(cam.store, cam.desk.session.host.prompts, /*deleteSilently=*/false);
+  width = height = 0;
+  const std::vector<int> rows = outlineRows(cam.store);
+  if (rows.empty()) return;
+  const Box box = measured(cam.store, rows);
+  if (rows.size() == 1) {
+    acceptLoneRow(cam, rows.front());
+  } else {
+    proveOutline(cam, rows);
+  }
+  width = narrow(static_cast<double>(box.maxX) - box.minX);
+  height = narrow(static_cast<double>(box.maxY) - box.minY);
+}
+
+void mnuCAMVerifyAcceptPocket_Click(CamDesk& cam) {
+  const Procedure here("frmMain.mnuCAMVerifyAcceptPocket_Click()");
+  verifypocket(cam, cam.PocketXDim, cam.PocketYDim);
+  cam.desk.state.setPendingaction(0);
+}
+
+// Leaves the armed action and the pocket's measure alone, unlike its twin.
+void mnuCAMVerifyAcceptIsland_Click(CamDesk& cam) {
+  const Procedure here("frmMain.mnuCAMVerifyAcceptIsland_Click()");
+  float width = 0;
+  float height = 0;
+  verifypocket(cam, width, height);
+}
+
+}  // namespace tess

@@ -1,0 +1,109 @@
+// The working outlines of roughing.
+#include "toolpath/working_outlines.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "core/rounding.h"
+#include "drafting/row_edits.h"
+#include "geometry/angles.h"
+#include "geometry/nearest.h"
+#include "toolpath/element_offset.h"
+#include "toolpath/working_rows.h"
+
+namespace tess {
+namespace {
+
+constexpr int kSweepPlaces = 6;
+
+// The reference point of such an arc lies across its chord, on the other side of the arc.
+bool isOverHalfCircle(const DrawingStore& store, int sg) {
+  const Entity arc = segmentEntity(store, sg);
+  if (samePoint(arc.start, arc.end, store.cfg_tolerance)) return false;
+  const ArcAngles angles = arcRadiusAndAngles(arc.start, arc.end, arc.center);
+  const double sweep = std::abs(ArcSweep(angles.start, angles.end, arc.type));
+  return roundTo(sweep, kSweepPlaces) > roundTo(kPi, kSweepPlaces);
+}
+
+int sideOfArc(const DrawingStore& store, int sg, const Entity& along, Point reference) {
+  const double outside = static_cast<double>(distance(reference, along.center)) - radiusOf(along);
+  const int radial = signOf(outside);
+  return arcSense(along.type) * (isOverHalfCircle(store, sg) ? -radial : radial);
+}
+
+int sideOfFirst(const DrawingStore& store, const OutlineOffset& order, const Entity& along) {
+  if (isArc(along.type)) return sideOfArc(store, order.sg, along, order.reference);
+  if (along.type != kLine) return 0;
+  Point nearest = order.reference;
+  nearestOnSeg(store, order.sg, order.reference, nearest);
+  return sideOfLine(along, {signOf(static_cast<double>(order.reference.x) - nearest.x),
+                            signOf(static_cast<double>(order.reference.y) - nearest.y)});
+}
+
+void appendRows(CamDesk& cam, const OffsetChain& chain, int attr) {
+  SegmentPainter painter(cam.desk.renderer, cam.desk.ScreenProxy);
+  const std::vector<std::size_t>& bridges = chain.bridges();
+  for (std::size_t k = 0; k < chain.elements().size(); ++k) {
+    const Entity& e = chain.elements()[k];
+    const SegmentRow row{e.type,  attr,    e.start.x,  e.start.y,
+                         e.end.x, e.end.y, e.center.x, e.center.y};
+    if (std::binary_search(bridges.begin(), bridges.end(), k)) {
+      insertSegment(cam.store, cam.store.NumSegments + 1, row);
+    } else {
+      AddSeg(cam.store, row, &painter);
+    }
+  }
+}
+
+}  // namespace
+
+void offsetSegChain(CamDesk& cam, ChainWalk& rows, const OutlineOffset& order) {
+  const Procedure here("frmMain.offsetSegChain(sg,xs,ys,xd,yd,attr,distance,target)");
+  DrawingStore& store = cam.store;
+  if (samePoint(order.start, order.direction, store.cfg_tolerance) &&
+      !isArc(store.segtype[order.sg])) {
+    cam.desk.session.host.surroundings.beep();
+    return;
+  }
+  const Point end = otherEnd(store, order.sg, order.start);
+  const Entity first = travelledRow(store, order.sg, order.start, end);
+  OffsetChain chain({sideOfFirst(store, order, first), order.distance, store.cfg_tolerance});
+  OffsetWalk walk;
+  walk.sg = order.sg;
+  walk.start = order.start;
+  walk.end = end;
+  walk.next = [&](int from, Point at) -> std::optional<ChainStep> {
+    const auto step = rows.nextChainSeg(from, at);
+    return step && isSelected(store.segattr[step->row]) ? step : std::nullopt;
+  };
+  walk.taken = [&store](int sg) { store.segattr[sg] = parkedState(store.segattr[sg]); };
+  offsetAlong(store, walk, chain);
+  appendRows(cam, chain, order.attr);
+}
+
+int insertSegment(DrawingStore& store, int index, const SegmentRow& row) {
+  if (row.x0 == row.x1 && row.y0 == row.y1) return kNoExtent;
+  const Int16 count = store.NumSegments + 1;
+  ensureSegmentCapacity(store, count);
+  for (int sg = store.NumSegments; sg >= index; --sg) {
+    setSegmentRow(store, sg + 1, segmentRow(store, sg));
+  }
+  setSegmentRow(store, index, row);
+  store.NumSegments = count;
+  store.drawingsaved = false;
+  return 0;
+}
+
+void removeWorkingRows(DrawingStore& store) {
+  for (int sg = store.NumSegments; sg >= 1; --sg) {
+    if (entityClass(store.segattr[sg]) != kOrdinaryClass) deleteSegment(store, sg);
+  }
+}
+
+void restoreParkedRows(DrawingStore& store) {
+  for (int sg = 1; sg <= store.NumSegments; ++sg) {
+    if (store.segattr[sg] == kParkedRow) store.segattr[sg] = kVerifiedRow;
+  }
+}
+
+}  // namespace tess
