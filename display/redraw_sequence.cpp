@@ -68,7 +68,10 @@ bool RedrawSequence::openPicture(DrawingTarget& target) {
   }
   const WorldRect visible = visibleRectangle(parts_.view, span);
   target.Cls();
-  if (target.screen() != nullptr && onCleared) onCleared();
+  if (target.screen() != nullptr) {
+    markerShown_ = false;
+    if (onCleared) onCleared();
+  }
   SetScale(visible.left, visible.bottom, visible.right, visible.top, target);
   if (!servedEvents()) return false;
   if (parts_.store.parttemplate != 0) paintPartTemplate(target);
@@ -118,9 +121,12 @@ bool RedrawSequence::paintPaths(DrawingTarget& target) {
   return true;
 }
 
+// A redraw at once may have been finished between the stages of another one: the marker's cross is
+// in the picture by then, and drawn again it would be gone.
 void RedrawSequence::closePicture() {
   PictureBoxProxy& screen = parts_.ScreenProxy;
-  DrawMarkerCross({parts_.store.markerx, parts_.store.markery}, screen);
+  if (!markerShown_) DrawMarkerCross({parts_.store.markerx, parts_.store.markery}, screen);
+  markerShown_ = true;
   DrawOriginArrows(paletteColor(parts_.store.colortable[static_cast<int>(ColorSlot::Draw)]),
                    screen);
   if (onPainted) onPainted();

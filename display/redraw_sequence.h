@@ -54,6 +54,10 @@ class RedrawSequence {
   void RedrawScreen_Paths();
   void RedrawScreen_Final();
 
+  // The marker's cross stands in the screen's picture; false from the clearing to the end of a
+  // redraw, which will draw it.
+  bool markerShown() const { return markerShown_; }
+
   // Set once the operator has agreed to close the window: every paint loop leaves at its next row.
   bool redrawabort = false;
 
@@ -82,6 +86,7 @@ class RedrawSequence {
   std::unique_ptr<Timer> tmrEventEnable_;
   int taskQueueState_ = 0;
   bool inStage_ = false;
+  bool markerShown_ = false;
 };
 
 }  // namespace tess

@@ -118,7 +118,7 @@ PanDrag ViewCommands::beginPan(Point pointer) const {
 }
 
 void ViewCommands::movePan(PanDrag& drag, Point pointer) {
-  if (samePoint(pointer, drag.grabbed, parts_.store.cfg_tolerance)) return;
+  if (pointer == drag.grabbed) return;
   drag.centre.x = drag.grabbed.x - (pointer.x - drag.centre.x);
   drag.centre.y = drag.grabbed.y - (pointer.y - drag.centre.y);
   setview(drag.centre.x, drag.centre.y);

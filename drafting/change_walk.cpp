@@ -10,6 +10,7 @@
 #include <utility>
 #include <vector>
 
+#include "core/runtime_failure.h"
 #include "geometry/end_point_index.h"
 
 namespace tess {
@@ -236,7 +237,9 @@ void undoStep(ChangeLog& log, DrawingStore& store) {
   }
 }
 
+// It looks ahead for the start of the next step, and reports under that name.
 void redoStep(ChangeLog& log, DrawingStore& store) {
+  const Procedure here("StartOfSegment");
   StepRows rows(store);
   while (log.canRedo()) {
     const clsSegment record = log.nextRedoRecord();

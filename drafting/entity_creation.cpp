@@ -26,9 +26,9 @@ Rgb drawColor(const Desk& desk) {
   return slotColor(desk.store, ColorSlot::Draw);
 }
 
-// Drawn once it appears, drawn again it is gone.
+// Drawn once it appears, drawn again it is gone. In a picture that is not finished there is none.
 void toggleMarkerCross(Desk& desk) {
-  DrawMarkerCross(markerOf(desk), desk.ScreenProxy);
+  if (desk.redraw.markerShown()) DrawMarkerCross(markerOf(desk), desk.ScreenProxy);
 }
 
 void eraseSecondCross(Desk& desk) {

@@ -211,9 +211,10 @@ void releaseLeft(Desk& desk, const PointerEvent& event) {
   // What was armed at the release counts: some of these change it.
   const auto armed = static_cast<PendingAction>(desk.state.pendingaction());
   if (armed == None) releaseBand(desk);
+  if (armed == Pan) releasePan(desk, event);
+  if (!desk.pointer.LeftDown) return;  // a menu swallowed the press: the last box is an old one
   if (armed == Select || armed == Unselect) releaseSelectionBox(desk, event);
   if (armed == ZoomWindow) releaseZoomBox(desk);
-  if (armed == Pan) releasePan(desk, event);
   if (armed == Measure) releaseMeasure(desk);
 }
 
@@ -240,9 +241,11 @@ void showPickedEntity(Desk& desk) {
   if (sg >= 1 && sg <= desk.store.NumSegments) desk.listener.selectEntity(sg);
 }
 
+// A feature counts also where the pointer lay exactly on it and was snapped to the grid before.
 void completeAt(Desk& desk, const PointerEvent& event) {
   const Point position = settledPosition(desk, event);
-  if (takeRaw(desk, position)) {
+  const bool onFeature = desk.state.FeaturePoint() && !desk.pointer.SkipPointerUpdate;
+  if (takeRaw(desk, position) || onFeature) {
     desk.pointer.MouseX = position.x;
     desk.pointer.MouseY = position.y;
   }

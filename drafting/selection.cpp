@@ -312,6 +312,13 @@ void UnselectAll(Desk& desk) {
   refreshProperties(desk);
 }
 
+void collectSelected(Desk& desk) {
+  desk.state.Selected.clear();
+  for (int sg = 1; sg <= desk.store.NumSegments; ++sg) {
+    if (desk.store.segattr[sg] >= kSelected) desk.state.Selected.add(sg);
+  }
+}
+
 void addSelectionClicks(ClickActions& clicks) {
   const auto on = [&clicks](PendingAction action) -> auto& {
     return clicks[static_cast<std::size_t>(action)];

@@ -1,8 +1,8 @@
 // Selection: marking rows by click, by window and along chains. The mark lives in segattr and
 // pscode; it is part of the rows, not of the undo steps.
 // Owns: selectedCount, markSegment, markPathSegment, SelectionWindow, SelectWindow,
-//       SelectContiguous, SelectConnected, selectContiguousPaths, UnselectAll, the selection
-//       commands and their clicks.
+//       SelectContiguous, SelectConnected, selectContiguousPaths, UnselectAll, collectSelected, the
+//       selection commands and their clicks.
 #pragma once
 
 #include <string>
@@ -55,6 +55,10 @@ void mnuDrawUnselectAll_Click(Desk& desk);
 
 // The marks go and the collection is empty; what many commands end with.
 void UnselectAll(Desk& desk);
+
+// Makes the collection anew from the marks, in the order of the table: rows have come, gone and
+// moved.
+void collectSelected(Desk& desk);
 
 // Fills in the clicks of the four selecting actions.
 void addSelectionClicks(ClickActions& clicks);

@@ -2,11 +2,13 @@
 #include "drafting/undo.h"
 
 #include "drafting/change_walk.h"
+#include "drafting/selection.h"
 
 namespace tess {
 namespace {
 
 void showChange(Desk& desk) {
+  collectSelected(desk);
   desk.redraw.redrawscreen();
   desk.state.updateProperties = true;
   desk.listener.UpdatePropertyWindow();

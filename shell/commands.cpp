@@ -10,6 +10,7 @@
 #include "drafting/edit_commands.h"
 #include "drafting/enter_position.h"
 #include "drafting/entity_creation.h"
+#include "drafting/frmCleanupDrawing.h"
 #include "drafting/grids.h"
 #include "drafting/measure.h"
 #include "drafting/object_snap.h"
@@ -18,8 +19,17 @@
 #include "drafting/repeat_key.h"
 #include "drafting/selection.h"
 #include "drafting/undo.h"
+#include "shell/help_commands.h"
 #include "shell/layouts.h"
 #include "shell/tool_bands.h"
+#include "toolpath/cycles.h"
+#include "toolpath/dlgPocketingPrm.h"
+#include "toolpath/finish_path.h"
+#include "toolpath/gouge_avoidance.h"
+#include "toolpath/path_placement.h"
+#include "toolpath/path_visibility.h"
+#include "toolpath/rough_pocket.h"
+#include "toolpath/verification.h"
 
 namespace tess {
 namespace {
@@ -30,6 +40,11 @@ using Handler = void (*)(Application&);
 template <void (*command)(Desk&)>
 void onDesk(Application& application) {
   command(application.interaction.desk);
+}
+
+template <void (*command)(CamDesk&)>
+void onCam(Application& application) {
+  command(application.interaction.cam);
 }
 
 template <void (ViewCommands::*command)()>
@@ -76,9 +91,6 @@ void toggleStatistics(Application& application) {
   }
 }
 
-void showAbout(Application& application) {
-  application.showAbout();
-}
 void customize(Application& application) {
   application.customizeTools();
 }
@@ -172,24 +184,24 @@ constexpr CommandRow kCommands[] = {
     {"miSaveLayoutAs",         SaveLayoutAs},
 
     {"miSelectTool",           nullptr},
-    {"miPocketingSpecs",       nullptr},
-    {"miVerify/AcceptPocket",  nullptr},
-    {"miVerify/AcceptIsland",  nullptr},
-    {"miRoughCutPocket",       nullptr},
-    {"miPlaceFinishPath",      nullptr},
-    {"miPlaceOnePathSegment",  nullptr},
-    {"miAddMachineCycle",      nullptr},
-    {"miUndoLastPlace",        nullptr},
+    {"miPocketingSpecs",       onCam<mnuCAMPocketSpecs_Click>},
+    {"miVerify/AcceptPocket",  onCam<mnuCAMVerifyAcceptPocket_Click>},
+    {"miVerify/AcceptIsland",  onCam<mnuCAMVerifyAcceptIsland_Click>},
+    {"miRoughCutPocket",       onCam<mnuCAMRoughCutPocket_Click>},
+    {"miPlaceFinishPath",      onCam<mnuCAMPlaceFinishPath_Click>},
+    {"miPlaceOnePathSegment",  onCam<mnuCAMPlace1PathSeg_Click>},
+    {"miAddMachineCycle",      onCam<CAMAddMachCycleDeferred>},
+    {"miUndoLastPlace",        onCam<mnuCAMUndoLastPlace_Click>},
     {"miEditPath/Cycle",       nullptr},
-    {"miClearAllPaths",        nullptr},
+    {"miClearAllPaths",        onCam<mnuClearAllPaths_Click>},
     {"miMakeCNCFile",          makeMillFile},
     {"miMakeCNCLatheFile",     makeLatheFile},
     {"miBrowseCNCFile",        nullptr},
-    {"miQuickPlace",           nullptr},
+    {"miQuickPlace",           onCam<quickPlacePaths>},
 
-    {"miContents",             nullptr},
-    {"miSearchforHelpon",      nullptr},
-    {"miAboutTessimoMill",     showAbout},
+    {"miContents",             mnuHelpContents_Click},
+    {"miSearchforHelpon",      mnuHelpIndex_Click},
+    {"miAboutTessimoMill",     mnuHelpAbout_Click},
 
     {"VGrid",                  onDesk<Vgrid_ButtonClick>},
     {"CGrid",                  onDesk<Cgrid_ButtonClick>},
@@ -206,10 +218,10 @@ constexpr CommandRow kCommands[] = {
     {"miOSnapQuadrantSingle",  snapOnce<FeatureKind::Quadrant>},
     {"miOSnapPerpendicularSingle", snapOnce<FeatureKind::Perpendicular>},
 
-    {"miGougeAvoidance",       nullptr},
-    {"miCleanupDrawing",       nullptr},
-    {"miVisible",              nullptr},
-    {"miInvisible",            nullptr},
+    {"miGougeAvoidance",       onCam<miGougeAvoidance_Click>},
+    {"miCleanupDrawing",       onDesk<mnuCleanupDrawing>},
+    {"miVisible",              onCam<miVisible_Click>},
+    {"miInvisible",            onCam<miInvisible_Click>},
 
     {"miShowStatistics",       toggleStatistics},
 };
@@ -269,26 +281,40 @@ void nudge(Application& application) {
   nudgePointer(application.interaction.desk, dx, dy);
 }
 
+// With which modifiers held a key still acts.
+enum class Modifiers { None, NotShift, Any };
+
 struct SpecialKeyRow {
   SpecialKey key;
+  Modifiers modifiers;
   Handler run;
 };
 
+// clang-format off
 constexpr SpecialKeyRow kSpecialKeys[] = {
-    {SpecialKey::F3, onDesk<repeatLastCommand>},
-    {SpecialKey::F12, onDesk<repeatLastCommand>},
-    {SpecialKey::Enter, clickByKey<kLeftButton>},
-    {SpecialKey::Insert, clickByKey<kRightButton>},
-    {SpecialKey::Delete, onDesk<mnuEditDelete_Click>},
-    {SpecialKey::Left, nudge<-1, 0>},
-    {SpecialKey::Right, nudge<1, 0>},
-    {SpecialKey::Up, nudge<0, 1>},
-    {SpecialKey::Down, nudge<0, -1>},
+    {SpecialKey::F1,     Modifiers::None,     mnuHelpContents_Click},
+    {SpecialKey::F3,     Modifiers::None,     onDesk<repeatLastCommand>},
+    {SpecialKey::F12,    Modifiers::None,     onDesk<repeatLastCommand>},
+    {SpecialKey::Enter,  Modifiers::Any,      clickByKey<kLeftButton>},
+    {SpecialKey::Insert, Modifiers::NotShift, clickByKey<kRightButton>},
+    {SpecialKey::Delete, Modifiers::Any,      onDesk<mnuEditDelete_Click>},
+    {SpecialKey::Left,   Modifiers::Any,      nudge<-1, 0>},
+    {SpecialKey::Right,  Modifiers::Any,      nudge<1, 0>},
+    {SpecialKey::Up,     Modifiers::Any,      nudge<0, 1>},
+    {SpecialKey::Down,   Modifiers::Any,      nudge<0, -1>},
 };
+// clang-format on
 
-// Function keys and Insert act without a modifier only.
-bool isPlain(const KeyStroke& key) {
-  return !key.shift && !key.control;
+bool allows(Modifiers modifiers, const KeyStroke& key) {
+  switch (modifiers) {
+    case Modifiers::None:
+      return !key.shift && !key.control;
+    case Modifiers::NotShift:
+      return !key.shift;
+    case Modifiers::Any:
+      return true;
+  }
+  return false;
 }
 
 }  // namespace
@@ -329,7 +355,7 @@ void KeyPress(Application& application, char KeyAscii) {
 void handleKey(Application& application, const KeyStroke& key) {
   if (key.special == SpecialKey::None) return KeyPress(application, key.ascii);
   for (const SpecialKeyRow& row : kSpecialKeys) {
-    if (row.key == key.special && isPlain(key)) return row.run(application);
+    if (row.key == key.special && allows(row.modifiers, key)) return row.run(application);
   }
 }
 

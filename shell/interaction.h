@@ -15,6 +15,7 @@
 #include "display/view_commands.h"
 #include "drafting/desk.h"
 #include "shell/frmStatistics.h"
+#include "toolpath/cam_desk.h"
 
 namespace tess {
 
@@ -76,6 +77,7 @@ class Interaction : public ViewHost, public RedrawListener, public DeskListener 
   RedrawSequence redraw;
   ViewCommands viewCommands;
   Desk desk;
+  CamDesk cam{desk};
 
   // The property window, when there is one: the selection changed, or one entity was picked.
   std::function<void()> onPropertiesChanged;

@@ -120,16 +120,16 @@ constexpr ToolText kTools[] = {
     {"VGrid",                  "Visual Grid", "G"},
     {"CGrid",                  "Cursor Grid", "G"},
     {"OSnap",                  "Object Snap", ""},
-    {"miOSnapEndpoints",       "  Endpoints", ""},
-    {"miOSnapCenter",          "  Center", ""},
-    {"miOSnapMidpoint",        "  Midpoint", ""},
-    {"miOSnapQuadrant",        "  Quadrant", ""},
-    {"miOSnapPerpendicular",   "  Perpendicular", ""},
-    {"miOSnapEndpointsSingle", "Endpoint once", ""},
-    {"miOSnapCenterSingle",    "Center once", ""},
-    {"miOSnapMidpointSingle",  "Midpoint once", ""},
-    {"miOSnapQuadrantSingle",  "Quadrant once", ""},
-    {"miOSnapPerpendicularSingle", "Perpendicular once", ""},
+    {"miOSnapEndpoints",       "  Endpoints", "", 1},
+    {"miOSnapCenter",          "  Center", "", 2},
+    {"miOSnapMidpoint",        "  Midpoint", "", 3},
+    {"miOSnapQuadrant",        "  Quadrant", "", 4},
+    {"miOSnapPerpendicular",   "  Perpendicular", "", 5},
+    {"miOSnapEndpointsSingle", "Endpoint once", "", 1},
+    {"miOSnapCenterSingle",    "Center once", "", 2},
+    {"miOSnapMidpointSingle",  "Midpoint once", "", 3},
+    {"miOSnapQuadrantSingle",  "Quadrant once", "", 4},
+    {"miOSnapPerpendicularSingle", "Perpendicular once", "", 5},
 };
 // clang-format on
 
@@ -248,6 +248,7 @@ Tool toolOf(const ToolText& text) {
   tool.hint = plainCaption(text.caption);
   if (*text.key != '\0') tool.hint += std::string(" (") + text.key + ")";
   if (tool.name == "OSnap") tool.popUp = "OSnapMenu";
+  if (text.tag != 0) tool.tag = std::to_string(text.tag);
   return tool;
 }
 

@@ -14,6 +14,7 @@ struct ToolText {
   const char* name;
   const char* caption;
   const char* key;  // the key that does the same; empty for none
+  int tag = 0;      // the kind of feature that an entry of the snap menu stands for; 0 none
 };
 
 // All tools, in the order of the menus.

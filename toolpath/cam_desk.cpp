@@ -2,11 +2,22 @@
 #include "toolpath/cam_desk.h"
 
 #include "drafting/undo.h"
+#include "toolpath/cycles.h"
+#include "toolpath/finish_path.h"
+#include "toolpath/gouge_avoidance.h"
+#include "toolpath/parallel_spiral.h"
+#include "toolpath/path_placement.h"
 
 namespace tess {
 
 CamDesk::CamDesk(Desk& drafting)
-    : desk(drafting), store(drafting.store), changelog(drafting.changelog) {}
+    : desk(drafting), store(drafting.store), changelog(drafting.changelog) {
+  addFinishPathClicks(*this);
+  addPlacementClicks(*this);
+  addGougeClicks(*this);
+  addCycleClicks(*this);
+  addSpiralClicks(*this);
+}
 
 void showPlacedPaths(CamDesk& cam) {
   cam.store.showpaths = 1;

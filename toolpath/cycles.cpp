@@ -96,6 +96,7 @@ void placeCyclesAtSelectedCircles(CamDesk& cam, int cycle) {
     placeCycle(cam, cycleRow(store, cycle, center, center), /*startsStep=*/!placedAny);
     placedAny = true;
   }
+  if (placedAny) refreshStatus(cam.desk);  // no click follows that would show the new count
 }
 
 void mnuCAMAddMachCycle_Click(CamDesk& cam) {
@@ -103,6 +104,7 @@ void mnuCAMAddMachCycle_Click(CamDesk& cam) {
   const int cycle = chooseCycle(cam);
   if (cycle < 0) return;
   placeInNewGroup(cam, cycle, marker(cam.store), marker(cam.store));
+  refreshStatus(cam.desk);
 }
 
 void CAMAddMachCycleDeferred(CamDesk& cam) {

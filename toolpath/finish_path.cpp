@@ -148,6 +148,7 @@ void clickDirection(CamDesk& cam) {
     return;
   }
   cam.finishSegment = sg;
+  cam.finishDirection = cam.finishStart;  // what a row without a nearest point leaves it at
   nearestOnSeg(cam.store, sg, click, cam.finishDirection);
   cam.desk.state.setPendingaction(goOnWith(PendingAction::FinishReference));
 }

@@ -50,6 +50,10 @@ const StateField kFields[] = {
     field("prompt", [](App& app) { return app.interaction.statusBar.text(); }),
     field("caption", [](App& app) { return app.caption(); }),
     field("lastPlacedGroup", [](App& app) { return app.store.lastplacedgroup; }),
+    field("PocketXDim", [](App& app) { return app.interaction.cam.PocketXDim; }),
+    field("PocketYDim", [](App& app) { return app.interaction.cam.PocketYDim; }),
+    field("pathInsertMode", [](App& app) { return app.interaction.cam.pathInsertMode; }),
+    field("numFinishPasses", [](App& app) { return app.interaction.cam.numFinishPasses; }),
 };
 
 constexpr char kPanel[] = "panel";

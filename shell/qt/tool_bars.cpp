@@ -2,6 +2,7 @@
 #include "shell/qt/tool_bars.h"
 
 #include <QMenuBar>
+#include <QTimer>
 #include <QToolButton>
 #include <array>
 #include <string_view>
@@ -92,8 +93,17 @@ QAction* ToolBars::makeAction(const Tool& tool) {
 
 // The toolkit has turned its own check mark over by now; the model alone decides.
 void ToolBars::click(const std::string& tool) {
+  const bool byMenu = std::exchange(menuCloses_, false);
   gateway_.enter("frmMain.abMain_ToolClick(tool)", [&] { host_.click(tool); });
   if (const Tool* clicked = host_.tool(tool)) showChecked(*clicked);
+  if (byMenu && onMenuCommand) onMenuCommand();
+}
+
+// The toolkit closes a menu right before its command runs, and tells the menu of commands that were
+// given elsewhere too: a command belongs to the menu that is closing.
+void ToolBars::menuCloses(QMenu& menu) {
+  menuCloses_ = true;
+  QTimer::singleShot(0, &menu, [this] { menuCloses_ = false; });
 }
 
 // Only a toggle is checkable for good, or every entry of a menu would have an empty box.
@@ -111,10 +121,9 @@ void ToolBars::makeMenu(const Band& band) {
   fill(*menu, band);
   QObject::connect(menu, &QMenu::aboutToShow, menu,
                    [this, name = band.name] { setOpen(name, true); });
-  QObject::connect(menu, &QMenu::aboutToHide, menu,
-                   [this, name = band.name] { setOpen(name, false); });
-  QObject::connect(menu, &QMenu::triggered, menu, [this] {
-    if (onMenuCommand) onMenuCommand();
+  QObject::connect(menu, &QMenu::aboutToHide, menu, [this, menu, name = band.name] {
+    setOpen(name, false);
+    menuCloses(*menu);
   });
   menus_[band.name] = menu;
 }

@@ -43,6 +43,7 @@ class ToolBars : public ToolHostObserver {
   void fill(QWidget& widget, const Band& band);
   void addDropDowns();
   void click(const std::string& tool);
+  void menuCloses(QMenu& menu);
   void showChecked(const Tool& tool);
   void setOpen(const std::string& band, bool open);
 
@@ -52,6 +53,7 @@ class ToolBars : public ToolHostObserver {
   std::map<std::string, QAction*, std::less<>> actions_;
   std::map<std::string, QMenu*, std::less<>> menus_;
   std::map<std::string, QToolBar*, std::less<>> bars_;
+  bool menuCloses_ = false;  // until its command runs, or there is none
   Subscription subscription_;
 };
 

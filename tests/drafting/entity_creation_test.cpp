@@ -3,6 +3,7 @@
 
 #include "gtest/gtest.h"
 
+#include "core/drawing_format.h"
 #include "drafting/edit_commands.h"
 #include "drafting/object_snap.h"
 #include "drafting/selection.h"
@@ -178,12 +179,15 @@ TEST(DrawCircle3P, GoesThroughTheMarkerAndTwoClicks) {
   EXPECT_EQ(logText(d), "A*");
 }
 
-TEST(DrawnCircles, AreArcsInTheTableAndCirclesToTheFeatures) {
+TEST(DrawnCircles, AreArcsInTableAndFileAndCirclesToTheFeatures) {
   RecordedDesk d;
   mnuDrawCircleC1P_Click(d.desk);
   d.click(2, 1);
   EXPECT_EQ(d.store.segtype[1], 2);
   EXPECT_EQ(effectiveType(d.store, 1), 5);
+  std::string file;
+  appendSegments(file, d.store);
+  EXPECT_EQ(file, "2,8,2,1,2,1,0,0\r\n");
 }
 
 // ---- Arcs

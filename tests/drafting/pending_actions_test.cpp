@@ -402,9 +402,15 @@ TEST(HandleEsc, WithoutAnActionADrawingModeStays) {
 
 TEST(HandleEsc, InAStepForgetsTheFirstClick) {
   RecordedDesk d;
-  d.desk.command.PendingSeg1 = 3;
-  d.desk.command.PendingSeg2 = 2;
-  d.desk.state.setPendingaction(17);
+  d.desk.clickActions[16] = [](Desk& desk) {
+    desk.command.PendingSeg1 = 3;
+    desk.command.PendingSeg2 = 2;
+    desk.state.setPendingaction(goOnWith(PendingAction::TrimBy));
+  };
+  mnuEditTrimEntity_Click(d.desk);
+  d.click(1, 1);
+  ASSERT_EQ(d.pending(), 17);
+  ASSERT_EQ(d.desk.command.PendingSeg1, 3);
   Handle_esc(d.desk);
   EXPECT_EQ(d.pending(), 0);
   EXPECT_EQ(d.desk.command.PendingSeg1, 0);
@@ -537,6 +543,16 @@ TEST(Pan, AReleaseElsewhereMovesTheViewByTheWholeDrag) {
   d.release(1, 1.5F, 0);
   EXPECT_EQ((Point{d.view.viewcx, d.view.viewcy}), (Point{-0.5F, 1}));
   EXPECT_FALSE(d.desk.pointer.LeftDown);
+}
+
+TEST(Pan, AMoveWithinTheToleranceLeavesTheView) {
+  RecordedDesk d;
+  d.viewCommands.mnuViewPan_Click();
+  d.press(1, 1, 1);
+  d.move(1, 1.0005F, 1);
+  EXPECT_EQ(d.view.viewcx, 0);
+  d.move(1, 1.0015F, 1);
+  EXPECT_NEAR(d.view.viewcx, -0.0015, 1e-7);
 }
 
 TEST(Pan, AClickLeavesTheViewAsItIs) {

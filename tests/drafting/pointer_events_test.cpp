@@ -189,6 +189,17 @@ TEST(PointerPosition, AReleaseOnAFeatureIgnoresTheGrid) {
   EXPECT_EQ(testing::segmentTexts(d.store).back(), "1 (0, 0)-(0.6, 0.1)");
 }
 
+TEST(PointerPosition, AReleaseExactlyOnAFeatureIgnoresTheGridToo) {
+  RecordedDesk d;
+  d.addLine(0.6F, 0.1F, 3, 3);
+  d.store.cursorgrid = 0.5F;
+  d.store.cursorgridf = 1;
+  mnuDrawLine_Click(d.desk);
+  d.desk.state.UpdateOSnapFeature(/*once=*/true, 1);
+  d.drag({0.8F, 0.2F}, {0.6F, 0.1F});
+  EXPECT_EQ(testing::segmentTexts(d.store).back(), "1 (0, 0)-(0.6, 0.1)");
+}
+
 // ---- Focus and capture
 
 TEST(Move, GivesTheSurfaceTheKeyboardUnlessTextIsPlaced) {
@@ -227,6 +238,13 @@ TEST(ControlDrag, MovesTheViewWithTheGrabbedPoint) {
   EXPECT_EQ((Point{d.view.viewcx, d.view.viewcy}), (Point{-2, -2}));
   d.release(1, 1, 1, 2);
   EXPECT_EQ(d.pointer.MousePointer(), kDefaultShape);
+}
+
+TEST(ControlDrag, FollowsThePointerWithinTheTolerance) {
+  RecordedDesk d;
+  d.press(1, 1, 1, 2);
+  d.move(1, 1.0005F, 1, 2);
+  EXPECT_NEAR(d.view.viewcx, -0.0005, 1e-7);
 }
 
 TEST(ControlDrag, MayBeStatedInUnitsOfTheViewAtItsPress) {
@@ -326,6 +344,22 @@ TEST(SelectionDrag, OfNinePixelsBothWaysIsAClick) {
   mnuDrawSelect_Click(d.desk);
   d.drag({0, 0}, {0.09F, 0.09F});
   EXPECT_EQ(d.store.segattr[1], 30008);
+}
+
+TEST(SelectionDrag, WhosePressAMenuSwallowedPicksNothing) {
+  RecordedDesk d;
+  d.addLine(1, 1, 2, 1);
+  mnuDrawSelect_Click(d.desk);
+  d.drag({3, 3}, {0, 0});
+  mnuDrawUnselect_Click(d.desk);
+  armMenuGuard(d.desk);
+  d.pass(100);
+  d.press(1, 4, 4);
+  d.move(1, 4.5F, 4);
+  d.pass(250);
+  d.release(1, 4.5F, 4);
+  EXPECT_EQ(d.store.segattr[1], 30008);
+  EXPECT_EQ(d.pending(), 25);
 }
 
 TEST(SelectionDrag, OfTenPixelsInOneAxisIsAWindow) {

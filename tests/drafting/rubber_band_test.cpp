@@ -276,6 +276,29 @@ TEST(Crosses, OfMarkerAndSecondPointComeAndGo) {
   }
 }
 
+TEST(Crosses, SurviveARedrawAtOnceBetweenTheStagesOfAnother) {
+  Scene scene;
+  scene.rightClick(2, -2);  // where no row is painted over it
+  const Picture fresh = scene.freshPicture();
+  for (const int stages : {1, 2, 3}) {
+    scene.redraw.setTaskQueueState(1);
+    scene.pass(50 * stages);
+    scene.redraw.redrawscreen();
+    scene.pass(200);
+    EXPECT_EQ(scene.differences(fresh), 0) << stages;
+  }
+}
+
+TEST(Crosses, OfAMarkerThatMovesBetweenTheStagesComeWithTheLast) {
+  Scene scene, other;
+  other.rightClick(2, -2);
+  scene.redraw.setTaskQueueState(1);
+  scene.pass(50);
+  scene.rightClick(2, -2);
+  scene.pass(200);
+  EXPECT_EQ(scene.differences(other.freshPicture()), 0);
+}
+
 TEST(Crosses, AfterAThreePointCommandOnlyTheMarkersIsLeft) {
   for (const ModeCase& mode : kModes) {
     if (!mode.threePoints) continue;

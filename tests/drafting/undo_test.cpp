@@ -1,9 +1,12 @@
 // Undo and redo as commands, with their tools.
 #include "drafting/undo.h"
 
+#include <functional>
+
 #include "gtest/gtest.h"
 
 #include "drafting/entity_creation.h"
+#include "drafting/selection.h"
 #include "tests/support/drafting_desk.h"
 
 namespace tess {
@@ -39,6 +42,20 @@ TEST(UndoCommand, RefreshesThePropertyWindowWithItsFlagSet) {
   EXPECT_EQ(d.propertyRefreshes, before + 1);
 }
 
+TEST(UndoCommand, KeepsTheCollectionToTheRowsThatAreMarked) {
+  RecordedDesk d;
+  d.add({.type = 1, .attr = 30008, .x1 = 5});
+  mnuDrawLine_Click(d.desk);
+  d.click(1, 0);
+  d.click(1, 1);
+  mnuDrawSelectAll_Click(d.desk);
+  EXPECT_EQ(d.desk.state.Selected.rows(), (std::vector<int>{1, 2, 3}));
+  Undo_Last_Change(d.desk);
+  EXPECT_EQ(d.desk.state.Selected.rows(), (std::vector<int>{1, 2}));
+  RedoLastChange(d.desk);  // it was not selected when it was drawn
+  EXPECT_EQ(d.desk.state.Selected.rows(), (std::vector<int>{1, 2}));
+}
+
 TEST(UndoCommand, OfNothingReportsNothing) {
   RecordedDesk d;
   Undo_Last_Change(d.desk);
@@ -59,6 +76,48 @@ TEST(UndoCommand, LeavesTheToolsByWhatThereIs) {
   EXPECT_TRUE(d.tools.isEnabled("miRedo"));
   d.click(3, 3);
   EXPECT_FALSE(d.tools.isEnabled("miRedo"));
+}
+
+// A desk whose table is full but for one row, with a line that was drawn and taken back.
+struct FullDesk : RecordedDesk {
+  FullDesk() {
+    mnuDrawLine_Click(desk);
+    click(1, 0);
+    Undo_Last_Change(desk);
+    takeCallChain();
+    ensureSegmentCapacity(store, kRows);
+    store.NumSegments = kRows;
+  }
+  static constexpr int kRows = 32767;
+};
+
+std::vector<std::string> chainOfFailure(const std::function<void()>& run, FailureNumber expected) {
+  std::vector<std::string> methods;
+  try {
+    run();
+    ADD_FAILURE() << "nothing failed";
+  } catch (const RuntimeFailure& failure) {
+    EXPECT_EQ(failure.number(), expected);
+    for (const CallLevel& level : takeCallChain()) methods.push_back(level.method);
+  }
+  return methods;
+}
+
+TEST(UndoCommand, ReportsFailuresOfTheRedoWalkUnderItsName) {
+  FullDesk d;
+  EXPECT_EQ(chainOfFailure([&] { RedoLastChange(d.desk); }, FailureNumber::Overflow),
+            (Texts{"StartOfSegment", "RedoLastChange"}));
+  EXPECT_EQ(d.store.NumSegments, FullDesk::kRows);
+}
+
+TEST(UndoCommand, ReportsFailuresOfTheUndoWalkUnderItsName) {
+  FullDesk d;
+  clsSegment removed;
+  removed.SetSegment({.type = 1, .x1 = 2}, "D", /*start=*/true);
+  d.desk.changelog.logRecord(removed, /*cutRedo=*/true);
+  EXPECT_EQ(chainOfFailure([&] { Undo_Last_Change(d.desk); }, FailureNumber::Overflow),
+            Texts{"Undo_Last_Change"});
+  EXPECT_EQ(d.store.NumSegments, FullDesk::kRows);
 }
 
 TEST(UndoState, IsClearedForANewDrawing) {

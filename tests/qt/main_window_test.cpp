@@ -4,6 +4,7 @@
 #include <QCheckBox>
 #include <QDropEvent>
 #include <QFile>
+#include <QLayout>
 #include <QMimeData>
 #include <QTimer>
 #include <QToolButton>
@@ -119,6 +120,34 @@ TEST_F(MainWindowTest, AMenuCommandIsToldWhenItHasEnded) {
   EXPECT_EQ(told, std::vector<std::string>{"miLine"});
 }
 
+TEST_F(MainWindowTest, ACommandOfAToolBarIsNoMenuCommand) {
+  int told = 0;
+  window->toolBars().onMenuCommand = [&] { ++told; };
+  QToolBar& bar = *window->toolBars().toolBar("barDraw");
+  auto* button =
+      qobject_cast<QToolButton*>(bar.widgetForAction(window->toolBars().action("miLine")));
+  ASSERT_NE(button, nullptr);
+  QMenu& menu = *window->toolBars().menu("miDraw");
+  menu.popup({100, 100});
+  menu.hide();  // without a command
+  QCoreApplication::processEvents();
+  button->click();
+  EXPECT_EQ(clicked, std::vector<std::string>{"miLine"});
+  EXPECT_EQ(told, 0);
+}
+
+TEST_F(MainWindowTest, ACommandOfAPopUpIsAMenuCommand) {
+  int told = 0;
+  window->toolBars().onMenuCommand = [&] { ++told; };
+  QMenu& menu = *window->toolBars().menu("OSnapMenu");
+  menu.popup({100, 100});
+  menu.setActiveAction(window->toolBars().action("miOSnapCenter"));
+  QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+  QApplication::sendEvent(&menu, &enter);
+  EXPECT_EQ(clicked, std::vector<std::string>{"miOSnapCenter"});
+  EXPECT_EQ(told, 1);
+}
+
 TEST_F(MainWindowTest, ToolBarsShowWhileTheirBandsAreOpen) {
   QToolBar& bar = *window->toolBars().toolBar("barDraw");
   EXPECT_TRUE(bar.isVisible());
@@ -183,6 +212,24 @@ TEST_F(MainWindowTest, APanelShowsItsFormWhileBothAreOpen) {
   EXPECT_FALSE(form.isShown());
   EXPECT_FALSE(tools.band("barStatistics")->open);
   EXPECT_FALSE(dock.isVisible());
+}
+
+TEST_F(MainWindowTest, TheLabelsOfTheStatisticsSpreadWithTheirFrame) {
+  frmStatisticsLike form;
+  forms.show(form);
+  auto* frame = window->panels().dock("barStatistics")->findChild<QFrame*>("fraStats");
+  ASSERT_NE(frame, nullptr);
+  const auto places = [frame](const QSize& size) {
+    frame->resize(size);
+    frame->layout()->activate();
+    std::vector<QPoint> at;
+    for (const QLabel* label : frame->findChildren<QLabel*>()) at.push_back(label->pos());
+    return at;
+  };
+  const std::vector<QPoint> small = places({300, 54});
+  const std::vector<QPoint> large = places({600, 108});
+  ASSERT_EQ(small.size(), 6U);
+  for (std::size_t n = 0; n < small.size(); ++n) EXPECT_EQ(large[n], 2 * small[n]) << n;
 }
 
 TEST_F(MainWindowTest, KeysOfAPanelAreNoCommands) {
@@ -289,12 +336,6 @@ TEST(Icons, SingleUseSnapToolsShareTheIconOfTheirTwins) {
   EXPECT_EQ(iconFile("miOSnapCenterSingle"), ":/icons/miOSnapCenter.svg");
   EXPECT_EQ(iconFile("miVerify/AcceptPocket"), ":/icons/miVerify_AcceptPocket.svg");
   EXPECT_TRUE(toolIcon("miUnknown").isNull());
-}
-
-TEST(FileFilters, ReadBothFormsOfAPattern) {
-  EXPECT_EQ(fileFilters("*.CDM"), QStringList{"*.CDM (*.cdm *.CDM)"});
-  EXPECT_EQ(fileFilters("Layout Files (*.tb3)|*.tb3|All Files (*.*)|*.*"),
-            (QStringList{"Layout Files (*.tb3 *.TB3)", "All Files (*)"}));
 }
 
 }  // namespace

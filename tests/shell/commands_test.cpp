@@ -2,21 +2,18 @@
 #include "shell/commands.h"
 
 #include <algorithm>
-#include <filesystem>
+#include <functional>
 #include <set>
 
 #include "gtest/gtest.h"
 
 #include "shell/tool_bands.h"
-#include "shell/virtual_screen.h"
-#include "tests/support/recording_host.h"
-#include "tests/support/temp_folder.h"
+#include "tests/support/running_program.h"
 
 namespace tess {
 namespace {
 
-using testing::RecordingHost;
-using testing::TempFolder;
+using testing::RunningProgram;
 
 bool contains(const std::vector<std::string>& names, const std::string& name) {
   return std::find(names.begin(), names.end(), name) != names.end();
@@ -26,25 +23,8 @@ bool isRecent(const std::string& tool) {
   return tool.starts_with("miRecentFile");
 }
 
-class Commands : public ::testing::Test {
+class Commands : public ::testing::Test, public RunningProgram {
  protected:
-  Commands() {
-    std::filesystem::copy(TESSIMO_SOURCE_DIR "/tests/scripts/home", home());
-    std::filesystem::create_directory(home("CNC"));
-    application.start(/*drawing=*/"", home());
-  }
-
-  int pendingaction() const { return application.interaction.desk.state.pendingaction(); }
-  int DrawMode() const { return application.interaction.desk.state.DrawMode(); }
-  void press(char ascii) { application.key({.ascii = ascii}); }
-  void press(SpecialKey key) { application.key({.special = key}); }
-
-  TempFolder home;
-  RecordingHost platform;
-  HuntERR reporting{
-      platform.prompts, platform.clock, {.folder = {}, .display = ReportDisplay::None}};
-  VirtualScreen screen;
-  Application application{{platform.host, reporting, screen.ports}};
   ToolHost& tools = application.interaction.tools;
 };
 
@@ -130,6 +110,72 @@ TEST_F(Commands, RecentFilesAreTheNamesBetweenTheFirstAndTheLast) {
   ASSERT_EQ(platform.prompts.messages.size(), 1U) << "this one is tried, and is not there";
 }
 
+struct SnapTool {
+  const char* tool;
+  int kind;
+};
+
+constexpr SnapTool kSnapTools[] = {
+    {"miOSnapEndpoints", 1}, {"miOSnapCenter", 2},        {"miOSnapMidpoint", 3},
+    {"miOSnapQuadrant", 4},  {"miOSnapPerpendicular", 5},
+};
+
+SnapSet only(int kind) {
+  SnapSet set{};
+  set[static_cast<std::size_t>(kind)] = true;
+  return set;
+}
+
+TEST_F(Commands, SnapEntriesCarryTheirKindAndTurnItOverWhileTheButtonIsDown) {
+  CState& state = application.interaction.desk.state;
+  application.clickTool("OSnap");
+  for (const auto& [tool, kind] : kSnapTools) {
+    EXPECT_EQ(tools.tool(tool)->tag, std::to_string(kind));
+    const bool before = state.OSnapFeatures[static_cast<std::size_t>(kind)];
+    application.clickTool(tool);
+    EXPECT_EQ(state.OSnapFeatures[static_cast<std::size_t>(kind)], !before) << tool;
+    EXPECT_EQ(state.OSnapActive, state.OSnapFeatures) << tool;
+  }
+}
+
+TEST_F(Commands, SnapEntriesOfferTheirKindOnceWhileTheButtonIsUp) {
+  CState& state = application.interaction.desk.state;
+  const SnapSet persistent = state.OSnapFeatures;
+  for (const auto& [tool, kind] : kSnapTools) {
+    application.interaction.resetPendingAction();
+    application.clickTool(tool);
+    EXPECT_EQ(state.OSnapActive, only(kind)) << tool;
+  }
+  EXPECT_EQ(state.OSnapFeatures, persistent);
+}
+
+TEST_F(Commands, SingleSnapEntriesOfferTheirKindOnceInEitherState) {
+  CState& state = application.interaction.desk.state;
+  for (const bool down : {false, true}) {
+    if (down) application.clickTool("OSnap");
+    const SnapSet persistent = state.OSnapFeatures;
+    for (const auto& [tool, kind] : kSnapTools) {
+      const std::string single = std::string(tool) + "Single";
+      EXPECT_EQ(tools.tool(single)->tag, std::to_string(kind));
+      application.interaction.resetPendingAction();
+      application.clickTool(single);
+      EXPECT_TRUE(state.OSnapActive[static_cast<std::size_t>(kind)]) << single;
+    }
+    EXPECT_EQ(state.OSnapFeatures, persistent);
+  }
+}
+
+TEST_F(Commands, OpeningTheSnapMenuMarksThePersistentKinds) {
+  application.clickTool("OSnap");
+  tools.openBand("OSnapMenu");
+  EXPECT_EQ(tools.tool("miOSnapEndpoints")->caption, "× Endpoints");
+  EXPECT_EQ(tools.tool("miOSnapMidpoint")->caption, "  Midpoint");
+  tools.closeBand("OSnapMenu");
+  application.clickTool("OSnap");
+  tools.openBand("OSnapMenu");
+  EXPECT_EQ(tools.tool("miOSnapEndpoints")->caption, "  Endpoints");
+}
+
 // A tool either has a command or stands disabled; commands that arm an action do so by tool.
 TEST_F(Commands, ToolsArmTheirActions) {
   application.store.NumSegments = 0;
@@ -205,7 +251,7 @@ TEST_F(Commands, LettersArmTheirActionsInEitherCase) {
     for (const int lower : {0, 'a' - 'A'}) {
       if (key == '\t' && lower != 0) continue;
       application.interaction.resetPendingAction();
-      press(static_cast<char>(key + lower));
+      type(static_cast<char>(key + lower));
       EXPECT_EQ(pendingaction(), action) << key;
       EXPECT_EQ(DrawMode(), mode) << key;
       if (action == 0) continue;
@@ -214,9 +260,64 @@ TEST_F(Commands, LettersArmTheirActionsInEitherCase) {
   }
 }
 
+struct KeyTwin {
+  char key;
+  const char* tool;
+};
+
+constexpr KeyTwin kKeyTwins[] = {
+    {'A', "miArc3P"},      {'B', "miBreakSegment"},  {'C', "miCopy"},
+    {'D', "miRevArcDir"},  {'F', "miFlipArc"},       {'J', "miJoinEndpoints"},
+    {'L', "miLine"},       {'M', "miMoveProfile"},   {'R', "miRectangle"},
+    {'T', "miTrimEntity"}, {'V', "miMoveEndpoints"}, {'\t', "miEntityInfo"},
+};
+
+// Where a command leaves the interaction that was in the middle of a three-point command.
+struct Interruption {
+  int pendingaction = 0, DrawMode = 0, LastCommand = 0, clickstage = 0;
+  bool secondCrossShown = false;
+  std::string prompt;
+  bool operator==(const Interruption&) const = default;
+};
+
+class CommandTwins : public Commands {
+ protected:
+  CommandTwins() { AddSeg(application.store, {.type = 1, .x1 = 1}, nullptr); }
+
+  Interruption after(const std::function<void()>& command) {
+    application.interaction.resetPendingAction();
+    application.interaction.desk.command.LastCommand = 0;
+    application.clickTool("miCircle3P");
+    click({2, 2});
+    const CommandRecord& record = application.interaction.desk.command;
+    EXPECT_EQ(record.clickstage, 1);
+    command();
+    return {pendingaction(),         DrawMode(),
+            record.LastCommand,      record.clickstage,
+            record.secondCrossShown, application.interaction.statusBar.text()};
+  }
+};
+
+TEST_F(CommandTwins, AKeyDoesAllThatItsToolDoes) {
+  for (const auto& [key, tool] : kKeyTwins) {
+    const Interruption byKey = after([&, pressed = key] { type(pressed); });
+    EXPECT_EQ(byKey, after([&, clicked = tool] { application.clickTool(clicked); })) << tool;
+  }
+}
+
+TEST_F(CommandTwins, EveryCommandThatDrawsOrArmsDropsAHalfDoneOne) {
+  for (const char* const tool :
+       {"miLine", "miRectangle", "miArc3P", "miArcC+2P", "miCircle3P", "miCircleC+1P",
+        "miBreakSegment", "miSelect", "miUnselectContiguous", "miMeasureDist", "miSetOrigin"}) {
+    const Interruption left = after([&] { application.clickTool(tool); });
+    EXPECT_EQ(left.clickstage, 0) << tool;
+    EXPECT_FALSE(left.secondCrossShown) << tool;
+  }
+}
+
 TEST_F(Commands, OtherLettersDoNothing) {
   for (const char key : {'H', 'K', 'N', 'Q', 'U', 'W', 'X', 'Y', 'Z', '1', ' ', '\x02'}) {
-    press(key);
+    type(key);
     EXPECT_EQ(pendingaction(), 0) << key;
     EXPECT_EQ(DrawMode(), 0) << key;
   }
@@ -224,42 +325,139 @@ TEST_F(Commands, OtherLettersDoNothing) {
 }
 
 TEST_F(Commands, PWithAnEmptyPasteBufferDoesNothing) {
-  press('P');
+  type('P');
   EXPECT_EQ(application.store.NumSegments, 0);
   EXPECT_TRUE(platform.prompts.messages.empty());
 }
 
 TEST_F(Commands, PressingTTwiceArmsTheTrimOnce) {
-  press('T');
-  press('T');
+  type('T');
+  type('T');
   EXPECT_EQ(pendingaction(), 16);
-  press('\x1b');
+  type('\x1b');
   EXPECT_EQ(pendingaction(), 0) << "one Esc disarms it";
 }
 
 TEST_F(Commands, F3AndF12ArmAFinishedCommandAgain) {
   for (const SpecialKey key : {SpecialKey::F3, SpecialKey::F12}) {
-    press('T');
-    press('\x1b');
-    press(key);
+    type('T');
+    type('\x1b');
+    type(key);
     EXPECT_EQ(pendingaction(), 16);
-    press('\x1b');
+    type('\x1b');
   }
 }
 
 TEST_F(Commands, RepeatKeysWithAModifierDoNothing) {
-  press('T');
-  press('\x1b');
+  type('T');
+  type('\x1b');
   application.key({.special = SpecialKey::F3, .shift = true});
   application.key({.special = SpecialKey::F12, .control = true});
   EXPECT_EQ(pendingaction(), 0);
 }
 
+TEST_F(Commands, InsertClicksRightUnlessShiftIsHeld) {
+  application.move({.X = 2, .Y = 1});
+  application.key({.special = SpecialKey::Insert, .shift = true});
+  EXPECT_EQ(application.store.markerx, 0);
+  application.key({.special = SpecialKey::Insert, .control = true});
+  EXPECT_EQ(application.store.markerx, 2);
+  EXPECT_EQ(application.store.markery, 1);
+}
+
+TEST_F(Commands, EnterClicksLeftAtThePresentPosition) {
+  type('L');
+  application.move({.X = 2, .Y = 1});
+  type(SpecialKey::Enter);
+  ASSERT_EQ(application.store.NumSegments, 1);
+  EXPECT_EQ(application.store.x1[1], 2);
+  application.move({.X = 3, .Y = 1});
+  application.key({.special = SpecialKey::Enter, .shift = true});
+  EXPECT_EQ(application.store.NumSegments, 2);
+}
+
+TEST_F(Commands, ArrowKeysMoveThePositionByOnePixel) {
+  pass(1000);  // the first picture gives the surface its scale
+  application.move({.X = 1, .Y = 1});
+  const PointerRecord& pointer = application.interaction.desk.pointer;
+  const auto pixel = static_cast<float>(1 / PixelsPerInchX(application.interaction.ScreenProxy));
+  type(SpecialKey::Right);
+  EXPECT_FLOAT_EQ(pointer.MouseX, 1 + pixel);
+  type(SpecialKey::Up);
+  EXPECT_FLOAT_EQ(pointer.MouseY, 1 + pixel);
+  application.key({.special = SpecialKey::Left, .shift = true});
+  type(SpecialKey::Down);
+  EXPECT_FLOAT_EQ(pointer.MouseX, 1);
+  EXPECT_FLOAT_EQ(pointer.MouseY, 1);
+}
+
+TEST_F(Commands, CtrlRRedraws) {
+  application.interaction.statusBar.setText("stale");
+  type('\x12');
+  EXPECT_EQ(application.interaction.statusBar.text(), "");
+}
+
+TEST_F(Commands, F3AfterEnterPositionOpensTheDialogAgain) {
+  type('e');
+  type(SpecialKey::F3);
+  EXPECT_EQ(platform.prompts.formNames,
+            (std::vector<std::string>{"dlgPositionCursor", "dlgPositionCursor"}));
+}
+
+TEST_F(Commands, AToolArmsNoMenuGuard) {
+  type('B');
+  application.clickTool("miTrimEntity");
+  click({1, 1});
+  EXPECT_EQ(pendingaction(), 0) << "the click ran the trim";
+}
+
+TEST_F(Commands, ALoadedSetupPutsSnapBack) {
+  CState& state = application.interaction.desk.state;
+  application.clickTool("OSnap");
+  application.clickTool("miOSnapEndpoints");
+  application.clickTool("miOSnapMidpoint");
+  ASSERT_TRUE(state.OSnapFeatures[3]);
+  platform.prompts.files.emplace_back(home("test.msu"));
+  application.clickTool("miLoadSetup");
+  EXPECT_EQ(state.OSnapFeatures, (SnapSet{false, true, true, false, false, true, false}));
+  EXPECT_FALSE(state.OSnapOn);
+  EXPECT_EQ(state.OSnapActive, SnapSet{});
+  EXPECT_EQ(state.OSnapRadius, 0.1F);
+  EXPECT_FALSE(tools.isChecked("OSnap"));
+}
+
+TEST_F(Commands, TheStatisticsPanelShowsCountsAndZoom) {
+  const class frmStatistics& panel = application.interaction.frmStatistics;
+  EXPECT_TRUE(panel.isShown());
+  type('L');
+  click({1, 1});
+  type('I');
+  EXPECT_EQ(panel.lblEntities.caption(), "1");
+  EXPECT_EQ(panel.lblToolPaths.caption(), "0");
+  EXPECT_EQ(panel.lblZoomLevel.caption(), " 2");
+  application.clickTool("miZoomOut");
+  application.clickTool("miZoomOut");
+  EXPECT_EQ(panel.lblZoomLevel.caption(), "1 / 2");
+  application.clickTool("miShowStatistics");
+  EXPECT_FALSE(panel.isShown());
+  application.clickTool("miShowStatistics");
+  EXPECT_TRUE(panel.isShown());
+}
+
 TEST_F(Commands, ZoomKeys) {
   const float full = application.interaction.view.viewspan;
-  press('i');
+  type('i');
   EXPECT_EQ(application.interaction.view.viewspan, full / 2);
-  press('O');
+  type('O');
+  EXPECT_EQ(application.interaction.view.viewspan, full);
+}
+
+TEST_F(Commands, WhileTextIsPlacedTheZoomKeysAndToolsAreInert) {
+  const float full = application.interaction.view.viewspan;
+  application.interaction.desk.state.setPendingaction(30);
+  for (const char key : {'i', 'I', 'o', 'O'}) type(key);
+  application.clickTool("miZoomIn");
+  application.clickTool("miZoomOut");
   EXPECT_EQ(application.interaction.view.viewspan, full);
 }
 
@@ -267,7 +465,7 @@ TEST_F(Commands, GFlipsBothGrids) {
   DrawingStore& store = application.store;
   store.visualgridf = 1;
   store.cursorgridf = 0;
-  press('G');
+  type('G');
   EXPECT_EQ(store.visualgridf, 0);
   EXPECT_EQ(store.cursorgridf, 1);
   EXPECT_FALSE(tools.isChecked("VGrid"));
@@ -277,14 +475,14 @@ TEST_F(Commands, GFlipsBothGrids) {
 TEST_F(Commands, ProgramsByKey) {
   for (const char key : {'\x0C', '\x0D'}) {
     platform.prompts.messages.clear();
-    press(key);
+    type(key);
     ASSERT_EQ(platform.prompts.messages.size(), 1U);
     EXPECT_EQ(platform.prompts.messages.front().text, "No Path Segments Placed!");
   }
 }
 
 TEST_F(Commands, TheDeleteKeyArmsTheDeletion) {
-  press(SpecialKey::Delete);
+  type(SpecialKey::Delete);
   EXPECT_EQ(pendingaction(), 1);
 }
 

@@ -360,6 +360,7 @@ TEST(AddMachCycleAtCircles, PlacesThreeRowsInOneGroupAndNoOther) {
     EXPECT_EQ(dialog.result(), -1);
   });
   CAMAddMachCycleDeferred(d.cam);
+  EXPECT_EQ(d.statistics.substr(0, 4), "5 4 ");
   EXPECT_EQ(d.pending(), 0);
   Texts expected = before;
   expected.insert(expected.end(),
