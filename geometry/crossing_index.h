@@ -28,17 +28,22 @@ class CrossingIndex {
   void candidates(const Entity& entity, int after, std::vector<int>& rows) const;
 
  private:
+  void dropFarRows(const Entity& entity, const Box& near, std::vector<int>& rows) const;
   void addAlignedArcs(const Entity& arc, int after, std::vector<int>& rows) const;
-  Box reachOf(const Entity& entity) const;
+  std::vector<Box> reaches() const;
+  Box reachOf(const Entity& entity, const Box& near) const;
+  Box nearReachOf(const Entity& entity) const;
   double reachOfLine(const Entity& line) const;
-  double reachOfArc(const Entity& arc) const;
+  double nearReachOfArc(const Entity& arc) const;
+  double rootNoise(double slope) const;
 
   std::vector<Entity> entities_;
   double tolerence_;
   double magnitude_;  // the largest coordinate or radius
   double largestRadius_;
   bool hasArcs_;
-  BoxIndex boxes_;
+  std::vector<Box> near_;  // by nearReachOf; empty without arcs
+  BoxIndex boxes_;         // by reachOf
   AlignedCenters alignedCenters_;
 };
 

@@ -1,0 +1,88 @@
+// The parallel spiral of about a hundred rings in a round pocket, with joints, clean-up, barrier
+// and log, beside the same insets by the polygon offsetter of the distribution, which takes the
+// finished polygon and gives back polygons. A path table holds 32767 rows, so the outlines are
+// short.
+#include <cmath>
+
+#include "benchmark/benchmark.h"
+
+#include "polyclipping/clipper.hpp"
+#include "tests/support/outlines.h"
+#include "tests/support/silent_surface.h"
+#include "toolpath/parallel_spiral.h"
+
+namespace tess {
+namespace {
+
+constexpr int kRings = 100;
+constexpr double kUnitsPerInch = 1e6;  // of the offsetter's whole numbers
+
+std::vector<Entity> roundOutline(int rows) {
+  return testing::wavyStar({.rows = rows, .depth = 0});
+}
+
+struct RoundPocket : testing::SilentDesk {
+  explicit RoundPocket(int rows) {
+    testing::addOutline(store, roundOutline(rows), kVerifiedRow);
+    radius = static_cast<float>(testing::starRadius(rows));
+    cam.PocketXDim = cam.PocketYDim = 2 * radius;
+    cam.roughFloor = -0.5F;
+    store.cfg_final_depth = 0.5F;
+    store.cfg_z_cut_per_pass = 0.5F;
+    store.cfg_cutting_mode = 2;
+    store.cfg_cut_width_type = 2;
+    store.cfg_tool_spacing_distance = step();
+    store.cfg_pocket_dist_from_center = step();
+    store.toolradius[0] = step();
+  }
+  float step() const { return radius / kRings; }
+
+  CamDesk cam{desk};
+  float radius = 0;
+};
+
+void ParallelSpiral(benchmark::State& state) {
+  RoundPocket d(static_cast<int>(state.range(0)));
+  d.store.cfg_gouge_avoidance = state.range(1) != 0;
+  for (auto _ : state) {
+    d.store.NumPathSegments = 0;
+    d.cam.changelog.clear();
+    parallelSpiralPocket(d.cam, 1);
+  }
+  state.counters["path rows"] = static_cast<double>(d.store.NumPathSegments);
+}
+
+void SpiralInsetsByPolygonOffsetter(benchmark::State& state) {
+  const int rows = static_cast<int>(state.range(0));
+  const RoundPocket d(rows);
+  ClipperLib::Path outline;
+  for (const Entity& row : roundOutline(rows)) {
+    outline.emplace_back(std::llround(row.start.x * kUnitsPerInch),
+                         std::llround(row.start.y * kUnitsPerInch));
+  }
+  std::size_t corners = 0;
+  for (auto _ : state) {
+    corners = 0;
+    for (int ring = 1; ring < kRings; ++ring) {
+      ClipperLib::ClipperOffset offsetter;
+      offsetter.AddPath(outline, ClipperLib::jtMiter, ClipperLib::etClosedPolygon);
+      ClipperLib::Paths inset;
+      offsetter.Execute(inset, -double{d.step()} * ring * kUnitsPerInch);
+      for (const ClipperLib::Path& path : inset) corners += path.size();
+    }
+  }
+  state.counters["corners"] = static_cast<double>(corners);
+}
+
+BENCHMARK(ParallelSpiral)
+    ->ArgNames({"rows", "avoidance"})
+    ->ArgsProduct({{100, 300}, {0, 1}})
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK(SpiralInsetsByPolygonOffsetter)
+    ->ArgName("rows")
+    ->Arg(100)
+    ->Arg(300)
+    ->Unit(benchmark::kMillisecond);
+
+}  // namespace
+}  // namespace tess
