@@ -168,7 +168,7 @@ void addLineCrossing(const ScanLine& line, const Entity& edge, ScanPoints& point
   const auto [low, high] =
       std::minmax({fixedOf(line.style, edge.start), fixedOf(line.style, edge.end)});
   // Strictly between: an end exactly on the line does not count.
-  if (!(low < line.test && line.test < high)) return;
+  if (line.test <= low || line.test >= high) return;
   float along = alongOf(line.style, edge.start);
   if (along != alongOf(line.style, edge.end)) {
     const double m = chordSlope(edge.start, edge.end);
