@@ -7,6 +7,7 @@
 #include <limits>
 #include <optional>
 #include <stdexcept>
+#include <utility>
 
 namespace tess::testing {
 namespace {
@@ -126,13 +127,16 @@ struct Bounds {
     low = {std::min(low.x, p.x), std::min(low.y, p.y)};
     high = {std::max(high.x, p.x), std::max(high.y, p.y)};
   }
-  // An arc by its whole circle.
+  // An arc by its ends and what it passes of the circle's four outermost points.
   void include(const Curve& curve) {
     include(curve.start);
     include(curve.end);
     if (!curve.isArc) return;
-    include(curve.center - Vec{curve.radius, curve.radius});
-    include(curve.center + Vec{curve.radius, curve.radius});
+    constexpr double kQuarter = kFullTurn / 4;
+    const double low = std::min(curve.from, curve.from + curve.sweep);
+    const double high = std::max(curve.from, curve.from + curve.sweep);
+    for (double angle = std::ceil(low / kQuarter) * kQuarter; angle <= high; angle += kQuarter)
+      include(onCircle(curve.center, curve.radius, angle));
   }
   void grow(double by) {
     low = low - Vec{by, by};
@@ -233,6 +237,20 @@ Marks toolPositions(const PartShape& part, const Raster& raster, double radius) 
     }
   }
   return positions;
+}
+
+// Takes the room that the position belongs to out of the marks.
+void clearRoom(const Raster& raster, Marks& positions, int column, int row) {
+  std::vector<std::pair<int, int>> open{{column, row}};
+  while (!open.empty()) {
+    const auto [x, y] = open.back();
+    open.pop_back();
+    const bool outside = x < 0 || y < 0 || x >= raster.columns() || y >= raster.rows();
+    if (outside || positions[raster.at(x, y)] == 0) continue;
+    positions[raster.at(x, y)] = 0;
+    for (const auto& [dx, dy] : {std::pair{-1, 0}, {1, 0}, {0, -1}, {0, 1}})
+      open.emplace_back(x + dx, y + dy);
+  }
 }
 
 // A position with a neighbour that is none.
@@ -348,6 +366,18 @@ Gouge deepestGouge(const PartShape& part, const std::vector<Curve>& way, double 
     }
   }
   return worst;
+}
+
+int toolRooms(const PartShape& part, double toolRadius, int cellsPerRadius) {
+  const Raster raster(boundsOf(part.pocket), toolRadius / cellsPerRadius);
+  Marks positions = toolPositions(part, raster, toolRadius);
+  int rooms = 0;
+  raster.forEachCell([&](int column, int row) {
+    if (positions[raster.at(column, row)] == 0) return;
+    clearRoom(raster, positions, column, row);
+    ++rooms;
+  });
+  return rooms;
 }
 
 struct ReachableArea::Cells {

@@ -1,7 +1,7 @@
 // Is the part right? A round tool is swept along path rows, independently of the routines that
 // place them: how deep it enters what must stay, and how much it leaves of what it could reach.
 // Owns: PartShape, partOf, toolWay, isAllowed, clearance, Gouge, deepestGouge, Coverage,
-//       ReachableArea.
+//       ReachableArea, toolRooms.
 #pragma once
 
 #include <memory>
@@ -67,5 +67,9 @@ class ReachableArea {
   struct Cells;
   std::shared_ptr<const Cells> cells_;
 };
+
+// In how many parts the places lie where the tool may stand: it cannot pass from one to another. A
+// passage that it just fits may seem closed, by the grain of the raster.
+int toolRooms(const PartShape& part, double toolRadius, int cellsPerRadius = 10);
 
 }  // namespace tess::testing

@@ -187,6 +187,40 @@ TEST(Coverage, GougesDoNotRaiseTheShare) {
   EXPECT_NEAR(coverage.cut, 4, 0.1);
 }
 
+// A side that is an arc of a circle far larger than the pocket.
+TEST(Coverage, AFlatArcMakesNoLargeRaster) {
+  PartShape part = kSquare;
+  part.pocket[0] = arcCurve({0, 0}, {4, 0}, {2, 20000}, /*clockwise=*/false);
+  EXPECT_NEAR(ReachableArea(part, kRadius).area(), 16, 0.3);
+}
+
+// ---- Rooms
+
+TEST(ToolRooms, ASquareIsOneRoomWhileTheToolFits) {
+  EXPECT_EQ(toolRooms(kSquare, 0.5), 1);
+  EXPECT_EQ(toolRooms(kSquare, 1.9), 1);
+  EXPECT_EQ(toolRooms(kSquare, 2.1), 0);
+}
+
+TEST(ToolRooms, ANeckNarrowerThanTheToolParts) {
+  // Two rooms of 4 by 4 with a passage 1 wide.
+  const PartShape part{polygon({{0, 0},
+                                {4, 0},
+                                {4, 1},
+                                {6, 1},
+                                {6, 0},
+                                {10, 0},
+                                {10, 4},
+                                {6, 4},
+                                {6, 2},
+                                {4, 2},
+                                {4, 4},
+                                {0, 4}}),
+                       {}};
+  EXPECT_EQ(toolRooms(part, 0.4), 1);
+  EXPECT_EQ(toolRooms(part, 0.6), 2);
+}
+
 // ---- From rows to shapes
 
 TEST(PartOf, TakesRowsThatRunEitherWay) {
