@@ -133,9 +133,9 @@ struct Bounds {
     include(curve.end);
     if (!curve.isArc) return;
     constexpr double kQuarter = kFullTurn / 4;
-    const double low = std::min(curve.from, curve.from + curve.sweep);
-    const double high = std::max(curve.from, curve.from + curve.sweep);
-    for (double angle = std::ceil(low / kQuarter) * kQuarter; angle <= high; angle += kQuarter)
+    const double first = std::min(curve.from, curve.from + curve.sweep);
+    const double last = std::max(curve.from, curve.from + curve.sweep);
+    for (double angle = std::ceil(first / kQuarter) * kQuarter; angle <= last; angle += kQuarter)
       include(onCircle(curve.center, curve.radius, angle));
   }
   void grow(double by) {

@@ -155,6 +155,15 @@ TEST(KnownLimits, AFinishPathStartedOnAShortChamferKeepsTheFoldAndLosesTheRest) 
   EXPECT_NEAR(depthOf(pocket, way), 2 * kRadius, kExact);
 }
 
+// A joint whose rows miss each other by up to 0.0015 counts as a crossing.
+TEST(KnownLimits, AChamferJustTooShortForTheToolIsCutByAHair) {
+  const float leg = 0.1455F;  // the tool needs 0.14645
+  const TestPocket pocket =
+      pocketOfRows(polygonRows({{0, 0}, {4, 0}, {4, 4 - leg}, {4 - leg, 4}, {0, 4}}));
+  PocketJob job(pocket, {});
+  EXPECT_NEAR(depthOf(pocket, job.finish()), 0.00095, 1e-5);
+}
+
 // A slot on a slant: with five decimals its straights run into its ends but for a hair, and gouge
 // avoidance takes the first joint for a fold.
 TEST(KnownLimits, APathThatStartsAtASmoothJointMayBeThrownAwayButForASliver) {

@@ -53,8 +53,8 @@ double turningPoint(double low, double high, Question question) {
   return high;
 }
 
-// True when a tool on the allowed side can stand in the corner and touch both rows: then the path
-// round the outline does not begin within a fold.
+// True when a tool on the allowed side can stand in the corner and touch both rows, not just the
+// far end of one: then the path round the outline does not begin within a fold.
 inline bool isStartFree(const PartShape& part, const StartCorner& corner, double radius) {
   constexpr int kSteps = 400;
   constexpr double kSlack = 1e-3;
@@ -70,7 +70,9 @@ inline bool isStartFree(const PartShape& part, const StartCorner& corner, double
     const double share = static_cast<double>(step) / kSteps;
     if (!clearsBefore(share)) continue;
     const double touching = turningPoint(std::max(0.0, share - 1.0 / kSteps), share, clearsBefore);
-    return clearance(part, tool(touching)) >= radius - kSlack;
+    const Vec at = tool(touching);
+    const bool passesBefore = lengthOf(nearestOn(corner.before, at) - corner.before.start) < kSlack;
+    return !passesBefore && clearance(part, at) >= radius - kSlack;
   }
   return false;
 }
