@@ -3,7 +3,12 @@
 //
 // Depths are how far the tool enters what must stay; a share is of the area that the tool can
 // reach.
-#include <gtest/gtest.h>
+#include <cmath>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "gtest/gtest.h"
 
 #include "tests/toolpath/pocket_job.h"
 #include "tests/toolpath/working_outline_rows.h"

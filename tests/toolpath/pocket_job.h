@@ -3,6 +3,7 @@
 // Owns: JobOrder, JobClicks, PocketJob, polygonRows, pocketOfRows.
 #pragma once
 
+#include <algorithm>
 #include <cmath>
 #include <vector>
 
