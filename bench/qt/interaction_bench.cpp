@@ -118,15 +118,18 @@ void OpenADrawing(benchmark::State& state) {
   constexpr int kRows = 30000;
   BenchProgram program;
   drawOutlines(program, kRows, 12);
-  program.store().endmarkers = 0;
   const testing::TempFolder folder;
   const std::array<std::string, 1> file{folder("part.cdm")};
   Session& session = program.application().session;
-  session.selectedfolder = folder();
-  session.selectedname = "part.cdm";
+  program.store().drawingpath = folder();
   program.store().drawingname = "part.cdm";
   save_Drawing(session);
   for (auto _ : state) {
+    state.PauseTiming();
+    new_drawing(session);
+    program.settle();
+    checkCount(program.store().NumSegments, 0);
+    state.ResumeTiming();
     dropFiles(session, file);
     program.settle();
     checkCount(program.store().NumSegments, kRows);
