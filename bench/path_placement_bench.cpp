@@ -8,6 +8,7 @@
 
 #include "tests/support/recorded_cam.h"
 #include "toolpath/path_placement.h"
+#include "toolpath/working_rows.h"
 
 namespace tess {
 namespace {
@@ -15,7 +16,6 @@ namespace {
 using testing::RecordedCam;
 
 constexpr int kSelectedRow = kSelected + kOrdinaryClass;
-constexpr int kIslandOutline = 12;
 constexpr int kPerLine = 200;
 
 Point onGrid(int row) {

@@ -286,6 +286,12 @@ void ListBox::setText(std::string text) {
   selectText(text);
 }
 
+bool ListBox::open() {
+  if (!onOpen || index() < 0 || !reach()) return false;
+  fire(onOpen);
+  return true;
+}
+
 std::string ComboBox::text() const {
   if (style_ == ComboStyle::Editable) return text_;
   return index() < 0 ? std::string() : item(index());

@@ -223,6 +223,11 @@ class ListBox : public ItemsControl {
   ControlKind kind() const override { return ControlKind::List; }
   std::string text() const override;
   void setText(std::string text) override;
+  // The operator opens the selected item, by a double click or the Enter key. False when the list
+  // is out of reach, has nothing to open, or nobody opens its items.
+  bool open();
+
+  Handler onOpen;
 };
 
 enum class ComboStyle { Editable, ListOnly };

@@ -115,6 +115,7 @@ struct PathRow {
   float z = 0, feed = 0;
   int code = 0;
   bool visible = true;
+  friend bool operator==(const PathRow&, const PathRow&) = default;
 };
 
 // Appends a drawing row and draws it on `target` (null: nowhere). Marks nothing as changed and logs

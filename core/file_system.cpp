@@ -2,11 +2,13 @@
 // failures carry the program's numbers.
 #include "core/file_system.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <filesystem>
 #include <memory>
 #include <system_error>
+#include <utility>
 
 #include "core/runtime_failure.h"
 #include "core/text.h"
@@ -78,6 +80,12 @@ OpenFile openFile(const std::string& path, const char* mode) {
   return file;
 }
 
+void sortIgnoringCase(std::vector<std::string>& names) {
+  std::sort(names.begin(), names.end(), [](const std::string& a, const std::string& b) {
+    return std::pair(lowerCased(a), a) < std::pair(lowerCased(b), b);
+  });
+}
+
 }  // namespace
 
 std::string_view fileNameOf(std::string_view path) {
@@ -130,6 +138,21 @@ bool fileExists(std::string_view path) {
 bool folderExists(std::string_view path) {
   std::error_code ignored;
   return !path.empty() && fs::is_directory(resolvePath(path), ignored);
+}
+
+FolderEntries listFolder(std::string_view path) {
+  FolderEntries entries;
+  std::error_code error;
+  for (fs::directory_iterator entry(resolvePath(path), error), end; !error && entry != end;
+       entry.increment(error)) {
+    const std::string name = entry->path().filename().string();
+    if (name.starts_with('.')) continue;
+    std::error_code unknown;
+    (entry->is_directory(unknown) ? entries.folders : entries.files).push_back(name);
+  }
+  sortIgnoringCase(entries.folders);
+  sortIgnoringCase(entries.files);
+  return entries;
 }
 
 std::string readFile(std::string_view path) {

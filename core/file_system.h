@@ -1,12 +1,12 @@
 // Files and folders as the program sees them: both separators are read, the platform's is written,
 // and names are looked up without regard to case.
 // Owns: kSeparator, fileNameOf, splitPath, withSeparator, resolvePath, fullPath, fileExists,
-// folderExists,
-//       readFile, writeFile, deleteFile, raiseFileFailure.
+//       folderExists, FolderEntries, listFolder, readFile, writeFile, deleteFile, raiseFileFailure.
 #pragma once
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tess {
 
@@ -34,6 +34,15 @@ std::string fullPath(std::string_view path);
 // True when a non-empty path names a file; hidden files count, folders do not.
 bool fileExists(std::string_view path);
 bool folderExists(std::string_view path);
+
+// What a folder shows of its content, both in the order of their names regardless of case.
+struct FolderEntries {
+  std::vector<std::string> folders;
+  std::vector<std::string> files;
+};
+
+// Without hidden entries. A folder that cannot be read shows nothing.
+FolderEntries listFolder(std::string_view path);
 
 // The whole file as bytes. Raises File not found, Path not found, Permission denied, Path/File
 // access error (a folder) or Device I/O error, with the path as source.

@@ -239,9 +239,18 @@ bool Form::focusNext(bool backwards) {
 
 bool Form::pressDefault() {
   const auto* text = dynamic_cast<const TextBox*>(focused_);
-  if (text != nullptr && text->multiLine) return false;
+  if (text != nullptr && text->multiLine && !text->readOnly) return false;
+  if (auto* list = dynamic_cast<ListBox*>(focused_); list != nullptr && list->open()) return true;
   if (auto* button = dynamic_cast<Button*>(focused_)) return button->press();
-  return defaultButton_ != nullptr && defaultButton_->press();
+  if (defaultButton_ != nullptr) return defaultButton_->press();
+  return onlyTells() && close(CloseReason::Operator);
+}
+
+bool Form::onlyTells() const {
+  return modality_ == Modality::Modal &&
+         std::none_of(controls_.begin(), controls_.end(), [](const Control* control) {
+           return control->kind() == ControlKind::Button;
+         });
 }
 
 void Form::pressCancel() {

@@ -104,9 +104,10 @@ class Form {
   void setCancelButton(Button& button) { cancelButton_ = &button; }
   Button* defaultButton() const { return defaultButton_; }
   Button* cancelButton() const { return cancelButton_; }
-  // The Enter key: presses the button that has the focus, else the default one, which takes the
-  // focus so that the field being edited is validated and left. False when nothing was pressed,
-  // as in a text of several lines.
+  // The Enter key: opens the item selected in the list that has the focus, if it opens any; presses
+  // the button that has the focus, else the default one, which takes the focus so that the field
+  // being edited is validated and left; closes a modal form without buttons, which has been read.
+  // False when nothing happened, as in a text of several lines that is being written.
   bool pressDefault();
   // The Esc key: clicks the cancel button where it stands, so that no field can hold the operator
   // back, or closes a form that has none. The window's closing button calls close instead.
@@ -138,6 +139,7 @@ class Form {
   bool mayLeave(Control& from, const Control* to);
   bool leaveFocused();
   void focusFirst();
+  bool onlyTells() const;
 
   std::string name_;
   std::string caption_;

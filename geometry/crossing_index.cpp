@@ -28,10 +28,13 @@ bool passesForLineOrArc(int type) {
 
 }  // namespace
 
-CrossingIndex::CrossingIndex(std::vector<Entity> entities, float tolerence, double magnitude)
+CrossingIndex::CrossingIndex(std::vector<Entity> entities, float tolerence, double magnitude,
+                             double radius)
     : entities_(std::move(entities)),
       tolerence_(std::max(tolerence, 0.0F)),
-      magnitude_(magnitude),
+      magnitude_(std::max(magnitude, radius)),
+      largestRadius_(radius),
+      hasArcs_(radius > 0),
       alignedCenters_(entities_) {
   for (const Entity& entity : entities_) {
     magnitude_ = std::max(magnitude_, magnitudeOf(entity));

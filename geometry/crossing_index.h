@@ -16,9 +16,11 @@ namespace tess {
 
 class CrossingIndex {
  public:
-  // Element k of `entities` is row k + 1. Questions about lines that are in no table are fast as
-  // long as their coordinates lie within those of the rows or within `magnitude`.
-  CrossingIndex(std::vector<Entity> entities, float tolerence, double magnitude = 0);
+  // Element k of `entities` is row k + 1. Questions about entities that are in no table are fast as
+  // long as their coordinates lie within those of the rows or within `magnitude`, and radii of arcs
+  // likewise within `radius`.
+  CrossingIndex(std::vector<Entity> entities, float tolerence, double magnitude = 0,
+                double radius = 0);
 
   // The rows above `after` that may cross row `row` or an entity that is in no table, ascending;
   // a row is not its own candidate. Replaces the contents of `rows`.
@@ -34,8 +36,8 @@ class CrossingIndex {
   std::vector<Entity> entities_;
   double tolerence_;
   double magnitude_;  // the largest coordinate or radius
-  double largestRadius_ = 0;
-  bool hasArcs_ = false;
+  double largestRadius_;
+  bool hasArcs_;
   BoxIndex boxes_;
   AlignedCenters alignedCenters_;
 };

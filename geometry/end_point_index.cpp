@@ -1,5 +1,5 @@
-// The hashed end points: cells of four tolerances, so that a point and all that is the same lie in
-// at most two cells along each axis.
+// The hashed end points: cells of sixteen tolerances, so that a point and all that is the same lie
+// mostly in one cell, and in at most two along each axis.
 #include "geometry/end_point_index.h"
 
 #include <algorithm>
@@ -11,11 +11,19 @@
 namespace tess {
 namespace {
 
-constexpr double kCellInTolerances = 4;
+constexpr double kCellInTolerances = 16;
 constexpr std::size_t kLeastBuckets = 16;
 // samePoint subtracts in 64 bits; a search must reach as far as its rounding does.
 constexpr double kReachFactor = 1 + 1e-6;
 constexpr double kRoundingShare = 1e-15;
+
+// std::floor, without a call into the library for what fits an integer.
+double floorOf(double value) {
+  constexpr double kWholeLimit = 9e18;
+  if (!(std::abs(value) < kWholeLimit)) return std::floor(value);
+  const auto truncated = static_cast<double>(static_cast<std::int64_t>(value));
+  return truncated > value ? truncated - 1 : truncated;
+}
 
 std::uint64_t mixed(std::uint64_t bits) {
   bits *= 0x9E3779B97F4A7C15ULL;
@@ -64,6 +72,17 @@ void EndPointIndex::rowsAt(Point at, std::vector<EndMatch>& matches) const {
   matches.clear();
   const Cells columns = cellsAround(at.x);
   const Cells rows = cellsAround(at.y);
+  if (columns.count == 1 && rows.count == 1) {
+    matchBucket(bucketOf(columns.at[0], rows.at[0]), at, matches);
+  } else {
+    matchBuckets(columns, rows, at, matches);
+  }
+  if (matches.size() > 1) mergeRows(matches);
+}
+
+// Different cells may share a bucket.
+void EndPointIndex::matchBuckets(const Cells& columns, const Cells& rows, Point at,
+                                 std::vector<EndMatch>& matches) const {
   std::array<std::size_t, 9> seen;
   std::size_t count = 0;
   for (int column = 0; column < columns.count; ++column) {
@@ -74,7 +93,6 @@ void EndPointIndex::rowsAt(Point at, std::vector<EndMatch>& matches) const {
       matchBucket(bucket, at, matches);
     }
   }
-  if (matches.size() > 1) mergeRows(matches);
 }
 
 void EndPointIndex::reserve(int rows) {
@@ -106,7 +124,7 @@ void EndPointIndex::rehash(std::size_t buckets) {
 
 // Without a tolerance the coordinate is its own cell. Adding 0 makes both zeros one.
 double EndPointIndex::cellOf(double value) const {
-  return (cellsPerUnit_ > 0 ? std::floor(value * cellsPerUnit_) : value) + 0.0;
+  return (cellsPerUnit_ > 0 ? floorOf(value * cellsPerUnit_) : value) + 0.0;
 }
 
 std::size_t EndPointIndex::bucketOf(double cellX, double cellY) const {
@@ -115,14 +133,15 @@ std::size_t EndPointIndex::bucketOf(double cellX, double cellY) const {
   return mixed(x + y) & (heads_.size() - 1);
 }
 
-// The cells that values the same as this one may lie in. Far out, where cells are finer than the
-// coordinates, the value's own cell need not be among those of its neighbourhood's limits.
+// The cells that values the same as this one may lie in: mostly one. Far out, where cells are finer
+// than the coordinates, the value's own cell need not be among those of its neighbourhood's limits.
 EndPointIndex::Cells EndPointIndex::cellsAround(float value) const {
-  Cells cells{{cellOf(value)}, 1};
-  if (cellsPerUnit_ <= 0) return cells;
+  if (cellsPerUnit_ <= 0) return {{cellOf(value)}, 1};
   const double reach = tolerence_ * kReachFactor + std::abs(value) * kRoundingShare;
-  for (const double limit : {value - reach, value + reach}) {
-    const double cell = cellOf(limit);
+  const double limits[] = {cellOf(value - reach), cellOf(value + reach)};
+  if (limits[0] == limits[1]) return {{limits[0]}, 1};
+  Cells cells{{cellOf(value)}, 1};
+  for (const double cell : limits) {
     if (std::find(cells.at, cells.at + cells.count, cell) == cells.at + cells.count)
       cells.at[cells.count++] = cell;
   }

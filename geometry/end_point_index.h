@@ -46,6 +46,8 @@ class EndPointIndex {
   std::size_t bucketOf(double cellX, double cellY) const;
   std::size_t bucketOf(Point at) const { return bucketOf(cellOf(at.x), cellOf(at.y)); }
   Cells cellsAround(float value) const;
+  void matchBuckets(const Cells& columns, const Cells& rows, Point at,
+                    std::vector<EndMatch>& matches) const;
   void matchBucket(std::size_t bucket, Point at, std::vector<EndMatch>& matches) const;
 
   // An end of a row: entry 2*row its start, 2*row + 1 its end, chained within its bucket.

@@ -11,11 +11,6 @@
 namespace tess {
 namespace {
 
-// nearestOnArc and nearestOnCircle cast a line of slope s through the centre; the roots of its
-// quadratic are off by up to 2e-7 of the largest coordinate, along the line by (1 + s) times that,
-// and s goes up to kSteepSlope.
-constexpr double kCastNoise = 2.1e-7 * kSteepSlope;
-constexpr double kRoundingMargin = 4e-6;  // distances are compared in 32 bits
 constexpr double kGrowth = 4;
 
 double farFrom(const Box& box, Point at) {
@@ -143,7 +138,7 @@ std::vector<FindableRow> allRows(const DrawingStore& store, int count, FindableO
 }  // namespace
 
 NearestBoxes::NearestBoxes(const std::vector<FindableRow>& rows, float tolerence)
-    : rows_(rowBoxes(rows)), ends_(endBoxes(rows)), tolerence_(std::max(tolerence, 0.0F)) {
+    : rows_(rowBoxes(rows)), ends_(endBoxes(rows)), tolerence_(tolerence) {
   for (const FindableRow& row : rows) note(row);
 }
 
@@ -157,7 +152,7 @@ void NearestBoxes::update(int row, const FindableRow& entity) {
 double NearestBoxes::slack(Point at) const {
   if (!hasRoundKinds_) return 0;
   const double magnitude = std::max(magnitude_, largestCoordinate(at));
-  return kCastNoise * magnitude + tolerence_ + std::sqrt(tolerence_);
+  return nearestSlack(magnitude, tolerence_);
 }
 
 void NearestBoxes::note(const FindableRow& row) {

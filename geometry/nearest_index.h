@@ -30,7 +30,7 @@ class NearestBoxes {
   void note(const FindableRow& entity);
 
   BoxIndex rows_, ends_;
-  double tolerence_;
+  float tolerence_;
   double magnitude_ = 0;  // the largest coordinate or radius ever met
   bool hasRoundKinds_ = false;
 };

@@ -2,16 +2,19 @@
 #include "geometry/nearest_scans.h"
 
 #include "geometry/nearest.h"
+#include "geometry/row_boxes.h"
 
 namespace tess {
 namespace {
 
-// `nearestPoint(row, point)` gives a row's nearest point, or false for a row that does not count.
-template <typename NearestPoint>
-int nearestRow(int rows, Point at, NearestPoint nearestPoint) {
+// `nearestPoint(row, point)` gives a row's nearest point, or false for a row that does not count;
+// `least(row)` what its distance cannot be below.
+template <typename LeastDistance, typename NearestPoint>
+int nearestRow(int rows, Point at, LeastDistance least, NearestPoint nearestPoint) {
   float best = kFarthest;
   int found = 0;
   for (int row = 1; row <= rows; ++row) {
+    if (least(row) > best) continue;
     Point point;
     if (!nearestPoint(row, point)) continue;
     const float away = distance(at, point);
@@ -20,6 +23,12 @@ int nearestRow(int rows, Point at, NearestPoint nearestPoint) {
     found = row;
   }
   return found;
+}
+
+template <typename NearestPoint>
+int nearestRow(int rows, Point at, NearestPoint nearestPoint) {
+  return nearestRow(
+      rows, at, [](int /*row*/) { return 0.0; }, nearestPoint);
 }
 
 // `endsOf(row, start, end)` gives a row's ends, or false for a row that does not count.
@@ -77,7 +86,10 @@ bool nearestPointOfPathRow(const DrawingStore& store, int ps, Point at, Point& n
 }
 
 int nearestSeg(const DrawingStore& store, Point at) {
-  return nearestRow(store.NumSegments, at, [&](int sg, Point& nearest) {
+  const auto least = [&](int sg) {
+    return leastDistance(segmentEntity(store, sg), at, store.cfg_tolerance);
+  };
+  return nearestRow(store.NumSegments, at, least, [&](int sg, Point& nearest) {
     return nearestPointOfRow(store, sg, at, nearest);
   });
 }
@@ -99,7 +111,10 @@ int nearestPathChord(const DrawingStore& store, Point at) {
 }
 
 int nearestPathSeg(const DrawingStore& store, Point at, double group) {
-  return nearestRow(store.NumPathSegments, at, [&](int ps, Point& nearest) {
+  const auto least = [&](int ps) {
+    return leastDistance(pathEntity(store, ps), at, store.cfg_tolerance);
+  };
+  return nearestRow(store.NumPathSegments, at, least, [&](int ps, Point& nearest) {
     return store.psvisible[ps] && inGroup(store, ps, group) &&
            nearestPointOfPathRow(store, ps, at, nearest);
   });

@@ -75,16 +75,24 @@ double magnitudeOf(const Entity& entity) {
 }
 
 std::vector<Entity> segmentEntities(const DrawingStore& store) {
-  std::vector<Entity> entities;
-  entities.reserve(static_cast<std::size_t>(store.NumSegments));
-  for (int sg = 1; sg <= store.NumSegments; ++sg) entities.push_back(segmentEntity(store, sg));
-  return entities;
+  return segmentEntities(store, 1, store.NumSegments);
 }
 
 std::vector<Entity> pathEntities(const DrawingStore& store) {
+  return pathEntities(store, 1, store.NumPathSegments);
+}
+
+std::vector<Entity> segmentEntities(const DrawingStore& store, int first, int last) {
   std::vector<Entity> entities;
-  entities.reserve(static_cast<std::size_t>(store.NumPathSegments));
-  for (int ps = 1; ps <= store.NumPathSegments; ++ps) entities.push_back(pathEntity(store, ps));
+  entities.reserve(static_cast<std::size_t>(std::max(0, last - first + 1)));
+  for (int sg = first; sg <= last; ++sg) entities.push_back(segmentEntity(store, sg));
+  return entities;
+}
+
+std::vector<Entity> pathEntities(const DrawingStore& store, int first, int last) {
+  std::vector<Entity> entities;
+  entities.reserve(static_cast<std::size_t>(std::max(0, last - first + 1)));
+  for (int ps = first; ps <= last; ++ps) entities.push_back(pathEntity(store, ps));
   return entities;
 }
 
@@ -93,6 +101,43 @@ std::vector<Box> entityBoxes(const std::vector<Entity>& entities) {
   boxes.reserve(entities.size());
   for (const Entity& entity : entities) boxes.push_back(entityBox(entity));
   return boxes;
+}
+
+namespace {
+
+// nearestOnArc and nearestOnCircle cast a line of slope s through the centre; the roots of its
+// quadratic are off by up to 2e-7 of the largest coordinate, along the line by (1 + s) times that,
+// and s goes up to kSteepSlope.
+constexpr double kCastNoise = 2.1e-7 * kSteepSlope;
+
+// From a coordinate to the span of two others; 0 within it.
+double gap(float at, float a, float b) {
+  const double below = static_cast<double>(std::min(a, b)) - at;
+  const double above = static_cast<double>(at) - std::max(a, b);
+  return std::max({below, above, 0.0});
+}
+
+// From the point to the square round the whole circle.
+double leastDistanceToRound(const Entity& arc, Point at, float tolerence) {
+  const double radius = std::max(distance(arc.start, arc.center), distance(arc.end, arc.center));
+  const double away = std::max(std::abs(static_cast<double>(at.x) - arc.center.x),
+                               std::abs(static_cast<double>(at.y) - arc.center.y));
+  const double magnitude = std::max(magnitudeOf(arc), largestCoordinate(at));
+  return away - radius - nearestSlack(magnitude, tolerence);
+}
+
+}  // namespace
+
+double nearestSlack(double magnitude, float tolerence) {
+  const double within = std::max(tolerence, 0.0F);
+  return kCastNoise * magnitude + within + std::sqrt(within);
+}
+
+double leastDistance(const Entity& entity, Point at, float tolerence) {
+  const double least = isRound(entity.type) ? leastDistanceToRound(entity, at, tolerence)
+                                            : std::max(gap(at.x, entity.start.x, entity.end.x),
+                                                       gap(at.y, entity.start.y, entity.end.y));
+  return least * (1 - kRoundingMargin);
 }
 
 }  // namespace tess

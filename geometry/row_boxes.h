@@ -1,6 +1,6 @@
 // Bounding boxes of drawing and path rows.
 // Owns: arcBox, entityBox, largestCoordinate, magnitudeOf, segmentEntities, pathEntities,
-//       entityBoxes.
+//       entityBoxes, kRoundingMargin, nearestSlack, leastDistance.
 #pragma once
 
 #include <vector>
@@ -25,6 +25,20 @@ double magnitudeOf(const Entity& entity);
 // All rows of a table; element k is row k + 1.
 std::vector<Entity> segmentEntities(const DrawingStore& store);
 std::vector<Entity> pathEntities(const DrawingStore& store);
+// Rows `first` to `last`. Both raise Subscript out of range outside the table.
+std::vector<Entity> segmentEntities(const DrawingStore& store, int first, int last);
+std::vector<Entity> pathEntities(const DrawingStore& store, int first, int last);
 std::vector<Box> entityBoxes(const std::vector<Entity>& entities);
+
+// Distances are compared in 32 bits: two that differ by less than this part may count as equal.
+inline constexpr double kRoundingMargin = 4e-6;
+
+// How far outside its box the nearest point of an arc or circle may be placed, by its magnitude
+// and that of the point asked about. Other kinds stay in their boxes.
+double nearestSlack(double magnitude, float tolerence);
+
+// What the distance from `at` to a row's nearest point cannot be below. It costs far less than that
+// point does; a row of no use to a search is passed over by it.
+double leastDistance(const Entity& entity, Point at, float tolerence);
 
 }  // namespace tess

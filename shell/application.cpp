@@ -9,7 +9,6 @@
 #include "drafting/object_snap.h"
 #include "drafting/undo.h"
 #include "shell/commands.h"
-#include "shell/frmAbout.h"
 #include "shell/layouts.h"
 
 namespace tess {
@@ -105,11 +104,6 @@ bool Application::mayClose() {
 
 void Application::unload() {
   guarded("frmMain.Form_Unload(Cancel)", [this] { Form_Unload(session); });
-}
-
-void Application::showAbout() {
-  frmAbout about(session);
-  session.host.prompts.showModal(about);
 }
 
 void Application::customizeTools() {

@@ -14,6 +14,7 @@
 #include "core/session.h"
 #include "drafting/pointer_events.h"
 #include "shell/error_reporting.h"
+#include "shell/frmPDFHelp.h"
 #include "shell/interaction.h"
 
 namespace tess {
@@ -62,7 +63,6 @@ class Application {
   // The main window has gone.
   void unload();
 
-  void showAbout();
   void customizeTools();
 
   DrawingStore store;
@@ -120,6 +120,7 @@ class Application {
  public:
   Session session;
   Interaction interaction;
+  frmPDFHelp help{session};
 };
 
 }  // namespace tess

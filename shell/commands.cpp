@@ -19,6 +19,7 @@
 #include "drafting/repeat_key.h"
 #include "drafting/selection.h"
 #include "drafting/undo.h"
+#include "shell/help_commands.h"
 #include "shell/layouts.h"
 #include "shell/tool_bands.h"
 #include "toolpath/cycles.h"
@@ -90,9 +91,6 @@ void toggleStatistics(Application& application) {
   }
 }
 
-void showAbout(Application& application) {
-  application.showAbout();
-}
 void customize(Application& application) {
   application.customizeTools();
 }
@@ -201,9 +199,9 @@ constexpr CommandRow kCommands[] = {
     {"miBrowseCNCFile",        nullptr},
     {"miQuickPlace",           onCam<quickPlacePaths>},
 
-    {"miContents",             nullptr},
-    {"miSearchforHelpon",      nullptr},
-    {"miAboutTessimoMill",     showAbout},
+    {"miContents",             mnuHelpContents_Click},
+    {"miSearchforHelpon",      mnuHelpIndex_Click},
+    {"miAboutTessimoMill",     mnuHelpAbout_Click},
 
     {"VGrid",                  onDesk<Vgrid_ButtonClick>},
     {"CGrid",                  onDesk<Cgrid_ButtonClick>},
@@ -294,6 +292,7 @@ struct SpecialKeyRow {
 
 // clang-format off
 constexpr SpecialKeyRow kSpecialKeys[] = {
+    {SpecialKey::F1,     Modifiers::None,     mnuHelpContents_Click},
     {SpecialKey::F3,     Modifiers::None,     onDesk<repeatLastCommand>},
     {SpecialKey::F12,    Modifiers::None,     onDesk<repeatLastCommand>},
     {SpecialKey::Enter,  Modifiers::Any,      clickByKey<kLeftButton>},

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "core/file_system.h"
+#include "core/lifecycle.h"
 
 namespace tess {
 namespace {
@@ -26,6 +27,13 @@ std::optional<std::string> chooseLayout(Application& application, bool forSaving
   std::string folder;
   const std::string name = splitPath(folder, *chosen, "tb3");
   return folder + name;
+}
+
+bool mayWrite(Session& session, const std::string& path) {
+  if (!fileExists(path)) return true;
+  int answer = 0;
+  askUser(session, "File already exists! Overwrite?", kAskYesNoCancel, answer);
+  return answer == kAnswerYes;
 }
 
 void loadFrom(Application& application, const std::string& path) {
@@ -57,9 +65,9 @@ void miLoadLayout_Click(Application& application) {
 
 void SaveLayoutAs(Application& application) {
   const Procedure here("SaveLayoutAs()");
-  if (const auto path = chooseLayout(application, /*forSaving=*/true)) {
-    writeFile(*path, application.interaction.tools.layoutText());
-  }
+  const auto path = chooseLayout(application, /*forSaving=*/true);
+  if (!path || !mayWrite(application.session, *path)) return;
+  writeFile(*path, application.interaction.tools.layoutText());
 }
 
 }  // namespace tess

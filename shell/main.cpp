@@ -7,9 +7,12 @@
 
 int main(int argc, char** argv) {
   const tess::CommandLine line = tess::parseCommandLine({argv + 1, argv + argc});
-  if (line.job != tess::Job::Window) {
-    return static_cast<int>(
-        tess::runCommandLine(line, tess::QtPictureWriter(), std::cout, std::cerr));
+  if (line.job == tess::Job::Window) {
+    return tess::runDesktop({.drawing = line.drawing, .home = line.home}, {argv[0]});
   }
-  return tess::runDesktop({.drawing = line.drawing, .home = line.home}, {argv[0]});
+  if (line.job == tess::Job::PlayScript) {
+    return static_cast<int>(tess::playScript(line, {argv[0]}));
+  }
+  return static_cast<int>(
+      tess::runCommandLine(line, tess::QtPictureWriter(), std::cout, std::cerr));
 }

@@ -5,6 +5,7 @@
 #include "toolpath/cycles.h"
 #include "toolpath/finish_path.h"
 #include "toolpath/gouge_avoidance.h"
+#include "toolpath/parallel_spiral.h"
 #include "toolpath/path_placement.h"
 
 namespace tess {
@@ -15,6 +16,7 @@ CamDesk::CamDesk(Desk& drafting)
   addPlacementClicks(*this);
   addGougeClicks(*this);
   addCycleClicks(*this);
+  addSpiralClicks(*this);
 }
 
 void showPlacedPaths(CamDesk& cam) {

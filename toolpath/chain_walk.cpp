@@ -47,9 +47,8 @@ std::optional<ChainStep> ChainWalk::nextChainSegWithAttr(int from, Point at, int
 
 ChainStep ChainWalk::step(const EndMatch& match) const {
   const int sg = match.row;
-  const Point start{store_.x0[sg], store_.y0[sg]};
-  const Point end{store_.x1[sg], store_.y1[sg]};
-  return {sg, match.atStart ? end : start};
+  if (match.atStart) return {sg, {store_.x1[sg], store_.y1[sg]}};
+  return {sg, {store_.x0[sg], store_.y0[sg]}};
 }
 
 std::optional<ChainStep> nextChainSeg(const DrawingStore& store, int from, Point at) {

@@ -10,6 +10,7 @@
 #include "toolpath/element_offset.h"
 #include "toolpath/lead_moves.h"
 #include "toolpath/path_groups.h"
+#include "toolpath/path_placement.h"
 #include "toolpath/pocket_side.h"
 
 namespace tess {
@@ -149,6 +150,15 @@ void offsetPathChain(CamDesk& cam, const OffsetOrder& order) {
   Placement placement(cam);
   placePathChain(cam, order, placement);
   placement.keep();
+}
+
+// Rows that were appended go on into their copies without a foreign row between.
+void connectPlacedRows(CamDesk& cam, const PlacedRows& rows, int rowsBefore) {
+  const int count = cam.store.NumPathSegments;
+  const bool appended = rows.first > rowsBefore;
+  const int placed = rows.last - rows.first + 1;
+  if (!appended) connectPathSegs(cam, rowsBefore + placed + 1, count);
+  connectPathSegs(cam, rows.first, appended ? count : rows.last);
 }
 
 }  // namespace tess

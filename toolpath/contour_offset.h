@@ -1,5 +1,5 @@
 // Contour offsetting: a chain of drawing rows becomes a chain of path rows beside it.
-// Owns: OffsetOrder, offsetPathChain, PlacedRows, Placement, placePathChain.
+// Owns: OffsetOrder, offsetPathChain, PlacedRows, Placement, placePathChain, connectPlacedRows.
 #pragma once
 
 #include "toolpath/cam_desk.h"
@@ -58,5 +58,9 @@ class Placement {
 
 // What offsetPathChain does, but for the log.
 void placePathChain(CamDesk& cam, const OffsetOrder& order, const Placement& placement);
+
+// Links the gaps within `rows`, and within their level copies at the end of the table, but never to
+// one of the `rowsBefore` rows that were there before.
+void connectPlacedRows(CamDesk& cam, const PlacedRows& rows, int rowsBefore);
 
 }  // namespace tess

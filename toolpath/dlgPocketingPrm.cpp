@@ -12,9 +12,10 @@ constexpr int kHorizontalOnly = 1;
 constexpr int kParallelSpiral = 3;
 constexpr const char* kSmallestTolerance = "0.0001";
 
-// A choice that was never made is the first one.
-void chooseFirst(Int16& setting) {
-  if (setting == 0) setting = 1;
+// A choice that was never made, or that there is none of, is the first one.
+void choose(Int16& setting, const ControlArray<Option>& options) {
+  if (setting < 1 || setting > options.count()) setting = 1;
+  options[setting].setValue(true);
 }
 
 std::string textOr(const std::string& text, const char* replaced, const char* by) {
@@ -121,10 +122,8 @@ void dlgPocketingPrm::fill() {
 }
 
 void dlgPocketingPrm::fillChoices() {
-  chooseFirst(store_.cfg_cutting_mode);
-  chooseFirst(store_.cfg_pocketing_style);
-  optCutMode[store_.cfg_cutting_mode].setValue(true);
-  optPocketingStyle[store_.cfg_pocketing_style].setValue(true);
+  choose(store_.cfg_cutting_mode, optCutMode);
+  choose(store_.cfg_pocketing_style, optPocketingStyle);
   chkLathePocketing.setChecked(store_.cfg_lathe_style_pocketing);
   chkPlaceFinishPath.setChecked(store_.cfg_auto_place_finish_path);
   chkGougeAvoidance.setChecked(store_.cfg_gouge_avoidance);

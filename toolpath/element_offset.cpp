@@ -41,9 +41,9 @@ constexpr int bridgeType(int side) {
 }  // namespace
 
 Entity travelledRow(const DrawingStore& store, int sg, Point start, Point end) {
+  if (!isArc(store.segtype[sg])) return {store.segtype[sg], start, end, {}};
   const Entity row = segmentEntity(store, sg);
   Entity along{row.type, start, end, row.center};
-  if (!isArc(row.type)) return along;
   if (samePoint(row.start, row.end, store.cfg_tolerance)) {
     along.type = kClockwiseArc;
   } else if (!samePoint(row.start, start, store.cfg_tolerance)) {

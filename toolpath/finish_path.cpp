@@ -72,13 +72,8 @@ class AddedRows {
 
   void placed(const PlacedRows& rows) { placed_ += rows.last - rows.first + 1; }
 
-  // Links within each block, never to rows that were there before.
   void connect(CamDesk& cam) const {
-    const int count = cam.store.NumPathSegments;
-    const bool appended = first_ > rowsBefore_;
-    const int lastPlaced = appended ? count : first_ + placed_ - 1;
-    if (!appended) connectPathSegs(cam, rowsBefore_ + placed_ + 1, count);
-    connectPathSegs(cam, first_, lastPlaced);
+    connectPlacedRows(cam, {first_, first_ + placed_ - 1}, rowsBefore_);
   }
 
  private:
@@ -153,6 +148,7 @@ void clickDirection(CamDesk& cam) {
     return;
   }
   cam.finishSegment = sg;
+  cam.finishDirection = cam.finishStart;  // what a row without a nearest point leaves it at
   nearestOnSeg(cam.store, sg, click, cam.finishDirection);
   cam.desk.state.setPendingaction(goOnWith(PendingAction::FinishReference));
 }

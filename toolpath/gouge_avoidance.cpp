@@ -17,6 +17,7 @@
 #include "geometry/crossing_index.h"
 #include "geometry/intersections.h"
 #include "geometry/nearest_scans.h"
+#include "geometry/row_boxes.h"
 #include "toolpath/path_groups.h"
 #include "toolpath/path_placement.h"
 
@@ -52,10 +53,9 @@ int lastRowOf(const DrawingStore& store, ChainKind kind, int first) {
 }
 
 std::vector<Entity> chainEntities(const DrawingStore& store, ChainKind kind, int first) {
-  std::vector<Entity> entities;
   const int last = lastRowOf(store, kind, first);
-  for (int row = first; row <= last; ++row) entities.push_back(chainEntity(store, kind, row));
-  return entities;
+  return kind == ChainKind::Path ? pathEntities(store, first, last)
+                                 : segmentEntities(store, first, last);
 }
 
 Point nearer(const PointPair& points, Point to) {

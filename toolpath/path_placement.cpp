@@ -9,11 +9,9 @@
 #include "drafting/pending_actions.h"
 #include "drafting/row_edits.h"
 #include "drafting/undo.h"
-#include "geometry/crossing_index.h"
-#include "geometry/intersections.h"
 #include "geometry/nearest_scans.h"
-#include "geometry/row_boxes.h"
 #include "toolpath/path_groups.h"
+#include "toolpath/row_barrier.h"
 #include "toolpath/working_rows.h"
 
 namespace tess {
@@ -34,64 +32,41 @@ int startOfLastRun(const DrawingStore& store) {
 
 // ---- Links
 
-// The working outlines of islands, which no link of coordinates up to `magnitude` may cross.
-class IslandWalls {
- public:
-  IslandWalls(const DrawingStore& store, double magnitude)
-      : tolerence_(store.cfg_tolerance),
-        walls_(wallsOf(store)),
-        index_(walls_, tolerence_, magnitude) {}
+// The working outlines of islands: no link may cross one.
+bool isIslandWall(int segattr) {
+  return segattr == kIslandOutline;
+}
 
-  bool block(const Entity& link) {
-    if (walls_.empty()) return false;
-    index_.candidates(link, /*after=*/0, found_);
-    return std::any_of(found_.begin(), found_.end(), [&](int row) {
-      PointPair at;
-      const Entity& wall = walls_[static_cast<std::size_t>(row) - 1];
-      return intersectEntities(link, wall, tolerence_, at) > 0;
-    });
+// The straight ways from each row `first` to `last` - 1 to the next one.
+std::vector<Entity> waysBetween(const DrawingStore& store, int first, int last) {
+  std::vector<Entity> ways;
+  for (int ps = first; ps < last; ++ps) {
+    ways.push_back(lineEntity(pathEntity(store, ps).end, pathEntity(store, ps + 1).start));
   }
+  return ways;
+}
 
- private:
-  static std::vector<Entity> wallsOf(const DrawingStore& store) {
-    std::vector<Entity> walls;
-    for (int sg = 1; sg <= store.NumSegments; ++sg) {
-      if (store.segattr[sg] == kIslandOutline) walls.push_back(segmentEntity(store, sg));
-    }
-    return walls;
-  }
-
-  float tolerence_;
-  std::vector<Entity> walls_;
-  CrossingIndex index_;
-  std::vector<int> found_;
-};
-
-double reachOfPath(const DrawingStore& store, int first, int last) {
-  double largest = 0;
-  for (int ps = first; ps <= last; ++ps) {
-    const Entity row = pathEntity(store, ps);
-    largest = std::max({largest, largestCoordinate(row.start), largestCoordinate(row.end)});
-  }
-  return largest;
+PathInsertion linkAfter(const DrawingStore& store, int ps, const Entity& way) {
+  return {ps + 1,
+          {.type = kLine,
+           .x0 = way.start.x,
+           .y0 = way.start.y,
+           .x1 = way.end.x,
+           .y1 = way.end.y,
+           .z = store.psz[ps],
+           .feed = store.psfeed[ps]}};
 }
 
 std::vector<PathInsertion> linksBetween(const DrawingStore& store, int first, int last) {
-  IslandWalls islands(store, reachOfPath(store, first, last));
+  RowBarrier islands(store, isIslandWall);
+  const std::vector<Entity> ways = waysBetween(store, first, last);
+  islands.makeReadyFor(ways);
   std::vector<PathInsertion> links;
-  for (int ps = first; ps < last; ++ps) {
-    const Point from = pathEntity(store, ps).end;
-    const Point to = pathEntity(store, ps + 1).start;
-    if (samePoint(from, to, store.cfg_tolerance)) continue;
-    if (islands.block(lineEntity(from, to))) continue;
-    links.push_back({ps + 1,
-                     {.type = kLine,
-                      .x0 = from.x,
-                      .y0 = from.y,
-                      .x1 = to.x,
-                      .y1 = to.y,
-                      .z = store.psz[ps],
-                      .feed = store.psfeed[ps]}});
+  int ps = first - 1;
+  for (const Entity& way : ways) {
+    ++ps;
+    const bool isGap = !samePoint(way.start, way.end, store.cfg_tolerance);
+    if (isGap && !islands.meets(way)) links.push_back(linkAfter(store, ps, way));
   }
   return links;
 }
@@ -119,7 +94,6 @@ void clickReverse(CamDesk& cam) {
       nearestPathSeg(cam.store, {cam.desk.pointer.MouseX, cam.desk.pointer.MouseY}, kAllGroups);
   if (ps < 1) return;
   reversePathSegment(cam, ps);
-  enableUndo(cam.desk, kRowsAdded);
   cam.desk.redraw.redrawscreen();
 }
 
@@ -193,6 +167,7 @@ void reversePathSegment(CamDesk& cam, int ps) {
   std::swap(store.psy0[ps], store.psy1[ps]);
   if (isArc(type)) store.pstype[ps] = kClockwiseArc + kCounterClockwiseArc - type;
   logPathSegment(cam.changelog, store, ps, "A", /*start=*/false);
+  enableUndo(cam.desk, kRowsAdded);
   store.drawingsaved = false;
 }
 
@@ -219,6 +194,7 @@ void mnuCAMUndoLastPlace_Click(CamDesk& cam) {
     return;
   }
   showPlacedPaths(cam);
+  if (cam.changelog.canUndo()) cam.changelog.UndoMark = kRowsDeleted;
 }
 
 // Neither asked nor logged.

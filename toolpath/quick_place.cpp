@@ -1,6 +1,7 @@
 // Quick Place: paths on the profile itself, for everything that is selected.
 #include <cmath>
 
+#include "display/pointer.h"
 #include "toolpath/chain_walk.h"
 #include "toolpath/contour_offset.h"
 #include "toolpath/path_placement.h"
@@ -46,6 +47,7 @@ void placeSelectedChains(CamDesk& cam, float z) {
 
 void quickPlacePaths(CamDesk& cam) {
   const Procedure here("frmMain.quickPlacePaths()");
+  const BusyPointer busy(cam.desk.systemPointer);
   DrawingStore& store = cam.store;
   store.currentpathgroup = nextPathGroup(store);
   const int rowsBefore = store.NumPathSegments;

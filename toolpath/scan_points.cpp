@@ -19,7 +19,9 @@ namespace tess {
 namespace {
 
 constexpr int kMostPoints = std::numeric_limits<std::int16_t>::max();  // counted in 16 bits
-constexpr int kMostEmptyScans = 1000;
+constexpr std::size_t kMostEmptyScans = 1000;
+// More lines cannot be needed: each adds two points, or ends the run, or stands before the first.
+constexpr std::size_t kMostLines = kMostPoints / 2 + 1 + kMostEmptyScans;
 
 // Vertical and lathe lines are tested a little beside their place, off any vertex that a drawing
 // may have there. Horizontal ones are not: a vertex exactly on them is missed by both its rows.
@@ -42,10 +44,30 @@ double testValue(ScanStyle style, float scan) {
   return style == ScanStyle::Horizontal ? scan : roundTo(scan, kNudgedPlaces) + kNudge;
 }
 
-// ---- The rows that a scan line may meet
+// ---- Scan lines
+
+struct ScanLine {
+  ScanStyle style;
+  float scan = 0;   // where its points are kept
+  double test = 0;  // where it is tested
+  float tolerence = 0;
+};
+
+// From half a step inside the bound to the first line above `top`, which has nothing to meet.
+std::vector<ScanLine> scanLines(ScanStyle style, float bound, float spacing, float tolerence,
+                                double top) {
+  std::vector<ScanLine> lines;
+  float scan = narrow(bound - spacing / 2.0);
+  do {
+    scan = narrow(static_cast<double>(scan) + spacing);
+    lines.push_back({style, scan, testValue(style, scan), tolerence});
+  } while (lines.back().test <= top && lines.size() < kMostLines);
+  return lines;
+}
+
+// ---- The rows that scan lines may meet
 
 struct ScanRow {
-  int sg = 0;
   Entity entity;
   double low = 0, high = 0;  // test values outside cannot meet the row
 };
@@ -64,71 +86,83 @@ ScanRow scanRow(const DrawingStore& store, ScanStyle style, int sg) {
   const Box box = entityBox(entity);
   const double slack = isArc(entity.type) ? arcSlack(entity, store.cfg_tolerance) : 0;
   const bool across = style == ScanStyle::Vertical;
-  return {sg, entity, (across ? box.minX : box.minY) - slack,
-          (across ? box.maxX : box.maxY) + slack};
+  return {entity, (across ? box.minX : box.minY) - slack, (across ? box.maxX : box.maxY) + slack};
 }
 
-std::vector<ScanRow> scanRows(const DrawingStore& store, ScanStyle style) {
+// The working lines and arcs in the order of their numbers.
+struct ScanRows {
   std::vector<ScanRow> rows;
+  double top = -std::numeric_limits<double>::infinity();
+  int last = 0;  // the last working row of any kind
+};
+
+ScanRows scanRows(const DrawingStore& store, ScanStyle style) {
+  ScanRows found;
   for (int sg = 1; sg <= store.NumSegments; ++sg) {
-    const bool counts = store.segtype[sg] == kLine || isArc(store.segtype[sg]);
-    if (counts && isWorkingRow(store.segattr[sg])) rows.push_back(scanRow(store, style, sg));
+    if (!isWorkingRow(store.segattr[sg])) continue;
+    found.last = sg;
+    if (store.segtype[sg] != kLine && !isArc(store.segtype[sg])) continue;
+    found.rows.push_back(scanRow(store, style, sg));
+    found.top = std::max(found.top, found.rows.back().high);
   }
-  return rows;
+  return found;
 }
 
-// The rows under a scan line that rises from call to call, in the order of their numbers.
+// The rows under a scan line, in the order of their numbers, while the lines pass one by one. Lines
+// that do not rise may come back to a row, so they meet all rows every time.
 class ActiveRows {
  public:
-  ActiveRows(std::vector<ScanRow> rows, bool rising) : rows_(std::move(rows)) {
-    if (!rising) widenAll();
-    for (std::size_t k = 0; k < rows_.size(); ++k) waiting_.push_back(k);
-    std::stable_sort(waiting_.begin(), waiting_.end(),
-                     [this](std::size_t a, std::size_t b) { return rows_[a].low > rows_[b].low; });
+  ActiveRows(const std::vector<ScanRow>& rows, const std::vector<ScanLine>& lines, bool rising)
+      : rows_(rows), lines_(lines), rising_(rising), firstOf_(lines.size(), kNone) {
+    nextOf_.assign(rows.size(), kNone);
+    for (std::size_t k = rows.size(); k-- > 0;) waitForItsLine(k);
   }
 
-  int lastRow() const { return rows_.empty() ? 0 : rows_.back().sg; }
-
   template <typename Visit>
-  void visitAt(double test, Visit visit) {
-    std::erase_if(active_, [&](std::size_t k) { return rows_[k].high < test; });
-    admit(test);
+  void visitAt(std::size_t line, Visit visit) {
+    if (rising_) leaveRowsBelow(lines_[line].test);
+    admit(line);
     for (const std::size_t k : active_) visit(rows_[k].entity);
   }
 
  private:
-  // Lines that do not rise come back to rows left behind.
-  void widenAll() {
-    for (ScanRow& row : rows_) {
-      row.low = -std::numeric_limits<double>::infinity();
-      row.high = std::numeric_limits<double>::infinity();
-    }
+  static constexpr std::size_t kNone = static_cast<std::size_t>(-1);
+
+  // Most rows of a fine outline lie between two lines.
+  void waitForItsLine(std::size_t k) {
+    const std::size_t line = rising_ ? firstLineFrom(rows_[k].low) : 0;
+    const bool meetsNone = line == lines_.size() || (rising_ && lines_[line].test > rows_[k].high);
+    if (meetsNone) return;
+    nextOf_[k] = firstOf_[line];
+    firstOf_[line] = k;
   }
 
-  void admit(double test) {
+  std::size_t firstLineFrom(double low) const {
+    const auto found =
+        std::lower_bound(lines_.begin(), lines_.end(), low,
+                         [](const ScanLine& line, double value) { return line.test < value; });
+    return static_cast<std::size_t>(found - lines_.begin());
+  }
+
+  void leaveRowsBelow(double test) {
+    std::erase_if(active_, [&](std::size_t k) { return rows_[k].high < test; });
+  }
+
+  void admit(std::size_t line) {
     const auto before = static_cast<std::ptrdiff_t>(active_.size());
-    while (!waiting_.empty() && rows_[waiting_.back()].low <= test) {
-      active_.push_back(waiting_.back());
-      waiting_.pop_back();
-    }
-    const auto middle = active_.begin() + before;
-    std::sort(middle, active_.end());
-    std::inplace_merge(active_.begin(), middle, active_.end());
+    for (std::size_t k = firstOf_[line]; k != kNone; k = nextOf_[k]) active_.push_back(k);
+    std::inplace_merge(active_.begin(), active_.begin() + before, active_.end());
   }
 
-  std::vector<ScanRow> rows_;         // by row number
-  std::vector<std::size_t> waiting_;  // not yet come to, the lowest last
+  const std::vector<ScanRow>& rows_;
+  const std::vector<ScanLine>& lines_;
+  bool rising_;
+  std::vector<std::size_t> firstOf_;  // per line: the first row that it is the first to meet
+  std::vector<std::size_t> nextOf_;   // per row: the next one of the same line
   std::vector<std::size_t> active_;   // by row number
 };
 
 // ---- One scan line
-
-struct ScanLine {
-  ScanStyle style;
-  float scan = 0;   // where its points are kept
-  double test = 0;  // where it is tested
-  float tolerence = 0;
-};
 
 void addLineCrossing(const ScanLine& line, const Entity& edge, ScanPoints& points) {
   const auto [low, high] =
@@ -235,18 +269,19 @@ std::optional<ScanPoint> lowestWorkingPoint(const DrawingStore& store, ScanStyle
 ScanPoints collectScanPoints(const DrawingStore& store, ScanStyle style, float bound, float spacing,
                              const ScanProgress& progress) {
   ScanPoints points;
-  ActiveRows rows(scanRows(store, style), /*rising=*/spacing > 0);
-  float scan = narrow(bound - spacing / 2.0);
-  for (int scans = 1;; ++scans) {
-    scan = narrow(static_cast<double>(scan) + spacing);
-    const ScanLine line{style, scan, testValue(style, scan), store.cfg_tolerance};
+  const ScanRows found = scanRows(store, style);
+  const std::vector<ScanLine> lines =
+      scanLines(style, bound, spacing, store.cfg_tolerance, found.top);
+  ActiveRows active(found.rows, lines, /*rising=*/spacing > 0);
+  for (std::size_t line = 0; line < lines.size(); ++line) {
     const int before = points.count();
-    rows.visitAt(line.test, [&](const Entity& row) { addCrossings(line, row, points); });
-    progress(rows.lastRow(), points.count());
+    active.visitAt(line, [&](const Entity& row) { addCrossings(lines[line], row, points); });
+    progress(found.last, points.count());
     points.dropUnpaired();
     const bool added = points.count() > before;
-    if (!added && (points.count() > 0 || scans >= kMostEmptyScans)) return points;
+    if (!added && (points.count() > 0 || line + 1 >= kMostEmptyScans)) break;
   }
+  return points;
 }
 
 void sortScanPoints(ScanPoints& points) {

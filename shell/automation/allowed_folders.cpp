@@ -25,6 +25,13 @@ fs::path resolved(const fs::path& path) {
   return error ? fs::path() : target;
 }
 
+std::optional<fs::path> existingFolder(std::string_view folder) {
+  if (folder.empty()) return std::nullopt;
+  std::error_code error;
+  const fs::path known = fs::canonical(fs::path(resolvePath(folder)), error);
+  return !error && fs::is_directory(known, error) ? std::optional(known) : std::nullopt;
+}
+
 bool liesWithin(const fs::path& path, const fs::path& folder) {
   const auto [inFolder, inPath] =
       std::mismatch(folder.begin(), folder.end(), path.begin(), path.end());
@@ -45,9 +52,11 @@ std::string outside(const fs::path& path) {
 }  // namespace
 
 void AllowedFolders::allow(std::string_view folder) {
-  std::error_code error;
-  const fs::path known = fs::canonical(fs::path(resolvePath(folder)), error);
-  if (!folder.empty() && !error && fs::is_directory(known, error)) folders_.push_back(known);
+  if (const auto known = existingFolder(folder)) folders_.push_back(*known);
+}
+
+void AllowedFolders::allowSetupsOf(std::string_view folder) {
+  if (const auto known = existingFolder(folder)) setupFolders_.push_back(*known);
 }
 
 void AllowedFolders::allowNamedBy(std::string_view argument) {
@@ -77,6 +86,14 @@ std::optional<std::string> AllowedFolders::refusal(std::string_view path) const 
     if (companion && !holdsEntry(entry->path())) return outside(entry->path());
   }
   return std::nullopt;
+}
+
+std::optional<std::string> AllowedFolders::refusalToRead(std::string_view path) const {
+  const fs::path target = resolved(fs::path(resolvePath(path)));
+  const bool isSetup = equalIgnoringCase(target.extension().string(), ".msu") &&
+                       std::find(setupFolders_.begin(), setupFolders_.end(),
+                                 target.parent_path()) != setupFolders_.end();
+  return isSetup ? std::nullopt : refusal(path);
 }
 
 }  // namespace tess

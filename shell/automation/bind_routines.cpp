@@ -8,8 +8,10 @@
 #include "core/setup_file.h"
 #include "core/units.h"
 #include "display/drawing_extents.h"
+#include "drafting/change_log.h"
 #include "shell/automation/bindings.h"
 #include "shell/automation/lua_routines.h"
+#include "shell/automation/toolpath_routines.h"
 
 namespace tess {
 namespace {
@@ -47,6 +49,13 @@ constexpr Routine kRoutines[] = {
             [](DrawingStore& store, Int16 n) { ensureSegmentCapacity(store, n); }),
     routine("ensurePathCapacity",
             [](DrawingStore& store, Int16 n) { ensurePathCapacity(store, n); }),
+    routine("findSegment",
+            [](DrawingStore& store, Int16 type, float x0, float y0, float x1, float y1, float xc,
+               float yc) {
+              clsSegment record;
+              record.SetSegment({type, kOrdinaryClass, x0, y0, x1, y1, xc, yc}, "A", false);
+              return findSegment(store, record);
+            }),
     routine("nextPathGroup", [](DrawingStore& store) { return nextPathGroup(store); }),
     routine("roundall", [](DrawingStore& store) { roundall(store); }),
 
@@ -116,7 +125,10 @@ constexpr Routine kRoutines[] = {
 }  // namespace
 
 void bindRoutines(lua_State* L) {
-  setRoutines(L, "call", kRoutines);
+  std::vector<Routine> routines(std::begin(kRoutines), std::end(kRoutines));
+  const std::span<const Routine> toolpath = toolpathRoutines();
+  routines.insert(routines.end(), toolpath.begin(), toolpath.end());
+  setRoutines(L, "call", routines);
 }
 
 }  // namespace tess

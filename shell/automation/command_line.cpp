@@ -66,7 +66,7 @@ void addScriptOptions(CLI::App& app, Options& options) {
   app.add_option(kRun, options.line.script, "Run a script without a window")
       ->type_name("SCRIPT.lua [ARG ...]");
   app.add_option(kPlay, options.line.script,
-                 "Run a script in the main window (not in this version)")
+                 "Run a script in the main window, slowly enough to follow")
       ->type_name("SCRIPT.lua [ARG ...]")
       ->excludes(kRun);
 }
@@ -99,7 +99,8 @@ void addOptions(CLI::App& app, Options& options) {
   app.add_option("--home", options.home, "Use DIR as the program's folder")->type_name("DIR");
   addScriptOptions(app, options);
   addFileOptions(app, options);
-  app.add_option("--size", options.size, "Size of the view of --run, or of the picture of --plot")
+  app.add_option("--size", options.size,
+                 "Size of the view of a script, or of the picture of --plot")
       ->type_name("WxH")
       ->check(CLI::Validator(sizeError, ""));
 }
@@ -115,7 +116,7 @@ void settle(const CLI::App& app, Options& options) {
   if (plays) line.job = Job::PlayScript;
   if (line.allowIo && line.script.empty()) throw CLI::RequiresError("--allow-io", kRun);
   if (app.count("--size") > 0) {
-    if (line.job != Job::RunScript && !plots) throw CLI::RequiresError("--size", "--run or --plot");
+    if (line.script.empty() && !plots) throw CLI::RequiresError("--size", "--run or --plot");
     line.size = *sizeIn(options.size);
   }
   if (!plots && !makes) return;
@@ -175,9 +176,7 @@ ExitStatus runJob(const CommandLine& line, const PictureWriter& writePicture, st
       return plotDrawing(line, writePicture, err);
     case Job::Window:
     case Job::PlayScript:
-      throw std::logic_error(
-          "a script in the main window is not part of this version; --run does the same without "
-          "one");
+      throw std::logic_error("a window is not the business of a job without one");
     case Job::PrintAndExit:
       break;
   }
@@ -213,16 +212,20 @@ ScriptJob scriptJob(const CommandLine& line) {
   return job;
 }
 
-ExitStatus runCommandLine(const CommandLine& line, const PictureWriter& writePicture,
-                          std::ostream& out, std::ostream& err) {
+ExitStatus reportingFailures(std::ostream& err, const std::function<ExitStatus()>& job) {
   try {
-    return runJob(line, writePicture, out, err);
+    return job();
   } catch (const RuntimeFailure& failure) {
     say(err, describe(failure));
   } catch (const std::exception& failure) {
     say(err, failure.what());
   }
   return ExitStatus::JobFailed;
+}
+
+ExitStatus runCommandLine(const CommandLine& line, const PictureWriter& writePicture,
+                          std::ostream& out, std::ostream& err) {
+  return reportingFailures(err, [&] { return runJob(line, writePicture, out, err); });
 }
 
 }  // namespace tess

@@ -1,7 +1,8 @@
 // The command line: what was asked for, and the jobs that need no window.
-// Owns: Job, CommandLine, parseCommandLine, runCommandLine, scriptJob.
+// Owns: Job, CommandLine, parseCommandLine, runCommandLine, reportingFailures, scriptJob.
 #pragma once
 
+#include <functional>
 #include <iosfwd>
 #include <optional>
 #include <string>
@@ -37,6 +38,9 @@ CommandLine parseCommandLine(std::vector<std::string> arguments);
 // Does any job but Window and PlayScript.
 ExitStatus runCommandLine(const CommandLine& line, const PictureWriter& writePicture,
                           std::ostream& out, std::ostream& err);
+
+// Runs a job whose failures, whatever they are, end as a line on `err`.
+ExitStatus reportingFailures(std::ostream& err, const std::function<ExitStatus()>& job);
 
 // The script of a RunScript or PlayScript with all that the command line says about it.
 ScriptJob scriptJob(const CommandLine& line);

@@ -136,7 +136,7 @@ int actOn(Script& script, lua_State* L, const char* event, bool (*act)(Control&)
   const string entry = control.form().name() + "." + control.name() + "_" + event + "()";
   bool reached = false;
   script.host.reporting.guarded(entry, [&] { reached = act(control); });
-  script.host.showReports();
+  script.hand.controlWorked();
   push(L, reached);
   return 1;
 }
@@ -155,7 +155,11 @@ int leave(Script& script, lua_State* L) {
 
 int open(Script& script, lua_State* L) {
   const Control& control = *selfAs<ControlObject>(L).control;
-  if (control.kind() != ControlKind::Combo) raise(L, nameOf(control) + " does not drop down");
+  if (control.kind() == ControlKind::List) {
+    return actOn(script, L, "DblClick",
+                 [](Control& list) { return static_cast<ListBox&>(list).open(); });
+  }
+  if (control.kind() != ControlKind::Combo) raise(L, nameOf(control) + " opens nothing");
   return actOn(script, L, "DropDown",
                [](Control& combo) { return static_cast<ComboBox&>(combo).open(); });
 }
@@ -172,7 +176,7 @@ int change(Script& script, lua_State* L) {
     raise(L, nameOf(control) + " takes no text");
   }
   script.host.reporting.guarded(control.form().name() + "." + control.name() + "_Change()", type);
-  script.host.showReports();
+  script.hand.controlWorked();
   push(L, typed);
   return 1;
 }
@@ -223,7 +227,7 @@ int writeControl(Script& script, lua_State* L) {
   const string key = keyText(L);
   if (!hasProperty(control, key)) raiseUnknownProperty(L, control, key);
   control.set(key, propertyAt(L, kValue));
-  script.host.showReports();
+  script.hand.controlWorked();
   return 0;
 }
 

@@ -20,6 +20,15 @@ void endScript(lua_State* L, const char* text) {
   lua_sethook(L, stopScript, LUA_MASKCOUNT, 1);
 }
 
+int breatheOnce(Script& script, lua_State* /*L*/) {
+  script.hand.breathe();
+  return 0;
+}
+
+void breathe(lua_State* L, lua_Debug* /*where*/) {
+  runGuarded(L, breatheOnce);
+}
+
 void endByLimit(lua_State* L, lua_Debug* where) {
   endScript(L, "the script has run too long");
   stopScript(L, where);
@@ -28,7 +37,12 @@ void endByLimit(lua_State* L, lua_Debug* where) {
 }  // namespace
 
 void limitInstructions(lua_State* L, int count) {
-  if (count > 0) lua_sethook(L, endByLimit, LUA_MASKCOUNT, count);
+  constexpr int kBreath = 100'000;  // instructions that take some milliseconds
+  if (count > 0) {
+    lua_sethook(L, endByLimit, LUA_MASKCOUNT, count);
+  } else {
+    lua_sethook(L, breathe, LUA_MASKCOUNT, kBreath);
+  }
 }
 
 Script& scriptOf(lua_State* L) {

@@ -39,7 +39,8 @@ struct Script {
 Script& scriptOf(lua_State* L);
 void setScript(lua_State* L, Script& script);
 
-// Has the script end when it has run so many instructions.
+// Has the script end when it has run so many instructions. 0 is no limit: then whoever watches the
+// script may breathe now and then.
 void limitInstructions(lua_State* L, int count);
 
 // Thrown when the program was closed by a command of the script.

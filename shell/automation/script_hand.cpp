@@ -42,14 +42,17 @@ void ScriptHand::key(const KeyStroke& key) {
 }
 
 void ScriptHand::press(const PointerEvent& event) {
+  stage_.pointerGoes(event.X, event.Y, /*pressed=*/true);
   act([&] { application_.press(event); });
 }
 
 void ScriptHand::move(const PointerEvent& event) {
+  stage_.pointerGoes(event.X, event.Y, /*pressed=*/event.Button != 0);
   act([&] { application_.move(event); });
 }
 
 void ScriptHand::release(const PointerEvent& event) {
+  stage_.pointerGoes(event.X, event.Y, /*pressed=*/false);
   act([&] { application_.release(event); });
 }
 
@@ -93,6 +96,26 @@ void ScriptHand::drag(const PointerEvent& event, float x, float y) {
 void ScriptHand::wait(std::int64_t ms) {
   time_.pass(ms);
   host_.showReports();
+}
+
+void ScriptHand::controlWorked() {
+  host_.showReports();
+  stage_.controlWorked();
+}
+
+void deliverArrival(Application& application, int pixelX, int pixelY) {
+  const Desk& desk = application.interaction.desk;
+  const DrawingSurface& surface = desk.ScreenProxy.surface();
+  const SurfaceArea area = surface.area();
+  const bool inside = pixelX >= 0 && static_cast<float>(pixelX) < area.width && pixelY >= 0 &&
+                      static_cast<float>(pixelY) < area.height;
+  if (!inside || !surface.Enabled()) return;
+  const int rightOrNone = desk.pointer.RightDown ? kRightButton : 0;
+  const Point place = surface.toWorld(pixelX, pixelY);
+  application.move({.Button = desk.pointer.LeftDown ? kLeftButton : rightOrNone,
+                    .Shift = 0,
+                    .X = place.x,
+                    .Y = place.y});
 }
 
 }  // namespace tess

@@ -1,6 +1,6 @@
 // The operator's hand in a script: clicks on tools, keys and pointer events, each through the entry
 // point that a window uses, with the time between them that a hand would take.
-// Owns: ScriptHand.
+// Owns: ScriptHand, deliverArrival.
 #pragma once
 
 #include <cstdint>
@@ -10,6 +10,7 @@
 #include "drafting/pointer_events.h"
 #include "shell/application.h"
 #include "shell/automation/script_host.h"
+#include "shell/automation/script_stage.h"
 #include "shell/automation/script_time.h"
 #include "shell/commands.h"
 
@@ -47,6 +48,11 @@ class ScriptHand {
   // Lets time pass until no redraw is under way and the surface takes events.
   void settle();
 
+  // A control has been worked: failures are reported, and who watches may look.
+  void controlWorked();
+  // In the middle of the script's own calculations.
+  void breathe() { stage_.breathe(); }
+
  private:
   void approach(const PointerEvent& event);
   bool isSettled() const;
@@ -56,5 +62,8 @@ class ScriptHand {
   ScriptTime& time_;
   ScriptStage& stage_;
 };
+
+// The program has sent the pointer to a pixel of the surface: a move like any other.
+void deliverArrival(Application& application, int pixelX, int pixelY);
 
 }  // namespace tess

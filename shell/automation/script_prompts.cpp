@@ -102,6 +102,7 @@ Answer ScriptPrompts::show(const Message& message, const char* kind) {
   const Answer answer = isSet(messageHandler_) ? askHandler(message) : firstButton(message.buttons);
   setField(lua_, "answer", wordOf(answer));
   lua_pop(lua_, 1);
+  if (stage != nullptr) stage->answered(message, answer);
   return answer;
 }
 
@@ -134,8 +135,8 @@ std::optional<std::string> ScriptPrompts::chooseFile(const FileRequest& request)
   const std::string initial = request.folder + request.name;
   setField(lua_, "pattern", request.pattern);
   setField(lua_, "initial", initial);
-  std::optional<std::string> chosen;
-  if (isSet(fileHandler_)) chosen = askFileHandler(request, initial);
+  const std::optional<std::string> chosen =
+      isSet(fileHandler_) ? askFileHandler(request, initial) : askFormHandler(request);
   if (chosen) setField(lua_, "answer", *chosen);
   lua_pop(lua_, 1);
   return chosen;
@@ -156,20 +157,59 @@ std::optional<std::string> ScriptPrompts::askFileHandler(const FileRequest& requ
   const std::string name(trimmed(*chosen));
   const bool bare = name.find_first_of("\\/:") == std::string::npos;
   const std::string path = bare ? request.folder + name : name;
-  if (const auto refusal = folders_.refusal(path)) raise(lua_, *refusal);
+  requireAllowed(request, path);
+  showAnswer(request, path);
   return path;
 }
 
-// A form that its handler has not closed is cancelled; so is one whose handler failed.
+// The dialog as a form, in which the script finds no more than its file commands reach.
+std::optional<std::string> ScriptPrompts::askFormHandler(const FileRequest& request) {
+  const std::unique_ptr<FileDialog> dialog = fileDialogFor(request);
+  if (!hasFormHandler(*dialog)) return std::nullopt;
+  dialog->mayEnter = [this](const std::string& folder) { return !folders_.refusal(folder); };
+  const std::shared_ptr<void> shown = showing(*dialog);
+  dialog->open(Modality::Modal);
+  workForm(*dialog);
+  if (!dialog->chosen()) return std::nullopt;
+  requireAllowed(request, *dialog->chosen());
+  return dialog->chosen();
+}
+
+// For who watches: the dialog with the name in it, as an operator would have left it.
+void ScriptPrompts::showAnswer(const FileRequest& request, const std::string& answer) {
+  const std::unique_ptr<FileDialog> dialog = fileDialogFor(request);
+  dialog->txtName.setText(answer);
+  const std::shared_ptr<void> shown = showing(*dialog);
+  if (shown == nullptr) return;
+  dialog->open(Modality::Modal);
+  stage->shown();
+}
+
 void ScriptPrompts::showModal(Form& form) {
   if (lua_ == nullptr) return runUnattended(form);
   record("form", form.caption());
   setField(lua_, "text", form.name());
+  const std::shared_ptr<void> shown = showing(form);
   form.open(Modality::Modal);
   setField(lua_, "title", form.caption());
   lua_pop(lua_, 1);
+  workForm(form);
+}
+
+std::shared_ptr<void> ScriptPrompts::showing(Form& form) {
+  return stage != nullptr ? stage->showing(form) : nullptr;
+}
+
+void ScriptPrompts::requireAllowed(const FileRequest& request, const std::string& path) const {
+  const auto refusal = request.forSaving ? folders_.refusal(path) : folders_.refusalToRead(path);
+  if (refusal) raise(lua_, *refusal);
+}
+
+// A form that its handler has not closed is cancelled; so is one whose handler failed.
+void ScriptPrompts::workForm(Form& form) {
   const Form::Life life = form.life();
   try {
+    if (stage != nullptr && form.isShown()) stage->shown();
     if (form.isShown()) askFormHandler(form);
   } catch (...) {
     if (!life.expired()) form.close();

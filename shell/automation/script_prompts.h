@@ -4,12 +4,15 @@
 #pragma once
 
 #include <map>
+#include <memory>
 #include <optional>
 #include <string>
 
+#include "core/file_dialog.h"
 #include "core/host.h"
 #include "shell/automation/allowed_folders.h"
 #include "shell/automation/lua_state.h"
+#include "shell/automation/script_stage.h"
 
 namespace tess {
 
@@ -24,7 +27,7 @@ class ScriptPrompts : public Prompts {
   // The script is over: what the program asks from now on gets the first button, or is cancelled.
   void detach();
   // The function on top of the stack, which is taken off, answers from now on. nil: message boxes
-  // get their first button, file dialogs are cancelled.
+  // get their first button, file dialogs go to the handler of their form or are cancelled.
   void setMessageHandler() { takeHandler(messageHandler_); }
   void setFileHandler() { takeHandler(fileHandler_); }
   // The same for the modal showings of one form; nil: they are cancelled.
@@ -37,12 +40,21 @@ class ScriptPrompts : public Prompts {
   // The report of a failure, as a box of kind "error".
   void showReport(const std::string& report);
 
+  // Who watches the script; null for nobody.
+  ScriptStage* stage = nullptr;
+
  private:
   void takeHandler(int& handler);
   void record(const char* kind, const std::string& title);
   Answer show(const Message& message, const char* kind);
   Answer askHandler(const Message& message);
   std::optional<std::string> askFileHandler(const FileRequest& request, const std::string& initial);
+  void requireAllowed(const FileRequest& request, const std::string& path) const;
+  std::optional<std::string> askFormHandler(const FileRequest& request);
+  void showAnswer(const FileRequest& request, const std::string& answer);
+  bool hasFormHandler(const Form& form) const { return formHandlers_.contains(form.name()); }
+  std::shared_ptr<void> showing(Form& form);
+  void workForm(Form& form);
   void askFormHandler(Form& form);
 
   const AllowedFolders& folders_;

@@ -161,39 +161,6 @@ ExitStatus fail(std::ostream& err, std::string_view text) {
   return ExitStatus::JobFailed;
 }
 
-// Closes the program when a command has asked for it, as the main window would.
-class ClosingStage : public ScriptStage {
- public:
-  explicit ClosingStage(Application& application) : application_(application) {
-    application_.onCloseMainWindow = [this] { asked_ = true; };
-  }
-  void stepDone() override {
-    if (!std::exchange(asked_, false) || !application_.mayClose()) return;
-    application_.unload();
-    throw ProgramClosed();
-  }
-
- private:
-  Application& application_;
-  bool asked_ = false;
-};
-
-// The program has sent the pointer to a pixel of the surface: a move like any other.
-void deliverArrival(Application& application, int pixelX, int pixelY) {
-  const Desk& desk = application.interaction.desk;
-  const DrawingSurface& surface = desk.ScreenProxy.surface();
-  const SurfaceArea area = surface.area();
-  const bool inside = pixelX >= 0 && static_cast<float>(pixelX) < area.width && pixelY >= 0 &&
-                      static_cast<float>(pixelY) < area.height;
-  if (!inside || !surface.Enabled()) return;
-  const int rightOrNone = desk.pointer.RightDown ? kRightButton : 0;
-  const Point place = surface.toWorld(pixelX, pixelY);
-  application.move({.Button = desk.pointer.LeftDown ? kLeftButton : rightOrNone,
-                    .Shift = 0,
-                    .X = place.x,
-                    .Y = place.y});
-}
-
 // Whatever tells the script of events holds its state, which does not outlive it.
 class Attached {
  public:
@@ -202,6 +169,7 @@ class Attached {
     parts_.application.interaction.statusBar.onText = nullptr;
     parts_.host.surroundings.onBeep = nullptr;
     parts_.host.prompts.detach();
+    parts_.host.prompts.stage = nullptr;
   }
   Attached(const Attached&) = delete;
   Attached& operator=(const Attached&) = delete;
@@ -216,6 +184,7 @@ AllowedFolders foldersOf(const ScriptJob& job) {
   AllowedFolders folders;
   folders.allow(folderOf(job));
   folders.allow(job.appfolder + "CNC");
+  folders.allowSetupsOf(job.appfolder);
   for (const std::string& folder : job.folders) folders.allow(folder);
   for (const std::string& argument : job.arguments) folders.allowNamedBy(argument);
   return folders;
@@ -277,6 +246,7 @@ ExitStatus runScriptOn(const ScriptParts& parts, const ScriptJob& job, std::stri
                 .folder = folderOf(job)};
   const LuaState state(job.limits);
   const Attached attached(parts);
+  parts.host.prompts.stage = &parts.stage;
   setScript(state.get(), script);
   const auto error = protectedRun(state.get(), {parts, job, text});
   out.flush();

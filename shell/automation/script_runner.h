@@ -15,6 +15,7 @@
 #include "shell/automation/allowed_folders.h"
 #include "shell/automation/lua_state.h"
 #include "shell/automation/script_host.h"
+#include "shell/automation/script_stage.h"
 #include "shell/automation/script_time.h"
 #include "shell/picture.h"
 
@@ -39,11 +40,6 @@ AllowedFolders foldersOf(const ScriptJob& job);
 // A program that stands ready for a script, and what the script works it with. The host has been
 // given to the application; screen and timers of the application are the business of whoever
 // brings it, as long as `time` drives those timers.
-//
-// A window plays a script like this: it makes a ScriptHost over its own clock and surroundings,
-// gives that to its Application instead of a host of its own, starts the application, and calls
-// runScriptOn with a ScriptTime whose pass() runs the event loop (without the operator's input) for
-// that long, and a ScriptStage whose stepDone() waits until a person has seen the step.
 struct ScriptParts {
   Application& application;
   ScriptHost& host;

@@ -1,5 +1,5 @@
-// How a script lets time pass, and what a person who watches it sees.
-// Owns: ScriptTime, VirtualTime, ScriptStage.
+// How a script lets time pass.
+// Owns: ScriptTime, VirtualTime.
 #pragma once
 
 #include <cstdint>
@@ -23,13 +23,6 @@ class VirtualTime : public ScriptTime {
 
  private:
   VirtualTimers& timers_;
-};
-
-// Told after each step of a script, so that a window can wait until a person has seen it.
-class ScriptStage {
- public:
-  virtual ~ScriptStage() = default;
-  virtual void stepDone() {}
 };
 
 }  // namespace tess

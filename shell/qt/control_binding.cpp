@@ -20,6 +20,10 @@
 #include <cmath>
 #include <utility>
 
+#include "shell/frmPDFHelp.h"
+#include "shell/qt/icons.h"
+#include "shell/qt/pdf_pane.h"
+
 namespace tess {
 
 namespace {
@@ -269,15 +273,27 @@ class PagesBinding : public BindingOf<TextBox, QPlainTextEdit> {
   bool isShown() const { return shown_.toPlainText() == shownLines(model_.text()); }
 };
 
+// The property of a list's widget that names the icon of its items.
+constexpr char kItemIcon[] = "itemIcon";
+
 class ListBinding : public BindingOf<ListBox, QListWidget> {
  public:
   ListBinding(Control& control, QListWidget& list, FormActions& actions)
       : BindingOf(control, list, actions) {
-    connect(&list, &QListWidget::currentRowChanged, this, [this](int row) { pick(row); });
+    // The keyboard that comes to a list makes a row current without choosing it.
+    connect(&list, &QListWidget::currentRowChanged, this, [this](int row) {
+      if (row < 0 || shown_.item(row)->isSelected()) pick(row);
+    });
     // A click on the row that was chosen already counts too.
     connect(&list, &QListWidget::itemClicked, this, [this](QListWidgetItem* item) {
       const int row = shown_.row(item);
       if (std::exchange(picked_, -1) != row) pick(row);
+    });
+    connect(&list, &QListWidget::itemDoubleClicked, this, [this](QListWidgetItem* item) {
+      const int row = shown_.row(item);
+      act("DblClick", [&] {
+        if (model_.pick(row)) model_.open();
+      });
     });
     connect(&list, &QListWidget::itemPressed, this, [this](QListWidgetItem* item) {
       if (shown_.row(item) != picked_) picked_ = -1;
@@ -303,8 +319,9 @@ class ListBinding : public BindingOf<ListBox, QListWidget> {
     QStringList present;
     for (int row = 0; row < shown_.count(); ++row) present << shown_.item(row)->text();
     if (items == present) return;
+    const QIcon icon = namedIcon(shown_.property(kItemIcon).toString());
     shown_.clear();
-    shown_.addItems(items);
+    for (const QString& item : items) shown_.addItem(new QListWidgetItem(icon, item));
   }
 
   int picked_ = -1;  // by the press that a click will follow
@@ -422,6 +439,33 @@ class PictureBinding : public BindingOf<Picture, QWidget> {
   }
 };
 
+// The control of a document, when that is shown by a pane that can.
+class PdfBinding : public BindingOf<PdfViewer, PdfPane> {
+ public:
+  PdfBinding(Control& control, PdfPane& pane, FormActions& actions)
+      : BindingOf(control, pane, actions) {
+    // The pane may search on after the view has gone.
+    pane.onFindings = [self = QPointer<PdfBinding>(this)](const auto& findings) {
+      if (self) self->act("Found", [&] { self->model_.tellFindings(findings); });
+    };
+  }
+
+ protected:
+  void showOwn(Property property) override {
+    if (property != Property::Content) return;
+    shown_.setThumbnails(model_.showsThumbnails());
+    shown_.search(model_.searched());
+    if (!shown_.open(model_.document())) model_.tellUnreadable();
+    shown_.showFinding(model_.shownFinding());
+  }
+};
+
+std::unique_ptr<ControlBinding> boundPdf(Control& control, QWidget& widget, FormActions& actions) {
+  auto* pane = dynamic_cast<PdfPane*>(&widget);
+  if (pane == nullptr || dynamic_cast<PdfViewer*>(&control) == nullptr) return nullptr;
+  return std::make_unique<PdfBinding>(control, *pane, actions);
+}
+
 template <class Binding, class Shown>
 std::unique_ptr<ControlBinding> bound(Control& control, QWidget& widget, FormActions& actions) {
   auto* fitting = qobject_cast<Shown*>(&widget);
@@ -436,7 +480,7 @@ struct KindOfBinding {
   Maker make;
 };
 
-// A text box is tried as a line first, then as pages.
+// Of one kind the first that fits: a text box as a line, else as pages.
 constexpr std::array kBindings{
     KindOfBinding{ControlKind::TextBox, bound<LineBinding, QLineEdit>},
     KindOfBinding{ControlKind::TextBox, bound<PagesBinding, QPlainTextEdit>},
@@ -447,6 +491,7 @@ constexpr std::array kBindings{
     KindOfBinding{ControlKind::Combo, bound<ComboBinding, QComboBox>},
     KindOfBinding{ControlKind::Label, bound<LabelBinding, QLabel>},
     KindOfBinding{ControlKind::Slider, bound<SliderBinding, QAbstractSlider>},
+    KindOfBinding{ControlKind::Picture, boundPdf},
     KindOfBinding{ControlKind::Picture, bound<PictureBinding, QWidget>},
     KindOfBinding{ControlKind::Frame, bound<FrameBinding, QWidget>},
 };

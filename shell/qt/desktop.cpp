@@ -7,18 +7,25 @@
 #include <QMessageBox>
 #include <QStandardPaths>
 #include <cstdio>
+#include <iostream>
 #include <memory>
 
 #include "core/version.h"
+#include "shell/automation/reports.h"
 #include "shell/program_folder.h"
 #include "shell/qt/desktop_program.h"
+#include "shell/qt/plot.h"
+#include "shell/qt/script_player.h"
 #include "shell/qt/theme.h"
+#include "shell/qt/toolkit_messages.h"
 
 namespace tess {
 
 namespace {
 
 constexpr int kExitFailed = 1;
+constexpr char kNoDisplay[] =
+    "there is no display for the window; tessimo --help tells what it does without one";
 
 // Without a display the toolkit would end the program by itself, with less to say.
 bool hasDisplay() {
@@ -26,6 +33,32 @@ bool hasDisplay() {
          !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ||
          !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
 }
+
+// The toolkit's application; it keeps references to the arguments.
+class Toolkit {
+ public:
+  explicit Toolkit(std::vector<std::string> arguments)
+      : arguments_(std::move(arguments)),
+        texts_(pointersTo(arguments_)),
+        application_(count_, texts_.data()) {
+    QApplication::setApplicationName("tessimo");
+    QApplication::setDesktopFileName("tessimo");
+    applyTheme(application_, systemPrefersDark(QApplication::palette()));
+  }
+
+ private:
+  static std::vector<char*> pointersTo(std::vector<std::string>& arguments) {
+    std::vector<char*> texts;
+    for (std::string& argument : arguments) texts.push_back(argument.data());
+    texts.push_back(nullptr);
+    return texts;
+  }
+
+  std::vector<std::string> arguments_;
+  std::vector<char*> texts_;
+  int count_ = static_cast<int>(arguments_.size());
+  QApplication application_;
+};
 
 // Held while the program runs, so that a second instance knows.
 std::unique_ptr<QLockFile> takeLock() {
@@ -43,25 +76,30 @@ void tellThatItRuns() {
       .exec();
 }
 
+ExitStatus fail(std::string_view line) {
+  say(std::cerr, line);
+  return ExitStatus::JobFailed;
+}
+
+ExitStatus playInWindow(const ScriptJob& job, std::vector<std::string> arguments) {
+  const std::optional<std::string> text = readScript(job, std::cerr);
+  if (!text) return ExitStatus::JobFailed;
+  if (!hasDisplay()) return fail(kNoDisplay);
+  qInstallMessageHandler(passOverWarnings);
+  const Toolkit toolkit(std::move(arguments));
+  const std::unique_ptr<QLockFile> lock = takeLock();
+  if (!lock) return fail("Tessimo is already running");
+  return ScriptPlayer(job, QtPictureWriter()).play(*text, std::cout, std::cerr);
+}
+
 }  // namespace
 
 int runDesktop(const DesktopRequest& request, std::vector<std::string> arguments) {
   if (!hasDisplay()) {
-    std::fputs(
-        "tessimo: there is no display for the window; tessimo --help tells what it does "
-        "without one\n",
-        stderr);
+    say(std::cerr, kNoDisplay);
     return kExitFailed;
   }
-  std::vector<char*> texts;
-  for (std::string& argument : arguments) texts.push_back(argument.data());
-  int count = static_cast<int>(texts.size());
-  texts.push_back(nullptr);
-  QApplication application(count, texts.data());
-  QApplication::setApplicationName("tessimo");
-  QApplication::setDesktopFileName("tessimo");
-  applyTheme(application, systemPrefersDark(QApplication::palette()));
-
+  const Toolkit toolkit(std::move(arguments));
   const std::unique_ptr<QLockFile> lock = takeLock();
   if (!lock) {
     tellThatItRuns();
@@ -76,6 +114,11 @@ int runDesktop(const DesktopRequest& request, std::vector<std::string> arguments
     QMessageBox::critical(nullptr, kProductName, QString::fromStdString(failure.what()));
     return kExitFailed;
   }
+}
+
+ExitStatus playScript(const CommandLine& line, std::vector<std::string> arguments) {
+  return reportingFailures(std::cerr,
+                           [&] { return playInWindow(scriptJob(line), std::move(arguments)); });
 }
 
 }  // namespace tess

@@ -2,6 +2,7 @@
 #include "shell/qt/form_layout.h"
 
 #include <QCheckBox>
+#include <QCoreApplication>
 #include <QFile>
 #include <QFormLayout>
 #include <QGroupBox>
@@ -18,9 +19,12 @@
 #include <algorithm>
 #include <array>
 #include <cctype>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 #include "shell/qt/control_binding.h"
+#include "shell/qt/pdf_pane.h"
 
 namespace tess {
 
@@ -30,21 +34,58 @@ constexpr int kMargin = 16;
 constexpr int kSpacing = 10;
 constexpr int kFieldWidth = 110;
 
+template <class Made>
+QWidget* make(QWidget* parent) {
+  return new Made(parent);
+}
+
+// Classes of layout files that are the program's own.
+struct OwnClass {
+  std::string_view name;
+  QWidget* (*make)(QWidget*);
+};
+
+constexpr std::array kOwnClasses{OwnClass{"QComboBox", make<DropDownBox>},
+                                 OwnClass{"PdfPane", make<PdfPane>}};
+
 class Loader : public QUiLoader {
  public:
   QWidget* createWidget(const QString& className, QWidget* parent, const QString& name) override {
-    if (className != "QComboBox") return QUiLoader::createWidget(className, parent, name);
-    auto* box = new DropDownBox(parent);
-    box->setObjectName(name);
-    return box;
+    for (const OwnClass& own : kOwnClasses) {
+      if (className != QLatin1StringView(own.name.data(), own.name.size())) continue;
+      QWidget* widget = own.make(parent);
+      widget->setObjectName(name);
+      return widget;
+    }
+    return QUiLoader::createWidget(className, parent, name);
   }
 };
 
+// Forms that look like another one.
+constexpr std::array<std::pair<std::string_view, const char*>, 1> kSharedLayouts{
+    {{"DlgSaveFile", "dlgGetFile"}}};
+
+QString layoutName(const Form& form) {
+  for (const auto& [name, layout] : kSharedLayouts) {
+    if (name == form.name()) return layout;
+  }
+  return QString::fromStdString(form.name());
+}
+
+// A loader loads all designer plug-ins as it is made, and with them libraries of some 5 MB for
+// widgets that no layout here has. It finds them on the library paths.
+std::unique_ptr<Loader> makeLoader() {
+  const QStringList paths = QCoreApplication::libraryPaths();
+  QCoreApplication::setLibraryPaths({});
+  auto loader = std::make_unique<Loader>();
+  QCoreApplication::setLibraryPaths(paths);
+  return loader;
+}
+
 QWidget* loadLayoutFile(const Form& form, QWidget* parent) {
-  QFile file(QString(":/forms/%1.ui").arg(QString::fromStdString(form.name())));
+  QFile file(QString(":/forms/%1.ui").arg(layoutName(form)));
   if (!file.open(QIODevice::ReadOnly)) return nullptr;
-  Loader loader;
-  return loader.load(&file, parent);
+  return makeLoader()->load(&file, parent);
 }
 
 // "txtNumPasses" as "Num Passes": better than a field without any name.

@@ -5,20 +5,12 @@
 #include <QByteArray>
 #include <QGuiApplication>
 #include <array>
-#include <cstdio>
 
 #include "core/file_system.h"
 #include "shell/qt/raster_surface.h"
+#include "shell/qt/toolkit_messages.h"
 
 namespace tess {
-
-namespace {
-
-void passOverWarnings(QtMsgType type, const QMessageLogContext& /*where*/, const QString& text) {
-  if (type == QtFatalMsg) std::fprintf(stderr, "tessimo: %s\n", text.toUtf8().constData());
-}
-
-}  // namespace
 
 // Letters need the fonts of a running toolkit.
 class QtPictureWriter::Toolkit {

@@ -3,16 +3,15 @@
 
 #include <QApplication>
 #include <QDateTime>
-#include <QFileDialog>
-#include <QMessageBox>
-#include <array>
 #include <cstdio>
+#include <ctime>
 #include <utility>
 
+#include "core/file_dialog.h"
 #include "core/file_system.h"
 #include "core/form.h"
-#include "core/version.h"
 #include "shell/qt/form_window.h"
+#include "shell/qt/message_box.h"
 
 namespace tess {
 
@@ -22,120 +21,32 @@ constexpr qint64 kServeEvery = 8;     // milliseconds
 constexpr int kServeAtMost = 20;      // milliseconds
 constexpr int kHourglassDelay = 200;  // milliseconds
 
-struct ButtonSet {
-  MessageButtons buttons;
-  QMessageBox::StandardButtons shown;
-  QMessageBox::StandardButton first;
-  QMessageBox::StandardButton escape;  // of the Esc key and the closing button
-};
-
-constexpr std::array kButtonSets{
-    ButtonSet{MessageButtons::Ok, QMessageBox::Ok, QMessageBox::Ok, QMessageBox::Ok},
-    ButtonSet{MessageButtons::OkCancel, QMessageBox::Ok | QMessageBox::Cancel, QMessageBox::Ok,
-              QMessageBox::Cancel},
-    ButtonSet{MessageButtons::YesNo, QMessageBox::Yes | QMessageBox::No, QMessageBox::Yes,
-              QMessageBox::NoButton},
-    ButtonSet{MessageButtons::YesNoCancel, QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel,
-              QMessageBox::Yes, QMessageBox::Cancel},
-};
-
-const ButtonSet& buttonSet(MessageButtons buttons) {
-  for (const ButtonSet& set : kButtonSets) {
-    if (set.buttons == buttons) return set;
-  }
-  return kButtonSets.front();
-}
-
-QMessageBox::Icon boxIcon(MessageIcon icon) {
-  constexpr std::array<std::pair<MessageIcon, QMessageBox::Icon>, 4> kIcons{
-      {{MessageIcon::Information, QMessageBox::Information},
-       {MessageIcon::Warning, QMessageBox::Warning},
-       {MessageIcon::Error, QMessageBox::Critical},
-       {MessageIcon::Question, QMessageBox::Question}}};
-  for (const auto& [known, shown] : kIcons) {
-    if (known == icon) return shown;
-  }
-  return QMessageBox::NoIcon;
-}
-
-Answer answerOf(int button) {
-  constexpr std::array<std::pair<int, Answer>, 3> kAnswers{{{QMessageBox::Yes, Answer::Yes},
-                                                            {QMessageBox::No, Answer::No},
-                                                            {QMessageBox::Cancel, Answer::Cancel}}};
-  for (const auto& [known, answer] : kAnswers) {
-    if (known == button) return answer;
-  }
-  return Answer::Ok;
-}
-
-// "*.*" means every file, also one without a dot.
-QString eitherCase(const QString& pattern) {
-  QStringList globs;
-  for (const QString& glob : pattern.split(';', Qt::SkipEmptyParts)) {
-    const QString plain = glob.trimmed();
-    if (plain == "*.*") return "*";
-    globs << plain.toLower() << plain.toUpper();
-  }
-  globs.removeDuplicates();
-  return globs.join(' ');
-}
-
-// The ending of the first pattern without its dot, "" when any will do.
-QString firstEnding(const std::string& pattern) {
-  const QString text = QString::fromStdString(pattern);
-  const QString glob = text.section('|', text.contains('|') ? 1 : 0, text.contains('|') ? 1 : 0)
-                           .section(';', 0, 0)
-                           .trimmed();
-  const QString ending = glob.section('.', -1);
-  return ending.contains('*') ? QString() : ending.toLower();
+// Milliseconds by the system's clock of ticks, a few of them apart: reading the exact one for every
+// row would be a tenth of a redraw.
+qint64 roughTime() {
+  timespec now{};
+  clock_gettime(CLOCK_MONOTONIC_COARSE, &now);
+  return qint64{now.tv_sec} * 1000 + now.tv_nsec / 1000000;
 }
 
 }  // namespace
 
-QStringList fileFilters(const std::string& pattern) {
-  const QStringList parts = QString::fromStdString(pattern).split('|', Qt::SkipEmptyParts);
-  if (parts.size() < 2) {
-    const QString globs = eitherCase(parts.value(0, "*"));
-    return {QString("%1 (%2)").arg(parts.value(0, "*"), globs)};
-  }
-  QStringList filters;
-  for (qsizetype at = 0; at + 1 < parts.size(); at += 2) {
-    const QString title = parts[at].section('(', 0, 0).trimmed();
-    filters << QString("%1 (%2)").arg(title, eitherCase(parts[at + 1]));
-  }
-  return filters;
-}
-
+// One that outlives the box: a splash or a panel may go while it is open.
 QWidget* DesktopPrompts::owner() const {
-  QWidget* active = QApplication::activeModalWidget();
-  if (active == nullptr) active = QApplication::activeWindow();
-  return active != nullptr ? active : window_.data();
+  QWidget* const modal = QApplication::activeModalWidget();
+  return modal != nullptr ? modal : window_.data();
 }
 
 Answer DesktopPrompts::showMessage(const Message& message) {
-  const ButtonSet& set = buttonSet(message.buttons);
-  const std::string title = message.title.empty() ? std::string(kProductName) : message.title;
-  QMessageBox box(boxIcon(message.icon), QString::fromStdString(title),
-                  QString::fromStdString(message.text), set.shown, owner());
-  box.setTextFormat(Qt::PlainText);
-  box.setDefaultButton(set.first);
-  if (set.escape != QMessageBox::NoButton) box.setEscapeButton(set.escape);
+  QMessageBox box(owner());
+  fillMessageBox(box, message);
   return answerOf(box.exec());
 }
 
 std::optional<std::string> DesktopPrompts::chooseFile(const FileRequest& request) {
-  QFileDialog dialog(owner(), QString::fromStdString(request.title));
-  dialog.setAcceptMode(request.forSaving ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
-  dialog.setFileMode(request.forSaving ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
-  dialog.setNameFilters(fileFilters(request.pattern));
-  // So that the question whether to replace a file is asked about the name that will be written.
-  if (request.forSaving) dialog.setDefaultSuffix(firstEnding(request.pattern));
-  if (!request.folder.empty()) {
-    dialog.setDirectory(QString::fromStdString(resolvePath(request.folder)));
-  }
-  if (!request.name.empty()) dialog.selectFile(QString::fromStdString(request.name));
-  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
-  return dialog.selectedFiles().constFirst().toStdString();
+  const std::unique_ptr<FileDialog> dialog = fileDialogFor(request);
+  showModal(*dialog);
+  return dialog->chosen();
 }
 
 void DesktopPrompts::showModal(Form& form) {
@@ -159,10 +70,10 @@ double DesktopClock::elapsedMilliseconds() {
 
 // The operator's input waits while a command of his is under way; it is not lost.
 void DesktopSurroundings::serveEvents() {
-  if (since_.elapsed() < kServeEvery) return;
+  if (roughTime() - served_ < kServeEvery) return;
   QCoreApplication::processEvents(
       gateway_.isBusy() ? QEventLoop::ExcludeUserInputEvents : QEventLoop::AllEvents, kServeAtMost);
-  since_.start();
+  served_ = roughTime();
 }
 
 void DesktopSurroundings::beep() {

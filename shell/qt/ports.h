@@ -1,13 +1,11 @@
 // The platform as the desktop has it: message boxes, file dialogs, forms in windows, the clock,
 // timers, the pointer and the event loop.
-// Owns: DesktopPrompts, DesktopClock, DesktopSurroundings, DesktopTimers, DesktopPointer,
-//       fileFilters.
+// Owns: DesktopPrompts, DesktopClock, DesktopSurroundings, DesktopTimers, DesktopPointer.
 #pragma once
 
 #include <QCursor>
 #include <QElapsedTimer>
 #include <QPointer>
-#include <QStringList>
 #include <QTimer>
 #include <QWidget>
 #include <functional>
@@ -26,7 +24,7 @@ class DesktopPrompts : public Prompts {
  public:
   explicit DesktopPrompts(Gateway& gateway) : gateway_(gateway) {}
 
-  // What boxes stand over when no other window is active.
+  // What boxes stand over when no other one is open.
   void setWindow(QWidget* window) { window_ = window; }
 
   Answer showMessage(const Message& message) override;
@@ -40,10 +38,6 @@ class DesktopPrompts : public Prompts {
   QPointer<QWidget> window_;
 };
 
-// The toolkit's filters of a pattern such as "*.CDM" or "Drawing Files (*.cdm)|*.cdm|...". File
-// names match in either case.
-QStringList fileFilters(const std::string& pattern);
-
 class DesktopClock : public Clock {
  public:
   DesktopClock() { elapsed_.start(); }
@@ -56,7 +50,7 @@ class DesktopClock : public Clock {
 
 class DesktopSurroundings : public Surroundings {
  public:
-  explicit DesktopSurroundings(const Gateway& gateway) : gateway_(gateway) { since_.start(); }
+  explicit DesktopSurroundings(const Gateway& gateway) : gateway_(gateway) {}
 
   // Cheap enough to be called for every row: looks for events a few times per frame only.
   void serveEvents() override;
@@ -67,7 +61,7 @@ class DesktopSurroundings : public Surroundings {
 
  private:
   const Gateway& gateway_;
-  QElapsedTimer since_;
+  qint64 served_ = 0;  // when events were served last, in milliseconds
 };
 
 class DesktopTimers : public Timers {

@@ -11,9 +11,11 @@
 #include <algorithm>
 #include <cmath>
 #include <optional>
+#include <utility>
 #include <vector>
 
 #include "geometry/constants.h"
+#include "shell/qt/smooth_line.h"
 
 namespace tess {
 
@@ -22,6 +24,7 @@ namespace {
 constexpr double kFlatness = 0.1;       // of arcs, in device pixels
 constexpr int kMostArcSteps = 20000;    // enough for any radius at the largest zoom
 constexpr double kMargin = 16;          // round the picture, in which nothing is cut off
+constexpr double kWidestOwnLine = 2;    // wider ones need ends at right angles
 constexpr double kTextHeight = 12;      // pixels
 constexpr int kLeastContrast = 64;      // of 255
 constexpr QRgb kGreyMask = 0x00C0C0C0;  // changes any grey by 64 or more
@@ -37,6 +40,11 @@ int contrast(QRgb background, QRgb mask) {
 
 // The part of a segment inside a rectangle, by parameter along the segment.
 std::optional<QLineF> clipped(const QLineF& segment, const QRectF& bounds) {
+  const auto holds = [&](QPointF end) {
+    return end.x() >= bounds.left() && end.x() <= bounds.right() && end.y() >= bounds.top() &&
+           end.y() <= bounds.bottom();
+  };
+  if (holds(segment.p1()) && holds(segment.p2())) return segment;
   double from = 0;
   double to = 1;
   const auto cut = [&](double rate, double room) {
@@ -69,6 +77,12 @@ QPointF pixelMiddle(QPointF point) {
 bool isAlongAxis(const QLineF& line) {
   constexpr double kHairsBreadth = 0.01;
   return std::abs(line.dx()) < kHairsBreadth || std::abs(line.dy()) < kHairsBreadth;
+}
+
+void fillPixels(QImage& picture, const QRect& pixels, QRgb ink) {
+  for (int y = pixels.top(); y <= pixels.bottom(); ++y) {
+    std::fill_n(reinterpret_cast<QRgb*>(picture.scanLine(y)) + pixels.left(), pixels.width(), ink);
+  }
 }
 
 // Points along an arc of device pixels, counter-clockwise as it is seen.
@@ -128,7 +142,14 @@ void RasterSurface::setDensity(double density) {
   density_ = density;
   stopPainting();
   picture_ = QImage();
+  begun_ = false;
   resizePicture();
+}
+
+QImage RasterSurface::emptyPicture(const QSize& size) const {
+  QImage picture(size, QImage::Format_RGB32);
+  picture.fill(colorOf(state().backColor));
+  return picture;
 }
 
 // What fits of the old picture stays, as on a window that is pulled wider.
@@ -137,10 +158,12 @@ void RasterSurface::resizePicture() {
                    std::max(1, static_cast<int>(std::lround(area_.height * density_))));
   if (size == picture_.size()) return;
   stopPainting();
-  QImage resized(size, QImage::Format_RGB32);
-  resized.fill(colorOf(state().backColor));
-  if (!picture_.isNull()) QPainter(&resized).drawImage(0, 0, picture_);
-  picture_ = std::move(resized);
+  lastLine_.reset();
+  const QImage before = begun_ ? picture_ : QImage();
+  picture_ = QImage();  // makes room for the next one
+  spare_ = QImage();
+  picture_ = emptyPicture(size);
+  if (begun_) QPainter(&picture_).drawImage(0, 0, before);
 }
 
 void RasterSurface::Move(const SurfaceArea& area) {
@@ -157,7 +180,12 @@ void RasterSurface::setRepaint(bool on) {
   if (on == repaint_) return;
   repaint_ = on;
   stopPainting();  // a picture that is being painted on would be copied as a whole
-  shown_ = on ? QImage() : picture_;
+  if (on) {
+    if (shown_.isDetached()) spare_ = shown_;
+    shown_ = QImage();
+  } else {
+    shown_ = begun_ ? picture_ : emptyPicture({1, 1});
+  }
   if (on && onPainted) onPainted(picture_.rect());
 }
 
@@ -171,8 +199,16 @@ const QImage& RasterSurface::picture() {
   return picture_;
 }
 
+// What is still shown keeps its pixels, so the picture goes on in others: those that were shown the
+// time before, since pages that are new to the process cost as much as the lines on them.
 void RasterSurface::Cls() {
   stopPainting();
+  begun_ = true;
+  lastLine_.reset();
+  if (!picture_.isDetached()) {
+    const bool fits = spare_.size() == picture_.size();
+    picture_ = fits ? std::exchange(spare_, QImage()) : emptyPicture(picture_.size());
+  }
   picture_.fill(colorOf(state().backColor));
   painted(picture_.rect());
 }
@@ -227,26 +263,62 @@ QRectF RasterSurface::paintedBounds() const {
   return QRectF(picture_.rect()).adjusted(-kMargin, -kMargin, kMargin, kMargin);
 }
 
+// Drawing rows are copied twice; the second time there is nothing to do, and smooth edges stay as
+// they are.
+bool RasterSurface::isRepeated(const WorldBox& ends, Rgb color) {
+  if (isInverting()) return false;
+  const LastLine line{ends.x0, ends.y0, ends.x1, ends.y1, color};
+  return std::exchange(lastLine_, line) == line;
+}
+
 void RasterSurface::line(const WorldBox& ends, Rgb color) {
   if (ends.x0 == ends.x1 && ends.y0 == ends.y1) return;
+  if (isRepeated(ends, color)) return;
   const QLineF whole(devicePoint(ends.x0, ends.y0), devicePoint(ends.x1, ends.y1));
   const std::optional<QLineF> visible = clipped(whole, paintedBounds());
   if (!visible) return;
-  const bool smooth = paintsSmoothly() && !isAlongAxis(*visible);
-  QPainter& brush = painter(ink(color), smooth);
-  if (smooth) {
-    brush.drawLine(pixelMiddle(visible->p1()), pixelMiddle(visible->p2()));
+  if (paintsSmoothly() && !isAlongAxis(*visible)) {
+    smoothLine(*visible, color);
   } else {
-    brush.drawLine(wholePixel(visible->p1()), wholePixel(visible->p2()));
+    sharpLine(wholePixel(visible->p1()), wholePixel(visible->p2()), color);
   }
   painted(QRectF(visible->p1(), visible->p2()));
 }
 
+void RasterSurface::smoothLine(const QLineF& pixels, Rgb color) {
+  const QLineF line(pixelMiddle(pixels.p1()), pixelMiddle(pixels.p2()));
+  if (penWidth() <= kWidestOwnLine) {
+    blendLine(picture_, line, penWidth(), colorOf(color).rgb());
+  } else {
+    painter(colorOf(color), /*smooth=*/true).drawLine(line);
+  }
+}
+
+void RasterSurface::sharpLine(QPoint from, QPoint to, Rgb color) {
+  const bool straight = from.x() == to.x() || from.y() == to.y();
+  if (straight && paintsSmoothly() && penWidth() == 1) {
+    const QRect pixels = QRect(from, from) | QRect(to, to);
+    fillPixels(picture_, pixels & picture_.rect(), colorOf(color).rgb());
+  } else {
+    painter(ink(color), /*smooth=*/false).drawLine(from, to);
+  }
+}
+
 void RasterSurface::box(const WorldBox& corners, Rgb color, bool filled) {
+  lastLine_.reset();
   const QPoint a = drawnIn(devicePoint(corners.x0, corners.y0));
   const QPoint b = drawnIn(devicePoint(corners.x1, corners.y1));
   const QRect pixels(QPoint(std::min(a.x(), b.x()), std::min(a.y(), b.y())),
                      QPoint(std::max(a.x(), b.x()), std::max(a.y(), b.y())));
+  if (filled && !isInverting()) {
+    fillPixels(picture_, pixels & picture_.rect(), colorOf(color).rgb());
+  } else {
+    paintBox(pixels, color, filled);
+  }
+  painted(pixels);
+}
+
+void RasterSurface::paintBox(const QRect& pixels, Rgb color, bool filled) {
   QPainter& brush = painter(ink(color), /*smooth=*/false);
   if (filled) {
     brush.fillRect(pixels, ink(color));
@@ -255,7 +327,6 @@ void RasterSurface::box(const WorldBox& corners, Rgb color, bool filled) {
   } else {
     brush.drawRect(pixels.adjusted(0, 0, -1, -1));
   }
-  painted(pixels);
 }
 
 // A corner far outside moves in until its sides are just out of sight.
@@ -266,6 +337,7 @@ QPoint RasterSurface::drawnIn(QPointF corner) const {
 }
 
 void RasterSurface::arc(const WorldArc& arc, Rgb color) {
+  lastLine_.reset();
   const double radius = deviceLength(arc.radius);
   const QSizeF radii(arc.aspect > 1 ? radius / arc.aspect : radius,
                      arc.aspect > 1 ? radius : radius * arc.aspect);
@@ -284,6 +356,7 @@ void RasterSurface::arc(const WorldArc& arc, Rgb color) {
 }
 
 void RasterSurface::text(float x, float y, const std::string& text, Rgb color) {
+  lastLine_.reset();
   QFont font;
   font.setPixelSize(static_cast<int>(std::lround(kTextHeight * density_)));
   const QFontMetricsF metrics(font);

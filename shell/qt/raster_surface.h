@@ -9,6 +9,7 @@
 #include <QRect>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "display/drawing_target.h"
@@ -46,7 +47,13 @@ class RasterSurface : public DrawingSurface {
 
  private:
   QPainter& painter(const QColor& ink, bool smooth);
+  void smoothLine(const QLineF& pixels, Rgb color);
+  void sharpLine(QPoint from, QPoint to, Rgb color);
+  void paintBox(const QRect& pixels, Rgb color, bool filled);
+  bool isRepeated(const WorldBox& ends, Rgb color);
+  void propertySet(const char* /*name*/, double /*value*/) override { lastLine_.reset(); }
   void stopPainting() { painter_.reset(); }
+  QImage emptyPicture(const QSize& size) const;
   void resizePicture();
   void painted(const QRectF& box);
   bool isInverting() const { return state().drawMode == PenMode::NotXor; }
@@ -58,12 +65,22 @@ class RasterSurface : public DrawingSurface {
   QPoint drawnIn(QPointF corner) const;
   QRectF paintedBounds() const;
 
+  // A copied line after which nothing was painted and no property set.
+  struct LastLine {
+    float x0, y0, x1, y1;
+    Rgb color;
+    bool operator==(const LastLine&) const = default;
+  };
+
   SurfaceArea area_;
   double density_;
   bool enabled_ = true;
   bool repaint_ = true;
+  std::optional<LastLine> lastLine_;
+  bool begun_ = false;  // the first clearing: what was painted before, in no view, is not kept
   QImage picture_;
   QImage shown_;                       // while repainting is off
+  QImage spare_;                       // to be cleared for the next picture
   std::unique_ptr<QPainter> painter_;  // kept open from one entity to the next
 };
 

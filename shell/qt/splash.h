@@ -1,5 +1,5 @@
-// The picture that greets at the start. It lies over the main window for two seconds, takes no
-// input and waits for nothing: the window behind it works from the first moment.
+// The picture that greets at the start. It lies in the middle of the main window for two seconds,
+// takes no input and waits for nothing: the window behind it works from the first moment.
 // Owns: Splash.
 #pragma once
 
@@ -16,8 +16,12 @@ class Splash : public QWidget {
   // Goes by itself, at the latest with its owner.
   static void show(const Session& session, Gateway& gateway, QWidget& owner);
 
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
  private:
   Splash(const Session& session, Gateway& gateway, QWidget& owner);
+  void moveToMiddle();
 
   frmSplash form_;
   FormView view_;

@@ -39,10 +39,14 @@ SurfaceWidget::SurfaceWidget(QWidget* parent) : QWidget(parent) {
   };
 }
 
+// One rectangle round all that was painted: a region of thousands, as a selection leaves them,
+// would take the toolkit far longer than the pixels.
 void SurfaceWidget::updateDevicePixels(const QRect& box) {
+  if (painted_.contains(box)) return;
+  painted_ |= box;
   const double density = drawing_.density();
-  const QRectF pixels(box.x() / density, box.y() / density, box.width() / density,
-                      box.height() / density);
+  const QRectF pixels(painted_.x() / density, painted_.y() / density, painted_.width() / density,
+                      painted_.height() / density);
   update(pixels.toAlignedRect());
 }
 
@@ -58,6 +62,7 @@ bool SurfaceWidget::followDensity() {
 }
 
 void SurfaceWidget::paintEvent(QPaintEvent* /*event*/) {
+  painted_ = QRect();
   followDensity();
   const QImage& picture = drawing_.picture();
   // The same pixels under the screen's density, without a copy.

@@ -45,6 +45,7 @@ class SurfaceWidget : public QWidget {
   bool followDensity();
 
   RasterSurface drawing_;
+  QRect painted_;  // in device pixels, since the last paint event
   bool dragging_ = false;
   int wheelRest_ = 0;  // turned, but less than a step
 };

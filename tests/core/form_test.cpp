@@ -569,6 +569,57 @@ TEST(FormFocus, EnterInSeveralLinesPressesNothing) {
   EXPECT_FALSE(form.pressDefault());
 }
 
+TEST(FormFocus, EnterInLinesThatAreOnlyReadPressesTheDefaultButton) {
+  dlgSample form;
+  form.open(Modality::Modal);
+  form.txtFirst.multiLine = true;
+  form.txtFirst.readOnly = true;
+  EXPECT_TRUE(form.pressDefault());
+  EXPECT_TRUE(form.accepted());
+}
+
+TEST(FormFocus, EnterOpensTheItemOfAListThatOpensItsItems) {
+  dlgSample form;
+  form.open(Modality::Modal);
+  form.lstNames.focus();
+  form.lstNames.onOpen = [&] { form.log.push_back("open " + form.lstNames.text()); };
+  EXPECT_FALSE(form.lstNames.open()) << "nothing is selected yet";
+  form.lstNames.pick(1);
+  form.taken();
+  EXPECT_TRUE(form.pressDefault());
+  EXPECT_EQ(form.taken(), Log{"open two"});
+  EXPECT_TRUE(form.isShown());
+  form.lstNames.onOpen = nullptr;
+  EXPECT_FALSE(form.lstNames.open());
+  EXPECT_TRUE(form.pressDefault()) << "a list that opens nothing leaves the key to the form";
+  EXPECT_TRUE(form.accepted());
+}
+
+TEST(FormFocus, AListOutOfReachOpensNothing) {
+  dlgSample form;
+  form.lstNames.onOpen = [&] { form.log.push_back("open"); };
+  form.lstNames.setIndex(0);
+  form.lstNames.setEnabled(false);
+  form.taken();
+  EXPECT_FALSE(form.lstNames.open());
+  EXPECT_EQ(form.taken(), Log{});
+}
+
+TEST(FormFocus, EnterClosesAModalFormThatOnlyTellsSomething) {
+  Form form("frmReport");
+  TextBox txtReport(form, "txtReport");
+  txtReport.multiLine = true;
+  form.open(Modality::Modal);
+  EXPECT_FALSE(form.pressDefault()) << "the operator is writing";
+  txtReport.readOnly = true;
+  EXPECT_TRUE(form.pressDefault());
+  EXPECT_FALSE(form.isShown());
+  EXPECT_FALSE(form.accepted());
+  form.open(Modality::Modeless);
+  EXPECT_FALSE(form.pressDefault()) << "a panel stays";
+  EXPECT_TRUE(form.isShown());
+}
+
 TEST(FormFocus, EscClicksTheCancelButtonPastAnyValidation) {
   dlgSample form;
   form.txtFirst.focus();

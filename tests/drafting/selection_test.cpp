@@ -450,6 +450,53 @@ TEST(SelectContiguousPaths, GoesRoundAClosedPathOnce) {
   EXPECT_EQ(selectedPaths(d.store), (Rows{1, 2, 3}));
 }
 
+// Sweep after sweep over the table, as long as one finds a row that touches a marked one.
+std::vector<bool> plainContiguous(const DrawingStore& store, int ps) {
+  std::vector<bool> marked(static_cast<std::size_t>(store.NumPathSegments) + 1);
+  marked[static_cast<std::size_t>(ps)] = true;
+  const auto meet = [&](int a, int b) {
+    const Entity one = pathEntity(store, a);
+    const Entity other = pathEntity(store, b);
+    const auto same = [&](Point p, Point q) { return samePoint(p, q, store.cfg_tolerance); };
+    return same(one.start, other.start) || same(one.start, other.end) ||
+           same(one.end, other.start) || same(one.end, other.end);
+  };
+  for (bool found = true; found;) {
+    found = false;
+    for (int row = 1; row <= store.NumPathSegments; ++row) {
+      if (marked[static_cast<std::size_t>(row)]) continue;
+      for (int other = 1; other <= store.NumPathSegments; ++other) {
+        if (!marked[static_cast<std::size_t>(other)] || !meet(row, other)) continue;
+        marked[static_cast<std::size_t>(row)] = found = true;
+        break;
+      }
+    }
+  }
+  return marked;
+}
+
+TEST(SelectContiguousPaths, TakesWhatPlainSweepsTake) {
+  int beyondTheFirst = 0;
+  for (int number = 0; number < 3 * testing::kSceneKinds; ++number) {
+    SCOPED_TRACE(::testing::Message() << "scene " << number);
+    RecordedDesk d;
+    std::vector<Entity> entities = testing::sceneOf(number).entities;
+    if (entities.size() > 40) entities.resize(40);
+    for (const Entity& entity : entities) testing::addPath(d.store, entity);
+    for (int ps = 1; ps <= d.store.NumPathSegments; ps += 7) {
+      const std::vector<bool> expected = plainContiguous(d.store, ps);
+      selectContiguousPaths(d.desk, /*select=*/true, ps);
+      std::vector<bool> marked(expected.size());
+      for (const int row : selectedPaths(d.store)) marked[static_cast<std::size_t>(row)] = true;
+      EXPECT_EQ(marked, expected) << "from row " << ps;
+      beyondTheFirst += selectedPaths(d.store).size() > 1 ? 1 : 0;
+      selectContiguousPaths(d.desk, /*select=*/false, ps);
+      EXPECT_EQ(selectedPaths(d.store), Rows{}) << "from row " << ps;
+    }
+  }
+  EXPECT_GT(beyondTheFirst, 20);
+}
+
 TEST(SelectConnected, FollowsCrossings) {
   RecordedDesk d;
   d.addLine(-2, 0, 2, 0);

@@ -91,6 +91,38 @@ TEST(CrossingIndex, MissesNoCrossingWithLinesUpToTheMagnitudeNamed) {
   }
 }
 
+TEST(CrossingIndex, MissesNoCrossingWithEntitiesUpToTheRadiusNamed) {
+  for (int number = 0; number < 20 * testing::kSceneKinds; ++number) {
+    SCOPED_TRACE(::testing::Message() << "scene " << number);
+    const std::vector<Entity> entities = testing::sceneOf(number).entities;
+    std::vector<Entity> others = testing::sceneOf(number + 13 * 1000 + number % 3).entities;
+    if (others.size() > 40) others.resize(40);
+    double magnitude = 0;
+    double radius = 0;
+    for (const Entity& other : others) {
+      magnitude = std::max(magnitude, magnitudeOf(other));
+      if (isArc(other.type)) radius = std::max(radius, double{radiusOf(other)});
+    }
+    const CrossingIndex index(entities, kTolerence, magnitude, radius);
+    std::vector<int> candidates;
+    for (const Entity& other : others) {
+      index.candidates(other, 0, candidates);
+      expectAllCrossings(entities, other, 0, 0, kTolerence, candidates);
+      if (HasFatalFailure()) return;
+    }
+  }
+}
+
+TEST(CrossingIndex, ArcsUpToTheRadiusNamedAreNotTriedWithAll) {
+  const std::vector<Entity> walls = {lineEntity({0, 0}, {1, 1}), lineEntity({9, 9}, {9, 8})};
+  const Entity arc{kClockwiseArc, {5, 6}, {6, 5}, {5, 5}};
+  std::vector<int> candidates;
+  CrossingIndex(walls, kTolerence, 9).candidates(arc, 0, candidates);
+  EXPECT_EQ(candidates, (std::vector<int>{1, 2}));
+  CrossingIndex(walls, kTolerence, 9, 1).candidates(arc, 0, candidates);
+  EXPECT_EQ(candidates, std::vector<int>{});
+}
+
 TEST(CrossingIndex, LinesUpToTheMagnitudeNamedAreNotTriedWithAll) {
   const std::vector<Entity> walls = {lineEntity({0, 0}, {1, 1}), lineEntity({0, 1}, {1, 0})};
   const Entity outside = lineEntity({5, 5}, {6, 5});

@@ -4,6 +4,7 @@
 #include "gtest/gtest.h"
 
 #include "tests/geometry/rows.h"
+#include "tests/geometry/scenes.h"
 
 namespace tess {
 namespace {
@@ -157,6 +158,45 @@ TEST(NearestPathSeg, TheGroupIsComparedAsARealQuotient) {
   EXPECT_EQ(nearestPathSeg(store, {3, 0}, 3.5), 3);  // tool index 50 belongs to no whole group
   EXPECT_EQ(nearestPathSeg(store, {3, 0}, 303), 4);
   EXPECT_EQ(nearestPathSeg(store, {3, 0}, 1), 0);
+}
+
+// Rows that cannot be near are passed over without a look at their nearest point.
+int nearestOfAll(const DrawingStore& store, Point at) {
+  float best = kFarthest;
+  int found = 0;
+  for (int sg = 1; sg <= store.NumSegments; ++sg) {
+    Point point;
+    if (!nearestPointOfRow(store, sg, at, point) || distance(at, point) >= best) continue;
+    best = distance(at, point);
+    found = sg;
+  }
+  return found;
+}
+
+int nearestOfAllPaths(const DrawingStore& store, Point at) {
+  float best = kFarthest;
+  int found = 0;
+  for (int ps = 1; ps <= store.NumPathSegments; ++ps) {
+    Point point;
+    if (!nearestPointOfPathRow(store, ps, at, point) || distance(at, point) >= best) continue;
+    best = distance(at, point);
+    found = ps;
+  }
+  return found;
+}
+
+TEST(NearestScans, PassOverNoRowThatIsNearest) {
+  for (int number = 0; number < 40 * testing::kSceneKinds; ++number) {
+    SCOPED_TRACE(::testing::Message() << "scene " << number);
+    const testing::Scene scene = testing::sceneOf(number);
+    testing::Dice dice(static_cast<std::uint32_t>(number) + 5U);
+    const DrawingStore store = testing::storeWith(scene.entities);
+    for (int query = 0; query < 30; ++query) {
+      const Point at = testing::queryPoint(scene, dice);
+      ASSERT_EQ(nearestSeg(store, at), nearestOfAll(store, at));
+      ASSERT_EQ(nearestPathSeg(store, at, /*group=*/0), nearestOfAllPaths(store, at));
+    }
+  }
 }
 
 }  // namespace

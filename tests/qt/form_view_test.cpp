@@ -263,6 +263,47 @@ TEST_F(FormViewTest, EnterPressesTheDefaultButtonAndEscTheOther) {
   EXPECT_FALSE(form.accepted());
 }
 
+// Whatever has the keyboard, but for what takes the key itself.
+TEST_F(FormViewTest, EnterAndEscReachTheButtonsFromEveryKindOfControl) {
+  for (Control* control : form.controls()) {
+    if (!control->takesFocus()) continue;
+    SCOPED_TRACE(widgetName(*control).toStdString());
+    form.open(Modality::Modeless);
+    control->focus();
+    ASSERT_NE(window->focusWidget(), nullptr);
+    ASSERT_EQ(form.focused(), control);
+    const bool takesEnter = control == &form.txtPages || control == &form.cmdCancel;
+    if (!takesEnter) {
+      key(*window->focusWidget(), Qt::Key_Return, "\r");
+      EXPECT_TRUE(form.accepted());
+      EXPECT_FALSE(window->isVisible());
+      form.open(Modality::Modeless);
+      control->focus();
+    }
+    key(*window->focusWidget(), Qt::Key_Escape, "\x1b");
+    EXPECT_FALSE(form.accepted());
+    EXPECT_FALSE(window->isVisible());
+  }
+}
+
+TEST_F(FormViewTest, ADoubleClickAndTheEnterKeyOpenAnItem) {
+  form.lstItems.onOpen = [this] { form.log.push_back("open " + form.lstItems.text()); };
+  auto& list = widget<QListWidget>("lstItems");
+  const QPointF at = list.visualItemRect(list.item(1)).center();
+  for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease,
+                          QEvent::MouseButtonDblClick, QEvent::MouseButtonRelease}) {
+    QMouseEvent event(type, at, list.viewport()->mapToGlobal(at), Qt::LeftButton, Qt::LeftButton,
+                      Qt::NoModifier);
+    QApplication::sendEvent(list.viewport(), &event);
+  }
+  EXPECT_EQ(form.log.back(), "open two");
+  form.log.clear();
+  key(list, Qt::Key_Down);
+  key(list, Qt::Key_Return, "\r");
+  EXPECT_EQ(form.log, (Log{"lstItems 2", "open three"}));
+  EXPECT_TRUE(form.isShown());
+}
+
 TEST_F(FormViewTest, TheClosingButtonAsksTheForm) {
   form.onQueryClose = [](CloseQuery& query) { query.refuse(); };
   EXPECT_FALSE(window->close());

@@ -338,11 +338,5 @@ TEST(Icons, SingleUseSnapToolsShareTheIconOfTheirTwins) {
   EXPECT_TRUE(toolIcon("miUnknown").isNull());
 }
 
-TEST(FileFilters, ReadBothFormsOfAPattern) {
-  EXPECT_EQ(fileFilters("*.CDM"), QStringList{"*.CDM (*.cdm *.CDM)"});
-  EXPECT_EQ(fileFilters("Layout Files (*.tb3)|*.tb3|All Files (*.*)|*.*"),
-            (QStringList{"Layout Files (*.tb3 *.TB3)", "All Files (*)"}));
-}
-
 }  // namespace
 }  // namespace tess

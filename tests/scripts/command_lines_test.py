@@ -103,6 +103,40 @@ class CommandLines(unittest.TestCase):
         run = self.run_program("--run", str(script), TESSIMO_HOME=str(self.home))
         self.assertEqual((run.returncode, run.stdout, run.stderr), (0, f"{self.home}/CNC/\n", ""))
 
+    def play(self, script: str, *arguments: str) -> subprocess.CompletedProcess[str]:
+        (self.work / "play.lua").write_text(script)
+        (self.work / "run").mkdir(mode=0o700, exist_ok=True)
+        return self.run_program("--home", str(self.home), "--play", "play.lua", *arguments,
+                                QT_QPA_PLATFORM="offscreen", XDG_RUNTIME_DIR=str(self.work / "run"))
+
+    def test_a_script_in_the_window_leaves_what_a_run_leaves(self) -> None:
+        script = """\
+            rightclick(0, 0) key("R") click(3, 2)
+            key("L") rightclick(1, 1) click(2, 1.5)
+            save(arg[1])
+            print(store.NumSegments, state.prompt)
+        """
+        played = self.play(script, str(self.work / "played.cdm"))
+        run = self.run_program("--home", str(self.home), "--run", "play.lua",
+                               str(self.work / "run.cdm"))
+        self.assertEqual((run.returncode, run.stderr), (0, ""))
+        self.assertEqual((played.returncode, played.stdout, played.stderr), (0, run.stdout, ""))
+        self.assertEqual((self.work / "played.cdm").read_bytes(),
+                         (self.work / "run.cdm").read_bytes())
+
+    def test_a_script_that_fails_in_the_window_is_status_1(self) -> None:
+        played = self.play("tool('miLine')\nclick('here')")
+        self.assertEqual((played.returncode, played.stdout), (1, ""))
+        self.assertRegex(played.stderr, r"^tessimo: play\.lua:2: [^\n]+\n$")
+
+    def test_the_window_of_a_script_needs_a_display_and_a_script(self) -> None:
+        (self.work / "play.lua").write_text("")
+        self.assert_fails(1, "none.lua: File not found", "--home", str(self.home),
+                          "--play", "none.lua")
+        self.assert_fails(1, "Path not found: nowhere", "--home", "nowhere", "--play", "play.lua")
+        self.assert_fails(1, "there is no display for the window; tessimo --help tells what it "
+                          "does without one", "--home", str(self.home), "--play", "play.lua")
+
     def test_no_window_without_a_display(self) -> None:
         run = self.run_program(DISPLAY="", WAYLAND_DISPLAY="", QT_QPA_PLATFORM="")
         self.assertEqual(run.returncode, 1)

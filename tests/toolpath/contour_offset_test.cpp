@@ -212,6 +212,74 @@ TEST_F(ContourOffset, ArcsThatMeetTwiceAreTrimmedToTheSecondHit) {
   EXPECT_EQ(store.psy1[1], store.psy0[2]);
 }
 
+// ---- Leads
+
+struct ContourOffsetLeads : ContourOffset {
+  ContourOffsetLeads() {
+    store.cfg_lead_in_path = true;
+    store.cfg_lead_in_angle = 30;
+    store.cfg_lead_in_length = 0.5F;
+  }
+};
+
+TEST_F(ContourOffsetLeads, AClosedPathBeginsAndEndsAtTheMidpointOfItsFirstLine) {
+  addSquare();
+  EXPECT_EQ(
+      offset(along(1, {1, 1})),
+      (Texts{"1 (0.567, 0.5)-(1, 0.25)", "1 (1, 0.25)-(1.75, 0.25)", "1 (1.75, 0.25)-(1.75, 1.75)",
+             "1 (1.75, 1.75)-(0.25, 1.75)", "1 (0.25, 1.75)-(0.25, 0.25)",
+             "1 (0.25, 0.25)-(1, 0.25)", "1 (1, 0.25)-(1.433, 0.5)"}));
+}
+
+// Outside, the closing bridge is the last row but the half line.
+TEST_F(ContourOffsetLeads, ABridgedPathIsClosedBeforeItIsSplit) {
+  addSquare();
+  const Texts placed = offset(along(1, {1, -1}));
+  ASSERT_EQ(placed.size(), 11U);
+  EXPECT_EQ(placed[0], "1 (0.567, -0.5)-(1, -0.25)");
+  EXPECT_EQ(placed[1], "1 (1, -0.25)-(2, -0.25)");
+  EXPECT_EQ(placed[8], "3 (-0.25, 0)-(0, -0.25) c (0, 0)");
+  EXPECT_EQ(placed[9], "1 (0, -0.25)-(1, -0.25)");
+  EXPECT_EQ(placed[10], "1 (1, -0.25)-(1.433, -0.5)");
+}
+
+TEST_F(ContourOffsetLeads, AClosedPathThatBeginsWithAnArcIsEnteredThere) {
+  addArc(kCounterClockwiseArc, {1, 0}, {-1, 0}, {0, 0});
+  addArc(kCounterClockwiseArc, {-1, 0}, {1, 0}, {0, 0});
+  EXPECT_EQ(offset(along(1, {2, 0})),
+            (Texts{"1 (1.5, -0.433)-(1.25, 0)", "3 (1.25, 0)-(-1.25, 0) c (0, 0)",
+                   "3 (-1.25, 0)-(1.25, 0) c (0, 0)", "1 (1.25, 0)-(1.5, 0.433)"}));
+}
+
+TEST_F(ContourOffsetLeads, AnOpenChainOfALineAndAnArc) {
+  addLine(0, -1, 2, -1);
+  addArc(kCounterClockwiseArc, {2, -1}, {3, 0}, {2, 0});
+  EXPECT_EQ(offset(along(1, {1, -2})),
+            (Texts{"1 (-0.433, -1.5)-(0, -1.25)", "1 (0, -1.25)-(2, -1.25)",
+                   "3 (2, -1.25)-(3.25, 0) c (2, 0)", "1 (3.25, 0)-(3.5, 0.433)"}));
+}
+
+TEST_F(ContourOffsetLeads, ArcLeadsOfAClosedPath) {
+  store.cfg_lead_in_arc = true;
+  addSquare();
+  const Texts placed = offset(along(1, {1, 1}));
+  ASSERT_EQ(placed.size(), 7U);
+  EXPECT_EQ(placed.front(), "3 (0.567, 0.5)-(1, 0.25) c (1.025, 0.7933)");
+  EXPECT_EQ(placed.back(), "3 (1, 0.25)-(1.433, 0.5) c (0.975, 0.7933)");
+}
+
+TEST_F(ContourOffsetLeads, NeedAnAngleALengthAndAKind) {
+  addSquare();
+  store.cfg_lead_in_angle = 0;
+  EXPECT_EQ(offset(along(1, {1, 1})).size(), 4U);
+  store.cfg_lead_in_angle = 30;
+  store.cfg_lead_in_length = 0;
+  EXPECT_EQ(offset(along(1, {1, 1})).size(), 4U);
+  store.cfg_lead_in_length = 0.5F;
+  store.cfg_lead_in_path = false;
+  EXPECT_EQ(offset(along(1, {1, 1})).size(), 4U);
+}
+
 // ---- The rows' other fields and their place
 
 TEST_F(ContourOffset, RowsCarryDepthFeedToolAndAGroupOfTheirOwn) {

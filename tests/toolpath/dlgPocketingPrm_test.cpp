@@ -222,6 +222,17 @@ TEST(PocketingParameters, ChoicesThatWereNeverMadeAreTheFirstOnesAtOnce) {
   EXPECT_EQ(c.store.cfg_cut_width_type, 1);
 }
 
+TEST(PocketingParameters, ASetupWithAChoiceThatThereIsNoneOfOpensAtTheFirst) {
+  RecordedCam c;
+  c.store.cfg_cutting_mode = 7;
+  c.store.cfg_pocketing_style = -1;
+  c.store.cfg_cut_width_type = 4;
+  acceptUnchanged(c);
+  EXPECT_EQ(c.store.cfg_cutting_mode, 1);
+  EXPECT_EQ(c.store.cfg_pocketing_style, 1);
+  EXPECT_EQ(c.store.cfg_cut_width_type, 1);
+}
+
 // ---- Styles
 
 TEST(PocketingParameters, TheSpiralEnablesItsDistanceAndDisablesTheLatheBox) {

@@ -138,6 +138,16 @@ TEST_F(FinishPath, ADirectionAtTheStartBeepsAndPlacesNothing) {
   EXPECT_EQ(store.NumPathSegments, 0);
 }
 
+// A bare point is nearest, and has no nearest point itself.
+TEST_F(FinishPath, ADirectionOnABarePointBeeps) {
+  addLine(0, 0, 2, 0);
+  add({.type = kPoint, .x0 = 0, .y0 = 0.3F, .x1 = 0, .y1 = 0.3F});
+  place(1, {0, 0}, {0, 3}, {1, 1});
+  EXPECT_EQ(cam.finishSegment, 2);
+  EXPECT_EQ(beeps(), 1);
+  EXPECT_EQ(store.NumPathSegments, 0);
+}
+
 TEST_F(FinishPath, TheRepeatKeyRepeatsTheLastPlacingCommand) {
   addLine(0, 0, 2, 0);
   start(1);

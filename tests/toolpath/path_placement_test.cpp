@@ -11,7 +11,9 @@
 #include "tests/geometry/rows.h"
 #include "tests/support/failure_of.h"
 #include "tests/support/recorded_cam.h"
+#include "toolpath/finish_path.h"
 #include "toolpath/path_groups.h"
+#include "toolpath/working_rows.h"
 
 namespace tess {
 namespace {
@@ -22,8 +24,6 @@ using testing::numberOfFailure;
 using testing::pathTexts;
 using testing::RecordedCam;
 using Texts = std::vector<std::string>;
-
-constexpr int kIslandOutline = 12;
 
 Entity line(float x0, float y0, float x1, float y1) {
   return lineEntity({x0, y0}, {x1, y1});
@@ -444,7 +444,91 @@ TEST(PlaceOnePathSegment, RoundsTheDrawingAndAsksForTheStart) {
   EXPECT_EQ(d.store.NumPathSegments, 0);
 }
 
+struct PlaceOne : RecordedCam, ::testing::Test {
+  PlaceOne() {
+    addFinishPathClicks(cam);
+    addLine(0, 0, 2, 0);
+    addLine(2, 0, 2, 2);
+    // Neither leads nor joints belong to a single element.
+    store.cfg_lead_in_path = true;
+    store.cfg_lead_in_angle = 45;
+    store.cfg_lead_in_length = 0.5F;
+  }
+  void closeOptions(int passes) {
+    test.recording.prompts.onForm = [passes](Form& form) {
+      form.control("txtNumPasses")->set("text", std::to_string(passes));
+      form.control("cmdOK")->press();
+    };
+    mnuCAMPlaceFinishPath_Click(cam);
+    Handle_esc(desk);
+  }
+  void placeOne() {
+    mnuCAMPlace1PathSeg_Click(cam);
+    click(0, 0.2F);
+    click(1.5F, 0);
+    click(1, 1);
+  }
+};
+
+TEST_F(PlaceOne, AtStartUpPlacesNothing) {
+  placeOne();
+  EXPECT_EQ(store.NumPathSegments, 0);
+  EXPECT_EQ(pending(), 0);
+  closeOptions(1);
+  placeOne();
+  EXPECT_EQ(pathTexts(store), Texts{"1 (0, 0.25)-(2, 0.25) @100 z -0.5 f 10"});
+  expectTakenBack(*this, {});
+}
+
+TEST_F(PlaceOne, PlacesAsManyRowsAsTheLastFinishPathHadPasses) {
+  store.cfg_min_rough_clearance = 0.125F;
+  store.cfg_tool_spacing_distance = 0.5F;
+  store.cfg_cut_width_type = 2;
+  closeOptions(3);
+  placeOne();
+  EXPECT_EQ(pathTexts(store), (Texts{"1 (0, 0.875)-(2, 0.875) @100 z -0.5 f 10",
+                                     "1 (0, 0.375)-(2, 0.375) @200 z -0.5 f 10",
+                                     "1 (0, 0.25)-(2, 0.25) @300 z -0.5 f 10"}));
+}
+
 // ---- Taking placements back
+
+TEST_F(PlaceOne, BeforeAGroupIsTakenBackByItsOwn) {
+  addPath(store, line(5, 5, 6, 5), 100);
+  addPath(store, line(6, 5, 7, 5), 200);
+  const Texts before = pathTexts(store);
+  cam.pathInsertMode = kInsertBeforeGroup;
+  cam.pathInsertGroup = 2;
+  closeOptions(1);
+  placeOne();
+  EXPECT_EQ(pathTexts(store),
+            (Texts{before[0], "1 (0, 0.25)-(2, 0.25) @300 z -0.5 f 10", before[1]}));
+  mnuCAMUndoLastPlace_Click(cam);
+  EXPECT_EQ(pathTexts(store), before);
+}
+
+TEST_F(PlaceOne, AFinishPathBeforeAGroupIsTakenBackByItsOwn) {
+  addPath(store, line(5, 5, 6, 5), 100);
+  addPath(store, line(6, 5, 7, 5), 200);
+  const Texts before = pathTexts(store);
+  cam.pathInsertMode = kInsertBeforeGroup;
+  cam.pathInsertGroup = 2;
+  store.cfg_lead_in_path = false;
+  store.cfg_connect_pocketing_paths = false;
+  test.recording.prompts.onForm = [](Form& form) { form.control("cmdOK")->press(); };
+  mnuCAMPlaceFinishPath_Click(cam);
+  click(0, 0.2F);
+  click(1.5F, 0);
+  click(1, 1);
+  EXPECT_EQ(pathTexts(store), (Texts{before[0], "1 (0, 0.25)-(1.75, 0.25) @300 z -0.5 f 10",
+                                     "1 (1.75, 0.25)-(1.75, 2) @300 z -0.5 f 10", before[1]}));
+  mnuCAMUndoLastPlace_Click(cam);
+  EXPECT_EQ(pathTexts(store), before);
+  Undo_Last_Change(desk);
+  EXPECT_EQ(store.NumPathSegments, 4);
+  Undo_Last_Change(desk);
+  EXPECT_EQ(pathTexts(store), before);
+}
 
 TEST(UndoLastPlace, TakesTheLastGroupAndThenTheRunAtTheEnd) {
   RecordedCam d;
@@ -456,6 +540,8 @@ TEST(UndoLastPlace, TakesTheLastGroupAndThenTheRunAtTheEnd) {
   EXPECT_EQ(d.store.NumPathSegments, 4);
   EXPECT_EQ(d.store.lastplacedgroup, 0);
   EXPECT_EQ(d.store.showpaths, 1);
+  EXPECT_EQ(d.cam.changelog.UndoMark, -1);
+  EXPECT_TRUE(d.tools.isEnabled("miUndo"));
   EXPECT_FALSE(d.store.drawingsaved);
   EXPECT_EQ(d.test.listener.take(), Texts{"Update_menu_checks"});
   mnuCAMUndoLastPlace_Click(d.cam);  // the run of equal code, not the group

@@ -254,6 +254,32 @@ TEST(RoughCutLevel, AnIslandThatPokesBelowThePocketIsTakenForThePocket) {
   EXPECT_EQ(rows[4], "1 (0, -0.25)-(3, -0.25) @12") << "outside of the pocket";
 }
 
+// The lowest row is level and short, its neighbour long: the average of their ends lies beside the
+// row, not above it, and tells nothing. The working outline is the outline itself, so the tool cuts
+// its radius into the wall.
+TEST(RoughCutLevel, AnObtuseLowestCornerMayLeaveTheOutlineInItsPlace) {
+  RoughCam c;
+  addWorkingPolygon(c.store, {{0, 0}, {1, 0}, {4, 3}, {-8, 3}}, kVerifiedRow);
+  EXPECT_EQ(workingRows(c, 4), (Texts{"1 (0, 0)-(1, 0) @10", "1 (1, 0)-(4, 3) @10",
+                                      "1 (4, 3)-(-8, 3) @10", "1 (-8, 3)-(0, 0) @10"}));
+}
+
+// Opposite walls change places. Where the lines no longer meet, arcs go the long way round two
+// corners, and the cuts in them lie outside the pocket by up to 0.2449, the tool's radius not
+// counted.
+TEST(RoughCutPocket, APocketNarrowerThanTheToolTurnsInsideOut) {
+  RoughCam c;
+  setSpacing(c.store, 0.24F);
+  c.addOutline({0, 0}, {3, 0.4F});
+  EXPECT_EQ(workingRows(c, 4),
+            (Texts{"1 (0, 0.25)-(2.75, 0.25) @10", "1 (2.75, 0.25)-(2.75, 0.4) @10",
+                   "2 (2.75, 0.4)-(3, 0.15) c (3, 0.4) @10", "1 (3, 0.15)-(0.25, 0.15) @10",
+                   "1 (0.25, 0.15)-(0.25, 0) @10", "2 (0.25, 0)-(0, 0.25) c (0, 0) @10"}));
+  EXPECT_EQ(pathEnds(c.store),
+            (Texts{"(-0.2135, -0.13)-(0.2135, -0.13)", "(-0.2245, 0.11)-(0.25, 0.11)",
+                   "(2.75, 0.35)-(3.2449, 0.35)", "(2.8375, 0.59)-(3.1625, 0.59)"}));
+}
+
 TEST(RoughCutPocket, AnIslandIsLeftStandingAndLinksGoRoundIt) {
   RoughCam c;
   c.store.cfg_connect_pocketing_paths = true;
@@ -425,6 +451,30 @@ TEST(RoughCutPocket, OneLevelWithItsLinksIsOneStep) {
   EXPECT_EQ(pathTexts(c.store), before);
   EXPECT_FALSE(c.desk.changelog.canUndo());
   RedoLastChange(c.desk);
+  EXPECT_EQ(pathTexts(c.store), after);
+}
+
+// Links of all levels come last, between rows that were placed before.
+TEST(RoughCutPocket, LevelsWithLinksComeBackStepByStep) {
+  RoughCam c;
+  c.addPathLine(0, 0, 1, 0, 300);
+  c.store.cfg_connect_pocketing_paths = true;
+  c.store.cfg_cutting_mode = 3;
+  c.store.cfg_final_depth = 1.5F;
+  c.addOutline({0, 0}, {3, 3});
+  c.addOutline({1.25F, 1.25F}, {1.75F, 1.75F});
+  const Texts before = pathTexts(c.store);
+  mnuCAMRoughCutPocket_Click(c.cam);
+  const Texts after = pathTexts(c.store);
+  EXPECT_EQ(after.size(), 15U) << "three cuts on each of three levels, and five links";
+  int steps = 0;
+  while (c.desk.changelog.canUndo()) {
+    Undo_Last_Change(c.desk);
+    ++steps;
+  }
+  EXPECT_EQ(steps, 3);
+  EXPECT_EQ(pathTexts(c.store), before);
+  while (c.desk.changelog.canRedo()) RedoLastChange(c.desk);
   EXPECT_EQ(pathTexts(c.store), after);
 }
 

@@ -10,6 +10,7 @@
 #include "core/rounding.h"
 #include "tests/geometry/scenes.h"
 #include "tests/support/outlines.h"
+#include "tests/support/pockets.h"
 #include "tests/support/recorded_cam.h"
 #include "tests/support/silent_surface.h"
 
@@ -536,6 +537,30 @@ TEST(VerifyPocket, APocketAndItsIslandsVerifyOneByOne) {
   }
   EXPECT_TRUE(d.messages().empty());
   EXPECT_EQ(attributesOf(d.store), Attributes(1000, 30108));
+}
+
+TEST(VerifyPocket, EveryGeneratedPocketAndItsIslandsVerify) {
+  int islands = 0;
+  for (int number = 0; number < 300; ++number) {
+    testing::SilentDesk d;
+    CamDesk cam(d.desk);
+    const testing::TestPocket pocket = testing::pocketOf(number);
+    testing::addPocket(d.store, pocket);
+    roundall(d.store);
+    int first = 1;
+    const auto accept = [&](std::size_t rows) {
+      const int last = first + static_cast<int>(rows) - 1;
+      testing::selectRows(d.store, first, last);
+      verify(cam);
+      first = last + 1;
+    };
+    accept(pocket.outline.size());
+    for (const auto& island : pocket.islands) accept(island.size());
+    islands += static_cast<int>(pocket.islands.size());
+    EXPECT_TRUE(d.messages().empty()) << pocket.name;
+    EXPECT_EQ(attributesOf(d.store), Attributes(d.store.NumSegments, 30108)) << pocket.name;
+  }
+  EXPECT_GT(islands, 100);
 }
 
 }  // namespace

@@ -84,5 +84,18 @@ TEST_F(AllowedFoldersTest, PlainArgumentsOpenNothing) {
   }
 }
 
+TEST_F(AllowedFoldersTest, SetupsOfTheProgramsFolderAreReadAndNothingElseOfIt) {
+  folders.allowSetupsOf(root("outside"));
+  fs::create_directories(root("outside/deeper"));
+  root.write("outside/lathe.msu", "");
+  fs::create_symlink(root("inside2/secret"), root("outside/link.msu"));
+  EXPECT_FALSE(folders.refusalToRead(root("outside/lathe.msu")).has_value());
+  EXPECT_FALSE(folders.refusalToRead(root("inside/part.cdm")).has_value());
+  EXPECT_TRUE(folders.refusal(root("outside/lathe.msu")).has_value()) << "it is not written";
+  for (const char* path : {"outside/part.cdm", "outside/deeper/other.msu", "outside/link.msu"}) {
+    EXPECT_TRUE(folders.refusalToRead(root(path)).has_value()) << path;
+  }
+}
+
 }  // namespace
 }  // namespace tess

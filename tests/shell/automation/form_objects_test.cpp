@@ -158,7 +158,7 @@ TEST_F(FormObjects, MistakesAreErrorsThatSayWhatWasMeant) {
       {"return form.optSide[3]", "Subscript out of range"},
       {"form.optSide.value = true", "optSide is a control array: assign to a property of a member"},
       {"form.cmdOK = 1", "dlgProbe is a form: assign to a property of one of its controls"},
-      {"form.txtDepth:open()", "txtDepth does not drop down"},
+      {"form.txtDepth:open()", "txtDepth opens nothing"},
       {"form.cmdOK:change('x')", "cmdOK takes no text"},
       {"form.cmdOK.click(form)", "a control stands in front of the colon"},
       {"form.chkRound.value = {}", "Type mismatch"},
@@ -174,6 +174,13 @@ TEST_F(FormObjects, MistakesAreErrorsThatSayWhatWasMeant) {
     EXPECT_NE(valueOf("failure").find(error), std::string::npos)
         << statement << ": " << valueOf("failure");
   }
+}
+
+TEST_F(FormObjects, AnItemOfAListIsOpened) {
+  form.lstTools.onOpen = [this] { form.note("open " + form.lstTools.text()); };
+  show("none = form.lstTools:open() form.lstTools.index = 1 some = form.lstTools:open()");
+  EXPECT_EQ(valueOf("tostring(none) .. ' ' .. tostring(some)"), "false true");
+  EXPECT_NE(form.events.find("list drill;left;open drill;"), std::string::npos) << form.events;
 }
 
 TEST_F(FormObjects, AnErrorInAHandlerClosesTheFormAndReachesTheScript) {

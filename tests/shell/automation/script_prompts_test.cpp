@@ -1,6 +1,8 @@
 // Message boxes, file dialogs and forms as a script sees them.
 #include "shell/automation/script_prompts.h"
 
+#include <filesystem>
+
 #include "gtest/gtest.h"
 
 #include "core/form.h"
@@ -76,6 +78,74 @@ TEST_F(Prompted, AFileHandlerNamesTheFile) {
                "print(store.drawingname, messages[2].answer == store.drawingpath .. 'named')"),
       "Save As\tDrawing Files (*.cdm)|*.cdm\t" + home("CNC/") + "\nnamed.CDM\ttrue\n");
   EXPECT_TRUE(home.has("CNC/named.CDM"));
+}
+
+TEST_F(Prompted, AFileDialogIsAFormToAScriptThatWantsIt) {
+  EXPECT_EQ(outputOf("on_form('DlgSaveFile', function(form) print(form.cmbFilter.text) "
+                     "form.txtName:change('named') form.cmdOK:click() end) " +
+                     std::string(kAsk) +
+                     "print(store.drawingname, #messages, messages[2].kind, messages[2].title)"),
+            "Drawing Files (*.cdm)\nnamed.CDM\t2\tfile\tSave As\n");
+  EXPECT_TRUE(home.has("CNC/named.CDM"));
+}
+
+TEST_F(Prompted, AFileDialogListsTheFilesAndOpensOne) {
+  EXPECT_EQ(outputOf("add_segment{type=1, x1=3} save('one') call.new_drawing() "
+                     "on_form('dlgGetFile', function(form) print(form.lstFiles.items[1]) "
+                     "form.lstFiles.index = 0 print(form.txtName.text, form.lstFiles:open()) end) "
+                     "tool('miOpen') print(store.NumSegments)"),
+            "one.CDM\none.CDM\ttrue\n1\n");
+}
+
+TEST_F(Prompted, AFileHandlerGoesBeforeTheForm) {
+  EXPECT_EQ(outputOf("on_form('DlgSaveFile', function() print('form') end) "
+                     "on_file(function() return 'named' end) " +
+                     std::string(kAsk) + "print(store.drawingname)"),
+            "named.CDM\n");
+}
+
+TEST_F(Prompted, AFileFormThatIsLeftOpenIsCancelled) {
+  EXPECT_EQ(outputOf("on_form('DlgSaveFile', function(form) form.txtName:change('x') end) " +
+                     std::string(kAsk) + "print(store.drawingname, messages[2].answer)"),
+            "\tnil\n");
+}
+
+TEST_F(Prompted, AFileFormShowsNoFoldersOutsideTheScripts) {
+  const testing::TempFolder elsewhere;
+  elsewhere.write("secret.cdm", "");
+  EXPECT_EQ(outputOf("on_form('dlgGetFile', function(form) "
+                     "for _, name in ipairs{'/', '" +
+                     elsewhere() + "', '" + elsewhere("secret.cdm") +
+                     "'} do form.txtName:change(name) form.cmdOK:click() "
+                     "print(form.lblNotice.caption) end "
+                     "form.lstFolders.index = 0 form.lstFolders:open() "
+                     "print(form.lstFolders.text, form.lblNotice.caption) end) tool('miOpen') "
+                     "print(messages[1].answer)"),
+            "There is no such folder.\nThere is no such folder.\nThere is no such folder.\n"
+            "..\tThere is no such folder.\nnil\n");
+}
+
+TEST_F(Prompted, AFileFormFollowsNoLinkOutOfTheScriptsFolders) {
+  const testing::TempFolder elsewhere;
+  elsewhere.write("secret.cdm", "");
+  std::filesystem::create_symlink(elsewhere("secret.cdm"), home("CNC/link.cdm"));
+  const std::string error = errorOf(
+      "on_form('dlgGetFile', function(form) form.txtName:change('link.cdm') "
+      "form.cmdOK:click() end) tool('miOpen')");
+  EXPECT_NE(error.find("is outside the folders that this script may use"), std::string::npos)
+      << error;
+}
+
+TEST_F(Prompted, ALayoutIsReplacedOnlyAfterAYes) {
+  constexpr char kSave[] =
+      "on_file(function() return 'my.tb3' end) tool('miSaveLayoutAs') print(#messages) "
+      "on_message(function(text) print(text) return answer end) "
+      "for _, word in ipairs{'No', 'Cancel', 'Yes'} do answer = word tool('miSaveLayoutAs') end";
+  job.folders.push_back(home());
+  EXPECT_EQ(outputOf(kSave),
+            "1\nFile already exists! Overwrite?\nFile already exists! Overwrite?\n"
+            "File already exists! Overwrite?\n");
+  EXPECT_TRUE(home.has("my.tb3"));
 }
 
 TEST_F(Prompted, OnlyFunctionsAreHandlers) {

@@ -1,0 +1,102 @@
+// Offsetting a wavy star outline, of lines alone and of lines and arcs, without leads. The
+// yardstick takes the rows in the order in which they stand, displaces each, joins it to the one
+// before by the same crossing and appends it: it neither looks for the next row nor logs.
+#include <vector>
+
+#include "benchmark/benchmark.h"
+
+#include "geometry/intersections.h"
+#include "tests/support/outlines.h"
+#include "tests/support/silent_surface.h"
+#include "toolpath/contour_offset.h"
+#include "toolpath/element_offset.h"
+
+namespace tess {
+namespace {
+
+using testing::OutlineKind;
+
+constexpr float kRadius = 0.01F;  // below the row length, so that no element collapses
+
+// Lines turn inward at every joint; arcs that bulge make them turn outward.
+constexpr int sideOf(OutlineKind kind) {
+  return kind == OutlineKind::Lines ? -1 : 1;
+}
+
+struct StarDesk : testing::SilentDesk {
+  StarDesk(int rows, OutlineKind kind) : side(sideOf(kind)) {
+    store.toolradius[0] = kRadius;
+    testing::addOutline(store,
+                        testing::wavyStar({.rows = rows, .kind = kind, .center = {}, .depth = 0}));
+  }
+  void forgetPaths() {
+    store.NumPathSegments = 0;
+    desk.changelog.changecount = 0;
+    desk.changelog.changetop = 0;
+  }
+
+  CamDesk cam{desk};
+  int side;
+};
+
+void offsetStar(StarDesk& d) {
+  const Entity first = segmentEntity(d.store, 1);
+  OffsetOrder order;
+  order.sg = 1;
+  order.start = first.start;
+  order.direction = first.end;
+  order.click = {d.side < 0 ? 0 : 2 * first.start.x, 0};
+  offsetPathChain(d.cam, order);
+}
+
+Entity displaced(const StarDesk& d, int sg) {
+  return offsetElement(segmentEntity(d.store, sg), d.side, kRadius).value_or(Entity{});
+}
+
+void offsetBarely(StarDesk& d) {
+  DrawingStore& store = d.store;
+  std::vector<Entity> elements;
+  for (int sg = 1; sg <= store.NumSegments; ++sg) {
+    elements.push_back(displaced(d, sg));
+    if (sg == 1) continue;
+    Entity& later = elements.back();
+    Entity& earlier = elements[elements.size() - 2];
+    PointPair hits;
+    if (intersectEntities(earlier, later, store.cfg_tolerance, hits) < 1) continue;
+    earlier.end = later.start = hits.first;
+  }
+  for (const Entity& e : elements) {
+    addPathSegment(store, {e.type, e.start.x, e.start.y, e.end.x, e.end.y, e.center.x, e.center.y});
+  }
+}
+
+template <typename Work>
+void timeStar(benchmark::State& state, Work work) {
+  StarDesk d(static_cast<int>(state.range(0)), static_cast<OutlineKind>(state.range(1)));
+  for (auto _ : state) {
+    d.forgetPaths();
+    work(d);
+  }
+  if (d.store.NumPathSegments < state.range(0)) state.SkipWithError("not all the way round");
+  state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+
+void Offset(benchmark::State& state) {
+  timeStar(state, offsetStar);
+}
+void OffsetBarely(benchmark::State& state) {
+  timeStar(state, offsetBarely);
+}
+
+void everyStar(benchmark::internal::Benchmark* bench) {
+  bench->ArgNames({"rows", "arcs"})->Unit(benchmark::kMicrosecond);
+  for (const int kind : {0, 1}) {
+    for (const int rows : {100, 1000, 10000, 30000}) bench->Args({rows, kind});
+  }
+}
+
+BENCHMARK(Offset)->Apply(everyStar);
+BENCHMARK(OffsetBarely)->Apply(everyStar);
+
+}  // namespace
+}  // namespace tess

@@ -1,0 +1,83 @@
+// Buttons and icons by table.
+#include "shell/qt/message_box.h"
+
+#include <array>
+#include <utility>
+
+#include "core/version.h"
+
+namespace tess {
+
+namespace {
+
+struct ButtonSet {
+  MessageButtons buttons;
+  QMessageBox::StandardButtons shown;
+  QMessageBox::StandardButton first;
+  QMessageBox::StandardButton escape;  // of the Esc key and the closing button
+};
+
+constexpr std::array kButtonSets{
+    ButtonSet{MessageButtons::Ok, QMessageBox::Ok, QMessageBox::Ok, QMessageBox::Ok},
+    ButtonSet{MessageButtons::OkCancel, QMessageBox::Ok | QMessageBox::Cancel, QMessageBox::Ok,
+              QMessageBox::Cancel},
+    ButtonSet{MessageButtons::YesNo, QMessageBox::Yes | QMessageBox::No, QMessageBox::Yes,
+              QMessageBox::NoButton},
+    ButtonSet{MessageButtons::YesNoCancel, QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel,
+              QMessageBox::Yes, QMessageBox::Cancel},
+};
+
+const ButtonSet& buttonSet(MessageButtons buttons) {
+  for (const ButtonSet& set : kButtonSets) {
+    if (set.buttons == buttons) return set;
+  }
+  return kButtonSets.front();
+}
+
+QMessageBox::Icon boxIcon(MessageIcon icon) {
+  constexpr std::array<std::pair<MessageIcon, QMessageBox::Icon>, 4> kIcons{
+      {{MessageIcon::Information, QMessageBox::Information},
+       {MessageIcon::Warning, QMessageBox::Warning},
+       {MessageIcon::Error, QMessageBox::Critical},
+       {MessageIcon::Question, QMessageBox::Question}}};
+  for (const auto& [known, shown] : kIcons) {
+    if (known == icon) return shown;
+  }
+  return QMessageBox::NoIcon;
+}
+
+constexpr std::array<std::pair<QMessageBox::StandardButton, Answer>, 4> kAnswers{
+    {{QMessageBox::Ok, Answer::Ok},
+     {QMessageBox::Yes, Answer::Yes},
+     {QMessageBox::No, Answer::No},
+     {QMessageBox::Cancel, Answer::Cancel}}};
+
+}  // namespace
+
+void fillMessageBox(QMessageBox& box, const Message& message) {
+  const ButtonSet& set = buttonSet(message.buttons);
+  const std::string title = message.title.empty() ? std::string(kProductName) : message.title;
+  box.setIcon(boxIcon(message.icon));
+  box.setWindowTitle(QString::fromStdString(title));
+  box.setTextFormat(Qt::PlainText);
+  box.setText(QString::fromStdString(message.text));
+  box.setStandardButtons(set.shown);
+  box.setDefaultButton(set.first);
+  if (set.escape != QMessageBox::NoButton) box.setEscapeButton(set.escape);
+}
+
+Answer answerOf(int button) {
+  for (const auto& [known, answer] : kAnswers) {
+    if (known == button) return answer;
+  }
+  return Answer::Ok;
+}
+
+QMessageBox::StandardButton buttonOf(Answer answer) {
+  for (const auto& [button, known] : kAnswers) {
+    if (known == answer) return button;
+  }
+  return QMessageBox::Ok;
+}
+
+}  // namespace tess

@@ -1,0 +1,176 @@
+// How the program looks, in both themes: pictures for the eye of the window with its menus, docks
+// and dialogs, and that no text is cut off and every icon can be seen.
+#include <QDialog>
+#include <QDockWidget>
+#include <QElapsedTimer>
+#include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QStatusBar>
+#include <QTimer>
+#include <algorithm>
+#include <gtest/gtest.h>
+#include <optional>
+#include <string>
+
+#include "shell/program_folder.h"
+#include "shell/qt/desktop_program.h"
+#include "shell/qt/icons.h"
+#include "shell/qt/theme.h"
+#include "tests/qt/desktop_test_support.h"
+#include "tests/support/temp_folder.h"
+
+namespace tess {
+namespace {
+
+class Looks : public ::testing::TestWithParam<bool> {
+ protected:
+  Looks() {
+    applyTheme(testing::toolkit(), isDarkTheme());
+    const auto environment = [this](const char* name) -> std::optional<std::string> {
+      if (std::string_view(name) == "XDG_DATA_HOME") return folder();
+      return {};
+    };
+    program = std::make_unique<DesktopProgram>(
+        programFolder({.home = {}, .executableFolder = {}, .environment = environment}));
+    program->open(TESSIMO_SOURCE_DIR "/examples/bracket.cdm");
+    window().setWindowState(Qt::WindowNoState);
+    window().resize(1280, 800);
+    waitFor([&] { return window().findChild<QWidget*>("frmSplash") == nullptr && isDrawn(); });
+  }
+  ~Looks() override { applyTheme(testing::toolkit(), /*dark=*/false); }
+
+  static bool isDarkTheme() { return GetParam(); }
+  MainWindow& window() { return program->window(); }
+  bool isDrawn() {
+    return program->application().interaction.redraw.TaskQueueState() == 0 &&
+           program->surface().drawing().Enabled();
+  }
+
+  template <typename Condition>
+  static void waitFor(Condition condition) {
+    QElapsedTimer time;
+    time.start();
+    while (!condition() && time.elapsed() < 20000) {
+      QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents, 20);
+    }
+    ASSERT_TRUE(condition());
+  }
+
+  static void keep(QWidget& widget, const std::string& name) {
+    testing::keepScreenshot(widget, name + (isDarkTheme() ? "_dark" : "_light"));
+  }
+
+  // The tool's dialog, looked at while it is open.
+  void lookAtDialog(const std::string& tool, const std::string& name) {
+    bool looked = false;
+    QTimer::singleShot(0, [&] {
+      QWidget* dialog = QApplication::activeModalWidget();
+      ASSERT_NE(dialog, nullptr) << tool;
+      keep(*dialog, name);
+      expectTextsFit(*dialog);
+      looked = true;
+      dialog->close();
+    });
+    window().toolBars().action(tool)->trigger();
+    EXPECT_TRUE(looked) << tool;
+  }
+
+  static void expectTextsFit(QWidget& root) {
+    for (const auto* label : root.findChildren<QLabel*>()) {
+      if (!label->isVisible() || label->wordWrap() || label->text().isEmpty()) continue;
+      const int needed = label->fontMetrics().size(Qt::TextShowMnemonic, label->text()).width();
+      EXPECT_GE(label->contentsRect().width(), needed) << label->text().toStdString();
+    }
+    for (const auto* button : root.findChildren<QPushButton*>()) {
+      if (!button->isVisible()) continue;
+      const int needed = button->fontMetrics().size(Qt::TextShowMnemonic, button->text()).width();
+      EXPECT_GT(button->width(), needed) << button->text().toStdString();
+    }
+  }
+
+  testing::TempFolder folder;
+  std::unique_ptr<DesktopProgram> program;
+};
+
+// The picture as a whole is as light or dark as its theme.
+int meanGrey(const QImage& picture) {
+  const QImage one = picture.scaled(1, 1, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+  return qGray(one.pixel(0, 0));
+}
+
+TEST_P(Looks, TheWindow) {
+  keep(window(), "window");
+  expectTextsFit(*window().statusBar());
+  const int grey = meanGrey(window().menuBar()->grab().toImage());
+  EXPECT_EQ(grey < 128, isDarkTheme()) << grey;
+}
+
+TEST_P(Looks, EveryMenu) {
+  for (const auto* entry : window().menuBar()->actions()) {
+    QMenu& menu = *entry->menu();
+    menu.popup(window().mapToGlobal(QPoint(20, 40)));
+    waitFor([&] { return menu.isVisible(); });
+    keep(menu, "menu_" + menu.objectName().toStdString());
+    for (const QAction* tool : menu.actions()) {
+      const QRect place = menu.actionGeometry(const_cast<QAction*>(tool));
+      EXPECT_TRUE(!tool->isVisible() || menu.rect().contains(place)) << tool->text().toStdString();
+    }
+    EXPECT_EQ(meanGrey(menu.grab().toImage()) < 128, isDarkTheme());
+    menu.close();
+  }
+}
+
+TEST_P(Looks, DockedAtEverySide) {
+  program->application().interaction.tools.openBand("barStatistics");
+  QDockWidget& dock = *window().panels().dock("barStatistics");
+  const std::pair<Qt::DockWidgetArea, const char*> sides[] = {{Qt::LeftDockWidgetArea, "left"},
+                                                              {Qt::BottomDockWidgetArea, "bottom"},
+                                                              {Qt::RightDockWidgetArea, "right"}};
+  for (const auto& [side, name] : sides) {
+    window().addDockWidget(side, &dock);
+    waitFor([&] { return window().dockWidgetArea(&dock) == side && isDrawn(); });
+    keep(window(), std::string("docked_") + name);
+    expectTextsFit(dock);
+    EXPECT_TRUE(window().rect().contains(dock.geometry()));
+  }
+}
+
+TEST_P(Looks, ToolBarsAtTheBottomWithNames) {
+  window().setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
+  window().addToolBar(Qt::BottomToolBarArea, window().toolBars().toolBar("barDraw"));
+  waitFor([&] { return window().toolBars().toolBar("barDraw")->y() > 400 && isDrawn(); });
+  keep(window(), "bars_with_names");
+}
+
+TEST_P(Looks, Dialogs) {
+  lookAtDialog("miGrid/SnapSelections", "dialog_grids");
+  lookAtDialog("miEnterPosition", "dialog_position");
+  lookAtDialog("miAboutTessimoMill", "dialog_about");
+  lookAtDialog("miCustomize", "dialog_customize");
+}
+
+TEST_P(Looks, EveryIconCanBeSeenInEverySize) {
+  const int ground = qGray(testing::toolkit().palette().color(QPalette::Window).rgb());
+  for (const std::string& tool : program->application().interaction.tools.toolNames()) {
+    if (tool.starts_with("miRecentFile")) continue;
+    for (const int size : {16, 22, 32}) {
+      const QImage icon = toolIcon(tool).pixmap(QSize(size, size)).toImage();
+      int seen = 0;
+      for (int y = 0; y < icon.height(); ++y) {
+        for (int x = 0; x < icon.width(); ++x) {
+          const QRgb pixel = icon.pixel(x, y);
+          if (qAlpha(pixel) > 128 && std::abs(qGray(pixel) - ground) > 60) ++seen;
+        }
+      }
+      EXPECT_GT(seen, icon.width() / 2) << tool << " at " << size;
+    }
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Themes, Looks, ::testing::Bool(),
+                         [](const auto& dark) { return dark.param ? "Dark" : "Light"; });
+
+}  // namespace
+}  // namespace tess

@@ -1,0 +1,119 @@
+// `call`: the routines of the tool paths by their names, and what `state` tells of them.
+#include "gtest/gtest.h"
+
+#include "tests/support/script_run.h"
+
+namespace tess {
+namespace {
+
+using testing::ScriptRun;
+
+// A square of 2 by 2, counter-clockwise from the origin.
+constexpr char kSquare[] = R"(
+local function line(x0, y0, x1, y1, attr)
+  add_segment{type=1, x0=x0, y0=y0, x1=x1, y1=y1, attr=attr}
+end
+function square(attr)
+  line(0, 0, 2, 0, attr) line(2, 0, 2, 2, attr) line(2, 2, 0, 2, attr) line(0, 2, 0, 0, attr)
+end
+function rows()
+  for p in paths() do print(p.type, p.code, p.x0, p.y0, p.x1, p.y1, p.z) end
+end
+store.cfg_tolerance = 0.001 store.selectedtool = 0 store.toolradius[0] = 0.5
+)";
+
+class ToolpathRoutines : public ::testing::Test, protected ScriptRun {
+ protected:
+  std::string outputAfterSquare(const std::string& script) { return outputOf(kSquare + script); }
+};
+
+TEST_F(ToolpathRoutines, VerificationGivesTheMeasureAndTheBounds) {
+  EXPECT_EQ(outputAfterSquare("square(30008) print(call.verifypocket()) print(store.segattr[1])"),
+            "2.0\t2.0\n30108\n");
+  EXPECT_EQ(outputAfterSquare("add_segment{type=2, x0=1, x1=1} print(call.arcBounds(1))"),
+            "-1.0\t1.0\t-1.0\t1.0\n");
+  EXPECT_EQ(outputAfterSquare("square(30008) tool('miVerify/AcceptPocket') "
+                              "print(state.PocketXDim, state.PocketYDim)"),
+            "2.0\t2.0\n");
+}
+
+TEST_F(ToolpathRoutines, ChainsGiveTheNextRowAndItsOtherEnd) {
+  EXPECT_EQ(outputAfterSquare("square(8) print(call.nextChainSeg(1, 2, 0)) "
+                              "print(call.nextChainSeg(1, 5, 5)) "
+                              "print(call.nextChainSegWithAttr(2, 2, 0, 8))"),
+            "2\t2.0\t2.0\n0\t0.0\t0.0\n1\t0.0\t0.0\n");
+  EXPECT_EQ(outputAfterSquare("square(30108) print(call.pocketSideOf(0, 0, 2, 0), "
+                              "call.pocketSideOf(2, 0, 0, 0))"),
+            "-1\t1\n");
+  EXPECT_EQ(valueOf("call.arcSweep(0, 1, 3), call.arcSweep(1, 0, 2)"), "1.0\t-1.0");
+}
+
+TEST_F(ToolpathRoutines, OffsetsRunWhereTheOriginalsWere) {
+  EXPECT_EQ(outputAfterSquare("square(30108) "
+                              "call.offsetPathChain(1, 0, 0, 2, 0, -1, 5, true, true, false, 0) "
+                              "print(store.NumPathSegments, store.psx0[1], store.psy0[1], "
+                              "store.psz[1], store.psfeed[1])"),
+            "4\t0.5\t0.5\t-1.0\t5.0\n");
+  EXPECT_EQ(outputAfterSquare("square(30108) move(0, 1, 1) "
+                              "print(call.offsetSegChain(1, 0, 0, 2, 0, 10, 0.5)) "
+                              "print(store.NumSegments, store.segattr[1], store.segattr[5]) "
+                              "call.restoreParkedRows() print(store.segattr[1])"),
+            "1\t0.0\t0.0\t2.0\t0.0\n8\t29108\t10\n30108\n");
+}
+
+TEST_F(ToolpathRoutines, RoughingRoutinesTellWhetherSomethingWasCut) {
+  EXPECT_EQ(
+      outputAfterSquare("setting['tool spacing'] = 50 setting['cut width type'] = 1 "
+                        "setting['pocketing style'] = 1 "
+                        "setting['minimum roughing clearance'] = 0 square(30108) "
+                        "print(call.roughCutLevel(-1, 5, 0.25)) print(store.NumPathSegments)"),
+      "0\t-1.0\t5.0\n3\n");
+  for (const char* const style :
+       {"scanPocketHorizontal(-1, 5)", "scanPocketVertical(-1, 5)", "scanPocketLathe(5)"}) {
+    EXPECT_TRUE(valueOf(std::string("call.") + style).starts_with("-1\t")) << style;
+  }
+  EXPECT_EQ(outputOf("call.parallelSpiralPocket(0) print(messages[1].text)"),
+            "No Pocketing Segments have been selected.\n");
+}
+
+TEST_F(ToolpathRoutines, PlacementWorksOnTheTableOfPaths) {
+  const std::string twoGroups =
+      "add_path{type=1, x1=1, z=-1, code=100} add_path{type=1, x0=2, x1=3, z=-1, code=200} ";
+  EXPECT_EQ(outputOf(twoGroups + "print(call.pathInsertIndex(1, 2), call.pathInsertIndex(2, 1), "
+                                 "call.pathInsertIndex(3, 1), call.firstOfPathGroup(2), "
+                                 "call.lastOfPathGroup(1))"),
+            "2\t2\t3\t2\t1\n");
+  EXPECT_EQ(outputAfterSquare(twoGroups + "call.insertPathSegment(1, 1, 7, 0, 8, 0, 0, 0, -2, 4, 3)"
+                                          " rows()"),
+            "1\t3\t7.0\t0.0\t8.0\t0.0\t-2.0\n1\t100\t0.0\t0.0\t1.0\t0.0\t-1.0\n"
+            "1\t200\t2.0\t0.0\t3.0\t0.0\t-1.0\n");
+  EXPECT_EQ(outputAfterSquare(twoGroups + "call.connectPathSegs(1, 2) call.replicatePathAtZ(-2, 9) "
+                                          "print(store.NumPathSegments, store.psz[4]) "
+                                          "call.deletePathGroup(2) rows()"),
+            "4\t-2.0\n1\t100\t0.0\t0.0\t1.0\t0.0\t-1.0\n1\t0\t1.0\t0.0\t2.0\t0.0\t-1.0\n");
+}
+
+TEST_F(ToolpathRoutines, GougeAvoidanceTakesTheKindByItsWord) {
+  const std::string fold =
+      "add_path{type=1, x1=4, code=100} "
+      "add_path{type=1, x0=4, x1=4, y1=1, code=100} "
+      "add_path{type=1, x0=4, y0=1, x1=2, y1=-1, code=100} ";
+  EXPECT_EQ(outputAfterSquare(fold + "call.removeSelfIntersections(1, 'Path') rows()"),
+            "1\t100\t0.0\t0.0\t3.0\t0.0\t0.0\n1\t100\t3.0\t0.0\t2.0\t-1.0\t0.0\n");
+  EXPECT_EQ(outputAfterSquare(fold + "call.removeSelfIntersections(1, 'the SEGS') "
+                                     "print(store.NumPathSegments)"),
+            "3\n");
+}
+
+TEST_F(ToolpathRoutines, RowsAreFoundByTheirFields) {
+  EXPECT_EQ(outputAfterSquare("square(8) print(call.findSegment(1, 2, 0, 2, 2, 0, 0), "
+                              "call.findSegment(1, 2, 0, 2, 3, 0, 0))"),
+            "2\t-1\n");
+}
+
+TEST_F(ToolpathRoutines, StateTellsOfPlacement) {
+  EXPECT_EQ(valueOf("state.pathInsertMode, state.numFinishPasses, state.PocketXDim"), "0\t0\t0.0");
+}
+
+}  // namespace
+}  // namespace tess

@@ -1,0 +1,329 @@
+// The parallel spiral: rings, their clean-up, and the levels below them.
+#include "toolpath/parallel_spiral.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "core/number_text.h"
+#include "core/rounding.h"
+#include "display/pointer.h"
+#include "drafting/pending_actions.h"
+#include "drafting/row_edits.h"
+#include "geometry/nearest_scans.h"
+#include "geometry/row_boxes.h"
+#include "toolpath/gouge_avoidance.h"
+#include "toolpath/path_groups.h"
+#include "toolpath/path_placement.h"
+#include "toolpath/path_step.h"
+#include "toolpath/pocket_side.h"
+#include "toolpath/row_barrier.h"
+
+namespace tess {
+namespace {
+
+constexpr int kConventionalMilling = 1;
+constexpr int kClimbMilling = 2;
+constexpr int kWidthByDistance = 2;  // cut width type; otherwise by percentage
+
+constexpr double kShortestLine = 0.67;  // in tolerances
+constexpr float kSmallestArc = 0.01F;   // radius of an arc between two ends that are one point
+
+// ---- Clean-up
+
+using RowMarks = std::vector<bool>;  // by row number
+
+RowMarks noneMarked(const DrawingStore& store) {
+  return RowMarks(static_cast<std::size_t>(store.NumPathSegments) + 1);
+}
+
+int markedUpTo(const RowMarks& marks, int row) {
+  return static_cast<int>(std::count(marks.begin(), marks.begin() + row + 1, true));
+}
+
+void dropMarked(DrawingStore& store, const RowMarks& marks, FollowedRows followed) {
+  for (PlacedRows& rows : followed) {
+    rows.first -= markedUpTo(marks, rows.first - 1);
+    rows.last -= markedUpTo(marks, rows.last);
+  }
+  deletePathSegments(store, marks);
+}
+
+// An arc between two ends that are one point and with a real radius is a full circle.
+bool isTooShort(const Entity& row, float tolerence) {
+  const float length = distance(row.start, row.end);
+  if (row.type == kLine) return length <= kShortestLine * tolerence;
+  return isArc(row.type) && length <= tolerence && radiusOf(row) < kSmallestArc;
+}
+
+bool isThereAndBack(const Entity& there, const Entity& back, float tolerence) {
+  return samePoint(there.end, back.start, tolerence) && samePoint(there.start, back.end, tolerence);
+}
+
+bool isVerifiedWall(int segattr) {
+  return isVerified(segattr);
+}
+
+bool meetsAny(const std::vector<Entity>& rows, RowBarrier& walls) {
+  walls.makeReadyFor(rows);
+  return std::any_of(rows.begin(), rows.end(), [&](const Entity& row) { return walls.meets(row); });
+}
+
+// ---- The rings
+
+// The tool's entry of the tool chest says the distance of a ring while the rings are made.
+class BorrowedRadius {
+ public:
+  explicit BorrowedRadius(DrawingStore& store)
+      : store_(store), tool_(store.selectedtool), radius_(store.toolradius[tool_]) {}
+  ~BorrowedRadius() { store_.toolradius[tool_] = radius_; }
+  BorrowedRadius(const BorrowedRadius&) = delete;
+  BorrowedRadius& operator=(const BorrowedRadius&) = delete;
+
+  float own() const { return radius_; }
+  void set(float inset) { store_.toolradius[tool_] = inset; }
+
+ private:
+  DrawingStore& store_;
+  int tool_;
+  float radius_;
+};
+
+// Where the first ring lies, and how near to the wall roughing comes.
+struct RingRange {
+  float first = 0;
+  float nearest = 0;
+};
+
+RingRange ringRange(const CamDesk& cam) {
+  const DrawingStore& store = cam.store;
+  const double halfWidth = std::min(cam.PocketXDim, cam.PocketYDim) / 2.0;
+  return {narrow(halfWidth - store.cfg_pocket_dist_from_center),
+          store.cfg_min_rough_clearance + store.toolradius[store.selectedtool]};
+}
+
+class Spiral {
+ public:
+  Spiral(CamDesk& cam, PathStep& step, int sg)
+      : cam_(cam), store_(cam.store), step_(step), sg_(sg), walls_(cam.store, isVerifiedWall) {
+    const int first = pathInsertIndex(store_, cam.pathInsertMode, cam.pathInsertGroup);
+    all() = {first, first - 1};
+    inside_ = pocketSideOf(store_, startOfRow(), endOfRow());
+  }
+
+  const PlacedRows& rows() const { return followed_[1]; }
+
+  void cutRings(const RingRange& range) {
+    BorrowedRadius tool(store_);
+    float inset = range.first;
+    bool done = false;
+    while (inset >= tool.own() && !done) {
+      tool.set(inset);
+      cutRing();
+      done = inset <= tool.own();
+      if (range.nearest < inset) {
+        const float next = std::max(nextInset(inset, tool.own()), range.nearest);
+        if (!(next < inset)) return;  // with a step of nothing there is one ring
+        inset = next;
+      } else if (store_.cfg_auto_place_finish_path) {
+        // The finish path on the wall, which stays the setting for what comes after.
+        store_.cfg_cutting_mode = kClimbMilling;
+        inset = tool.own();
+      } else {
+        done = true;
+      }
+    }
+  }
+
+ private:
+  PlacedRows& ring() { return followed_[0]; }
+  PlacedRows& all() { return followed_[1]; }
+  Point startOfRow() const { return {store_.x0[sg_], store_.y0[sg_]}; }
+  Point endOfRow() const { return {store_.x1[sg_], store_.y1[sg_]}; }
+
+  float nextInset(float inset, float radius) const {
+    const bool byDistance =
+        store_.cfg_tool_spacing_distance > 0 && store_.cfg_cut_width_type == kWidthByDistance;
+    const double step = byDistance ? double{store_.cfg_tool_spacing_distance}
+                                   : 2.0 * radius * store_.cfg_tool_spacing / 100;
+    return narrow(inset - step);
+  }
+
+  void cutRing() {
+    placeRing();
+    dropShortPathSegs(store_, followed_);
+    dropBackTrackSegs(store_, followed_);
+    if (store_.cfg_gouge_avoidance) cutFolds();
+    if (meetsAny(pathEntities(store_, ring().first, ring().last), walls_)) dropRing();
+  }
+
+  // Rings are rows of their own among all rows of the spiral.
+  void placeRing() {
+    const int first = pathInsertIndex(store_, cam_.pathInsertMode, cam_.pathInsertGroup);
+    const int rowsBefore = store_.NumPathSegments;
+    offsetPathChain(cam_, ringOrder());
+    step_.forgetRecords();
+    const int placed = store_.NumPathSegments - rowsBefore;
+    ring() = {first, first + placed - 1};
+    all().last += placed;
+  }
+
+  OffsetOrder ringOrder() const {
+    OffsetOrder order;
+    order.sg = sg_;
+    order.start = startOfRow();
+    order.direction = endOfRow();
+    if (runsWrongWay()) std::swap(order.start, order.direction);
+    order.click = {cam_.desk.pointer.MouseX, cam_.desk.pointer.MouseY};
+    order.z = cam_.currentZ;
+    order.feed = store_.cfg_finish_feedrate;
+    order.pocketMode = true;
+    return order;
+  }
+
+  bool runsWrongWay() const {
+    return (inside_ == 1 && store_.cfg_cutting_mode == kClimbMilling) ||
+           (inside_ == -1 && store_.cfg_cutting_mode == kConventionalMilling);
+  }
+
+  void cutFolds() {
+    if (ring().empty()) return;
+    const int rowsBefore = store_.NumPathSegments;
+    removeSelfIntersections(cam_, ring().first, ChainKind::Path);
+    const int removed = rowsBefore - store_.NumPathSegments;
+    ring().last -= removed;
+    all().last -= removed;
+  }
+
+  void dropRing() {
+    all().last -= ring().last - ring().first + 1;
+    deletePathSegments(store_, ring().first, ring().last);
+  }
+
+  CamDesk& cam_;
+  DrawingStore& store_;
+  PathStep& step_;
+  int sg_;
+  int inside_ = 0;
+  RowBarrier walls_;
+  std::array<PlacedRows, 2> followed_;
+};
+
+// ---- The command
+
+int startingRow(const DrawingStore& store, int sg) {
+  if (sg >= 1 && sg <= store.NumSegments) return sg;
+  for (int row = 1; row <= store.NumSegments; ++row) {
+    if (store.segattr[row] == kVerifiedRow) return row;
+  }
+  return 0;
+}
+
+// A start depth of exactly the floor means one level here, other than with the scan-line styles.
+float firstSpiralLevel(const CamDesk& cam) {
+  const DrawingStore& store = cam.store;
+  const bool oneLevel = -std::abs(store.cfg_start_depth) <= cam.roughFloor;
+  return oneLevel ? -std::abs(store.cfg_final_depth) : firstLevel(store, cam.roughFloor);
+}
+
+void reportNoPocket(CamDesk& cam) {
+  cam.desk.session.host.prompts.showMessage({.text = "No Pocketing Segments have been selected.",
+                                             .title = "Rough Cut Pocket",
+                                             .icon = MessageIcon::Warning});
+}
+
+Message tooBigQuestion(const CamDesk& cam) {
+  constexpr int kDecimals = 5;
+  const DrawingStore& store = cam.store;
+  return {.text =
+              "The tool diameter or distance from center may be too big for the pocket selected."
+              "\n\n        Tool Diameter  =  " +
+              plainText(2 * store.toolradius[store.selectedtool]) +
+              "\n         Pocket X-Dim  =  " + plainText(roundTo(cam.PocketXDim, kDecimals)) +
+              "\n         Pocket Y-Dim  =  " + plainText(roundTo(cam.PocketYDim, kDecimals)) +
+              "\n    Dist from Center  =  " + plainText(store.cfg_pocket_dist_from_center) +
+              "\n\nDo you want to continue anyway ?",
+          .title = "Tool Diameter",
+          .icon = MessageIcon::Warning,
+          .buttons = MessageButtons::YesNo};
+}
+
+// False when the pocket has no room for a ring and the operator goes no further.
+bool agreesToRange(CamDesk& cam, RingRange& range) {
+  if (range.nearest <= range.first) return true;
+  if (cam.desk.session.host.prompts.showMessage(tooBigQuestion(cam)) != Answer::Yes) return false;
+  range.first = range.nearest;
+  return true;
+}
+
+void cutSpiral(CamDesk& cam, int sg, const RingRange& range) {
+  const BusyPointer busy(cam.desk.systemPointer);
+  PathStep step(cam);
+  Spiral spiral(cam, step, sg);
+  spiral.cutRings(range);
+  const PlacedRows rings = spiral.rows();
+  const int others = cam.store.NumPathSegments - (rings.last - rings.first + 1);
+  cam.currentZ = replicateLevels(cam, cam.currentZ, cam.roughFloor, others);
+  if (cam.store.cfg_connect_pocketing_paths) connectPlacedRows(cam, rings, others);
+  step.keep();
+}
+
+// At the click: the verified row nearest to it.
+void clickStartRoughing(CamDesk& cam) {
+  const PointerRecord& pointer = cam.desk.pointer;
+  parallelSpiralPocket(cam, nearestSelectedSeg(cam.store, {pointer.MouseX, pointer.MouseY}));
+}
+
+}  // namespace
+
+void dropShortPathSegs(DrawingStore& store, FollowedRows followed) {
+  RowMarks isShort = noneMarked(store);
+  for (int ps = 1; ps <= store.NumPathSegments; ++ps) {
+    isShort[static_cast<std::size_t>(ps)] = isTooShort(pathEntity(store, ps), store.cfg_tolerance);
+  }
+  dropMarked(store, isShort, followed);
+}
+
+// A full circle of two arcs is such a pair too, and loses its first half.
+void dropBackTrackSegs(DrawingStore& store, FollowedRows followed) {
+  RowMarks goesBack = noneMarked(store);
+  const auto group = [&](int ps) { return ps < 1 ? 0 : groupRounded(store.pscode[ps]); };
+  for (int ps = 1; ps < store.NumPathSegments; ++ps) {
+    if (group(ps - 1) == group(ps) || group(ps) != group(ps + 1)) continue;
+    goesBack[static_cast<std::size_t>(ps)] =
+        isThereAndBack(pathEntity(store, ps), pathEntity(store, ps + 1), store.cfg_tolerance);
+  }
+  dropMarked(store, goesBack, followed);
+}
+
+void dropCrossingPass(DrawingStore& store, int first) {
+  RowBarrier walls(store, isVerifiedWall);
+  const int last = store.NumPathSegments;
+  if (meetsAny(pathEntities(store, first, last), walls)) deletePathSegments(store, first, last);
+}
+
+void parallelSpiralPocket(CamDesk& cam, int sg) {
+  const Procedure here("frmMain.parallelSpiralPocket(sg)");
+  cam.currentZ = firstSpiralLevel(cam);
+  cam.store.currentpathgroup = nextPathGroup(cam.store);
+  const int start = startingRow(cam.store, sg);
+  if (start < 1) {
+    reportNoPocket(cam);
+    return;
+  }
+  RingRange range = ringRange(cam);
+  if (!agreesToRange(cam, range)) return;
+  cutSpiral(cam, start, range);
+  showPlacedPaths(cam);
+}
+
+void addSpiralClicks(CamDesk& cam) {
+  cam.desk.clickActions[static_cast<std::size_t>(PendingAction::StartRoughing)] = [&cam](Desk&) {
+    clickStartRoughing(cam);
+  };
+}
+
+}  // namespace tess
