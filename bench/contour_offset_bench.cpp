@@ -1,15 +1,18 @@
 // Offsetting a wavy star outline, of lines alone and of lines and arcs, without leads. The
 // yardstick takes the rows in the order in which they stand, displaces each, joins it to the one
-// before by the same crossing and appends it: it neither looks for the next row nor logs.
+// before by the same crossing and appends it: it neither looks for the next row nor logs. With the
+// folds cut off, on an outline with waves, the polygon offsetter is the other one.
 #include <vector>
 
 #include "benchmark/benchmark.h"
 
+#include "bench/polygon_offsetter.h"
 #include "geometry/intersections.h"
 #include "tests/support/outlines.h"
 #include "tests/support/silent_surface.h"
 #include "toolpath/contour_offset.h"
 #include "toolpath/element_offset.h"
+#include "toolpath/gouge_avoidance.h"
 
 namespace tess {
 namespace {
@@ -24,10 +27,9 @@ constexpr int sideOf(OutlineKind kind) {
 }
 
 struct StarDesk : testing::SilentDesk {
-  StarDesk(int rows, OutlineKind kind) : side(sideOf(kind)) {
+  StarDesk(const std::vector<Entity>& outline, int sideOfPath) : side(sideOfPath) {
     store.toolradius[0] = kRadius;
-    testing::addOutline(store,
-                        testing::wavyStar({.rows = rows, .kind = kind, .center = {}, .depth = 0}));
+    testing::addOutline(store, outline);
   }
   void forgetPaths() {
     store.NumPathSegments = 0;
@@ -72,7 +74,10 @@ void offsetBarely(StarDesk& d) {
 
 template <typename Work>
 void timeStar(benchmark::State& state, Work work) {
-  StarDesk d(static_cast<int>(state.range(0)), static_cast<OutlineKind>(state.range(1)));
+  const auto kind = static_cast<OutlineKind>(state.range(1));
+  const int rows = static_cast<int>(state.range(0));
+  StarDesk d(testing::wavyStar({.rows = rows, .kind = kind, .center = {}, .depth = 0}),
+             sideOf(kind));
   for (auto _ : state) {
     d.forgetPaths();
     work(d);
@@ -88,6 +93,25 @@ void OffsetBarely(benchmark::State& state) {
   timeStar(state, offsetBarely);
 }
 
+std::vector<Entity> wavyOutline(const benchmark::State& state) {
+  return testing::wavyStar({.rows = static_cast<int>(state.range(0)), .center = {}});
+}
+
+void OffsetWithoutFolds(benchmark::State& state) {
+  StarDesk d(wavyOutline(state), sideOf(OutlineKind::Lines));
+  for (auto _ : state) {
+    d.forgetPaths();
+    offsetStar(d);
+    removeSelfIntersections(d.cam, 1, ChainKind::Path);
+  }
+  if (d.store.NumPathSegments < state.range(0)) state.SkipWithError("not all the way round");
+}
+
+void OffsetByPolygonOffsetter(benchmark::State& state) {
+  const bench::OffsetterPath outline = bench::offsetterPath(wavyOutline(state));
+  for (auto _ : state) benchmark::DoNotOptimize(bench::insetCorners(outline, double{kRadius}));
+}
+
 void everyStar(benchmark::internal::Benchmark* bench) {
   bench->ArgNames({"rows", "arcs"})->Unit(benchmark::kMicrosecond);
   for (const int kind : {0, 1}) {
@@ -97,6 +121,8 @@ void everyStar(benchmark::internal::Benchmark* bench) {
 
 BENCHMARK(Offset)->Apply(everyStar);
 BENCHMARK(OffsetBarely)->Apply(everyStar);
+BENCHMARK(OffsetWithoutFolds)->Arg(1000)->Arg(10000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(OffsetByPolygonOffsetter)->Arg(1000)->Arg(10000)->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 }  // namespace tess

@@ -2,11 +2,9 @@
 // and log, beside the same insets by the polygon offsetter of the distribution, which takes the
 // finished polygon and gives back polygons. A path table holds 32767 rows, so the outlines are
 // short.
-#include <cmath>
-
 #include "benchmark/benchmark.h"
 
-#include "polyclipping/clipper.hpp"
+#include "bench/polygon_offsetter.h"
 #include "tests/support/outlines.h"
 #include "tests/support/silent_surface.h"
 #include "toolpath/parallel_spiral.h"
@@ -15,7 +13,6 @@ namespace tess {
 namespace {
 
 constexpr int kRings = 100;
-constexpr double kUnitsPerInch = 1e6;  // of the offsetter's whole numbers
 
 std::vector<Entity> roundOutline(int rows) {
   return testing::wavyStar({.rows = rows, .depth = 0});
@@ -55,20 +52,12 @@ void ParallelSpiral(benchmark::State& state) {
 void SpiralInsetsByPolygonOffsetter(benchmark::State& state) {
   const int rows = static_cast<int>(state.range(0));
   const RoundPocket d(rows);
-  ClipperLib::Path outline;
-  for (const Entity& row : roundOutline(rows)) {
-    outline.emplace_back(std::llround(row.start.x * kUnitsPerInch),
-                         std::llround(row.start.y * kUnitsPerInch));
-  }
+  const bench::OffsetterPath outline = bench::offsetterPath(roundOutline(rows));
   std::size_t corners = 0;
   for (auto _ : state) {
     corners = 0;
     for (int ring = 1; ring < kRings; ++ring) {
-      ClipperLib::ClipperOffset offsetter;
-      offsetter.AddPath(outline, ClipperLib::jtMiter, ClipperLib::etClosedPolygon);
-      ClipperLib::Paths inset;
-      offsetter.Execute(inset, -double{d.step()} * ring * kUnitsPerInch);
-      for (const ClipperLib::Path& path : inset) corners += path.size();
+      corners += bench::insetCorners(outline, double{d.step()} * ring);
     }
   }
   state.counters["corners"] = static_cast<double>(corners);

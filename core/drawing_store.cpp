@@ -11,7 +11,6 @@ namespace {
 
 constexpr int kSegmentGrowth = 20;
 constexpr int kPathGrowth = 100;
-constexpr int kCoordinateDecimals = 5;
 
 // One place knows which columns make up a table.
 template <typename Store, typename Visit>

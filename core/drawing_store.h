@@ -1,7 +1,7 @@
 // The drawing store: every table and variable that one drawing consists of, as plain parallel
 // columns that all rooms read and write by index.
-// Owns: DrawingSettings, DrawingStore, SegmentDrawing, SegmentRow, PathRow, the append, growth and
-//       rounding routines, and the reading of composite codes.
+// Owns: DrawingSettings, DrawingStore, SegmentDrawing, SegmentRow, PathRow, kCoordinateDecimals, the
+//       append, growth and rounding routines, and the reading of composite codes.
 #pragma once
 
 #include <array>
@@ -140,6 +140,7 @@ void addPathSegment(DrawingStore& store, const PathRow& row);
 Int16 nextPathGroup(const DrawingStore& store);
 
 // Rounds all coordinates of the drawing rows to 5 decimals.
+inline constexpr int kCoordinateDecimals = 5;
 void roundall(DrawingStore& store);
 
 // Row `sg` or `ps` as one value, and back into the table without touching the counter.

@@ -20,10 +20,19 @@ bool sameEnds(const clsSegment& record, const Row& row, float tolerence) {
          samePoint({row.x1, row.y1}, {record.x1, record.y1}, tolerence);
 }
 
+// A save rounds the rows and leaves the records: a coordinate just below the half of the fourth
+// place may have crossed it in the row alone.
+bool equalAtFourPlaces(float row, float record) {
+  const auto asSaved = [](float value) {
+    return roundTo(roundTo(value, kCoordinateDecimals), kCentreDecimals);
+  };
+  return roundTo(row, kCentreDecimals) == roundTo(record, kCentreDecimals) ||
+         asSaved(row) == asSaved(record);
+}
+
 template <typename Row>
 bool sameCentre(const clsSegment& record, const Row& row) {
-  return roundTo(row.xc, kCentreDecimals) == roundTo(record.CenterX, kCentreDecimals) &&
-         roundTo(row.yc, kCentreDecimals) == roundTo(record.CenterY, kCentreDecimals);
+  return equalAtFourPlaces(row.xc, record.CenterX) && equalAtFourPlaces(row.yc, record.CenterY);
 }
 
 // Lines and rectangles have no centre to compare.

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <stdexcept>
 #include <string>
 
 #include "benchmark/benchmark.h"
@@ -13,6 +14,7 @@
 #include "bench/qt/desktop_bench_support.h"
 #include "core/drawing_file.h"
 #include "core/lifecycle.h"
+#include "drafting/undo.h"
 
 namespace tess {
 namespace {
@@ -24,8 +26,8 @@ PointerEvent eventAt(BenchProgram& program, int button, double x, double y) {
   return {.Button = button, .X = at.x, .Y = at.y};
 }
 
-void checkCount(benchmark::State& state, int found, int expected) {
-  if (found != expected) state.SkipWithError(("wrong rows: " + std::to_string(found)).c_str());
+void checkCount(int found, int expected) {
+  if (found != expected) throw std::logic_error("wrong rows: " + std::to_string(found));
 }
 
 int selectedRows(const DrawingStore& store) {
@@ -66,7 +68,7 @@ void selectChain(benchmark::State& state, const char* tool, Select select) {
     select(program);
     state.PauseTiming();
     program.settle();
-    checkCount(state, selectedRows(program.store()), kFullTable);
+    checkCount(selectedRows(program.store()), kFullTable);
     state.ResumeTiming();
   }
 }
@@ -98,14 +100,15 @@ void UndoOfALongStep(benchmark::State& state) {
   for (int sg = 1; sg <= kRows; ++sg) {
     logSegment(desk.changelog, program.store(), sg, "A", /*start=*/sg == 1);
   }
+  updateUndoTools(desk);
   for (auto _ : state) {
     application.clickTool("miUndo");
     state.PauseTiming();
     program.settle();
-    checkCount(state, program.store().NumSegments, 0);
+    checkCount(program.store().NumSegments, 0);
     application.clickTool("miRedo");
     program.settle();
-    checkCount(state, program.store().NumSegments, kRows);
+    checkCount(program.store().NumSegments, kRows);
     state.ResumeTiming();
   }
 }
@@ -115,18 +118,21 @@ void OpenADrawing(benchmark::State& state) {
   constexpr int kRows = 30000;
   BenchProgram program;
   drawOutlines(program, kRows, 12);
-  program.store().endmarkers = 0;
   const testing::TempFolder folder;
   const std::array<std::string, 1> file{folder("part.cdm")};
   Session& session = program.application().session;
-  session.selectedfolder = folder();
-  session.selectedname = "part.cdm";
+  program.store().drawingpath = folder();
   program.store().drawingname = "part.cdm";
   save_Drawing(session);
   for (auto _ : state) {
+    state.PauseTiming();
+    new_drawing(session);
+    program.settle();
+    checkCount(program.store().NumSegments, 0);
+    state.ResumeTiming();
     dropFiles(session, file);
     program.settle();
-    checkCount(state, program.store().NumSegments, kRows);
+    checkCount(program.store().NumSegments, kRows);
   }
 }
 

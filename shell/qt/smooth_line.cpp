@@ -16,6 +16,7 @@ using Fixed = std::int32_t;
 constexpr int kShift = 16;
 constexpr Fixed kOne = 1 << kShift;
 constexpr int kToShare = kShift - 8;
+constexpr std::uint32_t kWhole = 256;  // share of a pixel
 
 Fixed fixed(double value) {
   return static_cast<Fixed>(value * kOne);
@@ -94,22 +95,37 @@ bool liesInside(const Pixels& pixels, const Run& run) {
   return std::min(first, last) - kTouched > 0 && std::max(first, last) + kTouched < pixels.rows;
 }
 
+// The pixels of a steep line lie far apart in memory. Asked for beforehand they come at once
+// instead of one after the other.
+void fetchRun(const Pixels& pixels, const QRgb* pixel, int columns, Fixed low, Fixed slope) {
+  for (; columns > 0; --columns, low += slope, pixel += pixels.alongStep) {
+    __builtin_prefetch(pixel + (low >> kShift) * pixels.acrossStep, /*forWriting=*/1);
+  }
+}
+
+// Only the first and the last column may be covered in part of their width.
 template <typename BlendColumn>
 void blendRun(const Pixels& pixels, const Run& run, BlendColumn blendColumn) {
   const int first = std::max(0, static_cast<int>(std::floor(run.from)));
   const int last = std::min(pixels.columns - 1, static_cast<int>(std::ceil(run.to)) - 1);
-  const Fixed from = fixed(run.from);
-  const Fixed to = fixed(run.to);
   const Fixed slope = fixed(run.slope);
   Stretch stretch{fixed(run.start + run.slope * (first + 0.5) - run.half), fixed(2 * run.half), 0};
   QRgb* pixel = pixels.first + first * pixels.alongStep;
-  for (int column = first; column <= last; ++column, pixel += pixels.alongStep) {
-    const Fixed left = column << kShift;
-    const Fixed width = std::min(to, left + kOne) - std::max(from, left);
-    stretch.share = static_cast<std::uint32_t>(width) >> kToShare;
+  const auto blendNext = [&](std::uint32_t share) {
+    stretch.share = share;
     blendColumn(pixel, stretch);
     stretch.low += slope;
-  }
+    pixel += pixels.alongStep;
+  };
+  const auto shareOf = [&](int column) {
+    const double width = std::min(run.to, column + 1.0) - std::max(run.from, 1.0 * column);
+    return static_cast<std::uint32_t>(width * kWhole);
+  };
+  if (first > last) return;
+  fetchRun(pixels, pixel, last - first + 1, stretch.low, slope);
+  blendNext(shareOf(first));
+  for (int column = first + 1; column < last; ++column) blendNext(kWhole);
+  if (first < last) blendNext(shareOf(last));
 }
 
 }  // namespace

@@ -2,8 +2,10 @@
 #include "shell/qt/theme.h"
 
 #include <QApplication>
+#include <QPainter>
 #include <QProxyStyle>
 #include <QStyleFactory>
+#include <QStyleOption>
 #include <array>
 #include <utility>
 
@@ -173,6 +175,18 @@ class SpaciousStyle : public QProxyStyle {
       default:
         return QProxyStyle::pixelMetric(metric, option, widget);
     }
+  }
+
+  // The style darkens the window's colour for a box's edge, which nobody sees in the dark theme.
+  void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override {
+    QProxyStyle::drawPrimitive(element, option, painter, widget);
+    if (element != PE_IndicatorCheckBox) return;
+    painter->save();
+    painter->setPen(option->palette.color(QPalette::PlaceholderText));
+    painter->setBrush(Qt::NoBrush);
+    painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+    painter->restore();
   }
 
   int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,

@@ -7,6 +7,7 @@
 #include "gtest/gtest.h"
 #include "rapidcheck/gtest.h"
 
+#include "core/rounding.h"
 #include "drafting/change_walk.h"
 #include "drafting/row_edits.h"
 #include "tests/geometry/rows.h"
@@ -359,6 +360,15 @@ TEST(UndoStep, ComparesAnArcsCentreAtFourPlaces) {
   LoggedDrawing d;
   d.add({.type = 2, .x0 = 1, .y1 = 1, .xc = 0.00001F});
   d.store.centerx[1] = 0.00003F;
+  d.undo();
+  EXPECT_EQ(d.store.NumSegments, 0);
+}
+
+TEST(UndoStep, FindsAnArcWhoseCentreASaveHasRounded) {
+  LoggedDrawing d;
+  d.add({.type = 2, .x0 = 1, .y1 = 1, .xc = 0.000147F, .yc = -0.000153F});
+  roundall(d.store);
+  EXPECT_NE(roundTo(d.store.centerx[1], 4), roundTo(0.000147F, 4));
   d.undo();
   EXPECT_EQ(d.store.NumSegments, 0);
 }

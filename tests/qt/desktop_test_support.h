@@ -22,7 +22,9 @@ namespace tess::testing {
 class ToolkitEnvironment : public ::testing::Environment {
  public:
   void SetUp() override {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+    // Whoever runs the tests may have chosen another screen of the same platform.
+    const bool chosen = qgetenv("QT_QPA_PLATFORM").startsWith("offscreen:");
+    if (!chosen) qputenv("QT_QPA_PLATFORM", "offscreen");
     application_ = std::make_unique<QApplication>(count_, arguments_);
   }
   void TearDown() override { application_.reset(); }

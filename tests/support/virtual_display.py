@@ -36,6 +36,7 @@ class VirtualDisplay:
             raise RuntimeError("the virtual display did not start")
         self.environment = {"PATH": os.environ["PATH"], "HOME": self.folder.name,
                             "XDG_RUNTIME_DIR": self.folder.name, "DISPLAY": f":{number}"}
+        self.environment |= {name: value for name, value in os.environ.items() if "SAN_" in name}
         self.manager = subprocess.Popen(["openbox"], env=self.environment,
                                         stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         return self
