@@ -2,8 +2,11 @@
 // tool is swept along what they placed. Whatever is left out is left out by a measure of the pocket
 // (pocket_doubts.h), and known_limits_test.cpp shows what happens there.
 #include <algorithm>
-#include <gtest/gtest.h>
+#include <ostream>
 #include <string>
+#include <vector>
+
+#include "gtest/gtest.h"
 
 #include "tests/toolpath/pocket_doubts.h"
 #include "tests/toolpath/pocket_job.h"
