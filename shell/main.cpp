@@ -1,12 +1,14 @@
 // The program's entry: reads the command line and picks the platform for the job.
 #include <iostream>
+#include <unistd.h>
 
 #include "shell/automation/command_line.h"
 #include "shell/qt/desktop.h"
 #include "shell/qt/plot.h"
 
 int main(int argc, char** argv) {
-  const tess::CommandLine line = tess::parseCommandLine({argv + 1, argv + argc});
+  tess::CommandLine line = tess::parseCommandLine({argv + 1, argv + argc});
+  line.showProgress = isatty(STDERR_FILENO) != 0;
   if (line.job == tess::Job::Window) {
     return tess::runDesktop({.drawing = line.drawing, .home = line.home}, {argv[0]});
   }

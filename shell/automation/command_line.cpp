@@ -207,7 +207,8 @@ ScriptJob scriptJob(const CommandLine& line) {
                 .folders = {},
                 .fileAccess = line.allowIo,
                 .size = line.size,
-                .limits = {}};
+                .limits = {},
+                .showProgress = line.showProgress};
   if (line.home) job.folders.push_back(*line.home);
   return job;
 }

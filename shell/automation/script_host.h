@@ -34,11 +34,14 @@ class VirtualClock : public Clock {
 // Keeps what would stand on the main window.
 class QuietSurroundings : public Surroundings {
  public:
-  void serveEvents() override {}
+  void serveEvents() override {
+    if (onServe) onServe();
+  }
   void beep() override {}
   void printOnMainWindow(const std::string& text) override { printed.push_back(text); }
 
   std::vector<std::string> printed;
+  std::function<void()> onServe;
 };
 
 // Counts the beeps on their way to whoever sounds them.

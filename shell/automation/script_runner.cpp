@@ -2,12 +2,16 @@
 // went wrong.
 #include "shell/automation/script_runner.h"
 
+#include <chrono>
+#include <optional>
 #include <ostream>
+#include <sstream>
 #include <utility>
 
 #include "core/file_system.h"
 #include "shell/automation/bindings.h"
 #include "shell/automation/near_match.h"
+#include "shell/automation/progress.h"
 #include "shell/automation/reports.h"
 #include "shell/virtual_screen.h"
 
@@ -178,6 +182,12 @@ class Attached {
   const ScriptParts& parts_;
 };
 
+// The script's own clock stands still meanwhile.
+double realMilliseconds() {
+  const auto since = std::chrono::steady_clock::now().time_since_epoch();
+  return std::chrono::duration<double, std::milli>(since).count();
+}
+
 }  // namespace
 
 AllowedFolders foldersOf(const ScriptJob& job) {
@@ -219,6 +229,11 @@ ExitStatus runScriptText(const ScriptJob& job, std::string_view text,
   screen.pointer.onArrival = [&](int pixelX, int pixelY) {
     deliverArrival(application, pixelX, pixelY);
   };
+  std::optional<Progress> progress;
+  if (job.showProgress) {
+    progress.emplace(err, realMilliseconds);
+    surroundings.onServe = [&] { progress->show(application.interaction.statusBar.text()); };
+  }
   VirtualTime time(screen.timers);
   ClosingStage stage(application);
   const ScriptParts parts{.application = application,
@@ -228,7 +243,11 @@ ExitStatus runScriptText(const ScriptJob& job, std::string_view text,
                           .writePicture = writePicture,
                           .folders = folders,
                           .start = [&] { application.start(/*drawing=*/"", job.appfolder); }};
-  const ExitStatus status = runScriptOn(parts, job, text, out, err);
+  std::ostringstream said;  // what the script ends with stands on a line of its own
+  const ExitStatus status = runScriptOn(parts, job, text, out, said);
+  surroundings.onServe = nullptr;
+  progress.reset();
+  err << said.str();
   if (status != ExitStatus::Done) return status;
   for (const std::string& notice : surroundings.printed) say(err, notice);
   return status;

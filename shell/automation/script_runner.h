@@ -32,6 +32,7 @@ struct ScriptJob {
   bool fileAccess = false;             // io, os, package and require
   PixelSize size;                      // of the surface
   LuaLimits limits;
+  bool showProgress = false;  // the status line of long commands, on the error stream
 };
 
 // The folders that the file commands of the script may touch.
