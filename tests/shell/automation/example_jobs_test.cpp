@@ -1,6 +1,8 @@
 // The complete jobs among the examples: each still writes the committed drawing and the reviewed
-// program, and a control that reads the program moves along the rows of the drawing.
+// program, a control that reads the program moves along the rows of the drawing, and the parts come
+// out whole.
 #include <filesystem>
+#include <memory>
 #include <ostream>
 #include <sstream>
 #include <string>
@@ -14,17 +16,46 @@
 #include "shell/automation/script_runner.h"
 #include "tests/support/gcode_reader.h"
 #include "tests/support/golden.h"
+#include "tests/support/path_checker.h"
 #include "tests/support/temp_folder.h"
 
 namespace tess {
 namespace {
 
+using testing::Curve;
 using testing::GcodeDialect;
+using testing::PartShape;
 using testing::TempFolder;
 
 const std::string kExamples = TESSIMO_SOURCE_DIR "/examples/";
 
 constexpr double kResolution = 0.6e-5;  // of the programs, in units
+
+// A script of the examples, run in a folder of its own. The drawings are copies, made when their
+// pictures were.
+struct ExampleRun {
+  explicit ExampleRun(const std::string& name) {
+    std::filesystem::copy(TESSIMO_SOURCE_DIR "/data", home());
+    std::filesystem::create_directory(home("CNC"));
+    std::filesystem::copy(kExamples + name + ".lua", folder(name + ".lua"));
+    ScriptJob job;
+    job.path = folder(name + ".lua");
+    job.appfolder = home();
+    const PictureWriter note = [this](Application& application, const std::string& path,
+                                      const PixelSize&) {
+      pictures.push_back(path);
+      drawings.push_back(std::make_unique<DrawingStore>(application.store));
+    };
+    std::ostringstream out;
+    std::ostringstream err;
+    EXPECT_EQ(runScript(job, note, out, err), ExitStatus::Done) << err.str();
+  }
+
+  TempFolder home;
+  TempFolder folder;
+  std::vector<std::string> pictures;
+  std::vector<std::unique_ptr<DrawingStore>> drawings;
+};
 
 // A script with the names of the drawings that it makes.
 struct ExampleJob {
@@ -61,36 +92,15 @@ std::string withoutTime(const std::string& program) {
 
 class ExampleJobs : public ::testing::TestWithParam<ExampleJob> {
  protected:
-  ExampleJobs() {
-    std::filesystem::copy(TESSIMO_SOURCE_DIR "/data", home());
-    std::filesystem::create_directory(home("CNC"));
-    const std::string script = std::string(GetParam().script) + ".lua";
-    std::filesystem::copy(kExamples + script, folder(script));
-    ScriptJob job;
-    job.path = folder(script);
-    job.appfolder = home();
-    const PictureWriter note = [this](Application& application, const std::string& path,
-                                      const PixelSize&) {
-      pictures.push_back(path);
-      cuts.push_back(testing::placedCuts(application.store, kResolution, dialect()));
-    };
-    std::ostringstream out;
-    std::ostringstream err;
-    EXPECT_EQ(runScript(job, note, out, err), ExitStatus::Done) << err.str();
-  }
-
   static GcodeDialect dialect() { return {.lathe = GetParam().lathe}; }
 
-  TempFolder home;
-  TempFolder folder;
-  std::vector<std::string> pictures;
-  std::vector<std::vector<PathRow>> cuts;  // of each drawing when its picture was made
+  ExampleRun run{GetParam().script};
 };
 
 TEST_P(ExampleJobs, WritesTheCommittedDrawing) {
   for (const std::string& drawing : GetParam().drawings) {
     for (const std::string& name : {drawing + ".cdm", pathFile(drawing)}) {
-      EXPECT_EQ(folder.read(name), readFile(kExamples + name)) << name;
+      EXPECT_EQ(run.folder.read(name), readFile(kExamples + name)) << name;
     }
   }
 }
@@ -98,21 +108,23 @@ TEST_P(ExampleJobs, WritesTheCommittedDrawing) {
 TEST_P(ExampleJobs, WritesTheGoldenProgramAndAPicture) {
   std::vector<std::string> expectedPictures;
   for (const std::string& drawing : GetParam().drawings) {
-    expectedPictures.push_back(folder(drawing + ".png"));
+    expectedPictures.push_back(run.folder(drawing + ".png"));
     testing::expectGolden("shell/automation/golden/" + drawing + ".CNC",
-                          withoutTime(folder.read(drawing + ".CNC")));
+                          withoutTime(run.folder.read(drawing + ".CNC")));
   }
-  EXPECT_EQ(pictures, expectedPictures);
+  EXPECT_EQ(run.pictures, expectedPictures);
 }
 
 TEST_P(ExampleJobs, ProgramReadBackGivesThePathRows) {
-  ASSERT_EQ(cuts.size(), GetParam().drawings.size());
-  for (std::size_t k = 0; k < cuts.size(); ++k) {
-    const std::string text = folder.read(GetParam().drawings[k] + ".CNC");
+  ASSERT_EQ(run.drawings.size(), GetParam().drawings.size());
+  for (std::size_t k = 0; k < run.drawings.size(); ++k) {
+    const std::string text = run.folder.read(GetParam().drawings[k] + ".CNC");
     const std::vector<PathRow> read =
         testing::readCuts(testing::readProgram(text, dialect()), dialect());
+    const std::vector<PathRow> placed =
+        testing::placedCuts(*run.drawings[k], kResolution, dialect());
     EXPECT_FALSE(read.empty());
-    EXPECT_EQ(testing::firstDifference(cuts[k], read, {.resolution = kResolution, .joints = 1e-4}),
+    EXPECT_EQ(testing::firstDifference(placed, read, {.resolution = kResolution, .joints = 1e-4}),
               "")
         << GetParam().drawings[k];
   }
@@ -120,6 +132,90 @@ TEST_P(ExampleJobs, ProgramReadBackGivesThePathRows) {
 
 INSTANTIATE_TEST_SUITE_P(Examples, ExampleJobs, ::testing::ValuesIn(kJobs),
                          [](const auto& job) { return std::string(job.param.script); });
+
+// ---- The parts themselves
+
+constexpr double kHair = 1e-4;  // what 32-bit coordinates of crossings leave, and the steep lines
+
+std::vector<SegmentRow> rowsOf(const DrawingStore& store, int first, int last) {
+  std::vector<SegmentRow> rows;
+  for (int sg = first; sg <= last; ++sg) rows.push_back(segmentRow(store, sg));
+  return rows;
+}
+
+// The feed moves of some path groups.
+std::vector<Curve> wayOf(const DrawingStore& store, int firstGroup, int lastGroup) {
+  std::vector<Curve> way;
+  for (int ps = 1; ps <= store.NumPathSegments; ++ps) {
+    const int group = groupCutOff(store.pscode[ps]);
+    if (group < firstGroup || group > lastGroup) continue;
+    const std::vector<Curve> rows = testing::toolWay(store, ps, ps);
+    way.insert(way.end(), rows.begin(), rows.end());
+  }
+  return way;
+}
+
+double depthIn(const PartShape& part, const std::vector<Curve>& way, double radius) {
+  EXPECT_FALSE(way.empty());
+  return testing::deepestGouge(part, way, radius).depth;
+}
+
+// Round what is cut free there is air as far as the stock goes.
+std::vector<SegmentRow> stockEdge(const DrawingStore& store) {
+  const float x = store.partdimx;
+  const float y = store.partdimy;
+  return {{.type = kLine, .x1 = x},
+          {.type = kLine, .x0 = x, .x1 = x, .y1 = y},
+          {.type = kLine, .x0 = x, .y0 = y, .y1 = y},
+          {.type = kLine, .y0 = y}};
+}
+
+TEST(ExampleParts, IslandsAndWallsStayWhole) {
+  const ExampleRun run("islands");
+  ASSERT_EQ(run.drawings.size(), 3U);
+  constexpr double kRadius = 0.0625;
+  for (std::size_t style = 0; style < 2; ++style) {
+    const DrawingStore& store = *run.drawings[style];
+    const PartShape part = testing::partOf(
+        rowsOf(store, 1, 8), {rowsOf(store, 9, 16), rowsOf(store, 17, 19), rowsOf(store, 20, 20)});
+    const std::vector<Curve> way = testing::toolWay(store);
+    EXPECT_LE(depthIn(part, way, kRadius), kHair) << style;
+    EXPECT_GE(testing::ReachableArea(part, kRadius).coverageOf(way).share, 0.9999) << style;
+  }
+}
+
+// The rings that would meet an island are missing, which the script warns of.
+TEST(ExampleParts, TheSpiralLeavesMaterialRoundIslandsAndCutsNoWall) {
+  const ExampleRun run("islands");
+  const DrawingStore& store = *run.drawings.at(2);
+  const PartShape part = testing::partOf(
+      rowsOf(store, 1, 8), {rowsOf(store, 9, 16), rowsOf(store, 17, 19), rowsOf(store, 20, 20)});
+  const std::vector<Curve> way = testing::toolWay(store);
+  EXPECT_LE(depthIn(part, way, 0.0625), kHair);
+  EXPECT_LT(testing::ReachableArea(part, 0.0625).coverageOf(way).share, 0.9);
+}
+
+TEST(ExampleParts, TheFlangeKeepsItsBoreAndItsRim) {
+  const ExampleRun run("flange");
+  const DrawingStore& store = *run.drawings.at(0);
+  const double radius = store.toolradius[5];
+  const PartShape bore = testing::partOf(rowsOf(store, 2, 2));
+  EXPECT_LE(depthIn(bore, wayOf(store, 4, 5), radius), kHair);
+  EXPECT_GE(testing::ReachableArea(bore, radius).coverageOf(wayOf(store, 4, 5)).share, 0.9999);
+  const PartShape rim = testing::partOf(stockEdge(store), {rowsOf(store, 1, 1)});
+  EXPECT_LE(depthIn(rim, wayOf(store, 6, 7), radius), kHair);
+}
+
+TEST(ExampleParts, TheClampKeepsItsSlotAndItsOutline) {
+  const ExampleRun run("clamp");
+  const DrawingStore& store = *run.drawings.at(0);
+  const PartShape slot = testing::partOf(rowsOf(store, 7, 10));
+  EXPECT_LE(depthIn(slot, wayOf(store, 2, 3), store.toolradius[4]), kHair);
+  EXPECT_GE(testing::ReachableArea(slot, store.toolradius[4]).coverageOf(wayOf(store, 2, 3)).share,
+            0.9999);
+  const PartShape outline = testing::partOf(stockEdge(store), {rowsOf(store, 1, 6)});
+  EXPECT_LE(depthIn(outline, wayOf(store, 5, 6), store.toolradius[5]), kHair);
+}
 
 }  // namespace
 }  // namespace tess
