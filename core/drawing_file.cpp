@@ -91,6 +91,11 @@ void warnOfOlderVersion(Session& session, const std::string& version) {
   askUser(session, kOlderVersion, kAskOk, answer);
 }
 
+// An untitled drawing names none, and neither does one named by an import, which has no extension.
+bool namesFile(std::string_view drawingname) {
+  return drawingname.find('.') != std::string_view::npos;
+}
+
 std::string offeredName(const Session& session) {
   if (!session.store.drawingname.empty()) return session.store.drawingname;
   std::string folder;
@@ -164,7 +169,7 @@ void load_Drawing(Session& session) {
 
 void smart_save(Session& session) {
   const Procedure here("smart_save()");
-  if (session.store.drawingname.empty()) {
+  if (!namesFile(session.store.drawingname)) {
     save_file_As(session);
   } else {
     save_Drawing(session);

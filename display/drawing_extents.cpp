@@ -61,21 +61,29 @@ void addEntity(ExtentsBox& box, const Entity& entity) {
   box.add(entity.end);
 }
 
+void addSegment(ExtentsBox& box, const Entity& entity) {
+  if (entity.type == kPoint) return box.add(entity.start);  // all that a bare point has
+  addEntity(box, entity);
+}
+
+std::optional<DrawingExtents> extentsOf(const ExtentsBox& box) {
+  return box.hasArea() ? std::optional(box.box()) : std::nullopt;
+}
+
 }  // namespace
 
 std::optional<DrawingExtents> GetDrawingExtents(const DrawingStore& store) {
   ExtentsBox box;
-  for (int sg = 1; sg <= store.NumSegments; ++sg) {
-    const Entity entity = segmentEntity(store, sg);
-    if (entity.type == kPoint) {
-      box.add(entity.start);  // all that a bare point has
-    } else {
-      addEntity(box, entity);
-    }
-  }
+  for (int sg = 1; sg <= store.NumSegments; ++sg) addSegment(box, segmentEntity(store, sg));
   for (int ps = 1; ps <= store.NumPathSegments; ++ps) addEntity(box, pathEntity(store, ps));
-  if (!box.hasArea()) return std::nullopt;
-  return box.box();
+  return extentsOf(box);
+}
+
+std::optional<DrawingExtents> GetSegmentExtents(const DrawingStore& store, int first, int last) {
+  ExtentsBox box;
+  if (first < 1 || last > store.NumSegments) return std::nullopt;
+  for (int sg = first; sg <= last; ++sg) addSegment(box, segmentEntity(store, sg));
+  return extentsOf(box);
 }
 
 }  // namespace tess

@@ -1,5 +1,5 @@
 // How far a drawing reaches.
-// Owns: DrawingExtents, GetDrawingExtents.
+// Owns: DrawingExtents, GetDrawingExtents, GetSegmentExtents.
 #pragma once
 
 #include <optional>
@@ -16,5 +16,9 @@ struct DrawingExtents {
 // for one without width or height. An arc counts with its ends and three points on it, which can
 // miss a quadrant's extreme by a little.
 std::optional<DrawingExtents> GetDrawingExtents(const DrawingStore& store);
+
+// The same round drawing rows `first` to `last` alone. Nothing for a range that is empty or not
+// within the rows in use.
+std::optional<DrawingExtents> GetSegmentExtents(const DrawingStore& store, int first, int last);
 
 }  // namespace tess

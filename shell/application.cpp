@@ -8,6 +8,7 @@
 #include "drafting/grids.h"
 #include "drafting/object_snap.h"
 #include "drafting/undo.h"
+#include "import/frmDXF.h"
 #include "shell/commands.h"
 #include "shell/layouts.h"
 
@@ -184,6 +185,10 @@ void Application::Listener::load_xsetup() {
 
 void Application::Listener::closeMainWindow() {
   callIfSet(application_.onCloseMainWindow);
+}
+
+void Application::Listener::importDxf(const std::string& path) {
+  importDroppedDxf(application_.interaction.desk, path);
 }
 
 void Application::Listener::loadLayout() {

@@ -102,6 +102,7 @@ class Application {
     void brandingRead() override;
     void load_xsetup() override;
     void closeMainWindow() override;
+    void importDxf(const std::string& path) override;
     void loadLayout() override;
     void saveLayout() override;
     void readPressedTools() override;

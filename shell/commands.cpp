@@ -19,6 +19,7 @@
 #include "drafting/repeat_key.h"
 #include "drafting/selection.h"
 #include "drafting/undo.h"
+#include "import/frmDXF.h"
 #include "shell/help_commands.h"
 #include "shell/layouts.h"
 #include "shell/tool_bands.h"
@@ -106,7 +107,7 @@ constexpr CommandRow kCommands[] = {
     {"miNew",                  onSession<smart_New>},
     {"miOpen",                 onSession<mnuFileOpen_Click>},
     {"miReverttoSaved",        onSession<mnuFileRevert_Click>},
-    {"miImportDXFfile",        nullptr},
+    {"miImportDXFfile",        onDesk<mnuFileImport_Click>},
     {"miSave",                 onSession<smart_save>},
     {"miSaveAs",               onSession<save_file_As>},
     {"miDeleteFile",           onSession<mnuFileDelete_Click>},

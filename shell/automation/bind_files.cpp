@@ -1,9 +1,14 @@
-// The file commands of scripts: `open`, `save` and `make_cnc` with the file named, and `extents`.
+// The file commands of scripts: `open`, `save`, `import_dxf` and `make_cnc` with the file named,
+// and `extents`.
+#include <algorithm>
+#include <iterator>
+
 #include "cnc/cnc_program.h"
 #include "core/drawing_file.h"
 #include "core/file_system.h"
 #include "core/text.h"
 #include "display/drawing_extents.h"
+#include "import/frmDXF.h"
 #include "shell/automation/bindings.h"
 #include "shell/automation/lua_routines.h"
 
@@ -11,8 +16,10 @@ namespace tess {
 namespace {
 
 using std::string;
+using std::string_view;
 
 constexpr char kDefaultExtension[] = "CDM";
+constexpr const char* kImportOptions[] = {"connect_points", "auto_align", "exact_geometry"};
 
 // A file by its folder and name, as the program keeps them.
 struct FileName {
@@ -76,6 +83,51 @@ int saveDrawing(Script& script, lua_State* L) {
   return 0;
 }
 
+bool flagIn(lua_State* L, int table, const char* name) {
+  lua_getfield(L, table, name);
+  const bool set = lua_toboolean(L, -1) != 0;
+  lua_pop(L, 1);
+  return set;
+}
+
+// Raises a script error for a name that is no option: a misspelt one would do nothing.
+void requireImportOptions(lua_State* L, int table) {
+  for (lua_pushnil(L); lua_next(L, table) != 0; lua_pop(L, 1)) {
+    // A copy is turned into text: the key itself leads to the next one.
+    lua_pushvalue(L, -2);
+    const string name = luaL_tolstring(L, -1, nullptr);
+    lua_pop(L, 2);
+    const auto& known = kImportOptions;
+    if (std::find(std::begin(known), std::end(known), name) == std::end(known)) {
+      raise(L, "import_dxf has no option '" + name + "'");
+    }
+  }
+}
+
+// The import form without its window; what it would ask goes to the script's handlers. Options that
+// are not given are off, whatever an operator chose last.
+int importDxfFile(Script& script, lua_State* L) {
+  const FileName file = allowedFile(script, L, valueAt<string>(L, 1), "DXF", folderHolding);
+  if (!equalIgnoringCase(string_view(file.name).substr(file.name.rfind('.')), ".DXF")) {
+    raise(L, "import_dxf reads files named .DXF, not '" + file.name + "'");
+  }
+  const bool hasOptions = lua_istable(L, 2);
+  if (hasOptions) requireImportOptions(L, 2);
+  const int before = script.application.store.NumSegments;
+  runReported(script, "import_dxf", [&] {
+    frmDXF form(script.application.interaction.desk);
+    form.chkExactGeometry.onClick = nullptr;
+    form.chkConnectPoints.setChecked(hasOptions && flagIn(L, 2, kImportOptions[0]));
+    form.chkAutoAlign.setChecked(hasOptions && flagIn(L, 2, kImportOptions[1]));
+    form.chkExactGeometry.setChecked(hasOptions && flagIn(L, 2, kImportOptions[2]));
+    form.OpenDXFFile(file.folder, file.name);
+    form.cmdImport2TESS_Click();
+  });
+  script.hand.settle();
+  push(L, script.application.store.NumSegments - before);
+  return 1;
+}
+
 CncMode modeAt(lua_State* L, int at) {
   const string word = valueAt<string>(L, at);
   if (equalIgnoringCase(word, "mill")) return CncMode::Mill;
@@ -134,6 +186,7 @@ int extents(Script& script, lua_State* L) {
 void bindFileCommands(lua_State* L) {
   setGlobal(L, {"open", guarded<openDrawing>});
   setGlobal(L, {"save", guarded<saveDrawing>});
+  setGlobal(L, {"import_dxf", guarded<importDxfFile>});
   setGlobal(L, {"make_cnc", guarded<makeCnc>});
   setGlobal(L, {"extents", guarded<extents>});
 }

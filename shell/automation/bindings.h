@@ -12,7 +12,7 @@ void bindStore(lua_State* L);         // store, setting
 void bindRows(lua_State* L);          // segments, paths, add_segment, add_path
 void bindGeometry(lua_State* L);      // geometry
 void bindRoutines(lua_State* L);      // call
-void bindFileCommands(lua_State* L);  // open, save, make_cnc, extents
+void bindFileCommands(lua_State* L);  // open, save, import_dxf, make_cnc, extents
 // print, messages, beeps, status_log, form, on_message, on_file, on_form
 void bindPrompts(lua_State* L);
 void bindState(lua_State* L);   // state

@@ -1,0 +1,180 @@
+// Import DXF.
+#include "import/frmDXF.h"
+
+#include "core/file_system.h"
+#include "core/lifecycle.h"
+#include "core/text.h"
+#include "import/remembered_options.h"
+
+namespace tess {
+namespace {
+
+constexpr char kDxfExtension[] = ".DXF";
+constexpr std::size_t kExtensionLength = 4;  // with its dot
+constexpr char kConversionError[] = "DXF Conversion Error";
+
+bool isDxfName(const std::string& name) {
+  return upperCased(name).ends_with(kDxfExtension);
+}
+
+std::string withoutExtension(const std::string& name) {
+  const bool cut = name.size() >= kExtensionLength && name[name.size() - kExtensionLength] == '.';
+  return cut ? name.substr(0, name.size() - kExtensionLength) : name;
+}
+
+std::string entities(std::size_t count) {
+  return std::to_string(count) + (count == 1 ? " entity" : " entities");
+}
+
+}  // namespace
+
+frmDXF::frmDXF(Desk& desk) : Form("frmDXF", "Import DXF File"), desk_(desk) {
+  cmdOpenDXF.setCaption("&Open DXF File...");
+  chkConnectPoints.setCaption("&Connect Points");
+  chkAutoAlign.setCaption("&Auto Align");
+  chkExactGeometry.setCaption("&Exact Geometry");
+  cmdImport2TESS.setCaption("&Import");
+  chkExactGeometry.setChecked(exactGeometryRemembered(desk.session));
+  wire();
+}
+
+void frmDXF::wire() {
+  setDefaultButton(cmdImport2TESS);
+  cmdOpenDXF.onClick = [this] { cmdOpenDXF_Click(); };
+  cmdImport2TESS.onClick = [this] { cmdImport2TESS_Click(); };
+  chkExactGeometry.onClick = [this] {
+    rememberExactGeometry(desk_.session, chkExactGeometry.isChecked());
+  };
+}
+
+// ---- Opening
+
+void frmDXF::cmdOpenDXF_Click() {
+  const Procedure here("frmDXF.cmdOpenDXF_Click()");
+  const auto chosen = desk_.session.host.prompts.chooseFile(
+      {.title = "Open DXF File",
+       .pattern = "DXF Files (*.DXF)|*.dxf|All Files (*.*)|*.*",
+       .folder = withSeparator(resolvePath(desk_.session.appfolder + "DXF")),
+       .name = "*.DXF"});
+  if (!chosen || chosen->empty() || chosen->find('*') != std::string::npos) return;
+  std::string folder;
+  const std::string name = splitPath(folder, *chosen, "dxf");
+  OpenDXFFile(folder, name);
+}
+
+void frmDXF::OpenDXFFile_From_DragDrop(const std::string& file) {
+  const Procedure here("frmDXF.OpenDXFFile_From_DragDrop(file)");
+  const std::string name(fileNameOf(file));
+  OpenDXFFile(file.substr(0, file.size() - name.size()), name);
+}
+
+void frmDXF::OpenDXFFile(const std::string& path, const std::string& name) {
+  const Procedure here("frmDXF.OpenDXFFile(path,name)");
+  if (!isDxfName(name)) return;
+  file_ = path + name;
+  name_ = withoutExtension(name);
+  read(file_);
+  lblFile.setCaption(name + ": " + entities(reader_.Entities.size()));
+}
+
+void frmDXF::read(const std::string& file) {
+  reader_ = DxfDocument();
+  try {
+    readDxfFile(reader_, file);
+  } catch (const RuntimeFailure& failure) {
+    takeCallChain();
+    const bool namesItsPlace = failure.description().starts_with(reader_.file + " ");
+    showFault(namesItsPlace && !reader_.file.empty() ? failure.description()
+                                                     : file + ": " + failure.description());
+  }
+}
+
+void frmDXF::showFault(const std::string& trouble) {
+  std::string text = trouble;
+  if (const std::size_t count = reader_.Entities.size(); count > 0) {
+    text += "\n\n" + entities(count) + " before it can be imported.";
+  }
+  desk_.session.host.prompts.showMessage({.text = text,
+                                          .title = "DXF File Error",
+                                          .icon = MessageIcon::Warning,
+                                          .buttons = MessageButtons::Ok});
+}
+
+// ---- Converting
+
+DxfImportOptions frmDXF::options() const {
+  return {.connectPoints = chkConnectPoints.isChecked(),
+          .autoAlign = chkAutoAlign.isChecked(),
+          .exactGeometry = chkExactGeometry.isChecked()};
+}
+
+void frmDXF::cmdImport2TESS_Click() {
+  const Procedure here("frmDXF.cmdImport2TESS_Click()");
+  DxfRows rows(desk_.store, desk_.session.host.prompts, reader_);
+  importDxf(reader_, desk_.store, rows, options());
+  if (rows.stopped()) {
+    desk_.redraw.redrawscreen();
+  } else {
+    finish(rows);
+  }
+}
+
+void frmDXF::finish(const DxfRows& rows) {
+  showLostRows(rows);
+  showUnconverted(rows);
+  if (chkAutoAlign.isChecked()) alignRows(desk_.store, rows.first(), desk_.store.NumSegments);
+  showDrawing();
+  close();
+}
+
+void frmDXF::showDrawing() {
+  desk_.viewCommands.ZoomExtents();
+  if (name_.empty()) return;
+  desk_.store.drawingname = name_;
+  showDrawingName(desk_.session);
+}
+
+void frmDXF::showLostRows(const DxfRows& rows) {
+  if (rows.lost() == 0) return;
+  desk_.session.host.prompts.showMessage(
+      {.text = "The drawing is full: it holds at most 32767 rows.  The last " +
+               (rows.lost() == 1 ? std::string("row") : std::to_string(rows.lost()) + " rows") +
+               " of " + file_ + " could not be added.",
+       .title = kConversionError,
+       .icon = MessageIcon::Warning,
+       .buttons = MessageButtons::Ok});
+}
+
+void frmDXF::showUnconverted(const DxfRows& rows) {
+  if (rows.unconverted().empty()) return;
+  std::string list;
+  for (const std::string& type : rows.unconverted()) list += type + "\n";
+  desk_.session.host.prompts.showMessage(
+      {.text = "The following drawing entities were found in " + file_ +
+               " but were not able to be converted.  The resulting .CNC file may not be complete."
+               "\n\n" +
+               list +
+               "\nTo insure that all drawing entities are converted, convert your drawing to only "
+               "lines and arcs before saving it as a .DXF file.",
+       .title = kConversionError,
+       .icon = MessageIcon::Warning,
+       .buttons = MessageButtons::Ok});
+}
+
+// ---- The command
+
+void mnuFileImport_Click(Desk& desk) {
+  const Procedure here("frmMain.mnuFileImport_Click()");
+  frmDXF form(desk);
+  form.cmdOpenDXF_Click();
+  desk.session.host.prompts.showModal(form);
+}
+
+void importDroppedDxf(Desk& desk, const std::string& file) {
+  const Procedure here("importDroppedDxf(file)");
+  frmDXF form(desk);
+  form.OpenDXFFile_From_DragDrop(file);
+  desk.session.host.prompts.showModal(form);
+}
+
+}  // namespace tess

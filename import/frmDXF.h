@@ -1,0 +1,63 @@
+// Import DXF: opens a DXF file and turns its entities into drawing rows behind those that are
+// there.
+// Owns: frmDXF, mnuFileImport_Click, importDroppedDxf.
+#pragma once
+
+#include <string>
+
+#include "core/controls.h"
+#include "core/form.h"
+#include "drafting/desk.h"
+#include "import/dxf_document.h"
+#include "import/dxf_import.h"
+
+namespace tess {
+
+class frmDXF : public Form {
+ public:
+  // chkExactGeometry begins as the operator left it.
+  explicit frmDXF(Desk& desk);
+
+  // Asks for a file and reads it.
+  void cmdOpenDXF_Click();
+  // Reads the file of that name in the folder `path`, which ends with its separator; a name without
+  // the extension .DXF does nothing. A file that is damaged gives a message, and what stands before
+  // the damage can be imported.
+  void OpenDXFFile(const std::string& path, const std::string& name);
+  // The same for a file by its full path.
+  void OpenDXFFile_From_DragDrop(const std::string& file);
+  // Converts what was read, names what could not be converted, shows the whole drawing, and closes.
+  // When the operator stops it after a failure, the rows made so far stay and nothing else happens.
+  void cmdImport2TESS_Click();
+
+  const DxfDocument& DXFReader1() const { return reader_; }
+
+  Button cmdOpenDXF{*this, "cmdOpenDXF"};
+  Label lblFile{*this, "lblFile"};  // what was read
+  CheckBox chkConnectPoints{*this, "chkConnectPoints"};
+  CheckBox chkAutoAlign{*this, "chkAutoAlign"};
+  CheckBox chkExactGeometry{*this, "chkExactGeometry"};
+  Button cmdImport2TESS{*this, "cmdImport2TESS"};
+
+ private:
+  void wire();
+  void read(const std::string& file);
+  void showFault(const std::string& trouble);
+  void showLostRows(const DxfRows& rows);
+  void showUnconverted(const DxfRows& rows);
+  void finish(const DxfRows& rows);
+  void showDrawing();
+  DxfImportOptions options() const;
+
+  Desk& desk_;
+  DxfDocument reader_;
+  std::string file_;  // the file read, with its path
+  std::string name_;  // without path and extension: becomes the drawing's name
+};
+
+void mnuFileImport_Click(Desk& desk);
+
+// A file that was dropped on the drawing: the form with that file read.
+void importDroppedDxf(Desk& desk, const std::string& file);
+
+}  // namespace tess
