@@ -1,5 +1,5 @@
 -- A drawing made as by hand: tools, keys and clicks where an operator would use them.
--- A plate with two holes and a slot. plate.cdm and plate.png, a picture of it, land
+-- A plate with two holes and a slot. plate_drawing.cdm and plate_drawing.png, a picture of it, land
 -- beside this script.
 local here = arg[0]:match("^(.*[/\\])") or "./"
 
@@ -29,6 +29,6 @@ click(1, 3)
 key("Esc")
 
 tool("miZoomExtents")
-save(here .. "plate.cdm")
-plot(here .. "plate.png", 800, 640)
+save(here .. "plate_drawing.cdm")
+plot(here .. "plate_drawing.png", 800, 640)
 print(store.NumSegments .. " segments; " .. table.concat({ extents() }, " "))

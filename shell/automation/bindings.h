@@ -1,7 +1,7 @@
 // The names that a script finds, each group put into the globals of a state by one call. All of
 // them need scriptOf(L) and protected mode.
 // Owns: bindStore, bindRows, bindGeometry, bindRoutines, bindFileCommands, bindPrompts, bindState,
-//       bindEvents, bindViews.
+//       bindEvents, bindViews, bindReport.
 #pragma once
 
 #include "shell/automation/script.h"
@@ -18,5 +18,6 @@ void bindPrompts(lua_State* L);
 void bindState(lua_State* L);   // state
 void bindEvents(lua_State* L);  // tool, tool_state, key, press, ..., wheel, wait
 void bindViews(lua_State* L);   // view, plot
+void bindReport(lua_State* L);  // report
 
 }  // namespace tess

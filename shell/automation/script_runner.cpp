@@ -134,6 +134,7 @@ int runAll(Script& script, lua_State* L) {
   bindState(L);
   bindEvents(L);
   bindViews(L);
+  bindReport(L);
   setArguments(L, run.job);
   script.started = true;
   limitInstructions(L, run.job.limits.instructions);

@@ -112,7 +112,8 @@ TEST_F(ScriptPlayerTest, TheShippedExampleLeavesTheSameFile) {
       << bareErr.str();
   ASSERT_EQ(play(script), ExitStatus::Done) << err;
   EXPECT_EQ(out, bareOut.str());
-  EXPECT_EQ(readFile(place.scripts("plate.cdm")), readFile(bare.scripts("plate.cdm")));
+  EXPECT_EQ(readFile(place.scripts("plate_drawing.cdm")),
+            readFile(bare.scripts("plate_drawing.cdm")));
 }
 
 TEST_F(ScriptPlayerTest, TheSurfaceHasTheSizeOfARunWithoutAWindow) {

@@ -38,6 +38,9 @@ struct ExampleRun {
     std::filesystem::copy(TESSIMO_SOURCE_DIR "/data", home());
     std::filesystem::create_directory(home("CNC"));
     std::filesystem::copy(kExamples + name + ".lua", folder(name + ".lua"));
+    if (fileExists(kExamples + name + ".dxf")) {
+      std::filesystem::copy(kExamples + name + ".dxf", folder(name + ".dxf"));
+    }
     ScriptJob job;
     job.path = folder(name + ".lua");
     job.appfolder = home();
@@ -69,6 +72,7 @@ std::ostream& operator<<(std::ostream& out, const ExampleJob& job) {
 }
 
 const ExampleJob kJobs[] = {
+    {"plate", {"plate"}},
     {"flange", {"flange"}},
     {"clamp", {"clamp"}},
     {"islands", {"islands_horizontal", "islands_vertical", "islands_spiral"}},
@@ -193,6 +197,18 @@ TEST(ExampleParts, TheSpiralLeavesMaterialRoundIslandsAndCutsNoWall) {
   const std::vector<Curve> way = testing::toolWay(store);
   EXPECT_LE(depthIn(part, way, 0.0625), kHair);
   EXPECT_LT(testing::ReachableArea(part, 0.0625).coverageOf(way).share, 0.9);
+}
+
+TEST(ExampleParts, ThePlateKeepsItsPocketItsIslandsAndItsOutline) {
+  const ExampleRun run("plate");
+  const DrawingStore& store = *run.drawings.at(0);
+  const PartShape pocket =
+      testing::partOf(rowsOf(store, 9, 16), {rowsOf(store, 17, 24), rowsOf(store, 25, 25)});
+  const double radius = store.toolradius[3];
+  EXPECT_LE(depthIn(pocket, wayOf(store, 4, 7), radius), kHair);
+  EXPECT_GE(testing::ReachableArea(pocket, radius).coverageOf(wayOf(store, 4, 7)).share, 0.9999);
+  const PartShape outline = testing::partOf(stockEdge(store), {rowsOf(store, 1, 8)});
+  EXPECT_LE(depthIn(outline, wayOf(store, 9, 9), store.toolradius[5]), kHair);
 }
 
 TEST(ExampleParts, TheFlangeKeepsItsBoreAndItsRim) {

@@ -141,8 +141,8 @@ TEST(PlateExample, DrawsByHandAndWritesDrawingAndPicture) {
   std::ostringstream err;
   EXPECT_EQ(runScript(job, noteName, out, err), ExitStatus::Done) << err.str();
   EXPECT_EQ(out.str(), "10 segments; 0.0 0.0 6.0 4.0\n");
-  EXPECT_TRUE(folder.has("plate.cdm"));
-  EXPECT_EQ(picture, folder("plate.png"));
+  EXPECT_TRUE(folder.has("plate_drawing.cdm"));
+  EXPECT_EQ(picture, folder("plate_drawing.png"));
 }
 
 }  // namespace
