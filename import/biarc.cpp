@@ -15,19 +15,25 @@ namespace {
 // tables.
 constexpr double kUsableTolerance = 0.8;
 // An arc that rises over its chord by less than this share of the tolerance is a line.
-constexpr double kFlatShare = 0.02;
+constexpr double kFlatShare = 0.002;
 // And so is one that rises by less than this share of its chord: its centre would be too far away
 // for the tables.
 constexpr double kFlatSlope = 1e-6;
+// Lines that leave their common direction by less than this share of the tolerance are one.
+constexpr double kStraightShare = 1e-4;
 // A piece may turn by so much in all and away from its chord, in radians. Within it both arcs stay
 // below half a turn.
 constexpr double kMostTurn = 2.0;
 constexpr double kMostLean = 1.1;
 // Neighbours on one circle become one arc up to half a turn, in radians and with some slack.
 constexpr double kMostMergedSweep = 3.15;
+// Circles are one whose centres are no farther apart than this share of the tolerance.
+constexpr double kSameCenterShare = 0.02;
 constexpr int kSamplesPerSpan = 8;
 constexpr int kFewestSamples = 16;
 constexpr int kMostHalvings = 48;
+// What no spline of a drawing needs: a wild curve comes to an end after so many pieces.
+constexpr std::size_t kMostPieces = 4 * kMostExactRows;
 // Directions that differ by more than this, as the sine of the angle, make a corner.
 constexpr double kCornerSine = 1e-4;
 
@@ -115,7 +121,14 @@ double resolutionOf(const PlaneCurve& curve) {
   return 4 * std::numeric_limits<float>::epsilon() * farthest;
 }
 
-// The rows of one curve in the making. Places on it are spans and shares in one number.
+// A part of the curve between two places, which are spans and shares in one number. Neighbours
+// share a point as it is, so that their rows meet exactly.
+struct Piece {
+  double from = 0, to = 0;
+  CurvePoint start, end;
+};
+
+// The rows of one curve in the making.
 class Fit {
  public:
   Fit(const PlaneCurve& curve, double tolerance, std::vector<DxfRow>& rows)
@@ -141,7 +154,9 @@ class Fit {
 
   void runSmooth(int first, int last) {
     last_.reset();
-    fit(first, last, kMostHalvings);
+    const Piece whole{static_cast<double>(first), static_cast<double>(last), at(first),
+                      atEnd(last)};
+    fit(whole, kMostHalvings);
     flush();
   }
 
@@ -162,34 +177,38 @@ class Fit {
     return between > from && between < to ? between : middle;
   }
 
-  void fit(double from, double to, int halvings) {
+  void fit(const Piece& piece, int halvings) {
     if (rows_.size() >= kMostExactRows) return;
-    const CurvePoint start = at(from);
-    const CurvePoint end = atEnd(to);
-    const auto biarc = biarcBetween(start, end, tolerance_);
-    if (biarc && holds(*biarc, from, to)) {
+    const auto biarc = biarcBetween(piece.start, piece.end, tolerance_);
+    if (biarc && holds(*biarc, piece)) {
       for (const Stroke& stroke : *biarc) append(stroke);
       return;
     }
-    const double middle = middleOf(from, to);
-    const bool ends = halvings == 0 || !(middle > from && middle < to);
-    if (ends || isShort(from, to)) return append({start.at, end.at, {}, 0});
-    fit(from, middle, halvings - 1);
-    fit(middle, to, halvings - 1);
+    const double middle = middleOf(piece.from, piece.to);
+    const bool isLast =
+        halvings == 0 || ++pieces_ > kMostPieces || !(middle > piece.from && middle < piece.to);
+    if (isLast || isShort(piece)) return append({piece.start.at, piece.end.at, {}, 0});
+    const CurvePoint between = at(middle);
+    fit({piece.from, middle, piece.start, between}, halvings - 1);
+    fit({middle, piece.to, between, piece.end}, halvings - 1);
   }
 
-  static int samplesOf(double from, double to) {
-    const auto spans = static_cast<int>(std::ceil(to) - std::floor(from));
+  static int samplesOf(const Piece& piece) {
+    const auto spans = static_cast<int>(std::ceil(piece.to) - std::floor(piece.from));
     return std::max(kFewestSamples, spans * kSamplesPerSpan);
   }
 
+  CurvePoint sampleOf(const Piece& piece, int k, int samples) const {
+    return at(piece.from + (piece.to - piece.from) * k / samples);
+  }
+
   // True when every sample lies at the arcs and the curve does not wind on its way.
-  bool holds(const Biarc& biarc, double from, double to) const {
-    const int samples = samplesOf(from, to);
+  bool holds(const Biarc& biarc, const Piece& piece) const {
+    const int samples = samplesOf(piece);
     double turned = 0;
-    PlanePoint direction = at(from).direction;
+    PlanePoint direction = piece.start.direction;
     for (int k = 1; k < samples; ++k) {
-      const CurvePoint sample = at(from + (to - from) * k / samples);
+      const CurvePoint sample = sampleOf(piece, k, samples);
       const double off = std::min(distanceOf(biarc[0], sample.at), distanceOf(biarc[1], sample.at));
       if (!(off <= kUsableTolerance * tolerance_)) return false;
       turned += std::abs(
@@ -200,23 +219,25 @@ class Fit {
     return true;
   }
 
-  // True for a piece whose whole way is no longer than the tolerance: at a cusp, arcs never fit.
-  bool isShort(double from, double to) const {
+  // True for a piece whose whole way is no longer than half the tolerance: at a cusp, arcs never
+  // fit.
+  bool isShort(const Piece& piece) const {
+    const double most = tolerance_ / 2;
+    const int samples = samplesOf(piece);
     double length = 0;
-    PlanePoint last = at(from).at;
-    const int samples = samplesOf(from, to);
-    for (int k = 1; k <= samples && length <= tolerance_; ++k) {
-      const PlanePoint next = k == samples ? atEnd(to).at : at(from + (to - from) * k / samples).at;
+    PlanePoint last = piece.start.at;
+    for (int k = 1; k <= samples && length <= most; ++k) {
+      const PlanePoint next = k == samples ? piece.end.at : sampleOf(piece, k, samples).at;
       length += lengthOf(next - last);
       last = next;
     }
-    return length <= tolerance_ / 2;
+    return length <= most;
   }
 
-  // Holds one stroke back, as the next one may go on in its circle.
+  // Holds one stroke back, as the next one may go on in its line or circle.
   void append(const Stroke& stroke) {
     if (stroke.start == stroke.end) return;
-    if (last_ && merged(*last_, stroke)) {
+    if (last_ && areOne(*last_, stroke)) {
       last_->end = stroke.end;
       return;
     }
@@ -236,15 +257,26 @@ class Fit {
     return angle < 0 ? angle + 2 * std::numbers::pi : angle;
   }
 
-  bool merged(const Stroke& a, const Stroke& b) const {
-    if (a.bend == 0 || a.bend != b.bend) return false;
-    return lengthOf(a.center - b.center) <= kFlatShare * tolerance_ &&
+  bool isOneArc(const Stroke& a, const Stroke& b) const {
+    return lengthOf(a.center - b.center) <= kSameCenterShare * tolerance_ &&
            sweepOf(a) + sweepOf(b) <= kMostMergedSweep;
+  }
+
+  bool isOneLine(const Stroke& a, const Stroke& b) const {
+    const PlanePoint along = unitOf(a.end - a.start);
+    const PlanePoint on = b.end - b.start;
+    return dot(along, on) > 0 && std::abs(cross(along, on)) <= kStraightShare * tolerance_;
+  }
+
+  bool areOne(const Stroke& a, const Stroke& b) const {
+    if (a.bend != b.bend) return false;
+    return a.bend == 0 ? isOneLine(a, b) : isOneArc(a, b);
   }
 
   const PlaneCurve& curve_;
   const double tolerance_;
   std::vector<DxfRow>& rows_;
+  std::size_t pieces_ = 0;
   std::optional<Stroke> last_;
 };
 

@@ -16,7 +16,7 @@ constexpr double kFullTurn = 2 * std::numbers::pi;
 constexpr double kDegree = std::numbers::pi / 180;
 // A bulge that rises by less than this share of the tolerance is a line: its centre would be too
 // far away for the tables.
-constexpr double kFlatShare = 0.02;
+constexpr double kFlatShare = 0.002;
 // Files write the end of a whole turn with as few as so many digits.
 constexpr double kAngleDigits = 1e-9;
 

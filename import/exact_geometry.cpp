@@ -12,6 +12,7 @@
 #include "import/block_placement.h"
 #include "import/entity_chain.h"
 #include "import/join_ends.h"
+#include "import/whole_circles.h"
 
 namespace tess {
 namespace {
@@ -53,6 +54,7 @@ class ExactConversion {
     place(inDrawing);
     if (options_.nearOrigin) place(broughtNear(inDrawing));
     joinEnds(made_, options_.tolerence);
+    closeCircles(made_, options_.tolerence);
     for (const PlacedRow& made : made_) {
       if (rows_.stopped()) return;
       rows_.begin(*made.entity);

@@ -121,7 +121,7 @@ class Joining {
   }
 
   void unite(const Pair& pair) {
-    const auto [first, second] = std::minmax(rootOf(pair.a), rootOf(pair.b));
+    const auto [first, second] = std::minmax({rootOf(pair.a), rootOf(pair.b)});
     if (first == second) return;
     const Group both = together(groups_[first], groups_[second]);
     if (sizeOf(both) > kLargestGroup * tolerence_) return;
