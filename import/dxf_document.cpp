@@ -72,10 +72,10 @@ void setAxis(DxfPoint& point, unsigned axis, double value) {
 
 // An entity whose groups are being read.
 struct Underway {
-  DxfEntity entity;
-  PointRun<DxfVertex> vertices;
-  PointRun<DxfPoint> controlPoints;
-  PointRun<DxfPoint> fitPoints;
+  DxfEntity& entity;
+  PointRun<DxfVertex> vertices{};
+  PointRun<DxfPoint> controlPoints{};
+  PointRun<DxfPoint> fitPoints{};
 };
 
 // Takes a group that means something special to its kind; false leaves it to the common fields.
@@ -195,6 +195,8 @@ const Kind* kindOf(std::string_view type) {
 // The numbers that entities of all kinds may have, by group code.
 constexpr auto kRealFields = [] {
   std::array<double DxfEntity::*, 52> fields{};
+  // g++ 12 leaves zeros in a constant table, which is the first member and not none.
+  fields.fill(nullptr);
   fields[10] = &DxfEntity::x0;
   fields[20] = &DxfEntity::y0;
   fields[30] = &DxfEntity::z0;
@@ -321,20 +323,35 @@ class Reader {
     groups_.putBack();
   }
 
-  // It joins the others when the group 0 behind it shows that it is whole.
+  // It stays with the others when the group 0 behind it shows that it is whole.
   void readEntity(std::vector<DxfEntity>& entities) {
-    Underway underway;
-    DxfEntity& entity = underway.entity;
+    entities.emplace_back();
+    try {
+      fillEntity(entities.back());
+    } catch (...) {
+      entities.pop_back();
+      throw;
+    }
+  }
+
+  void fillEntity(DxfEntity& entity) {
     entity.place = groups_.place();
     entity.EntityType = names_.keepType(groups_.text());
     const Kind* const kind = kindOf(entity.EntityType);
-    if (kind != nullptr) kind->prepare(entity);
-    eachGroup([&] {
-      const bool taken = kind != nullptr && kind->take(underway, groups_, names_);
-      if (!taken) takeCommonGroup(entity, groups_, names_);
-    });
+    if (kind == nullptr) {
+      eachGroup([this, &entity] { takeCommonGroup(entity, groups_, names_); });
+    } else {
+      fillSpecial(entity, *kind);
+    }
     if (entity.EntityType == "POLYLINE") readVertices(entity.Vertexes);
-    entities.push_back(std::move(entity));
+  }
+
+  void fillSpecial(DxfEntity& entity, const Kind& kind) {
+    kind.prepare(entity);
+    Underway underway{entity};
+    eachGroup([&] {
+      if (!kind.take(underway, groups_, names_)) takeCommonGroup(entity, groups_, names_);
+    });
   }
 
   // The entities VERTEX up to SEQEND, which some files lack.

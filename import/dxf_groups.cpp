@@ -149,23 +149,56 @@ int DxfGroups::codeOf(std::string_view line) const {
   return code;
 }
 
+// The road of nearly every code: blanks, a few digits, and the end of the line. Anything else is
+// left alone.
+bool DxfGroups::takePlainCode() {
+  constexpr int kLargest = 9999;  // above every code that there is
+  const char* at = content_.data() + next_;
+  const char* const end = content_.data() + content_.size();
+  while (at != end && *at == ' ') ++at;
+  int code = 0;
+  const char* const digits = at;
+  for (; at != end && *at >= '0' && *at <= '9' && code < kLargest; ++at) {
+    code = code * 10 + (*at - '0');
+  }
+  if (at != end && *at == '\r' && lineEnd_ == '\n') ++at;
+  if (at == digits || at == end || *at != lineEnd_ || at + 1 == end) return false;
+  next_ = static_cast<std::size_t>(at + 1 - content_.data());
+  ++lines_;
+  code_ = code;
+  return true;
+}
+
 bool DxfGroups::nextTextGroup() {
   place_ = lines_ + 1;
+  if (!takePlainCode() && !takeAnyCode()) return false;
+  text_ = takeLine();
+  return true;
+}
+
+// False for blank lines behind the last group.
+bool DxfGroups::takeAnyCode() {
   const std::string_view codeLine = takeLine();
   if (next_ >= content_.size()) {
-    // Blank lines after the last group are no group.
     if (withoutBlanks(codeLine).empty()) return false;
     code_ = codeOf(codeLine);
     throw failure("the file is cut off: group " + std::to_string(code_) + " has no value",
                   FailureNumber::InputPastEnd);
   }
   code_ = codeOf(codeLine);
-  text_ = takeLine();
   return true;
 }
 
 std::string_view DxfGroups::text() const {
   return held_ == Held::Text ? withoutBlanks(text_) : std::string_view();
+}
+
+// The road of nearly every number: it begins its line, and nothing but the line's end follows.
+bool DxfGroups::isPlainReal(double& value) const {
+  const auto result = parse(text_, value);
+  const char* const end = text_.data() + text_.size();
+  const bool whole = result.ptr == end || (result.ptr + 1 == end && *result.ptr == '\r');
+  return result.ec == std::errc{} && whole && std::isfinite(value);
 }
 
 double DxfGroups::real() const {
@@ -174,8 +207,9 @@ double DxfGroups::real() const {
     if (!std::isfinite(real_)) throw failure("a value is no number", FailureNumber::Overflow);
     return real_;
   }
-  const std::string_view number = withoutPlus(text());
   double value = 0;
+  if (isPlainReal(value)) return value;
+  const std::string_view number = withoutPlus(text());
   const auto result = parse(number, value);
   if (!isWhole(result, number)) throw failure(quoted(number) + " is no number");
   // Too large or too small; a small one counts as 0.

@@ -49,6 +49,9 @@ class DxfGroups {
   bool nextGroup();
   bool nextTextGroup();
   bool nextBinaryGroup();
+  bool takePlainCode();
+  bool takeAnyCode();
+  bool isPlainReal(double& value) const;
   std::string_view takeLine();
   int codeOf(std::string_view line) const;
   int takeBinaryCode();

@@ -35,6 +35,7 @@ class Conversion {
   };
   static const Kind kKinds[];
 
+  bool convertAs(std::string_view type, const DxfEntity& entity);
   void addPolyline(const DxfEntity& entity);
   void addLine(const DxfEntity& entity);
   void addArc(const DxfEntity& entity);
@@ -54,13 +55,19 @@ const Conversion::Kind Conversion::kKinds[] = {
     {"CIRCLE", &Conversion::addCircle},       {"POINT", &Conversion::addPoint},
 };
 
-void Conversion::convert(const DxfEntity& entity) {
-  const std::string type = upperCased(entity.EntityType);
-  rows_.begin(entity);
+bool Conversion::convertAs(std::string_view type, const DxfEntity& entity) {
   for (const Kind& kind : kKinds) {
-    if (kind.type == type) return (this->*kind.convert)(entity);
+    if (kind.type != type) continue;
+    (this->*kind.convert)(entity);
+    return true;
   }
-  rows_.addUnconverted(type);
+  return false;
+}
+
+void Conversion::convert(const DxfEntity& entity) {
+  rows_.begin(entity);
+  const std::string_view type = entity.EntityType;
+  if (!convertAs(type, entity) && !convertAs(upperCased(type), entity)) rows_.addUnconverted(type);
 }
 
 // Edges run straight whatever their bulge, and a closed polyline lacks its last one: drawings made

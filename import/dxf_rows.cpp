@@ -1,7 +1,7 @@
 // Rows of a DXF file on their way into the tables.
 #include "import/dxf_rows.h"
 
-#include <algorithm>
+#include <cstdint>
 #include <limits>
 
 #include "core/runtime_failure.h"
@@ -44,10 +44,8 @@ bool DxfRows::add(const DxfRow& row) {
 }
 
 void DxfRows::addUnconverted(std::string_view type) {
-  std::string name = upperCased(type);
-  const bool known =
-      std::find(unconverted_.begin(), unconverted_.end(), name) != unconverted_.end();
-  if (!known) unconverted_.push_back(std::move(name));
+  const auto [name, isNew] = known_.insert(upperCased(type));
+  if (isNew) unconverted_.push_back(*name);
 }
 
 std::string DxfRows::troubleOf(const RuntimeFailure& failure) const {

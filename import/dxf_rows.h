@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstddef>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -52,6 +53,7 @@ class DxfRows {
   bool stopped_ = false;
   int lost_ = 0;
   std::vector<std::string> unconverted_;
+  std::set<std::string> known_;  // the same, to be found among however many
 };
 
 }  // namespace tess

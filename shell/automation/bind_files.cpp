@@ -93,8 +93,10 @@ bool flagIn(lua_State* L, int table, const char* name) {
 // Raises a script error for a name that is no option: a misspelt one would do nothing.
 void requireImportOptions(lua_State* L, int table) {
   for (lua_pushnil(L); lua_next(L, table) != 0; lua_pop(L, 1)) {
-    const bool isText = lua_type(L, -2) == LUA_TSTRING;
-    const string name = isText ? lua_tostring(L, -2) : "a number";
+    // A copy is turned into text: the key itself leads to the next one.
+    lua_pushvalue(L, -2);
+    const string name = luaL_tolstring(L, -1, nullptr);
+    lua_pop(L, 2);
     const auto& known = kImportOptions;
     if (std::find(std::begin(known), std::end(known), name) == std::end(known)) {
       raise(L, "import_dxf has no option '" + name + "'");

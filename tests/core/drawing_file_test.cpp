@@ -452,6 +452,16 @@ TEST_F(DrawingFile, SmartSaveAsksForTheNameOfAnUntitledOne) {
   EXPECT_EQ(session.selectedfolder, cnc(""));
 }
 
+// An import names a drawing after its file, without an extension.
+TEST_F(DrawingFile, SmartSaveAsksForTheFileOfANameWithoutExtension) {
+  store.drawingname = "plate";
+  test.recording.prompts.files = {std::nullopt};
+  smart_save(session);
+  ASSERT_EQ(test.recording.prompts.fileRequests.size(), 1U);
+  EXPECT_EQ(test.recording.prompts.fileRequests[0].name, "plate");
+  EXPECT_FALSE(test.home.has("CNC/plate"));
+}
+
 TEST_F(DrawingFile, SaveAsOffersTheNameOrElseTheLastOne) {
   test.name("PART.CDM");
   save_file_As(session);

@@ -116,5 +116,26 @@ TEST(GetDrawingExtents, PathArcsAndHiddenRowsCountAsWell) {
   expectBox(store, -1, 0, 1, 1);
 }
 
+TEST(GetSegmentExtents, OnlyTheRowsOfTheRangeCount) {
+  DrawingStore store = drawingOf({1, 8, 100, 100, 200, 200});
+  AddSeg(store, {1, 8, 1, 2, 3, 4}, nullptr);
+  AddSeg(store, {5, 8, 5, 3, 5, 3, 4, 3}, nullptr);
+  addPathSegment(store, {.type = 1, .x0 = -9, .y0 = -9});
+  const auto box = GetSegmentExtents(store, 2, 3);
+  ASSERT_TRUE(box);
+  EXPECT_EQ(box->minx, 1);
+  EXPECT_EQ(box->miny, 2);
+  EXPECT_EQ(box->maxx, 5);
+  EXPECT_EQ(box->maxy, 4);
+}
+
+TEST(GetSegmentExtents, ARangeThatIsEmptyOrPastTheRowsHasNone) {
+  const DrawingStore store = drawingOf({1, 8, 1, 2, 3, 4});
+  EXPECT_TRUE(GetSegmentExtents(store, 1, 1));
+  EXPECT_FALSE(GetSegmentExtents(store, 2, 1));
+  EXPECT_FALSE(GetSegmentExtents(store, 1, 2));
+  EXPECT_FALSE(GetSegmentExtents(store, 0, 1));
+}
+
 }  // namespace
 }  // namespace tess
