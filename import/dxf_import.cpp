@@ -9,10 +9,7 @@
 #include "display/drawing_extents.h"
 #include "geometry/entity.h"
 #include "geometry/points.h"
-#if __has_include("import/exact_geometry.h")
 #include "import/exact_geometry.h"
-#define TESSIMO_EXACT_GEOMETRY
-#endif
 
 namespace tess {
 namespace {
@@ -143,12 +140,14 @@ void convertDxf(const DxfDocument& document, DxfRows& rows, bool connectPoints) 
   }
 }
 
-void importDxf(const DxfDocument& document, [[maybe_unused]] DrawingStore& store, DxfRows& rows,
+void importDxf(const DxfDocument& document, const DrawingStore& store, DxfRows& rows,
                const DxfImportOptions& options) {
-#ifdef TESSIMO_EXACT_GEOMETRY
-  if (options.exactGeometry) return importExact(document, store, rows);
-#endif
-  convertDxf(document, rows, options.connectPoints);
+  if (!options.exactGeometry) return convertDxf(document, rows, options.connectPoints);
+  convertDxfExactly(document, rows,
+                    {.connectPoints = options.connectPoints,
+                     .metric = isMetric(store),
+                     .nearOrigin = options.autoAlign,
+                     .tolerence = store.cfg_tolerance});
 }
 
 void alignRows(DrawingStore& store, int first, int last) {

@@ -20,7 +20,7 @@ struct DxfImportOptions {
 void convertDxf(const DxfDocument& document, DxfRows& rows, bool connectPoints);
 
 // The conversion that the options ask for: exact, or the one above.
-void importDxf(const DxfDocument& document, DrawingStore& store, DxfRows& rows,
+void importDxf(const DxfDocument& document, const DrawingStore& store, DxfRows& rows,
                const DxfImportOptions& options);
 
 // Moves rows `first` to `last` so that their box begins at (0, 0); leaves rows without a box with

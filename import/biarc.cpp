@@ -1,0 +1,289 @@
+// The fitting of arcs to a curve by halving.
+#include "import/biarc.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <limits>
+#include <numbers>
+#include <optional>
+
+namespace tess {
+namespace {
+
+// Samples see the worst place of a piece nearly; the rest is for them and for the 32 bits of the
+// tables.
+constexpr double kUsableTolerance = 0.8;
+// An arc that rises over its chord by less than this share of the tolerance is a line.
+constexpr double kFlatShare = 0.002;
+// And so is one that rises by less than this share of its chord: its centre would be too far away
+// for the tables.
+constexpr double kFlatSlope = 1e-6;
+// Lines that leave their common direction by less than this share of the tolerance are one.
+constexpr double kStraightShare = 1e-4;
+// A piece may turn by so much in all and away from its chord, in radians. Within it both arcs stay
+// below half a turn.
+constexpr double kMostTurn = 2.0;
+constexpr double kMostLean = 1.1;
+// Neighbours on one circle become one arc up to half a turn, in radians and with some slack.
+constexpr double kMostMergedSweep = 3.15;
+// Circles are one whose centres are no farther apart than this share of the tolerance.
+constexpr double kSameCenterShare = 0.02;
+constexpr int kSamplesPerSpan = 8;
+constexpr int kFewestSamples = 16;
+constexpr int kMostHalvings = 48;
+// What no spline of a drawing needs: a wild curve comes to an end after so many pieces.
+constexpr std::size_t kMostPieces = 4 * kMostExactRows;
+// Directions that differ by more than this, as the sine of the angle, make a corner.
+constexpr double kCornerSine = 1e-4;
+
+// A line when `bend` is 0, a counter-clockwise arc above and a clockwise one below.
+struct Stroke {
+  PlanePoint start, end, center;
+  int bend = 0;
+};
+
+double distanceTo(const Stroke& line, PlanePoint p) {
+  const PlanePoint along = line.end - line.start;
+  const double square = dot(along, along);
+  const double share = square == 0 ? 0 : std::clamp(dot(p - line.start, along) / square, 0.0, 1.0);
+  return lengthOf(p - line.start - share * along);
+}
+
+// Of an arc of less than half a turn.
+double distanceToArc(const Stroke& arc, PlanePoint p) {
+  const PlanePoint from = p - arc.center;
+  const bool beside = arc.bend * cross(arc.start - arc.center, from) >= 0 &&
+                      arc.bend * cross(from, arc.end - arc.center) >= 0;
+  if (beside) return std::abs(lengthOf(from) - lengthOf(arc.start - arc.center));
+  return std::min(lengthOf(p - arc.start), lengthOf(p - arc.end));
+}
+
+double distanceOf(const Stroke& stroke, PlanePoint p) {
+  return stroke.bend == 0 ? distanceTo(stroke, p) : distanceToArc(stroke, p);
+}
+
+// The line or arc from `start` in a direction to `end`. An arc's rise is a quarter of the cross
+// product of direction and chord for all but long arcs.
+Stroke strokeFrom(PlanePoint start, PlanePoint direction, PlanePoint end, double tolerance) {
+  const PlanePoint chord = end - start;
+  const double aside = cross(direction, chord);
+  const double length = lengthOf(chord);
+  const double rise = std::abs(aside) / 4;
+  if (rise <= std::max(kFlatShare * tolerance, kFlatSlope * length)) return {start, end, {}, 0};
+  const double radius = length * length / (2 * aside);  // negative to the right
+  return {start, end, start + radius * leftOf(direction), aside > 0 ? 1 : -1};
+}
+
+Stroke reversed(const Stroke& stroke) {
+  return {stroke.end, stroke.start, stroke.center, -stroke.bend};
+}
+
+using Biarc = std::array<Stroke, 2>;
+
+bool leansLittle(PlanePoint direction, PlanePoint chord) {
+  const double lean = std::atan2(std::abs(cross(chord, direction)), dot(chord, direction));
+  return lean <= kMostLean;
+}
+
+// Two arcs with equal legs: their joint lies between the points that are `leg` ahead of the start
+// and behind the end, which are twice as far apart as a leg is long.
+std::optional<Biarc> biarcBetween(const CurvePoint& from, const CurvePoint& to, double tolerance) {
+  const PlanePoint chord = to.at - from.at;
+  if (!leansLittle(from.direction, chord) || !leansLittle(to.direction, chord)) return {};
+  // (leg): 2 (1 - a.b) leg^2 + 2 v.(a + b) leg - v.v = 0, solved so that nothing cancels.
+  const double along = dot(chord, from.direction + to.direction);
+  const double apart = 1 - dot(from.direction, to.direction);
+  const double square = dot(chord, chord);
+  const double leg = square / (along + std::sqrt(along * along + 2 * apart * square));
+  if (!(leg > 0) || !std::isfinite(leg)) return {};
+  const PlanePoint joint = 0.5 * ((from.at + leg * from.direction) + (to.at - leg * to.direction));
+  return Biarc{strokeFrom(from.at, from.direction, joint, tolerance),
+               reversed(strokeFrom(to.at, -1 * to.direction, joint, tolerance))};
+}
+
+DxfRow rowOf(const Stroke& stroke) {
+  DxfRow row{.x0 = stroke.start.x, .y0 = stroke.start.y, .x1 = stroke.end.x, .y1 = stroke.end.y};
+  if (stroke.bend == 0) return row;
+  row.type = stroke.bend > 0 ? kCounterClockwiseArc : kClockwiseArc;
+  row.xc = stroke.center.x;
+  row.yc = stroke.center.y;
+  return row;
+}
+
+// Less than this no row of 32-bit numbers can tell apart so far from the origin.
+double resolutionOf(const PlaneCurve& curve) {
+  double farthest = 0;
+  for (int span = 0; span < curve.spans(); ++span) {
+    const PlanePoint at = curve.pointAt(span, 0).at;
+    farthest = std::max({farthest, std::abs(at.x), std::abs(at.y)});
+  }
+  return 4 * std::numeric_limits<float>::epsilon() * farthest;
+}
+
+// A part of the curve between two places, which are spans and shares in one number. Neighbours
+// share a point as it is, so that their rows meet exactly.
+struct Piece {
+  double from = 0, to = 0;
+  CurvePoint start, end;
+};
+
+// The rows of one curve in the making.
+class Fit {
+ public:
+  Fit(const PlaneCurve& curve, double tolerance, std::vector<DxfRow>& rows)
+      : curve_(curve), tolerance_(std::max(tolerance, resolutionOf(curve))), rows_(rows) {}
+
+  // From corner to corner.
+  void run() {
+    int first = 0;
+    for (int span = 1; span < curve_.spans(); ++span) {
+      if (!isCorner(span)) continue;
+      runSmooth(first, span);
+      first = span;
+    }
+    runSmooth(first, curve_.spans());
+  }
+
+ private:
+  bool isCorner(int span) const {
+    const PlanePoint before = curve_.pointAt(span - 1, 1).direction;
+    const PlanePoint after = curve_.pointAt(span, 0).direction;
+    return std::abs(cross(before, after)) > kCornerSine || dot(before, after) < 0;
+  }
+
+  void runSmooth(int first, int last) {
+    last_.reset();
+    const Piece whole{static_cast<double>(first), static_cast<double>(last), at(first),
+                      atEnd(last)};
+    fit(whole, kMostHalvings);
+    flush();
+  }
+
+  CurvePoint at(double place) const {
+    const int span = std::min(static_cast<int>(place), curve_.spans() - 1);
+    return curve_.pointAt(span, place - span);
+  }
+  // The same at the end of a piece, which belongs to the span before it.
+  CurvePoint atEnd(double place) const {
+    const int span = std::max(static_cast<int>(std::ceil(place)) - 1, 0);
+    return curve_.pointAt(span, place - span);
+  }
+
+  // Between spans where there are several, so that no arc bridges two for less than it could.
+  static double middleOf(double from, double to) {
+    const double middle = (from + to) / 2;
+    const double between = std::nearbyint(middle);
+    return between > from && between < to ? between : middle;
+  }
+
+  void fit(const Piece& piece, int halvings) {
+    if (rows_.size() >= kMostExactRows) return;
+    const auto biarc = biarcBetween(piece.start, piece.end, tolerance_);
+    if (biarc && holds(*biarc, piece)) {
+      for (const Stroke& stroke : *biarc) append(stroke);
+      return;
+    }
+    const double middle = middleOf(piece.from, piece.to);
+    const bool isLast =
+        halvings == 0 || ++pieces_ > kMostPieces || !(middle > piece.from && middle < piece.to);
+    if (isLast || isShort(piece)) return append({piece.start.at, piece.end.at, {}, 0});
+    const CurvePoint between = at(middle);
+    fit({piece.from, middle, piece.start, between}, halvings - 1);
+    fit({middle, piece.to, between, piece.end}, halvings - 1);
+  }
+
+  static int samplesOf(const Piece& piece) {
+    const auto spans = static_cast<int>(std::ceil(piece.to) - std::floor(piece.from));
+    return std::max(kFewestSamples, spans * kSamplesPerSpan);
+  }
+
+  CurvePoint sampleOf(const Piece& piece, int k, int samples) const {
+    return at(piece.from + (piece.to - piece.from) * k / samples);
+  }
+
+  // True when every sample lies at the arcs and the curve does not wind on its way.
+  bool holds(const Biarc& biarc, const Piece& piece) const {
+    const int samples = samplesOf(piece);
+    double turned = 0;
+    PlanePoint direction = piece.start.direction;
+    for (int k = 1; k < samples; ++k) {
+      const CurvePoint sample = sampleOf(piece, k, samples);
+      const double off = std::min(distanceOf(biarc[0], sample.at), distanceOf(biarc[1], sample.at));
+      if (!(off <= kUsableTolerance * tolerance_)) return false;
+      turned += std::abs(
+          std::atan2(cross(direction, sample.direction), dot(direction, sample.direction)));
+      if (turned > kMostTurn) return false;
+      direction = sample.direction;
+    }
+    return true;
+  }
+
+  // True for a piece whose whole way is no longer than half the tolerance: at a cusp, arcs never
+  // fit.
+  bool isShort(const Piece& piece) const {
+    const double most = tolerance_ / 2;
+    const int samples = samplesOf(piece);
+    double length = 0;
+    PlanePoint last = piece.start.at;
+    for (int k = 1; k <= samples && length <= most; ++k) {
+      const PlanePoint next = k == samples ? piece.end.at : sampleOf(piece, k, samples).at;
+      length += lengthOf(next - last);
+      last = next;
+    }
+    return length <= most;
+  }
+
+  // Holds one stroke back, as the next one may go on in its line or circle.
+  void append(const Stroke& stroke) {
+    if (stroke.start == stroke.end) return;
+    if (last_ && areOne(*last_, stroke)) {
+      last_->end = stroke.end;
+      return;
+    }
+    flush();
+    last_ = stroke;
+  }
+
+  void flush() {
+    if (last_) rows_.push_back(rowOf(*last_));
+    last_.reset();
+  }
+
+  static double sweepOf(const Stroke& arc) {
+    const PlanePoint from = arc.start - arc.center;
+    const PlanePoint to = arc.end - arc.center;
+    const double angle = arc.bend * std::atan2(cross(from, to), dot(from, to));
+    return angle < 0 ? angle + 2 * std::numbers::pi : angle;
+  }
+
+  bool isOneArc(const Stroke& a, const Stroke& b) const {
+    return lengthOf(a.center - b.center) <= kSameCenterShare * tolerance_ &&
+           sweepOf(a) + sweepOf(b) <= kMostMergedSweep;
+  }
+
+  bool isOneLine(const Stroke& a, const Stroke& b) const {
+    const PlanePoint along = unitOf(a.end - a.start);
+    const PlanePoint on = b.end - b.start;
+    return dot(along, on) > 0 && std::abs(cross(along, on)) <= kStraightShare * tolerance_;
+  }
+
+  bool areOne(const Stroke& a, const Stroke& b) const {
+    if (a.bend != b.bend) return false;
+    return a.bend == 0 ? isOneLine(a, b) : isOneArc(a, b);
+  }
+
+  const PlaneCurve& curve_;
+  const double tolerance_;
+  std::vector<DxfRow>& rows_;
+  std::size_t pieces_ = 0;
+  std::optional<Stroke> last_;
+};
+
+}  // namespace
+
+void appendBiarcs(const PlaneCurve& curve, double tolerance, std::vector<DxfRow>& rows) {
+  Fit(curve, tolerance, rows).run();
+}
+
+}  // namespace tess

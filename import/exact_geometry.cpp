@@ -1,0 +1,204 @@
+// The exact conversion: through entities and blocks, chain after chain, and the joining at the end.
+#include "import/exact_geometry.h"
+
+#include <algorithm>
+#include <cmath>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "core/text.h"
+#include "import/biarc.h"
+#include "import/block_placement.h"
+#include "import/entity_chain.h"
+#include "import/join_ends.h"
+#include "import/whole_circles.h"
+
+namespace tess {
+namespace {
+
+constexpr std::size_t kDeepestNesting = 64;
+// Blocks of blocks grow without bounds from a small file.
+constexpr int kMostPlaced = 1000000;
+
+constexpr double kMillimetresPerInch = 25.4;
+
+struct FileUnit {
+  int insunits;
+  double millimetres;
+};
+constexpr FileUnit kFileUnits[] = {
+    {1, kMillimetresPerInch},         // inch
+    {2, 12 * kMillimetresPerInch},    // foot
+    {4, 1},                           // millimetre
+    {5, 10},                          // centimetre
+    {6, 1000},                        // metre
+    {8, kMillimetresPerInch / 1e6},   // microinch
+    {9, kMillimetresPerInch / 1000},  // mil
+    {10, 36 * kMillimetresPerInch},   // yard
+    {13, 0.001},                      // micrometre
+    {14, 100},                        // decimetre
+};
+
+bool isBetween(double value, double a, double b) {
+  return value >= std::min(a, b) && value <= std::max(a, b);
+}
+
+class ExactConversion {
+ public:
+  ExactConversion(const DxfDocument& document, DxfRows& rows, const ExactGeometry& options)
+      : document_(document), rows_(rows), options_(options), tolerance_(curveTolerance(options)) {}
+
+  void run() {
+    const Placement inDrawing = scaledBy(unitFactor(document_.insunits, options_.metric));
+    place(inDrawing);
+    if (options_.nearOrigin) place(broughtNear(inDrawing));
+    joinEnds(made_, options_.tolerence);
+    closeCircles(made_, options_.tolerence);
+    for (const PlacedRow& made : made_) {
+      if (rows_.stopped()) return;
+      rows_.begin(*made.entity);
+      rows_.add(made.row);
+    }
+  }
+
+ private:
+  void place(const Placement& inDrawing) {
+    made_.clear();
+    placed_ = 0;
+    lastEnd_.reset();
+    lastPoint_.reset();
+    for (const DxfEntity& entity : document_.Entities) {
+      if (made_.size() >= kMostExactRows) return;
+      convert(entity, inDrawing);
+    }
+  }
+
+  // Moved by whole units, so that round coordinates stay round.
+  Placement broughtNear(Placement placement) const {
+    std::optional<PlanePoint> low;
+    for (const PlacedRow& made : made_) {
+      const PlanePoint start{made.row.x0, made.row.y0};
+      if (!isStorable(start)) continue;
+      if (!low) low = start;
+      low = {std::min(low->x, start.x), std::min(low->y, start.y)};
+    }
+    if (!low) return placement;
+    placement.origin.x -= std::floor(low->x);
+    placement.origin.y -= std::floor(low->y);
+    return placement;
+  }
+
+  void convert(const DxfEntity& entity, const Placement& placement) {
+    const std::string type = upperCased(entity.EntityType);
+    if (type == "POINT") return convertPoint(entity, placement);
+    if (type == "INSERT") return convertInsert(entity, placement);
+    EntityChain chain;
+    if (!chainOf(entity, placement, tolerance_, chain)) return rows_.addUnconverted(type);
+    append(std::move(chain), entity);
+  }
+
+  void convertPoint(const DxfEntity& entity, const Placement& placement) {
+    const PlanePoint at = placement.point({entity.x0, entity.y0, entity.z0});
+    if (lastPoint_ && options_.connectPoints) {
+      made_.push_back(
+          {{.x0 = lastPoint_->x, .y0 = lastPoint_->y, .x1 = at.x, .y1 = at.y}, &entity});
+    }
+    lastPoint_ = lastEnd_ = at;
+  }
+
+  void convertInsert(const DxfEntity& entity, const Placement& placement) {
+    const DxfBlock* const block = document_.block(entity.insert->block);
+    if (block == nullptr) return refuse(entity, "is missing");
+    const bool underway = std::find(open_.begin(), open_.end(), block) != open_.end();
+    if (underway) return refuse(entity, "contains itself");
+    if (open_.size() >= kDeepestNesting) return refuse(entity, "is nested too deeply");
+    open_.push_back(block);
+    insertArray(entity, *block, placement);
+    open_.pop_back();
+  }
+
+  void insertArray(const DxfEntity& entity, const DxfBlock& block, const Placement& placement) {
+    const int columns = std::max(entity.insert->columns, 1);
+    const int lines = std::max(entity.insert->rows, 1);
+    for (int line = 0; line < lines; ++line) {
+      for (int column = 0; column < columns; ++column) {
+        if (isSpent()) return refuse(entity, "has too many parts");
+        ++placed_;
+        placeBlock(block, placement * insertedAt(entity, block.base, column, line));
+      }
+    }
+  }
+
+  void placeBlock(const DxfBlock& block, const Placement& placement) {
+    for (const DxfEntity& entity : block.entities) {
+      if (isSpent()) return;
+      ++placed_;
+      convert(entity, placement);
+    }
+  }
+
+  bool isSpent() const { return made_.size() >= kMostExactRows || placed_ >= kMostPlaced; }
+
+  void refuse(const DxfEntity& insert, const std::string& reason) {
+    rows_.addUnconverted("INSERT (block \"" + insert.insert->block + "\" " + reason + ")");
+  }
+
+  // Chains go on head to tail: one that ends where the last one ended is turned round.
+  void append(EntityChain chain, const DxfEntity& entity) {
+    if (chain.empty()) return;
+    const DxfRow& first = chain.front();
+    const DxfRow& last = chain.back();
+    const bool meetsHere = meetsLastEnd({first.x0, first.y0});
+    if (!meetsHere && meetsLastEnd({last.x1, last.y1})) turnRound(chain);
+    for (const DxfRow& row : chain) made_.push_back({row, &entity});
+    lastEnd_ = {chain.back().x1, chain.back().y1};
+  }
+
+  bool meetsLastEnd(PlanePoint p) const {
+    const double reach = options_.tolerence;
+    return lastEnd_ && isBetween(p.x, lastEnd_->x - reach, lastEnd_->x + reach) &&
+           isBetween(p.y, lastEnd_->y - reach, lastEnd_->y + reach);
+  }
+
+  static void turnRound(EntityChain& chain) {
+    std::reverse(chain.begin(), chain.end());
+    for (DxfRow& row : chain) {
+      std::swap(row.x0, row.x1);
+      std::swap(row.y0, row.y1);
+      if (isArc(row.type)) row.type = kClockwiseArc + kCounterClockwiseArc - row.type;
+    }
+  }
+
+  const DxfDocument& document_;
+  DxfRows& rows_;
+  const ExactGeometry options_;
+  const double tolerance_;
+  std::vector<PlacedRow> made_;
+  std::vector<const DxfBlock*> open_;  // whose content is being placed, outermost first
+  int placed_ = 0;                     // blocks and entities in them so far
+  std::optional<PlanePoint> lastEnd_;
+  std::optional<PlanePoint> lastPoint_;
+};
+
+}  // namespace
+
+double unitFactor(int insunits, bool metric) {
+  for (const FileUnit& unit : kFileUnits) {
+    const double perDrawingUnit = metric ? 1 : kMillimetresPerInch;
+    if (unit.insunits == insunits) return unit.millimetres / perDrawingUnit;
+  }
+  return 1;
+}
+
+double curveTolerance(const ExactGeometry& options) {
+  const double most = options.metric ? 0.025 : 0.001;
+  const double least = most / 1000;  // for a drawing whose tolerance is none
+  return std::clamp<double>(options.tolerence, least, most);
+}
+
+void convertDxfExactly(const DxfDocument& document, DxfRows& rows, const ExactGeometry& options) {
+  ExactConversion(document, rows, options).run();
+}
+
+}  // namespace tess
