@@ -112,15 +112,15 @@ TEST_F(ToolpathRoutines, RowsAreFoundByTheirFields) {
 }
 
 TEST_F(ToolpathRoutines, ReportTellsRowsLengthAndTime) {
-  const std::string job =
+  const std::string placed =
       "store.toolname[0], store.toolname[1] = 'mill', 'drill' "
       "add_segment{type=1} add_path{type=1, x1=6, z=-1, feed=12, code=100} "
       "add_path{type=81, z=0.5, feed=5, code=201} local r = report() ";
-  EXPECT_EQ(outputOf(job + "print(r.segments, r.rows, r.length, r.minutes, #r.tools)"),
+  EXPECT_EQ(outputOf(placed + "print(r.segments, r.rows, r.length, r.minutes, #r.tools)"),
             "1\t2\t6.5\t0.6\t2\n");
-  EXPECT_EQ(outputOf(job + "local t = r.tools[2] print(t.tool, t.name, t.rows, t.length)"),
+  EXPECT_EQ(outputOf(placed + "local t = r.tools[2] print(t.tool, t.name, t.rows, t.length)"),
             "2\tdrill\t1\t0.5\n");
-  EXPECT_EQ(outputOf(job + "print(r.text)"),
+  EXPECT_EQ(outputOf(placed + "print(r.text)"),
             "tool 1, mill: 1 path rows, 6.0 in, 0.5 min\n"
             "tool 2, drill: 1 path rows, 0.5 in, 0.1 min\n"
             "1 segments: 2 path rows, 6.5 in, 0.6 min\n");
