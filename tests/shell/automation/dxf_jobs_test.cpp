@@ -1,0 +1,155 @@
+// Drawings of others all the way to a program: imported, verified, roughed and finished by a
+// script, and the program read back.
+#include <algorithm>
+#include <filesystem>
+#include <memory>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "gtest/gtest.h"
+
+#include "core/file_system.h"
+#include "shell/application.h"
+#include "shell/automation/script_runner.h"
+#include "tests/support/gcode_reader.h"
+#include "tests/support/path_checker.h"
+#include "tests/support/temp_folder.h"
+
+// Without the folder that holds them there is nothing here.
+#ifdef TESSIMO_DXF_FILES
+
+namespace tess {
+namespace {
+
+using testing::TempFolder;
+
+// The outline through (arg[2], arg[3]) is cleared with a tool of radius arg[4] and finished.
+constexpr char kJob[] = R"(
+local px, py, radius = tonumber(arg[2]), tonumber(arg[3]), tonumber(arg[4])
+on_message(function(text) print(text) return "No" end)
+store.cursorgridf = 0
+import_dxf(arg[1], {exact_geometry = true, auto_align = true})
+local x0, y0, x1, y1 = extents()
+setting["part dim x"], setting["part dim y"] = x1, y1
+view { x0, y0, x1, y1 }
+store.toolradius[store.selectedtool] = radius
+setting["final depth"], setting["z cut per pass"], setting["minimum z finish"] = 0.1, 0.1, 0
+setting["tool spacing"], setting["minimum roughing clearance"] = 60, 0
+setting["lead in path"], setting["lead in arc"] = false, false
+setting["pocketing style"] = 1
+setting["connect pocketing paths"] = false -- links run straight across notches
+tool("miSelectContiguous") click(px, py) key("Esc")
+tool("miVerify/AcceptPocket")
+tool("miRoughCutPocket")
+on_form("frmFinishPath", function(form) form.txtNumPasses.text = 1 form.cmdOK:click() end)
+tool("miPlaceFinishPath")
+local row
+for sg = 1, store.NumSegments do
+  if store.segattr[sg] == 30108 and store.segtype[sg] == 1 then row = row or sg end
+end
+click(store.x0[row], store.y0[row])
+click((store.x0[row] + store.x1[row]) / 2, (store.y0[row] + store.y1[row]) / 2)
+click((x0 + x1) / 2, (y0 + y1) / 2)
+save("job.cdm")
+make_cnc("mill", "job.CNC")
+plot("job.png", 800, 600)
+)";
+
+// Half of the last decimal, and what 32-bit numbers of a hundred units add.
+constexpr double kResolution = 1.2e-5;
+
+struct DxfJob {
+  const char* file;
+  const char* x;
+  const char* y;
+  const char* radius;
+};
+
+std::ostream& operator<<(std::ostream& out, const DxfJob& job) {
+  return out << job.file;
+}
+
+struct End {
+  float x = 0, y = 0;
+  friend bool operator==(const End&, const End&) = default;
+};
+
+std::vector<SegmentRow> inLoopOrder(std::vector<SegmentRow> rows) {
+  End at{rows.at(0).x1, rows.at(0).y1};
+  for (auto next = rows.begin() + 1; next != rows.end(); ++next) {
+    const auto found = std::find_if(next, rows.end(), [&at](const SegmentRow& row) {
+      return End{row.x0, row.y0} == at || End{row.x1, row.y1} == at;
+    });
+    if (found == rows.end()) break;
+    std::iter_swap(next, found);
+    const bool forward = End{next->x0, next->y0} == at;
+    at = forward ? End{next->x1, next->y1} : End{next->x0, next->y0};
+  }
+  return rows;
+}
+
+class DxfJobs : public ::testing::TestWithParam<DxfJob> {
+ protected:
+  void run(const std::string& file) {
+    std::filesystem::copy(TESSIMO_SOURCE_DIR "/data", home());
+    std::filesystem::create_directory(home("CNC"));
+    ScriptJob job;
+    job.path = home("job.lua");
+    job.arguments = {file, GetParam().x, GetParam().y, GetParam().radius};
+    job.appfolder = home();
+    const PictureWriter keep = [this](Application& application, const std::string&,
+                                      const PixelSize&) {
+      drawing = std::make_unique<DrawingStore>(application.store);
+    };
+    std::ostringstream err;
+    ASSERT_EQ(runScriptText(job, kJob, keep, out, err), ExitStatus::Done) << err.str();
+  }
+
+  // The verified outline, row by row along the loop.
+  std::vector<SegmentRow> outline() const {
+    std::vector<SegmentRow> rows;
+    for (int sg = 1; sg <= drawing->NumSegments; ++sg) {
+      if (drawing->segattr[sg] == kVerifiedRow) rows.push_back(segmentRow(*drawing, sg));
+    }
+    return inLoopOrder(rows);
+  }
+
+  TempFolder home;
+  std::ostringstream out;
+  std::unique_ptr<DrawingStore> drawing;
+};
+
+TEST_P(DxfJobs, GoFromTheFileToAProgramThatReadsBack) {
+  run(std::string(TESSIMO_DXF_FILES) + "/" + GetParam().file);
+  ASSERT_NE(drawing, nullptr);
+  const testing::PartShape part = testing::partOf(outline());
+  const std::vector<testing::Curve> way = testing::toolWay(*drawing);
+  const double radius = std::stod(GetParam().radius);
+  EXPECT_LE(testing::deepestGouge(part, way, radius).depth, 2e-4);
+  EXPECT_GE(testing::ReachableArea(part, radius).coverageOf(way).share, 0.999);
+  const std::vector<PathRow> placed = testing::placedCuts(*drawing, kResolution);
+  const std::vector<PathRow> read =
+      testing::readCuts(testing::readProgram(readFile(home("CNC/job.CNC"))));
+  EXPECT_EQ(testing::firstDifference(placed, read, {.resolution = kResolution, .joints = 2e-4}),
+            "");
+  EXPECT_EQ(out.str().find("discontinuous"), std::string::npos) << out.str();
+}
+
+// A place on the outline for each, once the drawing's lower left lies at zero.
+INSTANTIATE_TEST_SUITE_P(FilesOfOthers, DxfJobs,
+                         ::testing::Values(DxfJob{"camotics__border.dxf", "51", "0", "2"},
+                                           DxfJob{"voron-0__Bottom_Panel.dxf", "4", "0", "0.25"},
+                                           DxfJob{"voron-0__Mid_Panel.dxf", "4", "0", "0.25"}),
+                         [](const auto& job) {
+                           std::string name = job.param.file;
+                           for (char& c : name) {
+                             if (std::isalnum(static_cast<unsigned char>(c)) == 0) c = '_';
+                           }
+                           return name;
+                         });
+
+}  // namespace
+}  // namespace tess
+
+#endif
