@@ -187,7 +187,7 @@ constexpr Kind kKinds[] = {
 
 const Kind* kindOf(std::string_view type) {
   for (const Kind& kind : kKinds) {
-    if (kind.type == type) return &kind;
+    if (equalIgnoringCase(kind.type, type)) return &kind;
   }
   return nullptr;
 }
@@ -343,7 +343,7 @@ class Reader {
     } else {
       fillSpecial(entity, *kind);
     }
-    if (entity.EntityType == "POLYLINE") readVertices(entity.Vertexes);
+    if (equalIgnoringCase(entity.EntityType, "POLYLINE")) readVertices(entity.Vertexes);
   }
 
   void fillSpecial(DxfEntity& entity, const Kind& kind) {

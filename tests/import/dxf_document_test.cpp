@@ -214,6 +214,21 @@ TEST(DxfDocument, ASplineHasItsPointsKnotsAndWeights) {
   EXPECT_EQ(spline.endTangent.z, 6);
 }
 
+// The conversions take the types in any case, so the fields of a kind must be there too.
+TEST(DxfDocument, KindsAreKnownInAnyCase) {
+  const DxfDocument document = entitiesOf(
+      "0 Spline, 71 2, 0 ellipse, 10 1, 0 insErt, 2 A, 0 LwPolyline, 10 1, 20 2, 0 Polyline, "
+      "0 VERTEX, 10 3, 20 4, 0 SEQEND");
+  ASSERT_EQ(typesOf(document.Entities),
+            (Types{"Spline", "ellipse", "insErt", "LwPolyline", "Polyline"}));
+  ASSERT_NE(document.Entities[0].spline, nullptr);
+  EXPECT_EQ(document.Entities[0].spline->degree, 2);
+  EXPECT_NE(document.Entities[1].ellipse, nullptr);
+  EXPECT_NE(document.Entities[2].insert, nullptr);
+  EXPECT_EQ(document.Entities[3].Vertexes.size(), 1U);
+  EXPECT_EQ(document.Entities[4].Vertexes.size(), 1U);
+}
+
 TEST(DxfDocument, AnEllipseIsWholeUnlessItSaysOtherwise) {
   const DxfDocument document = entitiesOf(
       "0 ELLIPSE, 10 1, 20 2, 11 3, 21 4, 40 0.5, 0 ELLIPSE, 10 1, 11 3, 40 1, 41 0.25, 42 1.5");
