@@ -64,6 +64,11 @@ std::optional<QLineF> clipped(const QLineF& segment, const QRectF& bounds) {
                 to < 1 ? segment.pointAt(to) : segment.p2());
 }
 
+// Before the first view there is no scale, and a place in the world has none on the picture.
+bool hasPlace(QPointF point) {
+  return std::isfinite(point.x()) && std::isfinite(point.y());
+}
+
 QPoint wholePixel(QPointF point) {
   return {static_cast<int>(std::floor(point.x() + 0.5)),
           static_cast<int>(std::floor(point.y() + 0.5))};
@@ -89,7 +94,8 @@ void fillPixels(QImage& picture, const QRect& pixels, QRgb ink) {
 QPolygonF arcPoints(QPointF centre, QSizeF radii, double start, double sweep) {
   const double radius = std::max({radii.width(), radii.height(), kFlatness});
   const double step = 2 * std::acos(std::max(0.0, 1 - kFlatness / radius));
-  const int steps = std::clamp(static_cast<int>(std::ceil(sweep / step)), 3, kMostArcSteps);
+  const double wanted = std::ceil(sweep / step);
+  const int steps = wanted > 3 ? static_cast<int>(std::min<double>(wanted, kMostArcSteps)) : 3;
   QPolygonF points;
   points.reserve(steps + 1);
   for (int at = 0; at <= steps; ++at) {
@@ -306,8 +312,11 @@ void RasterSurface::sharpLine(QPoint from, QPoint to, Rgb color) {
 
 void RasterSurface::box(const WorldBox& corners, Rgb color, bool filled) {
   lastLine_.reset();
-  const QPoint a = drawnIn(devicePoint(corners.x0, corners.y0));
-  const QPoint b = drawnIn(devicePoint(corners.x1, corners.y1));
+  const QPointF from = devicePoint(corners.x0, corners.y0);
+  const QPointF to = devicePoint(corners.x1, corners.y1);
+  if (!hasPlace(from) || !hasPlace(to)) return;
+  const QPoint a = drawnIn(from);
+  const QPoint b = drawnIn(to);
   const QRect pixels(QPoint(std::min(a.x(), b.x()), std::min(a.y(), b.y())),
                      QPoint(std::max(a.x(), b.x()), std::max(a.y(), b.y())));
   if (filled && !isInverting()) {
@@ -361,7 +370,9 @@ void RasterSurface::text(float x, float y, const std::string& text, Rgb color) {
   font.setPixelSize(static_cast<int>(std::lround(kTextHeight * density_)));
   const QFontMetricsF metrics(font);
   const QString letters = QString::fromStdString(text);
-  const QPointF corner = wholePixel(devicePoint(x, y));
+  const QPointF place = devicePoint(x, y);
+  if (!hasPlace(place)) return;
+  const QPointF corner = wholePixel(place);
   const QRectF reach(corner, QSizeF(metrics.horizontalAdvance(letters), metrics.height()));
   QPainter& brush = painter(ink(color), paintsSmoothly());
   if (!state().fontTransparent) brush.fillRect(reach, colorOf(state().backColor));

@@ -3,6 +3,7 @@
 
 #include <cmath>
 #include <gtest/gtest.h>
+#include <limits>
 #include <random>
 #include <string>
 
@@ -317,6 +318,21 @@ TEST(RasterSurface, NothingIsShownWhileRepaintingIsOff) {
   EXPECT_EQ(surface.picture().pixelColor(100, 50), QColor(255, 0, 0));
   EXPECT_EQ(refreshed, 1);
   EXPECT_EQ(painted, 1);
+}
+
+// A redraw may come before the first view is fitted, when the scale is no number.
+TEST(RasterSurface, PlacesThatAreNoNumbersAreNotDrawn) {
+  RasterSurface surface({0, 0, 200, 100});
+  fitScale(surface);
+  const QImage before = surface.picture();
+  constexpr float kNone = std::numeric_limits<float>::quiet_NaN();
+  surface.box({kNone, kNone, 1, 1}, kRed, /*filled=*/true);
+  surface.box({0, 0, kNone, 1}, kRed, /*filled=*/false);
+  surface.line({kNone, 0, 1, 1}, kRed);
+  surface.arc({.x = kNone, .radius = 1}, kRed);
+  surface.arc({.radius = kNone}, kRed);
+  surface.text(kNone, 0, "X", kRed);
+  EXPECT_EQ(surface.picture(), before);
 }
 
 TEST(RasterSurface, TellsWhichPixelsWerePainted) {
