@@ -281,6 +281,7 @@ void RasterSurface::line(const WorldBox& ends, Rgb color) {
   if (ends.x0 == ends.x1 && ends.y0 == ends.y1) return;
   if (isRepeated(ends, color)) return;
   const QLineF whole(devicePoint(ends.x0, ends.y0), devicePoint(ends.x1, ends.y1));
+  if (!hasPlace(whole.p1()) || !hasPlace(whole.p2())) return;
   const std::optional<QLineF> visible = clipped(whole, paintedBounds());
   if (!visible) return;
   if (paintsSmoothly() && !isAlongAxis(*visible)) {
@@ -351,6 +352,7 @@ void RasterSurface::arc(const WorldArc& arc, Rgb color) {
   const QSizeF radii(arc.aspect > 1 ? radius / arc.aspect : radius,
                      arc.aspect > 1 ? radius : radius * arc.aspect);
   const QPointF centre = devicePoint(arc.x, arc.y);
+  if (!hasPlace(centre) || !std::isfinite(radius)) return;
   const QRectF reach(centre - QPointF(radii.width(), radii.height()), radii * 2);
   if (!reach.adjusted(-1, -1, 1, 1).intersects(paintedBounds())) return;
   QPainter& brush = painter(ink(color), paintsSmoothly());
