@@ -1,5 +1,6 @@
 // One drawing or path row as the geometry sees it: a kind and three points.
-// Owns: Entity, lineEntity, isRound, segmentEntity, pathEntity, radiusOf, chordSlope.
+// Owns: Entity, lineEntity, isRound, segmentEntity, pathEntity, segmentRowOf, pathRowOf, radiusOf,
+//       chordSlope.
 #pragma once
 
 #include "core/conventions.h"
@@ -36,6 +37,14 @@ inline Entity pathEntity(const DrawingStore& store, int ps) {
           {store.psx0[ps], store.psy0[ps]},
           {store.psx1[ps], store.psy1[ps]},
           {store.psxc[ps], store.psyc[ps]}};
+}
+
+// The entity as a row that is not in the tables yet; a path row without its code.
+inline SegmentRow segmentRowOf(const Entity& e, int attr = kOrdinaryClass) {
+  return {e.type, attr, e.start.x, e.start.y, e.end.x, e.end.y, e.center.x, e.center.y};
+}
+inline PathRow pathRowOf(const Entity& e, float z, float feed) {
+  return {e.type, e.start.x, e.start.y, e.end.x, e.end.y, e.center.x, e.center.y, z, feed};
 }
 
 // An arc's radius is that of its start point; nearestOnArc alone goes by the end point.

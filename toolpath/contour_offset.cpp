@@ -75,16 +75,7 @@ void insertElements(CamDesk& cam, const OffsetOrder& order, int first,
   std::vector<PathInsertion> rows;
   rows.reserve(elements.size());
   for (const Entity& element : elements) {
-    rows.push_back({first,
-                    {.type = element.type,
-                     .x0 = element.start.x,
-                     .y0 = element.start.y,
-                     .x1 = element.end.x,
-                     .y1 = element.end.y,
-                     .xc = element.center.x,
-                     .yc = element.center.y,
-                     .z = order.z,
-                     .feed = order.feed}});
+    rows.push_back({first, pathRowOf(element, order.z, order.feed)});
   }
   insertPathSegments(cam.store, rows, cam.store.selectedtool);
 }
@@ -125,8 +116,7 @@ void Placement::keep(bool startsStep) {
 void placePathChain(CamDesk& cam, const OffsetOrder& order, const Placement& placement) {
   DrawingStore& store = cam.store;
   if (!order.pocketMode && !order.exactMode) store.currentpathgroup = nextPathGroup(store);
-  if (samePoint(order.start, order.direction, store.cfg_tolerance) &&
-      !isArc(store.segtype[order.sg])) {
+  if (!hasDirection(store, order.sg, order.start, order.direction)) {
     cam.desk.session.host.surroundings.beep();
     return;
   }

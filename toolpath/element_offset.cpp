@@ -57,6 +57,10 @@ Point otherEnd(const DrawingStore& store, int sg, Point start) {
   return samePoint(row.end, start, store.cfg_tolerance) ? row.start : row.end;
 }
 
+bool hasDirection(const DrawingStore& store, int sg, Point start, Point direction) {
+  return isArc(store.segtype[sg]) || !samePoint(start, direction, store.cfg_tolerance);
+}
+
 int sideOfLine(const Entity& line, SideSigns reference) {
   const int alongX = signOf(static_cast<double>(line.end.x) - line.start.x);
   const int alongY = signOf(static_cast<double>(line.end.y) - line.start.y);

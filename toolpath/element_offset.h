@@ -1,6 +1,6 @@
 // Offsetting the rows of an outline one by one and joining what comes out: the steps that placed
 // paths and working outlines share. No table is touched.
-// Owns: signOf, travelledRow, otherEnd, SideSigns, arcSense, sideOfLine, offsetElement, OffsetChain,
+// Owns: signOf, travelledRow, otherEnd, hasDirection, SideSigns, arcSense, sideOfLine, offsetElement, OffsetChain,
 //       OffsetWalk, offsetAlong.
 #pragma once
 
@@ -25,6 +25,10 @@ Entity travelledRow(const DrawingStore& store, int sg, Point start, Point end);
 // Where a walk that enters row `sg` at `start` leaves it; at `start` again if the row is closed on
 // itself.
 Point otherEnd(const DrawingStore& store, int sg, Point start);
+
+// True when a start and a point on the way tell which way to go along row `sg`. An arc's row alone
+// does.
+bool hasDirection(const DrawingStore& store, int sg, Point start, Point direction);
 
 // On which side of a row's nearest point a reference lies, along each axis.
 struct SideSigns {

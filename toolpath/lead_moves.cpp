@@ -80,17 +80,7 @@ Entity leadMove(const DrawingStore& store, Point from, Point to, double normal) 
 }
 
 void insertMove(CamDesk& cam, const LeadOrder& order, int index, const Entity& move) {
-  insertPathSegment(cam.store, index,
-                    {.type = move.type,
-                     .x0 = move.start.x,
-                     .y0 = move.start.y,
-                     .x1 = move.end.x,
-                     .y1 = move.end.y,
-                     .xc = move.center.x,
-                     .yc = move.center.y,
-                     .z = order.z,
-                     .feed = order.feed},
-                    cam.store.selectedtool);
+  insertPathSegment(cam.store, index, pathRowOf(move, order.z, order.feed), cam.store.selectedtool);
 }
 
 // The path then begins and ends in the middle of its first line. Returns the new last row.

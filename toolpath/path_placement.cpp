@@ -47,14 +47,7 @@ std::vector<Entity> waysBetween(const DrawingStore& store, int first, int last) 
 }
 
 PathInsertion linkAfter(const DrawingStore& store, int ps, const Entity& way) {
-  return {ps + 1,
-          {.type = kLine,
-           .x0 = way.start.x,
-           .y0 = way.start.y,
-           .x1 = way.end.x,
-           .y1 = way.end.y,
-           .z = store.psz[ps],
-           .feed = store.psfeed[ps]}};
+  return {ps + 1, pathRowOf(way, store.psz[ps], store.psfeed[ps])};
 }
 
 std::vector<PathInsertion> linksBetween(const DrawingStore& store, int first, int last) {

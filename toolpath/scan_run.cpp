@@ -95,14 +95,9 @@ ScanPath::ScanPath(CamDesk& cam, float feed)
       code_(cam.store.currentpathgroup * kCodesPerGroup + cam.store.selectedtool) {}
 
 void ScanPath::place(Point from, Point to, float z) {
-  addPathSegment(cam_.store, {.type = kLine,
-                              .x0 = from.x,
-                              .y0 = from.y,
-                              .x1 = to.x,
-                              .y1 = to.y,
-                              .z = z,
-                              .feed = feed_,
-                              .code = code_});
+  PathRow row = pathRowOf(lineEntity(from, to), z, feed_);
+  row.code = code_;
+  addPathSegment(cam_.store, row);
   logPathSegment(cam_.changelog, cam_.store, cam_.store.NumPathSegments, "A", startsStep_);
   startsStep_ = false;
 }

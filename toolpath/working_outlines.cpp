@@ -44,9 +44,7 @@ void appendRows(CamDesk& cam, const OffsetChain& chain, int attr) {
   SegmentPainter painter(cam.desk.renderer, cam.desk.ScreenProxy);
   const std::vector<std::size_t>& bridges = chain.bridges();
   for (std::size_t k = 0; k < chain.elements().size(); ++k) {
-    const Entity& e = chain.elements()[k];
-    const SegmentRow row{e.type,  attr,    e.start.x,  e.start.y,
-                         e.end.x, e.end.y, e.center.x, e.center.y};
+    const SegmentRow row = segmentRowOf(chain.elements()[k], attr);
     if (std::binary_search(bridges.begin(), bridges.end(), k)) {
       insertSegment(cam.store, cam.store.NumSegments + 1, row);
     } else {
@@ -60,8 +58,7 @@ void appendRows(CamDesk& cam, const OffsetChain& chain, int attr) {
 void offsetSegChain(CamDesk& cam, ChainWalk& rows, const OutlineOffset& order) {
   const Procedure here("frmMain.offsetSegChain(sg,xs,ys,xd,yd,attr,distance,target)");
   DrawingStore& store = cam.store;
-  if (samePoint(order.start, order.direction, store.cfg_tolerance) &&
-      !isArc(store.segtype[order.sg])) {
+  if (!hasDirection(store, order.sg, order.start, order.direction)) {
     cam.desk.session.host.surroundings.beep();
     return;
   }
