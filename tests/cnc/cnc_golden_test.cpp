@@ -10,6 +10,7 @@
 #include "core/file_system.h"
 #include "tests/cnc/cnc_fixture.h"
 #include "tests/support/golden.h"
+#include "tests/support/source_folder.h"
 
 namespace tess::testing {
 namespace {

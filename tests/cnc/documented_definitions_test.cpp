@@ -7,6 +7,7 @@
 
 #include "core/file_system.h"
 #include "tests/cnc/cnc_fixture.h"
+#include "tests/support/source_folder.h"
 
 namespace tess::testing {
 namespace {

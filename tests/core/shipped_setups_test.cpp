@@ -8,6 +8,7 @@
 #include "core/lifecycle.h"
 #include "core/setup_file.h"
 #include "tests/support/recording_session.h"
+#include "tests/support/source_folder.h"
 
 namespace tess::testing {
 namespace {

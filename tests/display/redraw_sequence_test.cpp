@@ -3,6 +3,7 @@
 
 #include "core/file_system.h"
 #include "tests/display/display_bench.h"
+#include "tests/support/source_folder.h"
 
 namespace tess {
 namespace {

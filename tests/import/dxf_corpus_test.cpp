@@ -13,6 +13,7 @@
 #include "core/text.h"
 #include "import/frmDXF.h"
 #include "tests/support/drafting_desk.h"
+#include "tests/support/source_folder.h"
 
 namespace tess {
 namespace {

@@ -10,6 +10,7 @@
 #include "shell/virtual_screen.h"
 #include "tests/qt/desktop_test_support.h"
 #include "tests/support/recording_host.h"
+#include "tests/support/source_folder.h"
 #include "tests/support/temp_folder.h"
 
 namespace tess {

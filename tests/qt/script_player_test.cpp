@@ -16,6 +16,7 @@
 #include "shell/qt/plot.h"
 #include "shell/qt/theme.h"
 #include "tests/qt/desktop_test_support.h"
+#include "tests/support/source_folder.h"
 #include "tests/support/temp_folder.h"
 
 namespace tess {

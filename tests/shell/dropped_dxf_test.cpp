@@ -4,6 +4,7 @@
 #include "core/lifecycle.h"
 #include "import/frmDXF.h"
 #include "tests/support/running_program.h"
+#include "tests/support/source_folder.h"
 
 namespace tess {
 namespace {

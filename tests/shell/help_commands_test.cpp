@@ -8,6 +8,7 @@
 #include "shell/commands.h"
 #include "shell/virtual_screen.h"
 #include "tests/support/recording_host.h"
+#include "tests/support/source_folder.h"
 #include "tests/support/temp_folder.h"
 
 namespace tess {

@@ -7,6 +7,7 @@
 
 #include "shell/virtual_screen.h"
 #include "tests/support/recording_host.h"
+#include "tests/support/source_folder.h"
 #include "tests/support/temp_folder.h"
 
 namespace tess {

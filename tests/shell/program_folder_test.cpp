@@ -8,6 +8,7 @@
 
 #include "core/file_system.h"
 #include "core/runtime_failure.h"
+#include "tests/support/source_folder.h"
 #include "tests/support/temp_folder.h"
 
 namespace tess {

@@ -8,6 +8,7 @@
 #include "core/file_system.h"
 #include "tests/cnc/cnc_fixture.h"
 #include "tests/geometry/scenes.h"
+#include "tests/support/source_folder.h"
 
 namespace tess::testing {
 namespace {

@@ -9,6 +9,7 @@
 #include "gtest/gtest.h"
 
 #include "core/file_system.h"
+#include "tests/support/source_folder.h"
 
 namespace tess::testing {
 

@@ -11,6 +11,7 @@
 #include "gtest/gtest.h"
 
 #include "shell/automation/script_runner.h"
+#include "tests/support/source_folder.h"
 #include "tests/support/temp_folder.h"
 
 namespace tess::testing {

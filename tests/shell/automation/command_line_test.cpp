@@ -4,6 +4,7 @@
 #include "gtest/gtest.h"
 
 #include "tests/support/script_run.h"
+#include "tests/support/source_folder.h"
 
 namespace tess {
 namespace {

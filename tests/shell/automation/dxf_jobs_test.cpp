@@ -14,6 +14,7 @@
 #include "shell/automation/script_runner.h"
 #include "tests/support/gcode_reader.h"
 #include "tests/support/path_checker.h"
+#include "tests/support/source_folder.h"
 #include "tests/support/temp_folder.h"
 
 // Without the folder that holds them there is nothing here.

@@ -17,6 +17,7 @@
 #include "tests/support/gcode_reader.h"
 #include "tests/support/golden.h"
 #include "tests/support/path_checker.h"
+#include "tests/support/source_folder.h"
 #include "tests/support/temp_folder.h"
 
 namespace tess {

@@ -12,6 +12,7 @@
 #include "core/number_text.h"
 #include "shell/automation/file_jobs.h"
 #include "shell/automation/script_runner.h"
+#include "tests/support/source_folder.h"
 #include "tests/support/temp_folder.h"
 
 namespace tess {
