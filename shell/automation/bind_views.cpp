@@ -41,7 +41,7 @@ void plot(Script& script, const std::string& file, std::optional<int> width,
   Application& application = script.application;
   std::string folder = application.store.drawingpath;
   const std::string name = splitPath(folder, file, kPictureExtension);
-  requireAllowed(script.folders, folder + name);
+  requireWritable(script, folder + name, FileKind::Picture);
   const SurfaceArea area = application.interaction.ScreenProxy.surface().area();
   const PixelSize size{width.value_or(static_cast<int>(area.width)),
                        height.value_or(static_cast<int>(area.height))};

@@ -4,6 +4,7 @@
 #include <exception>
 #include <new>
 
+#include "core/file_writer.h"
 #include "shell/automation/reports.h"
 
 namespace tess {
@@ -88,6 +89,15 @@ void raise(lua_State* L, std::string_view text) {
 
 void requireAllowed(const AllowedFolders& folders, std::string_view path) {
   if (const auto refusal = folders.refusal(path)) throw ScriptMisuse(*refusal);
+}
+
+void requireWritable(Script& script, const std::string& path, FileKind kind) {
+  requireAllowed(script.folders, path);
+  try {
+    FilePlace(script.host.guard, path, kind);
+  } catch (const RuntimeFailure&) {
+    takeCallChain();  // the write itself tells it better
+  }
 }
 
 }  // namespace tess

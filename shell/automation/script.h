@@ -1,7 +1,7 @@
 // What the functions of one running script share, and the one door between Lua and the program:
 // every function that a script can call goes through runGuarded.
 // Owns: Script, scriptOf, setScript, limitInstructions, ProgramClosed, Body, runGuarded, guarded, raise,
-//       ScriptMisuse, requireAllowed.
+//       ScriptMisuse, requireAllowed, requireWritable.
 #pragma once
 
 #include <deque>
@@ -72,5 +72,9 @@ class ScriptMisuse : public std::runtime_error {
 
 // Throws ScriptMisuse for a file that the script may not touch.
 void requireAllowed(const AllowedFolders& folders, std::string_view path);
+
+// The same before a command that will write such a file, so that nothing has changed when the
+// write would be refused.
+void requireWritable(Script& script, const std::string& path, FileKind kind);
 
 }  // namespace tess

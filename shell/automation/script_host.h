@@ -13,6 +13,7 @@
 
 #include "core/host.h"
 #include "core/timers.h"
+#include "shell/automation/script_guard.h"
 #include "shell/automation/script_prompts.h"
 #include "shell/error_reporting.h"
 
@@ -95,6 +96,7 @@ struct ScriptHost {
         surroundings(platform),
         reporting(reports, clock, shownAsMessages()),
         failures(reporting, [this] { showReports(); }),
+        guard(folders),
         host{prompts, clock, surroundings, failures, guard} {}
 
   // The reports that have come since the last call, as messages of the kind "error".
@@ -108,7 +110,7 @@ struct ScriptHost {
   CollectedReports reports;
   HuntERR reporting;
   ScriptFailures failures;
-  NoGuard guard;
+  ScriptGuard guard;
   Host host;
 };
 

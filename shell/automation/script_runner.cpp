@@ -174,6 +174,7 @@ class Attached {
     parts_.application.interaction.statusBar.onText = nullptr;
     parts_.host.surroundings.onBeep = nullptr;
     parts_.host.prompts.detach();
+    parts_.host.guard.detach();
     parts_.host.prompts.stage = nullptr;
   }
   Attached(const Attached&) = delete;
@@ -195,7 +196,7 @@ AllowedFolders foldersOf(const ScriptJob& job) {
   AllowedFolders folders;
   folders.allow(folderOf(job));
   folders.allow(job.appfolder + "CNC");
-  folders.allowSetupsOf(job.appfolder);
+  folders.setProgramFolder(job.appfolder);
   for (const std::string& folder : job.folders) folders.allow(folder);
   for (const std::string& argument : job.arguments) folders.allowNamedBy(argument);
   return folders;

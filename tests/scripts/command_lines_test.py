@@ -129,6 +129,34 @@ class CommandLines(unittest.TestCase):
         self.assertEqual((played.returncode, played.stdout), (1, ""))
         self.assertRegex(played.stderr, r"^tessimo: play\.lua:2: [^\n]+\n$")
 
+    def test_a_handler_that_moves_the_drawing_gets_nothing_out(self) -> None:
+        for command in ("tool('miNew')", "tool('miOpen')", "tool('miExit')", "tool('miLoadSetup')",
+                        "make_cnc('mill')"):
+            for work in ("--run", "--play"):
+                with self.subTest(command=command, work=work), \
+                        tempfile.TemporaryDirectory(prefix="tessimo-") as name:
+                    outside = Path(name)
+                    (outside / ".bashrc").write_text("good")
+                    script = f"""
+                        add_path{{type=1, x1=2, y1=1, z=-0.25, feed=10, code=100}}
+                        store.drawingsaved = false
+                        on_message(function()
+                          store.drawingpath, store.drawingname = "{outside}/", ".bashrc"
+                          return "Yes"
+                        end)
+                        {command}
+                    """
+                    (self.work / "play.lua").write_text(script)
+                    run = (self.play(script) if work == "--play" else self.run_program(
+                        "--home", str(self.home), "--run", "play.lua"))
+                    self.assertEqual(run.returncode, 1)
+                    self.assertEqual(
+                        run.stderr, f"tessimo: play.lua:8: '{outside}/.bashrc' is outside the "
+                        "folders that this script may use: those named on the command line, the "
+                        "script's own and the drawing folder\n")
+                    self.assertEqual([file.name for file in outside.iterdir()], [".bashrc"])
+                    self.assertEqual((outside / ".bashrc").read_text(), "good")
+
     def test_the_window_of_a_script_needs_a_display_and_a_script(self) -> None:
         (self.work / "play.lua").write_text("")
         self.assert_fails(1, "none.lua: File not found", "--home", str(self.home),
