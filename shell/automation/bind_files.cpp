@@ -48,6 +48,7 @@ string folderHolding(const Script& script, const string& name) {
 
 FileName fileNamed(const Script& script, lua_State* L, const string& path, const char* extension,
                    FolderRule folderOfBareName) {
+  requireSensiblePath(path);
   FileName file{.folder = {}, .name = {}};
   file.name = splitPath(file.folder, path, extension);
   if (file.name.empty()) raise(L, "'" + path + "' names no file");

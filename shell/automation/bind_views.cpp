@@ -39,6 +39,7 @@ void requireUsable(const PixelSize& size) {
 void plot(Script& script, const std::string& file, std::optional<int> width,
           std::optional<int> height) {
   Application& application = script.application;
+  requireSensiblePath(file);
   std::string folder = application.store.drawingpath;
   const std::string name = splitPath(folder, file, kPictureExtension);
   requireWritable(script, folder + name, FileKind::Picture);

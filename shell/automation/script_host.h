@@ -48,11 +48,14 @@ class QuietSurroundings : public Surroundings {
   std::function<void()> onServe;
 };
 
-// Counts the beeps on their way to whoever sounds them.
+// Counts the beeps on their way to whoever sounds them, and tells of long work.
 class CountedSurroundings : public Surroundings {
  public:
   explicit CountedSurroundings(Surroundings& inner) : inner_(inner) {}
-  void serveEvents() override { inner_.serveEvents(); }
+  void serveEvents() override {
+    pause();
+    inner_.serveEvents();
+  }
   void beep() override {
     ++beeps;
     if (onBeep) onBeep(beeps);
@@ -60,8 +63,14 @@ class CountedSurroundings : public Surroundings {
   }
   void printOnMainWindow(const std::string& text) override { inner_.printOnMainWindow(text); }
 
+  // A moment in which a script that has run too long may be ended.
+  void pause() {
+    if (onServe) onServe();
+  }
+
   long long beeps = 0;
   std::function<void(long long)> onBeep;
+  std::function<void()> onServe;
 
  private:
   Surroundings& inner_;
