@@ -45,7 +45,7 @@ void noteSavedCounts(DrawingStore& store) {
 
 std::optional<FieldReader> openDrawing(Session& session, const std::string& path) {
   try {
-    return FieldReader::open(path);
+    return FieldReader::open(path, kLargestDrawing);
   } catch (const RuntimeFailure& failure) {
     takeCallChain();
     session.host.prompts.showMessage(
@@ -74,7 +74,7 @@ void readPathFile(Session& session) {
   const std::string name = pathFileName(session.selectedname);
   const std::string path = session.selectedfolder + name;
   if (name.empty() || !fileExists(path)) return;
-  FieldReader fields = FieldReader::open(path);
+  FieldReader fields = FieldReader::open(path, kLargestDrawing);
   readPaths(session.store, fields);
 }
 

@@ -76,6 +76,7 @@ struct Session {
   std::string selectedfolder, selectedname;  // what the next load will use
   std::string lastfilename;                  // full path of the drawing chosen last, for a revert
   std::string setuppath, setupname;          // the setup in force: as named, and its file name
+  std::string setupplace;                    // file and line that name it; empty: chosen by hand
   std::string productname = "Tessimo Mill";
   std::string companyname;
   RecentFiles recentfiles;
