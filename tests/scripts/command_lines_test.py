@@ -7,6 +7,7 @@ Usage: command_lines_test.py PROGRAM
 import os
 import resource
 import shutil
+import socket
 import subprocess
 import sys
 import tempfile
@@ -331,6 +332,31 @@ class CommandLines(unittest.TestCase):
         run = self.run_program(DISPLAY="", WAYLAND_DISPLAY="", QT_QPA_PLATFORM="")
         self.assertEqual(run.returncode, 1)
         self.assertRegex(run.stderr, r"^tessimo: [^\n]+\n$")
+
+    def test_a_display_that_cannot_be_reached_is_one_line(self) -> None:
+        (self.work / "play.lua").write_text("print('never')")
+        line = "tessimo: the display {} cannot be reached; tessimo --help tells what it does " \
+            "without one\n"
+        nowhere = {"DISPLAY": ":4711", "WAYLAND_DISPLAY": "", "QT_QPA_PLATFORM": ""}
+        for variables, name in ((nowhere, ":4711"),
+                                (nowhere | {"DISPLAY": "", "WAYLAND_DISPLAY": "none"}, "none"),
+                                (nowhere | {"QT_QPA_PLATFORM": "xcb"}, ":4711 (xcb)"),
+                                (nowhere | {"DISPLAY": "", "QT_QPA_PLATFORM": "nonsense"},
+                                 "nonsense")):
+            for job in ([], ["--play", "play.lua"]):
+                with self.subTest(name=name, job=job):
+                    run = self.run_program("--home", str(self.home), *job, **variables)
+                    self.assertEqual((run.returncode, run.stdout, run.stderr),
+                                     (1, "", line.format(name)))
+
+    def test_a_display_that_never_answers_is_given_up(self) -> None:
+        with socket.create_server(("127.0.0.1", 0)) as silent:
+            # Displays have ports from 6000 on; the number may be any.
+            name = f"127.0.0.1:{silent.getsockname()[1] - 6000}"
+            run = self.run_program("--home", str(self.home), DISPLAY=name, QT_QPA_PLATFORM="xcb")
+        self.assertEqual((run.returncode, run.stdout), (1, ""))
+        self.assertEqual(run.stderr, f"tessimo: the display {name} (xcb) cannot be reached; "
+                         "tessimo --help tells what it does without one\n")
 
 
 if __name__ == "__main__":
