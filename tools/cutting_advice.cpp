@@ -140,7 +140,7 @@ double chipThinning(double stepOver) {
 }
 
 double stepOverShare(const DrawingSettings& settings, double diameter) {
-  if (settings.cfg_cut_width_type != kStepByDistance) return settings.cfg_tool_spacing / 100;
+  if (settings.cfg_cut_width_type != kStepByDistance) return settings.cfg_tool_spacing / 100.0;
   return diameter > 0 ? settings.cfg_tool_spacing_distance / diameter : 0;
 }
 
@@ -177,7 +177,8 @@ std::string adviceText(const CuttingAdvice& advice, const CuttingConditions& con
   if (advice.spindle < advice.rightSpindle) {
     text += ", the highest (right would be " + std::to_string(advice.rightSpindle) + ")";
   }
-  text += "\nChip load for this diameter: " + chipText(advice, metric) + " per tooth";
+  text += conditions.type == MillType::Face ? "\nChip load: " : "\nChip load for this diameter: ";
+  text += chipText(advice, metric) + " per tooth";
   text += "\nFeed: " + plainText(advice.roughingFeed) + perMinute + " roughing, " +
           plainText(advice.finishingFeed) + perMinute + " finishing";
   if (advice.thinning > 1) {

@@ -2,7 +2,6 @@
 #include "tools/jet_import.h"
 
 #include <cerrno>
-#include <chrono>
 #include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
@@ -16,10 +15,6 @@
 
 namespace tess {
 namespace {
-
-// Far more than a loaded machine needs for a good file; the reader itself counts the time that it
-// really works, and ends earlier.
-constexpr std::chrono::seconds kLongestWait{10};
 
 // Above the three that a process begins with, so that none is overwritten while they are set up.
 Descriptor aboveStandard(int descriptor) {
@@ -51,6 +46,7 @@ class FileActions {
   void discard(int standard) {
     ::posix_spawn_file_actions_addopen(&actions_, standard, "/dev/null", O_WRONLY, 0);
   }
+  void closeOthers() { ::posix_spawn_file_actions_addclosefrom_np(&actions_, STDERR_FILENO + 1); }
   const posix_spawn_file_actions_t* get() const { return &actions_; }
 
  private:
@@ -97,6 +93,7 @@ class ReaderProcess {
     files.become(input.number(), STDIN_FILENO);
     files.become(output.number(), STDOUT_FILENO);
     files.discard(STDERR_FILENO);
+    files.closeOthers();
     std::string program = reader;
     std::string option = kReadJetOption;
     char* const arguments[] = {program.data(), option.data(), nullptr};
@@ -154,14 +151,15 @@ bool lacksBytes(std::string_view bytes) {
 
 }  // namespace
 
-std::optional<std::string> readJetFile(int file, const std::string& reader) {
+std::optional<std::string> readJetFile(int file, const std::string& reader,
+                                       std::chrono::milliseconds wait) {
   const Descriptor input = aboveStandard(file);
   Pipe pipe = makePipe();
   if (!input.isOpen() || !pipe.reading.isOpen() || !pipe.writing.isOpen()) return std::nullopt;
   const ReaderProcess process(reader, input, pipe.writing);
   pipe.writing.close();
   if (!process.started()) return std::nullopt;
-  const Moment end = std::chrono::steady_clock::now() + kLongestWait;
+  const Moment end = std::chrono::steady_clock::now() + wait;
   std::string bytes;
   while (lacksBytes(bytes) && readMore(pipe.reading, bytes, end)) {
   }

@@ -46,7 +46,6 @@ void limit(decltype(RLIMIT_CPU) resource, rlim_t value) {
 void confine() {
   ::prctl(PR_SET_PDEATHSIG, SIGKILL);
   ::prctl(PR_SET_DUMPABLE, 0);
-  ::close_range(STDERR_FILENO + 1, ~0U, 0);
   limit(RLIMIT_CORE, 0);
   limit(RLIMIT_CPU, kProcessorSeconds);
   limit(RLIMIT_FSIZE, 0);

@@ -10,6 +10,8 @@
 #include <string>
 #include <vector>
 
+#include "core/number_text.h"
+#include "core/text.h"
 #include "tests/support/source_folder.h"
 #include "tests/support/temp_folder.h"
 #include "tools/speeds_feeds.h"
