@@ -190,4 +190,10 @@ std::string adviceText(const CuttingAdvice& advice, const CuttingConditions& con
   return text;
 }
 
+std::string chipRangeText(const CuttingFigures& figures) {
+  if (!(figures.chipMax > 0)) return {};
+  return number(figures.chipMin, "0.0####") + " to " + number(figures.chipMax, "0.0####") +
+         " in per tooth";
+}
+
 }  // namespace tess
