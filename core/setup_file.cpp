@@ -4,6 +4,7 @@
 #include <cmath>
 #include <optional>
 
+#include "core/core_commands.h"
 #include "core/drawing_file.h"
 #include "core/file_system.h"
 #include "core/lifecycle.h"
@@ -348,5 +349,34 @@ void mnuOptionsRevertSaved_Click(Session& session) {
   applydefaults(session);
   session.listener.recover();
 }
+
+// ---- Descriptors
+
+constexpr SessionCommand kSaveAsDefaultCommand{
+    .info = {.tool = "miSaveAsDefault", .caption = "Save as &Default", .menu = {"miOptions", 210}},
+    .run = mnuOptionsSaveAsDefault_Click,
+};
+
+constexpr SessionCommand kRevertToDefaultsCommand{
+    .info = {.tool = "miReverttoSavedDefaults",
+             .caption = "&Revert to Saved Defaults",
+             .menu = {"miOptions", 220}},
+    .run = mnuOptionsRevertSaved_Click,
+};
+
+constexpr SessionCommand kLoadSetupCommand{
+    .info = {.tool = "miLoadSetup", .caption = "&Load Setup...", .menu = {"miOptions", 230}},
+    .run = mnuOptionLoadSetup_Click,
+};
+
+constexpr SessionCommand kSaveSetupCommand{
+    .info = {.tool = "miSaveSetup", .caption = "&Save Setup", .menu = {"miOptions", 240}},
+    .run = mnuOptionsSaveSetup_Click,
+};
+
+constexpr SessionCommand kSaveSetupAsCommand{
+    .info = {.tool = "miSaveSetupAs", .caption = "Save Setup &As...", .menu = {"miOptions", 250}},
+    .run = mnuOptionsSaveSetupAs_Click,
+};
 
 }  // namespace tess

@@ -6,6 +6,7 @@
 
 #include "core/file_system.h"
 #include "core/lifecycle.h"
+#include "shell/shell_commands.h"
 
 namespace tess {
 namespace {
@@ -69,5 +70,17 @@ void SaveLayoutAs(Application& application) {
   if (!path || !mayWrite(application.session, *path)) return;
   writeFile(*path, application.interaction.tools.layoutText());
 }
+
+// ---- Descriptors
+
+constexpr ShellCommand kLoadLayoutCommand{
+    .info = {.tool = "miLoadLayout", .caption = "Load La&yout...", .menu = {"miOptions", 310}},
+    .run = miLoadLayout_Click,
+};
+
+constexpr ShellCommand kSaveLayoutAsCommand{
+    .info = {.tool = "miSaveLayoutAs", .caption = "Save Layout As...", .menu = {"miOptions", 320}},
+    .run = SaveLayoutAs,
+};
 
 }  // namespace tess
