@@ -32,7 +32,8 @@ std::vector<FileReplacement> pairToWrite(DrawingStore& store) {
   const std::string pathname = pathFileName(store.drawingname);
   if (pathname.empty()) return files;
   // Without rows there shall be no path file: a stale one would come back at the next load.
-  FileReplacement& paths = files.emplace_back(FileReplacement{store.drawingpath + pathname, {}});
+  FileReplacement& paths = files.emplace_back(FileReplacement{
+      .path = store.drawingpath + pathname, .content = {}, .kind = FileKind::Companion});
   if (store.NumPathSegments > 0) appendPaths(paths.content.emplace(), store);
   return files;
 }
@@ -137,7 +138,7 @@ void save_Drawing(Session& session) {
   DrawingStore& store = session.store;
   if (store.drawingname.empty()) return;
   if (store.NumSegments > 0) roundall(store);
-  replaceWithBackup(pairToWrite(store));
+  replaceWithBackup(session.host.guard, pairToWrite(store));
   noteSavedCounts(store);
   session.lastfilename = store.drawingpath + store.drawingname;
   addRecent(session, session.lastfilename);

@@ -7,8 +7,8 @@
 #include "core/date_text.h"
 #include "core/drawing_file.h"
 #include "core/file_system.h"
+#include "core/file_writer.h"
 #include "core/recent_files.h"
-#include "core/replace_files.h"
 #include "core/setup_file.h"
 #include "core/text.h"
 #include "core/units.h"
@@ -277,8 +277,8 @@ void App_EXIT(Session& session, std::string_view siblingName) {
     return;
   }
   const std::string drawing = session.store.drawingpath + session.store.drawingname;
-  replaceFile(session.appfolder + "swaptmp.dat",
-              onOneLine(sibling) + "\r\n" + onOneLine(drawing) + "\r\n");
+  writeFile(session.host.guard, session.appfolder + "swaptmp.dat", FileKind::Record,
+            onOneLine(sibling) + "\r\n" + onOneLine(drawing) + "\r\n");
   file_EXIT(session);
 }
 
@@ -332,7 +332,10 @@ void dropFiles(Session& session, std::span<const std::string> names) {
 void mnuFileDelete_Click(Session& session) {
   const Procedure here("mnuFileDelete_Click()");
   const std::string drawingname = session.store.drawingname;
-  if (select_file(session)) deleteFile(session.selectedfolder + session.selectedname);
+  if (select_file(session)) {
+    removeFile(session.host.guard, session.selectedfolder + session.selectedname,
+               FileKind::Drawing);
+  }
   session.store.drawingname = drawingname;
 }
 

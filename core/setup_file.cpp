@@ -6,9 +6,9 @@
 
 #include "core/drawing_file.h"
 #include "core/file_system.h"
+#include "core/file_writer.h"
 #include "core/lifecycle.h"
 #include "core/number_text.h"
-#include "core/replace_files.h"
 #include "core/rounding.h"
 #include "core/settings.h"
 #include "core/text.h"
@@ -192,7 +192,7 @@ void loadSetupFile(Session& session) {
 }
 
 void saveSetupFile(Session& session) {
-  replaceFile(setupFile(session), setupText(session));
+  writeFile(session.host.guard, setupFile(session), FileKind::Setup, setupText(session));
   session.store.setupchanged = false;
 }
 
@@ -260,8 +260,8 @@ void load_setup(Session& session) {
 void save_defaults(Session& session) {
   const Procedure here("save_defaults()");
   nameSetupIfBlank(session);
-  replaceFile(defaultsFile(session),
-              std::string(kDefaultsVersion) + "\r\n" + onOneLine(session.setupname) + "\r\n");
+  writeFile(session.host.guard, defaultsFile(session), FileKind::Setup,
+            std::string(kDefaultsVersion) + "\r\n" + onOneLine(session.setupname) + "\r\n");
   SetupTESS(session, "S");
 }
 

@@ -74,7 +74,8 @@ struct JobHost {
   QuietSurroundings surroundings;
   HuntERR reporting{prompts, clock, quietReporting()};
   JobFailures failures{reporting, prompts.texts};
-  Host host{prompts, clock, surroundings, failures};
+  NoGuard guard;
+  Host host{prompts, clock, surroundings, failures, guard};
 };
 
 std::string lastOf(const std::vector<std::string>& texts) {

@@ -95,7 +95,7 @@ struct ScriptHost {
         surroundings(platform),
         reporting(reports, clock, shownAsMessages()),
         failures(reporting, [this] { showReports(); }),
-        host{prompts, clock, surroundings, failures} {}
+        host{prompts, clock, surroundings, failures, guard} {}
 
   // The reports that have come since the last call, as messages of the kind "error".
   void showReports();
@@ -108,6 +108,7 @@ struct ScriptHost {
   CollectedReports reports;
   HuntERR reporting;
   ScriptFailures failures;
+  NoGuard guard;
   Host host;
 };
 

@@ -26,6 +26,7 @@ using ::testing::HasSubstr;
 using testing::numberOfFailure;
 using testing::TestSession;
 using testing::WithoutRootRights;
+using testing::writeFile;
 
 const char kOlder[] =
     "Drawing was created with older version of this software! ~~You may need to adjust the grid "
