@@ -152,6 +152,7 @@ void Main(Session& session, std::string_view commandLine, std::string_view progr
   const Procedure here("Main()");
   session.formats = {};
   session.store = DrawingStore();
+  session.opened = {};
   session.starttime = session.host.clock.elapsedMilliseconds();
   session.cmdline = withoutQuotes(commandLine);
   session.startupdone = false;
@@ -197,6 +198,7 @@ void new_drawing(Session& session) {
   listener.Update_menu_checks();
   store.NumSegments = 0;
   store.drawingname.clear();
+  session.opened = {};
   ensureSegmentCapacity(store, 2);
   store.drawingsaved = true;
   store.savedpaths = 0;
