@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "cnc/cnc_program.h"
+#include "cnc/program_text.h"
 #include "core/field_reader.h"
 #include "core/runtime_failure.h"
 #include "core/units.h"

@@ -11,7 +11,7 @@ namespace tess {
 struct ToolShare {
   int tool = 0;        // index from 0
   int rows = 0;        // of the tool, rapids among them
-  double length = 0;   // of the feed moves, in drawing units; a cycle counts with its depth
+  double length = 0;   // of the rows' feed moves, in drawing units; a cycle counts with its depth
   double minutes = 0;  // for these, at the feed of each row
 };
 
@@ -23,6 +23,7 @@ struct PathReport {
 
 // Rapids, tool changes, plunges and the speeding up of the machine take time too, which nobody
 // knows here: the minutes are the least that the job can take. Rows without a feed take none.
+// Raises what tellMotions raises.
 PathReport reportPaths(const DrawingStore& store);
 
 }  // namespace tess

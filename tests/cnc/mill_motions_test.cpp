@@ -1,5 +1,5 @@
-// The moving part of a mill program.
-#include "cnc/mill_body.h"
+// The moving part of a mill program: its motions, and the lines that come of them.
+#include "cnc/mill_motions.h"
 
 #include <limits>
 #include <string>
@@ -7,7 +7,9 @@
 #include "gmock/gmock.h"
 #include "gtest/gtest.h"
 
+#include "cnc/program_motions.h"
 #include "tests/cnc/cnc_fixture.h"
+#include "tests/cnc/recorded_motions.h"
 #include "tests/support/failure_of.h"
 
 namespace tess::testing {
@@ -19,24 +21,24 @@ using ::testing::IsEmpty;
 using ::testing::Not;
 using ::testing::StartsWith;
 
-using MillBodyTest = CncFixture;
+using MillMotionsTest = CncFixture;
 
 const std::string kBar(75, '-');
 
-TEST_F(MillBodyTest, OneRapidRowStillGivesPositionsAndTheWholeFrame) {
+TEST_F(MillMotionsTest, OneRapidRowStillGivesPositionsAndTheWholeFrame) {
   place({.type = kRapid, .x0 = 1, .y0 = 1, .x1 = 2, .y1 = 1, .z = 0.25F, .feed = 9});
   EXPECT_THAT(body(),
               ElementsAre("G70", "G90", "G75", "", kBar, "     << Tool #1 code >>", kBar, "M06 T1",
                           "G00 Z0.5", "G00 X1.0 Y1.0", "G01 Z0.25 F30", "G00 X2.0", ""));
 }
 
-TEST_F(MillBodyTest, MetricProgramOpensWithItsUnitsWord) {
+TEST_F(MillMotionsTest, MetricProgramOpensWithItsUnitsWord) {
   useMetric();
   place(lineRow({0, 0}, {1, 0}, -1, 10));
   EXPECT_EQ(body()[0], "G71");
 }
 
-TEST_F(MillBodyTest, AutoCommentsAnnounceTheFirstMove) {
+TEST_F(MillMotionsTest, AutoCommentsAnnounceTheFirstMove) {
   store.autocomments = 1;
   store.toolspindlespeed[0] = 1200;
   place(lineRow({0, 0}, {1, 0}, -0.25F, 10));
@@ -46,12 +48,12 @@ TEST_F(MillBodyTest, AutoCommentsAnnounceTheFirstMove) {
                           "G00 X0.0 Y0.0", "G01 Z-0.25 F30", "G01 X1.0 F100", ""));
 }
 
-TEST_F(MillBodyTest, PathThatStartsWithACycleSkipsTheFirstPosition) {
+TEST_F(MillMotionsTest, PathThatStartsWithACycleSkipsTheFirstPosition) {
   place(cycleRow(81, {1, 2}, 0, 0, -0.5F, 4));
   EXPECT_THAT(moves(), ElementsAre("G00 Z0.5", "G81 X1.0 Y2.0 F40"));
 }
 
-TEST_F(MillBodyTest, TwoToolsAreChangedAndTheProgramReturnsToTheFirst) {
+TEST_F(MillMotionsTest, TwoToolsAreChangedAndTheProgramReturnsToTheFirst) {
   store.toolspindlespeed[1] = 850.5F;
   place(lineRow({0, 0}, {1, 0}, -0.25F, 10), 1);
   place(lineRow({2, 0}, {3, 0}, -0.125F, 10), 2);
@@ -64,7 +66,7 @@ TEST_F(MillBodyTest, TwoToolsAreChangedAndTheProgramReturnsToTheFirst) {
                           "M06 T1", "", ""));
 }
 
-TEST_F(MillBodyTest, ReturnToTheFirstToolWritesNoSpindleWord) {
+TEST_F(MillMotionsTest, ReturnToTheFirstToolWritesNoSpindleWord) {
   store.toolspindlespeed[0] = 1000;
   place(lineRow({0, 0}, {1, 0}, -0.25F, 10), 1);
   place(lineRow({2, 0}, {3, 0}, -0.25F, 10), 2);
@@ -72,7 +74,7 @@ TEST_F(MillBodyTest, ReturnToTheFirstToolWritesNoSpindleWord) {
   EXPECT_EQ(std::count(lines.begin(), lines.end(), "M03 S1000"), 1);
 }
 
-TEST_F(MillBodyTest, SameToolAtBothEndsNeedsNoReturn) {
+TEST_F(MillMotionsTest, SameToolAtBothEndsNeedsNoReturn) {
   place(lineRow({0, 0}, {1, 0}, -0.25F, 10), 1);
   place(lineRow({1, 0}, {2, 0}, -0.25F, 10), 2);
   place(lineRow({2, 0}, {3, 0}, -0.25F, 10), 1);
@@ -81,13 +83,13 @@ TEST_F(MillBodyTest, SameToolAtBothEndsNeedsNoReturn) {
   EXPECT_EQ(std::count(lines.begin(), lines.end(), "M06 T1"), 2);
 }
 
-TEST_F(MillBodyTest, SpindleSpeedOfZeroGivesNoSpindleWord) {
+TEST_F(MillMotionsTest, SpindleSpeedOfZeroGivesNoSpindleWord) {
   store.toolspindlespeed[0] = 0;
   place(lineRow({0, 0}, {1, 0}, -0.25F, 10));
   EXPECT_THAT(body(), Not(Contains(StartsWith("M03"))));
 }
 
-TEST_F(MillBodyTest, FeedOfTwelveAndAHalfGivesOneHundredTwentyFiveOnce) {
+TEST_F(MillMotionsTest, FeedOfTwelveAndAHalfGivesOneHundredTwentyFiveOnce) {
   place(lineRow({0, 0}, {1, 0}, -0.25F, 12.5F));
   place(lineRow({1, 0}, {2, 0}, -0.25F, 12.5F));
   place({.type = kRapid, .x0 = 2, .x1 = 3, .z = -0.25F, .feed = 99});
@@ -95,47 +97,47 @@ TEST_F(MillBodyTest, FeedOfTwelveAndAHalfGivesOneHundredTwentyFiveOnce) {
                                    "G01 X2.0", "G00 X3.0"));
 }
 
-TEST_F(MillBodyTest, FeedBetweenTheTenthsIsRounded) {
+TEST_F(MillMotionsTest, FeedBetweenTheTenthsIsRounded) {
   place(lineRow({0, 0}, {1, 0}, -0.25F, 12.54F));
   EXPECT_THAT(moves(), Contains("G01 X1.0 F125"));
 }
 
-TEST_F(MillBodyTest, SecondOfTwoLikeRowsHasOnlyTheWordsThatChanged) {
+TEST_F(MillMotionsTest, SecondOfTwoLikeRowsHasOnlyTheWordsThatChanged) {
   place(lineRow({0, 0}, {1, 1}, -0.25F, 10));
   place(lineRow({1, 1}, {1, 3}, -0.25F, 10));
   EXPECT_THAT(moves(), ElementsAre("G00 Z0.5", "G00 X0.0 Y0.0", "G01 Z-0.25 F30",
                                    "G01 X1.0 Y1.0 F100", "G01 Y3.0"));
 }
 
-TEST_F(MillBodyTest, GapBetweenRowsIsCrossedAtTheSafeHeight) {
+TEST_F(MillMotionsTest, GapBetweenRowsIsCrossedAtTheSafeHeight) {
   place(lineRow({0, 0}, {1, 0}, -0.25F, 10));
   place(lineRow({2, 1}, {3, 1}, -0.25F, 10));
   EXPECT_THAT(moves(), ElementsAre("G00 Z0.5", "G00 X0.0 Y0.0", "G01 Z-0.25 F30", "G01 X1.0 F100",
                                    "G00 Z0.5", "G00 X2.0 Y1.0", "G01 Z-0.25 F30", "G01 X3.0 F100"));
 }
 
-TEST_F(MillBodyTest, GapWithinTheToleranceIsNoGap) {
+TEST_F(MillMotionsTest, GapWithinTheToleranceIsNoGap) {
   place(lineRow({0, 0}, {1, 0}, -0.25F, 10));
   place(lineRow({1.0005F, 0}, {2, 0}, -0.25F, 10));
   EXPECT_THAT(moves(), ElementsAre("G00 Z0.5", "G00 X0.0 Y0.0", "G01 Z-0.25 F30", "G01 X1.0 F100",
                                    "G01 X2.0"));
 }
 
-TEST_F(MillBodyTest, DeeperRowAtTheSamePlacePlungesStraightDown) {
+TEST_F(MillMotionsTest, DeeperRowAtTheSamePlacePlungesStraightDown) {
   place(lineRow({0, 0}, {1, 0}, -0.25F, 10));
   place(lineRow({1, 0}, {0, 0}, -0.5F, 10));
   EXPECT_THAT(moves(), ElementsAre("G00 Z0.5", "G00 X0.0 Y0.0", "G01 Z-0.25 F30", "G01 X1.0 F100",
                                    "G01 Z-0.5 F30", "G01 X0.0 F100"));
 }
 
-TEST_F(MillBodyTest, CycleAfterAToolChangeIsReachedByTheCycleItself) {
+TEST_F(MillMotionsTest, CycleAfterAToolChangeIsReachedByTheCycleItself) {
   place(lineRow({0, 0}, {1, 0}, -0.25F, 10), 1);
   place(cycleRow(83, {2, 2}, 0.125F, 5, -0.75F, 6), 3);
   EXPECT_THAT(moves(), ElementsAre("G00 Z0.5", "G00 X0.0 Y0.0", "G01 Z-0.25 F30", "G01 X1.0 F100",
                                    "G00 Z0.5", "G00 Z0.5", "G83 X2.0 Y2.0 Z0.75 K0.125 F60"));
 }
 
-TEST_F(MillBodyTest, EachCycleCarriesItsOwnWords) {
+TEST_F(MillMotionsTest, EachCycleCarriesItsOwnWords) {
   struct Case {
     int g;
     const char* line;
@@ -155,14 +157,14 @@ TEST_F(MillBodyTest, EachCycleCarriesItsOwnWords) {
   }
 }
 
-TEST_F(MillBodyTest, CycleSeventyNineFirstGoesToTheStartAtTheSafeHeight) {
+TEST_F(MillMotionsTest, CycleSeventyNineFirstGoesToTheStartAtTheSafeHeight) {
   PathRow row = cycleRow(79, {1, 2}, 0.125F, 0.5F, -0.75F, 6);
   row.x0 = 3;
   place(row);
   EXPECT_THAT(moves(), ElementsAre("G00 Z0.5", "G00 X3.0 Y2.0", "G79 X1.0 Y2.0 Z0.75 K0.125 F60"));
 }
 
-TEST_F(MillBodyTest, CycleWordIsTheLastTwoDigitsOfTheKind) {
+TEST_F(MillMotionsTest, CycleWordIsTheLastTwoDigitsOfTheKind) {
   place(cycleRow(21, {1, 2}, 0, 0, -0.75F, 6));
   place(cycleRow(183, {1, 2}, 0, 0, -0.5F, 6));
   place(cycleRow(105, {1, 2}, 0, 0, -0.25F, 6));
@@ -170,7 +172,7 @@ TEST_F(MillBodyTest, CycleWordIsTheLastTwoDigitsOfTheKind) {
                                    "G83 X1.0 Y2.0", "G00 Z0.5", "G05 X1.0 Y2.0 Z0.25"));
 }
 
-TEST_F(MillBodyTest, KindsFromFourToTwentyMakeNoMoveOfTheirOwn) {
+TEST_F(MillMotionsTest, KindsFromFourToTwentyMakeNoMoveOfTheirOwn) {
   place(lineRow({0, 0}, {1, 0}, -0.25F, 10));
   PathRow unknown = lineRow({1, 0}, {5, 5}, -0.25F, 10);
   for (const int type : {4, 19, -1}) {
@@ -258,14 +260,14 @@ TEST_F(MillArcTest, NegativeToleranceLeavesNoTwoPointsTheSameAndTravelsAgain) {
                                    "G02 X0.0 Y-1.0 I-1.0 F100"));
 }
 
-TEST_F(MillBodyTest, SecondRunStartsWithTheLastPlaceAndForcesTheFirst) {
+TEST_F(MillMotionsTest, SecondRunStartsWithTheLastPlaceAndForcesTheFirst) {
   place(lineRow({0, 0}, {1, 0}, -0.25F, 10));
   const auto first = moves();
   EXPECT_EQ(state.lastmove.x, 1);
   EXPECT_EQ(moves(), first);
 }
 
-TEST_F(MillBodyTest, ValueThatIsNoNumberNamesItsRow) {
+TEST_F(MillMotionsTest, ValueThatIsNoNumberNamesItsRow) {
   place(lineRow({0, 0}, {1, 0}, -0.25F, 10));
   place(lineRow({1, 0}, {std::numeric_limits<float>::infinity(), 0}, -0.25F, 10));
   const RuntimeFailure failure = failureOf([this] { program(); });
@@ -274,7 +276,7 @@ TEST_F(MillBodyTest, ValueThatIsNoNumberNamesItsRow) {
   EXPECT_EQ(failure.source(), "path row 2: a value that is not a number");
 }
 
-TEST_F(MillBodyTest, EveryValueThatIsNoNumberIsRefusedWhateverItsColumn) {
+TEST_F(MillMotionsTest, EveryValueThatIsNoNumberIsRefusedWhateverItsColumn) {
   const float nan = std::numeric_limits<float>::quiet_NaN();
   const float infinite = std::numeric_limits<float>::infinity();
   for (const bool radius : {false, true}) {
@@ -294,15 +296,13 @@ TEST_F(MillBodyTest, EveryValueThatIsNoNumberIsRefusedWhateverItsColumn) {
   }
 }
 
-TEST_F(MillBodyTest, RowWithoutAToolNamesItself) {
+TEST_F(MillMotionsTest, RowWithoutAToolNamesItself) {
   place(lineRow({0, 0}, {1, 0}, -0.25F, 10));
   PathRow row = lineRow({1, 0}, {2, 0}, -0.25F, 10);
   place(row);
   store.pscode[2] = -5;
-  LastMove last;
-  std::string out;
-  const RuntimeFailure failure =
-      failureOf([&] { MillBody(session, definition, last, out).write(); });
+  RecordedMotions motions;
+  const RuntimeFailure failure = failureOf([&] { tellMotions(store, CncMode::Mill, motions); });
   EXPECT_EQ(failure.number(), FailureNumber::SubscriptOutOfRange);
   EXPECT_EQ(failure.source(), "path row 2");
 }

@@ -1,5 +1,5 @@
 // What the path rows of a drawing amount to.
-#include "toolpath/path_report.h"
+#include "cnc/path_report.h"
 
 #include "gtest/gtest.h"
 
