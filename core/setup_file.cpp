@@ -7,9 +7,9 @@
 #include "core/core_commands.h"
 #include "core/drawing_file.h"
 #include "core/file_system.h"
+#include "core/file_writer.h"
 #include "core/lifecycle.h"
 #include "core/number_text.h"
-#include "core/replace_files.h"
 #include "core/rounding.h"
 #include "core/settings.h"
 #include "core/text.h"
@@ -193,7 +193,7 @@ void loadSetupFile(Session& session) {
 }
 
 void saveSetupFile(Session& session) {
-  replaceFile(setupFile(session), setupText(session));
+  writeFile(session.host.guard, setupFile(session), FileKind::Setup, setupText(session));
   session.store.setupchanged = false;
 }
 
@@ -261,8 +261,8 @@ void load_setup(Session& session) {
 void save_defaults(Session& session) {
   const Procedure here("save_defaults()");
   nameSetupIfBlank(session);
-  replaceFile(defaultsFile(session),
-              std::string(kDefaultsVersion) + "\r\n" + onOneLine(session.setupname) + "\r\n");
+  writeFile(session.host.guard, defaultsFile(session), FileKind::Setup,
+            std::string(kDefaultsVersion) + "\r\n" + onOneLine(session.setupname) + "\r\n");
   SetupTESS(session, "S");
 }
 
