@@ -25,8 +25,9 @@ struct CommandLine {
   CncMode mode = CncMode::Mill;
   std::string output;  // of the program; empty: where its rules put it
   std::string picture;
-  PixelSize size;             // of the surface that nobody sees, or of the picture
-  bool showProgress = false;  // on the error stream: for a terminal
+  PixelSize size;                // of the surface that nobody sees, or of the picture
+  std::optional<DateTime> date;  // that programs and drawings bear; none: of the machine's clock
+  bool showProgress = false;     // on the error stream: for a terminal
 
   // Of PrintAndExit: --help, --version or wrong usage.
   ExitStatus status = ExitStatus::Done;

@@ -19,15 +19,18 @@
 namespace tess {
 
 // Starts at the machine's local time and moves with virtual timers alone, so that a script does the
-// same on a slow machine as on a fast one.
+// same on a slow machine as on a fast one. With a date of its own it tells that one all the time,
+// so that what bears the date comes out the same on any day.
 class VirtualClock : public Clock {
  public:
-  explicit VirtualClock(const VirtualTimers& timers) : timers_(timers) {}
+  explicit VirtualClock(const VirtualTimers& timers, std::optional<DateTime> date = {})
+      : timers_(timers), date_(date) {}
   DateTime now() override;
   double elapsedMilliseconds() override { return static_cast<double>(timers_.now()); }
 
  private:
   const VirtualTimers& timers_;
+  std::optional<DateTime> date_;
   std::chrono::system_clock::time_point start_ = std::chrono::system_clock::now();
 };
 

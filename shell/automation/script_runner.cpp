@@ -222,7 +222,7 @@ ExitStatus runScriptText(const ScriptJob& job, std::string_view text,
                          const PictureWriter& writePicture, std::ostream& out, std::ostream& err) {
   const AllowedFolders folders = foldersOf(job);
   VirtualScreen screen(job.size);
-  VirtualClock clock(screen.timers);
+  VirtualClock clock(screen.timers, job.date);
   QuietSurroundings surroundings;
   ScriptHost host(folders, clock, surroundings);
   host.reporting.setFolder(job.appfolder);
