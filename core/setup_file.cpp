@@ -3,12 +3,13 @@
 
 #include <optional>
 
+#include "core/core_commands.h"
 #include "core/cut_width.h"
 #include "core/drawing_file.h"
 #include "core/file_system.h"
+#include "core/file_writer.h"
 #include "core/lifecycle.h"
 #include "core/number_text.h"
-#include "core/replace_files.h"
 #include "core/settings.h"
 #include "core/text.h"
 #include "core/units.h"
@@ -163,7 +164,7 @@ void loadSetupFile(Session& session) {
 }
 
 void saveSetupFile(Session& session) {
-  replaceFile(setupFile(session), setupText(session));
+  writeFile(session.host.guard, setupFile(session), FileKind::Setup, setupText(session));
   session.store.setupchanged = false;
 }
 
@@ -231,8 +232,8 @@ void load_setup(Session& session) {
 void save_defaults(Session& session) {
   const Procedure here("save_defaults()");
   nameSetupIfBlank(session);
-  replaceFile(defaultsFile(session),
-              std::string(kDefaultsVersion) + "\r\n" + onOneLine(session.setupname) + "\r\n");
+  writeFile(session.host.guard, defaultsFile(session), FileKind::Setup,
+            std::string(kDefaultsVersion) + "\r\n" + onOneLine(session.setupname) + "\r\n");
   SetupTESS(session, "S");
 }
 
@@ -319,5 +320,34 @@ void mnuOptionsRevertSaved_Click(Session& session) {
   applydefaults(session);
   session.listener.recover();
 }
+
+// ---- Descriptors
+
+constexpr SessionCommand kSaveAsDefaultCommand{
+    .info = {.tool = "miSaveAsDefault", .caption = "Save as &Default", .menu = {"miOptions", 210}},
+    .run = mnuOptionsSaveAsDefault_Click,
+};
+
+constexpr SessionCommand kRevertToDefaultsCommand{
+    .info = {.tool = "miReverttoSavedDefaults",
+             .caption = "&Revert to Saved Defaults",
+             .menu = {"miOptions", 220}},
+    .run = mnuOptionsRevertSaved_Click,
+};
+
+constexpr SessionCommand kLoadSetupCommand{
+    .info = {.tool = "miLoadSetup", .caption = "&Load Setup...", .menu = {"miOptions", 230}},
+    .run = mnuOptionLoadSetup_Click,
+};
+
+constexpr SessionCommand kSaveSetupCommand{
+    .info = {.tool = "miSaveSetup", .caption = "&Save Setup", .menu = {"miOptions", 240}},
+    .run = mnuOptionsSaveSetup_Click,
+};
+
+constexpr SessionCommand kSaveSetupAsCommand{
+    .info = {.tool = "miSaveSetupAs", .caption = "Save Setup &As...", .menu = {"miOptions", 250}},
+    .run = mnuOptionsSaveSetupAs_Click,
+};
 
 }  // namespace tess

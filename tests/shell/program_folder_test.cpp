@@ -150,6 +150,19 @@ TEST_F(ProgramFolder, AFolderThatCannotBeFilledIsAFailure) {
   EXPECT_THROW(programFolder(request), RuntimeFailure);
 }
 
+TEST_F(ProgramFolder, AFillingThatWasCutShortGoesOnAtTheNextStart) {
+  variables["XDG_DATA_HOME"] = root("data");
+  root.write("share/tessimo/zz.msu", "shipped");
+  fs::create_directory(root("data/tessimo"));
+  fs::create_symlink(root("none/zz.msu"), root("data/tessimo/zz.msu"));
+  EXPECT_THROW(programFolder(request), RuntimeFailure);
+  EXPECT_FALSE(root.has("data/tessimo/tess.def")) << "the folder does not count as filled";
+  fs::remove(root("data/tessimo/zz.msu"));
+  EXPECT_EQ(programFolder(request), root("data/tessimo/"));
+  EXPECT_EQ(root.read("data/tessimo/zz.msu"), "shipped");
+  EXPECT_EQ(root.read("data/tessimo/tess.def"), "shipped");
+}
+
 TEST_F(ProgramFolder, TheDrawingFolderIsMade) {
   request.home = root("home");
   programFolder(request);
