@@ -4,8 +4,8 @@
 #include <cmath>
 
 #include "core/cut_width.h"
+#include "core/file_writer.h"
 #include "core/number_text.h"
-#include "core/replace_files.h"
 #include "core/rounding.h"
 #include "core/text.h"
 #include "tools/tool_library.h"
@@ -19,8 +19,7 @@ constexpr std::size_t kNumberWidth = 2;
 constexpr char kDeletedName[] = "                    ";  // twenty blanks
 constexpr char kFirstFlutes[] = "2";
 constexpr std::size_t kProblemsShown = 15;
-constexpr char kLibraryFilter[] =
-    "Tool Libraries (*.csv;*.tbl)|*.csv;*.tbl|All Files (*.*)|*.*";
+constexpr char kLibraryFilter[] = "Tool Libraries (*.csv;*.tbl)|*.csv;*.tbl|All Files (*.*)|*.*";
 
 bool isFree(const DrawingStore& store, int tool) {
   return trimmed(store.toolname[tool]).empty();
@@ -310,8 +309,7 @@ void dlgToolPrms::showStored() {
 void dlgToolPrms::advise(int flutes, float diameter) {
   const PartMaterial part = partMaterial(store_);
   const std::string material = cmbToolMaterial.text();
-  const CuttingFigures figures =
-      cuttingFigures(chest_.database, part, chosenType(), material);
+  const CuttingFigures figures = cuttingFigures(chest_.database, part, chosenType(), material);
   const CuttingConditions conditions{.type = chosenType(),
                                      .diameter = diameter,
                                      .flutes = flutes,
@@ -468,7 +466,7 @@ void dlgToolPrms::exportLibrary() {
   if (!path) return;
   storeRow();
   rebuildList();
-  replaceFile(*path, exportedTools(store_, *path));
+  writeFile(chest_.session.host.guard, *path, FileKind::ToolLibrary, exportedTools(store_, *path));
 }
 
 // ---- Storing

@@ -125,9 +125,9 @@ class dlgToolPrms : public Form {
   DrawingStore& store_;
   int inUse_;
   int current_;
-  bool loading_ = false;       // controls are being filled: their events do nothing
-  bool pendingEdits_ = false;  // the row on show holds what the table does not have yet
-  bool followsSpeed_ = false;  // the tool's speed was 0 and follows the recommendation
+  bool loading_ = false;                // controls are being filled: their events do nothing
+  bool pendingEdits_ = false;           // the row on show holds what the table does not have yet
+  bool followsSpeed_ = false;           // the tool's speed was 0 and follows the recommendation
   std::string shownName_, shownSpeed_;  // as they were put there, to tell what was typed
   std::optional<CuttingAdvice> advice_;
 };
