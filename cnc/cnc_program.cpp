@@ -7,6 +7,7 @@
 #include "cnc/program_writer.h"
 #include "core/drawing_file.h"
 #include "core/file_system.h"
+#include "core/file_writer.h"
 #include "core/lifecycle.h"
 #include "core/text.h"
 
@@ -79,8 +80,9 @@ std::string programFile(const DrawingStore& store) {
 void WriteCncFinish(const Session& session, const PostDefinition& definition, CncState& state,
                     CncMode mode, const std::string& file) {
   const Procedure here("WriteCncFinish(mode$)");
-  writeFile(file.empty() ? outputFolder(session.store) + state.cncfilename : file,
-            programText(session, definition, state, mode));
+  writeFile(session.host.guard,
+            file.empty() ? outputFolder(session.store) + state.cncfilename : file,
+            FileKind::Program, programText(session, definition, state, mode));
 }
 
 bool make_cnc(Session& session, const PostDefinition& definition, CncState& state, CncMode mode,

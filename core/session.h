@@ -9,6 +9,7 @@
 
 #include "core/drawing_store.h"
 #include "core/host.h"
+#include "core/open_drawing.h"
 
 namespace tess {
 
@@ -76,6 +77,8 @@ struct Session {
   std::string cmdline;                       // the drawing named at the start, as it was typed
   std::string selectedfolder, selectedname;  // what the next load will use
   std::string lastfilename;                  // full path of the drawing chosen last, for a revert
+  OpenDrawing opened;                        // what the drawing was on the disk
+  bool opensToRead = false;                  // for a job that leaves drawings as they are
   std::string setuppath, setupname;          // the setup in force: as named, and its file name
   std::string productname = "Tessimo Mill";
   std::string companyname;

@@ -27,6 +27,11 @@ std::string entities(std::size_t count) {
   return std::to_string(count) + (count == 1 ? " entity" : " entities");
 }
 
+std::string lostRows(const DxfRows& rows) {
+  if (rows.more()) return "More than " + std::to_string(rows.lost()) + " rows";
+  return rows.lost() == 1 ? "The last row" : "The last " + std::to_string(rows.lost()) + " rows";
+}
+
 }  // namespace
 
 frmDXF::frmDXF(Desk& desk) : Form("frmDXF", "Import DXF File"), desk_(desk) {
@@ -138,9 +143,8 @@ void frmDXF::showDrawing() {
 void frmDXF::showLostRows(const DxfRows& rows) {
   if (rows.lost() == 0) return;
   desk_.session.host.prompts.showMessage(
-      {.text = "The drawing is full: it holds at most 32767 rows.  The last " +
-               (rows.lost() == 1 ? std::string("row") : std::to_string(rows.lost()) + " rows") +
-               " of " + file_ + " could not be added.",
+      {.text = "The drawing is full: it holds at most 32767 rows.  " + lostRows(rows) + " of " +
+               file_ + " could not be added.",
        .title = kConversionError,
        .icon = MessageIcon::Warning,
        .buttons = MessageButtons::Ok});

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "core/file_system.h"
+#include "core/file_writer.h"
 #include "core/lifecycle.h"
 #include "shell/shell_commands.h"
 
@@ -54,7 +55,8 @@ void loadProgramLayout(Application& application) {
 
 void saveProgramLayout(Application& application) {
   const Procedure here("saveProgramLayout()");
-  writeFile(programLayout(application), application.interaction.tools.layoutText());
+  writeFile(application.session.host.guard, programLayout(application), FileKind::Record,
+            application.interaction.tools.layoutText());
 }
 
 void miLoadLayout_Click(Application& application) {
@@ -68,7 +70,8 @@ void SaveLayoutAs(Application& application) {
   const Procedure here("SaveLayoutAs()");
   const auto path = chooseLayout(application, /*forSaving=*/true);
   if (!path || !mayWrite(application.session, *path)) return;
-  writeFile(*path, application.interaction.tools.layoutText());
+  writeFile(application.session.host.guard, *path, FileKind::Layout,
+            application.interaction.tools.layoutText());
 }
 
 // ---- Descriptors
