@@ -64,6 +64,8 @@ FailureNumber failureOf(int error) {
       return FailureNumber::DiskFull;
     case EISDIR:
       return FailureNumber::PathFileAccess;
+    case EEXIST:
+      return FailureNumber::FileExists;
     default:
       return FailureNumber::DeviceInputOutput;
   }

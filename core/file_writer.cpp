@@ -110,12 +110,19 @@ bool isAbandoned(int folder, const char* name) {
          lock(file.number());
 }
 
+// The content of a new file, with the owner and the permissions of the one that it is to replace.
+bool fill(int file, std::string_view content, const std::optional<struct stat>& like) {
+  // Only the system's administrator may give a file to another owner.
+  if (like && ::fchown(file, like->st_uid, like->st_gid) != 0) errno = 0;
+  return (!like || ::fchmod(file, like->st_mode & kPermissionBits) == 0) && writeAll(file, content);
+}
+
 struct CloseList {
   void operator()(DIR* list) const { ::closedir(list); }
 };
 
 // A folder that cannot be listed keeps what lies there.
-void removeAbandoned(int folder) {
+void removeAbandonedFrom(int folder) {
   Descriptor again(::openat(folder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
   const std::unique_ptr<DIR, CloseList> list(again.isOpen() ? ::fdopendir(again.number())
                                                             : nullptr);
@@ -168,6 +175,13 @@ class FilePlace::Folder {
 
   int number() const { return descriptor_.number(); }
   std::string pathOf(const std::string& name) const { return (fs::path(path_) / name).string(); }
+  // One that cannot be looked at is like no other.
+  bool isSame(const Folder& other) const {
+    struct stat mine {};
+    struct stat others {};
+    return ::fstat(number(), &mine) == 0 && ::fstat(other.number(), &others) == 0 &&
+           mine.st_dev == others.st_dev && mine.st_ino == others.st_ino;
+  }
 
  private:
   std::string path_;
@@ -200,6 +214,10 @@ FilePlace FilePlace::beside(std::string name, FileKind kind) const {
   return {*guard_, folder_, std::move(name), kind};
 }
 
+bool FilePlace::sharesFolderWith(const FilePlace& other) const {
+  return folder_ == other.folder_ || folder_->isSame(*other.folder_);
+}
+
 std::optional<struct stat> FilePlace::state() const {
   struct stat state {};
   if (::fstatat(folder_->number(), name_.c_str(), &state, AT_SYMLINK_NOFOLLOW) != 0) {
@@ -217,6 +235,30 @@ std::optional<struct stat> FilePlace::replaceableState() const {
     raiseFileFailure(errno, path_);
   }
   return there;
+}
+
+bool FilePlace::isFolder() const {
+  struct stat state {};
+  return ::fstatat(folder_->number(), name_.c_str(), &state, AT_SYMLINK_NOFOLLOW) == 0 &&
+         S_ISDIR(state.st_mode);
+}
+
+Descriptor FilePlace::create(std::string_view content,
+                             const std::optional<struct stat>& like) const {
+  Descriptor file(::openat(folder_->number(), name_.c_str(),
+                           O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, kNewFileMode));
+  if (!file.isOpen()) raiseWriteFailure(errno, path_);
+  if (!fill(file.number(), content, like)) {
+    const int error = errno;
+    ::unlinkat(folder_->number(), name_.c_str(), 0);
+    raiseFileFailure(error, path_);
+  }
+  ::sync_file_range(file.number(), 0, 0, SYNC_FILE_RANGE_WRITE);  // a hint: flush() is what counts
+  return file;
+}
+
+void FilePlace::flush(const Descriptor& file) const {
+  if (!flushed(file.number())) raiseFileFailure(errno, path_);
 }
 
 bool FilePlace::linkTo(const FilePlace& other) const {
@@ -256,18 +298,17 @@ void FilePlace::flushFolder() const {
   if (!flushed(folder_->number()) && errno != EBADF) raiseFileFailure(errno, path_);
 }
 
+void FilePlace::removeAbandoned() const {
+  removeAbandonedFrom(folder_->number());
+}
+
 StagedFile::StagedFile(FilePlace target, std::string_view content) : target_(std::move(target)) {
   const int folder = target_.folder_->number();
   const auto old = target_.replaceableState();
-  removeAbandoned(folder);
+  removeAbandonedFrom(folder);
   file_ = createTemporary(folder, temporary_);
   if (!file_.isOpen()) raiseWriteFailure(errno, target_.path());
-  const int number = file_.number();
-  // Only the system's administrator may give a file to another owner.
-  if (old && ::fchown(number, old->st_uid, old->st_gid) != 0) errno = 0;
-  const bool complete = (!old || ::fchmod(number, old->st_mode & kPermissionBits) == 0) &&
-                        writeAll(number, content) && flushed(number);
-  if (complete) return;
+  if (fill(file_.number(), content, old) && flushed(file_.number())) return;
   // A constructor that fails has no destructor run for it.
   const int error = errno;
   ::unlinkat(folder, temporary_.c_str(), 0);

@@ -31,13 +31,21 @@ class FilePlace {
 
   const std::string& name() const { return name_; }
   const std::string& path() const { return path_; }
-  bool sharesFolderWith(const FilePlace& other) const { return folder_ == other.folder_; }
+  bool sharesFolderWith(const FilePlace& other) const;
 
   // What is there: nothing, or an ordinary file.
   std::optional<struct stat> state() const;
   // The same of a file that shall be replaced: a move needs no more than a writable folder, but a
   // protected file means to stay as it is.
   std::optional<struct stat> replaceableState() const;
+
+  bool isFolder() const;
+
+  // A new file. It is on its way to the disk but need not be there before `flush`: several files
+  // get there together in little more time than one. The permissions are those of `like`, else the
+  // ordinary ones. A file that is there already raises File already exists.
+  Descriptor create(std::string_view content, const std::optional<struct stat>& like = {}) const;
+  void flush(const Descriptor& file) const;
 
   // Gives the file a second name. False where the file system cannot do that.
   bool linkTo(const FilePlace& other) const;
@@ -48,6 +56,8 @@ class FilePlace {
   void remove() const;
   // Has the names of the folder, as they are now, on the disk.
   void flushFolder() const;
+  // Removes the temporary files in the folder that a process which died has left.
+  void removeAbandoned() const;
 
  private:
   friend class StagedFile;

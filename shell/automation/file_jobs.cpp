@@ -86,6 +86,7 @@ std::string lastOf(const std::vector<std::string>& texts) {
 
 void load(Application& application, const JobPrompts& prompts, const std::string& drawing) {
   Session& session = application.session;
+  session.opensToRead = true;
   const std::string path = fullPath(drawing);
   if (folderExists(path)) throw JobFailure("it is a folder");
   session.selectedname = splitPath(session.selectedfolder, path, "CDM");
