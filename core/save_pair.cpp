@@ -82,7 +82,7 @@ Backup backupFor(const OpenDrawing& opened, const Files& files, const PairState&
 }
 
 // What an earlier save has left that was cut off comes first.
-void settleBefore(WriteGuard& guard, const Paths& paths, const FolderLock& lock,
+void settleBefore(const WriteGuard& guard, const Paths& paths, const FolderLock& lock,
                   std::vector<Recovery>& recoveries) {
   if (lock.isBusy()) raiseBusy(paths[0]);
   const auto recovery = recoverDrawing(guard, paths, lock);
