@@ -53,7 +53,7 @@ FileState stateOf(const FileStamp& stamp, const Content& content) {
 void readPathFile(PairContent& pair, const Paths& paths, const Stamps& stamps) {
   if (paths.size() < 2 || !isThere(stamps[1])) return;
   try {
-    pair.paths = readFile(paths[1]);
+    pair.paths = readFile(paths[1], kLargestDrawing);
   } catch (const RuntimeFailure& failure) {
     takeCallChain();
     pair.pathsFailure = failure;
@@ -62,7 +62,7 @@ void readPathFile(PairContent& pair, const Paths& paths, const Stamps& stamps) {
 
 PairContent readAsTheyAre(const Paths& paths, const Stamps& stamps) {
   PairContent pair;
-  pair.drawing = readFile(paths.front());
+  pair.drawing = readFile(paths.front(), kLargestDrawing);
   readPathFile(pair, paths, stamps);
   pair.state = {stateOf(stamps[0], pair.drawing), stateOf(stamps[1], pair.paths)};
   return pair;
@@ -106,7 +106,7 @@ PairState pairState(const std::vector<std::string>& paths, const PairState& know
     const FileStamp stamp = stampOf(paths[at]);
     if (!isThere(stamp)) continue;
     const bool same = stamp == known[at].stamp;
-    state[at] = same ? known[at] : stateOf(stamp, readFile(paths[at]));
+    state[at] = same ? known[at] : stateOf(stamp, readFile(paths[at], kLargestDrawing));
   }
   return state;
 }

@@ -47,7 +47,7 @@ std::vector<std::string> hiddenFiles(const std::string& folder) {
 // A journal says itself whose it is. Nobody may have a file replaced through one that is no drawing
 // with a path file, or whose journal it is not.
 std::optional<std::string> drawingOf(const std::string& journal, const std::string& stem) {
-  const auto parsed = parseJournal(readFile(journal));
+  const auto parsed = parseJournal(readFile(journal, kLargestJournal));
   if (!parsed) return std::nullopt;
   const std::string& name = parsed->name;
   const bool plain =
@@ -59,7 +59,7 @@ std::optional<std::string> drawingOf(const std::string& journal, const std::stri
 void removeNameless(const WriteGuard& guard, const std::string& journal, const std::string& stem) {
   NoGuard looking;
   const FilePlace place = FilePlace::ofEntry(looking, journal, FileKind::Companion);
-  if (parseJournal(readFile(journal)) || !place.isPermittedBy(guard)) return;
+  if (parseJournal(readFile(journal, kLargestJournal)) || !place.isPermittedBy(guard)) return;
   for (std::size_t index = 0; index < SaveJournal::kMostFiles; ++index) {
     place.beside(freshName(stem, index), FileKind::Companion).remove();
     place.beside(spareName(stem, index), FileKind::Companion).remove();

@@ -39,7 +39,7 @@ Files filesToWrite(DrawingStore& store, const Paths& paths) {
 
 std::optional<std::string> contentOf(const std::string& path) {
   if (!fileExists(path)) return std::nullopt;
-  return readFile(path);
+  return readFile(path, kLargestDrawing);
 }
 
 // Byte for byte: the same checksums alone are no proof.

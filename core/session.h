@@ -79,6 +79,7 @@ struct Session {
   OpenDrawing opened;                        // what the drawing was on the disk
   bool opensToRead = false;                  // for a job that leaves drawings as they are
   std::string setuppath, setupname;          // the setup in force: as named, and its file name
+  std::string setupplace;                    // file and line that name it; empty: chosen by hand
   std::string productname = "Tessimo Mill";
   std::string companyname;
   RecentFiles recentfiles;
