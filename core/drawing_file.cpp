@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "core/core_commands.h"
 #include "core/drawing_pair.h"
 #include "core/file_system.h"
 #include "core/lifecycle.h"
@@ -370,5 +371,25 @@ void mnuFileRevert_Click(Session& session) {
   // A file that does not open leaves the drawing, and with it the name.
   if (!loadSelected(session)) name = before;
 }
+
+// ---- Descriptors
+
+constexpr SessionCommand kRevertCommand{
+    .info = {.tool = "miReverttoSaved", .caption = "&Revert to Saved", .menu = {"miFile", 130}},
+    .run = mnuFileRevert_Click,
+};
+
+constexpr SessionCommand kSaveCommand{
+    .info = {.tool = "miSave",
+             .caption = "&Save",
+             .menu = {"miFile", 210},
+             .bar = {"barFile", 130}},
+    .run = smart_save,
+};
+
+constexpr SessionCommand kSaveAsCommand{
+    .info = {.tool = "miSaveAs", .caption = "Save &As...", .menu = {"miFile", 220}},
+    .run = save_file_As,
+};
 
 }  // namespace tess

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <optional>
 
+#include "core/core_commands.h"
 #include "core/date_text.h"
 #include "core/drawing_file.h"
 #include "core/file_system.h"
@@ -348,5 +349,30 @@ void Form_Unload(Session& session) {
   session.listener.unloadOtherWindows();
   writeRecent(session);
 }
+
+// ---- Descriptors
+
+constexpr SessionCommand kNewCommand{
+    .info = {.tool = "miNew", .caption = "&New", .menu = {"miFile", 110}, .bar = {"barFile", 110}},
+    .run = smart_New,
+};
+
+constexpr SessionCommand kOpenCommand{
+    .info = {.tool = "miOpen",
+             .caption = "&Open...",
+             .menu = {"miFile", 120},
+             .bar = {"barFile", 120}},
+    .run = mnuFileOpen_Click,
+};
+
+constexpr SessionCommand kDeleteFileCommand{
+    .info = {.tool = "miDeleteFile", .caption = "&Delete File...", .menu = {"miFile", 230}},
+    .run = mnuFileDelete_Click,
+};
+
+constexpr SessionCommand kExitCommand{
+    .info = {.tool = "miExit", .caption = "E&xit", .menu = {"miFile", 510}},
+    .run = file_EXIT,
+};
 
 }  // namespace tess

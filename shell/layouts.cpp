@@ -7,6 +7,7 @@
 #include "core/file_system.h"
 #include "core/file_writer.h"
 #include "core/lifecycle.h"
+#include "shell/shell_commands.h"
 
 namespace tess {
 namespace {
@@ -72,5 +73,17 @@ void SaveLayoutAs(Application& application) {
   writeFile(application.session.host.guard, *path, FileKind::Layout,
             application.interaction.tools.layoutText());
 }
+
+// ---- Descriptors
+
+constexpr ShellCommand kLoadLayoutCommand{
+    .info = {.tool = "miLoadLayout", .caption = "Load La&yout...", .menu = {"miOptions", 310}},
+    .run = miLoadLayout_Click,
+};
+
+constexpr ShellCommand kSaveLayoutAsCommand{
+    .info = {.tool = "miSaveLayoutAs", .caption = "Save Layout As...", .menu = {"miOptions", 320}},
+    .run = SaveLayoutAs,
+};
 
 }  // namespace tess

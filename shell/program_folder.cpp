@@ -9,6 +9,7 @@
 #include "core/file_writer.h"
 #include "core/recent_files.h"
 #include "core/runtime_failure.h"
+#include "tools/speeds_feeds.h"
 
 namespace tess {
 namespace {
@@ -76,6 +77,17 @@ void fillFolder(const std::string& folder, const std::string& shipped) {
   }
 }
 
+// A folder that was filled before there was a database gets it later. Without it the program runs
+// all the same, so that a folder that cannot be written is no failure.
+void addDatabase(const std::string& folder, const std::string& shipped) {
+  if (fileExists(folder + kSpeedsFeedsName)) return;
+  try {
+    copyMissing(shipped + kSpeedsFeedsName, folder + kSpeedsFeedsName);
+  } catch (const RuntimeFailure&) {
+    takeCallChain();
+  }
+}
+
 // Without it the first drawing would have no place; a read-only folder simply stays without. Its
 // list of recent files starts empty, so that the first start has no missing file to report.
 void makeDrawingFolder(const std::string& folder) {
@@ -90,7 +102,9 @@ std::string chosenFolder(const FolderRequest& request) {
   if (const auto named = request.environment("TESSIMO_HOME")) return existingFolder(*named);
   if (holdsProgram(request.executableFolder)) return request.executableFolder;
   const std::string folder = userDataFolder(request);
-  if (!holdsProgram(folder)) fillFolder(folder, shippedDataFolder(request.executableFolder));
+  const std::string shipped = shippedDataFolder(request.executableFolder);
+  if (!holdsProgram(folder)) fillFolder(folder, shipped);
+  addDatabase(folder, shipped);
   return folder;
 }
 

@@ -1,4 +1,5 @@
-// Places and directions of the plane in 64 bits, for geometry on its way from a file to the tables.
+// Places and directions of the plane in 64 bits: the ground of all geometry that is not bound to
+// the 32-bit formulas of the tables.
 // Owns: PlanePoint, dot, cross, lengthOf, leftOf, unitOf, isStorable.
 #pragma once
 
