@@ -58,9 +58,7 @@ class Chest : public ::testing::Test {
 
   // Shows the chest and lets the operator work it.
   void work(const std::function<void(dlgToolPrms&)>& operate) {
-    test.recording.prompts.onForm = [&](Form& form) {
-      operate(dynamic_cast<dlgToolPrms&>(form));
-    };
+    test.recording.prompts.onForm = [&](Form& form) { operate(dynamic_cast<dlgToolPrms&>(form)); };
     mnuCAMSelectTool_Click({test.session, database, colors});
   }
   static void choose(dlgToolPrms& chest, int line) { EXPECT_TRUE(chest.List1.pick(line)); }
@@ -148,9 +146,8 @@ TEST_F(Chest, ListsTheNamedRowsUpToRow98) {
   store.toolname[99] = "beyond";
   store.toolname[50] = kTwentyBlanks;
   work([](dlgToolPrms& chest) {
-    EXPECT_EQ(chest.List1.items(),
-              (Texts{" 1: 1/4 end mill", " 3: slot", "41: a face mill of a name that is long",
-                     "99: last"}));
+    EXPECT_EQ(chest.List1.items(), (Texts{" 1: 1/4 end mill", " 3: slot",
+                                          "41: a face mill of a name that is long", "99: last"}));
     EXPECT_EQ(chest.List1.index(), 0);
   });
 }
@@ -335,9 +332,10 @@ TEST_F(Chest, WithoutADatabaseItStaysUsable) {
       [&] { test.home.write(kSpeedsFeedsName, std::string("\0\1\0\0Standard Jet DB\0", 20)); },
       [&] { test.home.write(kSpeedsFeedsName, testing::sqliteImage("CREATE TABLE t (a);")); },
       [&] {
-        test.home.write(kSpeedsFeedsName,
-                        testing::sqliteImage("CREATE TABLE MaterialCategory (\"Material Category\");"
-                                             "INSERT INTO MaterialCategory VALUES ('Steels');"));
+        test.home.write(
+            kSpeedsFeedsName,
+            testing::sqliteImage("CREATE TABLE MaterialCategory (\"Material Category\");"
+                                 "INSERT INTO MaterialCategory VALUES ('Steels');"));
       },
       [&] {
         test.home.write(kSpeedsFeedsName,
@@ -904,9 +902,9 @@ TEST_F(Chest, NamesTheLinesThatItCouldNotTake) {
   work([](dlgToolPrms& chest) { chest.cmdImport.press(); });
   ASSERT_EQ(test.messages().size(), 1U);
   const std::string& shown = test.messages()[0].text;
-  EXPECT_EQ(shown.find("1 tool was taken over.\n" + path +
-                       ":3: The tool number \"x\" is not a number\n"),
-            0U);
+  EXPECT_EQ(
+      shown.find("1 tool was taken over.\n" + path + ":3: The tool number \"x\" is not a number\n"),
+      0U);
   EXPECT_TRUE(shown.ends_with(":17: The tool number \"x\" is not a number\nand 2 more."));
   EXPECT_EQ(test.messages()[0].icon, MessageIcon::Warning);
 }
