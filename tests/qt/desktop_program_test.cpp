@@ -26,7 +26,7 @@ std::string filledFolder(const std::string& folder) {
   std::filesystem::copy(TESSIMO_SOURCE_DIR "/data", folder,
                         std::filesystem::copy_options::recursive);
   std::filesystem::create_directories(folder + "CNC");
-  if (!fileExists(folder + "CNC/TSMO.MRU")) writeFile(folder + "CNC/TSMO.MRU", "");
+  if (!fileExists(folder + "CNC/TSMO.MRU")) testing::writeFile(folder + "CNC/TSMO.MRU", "");
   return folder;
 }
 

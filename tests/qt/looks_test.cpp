@@ -158,10 +158,11 @@ TEST_P(Looks, Dialogs) {
 
 TEST_P(Looks, EveryIconCanBeSeenInEverySize) {
   const int ground = qGray(testing::toolkit().palette().color(QPalette::Window).rgb());
-  for (const std::string& tool : program->application().interaction.tools.toolNames()) {
+  const ToolHost& tools = program->application().interaction.tools;
+  for (const std::string& tool : tools.toolNames()) {
     if (tool.starts_with("miRecentFile")) continue;
     for (const int size : {16, 22, 32}) {
-      const QImage icon = toolIcon(tool).pixmap(QSize(size, size)).toImage();
+      const QImage icon = toolIcon(*tools.tool(tool)).pixmap(QSize(size, size)).toImage();
       int seen = 0;
       for (int y = 0; y < icon.height(); ++y) {
         for (int x = 0; x < icon.width(); ++x) {

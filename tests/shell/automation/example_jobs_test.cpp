@@ -30,6 +30,9 @@ using testing::TempFolder;
 
 const std::string kExamples = TESSIMO_SOURCE_DIR "/examples/";
 
+// The day that the golden programs bear; their time of day is left out.
+constexpr DateTime kDayOfTheGoldens{.year = 2026, .month = 11, .day = 21};
+
 constexpr double kResolution = 0.6e-5;  // of the programs, in units
 
 // A script of the examples, run in a folder of its own. The drawings are copies, made when their
@@ -45,6 +48,7 @@ struct ExampleRun {
     ScriptJob job;
     job.path = folder(name + ".lua");
     job.appfolder = home();
+    job.date = kDayOfTheGoldens;
     const PictureWriter note = [this](Application& application, const std::string& path,
                                       const PixelSize&) {
       pictures.push_back(path);
