@@ -15,6 +15,7 @@ enum class FileKind {
   Picture,
   Setup,   // a setup, or the file that names the one in force
   Layout,  // of the tool bars, where an operator has named the file
+  ToolLibrary,
   Record,  // what the program keeps for itself under names of its own: recent files, options, log
 };
 

@@ -8,7 +8,6 @@
 #include "core/file_system.h"
 #include "core/file_writer.h"
 #include "core/recent_files.h"
-#include "core/replace_files.h"
 #include "core/runtime_failure.h"
 #include "tools/speeds_feeds.h"
 
@@ -83,7 +82,7 @@ void fillFolder(const std::string& folder, const std::string& shipped) {
 void addDatabase(const std::string& folder, const std::string& shipped) {
   if (fileExists(folder + kSpeedsFeedsName)) return;
   try {
-    replaceFile(folder + kSpeedsFeedsName, readFile(shipped + kSpeedsFeedsName));
+    copyMissing(shipped + kSpeedsFeedsName, folder + kSpeedsFeedsName);
   } catch (const RuntimeFailure&) {
     takeCallChain();
   }

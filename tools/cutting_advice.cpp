@@ -45,17 +45,14 @@ double inUnits(double length, bool metric) {
 
 // ---- Chip loads
 
-std::string quoted(const std::string& text) {
-  return "'" + text + "'";
-}
-
 std::string groupStatement(const PartMaterial& part) {
-  return "SELECT * FROM ChipLoadGroups WHERE ([Material Category] = " + quoted(part.category) +
-         ") AND (Material = " + quoted(part.material) + ");";
+  return "SELECT * FROM ChipLoadGroups WHERE ([Material Category] = " +
+         textInStatement(part.category) + ") AND (Material = " + textInStatement(part.material) +
+         ");";
 }
 
 std::string loadsStatement(const std::string& group) {
-  return "SELECT * FROM ChipLoads WHERE ([Chip Load Group] = " + quoted(group) +
+  return "SELECT * FROM ChipLoads WHERE ([Chip Load Group] = " + textInStatement(group) +
          ") ORDER BY Diameter;";
 }
 
@@ -188,6 +185,12 @@ std::string adviceText(const CuttingAdvice& advice, const CuttingConditions& con
   }
   if (metric) text += "\nThe recommendation above takes millimetres for inches.";
   return text;
+}
+
+std::string chipRangeText(const CuttingFigures& figures) {
+  if (!(figures.chipMax > 0)) return {};
+  return number(figures.chipMin, "0.0####") + " to " + number(figures.chipMax, "0.0####") +
+         " in per tooth";
 }
 
 }  // namespace tess

@@ -1,7 +1,7 @@
 // Advice beside the recommendation: true figures in the drawing's own units, with a chip load for
 // the cutter's diameter, chip thinning by the step-over, and the spindle's highest speed.
 // Owns: ChipLoad, ChipLoads, chipLoads, CuttingConditions, CuttingAdvice, adviseCutting,
-//       chipThinning, stepOverShare, adviceText.
+//       chipThinning, stepOverShare, adviceText, chipRangeText.
 #pragma once
 
 #include <optional>
@@ -55,5 +55,8 @@ double stepOverShare(const DrawingSettings& settings, double diameter);
 
 // The advice in lines for the operator; a metric drawing is told how the recommendation differs.
 std::string adviceText(const CuttingAdvice& advice, const CuttingConditions& conditions);
+
+// The chip loads of the database for any diameter; "" when it has none.
+std::string chipRangeText(const CuttingFigures& figures);
 
 }  // namespace tess

@@ -10,7 +10,7 @@
 #include <sys/wait.h>
 #include <vector>
 
-#include "tools/descriptor.h"
+#include "core/descriptor.h"
 #include "tools/jet_frame.h"
 
 namespace tess {
@@ -27,7 +27,7 @@ struct Pipe {
 
 Pipe makePipe() {
   int ends[2];
-  if (::pipe2(ends, O_CLOEXEC) != 0) return {};
+  if (::pipe2(ends, O_CLOEXEC) != 0) return {Descriptor(), Descriptor()};
   const Descriptor reading(ends[0]);
   const Descriptor writing(ends[1]);
   return {aboveStandard(reading.number()), aboveStandard(writing.number())};
@@ -157,7 +157,7 @@ std::optional<std::string> readJetFile(int file, const std::string& reader,
   Pipe pipe = makePipe();
   if (!input.isOpen() || !pipe.reading.isOpen() || !pipe.writing.isOpen()) return std::nullopt;
   const ReaderProcess process(reader, input, pipe.writing);
-  pipe.writing.close();
+  pipe.writing = Descriptor();
   if (!process.started()) return std::nullopt;
   const Moment end = std::chrono::steady_clock::now() + wait;
   std::string bytes;

@@ -5,9 +5,9 @@
 #include <optional>
 #include <sys/stat.h>
 
+#include "core/descriptor.h"
 #include "core/field_reader.h"
 #include "core/file_system.h"
-#include "tools/descriptor.h"
 #include "tools/jet_import.h"
 
 namespace tess {
@@ -104,10 +104,6 @@ std::optional<std::string> imageOf(int file, off_t size, const std::string& jetR
 
 // ---- Statements
 
-std::string quoted(std::string_view text) {
-  return "'" + std::string(text) + "'";
-}
-
 // Some statements have a blank at the end of their text, which no comparison sees.
 std::string quotedWithBlank(std::string_view text) {
   return "'" + std::string(text) + " '";
@@ -177,13 +173,17 @@ PartMaterial partMaterial(const DrawingSettings& settings) {
           .condition = settings.materialcondition};
 }
 
+std::string textInStatement(std::string_view text) {
+  return "'" + std::string(text) + "'";
+}
+
 std::string categoriesStatement() {
   return "SELECT * FROM MaterialCategory WHERE (Milling = True) ORDER BY [Table #]";
 }
 
 std::string categoryStatement(std::string_view category) {
-  return "SELECT * FROM MaterialCategory WHERE ([Material Category] = " + quoted(category) +
-         ") AND (Milling = True);";
+  return "SELECT * FROM MaterialCategory WHERE ([Material Category] = " +
+         textInStatement(category) + ") AND (Milling = True);";
 }
 
 std::string materialsStatement(std::string_view table) {
@@ -197,10 +197,12 @@ std::string materialStatement(std::string_view table, std::string_view material,
 
 std::string recommendationStatement(std::string_view table, const PartMaterial& part,
                                     std::string_view code) {
-  std::string statement =
-      "SELECT * FROM " + std::string(table) + " WHERE (Material = " + quoted(part.material) + ")";
-  if (!part.hardness.empty()) statement += " AND (Hardness = " + quoted(part.hardness) + ")";
-  if (!part.condition.empty()) statement += " AND ([Material Condition] = " + quoted(code) + ")";
+  std::string statement = "SELECT * FROM " + std::string(table) +
+                          " WHERE (Material = " + textInStatement(part.material) + ")";
+  if (!part.hardness.empty())
+    statement += " AND (Hardness = " + textInStatement(part.hardness) + ")";
+  if (!part.condition.empty())
+    statement += " AND ([Material Condition] = " + textInStatement(code) + ")";
   return statement + ";";
 }
 

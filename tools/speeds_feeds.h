@@ -71,6 +71,7 @@ PartMaterial partMaterial(const DrawingSettings& settings);
 
 // The statements. Texts stand in them as they are: one that holds a quote breaks its statement,
 // which then gives no rows.
+std::string textInStatement(std::string_view text);
 std::string categoriesStatement();
 std::string categoryStatement(std::string_view category);
 std::string materialsStatement(std::string_view table);

@@ -77,7 +77,7 @@ struct BadLine {
   std::string what;
 };
 
-std::string quoted(std::string_view text) {
+std::string cited(std::string_view text) {
   const bool cut = text.size() > kLongestQuote;
   const std::string shown = toUtf8(text.substr(0, kLongestQuote));
   return "\"" + onOneLine(shown) + (cut ? "..." : "") + "\"";
@@ -92,24 +92,24 @@ std::string quoted(std::string_view text) {
 double numberIn(std::string_view text, const char* what) {
   const std::optional<double> value = numericValue(text);
   if (!value || !std::isfinite(static_cast<float>(*value))) {
-    refuse(std::string("The ") + what + " " + quoted(text) + " is not a number");
+    refuse(std::string("The ") + what + " " + cited(text) + " is not a number");
   }
   return *value;
 }
 
 double positiveIn(std::string_view text, const char* what) {
   const double value = numberIn(text, what);
-  if (value < 0) refuse(std::string("The ") + what + " " + quoted(text) + " is below 0");
+  if (value < 0) refuse(std::string("The ") + what + " " + cited(text) + " is below 0");
   return value;
 }
 
 int wholeIn(std::string_view text, const char* what, int least, int most) {
   const double value = numberIn(text, what);
   if (value != std::floor(value)) {
-    refuse(std::string("The ") + what + " " + quoted(text) + " is not a whole number");
+    refuse(std::string("The ") + what + " " + cited(text) + " is not a whole number");
   }
   if (value < least || value > most) {
-    refuse(std::string("The ") + what + " " + quoted(text) + " is not between " +
+    refuse(std::string("The ") + what + " " + cited(text) + " is not between " +
            std::to_string(least) + " and " + std::to_string(most));
   }
   return static_cast<int>(value);
@@ -135,7 +135,7 @@ bool survivesASetup(const std::string& text) {
 std::string textIn(std::string_view text, const char* what) {
   std::string value = toUtf8(trimmed(text));
   if (!survivesASetup(value)) {
-    refuse(std::string("The ") + what + " " + quoted(text) + " does not fit: it has a comma");
+    refuse(std::string("The ") + what + " " + cited(text) + " does not fit: it has a comma");
   }
   return value;
 }
@@ -144,7 +144,7 @@ std::string nameIn(std::string_view text) {
   std::string name = lowerCased(textIn(text, "name"));
   if (name.empty()) refuse("There is no name");
   if (charactersIn(name) > kLongestToolName) {
-    refuse("The name " + quoted(text) + " does not fit: it has more than " +
+    refuse("The name " + cited(text) + " does not fit: it has more than " +
            std::to_string(kLongestToolName) + " characters");
   }
   return name;
@@ -350,7 +350,7 @@ class CsvHeader {
       if (equalIgnoringCase(trimmed(cell), kColumnNames[i])) return static_cast<CsvColumn>(i);
     }
     if (!trimmed(cell).empty()) {
-      import.report(line.number, "The column " + quoted(cell) + " is unknown and passed over");
+      import.report(line.number, "The column " + cited(cell) + " is unknown and passed over");
     }
     return std::nullopt;
   }
@@ -363,7 +363,7 @@ int typeIn(std::string_view text) {
     if (equalIgnoringCase(trimmed(text), kTypeWords[i])) return static_cast<int>(i);
   }
   if (!numericValue(text)) {
-    refuse("The type " + quoted(text) + " is none of \"end\", \"face\" and \"slot\"");
+    refuse("The type " + cited(text) + " is none of \"end\", \"face\" and \"slot\"");
   }
   return wholeIn(text, "type", -32768, 32767);
 }
@@ -374,7 +374,7 @@ float factorIn(std::string_view units, bool metric) {
   if (word.empty()) return 1;
   const bool inch = word == kInch || word == "inch" || word == "i";
   const bool millimetre = word == kMillimetre || word == "m";
-  if (!inch && !millimetre) refuse("The units " + quoted(units) + " are neither \"in\" nor \"mm\"");
+  if (!inch && !millimetre) refuse("The units " + cited(units) + " are neither \"in\" nor \"mm\"");
   if (millimetre == metric) return 1;
   return metric ? kMillimetresPerInch : 1 / kMillimetresPerInch;
 }
@@ -418,7 +418,7 @@ class CsvRow {
     const std::string* const cell = filled(CsvColumn::Diameter);
     if (cell == nullptr) return std::nullopt;
     const float value = static_cast<float>(positiveIn(*cell, "diameter")) / 2 * factor;
-    if (!std::isfinite(value)) refuse("The diameter " + quoted(*cell) + " is too large");
+    if (!std::isfinite(value)) refuse("The diameter " + cited(*cell) + " is too large");
     return value;
   }
 
@@ -462,7 +462,7 @@ TableLine tableLine(std::string_view text) {
     const std::string_view word = rest.substr(0, end);
     const char letter = static_cast<char>(word.front() & ~0x20);  // upper case of a letter
     if (letter < 'A' || letter > 'Z' || !numericValue(word.substr(1))) {
-      refuse(quoted(word) + " is no word of a tool table");
+      refuse(cited(word) + " is no word of a tool table");
     }
     line.words.push_back({letter, word.substr(1)});
     rest = trimmed(rest.substr(end));

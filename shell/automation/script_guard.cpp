@@ -41,6 +41,9 @@ const char* wrongName(FileKind kind, const std::string& name) {
                  : "a script saves setups only as .msu";
     case FileKind::Layout:
       return isOneOf(name, {".tb3"}) ? nullptr : "a script saves layouts only as .tb3";
+    case FileKind::ToolLibrary:
+      return isOneOf(name, {".csv", ".tbl"}) ? nullptr
+                                             : "a script exports tools only as .csv or .tbl";
     case FileKind::Program:
       return isOneOf(name, {".cdm", ".tpm"}) ? "a program does not go where drawings are kept"
                                              : nullptr;

@@ -10,9 +10,9 @@
 
 #include "gtest/gtest.h"
 
+#include "core/descriptor.h"
 #include "tests/support/feeds_samples.h"
 #include "tests/support/temp_folder.h"
-#include "tools/descriptor.h"
 #include "tools/jet_frame.h"
 #include "tools/jet_import.h"
 
