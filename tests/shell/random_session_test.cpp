@@ -101,10 +101,20 @@ bool isDrawMode(const KnownCommands& known, int mode) {
 
 // Commands that a session leaves out, beside those of files, setups and windows.
 constexpr const CommandInfo* kLeftOut[] = {
-    &kUndoCommand.info,  // steps of their own
+    // Steps of their own.
+    &kUndoCommand.info,
     &kRedoCommand.info,
-    &kCleanupCommand.info,  // what these take away stands in no log
-    &kClearAllPathsCommand.info, &kGougeAvoidanceCommand.info, &kRoughCutPocketCommand.info,
+    // What these take away stands in no log.
+    &kCleanupCommand.info,
+    &kClearAllPathsCommand.info,
+    &kGougeAvoidanceCommand.info,
+    // These work on outlines; random rows are none.
+    &kVerifyPocketCommand.info,
+    &kVerifyIslandCommand.info,
+    &kRoughCutPocketCommand.info,
+    &kPlaceFinishPathCommand.info,
+    &kPlaceOnePathCommand.info,
+    &kQuickPlaceCommand.info,
 };
 
 // The tools that an operator of the session clicks, drawing ones more often than others.
