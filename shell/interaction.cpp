@@ -28,6 +28,8 @@ Interaction::Interaction(Session& session, const ScreenPorts& ports)
   ports.picDrawing.Move(clientArea());
 }
 
+Interaction::~Interaction() = default;
+
 void Interaction::readPressedTools() {
   desk.state.OSnapOn = tools.isChecked("OSnap");
   desk.state.RevertOSnapFeatures();
