@@ -4,9 +4,11 @@
 #include <algorithm>
 #include <string_view>
 
+#include "cnc/program_target.h"
 #include "cnc/program_writer.h"
 #include "core/drawing_file.h"
 #include "core/file_system.h"
+#include "core/file_writer.h"
 #include "core/lifecycle.h"
 #include "core/text.h"
 
@@ -77,14 +79,20 @@ std::string programFile(const DrawingStore& store) {
 }
 
 void WriteCncFinish(const Session& session, const PostDefinition& definition, CncState& state,
-                    CncMode mode, const std::string& file) {
+                    CncMode mode, const ProgramFile& file) {
   const Procedure here("WriteCncFinish(mode$)");
-  writeFile(file.empty() ? outputFolder(session.store) + state.cncfilename : file,
+  const std::string path =
+      file.path.empty() ? outputFolder(session.store) + state.cncfilename : file.path;
+  if (!file.overDrawing && isOfDrawing(session.store, path)) {
+    throw RuntimeFailure(FailureNumber::FileExists, path,
+                         "The program would take the place of the drawing");
+  }
+  writeFile(session.host.guard, path, FileKind::Program,
             programText(session, definition, state, mode));
 }
 
 bool make_cnc(Session& session, const PostDefinition& definition, CncState& state, CncMode mode,
-              const std::string& file) {
+              const ProgramFile& file) {
   const Procedure here("make_cnc(mode$)");
   if (!settleUnsavedWork(session)) return false;
   state.cncfilename = programName(session.store.drawingname);

@@ -26,12 +26,16 @@ bool beginsDigits(char letter) {
 FieldReader::FieldReader(std::string path, std::string content)
     : path_(std::move(path)), content_(std::move(content)) {}
 
-FieldReader FieldReader::open(const std::string& path) {
-  return {path, readFile(path)};
+FieldReader FieldReader::open(const std::string& path, std::size_t limit) {
+  return {path, readFile(path, limit)};
 }
 
 std::string FieldReader::place() const {
   return path_ + " line " + std::to_string(line_) + " field " + std::to_string(field_);
+}
+
+bool FieldReader::endsInField() const {
+  return atEnd() && !content_.empty() && !endsField(content_.back());
 }
 
 void FieldReader::fail(FailureNumber number) const {

@@ -1,15 +1,15 @@
 // Setup files, the file that names the one in force, and the branding file.
 #include "core/setup_file.h"
 
-#include <cmath>
 #include <optional>
 
+#include "core/core_commands.h"
+#include "core/cut_width.h"
 #include "core/drawing_file.h"
 #include "core/file_system.h"
+#include "core/file_writer.h"
 #include "core/lifecycle.h"
 #include "core/number_text.h"
-#include "core/replace_files.h"
-#include "core/rounding.h"
 #include "core/settings.h"
 #include "core/text.h"
 #include "core/units.h"
@@ -23,11 +23,6 @@ constexpr char kFirstSetupName[] = "Mill";
 constexpr char kToolRow[] = "tool #";
 constexpr char kCycleRow[] = "cycle #";
 constexpr float kSmallestTolerance = 0.0001F;
-
-constexpr int kByPercent = 1;  // values of "cut width type"
-constexpr int kByDistance = 2;
-constexpr int kDistanceDecimals = 4;
-constexpr int kPercentDecimals = 2;
 
 std::string defaultsFile(const Session& session) {
   return session.appfolder + "tess.def";
@@ -48,6 +43,12 @@ void nameSetup(Session& session, const std::string& path) {
 void nameSetupIfBlank(Session& session) {
   const bool blank = trimmed(session.setuppath).empty();
   nameSetup(session, blank ? session.appfolder + kFirstSetupName : session.setuppath);
+}
+
+// Where an operator looks when the setup is not there.
+std::string whereNamed(const Session& session) {
+  return session.setupplace.empty() ? "looked for as " + setupFile(session)
+                                    : "named in " + session.setupplace;
 }
 
 // An entry "key = value"; the key in lower case.
@@ -114,11 +115,11 @@ void clearRows(DrawingStore& store) {
   for (const RowSetting& setting : cycleSettings()) readRowSetting(store, setting, 0, {});
 }
 
-void showUnknownEntry(Session& session, const std::string& line) {
-  session.host.prompts.showMessage(
-      {.text = "Unknown setup file entry: \n" + line + "\n\nPress OK to continue loading.",
-       .title = {},
-       .icon = MessageIcon::Warning});
+void showUnknownEntry(Session& session, const std::string& line, const std::string& place) {
+  session.host.prompts.showMessage({.text = "Unknown setup file entry: \n" + line +
+                                            "\n\nPress OK to continue loading.\n" + place,
+                                    .title = {},
+                                    .icon = MessageIcon::Warning});
 }
 
 void readEntries(Session& session, FieldReader& fields) {
@@ -129,34 +130,11 @@ void readEntries(Session& session, FieldReader& fields) {
     const auto entry = entryIn(line);
     if (!entry) continue;
     try {
-      if (!reading.enter(*entry)) showUnknownEntry(session, line);
+      if (!reading.enter(*entry)) showUnknownEntry(session, line, place);
     } catch (const RuntimeFailure& failure) {
       throw RuntimeFailure(failure.number(), place);
     }
     session.host.surroundings.serveEvents();
-  }
-}
-
-float rounded(double value, int places) {
-  const float result = roundTo(value, places);
-  if (!std::isfinite(result)) throw overflow();
-  return result;
-}
-
-// The cut width stands in the setup as a percentage of the tool's diameter and as a distance; the
-// one that is not chosen follows.
-void settleCutWidth(DrawingStore& store) {
-  if (store.cfg_cut_width_type == 0) store.cfg_cut_width_type = kByPercent;
-  const int type = store.cfg_cut_width_type;
-  if (type != kByPercent && type != kByDistance) return;
-  const double diameter = 2.0 * store.toolradius[store.selectedtool];
-  if (type == kByPercent) {
-    store.cfg_tool_spacing_distance =
-        rounded(diameter * store.cfg_tool_spacing / 100, kDistanceDecimals);
-  } else {
-    if (diameter == 0) throw divisionByZero();
-    store.cfg_tool_spacing =
-        rounded(store.cfg_tool_spacing_distance / diameter * 100, kPercentDecimals);
   }
 }
 
@@ -187,12 +165,12 @@ void appendRow(std::string& out, const DrawingStore& store, const char* rowKey,
 }
 
 void loadSetupFile(Session& session) {
-  FieldReader fields = FieldReader::open(setupFile(session));
+  FieldReader fields = FieldReader::open(setupFile(session), kLargestSettings);
   readSetup(session, fields);
 }
 
 void saveSetupFile(Session& session) {
-  replaceFile(setupFile(session), setupText(session));
+  writeFile(session.host.guard, setupFile(session), FileKind::Setup, setupText(session));
   session.store.setupchanged = false;
 }
 
@@ -240,8 +218,9 @@ std::string setupText(Session& session) {
 
 void load_defaults(Session& session) {
   const Procedure here("load_defaults()");
-  FieldReader fields = FieldReader::open(defaultsFile(session));
+  FieldReader fields = FieldReader::open(defaultsFile(session), kLargestSettings);
   fields.readText();  // the version, which nobody asks for
+  session.setupplace = fields.place();
   session.setuppath = fields.readText();
   load_setup(session);
 }
@@ -250,7 +229,8 @@ void load_setup(Session& session) {
   const Procedure here("load_setup()");
   nameSetup(session, session.setuppath);
   if (!fileExists(session.setuppath) && !fileExists(setupFile(session))) {
-    const std::string text = "Could not find setup file: " + session.setuppath;
+    const std::string text =
+        "Could not find setup file: " + session.setuppath + "\n" + whereNamed(session);
     session.host.surroundings.printOnMainWindow(text);
     throw EndProgram(text);
   }
@@ -260,8 +240,8 @@ void load_setup(Session& session) {
 void save_defaults(Session& session) {
   const Procedure here("save_defaults()");
   nameSetupIfBlank(session);
-  replaceFile(defaultsFile(session),
-              std::string(kDefaultsVersion) + "\r\n" + onOneLine(session.setupname) + "\r\n");
+  writeFile(session.host.guard, defaultsFile(session), FileKind::Setup,
+            std::string(kDefaultsVersion) + "\r\n" + onOneLine(session.setupname) + "\r\n");
   SetupTESS(session, "S");
 }
 
@@ -285,13 +265,15 @@ void save_setup_As(Session& session) {
   }
   session.store.drawingpath = folder;
   nameSetup(session, folder + name);
+  session.setupplace.clear();
   SetupTESS(session, "S");
 }
 
 void readcfg(Session& session) {
   const Procedure here("readcfg()");
   const bool branded = fileExists(brandingFile(session));
-  FieldReader fields = branded ? FieldReader::open(brandingFile(session)) : FieldReader({}, {});
+  FieldReader fields =
+      branded ? FieldReader::open(brandingFile(session), kLargestSettings) : FieldReader({}, {});
   readBranding(session, fields);
   session.listener.brandingRead();
 }
@@ -318,6 +300,7 @@ void mnuOptionLoadSetup_Click(Session& session) {
                                                      .name = {}});
   if (!path || path->empty()) return;
   session.setuppath = *path;
+  session.setupplace.clear();
   load_setup(session);
   applydefaults(session);
   updateStatusDisplay(session);
@@ -348,5 +331,34 @@ void mnuOptionsRevertSaved_Click(Session& session) {
   applydefaults(session);
   session.listener.recover();
 }
+
+// ---- Descriptors
+
+constexpr SessionCommand kSaveAsDefaultCommand{
+    .info = {.tool = "miSaveAsDefault", .caption = "Save as &Default", .menu = {"miOptions", 210}},
+    .run = mnuOptionsSaveAsDefault_Click,
+};
+
+constexpr SessionCommand kRevertToDefaultsCommand{
+    .info = {.tool = "miReverttoSavedDefaults",
+             .caption = "&Revert to Saved Defaults",
+             .menu = {"miOptions", 220}},
+    .run = mnuOptionsRevertSaved_Click,
+};
+
+constexpr SessionCommand kLoadSetupCommand{
+    .info = {.tool = "miLoadSetup", .caption = "&Load Setup...", .menu = {"miOptions", 230}},
+    .run = mnuOptionLoadSetup_Click,
+};
+
+constexpr SessionCommand kSaveSetupCommand{
+    .info = {.tool = "miSaveSetup", .caption = "&Save Setup", .menu = {"miOptions", 240}},
+    .run = mnuOptionsSaveSetup_Click,
+};
+
+constexpr SessionCommand kSaveSetupAsCommand{
+    .info = {.tool = "miSaveSetupAs", .caption = "Save Setup &As...", .menu = {"miOptions", 250}},
+    .run = mnuOptionsSaveSetupAs_Click,
+};
 
 }  // namespace tess

@@ -15,13 +15,14 @@ namespace {
 // Samples see the worst place of a piece nearly; the rest is for them and for the 32 bits of the
 // tables.
 constexpr double kUsableTolerance = 0.8;
-// An arc that rises over its chord by less than this share of the tolerance is a line.
+// Lines that leave their common direction by less than this share of the tolerance are one.
+constexpr double kStraightShare = 1e-4;
+// An arc that rises over its chord by less than this share of the tolerance is a line. It is a
+// small one, as a line has corners where the arc has none.
 constexpr double kFlatShare = 0.002;
 // And so is one that rises by less than this share of its chord: its centre would be too far away
 // for the tables.
 constexpr double kFlatSlope = 1e-6;
-// Lines that leave their common direction by less than this share of the tolerance are one.
-constexpr double kStraightShare = 1e-4;
 // A piece may turn by so much in all and away from its chord, in radians. Within it both arcs stay
 // below half a turn.
 constexpr double kMostTurn = 2.0;
@@ -104,7 +105,10 @@ struct Piece {
 class Fit {
  public:
   Fit(const PlaneCurve& curve, double tolerance, std::vector<DxfRow>& rows)
-      : curve_(curve), tolerance_(std::max(tolerance, resolutionOf(curve))), rows_(rows) {}
+      : curve_(curve),
+        tolerance_(std::max(tolerance, resolutionOf(curve))),
+        rows_(rows),
+        rowsBefore_(rows.size()) {}
 
   // From corner to corner.
   void run() {
@@ -116,6 +120,8 @@ class Fit {
     }
     runSmooth(first, curve_.spans());
   }
+
+  bool isWhole() const { return whole_; }
 
  private:
   bool isCorner(int span) const {
@@ -150,7 +156,10 @@ class Fit {
   }
 
   void fit(const Piece& piece, int halvings) {
-    if (rows_.size() >= kMostExactRows) return;
+    if (rows_.size() - rowsBefore_ >= kMostExactRows) {
+      whole_ = false;
+      return;
+    }
     const auto biarc = biarcBetween(piece.start, piece.end, tolerance_);
     if (biarc && holds(*biarc, piece)) {
       for (const Curve& arc : *biarc) append(arc);
@@ -241,14 +250,18 @@ class Fit {
   const PlaneCurve& curve_;
   const double tolerance_;
   std::vector<DxfRow>& rows_;
+  const std::size_t rowsBefore_;
+  bool whole_ = true;
   std::size_t pieces_ = 0;
   std::optional<Curve> last_;
 };
 
 }  // namespace
 
-void appendBiarcs(const PlaneCurve& curve, double tolerance, std::vector<DxfRow>& rows) {
-  Fit(curve, tolerance, rows).run();
+bool appendBiarcs(const PlaneCurve& curve, double tolerance, std::vector<DxfRow>& rows) {
+  Fit fit(curve, tolerance, rows);
+  fit.run();
+  return fit.isWhole();
 }
 
 }  // namespace tess

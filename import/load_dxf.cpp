@@ -178,7 +178,7 @@ void readPlainDxf(DrawingStore& store, FieldReader& fields) {
 
 void load_dxf(Desk& desk, const std::string& path) {
   const Procedure here("load_dxf(path)");
-  FieldReader fields = FieldReader::open(path);
+  FieldReader fields = FieldReader::open(path, kLargestDxf);
   new_drawing(desk.session);
   forgetSelectionAndPaste(desk.session);
   readPlainDxf(desk.store, fields);

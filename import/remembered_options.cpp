@@ -2,6 +2,7 @@
 #include "import/remembered_options.h"
 
 #include "core/file_system.h"
+#include "core/file_writer.h"
 #include "core/runtime_failure.h"
 #include "core/settings.h"
 
@@ -26,12 +27,12 @@ std::string entry(bool exact) {
 
 bool exactGeometryRemembered(const Session& session) {
   const std::string file = optionsFile(session);
-  return fileExists(file) && readFile(file).starts_with(entry(/*exact=*/true));
+  return fileExists(file) && readFile(file, kLargestSettings).starts_with(entry(/*exact=*/true));
 }
 
 void rememberExactGeometry(Session& session, bool exact) {
   try {
-    writeFile(optionsFile(session), entry(exact));
+    writeFile(session.host.guard, optionsFile(session), FileKind::Record, entry(exact));
   } catch (const RuntimeFailure& failure) {
     session.host.failures.report(failure);
   }

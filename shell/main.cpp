@@ -1,4 +1,5 @@
 // The program's entry: reads the command line and picks the platform for the job.
+#include <csignal>
 #include <iostream>
 #include <unistd.h>
 
@@ -7,6 +8,8 @@
 #include "shell/qt/plot.h"
 
 int main(int argc, char** argv) {
+  // A file that reaches the bound of its user's is a failed write, not the end of the program.
+  std::signal(SIGXFSZ, SIG_IGN);
   tess::CommandLine line = tess::parseCommandLine({argv + 1, argv + argc});
   line.showProgress = isatty(STDERR_FILENO) != 0;
   if (line.job == tess::Job::Window) {

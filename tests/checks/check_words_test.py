@@ -47,6 +47,11 @@ class CheckWords(unittest.TestCase):
         self.expect_word("G", 'return "G" + std::to_string(number);')
         self.expect_clean({"shell/tool_bands.cpp": '{"VGrid", "Visual Grid", "G"},'})
 
+    def test_the_key_of_a_command_is_no_word(self):
+        self.expect_clean({"drafting/a.cpp": '.info = {.key = "G"}, .info = {.sharedKey = "G"},'})
+        self.expect_word("G", '.key = put("G"),', file="drafting/a.cpp")
+        self.expect_word("G1", '.key = "G1",', file="drafting/a.cpp")
+
     def test_other_texts_and_comments_are_free(self):
         self.expect_clean(
             {

@@ -172,7 +172,8 @@ TEST_F(SetupFile, UnknownEntryIsShownAndReadingGoesOn) {
   read("main color = 3\r\nstart depth = 2\r\n");
   ASSERT_EQ(test.messages().size(), 1U);
   EXPECT_EQ(test.messages()[0].text,
-            "Unknown setup file entry: \nmain color = 3\n\nPress OK to continue loading.");
+            "Unknown setup file entry: \nmain color = 3\n\nPress OK to continue loading.\n"
+            "mill.msu line 1 field 1");
   EXPECT_EQ(store.cfg_start_depth, 2.0F);
 }
 
@@ -379,7 +380,8 @@ TEST_F(SetupFile, MissingSetupIsPrintedAndEndsTheProgram) {
   session.setuppath = "c:\\cnc\\gone.msu";
   EXPECT_THROW(load_setup(session), EndProgram);
   EXPECT_THAT(test.recording.surroundings.printed,
-              ElementsAre("Could not find setup file: c:\\cnc\\gone.msu"));
+              ElementsAre("Could not find setup file: c:\\cnc\\gone.msu\nlooked for as " +
+                          test.home("gone.msu")));
 }
 
 TEST_F(SetupFile, SetupOfAnotherFolderIsReadBesideTheProgram) {

@@ -328,7 +328,8 @@ TEST_F(CommandLineJobs, AProgramFolderWithoutSetupFailsTheJob) {
   EXPECT_EQ(err, "tessimo: File not found: " + home("tess.def") + "\n");
   home.write("tess.def", "1.0\r\nnone.msu\r\n");
   EXPECT_EQ(runLine({"--make-cnc", "mill", "part.cdm"}), ExitStatus::JobFailed);
-  EXPECT_EQ(err, "tessimo: Could not find setup file: none.msu\n");
+  EXPECT_EQ(err, "tessimo: Could not find setup file: none.msu named in " + home("tess.def") +
+                     " line 2 field 1\n");
 }
 
 }  // namespace

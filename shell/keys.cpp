@@ -1,5 +1,5 @@
-// Key names by table.
-#include "shell/automation/key_names.h"
+// Keys by table.
+#include "shell/keys.h"
 
 #include "core/text.h"
 
@@ -10,15 +10,22 @@ struct NamedKey {
   const char* name;
   SpecialKey special;
   char ascii;
+  const char* shown = "";  // where menus and hints have another word for it
 };
 
 constexpr NamedKey kKeys[] = {
-    {"Esc", SpecialKey::None, 27},     {"Tab", SpecialKey::None, 9},
-    {"Space", SpecialKey::None, ' '},  {"F1", SpecialKey::F1, 0},
-    {"F3", SpecialKey::F3, 0},         {"F12", SpecialKey::F12, 0},
-    {"Enter", SpecialKey::Enter, 0},   {"Insert", SpecialKey::Insert, 0},
-    {"Delete", SpecialKey::Delete, 0}, {"Left", SpecialKey::Left, 0},
-    {"Right", SpecialKey::Right, 0},   {"Up", SpecialKey::Up, 0},
+    {"Esc", SpecialKey::None, 27},
+    {"Tab", SpecialKey::None, 9},
+    {"Space", SpecialKey::None, ' '},
+    {"F1", SpecialKey::F1, 0},
+    {"F3", SpecialKey::F3, 0},
+    {"F12", SpecialKey::F12, 0},
+    {"Enter", SpecialKey::Enter, 0},
+    {"Insert", SpecialKey::Insert, 0},
+    {"Delete", SpecialKey::Delete, 0, "Del"},
+    {"Left", SpecialKey::Left, 0},
+    {"Right", SpecialKey::Right, 0},
+    {"Up", SpecialKey::Up, 0},
     {"Down", SpecialKey::Down, 0},
 };
 
@@ -69,6 +76,13 @@ std::vector<std::string> keyNames() {
   std::vector<std::string> names;
   for (const NamedKey& key : kKeys) names.emplace_back(key.name);
   return names;
+}
+
+std::string shownKey(std::string_view name) {
+  for (const NamedKey& key : kKeys) {
+    if (name == key.name && *key.shown != '\0') return key.shown;
+  }
+  return std::string(name);
 }
 
 }  // namespace tess
