@@ -39,7 +39,7 @@ Files filesToWrite(DrawingStore& store, const Paths& paths) {
 
 std::optional<std::string> contentOf(const std::string& path) {
   if (!fileExists(path)) return std::nullopt;
-  return readFile(path);
+  return readFile(path, kLargestDrawing);
 }
 
 // Byte for byte: the same checksums alone are no proof.
@@ -82,7 +82,7 @@ Backup backupFor(const OpenDrawing& opened, const Files& files, const PairState&
 }
 
 // What an earlier save has left that was cut off comes first.
-void settleBefore(WriteGuard& guard, const Paths& paths, const FolderLock& lock,
+void settleBefore(const WriteGuard& guard, const Paths& paths, const FolderLock& lock,
                   std::vector<Recovery>& recoveries) {
   if (lock.isBusy()) raiseBusy(paths[0]);
   const auto recovery = recoverDrawing(guard, paths, lock);

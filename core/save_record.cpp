@@ -16,7 +16,7 @@
 namespace tess {
 namespace {
 
-constexpr std::uintmax_t kLargestRecord = 256 * 1024;
+constexpr std::size_t kLargestRecord = 256 * 1024;
 constexpr std::size_t kLinesKept = 500;
 constexpr char kLineEnd[] = "\r\n";
 constexpr std::size_t kWords = 4;  // before the path: two checksums, date, time
@@ -27,11 +27,8 @@ std::string recordFile(const Session& session) {
 
 // The bytes of the record; none when there is no record, or one that this program did not write.
 std::string readRecord(const std::string& file) {
-  std::error_code error;
-  const std::uintmax_t size = std::filesystem::file_size(resolvePath(file), error);
-  if (error || size > 2 * kLargestRecord) return {};
   try {
-    return readFile(file);
+    return readFile(file, 2 * kLargestRecord);
   } catch (const RuntimeFailure&) {
     takeCallChain();
     return {};
@@ -121,7 +118,7 @@ void noteSave(Session& session, const std::string& drawing, const PairState& sta
   try {
     const FilePlace place(guard, file, FileKind::Record);
     const auto there = place.state();
-    if (there && static_cast<std::uintmax_t>(there->st_size) > kLargestRecord) {
+    if (there && static_cast<std::size_t>(there->st_size) > kLargestRecord) {
       writeFile(guard, file, FileKind::Record, shortened(readRecord(file)) + line);
     } else {
       place.append(line);

@@ -94,6 +94,7 @@ class InterruptedSave : public ::testing::TestWithParam<SaveCase> {
   // The old pair is open, and the rows to be saved are drawn.
   void prepare() {
     clearFolder();
+    fs::remove(test_.home("said"));
     putBack(cnc("PART.CDM"), old_.drawing);
     putBack(cnc("PART.TPM"), old_.paths);
     putBack(cnc("PART.CDM~"), backup_.drawing);
@@ -119,10 +120,25 @@ class InterruptedSave : public ::testing::TestWithParam<SaveCase> {
     EXPECT_EQ(store.NumPathSegments > 0, now.paths.has_value());
   }
 
+  // The save, and what the operator was told of it.
+  void save() {
+    const std::string said = test_.home("said");
+    try {
+      save_Drawing(test_.session);
+      writeFile(said, test_.store.drawingsaved ? "saved" : "not saved");
+    } catch (const RuntimeFailure&) {
+      writeFile(said, "failed");
+    }
+  }
+
   void check() {
     openAnew();
     const Pair now = pairOnDisk("");
     EXPECT_TRUE(now == old_ || now == new_) << "one of each";
+    const std::string said = contentOf(test_.home("said")).value_or("");
+    EXPECT_NE(said, "not saved");
+    EXPECT_TRUE(said != "saved" || now == new_);
+    EXPECT_TRUE(said != "failed" || now == old_);
     const Pair kept = pairOnDisk("~");
     EXPECT_TRUE(kept == backup_ || kept == old_) << "a backup of two saves";
     for (const auto& entry : fs::directory_iterator(cnc(""))) {
@@ -132,7 +148,7 @@ class InterruptedSave : public ::testing::TestWithParam<SaveCase> {
 
   void interrupt(Interruption how) {
     const int points = testing::pointsWithin(how, {.prepare = [this] { prepare(); },
-                                                   .work = [this] { save_Drawing(test_.session); },
+                                                   .work = [this] { save(); },
                                                    .check = [this] { check(); }});
     EXPECT_GT(points, 0);
     RecordProperty("points", points);
