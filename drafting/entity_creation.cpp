@@ -1,6 +1,7 @@
 // Creating entities: the drawing modes of the draw menu.
 #include "drafting/entity_creation.h"
 
+#include <optional>
 #include <utility>
 
 #include "display/screen_marks.h"
@@ -200,13 +201,11 @@ void takeEnds(Desk& desk) {
 }
 
 bool centreThrough(Desk& desk, Point third) {
-  Point center;
-  if (!circleFrom3Points(markerOf(desk), secondPointOf(desk), third, desk.store.cfg_tolerance,
-                         center)) {
-    return false;
-  }
-  desk.arc.arccx = center.x;
-  desk.arc.arccy = center.y;
+  const std::optional<Point> center =
+      circleFrom3Points(markerOf(desk), secondPointOf(desk), third, desk.store.cfg_tolerance);
+  if (!center) return false;
+  desk.arc.arccx = center->x;
+  desk.arc.arccy = center->y;
   return true;
 }
 
@@ -244,11 +243,12 @@ bool draw_arcc2p(Desk& desk, float x, float y) {
   takeEnds(desk);
   const Point click{x, y};
   const float radius = (distance(markerOf(desk), click) + distance(secondPointOf(desk), click)) / 2;
-  PointPair centers;
-  if (!centersFromChord(markerOf(desk), secondPointOf(desk), radius, centers)) return false;
+  const std::optional<PointPair> centers =
+      centersFromChord(markerOf(desk), secondPointOf(desk), radius);
+  if (!centers) return false;
   // The click marks the side of the centre; on a tie the second one is taken.
-  const bool first = distance(centers.first, click) < distance(centers.second, click);
-  const Point center = first ? centers.first : centers.second;
+  const bool first = distance(centers->first, click) < distance(centers->second, click);
+  const Point center = first ? centers->first : centers->second;
   desk.arc.arccx = center.x;
   desk.arc.arccy = center.y;
   traceArc(desk, x, y, desk.arc.reversearc);

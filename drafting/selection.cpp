@@ -41,11 +41,11 @@ bool inWindow(Point point, const SelectionWindow& window) {
 }
 
 // A row touches the window when its nearest point to one of the corners lies inside.
-template <typename NearestPoint>
-bool touches(const SelectionWindow& window, NearestPoint nearestTo) {
+template <typename NearestTo>
+bool touches(const SelectionWindow& window, NearestTo nearestTo) {
   for (const Point corner : cornersOf(window)) {
-    Point nearest;
-    if (nearestTo(corner, nearest) && inWindow(nearest, window)) return true;
+    const NearestPoint nearest = nearestTo(corner);
+    if (nearest && inWindow(nearest.at, window)) return true;
   }
   return false;
 }
@@ -54,18 +54,14 @@ bool segmentInWindow(const DrawingStore& store, int sg, const SelectionWindow& w
                      bool exclusive) {
   const Entity row = segmentEntity(store, sg);
   if (exclusive) return inWindow(row.start, window) && inWindow(row.end, window);
-  return touches(window, [&](Point corner, Point& at) {
-    return nearestOnSeg(store, sg, corner, at) == kFound;
-  });
+  return touches(window, [&](Point corner) { return nearestOnSeg(store, sg, corner); });
 }
 
 bool pathInWindow(const DrawingStore& store, int ps, const SelectionWindow& window,
                   bool exclusive) {
   const Entity row = pathEntity(store, ps);
   if (exclusive) return inWindow(row.start, window) && inWindow(row.end, window);
-  return touches(window, [&](Point corner, Point& at) {
-    return nearestPointOfPathRow(store, ps, corner, at);
-  });
+  return touches(window, [&](Point corner) { return nearestPointOfPathRow(store, ps, corner); });
 }
 
 // The one untagged row that touches `at`, 0 for none, kBranch for several.
@@ -237,9 +233,8 @@ void SelectConnected(Desk& desk, bool select, int seg, std::vector<bool>& tagged
     tagged[static_cast<std::size_t>(sg)] = true;
     markSegment(desk, sg, select);
     for (int other = desk.store.NumSegments; other >= 1; --other) {
-      PointPair at;
       const bool open = !tagged[static_cast<std::size_t>(other)];
-      if (open && intersectSegs(desk.store, sg, other, at) > 0) walk.push_back(other);
+      if (open && intersectSegs(desk.store, sg, other)) walk.push_back(other);
     }
   }
 }

@@ -28,8 +28,7 @@ int signOnScreen(const CamDesk& cam, double difference) {
 
 // Where the click lies from the nearest point of row `sg`.
 SideSigns clickFrom(const CamDesk& cam, int sg, Point click) {
-  Point nearest = click;
-  nearestOnSeg(cam.store, sg, click, nearest);
+  const Point nearest = nearestOnSeg(cam.store, sg, click).found().value_or(click);
   return {signOnScreen(cam, static_cast<double>(click.x) - nearest.x),
           signOnScreen(cam, static_cast<double>(click.y) - nearest.y)};
 }

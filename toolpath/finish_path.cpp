@@ -2,6 +2,7 @@
 #include "toolpath/finish_path.h"
 
 #include <cmath>
+#include <optional>
 
 #include "core/number_text.h"
 #include "display/pointer.h"
@@ -56,12 +57,12 @@ Message leadQuestion(float length) {
 }
 
 void offerShorterLeads(CamDesk& cam, const PlacedRows& rows) {
-  float length = 0;
-  if (!checkLeadGouge(cam.store, rows.first, rows.last, length)) return;
-  const Answer answer = cam.desk.session.host.prompts.showMessage(leadQuestion(length));
+  const std::optional<float> length = checkLeadGouge(cam.store, rows.first, rows.last);
+  if (!length) return;
+  const Answer answer = cam.desk.session.host.prompts.showMessage(leadQuestion(*length));
   if (answer != Answer::Yes) return;
-  fitLeadLength(cam.store, rows.first, length, kFitStart);
-  fitLeadLength(cam.store, rows.last, length, kFitEnd);
+  fitLeadLength(cam.store, rows.first, *length, kFitStart);
+  fitLeadLength(cam.store, rows.last, *length, kFitEnd);
 }
 
 // Where the rows of all passes have come: those of the outlines as one block, copies at the end.
@@ -133,7 +134,9 @@ void placeFinishPath(CamDesk& cam) {
 // ---- The clicks
 
 void clickStart(CamDesk& cam) {
-  if (!nearestSegEndpoint(cam.store, clickOf(cam), cam.finishStart)) return;
+  const std::optional<Point> start = nearestSegEndpoint(cam.store, clickOf(cam));
+  if (!start) return;
+  cam.finishStart = *start;
   cam.desk.state.setPendingaction(goOnWith(PendingAction::FinishDirection));
 }
 
@@ -149,8 +152,7 @@ void clickDirection(CamDesk& cam) {
     return;
   }
   cam.finishSegment = sg;
-  cam.finishDirection = cam.finishStart;  // what a row without a nearest point leaves it at
-  nearestOnSeg(cam.store, sg, click, cam.finishDirection);
+  cam.finishDirection = nearestOnSeg(cam.store, sg, click).found().value_or(cam.finishStart);
   cam.desk.state.setPendingaction(goOnWith(PendingAction::FinishReference));
 }
 

@@ -66,12 +66,11 @@ Point nearer(const PointPair& points, Point to) {
 // Where a row crosses a later one in its midst. Of two crossings the one that comes first on the
 // way is meant, and where that is an end, the other does not count either.
 std::optional<Point> trueCrossing(const Entity& row, const Entity& later, float tolerence) {
-  PointPair hits;
-  const int code = intersectEntities(row, later, tolerence, hits);
-  if (code < 1) return std::nullopt;
-  const Point at = code == kFirstHit    ? hits.first
-                   : code == kSecondHit ? hits.second
-                                        : nearer(hits, row.start);
+  const Crossing crossing = intersectEntities(row, later, tolerence);
+  if (!crossing) return std::nullopt;
+  const Point at = !crossing.second  ? crossing.at.first
+                   : !crossing.first ? crossing.at.second
+                                     : nearer(crossing.at, row.start);
   const Point ends[] = {later.start, row.start, row.end, later.end};
   const bool isEnd = std::any_of(std::begin(ends), std::end(ends),
                                  [&](Point end) { return samePoint(at, end, tolerence); });

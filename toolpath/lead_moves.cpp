@@ -41,10 +41,11 @@ Heading headingAt(const Entity& row, Point at) {
 // nearer to it than the path itself.
 bool materialIsLeft(const DrawingStore& store, Point at, double normal) {
   const int sg = nearestSeg(store, at);
-  Point onProfile;
-  if (sg == 0 || nearestOnSeg(store, sg, at, onProfile) != kFound) return false;
+  if (sg == 0) return false;
+  const NearestPoint onProfile = nearestOnSeg(store, sg, at);
+  if (!onProfile) return false;
   const Point probe = away(at, normal, store.toolradius[store.selectedtool]);
-  return distance(onProfile, at) > distance(onProfile, probe);
+  return distance(onProfile.at, at) > distance(onProfile.at, probe);
 }
 
 // The direction of a lead and the direction from it to the centre of an arc.

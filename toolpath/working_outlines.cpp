@@ -34,8 +34,8 @@ int sideOfArc(const DrawingStore& store, int sg, const Entity& along, Point refe
 int sideOfFirst(const DrawingStore& store, const OutlineOffset& order, const Entity& along) {
   if (isArc(along.type)) return sideOfArc(store, order.sg, along, order.reference);
   if (along.type != kLine) return 0;
-  Point nearest = order.reference;
-  nearestOnSeg(store, order.sg, order.reference, nearest);
+  const Point nearest =
+      nearestOnSeg(store, order.sg, order.reference).found().value_or(order.reference);
   return sideOfLine(along, {signOf(static_cast<double>(order.reference.x) - nearest.x),
                             signOf(static_cast<double>(order.reference.y) - nearest.y)});
 }

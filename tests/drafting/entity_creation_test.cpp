@@ -291,8 +291,7 @@ TEST(DrawArcC2P, BetweenTheEndsTakesTheSecondCentreOnATie) {
   mnuDrawArcC2P_Click(d.desk);
   d.click(-1, 0);
   d.click(2, 0);  // radius 2, both centres equally far
-  PointPair centers;
-  ASSERT_TRUE(centersFromChord({1, 0}, {-1, 0}, 2, centers));
+  const PointPair centers = centersFromChord({1, 0}, {-1, 0}, 2).value();
   EXPECT_EQ((Point{d.store.centerx[1], d.store.centery[1]}), centers.second);
 }
 

@@ -62,19 +62,17 @@ TEST(CheckLeadGouge, FindsTheShortestWayToAHit) {
   };
   for (const GougeCase& row : kCases) {
     const DrawingStore store = storeOf(row.path);
-    float length = -7;
-    EXPECT_EQ(checkLeadGouge(store, 1, store.NumPathSegments, length), row.gouge) << row.name;
-    EXPECT_FLOAT_EQ(length, row.gouge ? row.length : -7) << row.name;
+    const std::optional<float> length = checkLeadGouge(store, 1, store.NumPathSegments);
+    EXPECT_EQ(length.has_value(), row.gouge) << row.name;
+    EXPECT_FLOAT_EQ(length.value_or(row.length), row.length) << row.name;
   }
 }
 
 TEST(CheckLeadGouge, LooksOnlyAtRowsBetweenTheLeads) {
   const DrawingStore store = storeOf({line(0, -1, 0, 1), line(-1, 0, 1, 0), line(5, 5, 6, 5),
                                       line(6, 5, 7, 5), line(5.5F, 0, 5.5F, 9)});
-  float length = -7;
-  EXPECT_FALSE(checkLeadGouge(store, 2, 4, length));
-  EXPECT_TRUE(checkLeadGouge(store, 1, 4, length));
-  EXPECT_EQ(length, 1);
+  EXPECT_FALSE(checkLeadGouge(store, 2, 4));
+  EXPECT_EQ(checkLeadGouge(store, 1, 4), 1);
 }
 
 // A level lead to (3, 0) through a round row of radius 1/3 at the origin: its first hit is the
@@ -96,9 +94,7 @@ TEST(CheckLeadGouge, RoundsByWhichHitsThereAre) {
   for (const RoundingCase& row : kCases) {
     const Entity leadIn = line(-row.junction.x, 0, row.junction.x, 0);
     const DrawingStore store = storeOf({leadIn, row.row, line(9, 9, 9, 8)});
-    float length = 0;
-    EXPECT_TRUE(checkLeadGouge(store, 1, 3, length)) << row.name;
-    EXPECT_EQ(length, row.length) << row.name;
+    EXPECT_EQ(checkLeadGouge(store, 1, 3), row.length) << row.name;
   }
 }
 

@@ -499,9 +499,7 @@ TEST_F(Spiral, RingsInsertedBeforeAGroupStandInTheirOrderBeforeIt) {
 float distanceToWall(const DrawingStore& store, Point p) {
   float nearest = kFarthest;
   for (int sg = 1; sg <= store.NumSegments; ++sg) {
-    Point q;
-    nearestOnSeg(store, sg, p, q);
-    nearest = std::min(nearest, distance(p, q));
+    nearest = std::min(nearest, distance(p, nearestOnSeg(store, sg, p).at));
   }
   return nearest;
 }
@@ -778,8 +776,7 @@ TEST_F(CleanUp, PassesAreDroppedAsByATrialOfAllPairs) {
     bool meets = false;
     for (const Entity& path : paths) {
       for (int sg = 1; sg <= store.NumSegments; ++sg) {
-        PointPair at;
-        meets = meets || intersectWithSeg(store, path, sg, at) > 0;
+        meets = meets || intersectWithSeg(store, path, sg);
       }
     }
     const int count = store.NumPathSegments;

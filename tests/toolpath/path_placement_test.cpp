@@ -286,9 +286,8 @@ int plainConnect(CamDesk& cam, int first, int last) {
     if (samePoint(from, to, store.cfg_tolerance)) continue;
     bool blocked = false;
     for (int sg = 1; sg <= store.NumSegments; ++sg) {
-      PointPair at;
       blocked = blocked || (store.segattr[sg] == kIslandOutline &&
-                            intersectWithSeg(store, lineEntity(from, to), sg, at) > 0);
+                            intersectWithSeg(store, lineEntity(from, to), sg));
     }
     if (blocked) continue;
     insertPathSegment(store, ps + 1,
