@@ -137,6 +137,7 @@ void save_Drawing(Session& session) {
   DrawingStore& store = session.store;
   if (store.drawingname.empty()) return;
   if (store.NumSegments > 0) roundall(store);
+  session.listener.rowsRewritten();
   replaceWithBackup(pairToWrite(store));
   noteSavedCounts(store);
   session.lastfilename = store.drawingpath + store.drawingname;

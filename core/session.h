@@ -44,6 +44,7 @@ class SessionListener {
   virtual void resetPendingAction() {}                  // pendingaction, DrawMode 0, arrow
   virtual void DisplayedFilename(const std::string& /*text*/) {}  // first panel of the status bar
   virtual void updateStatusDisplay() {}
+  virtual void rowsRewritten() {}    // by other ways than a command: a save has rounded them
   virtual void drawingReplaced() {}  // another drawing or none: its view starts anew
   virtual void recentFilesChanged() {}
   virtual void brandingRead() {}                  // productname may have changed

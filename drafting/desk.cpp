@@ -2,6 +2,7 @@
 // itself brings.
 #include "drafting/desk.h"
 
+#include "drafting/change_effects.h"
 #include "drafting/draw_mode_tools.h"
 #include "drafting/entity_creation.h"
 #include "drafting/pending_actions.h"
@@ -17,6 +18,8 @@ Desk::Desk(const DeskParts& parts)
       store(parts.session.store),
       state(parts.ScreenProxy, {.refreshStatus = [this] { refreshStatus(*this); },
                                 .showDrawMode = [this] { refreshDrawMode(); }}),
+      changeHost(std::make_unique<ChangeEffects>(*this)),
+      changes(store, changelog, changeHost.get()),
       gridSnapTimer(std::make_unique<GridSnapTimer>(*this)) {
   addSelectionClicks(clickActions);
   addStartPositionClick(clickActions);

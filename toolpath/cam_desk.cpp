@@ -1,7 +1,6 @@
 // The desk of the tool-path commands.
 #include "toolpath/cam_desk.h"
 
-#include "drafting/undo.h"
 #include "toolpath/cycles.h"
 #include "toolpath/finish_path.h"
 #include "toolpath/gouge_avoidance.h"
@@ -11,7 +10,7 @@
 namespace tess {
 
 CamDesk::CamDesk(Desk& drafting)
-    : desk(drafting), store(drafting.store), changelog(drafting.changelog) {
+    : desk(drafting), store(drafting.store), changes(drafting.changes) {
   addFinishPathClicks(*this);
   addPlacementClicks(*this);
   addGougeClicks(*this);
@@ -23,7 +22,6 @@ void showPlacedPaths(CamDesk& cam) {
   cam.store.showpaths = 1;
   cam.desk.session.listener.Update_menu_checks();
   cam.desk.redraw.redrawscreen();
-  if (cam.changelog.canUndo()) enableUndo(cam.desk, kRowsAdded);
 }
 
 }  // namespace tess

@@ -70,7 +70,7 @@ int writeField(Script& script, lua_State* L) {
     lua_replace(L, kValue);
   }
   if (variable.assign != nullptr) {
-    variable.assign(script.application.store, valueAt<int>(L, kValue));
+    variable.assign(script.application, valueAt<int>(L, kValue));
   } else {
     std::visit(Write{L}, variable.place);
   }
@@ -89,9 +89,10 @@ int readRow(Script& /*script*/, lua_State* L) {
 }
 
 template <typename T>
-int writeRow(Script& /*script*/, lua_State* L) {
+int writeRow(Script& script, lua_State* L) {
   T& row = columnOf<T>(L)[indexAt(L, kKey)];
   row = valueAt<T>(L, kValue);
+  script.application.interaction.desk.changes.tellRewritten();
   return 0;
 }
 
