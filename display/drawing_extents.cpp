@@ -5,7 +5,6 @@
 #include <cmath>
 
 #include "geometry/angles.h"
-#include "geometry/entity.h"
 
 namespace tess {
 
@@ -77,6 +76,12 @@ std::optional<DrawingExtents> GetDrawingExtents(const DrawingStore& store) {
   for (int sg = 1; sg <= store.NumSegments; ++sg) addSegment(box, segmentEntity(store, sg));
   for (int ps = 1; ps <= store.NumPathSegments; ++ps) addEntity(box, pathEntity(store, ps));
   return extentsOf(box);
+}
+
+DrawingExtents entityExtents(const Entity& entity) {
+  ExtentsBox box;
+  addEntity(box, entity);
+  return box.box();
 }
 
 std::optional<DrawingExtents> GetSegmentExtents(const DrawingStore& store, int first, int last) {

@@ -1,10 +1,11 @@
 // How far a drawing reaches.
-// Owns: DrawingExtents, GetDrawingExtents, GetSegmentExtents.
+// Owns: DrawingExtents, GetDrawingExtents, GetSegmentExtents, entityExtents.
 #pragma once
 
 #include <optional>
 
 #include "core/drawing_store.h"
+#include "geometry/entity.h"
 
 namespace tess {
 
@@ -20,5 +21,9 @@ std::optional<DrawingExtents> GetDrawingExtents(const DrawingStore& store);
 // The same round drawing rows `first` to `last` alone. Nothing for a range that is empty or not
 // within the rows in use.
 std::optional<DrawingExtents> GetSegmentExtents(const DrawingStore& store, int first, int last);
+
+// What a single row that is no bare point adds to them. Of an arc that passes the angle 0 two of
+// the three points can lie on the rest of its circle, far away from the arc.
+DrawingExtents entityExtents(const Entity& entity);
 
 }  // namespace tess

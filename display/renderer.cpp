@@ -116,22 +116,25 @@ void Renderer::DisplayGrid(DrawingTarget& target) {
   const float bottom = top + target.ScaleHeight();
   const auto row = [=](float y) { return WorldBox{left, y, right, y}; };
   const auto column = [=](float x) { return WorldBox{x, top, x, bottom}; };
-  gridLines(-1, bottom, row, target);
-  gridLines(+1, top, row, target);
-  gridLines(+1, right, column, target);
-  gridLines(-1, left, column, target);
+  const GridSide down{-top, -bottom, target.Height()};
+  const GridSide up{bottom, top, target.Height()};
+  const GridSide onward{left, right, target.Width()};
+  const GridSide back{-right, -left, target.Width()};
+  gridLines(-1, down, row, target);
+  gridLines(+1, up, row, target);
+  gridLines(+1, onward, column, target);
+  gridLines(-1, back, column, target);
   target.setDrawStyle(PenStyle::Solid);
 }
 
-// Grid lines from zero in one direction, up to `last`; none when that lies on the other side.
 template <typename LineAt>
-void Renderer::gridLines(int direction, float last, LineAt lineAt, DrawingTarget& target) {
-  const double spacing = store_.visualgrid;
-  if (!(spacing > 0)) return;  // such a grid has no lines, and no end
+void Renderer::gridLines(int direction, const GridSide& side, LineAt lineAt,
+                         DrawingTarget& target) {
+  const GridRun run = gridRun(store_.visualgrid, side);
   const Rgb color = slotColor(store_, ColorSlot::Grid);
-  for (double at = 0; at <= direction * static_cast<double>(last); at += spacing) {
+  for (int i = 0; i < run.count; ++i) {
     target.setDrawStyle(PenStyle::Dot);
-    target.TraceLine(lineAt(narrow(direction * at)), color);
+    target.TraceLine(lineAt(narrow(direction * (run.first + i) * run.step)), color);
     surroundings_.serveEvents();
   }
 }

@@ -7,6 +7,7 @@
 #include "core/drawing_store.h"
 #include "core/host.h"
 #include "display/drawing_target.h"
+#include "display/grid_lines.h"
 #include "geometry/entity.h"
 
 namespace tess {
@@ -43,8 +44,8 @@ class Renderer {
   // Types 2, 3 and 5. One whose start equals its end is a full circle whatever its type.
   void DrawArc(const Entity& arc, Rgb color, DrawingTarget& target);
 
-  // The visual grid's lines through world zero and on to the edges; nothing on paper. Events are
-  // served after each line.
+  // The visual grid's lines through world zero and on to the edges, but no more than the surface
+  // can show; nothing on paper. Events are served after each line.
   void DisplayGrid(DrawingTarget& target);
 
   // True while path rows are painted; it keeps end markers off them.
@@ -58,7 +59,7 @@ class Renderer {
   void complain(const char* text);
   bool markersShown() const;
   template <typename LineAt>
-  void gridLines(int direction, float last, LineAt lineAt, DrawingTarget& target);
+  void gridLines(int direction, const GridSide& side, LineAt lineAt, DrawingTarget& target);
 
   const DrawingStore& store_;
   Prompts& prompts_;

@@ -8,6 +8,7 @@
 
 #include "core/division.h"
 #include "display/arrowheads.h"
+#include "display/disc_row.h"
 #include "display/renderer.h"
 #include "geometry/angles.h"
 
@@ -26,10 +27,6 @@ Point polar(Point from, double length, double angle) {
   return {narrow(from.x + length * std::cos(angle)), narrow(from.y + length * std::sin(angle))};
 }
 
-void discAt(Point center, float radius, Rgb color, DrawingTarget& target) {
-  target.TraceCircle(center.x, center.y, radius, color);
-}
-
 int wholeSteps(double n) {
   if (std::abs(n) >= std::numeric_limits<int>::max()) throw overflow();
   return static_cast<int>(std::floor(n));
@@ -40,20 +37,26 @@ void discsAlongLine(const Entity& move, float toolradius, Rgb color, DrawingTarg
   if (n == 0) n = 1;
   const double stepx = (static_cast<double>(move.end.x) - move.start.x) / n;
   const double stepy = (static_cast<double>(move.end.y) - move.start.y) / n;
-  const int count = wholeSteps(n);
-  for (int i = 1; i <= count; ++i) {
-    discAt({narrow(move.start.x + i * stepx), narrow(move.start.y + i * stepy)}, toolradius, color,
-           target);
-  }
+  const auto at = [=](int i) {
+    return Point{narrow(move.start.x + i * stepx), narrow(move.start.y + i * stepy)};
+  };
+  const auto straight = [](int /*from*/, int /*to*/) { return 0.0; };
+  traceDiscs({wholeSteps(n), toolradius, std::hypot(stepx, stepy), at, straight}, color, target);
+}
+
+// How far an arc rises over its chord; a long one counts as its whole circle.
+double riseOf(double radius, double sweep) {
+  return sweep < kPi ? radius * (1 - std::cos(sweep / 2)) : 2 * radius;
 }
 
 void discsAlongArc(const Entity& move, float toolradius, Rgb color, DrawingTarget& target) {
   const ArcAngles arc = arcRadiusAndAngles(move.start, move.end, move.center);
   const double sweep = ArcSweep(arc.start, arc.end, move.type);
   const DiscSteps discs = discSteps(sweep, arc.radius, toolradius);
-  for (int i = 1; i <= discs.count; ++i) {
-    discAt(polar(move.center, arc.radius, arc.start + i * discs.step), toolradius, color, target);
-  }
+  const double step = std::abs(discs.step);
+  const auto at = [&](int i) { return polar(move.center, arc.radius, arc.start + i * discs.step); };
+  const auto bulge = [&](int from, int to) { return riseOf(arc.radius, (to - from) * step); };
+  traceDiscs({discs.count, toolradius, step * arc.radius, at, bulge}, color, target);
 }
 
 void lineArrow(const Entity& move, Rgb color, DrawingTarget& target) {

@@ -1,10 +1,7 @@
 // New Start Position.
 #include "drafting/start_position.h"
 
-#include "drafting/pending_actions.h"
-
 namespace tess {
-namespace {
 
 void clickStartPosition(Desk& desk) {
   Change change(desk.changes);
@@ -12,12 +9,6 @@ void clickStartPosition(Desk& desk) {
   desk.store.xstartpos = desk.pointer.MouseX;
   desk.store.ystartpos = desk.pointer.MouseY;
   change.keep({.redraws = false});
-}
-
-}  // namespace
-
-void addStartPositionClick(ClickActions& clicks) {
-  clicks[static_cast<std::size_t>(PendingAction::NewStartPosition)] = clickStartPosition;
 }
 
 }  // namespace tess

@@ -9,8 +9,8 @@
 #include <cstddef>
 #include <vector>
 
+#include "geometry/plane.h"
 #include "import/dxf_rows.h"
-#include "import/plane.h"
 
 namespace tess {
 
@@ -28,12 +28,13 @@ class PlaneCurve {
   virtual CurvePoint pointAt(int span, double share) const = 0;
 };
 
-// More rows than any drawing can hold: what goes on beyond them is not worth its making.
+// More rows of one curve than any drawing can hold: what goes on beyond them is not worth its
+// making.
 inline constexpr std::size_t kMostExactRows = 100000;
 
 // Appends rows along the curve from its start to its end. `tolerance` is the greatest distance of a
 // point of the curve from the rows and of the rows from the curve, where the 32 bits of the tables
-// can tell it. Stops at kMostExactRows.
-void appendBiarcs(const PlaneCurve& curve, double tolerance, std::vector<DxfRow>& rows);
+// can tell it. False when it stopped at kMostExactRows.
+bool appendBiarcs(const PlaneCurve& curve, double tolerance, std::vector<DxfRow>& rows);
 
 }  // namespace tess

@@ -36,11 +36,14 @@ class DxfRows {
   // number asks whether to go on; a No stops: from then on nothing is added. Rows that the drawing
   // has no room for are counted.
   bool add(const DxfRow& row);
+  // Takes note that there would be more rows than are going to be added.
+  void addMore() { more_ = true; }
   // Takes note of an entity type that makes no rows.
   void addUnconverted(std::string_view type);
 
   bool stopped() const { return stopped_; }
   int lost() const { return lost_; }    // rows without room
+  bool more() const { return more_; }   // beyond those
   int first() const { return first_; }  // the first new row
   // Upper-cased, each once, in the order of their appearance.
   const std::vector<std::string>& unconverted() const { return unconverted_; }
@@ -56,6 +59,7 @@ class DxfRows {
   const DxfEntity* entity_ = nullptr;
   bool stopped_ = false;
   int lost_ = 0;
+  bool more_ = false;
   std::vector<std::string> unconverted_;
   std::set<std::string> known_;  // the same, to be found among however many
 };

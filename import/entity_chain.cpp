@@ -7,6 +7,7 @@
 
 #include "core/text.h"
 #include "import/ellipse_curve.h"
+#include "import/flat_arcs.h"
 #include "import/spline_curve.h"
 
 namespace tess {
@@ -14,9 +15,6 @@ namespace {
 
 constexpr double kFullTurn = 2 * std::numbers::pi;
 constexpr double kDegree = std::numbers::pi / 180;
-// A bulge that rises by less than this share of the tolerance is a line: its centre would be too
-// far away for the tables.
-constexpr double kFlatShare = 0.002;
 // Files write the end of a whole turn with as few as so many digits.
 constexpr double kAngleDigits = 1e-9;
 
@@ -24,6 +22,7 @@ struct Target {
   const Placement& placement;
   double tolerance;
   EntityChain& chain;
+  bool& whole;
 };
 
 void addLine(EntityChain& chain, PlanePoint start, PlanePoint end) {
@@ -31,7 +30,7 @@ void addLine(EntityChain& chain, PlanePoint start, PlanePoint end) {
   chain.push_back({.x0 = start.x, .y0 = start.y, .x1 = end.x, .y1 = end.y});
 }
 
-void addArc(EntityChain& chain, const EllipseArc& circle, PlanePoint start, PlanePoint end) {
+void addRound(EntityChain& chain, const EllipseArc& circle, PlanePoint start, PlanePoint end) {
   const bool counterClockwise = cross(circle.u, circle.v) > 0;
   chain.push_back({.type = counterClockwise ? kCounterClockwiseArc : kClockwiseArc,
                    .x0 = start.x,
@@ -45,12 +44,27 @@ void addArc(EntityChain& chain, const EllipseArc& circle, PlanePoint start, Plan
 // The fitted rows begin and end exactly where the neighbours do.
 void addCurve(const Target& target, const PlaneCurve& curve, PlanePoint start, PlanePoint end) {
   const std::size_t before = target.chain.size();
-  appendBiarcs(curve, target.tolerance, target.chain);
+  if (!appendBiarcs(curve, target.tolerance, target.chain)) target.whole = false;
   if (target.chain.size() == before) return;
   target.chain[before].x0 = start.x;
   target.chain[before].y0 = start.y;
   target.chain.back().x1 = end.x;
   target.chain.back().y1 = end.y;
+}
+
+// A flat arc is a line. One that is too long for that, though its centre is too far away for the
+// tables, is fitted by lines.
+void addArc(const Target& target, const EllipseArc& circle, PlanePoint start, PlanePoint end) {
+  const double chord = lengthOf(end - start);
+  const double rise = riseOver(chord, lengthOf(circle.u));
+  const bool isShort = std::abs(circle.to - circle.from) < kFullTurn / 2;
+  if (isShort && rise < kFlatShare * target.tolerance) {
+    addLine(target.chain, start, end);
+  } else if (isShort && rise <= kFlattestSlope * chord) {
+    addCurve(target, EllipseCurve(circle), start, end);
+  } else {
+    addRound(target.chain, circle, start, end);
+  }
 }
 
 bool addEllipse(const Target& target, const EllipseArc& ellipse, PlanePoint start, PlanePoint end) {
@@ -59,7 +73,7 @@ bool addEllipse(const Target& target, const EllipseArc& ellipse, PlanePoint star
   if (!sound) return false;
   if (ellipse.u == PlanePoint{} && ellipse.v == PlanePoint{}) return true;
   if (isCircular(ellipse)) {
-    addArc(target.chain, ellipse, start, end);
+    addArc(target, ellipse, start, end);
   } else {
     addCurve(target, EllipseCurve(ellipse), start, end);
   }
@@ -136,7 +150,8 @@ bool addSpline(const DxfEntity& entity, const Target& target) {
                                       ? spansThrough(spline, closed, target.placement)
                                       : bezierSpans(spline, target.placement);
   if (spans.empty()) return false;
-  appendBiarcs(SplineCurve(std::move(spans)), target.tolerance, target.chain);
+  const SplineCurve curve(std::move(spans));
+  if (!appendBiarcs(curve, target.tolerance, target.chain)) target.whole = false;
   return true;
 }
 
@@ -148,7 +163,7 @@ void addEdge(const DxfVertex& from, const DxfVertex& to, double z, const Target&
   const PlanePoint end = target.placement.point({to.x0, to.y0, z});
   const double bulge = from.bulge;
   const double rise = std::abs(bulge) / 2 * lengthOf(end - start);
-  if (start == end || rise <= kFlatShare * target.tolerance) {
+  if (start == end || rise < kFlatShare * target.tolerance) {
     return addLine(target.chain, start, end);
   }
   const PlanePoint a{from.x0, from.y0};
@@ -180,7 +195,7 @@ bool addPolyline(const DxfEntity& entity, const Target& target) {
   const bool inSpace = (entity.g70 & DxfEntity::k3D) != 0;
   const Placement placement =
       inSpace ? target.placement : target.placement * objectPlane(entity.extrusion);
-  const Target inPlane{placement, target.tolerance, target.chain};
+  const Target inPlane{placement, target.tolerance, target.chain, target.whole};
   for (std::size_t k = 1; k < vertices.size(); ++k) {
     addEdge(vertices[k - 1], vertices[k], entity.z0, inPlane);
   }
@@ -203,10 +218,10 @@ constexpr Kind kKinds[] = {
 }  // namespace
 
 bool chainOf(const DxfEntity& entity, const Placement& placement, double tolerance,
-             EntityChain& chain) {
+             EntityChain& chain, bool& whole) {
   const std::string type = upperCased(entity.EntityType);
   for (const Kind& kind : kKinds) {
-    if (kind.type == type) return kind.add(entity, {placement, tolerance, chain});
+    if (kind.type == type) return kind.add(entity, {placement, tolerance, chain, whole});
   }
   return false;
 }

@@ -14,9 +14,10 @@ namespace tess {
 using EntityChain = std::vector<DxfRow>;
 
 // Appends the rows of an entity, in the coordinates of the drawing, to an empty chain; curves
-// within `tolerance`. A part without length gives no row. False for an entity that is no curve of
-// the plane, or a damaged one: POINT and INSERT, which are no chains, among them.
+// within `tolerance`. A part without length gives no row. `whole` becomes false when a curve would
+// go on beyond the rows that it may have. False for an entity that is no curve of the plane, or a
+// damaged one: POINT and INSERT, which are no chains, among them.
 bool chainOf(const DxfEntity& entity, const Placement& placement, double tolerance,
-             EntityChain& chain);
+             EntityChain& chain, bool& whole);
 
 }  // namespace tess

@@ -8,9 +8,11 @@
 #include <vector>
 
 #include "core/text.h"
+#include "import/axis_split.h"
 #include "import/biarc.h"
 #include "import/block_placement.h"
 #include "import/entity_chain.h"
+#include "import/flat_arcs.h"
 #include "import/join_ends.h"
 #include "import/whole_circles.h"
 
@@ -18,8 +20,11 @@ namespace tess {
 namespace {
 
 constexpr std::size_t kDeepestNesting = 64;
-// Blocks of blocks grow without bounds from a small file.
-constexpr int kMostPlaced = 1000000;
+// Blocks of blocks grow without bounds from a small file. An entity counts with all the points that
+// it is made of, since that is what its conversion takes.
+constexpr std::size_t kMostPlaced = 1000000;
+// Far more rows than a drawing holds, so that an operator learns how many there would be.
+constexpr std::size_t kMostMade = 1000000;
 
 constexpr double kMillimetresPerInch = 25.4;
 
@@ -44,6 +49,15 @@ bool isBetween(double value, double a, double b) {
   return value >= std::min(a, b) && value <= std::max(a, b);
 }
 
+std::size_t partsOf(const DxfEntity& entity) {
+  std::size_t parts = 1 + entity.Vertexes.size();
+  if (entity.spline) {
+    const auto degree = static_cast<std::size_t>(std::max(entity.spline->degree, 1));
+    parts += entity.spline->fitPoints.size() + degree * entity.spline->controlPoints.size();
+  }
+  return parts;
+}
+
 class ExactConversion {
  public:
   ExactConversion(const DxfDocument& document, DxfRows& rows, const ExactGeometry& options)
@@ -54,7 +68,10 @@ class ExactConversion {
     place(inDrawing);
     if (options_.nearOrigin) place(broughtNear(inDrawing));
     joinEnds(made_, options_.tolerence);
+    straightenFlatArcs(made_, tolerance_);
     closeCircles(made_, options_.tolerence);
+    splitAtAxis(made_, options_.tolerence, tolerance_);
+    if (incomplete_) rows_.addMore();
     for (const PlacedRow& made : made_) {
       if (rows_.stopped()) return;
       rows_.begin(*made.entity);
@@ -66,10 +83,14 @@ class ExactConversion {
   void place(const Placement& inDrawing) {
     made_.clear();
     placed_ = 0;
+    incomplete_ = false;
     lastEnd_.reset();
     lastPoint_.reset();
     for (const DxfEntity& entity : document_.Entities) {
-      if (made_.size() >= kMostExactRows) return;
+      if (made_.size() >= kMostMade) {
+        incomplete_ = true;
+        return;
+      }
       convert(entity, inDrawing);
     }
   }
@@ -94,7 +115,9 @@ class ExactConversion {
     if (type == "POINT") return convertPoint(entity, placement);
     if (type == "INSERT") return convertInsert(entity, placement);
     EntityChain chain;
-    if (!chainOf(entity, placement, tolerance_, chain)) return rows_.addUnconverted(type);
+    bool whole = true;
+    if (!chainOf(entity, placement, tolerance_, chain, whole)) return rows_.addUnconverted(type);
+    incomplete_ = incomplete_ || !whole;
     append(std::move(chain), entity);
   }
 
@@ -123,22 +146,26 @@ class ExactConversion {
     const int lines = std::max(entity.insert->rows, 1);
     for (int line = 0; line < lines; ++line) {
       for (int column = 0; column < columns; ++column) {
-        if (isSpent()) return refuse(entity, "has too many parts");
-        ++placed_;
-        placeBlock(block, placement * insertedAt(entity, block.base, column, line));
+        const Placement here = placement * insertedAt(entity, block.base, column, line);
+        if (!isSpent() && placeBlock(block, here)) continue;
+        incomplete_ = true;
+        return refuse(entity, "has too many parts");
       }
     }
   }
 
-  void placeBlock(const DxfBlock& block, const Placement& placement) {
+  // False when there is no end to it.
+  bool placeBlock(const DxfBlock& block, const Placement& placement) {
+    ++placed_;
     for (const DxfEntity& entity : block.entities) {
-      if (isSpent()) return;
-      ++placed_;
+      if (isSpent()) return false;
+      placed_ += partsOf(entity);
       convert(entity, placement);
     }
+    return true;
   }
 
-  bool isSpent() const { return made_.size() >= kMostExactRows || placed_ >= kMostPlaced; }
+  bool isSpent() const { return made_.size() >= kMostMade || placed_ >= kMostPlaced; }
 
   void refuse(const DxfEntity& insert, const std::string& reason) {
     rows_.addUnconverted("INSERT (block \"" + insert.insert->block + "\" " + reason + ")");
@@ -176,7 +203,8 @@ class ExactConversion {
   const double tolerance_;
   std::vector<PlacedRow> made_;
   std::vector<const DxfBlock*> open_;  // whose content is being placed, outermost first
-  int placed_ = 0;                     // blocks and entities in them so far
+  std::size_t placed_ = 0;             // blocks, and parts of entities in them, so far
+  bool incomplete_ = false;            // there are more rows than were made
   std::optional<PlanePoint> lastEnd_;
   std::optional<PlanePoint> lastPoint_;
 };

@@ -4,6 +4,7 @@
 #include "core/file_system.h"
 #include "core/lifecycle.h"
 #include "core/text.h"
+#include "import/import_commands.h"
 #include "import/remembered_options.h"
 
 namespace tess {
@@ -24,6 +25,11 @@ std::string withoutExtension(const std::string& name) {
 
 std::string entities(std::size_t count) {
   return std::to_string(count) + (count == 1 ? " entity" : " entities");
+}
+
+std::string lostRows(const DxfRows& rows) {
+  if (rows.more()) return "More than " + std::to_string(rows.lost()) + " rows";
+  return rows.lost() == 1 ? "The last row" : "The last " + std::to_string(rows.lost()) + " rows";
 }
 
 }  // namespace
@@ -142,9 +148,8 @@ void frmDXF::showDrawing() {
 void frmDXF::showLostRows(const DxfRows& rows) {
   if (rows.lost() == 0) return;
   desk_.session.host.prompts.showMessage(
-      {.text = "The drawing is full: it holds at most 32767 rows.  The last " +
-               (rows.lost() == 1 ? std::string("row") : std::to_string(rows.lost()) + " rows") +
-               " of " + file_ + " could not be added.",
+      {.text = "The drawing is full: it holds at most 32767 rows.  " + lostRows(rows) + " of " +
+               file_ + " could not be added.",
        .title = kConversionError,
        .icon = MessageIcon::Warning,
        .buttons = MessageButtons::Ok});
@@ -181,5 +186,12 @@ void importDroppedDxf(Desk& desk, const std::string& file) {
   form.OpenDXFFile_From_DragDrop(file);
   desk.session.host.prompts.showModal(form);
 }
+
+// ---- Descriptors
+
+constexpr DeskCommand kImportDxfCommand{
+    .info = {.tool = "miImportDXFfile", .caption = "&Import DXF File...", .menu = {"miFile", 140}},
+    .run = mnuFileImport_Click,
+};
 
 }  // namespace tess

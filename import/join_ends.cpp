@@ -11,7 +11,7 @@
 #include <unordered_map>
 #include <utility>
 
-#include "import/plane.h"
+#include "geometry/curve.h"
 
 namespace tess {
 namespace {
@@ -152,25 +152,11 @@ class Joining {
   std::vector<std::size_t> root_;     // by group: the group that it joined, or itself
 };
 
-PlanePoint startOf(const DxfRow& row) {
-  return {row.x0, row.y0};
-}
-PlanePoint endOf(const DxfRow& row) {
-  return {row.x1, row.y1};
-}
-PlanePoint centerOf(const DxfRow& row) {
-  return {row.xc, row.yc};
-}
-
 void setEnds(DxfRow& row, PlanePoint start, PlanePoint end) {
   row.x0 = start.x;
   row.y0 = start.y;
   row.x1 = end.x;
   row.y1 = end.y;
-}
-
-bool isWholeCircle(const DxfRow& row) {
-  return row.type != kLine && startOf(row) == endOf(row);
 }
 
 bool canMove(const DxfRow& row) {
@@ -182,26 +168,12 @@ PlanePoint rounded(PlanePoint p) {
   return {static_cast<float>(p.x) + 0.0, static_cast<float>(p.y) + 0.0};
 }
 
-// More than half a turn, by its ends' senses about the centre.
-bool isLong(const DxfRow& arc) {
-  const double side = cross(startOf(arc) - centerOf(arc), endOf(arc) - centerOf(arc));
-  return arc.type == kCounterClockwiseArc ? side < 0 : side > 0;
-}
-
 // The nearest place to the centre that is as far from both ends. The short chord of a nearly whole
 // circle would swing it about: there the centre stays.
 PlanePoint fairCenter(const DxfRow& arc, double moved) {
-  const PlanePoint chord = endOf(arc) - startOf(arc);
-  const PlanePoint middle = 0.5 * (startOf(arc) + endOf(arc));
   const PlanePoint center = centerOf(arc);
-  const PlanePoint across = unitOf(leftOf(chord));
-  const PlanePoint fair = middle + dot(center - middle, across) * across;
-  return isLong(arc) && lengthOf(fair - center) > 4 * moved ? center : fair;
-}
-
-void straighten(DxfRow& row) {
-  row.type = kLine;
-  row.xc = row.yc = 0;
+  const PlanePoint even = evenCenter(startOf(arc), endOf(arc), center);
+  return isLongArc(arc) && lengthOf(even - center) > 4 * moved ? center : even;
 }
 
 bool passesForOne(PlanePoint a, PlanePoint b, float tolerence) {
@@ -213,7 +185,7 @@ bool passesForOne(PlanePoint a, PlanePoint b, float tolerence) {
 void moveArc(DxfRow& arc, PlanePoint start, PlanePoint end, float tolerence) {
   const PlanePoint chord = endOf(arc) - startOf(arc);
   const double moved = lengthOf(start - startOf(arc)) + lengthOf(end - endOf(arc));
-  const bool whole = isLong(arc);
+  const bool whole = isLongArc(arc);
   setEnds(arc, start, end);
   if (start == end) return;
   const bool turnedBack = dot(chord, end - start) <= 0;
@@ -225,7 +197,7 @@ void moveArc(DxfRow& arc, PlanePoint start, PlanePoint end, float tolerence) {
 
 // False for a row that has no length with these ends.
 bool move(DxfRow& row, PlanePoint start, PlanePoint end, float tolerence) {
-  const bool stays = start == end && row.type != kLine && isLong(row);
+  const bool stays = start == end && row.type != kLine && isLongArc(row);
   if (start == end && !stays) return false;
   if (row.type == kLine) {
     setEnds(row, start, end);

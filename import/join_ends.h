@@ -1,19 +1,13 @@
 // Ends that lie within the drawing's tolerance of each other become one point, so that outlines of
 // rows drawn one by one close exactly.
-// Owns: PlacedRow, joinEnds.
+// Owns: joinEnds.
 #pragma once
 
 #include <vector>
 
-#include "import/dxf_rows.h"
+#include "import/placed_row.h"
 
 namespace tess {
-
-// A row and the entity that it came from.
-struct PlacedRow {
-  DxfRow row;
-  const DxfEntity* entity = nullptr;
-};
 
 // Rounds all ends to the 32 bits of the tables, moves neighbours within `tolerence` in each axis to
 // the same point, and sets the centres of arcs so that both ends lie on the circle. An end moves by

@@ -295,12 +295,6 @@ void cutSpiral(CamDesk& cam, int sg, const RingRange& range) {
   change.keep({.redraws = false});
 }
 
-// At the click: the verified row nearest to it.
-void clickStartRoughing(CamDesk& cam) {
-  const PointerRecord& pointer = cam.desk.pointer;
-  parallelSpiralPocket(cam, nearestSelectedSeg(cam.store, {pointer.MouseX, pointer.MouseY}));
-}
-
 }  // namespace
 
 void dropShortPathSegs(Changes& changes, FollowedRows followed) {
@@ -348,10 +342,9 @@ void parallelSpiralPocket(CamDesk& cam, int sg) {
   if (cuts) showPlacedPaths(cam);
 }
 
-void addSpiralClicks(CamDesk& cam) {
-  cam.desk.clickActions[static_cast<std::size_t>(PendingAction::StartRoughing)] = [&cam](Desk&) {
-    clickStartRoughing(cam);
-  };
+void clickStartRoughing(CamDesk& cam) {
+  const PointerRecord& pointer = cam.desk.pointer;
+  parallelSpiralPocket(cam, nearestSelectedSeg(cam.store, {pointer.MouseX, pointer.MouseY}));
 }
 
 }  // namespace tess

@@ -6,6 +6,7 @@
 #include "toolpath/contour_offset.h"
 #include "toolpath/path_placement.h"
 #include "toolpath/placed_outlines.h"
+#include "toolpath/toolpath_commands.h"
 
 namespace tess {
 namespace {
@@ -61,5 +62,12 @@ void quickPlacePaths(CamDesk& cam) {
   change.keep({.redraws = false});
   showPlacedPaths(cam);
 }
+
+// ---- Descriptors
+
+constexpr CamCommand kQuickPlaceCommand{
+    .info = {.tool = "miQuickPlace", .caption = "&Quick Place", .menu = {"miCAM", 260}},
+    .run = quickPlacePaths,
+};
 
 }  // namespace tess

@@ -9,6 +9,7 @@
 
 #include "CLI/CLI.hpp"
 
+#include "core/date_text.h"
 #include "core/version.h"
 #include "shell/automation/file_jobs.h"
 #include "shell/automation/reports.h"
@@ -29,6 +30,7 @@ struct Options {
   std::string home;
   std::string mode;
   std::string size;
+  std::string date;
 };
 
 // The arguments of the script are none of the program's options, whatever they look like.
@@ -60,6 +62,21 @@ std::string sizeError(const std::string& text) {
          " pixels";
 }
 
+std::string dateError(const std::string& text) {
+  if (momentIn(text)) return {};
+  return "'" + text + "' is not a date as 2026-03-09, 2026-03-09T14:05 or 2026-03-09T14:05:07";
+}
+
+// A number of seconds that the clock can count.
+std::string timeoutError(const std::string& text) {
+  constexpr double kLongest = 1e9;
+  double seconds = 0;
+  const char* const end = text.data() + text.size();
+  const auto [last, wrong] = std::from_chars(text.data(), end, seconds);
+  const bool usable = wrong == std::errc() && last == end && seconds >= 0 && seconds <= kLongest;
+  return usable ? "" : "'" + text + "' is not a number of seconds, as 60 or 0.5";
+}
+
 void addScriptOptions(CLI::App& app, Options& options) {
   app.add_flag("--allow-io", options.line.allowIo,
                "Give the script Lua's io, os and package libraries");
@@ -69,6 +86,10 @@ void addScriptOptions(CLI::App& app, Options& options) {
                  "Run a script in the main window, slowly enough to follow")
       ->type_name("SCRIPT.lua [ARG ...]")
       ->excludes(kRun);
+  app.add_option("--timeout", options.line.timeout,
+                 "End a script that runs longer; 0, as without it, lets it run")
+      ->type_name("SECONDS")
+      ->check(CLI::Validator(timeoutError, ""));
 }
 
 void addFileOptions(CLI::App& app, Options& options) {
@@ -103,6 +124,17 @@ void addOptions(CLI::App& app, Options& options) {
                  "Size of the view of a script, or of the picture of --plot")
       ->type_name("WxH")
       ->check(CLI::Validator(sizeError, ""));
+  app.add_option("--date", options.date,
+                 "Date and time that programs and drawings get, instead of today's")
+      ->type_name("YYYY-MM-DD[THH:MM[:SS]]")
+      ->check(CLI::Validator(dateError, ""));
+}
+
+// An option that says more about jobs of some kinds; throws when there is none of them.
+bool isGiven(const CLI::App& app, const char* option, bool withThem, const char* jobs) {
+  if (app.count(option) == 0) return false;
+  if (!withThem) throw CLI::RequiresError(option, jobs);
+  return true;
 }
 
 // The job that the options make up; throws what CLI11 does for options that make none.
@@ -115,9 +147,12 @@ void settle(const CLI::App& app, Options& options) {
   if (app.count(kRun) > 0) line.job = Job::RunScript;
   if (plays) line.job = Job::PlayScript;
   if (line.allowIo && line.script.empty()) throw CLI::RequiresError("--allow-io", kRun);
-  if (app.count("--size") > 0) {
-    if (line.script.empty() && !plots) throw CLI::RequiresError("--size", "--run or --plot");
+  const bool scripts = !line.script.empty();
+  isGiven(app, "--timeout", scripts, "--run or --play");
+  if (isGiven(app, "--size", scripts || plots, "--run or --plot"))
     line.size = *sizeIn(options.size);
+  if (isGiven(app, "--date", scripts || plots || makes, "--run, --make-cnc or --plot")) {
+    line.date = momentIn(options.date);
   }
   if (!plots && !makes) return;
   if (line.drawing.empty()) throw CLI::RequiresError(plots ? "--plot" : "--make-cnc", "DRAWING");
@@ -143,7 +178,8 @@ ExitStatus makeProgram(const CommandLine& line, std::ostream& out, std::ostream&
   return makeCncFile({.drawing = line.drawing,
                       .mode = line.mode,
                       .output = line.output,
-                      .appfolder = programFolder(folderRequest(line.home))},
+                      .appfolder = programFolder(folderRequest(line.home)),
+                      .date = line.date},
                      out, err);
 }
 
@@ -152,7 +188,8 @@ ExitStatus plotDrawing(const CommandLine& line, const PictureWriter& writePictur
   return writePlot({.drawing = line.drawing,
                     .picture = line.picture,
                     .size = line.size,
-                    .appfolder = programFolder(folderRequest(line.home))},
+                    .appfolder = programFolder(folderRequest(line.home)),
+                    .date = line.date},
                    writePicture, err);
 }
 
@@ -207,7 +244,9 @@ ScriptJob scriptJob(const CommandLine& line) {
                 .folders = {},
                 .fileAccess = line.allowIo,
                 .size = line.size,
+                .date = line.date,
                 .limits = {},
+                .timeout = line.timeout,
                 .showProgress = line.showProgress};
   if (line.home) job.folders.push_back(*line.home);
   return job;

@@ -22,11 +22,13 @@ struct CommandLine {
   std::string script;   // of RunScript and PlayScript
   std::vector<std::string> scriptArguments;
   bool allowIo = false;
+  double timeout = 0;  // of the script, in seconds; 0: none
   CncMode mode = CncMode::Mill;
   std::string output;  // of the program; empty: where its rules put it
   std::string picture;
-  PixelSize size;             // of the surface that nobody sees, or of the picture
-  bool showProgress = false;  // on the error stream: for a terminal
+  PixelSize size;                // of the surface that nobody sees, or of the picture
+  std::optional<DateTime> date;  // that programs and drawings bear; none: of the machine's clock
+  bool showProgress = false;     // on the error stream: for a terminal
 
   // Of PrintAndExit: --help, --version or wrong usage.
   ExitStatus status = ExitStatus::Done;

@@ -23,6 +23,7 @@ struct DrawingJob {
   std::string drawing;
   std::string appfolder;
   PixelSize size;
+  std::optional<DateTime> date;
 };
 
 // A reason why the job cannot be done.
@@ -67,14 +68,15 @@ ErrorReporting quietReporting() {
 }
 
 struct JobHost {
-  explicit JobHost(const VirtualTimers& timers) : clock(timers) {}
+  JobHost(const VirtualTimers& timers, std::optional<DateTime> date) : clock(timers, date) {}
 
   JobPrompts prompts;
   VirtualClock clock;
   QuietSurroundings surroundings;
   HuntERR reporting{prompts, clock, quietReporting()};
   JobFailures failures{reporting, prompts.texts};
-  Host host{prompts, clock, surroundings, failures};
+  NoGuard guard;
+  Host host{prompts, clock, surroundings, failures, guard};
 };
 
 std::string lastOf(const std::vector<std::string>& texts) {
@@ -83,6 +85,7 @@ std::string lastOf(const std::vector<std::string>& texts) {
 
 void load(Application& application, const JobPrompts& prompts, const std::string& drawing) {
   Session& session = application.session;
+  session.opensToRead = true;
   const std::string path = fullPath(drawing);
   if (folderExists(path)) throw JobFailure("it is a folder");
   session.selectedname = splitPath(session.selectedfolder, path, "CDM");
@@ -122,7 +125,7 @@ void plot(Application& application, const PlotJob& job, const PictureWriter& wri
 ExitStatus withDrawing(const DrawingJob& job, std::ostream& err,
                        const std::function<void(Application&)>& work) {
   VirtualScreen screen(job.size);
-  JobHost host(screen.timers);
+  JobHost host(screen.timers, job.date);
   host.reporting.setFolder(job.appfolder);
   Application application({host.host, host.reporting, screen.ports});
   std::string subject;  // what a failure is about
@@ -150,17 +153,19 @@ ExitStatus withDrawing(const DrawingJob& job, std::ostream& err,
 }  // namespace
 
 ExitStatus makeCncFile(const CncJob& job, std::ostream& out, std::ostream& err) {
-  return withDrawing({job.drawing, job.appfolder, {}}, err, [&](Application& application) {
-    const std::string file = make(application, job);
-    if (job.output.empty()) out << file << '\n';
-  });
+  return withDrawing({job.drawing, job.appfolder, {}, job.date}, err,
+                     [&](Application& application) {
+                       const std::string file = make(application, job);
+                       if (job.output.empty()) out << file << '\n';
+                     });
 }
 
 ExitStatus writePlot(const PlotJob& job, const PictureWriter& writePicture, std::ostream& err) {
-  return withDrawing({job.drawing, job.appfolder, job.size}, err, [&](Application& application) {
-    if (!writePicture) throw JobFailure("this program writes no pictures");
-    plot(application, job, writePicture);
-  });
+  return withDrawing({job.drawing, job.appfolder, job.size, job.date}, err,
+                     [&](Application& application) {
+                       if (!writePicture) throw JobFailure("this program writes no pictures");
+                       plot(application, job, writePicture);
+                     });
 }
 
 }  // namespace tess

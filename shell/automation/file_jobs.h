@@ -13,8 +13,9 @@ namespace tess {
 struct CncJob {
   std::string drawing;  // "CDM" is added to a name without an extension
   CncMode mode = CncMode::Mill;
-  std::string output;     // of the program; empty: where its rules put it
-  std::string appfolder;  // with its last separator
+  std::string output;            // of the program; empty: where its rules put it
+  std::string appfolder;         // with its last separator
+  std::optional<DateTime> date;  // that the program's clock tells; none: the real one
 };
 
 // Loads the drawing and writes its program, whose path goes to `out` unless it was given. A drawing
@@ -25,7 +26,8 @@ struct PlotJob {
   std::string drawing;
   std::string picture;  // "PNG" is added to a name without an extension
   PixelSize size;
-  std::string appfolder;  // with its last separator
+  std::string appfolder;         // with its last separator
+  std::optional<DateTime> date;  // as above
 };
 
 // Loads the drawing and writes a picture of it with its paths: as it opens, or all of it when it

@@ -9,6 +9,7 @@
 namespace tess {
 
 DateTime VirtualClock::now() {
+  if (date_) return *date_;
   const auto passed = std::chrono::milliseconds(timers_.now());
   const std::time_t moment = std::chrono::system_clock::to_time_t(start_ + passed);
   std::tm local{};

@@ -13,21 +13,25 @@
 
 #include "core/host.h"
 #include "core/timers.h"
+#include "shell/automation/script_guard.h"
 #include "shell/automation/script_prompts.h"
 #include "shell/error_reporting.h"
 
 namespace tess {
 
 // Starts at the machine's local time and moves with virtual timers alone, so that a script does the
-// same on a slow machine as on a fast one.
+// same on a slow machine as on a fast one. With a date of its own it tells that one all the time,
+// so that what bears the date comes out the same on any day.
 class VirtualClock : public Clock {
  public:
-  explicit VirtualClock(const VirtualTimers& timers) : timers_(timers) {}
+  explicit VirtualClock(const VirtualTimers& timers, std::optional<DateTime> date = {})
+      : timers_(timers), date_(date) {}
   DateTime now() override;
   double elapsedMilliseconds() override { return static_cast<double>(timers_.now()); }
 
  private:
   const VirtualTimers& timers_;
+  std::optional<DateTime> date_;
   std::chrono::system_clock::time_point start_ = std::chrono::system_clock::now();
 };
 
@@ -44,11 +48,14 @@ class QuietSurroundings : public Surroundings {
   std::function<void()> onServe;
 };
 
-// Counts the beeps on their way to whoever sounds them.
+// Counts the beeps on their way to whoever sounds them, and tells of long work.
 class CountedSurroundings : public Surroundings {
  public:
   explicit CountedSurroundings(Surroundings& inner) : inner_(inner) {}
-  void serveEvents() override { inner_.serveEvents(); }
+  void serveEvents() override {
+    pause();
+    inner_.serveEvents();
+  }
   void beep() override {
     ++beeps;
     if (onBeep) onBeep(beeps);
@@ -56,8 +63,14 @@ class CountedSurroundings : public Surroundings {
   }
   void printOnMainWindow(const std::string& text) override { inner_.printOnMainWindow(text); }
 
+  // A moment in which a script that has run too long may be ended.
+  void pause() {
+    if (onServe) onServe();
+  }
+
   long long beeps = 0;
   std::function<void(long long)> onBeep;
+  std::function<void()> onServe;
 
  private:
   Surroundings& inner_;
@@ -95,7 +108,8 @@ struct ScriptHost {
         surroundings(platform),
         reporting(reports, clock, shownAsMessages()),
         failures(reporting, [this] { showReports(); }),
-        host{prompts, clock, surroundings, failures} {}
+        guard(folders),
+        host{prompts, clock, surroundings, failures, guard} {}
 
   // The reports that have come since the last call, as messages of the kind "error".
   void showReports();
@@ -108,6 +122,7 @@ struct ScriptHost {
   CollectedReports reports;
   HuntERR reporting;
   ScriptFailures failures;
+  ScriptGuard guard;
   Host host;
 };
 

@@ -31,7 +31,9 @@ struct ScriptJob {
   std::vector<std::string> folders;    // further ones that its file commands may touch
   bool fileAccess = false;             // io, os, package and require
   PixelSize size;                      // of the surface
+  std::optional<DateTime> date;        // that the program's clock tells; none: the real one
   LuaLimits limits;
+  double timeout = 0;         // seconds; 0: as long as it takes
   bool showProgress = false;  // the status line of long commands, on the error stream
 };
 

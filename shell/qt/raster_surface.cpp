@@ -16,13 +16,12 @@
 
 #include "geometry/constants.h"
 #include "shell/qt/smooth_line.h"
+#include "shell/qt/stepped_arc.h"
 
 namespace tess {
 
 namespace {
 
-constexpr double kFlatness = 0.1;       // of arcs, in device pixels
-constexpr int kMostArcSteps = 20000;    // enough for any radius at the largest zoom
 constexpr double kMargin = 16;          // round the picture, in which nothing is cut off
 constexpr double kWidestOwnLine = 2;    // wider ones need ends at right angles
 constexpr double kTextHeight = 12;      // pixels
@@ -36,32 +35,6 @@ QColor colorOf(Rgb color) {
 // How much an inverting pen of this mask changes a colour.
 int contrast(QRgb background, QRgb mask) {
   return std::abs(qGray(background ^ mask) - qGray(background));
-}
-
-// The part of a segment inside a rectangle, by parameter along the segment.
-std::optional<QLineF> clipped(const QLineF& segment, const QRectF& bounds) {
-  const auto holds = [&](QPointF end) {
-    return end.x() >= bounds.left() && end.x() <= bounds.right() && end.y() >= bounds.top() &&
-           end.y() <= bounds.bottom();
-  };
-  if (holds(segment.p1()) && holds(segment.p2())) return segment;
-  double from = 0;
-  double to = 1;
-  const auto cut = [&](double rate, double room) {
-    if (rate == 0) return room >= 0;
-    const double at = room / rate;
-    if (rate > 0) to = std::min(to, at);
-    if (rate < 0) from = std::max(from, at);
-    return from <= to;
-  };
-  const bool inside = cut(-segment.dx(), segment.x1() - bounds.left()) &&
-                      cut(segment.dx(), bounds.right() - segment.x1()) &&
-                      cut(-segment.dy(), segment.y1() - bounds.top()) &&
-                      cut(segment.dy(), bounds.bottom() - segment.y1());
-  if (!inside) return {};
-  // An end that needs no cutting stays exactly where it is.
-  return QLineF(from > 0 ? segment.pointAt(from) : segment.p1(),
-                to < 1 ? segment.pointAt(to) : segment.p2());
 }
 
 // Before the first view there is no scale, and a place in the world has none on the picture.
@@ -88,34 +61,6 @@ void fillPixels(QImage& picture, const QRect& pixels, QRgb ink) {
   for (int y = pixels.top(); y <= pixels.bottom(); ++y) {
     std::fill_n(reinterpret_cast<QRgb*>(picture.scanLine(y)) + pixels.left(), pixels.width(), ink);
   }
-}
-
-// Points along an arc of device pixels, counter-clockwise as it is seen.
-QPolygonF arcPoints(QPointF centre, QSizeF radii, double start, double sweep) {
-  const double radius = std::max({radii.width(), radii.height(), kFlatness});
-  const double step = 2 * std::acos(std::max(0.0, 1 - kFlatness / radius));
-  const double wanted = std::ceil(sweep / step);
-  const int steps = wanted > 3 ? static_cast<int>(std::min<double>(wanted, kMostArcSteps)) : 3;
-  QPolygonF points;
-  points.reserve(steps + 1);
-  for (int at = 0; at <= steps; ++at) {
-    const double angle = start + sweep * at / steps;
-    points << centre + QPointF(radii.width() * std::cos(angle), -radii.height() * std::sin(angle));
-  }
-  return points;
-}
-
-// The stretches of a line of many points that can be seen.
-std::vector<QPolygonF> visibleRuns(const QPolygonF& points, const QRectF& bounds) {
-  std::vector<QPolygonF> runs;
-  bool inRun = false;
-  for (qsizetype at = 1; at < points.size(); ++at) {
-    const bool visible = clipped({points[at - 1], points[at]}, bounds).has_value();
-    if (visible && !inRun) runs.emplace_back(QPolygonF{points[at - 1]});
-    if (visible) runs.back() << points[at];
-    inRun = visible;
-  }
-  return runs;
 }
 
 // A wide smooth line is painted piece by piece, which takes a third of the time of the whole.
@@ -356,12 +301,12 @@ void RasterSurface::arc(const WorldArc& arc, Rgb color) {
   const QRectF reach(centre - QPointF(radii.width(), radii.height()), radii * 2);
   if (!reach.adjusted(-1, -1, 1, 1).intersects(paintedBounds())) return;
   QPainter& brush = painter(ink(color), paintsSmoothly());
-  const QPolygonF points = arcPoints(pixelMiddle(centre), radii, arc.start, sweepOf(arc));
+  const SteppedArc stepped(pixelMiddle(centre), radii, arc.start, sweepOf(arc));
   if (arc.whole && state().fillStyle == FillMode::Solid) {
     brush.setBrush(colorOf(state().fillColor));
-    brush.drawPolygon(points);
+    brush.drawPolygon(allPoints(stepped));
   } else {
-    for (const QPolygonF& run : visibleRuns(points, paintedBounds())) strokeRun(brush, run);
+    for (const QPolygonF& run : visibleRuns(stepped, paintedBounds())) strokeRun(brush, run);
   }
   painted(reach);
 }

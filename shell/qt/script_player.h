@@ -59,7 +59,7 @@ class ScriptPlayer : public QObject {
   Pace pace_;
   AllowedFolders folders_;
   VirtualTimers timers_;
-  VirtualClock clock_{timers_};
+  VirtualClock clock_{timers_, job_.date};
   Gateway gateway_;
   DesktopSurroundings surroundings_{gateway_};
   ScriptHost host_{folders_, clock_, surroundings_};

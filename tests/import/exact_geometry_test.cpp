@@ -1,6 +1,7 @@
 // The exact conversion: each kind of entity by hand, blocks, units, orientation, and what it names.
 #include "import/exact_geometry.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "import/dxf_import.h"
@@ -401,6 +402,41 @@ TEST_F(ExactImport, ArrayWithoutEndOrContentComesToAnEnd) {
                     block("EMPTY", "0 TEXT")),
             Texts{"1 (0, 0)-(1, 0)"});
   const Texts expected{"TEXT", "INSERT (BLOCK \"EMPTY\" HAS TOO MANY PARTS)"};
+  EXPECT_EQ(unconverted, expected);
+}
+
+// A spline costs as much as the points that it is made of, though it may be a single row: ten
+// thousand of them in a block, placed a hundred thousand times, are not worth their while.
+TEST_F(ExactImport, ABlockCountsWithThePointsOfItsEntities) {
+  std::string spline = "0 SPLINE, 70 8, 71 3";
+  std::string fitted = "0 SPLINE, 70 8, 71 3";
+  std::string polyline = "0 LWPOLYLINE";
+  for (int k = 0; k < 1004; ++k) spline += ", 40 " + std::to_string(std::clamp(k - 3, 0, 997));
+  for (int k = 0; k < 1000; ++k) {
+    const std::string x = std::to_string(k / 1000.0);
+    spline += ", 10 " + x + ", 20 0";
+    fitted += ", 11 " + x + ", 21 0";
+    polyline += ", 10 1, 20 1";
+  }
+  const struct {
+    std::string entity;
+    int rows;
+  } cases[] = {{spline, 334}, {fitted, 999}, {polyline, 0}};
+  for (const auto& c : cases) {
+    store = DrawingStore();
+    document = DxfDocument();
+    convert("0 INSERT, 2 PART, 10 0, 20 0, 70 300, 71 300, 44 2, 45 2", block("PART", c.entity));
+    EXPECT_EQ(store.NumSegments, c.rows);
+    EXPECT_EQ(unconverted, Texts{"INSERT (BLOCK \"PART\" HAS TOO MANY PARTS)"});
+  }
+}
+
+TEST_F(ExactImport, ABlockThatIsNotPlacedToItsEndIsNamed) {
+  convert("0 INSERT, 2 PART, 10 0, 20 0",
+          block("EMPTY", "0 TEXT") + ", " +
+              block("PART", "0 INSERT, 2 EMPTY, 10 0, 20 0, 70 32767, 71 32767, " + kUnitLine));
+  const Texts expected{"TEXT", "INSERT (BLOCK \"EMPTY\" HAS TOO MANY PARTS)",
+                       "INSERT (BLOCK \"PART\" HAS TOO MANY PARTS)"};
   EXPECT_EQ(unconverted, expected);
 }
 

@@ -35,6 +35,15 @@ class Import : public ::testing::Test, public RecordedDesk {
     return segmentTexts(store);
   }
 
+  // The same with blocks before the entities.
+  Texts importWith(const std::string& blocks, const std::string& entities) {
+    test.home.write("part.dxf", inTextForm("0 SECTION, 2 BLOCKS, " + blocks + ", 0 ENDSEC, " +
+                                           entitySection(entities)));
+    form.OpenDXFFile(test.home(), "part.dxf");
+    form.cmdImport2TESS_Click();
+    return segmentTexts(store);
+  }
+
   std::string notConverted(const std::string& list) const {
     return "The following drawing entities were found in " + path() +
            " but were not able to be converted.  The resulting .CNC file may not be complete.\n\n" +
@@ -219,6 +228,30 @@ TEST_F(Import, OneRowTooManyIsOne) {
   EXPECT_EQ(messages()[0].text,
             "The drawing is full: it holds at most 32767 rows.  The last row of " + path() +
                 " could not be added.");
+}
+
+// What Exact Geometry makes of blocks is counted to the end, as long as that comes within reach.
+TEST_F(Import, RowsOfBlocksThatDoNotFitAreCounted) {
+  const std::string block = "0 BLOCK, 2 A, 10 0, 20 0, 0 LINE, 10 0, 20 0, 11 1, 21 0, 0 ENDBLK";
+  form.chkExactGeometry.setChecked(true);
+  importWith(block, "0 INSERT, 2 A, 10 0, 20 0, 70 400, 71 400, 44 2, 45 2");
+  EXPECT_EQ(store.NumSegments, 32767);
+  ASSERT_EQ(messages().size(), 1U);
+  EXPECT_EQ(messages()[0].text,
+            "The drawing is full: it holds at most 32767 rows.  The last 127233 rows of " + path() +
+                " could not be added.");
+}
+
+TEST_F(Import, OfRowsWithoutEndItSaysThatThereAreMore) {
+  const std::string block = "0 BLOCK, 2 A, 10 0, 20 0, 0 LINE, 10 0, 20 0, 11 1, 21 0, 0 ENDBLK";
+  form.chkExactGeometry.setChecked(true);
+  importWith(block, "0 INSERT, 2 A, 10 0, 20 0, 70 30000, 71 30000, 44 2, 45 2");
+  EXPECT_EQ(store.NumSegments, 32767);
+  ASSERT_EQ(messages().size(), 2U);
+  EXPECT_EQ(messages()[0].text,
+            "The drawing is full: it holds at most 32767 rows.  More than 467233 rows of " +
+                path() + " could not be added.");
+  EXPECT_NE(messages()[1].text.find("INSERT (BLOCK \"A\" HAS TOO MANY PARTS)"), std::string::npos);
 }
 
 // ---- After it

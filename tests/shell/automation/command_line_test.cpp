@@ -3,6 +3,7 @@
 
 #include "gtest/gtest.h"
 
+#include "core/date_text.h"
 #include "tests/support/script_run.h"
 #include "tests/support/source_folder.h"
 
@@ -62,6 +63,34 @@ TEST(CommandLine, TheSizeOfAScriptsSurface) {
   EXPECT_EQ(scriptJob(line).size.width, 640);
 }
 
+TEST(CommandLine, TheDateOfAJob) {
+  const CommandLine script =
+      parseCommandLine({"--date", "2026-03-09T14:05:07", "--run", "x.lua", "--date", "never"});
+  EXPECT_EQ(script.scriptArguments, (std::vector<std::string>{"--date", "never"}));
+  ASSERT_TRUE(scriptJob(script).date);
+  EXPECT_EQ(dateText(*scriptJob(script).date), "03/09/2026");
+  EXPECT_EQ(timeText(*scriptJob(script).date), "14:05:07");
+  for (const std::vector<std::string>& job :
+       {std::vector<std::string>{"--make-cnc", "mill", "part.cdm"},
+        {"--plot", "part.png", "part.cdm"},
+        {"--play", "x.lua"}}) {
+    std::vector<std::string> arguments{"--date", "2024-02-29"};
+    arguments.insert(arguments.end(), job.begin(), job.end());
+    const CommandLine line = parseCommandLine(arguments);
+    ASSERT_TRUE(line.date) << line.text;
+    EXPECT_EQ(dateText(*line.date), "02/29/2024");
+    EXPECT_FALSE(parseCommandLine(job).date);
+  }
+}
+
+TEST(CommandLine, ADateThatIsNoneIsNamed) {
+  const CommandLine line = parseCommandLine({"--date", "2026-02-29", "--run", "x.lua"});
+  EXPECT_EQ(line.status, ExitStatus::WrongUsage);
+  EXPECT_EQ(line.text,
+            "--date: '2026-02-29' is not a date as 2026-03-09, 2026-03-09T14:05 or "
+            "2026-03-09T14:05:07 (see tessimo --help)");
+}
+
 TEST(CommandLine, AScriptInTheWindow) {
   const CommandLine line =
       parseCommandLine({"--home", TESSIMO_SOURCE_DIR, "--play", "x.lua", "4", "--run"});
@@ -81,8 +110,8 @@ TEST(CommandLine, HelpAndVersionAreDoneWithText) {
     EXPECT_EQ(line.text.find("Tessimo Mill"), 0U) << line.text;
   }
   const std::string help = parseCommandLine({"--help"}).text;
-  for (const char* option : {"--run", "--play", "--make-cnc", "--plot", "--size", "--home",
-                             "--allow-io", "--version", "-o"}) {
+  for (const char* option : {"--run", "--play", "--make-cnc", "--plot", "--size", "--date",
+                             "--home", "--allow-io", "--version", "-o"}) {
     EXPECT_NE(help.find(option), std::string::npos) << option;
   }
 }
@@ -116,6 +145,11 @@ TEST(CommandLine, WrongUsageIsOneLine) {
       {"--size", "0x100", "--run", "x.lua"},
       {"--size", "-1x100", "--run", "x.lua"},
       {"--size", "100x16385", "--run", "x.lua"},
+      {"--date", "2026-03-09"},
+      {"--date", "2026-03-09", "part.cdm"},
+      {"--date", "tomorrow", "--run", "x.lua"},
+      {"--date", "2026-03-09T25:00", "--make-cnc", "mill", "part.cdm"},
+      {"--date", "", "--plot", "part.png", "part.cdm"},
   };
   for (const auto& arguments : cases) {
     const CommandLine line = parseCommandLine(arguments);
@@ -225,6 +259,31 @@ TEST_F(CommandLineJobs, AProgramGoesWhereItIsTold) {
   EXPECT_EQ(out, "");
   EXPECT_NE(folder.read("out.nc").find("Lathrix Pro"), std::string::npos);
   EXPECT_FALSE(folder.has("part.CNC"));
+}
+
+// The heading and nothing else tells when a program was made.
+TEST_F(CommandLineJobs, ADateMakesTheSameProgramOnAnyDay) {
+  const std::string part = drawing("part.cdm");
+  EXPECT_EQ(runLine({"--date", "2026-03-09T14:05", "--make-cnc", "mill", part}), ExitStatus::Done)
+      << err;
+  EXPECT_NE(
+      folder.read("part.CNC").find("{Creation Date}: 03/09/2026   {Creation Time}: 14:05:00\r\n"),
+      std::string::npos)
+      << folder.read("part.CNC");
+}
+
+TEST_F(CommandLineJobs, AScriptsDrawingsAndProgramsBearTheDate) {
+  const std::string script = folder.write(
+      "dated.lua",
+      "tool('miNew') add_path{type=1, x1=2, feed=10, code=100} wait(60000)"
+      "print(setting['creation date']) save([[" +
+          folder("dated.cdm") + "]]) make_cnc('lathe', [[" + folder("dated.cnc") + "]])");
+  EXPECT_EQ(runLine({"--date", "2001-02-03", "--run", script}), ExitStatus::Done) << err;
+  EXPECT_EQ(out, "02/03/2001\n");
+  EXPECT_NE(
+      folder.read("dated.cnc").find("{Creation Date}: 02/03/2001   {Creation Time}: 00:00:00\r\n"),
+      std::string::npos)
+      << folder.read("dated.cnc");
 }
 
 TEST_F(CommandLineJobs, ADrawingThatGivesNoProgramIsOneLine) {

@@ -30,6 +30,9 @@ using testing::TempFolder;
 
 const std::string kExamples = TESSIMO_SOURCE_DIR "/examples/";
 
+// The day that the golden programs bear; their time of day is left out.
+constexpr DateTime kDayOfTheGoldens{.year = 2026, .month = 11, .day = 21};
+
 constexpr double kResolution = 0.6e-5;  // of the programs, in units
 
 // A script of the examples, run in a folder of its own. The drawings are copies, made when their
@@ -45,6 +48,7 @@ struct ExampleRun {
     ScriptJob job;
     job.path = folder(name + ".lua");
     job.appfolder = home();
+    job.date = kDayOfTheGoldens;
     const PictureWriter note = [this](Application& application, const std::string& path,
                                       const PixelSize&) {
       pictures.push_back(path);
@@ -86,13 +90,14 @@ std::string pathFile(const std::string& drawing) {
   return upperCased(drawing) + ".TPM";
 }
 
-// The heading says when the program was made.
-std::string withoutTime(const std::string& program) {
-  const std::string mark = "{Creation Time}: ";
+// The heading says when the program was made: here always as in the golden files.
+std::string madeThen(const std::string& program) {
+  const std::string mark = "{Creation Date}: ";
   const std::size_t at = program.find(mark);
   if (at == std::string::npos) return program;
-  const std::size_t time = at + mark.size();
-  return program.substr(0, time) + "--:--:--" + program.substr(program.find('\r', time));
+  const std::size_t made = at + mark.size();
+  return program.substr(0, made) + "11/21/2026   {Creation Time}: --:--:--" +
+         program.substr(program.find('\r', made));
 }
 
 class ExampleJobs : public ::testing::TestWithParam<ExampleJob> {
@@ -115,7 +120,7 @@ TEST_P(ExampleJobs, WritesTheGoldenProgramAndAPicture) {
   for (const std::string& drawing : GetParam().drawings) {
     expectedPictures.push_back(run.folder(drawing + ".png"));
     testing::expectGolden("shell/automation/golden/" + drawing + ".CNC",
-                          withoutTime(run.folder.read(drawing + ".CNC")));
+                          madeThen(run.folder.read(drawing + ".CNC")));
   }
   EXPECT_EQ(run.pictures, expectedPictures);
 }

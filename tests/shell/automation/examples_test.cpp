@@ -39,6 +39,7 @@ class BracketExample : public ::testing::Test {
                         .folders = {},
                         .fileAccess = false,
                         .size = {},
+                        .date = {},
                         .limits = {}};
     return runScript(job, {}, out, err);
   }
@@ -48,7 +49,8 @@ class BracketExample : public ::testing::Test {
     const CncJob job{.drawing = folder("bracket.cdm"),
                      .mode = CncMode::Mill,
                      .output = folder("bracket.cnc"),
-                     .appfolder = home()};
+                     .appfolder = home(),
+                     .date = {}};
     EXPECT_EQ(makeCncFile(job, out, err), ExitStatus::Done) << err.str();
     std::istringstream text(folder.read("bracket.cnc"));
     std::vector<std::string> lines;

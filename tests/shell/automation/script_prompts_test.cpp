@@ -5,6 +5,7 @@
 
 #include "gtest/gtest.h"
 
+#include "core/date_text.h"
 #include "core/form.h"
 #include "shell/automation/script_host.h"
 #include "tests/support/script_run.h"
@@ -214,6 +215,14 @@ TEST(VirtualClock, MovesWithTheTimersAlone) {
   timers.advance(std::int64_t{86400000} * 400);
   EXPECT_EQ(clock.elapsedMilliseconds(), 86400000.0 * 400);
   EXPECT_GE(clock.now().year, before.year + 1);
+}
+
+TEST(VirtualClock, TellsTheDateThatItWasGivenHoweverLongItRuns) {
+  VirtualTimers timers;
+  VirtualClock clock(timers, momentIn("2026-03-09T14:05:07"));
+  timers.advance(std::int64_t{86400000} * 400);
+  EXPECT_EQ(clock.elapsedMilliseconds(), 86400000.0 * 400);
+  EXPECT_EQ(dateText(clock.now()) + " " + timeText(clock.now()), "03/09/2026 14:05:07");
 }
 
 }  // namespace
