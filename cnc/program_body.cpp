@@ -33,6 +33,17 @@ float sweepDegrees(const PathRow& row) {
   return a1 - a0;
 }
 
+// A row takes tens of bytes. Formats and texts that make thousands of it come from a damaged
+// definition and would fill the disk.
+void refuseOverlong(const std::string& program) {
+  constexpr std::size_t kMostMegabytes = 64;
+  if (program.size() <= kMostMegabytes << 20U) return;
+  throw RuntimeFailure(FailureNumber::Overflow, {},
+                       "The program is longer than " + std::to_string(kMostMegabytes) +
+                           " MB: a number format or the comment text of the post-processor "
+                           "definition is far too long");
+}
+
 // Runs the work on one path row; a failure of it says which row it was.
 template <typename Work>
 void inRow(int ps, Work work) {
@@ -69,7 +80,10 @@ ProgramBody::ProgramBody(const Session& session, const PostDefinition& definitio
 void ProgramBody::write() {
   inRow(1, [this] { start(); });
   for (int ps = 1; ps <= store.NumPathSegments; ++ps) {
-    inRow(ps, [this, ps] { writeRow(pathRow(store, ps)); });
+    inRow(ps, [this, ps] {
+      writeRow(pathRow(store, ps));
+      refuseOverlong(out_);
+    });
   }
   if (firsttool_ != tool) resetToFirstTool();
 }

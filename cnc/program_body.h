@@ -28,7 +28,7 @@ class ProgramBody {
   ProgramBody& operator=(const ProgramBody&) = delete;
 
   // Writes from the units word to the return to the first tool. Needs at least one path row. A
-  // failure names its row as the source.
+  // failure names its row as the source; Overflow for a program of more than 64 MB is among them.
   void write();
 
  protected:
