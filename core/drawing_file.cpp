@@ -5,11 +5,14 @@
 #include <utility>
 #include <vector>
 
+#include "core/core_commands.h"
+#include "core/drawing_pair.h"
 #include "core/file_system.h"
 #include "core/lifecycle.h"
 #include "core/number_text.h"
 #include "core/recent_files.h"
-#include "core/replace_files.h"
+#include "core/save_pair.h"
+#include "core/save_record.h"
 #include "core/units.h"
 
 namespace tess {
@@ -21,34 +24,32 @@ constexpr char kOlderVersion[] =
     "Drawing was created with older version of this software! ~~You may need to adjust the grid "
     "selections.~~(To avoid this message at loading, you should save now!)~";
 
-// Both files of the pair as they shall be.
-std::vector<FileReplacement> pairToWrite(DrawingStore& store) {
-  std::vector<FileReplacement> files(1);
-  std::string drawing;
-  writefileheader(store, drawing);
-  appendSegments(drawing, store);
-  files[0] = {.path = store.drawingpath + store.drawingname, .content = std::move(drawing)};
-
-  const std::string pathname = pathFileName(store.drawingname);
-  if (pathname.empty()) return files;
-  // Without rows there shall be no path file: a stale one would come back at the next load.
-  FileReplacement& paths = files.emplace_back(FileReplacement{store.drawingpath + pathname, {}});
-  if (store.NumPathSegments > 0) appendPaths(paths.content.emplace(), store);
-  return files;
-}
-
 void noteSavedCounts(DrawingStore& store) {
   store.savedsegments = store.NumSegments;
   store.savedpaths = store.NumPathSegments;
 }
 
-std::optional<FieldReader> openDrawing(Session& session, const std::string& path) {
+void tell(Session& session, const std::string& text) {
+  session.host.prompts.showMessage(
+      {.text = text, .title = {}, .icon = MessageIcon::Warning, .buttons = MessageButtons::Ok});
+}
+
+void tellRecoveries(Session& session, const std::vector<Recovery>& recoveries) {
+  for (const Recovery& recovery : recoveries) tell(session, recoveryText(recovery));
+}
+
+// ---- Loading
+
+std::optional<PairContent> openDrawing(Session& session, const std::vector<std::string>& paths) {
+  std::vector<Recovery> recoveries = recoverFolder(session.host.guard, session.selectedfolder);
   try {
-    return FieldReader::open(path);
+    PairContent pair = readPair(session.host.guard, paths, recoveries);
+    tellRecoveries(session, recoveries);
+    return pair;
   } catch (const RuntimeFailure& failure) {
     takeCallChain();
-    session.host.prompts.showMessage(
-        {.text = kNotReverted + failure.description(), .title = {}, .icon = MessageIcon::Warning});
+    tellRecoveries(session, recoveries);
+    tell(session, kNotReverted + failure.description());
     return std::nullopt;
   }
 }
@@ -69,12 +70,86 @@ void clearForLoading(Session& session) {
   store.zorigin = -1;
 }
 
-void readPathFile(Session& session) {
-  const std::string name = pathFileName(session.selectedname);
-  const std::string path = session.selectedfolder + name;
-  if (name.empty() || !fileExists(path)) return;
-  FieldReader fields = FieldReader::open(path);
+// A number that the end of the file cuts off is a number all the same, but another one.
+void noteCutNumber(const FieldReader& fields, std::vector<std::string>& notes) {
+  if (!fields.endsInField()) return;
+  notes.push_back(fields.place() +
+                  ": the file ends within this line, and its last number may be cut off.");
+}
+
+void readPathFile(Session& session, PairContent& pair, std::vector<std::string>& notes) {
+  if (pair.pathsFailure) throw RuntimeFailure(*pair.pathsFailure);
+  if (!pair.paths) return;
+  FieldReader fields(session.selectedfolder + pathFileName(session.selectedname),
+                     std::move(*pair.paths));
   readPaths(session.store, fields);
+  noteCutNumber(fields, notes);
+}
+
+// What was read stays, but it is no file's content: it has no name, and nothing of it is saved.
+void standUntitled(Session& session) {
+  DrawingStore& store = session.store;
+  store.drawingname.clear();
+  session.opened = {};
+  store.savedsegments = 0;
+  store.savedpaths = 0;
+  store.drawingsaved = store.NumSegments == 0 && store.NumPathSegments == 0;
+  set_num_formats(session);
+  updateStatusDisplay(session);
+  session.listener.UpdateGridButtons();
+  session.listener.Update_menu_checks();
+  session.listener.drawingReplaced();
+}
+
+HeaderNotes readDrawing(Session& session, PairContent& pair, std::vector<std::string>& notes) {
+  DrawingStore& store = session.store;
+  try {
+    clearForLoading(session);
+    FieldReader fields(session.selectedfolder + session.selectedname, std::move(pair.drawing));
+    const HeaderNotes header = readfileheader(store, fields);
+    readSegments(store, fields);
+    noteCutNumber(fields, notes);
+    store.drawingsaved = true;
+    readPathFile(session, pair, notes);
+    return header;
+  } catch (...) {
+    standUntitled(session);
+    throw;
+  }
+}
+
+bool hasRows(const DrawingStore& store) {
+  return store.NumSegments > 0 || store.NumPathSegments > 0;
+}
+
+void noteOpened(Session& session, const std::string& path, const PairState& state) {
+  session.opened.path = path;
+  session.opened.state = state;
+  session.opened.hasRows = hasRows(session.store);
+}
+
+// Another process that has the drawing open. From now on others learn that it is open here.
+void notePresence(Session& session, std::vector<std::string>& notes) {
+  const std::string& path = session.opened.path;
+  const auto other =
+      session.opensToRead ? DrawingPresence::elsewhere(path) : session.opened.presence.hold(path);
+  if (!other) return;
+  const std::string process = *other > 0 ? " (" + std::to_string(*other) + ")" : "";
+  notes.push_back(path + " is open in another process" + process +
+                  ": what is not saved there is missing here.");
+}
+
+// The files against what was saved here last. What has been told once is known from then on.
+void noteDamage(Session& session, std::vector<std::string>& notes) {
+  const std::string& path = session.opened.path;
+  const PairState& state = session.opened.state;
+  const auto saved = lastSave(session, path);
+  if (!saved) return;
+  if (saved->drawing == state[0].checksum && saved->paths == state[1].checksum) return;
+  notes.push_back(path + (saved->drawing == state[0].checksum ? ": its path file" : "") +
+                  " is not as it was saved here last, on " + saved->when +
+                  ". If nobody has changed it since, it is damaged.");
+  if (!session.opensToRead) noteSave(session, path, state);
 }
 
 void takeOverNames(Session& session, const std::string& cncoutputpath) {
@@ -130,41 +205,116 @@ std::optional<ChosenFile> askForName(Session& session) {
   }
 }
 
-}  // namespace
-
-void save_Drawing(Session& session) {
-  const Procedure here("save_Drawing()");
-  DrawingStore& store = session.store;
-  if (store.drawingname.empty()) return;
-  if (store.NumSegments > 0) roundall(store);
-  replaceWithBackup(pairToWrite(store));
-  noteSavedCounts(store);
-  session.lastfilename = store.drawingpath + store.drawingname;
-  addRecent(session, session.lastfilename);
-  store.drawingsaved = true;
-  showDrawingName(session);
-}
-
-void load_Drawing(Session& session) {
+// The drawing that is selected; false when it does not open, which leaves all as it is.
+bool loadSelected(Session& session) {
   const Procedure here("load_Drawing()");
   DrawingStore& store = session.store;
-  auto fields = openDrawing(session, session.selectedfolder + session.selectedname);
-  if (!fields) return;
-  clearForLoading(session);
-  const HeaderNotes notes = readfileheader(store, *fields);
-  readSegments(store, *fields);
-  store.drawingsaved = true;
-  readPathFile(session);
-  takeOverNames(session, notes.cncoutputpath);
+  const std::vector<std::string> paths = pairPaths(session.selectedfolder, session.selectedname);
+  auto pair = openDrawing(session, paths);
+  if (!pair) return false;
+  std::vector<std::string> notes;
+  const HeaderNotes header = readDrawing(session, *pair, notes);
+  takeOverNames(session, header.cncoutputpath);
+  noteOpened(session, paths[0], pair->state);
   noteSavedCounts(store);
   set_num_formats(session);
   updateStatusDisplay(session);
-  warnOfOlderVersion(session, notes.version);
+  warnOfOlderVersion(session, header.version);
   session.listener.UpdateGridButtons();
   addRecent(session, session.lastfilename);
   store.showpaths = 1;
   session.listener.Update_menu_checks();
   session.listener.drawingReplaced();
+  noteDamage(session, notes);
+  notePresence(session, notes);
+  for (const std::string& note : notes) tell(session, note);
+  return true;
+}
+
+// ---- Saving
+
+enum class SaveResult {
+  Done,
+  UnderOtherName,  // the operator wants another name
+  Cancelled,
+};
+
+// What an answer means for the save that it was asked about; nothing: go on with it.
+std::optional<SaveResult> resultOf(int answer, int goOn, int otherName) {
+  if (answer == goOn) return std::nullopt;
+  return answer == otherName ? SaveResult::UnderOtherName : SaveResult::Cancelled;
+}
+
+std::string rows(int count) {
+  return std::to_string(count) + (count == 1 ? " row" : " rows");
+}
+
+// A name without a path file loses the paths of the drawing.
+std::optional<SaveResult> askAboutLostPaths(Session& session) {
+  const DrawingStore& store = session.store;
+  if (store.NumPathSegments == 0 || !pathFileName(store.drawingname).empty()) return std::nullopt;
+  int answer = 0;
+  askUser(session,
+          store.drawingname + " will be saved without its tool path of " +
+              rows(store.NumPathSegments) +
+              ": only drawings named *.cdm keep one.\n\nSave it all the same? No asks for another "
+              "name.",
+          kAskYesNoCancel, answer);
+  return resultOf(answer, kAnswerYes, kAnswerNo);
+}
+
+std::optional<SaveResult> askAboutChanges(Session& session, const std::string& path) {
+  int answer = 0;
+  askUser(session,
+          path +
+              " has been changed on the disk since it was opened.\n\nSave under another name? "
+              "No replaces it, and what is there now becomes the backup.",
+          kAskYesNoCancel, answer);
+  return resultOf(answer, kAnswerNo, kAnswerYes);
+}
+
+SaveResult saveAsking(Session& session, bool agreed) {
+  DrawingStore& store = session.store;
+  if (const auto result = askAboutLostPaths(session)) return *result;
+  if (store.NumSegments > 0) roundall(store);
+  for (bool written = false; !written;) {
+    const PairSave save = savePair(session, agreed);
+    tellRecoveries(session, save.recoveries);
+    if (save.trouble) session.host.failures.report(*save.trouble);
+    written = save.written;
+    if (written) break;
+    if (const auto result = askAboutChanges(session, session.opened.path)) return *result;
+    session.opened.state = save.state;
+  }
+  noteSavedCounts(store);
+  session.lastfilename = store.drawingpath + store.drawingname;
+  addRecent(session, session.lastfilename);
+  store.drawingsaved = true;
+  showDrawingName(session);
+  return SaveResult::Done;
+}
+
+void saveUnderOtherNames(Session& session) {
+  for (SaveResult result = SaveResult::UnderOtherName; result == SaveResult::UnderOtherName;) {
+    const auto chosen = askForName(session);
+    if (!chosen || chosen->name.empty()) return;
+    session.store.drawingpath = session.selectedfolder = chosen->folder;
+    session.store.drawingname = session.selectedname = chosen->name;
+    result = saveAsking(session, /*agreed=*/true);
+  }
+}
+
+}  // namespace
+
+void save_Drawing(Session& session) {
+  const Procedure here("save_Drawing()");
+  if (session.store.drawingname.empty()) return;
+  const SaveResult result = saveAsking(session, /*agreed=*/false);
+  if (result == SaveResult::UnderOtherName) saveUnderOtherNames(session);
+}
+
+void load_Drawing(Session& session) {
+  loadSelected(session);
 }
 
 void smart_save(Session& session) {
@@ -178,11 +328,7 @@ void smart_save(Session& session) {
 
 void save_file_As(Session& session) {
   const Procedure here("save_file_As()");
-  const auto chosen = askForName(session);
-  if (!chosen || chosen->name.empty()) return;
-  session.store.drawingpath = session.selectedfolder = chosen->folder;
-  session.store.drawingname = session.selectedname = chosen->name;
-  save_Drawing(session);
+  saveUnderOtherNames(session);
 }
 
 bool select_file(Session& session) {
@@ -202,9 +348,32 @@ bool select_file(Session& session) {
 void mnuFileRevert_Click(Session& session) {
   const Procedure here("mnuFileRevert_Click()");
   std::string& name = session.store.drawingname;
+  const std::string before = name;
   name = splitPath(session.selectedfolder, session.lastfilename, kDefaultExtension);
   session.selectedname = name;
-  if (!name.empty()) load_Drawing(session);
+  if (name.empty()) return;
+  // A file that does not open leaves the drawing, and with it the name.
+  if (!loadSelected(session)) name = before;
 }
+
+// ---- Descriptors
+
+constexpr SessionCommand kRevertCommand{
+    .info = {.tool = "miReverttoSaved", .caption = "&Revert to Saved", .menu = {"miFile", 130}},
+    .run = mnuFileRevert_Click,
+};
+
+constexpr SessionCommand kSaveCommand{
+    .info = {.tool = "miSave",
+             .caption = "&Save",
+             .menu = {"miFile", 210},
+             .bar = {"barFile", 130}},
+    .run = smart_save,
+};
+
+constexpr SessionCommand kSaveAsCommand{
+    .info = {.tool = "miSaveAs", .caption = "Save &As...", .menu = {"miFile", 220}},
+    .run = save_file_As,
+};
 
 }  // namespace tess

@@ -277,4 +277,16 @@ void readPaths(DrawingStore& store, FieldReader& fields) {
   while (!fields.atEnd()) readPath(store, fields);
 }
 
+bool holdsSegments(const std::string& content) {
+  DrawingStore store;
+  FieldReader fields({}, content);
+  try {
+    readfileheader(store, fields);
+    return !fields.atEnd();
+  } catch (const RuntimeFailure&) {
+    takeCallChain();
+    return false;
+  }
+}
+
 }  // namespace tess

@@ -1,7 +1,7 @@
 // The two text files of a drawing, as content: 30 header lines and the drawing rows in the one, the
 // path rows in the other. A pair of fields that a line shares is parted by a comma.
 // Owns: HeaderNotes, pathFileName, writefileheader, readfileheader, appendSegments, appendPaths,
-//       readSegments, readPaths, kDrawingVersion.
+//       readSegments, readPaths, holdsSegments, kDrawingVersion.
 #pragma once
 
 #include <string>
@@ -36,5 +36,9 @@ struct HeaderNotes {
 HeaderNotes readfileheader(DrawingStore& store, FieldReader& fields);
 void readSegments(DrawingStore& store, FieldReader& fields);
 void readPaths(DrawingStore& store, FieldReader& fields);
+
+// Whether the content of a drawing file has rows behind its header. A file that is no drawing has
+// none.
+bool holdsSegments(const std::string& content);
 
 }  // namespace tess

@@ -23,17 +23,20 @@ struct DrawingSettings {
 #undef TESSIMO_VARIABLE
 #undef TESSIMO_NOTHING
 
-  // A file that lacks the origins means these.
-  DrawingSettings() {
-    xorigin = 1;
-    yorigin = 1;
-    zorigin = -1;
-  }
+  DrawingSettings();
+  DrawingSettings(const DrawingSettings& other);
+  DrawingSettings& operator=(const DrawingSettings& other);
+  ~DrawingSettings();
 };
 
 // One drawing. The live settings are members by inheritance: store.cfg_final_depth.
 // Row tables count from 1; tools and cycles from 0.
 struct DrawingStore : DrawingSettings {
+  DrawingStore();
+  DrawingStore(const DrawingStore& other);
+  DrawingStore& operator=(const DrawingStore& other);
+  ~DrawingStore();
+
   // Drawing segments.
   Int16 NumSegments;
   Column<int> segtype;

@@ -34,6 +34,10 @@ std::string FieldReader::place() const {
   return path_ + " line " + std::to_string(line_) + " field " + std::to_string(field_);
 }
 
+bool FieldReader::endsInField() const {
+  return atEnd() && !content_.empty() && !endsField(content_.back());
+}
+
 void FieldReader::fail(FailureNumber number) const {
   throw RuntimeFailure(number, place());
 }

@@ -22,6 +22,8 @@ class FieldReader {
   static FieldReader open(const std::string& path);
 
   bool atEnd() const { return next_ >= content_.size(); }
+  // The last field was taken, and the file ends within its line; place() is still that field's.
+  bool endsInField() const;
   int line() const { return line_; }  // of the field to be read next, from 1
   std::string place() const;          // of that field: file, line and field
 

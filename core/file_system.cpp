@@ -1,5 +1,5 @@
-// Files and folders: lookups without regard to case, and whole-file reads and writes whose
-// failures carry the program's numbers.
+// Files and folders: lookups without regard to case, and whole-file reads whose failures carry the
+// program's numbers.
 #include "core/file_system.h"
 
 #include <algorithm>
@@ -67,16 +67,17 @@ FailureNumber failureOf(int error) {
       return FailureNumber::DiskFull;
     case EISDIR:
       return FailureNumber::PathFileAccess;
+    case EEXIST:
+      return FailureNumber::FileExists;
     default:
       return FailureNumber::DeviceInputOutput;
   }
 }
 
-OpenFile openFile(const std::string& path, const char* mode) {
+OpenFile openFile(const std::string& path) {
   if (folderExists(path)) raiseFileFailure(EISDIR, path);
-  OpenFile file(std::fopen(path.c_str(), mode));
-  // A file to be written need not be there: it is its folder that is missing.
-  if (!file) raiseFileFailure(errno == ENOENT && *mode == 'w' ? ENOTDIR : errno, path);
+  OpenFile file(std::fopen(path.c_str(), "rb"));
+  if (!file) raiseFileFailure(errno, path);
   return file;
 }
 
@@ -157,7 +158,7 @@ FolderEntries listFolder(std::string_view path) {
 
 std::string readFile(std::string_view path) {
   const std::string found = resolvePath(path);
-  const OpenFile file = openFile(found, "rb");
+  const OpenFile file = openFile(found);
   std::string content;
   char block[1 << 16];
   while (const std::size_t got = std::fread(block, 1, sizeof block, file.get())) {
@@ -165,22 +166,6 @@ std::string readFile(std::string_view path) {
   }
   if (std::ferror(file.get()) != 0) raiseFileFailure(errno, found);
   return content;
-}
-
-void writeFile(std::string_view path, std::string_view content) {
-  const std::string found = resolvePath(path);
-  OpenFile file = openFile(found, "wb");
-  const bool written = std::fwrite(content.data(), 1, content.size(), file.get()) == content.size();
-  // Buffered bytes may meet a full disk only here.
-  if (!written || std::fflush(file.get()) != 0) raiseFileFailure(errno, found);
-}
-
-void deleteFile(std::string_view path) {
-  if (!fileExists(path)) return;
-  const std::string found = resolvePath(path);
-  std::error_code error;
-  fs::remove(found, error);
-  if (error) raiseFileFailure(error.value(), found);
 }
 
 void raiseFileFailure(int error, const std::string& path) {

@@ -1,7 +1,7 @@
 // Files and folders as the program sees them: both separators are read, the platform's is written,
 // and names are looked up without regard to case.
 // Owns: kSeparator, fileNameOf, splitPath, withSeparator, resolvePath, fullPath, fileExists,
-//       folderExists, FolderEntries, listFolder, readFile, writeFile, deleteFile, raiseFileFailure.
+//       folderExists, FolderEntries, listFolder, readFile, raiseFileFailure.
 #pragma once
 
 #include <string>
@@ -47,13 +47,6 @@ FolderEntries listFolder(std::string_view path);
 // The whole file as bytes. Raises File not found, Path not found, Permission denied, Path/File
 // access error (a folder) or Device I/O error, with the path as source.
 std::string readFile(std::string_view path);
-
-// Replaces the file's content. Raises Path not found, Permission denied, Path/File access error,
-// Disk full or Device I/O error; the file is then as far as it got.
-void writeFile(std::string_view path, std::string_view content);
-
-// Removes the file if it is there.
-void deleteFile(std::string_view path);
 
 // The failure of the operating system's error number `error`, with the path as source.
 [[noreturn]] void raiseFileFailure(int error, const std::string& path);

@@ -7,6 +7,8 @@
 #include <optional>
 #include <string>
 
+#include "core/write_guard.h"
+
 namespace tess {
 
 class Form;
@@ -75,6 +77,7 @@ struct Host {
   Clock& clock;
   Surroundings& surroundings;
   FailureSink& failures;
+  WriteGuard& guard;
 };
 
 }  // namespace tess

@@ -4,11 +4,12 @@
 #include <algorithm>
 #include <optional>
 
+#include "core/core_commands.h"
 #include "core/date_text.h"
 #include "core/drawing_file.h"
 #include "core/file_system.h"
+#include "core/file_writer.h"
 #include "core/recent_files.h"
-#include "core/replace_files.h"
 #include "core/setup_file.h"
 #include "core/text.h"
 #include "core/units.h"
@@ -152,6 +153,7 @@ void Main(Session& session, std::string_view commandLine, std::string_view progr
   const Procedure here("Main()");
   session.formats = {};
   session.store = DrawingStore();
+  session.opened = {};
   session.starttime = session.host.clock.elapsedMilliseconds();
   session.cmdline = withoutQuotes(commandLine);
   session.startupdone = false;
@@ -197,6 +199,7 @@ void new_drawing(Session& session) {
   listener.Update_menu_checks();
   store.NumSegments = 0;
   store.drawingname.clear();
+  session.opened = {};
   ensureSegmentCapacity(store, 2);
   store.drawingsaved = true;
   store.savedpaths = 0;
@@ -277,8 +280,8 @@ void App_EXIT(Session& session, std::string_view siblingName) {
     return;
   }
   const std::string drawing = session.store.drawingpath + session.store.drawingname;
-  replaceFile(session.appfolder + "swaptmp.dat",
-              onOneLine(sibling) + "\r\n" + onOneLine(drawing) + "\r\n");
+  writeFile(session.host.guard, session.appfolder + "swaptmp.dat", FileKind::Record,
+            onOneLine(sibling) + "\r\n" + onOneLine(drawing) + "\r\n");
   file_EXIT(session);
 }
 
@@ -332,7 +335,10 @@ void dropFiles(Session& session, std::span<const std::string> names) {
 void mnuFileDelete_Click(Session& session) {
   const Procedure here("mnuFileDelete_Click()");
   const std::string drawingname = session.store.drawingname;
-  if (select_file(session)) deleteFile(session.selectedfolder + session.selectedname);
+  if (select_file(session)) {
+    removeFile(session.host.guard, session.selectedfolder + session.selectedname,
+               FileKind::Drawing);
+  }
   session.store.drawingname = drawingname;
 }
 
@@ -343,5 +349,30 @@ void Form_Unload(Session& session) {
   session.listener.unloadOtherWindows();
   writeRecent(session);
 }
+
+// ---- Descriptors
+
+constexpr SessionCommand kNewCommand{
+    .info = {.tool = "miNew", .caption = "&New", .menu = {"miFile", 110}, .bar = {"barFile", 110}},
+    .run = smart_New,
+};
+
+constexpr SessionCommand kOpenCommand{
+    .info = {.tool = "miOpen",
+             .caption = "&Open...",
+             .menu = {"miFile", 120},
+             .bar = {"barFile", 120}},
+    .run = mnuFileOpen_Click,
+};
+
+constexpr SessionCommand kDeleteFileCommand{
+    .info = {.tool = "miDeleteFile", .caption = "&Delete File...", .menu = {"miFile", 230}},
+    .run = mnuFileDelete_Click,
+};
+
+constexpr SessionCommand kExitCommand{
+    .info = {.tool = "miExit", .caption = "E&xit", .menu = {"miFile", 510}},
+    .run = file_EXIT,
+};
 
 }  // namespace tess

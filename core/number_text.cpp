@@ -10,6 +10,7 @@
 
 #include "core/rounding.h"
 #include "core/runtime_failure.h"
+#include "core/text.h"
 
 namespace tess {
 namespace {
@@ -284,6 +285,17 @@ int parseInteger(std::string_view text) {
                      (result.ptr == text.data() + text.size() ||
                       (*result.ptr != '.' && *result.ptr != 'e' && *result.ptr != 'E'));
   return plain ? whole : roundHalfEven(Val(text));
+}
+
+std::optional<double> numericValue(std::string_view text) {
+  text = trimmed(text);
+  std::string_view body = text;
+  if (body.starts_with('+')) body.remove_prefix(1);
+  double value = 0;
+  const auto result = std::from_chars(body.data(), body.data() + body.size(), value);
+  const bool number = result.ptr == body.data() + body.size() && !body.empty();
+  if (!number || std::isnan(value)) return std::nullopt;
+  return result.ec == std::errc{} ? value : Val(text);
 }
 
 }  // namespace tess

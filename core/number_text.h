@@ -1,10 +1,11 @@
 // The one home of numbers as text, for files, programs and the screen. No locale plays a part, and
 // no text written here is anything but a plain decimal: no exponent, no "-0", no NaN or infinity.
 // Owns: plainText, fileText, signBlankText, kLongestNumber, writeFileText, appendFileText,
-//       NumberPattern, formatNumber, Val, parseFloat, parseInteger.
+//       NumberPattern, formatNumber, Val, parseFloat, parseInteger, numericValue.
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -59,5 +60,9 @@ float parseFloat(std::string_view text);
 
 // The same as a whole number, ties to even; raises Overflow outside the 32-bit range.
 int parseInteger(std::string_view text);
+
+// Strict parse: the number that the whole text is, but for blanks at both ends; nothing for any
+// other text. A value too large for the 64-bit range gives infinity.
+std::optional<double> numericValue(std::string_view text);
 
 }  // namespace tess

@@ -5,7 +5,7 @@
 
 #include "core/field_reader.h"
 #include "core/file_system.h"
-#include "core/replace_files.h"
+#include "core/file_writer.h"
 #include "core/text.h"
 
 namespace tess {
@@ -80,7 +80,7 @@ void writeRecent(Session& session) {
   for (const std::string& path : session.recentfiles) {
     if (fileExists(path)) list.append(path).append("\r\n");
   }
-  replaceFile(recentFileList(session), list);
+  writeFile(session.host.guard, recentFileList(session), FileKind::Record, list);
 }
 
 std::string recentCaption(const Session& session, int slot) {

@@ -52,6 +52,10 @@ RuntimeFailure::RuntimeFailure(FailureNumber number, std::string source, std::st
       description_(std::move(description)),
       line_(place.line()) {}
 
+const char* RuntimeFailure::what() const noexcept {
+  return description_.c_str();
+}
+
 RuntimeFailure overflow(std::source_location place) {
   return RuntimeFailure(FailureNumber::Overflow, {}, place);
 }

@@ -40,7 +40,7 @@ class RuntimeFailure : public std::exception {
   RuntimeFailure(FailureNumber number, std::string source, std::string description,
                  std::source_location place = std::source_location::current());
 
-  const char* what() const noexcept override { return description_.c_str(); }
+  const char* what() const noexcept override;
   FailureNumber number() const { return number_; }
   const std::string& description() const { return description_; }
   const std::string& source() const { return source_; }

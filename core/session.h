@@ -9,6 +9,7 @@
 
 #include "core/drawing_store.h"
 #include "core/host.h"
+#include "core/open_drawing.h"
 
 namespace tess {
 
@@ -25,36 +26,37 @@ struct NumberFormats {
 inline constexpr int kRecentFiles = 9;
 using RecentFiles = std::array<std::string, kRecentFiles>;  // full paths, the newest first
 
-// Effects that the core announces without knowing who carries them out. Each does nothing unless a
-// room above overrides it; an Application passes them on to views, tools and logs.
+// Effects that the core announces without knowing who carries them out. None of them has a default:
+// whoever listens says what comes of each, so that none is lost unseen. An Application passes them
+// on to views, tools and logs.
 class SessionListener {
  public:
   virtual ~SessionListener() = default;
-  virtual void clearUndoMenu() {}
-  virtual void resetUndoState() {}
-  virtual void UnselectAll() {}
-  virtual void Clear_Paste() {}
-  virtual void Update_menu_checks() {}
-  virtual void UpdateGridButtons() {}
-  virtual void SetUpdatePropertyFlag(bool /*update*/) {}
-  virtual void UpdatePropertyWindow() {}
-  virtual void resetObjectSnap() {}                     // snap off, radius 0.1, kinds 1 to 5
-  virtual void moveMarker(float /*x*/, float /*y*/) {}  // erase at the old place, draw at x, y
-  virtual void recover() {}                             // surface size anew, view scale 1
-  virtual void resetPendingAction() {}                  // pendingaction, DrawMode 0, arrow
-  virtual void DisplayedFilename(const std::string& /*text*/) {}  // first panel of the status bar
-  virtual void updateStatusDisplay() {}
-  virtual void drawingReplaced() {}  // another drawing or none: its view starts anew
-  virtual void recentFilesChanged() {}
-  virtual void brandingRead() {}                  // productname may have changed
-  virtual void load_xsetup() {}                   // the post definition of the setup
-  virtual void scaleDrawing(float /*factor*/) {}  // after a change of units
-  virtual void closeMainWindow() {}
-  virtual void importDxf(const std::string& /*path*/) {}
-  virtual void loadLayout() {}          // Layout.tb3 of the program's folder
-  virtual void saveLayout() {}          // to the same file
-  virtual void readPressedTools() {}    // OSnap, VGrid, CGrid, miEditSegsOrPaths into their flags
-  virtual void unloadOtherWindows() {}  // all but the main one
+  virtual void clearUndoMenu() = 0;
+  virtual void resetUndoState() = 0;
+  virtual void UnselectAll() = 0;
+  virtual void Clear_Paste() = 0;
+  virtual void Update_menu_checks() = 0;
+  virtual void UpdateGridButtons() = 0;
+  virtual void SetUpdatePropertyFlag(bool update) = 0;
+  virtual void UpdatePropertyWindow() = 0;
+  virtual void resetObjectSnap() = 0;             // snap off, radius 0.1, kinds 1 to 5
+  virtual void moveMarker(float x, float y) = 0;  // erase at the old place, draw at x, y
+  virtual void recover() = 0;                     // surface size anew, view scale 1
+  virtual void resetPendingAction() = 0;          // pendingaction, DrawMode 0, arrow
+  virtual void DisplayedFilename(const std::string& text) = 0;  // first panel of the status bar
+  virtual void updateStatusDisplay() = 0;
+  virtual void drawingReplaced() = 0;  // another drawing or none: its view starts anew
+  virtual void recentFilesChanged() = 0;
+  virtual void brandingRead() = 0;              // productname may have changed
+  virtual void load_xsetup() = 0;               // the post definition of the setup
+  virtual void scaleDrawing(float factor) = 0;  // after a change of units
+  virtual void closeMainWindow() = 0;
+  virtual void importDxf(const std::string& path) = 0;
+  virtual void loadLayout() = 0;          // Layout.tb3 of the program's folder
+  virtual void saveLayout() = 0;          // to the same file
+  virtual void readPressedTools() = 0;    // OSnap, VGrid, CGrid, miEditSegsOrPaths into their flags
+  virtual void unloadOtherWindows() = 0;  // all but the main one
 };
 
 // Thrown to end the program in order when it cannot go on; what() is a line for the operator.
@@ -75,6 +77,8 @@ struct Session {
   std::string cmdline;                       // the drawing named at the start, as it was typed
   std::string selectedfolder, selectedname;  // what the next load will use
   std::string lastfilename;                  // full path of the drawing chosen last, for a revert
+  OpenDrawing opened;                        // what the drawing was on the disk
+  bool opensToRead = false;                  // for a job that leaves drawings as they are
   std::string setuppath, setupname;          // the setup in force: as named, and its file name
   std::string productname = "Tessimo Mill";
   std::string companyname;

@@ -3,8 +3,8 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <cmath>
+#include <optional>
 #include <type_traits>
 #include <utility>
 
@@ -133,13 +133,9 @@ std::string textOf(const std::string& value) {
 }
 
 double wholeNumber(std::string_view text) {
-  text = trimmed(text);
-  if (text.starts_with('+')) text.remove_prefix(1);
-  double value = 0;
-  const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
-  const bool number = result.ptr == text.data() + text.size() && !text.empty();
-  if (!number || std::isnan(value)) throw typeMismatch();
-  return value;
+  const std::optional<double> value = numericValue(text);
+  if (!value) throw typeMismatch();
+  return *value;
 }
 
 // Setup entries. Each width has one reader and one writer; the kind chooses the form.

@@ -1,15 +1,15 @@
 // Setup files, the file that names the one in force, and the branding file.
 #include "core/setup_file.h"
 
-#include <cmath>
 #include <optional>
 
+#include "core/core_commands.h"
+#include "core/cut_width.h"
 #include "core/drawing_file.h"
 #include "core/file_system.h"
+#include "core/file_writer.h"
 #include "core/lifecycle.h"
 #include "core/number_text.h"
-#include "core/replace_files.h"
-#include "core/rounding.h"
 #include "core/settings.h"
 #include "core/text.h"
 #include "core/units.h"
@@ -23,11 +23,6 @@ constexpr char kFirstSetupName[] = "Mill";
 constexpr char kToolRow[] = "tool #";
 constexpr char kCycleRow[] = "cycle #";
 constexpr float kSmallestTolerance = 0.0001F;
-
-constexpr int kByPercent = 1;  // values of "cut width type"
-constexpr int kByDistance = 2;
-constexpr int kDistanceDecimals = 4;
-constexpr int kPercentDecimals = 2;
 
 std::string defaultsFile(const Session& session) {
   return session.appfolder + "tess.def";
@@ -137,29 +132,6 @@ void readEntries(Session& session, FieldReader& fields) {
   }
 }
 
-float rounded(double value, int places) {
-  const float result = roundTo(value, places);
-  if (!std::isfinite(result)) throw overflow();
-  return result;
-}
-
-// The cut width stands in the setup as a percentage of the tool's diameter and as a distance; the
-// one that is not chosen follows.
-void settleCutWidth(DrawingStore& store) {
-  if (store.cfg_cut_width_type == 0) store.cfg_cut_width_type = kByPercent;
-  const int type = store.cfg_cut_width_type;
-  if (type != kByPercent && type != kByDistance) return;
-  const double diameter = 2.0 * store.toolradius[store.selectedtool];
-  if (type == kByPercent) {
-    store.cfg_tool_spacing_distance =
-        rounded(diameter * store.cfg_tool_spacing / 100, kDistanceDecimals);
-  } else {
-    if (diameter == 0) throw divisionByZero();
-    store.cfg_tool_spacing =
-        rounded(store.cfg_tool_spacing_distance / diameter * 100, kPercentDecimals);
-  }
-}
-
 // A chest whose selected tool has no radius is no reason to go without the rest of the setup.
 void settleCutWidthOrReport(Session& session) {
   try {
@@ -192,7 +164,7 @@ void loadSetupFile(Session& session) {
 }
 
 void saveSetupFile(Session& session) {
-  replaceFile(setupFile(session), setupText(session));
+  writeFile(session.host.guard, setupFile(session), FileKind::Setup, setupText(session));
   session.store.setupchanged = false;
 }
 
@@ -260,8 +232,8 @@ void load_setup(Session& session) {
 void save_defaults(Session& session) {
   const Procedure here("save_defaults()");
   nameSetupIfBlank(session);
-  replaceFile(defaultsFile(session),
-              std::string(kDefaultsVersion) + "\r\n" + onOneLine(session.setupname) + "\r\n");
+  writeFile(session.host.guard, defaultsFile(session), FileKind::Setup,
+            std::string(kDefaultsVersion) + "\r\n" + onOneLine(session.setupname) + "\r\n");
   SetupTESS(session, "S");
 }
 
@@ -348,5 +320,34 @@ void mnuOptionsRevertSaved_Click(Session& session) {
   applydefaults(session);
   session.listener.recover();
 }
+
+// ---- Descriptors
+
+constexpr SessionCommand kSaveAsDefaultCommand{
+    .info = {.tool = "miSaveAsDefault", .caption = "Save as &Default", .menu = {"miOptions", 210}},
+    .run = mnuOptionsSaveAsDefault_Click,
+};
+
+constexpr SessionCommand kRevertToDefaultsCommand{
+    .info = {.tool = "miReverttoSavedDefaults",
+             .caption = "&Revert to Saved Defaults",
+             .menu = {"miOptions", 220}},
+    .run = mnuOptionsRevertSaved_Click,
+};
+
+constexpr SessionCommand kLoadSetupCommand{
+    .info = {.tool = "miLoadSetup", .caption = "&Load Setup...", .menu = {"miOptions", 230}},
+    .run = mnuOptionLoadSetup_Click,
+};
+
+constexpr SessionCommand kSaveSetupCommand{
+    .info = {.tool = "miSaveSetup", .caption = "&Save Setup", .menu = {"miOptions", 240}},
+    .run = mnuOptionsSaveSetup_Click,
+};
+
+constexpr SessionCommand kSaveSetupAsCommand{
+    .info = {.tool = "miSaveSetupAs", .caption = "Save Setup &As...", .menu = {"miOptions", 250}},
+    .run = mnuOptionsSaveSetupAs_Click,
+};
 
 }  // namespace tess

@@ -20,6 +20,8 @@ struct Tool {
   std::string name;
   std::string caption;
   std::string hint;
+  std::string key;       // the key that does the same, as a menu shows it; empty for none
+  std::string icon;      // the tool whose icon it shows; empty for its own
   std::string tag;       // what a pop-up entry stands for
   std::string popUp;     // the band that drops down from a button; empty for none
   bool toggles = false;  // a click turns `checked` over before it is told

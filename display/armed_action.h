@@ -1,13 +1,8 @@
 // What the view commands need of the armed command, which they interrupt and bring back.
-// Owns: kZoomWindowAction, kPanAction, kTextAction, ArmedAction.
+// Owns: ArmedAction.
 #pragma once
 
 namespace tess {
-
-// The pending actions that concern the view.
-inline constexpr int kZoomWindowAction = 28;
-inline constexpr int kPanAction = 29;
-inline constexpr int kTextAction = 30;  // placing text keeps its own picture of the view
 
 // The state of the interaction, as far as the view touches it.
 class ArmedAction {

@@ -4,14 +4,18 @@
 #include <cmath>
 
 #include "core/file_system.h"
+#include "display/display_commands.h"
 
 namespace tess {
 
 namespace {
 
-constexpr const char* kPanTool = "miPan";
 constexpr const char* kPanIcon = "pansmall.ico";
 constexpr double kExtentsMargin = 0.05;
+
+bool isArmed(const ViewParts& parts, PendingAction action) {
+  return parts.armed.pendingaction() == static_cast<int>(action);
+}
 
 }  // namespace
 
@@ -58,7 +62,7 @@ void ViewCommands::centreAt(double x, double y) {
 
 void ViewCommands::Zoom_In(double x, double y) {
   const Procedure here("frmMain.Zoom_In(x,y)");
-  if (parts_.armed.pendingaction() == kTextAction) return;
+  if (isArmed(parts_, PendingAction::PlaceText)) return;
   if (narrow(magnification(parts_.view)) >= kLargestZoom) return;
   parts_.view.viewspan *= 0.5F;
   centreAt(x, y);
@@ -66,7 +70,7 @@ void ViewCommands::Zoom_In(double x, double y) {
 
 void ViewCommands::Zoom_out(double x, double y) {
   const Procedure here("frmMain.Zoom_out(x,y)");
-  if (parts_.armed.pendingaction() == kTextAction) return;
+  if (isArmed(parts_, PendingAction::PlaceText)) return;
   parts_.view.viewspan = narrow(2.0 * parts_.view.viewspan);
   centreAt(x, y);
 }
@@ -108,7 +112,7 @@ void ViewCommands::releaseZoomBox(const WorldBox& shown) {
   if (interrupted_.SavedDrawMode == 0) return;
   parts_.armed.setPendingaction(interrupted_.SavedPending);
   // Setting a mode ends panning, so an interrupted pan comes back without one.
-  if (interrupted_.SavedPending == kPanAction) return;
+  if (interrupted_.SavedPending == static_cast<int>(PendingAction::Pan)) return;
   parts_.armed.setDrawMode(interrupted_.SavedDrawMode);
 }
 
@@ -140,11 +144,11 @@ void ViewCommands::interrupt() {
 
 void ViewCommands::mnuViewZoomWindow_Click() {
   interrupt();
-  parts_.armed.setPendingaction(kZoomWindowAction);
+  parts_.armed.setPendingaction(static_cast<int>(PendingAction::ZoomWindow));
 }
 
 void ViewCommands::mnuViewPan_Click() {
-  if (parts_.host.toolChecked(kPanTool)) {
+  if (parts_.host.toolChecked(kPanCommand.info.tool)) {
     stopPanning();
   } else {
     startPanning();
@@ -153,8 +157,8 @@ void ViewCommands::mnuViewPan_Click() {
 
 void ViewCommands::startPanning() {
   interrupt();
-  parts_.host.setToolChecked(kPanTool, true);
-  parts_.armed.setPendingaction(kPanAction);
+  parts_.host.setToolChecked(kPanCommand.info.tool, true);
+  parts_.armed.setPendingaction(static_cast<int>(PendingAction::Pan));
   showPanPointer();
 }
 
@@ -166,7 +170,7 @@ void ViewCommands::showPanPointer() {
 }
 
 void ViewCommands::stopPanning() {
-  parts_.host.setToolChecked(kPanTool, false);
+  parts_.host.setToolChecked(kPanCommand.info.tool, false);
   parts_.pointer.setMousePointer(kDefaultShape);
   parts_.armed.setPendingaction(0);
   if (interrupted_.SavedDrawMode == 0) return;
@@ -195,5 +199,128 @@ void ViewCommands::mnuViewShowToolPath_Click() {
 void ViewCommands::mnuViewToolRadOutline_Click() {
   flip(parts_.store.tooloutline);
 }
+
+// ---- Descriptors
+
+namespace {
+
+template <void (ViewCommands::*command)()>
+void calls(ViewCommands& view) {
+  (view.*command)();
+}
+
+constexpr Action<ViewCommands> kZoomWindowActions[] = {
+    {{.action = PendingAction::ZoomWindow,
+      .prompt = "Select zoom window with mouse.",
+      .snaps = false,
+      .escRedraws = true}},
+};
+
+constexpr Action<ViewCommands> kPanActions[] = {
+    {{.action = PendingAction::Pan,
+      .prompt = "Click spot to Pan to with mouse.",
+      .stays = true,
+      .snaps = false}},
+};
+
+}  // namespace
+
+constexpr ViewCommand kRedrawCommand{
+    .info = {.tool = "miReDraw",
+             .caption = "&Redraw",
+             .key = "Ctrl+R",
+             .menu = {"miView", 110},
+             .bar = {"barView", 180}},
+    .run = calls<&ViewCommands::mnuViewReDraw_Click>,
+};
+
+constexpr ViewCommand kCenterCommand{
+    .info = {.tool = "miCenter",
+             .caption = "&Center on Marker",
+             .menu = {"miView", 120},
+             .bar = {"barView", 170}},
+    .run = calls<&ViewCommands::mnuViewCenter_Click>,
+};
+
+constexpr ViewCommand kZoomInCommand{
+    .info = {.tool = "miZoomIn",
+             .caption = "Zoom &In",
+             .key = "I",
+             .menu = {"miView", 130},
+             .bar = {"barView", 110}},
+    .run = calls<&ViewCommands::mnuViewZoomIn_Click>,
+};
+
+constexpr ViewCommand kZoomOutCommand{
+    .info = {.tool = "miZoomOut",
+             .caption = "Zoom &Out",
+             .key = "O",
+             .menu = {"miView", 140},
+             .bar = {"barView", 120}},
+    .run = calls<&ViewCommands::mnuViewZoomOut_Click>,
+};
+
+constexpr ViewCommand kZoomWindowCommand{
+    .info = {.tool = "miZoomWindow",
+             .caption = "Zoom &Window",
+             .menu = {"miView", 150},
+             .bar = {"barView", 130}},
+    .run = calls<&ViewCommands::mnuViewZoomWindow_Click>,
+    .actions = kZoomWindowActions,
+};
+
+constexpr ViewCommand kZoomExtentsCommand{
+    .info = {.tool = "miZoomExtents",
+             .caption = "Zoom &Extents",
+             .menu = {"miView", 160},
+             .bar = {"barView", 140}},
+    .run = calls<&ViewCommands::ZoomExtents>,
+};
+
+constexpr ViewCommand kFullViewCommand{
+    .info = {.tool = "miFullView",
+             .caption = "&Full View",
+             .menu = {"miView", 170},
+             .bar = {"barView", 150}},
+    .run = calls<&ViewCommands::mnuViewFullView_Click>,
+};
+
+constexpr ViewCommand kPanCommand{
+    .info = {.tool = "miPan", .caption = "&Pan", .menu = {"miView", 180}, .bar = {"barView", 160}},
+    .run = calls<&ViewCommands::mnuViewPan_Click>,
+    .actions = kPanActions,
+};
+
+constexpr ViewCommand kShowPartTemplateCommand{
+    .info = {.tool = "miShowPartTemplate",
+             .caption = "Show Part &Template",
+             .menu = {"miView", 210},
+             .bar = {"barView", 210}},
+    .run = calls<&ViewCommands::mnuViewShowPartTemp_Click>,
+};
+
+constexpr ViewCommand kShowEndMarkersCommand{
+    .info = {.tool = "miShowEndMarkers",
+             .caption = "Show End &Markers",
+             .menu = {"miView", 220},
+             .bar = {"barView", 220}},
+    .run = calls<&ViewCommands::mnuViewShowEndMark_Click>,
+};
+
+constexpr ViewCommand kShowToolPathsCommand{
+    .info = {.tool = "miShowToolPaths",
+             .caption = "Show Tool Pat&hs",
+             .menu = {"miView", 230},
+             .bar = {"barView", 230}},
+    .run = calls<&ViewCommands::mnuViewShowToolPath_Click>,
+};
+
+constexpr ViewCommand kToolRadiusOutlineCommand{
+    .info = {.tool = "miToolRadiusOutline",
+             .caption = "Tool Ra&dius Outline",
+             .menu = {"miView", 240},
+             .bar = {"barView", 240}},
+    .run = calls<&ViewCommands::mnuViewToolRadOutline_Click>,
+};
 
 }  // namespace tess

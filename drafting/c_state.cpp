@@ -90,13 +90,13 @@ void CState::setPendingaction(int action) {
   RevertOSnapFeatures();
   setFeaturePoint({});
   pendingaction_ = action;
-  effects_.refreshStatus();
+  effects.refreshStatus();
 }
 
 void CState::setDrawMode(int mode) {
   drawMode_ = mode;
   if (mode != -1 && mode != 0) setPendingaction(0);
-  effects_.showDrawMode();
+  effects.showDrawMode();
 }
 
 void CState::setFeaturePoint(const std::optional<CFeaturePoint>& feature) {

@@ -58,14 +58,15 @@ class SelectedSegments {
 
 class CState : public ArmedAction {
  public:
-  // What setting the state brings about; filled in by the desk.
+  // What setting the state brings about; filled in by the desk that works on it.
   struct Effects {
-    std::function<void()> refreshStatus;
-    std::function<void()> showDrawMode;  // tool checks and pointer shape
+    std::function<void()> refreshStatus = [] {};
+    std::function<void()> showDrawMode = [] {};  // tool checks and pointer shape
   };
 
-  CState(PictureBoxProxy& screen, Effects effects)
-      : screen_(screen), effects_(std::move(effects)) {}
+  explicit CState(PictureBoxProxy& screen) : screen_(screen) {}
+
+  Effects effects;
 
   int pendingaction() const override { return pendingaction_; }
   // Ends a single use of object snap and drops the snap feature.
@@ -99,7 +100,6 @@ class CState : public ArmedAction {
   void invertMark();
 
   PictureBoxProxy& screen_;
-  Effects effects_;
   int pendingaction_ = 0;
   int drawMode_ = 0;
   std::optional<CFeaturePoint> feature_;

@@ -1,26 +1,25 @@
-// The drafting desk comes to life: its state, its timer, and the clicks and repeats that drafting
-// itself brings.
+// The drafting desk comes to life: its timer, the commands that it knows, and what setting its
+// state brings about.
 #include "drafting/desk.h"
 
+#include "display/display_commands.h"
+#include "drafting/drafting_commands.h"
 #include "drafting/draw_mode_tools.h"
 #include "drafting/entity_creation.h"
 #include "drafting/pending_actions.h"
 #include "drafting/pointer_events.h"
-#include "drafting/repeat_key.h"
-#include "drafting/selection.h"
-#include "drafting/start_position.h"
 
 namespace tess {
 
 Desk::Desk(const DeskParts& parts)
     : DeskParts(parts),
       store(parts.session.store),
-      state(parts.ScreenProxy, {.refreshStatus = [this] { refreshStatus(*this); },
-                                .showDrawMode = [this] { refreshDrawMode(); }}),
       gridSnapTimer(std::make_unique<GridSnapTimer>(*this)) {
-  addSelectionClicks(clickActions);
-  addStartPositionClick(clickActions);
-  addRepeatCommands(repeatCommands);
+  addUnarmedActions(*this);
+  for (const ViewCommand* const known : displayCommands()) addCommand(viewCommands, *known);
+  for (const DeskCommand* const known : draftingCommands()) addCommand(*this, *known);
+  state.effects = {.refreshStatus = [this] { refreshStatus(*this); },
+                   .showDrawMode = [this] { refreshDrawMode(); }};
   redraw.onCleared = [this] { forgetInverted(); };
   redraw.onPainted = [this] { showSecondPoint(*this); };
 }
@@ -28,11 +27,12 @@ Desk::Desk(const DeskParts& parts)
 Desk::~Desk() {
   redraw.onCleared = nullptr;
   redraw.onPainted = nullptr;
+  state.effects = {};
 }
 
 // Whatever ends a three-point mode drops the command that is half done in it.
 void Desk::refreshDrawMode() {
-  if (!takesThreePoints(state.DrawMode())) dropThreePointCommand(*this);
+  if (!takesThreePoints(*this, state.DrawMode())) dropThreePointCommand(*this);
   showDrawMode(*this);
 }
 

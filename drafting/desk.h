@@ -1,10 +1,8 @@
 // The drafting desk: the state of the interaction and the parts that drafting commands work with.
 // Commands are free functions on it.
-// Owns: PointerRecord, CommandRecord, ArcScratch, DeskListener, ClickActions, RepeatCommands,
-//       DeskParts, Desk.
+// Owns: PointerRecord, CommandRecord, ArcScratch, DeskListener, DeskParts, Desk.
 #pragma once
 
-#include <array>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -18,6 +16,7 @@
 #include "display/view_commands.h"
 #include "drafting/c_state.h"
 #include "drafting/change_log.h"
+#include "drafting/known_commands.h"
 #include "geometry/points.h"
 
 namespace tess {
@@ -60,7 +59,7 @@ struct ArcScratch {
   bool reversearc = false;
 };
 
-// What rooms above the desk hear.
+// What rooms above the desk hear. None of it has a default: who hears it says what comes of it.
 class DeskListener {
  public:
   virtual ~DeskListener() = default;
@@ -68,27 +67,19 @@ class DeskListener {
   virtual void UpdatePropertyWindow() = 0;
   virtual void selectEntity(int sg) = 0;  // in the property window
   // Pointer and wheel while text is being placed.
-  virtual void textPointerEvent(int /*button*/, int /*shift*/, float /*x*/, float /*y*/) {}
-  virtual void textDragReset() {}
-  virtual void textWheel(int /*steps*/, int /*shift*/) {}
+  virtual void textPointerEvent(int button, int shift, float x, float y) = 0;
+  virtual void textDragReset() = 0;
+  virtual void textWheel(int steps, int shift) = 0;
 };
 
-struct Desk;
 class GridSnapTimer;
-
-// What the click of each pending action does. Rooms above fill in theirs; an action without an
-// entry is armed and prompts, and its click has no effect.
-using ClickActions = std::array<std::function<void(Desk&)>, 48>;
-
-// What the repeat key issues, by LastCommand. Rooms above fill in theirs; a number without an entry
-// does nothing.
-using RepeatCommands = std::array<std::function<void(Desk&)>, 48>;
 
 struct DeskParts {
   Session& session;
   View& view;
   Renderer& renderer;
   RedrawSequence& redraw;
+  CState& state;
   ViewCommands& viewCommands;
   PictureBoxProxy& ScreenProxy;
   Pointer& systemPointer;
@@ -98,12 +89,12 @@ struct DeskParts {
   DeskListener& listener;
 };
 
-struct Desk : DeskParts {
+// It knows the commands of its own room and of the view; rooms above add theirs.
+struct Desk : DeskParts, KnownCommands {
   explicit Desk(const DeskParts& parts);
   ~Desk();
 
   DrawingStore& store;
-  CState state;
   PointerRecord pointer;
   CommandRecord command;
   ArcScratch arc;
@@ -112,8 +103,6 @@ struct Desk : DeskParts {
   Point lastTypedPosition;             // what the dialog shows when it opens
   double lastWheelTime = PointerRecord::kLongAgo;  // of a wheel event passed on, in milliseconds
   std::unique_ptr<GridSnapTimer> gridSnapTimer;
-  ClickActions clickActions;
-  RepeatCommands repeatCommands;
 
  private:
   void refreshDrawMode();

@@ -1,49 +1,42 @@
 // The tools that show the drawing mode.
 #include "drafting/draw_mode_tools.h"
 
-#include <string>
-
-#include "drafting/entity_creation.h"
-#include "drafting/pending_actions.h"
+#include "display/display_commands.h"
+#include "drafting/drafting_commands.h"
 
 namespace tess {
 namespace {
-
-constexpr const char* kModeTools[] = {"miArc3P",      "miArcC+2P",  "miCircle3P",
-                                      "miCircleC+1P", "miLine",     "miRectangle",
-                                      "miSelect",     "miUnselect", "miPan"};
 
 bool unselects(int action) {
   return action == static_cast<int>(PendingAction::Unselect) ||
          action == static_cast<int>(PendingAction::UnselectContiguous);
 }
 
+// Null while there is no mode.
 const char* toolOf(const Desk& desk) {
-  switch (static_cast<DrawingMode>(desk.state.DrawMode())) {
-    case DrawingMode::Selecting:
-      return unselects(desk.state.pendingaction()) ? "miUnselect" : "miSelect";
-    case DrawingMode::None:
-      return nullptr;
-    case DrawingMode::Line:
-      return "miLine";
-    case DrawingMode::Arc3P:
-      return "miArc3P";
-    case DrawingMode::ArcC2P:
-      return "miArcC+2P";
-    case DrawingMode::Circle3P:
-      return "miCircle3P";
-    case DrawingMode::Rectangle:
-      return "miRectangle";
-    case DrawingMode::CircleC1P:
-      return "miCircleC+1P";
+  const int mode = desk.state.DrawMode();
+  if (mode == kSelectingMode) {
+    return (unselects(desk.state.pendingaction()) ? kUnselectCommand : kSelectCommand).info.tool;
+  }
+  for (const DeskCommand* const command : desk.modes) {
+    if (command->mode.number == mode) return command->info.tool;
   }
   return nullptr;
 }
 
 }  // namespace
 
+std::vector<const char*> drawModeTools(const Desk& desk) {
+  std::vector<const char*> tools;
+  for (const DeskCommand* const command : desk.modes) tools.push_back(command->info.tool);
+  tools.push_back(kSelectCommand.info.tool);
+  tools.push_back(kUnselectCommand.info.tool);
+  tools.push_back(kPanCommand.info.tool);
+  return tools;
+}
+
 void showDrawMode(Desk& desk) {
-  for (const char* const tool : kModeTools) desk.tools.setChecked(tool, false);
+  for (const char* const tool : drawModeTools(desk)) desk.tools.setChecked(tool, false);
   desk.systemPointer.setMousePointer(kDefaultShape);
   if (const char* const tool = toolOf(desk)) desk.tools.setChecked(tool, true);
 }

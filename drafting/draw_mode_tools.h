@@ -1,13 +1,18 @@
 // The tools that show the drawing mode.
-// Owns: showDrawMode.
+// Owns: drawModeTools, showDrawMode.
 #pragma once
+
+#include <vector>
 
 #include "drafting/desk.h"
 
 namespace tess {
 
-// Unchecks all tools of drawing, selecting and panning, gives the pointer its default shape, and
-// checks the tool of the present mode.
+// The tools of drawing, selecting and panning: at most one of them is checked.
+std::vector<const char*> drawModeTools(const Desk& desk);
+
+// Unchecks all of them, gives the pointer its default shape, and checks the tool of the present
+// mode.
 void showDrawMode(Desk& desk);
 
 }  // namespace tess

@@ -2,8 +2,7 @@
 // Owns: toggleEditPaths, mnuEditDelete_Click, mnuEditCopy_Click, mnuEditFlipArc_Click,
 //       mnuEditRevArc_Click, mnuEditJoinEnd_Click, mnuEditMoveEnd_Click, mnuEditBreakSeg_Click,
 //       mnuEditJoinEndPtsArc, mnuDeleteVertex_Click, mnuChangeRad_Click, mnuEditMoveProf_Click,
-//       mnuAddFillet_Click, SetOrigin, mnuEditTrimEntity_Click, mnuEditEntityInfo_Click,
-//       mnuRevPathDir_Click.
+//       mnuAddFillet_Click, SetOrigin, mnuEditTrimEntity_Click, mnuEditEntityInfo_Click.
 #pragma once
 
 #include "drafting/desk.h"
@@ -30,7 +29,5 @@ void mnuAddFillet_Click(Desk& desk);
 void SetOrigin(Desk& desk);
 void mnuEditTrimEntity_Click(Desk& desk);
 void mnuEditEntityInfo_Click(Desk& desk);
-// Without path rows it cancels what is armed.
-void mnuRevPathDir_Click(Desk& desk);
 
 }  // namespace tess

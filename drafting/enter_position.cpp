@@ -2,6 +2,7 @@
 #include "drafting/enter_position.h"
 
 #include "drafting/dlgPositionCursor.h"
+#include "drafting/drafting_commands.h"
 #include "drafting/pending_actions.h"
 #include "drafting/pointer_events.h"
 
@@ -37,7 +38,7 @@ void putPointer(Desk& desk, Point position) {
 
 void collect_Set_New_pos(Desk& desk, std::optional<float> new_X, std::optional<float> new_Y) {
   const Procedure here("frmMain.collect_Set_New_pos(new_X,new_Y)");
-  desk.command.LastCommand = kEnterPositionCommand;
+  desk.command.LastCommand = static_cast<int>(PendingAction::EnterPosition);
   const std::optional<Point> entered = enteredPosition(desk, new_X, new_Y);
   if (!entered) return;
   desk.lastTypedPosition = *entered;
@@ -50,5 +51,24 @@ void nudgePointer(Desk& desk, int pixelsX, int pixelsY) {
   const auto unitsY = pixelsY / PixelsPerInchY(desk.ScreenProxy);
   putPointer(desk, {narrow(desk.pointer.MouseX + unitsX), narrow(desk.pointer.MouseY + unitsY)});
 }
+
+// ---- Descriptors
+
+namespace {
+
+void askForNewPosition(Desk& desk) {
+  collect_Set_New_pos(desk);
+}
+
+}  // namespace
+
+constexpr DeskCommand kEnterPositionCommand{
+    .info = {.tool = "miEnterPosition",
+             .caption = "Enter Positio&n...",
+             .key = "E",
+             .menu = {"miEdit", 610}},
+    .run = askForNewPosition,
+    .repeat = {{PendingAction::EnterPosition}},
+};
 
 }  // namespace tess

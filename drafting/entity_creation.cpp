@@ -1,9 +1,10 @@
-// Creating entities in the six drawing modes.
+// Creating entities: the drawing modes of the draw menu.
 #include "drafting/entity_creation.h"
 
 #include <utility>
 
 #include "display/screen_marks.h"
+#include "drafting/drafting_commands.h"
 #include "drafting/rubber_band.h"
 #include "drafting/undo.h"
 #include "geometry/angles.h"
@@ -165,17 +166,6 @@ void drawCircle3PMode(Desk& desk, PictureBoxProxy& target) {
   });
 }
 
-struct ModeRow {
-  DrawingMode mode;
-  void (*draw)(Desk&, PictureBoxProxy&);
-};
-
-constexpr ModeRow kModes[] = {
-    {DrawingMode::Line, drawLineMode},           {DrawingMode::Arc3P, drawArc3PMode},
-    {DrawingMode::ArcC2P, drawArcC2PMode},       {DrawingMode::Circle3P, drawCircle3PMode},
-    {DrawingMode::Rectangle, drawRectangleMode}, {DrawingMode::CircleC1P, drawCircleC1PMode},
-};
-
 // The sense in which the arc from marker to second point passes the direction of (x, y). Where both
 // senses hold, counter-clockwise wins.
 int senseThrough(const ArcScratch& arc, float x, float y) {
@@ -220,17 +210,17 @@ bool centreThrough(Desk& desk, Point third) {
   return true;
 }
 
-void startDrawing(Desk& desk, DrawingMode mode) {
-  dropThreePointCommand(desk);
-  desk.state.setDrawMode(static_cast<int>(mode));
-}
-
 }  // namespace
+
+void startDrawing(Desk& desk, const DeskCommand& command) {
+  dropThreePointCommand(desk);
+  desk.state.setDrawMode(command.mode.number);
+}
 
 void draw_Action(Desk& desk, PictureBoxProxy& target) {
   const Procedure here("frmMain.draw_Action(target)");
-  for (const ModeRow& row : kModes) {
-    if (desk.state.DrawMode() == static_cast<int>(row.mode)) row.draw(desk, target);
+  if (const DrawingMode* const mode = modeOf(desk, desk.state.DrawMode())) {
+    mode->draw(desk, target);
   }
   desk.state.RevertOSnapFeatures();
 }
@@ -288,28 +278,124 @@ void showSecondPoint(Desk& desk) {
 
 // A preview needs the points that are forgotten, so it goes first.
 void dropThreePointCommand(Desk& desk) {
-  if (takesThreePoints(desk.pointer.RubberKind)) eraseRubberBand(desk);
+  if (takesThreePoints(desk, desk.pointer.RubberKind)) eraseRubberBand(desk);
   eraseSecondCross(desk);
   desk.command.clickstage = 0;
 }
 
 void mnuDrawLine_Click(Desk& desk) {
-  startDrawing(desk, DrawingMode::Line);
+  startDrawing(desk, kLineCommand);
 }
 void mnuDrawRect_Click(Desk& desk) {
-  startDrawing(desk, DrawingMode::Rectangle);
+  startDrawing(desk, kRectangleCommand);
 }
 void mnuDrawArc3P_Click(Desk& desk) {
-  startDrawing(desk, DrawingMode::Arc3P);
+  startDrawing(desk, kArc3PCommand);
 }
 void mnuDrawArcC2P_Click(Desk& desk) {
-  startDrawing(desk, DrawingMode::ArcC2P);
+  startDrawing(desk, kArcC2PCommand);
 }
 void mnuDrawCircle3P_Click(Desk& desk) {
-  startDrawing(desk, DrawingMode::Circle3P);
+  startDrawing(desk, kCircle3PCommand);
 }
 void mnuDrawCircleC1P_Click(Desk& desk) {
-  startDrawing(desk, DrawingMode::CircleC1P);
+  startDrawing(desk, kCircleC1PCommand);
 }
+
+// ---- Descriptors
+
+namespace {
+
+// What follows the pointer, from the marker to where it was last.
+WorldBox fromMarker(const Desk& desk) {
+  return {desk.store.markerx, desk.store.markery, desk.pointer.MouseMoveX, desk.pointer.MouseMoveY};
+}
+
+void hoverLine(Desk& desk) {
+  desk.ScreenProxy.TraceLine(fromMarker(desk), drawColor(desk));
+}
+
+void hoverBox(Desk& desk) {
+  desk.ScreenProxy.TraceLine(fromMarker(desk), drawColor(desk), kOutlineBox);
+}
+
+void hoverCircle(Desk& desk) {
+  const WorldBox ends = fromMarker(desk);
+  const float radius = distance({ends.x0, ends.y0}, {ends.x1, ends.y1});
+  desk.ScreenProxy.TraceCircle(ends.x0, ends.y0, radius, drawColor(desk));
+}
+
+template <bool (*shape)(Desk&, float, float)>
+void hoverShape(Desk& desk) {
+  shape(desk, desk.pointer.MouseMoveX, desk.pointer.MouseMoveY);
+}
+
+}  // namespace
+
+constexpr DeskCommand kLineCommand{
+    .info = {.tool = "miLine",
+             .caption = "&Line",
+             .key = "L",
+             .menu = {"miDraw", 110},
+             .bar = {"barDraw", 210}},
+    .run = mnuDrawLine_Click,
+    .mode = {.number = 1, .draw = drawLineMode, .hover = hoverLine},
+};
+
+constexpr DeskCommand kRectangleCommand{
+    .info = {.tool = "miRectangle",
+             .caption = "&Rectangle",
+             .key = "R",
+             .menu = {"miDraw", 120},
+             .bar = {"barDraw", 220}},
+    .run = mnuDrawRect_Click,
+    .mode = {.number = 6, .draw = drawRectangleMode, .hover = hoverBox},
+};
+
+constexpr DeskCommand kArc3PCommand{
+    .info = {.tool = "miArc3P",
+             .caption = "&Arc, 3 Points",
+             .key = "A",
+             .menu = {"miDraw", 130},
+             .bar = {"barDraw", 230}},
+    .run = mnuDrawArc3P_Click,
+    .mode = {.number = 2,
+             .threePoints = true,
+             .draw = drawArc3PMode,
+             .hover = hoverShape<draw_arc3p>},
+};
+
+constexpr DeskCommand kArcC2PCommand{
+    .info = {.tool = "miArcC+2P",
+             .caption = "Arc, Center + 2 &Points",
+             .menu = {"miDraw", 140},
+             .bar = {"barDraw", 240}},
+    .run = mnuDrawArcC2P_Click,
+    .mode = {.number = 3,
+             .threePoints = true,
+             .draw = drawArcC2PMode,
+             .hover = hoverShape<draw_arcc2p>},
+};
+
+constexpr DeskCommand kCircle3PCommand{
+    .info = {.tool = "miCircle3P",
+             .caption = "&Circle, 3 Points",
+             .menu = {"miDraw", 150},
+             .bar = {"barDraw", 250}},
+    .run = mnuDrawCircle3P_Click,
+    .mode = {.number = 5,
+             .threePoints = true,
+             .draw = drawCircle3PMode,
+             .hover = hoverShape<draw_circle3p>},
+};
+
+constexpr DeskCommand kCircleC1PCommand{
+    .info = {.tool = "miCircleC+1P",
+             .caption = "Circle, Center + &1 Point",
+             .menu = {"miDraw", 160},
+             .bar = {"barDraw", 260}},
+    .run = mnuDrawCircleC1P_Click,
+    .mode = {.number = 7, .draw = drawCircleC1PMode, .hover = hoverCircle},
+};
 
 }  // namespace tess

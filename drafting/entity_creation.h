@@ -1,35 +1,24 @@
 // Creating entities: what an accepted click adds in each drawing mode, with the previews of the
 // three-point commands.
-// Owns: DrawingMode, isDrawing, takesThreePoints, draw_Action, draw_circle3p, draw_arcc2p, draw_arc3p, BatchLine, BatchAddLines,
-//       moveMarker, kFirstPointTaken, showSecondPoint, dropThreePointCommand, the drawing commands.
+// Owns: isDrawing, startDrawing, draw_Action, draw_circle3p, draw_arcc2p, draw_arc3p, BatchLine,
+//       BatchAddLines, moveMarker, kFirstPointTaken, showSecondPoint, dropThreePointCommand, the
+//       drawing commands.
 #pragma once
 
 #include <span>
 
 #include "drafting/desk.h"
+#include "drafting/desk_command.h"
 
 namespace tess {
 
-// The values of DrawMode. 4 is not used.
-enum class DrawingMode : int {
-  Selecting = -1,
-  None = 0,
-  Line = 1,
-  Arc3P = 2,
-  ArcC2P = 3,
-  Circle3P = 5,
-  Rectangle = 6,
-  CircleC1P = 7,
-};
-
 constexpr bool isDrawing(int drawMode) {
-  return drawMode > 0;
+  return drawMode > kNoMode;
 }
-constexpr bool takesThreePoints(int drawMode) {
-  return drawMode == static_cast<int>(DrawingMode::Arc3P) ||
-         drawMode == static_cast<int>(DrawingMode::ArcC2P) ||
-         drawMode == static_cast<int>(DrawingMode::Circle3P);
-}
+
+// What a command with a drawing mode ends with: its mode is on, and a three-point command in
+// progress is dropped.
+void startDrawing(Desk& desk, const DeskCommand& command);
 
 // Adds what the drawing mode makes of the marker and the click at MouseX, MouseY.
 void draw_Action(Desk& desk, PictureBoxProxy& target);

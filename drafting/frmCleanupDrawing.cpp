@@ -1,6 +1,7 @@
 // Cleanup Drawing.
 #include "drafting/frmCleanupDrawing.h"
 
+#include "drafting/drafting_commands.h"
 #include "drafting/drawing_cleanup.h"
 
 namespace tess {
@@ -37,5 +38,12 @@ void mnuCleanupDrawing(Desk& desk) {
   frmCleanupDrawing form(desk);
   desk.session.host.prompts.showModal(form);
 }
+
+// ---- Descriptors
+
+constexpr DeskCommand kCleanupCommand{
+    .info = {.tool = "miCleanupDrawing", .caption = "&Cleanup Drawing...", .menu = {"miCAM", 350}},
+    .run = mnuCleanupDrawing,
+};
 
 }  // namespace tess

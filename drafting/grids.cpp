@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "drafting/dlgSetGrids.h"
+#include "drafting/drafting_commands.h"
 
 namespace tess {
 
@@ -46,5 +47,24 @@ void mnuOptionsGridSelection_Click(Desk& desk) {
   dlgSetGrids dialog(desk);
   desk.session.host.prompts.showModal(dialog);
 }
+
+// ---- Descriptors
+
+constexpr DeskCommand kGridSetupCommand{
+    .info = {.tool = "miGrid/SnapSelections",
+             .caption = "Grid / S&nap Selections...",
+             .menu = {"miOptions", 130}},
+    .run = mnuOptionsGridSelection_Click,
+};
+
+constexpr DeskCommand kVisualGridCommand{
+    .info = {.tool = "VGrid", .caption = "Visual Grid", .sharedKey = "G", .bar = {"Options", 120}},
+    .run = Vgrid_ButtonClick,
+};
+
+constexpr DeskCommand kCursorGridCommand{
+    .info = {.tool = "CGrid", .caption = "Cursor Grid", .sharedKey = "G", .bar = {"Options", 130}},
+    .run = Cgrid_ButtonClick,
+};
 
 }  // namespace tess

@@ -3,6 +3,7 @@
 
 #include "core/number_text.h"
 #include "core/rounding.h"
+#include "drafting/drafting_commands.h"
 #include "drafting/grids.h"
 #include "drafting/object_snap.h"
 #include "drafting/pending_actions.h"
@@ -26,7 +27,7 @@ void report(Desk& desk) {
   const PointerRecord& pointer = desk.pointer;
   const Point start{pointer.MouseDownX, pointer.MouseDownY};
   const Point end{pointer.MouseMoveX, pointer.MouseMoveY};
-  desk.statusBar.setText(pendingPrompt(desk.store, desk.state.pendingaction()) +
+  desk.statusBar.setText(pendingPrompt(desk, desk.state.pendingaction()) +
                          "  Start (X=" + reported(start.x) + ", Y=" + reported(start.y) +
                          "),  End (X=" + reported(end.x) + ", Y=" + reported(end.y) +
                          "),  Distance = " + reported(distance(start, end)));
@@ -54,5 +55,25 @@ void releaseMeasure(Desk& desk) {
   eraseDragBand(desk);
   report(desk);
 }
+
+// ---- Descriptors
+
+namespace {
+
+constexpr Action<Desk> kMeasureActions[] = {
+    {{.action = PendingAction::Measure, .prompt = "Click on start-point and drag to end-point.  "}},
+};
+
+}  // namespace
+
+constexpr DeskCommand kMeasureCommand{
+    .info = {.tool = "miMeasureDist",
+             .caption = "&Measure Distance",
+             .menu = {"miDraw", 230},
+             .bar = {"barDraw", 290}},
+    .run = miMeasureDist_Click,
+    .actions = kMeasureActions,
+    .repeat = {{PendingAction::Measure}},
+};
 
 }  // namespace tess

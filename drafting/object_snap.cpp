@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "drafting/drafting_commands.h"
 #include "geometry/angles.h"
 #include "geometry/nearest.h"
 #include "geometry/nearest_scans.h"
@@ -120,18 +121,10 @@ std::optional<CFeaturePoint> nearestWithin(const Features& features, float radiu
   return best;
 }
 
-struct SnapMenuEntry {
-  FeatureKind kind;
-  const char* tool;
-};
-
-constexpr SnapMenuEntry kSnapMenu[] = {
-    {FeatureKind::EndPoint, "miOSnapEndpoints"},
-    {FeatureKind::Center, "miOSnapCenter"},
-    {FeatureKind::Midpoint, "miOSnapMidpoint"},
-    {FeatureKind::Quadrant, "miOSnapQuadrant"},
-    {FeatureKind::Perpendicular, "miOSnapPerpendicular"},
-};
+// The entries of the snap menu that turn a kind over; their tags are the kinds.
+constexpr const DeskCommand* kSnapMenu[] = {&kSnapEndpointsCommand, &kSnapCenterCommand,
+                                            &kSnapMidpointCommand, &kSnapQuadrantCommand,
+                                            &kSnapPerpendicularCommand};
 
 // The caption with its first character, a mark or a blank, replaced.
 std::string marked(const std::string& caption, bool mark) {
@@ -193,12 +186,79 @@ void tbbtnmnuOSnapQuadrants_ButtonMenuClick(Desk& desk) {
 
 void OSnap_ButtonClick_ButtonDropDown(Desk& desk) {
   const bool down = desk.tools.isChecked("OSnap");
-  for (const SnapMenuEntry& entry : kSnapMenu) {
-    const Tool* const tool = desk.tools.tool(entry.tool);
+  for (const DeskCommand* const entry : kSnapMenu) {
+    const Tool* const tool = desk.tools.tool(entry->info.tool);
     if (tool == nullptr) continue;
-    const bool held = desk.state.OSnapFeatures[static_cast<std::size_t>(entry.kind)];
-    desk.tools.setCaption(entry.tool, marked(tool->caption, down && held));
+    const bool held = desk.state.OSnapFeatures[static_cast<std::size_t>(entry->info.tag)];
+    desk.tools.setCaption(entry->info.tool, marked(tool->caption, down && held));
   }
 }
+
+// ---- Descriptors
+
+namespace {
+
+template <FeatureKind kind>
+void toggleSnap(Desk& desk) {
+  OSnapMenuClick(desk, kind);
+}
+
+template <FeatureKind kind>
+void snapOnce(Desk& desk) {
+  desk.state.UpdateOSnapFeature(/*once=*/true, static_cast<int>(kind));
+}
+
+// An entry that turns a kind over, and one that offers it for a single use under the same icon.
+template <FeatureKind kind>
+constexpr DeskCommand toggling(const char* tool, const char* caption, int place) {
+  return {.info = {.tool = tool,
+                   .caption = caption,
+                   .menu = {"OSnapMenu", place},
+                   .tag = static_cast<int>(kind)},
+          .run = toggleSnap<kind>};
+}
+
+template <FeatureKind kind>
+constexpr DeskCommand single(const char* tool, const char* caption, int place,
+                             const DeskCommand& twin) {
+  return {.info = {.tool = tool,
+                   .caption = caption,
+                   .menu = {"OSnapMenu", place},
+                   .icon = twin.info.tool,
+                   .tag = static_cast<int>(kind)},
+          .run = snapOnce<kind>};
+}
+
+}  // namespace
+
+constexpr DeskCommand kObjectSnapCommand{
+    .info = {.tool = "OSnap",
+             .caption = "Object Snap",
+             .bar = {"Options", 110},
+             .popUp = "OSnapMenu"},
+    .run = OSnap_ButtonClick,
+};
+
+constexpr DeskCommand kSnapEndpointsCommand =
+    toggling<FeatureKind::EndPoint>("miOSnapEndpoints", "  Endpoints", 110);
+constexpr DeskCommand kSnapCenterCommand =
+    toggling<FeatureKind::Center>("miOSnapCenter", "  Center", 120);
+constexpr DeskCommand kSnapMidpointCommand =
+    toggling<FeatureKind::Midpoint>("miOSnapMidpoint", "  Midpoint", 130);
+constexpr DeskCommand kSnapQuadrantCommand =
+    toggling<FeatureKind::Quadrant>("miOSnapQuadrant", "  Quadrant", 140);
+constexpr DeskCommand kSnapPerpendicularCommand =
+    toggling<FeatureKind::Perpendicular>("miOSnapPerpendicular", "  Perpendicular", 150);
+
+constexpr DeskCommand kSnapEndpointsOnceCommand = single<FeatureKind::EndPoint>(
+    "miOSnapEndpointsSingle", "Endpoint once", 210, kSnapEndpointsCommand);
+constexpr DeskCommand kSnapCenterOnceCommand =
+    single<FeatureKind::Center>("miOSnapCenterSingle", "Center once", 220, kSnapCenterCommand);
+constexpr DeskCommand kSnapMidpointOnceCommand = single<FeatureKind::Midpoint>(
+    "miOSnapMidpointSingle", "Midpoint once", 230, kSnapMidpointCommand);
+constexpr DeskCommand kSnapQuadrantOnceCommand = single<FeatureKind::Quadrant>(
+    "miOSnapQuadrantSingle", "Quadrant once", 240, kSnapQuadrantCommand);
+constexpr DeskCommand kSnapPerpendicularOnceCommand = single<FeatureKind::Perpendicular>(
+    "miOSnapPerpendicularSingle", "Perpendicular once", 250, kSnapPerpendicularCommand);
 
 }  // namespace tess

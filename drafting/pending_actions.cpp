@@ -1,8 +1,8 @@
-// The numbered pending actions: their table, and how a release completes one.
+// The numbered pending actions: their prompts, and how a release completes one.
 #include "drafting/pending_actions.h"
 
-#include <algorithm>
 #include <cmath>
+#include <span>
 
 #include "core/number_text.h"
 #include "core/runtime_failure.h"
@@ -10,64 +10,23 @@
 #include "drafting/pointer_events.h"
 #include "drafting/rubber_band.h"
 #include "drafting/selection.h"
+#include "drafting/start_position.h"
 
 namespace tess {
 namespace {
 
 using enum PendingAction;
 
-constexpr bool kStays = true;
-constexpr bool kOneShot = false;
-constexpr int kHighestAction = 47;
-
-constexpr char kMoveSelected[] =
+constexpr char kMoveSelectedPrompt[] =
     "Click at new position to move.  Only selected drawing segments will be moved.";
-constexpr char kMoveAll[] =
-    "Click at new position to move.  All drawing and path segments will be moved.";
 
-// clang-format off
-constexpr ActionRow kActions[] = {
-    {Delete,             "Click near item to delete.", kStays},
-    {FlipArc,            "Click near arc to flip.", kOneShot},
-    {ChangeRadius,       "Click near arc to change radius.", kOneShot},
-    {EntityInfo,         "Click near item to display data.", kOneShot},
-    {Move,               kMoveAll, kOneShot},
-    {Copy,               "Click on segment to copy.", kOneShot},
-    {Break,              "Click on segment to break", kOneShot},
-    {MoveEndPoint,       "Click near end point to move, then drag the endpoint.", kOneShot},
-    {NewPosition,        "Click at new position.", kOneShot},
-    {NewStartPosition,   "Click at new start position.", kOneShot},
-    {ReverseArc,         "Click near arc to reverse.", kOneShot},
-    {TrimPick,           "Click on end point to trim.", kOneShot},
-    {TrimBy,             "Click on trimming entity.", kOneShot},
-    {JoinFirst,          "Click on 1st end-point to join.", kOneShot},
-    {JoinSecond,         "Click on 2nd end-point to join.", kOneShot},
-    {FinishStart,        "Click near start point.", kOneShot},
-    {FinishDirection,    "Click to indicate direction.", kOneShot},
-    {FinishReference,    "Click to indicate finish reference.", kOneShot},
-    {Select,             "Click on entity or drag to select.  Hold <Shift> for exclusive mode.", kStays},
-    {Unselect,           "Click on entity or drag to unselect.", kStays},
-    {PocketEntity,       "Click to select entity for pocket.", kOneShot},
-    {IslandEntity,       "Click to select entity for island.", kOneShot},
-    {ZoomWindow,         "Select zoom window with mouse.", kOneShot},
-    {Pan,                "Click spot to Pan to with mouse.", kStays},
-    {PlaceText,          "Click spot to place text.", kOneShot},
-    {SelectContiguous,   "Click on entity to select contiguous entities", kStays},
-    {UnselectContiguous, "Click on entity to unselect contiguous entities.", kStays},
-    {PlaceCycle,         "Click spot to place machine cycle.", kOneShot},
-    {DeleteVertex,       "Click near vertex to remove.", kOneShot},
-    {SetOrigin,          "Click on new origin.", kOneShot},
-    {Measure,            "Click on start-point and drag to end-point.  ", kOneShot},
-    {StartRoughing,      "Click near starting Path Segment.  ", kOneShot},
-    {GougeGroup,         "Click near the desired Path Group.  ", kOneShot},
-    {ReversePath,        "Click near Path Segment to reverse.  ", kOneShot},
-    {JoinArcFirst,       "Click on 1st end-point to join.", kOneShot},
-    {JoinArcSecond,      "Click on 2nd end-point to join.", kOneShot},
-    {JoinArcThird,       "Click on 3rd point of the joining arc.", kOneShot},
-    {FilletFirst,        "Click near first line to fillet.", kOneShot},
-    {FilletSecond,       "Click near second line to fillet.", kOneShot},
+// No command arms these, yet they have their numbers and prompts.
+constexpr Action<Desk> kUnarmed[] = {
+    {{.action = NewPosition, .prompt = "Click at new position."}},
+    {{.action = NewStartPosition, .prompt = "Click at new start position."}, clickStartPosition},
+    {{.action = PocketEntity, .prompt = "Click to select entity for pocket."}},
+    {{.action = IslandEntity, .prompt = "Click to select entity for island."}},
 };
-// clang-format on
 
 void redraw(Desk& desk) {
   desk.redraw.redrawscreen();
@@ -81,8 +40,8 @@ bool isOnMarker(const Desk& desk) {
 // of one-shot actions and the redraw.
 void settleAction(Desk& desk) {
   const int after = desk.state.pendingaction();
-  const ActionRow* const row = findAction(after);
-  const bool stays = after < 0 || (row != nullptr && row->staysArmed);
+  const ActionText* const action = findAction(desk, after);
+  const bool stays = after < 0 || (action != nullptr && action->stays);
   if (!stays) desk.state.setPendingaction(0);
   redraw(desk);
   const int settled = desk.state.pendingaction();
@@ -120,24 +79,15 @@ void completeRight(Desk& desk) {
 
 }  // namespace
 
-std::span<const ActionRow> pendingActions() {
-  return kActions;
+void addUnarmedActions(Desk& desk) {
+  desk.addActions(desk, std::span<const Action<Desk>>(kUnarmed));
 }
 
-const ActionRow* findAction(int number) {
-  const auto* const found = std::find_if(
-      std::begin(kActions), std::end(kActions),
-      [number](const ActionRow& row) { return static_cast<int>(row.action) == number; });
-  return found == std::end(kActions) ? nullptr : found;
-}
-
-std::string pendingPrompt(const DrawingStore& store, int number) {
+std::string pendingPrompt(const Desk& desk, int number) {
   if (number == 0) return {};
-  if (number == static_cast<int>(Move)) {
-    return selectedCount(store) > 0 ? kMoveSelected : kMoveAll;
-  }
-  const ActionRow* const row = findAction(number);
-  return row != nullptr ? row->prompt : "Pending Function #" + std::to_string(number);
+  if (number == static_cast<int>(Move) && selectedCount(desk.store) > 0) return kMoveSelectedPrompt;
+  const ActionText* const action = findAction(desk, number);
+  return action != nullptr ? action->prompt : "Pending Function #" + std::to_string(number);
 }
 
 void refreshStatus(Desk& desk) {
@@ -146,7 +96,7 @@ void refreshStatus(Desk& desk) {
   const std::string zoom = zoomText(desk.view.zoomfactor);
   desk.listener.showStatistics(desk.store.NumSegments, desk.store.NumPathSegments, zoom);
   desk.statusBar.setPanel(StatusPanel::Zoom, zoom);
-  desk.statusBar.setText(pendingPrompt(desk.store, desk.state.pendingaction()));
+  desk.statusBar.setText(pendingPrompt(desk, desk.state.pendingaction()));
   refreshCoordinates(desk);
 }
 
@@ -162,7 +112,7 @@ void refreshCoordinates(Desk& desk) {
 void do_pending(Desk& desk) {
   const Procedure here("frmMain.do_pending");
   const int action = desk.state.pendingaction();
-  if (action < 0 || action > kHighestAction) return;
+  if (action < 0 || action >= kActionNumbers) return;
   const auto& click = desk.clickActions[static_cast<std::size_t>(action)];
   if (click) click(desk);
 }
@@ -177,13 +127,11 @@ void completeRelease(Desk& desk, int button) {
 }
 
 void Handle_esc(Desk& desk) {
-  const int action = desk.state.pendingaction();
-  if (action == 0) return;
+  const int number = desk.state.pendingaction();
+  if (number == 0) return;
   eraseDragBand(desk);
-  const bool bandOnScreen =
-      action == static_cast<int>(Select) || action == static_cast<int>(Unselect) ||
-      action == static_cast<int>(ZoomWindow) || action == static_cast<int>(PlaceText);
-  if (bandOnScreen) {
+  const ActionText* const action = findAction(desk, number);
+  if (action != nullptr && action->escRedraws) {
     redraw(desk);
     desk.pointer.LeftDown = false;
   }

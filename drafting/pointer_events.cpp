@@ -2,7 +2,6 @@
 #include "drafting/pointer_events.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 
 #include "core/rounding.h"
@@ -27,11 +26,6 @@ constexpr double kWheelPause = 50;
 constexpr int kGridSnapInterval = 375;
 constexpr int kPositionDecimals = 6;
 constexpr double kWindowPixels = 10;  // a drag at least this wide or high is a window
-
-// Actions that take the click itself, never a feature near it.
-constexpr std::array kNeverSnapping = {TrimPick,        TrimBy,          FinishStart,
-                                       FinishDirection, FinishReference, Select,
-                                       Unselect,        ZoomWindow,      Pan};
 
 bool isArmed(const Desk& desk, PendingAction action) {
   return desk.state.pendingaction() == static_cast<int>(action);
@@ -87,9 +81,9 @@ bool invertsSnap(const Desk& desk, const PointerEvent& event) {
 }
 
 void offerFeature(Desk& desk, const PointerEvent& event, bool invertSnap) {
-  const bool never = std::any_of(kNeverSnapping.begin(), kNeverSnapping.end(),
-                                 [&desk](PendingAction action) { return isArmed(desk, action); });
-  const bool offers = !never && !(desk.state.OSnapOn && invertSnap);
+  const ActionText* const action = findAction(desk, desk.state.pendingaction());
+  const bool snaps = action == nullptr || action->snaps;
+  const bool offers = snaps && !(desk.state.OSnapOn && invertSnap);
   desk.state.setFeaturePoint(offers ? featureAtPointer(desk, at(event), invertSnap)
                                     : std::optional<CFeaturePoint>{});
 }

@@ -1,5 +1,5 @@
 // The repeat key: F3 and F12 issue the last repeatable command again.
-// Owns: repeatLastCommand, addRepeatCommands.
+// Owns: repeatLastCommand.
 #pragma once
 
 #include "drafting/desk.h"
@@ -8,8 +8,5 @@ namespace tess {
 
 // Issues the command of LastCommand; nothing for a number that stands for none.
 void repeatLastCommand(Desk& desk);
-
-// Fills in the commands of this room.
-void addRepeatCommands(RepeatCommands& commands);
 
 }  // namespace tess

@@ -14,10 +14,6 @@ Rgb drawColor(const Desk& desk) {
   return slotColor(desk.store, ColorSlot::Draw);
 }
 
-WorldBox fromMarker(const Desk& desk) {
-  return {desk.store.markerx, desk.store.markery, desk.pointer.MouseMoveX, desk.pointer.MouseMoveY};
-}
-
 WorldBox fromPress(const Desk& desk) {
   return {desk.pointer.MouseDownX, desk.pointer.MouseDownY, desk.pointer.MouseMoveX,
           desk.pointer.MouseMoveY};
@@ -34,51 +30,16 @@ void moveBandEnd(Desk& desk, Point to) {
 
 // ---- Drawing modes
 
-void bandLine(Desk& desk) {
-  desk.ScreenProxy.TraceLine(fromMarker(desk), drawColor(desk));
-}
-
-void bandBox(Desk& desk) {
-  desk.ScreenProxy.TraceLine(fromMarker(desk), drawColor(desk), kOutlineBox);
-}
-
-void bandCircle(Desk& desk) {
-  const WorldBox ends = fromMarker(desk);
-  const float radius = distance({ends.x0, ends.y0}, {ends.x1, ends.y1});
-  desk.ScreenProxy.TraceCircle(ends.x0, ends.y0, radius, drawColor(desk));
-}
-
-template <bool (*preview)(Desk&, float, float)>
-void bandPreview(Desk& desk) {
-  preview(desk, desk.pointer.MouseMoveX, desk.pointer.MouseMoveY);
-}
-
-struct BandRow {
-  DrawingMode mode;
-  void (*draw)(Desk&);
-};
-
-constexpr BandRow kBands[] = {
-    {DrawingMode::Line, bandLine},
-    {DrawingMode::Arc3P, bandPreview<draw_arc3p>},
-    {DrawingMode::ArcC2P, bandPreview<draw_arcc2p>},
-    {DrawingMode::Circle3P, bandPreview<draw_circle3p>},
-    {DrawingMode::Rectangle, bandBox},
-    {DrawingMode::CircleC1P, bandCircle},
-};
-
 bool hasBand(const Desk& desk) {
   const int mode = desk.state.DrawMode();
-  if (takesThreePoints(mode)) return desk.command.clickstage == kFirstPointTaken;
+  if (takesThreePoints(desk, mode)) return desk.command.clickstage == kFirstPointTaken;
   return isDrawing(mode);
 }
 
 void invertRubberBand(Desk& desk, int mode) {
   desk.ScreenProxy.setDrawMode(PenMode::NotXor);
   desk.ScreenProxy.setDrawStyle(PenStyle::Solid);
-  for (const BandRow& band : kBands) {
-    if (mode == static_cast<int>(band.mode)) band.draw(desk);
-  }
+  if (const DrawingMode* const drawn = modeOf(desk, mode)) drawn->hover(desk);
   desk.ScreenProxy.setDrawMode(PenMode::Copy);
 }
 

@@ -9,6 +9,7 @@
 
 #include "core/number_text.h"
 #include "display/renderer.h"
+#include "drafting/drafting_commands.h"
 #include "drafting/pending_actions.h"
 #include "geometry/end_point_index.h"
 #include "geometry/intersections.h"
@@ -92,7 +93,7 @@ std::string branchText(Point at) {
   return "\n(" + plainText(at.x) + "," + plainText(at.y) + ")";
 }
 
-void clickSelect(Desk& desk, bool select) {
+void pickNearest(Desk& desk, bool select) {
   if (desk.command.EditPaths) {
     const int ps = nearestPathSeg(desk.store, mouse(desk), kAllGroups);
     if (ps > 0) markPathSegment(desk, ps, select);
@@ -114,7 +115,7 @@ void selectChain(Desk& desk, bool select, std::string& message) {
   SelectContiguous(desk, select, sg, tagged, message);
 }
 
-void clickContiguous(Desk& desk, bool select) {
+void pickContiguous(Desk& desk, bool select) {
   desk.systemPointer.setMousePointer(kHourglassShape);
   std::string message;
   selectChain(desk, select, message);
@@ -319,16 +320,107 @@ void collectSelected(Desk& desk) {
   }
 }
 
-void addSelectionClicks(ClickActions& clicks) {
-  const auto on = [&clicks](PendingAction action) -> auto& {
-    return clicks[static_cast<std::size_t>(action)];
-  };
-  on(PendingAction::Select) = [](Desk& desk) { clickSelect(desk, /*select=*/true); };
-  on(PendingAction::Unselect) = [](Desk& desk) { clickSelect(desk, /*select=*/false); };
-  on(PendingAction::SelectContiguous) = [](Desk& desk) { clickContiguous(desk, /*select=*/true); };
-  on(PendingAction::UnselectContiguous) = [](Desk& desk) {
-    clickContiguous(desk, /*select=*/false);
-  };
+// ---- Descriptors
+
+namespace {
+
+void clickSelect(Desk& desk) {
+  pickNearest(desk, /*select=*/true);
 }
+void clickUnselect(Desk& desk) {
+  pickNearest(desk, /*select=*/false);
+}
+void clickSelectContiguous(Desk& desk) {
+  pickContiguous(desk, /*select=*/true);
+}
+void clickUnselectContiguous(Desk& desk) {
+  pickContiguous(desk, /*select=*/false);
+}
+
+constexpr Action<Desk> kSelectActions[] = {
+    {{.action = PendingAction::Select,
+      .prompt = "Click on entity or drag to select.  Hold <Shift> for exclusive mode.",
+      .stays = true,
+      .snaps = false,
+      .escRedraws = true},
+     clickSelect},
+};
+
+constexpr Action<Desk> kUnselectActions[] = {
+    {{.action = PendingAction::Unselect,
+      .prompt = "Click on entity or drag to unselect.",
+      .stays = true,
+      .snaps = false,
+      .escRedraws = true},
+     clickUnselect},
+};
+
+constexpr Action<Desk> kSelectContiguousActions[] = {
+    {{.action = PendingAction::SelectContiguous,
+      .prompt = "Click on entity to select contiguous entities",
+      .stays = true},
+     clickSelectContiguous},
+};
+
+constexpr Action<Desk> kUnselectContiguousActions[] = {
+    {{.action = PendingAction::UnselectContiguous,
+      .prompt = "Click on entity to unselect contiguous entities.",
+      .stays = true},
+     clickUnselectContiguous},
+};
+
+}  // namespace
+
+constexpr DeskCommand kSelectCommand{
+    .info = {.tool = "miSelect",
+             .caption = "&Select",
+             .menu = {"miDraw", 310},
+             .bar = {"barDraw", 110}},
+    .run = mnuDrawSelect_Click,
+    .actions = kSelectActions,
+};
+
+constexpr DeskCommand kUnselectCommand{
+    .info = {.tool = "miUnselect",
+             .caption = "&Unselect",
+             .menu = {"miDraw", 320},
+             .bar = {"barDraw", 120}},
+    .run = mnuDrawUnselect_Click,
+    .actions = kUnselectActions,
+};
+
+constexpr DeskCommand kSelectContiguousCommand{
+    .info = {.tool = "miSelectContiguous",
+             .caption = "Select Co&ntiguous",
+             .menu = {"miDraw", 330},
+             .bar = {"barDraw", 130}},
+    .run = mnuDrawSelectContiguous,
+    .actions = kSelectContiguousActions,
+    .repeat = {{PendingAction::SelectContiguous}},
+};
+
+constexpr DeskCommand kUnselectContiguousCommand{
+    .info = {.tool = "miUnselectContiguous",
+             .caption = "Unselect Conti&guous",
+             .menu = {"miDraw", 340}},
+    .run = mnuDrawUnselectContiguous,
+    .actions = kUnselectContiguousActions,
+};
+
+constexpr DeskCommand kSelectAllCommand{
+    .info = {.tool = "miSelectAll",
+             .caption = "S&elect All",
+             .menu = {"miDraw", 350},
+             .bar = {"barDraw", 140}},
+    .run = mnuDrawSelectAll_Click,
+};
+
+constexpr DeskCommand kUnselectAllCommand{
+    .info = {.tool = "miUnselectAll",
+             .caption = "Unselect All",
+             .menu = {"miDraw", 360},
+             .bar = {"barDraw", 150}},
+    .run = mnuDrawUnselectAll_Click,
+};
 
 }  // namespace tess

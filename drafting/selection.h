@@ -2,7 +2,7 @@
 // pscode; it is part of the rows, not of the undo steps.
 // Owns: selectedCount, markSegment, markPathSegment, SelectionWindow, SelectWindow,
 //       SelectContiguous, SelectConnected, selectContiguousPaths, UnselectAll, collectSelected, the
-//       selection commands and their clicks.
+//       selection commands.
 #pragma once
 
 #include <string>
@@ -59,8 +59,5 @@ void UnselectAll(Desk& desk);
 // Makes the collection anew from the marks, in the order of the table: rows have come, gone and
 // moved.
 void collectSelected(Desk& desk);
-
-// Fills in the clicks of the four selecting actions.
-void addSelectionClicks(ClickActions& clicks);
 
 }  // namespace tess

@@ -1,12 +1,12 @@
 // New Start Position: the click becomes the machine's start position.
-// Owns: addStartPositionClick.
+// Owns: clickStartPosition.
 #pragma once
 
 #include "drafting/desk.h"
 
 namespace tess {
 
-// Fills in the click of the action, which sets the X and Y of the start position.
-void addStartPositionClick(ClickActions& clicks);
+// The click of the action: sets the X and Y of the start position.
+void clickStartPosition(Desk& desk);
 
 }  // namespace tess

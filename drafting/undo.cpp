@@ -2,6 +2,7 @@
 #include "drafting/undo.h"
 
 #include "drafting/change_walk.h"
+#include "drafting/drafting_commands.h"
 #include "drafting/selection.h"
 
 namespace tess {
@@ -48,5 +49,23 @@ void resetUndoState(Desk& desk) {
   desk.changelog.clear();
   updateUndoTools(desk);
 }
+
+// ---- Descriptors
+
+constexpr DeskCommand kUndoCommand{
+    .info = {.tool = "miUndo",
+             .caption = "&Undo",
+             .menu = {"miEdit", 110},
+             .bar = {"barEdit", 110}},
+    .run = Undo_Last_Change,
+};
+
+constexpr DeskCommand kRedoCommand{
+    .info = {.tool = "miRedo",
+             .caption = "&Redo",
+             .menu = {"miEdit", 120},
+             .bar = {"barEdit", 120}},
+    .run = RedoLastChange,
+};
 
 }  // namespace tess

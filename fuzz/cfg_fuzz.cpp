@@ -4,12 +4,12 @@
 #include <string>
 
 #include "core/setup_file.h"
-#include "tests/support/recording_host.h"
+#include "tests/support/recording_session.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   tess::DrawingStore store;
   tess::testing::RecordingHost recording;
-  tess::SessionListener listener;
+  tess::testing::RecordingListener listener;
   tess::Session session(store, recording.host, listener);
   tess::FieldReader fields("fuzz.cfg", std::string(reinterpret_cast<const char*>(data), size));
   tess::readBranding(session, fields);

@@ -6,7 +6,7 @@
 
 #include "core/runtime_failure.h"
 #include "core/setup_file.h"
-#include "tests/support/recording_host.h"
+#include "tests/support/recording_session.h"
 
 namespace {
 
@@ -24,7 +24,7 @@ void read(tess::Session& session, std::string content) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   tess::DrawingStore store;
   tess::testing::RecordingHost recording;
-  tess::SessionListener listener;
+  tess::testing::RecordingListener listener;
   tess::Session session(store, recording.host, listener);
   try {
     read(session, std::string(reinterpret_cast<const char*>(data), size));

@@ -7,10 +7,11 @@
 #include <string_view>
 
 #include "cnc/cnc_program.h"
+#include "cnc/program_text.h"
 #include "core/field_reader.h"
 #include "core/runtime_failure.h"
 #include "core/units.h"
-#include "tests/support/recording_host.h"
+#include "tests/support/recording_session.h"
 
 namespace {
 
@@ -40,7 +41,7 @@ struct Shop {
 
   tess::testing::RecordingHost host;
   tess::DrawingStore store;
-  tess::SessionListener listener;
+  tess::testing::RecordingListener listener;
   tess::Session session{store, host.host, listener};
   tess::PostDefinition definition;
   tess::CncState state;

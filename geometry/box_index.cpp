@@ -122,6 +122,15 @@ Box boxOf(Point a, Point b) {
   return {std::min(a.x, b.x), std::min(a.y, b.y), std::max(a.x, b.x), std::max(a.y, b.y)};
 }
 
+Box boxAround(PlanePoint low, PlanePoint high) {
+  const auto storable = [](double value) {
+    constexpr double kEnd = std::numeric_limits<float>::max();
+    return std::clamp(value, -kEnd, kEnd);
+  };
+  return {roundedDown(storable(low.x)), roundedDown(storable(low.y)), roundedUp(storable(high.x)),
+          roundedUp(storable(high.y))};
+}
+
 Box extended(const Box& box, Point p) {
   return {std::min(box.minX, p.x), std::min(box.minY, p.y), std::max(box.maxX, p.x),
           std::max(box.maxY, p.y)};

@@ -3,13 +3,14 @@
 // Every answer equals that of a plain pass over all boxes in ascending row order. The grid fits the
 // bulk of the boxes; what lies outside falls into its border cells, and boxes that would cover too
 // many cells stand in a list of their own. Boxes hold no NaN.
-// Owns: Box, boxOf, extended, grown, overlaps, everywhere, BoxGrid, BoxIndex.
+// Owns: Box, boxOf, boxAround, extended, grown, overlaps, everywhere, BoxGrid, BoxIndex.
 #pragma once
 
 #include <limits>
 #include <span>
 #include <vector>
 
+#include "geometry/plane.h"
 #include "geometry/points.h"
 
 namespace tess {
@@ -29,6 +30,8 @@ inline bool overlaps(const Box& a, const Box& b) {
 }
 
 Box boxOf(Point a, Point b);
+// The corners rounded outward; what the tables cannot hold makes a side without end.
+Box boxAround(PlanePoint low, PlanePoint high);
 Box extended(const Box& box, Point p);
 // All sides moved out by `by`; never less than that after rounding. An empty box stays empty.
 Box grown(const Box& box, double by);

@@ -5,8 +5,9 @@
 #include <array>
 #include <cmath>
 #include <limits>
-#include <numbers>
 #include <optional>
+
+#include "geometry/curve_distance.h"
 
 namespace tess {
 namespace {
@@ -38,49 +39,20 @@ constexpr std::size_t kMostPieces = 4 * kMostExactRows;
 // Directions that differ by more than this, as the sine of the angle, make a corner.
 constexpr double kCornerSine = 1e-4;
 
-// A line when `bend` is 0, a counter-clockwise arc above and a clockwise one below.
-struct Stroke {
-  PlanePoint start, end, center;
-  int bend = 0;
-};
-
-double distanceTo(const Stroke& line, PlanePoint p) {
-  const PlanePoint along = line.end - line.start;
-  const double square = dot(along, along);
-  const double share = square == 0 ? 0 : std::clamp(dot(p - line.start, along) / square, 0.0, 1.0);
-  return lengthOf(p - line.start - share * along);
-}
-
-// Of an arc of less than half a turn.
-double distanceToArc(const Stroke& arc, PlanePoint p) {
-  const PlanePoint from = p - arc.center;
-  const bool beside = arc.bend * cross(arc.start - arc.center, from) >= 0 &&
-                      arc.bend * cross(from, arc.end - arc.center) >= 0;
-  if (beside) return std::abs(lengthOf(from) - lengthOf(arc.start - arc.center));
-  return std::min(lengthOf(p - arc.start), lengthOf(p - arc.end));
-}
-
-double distanceOf(const Stroke& stroke, PlanePoint p) {
-  return stroke.bend == 0 ? distanceTo(stroke, p) : distanceToArc(stroke, p);
-}
-
 // The line or arc from `start` in a direction to `end`. An arc's rise is a quarter of the cross
 // product of direction and chord for all but long arcs.
-Stroke strokeFrom(PlanePoint start, PlanePoint direction, PlanePoint end, double tolerance) {
+Curve curveFrom(PlanePoint start, PlanePoint direction, PlanePoint end, double tolerance) {
   const PlanePoint chord = end - start;
   const double aside = cross(direction, chord);
   const double length = lengthOf(chord);
   const double rise = std::abs(aside) / 4;
-  if (rise <= std::max(kFlatShare * tolerance, kFlatSlope * length)) return {start, end, {}, 0};
+  if (rise <= std::max(kFlatShare * tolerance, kFlatSlope * length)) return lineCurve(start, end);
   const double radius = length * length / (2 * aside);  // negative to the right
-  return {start, end, start + radius * leftOf(direction), aside > 0 ? 1 : -1};
+  const PlanePoint center = start + radius * leftOf(direction);
+  return {start, end, center, lengthOf(start - center), aside > 0 ? 1 : -1};
 }
 
-Stroke reversed(const Stroke& stroke) {
-  return {stroke.end, stroke.start, stroke.center, -stroke.bend};
-}
-
-using Biarc = std::array<Stroke, 2>;
+using Biarc = std::array<Curve, 2>;
 
 bool leansLittle(PlanePoint direction, PlanePoint chord) {
   const double lean = std::atan2(std::abs(cross(chord, direction)), dot(chord, direction));
@@ -99,16 +71,16 @@ std::optional<Biarc> biarcBetween(const CurvePoint& from, const CurvePoint& to, 
   const double leg = square / (along + std::sqrt(along * along + 2 * apart * square));
   if (!(leg > 0) || !std::isfinite(leg)) return {};
   const PlanePoint joint = 0.5 * ((from.at + leg * from.direction) + (to.at - leg * to.direction));
-  return Biarc{strokeFrom(from.at, from.direction, joint, tolerance),
-               reversed(strokeFrom(to.at, -1 * to.direction, joint, tolerance))};
+  return Biarc{curveFrom(from.at, from.direction, joint, tolerance),
+               reversed(curveFrom(to.at, -1 * to.direction, joint, tolerance))};
 }
 
-DxfRow rowOf(const Stroke& stroke) {
-  DxfRow row{.x0 = stroke.start.x, .y0 = stroke.start.y, .x1 = stroke.end.x, .y1 = stroke.end.y};
-  if (stroke.bend == 0) return row;
-  row.type = stroke.bend > 0 ? kCounterClockwiseArc : kClockwiseArc;
-  row.xc = stroke.center.x;
-  row.yc = stroke.center.y;
+DxfRow rowOf(const Curve& curve) {
+  DxfRow row{.x0 = curve.start.x, .y0 = curve.start.y, .x1 = curve.end.x, .y1 = curve.end.y};
+  if (!curve.isArc()) return row;
+  row.type = curve.turn > 0 ? kCounterClockwiseArc : kClockwiseArc;
+  row.xc = curve.center.x;
+  row.yc = curve.center.y;
   return row;
 }
 
@@ -190,13 +162,13 @@ class Fit {
     }
     const auto biarc = biarcBetween(piece.start, piece.end, tolerance_);
     if (biarc && holds(*biarc, piece)) {
-      for (const Stroke& stroke : *biarc) append(stroke);
+      for (const Curve& arc : *biarc) append(arc);
       return;
     }
     const double middle = middleOf(piece.from, piece.to);
     const bool isLast =
         halvings == 0 || ++pieces_ > kMostPieces || !(middle > piece.from && middle < piece.to);
-    if (isLast || isShort(piece)) return append({piece.start.at, piece.end.at, {}, 0});
+    if (isLast || isShort(piece)) return append(lineCurve(piece.start.at, piece.end.at));
     const CurvePoint between = at(middle);
     fit({piece.from, middle, piece.start, between}, halvings - 1);
     fit({middle, piece.to, between, piece.end}, halvings - 1);
@@ -218,7 +190,7 @@ class Fit {
     PlanePoint direction = piece.start.direction;
     for (int k = 1; k < samples; ++k) {
       const CurvePoint sample = sampleOf(piece, k, samples);
-      const double off = std::min(distanceOf(biarc[0], sample.at), distanceOf(biarc[1], sample.at));
+      const double off = std::min(distanceTo(biarc[0], sample.at), distanceTo(biarc[1], sample.at));
       if (!(off <= kUsableTolerance * tolerance_)) return false;
       turned += std::abs(
           std::atan2(cross(direction, sample.direction), dot(direction, sample.direction)));
@@ -243,15 +215,15 @@ class Fit {
     return length <= most;
   }
 
-  // Holds one stroke back, as the next one may go on in its line or circle.
-  void append(const Stroke& stroke) {
-    if (stroke.start == stroke.end) return;
-    if (last_ && areOne(*last_, stroke)) {
-      last_->end = stroke.end;
+  // Holds one curve back, as the next one may go on in its line or circle.
+  void append(const Curve& curve) {
+    if (curve.start == curve.end) return;
+    if (last_ && areOne(*last_, curve)) {
+      last_->end = curve.end;
       return;
     }
     flush();
-    last_ = stroke;
+    last_ = curve;
   }
 
   void flush() {
@@ -259,27 +231,20 @@ class Fit {
     last_.reset();
   }
 
-  static double sweepOf(const Stroke& arc) {
-    const PlanePoint from = arc.start - arc.center;
-    const PlanePoint to = arc.end - arc.center;
-    const double angle = arc.bend * std::atan2(cross(from, to), dot(from, to));
-    return angle < 0 ? angle + 2 * std::numbers::pi : angle;
-  }
-
-  bool isOneArc(const Stroke& a, const Stroke& b) const {
+  bool isOneArc(const Curve& a, const Curve& b) const {
     return lengthOf(a.center - b.center) <= kSameCenterShare * tolerance_ &&
            sweepOf(a) + sweepOf(b) <= kMostMergedSweep;
   }
 
-  bool isOneLine(const Stroke& a, const Stroke& b) const {
+  bool isOneLine(const Curve& a, const Curve& b) const {
     const PlanePoint along = unitOf(a.end - a.start);
     const PlanePoint on = b.end - b.start;
     return dot(along, on) > 0 && std::abs(cross(along, on)) <= kStraightShare * tolerance_;
   }
 
-  bool areOne(const Stroke& a, const Stroke& b) const {
-    if (a.bend != b.bend) return false;
-    return a.bend == 0 ? isOneLine(a, b) : isOneArc(a, b);
+  bool areOne(const Curve& a, const Curve& b) const {
+    if (a.turn != b.turn) return false;
+    return a.isArc() ? isOneArc(a, b) : isOneLine(a, b);
   }
 
   const PlaneCurve& curve_;
@@ -288,7 +253,7 @@ class Fit {
   const std::size_t rowsBefore_;
   bool whole_ = true;
   std::size_t pieces_ = 0;
-  std::optional<Stroke> last_;
+  std::optional<Curve> last_;
 };
 
 }  // namespace

@@ -9,8 +9,8 @@
 #include <cstddef>
 #include <vector>
 
+#include "geometry/plane.h"
 #include "import/dxf_rows.h"
-#include "import/plane.h"
 
 namespace tess {
 

@@ -4,8 +4,8 @@
 // Owns: Placement, scaledBy, objectPlane, insertedAt.
 #pragma once
 
+#include "geometry/plane.h"
 #include "import/dxf_document.h"
-#include "import/plane.h"
 
 namespace tess {
 

@@ -4,6 +4,7 @@
 #include "core/file_system.h"
 #include "core/lifecycle.h"
 #include "core/text.h"
+#include "import/import_commands.h"
 #include "import/remembered_options.h"
 
 namespace tess {
@@ -180,5 +181,12 @@ void importDroppedDxf(Desk& desk, const std::string& file) {
   form.OpenDXFFile_From_DragDrop(file);
   desk.session.host.prompts.showModal(form);
 }
+
+// ---- Descriptors
+
+constexpr DeskCommand kImportDxfCommand{
+    .info = {.tool = "miImportDXFfile", .caption = "&Import DXF File...", .menu = {"miFile", 140}},
+    .run = mnuFileImport_Click,
+};
 
 }  // namespace tess

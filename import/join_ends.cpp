@@ -11,6 +11,8 @@
 #include <unordered_map>
 #include <utility>
 
+#include "geometry/curve.h"
+
 namespace tess {
 namespace {
 
@@ -169,12 +171,9 @@ PlanePoint rounded(PlanePoint p) {
 // The nearest place to the centre that is as far from both ends. The short chord of a nearly whole
 // circle would swing it about: there the centre stays.
 PlanePoint fairCenter(const DxfRow& arc, double moved) {
-  const PlanePoint chord = endOf(arc) - startOf(arc);
-  const PlanePoint middle = 0.5 * (startOf(arc) + endOf(arc));
   const PlanePoint center = centerOf(arc);
-  const PlanePoint across = unitOf(leftOf(chord));
-  const PlanePoint fair = middle + dot(center - middle, across) * across;
-  return isLongArc(arc) && lengthOf(fair - center) > 4 * moved ? center : fair;
+  const PlanePoint even = evenCenter(startOf(arc), endOf(arc), center);
+  return isLongArc(arc) && lengthOf(even - center) > 4 * moved ? center : even;
 }
 
 bool passesForOne(PlanePoint a, PlanePoint b, float tolerence) {

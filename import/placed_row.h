@@ -3,8 +3,8 @@
 // Owns: PlacedRow, startOf, endOf, centerOf, isWholeCircle, isLongArc, straighten.
 #pragma once
 
+#include "geometry/plane.h"
 #include "import/dxf_rows.h"
-#include "import/plane.h"
 
 namespace tess {
 

@@ -2,6 +2,7 @@
 #include "import/remembered_options.h"
 
 #include "core/file_system.h"
+#include "core/file_writer.h"
 #include "core/runtime_failure.h"
 #include "core/settings.h"
 
@@ -31,7 +32,7 @@ bool exactGeometryRemembered(const Session& session) {
 
 void rememberExactGeometry(Session& session, bool exact) {
   try {
-    writeFile(optionsFile(session), entry(exact));
+    writeFile(session.host.guard, optionsFile(session), FileKind::Record, entry(exact));
   } catch (const RuntimeFailure& failure) {
     session.host.failures.report(failure);
   }

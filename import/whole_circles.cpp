@@ -4,7 +4,7 @@
 #include <array>
 #include <map>
 
-#include "import/plane.h"
+#include "geometry/plane.h"
 
 namespace tess {
 namespace {

@@ -34,7 +34,6 @@ Application::Application(const Platform& platform)
       interaction(session, {platform.screen.picDrawing, platform.screen.pointer, timers_,
                             platform.screen.clientArea}) {
   wireTools();
-  disableIdleTools(*this);
 }
 
 void Application::wireTools() {
@@ -122,6 +121,11 @@ void Application::Listener::clearUndoMenu() {
 void Application::Listener::resetUndoState() {
   tess::resetUndoState(application_.interaction.desk);
 }
+
+// The paste buffer and scaling do not exist yet: nothing is cleared, and rows keep their size when
+// the units change.
+void Application::Listener::Clear_Paste() {}
+void Application::Listener::scaleDrawing(float /*factor*/) {}
 
 void Application::Listener::UnselectAll() {
   application_.interaction.desk.state.Selected.clear();

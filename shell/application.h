@@ -87,6 +87,7 @@ class Application {
     void clearUndoMenu() override;
     void resetUndoState() override;
     void UnselectAll() override;
+    void Clear_Paste() override;
     void Update_menu_checks() override;
     void UpdateGridButtons() override;
     void SetUpdatePropertyFlag(bool update) override;
@@ -101,6 +102,7 @@ class Application {
     void recentFilesChanged() override;
     void brandingRead() override;
     void load_xsetup() override;
+    void scaleDrawing(float factor) override;
     void closeMainWindow() override;
     void importDxf(const std::string& path) override;
     void loadLayout() override;

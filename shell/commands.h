@@ -1,13 +1,14 @@
 // The one road of commands: a click on a tool, wherever it stands, arrives here by the tool's name,
 // and a key by its code.
-// Owns: abMain_ToolClick, commandNames, disableIdleTools, SpecialKey, KeyStroke, KeyPress, handleKey.
+// Owns: abMain_ToolClick, KeyPress, handleKey, keysWithoutTool.
 #pragma once
 
-#include <string>
 #include <string_view>
 #include <vector>
 
 #include "shell/application.h"
+#include "shell/command_table.h"
+#include "shell/keys.h"
 
 namespace tess {
 
@@ -15,25 +16,14 @@ namespace tess {
 // not exist yet; those stand disabled.
 void abMain_ToolClick(Application& application, std::string_view tool);
 
-// All names that abMain_ToolClick knows, in the order in which it compares them.
-std::vector<std::string> commandNames();
-
-// Disables the tools without a command.
-void disableIdleTools(Application& application);
-
-// Keys that carry no character.
-enum class SpecialKey { None, F1, F3, F12, Enter, Insert, Delete, Left, Right, Up, Down };
-
-struct KeyStroke {
-  char ascii = 0;  // as KeyPress sees it: letters in either case, Tab 9, Esc 27, Ctrl+A 1 to 26
-  SpecialKey special = SpecialKey::None;
-  bool shift = false, control = false;
-};
-
 // A key with a character. Ignored while a window with an input of its own has the focus.
 void KeyPress(Application& application, char KeyAscii);
 
 // A key on the drawing surface: the special ones here, the others through KeyPress.
 void handleKey(Application& application, const KeyStroke& key);
+
+// The names of the keys that act without a tool: they cancel, repeat, click, move the pointer, or
+// work several tools together.
+std::vector<const char*> keysWithoutTool();
 
 }  // namespace tess

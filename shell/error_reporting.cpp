@@ -5,14 +5,13 @@
 #include <array>
 #include <cerrno>
 #include <cstdio>
-#include <fstream>
 #include <initializer_list>
 #include <new>
 #include <stdexcept>
 #include <system_error>
 #include <unistd.h>
 
-#include "core/file_system.h"
+#include "core/file_writer.h"
 #include "core/session.h"
 #include "shell/frmShowError.h"
 
@@ -409,9 +408,11 @@ void HuntERR::show(const std::string& text) noexcept {
 
 void HuntERR::appendToLog(const std::string& text) const {
   if (text.empty() || reporting_.folder.empty()) return;
-  std::ofstream log(resolvePath(reporting_.folder + "Errors.txt"),
-                    std::ios::app | std::ios::binary);
-  log << '\n' << text << '\n';
+  NoGuard nobody;  // its name and its folder are the program's own
+  ignoringErrors([&] {
+    FilePlace(nobody, reporting_.folder + "Errors.txt", FileKind::Record)
+        .append("\n" + text + "\n");
+  });
 }
 
 std::string HuntERR::WinError(int lLastDLLError) {

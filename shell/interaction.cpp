@@ -6,6 +6,7 @@
 #include "drafting/entity_creation.h"
 #include "drafting/grids.h"
 #include "drafting/pending_actions.h"
+#include "import/import_commands.h"
 #include "shell/tool_bands.h"
 
 namespace tess {
@@ -17,9 +18,10 @@ Interaction::Interaction(Session& session, const ScreenPorts& ports)
       redraw({session.store, view, renderer, ScreenProxy, ports.pointer, session.host.surroundings,
               ports.timers, *this}),
       viewCommands({session.store, view, redraw, ScreenProxy, ports.pointer,
-                    session.host.surroundings, *this, desk.state}),
-      desk({session, view, renderer, redraw, viewCommands, ScreenProxy, ports.pointer, ports.timers,
-            tools, statusBar, *this}) {
+                    session.host.surroundings, *this, state}),
+      desk({session, view, renderer, redraw, state, viewCommands, ScreenProxy, ports.pointer,
+            ports.timers, tools, statusBar, *this}) {
+  for (const DeskCommand* const command : importCommands()) desk.addCommand(desk, *command);
   fillToolHost(tools);
   tools.setClientArea(ports.clientArea);
   // The marker is drawn before the first view is fitted, and needs a scale by then.
@@ -87,5 +89,10 @@ void Interaction::UpdatePropertyWindow() {
 void Interaction::selectEntity(int sg) {
   if (onEntityPicked) onEntityPicked(sg);
 }
+
+// Text is not placed yet: nobody waits for these.
+void Interaction::textPointerEvent(int /*button*/, int /*shift*/, float /*x*/, float /*y*/) {}
+void Interaction::textDragReset() {}
+void Interaction::textWheel(int /*steps*/, int /*shift*/) {}
 
 }  // namespace tess

@@ -62,11 +62,15 @@ class Interaction : public ViewHost, public RedrawListener, public DeskListener 
   void showStatistics(int segments, int paths, const std::string& zoom) override;
   void UpdatePropertyWindow() override;
   void selectEntity(int sg) override;
+  void textPointerEvent(int button, int shift, float x, float y) override;
+  void textDragReset() override;
+  void textWheel(int steps, int shift) override;
 
  private:
   Session& session_;
 
  public:
+  // Each works on those above it.
   ToolHost tools;
   StatusBar statusBar;
   FormHost forms;
@@ -75,6 +79,7 @@ class Interaction : public ViewHost, public RedrawListener, public DeskListener 
   View view;
   Renderer renderer;
   RedrawSequence redraw;
+  CState state{ScreenProxy};
   ViewCommands viewCommands;
   Desk desk;
   CamDesk cam{desk};

@@ -5,7 +5,9 @@
 #include <string>
 
 #include "core/file_system.h"
+#include "core/file_writer.h"
 #include "core/lifecycle.h"
+#include "shell/shell_commands.h"
 
 namespace tess {
 namespace {
@@ -53,7 +55,8 @@ void loadProgramLayout(Application& application) {
 
 void saveProgramLayout(Application& application) {
   const Procedure here("saveProgramLayout()");
-  writeFile(programLayout(application), application.interaction.tools.layoutText());
+  writeFile(application.session.host.guard, programLayout(application), FileKind::Record,
+            application.interaction.tools.layoutText());
 }
 
 void miLoadLayout_Click(Application& application) {
@@ -67,7 +70,20 @@ void SaveLayoutAs(Application& application) {
   const Procedure here("SaveLayoutAs()");
   const auto path = chooseLayout(application, /*forSaving=*/true);
   if (!path || !mayWrite(application.session, *path)) return;
-  writeFile(*path, application.interaction.tools.layoutText());
+  writeFile(application.session.host.guard, *path, FileKind::Layout,
+            application.interaction.tools.layoutText());
 }
+
+// ---- Descriptors
+
+constexpr ShellCommand kLoadLayoutCommand{
+    .info = {.tool = "miLoadLayout", .caption = "Load La&yout...", .menu = {"miOptions", 310}},
+    .run = miLoadLayout_Click,
+};
+
+constexpr ShellCommand kSaveLayoutAsCommand{
+    .info = {.tool = "miSaveLayoutAs", .caption = "Save Layout As...", .menu = {"miOptions", 320}},
+    .run = SaveLayoutAs,
+};
 
 }  // namespace tess

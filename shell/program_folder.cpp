@@ -3,12 +3,13 @@
 
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <system_error>
 
 #include "core/file_system.h"
+#include "core/file_writer.h"
 #include "core/recent_files.h"
 #include "core/runtime_failure.h"
+#include "tools/speeds_feeds.h"
 
 namespace tess {
 namespace {
@@ -40,16 +41,50 @@ std::string userDataFolder(const FolderRequest& request) {
   return withSeparator(*home) + ".local/share/tessimo/";
 }
 
-// Copies what is not there yet; what an operator has changed stays.
-void fillFolder(const std::string& folder, const std::string& shipped) {
-  std::error_code error;
-  fs::create_directories(folder, error);
-  if (!error) {
-    fs::copy(shipped, folder, fs::copy_options::recursive | fs::copy_options::skip_existing, error);
+// What an operator has changed stays.
+void copyMissing(const fs::path& file, const fs::path& copy) {
+  if (fs::exists(copy)) return;
+  NoGuard nobody;
+  writeFile(nobody, copy.string(), FileKind::Record, readFile(file.string()));
+}
+
+// The file by which a filled folder is known comes last: a filling that was cut short goes on at
+// the next start.
+void copyData(const fs::path& shipped, const fs::path& folder) {
+  fs::create_directories(folder);
+  for (const fs::directory_entry& entry : fs::recursive_directory_iterator(shipped)) {
+    const fs::path place = folder / entry.path().lexically_relative(shipped);
+    if (entry.is_directory()) {
+      fs::create_directories(place);
+    } else if (place.filename() != kSetupPointer) {
+      copyMissing(entry.path(), place);
+    }
   }
-  if (error) {
+  copyMissing(shipped / kSetupPointer, folder / kSetupPointer);
+}
+
+void fillFolder(const std::string& folder, const std::string& shipped) {
+  const auto fail = [&](const std::string& reason) {
     throw RuntimeFailure(FailureNumber::PathFileAccess, folder,
-                         "The program's folder cannot be set up (" + error.message() + ")");
+                         "The program's folder cannot be set up (" + reason + ")");
+  };
+  try {
+    copyData(shipped, folder);
+  } catch (const fs::filesystem_error& error) {
+    fail(error.code().message());
+  } catch (const RuntimeFailure& failure) {
+    fail(failure.description() + ": " + failure.source());
+  }
+}
+
+// A folder that was filled before there was a database gets it later. Without it the program runs
+// all the same, so that a folder that cannot be written is no failure.
+void addDatabase(const std::string& folder, const std::string& shipped) {
+  if (fileExists(folder + kSpeedsFeedsName)) return;
+  try {
+    copyMissing(shipped + kSpeedsFeedsName, folder + kSpeedsFeedsName);
+  } catch (const RuntimeFailure&) {
+    takeCallChain();
   }
 }
 
@@ -57,7 +92,9 @@ void fillFolder(const std::string& folder, const std::string& shipped) {
 // list of recent files starts empty, so that the first start has no missing file to report.
 void makeDrawingFolder(const std::string& folder) {
   std::error_code ignored;
-  if (fs::create_directory(folder, ignored)) std::ofstream(folder + kSeparator + kRecentFileName);
+  if (!fs::create_directory(folder, ignored)) return;
+  NoGuard nobody;
+  writeFile(nobody, folder + kSeparator + kRecentFileName, FileKind::Record, "");
 }
 
 std::string chosenFolder(const FolderRequest& request) {
@@ -65,7 +102,9 @@ std::string chosenFolder(const FolderRequest& request) {
   if (const auto named = request.environment("TESSIMO_HOME")) return existingFolder(*named);
   if (holdsProgram(request.executableFolder)) return request.executableFolder;
   const std::string folder = userDataFolder(request);
-  if (!holdsProgram(folder)) fillFolder(folder, shippedDataFolder(request.executableFolder));
+  const std::string shipped = shippedDataFolder(request.executableFolder);
+  if (!holdsProgram(folder)) fillFolder(folder, shipped);
+  addDatabase(folder, shipped);
   return folder;
 }
 

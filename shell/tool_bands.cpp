@@ -1,238 +1,78 @@
-// The menus and tool bars as tables.
+// The menus and tool bars, made from the descriptors of the commands.
 #include "shell/tool_bands.h"
 
+#include <algorithm>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "core/session.h"
+#include "shell/command_table.h"
+#include "shell/keys.h"
 
 namespace tess {
 namespace {
 
-// clang-format off
-constexpr ToolText kTools[] = {
-    // File
-    {"miNew",                  "&New", ""},
-    {"miOpen",                 "&Open...", ""},
-    {"miReverttoSaved",        "&Revert to Saved", ""},
-    {"miImportDXFfile",        "&Import DXF File...", ""},
-    {"miSave",                 "&Save", ""},
-    {"miSaveAs",               "Save &As...", ""},
-    {"miDeleteFile",           "&Delete File...", ""},
-    {"miPrintPicture",         "&Print Picture...", ""},
-    {"miPrintPreview",         "Print Pre&view", ""},
-    {"miExit",                 "E&xit", ""},
-    // Edit
-    {"miUndo",                 "&Undo", ""},
-    {"miRedo",                 "&Redo", ""},
-    {"miEditSegsOrPaths",      "Edit &Tool Paths", ""},
-    {"miDelete",               "&Delete", "Del"},
-    {"miCut",                  "Cu&t", ""},
-    {"miCopy",                 "&Copy", "C"},
-    {"miPaste",                "&Paste", "P"},
-    {"miFlipArc",              "&Flip Arc", "F"},
-    {"miRevArcDir",            "Reverse Arc Direct&ion", "D"},
-    {"miJoinEndpoints",        "&Join Endpoints", "J"},
-    {"miMoveEndpoints",        "Mo&ve Endpoints", "V"},
-    {"miBreakSegment",         "&Break Segment", "B"},
-    {"miJoinEndPtsArc",        "Join Endpoints with &Arc", ""},
-    {"miDeleteVertex",         "Delete Verte&x", ""},
-    {"miChangeRadius",         "C&hange Radius...", ""},
-    {"miMoveProfile",          "&Move Profile", "M"},
-    {"miAddFillet",            "Add Fi&llet...", ""},
-    {"miSetOrigin",            "Set &Origin", ""},
-    {"miTrimEntity",           "Trim &Entity", "T"},
-    {"miEnterPosition",        "Enter Positio&n...", "E"},
-    {"miEntityInfo",           "Entity &Info", "Tab"},
-    {"miScaleDrawing",         "&Scale Drawing...", "S"},
-    {"miMirror",               "Mirr&or...", ""},
-    {"miRotate",               "Rota&te...", ""},
-    {"miRevPath",              "Reverse Path Se&gment", ""},
-    // Draw
-    {"miLine",                 "&Line", "L"},
-    {"miRectangle",            "&Rectangle", "R"},
-    {"miArc3P",                "&Arc, 3 Points", "A"},
-    {"miArcC+2P",              "Arc, Center + 2 &Points", ""},
-    {"miCircle3P",             "&Circle, 3 Points", ""},
-    {"miCircleC+1P",           "Circle, Center + &1 Point", ""},
-    {"miBoltCircle",           "&Bolt Circle...", ""},
-    {"miText",                 "&Text...", ""},
-    {"miToolChest",            "T&ool Chest...", ""},
-    {"miMeasureDist",          "&Measure Distance", ""},
-    {"miSelect",               "&Select", ""},
-    {"miUnselect",             "&Unselect", ""},
-    {"miSelectContiguous",     "Select Co&ntiguous", ""},
-    {"miUnselectContiguous",   "Unselect Conti&guous", ""},
-    {"miSelectAll",            "S&elect All", ""},
-    {"miUnselectAll",          "Unselect All", ""},
-    // View
-    {"miReDraw",               "&Redraw", "Ctrl+R"},
-    {"miCenter",               "&Center on Marker", ""},
-    {"miZoomIn",               "Zoom &In", "I"},
-    {"miZoomOut",              "Zoom &Out", "O"},
-    {"miZoomWindow",           "Zoom &Window", ""},
-    {"miZoomExtents",          "Zoom &Extents", ""},
-    {"miFullView",             "&Full View", ""},
-    {"miPan",                  "&Pan", ""},
-    {"miShowPartTemplate",     "Show Part &Template", ""},
-    {"miShowEndMarkers",       "Show End &Markers", ""},
-    {"miShowToolPaths",        "Show Tool Pat&hs", ""},
-    {"miToolRadiusOutline",    "Tool Ra&dius Outline", ""},
-    {"miShowStatistics",       "&Statistics", ""},
-    // Options
-    {"miDrawingTitleBlock",    "Drawing &Title Block...", ""},
-    {"miG-codeControlSetup",   "&G-code Control Setup...", ""},
-    {"miGrid/SnapSelections",  "Grid / S&nap Selections...", ""},
-    {"miPrinterOptions",       "&Printer Options...", ""},
-    {"miSaveAsDefault",        "Save as &Default", ""},
-    {"miReverttoSavedDefaults", "&Revert to Saved Defaults", ""},
-    {"miLoadSetup",            "&Load Setup...", ""},
-    {"miSaveSetup",            "&Save Setup", ""},
-    {"miSaveSetupAs",          "Save Setup &As...", ""},
-    {"miLoadLayout",           "Load La&yout...", ""},
-    {"miSaveLayoutAs",         "Save Layout As...", ""},
-    {"miCustomize",            "&Customize...", ""},
-    // CAM
-    {"miSelectTool",           "Select &Tool...", ""},
-    {"miPocketingSpecs",       "Pocketing &Specifications...", ""},
-    {"miVerify/AcceptPocket",  "&Verify/Accept Pocket", ""},
-    {"miVerify/AcceptIsland",  "Verify/Accept &Island", ""},
-    {"miRoughCutPocket",       "&Rough Cut Pocket", ""},
-    {"miPlaceFinishPath",      "Place &Finish Path...", ""},
-    {"miPlaceOnePathSegment",  "Place &One Path Segment", ""},
-    {"miQuickPlace",           "&Quick Place", ""},
-    {"miAddMachineCycle",      "A&dd Machine Cycle...", ""},
-    {"miUndoLastPlace",        "&Undo Last Place", ""},
-    {"miGougeAvoidance",       "Apply &Gouge Avoidance", ""},
-    {"miEditPath/Cycle",       "&Edit Path/Cycle...", ""},
-    {"miVisible",              "Ma&ke Paths Visible", ""},
-    {"miInvisible",            "Make Paths I&nvisible", ""},
-    {"miCleanupDrawing",       "&Cleanup Drawing...", ""},
-    {"miClearAllPaths",        "Clear &All Paths", ""},
-    {"miMakeCNCFile",          "Make CNC &Mill File", "Ctrl+M"},
-    {"miMakeCNCLatheFile",     "Make CNC &Lathe File", "Ctrl+L"},
-    {"miBrowseCNCFile",        "&Browse CNC File...", ""},
-    // Help
-    {"miContents",             "&Contents", "F1"},
-    {"miSearchforHelpon",      "&Search for Help on...", ""},
-    {"miAboutTessimoMill",     "&About Tessimo Mill...", ""},
-    // Toggles and their menu
-    {"VGrid",                  "Visual Grid", "G"},
-    {"CGrid",                  "Cursor Grid", "G"},
-    {"OSnap",                  "Object Snap", ""},
-    {"miOSnapEndpoints",       "  Endpoints", "", 1},
-    {"miOSnapCenter",          "  Center", "", 2},
-    {"miOSnapMidpoint",        "  Midpoint", "", 3},
-    {"miOSnapQuadrant",        "  Quadrant", "", 4},
-    {"miOSnapPerpendicular",   "  Perpendicular", "", 5},
-    {"miOSnapEndpointsSingle", "Endpoint once", "", 1},
-    {"miOSnapCenterSingle",    "Center once", "", 2},
-    {"miOSnapMidpointSingle",  "Midpoint once", "", 3},
-    {"miOSnapQuadrantSingle",  "Quadrant once", "", 4},
-    {"miOSnapPerpendicularSingle", "Perpendicular once", "", 5},
-};
-// clang-format on
-
-constexpr const char kSeparator[] = "";
+constexpr const char* kSeparator = "";
+constexpr int kSection = 100;  // how many places a section has
 
 struct BandRow {
   const char* name;
   const char* caption;
   BandKind kind;
-  std::vector<std::string> tools;
 };
 
-std::vector<BandRow> menuRows() {
-  return {
-      {"miFile",
-       "&File",
-       BandKind::Menu,
-       {"miNew",          "miOpen",        "miReverttoSaved", "miImportDXFfile", kSeparator,
-        "miSave",         "miSaveAs",      "miDeleteFile",    kSeparator,        "miPrintPicture",
-        "miPrintPreview", kSeparator,      "miRecentFile1",   "miRecentFile2",   "miRecentFile3",
-        "miRecentFile4",  "miRecentFile5", "miRecentFile6",   "miRecentFile7",   "miRecentFile8",
-        "miRecentFile9",  kSeparator,      "miExit"}},
-      {"miEdit",
-       "&Edit",
-       BandKind::Menu,
-       {"miUndo",         "miRedo",      "miEditSegsOrPaths", kSeparator,        "miCut",
-        "miCopy",         "miPaste",     "miDelete",          kSeparator,        "miBreakSegment",
-        "miTrimEntity",   "miAddFillet", "miJoinEndpoints",   "miJoinEndPtsArc", "miMoveEndpoints",
-        "miDeleteVertex", kSeparator,    "miFlipArc",         "miRevArcDir",     "miChangeRadius",
-        "miRevPath",      kSeparator,    "miMoveProfile",     "miScaleDrawing",  "miMirror",
-        "miRotate",       "miSetOrigin", kSeparator,          "miEnterPosition", "miEntityInfo"}},
-      {"miDraw",
-       "&Draw",
-       BandKind::Menu,
-       {"miLine", "miRectangle", "miArc3P", "miArcC+2P", "miCircle3P", "miCircleC+1P", kSeparator,
-        "miBoltCircle", "miText", "miMeasureDist", kSeparator, "miSelect", "miUnselect",
-        "miSelectContiguous", "miUnselectContiguous", "miSelectAll", "miUnselectAll", kSeparator,
-        "miToolChest"}},
-      {"miView",
-       "&View",
-       BandKind::Menu,
-       {"miReDraw", "miCenter", "miZoomIn", "miZoomOut", "miZoomWindow", "miZoomExtents",
-        "miFullView", "miPan", kSeparator, "miShowPartTemplate", "miShowEndMarkers",
-        "miShowToolPaths", "miToolRadiusOutline", kSeparator, "miShowStatistics"}},
-      {"miOptions",
-       "&Options",
-       BandKind::Menu,
-       {"miDrawingTitleBlock", "miG-codeControlSetup", "miGrid/SnapSelections", "miPrinterOptions",
-        kSeparator, "miSaveAsDefault", "miReverttoSavedDefaults", "miLoadSetup", "miSaveSetup",
-        "miSaveSetupAs", kSeparator, "miLoadLayout", "miSaveLayoutAs", "miCustomize"}},
-      {"miCAM",
-       "&CAM",
-       BandKind::Menu,
-       {"miSelectTool",          "miPocketingSpecs",  kSeparator,          "miVerify/AcceptPocket",
-        "miVerify/AcceptIsland", "miRoughCutPocket",  "miPlaceFinishPath", "miPlaceOnePathSegment",
-        "miQuickPlace",          "miAddMachineCycle", "miUndoLastPlace",   kSeparator,
-        "miGougeAvoidance",      "miEditPath/Cycle",  "miVisible",         "miInvisible",
-        "miCleanupDrawing",      "miClearAllPaths",   kSeparator,          "miMakeCNCFile",
-        "miMakeCNCLatheFile",    "miBrowseCNCFile"}},
-      {"miHelp",
-       "&Help",
-       BandKind::Menu,
-       {"miContents", "miSearchforHelpon", kSeparator, "miAboutTessimoMill"}},
-  };
+// In the order in which they stand.
+constexpr BandRow kBands[] = {
+    {"miFile", "&File", BandKind::Menu},
+    {"miEdit", "&Edit", BandKind::Menu},
+    {"miDraw", "&Draw", BandKind::Menu},
+    {"miView", "&View", BandKind::Menu},
+    {"miOptions", "&Options", BandKind::Menu},
+    {"miCAM", "&CAM", BandKind::Menu},
+    {"miHelp", "&Help", BandKind::Menu},
+    {"barFile", "File", BandKind::ToolBar},
+    {"barEdit", "Edit", BandKind::ToolBar},
+    {"barDraw", "Draw", BandKind::ToolBar},
+    {"barView", "View", BandKind::ToolBar},
+    {"barCAM", "CAM", BandKind::ToolBar},
+    {"Options", "Grids and Snap", BandKind::ToolBar},
+    {"OSnapMenu", "Object Snap", BandKind::PopUp},
+    {"barText", "Text", BandKind::Panel},
+    {"barStatistics", "Statistics", BandKind::Panel},
+    {"barProperties", "Properties", BandKind::Panel},
+};
+
+// The recent files stand between printing and leaving.
+constexpr BandPlace kRecentFilesPlace{"miFile", 400};
+
+using PlacedTool = std::pair<int, std::string>;
+
+std::vector<PlacedTool> placedTools(std::string_view band) {
+  std::vector<PlacedTool> placed;
+  for (const CommandEntry& command : commands()) {
+    for (const BandPlace& place : {command.info->menu, command.info->bar}) {
+      if (place.band == band) placed.emplace_back(place.place, command.info->tool);
+    }
+  }
+  if (kRecentFilesPlace.band == band) {
+    for (int number = 1; number <= kRecentFiles; ++number) {
+      placed.emplace_back(kRecentFilesPlace.place + number, recentTool(number));
+    }
+  }
+  std::sort(placed.begin(), placed.end());
+  return placed;
 }
 
-std::vector<BandRow> barRows() {
-  return {
-      {"barFile", "File", BandKind::ToolBar, {"miNew", "miOpen", "miSave", "miPrintPicture"}},
-      {"barEdit",
-       "Edit",
-       BandKind::ToolBar,
-       {"miUndo", "miRedo", kSeparator, "miDelete", "miBreakSegment", "miTrimEntity", "miAddFillet",
-        "miJoinEndpoints", "miMoveEndpoints", "miEditSegsOrPaths"}},
-      {"barDraw",
-       "Draw",
-       BandKind::ToolBar,
-       {"miSelect", "miUnselect", "miSelectContiguous", "miSelectAll", "miUnselectAll", kSeparator,
-        "miLine", "miRectangle", "miArc3P", "miArcC+2P", "miCircle3P", "miCircleC+1P",
-        "miBoltCircle", "miText", "miMeasureDist"}},
-      {"barView",
-       "View",
-       BandKind::ToolBar,
-       {"miZoomIn", "miZoomOut", "miZoomWindow", "miZoomExtents", "miFullView", "miPan", "miCenter",
-        "miReDraw", kSeparator, "miShowPartTemplate", "miShowEndMarkers", "miShowToolPaths",
-        "miToolRadiusOutline"}},
-      {"barCAM",
-       "CAM",
-       BandKind::ToolBar,
-       {"miSelectTool", "miPocketingSpecs", kSeparator, "miVerify/AcceptPocket",
-        "miVerify/AcceptIsland", "miRoughCutPocket", "miPlaceFinishPath", "miAddMachineCycle",
-        "miUndoLastPlace", "miEditPath/Cycle", kSeparator, "miMakeCNCFile", "miMakeCNCLatheFile"}},
-      {"Options", "Grids and Snap", BandKind::ToolBar, {"OSnap", "VGrid", "CGrid"}},
-      {"OSnapMenu",
-       "Object Snap",
-       BandKind::PopUp,
-       {"miOSnapEndpoints", "miOSnapCenter", "miOSnapMidpoint", "miOSnapQuadrant",
-        "miOSnapPerpendicular", kSeparator, "miOSnapEndpointsSingle", "miOSnapCenterSingle",
-        "miOSnapMidpointSingle", "miOSnapQuadrantSingle", "miOSnapPerpendicularSingle"}},
-      {"barText", "Text", BandKind::Panel, {}},
-      {"barStatistics", "Statistics", BandKind::Panel, {}},
-      {"barProperties", "Properties", BandKind::Panel, {}},
-  };
+std::vector<std::string> toolsOf(std::string_view band) {
+  std::vector<std::string> tools;
+  int section = 0;
+  for (auto& [place, tool] : placedTools(band)) {
+    const bool begins = std::exchange(section, place / kSection) != place / kSection;
+    if (begins && !tools.empty()) tools.emplace_back(kSeparator);
+    tools.push_back(std::move(tool));
+  }
+  return tools;
 }
 
 std::string plainCaption(std::string_view caption) {
@@ -241,44 +81,40 @@ std::string plainCaption(std::string_view caption) {
   return text;
 }
 
-Tool toolOf(const ToolText& text) {
+Tool toolOf(const CommandEntry& command) {
+  const CommandInfo& info = *command.info;
   Tool tool;
-  tool.name = text.name;
-  tool.caption = text.caption;
-  tool.hint = plainCaption(text.caption);
-  if (*text.key != '\0') tool.hint += std::string(" (") + text.key + ")";
-  if (tool.name == "OSnap") tool.popUp = "OSnapMenu";
-  if (text.tag != 0) tool.tag = std::to_string(text.tag);
+  tool.name = info.tool;
+  tool.caption = info.caption;
+  tool.key = shownKey(*info.key != '\0' ? info.key : info.sharedKey);
+  tool.hint = plainCaption(info.caption);
+  if (!tool.key.empty()) tool.hint += " (" + tool.key + ")";
+  tool.icon = info.icon;
+  tool.popUp = info.popUp;
+  if (info.tag != 0) tool.tag = std::to_string(info.tag);
+  tool.enabled = command.exists();
   return tool;
 }
 
-void addBands(ToolHost& tools, const std::vector<BandRow>& rows) {
-  for (const BandRow& row : rows) {
-    const bool open = row.kind == BandKind::ToolBar;
-    tools.addBand({.name = row.name,
-                   .caption = row.caption,
-                   .kind = row.kind,
-                   .tools = row.tools,
-                   .open = open});
-  }
+Tool recentFileTool(int number) {
+  Tool tool;
+  tool.name = recentTool(number);
+  tool.visible = false;
+  return tool;
 }
 
 }  // namespace
 
-std::span<const ToolText> toolTexts() {
-  return kTools;
-}
-
 void fillToolHost(ToolHost& tools) {
-  for (const ToolText& text : kTools) tools.addTool(toolOf(text));
-  for (int number = 1; number <= kRecentFiles; ++number) {
-    Tool recent;
-    recent.name = recentTool(number);
-    recent.visible = false;
-    tools.addTool(recent);
+  for (const CommandEntry& command : commands()) tools.addTool(toolOf(command));
+  for (int number = 1; number <= kRecentFiles; ++number) tools.addTool(recentFileTool(number));
+  for (const BandRow& row : kBands) {
+    tools.addBand({.name = row.name,
+                   .caption = row.caption,
+                   .kind = row.kind,
+                   .tools = toolsOf(row.name),
+                   .open = row.kind == BandKind::ToolBar});
   }
-  addBands(tools, menuRows());
-  addBands(tools, barRows());
 }
 
 std::string recentTool(int number) {

@@ -2,21 +2,13 @@
 #include "toolpath/cam_desk.h"
 
 #include "drafting/undo.h"
-#include "toolpath/cycles.h"
-#include "toolpath/finish_path.h"
-#include "toolpath/gouge_avoidance.h"
-#include "toolpath/parallel_spiral.h"
-#include "toolpath/path_placement.h"
+#include "toolpath/toolpath_commands.h"
 
 namespace tess {
 
 CamDesk::CamDesk(Desk& drafting)
     : desk(drafting), store(drafting.store), changelog(drafting.changelog) {
-  addFinishPathClicks(*this);
-  addPlacementClicks(*this);
-  addGougeClicks(*this);
-  addCycleClicks(*this);
-  addSpiralClicks(*this);
+  for (const CamCommand* const command : toolpathCommands()) desk.addCommand(*this, *command);
 }
 
 void showPlacedPaths(CamDesk& cam) {

@@ -15,7 +15,7 @@ inline constexpr int kInsertAfterGroup = 2;
 inline constexpr int kInsertAtEnd = 3;
 
 struct CamDesk {
-  // The clicks of the tool-path actions on the drafting desk become those of this one.
+  // The drafting desk gets to know the commands of this one.
   explicit CamDesk(Desk& drafting);
   CamDesk(const CamDesk&) = delete;
   CamDesk& operator=(const CamDesk&) = delete;

@@ -6,6 +6,7 @@
 #include "drafting/undo.h"
 #include "geometry/entity.h"
 #include "toolpath/dlgSelectCycle.h"
+#include "toolpath/toolpath_commands.h"
 
 namespace tess {
 namespace {
@@ -113,10 +114,25 @@ void CAMAddMachCycleDeferred(CamDesk& cam) {
   if (cam.selectedCycle >= 0) armPlacing(cam);
 }
 
-void addCycleClicks(CamDesk& cam) {
-  constexpr auto kPlaceCycle = static_cast<std::size_t>(PendingAction::PlaceCycle);
-  cam.desk.clickActions[kPlaceCycle] = [&cam](Desk&) { clickPlaceCycle(cam); };
-  cam.desk.repeatCommands[kPlaceCycle] = [&cam](Desk&) { repeatPlacing(cam); };
-}
+// ---- Descriptors
+
+namespace {
+
+constexpr Action<CamDesk> kAddMachineCycleActions[] = {
+    {{.action = PendingAction::PlaceCycle, .prompt = "Click spot to place machine cycle."},
+     clickPlaceCycle},
+};
+
+}  // namespace
+
+constexpr CamCommand kAddMachineCycleCommand{
+    .info = {.tool = "miAddMachineCycle",
+             .caption = "A&dd Machine Cycle...",
+             .menu = {"miCAM", 270},
+             .bar = {"barCAM", 250}},
+    .run = CAMAddMachCycleDeferred,
+    .actions = kAddMachineCycleActions,
+    .repeat = {{PendingAction::PlaceCycle}, repeatPlacing},
+};
 
 }  // namespace tess

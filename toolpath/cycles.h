@@ -1,6 +1,6 @@
 // Machine cycles: a template of the setup placed as one path row at a point.
 // Owns: cycleNumber, placeCyclesAtSelectedCircles, mnuCAMAddMachCycle_Click,
-//       CAMAddMachCycleDeferred, addCycleClicks.
+//       CAMAddMachCycleDeferred.
 #pragma once
 
 #include <string>
@@ -19,8 +19,5 @@ void placeCyclesAtSelectedCircles(CamDesk& cam, int cycle);
 // Asks for a template, then places it at the marker at once, or arms the click that places it.
 void mnuCAMAddMachCycle_Click(CamDesk& cam);
 void CAMAddMachCycleDeferred(CamDesk& cam);
-
-// Fills in the placing click and its repetition.
-void addCycleClicks(CamDesk& cam);
 
 }  // namespace tess

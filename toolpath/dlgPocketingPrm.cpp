@@ -4,6 +4,7 @@
 #include "core/number_text.h"
 #include "core/settings.h"
 #include "core/text.h"
+#include "toolpath/toolpath_commands.h"
 
 namespace tess {
 namespace {
@@ -244,5 +245,15 @@ void mnuCAMPocketSpecs_Click(CamDesk& cam) {
   dlgPocketingPrm dialog(cam.store);
   cam.desk.session.host.prompts.showModal(dialog);
 }
+
+// ---- Descriptors
+
+constexpr CamCommand kPocketingSpecsCommand{
+    .info = {.tool = "miPocketingSpecs",
+             .caption = "Pocketing &Specifications...",
+             .menu = {"miCAM", 120},
+             .bar = {"barCAM", 120}},
+    .run = mnuCAMPocketSpecs_Click,
+};
 
 }  // namespace tess

@@ -15,6 +15,7 @@
 #include "toolpath/level_check.h"
 #include "toolpath/path_groups.h"
 #include "toolpath/path_placement.h"
+#include "toolpath/toolpath_commands.h"
 
 namespace tess {
 namespace {
@@ -174,17 +175,6 @@ void repeatPlacement(CamDesk& cam) {
   cam.PlaceChain != 0 ? mnuCAMPlaceFinishPath_Click(cam) : mnuCAMPlace1PathSeg_Click(cam);
 }
 
-struct ClickRow {
-  PendingAction action;
-  void (*click)(CamDesk&);
-};
-
-constexpr ClickRow kClicks[] = {
-    {PendingAction::FinishStart, clickStart},
-    {PendingAction::FinishDirection, clickDirection},
-    {PendingAction::FinishReference, clickReference},
-};
-
 }  // namespace
 
 void mnuCAMPlaceFinishPath_Click(CamDesk& cam) {
@@ -196,15 +186,33 @@ void mnuCAMPlaceFinishPath_Click(CamDesk& cam) {
   arm(cam.desk, PendingAction::FinishStart);
 }
 
-void addFinishPathClicks(CamDesk& cam) {
-  for (const ClickRow& row : kClicks) {
-    cam.desk.clickActions[static_cast<std::size_t>(row.action)] = [&cam, click = row.click](Desk&) {
-      click(cam);
-    };
-  }
-  cam.desk.repeatCommands[static_cast<std::size_t>(PendingAction::FinishStart)] = [&cam](Desk&) {
-    repeatPlacement(cam);
-  };
-}
+// ---- Descriptors
+
+namespace {
+
+constexpr Action<CamDesk> kPlaceFinishPathActions[] = {
+    {{.action = PendingAction::FinishStart, .prompt = "Click near start point.", .snaps = false},
+     clickStart},
+    {{.action = PendingAction::FinishDirection,
+      .prompt = "Click to indicate direction.",
+      .snaps = false},
+     clickDirection},
+    {{.action = PendingAction::FinishReference,
+      .prompt = "Click to indicate finish reference.",
+      .snaps = false},
+     clickReference},
+};
+
+}  // namespace
+
+constexpr CamCommand kPlaceFinishPathCommand{
+    .info = {.tool = "miPlaceFinishPath",
+             .caption = "Place &Finish Path...",
+             .menu = {"miCAM", 240},
+             .bar = {"barCAM", 240}},
+    .run = mnuCAMPlaceFinishPath_Click,
+    .actions = kPlaceFinishPathActions,
+    .repeat = {{PendingAction::FinishStart}, repeatPlacement},
+};
 
 }  // namespace tess

@@ -1,6 +1,6 @@
 // The finish path: the command, the three clicks that it shares with placing one path segment, and
 // the passes that they place.
-// Owns: mnuCAMPlaceFinishPath_Click, addFinishPathClicks.
+// Owns: mnuCAMPlaceFinishPath_Click.
 #pragma once
 
 #include "toolpath/cam_desk.h"
@@ -8,8 +8,5 @@
 namespace tess {
 
 void mnuCAMPlaceFinishPath_Click(CamDesk& cam);
-
-// Fills in the clicks for the start, the direction and the reference, and what repeats them.
-void addFinishPathClicks(CamDesk& cam);
 
 }  // namespace tess

@@ -20,6 +20,7 @@
 #include "geometry/row_boxes.h"
 #include "toolpath/path_groups.h"
 #include "toolpath/path_placement.h"
+#include "toolpath/toolpath_commands.h"
 
 namespace tess {
 namespace {
@@ -259,10 +260,23 @@ void miGougeAvoidance_Click(CamDesk& cam) {
   }
 }
 
-void addGougeClicks(CamDesk& cam) {
-  cam.desk.clickActions[static_cast<std::size_t>(PendingAction::GougeGroup)] = [&cam](Desk&) {
-    clickGougeGroup(cam);
-  };
-}
+// ---- Descriptors
+
+namespace {
+
+constexpr Action<CamDesk> kGougeAvoidanceActions[] = {
+    {{.action = PendingAction::GougeGroup, .prompt = "Click near the desired Path Group.  "},
+     clickGougeGroup},
+};
+
+}  // namespace
+
+constexpr CamCommand kGougeAvoidanceCommand{
+    .info = {.tool = "miGougeAvoidance",
+             .caption = "Apply &Gouge Avoidance",
+             .menu = {"miCAM", 310}},
+    .run = miGougeAvoidance_Click,
+    .actions = kGougeAvoidanceActions,
+};
 
 }  // namespace tess

@@ -1,5 +1,5 @@
 // Gouge avoidance: folds of a chain that crosses itself are cut off at their roots.
-// Owns: ChainKind, removeSelfIntersections, miGougeAvoidance_Click, addGougeClicks.
+// Owns: ChainKind, removeSelfIntersections, miGougeAvoidance_Click.
 #pragma once
 
 #include "toolpath/cam_desk.h"
@@ -15,6 +15,5 @@ void removeSelfIntersections(CamDesk& cam, int first, ChainKind kind);
 
 // By hand: at once when there is one group, otherwise for the group that is clicked.
 void miGougeAvoidance_Click(CamDesk& cam);
-void addGougeClicks(CamDesk& cam);
 
 }  // namespace tess

@@ -291,12 +291,6 @@ void cutSpiral(CamDesk& cam, int sg, const RingRange& range) {
   step.keep();
 }
 
-// At the click: the verified row nearest to it.
-void clickStartRoughing(CamDesk& cam) {
-  const PointerRecord& pointer = cam.desk.pointer;
-  parallelSpiralPocket(cam, nearestSelectedSeg(cam.store, {pointer.MouseX, pointer.MouseY}));
-}
-
 }  // namespace
 
 void dropShortPathSegs(DrawingStore& store, FollowedRows followed) {
@@ -341,10 +335,9 @@ void parallelSpiralPocket(CamDesk& cam, int sg) {
   showPlacedPaths(cam);
 }
 
-void addSpiralClicks(CamDesk& cam) {
-  cam.desk.clickActions[static_cast<std::size_t>(PendingAction::StartRoughing)] = [&cam](Desk&) {
-    clickStartRoughing(cam);
-  };
+void clickStartRoughing(CamDesk& cam) {
+  const PointerRecord& pointer = cam.desk.pointer;
+  parallelSpiralPocket(cam, nearestSelectedSeg(cam.store, {pointer.MouseX, pointer.MouseY}));
 }
 
 }  // namespace tess

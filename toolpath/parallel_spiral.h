@@ -1,7 +1,7 @@
 // The parallel spiral: a pocket is cleared by rings parallel to its outline, from near the middle
 // out to the wall.
 // Owns: parallelSpiralPocket, dropShortPathSegs, dropBackTrackSegs, dropCrossingPass,
-//       addSpiralClicks.
+//       clickStartRoughing.
 #pragma once
 
 #include <span>
@@ -25,7 +25,7 @@ void dropBackTrackSegs(DrawingStore& store, FollowedRows followed = {});
 // Drops the path rows from `first` on when any of them meets a verified row. Not logged.
 void dropCrossingPass(DrawingStore& store, int first);
 
-// Fills in the click that starts roughing.
-void addSpiralClicks(CamDesk& cam);
+// The click that starts roughing: at the verified row nearest to it.
+void clickStartRoughing(CamDesk& cam);
 
 }  // namespace tess

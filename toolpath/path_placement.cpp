@@ -12,6 +12,7 @@
 #include "geometry/nearest_scans.h"
 #include "toolpath/path_groups.h"
 #include "toolpath/row_barrier.h"
+#include "toolpath/toolpath_commands.h"
 #include "toolpath/working_rows.h"
 
 namespace tess {
@@ -199,10 +200,50 @@ void mnuClearAllPaths_Click(CamDesk& cam) {
   cam.desk.redraw.redrawscreen();
 }
 
-void addPlacementClicks(CamDesk& cam) {
-  cam.desk.clickActions[static_cast<std::size_t>(PendingAction::ReversePath)] = [&cam](Desk&) {
-    clickReverse(cam);
-  };
+void mnuRevPathDir_Click(CamDesk& cam) {
+  if (cam.store.NumPathSegments > 0) {
+    arm(cam.desk, PendingAction::ReversePath);
+  } else {
+    cam.desk.state.setPendingaction(0);
+  }
 }
+
+// ---- Descriptors
+
+namespace {
+
+constexpr Action<CamDesk> kReversePathActions[] = {
+    {{.action = PendingAction::ReversePath, .prompt = "Click near Path Segment to reverse.  "},
+     clickReverse},
+};
+
+}  // namespace
+
+constexpr CamCommand kReversePathCommand{
+    .info = {.tool = "miRevPath", .caption = "Reverse Path Se&gment", .menu = {"miEdit", 440}},
+    .run = mnuRevPathDir_Click,
+    .actions = kReversePathActions,
+    .repeat = {{PendingAction::ReversePath}},
+};
+
+constexpr CamCommand kPlaceOnePathCommand{
+    .info = {.tool = "miPlaceOnePathSegment",
+             .caption = "Place &One Path Segment",
+             .menu = {"miCAM", 250}},
+    .run = mnuCAMPlace1PathSeg_Click,
+};
+
+constexpr CamCommand kUndoLastPlaceCommand{
+    .info = {.tool = "miUndoLastPlace",
+             .caption = "&Undo Last Place",
+             .menu = {"miCAM", 280},
+             .bar = {"barCAM", 260}},
+    .run = mnuCAMUndoLastPlace_Click,
+};
+
+constexpr CamCommand kClearAllPathsCommand{
+    .info = {.tool = "miClearAllPaths", .caption = "Clear &All Paths", .menu = {"miCAM", 360}},
+    .run = mnuClearAllPaths_Click,
+};
 
 }  // namespace tess

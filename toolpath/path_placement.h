@@ -37,8 +37,7 @@ void mnuCAMPlace1PathSeg_Click(CamDesk& cam);
 void quickPlacePaths(CamDesk& cam);
 void mnuCAMUndoLastPlace_Click(CamDesk& cam);
 void mnuClearAllPaths_Click(CamDesk& cam);
-
-// Fills in the click of reversing.
-void addPlacementClicks(CamDesk& cam);
+// Arms the click that reverses a row; without path rows it cancels what is armed.
+void mnuRevPathDir_Click(CamDesk& cam);
 
 }  // namespace tess

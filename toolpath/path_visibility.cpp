@@ -1,6 +1,8 @@
 // Hiding path rows from the screen.
 #include "toolpath/path_visibility.h"
 
+#include "toolpath/toolpath_commands.h"
+
 namespace tess {
 namespace {
 
@@ -29,5 +31,17 @@ void miVisible_Click(CamDesk& cam) {
 void miInvisible_Click(CamDesk& cam) {
   setVisibility(cam, /*visible=*/false);
 }
+
+// ---- Descriptors
+
+constexpr CamCommand kShowPathsCommand{
+    .info = {.tool = "miVisible", .caption = "Ma&ke Paths Visible", .menu = {"miCAM", 330}},
+    .run = miVisible_Click,
+};
+
+constexpr CamCommand kHidePathsCommand{
+    .info = {.tool = "miInvisible", .caption = "Make Paths I&nvisible", .menu = {"miCAM", 340}},
+    .run = miInvisible_Click,
+};
 
 }  // namespace tess

@@ -7,6 +7,7 @@
 #include "toolpath/level_check.h"
 #include "toolpath/path_placement.h"
 #include "toolpath/placed_outlines.h"
+#include "toolpath/toolpath_commands.h"
 
 namespace tess {
 namespace {
@@ -64,5 +65,12 @@ void quickPlacePaths(CamDesk& cam) {
   }
   showPlacedPaths(cam);
 }
+
+// ---- Descriptors
+
+constexpr CamCommand kQuickPlaceCommand{
+    .info = {.tool = "miQuickPlace", .caption = "&Quick Place", .menu = {"miCAM", 260}},
+    .run = quickPlacePaths,
+};
 
 }  // namespace tess

@@ -7,9 +7,11 @@
 #include "toolpath/gouge_avoidance.h"
 #include "toolpath/level_check.h"
 #include "toolpath/outline_corners.h"
+#include "toolpath/parallel_spiral.h"
 #include "toolpath/path_placement.h"
 #include "toolpath/scan_lines.h"
 #include "toolpath/scan_run.h"
+#include "toolpath/toolpath_commands.h"
 #include "toolpath/working_outlines.h"
 #include "toolpath/working_rows.h"
 
@@ -151,5 +153,25 @@ void mnuCAMRoughCutPocket_Click(CamDesk& cam) {
     throw;
   }
 }
+
+// ---- Descriptors
+
+namespace {
+
+constexpr Action<CamDesk> kRoughCutPocketActions[] = {
+    {{.action = PendingAction::StartRoughing, .prompt = "Click near starting Path Segment.  "},
+     clickStartRoughing},
+};
+
+}  // namespace
+
+constexpr CamCommand kRoughCutPocketCommand{
+    .info = {.tool = "miRoughCutPocket",
+             .caption = "&Rough Cut Pocket",
+             .menu = {"miCAM", 230},
+             .bar = {"barCAM", 230}},
+    .run = mnuCAMRoughCutPocket_Click,
+    .actions = kRoughCutPocketActions,
+};
 
 }  // namespace tess

@@ -4,13 +4,14 @@
 #include <algorithm>
 #include <string>
 
+#include "core/cut_width.h"
+
 namespace tess {
 namespace {
 
 constexpr int kClimbOnly = 2;
 constexpr int kConventionalOnly = 1;
 constexpr int kBidirectional = 3;
-constexpr int kStepByDistance = 2;  // of cfg_cut_width_type
 constexpr int kCodesPerGroup = 100;
 
 // A percentage of the tool's diameter unless a distance was chosen.

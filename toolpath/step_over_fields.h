@@ -4,14 +4,12 @@
 #pragma once
 
 #include "core/controls.h"
+#include "core/cut_width.h"
 #include "core/drawing_store.h"
 
 namespace tess {
 
-// Values of "cut width type" and indices of OptCutWidth.
-inline constexpr int kStepByPercent = 1;
-inline constexpr int kStepByDistance = 2;
-
+// The indices of OptCutWidth are the values of "cut width type".
 struct StepOverControls {
   ControlArray<Option>& OptCutWidth;
   TextBox& txtToolSpacingPercent;

@@ -13,6 +13,7 @@
 #include "geometry/angles.h"
 #include "geometry/end_point_index.h"
 #include "geometry/entity.h"
+#include "toolpath/toolpath_commands.h"
 
 namespace tess {
 namespace {
@@ -208,5 +209,23 @@ void mnuCAMVerifyAcceptIsland_Click(CamDesk& cam) {
   float height = 0;
   verifypocket(cam, width, height);
 }
+
+// ---- Descriptors
+
+constexpr CamCommand kVerifyPocketCommand{
+    .info = {.tool = "miVerify/AcceptPocket",
+             .caption = "&Verify/Accept Pocket",
+             .menu = {"miCAM", 210},
+             .bar = {"barCAM", 210}},
+    .run = mnuCAMVerifyAcceptPocket_Click,
+};
+
+constexpr CamCommand kVerifyIslandCommand{
+    .info = {.tool = "miVerify/AcceptIsland",
+             .caption = "Verify/Accept &Island",
+             .menu = {"miCAM", 220},
+             .bar = {"barCAM", 220}},
+    .run = mnuCAMVerifyAcceptIsland_Click,
+};
 
 }  // namespace tess

@@ -2,8 +2,11 @@
 #include "shell/automation/allowed_folders.h"
 
 #include <algorithm>
+#include <fcntl.h>
+#include <sys/stat.h>
 #include <system_error>
 
+#include "core/descriptor.h"
 #include "core/file_system.h"
 #include "core/text.h"
 
@@ -25,13 +28,6 @@ fs::path resolved(const fs::path& path) {
   return error ? fs::path() : target;
 }
 
-std::optional<fs::path> existingFolder(std::string_view folder) {
-  if (folder.empty()) return std::nullopt;
-  std::error_code error;
-  const fs::path known = fs::canonical(fs::path(resolvePath(folder)), error);
-  return !error && fs::is_directory(known, error) ? std::optional(known) : std::nullopt;
-}
-
 bool liesWithin(const fs::path& path, const fs::path& folder) {
   const auto [inFolder, inPath] =
       std::mismatch(folder.begin(), folder.end(), path.begin(), path.end());
@@ -43,56 +39,98 @@ bool sharesStem(const fs::path& entry, const fs::path& path) {
   return !stem.empty() && equalIgnoringCase(entry.filename().string().substr(0, stem.size()), stem);
 }
 
-std::string outside(const fs::path& path) {
-  return "'" + path.string() +
-         "' is outside the folders that this script may use: those named on the command line, "
-         "the script's own and the drawing folder";
+Descriptor parentOf(const Descriptor& folder) {
+  return Descriptor(::openat(folder.number(), "..", O_PATH | O_DIRECTORY | O_CLOEXEC));
 }
 
 }  // namespace
 
-void AllowedFolders::allow(std::string_view folder) {
-  if (const auto known = existingFolder(folder)) folders_.push_back(*known);
+std::string AllowedFolders::outside(const std::string& path) {
+  return "'" + path +
+         "' is outside the folders that this script may use: those named on the command line, "
+         "the script's own and the drawing folder";
 }
 
-void AllowedFolders::allowSetupsOf(std::string_view folder) {
-  if (const auto known = existingFolder(folder)) setupFolders_.push_back(*known);
+std::optional<AllowedFolders::Place> AllowedFolders::existing(std::string_view folder) {
+  if (folder.empty()) return std::nullopt;
+  std::error_code error;
+  const fs::path known = fs::canonical(fs::path(resolvePath(folder)), error);
+  struct stat state {};
+  const bool there = !error && ::stat(known.c_str(), &state) == 0 && S_ISDIR(state.st_mode);
+  return there ? std::optional(Place{known, state.st_dev, state.st_ino}) : std::nullopt;
+}
+
+void AllowedFolders::allow(std::string_view folder) {
+  if (auto known = existing(folder)) folders_.push_back(std::move(*known));
+}
+
+void AllowedFolders::setProgramFolder(std::string_view folder) {
+  programFolder_ = existing(folder);
 }
 
 void AllowedFolders::allowNamedBy(std::string_view argument) {
-  if (folderExists(argument)) return allow(argument);
-  std::string folder;
-  splitPath(folder, argument, "");
-  allow(folder);
+  std::string folder(argument);
+  if (!folderExists(argument)) {
+    folder.clear();
+    std::error_code error;
+    if (fs::is_regular_file(resolvePath(argument), error)) splitPath(folder, argument, "");
+  }
+  auto known = existing(folder);
+  if (known && known->path != known->path.root_path()) folders_.push_back(std::move(*known));
 }
 
-bool AllowedFolders::holds(const fs::path& path) const {
-  return !path.empty() && std::any_of(folders_.begin(), folders_.end(),
-                                      [&](const auto& folder) { return liesWithin(path, folder); });
+bool AllowedFolders::isProgramFolder(int folder) const {
+  struct stat state {};
+  return programFolder_ && ::fstat(folder, &state) == 0 && state.st_dev == programFolder_->device &&
+         state.st_ino == programFolder_->number;
+}
+
+// From the folder up to the root, which is its own parent.
+bool AllowedFolders::holds(int folder) const {
+  Descriptor at(::openat(folder, ".", O_PATH | O_DIRECTORY | O_CLOEXEC));
+  struct stat below {};
+  while (at.isOpen()) {
+    struct stat state {};
+    if (::fstat(at.number(), &state) != 0) return false;
+    const auto isHere = [&](const Place& place) {
+      return place.device == state.st_dev && place.number == state.st_ino;
+    };
+    if (std::any_of(folders_.begin(), folders_.end(), isHere)) return true;
+    if (state.st_dev == below.st_dev && state.st_ino == below.st_ino) return false;
+    below = state;
+    at = parentOf(at);
+  }
+  return false;
+}
+
+bool AllowedFolders::holdsPath(const fs::path& path) const {
+  return !path.empty() && std::any_of(folders_.begin(), folders_.end(), [&](const Place& folder) {
+    return liesWithin(path, folder.path);
+  });
 }
 
 bool AllowedFolders::holdsEntry(const fs::path& entry) const {
-  return holds(resolved(entry));
+  return holdsPath(resolved(entry));
 }
 
 std::optional<std::string> AllowedFolders::refusal(std::string_view path) const {
   const fs::path wanted(resolvePath(path));
-  if (path.find('\0') != std::string_view::npos || !holdsEntry(wanted)) return outside(wanted);
+  if (path.find('\0') != std::string_view::npos || !holdsEntry(wanted))
+    return outside(wanted.string());
   std::error_code error;
   const fs::path folder = wanted.parent_path().empty() ? "." : wanted.parent_path();
   for (fs::directory_iterator entry(folder, error), end; !error && entry != end;
        entry.increment(error)) {
     const bool companion = entry->is_symlink(error) && sharesStem(entry->path(), wanted);
-    if (companion && !holdsEntry(entry->path())) return outside(entry->path());
+    if (companion && !holdsEntry(entry->path())) return outside(entry->path().string());
   }
   return std::nullopt;
 }
 
 std::optional<std::string> AllowedFolders::refusalToRead(std::string_view path) const {
   const fs::path target = resolved(fs::path(resolvePath(path)));
-  const bool isSetup = equalIgnoringCase(target.extension().string(), ".msu") &&
-                       std::find(setupFolders_.begin(), setupFolders_.end(),
-                                 target.parent_path()) != setupFolders_.end();
+  const bool isSetup = equalIgnoringCase(target.extension().string(), ".msu") && programFolder_ &&
+                       target.parent_path() == programFolder_->path;
   return isSetup ? std::nullopt : refusal(path);
 }
 

@@ -1,9 +1,9 @@
 // What the operator's hand does in scripts: tools, keys, the pointer, and waiting.
 #include "shell/automation/bindings.h"
-#include "shell/automation/key_names.h"
 #include "shell/automation/lua_routines.h"
 #include "shell/automation/near_match.h"
 #include "shell/automation/tool_files.h"
+#include "shell/keys.h"
 
 namespace tess {
 namespace {

@@ -46,20 +46,31 @@ string folderHolding(const Script& script, const string& name) {
   return drawings;
 }
 
-FileName allowedFile(Script& script, lua_State* L, const string& path, const char* extension,
-                     FolderRule folderOfBareName) {
+FileName fileNamed(const Script& script, lua_State* L, const string& path, const char* extension,
+                   FolderRule folderOfBareName) {
+  requireSensiblePath(path);
   FileName file{.folder = {}, .name = {}};
   file.name = splitPath(file.folder, path, extension);
   if (file.name.empty()) raise(L, "'" + path + "' names no file");
   file.folder = file.folder.empty() ? folderOfBareName(script, file.name)
                                     : withSeparator(fullPath(file.folder));
+  return file;
+}
+
+FileName fileToRead(const Script& script, lua_State* L, const char* extension) {
+  FileName file = fileNamed(script, L, valueAt<string>(L, 1), extension, folderHolding);
   requireAllowed(script.folders, file.folder + file.name);
   return file;
 }
 
+FileName fileToWrite(Script& script, lua_State* L, int at, const char* extension, FileKind kind) {
+  FileName file = fileNamed(script, L, valueAt<string>(L, at), extension, drawingFolder);
+  requireWritable(script, file.folder + file.name, kind);
+  return file;
+}
+
 int openDrawing(Script& script, lua_State* L) {
-  const string path = valueAt<string>(L, 1);
-  const FileName file = allowedFile(script, L, path, kDefaultExtension, folderHolding);
+  const FileName file = fileToRead(script, L, kDefaultExtension);
   runReported(script, "load_Drawing", [&] {
     Session& session = script.application.session;
     session.selectedfolder = file.folder;
@@ -72,8 +83,7 @@ int openDrawing(Script& script, lua_State* L) {
 }
 
 int saveDrawing(Script& script, lua_State* L) {
-  const string path = valueAt<string>(L, 1);
-  const FileName file = allowedFile(script, L, path, kDefaultExtension, drawingFolder);
+  const FileName file = fileToWrite(script, L, 1, kDefaultExtension, FileKind::Drawing);
   runReported(script, "save_Drawing", [&] {
     Session& session = script.application.session;
     session.store.drawingpath = session.selectedfolder = file.folder;
@@ -107,7 +117,7 @@ void requireImportOptions(lua_State* L, int table) {
 // The import form without its window; what it would ask goes to the script's handlers. Options that
 // are not given are off, whatever an operator chose last.
 int importDxfFile(Script& script, lua_State* L) {
-  const FileName file = allowedFile(script, L, valueAt<string>(L, 1), "DXF", folderHolding);
+  const FileName file = fileToRead(script, L, "DXF");
   if (!equalIgnoringCase(string_view(file.name).substr(file.name.rfind('.')), ".DXF")) {
     raise(L, "import_dxf reads files named .DXF, not '" + file.name + "'");
   }
@@ -163,7 +173,7 @@ int makeCnc(Script& script, lua_State* L) {
   if (lua_isnoneornil(L, 2)) {
     requireAllowed(script.folders, programFile(application.store));
   } else {
-    const FileName file = allowedFile(script, L, valueAt<string>(L, 2), "CNC", drawingFolder);
+    const FileName file = fileToWrite(script, L, 2, "CNC", FileKind::Program);
     path = file.folder + file.name;
   }
   bool made = false;

@@ -2,8 +2,8 @@
 #include <iomanip>
 #include <sstream>
 
+#include "cnc/path_report.h"
 #include "shell/automation/bindings.h"
-#include "toolpath/path_report.h"
 
 namespace tess {
 namespace {

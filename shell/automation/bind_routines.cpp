@@ -1,6 +1,7 @@
 // `call`: the other public routines whose arguments are numbers, texts and flags. A room that
 // brings more of them adds a line for each.
 #include "cnc/cnc_line.h"
+#include "cnc/program_text.h"
 #include "core/file_system.h"
 #include "core/lifecycle.h"
 #include "core/number_text.h"

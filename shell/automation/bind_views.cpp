@@ -39,9 +39,10 @@ void requireUsable(const PixelSize& size) {
 void plot(Script& script, const std::string& file, std::optional<int> width,
           std::optional<int> height) {
   Application& application = script.application;
+  requireSensiblePath(file);
   std::string folder = application.store.drawingpath;
   const std::string name = splitPath(folder, file, kPictureExtension);
-  requireAllowed(script.folders, folder + name);
+  requireWritable(script, folder + name, FileKind::Picture);
   const SurfaceArea area = application.interaction.ScreenProxy.surface().area();
   const PixelSize size{width.value_or(static_cast<int>(area.width)),
                        height.value_or(static_cast<int>(area.height))};

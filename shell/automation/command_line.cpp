@@ -67,6 +67,16 @@ std::string dateError(const std::string& text) {
   return "'" + text + "' is not a date as 2026-03-09, 2026-03-09T14:05 or 2026-03-09T14:05:07";
 }
 
+// A number of seconds that the clock can count.
+std::string timeoutError(const std::string& text) {
+  constexpr double kLongest = 1e9;
+  double seconds = 0;
+  const char* const end = text.data() + text.size();
+  const auto [last, wrong] = std::from_chars(text.data(), end, seconds);
+  const bool usable = wrong == std::errc() && last == end && seconds >= 0 && seconds <= kLongest;
+  return usable ? "" : "'" + text + "' is not a number of seconds, as 60 or 0.5";
+}
+
 void addScriptOptions(CLI::App& app, Options& options) {
   app.add_flag("--allow-io", options.line.allowIo,
                "Give the script Lua's io, os and package libraries");
@@ -76,6 +86,10 @@ void addScriptOptions(CLI::App& app, Options& options) {
                  "Run a script in the main window, slowly enough to follow")
       ->type_name("SCRIPT.lua [ARG ...]")
       ->excludes(kRun);
+  app.add_option("--timeout", options.line.timeout,
+                 "End a script that runs longer; 0, as without it, lets it run")
+      ->type_name("SECONDS")
+      ->check(CLI::Validator(timeoutError, ""));
 }
 
 void addFileOptions(CLI::App& app, Options& options) {
@@ -134,6 +148,7 @@ void settle(const CLI::App& app, Options& options) {
   if (plays) line.job = Job::PlayScript;
   if (line.allowIo && line.script.empty()) throw CLI::RequiresError("--allow-io", kRun);
   const bool scripts = !line.script.empty();
+  isGiven(app, "--timeout", scripts, "--run or --play");
   if (isGiven(app, "--size", scripts || plots, "--run or --plot"))
     line.size = *sizeIn(options.size);
   if (isGiven(app, "--date", scripts || plots || makes, "--run, --make-cnc or --plot")) {
@@ -231,6 +246,7 @@ ScriptJob scriptJob(const CommandLine& line) {
                 .size = line.size,
                 .date = line.date,
                 .limits = {},
+                .timeout = line.timeout,
                 .showProgress = line.showProgress};
   if (line.home) job.folders.push_back(*line.home);
   return job;

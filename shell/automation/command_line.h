@@ -22,6 +22,7 @@ struct CommandLine {
   std::string script;   // of RunScript and PlayScript
   std::vector<std::string> scriptArguments;
   bool allowIo = false;
+  double timeout = 0;  // of the script, in seconds; 0: none
   CncMode mode = CncMode::Mill;
   std::string output;  // of the program; empty: where its rules put it
   std::string picture;

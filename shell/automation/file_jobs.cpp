@@ -75,7 +75,8 @@ struct JobHost {
   QuietSurroundings surroundings;
   HuntERR reporting{prompts, clock, quietReporting()};
   JobFailures failures{reporting, prompts.texts};
-  Host host{prompts, clock, surroundings, failures};
+  NoGuard guard;
+  Host host{prompts, clock, surroundings, failures, guard};
 };
 
 std::string lastOf(const std::vector<std::string>& texts) {
@@ -84,6 +85,7 @@ std::string lastOf(const std::vector<std::string>& texts) {
 
 void load(Application& application, const JobPrompts& prompts, const std::string& drawing) {
   Session& session = application.session;
+  session.opensToRead = true;
   const std::string path = fullPath(drawing);
   if (folderExists(path)) throw JobFailure("it is a folder");
   session.selectedname = splitPath(session.selectedfolder, path, "CDM");

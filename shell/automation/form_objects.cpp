@@ -11,6 +11,7 @@
 #include "core/controls.h"
 #include "shell/automation/near_match.h"
 #include "shell/automation/script.h"
+#include "shell/automation/text_charges.h"
 
 namespace tess {
 namespace {
@@ -106,11 +107,26 @@ struct PushValue {
   }
 };
 
+void requireShowable(std::size_t bytes) {
+  if (bytes <= kLongestControlText) return;
+  throw ScriptMisuse("a control takes no more than " + std::to_string(kLongestControlText) +
+                     " bytes of text");
+}
+
+string textAt(lua_State* L, int at) {
+  string text = valueAt<string>(L, at);
+  requireShowable(text.size());
+  return text;
+}
+
 std::vector<string> textsAt(lua_State* L, int at) {
   std::vector<string> texts;
+  std::size_t bytes = 0;
   for (lua_Integer place = 1; place <= luaL_len(L, at); ++place) {
     lua_geti(L, at, place);
-    texts.push_back(valueAt<string>(L, -1));
+    texts.push_back(textAt(L, -1));
+    bytes += sizeof(string) + texts.back().size();
+    requireShowable(bytes);
     lua_pop(L, 1);
   }
   return texts;
@@ -125,7 +141,7 @@ PropertyValue propertyAt(lua_State* L, int at) {
     case LUA_TTABLE:
       return textsAt(L, at);
     default:
-      return valueAt<string>(L, at);
+      return textAt(L, at);
   }
 }
 
@@ -166,7 +182,7 @@ int open(Script& script, lua_State* L) {
 
 int change(Script& script, lua_State* L) {
   Control& control = *selfAs<ControlObject>(L).control;
-  const string text = valueAt<string>(L, kKey);
+  const string text = textAt(L, kKey);
   bool typed = false;
   const auto type = [&] {
     if (auto* const box = dynamic_cast<TextBox*>(&control)) typed = box->type(text);

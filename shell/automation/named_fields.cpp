@@ -1,10 +1,12 @@
 // Fields of Lua objects: how names find variables, and how rows of tables are reached.
 #include "shell/automation/named_fields.h"
 
+#include <type_traits>
 #include <utility>
 
 #include "core/text.h"
 #include "shell/automation/near_match.h"
+#include "shell/automation/text_charges.h"
 
 namespace tess {
 namespace {
@@ -46,6 +48,11 @@ struct Write {
   template <typename T>
   void operator()(T* place) const {
     *place = valueAt<T>(L, kValue);
+  }
+  void operator()(std::string* place) const {
+    auto text = valueAt<std::string>(L, kValue);
+    chargeText(L, place, 0, text.size());
+    *place = std::move(text);
   }
   void operator()(const TableSlot& slot) const {
     (*slot.column)[slot.row] = valueAt<Int16>(L, kValue);
@@ -90,8 +97,13 @@ int readRow(Script& /*script*/, lua_State* L) {
 
 template <typename T>
 int writeRow(Script& /*script*/, lua_State* L) {
-  T& row = columnOf<T>(L)[indexAt(L, kKey)];
-  row = valueAt<T>(L, kValue);
+  const int index = indexAt(L, kKey);
+  T& row = columnOf<T>(L)[index];
+  T value = valueAt<T>(L, kValue);
+  if constexpr (std::is_same_v<T, std::string>) {
+    chargeText(L, &columnOf<T>(L), index, value.size());
+  }
+  row = std::move(value);
   return 0;
 }
 

@@ -4,7 +4,9 @@
 #include <exception>
 #include <new>
 
+#include "core/file_writer.h"
 #include "shell/automation/reports.h"
+#include "shell/automation/text_charges.h"
 
 namespace tess {
 namespace {
@@ -18,6 +20,16 @@ void stopScript(lua_State* L, lua_Debug* /*where*/) {
 void endScript(lua_State* L, const char* text) {
   scriptOf(L).programEnd = text;
   lua_sethook(L, stopScript, LUA_MASKCOUNT, 1);
+}
+
+// The line of the innermost function of the script that is under way; 0 when none is known.
+int currentLine(lua_State* L) {
+  lua_Debug level{};
+  for (int depth = 0; lua_getstack(L, depth, &level) != 0; ++depth) {
+    lua_getinfo(L, "l", &level);
+    if (level.currentline > 0) return level.currentline;
+  }
+  return 0;
 }
 
 int breatheOnce(Script& script, lua_State* /*L*/) {
@@ -45,6 +57,14 @@ void limitInstructions(lua_State* L, int count) {
   }
 }
 
+void requireTime(lua_State* L) {
+  const Script& script = scriptOf(L);
+  if (!script.watchdog.isOver()) return;
+  const int line = currentLine(L);
+  const std::string place = line > 0 ? script.path + ":" + std::to_string(line) : script.path;
+  throw EndProgram(place + ": " + script.watchdog.complaint());
+}
+
 Script& scriptOf(lua_State* L) {
   return **static_cast<Script**>(lua_getextraspace(L));
 }
@@ -56,6 +76,7 @@ void setScript(lua_State* L, Script& script) {
 int runGuarded(lua_State* L, Body body) {
   std::string text;
   try {
+    requireTime(L);
     return body(scriptOf(L), L);
   } catch (const RuntimeFailure& failure) {
     text = describe(failure);
@@ -88,6 +109,19 @@ void raise(lua_State* L, std::string_view text) {
 
 void requireAllowed(const AllowedFolders& folders, std::string_view path) {
   if (const auto refusal = folders.refusal(path)) throw ScriptMisuse(*refusal);
+}
+
+void requireSensiblePath(std::string_view path) {
+  if (path.size() > kLongestPath) throw ScriptMisuse(kTooLongPath);
+}
+
+void requireWritable(Script& script, const std::string& path, FileKind kind) {
+  requireAllowed(script.folders, path);
+  try {
+    FilePlace(script.host.guard, path, kind);
+  } catch (const RuntimeFailure&) {
+    takeCallChain();  // the write itself tells it better
+  }
 }
 
 }  // namespace tess

@@ -1,7 +1,8 @@
 // What the functions of one running script share, and the one door between Lua and the program:
 // every function that a script can call goes through runGuarded.
-// Owns: Script, scriptOf, setScript, limitInstructions, ProgramClosed, Body, runGuarded, guarded, raise,
-//       ScriptMisuse, requireAllowed.
+// Owns: Script, scriptOf, setScript, limitInstructions, requireTime, ProgramClosed, Body,
+//       runGuarded, guarded, raise, ScriptMisuse, requireAllowed, requireSensiblePath,
+//       requireWritable.
 #pragma once
 
 #include <deque>
@@ -17,6 +18,7 @@
 #include "shell/automation/named_variables.h"
 #include "shell/automation/script_hand.h"
 #include "shell/automation/script_host.h"
+#include "shell/automation/watchdog.h"
 #include "shell/picture.h"
 
 namespace tess {
@@ -28,7 +30,9 @@ struct Script {
   const PictureWriter& writePicture;  // empty where there is none
   const AllowedFolders& folders;
   std::ostream& out;
-  std::string folder{};                     // of the script's file, with its last separator
+  Watchdog& watchdog;
+  std::string path{};                       // of the script's file, as it was named
+  std::string folder{};                     // with its last separator
   std::deque<Variable> variables{};         // what the closures of Lua point to; never shrinks
   bool started = false;                     // the program is up, and the script itself runs
   std::optional<std::string> programEnd{};  // why the script is over for good
@@ -42,6 +46,9 @@ void setScript(lua_State* L, Script& script);
 // Has the script end when it has run so many instructions. 0 is no limit: then whoever watches the
 // script may breathe now and then.
 void limitInstructions(lua_State* L, int count);
+
+// Throws the end of the script, with its line, once its time is over.
+void requireTime(lua_State* L);
 
 // Thrown when the program was closed by a command of the script.
 class ProgramClosed : public EndProgram {
@@ -72,5 +79,12 @@ class ScriptMisuse : public std::runtime_error {
 
 // Throws ScriptMisuse for a file that the script may not touch.
 void requireAllowed(const AllowedFolders& folders, std::string_view path);
+
+// Throws ScriptMisuse for a text that no file can be named by.
+void requireSensiblePath(std::string_view path);
+
+// As requireAllowed, before a command that will write such a file, so that nothing has changed when
+// the write would be refused.
+void requireWritable(Script& script, const std::string& path, FileKind kind);
 
 }  // namespace tess

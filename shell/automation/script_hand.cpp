@@ -1,6 +1,8 @@
 // Steps of the operator, and the time around them.
 #include "shell/automation/script_hand.h"
 
+#include <algorithm>
+
 namespace tess {
 namespace {
 
@@ -10,6 +12,8 @@ constexpr std::int64_t kPause = 50;
 // While a redraw is waited for; it takes a quarter of a second.
 constexpr std::int64_t kGlance = 25;
 constexpr int kMostGlances = 80;
+// Of a long wait, between two looks at whether the script may go on.
+constexpr std::int64_t kSlice = 1000;
 
 }  // namespace
 
@@ -94,7 +98,10 @@ void ScriptHand::drag(const PointerEvent& event, float x, float y) {
 }
 
 void ScriptHand::wait(std::int64_t ms) {
-  time_.pass(ms);
+  for (std::int64_t left = ms; left > 0; left -= kSlice) {
+    time_.pass(std::min(left, kSlice));
+    host_.surroundings.pause();
+  }
   host_.showReports();
 }
 

@@ -13,6 +13,7 @@
 
 #include "core/host.h"
 #include "core/timers.h"
+#include "shell/automation/script_guard.h"
 #include "shell/automation/script_prompts.h"
 #include "shell/error_reporting.h"
 
@@ -47,11 +48,14 @@ class QuietSurroundings : public Surroundings {
   std::function<void()> onServe;
 };
 
-// Counts the beeps on their way to whoever sounds them.
+// Counts the beeps on their way to whoever sounds them, and tells of long work.
 class CountedSurroundings : public Surroundings {
  public:
   explicit CountedSurroundings(Surroundings& inner) : inner_(inner) {}
-  void serveEvents() override { inner_.serveEvents(); }
+  void serveEvents() override {
+    pause();
+    inner_.serveEvents();
+  }
   void beep() override {
     ++beeps;
     if (onBeep) onBeep(beeps);
@@ -59,8 +63,14 @@ class CountedSurroundings : public Surroundings {
   }
   void printOnMainWindow(const std::string& text) override { inner_.printOnMainWindow(text); }
 
+  // A moment in which a script that has run too long may be ended.
+  void pause() {
+    if (onServe) onServe();
+  }
+
   long long beeps = 0;
   std::function<void(long long)> onBeep;
+  std::function<void()> onServe;
 
  private:
   Surroundings& inner_;
@@ -98,7 +108,8 @@ struct ScriptHost {
         surroundings(platform),
         reporting(reports, clock, shownAsMessages()),
         failures(reporting, [this] { showReports(); }),
-        host{prompts, clock, surroundings, failures} {}
+        guard(folders),
+        host{prompts, clock, surroundings, failures, guard} {}
 
   // The reports that have come since the last call, as messages of the kind "error".
   void showReports();
@@ -111,6 +122,7 @@ struct ScriptHost {
   CollectedReports reports;
   HuntERR reporting;
   ScriptFailures failures;
+  ScriptGuard guard;
   Host host;
 };
 

@@ -10,6 +10,7 @@
 #include "shell/automation/lua_values.h"
 #include "shell/automation/message_buttons.h"
 #include "shell/automation/script.h"
+#include "shell/automation/text_charges.h"
 
 namespace tess {
 namespace {
@@ -153,6 +154,7 @@ std::optional<std::string> ScriptPrompts::askFileHandler(const FileRequest& requ
   if (!lua_isnil(lua_, -1)) chosen = valueAt<std::string>(lua_, -1);
   lua_pop(lua_, 1);
   if (!chosen) return chosen;
+  if (chosen->size() > kLongestPath) raise(lua_, kTooLongPath);
   // A bare name means the folder that the dialog shows.
   const std::string name(trimmed(*chosen));
   const bool bare = name.find_first_of("\\/:") == std::string::npos;

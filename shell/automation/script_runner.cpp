@@ -138,6 +138,7 @@ int runAll(Script& script, lua_State* L) {
   setArguments(L, run.job);
   script.started = true;
   limitInstructions(L, run.job.limits.instructions);
+  script.watchdog.start();
   const std::string_view text = luaText(run.text);
   const std::string name = "@" + run.job.path;
   if (luaL_loadbufferx(L, text.data(), text.size(), name.c_str(), "t") != LUA_OK) lua_error(L);
@@ -173,7 +174,9 @@ class Attached {
   ~Attached() {
     parts_.application.interaction.statusBar.onText = nullptr;
     parts_.host.surroundings.onBeep = nullptr;
+    parts_.host.surroundings.onServe = nullptr;
     parts_.host.prompts.detach();
+    parts_.host.guard.detach();
     parts_.host.prompts.stage = nullptr;
   }
   Attached(const Attached&) = delete;
@@ -195,7 +198,7 @@ AllowedFolders foldersOf(const ScriptJob& job) {
   AllowedFolders folders;
   folders.allow(folderOf(job));
   folders.allow(job.appfolder + "CNC");
-  folders.allowSetupsOf(job.appfolder);
+  folders.setProgramFolder(job.appfolder);
   for (const std::string& folder : job.folders) folders.allow(folder);
   for (const std::string& argument : job.arguments) folders.allowNamedBy(argument);
   return folders;
@@ -256,6 +259,9 @@ ExitStatus runScriptText(const ScriptJob& job, std::string_view text,
 
 ExitStatus runScriptOn(const ScriptParts& parts, const ScriptJob& job, std::string_view text,
                        std::ostream& out, std::ostream& err) {
+  Watchdog watchdog(job.timeout, [&] {
+    exitAtOnce("tessimo: " + oneLine(job.path + ": " + watchdog.complaint()));
+  });
   ScriptHand hand(parts.application, parts.host, parts.time, parts.stage);
   Script script{.application = parts.application,
                 .host = parts.host,
@@ -263,10 +269,13 @@ ExitStatus runScriptOn(const ScriptParts& parts, const ScriptJob& job, std::stri
                 .writePicture = parts.writePicture,
                 .folders = parts.folders,
                 .out = out,
+                .watchdog = watchdog,
+                .path = job.path,
                 .folder = folderOf(job)};
   const LuaState state(job.limits);
   const Attached attached(parts);
   parts.host.prompts.stage = &parts.stage;
+  parts.host.surroundings.onServe = [&] { requireTime(state.get()); };
   setScript(state.get(), script);
   const auto error = protectedRun(state.get(), {parts, job, text});
   out.flush();

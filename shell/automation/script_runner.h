@@ -33,6 +33,7 @@ struct ScriptJob {
   PixelSize size;                      // of the surface
   std::optional<DateTime> date;        // that the program's clock tells; none: the real one
   LuaLimits limits;
+  double timeout = 0;         // seconds; 0: as long as it takes
   bool showProgress = false;  // the status line of long commands, on the error stream
 };
 

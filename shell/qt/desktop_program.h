@@ -42,7 +42,8 @@ class DesktopProgram {
   DesktopSurroundings surroundings_{gateway_};
   DesktopTimers timers_{gateway_};
   HuntERR reporting_;
-  Host host_{prompts_, clock_, surroundings_, reporting_};
+  NoGuard guard_;
+  Host host_{prompts_, clock_, surroundings_, reporting_, guard_};
   SurfaceWidget surface_;
   DesktopPointer pointer_{surface_};
   Application application_;

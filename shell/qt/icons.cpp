@@ -75,19 +75,15 @@ QIcon themedIcon(const QString& file) {
 
 }  // namespace
 
-QString iconFile(const std::string& tool) {
-  constexpr std::string_view kSingle = "Single";
-  std::string name = tool;
-  if (name.starts_with("miOSnap") && name.ends_with(kSingle)) {
-    name.resize(name.size() - kSingle.size());
-  }
+QString iconFile(const Tool& tool) {
+  std::string name = tool.icon.empty() ? tool.name : tool.icon;
   for (char& letter : name) {
     if (std::isalnum(static_cast<unsigned char>(letter)) == 0) letter = '_';
   }
   return QString(":/icons/%1.svg").arg(QString::fromStdString(name));
 }
 
-QIcon toolIcon(const std::string& tool) {
+QIcon toolIcon(const Tool& tool) {
   return themedIcon(iconFile(tool));
 }
 

@@ -4,15 +4,16 @@
 
 #include <QIcon>
 #include <QString>
-#include <string>
+
+#include "core/tool_host.h"
 
 namespace tess {
 
-// The resource that holds the icon of a tool; a single-use snap tool shares that of its twin.
-QString iconFile(const std::string& tool);
+// The resource that holds the icon of a tool: named for it, or for the tool whose icon it shows.
+QString iconFile(const Tool& tool);
 
 // An empty icon for a tool that has none.
-QIcon toolIcon(const std::string& tool);
+QIcon toolIcon(const Tool& tool);
 // One of the icons that belong to no tool.
 QIcon namedIcon(const QString& name);
 QIcon programIcon();

@@ -6,7 +6,7 @@
 #include <QGuiApplication>
 #include <array>
 
-#include "core/file_system.h"
+#include "core/file_writer.h"
 #include "shell/qt/raster_surface.h"
 #include "shell/qt/toolkit_messages.h"
 
@@ -44,7 +44,8 @@ void QtPictureWriter::operator()(Application& application, const std::string& pa
   if (surface.picture().isNull() || !surface.picture().save(&buffer, "PNG")) {
     throw RuntimeFailure(FailureNumber::DeviceInputOutput, path);
   }
-  writeFile(path, {file.constData(), static_cast<std::size_t>(file.size())});
+  writeFile(application.session.host.guard, path, FileKind::Picture,
+            {file.constData(), static_cast<std::size_t>(file.size())});
 }
 
 }  // namespace tess

@@ -207,6 +207,7 @@ void ScriptPlayer::serveEvents(double milliseconds) {
 void ScriptPlayer::rest(double milliseconds) {
   serveEvents(milliseconds);
   if (stopped_) throw EndProgram("the window was closed before the script had ended");
+  host_.surroundings.pause();
 }
 
 // A dialog is closed by the script alone.

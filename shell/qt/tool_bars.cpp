@@ -9,7 +9,6 @@
 #include <utility>
 
 #include "shell/qt/icons.h"
-#include "shell/tool_bands.h"
 
 namespace tess {
 
@@ -39,10 +38,7 @@ Qt::ToolBarArea firstArea(const std::string& band) {
 QString menuText(const Tool& tool) {
   QString caption = shown(tool.caption).trimmed();
   if (tool.name.starts_with("miRecentFile")) return caption.replace('&', "&&");  // a path
-  for (const ToolText& text : toolTexts()) {
-    if (tool.name == text.name && *text.key != '\0') return caption + '\t' + text.key;
-  }
-  return caption;
+  return tool.key.empty() ? caption : caption + '\t' + shown(tool.key);
 }
 
 QString plainText(const Tool& tool) {
@@ -77,7 +73,7 @@ QMenu* ToolBars::menu(const std::string& band) const {
 }
 
 QAction* ToolBars::makeAction(const Tool& tool) {
-  auto* action = new QAction(toolIcon(tool.name), menuText(tool), &window_);
+  auto* action = new QAction(toolIcon(tool), menuText(tool), &window_);
   action->setObjectName(shown(tool.name));
   action->setIconText(plainText(tool));
   action->setToolTip(tool.hint.empty() ? plainText(tool) : shown(tool.hint));

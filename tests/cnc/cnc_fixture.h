@@ -8,6 +8,7 @@
 #include "gtest/gtest.h"
 
 #include "cnc/cnc_program.h"
+#include "cnc/program_text.h"
 #include "core/field_reader.h"
 #include "core/units.h"
 #include "geometry/points.h"

@@ -26,6 +26,7 @@ using ::testing::HasSubstr;
 using testing::numberOfFailure;
 using testing::TestSession;
 using testing::WithoutRootRights;
+using testing::writeFile;
 
 const char kOlder[] =
     "Drawing was created with older version of this software! ~~You may need to adjust the grid "
@@ -198,13 +199,12 @@ TEST_F(DrawingFile, TruncatedFileKeepsItsRowsAndNoneOfTheLaterSteps) {
   saveAs("PART.CDM");
   const std::string text = read("PART.CDM");
   writeFile(cnc("CUT.CDM"), text.substr(0, text.size() - 5));
-  store.savedsegments = 77;
   const RuntimeFailure failure = failureOf([&] { load("CUT.CDM"); });
   EXPECT_EQ(failure.number(), FailureNumber::InputPastEnd);
   EXPECT_THAT(failure.source(), HasSubstr("CUT.CDM line 32 field 5"));
   EXPECT_EQ(store.NumSegments, 2);
-  EXPECT_EQ(store.drawingname, "PART.CDM");
-  EXPECT_EQ(store.savedsegments, 77);
+  EXPECT_EQ(session.lastfilename, cnc("PART.CDM"));
+  EXPECT_EQ(session.recentfiles[0], cnc("PART.CDM"));
 }
 
 TEST_F(DrawingFile, FailureNamesTheRoutine) {
@@ -323,6 +323,7 @@ TEST_F(DrawingFile, BackupOfAPathFileGoesWithThePairItBelongsTo) {
   store.NumPathSegments = 0;
   save_Drawing(session);
   EXPECT_THAT(entries(), ElementsAre("PART.CDM", "PART.CDM~", "PART.TPM~"));
+  addLine(2);
   save_Drawing(session);
   EXPECT_THAT(entries(), ElementsAre("PART.CDM", "PART.CDM~"));
 }

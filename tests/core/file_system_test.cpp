@@ -91,21 +91,9 @@ TEST(FileSystem, FailuresCarryTheirNumbers) {
   EXPECT_EQ(numberOfFailure([&] { readFile(folder("none")); }), FailureNumber::FileNotFound);
   EXPECT_EQ(numberOfFailure([&] { readFile(folder()); }), FailureNumber::PathFileAccess);
   EXPECT_EQ(numberOfFailure([&] { readFile(folder("file/below")); }), FailureNumber::PathNotFound);
-  EXPECT_EQ(numberOfFailure([&] { writeFile(folder(), "x"); }), FailureNumber::PathFileAccess);
-  EXPECT_EQ(numberOfFailure([&] { writeFile(folder("none/x"), "x"); }),
-            FailureNumber::PathNotFound);
   EXPECT_EQ(numberOfFailure([&] { readFile(folder(std::string(300, 'x'))); }),
             FailureNumber::PathNotFound);
   EXPECT_EQ(numberOfFailure([] { raiseFileFailure(EIO, "x"); }), FailureNumber::DeviceInputOutput);
-  EXPECT_EQ(numberOfFailure([&] { writeFile("/dev/full", "x"); }), FailureNumber::DiskFull);
-}
-
-TEST(FileSystem, DeletingWhatIsNotThereIsNoFailure) {
-  const TempFolder folder;
-  folder.write("Old.TPM", "x");
-  deleteFile(folder("old.tpm"));
-  deleteFile(folder("old.tpm"));
-  EXPECT_FALSE(folder.has("Old.TPM"));
 }
 
 }  // namespace

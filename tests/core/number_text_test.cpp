@@ -183,5 +183,15 @@ TEST(NumberText, IntegersRoundTiesToEven) {
   for (const ParseCase& c : cases) EXPECT_EQ(parseInteger(c.text), c.value) << c.text;
 }
 
+TEST(NumberText, StrictParseTakesTheWholeText) {
+  const std::pair<const char*, double> numbers[] = {
+      {"2", 2}, {" 2.5\t", 2.5}, {"+.5", 0.5}, {"-3", -3}, {"1e3", 1000}, {"0", 0}, {"1e-999", 0}};
+  for (const auto& [text, value] : numbers) EXPECT_EQ(numericValue(text), value) << text;
+  for (const char* text : {"", " ", "2 in", "x", "1,5", "1/2", "nan", "--2", "+", "."}) {
+    EXPECT_EQ(numericValue(text), std::nullopt) << text;
+  }
+  EXPECT_EQ(numericValue("-1e999"), -std::numeric_limits<double>::infinity());
+}
+
 }  // namespace
 }  // namespace tess

@@ -1,6 +1,8 @@
 // The list of recently used drawings, in memory and in its file.
 #include "core/recent_files.h"
 
+#include <filesystem>
+
 #include "gmock/gmock.h"
 #include "gtest/gtest.h"
 
@@ -69,7 +71,7 @@ TEST_F(RecentFilesTest, TenNamesLeaveNineAndADeletedFileIsGoneAtTheNextStart) {
   for (std::size_t slot = 0; slot < 9; ++slot)
     EXPECT_EQ(session.recentfiles[slot], paths[9 - slot]);
   writeRecent(session);
-  deleteFile(paths[5]);
+  std::filesystem::remove(paths[5]);
   session.recentfiles = {};
   readRecent(session);
   EXPECT_THAT(session.recentfiles, ElementsAre(paths[9], paths[8], paths[7], paths[6], paths[4],

@@ -41,7 +41,6 @@ constexpr ArmingCase kArming[] = {
     {"remove vertex", mnuDeleteVertex_Click, 34, 0},
     {"set origin", SetOrigin, 35, 0},
     {"measure", miMeasureDist_Click, 36, 0},
-    {"reverse path", mnuRevPathDir_Click, 42, 0},
     {"join with arc", mnuEditJoinEndPtsArc, 43, 0},
     {"fillet", mnuAddFillet_Click, 46, 0},
 };
@@ -96,14 +95,6 @@ TEST(ArmingCommands, ThatNeedARowReturnSilentlyWithoutOne) {
   }
 }
 
-TEST(ArmingCommands, ReversingAPathWithoutRowsCancelsWhatIsArmed) {
-  RecordedDesk d;
-  mnuEditBreakSeg_Click(d.desk);
-  mnuRevPathDir_Click(d.desk);
-  EXPECT_EQ(d.pending(), 0);
-  EXPECT_EQ(d.desk.command.LastCommand, 9);
-}
-
 TEST(ArmingCommands, DeleteAndCopyArmNothingWithASelection) {
   for (const auto command : {mnuEditDelete_Click, mnuEditCopy_Click}) {
     RecordedDesk d;
@@ -147,7 +138,7 @@ TEST(EditPathsTool, TurnsEditingToPathRowsAndBack) {
 // ---- The repeat key
 
 TEST(RepeatKey, ArmsTheLastCommandAgain) {
-  for (const int last : {9, 10, 18, 43, 14, 2, 7, 16, 34, 35, 6, 4, 31, 36, 42, 46}) {
+  for (const int last : {9, 10, 18, 43, 14, 2, 7, 16, 34, 35, 6, 4, 31, 36, 46}) {
     RecordedDesk d;
     d.addLine(0, 0, 1, 0);
     d.addPathLine(0, 0, 1, 0);

@@ -259,25 +259,6 @@ TEST(SnapInADrag, TheShiftKeyInvertsForThreeKindsOfDragsAlone) {
   }
 }
 
-TEST(SnapInADrag, NeverOffersFeaturesToTheseActions) {
-  RecordedDesk d;
-  d.addLine(1, 1, 3, 1);
-  OSnap_ButtonClick(d.desk);
-  for (int action = 0; action <= 47; ++action) {
-    if (action == 30) continue;
-    SCOPED_TRACE(action);
-    d.desk.state.setPendingaction(action);
-    d.press(1, 0, 0);
-    d.move(1, 1.1F, 1.1F);
-    const bool never = action == 16 || action == 17 || action == 20 || action == 21 ||
-                       action == 22 || action == 24 || action == 25 || action == 28 || action == 29;
-    EXPECT_EQ(d.desk.state.FeaturePoint().has_value(), !never);
-    d.desk.pointer.LeftDown = false;
-    d.desk.state.setFeaturePoint({});
-    d.viewCommands.setview(0, 0);
-  }
-}
-
 TEST(SnapInADrag, OfTheRightButtonPutsTheMarkerOnAFeature) {
   RecordedDesk d;
   d.addLine(1, 1, 3, 1);
@@ -396,8 +377,9 @@ TEST(SnapMenu, MarksThePersistentKindsWhileTheButtonIsDown) {
 TEST(SnapMenu, WithoutItsToolsMarksNothing) {
   RecordedDesk d;
   ToolHost none;
-  Desk bare({d.test.session, d.view, d.renderer, d.redraw, d.viewCommands, d.ScreenProxy, d.pointer,
-             d.timers, none, d.statusBar, d});
+  CState state(d.ScreenProxy);
+  Desk bare({d.test.session, d.view, d.renderer, d.redraw, state, d.viewCommands, d.ScreenProxy,
+             d.pointer, d.timers, none, d.statusBar, d});
   OSnap_ButtonClick_ButtonDropDown(bare);
   EXPECT_EQ(none.toolNames(), Texts{});
   EXPECT_EQ(d.tools.tool("miOSnapCenter")->caption, " miOSnapCenter");

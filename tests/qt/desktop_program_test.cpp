@@ -1,7 +1,6 @@
 // The whole program in its window, worked by pointer and keys like an operator's.
 #include "shell/qt/desktop_program.h"
 
-#include <QElapsedTimer>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -27,7 +26,7 @@ std::string filledFolder(const std::string& folder) {
   std::filesystem::copy(TESSIMO_SOURCE_DIR "/data", folder,
                         std::filesystem::copy_options::recursive);
   std::filesystem::create_directories(folder + "CNC");
-  if (!fileExists(folder + "CNC/TSMO.MRU")) writeFile(folder + "CNC/TSMO.MRU", "");
+  if (!fileExists(folder + "CNC/TSMO.MRU")) testing::writeFile(folder + "CNC/TSMO.MRU", "");
   return folder;
 }
 
@@ -45,20 +44,10 @@ class DesktopProgramTest : public ::testing::Test {
 
   // Until the picture stands and the surface takes events.
   void settle() {
-    waitFor([&] {
+    EXPECT_TRUE(testing::waitFor([&] {
       return program->application().interaction.redraw.TaskQueueState() == 0 &&
              program->surface().drawing().Enabled();
-    });
-  }
-
-  static bool waitFor(const std::function<bool()>& condition) {
-    QElapsedTimer time;
-    time.start();
-    while (!condition()) {
-      if (time.elapsed() > 5000) return false;
-      QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
-    }
-    return true;
+    }));
   }
 
   QPointF pixel(float x, float y) {

@@ -1,11 +1,13 @@
 // What tests of the desktop share: the toolkit on a platform without a screen, a gateway that lets
 // failures through to the test, and pictures kept for the eye.
-// Owns: ToolkitEnvironment, kToolkitEnvironment, toolkit, passThrough, keepScreenshot.
+// Owns: ToolkitEnvironment, kToolkitEnvironment, toolkit, passThrough, waitFor, keepScreenshot.
 #pragma once
 
 #include <QApplication>
 #include <QDir>
+#include <QElapsedTimer>
 #include <QPixmap>
+#include <QTimer>
 #include <QWidget>
 #include <cstdlib>
 #include <functional>
@@ -48,6 +50,19 @@ inline Guard passThrough() {
     run();
     return true;
   };
+}
+
+// Serves events until the condition holds, asleep while there are none; false after 20 seconds.
+inline bool waitFor(const std::function<bool()>& condition) {
+  QElapsedTimer time;
+  time.start();
+  QTimer pulse;  // wakes the loop for another look at the condition
+  pulse.start(2);
+  while (!condition()) {
+    if (time.elapsed() > 20000) return false;
+    QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
+  }
+  return true;
 }
 
 // Where screenshots are kept: the folder that TESSIMO_SCREENSHOTS names. Without one none is kept.

@@ -2,7 +2,6 @@
 // and dialogs, and that no text is cut off and every icon can be seen.
 #include <QDialog>
 #include <QDockWidget>
-#include <QElapsedTimer>
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
@@ -10,6 +9,8 @@
 #include <QStatusBar>
 #include <QTimer>
 #include <algorithm>
+#include <filesystem>
+#include <functional>
 #include <gtest/gtest.h>
 #include <optional>
 #include <string>
@@ -35,10 +36,15 @@ class Looks : public ::testing::TestWithParam<bool> {
     };
     program = std::make_unique<DesktopProgram>(
         programFolder({.home = {}, .executableFolder = {}, .environment = environment}));
-    program->open(TESSIMO_SOURCE_DIR "/examples/bracket.cdm");
+    // A copy: an open drawing is locked, and many tests run at once.
+    for (const char* const name : {"bracket.cdm", "BRACKET.TPM"}) {
+      std::filesystem::copy(std::string(TESSIMO_SOURCE_DIR "/examples/") + name, folder(name));
+    }
+    program->open(folder("bracket.cdm"));
     window().setWindowState(Qt::WindowNoState);
     window().resize(1280, 800);
-    waitFor([&] { return window().findChild<QWidget*>("frmSplash") == nullptr && isDrawn(); });
+    delete window().findChild<QWidget*>("frmSplash");
+    waitUntil([this] { return isDrawn(); });
   }
   ~Looks() override { applyTheme(testing::toolkit(), /*dark=*/false); }
 
@@ -49,14 +55,8 @@ class Looks : public ::testing::TestWithParam<bool> {
            program->surface().drawing().Enabled();
   }
 
-  template <typename Condition>
-  static void waitFor(Condition condition) {
-    QElapsedTimer time;
-    time.start();
-    while (!condition() && time.elapsed() < 20000) {
-      QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents, 20);
-    }
-    ASSERT_TRUE(condition());
+  static void waitUntil(const std::function<bool()>& condition) {
+    ASSERT_TRUE(testing::waitFor(condition));
   }
 
   static void keep(QWidget& widget, const std::string& name) {
@@ -112,7 +112,7 @@ TEST_P(Looks, EveryMenu) {
   for (const auto* entry : window().menuBar()->actions()) {
     QMenu& menu = *entry->menu();
     menu.popup(window().mapToGlobal(QPoint(20, 40)));
-    waitFor([&] { return menu.isVisible(); });
+    waitUntil([&] { return menu.isVisible(); });
     keep(menu, "menu_" + menu.objectName().toStdString());
     for (const QAction* tool : menu.actions()) {
       const QRect place = menu.actionGeometry(const_cast<QAction*>(tool));
@@ -140,7 +140,7 @@ TEST_P(Looks, DockedAtEverySide) {
       {"right", Qt::RightDockWidgetArea, {2 * width / 3, 0, width / 3, height}}};
   for (const auto& [name, area, place] : sides) {
     window().addDockWidget(area, &dock);
-    waitFor([&] { return place.contains(dock.geometry().center()) && isDrawn(); });
+    waitUntil([&] { return place.contains(dock.geometry().center()) && isDrawn(); });
     keep(window(), std::string("docked_") + name);
     expectTextsFit(dock);
     EXPECT_TRUE(window().rect().contains(dock.geometry()));
@@ -150,7 +150,7 @@ TEST_P(Looks, DockedAtEverySide) {
 TEST_P(Looks, ToolBarsAtTheBottomWithNames) {
   window().setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
   window().addToolBar(Qt::BottomToolBarArea, window().toolBars().toolBar("barDraw"));
-  waitFor([&] { return window().toolBars().toolBar("barDraw")->y() > 400 && isDrawn(); });
+  waitUntil([&] { return window().toolBars().toolBar("barDraw")->y() > 400 && isDrawn(); });
   keep(window(), "bars_with_names");
 }
 
@@ -163,10 +163,11 @@ TEST_P(Looks, Dialogs) {
 
 TEST_P(Looks, EveryIconCanBeSeenInEverySize) {
   const int ground = qGray(testing::toolkit().palette().color(QPalette::Window).rgb());
-  for (const std::string& tool : program->application().interaction.tools.toolNames()) {
+  const ToolHost& tools = program->application().interaction.tools;
+  for (const std::string& tool : tools.toolNames()) {
     if (tool.starts_with("miRecentFile")) continue;
     for (const int size : {16, 22, 32}) {
-      const QImage icon = toolIcon(tool).pixmap(QSize(size, size)).toImage();
+      const QImage icon = toolIcon(*tools.tool(tool)).pixmap(QSize(size, size)).toImage();
       int seen = 0;
       for (int y = 0; y < icon.height(); ++y) {
         for (int x = 0; x < icon.width(); ++x) {

@@ -59,7 +59,7 @@ TEST_F(MainWindowTest, EveryToolHasAnActionAndAnIcon) {
   for (const std::string& name : tools.toolNames()) {
     ASSERT_NE(window->toolBars().action(name), nullptr) << name;
     if (name.starts_with("miRecentFile")) continue;
-    EXPECT_TRUE(QFile::exists(iconFile(name))) << name;
+    EXPECT_TRUE(QFile::exists(iconFile(*tools.tool(name)))) << name;
     EXPECT_FALSE(window->toolBars().action(name)->icon().isNull()) << name;
   }
   testing::keepScreenshot(*window, "main_window");
@@ -325,17 +325,19 @@ TEST_F(MainWindowTest, DroppedFilesArriveAsPaths) {
 }
 
 TEST_F(MainWindowTest, IconsFollowTheTheme) {
-  const QImage light = toolIcon("miExit").pixmap(24, 24).toImage();
+  const QImage light = toolIcon(*tools.tool("miExit")).pixmap(24, 24).toImage();
   applyTheme(testing::toolkit(), /*dark=*/true);
-  const QImage dark = toolIcon("miExit").pixmap(24, 24).toImage();
+  const QImage dark = toolIcon(*tools.tool("miExit")).pixmap(24, 24).toImage();
   testing::keepScreenshot(*window, "main_window_dark");
   EXPECT_NE(light, dark);
 }
 
-TEST(Icons, SingleUseSnapToolsShareTheIconOfTheirTwins) {
-  EXPECT_EQ(iconFile("miOSnapCenterSingle"), ":/icons/miOSnapCenter.svg");
-  EXPECT_EQ(iconFile("miVerify/AcceptPocket"), ":/icons/miVerify_AcceptPocket.svg");
-  EXPECT_TRUE(toolIcon("miUnknown").isNull());
+TEST_F(MainWindowTest, SingleUseSnapToolsShareTheIconOfTheirTwins) {
+  EXPECT_EQ(iconFile(*tools.tool("miOSnapCenterSingle")), ":/icons/miOSnapCenter.svg");
+  EXPECT_EQ(iconFile(*tools.tool("miVerify/AcceptPocket")), ":/icons/miVerify_AcceptPocket.svg");
+  Tool unknown;
+  unknown.name = "miUnknown";
+  EXPECT_TRUE(toolIcon(unknown).isNull());
 }
 
 }  // namespace

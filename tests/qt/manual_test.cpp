@@ -56,21 +56,11 @@ class ManualTest : public ::testing::Test {
   QWidget* window() { return program->window().findChild<QWidget*>("frmPDFHelp"); }
   PdfPane& pane() { return *dynamic_cast<PdfPane*>(window()->findChild<QWidget*>("Pdf1")); }
 
-  static bool waitFor(const std::function<bool()>& condition) {
-    QElapsedTimer time;
-    time.start();
-    while (!condition()) {
-      if (time.elapsed() > 5000) return false;
-      QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
-    }
-    return true;
-  }
-
   // The viewer paints its pages in the background.
   void keepPicture(const char* name) {
     QElapsedTimer time;
     time.start();
-    waitFor([&] { return time.elapsed() > 300; });
+    testing::waitFor([&] { return time.elapsed() > 300; });
     testing::keepScreenshot(*window(), name);
   }
 
@@ -92,7 +82,7 @@ TEST_F(ManualTest, F1ShowsThePagesAndTheirThumbnails) {
   EXPECT_EQ(thumbnails->currentIndex().row(), 3);
   keepPicture("manual_contents");
   press(*window(), Qt::Key_Escape);
-  EXPECT_TRUE(waitFor([this] { return window() == nullptr; }));
+  EXPECT_TRUE(testing::waitFor([this] { return window() == nullptr; }));
 }
 
 TEST_F(ManualTest, TheIndexFindsWordsAndGoesToTheirPage) {
@@ -107,7 +97,7 @@ TEST_F(ManualTest, TheIndexFindsWordsAndGoesToTheirPage) {
     QApplication::sendEvent(words, &event);
   }
   auto* found = window()->findChild<QListWidget*>("lstFound");
-  ASSERT_TRUE(waitFor([found] { return found->count() == 1; }));
+  ASSERT_TRUE(testing::waitFor([found] { return found->count() == 1; }));
   EXPECT_EQ(found->item(0)->text(), "Page 3: Chapter 3 Cut the pocket first");
   found->setCurrentRow(0);
   EXPECT_EQ(pane().currentPage(), 2);

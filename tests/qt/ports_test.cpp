@@ -17,7 +17,7 @@ namespace {
 void wait(int milliseconds) {
   QElapsedTimer time;
   time.start();
-  while (time.elapsed() < milliseconds) QCoreApplication::processEvents();
+  testing::waitFor([&] { return time.elapsed() >= milliseconds; });
 }
 
 TEST(DesktopTimers, AOneShotTicksOnceAndIsOffByThen) {

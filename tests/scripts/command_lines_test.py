@@ -10,6 +10,7 @@ import subprocess
 import sys
 import tempfile
 import unittest
+from collections.abc import Sequence
 from pathlib import Path
 
 PROGRAM = ""
@@ -58,7 +59,8 @@ class CommandLines(unittest.TestCase):
         self.assertEqual((run.returncode, run.stderr), (0, ""))
 
     def test_wrong_usage_is_status_2(self) -> None:
-        for arguments in (["--bad"], ["--run"], ["--make-cnc", "mill"], ["-o", "x"], ["a", "b"],
+        for arguments in (["--timeout", "-1", "--run", "x.lua"], ["--timeout", "5"],
+                          ["--timeout", "nan", "--run", "x.lua"], ["--bad"], ["--run"], ["--make-cnc", "mill"], ["-o", "x"], ["a", "b"],
                           ["--make-cnc", "laser", "part.cdm"]):
             run = self.run_program(*arguments)
             self.assertEqual(run.returncode, 2, arguments)
@@ -103,10 +105,11 @@ class CommandLines(unittest.TestCase):
         run = self.run_program("--run", str(script), TESSIMO_HOME=str(self.home))
         self.assertEqual((run.returncode, run.stdout, run.stderr), (0, f"{self.home}/CNC/\n", ""))
 
-    def play(self, script: str, *arguments: str) -> subprocess.CompletedProcess[str]:
+    def play(self, script: str, *arguments: str,
+             before: Sequence[str] = ()) -> subprocess.CompletedProcess[str]:
         (self.work / "play.lua").write_text(script)
         (self.work / "run").mkdir(mode=0o700, exist_ok=True)
-        return self.run_program("--home", str(self.home), "--play", "play.lua", *arguments,
+        return self.run_program("--home", str(self.home), *before, "--play", "play.lua", *arguments,
                                 QT_QPA_PLATFORM="offscreen", XDG_RUNTIME_DIR=str(self.work / "run"))
 
     def test_a_script_in_the_window_leaves_what_a_run_leaves(self) -> None:
@@ -128,6 +131,60 @@ class CommandLines(unittest.TestCase):
         played = self.play("tool('miLine')\nclick('here')")
         self.assertEqual((played.returncode, played.stdout), (1, ""))
         self.assertRegex(played.stderr, r"^tessimo: play\.lua:2: [^\n]+\n$")
+
+    def test_a_handler_that_moves_the_drawing_gets_nothing_out(self) -> None:
+        for command in ("tool('miNew')", "tool('miOpen')", "tool('miExit')", "tool('miLoadSetup')",
+                        "make_cnc('mill')"):
+            for work in ("--run", "--play"):
+                with self.subTest(command=command, work=work), \
+                        tempfile.TemporaryDirectory(prefix="tessimo-") as name:
+                    outside = Path(name)
+                    (outside / ".bashrc").write_text("good")
+                    script = f"""
+                        add_path{{type=1, x1=2, y1=1, z=-0.25, feed=10, code=100}}
+                        store.drawingsaved = false
+                        on_message(function()
+                          store.drawingpath, store.drawingname = "{outside}/", ".bashrc"
+                          return "Yes"
+                        end)
+                        {command}
+                    """
+                    (self.work / "play.lua").write_text(script)
+                    run = (self.play(script) if work == "--play" else self.run_program(
+                        "--home", str(self.home), "--run", "play.lua"))
+                    self.assertEqual(run.returncode, 1)
+                    self.assertEqual(
+                        run.stderr, f"tessimo: play.lua:8: '{outside}/.bashrc' is outside the "
+                        "folders that this script may use: those named on the command line, the "
+                        "script's own and the drawing folder\n")
+                    self.assertEqual([file.name for file in outside.iterdir()], [".bashrc"])
+                    self.assertEqual((outside / ".bashrc").read_text(), "good")
+
+    def test_a_script_ends_when_its_time_is_over(self) -> None:
+        endless = {
+            "a loop": "while true do end",
+            "waiting": "while true do wait(1000) end",
+            "a pattern match": "print(('a'):rep(1000):find(('.-'):rep(40) .. 'b'))",
+            "a finaliser": "setmetatable({}, {__gc = function() while true do end end})",
+        }
+        for name, statement in endless.items():
+            for work in ("--run", "--play"):
+                with self.subTest(endless=name, work=work):
+                    script = "print('before')\n" + statement
+                    (self.work / "play.lua").write_text(script)
+                    run = (self.play(script, before=["--timeout", "2"]) if work == "--play" else
+                           self.run_program("--home", str(self.home), "--timeout", "2", "--run",
+                                            "play.lua"))
+                    self.assertEqual((run.returncode, run.stdout), (1, "before\n"))
+                    self.assertRegex(
+                        run.stderr, r"^tessimo: play\.lua(:\d+)?: the script has run longer than "
+                        r"2 s\n$")
+
+    def test_no_time_or_none_at_all_bounds_no_script(self) -> None:
+        (self.work / "play.lua").write_text("wait(86400000) print('done')")
+        for bound in ([], ["--timeout", "0"], ["--timeout", "50"]):
+            run = self.run_program("--home", str(self.home), *bound, "--run", "play.lua")
+            self.assertEqual((run.returncode, run.stdout, run.stderr), (0, "done\n", ""))
 
     def test_the_window_of_a_script_needs_a_display_and_a_script(self) -> None:
         (self.work / "play.lua").write_text("")

@@ -1,13 +1,12 @@
-// The name table and the key table of all commands, walked whole.
+// Tools and keys at the road of all commands.
 #include "shell/commands.h"
 
 #include <algorithm>
 #include <functional>
-#include <set>
 
 #include "gtest/gtest.h"
 
-#include "shell/tool_bands.h"
+#include "drafting/drafting_commands.h"
 #include "tests/support/running_program.h"
 
 namespace tess {
@@ -15,50 +14,11 @@ namespace {
 
 using testing::RunningProgram;
 
-bool contains(const std::vector<std::string>& names, const std::string& name) {
-  return std::find(names.begin(), names.end(), name) != names.end();
-}
-
-bool isRecent(const std::string& tool) {
-  return tool.starts_with("miRecentFile");
-}
-
 class Commands : public ::testing::Test, public RunningProgram {
  protected:
   ToolHost& tools = application.interaction.tools;
+  const std::vector<Form*> openForms = application.interaction.forms.openForms();
 };
-
-TEST_F(Commands, NoNameStandsTwice) {
-  const std::vector<std::string> names = commandNames();
-  EXPECT_EQ(std::set<std::string>(names.begin(), names.end()).size(), names.size());
-  std::set<std::string> texts;
-  for (const ToolText& text : toolTexts()) EXPECT_TRUE(texts.insert(text.name).second) << text.name;
-}
-
-TEST_F(Commands, EveryCommandHasItsTool) {
-  for (const std::string& name : commandNames()) EXPECT_NE(tools.tool(name), nullptr) << name;
-}
-
-TEST_F(Commands, EveryToolHasItsCommand) {
-  const std::vector<std::string> names = commandNames();
-  for (const std::string& tool : tools.toolNames()) {
-    EXPECT_TRUE(isRecent(tool) || contains(names, tool)) << tool;
-  }
-}
-
-TEST_F(Commands, EveryToolOfTheBandsExists) {
-  for (const Band& band : tools.bands()) {
-    for (const std::string& tool : band.tools) {
-      EXPECT_TRUE(tool.empty() || tools.tool(tool) != nullptr) << band.name << ": " << tool;
-    }
-  }
-}
-
-TEST_F(Commands, EveryToolStandsInABandOfItsOwnKind) {
-  std::set<std::string> placed;
-  for (const Band& band : tools.bands()) placed.insert(band.tools.begin(), band.tools.end());
-  for (const std::string& tool : tools.toolNames()) EXPECT_EQ(placed.count(tool), 1U) << tool;
-}
 
 TEST_F(Commands, TheBandsAreThoseOfTheProgram) {
   for (const char* band : {"miFile", "miEdit", "miDraw", "miView", "miOptions", "miCAM", "miHelp",
@@ -68,9 +28,11 @@ TEST_F(Commands, TheBandsAreThoseOfTheProgram) {
 }
 
 TEST_F(Commands, NamesAreComparedInTheirOrder) {
-  const std::vector<std::string> names = commandNames();
-  const auto place = [&](const char* name) {
-    return std::find(names.begin(), names.end(), name) - names.begin();
+  const auto place = [](const std::string& name) {
+    const auto found =
+        std::find_if(commands().begin(), commands().end(),
+                     [&](const CommandEntry& row) { return row.info->tool == name; });
+    return found - commands().begin();
   };
   const std::vector<const char*> order = {"miNew",
                                           "miExit",
@@ -222,19 +184,6 @@ TEST_F(Commands, ToolsArmTheirActions) {
   }
 }
 
-TEST_F(Commands, ToolsWithoutACommandStandDisabled) {
-  int disabled = 0;
-  for (const std::string& name : commandNames()) {
-    if (tools.isEnabled(name) || name == "miUndo" || name == "miRedo") continue;
-    ++disabled;
-    EXPECT_FALSE(application.clickTool(name)) << name;
-    abMain_ToolClick(application, name);
-    EXPECT_EQ(pendingaction(), 0) << name;
-  }
-  EXPECT_TRUE(platform.prompts.messages.empty());
-  EXPECT_LT(disabled, static_cast<int>(commandNames().size()));
-}
-
 // ---- Keys
 
 TEST_F(Commands, LettersArmTheirActionsInEitherCase) {
@@ -259,18 +208,6 @@ TEST_F(Commands, LettersArmTheirActionsInEitherCase) {
     }
   }
 }
-
-struct KeyTwin {
-  char key;
-  const char* tool;
-};
-
-constexpr KeyTwin kKeyTwins[] = {
-    {'A', "miArc3P"},      {'B', "miBreakSegment"},  {'C', "miCopy"},
-    {'D', "miRevArcDir"},  {'F', "miFlipArc"},       {'J', "miJoinEndpoints"},
-    {'L', "miLine"},       {'M', "miMoveProfile"},   {'R', "miRectangle"},
-    {'T', "miTrimEntity"}, {'V', "miMoveEndpoints"}, {'\t', "miEntityInfo"},
-};
 
 // Where a command leaves the interaction that was in the middle of a three-point command.
 struct Interruption {
@@ -299,29 +236,62 @@ class CommandTwins : public Commands {
 };
 
 TEST_F(CommandTwins, AKeyDoesAllThatItsToolDoes) {
-  for (const auto& [key, tool] : kKeyTwins) {
-    const Interruption byKey = after([&, pressed = key] { type(pressed); });
-    EXPECT_EQ(byKey, after([&, clicked = tool] { application.clickTool(clicked); })) << tool;
+  int keys = 0;
+  for (const CommandEntry& command : commands()) {
+    const std::optional<KeyStroke> key = keyNamed(command.info->key);
+    const bool leaves = !command.exists() || !key || key->special != SpecialKey::None;
+    if (leaves) continue;
+    ++keys;
+    const Interruption byKey = after([&] { application.key(*key); });
+    EXPECT_EQ(byKey, after([&] { application.clickTool(command.info->tool); }))
+        << command.info->tool;
   }
+  EXPECT_GE(keys, 12);
 }
 
 TEST_F(CommandTwins, EveryCommandThatDrawsOrArmsDropsAHalfDoneOne) {
-  for (const char* const tool :
-       {"miLine", "miRectangle", "miArc3P", "miArcC+2P", "miCircle3P", "miCircleC+1P",
-        "miBreakSegment", "miSelect", "miUnselectContiguous", "miMeasureDist", "miSetOrigin"}) {
-    const Interruption left = after([&] { application.clickTool(tool); });
-    EXPECT_EQ(left.clickstage, 0) << tool;
-    EXPECT_FALSE(left.secondCrossShown) << tool;
+  int dropped = 0;
+  for (const DeskCommand* const command : draftingCommands()) {
+    const bool drawsOrArms = command->mode.number != kNoMode || !command->actions.empty();
+    if (!drawsOrArms || !command->run.exists()) continue;
+    ++dropped;
+    const Interruption left = after([&] { application.clickTool(command->info.tool); });
+    EXPECT_EQ(left.clickstage, 0) << command->info.tool;
+    EXPECT_FALSE(left.secondCrossShown) << command->info.tool;
   }
+  EXPECT_GE(dropped, 25);
 }
 
+bool isAKey(char character) {
+  const auto means = [character](const char* name) {
+    const std::optional<KeyStroke> key = keyNamed(name);
+    return key && key->special == SpecialKey::None && key->ascii == character;
+  };
+  const std::vector<const char*> alone = keysWithoutTool();
+  return std::any_of(alone.begin(), alone.end(), means) ||
+         std::any_of(commands().begin(), commands().end(),
+                     [&](const CommandEntry& command) { return means(command.info->key); });
+}
+
+// Small letters are the same keys, so only what no capital stands for is tried.
 TEST_F(Commands, OtherLettersDoNothing) {
-  for (const char key : {'H', 'K', 'N', 'Q', 'U', 'W', 'X', 'Y', 'Z', '1', ' ', '\x02'}) {
+  const auto statusBefore = application.interaction.statusBar.text();
+  int tried = 0;
+  for (int code = 1; code < 0x7F; ++code) {
+    const char key = static_cast<char>(code);
+    const bool small = key >= 'a' && key <= 'z';
+    if (isAKey(small ? static_cast<char>(key - 'a' + 'A') : key)) continue;
+    ++tried;
     type(key);
-    EXPECT_EQ(pendingaction(), 0) << key;
-    EXPECT_EQ(DrawMode(), 0) << key;
+    EXPECT_EQ(pendingaction(), 0) << code;
+    EXPECT_EQ(DrawMode(), 0) << code;
+    EXPECT_TRUE(platform.prompts.messages.empty()) << code;
+    EXPECT_TRUE(platform.prompts.formNames.empty()) << code;
+    EXPECT_TRUE(platform.prompts.fileRequests.empty()) << code;
+    EXPECT_EQ(application.interaction.forms.openForms(), openForms) << code;
+    EXPECT_EQ(application.interaction.statusBar.text(), statusBefore) << code;
   }
-  EXPECT_TRUE(platform.prompts.messages.empty());
+  EXPECT_GT(tried, 60);
 }
 
 TEST_F(Commands, PWithAnEmptyPasteBufferDoesNothing) {

@@ -78,6 +78,45 @@ TEST_F(ProgramFolder, FillingKeepsWhatIsThere) {
   EXPECT_EQ(root.read("data/tessimo/tess.def"), "shipped");
 }
 
+TEST_F(ProgramFolder, AFolderFilledEarlierGetsTheDatabase) {
+  variables["XDG_DATA_HOME"] = root("data");
+  programFolder(request);
+  EXPECT_FALSE(root.has("data/tessimo/SpeedsFeeds.MDB"));
+  root.write("share/tessimo/SpeedsFeeds.MDB", "tables");
+  programFolder(request);
+  EXPECT_EQ(root.read("data/tessimo/SpeedsFeeds.MDB"), "tables");
+  root.write("data/tessimo/SpeedsFeeds.MDB", "others");
+  programFolder(request);
+  EXPECT_EQ(root.read("data/tessimo/SpeedsFeeds.MDB"), "others") << "the operator's own stays";
+}
+
+TEST_F(ProgramFolder, ADatabaseOfAnyCaseIsTheOne) {
+  variables["XDG_DATA_HOME"] = root("data");
+  root.write("share/tessimo/SpeedsFeeds.MDB", "tables");
+  fs::create_directory(root("data/tessimo"));
+  root.write("data/tessimo/tess.def", "");
+  root.write("data/tessimo/speedsfeeds.mdb", "others");
+  programFolder(request);
+  EXPECT_EQ(root.read("data/tessimo/speedsfeeds.mdb"), "others");
+  EXPECT_FALSE(fs::exists(root("data/tessimo/SpeedsFeeds.MDB")));
+}
+
+TEST_F(ProgramFolder, AFolderInTheDatabasesPlaceIsLeftAlone) {
+  variables["XDG_DATA_HOME"] = root("data");
+  programFolder(request);
+  root.write("share/tessimo/SpeedsFeeds.MDB", "tables");
+  fs::create_directory(root("data/tessimo/SpeedsFeeds.MDB"));
+  EXPECT_EQ(programFolder(request), root("data/tessimo/"));
+  EXPECT_TRUE(folderExists(root("data/tessimo/SpeedsFeeds.MDB")));
+}
+
+TEST_F(ProgramFolder, NamedFoldersAreNotAddedTo) {
+  root.write("share/tessimo/SpeedsFeeds.MDB", "tables");
+  request.home = root("home");
+  programFolder(request);
+  EXPECT_FALSE(root.has("home/SpeedsFeeds.MDB"));
+}
+
 TEST_F(ProgramFolder, WithoutADataFolderTheUsualPlaceIsTaken) {
   variables["HOME"] = root("user");
   EXPECT_EQ(programFolder(request), root("user/.local/share/tessimo/"));
@@ -109,6 +148,19 @@ TEST_F(ProgramFolder, AFolderThatCannotBeFilledIsAFailure) {
   root.write("data/tessimo", "a file is in the way");
   variables["XDG_DATA_HOME"] = root("data");
   EXPECT_THROW(programFolder(request), RuntimeFailure);
+}
+
+TEST_F(ProgramFolder, AFillingThatWasCutShortGoesOnAtTheNextStart) {
+  variables["XDG_DATA_HOME"] = root("data");
+  root.write("share/tessimo/zz.msu", "shipped");
+  fs::create_directory(root("data/tessimo"));
+  fs::create_symlink(root("none/zz.msu"), root("data/tessimo/zz.msu"));
+  EXPECT_THROW(programFolder(request), RuntimeFailure);
+  EXPECT_FALSE(root.has("data/tessimo/tess.def")) << "the folder does not count as filled";
+  fs::remove(root("data/tessimo/zz.msu"));
+  EXPECT_EQ(programFolder(request), root("data/tessimo/"));
+  EXPECT_EQ(root.read("data/tessimo/zz.msu"), "shipped");
+  EXPECT_EQ(root.read("data/tessimo/tess.def"), "shipped");
 }
 
 TEST_F(ProgramFolder, TheDrawingFolderIsMade) {

@@ -450,7 +450,7 @@ class Session : public RunningProgram {
   void checkState() {
     const CommandRecord& command = desk().command;
     const int armed = pendingaction();
-    EXPECT_TRUE(armed == 0 || findAction(armed) != nullptr) << armed;
+    EXPECT_TRUE(armed == 0 || findAction(desk(), armed) != nullptr) << armed;
     EXPECT_TRUE(isDrawMode(DrawMode())) << DrawMode();
     EXPECT_TRUE(command.clickstage == 0 || command.clickstage == 1);
     const bool threePoints = DrawMode() == 2 || DrawMode() == 3 || DrawMode() == 5;
@@ -458,7 +458,7 @@ class Session : public RunningProgram {
     const bool painting = application.interaction.redraw.TaskQueueState() != 0;
     EXPECT_TRUE(painting || command.secondCrossShown == (command.clickstage == 1));
     EXPECT_TRUE(desk().pointer.LeftDown || desk().pointer.RubberKind == 0);
-    const std::string prompt = pendingPrompt(store(), armed);  // a measurement follows its own
+    const std::string prompt = pendingPrompt(desk(), armed);  // a measurement follows its own
     EXPECT_EQ(application.interaction.statusBar.text().substr(0, prompt.size()), prompt);
     const auto& shown = application.interaction.frmStatistics;
     EXPECT_EQ(shown.lblEntities.caption(), std::to_string(store().NumSegments));

@@ -180,12 +180,13 @@ class DraftingDesk : public HeldSurface<Surface>,
   PictureBoxProxy ScreenProxy{this->surface};
   View view;
   Renderer renderer{store, test.recording.prompts, test.recording.surroundings};
+  CState state{ScreenProxy};
   RedrawSequence redraw{
       {store, view, renderer, ScreenProxy, pointer, test.recording.surroundings, timers, *this}};
   ViewCommands viewCommands{
-      {store, view, redraw, ScreenProxy, pointer, test.recording.surroundings, *this, desk.state}};
-  Desk desk{{test.session, view, renderer, redraw, viewCommands, ScreenProxy, pointer, timers,
-             tools, statusBar, *this}};
+      {store, view, redraw, ScreenProxy, pointer, test.recording.surroundings, *this, state}};
+  Desk desk{{test.session, view, renderer, redraw, state, viewCommands, ScreenProxy, pointer,
+             timers, tools, statusBar, *this}};
 
  private:
   void clickWith(int button, float x, float y, int shift) {

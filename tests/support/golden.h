@@ -10,6 +10,7 @@
 
 #include "core/file_system.h"
 #include "tests/support/source_folder.h"
+#include "tests/support/write_file.h"
 
 namespace tess::testing {
 

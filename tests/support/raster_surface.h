@@ -6,7 +6,8 @@
 #include <cmath>
 #include <cstdint>
 #include <cstdlib>
-#include <set>
+#include <functional>
+#include <numeric>
 #include <utility>
 #include <vector>
 
@@ -19,13 +20,13 @@ class RasterSurface : public DrawingSurface {
  public:
   static constexpr int kWidth = 200, kHeight = 160;
 
-  explicit RasterSurface(CallLog& /*log*/) : pixels_(kWidth * kHeight) {}
+  explicit RasterSurface(CallLog& /*log*/)
+      : pixels_(kWidth * kHeight), inkedBy_(kWidth * kHeight) {}
 
   const std::vector<std::int32_t>& picture() const { return pixels_; }
   int differences(const std::vector<std::int32_t>& other) const {
-    int count = 0;
-    for (std::size_t at = 0; at < pixels_.size(); ++at) count += pixels_[at] != other[at] ? 1 : 0;
-    return count;
+    return std::inner_product(pixels_.begin(), pixels_.end(), other.begin(), 0, std::plus<>(),
+                              std::not_equal_to<>());
   }
 
   SurfaceArea area() const override { return {0, 0, kWidth, kHeight}; }
@@ -65,8 +66,8 @@ class RasterSurface : public DrawingSurface {
     Pixels touched;
     for (int step = 0; step <= kSteps; ++step) {
       const double angle = start + (end - start) * step / kSteps;
-      touched.insert(at(static_cast<float>(arc.x + arc.radius * std::cos(angle)),
-                        static_cast<float>(arc.y + arc.radius * std::sin(angle))));
+      touched.push_back(at(static_cast<float>(arc.x + arc.radius * std::cos(angle)),
+                           static_cast<float>(arc.y + arc.radius * std::sin(angle))));
     }
     ink(touched, color);
   }
@@ -79,7 +80,7 @@ class RasterSurface : public DrawingSurface {
 
  private:
   using Pixel = std::pair<int, int>;
-  using Pixels = std::set<Pixel>;
+  using Pixels = std::vector<Pixel>;  // some of them more than once
 
   Pixel at(float x, float y) const {
     const PixelPoint pixel = toPixels(x, y);
@@ -106,7 +107,7 @@ class RasterSurface : public DrawingSurface {
     const int stepY = from.second < to.second ? 1 : -1;
     int error = dx + dy;
     for (int step = 0;; ++step) {
-      if (isInked(step)) touched.insert(from);
+      if (isInked(step)) touched.push_back(from);
       if (from == to) return;
       const int twice = 2 * error;
       if (twice >= dy) {
@@ -122,21 +123,25 @@ class RasterSurface : public DrawingSurface {
 
   // Each pixel once, however often a shape passes over it.
   void ink(const Pixels& touched, Rgb color) {
-    Pixels wide;
+    ++shape_;
     const int reach = state().drawWidth / 2;
     for (const auto& [x, y] : touched) {
       for (int dx = -reach; dx <= reach; ++dx) {
-        for (int dy = -reach; dy <= reach; ++dy) wide.insert({x + dx, y + dy});
+        for (int dy = -reach; dy <= reach; ++dy) inkPixel(x + dx, y + dy, color);
       }
     }
-    for (const auto& [x, y] : wide) {
-      if (x < 0 || x >= kWidth || y < 0 || y >= kHeight) continue;
-      std::int32_t& pixel = pixels_[static_cast<std::size_t>(y * kWidth + x)];
-      pixel = state().drawMode == PenMode::NotXor ? ~(pixel ^ color) & 0xFFFFFF : color;
-    }
+  }
+  void inkPixel(int x, int y, Rgb color) {
+    if (x < 0 || x >= kWidth || y < 0 || y >= kHeight) return;
+    const auto index = static_cast<std::size_t>(y * kWidth + x);
+    if (std::exchange(inkedBy_[index], shape_) == shape_) return;
+    std::int32_t& pixel = pixels_[index];
+    pixel = state().drawMode == PenMode::NotXor ? ~(pixel ^ color) & 0xFFFFFF : color;
   }
 
   std::vector<std::int32_t> pixels_;
+  std::vector<int> inkedBy_;  // the last shape that passed over each pixel
+  int shape_ = 0;
   bool enabled_ = true;
 };
 

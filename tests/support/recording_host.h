@@ -94,7 +94,8 @@ struct RecordingHost {
   FixedClock clock;
   RecordingSurroundings surroundings;
   RecordingFailures failures;
-  Host host{prompts, clock, surroundings, failures};
+  NoGuard guard;
+  Host host{prompts, clock, surroundings, failures, guard};
 };
 
 }  // namespace tess::testing

@@ -35,6 +35,7 @@ class RecordingListener : public SessionListener {
   void resetPendingAction() override { note("resetPendingAction"); }
   void DisplayedFilename(const std::string& text) override { displayed.push_back(text); }
   void updateStatusDisplay() override { note("updateStatusDisplay"); }
+  void drawingReplaced() override {}  // follows from a load or a new drawing
   void recentFilesChanged() override { note("recentFilesChanged"); }
   void brandingRead() override { note("brandingRead"); }
   void load_xsetup() override { note("load_xsetup"); }

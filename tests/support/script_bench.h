@@ -50,12 +50,14 @@ struct ScriptBench {
   ScriptHand hand{application, host, time, stage};
   PictureWriter writePicture;
   std::ostringstream out;
+  Watchdog watchdog{/*seconds=*/0, nullptr};
   Script script{.application = application,
                 .host = host,
                 .hand = hand,
                 .writePicture = writePicture,
                 .folders = folders,
-                .out = out};
+                .out = out,
+                .watchdog = watchdog};
   LuaState state;
   lua_State* L = state.get();
 };

@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "core/file_system.h"
+#include "tests/support/write_file.h"
 
 namespace tess::testing {
 

@@ -30,8 +30,6 @@ constexpr Template kSlot = {"G79 slot", -0.5F, 0.25F, 0, 6};
 
 struct CycleDesk : RecordedCam {
   explicit CycleDesk(const std::vector<Template>& templates) {
-    addRepeatCommands(desk.repeatCommands);
-    addCycleClicks(cam);
     store.NumCycles = templates.size();
     resizeCycles(store, store.NumCycles);
     for (int cycle = 0; cycle < store.NumCycles; ++cycle) {

@@ -18,8 +18,6 @@ using testing::RecordedCam;
 using Texts = std::vector<std::string>;
 
 struct FinishPath : RecordedCam, ::testing::Test {
-  FinishPath() { addFinishPathClicks(cam); }
-
   void answerForm(const std::function<void(frmFinishPath&)>& work) {
     test.recording.prompts.onForm = [work](Form& form) {
       work(dynamic_cast<frmFinishPath&>(form));

@@ -450,7 +450,6 @@ TEST_F(Gouge, OneGroupIsCleanedAtOnceAndShown) {
 }
 
 TEST_F(Gouge, ASecondGroupIsCleanedByItsClick) {
-  addGougeClicks(cam);
   addPaths(store, loops(1), 100);
   std::vector<Entity> above = loops(1);
   for (Entity& row : above) row.start.y += 2, row.end.y += 2;
@@ -468,7 +467,6 @@ TEST_F(Gouge, ASecondGroupIsCleanedByItsClick) {
 }
 
 TEST_F(Gouge, AClickWithNoVisiblePathDoesNothing) {
-  addGougeClicks(cam);
   addPaths(store, loops(1), 100);
   addPaths(store, loops(1), 200);
   for (int ps = 1; ps <= store.NumPathSegments; ++ps) store.psvisible[ps] = false;

@@ -38,7 +38,6 @@ struct Spiral : ::testing::Test, RecordedCam {
     store.cfg_min_rough_clearance = 0.05F;
     store.cfg_pocket_dist_from_center = 0.5F;
     cam.roughFloor = roughingFloor(store);
-    addSpiralClicks(cam);
   }
 
   void addOutline(const std::vector<Point>& corners) {

@@ -5,6 +5,7 @@
 #include "rapidcheck/gtest.h"
 
 #include "drafting/edit_commands.h"
+#include "drafting/entity_creation.h"
 #include "drafting/row_edits.h"
 #include "drafting/undo.h"
 #include "geometry/intersections.h"
@@ -396,11 +397,10 @@ TEST(ReversePathSegment, LeavesOtherRowsAlone) {
 
 TEST(ReversePath, ReversesTheRowNearTheClickAlone) {
   RecordedCam d;
-  addPlacementClicks(d.cam);
   addPath(d.store, line(0, 0, 2, 0));
   addPath(d.store, line(2, 0, 2, 2));
   const Texts before = pathTexts(d.store);
-  mnuRevPathDir_Click(d.desk);
+  mnuRevPathDir_Click(d.cam);
   EXPECT_EQ(d.pending(), 42);
   EXPECT_EQ(d.prompt(), "Click near Path Segment to reverse.  ");
   d.click(2.1F, 1.5F);
@@ -414,15 +414,29 @@ TEST(ReversePath, WithoutPathsCancelsWhatIsArmed) {
   RecordedCam d;
   mnuEditBreakSeg_Click(d.desk);
   ASSERT_EQ(d.pending(), 9);
-  mnuRevPathDir_Click(d.desk);
+  mnuRevPathDir_Click(d.cam);
   EXPECT_EQ(d.pending(), 0);
+  EXPECT_EQ(d.desk.command.LastCommand, 9);
+}
+
+TEST(ReversePath, SetsActionModeAndTheRepeatKeysMemoryAndDropsAHalfDoneCommand) {
+  RecordedCam d;
+  addPath(d.store, line(0, 0, 2, 0));
+  mnuDrawCircle3P_Click(d.desk);
+  d.click(2, 2);
+  ASSERT_EQ(d.desk.command.clickstage, 1);
+  mnuRevPathDir_Click(d.cam);
+  EXPECT_EQ(d.pending(), 42);
+  EXPECT_EQ(d.mode(), 0);
+  EXPECT_EQ(d.desk.command.LastCommand, 42);
+  EXPECT_EQ(d.desk.command.clickstage, 0);
+  EXPECT_FALSE(d.desk.command.secondCrossShown);
 }
 
 TEST(ReversePath, WithoutAVisibleRowDoesNothing) {
   RecordedCam d;
-  addPlacementClicks(d.cam);
   addPath(d.store, line(0, 0, 2, 0), 100, /*visible=*/false);
-  mnuRevPathDir_Click(d.desk);
+  mnuRevPathDir_Click(d.cam);
   d.click(1, 0.5F);
   EXPECT_EQ(pathTexts(d.store), Texts{"1 (0, 0)-(2, 0) @100 z 0"});
   EXPECT_EQ(d.cam.changelog.changecount, 0);
@@ -446,7 +460,6 @@ TEST(PlaceOnePathSegment, RoundsTheDrawingAndAsksForTheStart) {
 
 struct PlaceOne : RecordedCam, ::testing::Test {
   PlaceOne() {
-    addFinishPathClicks(cam);
     addLine(0, 0, 2, 0);
     addLine(2, 0, 2, 2);
     // Neither leads nor joints belong to a single element.

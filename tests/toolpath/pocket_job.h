@@ -42,8 +42,6 @@ class PocketJob : public RecordedCam {
  public:
   // Draws the part and accepts its pocket, then its islands.
   PocketJob(const TestPocket& pocket, const JobOrder& order) : part_(pocket.part) {
-    addFinishPathClicks(cam);
-    addSpiralClicks(cam);
     set(order);
     store.toolradius[0] = pocket.toolRadius;
     if (order.keepsDuplicates) test.recording.prompts.answers.push_back(Answer::No);

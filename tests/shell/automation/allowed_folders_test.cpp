@@ -1,10 +1,13 @@
 // What a script may touch: real places count, not how a path is written.
 #include "shell/automation/allowed_folders.h"
 
+#include <fcntl.h>
 #include <filesystem>
+#include <sys/stat.h>
 
 #include "gtest/gtest.h"
 
+#include "core/descriptor.h"
 #include "tests/support/temp_folder.h"
 
 namespace tess {
@@ -72,8 +75,45 @@ TEST_F(AllowedFoldersTest, ArgumentsNameFoldersAndFilesWithTheirFolder) {
   folders.allowNamedBy(root("outside"));
   EXPECT_TRUE(allows(root("outside/part.cdm")));
   EXPECT_FALSE(allows(root("inside2/part.cdm")));
-  folders.allowNamedBy(root("inside2/new.cdm"));
+  root.write("inside2/old.cdm", "");
+  folders.allowNamedBy(root("inside2/old.cdm"));
   EXPECT_TRUE(allows(root("inside2/part.cdm")));
+}
+
+TEST_F(AllowedFoldersTest, WhatIsNotThereOpensNothing) {
+  folders.allowNamedBy(root("outside/new.cdm"));
+  folders.allowNamedBy(root("nowhere/new.cdm"));
+  EXPECT_FALSE(allows(root("outside/part.cdm")));
+  fs::create_symlink("nowhere", root("outside/dangling"));
+  folders.allowNamedBy(root("outside/dangling"));
+  EXPECT_FALSE(allows(root("outside/part.cdm")));
+}
+
+TEST_F(AllowedFoldersTest, WhatIsNeitherFileNorFolderOpensNothing) {
+  ASSERT_EQ(::mkfifo(root("outside/pipe").c_str(), 0600), 0);
+  folders.allowNamedBy(root("outside/pipe"));
+  EXPECT_FALSE(allows(root("outside/part.cdm")));
+}
+
+TEST_F(AllowedFoldersTest, NoArgumentOpensTheRoot) {
+  for (const char* argument : {"/5", "/", "//", "/.", "/tmp/..", "\\5"}) {
+    folders.allowNamedBy(argument);
+    EXPECT_FALSE(allows(root("outside/part.cdm"))) << argument;
+  }
+}
+
+TEST_F(AllowedFoldersTest, AnOpenDescriptorTellsWhereItReallyIs) {
+  const auto holds = [this](const std::string& folder) {
+    const Descriptor opened(::open(folder.c_str(), O_PATH | O_DIRECTORY));
+    return folders.holds(opened.number());
+  };
+  fs::create_directory_symlink(root("outside"), root("inside/link"));
+  EXPECT_TRUE(holds(root("inside")));
+  EXPECT_TRUE(holds(root("inside/deeper")));
+  EXPECT_FALSE(holds(root("inside/link")));
+  EXPECT_FALSE(holds(root("inside2")));
+  EXPECT_FALSE(holds(root()));
+  EXPECT_FALSE(holds("/"));
 }
 
 TEST_F(AllowedFoldersTest, PlainArgumentsOpenNothing) {
@@ -85,7 +125,7 @@ TEST_F(AllowedFoldersTest, PlainArgumentsOpenNothing) {
 }
 
 TEST_F(AllowedFoldersTest, SetupsOfTheProgramsFolderAreReadAndNothingElseOfIt) {
-  folders.allowSetupsOf(root("outside"));
+  folders.setProgramFolder(root("outside"));
   fs::create_directories(root("outside/deeper"));
   root.write("outside/lathe.msu", "");
   fs::create_symlink(root("inside2/secret"), root("outside/link.msu"));

@@ -90,13 +90,14 @@ std::string pathFile(const std::string& drawing) {
   return upperCased(drawing) + ".TPM";
 }
 
-// The heading says when the program was made.
-std::string withoutTime(const std::string& program) {
-  const std::string mark = "{Creation Time}: ";
+// The heading says when the program was made: here always as in the golden files.
+std::string madeThen(const std::string& program) {
+  const std::string mark = "{Creation Date}: ";
   const std::size_t at = program.find(mark);
   if (at == std::string::npos) return program;
-  const std::size_t time = at + mark.size();
-  return program.substr(0, time) + "--:--:--" + program.substr(program.find('\r', time));
+  const std::size_t made = at + mark.size();
+  return program.substr(0, made) + "11/21/2026   {Creation Time}: --:--:--" +
+         program.substr(program.find('\r', made));
 }
 
 class ExampleJobs : public ::testing::TestWithParam<ExampleJob> {
@@ -119,7 +120,7 @@ TEST_P(ExampleJobs, WritesTheGoldenProgramAndAPicture) {
   for (const std::string& drawing : GetParam().drawings) {
     expectedPictures.push_back(run.folder(drawing + ".png"));
     testing::expectGolden("shell/automation/golden/" + drawing + ".CNC",
-                          withoutTime(run.folder.read(drawing + ".CNC")));
+                          madeThen(run.folder.read(drawing + ".CNC")));
   }
   EXPECT_EQ(run.pictures, expectedPictures);
 }

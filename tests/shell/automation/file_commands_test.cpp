@@ -93,9 +93,11 @@ TEST_F(FileCommands, EverythingOutsideIsRefusedWithItsPath) {
 
 TEST_F(FileCommands, FoldersInTheScriptsArgumentsAreOpen) {
   const testing::TempFolder outside;
-  job.arguments = {"4", outside("part.cdm")};
-  outputOf("save(arg[2])");
+  job.arguments = {"4", outside()};
+  outputOf("save(arg[2] .. 'part.cdm')");
   EXPECT_TRUE(outside.has("part.cdm"));
+  job.arguments = {outside("part.cdm")};
+  outputOf("save(arg[1])");
 }
 
 TEST_F(FileCommands, AStoreThatPointsOutsideGivesNoWayOut) {

@@ -147,6 +147,7 @@ TEST_F(FormObjects, MethodsTellWhetherTheControlWasInReach) {
 }
 
 TEST_F(FormObjects, MistakesAreErrorsThatSayWhatWasMeant) {
+  constexpr char kTooLong[] = "a control takes no more than 1048576 bytes of text";
   const struct {
     const char* statement;
     const char* error;
@@ -162,6 +163,12 @@ TEST_F(FormObjects, MistakesAreErrorsThatSayWhatWasMeant) {
       {"form.cmdOK:change('x')", "cmdOK takes no text"},
       {"form.cmdOK.click(form)", "a control stands in front of the colon"},
       {"form.chkRound.value = {}", "Type mismatch"},
+      {"form.txtDepth:change(('x'):rep(1048577))", kTooLong},
+      {"form.txtDepth.text = ('x'):rep(1048577)", kTooLong},
+      {"form.lstTools.items = {('x'):rep(600000), ('y'):rep(600000)}", kTooLong},
+      {"form.lstTools.items = setmetatable({}, {__len = function() return 1 << 40 end, "
+       "__index = function() return '' end})",
+       kTooLong},
       {"form.lstTools.index = 9", "No item has this index: dlgProbe.lstTools.index"},
   };
   for (const auto& [statement, error] : cases) {

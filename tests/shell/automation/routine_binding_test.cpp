@@ -37,6 +37,7 @@ TEST_F(RoutineBinding, NumbersAndTexts) {
 }
 
 TEST_F(RoutineBinding, SetupsAndTheLifeOfADrawing) {
+  job.folders.push_back(home());  // where setups are saved
   EXPECT_EQ(outputOf("add_segment{type=1} add_path{type=1} store.markerx = 5 "
                      "call.new_drawing() "
                      "print(store.NumSegments, store.NumPathSegments, store.markerx)"),
@@ -96,6 +97,7 @@ TEST_F(RoutineBinding, AFailureInTheErrorPathIsShownLoggedAndOver) {
 }
 
 TEST_F(RoutineBinding, WhatARoutineSurvivesIsReportedToo) {
+  job.folders.push_back(home());  // where setups are saved
   const std::string shown = outputOf(
       "store.toolradius[0] = 0 call.SetupTESS('S') print(#messages) "
       "setting['cut width type'] = 2 call.SetupTESS('S') call.load_setup() "

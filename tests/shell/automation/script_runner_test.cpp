@@ -150,6 +150,36 @@ TEST_F(ScriptRunner, MemoryHasABound) {
             std::string::npos);
 }
 
+// The texts lie in the program, out of the interpreter's sight.
+TEST_F(ScriptRunner, TextsInTheProgramCountAgainstTheBound) {
+  job.limits.memory = 32 << 20;
+  const std::string text = "local text = ('x'):rep(2000000) ";
+  for (const char* statement :
+       {"for tool = 0, 98 do store.toolname[tool] = text end",
+        "for _, key in ipairs{'toolname', 'toolmaterial', 'toolfeedrate'} do "
+        "for tool = 0, 9 do store[key][tool] = text end end",
+        "for _, key in ipairs{'drawing title', 'designer name', 'drawing revision', 'part "
+        "material', "
+        "'part hardness', 'material condition', 'material category', 'cnc output path', "
+        "'cncheadertext', 'cnctrailertext', 'cnccomment', 'cncletters', 'cncfmtinch', 'cncfmtmm', "
+        "'creation date'} do setting[key] = text end store.drawingname = text"}) {
+    const std::string line = failureOf(text + statement);
+    EXPECT_NE(line.find("not enough memory"), std::string::npos) << statement << ": " << line;
+  }
+  EXPECT_EQ(outputOf(text + "for turn = 1, 100 do store.toolname[turn % 3] = text end "
+                            "for tool = 0, 98 do store.toolname[tool] = text "
+                            "store.toolname[tool] = '' setting['drawing title'] = text end "
+                            "print(#store.toolname[1], #setting['drawing title'])"),
+            "0\t2000000\n");
+}
+
+TEST_F(ScriptRunner, PathsHaveABound) {
+  EXPECT_EQ(failureOf("open(('x'):rep(4097))"), "test.lua:1: a path has no more than 4096 bytes");
+  EXPECT_EQ(failureOf("plot(('x'):rep(4097))"), "test.lua:1: a path has no more than 4096 bytes");
+  EXPECT_EQ(failureOf("on_file(function() return ('x'):rep(4097) end) tool('miOpen')"),
+            "test.lua:1: a path has no more than 4096 bytes");
+}
+
 TEST_F(ScriptRunner, DeepRecursionIsAnError) {
   EXPECT_NE(failureOf("local function f() return 1 + f() end f()").find("stack overflow"),
             std::string::npos);
@@ -165,6 +195,26 @@ TEST_F(ScriptRunner, InstructionsHaveABoundWhenAsked) {
   job.limits.instructions = 100000;
   EXPECT_EQ(failureOf("while true do pcall(function() while true do end end) end"),
             "the script has run too long");
+}
+
+TEST_F(ScriptRunner, TimeHasABoundWhenAsked) {
+  job.timeout = 0.05;
+  const std::string late = "the script has run longer than 0.05 s";
+  EXPECT_EQ(failureOf("while true do pcall(function() while true do end end) end"),
+            "test.lua:1: " + late);
+  EXPECT_EQ(failureOf("local x = 0\nwhile true do\nx = geometry.distance(0, 0, x, 1)\nend"),
+            "test.lua:3: " + late);
+  EXPECT_EQ(failureOf("while true do\npcall(wait, 86400000) end"), "test.lua:2: " + late);
+  EXPECT_EQ(failureOf("add_segment{type=1, x1=1}\non_message(function() while true do end end)\n"
+                      "store.drawingsaved = false\ntool('miNew')"),
+            "test.lua:2: " + late);
+}
+
+TEST_F(ScriptRunner, TimeIsNotLookedAtUnlessAsked) {
+  job.timeout = 60;
+  EXPECT_EQ(outputOf("print('done')"), "done\n");
+  job.timeout = 0;
+  EXPECT_EQ(outputOf("print('done')"), "done\n");
 }
 
 TEST_F(ScriptRunner, FinalisersRunWhileTheProgramIsStillThere) {

@@ -1,0 +1,84 @@
+// The places of files that are replaced together, and what happens in them.
+#include "core/file_group.h"
+
+#include "core/file_system.h"
+
+namespace tess {
+namespace {
+
+GroupFile groupFile(WriteGuard& guard, const std::string& path, const std::string& stem,
+                    std::size_t index) {
+  const FilePlace target(guard, path, index == 0 ? FileKind::Drawing : FileKind::Companion);
+  return {.target = target,
+          .backup = target.beside(target.name() + "~", FileKind::Companion),
+          .fresh = target.beside(freshName(stem, index), FileKind::Companion),
+          .spare = target.beside(spareName(stem, index), FileKind::Companion)};
+}
+
+std::vector<GroupFile> groupFiles(WriteGuard& guard, const std::vector<std::string>& paths,
+                                  const std::string& stem) {
+  std::vector<GroupFile> files;
+  for (const std::string& path : paths) {
+    files.push_back(groupFile(guard, path, stem, files.size()));
+  }
+  return files;
+}
+
+}  // namespace
+
+FileGroup::FileGroup(WriteGuard& guard, const std::vector<std::string>& paths)
+    : name_(fileNameOf(paths.front())),
+      files_(groupFiles(guard, paths, journalStem(name_))),
+      journal_(FilePlace::ofEntry(guard, paths.front(), FileKind::Drawing)
+                   .beside(journalName(journalStem(name_)), FileKind::Companion)) {}
+
+void FileGroup::keepSpare(std::size_t index) const {
+  const GroupFile& file = files_[index];
+  file.spare.remove();
+  if (file.target.linkTo(file.spare)) return;
+  // The file system has no second names.
+  file.spare.flush(file.spare.create(readFile(file.target.path()), file.target.state()));
+}
+
+void FileGroup::place(const SaveJournal& journal) const {
+  for (std::size_t index = 0; index < files_.size(); ++index) {
+    const GroupFile& file = files_[index];
+    if (!journal.files[index].after) {
+      file.target.remove();
+    } else if (file.fresh.state()) {
+      file.fresh.moveTo(file.target);
+    }
+  }
+}
+
+void FileGroup::renewBackups(const SaveJournal& journal) const {
+  if (!journal.keepsOld) return;
+  for (std::size_t index = 0; index < files_.size(); ++index) {
+    const GroupFile& file = files_[index];
+    if (!journal.files[index].before) {
+      file.backup.remove();
+    } else if (file.spare.state()) {
+      file.spare.moveTo(file.backup);
+    }
+  }
+}
+
+void FileGroup::flushFolders() const {
+  journal_.flushFolder();
+  for (std::size_t index = 0; index < files_.size(); ++index) {
+    const FilePlace& place = files_[index].target;
+    const bool flushed = place.sharesFolderWith(journal_) ||
+                         (index > 0 && place.sharesFolderWith(files_.front().target));
+    if (!flushed) place.flushFolder();
+  }
+}
+
+void FileGroup::clear() const {
+  for (const GroupFile& file : files_) {
+    file.fresh.remove();
+    file.spare.remove();
+  }
+  journal_.remove();
+}
+
+}  // namespace tess

@@ -1,0 +1,47 @@
+// Files that are replaced together, each with the names that a save uses beside it, and the steps
+// of such a save. They are the same whether it runs through or is completed after it was cut off.
+// Owns: GroupFile, FileGroup.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "core/file_writer.h"
+#include "core/save_journal.h"
+
+namespace tess {
+
+struct GroupFile {
+  FilePlace target;
+  FilePlace backup;  // a tilde behind the name
+  FilePlace fresh;   // the new content until it takes its place
+  FilePlace spare;   // what is in that place before, until it is the backup
+};
+
+class FileGroup {
+ public:
+  // The journal lies beside the name of the first file, also where that is a link. The first is a
+  // drawing to the guard, the others are its companions.
+  FileGroup(WriteGuard& guard, const std::vector<std::string>& paths);
+
+  const std::vector<GroupFile>& files() const { return files_; }
+  const FilePlace& journal() const { return journal_; }
+  // The name that goes into the journal.
+  const std::string& name() const { return name_; }
+
+  // The steps. Each may be repeated: what is done already is passed over. They raise what the
+  // places raise, and count on a journal with as many files as the group.
+  void keepSpare(std::size_t index) const;  // of the file that is in its place
+  void place(const SaveJournal& journal) const;
+  void renewBackups(const SaveJournal& journal) const;
+  void flushFolders() const;
+  // What was waiting is gone, the journal last of all.
+  void clear() const;
+
+ private:
+  std::string name_;
+  std::vector<GroupFile> files_;
+  FilePlace journal_;
+};
+
+}  // namespace tess

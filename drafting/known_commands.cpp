@@ -1,0 +1,29 @@
+// What the desk knows of commands.
+#include "drafting/known_commands.h"
+
+namespace tess {
+
+void KnownCommands::addCommand(Desk& desk, const DeskCommand& command) {
+  addActions(desk, command.actions);
+  addRepeats(desk, command.run, command.repeat);
+  if (command.mode.number != kNoMode) modes.push_back(&command);
+}
+
+const ActionText* findAction(const KnownCommands& known, int number) {
+  const bool inTable = number >= 0 && number < kActionNumbers;
+  return inTable ? known.actionTexts[static_cast<std::size_t>(number)] : nullptr;
+}
+
+const DrawingMode* modeOf(const KnownCommands& known, int drawMode) {
+  for (const DeskCommand* const command : known.modes) {
+    if (command->mode.number == drawMode) return &command->mode;
+  }
+  return nullptr;
+}
+
+bool takesThreePoints(const KnownCommands& known, int drawMode) {
+  const DrawingMode* const mode = modeOf(known, drawMode);
+  return mode != nullptr && mode->threePoints;
+}
+
+}  // namespace tess

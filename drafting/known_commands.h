@@ -1,0 +1,69 @@
+// What the desk knows of commands: which pending actions there are and what their clicks do, what
+// the repeat key issues, and the drawing modes. All of it comes from descriptors.
+// Owns: kActionNumbers, ByAction, KnownCommands, findAction, modeOf, takesThreePoints.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <functional>
+#include <vector>
+
+#include "core/pending_action.h"
+#include "drafting/desk_command.h"
+
+namespace tess {
+
+// By the number of the pending action or of LastCommand; 0 to 47.
+inline constexpr int kActionNumbers = 48;
+template <class Entry>
+using ByAction = std::array<Entry, kActionNumbers>;
+
+struct KnownCommands {
+  ByAction<const ActionText*> actionTexts{};  // null for a number that is no action
+  // An action without an entry is armed and prompts, and its click has no effect.
+  ByAction<std::function<void(Desk&)>> clickActions;
+  // A number without an entry does nothing.
+  ByAction<std::function<void(Desk&)>> repeatCommands;
+  std::vector<const DeskCommand*> modes;  // the commands that bring a drawing mode
+
+  // Takes a command in. `context` is what it works on, and outlives the desk.
+  template <class Context>
+  void addCommand(Context& context, const Command<Context>& command) {
+    addActions(context, command.actions);
+    addRepeats(context, command.run, command.repeat);
+  }
+  void addCommand(Desk& desk, const DeskCommand& command);
+
+  template <class Context>
+  void addActions(Context& context, std::span<const Action<Context>> actions) {
+    for (const Action<Context>& action : actions) {
+      const auto number = static_cast<std::size_t>(action.text.action);
+      actionTexts[number] = &action.text;
+      if (action.click == nullptr) continue;
+      clickActions[number] = [&context, click = action.click](Desk&) { click(context); };
+    }
+  }
+
+ private:
+  template <class Context>
+  void addRepeats(Context& context, const CommandRoutine<Context>& run,
+                  const Repeat<Context>& repeat) {
+    for (const PendingAction number : repeat.numbers) {
+      if (number == PendingAction::None) continue;
+      const CommandRoutine<Context> issue =
+          repeat.issue != nullptr ? CommandRoutine<Context>(repeat.issue) : run;
+      repeatCommands[static_cast<std::size_t>(number)] = [&context, issue](Desk&) {
+        issue(context);
+      };
+    }
+  }
+};
+
+// The pending action of that number; null for none.
+const ActionText* findAction(const KnownCommands& known, int number);
+
+// The drawing mode of that value of DrawMode; null for a value that is none.
+const DrawingMode* modeOf(const KnownCommands& known, int drawMode);
+bool takesThreePoints(const KnownCommands& known, int drawMode);
+
+}  // namespace tess

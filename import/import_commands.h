@@ -1,0 +1,17 @@
+// The commands of this room: they work on the drafting desk.
+// Owns: importCommands.
+#pragma once
+
+#include "core/command_list.h"
+#include "drafting/desk_command.h"
+
+namespace tess {
+
+#define TESSIMO_DECLARE(descriptor) extern const DeskCommand descriptor;
+TESSIMO_IMPORT_COMMANDS(TESSIMO_DECLARE)
+#undef TESSIMO_DECLARE
+
+// All of them, in the order of the list.
+std::span<const DeskCommand* const> importCommands();
+
+}  // namespace tess

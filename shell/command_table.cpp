@@ -1,0 +1,49 @@
+// The one table of commands, from the list of all.
+#include "shell/command_table.h"
+
+#include "core/core_commands.h"
+#include "display/display_commands.h"
+#include "drafting/drafting_commands.h"
+#include "import/import_commands.h"
+#include "shell/application.h"
+#include "shell/shell_commands.h"
+#include "toolpath/toolpath_commands.h"
+
+namespace tess {
+namespace {
+
+// What a command works on.
+Session& contextOf(const SessionCommand& /*command*/, Application& application) {
+  return application.session;
+}
+ViewCommands& contextOf(const ViewCommand& /*command*/, Application& application) {
+  return application.interaction.viewCommands;
+}
+Desk& contextOf(const DeskCommand& /*command*/, Application& application) {
+  return application.interaction.desk;
+}
+CamDesk& contextOf(const CamCommand& /*command*/, Application& application) {
+  return application.interaction.cam;
+}
+Application& contextOf(const ShellCommand& /*command*/, Application& application) {
+  return application;
+}
+
+template <const auto& command>
+constexpr CommandEntry entryOf() {
+  return {&command.info, [] { return command.run.exists(); },
+          [](Application& application) { command.run(contextOf(command, application)); }};
+}
+
+#define TESSIMO_ENTRY(descriptor) entryOf<descriptor>(),
+constexpr CommandEntry kCommands[] = {TESSIMO_COMMANDS(
+    TESSIMO_ENTRY, TESSIMO_ENTRY, TESSIMO_ENTRY, TESSIMO_ENTRY, TESSIMO_ENTRY, TESSIMO_ENTRY)};
+#undef TESSIMO_ENTRY
+
+}  // namespace
+
+std::span<const CommandEntry> commands() {
+  return kCommands;
+}
+
+}  // namespace tess

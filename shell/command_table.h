@@ -1,0 +1,22 @@
+// The commands of all rooms as commands of the program, in one table.
+// Owns: CommandEntry, commands.
+#pragma once
+
+#include <span>
+
+#include "core/command.h"
+
+namespace tess {
+
+class Application;
+
+struct CommandEntry {
+  const CommandInfo* info;
+  bool (*exists)();  // false for one that is still to come
+  void (*run)(Application& application);
+};
+
+// In the order in which a click on a tool is compared with their names.
+std::span<const CommandEntry> commands();
+
+}  // namespace tess

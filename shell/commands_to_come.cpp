@@ -1,0 +1,67 @@
+// Commands that do not exist yet. Their tools stand disabled; a descriptor moves to the file of its
+// routine when there is one.
+#include "shell/shell_commands.h"
+
+namespace tess {
+
+constexpr ShellCommand kPrintCommand{
+    .info = {.tool = "miPrintPicture",
+             .caption = "&Print Picture...",
+             .menu = {"miFile", 310},
+             .bar = {"barFile", 140}},
+    .run = kNotYet,
+};
+
+constexpr ShellCommand kPrintPreviewCommand{
+    .info = {.tool = "miPrintPreview", .caption = "Print Pre&view", .menu = {"miFile", 320}},
+    .run = kNotYet,
+};
+
+constexpr ShellCommand kToolChestCommand{
+    .info = {.tool = "miToolChest", .caption = "T&ool Chest...", .menu = {"miDraw", 410}},
+    .run = kNotYet,
+};
+
+constexpr ShellCommand kTitleBlockCommand{
+    .info = {.tool = "miDrawingTitleBlock",
+             .caption = "Drawing &Title Block...",
+             .menu = {"miOptions", 110}},
+    .run = kNotYet,
+};
+
+constexpr ShellCommand kCncSetupCommand{
+    .info = {.tool = "miG-codeControlSetup",
+             .caption = "&G-code Control Setup...",
+             .menu = {"miOptions", 120}},
+    .run = kNotYet,
+};
+
+constexpr ShellCommand kPrinterOptionsCommand{
+    .info = {.tool = "miPrinterOptions",
+             .caption = "&Printer Options...",
+             .menu = {"miOptions", 140}},
+    .run = kNotYet,
+};
+
+constexpr ShellCommand kSelectToolCommand{
+    .info = {.tool = "miSelectTool",
+             .caption = "Select &Tool...",
+             .menu = {"miCAM", 110},
+             .bar = {"barCAM", 110}},
+    .run = kNotYet,
+};
+
+constexpr ShellCommand kEditPathCommand{
+    .info = {.tool = "miEditPath/Cycle",
+             .caption = "&Edit Path/Cycle...",
+             .menu = {"miCAM", 320},
+             .bar = {"barCAM", 270}},
+    .run = kNotYet,
+};
+
+constexpr ShellCommand kBrowseCncFileCommand{
+    .info = {.tool = "miBrowseCNCFile", .caption = "&Browse CNC File...", .menu = {"miCAM", 430}},
+    .run = kNotYet,
+};
+
+}  // namespace tess

@@ -1,0 +1,1 @@
+// Nothing but the headers that all test programs precompile in common.
