@@ -32,6 +32,10 @@ void inRow(int ps, Work work) {
 
 }  // namespace
 
+bool MotionPass::isHere(Point place) const {
+  return samePoint(here(), place, store.cfg_tolerance);
+}
+
 void MotionPass::run() {
   if (store.NumPathSegments == 0) return;
   tell(ProgramStart{.isMetric = isMetric(store)});

@@ -5,6 +5,7 @@
 
 #include "core/rounding.h"
 #include "core/runtime_failure.h"
+#include "core/drawing_store.h"
 
 namespace tess {
 namespace {

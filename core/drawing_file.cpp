@@ -14,6 +14,7 @@
 #include "core/save_pair.h"
 #include "core/save_record.h"
 #include "core/units.h"
+#include "core/drawing_store.h"
 
 namespace tess {
 namespace {

@@ -9,6 +9,7 @@
 
 #include "core/number_text.h"
 #include "core/text.h"
+#include "core/drawing_store.h"
 
 namespace tess {
 namespace {

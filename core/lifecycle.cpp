@@ -13,6 +13,7 @@
 #include "core/setup_file.h"
 #include "core/text.h"
 #include "core/units.h"
+#include "core/drawing_store.h"
 
 namespace tess {
 namespace {

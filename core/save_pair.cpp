@@ -10,6 +10,7 @@
 #include "core/file_system.h"
 #include "core/replace_files.h"
 #include "core/save_record.h"
+#include "core/drawing_store.h"
 
 namespace tess {
 namespace {

@@ -12,6 +12,7 @@
 #include "core/file_system.h"
 #include "core/file_writer.h"
 #include "core/text.h"
+#include "core/runtime_failure.h"
 
 namespace tess {
 namespace {

@@ -11,6 +11,8 @@
 #include "core/number_text.h"
 #include "core/rounding.h"
 #include "core/text.h"
+#include "core/drawing_store.h"
+#include "core/runtime_failure.h"
 
 namespace tess {
 namespace {

@@ -14,6 +14,7 @@
 #include "core/text.h"
 #include "core/units.h"
 #include "core/version.h"
+#include "core/drawing_store.h"
 
 namespace tess {
 namespace {

@@ -5,6 +5,8 @@
 #include <cmath>
 
 #include "geometry/angles.h"
+#include "core/drawing_store.h"
+#include "geometry/row_entity.h"
 
 namespace tess {
 

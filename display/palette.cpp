@@ -4,6 +4,7 @@
 #include <array>
 
 #include "core/rounding.h"
+#include "core/drawing_store.h"
 
 namespace tess {
 

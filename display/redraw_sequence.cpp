@@ -2,6 +2,7 @@
 #include "display/redraw_sequence.h"
 
 #include "display/screen_marks.h"
+#include "core/drawing_store.h"
 
 namespace tess {
 

@@ -11,6 +11,8 @@
 #include "display/disc_row.h"
 #include "display/renderer.h"
 #include "geometry/angles.h"
+#include "core/drawing_store.h"
+#include "geometry/row_entity.h"
 
 namespace tess {
 

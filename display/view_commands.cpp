@@ -5,6 +5,7 @@
 
 #include "core/file_system.h"
 #include "display/display_commands.h"
+#include "core/drawing_store.h"
 
 namespace tess {
 

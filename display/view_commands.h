@@ -12,6 +12,7 @@
 #include "display/pointer.h"
 #include "display/redraw_sequence.h"
 #include "display/view_transform.h"
+#include "core/drawing_store.h"
 
 namespace tess {
 

@@ -7,6 +7,7 @@
 #include "core/number_text.h"
 #include "core/rounding.h"
 #include "geometry/points.h"
+#include "core/drawing_store.h"
 
 namespace tess {
 

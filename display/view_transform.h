@@ -8,6 +8,7 @@
 #include <string>
 
 #include "display/drawing_target.h"
+#include "core/int16.h"
 
 namespace tess {
 

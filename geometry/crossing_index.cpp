@@ -12,6 +12,7 @@
 #include <cmath>
 
 #include "geometry/row_boxes.h"
+#include "core/drawing_store.h"
 
 namespace tess {
 namespace {

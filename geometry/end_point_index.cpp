@@ -1,6 +1,7 @@
 // The hashed end points: cells of sixteen tolerances, so that a point and all that is the same lie
 // mostly in one cell, and in at most two along each axis.
 #include "geometry/end_point_index.h"
+#include "core/drawing_store.h"
 
 #include <algorithm>
 #include <array>
@@ -174,6 +175,14 @@ EndPointIndex pathEndIndex(const DrawingStore& store, float tolerence) {
   for (int ps = rows; ps >= 1; --ps)
     index.update(ps, {store.psx0[ps], store.psy0[ps]}, {store.psx1[ps], store.psy1[ps]});
   return index;
+}
+
+EndPointIndex segmentEndIndex(const DrawingStore& store) {
+  return segmentEndIndex(store, store.cfg_tolerance);
+}
+
+EndPointIndex pathEndIndex(const DrawingStore& store) {
+  return pathEndIndex(store, store.cfg_tolerance);
 }
 
 }  // namespace tess

@@ -4,6 +4,8 @@
 #include "core/rounding.h"
 #include "geometry/angles.h"
 #include "geometry/circles.h"
+#include "geometry/row_entity.h"
+#include "core/drawing_store.h"
 
 namespace tess {
 namespace {

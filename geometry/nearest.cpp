@@ -6,6 +6,8 @@
 
 #include "geometry/angles.h"
 #include "geometry/circles.h"
+#include "geometry/row_entity.h"
+#include "core/drawing_store.h"
 
 namespace tess {
 namespace {

@@ -7,6 +7,8 @@
 
 #include "geometry/nearest_scans.h"
 #include "geometry/row_boxes.h"
+#include "geometry/row_entity.h"
+#include "core/drawing_store.h"
 
 namespace tess {
 namespace {

@@ -5,6 +5,8 @@
 
 #include "geometry/nearest.h"
 #include "geometry/row_boxes.h"
+#include "core/drawing_store.h"
+#include "geometry/row_entity.h"
 
 namespace tess {
 namespace {

@@ -28,7 +28,8 @@ std::unique_ptr<Timer> GuardedTimers::create(const TimerSpec& spec, std::functio
 }
 
 Application::Application(const Platform& platform)
-    : reporting_(platform.reporting),
+    : ownStore_(std::make_unique<DrawingStore>()),
+      reporting_(platform.reporting),
       timers_(platform.screen.timers, platform.reporting),
       session(store, platform.host, listener_),
       interaction(session, {platform.screen.picDrawing, platform.screen.pointer, timers_,
