@@ -376,7 +376,10 @@ void mnuFileRevert_Click(Session& session) {
 // ---- Descriptors
 
 constexpr SessionCommand kRevertCommand{
-    .info = {.tool = "miReverttoSaved", .caption = "&Revert to Saved", .menu = {"miFile", 130}},
+    .info = {.tool = "miReverttoSaved",
+             .caption = "&Revert to Saved",
+             .menu = {"miFile", 130},
+             .touches = TouchedFiles::ChosenDrawing},
     .run = mnuFileRevert_Click,
 };
 
@@ -384,7 +387,8 @@ constexpr SessionCommand kSaveCommand{
     .info = {.tool = "miSave",
              .caption = "&Save",
              .menu = {"miFile", 210},
-             .bar = {"barFile", 130}},
+             .bar = {"barFile", 130},
+             .touches = TouchedFiles::Drawing},
     .run = smart_save,
 };
 
