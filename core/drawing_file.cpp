@@ -293,6 +293,7 @@ SaveResult saveAsking(Session& session, bool agreed) {
   DrawingStore& store = session.store;
   if (const auto result = askAboutLostPaths(session)) return *result;
   if (store.NumSegments > 0) roundall(store);
+  session.listener.rowsRewritten();
   for (bool written = false; !written;) {
     const PairSave save = savePair(session, agreed);
     tellRecoveries(session, save.recoveries);

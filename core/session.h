@@ -46,6 +46,7 @@ class SessionListener {
   virtual void resetPendingAction() = 0;          // pendingaction, DrawMode 0, arrow
   virtual void DisplayedFilename(const std::string& text) = 0;  // first panel of the status bar
   virtual void updateStatusDisplay() = 0;
+  virtual void rowsRewritten() = 0;    // by other ways than a command: a save has rounded them
   virtual void drawingReplaced() = 0;  // another drawing or none: its view starts anew
   virtual void recentFilesChanged() = 0;
   virtual void brandingRead() = 0;              // productname may have changed

@@ -3,11 +3,11 @@
 
 #include <optional>
 #include <utility>
+#include <vector>
 
 #include "display/screen_marks.h"
 #include "drafting/drafting_commands.h"
 #include "drafting/rubber_band.h"
-#include "drafting/undo.h"
 #include "geometry/angles.h"
 #include "geometry/circles.h"
 
@@ -52,12 +52,15 @@ void putMarker(Desk& desk, float x, float y) {
   toggleMarkerCross(desk);
 }
 
-// Appends, draws and logs one ordinary row.
-void appendLogged(Desk& desk, const SegmentRow& row, PictureBoxProxy& target, bool startsStep) {
+// Adds ordinary rows as one step, each drawn as it comes.
+void addRows(Desk& desk, std::span<const SegmentRow> rows, PictureBoxProxy& target, int undoMark) {
   SegmentPainter painter(desk.renderer, target);
-  AddSeg(desk.store, row, &painter);
-  logSegment(desk.changelog, desk.store, desk.store.NumSegments, "A", startsStep);
-  desk.store.drawingsaved = false;
+  Change change(desk.changes);
+  for (const SegmentRow& row : rows) change.segments.append(row, painter);
+  change.keep({.undoMark = undoMark, .redraws = false});
+}
+void addRow(Desk& desk, const SegmentRow& row, PictureBoxProxy& target) {
+  addRows(desk, {&row, 1}, target, kRowsAdded);
 }
 
 SegmentRow lineRow(Point from, Point to) {
@@ -88,10 +91,8 @@ SegmentRow scratchArcRow(const ArcScratch& arc) {
 void drawLineMode(Desk& desk, PictureBoxProxy& target) {
   desk.command.clickstage = 0;
   toggleMarkerCross(desk);
-  const SegmentRow line = lineRow(markerOf(desk), mouseOf(desk));
-  appendLogged(desk, line, target, /*startsStep=*/true);
+  addRow(desk, lineRow(markerOf(desk), mouseOf(desk)), target);
   putMarker(desk, desk.pointer.MouseX, desk.pointer.MouseY);
-  enableUndo(desk, kRowsAdded);
 }
 
 void drawRectangleMode(Desk& desk, PictureBoxProxy& target) {
@@ -100,22 +101,20 @@ void drawRectangleMode(Desk& desk, PictureBoxProxy& target) {
   const Point a = markerOf(desk);
   const Point b = mouseOf(desk);
   if (a.x != b.x && a.y != b.y) {
-    appendLogged(desk, lineRow(a, {b.x, a.y}), target, /*startsStep=*/true);
-    appendLogged(desk, lineRow({b.x, a.y}, b), target, /*startsStep=*/false);
-    appendLogged(desk, lineRow(b, {a.x, b.y}), target, /*startsStep=*/false);
-    appendLogged(desk, lineRow({a.x, b.y}, a), target, /*startsStep=*/false);
+    const SegmentRow sides[] = {lineRow(a, {b.x, a.y}), lineRow({b.x, a.y}, b),
+                                lineRow(b, {a.x, b.y}), lineRow({a.x, b.y}, a)};
+    addRows(desk, sides, target, kRectangleAdded);
   } else {
-    appendLogged(desk, lineRow(a, b), target, /*startsStep=*/true);
+    const SegmentRow line[] = {lineRow(a, b)};
+    addRows(desk, line, target, kRectangleAdded);
   }
-  enableUndo(desk, kRectangleAdded);
   toggleMarkerCross(desk);
 }
 
 void drawCircleC1PMode(Desk& desk, PictureBoxProxy& target) {
   desk.command.clickstage = 0;
   if (markerOf(desk) == mouseOf(desk)) return;
-  appendLogged(desk, circleRow(mouseOf(desk), markerOf(desk)), target, /*startsStep=*/true);
-  enableUndo(desk, kRowsAdded);
+  addRow(desk, circleRow(mouseOf(desk), markerOf(desk)), target);
   rememberMarker(desk);
 }
 
@@ -138,8 +137,7 @@ void drawThreePointMode(Desk& desk, Finish finish) {
 }
 
 bool appendShape(Desk& desk, const SegmentRow& row, PictureBoxProxy& target) {
-  appendLogged(desk, row, target, /*startsStep=*/true);
-  enableUndo(desk, kRowsAdded);
+  addRow(desk, row, target);
   return true;
 }
 
@@ -256,12 +254,12 @@ bool draw_arcc2p(Desk& desk, float x, float y) {
 }
 
 void BatchAddLines(Desk& desk, std::span<const BatchLine> lines) {
-  bool first = true;
+  std::vector<SegmentRow> rows;
+  rows.reserve(lines.size());
   for (const BatchLine& line : lines) {
-    appendLogged(desk, lineRow({line.x0, line.y0}, {line.x1, line.y1}), desk.ScreenProxy, first);
-    first = false;
+    rows.push_back(lineRow({line.x0, line.y0}, {line.x1, line.y1}));
   }
-  if (!lines.empty()) enableUndo(desk, kRowsAdded);
+  addRows(desk, rows, desk.ScreenProxy, kRowsAdded);
 }
 
 void moveMarker(Desk& desk, float x, float y) {

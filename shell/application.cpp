@@ -171,7 +171,12 @@ void Application::Listener::updateStatusDisplay() {
   application_.interaction.updateStatusDisplay();
 }
 
+void Application::Listener::rowsRewritten() {
+  application_.interaction.desk.changes.tellRewritten();
+}
+
 void Application::Listener::drawingReplaced() {
+  rowsRewritten();
   application_.interaction.showWholeDrawing();
 }
 

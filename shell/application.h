@@ -98,6 +98,7 @@ class Application {
     void resetPendingAction() override;
     void DisplayedFilename(const std::string& text) override;
     void updateStatusDisplay() override;
+    void rowsRewritten() override;
     void drawingReplaced() override;
     void recentFilesChanged() override;
     void brandingRead() override;

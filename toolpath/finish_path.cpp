@@ -7,6 +7,7 @@
 #include "core/number_text.h"
 #include "display/pointer.h"
 #include "drafting/pending_actions.h"
+#include "drafting/row_edits.h"
 #include "geometry/nearest.h"
 #include "geometry/nearest_scans.h"
 #include "toolpath/contour_offset.h"
@@ -61,8 +62,8 @@ void offerShorterLeads(CamDesk& cam, const PlacedRows& rows) {
   if (!length) return;
   const Answer answer = cam.desk.session.host.prompts.showMessage(leadQuestion(*length));
   if (answer != Answer::Yes) return;
-  fitLeadLength(cam.store, rows.first, *length, kFitStart);
-  fitLeadLength(cam.store, rows.last, *length, kFitEnd);
+  fitLeadLength(cam.changes, rows.first, *length, kFitStart);
+  fitLeadLength(cam.changes, rows.last, *length, kFitEnd);
 }
 
 // Where the rows of all passes have come: those of the outlines as one block, copies at the end.
@@ -121,6 +122,7 @@ PassOrder passOrder(const CamDesk& cam) {
 
 void placeFinishPath(CamDesk& cam) {
   const BusyPointer busy(cam.desk.systemPointer);
+  Change change(cam.changes);
   AddedRows added(cam);
   PassOrder pass = passOrder(cam);
   for (int number = cam.numFinishPasses; number >= 1; --number) {
@@ -128,6 +130,7 @@ void placeFinishPath(CamDesk& cam) {
     placePass(cam, pass, added);
   }
   if (cam.store.cfg_connect_pocketing_paths) added.connect(cam);
+  change.keep({.redraws = false});
   showPlacedPaths(cam);
 }
 
@@ -173,7 +176,7 @@ void repeatPlacement(CamDesk& cam) {
 void mnuCAMPlaceFinishPath_Click(CamDesk& cam) {
   const Procedure here("frmMain.mnuCAMPlaceFinishPath_Click()");
   cam.PlaceChain = 1;
-  roundall(cam.store);
+  roundRows(cam.changes);
   frmFinishPath options(cam);
   cam.desk.session.host.prompts.showModal(options);
   arm(cam.desk, PendingAction::FinishStart);

@@ -54,7 +54,8 @@ std::optional<float> checkLeadGouge(const DrawingStore& store, int first, int la
   return way.shortest();
 }
 
-void fitLeadLength(DrawingStore& store, int ps, float length, int mode) {
+void fitLeadLength(Changes& changes, int ps, float length, int mode) {
+  const DrawingStore& store = changes.store;
   if (store.pstype[ps] != kLine) return;
   const Entity lead = pathEntity(store, ps);
   const float present = distance(lead.start, lead.end);
@@ -63,13 +64,17 @@ void fitLeadLength(DrawingStore& store, int ps, float length, int mode) {
   const auto moved = [ratio](float from, float to) {
     return narrow((static_cast<double>(from) - to) * ratio + to);
   };
+  PathRow fitted = pathRow(store, ps);
   if (mode == kFitStart) {
-    store.psx0[ps] = moved(lead.start.x, lead.end.x);
-    store.psy0[ps] = moved(lead.start.y, lead.end.y);
+    fitted.x0 = moved(lead.start.x, lead.end.x);
+    fitted.y0 = moved(lead.start.y, lead.end.y);
   } else if (mode == kFitEnd) {
-    store.psx1[ps] = moved(lead.end.x, lead.start.x);
-    store.psy1[ps] = moved(lead.end.y, lead.start.y);
+    fitted.x1 = moved(lead.end.x, lead.start.x);
+    fitted.y1 = moved(lead.end.y, lead.start.y);
   }
+  Change change(changes, Step::Continued);
+  change.paths.replace(ps, fitted, Entry::Unlogged);
+  change.keep({.redraws = false});
 }
 
 }  // namespace tess

@@ -81,17 +81,22 @@ Entity leadMove(const DrawingStore& store, Point from, Point to, double normal) 
 }
 
 void insertMove(CamDesk& cam, const LeadOrder& order, int index, const Entity& move) {
-  insertPathSegment(cam.store, index, pathRowOf(move, order.z, order.feed), cam.store.selectedtool);
+  insertPathSegment(cam.changes, index, pathRowOf(move, order.z, order.feed),
+                    cam.store.selectedtool);
 }
 
 // The path then begins and ends in the middle of its first line. Returns the new last row.
 int beginAtMidpoint(CamDesk& cam, const LeadOrder& order) {
   const Entity line = pathEntity(cam.store, order.first);
   const Point middle = midpointAndSlope(line.start, line.end).middle;
-  cam.store.psx0[order.first] = middle.x;
-  cam.store.psy0[order.first] = middle.y;
+  PathRow shortened = pathRow(cam.store, order.first);
+  shortened.x0 = middle.x;
+  shortened.y0 = middle.y;
+  Change change(cam.changes, Step::Continued);
+  change.paths.replace(order.first, shortened, Entry::Unlogged);
   const Point end = pathEntity(cam.store, order.last).end;
   insertMove(cam, order, order.last + 1, lineEntity(end, middle));
+  change.keep({.redraws = false});
   return order.last + 1;
 }
 

@@ -25,6 +25,6 @@ std::optional<float> checkLeadGouge(const DrawingStore& store, int first, int la
 // Shortens a line lead to `length`: mode 1 moves its start, mode 2 its end. Other rows stay.
 inline constexpr int kFitStart = 1;
 inline constexpr int kFitEnd = 2;
-void fitLeadLength(DrawingStore& store, int ps, float length, int mode);
+void fitLeadLength(Changes& changes, int ps, float length, int mode);
 
 }  // namespace tess

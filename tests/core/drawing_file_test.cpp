@@ -92,6 +92,7 @@ TEST_F(DrawingFile, SaveRoundsWritesBothFilesAndMarksTheDrawingSaved) {
   EXPECT_EQ(store.savedsegments, 1);
   EXPECT_EQ(store.savedpaths, 1);
   EXPECT_EQ(session.recentfiles[0], cnc("part.cdm"));
+  EXPECT_EQ(test.listener.rewritings, 1);
   EXPECT_EQ(test.listener.displayed.back(), "Drawing:PART.CDM");
 }
 

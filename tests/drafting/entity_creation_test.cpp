@@ -25,7 +25,8 @@ std::string logText(const RecordedDesk& d) {
   const ChangeLog& log = d.desk.changelog;
   for (int at = 0; at < log.changecount; ++at) {
     if (at > 0) text += ' ';
-    text += log.record(at).AddOrDelete + (log.record(at).StartOfSegment ? "*" : "");
+    text += log.record(at).added() ? "A" : "D";
+    if (log.record(at).StartOfSegment) text += "*";
   }
   return text;
 }

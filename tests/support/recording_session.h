@@ -35,6 +35,7 @@ class RecordingListener : public SessionListener {
   void resetPendingAction() override { note("resetPendingAction"); }
   void DisplayedFilename(const std::string& text) override { displayed.push_back(text); }
   void updateStatusDisplay() override { note("updateStatusDisplay"); }
+  void rowsRewritten() override { ++rewritings; }
   void drawingReplaced() override {}  // follows from a load or a new drawing
   void recentFilesChanged() override { note("recentFilesChanged"); }
   void brandingRead() override { note("brandingRead"); }
@@ -53,6 +54,7 @@ class RecordingListener : public SessionListener {
   std::vector<std::string> noted;
   std::vector<std::string> displayed;  // texts of the first status panel
   std::vector<std::string> imported;
+  int rewritings = 0;
 
  private:
   void note(std::string what) { noted.push_back(std::move(what)); }

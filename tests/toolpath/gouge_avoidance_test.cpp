@@ -5,16 +5,18 @@
 
 #include "gtest/gtest.h"
 
-#include "drafting/row_edits.h"
 #include "geometry/intersections.h"
 #include "tests/geometry/rows.h"
 #include "tests/geometry/scenes.h"
+#include "tests/support/plain_edits.h"
 #include "tests/support/recorded_cam.h"
 #include "toolpath/path_groups.h"
 
 namespace tess {
 namespace {
 
+using testing::deletePathSegment;
+using testing::deleteSegment;
 using testing::Dice;
 using testing::pathTexts;
 using testing::RecordedCam;

@@ -3,6 +3,7 @@
 
 #include "tests/geometry/rows.h"
 #include "tests/support/drafting_desk.h"
+#include "tests/support/plain_edits.h"
 #include "toolpath/lead_moves.h"
 
 namespace tess {
@@ -122,7 +123,7 @@ TEST(FitLeadLength, MovesTheFreeEndOfALine) {
   };
   for (const FitCase& row : kCases) {
     DrawingStore store = storeOf({row.lead});
-    fitLeadLength(store, 1, row.length, row.mode);
+    testing::editing(store, [&](Changes& c) { fitLeadLength(c, 1, row.length, row.mode); });
     EXPECT_EQ(pathText(pathRow(store, 1)), row.after) << row.name;
   }
 }

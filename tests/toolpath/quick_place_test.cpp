@@ -60,7 +60,7 @@ TEST(QuickPlace, OfARowWithAPathOnItAddsNothing) {
   d.store.cfg_z_cut_per_pass = 0.25F;
   quickPlacePaths(d.cam);
   EXPECT_EQ(d.store.NumPathSegments, 2);
-  EXPECT_EQ(d.cam.changelog.changecount, 0);
+  EXPECT_EQ(d.desk.changelog.changecount, 0);
 }
 
 TEST(QuickPlace, TakesPlainlySelectedRowsAlone) {
