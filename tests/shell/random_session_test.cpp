@@ -7,6 +7,7 @@
 
 #include "gtest/gtest.h"
 
+#include "core/file_system.h"
 #include "core/rounding.h"
 #include "display/display_commands.h"
 #include "drafting/dlgPositionCursor.h"
