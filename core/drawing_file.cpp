@@ -302,6 +302,7 @@ SaveResult saveAsking(Session& session, bool agreed) {
     if (written) break;
     if (const auto result = askAboutChanges(session, session.opened.path)) return *result;
     session.opened.state = save.state;
+    session.opened.hasRows.reset();
   }
   noteSavedCounts(store);
   session.lastfilename = store.drawingpath + store.drawingname;
