@@ -5,8 +5,10 @@
 #include "shell/automation/command_line.h"
 #include "shell/qt/desktop.h"
 #include "shell/qt/plot.h"
+#include "tools/jet_reader.h"
 
 int main(int argc, char** argv) {
+  if (tess::asksForJetReader(argc, argv)) return tess::runJetReader();
   tess::CommandLine line = tess::parseCommandLine({argv + 1, argv + argc});
   line.showProgress = isatty(STDERR_FILENO) != 0;
   if (line.job == tess::Job::Window) {
