@@ -67,8 +67,8 @@ class CommandLines(unittest.TestCase):
                                      timeout=60, env=self.environment, check=False)
             self.assertNotEqual(run.returncode, 2, "it is no wrong usage")
             self.assertIn(run.stdout[:8], (b"", b"TESSJET1"))
-        self.assert_fails(2, "The following argument was not expected: --read-jet",
-                          "--version", "--read-jet")
+        self.assert_fails(2, "The following argument was not expected: --read-jet "
+                          "(see tessimo --help)", "--read-jet", "--run", "x.lua")
 
     def test_wrong_usage_is_status_2(self) -> None:
         for arguments in (["--timeout", "-1", "--run", "x.lua"], ["--timeout", "5"],
