@@ -196,6 +196,7 @@ void readSetup(Session& session, FieldReader& fields) {
   session.listener.resetObjectSnap();
   session.store.setupchanged = false;
   clearRows(session.store);
+  clearOptionalSettings(session.store);
   readEntries(session, fields);
   putSetupInForce(session);
 }
