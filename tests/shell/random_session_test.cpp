@@ -1,9 +1,11 @@
 // Long sessions of random commands, keys and pointer events through the program's entry points.
 // Whatever an operator does, the tables hold only what they may, the change log leads back to the
-// starting rows and forth again, and files lose nothing that they keep.
+// starting rows and forth again, files lose nothing that they keep, and whoever follows the changes
+// has the same tables.
 #include <algorithm>
 #include <array>
 #include <map>
+#include <optional>
 
 #include "gtest/gtest.h"
 
@@ -12,6 +14,7 @@
 #include "drafting/dlgSetGrids.h"
 #include "drafting/pending_actions.h"
 #include "tests/geometry/scenes.h"
+#include "tests/support/mirrored_tables.h"
 #include "tests/support/running_program.h"
 #include "toolpath/dlgSelectCycle.h"
 
@@ -19,6 +22,7 @@ namespace tess {
 namespace {
 
 using testing::Dice;
+using testing::MirroredTables;
 using testing::RunningProgram;
 
 constexpr int kSteps = 2500;
@@ -180,6 +184,7 @@ class Session : public RunningProgram {
   explicit Session(std::uint32_t seed) : dice_(seed) {
     platform.prompts.onForm = [this](Form& form) { fillIn(form); };
     addStartingRows();
+    tables_.emplace(desk().changes);
     pass(1000);
     start();
   }
@@ -194,6 +199,7 @@ class Session : public RunningProgram {
   }
 
   int drawn = 0, undone = 0, saved = 0;  // what the session has seen
+  int followed() const { return tables_->changesHeard; }
 
  private:
   DrawingStore& store() { return application.store; }
@@ -412,6 +418,7 @@ class Session : public RunningProgram {
 
   void checkTables() {
     EXPECT_TRUE(isConsistent(store()));
+    EXPECT_TRUE(tables_->isExact());
     for (int sg = 1; sg <= store().NumSegments; ++sg) {
       EXPECT_TRUE(isSegmentType(store().segtype[sg])) << store().segtype[sg];
       EXPECT_TRUE(isAttribute(store().segattr[sg])) << store().segattr[sg];
@@ -523,6 +530,7 @@ class Session : public RunningProgram {
   }
 
   Dice dice_;
+  std::optional<MirroredTables> tables_;
   std::map<int, Contents> after_;  // the rows after so many records
   int count_ = 0, top_ = 0;        // of the log, at the last look
   bool walked_ = false;            // by undo or redo since
@@ -537,6 +545,7 @@ TEST_P(RandomSession, HoldsAfterEveryStep) {
   EXPECT_GT(session.drawn, kSteps / 50);
   EXPECT_GT(session.undone, kSteps / 50);
   EXPECT_GT(session.saved, 2);
+  EXPECT_GT(session.followed(), kSteps / 10);
 }
 
 INSTANTIATE_TEST_SUITE_P(Seeds, RandomSession, ::testing::Range(1U, 9U));
