@@ -358,7 +358,11 @@ void Form_Unload(Session& session) {
 // ---- Descriptors
 
 constexpr SessionCommand kNewCommand{
-    .info = {.tool = "miNew", .caption = "&New", .menu = {"miFile", 110}, .bar = {"barFile", 110}},
+    .info = {.tool = "miNew",
+             .caption = "&New",
+             .menu = {"miFile", 110},
+             .bar = {"barFile", 110},
+             .touches = TouchedFiles::Drawing},
     .run = smart_New,
 };
 
@@ -366,7 +370,8 @@ constexpr SessionCommand kOpenCommand{
     .info = {.tool = "miOpen",
              .caption = "&Open...",
              .menu = {"miFile", 120},
-             .bar = {"barFile", 120}},
+             .bar = {"barFile", 120},
+             .touches = TouchedFiles::Drawing},
     .run = mnuFileOpen_Click,
 };
 
@@ -376,7 +381,10 @@ constexpr SessionCommand kDeleteFileCommand{
 };
 
 constexpr SessionCommand kExitCommand{
-    .info = {.tool = "miExit", .caption = "E&xit", .menu = {"miFile", 510}},
+    .info = {.tool = "miExit",
+             .caption = "E&xit",
+             .menu = {"miFile", 510},
+             .touches = TouchedFiles::Drawing},
     .run = file_EXIT,
 };
 

@@ -849,6 +849,18 @@ TEST_F(Chest, AdvisesInTheDrawingsUnits) {
   });
 }
 
+TEST_F(Chest, AdviceEndsAtTheSpindlesHighestSpeed) {
+  store.highestspindle = 1000;
+  work([](dlgToolPrms& chest) {
+    EXPECT_EQ(chest.lblAdvice.caption().substr(0, 51),
+              "Spindle: 1000 rpm, the highest (right would be 1451");
+    EXPECT_EQ(chest.lblSpindleSpeed.caption(), "1451") << "the recommendation knows no limit";
+    chest.cmdUseAdvice.press();
+  });
+  EXPECT_EQ(store.toolspindlespeed[0], 1000);
+  EXPECT_EQ(store.cfg_finish_feedrate, 3.6F);
+}
+
 TEST_F(Chest, OneButtonTakesFeedsAndSpeed) {
   work([&](dlgToolPrms& chest) {
     EXPECT_TRUE(chest.cmdUseAdvice.isEnabled());
