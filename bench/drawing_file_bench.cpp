@@ -17,6 +17,7 @@
 
 #include "core/drawing_file.h"
 #include "core/drawing_format.h"
+#include "core/drawing_store.h"
 #include "tests/support/recording_session.h"
 
 namespace tess {

@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "core/date_text.h"
+#include "core/drawing_store.h"
 #include "core/number_text.h"
 #include "core/text.h"
 #include "core/version.h"

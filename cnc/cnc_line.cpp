@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "cnc/program_text.h"
+#include "core/drawing_store.h"
 #include "core/text.h"
 
 namespace tess {

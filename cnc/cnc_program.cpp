@@ -7,6 +7,7 @@
 #include "cnc/program_target.h"
 #include "cnc/program_writer.h"
 #include "core/drawing_file.h"
+#include "core/drawing_store.h"
 #include "core/file_system.h"
 #include "core/file_writer.h"
 #include "core/lifecycle.h"

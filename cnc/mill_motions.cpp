@@ -1,6 +1,8 @@
 // The motions of a mill.
 #include "cnc/mill_motions.h"
 
+#include "core/drawing_store.h"
+
 namespace tess {
 namespace {
 

@@ -6,6 +6,8 @@
 #include <cmath>
 #include <string>
 
+#include "core/drawing_store.h"
+
 namespace tess {
 namespace {
 

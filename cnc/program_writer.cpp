@@ -6,6 +6,7 @@
 #include <variant>
 
 #include "cnc/cnc_heading.h"
+#include "core/drawing_store.h"
 #include "core/number_text.h"
 #include "geometry/angles.h"
 

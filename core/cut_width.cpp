@@ -3,9 +3,9 @@
 
 #include <cmath>
 
+#include "core/drawing_store.h"
 #include "core/rounding.h"
 #include "core/runtime_failure.h"
-#include "core/drawing_store.h"
 
 namespace tess {
 namespace {

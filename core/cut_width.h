@@ -3,7 +3,6 @@
 // Owns: kStepByPercent, kStepByDistance, settleCutWidth.
 #pragma once
 
-
 namespace tess {
 
 struct DrawingStore;

@@ -7,6 +7,7 @@
 
 #include "core/core_commands.h"
 #include "core/drawing_pair.h"
+#include "core/drawing_store.h"
 #include "core/file_system.h"
 #include "core/lifecycle.h"
 #include "core/number_text.h"
@@ -14,7 +15,6 @@
 #include "core/save_pair.h"
 #include "core/save_record.h"
 #include "core/units.h"
-#include "core/drawing_store.h"
 
 namespace tess {
 namespace {

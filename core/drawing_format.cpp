@@ -7,9 +7,9 @@
 #include <type_traits>
 #include <variant>
 
+#include "core/drawing_store.h"
 #include "core/number_text.h"
 #include "core/text.h"
-#include "core/drawing_store.h"
 
 namespace tess {
 namespace {

@@ -7,13 +7,13 @@
 #include "core/core_commands.h"
 #include "core/date_text.h"
 #include "core/drawing_file.h"
+#include "core/drawing_store.h"
 #include "core/file_system.h"
 #include "core/file_writer.h"
 #include "core/recent_files.h"
 #include "core/setup_file.h"
 #include "core/text.h"
 #include "core/units.h"
-#include "core/drawing_store.h"
 
 namespace tess {
 namespace {

@@ -7,10 +7,10 @@
 
 #include "core/drawing_format.h"
 #include "core/drawing_pair.h"
+#include "core/drawing_store.h"
 #include "core/file_system.h"
 #include "core/replace_files.h"
 #include "core/save_record.h"
-#include "core/drawing_store.h"
 
 namespace tess {
 namespace {

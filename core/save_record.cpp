@@ -11,8 +11,8 @@
 #include "core/date_text.h"
 #include "core/file_system.h"
 #include "core/file_writer.h"
-#include "core/text.h"
 #include "core/runtime_failure.h"
+#include "core/text.h"
 
 namespace tess {
 namespace {

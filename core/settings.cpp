@@ -8,11 +8,11 @@
 #include <type_traits>
 #include <utility>
 
+#include "core/drawing_store.h"
 #include "core/number_text.h"
 #include "core/rounding.h"
-#include "core/text.h"
-#include "core/drawing_store.h"
 #include "core/runtime_failure.h"
+#include "core/text.h"
 
 namespace tess {
 namespace {

@@ -12,7 +12,6 @@
 #include <string_view>
 #include <variant>
 
-
 namespace tess {
 
 template <typename T>

@@ -6,6 +6,7 @@
 #include "core/core_commands.h"
 #include "core/cut_width.h"
 #include "core/drawing_file.h"
+#include "core/drawing_store.h"
 #include "core/file_system.h"
 #include "core/file_writer.h"
 #include "core/lifecycle.h"
@@ -14,7 +15,6 @@
 #include "core/text.h"
 #include "core/units.h"
 #include "core/version.h"
-#include "core/drawing_store.h"
 
 namespace tess {
 namespace {

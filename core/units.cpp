@@ -1,5 +1,6 @@
 // Inch and millimetre.
 #include "core/units.h"
+
 #include "core/drawing_store.h"
 #include "core/runtime_failure.h"
 

@@ -4,8 +4,8 @@
 #include <algorithm>
 #include <cmath>
 
-#include "geometry/angles.h"
 #include "core/drawing_store.h"
+#include "geometry/angles.h"
 #include "geometry/row_entity.h"
 
 namespace tess {

@@ -3,8 +3,8 @@
 
 #include <array>
 
-#include "core/rounding.h"
 #include "core/drawing_store.h"
+#include "core/rounding.h"
 
 namespace tess {
 

@@ -1,8 +1,8 @@
 // The painting order, in its two forms.
 #include "display/redraw_sequence.h"
 
-#include "display/screen_marks.h"
 #include "core/drawing_store.h"
+#include "display/screen_marks.h"
 
 namespace tess {
 

@@ -4,8 +4,8 @@
 #include <cmath>
 #include <utility>
 
-#include "geometry/angles.h"
 #include "core/drawing_store.h"
+#include "geometry/angles.h"
 #include "geometry/row_entity.h"
 
 namespace tess {

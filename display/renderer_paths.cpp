@@ -7,11 +7,11 @@
 #include <utility>
 
 #include "core/division.h"
+#include "core/drawing_store.h"
 #include "display/arrowheads.h"
 #include "display/disc_row.h"
 #include "display/renderer.h"
 #include "geometry/angles.h"
-#include "core/drawing_store.h"
 #include "geometry/row_entity.h"
 
 namespace tess {

@@ -3,9 +3,9 @@
 
 #include <cmath>
 
+#include "core/drawing_store.h"
 #include "core/file_system.h"
 #include "display/display_commands.h"
-#include "core/drawing_store.h"
 
 namespace tess {
 
@@ -141,6 +141,10 @@ Point ViewCommands::inPresentView(const PanDrag& drag, Point pointer) const {
 
 void ViewCommands::interrupt() {
   interrupted_ = {parts_.armed.pendingaction(), parts_.armed.DrawMode()};
+}
+
+void ViewCommands::mnuViewCenter_Click() {
+  setview(parts_.store.markerx, parts_.store.markery);
 }
 
 void ViewCommands::mnuViewZoomWindow_Click() {

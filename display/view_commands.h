@@ -12,9 +12,10 @@
 #include "display/pointer.h"
 #include "display/redraw_sequence.h"
 #include "display/view_transform.h"
-#include "core/drawing_store.h"
 
 namespace tess {
+
+struct DrawingStore;
 
 // What the view commands ask of the main window round the surface.
 class ViewHost {
@@ -100,7 +101,7 @@ class ViewCommands {
   void showPanPointer();
 
   void mnuViewReDraw_Click() { parts_.redraw.redrawscreen(); }
-  void mnuViewCenter_Click() { setview(parts_.store.markerx, parts_.store.markery); }
+  void mnuViewCenter_Click();
   void mnuViewZoomIn_Click() { Zoom_In(0, 0); }
   void mnuViewZoomOut_Click() { Zoom_out(0, 0); }
   void mnuViewZoomWindow_Click();

@@ -4,10 +4,10 @@
 #include <cmath>
 
 #include "core/division.h"
+#include "core/drawing_store.h"
 #include "core/number_text.h"
 #include "core/rounding.h"
 #include "geometry/points.h"
-#include "core/drawing_store.h"
 
 namespace tess {
 

@@ -7,8 +7,8 @@
 
 #include <string>
 
-#include "display/drawing_target.h"
 #include "core/int16.h"
+#include "display/drawing_target.h"
 
 namespace tess {
 

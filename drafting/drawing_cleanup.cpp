@@ -5,7 +5,9 @@
 #include <cstdint>
 #include <vector>
 
+#include "core/drawing_store.h"
 #include "geometry/entity.h"
+#include "geometry/row_entity.h"
 
 namespace tess {
 namespace {

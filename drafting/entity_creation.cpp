@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "core/drawing_store.h"
 #include "display/screen_marks.h"
 #include "drafting/drafting_commands.h"
 #include "drafting/rubber_band.h"

@@ -3,6 +3,7 @@
 
 #include <cmath>
 
+#include "core/drawing_store.h"
 #include "drafting/dlgSetGrids.h"
 #include "drafting/drafting_commands.h"
 

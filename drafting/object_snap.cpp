@@ -7,10 +7,12 @@
 #include <utility>
 #include <vector>
 
+#include "core/drawing_store.h"
 #include "drafting/drafting_commands.h"
 #include "geometry/angles.h"
 #include "geometry/nearest.h"
 #include "geometry/nearest_scans.h"
+#include "geometry/row_entity.h"
 
 namespace tess {
 namespace {

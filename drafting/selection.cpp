@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "core/drawing_store.h"
 #include "core/number_text.h"
 #include "display/renderer.h"
 #include "drafting/drafting_commands.h"
@@ -15,6 +16,7 @@
 #include "geometry/intersections.h"
 #include "geometry/nearest.h"
 #include "geometry/nearest_scans.h"
+#include "geometry/row_entity.h"
 
 namespace tess {
 namespace {

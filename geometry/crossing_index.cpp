@@ -11,8 +11,8 @@
 #include <algorithm>
 #include <cmath>
 
-#include "geometry/row_boxes.h"
 #include "core/drawing_store.h"
+#include "geometry/row_boxes.h"
 
 namespace tess {
 namespace {

@@ -1,13 +1,14 @@
 // The hashed end points: cells of sixteen tolerances, so that a point and all that is the same lie
 // mostly in one cell, and in at most two along each axis.
 #include "geometry/end_point_index.h"
-#include "core/drawing_store.h"
 
 #include <algorithm>
 #include <array>
 #include <bit>
 #include <cmath>
 #include <cstdint>
+
+#include "core/drawing_store.h"
 
 namespace tess {
 namespace {

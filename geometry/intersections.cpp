@@ -1,11 +1,11 @@
 // Crossings, split by kind and brought together in one table of pairs.
 #include "geometry/intersections.h"
 
+#include "core/drawing_store.h"
 #include "core/rounding.h"
 #include "geometry/angles.h"
 #include "geometry/circles.h"
 #include "geometry/row_entity.h"
-#include "core/drawing_store.h"
 
 namespace tess {
 namespace {

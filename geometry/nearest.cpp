@@ -4,10 +4,10 @@
 
 #include <algorithm>
 
+#include "core/drawing_store.h"
 #include "geometry/angles.h"
 #include "geometry/circles.h"
 #include "geometry/row_entity.h"
-#include "core/drawing_store.h"
 
 namespace tess {
 namespace {

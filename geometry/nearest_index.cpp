@@ -5,10 +5,10 @@
 #include <algorithm>
 #include <cmath>
 
+#include "core/drawing_store.h"
 #include "geometry/nearest_scans.h"
 #include "geometry/row_boxes.h"
 #include "geometry/row_entity.h"
-#include "core/drawing_store.h"
 
 namespace tess {
 namespace {

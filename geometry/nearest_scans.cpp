@@ -3,9 +3,9 @@
 
 #include <array>
 
+#include "core/drawing_store.h"
 #include "geometry/nearest.h"
 #include "geometry/row_boxes.h"
-#include "core/drawing_store.h"
 #include "geometry/row_entity.h"
 
 namespace tess {

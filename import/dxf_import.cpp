@@ -5,6 +5,7 @@
 #include <numbers>
 #include <optional>
 
+#include "core/drawing_store.h"
 #include "core/text.h"
 #include "display/drawing_extents.h"
 #include "geometry/entity.h"

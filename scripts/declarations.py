@@ -9,7 +9,7 @@ from typing import NamedTuple
 COMMENT = re.compile(r"//[^\n]*|/\*.*?\*/", re.DOTALL)
 RAW_STRING = re.compile(r'R"(\w*)\(.*?\)\1"', re.DOTALL)
 STRING = re.compile(r'"(?:\\.|[^"\\\n])*"' + r"|'(?:\\.|[^'\\\n])+'")
-DIRECTIVE = re.compile(r"^[ \t]*#[^\n]*(?:\\\n[^\n]*)*", re.MULTILINE)
+DIRECTIVE = re.compile(r"^[ \t]*#(?:\\\n|[^\n])*", re.MULTILINE)
 MACRO = re.compile(r"^[ \t]*#[ \t]*define[ \t]+(\w+)", re.MULTILINE)
 
 NAMESPACE = re.compile(r"^(?:inline\s+)?namespace\s*([\w:]*)$")

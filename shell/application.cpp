@@ -3,6 +3,7 @@
 
 #include <utility>
 
+#include "core/drawing_store.h"
 #include "core/lifecycle.h"
 #include "core/version.h"
 #include "drafting/grids.h"

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <vector>
 
+#include "core/drawing_store.h"
 #include "display/view_transform.h"
 #include "drafting/row_edits.h"
 #include "geometry/nearest.h"

@@ -1,9 +1,11 @@
 // Machine cycles.
 #include "toolpath/cycles.h"
 
+#include "core/drawing_store.h"
 #include "core/number_text.h"
 #include "drafting/pending_actions.h"
 #include "geometry/entity.h"
+#include "geometry/row_entity.h"
 #include "toolpath/dlgSelectCycle.h"
 #include "toolpath/toolpath_commands.h"
 

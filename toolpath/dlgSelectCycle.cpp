@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 
+#include "core/drawing_store.h"
 #include "core/number_text.h"
 #include "toolpath/cycles.h"
 

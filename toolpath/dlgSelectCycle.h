@@ -6,6 +6,7 @@
 #include <array>
 
 #include "core/controls.h"
+#include "core/drawing_store.h"
 #include "core/form.h"
 #include "toolpath/cam_desk.h"
 

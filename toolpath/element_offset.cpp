@@ -1,7 +1,9 @@
 // Elements, joints, and the walk that puts both together.
 #include "toolpath/element_offset.h"
 
+#include "core/drawing_store.h"
 #include "geometry/intersections.h"
+#include "geometry/row_entity.h"
 
 namespace tess {
 namespace {

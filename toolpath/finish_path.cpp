@@ -4,6 +4,7 @@
 #include <cmath>
 #include <optional>
 
+#include "core/drawing_store.h"
 #include "core/number_text.h"
 #include "display/pointer.h"
 #include "drafting/pending_actions.h"

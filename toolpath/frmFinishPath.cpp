@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "core/drawing_store.h"
 #include "core/number_text.h"
 #include "core/rounding.h"
 

@@ -12,12 +12,14 @@
 #include <string>
 #include <vector>
 
+#include "core/drawing_store.h"
 #include "drafting/change.h"
 #include "drafting/pending_actions.h"
 #include "geometry/crossing_index.h"
 #include "geometry/intersections.h"
 #include "geometry/nearest_scans.h"
 #include "geometry/row_boxes.h"
+#include "geometry/row_entity.h"
 #include "toolpath/path_groups.h"
 #include "toolpath/path_placement.h"
 #include "toolpath/toolpath_commands.h"

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "core/drawing_store.h"
 #include "geometry/points.h"
 
 namespace tess {

@@ -1,8 +1,10 @@
 // Leads that cut into the path they belong to: finding them and shortening them.
 #include <optional>
 
+#include "core/drawing_store.h"
 #include "core/rounding.h"
 #include "geometry/intersections.h"
+#include "geometry/row_entity.h"
 #include "toolpath/lead_moves.h"
 
 namespace tess {

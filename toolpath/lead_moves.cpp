@@ -3,10 +3,12 @@
 
 #include <cmath>
 
+#include "core/drawing_store.h"
 #include "drafting/row_edits.h"
 #include "geometry/angles.h"
 #include "geometry/nearest.h"
 #include "geometry/nearest_scans.h"
+#include "geometry/row_entity.h"
 
 namespace tess {
 namespace {

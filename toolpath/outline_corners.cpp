@@ -3,7 +3,9 @@
 
 #include <algorithm>
 
+#include "core/drawing_store.h"
 #include "geometry/nearest.h"
+#include "geometry/row_entity.h"
 
 namespace tess {
 namespace {

@@ -10,6 +10,7 @@
 #include <utility>
 #include <vector>
 
+#include "core/drawing_store.h"
 #include "core/number_text.h"
 #include "core/rounding.h"
 #include "display/pointer.h"
@@ -17,6 +18,7 @@
 #include "drafting/pending_actions.h"
 #include "geometry/nearest_scans.h"
 #include "geometry/row_boxes.h"
+#include "geometry/row_entity.h"
 #include "toolpath/gouge_avoidance.h"
 #include "toolpath/level_check.h"
 #include "toolpath/path_groups.h"

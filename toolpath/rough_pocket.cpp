@@ -3,8 +3,10 @@
 
 #include <cmath>
 
+#include "core/drawing_store.h"
 #include "drafting/pending_actions.h"
 #include "drafting/row_edits.h"
+#include "geometry/row_entity.h"
 #include "toolpath/gouge_avoidance.h"
 #include "toolpath/level_check.h"
 #include "toolpath/outline_corners.h"

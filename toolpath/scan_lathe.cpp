@@ -2,6 +2,7 @@
 // the tool lifted between cuts only as far as the cuts already made ask for.
 #include <algorithm>
 
+#include "core/drawing_store.h"
 #include "toolpath/lathe_spans.h"
 #include "toolpath/scan_lines.h"
 #include "toolpath/scan_run.h"

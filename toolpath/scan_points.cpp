@@ -9,10 +9,12 @@
 #include <cstdint>
 #include <limits>
 
+#include "core/drawing_store.h"
 #include "core/rounding.h"
 #include "geometry/angles.h"
 #include "geometry/circles.h"
 #include "geometry/row_boxes.h"
+#include "geometry/row_entity.h"
 #include "toolpath/working_rows.h"
 
 namespace tess {

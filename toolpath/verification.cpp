@@ -7,12 +7,14 @@
 #include <string>
 #include <vector>
 
+#include "core/drawing_store.h"
 #include "core/number_text.h"
 #include "core/rounding.h"
 #include "drafting/drawing_cleanup.h"
 #include "geometry/angles.h"
 #include "geometry/end_point_index.h"
 #include "geometry/entity.h"
+#include "geometry/row_entity.h"
 #include "toolpath/toolpath_commands.h"
 
 namespace tess {

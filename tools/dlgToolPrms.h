@@ -15,6 +15,8 @@
 
 namespace tess {
 
+struct DrawingStore;
+
 // What the chest works with.
 struct ToolChest {
   Session& session;
@@ -119,7 +121,7 @@ class dlgToolPrms : public Form {
   void storeFlutes();
   void settleSpacing();
   void takeOver();
-  void edited() { store_.setupchanged = true; }
+  void edited();
 
   ToolChest chest_;
   DrawingStore& store_;

@@ -8,6 +8,7 @@
 #include <map>
 #include <set>
 
+#include "core/drawing_store.h"
 #include "core/file_system.h"
 #include "core/number_text.h"
 #include "core/runtime_failure.h"

@@ -3,6 +3,7 @@
 // the code first; a point it could not find comes back as 0, 0.
 #include <optional>
 
+#include "core/drawing_store.h"
 #include "core/rounding.h"
 #include "geometry/angles.h"
 #include "geometry/circles.h"

@@ -8,7 +8,6 @@
 #include "core/column.h"
 #include "core/int16.h"
 
-
 namespace tess {
 
 class Application;
