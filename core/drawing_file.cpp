@@ -21,6 +21,7 @@ namespace {
 
 constexpr char kDefaultExtension[] = "CDM";
 constexpr char kNotReverted[] = "Couldn't revert to saved drawing.\n\n";
+// Fixed: the tildes stand in the text; scripts compare messages word for word.
 constexpr char kOlderVersion[] =
     "Drawing was created with older version of this software! ~~You may need to adjust the grid "
     "selections.~~(To avoid this message at loading, you should save now!)~";

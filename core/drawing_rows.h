@@ -43,6 +43,7 @@ struct PathRow {
 void AddSeg(DrawingStore& store, const SegmentRow& row, SegmentDrawing* target);
 
 // The same for a line. The coordinates come y before x, and the centre is stored as 0.
+// Fixed: y comes before x; scripts call it so.
 void AddSegLine(DrawingStore& store, int segtype, int segattr, float y0, float x0, float y1,
                 float x1, SegmentDrawing* target);
 
@@ -88,6 +89,7 @@ constexpr int groupCutOff(int pscode) {
 }
 // The group of a path row as placing and counting read it: to the nearest whole number, ties to
 // even, so that a tool index above 50 counts as the next group.
+// Fixed: placing rounds where the tables cut off; undoing a placement goes by the rounded group.
 int groupRounded(int pscode);
 
 }  // namespace tess

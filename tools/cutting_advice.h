@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "tools/recommendation.h"
+#include "core/drawing_store.h"
 
 namespace tess {
 

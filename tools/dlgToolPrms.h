@@ -12,6 +12,7 @@
 #include "tools/cutting_advice.h"
 #include "tools/dlgColor.h"
 #include "tools/speeds_feeds.h"
+#include "core/drawing_store.h"
 
 namespace tess {
 

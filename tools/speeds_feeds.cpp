@@ -9,6 +9,7 @@
 #include "core/field_reader.h"
 #include "core/file_system.h"
 #include "tools/jet_import.h"
+#include "core/drawing_store.h"
 
 namespace tess {
 namespace {

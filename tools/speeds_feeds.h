@@ -18,6 +18,7 @@
 #include "core/int16.h"
 #include "core/session.h"
 #include "tools/feeds_database.h"
+#include "core/drawing_store.h"
 
 namespace tess {
 

@@ -22,7 +22,8 @@ float tolerenceOf(const DrawingStore& store) {
   return store.cfg_tolerance;
 }
 
-// What scripts are told in numbers. These are fixed: scripts compare them.
+// What scripts are told in numbers.
+// Fixed: found is 1 and each miss has its number; scripts compare them.
 constexpr int kFoundCode = 1;
 
 int codeOf(Miss miss) {

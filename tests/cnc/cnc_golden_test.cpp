@@ -12,6 +12,8 @@
 #include "tests/cnc/cnc_fixture.h"
 #include "tests/support/golden.h"
 #include "tests/support/source_folder.h"
+#include "drafting/entity_creation.h"
+#include "core/drawing_rows.h"
 
 namespace tess::testing {
 namespace {

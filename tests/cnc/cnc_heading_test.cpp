@@ -9,6 +9,8 @@
 #include "core/drawing_store.h"
 #include "core/version.h"
 #include "tests/cnc/cnc_fixture.h"
+#include "drafting/entity_creation.h"
+#include "core/drawing_rows.h"
 
 namespace tess::testing {
 namespace {

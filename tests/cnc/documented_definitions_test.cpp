@@ -9,6 +9,7 @@
 #include "core/file_system.h"
 #include "tests/cnc/cnc_fixture.h"
 #include "tests/support/source_folder.h"
+#include "drafting/entity_creation.h"
 
 namespace tess::testing {
 namespace {

@@ -11,6 +11,7 @@
 #include "tests/cnc/cnc_fixture.h"
 #include "tests/support/failure_of.h"
 #include "tests/support/temp_folder.h"
+#include "drafting/entity_creation.h"
 
 namespace tess::testing {
 namespace {

@@ -10,6 +10,8 @@
 #include "tests/cnc/cnc_fixture.h"
 #include "tests/cnc/recorded_motions.h"
 #include "tests/support/failure_of.h"
+#include "drafting/entity_creation.h"
+#include "core/drawing_rows.h"
 
 namespace tess::testing {
 namespace {
