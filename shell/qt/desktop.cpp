@@ -14,6 +14,7 @@
 #include "shell/automation/reports.h"
 #include "shell/program_folder.h"
 #include "shell/qt/desktop_program.h"
+#include "shell/qt/plain_numbers.h"
 #include "shell/qt/plot.h"
 #include "shell/qt/script_player.h"
 #include "shell/qt/theme.h"
@@ -41,6 +42,7 @@ class Toolkit {
       : arguments_(std::move(arguments)),
         texts_(pointersTo(arguments_)),
         application_(count_, texts_.data()) {
+    keepPlainNumbers();
     QApplication::setApplicationName("tessimo");
     QApplication::setDesktopFileName("tessimo");
     applyTheme(application_, systemPrefersDark(QApplication::palette()));

@@ -58,6 +58,16 @@ class CommandLines(unittest.TestCase):
         self.assertIn("--make-cnc", run.stdout)
         self.assertEqual((run.returncode, run.stderr), (0, ""))
 
+    # The toolkit takes over the operator's locale; a comma would then end numbers in its middle.
+    def test_numbers_have_points_whatever_the_locale(self) -> None:
+        text = "plot('part.png') print(0.75, os.setlocale(nil, 'numeric'))\n"
+        script = self.work / "play.lua"
+        script.write_text(text)
+        for run in (self.run_program("--home", str(self.home), "--allow-io", "--run", str(script),
+                                     LC_ALL="C.UTF-8"),
+                    self.play(text, before=["--allow-io"], LC_ALL="C.UTF-8")):
+            self.assertEqual((run.returncode, run.stdout, run.stderr), (0, "0.75\tC\n", ""))
+
     def test_wrong_usage_is_status_2(self) -> None:
         for arguments in (["--timeout", "-1", "--run", "x.lua"], ["--timeout", "5"],
                           ["--timeout", "nan", "--run", "x.lua"], ["--bad"], ["--run"], ["--make-cnc", "mill"], ["-o", "x"], ["a", "b"],
@@ -106,11 +116,12 @@ class CommandLines(unittest.TestCase):
         self.assertEqual((run.returncode, run.stdout, run.stderr), (0, f"{self.home}/CNC/\n", ""))
 
     def play(self, script: str, *arguments: str,
-             before: Sequence[str] = ()) -> subprocess.CompletedProcess[str]:
+             before: Sequence[str] = (), **variables: str) -> subprocess.CompletedProcess[str]:
         (self.work / "play.lua").write_text(script)
         (self.work / "run").mkdir(mode=0o700, exist_ok=True)
         return self.run_program("--home", str(self.home), *before, "--play", "play.lua", *arguments,
-                                QT_QPA_PLATFORM="offscreen", XDG_RUNTIME_DIR=str(self.work / "run"))
+                                QT_QPA_PLATFORM="offscreen", XDG_RUNTIME_DIR=str(self.work / "run"),
+                                **variables)
 
     def test_a_script_in_the_window_leaves_what_a_run_leaves(self) -> None:
         script = """\
