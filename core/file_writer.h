@@ -26,6 +26,9 @@ class FilePlace {
   // The same for the name itself, also where it is a link: for removing it.
   static FilePlace ofEntry(WriteGuard& guard, std::string_view path, FileKind kind);
 
+  // Whether another guard than the one that was asked would permit writing here.
+  bool isPermittedBy(const WriteGuard& guard) const;
+
   // Another name in the same open folder; the guard is asked about it too.
   FilePlace beside(std::string name, FileKind kind) const;
 
@@ -52,6 +55,10 @@ class FilePlace {
   void moveTo(const FilePlace& other) const;
   // Adds to the file's end, or creates it; after a failure it ends where it did.
   void append(std::string_view text) const;
+  // A new file, locked for as long as it is open; what is there already stands in the way.
+  Descriptor createLocked() const;
+  // The same as append for a file of this place that is open.
+  void appendTo(const Descriptor& file, std::string_view text) const;
   // Does nothing when there is no file.
   void remove() const;
   // Has the names of the folder, as they are now, on the disk.
@@ -71,6 +78,7 @@ class FilePlace {
   std::shared_ptr<const Folder> folder_;
   std::string name_;
   std::string path_;
+  FileKind kind_;
 };
 
 // New content of a file, complete on the disk under a temporary name in its folder. A file that is

@@ -13,15 +13,14 @@
 #include "core/number_text.h"
 #include "core/rounding.h"
 #include "display/pointer.h"
+#include "drafting/change.h"
 #include "drafting/pending_actions.h"
-#include "drafting/row_edits.h"
 #include "geometry/nearest_scans.h"
 #include "geometry/row_boxes.h"
 #include "toolpath/gouge_avoidance.h"
 #include "toolpath/level_check.h"
 #include "toolpath/path_groups.h"
 #include "toolpath/path_placement.h"
-#include "toolpath/path_step.h"
 #include "toolpath/pocket_side.h"
 #include "toolpath/row_barrier.h"
 
@@ -49,12 +48,21 @@ int markedUpTo(const RowMarks& marks, int row) {
   return static_cast<int>(std::count(marks.begin(), marks.begin() + row + 1, true));
 }
 
-void dropMarked(DrawingStore& store, const RowMarks& marks, FollowedRows followed) {
+void dropRows(Changes& changes, int first, int last) {
+  Change change(changes, Step::Continued);
+  change.paths.erase(first, last, Entry::Unlogged);
+  change.keep({.redraws = false});
+}
+
+void dropMarked(Changes& changes, const RowMarks& marks, FollowedRows followed) {
   for (PlacedRows& rows : followed) {
     rows.first -= markedUpTo(marks, rows.first - 1);
     rows.last -= markedUpTo(marks, rows.last);
   }
-  deletePathSegments(store, marks);
+  Change change(changes, Step::Continued);
+  change.paths.eraseWhere([&](int ps) { return marks[static_cast<std::size_t>(ps)]; },
+                          Entry::Unlogged);
+  change.keep({.redraws = false});
 }
 
 // An arc between two ends that are one point and with a real radius is a full circle.
@@ -97,6 +105,24 @@ class BorrowedRadius {
   float radius_;
 };
 
+// The setting that a finish path on the wall changes for what comes after, unless it fails.
+class CuttingMode {
+ public:
+  explicit CuttingMode(DrawingStore& store) : store_(store), before_(store.cfg_cutting_mode) {}
+  ~CuttingMode() {
+    if (!kept_) store_.cfg_cutting_mode = before_;
+  }
+  CuttingMode(const CuttingMode&) = delete;
+  CuttingMode& operator=(const CuttingMode&) = delete;
+
+  void keep() { kept_ = true; }
+
+ private:
+  DrawingStore& store_;
+  Int16 before_;
+  bool kept_ = false;
+};
+
 // Where the first ring lies, how near to the wall roughing comes, and the way between two rings.
 struct RingRange {
   float first = 0;
@@ -120,8 +146,8 @@ RingRange ringRange(const CamDesk& cam) {
 
 class Spiral {
  public:
-  Spiral(CamDesk& cam, PathStep& step, int sg)
-      : cam_(cam), store_(cam.store), step_(step), sg_(sg), walls_(cam.store, isVerifiedWall) {
+  Spiral(CamDesk& cam, int sg)
+      : cam_(cam), store_(cam.store), sg_(sg), walls_(cam.store, isVerifiedWall) {
     const int first = pathInsertIndex(store_, cam.pathInsertMode, cam.pathInsertGroup);
     all() = {first, first - 1};
     inside_ = pocketSideOf(store_, startOfRow(), endOfRow());
@@ -159,8 +185,8 @@ class Spiral {
 
   void cutRing() {
     placeRing();
-    dropShortPathSegs(store_, followed_);
-    dropBackTrackSegs(store_, followed_);
+    dropShortPathSegs(cam_.changes, followed_);
+    dropBackTrackSegs(cam_.changes, followed_);
     if (store_.cfg_gouge_avoidance) cutFolds();
     if (meetsAny(pathEntities(store_, ring().first, ring().last), walls_)) dropRing();
   }
@@ -170,7 +196,6 @@ class Spiral {
     const int first = pathInsertIndex(store_, cam_.pathInsertMode, cam_.pathInsertGroup);
     const int rowsBefore = store_.NumPathSegments;
     offsetPathChain(cam_, ringOrder());
-    step_.forgetRecords();
     const int placed = store_.NumPathSegments - rowsBefore;
     ring() = {first, first + placed - 1};
     all().last += placed;
@@ -205,12 +230,11 @@ class Spiral {
 
   void dropRing() {
     all().last -= ring().last - ring().first + 1;
-    deletePathSegments(store_, ring().first, ring().last);
+    dropRows(cam_.changes, ring().first, ring().last);
   }
 
   CamDesk& cam_;
   DrawingStore& store_;
-  PathStep& step_;
   int sg_;
   int inside_ = 0;
   RowBarrier walls_;
@@ -279,30 +303,42 @@ bool ringsCanBeCounted(CamDesk& cam, const RingRange& range) {
   return false;
 }
 
+// False after the operator was told why not, or does not want to.
+bool canCut(CamDesk& cam, int start, RingRange& range) {
+  if (start < 1) {
+    reportNoPocket(cam);
+    return false;
+  }
+  return canGoDown(cam, kCommand, cam.currentZ, cam.roughFloor) && ringsCanBeCounted(cam, range) &&
+         agreesToRange(cam, range);
+}
+
 void cutSpiral(CamDesk& cam, int sg, const RingRange& range) {
   const BusyPointer busy(cam.desk.systemPointer);
-  PathStep step(cam);
-  Spiral spiral(cam, step, sg);
+  Change change(cam.changes, Step::PathDifference);
+  Spiral spiral(cam, sg);
   spiral.cutRings(range);
   const PlacedRows rings = spiral.rows();
   const int others = cam.store.NumPathSegments - (rings.last - rings.first + 1);
   cam.currentZ = replicateLevels(cam, cam.currentZ, cam.roughFloor, others);
   if (cam.store.cfg_connect_pocketing_paths) connectPlacedRows(cam, rings, others);
-  step.keep();
+  change.keep({.redraws = false});
 }
 
 }  // namespace
 
-void dropShortPathSegs(DrawingStore& store, FollowedRows followed) {
+void dropShortPathSegs(Changes& changes, FollowedRows followed) {
+  const DrawingStore& store = changes.store;
   RowMarks isShort = noneMarked(store);
   for (int ps = 1; ps <= store.NumPathSegments; ++ps) {
     isShort[static_cast<std::size_t>(ps)] = isTooShort(pathEntity(store, ps), store.cfg_tolerance);
   }
-  dropMarked(store, isShort, followed);
+  dropMarked(changes, isShort, followed);
 }
 
 // A full circle of two arcs is such a pair too, and loses its first half.
-void dropBackTrackSegs(DrawingStore& store, FollowedRows followed) {
+void dropBackTrackSegs(Changes& changes, FollowedRows followed) {
+  const DrawingStore& store = changes.store;
   RowMarks goesBack = noneMarked(store);
   const auto group = [&](int ps) { return ps < 1 ? 0 : groupRounded(store.pscode[ps]); };
   for (int ps = 1; ps < store.NumPathSegments; ++ps) {
@@ -310,29 +346,29 @@ void dropBackTrackSegs(DrawingStore& store, FollowedRows followed) {
     goesBack[static_cast<std::size_t>(ps)] =
         isThereAndBack(pathEntity(store, ps), pathEntity(store, ps + 1), store.cfg_tolerance);
   }
-  dropMarked(store, goesBack, followed);
+  dropMarked(changes, goesBack, followed);
 }
 
-void dropCrossingPass(DrawingStore& store, int first) {
+void dropCrossingPass(Changes& changes, int first) {
+  const DrawingStore& store = changes.store;
   RowBarrier walls(store, isVerifiedWall);
   const int last = store.NumPathSegments;
-  if (meetsAny(pathEntities(store, first, last), walls)) deletePathSegments(store, first, last);
+  if (meetsAny(pathEntities(store, first, last), walls)) dropRows(changes, first, last);
 }
 
 void parallelSpiralPocket(CamDesk& cam, int sg) {
   const Procedure here("frmMain.parallelSpiralPocket(sg)");
+  Change change(cam.changes);
   cam.currentZ = firstSpiralLevel(cam);
   cam.store.currentpathgroup = nextPathGroup(cam.store);
   const int start = startingRow(cam.store, sg);
-  if (start < 1) {
-    reportNoPocket(cam);
-    return;
-  }
-  if (!canGoDown(cam, kCommand, cam.currentZ, cam.roughFloor)) return;
   RingRange range = ringRange(cam);
-  if (!ringsCanBeCounted(cam, range) || !agreesToRange(cam, range)) return;
-  cutSpiral(cam, start, range);
-  showPlacedPaths(cam);
+  const bool cuts = canCut(cam, start, range);
+  CuttingMode mode(cam.store);
+  if (cuts) cutSpiral(cam, start, range);
+  if (!change.keep({.redraws = false})) return;
+  mode.keep();
+  if (cuts) showPlacedPaths(cam);
 }
 
 void clickStartRoughing(CamDesk& cam) {

@@ -30,17 +30,15 @@ OffsetOrder orderFor(const DrawingStore& store, int sg, float z, ChainWalk& rows
 // A chain is placed whole by its lowest row; its other rows then have a path on them. All chains
 // are one step of the log.
 void placeSelectedChains(CamDesk& cam, float z) {
-  DrawingStore& store = cam.store;
+  const DrawingStore& store = cam.store;
   PlacedOutlines placed(store);
   ChainWalk rows(store);
-  bool startsStep = true;
   for (int sg = 1; sg <= store.NumSegments; ++sg) {
     if (store.segattr[sg] != kSelectedRow || placed.covers(segmentEntity(store, sg))) continue;
-    Placement placement(cam);
+    Placement placement(cam, Step::Continued);
     placePathChain(cam, orderFor(store, sg, z, rows), placement);
-    placement.keep(startsStep);
+    placement.keep();
     const PlacedRows added = placement.rows();
-    startsStep = startsStep && added.empty();
     for (int ps = added.first; ps <= added.last; ++ps) placed.add(pathEntity(store, ps));
   }
 }
@@ -55,6 +53,7 @@ void quickPlacePaths(CamDesk& cam) {
   const bool several = -std::abs(store.cfg_start_depth) >= floor;
   if (several && !canGoDown(cam, "Quick Place", z, floor)) return;
   const BusyPointer busy(cam.desk.systemPointer);
+  Change change(cam.changes);
   store.currentpathgroup = nextPathGroup(store);
   const int rowsBefore = store.NumPathSegments;
   if (several) {
@@ -63,6 +62,7 @@ void quickPlacePaths(CamDesk& cam) {
   } else {
     placeSelectedChains(cam, -std::abs(store.cfg_final_depth));
   }
+  change.keep({.redraws = false});
   showPlacedPaths(cam);
 }
 

@@ -36,7 +36,7 @@ class Looks : public ::testing::TestWithParam<bool> {
     };
     program = std::make_unique<DesktopProgram>(
         programFolder({.home = {}, .executableFolder = {}, .environment = environment}));
-    // A copy: an open drawing is locked, and many tests run at once.
+    // A copy of its own: what other processes have open is told of, and somebody has to answer.
     for (const char* const name : {"bracket.cdm", "BRACKET.TPM"}) {
       std::filesystem::copy(std::string(TESSIMO_SOURCE_DIR "/examples/") + name, folder(name));
     }

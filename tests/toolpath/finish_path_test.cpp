@@ -283,7 +283,7 @@ TEST_F(FinishPath, ACutOfNothingPerPassPlacesNothing) {
   EXPECT_EQ(messages()[0].icon, MessageIcon::Warning);
   EXPECT_EQ(messages()[0].buttons, MessageButtons::Ok);
   EXPECT_EQ(pending(), 0);
-  EXPECT_FALSE(cam.changelog.canUndo());
+  EXPECT_FALSE(cam.changes.log.canUndo());
 }
 
 TEST_F(FinishPath, SoForOneSegmentButNotWithoutPasses) {
@@ -492,15 +492,16 @@ TEST_F(FinishPathNotch, UndoStepByStepTakesEverythingBackAndRedoGivesItAgain) {
 
 // ---- Failures
 
-TEST_F(FinishPath, AFailureMidwayKeepsWholePassesAndThePointer) {
+TEST_F(FinishPath, AFailureMidwayLeavesNoPassAndThePointer) {
   addSquare();
   for (int ps = 1; ps <= 32760; ++ps) addPathLine(5, 5, 6, 6);
   start(2);
   click(0, 0);
   click(1, 0);
   EXPECT_EQ(testing::numberOfFailure([&] { click(1, 1); }), FailureNumber::Overflow);
-  EXPECT_EQ(store.NumPathSegments, 32764);
-  EXPECT_EQ(desk.changelog.changecount, 4);
+  EXPECT_EQ(store.NumPathSegments, 32760);
+  EXPECT_EQ(desk.changelog.changecount, 0);
+  EXPECT_EQ(store.lastplacedgroup, 1);
   EXPECT_EQ(pointer.MousePointer(), kDefaultShape);
 }
 

@@ -6,6 +6,7 @@
 #include "drafting/undo.h"
 #include "tests/support/failure_of.h"
 #include "tests/toolpath/working_outline_rows.h"
+#include "toolpath/path_placement.h"
 
 namespace tess {
 namespace {
@@ -171,7 +172,7 @@ TEST(RoughCutPocket, AStepThatDoesNotGoDownPlacesNothing) {
     EXPECT_EQ(c.store.NumPathSegments, 0);
     EXPECT_EQ(segmentTexts(c.store), drawing);
     EXPECT_EQ(c.store.segattr[1], kVerifiedRow);
-    EXPECT_FALSE(c.cam.changelog.canUndo());
+    EXPECT_FALSE(c.cam.changes.log.canUndo());
     ASSERT_EQ(c.messages().size(), 1U);
     EXPECT_EQ(c.messages()[0].text,
               std::string("The Depth Per Pass, Z, is ") + test.fault +
@@ -491,17 +492,54 @@ TEST(RoughCutPocket, TooManyCrossingsLeaveTheDrawingWhole) {
   EXPECT_EQ(c.pointer.MousePointer(), kDefaultShape);
 }
 
-TEST(RoughCutPocket, AFullPathTableKeepsWhatWasPlacedAndCanBeUndone) {
+TEST(RoughCutPocket, AFullPathTableLeavesNothingPlaced) {
   RoughCam c;
   while (c.store.NumPathSegments < 32766) c.addPathLine(9, 9, 10, 10);
   c.addOutline({0, 0}, {3, 3});
   const Texts drawing = segmentTexts(c.store);
+  c.store.currentpathgroup = 1;
+  c.store.drawingsaved = true;
   EXPECT_EQ(testing::numberOfFailure([&] { mnuCAMRoughCutPocket_Click(c.cam); }),
             FailureNumber::Overflow);
   EXPECT_EQ(segmentTexts(c.store), drawing);
-  EXPECT_EQ(c.store.NumPathSegments, 32767);
-  Undo_Last_Change(c.desk);
   EXPECT_EQ(c.store.NumPathSegments, 32766);
+  EXPECT_EQ(c.store.currentpathgroup, 1);
+  EXPECT_EQ(c.store.lastplacedgroup, 1);
+  EXPECT_TRUE(c.store.drawingsaved);
+  EXPECT_FALSE(c.desk.changelog.canUndo());
+}
+
+// The first levels fit; the one that does not takes them all with it.
+TEST(RoughCutPocket, APathTableThatFillsAtALowerLevelLeavesNothingPlaced) {
+  RoughCam c;
+  while (c.store.NumPathSegments < 32760) c.addPathLine(9, 9, 10, 10);
+  c.addOutline({0, 0}, {3, 3});
+  c.store.cfg_final_depth = 2;
+  EXPECT_EQ(testing::numberOfFailure([&] { mnuCAMRoughCutPocket_Click(c.cam); }),
+            FailureNumber::Overflow);
+  EXPECT_EQ(c.store.NumPathSegments, 32760);
+  EXPECT_FALSE(c.desk.changelog.canUndo());
+}
+
+// More records than the log holds, in steps that all fit: the oldest give way.
+TEST(RoughCutPocket, TwelveInARowAreTwelveStepsOfUndo) {
+  RoughCam c;
+  c.addOutline({0, 0}, {3, 3});
+  setSpacing(c.store, 0.001F);
+  c.store.cfg_connect_pocketing_paths = true;
+  for (int number = 1; number <= 12; ++number) {
+    mnuCAMRoughCutPocket_Click(c.cam);
+    EXPECT_GT(c.store.NumPathSegments, 4900) << number;
+    EXPECT_EQ(c.desk.changelog.lastStepSize(), c.store.NumPathSegments) << number;
+    EXPECT_TRUE(isConsistent(c.store));
+    if (number < 12) mnuClearAllPaths_Click(c.cam);
+  }
+  EXPECT_TRUE(c.messages().empty());
+  EXPECT_EQ(c.desk.changelog.changecount, 6 * c.store.NumPathSegments);
+  Undo_Last_Change(c.desk);
+  EXPECT_EQ(c.store.NumPathSegments, 0);
+  RedoLastChange(c.desk);
+  EXPECT_EQ(c.store.NumPathSegments, c.desk.changelog.lastStepSize());
 }
 
 // ---- The change log

@@ -32,6 +32,15 @@ TEST_F(EventBinding, TheStateOfATool) {
             "false\tfalse\ttrue\t&Undo\tnil\n");
 }
 
+TEST_F(EventBinding, TheSelectedRowsInTheOrderOfTheirSelection) {
+  const std::string rows = "for n = 0, 2 do add_segment{type=1, x0=n, x1=n, y1=1} end ";
+  EXPECT_EQ(outputOf(rows + "print(#state.Selected) tool('miSelect') click(2, 0.5) click(0, 0.5) "
+                            "print(table.concat(state.Selected, ' ')) "
+                            "tool('miSelectAll') print(table.concat(state.Selected, ' ')) "
+                            "tool('miUnselectAll') print(#state.Selected)"),
+            "0\n3 1\n1 2 3\n0\n");
+}
+
 TEST_F(EventBinding, ADisabledToolDoesNothing) {
   EXPECT_EQ(outputOf("tool('miUndo') print(state.changecount, #messages)"), "0\t0\n");
 }
