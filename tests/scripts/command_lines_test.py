@@ -60,6 +60,16 @@ class CommandLines(unittest.TestCase):
         self.assertIn("--make-cnc", run.stdout)
         self.assertEqual((run.returncode, run.stderr), (0, ""))
 
+    # The toolkit takes over the operator's locale; a comma would then end numbers in its middle.
+    def test_numbers_have_points_whatever_the_locale(self) -> None:
+        text = "plot('part.png') print(0.75, os.setlocale(nil, 'numeric'))\n"
+        script = self.work / "play.lua"
+        script.write_text(text)
+        for run in (self.run_program("--home", str(self.home), "--allow-io", "--run", str(script),
+                                     LC_ALL="C.UTF-8"),
+                    self.play(text, before=["--allow-io"], LC_ALL="C.UTF-8")):
+            self.assertEqual((run.returncode, run.stdout, run.stderr), (0, "0.75\tC\n", ""))
+
     def test_the_reader_of_jet_files_takes_its_file_and_nothing_else(self) -> None:
         file = self.work / "x.mdb"
         for content in (b"", b"a text", b"\0\1\0\0Standard Jet DB\0" + bytes(range(256)) * 32):
@@ -252,11 +262,12 @@ class CommandLines(unittest.TestCase):
         self.assertEqual((run.returncode, run.stdout, run.stderr), (0, f"{self.home}/CNC/\n", ""))
 
     def play(self, script: str, *arguments: str,
-             before: Sequence[str] = ()) -> subprocess.CompletedProcess[str]:
+             before: Sequence[str] = (), **variables: str) -> subprocess.CompletedProcess[str]:
         (self.work / "play.lua").write_text(script)
         (self.work / "run").mkdir(mode=0o700, exist_ok=True)
         return self.run_program("--home", str(self.home), *before, "--play", "play.lua", *arguments,
-                                QT_QPA_PLATFORM="offscreen", XDG_RUNTIME_DIR=str(self.work / "run"))
+                                QT_QPA_PLATFORM="offscreen", XDG_RUNTIME_DIR=str(self.work / "run"),
+                                **variables)
 
     def test_a_script_in_the_window_leaves_what_a_run_leaves(self) -> None:
         script = """\
