@@ -47,7 +47,7 @@ bool settleUnsavedWork(Session& session) {
   int answer = 0;
   askUser(session, "Drawing not saved! Save now?", kAskYesNoCancel, answer);
   if (answer == kAnswerYes) smart_save(session);
-  if (answer == kAnswerNo) session.store.drawingsaved = true;
+  if (answer == kAnswerNo) countAsSaved(session);
   return answer != kAnswerCancel;
 }
 

@@ -206,8 +206,13 @@ FilePlace::FilePlace(WriteGuard& guard, std::shared_ptr<const Folder> folder, st
     : guard_(&guard),
       folder_(std::move(folder)),
       name_(std::move(name)),
-      path_(folder_->pathOf(name_)) {
+      path_(folder_->pathOf(name_)),
+      kind_(kind) {
   guard.require({kind, folder_->number(), name_, path_});
+}
+
+bool FilePlace::isPermittedBy(const WriteGuard& guard) const {
+  return guard.permits({kind_, folder_->number(), name_, path_});
 }
 
 FilePlace FilePlace::beside(std::string name, FileKind kind) const {

@@ -1,26 +1,21 @@
 // Creating entities: the drawing modes of the draw menu.
 #include "drafting/entity_creation.h"
 
+#include <optional>
 #include <utility>
+#include <vector>
 
 #include "display/screen_marks.h"
 #include "drafting/drafting_commands.h"
 #include "drafting/rubber_band.h"
-#include "drafting/undo.h"
 #include "geometry/angles.h"
 #include "geometry/circles.h"
 
 namespace tess {
 namespace {
 
-Point markerOf(const Desk& desk) {
-  return {desk.store.markerx, desk.store.markery};
-}
 Point secondPointOf(const Desk& desk) {
   return {desk.command.marker2x, desk.command.marker2y};
-}
-Point mouseOf(const Desk& desk) {
-  return {desk.pointer.MouseX, desk.pointer.MouseY};
 }
 
 Rgb drawColor(const Desk& desk) {
@@ -51,16 +46,15 @@ void putMarker(Desk& desk, float x, float y) {
   toggleMarkerCross(desk);
 }
 
-// Appends, draws and logs one ordinary row.
-void appendLogged(Desk& desk, const SegmentRow& row, PictureBoxProxy& target, bool startsStep) {
+// Adds ordinary rows as one step, each drawn as it comes.
+void addRows(Desk& desk, std::span<const SegmentRow> rows, PictureBoxProxy& target, int undoMark) {
   SegmentPainter painter(desk.renderer, target);
-  AddSeg(desk.store, row, &painter);
-  logSegment(desk.changelog, desk.store, desk.store.NumSegments, "A", startsStep);
-  desk.store.drawingsaved = false;
+  Change change(desk.changes);
+  for (const SegmentRow& row : rows) change.segments.append(row, painter);
+  change.keep({.undoMark = undoMark, .redraws = false});
 }
-
-SegmentRow lineRow(Point from, Point to) {
-  return {.type = kLine, .x0 = from.x, .y0 = from.y, .x1 = to.x, .y1 = to.y};
+void addRow(Desk& desk, const SegmentRow& row, PictureBoxProxy& target) {
+  addRows(desk, {&row, 1}, target, kRowsAdded);
 }
 
 // A whole circle travels as a clockwise arc that ends where it starts.
@@ -87,34 +81,27 @@ SegmentRow scratchArcRow(const ArcScratch& arc) {
 void drawLineMode(Desk& desk, PictureBoxProxy& target) {
   desk.command.clickstage = 0;
   toggleMarkerCross(desk);
-  const SegmentRow line = lineRow(markerOf(desk), mouseOf(desk));
-  appendLogged(desk, line, target, /*startsStep=*/true);
+  addRow(desk, lineRow(markerOf(desk), mouseOf(desk)), target);
   putMarker(desk, desk.pointer.MouseX, desk.pointer.MouseY);
-  enableUndo(desk, kRowsAdded);
 }
 
 void drawRectangleMode(Desk& desk, PictureBoxProxy& target) {
-  desk.command.clickstage = 0;
-  toggleMarkerCross(desk);
   const Point a = markerOf(desk);
   const Point b = mouseOf(desk);
   if (a.x != b.x && a.y != b.y) {
-    appendLogged(desk, lineRow(a, {b.x, a.y}), target, /*startsStep=*/true);
-    appendLogged(desk, lineRow({b.x, a.y}, b), target, /*startsStep=*/false);
-    appendLogged(desk, lineRow(b, {a.x, b.y}), target, /*startsStep=*/false);
-    appendLogged(desk, lineRow({a.x, b.y}, a), target, /*startsStep=*/false);
+    const SegmentRow sides[] = {lineRow(a, {b.x, a.y}), lineRow({b.x, a.y}, b),
+                                lineRow(b, {a.x, b.y}), lineRow({a.x, b.y}, a)};
+    addShape(desk, sides, target, kRectangleAdded);
   } else {
-    appendLogged(desk, lineRow(a, b), target, /*startsStep=*/true);
+    const SegmentRow line[] = {lineRow(a, b)};
+    addShape(desk, line, target, kRectangleAdded);
   }
-  enableUndo(desk, kRectangleAdded);
-  toggleMarkerCross(desk);
 }
 
 void drawCircleC1PMode(Desk& desk, PictureBoxProxy& target) {
   desk.command.clickstage = 0;
   if (markerOf(desk) == mouseOf(desk)) return;
-  appendLogged(desk, circleRow(mouseOf(desk), markerOf(desk)), target, /*startsStep=*/true);
-  enableUndo(desk, kRowsAdded);
+  addRow(desk, circleRow(mouseOf(desk), markerOf(desk)), target);
   rememberMarker(desk);
 }
 
@@ -137,8 +124,7 @@ void drawThreePointMode(Desk& desk, Finish finish) {
 }
 
 bool appendShape(Desk& desk, const SegmentRow& row, PictureBoxProxy& target) {
-  appendLogged(desk, row, target, /*startsStep=*/true);
-  enableUndo(desk, kRowsAdded);
+  addRow(desk, row, target);
   return true;
 }
 
@@ -177,19 +163,27 @@ int senseThrough(const ArcScratch& arc, float x, float y) {
   return angleInSweep(t, a, b, kClockwiseArc) ? kClockwiseArc : 0;
 }
 
+ArcAngles anglesOf(const SegmentRow& arc) {
+  return arcRadiusAndAngles({arc.x0, arc.y0}, {arc.x1, arc.y1}, {arc.xc, arc.yc});
+}
+
+// Paints an arc; the surface sweeps counter-clockwise only. A reversed one is its other part.
+void traceArcRow(Desk& desk, const SegmentRow& arc, bool reversed) {
+  ArcAngles angles = anglesOf(arc);
+  if (arc.type == kClockwiseArc) std::swap(angles.start, angles.end);
+  if (angles.start == angles.end) angles.end = static_cast<float>(angles.end + kTwoPi);
+  if (reversed) std::swap(angles.start, angles.end);
+  desk.ScreenProxy.TraceCircle(arc.xc, arc.yc, angles.radius, drawColor(desk), angles.start,
+                               angles.end, 1.0F);
+}
+
 // Settles the sense of the arc in the scratch and paints it.
 void traceArc(Desk& desk, float x, float y, bool reversed) {
   ArcScratch& arc = desk.arc;
   arc.arcdir = senseThrough(arc, x, y);
-  ArcAngles angles =
-      arcRadiusAndAngles({arc.arcx0, arc.arcy0}, {arc.arcx1, arc.arcy1}, {arc.arccx, arc.arccy});
-  arc.arcradius = angles.radius;
-  // The surface sweeps counter-clockwise only.
-  if (arc.arcdir == kClockwiseArc) std::swap(angles.start, angles.end);
-  if (angles.start == angles.end) angles.end = static_cast<float>(angles.end + kTwoPi);
-  if (reversed) std::swap(angles.start, angles.end);
-  desk.ScreenProxy.TraceCircle(arc.arccx, arc.arccy, arc.arcradius, drawColor(desk), angles.start,
-                               angles.end, 1.0F);
+  const SegmentRow row = scratchArcRow(arc);
+  arc.arcradius = anglesOf(row).radius;
+  traceArcRow(desk, row, reversed);
 }
 
 void takeEnds(Desk& desk) {
@@ -200,17 +194,46 @@ void takeEnds(Desk& desk) {
 }
 
 bool centreThrough(Desk& desk, Point third) {
-  Point center;
-  if (!circleFrom3Points(markerOf(desk), secondPointOf(desk), third, desk.store.cfg_tolerance,
-                         center)) {
-    return false;
-  }
-  desk.arc.arccx = center.x;
-  desk.arc.arccy = center.y;
+  const std::optional<Point> center =
+      circleFrom3Points(markerOf(desk), secondPointOf(desk), third, desk.store.cfg_tolerance);
+  if (!center) return false;
+  desk.arc.arccx = center->x;
+  desk.arc.arccy = center->y;
   return true;
 }
 
 }  // namespace
+
+Point markerOf(const Desk& desk) {
+  return {desk.store.markerx, desk.store.markery};
+}
+Point mouseOf(const Desk& desk) {
+  return {desk.pointer.MouseX, desk.pointer.MouseY};
+}
+Point hoverPoint(const Desk& desk) {
+  return {desk.pointer.MouseMoveX, desk.pointer.MouseMoveY};
+}
+
+SegmentRow lineRow(Point from, Point to) {
+  return {.type = kLine, .x0 = from.x, .y0 = from.y, .x1 = to.x, .y1 = to.y};
+}
+
+void addShape(Desk& desk, std::span<const SegmentRow> rows, PictureBoxProxy& target, int undoMark) {
+  desk.command.clickstage = 0;
+  toggleMarkerCross(desk);
+  if (!rows.empty()) addRows(desk, rows, target, undoMark);
+  toggleMarkerCross(desk);
+}
+
+void traceShape(Desk& desk, std::span<const SegmentRow> rows) {
+  for (const SegmentRow& row : rows) {
+    if (isArc(row.type)) {
+      traceArcRow(desk, row, /*reversed=*/false);
+    } else {
+      desk.ScreenProxy.TraceLine({row.x0, row.y0, row.x1, row.y1}, drawColor(desk));
+    }
+  }
+}
 
 void startDrawing(Desk& desk, const DeskCommand& command) {
   dropThreePointCommand(desk);
@@ -244,11 +267,12 @@ bool draw_arcc2p(Desk& desk, float x, float y) {
   takeEnds(desk);
   const Point click{x, y};
   const float radius = (distance(markerOf(desk), click) + distance(secondPointOf(desk), click)) / 2;
-  PointPair centers;
-  if (!centersFromChord(markerOf(desk), secondPointOf(desk), radius, centers)) return false;
+  const std::optional<PointPair> centers =
+      centersFromChord(markerOf(desk), secondPointOf(desk), radius);
+  if (!centers) return false;
   // The click marks the side of the centre; on a tie the second one is taken.
-  const bool first = distance(centers.first, click) < distance(centers.second, click);
-  const Point center = first ? centers.first : centers.second;
+  const bool first = distance(centers->first, click) < distance(centers->second, click);
+  const Point center = first ? centers->first : centers->second;
   desk.arc.arccx = center.x;
   desk.arc.arccy = center.y;
   traceArc(desk, x, y, desk.arc.reversearc);
@@ -256,12 +280,12 @@ bool draw_arcc2p(Desk& desk, float x, float y) {
 }
 
 void BatchAddLines(Desk& desk, std::span<const BatchLine> lines) {
-  bool first = true;
+  std::vector<SegmentRow> rows;
+  rows.reserve(lines.size());
   for (const BatchLine& line : lines) {
-    appendLogged(desk, lineRow({line.x0, line.y0}, {line.x1, line.y1}), desk.ScreenProxy, first);
-    first = false;
+    rows.push_back(lineRow({line.x0, line.y0}, {line.x1, line.y1}));
   }
-  if (!lines.empty()) enableUndo(desk, kRowsAdded);
+  addRows(desk, rows, desk.ScreenProxy, kRowsAdded);
 }
 
 void moveMarker(Desk& desk, float x, float y) {
@@ -306,28 +330,25 @@ void mnuDrawCircleC1P_Click(Desk& desk) {
 
 namespace {
 
-// What follows the pointer, from the marker to where it was last.
-WorldBox fromMarker(const Desk& desk) {
-  return {desk.store.markerx, desk.store.markery, desk.pointer.MouseMoveX, desk.pointer.MouseMoveY};
-}
-
 void hoverLine(Desk& desk) {
-  desk.ScreenProxy.TraceLine(fromMarker(desk), drawColor(desk));
+  const SegmentRow line[] = {lineRow(markerOf(desk), hoverPoint(desk))};
+  traceShape(desk, line);
 }
 
 void hoverBox(Desk& desk) {
-  desk.ScreenProxy.TraceLine(fromMarker(desk), drawColor(desk), kOutlineBox);
+  const Point a = markerOf(desk), b = hoverPoint(desk);
+  desk.ScreenProxy.TraceLine({a.x, a.y, b.x, b.y}, drawColor(desk), kOutlineBox);
 }
 
 void hoverCircle(Desk& desk) {
-  const WorldBox ends = fromMarker(desk);
-  const float radius = distance({ends.x0, ends.y0}, {ends.x1, ends.y1});
-  desk.ScreenProxy.TraceCircle(ends.x0, ends.y0, radius, drawColor(desk));
+  const Point center = markerOf(desk);
+  const float radius = distance(center, hoverPoint(desk));
+  desk.ScreenProxy.TraceCircle(center.x, center.y, radius, drawColor(desk));
 }
 
 template <bool (*shape)(Desk&, float, float)>
 void hoverShape(Desk& desk) {
-  shape(desk, desk.pointer.MouseMoveX, desk.pointer.MouseMoveY);
+  shape(desk, hoverPoint(desk).x, hoverPoint(desk).y);
 }
 
 }  // namespace

@@ -1,6 +1,6 @@
 // A drafting desk on a screen of any kind, worked by lists of pointer events: the fixture of tests
 // of the interaction.
-// Owns: HeldSurface, kDeskTools, DraftingDesk, RecordedDesk, segmentText, segmentTexts, pathText,
+// Owns: HeldSurface, DraftingDesk, RecordedDesk, segmentText, segmentTexts, pathText,
 //       pathTexts.
 #pragma once
 
@@ -8,7 +8,10 @@
 #include <vector>
 
 #include "core/units.h"
+#include "display/display_commands.h"
 #include "drafting/desk.h"
+#include "drafting/drafting_commands.h"
+#include "drafting/draw_mode_tools.h"
 #include "drafting/pending_actions.h"
 #include "drafting/pointer_events.h"
 #include "tests/support/recording_session.h"
@@ -23,29 +26,6 @@ struct HeldSurface {
   Surface surface{log};
 };
 
-inline constexpr const char* kDeskTools[] = {
-    "miUndo",
-    "miRedo",
-    "miLine",
-    "miArc3P",
-    "miArcC+2P",
-    "miCircle3P",
-    "miCircleC+1P",
-    "miRectangle",
-    "miSelect",
-    "miUnselect",
-    "miPan",
-    "VGrid",
-    "CGrid",
-    "OSnap",
-    "miOSnapEndpoints",
-    "miOSnapCenter",
-    "miOSnapMidpoint",
-    "miOSnapQuadrant",
-    "miOSnapPerpendicular",
-    "miEditSegsOrPaths",
-};
-
 // The view shows (-5, -4) to (5, 4), at 100 pixels to the unit on a surface of 1000 by 800. Pointer
 // events are in drawing units. Time stands still until pass() is called.
 template <class Surface>
@@ -55,12 +35,8 @@ class DraftingDesk : public HeldSurface<Surface>,
                      public DeskListener {
  public:
   DraftingDesk() {
-    for (const char* const name : kDeskTools) {
-      Tool tool;
-      tool.name = name;
-      tool.caption = std::string(" ") + name;
-      tools.addTool(tool);
-    }
+    for (const ViewCommand* const command : displayCommands()) addTool(command->info.tool);
+    for (const DeskCommand* const command : draftingCommands()) addTool(command->info.tool);
     statusBar.onText = [this](const std::string& text) { statusLog.push_back(text); };
     set_num_formats(test.session);
     store.cfg_tolerance = 0.001F;
@@ -77,6 +53,8 @@ class DraftingDesk : public HeldSurface<Surface>,
     this->log.take();
     statusLog.clear();
   }
+
+  ~DraftingDesk();
 
   // ---- What the operator does
 
@@ -126,8 +104,7 @@ class DraftingDesk : public HeldSurface<Surface>,
   // The tools that are pressed, of those of the drawing mode.
   std::vector<std::string> pressedTools() const {
     std::vector<std::string> pressed;
-    for (const char* const tool : {"miLine", "miArc3P", "miArcC+2P", "miCircle3P", "miCircleC+1P",
-                                   "miRectangle", "miSelect", "miUnselect", "miPan"}) {
+    for (const char* const tool : drawModeTools(desk)) {
       if (tools.isChecked(tool)) pressed.emplace_back(tool);
     }
     return pressed;
@@ -189,6 +166,13 @@ class DraftingDesk : public HeldSurface<Surface>,
              timers, tools, statusBar, *this}};
 
  private:
+  void addTool(const char* name) {
+    Tool tool;
+    tool.name = name;
+    tool.caption = std::string(" ") + name;
+    tools.addTool(tool);
+  }
+
   void clickWith(int button, float x, float y, int shift) {
     move(0, x, y, shift);
     press(button, x, y, shift);
@@ -196,6 +180,11 @@ class DraftingDesk : public HeldSurface<Surface>,
   }
 };
 
+template <class Surface>
+DraftingDesk<Surface>::~DraftingDesk() = default;
+
+// Compiled once for all tests of it.
+extern template class DraftingDesk<RecordingSurface>;
 using RecordedDesk = DraftingDesk<RecordingSurface>;
 
 // A drawing row in one line, as in "1 (0, 0)-(1, 0)", "2 (0, 1)-(1, 0) c (0, 0)"; an attribute
