@@ -13,6 +13,7 @@
 #include <utility>
 
 #include "core/file_system.h"
+#include "core/runtime_failure.h"
 
 namespace tess {
 namespace {
@@ -171,21 +172,19 @@ class FilePlace::Folder {
       descriptor_ = openWithoutLinks(real);
     }
     if (!descriptor_.isOpen()) raiseWriteFailure(errno, target);
+    struct stat state {};
+    if (::fstat(number(), &state) != 0) raiseFileFailure(errno, target);
+    identity_ = {state.st_dev, state.st_ino};
   }
 
   int number() const { return descriptor_.number(); }
   std::string pathOf(const std::string& name) const { return (fs::path(path_) / name).string(); }
-  // One that cannot be looked at is like no other.
-  bool isSame(const Folder& other) const {
-    struct stat mine {};
-    struct stat others {};
-    return ::fstat(number(), &mine) == 0 && ::fstat(other.number(), &others) == 0 &&
-           mine.st_dev == others.st_dev && mine.st_ino == others.st_ino;
-  }
+  bool isSame(const Folder& other) const { return identity_ == other.identity_; }
 
  private:
   std::string path_;
   Descriptor descriptor_;
+  std::pair<dev_t, ino_t> identity_;  // its file system, and its number there
 };
 
 FilePlace::FilePlace(WriteGuard& guard, std::string_view path, FileKind kind)
@@ -220,7 +219,7 @@ FilePlace FilePlace::beside(std::string name, FileKind kind) const {
 }
 
 bool FilePlace::sharesFolderWith(const FilePlace& other) const {
-  return folder_ == other.folder_ || folder_->isSame(*other.folder_);
+  return folder_->isSame(*other.folder_);
 }
 
 std::optional<struct stat> FilePlace::state() const {
@@ -262,6 +261,18 @@ Descriptor FilePlace::create(std::string_view content,
   return file;
 }
 
+Descriptor FilePlace::createAnew(std::string_view content,
+                                 const std::optional<struct stat>& like) const {
+  try {
+    return create(content, like);
+  } catch (const RuntimeFailure& failure) {
+    if (failure.number() != FailureNumber::FileExists) throw;
+    takeCallChain();
+  }
+  remove();
+  return create(content, like);
+}
+
 void FilePlace::flush(const Descriptor& file) const {
   if (!flushed(file.number())) raiseFileFailure(errno, path_);
 }
@@ -284,6 +295,21 @@ void FilePlace::append(std::string_view text) const {
       ::openat(folder_->number(), name_.c_str(),
                O_WRONLY | O_APPEND | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC, kNewFileMode));
   if (!file.isOpen()) raiseWriteFailure(errno, path_);
+  appendTo(file, text);
+}
+
+Descriptor FilePlace::createLocked() const {
+  Descriptor file(::openat(folder_->number(), name_.c_str(),
+                           O_WRONLY | O_APPEND | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
+                           kNewFileMode));
+  if (!file.isOpen()) raiseWriteFailure(errno, path_);
+  // Waits for a process that looks at the moment whether the file is abandoned. Where the file
+  // system knows no locks there is none.
+  while (::flock(file.number(), LOCK_EX) != 0 && errno == EINTR) continue;
+  return file;
+}
+
+void FilePlace::appendTo(const Descriptor& file, std::string_view text) const {
   struct stat before {};
   if (::fstat(file.number(), &before) != 0) raiseFileFailure(errno, path_);
   if (!S_ISREG(before.st_mode)) raiseNoFile(before.st_mode, path_);

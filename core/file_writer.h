@@ -48,6 +48,8 @@ class FilePlace {
   // get there together in little more time than one. The permissions are those of `like`, else the
   // ordinary ones. A file that is there already raises File already exists.
   Descriptor create(std::string_view content, const std::optional<struct stat>& like = {}) const;
+  // The same in place of a file that was left over.
+  Descriptor createAnew(std::string_view content, const std::optional<struct stat>& like) const;
   void flush(const Descriptor& file) const;
 
   // Gives the file a second name. False where the file system cannot do that.
@@ -55,6 +57,10 @@ class FilePlace {
   void moveTo(const FilePlace& other) const;
   // Adds to the file's end, or creates it; after a failure it ends where it did.
   void append(std::string_view text) const;
+  // A new file, locked for as long as it is open; what is there already stands in the way.
+  Descriptor createLocked() const;
+  // The same as append for a file of this place that is open.
+  void appendTo(const Descriptor& file, std::string_view text) const;
   // Does nothing when there is no file.
   void remove() const;
   // Has the names of the folder, as they are now, on the disk.
