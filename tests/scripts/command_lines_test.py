@@ -235,6 +235,13 @@ class CommandLines(unittest.TestCase):
         self.assert_fails(1, f"large.lua: {size}{16 << 20})", *home, "--run", "large.lua")
         self.assert_fails(1, f"{part}: Couldn't revert to saved drawing. {size}{64 << 20})", *home,
                           "--make-cnc", "mill", part)
+        (self.work / "large.dxf").touch()
+        os.truncate(self.work / "large.dxf", 1 << 40)
+        (self.work / "import.lua").write_text(
+            "import_dxf(arg[1] .. 'large.dxf') print((messages[1].text:gsub('\\n.*', '')))")
+        run = self.run_program(*home, "--run", "import.lua", f"{self.work}/")
+        self.assertEqual((run.returncode, run.stderr), (0, ""))
+        self.assertIn(f"{size}{512 << 20})", run.stdout)
         os.truncate(self.home / "test.msu", 1 << 40)
         self.assert_fails(1, f"{size}{16 << 20}): {self.home}/test.msu", *home, "--make-cnc", "mill",
                           part)
