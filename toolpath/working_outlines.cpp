@@ -80,12 +80,12 @@ void offsetSegChain(CamDesk& cam, ChainWalk& rows, const OutlineOffset& order) {
   change.keep({.redraws = false});
 }
 
-int insertSegment(Changes& changes, int index, const SegmentRow& row) {
-  if (row.x0 == row.x1 && row.y0 == row.y1) return kNoExtent;
+bool insertSegment(Changes& changes, int index, const SegmentRow& row) {
+  if (row.x0 == row.x1 && row.y0 == row.y1) return false;
   Change change(changes, Step::Continued);
   change.segments.insert(index, row, Entry::Unlogged);
   change.keep({.redraws = false});
-  return 0;
+  return true;
 }
 
 void removeWorkingRows(Changes& changes) {
