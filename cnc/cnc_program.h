@@ -28,8 +28,9 @@ class ProgramViewer {
 };
 
 // The whole program of the drawing, which has at least one path row, under state.cncfilename.
-// Raises Invalid procedure call for a value that is no number and Subscript out of range for a row
-// without a tool; the failure's source names the path row.
+// Raises Invalid procedure call for a value that is no number, Subscript out of range for a row
+// without a tool, and Overflow when it would be longer than 64 MB; the failure's source names the
+// path row.
 std::string programText(const Session& session, const PostDefinition& definition, CncState& state,
                         CncMode mode);
 

@@ -1,7 +1,7 @@
 // Descriptors: all that is to be told of a command, in one place. Menus, tool bars, hints, keys,
 // prompts and the repeat key follow from them. A descriptor stands beside the routine that it runs;
 // command_list.h names them all.
-// Owns: BandPlace, CommandInfo, NotYet, kNotYet, CommandRoutine, ActionText, Action, Repeat, Command.
+// Owns: BandPlace, TouchedFiles, CommandInfo, NotYet, kNotYet, CommandRoutine, ActionText, Action, Repeat, Command.
 #pragma once
 
 #include <array>
@@ -19,6 +19,10 @@ struct BandPlace {
   int place = 0;
 };
 
+// The files that a command reads or writes without asking for one: a script is held to its folders
+// there. Others ask in a dialog, which does the same.
+enum class TouchedFiles { None, Drawing, ChosenDrawing, Setup, DrawingAndProgram };
+
 // What the operator sees.
 struct CommandInfo {
   const char* tool;     // its name, for scripts too
@@ -32,6 +36,7 @@ struct CommandInfo {
   const char* icon = "";   // the tool whose icon it shows; "" for its own
   const char* popUp = "";  // the band that drops down from its button
   int tag = 0;             // what an entry of a pop-up stands for; 0 nothing
+  TouchedFiles touches = TouchedFiles::None;
 };
 
 // What a command says that does not exist yet: its tool stands disabled.

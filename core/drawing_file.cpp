@@ -302,6 +302,7 @@ SaveResult saveAsking(Session& session, bool agreed) {
     if (written) break;
     if (const auto result = askAboutChanges(session, session.opened.path)) return *result;
     session.opened.state = save.state;
+    session.opened.hasRows.reset();
   }
   noteSavedCounts(store);
   session.lastfilename = store.drawingpath + store.drawingname;
@@ -376,7 +377,10 @@ void mnuFileRevert_Click(Session& session) {
 // ---- Descriptors
 
 constexpr SessionCommand kRevertCommand{
-    .info = {.tool = "miReverttoSaved", .caption = "&Revert to Saved", .menu = {"miFile", 130}},
+    .info = {.tool = "miReverttoSaved",
+             .caption = "&Revert to Saved",
+             .menu = {"miFile", 130},
+             .touches = TouchedFiles::ChosenDrawing},
     .run = mnuFileRevert_Click,
 };
 
@@ -384,7 +388,8 @@ constexpr SessionCommand kSaveCommand{
     .info = {.tool = "miSave",
              .caption = "&Save",
              .menu = {"miFile", 210},
-             .bar = {"barFile", 130}},
+             .bar = {"barFile", 130},
+             .touches = TouchedFiles::Drawing},
     .run = smart_save,
 };
 

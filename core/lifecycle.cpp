@@ -357,7 +357,11 @@ void Form_Unload(Session& session) {
 // ---- Descriptors
 
 constexpr SessionCommand kNewCommand{
-    .info = {.tool = "miNew", .caption = "&New", .menu = {"miFile", 110}, .bar = {"barFile", 110}},
+    .info = {.tool = "miNew",
+             .caption = "&New",
+             .menu = {"miFile", 110},
+             .bar = {"barFile", 110},
+             .touches = TouchedFiles::Drawing},
     .run = smart_New,
 };
 
@@ -365,7 +369,8 @@ constexpr SessionCommand kOpenCommand{
     .info = {.tool = "miOpen",
              .caption = "&Open...",
              .menu = {"miFile", 120},
-             .bar = {"barFile", 120}},
+             .bar = {"barFile", 120},
+             .touches = TouchedFiles::Drawing},
     .run = mnuFileOpen_Click,
 };
 
@@ -375,7 +380,10 @@ constexpr SessionCommand kDeleteFileCommand{
 };
 
 constexpr SessionCommand kExitCommand{
-    .info = {.tool = "miExit", .caption = "E&xit", .menu = {"miFile", 510}},
+    .info = {.tool = "miExit",
+             .caption = "E&xit",
+             .menu = {"miFile", 510},
+             .touches = TouchedFiles::Drawing},
     .run = file_EXIT,
 };
 

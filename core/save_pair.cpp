@@ -71,8 +71,9 @@ bool holdRows(const Files& files, const std::string& suffix) {
 
 // What is there without a row, or nothing at all, is no reason to give up a backup that has some.
 Backup backupFor(const OpenDrawing& opened, const Files& files, const PairState& present) {
+  if (!present[0].checksum) return holdRows(files, "~") ? Backup::Keep : Backup::Renew;
   const bool seen = opened.path == files[0].path && sameContent(opened.state, present);
-  const bool hasRows = present[0].checksum && (seen ? opened.hasRows : holdRows(files, ""));
+  const bool hasRows = seen && opened.hasRows ? *opened.hasRows : holdRows(files, "");
   return hasRows || !holdRows(files, "~") ? Backup::Renew : Backup::Keep;
 }
 

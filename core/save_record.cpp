@@ -98,14 +98,16 @@ std::string shortened(std::string_view text) {
 }  // namespace
 
 std::optional<SaveRecord> lastSave(const Session& session, const std::string& drawing) {
-  const std::string text = readRecord(recordFile(session));
-  const std::string name = nameInRecord(drawing);
-  std::vector<std::string_view> lines = linesOf(text);
+  return findSave(readRecord(recordFile(session)), nameInRecord(drawing));
+}
+
+std::optional<SaveRecord> findSave(std::string_view record, std::string_view path) {
+  std::vector<std::string_view> lines = linesOf(record);
   std::reverse(lines.begin(), lines.end());
   for (const std::string_view line : lines) {
-    if (!line.ends_with(name)) continue;
+    if (!line.ends_with(path)) continue;
     const auto parsed = parseLine(line);
-    if (parsed && parsed->path == name) return parsed->record;
+    if (parsed && parsed->path == path) return parsed->record;
   }
   return std::nullopt;
 }

@@ -66,8 +66,8 @@ class EndProgram : public std::runtime_error {
 };
 
 struct Session {
-  Session(DrawingStore& drawing, Host& platform, SessionListener& above)
-      : store(drawing), host(platform), listener(above) {}
+  Session(DrawingStore& drawing, Host& platform, SessionListener& above);
+  ~Session();
 
   DrawingStore& store;
   Host& host;

@@ -196,6 +196,7 @@ void readSetup(Session& session, FieldReader& fields) {
   session.listener.resetObjectSnap();
   session.store.setupchanged = false;
   clearRows(session.store);
+  clearOptionalSettings(session.store);
   readEntries(session, fields);
   putSetupInForce(session);
 }
@@ -335,7 +336,10 @@ void mnuOptionsRevertSaved_Click(Session& session) {
 // ---- Descriptors
 
 constexpr SessionCommand kSaveAsDefaultCommand{
-    .info = {.tool = "miSaveAsDefault", .caption = "Save as &Default", .menu = {"miOptions", 210}},
+    .info = {.tool = "miSaveAsDefault",
+             .caption = "Save as &Default",
+             .menu = {"miOptions", 210},
+             .touches = TouchedFiles::Setup},
     .run = mnuOptionsSaveAsDefault_Click,
 };
 
@@ -347,12 +351,18 @@ constexpr SessionCommand kRevertToDefaultsCommand{
 };
 
 constexpr SessionCommand kLoadSetupCommand{
-    .info = {.tool = "miLoadSetup", .caption = "&Load Setup...", .menu = {"miOptions", 230}},
+    .info = {.tool = "miLoadSetup",
+             .caption = "&Load Setup...",
+             .menu = {"miOptions", 230},
+             .touches = TouchedFiles::Drawing},
     .run = mnuOptionLoadSetup_Click,
 };
 
 constexpr SessionCommand kSaveSetupCommand{
-    .info = {.tool = "miSaveSetup", .caption = "&Save Setup", .menu = {"miOptions", 240}},
+    .info = {.tool = "miSaveSetup",
+             .caption = "&Save Setup",
+             .menu = {"miOptions", 240},
+             .touches = TouchedFiles::Setup},
     .run = mnuOptionsSaveSetup_Click,
 };
 

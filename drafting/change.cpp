@@ -50,6 +50,13 @@ void reach(DrawingStore& store, int n, const PathRow* /*table*/) {
   ensurePathCapacity(store, n);
 }
 
+void appendRow(DrawingStore& store, const SegmentRow& row) {
+  AddSeg(store, row, /*target=*/nullptr);
+}
+void appendRow(DrawingStore& store, const PathRow& row) {
+  addPathSegment(store, row);
+}
+
 int& codeOf(SegmentRow& row) {
   return row.attr;
 }
@@ -118,21 +125,22 @@ std::vector<Row> RowChanges<Row>::rowsOf(RowNumbers numbers) const {
 
 template <class Row>
 void RowChanges<Row>::perform(const RowEdit<Row>& edit, std::span<const Row> before, Entry entry) {
-  perform(edit, before, entry, [&] { log(edit, before); });
+  perform(
+      edit, before, entry, [&] { log(edit, before); }, [&] { performEdit(store(), edit); });
 }
 
 // The records come first, since they can fail; after them nothing does.
 template <class Row>
-template <class Log>
+template <class Log, class Put>
 void RowChanges<Row>::perform(const RowEdit<Row>& edit, std::span<const Row> before, Entry entry,
-                              Log log) {
+                              Log log, Put put) {
   change_.requireOpen();
   if (edit.numbers.empty()) return;
   prepareEdit(store(), edit);
   edits().makeRoomFor(edit.numbers.size());
   Changes& changes = change_.changes_;
   if (entry == Entry::Logged) changes.enterAllOrNone(log);
-  performEdit(store(), edit);
+  put();
   edits().record(edit, before);
   if (entry != Entry::Unmarked) changes.markUnsaved();
 }
@@ -158,22 +166,23 @@ void RowChanges<Row>::log(const RowEdit<Row>& edit, std::span<const Row> before)
 }
 
 template <class Row>
-int RowChanges<Row>::append(const Row& row, Entry entry) {
+template <class Put>
+int RowChanges<Row>::appendBy(Put put, const Row& row, Entry entry) {
   const std::int16_t number = Int16(count() + 1);
-  Row added = row;
-  if constexpr (kIsPath<Row>) added.visible = true;
-  perform({EditKind::Insert, {&number, 1}, {&added, 1}}, {}, entry);
-  if constexpr (kIsPath<Row>) store().lastplacedgroup = groupRounded(row.code);
+  const RowEdit<Row> edit{EditKind::Insert, {&number, 1}, {&row, 1}};
+  perform(
+      edit, {}, entry, [&] { log(edit, {}); }, put);
   return number;
 }
 
 template <class Row>
-void RowChanges<Row>::adoptLast() {
-  change_.requireOpen();
-  const std::int16_t number = Int16(count());
-  const Row last = row(number);
-  edits().makeRoomFor(1);
-  edits().record({EditKind::Insert, {&number, 1}, {&last, 1}}, {});
+int RowChanges<Row>::append(const Row& row, Entry entry) {
+  Row added = row;
+  if constexpr (kIsPath<Row>) {
+    added.visible = true;
+    if (entry == Entry::Unmarked) entry = Entry::Unlogged;
+  }
+  return appendBy([&] { appendRow(store(), added); }, added, entry);
 }
 
 template <class Row>
@@ -230,12 +239,15 @@ template <class Row>
 int RowChanges<Row>::replaceAtEnd(const EditRow& edit) {
   const Replaced replaced = replacedBy(edit);
   const int end = count();
-  perform({EditKind::Erase, replaced.numbers, {}}, replaced.before, Entry::Logged, [&] {
+  const auto logPairs = [&] {
     for (std::size_t k = 0; k < replaced.now.size(); ++k) {
       log(replaced.before[k], "D", replaced.numbers[k] - static_cast<int>(k));
       log(replaced.now[k], "A", end);
     }
-  });
+  };
+  const RowEdit<Row> erasing{EditKind::Erase, replaced.numbers, {}};
+  perform(erasing, replaced.before, Entry::Logged, logPairs,
+          [&] { performEdit(store(), erasing); });
   perform({EditKind::Insert, numbersFrom(end - replaced.count() + 1, end), replaced.now}, {},
           Entry::Unlogged);
   return replaced.count();
@@ -307,6 +319,12 @@ int SegmentChanges::append(const SegmentRow& row, SegmentDrawing& target, Entry 
   return sg;
 }
 
+int SegmentChanges::appendLine(int segtype, int segattr, float y0, float x0, float y1, float x1,
+                               Entry entry) {
+  const auto put = [&] { AddSegLine(store(), segtype, segattr, y0, x0, y1, x1, nullptr); };
+  return appendBy(put, {segtype, segattr, x0, y0, x1, y1}, entry);
+}
+
 void PathChanges::show(int ps, bool visible) {
   PathRow shown = row(ps);
   if (std::exchange(shown.visible, visible) != visible) replace(ps, shown, Entry::Unmarked);
@@ -315,7 +333,11 @@ void PathChanges::show(int ps, bool visible) {
 // ---- One change
 
 Change::Change(Changes& changes, Step step)
-    : changes_(changes), around_(changes.innermost_), before_(standing()), step_(step) {
+    : changes_(changes),
+      around_(changes.innermost_),
+      before_(standing()),
+      step_(step),
+      failuresBefore_(std::uncaught_exceptions()) {
   if (step == Step::PathDifference) {
     pathsBefore_.reserve(static_cast<std::size_t>(paths.count()));
     for (int ps = 1; ps <= paths.count(); ++ps) pathsBefore_.push_back(paths.row(ps));
@@ -425,7 +447,8 @@ void Change::takeBack() {
   changes_.log.changetop = before_.changetop;
   close();
   if (around_ == nullptr) changes_.forget();
-  if (rowsChanged && changes_.host_ != nullptr) changes_.host_->changeTakenBack();
+  const bool failed = std::uncaught_exceptions() > failuresBefore_;
+  if ((rowsChanged || failed) && changes_.host_ != nullptr) changes_.host_->changeTakenBack();
 }
 
 // ---- All changes

@@ -58,10 +58,9 @@ class RowChanges {
   int count() const;
   Row row(int number) const;
 
-  // At the end; returns the number. A path row is shown and its group is the one placed last.
+  // At the end; returns the number. A path row is shown, its group is the one placed last, and it
+  // leaves the drawing unsaved even unmarked.
   int append(const Row& row, Entry entry = Entry::Logged);
-  // Takes over the last row, which a routine of the core has just appended; unmarked.
-  void adoptLast();
 
   // In one pass, in the order of their places. Path rows are shown, and the current group is the
   // one placed last.
@@ -95,15 +94,21 @@ class RowChanges {
   // Rows that were there before come back as these numbers: unlogged, and none counts as placed.
   void putBack(RowNumbers numbers, std::span<const Row> rows);
 
+ protected:
+  DrawingStore& store() const;
+  // Appends what `put`, a routine of the core, puts at the end.
+  template <class Put>
+  int appendBy(Put put, const Row& row, Entry entry);
+
  private:
   struct Replaced;
   Replaced replacedBy(const EditRow& edit) const;
   std::vector<Row> rowsOf(RowNumbers numbers) const;
-  DrawingStore& store() const;
   EditList<Row>& edits() const;
   void perform(const RowEdit<Row>& edit, std::span<const Row> before, Entry entry);
-  template <class Log>
-  void perform(const RowEdit<Row>& edit, std::span<const Row> before, Entry entry, Log log);
+  template <class Log, class Put>
+  void perform(const RowEdit<Row>& edit, std::span<const Row> before, Entry entry, Log log,
+               Put put);
   void log(const Row& row, RecordKind kind, int place);
   void log(const RowEdit<Row>& edit, std::span<const Row> before);
 
@@ -116,6 +121,9 @@ class SegmentChanges : public RowChanges<SegmentRow> {
   using RowChanges::RowChanges;
   // The same, drawn on `target`.
   int append(const SegmentRow& row, SegmentDrawing& target, Entry entry = Entry::Logged);
+  // A line, with its coordinates y before x.
+  int appendLine(int segtype, int segattr, float y0, float x0, float y1, float x1,
+                 Entry entry = Entry::Logged);
 };
 
 class PathChanges : public RowChanges<PathRow> {
@@ -181,6 +189,7 @@ class Change {
   const Step step_;
   std::vector<PathRow> pathsBefore_;                // for the difference
   std::optional<Column<std::string>> namesBefore_;  // once they were asked for
+  const int failuresBefore_;
   bool open_ = true;
 };
 

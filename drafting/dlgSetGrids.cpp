@@ -2,6 +2,7 @@
 #include "drafting/dlgSetGrids.h"
 
 #include "core/number_text.h"
+#include "drafting/drafting_commands.h"
 #include "drafting/grids.h"
 
 namespace tess {
@@ -64,11 +65,11 @@ void dlgSetGrids::takeOver() {
 
 // With both grids on, CGrid stays as it was: it shows the cursor grid only where that is alone.
 void dlgSetGrids::pressTools() {
-  desk_.tools.setChecked("VGrid", chkvgrid.isChecked());
+  desk_.tools.setChecked(kVisualGridCommand.info.tool, chkvgrid.isChecked());
   if (!chkvgrid.isChecked() || !chkcgrid.isChecked()) {
-    desk_.tools.setChecked("CGrid", chkcgrid.isChecked());
+    desk_.tools.setChecked(kCursorGridCommand.info.tool, chkcgrid.isChecked());
   }
-  desk_.tools.setChecked("OSnap", chkOSnap.isChecked());
+  desk_.tools.setChecked(kObjectSnapCommand.info.tool, chkOSnap.isChecked());
 }
 
 }  // namespace tess

@@ -29,7 +29,7 @@ bool hasRowsToDelete(const Desk& desk) {
 
 void toggleEditPaths(Desk& desk) {
   desk.command.EditPaths = !desk.command.EditPaths;
-  desk.tools.setChecked("miEditSegsOrPaths", desk.command.EditPaths);
+  desk.tools.setChecked(kEditPathsCommand.info.tool, desk.command.EditPaths);
 }
 
 void mnuEditDelete_Click(Desk& desk) {

@@ -14,14 +14,8 @@
 namespace tess {
 namespace {
 
-Point markerOf(const Desk& desk) {
-  return {desk.store.markerx, desk.store.markery};
-}
 Point secondPointOf(const Desk& desk) {
   return {desk.command.marker2x, desk.command.marker2y};
-}
-Point mouseOf(const Desk& desk) {
-  return {desk.pointer.MouseX, desk.pointer.MouseY};
 }
 
 Rgb drawColor(const Desk& desk) {
@@ -63,10 +57,6 @@ void addRow(Desk& desk, const SegmentRow& row, PictureBoxProxy& target) {
   addRows(desk, {&row, 1}, target, kRowsAdded);
 }
 
-SegmentRow lineRow(Point from, Point to) {
-  return {.type = kLine, .x0 = from.x, .y0 = from.y, .x1 = to.x, .y1 = to.y};
-}
-
 // A whole circle travels as a clockwise arc that ends where it starts.
 SegmentRow circleRow(Point on, Point center) {
   return {.type = kClockwiseArc,
@@ -96,19 +86,16 @@ void drawLineMode(Desk& desk, PictureBoxProxy& target) {
 }
 
 void drawRectangleMode(Desk& desk, PictureBoxProxy& target) {
-  desk.command.clickstage = 0;
-  toggleMarkerCross(desk);
   const Point a = markerOf(desk);
   const Point b = mouseOf(desk);
   if (a.x != b.x && a.y != b.y) {
     const SegmentRow sides[] = {lineRow(a, {b.x, a.y}), lineRow({b.x, a.y}, b),
                                 lineRow(b, {a.x, b.y}), lineRow({a.x, b.y}, a)};
-    addRows(desk, sides, target, kRectangleAdded);
+    addShape(desk, sides, target, kRectangleAdded);
   } else {
     const SegmentRow line[] = {lineRow(a, b)};
-    addRows(desk, line, target, kRectangleAdded);
+    addShape(desk, line, target, kRectangleAdded);
   }
-  toggleMarkerCross(desk);
 }
 
 void drawCircleC1PMode(Desk& desk, PictureBoxProxy& target) {
@@ -176,19 +163,27 @@ int senseThrough(const ArcScratch& arc, float x, float y) {
   return angleInSweep(t, a, b, kClockwiseArc) ? kClockwiseArc : 0;
 }
 
+ArcAngles anglesOf(const SegmentRow& arc) {
+  return arcRadiusAndAngles({arc.x0, arc.y0}, {arc.x1, arc.y1}, {arc.xc, arc.yc});
+}
+
+// Paints an arc; the surface sweeps counter-clockwise only. A reversed one is its other part.
+void traceArcRow(Desk& desk, const SegmentRow& arc, bool reversed) {
+  ArcAngles angles = anglesOf(arc);
+  if (arc.type == kClockwiseArc) std::swap(angles.start, angles.end);
+  if (angles.start == angles.end) angles.end = static_cast<float>(angles.end + kTwoPi);
+  if (reversed) std::swap(angles.start, angles.end);
+  desk.ScreenProxy.TraceCircle(arc.xc, arc.yc, angles.radius, drawColor(desk), angles.start,
+                               angles.end, 1.0F);
+}
+
 // Settles the sense of the arc in the scratch and paints it.
 void traceArc(Desk& desk, float x, float y, bool reversed) {
   ArcScratch& arc = desk.arc;
   arc.arcdir = senseThrough(arc, x, y);
-  ArcAngles angles =
-      arcRadiusAndAngles({arc.arcx0, arc.arcy0}, {arc.arcx1, arc.arcy1}, {arc.arccx, arc.arccy});
-  arc.arcradius = angles.radius;
-  // The surface sweeps counter-clockwise only.
-  if (arc.arcdir == kClockwiseArc) std::swap(angles.start, angles.end);
-  if (angles.start == angles.end) angles.end = static_cast<float>(angles.end + kTwoPi);
-  if (reversed) std::swap(angles.start, angles.end);
-  desk.ScreenProxy.TraceCircle(arc.arccx, arc.arccy, arc.arcradius, drawColor(desk), angles.start,
-                               angles.end, 1.0F);
+  const SegmentRow row = scratchArcRow(arc);
+  arc.arcradius = anglesOf(row).radius;
+  traceArcRow(desk, row, reversed);
 }
 
 void takeEnds(Desk& desk) {
@@ -208,6 +203,37 @@ bool centreThrough(Desk& desk, Point third) {
 }
 
 }  // namespace
+
+Point markerOf(const Desk& desk) {
+  return {desk.store.markerx, desk.store.markery};
+}
+Point mouseOf(const Desk& desk) {
+  return {desk.pointer.MouseX, desk.pointer.MouseY};
+}
+Point hoverPoint(const Desk& desk) {
+  return {desk.pointer.MouseMoveX, desk.pointer.MouseMoveY};
+}
+
+SegmentRow lineRow(Point from, Point to) {
+  return {.type = kLine, .x0 = from.x, .y0 = from.y, .x1 = to.x, .y1 = to.y};
+}
+
+void addShape(Desk& desk, std::span<const SegmentRow> rows, PictureBoxProxy& target, int undoMark) {
+  desk.command.clickstage = 0;
+  toggleMarkerCross(desk);
+  if (!rows.empty()) addRows(desk, rows, target, undoMark);
+  toggleMarkerCross(desk);
+}
+
+void traceShape(Desk& desk, std::span<const SegmentRow> rows) {
+  for (const SegmentRow& row : rows) {
+    if (isArc(row.type)) {
+      traceArcRow(desk, row, /*reversed=*/false);
+    } else {
+      desk.ScreenProxy.TraceLine({row.x0, row.y0, row.x1, row.y1}, drawColor(desk));
+    }
+  }
+}
 
 void startDrawing(Desk& desk, const DeskCommand& command) {
   dropThreePointCommand(desk);
@@ -304,28 +330,25 @@ void mnuDrawCircleC1P_Click(Desk& desk) {
 
 namespace {
 
-// What follows the pointer, from the marker to where it was last.
-WorldBox fromMarker(const Desk& desk) {
-  return {desk.store.markerx, desk.store.markery, desk.pointer.MouseMoveX, desk.pointer.MouseMoveY};
-}
-
 void hoverLine(Desk& desk) {
-  desk.ScreenProxy.TraceLine(fromMarker(desk), drawColor(desk));
+  const SegmentRow line[] = {lineRow(markerOf(desk), hoverPoint(desk))};
+  traceShape(desk, line);
 }
 
 void hoverBox(Desk& desk) {
-  desk.ScreenProxy.TraceLine(fromMarker(desk), drawColor(desk), kOutlineBox);
+  const Point a = markerOf(desk), b = hoverPoint(desk);
+  desk.ScreenProxy.TraceLine({a.x, a.y, b.x, b.y}, drawColor(desk), kOutlineBox);
 }
 
 void hoverCircle(Desk& desk) {
-  const WorldBox ends = fromMarker(desk);
-  const float radius = distance({ends.x0, ends.y0}, {ends.x1, ends.y1});
-  desk.ScreenProxy.TraceCircle(ends.x0, ends.y0, radius, drawColor(desk));
+  const Point center = markerOf(desk);
+  const float radius = distance(center, hoverPoint(desk));
+  desk.ScreenProxy.TraceCircle(center.x, center.y, radius, drawColor(desk));
 }
 
 template <bool (*shape)(Desk&, float, float)>
 void hoverShape(Desk& desk) {
-  shape(desk, desk.pointer.MouseMoveX, desk.pointer.MouseMoveY);
+  shape(desk, hoverPoint(desk).x, hoverPoint(desk).y);
 }
 
 }  // namespace

@@ -1,20 +1,35 @@
 // Creating entities: what an accepted click adds in each drawing mode, with the previews of the
 // three-point commands.
-// Owns: isDrawing, startDrawing, draw_Action, draw_circle3p, draw_arcc2p, draw_arc3p, BatchLine,
-//       BatchAddLines, moveMarker, kFirstPointTaken, showSecondPoint, dropThreePointCommand, the
-//       drawing commands.
+// Owns: isDrawing, markerOf, mouseOf, hoverPoint, lineRow, addShape, traceShape, startDrawing,
+//       draw_Action, draw_circle3p, draw_arcc2p, draw_arc3p, BatchLine, BatchAddLines, moveMarker,
+//       kFirstPointTaken, showSecondPoint, dropThreePointCommand, the drawing commands.
 #pragma once
 
 #include <span>
 
 #include "drafting/desk.h"
 #include "drafting/desk_command.h"
+#include "drafting/undo.h"
 
 namespace tess {
 
 constexpr bool isDrawing(int drawMode) {
   return drawMode > kNoMode;
 }
+
+// What drawing modes are made of: the marker, the click, and where the pointer hovers before it.
+Point markerOf(const Desk& desk);
+Point mouseOf(const Desk& desk);
+Point hoverPoint(const Desk& desk);
+
+SegmentRow lineRow(Point from, Point to);
+
+// Adds ordinary rows as one step of undo and draws them. The marker stays where it is.
+void addShape(Desk& desk, std::span<const SegmentRow> rows, PictureBoxProxy& target,
+              int undoMark = kRowsAdded);
+
+// Paints lines and arcs in the colour of drawing, in the pen that is set.
+void traceShape(Desk& desk, std::span<const SegmentRow> rows);
 
 // What a command with a drawing mode ends with: its mode is on, and a three-point command in
 // progress is dropped.

@@ -19,9 +19,9 @@ Point snappedToGrid(const DrawingStore& store, Point at) {
 }
 
 void UpdateGridButtons(Desk& desk) {
-  desk.tools.setChecked("VGrid", desk.store.visualgridf != 0);
-  desk.tools.setChecked("CGrid", desk.store.cursorgridf != 0);
-  desk.tools.setChecked("OSnap", desk.state.OSnapOn);
+  desk.tools.setChecked(kVisualGridCommand.info.tool, desk.store.visualgridf != 0);
+  desk.tools.setChecked(kCursorGridCommand.info.tool, desk.store.cursorgridf != 0);
+  desk.tools.setChecked(kObjectSnapCommand.info.tool, desk.state.OSnapOn);
 }
 
 void Vgrid_ButtonClick(Desk& desk) {

@@ -158,12 +158,12 @@ std::optional<CFeaturePoint> featureAtPointer(const Desk& desk, Point pointer, b
 
 void OSnap_ButtonClick(Desk& desk) {
   desk.state.OSnapOn = !desk.state.OSnapOn;
-  desk.tools.setChecked("OSnap", desk.state.OSnapOn);
+  desk.tools.setChecked(kObjectSnapCommand.info.tool, desk.state.OSnapOn);
   desk.state.RevertOSnapFeatures();
 }
 
 void OSnapMenuClick(Desk& desk, FeatureKind kind) {
-  const bool once = !desk.tools.isChecked("OSnap");
+  const bool once = !desk.tools.isChecked(kObjectSnapCommand.info.tool);
   desk.state.UpdateOSnapFeature(once, static_cast<int>(kind));
 }
 
@@ -184,7 +184,7 @@ void tbbtnmnuOSnapQuadrants_ButtonMenuClick(Desk& desk) {
 }
 
 void OSnap_ButtonClick_ButtonDropDown(Desk& desk) {
-  const bool down = desk.tools.isChecked("OSnap");
+  const bool down = desk.tools.isChecked(kObjectSnapCommand.info.tool);
   for (const DeskCommand* const entry : kSnapMenu) {
     const Tool* const tool = desk.tools.tool(entry->info.tool);
     if (tool == nullptr) continue;

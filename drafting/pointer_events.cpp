@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "core/rounding.h"
+#include "display/display_commands.h"
 #include "drafting/entity_creation.h"
 #include "drafting/grids.h"
 #include "drafting/measure.h"
@@ -259,7 +260,8 @@ PointerEvent atFeature(const Desk& desk, PointerEvent event) {
 }
 
 bool panPointerShows(const Desk& desk) {
-  return desk.tools.isChecked("miPan") && desk.systemPointer.MousePointer() == kCustomShape;
+  return desk.tools.isChecked(kPanCommand.info.tool) &&
+         desk.systemPointer.MousePointer() == kCustomShape;
 }
 
 }  // namespace

@@ -25,7 +25,7 @@ double lengthOf(DxfPoint p) {
   return std::hypot(p.x, p.y, p.z);
 }
 
-DxfPoint turned(const Placement& placement, DxfPoint d) {
+DxfPoint turned(const BlockPlacement& placement, DxfPoint d) {
   return d.x * placement.xAxis + d.y * placement.yAxis + d.z * placement.zAxis;
 }
 
@@ -45,31 +45,31 @@ Turn turnOf(double degrees) {
 
 }  // namespace
 
-PlanePoint Placement::point(DxfPoint p) const {
+PlanePoint BlockPlacement::point(DxfPoint p) const {
   const DxfPoint placed = turned(*this, p) + origin;
   return {placed.x, placed.y};
 }
 
-PlanePoint Placement::direction(DxfPoint d) const {
+PlanePoint BlockPlacement::direction(DxfPoint d) const {
   const DxfPoint placed = turned(*this, d);
   return {placed.x, placed.y};
 }
 
-Placement operator*(const Placement& outer, const Placement& inner) {
+BlockPlacement operator*(const BlockPlacement& outer, const BlockPlacement& inner) {
   return {.xAxis = turned(outer, inner.xAxis),
           .yAxis = turned(outer, inner.yAxis),
           .zAxis = turned(outer, inner.zAxis),
           .origin = turned(outer, inner.origin) + outer.origin};
 }
 
-Placement scaledBy(double factor) {
+BlockPlacement scaledBy(double factor) {
   return {.xAxis = {factor, 0, 0}, .yAxis = {0, factor, 0}, .zAxis = {0, 0, factor}, .origin = {}};
 }
 
 // The file names only the direction out of the plane. Its x axis follows from the rule of the
 // format: square to the world's y axis where the direction is within 1/64 of the world's z axis,
 // and else to the world's z axis.
-Placement objectPlane(DxfPoint extrusion) {
+BlockPlacement objectPlane(DxfPoint extrusion) {
   const double length = lengthOf(extrusion);
   if (!(length > 0) || !std::isfinite(length)) return {};
   const DxfPoint out = (1 / length) * extrusion;
@@ -80,19 +80,19 @@ Placement objectPlane(DxfPoint extrusion) {
   return {.xAxis = xAxis, .yAxis = crossed(out, xAxis), .zAxis = out, .origin = {}};
 }
 
-Placement insertedAt(const DxfEntity& insert, DxfPoint base, int column, int row) {
+BlockPlacement insertedAt(const DxfEntity& insert, DxfPoint base, int column, int row) {
   const DxfInsert& what = *insert.insert;
   const auto [cosine, sine] = turnOf(insert.g50);
-  const Placement toPlace{.xAxis = {cosine, sine, 0},
-                          .yAxis = {-sine, cosine, 0},
-                          .zAxis = {0, 0, 1},
-                          .origin = {insert.x0, insert.y0, insert.z0}};
+  const BlockPlacement toPlace{.xAxis = {cosine, sine, 0},
+                               .yAxis = {-sine, cosine, 0},
+                               .zAxis = {0, 0, 1},
+                               .origin = {insert.x0, insert.y0, insert.z0}};
   const DxfPoint inArray{column * what.columnSpacing, row * what.rowSpacing, 0};
-  const Placement scaled{.xAxis = {what.xScale, 0, 0},
-                         .yAxis = {0, what.yScale, 0},
-                         .zAxis = {0, 0, what.zScale},
-                         .origin = inArray};
-  const Placement fromBase{.origin = -1 * base};
+  const BlockPlacement scaled{.xAxis = {what.xScale, 0, 0},
+                              .yAxis = {0, what.yScale, 0},
+                              .zAxis = {0, 0, what.zScale},
+                              .origin = inArray};
+  const BlockPlacement fromBase{.origin = -1 * base};
   return objectPlane(insert.extrusion) * toPlace * scaled * fromBase;
 }
 

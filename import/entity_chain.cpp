@@ -19,7 +19,7 @@ constexpr double kDegree = std::numbers::pi / 180;
 constexpr double kAngleDigits = 1e-9;
 
 struct Target {
-  const Placement& placement;
+  const BlockPlacement& placement;
   double tolerance;
   EntityChain& chain;
   bool& whole;
@@ -99,7 +99,7 @@ bool addLineEntity(const DxfEntity& entity, const Target& target) {
 }
 
 EllipseArc circleOf(const DxfEntity& entity, const Target& target) {
-  const Placement placement = target.placement * objectPlane(entity.extrusion);
+  const BlockPlacement placement = target.placement * objectPlane(entity.extrusion);
   return {.center = placement.point({entity.x0, entity.y0, entity.z0}),
           .u = placement.direction({entity.g40, 0, 0}),
           .v = placement.direction({0, entity.g40, 0}),
@@ -126,7 +126,7 @@ bool addCircleEntity(const DxfEntity& entity, const Target& target) {
 }
 
 bool addEllipseEntity(const DxfEntity& entity, const Target& target) {
-  const Placement& placement = target.placement;
+  const BlockPlacement& placement = target.placement;
   const DxfPoint out = objectPlane(entity.extrusion).zAxis;
   const DxfPoint major{entity.x1, entity.y1, entity.z1};
   const DxfPoint minor{entity.g40 * (out.y * major.z - out.z * major.y),
@@ -193,7 +193,7 @@ bool addPolyline(const DxfEntity& entity, const Target& target) {
   if ((entity.g70 & (DxfEntity::kMesh | DxfEntity::kPolyface)) != 0) return false;
   const std::vector<DxfVertex> vertices = verticesOf(entity);
   const bool inSpace = (entity.g70 & DxfEntity::k3D) != 0;
-  const Placement placement =
+  const BlockPlacement placement =
       inSpace ? target.placement : target.placement * objectPlane(entity.extrusion);
   const Target inPlane{placement, target.tolerance, target.chain, target.whole};
   for (std::size_t k = 1; k < vertices.size(); ++k) {
@@ -217,7 +217,7 @@ constexpr Kind kKinds[] = {
 
 }  // namespace
 
-bool chainOf(const DxfEntity& entity, const Placement& placement, double tolerance,
+bool chainOf(const DxfEntity& entity, const BlockPlacement& placement, double tolerance,
              EntityChain& chain, bool& whole) {
   const std::string type = upperCased(entity.EntityType);
   for (const Kind& kind : kKinds) {

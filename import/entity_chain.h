@@ -17,7 +17,7 @@ using EntityChain = std::vector<DxfRow>;
 // within `tolerance`. A part without length gives no row. `whole` becomes false when a curve would
 // go on beyond the rows that it may have. False for an entity that is no curve of the plane, or a
 // damaged one: POINT and INSERT, which are no chains, among them.
-bool chainOf(const DxfEntity& entity, const Placement& placement, double tolerance,
+bool chainOf(const DxfEntity& entity, const BlockPlacement& placement, double tolerance,
              EntityChain& chain, bool& whole);
 
 }  // namespace tess

@@ -64,7 +64,7 @@ class ExactConversion {
       : document_(document), rows_(rows), options_(options), tolerance_(curveTolerance(options)) {}
 
   void run() {
-    const Placement inDrawing = scaledBy(unitFactor(document_.insunits, options_.metric));
+    const BlockPlacement inDrawing = scaledBy(unitFactor(document_.insunits, options_.metric));
     place(inDrawing);
     if (options_.nearOrigin) place(broughtNear(inDrawing));
     joinEnds(made_, options_.tolerence);
@@ -80,7 +80,7 @@ class ExactConversion {
   }
 
  private:
-  void place(const Placement& inDrawing) {
+  void place(const BlockPlacement& inDrawing) {
     made_.clear();
     placed_ = 0;
     incomplete_ = false;
@@ -96,7 +96,7 @@ class ExactConversion {
   }
 
   // Moved by whole units, so that round coordinates stay round.
-  Placement broughtNear(Placement placement) const {
+  BlockPlacement broughtNear(BlockPlacement placement) const {
     std::optional<PlanePoint> low;
     for (const PlacedRow& made : made_) {
       const PlanePoint start{made.row.x0, made.row.y0};
@@ -110,7 +110,7 @@ class ExactConversion {
     return placement;
   }
 
-  void convert(const DxfEntity& entity, const Placement& placement) {
+  void convert(const DxfEntity& entity, const BlockPlacement& placement) {
     const std::string type = upperCased(entity.EntityType);
     if (type == "POINT") return convertPoint(entity, placement);
     if (type == "INSERT") return convertInsert(entity, placement);
@@ -121,7 +121,7 @@ class ExactConversion {
     append(std::move(chain), entity);
   }
 
-  void convertPoint(const DxfEntity& entity, const Placement& placement) {
+  void convertPoint(const DxfEntity& entity, const BlockPlacement& placement) {
     const PlanePoint at = placement.point({entity.x0, entity.y0, entity.z0});
     if (lastPoint_ && options_.connectPoints) {
       made_.push_back(
@@ -130,7 +130,7 @@ class ExactConversion {
     lastPoint_ = lastEnd_ = at;
   }
 
-  void convertInsert(const DxfEntity& entity, const Placement& placement) {
+  void convertInsert(const DxfEntity& entity, const BlockPlacement& placement) {
     const DxfBlock* const block = document_.block(entity.insert->block);
     if (block == nullptr) return refuse(entity, "is missing");
     const bool underway = std::find(open_.begin(), open_.end(), block) != open_.end();
@@ -141,12 +141,13 @@ class ExactConversion {
     open_.pop_back();
   }
 
-  void insertArray(const DxfEntity& entity, const DxfBlock& block, const Placement& placement) {
+  void insertArray(const DxfEntity& entity, const DxfBlock& block,
+                   const BlockPlacement& placement) {
     const int columns = std::max(entity.insert->columns, 1);
     const int lines = std::max(entity.insert->rows, 1);
     for (int line = 0; line < lines; ++line) {
       for (int column = 0; column < columns; ++column) {
-        const Placement here = placement * insertedAt(entity, block.base, column, line);
+        const BlockPlacement here = placement * insertedAt(entity, block.base, column, line);
         if (!isSpent() && placeBlock(block, here)) continue;
         incomplete_ = true;
         return refuse(entity, "has too many parts");
@@ -155,7 +156,7 @@ class ExactConversion {
   }
 
   // False when there is no end to it.
-  bool placeBlock(const DxfBlock& block, const Placement& placement) {
+  bool placeBlock(const DxfBlock& block, const BlockPlacement& placement) {
     ++placed_;
     for (const DxfEntity& entity : block.entities) {
       if (isSpent()) return false;

@@ -21,7 +21,7 @@ struct EndDirections {
   PlanePoint start, end;  // of length 1, or (0, 0) for an end that runs out straight
 };
 
-Places placesOf(const DxfSpline& spline, const Placement& placement) {
+Places placesOf(const DxfSpline& spline, const BlockPlacement& placement) {
   Places places;
   for (const DxfPoint& point : spline.fitPoints) {
     const PlanePoint place = placement.point(point);
@@ -89,7 +89,7 @@ std::vector<BezierSpan> closedSpans(Places ring) {
 }  // namespace
 
 std::vector<BezierSpan> spansThrough(const DxfSpline& spline, bool closed,
-                                     const Placement& placement) {
+                                     const BlockPlacement& placement) {
   const Places places = placesOf(spline, placement);
   if (places.size() < 2) return {};
   if (closed) return closedSpans(places);

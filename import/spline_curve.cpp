@@ -96,7 +96,7 @@ bool isSound(const BezierSpan& span) {
   });
 }
 
-std::vector<WeightedPoint> weighted(const DxfSpline& spline, const Placement& placement) {
+std::vector<WeightedPoint> weighted(const DxfSpline& spline, const BlockPlacement& placement) {
   std::vector<WeightedPoint> points;
   for (std::size_t k = 0; k < spline.controlPoints.size(); ++k) {
     const PlanePoint p = placement.point(spline.controlPoints[k]);
@@ -122,7 +122,7 @@ CurvePoint SplineCurve::pointAt(int span, double share) const {
   return {placeOf(between(from, to, share)), unitOf(placeOf(to) - placeOf(from))};
 }
 
-std::vector<BezierSpan> bezierSpans(const DxfSpline& spline, const Placement& placement) {
+std::vector<BezierSpan> bezierSpans(const DxfSpline& spline, const BlockPlacement& placement) {
   if (!isUsable(spline)) return {};
   const std::vector<WeightedPoint> points = weighted(spline, placement);
   std::vector<BezierSpan> spans;

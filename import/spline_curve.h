@@ -28,12 +28,12 @@ class SplineCurve : public PlaneCurve {
 
 // The spans of a spline with control points and knots, in the coordinates of the drawing; none when
 // knots, weights or degree make no spline, or a coordinate is too large.
-std::vector<BezierSpan> bezierSpans(const DxfSpline& spline, const Placement& placement);
+std::vector<BezierSpan> bezierSpans(const DxfSpline& spline, const BlockPlacement& placement);
 
 // The spans of the cubic with steady curvature through the fit points. Its ends follow the tangents
 // where the file gives them and run out straight elsewhere; a closed one comes back to its first
 // point smoothly. None for fewer than two different points, or a coordinate that is too large.
 std::vector<BezierSpan> spansThrough(const DxfSpline& spline, bool closed,
-                                     const Placement& placement);
+                                     const BlockPlacement& placement);
 
 }  // namespace tess

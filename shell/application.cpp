@@ -36,6 +36,8 @@ Application::Application(const Platform& platform)
   wireTools();
 }
 
+Application::~Application() = default;
+
 void Application::wireTools() {
   interaction.tools.onToolClick = [this](const std::string& tool) {
     guarded("frmMain.abMain_ToolClick(tool)", [&] { abMain_ToolClick(*this, tool); });

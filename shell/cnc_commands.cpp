@@ -23,7 +23,8 @@ constexpr ShellCommand kMakeMillFileCommand{
              .caption = "Make CNC &Mill File",
              .key = "Ctrl+M",
              .menu = {"miCAM", 410},
-             .bar = {"barCAM", 310}},
+             .bar = {"barCAM", 310},
+             .touches = TouchedFiles::DrawingAndProgram},
     .run = makeMillFile,
 };
 
@@ -32,7 +33,8 @@ constexpr ShellCommand kMakeLatheFileCommand{
              .caption = "Make CNC &Lathe File",
              .key = "Ctrl+L",
              .menu = {"miCAM", 420},
-             .bar = {"barCAM", 320}},
+             .bar = {"barCAM", 320},
+             .touches = TouchedFiles::DrawingAndProgram},
     .run = makeLatheFile,
 };
 

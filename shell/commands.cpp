@@ -80,9 +80,7 @@ bool allowsModifiers(const KeyStroke& stroke) {
 }
 
 void runKey(Application& application, const KeyStroke& stroke) {
-  for (const CommandEntry& command : commands()) {
-    if (isNamed(stroke, command.info->key)) return command.run(application);
-  }
+  if (const CommandEntry* const command = commandOfKey(stroke)) return command->run(application);
   for (const KeyRow& row : kKeysWithoutTool) {
     if (isNamed(stroke, row.key)) return row.run(application);
   }
@@ -102,6 +100,13 @@ void abMain_ToolClick(Application& application, std::string_view tool) {
     if (tool == command.info->tool) return command.run(application);
   }
   if (isRecentTool(tool)) openRecentFile(application.session, tool);
+}
+
+const CommandEntry* commandOfKey(const KeyStroke& key) {
+  for (const CommandEntry& command : commands()) {
+    if (isNamed(key, command.info->key)) return &command;
+  }
+  return nullptr;
 }
 
 void KeyPress(Application& application, char KeyAscii) {

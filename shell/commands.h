@@ -1,6 +1,6 @@
 // The one road of commands: a click on a tool, wherever it stands, arrives here by the tool's name,
 // and a key by its code.
-// Owns: abMain_ToolClick, KeyPress, handleKey, keysWithoutTool.
+// Owns: abMain_ToolClick, commandOfKey, KeyPress, handleKey, keysWithoutTool.
 #pragma once
 
 #include <string_view>
@@ -15,6 +15,9 @@ namespace tess {
 // Runs the command of a tool. A name that is none does nothing, nor does a tool whose command does
 // not exist yet; those stand disabled.
 void abMain_ToolClick(Application& application, std::string_view tool);
+
+// The command that the key is that of; null for none. Modifiers are not looked at.
+const CommandEntry* commandOfKey(const KeyStroke& key);
 
 // A key with a character. Ignored while a window with an input of its own has the focus.
 void KeyPress(Application& application, char KeyAscii);

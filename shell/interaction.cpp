@@ -3,6 +3,8 @@
 
 #include "core/lifecycle.h"
 #include "core/recent_files.h"
+#include "display/display_commands.h"
+#include "drafting/drafting_commands.h"
 #include "drafting/entity_creation.h"
 #include "drafting/grids.h"
 #include "drafting/pending_actions.h"
@@ -28,20 +30,22 @@ Interaction::Interaction(Session& session, const ScreenPorts& ports)
   ports.picDrawing.Move(clientArea());
 }
 
+Interaction::~Interaction() = default;
+
 void Interaction::readPressedTools() {
-  desk.state.OSnapOn = tools.isChecked("OSnap");
+  desk.state.OSnapOn = tools.isChecked(kObjectSnapCommand.info.tool);
   desk.state.RevertOSnapFeatures();
-  session_.store.visualgridf = tools.isChecked("VGrid") ? 1 : 0;
-  session_.store.cursorgridf = tools.isChecked("CGrid") ? 1 : 0;
-  desk.command.EditPaths = tools.isChecked("miEditSegsOrPaths");
+  session_.store.visualgridf = tools.isChecked(kVisualGridCommand.info.tool) ? 1 : 0;
+  session_.store.cursorgridf = tools.isChecked(kCursorGridCommand.info.tool) ? 1 : 0;
+  desk.command.EditPaths = tools.isChecked(kEditPathsCommand.info.tool);
 }
 
 void Interaction::Update_menu_checks() {
   const DrawingStore& store = session_.store;
-  tools.setChecked("miShowPartTemplate", store.parttemplate != 0);
-  tools.setChecked("miShowEndMarkers", store.endmarkers != 0);
-  tools.setChecked("miShowToolPaths", store.showpaths != 0);
-  tools.setChecked("miToolRadiusOutline", store.tooloutline != 0);
+  tools.setChecked(kShowPartTemplateCommand.info.tool, store.parttemplate != 0);
+  tools.setChecked(kShowEndMarkersCommand.info.tool, store.endmarkers != 0);
+  tools.setChecked(kShowToolPathsCommand.info.tool, store.showpaths != 0);
+  tools.setChecked(kToolRadiusOutlineCommand.info.tool, store.tooloutline != 0);
 }
 
 void Interaction::showRecentFiles() {

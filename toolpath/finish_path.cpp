@@ -14,6 +14,7 @@
 #include "toolpath/frmFinishPath.h"
 #include "toolpath/gouge_avoidance.h"
 #include "toolpath/lead_moves.h"
+#include "toolpath/level_check.h"
 #include "toolpath/path_groups.h"
 #include "toolpath/path_placement.h"
 #include "toolpath/toolpath_commands.h"
@@ -120,11 +121,19 @@ PassOrder passOrder(const CamDesk& cam) {
   return pass;
 }
 
+bool levelsArePossible(CamDesk& cam, const PassOrder& pass) {
+  const bool chain = cam.PlaceChain != 0;
+  return !pass.several || cam.numFinishPasses < 1 ||
+         canGoDown(cam, chain ? "Place Finish Path" : "Place One Path Segment", pass.offset.z,
+                   pass.floor);
+}
+
 void placeFinishPath(CamDesk& cam) {
+  PassOrder pass = passOrder(cam);
+  if (!levelsArePossible(cam, pass)) return;
   const BusyPointer busy(cam.desk.systemPointer);
   Change change(cam.changes);
   AddedRows added(cam);
-  PassOrder pass = passOrder(cam);
   for (int number = cam.numFinishPasses; number >= 1; --number) {
     pass.offset.radius = passDistance(cam.store, number);
     placePass(cam, pass, added);

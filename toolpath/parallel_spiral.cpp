@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstdint>
+#include <limits>
 #include <string>
 #include <utility>
 #include <vector>
@@ -16,6 +18,7 @@
 #include "geometry/nearest_scans.h"
 #include "geometry/row_boxes.h"
 #include "toolpath/gouge_avoidance.h"
+#include "toolpath/level_check.h"
 #include "toolpath/path_groups.h"
 #include "toolpath/path_placement.h"
 #include "toolpath/pocket_side.h"
@@ -23,6 +26,8 @@
 
 namespace tess {
 namespace {
+
+constexpr char kCommand[] = "Rough Cut Pocket";
 
 constexpr int kConventionalMilling = 1;
 constexpr int kClimbMilling = 2;
@@ -118,17 +123,25 @@ class CuttingMode {
   bool kept_ = false;
 };
 
-// Where the first ring lies, and how near to the wall roughing comes.
+// Where the first ring lies, how near to the wall roughing comes, and the way between two rings.
 struct RingRange {
   float first = 0;
   float nearest = 0;
+  double step = 0;
 };
+
+double ringStep(const DrawingStore& store) {
+  const bool byDistance =
+      store.cfg_tool_spacing_distance > 0 && store.cfg_cut_width_type == kWidthByDistance;
+  if (byDistance) return store.cfg_tool_spacing_distance;
+  return 2.0 * store.toolradius[store.selectedtool] * store.cfg_tool_spacing / 100;
+}
 
 RingRange ringRange(const CamDesk& cam) {
   const DrawingStore& store = cam.store;
   const double halfWidth = std::min(cam.PocketXDim, cam.PocketYDim) / 2.0;
   return {narrow(halfWidth - store.cfg_pocket_dist_from_center),
-          store.cfg_min_rough_clearance + store.toolradius[store.selectedtool]};
+          store.cfg_min_rough_clearance + store.toolradius[store.selectedtool], ringStep(store)};
 }
 
 class Spiral {
@@ -151,7 +164,7 @@ class Spiral {
       cutRing();
       done = inset <= tool.own();
       if (range.nearest < inset) {
-        const float next = std::max(nextInset(inset, tool.own()), range.nearest);
+        const float next = std::max(narrow(inset - range.step), range.nearest);
         if (!(next < inset)) return;  // with a step of nothing there is one ring
         inset = next;
       } else if (store_.cfg_auto_place_finish_path) {
@@ -169,14 +182,6 @@ class Spiral {
   PlacedRows& all() { return followed_[1]; }
   Point startOfRow() const { return {store_.x0[sg_], store_.y0[sg_]}; }
   Point endOfRow() const { return {store_.x1[sg_], store_.y1[sg_]}; }
-
-  float nextInset(float inset, float radius) const {
-    const bool byDistance =
-        store_.cfg_tool_spacing_distance > 0 && store_.cfg_cut_width_type == kWidthByDistance;
-    const double step = byDistance ? double{store_.cfg_tool_spacing_distance}
-                                   : 2.0 * radius * store_.cfg_tool_spacing / 100;
-    return narrow(inset - step);
-  }
 
   void cutRing() {
     placeRing();
@@ -255,7 +260,7 @@ float firstSpiralLevel(const CamDesk& cam) {
 
 void reportNoPocket(CamDesk& cam) {
   cam.desk.session.host.prompts.showMessage({.text = "No Pocketing Segments have been selected.",
-                                             .title = "Rough Cut Pocket",
+                                             .title = kCommand,
                                              .icon = MessageIcon::Warning});
 }
 
@@ -281,6 +286,31 @@ bool agreesToRange(CamDesk& cam, RingRange& range) {
   if (cam.desk.session.host.prompts.showMessage(tooBigQuestion(cam)) != Answer::Yes) return false;
   range.first = range.nearest;
   return true;
+}
+
+// Rings that are dropped leave no rows, so the table would not end a run of millions.
+bool ringsCanBeCounted(CamDesk& cam, const RingRange& range) {
+  constexpr double kMostRings = std::numeric_limits<std::int16_t>::max();
+  const double way = static_cast<double>(range.first) - range.nearest;
+  if (!(range.step > 0) || way / range.step < kMostRings) return true;
+  cam.desk.session.host.prompts.showMessage(
+      {.text = "The Step Over Amount is " + plainText(narrow(range.step)) +
+               ".  That is too small for the rings from " + plainText(range.first) + " to " +
+               plainText(range.nearest) +
+               ".\n\nNothing was placed.  It is set in Pocketing & Profiling Parameters.",
+       .title = kCommand,
+       .icon = MessageIcon::Warning});
+  return false;
+}
+
+// False after the operator was told why not, or does not want to.
+bool canCut(CamDesk& cam, int start, RingRange& range) {
+  if (start < 1) {
+    reportNoPocket(cam);
+    return false;
+  }
+  return canGoDown(cam, kCommand, cam.currentZ, cam.roughFloor) && ringsCanBeCounted(cam, range) &&
+         agreesToRange(cam, range);
 }
 
 void cutSpiral(CamDesk& cam, int sg, const RingRange& range) {
@@ -333,8 +363,7 @@ void parallelSpiralPocket(CamDesk& cam, int sg) {
   cam.store.currentpathgroup = nextPathGroup(cam.store);
   const int start = startingRow(cam.store, sg);
   RingRange range = ringRange(cam);
-  if (start < 1) reportNoPocket(cam);
-  const bool cuts = start >= 1 && agreesToRange(cam, range);
+  const bool cuts = canCut(cam, start, range);
   CuttingMode mode(cam.store);
   if (cuts) cutSpiral(cam, start, range);
   if (!change.keep({.redraws = false})) return;

@@ -4,6 +4,7 @@
 #include "display/pointer.h"
 #include "toolpath/chain_walk.h"
 #include "toolpath/contour_offset.h"
+#include "toolpath/level_check.h"
 #include "toolpath/path_placement.h"
 #include "toolpath/placed_outlines.h"
 #include "toolpath/toolpath_commands.h"
@@ -46,14 +47,16 @@ void placeSelectedChains(CamDesk& cam, float z) {
 
 void quickPlacePaths(CamDesk& cam) {
   const Procedure here("frmMain.quickPlacePaths()");
-  const BusyPointer busy(cam.desk.systemPointer);
   DrawingStore& store = cam.store;
+  const float floor = roughingFloor(store);
+  const float z = firstLevel(store, floor);
+  const bool several = -std::abs(store.cfg_start_depth) >= floor;
+  if (several && !canGoDown(cam, "Quick Place", z, floor)) return;
+  const BusyPointer busy(cam.desk.systemPointer);
   Change change(cam.changes);
   store.currentpathgroup = nextPathGroup(store);
   const int rowsBefore = store.NumPathSegments;
-  const float floor = roughingFloor(store);
-  if (-std::abs(store.cfg_start_depth) >= floor) {
-    const float z = firstLevel(store, floor);
+  if (several) {
     placeSelectedChains(cam, z);
     replicateLevels(cam, z, floor, rowsBefore);
   } else {

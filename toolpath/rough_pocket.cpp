@@ -6,6 +6,7 @@
 #include "drafting/pending_actions.h"
 #include "drafting/row_edits.h"
 #include "toolpath/gouge_avoidance.h"
+#include "toolpath/level_check.h"
 #include "toolpath/outline_corners.h"
 #include "toolpath/parallel_spiral.h"
 #include "toolpath/path_placement.h"
@@ -82,12 +83,20 @@ void cutLathe(CamDesk& cam) {
   roughCutLevel(cam, /*z=*/0, cam.store.cfg_finish_feedrate, /*radius=*/0);
 }
 
+// Equal heights are several levels here, though one level to the parallel spiral.
+bool hasLevels(const CamDesk& cam) {
+  return -std::abs(cam.store.cfg_start_depth) >= cam.roughFloor;
+}
+
+bool levelsArePossible(CamDesk& cam) {
+  if (isLatheStyle(cam.store) || !hasLevels(cam)) return true;
+  return canGoDown(cam, "Rough Cut Pocket", firstLevel(cam.store, cam.roughFloor), cam.roughFloor);
+}
+
 void cutLevels(CamDesk& cam, int rowsBefore) {
   const DrawingStore& store = cam.store;
   const float radius = store.toolradius[store.selectedtool];
-  // Equal heights are several levels here, though one level to the parallel spiral.
-  const bool several = -std::abs(store.cfg_start_depth) >= cam.roughFloor;
-  if (!several) {
+  if (!hasLevels(cam)) {
     cam.currentZ = -std::abs(store.cfg_final_depth);
     roughCutLevel(cam, cam.currentZ, store.cfg_finish_feedrate, radius);
     return;
@@ -142,7 +151,7 @@ void mnuCAMRoughCutPocket_Click(CamDesk& cam) {
   cam.roughFloor = roughingFloor(cam.store);
   if (cam.store.cfg_pocketing_style == kParallelSpiral) {
     arm(cam.desk, PendingAction::StartRoughing);
-  } else {
+  } else if (levelsArePossible(cam)) {
     roughPocket(cam);
   }
 }

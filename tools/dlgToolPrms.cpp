@@ -322,7 +322,7 @@ void dlgToolPrms::advise(int flutes, float diameter) {
                                      .flutes = flutes,
                                      .metric = isMetric(store_),
                                      .stepOver = stepOverShare(store_, diameter),
-                                     .highestSpindle = 0};
+                                     .highestSpindle = store_.highestspindle};
   advice_ = adviseCutting(figures, chipLoads(chest_.database, part, material), conditions);
   lblFeedDepth.setCaption(chipRangeText(figures));
   lblAdvice.setCaption(advice_ ? adviceText(*advice_, conditions) : "");

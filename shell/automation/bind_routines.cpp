@@ -43,8 +43,7 @@ constexpr Routine kRoutines[] = {
         "AddSegLine",
         [](Application& application, int type, Int16 attr, float y0, float x0, float y1, float x1) {
           Change change(application.interaction.desk.changes);
-          AddSegLine(application.store, type, attr, y0, x0, y1, x1, /*target=*/nullptr);
-          change.segments.adoptLast();
+          change.segments.appendLine(type, attr, y0, x0, y1, x1, Entry::Unmarked);
           change.keep();
         }),
     routine("addPathSegment",

@@ -29,6 +29,16 @@ int readPanel(Script& script, lua_State* L) {
   return 1;
 }
 
+// The numbers of the selected rows, in the order of their selection.
+void pushSelected(lua_State* L, Application& application) {
+  const std::vector<int>& rows = application.interaction.desk.state.Selected.rows();
+  lua_createtable(L, static_cast<int>(rows.size()), 0);
+  for (std::size_t n = 0; n < rows.size(); ++n) {
+    push(L, rows[n]);
+    lua_rawseti(L, -2, static_cast<lua_Integer>(n) + 1);
+  }
+}
+
 using App = Application;
 
 const StateField kFields[] = {
@@ -40,6 +50,7 @@ const StateField kFields[] = {
     field("EditPaths", [](App& app) { return Flag(app.interaction.desk.command.EditPaths); }),
     field("LastCommand", [](App& app) { return app.interaction.desk.command.LastCommand; }),
     field("OSnapOn", [](App& app) { return Flag(app.interaction.desk.state.OSnapOn); }),
+    {"Selected", pushSelected},
     field("viewcx", [](App& app) { return app.interaction.view.viewcx; }),
     field("viewcy", [](App& app) { return app.interaction.view.viewcy; }),
     field("viewspan", [](App& app) { return app.interaction.view.viewspan; }),

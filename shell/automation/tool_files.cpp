@@ -1,7 +1,5 @@
-// Files of commands by table.
+// Files of commands, as their descriptors tell.
 #include "shell/automation/tool_files.h"
-
-#include <algorithm>
 
 #include "cnc/cnc_program.h"
 #include "shell/commands.h"
@@ -12,7 +10,6 @@ namespace {
 
 using Files = std::vector<std::string>;
 
-// The question about unsaved work may save the drawing where it is.
 Files drawingFile(const Application& application) {
   const DrawingStore& store = application.store;
   if (store.drawingname.empty()) return {};
@@ -34,33 +31,22 @@ Files setupFile(const Application& application) {
   return {application.session.appfolder + application.session.setupname};
 }
 
-struct ToolRow {
-  const char* tool;
-  Files (*files)(const Application& application);
-};
-
-constexpr ToolRow kTools[] = {
-    {"miNew", drawingFile},
-    {"miOpen", drawingFile},
-    {"miReverttoSaved", chosenFile},
-    {"miSave", drawingFile},
-    {"miExit", drawingFile},
-    {"miLoadSetup", drawingFile},
-    {"miSaveAsDefault", setupFile},
-    {"miSaveSetup", setupFile},
-    {"miMakeCNCFile", programAndDrawing},
-    {"miMakeCNCLatheFile", programAndDrawing},
-};
-
-struct KeyRow {
-  char ascii;
-  const char* tool;
-};
-
-constexpr KeyRow kKeys[] = {
-    {'L' - 'A' + 1, "miMakeCNCLatheFile"},
-    {'M' - 'A' + 1, "miMakeCNCFile"},
-};
+// What a question about unsaved work saves counts too.
+Files touchedFiles(const Application& application, TouchedFiles touches) {
+  switch (touches) {
+    case TouchedFiles::None:
+      return {};
+    case TouchedFiles::Drawing:
+      return drawingFile(application);
+    case TouchedFiles::ChosenDrawing:
+      return chosenFile(application);
+    case TouchedFiles::Setup:
+      return setupFile(application);
+    case TouchedFiles::DrawingAndProgram:
+      return programAndDrawing(application);
+  }
+  return {};
+}
 
 Files recentFile(const Application& application, std::string_view tool) {
   for (int number = 1; number <= kRecentFiles; ++number) {
@@ -73,19 +59,15 @@ Files recentFile(const Application& application, std::string_view tool) {
 }  // namespace
 
 std::vector<std::string> filesOfTool(const Application& application, std::string_view tool) {
-  for (const ToolRow& row : kTools) {
-    if (tool == row.tool) return row.files(application);
+  for (const CommandEntry& command : commands()) {
+    if (tool == command.info->tool) return touchedFiles(application, command.info->touches);
   }
   return recentFile(application, tool);
 }
 
 std::vector<std::string> filesOfKey(const Application& application, const KeyStroke& key) {
-  for (const KeyRow& row : kKeys) {
-    if (key.special == SpecialKey::None && key.ascii == row.ascii) {
-      return filesOfTool(application, row.tool);
-    }
-  }
-  return {};
+  const CommandEntry* const command = commandOfKey(key);
+  return command == nullptr ? Files{} : touchedFiles(application, command->info->touches);
 }
 
 }  // namespace tess

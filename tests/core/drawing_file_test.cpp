@@ -14,6 +14,7 @@
 #include "tests/support/failure_of.h"
 #include "tests/support/recording_session.h"
 #include "tests/support/without_root_rights.h"
+#include "tests/support/write_file.h"
 
 namespace tess {
 namespace {

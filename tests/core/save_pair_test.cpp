@@ -109,6 +109,17 @@ TEST_F(ChangedOnDisk, NoReplacesItAndKeepsTheirsAsTheBackup) {
   EXPECT_THAT(takeTexts(), IsEmpty()) << "now it is known";
 }
 
+TEST_F(ChangedOnDisk, TheirRowsAreABackupAlsoForADrawingWithout) {
+  store.NumSegments = 0;
+  store.NumPathSegments = 0;
+  save_Drawing(session);
+  saveElsewhere();
+  store.drawingtitle = "empty still";
+  answer(Answer::No);
+  save_Drawing(session);
+  EXPECT_EQ(read("PART.CDM~"), theirs_);
+}
+
 TEST_F(ChangedOnDisk, AnotherChangeDuringTheQuestionIsAskedAboutAgain) {
   saveElsewhere();
   test.recording.prompts.answers = {Answer::No, Answer::Cancel};

@@ -21,6 +21,7 @@ namespace {
 using ::testing::ElementsAre;
 using testing::failureOf;
 using ::testing::HasSubstr;
+using ::testing::Not;
 using testing::TestSession;
 
 // A whole setup as the writer gives it.
@@ -320,6 +321,19 @@ TEST_F(SetupFile, SetupCutAtEveryByteReadsOrFailsCleanly) {
     EXPECT_TRUE(isConsistent(store)) << length;
     EXPECT_LE(test.messages().size(), 1U) << length;
   }
+}
+
+TEST_F(SetupFile, TheHighestSpindleSpeedIsWrittenOnlyWhenItIsSet) {
+  read(wholeSetup());
+  EXPECT_EQ(store.highestspindle, 0);
+  EXPECT_THAT(written(), Not(HasSubstr("highest spindle speed")));
+  store.highestspindle = 5000;
+  EXPECT_THAT(written(), HasSubstr("z plunge rate = 4\r\nhighest spindle speed = 5000\r\ncutting"));
+  read("Highest Spindle Speed = 2800\r\n");
+  EXPECT_EQ(store.highestspindle, 2800);
+  EXPECT_TRUE(test.messages().empty());
+  read(wholeSetup());
+  EXPECT_EQ(store.highestspindle, 0) << "a setup that does not tell it has none";
 }
 
 TEST_F(SetupFile, PartHeightOfZeroIsWrittenAsAQuarter) {

@@ -274,18 +274,21 @@ TEST_F(Changing, TheCounterCanBeSetByHand) {
   EXPECT_TRUE(store.drawingsaved);
 }
 
-TEST_F(Changing, ARowThatTheCoreAppendedIsTakenOver) {
+TEST_F(Changing, ALineComesWithItsCoordinatesYBeforeX) {
+  Change change(desk.changes);
+  EXPECT_EQ(change.segments.appendLine(kLine, kOrdinaryClass, 1, 2, 3, 4), 4);
+  change.keep();
+  EXPECT_EQ(segmentTexts(store).back(), "1 (2, 1)-(4, 3)");
+  EXPECT_EQ(records(), "A* 4");
+}
+
+TEST_F(Changing, AnUnmarkedPathRowLeavesTheDrawingUnsavedAllTheSame) {
   {
     Change change(desk.changes);
-    AddSegLine(store, kLine, kOrdinaryClass, 0, 4, 0, 5, nullptr);
-    change.segments.adoptLast();
+    change.paths.append(path(4), Entry::Unmarked);
+    EXPECT_FALSE(store.drawingsaved);
   }
-  EXPECT_EQ(store.NumSegments, 3);
-  Change change(desk.changes);
-  AddSegLine(store, kLine, kOrdinaryClass, 0, 4, 0, 5, nullptr);
-  change.segments.adoptLast();
-  change.keep();
-  EXPECT_EQ(drawn(), (Xs{1, 2, 3, 4}));
+  EXPECT_TRUE(store.drawingsaved);
 }
 
 struct RefusedEdit {

@@ -104,6 +104,21 @@ TEST(DrawLine, InAFullTableFailsAndLeavesTheMarker) {
   EXPECT_EQ(logText(d), "");
 }
 
+TEST(DrawRectangle, WithoutRoomForAllSidesDrawsNone) {
+  RecordedDesk d;
+  ensureSegmentCapacity(d.store, 32767);
+  d.store.NumSegments = 32765;
+  d.desk.state.setDrawMode(6);
+  d.desk.pointer.MouseX = 1;
+  d.desk.pointer.MouseY = 2;
+  EXPECT_EQ(testing::numberOfFailure([&] { draw_Action(d.desk, d.ScreenProxy); }),
+            FailureNumber::Overflow);
+  EXPECT_EQ(d.store.NumSegments, 32765);
+  EXPECT_TRUE(d.store.drawingsaved);
+  EXPECT_EQ(logText(d), "");
+  EXPECT_NE(d.redraw.TaskQueueState(), 0);  // what was drawn of it goes from the screen
+}
+
 TEST(DrawLine, EndsASingleUseOfSnap) {
   RecordedDesk d;
   mnuDrawLine_Click(d.desk);

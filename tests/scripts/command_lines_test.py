@@ -60,6 +60,18 @@ class CommandLines(unittest.TestCase):
         self.assertIn("--make-cnc", run.stdout)
         self.assertEqual((run.returncode, run.stderr), (0, ""))
 
+    def test_the_reader_of_jet_files_takes_its_file_and_nothing_else(self) -> None:
+        file = self.work / "x.mdb"
+        for content in (b"", b"a text", b"\0\1\0\0Standard Jet DB\0" + bytes(range(256)) * 32):
+            file.write_bytes(content)
+            with file.open("rb") as jet:
+                run = subprocess.run([PROGRAM, "--read-jet"], stdin=jet, capture_output=True,
+                                     timeout=60, env=self.environment, check=False)
+            self.assertNotEqual(run.returncode, 2, "it is no wrong usage")
+            self.assertIn(run.stdout[:8], (b"", b"TESSJET1"))
+        self.assert_fails(2, "The following argument was not expected: --read-jet "
+                          "(see tessimo --help)", "--read-jet", "--run", "x.lua")
+
     def test_wrong_usage_is_status_2(self) -> None:
         for arguments in (["--timeout", "-1", "--run", "x.lua"], ["--timeout", "5"],
                           ["--timeout", "nan", "--run", "x.lua"], ["--bad"], ["--run"], ["--make-cnc", "mill"], ["-o", "x"], ["a", "b"],

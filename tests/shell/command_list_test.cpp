@@ -1,18 +1,22 @@
 // Every descriptor of the list, whatever stands in it: that it is whole, and that menus, tool bars,
 // hints, keys, prompts and modes are what it says.
 #include <algorithm>
+#include <filesystem>
 #include <map>
+#include <regex>
 #include <set>
 
 #include "gtest/gtest.h"
 
 #include "core/core_commands.h"
+#include "core/file_system.h"
 #include "display/display_commands.h"
 #include "drafting/drafting_commands.h"
 #include "drafting/draw_mode_tools.h"
 #include "import/import_commands.h"
 #include "shell/shell_commands.h"
 #include "tests/support/running_program.h"
+#include "tests/support/source_folder.h"
 #include "toolpath/toolpath_commands.h"
 
 namespace tess {
@@ -61,6 +65,30 @@ TEST_F(CommandList, IsTheTableOfTheProgramInItsOrder) {
   for (const CommandEntry& command : commands()) table.push_back(command.info);
   EXPECT_EQ(table, listed);
   EXPECT_GT(table.size(), 100U);
+}
+
+// A descriptor that is not declared by the list is nobody's, and the compiler does not mind.
+TEST(CommandSources, EveryDescriptorOfTheTreeStandsInTheList) {
+  std::set<std::string> listed;
+#define NAME(descriptor) listed.insert(#descriptor);
+  TESSIMO_COMMANDS(NAME, NAME, NAME, NAME, NAME, NAME)
+#undef NAME
+  const std::regex definition("constexpr \\w+Command (k\\w+)(\\{| =)");
+  int found = 0;
+  for (const char* const room :
+       {"core", "display", "drafting", "toolpath", "cnc", "import", "tools", "shell"}) {
+    const std::filesystem::path folder = TESSIMO_SOURCE_DIR "/" + std::string(room);
+    for (const auto& file : std::filesystem::recursive_directory_iterator(folder)) {
+      if (file.path().extension() != ".cpp") continue;
+      const std::string text = readFile(file.path().string());
+      for (std::sregex_iterator at(text.begin(), text.end(), definition), end; at != end; ++at) {
+        ++found;
+        EXPECT_TRUE(listed.contains((*at)[1])) << (*at)[1] << " of " << file.path().filename()
+                                               << " has no line in core/command_list.h";
+      }
+    }
+  }
+  EXPECT_EQ(found, static_cast<int>(listed.size()));
 }
 
 TEST_F(CommandList, EachHasANameOfItsOwnAndACaption) {

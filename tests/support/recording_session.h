@@ -3,7 +3,6 @@
 // Owns: RecordingListener, TestSession.
 #pragma once
 
-#include <filesystem>
 #include <string>
 #include <utility>
 #include <vector>
@@ -17,6 +16,7 @@ namespace tess::testing {
 
 class RecordingListener : public SessionListener {
  public:
+  ~RecordingListener() override;
   void clearUndoMenu() override { note("clearUndoMenu"); }
   void resetUndoState() override { note("resetUndoState"); }
   void UnselectAll() override { note("UnselectAll"); }
@@ -61,12 +61,8 @@ class RecordingListener : public SessionListener {
 };
 
 struct TestSession {
-  TestSession() {
-    std::filesystem::create_directory(home("CNC"));
-    session.appfolder = home();
-    store.drawingpath = home("CNC/");
-    store.drawingsaved = true;
-  }
+  TestSession();
+  ~TestSession();
 
   // A drawing file of that name in the CNC folder to save to and to load from.
   void name(const std::string& drawing) {

@@ -288,6 +288,46 @@ TEST_F(Spiral, TheRingsAreCopiedToTheLevelsBelow) {
   EXPECT_FLOAT_EQ(cam.currentZ, -1);
 }
 
+// An island that lies across the pocket drops each ring, so nothing else would come to an end.
+TEST_F(Spiral, AStepOverOfNearlyNothingPlacesNothing) {
+  store.cfg_cut_width_type = 2;
+  store.cfg_tool_spacing_distance = 1e-6F;
+  addPocket(kSquare);
+  start(0, -5);
+  EXPECT_EQ(store.NumPathSegments, 0);
+  ASSERT_EQ(messages().size(), 1U);
+  EXPECT_EQ(messages()[0].text,
+            "The Step Over Amount is 0.000001.  That is too small for the rings from 4.5 to 0.3."
+            "\n\nNothing was placed.  It is set in Pocketing & Profiling Parameters.");
+  EXPECT_EQ(messages()[0].title, "Rough Cut Pocket");
+  store.cfg_cut_width_type = 1;
+  store.cfg_tool_spacing = 1e-5F;
+  start(0, -5);
+  EXPECT_EQ(store.NumPathSegments, 0);
+  EXPECT_EQ(messages().size(), 2U);
+}
+
+TEST_F(Spiral, AStepThatDoesNotGoDownPlacesNothing) {
+  for (const float cut : {0.0F, -0.3F}) {
+    SCOPED_TRACE(cut);
+    store = DrawingStore();
+    test.recording.prompts.messages.clear();
+    store.toolradius[0] = 0.25F;
+    store.cfg_final_depth = 1;
+    store.cfg_z_cut_per_pass = cut;
+    store.cfg_pocket_dist_from_center = 4.9F;  // there would be a question about the room
+    cam.roughFloor = roughingFloor(store);
+    addPocket(kSquare);
+    start(0, -5);
+    EXPECT_EQ(store.NumPathSegments, 0);
+    EXPECT_EQ(store.toolradius[0], 0.25F);
+    EXPECT_EQ(pending(), 0);
+    ASSERT_EQ(messages().size(), 1U);
+    EXPECT_EQ(messages()[0].title, "Rough Cut Pocket");
+    EXPECT_TRUE(messages()[0].text.starts_with("The Depth Per Pass, Z, is "));
+  }
+}
+
 TEST_F(Spiral, AStartDepthOfTheFloorMeansOneLevel) {
   store.cfg_start_depth = 0.5F;
   store.cfg_z_cut_per_pass = 0.1F;

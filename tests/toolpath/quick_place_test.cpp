@@ -191,5 +191,32 @@ TEST(QuickPlace, BehindAGroupPutsTheLaterChainFirst) {
   EXPECT_EQ(d.store.psx0[2], 3);
 }
 
+TEST(QuickPlace, AStepThatDoesNotGoDownPlacesNothing) {
+  for (const float cut : {0.0F, -0.25F, 1e-7F}) {
+    RecordedCam d;
+    addSquare(d, 0);
+    d.store.cfg_start_depth = 0.125F;
+    d.store.cfg_z_cut_per_pass = cut;
+    d.store.currentpathgroup = 7;
+    quickPlacePaths(d.cam);
+    EXPECT_EQ(d.store.NumPathSegments, 0);
+    EXPECT_EQ(d.store.currentpathgroup, 7);
+    EXPECT_EQ(d.cam.changelog.changecount, 0);
+    ASSERT_EQ(d.messages().size(), 1U);
+    EXPECT_EQ(d.messages()[0].title, "Quick Place");
+    EXPECT_TRUE(d.messages()[0].text.starts_with("The Depth Per Pass, Z, is ")) << cut;
+  }
+}
+
+TEST(QuickPlace, OnTheSurfaceNoStepIsNeeded) {
+  RecordedCam d;
+  addSquare(d, 0);
+  d.store.cfg_final_depth = 0;
+  d.store.cfg_z_cut_per_pass = 0;
+  quickPlacePaths(d.cam);
+  EXPECT_EQ(d.store.NumPathSegments, 4);
+  EXPECT_TRUE(d.messages().empty());
+}
+
 }  // namespace
 }  // namespace tess

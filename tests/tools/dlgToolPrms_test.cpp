@@ -5,6 +5,7 @@
 
 #include "gtest/gtest.h"
 
+#include "core/file_system.h"
 #include "core/units.h"
 #include "tests/support/feeds_samples.h"
 #include "tests/support/recording_session.h"
@@ -846,6 +847,18 @@ TEST_F(Chest, AdvisesInTheDrawingsUnits) {
               "Feed: 133 mm/min roughing, 133 mm/min finishing\n"
               "The recommendation above takes millimetres for inches.");
   });
+}
+
+TEST_F(Chest, AdviceEndsAtTheSpindlesHighestSpeed) {
+  store.highestspindle = 1000;
+  work([](dlgToolPrms& chest) {
+    EXPECT_EQ(chest.lblAdvice.caption().substr(0, 51),
+              "Spindle: 1000 rpm, the highest (right would be 1451");
+    EXPECT_EQ(chest.lblSpindleSpeed.caption(), "1451") << "the recommendation knows no limit";
+    chest.cmdUseAdvice.press();
+  });
+  EXPECT_EQ(store.toolspindlespeed[0], 1000);
+  EXPECT_EQ(store.cfg_finish_feedrate, 3.6F);
 }
 
 TEST_F(Chest, OneButtonTakesFeedsAndSpeed) {

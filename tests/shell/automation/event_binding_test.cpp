@@ -32,6 +32,15 @@ TEST_F(EventBinding, TheStateOfATool) {
             "false\tfalse\ttrue\t&Undo\tnil\n");
 }
 
+TEST_F(EventBinding, TheSelectedRowsInTheOrderOfTheirSelection) {
+  const std::string rows = "for n = 0, 2 do add_segment{type=1, x0=n, x1=n, y1=1} end ";
+  EXPECT_EQ(outputOf(rows + "print(#state.Selected) tool('miSelect') click(2, 0.5) click(0, 0.5) "
+                            "print(table.concat(state.Selected, ' ')) "
+                            "tool('miSelectAll') print(table.concat(state.Selected, ' ')) "
+                            "tool('miUnselectAll') print(#state.Selected)"),
+            "0\n3 1\n1 2 3\n0\n");
+}
+
 TEST_F(EventBinding, ADisabledToolDoesNothing) {
   EXPECT_EQ(outputOf("tool('miUndo') print(state.changecount, #messages)"), "0\t0\n");
 }
@@ -289,6 +298,16 @@ TEST_F(EventBinding, WithoutAWriterThereAreNoPictures) {
 TEST_F(EventBinding, TheSurfaceHasTheSizeOfTheJob) {
   job.size = {400, 400};
   EXPECT_EQ(outputOf("view{0, 0, 4, 4} print(state.viewspan)"), "2.0\n");
+}
+
+// Nobody is there to answer: the message stands in the list, and nothing was placed.
+TEST_F(EventBinding, ADepthPerPassOfNothingPlacesNothing) {
+  EXPECT_EQ(outputOf("add_segment{type=1, x1=2} setting['final depth'] = 1 "
+                     "setting['z cut per pass'] = 0 tool('miSelectAll') tool('miQuickPlace') "
+                     "print(store.NumPathSegments, #messages, messages[1].title) "
+                     "print(messages[1].text:match('^[^\\n]*'))"),
+            "0\t1\tQuick Place\n"
+            "The Depth Per Pass, Z, is 0.  It must be above 0 for the levels from 0 to -1.\n");
 }
 
 // ---- Failures
