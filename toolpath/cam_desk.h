@@ -7,7 +7,7 @@
 
 #include "core/int16.h"
 #include "drafting/desk.h"
-#include "geometry/points.h"
+#include "geometry/float_points.h"
 
 namespace tess {
 

@@ -10,9 +10,9 @@
 #include "core/number_text.h"
 #include "core/rounding.h"
 #include "drafting/drawing_cleanup.h"
-#include "geometry/angles.h"
 #include "geometry/end_point_index.h"
 #include "geometry/entity.h"
+#include "geometry/float_angles.h"
 #include "toolpath/toolpath_commands.h"
 
 namespace tess {

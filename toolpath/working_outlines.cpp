@@ -6,8 +6,8 @@
 
 #include "core/rounding.h"
 #include "drafting/change.h"
-#include "geometry/angles.h"
-#include "geometry/nearest.h"
+#include "geometry/float_angles.h"
+#include "geometry/float_nearest.h"
 #include "toolpath/element_offset.h"
 #include "toolpath/working_rows.h"
 

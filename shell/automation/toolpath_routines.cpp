@@ -3,7 +3,7 @@
 
 #include "core/text.h"
 #include "drafting/row_edits.h"
-#include "geometry/angles.h"
+#include "geometry/float_angles.h"
 #include "toolpath/chain_walk.h"
 #include "toolpath/contour_offset.h"
 #include "toolpath/gouge_avoidance.h"
