@@ -284,6 +284,21 @@ void FilePlace::append(std::string_view text) const {
       ::openat(folder_->number(), name_.c_str(),
                O_WRONLY | O_APPEND | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC, kNewFileMode));
   if (!file.isOpen()) raiseWriteFailure(errno, path_);
+  appendTo(file, text);
+}
+
+Descriptor FilePlace::createLocked() const {
+  Descriptor file(::openat(folder_->number(), name_.c_str(),
+                           O_WRONLY | O_APPEND | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
+                           kNewFileMode));
+  if (!file.isOpen()) raiseWriteFailure(errno, path_);
+  // Waits for a process that looks at the moment whether the file is abandoned. Where the file
+  // system knows no locks there is none.
+  while (::flock(file.number(), LOCK_EX) != 0 && errno == EINTR) continue;
+  return file;
+}
+
+void FilePlace::appendTo(const Descriptor& file, std::string_view text) const {
   struct stat before {};
   if (::fstat(file.number(), &before) != 0) raiseFileFailure(errno, path_);
   if (!S_ISREG(before.st_mode)) raiseNoFile(before.st_mode, path_);

@@ -55,6 +55,10 @@ class FilePlace {
   void moveTo(const FilePlace& other) const;
   // Adds to the file's end, or creates it; after a failure it ends where it did.
   void append(std::string_view text) const;
+  // A new file, locked for as long as it is open; what is there already stands in the way.
+  Descriptor createLocked() const;
+  // The same as append for a file of this place that is open.
+  void appendTo(const Descriptor& file, std::string_view text) const;
   // Does nothing when there is no file.
   void remove() const;
   // Has the names of the folder, as they are now, on the disk.

@@ -42,14 +42,18 @@ std::optional<std::string> contentOf(const std::string& path) {
   return readFile(path, kLargestDrawing);
 }
 
+bool areOnDisk(const Files& files) {
+  return std::all_of(files.begin(), files.end(), [](const FileReplacement& file) {
+    return contentOf(file.path) == file.content;
+  });
+}
+
 // Byte for byte: the same checksums alone are no proof.
 bool areWritten(const Files& files, const PairState& present) {
   for (std::size_t at = 0; at < files.size(); ++at) {
     if (files[at].checksum != present[at].checksum) return false;
   }
-  return std::all_of(files.begin(), files.end(), [](const FileReplacement& file) {
-    return contentOf(file.path) == file.content;
-  });
+  return areOnDisk(files);
 }
 
 // Whether a file holds now what the session has not seen. One that is gone cannot be lost.
@@ -139,6 +143,11 @@ PairSave savePair(Session& session, bool agreed) {
   save.written = true;
   noteSaved(session, files, paths);
   return save;
+}
+
+bool isWritten(DrawingStore& store) {
+  if (store.NumSegments > 0) roundall(store);
+  return areOnDisk(filesToWrite(store, pairPaths(store.drawingpath, store.drawingname)));
 }
 
 }  // namespace tess

@@ -1,6 +1,6 @@
 // Writing the files of the session's drawing: under the lock of their folder, never over what the
 // session has not seen, and with a backup that is worth going back to.
-// Owns: PairSave, savePair.
+// Owns: PairSave, savePair, isWritten.
 #pragma once
 
 #include <optional>
@@ -24,5 +24,9 @@ struct PairSave {
 // already stay as they are. Raises what replaceWithBackup raises, and Permission denied while
 // another process is at these files.
 PairSave savePair(Session& session, bool agreed);
+
+// Whether the files of a named drawing are, byte for byte, what a save of it would write; the rows
+// are rounded as for a save on the way.
+bool isWritten(DrawingStore& store);
 
 }  // namespace tess

@@ -11,6 +11,7 @@
 #include "import/frmDXF.h"
 #include "shell/commands.h"
 #include "shell/layouts.h"
+#include "shell/recovery.h"
 
 namespace tess {
 namespace {
@@ -65,7 +66,18 @@ void Application::load(std::string_view drawing, std::string_view appfolder) {
 }
 
 bool Application::guarded(std::string_view entry, const std::function<void()>& run) {
-  return reporting_.guarded(entry, run);
+  const bool done = reporting_.guarded(entry, run);
+  settleJournal();
+  return done;
+}
+
+void Application::keepJournal() {
+  journal_ = std::make_unique<EditJournal>(session, interaction.desk.changes, timers_);
+  guarded("frmMain.offerUnsavedWork()", [this] { offerUnsavedWork(*this); });
+}
+
+void Application::settleJournal() {
+  if (journal_) journal_->afterCommand();
 }
 
 bool Application::clickTool(std::string_view tool) {
@@ -106,6 +118,7 @@ bool Application::mayClose() {
 
 void Application::unload() {
   guarded("frmMain.Form_Unload(Cancel)", [this] { Form_Unload(session); });
+  if (journal_) journal_->close();
 }
 
 void Application::customizeTools() {

@@ -13,6 +13,7 @@
 #include "core/drawing_store.h"
 #include "core/session.h"
 #include "drafting/pointer_events.h"
+#include "shell/edit_journal.h"
 #include "shell/error_reporting.h"
 #include "shell/frmPDFHelp.h"
 #include "shell/interaction.h"
@@ -58,6 +59,12 @@ class Application {
   bool release(const PointerEvent& event);
   bool wheel(int steps, int shift);
   bool guarded(std::string_view entry, const std::function<void()>& run);
+
+  // From now on unsaved work is written down as it comes about. First the operator is asked about
+  // what earlier runs of the program have left.
+  void keepJournal();
+  // What a command has changed besides rows is written down too; every entry point ends with it.
+  void settleJournal();
 
   // The main window asks to be closed; true when it may.
   bool mayClose();
@@ -126,6 +133,9 @@ class Application {
   Session session;
   Interaction interaction;
   frmPDFHelp help{session};
+
+ private:
+  std::unique_ptr<EditJournal> journal_;
 };
 
 }  // namespace tess

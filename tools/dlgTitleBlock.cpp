@@ -297,8 +297,14 @@ void dlgTitleBlock::takeOver() {
   for (const TextField& field : texts_) store_.*field.text = field.box.text();
   takeOverMaterial();
   store_.setupchanged = true;
-  if (drawingFields(store_) != before) store_.drawingsaved = false;
+  if (drawingFields(store_) != before) markUnsaved();
   block_.view.fitview(/*keepview=*/false);
+}
+
+void dlgTitleBlock::markUnsaved() {
+  Change change(block_.changes);
+  change.marksUnsaved();
+  change.keep({.redraws = false});
 }
 
 // What the tables have of a listed material holds for no other one.

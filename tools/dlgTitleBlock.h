@@ -10,6 +10,7 @@
 #include "core/form.h"
 #include "core/session.h"
 #include "display/view_commands.h"
+#include "drafting/change.h"
 #include "tools/speeds_feeds.h"
 
 namespace tess {
@@ -19,6 +20,7 @@ struct TitleBlock {
   Session& session;
   SpeedsFeeds& database;
   ViewCommands& view;
+  Changes& changes;
 };
 
 // A length in a text box. What was not typed keeps its exact value, however it is shown.
@@ -102,6 +104,7 @@ class dlgTitleBlock : public Form {
   void chooseKindOfMaterial();
 
   void takeOver();
+  void markUnsaved();
   void takeOverMaterial();
 
   TitleBlock block_;

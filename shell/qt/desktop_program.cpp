@@ -43,6 +43,7 @@ bool DesktopProgram::open(const std::string& drawing) {
   window_.showAtStart();
   Splash::show(application_.session, gateway_, window_);
   gateway_.enter("frmMain.Form_Load()", [&] { application_.load(drawing, appfolder_); });
+  if (!failed_) gateway_.enter("frmMain.keepJournal()", [&] { application_.keepJournal(); });
   surface_.setFocus();
   return !failed_;
 }

@@ -98,8 +98,8 @@ class ToolDialogsTest : public ::testing::Test {
 TEST_F(ToolDialogsTest, LayoutsHaveEveryControl) {
   FormColorDialog colors(session().host.prompts);
   expectWholeLayout(dlgToolPrms({session(), database, colors}, 0));
-  expectWholeLayout(
-      dlgTitleBlock({session(), database, program->application().interaction.desk.viewCommands}));
+  Desk& desk = program->application().interaction.desk;
+  expectWholeLayout(dlgTitleBlock({session(), database, desk.viewCommands, desk.changes}));
   expectWholeLayout(dlgColor(0));
 }
 
@@ -169,8 +169,8 @@ TEST_F(ToolDialogsTest, TheTitleBlockFollowsTheHand) {
     testing::keepScreenshot(dialog, "title_block_round_dark");
     in<QPushButton>(dialog, "cmdAccept").click();
   });
-  mnuOptionsDrawTitleBlock_Click(
-      {session(), database, program->application().interaction.desk.viewCommands});
+  Desk& desk = program->application().interaction.desk;
+  mnuOptionsDrawTitleBlock_Click({session(), database, desk.viewCommands, desk.changes});
   EXPECT_EQ(store().units, "M");
   EXPECT_EQ(store().roundstock.raw(), -1);
   EXPECT_EQ(store().partmaterial, "Polycarbonate");

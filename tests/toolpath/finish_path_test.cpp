@@ -283,7 +283,7 @@ TEST_F(FinishPath, ACutOfNothingPerPassPlacesNothing) {
   EXPECT_EQ(messages()[0].icon, MessageIcon::Warning);
   EXPECT_EQ(messages()[0].buttons, MessageButtons::Ok);
   EXPECT_EQ(pending(), 0);
-  EXPECT_FALSE(cam.changelog.canUndo());
+  EXPECT_FALSE(cam.changes.log.canUndo());
 }
 
 TEST_F(FinishPath, SoForOneSegmentButNotWithoutPasses) {

@@ -201,7 +201,7 @@ TEST(QuickPlace, AStepThatDoesNotGoDownPlacesNothing) {
     quickPlacePaths(d.cam);
     EXPECT_EQ(d.store.NumPathSegments, 0);
     EXPECT_EQ(d.store.currentpathgroup, 7);
-    EXPECT_EQ(d.cam.changelog.changecount, 0);
+    EXPECT_EQ(d.cam.changes.log.changecount, 0);
     ASSERT_EQ(d.messages().size(), 1U);
     EXPECT_EQ(d.messages()[0].title, "Quick Place");
     EXPECT_TRUE(d.messages()[0].text.starts_with("The Depth Per Pass, Z, is ")) << cut;

@@ -172,7 +172,7 @@ TEST(RoughCutPocket, AStepThatDoesNotGoDownPlacesNothing) {
     EXPECT_EQ(c.store.NumPathSegments, 0);
     EXPECT_EQ(segmentTexts(c.store), drawing);
     EXPECT_EQ(c.store.segattr[1], kVerifiedRow);
-    EXPECT_FALSE(c.cam.changelog.canUndo());
+    EXPECT_FALSE(c.cam.changes.log.canUndo());
     ASSERT_EQ(c.messages().size(), 1U);
     EXPECT_EQ(c.messages()[0].text,
               std::string("The Depth Per Pass, Z, is ") + test.fault +

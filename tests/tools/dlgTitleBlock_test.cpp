@@ -41,7 +41,7 @@ class TitleBlockTest : public ::testing::Test {
     d.test.recording.prompts.onForm = [&](Form& form) {
       operate(dynamic_cast<dlgTitleBlock&>(form));
     };
-    mnuOptionsDrawTitleBlock_Click({d.test.session, database, d.viewCommands});
+    mnuOptionsDrawTitleBlock_Click({d.test.session, database, d.viewCommands, d.desk.changes});
   }
   void acceptUnchanged() {
     work([](dlgTitleBlock& block) { block.cmdAccept.press(); });

@@ -1,0 +1,153 @@
+// The journal of edits.
+#include "shell/edit_journal.h"
+
+#include <filesystem>
+#include <unistd.h>
+#include <utility>
+
+#include "core/file_system.h"
+#include "core/lifecycle.h"
+#include "core/settings.h"
+#include "drafting/drawing_record.h"
+
+namespace tess {
+namespace {
+
+constexpr int kFlushAfterMs = 1000;
+// Edits may grow to this multiple of the drawing that they began with, and this much more, before
+// the drawing is written anew.
+constexpr std::size_t kLongestMultiple = 8;
+constexpr std::size_t kLongestMore = 1 << 20;
+
+bool areEqual(const DrawingSettings& a, const DrawingSettings& b) {
+#define TESSIMO_EQUAL(variable, width, kind, key, goesTo, reading) \
+  if (a.variable != b.variable) return false;
+#define TESSIMO_NOTHING(...)
+  TESSIMO_SETTINGS(TESSIMO_EQUAL, TESSIMO_NOTHING, TESSIMO_NOTHING)
+#undef TESSIMO_EQUAL
+#undef TESSIMO_NOTHING
+  return true;
+}
+
+// A name that no process of this machine has used yet.
+FilePlace newPlace(const Session& session) {
+  const std::string folder = journalFolder(session);
+  std::filesystem::create_directories(folder);
+  const auto path = [&folder](int count) {
+    return folder + std::to_string(::getpid()) + "-" + std::to_string(count) +
+           std::string(kJournalExtension);
+  };
+  int count = 1;
+  while (fileExists(path(count))) ++count;
+  return {session.host.guard, path(count), FileKind::Record};
+}
+
+}  // namespace
+
+std::string journalFolder(const Session& session) {
+  return withSeparator(session.appfolder + "Unsaved");
+}
+
+EditJournal::EditJournal(Session& session, Changes& changes, Timers& timers)
+    : session_(session),
+      subscription_(changes.listen(*this)),
+      flushTimer_(timers.create({"tmrJournal", kFlushAfterMs, /*oneShot=*/true}, [this] {
+        if (file_) attempt([this] { file_->flush(); });
+      })) {}
+
+void EditJournal::changed(const KeptChange& change) {
+  if (gaveUp_ || (!file_ && !change.unsaved)) return;
+  attempt([&] {
+    if (!file_ || isBehind_) {
+      writeWhole();
+    } else {
+      writeEdits(change);
+    }
+  });
+}
+
+void EditJournal::afterCommand() {
+  tellFailure();
+  if (gaveUp_) return;
+  if (!isUnsaved(session_)) return discard();
+  attempt([this] {
+    if (!file_ || isBehind_) {
+      writeWhole();
+    } else if (!areEqual(settings_, session_.store)) {
+      writeSettings();
+    }
+  });
+}
+
+void EditJournal::close() {
+  discard();
+}
+
+// A file of its own for each: the one before is good until this one is complete.
+void EditJournal::writeWhole() {
+  std::string entries;
+  appendRecordHead(entries);
+  appendWholeDrawing(entries, session_.store, session_.opened);
+  auto fresh = std::make_unique<GrowingFile>(newPlace(session_));
+  std::swap(file_, fresh);
+  write(entries);
+  if (fresh) fresh->remove();
+  settings_ = session_.store;
+  wholeSize_ = entries.size();
+  isBehind_ = false;
+}
+
+void EditJournal::writeEdits(const KeptChange& change) {
+  if (file_->size() > kLongestMultiple * wholeSize_ + kLongestMore) return writeWhole();
+  std::string entry;
+  appendEdits(entry, session_.store, change.segments, change.paths);
+  write(entry);
+}
+
+void EditJournal::writeSettings() {
+  std::string entry;
+  appendSettings(entry, session_.store);
+  write(entry);
+  settings_ = session_.store;
+}
+
+void EditJournal::write(const std::string& entries) {
+  file_->append(entries);
+  flushTimer_->setEnabled(true);
+}
+
+void EditJournal::discard() {
+  flushTimer_->setEnabled(false);
+  isBehind_ = false;
+  if (const auto file = std::move(file_)) attempt([&file] { file->remove(); });
+}
+
+// A journal that cannot be written must not keep the operator from working.
+template <typename Write>
+void EditJournal::attempt(Write write) {
+  try {
+    write();
+  } catch (const RuntimeFailure& failure) {
+    takeCallChain();
+    giveUp(failure.source() + ": " + failure.description());
+  } catch (const std::exception& failure) {
+    giveUp(failure.what());
+  }
+}
+
+void EditJournal::giveUp(std::string reason) {
+  gaveUp_ = true;
+  failure_ = std::move(reason);
+}
+
+void EditJournal::tellFailure() {
+  if (failure_.empty()) return;
+  const std::string reason = std::exchange(failure_, {});
+  session_.host.prompts.showMessage(
+      {.text = "Unsaved work cannot be kept for the case that the program is interrupted.\n" +
+               reason + "\nSave often.",
+       .title = session_.productname,
+       .icon = MessageIcon::Warning});
+}
+
+}  // namespace tess

@@ -1,0 +1,126 @@
+// Finding, offering and restoring unsaved work.
+#include "shell/recovery.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <ctime>
+#include <optional>
+#include <utility>
+
+#include "core/date_text.h"
+#include "core/file_system.h"
+#include "core/lifecycle.h"
+#include "core/save_pair.h"
+#include "core/units.h"
+#include "drafting/selection.h"
+#include "shell/edit_journal.h"
+#include "shell/frmRestore.h"
+
+namespace tess {
+namespace {
+
+// The screen follows the drawing that has come into the store.
+void showRestored(Application& application) {
+  Session& session = application.session;
+  set_num_formats(session);
+  collectSelected(application.interaction.desk);
+  session.listener.UpdateGridButtons();
+  session.listener.Update_menu_checks();
+  session.listener.drawingReplaced();
+  updateStatusDisplay(session);
+}
+
+void markUnsaved(Changes& changes) {
+  changes.tellRewritten();
+  Change change(changes);
+  change.marksUnsaved();
+  change.keep({.redraws = false});
+}
+
+std::string localTime(std::int64_t seconds) {
+  const std::time_t time = seconds;
+  std::tm local{};
+  if (::localtime_r(&time, &local) == nullptr) return {};
+  const DateTime moment{.year = local.tm_year + 1900,
+                        .month = local.tm_mon + 1,
+                        .day = local.tm_mday,
+                        .hour = local.tm_hour,
+                        .minute = local.tm_min,
+                        .second = local.tm_sec};
+  return dateText(moment) + " " + timeText(moment);
+}
+
+// A program that was killed behind its save has left nothing to be restored.
+bool isSaved(DrawingStore& drawing) {
+  return !drawing.drawingname.empty() && isWritten(drawing);
+}
+
+std::string pathOf(const DrawingStore& drawing) {
+  return drawing.drawingname.empty() ? "" : drawing.drawingpath + drawing.drawingname;
+}
+
+std::optional<UnsavedWork> workIn(const Session& session, const std::string& path) {
+  auto journal = AbandonedFile::claim(path);
+  if (!journal) return std::nullopt;
+  DrawingStore drawing;
+  if (!readRecord(journal->read(), drawing).known) return std::nullopt;
+  if (isSaved(drawing)) {
+    journal->remove(session.host.guard);
+    return std::nullopt;
+  }
+  const std::string when = localTime(journal->written());
+  return UnsavedWork{std::move(*journal), pathOf(drawing), when, drawing.NumSegments,
+                     drawing.NumPathSegments};
+}
+
+// What cannot be looked at is passed over: it must not keep the program from starting.
+void findIn(const Session& session, const std::string& path, std::vector<UnsavedWork>& found) {
+  try {
+    if (auto work = workIn(session, path)) found.push_back(std::move(*work));
+  } catch (const RuntimeFailure& failure) {
+    session.host.failures.report(failure);
+  }
+}
+
+}  // namespace
+
+std::vector<UnsavedWork> findUnsavedWork(const Session& session) {
+  std::vector<UnsavedWork> found;
+  const std::string folder = journalFolder(session);
+  for (const std::string& name : listFolder(folder).files) {
+    if (name.ends_with(kJournalExtension)) findIn(session, folder + name, found);
+  }
+  std::stable_sort(found.begin(), found.end(), [](const UnsavedWork& a, const UnsavedWork& b) {
+    return a.journal.written() > b.journal.written();
+  });
+  return found;
+}
+
+void restoreWork(Application& application, const UnsavedWork& work) {
+  const Procedure here("restoreWork(work)");
+  Session& session = application.session;
+  new_drawing(session);
+  RecordedDrawing recorded = readRecord(work.journal.read(), session.store);
+  session.opened = std::move(recorded.opened);
+  session.selectedfolder = session.store.drawingpath;
+  session.selectedname = session.store.drawingname;
+  session.lastfilename = work.drawing;
+  markUnsaved(application.interaction.desk.changes);
+  showRestored(application);
+  application.settleJournal();
+  work.journal.remove(session.host.guard);
+}
+
+void offerUnsavedWork(Application& application) {
+  const Procedure here("offerUnsavedWork()");
+  const std::vector<UnsavedWork> found = findUnsavedWork(application.session);
+  if (found.empty()) return;
+  frmRestore form(found);
+  application.session.host.prompts.showModal(form);
+  if (form.choice() == frmRestore::Choice::Restore) restoreWork(application, form.chosen());
+  if (form.choice() == frmRestore::Choice::Discard) {
+    form.chosen().journal.remove(application.session.host.guard);
+  }
+}
+
+}  // namespace tess
