@@ -7,7 +7,7 @@
 #include "benchmark/benchmark.h"
 
 #include "bench/polygon_offsetter.h"
-#include "geometry/intersections.h"
+#include "geometry/float_intersections.h"
 #include "tests/support/outlines.h"
 #include "tests/support/silent_surface.h"
 #include "toolpath/contour_offset.h"

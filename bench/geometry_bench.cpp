@@ -10,9 +10,9 @@
 
 #include "geometry/crossing_index.h"
 #include "geometry/end_point_index.h"
-#include "geometry/intersections.h"
+#include "geometry/float_intersections.h"
+#include "geometry/float_nearest_scans.h"
 #include "geometry/nearest_index.h"
-#include "geometry/nearest_scans.h"
 #include "geometry/row_boxes.h"
 
 namespace tess {

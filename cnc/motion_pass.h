@@ -6,7 +6,7 @@
 
 #include "core/drawing_store.h"
 #include "core/motion_stream.h"
-#include "geometry/points.h"
+#include "geometry/float_points.h"
 
 namespace tess {
 

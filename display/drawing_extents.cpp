@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "geometry/angles.h"
+#include "geometry/float_angles.h"
 
 namespace tess {
 

@@ -4,7 +4,7 @@
 #include <cmath>
 #include <utility>
 
-#include "geometry/angles.h"
+#include "geometry/float_angles.h"
 
 namespace tess {
 

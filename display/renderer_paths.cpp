@@ -10,7 +10,7 @@
 #include "display/arrowheads.h"
 #include "display/disc_row.h"
 #include "display/renderer.h"
-#include "geometry/angles.h"
+#include "geometry/float_angles.h"
 
 namespace tess {
 

@@ -6,7 +6,7 @@
 #include "core/division.h"
 #include "core/number_text.h"
 #include "core/rounding.h"
-#include "geometry/points.h"
+#include "geometry/float_points.h"
 
 namespace tess {
 

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "core/drawing_store.h"
-#include "geometry/points.h"
+#include "geometry/float_points.h"
 
 namespace tess {
 

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "core/drawing_store.h"
-#include "geometry/points.h"
+#include "geometry/float_points.h"
 
 namespace tess {
 

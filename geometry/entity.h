@@ -5,7 +5,7 @@
 
 #include "core/conventions.h"
 #include "core/drawing_store.h"
-#include "geometry/points.h"
+#include "geometry/float_points.h"
 
 namespace tess {
 

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "geometry/nearest_scans.h"
+#include "geometry/float_nearest_scans.h"
 #include "geometry/row_boxes.h"
 
 namespace tess {

@@ -7,7 +7,7 @@
 
 #include "core/drawing_store.h"
 #include "geometry/end_point_index.h"
-#include "geometry/points.h"
+#include "geometry/float_points.h"
 
 namespace tess {
 

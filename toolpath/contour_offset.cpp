@@ -6,7 +6,7 @@
 
 #include "display/view_transform.h"
 #include "drafting/row_edits.h"
-#include "geometry/nearest.h"
+#include "geometry/float_nearest.h"
 #include "toolpath/element_offset.h"
 #include "toolpath/lead_moves.h"
 #include "toolpath/path_groups.h"

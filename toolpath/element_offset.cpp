@@ -1,7 +1,7 @@
 // Elements, joints, and the walk that puts both together.
 #include "toolpath/element_offset.h"
 
-#include "geometry/intersections.h"
+#include "geometry/float_intersections.h"
 
 namespace tess {
 namespace {

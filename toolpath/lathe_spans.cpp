@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "geometry/points.h"
+#include "geometry/float_points.h"
 
 namespace tess {
 namespace {

@@ -2,7 +2,7 @@
 #include <optional>
 
 #include "core/rounding.h"
-#include "geometry/intersections.h"
+#include "geometry/float_intersections.h"
 #include "toolpath/lead_moves.h"
 
 namespace tess {

@@ -4,9 +4,9 @@
 #include <cmath>
 
 #include "drafting/row_edits.h"
-#include "geometry/angles.h"
-#include "geometry/nearest.h"
-#include "geometry/nearest_scans.h"
+#include "geometry/float_angles.h"
+#include "geometry/float_nearest.h"
+#include "geometry/float_nearest_scans.h"
 
 namespace tess {
 namespace {

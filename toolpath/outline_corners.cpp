@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "geometry/nearest.h"
+#include "geometry/float_nearest.h"
 
 namespace tess {
 namespace {

@@ -15,7 +15,7 @@
 #include "display/pointer.h"
 #include "drafting/change.h"
 #include "drafting/pending_actions.h"
-#include "geometry/nearest_scans.h"
+#include "geometry/float_nearest_scans.h"
 #include "geometry/row_boxes.h"
 #include "toolpath/gouge_avoidance.h"
 #include "toolpath/level_check.h"

@@ -8,7 +8,7 @@
 
 #include "drafting/pending_actions.h"
 #include "drafting/row_edits.h"
-#include "geometry/nearest_scans.h"
+#include "geometry/float_nearest_scans.h"
 #include "toolpath/path_groups.h"
 #include "toolpath/row_barrier.h"
 #include "toolpath/toolpath_commands.h"

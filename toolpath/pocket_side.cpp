@@ -3,8 +3,8 @@
 
 #include <cmath>
 
-#include "geometry/angles.h"
-#include "geometry/intersections.h"
+#include "geometry/float_angles.h"
+#include "geometry/float_intersections.h"
 
 namespace tess {
 namespace {

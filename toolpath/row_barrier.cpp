@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "geometry/intersections.h"
+#include "geometry/float_intersections.h"
 #include "geometry/row_boxes.h"
 
 namespace tess {

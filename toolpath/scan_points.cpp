@@ -10,8 +10,8 @@
 #include <limits>
 
 #include "core/rounding.h"
-#include "geometry/angles.h"
-#include "geometry/circles.h"
+#include "geometry/float_angles.h"
+#include "geometry/float_circles.h"
 #include "geometry/row_boxes.h"
 #include "toolpath/working_rows.h"
 

@@ -11,7 +11,7 @@
 #include "cnc/program_text.h"
 #include "core/field_reader.h"
 #include "core/units.h"
-#include "geometry/points.h"
+#include "geometry/float_points.h"
 #include "tests/support/recording_host.h"
 #include "tests/support/recording_session.h"
 

@@ -3,7 +3,7 @@
 
 #include "gtest/gtest.h"
 
-#include "geometry/constants.h"
+#include "geometry/float_constants.h"
 #include "tests/support/failure_of.h"
 
 namespace tess {

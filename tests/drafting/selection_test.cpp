@@ -6,7 +6,7 @@
 #include "gtest/gtest.h"
 
 #include "drafting/edit_commands.h"
-#include "geometry/intersections.h"
+#include "geometry/float_intersections.h"
 #include "tests/geometry/rows.h"
 #include "tests/geometry/scenes.h"
 #include "tests/support/drafting_desk.h"

@@ -100,7 +100,7 @@ TEST(SelectCycle, ShowsTheTemplates) {
     EXPECT_EQ(dialog.txtcycleincrdepth.text(), "0.1250");
     EXPECT_EQ(dialog.txtcyclefeedrate.text(), "4");
   });
-  EXPECT_EQ(chooseCycle(d.cam), -1);
+  EXPECT_EQ(chooseCycle(d.cam), std::nullopt);
   EXPECT_TRUE(shown);
 }
 
@@ -183,7 +183,7 @@ TEST(SelectCycle, CancelKeepsTheEdit) {
     dialog.txtcyclefinaldepth.type("-2");
     dialog.cmdCancel.press();
   });
-  EXPECT_EQ(chooseCycle(d.cam), -1);
+  EXPECT_EQ(chooseCycle(d.cam), std::nullopt);
   EXPECT_EQ(d.store.cyclefinaldepth[0], -2);
 }
 
@@ -223,7 +223,7 @@ TEST(SelectCycle, OpensWithTheTemplateChosenLast) {
   CAMAddMachCycleDeferred(d.cam);
   d.atDialog([](dlgSelectCycle& dialog) { EXPECT_EQ(dialog.List1.index(), 1); });
   CAMAddMachCycleDeferred(d.cam);
-  EXPECT_EQ(d.cam.selectedCycle, -1);
+  EXPECT_EQ(d.cam.selectedCycle, std::nullopt);
 }
 
 // ---- At the marker
@@ -294,7 +294,7 @@ TEST(AddMachCycleByClick, CancelledArmsNothing) {
   CycleDesk d({kDrill});
   CAMAddMachCycleDeferred(d.cam);
   EXPECT_EQ(d.pending(), 0);
-  EXPECT_EQ(d.cam.selectedCycle, -1);
+  EXPECT_EQ(d.cam.selectedCycle, std::nullopt);
 }
 
 TEST(AddMachCycleByClick, RunsASlotFromTheMarkerToTheClick) {
@@ -355,7 +355,7 @@ TEST(AddMachCycleAtCircles, PlacesThreeRowsInOneGroupAndNoOther) {
     dialog.chkSelectedCircles.setChecked(true);
     dialog.cmdAccept.press();
     EXPECT_FALSE(dialog.chkSelectedCircles.isChecked());
-    EXPECT_EQ(dialog.result(), -1);
+    EXPECT_EQ(dialog.result(), std::nullopt);
   });
   CAMAddMachCycleDeferred(d.cam);
   EXPECT_EQ(d.statistics.substr(0, 4), "5 4 ");

@@ -8,9 +8,9 @@
 #include "gtest/gtest.h"
 
 #include "drafting/undo.h"
-#include "geometry/angles.h"
-#include "geometry/intersections.h"
-#include "geometry/nearest.h"
+#include "geometry/float_angles.h"
+#include "geometry/float_intersections.h"
+#include "geometry/float_nearest.h"
 #include "tests/geometry/rows.h"
 #include "tests/geometry/scenes.h"
 #include "tests/support/failure_of.h"

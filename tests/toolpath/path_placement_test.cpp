@@ -8,7 +8,7 @@
 #include "drafting/entity_creation.h"
 #include "drafting/row_edits.h"
 #include "drafting/undo.h"
-#include "geometry/intersections.h"
+#include "geometry/float_intersections.h"
 #include "tests/geometry/rows.h"
 #include "tests/support/failure_of.h"
 #include "tests/support/recorded_cam.h"

@@ -8,9 +8,9 @@
 #include <vector>
 
 #include "core/rounding.h"
-#include "geometry/angles.h"
-#include "geometry/circles.h"
 #include "geometry/entity.h"
+#include "geometry/float_angles.h"
+#include "geometry/float_circles.h"
 
 namespace tess::testing {
 

@@ -5,7 +5,7 @@
 
 #include "gtest/gtest.h"
 
-#include "geometry/angles.h"
+#include "geometry/float_angles.h"
 #include "tests/geometry/rows.h"
 
 namespace tess {

@@ -11,8 +11,8 @@
 #include <optional>
 
 #include "core/drawing_store.h"
-#include "geometry/nearest.h"
-#include "geometry/points.h"
+#include "geometry/float_nearest.h"
+#include "geometry/float_points.h"
 
 namespace tess {
 

@@ -1,11 +1,11 @@
 // The nearest point on one entity: a line by its perpendicular, round kinds by the line through
 // their centre.
-#include "geometry/nearest.h"
+#include "geometry/float_nearest.h"
 
 #include <algorithm>
 
-#include "geometry/angles.h"
-#include "geometry/circles.h"
+#include "geometry/float_angles.h"
+#include "geometry/float_circles.h"
 
 namespace tess {
 namespace {

@@ -1,9 +1,9 @@
 // Plain linear passes over the tables, one metric each.
-#include "geometry/nearest_scans.h"
+#include "geometry/float_nearest_scans.h"
 
 #include <array>
 
-#include "geometry/nearest.h"
+#include "geometry/float_nearest.h"
 #include "geometry/row_boxes.h"
 
 namespace tess {
