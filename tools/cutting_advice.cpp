@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "core/conventions.h"
 #include "core/cut_width.h"
 #include "core/number_text.h"
 #include "core/rounding.h"
@@ -13,7 +14,6 @@
 namespace tess {
 namespace {
 
-constexpr double kMillimetresPerInch = 25.4;
 constexpr double kInchesPerFoot = 12;
 constexpr double kThousandths = 1000;
 constexpr double kFastestSpindle = 1e6;  // rpm; beyond that a figure is wrong
