@@ -63,9 +63,9 @@ void offsetBarely(StarDesk& d) {
     if (sg == 1) continue;
     Entity& later = elements.back();
     Entity& earlier = elements[elements.size() - 2];
-    PointPair hits;
-    if (intersectEntities(earlier, later, store.cfg_tolerance, hits) < 1) continue;
-    earlier.end = later.start = hits.first;
+    const Crossing crossing = intersectEntities(earlier, later, store.cfg_tolerance);
+    if (!crossing) continue;
+    earlier.end = later.start = crossing.at.first;
   }
   for (const Entity& e : elements) {
     addPathSegment(store, {e.type, e.start.x, e.start.y, e.end.x, e.end.y, e.center.x, e.center.y});

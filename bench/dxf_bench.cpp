@@ -102,8 +102,12 @@ void dxfImport(benchmark::State& state) {
     DrawingStore store;
     YesPrompts prompts;
     readDxf(document, content, "bench.dxf");
-    DxfRows rows(store, prompts, document);
+    ChangeLog log;
+    Changes changes(store, log);
+    Change change(changes);
+    DxfRows rows(change, prompts, document);
     convertDxf(document, rows, /*connectPoints=*/false);
+    change.keep();
     benchmark::DoNotOptimize(store.x0[store.NumSegments]);
   }
   state.SetItemsProcessed(state.iterations() * state.range(0));
@@ -169,8 +173,12 @@ void dxfFile(benchmark::State& state, const std::string& path) {
     } catch (const RuntimeFailure&) {
       takeCallChain();  // what stands before the damage counts
     }
-    DxfRows rows(store, prompts, document);
+    ChangeLog log;
+    Changes changes(store, log);
+    Change change(changes);
+    DxfRows rows(change, prompts, document);
     convertDxf(document, rows, /*connectPoints=*/false);
+    change.keep();
     held = heapInUse() - before;
     entities = document.Entities.size();
     made = store.NumSegments;

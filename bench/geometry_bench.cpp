@@ -112,8 +112,8 @@ TESSIMO_SCAN(ScanSeg, return nearestSeg(store, at));
 TESSIMO_SCAN(ScanSelectedSeg, return nearestSelectedSeg(store, at));
 TESSIMO_SCAN(ScanPathSeg, return nearestPathSeg(store, at, /*group=*/0));
 TESSIMO_SCAN(ScanPathChord, return nearestPathChord(store, at));
-TESSIMO_SCAN(ScanSegEndpoint, Point end; return nearestSegEndpoint(store, at, end));
-TESSIMO_SCAN(ScanPathEndpoint, Point end; return nearestPathEndpoint(store, at, end));
+TESSIMO_SCAN(ScanSegEndpoint, return nearestSegEndpoint(store, at));
+TESSIMO_SCAN(ScanPathEndpoint, return nearestPathEndpoint(store, at));
 #undef TESSIMO_SCAN
 
 // The plain grid: square cells over the known square, items sorted by cell.
@@ -180,8 +180,7 @@ void CrossingsByPlainGrid(benchmark::State& state) {
           if (j <= i || !overlaps(boxes[i], boxes[j])) return;
           const float x = std::max(boxes[i].minX, boxes[j].minX);
           const float y = std::max(boxes[i].minY, boxes[j].minY);
-          Point at;
-          if (grid.cellOf(x, y) == cell && intersectLines(lines[i], lines[j], at) > 0) ++crossings;
+          if (grid.cellOf(x, y) == cell && intersectLines(lines[i], lines[j])) ++crossings;
         });
       });
     }
@@ -196,10 +195,9 @@ void CrossingsByBoxIndex(benchmark::State& state) {
     crossings = 0;
     const BoxIndex index(entityBoxes(lines));
     index.visitPairs([&](int i, int j) {
-      Point at;
       const auto& a = lines[static_cast<std::size_t>(i) - 1];
       const auto& b = lines[static_cast<std::size_t>(j) - 1];
-      if (intersectLines(a, b, at) > 0) ++crossings;
+      if (intersectLines(a, b)) ++crossings;
       return true;
     });
   }
@@ -216,10 +214,9 @@ void CrossingsByCrossingIndex(benchmark::State& state) {
     for (int i = 1; i <= static_cast<int>(lines.size()); ++i) {
       index.candidates(i, i, rows);
       for (const int j : rows) {
-        Point at;
         const auto& a = lines[static_cast<std::size_t>(i) - 1];
         const auto& b = lines[static_cast<std::size_t>(j) - 1];
-        if (intersectLines(a, b, at) > 0) ++crossings;
+        if (intersectLines(a, b)) ++crossings;
       }
     }
   }
@@ -303,10 +300,8 @@ void NearestEndByIndex(benchmark::State& state) {
   const DrawingStore store = mixedStore(static_cast<int>(state.range(0)));
   const NearestSegIndex index(store);
   Dice dice;
-  Point end;
   for (auto _ : state)
-    benchmark::DoNotOptimize(
-        index.nearestSegEndpoint(onto(dice.upTo(kSide), dice.upTo(kSide)), end));
+    benchmark::DoNotOptimize(index.nearestSegEndpoint(onto(dice.upTo(kSide), dice.upTo(kSide))));
 }
 
 BENCHMARK(NearestSegByIndex)->Apply(everyRowCount);

@@ -62,7 +62,7 @@ void addIslands(DrawingStore& store, int spans) {
 void forgetPaths(RecordedCam& d) {
   d.store.NumPathSegments = 0;
   d.store.lastplacedgroup = 0;
-  d.cam.changelog.clear();
+  d.desk.changelog.clear();
 }
 
 template <typename Prepare, typename Work>

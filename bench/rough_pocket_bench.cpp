@@ -32,10 +32,10 @@ Box boundsOf(const DrawingStore& store) {
 
 struct Pocket : testing::SilentDesk {
   Pocket(int rows, OutlineKind kind, int pocketState, int islandState) {
-    int state = pocketState;
+    int attr = pocketState;
     for (const auto& outline : testing::starWithIslands(rows, kind)) {
-      testing::addOutline(store, outline, state);
-      state = islandState;
+      testing::addOutline(store, outline, attr);
+      attr = islandState;
     }
     const Box box = boundsOf(store);
     spacing = (box.maxY - box.minY) / kLines;

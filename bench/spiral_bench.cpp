@@ -43,7 +43,7 @@ void ParallelSpiral(benchmark::State& state) {
   d.store.cfg_gouge_avoidance = state.range(1) != 0;
   for (auto _ : state) {
     d.store.NumPathSegments = 0;
-    d.cam.changelog.clear();
+    d.desk.changelog.clear();
     parallelSpiralPocket(d.cam, 1);
   }
   state.counters["path rows"] = static_cast<double>(d.store.NumPathSegments);

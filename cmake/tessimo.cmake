@@ -101,6 +101,8 @@ function(tessimo_add_test name)
     set(name sanitized.${name})
   endif()
   add_test(NAME ${name} COMMAND ${ARGN})
+  # What GoogleTest and unittest say of a case that did not run: it counts as one that failed.
+  set_tests_properties(${name} PROPERTIES FAIL_REGULAR_EXPRESSION "  SKIPPED |skipped=")
   if(TESSIMO_SANITIZE)
     set_tests_properties(${name} PROPERTIES ENVIRONMENT "${TESSIMO_SANITIZER_ENVIRONMENT}")
   endif()

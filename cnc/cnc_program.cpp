@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <string_view>
 
+#include "cnc/program_target.h"
 #include "cnc/program_writer.h"
 #include "core/drawing_file.h"
 #include "core/file_system.h"
@@ -46,7 +47,7 @@ bool settleUnsavedWork(Session& session) {
   int answer = 0;
   askUser(session, "Drawing not saved! Save now?", kAskYesNoCancel, answer);
   if (answer == kAnswerYes) smart_save(session);
-  if (answer == kAnswerNo) session.store.drawingsaved = true;
+  if (answer == kAnswerNo) countAsSaved(session);
   return answer != kAnswerCancel;
 }
 
@@ -78,15 +79,20 @@ std::string programFile(const DrawingStore& store) {
 }
 
 void WriteCncFinish(const Session& session, const PostDefinition& definition, CncState& state,
-                    CncMode mode, const std::string& file) {
+                    CncMode mode, const ProgramFile& file) {
   const Procedure here("WriteCncFinish(mode$)");
-  writeFile(session.host.guard,
-            file.empty() ? outputFolder(session.store) + state.cncfilename : file,
-            FileKind::Program, programText(session, definition, state, mode));
+  const std::string path =
+      file.path.empty() ? outputFolder(session.store) + state.cncfilename : file.path;
+  if (!file.overDrawing && isOfDrawing(session.store, path)) {
+    throw RuntimeFailure(FailureNumber::FileExists, path,
+                         "The program would take the place of the drawing");
+  }
+  writeFile(session.host.guard, path, FileKind::Program,
+            programText(session, definition, state, mode));
 }
 
 bool make_cnc(Session& session, const PostDefinition& definition, CncState& state, CncMode mode,
-              const std::string& file) {
+              const ProgramFile& file) {
   const Procedure here("make_cnc(mode$)");
   if (!settleUnsavedWork(session)) return false;
   state.cncfilename = programName(session.store.drawingname);

@@ -1,6 +1,6 @@
 // CNC programs: the path rows of the open drawing as one RS-274-D text file for a mill or a lathe,
 // in the words of the post-processor definition in force.
-// Owns: CncState, ProgramViewer, programText, programFile, WriteCncFinish, make_cnc,
+// Owns: CncState, ProgramViewer, programText, programFile, ProgramFile, WriteCncFinish, make_cnc,
 //       mnuCAMMakeCNCFile_Click, mnuCAMMakeCNCLatheFile_Click.
 #pragma once
 
@@ -28,8 +28,9 @@ class ProgramViewer {
 };
 
 // The whole program of the drawing, which has at least one path row, under state.cncfilename.
-// Raises Invalid procedure call for a value that is no number and Subscript out of range for a row
-// without a tool; the failure's source names the path row.
+// Raises Invalid procedure call for a value that is no number, Subscript out of range for a row
+// without a tool, and Overflow when it would be longer than 64 MB; the failure's source names the
+// path row.
 std::string programText(const Session& session, const PostDefinition& definition, CncState& state,
                         CncMode mode);
 
@@ -37,14 +38,20 @@ std::string programText(const Session& session, const PostDefinition& definition
 // folder when that setting is blank or not there.
 std::string programFile(const DrawingStore& store);
 
-// Writes it to `file`, or to programFile with an empty one. An old program is replaced only by a
-// complete one. Raises also what writeFile raises.
+// Where a program goes.
+struct ProgramFile {
+  std::string path = {};     // empty: programFile
+  bool overDrawing = false;  // also where the drawing or its path file is
+};
+
+// Writes it there. An old program is replaced only by a complete one. Raises also what writeFile
+// raises, and File already exists for a file of the drawing.
 void WriteCncFinish(const Session& session, const PostDefinition& definition, CncState& state,
-                    CncMode mode, const std::string& file = {});
+                    CncMode mode, const ProgramFile& file = {});
 
 // Asks about unsaved work first; false when the operator cancels, true when a file was written.
 bool make_cnc(Session& session, const PostDefinition& definition, CncState& state, CncMode mode,
-              const std::string& file = {});
+              const ProgramFile& file = {});
 
 // The two commands: they make the program and show it.
 void mnuCAMMakeCNCFile_Click(Session& session, const PostDefinition& definition, CncState& state,

@@ -60,24 +60,31 @@ constexpr std::array kKeys{
     Key{"MMFORMAT", [](Loading& l) { l.session.formats.cncfmtmm = l.code(); }},
 };
 
+void noteDamage(PostDefinition& definition, const std::string& damage) {
+  if (definition.damage.empty()) definition.damage = damage;
+}
+
 // Before the start is done there is no window that a message box could stand on.
-void complain(Session& session, const std::string& token) {
-  const std::string text = "Error in Post processor definition file:" + token;
+void complain(Loading& loading, const std::string& token, const std::string& place) {
+  Session& session = loading.session;
+  const std::string text = "Error in Post processor definition file:" + token + "\n" + place;
   if (session.startupdone) {
     int answer = 0;
     askUser(session, text, kAskOk, answer);
   } else {
     session.host.surroundings.printOnMainWindow(text);
   }
+  noteDamage(loading.definition, place + " has the unknown word '" + token + "'");
 }
 
 void readKey(Loading& loading) {
+  const std::string place = loading.reader.place();
   const std::string token = loading.reader.readQuotedText();
   if (token.empty()) return;
   const std::string name = upperCased(token);
   const auto key = std::ranges::find(kKeys, name, &Key::name);
   if (key == kKeys.end()) {
-    complain(loading.session, token);
+    complain(loading, token, place);
   } else {
     key->read(loading);
   }
@@ -95,21 +102,24 @@ std::string definitionName(const Session& session) {
 }  // namespace
 
 void readPostDefinition(Session& session, PostDefinition& definition, FieldReader& reader) {
+  definition.damage.clear();
   Loading loading{session, definition, reader};
   while (!reader.atEnd()) readKey(loading);
 }
 
 void loadxsetup2(Session& session, PostDefinition& definition, const std::string& path) {
   const Procedure here("loadxsetup2()");
-  FieldReader reader = FieldReader::open(path);
+  FieldReader reader = FieldReader::open(path, kLargestSettings);
   readPostDefinition(session, definition, reader);
 }
 
 void load_xsetup(Session& session, PostDefinition& definition) {
+  definition.damage.clear();
   try {
     const Procedure here("load_xsetup()");
     loadxsetup2(session, definition, session.appfolder + definitionName(session));
   } catch (const RuntimeFailure& failure) {
+    noteDamage(definition, failure.source() + ": " + failure.description());
     session.host.failures.report(failure);
   }
   set_num_formats(session);

@@ -22,6 +22,7 @@ struct PostDefinition {
   bool forceXYZ = false;                  // X, Y and Z words also when unchanged
   bool forceIJK = false;                  // I and J words also when redundant
   std::string cncletters = kWordLetters;  // the sixth is carried, but the K word never asks for it
+  std::string damage;  // the first thing that was wrong with its file, and where; empty: sound
 };
 
 // Loads the definition that belongs to the setup in force, or "standard.msx", and puts the number

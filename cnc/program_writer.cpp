@@ -59,6 +59,17 @@ float radiusWord(const ArcMove& arc, float tolerence) {
   return sweepDegrees(arc) > kHalfTurn ? -radius : radius;
 }
 
+// A row takes tens of bytes. Formats and texts that make thousands of it come from a damaged
+// definition and would fill the disk.
+void refuseOverlong(const std::string& program) {
+  constexpr std::size_t kMostMegabytes = 64;
+  if (program.size() <= kMostMegabytes << 20U) return;
+  throw RuntimeFailure(FailureNumber::Overflow, {},
+                       "The program is longer than " + std::to_string(kMostMegabytes) +
+                           " MB: a number format or the comment text of the post-processor "
+                           "definition is far too long");
+}
+
 std::string cycleWord(int number) {
   return std::string(number < 10 ? "G0" : "G") + std::to_string(number);
 }
@@ -78,6 +89,7 @@ ProgramWriter::ProgramWriter(const Session& session, const PostDefinition& defin
 
 void ProgramWriter::read(const MotionEvent& event) {
   std::visit([this](const auto& told) { write(told); }, event);
+  refuseOverlong(out_);
 }
 
 // Fixed: of the last program only the feed is forgotten; a Z word that it left stays unsaid here,

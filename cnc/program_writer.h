@@ -19,8 +19,8 @@ class ProgramWriter : public MotionReader {
   ProgramWriter(const Session& session, const PostDefinition& definition, CncMode mode,
                 const std::string& cncfilename, LastMove& lastmove, std::string& out);
 
-  // Raises Invalid procedure call for a word that is no number, at the start also what writeHeading
-  // raises.
+  // Raises Invalid procedure call for a word that is no number, Overflow for a program of more than
+  // 64 MB, at the start also what writeHeading raises.
   void read(const MotionEvent& event) override;
 
  private:

@@ -34,14 +34,30 @@ void tell(Session& session, const std::string& text) {
       {.text = text, .title = {}, .icon = MessageIcon::Warning, .buttons = MessageButtons::Ok});
 }
 
+// A save that was completed is the last one from now on.
+void noteCompleted(Session& session, const Recovery& recovery) {
+  if (recovery.settled.outcome != Settlement::Completed) return;
+  PairState state;
+  for (std::size_t at = 0; at < recovery.settled.contents.size(); ++at) {
+    if (const auto& content = recovery.settled.contents[at]) {
+      state[at].checksum = checksumOf(*content);
+    }
+  }
+  noteSave(session, recovery.drawing, state);
+}
+
 void tellRecoveries(Session& session, const std::vector<Recovery>& recoveries) {
-  for (const Recovery& recovery : recoveries) tell(session, recoveryText(recovery));
+  for (const Recovery& recovery : recoveries) {
+    noteCompleted(session, recovery);
+    tell(session, recoveryText(recovery));
+  }
 }
 
 // ---- Loading
 
 std::optional<PairContent> openDrawing(Session& session, const std::vector<std::string>& paths) {
-  std::vector<Recovery> recoveries = recoverFolder(session.host.guard, session.selectedfolder);
+  std::vector<Recovery> recoveries =
+      recoverFolder(session.host.guard, session.selectedfolder, session.selectedname);
   try {
     PairContent pair = readPair(session.host.guard, paths, recoveries);
     tellRecoveries(session, recoveries);
@@ -225,7 +241,7 @@ bool loadSelected(Session& session) {
   store.showpaths = 1;
   session.listener.Update_menu_checks();
   session.listener.drawingReplaced();
-  noteDamage(session, notes);
+  if (!pair->recovered) noteDamage(session, notes);
   notePresence(session, notes);
   for (const std::string& note : notes) tell(session, note);
   return true;
@@ -277,6 +293,7 @@ SaveResult saveAsking(Session& session, bool agreed) {
   DrawingStore& store = session.store;
   if (const auto result = askAboutLostPaths(session)) return *result;
   if (store.NumSegments > 0) roundall(store);
+  session.listener.rowsRewritten();
   for (bool written = false; !written;) {
     const PairSave save = savePair(session, agreed);
     tellRecoveries(session, save.recoveries);
@@ -285,6 +302,7 @@ SaveResult saveAsking(Session& session, bool agreed) {
     if (written) break;
     if (const auto result = askAboutChanges(session, session.opened.path)) return *result;
     session.opened.state = save.state;
+    session.opened.hasRows.reset();
   }
   noteSavedCounts(store);
   session.lastfilename = store.drawingpath + store.drawingname;

@@ -16,8 +16,8 @@ namespace {
 using std::chrono::milliseconds;
 using std::chrono::steady_clock;
 
-constexpr milliseconds kShortestPause{1};
-constexpr milliseconds kLongestPause{20};
+// Short against a save, so that one process cannot keep another out by saving all the time.
+constexpr std::chrono::microseconds kPause{500};
 
 // Not for writing, so that a protected drawing can be held too; and no pipe makes it wait.
 Descriptor openToLock(const std::string& path) {
@@ -44,11 +44,9 @@ DrawingPresence::Process holderOf(const Descriptor& file) {
 FolderLock::FolderLock(const std::string& folder, Waiting waiting)
     : folder_(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
   const auto end = steady_clock::now() + milliseconds(kLongestWait);
-  milliseconds pause = kShortestPause;
   while ((state_ = take(folder_)) == State::Busy) {
     if (waiting == Waiting::NotAtAll || steady_clock::now() >= end) return;
-    std::this_thread::sleep_for(pause);
-    pause = std::min(2 * pause, kLongestPause);
+    std::this_thread::sleep_for(kPause);
   }
 }
 

@@ -4,6 +4,7 @@
 #include <chrono>
 #include <sys/stat.h>
 #include <thread>
+#include <utility>
 
 #include "core/file_system.h"
 
@@ -52,7 +53,7 @@ FileState stateOf(const FileStamp& stamp, const Content& content) {
 void readPathFile(PairContent& pair, const Paths& paths, const Stamps& stamps) {
   if (paths.size() < 2 || !isThere(stamps[1])) return;
   try {
-    pair.paths = readFile(paths[1]);
+    pair.paths = readFile(paths[1], kLargestDrawing);
   } catch (const RuntimeFailure& failure) {
     takeCallChain();
     pair.pathsFailure = failure;
@@ -61,19 +62,21 @@ void readPathFile(PairContent& pair, const Paths& paths, const Stamps& stamps) {
 
 PairContent readAsTheyAre(const Paths& paths, const Stamps& stamps) {
   PairContent pair;
-  pair.drawing = readFile(paths.front());
+  pair.drawing = readFile(paths.front(), kLargestDrawing);
   readPathFile(pair, paths, stamps);
   pair.state = {stateOf(stamps[0], pair.drawing), stateOf(stamps[1], pair.paths)};
   return pair;
 }
 
-// What the files on the disk hold together, while they cannot be put in order themselves.
-std::optional<PairContent> readAsSettled(const Settled& settled, const Stamps& stamps) {
-  if (!settled.contents.front()) return std::nullopt;
+// What the files on the disk hold together, while they are not in order themselves. Their stamps
+// say nothing about that.
+std::optional<PairContent> contentOf(const Settled& settled) {
+  const bool together = settled.outcome != Settlement::LeftAlone || settled.unwritten;
+  if (settled.written || !together || !settled.contents.front()) return std::nullopt;
   PairContent pair;
   pair.drawing = *settled.contents.front();
   if (settled.contents.size() > 1) pair.paths = settled.contents[1];
-  pair.state = {stateOf(stamps[0], pair.drawing), stateOf(stamps[1], pair.paths)};
+  pair.state = {stateOf({}, pair.drawing), stateOf({}, pair.paths)};
   return pair;
 }
 
@@ -83,16 +86,16 @@ bool hasJournal(const std::string& drawing) {
   return isThere(stampOf(folder + journalName(journalStem(name))));
 }
 
-// Settles the save that is left beside the drawing. The content, where it can be had in no other
-// way than from what that save has left.
-std::optional<PairContent> settleOrLook(WriteGuard& guard, const Paths& paths,
+// Settles the save that is left beside the drawing, or looks at the one that is going on. The
+// content, where it can be had in no other way.
+std::optional<PairContent> settleOrLook(const WriteGuard& guard, const Paths& paths,
                                         std::vector<Recovery>& recoveries) {
-  const FolderLock lock = lockDrawing(paths.front());  // waits for a save that is going on
+  const FolderLock lock = lockDrawing(paths.front(), FolderLock::Waiting::NotAtAll);
   const auto recovery = recoverDrawing(guard, paths, lock);
   if (!recovery) return std::nullopt;
   const Settled& settled = recovery->settled;
   if (settled.written || settled.unwritten) recoveries.push_back(*recovery);
-  return settled.written ? std::nullopt : readAsSettled(settled, stampsOf(paths));
+  return contentOf(settled);
 }
 
 }  // namespace
@@ -101,11 +104,9 @@ PairState pairState(const std::vector<std::string>& paths, const PairState& know
   PairState state;
   for (std::size_t at = 0; at < paths.size(); ++at) {
     const FileStamp stamp = stampOf(paths[at]);
-    if (stamp == known[at].stamp) {
-      state[at] = known[at];
-    } else if (isThere(stamp)) {
-      state[at] = stateOf(stamp, readFile(paths[at]));
-    }
+    if (!isThere(stamp)) continue;
+    const bool same = stamp == known[at].stamp;
+    state[at] = same ? known[at] : stateOf(stamp, readFile(paths[at], kLargestDrawing));
   }
   return state;
 }
@@ -115,18 +116,19 @@ PairState restamped(PairState state, const std::vector<std::string>& paths) {
   return state;
 }
 
-PairContent readPair(WriteGuard& guard, const std::vector<std::string>& paths,
+PairContent readPair(const WriteGuard& guard, const std::vector<std::string>& paths,
                      std::vector<Recovery>& recoveries) {
   const std::string& drawing = paths.front();
+  const std::size_t before = recoveries.size();
   for (int attempt = 0;; ++attempt) {
-    if (hasJournal(drawing)) {
-      if (auto pair = settleOrLook(guard, paths, recoveries)) return *pair;
-    }
-    const Stamps before = stampsOf(paths);
-    PairContent pair = readAsTheyAre(paths, before);
+    auto settled = hasJournal(drawing) ? settleOrLook(guard, paths, recoveries) : std::nullopt;
+    const Stamps stamps = stampsOf(paths);
+    PairContent pair = settled ? std::move(*settled) : readAsTheyAre(paths, stamps);
+    pair.recovered = recoveries.size() > before;
+    if (settled) return pair;
     // In this order: a save that was still going on while the files were read and is over when the
     // journal is looked for has given both files their new stamps by then.
-    const bool undisturbed = !hasJournal(drawing) && before == stampsOf(paths);
+    const bool undisturbed = !hasJournal(drawing) && stamps == stampsOf(paths);
     if (undisturbed || attempt == kMostAttempts) return pair;
     std::this_thread::sleep_for(kPause);
   }

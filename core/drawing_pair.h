@@ -24,11 +24,12 @@ struct PairContent {
   std::optional<std::string> paths;
   std::optional<RuntimeFailure> pathsFailure;  // why a path file that is there cannot be read
   PairState state;
+  bool recovered = false;  // their last save had been cut off
 };
 
-// Both files as one save left them; waits for a save that is going on. What had to be settled
-// before is added to `recoveries`. Raises what readFile raises for the drawing.
-PairContent readPair(WriteGuard& guard, const std::vector<std::string>& paths,
+// Both files as one save left them, also while another is going on. What had to be settled before
+// is added to `recoveries`. Raises what readFile raises for the drawing.
+PairContent readPair(const WriteGuard& guard, const std::vector<std::string>& paths,
                      std::vector<Recovery>& recoveries);
 
 }  // namespace tess

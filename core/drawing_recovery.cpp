@@ -47,7 +47,7 @@ std::vector<std::string> hiddenFiles(const std::string& folder) {
 // A journal says itself whose it is. Nobody may have a file replaced through one that is no drawing
 // with a path file, or whose journal it is not.
 std::optional<std::string> drawingOf(const std::string& journal, const std::string& stem) {
-  const auto parsed = parseJournal(readFile(journal));
+  const auto parsed = parseJournal(readFile(journal, kLargestJournal));
   if (!parsed) return std::nullopt;
   const std::string& name = parsed->name;
   const bool plain =
@@ -56,9 +56,10 @@ std::optional<std::string> drawingOf(const std::string& journal, const std::stri
 }
 
 // A journal that was cut off in the making stands for nothing, and nobody knows its drawing.
-void removeNameless(WriteGuard& guard, const std::string& journal, const std::string& stem) {
-  if (parseJournal(readFile(journal))) return;
-  const FilePlace place = FilePlace::ofEntry(guard, journal, FileKind::Companion);
+void removeNameless(const WriteGuard& guard, const std::string& journal, const std::string& stem) {
+  NoGuard looking;
+  const FilePlace place = FilePlace::ofEntry(looking, journal, FileKind::Companion);
+  if (parseJournal(readFile(journal, kLargestJournal)) || !place.isPermittedBy(guard)) return;
   for (std::size_t index = 0; index < SaveJournal::kMostFiles; ++index) {
     place.beside(freshName(stem, index), FileKind::Companion).remove();
     place.beside(spareName(stem, index), FileKind::Companion).remove();
@@ -66,7 +67,13 @@ void removeNameless(WriteGuard& guard, const std::string& journal, const std::st
   place.remove();
 }
 
-std::optional<Recovery> recoverJournal(WriteGuard& guard, const std::string& folder,
+void removeTemporaries(const WriteGuard& guard, const std::string& folder) {
+  NoGuard looking;
+  const auto any = FilePlace::ofEntry(looking, folder + "any", FileKind::Companion);
+  if (any.isPermittedBy(guard)) any.removeAbandoned();
+}
+
+std::optional<Recovery> recoverJournal(const WriteGuard& guard, const std::string& folder,
                                        const std::string& journal, const std::string& stem) {
   const auto name = drawingOf(folder + journal, stem);
   const FolderLock lock = name ? lockDrawing(folder + *name, FolderLock::Waiting::NotAtAll)
@@ -92,16 +99,23 @@ FolderLock lockDrawing(const std::string& drawing, FolderLock::Waiting waiting) 
   return FolderLock(fs::path(place.path()).parent_path().string(), waiting);
 }
 
-std::optional<Recovery> recoverDrawing(WriteGuard& guard, const std::vector<std::string>& paths,
+std::optional<Recovery> recoverDrawing(const WriteGuard& guard,
+                                       const std::vector<std::string>& paths,
                                        const FolderLock& lock) {
-  const FileGroup group(guard, paths);
-  const bool mayWrite = !mayBeAlive(lock, group.journal().path());
-  const auto settled = settleFiles(group, mayWrite);
+  NoGuard looking;
+  const FileGroup group(looking, paths);
+  const bool permitted = group.isPermittedBy(guard);
+  const bool alive = mayBeAlive(lock, group.journal().path());
+  auto settled = settleFiles(group, permitted && !alive);
   if (!settled) return std::nullopt;
-  return Recovery{.drawing = paths.front(), .settled = *settled};
+  if (!permitted && !alive) {
+    settled->unwritten = RuntimeFailure(FailureNumber::PermissionDenied, paths.front());
+  }
+  return Recovery{.drawing = paths.front(), .settled = std::move(*settled)};
 }
 
-std::vector<Recovery> recoverFolder(WriteGuard& guard, const std::string& folder) {
+std::vector<Recovery> recoverFolder(const WriteGuard& guard, const std::string& folder,
+                                    const std::string& apartFrom) {
   std::vector<Recovery> recoveries;
   bool temporaries = false;
   const std::string found = resolvePath(folder);
@@ -109,7 +123,7 @@ std::vector<Recovery> recoverFolder(WriteGuard& guard, const std::string& folder
     temporaries = temporaries || name.ends_with(kTemporaryEnd);
     try {
       const auto stem = stemOfJournal(name);
-      if (!stem) continue;
+      if (!stem || *stem == journalStem(apartFrom)) continue;
       if (auto recovery = recoverJournal(guard, found, name, *stem)) {
         recoveries.push_back(std::move(*recovery));
       }
@@ -118,7 +132,7 @@ std::vector<Recovery> recoverFolder(WriteGuard& guard, const std::string& folder
       takeCallChain();
     }
   }
-  if (temporaries) FilePlace::ofEntry(guard, found + "any", FileKind::Companion).removeAbandoned();
+  if (temporaries) removeTemporaries(guard, found);
   return recoveries;
 }
 

@@ -27,12 +27,14 @@ FolderLock lockDrawing(const std::string& drawing,
 
 // Settles the save of that drawing which was cut off, if there is one. While another process may
 // still be at it, nothing is written, and the result tells only what the files hold together.
-std::optional<Recovery> recoverDrawing(WriteGuard& guard, const std::vector<std::string>& paths,
+std::optional<Recovery> recoverDrawing(const WriteGuard& guard,
+                                       const std::vector<std::string>& paths,
                                        const FolderLock& lock);
 
-// The same for all drawings of a folder that no other process is at. What else a process that died
-// has left in it goes as well.
-std::vector<Recovery> recoverFolder(WriteGuard& guard, const std::string& folder);
+// The same for all drawings of a folder but the one of that name, as far as no other process is at
+// them. What else a process that died has left in the folder goes as well.
+std::vector<Recovery> recoverFolder(const WriteGuard& guard, const std::string& folder,
+                                    const std::string& apartFrom);
 
 // What the operator is told.
 std::string recoveryText(const Recovery& recovery);

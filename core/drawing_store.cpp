@@ -12,21 +12,7 @@ namespace {
 constexpr int kSegmentGrowth = 20;
 constexpr int kPathGrowth = 100;
 
-// One place knows which columns make up a table.
-template <typename Store, typename Visit>
-void forEachSegmentColumn(Store& store, Visit visit) {
-  visit(store.x0), visit(store.y0), visit(store.x1), visit(store.y1);
-  visit(store.centerx), visit(store.centery);
-  visit(store.segtype), visit(store.segattr);
-}
-
-template <typename Store, typename Visit>
-void forEachPathColumn(Store& store, Visit visit) {
-  visit(store.psx0), visit(store.psy0), visit(store.psx1), visit(store.psy1);
-  visit(store.psxc), visit(store.psyc), visit(store.psz), visit(store.psfeed);
-  visit(store.pstype), visit(store.pscode), visit(store.psvisible);
-}
-
+// One place knows which columns make up the table.
 template <typename Store, typename Visit>
 void forEachCycleColumn(Store& store, Visit visit) {
   visit(store.cycletext), visit(store.cyclefinaldepth), visit(store.cycleincrdepth);
@@ -68,13 +54,13 @@ void AddSegLine(DrawingStore& store, int segtype, int segattr, float y0, float x
 void ensureSegmentCapacity(DrawingStore& store, int n) {
   const int bound = store.segmentTablesSized ? store.x0.upperBound() : 0;
   if (n <= bound) return;
-  forEachSegmentColumn(store, [n](auto& column) { column.resize(n + kSegmentGrowth); });
+  visitSegmentColumns(store, [n](auto& column) { column.resize(n + kSegmentGrowth); });
   store.segmentTablesSized = true;
 }
 
 void ensurePathCapacity(DrawingStore& store, int n) {
   if (n <= store.psx0.upperBound()) return;
-  forEachPathColumn(store, [n](auto& column) { column.resize(n + kPathGrowth); });
+  visitPathColumns(store, [n](auto& column) { column.resize(n + kPathGrowth); });
 }
 
 void resizeCycles(DrawingStore& store, int count) {
@@ -171,8 +157,8 @@ bool isConsistent(const DrawingStore& store) {
       ok = ok && column.upperBound() == bound && count <= bound;
     };
   };
-  forEachSegmentColumn(store, reaches(store.NumSegments, store.x0.upperBound()));
-  forEachPathColumn(store, reaches(store.NumPathSegments, store.psx0.upperBound()));
+  visitSegmentColumns(store, reaches(store.NumSegments, store.x0.upperBound()));
+  visitPathColumns(store, reaches(store.NumPathSegments, store.psx0.upperBound()));
   forEachCycleColumn(store, reaches(store.NumCycles - 1, store.cycletext.upperBound()));
   return ok;
 }

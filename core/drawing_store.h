@@ -1,7 +1,8 @@
 // The drawing store: every table and variable that one drawing consists of, as plain parallel
 // columns that all rooms read and write by index.
 // Owns: DrawingSettings, DrawingStore, SegmentDrawing, SegmentRow, PathRow, kCoordinateDecimals, the
-//       append, growth and rounding routines, and the reading of composite codes.
+//       append, growth and rounding routines, visitSegmentColumns, visitPathColumns, and the
+//       reading of composite codes.
 #pragma once
 
 #include <array>
@@ -109,6 +110,7 @@ struct SegmentRow {
   int type = 0;
   int attr = kOrdinaryClass;
   float x0 = 0, y0 = 0, x1 = 0, y1 = 0, xc = 0, yc = 0;
+  friend bool operator==(const SegmentRow&, const SegmentRow&) = default;
 };
 
 // A path row as one value.
@@ -151,6 +153,20 @@ SegmentRow segmentRow(const DrawingStore& store, int sg);
 void setSegmentRow(DrawingStore& store, int sg, const SegmentRow& row);
 PathRow pathRow(const DrawingStore& store, int ps);
 void setPathRow(DrawingStore& store, int ps, const PathRow& row);
+
+// Call `visit` with each column of a table: the one place that knows which they are.
+template <typename Store, typename Visit>
+void visitSegmentColumns(Store& store, Visit visit) {
+  visit(store.x0), visit(store.y0), visit(store.x1), visit(store.y1);
+  visit(store.centerx), visit(store.centery);
+  visit(store.segtype), visit(store.segattr);
+}
+template <typename Store, typename Visit>
+void visitPathColumns(Store& store, Visit visit) {
+  visit(store.psx0), visit(store.psy0), visit(store.psx1), visit(store.psy1);
+  visit(store.psxc), visit(store.psyc), visit(store.psz), visit(store.psfeed);
+  visit(store.pstype), visit(store.pscode), visit(store.psvisible);
+}
 
 // Composite codes.
 constexpr int entityClass(int segattr) {

@@ -26,8 +26,8 @@ bool beginsDigits(char letter) {
 FieldReader::FieldReader(std::string path, std::string content)
     : path_(std::move(path)), content_(std::move(content)) {}
 
-FieldReader FieldReader::open(const std::string& path) {
-  return {path, readFile(path)};
+FieldReader FieldReader::open(const std::string& path, std::size_t limit) {
+  return {path, readFile(path, limit)};
 }
 
 std::string FieldReader::place() const {

@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "core/file_limits.h"
 #include "core/int16.h"
 #include "core/runtime_failure.h"
 
@@ -19,7 +20,7 @@ class FieldReader {
   FieldReader(std::string path, std::string content);
 
   // Reads and opens `path`; raises what readFile raises.
-  static FieldReader open(const std::string& path);
+  static FieldReader open(const std::string& path, std::size_t limit = kLargestFile);
 
   bool atEnd() const { return next_ >= content_.size(); }
   // The last field was taken, and the file ends within its line; place() is still that field's.

@@ -1,6 +1,8 @@
 // The places of files that are replaced together, and what happens in them.
 #include "core/file_group.h"
 
+#include <algorithm>
+
 #include "core/file_system.h"
 
 namespace tess {
@@ -31,6 +33,14 @@ FileGroup::FileGroup(WriteGuard& guard, const std::vector<std::string>& paths)
       files_(groupFiles(guard, paths, journalStem(name_))),
       journal_(FilePlace::ofEntry(guard, paths.front(), FileKind::Drawing)
                    .beside(journalName(journalStem(name_)), FileKind::Companion)) {}
+
+bool FileGroup::isPermittedBy(const WriteGuard& guard) const {
+  const auto permitted = [&guard](const GroupFile& file) {
+    return file.target.isPermittedBy(guard) && file.backup.isPermittedBy(guard) &&
+           file.fresh.isPermittedBy(guard) && file.spare.isPermittedBy(guard);
+  };
+  return journal_.isPermittedBy(guard) && std::all_of(files_.begin(), files_.end(), permitted);
+}
 
 void FileGroup::keepSpare(std::size_t index) const {
   const GroupFile& file = files_[index];

@@ -24,6 +24,9 @@ class FileGroup {
   // drawing to the guard, the others are its companions.
   FileGroup(WriteGuard& guard, const std::vector<std::string>& paths);
 
+  // Whether that guard would permit all that the steps do.
+  bool isPermittedBy(const WriteGuard& guard) const;
+
   const std::vector<GroupFile>& files() const { return files_; }
   const FilePlace& journal() const { return journal_; }
   // The name that goes into the journal.

@@ -4,12 +4,14 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstdio>
+#include <fcntl.h>
 #include <filesystem>
-#include <memory>
+#include <sys/stat.h>
 #include <system_error>
+#include <unistd.h>
 #include <utility>
 
+#include "core/descriptor.h"
 #include "core/runtime_failure.h"
 #include "core/text.h"
 
@@ -17,11 +19,6 @@ namespace tess {
 namespace {
 
 namespace fs = std::filesystem;
-
-struct CloseFile {
-  void operator()(std::FILE* file) const { std::fclose(file); }
-};
-using OpenFile = std::unique_ptr<std::FILE, CloseFile>;
 
 std::string withPlatformSeparators(std::string_view path) {
   std::string result(path);
@@ -74,11 +71,50 @@ FailureNumber failureOf(int error) {
   }
 }
 
-OpenFile openFile(const std::string& path) {
-  if (folderExists(path)) raiseFileFailure(EISDIR, path);
-  OpenFile file(std::fopen(path.c_str(), "rb"));
-  if (!file) raiseFileFailure(errno, path);
+// A pipe would keep the program waiting, and opening a device may set it going: what is no file is
+// left alone.
+Descriptor openFile(const std::string& path) {
+  struct stat state {};
+  if (::stat(path.c_str(), &state) != 0) raiseFileFailure(errno, path);
+  if (!S_ISREG(state.st_mode)) raiseNoFile(state.st_mode, path);
+  Descriptor file(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+  if (!file.isOpen() || ::fstat(file.number(), &state) != 0) raiseFileFailure(errno, path);
+  if (!S_ISREG(state.st_mode)) raiseNoFile(state.st_mode, path);
   return file;
+}
+
+std::size_t sizeOf(const Descriptor& file, const std::string& path) {
+  struct stat state {};
+  if (::fstat(file.number(), &state) != 0) raiseFileFailure(errno, path);
+  return static_cast<std::size_t>(state.st_size);
+}
+
+// Reads up to `most` bytes; a file may have grown since its size was asked.
+std::string readUpTo(const Descriptor& file, std::size_t most, const std::string& path) {
+  std::string content;
+  content.resize(std::min(most, sizeOf(file, path) + 1));
+  std::size_t filled = 0;
+  while (filled < most) {
+    if (filled == content.size()) content.resize(std::min(most, 2 * filled));
+    const ssize_t got = ::read(file.number(), content.data() + filled, content.size() - filled);
+    if (got < 0 && errno == EINTR) continue;
+    if (got < 0) raiseFileFailure(errno, path);
+    if (got == 0) break;
+    filled += static_cast<std::size_t>(got);
+  }
+  content.resize(filled);
+  return content;
+}
+
+[[noreturn]] void raiseTooLarge(std::size_t size, std::size_t limit, const std::string& path) {
+  throw RuntimeFailure(FailureNumber::PathFileAccess, path,
+                       "The file is too large (" + std::to_string(size) + " bytes, at most " +
+                           std::to_string(limit) + ")");
+}
+
+const char* kindOf(mode_t mode) {
+  if (S_ISFIFO(mode)) return "pipe";
+  return S_ISSOCK(mode) ? "socket" : "device";
 }
 
 void sortIgnoringCase(std::vector<std::string>& names) {
@@ -156,20 +192,34 @@ FolderEntries listFolder(std::string_view path) {
   return entries;
 }
 
-std::string readFile(std::string_view path) {
+std::string readFile(std::string_view path, std::size_t limit) {
   const std::string found = resolvePath(path);
-  const OpenFile file = openFile(found);
-  std::string content;
-  char block[1 << 16];
-  while (const std::size_t got = std::fread(block, 1, sizeof block, file.get())) {
-    content.append(block, got);
-  }
-  if (std::ferror(file.get()) != 0) raiseFileFailure(errno, found);
+  const Descriptor file = openFile(found);
+  if (const std::size_t size = sizeOf(file, found); size > limit) raiseTooLarge(size, limit, found);
+  std::string content = readUpTo(file, limit + 1, found);
+  if (content.size() > limit) raiseTooLarge(content.size(), limit, found);
   return content;
+}
+
+std::string readBeginning(std::string_view path, std::size_t bytes) {
+  const std::string found = resolvePath(path);
+  return readUpTo(openFile(found), bytes, found);
+}
+
+bool isSameFile(std::string_view a, std::string_view b) {
+  std::error_code different;
+  return fs::equivalent(resolvePath(a), resolvePath(b), different);
 }
 
 void raiseFileFailure(int error, const std::string& path) {
   throw RuntimeFailure(failureOf(error), path);
+}
+
+void raiseNoFile(mode_t mode, const std::string& path) {
+  if (S_ISDIR(mode)) raiseFileFailure(EISDIR, path);
+  constexpr FailureNumber kNumber = FailureNumber::PathFileAccess;
+  throw RuntimeFailure(kNumber, path,
+                       std::string(descriptionOf(kNumber)) + " (it is a " + kindOf(mode) + ")");
 }
 
 }  // namespace tess

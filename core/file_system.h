@@ -1,12 +1,17 @@
 // Files and folders as the program sees them: both separators are read, the platform's is written,
 // and names are looked up without regard to case.
 // Owns: kSeparator, fileNameOf, splitPath, withSeparator, resolvePath, fullPath, fileExists,
-//       folderExists, FolderEntries, listFolder, readFile, raiseFileFailure.
+//       folderExists, FolderEntries, listFolder, readFile, readBeginning, isSameFile,
+//       raiseFileFailure, raiseNoFile.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
+#include <sys/types.h>
 #include <vector>
+
+#include "core/file_limits.h"
 
 namespace tess {
 
@@ -45,10 +50,18 @@ struct FolderEntries {
 FolderEntries listFolder(std::string_view path);
 
 // The whole file as bytes. Raises File not found, Path not found, Permission denied, Path/File
-// access error (a folder) or Device I/O error, with the path as source.
-std::string readFile(std::string_view path);
+// access error (a folder, pipe or device, or more bytes than `limit`) or Device I/O error, with the
+// path as source. What is no file, or too large, is not even opened.
+std::string readFile(std::string_view path, std::size_t limit = kLargestFile);
+// The first `bytes` of a file, or all that it has. Raises the same, but for the size.
+std::string readBeginning(std::string_view path, std::size_t bytes);
+
+// Whether both paths lead to one file that is there: the same path, a link to it, or another name.
+bool isSameFile(std::string_view a, std::string_view b);
 
 // The failure of the operating system's error number `error`, with the path as source.
 [[noreturn]] void raiseFileFailure(int error, const std::string& path);
+// Path/File access error for what stands there in place of a file, by its mode.
+[[noreturn]] void raiseNoFile(mode_t mode, const std::string& path);
 
 }  // namespace tess

@@ -197,7 +197,7 @@ FilePlace FilePlace::ofEntry(WriteGuard& guard, std::string_view path, FileKind 
 
 FilePlace FilePlace::at(WriteGuard& guard, const std::string& target, FileKind kind) {
   const std::string name = fs::path(target).filename().string();
-  if (name.empty() || name == "." || name == "..") raiseFileFailure(EISDIR, target);
+  if (name.empty() || name == "." || name == "..") raiseNoFile(S_IFDIR, target);
   return {guard, std::make_shared<const Folder>(guard, target), name, kind};
 }
 
@@ -206,8 +206,13 @@ FilePlace::FilePlace(WriteGuard& guard, std::shared_ptr<const Folder> folder, st
     : guard_(&guard),
       folder_(std::move(folder)),
       name_(std::move(name)),
-      path_(folder_->pathOf(name_)) {
+      path_(folder_->pathOf(name_)),
+      kind_(kind) {
   guard.require({kind, folder_->number(), name_, path_});
+}
+
+bool FilePlace::isPermittedBy(const WriteGuard& guard) const {
+  return guard.permits({kind_, folder_->number(), name_, path_});
 }
 
 FilePlace FilePlace::beside(std::string name, FileKind kind) const {
@@ -225,7 +230,7 @@ std::optional<struct stat> FilePlace::state() const {
     return std::nullopt;
   }
   if (S_ISLNK(state.st_mode)) raiseFileFailure(ELOOP, path_);
-  if (!S_ISREG(state.st_mode)) raiseFileFailure(EISDIR, path_);
+  if (!S_ISREG(state.st_mode)) raiseNoFile(state.st_mode, path_);
   return state;
 }
 
@@ -281,7 +286,7 @@ void FilePlace::append(std::string_view text) const {
   if (!file.isOpen()) raiseWriteFailure(errno, path_);
   struct stat before {};
   if (::fstat(file.number(), &before) != 0) raiseFileFailure(errno, path_);
-  if (!S_ISREG(before.st_mode)) raiseFileFailure(EISDIR, path_);
+  if (!S_ISREG(before.st_mode)) raiseNoFile(before.st_mode, path_);
   if (writeAll(file.number(), text)) return;
   const int error = errno;
   if (::ftruncate(file.number(), before.st_size) != 0) errno = 0;  // it could not get better

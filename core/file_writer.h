@@ -26,6 +26,9 @@ class FilePlace {
   // The same for the name itself, also where it is a link: for removing it.
   static FilePlace ofEntry(WriteGuard& guard, std::string_view path, FileKind kind);
 
+  // Whether another guard than the one that was asked would permit writing here.
+  bool isPermittedBy(const WriteGuard& guard) const;
+
   // Another name in the same open folder; the guard is asked about it too.
   FilePlace beside(std::string name, FileKind kind) const;
 
@@ -71,6 +74,7 @@ class FilePlace {
   std::shared_ptr<const Folder> folder_;
   std::string name_;
   std::string path_;
+  FileKind kind_;
 };
 
 // New content of a file, complete on the disk under a temporary name in its folder. A file that is

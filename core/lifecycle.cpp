@@ -246,6 +246,10 @@ bool isUnsaved(const Session& session) {
          (store.NumPathSegments > 0 && store.NumPathSegments != store.savedpaths);
 }
 
+void countAsSaved(Session& session) {
+  session.store.drawingsaved = true;
+}
+
 void smart_New(Session& session) {
   const Procedure here("smart_New()");
   const int answer = isUnsaved(session) ? askToSave(session) : kAnswerNo;

@@ -1,8 +1,9 @@
 // From the start to the end of the program: what runs once at the start, new drawings, questions
 // about unsaved work, opening and dropping files, and shutting down.
-// Owns: Main, loadMainWindow, new_drawing, applydefaults, isUnsaved, smart_New, safe_EXIT,
-//       file_EXIT, App_EXIT, showDrawingName, updateStatusDisplay, askUser with its kinds and
-//       answers, mnuFileOpen_Click, openRecentFile, dropFiles, mnuFileDelete_Click, Form_Unload.
+// Owns: Main, loadMainWindow, new_drawing, applydefaults, isUnsaved, countAsSaved, smart_New,
+//       safe_EXIT, file_EXIT, App_EXIT, showDrawingName, updateStatusDisplay, askUser with its
+//       kinds and answers, mnuFileOpen_Click, openRecentFile, dropFiles, mnuFileDelete_Click,
+//       Form_Unload.
 #pragma once
 
 #include <span>
@@ -28,6 +29,8 @@ void applydefaults(Session& session);
 
 // True when work would be lost: a change since the last save, or rows of another number.
 bool isUnsaved(const Session& session);
+// The operator has let the work go: until the next change nothing counts as unsaved.
+void countAsSaved(Session& session);
 
 // A new drawing, after a question about unsaved work.
 void smart_New(Session& session);

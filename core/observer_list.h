@@ -50,6 +50,8 @@ class ObserverList {
     });
   }
 
+  bool empty() const { return state_->observers.empty(); }
+
   // Calls `call` for each observer in the order they came. Those that come meanwhile are left out,
   // and none is called any more once the list is gone.
   template <class Call>

@@ -36,8 +36,8 @@ inline bool sameContent(const PairState& a, const PairState& b) {
 struct OpenDrawing {
   std::string path;  // resolved; empty: none
   PairState state;
-  bool hasRows = false;
-  DrawingPresence presence;  // shows other processes that it is open here
+  std::optional<bool> hasRows;  // nothing where it is not known
+  DrawingPresence presence;     // shows other processes that it is open here
 };
 
 }  // namespace tess

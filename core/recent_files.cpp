@@ -66,7 +66,7 @@ void tidyRecent(Session& session) {
 void readRecent(Session& session) {
   const Procedure here("readRecent()");
   try {
-    FieldReader fields = FieldReader::open(recentFileList(session));
+    FieldReader fields = FieldReader::open(recentFileList(session), kLargestSettings);
     session.recentfiles = entriesOf(fields);
     tidyRecent(session);
   } catch (const RuntimeFailure& failure) {

@@ -1,7 +1,7 @@
 // The journal of a save: a small hidden file beside the files that are being replaced together. It
 // is written first and removed last, and says what each file was and shall be, so that a save which
 // was cut off can be completed or taken back.
-// Owns: SaveJournal, journalText, parseJournal, journalStem, journalName, freshName, spareName,
+// Owns: kLargestJournal, SaveJournal, journalText, parseJournal, journalStem, journalName, freshName, spareName,
 //       stemOfJournal.
 #pragma once
 
@@ -13,6 +13,8 @@
 #include "core/checksum.h"
 
 namespace tess {
+
+inline constexpr std::size_t kLargestJournal = 16 * 1024;
 
 struct SaveJournal {
   static constexpr std::size_t kMostFiles = 4;

@@ -39,7 +39,7 @@ Files filesToWrite(DrawingStore& store, const Paths& paths) {
 
 std::optional<std::string> contentOf(const std::string& path) {
   if (!fileExists(path)) return std::nullopt;
-  return readFile(path);
+  return readFile(path, kLargestDrawing);
 }
 
 // Byte for byte: the same checksums alone are no proof.
@@ -71,8 +71,9 @@ bool holdRows(const Files& files, const std::string& suffix) {
 
 // What is there without a row, or nothing at all, is no reason to give up a backup that has some.
 Backup backupFor(const OpenDrawing& opened, const Files& files, const PairState& present) {
+  if (!present[0].checksum) return holdRows(files, "~") ? Backup::Keep : Backup::Renew;
   const bool seen = opened.path == files[0].path && sameContent(opened.state, present);
-  const bool hasRows = present[0].checksum && (seen ? opened.hasRows : holdRows(files, ""));
+  const bool hasRows = seen && opened.hasRows ? *opened.hasRows : holdRows(files, "");
   return hasRows || !holdRows(files, "~") ? Backup::Renew : Backup::Keep;
 }
 
@@ -82,7 +83,7 @@ Backup backupFor(const OpenDrawing& opened, const Files& files, const PairState&
 }
 
 // What an earlier save has left that was cut off comes first.
-void settleBefore(WriteGuard& guard, const Paths& paths, const FolderLock& lock,
+void settleBefore(const WriteGuard& guard, const Paths& paths, const FolderLock& lock,
                   std::vector<Recovery>& recoveries) {
   if (lock.isBusy()) raiseBusy(paths[0]);
   const auto recovery = recoverDrawing(guard, paths, lock);

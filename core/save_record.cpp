@@ -16,7 +16,7 @@
 namespace tess {
 namespace {
 
-constexpr std::uintmax_t kLargestRecord = 256 * 1024;
+constexpr std::size_t kLargestRecord = 256 * 1024;
 constexpr std::size_t kLinesKept = 500;
 constexpr char kLineEnd[] = "\r\n";
 constexpr std::size_t kWords = 4;  // before the path: two checksums, date, time
@@ -27,11 +27,8 @@ std::string recordFile(const Session& session) {
 
 // The bytes of the record; none when there is no record, or one that this program did not write.
 std::string readRecord(const std::string& file) {
-  std::error_code error;
-  const std::uintmax_t size = std::filesystem::file_size(resolvePath(file), error);
-  if (error || size > 2 * kLargestRecord) return {};
   try {
-    return readFile(file);
+    return readFile(file, 2 * kLargestRecord);
   } catch (const RuntimeFailure&) {
     takeCallChain();
     return {};
@@ -101,14 +98,16 @@ std::string shortened(std::string_view text) {
 }  // namespace
 
 std::optional<SaveRecord> lastSave(const Session& session, const std::string& drawing) {
-  const std::string text = readRecord(recordFile(session));
-  const std::string name = nameInRecord(drawing);
-  std::vector<std::string_view> lines = linesOf(text);
+  return findSave(readRecord(recordFile(session)), nameInRecord(drawing));
+}
+
+std::optional<SaveRecord> findSave(std::string_view record, std::string_view path) {
+  std::vector<std::string_view> lines = linesOf(record);
   std::reverse(lines.begin(), lines.end());
   for (const std::string_view line : lines) {
-    if (!line.ends_with(name)) continue;
+    if (!line.ends_with(path)) continue;
     const auto parsed = parseLine(line);
-    if (parsed && parsed->path == name) return parsed->record;
+    if (parsed && parsed->path == path) return parsed->record;
   }
   return std::nullopt;
 }
@@ -121,7 +120,7 @@ void noteSave(Session& session, const std::string& drawing, const PairState& sta
   try {
     const FilePlace place(guard, file, FileKind::Record);
     const auto there = place.state();
-    if (there && static_cast<std::uintmax_t>(there->st_size) > kLargestRecord) {
+    if (there && static_cast<std::size_t>(there->st_size) > kLargestRecord) {
       writeFile(guard, file, FileKind::Record, shortened(readRecord(file)) + line);
     } else {
       place.append(line);

@@ -46,6 +46,7 @@ class SessionListener {
   virtual void resetPendingAction() = 0;          // pendingaction, DrawMode 0, arrow
   virtual void DisplayedFilename(const std::string& text) = 0;  // first panel of the status bar
   virtual void updateStatusDisplay() = 0;
+  virtual void rowsRewritten() = 0;    // by other ways than a command: a save has rounded them
   virtual void drawingReplaced() = 0;  // another drawing or none: its view starts anew
   virtual void recentFilesChanged() = 0;
   virtual void brandingRead() = 0;              // productname may have changed
@@ -65,8 +66,8 @@ class EndProgram : public std::runtime_error {
 };
 
 struct Session {
-  Session(DrawingStore& drawing, Host& platform, SessionListener& above)
-      : store(drawing), host(platform), listener(above) {}
+  Session(DrawingStore& drawing, Host& platform, SessionListener& above);
+  ~Session();
 
   DrawingStore& store;
   Host& host;
@@ -80,6 +81,7 @@ struct Session {
   OpenDrawing opened;                        // what the drawing was on the disk
   bool opensToRead = false;                  // for a job that leaves drawings as they are
   std::string setuppath, setupname;          // the setup in force: as named, and its file name
+  std::string setupplace;                    // file and line that name it; empty: chosen by hand
   std::string productname = "Tessimo Mill";
   std::string companyname;
   RecentFiles recentfiles;

@@ -149,6 +149,7 @@ void readEntry(std::string& variable, std::string_view value, SettingKind, Readi
   switch (reading) {
     case Reading::Plain:
     case Reading::OnlyOne:
+    case Reading::WhenSet:
       variable = value;
       break;
     case Reading::Bars:
@@ -245,8 +246,15 @@ void readSetting(DrawingStore& store, const SettingRow& row, std::string_view va
 }
 
 void appendSetting(std::string& out, const DrawingStore& store, const SettingRow& row) {
+  if (row.reading == Reading::WhenSet && settingNumber(store, row) == 0) return;
   const auto text = [&row](const auto& value) { return entryText(value, row.kind, row.reading); };
   appendSetupEntry(out, row.key, visitLive(store, row, text));
+}
+
+void clearOptionalSettings(DrawingStore& store) {
+  for (const SettingRow& row : kSettings) {
+    if (row.reading == Reading::WhenSet) setSettingNumber(store, row, 0);
+  }
 }
 
 void appendSetupEntry(std::string& out, std::string_view key, std::string_view value) {

@@ -3,8 +3,8 @@
 // Owns: SettingKind, GoesTo, Reading, ColorTableSlot, SettingField, SettingRow, settingRows,
 // findSetting,
 //       isTextSetting, settingNumber, settingText, setSettingNumber, setSettingText, readSetting,
-//       appendSetting, appendSetupEntry, RowField, RowSetting, toolSettings, cycleSettings,
-//       findRowSetting, readRowSetting, appendRowSetting.
+//       appendSetting, clearOptionalSettings, appendSetupEntry, RowField, RowSetting, toolSettings,
+//       cycleSettings, findRowSetting, readRowSetting, appendRowSetting.
 #pragma once
 
 #include <span>
@@ -24,7 +24,7 @@ enum class SettingKind { S, F, B, T };
 enum class GoesTo { Live, Default, Both };
 
 // How the text of a setup entry becomes the value, as told in settings_list.h.
-enum class Reading { Plain, OnlyOne, Bars, Lower, Upper };
+enum class Reading { Plain, OnlyOne, Bars, Lower, Upper, WhenSet };
 
 struct ColorTableSlot {
   int slot;  // of colortable, 1 to kLastColorSlot
@@ -61,9 +61,13 @@ void setSettingNumber(DrawingStore& store, const SettingRow& row, double value);
 void setSettingText(DrawingStore& store, const SettingRow& row, std::string_view text);
 
 // The value of a setup entry to and from the store: reading goes where the row says, writing takes
-// the live value. Reading is lenient: no number is 0. Raises Overflow.
+// the live value, and leaves out one that is written only when it is set. Reading is lenient: no
+// number is 0. Raises Overflow.
 void readSetting(DrawingStore& store, const SettingRow& row, std::string_view value);
 void appendSetting(std::string& out, const DrawingStore& store, const SettingRow& row);
+
+// Before a setup is read: what it does not tell of these is 0.
+void clearOptionalSettings(DrawingStore& store);
 
 // One entry of a setup file: the key, a blank, "=" and the value as it stands.
 void appendSetupEntry(std::string& out, std::string_view key, std::string_view value);

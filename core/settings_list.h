@@ -14,6 +14,7 @@
 //            OnlyOne     1 when the value's text is "1", else 0
 //            Bars        commas are written as bars and come back
 //            Lower/Upper the text is changed to that case
+//            WhenSet     written only when it is not 0; a setup without it means 0
 // AGAIN(variable, kind, key)  an entry that the writer repeats at this place
 // COLOR(slot, key)            a slot of colortable
 #define TESSIMO_SETTINGS(SETTING, AGAIN, COLOR)                                              \
@@ -48,6 +49,7 @@
   SETTING(cfg_rough_feedrate, float, S, "roughing feedrate", Live, Plain)                    \
   SETTING(cfg_finish_feedrate, float, S, "finishing feedrate", Live, Plain)                  \
   SETTING(cfg_z_plunge_rate, float, S, "z plunge rate", Live, Plain)                         \
+  SETTING(highestspindle, float, S, "highest spindle speed", Live, WhenSet)                  \
   SETTING(cfg_cutting_mode, Int16, S, "cutting mode", Live, Plain)                           \
   SETTING(cfg_pocketing_style, Int16, S, "pocketing style", Live, Plain)                     \
   SETTING(cfg_lathe_style_pocketing, Flag, S, "lathe style pocketing", Live, Plain)          \

@@ -12,7 +12,7 @@ using Content = std::optional<std::string>;
 
 Content contentOf(const FilePlace& place) {
   if (!place.state()) return std::nullopt;
-  return readFile(place.path());
+  return readFile(place.path(), kLargestDrawing);
 }
 
 // What cannot be read is no help, but no obstacle either.
@@ -151,7 +151,7 @@ SaveJournal journalOfNothing(const FileGroup& group) {
 }
 
 std::optional<SaveJournal> journalOf(const FileGroup& group) {
-  auto journal = parseJournal(readFile(group.journal().path()));
+  auto journal = parseJournal(readFile(group.journal().path(), kLargestJournal));
   const bool fits = journal && journal->files.size() == group.files().size() &&
                     journal->files.front().after.has_value();
   return fits ? journal : std::nullopt;

@@ -45,6 +45,12 @@ void nameSetupIfBlank(Session& session) {
   nameSetup(session, blank ? session.appfolder + kFirstSetupName : session.setuppath);
 }
 
+// Where an operator looks when the setup is not there.
+std::string whereNamed(const Session& session) {
+  return session.setupplace.empty() ? "looked for as " + setupFile(session)
+                                    : "named in " + session.setupplace;
+}
+
 // An entry "key = value"; the key in lower case.
 struct Entry {
   std::string key;
@@ -109,11 +115,11 @@ void clearRows(DrawingStore& store) {
   for (const RowSetting& setting : cycleSettings()) readRowSetting(store, setting, 0, {});
 }
 
-void showUnknownEntry(Session& session, const std::string& line) {
-  session.host.prompts.showMessage(
-      {.text = "Unknown setup file entry: \n" + line + "\n\nPress OK to continue loading.",
-       .title = {},
-       .icon = MessageIcon::Warning});
+void showUnknownEntry(Session& session, const std::string& line, const std::string& place) {
+  session.host.prompts.showMessage({.text = "Unknown setup file entry: \n" + line +
+                                            "\n\nPress OK to continue loading.\n" + place,
+                                    .title = {},
+                                    .icon = MessageIcon::Warning});
 }
 
 void readEntries(Session& session, FieldReader& fields) {
@@ -124,7 +130,7 @@ void readEntries(Session& session, FieldReader& fields) {
     const auto entry = entryIn(line);
     if (!entry) continue;
     try {
-      if (!reading.enter(*entry)) showUnknownEntry(session, line);
+      if (!reading.enter(*entry)) showUnknownEntry(session, line, place);
     } catch (const RuntimeFailure& failure) {
       throw RuntimeFailure(failure.number(), place);
     }
@@ -159,7 +165,7 @@ void appendRow(std::string& out, const DrawingStore& store, const char* rowKey,
 }
 
 void loadSetupFile(Session& session) {
-  FieldReader fields = FieldReader::open(setupFile(session));
+  FieldReader fields = FieldReader::open(setupFile(session), kLargestSettings);
   readSetup(session, fields);
 }
 
@@ -190,6 +196,7 @@ void readSetup(Session& session, FieldReader& fields) {
   session.listener.resetObjectSnap();
   session.store.setupchanged = false;
   clearRows(session.store);
+  clearOptionalSettings(session.store);
   readEntries(session, fields);
   putSetupInForce(session);
 }
@@ -212,8 +219,9 @@ std::string setupText(Session& session) {
 
 void load_defaults(Session& session) {
   const Procedure here("load_defaults()");
-  FieldReader fields = FieldReader::open(defaultsFile(session));
+  FieldReader fields = FieldReader::open(defaultsFile(session), kLargestSettings);
   fields.readText();  // the version, which nobody asks for
+  session.setupplace = fields.place();
   session.setuppath = fields.readText();
   load_setup(session);
 }
@@ -222,7 +230,8 @@ void load_setup(Session& session) {
   const Procedure here("load_setup()");
   nameSetup(session, session.setuppath);
   if (!fileExists(session.setuppath) && !fileExists(setupFile(session))) {
-    const std::string text = "Could not find setup file: " + session.setuppath;
+    const std::string text =
+        "Could not find setup file: " + session.setuppath + "\n" + whereNamed(session);
     session.host.surroundings.printOnMainWindow(text);
     throw EndProgram(text);
   }
@@ -257,13 +266,15 @@ void save_setup_As(Session& session) {
   }
   session.store.drawingpath = folder;
   nameSetup(session, folder + name);
+  session.setupplace.clear();
   SetupTESS(session, "S");
 }
 
 void readcfg(Session& session) {
   const Procedure here("readcfg()");
   const bool branded = fileExists(brandingFile(session));
-  FieldReader fields = branded ? FieldReader::open(brandingFile(session)) : FieldReader({}, {});
+  FieldReader fields =
+      branded ? FieldReader::open(brandingFile(session), kLargestSettings) : FieldReader({}, {});
   readBranding(session, fields);
   session.listener.brandingRead();
 }
@@ -290,6 +301,7 @@ void mnuOptionLoadSetup_Click(Session& session) {
                                                      .name = {}});
   if (!path || path->empty()) return;
   session.setuppath = *path;
+  session.setupplace.clear();
   load_setup(session);
   applydefaults(session);
   updateStatusDisplay(session);

@@ -35,6 +35,8 @@ class WriteGuard {
   virtual bool trustsLinks() const = 0;
   // Returns where the write may happen and throws where not.
   virtual void require(const FileWrite& write) = 0;
+  // Whether it would return: for what is done only where it may be done.
+  virtual bool permits(const FileWrite& write) const = 0;
 };
 
 // For whoever sits at the machine: the system's own permissions are all there is.
@@ -42,6 +44,7 @@ class NoGuard final : public WriteGuard {
  public:
   bool trustsLinks() const override { return true; }
   void require(const FileWrite& /*write*/) override {}
+  bool permits(const FileWrite& /*write*/) const override { return true; }
 };
 
 }  // namespace tess

@@ -48,7 +48,7 @@ bool matches(const clsSegment& record, int recordType, const Row& row, float tol
 
 struct NamedField {
   std::string_view name;
-  std::variant<float clsSegment::*, Int16 clsSegment::*, std::string clsSegment::*,
+  std::variant<float clsSegment::*, Int16 clsSegment::*, RecordKind clsSegment::*,
                bool clsSegment::*>
       field;
 };
@@ -80,8 +80,8 @@ RecordValue asValue(float value) {
 RecordValue asValue(Int16 value) {
   return static_cast<int>(value);
 }
-RecordValue asValue(const std::string& value) {
-  return value;
+RecordValue asValue(RecordKind value) {
+  return std::string(value);
 }
 RecordValue asValue(bool value) {
   return value;
@@ -100,8 +100,8 @@ void assign(float& field, const RecordValue& value) {
 void assign(Int16& field, const RecordValue& value) {
   field = valueOfKind<int>(value);
 }
-void assign(std::string& field, const RecordValue& value) {
-  field = valueOfKind<std::string>(value);
+void assign(RecordKind& field, const RecordValue& value) {
+  field = std::string_view(valueOfKind<std::string>(value));
 }
 void assign(bool& field, const RecordValue& value) {
   field = valueOfKind<bool>(value);
@@ -109,7 +109,7 @@ void assign(bool& field, const RecordValue& value) {
 
 }  // namespace
 
-void clsSegment::SetSegment(const SegmentRow& drawn, std::string_view kind, bool start) {
+void clsSegment::SetSegment(const SegmentRow& drawn, RecordKind kind, bool start) {
   *this = {.x0 = drawn.x0,
            .x1 = drawn.x1,
            .y0 = drawn.y0,
@@ -120,12 +120,12 @@ void clsSegment::SetSegment(const SegmentRow& drawn, std::string_view kind, bool
            .WhereDeletedFrom = kDrawingTable,
            .SegType = drawn.type,
            .SegAttr = drawn.attr,
-           .AddOrDelete = std::string(kind),
+           .AddOrDelete = kind,
            .StartOfSegment = start,
            .row = {}};
 }
 
-void clsSegment::SetPathSegment(const PathRow& placed, std::string_view kind, bool start) {
+void clsSegment::SetPathSegment(const PathRow& placed, RecordKind kind, bool start) {
   *this = {.x0 = placed.x0,
            .x1 = placed.x1,
            .y0 = placed.y0,
@@ -138,19 +138,64 @@ void clsSegment::SetPathSegment(const PathRow& placed, std::string_view kind, bo
            .WhereDeletedFrom = kPathTable,
            .SegType = {},
            .SegAttr = placed.code,
-           .AddOrDelete = std::string(kind),
+           .AddOrDelete = kind,
            .StartOfSegment = start,
            .row = {}};
 }
 
 void ChangeLog::logRecord(const clsSegment& record, bool cutRedo) {
-  const Int16 count = changecount + 1;
-  if (changelog_.size() < static_cast<std::size_t>(count)) {
-    changelog_.resize(changelog_.size() + kLogGrowth);
-  }
+  if (changecount == kMostRecords) giveWayTo(record);
+  if (cutRedo) changetop = changecount;
+  const std::size_t count = forgotten_ + static_cast<std::size_t>(changecount) + 1;
+  if (changelog_.size() < count) changelog_.resize(changelog_.size() + kLogGrowth);
   at(changecount) = record;
-  changecount = count;
-  if (cutRedo || changetop < changecount) changetop = changecount;
+  ++changecount;
+  if (changetop < changecount) changetop = changecount;
+}
+
+void ChangeLog::giveWayTo(const clsSegment& record) {
+  const int oldest = oldestStepSize();
+  if (oldest == changecount && !record.StartOfSegment) throw overflow();
+  forgetOldest(oldest);
+}
+
+void ChangeLog::logRecords(std::span<const clsSegment> records) {
+  if (records.empty()) return;
+  const std::size_t goesOnWith =
+      records.front().StartOfSegment ? 0 : static_cast<std::size_t>(lastStepSize());
+  if (goesOnWith + records.size() > kMostRecords) throw overflow();
+  const auto count = static_cast<int>(records.size());
+  while (changecount + count > kMostRecords) forgetOldest(oldestStepSize());
+  changelog_.resize(forgotten_ + static_cast<std::size_t>(changecount));
+  changelog_.insert(changelog_.end(), records.begin(), records.end());
+  changecount += count;
+  changetop = changecount;
+}
+
+int ChangeLog::lastStepSize() const {
+  int size = 0;
+  while (size < changecount) {
+    ++size;
+    if (record(changecount - size).StartOfSegment) break;
+  }
+  return size;
+}
+
+int ChangeLog::oldestStepSize() const {
+  int size = 1;
+  while (size < changecount && !record(size).StartOfSegment) ++size;
+  return size;
+}
+
+// The room at the front is closed up once it is the larger part, so that no record is moved often.
+void ChangeLog::forgetOldest(int records) {
+  changecount -= records;
+  changetop -= records;
+  forgotten_ += static_cast<std::size_t>(records);
+  if (2 * forgotten_ < changelog_.size()) return;
+  changelog_.erase(changelog_.begin(),
+                   changelog_.begin() + static_cast<std::ptrdiff_t>(forgotten_));
+  forgotten_ = 0;
 }
 
 clsSegment ChangeLog::popRecord() {
@@ -168,11 +213,11 @@ clsSegment ChangeLog::nextRedoRecord() {
 
 const clsSegment& ChangeLog::record(int index) const {
   if (index < 0 || index >= changetop) throw subscriptOutOfRange();
-  return changelog_[static_cast<std::size_t>(index)];
+  return changelog_[forgotten_ + static_cast<std::size_t>(index)];
 }
 
 clsSegment& ChangeLog::at(int index) {
-  return changelog_.at(static_cast<std::size_t>(index));
+  return changelog_.at(forgotten_ + static_cast<std::size_t>(index));
 }
 
 RecordValue ChangeLog::recordField(int index, std::string_view name) const {
@@ -188,12 +233,12 @@ void ChangeLog::setRecordField(int index, std::string_view name, const RecordVal
 
 void ChangeLog::clear() {
   changelog_.clear();
+  forgotten_ = 0;
   changecount = 0;
   changetop = 0;
 }
 
-void logSegment(ChangeLog& log, const DrawingStore& store, int sg, std::string_view kind,
-                bool start) {
+void logSegment(ChangeLog& log, const DrawingStore& store, int sg, RecordKind kind, bool start) {
   if (sg < 1) return;
   clsSegment record;
   record.SetSegment(segmentRow(store, sg), kind, start);
@@ -201,7 +246,7 @@ void logSegment(ChangeLog& log, const DrawingStore& store, int sg, std::string_v
   log.logRecord(record, /*cutRedo=*/true);
 }
 
-void logPathSegment(ChangeLog& log, const DrawingStore& store, int ps, std::string_view kind,
+void logPathSegment(ChangeLog& log, const DrawingStore& store, int ps, RecordKind kind,
                     bool start) {
   if (ps < 1) return;
   clsSegment record;

@@ -1,7 +1,10 @@
 // The change log: before-and-after records of all rows, on which undo and redo walk.
-// Owns: clsSegment, ChangeLog, logSegment, logPathSegment, isSameRow, findSegment, findPathSegment.
+// Owns: RecordKind, clsSegment, the undo marks, ChangeLog, kMostRecords, logSegment, logPathSegment,
+//       isSameRow, findSegment, findPathSegment.
 #pragma once
 
+#include <limits>
+#include <span>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -15,8 +18,29 @@ namespace tess {
 inline constexpr int kDrawingTable = 0;
 inline constexpr int kPathTable = 1;
 
-// One record: a row as it stood, and whether it exists after the change ("A") or existed before it
-// ("D").
+// Whether a row exists after the change ("A") or existed before it ("D"); "" in a cleared record.
+// Another text raises Type mismatch.
+class RecordKind {
+ public:
+  constexpr RecordKind() = default;
+  constexpr RecordKind(const char* text) : RecordKind(std::string_view(text)) {}  // NOLINT: a text
+  constexpr RecordKind(std::string_view text)                                     // NOLINT: as well
+      : letter_(text.empty() ? '\0' : text.front()) {
+    if (text != std::string_view(*this)) throw typeMismatch();
+  }
+
+  constexpr operator std::string_view() const {  // NOLINT
+    return letter_ == 'A' ? "A" : letter_ == 'D' ? "D" : "";
+  }
+  friend constexpr bool operator==(RecordKind kind, std::string_view text) {
+    return std::string_view(kind) == text;
+  }
+
+ private:
+  char letter_ = '\0';
+};
+
+// One record: a row as it stood. Steps can be long, so that it holds nothing but numbers.
 struct clsSegment {
   float x0 = 0, x1 = 0, y0 = 0, y1 = 0;
   float CenterX = 0, CenterY = 0;
@@ -26,31 +50,44 @@ struct clsSegment {
   Int16 WhereDeletedFrom;  // kDrawingTable or kPathTable
   Int16 SegType;
   Int16 SegAttr;  // segattr, or pscode of a path row
-  std::string AddOrDelete;
+  RecordKind AddOrDelete;
   bool StartOfSegment = false;  // first record of a step
   Int16 row;                    // index at the time of logging: path rows return to their place
 
   void ClearSeqment() { *this = {}; }
-  void SetSegment(const SegmentRow& drawn, std::string_view kind, bool start);
-  void SetPathSegment(const PathRow& placed, std::string_view kind, bool start);
+  void SetSegment(const SegmentRow& drawn, RecordKind kind, bool start);
+  void SetPathSegment(const PathRow& placed, RecordKind kind, bool start);
   bool isPath() const { return WhereDeletedFrom == kPathTable; }
   bool added() const { return AddOrDelete == "A"; }
 };
 
 using RecordValue = std::variant<float, int, std::string, bool>;
 
+// What kind of change can be taken back.
+inline constexpr int kRowsAdded = 1;
+inline constexpr int kRectangleAdded = 4;
+inline constexpr int kRowsDeleted = -1;
+
+// As many as their 16-bit counter counts.
+inline constexpr int kMostRecords = std::numeric_limits<std::int16_t>::max();
+
 // Records count from 0. A step runs from a record with StartOfSegment to before the next one.
 // Path rows are logged directly before they are removed or directly after they are placed, so that
-// walking back finds each at its place.
+// walking back finds each at its place. When the log is full, the oldest whole steps give way.
 class ChangeLog {
  public:
   Int16 changecount;  // live records
   Int16 changetop;    // the largest count since the last fresh change; redo reaches up to here
   Int16 UndoMark;     // not zero: something was done that the Undo menu entry can take back
 
-  // Appends a copy; with `cutRedo` the records above are given up. Raises Overflow at 32768
-  // records.
+  // Appends a copy; with `cutRedo` the records above are given up. Raises Overflow when the step
+  // that the record goes on with fills the log by itself.
   void logRecord(const clsSegment& record, bool cutRedo);
+  // The same for many at once, which cut the redo branch. They are of one step, all but the first
+  // without StartOfSegment; either all enter or, with Overflow, none.
+  void logRecords(std::span<const clsSegment> records);
+  // How many records of the step that is logged last are live.
+  int lastStepSize() const;
   // The exact inverses of logRecord: the last live record, and the next one above it. Both raise
   // Subscript out of range when there is none.
   clsSegment popRecord();
@@ -69,15 +106,17 @@ class ChangeLog {
 
  private:
   clsSegment& at(int index);
+  void giveWayTo(const clsSegment& record);
+  int oldestStepSize() const;
+  void forgetOldest(int records);
 
   std::vector<clsSegment> changelog_;
+  std::size_t forgotten_ = 0;  // records at the front of changelog_ that have given way
 };
 
 // Log row `sg` or `ps` as it stands; kind "A" or "D". An index below 1 logs nothing.
-void logSegment(ChangeLog& log, const DrawingStore& store, int sg, std::string_view kind,
-                bool start);
-void logPathSegment(ChangeLog& log, const DrawingStore& store, int ps, std::string_view kind,
-                    bool start);
+void logSegment(ChangeLog& log, const DrawingStore& store, int sg, RecordKind kind, bool start);
+void logPathSegment(ChangeLog& log, const DrawingStore& store, int ps, RecordKind kind, bool start);
 
 // True when the row is the record's: equal type, ends by samePoint and, unless the row is a line or
 // a rectangle, centres equal at 4 decimals.

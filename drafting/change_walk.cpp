@@ -40,14 +40,38 @@ PathRow placedRow(const clsSegment& record) {
           .code = record.SegAttr};
 }
 
+// A row with its number in the table; 0 of one that has come back.
+template <class Row>
+struct HeldRow {
+  Row row;
+  int number = 0;
+};
+
+// Lets `table` hold these rows: those that it has kept their order.
+template <class Row>
+void settle(RowChanges<Row>& table, const std::vector<HeldRow<Row>>& rows) {
+  std::vector<std::int16_t> gone, come;
+  std::vector<Row> cameBack;
+  int next = 1;  // of the table, not yet met
+  for (std::size_t k = 0; k < rows.size(); ++k) {
+    if (rows[k].number == 0) {
+      come.push_back(Int16(k + 1));
+      cameBack.push_back(rows[k].row);
+    } else {
+      for (; next < rows[k].number; ++next) gone.push_back(Int16(next));
+      ++next;
+    }
+  }
+  for (; next <= table.count(); ++next) gone.push_back(Int16(next));
+  table.erase(gone, Entry::Unlogged);
+  table.putBack(come, cameBack);
+}
+
 // The drawing table during a step, taken out with the first record that needs it. Rows that go are
-// marked until the end, so that the others keep their numbers; the last row is never a marked one.
+// marked until the end, so that the others keep their places; the last row is never a marked one.
 class DrawnRows {
  public:
-  explicit DrawnRows(DrawingStore& store) : store_(store) {}
-  ~DrawnRows() { putBack(); }
-  DrawnRows(const DrawnRows&) = delete;
-  DrawnRows& operator=(const DrawnRows&) = delete;
+  explicit DrawnRows(const DrawingStore& store) : store_(store) {}
 
   void takeAway(const clsSegment& record) {
     takeOut();
@@ -57,22 +81,27 @@ class DrawnRows {
     --live_;
     if (ends_) ends_->remove(static_cast<int>(row));
     while (!rows_.empty() && rows_.back().gone) rows_.pop_back();
-    store_.drawingsaved = false;
   }
 
   void bringBack(const clsSegment& record) {
     takeOut();
-    const Int16 live = live_ + 1;
-    ensureSegmentCapacity(store_, live);
-    rows_.push_back({drawnRow(record)});
-    live_ = live;
+    live_ = Int16(live_ + 1);
+    rows_.push_back({{drawnRow(record)}});
     if (ends_) index(rows_.size() - 1);
-    store_.drawingsaved = false;
+  }
+
+  void putBack(SegmentChanges& table) const {
+    if (!out_) return;
+    std::vector<HeldRow<SegmentRow>> rows;
+    rows.reserve(rows_.size());
+    for (const Row& held : rows_) {
+      if (!held.gone) rows.push_back(held);
+    }
+    settle(table, rows);
   }
 
  private:
-  struct Row {
-    SegmentRow row;
+  struct Row : HeldRow<SegmentRow> {
     bool gone = false;
   };
   static constexpr std::size_t kNone = static_cast<std::size_t>(-1);
@@ -81,16 +110,7 @@ class DrawnRows {
     if (std::exchange(out_, true)) return;
     live_ = store_.NumSegments;
     rows_.reserve(static_cast<std::size_t>(live_) + 1);
-    for (int sg = 1; sg <= live_; ++sg) rows_.push_back({segmentRow(store_, sg)});
-  }
-
-  void putBack() {
-    if (!out_) return;
-    int sg = 0;
-    for (const Row& held : rows_) {
-      if (!held.gone) setSegmentRow(store_, ++sg, held.row);
-    }
-    store_.NumSegments = sg;
+    for (int sg = 1; sg <= live_; ++sg) rows_.push_back({{segmentRow(store_, sg), sg}});
   }
 
   // The last row that matches. Mostly that is the last one of all, which needs no index.
@@ -122,7 +142,7 @@ class DrawnRows {
     ends_->update(static_cast<int>(row), {held.x0, held.y0}, {held.x1, held.y1});
   }
 
-  DrawingStore& store_;
+  const DrawingStore& store_;
   bool out_ = false;
   int live_ = 0;
   std::vector<Row> rows_;
@@ -134,10 +154,7 @@ class DrawnRows {
 // reverse. They are taken out of the table with the first record that needs them.
 class PlacedRows {
  public:
-  explicit PlacedRows(DrawingStore& store) : store_(store) {}
-  ~PlacedRows() { putBack(); }
-  PlacedRows(const PlacedRows&) = delete;
-  PlacedRows& operator=(const PlacedRows&) = delete;
+  explicit PlacedRows(const DrawingStore& store) : store_(store) {}
 
   void takeAway(const clsSegment& record) {
     takeOut();
@@ -145,33 +162,32 @@ class PlacedRows {
     if (place < 1) return;
     goTo(place);
     behind_.pop_back();
-    store_.drawingsaved = false;
   }
 
   void bringBack(const clsSegment& record) {
     takeOut();
     const Int16 rows = count() + 1;
-    ensurePathCapacity(store_, rows);
     goTo(std::clamp<int>(record.row, 1, rows));
-    before_.push_back(placedRow(record));
-    store_.drawingsaved = false;
+    before_.push_back({placedRow(record)});
+  }
+
+  void putBack(PathChanges& table) {
+    if (!out_) return;
+    goTo(count() + 1);
+    settle(table, before_);
   }
 
  private:
+  using Row = HeldRow<PathRow>;
+
   int count() const { return static_cast<int>(before_.size() + behind_.size()); }
 
   void takeOut() {
     if (std::exchange(out_, true)) return;
     before_.reserve(static_cast<std::size_t>(store_.NumPathSegments) + 1);
-    for (int ps = 1; ps <= store_.NumPathSegments; ++ps) before_.push_back(pathRow(store_, ps));
-  }
-
-  void putBack() {
-    if (!out_) return;
-    const Int16 rows = count();
-    goTo(rows + 1);
-    for (int ps = 1; ps <= rows; ++ps) setPathRow(store_, ps, rowAt(ps));
-    store_.NumPathSegments = rows;
+    for (int ps = 1; ps <= store_.NumPathSegments; ++ps) {
+      before_.push_back({pathRow(store_, ps), ps});
+    }
   }
 
   // Row `place` becomes the first one behind.
@@ -181,14 +197,15 @@ class PlacedRows {
     while (before_.size() < ahead) moveRow(behind_, before_);
   }
 
-  static void moveRow(std::vector<PathRow>& from, std::vector<PathRow>& to) {
+  static void moveRow(std::vector<Row>& from, std::vector<Row>& to) {
     to.push_back(from.back());
     from.pop_back();
   }
 
   const PathRow& rowAt(int ps) const {
     const auto row = static_cast<std::size_t>(ps) - 1;
-    return row < before_.size() ? before_[row] : behind_[before_.size() + behind_.size() - 1 - row];
+    const bool isBefore = row < before_.size();
+    return (isBefore ? before_[row] : behind_[before_.size() + behind_.size() - 1 - row]).row;
   }
 
   // Path rows keep their places while the log is walked, so the recorded place is asked first: two
@@ -204,21 +221,26 @@ class PlacedRows {
     return ps >= 1 && ps <= count() && isSameRow(record, rowAt(ps), store_.cfg_tolerance);
   }
 
-  DrawingStore& store_;
+  const DrawingStore& store_;
   bool out_ = false;
-  std::vector<PathRow> before_, behind_;
+  std::vector<Row> before_, behind_;
 };
 
 // Both tables, while one step is walked.
 class StepRows {
  public:
-  explicit StepRows(DrawingStore& store) : drawn_(store), placed_(store) {}
+  explicit StepRows(const DrawingStore& store) : drawn_(store), placed_(store) {}
 
   void takeAway(const clsSegment& record) {
     record.isPath() ? placed_.takeAway(record) : drawn_.takeAway(record);
   }
   void bringBack(const clsSegment& record) {
     record.isPath() ? placed_.bringBack(record) : drawn_.bringBack(record);
+  }
+  void putBack(Change& change) {
+    drawn_.putBack(change.segments);
+    placed_.putBack(change.paths);
+    change.keep({.redraws = false});
   }
 
  private:
@@ -228,24 +250,29 @@ class StepRows {
 
 }  // namespace
 
-void undoStep(ChangeLog& log, DrawingStore& store) {
-  StepRows rows(store);
-  while (log.canUndo()) {
-    const clsSegment record = log.popRecord();
+void undoStep(Changes& changes) {
+  Change change(changes, Step::Continued);
+  StepRows rows(changes.store);
+  while (changes.log.canUndo()) {
+    const clsSegment record = changes.log.popRecord();
     record.added() ? rows.takeAway(record) : rows.bringBack(record);
-    if (record.StartOfSegment) return;
+    if (record.StartOfSegment) break;
   }
+  rows.putBack(change);
 }
 
 // It looks ahead for the start of the next step, and reports under that name.
-void redoStep(ChangeLog& log, DrawingStore& store) {
+void redoStep(Changes& changes) {
   const Procedure here("StartOfSegment");
-  StepRows rows(store);
+  Change change(changes, Step::Continued);
+  const ChangeLog& log = changes.log;
+  StepRows rows(changes.store);
   while (log.canRedo()) {
-    const clsSegment record = log.nextRedoRecord();
+    const clsSegment record = changes.log.nextRedoRecord();
     record.added() ? rows.bringBack(record) : rows.takeAway(record);
-    if (log.canRedo() && log.record(log.changecount).StartOfSegment) return;
+    if (log.canRedo() && log.record(log.changecount).StartOfSegment) break;
   }
+  rows.putBack(change);
 }
 
 }  // namespace tess

@@ -2,13 +2,14 @@
 // Owns: undoStep, redoStep.
 #pragma once
 
-#include "drafting/change_log.h"
+#include "drafting/change.h"
 
 namespace tess {
 
 // Rows are found by their contents. Drawing rows come back at the end of the table, path rows at
-// the place and with the code that they had. A record whose row is not found is passed over.
-void undoStep(ChangeLog& log, DrawingStore& store);
-void redoStep(ChangeLog& log, DrawingStore& store);
+// the place and with the code that they had. A record whose row is not found is passed over. A walk
+// that fails has done nothing.
+void undoStep(Changes& changes);
+void redoStep(Changes& changes);
 
 }  // namespace tess

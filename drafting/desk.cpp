@@ -3,6 +3,7 @@
 #include "drafting/desk.h"
 
 #include "display/display_commands.h"
+#include "drafting/change_effects.h"
 #include "drafting/drafting_commands.h"
 #include "drafting/draw_mode_tools.h"
 #include "drafting/entity_creation.h"
@@ -14,6 +15,8 @@ namespace tess {
 Desk::Desk(const DeskParts& parts)
     : DeskParts(parts),
       store(parts.session.store),
+      changeHost(std::make_unique<ChangeEffects>(*this)),
+      changes(store, changelog, changeHost.get()),
       gridSnapTimer(std::make_unique<GridSnapTimer>(*this)) {
   addUnarmedActions(*this);
   for (const ViewCommand* const known : displayCommands()) addCommand(viewCommands, *known);

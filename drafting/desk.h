@@ -15,7 +15,7 @@
 #include "display/redraw_sequence.h"
 #include "display/view_commands.h"
 #include "drafting/c_state.h"
-#include "drafting/change_log.h"
+#include "drafting/change.h"
 #include "drafting/known_commands.h"
 #include "geometry/points.h"
 
@@ -99,6 +99,8 @@ struct Desk : DeskParts, KnownCommands {
   CommandRecord command;
   ArcScratch arc;
   ChangeLog changelog;
+  std::unique_ptr<ChangeHost> changeHost;
+  Changes changes;
   std::optional<Point> typedPosition;  // accepted in the position dialog, until the next release
   Point lastTypedPosition;             // what the dialog shows when it opens
   double lastWheelTime = PointerRecord::kLongAgo;  // of a wheel event passed on, in milliseconds

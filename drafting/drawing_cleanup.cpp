@@ -63,7 +63,7 @@ class RowsMet {
 };
 
 // Row numbers, ascending.
-using Rows = std::vector<int>;
+using Rows = std::vector<std::int16_t>;
 
 // Being duplicates carries over from pair to pair, so of each such set the lowest row stays: just
 // what a walk over all pairs leaves.
@@ -71,7 +71,7 @@ Rows duplicateRows(const DrawingStore& store) {
   Rows duplicates;
   RowsMet rowsMet(store);
   for (int sg = 1; sg <= store.NumSegments; ++sg) {
-    if (rowsMet.meetsDuplicate(sg)) duplicates.push_back(sg);
+    if (rowsMet.meetsDuplicate(sg)) duplicates.push_back(Int16(sg));
   }
   return duplicates;
 }
@@ -80,25 +80,15 @@ Rows zeroLengthRows(const DrawingStore& store) {
   Rows found;
   for (int sg = 1; sg <= store.NumSegments; ++sg) {
     const Entity row = segmentEntity(store, sg);
-    if (row.type == kLine && distance(row.start, row.end) == 0) found.push_back(sg);
+    if (row.type == kLine && distance(row.start, row.end) == 0) found.push_back(Int16(sg));
   }
   return found;
 }
 
-// Deletes all of them in one pass: one at a time, each would move every later row.
-void deleteSegments(DrawingStore& store, const Rows& doomed) {
-  if (doomed.empty()) return;
-  auto next = doomed.begin();
-  int kept = *next - 1;
-  for (int sg = *next; sg <= store.NumSegments; ++sg) {
-    if (next != doomed.end() && *next == sg) {
-      ++next;
-    } else {
-      setSegmentRow(store, ++kept, segmentRow(store, sg));
-    }
-  }
-  store.NumSegments = kept;
-  store.drawingsaved = false;
+void deleteRows(Changes& changes, const Rows& doomed) {
+  Change change(changes);
+  change.segments.erase(doomed, Entry::Unlogged);
+  change.keep({.redraws = false});
 }
 
 bool operatorAgrees(Prompts& prompts) {
@@ -126,17 +116,17 @@ int countZeroLength(const DrawingStore& store) {
   return static_cast<int>(zeroLengthRows(store).size());
 }
 
-void removeDuplicates(DrawingStore& store, Prompts& prompts, bool deleteSilently) {
+void removeDuplicates(Changes& changes, Prompts& prompts, bool deleteSilently) {
   const Procedure here("removeDuplicates(deleteSilently)");
-  const Rows duplicates = duplicateRows(store);
+  const Rows duplicates = duplicateRows(changes.store);
   if (duplicates.empty()) return;
-  if (deleteSilently || operatorAgrees(prompts)) deleteSegments(store, duplicates);
+  if (deleteSilently || operatorAgrees(prompts)) deleteRows(changes, duplicates);
 }
 
-int removeZeroLength(DrawingStore& store) {
+int removeZeroLength(Changes& changes) {
   const Procedure here("removeZeroLength()");
-  const Rows found = zeroLengthRows(store);
-  deleteSegments(store, found);
+  const Rows found = zeroLengthRows(changes.store);
+  deleteRows(changes, found);
   return static_cast<int>(found.size());
 }
 

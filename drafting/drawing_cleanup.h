@@ -2,8 +2,8 @@
 // Owns: areDuplicates, countDuplicates, countZeroLength, removeDuplicates, removeZeroLength.
 #pragma once
 
-#include "core/drawing_store.h"
 #include "core/host.h"
+#include "drafting/change.h"
 
 namespace tess {
 
@@ -18,8 +18,8 @@ int countZeroLength(const DrawingStore& store);
 
 // Removes of each pair the later row. Unless `deleteSilently`, the first pair asks the operator
 // once; after No nothing is removed.
-void removeDuplicates(DrawingStore& store, Prompts& prompts, bool deleteSilently);
+void removeDuplicates(Changes& changes, Prompts& prompts, bool deleteSilently);
 // The number of rows removed.
-int removeZeroLength(DrawingStore& store);
+int removeZeroLength(Changes& changes);
 
 }  // namespace tess

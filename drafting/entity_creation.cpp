@@ -1,12 +1,13 @@
 // Creating entities: the drawing modes of the draw menu.
 #include "drafting/entity_creation.h"
 
+#include <optional>
 #include <utility>
+#include <vector>
 
 #include "display/screen_marks.h"
 #include "drafting/drafting_commands.h"
 #include "drafting/rubber_band.h"
-#include "drafting/undo.h"
 #include "geometry/angles.h"
 #include "geometry/circles.h"
 
@@ -45,12 +46,15 @@ void putMarker(Desk& desk, float x, float y) {
   toggleMarkerCross(desk);
 }
 
-// Appends, draws and logs one ordinary row.
-void appendLogged(Desk& desk, const SegmentRow& row, PictureBoxProxy& target, bool startsStep) {
+// Adds ordinary rows as one step, each drawn as it comes.
+void addRows(Desk& desk, std::span<const SegmentRow> rows, PictureBoxProxy& target, int undoMark) {
   SegmentPainter painter(desk.renderer, target);
-  AddSeg(desk.store, row, &painter);
-  logSegment(desk.changelog, desk.store, desk.store.NumSegments, "A", startsStep);
-  desk.store.drawingsaved = false;
+  Change change(desk.changes);
+  for (const SegmentRow& row : rows) change.segments.append(row, painter);
+  change.keep({.undoMark = undoMark, .redraws = false});
+}
+void addRow(Desk& desk, const SegmentRow& row, PictureBoxProxy& target) {
+  addRows(desk, {&row, 1}, target, kRowsAdded);
 }
 
 // A whole circle travels as a clockwise arc that ends where it starts.
@@ -77,10 +81,8 @@ SegmentRow scratchArcRow(const ArcScratch& arc) {
 void drawLineMode(Desk& desk, PictureBoxProxy& target) {
   desk.command.clickstage = 0;
   toggleMarkerCross(desk);
-  const SegmentRow line = lineRow(markerOf(desk), mouseOf(desk));
-  appendLogged(desk, line, target, /*startsStep=*/true);
+  addRow(desk, lineRow(markerOf(desk), mouseOf(desk)), target);
   putMarker(desk, desk.pointer.MouseX, desk.pointer.MouseY);
-  enableUndo(desk, kRowsAdded);
 }
 
 void drawRectangleMode(Desk& desk, PictureBoxProxy& target) {
@@ -99,8 +101,7 @@ void drawRectangleMode(Desk& desk, PictureBoxProxy& target) {
 void drawCircleC1PMode(Desk& desk, PictureBoxProxy& target) {
   desk.command.clickstage = 0;
   if (markerOf(desk) == mouseOf(desk)) return;
-  appendLogged(desk, circleRow(mouseOf(desk), markerOf(desk)), target, /*startsStep=*/true);
-  enableUndo(desk, kRowsAdded);
+  addRow(desk, circleRow(mouseOf(desk), markerOf(desk)), target);
   rememberMarker(desk);
 }
 
@@ -123,8 +124,7 @@ void drawThreePointMode(Desk& desk, Finish finish) {
 }
 
 bool appendShape(Desk& desk, const SegmentRow& row, PictureBoxProxy& target) {
-  appendLogged(desk, row, target, /*startsStep=*/true);
-  enableUndo(desk, kRowsAdded);
+  addRow(desk, row, target);
   return true;
 }
 
@@ -194,13 +194,11 @@ void takeEnds(Desk& desk) {
 }
 
 bool centreThrough(Desk& desk, Point third) {
-  Point center;
-  if (!circleFrom3Points(markerOf(desk), secondPointOf(desk), third, desk.store.cfg_tolerance,
-                         center)) {
-    return false;
-  }
-  desk.arc.arccx = center.x;
-  desk.arc.arccy = center.y;
+  const std::optional<Point> center =
+      circleFrom3Points(markerOf(desk), secondPointOf(desk), third, desk.store.cfg_tolerance);
+  if (!center) return false;
+  desk.arc.arccx = center->x;
+  desk.arc.arccy = center->y;
   return true;
 }
 
@@ -223,12 +221,7 @@ SegmentRow lineRow(Point from, Point to) {
 void addShape(Desk& desk, std::span<const SegmentRow> rows, PictureBoxProxy& target, int undoMark) {
   desk.command.clickstage = 0;
   toggleMarkerCross(desk);
-  bool startsStep = true;
-  for (const SegmentRow& row : rows) {
-    appendLogged(desk, row, target, startsStep);
-    startsStep = false;
-  }
-  if (!rows.empty()) enableUndo(desk, undoMark);
+  if (!rows.empty()) addRows(desk, rows, target, undoMark);
   toggleMarkerCross(desk);
 }
 
@@ -274,11 +267,12 @@ bool draw_arcc2p(Desk& desk, float x, float y) {
   takeEnds(desk);
   const Point click{x, y};
   const float radius = (distance(markerOf(desk), click) + distance(secondPointOf(desk), click)) / 2;
-  PointPair centers;
-  if (!centersFromChord(markerOf(desk), secondPointOf(desk), radius, centers)) return false;
+  const std::optional<PointPair> centers =
+      centersFromChord(markerOf(desk), secondPointOf(desk), radius);
+  if (!centers) return false;
   // The click marks the side of the centre; on a tie the second one is taken.
-  const bool first = distance(centers.first, click) < distance(centers.second, click);
-  const Point center = first ? centers.first : centers.second;
+  const bool first = distance(centers->first, click) < distance(centers->second, click);
+  const Point center = first ? centers->first : centers->second;
   desk.arc.arccx = center.x;
   desk.arc.arccy = center.y;
   traceArc(desk, x, y, desk.arc.reversearc);
@@ -286,12 +280,12 @@ bool draw_arcc2p(Desk& desk, float x, float y) {
 }
 
 void BatchAddLines(Desk& desk, std::span<const BatchLine> lines) {
-  bool first = true;
+  std::vector<SegmentRow> rows;
+  rows.reserve(lines.size());
   for (const BatchLine& line : lines) {
-    appendLogged(desk, lineRow({line.x0, line.y0}, {line.x1, line.y1}), desk.ScreenProxy, first);
-    first = false;
+    rows.push_back(lineRow({line.x0, line.y0}, {line.x1, line.y1}));
   }
-  if (!lines.empty()) enableUndo(desk, kRowsAdded);
+  addRows(desk, rows, desk.ScreenProxy, kRowsAdded);
 }
 
 void moveMarker(Desk& desk, float x, float y) {

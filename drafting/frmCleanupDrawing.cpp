@@ -26,10 +26,12 @@ void frmCleanupDrawing::showCounts() {
 }
 
 void frmCleanupDrawing::cleanUp() {
-  if (chkZeroLengthSegs.isChecked()) removeZeroLength(desk_.store);
+  Change change(desk_.changes);
+  if (chkZeroLengthSegs.isChecked()) removeZeroLength(desk_.changes);
   if (chkDuplicateSegs.isChecked()) {
-    removeDuplicates(desk_.store, desk_.session.host.prompts, /*deleteSilently=*/true);
+    removeDuplicates(desk_.changes, desk_.session.host.prompts, /*deleteSilently=*/true);
   }
+  change.keep({.redraws = false});
   desk_.redraw.redrawscreen();
 }
 

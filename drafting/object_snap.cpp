@@ -72,10 +72,9 @@ void addQuadrants(const Source& source, Places& places) {
 }
 
 void addPerpendicular(const Source& source, Places& places) {
-  Point foot;
-  if (source.from && nearestOnSeg(source.store, source.sg, *source.from, foot) > 0) {
-    places.push_back(foot);
-  }
+  if (!source.from) return;
+  const NearestPoint foot = nearestOnSeg(source.store, source.sg, *source.from);
+  if (foot) places.push_back(foot.at);
 }
 
 struct KindRow {

@@ -41,11 +41,11 @@ bool inWindow(Point point, const SelectionWindow& window) {
 }
 
 // A row touches the window when its nearest point to one of the corners lies inside.
-template <typename NearestPoint>
-bool touches(const SelectionWindow& window, NearestPoint nearestTo) {
+template <typename NearestTo>
+bool touches(const SelectionWindow& window, NearestTo nearestTo) {
   for (const Point corner : cornersOf(window)) {
-    Point nearest;
-    if (nearestTo(corner, nearest) && inWindow(nearest, window)) return true;
+    const NearestPoint nearest = nearestTo(corner);
+    if (nearest && inWindow(nearest.at, window)) return true;
   }
   return false;
 }
@@ -54,18 +54,14 @@ bool segmentInWindow(const DrawingStore& store, int sg, const SelectionWindow& w
                      bool exclusive) {
   const Entity row = segmentEntity(store, sg);
   if (exclusive) return inWindow(row.start, window) && inWindow(row.end, window);
-  return touches(window, [&](Point corner, Point& at) {
-    return nearestOnSeg(store, sg, corner, at) == kFound;
-  });
+  return touches(window, [&](Point corner) { return nearestOnSeg(store, sg, corner); });
 }
 
 bool pathInWindow(const DrawingStore& store, int ps, const SelectionWindow& window,
                   bool exclusive) {
   const Entity row = pathEntity(store, ps);
   if (exclusive) return inWindow(row.start, window) && inWindow(row.end, window);
-  return touches(window, [&](Point corner, Point& at) {
-    return nearestPointOfPathRow(store, ps, corner, at);
-  });
+  return touches(window, [&](Point corner) { return nearestPointOfPathRow(store, ps, corner); });
 }
 
 // The one untagged row that touches `at`, 0 for none, kBranch for several.
@@ -129,30 +125,37 @@ void pickContiguous(Desk& desk, bool select) {
 }
 
 void selectAllSegments(Desk& desk) {
-  DrawingStore& store = desk.store;
+  const DrawingStore& store = desk.store;
+  Change change(desk.changes);
   for (int sg = 1; sg <= store.NumSegments; ++sg) {
     if (store.segattr[sg] >= kSelected) continue;
-    store.segattr[sg] = selectedAttribute(store.segattr[sg], /*select=*/true);
+    change.segments.mark(sg, selectedAttribute(store.segattr[sg], /*select=*/true));
     desk.renderer.DrawSegment(sg, desk.ScreenProxy);
   }
+  change.keep();
   desk.state.Selected.fill(store.NumSegments);
 }
 
 void markAllPaths(Desk& desk, bool select) {
-  DrawingStore& store = desk.store;
+  const DrawingStore& store = desk.store;
+  Change change(desk.changes);
   for (int ps = 1; ps <= store.NumPathSegments; ++ps) {
     if ((store.pscode[ps] >= kSelected) == select) continue;
-    store.pscode[ps] = store.pscode[ps] + (select ? kSelected : -kSelected);
+    change.paths.mark(ps, store.pscode[ps] + (select ? kSelected : -kSelected));
     desk.renderer.drawtoolpath(ps, desk.ScreenProxy);
   }
+  change.keep();
 }
 
 void unselectAllSegments(Desk& desk) {
-  DrawingStore& store = desk.store;
+  const DrawingStore& store = desk.store;
+  Change change(desk.changes);
   for (int sg = 1; sg <= store.NumSegments; ++sg) {
-    if (store.segattr[sg] >= kSelected) store.segattr[sg] = entityClass(store.segattr[sg]);
+    const int attr = store.segattr[sg];
+    if (attr >= kSelected) change.segments.mark(sg, entityClass(attr));
     desk.renderer.DrawSegment(sg, desk.ScreenProxy);
   }
+  change.keep();
   desk.state.Selected.clear();
 }
 
@@ -176,7 +179,9 @@ int selectedCode(int pscode, bool select) {
 }
 
 void markSegment(Desk& desk, int sg, bool select) {
-  desk.store.segattr[sg] = selectedAttribute(desk.store.segattr[sg], select);
+  Change change(desk.changes);
+  change.segments.mark(sg, selectedAttribute(desk.store.segattr[sg], select));
+  change.keep();
   desk.renderer.DrawSegment(sg, desk.ScreenProxy);
   desk.state.updateProperties = true;
   if (select) {
@@ -187,27 +192,32 @@ void markSegment(Desk& desk, int sg, bool select) {
 }
 
 void markPathSegment(Desk& desk, int ps, bool select) {
-  desk.store.pscode[ps] = selectedCode(desk.store.pscode[ps], select);
+  Change change(desk.changes);
+  change.paths.mark(ps, selectedCode(desk.store.pscode[ps], select));
+  change.keep();
   desk.renderer.drawtoolpath(ps, desk.ScreenProxy);
 }
 
 void SelectWindow(Desk& desk, bool select, const SelectionWindow& window, bool exclusive) {
   const Procedure here("frmMain.SelectWindow(SelectSegments,x0,y0,X1,y1,Exclusive)");
   const DrawingStore& store = desk.store;
+  Change change(desk.changes);
   if (desk.command.EditPaths) {
     for (int ps = 1; ps <= store.NumPathSegments; ++ps) {
       if (pathInWindow(store, ps, window, exclusive)) markPathSegment(desk, ps, select);
     }
-    return;
+  } else {
+    for (int sg = 1; sg <= store.NumSegments; ++sg) {
+      if (segmentInWindow(store, sg, window, exclusive)) markSegment(desk, sg, select);
+    }
   }
-  for (int sg = 1; sg <= store.NumSegments; ++sg) {
-    if (segmentInWindow(store, sg, window, exclusive)) markSegment(desk, sg, select);
-  }
+  change.keep();
 }
 
 void SelectContiguous(Desk& desk, bool select, int seg, std::vector<bool>& tagged,
                       std::string& message) {
   const EndPointIndex ends = segmentEndIndex(desk.store);
+  Change change(desk.changes);
   const auto visit = [&](int sg) {
     markSegment(desk, sg, select);
     tagged[static_cast<std::size_t>(sg)] = true;
@@ -226,9 +236,11 @@ void SelectContiguous(Desk& desk, bool select, int seg, std::vector<bool>& tagge
     if (step.neighbours[side] == kBranch) message += branchText(step.ends[side]);
     if (step.neighbours[side] > 0) walk.push_back(visit(step.neighbours[side]));
   }
+  change.keep();
 }
 
 void SelectConnected(Desk& desk, bool select, int seg, std::vector<bool>& tagged) {
+  Change change(desk.changes);
   std::vector<int> walk{seg};
   while (!walk.empty()) {
     const int sg = walk.back();
@@ -237,11 +249,11 @@ void SelectConnected(Desk& desk, bool select, int seg, std::vector<bool>& tagged
     tagged[static_cast<std::size_t>(sg)] = true;
     markSegment(desk, sg, select);
     for (int other = desk.store.NumSegments; other >= 1; --other) {
-      PointPair at;
       const bool open = !tagged[static_cast<std::size_t>(other)];
-      if (open && intersectSegs(desk.store, sg, other, at) > 0) walk.push_back(other);
+      if (open && intersectSegs(desk.store, sg, other)) walk.push_back(other);
     }
   }
+  change.keep();
 }
 
 // Of all rows that touch a marked one the lowest comes next: so the screen fills as by plain
@@ -256,6 +268,7 @@ void selectContiguousPaths(Desk& desk, bool select, int ps) {
     met[static_cast<std::size_t>(row)] = true;
     touching.push(row);
   };
+  Change change(desk.changes);
   meet(ps);
   while (!touching.empty()) {
     const int row = touching.top();
@@ -267,6 +280,7 @@ void selectContiguousPaths(Desk& desk, bool select, int ps) {
       for (const EndMatch& match : found) meet(match.row);
     }
   }
+  change.keep();
 }
 
 void mnuDrawSelect_Click(Desk& desk) {

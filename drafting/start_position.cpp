@@ -4,9 +4,11 @@
 namespace tess {
 
 void clickStartPosition(Desk& desk) {
+  Change change(desk.changes);
+  change.marksUnsaved();
   desk.store.xstartpos = desk.pointer.MouseX;
   desk.store.ystartpos = desk.pointer.MouseY;
-  desk.store.drawingsaved = false;
+  change.keep({.redraws = false});
 }
 
 }  // namespace tess

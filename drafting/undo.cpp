@@ -20,13 +20,13 @@ void showChange(Desk& desk) {
 
 void Undo_Last_Change(Desk& desk) {
   const Procedure here("Undo_Last_Change");
-  undoStep(desk.changelog, desk.store);
+  undoStep(desk.changes);
   showChange(desk);
 }
 
 void RedoLastChange(Desk& desk) {
   const Procedure here("RedoLastChange");
-  redoStep(desk.changelog, desk.store);
+  redoStep(desk.changes);
   showChange(desk);
 }
 
@@ -46,6 +46,7 @@ void clearUndoMenu(Desk& desk) {
 }
 
 void resetUndoState(Desk& desk) {
+  desk.changes.abandon();
   desk.changelog.clear();
   updateUndoTools(desk);
 }

@@ -1,6 +1,6 @@
 // Undo and redo as commands.
-// Owns: Undo_Last_Change, RedoLastChange, the undo marks, enableUndo, updateUndoTools,
-//       clearUndoMenu, resetUndoState.
+// Owns: Undo_Last_Change, RedoLastChange, enableUndo, updateUndoTools, clearUndoMenu,
+//       resetUndoState.
 #pragma once
 
 #include "drafting/desk.h"
@@ -10,12 +10,7 @@ namespace tess {
 void Undo_Last_Change(Desk& desk);
 void RedoLastChange(Desk& desk);
 
-// What kind of change can be taken back.
-inline constexpr int kRowsAdded = 1;
-inline constexpr int kRectangleAdded = 4;
-inline constexpr int kRowsDeleted = -1;
-
-// What a command that logged a change ends with.
+// What a change that entered the log ends with.
 void enableUndo(Desk& desk, int mark);
 
 // miUndo and miRedo follow the log.

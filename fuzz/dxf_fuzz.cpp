@@ -51,20 +51,28 @@ void requireSound(const tess::DrawingStore& store) {
 void convert(const tess::DxfDocument& document, bool exact) {
   tess::DrawingStore store;
   YesPrompts prompts;
-  tess::DxfRows rows(store, prompts, document);
+  tess::ChangeLog log;
+  tess::Changes changes(store, log);
+  tess::Change change(changes);
+  tess::DxfRows rows(change, prompts, document);
   store.cfg_tolerance = 0.001F;
   tess::importDxf(document, store, rows, {.connectPoints = true, .exactGeometry = exact});
+  require(change.keep());
   requireSound(store);
 }
 
 void readPlainly(std::string content) {
   tess::DrawingStore store;
   tess::FieldReader fields(kFile, std::move(content));
+  tess::ChangeLog log;
+  tess::Changes changes(store, log);
+  tess::Change change(changes);
   try {
-    tess::readPlainDxf(store, fields);
+    tess::readPlainDxf(change, fields);
   } catch (const tess::RuntimeFailure&) {
     tess::takeCallChain();
   }
+  require(change.keep());
   requireSound(store);
 }
 

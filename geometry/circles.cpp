@@ -18,7 +18,7 @@ Middle middleOf(Point a, Point b) {
 Bisector bisectorOf(Point a, Point b) {
   const Middle middle = middleOf(a, b);
   const double slope = -1 / nonZero(chordSlope(a, b));
-  return {slope, middle.y - middle.x * slope};
+  return {slope, middle.y - middle.x * slope, {a, b}};
 }
 
 // Tested on the rounded 32-bit value: a radius that falls short by rounding alone still counts.
@@ -34,41 +34,36 @@ double square(double value) {
   return value * value;
 }
 
-bool centersBesideVerticalChord(Point p1, Point p2, double radius, PointPair& centers) {
+std::optional<PointPair> centersBesideVerticalChord(Point p1, Point p2, double radius) {
   const double ym = middleOf(p1, p2).y;
   const double discriminant = square(radius) - square(p1.y - ym);
-  if (isTooNegative(discriminant)) return false;
+  if (isTooNegative(discriminant)) return std::nullopt;
   const double root = rootOf(discriminant);
-  centers = {{narrow(p1.x + root), narrow(ym)}, {narrow(p1.x - root), narrow(ym)}};
-  return true;
+  return PointPair{{narrow(p1.x + root), narrow(ym)}, {narrow(p1.x - root), narrow(ym)}};
 }
 
-bool centersBesideHorizontalChord(Point p1, Point p2, double radius, PointPair& centers) {
+std::optional<PointPair> centersBesideHorizontalChord(Point p1, Point p2, double radius) {
   const double xm = middleOf(p1, p2).x;
   const double discriminant = square(radius) - square(p1.x - xm);
-  if (isTooNegative(discriminant)) return false;
+  if (isTooNegative(discriminant)) return std::nullopt;
   const double root = rootOf(discriminant);
-  centers = {{narrow(xm), narrow(p1.y + root)}, {narrow(xm), narrow(p1.y - root)}};
-  return true;
+  return PointPair{{narrow(xm), narrow(p1.y + root)}, {narrow(xm), narrow(p1.y - root)}};
 }
 
 // The circle about p1 met by the bisector y = m*x + b: A*x^2 + B*x + C = 0.
-bool centersBesideSlopedChord(Point p1, Point p2, double radius, PointPair& centers) {
-  Point near = p1;
-  Point far = p2;
-  const auto [m, b] = perpBisector(near, far);
+std::optional<PointPair> centersBesideSlopedChord(Point p1, Point p2, double radius) {
+  const auto [m, b, points] = perpBisector(p1, p2);
   const double x = p1.x;
   const double y = p1.y;
   const double A = m * m + 1;
   const double B = -(2 * y * m + 2 * x - 2 * m * b);
   const double C = x * x + y * y - 2 * y * b + b * b - square(radius);
   const double discriminant = B * B - 4 * A * C;
-  if (isTooNegative(discriminant)) return false;
+  if (isTooNegative(discriminant)) return std::nullopt;
   const double root = rootOf(discriminant);
   const double xa = (-B + root) / (2 * A);
   const double xb = (-B - root) / (2 * A);
-  centers = {{narrow(xa), narrow(m * xa + b)}, {narrow(xb), narrow(m * xb + b)}};
-  return true;
+  return PointPair{{narrow(xa), narrow(m * xa + b)}, {narrow(xb), narrow(m * xb + b)}};
 }
 
 // The circle met by the line y = s*x + c: A*x^2 + B*x + C = 0.
@@ -92,94 +87,86 @@ PointPair rootsOnLine(const Quadratic& q, double s, double c) {
   return {{narrow(x1), narrow(x1 * s + c)}, {narrow(x2), narrow(x2 * s + c)}};
 }
 
-int hitsAtHeight(double y, const Circle& circle, float tolerence, PointPair& hits) {
-  float xa = 0;
-  float xb = 0;
-  const int code = horizontalCircle(y, circle, tolerence, xa, xb);
-  if (code > 0) hits = {{xa, narrow(y)}, {xb, narrow(y)}};
-  return code;
+CircleHits hitsAtHeight(double y, const Circle& circle, float tolerence) {
+  const AxisHits hits = horizontalCircle(y, circle, tolerence);
+  if (!hits) return {.miss = hits.miss};
+  return {Miss::None, hits.tangent, {{hits.first, narrow(y)}, {hits.second, narrow(y)}}};
 }
 
-int hitsAcross(double x, const Circle& circle, float tolerence, PointPair& hits) {
-  float ya = 0;
-  float yb = 0;
-  const int code = verticalCircle(x, circle, tolerence, ya, yb);
-  if (code > 0) hits = {{narrow(x), ya}, {narrow(x), yb}};
-  return code;
+CircleHits hitsAcross(double x, const Circle& circle, float tolerence) {
+  const AxisHits hits = verticalCircle(x, circle, tolerence);
+  if (!hits) return {.miss = hits.miss};
+  return {Miss::None, hits.tangent, {{narrow(x), hits.first}, {narrow(x), hits.second}}};
 }
 
-int slopedHits(double slope, double intercept, const Circle& circle, PointPair& hits) {
+CircleHits slopedHits(double slope, double intercept, const Circle& circle) {
   const Quadratic q = quadraticOf(slope, intercept, circle);
-  if (q.discriminant < 0) return kNoHit;
-  hits = rootsOnLine(q, slope, intercept);
-  return q.discriminant == 0 ? kTangent : kTwoHits;
+  if (q.discriminant < 0) return {.miss = Miss::NoHit};
+  return {Miss::None, q.discriminant == 0, rootsOnLine(q, slope, intercept)};
 }
 
 }  // namespace
 
-bool circleFrom3Points(Point p1, Point p2, Point p3, float tolerence, Point& center) {
-  const auto [m1, b1] = bisectorOf(p1, p3);
-  const auto [m2, b2] = bisectorOf(p2, p3);
-  if (std::abs(m1 - m2) < tolerence) return false;
-  const double quotient = m1 / nonZero(m2);
-  const double y = (b1 - b2 * quotient) / nonZero(1 - quotient);
-  center = {narrow((b2 - b1) / (m1 - m2)), narrow(y)};
-  return true;
+std::optional<Point> circleFrom3Points(Point p1, Point p2, Point p3, float tolerence) {
+  const Bisector first = bisectorOf(p1, p3);
+  const Bisector second = bisectorOf(p2, p3);
+  const double slopes = first.slope - second.slope;
+  if (std::abs(slopes) < tolerence) return std::nullopt;
+  const double quotient = first.slope / nonZero(second.slope);
+  const double y = (first.intercept - second.intercept * quotient) / nonZero(1 - quotient);
+  return Point{narrow((second.intercept - first.intercept) / slopes), narrow(y)};
 }
 
-Bisector perpBisector(Point& p1, Point& p2) {
+Bisector perpBisector(Point p1, Point p2) {
   if (distance({}, p1) > distance({}, p2)) swapValues(p1, p2);
   return bisectorOf(p1, p2);
 }
 
-bool centersFromChord(Point p1, Point p2, float radius, PointPair& centers) {
+std::optional<PointPair> centersFromChord(Point p1, Point p2, float radius) {
   // The vertical case stands first: two identical points take it.
-  if (p1.x == p2.x) return centersBesideVerticalChord(p1, p2, radius, centers);
-  if (p1.y == p2.y) return centersBesideHorizontalChord(p1, p2, radius, centers);
-  return centersBesideSlopedChord(p1, p2, radius, centers);
+  if (p1.x == p2.x) return centersBesideVerticalChord(p1, p2, radius);
+  if (p1.y == p2.y) return centersBesideHorizontalChord(p1, p2, radius);
+  return centersBesideSlopedChord(p1, p2, radius);
 }
 
-int lineCircle(Point through, double slope, const Circle& circle, float tolerence,
-               PointPair& hits) {
-  if (circle.radius <= 0) return kNoRadius;
-  if (std::abs(slope) < kFlatSlope) return hitsAtHeight(through.y, circle, tolerence, hits);
-  if (std::abs(slope) > kSteepSlope) return hitsAcross(through.x, circle, tolerence, hits);
-  return slopedHits(slope, through.y - through.x * slope, circle, hits);
+CircleHits lineCircle(Point through, double slope, const Circle& circle, float tolerence) {
+  if (circle.radius <= 0) return {.miss = Miss::NoRadius};
+  if (std::abs(slope) < kFlatSlope) return hitsAtHeight(through.y, circle, tolerence);
+  if (std::abs(slope) > kSteepSlope) return hitsAcross(through.x, circle, tolerence);
+  return slopedHits(slope, through.y - through.x * slope, circle);
 }
 
-int slopeLineCircle(double slope, double intercept, const Circle& circle, float tolerence,
-                    PointPair& hits) {
-  if (circle.radius <= 0) return kNoRadius;
-  int code = kNoHit;
+CircleHits slopeLineCircle(double slope, double intercept, const Circle& circle, float tolerence) {
+  if (circle.radius <= 0) return {.miss = Miss::NoRadius};
+  CircleHits hits;
   if (std::abs(slope) < kFlatSlope) {
-    code = hitsAtHeight(intercept, circle, tolerence, hits);
+    hits = hitsAtHeight(intercept, circle, tolerence);
   } else if (std::abs(slope) <= kSteepSlope) {
-    code = slopedHits(slope, intercept, circle, hits);
+    hits = slopedHits(slope, intercept, circle);
   } else {
-    code = hitsAcross(-intercept / (2 * slope), circle, tolerence, hits);
+    hits = hitsAcross(-intercept / (2 * slope), circle, tolerence);
   }
-  return code > kTangent && hits.first == hits.second ? kTangent : code;
+  if (hits && hits.at.first == hits.at.second) hits.tangent = true;
+  return hits;
 }
 
-int horizontalCircle(double y, const Circle& circle, float tolerence, float& xa, float& xb) {
-  if (circle.radius <= 0) return kNoRadius;
+AxisHits horizontalCircle(double y, const Circle& circle, float tolerence) {
+  if (circle.radius <= 0) return {.miss = Miss::NoRadius};
   const double offset = y - circle.center.y;
   const double gap = circle.radius - std::abs(offset);
-  if (gap < -tolerence) return kNoHit;
+  if (gap < -tolerence) return {.miss = Miss::NoHit};
   const double reach = gap <= 0 ? 0 : std::sqrt(square(circle.radius) - square(offset));
-  xa = narrow(circle.center.x + reach);
-  xb = narrow(circle.center.x - reach);
-  return gap <= 0 ? kTangent : kTwoHits;
+  return {Miss::None, gap <= 0, narrow(circle.center.x + reach), narrow(circle.center.x - reach)};
 }
 
-int verticalCircle(double x, const Circle& circle, float tolerence, float& ya, float& yb) {
-  if (circle.radius <= 0) return kNoRadius;
+AxisHits verticalCircle(double x, const Circle& circle, float tolerence) {
+  if (circle.radius <= 0) return {.miss = Miss::NoRadius};
   const double squaredReach = square(circle.radius) - square(x - circle.center.x);
-  if (squaredReach < -tolerence) return kNoHit;
+  if (squaredReach < -tolerence) return {.miss = Miss::NoHit};
   const double reach = rootOf(squaredReach);
-  ya = narrow(circle.center.y + reach);
-  yb = narrow(circle.center.y - reach);
-  return ya == yb ? kTangent : kTwoHits;
+  const float first = narrow(circle.center.y + reach);
+  const float second = narrow(circle.center.y - reach);
+  return {Miss::None, first == second, first, second};
 }
 
 }  // namespace tess

@@ -26,12 +26,6 @@ PlanePoint turnedBy(PlanePoint direction, double angle) {
   return std::cos(angle) * direction + std::sin(angle) * leftOf(direction);
 }
 
-// How far the centre lies from the chord: positive for an arc below half a turn.
-double apothemOf(const Curve& arc) {
-  const PlanePoint across = unitOf(leftOf(arc.end - arc.start));
-  return arc.turn * dot(arc.center - middleOf(arc.start, arc.end), across);
-}
-
 PlanePoint startDirection(const Curve& arc) {
   return (arc.turn / arc.radius) * leftOf(arc.start - arc.center);
 }
@@ -94,7 +88,7 @@ double halfChord(double radius, double distance) {
 Shares lineOnCircle(const Curve& line, PlanePoint center, double radius) {
   Shares shares;
   const PlanePoint along = line.end - line.start;
-  const double length = lengthOf(along);
+  const double length = normOf(along);
   if (length == 0) return shares;
   const PlanePoint direction = (1 / length) * along;
   const double half = halfChord(radius, std::abs(cross(direction, center - line.start)));
@@ -109,7 +103,7 @@ Shares lineOnCircle(const Curve& line, PlanePoint center, double radius) {
 // to the centre.
 Shares arcOnChord(const Curve& arc, PlanePoint foot, PlanePoint direction) {
   Shares shares;
-  const double half = halfChord(arc.radius, lengthOf(foot - arc.center));
+  const double half = halfChord(arc.radius, normOf(foot - arc.center));
   if (!(half >= 0)) return shares;
   addOnArc(shares, arc, foot - half * direction);
   if (half > 0) addOnArc(shares, arc, foot + half * direction);
@@ -118,7 +112,7 @@ Shares arcOnChord(const Curve& arc, PlanePoint foot, PlanePoint direction) {
 
 Shares arcOnCircle(const Curve& arc, PlanePoint center, double radius) {
   const PlanePoint between = center - arc.center;
-  const double apart = lengthOf(between);
+  const double apart = normOf(between);
   if (apart == 0) return {};
   const double toChord = (apart + (arc.radius - radius) * (arc.radius + radius) / apart) / 2;
   const PlanePoint direction = (1 / apart) * between;
@@ -130,7 +124,7 @@ PlanePoint placeOf(Point p) {
 }
 
 void appendLine(PlanePoint start, PlanePoint end, std::vector<Curve>& curves) {
-  if (lengthOf(end - start) >= kLeastLength) curves.push_back(lineCurve(start, end));
+  if (normOf(end - start) >= kLeastLength) curves.push_back(lineCurve(start, end));
 }
 
 void appendRectangle(const Entity& row, std::vector<Curve>& curves) {
@@ -145,7 +139,7 @@ void appendRectangle(const Entity& row, std::vector<Curve>& curves) {
 }
 
 void appendWholeCircle(PlanePoint start, PlanePoint center, int turn, std::vector<Curve>& curves) {
-  const double radius = lengthOf(start - center);
+  const double radius = normOf(start - center);
   if (radius < kLeastLength) return;
   const PlanePoint opposite = center - (start - center);
   curves.push_back({start, opposite, center, radius, turn});
@@ -158,13 +152,13 @@ void appendArc(const Entity& row, int turn, std::vector<Curve>& curves) {
   const PlanePoint start = placeOf(row.start);
   const PlanePoint end = placeOf(row.end);
   const PlanePoint center = placeOf(row.center);
-  if (lengthOf(start - center) < kLeastLength || lengthOf(end - center) < kLeastLength) return;
+  if (normOf(start - center) < kLeastLength || normOf(end - center) < kLeastLength) return;
   const double angle = angleTo({start, end, center, 0, turn}, end);
   if (angle <= kHalfTurn + kHalfTurnSlack) {
     curves.push_back(arcCurve(start, end, center, turn));
     return;
   }
-  const double radius = (lengthOf(start - center) + lengthOf(end - center)) / 2;
+  const double radius = (normOf(start - center) + normOf(end - center)) / 2;
   const PlanePoint middle = center + radius * turnedBy(unitOf(start - center), turn * angle / 2);
   curves.push_back(arcCurve(start, middle, center, turn));
   curves.push_back(arcCurve(middle, end, center, turn));
@@ -178,7 +172,7 @@ Curve lineCurve(PlanePoint start, PlanePoint end) {
 
 Curve arcCurve(PlanePoint start, PlanePoint end, PlanePoint center, int turn) {
   const PlanePoint even = evenCenter(start, end, center);
-  return {start, end, even, lengthOf(start - even), turn};
+  return {start, end, even, normOf(start - even), turn};
 }
 
 PlanePoint evenCenter(PlanePoint start, PlanePoint end, PlanePoint center) {
@@ -193,11 +187,14 @@ Curve reversed(const Curve& curve) {
 
 double sweepOf(const Curve& curve) {
   if (!curve.isArc()) return 0;
-  return 2 * std::atan2(lengthOf(curve.end - curve.start) / 2, apothemOf(curve));
+  // Half of the chord against the centre's distance from it, both multiplied by the chord.
+  const PlanePoint chord = curve.end - curve.start;
+  const PlanePoint toCenter = curve.center - middleOf(curve.start, curve.end);
+  return 2 * std::atan2(dot(chord, chord) / 2, curve.turn * cross(chord, toCenter));
 }
 
 double lengthOf(const Curve& curve) {
-  return curve.isArc() ? curve.radius * sweepOf(curve) : lengthOf(curve.end - curve.start);
+  return curve.isArc() ? curve.radius * sweepOf(curve) : normOf(curve.end - curve.start);
 }
 
 PlanePoint pointAt(const Curve& curve, double share) {

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace tess {
 namespace {
@@ -18,33 +19,39 @@ double nearestShare(const Curve& line, PlanePoint from) {
 
 // From the start on and not from the nearest point, which far from the origin has lost digits.
 double distanceToLine(const Curve& line, PlanePoint from) {
-  return lengthOf(from - line.start - nearestShare(line, from) * (line.end - line.start));
+  return normOf(from - line.start - nearestShare(line, from) * (line.end - line.start));
 }
 
 double distanceToArc(const Curve& arc, PlanePoint from) {
-  if (isBeside(arc, from)) return std::abs(lengthOf(from - arc.center) - arc.radius);
-  return std::min(lengthOf(from - arc.start), lengthOf(from - arc.end));
+  if (isBeside(arc, from)) return std::abs(normOf(from - arc.center) - arc.radius);
+  return std::min(normOf(from - arc.start), normOf(from - arc.end));
 }
 
 PlanePoint nearestOnArc(const Curve& arc, PlanePoint from) {
   if (!isBeside(arc, from)) {
-    return lengthOf(from - arc.end) < lengthOf(from - arc.start) ? arc.end : arc.start;
+    return normOf(from - arc.end) < normOf(from - arc.start) ? arc.end : arc.start;
   }
-  const PlanePoint toward = unitOf(from - arc.center);
-  return toward == PlanePoint{} ? arc.start : arc.center + arc.radius * toward;
+  const PlanePoint toward = from - arc.center;
+  const double away = normOf(toward);
+  return away == 0 ? arc.start : arc.center + (arc.radius / away) * toward;
 }
 
-// The least of the gaps seen so far.
+// The least gap seen so far, by the point of one curve that it was found from.
 class LeastGap {
  public:
   LeastGap(const Curve& first, const Curve& second) : first_(first), second_(second) {
-    fromFirst(nearestOn(second, first.start), first.start);
-    fromFirst(nearestOn(second, first.end), first.end);
-    fromSecond(nearestOn(first, second.start), second.start);
-    fromSecond(nearestOn(first, second.end), second.end);
+    tryFirst(first.start);
+    tryFirst(first.end);
+    trySecond(second.start);
+    trySecond(second.end);
   }
 
-  const CurveGap& gap() const { return gap_; }
+  double distance() const { return distance_; }
+
+  CurveGap gap() const {
+    if (isOfFirst_) return {distance_, at_, nearestOn(second_, at_).at};
+    return {distance_, nearestOn(first_, at_).at, at_};
+  }
 
   // Where a line or arc meets the whole of the other, it may meet the other itself.
   void tryCrossings() {
@@ -53,7 +60,7 @@ class LeastGap {
                               : sharesOnLine(first_, second_.start, second_.end - second_.start);
     for (const double share : shares) {
       const PlanePoint at = pointAt(first_, share);
-      if (isBeside(second_, at)) take({0, at, at});
+      if (isBeside(second_, at)) take(0, at, /*isOfFirst=*/true);
     }
   }
 
@@ -70,36 +77,36 @@ class LeastGap {
   }
 
  private:
-  void take(const CurveGap& gap) {
-    if (isFirst_ || gap.distance < gap_.distance) gap_ = gap;
-    isFirst_ = false;
+  void take(double distance, PlanePoint at, bool isOfFirst) {
+    if (!(distance < distance_)) return;
+    distance_ = distance;
+    at_ = at;
+    isOfFirst_ = isOfFirst;
   }
-  void fromFirst(const CurvePlace& place, PlanePoint end) { take({place.distance, end, place.at}); }
-  void fromSecond(const CurvePlace& place, PlanePoint end) {
-    take({place.distance, place.at, end});
-  }
+  void tryFirst(PlanePoint at) { take(distanceTo(second_, at), at, /*isOfFirst=*/true); }
+  void trySecond(PlanePoint at) { take(distanceTo(first_, at), at, /*isOfFirst=*/false); }
 
   // The points of an arc on its diameter in this direction, seen from the other curve. There is
   // none for arcs about one centre: they are as near at an end as anywhere.
   void tryNormal(PlanePoint direction) {
-    const PlanePoint along = unitOf(direction);
-    if (along == PlanePoint{}) return;
-    for (const double side : {-1.0, 1.0}) {
-      if (first_.isArc()) tryPointOfFirst(first_.center + side * first_.radius * along);
-      if (second_.isArc()) tryPointOfSecond(second_.center + side * second_.radius * along);
+    const double length = normOf(direction);
+    if (length == 0) return;
+    for (const double side : {-1 / length, 1 / length}) {
+      tryOnArc(first_, side * direction, &LeastGap::tryFirst);
+      tryOnArc(second_, side * direction, &LeastGap::trySecond);
     }
   }
-  void tryPointOfFirst(PlanePoint at) {
-    if (isBeside(first_, at)) fromFirst(nearestOn(second_, at), at);
-  }
-  void tryPointOfSecond(PlanePoint at) {
-    if (isBeside(second_, at)) fromSecond(nearestOn(first_, at), at);
+  void tryOnArc(const Curve& curve, PlanePoint direction, void (LeastGap::*tryPoint)(PlanePoint)) {
+    if (!curve.isArc()) return;
+    const PlanePoint at = curve.center + curve.radius * direction;
+    if (isBeside(curve, at)) (this->*tryPoint)(at);
   }
 
   const Curve& first_;
   const Curve& second_;
-  CurveGap gap_;
-  bool isFirst_ = true;
+  double distance_ = std::numeric_limits<double>::infinity();
+  PlanePoint at_;
+  bool isOfFirst_ = true;
 };
 
 }  // namespace
@@ -116,8 +123,8 @@ CurvePlace nearestOn(const Curve& curve, PlanePoint from) {
 
 CurveGap gapBetween(const Curve& first, const Curve& second) {
   LeastGap least(first, second);
-  if (least.gap().distance > 0) least.tryCrossings();
-  if (least.gap().distance > 0) least.tryNormals();
+  if (least.distance() > 0) least.tryCrossings();
+  if (least.distance() > 0) least.tryNormals();
   return least.gap();
 }
 

@@ -17,23 +17,22 @@ bool inSweepOf(const Entity& arc, Point hit) {
                       vectorAngle(arc.center, arc.end), arc.type);
 }
 
-// The bits of both hits; the points go out only when there is one.
 template <typename LiesOnBoth>
-int hitBits(const PointPair& hits, PointPair& at, LiesOnBoth liesOnBoth) {
-  const int bits =
-      (liesOnBoth(hits.first) ? kFirstHit : 0) + (liesOnBoth(hits.second) ? kSecondHit : 0);
-  if (bits > 0) at = hits;
-  return bits;
+Crossing crossingAt(const PointPair& hits, LiesOnBoth liesOnBoth) {
+  const bool first = liesOnBoth(hits.first);
+  const bool second = liesOnBoth(hits.second);
+  if (!first && !second) return {.miss = Miss::Apart};
+  return {Miss::None, first, second, hits};
 }
 
-using PairRoutine = int (*)(const Entity& a, const Entity& b, float tolerence, PointPair& at);
+using PairRoutine = Crossing (*)(const Entity& a, const Entity& b, float tolerence);
 
-int lineWithLine(const Entity& a, const Entity& b, float, PointPair& at) {
-  return intersectLines(a, b, at.first);
+Crossing lineWithLine(const Entity& a, const Entity& b, float) {
+  return intersectLines(a, b);
 }
 
-int arcWithLine(const Entity& arc, const Entity& line, float tolerence, PointPair& at) {
-  return intersectLineArc(line, arc, tolerence, at);
+Crossing arcWithLine(const Entity& arc, const Entity& line, float tolerence) {
+  return intersectLineArc(line, arc, tolerence);
 }
 
 struct PairRule {
@@ -49,38 +48,37 @@ constexpr PairRule kPairRules[] = {
 
 }  // namespace
 
-int intersectSlopes(double m1, double b1, double m2, double b2, Point& at) {
-  if (m1 == m2) return kParallel;
+std::optional<Point> intersectSlopes(double m1, double b1, double m2, double b2) {
+  if (m1 == m2) return std::nullopt;
   const double x = (b1 - b2) / nonZero(m2 - m1);
   // The flatter line magnifies an error of x less.
   const bool bySecond = std::abs(m2) + std::abs(b2) <= std::abs(m1) + std::abs(b1);
   const double y = bySecond ? m2 * x + b2 : m1 * x + b1;
-  at = {roundTo(x, 6), roundTo(y, 6)};
-  return kCrossing;
+  return Point{roundTo(x, 6), roundTo(y, 6)};
 }
 
-int intersectLines(const Entity& a, const Entity& b, Point& at) {
+Crossing intersectLines(const Entity& a, const Entity& b) {
   const double m1 = chordSlope(a.start, a.end);
   const double m2 = chordSlope(b.start, b.end);
   const double b1 = a.end.y - m1 * a.end.x;
   const double b2 = b.end.y - m2 * b.end.x;
-  if (intersectSlopes(m1, b1, m2, b2, at) == kParallel) return kParallel;
-  const bool onBoth = pointInSegBox(at, a.start, a.end) && pointInSegBox(at, b.start, b.end);
-  return onBoth ? kCrossing : kBeyond;
+  const std::optional<Point> at = intersectSlopes(m1, b1, m2, b2);
+  if (!at) return {.miss = Miss::Parallel};
+  const bool onBoth = pointInSegBox(*at, a.start, a.end) && pointInSegBox(*at, b.start, b.end);
+  return {onBoth ? Miss::None : Miss::Apart, onBoth, false, {*at, {}}};
 }
 
-int intersectLineArc(const Entity& line, const Entity& arc, float tolerence, PointPair& at) {
-  PointPair hits;
+Crossing intersectLineArc(const Entity& line, const Entity& arc, float tolerence) {
   const Circle circle{arc.center, radiusOf(arc)};
-  const int code =
-      lineCircle(line.start, chordSlope(line.start, line.end), circle, tolerence, hits);
-  if (code < 1) return code;
-  return hitBits(hits, at, [&](Point hit) {
+  const CircleHits hits =
+      lineCircle(line.start, chordSlope(line.start, line.end), circle, tolerence);
+  if (!hits) return {.miss = hits.miss};
+  return crossingAt(hits.at, [&](Point hit) {
     return pointInSegBox(hit, line.start, line.end) && inSweepOf(arc, hit);
   });
 }
 
-int intersectArcs(const Entity& a, const Entity& b, float tolerence, PointPair& at) {
+Crossing intersectArcs(const Entity& a, const Entity& b, float tolerence) {
   const Circle circle{a.center, radiusOf(a)};
   const double otherRadius = radiusOf(b);
   const double dx = static_cast<double>(b.center.x) - a.center.x;
@@ -89,33 +87,32 @@ int intersectArcs(const Entity& a, const Entity& b, float tolerence, PointPair& 
   const double slope = -dx / nonZero(dy);
   const double power = square(dx) + 2 * a.center.x * dx + 2 * a.center.y * dy + square(dy) +
                        square(circle.radius) - square(otherRadius);
-  PointPair hits;
-  if (slopeLineCircle(slope, power / nonZero(2 * dy), circle, tolerence, hits) < 1)
-    return kNoCrossing;
-  return hitBits(hits, at, [&](Point hit) { return inSweepOf(a, hit) && inSweepOf(b, hit); });
+  const CircleHits hits = slopeLineCircle(slope, power / nonZero(2 * dy), circle, tolerence);
+  if (!hits) return {.miss = Miss::Apart};
+  return crossingAt(hits.at, [&](Point hit) { return inSweepOf(a, hit) && inSweepOf(b, hit); });
 }
 
-int intersectEntities(const Entity& a, const Entity& b, float tolerence, PointPair& at) {
+Crossing intersectEntities(const Entity& a, const Entity& b, float tolerence) {
   const long long code = 10LL * a.type + b.type;
   for (const PairRule& rule : kPairRules) {
-    if (rule.code == code) return rule.routine(a, b, tolerence, at);
+    if (rule.code == code) return rule.routine(a, b, tolerence);
   }
-  return kNoCrossing;
+  return {.miss = Miss::NoRule};
 }
 
-int intersectSegs(const DrawingStore& store, int sgA, int sgB, PointPair& at) {
-  if (sgA == sgB) return kSameRow;
+Crossing intersectSegs(const DrawingStore& store, int sgA, int sgB) {
+  if (sgA == sgB) return {.miss = Miss::SameRow};
   return intersectEntities(segmentEntity(store, sgA), segmentEntity(store, sgB),
-                           store.cfg_tolerance, at);
+                           store.cfg_tolerance);
 }
 
-int intersectPathSegs(const DrawingStore& store, int psA, int psB, PointPair& at) {
-  if (psA == psB) return kSameRow;
-  return intersectEntities(pathEntity(store, psA), pathEntity(store, psB), store.cfg_tolerance, at);
+Crossing intersectPathSegs(const DrawingStore& store, int psA, int psB) {
+  if (psA == psB) return {.miss = Miss::SameRow};
+  return intersectEntities(pathEntity(store, psA), pathEntity(store, psB), store.cfg_tolerance);
 }
 
-int intersectWithSeg(const DrawingStore& store, const Entity& entity, int sg, PointPair& at) {
-  return intersectEntities(entity, segmentEntity(store, sg), store.cfg_tolerance, at);
+Crossing intersectWithSeg(const DrawingStore& store, const Entity& entity, int sg) {
+  return intersectEntities(entity, segmentEntity(store, sg), store.cfg_tolerance);
 }
 
 }  // namespace tess

@@ -1,45 +1,43 @@
 // Crossings of lines and arcs.
-//
-// Line with line: kCrossing, kBeyond (the lines cross outside a segment; the point is written all
-// the same) or kParallel. Pairs with an arc: the sum of kFirstHit and kSecondHit for the hits that
-// lie on both entities. Any result below 1 means no crossing, and but for kBeyond the outputs keep
-// their values; above 0 both hits are written.
-// Owns: the crossing codes, intersectSlopes, intersectLines, intersectLineArc, intersectArcs,
+// Owns: Crossing, intersectSlopes, intersectLines, intersectLineArc, intersectArcs,
 //       intersectEntities, intersectSegs, intersectPathSegs, intersectWithSeg.
 #pragma once
 
+#include <optional>
+
 #include "geometry/entity.h"
+#include "geometry/miss.h"
 
 namespace tess {
 
-inline constexpr int kCrossing = 1;
-inline constexpr int kBeyond = 0;
-inline constexpr int kParallel = -1;
-inline constexpr int kSameRow = -1;
-inline constexpr int kNoCrossing = 0;
-inline constexpr int kFirstHit = 1;   // bit 1
-inline constexpr int kSecondHit = 2;  // bit 2
+// Where the lines y = m1*x + b1 and y = m2*x + b2 meet, rounded to 6 places; none for exactly equal
+// slopes.
+std::optional<Point> intersectSlopes(double m1, double b1, double m2, double b2);
 
-// Where the lines y = m1*x + b1 and y = m2*x + b2 meet, rounded to 6 places; kParallel for exactly
-// equal slopes.
-int intersectSlopes(double m1, double b1, double m2, double b2, Point& at);
+// The hits of two entities, as far as they lie on both. Lines have the first alone.
+struct Crossing {
+  Miss miss = Miss::NoRule;
+  bool first = false, second = false;  // which of `at` count
+  PointPair at{};  // both hits, if either counts; of lines that meet elsewhere their common point
+  explicit operator bool() const { return miss == Miss::None; }
+};
 
-// Near-vertical segments take the slope that nonZero gives them, so two vertical ones of different
-// length still meet somewhere.
-int intersectLines(const Entity& a, const Entity& b, Point& at);
+// Misses: Parallel, Apart. Near-vertical segments take the slope that nonZero gives them, so two
+// vertical ones of different length still meet somewhere.
+Crossing intersectLines(const Entity& a, const Entity& b);
 
-// A code of lineCircle below 1 is passed on.
-int intersectLineArc(const Entity& line, const Entity& arc, float tolerence, PointPair& at);
+// Misses: those of lineCircle, Apart.
+Crossing intersectLineArc(const Entity& line, const Entity& arc, float tolerence);
 
-int intersectArcs(const Entity& a, const Entity& b, float tolerence, PointPair& at);
+// Miss: Apart.
+Crossing intersectArcs(const Entity& a, const Entity& b, float tolerence);
 
-// Dispatches on 10 * type of the first + type of the second; kNoCrossing for kinds without a rule.
-// Two lines write the first point alone.
-int intersectEntities(const Entity& a, const Entity& b, float tolerence, PointPair& at);
+// Dispatches on 10 * type of the first + type of the second; NoRule for other kinds.
+Crossing intersectEntities(const Entity& a, const Entity& b, float tolerence);
 
-// The same for rows of the tables; kSameRow for equal indices.
-int intersectSegs(const DrawingStore& store, int sgA, int sgB, PointPair& at);
-int intersectPathSegs(const DrawingStore& store, int psA, int psB, PointPair& at);
-int intersectWithSeg(const DrawingStore& store, const Entity& entity, int sg, PointPair& at);
+// The same for rows of the tables; SameRow for equal indices.
+Crossing intersectSegs(const DrawingStore& store, int sgA, int sgB);
+Crossing intersectPathSegs(const DrawingStore& store, int psA, int psB);
+Crossing intersectWithSeg(const DrawingStore& store, const Entity& entity, int sg);
 
 }  // namespace tess

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "geometry/angles.h"
+#include "geometry/circles.h"
 
 namespace tess {
 namespace {
@@ -37,8 +38,12 @@ Foot footOnLine(Point start, Point end, Point at) {
 }
 
 // Both hits of the line from `at` through the centre.
-int castThroughCenter(const Circle& circle, Point at, float tolerence, PointPair& hits) {
-  return lineCircle(at, chordSlope(circle.center, at), circle, tolerence, hits);
+CircleHits castThroughCenter(const Circle& circle, Point at, float tolerence) {
+  return lineCircle(at, chordSlope(circle.center, at), circle, tolerence);
+}
+
+NearestPoint foundAt(Point at) {
+  return {Miss::None, at};
 }
 
 // A tie goes to the second.
@@ -64,62 +69,47 @@ Point nearestOnRect(Point corner, Point opposite, Point at) {
   return nearest;
 }
 
-int nearestOnArc(const Entity& arc, Point at, float tolerence, Point& nearest) {
+NearestPoint nearestOnArc(const Entity& arc, Point at, float tolerence) {
   // By the end point, where every other routine goes by the start.
   const Circle circle{arc.center, distance(arc.end, arc.center)};
-  PointPair hits;
-  const int code = castThroughCenter(circle, at, tolerence, hits);
-  if (code < 1) return code;
+  const CircleHits hits = castThroughCenter(circle, at, tolerence);
+  if (!hits) return {.miss = hits.miss};
   const float a = vectorAngle(arc.center, arc.start);
   const float b = vectorAngle(arc.center, arc.end);
-  const bool first = angleInSweep(vectorAngle(arc.center, hits.first), a, b, arc.type);
-  const bool second = angleInSweep(vectorAngle(arc.center, hits.second), a, b, arc.type);
-  if (first && second) {
-    nearest = nearerOf(hits, at);
-  } else if (first || second) {
-    nearest = first ? hits.first : hits.second;
-  } else {
-    nearest = nearerOf({arc.start, arc.end}, at);
+  const bool first = angleInSweep(vectorAngle(arc.center, hits.at.first), a, b, arc.type);
+  const bool second = angleInSweep(vectorAngle(arc.center, hits.at.second), a, b, arc.type);
+  if (first && second) return foundAt(nearerOf(hits.at, at));
+  if (first || second) return foundAt(first ? hits.at.first : hits.at.second);
+  return foundAt(nearerOf({arc.start, arc.end}, at));
+}
+
+NearestPoint nearestOnCircle(Point center, Point onCircle, Point at, float tolerence) {
+  const CircleHits hits = castThroughCenter({center, distance(onCircle, center)}, at, tolerence);
+  return hits ? foundAt(nearerOf(hits.at, at)) : NearestPoint{.miss = hits.miss};
+}
+
+NearestPoint nearestOnSegment(const Entity& segment, Point at, float tolerence) {
+  if (isArc(segment.type)) return nearestOnArc(segment, at, tolerence);
+  if (segment.type == kCircle) {
+    return nearestOnCircle(segment.center, segment.start, at, tolerence);
   }
-  return kFound;
+  if (segment.type == kLine) return foundAt(nearestOnLine(segment.start, segment.end, at));
+  if (segment.type == kRectangle) return foundAt(nearestOnRect(segment.start, segment.end, at));
+  return {.miss = Miss::NoRule};
 }
 
-int nearestOnCircle(Point center, Point onCircle, Point at, float tolerence, Point& nearest) {
-  PointPair hits;
-  const int code = castThroughCenter({center, distance(onCircle, center)}, at, tolerence, hits);
-  if (code < 1) return code;
-  nearest = nearerOf(hits, at);
-  return kFound;
+NearestPoint nearestOnPath(const Entity& path, Point at, float tolerence) {
+  if (isArc(path.type)) return nearestOnArc(path, at, tolerence);
+  if (path.type == kLine) return foundAt(nearestOnLine(path.start, path.end, at));
+  return foundAt(isPointCycle(path.type) ? path.end : Point{});
 }
 
-int nearestOnSegment(const Entity& segment, Point at, float tolerence, Point& nearest) {
-  if (isArc(segment.type)) return nearestOnArc(segment, at, tolerence, nearest);
-  if (segment.type == kCircle)
-    return nearestOnCircle(segment.center, segment.start, at, tolerence, nearest);
-  if (segment.type == kLine) {
-    nearest = nearestOnLine(segment.start, segment.end, at);
-    return kFound;
-  }
-  if (segment.type == kRectangle) {
-    nearest = nearestOnRect(segment.start, segment.end, at);
-    return kFound;
-  }
-  return kNoPoint;
+NearestPoint nearestOnSeg(const DrawingStore& store, int sg, Point at) {
+  return nearestOnSegment(segmentEntity(store, sg), at, store.cfg_tolerance);
 }
 
-int nearestOnPath(const Entity& path, Point at, float tolerence, Point& nearest) {
-  if (isArc(path.type)) return nearestOnArc(path, at, tolerence, nearest);
-  if (path.type == kLine) nearest = nearestOnLine(path.start, path.end, at);
-  if (isPointCycle(path.type)) nearest = path.end;
-  return kFound;
-}
-
-int nearestOnSeg(const DrawingStore& store, int sg, Point at, Point& nearest) {
-  return nearestOnSegment(segmentEntity(store, sg), at, store.cfg_tolerance, nearest);
-}
-
-int nearestOnPathSeg(const DrawingStore& store, int ps, Point at, Point& nearest) {
-  return nearestOnPath(pathEntity(store, ps), at, store.cfg_tolerance, nearest);
+NearestPoint nearestOnPathSeg(const DrawingStore& store, int ps, Point at) {
+  return nearestOnPath(pathEntity(store, ps), at, store.cfg_tolerance);
 }
 
 }  // namespace tess

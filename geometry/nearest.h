@@ -1,17 +1,24 @@
 // The nearest point on one entity.
-//
-// A routine that can fail gives kFound, or a code below 1 with its output untouched.
-// Owns: kFound, kNoPoint, nearestOnLine, nearestOnArc, nearestOnCircle, nearestOnRect,
-//       nearestOnSeg, nearestOnPathSeg, isPointCycle.
+// Owns: NearestPoint, nearestOnLine, nearestOnArc, nearestOnCircle, nearestOnRect, nearestOnSeg,
+//       nearestOnPathSeg, nearestOnSegment, nearestOnPath, isPointCycle.
 #pragma once
 
-#include "geometry/circles.h"
+#include <optional>
+
 #include "geometry/entity.h"
+#include "geometry/miss.h"
 
 namespace tess {
 
-inline constexpr int kFound = 1;
-inline constexpr int kNoPoint = 0;  // a kind of row that has no nearest point
+// Misses of arcs and circles are those of lineCircle.
+struct NearestPoint {
+  Miss miss = Miss::NoRule;
+  Point at{};
+  explicit operator bool() const { return miss == Miss::None; }
+  std::optional<Point> found() const {
+    return miss == Miss::None ? std::optional(at) : std::nullopt;
+  }
+};
 
 // Machine cycles that are points: their place is the end point.
 constexpr bool isPointCycle(int pstype) {
@@ -25,22 +32,22 @@ Point nearestOnLine(Point start, Point end, Point at);
 // The nearest of the four sides of the rectangle with these opposite corners.
 Point nearestOnRect(Point corner, Point opposite, Point at);
 
-// The nearest point of the arc's sweep. A code of lineCircle below 1 is passed on.
-int nearestOnArc(const Entity& arc, Point at, float tolerence, Point& nearest);
+// The nearest point of the arc's sweep.
+NearestPoint nearestOnArc(const Entity& arc, Point at, float tolerence);
 
-// The nearer of the two hits of the line through the centre. A code below 1 is passed on.
-int nearestOnCircle(Point center, Point onCircle, Point at, float tolerence, Point& nearest);
+// The nearer of the two hits of the line through the centre.
+NearestPoint nearestOnCircle(Point center, Point onCircle, Point at, float tolerence);
 
-// The nearest point of row `sg` by its kind; kNoPoint for other kinds than lines, arcs, circles and
+// The nearest point of row `sg` by its kind; NoRule for other kinds than lines, arcs, circles and
 // rectangles.
-int nearestOnSeg(const DrawingStore& store, int sg, Point at, Point& nearest);
+NearestPoint nearestOnSeg(const DrawingStore& store, int sg, Point at);
 
-// The same for path row `ps`: lines, arcs and the cycles that are points. Other kinds report
-// kFound too and leave the output alone.
-int nearestOnPathSeg(const DrawingStore& store, int ps, Point at, Point& nearest);
+// The same for path row `ps`: lines, arcs and the cycles that are points.
+// Fixed: any other kind answers with (0, 0), and scripts are told that it was found.
+NearestPoint nearestOnPathSeg(const DrawingStore& store, int ps, Point at);
 
 // The same for entities already taken from the tables.
-int nearestOnSegment(const Entity& segment, Point at, float tolerence, Point& nearest);
-int nearestOnPath(const Entity& path, Point at, float tolerence, Point& nearest);
+NearestPoint nearestOnSegment(const Entity& segment, Point at, float tolerence);
+NearestPoint nearestOnPath(const Entity& path, Point at, float tolerence);
 
 }  // namespace tess

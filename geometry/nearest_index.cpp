@@ -31,11 +31,11 @@ struct Nearest {
   float away = kFarthest;
 };
 
-// `nearestPoint(entry, point)` gives an entry's nearest point, or false to pass it over.
-template <typename NearestPoint>
+// `nearestPoint(entry)` gives an entry's nearest point, or a miss to pass it over.
+template <typename NearestOf>
 class Search {
  public:
-  Search(const BoxIndex& boxes, Point at, double slack, NearestPoint nearestPoint)
+  Search(const BoxIndex& boxes, Point at, double slack, NearestOf nearestPoint)
       : boxes_(boxes), at_(at), slack_(slack), nearestPoint_(nearestPoint) {}
 
   int run() {
@@ -64,9 +64,9 @@ class Search {
     boxes_.rowsOverlapping(square(reach), /*after=*/0, entries_);
     Nearest nearest;
     for (const int entry : entries_) {
-      Point point;
-      if (!nearestPoint_(entry, point)) continue;
-      const float away = distance(at_, point);
+      const NearestPoint point = nearestPoint_(entry);
+      if (!point) continue;
+      const float away = distance(at_, point.at);
       if (away < nearest.away) nearest = {entry, away};
     }
     return nearest;
@@ -75,21 +75,17 @@ class Search {
   const BoxIndex& boxes_;
   Point at_;
   double slack_;
-  NearestPoint nearestPoint_;
+  NearestOf nearestPoint_;
   std::vector<int> entries_;
 };
 
-bool nearestEnd(const BoxIndex& ends, Point at, Point& nearest) {
+std::optional<Point> nearestEnd(const BoxIndex& ends, Point at) {
   const auto pointOf = [&](int entry) {
     const Box& box = ends.box(entry);
-    return Point{box.minX, box.minY};
+    return NearestPoint{Miss::None, {box.minX, box.minY}};
   };
-  const int entry = Search(ends, at, /*slack=*/0, [&](int candidate, Point& point) {
-                      point = pointOf(candidate);
-                      return true;
-                    }).run();
-  if (entry > 0) nearest = pointOf(entry);
-  return entry > 0;
+  const int entry = Search(ends, at, /*slack=*/0, pointOf).run();
+  return entry > 0 ? pointOf(entry).found() : std::nullopt;
 }
 
 Box rowBox(const FindableRow& row) {
@@ -171,12 +167,12 @@ void NearestSegIndex::update(int sg) {
 
 int NearestSegIndex::nearestSeg(Point at) const {
   return Search(boxes_.rows(), at, boxes_.slack(at),
-                [&](int sg, Point& point) { return nearestPointOfRow(store_, sg, at, point); })
+                [&](int sg) { return nearestPointOfRow(store_, sg, at); })
       .run();
 }
 
-bool NearestSegIndex::nearestSegEndpoint(Point at, Point& end) const {
-  return nearestEnd(boxes_.ends(), at, end);
+std::optional<Point> NearestSegIndex::nearestSegEndpoint(Point at) const {
+  return nearestEnd(boxes_.ends(), at);
 }
 
 NearestPathIndex::NearestPathIndex(const DrawingStore& store)
@@ -189,12 +185,12 @@ void NearestPathIndex::update(int ps) {
 
 int NearestPathIndex::nearestPathSeg(Point at) const {
   return Search(boxes_.rows(), at, boxes_.slack(at),
-                [&](int ps, Point& point) { return nearestPointOfPathRow(store_, ps, at, point); })
+                [&](int ps) { return nearestPointOfPathRow(store_, ps, at); })
       .run();
 }
 
-bool NearestPathIndex::nearestPathEndpoint(Point at, Point& end) const {
-  return nearestEnd(boxes_.ends(), at, end);
+std::optional<Point> NearestPathIndex::nearestPathEndpoint(Point at) const {
+  return nearestEnd(boxes_.ends(), at);
 }
 
 }  // namespace tess

@@ -44,7 +44,7 @@ class NearestSegIndex {
 
   // What the scans of these names give.
   int nearestSeg(Point at) const;
-  bool nearestSegEndpoint(Point at, Point& end) const;
+  std::optional<Point> nearestSegEndpoint(Point at) const;
 
  private:
   const DrawingStore& store_;
@@ -58,7 +58,7 @@ class NearestPathIndex {
   void update(int ps);
 
   int nearestPathSeg(Point at) const;  // of all groups
-  bool nearestPathEndpoint(Point at, Point& end) const;
+  std::optional<Point> nearestPathEndpoint(Point at) const;
 
  private:
   const DrawingStore& store_;

@@ -1,23 +1,25 @@
 // Plain linear passes over the tables, one metric each.
 #include "geometry/nearest_scans.h"
 
+#include <array>
+
 #include "geometry/nearest.h"
 #include "geometry/row_boxes.h"
 
 namespace tess {
 namespace {
 
-// `nearestPoint(row, point)` gives a row's nearest point, or false for a row that does not count;
+// `nearestPoint(row)` gives a row's nearest point, or a miss for a row that does not count;
 // `least(row)` what its distance cannot be below.
-template <typename LeastDistance, typename NearestPoint>
-int nearestRow(int rows, Point at, LeastDistance least, NearestPoint nearestPoint) {
+template <typename LeastDistance, typename NearestOf>
+int nearestRow(int rows, Point at, LeastDistance least, NearestOf nearestPoint) {
   float best = kFarthest;
   int found = 0;
   for (int row = 1; row <= rows; ++row) {
     if (least(row) > best) continue;
-    Point point;
-    if (!nearestPoint(row, point)) continue;
-    const float away = distance(at, point);
+    const NearestPoint point = nearestPoint(row);
+    if (!point) continue;
+    const float away = distance(at, point.at);
     if (away >= best) continue;
     best = away;
     found = row;
@@ -25,27 +27,27 @@ int nearestRow(int rows, Point at, LeastDistance least, NearestPoint nearestPoin
   return found;
 }
 
-template <typename NearestPoint>
-int nearestRow(int rows, Point at, NearestPoint nearestPoint) {
+template <typename NearestOf>
+int nearestRow(int rows, Point at, NearestOf nearestPoint) {
   return nearestRow(
       rows, at, [](int /*row*/) { return 0.0; }, nearestPoint);
 }
 
-// `endsOf(row, start, end)` gives a row's ends, or false for a row that does not count.
-template <typename EndsOf>
-bool nearestEnd(int rows, Point at, Point& nearest, EndsOf endsOf) {
+// Of the rows that count.
+template <typename Counts, typename EndsOf>
+std::optional<Point> nearestEnd(int rows, Point at, Counts counts, EndsOf endsOf) {
   float best = kFarthest;
+  Point nearest;
   for (int row = 1; row <= rows; ++row) {
-    Point ends[2];
-    if (!endsOf(row, ends[0], ends[1])) continue;
-    for (const Point& end : ends) {
+    if (!counts(row)) continue;
+    for (const Point& end : endsOf(row)) {
       const float away = distance(at, end);
       if (away >= best) continue;
       best = away;
       nearest = end;
     }
   }
-  return best < kFarthest;
+  return best < kFarthest ? std::optional(nearest) : std::nullopt;
 }
 
 bool inGroup(const DrawingStore& store, int ps, double group) {
@@ -55,58 +57,55 @@ bool inGroup(const DrawingStore& store, int ps, double group) {
 }  // namespace
 
 int nearestLineSeg(const DrawingStore& store, Point at) {
-  return nearestRow(store.NumSegments, at, [&](int sg, Point& nearest) {
-    return store.segtype[sg] == kLine && nearestOnSeg(store, sg, at, nearest) == kFound;
+  return nearestRow(store.NumSegments, at, [&](int sg) {
+    return store.segtype[sg] == kLine ? nearestOnSeg(store, sg, at) : NearestPoint{};
   });
 }
 
 int nearestArcSeg(const DrawingStore& store, Point at) {
-  return nearestRow(store.NumSegments, at, [&](int sg, Point& nearest) {
-    return isArc(store.segtype[sg]) && nearestOnSeg(store, sg, at, nearest) == kFound;
+  return nearestRow(store.NumSegments, at, [&](int sg) {
+    return isArc(store.segtype[sg]) ? nearestOnSeg(store, sg, at) : NearestPoint{};
   });
 }
 
 int nearestRoundSeg(const DrawingStore& store, Point at) {
-  return nearestRow(store.NumSegments, at, [&](int sg, Point& nearest) {
-    if (!isRound(store.segtype[sg])) return false;
-    return nearestOnArc(segmentEntity(store, sg), at, store.cfg_tolerance, nearest) == kFound;
+  return nearestRow(store.NumSegments, at, [&](int sg) {
+    if (!isRound(store.segtype[sg])) return NearestPoint{};
+    return nearestOnArc(segmentEntity(store, sg), at, store.cfg_tolerance);
   });
 }
 
-bool nearestPointOfRow(const DrawingStore& store, int sg, Point at, Point& nearest) {
-  if (store.segtype[sg] != kPoint) return nearestOnSeg(store, sg, at, nearest) == kFound;
-  nearest = {store.x1[sg], store.y1[sg]};
-  return true;
+NearestPoint nearestPointOfRow(const DrawingStore& store, int sg, Point at) {
+  if (store.segtype[sg] != kPoint) return nearestOnSeg(store, sg, at);
+  return {Miss::None, {store.x1[sg], store.y1[sg]}};
 }
 
-bool nearestPointOfPathRow(const DrawingStore& store, int ps, Point at, Point& nearest) {
+NearestPoint nearestPointOfPathRow(const DrawingStore& store, int ps, Point at) {
   const int type = store.pstype[ps];
   const bool measurable = type == kLine || isArc(type) || isPointCycle(type);
-  return measurable && nearestOnPathSeg(store, ps, at, nearest) == kFound;
+  return measurable ? nearestOnPathSeg(store, ps, at) : NearestPoint{};
 }
 
 int nearestSeg(const DrawingStore& store, Point at) {
   const auto least = [&](int sg) {
     return leastDistance(segmentEntity(store, sg), at, store.cfg_tolerance);
   };
-  return nearestRow(store.NumSegments, at, least, [&](int sg, Point& nearest) {
-    return nearestPointOfRow(store, sg, at, nearest);
-  });
+  return nearestRow(store.NumSegments, at, least,
+                    [&](int sg) { return nearestPointOfRow(store, sg, at); });
 }
 
 int nearestSelectedSeg(const DrawingStore& store, Point at) {
-  return nearestRow(store.NumSegments, at, [&](int sg, Point& nearest) {
-    return store.segattr[sg] == kVerifiedRow && nearestPointOfRow(store, sg, at, nearest);
+  return nearestRow(store.NumSegments, at, [&](int sg) {
+    return store.segattr[sg] == kVerifiedRow ? nearestPointOfRow(store, sg, at) : NearestPoint{};
   });
 }
 
 int nearestPathChord(const DrawingStore& store, Point at) {
-  return nearestRow(store.NumPathSegments, at, [&](int ps, Point& nearest) {
+  return nearestRow(store.NumPathSegments, at, [&](int ps) {
     const int type = store.pstype[ps];
-    if (!store.psvisible[ps] || (type != kLine && !isArc(type))) return false;
+    if (!store.psvisible[ps] || (type != kLine && !isArc(type))) return NearestPoint{};
     const Entity row = pathEntity(store, ps);
-    nearest = nearestOnLine(row.start, row.end, at);
-    return true;
+    return NearestPoint{Miss::None, nearestOnLine(row.start, row.end, at)};
   });
 }
 
@@ -114,26 +113,27 @@ int nearestPathSeg(const DrawingStore& store, Point at, double group) {
   const auto least = [&](int ps) {
     return leastDistance(pathEntity(store, ps), at, store.cfg_tolerance);
   };
-  return nearestRow(store.NumPathSegments, at, least, [&](int ps, Point& nearest) {
-    return store.psvisible[ps] && inGroup(store, ps, group) &&
-           nearestPointOfPathRow(store, ps, at, nearest);
+  return nearestRow(store.NumPathSegments, at, least, [&](int ps) {
+    const bool counts = store.psvisible[ps] && inGroup(store, ps, group);
+    return counts ? nearestPointOfPathRow(store, ps, at) : NearestPoint{};
   });
 }
 
-bool nearestSegEndpoint(const DrawingStore& store, Point at, Point& end) {
-  return nearestEnd(store.NumSegments, at, end, [&](int sg, Point& first, Point& second) {
-    first = {store.x0[sg], store.y0[sg]};
-    second = {store.x1[sg], store.y1[sg]};
-    return true;
-  });
+std::optional<Point> nearestSegEndpoint(const DrawingStore& store, Point at) {
+  return nearestEnd(
+      store.NumSegments, at, [](int /*sg*/) { return true; },
+      [&](int sg) {
+        return std::array<Point, 2>{{{store.x0[sg], store.y0[sg]}, {store.x1[sg], store.y1[sg]}}};
+      });
 }
 
-bool nearestPathEndpoint(const DrawingStore& store, Point at, Point& end) {
-  return nearestEnd(store.NumPathSegments, at, end, [&](int ps, Point& first, Point& second) {
-    first = {store.psx0[ps], store.psy0[ps]};
-    second = {store.psx1[ps], store.psy1[ps]};
-    return static_cast<bool>(store.psvisible[ps]);
-  });
+std::optional<Point> nearestPathEndpoint(const DrawingStore& store, Point at) {
+  return nearestEnd(
+      store.NumPathSegments, at, [&](int ps) { return store.psvisible[ps]; },
+      [&](int ps) {
+        return std::array<Point, 2>{
+            {{store.psx0[ps], store.psy0[ps]}, {store.psx1[ps], store.psy1[ps]}}};
+      });
 }
 
 }  // namespace tess

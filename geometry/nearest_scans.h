@@ -8,7 +8,10 @@
 //       nearestPointOfPathRow.
 #pragma once
 
+#include <optional>
+
 #include "core/drawing_store.h"
+#include "geometry/nearest.h"
 #include "geometry/points.h"
 
 namespace tess {
@@ -28,14 +31,13 @@ int nearestSelectedSeg(const DrawingStore& store, Point at);
 int nearestPathChord(const DrawingStore& store, Point at);
 int nearestPathSeg(const DrawingStore& store, Point at, double group);
 
-// The nearest end of any drawing row, or of a visible path row, the start before the end. False,
-// with `end` untouched, when there is none.
-bool nearestSegEndpoint(const DrawingStore& store, Point at, Point& end);
-bool nearestPathEndpoint(const DrawingStore& store, Point at, Point& end);
+// The nearest end of any drawing row, or of a visible path row, the start before the end.
+std::optional<Point> nearestSegEndpoint(const DrawingStore& store, Point at);
+std::optional<Point> nearestPathEndpoint(const DrawingStore& store, Point at);
 
-// What nearestSeg and nearestPathSeg measure to: the nearest point of one row. False for rows they
+// What nearestSeg and nearestPathSeg measure to: the nearest point of one row. A miss for rows they
 // pass over.
-bool nearestPointOfRow(const DrawingStore& store, int sg, Point at, Point& nearest);
-bool nearestPointOfPathRow(const DrawingStore& store, int ps, Point at, Point& nearest);
+NearestPoint nearestPointOfRow(const DrawingStore& store, int sg, Point at);
+NearestPoint nearestPointOfPathRow(const DrawingStore& store, int ps, Point at);
 
 }  // namespace tess

@@ -1,6 +1,6 @@
 // Places and directions of the plane in 64 bits: the ground of all geometry that is not bound to
 // the 32-bit formulas of the tables.
-// Owns: PlanePoint, dot, cross, lengthOf, leftOf, unitOf, isStorable.
+// Owns: PlanePoint, dot, cross, lengthOf, normOf, leftOf, unitOf, isStorable.
 #pragma once
 
 #include <cmath>
@@ -25,6 +25,10 @@ inline double cross(PlanePoint a, PlanePoint b) {
 }
 inline double lengthOf(PlanePoint a) {
   return std::hypot(a.x, a.y);
+}
+// The same for what the tables can hold, whose squares are numbers too: in half the time.
+inline double normOf(PlanePoint a) {
+  return std::sqrt(dot(a, a));
 }
 inline PlanePoint leftOf(PlanePoint a) {
   return {-a.y, a.x};

@@ -396,7 +396,7 @@ void readDxf(DxfDocument& document, std::string_view content, const std::string&
 
 void readDxfFile(DxfDocument& document, const std::string& path) {
   const Procedure here("readDxfFile(document,path)");
-  const std::string content = readFile(path);
+  const std::string content = readFile(path, kLargestDxf);
   readDxf(document, content, std::string(fileNameOf(path)));
 }
 

@@ -150,11 +150,11 @@ void importDxf(const DxfDocument& document, const DrawingStore& store, DxfRows& 
                      .tolerence = store.cfg_tolerance});
 }
 
-void alignRows(DrawingStore& store, int first, int last) {
+void alignRows(Change& change, const DrawingStore& store, int first, int last) {
   const auto box = GetSegmentExtents(store, first, last);
   if (!box) return;
-  for (int sg = first; sg <= last; ++sg) {
-    SegmentRow row = segmentRow(store, sg);
+  const auto align = [&](int sg, SegmentRow& row) {
+    if (sg < first || sg > last) return false;
     row.x0 -= box->minx;
     row.y0 -= box->miny;
     row.x1 -= box->minx;
@@ -164,8 +164,9 @@ void alignRows(DrawingStore& store, int first, int last) {
       row.xc -= box->minx;
       row.yc -= box->miny;
     }
-    setSegmentRow(store, sg, row);
-  }
+    return true;
+  };
+  change.segments.replaceWhere(align, Entry::Unlogged);
 }
 
 }  // namespace tess

@@ -25,6 +25,6 @@ void importDxf(const DxfDocument& document, const DrawingStore& store, DxfRows& 
 
 // Moves rows `first` to `last` so that their box begins at (0, 0); leaves rows without a box with
 // width and height where they are.
-void alignRows(DrawingStore& store, int first, int last);
+void alignRows(Change& change, const DrawingStore& store, int first, int last);
 
 }  // namespace tess

@@ -28,13 +28,12 @@ SegmentRow narrowed(const DxfRow& row) {
 
 bool DxfRows::add(const DxfRow& row) {
   if (stopped_) return false;
-  if (store_.NumSegments == kMostRows) {
+  if (change_.segments.count() == kMostRows) {
     ++lost_;
     return false;
   }
   try {
-    AddSeg(store_, narrowed(row), nullptr);
-    store_.drawingsaved = false;
+    change_.segments.append(narrowed(row), Entry::Unlogged);
     return true;
   } catch (const RuntimeFailure& failure) {
     takeCallChain();

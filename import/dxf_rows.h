@@ -9,8 +9,8 @@
 #include <string_view>
 #include <vector>
 
-#include "core/drawing_store.h"
 #include "core/host.h"
+#include "drafting/change.h"
 #include "import/dxf_document.h"
 
 namespace tess {
@@ -23,14 +23,18 @@ struct DxfRow {
 
 class DxfRows {
  public:
-  DxfRows(DrawingStore& store, Prompts& prompts, const DxfDocument& document)
-      : store_(store), prompts_(prompts), document_(document), first_(store.NumSegments + 1) {}
+  // The rows become part of `change`.
+  DxfRows(Change& change, Prompts& prompts, const DxfDocument& document)
+      : change_(change),
+        prompts_(prompts),
+        document_(document),
+        first_(change.segments.count() + 1) {}
 
   // The entity that the following rows come from, for messages.
   void begin(const DxfEntity& entity) { entity_ = &entity; }
-  // Appends a row of class 8; false when it could not. A coordinate that is no 32-bit number asks
-  // whether to go on; a No stops: from then on nothing is added. Rows that the drawing has no room
-  // for are counted.
+  // Appends a row of class 8, unlogged; false when it could not. A coordinate that is no 32-bit
+  // number asks whether to go on; a No stops: from then on nothing is added. Rows that the drawing
+  // has no room for are counted.
   bool add(const DxfRow& row);
   // Takes note that there would be more rows than are going to be added.
   void addMore() { more_ = true; }
@@ -48,7 +52,7 @@ class DxfRows {
   bool askToGoOn(const RuntimeFailure& failure);
   std::string troubleOf(const RuntimeFailure& failure) const;
 
-  DrawingStore& store_;
+  Change& change_;
   Prompts& prompts_;
   const DxfDocument& document_;
   const int first_;

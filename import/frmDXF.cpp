@@ -116,19 +116,24 @@ DxfImportOptions frmDXF::options() const {
 
 void frmDXF::cmdImport2TESS_Click() {
   const Procedure here("frmDXF.cmdImport2TESS_Click()");
-  DxfRows rows(desk_.store, desk_.session.host.prompts, reader_);
+  Change change(desk_.changes);
+  DxfRows rows(change, desk_.session.host.prompts, reader_);
   importDxf(reader_, desk_.store, rows, options());
   if (rows.stopped()) {
+    change.keep({.redraws = false});
     desk_.redraw.redrawscreen();
   } else {
-    finish(rows);
+    finish(rows, change);
   }
 }
 
-void frmDXF::finish(const DxfRows& rows) {
+void frmDXF::finish(const DxfRows& rows, Change& change) {
   showLostRows(rows);
   showUnconverted(rows);
-  if (chkAutoAlign.isChecked()) alignRows(desk_.store, rows.first(), desk_.store.NumSegments);
+  if (chkAutoAlign.isChecked()) {
+    alignRows(change, desk_.store, rows.first(), desk_.store.NumSegments);
+  }
+  change.keep({.redraws = false});
   showDrawing();
   close();
 }

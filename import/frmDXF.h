@@ -45,7 +45,7 @@ class frmDXF : public Form {
   void showFault(const std::string& trouble);
   void showLostRows(const DxfRows& rows);
   void showUnconverted(const DxfRows& rows);
-  void finish(const DxfRows& rows);
+  void finish(const DxfRows& rows, Change& change);
   void showDrawing();
   DxfImportOptions options() const;
 

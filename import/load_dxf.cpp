@@ -56,7 +56,7 @@ void skipTo(FieldReader& fields, std::string_view text) {
 // The entities of a section, each made into its row when the next one begins.
 class PlainEntities {
  public:
-  explicit PlainEntities(DrawingStore& store) : store_(store) {}
+  explicit PlainEntities(SegmentChanges& segments) : segments_(segments) {}
 
   void begin(const std::string& type) {
     complete();
@@ -93,7 +93,7 @@ class PlainEntities {
     double startAngle = 0, endAngle = 0;  // in degrees
   };
 
-  void add(const SegmentRow& row) { AddSeg(store_, row, nullptr); }
+  void add(const SegmentRow& row) { segments_.append(row, Entry::Unlogged); }
 
   Point onArc(double degrees) const {
     const double angle = degrees * kRadiansPerDegree;
@@ -146,7 +146,7 @@ class PlainEntities {
     add({.type = type, .x0 = pen_.x, .y0 = pen_.y, .x1 = end.x, .y1 = end.y});
   }
 
-  DrawingStore& store_;
+  SegmentChanges& segments_;
   std::string type_;
   Groups groups_;
   std::optional<Point> runStart_;  // the first vertex of a run
@@ -158,12 +158,25 @@ void forgetSelectionAndPaste(Session& session) {
   session.listener.Clear_Paste();
 }
 
+// A file that is cut off has replaced the drawing all the same: what was read of it stays.
+void readWhatThereIs(Changes& changes, FieldReader& fields) {
+  Change change(changes);
+  change.marksUnsaved();
+  try {
+    readPlainDxf(change, fields);
+  } catch (...) {
+    change.keep({.redraws = false});
+    throw;
+  }
+  change.keep({.redraws = false});
+}
+
 }  // namespace
 
-void readPlainDxf(DrawingStore& store, FieldReader& fields) {
+void readPlainDxf(Change& change, FieldReader& fields) {
   skipTo(fields, "SECTION");
   skipTo(fields, "ENTITIES");
-  PlainEntities entities(store);
+  PlainEntities entities(change.segments);
   while (true) {
     const PlainGroup group = nextGroup(fields);
     if (group.code != 0) {
@@ -178,11 +191,10 @@ void readPlainDxf(DrawingStore& store, FieldReader& fields) {
 
 void load_dxf(Desk& desk, const std::string& path) {
   const Procedure here("load_dxf(path)");
-  FieldReader fields = FieldReader::open(path);
+  FieldReader fields = FieldReader::open(path, kLargestDxf);
   new_drawing(desk.session);
   forgetSelectionAndPaste(desk.session);
-  readPlainDxf(desk.store, fields);
-  desk.store.drawingsaved = false;
+  readWhatThereIs(desk.changes, fields);
   desk.viewCommands.fitview(/*keepview=*/false);
 }
 

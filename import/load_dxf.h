@@ -15,8 +15,8 @@ namespace tess {
 // line and field; the rows before the trouble are in the drawing then.
 void load_dxf(Desk& desk, const std::string& path);
 
-// Appends what the text holds. Raises Input past end of file for a text that does not reach its end
-// of section.
-void readPlainDxf(DrawingStore& store, FieldReader& fields);
+// Appends what the text holds, unlogged. Raises Input past end of file for a text that does not
+// reach its end of section.
+void readPlainDxf(Change& change, FieldReader& fields);
 
 }  // namespace tess

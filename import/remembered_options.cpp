@@ -27,7 +27,7 @@ std::string entry(bool exact) {
 
 bool exactGeometryRemembered(const Session& session) {
   const std::string file = optionsFile(session);
-  return fileExists(file) && readFile(file).starts_with(entry(/*exact=*/true));
+  return fileExists(file) && readFile(file, kLargestSettings).starts_with(entry(/*exact=*/true));
 }
 
 void rememberExactGeometry(Session& session, bool exact) {

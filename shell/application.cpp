@@ -36,6 +36,8 @@ Application::Application(const Platform& platform)
   wireTools();
 }
 
+Application::~Application() = default;
+
 void Application::wireTools() {
   interaction.tools.onToolClick = [this](const std::string& tool) {
     guarded("frmMain.abMain_ToolClick(tool)", [&] { abMain_ToolClick(*this, tool); });
@@ -171,7 +173,12 @@ void Application::Listener::updateStatusDisplay() {
   application_.interaction.updateStatusDisplay();
 }
 
+void Application::Listener::rowsRewritten() {
+  application_.interaction.desk.changes.tellRewritten();
+}
+
 void Application::Listener::drawingReplaced() {
+  rowsRewritten();
   application_.interaction.showWholeDrawing();
 }
 

@@ -42,6 +42,7 @@ class GuardedTimers : public Timers {
 class Application {
  public:
   explicit Application(const Platform& platform);
+  ~Application();
 
   // Brings the program up as `Main` does, with the drawing named, "" for none, and the statistics
   // panel open. Raises what it does.
@@ -98,6 +99,7 @@ class Application {
     void resetPendingAction() override;
     void DisplayedFilename(const std::string& text) override;
     void updateStatusDisplay() override;
+    void rowsRewritten() override;
     void drawingReplaced() override;
     void recentFilesChanged() override;
     void brandingRead() override;

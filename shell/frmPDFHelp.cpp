@@ -9,6 +9,18 @@ namespace tess {
 namespace {
 
 constexpr char kManual[] = "tsmo_manual.pdf";
+constexpr char kUnreadable[] = "The manual cannot be read:\n";
+
+// Who shows the document would wait for a pipe.
+bool canBeRead(const std::string& path) {
+  try {
+    readBeginning(path, 1);
+    return true;
+  } catch (const RuntimeFailure&) {
+    takeCallChain();
+    return false;
+  }
+}
 
 std::string countText(std::size_t findings) {
   if (findings == 0) return "Nothing found";
@@ -61,7 +73,7 @@ frmPDFHelp::frmPDFHelp(const Session& session) : Form("frmPDFHelp"), session_(se
     if (lstFound.index() >= 0) Pdf1.showFinding(lstFound.index());
   };
   Pdf1.onFindings = [this] { showFindings(); };
-  Pdf1.onUnreadable = [this] { notice("The manual cannot be read:\n" + Pdf1.document()); };
+  Pdf1.onUnreadable = [this] { notice(kUnreadable + Pdf1.document()); };
 }
 
 void frmPDFHelp::prepareContents() {
@@ -85,6 +97,7 @@ void frmPDFHelp::showManual() {
   setCaption(session_.productname + " - Manual");
   const std::string path = resolvePath(session_.appfolder + kManual);
   if (!fileExists(path)) return notice("There is no manual. It would be here:\n" + path);
+  if (!canBeRead(path)) return notice(kUnreadable + path);
   lblNotice.setVisible(false);
   Pdf1.setVisible(true);
   txtSearch.setEnabled(true);

@@ -30,6 +30,8 @@ Interaction::Interaction(Session& session, const ScreenPorts& ports)
   ports.picDrawing.Move(clientArea());
 }
 
+Interaction::~Interaction() = default;
+
 void Interaction::readPressedTools() {
   desk.state.OSnapOn = tools.isChecked(kObjectSnapCommand.info.tool);
   desk.state.RevertOSnapFeatures();

@@ -30,6 +30,7 @@ struct ScreenPorts {
 class Interaction : public ViewHost, public RedrawListener, public DeskListener {
  public:
   Interaction(Session& session, const ScreenPorts& ports);
+  ~Interaction() override;
 
   // The pressed state of the grid, snap and editing tools becomes that of their flags, as after a
   // layout was loaded.

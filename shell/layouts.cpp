@@ -39,7 +39,7 @@ bool mayWrite(Session& session, const std::string& path) {
 }
 
 void loadFrom(Application& application, const std::string& path) {
-  if (application.interaction.tools.loadLayoutText(readFile(path))) return;
+  if (application.interaction.tools.loadLayoutText(readFile(path, kLargestSettings))) return;
   application.session.host.prompts.showMessage({.text = path + "\nis not a layout file.",
                                                 .title = application.session.productname,
                                                 .icon = MessageIcon::Warning});

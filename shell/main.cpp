@@ -1,12 +1,17 @@
 // The program's entry: reads the command line and picks the platform for the job.
+#include <csignal>
 #include <iostream>
 #include <unistd.h>
 
 #include "shell/automation/command_line.h"
 #include "shell/qt/desktop.h"
 #include "shell/qt/plot.h"
+#include "tools/jet_reader.h"
 
 int main(int argc, char** argv) {
+  if (tess::asksForJetReader(argc, argv)) return tess::runJetReader();
+  // A file that reaches the bound of its user's is a failed write, not the end of the program.
+  std::signal(SIGXFSZ, SIG_IGN);
   tess::CommandLine line = tess::parseCommandLine({argv + 1, argv + argc});
   line.showProgress = isatty(STDERR_FILENO) != 0;
   if (line.job == tess::Job::Window) {

@@ -22,7 +22,7 @@ struct CamDesk {
 
   Desk& desk;
   DrawingStore& store;
-  ChangeLog& changelog;
+  Changes& changes;
 
   // Width and height of the outline last accepted as a pocket; 0 until then.
   float PocketXDim = 0, PocketYDim = 0;

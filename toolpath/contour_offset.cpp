@@ -28,8 +28,7 @@ int signOnScreen(const CamDesk& cam, double difference) {
 
 // Where the click lies from the nearest point of row `sg`.
 SideSigns clickFrom(const CamDesk& cam, int sg, Point click) {
-  Point nearest = click;
-  nearestOnSeg(cam.store, sg, click, nearest);
+  const Point nearest = nearestOnSeg(cam.store, sg, click).found().value_or(click);
   return {signOnScreen(cam, static_cast<double>(click.x) - nearest.x),
           signOnScreen(cam, static_cast<double>(click.y) - nearest.y)};
 }
@@ -77,7 +76,7 @@ void insertElements(CamDesk& cam, const OffsetOrder& order, int first,
   for (const Entity& element : elements) {
     rows.push_back({first, pathRowOf(element, order.z, order.feed)});
   }
-  insertPathSegments(cam.store, rows, cam.store.selectedtool);
+  insertPathSegments(cam.changes, rows, cam.store.selectedtool);
 }
 
 bool wantsLeads(const DrawingStore& store, const OffsetOrder& order, int side) {
@@ -88,29 +87,19 @@ bool wantsLeads(const DrawingStore& store, const OffsetOrder& order, int side) {
 
 }  // namespace
 
-Placement::Placement(CamDesk& cam)
+Placement::Placement(CamDesk& cam, Step step)
     : cam_(cam),
       first_(pathInsertIndex(cam.store, cam.pathInsertMode, cam.pathInsertGroup)),
       rowsBefore_(cam.store.NumPathSegments),
-      recordsBefore_(cam.changelog.changecount) {}
-
-Placement::~Placement() {
-  if (kept_) return;
-  deletePathSegments(cam_.store, rows().first, rows().last);
-  ChangeLog& log = cam_.changelog;
-  if (log.changecount > recordsBefore_) log.changecount = log.changetop = recordsBefore_;
-}
+      change_(cam.changes, step) {}
 
 PlacedRows Placement::rows() const {
   return {first_, first_ - 1 + cam_.store.NumPathSegments - rowsBefore_};
 }
 
-void Placement::keep(bool startsStep) {
-  const auto [first, last] = rows();
-  for (int ps = first; ps <= last; ++ps) {
-    logPathSegment(cam_.changelog, cam_.store, ps, "A", startsStep && ps == first);
-  }
-  kept_ = true;
+void Placement::keep() {
+  change_.paths.logAdded(rows().first, rows().last);
+  change_.keep({.redraws = false});
 }
 
 void placePathChain(CamDesk& cam, const OffsetOrder& order, const Placement& placement) {

@@ -2,6 +2,7 @@
 // Owns: OffsetOrder, offsetPathChain, PlacedRows, Placement, placePathChain, connectPlacedRows.
 #pragma once
 
+#include "drafting/change.h"
 #include "toolpath/cam_desk.h"
 
 namespace tess {
@@ -38,22 +39,18 @@ struct PlacedRows {
 // place.
 class Placement {
  public:
-  explicit Placement(CamDesk& cam);
-  ~Placement();
-  Placement(const Placement&) = delete;
-  Placement& operator=(const Placement&) = delete;
+  // The rows are a step of their own, or go on with the one before.
+  explicit Placement(CamDesk& cam, Step step = Step::New);
 
   int first() const { return first_; }
   PlacedRows rows() const;
-  // Logs the rows, as a step of its own or as part of the one before.
-  void keep(bool startsStep = true);
+  void keep();
 
  private:
   CamDesk& cam_;
   int first_;
   int rowsBefore_;
-  int recordsBefore_;
-  bool kept_ = false;
+  Change change_;
 };
 
 // What offsetPathChain does, but for the log.

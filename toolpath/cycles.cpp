@@ -3,7 +3,6 @@
 
 #include "core/number_text.h"
 #include "drafting/pending_actions.h"
-#include "drafting/undo.h"
 #include "geometry/entity.h"
 #include "toolpath/dlgSelectCycle.h"
 #include "toolpath/toolpath_commands.h"
@@ -36,20 +35,19 @@ PathRow cycleRow(const DrawingStore& store, int cycle, Point from, Point to) {
           .code = store.currentpathgroup * kCodesPerGroup + store.selectedtool};
 }
 
-// Appends the row to the current group, logs and shows it.
-void placeCycle(CamDesk& cam, const PathRow& row, bool startsStep) {
-  DrawingStore& store = cam.store;
-  addPathSegment(store, row);
-  logPathSegment(cam.changelog, store, store.NumPathSegments, "A", startsStep);
-  store.showpaths = 1;
+// Appends the row to the current group and shows it.
+void placeCycle(CamDesk& cam, Change& change, const PathRow& row) {
+  const int ps = change.paths.append(row);
+  cam.store.showpaths = 1;
   cam.desk.session.listener.Update_menu_checks();
-  cam.desk.renderer.drawtoolpath(store.NumPathSegments, cam.desk.ScreenProxy);
-  enableUndo(cam.desk, kRowsAdded);
+  cam.desk.renderer.drawtoolpath(ps, cam.desk.ScreenProxy);
 }
 
 void placeInNewGroup(CamDesk& cam, int cycle, Point from, Point to) {
+  Change change(cam.changes);
   cam.store.currentpathgroup = nextPathGroup(cam.store);
-  placeCycle(cam, cycleRow(cam.store, cycle, from, to), /*startsStep=*/true);
+  placeCycle(cam, change, cycleRow(cam.store, cycle, from, to));
+  change.keep({.redraws = false});
 }
 
 Point marker(const DrawingStore& store) {
@@ -90,13 +88,15 @@ int cycleNumber(const std::string& cycletext) {
 void placeCyclesAtSelectedCircles(CamDesk& cam, int cycle) {
   DrawingStore& store = cam.store;
   bool placedAny = false;
+  Change change(cam.changes);
   for (int sg = 1; sg <= store.NumSegments; ++sg) {
     if (!isSelectedCircle(store, sg)) continue;
     if (!placedAny) store.currentpathgroup = nextPathGroup(store);
     const Point center = segmentEntity(store, sg).center;
-    placeCycle(cam, cycleRow(store, cycle, center, center), /*startsStep=*/!placedAny);
+    placeCycle(cam, change, cycleRow(store, cycle, center, center));
     placedAny = true;
   }
+  change.keep({.redraws = false});
   if (placedAny) refreshStatus(cam.desk);  // no click follows that would show the new count
 }
 

@@ -117,11 +117,10 @@ void OffsetChain::join(std::size_t earlier, std::size_t later, Point corner) {
 // crossing.
 bool OffsetChain::trim(std::size_t earlier, std::size_t later) {
   if (earlier == later) return false;
-  PointPair hits;
-  const int hit =
-      intersectEntities(elements_[earlier], elements_[later], settings_.tolerence, hits);
-  if (hit < 1) return false;
-  const Point at = hit == kFirstHit ? hits.first : hits.second;
+  const Crossing crossing =
+      intersectEntities(elements_[earlier], elements_[later], settings_.tolerence);
+  if (!crossing) return false;
+  const Point at = crossing.second ? crossing.at.second : crossing.at.first;
   elements_[earlier].end = at;
   elements_[later].start = at;
   return true;

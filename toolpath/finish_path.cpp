@@ -2,16 +2,19 @@
 #include "toolpath/finish_path.h"
 
 #include <cmath>
+#include <optional>
 
 #include "core/number_text.h"
 #include "display/pointer.h"
 #include "drafting/pending_actions.h"
+#include "drafting/row_edits.h"
 #include "geometry/nearest.h"
 #include "geometry/nearest_scans.h"
 #include "toolpath/contour_offset.h"
 #include "toolpath/frmFinishPath.h"
 #include "toolpath/gouge_avoidance.h"
 #include "toolpath/lead_moves.h"
+#include "toolpath/level_check.h"
 #include "toolpath/path_groups.h"
 #include "toolpath/path_placement.h"
 #include "toolpath/toolpath_commands.h"
@@ -56,12 +59,12 @@ Message leadQuestion(float length) {
 }
 
 void offerShorterLeads(CamDesk& cam, const PlacedRows& rows) {
-  float length = 0;
-  if (!checkLeadGouge(cam.store, rows.first, rows.last, length)) return;
-  const Answer answer = cam.desk.session.host.prompts.showMessage(leadQuestion(length));
+  const std::optional<float> length = checkLeadGouge(cam.store, rows.first, rows.last);
+  if (!length) return;
+  const Answer answer = cam.desk.session.host.prompts.showMessage(leadQuestion(*length));
   if (answer != Answer::Yes) return;
-  fitLeadLength(cam.store, rows.first, length, kFitStart);
-  fitLeadLength(cam.store, rows.last, length, kFitEnd);
+  fitLeadLength(cam.changes, rows.first, *length, kFitStart);
+  fitLeadLength(cam.changes, rows.last, *length, kFitEnd);
 }
 
 // Where the rows of all passes have come: those of the outlines as one block, copies at the end.
@@ -118,22 +121,34 @@ PassOrder passOrder(const CamDesk& cam) {
   return pass;
 }
 
+bool levelsArePossible(CamDesk& cam, const PassOrder& pass) {
+  const bool chain = cam.PlaceChain != 0;
+  return !pass.several || cam.numFinishPasses < 1 ||
+         canGoDown(cam, chain ? "Place Finish Path" : "Place One Path Segment", pass.offset.z,
+                   pass.floor);
+}
+
 void placeFinishPath(CamDesk& cam) {
-  const BusyPointer busy(cam.desk.systemPointer);
-  AddedRows added(cam);
   PassOrder pass = passOrder(cam);
+  if (!levelsArePossible(cam, pass)) return;
+  const BusyPointer busy(cam.desk.systemPointer);
+  Change change(cam.changes);
+  AddedRows added(cam);
   for (int number = cam.numFinishPasses; number >= 1; --number) {
     pass.offset.radius = passDistance(cam.store, number);
     placePass(cam, pass, added);
   }
   if (cam.store.cfg_connect_pocketing_paths) added.connect(cam);
+  change.keep({.redraws = false});
   showPlacedPaths(cam);
 }
 
 // ---- The clicks
 
 void clickStart(CamDesk& cam) {
-  if (!nearestSegEndpoint(cam.store, clickOf(cam), cam.finishStart)) return;
+  const std::optional<Point> start = nearestSegEndpoint(cam.store, clickOf(cam));
+  if (!start) return;
+  cam.finishStart = *start;
   cam.desk.state.setPendingaction(goOnWith(PendingAction::FinishDirection));
 }
 
@@ -149,8 +164,7 @@ void clickDirection(CamDesk& cam) {
     return;
   }
   cam.finishSegment = sg;
-  cam.finishDirection = cam.finishStart;  // what a row without a nearest point leaves it at
-  nearestOnSeg(cam.store, sg, click, cam.finishDirection);
+  cam.finishDirection = nearestOnSeg(cam.store, sg, click).found().value_or(cam.finishStart);
   cam.desk.state.setPendingaction(goOnWith(PendingAction::FinishReference));
 }
 
@@ -171,7 +185,7 @@ void repeatPlacement(CamDesk& cam) {
 void mnuCAMPlaceFinishPath_Click(CamDesk& cam) {
   const Procedure here("frmMain.mnuCAMPlaceFinishPath_Click()");
   cam.PlaceChain = 1;
-  roundall(cam.store);
+  roundRows(cam.changes);
   frmFinishPath options(cam);
   cam.desk.session.host.prompts.showModal(options);
   arm(cam.desk, PendingAction::FinishStart);

@@ -12,8 +12,8 @@
 #include <string>
 #include <vector>
 
+#include "drafting/change.h"
 #include "drafting/pending_actions.h"
-#include "drafting/row_edits.h"
 #include "geometry/crossing_index.h"
 #include "geometry/intersections.h"
 #include "geometry/nearest_scans.h"
@@ -33,19 +33,19 @@ Entity chainEntity(const DrawingStore& store, ChainKind kind, int row) {
   return kind == ChainKind::Path ? pathEntity(store, row) : segmentEntity(store, row);
 }
 
-void setStart(DrawingStore& store, ChainKind kind, int row, Point p) {
-  (kind == ChainKind::Path ? store.psx0 : store.x0)[row] = p.x;
-  (kind == ChainKind::Path ? store.psy0 : store.y0)[row] = p.y;
-}
-
-void setEnd(DrawingStore& store, ChainKind kind, int row, Point p) {
-  (kind == ChainKind::Path ? store.psx1 : store.x1)[row] = p.x;
-  (kind == ChainKind::Path ? store.psy1 : store.y1)[row] = p.y;
-}
-
-void deleteRows(DrawingStore& store, ChainKind kind, int first, int last) {
-  kind == ChainKind::Path ? deletePathSegments(store, first, last)
-                          : deleteSegments(store, first, last);
+// Row `root` then ends at `p` and row `back` starts there; what stood between them is gone. Arcs
+// keep their centre and kind and so are merely shorter.
+template <class Row>
+void cutRows(RowChanges<Row>& rows, int root, int back, Point p) {
+  Row ending = rows.row(root);
+  ending.x1 = p.x;
+  ending.y1 = p.y;
+  rows.replace(root, ending, Entry::Unlogged);
+  Row starting = rows.row(back);
+  starting.x0 = p.x;
+  starting.y0 = p.y;
+  rows.replace(back, starting, Entry::Unlogged);
+  rows.erase(root + 1, back - 1, Entry::Unlogged);
 }
 
 int lastRowOf(const DrawingStore& store, ChainKind kind, int first) {
@@ -66,12 +66,11 @@ Point nearer(const PointPair& points, Point to) {
 // Where a row crosses a later one in its midst. Of two crossings the one that comes first on the
 // way is meant, and where that is an end, the other does not count either.
 std::optional<Point> trueCrossing(const Entity& row, const Entity& later, float tolerence) {
-  PointPair hits;
-  const int code = intersectEntities(row, later, tolerence, hits);
-  if (code < 1) return std::nullopt;
-  const Point at = code == kFirstHit    ? hits.first
-                   : code == kSecondHit ? hits.second
-                                        : nearer(hits, row.start);
+  const Crossing crossing = intersectEntities(row, later, tolerence);
+  if (!crossing) return std::nullopt;
+  const Point at = !crossing.second  ? crossing.at.first
+                   : !crossing.first ? crossing.at.second
+                                     : nearer(crossing.at, row.start);
   const Point ends[] = {later.start, row.start, row.end, later.end};
   const bool isEnd = std::any_of(std::begin(ends), std::end(ends),
                                  [&](Point end) { return samePoint(at, end, tolerence); });
@@ -81,8 +80,9 @@ std::optional<Point> trueCrossing(const Entity& row, const Entity& later, float 
 // A chain while its folds are cut off. Rows stand at positions from 0 along the chain.
 class FoldCutter {
  public:
-  FoldCutter(DrawingStore& store, int first, ChainKind kind)
+  FoldCutter(const DrawingStore& store, Change& change, int first, ChainKind kind)
       : store_(store),
+        change_(change),
         first_(first),
         kind_(kind),
         rows_(chainEntities(store, kind, first)),
@@ -183,15 +183,13 @@ class FoldCutter {
     return static_cast<Position>(at - standing_.begin());
   }
 
-  // Arcs keep their centre and kind and so are merely shorter.
   void cut(const Fold& fold) {
     const int root = first_ + static_cast<int>(fold.root);
     const int back = first_ + static_cast<int>(fold.back);
-    setEnd(store_, kind_, root, fold.at);
-    setStart(store_, kind_, back, fold.at);
+    kind_ == ChainKind::Path ? cutRows(change_.paths, root, back, fold.at)
+                             : cutRows(change_.segments, root, back, fold.at);
     noteCut(standing_[fold.root], chainEntity(store_, kind_, root));
-    noteCut(standing_[fold.back], chainEntity(store_, kind_, back));
-    deleteRows(store_, kind_, root + 1, back - 1);
+    noteCut(standing_[fold.back], chainEntity(store_, kind_, root + 1));
     dropStanding(fold.root + 1, fold.back);
     cut_ = fold.root;
   }
@@ -209,7 +207,8 @@ class FoldCutter {
     standing_.erase(begin, end);
   }
 
-  DrawingStore& store_;
+  const DrawingStore& store_;
+  Change& change_;
   int first_;
   ChainKind kind_;
   std::vector<Entity> rows_;  // by number; the rows of the chain are numbered from 1
@@ -241,12 +240,13 @@ void clickGougeGroup(CamDesk& cam) {
 }  // namespace
 
 void removeSelfIntersections(CamDesk& cam, int first, ChainKind kind) {
-  FoldCutter chain(cam.store, first, kind);
-  for (int passCount = 0; passCount < kMostPasses; ++passCount) {
-    if (!chain.cutFirstFold()) return;
-  }
+  Change change(cam.changes, Step::Continued);
+  FoldCutter chain(cam.store, change, first, kind);
+  int passCount = 0;
+  while (passCount < kMostPasses && chain.cutFirstFold()) ++passCount;
   // A chain whose last fold went in the last pass is told of too: no pass has found it clean.
-  reportTooManyFolds(cam);
+  if (passCount == kMostPasses) reportTooManyFolds(cam);
+  change.keep({.redraws = false});
 }
 
 void miGougeAvoidance_Click(CamDesk& cam) {

@@ -29,32 +29,33 @@ float roundedWay(Point from, Point to) {
 
 // Which of the ways are rounded differs by the hits: with both hits it is the second, with one hit
 // the first. Recommended lengths rely on it.
-void offerHits(ShortestWay& way, int hits, Point junction, const PointPair& at) {
-  if (hits == kFirstHit) way.offer(roundedWay(junction, at.first));
-  if (hits == kSecondHit) way.offer(distance(junction, at.second));
-  if (hits == kFirstHit + kSecondHit) {
-    way.offer(distance(junction, at.first));
-    way.offer(roundedWay(junction, at.second));
+void offerHits(ShortestWay& way, const Crossing& crossing, Point junction) {
+  const auto& [first, second] = crossing.at;
+  if (crossing.first && crossing.second) {
+    way.offer(distance(junction, first));
+    way.offer(roundedWay(junction, second));
+  } else if (crossing.first) {
+    way.offer(roundedWay(junction, first));
+  } else if (crossing.second) {
+    way.offer(distance(junction, second));
   }
 }
 
 }  // namespace
 
-bool checkLeadGouge(const DrawingStore& store, int first, int last, float& length) {
+std::optional<float> checkLeadGouge(const DrawingStore& store, int first, int last) {
   const Point leadInEnd = pathEntity(store, first).end;
   const Point leadOutStart = pathEntity(store, last).start;
   ShortestWay way;
   for (int ps = first + 1; ps < last; ++ps) {
-    PointPair at;
-    offerHits(way, intersectPathSegs(store, first, ps, at), leadInEnd, at);
-    offerHits(way, intersectPathSegs(store, last, ps, at), leadOutStart, at);
+    offerHits(way, intersectPathSegs(store, first, ps), leadInEnd);
+    offerHits(way, intersectPathSegs(store, last, ps), leadOutStart);
   }
-  if (!way.shortest()) return false;
-  length = *way.shortest();
-  return true;
+  return way.shortest();
 }
 
-void fitLeadLength(DrawingStore& store, int ps, float length, int mode) {
+void fitLeadLength(Changes& changes, int ps, float length, int mode) {
+  const DrawingStore& store = changes.store;
   if (store.pstype[ps] != kLine) return;
   const Entity lead = pathEntity(store, ps);
   const float present = distance(lead.start, lead.end);
@@ -63,13 +64,17 @@ void fitLeadLength(DrawingStore& store, int ps, float length, int mode) {
   const auto moved = [ratio](float from, float to) {
     return narrow((static_cast<double>(from) - to) * ratio + to);
   };
+  PathRow fitted = pathRow(store, ps);
   if (mode == kFitStart) {
-    store.psx0[ps] = moved(lead.start.x, lead.end.x);
-    store.psy0[ps] = moved(lead.start.y, lead.end.y);
+    fitted.x0 = moved(lead.start.x, lead.end.x);
+    fitted.y0 = moved(lead.start.y, lead.end.y);
   } else if (mode == kFitEnd) {
-    store.psx1[ps] = moved(lead.end.x, lead.start.x);
-    store.psy1[ps] = moved(lead.end.y, lead.start.y);
+    fitted.x1 = moved(lead.end.x, lead.start.x);
+    fitted.y1 = moved(lead.end.y, lead.start.y);
   }
+  Change change(changes, Step::Continued);
+  change.paths.replace(ps, fitted, Entry::Unlogged);
+  change.keep({.redraws = false});
 }
 
 }  // namespace tess

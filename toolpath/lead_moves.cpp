@@ -41,10 +41,11 @@ Heading headingAt(const Entity& row, Point at) {
 // nearer to it than the path itself.
 bool materialIsLeft(const DrawingStore& store, Point at, double normal) {
   const int sg = nearestSeg(store, at);
-  Point onProfile;
-  if (sg == 0 || nearestOnSeg(store, sg, at, onProfile) != kFound) return false;
+  if (sg == 0) return false;
+  const NearestPoint onProfile = nearestOnSeg(store, sg, at);
+  if (!onProfile) return false;
   const Point probe = away(at, normal, store.toolradius[store.selectedtool]);
-  return distance(onProfile, at) > distance(onProfile, probe);
+  return distance(onProfile.at, at) > distance(onProfile.at, probe);
 }
 
 // The direction of a lead and the direction from it to the centre of an arc.
@@ -80,17 +81,22 @@ Entity leadMove(const DrawingStore& store, Point from, Point to, double normal) 
 }
 
 void insertMove(CamDesk& cam, const LeadOrder& order, int index, const Entity& move) {
-  insertPathSegment(cam.store, index, pathRowOf(move, order.z, order.feed), cam.store.selectedtool);
+  insertPathSegment(cam.changes, index, pathRowOf(move, order.z, order.feed),
+                    cam.store.selectedtool);
 }
 
 // The path then begins and ends in the middle of its first line. Returns the new last row.
 int beginAtMidpoint(CamDesk& cam, const LeadOrder& order) {
   const Entity line = pathEntity(cam.store, order.first);
   const Point middle = midpointAndSlope(line.start, line.end).middle;
-  cam.store.psx0[order.first] = middle.x;
-  cam.store.psy0[order.first] = middle.y;
+  PathRow shortened = pathRow(cam.store, order.first);
+  shortened.x0 = middle.x;
+  shortened.y0 = middle.y;
+  Change change(cam.changes, Step::Continued);
+  change.paths.replace(order.first, shortened, Entry::Unlogged);
   const Point end = pathEntity(cam.store, order.last).end;
   insertMove(cam, order, order.last + 1, lineEntity(end, middle));
+  change.keep({.redraws = false});
   return order.last + 1;
 }
 

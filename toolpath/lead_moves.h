@@ -2,6 +2,8 @@
 // Owns: LeadOrder, addLeadInOut, checkLeadGouge, fitLeadLength.
 #pragma once
 
+#include <optional>
+
 #include "toolpath/cam_desk.h"
 
 namespace tess {
@@ -16,13 +18,13 @@ struct LeadOrder {
 // logged: the rows belong to the placement that asks for them.
 void addLeadInOut(CamDesk& cam, const LeadOrder& order);
 
-// True when the lead-in `first` or the lead-out `last` meets a row between them; `length` then is
-// the shortest way from the path to such a place.
-bool checkLeadGouge(const DrawingStore& store, int first, int last, float& length);
+// Where the lead-in `first` or the lead-out `last` meets a row between them: the shortest way from
+// the path to such a place. None where they meet no row.
+std::optional<float> checkLeadGouge(const DrawingStore& store, int first, int last);
 
 // Shortens a line lead to `length`: mode 1 moves its start, mode 2 its end. Other rows stay.
 inline constexpr int kFitStart = 1;
 inline constexpr int kFitEnd = 2;
-void fitLeadLength(DrawingStore& store, int ps, float length, int mode);
+void fitLeadLength(Changes& changes, int ps, float length, int mode);
 
 }  // namespace tess

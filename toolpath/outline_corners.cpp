@@ -79,8 +79,7 @@ std::optional<OutlineGrip> gripOf(const DrawingStore& store, ChainWalk& rows,
 }
 
 Point mirroredOut(const DrawingStore& store, int sg, Point inside) {
-  Point nearest = inside;
-  nearestOnSeg(store, sg, inside, nearest);
+  const Point nearest = nearestOnSeg(store, sg, inside).found().value_or(inside);
   return {narrow(nearest.x - (static_cast<double>(inside.x) - nearest.x)),
           narrow(nearest.y - (static_cast<double>(inside.y) - nearest.y))};
 }

@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstdint>
+#include <limits>
 #include <string>
 #include <utility>
 #include <vector>
@@ -11,19 +13,21 @@
 #include "core/number_text.h"
 #include "core/rounding.h"
 #include "display/pointer.h"
+#include "drafting/change.h"
 #include "drafting/pending_actions.h"
-#include "drafting/row_edits.h"
 #include "geometry/nearest_scans.h"
 #include "geometry/row_boxes.h"
 #include "toolpath/gouge_avoidance.h"
+#include "toolpath/level_check.h"
 #include "toolpath/path_groups.h"
 #include "toolpath/path_placement.h"
-#include "toolpath/path_step.h"
 #include "toolpath/pocket_side.h"
 #include "toolpath/row_barrier.h"
 
 namespace tess {
 namespace {
+
+constexpr char kCommand[] = "Rough Cut Pocket";
 
 constexpr int kConventionalMilling = 1;
 constexpr int kClimbMilling = 2;
@@ -44,12 +48,21 @@ int markedUpTo(const RowMarks& marks, int row) {
   return static_cast<int>(std::count(marks.begin(), marks.begin() + row + 1, true));
 }
 
-void dropMarked(DrawingStore& store, const RowMarks& marks, FollowedRows followed) {
+void dropRows(Changes& changes, int first, int last) {
+  Change change(changes, Step::Continued);
+  change.paths.erase(first, last, Entry::Unlogged);
+  change.keep({.redraws = false});
+}
+
+void dropMarked(Changes& changes, const RowMarks& marks, FollowedRows followed) {
   for (PlacedRows& rows : followed) {
     rows.first -= markedUpTo(marks, rows.first - 1);
     rows.last -= markedUpTo(marks, rows.last);
   }
-  deletePathSegments(store, marks);
+  Change change(changes, Step::Continued);
+  change.paths.eraseWhere([&](int ps) { return marks[static_cast<std::size_t>(ps)]; },
+                          Entry::Unlogged);
+  change.keep({.redraws = false});
 }
 
 // An arc between two ends that are one point and with a real radius is a full circle.
@@ -92,23 +105,49 @@ class BorrowedRadius {
   float radius_;
 };
 
-// Where the first ring lies, and how near to the wall roughing comes.
+// The setting that a finish path on the wall changes for what comes after, unless it fails.
+class CuttingMode {
+ public:
+  explicit CuttingMode(DrawingStore& store) : store_(store), before_(store.cfg_cutting_mode) {}
+  ~CuttingMode() {
+    if (!kept_) store_.cfg_cutting_mode = before_;
+  }
+  CuttingMode(const CuttingMode&) = delete;
+  CuttingMode& operator=(const CuttingMode&) = delete;
+
+  void keep() { kept_ = true; }
+
+ private:
+  DrawingStore& store_;
+  Int16 before_;
+  bool kept_ = false;
+};
+
+// Where the first ring lies, how near to the wall roughing comes, and the way between two rings.
 struct RingRange {
   float first = 0;
   float nearest = 0;
+  double step = 0;
 };
+
+double ringStep(const DrawingStore& store) {
+  const bool byDistance =
+      store.cfg_tool_spacing_distance > 0 && store.cfg_cut_width_type == kWidthByDistance;
+  if (byDistance) return store.cfg_tool_spacing_distance;
+  return 2.0 * store.toolradius[store.selectedtool] * store.cfg_tool_spacing / 100;
+}
 
 RingRange ringRange(const CamDesk& cam) {
   const DrawingStore& store = cam.store;
   const double halfWidth = std::min(cam.PocketXDim, cam.PocketYDim) / 2.0;
   return {narrow(halfWidth - store.cfg_pocket_dist_from_center),
-          store.cfg_min_rough_clearance + store.toolradius[store.selectedtool]};
+          store.cfg_min_rough_clearance + store.toolradius[store.selectedtool], ringStep(store)};
 }
 
 class Spiral {
  public:
-  Spiral(CamDesk& cam, PathStep& step, int sg)
-      : cam_(cam), store_(cam.store), step_(step), sg_(sg), walls_(cam.store, isVerifiedWall) {
+  Spiral(CamDesk& cam, int sg)
+      : cam_(cam), store_(cam.store), sg_(sg), walls_(cam.store, isVerifiedWall) {
     const int first = pathInsertIndex(store_, cam.pathInsertMode, cam.pathInsertGroup);
     all() = {first, first - 1};
     inside_ = pocketSideOf(store_, startOfRow(), endOfRow());
@@ -125,7 +164,7 @@ class Spiral {
       cutRing();
       done = inset <= tool.own();
       if (range.nearest < inset) {
-        const float next = std::max(nextInset(inset, tool.own()), range.nearest);
+        const float next = std::max(narrow(inset - range.step), range.nearest);
         if (!(next < inset)) return;  // with a step of nothing there is one ring
         inset = next;
       } else if (store_.cfg_auto_place_finish_path) {
@@ -144,18 +183,10 @@ class Spiral {
   Point startOfRow() const { return {store_.x0[sg_], store_.y0[sg_]}; }
   Point endOfRow() const { return {store_.x1[sg_], store_.y1[sg_]}; }
 
-  float nextInset(float inset, float radius) const {
-    const bool byDistance =
-        store_.cfg_tool_spacing_distance > 0 && store_.cfg_cut_width_type == kWidthByDistance;
-    const double step = byDistance ? double{store_.cfg_tool_spacing_distance}
-                                   : 2.0 * radius * store_.cfg_tool_spacing / 100;
-    return narrow(inset - step);
-  }
-
   void cutRing() {
     placeRing();
-    dropShortPathSegs(store_, followed_);
-    dropBackTrackSegs(store_, followed_);
+    dropShortPathSegs(cam_.changes, followed_);
+    dropBackTrackSegs(cam_.changes, followed_);
     if (store_.cfg_gouge_avoidance) cutFolds();
     if (meetsAny(pathEntities(store_, ring().first, ring().last), walls_)) dropRing();
   }
@@ -165,7 +196,6 @@ class Spiral {
     const int first = pathInsertIndex(store_, cam_.pathInsertMode, cam_.pathInsertGroup);
     const int rowsBefore = store_.NumPathSegments;
     offsetPathChain(cam_, ringOrder());
-    step_.forgetRecords();
     const int placed = store_.NumPathSegments - rowsBefore;
     ring() = {first, first + placed - 1};
     all().last += placed;
@@ -200,12 +230,11 @@ class Spiral {
 
   void dropRing() {
     all().last -= ring().last - ring().first + 1;
-    deletePathSegments(store_, ring().first, ring().last);
+    dropRows(cam_.changes, ring().first, ring().last);
   }
 
   CamDesk& cam_;
   DrawingStore& store_;
-  PathStep& step_;
   int sg_;
   int inside_ = 0;
   RowBarrier walls_;
@@ -231,7 +260,7 @@ float firstSpiralLevel(const CamDesk& cam) {
 
 void reportNoPocket(CamDesk& cam) {
   cam.desk.session.host.prompts.showMessage({.text = "No Pocketing Segments have been selected.",
-                                             .title = "Rough Cut Pocket",
+                                             .title = kCommand,
                                              .icon = MessageIcon::Warning});
 }
 
@@ -259,30 +288,57 @@ bool agreesToRange(CamDesk& cam, RingRange& range) {
   return true;
 }
 
+// Rings that are dropped leave no rows, so the table would not end a run of millions.
+bool ringsCanBeCounted(CamDesk& cam, const RingRange& range) {
+  constexpr double kMostRings = std::numeric_limits<std::int16_t>::max();
+  const double way = static_cast<double>(range.first) - range.nearest;
+  if (!(range.step > 0) || way / range.step < kMostRings) return true;
+  cam.desk.session.host.prompts.showMessage(
+      {.text = "The Step Over Amount is " + plainText(narrow(range.step)) +
+               ".  That is too small for the rings from " + plainText(range.first) + " to " +
+               plainText(range.nearest) +
+               ".\n\nNothing was placed.  It is set in Pocketing & Profiling Parameters.",
+       .title = kCommand,
+       .icon = MessageIcon::Warning});
+  return false;
+}
+
+// False after the operator was told why not, or does not want to.
+bool canCut(CamDesk& cam, int start, RingRange& range) {
+  if (start < 1) {
+    reportNoPocket(cam);
+    return false;
+  }
+  return canGoDown(cam, kCommand, cam.currentZ, cam.roughFloor) && ringsCanBeCounted(cam, range) &&
+         agreesToRange(cam, range);
+}
+
 void cutSpiral(CamDesk& cam, int sg, const RingRange& range) {
   const BusyPointer busy(cam.desk.systemPointer);
-  PathStep step(cam);
-  Spiral spiral(cam, step, sg);
+  Change change(cam.changes, Step::PathDifference);
+  Spiral spiral(cam, sg);
   spiral.cutRings(range);
   const PlacedRows rings = spiral.rows();
   const int others = cam.store.NumPathSegments - (rings.last - rings.first + 1);
   cam.currentZ = replicateLevels(cam, cam.currentZ, cam.roughFloor, others);
   if (cam.store.cfg_connect_pocketing_paths) connectPlacedRows(cam, rings, others);
-  step.keep();
+  change.keep({.redraws = false});
 }
 
 }  // namespace
 
-void dropShortPathSegs(DrawingStore& store, FollowedRows followed) {
+void dropShortPathSegs(Changes& changes, FollowedRows followed) {
+  const DrawingStore& store = changes.store;
   RowMarks isShort = noneMarked(store);
   for (int ps = 1; ps <= store.NumPathSegments; ++ps) {
     isShort[static_cast<std::size_t>(ps)] = isTooShort(pathEntity(store, ps), store.cfg_tolerance);
   }
-  dropMarked(store, isShort, followed);
+  dropMarked(changes, isShort, followed);
 }
 
 // A full circle of two arcs is such a pair too, and loses its first half.
-void dropBackTrackSegs(DrawingStore& store, FollowedRows followed) {
+void dropBackTrackSegs(Changes& changes, FollowedRows followed) {
+  const DrawingStore& store = changes.store;
   RowMarks goesBack = noneMarked(store);
   const auto group = [&](int ps) { return ps < 1 ? 0 : groupRounded(store.pscode[ps]); };
   for (int ps = 1; ps < store.NumPathSegments; ++ps) {
@@ -290,28 +346,29 @@ void dropBackTrackSegs(DrawingStore& store, FollowedRows followed) {
     goesBack[static_cast<std::size_t>(ps)] =
         isThereAndBack(pathEntity(store, ps), pathEntity(store, ps + 1), store.cfg_tolerance);
   }
-  dropMarked(store, goesBack, followed);
+  dropMarked(changes, goesBack, followed);
 }
 
-void dropCrossingPass(DrawingStore& store, int first) {
+void dropCrossingPass(Changes& changes, int first) {
+  const DrawingStore& store = changes.store;
   RowBarrier walls(store, isVerifiedWall);
   const int last = store.NumPathSegments;
-  if (meetsAny(pathEntities(store, first, last), walls)) deletePathSegments(store, first, last);
+  if (meetsAny(pathEntities(store, first, last), walls)) dropRows(changes, first, last);
 }
 
 void parallelSpiralPocket(CamDesk& cam, int sg) {
   const Procedure here("frmMain.parallelSpiralPocket(sg)");
+  Change change(cam.changes);
   cam.currentZ = firstSpiralLevel(cam);
   cam.store.currentpathgroup = nextPathGroup(cam.store);
   const int start = startingRow(cam.store, sg);
-  if (start < 1) {
-    reportNoPocket(cam);
-    return;
-  }
   RingRange range = ringRange(cam);
-  if (!agreesToRange(cam, range)) return;
-  cutSpiral(cam, start, range);
-  showPlacedPaths(cam);
+  const bool cuts = canCut(cam, start, range);
+  CuttingMode mode(cam.store);
+  if (cuts) cutSpiral(cam, start, range);
+  if (!change.keep({.redraws = false})) return;
+  mode.keep();
+  if (cuts) showPlacedPaths(cam);
 }
 
 void clickStartRoughing(CamDesk& cam) {

@@ -19,11 +19,11 @@ void parallelSpiralPocket(CamDesk& cam, int sg);
 // The clean-up of all path rows after a ring: rows too short to be cut, and a first row of a group
 // that the second one merely takes back. The ranges in `followed` go on naming the same rows.
 using FollowedRows = std::span<PlacedRows>;
-void dropShortPathSegs(DrawingStore& store, FollowedRows followed = {});
-void dropBackTrackSegs(DrawingStore& store, FollowedRows followed = {});
+void dropShortPathSegs(Changes& changes, FollowedRows followed = {});
+void dropBackTrackSegs(Changes& changes, FollowedRows followed = {});
 
 // Drops the path rows from `first` on when any of them meets a verified row. Not logged.
-void dropCrossingPass(DrawingStore& store, int first);
+void dropCrossingPass(Changes& changes, int first);
 
 // The click that starts roughing: at the verified row nearest to it.
 void clickStartRoughing(CamDesk& cam);

@@ -1,9 +1,6 @@
 // Groups of path rows.
 #include "toolpath/path_groups.h"
 
-#include <vector>
-
-#include "drafting/row_edits.h"
 #include "toolpath/cam_desk.h"
 
 namespace tess {
@@ -19,23 +16,6 @@ int firstRowOf(const DrawingStore& store, int group) {
   while (ps <= store.NumPathSegments && groupOf(store, ps) != group) ++ps;
   return ps;
 }
-
-// Rows that were logged as deleted leave the table together, whatever ends the work on them: log
-// and table never disagree.
-class LeavingRows {
- public:
-  explicit LeavingRows(DrawingStore& store)
-      : store_(store), gone_(static_cast<std::size_t>(store.NumPathSegments) + 1) {}
-  ~LeavingRows() { deletePathSegments(store_, gone_); }
-  LeavingRows(const LeavingRows&) = delete;
-  LeavingRows& operator=(const LeavingRows&) = delete;
-
-  void add(int ps) { gone_[static_cast<std::size_t>(ps)] = true; }
-
- private:
-  DrawingStore& store_;
-  std::vector<bool> gone_;
-};
 
 }  // namespace
 
@@ -58,16 +38,11 @@ int pathInsertIndex(const DrawingStore& store, int mode, int group) {
   return lastOfPathGroup(store, first) + 1;
 }
 
-void deletePathGroup(DrawingStore& store, ChangeLog& changelog, int group) {
+void deletePathGroup(Changes& changes, int group) {
   const Procedure here("deletePathGroup(group)");
-  LeavingRows leaving(store);
-  bool startsStep = true;
-  for (int ps = store.NumPathSegments; ps >= 1; --ps) {
-    if (groupOf(store, ps) != group) continue;
-    logPathSegment(changelog, store, ps, "D", startsStep);
-    leaving.add(ps);
-    startsStep = false;
-  }
+  Change change(changes);
+  change.paths.eraseWhere([&](int ps) { return groupOf(changes.store, ps) == group; });
+  change.keep({.undoMark = kRowsDeleted, .redraws = false});
 }
 
 }  // namespace tess

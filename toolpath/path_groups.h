@@ -3,7 +3,7 @@
 // Owns: firstOfPathGroup, lastOfPathGroup, pathInsertIndex, deletePathGroup.
 #pragma once
 
-#include "drafting/change_log.h"
+#include "drafting/change.h"
 
 namespace tess {
 
@@ -16,6 +16,6 @@ int lastOfPathGroup(const DrawingStore& store, int ps);
 int pathInsertIndex(const DrawingStore& store, int mode, int group);
 
 // Removes the rows of a group as one step of the log.
-void deletePathGroup(DrawingStore& store, ChangeLog& changelog, int group);
+void deletePathGroup(Changes& changes, int group);
 
 }  // namespace tess

@@ -8,7 +8,6 @@
 
 #include "drafting/pending_actions.h"
 #include "drafting/row_edits.h"
-#include "drafting/undo.h"
 #include "geometry/nearest_scans.h"
 #include "toolpath/path_groups.h"
 #include "toolpath/row_barrier.h"
@@ -73,14 +72,13 @@ bool appendsPaths(const CamDesk& cam) {
 
 // Takes the rows of one code off the end of the table.
 void deleteLastRun(CamDesk& cam) {
-  DrawingStore& store = cam.store;
-  const int code = store.pscode[store.NumPathSegments];
-  bool startsStep = true;
-  while (store.NumPathSegments >= 1 && store.pscode[store.NumPathSegments] == code) {
-    logPathSegment(cam.changelog, store, store.NumPathSegments, "D", startsStep);
-    deletePathSegment(store, store.NumPathSegments);
-    startsStep = false;
-  }
+  const DrawingStore& store = cam.store;
+  const int last = store.NumPathSegments;
+  int first = last;
+  while (first > 1 && store.pscode[first - 1] == store.pscode[last]) --first;
+  Change change(cam.changes);
+  change.paths.erase(first, last);
+  change.keep({.undoMark = kRowsDeleted, .redraws = false});
 }
 
 void clickReverse(CamDesk& cam) {
@@ -108,16 +106,16 @@ float firstLevel(const DrawingStore& store, float floor) {
 
 void replicatePathAtZ(CamDesk& cam, float z, float feed) {
   const Procedure here("replicatePathAtZ(z,feed)");
-  DrawingStore& store = cam.store;
+  const DrawingStore& store = cam.store;
   const int last = store.NumPathSegments;
-  const int first = startOfLastRun(store);
-  for (int ps = std::max(first, 1); ps <= last; ++ps) {
+  Change change(cam.changes);
+  for (int ps = std::max(startOfLastRun(store), 1); ps <= last; ++ps) {
     PathRow copy = pathRow(store, ps);
     copy.z = z;
     copy.feed = feed;
-    addPathSegment(store, copy);
-    logPathSegment(cam.changelog, store, store.NumPathSegments, "A", /*start=*/ps == first);
+    change.paths.append(copy);
   }
+  change.keep({.redraws = false});
 }
 
 // A step that does not deepen ends the loop: with a cut of nothing per pass there is one level.
@@ -138,38 +136,38 @@ float replicateLevels(CamDesk& cam, float z, float floor, int rowsBefore) {
 
 int connectPathSegs(CamDesk& cam, int first, int last) {
   const Procedure here("connectPathSegs(first,last)");
-  DrawingStore& store = cam.store;
+  const DrawingStore& store = cam.store;
   if (first >= last) return last;
   if (first < 1 || last > store.NumPathSegments) throw subscriptOutOfRange();
   const std::vector<PathInsertion> links = linksBetween(store, first, last);
-  insertPathSegments(store, links, store.selectedtool);
+  Change change(cam.changes, Step::Continued);
+  insertPathSegments(cam.changes, links, store.selectedtool);
   int inserted = 0;
   for (const PathInsertion& link : links) {
-    logPathSegment(cam.changelog, store, link.before + inserted, "A", /*start=*/false);
-    ++inserted;
+    const int ps = link.before + inserted++;
+    change.paths.logAdded(ps, ps);
   }
+  change.keep({.redraws = false});
   return last + inserted;
 }
 
 void reversePathSegment(CamDesk& cam, int ps) {
-  DrawingStore& store = cam.store;
-  if (ps < 1 || ps > store.NumPathSegments) return;
-  const int type = store.pstype[ps];
-  if (type != kLine && !isArc(type)) return;
-  logPathSegment(cam.changelog, store, ps, "D", /*start=*/true);
-  std::swap(store.psx0[ps], store.psx1[ps]);
-  std::swap(store.psy0[ps], store.psy1[ps]);
-  if (isArc(type)) store.pstype[ps] = kClockwiseArc + kCounterClockwiseArc - type;
-  logPathSegment(cam.changelog, store, ps, "A", /*start=*/false);
-  enableUndo(cam.desk, kRowsAdded);
-  store.drawingsaved = false;
+  if (ps < 1 || ps > cam.store.NumPathSegments) return;
+  PathRow row = pathRow(cam.store, ps);
+  if (row.type != kLine && !isArc(row.type)) return;
+  std::swap(row.x0, row.x1);
+  std::swap(row.y0, row.y1);
+  if (isArc(row.type)) row.type = kClockwiseArc + kCounterClockwiseArc - row.type;
+  Change change(cam.changes);
+  change.paths.replace(ps, row);
+  change.keep({.redraws = false});
 }
 
 // ---- Commands
 
 void mnuCAMPlace1PathSeg_Click(CamDesk& cam) {
   cam.PlaceChain = 0;
-  roundall(cam.store);
+  roundRows(cam.changes);
   arm(cam.desk, PendingAction::FinishStart);
 }
 
@@ -178,25 +176,21 @@ void mnuCAMPlace1PathSeg_Click(CamDesk& cam) {
 void mnuCAMUndoLastPlace_Click(CamDesk& cam) {
   const Procedure here("frmMain.mnuCAMUndoLastPlace_Click()");
   DrawingStore& store = cam.store;
+  Change change(cam.changes);
   const int group = std::exchange(store.lastplacedgroup, 0);
-  if (store.NumPathSegments < 1) return;
-  if (group >= 1) {
-    deletePathGroup(store, cam.changelog, group);
-  } else if (appendsPaths(cam)) {
-    deleteLastRun(cam);
-  } else {
-    return;
-  }
-  showPlacedPaths(cam);
-  if (cam.changelog.canUndo()) cam.changelog.UndoMark = kRowsDeleted;
+  const bool byCode = group < 1 && appendsPaths(cam);
+  const bool takesBack = store.NumPathSegments >= 1 && (group >= 1 || byCode);
+  if (takesBack) byCode ? deleteLastRun(cam) : deletePathGroup(cam.changes, group);
+  change.keep({.undoMark = kRowsDeleted, .redraws = false});
+  if (takesBack) showPlacedPaths(cam);
 }
 
 // Neither asked nor logged.
 void mnuClearAllPaths_Click(CamDesk& cam) {
-  DrawingStore& store = cam.store;
-  if (store.NumPathSegments > 0) store.drawingsaved = false;
-  store.NumPathSegments = 0;
-  store.pathgroupname.fill({});
+  Change change(cam.changes);
+  change.paths.erase(1, cam.store.NumPathSegments, Entry::Unlogged);
+  change.pathGroupNames().fill({});
+  change.keep({.redraws = false});
   cam.desk.redraw.redrawscreen();
 }
 

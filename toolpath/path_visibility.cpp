@@ -14,11 +14,13 @@ bool anySelected(const DrawingStore& store) {
 }
 
 void setVisibility(CamDesk& cam, bool visible) {
-  DrawingStore& store = cam.store;
+  const DrawingStore& store = cam.store;
   const bool selectedAlone = anySelected(store);
+  Change change(cam.changes);
   for (int ps = 1; ps <= store.NumPathSegments; ++ps) {
-    if (!selectedAlone || isSelected(store.pscode[ps])) store.psvisible[ps] = visible;
+    if (!selectedAlone || isSelected(store.pscode[ps])) change.paths.show(ps, visible);
   }
+  change.keep();
   cam.desk.redraw.redrawscreen();
 }
 

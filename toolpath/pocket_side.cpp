@@ -40,14 +40,10 @@ Probes probesOf(Point from, Point to) {
 }
 
 int crossingsWith(const DrawingStore& store, const Entity& probe, const Entity& row) {
-  if (row.type == kLine) {
-    Point at;
-    return intersectLines(probe, row, at) == kCrossing ? 1 : 0;
-  }
-  if (!isArc(row.type)) return 0;
-  PointPair at;
-  const int hits = intersectLineArc(probe, row, store.cfg_tolerance, at);
-  return hits == kFirstHit + kSecondHit ? 2 : (hits > 0 ? 1 : 0);
+  if (row.type != kLine && !isArc(row.type)) return 0;
+  const Crossing crossing = row.type == kLine ? intersectLines(probe, row)
+                                              : intersectLineArc(probe, row, store.cfg_tolerance);
+  return (crossing.first ? 1 : 0) + (crossing.second ? 1 : 0);
 }
 
 // How often a probe leaves or enters the outline. The edge that it stands on does not count.

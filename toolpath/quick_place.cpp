@@ -4,6 +4,7 @@
 #include "display/pointer.h"
 #include "toolpath/chain_walk.h"
 #include "toolpath/contour_offset.h"
+#include "toolpath/level_check.h"
 #include "toolpath/path_placement.h"
 #include "toolpath/placed_outlines.h"
 #include "toolpath/toolpath_commands.h"
@@ -29,17 +30,15 @@ OffsetOrder orderFor(const DrawingStore& store, int sg, float z, ChainWalk& rows
 // A chain is placed whole by its lowest row; its other rows then have a path on them. All chains
 // are one step of the log.
 void placeSelectedChains(CamDesk& cam, float z) {
-  DrawingStore& store = cam.store;
+  const DrawingStore& store = cam.store;
   PlacedOutlines placed(store);
   ChainWalk rows(store);
-  bool startsStep = true;
   for (int sg = 1; sg <= store.NumSegments; ++sg) {
     if (store.segattr[sg] != kSelectedRow || placed.covers(segmentEntity(store, sg))) continue;
-    Placement placement(cam);
+    Placement placement(cam, Step::Continued);
     placePathChain(cam, orderFor(store, sg, z, rows), placement);
-    placement.keep(startsStep);
+    placement.keep();
     const PlacedRows added = placement.rows();
-    startsStep = startsStep && added.empty();
     for (int ps = added.first; ps <= added.last; ++ps) placed.add(pathEntity(store, ps));
   }
 }
@@ -48,18 +47,22 @@ void placeSelectedChains(CamDesk& cam, float z) {
 
 void quickPlacePaths(CamDesk& cam) {
   const Procedure here("frmMain.quickPlacePaths()");
-  const BusyPointer busy(cam.desk.systemPointer);
   DrawingStore& store = cam.store;
+  const float floor = roughingFloor(store);
+  const float z = firstLevel(store, floor);
+  const bool several = -std::abs(store.cfg_start_depth) >= floor;
+  if (several && !canGoDown(cam, "Quick Place", z, floor)) return;
+  const BusyPointer busy(cam.desk.systemPointer);
+  Change change(cam.changes);
   store.currentpathgroup = nextPathGroup(store);
   const int rowsBefore = store.NumPathSegments;
-  const float floor = roughingFloor(store);
-  if (-std::abs(store.cfg_start_depth) >= floor) {
-    const float z = firstLevel(store, floor);
+  if (several) {
     placeSelectedChains(cam, z);
     replicateLevels(cam, z, floor, rowsBefore);
   } else {
     placeSelectedChains(cam, -std::abs(store.cfg_final_depth));
   }
+  change.keep({.redraws = false});
   showPlacedPaths(cam);
 }
 

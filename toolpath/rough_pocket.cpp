@@ -4,7 +4,9 @@
 #include <cmath>
 
 #include "drafting/pending_actions.h"
+#include "drafting/row_edits.h"
 #include "toolpath/gouge_avoidance.h"
+#include "toolpath/level_check.h"
 #include "toolpath/outline_corners.h"
 #include "toolpath/parallel_spiral.h"
 #include "toolpath/path_placement.h"
@@ -31,9 +33,11 @@ bool isLatheStyle(const DrawingStore& store) {
 // An outline whose first row has no direction is put aside without a working outline: it would come
 // up as the lowest one for ever.
 void offsetOutline(CamDesk& cam, ChainWalk& rows, const OutlineOffset& order) {
+  Change change(cam.changes, Step::Continued);
   offsetSegChain(cam, rows, order);
-  Int16& state = cam.store.segattr[order.sg];
-  if (isSelected(state)) state = parkedState(state);
+  const int state = cam.store.segattr[order.sg];
+  if (isSelected(state)) change.segments.mark(order.sg, parkedState(state));
+  change.keep({.redraws = false});
 }
 
 bool offsetPocket(CamDesk& cam, ChainWalk& rows, float standOff) {
@@ -79,12 +83,20 @@ void cutLathe(CamDesk& cam) {
   roughCutLevel(cam, /*z=*/0, cam.store.cfg_finish_feedrate, /*radius=*/0);
 }
 
+// Equal heights are several levels here, though one level to the parallel spiral.
+bool hasLevels(const CamDesk& cam) {
+  return -std::abs(cam.store.cfg_start_depth) >= cam.roughFloor;
+}
+
+bool levelsArePossible(CamDesk& cam) {
+  if (isLatheStyle(cam.store) || !hasLevels(cam)) return true;
+  return canGoDown(cam, "Rough Cut Pocket", firstLevel(cam.store, cam.roughFloor), cam.roughFloor);
+}
+
 void cutLevels(CamDesk& cam, int rowsBefore) {
   const DrawingStore& store = cam.store;
   const float radius = store.toolradius[store.selectedtool];
-  // Equal heights are several levels here, though one level to the parallel spiral.
-  const bool several = -std::abs(store.cfg_start_depth) >= cam.roughFloor;
-  if (!several) {
+  if (!hasLevels(cam)) {
     cam.currentZ = -std::abs(store.cfg_final_depth);
     roughCutLevel(cam, cam.currentZ, store.cfg_finish_feedrate, radius);
     return;
@@ -97,6 +109,7 @@ void cutLevels(CamDesk& cam, int rowsBefore) {
 
 // Links are made while the islands' working rows are there to be seen.
 void roughPocket(CamDesk& cam) {
+  Change change(cam.changes);
   const int rowsBefore = cam.store.NumPathSegments;
   isLatheStyle(cam.store) ? cutLathe(cam) : cutLevels(cam, rowsBefore);
   showPlacedPaths(cam);
@@ -104,9 +117,10 @@ void roughPocket(CamDesk& cam) {
   if (cam.store.cfg_connect_pocketing_paths && placed) {
     connectPathSegs(cam, rowsBefore + 1, cam.store.NumPathSegments);
   }
-  removeWorkingRows(cam.store);
+  removeWorkingRows(cam.changes);
   cam.desk.redraw.redrawscreen();
-  restoreParkedRows(cam.store);
+  restoreParkedRows(cam.changes);
+  change.keep({.redraws = false});
 }
 
 }  // namespace
@@ -115,32 +129,30 @@ int roughCutLevel(CamDesk& cam, float z, float feed, float radius) {
   const Procedure here("roughCutLevel(z,feed,radius)");
   const float standOff = narrow(static_cast<double>(cam.store.cfg_min_rough_clearance) + radius);
   const int firstWorkingRow = cam.store.NumSegments + 1;
+  Change change(cam.changes, Step::Continued);
   if (!makeWorkingOutlines(cam, standOff)) {
     cam.desk.session.host.prompts.showMessage(
         {.text = "No segments selected!", .title = "", .icon = MessageIcon::Warning});
+    change.keep({.redraws = false});
     return kNothingCut;
   }
   if (cam.store.cfg_gouge_avoidance) {
     removeSelfIntersections(cam, firstWorkingRow, ChainKind::Segs);
   }
   cam.desk.redraw.redrawscreen();
-  return runStyle(cam, z, feed);
+  const int result = runStyle(cam, z, feed);
+  change.keep({.redraws = false});
+  return result;
 }
 
 void mnuCAMRoughCutPocket_Click(CamDesk& cam) {
   const Procedure here("mnuCAMRoughCutPocket_Click()");
-  roundall(cam.store);
+  roundRows(cam.changes);
   cam.roughFloor = roughingFloor(cam.store);
   if (cam.store.cfg_pocketing_style == kParallelSpiral) {
     arm(cam.desk, PendingAction::StartRoughing);
-    return;
-  }
-  try {
+  } else if (levelsArePossible(cam)) {
     roughPocket(cam);
-  } catch (...) {
-    removeWorkingRows(cam.store);
-    restoreParkedRows(cam.store);
-    throw;
   }
 }
 

@@ -13,7 +13,7 @@ namespace tess {
 int roughCutLevel(CamDesk& cam, float z, float feed, float radius);
 
 // The command: all levels, links, and the drawing as it was. The parallel spiral asks for a click
-// first. After a failure the working rows are gone and the parked rows verified too.
+// first.
 void mnuCAMRoughCutPocket_Click(CamDesk& cam);
 
 }  // namespace tess

@@ -40,9 +40,8 @@ bool RowBarrier::meets(const Entity& entity) {
   if (walls_.empty()) return false;
   index_.candidates(entity, /*after=*/0, found_);
   return std::any_of(found_.begin(), found_.end(), [&](int row) {
-    PointPair at;
     const Entity& wall = walls_[static_cast<std::size_t>(row) - 1];
-    return intersectEntities(entity, wall, tolerence_, at) > 0;
+    return static_cast<bool>(intersectEntities(entity, wall, tolerence_));
   });
 }
 

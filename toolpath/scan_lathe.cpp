@@ -38,6 +38,7 @@ class LatheTool {
   // The first retreat's height is taken again: 0 when there was none.
   void leave() {
     if (!spans_.empty() && isInStock()) path_.place(at_, {at_.x, firstHeight_}, kLatheRapidZ);
+    path_.keep();
   }
 
  private:

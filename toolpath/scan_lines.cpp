@@ -36,6 +36,7 @@ int scanPocket(CamDesk& cam, const ScanCut& cut) {
     placeLine(cut, {first, last}, way.nextLine(/*keepsWay=*/first == begin), path);
     first = last;
   }
+  path.keep();
   return 0;
 }
 

@@ -179,10 +179,9 @@ void addLineCrossing(const ScanLine& line, const Entity& edge, ScanPoints& point
   points.add({line.scan, along});
 }
 
-int circleHits(const ScanLine& line, const Circle& circle, float& first, float& second) {
-  return line.style == ScanStyle::Vertical
-             ? verticalCircle(line.test, circle, line.tolerence, first, second)
-             : horizontalCircle(line.test, circle, line.tolerence, first, second);
+AxisHits circleHits(const ScanLine& line, const Circle& circle) {
+  return line.style == ScanStyle::Vertical ? verticalCircle(line.test, circle, line.tolerence)
+                                           : horizontalCircle(line.test, circle, line.tolerence);
 }
 
 bool isOnSweep(const Entity& arc, Point hit) {
@@ -206,16 +205,15 @@ void addBothHits(const ScanLine& line, const Entity& arc, float first, float sec
 }
 
 void addArcCrossings(const ScanLine& line, const Entity& arc, ScanPoints& points) {
-  float first = 0;
-  float second = 0;
-  if (circleHits(line, {arc.center, radiusOf(arc)}, first, second) < 1) return;
+  const AxisHits hits = circleHits(line, {arc.center, radiusOf(arc)});
+  if (!hits) return;
   const float height = narrow(line.test);
-  const bool firstOn = isOnSweep(arc, placeOf(line.style, {height, first}));
-  const bool secondOn = isOnSweep(arc, placeOf(line.style, {height, second}));
+  const bool firstOn = isOnSweep(arc, placeOf(line.style, {height, hits.first}));
+  const bool secondOn = isOnSweep(arc, placeOf(line.style, {height, hits.second}));
   if (firstOn && secondOn) {
-    addBothHits(line, arc, first, second, points);
+    addBothHits(line, arc, hits.first, hits.second, points);
   } else if (firstOn || secondOn) {
-    points.add({line.scan, firstOn ? first : second});
+    points.add({line.scan, firstOn ? hits.first : hits.second});
   }
 }
 

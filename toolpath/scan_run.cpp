@@ -91,16 +91,14 @@ void orientSpan(ScanSpan& span, int direction) {
 }
 
 ScanPath::ScanPath(CamDesk& cam, float feed)
-    : cam_(cam),
+    : change_(cam.changes),
       feed_(feed),
       code_(cam.store.currentpathgroup * kCodesPerGroup + cam.store.selectedtool) {}
 
 void ScanPath::place(Point from, Point to, float z) {
   PathRow row = pathRowOf(lineEntity(from, to), z, feed_);
   row.code = code_;
-  addPathSegment(cam_.store, row);
-  logPathSegment(cam_.changelog, cam_.store, cam_.store.NumPathSegments, "A", startsStep_);
-  startsStep_ = false;
+  change_.paths.append(row);
 }
 
 }  // namespace tess

@@ -8,6 +8,7 @@
 #include <span>
 #include <vector>
 
+#include "drafting/change.h"
 #include "toolpath/cam_desk.h"
 #include "toolpath/scan_points.h"
 
@@ -52,18 +53,17 @@ void orderLine(std::span<ScanSpan> line, int direction);
 // Lets a span be cut in the direction of travel.
 void orientSpan(ScanSpan& span, int direction);
 
-// Places the rows of one run in the current path group, with the selected tool, as one step of the
-// change log.
+// Places the rows of one run in the current path group, with the selected tool, as one step.
 class ScanPath {
  public:
   ScanPath(CamDesk& cam, float feed);
   void place(Point from, Point to, float z);
+  void keep() { change_.keep({.redraws = false}); }
 
  private:
-  CamDesk& cam_;
+  Change change_;
   float feed_;
   int code_;
-  bool startsStep_ = true;
 };
 
 }  // namespace tess

@@ -57,18 +57,17 @@ Box measured(const DrawingStore& store, const std::vector<int>& rows) {
   return box;
 }
 
-void acceptLoneRow(CamDesk& cam, int sg) {
-  DrawingStore& store = cam.store;
-  if (!closesOnItself(store, segmentEntity(store, sg))) return;
-  store.segattr[sg] = kVerifiedRow;
+void acceptLoneRow(CamDesk& cam, Change& change, int sg) {
+  if (!closesOnItself(cam.store, segmentEntity(cam.store, sg))) return;
+  change.segments.mark(sg, kVerifiedRow);
   cam.desk.renderer.DrawSegment(sg, cam.desk.ScreenProxy);
 }
 
 // The walk from row to row over the outline, each row once.
 class OutlineWalk {
  public:
-  OutlineWalk(DrawingStore& store, const std::vector<int>& rows)
-      : store_(store), ends_(store.cfg_tolerance) {
+  OutlineWalk(const DrawingStore& store, Change& change, const std::vector<int>& rows)
+      : store_(store), change_(change), ends_(store.cfg_tolerance) {
     ends_.reserve(rows.back());
     for (std::size_t k = rows.size(); k-- > 0;) {
       const Entity row = segmentEntity(store, rows[k]);
@@ -97,14 +96,15 @@ class OutlineWalk {
       const Entity row = segmentEntity(store_, match.row);
       at = match.atStart ? row.end : row.start;
       current_ = match.row;
-      store_.segattr[current_] = kWalkedRow;
+      change_.segments.mark(current_, kWalkedRow);
       ends_.remove(current_);
       return true;
     }
     return false;
   }
 
-  DrawingStore& store_;
+  const DrawingStore& store_;
+  Change& change_;
   EndPointIndex ends_;
   std::vector<EndMatch> found_;
   int current_ = 0;
@@ -141,18 +141,20 @@ std::string complaint(const DrawingStore& store, int seed, Point at) {
   return leftOverRows(store);
 }
 
-void settleRows(DrawingStore& store, bool accepted) {
+void settleRows(const DrawingStore& store, Change& change, bool accepted) {
   for (int sg = 1; sg <= store.NumSegments; ++sg) {
     const int attr = store.segattr[sg];
-    if (isSelectedUnverified(attr)) store.segattr[sg] = accepted ? kVerifiedRow : attr - attr % 2;
+    if (isSelectedUnverified(attr)) {
+      change.segments.mark(sg, accepted ? kVerifiedRow : attr - attr % 2);
+    }
   }
 }
 
-void proveOutline(CamDesk& cam, const std::vector<int>& rows) {
+void proveOutline(CamDesk& cam, Change& change, const std::vector<int>& rows) {
   const int seed = rows.front();
-  const Point at = OutlineWalk(cam.store, rows).walkFrom(seed);
+  const Point at = OutlineWalk(cam.store, change, rows).walkFrom(seed);
   const std::string trouble = complaint(cam.store, seed, at);
-  settleRows(cam.store, /*accepted=*/trouble.empty());
+  settleRows(cam.store, change, /*accepted=*/trouble.empty());
   if (!trouble.empty()) {
     cam.desk.session.host.prompts.showMessage(
         {.text = trouble, .title = cam.desk.session.productname, .icon = MessageIcon::Information});
@@ -182,18 +184,17 @@ Box arcBounds(const DrawingStore& store, int sg) {
 
 void verifypocket(CamDesk& cam, float& width, float& height) {
   const Procedure here("frmMain.verifypocket(width,height)");
-  removeDuplicates(cam.store, cam.desk.session.host.prompts, /*deleteSilently=*/false);
+  Change change(cam.changes);
+  removeDuplicates(cam.changes, cam.desk.session.host.prompts, /*deleteSilently=*/false);
   width = height = 0;
   const std::vector<int> rows = outlineRows(cam.store);
-  if (rows.empty()) return;
-  const Box box = measured(cam.store, rows);
-  if (rows.size() == 1) {
-    acceptLoneRow(cam, rows.front());
-  } else {
-    proveOutline(cam, rows);
+  if (!rows.empty()) {
+    const Box box = measured(cam.store, rows);
+    rows.size() == 1 ? acceptLoneRow(cam, change, rows.front()) : proveOutline(cam, change, rows);
+    width = narrow(static_cast<double>(box.maxX) - box.minX);
+    height = narrow(static_cast<double>(box.maxY) - box.minY);
   }
-  width = narrow(static_cast<double>(box.maxX) - box.minX);
-  height = narrow(static_cast<double>(box.maxY) - box.minY);
+  change.keep({.redraws = false});
 }
 
 void mnuCAMVerifyAcceptPocket_Click(CamDesk& cam) {

@@ -5,7 +5,7 @@
 #include <cmath>
 
 #include "core/rounding.h"
-#include "drafting/row_edits.h"
+#include "drafting/change.h"
 #include "geometry/angles.h"
 #include "geometry/nearest.h"
 #include "toolpath/element_offset.h"
@@ -34,21 +34,21 @@ int sideOfArc(const DrawingStore& store, int sg, const Entity& along, Point refe
 int sideOfFirst(const DrawingStore& store, const OutlineOffset& order, const Entity& along) {
   if (isArc(along.type)) return sideOfArc(store, order.sg, along, order.reference);
   if (along.type != kLine) return 0;
-  Point nearest = order.reference;
-  nearestOnSeg(store, order.sg, order.reference, nearest);
+  const Point nearest =
+      nearestOnSeg(store, order.sg, order.reference).found().value_or(order.reference);
   return sideOfLine(along, {signOf(static_cast<double>(order.reference.x) - nearest.x),
                             signOf(static_cast<double>(order.reference.y) - nearest.y)});
 }
 
-void appendRows(CamDesk& cam, const OffsetChain& chain, int attr) {
+void appendRows(CamDesk& cam, Change& change, const OffsetChain& chain, int attr) {
   SegmentPainter painter(cam.desk.renderer, cam.desk.ScreenProxy);
   const std::vector<std::size_t>& bridges = chain.bridges();
   for (std::size_t k = 0; k < chain.elements().size(); ++k) {
     const SegmentRow row = segmentRowOf(chain.elements()[k], attr);
     if (std::binary_search(bridges.begin(), bridges.end(), k)) {
-      insertSegment(cam.store, cam.store.NumSegments + 1, row);
+      insertSegment(cam.changes, cam.store.NumSegments + 1, row);
     } else {
-      AddSeg(cam.store, row, &painter);
+      change.segments.append(row, painter, Entry::Unmarked);
     }
   }
 }
@@ -57,7 +57,7 @@ void appendRows(CamDesk& cam, const OffsetChain& chain, int attr) {
 
 void offsetSegChain(CamDesk& cam, ChainWalk& rows, const OutlineOffset& order) {
   const Procedure here("frmMain.offsetSegChain(sg,xs,ys,xd,yd,attr,distance,target)");
-  DrawingStore& store = cam.store;
+  const DrawingStore& store = cam.store;
   if (!hasDirection(store, order.sg, order.start, order.direction)) {
     cam.desk.session.host.surroundings.beep();
     return;
@@ -65,6 +65,7 @@ void offsetSegChain(CamDesk& cam, ChainWalk& rows, const OutlineOffset& order) {
   const Point end = otherEnd(store, order.sg, order.start);
   const Entity first = travelledRow(store, order.sg, order.start, end);
   OffsetChain chain({sideOfFirst(store, order, first), order.distance, store.cfg_tolerance});
+  Change change(cam.changes, Step::Continued);
   OffsetWalk walk;
   walk.sg = order.sg;
   walk.start = order.start;
@@ -73,34 +74,35 @@ void offsetSegChain(CamDesk& cam, ChainWalk& rows, const OutlineOffset& order) {
     const auto step = rows.nextChainSeg(from, at);
     return step && isSelected(store.segattr[step->row]) ? step : std::nullopt;
   };
-  walk.taken = [&store](int sg) { store.segattr[sg] = parkedState(store.segattr[sg]); };
+  walk.taken = [&](int sg) { change.segments.mark(sg, parkedState(store.segattr[sg])); };
   offsetAlong(store, walk, chain);
-  appendRows(cam, chain, order.attr);
+  appendRows(cam, change, chain, order.attr);
+  change.keep({.redraws = false});
 }
 
-int insertSegment(DrawingStore& store, int index, const SegmentRow& row) {
+int insertSegment(Changes& changes, int index, const SegmentRow& row) {
   if (row.x0 == row.x1 && row.y0 == row.y1) return kNoExtent;
-  const Int16 count = store.NumSegments + 1;
-  ensureSegmentCapacity(store, count);
-  for (int sg = store.NumSegments; sg >= index; --sg) {
-    setSegmentRow(store, sg + 1, segmentRow(store, sg));
-  }
-  setSegmentRow(store, index, row);
-  store.NumSegments = count;
-  store.drawingsaved = false;
+  Change change(changes, Step::Continued);
+  change.segments.insert(index, row, Entry::Unlogged);
+  change.keep({.redraws = false});
   return 0;
 }
 
-void removeWorkingRows(DrawingStore& store) {
-  for (int sg = store.NumSegments; sg >= 1; --sg) {
-    if (entityClass(store.segattr[sg]) != kOrdinaryClass) deleteSegment(store, sg);
-  }
+void removeWorkingRows(Changes& changes) {
+  const DrawingStore& store = changes.store;
+  Change change(changes, Step::Continued);
+  change.segments.eraseWhere(
+      [&](int sg) { return entityClass(store.segattr[sg]) != kOrdinaryClass; }, Entry::Unlogged);
+  change.keep({.redraws = false});
 }
 
-void restoreParkedRows(DrawingStore& store) {
+void restoreParkedRows(Changes& changes) {
+  const DrawingStore& store = changes.store;
+  Change change(changes, Step::Continued);
   for (int sg = 1; sg <= store.NumSegments; ++sg) {
-    if (store.segattr[sg] == kParkedRow) store.segattr[sg] = kVerifiedRow;
+    if (store.segattr[sg] == kParkedRow) change.segments.mark(sg, kVerifiedRow);
   }
+  change.keep();
 }
 
 }  // namespace tess

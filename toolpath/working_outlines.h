@@ -26,11 +26,11 @@ void offsetSegChain(CamDesk& cam, ChainWalk& rows, const OutlineOffset& order);
 // Puts a drawing row in front of row `index` and marks the drawing changed. One that ends exactly
 // where it starts is refused with kNoExtent; the result is 0 otherwise.
 inline constexpr int kNoExtent = -13;
-int insertSegment(DrawingStore& store, int index, const SegmentRow& row);
+int insertSegment(Changes& changes, int index, const SegmentRow& row);
 
 // Takes out every row that is not of the ordinary class.
-void removeWorkingRows(DrawingStore& store);
+void removeWorkingRows(Changes& changes);
 // Parked rows are verified rows again.
-void restoreParkedRows(DrawingStore& store);
+void restoreParkedRows(Changes& changes);
 
 }  // namespace tess

@@ -2,8 +2,10 @@
 #include "tools/dlgToolPrms.h"
 
 #include <cmath>
+#include <tuple>
 
 #include "core/cut_width.h"
+#include "core/file_system.h"
 #include "core/file_writer.h"
 #include "core/number_text.h"
 #include "core/rounding.h"
@@ -19,6 +21,8 @@ constexpr std::size_t kNumberWidth = 2;
 constexpr char kDeletedName[] = "                    ";  // twenty blanks
 constexpr char kFirstFlutes[] = "2";
 constexpr std::size_t kProblemsShown = 15;
+constexpr char kImportTitle[] = "Import Tools";
+constexpr char kExportTitle[] = "Export Tools";
 constexpr char kLibraryFilter[] = "Tool Libraries (*.csv;*.tbl)|*.csv;*.tbl|All Files (*.*)|*.*";
 
 bool isFree(const DrawingStore& store, int tool) {
@@ -74,7 +78,8 @@ std::optional<float> diameterIn(const std::string& text) {
 }
 
 std::string importReport(const ToolImport& result) {
-  std::string text = std::to_string(result.tools) + " tools were taken over.";
+  std::string text = std::to_string(result.tools) +
+                     (result.tools == 1 ? " tool was" : " tools were") + " taken over.";
   std::size_t shown = 0;
   for (const std::string& problem : result.problems) {
     if (shown++ == kProblemsShown) break;
@@ -84,6 +89,14 @@ std::string importReport(const ToolImport& result) {
     text += "\nand " + std::to_string(result.problems.size() - kProblemsShown) + " more.";
   }
   return text;
+}
+
+// What storing a row may change.
+using StoredTool = std::tuple<std::string, std::string, int, int, float>;
+
+StoredTool storedTool(const DrawingStore& store, int tool) {
+  return {store.toolname[tool], store.toolmaterial[tool], store.toolmilltype[tool],
+          store.toolflutes[tool], store.toolspindlespeed[tool]};
 }
 
 // Raises a flag for as long as it lives.
@@ -126,16 +139,16 @@ void dlgToolPrms::nameControls() {
   lblNumberFlutes.setCaption("&Number of Flutes:");
   lblToolMaterial.setCaption("&Tool Material:");
   lblColor.setCaption("&Color:");
-  cmdColorPalette.setCaption("&Palette...");
+  cmdColorPalette.setCaption("Palette...");
   fraRecommended.setCaption("Recommended");
   lblFeedRateCaption.setCaption("Feed Rate:");
   lblSpindleSpeedCaption.setCaption("Spindle Speed:");
   lblCuttingSpeedCaption.setCaption("Cutting Speed:");
   lblFeedDepthCaption.setCaption("Chip Load:");
-  lblUse.setCaption("Spindle Speed of the &Tool:");
+  lblUse.setCaption("Spindle Speed in Pro&grams:");
   cmdUse.setCaption("&Use");
   fraAdvice.setCaption("In the Drawing's Units");
-  cmdUseAdvice.setCaption("Use These &Feeds and Speed");
+  cmdUseAdvice.setCaption("Use T&hese Feeds and Speed");
   cmdAccept.setCaption("&Accept");
   cmdExit.setCaption("E&xit");
   Slider1.setRange(0, kPaletteSize - 1);
@@ -157,14 +170,9 @@ void dlgToolPrms::wireList() {
 }
 
 void dlgToolPrms::wireTool() {
-  txttool.onChange = [this] { pendingEdits_ = pendingEdits_ || !loading_; };
   txtdiameter.onChange = [this] { diameterChanged(); };
   txtdiameter.onValidate = [this](Validation& validation) { validateDiameter(validation); };
-  txtNumberFlutes.onChange = [this] {
-    if (loading_) return;
-    pendingEdits_ = true;
-    refresh();
-  };
+  txtNumberFlutes.onChange = [this] { refresh(); };
   for (Option* const type : {&optEndMill, &optFaceMill, &optSlotMill}) {
     type->onClick = [this] { typeChosen(); };
   }
@@ -197,7 +205,6 @@ void dlgToolPrms::fill() {
 
 void dlgToolPrms::showRow(int row) {
   current_ = row;
-  pendingEdits_ = false;
   followsSpeed_ = store_.toolspindlespeed[row] == 0;
   {
     const Loading loading(loading_);
@@ -315,7 +322,7 @@ void dlgToolPrms::advise(int flutes, float diameter) {
                                      .flutes = flutes,
                                      .metric = isMetric(store_),
                                      .stepOver = stepOverShare(store_, diameter),
-                                     .highestSpindle = 0};
+                                     .highestSpindle = store_.highestspindle};
   advice_ = adviseCutting(figures, chipLoads(chest_.database, part, material), conditions);
   lblFeedDepth.setCaption(chipRangeText(figures));
   lblAdvice.setCaption(advice_ ? adviceText(*advice_, conditions) : "");
@@ -335,7 +342,6 @@ void dlgToolPrms::chooseLine() {
 // The list of tool materials is that of the type; what it shows is what the tool is made of.
 void dlgToolPrms::typeChosen() {
   if (loading_) return;
-  pendingEdits_ = true;
   FillToolMaterials();
   materialChosen();
 }
@@ -437,32 +443,41 @@ void dlgToolPrms::deleteTool() {
 
 // ---- The library
 
+// The file that the operator chooses; nothing, after a word about it, when its ending tells no
+// format.
+std::optional<std::string> dlgToolPrms::chooseLibrary(const char* title, bool forSaving) {
+  Prompts& prompts = chest_.session.host.prompts;
+  auto path = prompts.chooseFile({.title = title,
+                                  .pattern = kLibraryFilter,
+                                  .folder = chest_.session.appfolder,
+                                  .name = forSaving ? "tools.csv" : "",
+                                  .forSaving = forSaving});
+  if (!path || toolLibraryFormat(*path)) return path;
+  prompts.showMessage({.text = std::string(fileNameOf(*path)) +
+                               ": a tool library is a .csv file or a tool table, .tbl",
+                       .title = title,
+                       .icon = MessageIcon::Error});
+  return std::nullopt;
+}
+
 void dlgToolPrms::importLibrary() {
   const Procedure here("dlgToolPrms.cmdImport_Click()");
-  Prompts& prompts = chest_.session.host.prompts;
-  const auto path = prompts.chooseFile({.title = "Import Tools",
-                                        .pattern = kLibraryFilter,
-                                        .folder = chest_.session.appfolder,
-                                        .name = {},
-                                        .forSaving = false});
+  const auto path = chooseLibrary(kImportTitle, /*forSaving=*/false);
   if (!path) return;
   storeRow();
   const ToolImport result = importTools(store_, *path);
   showRow(current_);
   rebuildList();
   const bool clean = result.problems.empty();
-  prompts.showMessage({.text = importReport(result),
-                       .title = "Import Tools",
-                       .icon = clean ? MessageIcon::Information : MessageIcon::Warning});
+  chest_.session.host.prompts.showMessage(
+      {.text = importReport(result),
+       .title = kImportTitle,
+       .icon = clean ? MessageIcon::Information : MessageIcon::Warning});
 }
 
 void dlgToolPrms::exportLibrary() {
   const Procedure here("dlgToolPrms.cmdExport_Click()");
-  const auto path = chest_.session.host.prompts.chooseFile({.title = "Export Tools",
-                                                            .pattern = kLibraryFilter,
-                                                            .folder = chest_.session.appfolder,
-                                                            .name = "tools.csv",
-                                                            .forSaving = true});
+  const auto path = chooseLibrary(kExportTitle, /*forSaving=*/true);
   if (!path) return;
   storeRow();
   rebuildList();
@@ -471,8 +486,10 @@ void dlgToolPrms::exportLibrary() {
 
 // ---- Storing
 
-// What was not typed is not touched: a name or a number that is shown shorter than it is stays.
+// What was not typed is not touched: a name that is shown shorter than it is stays. A tool that was
+// looked at without an edit may still get what it lacked.
 void dlgToolPrms::storeRow() {
+  const StoredTool before = storedTool(store_, current_);
   storeName();
   storeFlutes();
   if (txtSpindleSpeed.text() != shownSpeed_) {
@@ -482,8 +499,7 @@ void dlgToolPrms::storeRow() {
   }
   store_.toolmaterial[current_] = cmbToolMaterial.text();
   store_.toolmilltype[current_] = static_cast<int>(chosenType());
-  if (pendingEdits_) edited();
-  pendingEdits_ = false;
+  if (storedTool(store_, current_) != before) edited();
   settleSpacing();
 }
 

@@ -79,7 +79,6 @@ class dlgToolPrms : public Form {
   void wireList();
   void wireTool();
   void wireButtons();
-  TextBox& watched(TextBox& box);
 
   // Showing
   void fill();
@@ -110,6 +109,7 @@ class dlgToolPrms : public Form {
   void chooseColor();
   void addTool();
   void deleteTool();
+  std::optional<std::string> chooseLibrary(const char* title, bool forSaving);
   void importLibrary();
   void exportLibrary();
 

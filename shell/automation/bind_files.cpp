@@ -158,7 +158,8 @@ bool makeByRules(Application& application, CncMode mode) {
 bool makeInto(Application& application, CncMode mode, const string& file) {
   if (application.store.NumPathSegments == 0) return makeByRules(application, mode);
   application.session.listener.clearUndoMenu();
-  return make_cnc(application.session, application.definition, application.cnc, mode, file);
+  return make_cnc(application.session, application.definition, application.cnc, mode,
+                  {.path = file});
 }
 
 int makeCnc(Script& script, lua_State* L) {

@@ -1,6 +1,8 @@
 // `geometry`: the geometry routines by name. Points are given as x and y, arcs as their kind,
 // centre, start and end, circles as centre and radius. A routine that answers with a code gives
 // the code first; a point it could not find comes back as 0, 0.
+#include <optional>
+
 #include "core/rounding.h"
 #include "geometry/angles.h"
 #include "geometry/circles.h"
@@ -17,6 +19,55 @@ using std::tuple;
 
 float tolerenceOf(const DrawingStore& store) {
   return store.cfg_tolerance;
+}
+
+// What scripts are told in numbers. These are fixed: scripts compare them.
+constexpr int kFoundCode = 1;
+
+int codeOf(Miss miss) {
+  switch (miss) {
+    case Miss::None:
+      return kFoundCode;
+    case Miss::Apart:
+    case Miss::NoRule:
+      return 0;
+    case Miss::NoRadius:
+    case Miss::Parallel:
+    case Miss::SameRow:
+      return -1;
+    case Miss::NoHit:
+      return -2;
+  }
+  return 0;
+}
+
+// 1 for a tangent, 2 for two hits.
+template <typename Hits>
+int hitCode(const Hits& hits) {
+  if (!hits) return codeOf(hits.miss);
+  return hits.tangent ? 1 : 2;
+}
+
+// Bit 1 for the first hit, bit 2 for the second.
+int crossingCode(const Crossing& crossing) {
+  if (!crossing) return codeOf(crossing.miss);
+  return (crossing.first ? 1 : 0) + (crossing.second ? 2 : 0);
+}
+
+tuple<int, PointPair> resultOf(const Crossing& crossing) {
+  return {crossingCode(crossing), crossing.at};
+}
+tuple<int, PointPair> resultOf(const CircleHits& hits) {
+  return {hitCode(hits), hits.at};
+}
+tuple<int, float, float> resultOf(const AxisHits& hits) {
+  return {hitCode(hits), hits.first, hits.second};
+}
+tuple<int, Point> resultOf(const NearestPoint& nearest) {
+  return {codeOf(nearest.miss), nearest.at};
+}
+tuple<int, Point> resultOf(const std::optional<Point>& found) {
+  return {found ? kFoundCode : 0, found.value_or(Point{})};
 }
 
 constexpr Routine kRoutines[] = {
@@ -73,62 +124,49 @@ constexpr Routine kRoutines[] = {
             }),
 
     // Circles.
-    routine("circleFrom3Points",
-            [](DrawingStore& store, float x1, float y1, float x2, float y2, float x3, float y3) {
-              Point center;
-              const Flag ok =
-                  circleFrom3Points({x1, y1}, {x2, y2}, {x3, y3}, tolerenceOf(store), center);
-              return tuple{center, ok};
-            }),
+    routine(
+        "circleFrom3Points",
+        [](DrawingStore& store, float x1, float y1, float x2, float y2, float x3, float y3) {
+          const auto center = circleFrom3Points({x1, y1}, {x2, y2}, {x3, y3}, tolerenceOf(store));
+          return tuple{center.value_or(Point{}), Flag(center.has_value())};
+        }),
     routine("perpBisector",
             [](float x1, float y1, float x2, float y2) {
-              Point p1{x1, y1};
-              Point p2{x2, y2};
-              const Bisector line = perpBisector(p1, p2);
-              return tuple{p1, p2, line.slope, line.intercept};
+              const Bisector line = perpBisector({x1, y1}, {x2, y2});
+              return tuple{line.points, line.slope, line.intercept};
             }),
     routine("centersFromChord",
             [](float x1, float y1, float x2, float y2, float r) {
-              PointPair centers;
-              const Flag fail = !centersFromChord({x1, y1}, {x2, y2}, r, centers);
-              return tuple{centers, fail};
+              const auto centers = centersFromChord({x1, y1}, {x2, y2}, r);
+              return tuple{centers.value_or(PointPair{}), Flag(!centers.has_value())};
             }),
 
     // The nearest point of one entity.
     routine("nearestOnLine",
             [](float x0, float y0, float x1, float y1, float px, float py) {
-              return tuple{kFound, nearestOnLine({x0, y0}, {x1, y1}, {px, py})};
+              return tuple{kFoundCode, nearestOnLine({x0, y0}, {x1, y1}, {px, py})};
             }),
     routine("nearestOnArc",
             [](DrawingStore& store, int type, float xc, float yc, float x0, float y0, float x1,
                float y1, float px, float py) {
-              Point nearest;
               const Entity arc{type, {x0, y0}, {x1, y1}, {xc, yc}};
-              const int code = nearestOnArc(arc, {px, py}, tolerenceOf(store), nearest);
-              return tuple{code, nearest};
+              return resultOf(nearestOnArc(arc, {px, py}, tolerenceOf(store)));
             }),
     routine("nearestOnCircle",
             [](DrawingStore& store, float xc, float yc, float x0, float y0, float px, float py) {
-              Point nearest;
-              const int code =
-                  nearestOnCircle({xc, yc}, {x0, y0}, {px, py}, tolerenceOf(store), nearest);
-              return tuple{code, nearest};
+              return resultOf(nearestOnCircle({xc, yc}, {x0, y0}, {px, py}, tolerenceOf(store)));
             }),
     routine("nearestOnRect",
             [](float x0, float y0, float x1, float y1, float px, float py) {
-              return tuple{kFound, nearestOnRect({x0, y0}, {x1, y1}, {px, py})};
+              return tuple{kFoundCode, nearestOnRect({x0, y0}, {x1, y1}, {px, py})};
             }),
     routine("nearestOnSeg",
             [](DrawingStore& store, int sg, float px, float py) {
-              Point nearest;
-              const int code = nearestOnSeg(store, sg, {px, py}, nearest);
-              return tuple{code, nearest};
+              return resultOf(nearestOnSeg(store, sg, {px, py}));
             }),
     routine("nearestOnPathSeg",
             [](DrawingStore& store, int ps, float px, float py) {
-              Point nearest;
-              const int code = nearestOnPathSeg(store, ps, {px, py}, nearest);
-              return tuple{code, nearest};
+              return resultOf(nearestOnPathSeg(store, ps, {px, py}));
             }),
 
     // The nearest row or end of the tables.
@@ -146,15 +184,11 @@ constexpr Routine kRoutines[] = {
             }),
     routine("nearestSegEndpoint",
             [](DrawingStore& store, float x, float y) {
-              Point end;
-              const int code = nearestSegEndpoint(store, {x, y}, end) ? kFound : kNoPoint;
-              return tuple{code, end};
+              return resultOf(nearestSegEndpoint(store, {x, y}));
             }),
     routine("nearestPathEndpoint",
             [](DrawingStore& store, float x, float y) {
-              Point end;
-              const int code = nearestPathEndpoint(store, {x, y}, end) ? kFound : kNoPoint;
-              return tuple{code, end};
+              return resultOf(nearestPathEndpoint(store, {x, y}));
             }),
     routine("nearestPathChord",
             [](DrawingStore& store, float x, float y) {
@@ -176,83 +210,57 @@ constexpr Routine kRoutines[] = {
     // Crossings.
     routine("intersectSlopes",
             [](double m1, double b1, double m2, double b2) {
-              Point at;
-              const int code = intersectSlopes(m1, b1, m2, b2, at);
-              return tuple{code, at};
+              const auto at = intersectSlopes(m1, b1, m2, b2);
+              return tuple{codeOf(at ? Miss::None : Miss::Parallel), at.value_or(Point{})};
             }),
     routine(
         "intersectLines",
         [](float ax0, float ay0, float ax1, float ay1, float bx0, float by0, float bx1, float by1) {
-          Point at;
-          const int code = intersectLines(lineEntity({ax0, ay0}, {ax1, ay1}),
-                                          lineEntity({bx0, by0}, {bx1, by1}), at);
-          return tuple{code, at};
+          const Crossing crossing = intersectLines(lineEntity({ax0, ay0}, {ax1, ay1}),
+                                                   lineEntity({bx0, by0}, {bx1, by1}));
+          return tuple{crossingCode(crossing), crossing.at.first};
         }),
     routine("lineCircle",
             [](DrawingStore& store, float px, float py, double slope, float xc, float yc, float r) {
-              PointPair hits;
-              const int code = lineCircle({px, py}, slope, {{xc, yc}, r}, tolerenceOf(store), hits);
-              return tuple{code, hits};
+              return resultOf(lineCircle({px, py}, slope, {{xc, yc}, r}, tolerenceOf(store)));
             }),
     routine("slopeLineCircle",
             [](DrawingStore& store, double slope, double intercept, float xc, float yc, float r) {
-              PointPair hits;
-              const int code =
-                  slopeLineCircle(slope, intercept, {{xc, yc}, r}, tolerenceOf(store), hits);
-              return tuple{code, hits};
+              return resultOf(slopeLineCircle(slope, intercept, {{xc, yc}, r}, tolerenceOf(store)));
             }),
     routine("horizontalCircle",
             [](DrawingStore& store, double y, float xc, float yc, float r) {
-              float xa = 0;
-              float xb = 0;
-              const int code = horizontalCircle(y, {{xc, yc}, r}, tolerenceOf(store), xa, xb);
-              return tuple{code, xa, xb};
+              return resultOf(horizontalCircle(y, {{xc, yc}, r}, tolerenceOf(store)));
             }),
     routine("verticalCircle",
             [](DrawingStore& store, double x, float xc, float yc, float r) {
-              float ya = 0;
-              float yb = 0;
-              const int code = verticalCircle(x, {{xc, yc}, r}, tolerenceOf(store), ya, yb);
-              return tuple{code, ya, yb};
+              return resultOf(verticalCircle(x, {{xc, yc}, r}, tolerenceOf(store)));
             }),
     routine("intersectLineArc",
             [](DrawingStore& store, float lx0, float ly0, float lx1, float ly1, int type, float xc,
                float yc, float x0, float y0, float x1, float y1) {
-              PointPair at;
-              const int code =
-                  intersectLineArc(lineEntity({lx0, ly0}, {lx1, ly1}),
-                                   {type, {x0, y0}, {x1, y1}, {xc, yc}}, tolerenceOf(store), at);
-              return tuple{code, at};
+              return resultOf(intersectLineArc(lineEntity({lx0, ly0}, {lx1, ly1}),
+                                               {type, {x0, y0}, {x1, y1}, {xc, yc}},
+                                               tolerenceOf(store)));
             }),
     routine(
         "intersectArcs",
         [](DrawingStore& store, int typeA, float axc, float ayc, float ax0, float ay0, float ax1,
            float ay1, int typeB, float bxc, float byc, float bx0, float by0, float bx1, float by1) {
-          PointPair at;
-          const int code =
-              intersectArcs({typeA, {ax0, ay0}, {ax1, ay1}, {axc, ayc}},
-                            {typeB, {bx0, by0}, {bx1, by1}, {bxc, byc}}, tolerenceOf(store), at);
-          return tuple{code, at};
+          return resultOf(intersectArcs({typeA, {ax0, ay0}, {ax1, ay1}, {axc, ayc}},
+                                        {typeB, {bx0, by0}, {bx1, by1}, {bxc, byc}},
+                                        tolerenceOf(store)));
         }),
-    routine("intersectSegs",
-            [](DrawingStore& store, int sgA, int sgB) {
-              PointPair at;
-              const int code = intersectSegs(store, sgA, sgB, at);
-              return tuple{code, at};
-            }),
+    routine("intersectSegs", [](DrawingStore& store, int sgA,
+                                int sgB) { return resultOf(intersectSegs(store, sgA, sgB)); }),
     routine("intersectPathSegs",
             [](DrawingStore& store, int psA, int psB) {
-              PointPair at;
-              const int code = intersectPathSegs(store, psA, psB, at);
-              return tuple{code, at};
+              return resultOf(intersectPathSegs(store, psA, psB));
             }),
     routine("intersectWithSeg",
             [](DrawingStore& store, int type, float x0, float y0, float x1, float y1, float xc,
                float yc, int sg) {
-              PointPair at;
-              const int code =
-                  intersectWithSeg(store, {type, {x0, y0}, {x1, y1}, {xc, yc}}, sg, at);
-              return tuple{code, at};
+              return resultOf(intersectWithSeg(store, {type, {x0, y0}, {x1, y1}, {xc, yc}}, sg));
             }),
 };
 

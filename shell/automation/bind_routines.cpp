@@ -9,7 +9,7 @@
 #include "core/setup_file.h"
 #include "core/units.h"
 #include "display/drawing_extents.h"
-#include "drafting/change_log.h"
+#include "drafting/row_edits.h"
 #include "shell/automation/bindings.h"
 #include "shell/automation/lua_routines.h"
 #include "shell/automation/toolpath_routines.h"
@@ -33,18 +33,25 @@ tuple<string, string, float, float, float> formCncLine(Application& application,
 constexpr Routine kRoutines[] = {
     // The store.
     routine("AddSeg",
-            [](DrawingStore& store, int type, Int16 attr, float x0, float y0, float x1, float y1,
-               float xc, float yc) {
-              AddSeg(store, {type, attr, x0, y0, x1, y1, xc, yc}, /*target=*/nullptr);
+            [](Application& application, int type, Int16 attr, float x0, float y0, float x1,
+               float y1, float xc, float yc) {
+              Change change(application.interaction.desk.changes);
+              change.segments.append({type, attr, x0, y0, x1, y1, xc, yc}, Entry::Unmarked);
+              change.keep();
             }),
-    routine("AddSegLine",
-            [](DrawingStore& store, int type, Int16 attr, float y0, float x0, float y1, float x1) {
-              AddSegLine(store, type, attr, y0, x0, y1, x1, /*target=*/nullptr);
-            }),
+    routine(
+        "AddSegLine",
+        [](Application& application, int type, Int16 attr, float y0, float x0, float y1, float x1) {
+          Change change(application.interaction.desk.changes);
+          change.segments.appendLine(type, attr, y0, x0, y1, x1, Entry::Unmarked);
+          change.keep();
+        }),
     routine("addPathSegment",
-            [](DrawingStore& store, Int16 type, float x0, float y0, float x1, float y1, float xc,
-               float yc, float z, float feed, Int16 code) {
-              addPathSegment(store, {type, x0, y0, x1, y1, xc, yc, z, feed, code});
+            [](Application& application, Int16 type, float x0, float y0, float x1, float y1,
+               float xc, float yc, float z, float feed, Int16 code) {
+              Change change(application.interaction.desk.changes);
+              change.paths.append({type, x0, y0, x1, y1, xc, yc, z, feed, code}, Entry::Unlogged);
+              change.keep({.redraws = false});
             }),
     routine("ensureSegmentCapacity",
             [](DrawingStore& store, Int16 n) { ensureSegmentCapacity(store, n); }),
@@ -58,7 +65,8 @@ constexpr Routine kRoutines[] = {
               return findSegment(store, record);
             }),
     routine("nextPathGroup", [](DrawingStore& store) { return nextPathGroup(store); }),
-    routine("roundall", [](DrawingStore& store) { roundall(store); }),
+    routine("roundall",
+            [](Application& application) { roundRows(application.interaction.desk.changes); }),
 
     // Numbers and texts.
     routine("formatNumber",

@@ -133,19 +133,21 @@ int iterate(Script& /*script*/, lua_State* L) {
 }
 
 int addSegment(Script& script, lua_State* L) {
-  DrawingStore& store = script.application.store;
-  AddSeg(store, takeRow<SegmentRow>(L, kSegmentFields), /*target=*/nullptr);
-  push(L, store.NumSegments);
+  const auto row = takeRow<SegmentRow>(L, kSegmentFields);
+  Change change(script.application.interaction.desk.changes);
+  push(L, change.segments.append(row, Entry::Unmarked));
+  change.keep();
   return 1;
 }
 
 int addPath(Script& script, lua_State* L) {
-  DrawingStore& store = script.application.store;
   const auto row = takeRow<PathRow>(L, kPathFields);
-  addPathSegment(store, row);
+  Change change(script.application.interaction.desk.changes);
+  const int ps = change.paths.append(row, Entry::Unlogged);
   // The append shows every row; a hidden one is hidden afterwards.
-  store.psvisible[store.NumPathSegments] = row.visible;
-  push(L, store.NumPathSegments);
+  change.paths.show(ps, row.visible);
+  push(L, ps);
+  change.keep({.redraws = false});
   return 1;
 }
 

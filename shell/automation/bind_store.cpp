@@ -59,24 +59,21 @@ constexpr NamedColumn kColumns[] = {
 };
 
 // A counter that grows carries its tables along, so that every row it counts is there.
-Int16 rowCount(int value) {
-  if (value < 0) throw subscriptOutOfRange();
-  return value;
+void assignNumSegments(Application& application, int value) {
+  Change change(application.interaction.desk.changes);
+  change.segments.resize(value);
+  change.keep();
 }
-void assignNumSegments(DrawingStore& store, int value) {
-  const Int16 count = rowCount(value);
-  ensureSegmentCapacity(store, count);
-  store.NumSegments = count;
+void assignNumPathSegments(Application& application, int value) {
+  Change change(application.interaction.desk.changes);
+  change.paths.resize(value);
+  change.keep();
 }
-void assignNumPathSegments(DrawingStore& store, int value) {
-  const Int16 count = rowCount(value);
-  ensurePathCapacity(store, count);
-  store.NumPathSegments = count;
-}
-void assignNumCycles(DrawingStore& store, int value) {
-  const Int16 count = rowCount(value);
-  resizeCycles(store, count);
-  store.NumCycles = count;
+void assignNumCycles(Application& application, int value) {
+  const Int16 count = value;
+  if (count < 0) throw subscriptOutOfRange();
+  resizeCycles(application.store, count);
+  application.store.NumCycles = count;
 }
 
 using VariableMember = std::variant<Int16 DrawingStore::*, float DrawingStore::*,
@@ -86,7 +83,7 @@ struct NamedVariable {
   const char* name;
   VariableMember member;
   bool viewFlag = false;
-  void (*assign)(DrawingStore& store, int value) = nullptr;
+  void (*assign)(Application& application, int value) = nullptr;
 };
 
 constexpr NamedVariable kVariables[] = {

@@ -106,6 +106,8 @@ void addFileOptions(CLI::App& app, Options& options) {
       ->excludes(kRun)
       ->excludes(kPlay)
       ->excludes(make);
+  app.add_flag("--force", options.line.force,
+               "Write the program over any file, and by a damaged definition");
   app.add_option("DRAWING", options.line.drawing,
                  "The drawing to open, to plot, or to make a program of")
       ->excludes(kRun)
@@ -151,6 +153,7 @@ void settle(const CLI::App& app, Options& options) {
   isGiven(app, "--timeout", scripts, "--run or --play");
   if (isGiven(app, "--size", scripts || plots, "--run or --plot"))
     line.size = *sizeIn(options.size);
+  isGiven(app, "--force", plots || makes, "--make-cnc or --plot");
   if (isGiven(app, "--date", scripts || plots || makes, "--run, --make-cnc or --plot")) {
     line.date = momentIn(options.date);
   }
@@ -178,6 +181,7 @@ ExitStatus makeProgram(const CommandLine& line, std::ostream& out, std::ostream&
   return makeCncFile({.drawing = line.drawing,
                       .mode = line.mode,
                       .output = line.output,
+                      .force = line.force,
                       .appfolder = programFolder(folderRequest(line.home)),
                       .date = line.date},
                      out, err);
@@ -187,6 +191,7 @@ ExitStatus plotDrawing(const CommandLine& line, const PictureWriter& writePictur
                        std::ostream& err) {
   return writePlot({.drawing = line.drawing,
                     .picture = line.picture,
+                    .force = line.force,
                     .size = line.size,
                     .appfolder = programFolder(folderRequest(line.home)),
                     .date = line.date},

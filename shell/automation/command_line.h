@@ -26,6 +26,7 @@ struct CommandLine {
   CncMode mode = CncMode::Mill;
   std::string output;  // of the program; empty: where its rules put it
   std::string picture;
+  bool force = false;            // over what a program or a picture does not replace by itself
   PixelSize size;                // of the surface that nobody sees, or of the picture
   std::optional<DateTime> date;  // that programs and drawings bear; none: of the machine's clock
   bool showProgress = false;     // on the error stream: for a terminal

@@ -4,6 +4,7 @@
 #include <ostream>
 #include <stdexcept>
 
+#include "cnc/program_target.h"
 #include "core/drawing_file.h"
 #include "core/file_system.h"
 #include "core/form.h"
@@ -94,10 +95,28 @@ void load(Application& application, const JobPrompts& prompts, const std::string
   if (application.store.drawingname.empty()) throw JobFailure(lastOf(prompts.texts));
 }
 
+constexpr char kForced[] = " (--force writes over it)";
+
+void requireSound(const PostDefinition& definition) {
+  if (definition.damage.empty()) return;
+  throw JobFailure("the definition is damaged: " + definition.damage +
+                   " (--force makes the program all the same)");
+}
+
+void requireReplaceable(const DrawingStore& store, const std::string& file) {
+  if (const auto kept = keptAt(store, file)) throw JobFailure(file + " " + *kept + kForced);
+}
+
 std::string make(Application& application, const CncJob& job) {
-  if (application.store.NumPathSegments == 0) throw JobFailure("No Path Segments Placed!");
-  const std::string file = job.output.empty() ? programFile(application.store) : job.output;
-  make_cnc(application.session, application.definition, application.cnc, job.mode, file);
+  const DrawingStore& store = application.store;
+  if (store.NumPathSegments == 0) throw JobFailure("No Path Segments Placed!");
+  const std::string file = job.output.empty() ? programFile(store) : job.output;
+  if (!job.force) {
+    requireSound(application.definition);
+    requireReplaceable(store, file);
+  }
+  make_cnc(application.session, application.definition, application.cnc, job.mode,
+           {.path = file, .overDrawing = job.force});
   return file;
 }
 
@@ -115,6 +134,9 @@ void showAll(Application& application) {
 void plot(Application& application, const PlotJob& job, const PictureWriter& writePicture) {
   std::string folder;
   const std::string name = splitPath(folder, job.picture, "PNG");
+  if (!job.force && isOfDrawing(application.store, folder + name)) {
+    throw JobFailure(job.picture + " is a file of the drawing itself" + kForced);
+  }
   application.store.showpaths = 1;
   showAll(application);
   writePicture(application, folder + name, job.size);

@@ -77,7 +77,7 @@ int writeField(Script& script, lua_State* L) {
     lua_replace(L, kValue);
   }
   if (variable.assign != nullptr) {
-    variable.assign(script.application.store, valueAt<int>(L, kValue));
+    variable.assign(script.application, valueAt<int>(L, kValue));
   } else {
     std::visit(Write{L}, variable.place);
   }
@@ -96,7 +96,7 @@ int readRow(Script& /*script*/, lua_State* L) {
 }
 
 template <typename T>
-int writeRow(Script& /*script*/, lua_State* L) {
+int writeRow(Script& script, lua_State* L) {
   const int index = indexAt(L, kKey);
   T& row = columnOf<T>(L)[index];
   T value = valueAt<T>(L, kValue);
@@ -104,6 +104,7 @@ int writeRow(Script& /*script*/, lua_State* L) {
     chargeText(L, &columnOf<T>(L), index, value.size());
   }
   row = std::move(value);
+  script.application.interaction.desk.changes.tellRewritten();
   return 0;
 }
 

@@ -9,6 +9,8 @@
 
 namespace tess {
 
+class Application;
+
 // One row of a table that may move when the table grows.
 struct TableSlot {
   Column<Int16>* column;
@@ -23,7 +25,7 @@ struct Variable {
   // A whole number that is a flag of 0 and 1: a boolean may be assigned to it.
   bool viewFlag = false;
   // Does the assignment, for counters that carry their tables with them.
-  void (*assign)(DrawingStore& store, int value) = nullptr;
+  void (*assign)(Application& application, int value) = nullptr;
 };
 
 }  // namespace tess

@@ -25,6 +25,7 @@ class ScriptGuard : public WriteGuard {
 
   bool trustsLinks() const override { return false; }
   void require(const FileWrite& write) override;
+  bool permits(const FileWrite& write) const override { return !refusal(write); }
 
  private:
   std::optional<std::string> refusal(const FileWrite& write) const;

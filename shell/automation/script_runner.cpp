@@ -206,7 +206,7 @@ AllowedFolders foldersOf(const ScriptJob& job) {
 
 std::optional<std::string> readScript(const ScriptJob& job, std::ostream& err) {
   try {
-    return readFile(job.path);
+    return readFile(job.path, kLargestScript);
   } catch (const RuntimeFailure& failure) {
     takeCallChain();
     const bool folder = folderExists(job.path);

@@ -27,6 +27,10 @@ CamDesk& camOf(Application& application) {
   return application.interaction.cam;
 }
 
+Changes& changesOf(Application& application) {
+  return application.interaction.desk.changes;
+}
+
 // The click of a call is where the pointer stands.
 Point clickOf(Application& application) {
   const PointerRecord& pointer = application.interaction.desk.pointer;
@@ -113,7 +117,8 @@ constexpr Routine kRoutines[] = {
             [](Application& application, float feed) {
               return tuple{scanPocketLathe(camOf(application), feed), feed};
             }),
-    routine("restoreParkedRows", [](DrawingStore& store) { restoreParkedRows(store); }),
+    routine("restoreParkedRows",
+            [](Application& application) { restoreParkedRows(changesOf(application)); }),
     routine("parallelSpiralPocket", [](Application& application,
                                        Int16 sg) { parallelSpiralPocket(camOf(application), sg); }),
 
@@ -125,9 +130,10 @@ constexpr Routine kRoutines[] = {
 
     // Placement.
     routine("insertPathSegment",
-            [](DrawingStore& store, Int16 index, Int16 type, float x0, float y0, float x1, float y1,
-               float xc, float yc, float z, float feed, Int16 tool) {
-              insertPathSegment(store, index, {type, x0, y0, x1, y1, xc, yc, z, feed}, tool);
+            [](Application& application, Int16 index, Int16 type, float x0, float y0, float x1,
+               float y1, float xc, float yc, float z, float feed, Int16 tool) {
+              insertPathSegment(changesOf(application), index,
+                                {type, x0, y0, x1, y1, xc, yc, z, feed}, tool);
             }),
     routine("replicatePathAtZ",
             [](Application& application, float z, float feed) {
@@ -144,10 +150,8 @@ constexpr Routine kRoutines[] = {
             [](DrawingStore& store, Int16 ps) { return firstOfPathGroup(store, ps); }),
     routine("lastOfPathGroup",
             [](DrawingStore& store, Int16 ps) { return lastOfPathGroup(store, ps); }),
-    routine("deletePathGroup",
-            [](Application& application, Int16 group) {
-              deletePathGroup(application.store, application.interaction.desk.changelog, group);
-            }),
+    routine("deletePathGroup", [](Application& application,
+                                  Int16 group) { deletePathGroup(changesOf(application), group); }),
 };
 
 }  // namespace

@@ -1,6 +1,6 @@
-// The time that a script may take. A script that is calculating, or calling the program, ends in
-// order once it is over; one that is inside a single long call, as a pattern match of Lua, cannot
-// hear of it and is ended with the process.
+// The time that a script may take, or the search for a display. A script that is calculating, or
+// calling the program, ends in order once it is over; one that is inside a single long call, as a
+// pattern match of Lua, cannot hear of it and is ended with the process.
 // Owns: Watchdog, exitAtOnce.
 #pragma once
 

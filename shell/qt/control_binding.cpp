@@ -96,8 +96,13 @@ void ControlBinding::show(Property property) {
   }
 }
 
+// Without a colour of its own a widget has those of the theme again.
 void ControlBinding::showColor() {
-  if (!control_.color()) return;
+  if (!control_.color()) {
+    if (std::exchange(colored_, false)) widget_->setPalette(QPalette());
+    return;
+  }
+  colored_ = true;
   const int color = *control_.color();
   const QColor ink(color & 0xFF, color >> 8 & 0xFF, color >> 16 & 0xFF);
   QPalette palette = widget_->palette();

@@ -83,6 +83,7 @@ class ControlBinding : public QObject {
   Control& control_;
   QPointer<QWidget> widget_;
   FormActions& actions_;
+  bool colored_ = false;  // the widget shows a colour of the control's own
 };
 
 // The binding of a control's kind, or null when the widget is of no class that fits it.

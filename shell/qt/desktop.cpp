@@ -12,6 +12,7 @@
 
 #include "core/version.h"
 #include "shell/automation/reports.h"
+#include "shell/automation/watchdog.h"
 #include "shell/program_folder.h"
 #include "shell/qt/desktop_program.h"
 #include "shell/qt/plot.h"
@@ -34,13 +35,51 @@ bool hasDisplay() {
          !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
 }
 
+// The display that the environment means, as an operator knows it.
+std::string displayName() {
+  const QByteArray platform = qgetenv("QT_QPA_PLATFORM");
+  QByteArray display = qgetenv("DISPLAY");
+  if (display.isEmpty()) display = qgetenv("WAYLAND_DISPLAY");
+  if (display.isEmpty()) return platform.toStdString();
+  return (platform.isEmpty() ? display : display + " (" + platform + ")").toStdString();
+}
+
+std::string unreachable() {
+  return "the display " + displayName() +
+         " cannot be reached; tessimo --help tells what it does without one";
+}
+
+// While the toolkit looks for its display. One that refuses would abort the program, with several
+// lines; one that takes the connection and never answers would keep it for ever.
+class DisplaySearch {
+ public:
+  DisplaySearch() : before_(qInstallMessageHandler(hear)) { patience_.start(); }
+  ~DisplaySearch() { qInstallMessageHandler(before_); }
+  DisplaySearch(const DisplaySearch&) = delete;
+  DisplaySearch& operator=(const DisplaySearch&) = delete;
+
+ private:
+  static constexpr double kSeconds = 10;
+
+  static void hear(QtMsgType type, const QMessageLogContext& where, const QString& text) {
+    if (type == QtFatalMsg) exitAtOnce("tessimo: " + oneLine(unreachable()));
+    const bool aboutDisplays = QByteArrayView(where.category).startsWith("qt.qpa");
+    if (!aboutDisplays) std::fprintf(stderr, "%s\n", text.toUtf8().constData());
+  }
+
+  QtMessageHandler before_;
+  Watchdog patience_{kSeconds, [] { exitAtOnce("tessimo: " + oneLine(unreachable())); }};
+};
+
 // The toolkit's application; it keeps references to the arguments.
 class Toolkit {
  public:
   explicit Toolkit(std::vector<std::string> arguments)
       : arguments_(std::move(arguments)),
         texts_(pointersTo(arguments_)),
+        search_(std::make_unique<DisplaySearch>()),
         application_(count_, texts_.data()) {
+    search_.reset();
     QApplication::setApplicationName("tessimo");
     QApplication::setDesktopFileName("tessimo");
     applyTheme(application_, systemPrefersDark(QApplication::palette()));
@@ -57,6 +96,7 @@ class Toolkit {
   std::vector<std::string> arguments_;
   std::vector<char*> texts_;
   int count_ = static_cast<int>(arguments_.size());
+  std::unique_ptr<DisplaySearch> search_;
   QApplication application_;
 };
 
@@ -110,7 +150,7 @@ int runDesktop(const DesktopRequest& request, std::vector<std::string> arguments
     program.open(request.drawing);
     return program.serve();
   } catch (const RuntimeFailure& failure) {
-    std::fprintf(stderr, "tessimo: %s\n", failure.what());
+    say(std::cerr, describe(failure));
     QMessageBox::critical(nullptr, kProductName, QString::fromStdString(failure.what()));
     return kExitFailed;
   }

@@ -2,11 +2,12 @@
 #include "shell/qt/desktop_program.h"
 
 #include <QApplication>
-#include <cstdio>
+#include <iostream>
 #include <optional>
 
 #include "core/lifecycle.h"
 #include "core/version.h"
+#include "shell/automation/reports.h"
 #include "shell/qt/customize_dialog.h"
 #include "shell/qt/key_strokes.h"
 #include "shell/qt/splash.h"
@@ -57,7 +58,7 @@ void DesktopProgram::wirePlatform() {
 
 void DesktopProgram::end(const std::string& line) {
   failed_ = true;
-  std::fprintf(stderr, "tessimo: %s\n", line.c_str());
+  say(std::cerr, line);
   prompts_.showMessage({.text = line, .title = kProductName, .icon = MessageIcon::Error});
   QApplication::exit(kExitFailed);
 }

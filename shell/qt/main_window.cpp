@@ -99,7 +99,7 @@ void MainWindow::fillScreen() {
 }
 
 void MainWindow::print(const std::string& line) {
-  statusLabel(StatusPanel::Prompt).setText(QString::fromStdString(line));
+  statusLabel(StatusPanel::Prompt).setText(QString::fromStdString(line).replace('\n', ' '));
 }
 
 bool MainWindow::eventFilter(QObject* watched, QEvent* event) {

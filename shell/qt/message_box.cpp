@@ -1,6 +1,8 @@
 // Buttons and icons by table.
 #include "shell/qt/message_box.h"
 
+#include <QStringList>
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -52,7 +54,28 @@ constexpr std::array<std::pair<QMessageBox::StandardButton, Answer>, 4> kAnswers
      {QMessageBox::No, Answer::No},
      {QMessageBox::Cancel, Answer::Cancel}}};
 
+// Lines and letters that a screen has room for.
+constexpr qsizetype kMostLines = 40;
+constexpr qsizetype kLastLines = 5;
+constexpr qsizetype kLongestLine = 2000;
+
+QString shortened(const QString& line) {
+  return line.size() > kLongestLine ? line.left(kLongestLine) + "..." : line;
+}
+
 }  // namespace
+
+QString shownText(const std::string& text) {
+  QStringList lines = QString::fromStdString(text).split('\n');
+  if (lines.size() > kMostLines) {
+    const qsizetype first = kMostLines - kLastLines - 1;
+    const qsizetype left = lines.size() - first - kLastLines;
+    lines = lines.first(first) + QStringList(QString("... and %1 more lines ...").arg(left)) +
+            lines.last(kLastLines);
+  }
+  std::transform(lines.cbegin(), lines.cend(), lines.begin(), shortened);
+  return lines.join('\n');
+}
 
 void fillMessageBox(QMessageBox& box, const Message& message) {
   const ButtonSet& set = buttonSet(message.buttons);
@@ -60,7 +83,7 @@ void fillMessageBox(QMessageBox& box, const Message& message) {
   box.setIcon(boxIcon(message.icon));
   box.setWindowTitle(QString::fromStdString(title));
   box.setTextFormat(Qt::PlainText);
-  box.setText(QString::fromStdString(message.text));
+  box.setText(shownText(message.text));
   box.setStandardButtons(set.shown);
   box.setDefaultButton(set.first);
   if (set.escape != QMessageBox::NoButton) box.setEscapeButton(set.escape);

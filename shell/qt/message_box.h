@@ -1,5 +1,5 @@
 // The program's messages as boxes of the toolkit.
-// Owns: fillMessageBox, answerOf, buttonOf.
+// Owns: shownText, fillMessageBox, answerOf, buttonOf.
 #pragma once
 
 #include <QMessageBox>
@@ -7,6 +7,10 @@
 #include "core/host.h"
 
 namespace tess {
+
+// The text as far as a screen has room for it: of many lines the first and the last, with the
+// number of those between, and of a long line its beginning.
+QString shownText(const std::string& text);
 
 // Text, title, icon and buttons; the first button is the default one, and Esc gives the answer that
 // changes nothing, where there is one.

@@ -296,6 +296,28 @@ TEST_F(MillMotionsTest, EveryValueThatIsNoNumberIsRefusedWhateverItsColumn) {
   }
 }
 
+// A definition may say anything about its formats and texts.
+TEST_F(MillMotionsTest, AProgramWithoutBoundsIsRefused) {
+  const std::string refusal =
+      "The program is longer than 64 MB: a number format or the comment text of the post-processor "
+      "definition is far too long";
+  for (int row = 0; row < 400; ++row) {
+    place(lineRow({0, 0}, {static_cast<float>(row % 7), 1}, -0.25F * static_cast<float>(row % 3),
+                  10));
+    store.pscode[store.NumPathSegments] = row % 2;
+  }
+  EXPECT_LT(program().size(), 100000U);
+  const std::string format = session.formats.cncfmt;
+  session.formats.cncfmt = "0." + std::string(1000000, '0');
+  const RuntimeFailure ofFormat = failureOf([this] { program(); });
+  EXPECT_EQ(ofFormat.number(), FailureNumber::Overflow);
+  EXPECT_EQ(ofFormat.description(), refusal);
+  EXPECT_THAT(ofFormat.source(), StartsWith("path row "));
+  session.formats.cncfmt = format;
+  definition.cnccomment = std::string(1000000, ';');
+  EXPECT_EQ(failureOf([this] { program(); }).description(), refusal);
+}
+
 TEST_F(MillMotionsTest, RowWithoutAToolNamesItself) {
   place(lineRow({0, 0}, {1, 0}, -0.25F, 10));
   PathRow row = lineRow({1, 0}, {2, 0}, -0.25F, 10);

@@ -4,6 +4,7 @@
 #include "gtest/gtest.h"
 
 #include "geometry/constants.h"
+#include "tests/support/failure_of.h"
 
 namespace tess {
 namespace {
@@ -67,6 +68,37 @@ TEST(PathReport, RapidsHaveNoLengthAndCyclesTheirDepth) {
   EXPECT_EQ(report.rows, 3);
   EXPECT_DOUBLE_EQ(report.length, 0.5);
   EXPECT_DOUBLE_EQ(report.minutes, 0.1);
+}
+
+// A mill goes along a row that is marked as a rapid of the lathe style at its feed, and down to it;
+// neither is a cut.
+TEST(PathReport, CountsTheCutsAloneOfAProgramWithAllKindsOfMoves) {
+  DrawingStore store;
+  store.cfg_z_plunge_rate = 1;
+  store.zstartpos = 5;
+  PathRow latheRapid = line(5, 10, 100);
+  latheRapid.z = kLatheRapidZ;
+  PathRow noKind = line(9, 10, 201);
+  noKind.type = 4;
+  for (const PathRow& row : {line(6, 12, 100), latheRapid, noKind, line(6, 12, 100)}) {
+    addPathSegment(store, row);
+  }
+  const PathReport report = reportPaths(store);
+  EXPECT_EQ(report.rows, 4);
+  EXPECT_DOUBLE_EQ(report.length, 12);
+  EXPECT_DOUBLE_EQ(report.minutes, 1);
+  ASSERT_EQ(report.tools.size(), 2U);
+  EXPECT_EQ(report.tools[0].rows, 3);
+  EXPECT_EQ(report.tools[1].rows, 1);
+  EXPECT_DOUBLE_EQ(report.tools[1].length, 0);
+}
+
+TEST(PathReport, ARowWithoutAToolIsNamed) {
+  DrawingStore store;
+  for (const PathRow& row : {line(6, 12, 100), line(6, 12, -5)}) addPathSegment(store, row);
+  const RuntimeFailure failure = testing::failureOf([&store] { reportPaths(store); });
+  EXPECT_EQ(failure.number(), FailureNumber::SubscriptOutOfRange);
+  EXPECT_EQ(failure.source(), "path row 2");
 }
 
 // Without a feed the time is not known, and must not be endless.

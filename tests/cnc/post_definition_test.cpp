@@ -98,7 +98,8 @@ TEST_F(PostDefinitionTest, ListOfAnotherNameIsReadAsKeys) {
   define("LISTSTART,FOOTER\r\nABSCENTER\r\nY\r\nLISTEND\r\n");
   EXPECT_TRUE(definition.absCenter);
   ASSERT_EQ(host.prompts.messages.size(), 1U);
-  EXPECT_EQ(host.prompts.messages[0].text, "Error in Post processor definition file:LISTEND");
+  EXPECT_EQ(host.prompts.messages[0].text,
+            "Error in Post processor definition file:LISTEND\ntest.msx line 4 field 1");
 }
 
 TEST_F(PostDefinitionTest, CommentPrefixStandsAsWritten) {
@@ -145,8 +146,10 @@ TEST_F(PostDefinitionTest, UnknownKeyGivesOneMessagePerTokenAndTheLoadGoesOn) {
   session.startupdone = true;
   define("SPINDLE,CW\r\nabscenter,Y\r\n");
   ASSERT_EQ(host.prompts.messages.size(), 2U);
-  EXPECT_EQ(host.prompts.messages[0].text, "Error in Post processor definition file:SPINDLE");
-  EXPECT_EQ(host.prompts.messages[1].text, "Error in Post processor definition file:CW");
+  EXPECT_EQ(host.prompts.messages[0].text,
+            "Error in Post processor definition file:SPINDLE\ntest.msx line 1 field 1");
+  EXPECT_EQ(host.prompts.messages[1].text,
+            "Error in Post processor definition file:CW\ntest.msx line 1 field 2");
   EXPECT_EQ(host.prompts.messages[0].buttons, MessageButtons::Ok);
   EXPECT_TRUE(definition.absCenter);
 }
@@ -154,8 +157,16 @@ TEST_F(PostDefinitionTest, UnknownKeyGivesOneMessagePerTokenAndTheLoadGoesOn) {
 TEST_F(PostDefinitionTest, BeforeTheStartIsDoneTheMessageIsPrintedOnTheMainWindow) {
   define("Feedmax\r\n");
   EXPECT_TRUE(host.prompts.messages.empty());
-  EXPECT_THAT(host.surroundings.printed,
-              ElementsAre("Error in Post processor definition file:Feedmax"));
+  EXPECT_THAT(
+      host.surroundings.printed,
+      ElementsAre("Error in Post processor definition file:Feedmax\ntest.msx line 1 field 1"));
+}
+
+TEST_F(PostDefinitionTest, TheFirstDamageOfADefinitionIsKnown) {
+  define("ABSCENTER,Y\r\n\r\nSPINDLE,CW\r\n");
+  EXPECT_EQ(definition.damage, "test.msx line 3 field 1 has the unknown word 'SPINDLE'");
+  define("ABSCENTER,Y\r\n");
+  EXPECT_EQ(definition.damage, "");
 }
 
 TEST_F(PostDefinitionTest, EmptyTokensBetweenKeysAreSkipped) {

@@ -14,6 +14,7 @@
 #include "tests/support/failure_of.h"
 #include "tests/support/recording_session.h"
 #include "tests/support/without_root_rights.h"
+#include "tests/support/write_file.h"
 
 namespace tess {
 namespace {
@@ -92,6 +93,7 @@ TEST_F(DrawingFile, SaveRoundsWritesBothFilesAndMarksTheDrawingSaved) {
   EXPECT_EQ(store.savedsegments, 1);
   EXPECT_EQ(store.savedpaths, 1);
   EXPECT_EQ(session.recentfiles[0], cnc("part.cdm"));
+  EXPECT_EQ(test.listener.rewritings, 1);
   EXPECT_EQ(test.listener.displayed.back(), "Drawing:PART.CDM");
 }
 

@@ -3,6 +3,7 @@
 
 #include <cerrno>
 #include <filesystem>
+#include <sys/stat.h>
 
 #include "gtest/gtest.h"
 
@@ -13,6 +14,7 @@
 namespace tess {
 namespace {
 
+using testing::failureOf;
 using testing::numberOfFailure;
 using testing::TempFolder;
 
@@ -94,6 +96,66 @@ TEST(FileSystem, FailuresCarryTheirNumbers) {
   EXPECT_EQ(numberOfFailure([&] { readFile(folder(std::string(300, 'x'))); }),
             FailureNumber::PathNotFound);
   EXPECT_EQ(numberOfFailure([] { raiseFileFailure(EIO, "x"); }), FailureNumber::DeviceInputOutput);
+}
+
+TEST(FileSystem, PipesAndDevicesAreRefusedAtOnce) {
+  const TempFolder folder;
+  ASSERT_EQ(::mkfifo(folder("pipe").c_str(), 0600), 0);
+  std::filesystem::create_symlink("pipe", folder("link"));
+  for (const char* name : {"pipe", "link"}) {
+    const RuntimeFailure failure = failureOf([&] { readFile(folder(name)); });
+    EXPECT_EQ(failure.number(), FailureNumber::PathFileAccess);
+    EXPECT_EQ(failure.description(), "Path/File access error (it is a pipe)");
+    EXPECT_EQ(failure.source(), folder(name));
+  }
+  EXPECT_EQ(failureOf([] { readFile("/dev/zero"); }).description(),
+            "Path/File access error (it is a device)");
+  EXPECT_EQ(failureOf([&] { readFile(folder()); }).description(), "Path/File access error");
+}
+
+TEST(FileSystem, TooLargeFilesAreRefusedBeforeTheyAreRead) {
+  const TempFolder folder;
+  folder.write("full", std::string(1000, 'x'));
+  EXPECT_EQ(readFile(folder("full"), 1000).size(), 1000U);
+  const RuntimeFailure failure = failureOf([&] { readFile(folder("full"), 999); });
+  EXPECT_EQ(failure.number(), FailureNumber::PathFileAccess);
+  EXPECT_EQ(failure.description(), "The file is too large (1000 bytes, at most 999)");
+  EXPECT_EQ(failure.source(), folder("full"));
+  folder.write("huge", "");
+  std::filesystem::resize_file(folder("huge"), std::uintmax_t{1} << 40);  // takes no room
+  EXPECT_EQ(numberOfFailure([&] { readFile(folder("huge")); }), FailureNumber::PathFileAccess);
+}
+
+// The kernel's files have no size until they are read.
+TEST(FileSystem, FilesOfUnknownSizeAreReadToTheirEnd) {
+  const std::string whole = readFile("/proc/self/maps");
+  EXPECT_GT(whole.size(), 100U);
+  EXPECT_EQ(numberOfFailure([] { readFile("/proc/self/maps", 10); }),
+            FailureNumber::PathFileAccess);
+}
+
+TEST(FileSystem, TheBeginningOfAFile) {
+  const TempFolder folder;
+  folder.write("a", "abcdef");
+  folder.write("empty", "");
+  EXPECT_EQ(readBeginning(folder("A"), 4), "abcd");
+  EXPECT_EQ(readBeginning(folder("a"), 10), "abcdef");
+  EXPECT_EQ(readBeginning(folder("empty"), 10), "");
+  EXPECT_EQ(numberOfFailure([&] { readBeginning(folder(), 1); }), FailureNumber::PathFileAccess);
+}
+
+TEST(FileSystem, LinksAndOtherNamesAreTheSameFile) {
+  const TempFolder folder;
+  folder.write("a", "x");
+  folder.write("b", "x");
+  std::filesystem::create_symlink("a", folder("link"));
+  std::filesystem::create_hard_link(folder("a"), folder("name"));
+  for (const char* same : {"a", "A", "link", "name", "./a"}) {
+    EXPECT_TRUE(isSameFile(folder("a"), folder(same))) << same;
+  }
+  EXPECT_FALSE(isSameFile(folder("a"), folder("b")));
+  EXPECT_FALSE(isSameFile(folder("a"), folder("none")));
+  EXPECT_FALSE(isSameFile(folder("none"), folder("none")));
 }
 
 }  // namespace

@@ -47,6 +47,7 @@ class StrictGuard : public WriteGuard {
     kinds.push_back(write.kind);
     if (onRequire) onRequire(write);
   }
+  bool permits(const FileWrite& /*write*/) const override { return !onRequire; }
 
   std::function<void(const FileWrite&)> onRequire;
   std::vector<std::string> asked;

@@ -101,7 +101,8 @@ TEST_F(Lifecycle, StartWithoutSetupEndsTheProgram) {
   fs::remove(test.home("mill.msu"));
   EXPECT_THROW(start(), EndProgram);
   EXPECT_THAT(test.recording.surroundings.printed,
-              ElementsAre("Could not find setup file: mill.msu"));
+              ElementsAre("Could not find setup file: mill.msu\nnamed in " + test.home("tess.def") +
+                          " line 2 field 1"));
 }
 
 TEST_F(Lifecycle, SetupWithAToolOfNoRadiusStillStarts) {

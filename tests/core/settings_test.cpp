@@ -35,7 +35,7 @@ TEST(SettingRows, KeysAreLowerCaseAndUniqueButForTheRepeatedOne) {
     repeated += row.repeated;
   }
   EXPECT_EQ(repeated, 1);
-  EXPECT_EQ(settingRows().size(), 64U);
+  EXPECT_EQ(settingRows().size(), 65U);
 }
 
 TEST(SettingRows, NoRowKeyIsASettingKey) {

@@ -21,6 +21,7 @@ namespace {
 using ::testing::ElementsAre;
 using testing::failureOf;
 using ::testing::HasSubstr;
+using ::testing::Not;
 using testing::TestSession;
 
 // A whole setup as the writer gives it.
@@ -172,7 +173,8 @@ TEST_F(SetupFile, UnknownEntryIsShownAndReadingGoesOn) {
   read("main color = 3\r\nstart depth = 2\r\n");
   ASSERT_EQ(test.messages().size(), 1U);
   EXPECT_EQ(test.messages()[0].text,
-            "Unknown setup file entry: \nmain color = 3\n\nPress OK to continue loading.");
+            "Unknown setup file entry: \nmain color = 3\n\nPress OK to continue loading.\n"
+            "mill.msu line 1 field 1");
   EXPECT_EQ(store.cfg_start_depth, 2.0F);
 }
 
@@ -321,6 +323,19 @@ TEST_F(SetupFile, SetupCutAtEveryByteReadsOrFailsCleanly) {
   }
 }
 
+TEST_F(SetupFile, TheHighestSpindleSpeedIsWrittenOnlyWhenItIsSet) {
+  read(wholeSetup());
+  EXPECT_EQ(store.highestspindle, 0);
+  EXPECT_THAT(written(), Not(HasSubstr("highest spindle speed")));
+  store.highestspindle = 5000;
+  EXPECT_THAT(written(), HasSubstr("z plunge rate = 4\r\nhighest spindle speed = 5000\r\ncutting"));
+  read("Highest Spindle Speed = 2800\r\n");
+  EXPECT_EQ(store.highestspindle, 2800);
+  EXPECT_TRUE(test.messages().empty());
+  read(wholeSetup());
+  EXPECT_EQ(store.highestspindle, 0) << "a setup that does not tell it has none";
+}
+
 TEST_F(SetupFile, PartHeightOfZeroIsWrittenAsAQuarter) {
   EXPECT_THAT(setupText(session), HasSubstr("part dim z = .25\r\n"));
   EXPECT_EQ(store.partdimz, 0.25F);
@@ -379,7 +394,8 @@ TEST_F(SetupFile, MissingSetupIsPrintedAndEndsTheProgram) {
   session.setuppath = "c:\\cnc\\gone.msu";
   EXPECT_THROW(load_setup(session), EndProgram);
   EXPECT_THAT(test.recording.surroundings.printed,
-              ElementsAre("Could not find setup file: c:\\cnc\\gone.msu"));
+              ElementsAre("Could not find setup file: c:\\cnc\\gone.msu\nlooked for as " +
+                          test.home("gone.msu")));
 }
 
 TEST_F(SetupFile, SetupOfAnotherFolderIsReadBesideTheProgram) {

@@ -2,6 +2,7 @@
 #include "drafting/change_log.h"
 
 #include <algorithm>
+#include <deque>
 #include <map>
 
 #include "gtest/gtest.h"
@@ -9,15 +10,18 @@
 
 #include "core/rounding.h"
 #include "drafting/change_walk.h"
-#include "drafting/row_edits.h"
 #include "tests/geometry/rows.h"
 #include "tests/geometry/scenes.h"
 #include "tests/support/drafting_desk.h"
 #include "tests/support/failure_of.h"
+#include "tests/support/plain_edits.h"
 
 namespace tess {
 namespace {
 
+using testing::deletePathSegment;
+using testing::deleteSegment;
+using testing::insertPathSegment;
 using testing::numberOfFailure;
 using testing::pathTexts;
 using testing::segmentTexts;
@@ -65,8 +69,14 @@ struct LoggedDrawing {
     logPathSegment(log, store, ps, "A", false);
   }
 
-  void undo() { undoStep(log, store); }
-  void redo() { redoStep(log, store); }
+  void undo() {
+    Changes changes(store, log);
+    undoStep(changes);
+  }
+  void redo() {
+    Changes changes(store, log);
+    redoStep(changes);
+  }
 
   DrawingStore store;
   ChangeLog log;
@@ -170,6 +180,90 @@ TEST(ChangeLog, HoldsNoMoreThanItsCountCan) {
   for (int n = 0; n < 32767; ++n) log.logRecord({}, true);
   EXPECT_EQ(numberOfFailure([&] { log.logRecord({}, true); }), FailureNumber::Overflow);
   EXPECT_EQ(log.changecount, 32767);
+}
+
+// Logs a step of so many records, numbered by their attribute.
+void logStep(ChangeLog& log, int records, int number) {
+  for (int n = 0; n < records; ++n) {
+    clsSegment record = recordOf({.type = 1, .attr = number});
+    record.StartOfSegment = n == 0;
+    log.logRecord(record, true);
+  }
+}
+
+TEST(ChangeLog, WhenItIsFullTheOldestWholeStepsGiveWay) {
+  ChangeLog log;
+  logStep(log, 4, 1);
+  logStep(log, 3, 2);
+  logStep(log, 32760, 3);
+  EXPECT_EQ(log.changecount, 32767);
+  logStep(log, 1, 4);
+  EXPECT_EQ(log.changecount, 32764);
+  EXPECT_EQ(log.changetop, 32764);
+  EXPECT_EQ(log.record(0).SegAttr, 2);
+  EXPECT_TRUE(log.record(0).StartOfSegment);
+  logStep(log, 5, 5);
+  EXPECT_EQ(log.record(0).SegAttr, 3);
+  EXPECT_EQ(log.changecount, 32766);
+  EXPECT_EQ(log.popRecord().SegAttr, 5);
+  EXPECT_EQ(log.nextRedoRecord().SegAttr, 5);
+}
+
+TEST(ChangeLog, RecordsOfOneStepEnterTogetherOrNotAtAll) {
+  ChangeLog log;
+  logStep(log, 3, 1);
+  logStep(log, 3, 2);
+  std::vector<clsSegment> records(32764, recordOf({.type = 1, .attr = 3}));
+  for (clsSegment& record : records) record.StartOfSegment = false;
+  records.emplace_back();
+  EXPECT_EQ(numberOfFailure([&] { log.logRecords(records); }), FailureNumber::Overflow);
+  EXPECT_EQ(log.changecount, 6);
+  records.pop_back();
+  log.logRecords(records);
+  EXPECT_EQ(log.changecount, 32767);
+  EXPECT_EQ(log.record(0).SegAttr, 2);
+  EXPECT_EQ(log.lastStepSize(), 32767);
+  EXPECT_EQ(log.record(32766).SegAttr, 3);
+}
+
+TEST(ChangeLog, RecordsLoggedTogetherCutTheRedoBranch) {
+  ChangeLog log;
+  logStep(log, 2, 1);
+  logStep(log, 2, 2);
+  log.popRecord();
+  log.popRecord();
+  const clsSegment record = recordOf({.type = 1, .attr = 3});
+  log.logRecords({&record, 1});
+  EXPECT_EQ(log.changecount, 3);
+  EXPECT_EQ(log.changetop, 3);
+  EXPECT_EQ(log.lastStepSize(), 1);
+  log.logRecords({});
+  EXPECT_EQ(log.changecount, 3);
+}
+
+// Against a list that simply drops whole steps from its front.
+TEST(ChangeLog, HoldsTheLatestStepsHoweverManyGaveWay) {
+  testing::Dice dice(3);
+  ChangeLog log;
+  std::deque<std::vector<int>> plain;
+  int held = 0;
+  for (int step = 1; step <= 3000; ++step) {
+    const int records = 1 + dice.below(90);
+    logStep(log, records, step);
+    plain.emplace_back(static_cast<std::size_t>(records), step);
+    for (held += records; held > 32767; plain.pop_front()) {
+      held -= static_cast<int>(plain.front().size());
+    }
+  }
+  ASSERT_EQ(log.changecount, held);
+  ASSERT_EQ(log.changetop, held);
+  int at = 0;
+  for (const std::vector<int>& step : plain) {
+    for (std::size_t n = 0; n < step.size(); ++n, ++at) {
+      ASSERT_EQ(log.record(at).SegAttr, step[n]);
+      ASSERT_EQ(log.record(at).StartOfSegment, n == 0);
+    }
+  }
 }
 
 TEST(ChangeLog, ClearedHasNothingToUndoOrRedo) {

@@ -6,15 +6,17 @@
 #include "gtest/gtest.h"
 
 #include "drafting/frmCleanupDrawing.h"
-#include "drafting/row_edits.h"
 #include "tests/geometry/scenes.h"
 #include "tests/support/drafting_desk.h"
 #include "tests/support/outlines.h"
+#include "tests/support/plain_edits.h"
 
 namespace tess {
 namespace {
 
+using testing::deleteSegment;
 using testing::Dice;
+using testing::editing;
 using testing::RecordedDesk;
 using testing::segmentTexts;
 using Texts = std::vector<std::string>;
@@ -62,7 +64,7 @@ TEST(CountDuplicates, LinesThatDifferByAHairAreNone) {
   d.addLine(0, 0, 0.5F, 0);
   d.addLine(0, 0, 0.5000001F, 0);
   EXPECT_EQ(countDuplicates(d.store), 0);
-  removeDuplicates(d.store, d.test.recording.prompts, /*deleteSilently=*/true);
+  removeDuplicates(d.desk.changes, d.test.recording.prompts, /*deleteSilently=*/true);
   EXPECT_EQ(d.store.NumSegments, 2);
 }
 
@@ -71,7 +73,7 @@ TEST(CountDuplicates, CountsTheRowsThatWouldBeRemoved) {
   RecordedDesk d;
   for (int copy = 0; copy < 3; ++copy) d.addLine(0, 0, 1, 2);
   EXPECT_EQ(countDuplicates(d.store), 2);
-  removeDuplicates(d.store, d.test.recording.prompts, /*deleteSilently=*/true);
+  removeDuplicates(d.desk.changes, d.test.recording.prompts, /*deleteSilently=*/true);
   EXPECT_EQ(segmentTexts(d.store), (Texts{"1 (0, 0)-(1, 2)"}));
 }
 
@@ -115,7 +117,7 @@ TEST(RemoveZeroLength, ReportsHowManyWent) {
   d.addLine(0, 0, 1, 0);
   d.add({.type = kCircle, .x0 = 1, .x1 = 1});
   d.addLine(2, 2, 2, 2);
-  EXPECT_EQ(removeZeroLength(d.store), 2);
+  EXPECT_EQ(removeZeroLength(d.desk.changes), 2);
   EXPECT_EQ(segmentTexts(d.store), (Texts{"1 (0, 0)-(1, 0)", "5 (1, 0)-(1, 0)"}));
   EXPECT_FALSE(d.store.drawingsaved);
   EXPECT_EQ(d.desk.changelog.changecount, 0);
@@ -125,7 +127,7 @@ TEST(RemoveZeroLength, WithoutAnyTheDrawingStaysSaved) {
   RecordedDesk d;
   d.addLine(0, 0, 1, 0);
   d.store.drawingsaved = true;
-  EXPECT_EQ(removeZeroLength(d.store), 0);
+  EXPECT_EQ(removeZeroLength(d.desk.changes), 0);
   EXPECT_TRUE(d.store.drawingsaved);
 }
 
@@ -146,7 +148,7 @@ TEST(RemoveDuplicates, AsksOnceAndTakesTheLaterRows) {
   RecordedDesk d;
   addCopies(d);
   d.test.recording.prompts.answers = {Answer::Yes};
-  removeDuplicates(d.store, d.test.recording.prompts, /*deleteSilently=*/false);
+  removeDuplicates(d.desk.changes, d.test.recording.prompts, /*deleteSilently=*/false);
   ASSERT_EQ(d.messages().size(), 1U);
   const Message& asked = d.messages().front();
   EXPECT_EQ(asked.text,
@@ -164,7 +166,7 @@ TEST(RemoveDuplicates, NoLeavesAllOfThem) {
   addCopies(d);
   const Texts before = segmentTexts(d.store);
   d.test.recording.prompts.answers = {Answer::No};
-  removeDuplicates(d.store, d.test.recording.prompts, /*deleteSilently=*/false);
+  removeDuplicates(d.desk.changes, d.test.recording.prompts, /*deleteSilently=*/false);
   EXPECT_EQ(d.messages().size(), 1U);
   EXPECT_EQ(segmentTexts(d.store), before);
   EXPECT_TRUE(d.store.drawingsaved);
@@ -173,7 +175,7 @@ TEST(RemoveDuplicates, NoLeavesAllOfThem) {
 TEST(RemoveDuplicates, SilentlyDoesNotAsk) {
   RecordedDesk d;
   addCopies(d);
-  removeDuplicates(d.store, d.test.recording.prompts, /*deleteSilently=*/true);
+  removeDuplicates(d.desk.changes, d.test.recording.prompts, /*deleteSilently=*/true);
   EXPECT_TRUE(d.messages().empty());
   EXPECT_EQ(segmentTexts(d.store), kWithoutCopies);
 }
@@ -182,7 +184,7 @@ TEST(RemoveDuplicates, WithoutAnyNothingIsAsked) {
   RecordedDesk d;
   d.addLine(0, 0, 1, 0);
   d.store.drawingsaved = true;
-  removeDuplicates(d.store, d.test.recording.prompts, /*deleteSilently=*/false);
+  removeDuplicates(d.desk.changes, d.test.recording.prompts, /*deleteSilently=*/false);
   EXPECT_TRUE(d.messages().empty());
   EXPECT_TRUE(d.store.drawingsaved);
 }
@@ -232,7 +234,7 @@ TEST(RemoveDuplicates, LeavesWhatTheWalkOverAllPairsLeaves) {
     DrawingStore plain = store;
     const int before = store.NumSegments;
     const int counted = countDuplicates(store);
-    removeDuplicates(store, prompts, /*deleteSilently=*/true);
+    editing(store, [&](Changes& changes) { removeDuplicates(changes, prompts, true); });
     removeDuplicatesPlainly(plain);
     EXPECT_EQ(segmentTexts(store), segmentTexts(plain)) << seed;
     EXPECT_EQ(counted, before - store.NumSegments) << seed;
@@ -247,7 +249,7 @@ TEST(RemoveZeroLength, LeavesWhatSingleDeletionsLeave) {
     Dice dice(seed);
     DrawingStore store = crowdedStore(dice);
     DrawingStore plain = store;
-    removed += removeZeroLength(store);
+    removed += editing(store, [](Changes& changes) { return removeZeroLength(changes); });
     removeZeroLengthPlainly(plain);
     EXPECT_EQ(segmentTexts(store), segmentTexts(plain)) << seed;
   }
@@ -262,7 +264,7 @@ TEST(RemoveDuplicates, AFullTableLosesItsSecondHalf) {
   testing::addOutline(store, star);
   testing::addOutline(store, star);
   EXPECT_EQ(countDuplicates(store), 16383);
-  removeDuplicates(store, prompts, /*deleteSilently=*/true);
+  editing(store, [&](Changes& changes) { removeDuplicates(changes, prompts, true); });
   EXPECT_EQ(store.NumSegments, 16383);
   EXPECT_EQ(segmentEntity(store, 16383).end, star.back().end);
 }

@@ -25,7 +25,8 @@ std::string logText(const RecordedDesk& d) {
   const ChangeLog& log = d.desk.changelog;
   for (int at = 0; at < log.changecount; ++at) {
     if (at > 0) text += ' ';
-    text += log.record(at).AddOrDelete + (log.record(at).StartOfSegment ? "*" : "");
+    text += log.record(at).added() ? "A" : "D";
+    if (log.record(at).StartOfSegment) text += "*";
   }
   return text;
 }
@@ -101,6 +102,21 @@ TEST(DrawLine, InAFullTableFailsAndLeavesTheMarker) {
             FailureNumber::Overflow);
   EXPECT_EQ(d.marker(), (Point{0, 0}));
   EXPECT_EQ(logText(d), "");
+}
+
+TEST(DrawRectangle, WithoutRoomForAllSidesDrawsNone) {
+  RecordedDesk d;
+  ensureSegmentCapacity(d.store, 32767);
+  d.store.NumSegments = 32765;
+  d.desk.state.setDrawMode(6);
+  d.desk.pointer.MouseX = 1;
+  d.desk.pointer.MouseY = 2;
+  EXPECT_EQ(testing::numberOfFailure([&] { draw_Action(d.desk, d.ScreenProxy); }),
+            FailureNumber::Overflow);
+  EXPECT_EQ(d.store.NumSegments, 32765);
+  EXPECT_TRUE(d.store.drawingsaved);
+  EXPECT_EQ(logText(d), "");
+  EXPECT_NE(d.redraw.TaskQueueState(), 0);  // what was drawn of it goes from the screen
 }
 
 TEST(DrawLine, EndsASingleUseOfSnap) {
@@ -291,8 +307,7 @@ TEST(DrawArcC2P, BetweenTheEndsTakesTheSecondCentreOnATie) {
   mnuDrawArcC2P_Click(d.desk);
   d.click(-1, 0);
   d.click(2, 0);  // radius 2, both centres equally far
-  PointPair centers;
-  ASSERT_TRUE(centersFromChord({1, 0}, {-1, 0}, 2, centers));
+  const PointPair centers = centersFromChord({1, 0}, {-1, 0}, 2).value();
   EXPECT_EQ((Point{d.store.centerx[1], d.store.centery[1]}), centers.second);
 }
 

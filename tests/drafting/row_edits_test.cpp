@@ -8,10 +8,15 @@
 
 #include "tests/support/drafting_desk.h"
 #include "tests/support/failure_of.h"
+#include "tests/support/plain_edits.h"
 
 namespace tess {
 namespace {
 
+using testing::deletePathSegment;
+using testing::deleteSegment;
+using testing::insertPathSegment;
+using testing::insertPathSegments;
 using testing::pathTexts;
 using testing::segmentTexts;
 using Texts = std::vector<std::string>;
@@ -53,33 +58,6 @@ TEST(DeletePathSegment, MovesLaterRowsDown) {
   EXPECT_FALSE(store.drawingsaved);
 }
 
-TEST(DeleteSegments, TakesARangeOutAtOneGo) {
-  DrawingStore store = threeRows();
-  deleteSegments(store, 1, 2);
-  EXPECT_EQ(segmentTexts(store), (Texts{"2 (0, 0)-(3, 0) c (3, -3)"}));
-  EXPECT_FALSE(store.drawingsaved);
-  EXPECT_EQ(store.NumPathSegments, 3);
-}
-
-TEST(DeletePathSegments, TakesARangeOutAtOneGo) {
-  DrawingStore store = threeRows();
-  deletePathSegments(store, 2, 3);
-  EXPECT_EQ(pathTexts(store), (Texts{"1 (0, 0)-(1, 0) @100 z -1 f 1"}));
-  EXPECT_FALSE(store.drawingsaved);
-  EXPECT_EQ(store.NumSegments, 3);
-}
-
-TEST(DeletePathSegments, ARangeNotWhollyInUseChangesNothing) {
-  DrawingStore store = threeRows();
-  for (const auto& [first, last] : {std::pair{0, 1}, {2, 4}, {3, 2}}) {
-    deleteSegments(store, first, last);
-    deletePathSegments(store, first, last);
-  }
-  EXPECT_EQ(store.NumSegments, 3);
-  EXPECT_EQ(store.NumPathSegments, 3);
-  EXPECT_TRUE(store.drawingsaved);
-}
-
 TEST(InsertPathSegment, PutsARowOfTheCurrentGroupInFront) {
   DrawingStore store = threeRows();
   store.currentpathgroup = 12;
@@ -89,15 +67,6 @@ TEST(InsertPathSegment, PutsARowOfTheCurrentGroupInFront) {
                    "1 (0, 0)-(2, 0) @100 z -2 f 2", "1 (0, 0)-(3, 0) @100 z -3 f 3"}));
   EXPECT_TRUE(store.psvisible[2]);
   EXPECT_EQ(store.lastplacedgroup, 12);
-  EXPECT_FALSE(store.drawingsaved);
-}
-
-TEST(DeletePathSegments, TakesTheMarkedRowsTogether) {
-  DrawingStore store = threeRows();
-  deletePathSegments(store, {false, false, false, false});
-  EXPECT_TRUE(store.drawingsaved);
-  deletePathSegments(store, {false, true, false, true});
-  EXPECT_EQ(pathTexts(store), Texts{"1 (0, 0)-(2, 0) @100 z -2 f 2"});
   EXPECT_FALSE(store.drawingsaved);
 }
 

@@ -5,6 +5,7 @@
 
 #include "gtest/gtest.h"
 
+#include "drafting/change_walk.h"
 #include "drafting/entity_creation.h"
 #include "drafting/selection.h"
 #include "tests/support/drafting_desk.h"
@@ -118,6 +119,30 @@ TEST(UndoCommand, ReportsFailuresOfTheUndoWalkUnderItsName) {
   EXPECT_EQ(chainOfFailure([&] { Undo_Last_Change(d.desk); }, FailureNumber::Overflow),
             Texts{"Undo_Last_Change"});
   EXPECT_EQ(d.store.NumSegments, FullDesk::kRows);
+}
+
+// The table has room for one of the two rows that would come back, or be done again.
+TEST(UndoCommand, IsDoneWholeOrNotAtAll) {
+  FullDesk d;
+  resetUndoState(d.desk);
+  d.store.NumSegments = FullDesk::kRows - 1;
+  for (const char* const kind : {"D", "A"}) {
+    for (const bool start : {true, false}) {
+      clsSegment record;
+      record.SetSegment({.type = 1, .x1 = 2}, kind, start);
+      d.desk.changelog.logRecord(record, /*cutRedo=*/true);
+    }
+  }
+  undoStep(d.desk.changes);  // of rows that are not there
+  EXPECT_EQ(chainOfFailure([&] { RedoLastChange(d.desk); }, FailureNumber::Overflow),
+            (Texts{"StartOfSegment", "RedoLastChange"}));
+  EXPECT_EQ(d.desk.changelog.changecount, 2);
+  EXPECT_EQ(chainOfFailure([&] { Undo_Last_Change(d.desk); }, FailureNumber::Overflow),
+            Texts{"Undo_Last_Change"});
+  EXPECT_EQ(d.desk.changelog.changecount, 2);
+  EXPECT_EQ(d.desk.changelog.changetop, 4);
+  EXPECT_EQ(d.store.NumSegments, FullDesk::kRows - 1);
+  EXPECT_EQ(d.store.x1[FullDesk::kRows], 0);
 }
 
 TEST(UndoState, IsClearedForANewDrawing) {

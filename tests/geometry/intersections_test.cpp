@@ -1,4 +1,4 @@
-// Crossings of lines and arcs: every result code, and what is written when.
+// Crossings of lines and arcs: every result and every miss.
 #include "geometry/intersections.h"
 
 #include "gtest/gtest.h"
@@ -14,8 +14,6 @@ namespace {
 
 using testing::kTolerence;
 
-constexpr PointPair kUntouched{{-7, -7}, {-7, -7}};
-
 void expectNear(Point actual, Point expected, double tolerance = 1e-6) {
   EXPECT_NEAR(actual.x, expected.x, tolerance);
   EXPECT_NEAR(actual.y, expected.y, tolerance);
@@ -26,110 +24,122 @@ Entity closedArc(Point center, float radius, int type = kCounterClockwiseArc) {
   return {type, on, on, center};
 }
 
+// Which of the hits count.
+constexpr int kNone = 0;
+constexpr int kFirst = 1;
+constexpr int kSecond = 2;
+constexpr int kBoth = 3;
+
+int hitsOf(const Crossing& crossing) {
+  EXPECT_EQ(static_cast<bool>(crossing), crossing.first || crossing.second);
+  return (crossing.first ? kFirst : kNone) + (crossing.second ? kSecond : kNone);
+}
+
+void expectMiss(const Crossing& crossing, Miss miss) {
+  EXPECT_EQ(crossing.miss, miss);
+  EXPECT_EQ(hitsOf(crossing), kNone);
+  EXPECT_EQ(crossing.at, PointPair{});
+}
+
+// Of lines.
+void expectCrossing(const Crossing& crossing, Point at, double tolerance = 1e-6) {
+  EXPECT_EQ(hitsOf(crossing), kFirst);
+  expectNear(crossing.at.first, at, tolerance);
+  EXPECT_EQ(crossing.at.second, Point{});
+}
+
+void expectBeyond(const Crossing& crossing, Point at, double tolerance = 1e-6) {
+  EXPECT_EQ(crossing.miss, Miss::Apart);
+  EXPECT_EQ(hitsOf(crossing), kNone);
+  expectNear(crossing.at.first, at, tolerance);
+}
+
 TEST(IntersectSlopes, MeetsAndIsRounded) {
-  Point at;
-  EXPECT_EQ(intersectSlopes(1, 0, -1, 1, at), kCrossing);
-  EXPECT_EQ(at, (Point{0.5F, 0.5F}));
-  EXPECT_EQ(intersectSlopes(0, 0, 3, -1, at), kCrossing);
-  EXPECT_EQ(at, (Point{0.333333F, 0}));
+  EXPECT_EQ(intersectSlopes(1, 0, -1, 1), (Point{0.5F, 0.5F}));
+  EXPECT_EQ(intersectSlopes(0, 0, 3, -1), (Point{0.333333F, 0}));
 }
 
 TEST(IntersectSlopes, EqualSlopesAreParallel) {
-  Point at{-7, -7};
-  EXPECT_EQ(intersectSlopes(2, 0, 2, 5, at), kParallel);
-  EXPECT_EQ(at, (Point{-7, -7}));
+  EXPECT_EQ(intersectSlopes(2, 0, 2, 5), std::nullopt);
 }
 
 TEST(IntersectSlopes, TheHeightComesFromTheLineWithTheSmallerSum) {
   // At x = 1/3 the steep line is rounded off in its last digits; the flat one is exact.
-  Point at;
-  EXPECT_EQ(intersectSlopes(3e9, -1e9 + 2, 0, 2, at), kCrossing);
-  EXPECT_EQ(at.y, 2.0F);
-  EXPECT_EQ(intersectSlopes(0, 2, 3e9, -1e9 + 2, at), kCrossing);
-  EXPECT_EQ(at.y, 2.0F);
+  EXPECT_EQ(intersectSlopes(3e9, -1e9 + 2, 0, 2).value().y, 2.0F);
+  EXPECT_EQ(intersectSlopes(0, 2, 3e9, -1e9 + 2).value().y, 2.0F);
 }
 
 TEST(IntersectLines, InsideBothSegments) {
-  Point at;
-  EXPECT_EQ(intersectLines(lineEntity({0, 0}, {4, 4}), lineEntity({0, 4}, {4, 0}), at), kCrossing);
-  EXPECT_EQ(at, (Point{2, 2}));
+  expectCrossing(intersectLines(lineEntity({0, 0}, {4, 4}), lineEntity({0, 4}, {4, 0})), {2, 2}, 0);
 }
 
-TEST(IntersectLines, BeyondASegmentThePointIsWritten) {
-  Point at{-7, -7};
-  EXPECT_EQ(intersectLines(lineEntity({0, 0}, {1, 1}), lineEntity({0, 4}, {4, 0}), at), kBeyond);
-  EXPECT_EQ(at, (Point{2, 2}));
+TEST(IntersectLines, BeyondASegmentThePointIsTold) {
+  expectBeyond(intersectLines(lineEntity({0, 0}, {1, 1}), lineEntity({0, 4}, {4, 0})), {2, 2}, 0);
 }
 
-TEST(IntersectLines, ParallelSegmentsWriteNothing) {
-  Point at{-7, -7};
-  EXPECT_EQ(intersectLines(lineEntity({0, 0}, {4, 4}), lineEntity({0, 1}, {2, 3}), at), kParallel);
-  EXPECT_EQ(at, (Point{-7, -7}));
+TEST(IntersectLines, ParallelSegmentsHaveNoPoint) {
+  expectMiss(intersectLines(lineEntity({0, 0}, {4, 4}), lineEntity({0, 1}, {2, 3})),
+             Miss::Parallel);
 }
 
 TEST(IntersectLines, TheMarginOfTheBoxCounts) {
-  Point at;
   const Entity wall = lineEntity({1, -1}, {1, 1});
-  EXPECT_EQ(intersectLines(lineEntity({0, 0}, {0.9985F, 0}), wall, at), kCrossing);
-  EXPECT_EQ(intersectLines(lineEntity({0, 0}, {0.9984F, 0}), wall, at), kBeyond);
+  expectCrossing(intersectLines(lineEntity({0, 0}, {0.9985F, 0}), wall), {1, 0});
+  expectBeyond(intersectLines(lineEntity({0, 0}, {0.9984F, 0}), wall), {1, 0});
 }
 
 TEST(IntersectLines, VerticalAndHorizontal) {
-  Point at;
   const Entity vertical = lineEntity({3, 0}, {3, 8});
-  EXPECT_EQ(intersectLines(vertical, lineEntity({0, 2}, {9, 2}), at), kCrossing);
-  expectNear(at, {3, 2}, 1e-5);
-  EXPECT_EQ(intersectLines(lineEntity({0, 2}, {9, 2}), vertical, at), kCrossing);
-  expectNear(at, {3, 2}, 1e-5);
+  const Entity horizontal = lineEntity({0, 2}, {9, 2});
+  expectCrossing(intersectLines(vertical, horizontal), {3, 2}, 1e-5);
+  expectCrossing(intersectLines(horizontal, vertical), {3, 2}, 1e-5);
 }
 
 TEST(IntersectLines, VerticalsOfDifferentLengthAreNotParallel) {
   // Their stand-in slopes differ, and they meet where those say.
-  Point at{-7, -7};
   const Entity a = lineEntity({5, 0}, {5, 1});
   const Entity b = lineEntity({5, 0}, {5, 2});
-  EXPECT_EQ(intersectLines(a, b, at), kCrossing);
-  expectNear(at, {5, 0}, 1e-5);
-  EXPECT_EQ(intersectLines(a, lineEntity({5, 3}, {5, 4}), at), kParallel);
-  EXPECT_EQ(intersectLines(lineEntity({0, 0}, {0, 1}), lineEntity({1, 0}, {1, 2}), at), kBeyond);
-  expectNear(at, {2, 2e6F}, 1);
+  expectCrossing(intersectLines(a, b), {5, 0}, 1e-5);
+  expectMiss(intersectLines(a, lineEntity({5, 3}, {5, 4})), Miss::Parallel);
+  expectBeyond(intersectLines(lineEntity({0, 0}, {0, 1}), lineEntity({1, 0}, {1, 2})), {2, 2e6F},
+               1);
 }
 
 TEST(IntersectLineArc, EveryCombinationOfBits) {
   const Entity upper{kCounterClockwiseArc, {1, 0}, {-1, 0}, {0, 0}};
-  PointPair at = kUntouched;
-  EXPECT_EQ(intersectLineArc(lineEntity({-2, 0.6F}, {2, 0.6F}), upper, kTolerence, at), 3);
-  expectNear(at.first, {0.8F, 0.6F});
-  expectNear(at.second, {-0.8F, 0.6F});
-  at = kUntouched;
-  EXPECT_EQ(intersectLineArc(lineEntity({0, 0.6F}, {2, 0.6F}), upper, kTolerence, at), 1);
-  expectNear(at.first, {0.8F, 0.6F});
-  expectNear(at.second, {-0.8F, 0.6F});
-  EXPECT_EQ(intersectLineArc(lineEntity({0, 0.6F}, {-2, 0.6F}), upper, kTolerence, at), 2);
-  at = kUntouched;
-  EXPECT_EQ(intersectLineArc(lineEntity({-2, -0.6F}, {2, -0.6F}), upper, kTolerence, at), 0);
-  EXPECT_EQ(at, kUntouched);
+  const struct {
+    Entity line;
+    int hits;
+  } cases[] = {{lineEntity({-2, 0.6F}, {2, 0.6F}), kBoth},
+               {lineEntity({0, 0.6F}, {2, 0.6F}), kFirst},
+               {lineEntity({0, 0.6F}, {-2, 0.6F}), kSecond}};
+  for (const auto& c : cases) {
+    const Crossing crossing = intersectLineArc(c.line, upper, kTolerence);
+    EXPECT_EQ(hitsOf(crossing), c.hits);
+    expectNear(crossing.at.first, {0.8F, 0.6F});
+    expectNear(crossing.at.second, {-0.8F, 0.6F});
+  }
+  expectMiss(intersectLineArc(lineEntity({-2, -0.6F}, {2, -0.6F}), upper, kTolerence), Miss::Apart);
 }
 
 TEST(IntersectLineArc, PassesOnThatTheLineMisses) {
-  PointPair at = kUntouched;
   const Entity line = lineEntity({-2, 5}, {2, 6});
-  EXPECT_EQ(intersectLineArc(line, closedArc({0, 0}, 1), kTolerence, at), kNoHit);
-  EXPECT_EQ(intersectLineArc(line, closedArc({0, 0}, 0), kTolerence, at), kNoRadius);
-  EXPECT_EQ(at, kUntouched);
+  expectMiss(intersectLineArc(line, closedArc({0, 0}, 1), kTolerence), Miss::NoHit);
+  expectMiss(intersectLineArc(line, closedArc({0, 0}, 0), kTolerence), Miss::NoRadius);
 }
 
-TEST(IntersectLineArc, ATangentSetsBothBits) {
-  PointPair at;
-  EXPECT_EQ(intersectLineArc(lineEntity({-2, 1}, {2, 1}), closedArc({0, 0}, 1), kTolerence, at), 3);
-  EXPECT_EQ(at, (PointPair{{0, 1}, {0, 1}}));
+TEST(IntersectLineArc, ATangentCountsAsBothHits) {
+  const Crossing crossing =
+      intersectLineArc(lineEntity({-2, 1}, {2, 1}), closedArc({0, 0}, 1), kTolerence);
+  EXPECT_EQ(hitsOf(crossing), kBoth);
+  EXPECT_EQ(crossing.at, (PointPair{{0, 1}, {0, 1}}));
 }
 
 TEST(IntersectLineArc, TheRadiusIsThatOfTheStart) {
   const Entity uneven{kCounterClockwiseArc, {2, 0}, {-9, 0}, {0, 0}};
-  PointPair at;
-  EXPECT_EQ(intersectLineArc(lineEntity({0, 0}, {0, 20}), uneven, kTolerence, at), 1);
-  expectNear(at.first, {0, 2});
+  const Crossing crossing = intersectLineArc(lineEntity({0, 0}, {0, 20}), uneven, kTolerence);
+  EXPECT_EQ(hitsOf(crossing), kFirst);
+  expectNear(crossing.at.first, {0, 2});
 }
 
 TEST(IntersectLineArc, TableOfArcs) {
@@ -137,14 +147,13 @@ TEST(IntersectLineArc, TableOfArcs) {
     SCOPED_TRACE(c.name);
     const Point in = testing::onUnitCircle(c.inside);
     const Entity ray = lineEntity({in.x / 2, in.y / 2}, {in.x * 2, in.y * 2});
-    PointPair at;
-    const int bits = intersectLineArc(ray, testing::arcOf(c), kTolerence, at);
-    ASSERT_TRUE(bits == kFirstHit || bits == kSecondHit);
-    expectNear(bits == kFirstHit ? at.first : at.second, in);
+    const Crossing crossing = intersectLineArc(ray, testing::arcOf(c), kTolerence);
+    ASSERT_NE(crossing.first, crossing.second);
+    expectNear(crossing.first ? crossing.at.first : crossing.at.second, in);
     if (c.outside < 0) continue;
     const Point out = testing::onUnitCircle(c.outside);
     const Entity miss = lineEntity({out.x / 2, out.y / 2}, {out.x * 2, out.y * 2});
-    EXPECT_EQ(intersectLineArc(miss, testing::arcOf(c), kTolerence, at), 0);
+    expectMiss(intersectLineArc(miss, testing::arcOf(c), kTolerence), Miss::Apart);
   }
 }
 
@@ -156,58 +165,51 @@ TEST(IntersectArcs, EveryCombinationOfBits) {
   // The radical line is vertical; the upper hit comes first.
   const Entity onlyUpper{kCounterClockwiseArc, {13, 0}, {3, 0}, center};
   const Entity onlyLower{kClockwiseArc, {13, 0}, {3, 0}, center};
-  PointPair at = kUntouched;
-  EXPECT_EQ(intersectArcs(left, closedArc(center, 5), kTolerence, at), 3);
-  expectNear(at.first, up);
-  expectNear(at.second, down);
-  EXPECT_EQ(intersectArcs(left, onlyUpper, kTolerence, at), 1);
-  EXPECT_EQ(intersectArcs(left, onlyLower, kTolerence, at), 2);
-  at = kUntouched;
+  const Crossing crossing = intersectArcs(left, closedArc(center, 5), kTolerence);
+  EXPECT_EQ(hitsOf(crossing), kBoth);
+  expectNear(crossing.at.first, up);
+  expectNear(crossing.at.second, down);
+  EXPECT_EQ(hitsOf(intersectArcs(left, onlyUpper, kTolerence)), kFirst);
+  EXPECT_EQ(hitsOf(intersectArcs(left, onlyLower, kTolerence)), kSecond);
   const Entity neither{kClockwiseArc, {13, 0}, {8, -5}, center};
-  EXPECT_EQ(intersectArcs(left, neither, kTolerence, at), 0);
-  EXPECT_EQ(at, kUntouched);
+  expectMiss(intersectArcs(left, neither, kTolerence), Miss::Apart);
+}
+
+void expectBoth(const Crossing& crossing, Point first, Point second) {
+  EXPECT_EQ(hitsOf(crossing), kBoth);
+  expectNear(crossing.at.first, first);
+  expectNear(crossing.at.second, second);
 }
 
 TEST(IntersectArcs, CentresAboveOneAnother) {
-  PointPair at;
-  EXPECT_EQ(intersectArcs(closedArc({0, 0}, 5), closedArc({0, 8}, 5), kTolerence, at), 3);
-  expectNear(at.first, {3, 4});
-  expectNear(at.second, {-3, 4});
+  expectBoth(intersectArcs(closedArc({0, 0}, 5), closedArc({0, 8}, 5), kTolerence), {3, 4},
+             {-3, 4});
 }
 
 TEST(IntersectArcs, CentresOnASlant) {
-  PointPair at;
-  EXPECT_EQ(intersectArcs(closedArc({0, 0}, 1), closedArc({1, 1}, 1), kTolerence, at), 3);
-  expectNear(at.first, {1, 0});
-  expectNear(at.second, {0, 1});
+  expectBoth(intersectArcs(closedArc({0, 0}, 1), closedArc({1, 1}, 1), kTolerence), {1, 0}, {0, 1});
 }
 
-TEST(IntersectArcs, ApartOrWithoutRadiusIsZero) {
-  PointPair at = kUntouched;
-  EXPECT_EQ(intersectArcs(closedArc({0, 0}, 1), closedArc({5, 5}, 1), kTolerence, at), 0);
-  EXPECT_EQ(intersectArcs(closedArc({0, 0}, 0), closedArc({0, 0}, 1), kTolerence, at), 0);
-  EXPECT_EQ(at, kUntouched);
+TEST(IntersectArcs, ApartOrWithoutRadiusIsAMissOfOneKind) {
+  expectMiss(intersectArcs(closedArc({0, 0}, 1), closedArc({5, 5}, 1), kTolerence), Miss::Apart);
+  expectMiss(intersectArcs(closedArc({0, 0}, 0), closedArc({0, 0}, 1), kTolerence), Miss::Apart);
 }
 
 TEST(IntersectArcs, EqualYOfTheCentresGoesByTheHalvedIntercept) {
-  PointPair at;
-  EXPECT_EQ(intersectArcs(closedArc({0, 2}, 1), closedArc({1, 2}, 1), kTolerence, at), 3);
-  expectNear(at.first, {0.5F, 2.8660254F});
-  expectNear(at.second, {0.5F, 1.1339746F});
+  expectBoth(intersectArcs(closedArc({0, 2}, 1), closedArc({1, 2}, 1), kTolerence),
+             {0.5F, 2.8660254F}, {0.5F, 1.1339746F});
 }
 
 TEST(IntersectArcs, EqualArcsGiveWhatTheFormulasGive) {
   // The radical line of equal circles comes out as y = 0, wherever they stand.
-  PointPair at = kUntouched;
-  EXPECT_EQ(intersectArcs(closedArc({3, 5}, 1), closedArc({3, 5}, 1), kTolerence, at), 0);
-  EXPECT_EQ(at, kUntouched);
-  EXPECT_EQ(intersectArcs(closedArc({3, 0}, 1), closedArc({3, 0}, 1), kTolerence, at), 3);
-  EXPECT_EQ(at, (PointPair{{4, 0}, {2, 0}}));
+  expectMiss(intersectArcs(closedArc({3, 5}, 1), closedArc({3, 5}, 1), kTolerence), Miss::Apart);
+  const Crossing crossing = intersectArcs(closedArc({3, 0}, 1), closedArc({3, 0}, 1), kTolerence);
+  EXPECT_EQ(hitsOf(crossing), kBoth);
+  EXPECT_EQ(crossing.at, (PointPair{{4, 0}, {2, 0}}));
 }
 
 TEST(IntersectArcs, ConcentricCirclesDoNotMeet) {
-  PointPair at;
-  EXPECT_EQ(intersectArcs(closedArc({3, 0}, 1), closedArc({3, 0}, 2), kTolerence, at), 0);
+  expectMiss(intersectArcs(closedArc({3, 0}, 1), closedArc({3, 0}, 2), kTolerence), Miss::Apart);
 }
 
 // Rows: 1 and 2 crossing lines, 3 a clockwise and 4 a counter-clockwise arc, 5 a circle,
@@ -226,48 +228,46 @@ DrawingStore mixedStore() {
 TEST(IntersectSegs, DispatchesOnThePairOfKinds) {
   const DrawingStore store = mixedStore();
   const struct {
-    int a, b, result;
+    int a, b, hits;
   } cases[] = {
-      {1, 2, 1}, {2, 1, 1},                        // lines
-      {1, 3, 3}, {3, 1, 3}, {1, 4, 3}, {4, 1, 3},  // a line and an arc
-      {3, 4, 3}, {4, 3, 3},                        // arcs
-      {1, 5, 0}, {5, 1, 0}, {1, 6, 0}, {6, 1, 0}, {3, 5, 0}, {5, 6, 0},
+      {1, 2, kFirst}, {2, 1, kFirst},                                // lines
+      {1, 3, kBoth},  {3, 1, kBoth},  {1, 4, kBoth}, {4, 1, kBoth},  // a line and an arc
+      {3, 4, kBoth},  {4, 3, kBoth},                                 // arcs
+      {1, 5, kNone},  {5, 1, kNone},  {1, 6, kNone}, {6, 1, kNone},  // no rule
+      {3, 5, kNone},  {5, 6, kNone},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(::testing::Message() << c.a << " with " << c.b);
-    PointPair segs = kUntouched;
-    PointPair paths = kUntouched;
-    PointPair entity = kUntouched;
-    EXPECT_EQ(intersectSegs(store, c.a, c.b, segs), c.result);
-    EXPECT_EQ(intersectPathSegs(store, c.a, c.b, paths), c.result);
-    EXPECT_EQ(intersectWithSeg(store, segmentEntity(store, c.a), c.b, entity), c.result);
-    EXPECT_EQ(segs, paths);
-    EXPECT_EQ(segs, entity);
-    if (c.result == 0) {
-      EXPECT_EQ(segs, kUntouched);
+    const Crossing segs = intersectSegs(store, c.a, c.b);
+    const Crossing paths = intersectPathSegs(store, c.a, c.b);
+    const Crossing entity = intersectWithSeg(store, segmentEntity(store, c.a), c.b);
+    for (const Crossing& crossing : {segs, paths, entity}) {
+      EXPECT_EQ(hitsOf(crossing), c.hits);
+      EXPECT_EQ(crossing.miss, c.hits == kNone ? Miss::NoRule : Miss::None);
+      EXPECT_EQ(crossing.at, segs.at);
     }
+    EXPECT_TRUE(c.hits != kNone || segs.at == PointPair{});
   }
 }
 
-TEST(IntersectSegs, TwoLinesWriteTheFirstPointAlone) {
-  PointPair at = kUntouched;
-  EXPECT_EQ(intersectSegs(mixedStore(), 1, 2, at), kCrossing);
-  EXPECT_EQ(at, (PointPair{{0, 0}, {-7, -7}}));
+TEST(IntersectSegs, TwoLinesHaveTheFirstPointAlone) {
+  const DrawingStore store = testing::storeWith({
+      lineEntity({1, 1}, {3, 3}),
+      lineEntity({1, 3}, {3, 1}),
+  });
+  expectCrossing(intersectSegs(store, 1, 2), {2, 2});
 }
 
 TEST(IntersectSegs, EqualIndicesAreRefused) {
   const DrawingStore store = mixedStore();
-  PointPair at = kUntouched;
-  EXPECT_EQ(intersectSegs(store, 3, 3, at), kSameRow);
-  EXPECT_EQ(intersectPathSegs(store, 3, 3, at), kSameRow);
-  EXPECT_EQ(at, kUntouched);
+  expectMiss(intersectSegs(store, 3, 3), Miss::SameRow);
+  expectMiss(intersectPathSegs(store, 3, 3), Miss::SameRow);
 }
 
 TEST(IntersectSegs, ABadIndexIsASubscriptFailure) {
   const DrawingStore store = mixedStore();
-  PointPair at;
   try {
-    intersectSegs(store, 1, 32767, at);
+    intersectSegs(store, 1, 32767);
     FAIL();
   } catch (const RuntimeFailure& failure) {
     EXPECT_EQ(failure.number(), FailureNumber::SubscriptOutOfRange);
@@ -276,11 +276,10 @@ TEST(IntersectSegs, ABadIndexIsASubscriptFailure) {
 
 TEST(IntersectEntities, TheCodeIsASumOfTensAndOnes) {
   // A rapid and a cycle 21 add up to an arc with a line.
-  PointPair at;
   const Entity rapid{kRapid, {1, 0}, {0, 1}, {0, 0}};
   const Entity cycle{21, {-2, 0.6F}, {2, 0.6F}, {}};
-  EXPECT_EQ(intersectEntities(rapid, cycle, kTolerence, at), 1);
-  EXPECT_EQ(intersectEntities(cycle, rapid, kTolerence, at), 0);
+  EXPECT_EQ(hitsOf(intersectEntities(rapid, cycle, kTolerence)), kFirst);
+  expectMiss(intersectEntities(cycle, rapid, kTolerence), Miss::NoRule);
 }
 
 Point drawnPoint() {
@@ -293,30 +292,33 @@ RC_GTEST_PROP(IntersectionsProperty, LinesCrossTheSameInEitherOrder, ()) {
   const Entity b = lineEntity(drawnPoint(), drawnPoint());
   // Next to a box's edge the two orders may round to different sides of it.
   RC_PRE(a.start.x != a.end.x && b.start.x != b.end.x);
-  Point ab;
-  Point ba;
-  RC_ASSERT(intersectLines(a, b, ab) == intersectLines(b, a, ba));
-  if (std::max({std::abs(ab.x), std::abs(ab.y)}) < 200) RC_ASSERT(distance(ab, ba) < 1e-2F);
+  const Crossing ab = intersectLines(a, b);
+  const Crossing ba = intersectLines(b, a);
+  RC_ASSERT(ab.miss == ba.miss);
+  const Point at = ab.at.first;
+  if (std::max({std::abs(at.x), std::abs(at.y)}) < 200) {
+    RC_ASSERT(distance(at, ba.at.first) < 1e-2F);
+  }
 }
 
 RC_GTEST_PROP(IntersectionsProperty, ALineAndAnArcCrossTheSameInEitherOrder, ()) {
   const Point center = drawnPoint();
   const Entity arc{*rc::gen::element(2, 3), drawnPoint(), drawnPoint(), center};
   const Entity line = lineEntity(drawnPoint(), drawnPoint());
-  PointPair first;
-  PointPair second;
-  RC_ASSERT(intersectEntities(line, arc, kTolerence, first) ==
-            intersectEntities(arc, line, kTolerence, second));
-  RC_ASSERT(first == second);
+  const Crossing one = intersectEntities(line, arc, kTolerence);
+  const Crossing other = intersectEntities(arc, line, kTolerence);
+  RC_ASSERT(one.miss == other.miss);
+  RC_ASSERT(one.first == other.first && one.second == other.second);
+  RC_ASSERT(one.at == other.at);
 }
 
 RC_GTEST_PROP(IntersectionsProperty, WholeCirclesMeetOnBoth, ()) {
   const Entity a = closedArc(drawnPoint(), static_cast<float>(*rc::gen::inRange(1, 2000)) / 16);
   const Entity b = closedArc(drawnPoint(), static_cast<float>(*rc::gen::inRange(1, 2000)) / 16);
   RC_PRE(std::abs(a.center.x - b.center.x) > 0.5F && std::abs(a.center.y - b.center.y) > 0.5F);
-  PointPair at;
-  RC_PRE(intersectArcs(a, b, kTolerence, at) == 3);
-  for (const Point hit : {at.first, at.second}) {
+  const Crossing crossing = intersectArcs(a, b, kTolerence);
+  RC_PRE(crossing.first && crossing.second);
+  for (const Point hit : {crossing.at.first, crossing.at.second}) {
     RC_ASSERT(std::abs(distance(hit, a.center) - radiusOf(a)) < 0.02F);
     RC_ASSERT(std::abs(distance(hit, b.center) - radiusOf(b)) < 0.02F);
   }

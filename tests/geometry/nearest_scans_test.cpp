@@ -15,7 +15,6 @@ Entity lineAt(float y) {
 
 TEST(NearestScans, AnEmptyDrawingHasNothing) {
   const DrawingStore store;
-  Point end{-7, -7};
   EXPECT_EQ(nearestSeg(store, {0, 0}), 0);
   EXPECT_EQ(nearestSelectedSeg(store, {0, 0}), 0);
   EXPECT_EQ(nearestLineSeg(store, {0, 0}), 0);
@@ -23,9 +22,8 @@ TEST(NearestScans, AnEmptyDrawingHasNothing) {
   EXPECT_EQ(nearestRoundSeg(store, {0, 0}), 0);
   EXPECT_EQ(nearestPathSeg(store, {0, 0}, 0), 0);
   EXPECT_EQ(nearestPathChord(store, {0, 0}), 0);
-  EXPECT_FALSE(nearestSegEndpoint(store, {0, 0}, end));
-  EXPECT_FALSE(nearestPathEndpoint(store, {0, 0}, end));
-  EXPECT_EQ(end, (Point{-7, -7}));
+  EXPECT_FALSE(nearestSegEndpoint(store, {0, 0}));
+  EXPECT_FALSE(nearestPathEndpoint(store, {0, 0}));
 }
 
 TEST(NearestScans, TheLowestRowWinsATie) {
@@ -41,9 +39,8 @@ TEST(NearestScans, NothingIsFoundAMillionAway) {
   EXPECT_EQ(nearestSeg(at, {3, 0}), 0);
   const DrawingStore nearer = testing::storeWith({lineAt(999999.9F)});
   EXPECT_EQ(nearestSeg(nearer, {3, 0}), 1);
-  Point end{-7, -7};
-  EXPECT_FALSE(nearestSegEndpoint(at, {0, 0}, end));
-  EXPECT_TRUE(nearestSegEndpoint(nearer, {0, 0}, end));
+  EXPECT_FALSE(nearestSegEndpoint(at, {0, 0}));
+  EXPECT_TRUE(nearestSegEndpoint(nearer, {0, 0}));
 }
 
 TEST(NearestScans, EachScanSeesItsKindsAlone) {
@@ -104,24 +101,18 @@ TEST(NearestSelectedSeg, SeesVerifiedRowsAlone) {
 TEST(NearestSegEndpoint, StartsComeBeforeEnds) {
   const DrawingStore store =
       testing::storeWith({lineEntity({-1, 0}, {1, 0}), lineEntity({0, -1}, {0, 5})});
-  Point end;
-  EXPECT_TRUE(nearestSegEndpoint(store, {0, 0}, end));
-  EXPECT_EQ(end, (Point{-1, 0}));
-  EXPECT_TRUE(nearestSegEndpoint(store, {0.5F, 0}, end));
-  EXPECT_EQ(end, (Point{1, 0}));
-  EXPECT_TRUE(nearestSegEndpoint(store, {0, 4}, end));
-  EXPECT_EQ(end, (Point{0, 5}));
+  EXPECT_EQ(nearestSegEndpoint(store, {0, 0}), (Point{-1, 0}));
+  EXPECT_EQ(nearestSegEndpoint(store, {0.5F, 0}), (Point{1, 0}));
+  EXPECT_EQ(nearestSegEndpoint(store, {0, 4}), (Point{0, 5}));
 }
 
 TEST(NearestPathScans, HiddenRowsDoNotCount) {
   DrawingStore store;
   testing::addPath(store, lineAt(1), 100, /*visible=*/false);
   testing::addPath(store, lineAt(2), 100, /*visible=*/true);
-  Point end;
   EXPECT_EQ(nearestPathSeg(store, {3, 0}, 0), 2);
   EXPECT_EQ(nearestPathChord(store, {3, 0}), 2);
-  EXPECT_TRUE(nearestPathEndpoint(store, {0, 0}, end));
-  EXPECT_EQ(end, (Point{0, 2}));
+  EXPECT_EQ(nearestPathEndpoint(store, {0, 0}), (Point{0, 2}));
 }
 
 TEST(NearestPathChord, AnArcCountsByItsChord) {
@@ -165,9 +156,9 @@ int nearestOfAll(const DrawingStore& store, Point at) {
   float best = kFarthest;
   int found = 0;
   for (int sg = 1; sg <= store.NumSegments; ++sg) {
-    Point point;
-    if (!nearestPointOfRow(store, sg, at, point) || distance(at, point) >= best) continue;
-    best = distance(at, point);
+    const auto point = nearestPointOfRow(store, sg, at);
+    if (!point || distance(at, point.at) >= best) continue;
+    best = distance(at, point.at);
     found = sg;
   }
   return found;
@@ -177,9 +168,9 @@ int nearestOfAllPaths(const DrawingStore& store, Point at) {
   float best = kFarthest;
   int found = 0;
   for (int ps = 1; ps <= store.NumPathSegments; ++ps) {
-    Point point;
-    if (!nearestPointOfPathRow(store, ps, at, point) || distance(at, point) >= best) continue;
-    best = distance(at, point);
+    const auto point = nearestPointOfPathRow(store, ps, at);
+    if (!point || distance(at, point.at) >= best) continue;
+    best = distance(at, point.at);
     found = ps;
   }
   return found;

@@ -14,11 +14,25 @@ namespace {
 
 using testing::kTolerence;
 
-constexpr Point kUntouched{-7, -7};
-
 void expectNear(Point actual, Point expected, double tolerance = 1e-6) {
   EXPECT_NEAR(actual.x, expected.x, tolerance);
   EXPECT_NEAR(actual.y, expected.y, tolerance);
+}
+
+void expectFoundNear(const NearestPoint& nearest, Point expected, double tolerance = 1e-6) {
+  EXPECT_EQ(nearest.miss, Miss::None);
+  expectNear(nearest.at, expected, tolerance);
+}
+
+void expectFound(const NearestPoint& nearest, Point expected) {
+  EXPECT_EQ(nearest.found(), expected);
+}
+
+void expectMiss(const NearestPoint& nearest, Miss miss) {
+  EXPECT_EQ(nearest.miss, miss);
+  EXPECT_FALSE(nearest);
+  EXPECT_EQ(nearest.found(), std::nullopt);
+  EXPECT_EQ(nearest.at, Point{});
 }
 
 TEST(NearestOnLine, FootOfThePerpendicular) {
@@ -85,78 +99,56 @@ TEST(NearestOnArc, TableOfArcs) {
     SCOPED_TRACE(c.name);
     const Entity arc = testing::arcOf(c);
     const Point inside = testing::onUnitCircle(c.inside);
-    Point nearest;
-    ASSERT_EQ(nearestOnArc(arc, {inside.x * 3, inside.y * 3}, kTolerence, nearest), kFound);
-    expectNear(nearest, inside);
-    ASSERT_EQ(nearestOnArc(arc, {inside.x / 2, inside.y / 2}, kTolerence, nearest), kFound);
-    expectNear(nearest, inside);
+    expectFoundNear(nearestOnArc(arc, {inside.x * 3, inside.y * 3}, kTolerence), inside);
+    expectFoundNear(nearestOnArc(arc, {inside.x / 2, inside.y / 2}, kTolerence), inside);
   }
 }
 
 TEST(NearestOnArc, OffTheSweepTheNearerEnd) {
   const Entity quarter{kCounterClockwiseArc, {1, 0}, {0, 1}, {0, 0}};
-  Point nearest;
   // Both hits, at 140 and 320 degrees, miss the sweep.
-  EXPECT_EQ(nearestOnArc(quarter, {-1.53F, 1.28F}, kTolerence, nearest), kFound);
-  EXPECT_EQ(nearest, (Point{0, 1}));
-  EXPECT_EQ(nearestOnArc(quarter, {1.53F, -1.28F}, kTolerence, nearest), kFound);
-  EXPECT_EQ(nearest, (Point{1, 0}));
+  expectFound(nearestOnArc(quarter, {-1.53F, 1.28F}, kTolerence), Point{0, 1});
+  expectFound(nearestOnArc(quarter, {1.53F, -1.28F}, kTolerence), Point{1, 0});
 }
 
 TEST(NearestOnArc, ATieOfTheEndsPicksTheEnd) {
   const Entity quarter{kCounterClockwiseArc, {1, 1}, {-1, 1}, {0, 0}};
-  Point nearest;
-  EXPECT_EQ(nearestOnArc(quarter, {0, 0}, kTolerence, nearest), kFound);
   // Cast from the centre itself the line is horizontal and misses the sweep.
-  EXPECT_EQ(nearest, (Point{-1, 1}));
+  expectFound(nearestOnArc(quarter, {0, 0}, kTolerence), Point{-1, 1});
 }
 
 TEST(NearestOnArc, OneHitOnTheSweepIsTheAnswerEvenWhenFar) {
   const Entity quarter{kCounterClockwiseArc, {1, 0}, {0, 1}, {0, 0}};
-  Point nearest;
-  EXPECT_EQ(nearestOnArc(quarter, {-2, -2}, kTolerence, nearest), kFound);
-  expectNear(nearest, {testing::kDiagonal, testing::kDiagonal});
+  expectFoundNear(nearestOnArc(quarter, {-2, -2}, kTolerence),
+                  {testing::kDiagonal, testing::kDiagonal});
 }
 
 TEST(NearestOnArc, ATieOfTheHitsPicksTheSecond) {
   const Entity closed{kClockwiseArc, {1, 0}, {1, 0}, {0, 0}};
-  Point nearest;
-  EXPECT_EQ(nearestOnArc(closed, {0, 0}, kTolerence, nearest), kFound);
-  EXPECT_EQ(nearest, (Point{-1, 0}));
+  expectFound(nearestOnArc(closed, {0, 0}, kTolerence), Point{-1, 0});
 }
 
 TEST(NearestOnArc, TheRadiusIsThatOfTheEndPoint) {
   const Entity uneven{kCounterClockwiseArc, {1, 0}, {0, 3}, {0, 0}};
-  Point nearest;
-  EXPECT_EQ(nearestOnArc(uneven, {3, 4}, kTolerence, nearest), kFound);
-  expectNear(nearest, {1.8F, 2.4F});
+  expectFoundNear(nearestOnArc(uneven, {3, 4}, kTolerence), {1.8F, 2.4F});
 }
 
-TEST(NearestOnArc, WithoutARadiusItReportsAndLeavesTheOutput) {
+TEST(NearestOnArc, WithoutARadiusItSaysSo) {
   const Entity flat{kClockwiseArc, {1, 0}, {0, 0}, {0, 0}};
-  Point nearest = kUntouched;
-  EXPECT_EQ(nearestOnArc(flat, {3, 4}, kTolerence, nearest), kNoRadius);
-  EXPECT_EQ(nearest, kUntouched);
+  expectMiss(nearestOnArc(flat, {3, 4}, kTolerence), Miss::NoRadius);
 }
 
 TEST(NearestOnCircle, NearerRadialHit) {
-  Point nearest;
-  EXPECT_EQ(nearestOnCircle({1, 1}, {3, 1}, {1, 9}, kTolerence, nearest), kFound);
-  EXPECT_EQ(nearest, (Point{1, 3}));
-  EXPECT_EQ(nearestOnCircle({1, 1}, {3, 1}, {0.5F, 1}, kTolerence, nearest), kFound);
-  EXPECT_EQ(nearest, (Point{-1, 1}));
+  expectFound(nearestOnCircle({1, 1}, {3, 1}, {1, 9}, kTolerence), Point{1, 3});
+  expectFound(nearestOnCircle({1, 1}, {3, 1}, {0.5F, 1}, kTolerence), Point{-1, 1});
 }
 
 TEST(NearestOnCircle, ATiePicksTheSecondHit) {
-  Point nearest;
-  EXPECT_EQ(nearestOnCircle({1, 1}, {3, 1}, {1, 1}, kTolerence, nearest), kFound);
-  EXPECT_EQ(nearest, (Point{-1, 1}));
+  expectFound(nearestOnCircle({1, 1}, {3, 1}, {1, 1}, kTolerence), Point{-1, 1});
 }
 
-TEST(NearestOnCircle, WithoutARadiusItReportsAndLeavesTheOutput) {
-  Point nearest = kUntouched;
-  EXPECT_EQ(nearestOnCircle({1, 1}, {1, 1}, {5, 5}, kTolerence, nearest), kNoRadius);
-  EXPECT_EQ(nearest, kUntouched);
+TEST(NearestOnCircle, WithoutARadiusItSaysSo) {
+  expectMiss(nearestOnCircle({1, 1}, {1, 1}, {5, 5}, kTolerence), Miss::NoRadius);
 }
 
 TEST(NearestOnSeg, GoesByTheKindOfTheRow) {
@@ -170,18 +162,14 @@ TEST(NearestOnSeg, GoesByTheKindOfTheRow) {
   const Point expected[] = {{0, 0}, {0, 1}, {0, 1}, {0, 1}, {0, 2}};
   for (int sg = 1; sg <= 5; ++sg) {
     SCOPED_TRACE(sg);
-    Point nearest;
-    EXPECT_EQ(nearestOnSeg(store, sg, {0, 5}, nearest), kFound);
-    expectNear(nearest, expected[sg - 1]);
+    expectFoundNear(nearestOnSeg(store, sg, {0, 5}), expected[sg - 1]);
   }
 }
 
-TEST(NearestOnSeg, OtherKindsLeaveTheOutputAlone) {
+TEST(NearestOnSeg, OtherKindsHaveNone) {
   const DrawingStore store = testing::storeWith({{kPoint, {1, 1}, {1, 1}, {}}, {4, {}, {}, {}}});
-  Point nearest = kUntouched;
-  EXPECT_EQ(nearestOnSeg(store, 1, {0, 5}, nearest), kNoPoint);
-  EXPECT_EQ(nearestOnSeg(store, 2, {0, 5}, nearest), kNoPoint);
-  EXPECT_EQ(nearest, kUntouched);
+  expectMiss(nearestOnSeg(store, 1, {0, 5}), Miss::NoRule);
+  expectMiss(nearestOnSeg(store, 2, {0, 5}), Miss::NoRule);
 }
 
 TEST(NearestOnPathSeg, GoesByTheKindOfTheRow) {
@@ -195,19 +183,15 @@ TEST(NearestOnPathSeg, GoesByTheKindOfTheRow) {
   const Point expected[] = {{0, 0}, {0, 1}, {0, 1}, {3, 4}, {5, 6}};
   for (int ps = 1; ps <= 5; ++ps) {
     SCOPED_TRACE(ps);
-    Point nearest;
-    EXPECT_EQ(nearestOnPathSeg(store, ps, {0, 5}, nearest), kFound);
-    expectNear(nearest, expected[ps - 1]);
+    expectFoundNear(nearestOnPathSeg(store, ps, {0, 5}), expected[ps - 1]);
   }
 }
 
-TEST(NearestOnPathSeg, OtherKindsReportFoundAndLeaveTheOutputAlone) {
+TEST(NearestOnPathSeg, OtherKindsReportTheOriginAsFound) {
   const DrawingStore store =
       testing::storeWith({{kRapid, {}, {1, 1}, {}}, {79, {}, {1, 1}, {}}, {90, {}, {1, 1}, {}}});
   for (int ps = 1; ps <= 3; ++ps) {
-    Point nearest = kUntouched;
-    EXPECT_EQ(nearestOnPathSeg(store, ps, {0, 5}, nearest), 1);
-    EXPECT_EQ(nearest, kUntouched);
+    expectFound(nearestOnPathSeg(store, ps, {0, 5}), {0, 0});
   }
 }
 
@@ -237,8 +221,9 @@ RC_GTEST_PROP(NearestProperty, OnACircleTheAnswerIsARadiusFromTheCentre, ()) {
   const Point on = drawnPoint();
   const Point at = drawnPoint();
   RC_PRE(distance(center, on) > 0.1F);
-  Point nearest;
-  RC_ASSERT(nearestOnCircle(center, on, at, kTolerence, nearest) == kFound);
+  const NearestPoint found = nearestOnCircle(center, on, at, kTolerence);
+  RC_ASSERT(found.miss == Miss::None);
+  const Point nearest = found.at;
   const float radius = distance(center, on);
   RC_ASSERT(std::abs(distance(nearest, center) - radius) < 1e-2F);
   RC_ASSERT(std::abs(distance(nearest, at) - std::abs(distance(at, center) - radius)) < 2e-2F);

@@ -506,7 +506,8 @@ TEST_F(ExactImport, FarDrawingKeepsItsDecimalsWhenItIsMovedNear) {
 
 TEST_F(ExactImport, DefaultConversionIsUntouched) {
   read(polylineText({{"0", "0", "1"}, {"2", "0"}, {"2", "2"}}, 1) + ", 0 SPLINE, 0 INSERT, 2 X");
-  DxfRows rows(store, prompts, document);
+  testing::LooseChange loose(store);
+  DxfRows rows(loose.change, prompts, document);
   importDxf(document, store, rows, {});
   const Texts expected{"1 (0, 0)-(2, 0)", "1 (2, 0)-(2, 2)"};
   EXPECT_EQ(testing::segmentTexts(store), expected);
@@ -519,7 +520,8 @@ TEST_F(ExactImport, OptionLeadsHere) {
   read(polylineText({{"0", "0", "1"}, {"2", "0"}}));
   store.units = "M";
   store.cfg_tolerance = 0.001F;
-  DxfRows rows(store, prompts, document);
+  testing::LooseChange loose(store);
+  DxfRows rows(loose.change, prompts, document);
   importDxf(document, store, rows, {.exactGeometry = true});
   EXPECT_EQ(testing::segmentTexts(store), Texts{"3 (0, 0)-(50.8, 0) c (25.4, 0)"});
 }

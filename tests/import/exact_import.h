@@ -11,6 +11,7 @@
 #include "tests/import/dxf_content.h"
 #include "tests/support/curves.h"
 #include "tests/support/drafting_desk.h"
+#include "tests/support/plain_edits.h"
 
 namespace tess::testing {
 
@@ -40,7 +41,8 @@ class ExactImport : public ::testing::Test {
   }
 
   std::vector<std::string> convertDocument() {
-    DxfRows rows(store, prompts, document);
+    LooseChange loose(store);
+    DxfRows rows(loose.change, prompts, document);
     convertDxfExactly(document, rows, options);
     unconverted = rows.unconverted();
     lost = rows.lost();

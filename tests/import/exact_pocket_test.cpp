@@ -40,8 +40,10 @@ TEST(ExactPocket, ClosedShapesVerify) {
     testing::RecordedCam bench;
     DxfDocument document;
     readDxf(document, testing::inTextForm(testing::entitySection(shape.entities)), "part.dxf");
-    DxfRows rows(bench.store, bench.test.recording.prompts, document);
+    Change change(bench.desk.changes);
+    DxfRows rows(change, bench.test.recording.prompts, document);
     convertDxfExactly(document, rows, {.tolerence = bench.store.cfg_tolerance});
+    change.keep({.redraws = false});
     ASSERT_GT(int(bench.store.NumSegments), 0);
     testing::selectRows(bench.store, 1, bench.store.NumSegments);
     float width = 0;

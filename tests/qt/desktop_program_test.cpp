@@ -17,6 +17,7 @@
 #include "tests/qt/desktop_test_support.h"
 #include "tests/support/source_folder.h"
 #include "tests/support/temp_folder.h"
+#include "tests/support/write_file.h"
 
 namespace tess {
 namespace {

@@ -209,6 +209,9 @@ TEST_F(FormViewTest, CaptionsFlagsHintsAndColorsAreShown) {
   EXPECT_EQ(widget<QCheckBox>("chkOn").toolTip(), "what it does");
   form.lblName.setColor(0x0000FF);
   EXPECT_EQ(widget<QLabel>("lblName").palette().color(QPalette::WindowText), QColor(255, 0, 0));
+  form.lblName.setColor(std::nullopt);
+  EXPECT_EQ(widget<QLabel>("lblName").palette().color(QPalette::WindowText),
+            window->palette().color(QPalette::WindowText));
   form.setCaption("Renamed");
   EXPECT_EQ(window->windowTitle(), "Renamed");
 }

@@ -9,6 +9,7 @@
 #include <QStatusBar>
 #include <QTimer>
 #include <algorithm>
+#include <filesystem>
 #include <functional>
 #include <gtest/gtest.h>
 #include <optional>
@@ -35,7 +36,11 @@ class Looks : public ::testing::TestWithParam<bool> {
     };
     program = std::make_unique<DesktopProgram>(
         programFolder({.home = {}, .executableFolder = {}, .environment = environment}));
-    program->open(TESSIMO_SOURCE_DIR "/examples/bracket.cdm");
+    // A copy of its own: what other processes have open is told of, and somebody has to answer.
+    for (const char* const name : {"bracket.cdm", "BRACKET.TPM"}) {
+      std::filesystem::copy(std::string(TESSIMO_SOURCE_DIR "/examples/") + name, folder(name));
+    }
+    program->open(folder("bracket.cdm"));
     window().setWindowState(Qt::WindowNoState);
     window().resize(1280, 800);
     delete window().findChild<QWidget*>("frmSplash");

@@ -5,7 +5,9 @@ Usage: command_lines_test.py PROGRAM
 """
 
 import os
+import resource
 import shutil
+import socket
 import subprocess
 import sys
 import tempfile
@@ -58,6 +60,18 @@ class CommandLines(unittest.TestCase):
         self.assertIn("--make-cnc", run.stdout)
         self.assertEqual((run.returncode, run.stderr), (0, ""))
 
+    def test_the_reader_of_jet_files_takes_its_file_and_nothing_else(self) -> None:
+        file = self.work / "x.mdb"
+        for content in (b"", b"a text", b"\0\1\0\0Standard Jet DB\0" + bytes(range(256)) * 32):
+            file.write_bytes(content)
+            with file.open("rb") as jet:
+                run = subprocess.run([PROGRAM, "--read-jet"], stdin=jet, capture_output=True,
+                                     timeout=60, env=self.environment, check=False)
+            self.assertNotEqual(run.returncode, 2, "it is no wrong usage")
+            self.assertIn(run.stdout[:8], (b"", b"TESSJET1"))
+        self.assert_fails(2, "The following argument was not expected: --read-jet "
+                          "(see tessimo --help)", "--read-jet", "--run", "x.lua")
+
     def test_wrong_usage_is_status_2(self) -> None:
         for arguments in (["--timeout", "-1", "--run", "x.lua"], ["--timeout", "5"],
                           ["--timeout", "nan", "--run", "x.lua"], ["--bad"], ["--run"], ["--make-cnc", "mill"], ["-o", "x"], ["a", "b"],
@@ -82,6 +96,138 @@ class CommandLines(unittest.TestCase):
                                "-o", "out.nc")
         self.assertEqual((run.returncode, run.stdout, run.stderr), (0, "", ""))
         self.assertIn("Lathrix Pro", (self.work / "out.nc").read_text())
+
+    def make(self, *arguments: str, **variables: str) -> subprocess.CompletedProcess[str]:
+        return self.run_program("--home", str(self.home), "--make-cnc", "mill", *arguments,
+                                **variables)
+
+    def test_a_program_takes_the_place_of_programs_only(self) -> None:
+        part = self.drawing()
+        (self.work / "link.nc").symlink_to("part.cdm")
+        (self.work / "hard.nc").hardlink_to(self.work / "PART.TPM")
+        (self.work / "notes.txt").write_text("Dear customer,\n")
+        before = {file.name: file.read_bytes() for file in self.work.iterdir() if file.is_file()}
+        ours = "is a file of the drawing itself"
+        for target, reason in (("part.cdm", ours), ("PART.TPM", ours), ("part.tpm", ours),
+                               ("link.nc", ours), ("hard.nc", ours), ("./part.cdm", ours),
+                               ("notes.txt", "is no CNC program"),
+                               ("draw.lua", "is no CNC program")):
+            with self.subTest(target=target):
+                self.assert_fails(1, f"{part}: {target} {reason} (--force writes over it)", "--home",
+                                  str(self.home), "--make-cnc", "mill", part, "-o", target)
+                self.assertEqual(before, {file.name: file.read_bytes()
+                                          for file in self.work.iterdir() if file.is_file()})
+        for arguments in (["notes.txt", "--force"], ["notes.txt"], ["new.nc"], ["new.nc"]):
+            run = self.make(part, "-o", *arguments)
+            self.assertEqual((run.returncode, run.stdout, run.stderr), (0, "", ""))
+            self.assertIn("M30", (self.work / arguments[0]).read_text())
+
+    def test_a_drawing_named_as_a_program_is_not_replaced_by_its_own(self) -> None:
+        shutil.move(self.drawing(), self.work / "part.CNC")
+        before = (self.work / "part.CNC").read_bytes()
+        (self.work / "draw.lua").write_text(
+            "open(arg[1] .. 'part.CNC') add_path{type=1, x1=1} "
+            "on_message(function(text, title, buttons) return buttons[2] end) make_cnc('mill') print(messages[#messages].text)")
+        run = self.run_program("--home", str(self.home), "--run", "draw.lua", f"{self.work}/")
+        self.assertEqual((run.returncode, run.stderr), (0, ""))
+        self.assertRegex(run.stdout, "^The program would take the place of the drawing")
+        self.assertEqual((self.work / "part.CNC").read_bytes(), before)
+
+    def test_no_picture_takes_the_place_of_the_drawing(self) -> None:
+        part = self.drawing()
+        before = Path(part).read_bytes()
+        self.assert_fails(1, f"{part}: {part} is a file of the drawing itself (--force writes over "
+                          "it)", "--home", str(self.home), "--plot", part, part)
+        self.assertEqual(Path(part).read_bytes(), before)
+
+    def test_a_full_disk_leaves_the_good_program(self) -> None:
+        part = self.drawing()
+        self.assertEqual(self.make(part, "-o", "out.nc").returncode, 0)
+        good = (self.work / "out.nc").read_bytes()
+        before = sorted(os.listdir(self.work))
+        run = subprocess.run(
+            [PROGRAM, "--home", str(self.home), "--make-cnc", "mill", part, "-o", "out.nc"],
+            capture_output=True, text=True, timeout=60, cwd=self.work, env=self.environment,
+            check=False, preexec_fn=lambda: resource.setrlimit(
+                resource.RLIMIT_FSIZE, (len(good) - 100, resource.RLIM_INFINITY)))
+        self.assertEqual((run.returncode, run.stdout), (1, ""))
+        self.assertEqual(run.stderr, f"tessimo: {part}: Disk full: out.nc\n")
+        self.assertEqual((self.work / "out.nc").read_bytes(), good)
+        self.assertEqual(sorted(os.listdir(self.work)), before)
+
+    def test_a_damaged_definition_makes_no_program(self) -> None:
+        part = self.drawing()
+        definition = self.home / "standard.msx"
+        for damage, reason in ((b"it,9\r\n", "line 1 field 1 has the unknown word 'it'"),
+                               (b"LISTSTART,HEADERTEXT\r\n%\r\n",
+                                "line 3 field 1: Input past end of file"),
+                               (None, ": File not found")):
+            with self.subTest(reason=reason):
+                definition.unlink(missing_ok=True)
+                if damage:
+                    definition.write_bytes(damage)
+                place = f"{definition} {reason}" if damage else f"{definition}{reason}"
+                self.assert_fails(
+                    1, f"{part}: the definition is damaged: {place} (--force makes the program all "
+                    "the same)", "--home", str(self.home), "--make-cnc", "mill", part, "-o",
+                    "out.nc")
+                self.assertFalse((self.work / "out.nc").exists())
+                run = self.make(part, "-o", "out.nc", "--force")
+                self.assertEqual(run.returncode, 0)
+                self.assertIn("tessimo: ", run.stderr)
+                (self.work / "out.nc").unlink()
+
+    def test_what_is_no_file_is_refused_at_once(self) -> None:
+        part = self.drawing()
+        home = ["--home", str(self.home)]
+        for name in ("pipe.cdm", "pipe.lua", "pipe.nc", "pipe.png", "pipe.dxf"):
+            os.mkfifo(self.work / name)
+        pipe = "Path/File access error (it is a pipe)"
+        device = "Path/File access error (it is a device): /dev/null"
+        place = str(self.work)
+        self.assert_fails(1, f"pipe.cdm: Couldn't revert to saved drawing. {pipe}", *home,
+                          "--make-cnc", "mill", "pipe.cdm")
+        self.assert_fails(1, f"pipe.lua: {pipe}", *home, "--run", "pipe.lua")
+        self.assert_fails(1, "/dev/zero: Path/File access error (it is a device)", *home, "--run",
+                          "/dev/zero")
+        for target, reason in (("pipe.nc", f"{pipe}: pipe.nc"), ("/dev/null", device)):
+            for force in ([], ["--force"]):
+                self.assert_fails(1, f"{part}: {reason}", *home, "--make-cnc", "mill", part, "-o",
+                                  target, *force)
+        self.assert_fails(1, f"{part}: {pipe}: pipe.png", *home, "--plot", "pipe.png", part)
+        (self.work / "read.lua").write_text(
+            "import_dxf(arg[1] .. 'pipe.dxf') open(arg[1] .. 'pipe.cdm') "
+            "for _, message in ipairs(messages) do print((message.text:gsub('\\n.*', ''))) end "
+            "print(messages[#messages].text:match('[^\\n]*$'))")
+        run = self.run_program(*home, "--run", "read.lua", f"{place}/")
+        self.assertEqual((run.returncode, run.stderr), (0, ""))
+        self.assertIn(pipe, run.stdout.splitlines()[0])
+        self.assertEqual(run.stdout.splitlines()[-1], pipe)
+        (self.work / "PART.TPM").unlink()
+        os.mkfifo(self.work / "PART.TPM")
+        self.assert_fails(1, f"{part}: {pipe}: {place}/PART.TPM", *home, "--make-cnc", "mill", part)
+        for name in ("tess.def", "test.msu"):
+            with self.subTest(name=name):
+                kept = (self.home / name).read_bytes()
+                (self.home / name).unlink()
+                os.mkfifo(self.home / name)
+                self.assert_fails(1, f"{pipe}: {self.home}/{name}", *home, "--run", "read.lua")
+                (self.home / name).unlink()
+                (self.home / name).write_bytes(kept)
+
+    def test_files_that_are_too_large_are_refused_before_they_are_read(self) -> None:
+        part = self.drawing()
+        home = ["--home", str(self.home)]
+        (self.work / "large.lua").touch()
+        os.truncate(self.work / "large.lua", 1 << 40)
+        os.truncate(part, 1 << 40)
+        size = f"The file is too large ({1 << 40} bytes, at most "
+        self.assert_fails(1, f"large.lua: {size}{16 << 20})", *home, "--run", "large.lua")
+        self.assert_fails(1, f"{part}: Couldn't revert to saved drawing. {size}{64 << 20})", *home,
+                          "--make-cnc", "mill", part)
+        os.truncate(self.home / "test.msu", 1 << 40)
+        self.assert_fails(1, f"{size}{16 << 20}): {self.home}/test.msu", *home, "--make-cnc", "mill",
+                          part)
 
     def test_drawings_that_give_no_program_are_status_1(self) -> None:
         home = ["--home", str(self.home)]
@@ -198,6 +344,31 @@ class CommandLines(unittest.TestCase):
         run = self.run_program(DISPLAY="", WAYLAND_DISPLAY="", QT_QPA_PLATFORM="")
         self.assertEqual(run.returncode, 1)
         self.assertRegex(run.stderr, r"^tessimo: [^\n]+\n$")
+
+    def test_a_display_that_cannot_be_reached_is_one_line(self) -> None:
+        (self.work / "play.lua").write_text("print('never')")
+        line = "tessimo: the display {} cannot be reached; tessimo --help tells what it does " \
+            "without one\n"
+        nowhere = {"DISPLAY": ":4711", "WAYLAND_DISPLAY": "", "QT_QPA_PLATFORM": ""}
+        for variables, name in ((nowhere, ":4711"),
+                                (nowhere | {"DISPLAY": "", "WAYLAND_DISPLAY": "none"}, "none"),
+                                (nowhere | {"QT_QPA_PLATFORM": "xcb"}, ":4711 (xcb)"),
+                                (nowhere | {"DISPLAY": "", "QT_QPA_PLATFORM": "nonsense"},
+                                 "nonsense")):
+            for job in ([], ["--play", "play.lua"]):
+                with self.subTest(name=name, job=job):
+                    run = self.run_program("--home", str(self.home), *job, **variables)
+                    self.assertEqual((run.returncode, run.stdout, run.stderr),
+                                     (1, "", line.format(name)))
+
+    def test_a_display_that_never_answers_is_given_up(self) -> None:
+        with socket.create_server(("127.0.0.1", 0)) as silent:
+            # Displays have ports from 6000 on; the number may be any.
+            name = f"127.0.0.1:{silent.getsockname()[1] - 6000}"
+            run = self.run_program("--home", str(self.home), DISPLAY=name, QT_QPA_PLATFORM="xcb")
+        self.assertEqual((run.returncode, run.stdout), (1, ""))
+        self.assertEqual(run.stderr, f"tessimo: the display {name} (xcb) cannot be reached; "
+                         "tessimo --help tells what it does without one\n")
 
 
 if __name__ == "__main__":

@@ -3,7 +3,7 @@
 -- args: {home}
 -- status: 1
 -- out: before
--- err: tessimo: Could not find setup file: test.msu
+-- err: tessimo: Could not find setup file: test.msu named in {home}tess.def line 2 field 1
 assert(os.remove(arg[1] .. "test.msu"))
 print("before")
 pcall(call.load_setup)

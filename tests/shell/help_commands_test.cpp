@@ -107,6 +107,13 @@ TEST_F(Help, FindingsAreListedAndShown) {
   EXPECT_EQ(help.Pdf1.shownFinding(), -1);
 }
 
+TEST_F(Help, APipeInTheManualsPlaceIsNotOpened) {
+  ASSERT_EQ(::mkfifo(home("tsmo_manual.pdf").c_str(), 0600), 0);
+  application.clickTool("miContents");
+  EXPECT_EQ(help.lblNotice.caption(), "The manual cannot be read:\n" + home("tsmo_manual.pdf"));
+  EXPECT_EQ(help.Pdf1.document(), "");
+}
+
 TEST_F(Help, AnUnreadableManualIsTold) {
   home.write("tsmo_manual.pdf", "no document");
   application.clickTool("miContents");

@@ -54,6 +54,8 @@ class DraftingDesk : public HeldSurface<Surface>,
     statusLog.clear();
   }
 
+  ~DraftingDesk();
+
   // ---- What the operator does
 
   void press(int button, float x, float y, int shift = 0) {
@@ -178,6 +180,11 @@ class DraftingDesk : public HeldSurface<Surface>,
   }
 };
 
+template <class Surface>
+DraftingDesk<Surface>::~DraftingDesk() = default;
+
+// Compiled once for all tests of it.
+extern template class DraftingDesk<RecordingSurface>;
 using RecordedDesk = DraftingDesk<RecordingSurface>;
 
 // A drawing row in one line, as in "1 (0, 0)-(1, 0)", "2 (0, 1)-(1, 0) c (0, 0)"; an attribute

@@ -18,36 +18,13 @@ namespace tess::testing {
 // dialogs that nobody prepared, and forms that onForm leaves open.
 class RecordingPrompts : public Prompts {
  public:
-  Answer showMessage(const Message& message) override {
-    messages.push_back(message);
-    if (onMessage) onMessage();
-    if (answers.empty()) return firstButton(message.buttons);
-    const Answer answer = answers.front();
-    answers.pop_front();
-    return answer;
-  }
+  RecordingPrompts();
+  ~RecordingPrompts() override;
+  Answer showMessage(const Message& message) override;
+  std::optional<std::string> chooseFile(const FileRequest& request) override;
+  void showModal(Form& form) override;
 
-  std::optional<std::string> chooseFile(const FileRequest& request) override {
-    fileRequests.push_back(request);
-    if (files.empty()) return std::nullopt;
-    std::optional<std::string> file = files.front();
-    files.pop_front();
-    return file;
-  }
-
-  void showModal(Form& form) override {
-    ++modalForms;
-    formNames.push_back(form.name());
-    form.open(Modality::Modal);
-    if (onForm && form.isShown()) onForm(form);
-    if (form.isShown()) form.pressCancel();
-    if (form.isShown()) form.close();
-  }
-
-  static Answer firstButton(MessageButtons buttons) {
-    const bool ok = buttons == MessageButtons::Ok || buttons == MessageButtons::OkCancel;
-    return ok ? Answer::Ok : Answer::Yes;
-  }
+  static Answer firstButton(MessageButtons buttons);
 
   std::deque<Answer> answers;
   std::deque<std::optional<std::string>> files;
@@ -61,6 +38,7 @@ class RecordingPrompts : public Prompts {
 
 class FixedClock : public Clock {
  public:
+  ~FixedClock() override;
   DateTime now() override { return time; }
   double elapsedMilliseconds() override { return elapsed; }
 
@@ -70,6 +48,7 @@ class FixedClock : public Clock {
 
 class RecordingSurroundings : public Surroundings {
  public:
+  ~RecordingSurroundings() override;
   void serveEvents() override { ++eventsServed; }
   void beep() override { ++beeps; }
   void printOnMainWindow(const std::string& text) override { printed.push_back(text); }
@@ -81,15 +60,16 @@ class RecordingSurroundings : public Surroundings {
 
 class RecordingFailures : public FailureSink {
  public:
-  void report(const RuntimeFailure& failure) override {
-    takeCallChain();
-    reported.push_back(failure);
-  }
+  ~RecordingFailures() override;
+  void report(const RuntimeFailure& failure) override;
 
   std::vector<RuntimeFailure> reported;
 };
 
 struct RecordingHost {
+  RecordingHost();
+  ~RecordingHost();
+
   RecordingPrompts prompts;
   FixedClock clock;
   RecordingSurroundings surroundings;

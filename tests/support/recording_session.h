@@ -3,7 +3,6 @@
 // Owns: RecordingListener, TestSession.
 #pragma once
 
-#include <filesystem>
 #include <string>
 #include <utility>
 #include <vector>
@@ -17,6 +16,7 @@ namespace tess::testing {
 
 class RecordingListener : public SessionListener {
  public:
+  ~RecordingListener() override;
   void clearUndoMenu() override { note("clearUndoMenu"); }
   void resetUndoState() override { note("resetUndoState"); }
   void UnselectAll() override { note("UnselectAll"); }
@@ -35,6 +35,7 @@ class RecordingListener : public SessionListener {
   void resetPendingAction() override { note("resetPendingAction"); }
   void DisplayedFilename(const std::string& text) override { displayed.push_back(text); }
   void updateStatusDisplay() override { note("updateStatusDisplay"); }
+  void rowsRewritten() override { ++rewritings; }
   void drawingReplaced() override {}  // follows from a load or a new drawing
   void recentFilesChanged() override { note("recentFilesChanged"); }
   void brandingRead() override { note("brandingRead"); }
@@ -53,18 +54,15 @@ class RecordingListener : public SessionListener {
   std::vector<std::string> noted;
   std::vector<std::string> displayed;  // texts of the first status panel
   std::vector<std::string> imported;
+  int rewritings = 0;
 
  private:
   void note(std::string what) { noted.push_back(std::move(what)); }
 };
 
 struct TestSession {
-  TestSession() {
-    std::filesystem::create_directory(home("CNC"));
-    session.appfolder = home();
-    store.drawingpath = home("CNC/");
-    store.drawingsaved = true;
-  }
+  TestSession();
+  ~TestSession();
 
   // A drawing file of that name in the CNC folder to save to and to load from.
   void name(const std::string& drawing) {

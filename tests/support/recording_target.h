@@ -66,6 +66,7 @@ inline std::string recordedLine(const WorldBox& ends) {
 // The drawing surface `picDrawing`, of 1000 by 800 pixels unless moved.
 class RecordingSurface : public DrawingSurface {
  public:
+  ~RecordingSurface() override;
   explicit RecordingSurface(CallLog& log) : log_(log) {}
 
   SurfaceArea area() const override { return area_; }
@@ -114,6 +115,7 @@ class RecordingSurface : public DrawingSurface {
 // A target that is no screen: a page of 1000 by 800 units.
 class RecordingPaper : public DrawingTarget {
  public:
+  ~RecordingPaper() override;
   explicit RecordingPaper(CallLog& log) : log_(log), surface_(log) {}
 
   void Cls() override { log_.add("Cls"); }
@@ -157,6 +159,7 @@ class RecordingPaper : public DrawingTarget {
 
 class RecordingPointer : public Pointer {
  public:
+  ~RecordingPointer() override;
   explicit RecordingPointer(CallLog& log) : log_(log) {}
 
   int MousePointer() const override { return shape_; }
@@ -179,6 +182,7 @@ class RecordingPointer : public Pointer {
 
 class LoggingSurroundings : public RecordingSurroundings {
  public:
+  ~LoggingSurroundings() override;
   explicit LoggingSurroundings(CallLog& log) : log_(log) {}
 
   void serveEvents() override {
@@ -195,6 +199,7 @@ class LoggingSurroundings : public RecordingSurroundings {
 
 class LoggingPrompts : public RecordingPrompts {
  public:
+  ~LoggingPrompts() override;
   explicit LoggingPrompts(CallLog& log) : log_(log) {}
 
   Answer showMessage(const Message& message) override {

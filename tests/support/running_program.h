@@ -3,13 +3,10 @@
 // Owns: RunningProgram.
 #pragma once
 
-#include <filesystem>
-
 #include "shell/application.h"
 #include "shell/commands.h"
 #include "shell/virtual_screen.h"
 #include "tests/support/recording_host.h"
-#include "tests/support/source_folder.h"
 #include "tests/support/temp_folder.h"
 
 namespace tess::testing {
@@ -17,12 +14,8 @@ namespace tess::testing {
 // Time stands still until pass() is called. A failure of a command stands in
 // reporting.lastReport().
 struct RunningProgram {
-  RunningProgram() {
-    std::filesystem::copy(TESSIMO_SOURCE_DIR "/tests/scripts/home", home());
-    std::filesystem::create_directory(home("CNC"));
-    screen.pointer.onArrival = [this](int pixelX, int pixelY) { arrive(pixelX, pixelY); };
-    application.start(/*drawing=*/"", home());
-  }
+  RunningProgram();
+  ~RunningProgram();
   RunningProgram(const RunningProgram&) = delete;
   RunningProgram& operator=(const RunningProgram&) = delete;
 

@@ -376,7 +376,7 @@ TEST(AddMachCycleAtCircles, PassesOverOpenArcs) {
   placeCyclesAtSelectedCircles(d.cam, 0);
   EXPECT_EQ(d.store.NumPathSegments, 0);
   EXPECT_EQ(d.store.currentpathgroup, 0);
-  EXPECT_EQ(d.cam.changelog.changecount, 0);
+  EXPECT_EQ(d.desk.changelog.changecount, 0);
 }
 
 }  // namespace

@@ -269,12 +269,47 @@ TEST_F(FinishPath, AStartAtTheFloorIsTheFirstOfSeveralLevels) {
   EXPECT_EQ(depths(), (Texts{"-0.98 f 10", "-1 f 10"}));
 }
 
-TEST_F(FinishPath, ACutOfNothingPerPassEndsTheLevels) {
+TEST_F(FinishPath, ACutOfNothingPerPassPlacesNothing) {
   addLine(0, 0, 2, 0);
   store.cfg_z_cut_per_pass = 0;
   store.cfg_start_depth = 0.1F;
   place(1, {0, 0}, {1, 0}, {1, 2});
-  EXPECT_EQ(depths(), (Texts{"-0.1 f 10"}));
+  EXPECT_EQ(depths(), Texts{});
+  ASSERT_EQ(messages().size(), 1U);
+  EXPECT_EQ(messages()[0].text,
+            "The Depth Per Pass, Z, is 0.  It must be above 0 for the levels from -0.1 to -0.5."
+            "\n\nNothing was placed.  It is set in Pocketing & Profiling Parameters.");
+  EXPECT_EQ(messages()[0].title, "Place Finish Path");
+  EXPECT_EQ(messages()[0].icon, MessageIcon::Warning);
+  EXPECT_EQ(messages()[0].buttons, MessageButtons::Ok);
+  EXPECT_EQ(pending(), 0);
+  EXPECT_FALSE(cam.changelog.canUndo());
+}
+
+TEST_F(FinishPath, SoForOneSegmentButNotWithoutPasses) {
+  addLine(0, 0, 2, 0);
+  store.cfg_z_cut_per_pass = -0.25F;
+  mnuCAMPlace1PathSeg_Click(cam);
+  clicks({0, 0}, {1, 0}, {1, 2});
+  EXPECT_TRUE(messages().empty()) << "there are no passes to place before the dialog was closed";
+  cam.numFinishPasses = 1;
+  mnuCAMPlace1PathSeg_Click(cam);
+  clicks({0, 0}, {1, 0}, {1, 2});
+  ASSERT_EQ(messages().size(), 1U);
+  EXPECT_EQ(messages()[0].text,
+            "The Depth Per Pass, Z, is -0.25.  It must be above 0 for the levels from -0.25 to "
+            "-0.5.\n\nNothing was placed.  It is set in Pocketing & Profiling Parameters.");
+  EXPECT_EQ(messages()[0].title, "Place One Path Segment");
+  EXPECT_EQ(store.NumPathSegments, 0);
+}
+
+TEST_F(FinishPath, ASingleLevelNeedsNoCutPerPass) {
+  addLine(0, 0, 2, 0);
+  store.cfg_z_cut_per_pass = 0;
+  store.cfg_start_depth = 0.75F;
+  place(1, {0, 0}, {1, 0}, {1, 2});
+  EXPECT_EQ(depths(), (Texts{"-0.5 f 10"}));
+  EXPECT_TRUE(messages().empty());
 }
 
 TEST_F(FinishPath, APassThatPlacesNothingCopiesNothing) {
@@ -457,15 +492,16 @@ TEST_F(FinishPathNotch, UndoStepByStepTakesEverythingBackAndRedoGivesItAgain) {
 
 // ---- Failures
 
-TEST_F(FinishPath, AFailureMidwayKeepsWholePassesAndThePointer) {
+TEST_F(FinishPath, AFailureMidwayLeavesNoPassAndThePointer) {
   addSquare();
   for (int ps = 1; ps <= 32760; ++ps) addPathLine(5, 5, 6, 6);
   start(2);
   click(0, 0);
   click(1, 0);
   EXPECT_EQ(testing::numberOfFailure([&] { click(1, 1); }), FailureNumber::Overflow);
-  EXPECT_EQ(store.NumPathSegments, 32764);
-  EXPECT_EQ(desk.changelog.changecount, 4);
+  EXPECT_EQ(store.NumPathSegments, 32760);
+  EXPECT_EQ(desk.changelog.changecount, 0);
+  EXPECT_EQ(store.lastplacedgroup, 1);
   EXPECT_EQ(pointer.MousePointer(), kDefaultShape);
 }
 

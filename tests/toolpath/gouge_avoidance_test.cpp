@@ -5,16 +5,18 @@
 
 #include "gtest/gtest.h"
 
-#include "drafting/row_edits.h"
 #include "geometry/intersections.h"
 #include "tests/geometry/rows.h"
 #include "tests/geometry/scenes.h"
+#include "tests/support/plain_edits.h"
 #include "tests/support/recorded_cam.h"
 #include "toolpath/path_groups.h"
 
 namespace tess {
 namespace {
 
+using testing::deletePathSegment;
+using testing::deleteSegment;
 using testing::Dice;
 using testing::pathTexts;
 using testing::RecordedCam;
@@ -327,14 +329,13 @@ class AllPairs {
   }
 
   bool isCrossing(int i, int j, int last, Point& p) const {
-    PointPair hits;
-    const int code =
-        path_ ? intersectPathSegs(store_, i, j, hits) : intersectSegs(store_, i, j, hits);
-    if (code < 1) return false;
+    const Crossing crossing = path_ ? intersectPathSegs(store_, i, j) : intersectSegs(store_, i, j);
+    if (!crossing) return false;
+    const PointPair& hits = crossing.at;
     const Entity a = at(i);
     const Entity b = at(j);
-    const bool second =
-        code == 2 || (code == 3 && distance(hits.second, a.start) < distance(hits.first, a.start));
+    const bool second = crossing.second && (!crossing.first || distance(hits.second, a.start) <
+                                                                   distance(hits.first, a.start));
     p = second ? hits.second : hits.first;
     for (const Point end : {a.start, a.end, b.start, b.end})
       if (samePoint(p, end, store_.cfg_tolerance)) return false;

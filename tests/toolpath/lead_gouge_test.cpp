@@ -3,6 +3,7 @@
 
 #include "tests/geometry/rows.h"
 #include "tests/support/drafting_desk.h"
+#include "tests/support/plain_edits.h"
 #include "toolpath/lead_moves.h"
 
 namespace tess {
@@ -62,19 +63,17 @@ TEST(CheckLeadGouge, FindsTheShortestWayToAHit) {
   };
   for (const GougeCase& row : kCases) {
     const DrawingStore store = storeOf(row.path);
-    float length = -7;
-    EXPECT_EQ(checkLeadGouge(store, 1, store.NumPathSegments, length), row.gouge) << row.name;
-    EXPECT_FLOAT_EQ(length, row.gouge ? row.length : -7) << row.name;
+    const std::optional<float> length = checkLeadGouge(store, 1, store.NumPathSegments);
+    EXPECT_EQ(length.has_value(), row.gouge) << row.name;
+    EXPECT_FLOAT_EQ(length.value_or(row.length), row.length) << row.name;
   }
 }
 
 TEST(CheckLeadGouge, LooksOnlyAtRowsBetweenTheLeads) {
   const DrawingStore store = storeOf({line(0, -1, 0, 1), line(-1, 0, 1, 0), line(5, 5, 6, 5),
                                       line(6, 5, 7, 5), line(5.5F, 0, 5.5F, 9)});
-  float length = -7;
-  EXPECT_FALSE(checkLeadGouge(store, 2, 4, length));
-  EXPECT_TRUE(checkLeadGouge(store, 1, 4, length));
-  EXPECT_EQ(length, 1);
+  EXPECT_FALSE(checkLeadGouge(store, 2, 4));
+  EXPECT_EQ(checkLeadGouge(store, 1, 4), 1);
 }
 
 // A level lead to (3, 0) through a round row of radius 1/3 at the origin: its first hit is the
@@ -96,9 +95,7 @@ TEST(CheckLeadGouge, RoundsByWhichHitsThereAre) {
   for (const RoundingCase& row : kCases) {
     const Entity leadIn = line(-row.junction.x, 0, row.junction.x, 0);
     const DrawingStore store = storeOf({leadIn, row.row, line(9, 9, 9, 8)});
-    float length = 0;
-    EXPECT_TRUE(checkLeadGouge(store, 1, 3, length)) << row.name;
-    EXPECT_EQ(length, row.length) << row.name;
+    EXPECT_EQ(checkLeadGouge(store, 1, 3), row.length) << row.name;
   }
 }
 
@@ -126,7 +123,7 @@ TEST(FitLeadLength, MovesTheFreeEndOfALine) {
   };
   for (const FitCase& row : kCases) {
     DrawingStore store = storeOf({row.lead});
-    fitLeadLength(store, 1, row.length, row.mode);
+    testing::editing(store, [&](Changes& c) { fitLeadLength(c, 1, row.length, row.mode); });
     EXPECT_EQ(pathText(pathRow(store, 1)), row.after) << row.name;
   }
 }

@@ -288,6 +288,46 @@ TEST_F(Spiral, TheRingsAreCopiedToTheLevelsBelow) {
   EXPECT_FLOAT_EQ(cam.currentZ, -1);
 }
 
+// An island that lies across the pocket drops each ring, so nothing else would come to an end.
+TEST_F(Spiral, AStepOverOfNearlyNothingPlacesNothing) {
+  store.cfg_cut_width_type = 2;
+  store.cfg_tool_spacing_distance = 1e-6F;
+  addPocket(kSquare);
+  start(0, -5);
+  EXPECT_EQ(store.NumPathSegments, 0);
+  ASSERT_EQ(messages().size(), 1U);
+  EXPECT_EQ(messages()[0].text,
+            "The Step Over Amount is 0.000001.  That is too small for the rings from 4.5 to 0.3."
+            "\n\nNothing was placed.  It is set in Pocketing & Profiling Parameters.");
+  EXPECT_EQ(messages()[0].title, "Rough Cut Pocket");
+  store.cfg_cut_width_type = 1;
+  store.cfg_tool_spacing = 1e-5F;
+  start(0, -5);
+  EXPECT_EQ(store.NumPathSegments, 0);
+  EXPECT_EQ(messages().size(), 2U);
+}
+
+TEST_F(Spiral, AStepThatDoesNotGoDownPlacesNothing) {
+  for (const float cut : {0.0F, -0.3F}) {
+    SCOPED_TRACE(cut);
+    store = DrawingStore();
+    test.recording.prompts.messages.clear();
+    store.toolradius[0] = 0.25F;
+    store.cfg_final_depth = 1;
+    store.cfg_z_cut_per_pass = cut;
+    store.cfg_pocket_dist_from_center = 4.9F;  // there would be a question about the room
+    cam.roughFloor = roughingFloor(store);
+    addPocket(kSquare);
+    start(0, -5);
+    EXPECT_EQ(store.NumPathSegments, 0);
+    EXPECT_EQ(store.toolradius[0], 0.25F);
+    EXPECT_EQ(pending(), 0);
+    ASSERT_EQ(messages().size(), 1U);
+    EXPECT_EQ(messages()[0].title, "Rough Cut Pocket");
+    EXPECT_TRUE(messages()[0].text.starts_with("The Depth Per Pass, Z, is "));
+  }
+}
+
 TEST_F(Spiral, AStartDepthOfTheFloorMeansOneLevel) {
   store.cfg_start_depth = 0.5F;
   store.cfg_z_cut_per_pass = 0.1F;
@@ -456,16 +496,30 @@ TEST_F(Spiral, AFailureMidwayLeavesNoRowAndTheToolAsItWas) {
   EXPECT_EQ(pointer.MousePointer(), kDefaultShape);
 }
 
-TEST_F(Spiral, AFullLogLeavesNoRowEither) {
+TEST_F(Spiral, AFailureMidwayLeavesTheCuttingModeAndTheGroups) {
+  addPocket(kSquare);
+  store.cfg_auto_place_finish_path = true;
+  store.cfg_cutting_mode = 1;
+  store.currentpathgroup = 3;
+  while (store.NumPathSegments < 32748) addPathLine(7, 7, 8, 8, 100);
+  EXPECT_EQ(numberOfFailure([&] { parallelSpiralPocket(cam, 1); }), FailureNumber::Overflow);
+  EXPECT_EQ(store.NumPathSegments, 32748);
+  EXPECT_EQ(store.cfg_cutting_mode, 1);
+  EXPECT_EQ(store.currentpathgroup, 3);
+  EXPECT_EQ(store.lastplacedgroup, 1);
+}
+
+TEST_F(Spiral, InAFullLogOlderStepsGiveWay) {
   addPocket(kSquare);
   clsSegment record;
   record.SetSegment({}, "A", /*start=*/true);
   while (desk.changelog.changecount < 32760) desk.changelog.logRecord(record, /*cutRedo=*/true);
-  EXPECT_EQ(numberOfFailure([&] { parallelSpiralPocket(cam, 1); }), FailureNumber::Overflow);
+  parallelSpiralPocket(cam, 1);
+  EXPECT_GT(store.NumPathSegments, 7);
+  EXPECT_EQ(desk.changelog.changecount, 32767);
+  EXPECT_EQ(desk.changelog.lastStepSize(), store.NumPathSegments);
+  Undo_Last_Change(desk);
   EXPECT_EQ(store.NumPathSegments, 0);
-  EXPECT_EQ(desk.changelog.changecount, 32760);
-  EXPECT_FALSE(desk.changelog.canRedo());
-  EXPECT_EQ(store.toolradius[0], 0.25F);
 }
 
 // ---- Insertion among other paths
@@ -499,9 +553,7 @@ TEST_F(Spiral, RingsInsertedBeforeAGroupStandInTheirOrderBeforeIt) {
 float distanceToWall(const DrawingStore& store, Point p) {
   float nearest = kFarthest;
   for (int sg = 1; sg <= store.NumSegments; ++sg) {
-    Point q;
-    nearestOnSeg(store, sg, p, q);
-    nearest = std::min(nearest, distance(p, q));
+    nearest = std::min(nearest, distance(p, nearestOnSeg(store, sg, p).at));
   }
   return nearest;
 }
@@ -700,7 +752,7 @@ TEST_F(CleanUp, RowsTooShortGoWhereverTheyStand) {
     addPathLine(5, 5, 6, 6, 100);
     testing::addPath(store, c.row, 100);
     addPathLine(6, 6, 7, 7, 200);
-    dropShortPathSegs(store);
+    dropShortPathSegs(cam.changes);
     EXPECT_EQ(store.NumPathSegments, c.goes ? 2 : 3);
     EXPECT_EQ(pathTexts(store).back(), "1 (6, 6)-(7, 7) @200 z 0");
   }
@@ -712,7 +764,7 @@ TEST_F(CleanUp, AThereAndBackGoesAtTheHeadOfAGroupOnly) {
     addPathLine(1, 0, 0, 0, code);
     addPathLine(0, 0, 1, 0, code);
   }
-  dropBackTrackSegs(store);
+  dropBackTrackSegs(cam.changes);
   EXPECT_EQ(pathTexts(store), (Texts{"1 (1, 0)-(0, 0) @100 z 0", "1 (0, 0)-(1, 0) @100 z 0",
                                      "1 (1, 0)-(0, 0) @200 z 0", "1 (0, 0)-(1, 0) @200 z 0",
                                      "1 (1, 0)-(0, 0) @30300 z 0", "1 (0, 0)-(1, 0) @30300 z 0"}));
@@ -724,7 +776,7 @@ TEST_F(CleanUp, AGroupOfOneRowAndRowsThatGoOnStay) {
   addPathLine(0, 0, 1, 0, 300);
   addPathLine(1, 0, 2, 0, 300);
   const Texts before = pathTexts(store);
-  dropBackTrackSegs(store);
+  dropBackTrackSegs(cam.changes);
   EXPECT_EQ(pathTexts(store), before);
 }
 
@@ -735,7 +787,7 @@ TEST_F(CleanUp, RangesFollowTheirRows) {
   addPathLine(1, 0, 2, 0, 100);
   addPathLine(2, 0, 2, 0, 100);
   PlacedRows ranges[] = {{2, 4}, {4, 5}, {6, 5}};
-  dropShortPathSegs(store, ranges);
+  dropShortPathSegs(cam.changes, ranges);
   ASSERT_EQ(store.NumPathSegments, 2);
   EXPECT_EQ(ranges[0].first, 1);
   EXPECT_EQ(ranges[0].last, 2);
@@ -751,7 +803,7 @@ TEST_F(CleanUp, APassThatMeetsAVerifiedRowGoesWhole) {
   addPathLine(2, 1, 3, 1, 100);
   addPathLine(3, 1, 3, 0, 100);  // touches
   addPathLine(3, 2, 4, 2, 100);
-  dropCrossingPass(store, 2);
+  dropCrossingPass(cam.changes, 2);
   EXPECT_EQ(pathTexts(store), (Texts{"1 (1, 1)-(1, -1) @100 z 0"}));
   EXPECT_EQ(desk.changelog.changecount, 0);
 }
@@ -760,7 +812,7 @@ TEST_F(CleanUp, RowsNotVerifiedAreNoWalls) {
   for (const int attr : {kOrdinaryClass, 10, 12, kParkedRow, kSelected + kOrdinaryClass})
     add({.type = kLine, .attr = attr, .x0 = 0, .y0 = 0, .x1 = 10, .y1 = 0});
   addPathLine(1, 1, 1, -1, 100);
-  dropCrossingPass(store, 1);
+  dropCrossingPass(cam.changes, 1);
   EXPECT_EQ(store.NumPathSegments, 1);
 }
 
@@ -778,12 +830,11 @@ TEST_F(CleanUp, PassesAreDroppedAsByATrialOfAllPairs) {
     bool meets = false;
     for (const Entity& path : paths) {
       for (int sg = 1; sg <= store.NumSegments; ++sg) {
-        PointPair at;
-        meets = meets || intersectWithSeg(store, path, sg, at) > 0;
+        meets = meets || intersectWithSeg(store, path, sg);
       }
     }
     const int count = store.NumPathSegments;
-    dropCrossingPass(store, 1);
+    dropCrossingPass(cam.changes, 1);
     ASSERT_EQ(store.NumPathSegments, meets ? 0 : count);
     dropped += meets;
   }

@@ -37,7 +37,7 @@ PathRow rowAt(float x, float z, int code = 100) {
 // A log in which the step before is somebody else's.
 void logForeignStep(RecordedCam& d) {
   d.addLine(0, 0, 1, 1);
-  logSegment(d.cam.changelog, d.store, d.store.NumSegments, "A", /*start=*/true);
+  logSegment(d.desk.changelog, d.store, d.store.NumSegments, "A", /*start=*/true);
 }
 
 // Undo gives back the rows before the last step, redo those after it.
@@ -73,8 +73,8 @@ TEST(ReplicatePathAtZ, CopiesEveryRowOfTheLastPassAndNothingBeforeIt) {
   EXPECT_EQ(pathTexts(d.store), expected);
   EXPECT_FALSE(d.store.drawingsaved);
   EXPECT_EQ(d.store.lastplacedgroup, 1);
-  EXPECT_TRUE(d.cam.changelog.record(1).StartOfSegment);
-  EXPECT_FALSE(d.cam.changelog.record(2).StartOfSegment);
+  EXPECT_TRUE(d.desk.changelog.record(1).StartOfSegment);
+  EXPECT_FALSE(d.desk.changelog.record(2).StartOfSegment);
   expectTakenBack(d, before);
 }
 
@@ -101,7 +101,7 @@ TEST(ReplicatePathAtZ, OfNoRowsChangesNothing) {
   replicatePathAtZ(d.cam, -1, 8);
   EXPECT_EQ(d.store.NumPathSegments, 0);
   EXPECT_TRUE(d.store.drawingsaved);
-  EXPECT_EQ(d.cam.changelog.changecount, 0);
+  EXPECT_EQ(d.desk.changelog.changecount, 0);
 }
 
 struct LevelCase {
@@ -238,9 +238,9 @@ TEST(ConnectPathSegs, BelongToTheStepOfTheRowsBeforeThem) {
   RecordedCam d;
   logForeignStep(d);
   addPathSegment(d.store, rowAt(0, -0.5F));
-  logPathSegment(d.cam.changelog, d.store, 1, "A", /*start=*/true);
+  logPathSegment(d.desk.changelog, d.store, 1, "A", /*start=*/true);
   addPathSegment(d.store, rowAt(3, -0.5F));
-  logPathSegment(d.cam.changelog, d.store, 2, "A", /*start=*/false);
+  logPathSegment(d.desk.changelog, d.store, 2, "A", /*start=*/false);
   connectPathSegs(d.cam, 1, 2);
   ASSERT_EQ(d.store.NumPathSegments, 3);
   expectTakenBack(d, {});
@@ -274,7 +274,7 @@ TEST(ConnectPathSegs, InATableWithoutRoomInsertsNoneOfThem) {
   EXPECT_EQ(numberOfFailure([&] { connectPathSegs(d.cam, 32763, 32766); }),
             FailureNumber::Overflow);
   EXPECT_EQ(d.store.NumPathSegments, 32766);
-  EXPECT_EQ(d.cam.changelog.changecount, 0);
+  EXPECT_EQ(d.desk.changelog.changecount, 0);
 }
 
 // As the rules are told: link by link, each with a look at all rows.
@@ -286,12 +286,11 @@ int plainConnect(CamDesk& cam, int first, int last) {
     if (samePoint(from, to, store.cfg_tolerance)) continue;
     bool blocked = false;
     for (int sg = 1; sg <= store.NumSegments; ++sg) {
-      PointPair at;
       blocked = blocked || (store.segattr[sg] == kIslandOutline &&
-                            intersectWithSeg(store, lineEntity(from, to), sg, at) > 0);
+                            intersectWithSeg(store, lineEntity(from, to), sg));
     }
     if (blocked) continue;
-    insertPathSegment(store, ps + 1,
+    insertPathSegment(cam.changes, ps + 1,
                       {.type = kLine,
                        .x0 = from.x,
                        .y0 = from.y,
@@ -300,7 +299,7 @@ int plainConnect(CamDesk& cam, int first, int last) {
                        .z = store.psz[ps],
                        .feed = store.psfeed[ps]},
                       store.selectedtool);
-    logPathSegment(cam.changelog, store, ps + 1, "A", /*start=*/false);
+    logPathSegment(cam.changes.log, store, ps + 1, "A", /*start=*/false);
     ++ps;
     ++last;
   }
@@ -319,7 +318,7 @@ Entity gridEntity() {
 void empty(RecordedCam& d) {
   d.store.NumSegments = 0;
   d.store.NumPathSegments = 0;
-  d.cam.changelog.clear();
+  d.desk.changelog.clear();
 }
 
 void addRandomRows(RecordedCam& a, RecordedCam& b, int rows) {
@@ -345,9 +344,9 @@ TEST(ConnectPathSegs, EqualsLinkByLink) {
     const int first = *rc::gen::inRange(1, 4);
     RC_ASSERT(connectPathSegs(a.cam, first, rows) == plainConnect(b.cam, first, rows));
     RC_ASSERT(pathTexts(a.store) == pathTexts(b.store));
-    RC_ASSERT(a.cam.changelog.changecount == b.cam.changelog.changecount);
-    for (int record = 0; record < a.cam.changelog.changecount; ++record) {
-      RC_ASSERT(a.cam.changelog.record(record).row == b.cam.changelog.record(record).row);
+    RC_ASSERT(a.desk.changelog.changecount == b.desk.changelog.changecount);
+    for (int record = 0; record < a.desk.changelog.changecount; ++record) {
+      RC_ASSERT(a.desk.changelog.record(record).row == b.desk.changelog.record(record).row);
     }
   }));
 }
@@ -364,10 +363,10 @@ TEST(ReversePathSegment, ExchangesTheEndsOfALine) {
   reversePathSegment(d.cam, 1);
   EXPECT_EQ(pathTexts(d.store), (Texts{"1 (1, 2)-(0, 0) @203 z 0", "1 (1, 2)-(3, 4) @203 z 0"}));
   EXPECT_FALSE(d.store.drawingsaved);
-  EXPECT_EQ(d.cam.changelog.record(1).AddOrDelete, "D");
-  EXPECT_TRUE(d.cam.changelog.record(1).StartOfSegment);
-  EXPECT_EQ(d.cam.changelog.record(2).AddOrDelete, "A");
-  EXPECT_FALSE(d.cam.changelog.record(2).StartOfSegment);
+  EXPECT_EQ(d.desk.changelog.record(1).AddOrDelete, "D");
+  EXPECT_TRUE(d.desk.changelog.record(1).StartOfSegment);
+  EXPECT_EQ(d.desk.changelog.record(2).AddOrDelete, "A");
+  EXPECT_FALSE(d.desk.changelog.record(2).StartOfSegment);
   expectTakenBack(d, before);
 }
 
@@ -392,7 +391,7 @@ TEST(ReversePathSegment, LeavesOtherRowsAlone) {
   const Texts before = pathTexts(d.store);
   for (const int ps : {-1, 0, 1, 2, 3}) reversePathSegment(d.cam, ps);
   EXPECT_EQ(pathTexts(d.store), before);
-  EXPECT_EQ(d.cam.changelog.changecount, 0);
+  EXPECT_EQ(d.desk.changelog.changecount, 0);
 }
 
 TEST(ReversePath, ReversesTheRowNearTheClickAlone) {
@@ -439,7 +438,7 @@ TEST(ReversePath, WithoutAVisibleRowDoesNothing) {
   mnuRevPathDir_Click(d.cam);
   d.click(1, 0.5F);
   EXPECT_EQ(pathTexts(d.store), Texts{"1 (0, 0)-(2, 0) @100 z 0"});
-  EXPECT_EQ(d.cam.changelog.changecount, 0);
+  EXPECT_EQ(d.desk.changelog.changecount, 0);
 }
 
 // ---- Placing one element
@@ -553,14 +552,14 @@ TEST(UndoLastPlace, TakesTheLastGroupAndThenTheRunAtTheEnd) {
   EXPECT_EQ(d.store.NumPathSegments, 4);
   EXPECT_EQ(d.store.lastplacedgroup, 0);
   EXPECT_EQ(d.store.showpaths, 1);
-  EXPECT_EQ(d.cam.changelog.UndoMark, -1);
+  EXPECT_EQ(d.desk.changelog.UndoMark, -1);
   EXPECT_TRUE(d.tools.isEnabled("miUndo"));
   EXPECT_FALSE(d.store.drawingsaved);
   EXPECT_EQ(d.test.listener.take(), Texts{"Update_menu_checks"});
   mnuCAMUndoLastPlace_Click(d.cam);  // the run of equal code, not the group
   EXPECT_EQ(pathTexts(d.store), Texts(all.begin(), all.begin() + 2));
-  EXPECT_TRUE(d.cam.changelog.record(1).StartOfSegment);
-  EXPECT_FALSE(d.cam.changelog.record(2).StartOfSegment);
+  EXPECT_TRUE(d.desk.changelog.record(1).StartOfSegment);
+  EXPECT_FALSE(d.desk.changelog.record(2).StartOfSegment);
   expectTakenBack(d, Texts(all.begin(), all.begin() + 4));
   Undo_Last_Change(d.desk);
   Undo_Last_Change(d.desk);
@@ -585,8 +584,8 @@ TEST(UndoLastPlace, TakesRowsThatWereInsertedBeforeAnotherGroup) {
   d.cam.pathInsertGroup = 2;
   d.store.currentpathgroup = nextPathGroup(d.store);
   const int at = pathInsertIndex(d.store, d.cam.pathInsertMode, d.cam.pathInsertGroup);
-  insertPathSegment(d.store, at, rowAt(5, 0), 1);
-  insertPathSegment(d.store, at + 1, rowAt(6, 0), 1);
+  insertPathSegment(d.cam.changes, at, rowAt(5, 0), 1);
+  insertPathSegment(d.cam.changes, at + 1, rowAt(6, 0), 1);
   EXPECT_EQ(pathTexts(d.store), (Texts{before[0], "1 (5, 0)-(6, 0) @301 z 0 f 20",
                                        "1 (6, 0)-(7, 0) @301 z 0 f 20", before[1]}));
   mnuCAMUndoLastPlace_Click(d.cam);
@@ -611,7 +610,7 @@ TEST(UndoLastPlace, WithAnInsertionPointTakesNothingTheSecondTime) {
 TEST(UndoLastPlace, FallsSilentWithAHighTool) {
   RecordedCam d;
   d.store.currentpathgroup = 1;
-  insertPathSegment(d.store, 1, rowAt(0, 0), 60);
+  insertPathSegment(d.cam.changes, 1, rowAt(0, 0), 60);
   EXPECT_EQ(d.store.lastplacedgroup, 1);
   mnuCAMUndoLastPlace_Click(d.cam);
   EXPECT_EQ(d.store.NumPathSegments, 1);
@@ -627,7 +626,7 @@ TEST(UndoLastPlace, WithoutPathsDoesNothing) {
   mnuCAMUndoLastPlace_Click(d.cam);
   EXPECT_EQ(d.store.showpaths, 0);
   EXPECT_EQ(d.store.lastplacedgroup, 0);
-  EXPECT_EQ(d.cam.changelog.changecount, 0);
+  EXPECT_EQ(d.desk.changelog.changecount, 0);
   EXPECT_TRUE(d.store.drawingsaved);
 }
 
@@ -642,7 +641,7 @@ TEST(ClearAllPaths, AsksAndLogsNothing) {
     EXPECT_EQ(d.store.pathgroupname[group], "") << group;
   }
   EXPECT_TRUE(d.messages().empty());
-  EXPECT_EQ(d.cam.changelog.changecount, 0);
+  EXPECT_EQ(d.desk.changelog.changecount, 0);
   EXPECT_FALSE(d.store.drawingsaved);
 }
 

@@ -162,12 +162,12 @@ struct PlainScan {
     const ArcAngles angles = arcRadiusAndAngles(row.start, row.end, row.center);
     const Circle circle{row.center, angles.radius};
     const float tol = store.cfg_tolerance;
-    float first = 0;
-    float second = 0;
     const bool vertical = style == Style::Vertical;
-    const int code = vertical ? verticalCircle(test, circle, tol, first, second)
-                              : horizontalCircle(test, circle, tol, first, second);
-    if (code < 1) return;
+    const AxisHits hits =
+        vertical ? verticalCircle(test, circle, tol) : horizontalCircle(test, circle, tol);
+    if (!hits) return;
+    float first = hits.first;
+    float second = hits.second;
     const auto hit = [&](float at) {
       return vertical ? Point{narrow(test), at} : Point{at, narrow(test)};
     };

@@ -60,7 +60,7 @@ TEST(QuickPlace, OfARowWithAPathOnItAddsNothing) {
   d.store.cfg_z_cut_per_pass = 0.25F;
   quickPlacePaths(d.cam);
   EXPECT_EQ(d.store.NumPathSegments, 2);
-  EXPECT_EQ(d.cam.changelog.changecount, 0);
+  EXPECT_EQ(d.desk.changelog.changecount, 0);
 }
 
 TEST(QuickPlace, TakesPlainlySelectedRowsAlone) {
@@ -189,6 +189,33 @@ TEST(QuickPlace, BehindAGroupPutsTheLaterChainFirst) {
   EXPECT_EQ(pathTexts(d.store), (Texts{"1 (5, 5)-(6, 5) @100 z 0", "1 (6, 5)-(7, 5) @200 z 0"}));
   RedoLastChange(d.desk);
   EXPECT_EQ(d.store.psx0[2], 3);
+}
+
+TEST(QuickPlace, AStepThatDoesNotGoDownPlacesNothing) {
+  for (const float cut : {0.0F, -0.25F, 1e-7F}) {
+    RecordedCam d;
+    addSquare(d, 0);
+    d.store.cfg_start_depth = 0.125F;
+    d.store.cfg_z_cut_per_pass = cut;
+    d.store.currentpathgroup = 7;
+    quickPlacePaths(d.cam);
+    EXPECT_EQ(d.store.NumPathSegments, 0);
+    EXPECT_EQ(d.store.currentpathgroup, 7);
+    EXPECT_EQ(d.cam.changelog.changecount, 0);
+    ASSERT_EQ(d.messages().size(), 1U);
+    EXPECT_EQ(d.messages()[0].title, "Quick Place");
+    EXPECT_TRUE(d.messages()[0].text.starts_with("The Depth Per Pass, Z, is ")) << cut;
+  }
+}
+
+TEST(QuickPlace, OnTheSurfaceNoStepIsNeeded) {
+  RecordedCam d;
+  addSquare(d, 0);
+  d.store.cfg_final_depth = 0;
+  d.store.cfg_z_cut_per_pass = 0;
+  quickPlacePaths(d.cam);
+  EXPECT_EQ(d.store.NumPathSegments, 4);
+  EXPECT_TRUE(d.messages().empty());
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include "drafting/undo.h"
 #include "tests/support/failure_of.h"
 #include "tests/toolpath/working_outline_rows.h"
+#include "toolpath/path_placement.h"
 
 namespace tess {
 namespace {
@@ -124,8 +125,8 @@ const LevelCase kLevels[] = {
      0.25F,
      0.25F,
      {{-0.75F, 20}, {-1, 10}}},
-    {"a step of nothing ends after the first level", 0, 1, 0, 0, {{0, 20}}},
-    {"a step that would rise ends after the first level", 0, 1, -0.25F, 0, {{-0.25F, 20}}},
+    {"no step is needed for a level on the floor", 1, 1, 0, 0, {{-1, 20}}},
+    {"nor one downward for a pass that is deep enough", 0, 0.5F, -0.5F, 0, {{-0.5F, 20}}},
 };
 
 TEST(RoughCutPocket, LevelsGoDownInStepsToTheFloor) {
@@ -148,6 +149,74 @@ TEST(RoughCutPocket, LevelsGoDownInStepsToTheFloor) {
     }
     EXPECT_FLOAT_EQ(c.cam.currentZ, test.levels.back().first);
   }
+}
+
+// The levels between would be left out, and a floor finish cut the full depth at once.
+TEST(RoughCutPocket, AStepThatDoesNotGoDownPlacesNothing) {
+  const struct {
+    float perPass;
+    const char* fault;
+  } cases[] = {
+      {0, "0.  It must be above 0 for the levels from 0 to -0.75."},
+      {-0.25F, "-0.25.  It must be above 0 for the levels from -0.25 to -0.75."},
+      {1e-6F, "0.000001.  That is too small for the levels from -0.000001 to -0.75."},
+  };
+  for (const auto& test : cases) {
+    RoughCam c;
+    c.store.cfg_final_depth = 1;
+    c.store.cfg_min_z_finish = 0.25F;
+    c.store.cfg_z_cut_per_pass = test.perPass;
+    c.addOutline({0, 0}, {3, 3});
+    const Texts drawing = segmentTexts(c.store);
+    mnuCAMRoughCutPocket_Click(c.cam);
+    EXPECT_EQ(c.store.NumPathSegments, 0);
+    EXPECT_EQ(segmentTexts(c.store), drawing);
+    EXPECT_EQ(c.store.segattr[1], kVerifiedRow);
+    EXPECT_FALSE(c.cam.changelog.canUndo());
+    ASSERT_EQ(c.messages().size(), 1U);
+    EXPECT_EQ(c.messages()[0].text,
+              std::string("The Depth Per Pass, Z, is ") + test.fault +
+                  "\n\nNothing was placed.  It is set in Pocketing & Profiling Parameters.");
+    EXPECT_EQ(c.messages()[0].title, "Rough Cut Pocket");
+  }
+}
+
+// 32767 levels at most: each has a row.
+TEST(RoughCutPocket, LevelsThatFitTheTableArePlaced) {
+  RoughCam c;
+  c.store.cfg_final_depth = 1;
+  c.store.cfg_z_cut_per_pass = 0.001F;
+  c.addOutline({0, 0}, {3, 3});
+  mnuCAMRoughCutPocket_Click(c.cam);
+  EXPECT_TRUE(c.messages().empty());
+  EXPECT_NEAR(c.store.NumPathSegments, 2 * 1000, 2);
+}
+
+// Far down, a small step gets lost in the digits of the depth.
+TEST(RoughCutPocket, AStepThatIsLostInTheDepthPlacesNothing) {
+  RoughCam c;
+  c.store.cfg_start_depth = 1e6F;
+  c.store.cfg_final_depth = 1e6F + 1;
+  c.store.cfg_z_cut_per_pass = 0.001F;
+  c.addOutline({0, 0}, {3, 3});
+  mnuCAMRoughCutPocket_Click(c.cam);
+  EXPECT_EQ(c.store.NumPathSegments, 0);
+  ASSERT_EQ(c.messages().size(), 1U);
+  EXPECT_EQ(c.messages()[0].text,
+            "The Depth Per Pass, Z, is 0.001.  That is too small for the levels from -1000000 to "
+            "-1000001.\n\nNothing was placed.  It is set in Pocketing & Profiling Parameters.");
+}
+
+TEST(RoughCutPocket, ALatheCutNeedsNoStep) {
+  RoughCam c;
+  c.store.cfg_lathe_style_pocketing = true;
+  c.store.cfg_final_depth = 1;
+  c.store.cfg_z_cut_per_pass = 0;
+  c.store.partdimy = 4;
+  c.addOutline({0, 0}, {3, 3});
+  mnuCAMRoughCutPocket_Click(c.cam);
+  EXPECT_TRUE(c.messages().empty());
+  EXPECT_GT(int(c.store.NumPathSegments), 0);
 }
 
 TEST(RoughCutPocket, KeepsTheDeepestRoughingLevel) {
@@ -423,17 +492,54 @@ TEST(RoughCutPocket, TooManyCrossingsLeaveTheDrawingWhole) {
   EXPECT_EQ(c.pointer.MousePointer(), kDefaultShape);
 }
 
-TEST(RoughCutPocket, AFullPathTableKeepsWhatWasPlacedAndCanBeUndone) {
+TEST(RoughCutPocket, AFullPathTableLeavesNothingPlaced) {
   RoughCam c;
   while (c.store.NumPathSegments < 32766) c.addPathLine(9, 9, 10, 10);
   c.addOutline({0, 0}, {3, 3});
   const Texts drawing = segmentTexts(c.store);
+  c.store.currentpathgroup = 1;
+  c.store.drawingsaved = true;
   EXPECT_EQ(testing::numberOfFailure([&] { mnuCAMRoughCutPocket_Click(c.cam); }),
             FailureNumber::Overflow);
   EXPECT_EQ(segmentTexts(c.store), drawing);
-  EXPECT_EQ(c.store.NumPathSegments, 32767);
-  Undo_Last_Change(c.desk);
   EXPECT_EQ(c.store.NumPathSegments, 32766);
+  EXPECT_EQ(c.store.currentpathgroup, 1);
+  EXPECT_EQ(c.store.lastplacedgroup, 1);
+  EXPECT_TRUE(c.store.drawingsaved);
+  EXPECT_FALSE(c.desk.changelog.canUndo());
+}
+
+// The first levels fit; the one that does not takes them all with it.
+TEST(RoughCutPocket, APathTableThatFillsAtALowerLevelLeavesNothingPlaced) {
+  RoughCam c;
+  while (c.store.NumPathSegments < 32760) c.addPathLine(9, 9, 10, 10);
+  c.addOutline({0, 0}, {3, 3});
+  c.store.cfg_final_depth = 2;
+  EXPECT_EQ(testing::numberOfFailure([&] { mnuCAMRoughCutPocket_Click(c.cam); }),
+            FailureNumber::Overflow);
+  EXPECT_EQ(c.store.NumPathSegments, 32760);
+  EXPECT_FALSE(c.desk.changelog.canUndo());
+}
+
+// More records than the log holds, in steps that all fit: the oldest give way.
+TEST(RoughCutPocket, TwelveInARowAreTwelveStepsOfUndo) {
+  RoughCam c;
+  c.addOutline({0, 0}, {3, 3});
+  setSpacing(c.store, 0.001F);
+  c.store.cfg_connect_pocketing_paths = true;
+  for (int number = 1; number <= 12; ++number) {
+    mnuCAMRoughCutPocket_Click(c.cam);
+    EXPECT_GT(c.store.NumPathSegments, 4900) << number;
+    EXPECT_EQ(c.desk.changelog.lastStepSize(), c.store.NumPathSegments) << number;
+    EXPECT_TRUE(isConsistent(c.store));
+    if (number < 12) mnuClearAllPaths_Click(c.cam);
+  }
+  EXPECT_TRUE(c.messages().empty());
+  EXPECT_EQ(c.desk.changelog.changecount, 6 * c.store.NumPathSegments);
+  Undo_Last_Change(c.desk);
+  EXPECT_EQ(c.store.NumPathSegments, 0);
+  RedoLastChange(c.desk);
+  EXPECT_EQ(c.store.NumPathSegments, c.desk.changelog.lastStepSize());
 }
 
 // ---- The change log

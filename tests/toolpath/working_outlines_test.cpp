@@ -172,7 +172,7 @@ TEST(InsertSegment, MovesLaterRowsUp) {
   c.addLine(1, 0, 2, 0);
   c.store.drawingsaved = true;
   EXPECT_EQ(
-      insertSegment(c.store, 2,
+      insertSegment(c.cam.changes, 2,
                     {.type = kClockwiseArc, .attr = kPocketOutline, .x0 = 5, .x1 = 6, .xc = 5.5F}),
       0);
   EXPECT_EQ(segmentTexts(c.store),
@@ -183,7 +183,8 @@ TEST(InsertSegment, MovesLaterRowsUp) {
 TEST(InsertSegment, RefusesARowThatEndsWhereItStarts) {
   RecordedCam c;
   c.store.drawingsaved = true;
-  EXPECT_EQ(insertSegment(c.store, 1, {.type = kLine, .x0 = 5, .y0 = 1, .x1 = 5, .y1 = 1}), -13);
+  EXPECT_EQ(insertSegment(c.cam.changes, 1, {.type = kLine, .x0 = 5, .y0 = 1, .x1 = 5, .y1 = 1}),
+            -13);
   EXPECT_EQ(c.store.NumSegments, 0);
   EXPECT_TRUE(c.store.drawingsaved);
 }
@@ -194,7 +195,7 @@ TEST(RestoreParkedRows, MakesThemVerifiedAgainAndTouchesNoOthers) {
   c.store.segattr[1] = kParkedRow;
   c.store.segattr[2] = kSelectedRow;
   c.store.segattr[3] = kOrdinaryClass;
-  restoreParkedRows(c.store);
+  restoreParkedRows(c.cam.changes);
   EXPECT_EQ(c.store.segattr[1], kVerifiedRow);
   EXPECT_EQ(c.store.segattr[2], kSelectedRow);
   EXPECT_EQ(c.store.segattr[3], kOrdinaryClass);
@@ -206,7 +207,7 @@ TEST(RemoveWorkingRows, TakesOutEveryRowThatIsNotOrdinary) {
   for (const int attr : {10, kVerifiedRow, 12, kParkedRow, 8, 30010, kSelectedRow, 9}) {
     c.add({.type = kLine, .attr = attr, .x1 = 1});
   }
-  removeWorkingRows(c.store);
+  removeWorkingRows(c.cam.changes);
   EXPECT_EQ(segmentTexts(c.store), (Texts{"1 (0, 0)-(1, 0) @30108", "1 (0, 0)-(1, 0) @29108",
                                           "1 (0, 0)-(1, 0)", "1 (0, 0)-(1, 0) @30008"}));
 }

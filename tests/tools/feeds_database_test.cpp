@@ -6,6 +6,7 @@
 
 #include "gtest/gtest.h"
 
+#include "core/file_system.h"
 #include "tests/support/feeds_samples.h"
 
 namespace tess {

@@ -11,6 +11,7 @@
 #include "gtest/gtest.h"
 
 #include "core/descriptor.h"
+#include "core/file_system.h"
 #include "tests/support/feeds_samples.h"
 #include "tests/support/temp_folder.h"
 #include "tools/jet_frame.h"

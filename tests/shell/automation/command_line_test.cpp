@@ -4,6 +4,9 @@
 #include "gtest/gtest.h"
 
 #include "core/date_text.h"
+#include "core/drawing_lock.h"
+#include "core/save_journal.h"
+#include "tests/support/other_process.h"
 #include "tests/support/script_run.h"
 #include "tests/support/source_folder.h"
 
@@ -251,6 +254,35 @@ TEST_F(CommandLineJobs, AProgramGoesBesideItsDrawing) {
   EXPECT_NE(folder.read("part.CNC").find("GantrixPro"), std::string::npos);
 }
 
+TEST_F(CommandLineJobs, AJobTellsThatItsDrawingIsOpenElsewhere) {
+  const std::string part = drawing("part.cdm");
+  DrawingPresence window;
+  const testing::OtherProcess other([&] { window.hold(part); });
+  EXPECT_EQ(runLine({"--make-cnc", "mill", part}), ExitStatus::Done) << err;
+  EXPECT_EQ(err, "tessimo: " + part + " is open in another process (" +
+                     std::to_string(other.number()) +
+                     "): what is not saved there is missing here.\n");
+}
+
+TEST_F(CommandLineJobs, AJobPutsADrawingInOrderFirst) {
+  const std::string part = drawing("part.cdm");
+  const std::string text = folder.read("part.cdm");
+  const std::string paths = folder.read("PART.TPM");
+  const std::string stem = journalStem("part.cdm");
+  const SaveJournal journal{
+      .name = "part.cdm",
+      .keepsOld = true,
+      .files = {{.before = checksumOf("before"), .after = checksumOf(text)},
+                {.before = checksumOf(paths), .after = checksumOf(paths + paths)}}};
+  folder.write(journalName(stem), journalText(journal));
+  folder.write(freshName(stem, 1), paths + paths);
+  EXPECT_EQ(runLine({"--make-cnc", "mill", part}), ExitStatus::Done) << err;
+  EXPECT_EQ(err,
+            "tessimo: The last save of " + part + " was cut off. It has now been completed.\n");
+  EXPECT_EQ(folder.read("PART.TPM"), paths + paths);
+  EXPECT_FALSE(folder.has(journalName(stem)));
+}
+
 TEST_F(CommandLineJobs, AProgramGoesWhereItIsTold) {
   drawing("part.CDM");
   EXPECT_EQ(runLine({"--make-cnc", "lathe", folder("part"), "-o", folder("out.nc")}),
@@ -328,7 +360,8 @@ TEST_F(CommandLineJobs, AProgramFolderWithoutSetupFailsTheJob) {
   EXPECT_EQ(err, "tessimo: File not found: " + home("tess.def") + "\n");
   home.write("tess.def", "1.0\r\nnone.msu\r\n");
   EXPECT_EQ(runLine({"--make-cnc", "mill", "part.cdm"}), ExitStatus::JobFailed);
-  EXPECT_EQ(err, "tessimo: Could not find setup file: none.msu\n");
+  EXPECT_EQ(err, "tessimo: Could not find setup file: none.msu named in " + home("tess.def") +
+                     " line 2 field 1\n");
 }
 
 }  // namespace

@@ -300,6 +300,16 @@ TEST_F(EventBinding, TheSurfaceHasTheSizeOfTheJob) {
   EXPECT_EQ(outputOf("view{0, 0, 4, 4} print(state.viewspan)"), "2.0\n");
 }
 
+// Nobody is there to answer: the message stands in the list, and nothing was placed.
+TEST_F(EventBinding, ADepthPerPassOfNothingPlacesNothing) {
+  EXPECT_EQ(outputOf("add_segment{type=1, x1=2} setting['final depth'] = 1 "
+                     "setting['z cut per pass'] = 0 tool('miSelectAll') tool('miQuickPlace') "
+                     "print(store.NumPathSegments, #messages, messages[1].title) "
+                     "print(messages[1].text:match('^[^\\n]*'))"),
+            "0\t1\tQuick Place\n"
+            "The Depth Per Pass, Z, is 0.  It must be above 0 for the levels from 0 to -1.\n");
+}
+
 // ---- Failures
 
 TEST_F(EventBinding, AFailureOfACommandIsReportedAndTheScriptGoesOn) {

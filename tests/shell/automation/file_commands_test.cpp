@@ -1,6 +1,7 @@
 // `open`, `save` and `make_cnc` of scripts, and the folders that hold them.
 #include "gtest/gtest.h"
 
+#include "core/save_journal.h"
 #include "tests/support/script_run.h"
 
 namespace tess {
@@ -173,6 +174,77 @@ TEST_F(FileCommands, WrongArgumentsAreErrors) {
   EXPECT_EQ(errorOf("open()"), "Type mismatch");
   EXPECT_EQ(errorOf("save('')"), "'' names no file");
   EXPECT_EQ(errorOf("open('folder/')"), "'folder/' names no file");
+}
+
+// A good drawing and its path, garbage beside it.
+TEST_F(FileCommands, AnOpenThatFailsLeavesAnUntitledDrawing) {
+  outputOf(std::string(kPart) + "save('good')");
+  const std::string drawing = home.read("CNC/good.CDM");
+  const std::string paths = home.read("CNC/GOOD.TPM");
+  home.write("CNC/garbage.CDM", "this is no drawing");
+  EXPECT_EQ(outputOf("open('good') open('garbage') "
+                     "print(messages[1].kind, store.NumSegments, #store.drawingname) "
+                     "tool('miSave') tool('miSave') print(messages[2].kind, messages[2].title)"),
+            "error\t0\t0\nfile\tSave As\n");
+  EXPECT_EQ(home.read("CNC/good.CDM"), drawing);
+  EXPECT_EQ(home.read("CNC/GOOD.TPM"), paths);
+}
+
+TEST_F(FileCommands, ADrawingThatAnotherHasChangedIsReplacedOnlyIfTheScriptSaysSo) {
+  job.fileAccess = true;
+  outputOf(std::string(kPart) + "save('part')");
+  const std::string file = home("CNC/part.CDM");
+  const std::string meanwhile = std::string(kPart) + "open('part') " + kPart +
+                                "local f = io.open([[" + file +
+                                "]], 'a') f:write('1,8,0,0,5,5\\r\\n') f:close() ";
+  const std::string save = "save('part') print(store.drawingsaved, messages[#messages].kind)";
+  outputOf(meanwhile);
+  const std::string theirs = home.read("CNC/part.CDM");
+  EXPECT_EQ(outputOf(meanwhile + save), "0\tfile\n") << "nobody gives another name";
+  EXPECT_EQ(home.read("CNC/part.CDM"), theirs + "1,8,0,0,5,5\r\n");
+  EXPECT_EQ(outputOf("on_message(function(text, title, buttons) return buttons[2] end) " +
+                     meanwhile + save),
+            "-1\tmessage\n")
+      << "the second button is No";
+  EXPECT_EQ(home.read("CNC/part.CDM~"), theirs + "1,8,0,0,5,5\r\n1,8,0,0,5,5\r\n");
+}
+
+// The files of a save that had just placed the drawing when its process died.
+TEST_F(FileCommands, AScriptPutsADrawingInOrderAndHearsOfIt) {
+  outputOf(std::string(kPart) + "save('part')");
+  const std::string drawing = home.read("CNC/part.CDM");
+  const std::string paths = home.read("CNC/PART.TPM");
+  const std::string stem = journalStem("part.CDM");
+  const SaveJournal journal{
+      .name = "part.CDM",
+      .keepsOld = true,
+      .files = {{.before = checksumOf("before"), .after = checksumOf(drawing)},
+                {.before = checksumOf(paths), .after = checksumOf(paths + paths)}}};
+  home.write("CNC/" + journalName(stem), journalText(journal));
+  home.write("CNC/" + freshName(stem, 1), paths + paths);
+  EXPECT_EQ(outputOf("open('part') print(store.NumPathSegments, #messages, messages[1].text)"),
+            "2\t1\tThe last save of " + home("CNC/part.CDM") +
+                " was cut off. It has now been completed.\n");
+  EXPECT_FALSE(home.has("CNC/" + journalName(stem)));
+}
+
+// A script writes over nothing that can be executed, but may read it.
+TEST_F(FileCommands, AScriptPutsNothingInOrderWhereItMayNotWrite) {
+  outputOf(std::string(kPart) + "save('part')");
+  const std::string drawing = home.read("CNC/part.CDM");
+  const std::string stem = journalStem("part.CDM");
+  const SaveJournal journal{.name = "part.CDM",
+                            .keepsOld = true,
+                            .files = {{.before = std::nullopt, .after = checksumOf(drawing)},
+                                      {.before = std::nullopt, .after = std::nullopt}}};
+  home.write("CNC/" + journalName(stem), journalText(journal));
+  std::filesystem::remove(home("CNC/PART.TPM"));
+  std::filesystem::permissions(home("CNC/part.CDM"), std::filesystem::perms::owner_all);
+  EXPECT_EQ(outputOf("open('part') print(store.NumSegments, #messages, messages[1].text)"),
+            "1\t1\tThe last save of " + home("CNC/part.CDM") +
+                " was cut off. It is shown complete, but its files cannot be put in order here: "
+                "Permission denied\n");
+  EXPECT_TRUE(home.has("CNC/" + journalName(stem)));
 }
 
 }  // namespace

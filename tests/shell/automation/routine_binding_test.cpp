@@ -118,7 +118,7 @@ TEST_F(RoutineBinding, TheEndOfTheProgramEndsTheScriptForGood) {
                       "') "
                       "print('before') pcall(call.load_setup) print('behind') "
                       "while true do pcall(print, 'for ever') end"),
-            "Could not find setup file: test.msu");
+            "Could not find setup file: test.msu named in " + home("tess.def") + " line 2 field 1");
   EXPECT_EQ(out, "before\n");
 }
 

@@ -155,9 +155,10 @@ TEST_F(Prompted, OnlyFunctionsAreHandlers) {
 }
 
 TEST_F(Prompted, UnknownEntriesOfASetupAreMessages) {
-  home.write("test.msu", home.read("test.msu") + "main color = 1\r\n");
+  home.write("test.msu", "main color = 1\r\n" + home.read("test.msu"));
   EXPECT_EQ(outputOf("print(#messages, messages[1].text)"),
-            "1\tUnknown setup file entry: \nmain color = 1\n\nPress OK to continue loading.\n");
+            "1\tUnknown setup file entry: \nmain color = 1\n\nPress OK to continue loading.\n" +
+                home("test.msu") + " line 1 field 1\n");
 }
 
 class LonelyState : public ::testing::Test {

@@ -127,7 +127,8 @@ TEST_F(ScriptRunner, AFirstLineForTheShellIsPassedOver) {
 
 TEST_F(ScriptRunner, AProgramThatDoesNotStartIsOneLine) {
   std::filesystem::remove(home("test.msu"));
-  EXPECT_EQ(failureOf("print('never')"), "Could not find setup file: test.msu");
+  EXPECT_EQ(failureOf("print('never')"),
+            "Could not find setup file: test.msu named in " + home("tess.def") + " line 2 field 1");
   std::filesystem::remove(home("tess.def"));
   EXPECT_EQ(failureOf("print('never')"), "File not found: " + home("tess.def"));
   EXPECT_NE(home.read("Errors.txt").find("load_defaults()"), std::string::npos);
@@ -137,9 +138,9 @@ TEST_F(ScriptRunner, WhatTheMainWindowWouldShowGoesToTheErrorOutput) {
   home.write("standard.msx", "SPEED,9\r\n");
   EXPECT_EQ(run("print('done')"), ExitStatus::Done);
   EXPECT_EQ(out, "done\n");
-  EXPECT_EQ(err,
-            "tessimo: Error in Post processor definition file:SPEED\n"
-            "tessimo: Error in Post processor definition file:9\n");
+  EXPECT_EQ(err, "tessimo: Error in Post processor definition file:SPEED " + home("standard.msx") +
+                     " line 1 field 1\ntessimo: Error in Post processor definition file:9 " +
+                     home("standard.msx") + " line 1 field 2\n");
 }
 
 TEST_F(ScriptRunner, MemoryHasABound) {

@@ -1,0 +1,25 @@
+// How large files may be that the program reads: well above what their kind ever holds, and below
+// what would keep an operator waiting or fill the memory.
+// Owns: kLargestDrawing, kLargestDxf, kLargestSettings, kLargestScript, kLargestProgram,
+//       kLargestFile, kMebibyte.
+#pragma once
+
+#include <cstddef>
+
+namespace tess {
+
+inline constexpr std::size_t kMebibyte = std::size_t{1} << 20;
+
+// A .CDM or .TPM of full tables has 4.
+inline constexpr std::size_t kLargestDrawing = 64 * kMebibyte;
+// Map data; the drawing's table is full long before.
+inline constexpr std::size_t kLargestDxf = 512 * kMebibyte;
+// Setups, definitions, layouts, options, lists of recent files: a hundredth is much.
+inline constexpr std::size_t kLargestSettings = 16 * kMebibyte;
+inline constexpr std::size_t kLargestScript = 16 * kMebibyte;
+// A program of full path tables has 2; others' may be long.
+inline constexpr std::size_t kLargestProgram = 256 * kMebibyte;
+// Any other.
+inline constexpr std::size_t kLargestFile = 512 * kMebibyte;
+
+}  // namespace tess

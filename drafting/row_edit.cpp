@@ -1,0 +1,126 @@
+// Edits of the two tables.
+#include "drafting/row_edit.h"
+
+#include <algorithm>
+
+namespace tess {
+namespace {
+
+// What the edits need to know of each table.
+struct SegmentTable {
+  static Int16& counter(DrawingStore& store) { return store.NumSegments; }
+  static void reach(DrawingStore& store, int n) { ensureSegmentCapacity(store, n); }
+  static void set(DrawingStore& store, int sg, const SegmentRow& row) {
+    setSegmentRow(store, sg, row);
+  }
+  static void requireFits(const SegmentRow& row) { Int16{row.attr}; }
+  template <typename Visit>
+  static void visitColumns(DrawingStore& store, Visit visit) {
+    visitSegmentColumns(store, visit);
+  }
+};
+
+struct PathTable {
+  static Int16& counter(DrawingStore& store) { return store.NumPathSegments; }
+  static void reach(DrawingStore& store, int n) { ensurePathCapacity(store, n); }
+  static void set(DrawingStore& store, int ps, const PathRow& row) { setPathRow(store, ps, row); }
+  static void requireFits(const PathRow& row) {
+    Int16{row.type};
+    Int16{row.code};
+  }
+  template <typename Visit>
+  static void visitColumns(DrawingStore& store, Visit visit) {
+    visitPathColumns(store, visit);
+  }
+};
+
+void requireAscending(RowNumbers numbers, int last) {
+  int before = 0;
+  for (const int number : numbers) {
+    if (number <= before || number > last) throw subscriptOutOfRange();
+    before = number;
+  }
+}
+
+// ---- Moving the rows that stay; `count` rows are in use before
+
+template <typename T>
+void openGaps(std::span<T> column, int count, RowNumbers gaps) {
+  auto end = column.begin() + count + 1;
+  for (auto wider = static_cast<std::ptrdiff_t>(gaps.size()); wider > 0; --wider) {
+    const auto first = column.begin() + gaps[static_cast<std::size_t>(wider) - 1] - (wider - 1);
+    std::move_backward(first, end, end + wider);
+    end = first;
+  }
+}
+
+template <typename T>
+void closeGaps(std::span<T> column, int count, RowNumbers gaps) {
+  auto to = column.begin() + gaps.front();
+  for (std::size_t k = 0; k < gaps.size(); ++k) {
+    const auto first = column.begin() + gaps[k] + 1;
+    const auto last = column.begin() + (k + 1 < gaps.size() ? gaps[k + 1] : count + 1);
+    to = std::move(first, last, to);
+  }
+}
+
+// ---- The edits
+
+template <class Table, class Row>
+void prepare(DrawingStore& store, const RowEdit<Row>& edit) {
+  const int count = Table::counter(store);
+  const bool grows = edit.kind == EditKind::Insert;
+  const Int16 last = grows ? count + edit.numbers.size() : static_cast<std::size_t>(count);
+  requireAscending(edit.numbers, last);
+  for (const Row& row : edit.rows) Table::requireFits(row);
+  if (grows) Table::reach(store, last);
+}
+
+template <class Table, class Row>
+void setRows(DrawingStore& store, const RowEdit<Row>& edit) {
+  for (std::size_t k = 0; k < edit.numbers.size(); ++k) {
+    Table::set(store, edit.numbers[k], edit.rows[k]);
+  }
+}
+
+template <class Table, class Row>
+void perform(DrawingStore& store, const RowEdit<Row>& edit) {
+  if (edit.numbers.empty()) return;
+  Int16& counter = Table::counter(store);
+  const int count = counter;
+  const int rows = static_cast<int>(edit.numbers.size());
+  switch (edit.kind) {
+    case EditKind::Insert:
+      Table::visitColumns(store,
+                          [&](auto& column) { openGaps(column.rows(), count, edit.numbers); });
+      setRows<Table>(store, edit);
+      counter = count + rows;
+      break;
+    case EditKind::Replace:
+      setRows<Table>(store, edit);
+      break;
+    case EditKind::Erase:
+      Table::visitColumns(store,
+                          [&](auto& column) { closeGaps(column.rows(), count, edit.numbers); });
+      counter = count - rows;
+      break;
+  }
+}
+
+}  // namespace
+
+void prepareEdit(DrawingStore& store, const RowEdit<SegmentRow>& edit) {
+  prepare<SegmentTable>(store, edit);
+}
+void prepareEdit(DrawingStore& store, const RowEdit<PathRow>& edit) {
+  prepare<PathTable>(store, edit);
+}
+
+void performEdit(DrawingStore& store, const RowEdit<SegmentRow>& edit) {
+  perform<SegmentTable>(store, edit);
+}
+void performEdit(DrawingStore& store, const RowEdit<PathRow>& edit) {
+  perform<PathTable>(store, edit);
+}
+
+}  // namespace tess

@@ -1,1 +1,0 @@
-// Nothing but the headers that all test programs precompile in common.

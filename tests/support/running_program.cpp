@@ -1,0 +1,19 @@
+// The whole program on a virtual screen.
+#include "tests/support/running_program.h"
+
+#include <filesystem>
+
+#include "tests/support/source_folder.h"
+
+namespace tess::testing {
+
+RunningProgram::RunningProgram() {
+  std::filesystem::copy(TESSIMO_SOURCE_DIR "/tests/scripts/home", home());
+  std::filesystem::create_directory(home("CNC"));
+  screen.pointer.onArrival = [this](int pixelX, int pixelY) { arrive(pixelX, pixelY); };
+  application.start(/*drawing=*/"", home());
+}
+
+RunningProgram::~RunningProgram() = default;
+
+}  // namespace tess::testing
