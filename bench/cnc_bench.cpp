@@ -16,7 +16,7 @@
 #include "cnc/cnc_program.h"
 #include "core/drawing_store.h"
 #include "core/units.h"
-#include "geometry/points.h"
+#include "geometry/float_points.h"
 #include "tests/support/recording_session.h"
 
 namespace tess {

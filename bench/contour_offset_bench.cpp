@@ -8,7 +8,7 @@
 
 #include "bench/polygon_offsetter.h"
 #include "core/drawing_store.h"
-#include "geometry/intersections.h"
+#include "geometry/float_intersections.h"
 #include "geometry/row_entity.h"
 #include "tests/support/outlines.h"
 #include "tests/support/silent_surface.h"

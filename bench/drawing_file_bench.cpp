@@ -18,6 +18,9 @@
 #include "core/drawing_file.h"
 #include "core/drawing_format.h"
 #include "core/drawing_store.h"
+#include "core/file_system.h"
+#include "core/lifecycle.h"
+#include "core/recent_files.h"
 #include "tests/support/recording_session.h"
 
 namespace tess {
@@ -178,8 +181,10 @@ void saveFilesPlainly(benchmark::State& state) {
     drawing.change();
     roundall(drawing.test.store);
     const Pair pair = textOf(drawing.test.store);
-    replacePlainly(drawing.test.home("CNC/BENCH.CDM"), pair.drawing);
-    replacePlainly(drawing.test.home("CNC/BENCH.TPM"), pair.paths);
+    replacePlainly(resolvePath(drawing.test.home("CNC/BENCH.CDM")), pair.drawing);
+    replacePlainly(resolvePath(drawing.test.home("CNC/BENCH.TPM")), pair.paths);
+    addRecent(drawing.test.session, drawing.test.home("CNC/BENCH.CDM"));
+    showDrawingName(drawing.test.session);
   }
 }
 

@@ -11,9 +11,9 @@
 #include "core/drawing_store.h"
 #include "geometry/crossing_index.h"
 #include "geometry/end_point_index.h"
-#include "geometry/intersections.h"
+#include "geometry/float_intersections.h"
+#include "geometry/float_nearest_scans.h"
 #include "geometry/nearest_index.h"
-#include "geometry/nearest_scans.h"
 #include "geometry/row_boxes.h"
 
 namespace tess {

@@ -8,7 +8,7 @@
 #include "benchmark/benchmark.h"
 
 #include "core/drawing_store.h"
-#include "geometry/intersections.h"
+#include "geometry/float_intersections.h"
 #include "geometry/row_boxes.h"
 #include "tests/support/outlines.h"
 #include "tests/support/silent_surface.h"

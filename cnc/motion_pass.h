@@ -6,7 +6,7 @@
 
 #include "core/drawing_rows.h"
 #include "core/motion_stream.h"
-#include "geometry/points.h"
+#include "geometry/float_points.h"
 
 namespace tess {
 

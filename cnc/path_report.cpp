@@ -6,7 +6,7 @@
 #include <variant>
 
 #include "cnc/program_motions.h"
-#include "geometry/angles.h"
+#include "geometry/float_angles.h"
 
 namespace tess {
 namespace {

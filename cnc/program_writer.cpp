@@ -8,7 +8,7 @@
 #include "cnc/cnc_heading.h"
 #include "core/drawing_store.h"
 #include "core/number_text.h"
-#include "geometry/angles.h"
+#include "geometry/float_angles.h"
 
 namespace tess {
 namespace {

@@ -4,7 +4,8 @@
 // from the x axis. Row tables count from 1, tools and machine cycles from 0; tool numbers shown to
 // the operator and written to programs count from 1. Clockwise arcs run from start to end with
 // falling angle. Side 1 is a path right of travel, -1 left, 0 on the profile.
-// Owns: SegmentType, the path move kinds, the selection and class codes, table bounds.
+// Owns: SegmentType, the path move kinds, the selection and class codes, table bounds,
+//       kMillimetresPerInch.
 #pragma once
 
 namespace tess {
@@ -35,6 +36,8 @@ inline constexpr int kOrdinaryClass = 8;    // remainder modulo 100 of a drawn e
 inline constexpr int kVerified = 30100;     // selected and accepted as pocket or island
 inline constexpr int kVerifiedRow = 30108;  // an ordinary row so accepted
 inline constexpr int kParkedRow = 29108;    // a verified row put aside while roughing runs
+
+inline constexpr double kMillimetresPerInch = 25.4;
 
 // Fixed table bounds.
 inline constexpr int kLastTool = 99;

@@ -227,9 +227,14 @@ std::optional<ChosenFile> askForName(Session& session) {
 bool loadSelected(Session& session) {
   const Procedure here("load_Drawing()");
   DrawingStore& store = session.store;
-  const std::vector<std::string> paths = pairPaths(session.selectedfolder, session.selectedname);
+  const std::string folder = session.selectedfolder;
+  const std::string name = session.selectedname;
+  const std::vector<std::string> paths = pairPaths(folder, name);
   auto pair = openDrawing(session, paths);
   if (!pair) return false;
+  // Whoever answered a message meanwhile may have selected something else.
+  session.selectedfolder = folder;
+  session.selectedname = name;
   std::vector<std::string> notes;
   const HeaderNotes header = readDrawing(session, *pair, notes);
   takeOverNames(session, header.cncoutputpath);
@@ -291,21 +296,32 @@ std::optional<SaveResult> askAboutChanges(Session& session, const std::string& p
   return resultOf(answer, kAnswerNo, kAnswerYes);
 }
 
+std::string drawingFile(const DrawingStore& store) {
+  return store.drawingpath + store.drawingname;
+}
+
+// Writes the files, asking as often as they have changed since. Nothing: they are written.
+std::optional<SaveResult> writeAsking(Session& session, bool agreed) {
+  const std::string drawing = drawingFile(session.store);
+  for (;;) {
+    const PairSave save = savePair(session, agreed);
+    tellRecoveries(session, save.recoveries);
+    if (save.trouble) session.host.failures.report(*save.trouble);
+    if (save.written) return std::nullopt;
+    if (const auto result = askAboutChanges(session, drawing)) return result;
+    // Whoever answered may have opened something else, which nobody has asked to be saved.
+    if (drawingFile(session.store) != drawing) return SaveResult::Cancelled;
+    session.opened.state = save.state;
+    session.opened.hasRows.reset();
+  }
+}
+
 SaveResult saveAsking(Session& session, bool agreed) {
   DrawingStore& store = session.store;
   if (const auto result = askAboutLostPaths(session)) return *result;
   if (store.NumSegments > 0) roundall(store);
   session.listener.rowsRewritten();
-  for (bool written = false; !written;) {
-    const PairSave save = savePair(session, agreed);
-    tellRecoveries(session, save.recoveries);
-    if (save.trouble) session.host.failures.report(*save.trouble);
-    written = save.written;
-    if (written) break;
-    if (const auto result = askAboutChanges(session, session.opened.path)) return *result;
-    session.opened.state = save.state;
-    session.opened.hasRows.reset();
-  }
+  if (const auto result = writeAsking(session, agreed)) return *result;
   noteSavedCounts(store);
   session.lastfilename = store.drawingpath + store.drawingname;
   addRecent(session, session.lastfilename);
@@ -314,14 +330,27 @@ SaveResult saveAsking(Session& session, bool agreed) {
   return SaveResult::Done;
 }
 
+void nameDrawing(Session& session, const ChosenFile& file) {
+  session.store.drawingpath = session.selectedfolder = file.folder;
+  session.store.drawingname = session.selectedname = file.name;
+}
+
+// A drawing that is not saved after all keeps the name that it had.
 void saveUnderOtherNames(Session& session) {
-  for (SaveResult result = SaveResult::UnderOtherName; result == SaveResult::UnderOtherName;) {
+  const ChosenFile before{session.store.drawingpath, session.store.drawingname};
+  SaveResult result = SaveResult::UnderOtherName;
+  while (result == SaveResult::UnderOtherName) {
     const auto chosen = askForName(session);
-    if (!chosen || chosen->name.empty()) return;
-    session.store.drawingpath = session.selectedfolder = chosen->folder;
-    session.store.drawingname = session.selectedname = chosen->name;
-    result = saveAsking(session, /*agreed=*/true);
+    if (!chosen || chosen->name.empty()) {
+      result = SaveResult::Cancelled;
+    } else {
+      nameDrawing(session, *chosen);
+      result = saveAsking(session, /*agreed=*/true);
+    }
   }
+  if (result == SaveResult::Done) return;
+  session.store.drawingpath = before.folder;
+  session.store.drawingname = before.name;
 }
 
 }  // namespace

@@ -8,12 +8,14 @@
 namespace tess {
 
 // Loads selectedfolder plus selectedname. A file that does not open gives a message and leaves the
-// drawing alone; what fails later raises its file failure and leaves the rows read so far.
+// drawing alone; what fails later raises its file failure and leaves the rows read so far, in an
+// untitled drawing. Tells of a save that was cut off, of damage, and of other processes.
 void load_Drawing(Session& session);
 
 // Saves to drawingpath plus drawingname, the path rows beside it; nothing for an untitled drawing.
-// The pair that was there stays as a backup with a tilde behind its names. A failed write raises
-// its file failure and leaves the old pair in place.
+// The pair that was there stays as a backup with a tilde behind its names. Asks first where that
+// would lose the path rows, or what others have changed; `drawingsaved` tells whether it was saved.
+// A failed write raises its file failure and leaves the old pair in place.
 void save_Drawing(Session& session);
 
 // save_Drawing for a named drawing, save_file_As for an untitled one.

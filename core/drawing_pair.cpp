@@ -80,12 +80,6 @@ std::optional<PairContent> contentOf(const Settled& settled) {
   return pair;
 }
 
-bool hasJournal(const std::string& drawing) {
-  const std::string_view name = fileNameOf(drawing);
-  const std::string folder = drawing.substr(0, drawing.size() - name.size());
-  return isThere(stampOf(folder + journalName(journalStem(name))));
-}
-
 // Settles the save that is left beside the drawing, or looks at the one that is going on. The
 // content, where it can be had in no other way.
 std::optional<PairContent> settleOrLook(const WriteGuard& guard, const Paths& paths,

@@ -99,9 +99,17 @@ FolderLock lockDrawing(const std::string& drawing, FolderLock::Waiting waiting) 
   return FolderLock(fs::path(place.path()).parent_path().string(), waiting);
 }
 
+bool hasJournal(const std::string& drawing) {
+  const std::string_view name = fileNameOf(drawing);
+  const std::string folder = drawing.substr(0, drawing.size() - name.size());
+  struct stat state {};
+  return ::lstat((folder + journalName(journalStem(name))).c_str(), &state) == 0;
+}
+
 std::optional<Recovery> recoverDrawing(const WriteGuard& guard,
                                        const std::vector<std::string>& paths,
                                        const FolderLock& lock) {
+  if (!hasJournal(paths.front())) return std::nullopt;
   NoGuard looking;
   const FileGroup group(looking, paths);
   const bool permitted = group.isPermittedBy(guard);

@@ -1,6 +1,6 @@
 // Drawings whose last save was cut off: finding them, putting them in order while no other process
 // is at them, and the words that tell the operator.
-// Owns: Recovery, pairPaths, lockDrawing, recoverDrawing, recoverFolder, recoveryText.
+// Owns: Recovery, pairPaths, lockDrawing, hasJournal, recoverDrawing, recoverFolder, recoveryText.
 #pragma once
 
 #include <optional>
@@ -24,6 +24,9 @@ std::vector<std::string> pairPaths(const std::string& folder, const std::string&
 // The lock under which the files of a drawing are written: that of the folder behind any links.
 FolderLock lockDrawing(const std::string& drawing,
                        FolderLock::Waiting waiting = FolderLock::Waiting::AWhile);
+
+// Whether there is something to settle beside that drawing.
+bool hasJournal(const std::string& drawing);
 
 // Settles the save of that drawing which was cut off, if there is one. While another process may
 // still be at it, nothing is written, and the result tells only what the files hold together.

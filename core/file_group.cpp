@@ -26,12 +26,17 @@ std::vector<GroupFile> groupFiles(WriteGuard& guard, const std::vector<std::stri
   return files;
 }
 
+// The name itself, which is another place than its target where it is a link.
+FilePlace entryOf(WriteGuard& guard, const FilePlace& target, const std::string& path) {
+  return target.path() == path ? target : FilePlace::ofEntry(guard, path, FileKind::Drawing);
+}
+
 }  // namespace
 
 FileGroup::FileGroup(WriteGuard& guard, const std::vector<std::string>& paths)
     : name_(fileNameOf(paths.front())),
       files_(groupFiles(guard, paths, journalStem(name_))),
-      journal_(FilePlace::ofEntry(guard, paths.front(), FileKind::Drawing)
+      journal_(entryOf(guard, files_.front().target, paths.front())
                    .beside(journalName(journalStem(name_)), FileKind::Companion)) {}
 
 bool FileGroup::isPermittedBy(const WriteGuard& guard) const {
@@ -44,9 +49,10 @@ bool FileGroup::isPermittedBy(const WriteGuard& guard) const {
 
 void FileGroup::keepSpare(std::size_t index) const {
   const GroupFile& file = files_[index];
+  if (file.target.linkTo(file.spare)) return;
+  // Something was left there, or the file system has no second names.
   file.spare.remove();
   if (file.target.linkTo(file.spare)) return;
-  // The file system has no second names.
   file.spare.flush(file.spare.create(readFile(file.target.path()), file.target.state()));
 }
 

@@ -1,7 +1,7 @@
 // How large files may be that the program reads: well above what their kind ever holds, and below
 // what would keep an operator waiting or fill the memory.
-// Owns: kLargestDrawing, kLargestDxf, kLargestSettings, kLargestScript, kLargestProgram,
-//       kLargestFile, kMebibyte.
+// Owns: kLargestDrawing, kLargestDxf, kLargestSettings, kLargestScript, kLargestFile,
+//       kMebibyte.
 #pragma once
 
 #include <cstddef>
@@ -17,8 +17,6 @@ inline constexpr std::size_t kLargestDxf = 512 * kMebibyte;
 // Setups, definitions, layouts, options, lists of recent files: a hundredth is much.
 inline constexpr std::size_t kLargestSettings = 16 * kMebibyte;
 inline constexpr std::size_t kLargestScript = 16 * kMebibyte;
-// A program of full path tables has 2; others' may be long.
-inline constexpr std::size_t kLargestProgram = 256 * kMebibyte;
 // Any other.
 inline constexpr std::size_t kLargestFile = 512 * kMebibyte;
 

@@ -13,6 +13,7 @@
 #include <utility>
 
 #include "core/file_system.h"
+#include "core/runtime_failure.h"
 
 namespace tess {
 namespace {
@@ -171,21 +172,19 @@ class FilePlace::Folder {
       descriptor_ = openWithoutLinks(real);
     }
     if (!descriptor_.isOpen()) raiseWriteFailure(errno, target);
+    struct stat state {};
+    if (::fstat(number(), &state) != 0) raiseFileFailure(errno, target);
+    identity_ = {state.st_dev, state.st_ino};
   }
 
   int number() const { return descriptor_.number(); }
   std::string pathOf(const std::string& name) const { return (fs::path(path_) / name).string(); }
-  // One that cannot be looked at is like no other.
-  bool isSame(const Folder& other) const {
-    struct stat mine {};
-    struct stat others {};
-    return ::fstat(number(), &mine) == 0 && ::fstat(other.number(), &others) == 0 &&
-           mine.st_dev == others.st_dev && mine.st_ino == others.st_ino;
-  }
+  bool isSame(const Folder& other) const { return identity_ == other.identity_; }
 
  private:
   std::string path_;
   Descriptor descriptor_;
+  std::pair<dev_t, ino_t> identity_;  // its file system, and its number there
 };
 
 FilePlace::FilePlace(WriteGuard& guard, std::string_view path, FileKind kind)
@@ -220,7 +219,7 @@ FilePlace FilePlace::beside(std::string name, FileKind kind) const {
 }
 
 bool FilePlace::sharesFolderWith(const FilePlace& other) const {
-  return folder_ == other.folder_ || folder_->isSame(*other.folder_);
+  return folder_->isSame(*other.folder_);
 }
 
 std::optional<struct stat> FilePlace::state() const {
@@ -260,6 +259,18 @@ Descriptor FilePlace::create(std::string_view content,
   }
   ::sync_file_range(file.number(), 0, 0, SYNC_FILE_RANGE_WRITE);  // a hint: flush() is what counts
   return file;
+}
+
+Descriptor FilePlace::createAnew(std::string_view content,
+                                 const std::optional<struct stat>& like) const {
+  try {
+    return create(content, like);
+  } catch (const RuntimeFailure& failure) {
+    if (failure.number() != FailureNumber::FileExists) throw;
+    takeCallChain();
+  }
+  remove();
+  return create(content, like);
 }
 
 void FilePlace::flush(const Descriptor& file) const {

@@ -48,6 +48,8 @@ class FilePlace {
   // get there together in little more time than one. The permissions are those of `like`, else the
   // ordinary ones. A file that is there already raises File already exists.
   Descriptor create(std::string_view content, const std::optional<struct stat>& like = {}) const;
+  // The same in place of a file that was left over.
+  Descriptor createAnew(std::string_view content, const std::optional<struct stat>& like) const;
   void flush(const Descriptor& file) const;
 
   // Gives the file a second name. False where the file system cannot do that.

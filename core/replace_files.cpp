@@ -51,8 +51,9 @@ void stage(const FileGroup& group, const SaveJournal& journal,
   for (std::size_t index = 0; index < replacements.size(); ++index) {
     const GroupFile& file = group.files()[index];
     const auto& content = replacements[index].content;
-    file.fresh.remove();
-    if (content) written.push_back({&file.fresh, file.fresh.create(*content, file.target.state())});
+    if (content) {
+      written.push_back({&file.fresh, file.fresh.createAnew(*content, file.target.state())});
+    }
     if (journal.files[index].before) group.keepSpare(index);
   }
   for (const Written& each : written) each.place->flush(each.file);

@@ -112,8 +112,7 @@ void restore(const GroupFile& file, const Found& found) {
   if (!found.journal.before) return file.target.remove();
   if (found.oldCopy() == &found.backup) {
     // The backup stays: a file that is moved would be gone from its old place.
-    file.spare.remove();
-    file.spare.flush(file.spare.create(*found.backup, file.backup.state()));
+    file.spare.flush(file.spare.createAnew(*found.backup, file.backup.state()));
   }
   file.spare.moveTo(file.target);
 }

@@ -51,6 +51,11 @@ std::size_t sequenceLength(std::string_view bytes) {
   return code < kSmallest[length] || code > 0x10FFFF || surrogate ? 0 : length;
 }
 
+// All bytes of UTF-8 but those that go on with a character.
+bool beginsCharacter(char byte) {
+  return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U;
+}
+
 }  // namespace
 
 std::string_view trimmed(std::string_view text) {
@@ -97,6 +102,17 @@ std::string toUtf8(std::string_view bytes) {
       text.push_back(static_cast<char>(0x80U | (byte & 0x3FU)));
     }
     bytes.remove_prefix(length > 0 ? length : 1);
+  }
+  return text;
+}
+
+std::size_t characterCount(std::string_view text) {
+  return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), beginsCharacter));
+}
+
+std::string_view firstCharacters(std::string_view text, std::size_t count) {
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (beginsCharacter(text[i]) && count-- == 0) return text.substr(0, i);
   }
   return text;
 }

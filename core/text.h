@@ -1,6 +1,6 @@
 // Text helpers that never ask the locale: blanks, letter case, encoding.
 // Owns: trimmed, lowerCased, upperCased, equalIgnoringCase, findIgnoringCase, endsLine, onOneLine,
-//       toUtf8.
+//       toUtf8, characterCount, firstCharacters.
 #pragma once
 
 #include <string>
@@ -26,5 +26,9 @@ std::string onOneLine(std::string text);
 
 // Bytes as UTF-8: what is valid stays, any other byte is taken as a Latin-1 character.
 std::string toUtf8(std::string_view bytes);
+
+// Characters of UTF-8 text; a byte that is none of them counts as one, or with the one before it.
+std::size_t characterCount(std::string_view text);
+std::string_view firstCharacters(std::string_view text, std::size_t count);
 
 }  // namespace tess

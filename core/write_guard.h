@@ -30,8 +30,8 @@ struct FileWrite {
 class WriteGuard {
  public:
   virtual ~WriteGuard() = default;
-  // Whether a folder may be swapped for a link while the way to it is walked. Links that are there
-  // beforehand are followed in either case; what counts is where they lead.
+  // False where nobody may lead a write astray by putting a link on its way at the last moment.
+  // Links that are there beforehand are followed in either case; what counts is where they lead.
   virtual bool trustsLinks() const = 0;
   // Returns where the write may happen and throws where not.
   virtual void require(const FileWrite& write) = 0;

@@ -3,7 +3,7 @@
 
 #include <cmath>
 
-#include "geometry/angles.h"
+#include "geometry/float_angles.h"
 
 namespace tess {
 

@@ -9,7 +9,7 @@
 #include <string>
 
 #include "display/palette.h"
-#include "geometry/points.h"
+#include "geometry/float_points.h"
 
 namespace tess {
 

@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "core/drawing_store.h"
-#include "geometry/angles.h"
+#include "geometry/float_angles.h"
 #include "geometry/row_entity.h"
 
 namespace tess {

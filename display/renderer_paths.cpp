@@ -11,7 +11,7 @@
 #include "display/arrowheads.h"
 #include "display/disc_row.h"
 #include "display/renderer.h"
-#include "geometry/angles.h"
+#include "geometry/float_angles.h"
 #include "geometry/row_entity.h"
 
 namespace tess {

@@ -7,7 +7,7 @@
 #include "core/drawing_store.h"
 #include "core/number_text.h"
 #include "core/rounding.h"
-#include "geometry/points.h"
+#include "geometry/float_points.h"
 
 namespace tess {
 

@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "core/runtime_failure.h"
-#include "geometry/points.h"
+#include "geometry/float_points.h"
 
 namespace tess {
 namespace {

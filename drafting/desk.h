@@ -17,7 +17,7 @@
 #include "drafting/c_state.h"
 #include "drafting/change.h"
 #include "drafting/known_commands.h"
-#include "geometry/points.h"
+#include "geometry/float_points.h"
 
 namespace tess {
 

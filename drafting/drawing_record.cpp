@@ -171,8 +171,9 @@ bool readRows(ByteReader& reader, std::size_t count, std::vector<Row>& rows) {
 bool readNumbers(ByteReader& reader, std::size_t count, std::vector<std::int16_t>& numbers) {
   const auto bytes = reader.take(count * sizeof(std::int16_t));
   if (!bytes) return false;
-  numbers.resize(count);
-  std::memcpy(numbers.data(), bytes->data(), bytes->size());
+  ByteReader reading(*bytes);
+  numbers.reserve(count);
+  while (const auto number = reading.value<std::int16_t>()) numbers.push_back(*number);
   return true;
 }
 

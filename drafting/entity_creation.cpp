@@ -9,8 +9,8 @@
 #include "display/screen_marks.h"
 #include "drafting/drafting_commands.h"
 #include "drafting/rubber_band.h"
-#include "geometry/angles.h"
-#include "geometry/circles.h"
+#include "geometry/float_angles.h"
+#include "geometry/float_circles.h"
 
 namespace tess {
 namespace {

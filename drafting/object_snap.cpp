@@ -9,9 +9,9 @@
 
 #include "core/drawing_store.h"
 #include "drafting/drafting_commands.h"
-#include "geometry/angles.h"
-#include "geometry/nearest.h"
-#include "geometry/nearest_scans.h"
+#include "geometry/float_angles.h"
+#include "geometry/float_nearest.h"
+#include "geometry/float_nearest_scans.h"
 #include "geometry/row_entity.h"
 
 namespace tess {

@@ -14,7 +14,7 @@
 #include "drafting/pending_actions.h"
 #include "drafting/rubber_band.h"
 #include "drafting/selection.h"
-#include "geometry/nearest_scans.h"
+#include "geometry/float_nearest_scans.h"
 
 namespace tess {
 namespace {

@@ -13,9 +13,9 @@
 #include "drafting/drafting_commands.h"
 #include "drafting/pending_actions.h"
 #include "geometry/end_point_index.h"
-#include "geometry/intersections.h"
-#include "geometry/nearest.h"
-#include "geometry/nearest_scans.h"
+#include "geometry/float_intersections.h"
+#include "geometry/float_nearest.h"
+#include "geometry/float_nearest_scans.h"
 #include "geometry/row_entity.h"
 
 namespace tess {

@@ -10,8 +10,8 @@
 #include <span>
 #include <vector>
 
+#include "geometry/float_points.h"
 #include "geometry/plane.h"
-#include "geometry/points.h"
 
 namespace tess {
 

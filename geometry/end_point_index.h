@@ -7,7 +7,7 @@
 
 #include <vector>
 
-#include "geometry/points.h"
+#include "geometry/float_points.h"
 
 namespace tess {
 

@@ -4,7 +4,7 @@
 
 #include "core/conventions.h"
 #include "core/drawing_rows.h"
-#include "geometry/points.h"
+#include "geometry/float_points.h"
 
 namespace tess {
 

@@ -6,7 +6,7 @@
 #include <cmath>
 
 #include "core/drawing_store.h"
-#include "geometry/nearest_scans.h"
+#include "geometry/float_nearest_scans.h"
 #include "geometry/row_boxes.h"
 #include "geometry/row_entity.h"
 

@@ -1,4 +1,4 @@
-// The nearest row or end by boxes: the answers of nearest_scans.h, ties included, for many
+// The nearest row or end by boxes: the answers of float_nearest_scans.h, ties included, for many
 // questions about one drawing.
 // Owns: FindableRow, NearestBoxes, NearestSegIndex, NearestPathIndex.
 #pragma once

@@ -5,7 +5,7 @@
 #include <cmath>
 
 #include "core/drawing_store.h"
-#include "geometry/angles.h"
+#include "geometry/float_angles.h"
 #include "geometry/row_entity.h"
 
 namespace tess {

@@ -9,7 +9,7 @@
 #include "core/text.h"
 #include "display/drawing_extents.h"
 #include "geometry/entity.h"
-#include "geometry/points.h"
+#include "geometry/float_points.h"
 #include "import/exact_geometry.h"
 
 namespace tess {

@@ -6,7 +6,7 @@
 
 #include "core/runtime_failure.h"
 #include "core/text.h"
-#include "geometry/points.h"
+#include "geometry/float_points.h"
 
 namespace tess {
 namespace {

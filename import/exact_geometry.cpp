@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "core/conventions.h"
 #include "core/text.h"
 #include "import/axis_split.h"
 #include "import/biarc.h"
@@ -25,8 +26,6 @@ constexpr std::size_t kDeepestNesting = 64;
 constexpr std::size_t kMostPlaced = 1000000;
 // Far more rows than a drawing holds, so that an operator learns how many there would be.
 constexpr std::size_t kMostMade = 1000000;
-
-constexpr double kMillimetresPerInch = 25.4;
 
 struct FileUnit {
   int insunits;

@@ -7,7 +7,7 @@
 #include "core/lifecycle.h"
 #include "core/runtime_failure.h"
 #include "core/text.h"
-#include "geometry/points.h"
+#include "geometry/float_points.h"
 
 namespace tess {
 namespace {

@@ -33,6 +33,8 @@ constexpr char kErrorLost[] =
 
 constexpr char kNoStop[] = "NoStop";
 constexpr std::size_t kLongestSystemText = 256;
+// Bytes of the log; a longer one is put aside, in place of the one before it.
+constexpr off_t kLongestLog = off_t{4} << 20;
 
 // Runs a step of the reporter; a failure of it is passed over.
 template <class Step>
@@ -410,8 +412,12 @@ void HuntERR::appendToLog(const std::string& text) const {
   if (text.empty() || reporting_.folder.empty()) return;
   NoGuard nobody;  // its name and its folder are the program's own
   ignoringErrors([&] {
-    FilePlace(nobody, reporting_.folder + "Errors.txt", FileKind::Record)
-        .append("\n" + text + "\n");
+    const FilePlace log(nobody, reporting_.folder + "Errors.txt", FileKind::Record);
+    const auto before = log.state();
+    if (before && before->st_size > kLongestLog) {
+      log.moveTo(log.beside(log.name() + "~", FileKind::Record));
+    }
+    log.append("\n" + text + "\n");
   });
 }
 

@@ -3,9 +3,11 @@
 // Owns: CamDesk, showPlacedPaths.
 #pragma once
 
+#include <optional>
+
 #include "core/int16.h"
 #include "drafting/desk.h"
-#include "geometry/points.h"
+#include "geometry/float_points.h"
 
 namespace tess {
 
@@ -40,7 +42,7 @@ struct CamDesk {
   float roughFloor = 0;  // the deepest roughing level
   float currentZ = 0;    // the level being cut
 
-  int selectedCycle = -1;  // template from 0 that the next click places; -1 none
+  std::optional<int> selectedCycle;  // the template, from 0, that the next click places
 };
 
 // What placing commands end with: the paths are shown, the menu checks and the screen follow.

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "geometry/end_point_index.h"
-#include "geometry/points.h"
+#include "geometry/float_points.h"
 
 namespace tess {
 

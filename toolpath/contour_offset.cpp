@@ -7,7 +7,7 @@
 #include "core/drawing_store.h"
 #include "display/view_transform.h"
 #include "drafting/row_edits.h"
-#include "geometry/nearest.h"
+#include "geometry/float_nearest.h"
 #include "toolpath/element_offset.h"
 #include "toolpath/lead_moves.h"
 #include "toolpath/path_groups.h"

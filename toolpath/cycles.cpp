@@ -69,16 +69,16 @@ void armPlacing(CamDesk& cam) {
 
 void clickPlaceCycle(CamDesk& cam) {
   const DrawingStore& store = cam.store;
-  const int cycle = cam.selectedCycle;
-  if (!isTemplate(store, cycle)) return;
+  if (!cam.selectedCycle || !isTemplate(store, *cam.selectedCycle)) return;
+  const int cycle = *cam.selectedCycle;
   const Point click{cam.desk.pointer.MouseX, cam.desk.pointer.MouseY};
   const Point from = numberOf(store, cycle) == kSlotCycle ? marker(store) : click;
   placeInNewGroup(cam, cycle, from, click);
 }
 
-// Fixed: the first template is not repeated, as 0 stands for no choice; F3 does nothing then.
+// Fixed: the first template is not repeated, as 0 stood for no choice; scripts go by that.
 void repeatPlacing(CamDesk& cam) {
-  if (cam.selectedCycle >= 1) armPlacing(cam);
+  if (cam.selectedCycle.value_or(0) >= 1) armPlacing(cam);
 }
 
 }  // namespace
@@ -104,16 +104,16 @@ void placeCyclesAtSelectedCircles(CamDesk& cam, int cycle) {
 
 void mnuCAMAddMachCycle_Click(CamDesk& cam) {
   const Procedure here("frmMain.mnuCAMAddMachCycle_Click()");
-  const int cycle = chooseCycle(cam);
-  if (cycle < 0) return;
-  placeInNewGroup(cam, cycle, marker(cam.store), marker(cam.store));
+  const std::optional<int> cycle = chooseCycle(cam);
+  if (!cycle) return;
+  placeInNewGroup(cam, *cycle, marker(cam.store), marker(cam.store));
   refreshStatus(cam.desk);
 }
 
 void CAMAddMachCycleDeferred(CamDesk& cam) {
   const Procedure here("frmMain.CAMAddMachCycleDeferred()");
   cam.selectedCycle = chooseCycle(cam);
-  if (cam.selectedCycle >= 0) armPlacing(cam);
+  if (cam.selectedCycle) armPlacing(cam);
 }
 
 // ---- Descriptors

@@ -43,9 +43,7 @@ dlgSelectCycle::dlgSelectCycle(CamDesk& cam)
 void dlgSelectCycle::load() {
   const DrawingStore& store = cam_.store;
   for (int cycle = 0; cycle < store.NumCycles; ++cycle) List1.addItem(store.cycletext[cycle]);
-  if (cam_.selectedCycle >= 0 && cam_.selectedCycle < store.NumCycles) {
-    template_ = cam_.selectedCycle;
-  }
+  if (cam_.selectedCycle && *cam_.selectedCycle < store.NumCycles) template_ = *cam_.selectedCycle;
   fill();
   if (hasTemplate()) List1.setIndex(template_);
 }
@@ -86,15 +84,15 @@ void dlgSelectCycle::enableFields() {
 }
 
 void dlgSelectCycle::takeOver() {
-  result_ = hasTemplate() ? template_ : -1;
+  result_ = hasTemplate() ? std::optional(template_) : std::nullopt;
   fill();
   if (!chkSelectedCircles.isChecked()) return;
   if (hasTemplate()) placeCyclesAtSelectedCircles(cam_, template_);
   chkSelectedCircles.setChecked(false);
-  result_ = -1;
+  result_.reset();
 }
 
-int chooseCycle(CamDesk& cam) {
+std::optional<int> chooseCycle(CamDesk& cam) {
   dlgSelectCycle dialog(cam);
   cam.desk.session.host.prompts.showModal(dialog);
   return dialog.result();

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <array>
+#include <optional>
 
 #include "core/controls.h"
 #include "core/drawing_store.h"
@@ -26,7 +27,7 @@ class dlgSelectCycle : public Form {
   Button cmdCancel{*this, "cmdCancel"};
 
   // The template to place, from 0; -1 for none.
-  int result() const { return result_; }
+  std::optional<int> result() const { return result_; }
 
  private:
   // A number of the template and the box that shows it.
@@ -54,10 +55,10 @@ class dlgSelectCycle : public Form {
       {txtcyclefeedrate, &DrawingStore::cyclefeedrate, false, "0"},
   }};
   int template_ = 0;
-  int result_ = -1;
+  std::optional<int> result_;
 };
 
 // Shows the dialog and gives its result.
-int chooseCycle(CamDesk& cam);
+std::optional<int> chooseCycle(CamDesk& cam);
 
 }  // namespace tess

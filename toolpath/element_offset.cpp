@@ -2,7 +2,7 @@
 #include "toolpath/element_offset.h"
 
 #include "core/drawing_store.h"
-#include "geometry/intersections.h"
+#include "geometry/float_intersections.h"
 #include "geometry/row_entity.h"
 
 namespace tess {

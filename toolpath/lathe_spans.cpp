@@ -4,7 +4,7 @@
 #include <algorithm>
 
 #include "core/drawing_store.h"
-#include "geometry/points.h"
+#include "geometry/float_points.h"
 
 namespace tess {
 namespace {

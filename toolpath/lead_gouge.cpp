@@ -3,7 +3,7 @@
 
 #include "core/drawing_store.h"
 #include "core/rounding.h"
-#include "geometry/intersections.h"
+#include "geometry/float_intersections.h"
 #include "geometry/row_entity.h"
 #include "toolpath/lead_moves.h"
 

@@ -4,7 +4,7 @@
 #include <algorithm>
 
 #include "core/drawing_store.h"
-#include "geometry/nearest.h"
+#include "geometry/float_nearest.h"
 #include "geometry/row_entity.h"
 
 namespace tess {

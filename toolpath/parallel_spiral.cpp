@@ -16,7 +16,7 @@
 #include "display/pointer.h"
 #include "drafting/change.h"
 #include "drafting/pending_actions.h"
-#include "geometry/nearest_scans.h"
+#include "geometry/float_nearest_scans.h"
 #include "geometry/row_boxes.h"
 #include "geometry/row_entity.h"
 #include "toolpath/gouge_avoidance.h"

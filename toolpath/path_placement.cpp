@@ -9,7 +9,7 @@
 #include "core/drawing_store.h"
 #include "drafting/pending_actions.h"
 #include "drafting/row_edits.h"
-#include "geometry/nearest_scans.h"
+#include "geometry/float_nearest_scans.h"
 #include "geometry/row_entity.h"
 #include "toolpath/path_groups.h"
 #include "toolpath/row_barrier.h"

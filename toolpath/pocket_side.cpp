@@ -4,8 +4,8 @@
 #include <cmath>
 
 #include "core/drawing_store.h"
-#include "geometry/angles.h"
-#include "geometry/intersections.h"
+#include "geometry/float_angles.h"
+#include "geometry/float_intersections.h"
 #include "geometry/row_entity.h"
 
 namespace tess {

@@ -2,7 +2,7 @@
 // Owns: pocketSideOf.
 #pragma once
 
-#include "geometry/points.h"
+#include "geometry/float_points.h"
 
 namespace tess {
 

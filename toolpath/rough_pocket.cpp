@@ -72,7 +72,7 @@ bool makeWorkingOutlines(CamDesk& cam, float standOff) {
   return offsetPocket(cam, rows, standOff) && offsetIslands(cam, rows, standOff);
 }
 
-int runStyle(CamDesk& cam, float z, float feed) {
+Clearing runStyle(CamDesk& cam, float z, float feed) {
   if (cam.store.cfg_pocketing_style == kVerticalOnly) return scanPocketVertical(cam, z, feed);
   if (isLatheStyle(cam.store)) return scanPocketLathe(cam, feed);
   return scanPocketHorizontal(cam, z, feed);
@@ -104,8 +104,8 @@ void cutLevels(CamDesk& cam, int rowsBefore) {
     return;
   }
   cam.currentZ = firstLevel(store, cam.roughFloor);
-  const int result = roughCutLevel(cam, cam.currentZ, store.cfg_rough_feedrate, radius);
-  if (result < 0) return;
+  const Clearing first = roughCutLevel(cam, cam.currentZ, store.cfg_rough_feedrate, radius);
+  if (first == Clearing::NothingToCut) return;
   cam.currentZ = replicateLevels(cam, cam.currentZ, cam.roughFloor, rowsBefore);
 }
 
@@ -127,7 +127,7 @@ void roughPocket(CamDesk& cam) {
 
 }  // namespace
 
-int roughCutLevel(CamDesk& cam, float z, float feed, float radius) {
+Clearing roughCutLevel(CamDesk& cam, float z, float feed, float radius) {
   const Procedure here("roughCutLevel(z,feed,radius)");
   const float standOff = narrow(static_cast<double>(cam.store.cfg_min_rough_clearance) + radius);
   const int firstWorkingRow = cam.store.NumSegments + 1;
@@ -136,13 +136,13 @@ int roughCutLevel(CamDesk& cam, float z, float feed, float radius) {
     cam.desk.session.host.prompts.showMessage(
         {.text = "No segments selected!", .title = "", .icon = MessageIcon::Warning});
     change.keep({.redraws = false});
-    return kNothingCut;
+    return Clearing::NothingToCut;
   }
   if (cam.store.cfg_gouge_avoidance) {
     removeSelfIntersections(cam, firstWorkingRow, ChainKind::Segs);
   }
   cam.desk.redraw.redrawscreen();
-  const int result = runStyle(cam, z, feed);
+  const Clearing result = runStyle(cam, z, feed);
   change.keep({.redraws = false});
   return result;
 }

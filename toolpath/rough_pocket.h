@@ -2,15 +2,15 @@
 // Owns: roughCutLevel, mnuCAMRoughCutPocket_Click.
 #pragma once
 
-#include "toolpath/cam_desk.h"
+#include "toolpath/scan_run.h"
 
 namespace tess {
 
 // Makes the working outlines, `radius` and the roughing clearance away from the verified ones, and
 // clears between them in the chosen style at depth `z`. The outline with the lowest end point is
-// the pocket, all others are islands. Below 0 nothing was cut. Working rows, and the verified rows
-// parked, stay behind in either case.
-int roughCutLevel(CamDesk& cam, float z, float feed, float radius);
+// the pocket, all others are islands. Working rows, and the verified rows parked, stay
+// behind in any case.
+Clearing roughCutLevel(CamDesk& cam, float z, float feed, float radius);
 
 // The command: all levels, links, and the drawing as it was. The parallel spiral asks for a click
 // first.

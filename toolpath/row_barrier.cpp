@@ -4,7 +4,7 @@
 #include <algorithm>
 
 #include "core/drawing_store.h"
-#include "geometry/intersections.h"
+#include "geometry/float_intersections.h"
 #include "geometry/row_boxes.h"
 #include "geometry/row_entity.h"
 

@@ -82,10 +82,10 @@ void orientLine(std::span<ScanSpan> line, const ScanSpan& lowest, int direction)
 
 }  // namespace
 
-int scanPocketLathe(CamDesk& cam, float feed) {
+Clearing scanPocketLathe(CamDesk& cam, float feed) {
   const Procedure here("scanPocketLathe(feed)");
   std::optional<ScanRun> run = prepareScanRun(cam, ScanStyle::Lathe);
-  if (!run) return kNothingCut;
+  if (!run) return Clearing::NothingToCut;
   std::vector<ScanSpan>& spans = run->spans;
   std::reverse(spans.begin(), spans.end());
   ScanDirection way(cam.store.cfg_cutting_mode, /*forward=*/1);
@@ -101,7 +101,7 @@ int scanPocketLathe(CamDesk& cam, float feed) {
     first = last;
   }
   tool.leave();
-  return 0;
+  return Clearing::Done;
 }
 
 }  // namespace tess

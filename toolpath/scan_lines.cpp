@@ -24,9 +24,9 @@ void placeLine(const ScanCut& cut, std::span<ScanSpan> line, int direction, Scan
   }
 }
 
-int scanPocket(CamDesk& cam, const ScanCut& cut) {
+Clearing scanPocket(CamDesk& cam, const ScanCut& cut) {
   std::optional<ScanRun> run = prepareScanRun(cam, cut.style);
-  if (!run) return kNothingCut;
+  if (!run) return Clearing::NothingToCut;
   ScanDirection way(cam.store.cfg_cutting_mode, cut.forward);
   ScanPath path(cam, cut.feed);
   const auto begin = run->spans.begin();
@@ -38,18 +38,18 @@ int scanPocket(CamDesk& cam, const ScanCut& cut) {
     first = last;
   }
   path.keep();
-  return 0;
+  return Clearing::Done;
 }
 
 }  // namespace
 
-int scanPocketHorizontal(CamDesk& cam, float z, float feed) {
+Clearing scanPocketHorizontal(CamDesk& cam, float z, float feed) {
   const Procedure here("scanPocketHorizontal(z,feed)");
   return scanPocket(cam, {ScanStyle::Horizontal, /*forward=*/1, z, feed});
 }
 
 // Conventional milling along rising x lines runs the other way.
-int scanPocketVertical(CamDesk& cam, float z, float feed) {
+Clearing scanPocketVertical(CamDesk& cam, float z, float feed) {
   const Procedure here("scanPocketVertical(z,feed)");
   return scanPocket(cam, {ScanStyle::Vertical, /*forward=*/-1, z, feed});
 }

@@ -11,8 +11,8 @@
 
 #include "core/drawing_store.h"
 #include "core/rounding.h"
-#include "geometry/angles.h"
-#include "geometry/circles.h"
+#include "geometry/float_angles.h"
+#include "geometry/float_circles.h"
 #include "geometry/row_boxes.h"
 #include "geometry/row_entity.h"
 #include "toolpath/working_rows.h"

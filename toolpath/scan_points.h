@@ -8,7 +8,7 @@
 #include <optional>
 #include <vector>
 
-#include "geometry/points.h"
+#include "geometry/float_points.h"
 
 namespace tess {
 

@@ -1,6 +1,6 @@
 // One run of scan-line roughing: what the styles share, from the new path group to the spans that
 // are to be cut, and the order of the spans of one line.
-// Owns: kNothingCut, ScanSpan, ScanRun, prepareScanRun, ScanDirection, orderLine, orientSpan,
+// Owns: Clearing, ScanSpan, ScanRun, prepareScanRun, ScanDirection, orderLine, orientSpan,
 //       ScanPath.
 #pragma once
 
@@ -14,8 +14,11 @@
 
 namespace tess {
 
-// The result of a clearing style that had nothing to cut.
-inline constexpr int kNothingCut = -1;
+// What came of a clearing style.
+enum class Clearing {
+  Done,
+  NothingToCut,  // the operator was told
+};
 
 // One cut on scan line `line`, between two places on it.
 struct ScanSpan {

@@ -11,9 +11,9 @@
 #include "core/number_text.h"
 #include "core/rounding.h"
 #include "drafting/drawing_cleanup.h"
-#include "geometry/angles.h"
 #include "geometry/end_point_index.h"
 #include "geometry/entity.h"
+#include "geometry/float_angles.h"
 #include "geometry/row_entity.h"
 #include "toolpath/toolpath_commands.h"
 
@@ -185,33 +185,34 @@ Box arcBounds(const DrawingStore& store, int sg) {
   return box;
 }
 
-void verifypocket(CamDesk& cam, float& width, float& height) {
+OutlineSize verifypocket(CamDesk& cam) {
   const Procedure here("frmMain.verifypocket(width,height)");
   Change change(cam.changes);
   removeDuplicates(cam.changes, cam.desk.session.host.prompts, /*deleteSilently=*/false);
-  width = height = 0;
+  OutlineSize size;
   const std::vector<int> rows = outlineRows(cam.store);
   if (!rows.empty()) {
     const Box box = measured(cam.store, rows);
     rows.size() == 1 ? acceptLoneRow(cam, change, rows.front()) : proveOutline(cam, change, rows);
-    width = narrow(static_cast<double>(box.maxX) - box.minX);
-    height = narrow(static_cast<double>(box.maxY) - box.minY);
+    size.width = narrow(static_cast<double>(box.maxX) - box.minX);
+    size.height = narrow(static_cast<double>(box.maxY) - box.minY);
   }
   change.keep({.redraws = false});
+  return size;
 }
 
 void mnuCAMVerifyAcceptPocket_Click(CamDesk& cam) {
   const Procedure here("frmMain.mnuCAMVerifyAcceptPocket_Click()");
-  verifypocket(cam, cam.PocketXDim, cam.PocketYDim);
+  const OutlineSize size = verifypocket(cam);
+  cam.PocketXDim = size.width;
+  cam.PocketYDim = size.height;
   cam.desk.state.setPendingaction(0);
 }
 
 // Fixed: the pocket's measure and the armed action stay; the spiral goes by the pocket's size.
 void mnuCAMVerifyAcceptIsland_Click(CamDesk& cam) {
   const Procedure here("frmMain.mnuCAMVerifyAcceptIsland_Click()");
-  float width = 0;
-  float height = 0;
-  verifypocket(cam, width, height);
+  verifypocket(cam);
 }
 
 // ---- Descriptors

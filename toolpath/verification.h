@@ -1,5 +1,5 @@
 // Verification: proof that the selected rows form one closed outline, and its measure.
-// Owns: verifypocket, arcBounds, mnuCAMVerifyAcceptPocket_Click, mnuCAMVerifyAcceptIsland_Click.
+// Owns: OutlineSize, verifypocket, arcBounds, mnuCAMVerifyAcceptPocket_Click, mnuCAMVerifyAcceptIsland_Click.
 #pragma once
 
 #include "geometry/box_index.h"
@@ -8,9 +8,11 @@
 namespace tess {
 
 // Walks the selected rows end to end. A closed outline becomes verified; otherwise a message names
-// the place and the rows stay selected. `width` and `height` are measured in both cases, 0 without
-// a selection.
-void verifypocket(CamDesk& cam, float& width, float& height);
+// the place and the rows stay selected. Measured in both cases, 0 without a selection.
+struct OutlineSize {
+  float width = 0, height = 0;
+};
+OutlineSize verifypocket(CamDesk& cam);
 
 // The bounds of arc row `sg` from its ends and three samples of its sweep: an arc can pass a
 // quadrant between two samples, and is meant to be measured short then.

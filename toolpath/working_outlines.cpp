@@ -7,8 +7,8 @@
 #include "core/drawing_store.h"
 #include "core/rounding.h"
 #include "drafting/change.h"
-#include "geometry/angles.h"
-#include "geometry/nearest.h"
+#include "geometry/float_angles.h"
+#include "geometry/float_nearest.h"
 #include "geometry/row_entity.h"
 #include "toolpath/element_offset.h"
 #include "toolpath/working_rows.h"
@@ -82,12 +82,12 @@ void offsetSegChain(CamDesk& cam, ChainWalk& rows, const OutlineOffset& order) {
   change.keep({.redraws = false});
 }
 
-int insertSegment(Changes& changes, int index, const SegmentRow& row) {
-  if (row.x0 == row.x1 && row.y0 == row.y1) return kNoExtent;
+bool insertSegment(Changes& changes, int index, const SegmentRow& row) {
+  if (row.x0 == row.x1 && row.y0 == row.y1) return false;
   Change change(changes, Step::Continued);
   change.segments.insert(index, row, Entry::Unlogged);
   change.keep({.redraws = false});
-  return 0;
+  return true;
 }
 
 void removeWorkingRows(Changes& changes) {

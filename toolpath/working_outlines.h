@@ -1,6 +1,6 @@
 // The working outlines of roughing: the outline of a pocket or an island, moved by a distance into
 // the pocket, as drawing rows of a class of their own. They leave nothing in the change log.
-// Owns: OutlineOffset, offsetSegChain, kNoExtent, insertSegment, removeWorkingRows,
+// Owns: OutlineOffset, offsetSegChain, insertSegment, removeWorkingRows,
 //       restoreParkedRows.
 #pragma once
 
@@ -24,9 +24,8 @@ struct OutlineOffset {
 void offsetSegChain(CamDesk& cam, ChainWalk& rows, const OutlineOffset& order);
 
 // Puts a drawing row in front of row `index` and marks the drawing changed. One that ends exactly
-// where it starts is refused with kNoExtent; the result is 0 otherwise.
-inline constexpr int kNoExtent = -13;
-int insertSegment(Changes& changes, int index, const SegmentRow& row);
+// where it starts is refused: false.
+bool insertSegment(Changes& changes, int index, const SegmentRow& row);
 
 // Takes out every row that is not of the ordinary class.
 void removeWorkingRows(Changes& changes);

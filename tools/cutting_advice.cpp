@@ -4,17 +4,17 @@
 #include <algorithm>
 #include <cmath>
 
+#include "core/conventions.h"
 #include "core/cut_width.h"
+#include "core/drawing_store.h"
 #include "core/number_text.h"
 #include "core/rounding.h"
 #include "core/text.h"
-#include "geometry/constants.h"
-#include "core/drawing_store.h"
+#include "geometry/float_constants.h"
 
 namespace tess {
 namespace {
 
-constexpr double kMillimetresPerInch = 25.4;
 constexpr double kInchesPerFoot = 12;
 constexpr double kThousandths = 1000;
 constexpr double kFastestSpindle = 1e6;  // rpm; beyond that a figure is wrong

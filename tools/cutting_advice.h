@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-#include "tools/recommendation.h"
 #include "core/drawing_store.h"
+#include "tools/recommendation.h"
 
 namespace tess {
 

@@ -17,7 +17,6 @@ namespace {
 
 constexpr char kInchFormat[] = "##0.00000";
 constexpr char kMetricFormat[] = "####0.0000";
-constexpr double kMillimetresPerInch = 25.4;
 
 constexpr char kPathsStay[] =
     "The drawing was converted. The tool paths were not: they keep their numbers, which now stand "

@@ -44,15 +44,8 @@ int toolOf(const std::string& line) {
 
 // The name in as many characters as the chest shows, filled up with blanks.
 std::string paddedName(const std::string& name) {
-  std::string shown;
-  int characters = 0;
-  for (const char letter : name) {
-    const bool begins = (static_cast<unsigned char>(letter) & 0xC0) != 0x80;
-    if (begins && ++characters > kLongestToolName) break;
-    shown += letter;
-  }
-  for (; characters < kLongestToolName; ++characters) shown += ' ';
-  return shown;
+  const std::string shown(firstCharacters(name, kLongestToolName));
+  return shown + std::string(kLongestToolName - characterCount(shown), ' ');
 }
 
 float diameterOf(const DrawingStore& store, int tool) {

@@ -7,12 +7,12 @@
 #include <vector>
 
 #include "core/controls.h"
+#include "core/drawing_store.h"
 #include "core/form.h"
 #include "core/session.h"
 #include "tools/cutting_advice.h"
 #include "tools/dlgColor.h"
 #include "tools/speeds_feeds.h"
-#include "core/drawing_store.h"
 
 namespace tess {
 

@@ -99,6 +99,7 @@ class ReaderProcess {
     char* const arguments[] = {program.data(), option.data(), nullptr};
     std::vector<std::string> variables = readerEnvironment();
     std::vector<char*> environment;
+    environment.reserve(variables.size() + 1);
     for (std::string& variable : variables) environment.push_back(variable.data());
     environment.push_back(nullptr);
     const FreshSignals signals;

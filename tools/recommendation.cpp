@@ -7,7 +7,7 @@
 #include "core/number_text.h"
 #include "core/rounding.h"
 #include "core/text.h"
-#include "geometry/constants.h"
+#include "geometry/float_constants.h"
 
 namespace tess {
 namespace {

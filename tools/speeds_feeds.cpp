@@ -6,10 +6,10 @@
 #include <sys/stat.h>
 
 #include "core/descriptor.h"
+#include "core/drawing_store.h"
 #include "core/field_reader.h"
 #include "core/file_system.h"
 #include "tools/jet_import.h"
-#include "core/drawing_store.h"
 
 namespace tess {
 namespace {

@@ -15,10 +15,10 @@
 #include <utility>
 #include <vector>
 
+#include "core/drawing_store.h"
 #include "core/int16.h"
 #include "core/session.h"
 #include "tools/feeds_database.h"
-#include "core/drawing_store.h"
 
 namespace tess {
 

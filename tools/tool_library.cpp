@@ -8,6 +8,7 @@
 #include <map>
 #include <set>
 
+#include "core/conventions.h"
 #include "core/drawing_store.h"
 #include "core/file_system.h"
 #include "core/number_text.h"
@@ -18,7 +19,6 @@
 namespace tess {
 namespace {
 
-constexpr float kMillimetresPerInch = 25.4F;
 constexpr std::size_t kMostProblems = 100;
 constexpr std::size_t kLongestQuote = 40;  // of a damaged text in a message, in bytes
 constexpr int kLeastColor = std::numeric_limits<int>::min();
@@ -29,7 +29,7 @@ constexpr char kMillimetre[] = "mm";
 // ---- Lines
 
 struct Line {
-  int number = 0;  // from 1
+  int number = 1;  // from 1
   std::string_view text;
 };
 
@@ -42,21 +42,22 @@ class Lines {
     if (rest_.starts_with(kByteOrderMark)) rest_.remove_prefix(kByteOrderMark.size());
   }
 
-  // Nothing behind the last one.
-  std::optional<Line> next() {
-    if (rest_.empty()) return std::nullopt;
+  // Goes to the next one; false behind the last.
+  bool next(Line& line) {
+    if (rest_.empty()) return false;
     const std::size_t end = std::min(rest_.find_first_of("\r\n"), rest_.size());
-    const Line line{++number_, rest_.substr(0, end)};
+    line = {++number_, rest_.substr(0, end)};
     const std::size_t width = rest_.substr(end).starts_with("\r\n") ? 2 : 1;
     rest_.remove_prefix(std::min(end + width, rest_.size()));
-    return line;
+    return true;
   }
 
-  // The next one that holds more than blanks.
-  std::optional<Line> nextFilled() {
-    std::optional<Line> line = next();
-    while (line && trimmed(line->text).empty()) line = next();
-    return line;
+  // The same with the next one that holds more than blanks.
+  bool nextFilled(Line& line) {
+    while (next(line)) {
+      if (!trimmed(line.text).empty()) return true;
+    }
+    return false;
   }
 
  private:
@@ -120,12 +121,6 @@ int toolNumberIn(std::string_view text) {
   return wholeIn(text, "tool number", 1, kLastWrittenTool + 1);
 }
 
-std::ptrdiff_t charactersIn(const std::string& text) {
-  return std::count_if(text.begin(), text.end(), [](char letter) {
-    return (static_cast<unsigned char>(letter) & 0xC0) != 0x80;  // all but the followers of UTF-8
-  });
-}
-
 // A setup file cuts a text at a comma, and ends it with its line.
 bool survivesASetup(const std::string& text) {
   return std::none_of(text.begin(), text.end(), [](char letter) {
@@ -144,7 +139,7 @@ std::string textIn(std::string_view text, const char* what) {
 std::string nameIn(std::string_view text) {
   std::string name = lowerCased(textIn(text, "name"));
   if (name.empty()) refuse("There is no name");
-  if (charactersIn(name) > kLongestToolName) {
+  if (characterCount(name) > kLongestToolName) {
     refuse("The name " + cited(text) + " does not fit: it has more than " +
            std::to_string(kLongestToolName) + " characters");
   }
@@ -319,8 +314,8 @@ std::vector<std::string> cellsOf(std::string_view text) {
 // Which column stands where. Raises BadLine without the two that a tool cannot do without.
 class CsvHeader {
  public:
-  CsvHeader(const Line& line, Import& import) {
-    for (const std::string& cell : cellsOf(line.text)) columns_.push_back(find(cell, line, import));
+  CsvHeader(const Line& line, Import& intake) {
+    for (const std::string& cell : cellsOf(line.text)) columns_.push_back(find(cell, line, intake));
     for (const CsvColumn needed : {CsvColumn::Number, CsvColumn::Name}) {
       if (std::find(columns_.begin(), columns_.end(), needed) == columns_.end()) {
         refuse(std::string("There is no column \"") + nameOf(needed) + "\"");
@@ -336,7 +331,8 @@ class CsvHeader {
     }
     std::map<CsvColumn, std::string> cells;
     for (std::size_t i = 0; i < found.size(); ++i) {
-      if (columns_[i]) cells.emplace(*columns_[i], found[i]);
+      const auto& column = columns_[i];
+      if (column) cells.emplace(*column, found[i]);
     }
     return cells;
   }
@@ -346,12 +342,12 @@ class CsvHeader {
     return kColumnNames[static_cast<std::size_t>(column)];
   }
 
-  static std::optional<CsvColumn> find(const std::string& cell, const Line& line, Import& import) {
+  static std::optional<CsvColumn> find(const std::string& cell, const Line& line, Import& intake) {
     for (std::size_t i = 0; i < kColumnNames.size(); ++i) {
       if (equalIgnoringCase(trimmed(cell), kColumnNames[i])) return static_cast<CsvColumn>(i);
     }
     if (!trimmed(cell).empty()) {
-      import.report(line.number, "The column " + cited(cell) + " is unknown and passed over");
+      intake.report(line.number, "The column " + cited(cell) + " is unknown and passed over");
     }
     return std::nullopt;
   }
@@ -377,7 +373,7 @@ float factorIn(std::string_view units, bool metric) {
   const bool millimetre = word == kMillimetre || word == "m";
   if (!inch && !millimetre) refuse("The units " + cited(units) + " are neither \"in\" nor \"mm\"");
   if (millimetre == metric) return 1;
-  return metric ? kMillimetresPerInch : 1 / kMillimetresPerInch;
+  return static_cast<float>(metric ? kMillimetresPerInch : 1 / kMillimetresPerInch);
 }
 
 // The cells of one line as values. An empty cell of a number tells nothing.
@@ -439,6 +435,7 @@ class CsvRow {
 struct Word {
   char letter;  // upper case
   std::string_view number;
+  double value;
 };
 
 struct TableLine {
@@ -462,10 +459,11 @@ TableLine tableLine(std::string_view text) {
     const std::size_t end = std::min(rest.find_first_of(" \t"), rest.size());
     const std::string_view word = rest.substr(0, end);
     const char letter = static_cast<char>(word.front() & ~0x20);  // upper case of a letter
-    if (letter < 'A' || letter > 'Z' || !numericValue(word.substr(1))) {
+    const std::optional<double> value = numericValue(word.substr(1));
+    if (letter < 'A' || letter > 'Z' || !value) {
       refuse(cited(word) + " is no word of a tool table");
     }
-    line.words.push_back({letter, word.substr(1)});
+    line.words.push_back({letter, word.substr(1), *value});
     rest = trimmed(rest.substr(end));
   }
   return line;
@@ -513,7 +511,7 @@ std::string renewedLine(const DrawingStore& store, std::string_view text, int to
   const float diameter = diameterOf(store, tool);
   if (word == nullptr) {
     renewed = std::string(trimmed(renewed)) + " " + diameterWord(store, tool) + " ";
-  } else if (static_cast<float>(*numericValue(word->number)) != diameter) {
+  } else if (static_cast<float>(word->value) != diameter) {
     const auto place = static_cast<std::size_t>(word->number.data() - text.data());
     renewed.replace(place, word->number.size(), plainText(diameter));
   }
@@ -526,9 +524,9 @@ std::string renewedLine(const DrawingStore& store, std::string_view text, int to
 std::set<int> pocketsOf(std::string_view existing) {
   std::set<int> pockets;
   Lines lines(existing);
-  while (const auto line = lines.next()) {
+  for (Line line; lines.next(line);) {
     try {
-      const TableLine table = tableLine(line->text);
+      const TableLine table = tableLine(line.text);
       const Word* const word = table.find('P');
       if (word != nullptr) pockets.insert(wholeIn(word->number, "pocket", 0, 1 << 20));
     } catch (const BadLine&) {
@@ -574,22 +572,23 @@ std::string toolCsv(const DrawingStore& store) {
 
 ToolImport importToolCsv(DrawingStore& store, std::string_view text, const std::string& name) {
   const Procedure here("importToolCsv(text,name)");
-  Import import(store, name);
+  Import intake(store, name);
   Lines lines(text);
-  const Line first = lines.nextFilled().value_or(Line{1, {}});
+  Line line;
+  if (!lines.nextFilled(line)) line = {};
+  const Line first = line;
   try {
-    const CsvHeader header(first, import);
-    while (const auto line = lines.nextFilled()) {
-      import.line(*line, [&](std::string_view cells) {
+    const CsvHeader header(first, intake);
+    while (lines.nextFilled(line)) {
+      intake.line(line, [&](std::string_view cells) {
         return std::optional(CsvRow(header.cells(cells)).tool(isMetric(store)));
-    });
+      });
+    }
+  } catch (const BadLine& bad) {
+    intake.report(first.number, bad.what);
   }
+  return intake.finished();
 }
-catch (const BadLine& bad) {
-  import.report(first.number, bad.what);
-}
-return import.finished();
-}  // namespace tess
 
 std::string toolTable(const DrawingStore& store, std::string_view existing) {
   const std::string end = existing.find("\r\n") == std::string_view::npos ? "\n" : "\r\n";
@@ -597,10 +596,10 @@ std::string toolTable(const DrawingStore& store, std::string_view existing) {
   std::set<int> present;
   std::string text;
   Lines lines(existing);
-  while (const auto line = lines.next()) {
-    const int tool = listedTool(store, line->text);
+  for (Line line; lines.next(line);) {
+    const int tool = listedTool(store, line.text);
     const bool first = tool >= 0 && present.insert(tool).second;
-    text += (first ? renewedLine(store, line->text, tool) : std::string(line->text)) + end;
+    text += (first ? renewedLine(store, line.text, tool) : std::string(line.text)) + end;
   }
   for (int tool = 0; tool <= kLastWrittenTool; ++tool) {
     if (!isListed(store, tool) || present.contains(tool)) continue;
@@ -612,10 +611,10 @@ std::string toolTable(const DrawingStore& store, std::string_view existing) {
 
 ToolImport importToolTable(DrawingStore& store, std::string_view text, const std::string& name) {
   const Procedure here("importToolTable(text,name)");
-  Import import(store, name);
+  Import intake(store, name);
   Lines lines(text);
-  while (const auto line = lines.next()) import.line(*line, tableRow);
-  return import.finished();
+  for (Line line; lines.next(line);) intake.line(line, tableRow);
+  return intake.finished();
 }
 
 std::string exportedTools(const DrawingStore& store, const std::string& path) {

@@ -13,7 +13,7 @@ namespace tess {
 struct DrawingStore;
 
 // What the chest shows of a name.
-inline constexpr int kLongestToolName = 20;
+inline constexpr std::size_t kLongestToolName = 20;
 
 enum class ToolLibraryFormat { Csv, LinuxCnc };
 

@@ -5,11 +5,11 @@
 
 #include "core/drawing_store.h"
 #include "core/rounding.h"
-#include "geometry/angles.h"
-#include "geometry/circles.h"
-#include "geometry/intersections.h"
-#include "geometry/nearest.h"
-#include "geometry/nearest_scans.h"
+#include "geometry/float_angles.h"
+#include "geometry/float_circles.h"
+#include "geometry/float_intersections.h"
+#include "geometry/float_nearest.h"
+#include "geometry/float_nearest_scans.h"
 #include "shell/automation/bindings.h"
 #include "shell/automation/lua_routines.h"
 

@@ -11,7 +11,7 @@
 #include <type_traits>
 #include <utility>
 
-#include "geometry/points.h"
+#include "geometry/float_points.h"
 #include "shell/automation/script.h"
 
 namespace tess {

@@ -186,6 +186,16 @@ class Attached {
   const ScriptParts& parts_;
 };
 
+// With the finalisers of what it leaves behind.
+std::optional<std::string> runToItsEnd(Script& script, const Run& run) {
+  const LuaState state(run.job.limits);
+  const Attached attached(run.parts);
+  run.parts.host.prompts.stage = &run.parts.stage;
+  run.parts.host.surroundings.onServe = [&] { requireTime(state.get()); };
+  setScript(state.get(), script);
+  return protectedRun(state.get(), run);
+}
+
 // The script's own clock stands still meanwhile.
 double realMilliseconds() {
   const auto since = std::chrono::steady_clock::now().time_since_epoch();
@@ -272,12 +282,7 @@ ExitStatus runScriptOn(const ScriptParts& parts, const ScriptJob& job, std::stri
                 .watchdog = watchdog,
                 .path = job.path,
                 .folder = folderOf(job)};
-  const LuaState state(job.limits);
-  const Attached attached(parts);
-  parts.host.prompts.stage = &parts.stage;
-  parts.host.surroundings.onServe = [&] { requireTime(state.get()); };
-  setScript(state.get(), script);
-  const auto error = protectedRun(state.get(), {parts, job, text});
+  const auto error = runToItsEnd(script, {parts, job, text});
   out.flush();
   if (error && !script.closed) return fail(err, failureLine(script, *error, job.path));
   if (!out) return fail(err, job.path + ": standard output cannot be written");

@@ -3,7 +3,7 @@
 
 #include "core/text.h"
 #include "drafting/row_edits.h"
-#include "geometry/angles.h"
+#include "geometry/float_angles.h"
 #include "toolpath/chain_walk.h"
 #include "toolpath/contour_offset.h"
 #include "toolpath/gouge_avoidance.h"
@@ -37,6 +37,11 @@ Point clickOf(Application& application) {
   return {pointer.MouseX, pointer.MouseY};
 }
 
+// What scripts are told of a clearing: fixed, since they compare it.
+int codeOf(Clearing clearing) {
+  return clearing == Clearing::NothingToCut ? -1 : 0;
+}
+
 // The row found, 0 for none, and its other end.
 tuple<int, float, float> stepResult(const optional<ChainStep>& step) {
   const ChainStep found = step.value_or(ChainStep{});
@@ -51,9 +56,8 @@ constexpr Routine kRoutines[] = {
     // Verification.
     routine("verifypocket",
             [](Application& application) {
-              float width = 0, height = 0;
-              verifypocket(camOf(application), width, height);
-              return tuple{width, height};
+              const OutlineSize size = verifypocket(camOf(application));
+              return tuple{size.width, size.height};
             }),
     routine("arcBounds",
             [](DrawingStore& store, Int16 sg) {
@@ -103,19 +107,19 @@ constexpr Routine kRoutines[] = {
     // Roughing.
     routine("roughCutLevel",
             [](Application& application, float z, float feed, float radius) {
-              return tuple{roughCutLevel(camOf(application), z, feed, radius), z, feed};
+              return tuple{codeOf(roughCutLevel(camOf(application), z, feed, radius)), z, feed};
             }),
     routine("scanPocketHorizontal",
             [](Application& application, float z, float feed) {
-              return tuple{scanPocketHorizontal(camOf(application), z, feed), z, feed};
+              return tuple{codeOf(scanPocketHorizontal(camOf(application), z, feed)), z, feed};
             }),
     routine("scanPocketVertical",
             [](Application& application, float z, float feed) {
-              return tuple{scanPocketVertical(camOf(application), z, feed), z, feed};
+              return tuple{codeOf(scanPocketVertical(camOf(application), z, feed)), z, feed};
             }),
     routine("scanPocketLathe",
             [](Application& application, float feed) {
-              return tuple{scanPocketLathe(camOf(application), feed), feed};
+              return tuple{codeOf(scanPocketLathe(camOf(application), feed)), feed};
             }),
     routine("restoreParkedRows",
             [](Application& application) { restoreParkedRows(changesOf(application)); }),

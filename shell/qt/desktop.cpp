@@ -15,6 +15,7 @@
 #include "shell/automation/watchdog.h"
 #include "shell/program_folder.h"
 #include "shell/qt/desktop_program.h"
+#include "shell/qt/plain_numbers.h"
 #include "shell/qt/plot.h"
 #include "shell/qt/script_player.h"
 #include "shell/qt/theme.h"
@@ -79,6 +80,7 @@ class Toolkit {
         texts_(pointersTo(arguments_)),
         search_(std::make_unique<DisplaySearch>()),
         application_(count_, texts_.data()) {
+    keepPlainNumbers();
     search_.reset();
     QApplication::setApplicationName("tessimo");
     QApplication::setDesktopFileName("tessimo");

@@ -7,6 +7,7 @@
 #include <array>
 
 #include "core/file_writer.h"
+#include "shell/qt/plain_numbers.h"
 #include "shell/qt/raster_surface.h"
 #include "shell/qt/toolkit_messages.h"
 
@@ -21,6 +22,7 @@ class QtPictureWriter::Toolkit {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QtMessageHandler before = qInstallMessageHandler(passOverWarnings);
     application_ = std::make_unique<QGuiApplication>(count_, arguments_.data());
+    keepPlainNumbers();
     qInstallMessageHandler(before);
   }
 

@@ -14,7 +14,7 @@
 #include <utility>
 #include <vector>
 
-#include "geometry/constants.h"
+#include "geometry/float_constants.h"
 #include "shell/qt/smooth_line.h"
 #include "shell/qt/stepped_arc.h"
 

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "geometry/constants.h"
+#include "geometry/float_constants.h"
 
 namespace tess {
 

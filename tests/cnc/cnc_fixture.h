@@ -12,7 +12,7 @@
 #include "core/drawing_store.h"
 #include "core/field_reader.h"
 #include "core/units.h"
-#include "geometry/points.h"
+#include "geometry/float_points.h"
 #include "tests/support/recording_host.h"
 #include "tests/support/recording_session.h"
 

@@ -8,10 +8,10 @@
 #include "gmock/gmock.h"
 #include "gtest/gtest.h"
 
+#include "drafting/entity_creation.h"
 #include "tests/cnc/cnc_fixture.h"
 #include "tests/support/failure_of.h"
 #include "tests/support/temp_folder.h"
-#include "drafting/entity_creation.h"
 
 namespace tess::testing {
 namespace {

@@ -96,6 +96,19 @@ TEST_F(CutOffSave, SaveThatHadJustBegunIsTakenBack) {
   EXPECT_THAT(entries(), ElementsAre("PART.CDM", "PART.TPM"));
 }
 
+TEST_F(CutOffSave, AnswerThatOpensAnotherDrawingDoesNotMixTheTwo) {
+  write("OTHER.CDM", oldDrawing_);
+  tear();
+  OtherStart next(test.home());
+  next.recording.prompts.onMessage = [&next] {
+    next.recording.prompts.onMessage = nullptr;
+    next.load("OTHER.CDM");
+  };
+  next.load("PART.CDM");
+  EXPECT_EQ(next.store.drawingname, "PART.CDM");
+  EXPECT_EQ(next.store.NumSegments, 2);
+}
+
 TEST_F(CutOffSave, NameInOtherCaseIsTheSameDrawing) {
   tear();
   OtherStart next(test.home());

@@ -130,6 +130,20 @@ TEST_F(ChangedOnDisk, AnotherChangeDuringTheQuestionIsAskedAboutAgain) {
   EXPECT_EQ(read("PART.CDM"), theirs_ + "1,8,0,0,5,5\r\n");
 }
 
+TEST_F(ChangedOnDisk, AnswerThatOpensAnotherDrawingSavesNeither) {
+  saveElsewhere();
+  write("OTHER.CDM", theirs_);
+  answer(Answer::No);
+  test.recording.prompts.onMessage = [this] {
+    test.recording.prompts.onMessage = nullptr;
+    load("OTHER.CDM");
+  };
+  save_Drawing(session);
+  EXPECT_EQ(read("PART.CDM"), theirs_);
+  EXPECT_EQ(read("OTHER.CDM"), theirs_);
+  EXPECT_EQ(store.drawingname, "OTHER.CDM");
+}
+
 TEST_F(ChangedOnDisk, PathFileCountsToo) {
   write("PART.TPM", "1,102,0,0,7,0,0,0,-.5,8\r\n");
   answer(Answer::Cancel);
@@ -341,6 +355,18 @@ TEST_F(OtherNames, NoAsksForAnotherName) {
   EXPECT_THAT(takeTexts(), SizeIs(2)) << "the other name had none either";
   EXPECT_THAT(entries(), ElementsAre("PART.CDM", "PART.TPM"));
   EXPECT_EQ(store.drawingname, "PART.CDM");
+}
+
+TEST_F(OtherNames, DrawingThatIsNotSavedUnderTheNewNameKeepsItsOwn) {
+  addPath();
+  saveAs("PART.CDM");
+  addPath();
+  test.recording.prompts.answers = {Answer::Cancel};
+  test.recording.prompts.files = {cnc("PART.OLD")};
+  save_file_As(session);
+  EXPECT_EQ(store.drawingname, "PART.CDM");
+  EXPECT_EQ(store.drawingpath, cnc(""));
+  EXPECT_THAT(entries(), ElementsAre("PART.CDM", "PART.TPM"));
 }
 
 TEST_F(OtherNames, WithoutAPathThereIsNothingToAsk) {

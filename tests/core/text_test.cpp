@@ -35,5 +35,16 @@ TEST(Text, BytesThatAreNoUtf8AreLatinOne) {
   EXPECT_EQ(toUtf8("€\xF0\x9F\x94\xA7"), "€\xF0\x9F\x94\xA7");
 }
 
+TEST(Text, CharactersAreCountedNotBytes) {
+  EXPECT_EQ(characterCount(""), 0U);
+  EXPECT_EQ(characterCount("Fräse"), 5U);
+  EXPECT_EQ(characterCount("\xE2\x82\xAC\xF0\x9F\x94\xA7"), 2U);
+  EXPECT_EQ(firstCharacters("Fräse", 3), "Frä");
+  EXPECT_EQ(firstCharacters("Fräse", 2), "Fr");
+  EXPECT_EQ(firstCharacters("abc", 3), "abc");
+  EXPECT_EQ(firstCharacters("abc", 9), "abc");
+  EXPECT_EQ(firstCharacters("abc", 0), "");
+}
+
 }  // namespace
 }  // namespace tess

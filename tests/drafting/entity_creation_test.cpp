@@ -9,7 +9,7 @@
 #include "drafting/object_snap.h"
 #include "drafting/selection.h"
 #include "drafting/undo.h"
-#include "geometry/circles.h"
+#include "geometry/float_circles.h"
 #include "tests/support/drafting_desk.h"
 #include "tests/support/failure_of.h"
 

@@ -7,7 +7,7 @@
 
 #include "core/drawing_store.h"
 #include "drafting/edit_commands.h"
-#include "geometry/intersections.h"
+#include "geometry/float_intersections.h"
 #include "geometry/row_entity.h"
 #include "tests/geometry/rows.h"
 #include "tests/geometry/scenes.h"

@@ -1,7 +1,7 @@
 // The signed sweep of arcs.
 #include "gtest/gtest.h"
 
-#include "geometry/angles.h"
+#include "geometry/float_angles.h"
 
 namespace tess {
 namespace {

@@ -5,7 +5,7 @@
 
 #include "gtest/gtest.h"
 
-#include "geometry/intersections.h"
+#include "geometry/float_intersections.h"
 #include "geometry/row_boxes.h"
 #include "tests/geometry/rows.h"
 #include "tests/geometry/scenes.h"

@@ -3,7 +3,7 @@
 
 #include "gtest/gtest.h"
 
-#include "geometry/angles.h"
+#include "geometry/float_angles.h"
 #include "tests/geometry/arcs.h"
 #include "tests/geometry/rows.h"
 #include "tests/geometry/scenes.h"

@@ -47,9 +47,7 @@ TEST(ExactPocket, ClosedShapesVerify) {
     change.keep({.redraws = false});
     ASSERT_GT(int(bench.store.NumSegments), 0);
     testing::selectRows(bench.store, 1, bench.store.NumSegments);
-    float width = 0;
-    float height = 0;
-    verifypocket(bench.cam, width, height);
+    verifypocket(bench.cam);
     EXPECT_TRUE(bench.messages().empty()) << bench.messages().front().text;
     for (int sg = 1; sg <= bench.store.NumSegments; ++sg) {
       EXPECT_EQ(bench.store.segattr[sg], kVerifiedRow) << sg;

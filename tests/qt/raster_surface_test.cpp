@@ -7,7 +7,7 @@
 #include <random>
 #include <string>
 
-#include "geometry/constants.h"
+#include "geometry/float_constants.h"
 #include "tests/qt/desktop_test_support.h"
 
 namespace tess {

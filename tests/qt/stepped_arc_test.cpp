@@ -6,7 +6,7 @@
 
 #include "gtest/gtest.h"
 
-#include "geometry/constants.h"
+#include "geometry/float_constants.h"
 
 namespace tess {
 namespace {

@@ -60,6 +60,16 @@ class CommandLines(unittest.TestCase):
         self.assertIn("--make-cnc", run.stdout)
         self.assertEqual((run.returncode, run.stderr), (0, ""))
 
+    # The toolkit takes over the operator's locale; a comma would then end numbers in its middle.
+    def test_numbers_have_points_whatever_the_locale(self) -> None:
+        text = "plot('part.png') print(0.75, os.setlocale(nil, 'numeric'))\n"
+        script = self.work / "play.lua"
+        script.write_text(text)
+        for run in (self.run_program("--home", str(self.home), "--allow-io", "--run", str(script),
+                                     LC_ALL="C.UTF-8"),
+                    self.play(text, before=["--allow-io"], LC_ALL="C.UTF-8")):
+            self.assertEqual((run.returncode, run.stdout, run.stderr), (0, "0.75\tC\n", ""))
+
     def test_the_reader_of_jet_files_takes_its_file_and_nothing_else(self) -> None:
         file = self.work / "x.mdb"
         for content in (b"", b"a text", b"\0\1\0\0Standard Jet DB\0" + bytes(range(256)) * 32):
@@ -225,6 +235,13 @@ class CommandLines(unittest.TestCase):
         self.assert_fails(1, f"large.lua: {size}{16 << 20})", *home, "--run", "large.lua")
         self.assert_fails(1, f"{part}: Couldn't revert to saved drawing. {size}{64 << 20})", *home,
                           "--make-cnc", "mill", part)
+        (self.work / "large.dxf").touch()
+        os.truncate(self.work / "large.dxf", 1 << 40)
+        (self.work / "import.lua").write_text(
+            "import_dxf(arg[1] .. 'large.dxf') print((messages[1].text:gsub('\\n.*', '')))")
+        run = self.run_program(*home, "--run", "import.lua", f"{self.work}/")
+        self.assertEqual((run.returncode, run.stderr), (0, ""))
+        self.assertIn(f"{size}{512 << 20})", run.stdout)
         os.truncate(self.home / "test.msu", 1 << 40)
         self.assert_fails(1, f"{size}{16 << 20}): {self.home}/test.msu", *home, "--make-cnc", "mill",
                           part)
@@ -252,11 +269,12 @@ class CommandLines(unittest.TestCase):
         self.assertEqual((run.returncode, run.stdout, run.stderr), (0, f"{self.home}/CNC/\n", ""))
 
     def play(self, script: str, *arguments: str,
-             before: Sequence[str] = ()) -> subprocess.CompletedProcess[str]:
+             before: Sequence[str] = (), **variables: str) -> subprocess.CompletedProcess[str]:
         (self.work / "play.lua").write_text(script)
         (self.work / "run").mkdir(mode=0o700, exist_ok=True)
         return self.run_program("--home", str(self.home), *before, "--play", "play.lua", *arguments,
-                                QT_QPA_PLATFORM="offscreen", XDG_RUNTIME_DIR=str(self.work / "run"))
+                                QT_QPA_PLATFORM="offscreen", XDG_RUNTIME_DIR=str(self.work / "run"),
+                                **variables)
 
     def test_a_script_in_the_window_leaves_what_a_run_leaves(self) -> None:
         script = """\

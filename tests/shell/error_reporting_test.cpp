@@ -292,6 +292,16 @@ TEST(Guard, LogIsAppendedTo) {
   EXPECT_EQ(f.folder.read("Errors.txt"), "kept\n\n" + report + "\n\n" + report + "\n");
 }
 
+TEST(Guard, LogThatHasGrownLargeIsPutAside) {
+  Fixture f;
+  const std::string large((4 << 20) + 1, 'x');
+  f.folder.write("Errors.txt", large);
+  f.folder.write("Errors.txt~", "the one before");
+  f.reporter.guarded("run()", redraw);
+  EXPECT_EQ(f.folder.read("Errors.txt"), "\n" + f.reporter.lastReport() + "\n");
+  EXPECT_TRUE(f.folder.read("Errors.txt~") == large);
+}
+
 TEST(Guard, LogThatDiffersInCaseIsTheOneMeant) {
   Fixture f;
   f.folder.write("ERRORS.TXT", "kept\n");

@@ -2,6 +2,7 @@
 #include "shell/help_commands.h"
 
 #include <filesystem>
+#include <sys/stat.h>
 
 #include "gtest/gtest.h"
 

@@ -10,10 +10,17 @@ import time
 from pathlib import Path
 
 
+def cpu_of_thread(task: Path) -> int:
+    """Nanoseconds; none of a thread that has ended since its process was looked at."""
+    try:
+        return int(task.joinpath("schedstat").read_text().split()[0])
+    except (FileNotFoundError, ProcessLookupError):
+        return 0
+
+
 def cpu_of(pid: int) -> float:
     """Milliseconds that all threads of a process have worked."""
-    return sum(int(task.joinpath("schedstat").read_text().split()[0])
-               for task in Path(f"/proc/{pid}/task").iterdir()) / 1e6
+    return sum(cpu_of_thread(task) for task in Path(f"/proc/{pid}/task").iterdir()) / 1e6
 
 
 class VirtualDisplay:
@@ -64,6 +71,6 @@ def wait_until_idle(pid: int, quiet: float, patience: float = 60) -> float:
         time.sleep(0.005)
         state = Path(f"/proc/{pid}/stat").read_text().rpartition(")")[2].split()[0]
         now = cpu_of(pid)
-        if now > cpu or state == "R":
+        if now != cpu or state == "R":  # less than before: a thread has ended
             worked, cpu = time.monotonic(), now
     return worked

@@ -101,7 +101,7 @@ TEST(SelectCycle, ShowsTheTemplates) {
     EXPECT_EQ(dialog.txtcycleincrdepth.text(), "0.1250");
     EXPECT_EQ(dialog.txtcyclefeedrate.text(), "4");
   });
-  EXPECT_EQ(chooseCycle(d.cam), -1);
+  EXPECT_EQ(chooseCycle(d.cam), std::nullopt);
   EXPECT_TRUE(shown);
 }
 
@@ -184,7 +184,7 @@ TEST(SelectCycle, CancelKeepsTheEdit) {
     dialog.txtcyclefinaldepth.type("-2");
     dialog.cmdCancel.press();
   });
-  EXPECT_EQ(chooseCycle(d.cam), -1);
+  EXPECT_EQ(chooseCycle(d.cam), std::nullopt);
   EXPECT_EQ(d.store.cyclefinaldepth[0], -2);
 }
 
@@ -224,7 +224,7 @@ TEST(SelectCycle, OpensWithTheTemplateChosenLast) {
   CAMAddMachCycleDeferred(d.cam);
   d.atDialog([](dlgSelectCycle& dialog) { EXPECT_EQ(dialog.List1.index(), 1); });
   CAMAddMachCycleDeferred(d.cam);
-  EXPECT_EQ(d.cam.selectedCycle, -1);
+  EXPECT_EQ(d.cam.selectedCycle, std::nullopt);
 }
 
 // ---- At the marker
@@ -295,7 +295,7 @@ TEST(AddMachCycleByClick, CancelledArmsNothing) {
   CycleDesk d({kDrill});
   CAMAddMachCycleDeferred(d.cam);
   EXPECT_EQ(d.pending(), 0);
-  EXPECT_EQ(d.cam.selectedCycle, -1);
+  EXPECT_EQ(d.cam.selectedCycle, std::nullopt);
 }
 
 TEST(AddMachCycleByClick, RunsASlotFromTheMarkerToTheClick) {
@@ -356,7 +356,7 @@ TEST(AddMachCycleAtCircles, PlacesThreeRowsInOneGroupAndNoOther) {
     dialog.chkSelectedCircles.setChecked(true);
     dialog.cmdAccept.press();
     EXPECT_FALSE(dialog.chkSelectedCircles.isChecked());
-    EXPECT_EQ(dialog.result(), -1);
+    EXPECT_EQ(dialog.result(), std::nullopt);
   });
   CAMAddMachCycleDeferred(d.cam);
   EXPECT_EQ(d.statistics.substr(0, 4), "5 4 ");

@@ -6,7 +6,7 @@
 #include "gtest/gtest.h"
 
 #include "core/drawing_store.h"
-#include "geometry/intersections.h"
+#include "geometry/float_intersections.h"
 #include "geometry/row_entity.h"
 #include "tests/geometry/rows.h"
 #include "tests/geometry/scenes.h"

@@ -9,9 +9,9 @@
 
 #include "core/drawing_store.h"
 #include "drafting/undo.h"
-#include "geometry/angles.h"
-#include "geometry/intersections.h"
-#include "geometry/nearest.h"
+#include "geometry/float_angles.h"
+#include "geometry/float_intersections.h"
+#include "geometry/float_nearest.h"
 #include "geometry/row_entity.h"
 #include "tests/geometry/rows.h"
 #include "tests/geometry/scenes.h"

@@ -9,7 +9,7 @@
 #include "drafting/entity_creation.h"
 #include "drafting/row_edits.h"
 #include "drafting/undo.h"
-#include "geometry/intersections.h"
+#include "geometry/float_intersections.h"
 #include "geometry/row_entity.h"
 #include "tests/geometry/rows.h"
 #include "tests/support/failure_of.h"

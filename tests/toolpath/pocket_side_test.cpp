@@ -6,7 +6,7 @@
 #include "gtest/gtest.h"
 
 #include "core/drawing_store.h"
-#include "geometry/angles.h"
+#include "geometry/float_angles.h"
 #include "geometry/row_entity.h"
 #include "tests/geometry/rows.h"
 

@@ -462,9 +462,9 @@ TEST(RoughCutPocket, AnOpenRowLeftSelectedEndsTheCommandWithoutAPath) {
 
 TEST(RoughCutLevel, GivesTheResultOfItsStyle) {
   RoughCam c;
-  EXPECT_LT(roughCutLevel(c.cam, -0.5F, 20, 0.25F), 0);
+  EXPECT_EQ(roughCutLevel(c.cam, -0.5F, 20, 0.25F), Clearing::NothingToCut);
   c.addOutline({0, 0}, {3, 3});
-  EXPECT_EQ(roughCutLevel(c.cam, -0.5F, 20, 0.25F), 0);
+  EXPECT_EQ(roughCutLevel(c.cam, -0.5F, 20, 0.25F), Clearing::Done);
 }
 
 // ---- Failure midway

@@ -30,7 +30,7 @@ struct LatheCam : RecordedCam {
 TEST(ScanPocketLathe, CutsFromTheTopDownWithRetreatsHalfAStepAboveTheCutBefore) {
   LatheCam c;
   addWorkingBox(c.store, {0, 0}, {10, 3});
-  EXPECT_EQ(scanPocketLathe(c.cam, 20), 0);
+  EXPECT_EQ(scanPocketLathe(c.cam, 20), Clearing::Done);
   EXPECT_EQ(pathEnds(c.store), (Texts{
                                    "(0, 2.5)-(10, 2.5)",       // nothing before the first cut
                                    "(10, 2.5)-(10, 3) rapid",  // half a step above it

@@ -32,7 +32,7 @@ TEST(ScanPocketHorizontal, CutsARectangleOnLinesHalfAStepInside) {
   RecordedCam c;
   addWorkingBox(c.store, {0, 0}, {10, 4});
   setSpacing(c.store, 1);
-  EXPECT_EQ(scanPocketHorizontal(c.cam, -0.5F, 20), 0);
+  EXPECT_EQ(scanPocketHorizontal(c.cam, -0.5F, 20), Clearing::Done);
   EXPECT_EQ(
       testing::pathTexts(c.store),
       (Texts{"1 (0, 0.5)-(10, 0.5) @100 z -0.5 f 20", "1 (0, 1.5)-(10, 1.5) @100 z -0.5 f 20",
@@ -43,7 +43,7 @@ TEST(ScanPocketVertical, CutsARectangleFromTopToBottom) {
   RecordedCam c;
   addWorkingBox(c.store, {0, 0}, {3, 10});
   setSpacing(c.store, 1);
-  EXPECT_EQ(scanPocketVertical(c.cam, -0.5F, 20), 0);
+  EXPECT_EQ(scanPocketVertical(c.cam, -0.5F, 20), Clearing::Done);
   EXPECT_EQ(pathEnds(c.store),
             (Texts{"(0.5, 10)-(0.5, 0)", "(1.5, 10)-(1.5, 0)", "(2.5, 10)-(2.5, 0)"}));
 }
@@ -142,14 +142,14 @@ TEST(ScanPocket, TakesANewGroupAndTheSelectedTool) {
 }
 
 TEST(ScanPocket, WithoutWorkingRowsAMessageAndNoPath) {
-  using Style = int (*)(RecordedCam&);
+  using Style = Clearing (*)(RecordedCam&);
   const Style styles[] = {[](RecordedCam& c) { return scanPocketHorizontal(c.cam, 0, 20); },
                           [](RecordedCam& c) { return scanPocketVertical(c.cam, 0, 20); },
                           [](RecordedCam& c) { return scanPocketLathe(c.cam, 20); }};
   for (const Style style : styles) {
     RecordedCam c;
     addWorkingBox(c.store, {0, 0}, {2, 2}, kVerifiedRow);
-    EXPECT_EQ(style(c), kNothingCut);
+    EXPECT_EQ(style(c), Clearing::NothingToCut);
     ASSERT_EQ(c.messages().size(), 1U);
     EXPECT_EQ(c.messages()[0].text, "No pocketing segments available!");
     EXPECT_EQ(c.messages()[0].icon, MessageIcon::Warning);
@@ -167,10 +167,10 @@ TEST(ScanPocket, ThousandEmptyLinesAreARunWithoutRows) {
          .x1 = -1.1F,
          .y1 = 1999.9997F});
   setSpacing(c.store, 1);
-  EXPECT_EQ(scanPocketHorizontal(c.cam, 0, 20), 0);
+  EXPECT_EQ(scanPocketHorizontal(c.cam, 0, 20), Clearing::Done);
   EXPECT_EQ(c.store.NumPathSegments, 0);
   EXPECT_EQ(c.statusLog.size(), 1001U);
-  EXPECT_EQ(scanPocketLathe(c.cam, 20), 0);
+  EXPECT_EQ(scanPocketLathe(c.cam, 20), Clearing::Done);
   EXPECT_EQ(c.store.NumPathSegments, 0);
 }
 

@@ -32,9 +32,8 @@ struct Sizes {
 };
 
 Sizes verify(CamDesk& cam) {
-  Sizes sizes;
-  verifypocket(cam, sizes.width, sizes.height);
-  return sizes;
+  const OutlineSize size = verifypocket(cam);
+  return {size.width, size.height};
 }
 
 Attributes attributesOf(const DrawingStore& store) {

@@ -173,10 +173,9 @@ TEST(InsertSegment, MovesLaterRowsUp) {
   c.addLine(0, 0, 1, 0);
   c.addLine(1, 0, 2, 0);
   c.store.drawingsaved = true;
-  EXPECT_EQ(
+  EXPECT_TRUE(
       insertSegment(c.cam.changes, 2,
-                    {.type = kClockwiseArc, .attr = kPocketOutline, .x0 = 5, .x1 = 6, .xc = 5.5F}),
-      0);
+                    {.type = kClockwiseArc, .attr = kPocketOutline, .x0 = 5, .x1 = 6, .xc = 5.5F}));
   EXPECT_EQ(segmentTexts(c.store),
             (Texts{"1 (0, 0)-(1, 0)", "2 (5, 0)-(6, 0) c (5.5, 0) @10", "1 (1, 0)-(2, 0)"}));
   EXPECT_FALSE(c.store.drawingsaved);
@@ -185,8 +184,8 @@ TEST(InsertSegment, MovesLaterRowsUp) {
 TEST(InsertSegment, RefusesARowThatEndsWhereItStarts) {
   RecordedCam c;
   c.store.drawingsaved = true;
-  EXPECT_EQ(insertSegment(c.cam.changes, 1, {.type = kLine, .x0 = 5, .y0 = 1, .x1 = 5, .y1 = 1}),
-            -13);
+  EXPECT_FALSE(
+      insertSegment(c.cam.changes, 1, {.type = kLine, .x0 = 5, .y0 = 1, .x1 = 5, .y1 = 1}));
   EXPECT_EQ(c.store.NumSegments, 0);
   EXPECT_TRUE(c.store.drawingsaved);
 }

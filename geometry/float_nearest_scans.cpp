@@ -1,10 +1,10 @@
 // Plain linear passes over the tables, one metric each.
-#include "geometry/nearest_scans.h"
+#include "geometry/float_nearest_scans.h"
 
 #include <array>
 
 #include "core/drawing_store.h"
-#include "geometry/nearest.h"
+#include "geometry/float_nearest.h"
 #include "geometry/row_boxes.h"
 #include "geometry/row_entity.h"
 

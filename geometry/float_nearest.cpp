@@ -1,12 +1,12 @@
 // The nearest point on one entity: a line by its perpendicular, round kinds by the line through
 // their centre.
-#include "geometry/nearest.h"
+#include "geometry/float_nearest.h"
 
 #include <algorithm>
 
 #include "core/drawing_store.h"
-#include "geometry/angles.h"
-#include "geometry/circles.h"
+#include "geometry/float_angles.h"
+#include "geometry/float_circles.h"
 #include "geometry/row_entity.h"
 
 namespace tess {

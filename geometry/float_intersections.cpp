@@ -1,10 +1,10 @@
 // Crossings, split by kind and brought together in one table of pairs.
-#include "geometry/intersections.h"
+#include "geometry/float_intersections.h"
 
 #include "core/drawing_store.h"
 #include "core/rounding.h"
-#include "geometry/angles.h"
-#include "geometry/circles.h"
+#include "geometry/float_angles.h"
+#include "geometry/float_circles.h"
 #include "geometry/row_entity.h"
 
 namespace tess {

@@ -1,5 +1,5 @@
 // Circles from points, and the four ways a line meets a circle.
-#include "geometry/circles.h"
+#include "geometry/float_circles.h"
 
 #include "gtest/gtest.h"
 #include "rapidcheck/gtest.h"

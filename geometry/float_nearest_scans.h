@@ -10,8 +10,8 @@
 
 #include <optional>
 
-#include "geometry/nearest.h"
-#include "geometry/points.h"
+#include "geometry/float_nearest.h"
+#include "geometry/float_points.h"
 
 namespace tess {
 

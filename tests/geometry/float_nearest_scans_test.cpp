@@ -1,5 +1,5 @@
 // Scans over the tables: which rows count, ties, and the reach.
-#include "geometry/nearest_scans.h"
+#include "geometry/float_nearest_scans.h"
 
 #include "gtest/gtest.h"
 

@@ -1,5 +1,5 @@
 // Angles of vectors and arcs.
-#include "geometry/angles.h"
+#include "geometry/float_angles.h"
 
 #include "gtest/gtest.h"
 #include "rapidcheck/gtest.h"

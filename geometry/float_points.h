@@ -1,4 +1,8 @@
-// Points, their distances and the tests that two points are one or that a point lies at a segment.
+// Points of the tables, their distances and the tests that two of them are one or that one lies at
+// a segment.
+//
+// Fixed: this and all of float_*.h round to 32 bits where drawings, paths and programs have always
+// been rounded, and may not become more exact; what is to be exact stands on plane.h.
 // Owns: Point, PointPair, MidpointSlope, narrow, distance, nonZero, swapValues, samePoint,
 //       pointInSegBox, midpointAndSlope, reflectThroughMidpoint.
 #pragma once
@@ -8,7 +12,7 @@
 #include <utility>
 
 #include "core/runtime_failure.h"
-#include "geometry/constants.h"
+#include "geometry/float_constants.h"
 
 namespace tess {
 

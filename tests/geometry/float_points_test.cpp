@@ -1,5 +1,5 @@
 // Points: distances, coincidence, boxes of segments, midpoints.
-#include "geometry/points.h"
+#include "geometry/float_points.h"
 
 #include "gtest/gtest.h"
 #include "rapidcheck/gtest.h"

@@ -1,6 +1,6 @@
 // Angles: quadrants are put right after a plain arc tangent, so that quarter turns come out as the
 // single-precision constants.
-#include "geometry/angles.h"
+#include "geometry/float_angles.h"
 
 #include <algorithm>
 

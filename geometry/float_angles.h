@@ -3,7 +3,7 @@
 //       pointAlong.
 #pragma once
 
-#include "geometry/points.h"
+#include "geometry/float_points.h"
 
 namespace tess {
 

@@ -1,5 +1,5 @@
 // Points, their midpoints and boxes.
-#include "geometry/points.h"
+#include "geometry/float_points.h"
 
 #include <algorithm>
 

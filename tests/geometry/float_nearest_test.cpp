@@ -1,5 +1,5 @@
 // The nearest point on one entity.
-#include "geometry/nearest.h"
+#include "geometry/float_nearest.h"
 
 #include <algorithm>
 

@@ -8,8 +8,8 @@
 
 #include <optional>
 
+#include "geometry/float_points.h"
 #include "geometry/miss.h"
-#include "geometry/points.h"
 
 namespace tess {
 

@@ -1,12 +1,12 @@
 // Crossings of lines and arcs: every result and every miss.
-#include "geometry/intersections.h"
+#include "geometry/float_intersections.h"
 
 #include "gtest/gtest.h"
 #include "rapidcheck/gtest.h"
 
 #include "core/drawing_store.h"
 #include "core/rounding.h"
-#include "geometry/circles.h"
+#include "geometry/float_circles.h"
 #include "geometry/row_entity.h"
 #include "tests/geometry/arcs.h"
 #include "tests/geometry/rows.h"

@@ -1,5 +1,5 @@
 // Circles from points, and lines with circles. All quadratics run in 64 bits.
-#include "geometry/circles.h"
+#include "geometry/float_circles.h"
 
 #include "core/rounding.h"
 #include "geometry/entity.h"
