@@ -7,6 +7,7 @@
 
 #include "benchmark/benchmark.h"
 
+#include "core/drawing_store.h"
 #include "shell/automation/script_runner.h"
 #include "tests/support/temp_folder.h"
 

@@ -6,6 +6,7 @@
 
 #include "benchmark/benchmark.h"
 
+#include "core/drawing_store.h"
 #include "drafting/change.h"
 #include "drafting/change_walk.h"
 

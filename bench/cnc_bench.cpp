@@ -14,6 +14,7 @@
 #include "benchmark/benchmark.h"
 
 #include "cnc/cnc_program.h"
+#include "core/drawing_store.h"
 #include "core/units.h"
 #include "geometry/float_points.h"
 #include "tests/support/recording_session.h"

@@ -7,7 +7,9 @@
 #include "benchmark/benchmark.h"
 
 #include "bench/polygon_offsetter.h"
+#include "core/drawing_store.h"
 #include "geometry/float_intersections.h"
+#include "geometry/row_entity.h"
 #include "tests/support/outlines.h"
 #include "tests/support/silent_surface.h"
 #include "toolpath/contour_offset.h"

@@ -17,6 +17,7 @@
 
 #include "core/drawing_file.h"
 #include "core/drawing_format.h"
+#include "core/drawing_store.h"
 #include "core/file_system.h"
 #include "core/lifecycle.h"
 #include "core/recent_files.h"

@@ -16,6 +16,7 @@
 #include <dxflib/dl_dxf.h>
 #endif
 
+#include "core/drawing_store.h"
 #include "core/file_system.h"
 #include "core/text.h"
 #include "import/dxf_import.h"

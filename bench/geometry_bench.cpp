@@ -8,6 +8,7 @@
 
 #include "benchmark/benchmark.h"
 
+#include "core/drawing_store.h"
 #include "geometry/crossing_index.h"
 #include "geometry/end_point_index.h"
 #include "geometry/float_intersections.h"

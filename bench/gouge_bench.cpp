@@ -7,6 +7,7 @@
 
 #include "benchmark/benchmark.h"
 
+#include "core/drawing_store.h"
 #include "geometry/float_intersections.h"
 #include "geometry/row_boxes.h"
 #include "tests/support/outlines.h"

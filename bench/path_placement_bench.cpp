@@ -6,6 +6,7 @@
 
 #include "benchmark/benchmark.h"
 
+#include "core/drawing_store.h"
 #include "tests/support/recorded_cam.h"
 #include "toolpath/path_placement.h"
 #include "toolpath/working_rows.h"

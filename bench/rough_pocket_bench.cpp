@@ -8,7 +8,9 @@
 
 #include "benchmark/benchmark.h"
 
+#include "core/drawing_store.h"
 #include "geometry/row_boxes.h"
+#include "geometry/row_entity.h"
 #include "tests/support/outlines.h"
 #include "tests/support/silent_surface.h"
 #include "toolpath/rough_pocket.h"

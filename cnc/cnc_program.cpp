@@ -7,6 +7,7 @@
 #include "cnc/program_target.h"
 #include "cnc/program_writer.h"
 #include "core/drawing_file.h"
+#include "core/drawing_store.h"
 #include "core/file_system.h"
 #include "core/file_writer.h"
 #include "core/lifecycle.h"
@@ -41,7 +42,8 @@ std::string shownFile(const DrawingStore& store) {
   return folder + std::string(name.substr(0, stem)) + ".cnc";
 }
 
-// False when the operator cancels. A No counts as saved, so that the question does not come back.
+// False when the operator cancels.
+// Fixed: a No counts as saved; the question does not come back, not even when the program ends.
 bool settleUnsavedWork(Session& session) {
   if (!isUnsaved(session)) return true;
   int answer = 0;

@@ -18,8 +18,7 @@ void LatheMotions::changeTool(const PathRow&) {
   tellTool(ToolOccasion::Next);
 }
 
-// Fixed: the current position stays behind; isRapid and the arcs ask where the last row ended, not
-// where this one begins.
+// Fixed: the current position stays behind; rapids and arcs go by where the last row ended.
 void LatheMotions::approach(const PathRow& row) {
   if (!isHere(startOf(row))) tell(approachOf(row, curz));
 }
@@ -29,6 +28,7 @@ void LatheMotions::approachArc(const PathRow& row) {
 }
 
 // By its mark, or straight away from the axis.
+// Fixed: a feed move straight away from the axis is a rapid; lathe programs retract at that speed.
 bool LatheMotions::isRapid(const PathRow& straight) const {
   const bool retract = straight.x1 == curx && straight.y1 > cury;
   return straight.z == kLatheRapidZ || retract;

@@ -1,6 +1,8 @@
 // The motions of a mill.
 #include "cnc/mill_motions.h"
 
+#include "core/drawing_store.h"
+
 namespace tess {
 namespace {
 
@@ -33,8 +35,7 @@ void MillMotions::moveToFirstRow(const PathRow& row) {
   plunge();
 }
 
-// Fixed: a fresh tool goes down at rapid speed; a plunge would change the programs of all drawings
-// with two tools.
+// Fixed: a fresh tool goes down at rapid speed; a plunge would change all programs of two tools.
 void MillMotions::changeTool(const PathRow& row) {
   lift();
   tellTool(ToolOccasion::Next);

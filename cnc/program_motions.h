@@ -2,10 +2,11 @@
 // Owns: CncMode, tellMotions.
 #pragma once
 
-#include "core/drawing_store.h"
 #include "core/motion_stream.h"
 
 namespace tess {
+
+struct DrawingStore;
 
 enum class CncMode { Mill, Lathe };
 

@@ -5,6 +5,7 @@
 #include <cctype>
 
 #include "core/drawing_format.h"
+#include "core/drawing_store.h"
 #include "core/file_system.h"
 
 namespace tess {

@@ -6,9 +6,9 @@
 #include <string>
 #include <string_view>
 
-#include "core/drawing_store.h"
-
 namespace tess {
+
+struct DrawingStore;
 
 // Whether a text, of which a beginning is enough, is a CNC program: it has the heading of this
 // program's own, or its lines are made of addresses with numbers, with a preparatory or

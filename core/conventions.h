@@ -23,6 +23,7 @@ inline constexpr int kRapid = 0;
 inline constexpr int kFirstNonContour = 20;  // values from here on are no contour moves
 inline constexpr int kFirstCycle = 21;       // the value is the cycle's G number
 // A type 1 path row at this depth is a rapid of the lathe style.
+// Fixed: a rapid is marked by -99 and not by its kind; path files of lathes hold it.
 inline constexpr float kLatheRapidZ = -99;
 
 constexpr bool isArc(int type) {
@@ -40,7 +41,8 @@ inline constexpr double kMillimetresPerInch = 25.4;
 
 // Fixed table bounds.
 inline constexpr int kLastTool = 99;
-inline constexpr int kLastWrittenTool = 98;  // the setup file never holds row 99
+// Fixed: setup files never hold tool row 99; other readers of them know 99 rows.
+inline constexpr int kLastWrittenTool = 98;
 inline constexpr int kLastColorSlot = 7;
 
 // A part has some height: what replaces a "part dim z" of 0 or less.

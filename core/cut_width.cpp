@@ -3,6 +3,7 @@
 
 #include <cmath>
 
+#include "core/drawing_store.h"
 #include "core/rounding.h"
 #include "core/runtime_failure.h"
 

@@ -3,9 +3,9 @@
 // Owns: kStepByPercent, kStepByDistance, settleCutWidth.
 #pragma once
 
-#include "core/drawing_store.h"
-
 namespace tess {
+
+struct DrawingStore;
 
 // Values of "cut width type"; 0 is read as the first.
 inline constexpr int kStepByPercent = 1;

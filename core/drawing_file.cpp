@@ -7,6 +7,7 @@
 
 #include "core/core_commands.h"
 #include "core/drawing_pair.h"
+#include "core/drawing_store.h"
 #include "core/file_system.h"
 #include "core/lifecycle.h"
 #include "core/number_text.h"
@@ -20,6 +21,7 @@ namespace {
 
 constexpr char kDefaultExtension[] = "CDM";
 constexpr char kNotReverted[] = "Couldn't revert to saved drawing.\n\n";
+// Fixed: the tildes stand in the text; scripts compare messages word for word.
 constexpr char kOlderVersion[] =
     "Drawing was created with older version of this software! ~~You may need to adjust the grid "
     "selections.~~(To avoid this message at loading, you should save now!)~";

@@ -7,6 +7,7 @@
 #include <type_traits>
 #include <variant>
 
+#include "core/drawing_store.h"
 #include "core/number_text.h"
 #include "core/text.h"
 
@@ -38,6 +39,7 @@ struct HeaderField {
   void (*afterwards)(DrawingStore&) = nullptr;  // what the reader mends then
 };
 
+// Fixed: the z origin always lies below; old files hold others that never counted.
 void faceDown(DrawingStore& store) {
   store.zorigin = -1;
 }
@@ -69,8 +71,10 @@ constexpr HeaderField kHeader[] = {
     {9, &Settings::ychange},
     {9, &Settings::zchange},
     {10, &Settings::cfg_min_rough_clearance},
+    // Fixed: the spacing of a drawing is read past; that of the setup stays in force.
     {11, &Settings::cfg_tool_spacing, Take::Nowhere},
-    {12, &Settings::cfg_final_depth},  // a place-holder: line 30 has it again
+    // Fixed: line 30 has the final depth again and counts; in old files the two differ.
+    {12, &Settings::cfg_final_depth},
     {13, &Settings::cfg_start_depth},
     {14, &Settings::cfg_z_cut_per_pass},
     {15, &Settings::cfg_min_z_finish},
@@ -163,6 +167,7 @@ constexpr FloatColumn kCoordinates[] = {&DrawingStore::x0,      &DrawingStore::y
                                         &DrawingStore::centerx, &DrawingStore::centery};
 constexpr int kUnknownKind = -1;
 
+// Fixed: an unknown kind takes no coordinates; what follows reads as rows, as it always did.
 constexpr int coordinatesOf(int segtype) {
   constexpr int kByKind[] = {2, 4, 6, 6, kUnknownKind, 6, 4};
   const bool known = segtype >= 0 && segtype < static_cast<int>(std::size(kByKind));
@@ -200,6 +205,7 @@ int rowAfter(Int16 counter, const FieldReader& fields) {
   return counter + 1;
 }
 
+// Fixed: a kind without a centre keeps what the row held; no file has one to give.
 void readSegment(DrawingStore& store, FieldReader& fields) {
   const int sg = rowAfter(store.NumSegments, fields);
   ensureSegmentCapacity(store, sg);
@@ -222,6 +228,7 @@ void readPath(DrawingStore& store, FieldReader& fields) {
 
 }  // namespace
 
+// Fixed: path files have names in capitals; those of older drawings are found under no other.
 std::string pathFileName(std::string_view drawingname) {
   std::string name = upperCased(drawingname);
   bool found = false;
@@ -259,6 +266,7 @@ void appendSegments(std::string& out, const DrawingStore& store) {
   }
 }
 
+// Fixed: a selected path row keeps its 30000; it comes back selected, unlike a drawing row.
 void appendPaths(std::string& out, const DrawingStore& store) {
   for (int ps = 1; ps <= store.NumPathSegments; ++ps) {
     RowText row;

@@ -7,10 +7,11 @@
 #include <string>
 #include <string_view>
 
-#include "core/drawing_store.h"
 #include "core/field_reader.h"
 
 namespace tess {
+
+struct DrawingStore;
 
 inline constexpr char kDrawingVersion[] = "1.0";
 

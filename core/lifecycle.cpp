@@ -7,6 +7,7 @@
 #include "core/core_commands.h"
 #include "core/date_text.h"
 #include "core/drawing_file.h"
+#include "core/drawing_store.h"
 #include "core/file_system.h"
 #include "core/file_writer.h"
 #include "core/recent_files.h"
@@ -72,6 +73,7 @@ void loadOrReport(Session& session, const std::string& path) {
   }
 }
 
+// Fixed: any extension becomes .CDM and a missing file is silence; shortcuts of shops rely on it.
 void loadFromCommandLine(Session& session) {
   if (session.cmdline.size() <= 1) return;
   if (const auto path = drawingOfCommandLine(session)) {
@@ -84,6 +86,7 @@ void loadFromCommandLine(Session& session) {
 
 void fallBackToStandardMaterial(DrawingStore& store) {
   if (!store.defaults.partmaterial.empty() || !store.materialcategory.empty()) return;
+  // Fixed: the category is spelled so; setups and drawings hold it.
   store.materialcategory = "Alluminum Alloys";
   store.defaults.partmaterial = "Wrought Aluminum Alloys 5000 6000 7000 Series";
   store.parthardness.clear();
@@ -259,6 +262,7 @@ void smart_New(Session& session) {
   updateStatusDisplay(session);
 }
 
+// Fixed: a Yes on the way to another drawing saves and stops; operators choose Open again.
 bool safe_EXIT(Session& session, bool frmunloading) {
   const Procedure here("safe_EXIT(frmunloading)");
   if (!isUnsaved(session)) {
@@ -312,6 +316,7 @@ void mnuFileOpen_Click(Session& session) {
   if (safe_EXIT(session, false) && select_file(session)) load_Drawing(session);
 }
 
+// Fixed: unsaved work is not asked about; scripts would stop at the question.
 void openRecentFile(Session& session, std::string_view toolName) {
   const Procedure here("openRecentFile(toolName)");
   const int slot = toolName.empty() ? 0 : toolName.back() - '0';
@@ -336,6 +341,7 @@ void dropFiles(Session& session, std::span<const std::string> names) {
   showDrawingName(session);
 }
 
+// Fixed: only the .CDM goes; who deletes by mistake still has the paths.
 void mnuFileDelete_Click(Session& session) {
   const Procedure here("mnuFileDelete_Click()");
   const std::string drawingname = session.store.drawingname;

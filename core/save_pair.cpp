@@ -7,6 +7,7 @@
 
 #include "core/drawing_format.h"
 #include "core/drawing_pair.h"
+#include "core/drawing_store.h"
 #include "core/file_system.h"
 #include "core/replace_files.h"
 #include "core/save_record.h"

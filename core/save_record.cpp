@@ -11,6 +11,7 @@
 #include "core/date_text.h"
 #include "core/file_system.h"
 #include "core/file_writer.h"
+#include "core/runtime_failure.h"
 #include "core/text.h"
 
 namespace tess {

@@ -7,11 +7,12 @@
 #include <stdexcept>
 #include <string>
 
-#include "core/drawing_store.h"
 #include "core/host.h"
 #include "core/open_drawing.h"
 
 namespace tess {
+
+struct DrawingStore;
 
 // Patterns for numbers. The two cncfmt ones may be replaced by the post definition; the last three
 // are those in use and follow the units of the drawing.

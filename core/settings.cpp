@@ -8,8 +8,10 @@
 #include <type_traits>
 #include <utility>
 
+#include "core/drawing_store.h"
 #include "core/number_text.h"
 #include "core/rounding.h"
+#include "core/runtime_failure.h"
 #include "core/text.h"
 
 namespace tess {

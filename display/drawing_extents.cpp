@@ -4,7 +4,9 @@
 #include <algorithm>
 #include <cmath>
 
+#include "core/drawing_store.h"
 #include "geometry/float_angles.h"
+#include "geometry/row_entity.h"
 
 namespace tess {
 
@@ -21,6 +23,7 @@ class ExtentsBox {
     box_.maxy = std::max(box_.maxy, p.y);
   }
 
+  // Fixed: a lone upright or level line has no extents; Zoom Extents leaves the view alone then.
   bool hasArea() const { return !empty_ && box_.minx < box_.maxx && box_.miny < box_.maxy; }
   const DrawingExtents& box() const { return box_; }
 
@@ -38,6 +41,7 @@ bool sweepsAcrossZero(int type, const ArcAngles& arc) {
   return type == kClockwiseArc ? arc.start < arc.end : arc.start > arc.end;
 }
 
+// Fixed: three samples, not the quadrants; extents of arcs and aligned imports would move.
 void addArc(ExtentsBox& box, const Entity& arc) {
   const ArcAngles angles = arcRadiusAndAngles(arc.start, arc.end, arc.center);
   if (angles.start == angles.end) return addCircle(box, arc.center, angles.radius);

@@ -4,10 +4,11 @@
 
 #include <optional>
 
-#include "core/drawing_store.h"
 #include "geometry/entity.h"
 
 namespace tess {
+
+struct DrawingStore;
 
 struct DrawingExtents {
   float minx = 0, miny = 0, maxx = 0, maxy = 0;

@@ -3,6 +3,7 @@
 
 #include <array>
 
+#include "core/drawing_store.h"
 #include "core/rounding.h"
 
 namespace tess {
@@ -46,6 +47,7 @@ Rgb slotColor(const DrawingStore& store, ColorSlot slot) {
 Rgb pathColor(const DrawingStore& store, int ps) {
   const int code = store.pscode[ps];
   if (isSelected(code)) return slotColor(store, ColorSlot::Select);
+  // Fixed: a path color passes through a float; direct colors keep 24 bits.
   const Rgb color = ColorOf(store.toolcolor[toolIndex(code)]);
   return roundHalfEven(static_cast<double>(static_cast<float>(color)));
 }

@@ -5,9 +5,9 @@
 
 #include <cstdint>
 
-#include "core/drawing_store.h"
-
 namespace tess {
+
+struct DrawingStore;
 
 // Red in the lowest byte, then green, then blue.
 using Rgb = std::int32_t;

@@ -1,6 +1,7 @@
 // The painting order, in its two forms.
 #include "display/redraw_sequence.h"
 
+#include "core/drawing_store.h"
 #include "display/screen_marks.h"
 
 namespace tess {
@@ -92,7 +93,7 @@ void RedrawSequence::paintPartTemplate(DrawingTarget& target) {
     screen->TraceLine(corners, color, kFilledBox);
     return;
   }
-  // Round stock lies about world zero, whatever the origin words say.
+  // Fixed: round stock lies about world zero whatever the origin says; turned parts are drawn so.
   const FillMode fillStyle = screen->FillStyle();
   const Rgb fillColor = screen->FillColor();
   screen->setFillStyle(FillMode::Solid);

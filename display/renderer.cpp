@@ -4,7 +4,9 @@
 #include <cmath>
 #include <utility>
 
+#include "core/drawing_store.h"
 #include "geometry/float_angles.h"
+#include "geometry/row_entity.h"
 
 namespace tess {
 
@@ -45,7 +47,7 @@ Rgb Renderer::stateColor(int sg) {
   return slotColor(store_, ColorSlot::Draw);
 }
 
-// A change of colour is announced to the target by a line without length.
+// Fixed: a line without length announces a change of colour; recorded pictures list it.
 void Renderer::rememberColor(DrawingTarget& target) {
   if (entityColor_ != rememberedColor_) target.TraceLine({0, 0, 0, 0}, entityColor_);
   rememberedColor_ = entityColor_;
@@ -83,7 +85,7 @@ void Renderer::DrawLine(const WorldBox& ends, Rgb color, DrawingTarget& target) 
     screen->setDrawMode(PenMode::Copy);
     screen->setDrawStyle(PenStyle::Solid);
   }
-  // Twice, as it has always been.
+  // Fixed: each line is traced twice; targets that record or count their strokes would differ.
   target.TraceLine(ends, color);
   target.TraceLine(ends, color);
   if (!markersShown()) return;
@@ -103,6 +105,7 @@ void Renderer::DrawArc(const Entity& arc, Rgb color, DrawingTarget& target) {
                        1.0F);
   }
   if (target.screen() == nullptr || !markersShown()) return;
+  // Fixed: ends of arcs take the color of the target; pictures show them beside those of lines.
   endMarkers(arc, /*color=*/{}, target);
 }
 
@@ -120,6 +123,7 @@ void Renderer::DisplayGrid(DrawingTarget& target) {
   const GridSide up{bottom, top, target.Height()};
   const GridSide onward{left, right, target.Width()};
   const GridSide back{-right, -left, target.Width()};
+  // Fixed: the lines through zero are traced by both sides; recorded pictures list them twice.
   gridLines(-1, down, row, target);
   gridLines(+1, up, row, target);
   gridLines(+1, onward, column, target);

@@ -4,13 +4,15 @@
 
 #include <optional>
 
-#include "core/drawing_store.h"
+#include "core/drawing_rows.h"
 #include "core/host.h"
 #include "display/drawing_target.h"
 #include "display/grid_lines.h"
 #include "geometry/entity.h"
 
 namespace tess {
+
+struct DrawingStore;
 
 // The straight way from an entity's start to its end.
 inline WorldBox lineOf(const Entity& entity) {

@@ -7,10 +7,12 @@
 #include <utility>
 
 #include "core/division.h"
+#include "core/drawing_store.h"
 #include "display/arrowheads.h"
 #include "display/disc_row.h"
 #include "display/renderer.h"
 #include "geometry/float_angles.h"
+#include "geometry/row_entity.h"
 
 namespace tess {
 

@@ -3,6 +3,7 @@
 
 #include <cmath>
 
+#include "core/drawing_store.h"
 #include "core/file_system.h"
 #include "display/display_commands.h"
 
@@ -52,6 +53,7 @@ void ViewCommands::setview(std::optional<double> x, std::optional<double> y) {
   parts_.redraw.redrawscreen();
 }
 
+// Fixed: (0, 0) stands for no place; zooming there keeps the view where it is.
 void ViewCommands::centreAt(double x, double y) {
   if (x == 0 && y == 0) {
     setview();
@@ -140,6 +142,10 @@ Point ViewCommands::inPresentView(const PanDrag& drag, Point pointer) const {
 
 void ViewCommands::interrupt() {
   interrupted_ = {parts_.armed.pendingaction(), parts_.armed.DrawMode()};
+}
+
+void ViewCommands::mnuViewCenter_Click() {
+  setview(parts_.store.markerx, parts_.store.markery);
 }
 
 void ViewCommands::mnuViewZoomWindow_Click() {

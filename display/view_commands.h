@@ -15,6 +15,8 @@
 
 namespace tess {
 
+struct DrawingStore;
+
 // What the view commands ask of the main window round the surface.
 class ViewHost {
  public:
@@ -99,7 +101,7 @@ class ViewCommands {
   void showPanPointer();
 
   void mnuViewReDraw_Click() { parts_.redraw.redrawscreen(); }
-  void mnuViewCenter_Click() { setview(parts_.store.markerx, parts_.store.markery); }
+  void mnuViewCenter_Click();
   void mnuViewZoomIn_Click() { Zoom_In(0, 0); }
   void mnuViewZoomOut_Click() { Zoom_out(0, 0); }
   void mnuViewZoomWindow_Click();

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "core/division.h"
+#include "core/drawing_store.h"
 #include "core/number_text.h"
 #include "core/rounding.h"
 #include "geometry/float_points.h"

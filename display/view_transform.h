@@ -7,6 +7,7 @@
 
 #include <string>
 
+#include "core/int16.h"
 #include "display/drawing_target.h"
 
 namespace tess {

@@ -6,6 +6,7 @@
 #include <exception>
 #include <utility>
 
+#include "core/drawing_store.h"
 #include "core/rounding.h"
 #include "drafting/path_difference.h"
 

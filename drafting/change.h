@@ -10,6 +10,7 @@
 #include <span>
 #include <vector>
 
+#include "core/column.h"
 #include "core/observer_list.h"
 #include "drafting/change_log.h"
 #include "drafting/edit_list.h"

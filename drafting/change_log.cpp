@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "core/drawing_store.h"
 #include "core/rounding.h"
 #include "core/runtime_failure.h"
 #include "core/text.h"

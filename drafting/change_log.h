@@ -10,9 +10,11 @@
 #include <variant>
 #include <vector>
 
-#include "core/drawing_store.h"
+#include "core/drawing_rows.h"
 
 namespace tess {
+
+struct DrawingStore;
 
 // Where a record's row lives.
 inline constexpr int kDrawingTable = 0;

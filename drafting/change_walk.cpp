@@ -10,6 +10,7 @@
 #include <utility>
 #include <vector>
 
+#include "core/drawing_store.h"
 #include "core/runtime_failure.h"
 #include "geometry/end_point_index.h"
 

@@ -1,6 +1,7 @@
 // Position Cursor.
 #include "drafting/dlgPositionCursor.h"
 
+#include "core/drawing_store.h"
 #include "core/number_text.h"
 
 namespace tess {

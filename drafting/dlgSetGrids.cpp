@@ -1,6 +1,7 @@
 // Grid Setup.
 #include "drafting/dlgSetGrids.h"
 
+#include "core/drawing_store.h"
 #include "core/number_text.h"
 #include "drafting/drafting_commands.h"
 #include "drafting/grids.h"

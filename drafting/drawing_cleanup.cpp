@@ -5,7 +5,9 @@
 #include <cstdint>
 #include <vector>
 
+#include "core/drawing_store.h"
 #include "geometry/entity.h"
+#include "geometry/row_entity.h"
 
 namespace tess {
 namespace {
@@ -85,6 +87,7 @@ Rows zeroLengthRows(const DrawingStore& store) {
   return found;
 }
 
+// Fixed: a clean-up is not logged; undo passes it over.
 void deleteRows(Changes& changes, const Rows& doomed) {
   Change change(changes);
   change.segments.erase(doomed, Entry::Unlogged);

@@ -9,6 +9,7 @@
 
 #include "core/byte_stream.h"
 #include "core/checksum.h"
+#include "core/drawing_store.h"
 #include "core/settings.h"
 
 namespace tess {

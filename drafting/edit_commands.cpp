@@ -1,6 +1,7 @@
 // The commands of the edit menu that arm an action.
 #include "drafting/edit_commands.h"
 
+#include "core/drawing_store.h"
 #include "drafting/drafting_commands.h"
 #include "drafting/pending_actions.h"
 #include "drafting/selection.h"

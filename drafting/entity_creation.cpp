@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "core/drawing_store.h"
 #include "display/screen_marks.h"
 #include "drafting/drafting_commands.h"
 #include "drafting/rubber_band.h"
@@ -57,7 +58,7 @@ void addRow(Desk& desk, const SegmentRow& row, PictureBoxProxy& target) {
   addRows(desk, {&row, 1}, target, kRowsAdded);
 }
 
-// A whole circle travels as a clockwise arc that ends where it starts.
+// Fixed: a drawn circle is a clockwise arc that ends where it starts; only files hold kind 5.
 SegmentRow circleRow(Point on, Point center) {
   return {.type = kClockwiseArc,
           .x0 = on.x,
@@ -154,6 +155,7 @@ void drawCircle3PMode(Desk& desk, PictureBoxProxy& target) {
 
 // The sense in which the arc from marker to second point passes the direction of (x, y). Where both
 // senses hold, counter-clockwise wins.
+// Fixed: where both senses hold the arc is counter-clockwise; full turns were drawn so.
 int senseThrough(const ArcScratch& arc, float x, float y) {
   const Point center{arc.arccx, arc.arccy};
   const float a = vectorAngle(center, {arc.arcx0, arc.arcy0});

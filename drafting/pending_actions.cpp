@@ -4,6 +4,7 @@
 #include <cmath>
 #include <span>
 
+#include "core/drawing_store.h"
 #include "core/number_text.h"
 #include "core/runtime_failure.h"
 #include "drafting/entity_creation.h"

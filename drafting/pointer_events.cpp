@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "core/drawing_store.h"
 #include "core/rounding.h"
 #include "display/display_commands.h"
 #include "drafting/entity_creation.h"

@@ -3,6 +3,8 @@
 
 #include <algorithm>
 
+#include "core/drawing_store.h"
+
 namespace tess {
 namespace {
 

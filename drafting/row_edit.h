@@ -6,9 +6,11 @@
 #include <cstdint>
 #include <span>
 
-#include "core/drawing_store.h"
+#include "core/drawing_rows.h"
 
 namespace tess {
+
+struct DrawingStore;
 
 enum class EditKind : std::uint8_t { Insert, Replace, Erase };
 

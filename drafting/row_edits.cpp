@@ -3,6 +3,8 @@
 
 #include <vector>
 
+#include "core/drawing_store.h"
+
 namespace tess {
 namespace {
 

@@ -1,6 +1,8 @@
 // New Start Position.
 #include "drafting/start_position.h"
 
+#include "core/drawing_store.h"
+
 namespace tess {
 
 void clickStartPosition(Desk& desk) {

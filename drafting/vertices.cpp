@@ -1,7 +1,9 @@
 // How many rows end at a point.
 #include "drafting/vertices.h"
 
+#include "core/drawing_store.h"
 #include "geometry/entity.h"
+#include "geometry/row_entity.h"
 
 namespace tess {
 namespace {

@@ -2,10 +2,11 @@
 // Owns: linesEndingAt, pathsEndingAt.
 #pragma once
 
-#include "core/drawing_store.h"
 #include "geometry/float_points.h"
 
 namespace tess {
+
+struct DrawingStore;
 
 // Lines of the drawing with an end that is samePoint to `at`; one with both ends there counts once.
 int linesEndingAt(const DrawingStore& store, Point at);

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "core/drawing_format.h"
+#include "core/drawing_store.h"
 #include "core/runtime_failure.h"
 
 namespace {

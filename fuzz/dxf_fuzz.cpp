@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <string>
 
+#include "core/drawing_store.h"
 #include "core/runtime_failure.h"
 #include "import/dxf_import.h"
 #include "import/load_dxf.h"

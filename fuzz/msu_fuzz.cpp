@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <string>
 
+#include "core/drawing_store.h"
 #include "core/runtime_failure.h"
 #include "core/setup_file.h"
 #include "tests/support/recording_session.h"

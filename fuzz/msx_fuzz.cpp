@@ -8,6 +8,7 @@
 
 #include "cnc/cnc_program.h"
 #include "cnc/program_text.h"
+#include "core/drawing_store.h"
 #include "core/field_reader.h"
 #include "core/runtime_failure.h"
 #include "core/units.h"

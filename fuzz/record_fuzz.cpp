@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "core/drawing_store.h"
 #include "drafting/drawing_record.h"
 
 namespace {

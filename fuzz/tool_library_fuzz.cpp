@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "core/drawing_store.h"
 #include "tools/tool_library.h"
 
 namespace {

@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "core/drawing_store.h"
 #include "geometry/row_boxes.h"
 
 namespace tess {

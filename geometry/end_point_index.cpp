@@ -8,6 +8,8 @@
 #include <cmath>
 #include <cstdint>
 
+#include "core/drawing_store.h"
+
 namespace tess {
 namespace {
 
@@ -174,6 +176,14 @@ EndPointIndex pathEndIndex(const DrawingStore& store, float tolerence) {
   for (int ps = rows; ps >= 1; --ps)
     index.update(ps, {store.psx0[ps], store.psy0[ps]}, {store.psx1[ps], store.psy1[ps]});
   return index;
+}
+
+EndPointIndex segmentEndIndex(const DrawingStore& store) {
+  return segmentEndIndex(store, store.cfg_tolerance);
+}
+
+EndPointIndex pathEndIndex(const DrawingStore& store) {
+  return pathEndIndex(store, store.cfg_tolerance);
 }
 
 }  // namespace tess

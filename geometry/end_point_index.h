@@ -7,10 +7,11 @@
 
 #include <vector>
 
-#include "core/drawing_store.h"
 #include "geometry/float_points.h"
 
 namespace tess {
+
+struct DrawingStore;
 
 // A row that has an end at the point asked for.
 struct EndMatch {
@@ -67,11 +68,7 @@ class EndPointIndex {
 // The ends of all rows, with the drawing's tolerance or another one.
 EndPointIndex segmentEndIndex(const DrawingStore& store, float tolerence);
 EndPointIndex pathEndIndex(const DrawingStore& store, float tolerence);
-inline EndPointIndex segmentEndIndex(const DrawingStore& store) {
-  return segmentEndIndex(store, store.cfg_tolerance);
-}
-inline EndPointIndex pathEndIndex(const DrawingStore& store) {
-  return pathEndIndex(store, store.cfg_tolerance);
-}
+EndPointIndex segmentEndIndex(const DrawingStore& store);
+EndPointIndex pathEndIndex(const DrawingStore& store);
 
 }  // namespace tess

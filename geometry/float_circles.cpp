@@ -22,6 +22,7 @@ Bisector bisectorOf(Point a, Point b) {
 }
 
 // Tested on the rounded 32-bit value: a radius that falls short by rounding alone still counts.
+// Fixed: what rounds to 0.000 is not negative; arcs clicked a little too small would fail.
 bool isTooNegative(double discriminant) {
   return roundTo(narrow(discriminant), 3) < 0;
 }

@@ -1,9 +1,7 @@
 // Circles from points, and circles met by lines.
 //
 // The three branches of a line that meets a circle (horizontal, vertical, sloped) judge tangency
-// differently.
-// Fixed: by distance, by squared distance, and with no tolerance at all; joints of offset outlines
-// rest on each as it stands, so none may be aligned with another.
+// differently: by distance, by squared distance, and with no tolerance at all.
 // Owns: Circle, Bisector, CircleHits, AxisHits, circleFrom3Points, perpBisector, centersFromChord,
 //       lineCircle, slopeLineCircle, horizontalCircle, verticalCircle.
 #pragma once
@@ -49,10 +47,12 @@ CircleHits lineCircle(Point through, double slope, const Circle& circle, float t
 
 // The line y = slope*x + intercept. Steeper than kSteepSlope it takes x = -intercept/(2*slope),
 // which is right for the radical line of two arcs whose centres have the same y, and for no other.
+// Fixed: a steep line takes half its x; two arcs with centres at one height meet by that alone.
 CircleHits slopeLineCircle(double slope, double intercept, const Circle& circle, float tolerence);
 
 // The same of a line along an axis, by the hits' places on it: x on the horizontal line at y, y on
 // the vertical one at x.
+// Fixed: each branch judges tangency its own way; joints of offset outlines rest on all three.
 struct AxisHits {
   Miss miss = Miss::NoHit;
   bool tangent = false;

@@ -15,8 +15,8 @@ inline constexpr double kThreePi = 9.424778F;
 // Stands in for a divisor that is exactly 0.
 inline constexpr double kZeroStandIn = 1e-6;
 
-// How far a point may lie outside a segment's box and still count as on it. Fixed: neither the
-// drawing's tolerance nor its unit changes it.
+// How far a point may lie outside a segment's box and still count as on it.
+// Fixed: neither the tolerance nor the unit changes the margin; joints of outlines would move.
 inline constexpr double kSegBoxMargin = 0.0015;
 
 // A slope below the first counts as horizontal, above the second as vertical.

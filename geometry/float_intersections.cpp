@@ -1,9 +1,11 @@
 // Crossings, split by kind and brought together in one table of pairs.
 #include "geometry/float_intersections.h"
 
+#include "core/drawing_store.h"
 #include "core/rounding.h"
 #include "geometry/float_angles.h"
 #include "geometry/float_circles.h"
+#include "geometry/row_entity.h"
 
 namespace tess {
 namespace {
@@ -40,6 +42,7 @@ struct PairRule {
   PairRoutine routine;
 };
 
+// Fixed: circles, rectangles and cycles meet nothing; folds at them have never been cut.
 constexpr PairRule kPairRules[] = {
     {11, lineWithLine},  {12, intersectLineArc}, {13, intersectLineArc},
     {21, arcWithLine},   {31, arcWithLine},      {22, intersectArcs},

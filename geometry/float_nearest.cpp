@@ -4,8 +4,10 @@
 
 #include <algorithm>
 
+#include "core/drawing_store.h"
 #include "geometry/float_angles.h"
 #include "geometry/float_circles.h"
+#include "geometry/row_entity.h"
 
 namespace tess {
 namespace {
@@ -53,6 +55,7 @@ Point nearerOf(const PointPair& points, Point at) {
 
 }  // namespace
 
+// Fixed: x and y are clamped each for itself, off a slanted line; picks beyond an end go by it.
 Point nearestOnLine(Point start, Point end, Point at) {
   const Foot foot = footOnLine(start, end, at);
   return {clampedBetween(foot.x, start.x, end.x), clampedBetween(foot.y, start.y, end.y)};
@@ -70,7 +73,7 @@ Point nearestOnRect(Point corner, Point opposite, Point at) {
 }
 
 NearestPoint nearestOnArc(const Entity& arc, Point at, float tolerence) {
-  // By the end point, where every other routine goes by the start.
+  // Fixed: by the end point, where all else goes by the start; picks of uneven arcs would differ.
   const Circle circle{arc.center, distance(arc.end, arc.center)};
   const CircleHits hits = castThroughCenter(circle, at, tolerence);
   if (!hits) return {.miss = hits.miss};

@@ -43,7 +43,7 @@ NearestPoint nearestOnCircle(Point center, Point onCircle, Point at, float toler
 NearestPoint nearestOnSeg(const DrawingStore& store, int sg, Point at);
 
 // The same for path row `ps`: lines, arcs and the cycles that are points.
-// Fixed: any other kind answers with (0, 0), and scripts are told that it was found.
+// Fixed: any other kind answers with (0, 0); scripts are told that it was found.
 NearestPoint nearestOnPathSeg(const DrawingStore& store, int ps, Point at);
 
 // The same for entities already taken from the tables.

@@ -3,8 +3,10 @@
 
 #include <array>
 
+#include "core/drawing_store.h"
 #include "geometry/float_nearest.h"
 #include "geometry/row_boxes.h"
+#include "geometry/row_entity.h"
 
 namespace tess {
 namespace {
@@ -50,6 +52,7 @@ std::optional<Point> nearestEnd(int rows, Point at, Counts counts, EndsOf endsOf
   return best < kFarthest ? std::optional(nearest) : std::nullopt;
 }
 
+// Fixed: a group is its number less 1 with tool index 0; scripts ask for groups that way.
 bool inGroup(const DrawingStore& store, int ps, double group) {
   return group == 0 || store.pscode[ps] / 100.0 + 1 == group;
 }
@@ -71,6 +74,7 @@ int nearestArcSeg(const DrawingStore& store, Point at) {
 int nearestRoundSeg(const DrawingStore& store, Point at) {
   return nearestRow(store.NumSegments, at, [&](int sg) {
     if (!isRound(store.segtype[sg])) return NearestPoint{};
+    // Fixed: circles are measured as arcs too; Change Radius picks by it.
     return nearestOnArc(segmentEntity(store, sg), at, store.cfg_tolerance);
   });
 }

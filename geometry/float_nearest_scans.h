@@ -10,11 +10,12 @@
 
 #include <optional>
 
-#include "core/drawing_store.h"
 #include "geometry/float_nearest.h"
 #include "geometry/float_points.h"
 
 namespace tess {
+
+struct DrawingStore;
 
 // Lines; clockwise and counter-clockwise arcs; these and circles, which are measured as arcs too.
 int nearestLineSeg(const DrawingStore& store, Point at);

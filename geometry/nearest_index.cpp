@@ -5,8 +5,10 @@
 #include <algorithm>
 #include <cmath>
 
+#include "core/drawing_store.h"
 #include "geometry/float_nearest_scans.h"
 #include "geometry/row_boxes.h"
+#include "geometry/row_entity.h"
 
 namespace tess {
 namespace {

@@ -6,11 +6,12 @@
 #include <optional>
 #include <vector>
 
-#include "core/drawing_store.h"
 #include "geometry/box_index.h"
 #include "geometry/entity.h"
 
 namespace tess {
+
+struct DrawingStore;
 
 // A row to be found, or none where a row is hidden.
 using FindableRow = std::optional<Entity>;

@@ -4,7 +4,9 @@
 #include <algorithm>
 #include <cmath>
 
+#include "core/drawing_store.h"
 #include "geometry/float_angles.h"
+#include "geometry/row_entity.h"
 
 namespace tess {
 namespace {

@@ -5,6 +5,7 @@
 #include <numbers>
 #include <optional>
 
+#include "core/drawing_store.h"
 #include "core/text.h"
 #include "display/drawing_extents.h"
 #include "geometry/entity.h"
@@ -70,8 +71,8 @@ void Conversion::convert(const DxfEntity& entity) {
   if (!convertAs(type, entity) && !convertAs(upperCased(type), entity)) rows_.addUnconverted(type);
 }
 
-// Edges run straight whatever their bulge, and a closed polyline lacks its last one: drawings made
-// so have been cut, and exact geometry is an option of its own.
+// Exact geometry is an option of its own.
+// Fixed: edges run straight and a closed polyline lacks its last; drawings made so have been cut.
 void Conversion::addPolyline(const DxfEntity& entity) {
   const std::vector<DxfVertex>& vertices = entity.Vertexes;
   for (std::size_t at = 1; at < vertices.size(); ++at) {
@@ -90,6 +91,7 @@ bool Conversion::meetsLastEnd(double x, double y) const {
 
 void Conversion::addLine(const DxfEntity& entity) {
   DxfRow row{.x0 = entity.x0, .y0 = entity.y0, .x1 = entity.x1, .y1 = entity.y1};
+  // Fixed: a line is turned round where its end meets the last; chains are imported head to tail.
   if (meetsLastEnd(entity.x1, entity.y1)) {
     row = {.x0 = entity.x1, .y0 = entity.y1, .x1 = entity.x0, .y1 = entity.y0};
   }
@@ -109,7 +111,7 @@ void Conversion::addArc(const DxfEntity& entity) {
   if (rows_.add(row)) lastEnd_ = {row.x1, row.y1};
 }
 
-// A clockwise arc whose ends are one is drawn as a whole circle.
+// Fixed: a circle comes as a clockwise arc whose ends are one; so do drawn circles.
 void Conversion::addCircle(const DxfEntity& entity) {
   const double x = entity.x0 + entity.g40;
   const DxfRow row{.type = kClockwiseArc,

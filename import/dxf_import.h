@@ -3,11 +3,12 @@
 // Owns: DxfImportOptions, importDxf, convertDxf, alignRows.
 #pragma once
 
-#include "core/drawing_store.h"
 #include "import/dxf_document.h"
 #include "import/dxf_rows.h"
 
 namespace tess {
+
+struct DrawingStore;
 
 struct DxfImportOptions {
   bool connectPoints = false;  // a line from each POINT to the next

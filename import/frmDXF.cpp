@@ -1,6 +1,7 @@
 // Import DXF.
 #include "import/frmDXF.h"
 
+#include "core/drawing_store.h"
 #include "core/file_system.h"
 #include "core/lifecycle.h"
 #include "core/text.h"

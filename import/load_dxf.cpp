@@ -124,7 +124,7 @@ class PlainEntities {
          .yc = groups_.y0});
   }
 
-  // An edge takes the bulge of the vertex where it ends, and no centre is computed for it.
+  // Fixed: an edge takes the bulge of its end vertex and no centre; scripts read such rows.
   void completeVertex() {
     const Point vertex{groups_.x0, groups_.y0};
     if (runStart_) {

@@ -3,6 +3,7 @@
 
 #include <utility>
 
+#include "core/drawing_store.h"
 #include "core/lifecycle.h"
 #include "core/version.h"
 #include "drafting/grids.h"
@@ -29,7 +30,8 @@ std::unique_ptr<Timer> GuardedTimers::create(const TimerSpec& spec, std::functio
 }
 
 Application::Application(const Platform& platform)
-    : reporting_(platform.reporting),
+    : ownStore_(std::make_unique<DrawingStore>()),
+      reporting_(platform.reporting),
       timers_(platform.screen.timers, platform.reporting),
       session(store, platform.host, listener_),
       interaction(session, {platform.screen.picDrawing, platform.screen.pointer, timers_,

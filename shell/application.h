@@ -10,7 +10,6 @@
 
 #include "cnc/cnc_program.h"
 #include "cnc/post_definition.h"
-#include "core/drawing_store.h"
 #include "core/session.h"
 #include "drafting/pointer_events.h"
 #include "shell/edit_journal.h"
@@ -19,6 +18,8 @@
 #include "shell/interaction.h"
 
 namespace tess {
+
+struct DrawingStore;
 
 struct KeyStroke;
 
@@ -41,6 +42,9 @@ class GuardedTimers : public Timers {
 };
 
 class Application {
+  // Apart, so that whoever only hands the application on need not know what a store is made of.
+  std::unique_ptr<DrawingStore> ownStore_;
+
  public:
   explicit Application(const Platform& platform);
   ~Application();
@@ -73,7 +77,7 @@ class Application {
 
   void customizeTools();
 
-  DrawingStore store;
+  DrawingStore& store = *ownStore_;
   PostDefinition definition;
   CncState cnc;
   ProgramViewer viewer;

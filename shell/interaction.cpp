@@ -1,6 +1,7 @@
 // The interactive half of the program, wired together.
 #include "shell/interaction.h"
 
+#include "core/drawing_store.h"
 #include "core/lifecycle.h"
 #include "core/recent_files.h"
 #include "display/display_commands.h"

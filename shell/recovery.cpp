@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "core/date_text.h"
+#include "core/drawing_store.h"
 #include "core/file_system.h"
 #include "core/lifecycle.h"
 #include "core/save_pair.h"

@@ -1,6 +1,7 @@
 // The desk of the tool-path commands.
 #include "toolpath/cam_desk.h"
 
+#include "core/drawing_store.h"
 #include "toolpath/toolpath_commands.h"
 
 namespace tess {

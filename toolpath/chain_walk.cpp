@@ -2,6 +2,8 @@
 // is followed where an unselected row branches off it.
 #include "toolpath/chain_walk.h"
 
+#include "core/drawing_store.h"
+
 namespace tess {
 namespace {
 

@@ -5,11 +5,12 @@
 #include <optional>
 #include <vector>
 
-#include "core/drawing_store.h"
 #include "geometry/end_point_index.h"
 #include "geometry/float_points.h"
 
 namespace tess {
+
+struct DrawingStore;
 
 // The row found and its other end.
 struct ChainStep {

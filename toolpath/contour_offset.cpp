@@ -4,6 +4,7 @@
 #include <cmath>
 #include <vector>
 
+#include "core/drawing_store.h"
 #include "display/view_transform.h"
 #include "drafting/row_edits.h"
 #include "geometry/float_nearest.h"
@@ -19,6 +20,7 @@ namespace {
 constexpr int kSelectedRow = kSelected + kOrdinaryClass;
 
 // A click this near to the profile lies on it: less than five pixels when rounded to whole ones.
+// Fixed: within five pixels a click lies on the profile; the zoom decides about the side.
 constexpr double kDeadBandPixels = 4.5;
 
 int signOnScreen(const CamDesk& cam, double difference) {
@@ -39,7 +41,7 @@ int sideOfArc(const CamDesk& cam, const Entity& arc, SideSigns reference, Point 
   return arcSense(arc.type) * signOnScreen(cam, outside);
 }
 
-// A pocket decides the side of a line; that of an arc comes from the click all the same.
+// Fixed: a pocket decides the side of a line, the click that of an arc; rings begin so.
 int sideOfPath(const CamDesk& cam, const OffsetOrder& order, const Entity& first) {
   if (order.exactMode) return 0;
   if (isArc(first.type)) {

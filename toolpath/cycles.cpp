@@ -1,9 +1,11 @@
 // Machine cycles.
 #include "toolpath/cycles.h"
 
+#include "core/drawing_store.h"
 #include "core/number_text.h"
 #include "drafting/pending_actions.h"
 #include "geometry/entity.h"
+#include "geometry/row_entity.h"
 #include "toolpath/dlgSelectCycle.h"
 #include "toolpath/toolpath_commands.h"
 
@@ -54,7 +56,7 @@ Point marker(const DrawingStore& store) {
   return {store.markerx, store.markery};
 }
 
-// A full turn is told by equal floats: an arc that merely closes within the tolerance is open.
+// Fixed: a full turn is told by equal floats; arcs that merely nearly close get no hole.
 bool isSelectedCircle(const DrawingStore& store, int sg) {
   if (!isSelected(store.segattr[sg])) return false;
   const Entity row = segmentEntity(store, sg);
@@ -74,8 +76,7 @@ void clickPlaceCycle(CamDesk& cam) {
   placeInNewGroup(cam, cycle, from, click);
 }
 
-// Fixed: the first template is not repeated, as its number, 0, stood for no choice; a further click
-// after it places nothing, and scripts go by that.
+// Fixed: the first template is not repeated, as 0 stood for no choice; scripts go by that.
 void repeatPlacing(CamDesk& cam) {
   if (cam.selectedCycle.value_or(0) >= 1) armPlacing(cam);
 }

@@ -1,6 +1,7 @@
 // Pocketing & Profiling Parameters.
 #include "toolpath/dlgPocketingPrm.h"
 
+#include "core/drawing_store.h"
 #include "core/number_text.h"
 #include "core/settings.h"
 #include "core/text.h"

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 
+#include "core/drawing_store.h"
 #include "core/number_text.h"
 #include "toolpath/cycles.h"
 
@@ -68,7 +69,7 @@ void dlgSelectCycle::show(const Field& field) {
   field.box.setText(field.isDepth ? formatNumber(value, format) : plainText(value));
 }
 
-// A field that is left writes its number into the template, which Cancel does not take back.
+// Fixed: a field that is left writes into the template; Cancel does not take it back.
 void dlgSelectCycle::keep(const Field& field) {
   if (hasTemplate()) (cam_.store.*field.column)[template_] = parseFloat(field.box.text());
   show(field);

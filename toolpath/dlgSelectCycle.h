@@ -7,6 +7,7 @@
 #include <optional>
 
 #include "core/controls.h"
+#include "core/drawing_store.h"
 #include "core/form.h"
 #include "toolpath/cam_desk.h"
 

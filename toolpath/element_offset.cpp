@@ -1,7 +1,9 @@
 // Elements, joints, and the walk that puts both together.
 #include "toolpath/element_offset.h"
 
+#include "core/drawing_store.h"
 #include "geometry/float_intersections.h"
+#include "geometry/row_entity.h"
 
 namespace tess {
 namespace {
@@ -86,6 +88,7 @@ bool OffsetChain::append(const Entity& along) {
     if (!element) return false;
     last_ = *element;
   } else {
+    // Fixed: a circle or rectangle repeats the last places under its kind; files hold such rows.
     last_.type = along.type;
   }
   elements_.push_back(last_);
@@ -113,8 +116,8 @@ void OffsetChain::join(std::size_t earlier, std::size_t later, Point corner) {
   bridges_.push_back(earlier + 1);
 }
 
-// Of two hits the second one counts, however far it lies. An element that closes on itself has no
-// crossing.
+// An element that closes on itself has no crossing.
+// Fixed: of two hits the second counts, however far it lies; joints of stored paths are there.
 bool OffsetChain::trim(std::size_t earlier, std::size_t later) {
   if (earlier == later) return false;
   const Crossing crossing =

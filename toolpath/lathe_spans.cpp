@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "core/drawing_store.h"
 #include "geometry/float_points.h"
 
 namespace tess {

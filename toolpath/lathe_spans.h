@@ -4,9 +4,9 @@
 
 #include <vector>
 
-#include "core/drawing_store.h"
-
 namespace tess {
+
+struct DrawingStore;
 
 struct LatheSpan {
   float spanMin = 0, spanMax = 0;

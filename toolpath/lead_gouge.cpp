@@ -1,8 +1,10 @@
 // Leads that cut into the path they belong to: finding them and shortening them.
 #include <optional>
 
+#include "core/drawing_store.h"
 #include "core/rounding.h"
 #include "geometry/float_intersections.h"
+#include "geometry/row_entity.h"
 #include "toolpath/lead_moves.h"
 
 namespace tess {
@@ -27,8 +29,7 @@ float roundedWay(Point from, Point to) {
   return roundTo(distance(from, to), kLengthDecimals);
 }
 
-// Which of the ways are rounded differs by the hits: with both hits it is the second, with one hit
-// the first. Recommended lengths rely on it.
+// Fixed: of two hits the second is rounded, of one the first; recommended lengths rest on it.
 void offerHits(ShortestWay& way, const Crossing& crossing, Point junction) {
   const auto& [first, second] = crossing.at;
   if (crossing.first && crossing.second) {

@@ -3,10 +3,12 @@
 
 #include <cmath>
 
+#include "core/drawing_store.h"
 #include "drafting/row_edits.h"
 #include "geometry/float_angles.h"
 #include "geometry/float_nearest.h"
 #include "geometry/float_nearest_scans.h"
+#include "geometry/row_entity.h"
 
 namespace tess {
 namespace {

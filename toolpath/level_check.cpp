@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <limits>
 
+#include "core/drawing_store.h"
 #include "core/number_text.h"
 
 namespace tess {

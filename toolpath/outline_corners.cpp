@@ -3,7 +3,9 @@
 
 #include <algorithm>
 
+#include "core/drawing_store.h"
 #include "geometry/float_nearest.h"
+#include "geometry/row_entity.h"
 
 namespace tess {
 namespace {
@@ -39,6 +41,7 @@ std::optional<ChainStep> neighbourOf(const DrawingStore& store, ChainWalk& rows,
 }  // namespace
 
 // The start of a line that replaces an arc may lie above the height that it is measured by.
+// Fixed: the lowest outline is the pocket; an island that pokes out below takes its place.
 std::optional<OutlineCorner> pocketCorner(const DrawingStore& store) {
   std::optional<OutlineCorner> best;
   float lowest = kFarthest;

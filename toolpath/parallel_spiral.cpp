@@ -10,6 +10,7 @@
 #include <utility>
 #include <vector>
 
+#include "core/drawing_store.h"
 #include "core/number_text.h"
 #include "core/rounding.h"
 #include "display/pointer.h"
@@ -17,6 +18,7 @@
 #include "drafting/pending_actions.h"
 #include "geometry/float_nearest_scans.h"
 #include "geometry/row_boxes.h"
+#include "geometry/row_entity.h"
 #include "toolpath/gouge_avoidance.h"
 #include "toolpath/level_check.h"
 #include "toolpath/path_groups.h"
@@ -88,6 +90,7 @@ bool meetsAny(const std::vector<Entity>& rows, RowBarrier& walls) {
 // ---- The rings
 
 // The tool's entry of the tool chest says the distance of a ring while the rings are made.
+// Fixed: the radius is borrowed, not passed; rings and leads that ask the chest meanwhile go by it.
 class BorrowedRadius {
  public:
   explicit BorrowedRadius(DrawingStore& store)
@@ -168,7 +171,7 @@ class Spiral {
         if (!(next < inset)) return;  // with a step of nothing there is one ring
         inset = next;
       } else if (store_.cfg_auto_place_finish_path) {
-        // The finish path on the wall, which stays the setting for what comes after.
+        // Fixed: the finish path on the wall leaves climb milling set; later commands cut so.
         store_.cfg_cutting_mode = kClimbMilling;
         inset = tool.own();
       } else {
@@ -209,6 +212,7 @@ class Spiral {
     if (runsWrongWay()) std::swap(order.start, order.direction);
     order.click = {cam_.desk.pointer.MouseX, cam_.desk.pointer.MouseY};
     order.z = cam_.currentZ;
+    // Fixed: the first level runs at the finishing feed, copies at the roughing one; programs do.
     order.feed = store_.cfg_finish_feedrate;
     order.pocketMode = true;
     return order;
@@ -251,7 +255,7 @@ int startingRow(const DrawingStore& store, int sg) {
   return 0;
 }
 
-// A start depth of exactly the floor means one level here, other than with the scan-line styles.
+// Fixed: a start depth at the floor is one level here, several with scan lines; programs differ.
 float firstSpiralLevel(const CamDesk& cam) {
   const DrawingStore& store = cam.store;
   const bool oneLevel = -std::abs(store.cfg_start_depth) <= cam.roughFloor;
@@ -327,6 +331,7 @@ void cutSpiral(CamDesk& cam, int sg, const RingRange& range) {
 
 }  // namespace
 
+// Fixed: short rows go from the whole table, not the ring alone; programs of older paths lose them.
 void dropShortPathSegs(Changes& changes, FollowedRows followed) {
   const DrawingStore& store = changes.store;
   RowMarks isShort = noneMarked(store);
@@ -336,7 +341,7 @@ void dropShortPathSegs(Changes& changes, FollowedRows followed) {
   dropMarked(changes, isShort, followed);
 }
 
-// A full circle of two arcs is such a pair too, and loses its first half.
+// Fixed: a full circle of two arcs is such a pair and loses a half; pockets were cut without it.
 void dropBackTrackSegs(Changes& changes, FollowedRows followed) {
   const DrawingStore& store = changes.store;
   RowMarks goesBack = noneMarked(store);

@@ -1,6 +1,7 @@
 // Groups of path rows.
 #include "toolpath/path_groups.h"
 
+#include "core/drawing_store.h"
 #include "toolpath/cam_desk.h"
 
 namespace tess {

@@ -6,9 +6,11 @@
 #include <utility>
 #include <vector>
 
+#include "core/drawing_store.h"
 #include "drafting/pending_actions.h"
 #include "drafting/row_edits.h"
 #include "geometry/float_nearest_scans.h"
+#include "geometry/row_entity.h"
 #include "toolpath/path_groups.h"
 #include "toolpath/row_barrier.h"
 #include "toolpath/toolpath_commands.h"
@@ -22,6 +24,7 @@ constexpr int kAllGroups = 0;
 // ---- Levels
 
 // The first row of the last run of rows of one depth and code.
+// Fixed: a run is told by depth and code; a path of two depths copies its last stretch.
 int startOfLastRun(const DrawingStore& store) {
   int ps = store.NumPathSegments;
   while (ps > 1 && store.psz[ps - 1] == store.psz[ps] && store.pscode[ps - 1] == store.pscode[ps]) {
@@ -33,6 +36,7 @@ int startOfLastRun(const DrawingStore& store) {
 // ---- Links
 
 // The working outlines of islands: no link may cross one.
+// Fixed: working islands alone stand in the way; finish paths and spirals link every gap.
 bool isIslandWall(int segattr) {
   return segattr == kIslandOutline;
 }
@@ -123,6 +127,7 @@ float replicateLevels(CamDesk& cam, float z, float floor, int rowsBefore) {
   const DrawingStore& store = cam.store;
   if (store.NumPathSegments <= rowsBefore) return z;
   while (z > floor) {
+    // Fixed: the cut per pass keeps its sign here alone; a negative one ends with one level.
     const float next = std::max(z - store.cfg_z_cut_per_pass, floor);
     if (!(next < z)) break;
     z = next;
@@ -165,6 +170,7 @@ void reversePathSegment(CamDesk& cam, int ps) {
 
 // ---- Commands
 
+// Fixed: the passes are those of the last Finishing Path Options; before it none is placed.
 void mnuCAMPlace1PathSeg_Click(CamDesk& cam) {
   cam.PlaceChain = 0;
   roundRows(cam.changes);
@@ -185,7 +191,7 @@ void mnuCAMUndoLastPlace_Click(CamDesk& cam) {
   if (takesBack) showPlacedPaths(cam);
 }
 
-// Neither asked nor logged.
+// Fixed: neither asked nor logged; scripts would stop at a question, and Undo leaves the rows gone.
 void mnuClearAllPaths_Click(CamDesk& cam) {
   Change change(cam.changes);
   change.paths.erase(1, cam.store.NumPathSegments, Entry::Unlogged);

@@ -1,6 +1,7 @@
 // Hiding path rows from the screen.
 #include "toolpath/path_visibility.h"
 
+#include "core/drawing_store.h"
 #include "toolpath/toolpath_commands.h"
 
 namespace tess {

@@ -3,7 +3,9 @@
 
 #include <algorithm>
 
+#include "core/drawing_store.h"
 #include "geometry/row_boxes.h"
+#include "geometry/row_entity.h"
 #include "toolpath/path_placement.h"
 
 namespace tess {

@@ -3,8 +3,10 @@
 
 #include <cmath>
 
+#include "core/drawing_store.h"
 #include "geometry/float_angles.h"
 #include "geometry/float_intersections.h"
+#include "geometry/row_entity.h"
 
 namespace tess {
 namespace {

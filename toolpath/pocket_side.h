@@ -2,10 +2,11 @@
 // Owns: pocketSideOf.
 #pragma once
 
-#include "core/drawing_store.h"
 #include "geometry/float_points.h"
 
 namespace tess {
+
+struct DrawingStore;
 
 // -1: the inside lies to the left of the way from `from` to `to`; 1: to the right; 0: undecided.
 int pocketSideOf(const DrawingStore& store, Point from, Point to);

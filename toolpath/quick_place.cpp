@@ -1,7 +1,9 @@
 // Quick Place: paths on the profile itself, for everything that is selected.
 #include <cmath>
 
+#include "core/drawing_store.h"
 #include "display/pointer.h"
+#include "geometry/row_entity.h"
 #include "toolpath/chain_walk.h"
 #include "toolpath/contour_offset.h"
 #include "toolpath/level_check.h"

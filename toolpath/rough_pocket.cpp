@@ -3,8 +3,10 @@
 
 #include <cmath>
 
+#include "core/drawing_store.h"
 #include "drafting/pending_actions.h"
 #include "drafting/row_edits.h"
+#include "geometry/row_entity.h"
 #include "toolpath/gouge_avoidance.h"
 #include "toolpath/level_check.h"
 #include "toolpath/outline_corners.h"
@@ -83,7 +85,7 @@ void cutLathe(CamDesk& cam) {
   roughCutLevel(cam, /*z=*/0, cam.store.cfg_finish_feedrate, /*radius=*/0);
 }
 
-// Equal heights are several levels here, though one level to the parallel spiral.
+// Fixed: equal heights are several levels here, one level in the spiral; programs of both differ.
 bool hasLevels(const CamDesk& cam) {
   return -std::abs(cam.store.cfg_start_depth) >= cam.roughFloor;
 }

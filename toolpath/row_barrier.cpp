@@ -3,8 +3,10 @@
 
 #include <algorithm>
 
+#include "core/drawing_store.h"
 #include "geometry/float_intersections.h"
 #include "geometry/row_boxes.h"
+#include "geometry/row_entity.h"
 
 namespace tess {
 namespace {

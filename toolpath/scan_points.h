@@ -8,10 +8,11 @@
 #include <optional>
 #include <vector>
 
-#include "core/drawing_store.h"
 #include "geometry/float_points.h"
 
 namespace tess {
+
+struct DrawingStore;
 
 // Horizontal and Lathe lay their scan lines at heights y, Vertical at abscissas x.
 enum class ScanStyle { Horizontal, Vertical, Lathe };

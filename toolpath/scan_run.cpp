@@ -5,6 +5,7 @@
 #include <string>
 
 #include "core/cut_width.h"
+#include "core/drawing_store.h"
 
 namespace tess {
 namespace {

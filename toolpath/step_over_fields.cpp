@@ -1,6 +1,7 @@
 // The two fields of the step-over.
 #include "toolpath/step_over_fields.h"
 
+#include "core/drawing_store.h"
 #include "core/number_text.h"
 #include "core/rounding.h"
 

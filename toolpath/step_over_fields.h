@@ -5,9 +5,10 @@
 
 #include "core/controls.h"
 #include "core/cut_width.h"
-#include "core/drawing_store.h"
 
 namespace tess {
+
+struct DrawingStore;
 
 // The indices of OptCutWidth are the values of "cut width type".
 struct StepOverControls {

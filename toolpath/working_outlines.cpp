@@ -4,10 +4,12 @@
 #include <algorithm>
 #include <cmath>
 
+#include "core/drawing_store.h"
 #include "core/rounding.h"
 #include "drafting/change.h"
 #include "geometry/float_angles.h"
 #include "geometry/float_nearest.h"
+#include "geometry/row_entity.h"
 #include "toolpath/element_offset.h"
 #include "toolpath/working_rows.h"
 

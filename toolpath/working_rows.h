@@ -3,7 +3,7 @@
 // Owns: kPocketOutline, kIslandOutline, isWorkingRow, parkedState.
 #pragma once
 
-#include "core/drawing_store.h"
+#include "core/drawing_rows.h"
 
 namespace tess {
 

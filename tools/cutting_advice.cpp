@@ -6,6 +6,7 @@
 
 #include "core/conventions.h"
 #include "core/cut_width.h"
+#include "core/drawing_store.h"
 #include "core/number_text.h"
 #include "core/rounding.h"
 #include "core/text.h"

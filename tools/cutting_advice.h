@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "core/drawing_store.h"
 #include "tools/recommendation.h"
 
 namespace tess {

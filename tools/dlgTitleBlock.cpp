@@ -7,6 +7,7 @@
 #include <tuple>
 
 #include "core/conventions.h"
+#include "core/drawing_store.h"
 #include "core/number_text.h"
 #include "core/text.h"
 #include "core/units.h"

@@ -5,6 +5,7 @@
 #include <tuple>
 
 #include "core/cut_width.h"
+#include "core/drawing_store.h"
 #include "core/file_system.h"
 #include "core/file_writer.h"
 #include "core/number_text.h"
@@ -188,6 +189,10 @@ void dlgToolPrms::wireButtons() {
 }
 
 // ---- Showing
+
+void dlgToolPrms::edited() {
+  store_.setupchanged = true;
+}
 
 void dlgToolPrms::fill() {
   const Procedure here("dlgToolPrms.Form_Load()");

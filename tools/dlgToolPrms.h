@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "core/controls.h"
+#include "core/drawing_store.h"
 #include "core/form.h"
 #include "core/session.h"
 #include "tools/cutting_advice.h"
@@ -14,6 +15,8 @@
 #include "tools/speeds_feeds.h"
 
 namespace tess {
+
+struct DrawingStore;
 
 // What the chest works with.
 struct ToolChest {
@@ -119,7 +122,7 @@ class dlgToolPrms : public Form {
   void storeFlutes();
   void settleSpacing();
   void takeOver();
-  void edited() { store_.setupchanged = true; }
+  void edited();
 
   ToolChest chest_;
   DrawingStore& store_;

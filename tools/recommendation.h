@@ -8,10 +8,11 @@
 #include <string_view>
 #include <vector>
 
-#include "core/drawing_store.h"
 #include "tools/speeds_feeds.h"
 
 namespace tess {
+
+struct DrawingStore;
 
 // Values of toolmilltype.
 enum class MillType { End = 0, Face = 1, Slot = 2 };

@@ -6,6 +6,7 @@
 #include <sys/stat.h>
 
 #include "core/descriptor.h"
+#include "core/drawing_store.h"
 #include "core/field_reader.h"
 #include "core/file_system.h"
 #include "tools/jet_import.h"

@@ -15,6 +15,7 @@
 #include <utility>
 #include <vector>
 
+#include "core/drawing_store.h"
 #include "core/int16.h"
 #include "core/session.h"
 #include "tools/feeds_database.h"

@@ -9,6 +9,7 @@
 #include <set>
 
 #include "core/conventions.h"
+#include "core/drawing_store.h"
 #include "core/file_system.h"
 #include "core/number_text.h"
 #include "core/runtime_failure.h"

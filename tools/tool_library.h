@@ -8,9 +8,9 @@
 #include <string_view>
 #include <vector>
 
-#include "core/drawing_store.h"
-
 namespace tess {
+
+struct DrawingStore;
 
 // What the chest shows of a name.
 inline constexpr std::size_t kLongestToolName = 20;

@@ -13,6 +13,7 @@
 
 #include "bench/qt/desktop_bench_support.h"
 #include "core/drawing_file.h"
+#include "core/drawing_store.h"
 #include "core/lifecycle.h"
 #include "drafting/undo.h"
 

@@ -8,6 +8,7 @@
 #include "benchmark/benchmark.h"
 
 #include "bench/qt/desktop_bench_support.h"
+#include "core/drawing_store.h"
 
 namespace tess {
 namespace {

@@ -5,6 +5,7 @@
 
 #include "cnc/cnc_program.h"
 #include "core/drawing_file.h"
+#include "core/drawing_store.h"
 #include "core/file_system.h"
 #include "core/text.h"
 #include "display/drawing_extents.h"

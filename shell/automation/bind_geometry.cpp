@@ -3,6 +3,7 @@
 // the code first; a point it could not find comes back as 0, 0.
 #include <optional>
 
+#include "core/drawing_store.h"
 #include "core/rounding.h"
 #include "geometry/float_angles.h"
 #include "geometry/float_circles.h"
@@ -21,7 +22,8 @@ float tolerenceOf(const DrawingStore& store) {
   return store.cfg_tolerance;
 }
 
-// What scripts are told in numbers. These are fixed: scripts compare them.
+// What scripts are told in numbers.
+// Fixed: found is 1 and each miss has its number; scripts compare them.
 constexpr int kFoundCode = 1;
 
 int codeOf(Miss miss) {

@@ -3,6 +3,7 @@
 #include <sstream>
 
 #include "cnc/path_report.h"
+#include "core/drawing_store.h"
 #include "shell/automation/bindings.h"
 
 namespace tess {

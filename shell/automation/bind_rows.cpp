@@ -3,6 +3,7 @@
 #include <iterator>
 #include <vector>
 
+#include "core/drawing_store.h"
 #include "shell/automation/bindings.h"
 #include "shell/automation/near_match.h"
 

@@ -1,4 +1,5 @@
 // `state`: the state of the interaction by name, for reading.
+#include "core/drawing_store.h"
 #include "core/runtime_failure.h"
 #include "shell/automation/bindings.h"
 #include "shell/automation/near_match.h"

@@ -2,6 +2,7 @@
 // the post definition, from tables of names and members.
 #include <algorithm>
 
+#include "core/drawing_store.h"
 #include "core/settings.h"
 #include "shell/automation/bindings.h"
 #include "shell/automation/named_fields.h"

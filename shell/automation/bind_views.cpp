@@ -1,6 +1,7 @@
 // The view of scripts: `view` shows a rectangle, `plot` writes what is shown as a picture.
 #include <array>
 
+#include "core/drawing_store.h"
 #include "core/file_system.h"
 #include "shell/automation/bindings.h"
 #include "shell/automation/lua_routines.h"

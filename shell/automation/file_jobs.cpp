@@ -6,6 +6,7 @@
 
 #include "cnc/program_target.h"
 #include "core/drawing_file.h"
+#include "core/drawing_store.h"
 #include "core/file_system.h"
 #include "core/form.h"
 #include "display/drawing_extents.h"

@@ -5,7 +5,8 @@
 #include <string>
 #include <variant>
 
-#include "core/drawing_store.h"
+#include "core/column.h"
+#include "core/int16.h"
 
 namespace tess {
 

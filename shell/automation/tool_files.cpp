@@ -2,6 +2,7 @@
 #include "shell/automation/tool_files.h"
 
 #include "cnc/cnc_program.h"
+#include "core/drawing_store.h"
 #include "shell/commands.h"
 #include "shell/tool_bands.h"
 

@@ -9,6 +9,7 @@
 
 #include "cnc/cnc_program.h"
 #include "cnc/program_text.h"
+#include "core/drawing_store.h"
 #include "core/field_reader.h"
 #include "core/units.h"
 #include "geometry/float_points.h"

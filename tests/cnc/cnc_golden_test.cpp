@@ -7,7 +7,10 @@
 
 #include "gtest/gtest.h"
 
+#include "core/drawing_rows.h"
+#include "core/drawing_store.h"
 #include "core/file_system.h"
+#include "drafting/entity_creation.h"
 #include "tests/cnc/cnc_fixture.h"
 #include "tests/support/golden.h"
 #include "tests/support/source_folder.h"

@@ -6,7 +6,10 @@
 #include "gmock/gmock.h"
 #include "gtest/gtest.h"
 
+#include "core/drawing_rows.h"
+#include "core/drawing_store.h"
 #include "core/version.h"
+#include "drafting/entity_creation.h"
 #include "tests/cnc/cnc_fixture.h"
 
 namespace tess::testing {

@@ -6,6 +6,7 @@
 
 #include "gtest/gtest.h"
 
+#include "core/drawing_store.h"
 #include "tests/cnc/cnc_fixture.h"
 #include "tests/support/failure_of.h"
 

@@ -6,6 +6,7 @@
 #include "gmock/gmock.h"
 #include "gtest/gtest.h"
 
+#include "core/drawing_store.h"
 #include "tests/cnc/cnc_fixture.h"
 
 namespace tess::testing {

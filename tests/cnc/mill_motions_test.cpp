@@ -8,6 +8,7 @@
 #include "gtest/gtest.h"
 
 #include "cnc/program_motions.h"
+#include "core/drawing_store.h"
 #include "tests/cnc/cnc_fixture.h"
 #include "tests/cnc/recorded_motions.h"
 #include "tests/support/failure_of.h"

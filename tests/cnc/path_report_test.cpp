@@ -3,6 +3,7 @@
 
 #include "gtest/gtest.h"
 
+#include "core/drawing_store.h"
 #include "geometry/float_constants.h"
 #include "tests/support/failure_of.h"
 

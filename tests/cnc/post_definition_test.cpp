@@ -8,6 +8,7 @@
 #include "gmock/gmock.h"
 #include "gtest/gtest.h"
 
+#include "drafting/entity_creation.h"
 #include "tests/cnc/cnc_fixture.h"
 #include "tests/support/failure_of.h"
 #include "tests/support/temp_folder.h"

@@ -6,6 +6,9 @@
 #include "gmock/gmock.h"
 #include "gtest/gtest.h"
 
+#include "core/drawing_rows.h"
+#include "core/drawing_store.h"
+#include "drafting/entity_creation.h"
 #include "tests/cnc/cnc_fixture.h"
 #include "tests/cnc/recorded_motions.h"
 #include "tests/support/failure_of.h"

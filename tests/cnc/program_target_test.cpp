@@ -5,6 +5,7 @@
 
 #include "gtest/gtest.h"
 
+#include "core/drawing_store.h"
 #include "core/file_system.h"
 #include "tests/support/source_folder.h"
 #include "tests/support/temp_folder.h"

@@ -6,6 +6,7 @@
 #include "gtest/gtest.h"
 
 #include "core/file_system.h"
+#include "drafting/entity_creation.h"
 #include "tests/cnc/cnc_fixture.h"
 #include "tests/support/source_folder.h"
 

@@ -5,6 +5,7 @@
 #include "gmock/gmock.h"
 #include "gtest/gtest.h"
 
+#include "core/drawing_store.h"
 #include "core/lifecycle.h"
 #include "core/save_record.h"
 #include "tests/support/drawing_folder.h"

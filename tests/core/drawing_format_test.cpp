@@ -12,6 +12,7 @@
 #include "gtest/gtest.h"
 #include "rapidcheck/gtest.h"
 
+#include "core/drawing_store.h"
 #include "tests/support/failure_of.h"
 
 namespace tess {

@@ -15,6 +15,7 @@
 #include "gmock/gmock.h"
 #include "gtest/gtest.h"
 
+#include "core/drawing_store.h"
 #include "tests/support/drawing_folder.h"
 
 namespace tess {

@@ -5,6 +5,7 @@
 #include "gmock/gmock.h"
 #include "gtest/gtest.h"
 
+#include "core/drawing_store.h"
 #include "core/lifecycle.h"
 #include "tests/support/drawing_folder.h"
 #include "tests/support/failure_of.h"

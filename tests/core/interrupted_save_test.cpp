@@ -8,6 +8,7 @@
 #include "gtest/gtest.h"
 
 #include "core/drawing_file.h"
+#include "core/drawing_store.h"
 #include "core/file_system.h"
 #include "core/lifecycle.h"
 #include "tests/support/interrupted_process.h"

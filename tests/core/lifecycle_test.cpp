@@ -7,6 +7,7 @@
 #include "gtest/gtest.h"
 
 #include "core/drawing_file.h"
+#include "core/drawing_store.h"
 #include "core/file_system.h"
 #include "core/setup_file.h"
 #include "tests/support/failure_of.h"

@@ -5,6 +5,7 @@
 
 #include "gtest/gtest.h"
 
+#include "core/drawing_store.h"
 #include "core/runtime_failure.h"
 #include "core/text.h"
 #include "tests/support/failure_of.h"

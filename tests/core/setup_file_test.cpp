@@ -10,6 +10,7 @@
 #include "gtest/gtest.h"
 #include "rapidcheck/gtest.h"
 
+#include "core/drawing_store.h"
 #include "core/file_system.h"
 #include "core/settings.h"
 #include "tests/support/failure_of.h"

@@ -4,6 +4,7 @@
 
 #include "gtest/gtest.h"
 
+#include "core/drawing_store.h"
 #include "core/file_system.h"
 #include "core/lifecycle.h"
 #include "core/setup_file.h"

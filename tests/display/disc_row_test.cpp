@@ -4,6 +4,7 @@
 #include <cmath>
 #include <set>
 
+#include "core/drawing_store.h"
 #include "tests/display/display_bench.h"
 
 namespace tess {

@@ -6,6 +6,7 @@
 
 #include "gtest/gtest.h"
 
+#include "core/drawing_store.h"
 #include "core/timers.h"
 #include "display/redraw_sequence.h"
 #include "display/renderer.h"

@@ -5,6 +5,8 @@
 
 #include "gtest/gtest.h"
 
+#include "core/drawing_store.h"
+
 namespace tess {
 namespace {
 

@@ -6,6 +6,7 @@
 #include <random>
 #include <vector>
 
+#include "core/drawing_store.h"
 #include "tests/display/display_bench.h"
 
 namespace tess {

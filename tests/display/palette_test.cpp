@@ -3,6 +3,8 @@
 
 #include "gtest/gtest.h"
 
+#include "core/drawing_store.h"
+
 namespace tess {
 namespace {
 

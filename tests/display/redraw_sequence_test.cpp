@@ -1,6 +1,7 @@
 // The painting order at once and in stages: surface calls, events, timers, and leaving early.
 #include "display/redraw_sequence.h"
 
+#include "core/drawing_store.h"
 #include "core/file_system.h"
 #include "tests/display/display_bench.h"
 #include "tests/support/source_folder.h"

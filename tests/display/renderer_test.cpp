@@ -3,6 +3,7 @@
 
 #include <cmath>
 
+#include "core/drawing_store.h"
 #include "tests/display/display_bench.h"
 
 namespace tess {

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <map>
 
+#include "core/drawing_store.h"
 #include "tests/display/display_bench.h"
 #include "tests/support/temp_folder.h"
 

@@ -1,6 +1,7 @@
 // The view as plain calculations.
 #include "display/view_transform.h"
 
+#include "core/drawing_store.h"
 #include "tests/display/display_bench.h"
 
 namespace tess {

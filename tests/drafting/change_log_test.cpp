@@ -8,6 +8,7 @@
 #include "gtest/gtest.h"
 #include "rapidcheck/gtest.h"
 
+#include "core/drawing_store.h"
 #include "core/rounding.h"
 #include "drafting/change_walk.h"
 #include "tests/geometry/rows.h"

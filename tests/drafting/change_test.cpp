@@ -7,6 +7,7 @@
 
 #include "gtest/gtest.h"
 
+#include "core/drawing_store.h"
 #include "drafting/selection.h"
 #include "drafting/undo.h"
 #include "tests/geometry/scenes.h"

@@ -5,7 +5,9 @@
 
 #include "gtest/gtest.h"
 
+#include "core/drawing_store.h"
 #include "drafting/frmCleanupDrawing.h"
+#include "geometry/row_entity.h"
 #include "tests/geometry/scenes.h"
 #include "tests/support/drafting_desk.h"
 #include "tests/support/outlines.h"

@@ -3,6 +3,7 @@
 
 #include "gtest/gtest.h"
 
+#include "core/drawing_store.h"
 #include "drafting/dlgPositionCursor.h"
 #include "drafting/entity_creation.h"
 #include "drafting/repeat_key.h"

@@ -4,6 +4,7 @@
 #include "gtest/gtest.h"
 
 #include "core/drawing_format.h"
+#include "core/drawing_store.h"
 #include "drafting/edit_commands.h"
 #include "drafting/object_snap.h"
 #include "drafting/selection.h"

@@ -3,6 +3,7 @@
 
 #include "gtest/gtest.h"
 
+#include "core/drawing_store.h"
 #include "drafting/dlgSetGrids.h"
 #include "tests/support/drafting_desk.h"
 

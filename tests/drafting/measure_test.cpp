@@ -3,6 +3,7 @@
 
 #include "gtest/gtest.h"
 
+#include "core/drawing_store.h"
 #include "drafting/object_snap.h"
 #include "drafting/pending_actions.h"
 #include "tests/support/drafting_desk.h"

@@ -3,6 +3,7 @@
 
 #include "gtest/gtest.h"
 
+#include "core/drawing_store.h"
 #include "drafting/undo.h"
 #include "tests/geometry/scenes.h"
 #include "tests/support/drafting_desk.h"

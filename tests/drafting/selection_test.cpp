@@ -5,8 +5,10 @@
 
 #include "gtest/gtest.h"
 
+#include "core/drawing_store.h"
 #include "drafting/edit_commands.h"
 #include "geometry/float_intersections.h"
+#include "geometry/row_entity.h"
 #include "tests/geometry/rows.h"
 #include "tests/geometry/scenes.h"
 #include "tests/support/drafting_desk.h"

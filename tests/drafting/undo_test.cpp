@@ -5,6 +5,7 @@
 
 #include "gtest/gtest.h"
 
+#include "core/drawing_store.h"
 #include "drafting/change_walk.h"
 #include "drafting/entity_creation.h"
 #include "drafting/selection.h"

@@ -4,8 +4,10 @@
 #include "gtest/gtest.h"
 #include "rapidcheck/gtest.h"
 
+#include "core/drawing_store.h"
 #include "core/rounding.h"
 #include "geometry/float_circles.h"
+#include "geometry/row_entity.h"
 #include "tests/geometry/arcs.h"
 #include "tests/geometry/rows.h"
 

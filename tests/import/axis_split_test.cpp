@@ -6,6 +6,7 @@
 #include <cmath>
 #include <random>
 
+#include "core/drawing_store.h"
 #include "display/drawing_extents.h"
 #include "geometry/row_boxes.h"
 #include "tests/import/exact_import.h"

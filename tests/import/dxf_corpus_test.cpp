@@ -10,6 +10,7 @@
 
 #include "gtest/gtest.h"
 
+#include "core/drawing_store.h"
 #include "core/text.h"
 #include "import/frmDXF.h"
 #include "tests/support/drafting_desk.h"

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "core/drawing_store.h"
 #include "import/dxf_import.h"
 #include "tests/import/exact_import.h"
 

@@ -7,6 +7,7 @@
 
 #include "gtest/gtest.h"
 
+#include "core/drawing_store.h"
 #include "import/exact_geometry.h"
 #include "tests/import/dxf_content.h"
 #include "tests/support/curves.h"

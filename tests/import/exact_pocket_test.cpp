@@ -1,6 +1,7 @@
 // Closed shapes of DXF files are pockets: what comes in exactly verifies as it is.
 #include "gtest/gtest.h"
 
+#include "core/drawing_store.h"
 #include "import/exact_geometry.h"
 #include "tests/import/dxf_content.h"
 #include "tests/import/exact_import.h"

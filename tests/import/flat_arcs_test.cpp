@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "core/drawing_store.h"
 #include "tests/import/exact_import.h"
 
 namespace tess {

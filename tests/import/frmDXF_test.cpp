@@ -6,6 +6,7 @@
 
 #include "gtest/gtest.h"
 
+#include "core/drawing_store.h"
 #include "tests/import/dxf_content.h"
 #include "tests/support/drafting_desk.h"
 

@@ -3,6 +3,7 @@
 
 #include "gtest/gtest.h"
 
+#include "core/drawing_store.h"
 #include "tests/import/dxf_content.h"
 #include "tests/support/drafting_desk.h"
 #include "tests/support/failure_of.h"

@@ -12,6 +12,7 @@
 #include <gtest/gtest.h>
 #include <string>
 
+#include "core/drawing_store.h"
 #include "core/file_system.h"
 #include "shell/qt/theme.h"
 #include "tests/qt/desktop_test_support.h"

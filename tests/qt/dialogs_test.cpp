@@ -12,6 +12,7 @@
 #include <functional>
 #include <gtest/gtest.h>
 
+#include "core/drawing_store.h"
 #include "shell/frmAbout.h"
 #include "shell/frmShowError.h"
 #include "shell/qt/desktop_program.h"

@@ -12,6 +12,7 @@
 #include <gtest/gtest.h>
 #include <sstream>
 
+#include "core/drawing_store.h"
 #include "core/file_system.h"
 #include "shell/qt/plot.h"
 #include "shell/qt/theme.h"

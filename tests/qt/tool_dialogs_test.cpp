@@ -15,6 +15,7 @@
 #include <functional>
 #include <gtest/gtest.h>
 
+#include "core/drawing_store.h"
 #include "core/file_system.h"
 #include "shell/qt/desktop_program.h"
 #include "shell/qt/form_layout.h"

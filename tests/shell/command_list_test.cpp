@@ -9,6 +9,7 @@
 #include "gtest/gtest.h"
 
 #include "core/core_commands.h"
+#include "core/drawing_store.h"
 #include "core/file_system.h"
 #include "display/display_commands.h"
 #include "drafting/drafting_commands.h"

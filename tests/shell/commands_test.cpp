@@ -6,6 +6,7 @@
 
 #include "gtest/gtest.h"
 
+#include "core/drawing_store.h"
 #include "drafting/drafting_commands.h"
 #include "tests/support/running_program.h"
 

@@ -1,6 +1,7 @@
 // A DXF file dropped on the drawing of the running program.
 #include "gtest/gtest.h"
 
+#include "core/drawing_store.h"
 #include "core/lifecycle.h"
 #include "import/frmDXF.h"
 #include "tests/support/running_program.h"

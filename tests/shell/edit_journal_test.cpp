@@ -10,6 +10,7 @@
 #include "gtest/gtest.h"
 
 #include "core/drawing_file.h"
+#include "core/drawing_store.h"
 #include "core/file_system.h"
 #include "shell/frmRestore.h"
 #include "shell/recovery.h"

@@ -7,7 +7,7 @@
 #include <cmath>
 #include <vector>
 
-#include "core/drawing_store.h"
+#include "core/drawing_rows.h"
 
 namespace tess::testing {
 

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "core/drawing_store.h"
 #include "core/units.h"
 #include "display/display_commands.h"
 #include "drafting/desk.h"

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "core/drawing_file.h"
+#include "core/drawing_store.h"
 #include "tests/support/recording_session.h"
 #include "tests/support/write_file.h"
 

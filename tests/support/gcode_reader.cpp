@@ -10,6 +10,8 @@
 #include <map>
 #include <string_view>
 
+#include "core/drawing_store.h"
+
 namespace tess::testing {
 namespace {
 

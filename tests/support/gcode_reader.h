@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "core/drawing_store.h"
+#include "core/drawing_rows.h"
 #include "tests/support/curves.h"
 
 namespace tess::testing {

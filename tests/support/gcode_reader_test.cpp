@@ -5,6 +5,7 @@
 
 #include "gtest/gtest.h"
 
+#include "core/drawing_store.h"
 #include "core/file_system.h"
 #include "tests/cnc/cnc_fixture.h"
 #include "tests/geometry/scenes.h"

@@ -2,6 +2,7 @@
 // Owns: sameTables, MirroredTables.
 #pragma once
 
+#include "core/drawing_store.h"
 #include "drafting/change.h"
 
 namespace tess::testing {

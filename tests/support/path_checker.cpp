@@ -9,6 +9,8 @@
 #include <stdexcept>
 #include <utility>
 
+#include "core/drawing_store.h"
+
 namespace tess::testing {
 namespace {
 

@@ -7,7 +7,7 @@
 #include <memory>
 #include <vector>
 
-#include "core/drawing_store.h"
+#include "core/drawing_rows.h"
 #include "tests/support/curves.h"
 
 namespace tess::testing {

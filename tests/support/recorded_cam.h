@@ -2,6 +2,7 @@
 // Owns: RecordedCam.
 #pragma once
 
+#include "core/drawing_store.h"
 #include "tests/support/drafting_desk.h"
 #include "toolpath/cam_desk.h"
 

@@ -3,6 +3,8 @@
 
 #include <filesystem>
 
+#include "core/drawing_store.h"
+
 namespace tess::testing {
 
 RecordingListener::~RecordingListener() = default;

@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "core/drawing_store.h"
 #include "core/number_text.h"
 #include "core/session.h"
 #include "tests/support/recording_host.h"

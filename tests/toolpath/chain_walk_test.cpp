@@ -3,6 +3,7 @@
 
 #include "gtest/gtest.h"
 
+#include "core/drawing_store.h"
 #include "tests/geometry/rows.h"
 #include "tests/geometry/scenes.h"
 

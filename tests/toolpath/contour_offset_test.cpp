@@ -5,6 +5,7 @@
 
 #include "gtest/gtest.h"
 
+#include "core/drawing_store.h"
 #include "drafting/undo.h"
 #include "tests/support/failure_of.h"
 #include "tests/support/outlines.h"

@@ -5,6 +5,7 @@
 
 #include "gtest/gtest.h"
 
+#include "core/drawing_store.h"
 #include "drafting/repeat_key.h"
 #include "drafting/undo.h"
 #include "tests/support/recorded_cam.h"

@@ -3,6 +3,7 @@
 
 #include "gtest/gtest.h"
 
+#include "core/drawing_store.h"
 #include "tests/support/failure_of.h"
 #include "tests/support/recorded_cam.h"
 

@@ -6,6 +6,7 @@
 
 #include "gtest/gtest.h"
 
+#include "core/drawing_store.h"
 #include "tests/geometry/rows.h"
 #include "tests/support/drafting_desk.h"
 

@@ -3,6 +3,7 @@
 
 #include "gtest/gtest.h"
 
+#include "core/drawing_store.h"
 #include "drafting/repeat_key.h"
 #include "drafting/undo.h"
 #include "tests/support/failure_of.h"

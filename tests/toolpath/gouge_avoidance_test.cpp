@@ -5,7 +5,9 @@
 
 #include "gtest/gtest.h"
 
+#include "core/drawing_store.h"
 #include "geometry/float_intersections.h"
+#include "geometry/row_entity.h"
 #include "tests/geometry/rows.h"
 #include "tests/geometry/scenes.h"
 #include "tests/support/plain_edits.h"

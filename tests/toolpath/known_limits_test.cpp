@@ -10,6 +10,7 @@
 
 #include "gtest/gtest.h"
 
+#include "core/drawing_store.h"
 #include "tests/toolpath/pocket_job.h"
 #include "tests/toolpath/working_outline_rows.h"
 #include "toolpath/path_groups.h"

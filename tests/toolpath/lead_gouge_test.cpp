@@ -1,6 +1,7 @@
 // Leads that cut into their path: the recommended length, and shortening to it.
 #include "gtest/gtest.h"
 
+#include "core/drawing_store.h"
 #include "tests/geometry/rows.h"
 #include "tests/support/drafting_desk.h"
 #include "tests/support/plain_edits.h"

@@ -7,10 +7,12 @@
 
 #include "gtest/gtest.h"
 
+#include "core/drawing_store.h"
 #include "drafting/undo.h"
 #include "geometry/float_angles.h"
 #include "geometry/float_intersections.h"
 #include "geometry/float_nearest.h"
+#include "geometry/row_entity.h"
 #include "tests/geometry/rows.h"
 #include "tests/geometry/scenes.h"
 #include "tests/support/failure_of.h"

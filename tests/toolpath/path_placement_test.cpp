@@ -4,11 +4,13 @@
 #include "gtest/gtest.h"
 #include "rapidcheck/gtest.h"
 
+#include "core/drawing_store.h"
 #include "drafting/edit_commands.h"
 #include "drafting/entity_creation.h"
 #include "drafting/row_edits.h"
 #include "drafting/undo.h"
 #include "geometry/float_intersections.h"
+#include "geometry/row_entity.h"
 #include "tests/geometry/rows.h"
 #include "tests/support/failure_of.h"
 #include "tests/support/recorded_cam.h"

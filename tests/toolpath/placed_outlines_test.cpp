@@ -4,6 +4,8 @@
 #include "gtest/gtest.h"
 #include "rapidcheck/gtest.h"
 
+#include "core/drawing_store.h"
+#include "geometry/row_entity.h"
 #include "tests/geometry/rows.h"
 
 namespace tess {

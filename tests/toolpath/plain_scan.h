@@ -7,10 +7,12 @@
 #include <utility>
 #include <vector>
 
+#include "core/drawing_store.h"
 #include "core/rounding.h"
 #include "geometry/entity.h"
 #include "geometry/float_angles.h"
 #include "geometry/float_circles.h"
+#include "geometry/row_entity.h"
 
 namespace tess::testing {
 

@@ -7,6 +7,7 @@
 #include <cmath>
 #include <vector>
 
+#include "core/drawing_store.h"
 #include "geometry/entity.h"
 #include "tests/support/outlines.h"
 #include "tests/support/pockets.h"

@@ -1,6 +1,7 @@
 // Quick Place: paths on the profile itself, for everything that is selected.
 #include "gtest/gtest.h"
 
+#include "core/drawing_store.h"
 #include "drafting/undo.h"
 #include "tests/geometry/rows.h"
 #include "tests/support/recorded_cam.h"

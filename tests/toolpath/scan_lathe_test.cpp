@@ -1,7 +1,9 @@
 // The lathe style in rows: from the top down, with its retreats.
 #include "gtest/gtest.h"
 
+#include "core/drawing_store.h"
 #include "drafting/undo.h"
+#include "geometry/row_entity.h"
 #include "tests/geometry/scenes.h"
 #include "tests/toolpath/plain_scan.h"
 #include "tests/toolpath/working_outline_rows.h"

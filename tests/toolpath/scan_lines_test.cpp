@@ -5,7 +5,9 @@
 
 #include "gtest/gtest.h"
 
+#include "core/drawing_store.h"
 #include "drafting/undo.h"
+#include "geometry/row_entity.h"
 #include "tests/geometry/scenes.h"
 #include "tests/support/failure_of.h"
 #include "tests/toolpath/plain_scan.h"

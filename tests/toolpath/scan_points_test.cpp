@@ -6,6 +6,7 @@
 
 #include "gtest/gtest.h"
 
+#include "core/drawing_store.h"
 #include "tests/geometry/scenes.h"
 #include "tests/support/failure_of.h"
 #include "tests/toolpath/plain_scan.h"

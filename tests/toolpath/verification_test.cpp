@@ -6,8 +6,10 @@
 
 #include "gtest/gtest.h"
 
+#include "core/drawing_store.h"
 #include "core/number_text.h"
 #include "core/rounding.h"
+#include "geometry/row_entity.h"
 #include "tests/geometry/scenes.h"
 #include "tests/support/outlines.h"
 #include "tests/support/pockets.h"

@@ -2,6 +2,7 @@
 // the changes of the drawing has the same tables after each.
 #include "gtest/gtest.h"
 
+#include "core/drawing_store.h"
 #include "drafting/undo.h"
 #include "tests/support/failure_of.h"
 #include "tests/support/mirrored_tables.h"

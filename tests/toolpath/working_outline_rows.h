@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "core/drawing_store.h"
 #include "tests/support/recorded_cam.h"
 #include "toolpath/working_rows.h"
 

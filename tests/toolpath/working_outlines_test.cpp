@@ -3,6 +3,8 @@
 
 #include "gtest/gtest.h"
 
+#include "core/drawing_store.h"
+#include "geometry/row_entity.h"
 #include "tests/support/failure_of.h"
 #include "tests/toolpath/working_outline_rows.h"
 #include "toolpath/outline_corners.h"

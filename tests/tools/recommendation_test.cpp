@@ -8,6 +8,7 @@
 
 #include "gtest/gtest.h"
 
+#include "core/drawing_store.h"
 #include "tests/support/feeds_samples.h"
 
 namespace tess {

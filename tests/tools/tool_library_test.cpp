@@ -6,6 +6,7 @@
 #include "gtest/gtest.h"
 #include "rapidcheck/gtest.h"
 
+#include "core/drawing_store.h"
 #include "core/file_system.h"
 #include "core/settings.h"
 #include "core/text.h"

@@ -5,6 +5,7 @@
 
 #include "core/date_text.h"
 #include "core/drawing_lock.h"
+#include "core/drawing_store.h"
 #include "core/save_journal.h"
 #include "tests/support/other_process.h"
 #include "tests/support/script_run.h"

@@ -9,6 +9,7 @@
 
 #include "gtest/gtest.h"
 
+#include "core/drawing_store.h"
 #include "core/file_system.h"
 #include "shell/application.h"
 #include "shell/automation/script_runner.h"

@@ -1,6 +1,7 @@
 // Tools, keys, the pointer and time, as scripts use them.
 #include "gtest/gtest.h"
 
+#include "core/drawing_store.h"
 #include "tests/support/script_run.h"
 
 namespace tess {

@@ -10,6 +10,7 @@
 
 #include "gtest/gtest.h"
 
+#include "core/drawing_store.h"
 #include "core/file_system.h"
 #include "core/text.h"
 #include "shell/application.h"

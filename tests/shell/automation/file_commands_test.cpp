@@ -1,6 +1,7 @@
 // `open`, `save` and `make_cnc` of scripts, and the folders that hold them.
 #include "gtest/gtest.h"
 
+#include "core/drawing_store.h"
 #include "core/save_journal.h"
 #include "tests/support/script_run.h"
 

@@ -1,6 +1,7 @@
 // `import_dxf` of scripts, and the import command worked through its dialogs.
 #include "gtest/gtest.h"
 
+#include "core/drawing_store.h"
 #include "tests/support/script_run.h"
 #include "tests/support/source_folder.h"
 

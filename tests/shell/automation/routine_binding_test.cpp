@@ -1,6 +1,7 @@
 // `call`: the other routines, and how those in the error path end.
 #include "gtest/gtest.h"
 
+#include "core/drawing_store.h"
 #include "tests/support/script_run.h"
 
 namespace tess {

@@ -1,6 +1,7 @@
 // `segments`, `paths`, `add_segment` and `add_path`.
 #include "gtest/gtest.h"
 
+#include "core/drawing_store.h"
 #include "tests/support/script_run.h"
 
 namespace tess {

@@ -6,6 +6,7 @@
 #include "gtest/gtest.h"
 
 #include "core/date_text.h"
+#include "core/drawing_store.h"
 #include "core/form.h"
 #include "shell/automation/script_host.h"
 #include "tests/support/script_run.h"

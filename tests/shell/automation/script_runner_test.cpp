@@ -6,6 +6,7 @@
 
 #include "gtest/gtest.h"
 
+#include "core/drawing_store.h"
 #include "tests/support/script_run.h"
 
 namespace tess {

@@ -1,6 +1,7 @@
 // `store` and `setting`: every name, the program's indices, and what does not fit.
 #include "gtest/gtest.h"
 
+#include "core/drawing_store.h"
 #include "core/settings.h"
 #include "tests/support/script_run.h"
 

@@ -1,6 +1,7 @@
 // `call`: the routines of the tool paths by their names, and what `state` tells of them.
 #include "gtest/gtest.h"
 
+#include "core/drawing_store.h"
 #include "tests/support/script_run.h"
 
 namespace tess {
