@@ -6,6 +6,7 @@
 #include <variant>
 
 #include "cnc/program_motions.h"
+#include "core/conventions.h"
 #include "geometry/float_angles.h"
 
 namespace tess {

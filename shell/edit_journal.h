@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "core/drawing_store.h"
 #include "core/growing_file.h"
 #include "core/session.h"
 #include "core/timers.h"

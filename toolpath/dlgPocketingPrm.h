@@ -9,6 +9,8 @@
 
 namespace tess {
 
+struct DrawingSettings;
+
 // Accept stores what the boxes hold, without looking at ranges, and marks the setup as changed.
 // Raises Type mismatch, and stores nothing, when the lead length or angle is no number.
 class dlgPocketingPrm : public Form {
