@@ -9,14 +9,18 @@
 
 #include "gtest/gtest.h"
 
+#include "core/file_system.h"
 #include "core/rounding.h"
+#include "display/display_commands.h"
 #include "drafting/dlgPositionCursor.h"
 #include "drafting/dlgSetGrids.h"
+#include "drafting/drafting_commands.h"
 #include "drafting/pending_actions.h"
 #include "tests/geometry/scenes.h"
 #include "tests/support/mirrored_tables.h"
 #include "tests/support/running_program.h"
 #include "toolpath/dlgSelectCycle.h"
+#include "toolpath/toolpath_commands.h"
 
 namespace tess {
 namespace {
@@ -94,90 +98,64 @@ bool isMove(int pstype) {
   return (pstype >= kRapid && pstype <= kCounterClockwiseArc) || pstype >= kFirstCycle;
 }
 
-bool isDrawMode(int mode) {
-  return mode >= -1 && mode <= 7 && mode != 4;
+bool isDrawMode(const KnownCommands& known, int mode) {
+  return mode == kSelectingMode || mode == kNoMode || modeOf(known, mode) != nullptr;
 }
 
 // ---- The operator
 
-constexpr const char* kTools[] = {
-    "miLine",
-    "miRectangle",
-    "miArc3P",
-    "miArcC+2P",
-    "miCircle3P",
-    "miCircleC+1P",
-    "miLine",
-    "miRectangle",
-    "miArc3P",
-    "miArcC+2P",
-    "miCircle3P",
-    "miCircleC+1P",
-    "miSelect",
-    "miUnselect",
-    "miSelectContiguous",
-    "miUnselectContiguous",
-    "miSelectAll",
-    "miUnselectAll",
-    "miMeasureDist",
-    "miEnterPosition",
-    "miGrid/SnapSelections",
-    "miEditSegsOrPaths",
-    "miFlipArc",
-    "miRevArcDir",
-    "miJoinEndpoints",
-    "miMoveEndpoints",
-    "miBreakSegment",
-    "miJoinEndPtsArc",
-    "miDeleteVertex",
-    "miChangeRadius",
-    "miMoveProfile",
-    "miAddFillet",
-    "miSetOrigin",
-    "miTrimEntity",
-    "miEntityInfo",
-    "miRevPath",
-    "miRevPath",
-    "miAddMachineCycle",
-    "miAddMachineCycle",
-    "miUndoLastPlace",
-    "miVisible",
-    "miInvisible",
-    "miDelete",
-    "miCopy",
-    "miReDraw",
-    "miCenter",
-    "miZoomIn",
-    "miZoomOut",
-    "miZoomWindow",
-    "miZoomExtents",
-    "miFullView",
-    "miPan",
-    "miShowPartTemplate",
-    "miShowEndMarkers",
-    "miShowToolPaths",
-    "miToolRadiusOutline",
-    "VGrid",
-    "CGrid",
-    "OSnap",
-    "miOSnapEndpoints",
-    "miOSnapCenter",
-    "miOSnapMidpoint",
-    "miOSnapQuadrant",
-    "miOSnapPerpendicular",
-    "miOSnapEndpointsSingle",
-    "miOSnapCenterSingle",
-    "miOSnapMidpointSingle",
-    "miOSnapQuadrantSingle",
-    "miOSnapPerpendicularSingle",
+// Commands that a session leaves out, beside those of files, setups and windows.
+constexpr const CommandInfo* kLeftOut[] = {
+    // Steps of their own.
+    &kUndoCommand.info,
+    &kRedoCommand.info,
+    // What these take away stands in no log.
+    &kCleanupCommand.info,
+    &kClearAllPathsCommand.info,
+    &kGougeAvoidanceCommand.info,
+    // These work on outlines; random rows are none.
+    &kVerifyPocketCommand.info,
+    &kVerifyIslandCommand.info,
+    &kRoughCutPocketCommand.info,
+    &kPlaceFinishPathCommand.info,
+    &kPlaceOnePathCommand.info,
+    &kQuickPlaceCommand.info,
 };
 
-constexpr char kKeys[] = {'A', 'B', 'C', 'D', 'E', 'F',  'G',    'I',    'J', 'L',
-                          'M', 'O', 'R', 'T', 'V', '\t', '\x12', '\x1b', 'q', '7'};
+// The tools that an operator of the session clicks, drawing ones more often than others.
+std::vector<const char*> sessionTools() {
+  std::vector<const char*> tools;
+  const auto add = [&tools](const auto& command) {
+    const CommandInfo* const info = &command.info;
+    const auto* const end = std::end(kLeftOut);
+    if (command.run.exists() && std::find(std::begin(kLeftOut), end, info) == end) {
+      tools.push_back(info->tool);
+    }
+  };
+  for (const ViewCommand* const command : displayCommands()) add(*command);
+  for (const CamCommand* const command : toolpathCommands()) add(*command);
+  for (const DeskCommand* const command : draftingCommands()) {
+    add(*command);
+    if (command->mode.number != kNoMode) add(*command);
+  }
+  return tools;
+}
 
-constexpr SpecialKey kSpecialKeys[] = {SpecialKey::F3,     SpecialKey::F12,    SpecialKey::Enter,
-                                       SpecialKey::Insert, SpecialKey::Delete, SpecialKey::Left,
-                                       SpecialKey::Right,  SpecialKey::Up,     SpecialKey::Down};
+// Every key that stands for a command or acts alone, and two that do nothing.
+std::vector<KeyStroke> sessionKeys() {
+  std::vector<const char*> names = keysWithoutTool();
+  const auto add = [&names](const auto& command) {
+    if (*command.info.key != '\0') names.push_back(command.info.key);
+  };
+  for (const ViewCommand* const command : displayCommands()) add(*command);
+  for (const CamCommand* const command : toolpathCommands()) add(*command);
+  for (const DeskCommand* const command : draftingCommands()) add(*command);
+  names.push_back("q");
+  names.push_back("7");
+  std::vector<KeyStroke> keys;
+  for (const char* const name : names) keys.push_back(*keyNamed(name));
+  return keys;
+}
 
 class Session : public RunningProgram {
  public:
@@ -205,9 +183,9 @@ class Session : public RunningProgram {
   DrawingStore& store() { return application.store; }
   ChangeLog& log() { return desk().changelog; }
 
-  template <typename Value, std::size_t size>
-  const Value& oneOf(const Value (&values)[size]) {
-    return values[static_cast<std::size_t>(dice_.below(static_cast<int>(size)))];
+  template <typename Value>
+  const Value& oneOf(const std::vector<Value>& values) {
+    return values[static_cast<std::size_t>(dice_.below(static_cast<int>(values.size())))];
   }
 
   // ---- Steps
@@ -221,12 +199,11 @@ class Session : public RunningProgram {
     static constexpr StepRow kRows[] = {
         {30, &Session::clickSomewhere},
         {14, &Session::clickTool},
-        {10, &Session::typeKey},
+        {14, &Session::typeKey},
         {10, &Session::dragSomewhere},
         {6, &Session::rightClick},
         {8, &Session::undo},
         {6, &Session::redo},
-        {4, &Session::typeSpecial},
         {3, &Session::strayEvent},
         {6, &Session::letTimePass},
         {2, &Session::save},
@@ -300,22 +277,17 @@ class Session : public RunningProgram {
   }
 
   void clickTool() {
-    const char* tool = oneOf(kTools);
+    const char* tool = oneOf(tools_);
     if (application.interaction.view.viewspan > 100) tool = "miFullView";
     note(tool);
     application.clickTool(tool);
   }
 
   void typeKey() {
-    const char key = oneOf(kKeys);
-    note(std::string("key ") + key);
-    type(key);
-  }
-
-  void typeSpecial() {
-    const SpecialKey key = oneOf(kSpecialKeys);
-    note("special key " + std::to_string(static_cast<int>(key)));
-    type(key);
+    const KeyStroke key = oneOf(keys_);
+    note("key " + std::to_string(key.ascii) + ", special " +
+         std::to_string(static_cast<int>(key.special)));
+    application.key(key);
   }
 
   void letTimePass() {
@@ -458,10 +430,9 @@ class Session : public RunningProgram {
     const CommandRecord& command = desk().command;
     const int armed = pendingaction();
     EXPECT_TRUE(armed == 0 || findAction(desk(), armed) != nullptr) << armed;
-    EXPECT_TRUE(isDrawMode(DrawMode())) << DrawMode();
+    EXPECT_TRUE(isDrawMode(desk(), DrawMode())) << DrawMode();
     EXPECT_TRUE(command.clickstage == 0 || command.clickstage == 1);
-    const bool threePoints = DrawMode() == 2 || DrawMode() == 3 || DrawMode() == 5;
-    EXPECT_TRUE(command.clickstage == 0 || threePoints);
+    EXPECT_TRUE(command.clickstage == 0 || takesThreePoints(desk(), DrawMode()));
     const bool painting = application.interaction.redraw.TaskQueueState() != 0;
     EXPECT_TRUE(painting || command.secondCrossShown == (command.clickstage == 1));
     EXPECT_TRUE(desk().pointer.LeftDown || desk().pointer.RubberKind == 0);
@@ -530,6 +501,8 @@ class Session : public RunningProgram {
   }
 
   Dice dice_;
+  const std::vector<const char*> tools_ = sessionTools();
+  const std::vector<KeyStroke> keys_ = sessionKeys();
   std::optional<MirroredTables> tables_;
   std::map<int, Contents> after_;  // the rows after so many records
   int count_ = 0, top_ = 0;        // of the log, at the last look
