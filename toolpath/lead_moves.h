@@ -1,5 +1,5 @@
 // Lead-in and lead-out: the moves by which the tool comes to a finish path and leaves it.
-// Owns: LeadOrder, addLeadInOut, checkLeadGouge, fitLeadLength.
+// Owns: LeadOrder, addLeadInOut, checkLeadGouge, kFitStart, kFitEnd, fitLeadLength.
 #pragma once
 
 #include <optional>

@@ -1,7 +1,6 @@
 // The working outlines of roughing: the outline of a pocket or an island, moved by a distance into
 // the pocket, as drawing rows of a class of their own. They leave nothing in the change log.
-// Owns: OutlineOffset, offsetSegChain, insertSegment, removeWorkingRows,
-//       restoreParkedRows.
+// Owns: OutlineOffset, offsetSegChain, insertSegment, removeWorkingRows, restoreParkedRows.
 #pragma once
 
 #include "toolpath/cam_desk.h"

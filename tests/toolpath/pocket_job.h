@@ -1,6 +1,7 @@
 // A drawn part made by the commands that an operator uses: verified, roughed, finished. What they
 // placed is told as ways of the tool.
-// Owns: JobOrder, JobClicks, PocketJob, polygonRows, pocketOfRows.
+// Owns: kHorizontalStyle, kVerticalStyle, kSpiralStyle, JobOrder, JobClicks, PocketJob,
+//       polygonRows, pocketOfRows.
 #pragma once
 
 #include <algorithm>
