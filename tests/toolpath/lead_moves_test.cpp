@@ -122,6 +122,16 @@ TEST_F(LeadMoves, ArcLeadsBulgeTheShorterWayRound) {
                    "2 (4, 0)-(4.866, -0.5) c (3.9501, -1.0865)"}));
 }
 
+// Neither way round is the shorter one.
+TEST_F(LeadMoves, ArcLeadsOfHalfATurnRunCounterClockwise) {
+  store.cfg_lead_in_arc = true;
+  store.cfg_lead_in_angle = 180;
+  addProfileAt(0.25F);
+  addPath({.type = kLine, .x0 = 0, .y0 = 0, .x1 = 4, .y1 = 0});
+  EXPECT_EQ(leads(/*closed=*/false),
+            (Texts{"3 (1, 0)-(0, 0) c (0.5, 0)", "1 (0, 0)-(4, 0)", "3 (4, 0)-(3, 0) c (3.5, 0)"}));
+}
+
 TEST_F(LeadMoves, ArcLeadsOnTheOtherSideAreMirrored) {
   store.cfg_lead_in_arc = true;
   addProfileAt(-0.25F);
