@@ -126,10 +126,10 @@ TEST_F(LeadMoves, ArcLeadsBulgeTheShorterWayRound) {
 TEST_F(LeadMoves, ArcLeadsOfHalfATurnRunCounterClockwise) {
   store.cfg_lead_in_arc = true;
   store.cfg_lead_in_angle = 180;
-  addProfileAt(0.25F);
-  addPath({.type = kLine, .x0 = 0, .y0 = 0, .x1 = 4, .y1 = 0});
+  addProfileAt(2.25F);
+  addPath({.type = kLine, .x0 = 0, .y0 = 2, .x1 = 4, .y1 = 2});
   EXPECT_EQ(leads(/*closed=*/false),
-            (Texts{"3 (1, 0)-(0, 0) c (0.5, 0)", "1 (0, 0)-(4, 0)", "3 (4, 0)-(3, 0) c (3.5, 0)"}));
+            (Texts{"3 (1, 2)-(0, 2) c (0.5, 2)", "1 (0, 2)-(4, 2)", "3 (4, 2)-(3, 2) c (3.5, 2)"}));
 }
 
 TEST_F(LeadMoves, ArcLeadsOnTheOtherSideAreMirrored) {
