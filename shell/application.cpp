@@ -95,6 +95,10 @@ void Application::settleJournal() {
   if (journal_) journal_->afterCommand();
 }
 
+void Application::continueJournal(const std::string& path) {
+  if (journal_) journal_->continueIn(path);
+}
+
 bool Application::clickTool(std::string_view tool) {
   return interaction.tools.click(tool);
 }
