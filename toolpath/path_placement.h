@@ -34,7 +34,6 @@ int connectPathSegs(CamDesk& cam, int first, int last);
 void reversePathSegment(CamDesk& cam, int ps);
 
 void mnuCAMPlace1PathSeg_Click(CamDesk& cam);
-void quickPlacePaths(CamDesk& cam);
 void mnuCAMUndoLastPlace_Click(CamDesk& cam);
 void mnuClearAllPaths_Click(CamDesk& cam);
 // Arms the click that reverses a row; without path rows it cancels what is armed.
