@@ -20,7 +20,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int kMostLinks = 40;  // of a chain; a ring of links has no end
+constexpr int kMaxLinks = 40;  // of a chain; a ring of links has no end
 constexpr mode_t kNewFileMode = 0666;
 constexpr mode_t kPermissionBits = 07777;
 constexpr std::string_view kTemporaryBegin = ".tessimo-";
@@ -41,7 +41,7 @@ std::string wholeName(std::string_view path) {
 std::string behindLinks(std::string_view path) {
   fs::path target = wholeName(path);
   std::error_code error;
-  for (int hops = 0; hops < kMostLinks && fs::is_symlink(target, error); ++hops) {
+  for (int hops = 0; hops < kMaxLinks && fs::is_symlink(target, error); ++hops) {
     target = target.parent_path() / fs::read_symlink(target, error);
   }
   return target.string();

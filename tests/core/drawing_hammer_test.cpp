@@ -27,7 +27,7 @@ using testing::OtherStart;
 
 constexpr int kWriters = 2;
 constexpr int kReaders = 2;
-constexpr int kMostRows = 30000;
+constexpr int kMaxRows = 30000;
 constexpr std::chrono::seconds kLongest{60};
 constexpr float kTagsPerWriter = 100000;
 
@@ -84,7 +84,7 @@ class DrawingHammer : public ::testing::Test, protected DrawingFolder {
 
   void write(Board& board, int writer) {
     auto& saved = board.saved[static_cast<std::size_t>(writer)];
-    while (!board.over && saved < kMostRows / kWriters) {
+    while (!board.over && saved < kMaxRows / kWriters) {
       OtherStart start(test.home());
       readPair(board, start);
       const float tag = kTagsPerWriter * static_cast<float>(writer) + static_cast<float>(saved + 1);
