@@ -1,8 +1,8 @@
 // The journal of a save: a small hidden file beside the files that are being replaced together. It
 // is written first and removed last, and says what each file was and shall be, so that a save which
 // was cut off can be completed or taken back.
-// Owns: kLargestJournal, SaveJournal, journalText, parseJournal, journalStem, journalName, freshName, spareName,
-//       stemOfJournal.
+// Owns: kLargestJournal, SaveJournal, journalText, parseJournal, journalStem, journalName,
+//       freshName, spareName, stemOfJournal.
 #pragma once
 
 #include <optional>

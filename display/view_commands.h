@@ -1,6 +1,6 @@
 // The commands that change the view: full view, zoom steps, zoom window, extents, centre, pan, and
 // the view's four toggles.
-// Owns: ViewHost, ViewParts, InterruptedCommand, PanDrag, ViewCommands, traceRubberBox.
+// Owns: ViewHost, ViewParts, InterruptedCommand, PanDrag, traceRubberBox, ViewCommands.
 #pragma once
 
 #include <initializer_list>

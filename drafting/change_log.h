@@ -1,5 +1,6 @@
 // The change log: before-and-after records of all rows, on which undo and redo walk.
-// Owns: RecordKind, clsSegment, the undo marks, ChangeLog, kMaxRecords, logSegment, logPathSegment,
+// Owns: kDrawingTable, kPathTable, RecordKind, clsSegment, RecordValue, kRowsAdded,
+//       kRectangleAdded, kRowsDeleted, kMaxRecords, ChangeLog, logSegment, logPathSegment,
 //       isSameRow, findSegment, findPathSegment.
 #pragma once
 

@@ -17,6 +17,7 @@
 #include "drafting/c_state.h"
 #include "drafting/change.h"
 #include "drafting/known_commands.h"
+#include "drafting/paste_buffer.h"
 #include "geometry/float_points.h"
 
 namespace tess {
@@ -98,6 +99,7 @@ struct Desk : DeskParts, KnownCommands {
   PointerRecord pointer;
   CommandRecord command;
   ArcScratch arc;
+  PasteBuffer paste;
   ChangeLog changelog;
   std::unique_ptr<ChangeHost> changeHost;
   Changes changes;

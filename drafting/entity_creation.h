@@ -1,8 +1,10 @@
 // Creating entities: what an accepted click adds in each drawing mode, with the previews of the
 // three-point commands.
 // Owns: isDrawing, markerOf, mouseOf, hoverPoint, lineRow, addShape, traceShape, startDrawing,
-//       draw_Action, draw_circle3p, draw_arcc2p, draw_arc3p, BatchLine, BatchAddLines, moveMarker,
-//       kFirstPointTaken, showSecondPoint, dropThreePointCommand, the drawing commands.
+//       draw_Action, draw_circle3p, draw_arc3p, draw_arcc2p, BatchLine, BatchAddLines, moveMarker,
+//       kFirstPointTaken, showSecondPoint, dropThreePointCommand, mnuDrawLine_Click,
+//       mnuDrawRect_Click, mnuDrawArc3P_Click, mnuDrawArcC2P_Click, mnuDrawCircle3P_Click,
+//       mnuDrawCircleC1P_Click.
 #pragma once
 
 #include <span>

@@ -1,7 +1,10 @@
 // Object snap: the characteristic points of the entity nearest the pointer, and which of them the
 // pointer snaps to.
 // Owns: SnapQuery, effectiveType, GetClosetFeaturePoint, featureAtPointer, OSnap_ButtonClick,
-//       OSnapMenuClick, the entries of the snap menu, OSnap_ButtonClick_ButtonDropDown.
+//       OSnapMenuClick, tbbtnmnuOSnapEndpoints_ButtonMenuClick,
+//       tbbtnmnuOSnapCenter_ButtonMenuClick, tbbtnmnuOSnapMidpoint_ButtonMenuClick,
+//       tbbtnmnuOSnapPerpendicular_ButtonMenuClick, tbbtnmnuOSnapQuadrants_ButtonMenuClick,
+//       OSnap_ButtonClick_ButtonDropDown.
 #pragma once
 
 #include <optional>

@@ -1,5 +1,5 @@
 // Crossings of lines and arcs.
-// Owns: Crossing, intersectSlopes, intersectLines, intersectLineArc, intersectArcs,
+// Owns: intersectSlopes, Crossing, intersectLines, intersectLineArc, intersectArcs,
 //       intersectEntities, intersectSegs, intersectPathSegs, intersectWithSeg.
 #pragma once
 

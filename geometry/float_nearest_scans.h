@@ -3,9 +3,9 @@
 // All scans measure with `distance`, replace only by what is strictly nearer, so that the lowest
 // row wins a tie, and find nothing at kFarthest or beyond. Rows that have no nearest point (a
 // kind without one, an arc without a radius) are passed over. Row results are 0 for none.
-// Owns: nearestLineSeg, nearestArcSeg, nearestRoundSeg, nearestSegEndpoint, nearestPathEndpoint,
-//       nearestPathChord, nearestPathSeg, nearestSeg, nearestSelectedSeg, nearestPointOfRow,
-//       nearestPointOfPathRow.
+// Owns: nearestLineSeg, nearestArcSeg, nearestRoundSeg, nearestSeg, nearestSelectedSeg,
+//       nearestPathChord, nearestPathSeg, nearestSegEndpoint, nearestPathEndpoint,
+//       nearestPointOfRow, nearestPointOfPathRow.
 #pragma once
 
 #include <optional>

@@ -1,6 +1,6 @@
 // What is done to the drawing between two saves, written down as it is done, so that a program that
 // is killed, or loses its display or its power, costs no work.
-// Owns: EditJournal, journalFolder, kJournalExtension.
+// Owns: kJournalExtension, journalFolder, EditJournal.
 #pragma once
 
 #include <memory>

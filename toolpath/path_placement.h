@@ -1,6 +1,7 @@
 // Placing path rows: what every generator shares, and the placing commands of the menu.
 // Owns: pointsWithin, roughingFloor, firstLevel, replicatePathAtZ, replicateLevels,
-//       connectPathSegs, reversePathSegment, the placing commands.
+//       connectPathSegs, reversePathSegment, mnuCAMPlace1PathSeg_Click, mnuCAMUndoLastPlace_Click,
+//       mnuClearAllPaths_Click, mnuRevPathDir_Click.
 #pragma once
 
 #include "toolpath/cam_desk.h"

@@ -1,5 +1,5 @@
 // Arcs of a picture as straight steps, and lines as far as they can be seen.
-// Owns: SteppedArc, allPoints, visibleRuns, clipped.
+// Owns: clipped, SteppedArc, allPoints, visibleRuns.
 #pragma once
 
 #include <QLineF>

@@ -1,6 +1,6 @@
 // Runs a piece of work in a process of its own and strikes at one of its system calls: the process
 // dies there, dies in the middle of a write, or the call fails.
-// Owns: Interruption, interruptedAt, pointsWithin.
+// Owns: Interruption, interruptedAt, InterruptedWork, pointsWithin.
 #pragma once
 
 #include <functional>

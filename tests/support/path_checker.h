@@ -1,7 +1,7 @@
 // Is the part right? A round tool is swept along path rows, independently of the routines that
 // place them: how deep it enters what must stay, and how much it leaves of what it could reach.
-// Owns: PartShape, partOf, toolPath, isAllowed, clearance, Gouge, deepestGouge, Coverage,
-//       ReachableArea, toolRooms.
+// Owns: PartShape, partOf, toolPath, isAllowed, clearance, Gouge, kSearchStep, deepestGouge,
+//       Coverage, ReachableArea, toolRooms.
 #pragma once
 
 #include <memory>

@@ -1,7 +1,9 @@
 // What about a pocket misleads the rules of the tool paths, by measures that are taken without the
 // paths. Doubts are told in words; where there is none, the paths must be right.
-// Owns: StartCorner, cornerAt, angleOf, isStartFree, LowestRow, partDoubt, startDoubt, roughDoubt,
-//       largestTool, RingSpan, spiralDoubt.
+// Owns: StartCorner, cornerAt, leftAt, angleOf, turningPoint, isStartFree, lowEnd, startOf, endOf,
+//       LowestRow, lowestRow, neighbourOf, tellsInsideOfArc, tellsInsideOfLine, tellsInside,
+//       hasFlatArc, isSmooth, startDoubt, partDoubt, lowestDoubt, roughDoubt, largestTool,
+//       fitsCorners, RingSpan, spiralDoubt.
 #pragma once
 
 #include <algorithm>
