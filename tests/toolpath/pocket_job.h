@@ -1,5 +1,5 @@
 // A drawn part made by the commands that an operator uses: verified, roughed, finished. What they
-// placed is told as ways of the tool.
+// placed is told as paths of the tool.
 // Owns: kHorizontalStyle, kVerticalStyle, kSpiralStyle, JobSettings, JobClicks, PocketJob,
 //       polygonRows, pocketOfRows.
 #pragma once
