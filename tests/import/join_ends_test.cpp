@@ -66,7 +66,7 @@ TEST(JoinEnds, AGroupGrowsToTwiceTheToleranceAndNoFurther) {
   EXPECT_NE(four[0].x1, four[3].x0);
 }
 
-TEST(JoinEnds, AnArcFollowsWithItsCentre) {
+TEST(JoinEnds, AnArcFollowsWithItsCenter) {
   const auto rows = joined({line(0, 0.0006, 0, 9), arc(kCounterClockwiseArc, 2, 0, 0, 0, 1, 0)});
   ASSERT_EQ(rows.size(), 2U);
   EXPECT_EQ(rows[1].y1, rows[0].y0);
@@ -83,7 +83,7 @@ TEST(JoinEnds, NearlyWholeCircleBecomesOne) {
   EXPECT_EQ(rows[0].y0, rows[0].y1);
 }
 
-TEST(JoinEnds, NearlyWholeCircleWithAWiderGapKeepsItsCentre) {
+TEST(JoinEnds, NearlyWholeCircleWithAWiderGapKeepsItsCenter) {
   const auto rows = joined({arc(kClockwiseArc, 1, 0, 1, 0.0018, 0, 0), line(1, 0.0025, 5, 5)});
   ASSERT_EQ(rows.size(), 2U);
   EXPECT_EQ(rows[0].xc, 0);
