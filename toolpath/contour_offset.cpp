@@ -17,8 +17,6 @@
 namespace tess {
 namespace {
 
-constexpr int kSelectedRow = kSelected + kOrdinaryClass;
-
 // A click this near to the profile lies on it: less than five pixels when rounded to whole ones.
 // Fixed: within five pixels a click lies on the profile; the zoom decides about the side.
 constexpr double kDeadBandPixels = 4.5;

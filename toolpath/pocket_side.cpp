@@ -53,7 +53,7 @@ int crossingsWith(const DrawingStore& store, const Entity& probe, const Entity& 
 int crossings(const DrawingStore& store, const Entity& probe) {
   int count = -1;
   for (int sg = 1; sg <= store.NumSegments; ++sg) {
-    if (store.segattr[sg] < kSelected) continue;
+    if (!hasSelectionMark(store.segattr[sg])) continue;
     count += crossingsWith(store, probe, segmentEntity(store, sg));
   }
   return count;

@@ -149,8 +149,10 @@ constexpr Routine kRoutines[] = {
             [](Application& application, Int16 first, Int16 last) {
               connectPathSegs(camOf(application), first, last);
             }),
-    routine("pathInsertIndex", [](DrawingStore& store, Int16 mode,
-                                  Int16 group) { return pathInsertIndex(store, mode, group); }),
+    routine("pathInsertIndex",
+            [](DrawingStore& store, Int16 mode, Int16 group) {
+              return pathInsertIndex(store, static_cast<PathInsertMode>(int{mode}), group);
+            }),
     routine("firstOfPathGroup",
             [](DrawingStore& store, Int16 ps) { return firstOfPathGroup(store, ps); }),
     routine("lastOfPathGroup",

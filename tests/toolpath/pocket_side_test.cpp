@@ -15,8 +15,6 @@ namespace {
 
 using testing::addSegment;
 
-constexpr int kSelectedRow = kSelected + kOrdinaryClass;
-
 struct PocketSide : ::testing::Test {
   PocketSide() { store.cfg_tolerance = testing::kTolerence; }
   void line(Point from, Point to, int attr = kSelectedRow) {
