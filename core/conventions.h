@@ -3,11 +3,11 @@
 // Lengths are in drawing units (inch or millimetre), angles in radians, counter-clockwise positive
 // from the x axis. Row tables count from 1, tools and machine cycles from 0; tool numbers shown to
 // the operator and written to programs count from 1. Clockwise arcs run from start to end with
-// falling angle. Side 1 is a path right of travel, -1 left, 0 on the profile.
+// falling angle.
 // Owns: kPoint, kLine, kClockwiseArc, kCounterClockwiseArc, kCircle, kRectangle, kRapid,
 //       kFirstNonContour, kFirstCycle, kLatheRapidZ, cycleGNumber, isArc, kSelected,
 //       kCodesPerState, kCodesPerGroup, kOrdinaryClass, kSelectedRow, kVerified, kVerifiedRow,
-//       kParkedRow, kMillimetresPerInch, kLastTool, kLastWrittenTool, kLastColorSlot,
+//       kParkedRow, Side, signOf, kMillimetresPerInch, kLastTool, kLastWrittenTool, kLastColorSlot,
 //       kDefaultPartHeight, partHeightOr.
 #pragma once
 
@@ -47,6 +47,14 @@ inline constexpr int kSelectedRow = 30008;  // an ordinary row that is selected
 inline constexpr int kVerified = 30100;     // selected and accepted as pocket or island
 inline constexpr int kVerifiedRow = 30108;  // an ordinary row so accepted
 inline constexpr int kParkedRow = 29108;    // a verified row put aside while roughing runs
+
+// Where a path lies beside the profile that it follows, seen along the travel. Scripts know the
+// numbers.
+enum class Side : int { Left = -1, On = 0, Right = 1 };
+
+constexpr int signOf(Side side) {
+  return static_cast<int>(side);
+}
 
 inline constexpr double kMillimetresPerInch = 25.4;
 

@@ -214,8 +214,8 @@ class Spiral {
   }
 
   bool runsAgainstMode() const {
-    return (inside_ == 1 && cuttingMode(store_) == CuttingMode::Climb) ||
-           (inside_ == -1 && cuttingMode(store_) == CuttingMode::Conventional);
+    return (inside_ == Side::Right && cuttingMode(store_) == CuttingMode::Climb) ||
+           (inside_ == Side::Left && cuttingMode(store_) == CuttingMode::Conventional);
   }
 
   void cutFolds() {
@@ -235,7 +235,7 @@ class Spiral {
   CamDesk& cam_;
   DrawingStore& store_;
   int sg_;
-  int inside_ = 0;
+  Side inside_ = Side::On;
   RowBarrier walls_;
   std::array<PlacedRows, 2> followed_;
 };

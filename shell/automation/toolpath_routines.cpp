@@ -77,7 +77,7 @@ constexpr Routine kRoutines[] = {
             }),
     routine("pocketSideOf",
             [](DrawingStore& store, float x0, float y0, float x1, float y1) {
-              return pocketSideOf(store, {x0, y0}, {x1, y1});
+              return signOf(pocketSideOf(store, {x0, y0}, {x1, y1}));
             }),
     routine("arcSweep",
             [](float a, float b, Int16 direction) { return ArcSweep(a, b, direction); }),
