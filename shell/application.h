@@ -80,7 +80,11 @@ class Application {
   DrawingStore& store = *ownStore_;
   PostDefinition definition;
   CncState cnc;
-  ProgramViewer viewer;
+  // There is no window for programs yet: the file is all that comes of one.
+  struct NoViewer : ProgramViewer {
+    void showFile(const std::string& /*file*/) override {}
+  };
+  NoViewer viewer;
 
   // What only a window can do; nothing without one.
   std::function<void()> onCloseMainWindow;
