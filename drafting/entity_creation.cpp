@@ -120,6 +120,7 @@ void drawThreePointMode(Desk& desk, Finish finish) {
   desk.command.clickstage = 0;
   toggleMarkerCross(desk);
   eraseSecondCross(desk);
+  // Fixed: the marker moves on without a shape too; what scripts draw next starts from there.
   if (!finish()) desk.session.host.surroundings.beep();
   putMarker(desk, desk.command.marker2x, desk.command.marker2y);
 }

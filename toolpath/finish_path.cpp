@@ -106,6 +106,7 @@ void placePass(CamDesk& cam, const PassRequest& pass, AddedRows& added) {
   if (pass.several) replicateLevels(cam, pass.offset.z, pass.floor, rowsBefore);
 }
 
+// Fixed: the first level runs at the finishing feed, copies at the roughing one; programs do.
 PassRequest passRequest(const CamDesk& cam) {
   const DrawingStore& store = cam.store;
   PassRequest pass;

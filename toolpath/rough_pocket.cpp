@@ -79,7 +79,7 @@ Clearing runStyle(CamDesk& cam, float z, float feed) {
 
 // ---- Levels
 
-// A lathe program's X and Z are the drawing itself: no tool radius, no levels.
+// Fixed: the clearance alone stands off, at one level; lathe programs are the drawing itself.
 void cutLathe(CamDesk& cam) {
   roughCutLevel(cam, /*z=*/0, cam.store.cfg_finish_feedrate, /*radius=*/0);
 }

@@ -7,7 +7,6 @@
 #include <chrono>
 #include <cstdlib>
 #include <functional>
-#include <sys/mman.h>
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
@@ -17,6 +16,7 @@
 
 #include "core/drawing_store.h"
 #include "tests/support/drawing_folder.h"
+#include "tests/support/shared_memory.h"
 
 namespace tess {
 namespace {
@@ -39,13 +39,6 @@ struct Board {
   std::atomic<int> torn{0};
   std::atomic<int> refused{0};
 };
-
-Board& newBoard() {
-  void* const memory =
-      ::mmap(nullptr, sizeof(Board), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
-  if (memory == MAP_FAILED) throw std::runtime_error("no shared memory");
-  return *new (memory) Board;
-}
 
 int seconds() {
   const char* const wanted = std::getenv("TESSIMO_HAMMER_SECONDS");
@@ -136,7 +129,7 @@ class DrawingHammer : public ::testing::Test, protected DrawingFolder {
 };
 
 TEST_F(DrawingHammer, NothingIsLostAndNothingIsTorn) {
-  Board& board = newBoard();
+  Board& board = testing::sharedWithChildren<Board>();
   std::vector<pid_t> processes;
   for (int writer = 0; writer < kWriters; ++writer) {
     processes.push_back(spawn([&, writer] { write(board, writer); }));
