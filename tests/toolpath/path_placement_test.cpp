@@ -6,7 +6,7 @@
 
 #include "core/drawing_store.h"
 #include "core/pocketing_choices.h"
-#include "drafting/edit_commands.h"
+#include "drafting/break_segment.h"
 #include "drafting/entity_creation.h"
 #include "drafting/row_edits.h"
 #include "drafting/undo.h"
