@@ -41,7 +41,7 @@ Entity circleOfRadius(Entity circle, float radius) {
   return circle;
 }
 
-// Fixed: a drawn circle, an arc too, keeps the point where it begins; scripts find it by that place.
+// Fixed: a drawn circle is an arc too and keeps its point, not its center; scripts pick it by that.
 std::optional<Entity> withRadius(Entity arc, float radius) {
   if (radius <= 0) return std::nullopt;
   if (!isArc(arc.type)) return circleOfRadius(arc, radius);

@@ -43,6 +43,29 @@ TEST(JoinEnds, EndsBeyondTheToleranceStayApart) {
   EXPECT_EQ(rows[1].x0, static_cast<float>(1.0011));
 }
 
+// In numbers that 32 bits hold exactly, so that nothing rounds.
+TEST(JoinEnds, EndsAtTheToleranceItselfMeet) {
+  const auto met = joined({line(0, 9, 1, 0), line(1.5, 0, 5, 9)}, 0.5F);
+  EXPECT_EQ(met[0].x1, 1);
+  EXPECT_EQ(met[1].x0, 1);
+  const auto apart = joined({line(0, 9, 1, 0), line(1.5 + 0x1p-20, 0, 5, 9)}, 0.5F);
+  EXPECT_EQ(apart[0].x1, 1);
+  EXPECT_EQ(apart[1].x0, 1.5 + 0x1p-20);
+}
+
+TEST(JoinEnds, AGroupGrowsToTwiceTheToleranceAndNoFurther) {
+  const auto three = joined({line(0, 9, 1, 0), line(1.5, 0, 5, 9), line(2, 0, 9, 9)}, 0.5F);
+  ASSERT_EQ(three.size(), 3U);
+  EXPECT_EQ(three[0].x1, 1.5);
+  EXPECT_EQ(three[1].x0, 1.5);
+  EXPECT_EQ(three[2].x0, 1.5);
+  const auto four =
+      joined({line(0, 9, 1, 0), line(1.5, 0, 5, 9), line(2, 0, 9, 9), line(2.5, 0, 13, 9)}, 0.5F);
+  ASSERT_EQ(four.size(), 4U);
+  EXPECT_EQ(four[0].x1, four[1].x0);
+  EXPECT_NE(four[0].x1, four[3].x0);
+}
+
 TEST(JoinEnds, AnArcFollowsWithItsCenter) {
   const auto rows = joined({line(0, 0.0006, 0, 9), arc(kCounterClockwiseArc, 2, 0, 0, 0, 1, 0)});
   ASSERT_EQ(rows.size(), 2U);
