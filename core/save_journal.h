@@ -17,7 +17,7 @@ namespace tess {
 inline constexpr std::size_t kLargestJournal = 16 * 1024;
 
 struct SaveJournal {
-  static constexpr std::size_t kMostFiles = 4;
+  static constexpr std::size_t kMaxFiles = 4;
   struct File {
     std::optional<Checksum> before, after;  // nothing: there is no file
     friend bool operator==(const File&, const File&) = default;

@@ -120,6 +120,7 @@ void drawThreePointMode(Desk& desk, Finish finish) {
   desk.command.clickstage = 0;
   toggleMarkerCross(desk);
   eraseSecondCross(desk);
+  // Fixed: the marker moves on without a shape too; what scripts draw next starts from there.
   if (!finish()) desk.session.host.surroundings.beep();
   putMarker(desk, desk.command.marker2x, desk.command.marker2y);
 }
@@ -195,7 +196,7 @@ void takeEnds(Desk& desk) {
   desk.arc.arcy1 = desk.command.marker2y;
 }
 
-bool centreThrough(Desk& desk, Point third) {
+bool centerThrough(Desk& desk, Point third) {
   const std::optional<Point> center =
       circleFrom3Points(markerOf(desk), secondPointOf(desk), third, desk.store.cfg_tolerance);
   if (!center) return false;
@@ -262,7 +263,7 @@ void draw_Action(Desk& desk, PictureBoxProxy& target) {
 }
 
 bool draw_circle3p(Desk& desk, float x, float y) {
-  if (!centreThrough(desk, {x, y})) return false;
+  if (!centerThrough(desk, {x, y})) return false;
   const Point center{desk.arc.arccx, desk.arc.arccy};
   desk.arc.arcradius = distance({x, y}, center);
   desk.ScreenProxy.TraceCircle(center.x, center.y, desk.arc.arcradius, drawColor(desk));
@@ -271,7 +272,7 @@ bool draw_circle3p(Desk& desk, float x, float y) {
 
 bool draw_arc3p(Desk& desk, float x, float y) {
   takeEnds(desk);
-  if (!centreThrough(desk, {x, y})) return false;
+  if (!centerThrough(desk, {x, y})) return false;
   traceArc(desk, x, y, /*reversed=*/false);
   return true;
 }

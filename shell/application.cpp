@@ -13,6 +13,9 @@
 #include "shell/commands.h"
 #include "shell/layouts.h"
 #include "shell/recovery.h"
+#include "tools/dlgColor.h"
+#include "tools/dlgToolPrms.h"
+#include "tools/speeds_feeds.h"
 
 namespace tess {
 namespace {
@@ -31,6 +34,9 @@ std::unique_ptr<Timer> GuardedTimers::create(const TimerSpec& spec, std::functio
 
 Application::Application(const Platform& platform)
     : ownStore_(std::make_unique<DrawingStore>()),
+      ownFeeds_(std::make_unique<SpeedsFeeds>(platform.jetReader)),
+      ownColors_(std::make_unique<FormColorDialog>(platform.host.prompts)),
+      colors(platform.colors != nullptr ? *platform.colors : *ownColors_),
       reporting_(platform.reporting),
       timers_(platform.screen.timers, platform.reporting),
       session(store, platform.host, listener_),
@@ -61,6 +67,7 @@ void Application::wireTools() {
 void Application::start(std::string_view drawing, std::string_view appfolder) {
   interaction.tools.openBand("barStatistics");
   Main(session, drawing, appfolder);
+  showToolInUse();
 }
 
 void Application::load(std::string_view drawing, std::string_view appfolder) {
@@ -69,8 +76,14 @@ void Application::load(std::string_view drawing, std::string_view appfolder) {
 
 bool Application::guarded(std::string_view entry, const std::function<void()>& run) {
   const bool done = reporting_.guarded(entry, run);
+  showToolInUse();
   settleJournal();
   return done;
+}
+
+// Commands, dialogs and scripts choose and change tools; whichever did is done now.
+void Application::showToolInUse() {
+  interaction.statusBar.setPanel(StatusPanel::Tool, toolInUseText(session));
 }
 
 void Application::keepJournal() {
@@ -80,6 +93,10 @@ void Application::keepJournal() {
 
 void Application::settleJournal() {
   if (journal_) journal_->afterCommand();
+}
+
+void Application::continueJournal(const std::string& path) {
+  if (journal_) journal_->continueIn(path);
 }
 
 bool Application::clickTool(std::string_view tool) {

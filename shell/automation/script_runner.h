@@ -35,6 +35,7 @@ struct ScriptJob {
   LuaLimits limits;
   double timeout = 0;         // seconds; 0: as long as it takes
   bool showProgress = false;  // the status line of long commands, on the error stream
+  std::string jetReader{};    // the program that reads Jet databases; empty: none does
 };
 
 // The folders that the file commands of the script may touch.

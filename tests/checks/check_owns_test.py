@@ -12,7 +12,7 @@ CLEAN = "check_owns: every header names what it declares; no type is twice"
 
 # One of each thing that a header may own, with what must not be taken for one.
 RICH = """// Everything at once.
-// Owns: TESSIMO_LIST, kLeast, Kind, Box, Pair, Rows, area, grown, log, shared, printed, Plain.
+// Owns: TESSIMO_LIST, kMin, Kind, Box, Pair, Rows, area, grown, log, shared, printed, Plain.
 #pragma once
 
 #include <string>
@@ -31,7 +31,7 @@ enum class Late : int;
 template <typename T>
 class Column;
 
-inline constexpr std::size_t kLeast = std::size_t{1} << 20;
+inline constexpr std::size_t kMin = std::size_t{1} << 20;
 enum class Kind { Line, Arc };  // a comment with "int notOurs();"
 
 // A class with members that are nobody's names outside.

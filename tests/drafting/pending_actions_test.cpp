@@ -426,7 +426,7 @@ TEST(ZoomWindow, WithoutHeightTakesTheRatioOfItsWidthAlone) {
   EXPECT_EQ(d.view.viewspan, 2);
 }
 
-TEST(ZoomWindow, ThatIsAPointOnlyRecentres) {
+TEST(ZoomWindow, ThatIsAPointOnlyRecenters) {
   RecordedDesk d;
   d.viewCommands.mnuViewZoomWindow_Click();
   d.click(1, 2);

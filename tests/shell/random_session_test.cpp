@@ -44,15 +44,16 @@ double kept(float coordinate) {
 
 Row drawnRow(const DrawingStore& store, int sg) {
   const SegmentRow row = segmentRow(store, sg);
-  const bool centred = isArc(row.type) || row.type == kCircle;  // others hold what was there before
+  const bool centered =
+      isArc(row.type) || row.type == kCircle;  // others hold what was there before
   return {static_cast<double>(row.type),
           static_cast<double>(entityClass(row.attr)),
           kept(row.x0),
           kept(row.y0),
           kept(row.x1),
           kept(row.y1),
-          centred ? kept(row.xc) : 0,
-          centred ? kept(row.yc) : 0};
+          centered ? kept(row.xc) : 0,
+          centered ? kept(row.yc) : 0};
 }
 
 Row placedRow(const DrawingStore& store, int ps) {
