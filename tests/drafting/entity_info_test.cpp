@@ -78,8 +78,13 @@ TEST(EntityInfo, OfAPathRowTellsDepthAndFeedToo) {
 
 TEST(EntityInfo, OutsideTheTablesFails) {
   InfoDesk d;
-  EXPECT_EQ(testing::numberOfFailure([&d] { entityInfo(d.desk, 30000); }),
-            FailureNumber::SubscriptOutOfRange);
+  d.addLine(0, 0, 1, 0);
+  for (const int row : {0, 2, 30000}) {
+    EXPECT_EQ(testing::numberOfFailure([&] { entityInfo(d.desk, row); }),
+              FailureNumber::SubscriptOutOfRange);
+    EXPECT_EQ(testing::numberOfFailure([&] { pathEntityInfo(d.desk, row); }),
+              FailureNumber::SubscriptOutOfRange);
+  }
 }
 
 TEST(EntityInfoClick, ShowsTheNearestRowAndEnds) {

@@ -243,6 +243,8 @@ TEST(FilletFaults, AFullTableLeavesBothLines) {
 TEST(AddFillet, TellsWhyItDidNot) {
   Corner d;
   d.add({.type = 3, .x0 = 4, .y0 = 0, .x1 = 4, .y1 = 2, .xc = 4, .yc = 1});
+  EXPECT_EQ(addFillet(d.desk.changes, 1, 2, 0), FilletResult::NoCenter);
+  EXPECT_EQ(addFillet(d.desk.changes, 1, 2, -0.5F), FilletResult::NoCenter);
   EXPECT_EQ(addFillet(d.desk.changes, 0, 1, 0.5F), FilletResult::SameRow);
   EXPECT_EQ(addFillet(d.desk.changes, 1, 4, 0.5F), FilletResult::SameRow);
   EXPECT_EQ(addFillet(d.desk.changes, 1, 1, 0.5F), FilletResult::SameRow);
