@@ -17,7 +17,7 @@ namespace {
 enum class Deletion { Nothing, Done, Refused };
 
 bool isSelectedOrdinary(const DrawingStore& store, int sg) {
-  return store.segattr[sg] == kSelected + kOrdinaryClass;
+  return store.segattr[sg] == kSelectedRow;
 }
 
 std::vector<clsSegment> selectedRecords(const DrawingStore& store) {
