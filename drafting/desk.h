@@ -16,6 +16,7 @@
 #include "display/view_commands.h"
 #include "drafting/c_state.h"
 #include "drafting/change.h"
+#include "drafting/hovering_rows.h"
 #include "drafting/known_commands.h"
 #include "drafting/paste_buffer.h"
 #include "geometry/float_points.h"
@@ -48,6 +49,7 @@ struct CommandRecord {
   bool secondCrossShown = false;           // the second point's cross is on the screen
   bool EditPaths = false;                  // editing works on path rows
   int LastCommand = 0;
+  float rotateDegrees = 0;  // what was taken last; 0 until then
   int PendingSeg1 = 0, PendingSeg2 = 0;
   Point PendingPt1, PendingPt2;
 };
@@ -100,6 +102,7 @@ struct Desk : DeskParts, KnownCommands {
   CommandRecord command;
   ArcScratch arc;
   PasteBuffer paste;
+  HoveringRows hovering;
   ChangeLog changelog;
   std::unique_ptr<ChangeHost> changeHost;
   Changes changes;

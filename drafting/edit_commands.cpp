@@ -39,9 +39,6 @@ void mnuEditDelete_Click(Desk& desk) {
   arm(desk, Delete);
 }
 
-void mnuEditCopy_Click(Desk& desk) {
-  if (selectedCount(desk.store) < 1) arm(desk, Copy);
-}
 void mnuEditFlipArc_Click(Desk& desk) {
   arm(desk, FlipArc);
 }
@@ -66,14 +63,8 @@ void mnuDeleteVertex_Click(Desk& desk) {
 void mnuChangeRad_Click(Desk& desk) {
   arm(desk, ChangeRadius);
 }
-void mnuEditMoveProf_Click(Desk& desk) {
-  arm(desk, Move);
-}
 void mnuAddFillet_Click(Desk& desk) {
   arm(desk, FilletFirst);
-}
-void SetOrigin(Desk& desk) {
-  arm(desk, PendingAction::SetOrigin);
 }
 void mnuEditTrimEntity_Click(Desk& desk) {
   arm(desk, TrimPick);
@@ -88,10 +79,6 @@ namespace {
 
 constexpr Action<Desk> kDeleteActions[] = {
     {{.action = PendingAction::Delete, .prompt = "Click near item to delete.", .stays = true}},
-};
-
-constexpr Action<Desk> kCopyActions[] = {
-    {{.action = PendingAction::Copy, .prompt = "Click on segment to copy."}},
 };
 
 constexpr Action<Desk> kFlipArcActions[] = {
@@ -130,17 +117,9 @@ constexpr Action<Desk> kChangeRadiusActions[] = {
     {{.action = PendingAction::ChangeRadius, .prompt = "Click near arc to change radius."}},
 };
 
-constexpr Action<Desk> kMoveActions[] = {
-    {{.action = PendingAction::Move, .prompt = kMoveAllPrompt}},
-};
-
 constexpr Action<Desk> kFilletActions[] = {
     {{.action = PendingAction::FilletFirst, .prompt = "Click near first line to fillet."}},
     {{.action = PendingAction::FilletSecond, .prompt = "Click near second line to fillet."}},
-};
-
-constexpr Action<Desk> kSetOriginActions[] = {
-    {{.action = PendingAction::SetOrigin, .prompt = "Click on new origin."}},
 };
 
 constexpr Action<Desk> kTrimActions[] = {
@@ -170,12 +149,6 @@ constexpr DeskCommand kDeleteCommand{
              .bar = {"barEdit", 210}},
     .run = mnuEditDelete_Click,
     .actions = kDeleteActions,
-};
-
-constexpr DeskCommand kCopyCommand{
-    .info = {.tool = "miCopy", .caption = "&Copy", .key = "C", .menu = {"miEdit", 220}},
-    .run = mnuEditCopy_Click,
-    .actions = kCopyActions,
 };
 
 constexpr DeskCommand kFlipArcCommand{
@@ -251,16 +224,6 @@ constexpr DeskCommand kChangeRadiusCommand{
     .repeat = {{PendingAction::ChangeRadius}},
 };
 
-constexpr DeskCommand kMoveCommand{
-    .info = {.tool = "miMoveProfile",
-             .caption = "&Move Profile",
-             .key = "M",
-             .menu = {"miEdit", 510}},
-    .run = mnuEditMoveProf_Click,
-    .actions = kMoveActions,
-    .repeat = {{PendingAction::Move}},
-};
-
 constexpr DeskCommand kFilletCommand{
     .info = {.tool = "miAddFillet",
              .caption = "Add Fi&llet...",
@@ -269,13 +232,6 @@ constexpr DeskCommand kFilletCommand{
     .run = mnuAddFillet_Click,
     .actions = kFilletActions,
     .repeat = {{PendingAction::FilletFirst, PendingAction::FilletSecond}},
-};
-
-constexpr DeskCommand kSetOriginCommand{
-    .info = {.tool = "miSetOrigin", .caption = "Set &Origin", .menu = {"miEdit", 550}},
-    .run = tess::SetOrigin,
-    .actions = kSetOriginActions,
-    .repeat = {{PendingAction::SetOrigin}},
 };
 
 constexpr DeskCommand kTrimCommand{

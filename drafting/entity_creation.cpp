@@ -9,6 +9,7 @@
 #include "display/screen_marks.h"
 #include "drafting/drafting_commands.h"
 #include "drafting/rubber_band.h"
+#include "geometry/entity.h"
 #include "geometry/float_angles.h"
 #include "geometry/float_circles.h"
 
@@ -229,10 +230,13 @@ void addShape(Desk& desk, std::span<const SegmentRow> rows, PictureBoxProxy& tar
 
 void traceShape(Desk& desk, std::span<const SegmentRow> rows) {
   for (const SegmentRow& row : rows) {
-    if (isArc(row.type)) {
+    const WorldBox ends{row.x0, row.y0, row.x1, row.y1};
+    if (isRound(row.type)) {
       traceArcRow(desk, row, /*reversed=*/false);
+    } else if (row.type == kRectangle) {
+      desk.ScreenProxy.TraceLine(ends, drawColor(desk), kOutlineBox);
     } else {
-      desk.ScreenProxy.TraceLine({row.x0, row.y0, row.x1, row.y1}, drawColor(desk));
+      desk.ScreenProxy.TraceLine(ends, drawColor(desk));
     }
   }
 }

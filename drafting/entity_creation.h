@@ -28,7 +28,7 @@ SegmentRow lineRow(Point from, Point to);
 void addShape(Desk& desk, std::span<const SegmentRow> rows, PictureBoxProxy& target,
               int undoMark = kRowsAdded);
 
-// Paints lines and arcs in the colour of drawing, in the pen that is set.
+// Paints rows in the colour of drawing, in the pen that is set.
 void traceShape(Desk& desk, std::span<const SegmentRow> rows);
 
 // What a command with a drawing mode ends with: its mode is on, and a three-point command in

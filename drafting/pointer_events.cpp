@@ -64,6 +64,7 @@ void pressLeft(Desk& desk, const PointerEvent& event) {
   if (isArmed(desk, Pan)) pointer.PanStart = desk.viewCommands.beginPan(at(event));
   if (isArmed(desk, PlaceText)) desk.listener.textDragReset();
   if (isArmed(desk, Measure)) pressMeasure(desk, at(event));
+  if (isArmed(desk, Move)) moveDragBand(desk, snappedPosition(desk, at(event)));
 }
 
 // ---- Move
@@ -120,6 +121,7 @@ void moveLeft(Desk& desk, const PointerEvent& event, bool invertSnap) {
   offerFeature(desk, event, invertSnap);
   if (isArmed(desk, None)) moveRubberBand(desk, at(event));
   if (isAnyArmed(desk, {Select, Unselect})) moveDragBand(desk, at(event));
+  if (isArmed(desk, Move)) moveDragBand(desk, snappedPosition(desk, at(event)));
   if (isArmed(desk, ZoomWindow)) moveZoomBox(desk, event);
   if (isArmed(desk, Pan)) movePanDrag(desk, event);
   if (isArmed(desk, Measure)) moveMeasure(desk, at(event));
@@ -212,6 +214,7 @@ void releaseLeft(Desk& desk, const PointerEvent& event) {
   if (armed == Select || armed == Unselect) releaseSelectionBox(desk, event);
   if (armed == ZoomWindow) releaseZoomBox(desk);
   if (armed == Measure) releaseMeasure(desk);
+  if (armed == Move) eraseDragBand(desk);
 }
 
 // ---- Release, second stage

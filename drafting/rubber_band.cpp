@@ -5,6 +5,8 @@
 
 #include "display/arrowheads.h"
 #include "drafting/entity_creation.h"
+#include "drafting/hovering_rows.h"
+#include "drafting/move_rows.h"
 #include "drafting/pending_actions.h"
 
 namespace tess {
@@ -63,16 +65,24 @@ void invertMeasureArrow(Desk& desk) {
   desk.ScreenProxy.setDrawMode(PenMode::Copy);
 }
 
+// The rows as a click at the end of the band would move them.
+void invertMovedRows(Desk& desk) {
+  const Point marker = markerOf(desk), to = hoverPoint(desk);
+  desk.ScreenProxy.setDrawMode(PenMode::NotXor);
+  desk.ScreenProxy.setDrawStyle(PenStyle::Solid);
+  traceHovering(desk, movedRows(desk.store, to.x - marker.x, to.y - marker.y));
+  desk.ScreenProxy.setDrawMode(PenMode::Copy);
+}
+
 struct DragBandRow {
   PendingAction action;
   void (*invert)(Desk&);
 };
 
 constexpr DragBandRow kDragBands[] = {
-    {PendingAction::Select, invertSelectionBox},
-    {PendingAction::Unselect, invertSelectionBox},
-    {PendingAction::ZoomWindow, invertZoomBox},
-    {PendingAction::Measure, invertMeasureArrow},
+    {PendingAction::Select, invertSelectionBox}, {PendingAction::Unselect, invertSelectionBox},
+    {PendingAction::ZoomWindow, invertZoomBox},  {PendingAction::Measure, invertMeasureArrow},
+    {PendingAction::Move, invertMovedRows},
 };
 
 void invertDragBand(Desk& desk, int action) {

@@ -4,8 +4,10 @@
 #include "gtest/gtest.h"
 
 #include "core/drawing_store.h"
+#include "drafting/copy_paste.h"
 #include "drafting/entity_creation.h"
 #include "drafting/measure.h"
+#include "drafting/move_rows.h"
 #include "drafting/pending_actions.h"
 #include "drafting/repeat_key.h"
 #include "drafting/selection.h"
@@ -158,8 +160,7 @@ TEST(RepeatKey, AfterTheSecondClickOfAFilletStartsWithTheFirst) {
 }
 
 TEST(RepeatKey, OtherNumbersDoNothing) {
-  for (const int last :
-       {-1, 0, 1, 3, 8, 12, 17, 20, 24, 25, 29, 32, 33, 37, 39, 41, 44, 48, 1000}) {
+  for (const int last : {-1, 0, 1, 3, 8, 12, 17, 20, 24, 25, 29, 32, 33, 39, 41, 44, 48, 1000}) {
     RecordedDesk d;
     d.addLine(0, 0, 1, 0);
     d.desk.command.LastCommand = last;
