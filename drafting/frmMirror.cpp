@@ -4,8 +4,6 @@
 namespace tess {
 
 frmMirror::frmMirror(Desk& desk) : RowImagesForm(desk, "frmMirror", "Mirror") {
-  lblMirrorX.setCaption("Mirror point &X");
-  lblMirrorY.setCaption("Mirror point &Y");
   fraDirection.setCaption("Direction");
   optHorizontally.setCaption("&Horizontally");
   optVertically.setCaption("&Vertically");

@@ -14,9 +14,7 @@ class frmMirror : public RowImagesForm {
   // What OK took; nothing after Cancel.
   const std::optional<Mirroring>& taken() const { return taken_; }
 
-  Label lblMirrorX{*this, "lblMirrorX"};
   TextBox txtMirrorX{*this, "txtMirrorX"};
-  Label lblMirrorY{*this, "lblMirrorY"};
   TextBox txtMirrorY{*this, "txtMirrorY"};
   Label lblMarkerXY{*this, "lblMarkerXY"};
   Frame fraDirection{*this, "fraDirection"};

@@ -14,9 +14,6 @@ constexpr float kMostDegrees = 360;
 }  // namespace
 
 frmRotate::frmRotate(Desk& desk) : RowImagesForm(desk, "frmRotate", "Rotate") {
-  lblDegrees.setCaption("&Degrees");
-  lblRotateX.setCaption("Rotation point &X");
-  lblRotateY.setCaption("Rotation point &Y");
   fraDirection.setCaption("Direction");
   optClockwise.setCaption("C&lockwise");
   optCounterClockwise.setCaption("Counter-clock&wise");

@@ -14,11 +14,8 @@ class frmRotate : public RowImagesForm {
   // What OK took; nothing after Cancel.
   const std::optional<Turn>& taken() const { return taken_; }
 
-  Label lblDegrees{*this, "lblDegrees"};
   TextBox txtDegrees{*this, "txtDegrees"};
-  Label lblRotateX{*this, "lblRotateX"};
   TextBox txtRotateX{*this, "txtRotateX"};
-  Label lblRotateY{*this, "lblRotateY"};
   TextBox txtRotateY{*this, "txtRotateY"};
   Label lblMarkerXY{*this, "lblMarkerXY"};
   Frame fraDirection{*this, "fraDirection"};

@@ -46,14 +46,6 @@ void BoltPreview::show(std::vector<BoltMark> marks) {
 }
 
 BoltCircle::BoltCircle(CamDesk& cam) : Form("BoltCircle", "Bolt Circle"), cam_(cam) {
-  lblNumberOfHoles.setCaption("&Number of bolt holes");
-  lblDegreesOffset.setCaption("Degrees &offset");
-  lblBoltCircleDiameter.setCaption("&Bolt circle diameter");
-  lblBoltHoleDiameter.setCaption("Bolt &hole diameter");
-  lblOrigX.setCaption("&X");
-  lblOrigY.setCaption("&Y");
-  lblCenters.setCaption("Between hole centers");
-  lblEdges.setCaption("Between hole edges");
   chkDisplayCoordinates.setCaption("&Display coordinates");
   cmdCompute.setCaption("&Compute");
   cmdClear.setCaption("C&lear");

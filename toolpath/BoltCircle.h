@@ -36,26 +36,18 @@ class BoltCircle : public Form {
  public:
   explicit BoltCircle(CamDesk& cam);
 
-  Label lblNumberOfHoles{*this, "lblNumberOfHoles"};
   TextBox txtNumberOfHoles{*this, "txtNumberOfHoles"};
-  Label lblDegreesOffset{*this, "lblDegreesOffset"};
   TextBox txtDegreesOffset{*this, "txtDegreesOffset"};
-  Label lblBoltCircleDiameter{*this, "lblBoltCircleDiameter"};
   TextBox txtBoltCircleDiameter{*this, "txtBoltCircleDiameter"};
-  Label lblBoltHoleDiameter{*this, "lblBoltHoleDiameter"};
   TextBox txtBoltHoleDiameter{*this, "txtBoltHoleDiameter"};
   Label lblOrigin{*this, "lblOrigin"};
-  Label lblOrigX{*this, "lblOrigX"};
   TextBox txtOrigX{*this, "txtOrigX"};
-  Label lblOrigY{*this, "lblOrigY"};
   TextBox txtOrigY{*this, "txtOrigY"};
   Button cmdCompute{*this, "cmdCompute"};
   Button cmdClear{*this, "cmdClear"};
   ListBox lstBoltHoleResults{*this, "lstBoltHoleResults"};
   Label lblCoordinates{*this, "lblCoordinates"};
-  Label lblCenters{*this, "lblCenters"};
   Label lblDistanceBetweenHoleCenters{*this, "lblDistanceBetweenHoleCenters"};
-  Label lblEdges{*this, "lblEdges"};
   Label lblDistanceBetweenHoleEdges{*this, "lblDistanceBetweenHoleEdges"};
   BoltPreview Picture1{*this, "Picture1"};
   CheckBox chkDisplayCoordinates{*this, "chkDisplayCoordinates"};

@@ -13,7 +13,8 @@ constexpr int kPlaceDecimals = 4;
 constexpr double kDegreesOfATurn = 360;
 
 float placed(double coordinate) {
-  return roundTo(narrow(coordinate), kPlaceDecimals);
+  narrow(coordinate);  // or it is no number to be rounded
+  return roundTo(coordinate, kPlaceDecimals);
 }
 
 }  // namespace

@@ -15,7 +15,7 @@ struct BoltPattern {
   float degreesOffset = 0;  // of the first hole from the top, clockwise
   float circleDiameter = 0;
   float holeDiameter = 0;
-  Point origin;  // of the circle
+  Point origin{};  // of the circle
 };
 
 // The radius of the bolt circle in its preview.
@@ -24,7 +24,7 @@ inline constexpr double kBoltFrame = 1800;
 struct BoltHole {
   double px = 0, py = 0;  // in the preview, y upward
   double x = 0, y = 0;    // in the drawing
-  Point place;            // the same at 4 decimals
+  Point place{};          // the same at 4 decimals
 };
 
 // Clockwise from the first one. Raises Overflow.
