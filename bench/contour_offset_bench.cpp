@@ -45,12 +45,12 @@ struct StarDesk : testing::SilentDesk {
 
 void offsetStar(StarDesk& d) {
   const Entity first = segmentEntity(d.store, 1);
-  OffsetOrder order;
-  order.sg = 1;
-  order.start = first.start;
-  order.direction = first.end;
-  order.click = {d.side < 0 ? 0 : 2 * first.start.x, 0};
-  offsetPathChain(d.cam, order);
+  OffsetRequest request;
+  request.sg = 1;
+  request.start = first.start;
+  request.direction = first.end;
+  request.click = {d.side < 0 ? 0 : 2 * first.start.x, 0};
+  offsetPathChain(d.cam, request);
 }
 
 Entity displaced(const StarDesk& d, int sg) {

@@ -4,8 +4,10 @@
 // from the x axis. Row tables count from 1, tools and machine cycles from 0; tool numbers shown to
 // the operator and written to programs count from 1. Clockwise arcs run from start to end with
 // falling angle. Side 1 is a path right of travel, -1 left, 0 on the profile.
-// Owns: SegmentType, the path move kinds, the selection and class codes, table bounds,
-//       kMillimetresPerInch.
+// Owns: kPoint, kLine, kClockwiseArc, kCounterClockwiseArc, kCircle, kRectangle, kRapid,
+//       kFirstNonContour, kFirstCycle, kLatheRapidZ, isArc, kSelected, kOrdinaryClass, kVerified,
+//       kVerifiedRow, kParkedRow, kMillimetresPerInch, kLastTool, kLastWrittenTool, kLastColorSlot,
+//       kDefaultPartHeight, partHeightOr.
 #pragma once
 
 namespace tess {

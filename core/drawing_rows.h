@@ -1,8 +1,8 @@
 // The rows of the drawing's tables: one row as a value, appending, growing and rounding, and the
 // composite codes of a row.
 // Owns: SegmentDrawing, SegmentRow, PathRow, AddSeg, AddSegLine, ensureSegmentCapacity,
-//       ensurePathCapacity, addPathSegment, nextPathGroup, kCoordinateDecimals,
-//       roundall, segmentRow, setSegmentRow, pathRow, setPathRow, entityClass, isSelected,
+//       ensurePathCapacity, addPathSegment, nextPathGroup, kCoordinateDecimals, roundall,
+//       segmentRow, setSegmentRow, pathRow, setPathRow, entityClass, isSelected,
 //       isSelectedUnverified, isVerified, toolIndex, groupCutOff, groupRounded.
 #pragma once
 

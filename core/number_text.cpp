@@ -65,7 +65,7 @@ Decimal shortestDecimal(float value, Digits& digits) {
 // than 2^-20 of their distance (scale up to 10^8), while the division is off by 2^-29 of it at
 // most.
 constexpr double kLargestUnits = 1 << 23;
-constexpr std::size_t kMostQuickDecimals = 8;
+constexpr std::size_t kMaxQuickDecimals = 8;
 
 // The number of units of 1 / scale that `value` reads back from; -1 when it has to be searched for.
 int wholeUnits(float value, double scale) {
@@ -220,45 +220,81 @@ std::string signBlankText(int value) {
   return text;
 }
 
-NumberPattern::NumberPattern(std::string_view text) {
+NumberPattern::Section::Section(std::string_view text) : isEmpty(text.empty()) {
   for (const char symbol : text) {
-    if (symbol == '.') hasPoint_ = true;
+    if (symbol == '.') hasPoint = true;
+    if (symbol == '-') hasSign = true;
     if (symbol != '0' && symbol != '#') continue;
-    hasDigits_ = true;
+    hasDigits = true;
     const bool always = symbol == '0';
-    if (hasPoint_) {
-      ++decimals_;
-      scale_ *= 10;
-      if (always) minimumDecimals_ = decimals_;
-    } else if (always || leadingDigits_ > 0) {
-      ++leadingDigits_;
+    if (hasPoint) {
+      ++decimals;
+      scale *= 10;
+      if (always) minimumDecimals = decimals;
+    } else if (always || leadingDigits > 0) {
+      ++leadingDigits;
     }
   }
 }
 
-void NumberPattern::append(std::string& out, float value) const {
+void NumberPattern::Section::append(std::string& out, float value) const {
   Digits digits;
-  if (!hasDigits_) {
+  if (!hasDigits) {
     out.append(shortest(value, digits));
     return;
   }
-  const int units = decimals_ <= kMostQuickDecimals ? wholeUnits(value, scale_) : -1;
-  Decimal number = units >= 0 ? unitsDecimal(units, decimals_, value < 0, digits)
+  const int units = decimals <= kMaxQuickDecimals ? wholeUnits(value, scale) : -1;
+  Decimal number = units >= 0 ? unitsDecimal(units, decimals, value < 0, digits)
                               : shortestDecimal(value, digits);
-  roundDecimals(number, decimals_);
+  roundDecimals(number, decimals);
   const std::string_view whole = withoutLeadingZeros(number.whole());
-  const std::string_view fraction = withoutTrailingZeros(number.fraction(), minimumDecimals_);
+  const std::string_view fraction = withoutTrailingZeros(number.fraction(), minimumDecimals);
 
   if (number.negative && !hasNoValue(number)) out.push_back('-');
-  appendZeros(out, leadingDigits_, whole.size());
+  appendZeros(out, leadingDigits, whole.size());
   out.append(whole);
-  if (!hasPoint_) return;
+  if (!hasPoint) return;
   // A point with no digit on either side would be no number at all.
-  const bool bare = leadingDigits_ == 0 && minimumDecimals_ == 0;
+  const bool bare = leadingDigits == 0 && minimumDecimals == 0;
   if (bare && whole.empty() && fraction.empty()) out.push_back('0');
   out.push_back('.');
   out.append(fraction);
-  appendZeros(out, minimumDecimals_, fraction.size());
+  appendZeros(out, minimumDecimals, fraction.size());
+}
+
+bool NumberPattern::Section::roundsToNothing(float value) const {
+  Digits digits;
+  Decimal number = shortestDecimal(value, digits);
+  if (hasDigits) roundDecimals(number, decimals);
+  return hasNoValue(number);
+}
+
+NumberPattern::NumberPattern(std::string_view text) {
+  const std::size_t first = std::min(text.find(';'), text.size());
+  positive_ = Section(text.substr(0, first));
+  if (first == text.size()) return;
+  std::string_view rest = text.substr(first + 1);
+  const std::size_t second = std::min(rest.find(';'), rest.size());
+  negative_ = Section(rest.substr(0, second));
+  if (second == rest.size()) return;
+  rest.remove_prefix(second + 1);
+  zero_ = Section(rest.substr(0, rest.find(';')));
+}
+
+const NumberPattern::Section* NumberPattern::sectionOf(float value) const {
+  const Section& own = value < 0 ? *negative_ : positive_;
+  const bool nothing = value == 0 || (!own.isEmpty && own.roundsToNothing(value));
+  const Section& chosen = zero_ && nothing ? *zero_ : own;
+  return chosen.isEmpty ? nullptr : &chosen;
+}
+
+void NumberPattern::append(std::string& out, float value) const {
+  if (!negative_) return positive_.append(out, value);
+  const Section* const section = sectionOf(value);
+  if (section == nullptr) return;
+  if (section != &*negative_) return section->append(out, value);
+  if (section->hasSign && !section->roundsToNothing(value)) out.push_back('-');
+  section->append(out, -value);
 }
 
 std::string formatNumber(float value, std::string_view pattern) {

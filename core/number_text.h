@@ -1,6 +1,6 @@
 // The one home of numbers as text, for files, programs and the screen. No locale plays a part, and
 // no text written here is anything but a plain decimal: no exponent, no "-0", no NaN or infinity.
-// Owns: plainText, fileText, signBlankText, kLongestNumber, writeFileText, appendFileText,
+// Owns: plainText, kLongestNumber, fileText, writeFileText, appendFileText, signBlankText,
 //       NumberPattern, formatNumber, Val, parseFloat, parseInteger, numericValue.
 #pragma once
 
@@ -33,6 +33,9 @@ std::string signBlankText(int value);
 // significant, "." the decimal point; other characters of the pattern are passed over. The shortest
 // decimal text of a value is rounded to the pattern's decimals, halves away from zero; a result of
 // zero has no sign. An empty pattern gives the plain text; "####" gives "" for zero.
+// Sections "positive;negative;zero" are patterns of their own: the negative one gets the value
+// without its sign and writes a "-" that stands in it, the last one also what the first rounds to
+// nothing. An empty section writes nothing; without the last two the first serves all.
 // Read once, then used for as many numbers as come: appending needs no memory but `out`.
 class NumberPattern {
  public:
@@ -40,12 +43,24 @@ class NumberPattern {
   void append(std::string& out, float value) const;
 
  private:
-  std::size_t leadingDigits_ = 0;    // before the point, always written
-  std::size_t minimumDecimals_ = 0;  // always written
-  std::size_t decimals_ = 0;         // written at most
-  double scale_ = 1;                 // ten to the power of decimals_
-  bool hasPoint_ = false;
-  bool hasDigits_ = false;
+  struct Section {
+    explicit Section(std::string_view text = {});
+    void append(std::string& out, float value) const;
+    bool roundsToNothing(float value) const;
+
+    std::size_t leadingDigits = 0;    // before the point, always written
+    std::size_t minimumDecimals = 0;  // always written
+    std::size_t decimals = 0;         // written at most
+    double scale = 1;                 // ten to the power of the decimals
+    bool hasPoint = false;
+    bool hasDigits = false;
+    bool hasSign = false;
+    bool isEmpty = false;
+  };
+  const Section* sectionOf(float value) const;  // null: nothing is written
+
+  Section positive_;
+  std::optional<Section> negative_, zero_;
 };
 
 // One value through a pattern.

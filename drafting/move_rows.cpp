@@ -1,6 +1,8 @@
 // Moving.
 #include "drafting/move_rows.h"
 
+#include <vector>
+
 #include "core/drawing_store.h"
 #include "drafting/drafting_commands.h"
 #include "drafting/entity_creation.h"
@@ -15,10 +17,6 @@ auto movedBy(float dx, float dy) {
   return [dx, dy](Point p) {
     return Point{narrow(static_cast<double>(p.x) + dx), narrow(static_cast<double>(p.y) + dy)};
   };
-}
-
-bool isSelectedOrdinary(const SegmentRow& row) {
-  return row.attr == kSelected + kOrdinaryClass;
 }
 
 // The click redraws when it is done.
@@ -38,6 +36,19 @@ void clickMove(Desk& desk) {
   if (!change.keep(kDrawnLater)) return;  // a step that undo cannot hold, and was not wanted so
   desk.state.updateProperties = true;
   moveMarker(desk, click.x, click.y);
+}
+
+// The drawing rows that the move takes along.
+std::vector<SegmentRow> hoverMove(const Desk& desk) {
+  const Point marker = markerOf(desk), to = hoverPoint(desk);
+  const auto moved = movedBy(to.x - marker.x, to.y - marker.y);
+  const bool selectedOnly = selectedCount(desk.store) > 0;
+  std::vector<SegmentRow> rows;
+  for (int sg = 1; sg <= desk.store.NumSegments; ++sg) {
+    if (selectedOnly && !isSelectedOrdinary(desk.store.segattr[sg])) continue;
+    mapRow(rows.emplace_back(segmentRow(desk.store, sg)), moved);
+  }
+  return rows;
 }
 
 void clickSetOrigin(Desk& desk) {
@@ -69,23 +80,11 @@ void moveSelected(Changes& changes, float dx, float dy) {
   const auto moved = movedBy(dx, dy);
   Change change(changes);
   change.segments.replaceWhere([&](int /*sg*/, SegmentRow& row) {
-    if (!isSelectedOrdinary(row)) return false;
+    if (!isSelectedOrdinary(row.attr)) return false;
     mapRow(row, moved);
     return true;
   });
   change.keep();
-}
-
-std::vector<SegmentRow> movedRows(const DrawingStore& store, float dx, float dy) {
-  const bool selectedOnly = selectedCount(store) > 0;
-  std::vector<SegmentRow> rows;
-  for (int sg = 1; sg <= store.NumSegments; ++sg) {
-    SegmentRow row = segmentRow(store, sg);
-    if (selectedOnly && !isSelectedOrdinary(row)) continue;
-    mapRow(row, movedBy(dx, dy));
-    rows.push_back(row);
-  }
-  return rows;
 }
 
 void mnuEditMoveProf_Click(Desk& desk) {
@@ -101,7 +100,7 @@ void SetOrigin(Desk& desk) {
 namespace {
 
 constexpr Action<Desk> kMoveActions[] = {
-    {{.action = PendingAction::Move, .prompt = kMoveAllPrompt}, clickMove},
+    {{.action = PendingAction::Move, .prompt = kMoveAllPrompt}, clickMove, hoverMove},
 };
 
 constexpr Action<Desk> kSetOriginActions[] = {

@@ -1,8 +1,6 @@
 // Moving the drawing or what is selected of it, and setting its origin.
-// Owns: moveAll, moveSelected, movedRows, mnuEditMoveProf_Click, SetOrigin.
+// Owns: moveAll, moveSelected, mnuEditMoveProf_Click, SetOrigin.
 #pragma once
-
-#include <vector>
 
 #include "drafting/change.h"
 
@@ -17,9 +15,6 @@ void moveAll(Changes& changes, float dx, float dy, int start);
 
 // Moves the selected ordinary rows as one step; path rows stay.
 void moveSelected(Changes& changes, float dx, float dy);
-
-// The drawing rows that a move would take along, where they would come to lie.
-std::vector<SegmentRow> movedRows(const DrawingStore& store, float dx, float dy);
 
 // Arm the click to which the marker, with all that moves, or the origin goes.
 void mnuEditMoveProf_Click(Desk& desk);

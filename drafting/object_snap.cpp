@@ -158,9 +158,9 @@ std::optional<CFeaturePoint> featureAtPointer(const Desk& desk, Point pointer, b
   return GetClosetFeaturePoint(desk, sg, {pointer, marker, invert});
 }
 
-Point snappedPosition(const Desk& desk, Point pointer) {
+Point snappedPosition(const Desk& desk, Point position) {
   if (const auto& feature = desk.state.FeaturePoint()) return {feature->X, feature->Y};
-  return snappedToGrid(desk.store, pointer);
+  return snappedToGrid(desk.store, position);
 }
 
 void OSnap_ButtonClick(Desk& desk) {

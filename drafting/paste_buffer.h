@@ -1,6 +1,6 @@
 // The rows that Cut, Copy and Delete keep for Paste. The program keeps them to itself: other
 // programs see nothing of them.
-// Owns: PasteBuffer, fillPasteBuffer, offerPaste.
+// Owns: PasteBuffer, offerPaste, fillPasteBuffer.
 #pragma once
 
 #include <vector>

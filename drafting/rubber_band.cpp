@@ -5,8 +5,7 @@
 
 #include "display/arrowheads.h"
 #include "drafting/entity_creation.h"
-#include "drafting/hovering_rows.h"
-#include "drafting/move_rows.h"
+#include "drafting/form_preview.h"
 #include "drafting/pending_actions.h"
 
 namespace tess {
@@ -65,30 +64,31 @@ void invertMeasureArrow(Desk& desk) {
   desk.ScreenProxy.setDrawMode(PenMode::Copy);
 }
 
-// The rows as a click at the end of the band would move them.
-void invertMovedRows(Desk& desk) {
-  const Point marker = markerOf(desk), to = hoverPoint(desk);
-  desk.ScreenProxy.setDrawMode(PenMode::NotXor);
-  desk.ScreenProxy.setDrawStyle(PenStyle::Solid);
-  traceHovering(desk, movedRows(desk.store, to.x - marker.x, to.y - marker.y));
-  desk.ScreenProxy.setDrawMode(PenMode::Copy);
-}
-
 struct DragBandRow {
   PendingAction action;
   void (*invert)(Desk&);
 };
 
 constexpr DragBandRow kDragBands[] = {
-    {PendingAction::Select, invertSelectionBox}, {PendingAction::Unselect, invertSelectionBox},
-    {PendingAction::ZoomWindow, invertZoomBox},  {PendingAction::Measure, invertMeasureArrow},
-    {PendingAction::Move, invertMovedRows},
+    {PendingAction::Select, invertSelectionBox},
+    {PendingAction::Unselect, invertSelectionBox},
+    {PendingAction::ZoomWindow, invertZoomBox},
+    {PendingAction::Measure, invertMeasureArrow},
 };
+
+void invertHovering(Desk& desk) {
+  if (desk.hovering.empty()) return;
+  desk.ScreenProxy.setDrawMode(PenMode::NotXor);
+  desk.ScreenProxy.setDrawStyle(PenStyle::Solid);
+  traceHovering(desk, desk.hovering);
+  desk.ScreenProxy.setDrawMode(PenMode::Copy);
+}
 
 void invertDragBand(Desk& desk, int action) {
   for (const DragBandRow& band : kDragBands) {
     if (action == static_cast<int>(band.action)) band.invert(desk);
   }
+  invertHovering(desk);
 }
 
 }  // namespace
@@ -114,12 +114,16 @@ void moveRubberBand(Desk& desk, Point to) {
 void showDragBand(Desk& desk) {
   if (desk.pointer.DragBand != 0) return;
   desk.pointer.DragBand = desk.state.pendingaction();
+  if (hovers(desk, desk.pointer.DragBand)) {
+    desk.hovering = desk.hoverActions[static_cast<std::size_t>(desk.pointer.DragBand)]();
+  }
   invertDragBand(desk, desk.pointer.DragBand);
 }
 
 void eraseDragBand(Desk& desk) {
   invertDragBand(desk, desk.pointer.DragBand);
   desk.pointer.DragBand = 0;
+  desk.hovering.clear();
 }
 
 void moveDragBand(Desk& desk, Point to) {

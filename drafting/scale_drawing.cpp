@@ -36,7 +36,7 @@ void scaleSegments(Changes& changes, float factor, bool selectedOnly, Entry entr
 
 void convertDrawing(Desk& desk, float factor) {
   constexpr int kRecordsPerRow = 2;
-  const bool fitsTheLog = kRecordsPerRow * desk.store.NumSegments <= kMostRecords;
+  const bool fitsTheLog = kRecordsPerRow * desk.store.NumSegments <= kMaxRecords;
   scaleSegments(desk.changes, factor, /*selectedOnly=*/false,
                 fitsTheLog ? Entry::Logged : Entry::Unlogged);
   if (!fitsTheLog) resetUndoState(desk);  // its records tell of rows of another size

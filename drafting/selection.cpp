@@ -168,7 +168,7 @@ void unselectAllSegments(Desk& desk) {
 int selectedCount(const DrawingStore& store) {
   int count = 0;
   for (int sg = 1; sg <= store.NumSegments; ++sg) {
-    if (store.segattr[sg] == kSelected + kOrdinaryClass) ++count;
+    if (isSelectedOrdinary(store.segattr[sg])) ++count;
   }
   return count;
 }
@@ -326,6 +326,7 @@ void mnuDrawUnselectAll_Click(Desk& desk) {
   desk.state.setDrawMode(0);
 }
 
+// Fixed: drawing rows are unselected whatever is edited; many commands rely on none being left.
 void UnselectAll(Desk& desk) {
   if (desk.command.EditPaths) markAllPaths(desk, /*select=*/false);
   unselectAllSegments(desk);

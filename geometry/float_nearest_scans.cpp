@@ -113,6 +113,20 @@ int nearestPathChord(const DrawingStore& store, Point at) {
   });
 }
 
+int nearestPathLine(const DrawingStore& store, Point at) {
+  return nearestRow(store.NumPathSegments, at, [&](int ps) {
+    const bool counts = store.psvisible[ps] && store.pstype[ps] == kLine;
+    return counts ? nearestOnPathSeg(store, ps, at) : NearestPoint{};
+  });
+}
+
+int nearestPathArc(const DrawingStore& store, Point at) {
+  return nearestRow(store.NumPathSegments, at, [&](int ps) {
+    const bool counts = store.psvisible[ps] && isArc(store.pstype[ps]);
+    return counts ? nearestOnPathSeg(store, ps, at) : NearestPoint{};
+  });
+}
+
 int nearestPathSeg(const DrawingStore& store, Point at, double group) {
   const auto least = [&](int ps) {
     return leastDistance(pathEntity(store, ps), at, store.cfg_tolerance);

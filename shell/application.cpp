@@ -15,6 +15,9 @@
 #include "shell/commands.h"
 #include "shell/layouts.h"
 #include "shell/recovery.h"
+#include "tools/dlgColor.h"
+#include "tools/dlgToolPrms.h"
+#include "tools/speeds_feeds.h"
 
 namespace tess {
 namespace {
@@ -33,6 +36,9 @@ std::unique_ptr<Timer> GuardedTimers::create(const TimerSpec& spec, std::functio
 
 Application::Application(const Platform& platform)
     : ownStore_(std::make_unique<DrawingStore>()),
+      ownFeeds_(std::make_unique<SpeedsFeeds>(platform.jetReader)),
+      ownColors_(std::make_unique<FormColorDialog>(platform.host.prompts)),
+      colors(platform.colors != nullptr ? *platform.colors : *ownColors_),
       reporting_(platform.reporting),
       timers_(platform.screen.timers, platform.reporting),
       session(store, platform.host, listener_),
@@ -63,6 +69,7 @@ void Application::wireTools() {
 void Application::start(std::string_view drawing, std::string_view appfolder) {
   interaction.tools.openBand("barStatistics");
   Main(session, drawing, appfolder);
+  showToolInUse();
 }
 
 void Application::load(std::string_view drawing, std::string_view appfolder) {
@@ -71,8 +78,14 @@ void Application::load(std::string_view drawing, std::string_view appfolder) {
 
 bool Application::guarded(std::string_view entry, const std::function<void()>& run) {
   const bool done = reporting_.guarded(entry, run);
+  showToolInUse();
   settleJournal();
   return done;
+}
+
+// Commands, dialogs and scripts choose and change tools; whichever did is done now.
+void Application::showToolInUse() {
+  interaction.statusBar.setPanel(StatusPanel::Tool, toolInUseText(session));
 }
 
 void Application::keepJournal() {
@@ -82,6 +95,10 @@ void Application::keepJournal() {
 
 void Application::settleJournal() {
   if (journal_) journal_->afterCommand();
+}
+
+void Application::continueJournal(const std::string& path) {
+  if (journal_) journal_->continueIn(path);
 }
 
 bool Application::clickTool(std::string_view tool) {

@@ -19,15 +19,18 @@
 
 namespace tess {
 
+class ColorDialog;
 struct DrawingStore;
-
 struct KeyStroke;
+class SpeedsFeeds;
 
 // What a desktop, a script or a test brings; it outlives the application.
 struct Platform {
   Host& host;
   HuntERR& reporting;
   ScreenPorts screen;
+  std::string jetReader{};        // the program that reads Jet databases; none: they stay unread
+  ColorDialog* colors = nullptr;  // null: a form asks
 };
 
 // Timers whose ticks are entry points: a failure in one ends in the report.
@@ -44,6 +47,8 @@ class GuardedTimers : public Timers {
 class Application {
   // Apart, so that whoever only hands the application on need not know what a store is made of.
   std::unique_ptr<DrawingStore> ownStore_;
+  std::unique_ptr<SpeedsFeeds> ownFeeds_;
+  std::unique_ptr<ColorDialog> ownColors_;
 
  public:
   explicit Application(const Platform& platform);
@@ -69,6 +74,8 @@ class Application {
   void keepJournal();
   // What a command has changed besides rows is written down too; every entry point ends with it.
   void settleJournal();
+  // The drawing has come from unsaved work at that path, whose journal goes on as that of this run.
+  void continueJournal(const std::string& path);
 
   // The main window asks to be closed; true when it may.
   bool mayClose();
@@ -78,6 +85,8 @@ class Application {
   void customizeTools();
 
   DrawingStore& store = *ownStore_;
+  SpeedsFeeds& feeds = *ownFeeds_;
+  ColorDialog& colors;
   PostDefinition definition;
   CncState cnc;
   ProgramViewer viewer;
@@ -128,6 +137,7 @@ class Application {
   };
 
   void wireTools();
+  void showToolInUse();
 
   HuntERR& reporting_;
   GuardedTimers timers_;

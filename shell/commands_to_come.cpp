@@ -17,18 +17,6 @@ constexpr ShellCommand kPrintPreviewCommand{
     .run = kNotYet,
 };
 
-constexpr ShellCommand kToolChestCommand{
-    .info = {.tool = "miToolChest", .caption = "T&ool Chest...", .menu = {"miDraw", 410}},
-    .run = kNotYet,
-};
-
-constexpr ShellCommand kTitleBlockCommand{
-    .info = {.tool = "miDrawingTitleBlock",
-             .caption = "Drawing &Title Block...",
-             .menu = {"miOptions", 110}},
-    .run = kNotYet,
-};
-
 constexpr ShellCommand kCncSetupCommand{
     .info = {.tool = "miG-codeControlSetup",
              .caption = "&G-code Control Setup...",
@@ -40,14 +28,6 @@ constexpr ShellCommand kPrinterOptionsCommand{
     .info = {.tool = "miPrinterOptions",
              .caption = "&Printer Options...",
              .menu = {"miOptions", 140}},
-    .run = kNotYet,
-};
-
-constexpr ShellCommand kSelectToolCommand{
-    .info = {.tool = "miSelectTool",
-             .caption = "Select &Tool...",
-             .menu = {"miCAM", 110},
-             .bar = {"barCAM", 110}},
     .run = kNotYet,
 };
 

@@ -14,8 +14,10 @@ int main(int argc, char** argv) {
   std::signal(SIGXFSZ, SIG_IGN);
   tess::CommandLine line = tess::parseCommandLine({argv + 1, argv + argc});
   line.showProgress = isatty(STDERR_FILENO) != 0;
+  line.jetReader = tess::kThisProgram;
   if (line.job == tess::Job::Window) {
-    return tess::runDesktop({.drawing = line.drawing, .home = line.home}, {argv[0]});
+    return tess::runDesktop(
+        {.drawing = line.drawing, .home = line.home, .jetReader = line.jetReader}, {argv[0]});
   }
   if (line.job == tess::Job::PlayScript) {
     return static_cast<int>(tess::playScript(line, {argv[0]}));

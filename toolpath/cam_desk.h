@@ -1,6 +1,6 @@
 // The desk of the tool-path commands: the drafting desk they work on and what they remember between
 // clicks. Commands are free functions on it.
-// Owns: CamDesk, showPlacedPaths.
+// Owns: kInsertBeforeGroup, kInsertAfterGroup, kInsertAtEnd, CamDesk, showPlacedPaths.
 #pragma once
 
 #include <optional>

@@ -1,7 +1,7 @@
 // Offsetting the rows of an outline one by one and joining what comes out: the steps that placed
 // paths and working outlines share. No table is touched.
-// Owns: signOf, travelledRow, otherEnd, hasDirection, SideSigns, arcSense, sideOfLine, offsetElement, OffsetChain,
-//       OffsetWalk, offsetAlong.
+// Owns: signOf, travelledRow, otherEnd, hasDirection, SideSigns, sideOfLine, arcSense,
+//       offsetElement, OffsetChain, OffsetWalk, offsetAlong.
 #pragma once
 
 #include <functional>

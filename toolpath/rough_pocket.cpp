@@ -12,6 +12,7 @@
 #include "toolpath/outline_corners.h"
 #include "toolpath/parallel_spiral.h"
 #include "toolpath/path_placement.h"
+#include "toolpath/scan_lathe.h"
 #include "toolpath/scan_lines.h"
 #include "toolpath/scan_run.h"
 #include "toolpath/toolpath_commands.h"
@@ -34,22 +35,22 @@ bool isLatheStyle(const DrawingStore& store) {
 
 // An outline whose first row has no direction is put aside without a working outline: it would come
 // up as the lowest one for ever.
-void offsetOutline(CamDesk& cam, ChainWalk& rows, const OutlineOffset& order) {
+void offsetOutline(CamDesk& cam, ChainWalk& rows, const OutlineOffset& request) {
   Change change(cam.changes, Step::Continued);
-  offsetSegChain(cam, rows, order);
-  const int state = cam.store.segattr[order.sg];
-  if (isSelected(state)) change.segments.mark(order.sg, parkedState(state));
+  offsetSegChain(cam, rows, request);
+  const int state = cam.store.segattr[request.sg];
+  if (isSelected(state)) change.segments.mark(request.sg, parkedState(state));
   change.keep({.redraws = false});
 }
 
 bool offsetPocket(CamDesk& cam, ChainWalk& rows, float standOff) {
   const auto corner = pocketCorner(cam.store);
   if (!corner) return false;
-  const auto grip = gripOf(cam.store, rows, *corner);
-  if (!grip) return false;
+  const auto guide = guideAt(cam.store, rows, *corner);
+  if (!guide) return false;
   const Point start = segmentEntity(cam.store, corner->sg).start;
   offsetOutline(cam, rows,
-                {corner->sg, start, grip->direction, grip->reference, kPocketOutline, standOff});
+                {corner->sg, start, guide->direction, guide->reference, kPocketOutline, standOff});
   return true;
 }
 
@@ -57,12 +58,12 @@ bool offsetPocket(CamDesk& cam, ChainWalk& rows, float standOff) {
 bool offsetIslands(CamDesk& cam, ChainWalk& rows, float standOff) {
   for (const OutlineCorner& corner : islandCorners(cam.store)) {
     if (!isSelected(cam.store.segattr[corner.sg])) continue;
-    const auto grip = gripOf(cam.store, rows, corner);
-    if (!grip) return false;
+    const auto guide = guideAt(cam.store, rows, corner);
+    if (!guide) return false;
     const Point start = segmentEntity(cam.store, corner.sg).start;
-    const Point outside = mirroredOut(cam.store, corner.sg, grip->reference);
+    const Point outside = mirroredOut(cam.store, corner.sg, guide->reference);
     offsetOutline(cam, rows,
-                  {corner.sg, start, grip->direction, outside, kIslandOutline, standOff});
+                  {corner.sg, start, guide->direction, outside, kIslandOutline, standOff});
   }
   return true;
 }
@@ -80,7 +81,7 @@ Clearing runStyle(CamDesk& cam, float z, float feed) {
 
 // ---- Levels
 
-// A lathe program's X and Z are the drawing itself: no tool radius, no levels.
+// Fixed: the clearance alone stands off, at one level; lathe programs are the drawing itself.
 void cutLathe(CamDesk& cam) {
   roughCutLevel(cam, /*z=*/0, cam.store.cfg_finish_feedrate, /*radius=*/0);
 }

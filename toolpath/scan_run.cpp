@@ -73,10 +73,10 @@ ScanDirection::ScanDirection(int cuttingMode, int forward)
       forward_(forward),
       direction_(cuttingMode == kClimbOnly ? -forward : forward) {}
 
-int ScanDirection::nextLine(bool keepsWay) {
+int ScanDirection::nextLine(bool keepsDirection) {
   if (mode_ == kConventionalOnly) direction_ = forward_;
   if (mode_ == kClimbOnly) direction_ = -forward_;
-  if (mode_ == kBidirectional && !keepsWay) direction_ = -direction_;
+  if (mode_ == kBidirectional && !keepsDirection) direction_ = -direction_;
   return direction_;
 }
 
@@ -87,8 +87,8 @@ void orderLine(std::span<ScanSpan> line, int direction) {
 }
 
 void orientSpan(ScanSpan& span, int direction) {
-  const bool wrongWay = direction > 0 ? span.to < span.from : span.to > span.from;
-  if (wrongWay) std::swap(span.from, span.to);
+  const bool runsBack = direction > 0 ? span.to < span.from : span.to > span.from;
+  if (runsBack) std::swap(span.from, span.to);
 }
 
 ScanPath::ScanPath(CamDesk& cam, float feed)

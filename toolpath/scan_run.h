@@ -43,8 +43,8 @@ class ScanDirection {
   // `forward` is the way of conventional milling and the first way of bidirectional milling.
   ScanDirection(int cuttingMode, int forward);
 
-  // For the next line; bidirectional milling turns back unless `keepsWay`.
-  int nextLine(bool keepsWay);
+  // For the next line; bidirectional milling turns back unless `keepsDirection`.
+  int nextLine(bool keepsDirection);
 
  private:
   int mode_, forward_, direction_;

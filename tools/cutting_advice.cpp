@@ -30,7 +30,7 @@ constexpr double kLargeCutter = 1;
 constexpr double kSlotShare = 0.73;
 
 // A wall that is barely touched would ask for any feed.
-constexpr double kMostThinning = 3;
+constexpr double kMaxThinning = 3;
 
 double between(double x, double x0, double y0, double x1, double y1) {
   return y0 + (y1 - y0) * (x - x0) / (x1 - x0);
@@ -134,7 +134,7 @@ ChipLoads chipLoads(const SpeedsFeeds& database, const PartMaterial& part,
 double chipThinning(double stepOver) {
   if (!(stepOver > 0) || stepOver >= 0.5) return 1;
   const double cosine = 1 - 2 * stepOver;
-  return std::min(1 / std::sqrt(1 - cosine * cosine), kMostThinning);
+  return std::min(1 / std::sqrt(1 - cosine * cosine), kMaxThinning);
 }
 
 double stepOverShare(const DrawingSettings& settings, double diameter) {

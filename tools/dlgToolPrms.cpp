@@ -17,7 +17,7 @@ namespace tess {
 namespace {
 
 constexpr int kRed = 255;  // of a label's text
-constexpr int kMostFlutes = 32767;
+constexpr int kMaxFlutes = 32767;
 constexpr std::size_t kNumberWidth = 2;
 constexpr char kDeletedName[] = "                    ";  // twenty blanks
 constexpr char kFirstFlutes[] = "2";
@@ -62,7 +62,7 @@ std::optional<float> fitting(const std::optional<double>& value) {
 // A whole number of flutes from 1; nothing for any other text.
 std::optional<int> flutesIn(const std::string& text) {
   const std::optional<double> value = numericValue(text);
-  if (!value || !(*value > 0) || *value > kMostFlutes) return std::nullopt;
+  if (!value || !(*value > 0) || *value > kMaxFlutes) return std::nullopt;
   return roundHalfEven(*value);
 }
 
@@ -508,7 +508,7 @@ void dlgToolPrms::storeName() {
 
 void dlgToolPrms::storeFlutes() {
   const double flutes = Val(txtNumberFlutes.text());
-  if (std::abs(flutes) <= kMostFlutes) store_.toolflutes[current_] = roundHalfEven(flutes);
+  if (std::abs(flutes) <= kMaxFlutes) store_.toolflutes[current_] = roundHalfEven(flutes);
 }
 
 // Without a diameter there is no percentage, and without a tool no diameter.

@@ -1,8 +1,11 @@
 // The process that reads one Jet file and does nothing else.
-// Owns: asksForJetReader, runJetReader.
+// Owns: kThisProgram, asksForJetReader, runJetReader.
 #pragma once
 
 namespace tess {
+
+// The running program as one that can be started, for those that answer to being asked.
+inline constexpr char kThisProgram[] = "/proc/self/exe";
 
 // True when the program was started to read a Jet file.
 bool asksForJetReader(int argc, const char* const* argv);

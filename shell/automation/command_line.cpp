@@ -252,7 +252,8 @@ ScriptJob scriptJob(const CommandLine& line) {
                 .date = line.date,
                 .limits = {},
                 .timeout = line.timeout,
-                .showProgress = line.showProgress};
+                .showProgress = line.showProgress,
+                .jetReader = line.jetReader};
   if (line.home) job.folders.push_back(*line.home);
   return job;
 }

@@ -30,6 +30,7 @@ struct CommandLine {
   PixelSize size;                // of the surface that nobody sees, or of the picture
   std::optional<DateTime> date;  // that programs and drawings bear; none: of the machine's clock
   bool showProgress = false;     // on the error stream: for a terminal
+  std::string jetReader{};       // the program that reads Jet databases; empty: none does
 
   // Of PrintAndExit: --help, --version or wrong usage.
   ExitStatus status = ExitStatus::Done;

@@ -1,7 +1,7 @@
 // Runs one script from its start to its exit status: on a screen that nobody sees, or on a program
 // that somebody else has brought up.
-// Owns: ExitStatus, ScriptJob, ScriptParts, runScript, runScriptText, runScriptOn, readScript,
-//       foldersOf.
+// Owns: ExitStatus, ScriptJob, foldersOf, ScriptParts, runScript, runScriptText, runScriptOn,
+//       readScript.
 #pragma once
 
 #include <functional>
@@ -35,6 +35,7 @@ struct ScriptJob {
   LuaLimits limits;
   double timeout = 0;         // seconds; 0: as long as it takes
   bool showProgress = false;  // the status line of long commands, on the error stream
+  std::string jetReader{};    // the program that reads Jet databases; empty: none does
 };
 
 // The folders that the file commands of the script may touch.

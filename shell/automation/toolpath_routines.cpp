@@ -12,6 +12,7 @@
 #include "toolpath/path_placement.h"
 #include "toolpath/pocket_side.h"
 #include "toolpath/rough_pocket.h"
+#include "toolpath/scan_lathe.h"
 #include "toolpath/scan_lines.h"
 #include "toolpath/verification.h"
 #include "toolpath/working_outlines.h"

@@ -148,7 +148,7 @@ int runDesktop(const DesktopRequest& request, std::vector<std::string> arguments
     return kExitFailed;
   }
   try {
-    DesktopProgram program(programFolder(folderRequest(request.home)));
+    DesktopProgram program(programFolder(folderRequest(request.home)), request.jetReader);
     program.open(request.drawing);
     return program.serve();
   } catch (const RuntimeFailure& failure) {

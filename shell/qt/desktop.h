@@ -13,6 +13,7 @@ namespace tess {
 struct DesktopRequest {
   std::string drawing;              // to open, as it was typed; empty for none
   std::optional<std::string> home;  // the program's folder, if one was named
+  std::string jetReader{};          // the program that reads Jet databases; empty: none does
 };
 
 // Shows the main window and serves it until it is closed. `arguments` begin with the program's own

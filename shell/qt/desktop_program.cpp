@@ -25,13 +25,18 @@ PointerEvent pointerEvent(int button, int shift, float x, float y) {
 
 }  // namespace
 
-DesktopProgram::DesktopProgram(const std::string& appfolder)
+DesktopProgram::DesktopProgram(const std::string& appfolder, const std::string& jetReader)
     : appfolder_(appfolder),
       reporting_(prompts_, clock_, ErrorReporting{.folder = appfolder}),
-      application_({host_, reporting_, {surface_.drawing(), pointer_, timers_, kFirstArea}}),
+      application_({host_,
+                    reporting_,
+                    {surface_.drawing(), pointer_, timers_, kFirstArea},
+                    jetReader,
+                    &colors_}),
       window_({application_.interaction.tools, application_.interaction.statusBar,
                application_.interaction.forms, gateway_, surface_}) {
   prompts_.setWindow(&window_);
+  colors_.setWindow(&window_);
   wirePlatform();
   wireSurface();
   wireWindow();

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "shell/application.h"
+#include "shell/qt/color_dialog.h"
 #include "shell/qt/main_window.h"
 #include "shell/qt/ports.h"
 
@@ -14,7 +15,8 @@ namespace tess {
 class DesktopProgram {
  public:
   // `appfolder` ends with a separator. The toolkit's application exists already.
-  explicit DesktopProgram(const std::string& appfolder);
+  // `jetReader` reads Jet databases; "" for none.
+  explicit DesktopProgram(const std::string& appfolder, const std::string& jetReader = {});
 
   // Shows the main window and loads as at the program's start, with the drawing named, "" for none.
   // False when the program cannot go on.
@@ -46,6 +48,7 @@ class DesktopProgram {
   Host host_{prompts_, clock_, surroundings_, reporting_, guard_};
   SurfaceWidget surface_;
   DesktopPointer pointer_{surface_};
+  DesktopColorDialog colors_;
   Application application_;
   MainWindow window_;
   bool failed_ = false;

@@ -60,6 +60,7 @@ void MainWindow::makeStatusBar() {
     addStatusLabel(panel, 12);
   }
   addStatusLabel(StatusPanel::Zoom, 9);
+  addStatusLabel(StatusPanel::Tool, 30);
   for (const auto& [panel, label] : labels_) showPanel(panel);
   parts_.status.onPanel = [this](StatusPanel panel) { showPanel(panel); };
 }

@@ -174,7 +174,7 @@ TEST(AddPathSegment, RowPastTheCounterIsOverflow) {
   EXPECT_EQ(numberOfFailure([&] { addPathSegment(store, {}); }), FailureNumber::Overflow);
 }
 
-TEST(AddPathSegment, CycleRowKeepsDepthAndDwellInTheCentre) {
+TEST(AddPathSegment, CycleRowKeepsDepthAndDwellInTheCenter) {
   DrawingStore store;
   const PathRow cycle{.type = 81,
                       .x0 = 2,

@@ -102,6 +102,32 @@ TEST(NumberText, PatternsRoundTheShortestTextHalvesAwayFromZero) {
   }
 }
 
+TEST(NumberText, SectionsArePatternsForPositiveNegativeAndZero) {
+  const PatternCase cases[] = {
+      {45.5F, "###.####;;0", "45.5"},
+      {45.0F, "###.####;;0", "45."},
+      {0.0F, "###.####;;0", "0"},
+      {-0.0F, "###.####;;0", "0"},
+      {-45.5F, "###.####;;0", ""},
+      {0.00001F, "###.####;;0", "0"},
+      {-0.00001F, "###.####;;0", ""},
+      {2.25F, "0.0;0.00", "2.3"},
+      {-2.25F, "0.0;0.00", "2.25"},
+      {-2.25F, "0.0;-0.00", "-2.25"},
+      {0.0F, "0.0;-0.00", "0.0"},
+      {-0.001F, "0.0;-0.00", "0.00"},
+      {-0.001F, "0.0;-0.00;000", "000"},
+      {0.0F, "0.0;;", ""},
+      {1.5F, ";0;0.0", ""},
+      {0.0F, ";0;0.0", "0.0"},
+      {0.0F, "0;0;0.00;0.0", "0.00"},
+      {-7.5F, "0;x", "7.5"},
+  };
+  for (const PatternCase& c : cases) {
+    EXPECT_EQ(formatNumber(c.value, c.pattern), c.text) << c.value << " through " << c.pattern;
+  }
+}
+
 TEST(NumberText, OnePatternServesManyNumbersBehindWhatStandsThere) {
   const NumberPattern pattern("##0.0###");
   std::string text = "X";

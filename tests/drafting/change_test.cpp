@@ -658,6 +658,19 @@ TEST_F(LongChange, TheOperatorIsAskedBeforeUndoIsLost) {
   EXPECT_FALSE(store.drawingsaved);
 }
 
+TEST_F(LongChange, RedoGoesWithTheLog) {
+  Undo_Last_Change(desk);
+  ASSERT_TRUE(tools.isEnabled("miRedo"));
+  test.recording.prompts.answers = {Answer::Ok};
+  Change change(desk.changes);
+  change.segments.append(line(1));
+  change.segments.replaceWhere(move);
+  EXPECT_TRUE(change.keep());
+  EXPECT_EQ(desk.changelog.changetop, 0);
+  EXPECT_FALSE(tools.isEnabled("miRedo"));
+  EXPECT_FALSE(tools.isEnabled("miUndo"));
+}
+
 TEST_F(LongChange, WithCancelNothingHasHappened) {
   test.recording.prompts.answers = {Answer::Cancel};
   store.drawingsaved = true;

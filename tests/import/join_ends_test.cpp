@@ -43,7 +43,7 @@ TEST(JoinEnds, EndsBeyondTheToleranceStayApart) {
   EXPECT_EQ(rows[1].x0, static_cast<float>(1.0011));
 }
 
-TEST(JoinEnds, AnArcFollowsWithItsCentre) {
+TEST(JoinEnds, AnArcFollowsWithItsCenter) {
   const auto rows = joined({line(0, 0.0006, 0, 9), arc(kCounterClockwiseArc, 2, 0, 0, 0, 1, 0)});
   ASSERT_EQ(rows.size(), 2U);
   EXPECT_EQ(rows[1].y1, rows[0].y0);
@@ -60,7 +60,7 @@ TEST(JoinEnds, NearlyWholeCircleBecomesOne) {
   EXPECT_EQ(rows[0].y0, rows[0].y1);
 }
 
-TEST(JoinEnds, NearlyWholeCircleWithAWiderGapKeepsItsCentre) {
+TEST(JoinEnds, NearlyWholeCircleWithAWiderGapKeepsItsCenter) {
   const auto rows = joined({arc(kClockwiseArc, 1, 0, 1, 0.0018, 0, 0), line(1, 0.0025, 5, 5)});
   ASSERT_EQ(rows.size(), 2U);
   EXPECT_EQ(rows[0].xc, 0);

@@ -161,6 +161,8 @@ TEST_P(Looks, Dialogs) {
   lookAtDialog("miGrid/SnapSelections", "dialog_grids");
   lookAtDialog("miEnterPosition", "dialog_position");
   lookAtDialog("miAboutTessimoMill", "dialog_about");
+  lookAtDialog("miSelectTool", "dialog_tool_chest");
+  lookAtDialog("miDrawingTitleBlock", "dialog_title_block");
   lookAtDialog("miCustomize", "dialog_customize");
   lookAtDialog("miScaleDrawing", "dialog_scale");
   lookAtDialog("miMirror", "dialog_mirror");

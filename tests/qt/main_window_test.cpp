@@ -188,10 +188,12 @@ TEST_F(MainWindowTest, TheStatusBarShowsItsPanels) {
   status.setPanel(StatusPanel::FileName, "Drawing:PART.CDM");
   status.setPanel(StatusPanel::X, "X: 1.0000");
   status.setPanel(StatusPanel::Zoom, " 4");
+  status.setPanel(StatusPanel::Tool, "Tool 3: end mill, 0.2500 in");
   EXPECT_EQ(window->statusLabel(StatusPanel::Prompt).text(), "Click near item to delete.");
   EXPECT_EQ(window->statusLabel(StatusPanel::FileName).text(), "Drawing:PART.CDM");
   EXPECT_EQ(window->statusLabel(StatusPanel::X).text(), "X: 1.0000");
   EXPECT_EQ(window->statusLabel(StatusPanel::Zoom).text(), "Zoom: 4");
+  EXPECT_EQ(window->statusLabel(StatusPanel::Tool).text(), "Tool 3: end mill, 0.2500 in");
 }
 
 TEST_F(MainWindowTest, APanelShowsItsFormWhileBothAreOpen) {

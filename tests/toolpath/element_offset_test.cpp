@@ -124,7 +124,7 @@ TEST(OffsetElement, AnUprightLineKeepsItsOtherCoordinate) {
   EXPECT_EQ(text(*offsetElement(lineEntity({0, 0}, {2, 0}), 1, 0.25F)), "1 (0, -0.25)-(2, -0.25)");
 }
 
-TEST(OffsetElement, AnArcGrowsOrShrinksAboutItsCentre) {
+TEST(OffsetElement, AnArcGrowsOrShrinksAboutItsCenter) {
   const Entity ccw = arc(kCounterClockwiseArc, {1, 0}, {0, 1}, {0, 0});
   const Entity cw = arc(kClockwiseArc, {0, 1}, {1, 0}, {0, 0});
   EXPECT_EQ(text(*offsetElement(ccw, 1, 0.25F)), "3 (1.25, 0)-(0, 1.25) c (0, 0)");
@@ -134,7 +134,7 @@ TEST(OffsetElement, AnArcGrowsOrShrinksAboutItsCentre) {
   EXPECT_EQ(text(*offsetElement(cw, -1, 0.25F)), "2 (0, 1.25)-(1.25, 0) c (0, 0)");
 }
 
-TEST(OffsetElement, AnArcCollapsesAtItsCentre) {
+TEST(OffsetElement, AnArcCollapsesAtItsCenter) {
   const Entity ccw = arc(kCounterClockwiseArc, {1, 0}, {0, 1}, {0, 0});
   EXPECT_FALSE(offsetElement(ccw, -1, 1));
   EXPECT_FALSE(offsetElement(ccw, -1, 1.5F));

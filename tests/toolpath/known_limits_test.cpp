@@ -21,7 +21,7 @@ namespace {
 using namespace tess::testing;
 using Rows = std::vector<SegmentRow>;
 using Texts = std::vector<std::string>;
-using Way = std::vector<Curve>;
+using ToolPath = std::vector<Curve>;
 
 constexpr float kRadius = 0.25F;
 constexpr double kExact = 1e-4;
@@ -45,16 +45,16 @@ Rows boxRows(Point low, Point high) {
   return polygonRows({low, {high.x, low.y}, high, {low.x, high.y}});
 }
 
-double depthOf(const TestPocket& pocket, const Way& way) {
-  return deepestGouge(pocket.part, way, pocket.toolRadius).depth;
+double depthOf(const TestPocket& pocket, const ToolPath& path) {
+  return deepestGouge(pocket.part, path, pocket.toolRadius).depth;
 }
 
-double shareOf(const TestPocket& pocket, const Way& way) {
-  return ReachableArea(pocket.part, pocket.toolRadius).coverageOf(way).share;
+double shareOf(const TestPocket& pocket, const ToolPath& path) {
+  return ReachableArea(pocket.part, pocket.toolRadius).coverageOf(path).share;
 }
 
-double roughDepth(const TestPocket& pocket, const JobOrder& order = {}) {
-  PocketJob job(pocket, order);
+double roughDepth(const TestPocket& pocket, const JobSettings& settings = {}) {
+  PocketJob job(pocket, settings);
   EXPECT_TRUE(job.isVerified());
   return depthOf(pocket, job.rough());
 }
@@ -69,15 +69,15 @@ void expectHalfIsRemoved(const TestPocket& pocket) {
   EXPECT_FALSE(job.isVerified());
 }
 
-Way together(Way first, const Way& second) {
+ToolPath together(ToolPath first, const ToolPath& second) {
   first.insert(first.end(), second.begin(), second.end());
   return first;
 }
 
-double shareOfJob(const TestPocket& pocket, const JobOrder& order = {}) {
-  PocketJob job(pocket, order);
+double shareOfJob(const TestPocket& pocket, const JobSettings& settings = {}) {
+  PocketJob job(pocket, settings);
   EXPECT_TRUE(job.isVerified());
-  Way rough = job.rough();
+  ToolPath rough = job.rough();
   return shareOf(pocket, together(std::move(rough), job.finish()));
 }
 
@@ -156,9 +156,9 @@ TEST(KnownLimits, AFinishPathStartedOnAShortChamferKeepsTheFoldAndLosesTheRest) 
   const TestPocket pocket =
       pocketOfRows(polygonRows({{0, 0}, {4, 0}, {4, 3.875F}, {3.875F, 4}, {0, 4}}));
   PocketJob job(pocket, {});
-  const Way way = job.finishAt({{4, 3.875F}, {3.9375F, 3.9375F}, {3.5F, 3.5F}});
-  EXPECT_NEAR(shareOf(pocket, way), 0.016, kGrain);
-  EXPECT_NEAR(depthOf(pocket, way), 2 * kRadius, kExact);
+  const ToolPath path = job.finishAt({{4, 3.875F}, {3.9375F, 3.9375F}, {3.5F, 3.5F}});
+  EXPECT_NEAR(shareOf(pocket, path), 0.016, kGrain);
+  EXPECT_NEAR(depthOf(pocket, path), 2 * kRadius, kExact);
 }
 
 // A joint whose rows miss each other by up to 0.0015 counts as a crossing.
@@ -240,8 +240,8 @@ TEST(KnownLimits, LinksBetweenTheLevelsOfAnOpenProfileCutThroughThePart) {
       pocketOfRows({lineRow({0, 0}, {2, 0}), lineRow({2, 0}, {2, 2}), lineRow({2, 2}, {0, 2})});
   PocketJob job(profile, {.connects = true});
   job.store.cfg_z_cut_per_pass = 0.25F;
-  const Way way = job.finishAt({{0, 0}, {1, 0}, {1, -1}});
-  EXPECT_NEAR(depthOf(around, way), 1.25, kExact);
+  const ToolPath path = job.finishAt({{0, 0}, {1, 0}, {1, -1}});
+  EXPECT_NEAR(depthOf(around, path), 1.25, kExact);
 }
 
 // ---- The spiral
@@ -289,7 +289,7 @@ TEST(KnownLimits, VerticesOnBothSidesExactlyOnAScanLineEndTheRoughing) {
   const TestPocket pocket =
       pocketOfRows(polygonRows({{0, 0}, {4, 0}, {4, 2.125F}, {4, 4}, {0, 4}, {0, 2.125F}}));
   PocketJob job(pocket, {.cuttingMode = 1});
-  const Way rough = job.rough();
+  const ToolPath rough = job.rough();
   EXPECT_NEAR(shareOf(pocket, rough), 0.496, kGrain);
   EXPECT_NEAR(depthOf(pocket, rough), 0, kExact);
 }
@@ -303,7 +303,7 @@ TEST(KnownLimits, ArcJointsExactlyOnAScanLineLeaveThatLine) {
   const TestPocket pocket = pocketOfRows(rows);
   PocketJob job(pocket, {.cuttingMode = 1});
   job.store.cfg_tool_spacing = 75;
-  Way rough = job.rough();
+  ToolPath rough = job.rough();
   EXPECT_NEAR(shareOf(pocket, together(std::move(rough), job.finish())), 0.957, kGrain);
 }
 
@@ -325,9 +325,9 @@ TEST(KnownLimits, ASecondPocketAcceptedBeforeTheFirstIsUnselectedIsCutTooWide) {
   const Rows second = boxRows({6, 1}, {9, 4});
   const TestPocket both = pocketOfRows(boxRows({0, 0}, {4, 5}), {second});
   PocketJob job(both, {});
-  const Way way = job.rough();
-  Way inSecond;
-  for (const Curve& curve : way) {
+  const ToolPath path = job.rough();
+  ToolPath inSecond;
+  for (const Curve& curve : path) {
     if (curve.start.x > 5) inSecond.push_back(curve);
   }
   EXPECT_NEAR(depthOf(pocketOfRows(second), inSecond), 2 * kRadius, kExact);

@@ -142,7 +142,7 @@ TEST_F(LeadMoves, AnArcLeadAloneNeedsNoLineLead) {
 }
 
 // Both ends of an arc lead lie on its circle.
-TEST_F(LeadMoves, TheCentreOfAnArcLeadIsAsFarFromBothEnds) {
+TEST_F(LeadMoves, TheCenterOfAnArcLeadIsAsFarFromBothEnds) {
   store.cfg_lead_in_arc = true;
   store.cfg_lead_in_angle = 75;
   addProfileAt(0.25F);

@@ -5,7 +5,7 @@
 #include "rapidcheck/gtest.h"
 
 #include "core/drawing_store.h"
-#include "drafting/edit_commands.h"
+#include "drafting/break_segment.h"
 #include "drafting/entity_creation.h"
 #include "drafting/row_edits.h"
 #include "drafting/undo.h"

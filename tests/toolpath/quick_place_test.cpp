@@ -1,4 +1,6 @@
 // Quick Place: paths on the profile itself, for everything that is selected.
+#include "toolpath/quick_place.h"
+
 #include "gtest/gtest.h"
 
 #include "core/drawing_store.h"

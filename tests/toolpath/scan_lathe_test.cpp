@@ -1,4 +1,6 @@
 // The lathe style in rows: from the top down, with its retreats.
+#include "toolpath/scan_lathe.h"
+
 #include "gtest/gtest.h"
 
 #include "core/drawing_store.h"
@@ -7,7 +9,6 @@
 #include "tests/geometry/scenes.h"
 #include "tests/toolpath/plain_scan.h"
 #include "tests/toolpath/working_outline_rows.h"
-#include "toolpath/scan_lines.h"
 
 namespace tess {
 namespace {

@@ -12,6 +12,7 @@
 #include "tests/support/failure_of.h"
 #include "tests/toolpath/plain_scan.h"
 #include "tests/toolpath/working_outline_rows.h"
+#include "toolpath/scan_lathe.h"
 #include "toolpath/scan_run.h"
 
 namespace tess {

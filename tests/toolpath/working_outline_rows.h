@@ -1,5 +1,5 @@
 // Working rows for tests of the clearing styles, as if roughing had just made them.
-// Owns: addWorkingBox, addWorkingCircle, addWorkingPolygon, setSpacing, pathEnds.
+// Owns: addWorkingPolygon, addWorkingBox, addWorkingCircle, setSpacing, pathEnds.
 #pragma once
 
 #include <string>

@@ -1,5 +1,5 @@
-// How many rows end at a point.
-#include "drafting/vertices.h"
+// Removing a vertex.
+#include "drafting/remove_vertex.h"
 
 #include "gtest/gtest.h"
 
@@ -18,7 +18,7 @@ DrawingStore emptyStore() {
   return store;
 }
 
-TEST(LinesEndingAt, CountsLinesWithAnEndThereOnceEach) {
+TEST(JoinedLineCount, CountsLinesWithAnEndThereOnceEach) {
   DrawingStore store = emptyStore();
   addSegment(store, lineEntity({1, 1}, {5, 5}));
   addSegment(store, lineEntity({5, 5}, {1.25F, 0.75F}), 30008);  // just within the tolerance
@@ -26,11 +26,11 @@ TEST(LinesEndingAt, CountsLinesWithAnEndThereOnceEach) {
   addSegment(store, lineEntity({1.5F, 1}, {5, 5}));
   addSegment(store, {kClockwiseArc, {1, 1}, {3, 1}, {2, 1}});
   addSegment(store, {kRectangle, {1, 1}, {3, 3}, {}});
-  EXPECT_EQ(linesEndingAt(store, {1, 1}), 3);
-  EXPECT_EQ(linesEndingAt(store, {3, 1}), 0);
+  EXPECT_EQ(joinedLineCount(store, {1, 1}), 3);
+  EXPECT_EQ(joinedLineCount(store, {3, 1}), 0);
 }
 
-TEST(PathsEndingAt, CountsVisibleLinesAndArcs) {
+TEST(JoinedPathCount, CountsVisibleLinesAndArcs) {
   DrawingStore store = emptyStore();
   addPath(store, lineEntity({1, 1}, {5, 5}));
   addPath(store, {kClockwiseArc, {3, 1}, {1, 1}, {2, 1}});
@@ -38,8 +38,8 @@ TEST(PathsEndingAt, CountsVisibleLinesAndArcs) {
   addPath(store, lineEntity({1, 1}, {5, 5}), 100, /*visible=*/false);
   addPath(store, {kRapid, {1, 1}, {5, 5}, {}});
   addPath(store, {81, {1, 1}, {1, 1}, {}});
-  EXPECT_EQ(pathsEndingAt(store, {1, 1}), 3);
-  EXPECT_EQ(pathsEndingAt(store, {2, 2}), 0);
+  EXPECT_EQ(joinedPathCount(store, {1, 1}), 3);
+  EXPECT_EQ(joinedPathCount(store, {2, 2}), 0);
 }
 
 }  // namespace
