@@ -2,8 +2,7 @@
 // pscode; it is part of the rows, not of the undo steps.
 // Owns: isSelectedOrdinary, selectedCount, selectedAttribute, selectedCode, markSegment,
 //       markPathSegment, SelectionWindow, SelectWindow, SelectContiguous, SelectConnected,
-//       selectContiguousPaths,
-//       mnuDrawSelect_Click, mnuDrawUnselect_Click, mnuDrawSelectContiguous,
+//       selectContiguousPaths, mnuDrawSelect_Click, mnuDrawUnselect_Click, mnuDrawSelectContiguous,
 //       mnuDrawUnselectContiguous, mnuDrawSelectAll_Click, mnuDrawUnselectAll_Click, UnselectAll,
 //       collectSelected.
 #pragma once
