@@ -135,6 +135,7 @@ class Application {
   };
 
   void wireTools();
+  void showPropertiesAndTool();
   void showToolInUse();
 
   HuntERR& reporting_;

@@ -87,12 +87,11 @@ void Interaction::showStatistics(int segments, int paths, const std::string& zoo
 }
 
 void Interaction::UpdatePropertyWindow() {
-  if (onPropertiesChanged) onPropertiesChanged();
-  desk.state.updateProperties = false;
+  frmProperties.UpdatePropertyWindow();
 }
 
 void Interaction::selectEntity(int sg) {
-  if (onEntityPicked) onEntityPicked(sg);
+  frmProperties.SelectEntity(sg);
 }
 
 // Text is not placed yet: nobody waits for these.

@@ -4,7 +4,6 @@
 // Owns: ScreenPorts, Interaction.
 #pragma once
 
-#include <functional>
 #include <string>
 
 #include "core/form_host.h"
@@ -14,6 +13,7 @@
 #include "display/redraw_sequence.h"
 #include "display/view_commands.h"
 #include "drafting/desk.h"
+#include "shell/frmProperties.h"
 #include "shell/frmStatistics.h"
 #include "toolpath/cam_desk.h"
 
@@ -84,10 +84,9 @@ class Interaction : public ViewHost, public RedrawListener, public DeskListener 
   ViewCommands viewCommands;
   Desk desk;
   CamDesk cam{desk};
-
-  // The property window, when there is one: the selection changed, or one entity was picked.
-  std::function<void()> onPropertiesChanged;
-  std::function<void(int sg)> onEntityPicked;
+  class frmProperties frmProperties {
+    desk
+  };
 };
 
 }  // namespace tess

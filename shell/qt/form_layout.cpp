@@ -14,6 +14,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSlider>
+#include <QTabBar>
 #include <QUiLoader>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -25,6 +26,7 @@
 
 #include "shell/qt/control_binding.h"
 #include "shell/qt/pdf_pane.h"
+#include "shell/qt/prop_list_pane.h"
 
 namespace tess {
 
@@ -45,8 +47,9 @@ struct OwnClass {
   QWidget* (*make)(QWidget*);
 };
 
-constexpr std::array kOwnClasses{OwnClass{"QComboBox", make<DropDownBox>},
-                                 OwnClass{"PdfPane", make<PdfPane>}};
+constexpr std::array kOwnClasses{
+    OwnClass{"QComboBox", make<DropDownBox>}, OwnClass{"PdfPane", make<PdfPane>},
+    OwnClass{"PropListPane", make<PropListPane>}, OwnClass{"QTabBar", make<QTabBar>}};
 
 class Loader : public QUiLoader {
  public:
