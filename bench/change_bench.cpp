@@ -207,7 +207,7 @@ void oneLineInAFullLog(benchmark::State& state) {
   Drawing d(static_cast<int>(state.range(0)));
   clsSegment record;
   record.StartOfSegment = true;
-  for (int at = 0; at < kMostRecords; ++at) d.log.logRecord(record, /*cutRedo=*/true);
+  for (int at = 0; at < kMaxRecords; ++at) d.log.logRecord(record, /*cutRedo=*/true);
   const int rows = d.store.NumSegments;
   for (auto _ : state) {
     Change change(d.changes);

@@ -9,6 +9,7 @@
 #include "core/drawing_store.h"
 #include "tests/support/recorded_cam.h"
 #include "toolpath/path_placement.h"
+#include "toolpath/quick_place.h"
 #include "toolpath/working_rows.h"
 
 namespace tess {
@@ -16,7 +17,6 @@ namespace {
 
 using testing::RecordedCam;
 
-constexpr int kSelectedRow = kSelected + kOrdinaryClass;
 constexpr int kPerLine = 200;
 
 Point onGrid(int row) {

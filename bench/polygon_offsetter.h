@@ -1,6 +1,6 @@
 // The polygon offsetter of the distribution as a yardstick: it takes the finished polygon and gives
 // back polygons, without arcs, joints of its own or tables.
-// Owns: OffsetterPath, offsetterPath, insetCorners.
+// Owns: kUnitsPerInch, OffsetterPath, offsetterPath, insetCorners.
 #pragma once
 
 #include <cmath>

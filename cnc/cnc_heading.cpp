@@ -98,7 +98,7 @@ void creation(Heading& h) {
   h.text.remark("*  {Creation Date}: " + dateText(now) + "   {Creation Time}: " + timeText(now));
 }
 
-// The viewer reads from this line to which control program a file goes.
+// Fixed: maker and year stay; viewer and control programs know their files by this line.
 void millProgram(Heading& h) {
   h.text.remark("*  Created for GantrixPro (tm) 2012");
 }

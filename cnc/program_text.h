@@ -1,5 +1,5 @@
 // The lines of a program that are no motions: comments and the plain lines between them.
-// Owns: ProgramText, WriteRemLine, kLineEnd.
+// Owns: kLineEnd, WriteRemLine, ProgramText.
 #pragma once
 
 #include <string>

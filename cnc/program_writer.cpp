@@ -24,18 +24,18 @@ Point endOf(const ArcMove& arc) {
   return {arc.to.x, arc.to.y};
 }
 
-Point centreOf(const ArcMove& arc) {
+Point centerOf(const ArcMove& arc) {
   return {arc.centerx, arc.centery};
 }
 
 // Degrees as 32-bit values, so that a half turn is exactly 180 in every quadrant.
-float degreesAbout(Point centre, Point point) {
-  return static_cast<float>(vectorAngle(centre, point) * (kHalfTurn / kPi));
+float degreesAbout(Point center, Point point) {
+  return static_cast<float>(vectorAngle(center, point) * (kHalfTurn / kPi));
 }
 
 float sweepDegrees(const ArcMove& arc) {
-  float a0 = degreesAbout(centreOf(arc), startOf(arc));
-  float a1 = degreesAbout(centreOf(arc), endOf(arc));
+  float a0 = degreesAbout(centerOf(arc), startOf(arc));
+  float a1 = degreesAbout(centerOf(arc), endOf(arc));
   if (arc.type == kClockwiseArc) {
     if (a0 < a1) a0 += kFullTurn;
     return a0 - a1;
@@ -45,7 +45,7 @@ float sweepDegrees(const ArcMove& arc) {
 }
 
 // Where the centre lies from the start.
-Point centreOffset(const ArcMove& arc) {
+Point centerOffset(const ArcMove& arc) {
   return {arc.centerx - arc.from.x, arc.centery - arc.from.y};
 }
 
@@ -53,8 +53,8 @@ Point centreOffset(const ArcMove& arc) {
 // round.
 float radiusWord(const ArcMove& arc, float tolerence) {
   if (samePoint(startOf(arc), endOf(arc), tolerence)) return 0;
-  const double i = centreOffset(arc).x;
-  const double j = centreOffset(arc).y;
+  const double i = centerOffset(arc).x;
+  const double j = centerOffset(arc).y;
   const auto radius = static_cast<float>(std::sqrt(i * i + j * j));
   if (radius < tolerence) return 0;
   return sweepDegrees(arc) > kHalfTurn ? -radius : radius;
@@ -63,10 +63,10 @@ float radiusWord(const ArcMove& arc, float tolerence) {
 // A row takes tens of bytes. Formats and texts that make thousands of it come from a damaged
 // definition and would fill the disk.
 void refuseOverlong(const std::string& program) {
-  constexpr std::size_t kMostMegabytes = 64;
-  if (program.size() <= kMostMegabytes << 20U) return;
+  constexpr std::size_t kMaxMegabytes = 64;
+  if (program.size() <= kMaxMegabytes << 20U) return;
   throw RuntimeFailure(FailureNumber::Overflow, {},
-                       "The program is longer than " + std::to_string(kMostMegabytes) +
+                       "The program is longer than " + std::to_string(kMaxMegabytes) +
                            " MB: a number format or the comment text of the post-processor "
                            "definition is far too long");
 }
@@ -169,22 +169,22 @@ void ProgramWriter::write(const FeedMove& move) {
 
 void ProgramWriter::write(const ArcMove& arc) {
   MotionLine line = lineTo(arc.type == kClockwiseArc ? "G02" : "G03", arc.to);
-  setCentre(line, arc);
+  setCenter(line, arc);
   line.feed = arc.feed;
   if (format_.useRParam) line.r = radiusWord(arc, session_.store.cfg_tolerance);
   put(std::move(line));
 }
 
 // Fixed: with radius words centres are offsets; full circles have shown them so to every control.
-void ProgramWriter::setCentre(MotionLine& line, const ArcMove& arc) const {
+void ProgramWriter::setCenter(MotionLine& line, const ArcMove& arc) const {
   const bool absolute = definition_.absCenter && !format_.useRParam;
-  const Point centre = absolute ? centreOf(arc) : centreOffset(arc);
+  const Point center = absolute ? centerOf(arc) : centerOffset(arc);
   if (mode_ == CncMode::Lathe) {
-    line.i = centre.y;  // I goes with X, K with Z
-    line.k = centre.x;
+    line.i = center.y;  // I goes with X, K with Z
+    line.k = center.x;
   } else {
-    line.i = centre.x;
-    line.j = centre.y;
+    line.i = center.x;
+    line.j = center.y;
   }
 }
 

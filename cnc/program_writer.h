@@ -40,7 +40,7 @@ class ProgramWriter : public MotionReader {
   void startTool(const ToolChange& change);
 
   MotionLine lineTo(std::string_view g, ToolPlace place) const;
-  void setCentre(MotionLine& line, const ArcMove& arc) const;
+  void setCenter(MotionLine& line, const ArcMove& arc) const;
   void put(MotionLine&& line) { FormCncLine(out_, format_, lastmove_, line); }
 
   const Session& session_;

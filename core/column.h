@@ -1,5 +1,5 @@
 // One field of a table: values indexed by row number, with row 0 present but not a drawing row.
-// Owns: Column.
+// Owns: kStartUpperBound, Column.
 #pragma once
 
 #include <cstddef>

@@ -1,13 +1,16 @@
 // Descriptors: all that is to be told of a command, in one place. Menus, tool bars, hints, keys,
 // prompts and the repeat key follow from them. A descriptor stands beside the routine that it runs;
 // command_list.h names them all.
-// Owns: BandPlace, TouchedFiles, CommandInfo, NotYet, kNotYet, CommandRoutine, ActionText, Action, Repeat, Command.
+// Owns: BandPlace, TouchedFiles, CommandInfo, NotYet, kNotYet, CommandRoutine, ActionText, Action,
+//       Repeat, Command.
 #pragma once
 
 #include <array>
 #include <concepts>
 #include <span>
+#include <vector>
 
+#include "core/drawing_rows.h"
 #include "core/pending_action.h"
 
 namespace tess {
@@ -78,6 +81,9 @@ template <class Context>
 struct Action {
   ActionText text;
   void (*click)(Context&) = nullptr;
+  // The rows that a click at MouseMoveX, MouseMoveY would make, of path rows their shapes. They
+  // hover while the button is down. Null: nothing does.
+  std::vector<SegmentRow> (*hover)(const Context&) = nullptr;
 };
 
 // The values of LastCommand for which the repeat key issues a command again; None for no more.

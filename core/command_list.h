@@ -1,7 +1,9 @@
 // The list of all commands by their descriptors, one line each, in the order in which a click on a
 // tool is compared with their names. A descriptor stands in the room that its line says; whatever
 // deals with commands is made from this list.
-// Owns: TESSIMO_COMMANDS, TESSIMO_NONE, the list of each room.
+// Owns: TESSIMO_COMMANDS, TESSIMO_NONE, TESSIMO_CORE_COMMANDS, TESSIMO_DISPLAY_COMMANDS,
+//       TESSIMO_DRAFTING_COMMANDS, TESSIMO_TOOLPATH_COMMANDS, TESSIMO_IMPORT_COMMANDS,
+//       TESSIMO_SHELL_COMMANDS.
 #pragma once
 
 #define TESSIMO_COMMANDS(CORE, DISPLAY, DRAFTING, TOOLPATH, IMPORT, SHELL) \

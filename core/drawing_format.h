@@ -1,7 +1,7 @@
 // The two text files of a drawing, as content: 30 header lines and the drawing rows in the one, the
 // path rows in the other. A pair of fields that a line shares is parted by a comma.
-// Owns: HeaderNotes, pathFileName, writefileheader, readfileheader, appendSegments, appendPaths,
-//       readSegments, readPaths, holdsSegments, kDrawingVersion.
+// Owns: kDrawingVersion, pathFileName, writefileheader, appendSegments, appendPaths, HeaderNotes,
+//       readfileheader, readSegments, readPaths, holdsSegments.
 #pragma once
 
 #include <string>

@@ -15,7 +15,7 @@ using Paths = std::vector<std::string>;
 using Content = std::optional<std::string>;
 using Stamps = std::array<FileStamp, 2>;
 
-constexpr int kMostAttempts = 100;  // to find both files while nobody is writing them
+constexpr int kMaxAttempts = 100;  // to find both files while nobody is writing them
 constexpr std::chrono::milliseconds kPause{10};
 
 std::int64_t nanoseconds(const timespec& time) {
@@ -123,7 +123,7 @@ PairContent readPair(const WriteGuard& guard, const std::vector<std::string>& pa
     // In this order: a save that was still going on while the files were read and is over when the
     // journal is looked for has given both files their new stamps by then.
     const bool undisturbed = !hasJournal(drawing) && stamps == stampsOf(paths);
-    if (undisturbed || attempt == kMostAttempts) return pair;
+    if (undisturbed || attempt == kMaxAttempts) return pair;
     std::this_thread::sleep_for(kPause);
   }
 }

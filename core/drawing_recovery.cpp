@@ -60,7 +60,7 @@ void removeNameless(const WriteGuard& guard, const std::string& journal, const s
   NoGuard looking;
   const FilePlace place = FilePlace::ofEntry(looking, journal, FileKind::Companion);
   if (parseJournal(readFile(journal, kLargestJournal)) || !place.isPermittedBy(guard)) return;
-  for (std::size_t index = 0; index < SaveJournal::kMostFiles; ++index) {
+  for (std::size_t index = 0; index < SaveJournal::kMaxFiles; ++index) {
     place.beside(freshName(stem, index), FileKind::Companion).remove();
     place.beside(spareName(stem, index), FileKind::Companion).remove();
   }

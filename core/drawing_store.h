@@ -1,7 +1,7 @@
 // The drawing store: every table and variable that one drawing consists of, as plain parallel
 // columns that all rooms read and write by index.
-// Owns: DrawingSettings, DrawingStore, resizeCycles, visitSegmentColumns, visitPathColumns, isMetric,
-//       isConsistent.
+// Owns: DrawingSettings, DrawingStore, resizeCycles, visitSegmentColumns, visitPathColumns,
+//       isMetric, isConsistent.
 #pragma once
 
 #include <array>

@@ -144,6 +144,7 @@ std::string FieldReader::readLine() {
   return text;
 }
 
+// Fixed: letters above z are dropped, braces and bars too; older drawings have anything there.
 std::string FieldReader::readPrintable() {
   requireMore();
   const std::size_t end = std::min(content_.find('\n', next_), content_.size());

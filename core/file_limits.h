@@ -1,7 +1,6 @@
 // How large files may be that the program reads: well above what their kind ever holds, and below
 // what would keep an operator waiting or fill the memory.
-// Owns: kLargestDrawing, kLargestDxf, kLargestSettings, kLargestScript, kLargestFile,
-//       kMebibyte.
+// Owns: kMebibyte, kLargestDrawing, kLargestDxf, kLargestSettings, kLargestScript, kLargestFile.
 #pragma once
 
 #include <cstddef>

@@ -20,7 +20,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int kMostLinks = 40;  // of a chain; a ring of links has no end
+constexpr int kMaxLinks = 40;  // of a chain; a ring of links has no end
 constexpr mode_t kNewFileMode = 0666;
 constexpr mode_t kPermissionBits = 07777;
 constexpr std::string_view kTemporaryBegin = ".tessimo-";
@@ -41,7 +41,7 @@ std::string wholeName(std::string_view path) {
 std::string behindLinks(std::string_view path) {
   fs::path target = wholeName(path);
   std::error_code error;
-  for (int hops = 0; hops < kMostLinks && fs::is_symlink(target, error); ++hops) {
+  for (int hops = 0; hops < kMaxLinks && fs::is_symlink(target, error); ++hops) {
     target = target.parent_path() / fs::read_symlink(target, error);
   }
   return target.string();
@@ -148,8 +148,8 @@ bool isOwn(int file) {
 Descriptor createTemporary(int folder, std::string& name) {
   for (int count = 0;; ++count) {
     name = temporaryName(count);
-    Descriptor file(::openat(folder, name.c_str(),
-                             O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, kNewFileMode));
+    constexpr int kFlags = O_WRONLY | O_APPEND | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
+    Descriptor file(::openat(folder, name.c_str(), kFlags, kNewFileMode));
     if (!file.isOpen() && errno != EEXIST) name.clear();
     if (name.empty() || (file.isOpen() && isOwn(file.number()))) return file;
     if (file.isOpen()) ::unlinkat(folder, name.c_str(), 0);
@@ -296,17 +296,6 @@ void FilePlace::append(std::string_view text) const {
                O_WRONLY | O_APPEND | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC, kNewFileMode));
   if (!file.isOpen()) raiseWriteFailure(errno, path_);
   appendTo(file, text);
-}
-
-Descriptor FilePlace::createLocked() const {
-  Descriptor file(::openat(folder_->number(), name_.c_str(),
-                           O_WRONLY | O_APPEND | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
-                           kNewFileMode));
-  if (!file.isOpen()) raiseWriteFailure(errno, path_);
-  // Waits for a process that looks at the moment whether the file is abandoned. Where the file
-  // system knows no locks there is none.
-  while (::flock(file.number(), LOCK_EX) != 0 && errno == EINTR) continue;
-  return file;
 }
 
 void FilePlace::appendTo(const Descriptor& file, std::string_view text) const {

@@ -9,6 +9,7 @@
 #include <string>
 #include <string_view>
 #include <sys/stat.h>
+#include <utility>
 
 #include "core/descriptor.h"
 #include "core/write_guard.h"
@@ -57,8 +58,6 @@ class FilePlace {
   void moveTo(const FilePlace& other) const;
   // Adds to the file's end, or creates it; after a failure it ends where it did.
   void append(std::string_view text) const;
-  // A new file, locked for as long as it is open; what is there already stands in the way.
-  Descriptor createLocked() const;
   // The same as append for a file of this place that is open.
   void appendTo(const Descriptor& file, std::string_view text) const;
   // Does nothing when there is no file.
@@ -96,6 +95,8 @@ class StagedFile {
 
   // In one step the target has the new content. The folder is not flushed yet.
   void moveIntoPlace();
+  // The file in its place, to be appended to. It stays locked for as long as it is open.
+  Descriptor release() { return std::move(file_); }
 
  private:
   FilePlace target_;

@@ -9,8 +9,23 @@
 #include "core/file_system.h"
 
 namespace tess {
+namespace {
 
-GrowingFile::GrowingFile(const FilePlace& place) : place_(place), file_(place.createLocked()) {}
+// Its process may have replaced or removed it since it was opened, and have let go of it then.
+bool isStillAt(const std::string& path, const struct stat& opened) {
+  struct stat now {};
+  return ::lstat(path.c_str(), &now) == 0 && now.st_dev == opened.st_dev &&
+         now.st_ino == opened.st_ino;
+}
+
+}  // namespace
+
+GrowingFile::GrowingFile(FilePlace place, std::string_view begin)
+    : place_(std::move(place)), size_(begin.size()) {
+  StagedFile staged(place_, begin);
+  staged.moveIntoPlace();
+  file_ = staged.release();
+}
 
 void GrowingFile::append(std::string_view bytes) {
   place_.appendTo(file_, bytes);
@@ -19,17 +34,15 @@ void GrowingFile::append(std::string_view bytes) {
 
 void GrowingFile::flush() {
   place_.flush(file_);
-}
-
-void GrowingFile::remove() {
-  place_.remove();
+  if (!std::exchange(hasNameOnDisk_, true)) place_.flushFolder();
 }
 
 std::optional<AbandonedFile> AbandonedFile::claim(const std::string& path) {
   Descriptor file(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOFOLLOW | O_CLOEXEC));
   struct stat state {};
   const bool isFree = file.isOpen() && ::fstat(file.number(), &state) == 0 &&
-                      S_ISREG(state.st_mode) && ::flock(file.number(), LOCK_EX | LOCK_NB) == 0;
+                      S_ISREG(state.st_mode) && ::flock(file.number(), LOCK_EX | LOCK_NB) == 0 &&
+                      isStillAt(path, state);
   if (!isFree) return std::nullopt;
   return AbandonedFile(path, std::move(file), state.st_mtim.tv_sec);
 }

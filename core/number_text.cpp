@@ -65,7 +65,7 @@ Decimal shortestDecimal(float value, Digits& digits) {
 // than 2^-20 of their distance (scale up to 10^8), while the division is off by 2^-29 of it at
 // most.
 constexpr double kLargestUnits = 1 << 23;
-constexpr std::size_t kMostQuickDecimals = 8;
+constexpr std::size_t kMaxQuickDecimals = 8;
 
 // The number of units of 1 / scale that `value` reads back from; -1 when it has to be searched for.
 int wholeUnits(float value, double scale) {
@@ -243,7 +243,7 @@ void NumberPattern::Section::append(std::string& out, float value) const {
     out.append(shortest(value, digits));
     return;
   }
-  const int units = decimals <= kMostQuickDecimals ? wholeUnits(value, scale) : -1;
+  const int units = decimals <= kMaxQuickDecimals ? wholeUnits(value, scale) : -1;
   Decimal number = units >= 0 ? unitsDecimal(units, decimals, value < 0, digits)
                               : shortestDecimal(value, digits);
   roundDecimals(number, decimals);

@@ -1,6 +1,6 @@
 // The one home of numbers as text, for files, programs and the screen. No locale plays a part, and
 // no text written here is anything but a plain decimal: no exponent, no "-0", no NaN or infinity.
-// Owns: plainText, fileText, signBlankText, kLongestNumber, writeFileText, appendFileText,
+// Owns: plainText, kLongestNumber, fileText, writeFileText, appendFileText, signBlankText,
 //       NumberPattern, formatNumber, Val, parseFloat, parseInteger, numericValue.
 #pragma once
 

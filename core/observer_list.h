@@ -1,6 +1,6 @@
 // Lists of observers that bear anything happening while they are told: observers that come and go,
 // telling within telling, and the end of the list itself.
-// Owns: Subscription, ObserverList.
+// Owns: ObserverList.
 #pragma once
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 // The nine most recently used drawings and the text file that keeps them between runs.
-// Owns: addRecent, tidyRecent, readRecent, writeRecent, kRecentFileName,
-//       recentFileList, recentCaption.
+// Owns: addRecent, tidyRecent, kRecentFileName, recentFileList, readRecent, writeRecent,
+//       recentCaption.
 #pragma once
 
 #include <string>

@@ -1,7 +1,7 @@
 // Run-time failures: numbered exceptions that name their place, and the one-line trace object that
 // adds a routine to the call chain when a failure passes through it.
-// Owns: FailureNumber, RuntimeFailure, overflow, subscriptOutOfRange, divisionByZero, typeMismatch,
-//       CallLevel, Procedure, takeCallChain.
+// Owns: FailureNumber, descriptionOf, RuntimeFailure, overflow, subscriptOutOfRange,
+//       divisionByZero, typeMismatch, CallLevel, Procedure, takeCallChain.
 #pragma once
 
 #include <exception>

@@ -71,7 +71,7 @@ std::optional<SaveJournal> parseJournal(std::string_view text) {
       .name = std::string(*name), .keepsOld = *backup == kRenewsBackup, .files = {}};
   while (const auto line = takeLine(rest)) {
     const auto file = parseFile(*line);
-    if (!file || journal.files.size() == SaveJournal::kMostFiles) return std::nullopt;
+    if (!file || journal.files.size() == SaveJournal::kMaxFiles) return std::nullopt;
     journal.files.push_back(*file);
   }
   return journal;

@@ -1,8 +1,8 @@
 // The journal of a save: a small hidden file beside the files that are being replaced together. It
 // is written first and removed last, and says what each file was and shall be, so that a save which
 // was cut off can be completed or taken back.
-// Owns: kLargestJournal, SaveJournal, journalText, parseJournal, journalStem, journalName, freshName, spareName,
-//       stemOfJournal.
+// Owns: kLargestJournal, SaveJournal, journalText, parseJournal, journalStem, journalName,
+//       freshName, spareName, stemOfJournal.
 #pragma once
 
 #include <optional>
@@ -17,7 +17,7 @@ namespace tess {
 inline constexpr std::size_t kLargestJournal = 16 * 1024;
 
 struct SaveJournal {
-  static constexpr std::size_t kMostFiles = 4;
+  static constexpr std::size_t kMaxFiles = 4;
   struct File {
     std::optional<Checksum> before, after;  // nothing: there is no file
     friend bool operator==(const File&, const File&) = default;

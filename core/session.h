@@ -1,6 +1,6 @@
 // What the process keeps beside the drawing: paths, names, number formats, recent files, and the
 // interface by which the core tells the rooms above it what happened.
-// Owns: NumberFormats, RecentFiles, SessionListener, Session, EndProgram.
+// Owns: NumberFormats, kRecentFiles, RecentFiles, SessionListener, EndProgram, Session.
 #pragma once
 
 #include <array>

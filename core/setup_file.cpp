@@ -151,6 +151,7 @@ void settleCutWidthOrReport(Session& session) {
 void putSetupInForce(Session& session) {
   DrawingStore& store = session.store;
   settleCutWidthOrReport(session);
+  // Fixed: a tolerance of 0 counts as 0.0001; setups with 0 would join no ends.
   if (store.cfg_tolerance <= 0) store.cfg_tolerance = kSmallestTolerance;
   store.colorsinuse = store.colortable;
   session.listener.load_xsetup();
@@ -194,6 +195,7 @@ void SetupTESS(Session& session, std::string_view saveOrLoad) {
 
 void readSetup(Session& session, FieldReader& fields) {
   const Procedure here("readSetup(fields)");
+  // Fixed: any setup that is read resets object snap; operators choose their features after it.
   session.listener.resetObjectSnap();
   session.store.setupchanged = false;
   clearRows(session.store);
@@ -266,6 +268,7 @@ void save_setup_As(Session& session) {
     if (answer == kAnswerNo) save_file_As(session);
     if (answer != kAnswerYes) return;
   }
+  // Fixed: the setup's folder becomes the drawing's; the next drawing is offered there.
   session.store.drawingpath = folder;
   nameSetup(session, folder + name);
   session.setupplace.clear();

@@ -1,6 +1,6 @@
 // Menus and tool bars as a model: tools by name with their state, in bands that open and close. A
 // name that is not known does nothing when it is set or clicked, and reads as absent.
-// Owns: Tool, BandKind, Band, DockedPanel, ToolProperty, BandProperty, ToolHostObserver, ToolHost.
+// Owns: Tool, BandKind, DockedPanel, Band, ToolProperty, BandProperty, ToolHostObserver, ToolHost.
 #pragma once
 
 #include <deque>

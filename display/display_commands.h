@@ -1,5 +1,5 @@
 // The commands of this room: they work on the view.
-// Owns: ViewCommand, displayCommands.
+// Owns: ViewCommand.
 #pragma once
 
 #include "core/command.h"

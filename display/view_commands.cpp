@@ -54,7 +54,7 @@ void ViewCommands::setview(std::optional<double> x, std::optional<double> y) {
 }
 
 // Fixed: (0, 0) stands for no place; zooming there keeps the view where it is.
-void ViewCommands::centreAt(double x, double y) {
+void ViewCommands::centerAt(double x, double y) {
   if (x == 0 && y == 0) {
     setview();
   } else {
@@ -67,14 +67,14 @@ void ViewCommands::Zoom_In(double x, double y) {
   if (isArmed(parts_, PendingAction::PlaceText)) return;
   if (narrow(magnification(parts_.view)) >= kLargestZoom) return;
   parts_.view.viewspan *= 0.5F;
-  centreAt(x, y);
+  centerAt(x, y);
 }
 
 void ViewCommands::Zoom_out(double x, double y) {
   const Procedure here("frmMain.Zoom_out(x,y)");
   if (isArmed(parts_, PendingAction::PlaceText)) return;
   parts_.view.viewspan = narrow(2.0 * parts_.view.viewspan);
-  centreAt(x, y);
+  centerAt(x, y);
 }
 
 void ViewCommands::zoomwindow(double MouseDownX, double MouseDownY, double MouseMoveX,
@@ -119,15 +119,15 @@ void ViewCommands::releaseZoomBox(const WorldBox& shown) {
 }
 
 PanDrag ViewCommands::beginPan(Point pointer) const {
-  const Point centre{parts_.view.viewcx, parts_.view.viewcy};
-  return {pointer, centre, centre};
+  const Point center{parts_.view.viewcx, parts_.view.viewcy};
+  return {pointer, center, center};
 }
 
 void ViewCommands::movePan(PanDrag& drag, Point pointer) {
   if (pointer == drag.grabbed) return;
-  drag.centre.x = drag.grabbed.x - (pointer.x - drag.centre.x);
-  drag.centre.y = drag.grabbed.y - (pointer.y - drag.centre.y);
-  setview(drag.centre.x, drag.centre.y);
+  drag.center.x = drag.grabbed.x - (pointer.x - drag.center.x);
+  drag.center.y = drag.grabbed.y - (pointer.y - drag.center.y);
+  setview(drag.center.x, drag.center.y);
 }
 
 void ViewCommands::endPan(const PanDrag& drag, Point pointer) {
@@ -136,8 +136,8 @@ void ViewCommands::endPan(const PanDrag& drag, Point pointer) {
 }
 
 Point ViewCommands::inPresentView(const PanDrag& drag, Point pointer) const {
-  return {pointer.x + (parts_.view.viewcx - drag.pressCentre.x),
-          pointer.y + (parts_.view.viewcy - drag.pressCentre.y)};
+  return {pointer.x + (parts_.view.viewcx - drag.pressCenter.x),
+          pointer.y + (parts_.view.viewcy - drag.pressCenter.y)};
 }
 
 void ViewCommands::interrupt() {

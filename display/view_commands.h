@@ -1,6 +1,6 @@
 // The commands that change the view: full view, zoom steps, zoom window, extents, centre, pan, and
 // the view's four toggles.
-// Owns: ViewHost, ViewParts, InterruptedCommand, PanDrag, ViewCommands, traceRubberBox.
+// Owns: ViewHost, ViewParts, InterruptedCommand, PanDrag, traceRubberBox, ViewCommands.
 #pragma once
 
 #include <initializer_list>
@@ -49,8 +49,8 @@ struct InterruptedCommand {
 // so the grabbed point stays under it.
 struct PanDrag {
   Point grabbed;      // the pointer at the press
-  Point centre;       // the centre at the last move
-  Point pressCentre;  // the centre at the press
+  Point center;       // the centre at the last move
+  Point pressCenter;  // the centre at the press
 };
 
 // Draws boxes one after the other in the inverting pen and returns to the copying, solid one.
@@ -115,7 +115,7 @@ class ViewCommands {
   const InterruptedCommand& interrupted() const { return interrupted_; }
 
  private:
-  void centreAt(double x, double y);
+  void centerAt(double x, double y);
   void interrupt();
   void startPanning();
   void stopPanning();

@@ -1,7 +1,7 @@
 // Where the drawing lies on the surface: the view's centre and span, the rectangle that they make
 // visible, and the steps from one view to the next, all as plain calculations.
 // Owns: View, WorldRect, visibleRectangle, stockRectangle, setPicSize, FittedSide, fitAspects,
-//       resetToFullView, spanFraction, magnification, kLargestZoom, updateZoomFactor, zoomText,
+//       resetToFullView, spanFraction, kLargestZoom, magnification, updateZoomFactor, zoomText,
 //       PixelsPerInchX, PixelsPerInchY.
 #pragma once
 

@@ -1,6 +1,6 @@
 // The interaction state: the armed action, the drawing mode, the object-snap sets and the current
 // snap feature, and the collection of selected segments.
-// Owns: CState, ObjectSnapSets, kSnapKinds, CFeaturePoint, SelectedSegments.
+// Owns: FeatureKind, kSnapKinds, SnapSet, CFeaturePoint, SelectedSegments, CState.
 #pragma once
 
 #include <array>

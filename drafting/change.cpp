@@ -520,13 +520,13 @@ int Changes::sizeInLog(std::span<const clsSegment> step) const {
 bool Changes::operatorAgrees() {
   int largest = 0;
   for (const auto& step : steps()) largest = std::max(largest, sizeInLog(step));
-  return largest <= kMostRecords || host_ == nullptr || host_->agreesToLoseUndo(largest);
+  return largest <= kMaxRecords || host_ == nullptr || host_->agreesToLoseUndo(largest);
 }
 
 // What comes after a step that the log cannot hold can be undone again.
 void Changes::logSteps() {
   for (const auto& step : steps()) {
-    sizeInLog(step) > kMostRecords ? log.clear() : log.logRecords(step);
+    sizeInLog(step) > kMaxRecords ? log.clear() : log.logRecords(step);
   }
 }
 

@@ -12,7 +12,7 @@ namespace tess {
 bool ChangeEffects::agreesToLoseUndo(int records) {
   const Answer answer = desk_.session.host.prompts.showMessage(
       {.text = "This change takes " + std::to_string(records) +
-               " records, and the undo log holds at most " + std::to_string(kMostRecords) +
+               " records, and the undo log holds at most " + std::to_string(kMaxRecords) +
                ".\n\nWith OK the change is made and the undo log is cleared: neither this change "
                "nor any before it can be undone.  With Cancel the drawing stays as it was.",
        .title = "Undo",

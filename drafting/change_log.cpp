@@ -13,7 +13,7 @@ namespace tess {
 namespace {
 
 constexpr std::size_t kLogGrowth = 50;
-constexpr int kCentreDecimals = 4;
+constexpr int kCenterDecimals = 4;
 
 template <typename Row>
 bool sameEnds(const clsSegment& record, const Row& row, float tolerence) {
@@ -25,26 +25,26 @@ bool sameEnds(const clsSegment& record, const Row& row, float tolerence) {
 // place may have crossed it in the row alone.
 bool equalAtFourPlaces(float row, float record) {
   const auto asSaved = [](float value) {
-    return roundTo(roundTo(value, kCoordinateDecimals), kCentreDecimals);
+    return roundTo(roundTo(value, kCoordinateDecimals), kCenterDecimals);
   };
-  return roundTo(row, kCentreDecimals) == roundTo(record, kCentreDecimals) ||
+  return roundTo(row, kCenterDecimals) == roundTo(record, kCenterDecimals) ||
          asSaved(row) == asSaved(record);
 }
 
 template <typename Row>
-bool sameCentre(const clsSegment& record, const Row& row) {
+bool sameCenter(const clsSegment& record, const Row& row) {
   return equalAtFourPlaces(row.xc, record.CenterX) && equalAtFourPlaces(row.yc, record.CenterY);
 }
 
 // Lines and rectangles have no centre to compare.
-bool hasNoCentre(int type) {
+bool hasNoCenter(int type) {
   return type == kLine || type == kRectangle;
 }
 
 template <typename Row>
 bool matches(const clsSegment& record, int recordType, const Row& row, float tolerence) {
   return row.type == recordType && sameEnds(record, row, tolerence) &&
-         (hasNoCentre(row.type) || sameCentre(record, row));
+         (hasNoCenter(row.type) || sameCenter(record, row));
 }
 
 struct NamedField {
@@ -145,7 +145,7 @@ void clsSegment::SetPathSegment(const PathRow& placed, RecordKind kind, bool sta
 }
 
 void ChangeLog::logRecord(const clsSegment& record, bool cutRedo) {
-  if (changecount == kMostRecords) giveWayTo(record);
+  if (changecount == kMaxRecords) giveWayTo(record);
   if (cutRedo) changetop = changecount;
   const std::size_t count = forgotten_ + static_cast<std::size_t>(changecount) + 1;
   if (changelog_.size() < count) changelog_.resize(changelog_.size() + kLogGrowth);
@@ -164,9 +164,9 @@ void ChangeLog::logRecords(std::span<const clsSegment> records) {
   if (records.empty()) return;
   const std::size_t goesOnWith =
       records.front().StartOfSegment ? 0 : static_cast<std::size_t>(lastStepSize());
-  if (goesOnWith + records.size() > kMostRecords) throw overflow();
+  if (goesOnWith + records.size() > kMaxRecords) throw overflow();
   const auto count = static_cast<int>(records.size());
-  while (changecount + count > kMostRecords) forgetOldest(oldestStepSize());
+  while (changecount + count > kMaxRecords) forgetOldest(oldestStepSize());
   changelog_.resize(forgotten_ + static_cast<std::size_t>(changecount));
   changelog_.insert(changelog_.end(), records.begin(), records.end());
   changecount += count;

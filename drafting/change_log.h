@@ -1,5 +1,6 @@
 // The change log: before-and-after records of all rows, on which undo and redo walk.
-// Owns: RecordKind, clsSegment, the undo marks, ChangeLog, kMostRecords, logSegment, logPathSegment,
+// Owns: kDrawingTable, kPathTable, RecordKind, clsSegment, RecordValue, kRowsAdded,
+//       kRectangleAdded, kRowsDeleted, kMaxRecords, ChangeLog, logSegment, logPathSegment,
 //       isSameRow, findSegment, findPathSegment.
 #pragma once
 
@@ -71,7 +72,7 @@ inline constexpr int kRectangleAdded = 4;
 inline constexpr int kRowsDeleted = -1;
 
 // As many as their 16-bit counter counts.
-inline constexpr int kMostRecords = std::numeric_limits<std::int16_t>::max();
+inline constexpr int kMaxRecords = std::numeric_limits<std::int16_t>::max();
 
 // Records count from 0. A step runs from a record with StartOfSegment to before the next one.
 // Path rows are logged directly before they are removed or directly after they are placed, so that

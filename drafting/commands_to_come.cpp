@@ -14,11 +14,6 @@ constexpr Action<Desk> kTextActions[] = {
 
 }  // namespace
 
-constexpr DeskCommand kCutCommand{
-    .info = {.tool = "miCut", .caption = "Cu&t", .menu = {"miEdit", 210}},
-    .run = kNotYet,
-};
-
 constexpr DeskCommand kPasteCommand{
     .info = {.tool = "miPaste", .caption = "&Paste", .key = "P", .menu = {"miEdit", 230}},
     .run = kNotYet,

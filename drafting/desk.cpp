@@ -42,6 +42,7 @@ void Desk::refreshDrawMode() {
 void Desk::forgetInverted() {
   pointer.RubberKind = 0;
   pointer.DragBand = 0;
+  hovering.clear();
   command.secondCrossShown = false;
   state.forgetMark();
 }

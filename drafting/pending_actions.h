@@ -1,6 +1,6 @@
 // The numbered pending actions: what a command arms, what it asks of the operator, and what happens
 // when the pointer release completes it.
-// Owns: kMoveAllPrompt, goOnWith, addUnarmedActions, pendingPrompt, refreshStatus,
+// Owns: goOnWith, addUnarmedActions, kMoveAllPrompt, pendingPrompt, refreshStatus,
 //       refreshCoordinates, do_pending, completeRelease, Handle_esc, arm.
 #pragma once
 

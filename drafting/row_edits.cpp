@@ -1,4 +1,4 @@
-// Taking single rows out of the tables and putting path rows in between.
+// Taking single rows out of the tables and putting rows in between.
 #include "drafting/row_edits.h"
 
 #include <vector>
@@ -8,11 +8,8 @@
 namespace tess {
 namespace {
 
-constexpr int kCodesPerGroup = 100;
-
 int codeInCurrentGroup(const DrawingStore& store, int tool) {
-  const int index = tool > kCodesPerGroup ? tool % kCodesPerGroup : tool;
-  return store.currentpathgroup * kCodesPerGroup + index;
+  return pathCode(store.currentpathgroup, tool > kCodesPerGroup ? toolIndex(tool) : tool);
 }
 
 template <class Row>
@@ -32,6 +29,14 @@ void deleteSegment(Changes& changes, int sg) {
 void deletePathSegment(Changes& changes, int ps) {
   Change change(changes, Step::Continued);
   deleteRow(change, change.paths, ps);
+}
+
+bool insertSegment(Changes& changes, int index, const SegmentRow& row) {
+  if (row.x0 == row.x1 && row.y0 == row.y1) return false;
+  Change change(changes, Step::Continued);
+  change.segments.insert(index, row, Entry::Unlogged);
+  change.keep({.redraws = false});
+  return true;
 }
 
 void insertPathSegment(Changes& changes, int index, const PathRow& row, int tool) {

@@ -1,8 +1,10 @@
 // Selection: marking rows by click, by window and along chains. The mark lives in segattr and
 // pscode; it is part of the rows, not of the undo steps.
-// Owns: selectedCount, markSegment, markPathSegment, SelectionWindow, SelectWindow,
-//       SelectContiguous, SelectConnected, selectContiguousPaths, UnselectAll, collectSelected, the
-//       selection commands.
+// Owns: selectedCount, selectedAttribute, selectedCode, markSegment, markPathSegment,
+//       SelectionWindow, SelectWindow, SelectContiguous, SelectConnected, selectContiguousPaths,
+//       mnuDrawSelect_Click, mnuDrawUnselect_Click, mnuDrawSelectContiguous,
+//       mnuDrawUnselectContiguous, mnuDrawSelectAll_Click, mnuDrawUnselectAll_Click, UnselectAll,
+//       collectSelected.
 #pragma once
 
 #include <string>

@@ -4,7 +4,7 @@
 // centres had the same height, or doubles it where they have and are near one another. So it may
 // find a crossing on one arc that is nowhere near the other. A search that must report the same
 // crossings has to try these pairs, however far apart they are.
-// Owns: AlignedCenters, kSteepestRegular.
+// Owns: kSteepestRegular, AlignedCenters.
 #pragma once
 
 #include <vector>

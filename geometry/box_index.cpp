@@ -17,7 +17,7 @@ constexpr double kRangeMargin = 0.06;     // of the range, on each side
 constexpr double kCellsPerBox = 1;
 constexpr int kWideFactor = 2;     // a wide box covers this times columns plus rows
 constexpr int kChangedShare = 32;  // one row in so many may change before a new build
-constexpr std::size_t kLeastChanged = 32;
+constexpr std::size_t kMinChanged = 32;
 
 struct Range {
   double low = 0, high = 0;
@@ -170,7 +170,7 @@ void BoxIndex::update(int row, const Box& box) {
   outdated_[at] = 1;
   changed_.push_back(row);
   std::erase(wide_, row);
-  if (changed_.size() > kLeastChanged + boxes_.size() / kChangedShare) build();
+  if (changed_.size() > kMinChanged + boxes_.size() / kChangedShare) build();
 }
 
 void BoxIndex::rowsOverlapping(const Box& query, int after, std::vector<int>& rows) const {

@@ -3,7 +3,7 @@
 // Every answer equals that of a plain pass over all boxes in ascending row order. The grid fits the
 // bulk of the boxes; what lies outside falls into its border cells, and boxes that would cover too
 // many cells stand in a list of their own. Boxes hold no NaN.
-// Owns: Box, boxOf, boxAround, extended, grown, overlaps, everywhere, BoxGrid, BoxIndex.
+// Owns: Box, overlaps, boxOf, boxAround, extended, grown, everywhere, BoxGrid, BoxIndex.
 #pragma once
 
 #include <limits>

@@ -14,7 +14,7 @@ constexpr double kFullTurn = 2 * std::numbers::pi;
 // half circles are rounded to 32 bits.
 constexpr double kHalfTurnSlack = 1e-6;
 // What is shorter is no row of an outline.
-constexpr double kLeastLength = 1e-12;
+constexpr double kMinLength = 1e-12;
 // Below this sweep a series tells what an arc adds to its chord; the difference has lost digits.
 constexpr double kShortSweep = 0.1;
 
@@ -124,7 +124,7 @@ PlanePoint placeOf(Point p) {
 }
 
 void appendLine(PlanePoint start, PlanePoint end, std::vector<Curve>& curves) {
-  if (normOf(end - start) >= kLeastLength) curves.push_back(lineCurve(start, end));
+  if (normOf(end - start) >= kMinLength) curves.push_back(lineCurve(start, end));
 }
 
 void appendRectangle(const Entity& row, std::vector<Curve>& curves) {
@@ -140,7 +140,7 @@ void appendRectangle(const Entity& row, std::vector<Curve>& curves) {
 
 void appendWholeCircle(PlanePoint start, PlanePoint center, int turn, std::vector<Curve>& curves) {
   const double radius = normOf(start - center);
-  if (radius < kLeastLength) return;
+  if (radius < kMinLength) return;
   const PlanePoint opposite = center - (start - center);
   curves.push_back({start, opposite, center, radius, turn});
   curves.push_back({opposite, start, center, radius, turn});
@@ -152,7 +152,7 @@ void appendArc(const Entity& row, int turn, std::vector<Curve>& curves) {
   const PlanePoint start = placeOf(row.start);
   const PlanePoint end = placeOf(row.end);
   const PlanePoint center = placeOf(row.center);
-  if (normOf(start - center) < kLeastLength || normOf(end - center) < kLeastLength) return;
+  if (normOf(start - center) < kMinLength || normOf(end - center) < kMinLength) return;
   const double angle = angleTo({start, end, center, 0, turn}, end);
   if (angle <= kHalfTurn + kHalfTurnSlack) {
     curves.push_back(arcCurve(start, end, center, turn));

@@ -1,6 +1,6 @@
 // How far lines and arcs are from points and from one another, and where. Exact up to rounding:
 // the least distance lies at an end, at a common normal or where they cross.
-// Owns: CurvePlace, CurveGap, distanceTo, nearestOn, gapBetween.
+// Owns: distanceTo, CurvePlace, nearestOn, CurveGap, gapBetween.
 #pragma once
 
 #include "geometry/curve.h"

@@ -14,7 +14,7 @@ namespace tess {
 namespace {
 
 constexpr double kCellInTolerances = 16;
-constexpr std::size_t kLeastBuckets = 16;
+constexpr std::size_t kMinBuckets = 16;
 // samePoint subtracts in 64 bits; a search must reach as far as its rounding does.
 constexpr double kReachFactor = 1 + 1e-6;
 constexpr double kRoundingShare = 1e-15;
@@ -53,7 +53,7 @@ void mergeRows(std::vector<EndMatch>& matches) {
 EndPointIndex::EndPointIndex(float tolerence)
     : tolerence_(tolerence),
       cellsPerUnit_(tolerence > 0 ? 1 / (kCellInTolerances * tolerence) : 0),
-      heads_(kLeastBuckets, kLast) {}
+      heads_(kMinBuckets, kLast) {}
 
 void EndPointIndex::update(int row, Point start, Point end) {
   remove(row);
@@ -154,8 +154,8 @@ void EndPointIndex::matchBucket(std::size_t bucket, Point at,
                                 std::vector<EndMatch>& matches) const {
   for (int entry = heads_[bucket]; entry != kLast;) {
     const End& end = ends_[static_cast<std::size_t>(entry)];
-    if (samePoint(end.at, at, tolerence_))
-      matches.push_back({entry / 2, entry % 2 == 0, entry % 2 != 0});
+    const bool isStart = entry % 2 == 0;
+    if (samePoint(end.at, at, tolerence_)) matches.push_back({entry / 2, isStart, !isStart});
     entry = end.next;
   }
 }

@@ -1,5 +1,5 @@
 // Angles of vectors and arcs, and points in polar terms.
-// Owns: ArcAngles, Polar, vectorAngle, arcRadiusAndAngles, angleInSweep, ArcSweep, polarOf,
+// Owns: vectorAngle, ArcAngles, arcRadiusAndAngles, angleInSweep, ArcSweep, Polar, polarOf,
 //       pointAlong.
 #pragma once
 

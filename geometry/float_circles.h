@@ -2,8 +2,8 @@
 //
 // The three branches of a line that meets a circle (horizontal, vertical, sloped) judge tangency
 // differently: by distance, by squared distance, and with no tolerance at all.
-// Owns: Circle, Bisector, CircleHits, AxisHits, circleFrom3Points, perpBisector, centersFromChord,
-//       lineCircle, slopeLineCircle, horizontalCircle, verticalCircle.
+// Owns: Circle, circleFrom3Points, Bisector, perpBisector, centersFromChord, CircleHits,
+//       lineCircle, slopeLineCircle, AxisHits, horizontalCircle, verticalCircle.
 #pragma once
 
 #include <optional>

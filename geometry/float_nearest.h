@@ -1,6 +1,6 @@
 // The nearest point on one entity.
-// Owns: NearestPoint, nearestOnLine, nearestOnArc, nearestOnCircle, nearestOnRect, nearestOnSeg,
-//       nearestOnPathSeg, nearestOnSegment, nearestOnPath, isPointCycle.
+// Owns: NearestPoint, isPointCycle, nearestOnLine, nearestOnRect, nearestOnArc, nearestOnCircle,
+//       nearestOnSeg, nearestOnPathSeg, nearestOnSegment, nearestOnPath.
 #pragma once
 
 #include <optional>

@@ -1,10 +1,7 @@
 // Points of the tables, their distances and the tests that two of them are one or that one lies at
-// a segment.
-//
-// Fixed: this and all of float_*.h round to 32 bits where drawings, paths and programs have always
-// been rounded, and may not become more exact; what is to be exact stands on plane.h.
-// Owns: Point, PointPair, MidpointSlope, narrow, distance, nonZero, swapValues, samePoint,
-//       pointInSegBox, midpointAndSlope, reflectThroughMidpoint.
+// a segment. What is to be exact stands on plane.h instead.
+// Owns: Point, PointPair, narrow, distance, nonZero, swapValues, samePoint, pointInSegBox,
+//       MidpointSlope, midpointAndSlope, reflectThroughMidpoint.
 #pragma once
 
 #include <cmath>
@@ -13,6 +10,8 @@
 
 #include "core/runtime_failure.h"
 #include "geometry/float_constants.h"
+
+// Fixed: all of float_*.h rounds to 32 bits at each step; paths and programs hold rounded results.
 
 namespace tess {
 

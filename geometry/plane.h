@@ -41,8 +41,8 @@ inline PlanePoint unitOf(PlanePoint a) {
 
 // True for what the tables can hold: a 32-bit number in each axis.
 inline bool isStorable(PlanePoint a) {
-  constexpr double kMost = std::numeric_limits<float>::max();
-  return std::abs(a.x) <= kMost && std::abs(a.y) <= kMost;
+  constexpr double kMax = std::numeric_limits<float>::max();
+  return std::abs(a.x) <= kMax && std::abs(a.y) <= kMax;
 }
 
 }  // namespace tess

@@ -21,7 +21,7 @@ constexpr double kBelowShare = 1e-6;
 constexpr double kBelowLeast = 2e-5;
 // Arcs that merely end at the axis, as quarter circles do, are left alone unless they stretch the
 // extents by more than this share of the drawing.
-constexpr double kMostStretch = 0.5;
+constexpr double kMaxStretch = 0.5;
 
 bool isUsual(const DxfRow& row) {
   return isStorable(startOf(row)) && isStorable(endOf(row)) && isStorable(centerOf(row));
@@ -145,7 +145,7 @@ class AxisSplit {
       return;
     }
     rows.push_back(placed);
-    if (stretch <= kMostStretch * size_) return;
+    if (stretch <= kMaxStretch * size_) return;
     if (!endsAbove) raiseCenterOver(rows.back().row, upperEnd(arc));
     if (!beginsBelow) lowerCenterUnder(rows.back().row, lowerEnd(arc));
   }

@@ -25,17 +25,17 @@ constexpr double kFlatShare = 0.002;
 constexpr double kFlatSlope = 1e-6;
 // A piece may turn by so much in all and away from its chord, in radians. Within it both arcs stay
 // below half a turn.
-constexpr double kMostTurn = 2.0;
-constexpr double kMostLean = 1.1;
+constexpr double kMaxTurn = 2.0;
+constexpr double kMaxLean = 1.1;
 // Neighbours on one circle become one arc up to half a turn, in radians and with some slack.
-constexpr double kMostMergedSweep = 3.15;
+constexpr double kMaxMergedSweep = 3.15;
 // Circles are one whose centres are no farther apart than this share of the tolerance.
 constexpr double kSameCenterShare = 0.02;
 constexpr int kSamplesPerSpan = 8;
 constexpr int kFewestSamples = 16;
-constexpr int kMostHalvings = 48;
+constexpr int kMaxHalvings = 48;
 // What no spline of a drawing needs: a wild curve comes to an end after so many pieces.
-constexpr std::size_t kMostPieces = 4 * kMostExactRows;
+constexpr std::size_t kMaxPieces = 4 * kMaxExactRows;
 // Directions that differ by more than this, as the sine of the angle, make a corner.
 constexpr double kCornerSine = 1e-4;
 
@@ -56,7 +56,7 @@ using Biarc = std::array<Curve, 2>;
 
 bool leansLittle(PlanePoint direction, PlanePoint chord) {
   const double lean = std::atan2(std::abs(cross(chord, direction)), dot(chord, direction));
-  return lean <= kMostLean;
+  return lean <= kMaxLean;
 }
 
 // Two arcs with equal legs: their joint lies between the points that are `leg` ahead of the start
@@ -134,7 +134,7 @@ class Fit {
     last_.reset();
     const Piece whole{static_cast<double>(first), static_cast<double>(last), at(first),
                       atEnd(last)};
-    fit(whole, kMostHalvings);
+    fit(whole, kMaxHalvings);
     flush();
   }
 
@@ -156,7 +156,7 @@ class Fit {
   }
 
   void fit(const Piece& piece, int halvings) {
-    if (rows_.size() - rowsBefore_ >= kMostExactRows) {
+    if (rows_.size() - rowsBefore_ >= kMaxExactRows) {
       whole_ = false;
       return;
     }
@@ -167,7 +167,7 @@ class Fit {
     }
     const double middle = middleOf(piece.from, piece.to);
     const bool isLast =
-        halvings == 0 || ++pieces_ > kMostPieces || !(middle > piece.from && middle < piece.to);
+        halvings == 0 || ++pieces_ > kMaxPieces || !(middle > piece.from && middle < piece.to);
     if (isLast || isShort(piece)) return append(lineCurve(piece.start.at, piece.end.at));
     const CurvePoint between = at(middle);
     fit({piece.from, middle, piece.start, between}, halvings - 1);
@@ -194,7 +194,7 @@ class Fit {
       if (!(off <= kUsableTolerance * tolerance_)) return false;
       turned += std::abs(
           std::atan2(cross(direction, sample.direction), dot(direction, sample.direction)));
-      if (turned > kMostTurn) return false;
+      if (turned > kMaxTurn) return false;
       direction = sample.direction;
     }
     return true;
@@ -233,7 +233,7 @@ class Fit {
 
   bool isOneArc(const Curve& a, const Curve& b) const {
     return lengthOf(a.center - b.center) <= kSameCenterShare * tolerance_ &&
-           sweepOf(a) + sweepOf(b) <= kMostMergedSweep;
+           sweepOf(a) + sweepOf(b) <= kMaxMergedSweep;
   }
 
   bool isOneLine(const Curve& a, const Curve& b) const {

@@ -3,7 +3,7 @@
 //
 // Each piece of the curve becomes two arcs that touch its ends in its own directions and each other
 // in the middle. A piece that departs from its arcs by more than the tolerance is halved.
-// Owns: CurvePoint, PlaneCurve, kMostExactRows, appendBiarcs.
+// Owns: CurvePoint, PlaneCurve, kMaxExactRows, appendBiarcs.
 #pragma once
 
 #include <cstddef>
@@ -30,11 +30,11 @@ class PlaneCurve {
 
 // More rows of one curve than any drawing can hold: what goes on beyond them is not worth its
 // making.
-inline constexpr std::size_t kMostExactRows = 100000;
+inline constexpr std::size_t kMaxExactRows = 100000;
 
 // Appends rows along the curve from its start to its end. `tolerance` is the greatest distance of a
 // point of the curve from the rows and of the rows from the curve, where the 32 bits of the tables
-// can tell it. False when it stopped at kMostExactRows.
+// can tell it. False when it stopped at kMaxExactRows.
 bool appendBiarcs(const PlaneCurve& curve, double tolerance, std::vector<DxfRow>& rows);
 
 }  // namespace tess

@@ -1,6 +1,6 @@
 // Entities of a DXF file become drawing rows: lines, arcs and circles as they stand, polylines as
 // the chords between their vertices. Coordinates keep the numbers of the file.
-// Owns: DxfImportOptions, importDxf, convertDxf, alignRows.
+// Owns: DxfImportOptions, convertDxf, importDxf, alignRows.
 #pragma once
 
 #include "import/dxf_document.h"

@@ -11,7 +11,7 @@
 namespace tess {
 namespace {
 
-constexpr int kMostRows = std::numeric_limits<std::int16_t>::max();
+constexpr int kMaxRows = std::numeric_limits<std::int16_t>::max();
 
 SegmentRow narrowed(const DxfRow& row) {
   return {.type = row.type,
@@ -28,7 +28,7 @@ SegmentRow narrowed(const DxfRow& row) {
 
 bool DxfRows::add(const DxfRow& row) {
   if (stopped_) return false;
-  if (change_.segments.count() == kMostRows) {
+  if (change_.segments.count() == kMaxRows) {
     ++lost_;
     return false;
   }

@@ -7,6 +7,7 @@
 
 #include "core/text.h"
 #include "import/ellipse_curve.h"
+#include "import/fit_points.h"
 #include "import/flat_arcs.h"
 #include "import/spline_curve.h"
 

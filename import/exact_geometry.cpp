@@ -23,9 +23,9 @@ namespace {
 constexpr std::size_t kDeepestNesting = 64;
 // Blocks of blocks grow without bounds from a small file. An entity counts with all the points that
 // it is made of, since that is what its conversion takes.
-constexpr std::size_t kMostPlaced = 1000000;
+constexpr std::size_t kMaxPlaced = 1000000;
 // Far more rows than a drawing holds, so that an operator learns how many there would be.
-constexpr std::size_t kMostMade = 1000000;
+constexpr std::size_t kMaxMade = 1000000;
 
 struct FileUnit {
   int insunits;
@@ -86,7 +86,7 @@ class ExactConversion {
     lastEnd_.reset();
     lastPoint_.reset();
     for (const DxfEntity& entity : document_.Entities) {
-      if (made_.size() >= kMostMade) {
+      if (made_.size() >= kMaxMade) {
         incomplete_ = true;
         return;
       }
@@ -165,7 +165,7 @@ class ExactConversion {
     return true;
   }
 
-  bool isSpent() const { return made_.size() >= kMostMade || placed_ >= kMostPlaced; }
+  bool isSpent() const { return made_.size() >= kMaxMade || placed_ >= kMaxPlaced; }
 
   void refuse(const DxfEntity& insert, const std::string& reason) {
     rows_.addUnconverted("INSERT (block \"" + insert.insert->block + "\" " + reason + ")");

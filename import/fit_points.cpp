@@ -1,8 +1,8 @@
 // The cubic through the fit points of a spline, for files that give no control points.
+#include "import/fit_points.h"
+
 #include <cmath>
 #include <iterator>
-
-#include "import/spline_curve.h"
 
 namespace tess {
 namespace {

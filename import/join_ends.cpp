@@ -24,7 +24,7 @@ constexpr double kLargestGroup = 2;
 // Rounding must not choose between two ends, which are equally far from their middle.
 constexpr double kClearlyNearer = 1 - 1e-9;
 // For drawings without a tolerance: only what is the same then joins.
-constexpr double kLeastTolerance = 1e-9;
+constexpr double kMinTolerance = 1e-9;
 
 struct Cell {
   double column = 0, row = 0;  // whole numbers; 64-bit integers would not hold them all
@@ -216,7 +216,7 @@ void joinEnds(std::vector<PlacedRow>& rows, float tolerence) {
     ends.push_back(rounded(startOf(placed.row)));
     ends.push_back(rounded(endOf(placed.row)));
   }
-  const double reach = std::max<double>(tolerence, kLeastTolerance);
+  const double reach = std::max<double>(tolerence, kMinTolerance);
   const std::vector<PlanePoint> places = Joining(ends, reach).joined();
   std::size_t next = 0;
   const auto dropped = [&](PlacedRow& placed) {

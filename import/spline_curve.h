@@ -1,5 +1,5 @@
 // Splines of any degree, rational ones too, as a row of Bezier spans.
-// Owns: WeightedPoint, BezierSpan, SplineCurve, bezierSpans, spansThrough.
+// Owns: WeightedPoint, BezierSpan, SplineCurve, bezierSpans.
 #pragma once
 
 #include <vector>
@@ -29,11 +29,5 @@ class SplineCurve : public PlaneCurve {
 // The spans of a spline with control points and knots, in the coordinates of the drawing; none when
 // knots, weights or degree make no spline, or a coordinate is too large.
 std::vector<BezierSpan> bezierSpans(const DxfSpline& spline, const BlockPlacement& placement);
-
-// The spans of the cubic with steady curvature through the fit points. Its ends follow the tangents
-// where the file gives them and run out straight elsewhere; a closed one comes back to its first
-// point smoothly. None for fewer than two different points, or a coordinate that is too large.
-std::vector<BezierSpan> spansThrough(const DxfSpline& spline, bool closed,
-                                     const BlockPlacement& placement);
 
 }  // namespace tess

@@ -6,9 +6,8 @@ It knows the layout that check_format keeps and no more of the language than the
 import re
 from typing import NamedTuple
 
-COMMENT = re.compile(r"//[^\n]*|/\*.*?\*/", re.DOTALL)
-RAW_STRING = re.compile(r'R"(\w*)\(.*?\)\1"', re.DOTALL)
-STRING = re.compile(r'"(?:\\.|[^"\\\n])*"' + r"|'(?:\\.|[^'\\\n])+'")
+from source_tree import code_of, kept_lines, line_of
+
 DIRECTIVE = re.compile(r"^[ \t]*#(?:\\\n|[^\n])*", re.MULTILINE)
 MACRO = re.compile(r"^[ \t]*#[ \t]*define[ \t]+(\w+)", re.MULTILINE)
 
@@ -28,17 +27,6 @@ class Declaration(NamedTuple):
     line: int  # from 1
     scope: str  # the namespaces, as "tess::testing"; "" for a macro
     local: bool  # within a namespace without a name: nobody else can mean it
-
-
-def blanked(text: str) -> str:
-    """The code with comments, texts and directives out of it, every line where it was."""
-
-    def blank(match: re.Match) -> str:
-        return re.sub(r"[^\n]", " ", match[0])
-
-    for pattern in (RAW_STRING, COMMENT, STRING, DIRECTIVE):
-        text = pattern.sub(blank, text)
-    return text
 
 
 def without(pattern: re.Pattern, code: str) -> str:
@@ -75,7 +63,7 @@ class Reader:
     """Walks through the code of one file and keeps what is declared outside all bodies."""
 
     def __init__(self, text: str):
-        self.code = blanked(text)
+        self.code = DIRECTIVE.sub(kept_lines, code_of(text))
         self.found: list[Declaration] = []
         self._scopes: list[str] = []  # of the namespaces that are open
         self._statement = ""
@@ -117,7 +105,7 @@ class Reader:
     def _keep(self, found: tuple[str, str] | None) -> None:
         if found is not None and not self._statement.startswith(ANYTHING):
             scope = "::".join(filter(None, self._scopes))
-            line = self.code.count("\n", 0, self._start) + 1
+            line = line_of(self.code, self._start)
             self.found.append(Declaration(*found, line, scope, "" in self._scopes))
         self._statement = ""
 
@@ -125,7 +113,7 @@ class Reader:
 def macros(text: str) -> list[Declaration]:
     """The macros that outlive their file."""
     return [
-        Declaration("macro", macro[1], text.count("\n", 0, macro.start()) + 1, "", False)
+        Declaration("macro", macro[1], line_of(text, macro.start()), "", False)
         for macro in MACRO.finditer(text)
         if not re.search(rf"^[ \t]*#[ \t]*undef[ \t]+{macro[1]}\b", text, re.MULTILINE)
     ]

@@ -54,11 +54,11 @@ void Application::wireTools() {
   interaction.tools.onBandOpen = [this](const std::string& band) {
     if (band == "OSnapMenu") OSnap_ButtonClick_ButtonDropDown(interaction.desk);
     if (band == "barStatistics") interaction.forms.show(interaction.frmStatistics);
-    if (band == "barProperties") interaction.forms.show(interaction.frmProperties);
+    if (band == "barProperties") interaction.forms.show(interaction.properties);
   };
   interaction.tools.onBandClose = [this](const std::string& band) {
     if (band == "barStatistics") interaction.frmStatistics.close();
-    if (band == "barProperties") interaction.frmProperties.close();
+    if (band == "barProperties") interaction.properties.close();
   };
   interaction.tools.onClientAreaChanged = [this] {
     guarded("frmMain.abMain_Resize()",
@@ -85,7 +85,7 @@ bool Application::guarded(std::string_view entry, const std::function<void()>& r
 
 // Commands, dialogs and scripts change rows and tools; whichever did is done now.
 void Application::showPropertiesAndTool() {
-  if (interaction.frmProperties.isLoaded()) {
+  if (interaction.properties.isLoaded()) {
     reporting_.guarded("frmMain.UpdatePropertyWindow()",
                        [this] { interaction.UpdatePropertyWindow(); });
   }
@@ -103,6 +103,10 @@ void Application::keepJournal() {
 
 void Application::settleJournal() {
   if (journal_) journal_->afterCommand();
+}
+
+void Application::continueJournal(const std::string& path) {
+  if (journal_) journal_->continueIn(path);
 }
 
 bool Application::clickTool(std::string_view tool) {

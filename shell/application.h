@@ -74,6 +74,8 @@ class Application {
   void keepJournal();
   // What a command has changed besides rows is written down too; every entry point ends with it.
   void settleJournal();
+  // The drawing has come from unsaved work at that path, whose journal goes on as that of this run.
+  void continueJournal(const std::string& path);
 
   // The main window asks to be closed; true when it may.
   bool mayClose();
@@ -87,7 +89,11 @@ class Application {
   ColorDialog& colors;
   PostDefinition definition;
   CncState cnc;
-  ProgramViewer viewer;
+  // There is no window for programs yet: the file is all that comes of one.
+  struct NoViewer : ProgramViewer {
+    void showFile(const std::string& /*file*/) override {}
+  };
+  NoViewer viewer;
 
   // What only a window can do; nothing without one.
   std::function<void()> onCloseMainWindow;

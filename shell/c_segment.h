@@ -1,7 +1,7 @@
 // A thin view of one drawing row for the property window: its name, its values as texts, and the
 // row that follows from a changed one.
-// Owns: PropertyContent, PropertyAdder, IObjectWithProperties, CSegment, AngleAsString, PointAsString,
-//       CoordinateAsString, segmentTypeWord.
+// Owns: PropertyContent, PropertyAdder, IObjectWithProperties, segmentTypeWord, AngleAsString,
+//       CoordinateAsString, PointAsString, CSegment.
 #pragma once
 
 #include <string>

@@ -68,8 +68,8 @@ void EditJournal::changed(const KeptChange& change) {
 
 void EditJournal::afterCommand() {
   tellFailure();
-  if (gaveUp_) return;
   if (!isUnsaved(session_)) return discard();
+  if (gaveUp_) return;
   attempt([this] {
     if (!file_ || isBehind_) {
       writeWhole();
@@ -79,19 +79,24 @@ void EditJournal::afterCommand() {
   });
 }
 
+void EditJournal::continueIn(const std::string& path) {
+  discard();
+  place_ = FilePlace(session_.host.guard, path, FileKind::Record);
+  isBehind_ = true;
+}
+
 void EditJournal::close() {
   discard();
 }
 
-// A file of its own for each: the one before is good until this one is complete.
+// The file before is good until this one is complete and takes its name.
 void EditJournal::writeWhole() {
   std::string entries;
   appendRecordHead(entries);
   appendWholeDrawing(entries, session_.store, session_.opened);
-  auto fresh = std::make_unique<GrowingFile>(newPlace(session_));
-  std::swap(file_, fresh);
-  write(entries);
-  if (fresh) fresh->remove();
+  if (!place_) place_ = newPlace(session_);
+  file_ = std::make_unique<GrowingFile>(*place_, entries);
+  flushTimer_->setEnabled(true);
   settings_ = session_.store;
   wholeSize_ = entries.size();
   isBehind_ = false;
@@ -119,7 +124,9 @@ void EditJournal::write(const std::string& entries) {
 void EditJournal::discard() {
   flushTimer_->setEnabled(false);
   isBehind_ = false;
-  if (const auto file = std::move(file_)) attempt([&file] { file->remove(); });
+  gaveUp_ = false;
+  const auto file = std::move(file_);  // locked until its name is gone
+  if (const auto place = std::exchange(place_, {})) attempt([&place] { place->remove(); });
 }
 
 // A journal that cannot be written must not keep the operator from working.

@@ -1,9 +1,10 @@
 // What is done to the drawing between two saves, written down as it is done, so that a program that
 // is killed, or loses its display or its power, costs no work.
-// Owns: EditJournal, journalFolder, kJournalExtension.
+// Owns: kJournalExtension, journalFolder, EditJournal.
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -30,6 +31,8 @@ class EditJournal : public ChangeListener {
 
   // What no change tells of: settings, another drawing, a save. Called after every command.
   void afterCommand();
+  // The drawing is now that of a journal which another process has left: this one takes its place.
+  void continueIn(const std::string& path);
   // The program ends in order: what the operator would not save is not wanted.
   void close();
 
@@ -47,11 +50,12 @@ class EditJournal : public ChangeListener {
   Session& session_;
   Subscription subscription_;
   std::unique_ptr<Timer> flushTimer_;
+  std::optional<FilePlace> place_;  // of the file, from its first writing to its end
   std::unique_ptr<GrowingFile> file_;
   DrawingSettings settings_;   // as they were last written
   std::size_t wholeSize_ = 0;  // of the last whole drawing in the file
   bool isBehind_ = false;      // the tables became others by other ways than edits
-  bool gaveUp_ = false;        // the folder cannot be written to
+  bool gaveUp_ = false;        // it could not be written; the next save is another beginning
   std::string failure_;        // still to be told
 };
 

@@ -1,6 +1,6 @@
 // Where run-time failures end: one guard round every entry point, the report with its call chain,
 // the file "Errors.txt", and the offer to repeat the operation step by step.
-// Owns: vbObjectError, ERRMAP_APP_FIRST, ERR_GENERAL, ReportDisplay, ErrorReporting, hostName,
+// Owns: vbObjectError, ERRMAP_APP_FIRST, ERR_GENERAL, ReportDisplay, hostName, ErrorReporting,
 //       HuntERR.
 #pragma once
 

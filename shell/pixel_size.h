@@ -1,5 +1,5 @@
 // The size of a surface or a picture.
-// Owns: PixelSize, kLongestSide, isUsable.
+// Owns: kLongestSide, PixelSize, isUsable.
 #pragma once
 
 namespace tess {

@@ -88,6 +88,9 @@ void findIn(const Session& session, const std::string& path, std::vector<Unsaved
 std::vector<UnsavedWork> findUnsavedWork(const Session& session) {
   std::vector<UnsavedWork> found;
   const std::string folder = journalFolder(session);
+  if (!folderExists(folder)) return found;
+  // Journals that were still being written: what they were to replace, if anything, is there.
+  FilePlace(session.host.guard, folder + "any", FileKind::Record).removeAbandoned();
   for (const std::string& name : listFolder(folder).files) {
     if (name.ends_with(kJournalExtension)) findIn(session, folder + name, found);
   }
@@ -106,10 +109,9 @@ void restoreWork(Application& application, const UnsavedWork& work) {
   session.selectedfolder = session.store.drawingpath;
   session.selectedname = session.store.drawingname;
   session.lastfilename = work.drawing;
+  application.continueJournal(work.journal.path());
   markUnsaved(application.interaction.desk.changes);
   showRestored(application);
-  application.settleJournal();
-  work.journal.remove(session.host.guard);
 }
 
 void offerUnsavedWork(Application& application) {

@@ -24,8 +24,8 @@ struct UnsavedWork {
 // way; those of running programs, and what is no journal, are left alone.
 std::vector<UnsavedWork> findUnsavedWork(const Session& session);
 
-// The drawing is as it was, unsaved, and under its name; the one before is gone. Its journal is
-// removed once that of this run has taken over.
+// The drawing is as it was, unsaved, and under its name; the one before is gone. The journal of
+// this run, if it keeps one, takes the place of the one that was left.
 void restoreWork(Application& application, const UnsavedWork& work);
 
 // What a start ends with: asks what shall become of unsaved work, if there is any.

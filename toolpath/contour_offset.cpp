@@ -17,8 +17,6 @@
 namespace tess {
 namespace {
 
-constexpr int kSelectedRow = kSelected + kOrdinaryClass;
-
 // A click this near to the profile lies on it: less than five pixels when rounded to whole ones.
 // Fixed: within five pixels a click lies on the profile; the zoom decides about the side.
 constexpr double kDeadBandPixels = 4.5;
@@ -35,56 +33,58 @@ SideSigns clickFrom(const CamDesk& cam, int sg, Point click) {
           signOnScreen(cam, static_cast<double>(click.y) - nearest.y)};
 }
 
-int sideOfArc(const CamDesk& cam, const Entity& arc, SideSigns reference, Point click) {
-  if (reference.x == 0 && reference.y == 0) return 0;
+Side sideOfArc(const CamDesk& cam, const Entity& arc, SideSigns reference, Point click) {
+  if (reference.x == 0 && reference.y == 0) return Side::On;
   const double outside = static_cast<double>(distance(click, arc.center)) - radiusOf(arc);
-  return arcSense(arc.type) * signOnScreen(cam, outside);
+  return arcSide(arc.type, signOnScreen(cam, outside));
 }
 
 // Fixed: a pocket decides the side of a line, the click that of an arc; rings begin so.
-int sideOfPath(const CamDesk& cam, const OffsetOrder& order, const Entity& first) {
-  if (order.exactMode) return 0;
+Side sideOfPath(const CamDesk& cam, const OffsetRequest& request, const Entity& first) {
+  if (request.exactMode) return Side::On;
   if (isArc(first.type)) {
-    return sideOfArc(cam, first, clickFrom(cam, order.sg, order.click), order.click);
+    return sideOfArc(cam, first, clickFrom(cam, request.sg, request.click), request.click);
   }
-  if (first.type != kLine) return 0;
-  if (order.pocketMode) return pocketSideOf(cam.store, order.start, order.direction);
-  return sideOfLine(first, clickFrom(cam, order.sg, order.click));
+  if (first.type != kLine) return Side::On;
+  if (request.pocketMode) return pocketSideOf(cam.store, request.start, request.direction);
+  return sideOfLine(first, clickFrom(cam, request.sg, request.click));
 }
 
-std::optional<ChainStep> nextRow(ChainWalk& rows, const OffsetOrder& order, int from, Point at) {
-  if (order.pocketMode) return rows.nextChainSegWithAttr(from, at, kVerifiedRow);
-  if (order.exactMode) return rows.nextChainSegWithAttr(from, at, kSelectedRow);
+std::optional<ChainStep> nextRow(ChainWalk& rows, const OffsetRequest& request, int from,
+                                 Point at) {
+  if (request.pocketMode) return rows.nextChainSegWithAttr(from, at, kVerifiedRow);
+  if (request.exactMode) return rows.nextChainSegWithAttr(from, at, kSelectedRow);
   return rows.nextChainSeg(from, at);
 }
 
-bool walkAlong(const DrawingStore& store, const OffsetOrder& order, Point end, OffsetChain& chain) {
+bool walkAlong(const DrawingStore& store, const OffsetRequest& request, Point end,
+               OffsetChain& chain) {
   OffsetWalk walk;
-  walk.sg = order.sg;
-  walk.start = order.start;
+  walk.sg = request.sg;
+  walk.start = request.start;
   walk.end = end;
-  walk.wholeChain = order.chain;
+  walk.wholeChain = request.chain;
   std::optional<ChainWalk> ownRows;
-  if (order.chain && order.rows == nullptr) ownRows.emplace(store);
-  ChainWalk* const rows = ownRows ? &*ownRows : order.rows;
-  walk.next = [rows, &order](int from, Point at) { return nextRow(*rows, order, from, at); };
+  if (request.chain && request.rows == nullptr) ownRows.emplace(store);
+  ChainWalk* const rows = ownRows ? &*ownRows : request.rows;
+  walk.next = [rows, &request](int from, Point at) { return nextRow(*rows, request, from, at); };
   return offsetAlong(store, walk, chain);
 }
 
-void insertElements(CamDesk& cam, const OffsetOrder& order, int first,
+void insertElements(CamDesk& cam, const OffsetRequest& request, int first,
                     const std::vector<Entity>& elements) {
   std::vector<PathInsertion> rows;
   rows.reserve(elements.size());
   for (const Entity& element : elements) {
-    rows.push_back({first, pathRowOf(element, order.z, order.feed)});
+    rows.push_back({first, pathRowOf(element, request.z, request.feed)});
   }
   insertPathSegments(cam.changes, rows, cam.store.selectedtool);
 }
 
-bool wantsLeads(const DrawingStore& store, const OffsetOrder& order, int side) {
-  return order.chain && (store.cfg_lead_in_arc || store.cfg_lead_in_path) &&
-         store.cfg_lead_in_angle > 0 && store.cfg_lead_in_length > 0 && !order.pocketMode &&
-         side != 0;
+bool wantsLeads(const DrawingStore& store, const OffsetRequest& request, Side side) {
+  return request.chain && (store.cfg_lead_in_arc || store.cfg_lead_in_path) &&
+         store.cfg_lead_in_angle > 0 && store.cfg_lead_in_length > 0 && !request.pocketMode &&
+         side != Side::On;
 }
 
 }  // namespace
@@ -104,32 +104,32 @@ void Placement::keep() {
   change_.keep({.redraws = false});
 }
 
-void placePathChain(CamDesk& cam, const OffsetOrder& order, const Placement& placement) {
+void placePathChain(CamDesk& cam, const OffsetRequest& request, const Placement& placement) {
   DrawingStore& store = cam.store;
-  if (!order.pocketMode && !order.exactMode) store.currentpathgroup = nextPathGroup(store);
-  if (!hasDirection(store, order.sg, order.start, order.direction)) {
+  if (!request.pocketMode && !request.exactMode) store.currentpathgroup = nextPathGroup(store);
+  if (!hasDirection(store, request.sg, request.start, request.direction)) {
     cam.desk.session.host.surroundings.beep();
     return;
   }
-  const Point end = otherEnd(store, order.sg, order.start);
-  const Entity first = travelledRow(store, order.sg, order.start, end);
-  const int side = sideOfPath(cam, order, first);
-  const float radius = order.radius != 0 ? order.radius : store.toolradius[store.selectedtool];
+  const Point end = otherEnd(store, request.sg, request.start);
+  const Entity first = travelledRow(store, request.sg, request.start, end);
+  const Side side = sideOfPath(cam, request, first);
+  const float radius = request.radius != 0 ? request.radius : store.toolradius[store.selectedtool];
   OffsetChain chain({side, radius, store.cfg_tolerance});
-  const bool closed = walkAlong(store, order, end, chain);
-  insertElements(cam, order, placement.first(), chain.elements());
+  const bool closed = walkAlong(store, request, end, chain);
+  insertElements(cam, request, placement.first(), chain.elements());
   const PlacedRows rows = placement.rows();
-  if (wantsLeads(store, order, side) && !rows.empty()) {
-    addLeadInOut(cam, {closed, rows.first, rows.last, order.z, order.feed});
+  if (wantsLeads(store, request, side) && !rows.empty()) {
+    addLeadInOut(cam, {closed, rows.first, rows.last, request.z, request.feed});
   }
   cam.desk.state.setPendingaction(0);
 }
 
-void offsetPathChain(CamDesk& cam, const OffsetOrder& order) {
+void offsetPathChain(CamDesk& cam, const OffsetRequest& request) {
   const Procedure here(
       "frmMain.offsetPathChain(sg,xs,ys,xd,yd,z,feed,chain,pocketMode,exactMode,radius)");
   Placement placement(cam);
-  placePathChain(cam, order, placement);
+  placePathChain(cam, request, placement);
   placement.keep();
 }
 

@@ -1,5 +1,5 @@
 // Contour offsetting: a chain of drawing rows becomes a chain of path rows beside it.
-// Owns: OffsetOrder, offsetPathChain, PlacedRows, Placement, placePathChain, connectPlacedRows.
+// Owns: OffsetRequest, offsetPathChain, PlacedRows, Placement, placePathChain, connectPlacedRows.
 #pragma once
 
 #include "drafting/change.h"
@@ -9,7 +9,7 @@ namespace tess {
 
 class ChainWalk;
 
-struct OffsetOrder {
+struct OffsetRequest {
   int sg = 0;       // the row to begin with
   Point start;      // an end of it
   Point direction;  // a point on it: the way to go
@@ -26,7 +26,7 @@ struct OffsetOrder {
 
 // Places the rows where pathInsertMode says, logs them as one step, and ends the armed action. A
 // failure leaves no row behind.
-void offsetPathChain(CamDesk& cam, const OffsetOrder& order);
+void offsetPathChain(CamDesk& cam, const OffsetRequest& request);
 
 // Path rows `first` to `last`; none when last is below first.
 struct PlacedRows {
@@ -54,7 +54,7 @@ class Placement {
 };
 
 // What offsetPathChain does, but for the log.
-void placePathChain(CamDesk& cam, const OffsetOrder& order, const Placement& placement);
+void placePathChain(CamDesk& cam, const OffsetRequest& request, const Placement& placement);
 
 // Links the gaps within `rows`, and within their level copies at the end of the table, but never to
 // one of the `rowsBefore` rows that were there before.

@@ -14,7 +14,7 @@
 #include "toolpath/contour_offset.h"
 #include "toolpath/frmFinishPath.h"
 #include "toolpath/gouge_avoidance.h"
-#include "toolpath/lead_moves.h"
+#include "toolpath/lead_gouge.h"
 #include "toolpath/level_check.h"
 #include "toolpath/path_groups.h"
 #include "toolpath/path_placement.h"
@@ -64,8 +64,8 @@ void offerShorterLeads(CamDesk& cam, const PlacedRows& rows) {
   if (!length) return;
   const Answer answer = cam.desk.session.host.prompts.showMessage(leadQuestion(*length));
   if (answer != Answer::Yes) return;
-  fitLeadLength(cam.changes, rows.first, *length, kFitStart);
-  fitLeadLength(cam.changes, rows.last, *length, kFitEnd);
+  fitLeadLength(cam.changes, rows.first, *length, LeadEnd::Start);
+  fitLeadLength(cam.changes, rows.last, *length, LeadEnd::End);
 }
 
 // Where the rows of all passes have come: those of the outlines as one block, copies at the end.
@@ -87,13 +87,13 @@ class AddedRows {
   int placed_ = 0;
 };
 
-struct PassOrder {
-  OffsetOrder offset;
+struct PassRequest {
+  OffsetRequest offset;
   float floor = 0;       // the deepest level of several
   bool several = false;  // levels
 };
 
-void placePass(CamDesk& cam, const PassOrder& pass, AddedRows& added) {
+void placePass(CamDesk& cam, const PassRequest& pass, AddedRows& added) {
   const int rowsBefore = cam.store.NumPathSegments;
   Placement placement(cam);
   placePathChain(cam, pass.offset, placement);
@@ -106,9 +106,10 @@ void placePass(CamDesk& cam, const PassOrder& pass, AddedRows& added) {
   if (pass.several) replicateLevels(cam, pass.offset.z, pass.floor, rowsBefore);
 }
 
-PassOrder passOrder(const CamDesk& cam) {
+// Fixed: the first level runs at the finishing feed, copies at the roughing one; programs do.
+PassRequest passRequest(const CamDesk& cam) {
   const DrawingStore& store = cam.store;
-  PassOrder pass;
+  PassRequest pass;
   pass.floor = roughingFloor(store);
   pass.several = -std::abs(store.cfg_start_depth) >= pass.floor;
   pass.offset = {
@@ -122,7 +123,7 @@ PassOrder passOrder(const CamDesk& cam) {
   return pass;
 }
 
-bool levelsArePossible(CamDesk& cam, const PassOrder& pass) {
+bool levelsArePossible(CamDesk& cam, const PassRequest& pass) {
   const bool chain = cam.PlaceChain != 0;
   return !pass.several || cam.numFinishPasses < 1 ||
          canGoDown(cam, chain ? "Place Finish Path" : "Place One Path Segment", pass.offset.z,
@@ -130,7 +131,7 @@ bool levelsArePossible(CamDesk& cam, const PassOrder& pass) {
 }
 
 void placeFinishPath(CamDesk& cam) {
-  PassOrder pass = passOrder(cam);
+  PassRequest pass = passRequest(cam);
   if (!levelsArePossible(cam, pass)) return;
   const BusyPointer busy(cam.desk.systemPointer);
   Change change(cam.changes);

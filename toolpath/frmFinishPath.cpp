@@ -10,15 +10,15 @@
 namespace tess {
 namespace {
 
-constexpr int kMostPasses = 99;
+constexpr int kMaxPasses = 99;
 constexpr int kPassesWithClearance = 2;  // from here on the clearance plays a part
 constexpr int kPassesWithStepOver = 3;   // and from here on the step-over
 
 // As a whole number; whatever lies outside the passes that are possible is 0.
 int passesIn(const std::string& text) {
-  const double read = std::clamp(Val(text), 0.0, kMostPasses + 1.0);
+  const double read = std::clamp(Val(text), 0.0, kMaxPasses + 1.0);
   const int passes = roundHalfEven(read);
-  return passes <= kMostPasses ? passes : 0;
+  return passes <= kMaxPasses ? passes : 0;
 }
 
 }  // namespace

@@ -27,7 +27,7 @@
 namespace tess {
 namespace {
 
-constexpr int kMostPasses = 11;
+constexpr int kMaxPasses = 11;
 // Fixed: the closing distance knows neither unit nor tolerance; chains would close otherwise.
 constexpr double kClosingDistance = 0.001;
 constexpr double kAllGroups = 0;
@@ -225,7 +225,7 @@ class FoldCutter {
 
 void reportTooManyFolds(CamDesk& cam) {
   cam.desk.session.host.prompts.showMessage(
-      {.text = "Gouge Avoidance has completed " + std::to_string(kMostPasses) +
+      {.text = "Gouge Avoidance has completed " + std::to_string(kMaxPasses) +
                " iterations without completing!  Please check the tool path output.",
        .title = "Gouge Detection",
        .icon = MessageIcon::Error});
@@ -246,9 +246,9 @@ void removeSelfIntersections(CamDesk& cam, int first, ChainKind kind) {
   Change change(cam.changes, Step::Continued);
   FoldCutter chain(cam.store, change, first, kind);
   int passCount = 0;
-  while (passCount < kMostPasses && chain.cutFirstFold()) ++passCount;
+  while (passCount < kMaxPasses && chain.cutFirstFold()) ++passCount;
   // Fixed: eleven folds end clean and are told of all the same; operators check such paths.
-  if (passCount == kMostPasses) reportTooManyFolds(cam);
+  if (passCount == kMaxPasses) reportTooManyFolds(cam);
   change.keep({.redraws = false});
 }
 

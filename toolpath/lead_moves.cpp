@@ -82,51 +82,51 @@ Entity leadMove(const DrawingStore& store, Point from, Point to, double normal) 
   return store.cfg_lead_in_arc ? arcLead(store, from, to, normal) : lineEntity(from, to);
 }
 
-void insertMove(CamDesk& cam, const LeadOrder& order, int index, const Entity& move) {
-  insertPathSegment(cam.changes, index, pathRowOf(move, order.z, order.feed),
+void insertMove(CamDesk& cam, const LeadRequest& request, int index, const Entity& move) {
+  insertPathSegment(cam.changes, index, pathRowOf(move, request.z, request.feed),
                     cam.store.selectedtool);
 }
 
 // The path then begins and ends in the middle of its first line. Returns the new last row.
-int beginAtMidpoint(CamDesk& cam, const LeadOrder& order) {
-  const Entity line = pathEntity(cam.store, order.first);
+int beginAtMidpoint(CamDesk& cam, const LeadRequest& request) {
+  const Entity line = pathEntity(cam.store, request.first);
   const Point middle = midpointAndSlope(line.start, line.end).middle;
-  PathRow shortened = pathRow(cam.store, order.first);
+  PathRow shortened = pathRow(cam.store, request.first);
   shortened.x0 = middle.x;
   shortened.y0 = middle.y;
   Change change(cam.changes, Step::Continued);
-  change.paths.replace(order.first, shortened, Entry::Unlogged);
-  const Point end = pathEntity(cam.store, order.last).end;
-  insertMove(cam, order, order.last + 1, lineEntity(end, middle));
+  change.paths.replace(request.first, shortened, Entry::Unlogged);
+  const Point end = pathEntity(cam.store, request.last).end;
+  insertMove(cam, request, request.last + 1, lineEntity(end, middle));
   change.keep({.redraws = false});
-  return order.last + 1;
+  return request.last + 1;
 }
 
 }  // namespace
 
-void addLeadInOut(CamDesk& cam, const LeadOrder& order) {
+void addLeadInOut(CamDesk& cam, const LeadRequest& request) {
   const DrawingStore& store = cam.store;
   const double angle = store.cfg_lead_in_angle;
   const double length = store.cfg_lead_in_length;
-  const bool splits = order.closed && store.pstype[order.first] == kLine;
-  const int last = splits ? beginAtMidpoint(cam, order) : order.last;
+  const bool splits = request.closed && store.pstype[request.first] == kLine;
+  const int last = splits ? beginAtMidpoint(cam, request) : request.last;
 
-  const Entity firstRow = pathEntity(store, order.first);
+  const Entity firstRow = pathEntity(store, request.first);
   const Entity lastRow = pathEntity(store, last);
   const Heading entry = headingAt(firstRow, firstRow.start);
   const bool leftAtStart = materialIsLeft(store, firstRow.start, entry.normal);
   const LeadAngles in = leadIn(entry.tangent, angle, leftAtStart);
 
   // A closed path is left where it was entered.
-  const Heading parting = order.closed ? entry : headingAt(lastRow, lastRow.end);
+  const Heading parting = request.closed ? entry : headingAt(lastRow, lastRow.end);
   const bool leftAtEnd =
-      order.closed ? leftAtStart : materialIsLeft(store, lastRow.end, parting.normal);
+      request.closed ? leftAtStart : materialIsLeft(store, lastRow.end, parting.normal);
   const LeadAngles out = leadOut(parting.tangent, angle, leftAtEnd);
 
   const Point from = away(firstRow.start, in.along, -length);
   const Point to = away(lastRow.end, out.along, length);
-  insertMove(cam, order, last + 1, leadMove(store, lastRow.end, to, out.normal));
-  insertMove(cam, order, order.first, leadMove(store, from, firstRow.start, in.normal));
+  insertMove(cam, request, last + 1, leadMove(store, lastRow.end, to, out.normal));
+  insertMove(cam, request, request.first, leadMove(store, from, firstRow.start, in.normal));
 }
 
 }  // namespace tess

@@ -11,7 +11,7 @@ namespace tess {
 namespace {
 
 // Each level takes a row of the table at least.
-constexpr double kMostLevels = std::numeric_limits<std::int16_t>::max();
+constexpr double kMaxLevels = std::numeric_limits<std::int16_t>::max();
 
 // A step that gets lost in the 32 bits of a depth is none.
 bool stepsDown(float cut, float floor) {
@@ -20,9 +20,9 @@ bool stepsDown(float cut, float floor) {
 }
 
 std::string fault(float cut, float z, float floor) {
-  const std::string way = plainText(z) + " to " + plainText(floor);
-  if (!(cut > 0)) return "It must be above 0 for the levels from " + way + ".";
-  return "That is too small for the levels from " + way + ".";
+  const std::string range = plainText(z) + " to " + plainText(floor);
+  if (!(cut > 0)) return "It must be above 0 for the levels from " + range + ".";
+  return "That is too small for the levels from " + range + ".";
 }
 
 }  // namespace
@@ -30,7 +30,7 @@ std::string fault(float cut, float z, float floor) {
 bool canGoDown(CamDesk& cam, const std::string& command, float z, float floor) {
   if (!(z > floor)) return true;
   const float cut = cam.store.cfg_z_cut_per_pass;
-  if (stepsDown(cut, floor) && (static_cast<double>(z) - floor) / cut < kMostLevels) return true;
+  if (stepsDown(cut, floor) && (static_cast<double>(z) - floor) / cut < kMaxLevels) return true;
   cam.desk.session.host.prompts.showMessage(
       {.text = "The Depth Per Pass, Z, is " + plainText(cut) + ".  " + fault(cut, z, floor) +
                "\n\nNothing was placed.  It is set in Pocketing & Profiling Parameters.",

@@ -1,4 +1,4 @@
-// Where roughing takes hold of an outline.
+// Where roughing begins with an outline.
 #include "toolpath/outline_corners.h"
 
 #include <algorithm>
@@ -71,14 +71,14 @@ std::vector<OutlineCorner> islandCorners(const DrawingStore& store) {
   return corners;
 }
 
-std::optional<OutlineGrip> gripOf(const DrawingStore& store, ChainWalk& rows,
-                                  const OutlineCorner& corner) {
+std::optional<OutlineGuide> guideAt(const DrawingStore& store, ChainWalk& rows,
+                                    const OutlineCorner& corner) {
   const Entity row = segmentEntity(store, corner.sg);
   if (const auto neighbour = neighbourOf(store, rows, corner)) {
-    return OutlineGrip{averageOf(row, segmentEntity(store, neighbour->row)), row.end};
+    return OutlineGuide{averageOf(row, segmentEntity(store, neighbour->row)), row.end};
   }
   if (!samePoint(row.start, row.end, store.cfg_tolerance)) return std::nullopt;
-  return OutlineGrip{middleOf(row.center, row.start), middleOf(row.center, row.end)};
+  return OutlineGuide{middleOf(row.center, row.start), middleOf(row.center, row.end)};
 }
 
 Point mirroredOut(const DrawingStore& store, int sg, Point inside) {

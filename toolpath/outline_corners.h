@@ -1,6 +1,6 @@
-// Where roughing takes hold of an outline: at the lowest of its end points, which is a convex
-// corner, so that its two rows tell on which side the inside lies.
-// Owns: OutlineCorner, pocketCorner, islandCorners, OutlineGrip, gripOf, mirroredOut.
+// Where roughing begins with an outline: at the lowest of its end points, which is a convex corner,
+// so that its two rows tell on which side the inside lies.
+// Owns: OutlineCorner, pocketCorner, islandCorners, OutlineGuide, guideAt, mirroredOut.
 #pragma once
 
 #include <optional>
@@ -24,14 +24,15 @@ std::optional<OutlineCorner> pocketCorner(const DrawingStore& store);
 // of the next island.
 std::vector<OutlineCorner> islandCorners(const DrawingStore& store);
 
-struct OutlineGrip {
+// The points that an offset from a corner goes by.
+struct OutlineGuide {
   Point reference;  // inside the outline
   Point direction;
 };
 
 // Nothing for an open row without a neighbour.
-std::optional<OutlineGrip> gripOf(const DrawingStore& store, ChainWalk& rows,
-                                  const OutlineCorner& corner);
+std::optional<OutlineGuide> guideAt(const DrawingStore& store, ChainWalk& rows,
+                                    const OutlineCorner& corner);
 
 // A point inside an outline at row `sg`, reflected to the other side of the row.
 Point mirroredOut(const DrawingStore& store, int sg, Point inside);

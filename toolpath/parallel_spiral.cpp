@@ -12,6 +12,7 @@
 
 #include "core/drawing_store.h"
 #include "core/number_text.h"
+#include "core/pocketing_choices.h"
 #include "core/rounding.h"
 #include "display/pointer.h"
 #include "drafting/change.h"
@@ -30,10 +31,6 @@ namespace tess {
 namespace {
 
 constexpr char kCommand[] = "Rough Cut Pocket";
-
-constexpr int kConventionalMilling = 1;
-constexpr int kClimbMilling = 2;
-constexpr int kWidthByDistance = 2;  // cut width type; otherwise by percentage
 
 constexpr double kShortestLine = 0.67;  // in tolerances
 constexpr float kSmallestArc = 0.01F;   // radius of an arc between two ends that are one point
@@ -109,14 +106,14 @@ class BorrowedRadius {
 };
 
 // The setting that a finish path on the wall changes for what comes after, unless it fails.
-class CuttingMode {
+class KeptCuttingMode {
  public:
-  explicit CuttingMode(DrawingStore& store) : store_(store), before_(store.cfg_cutting_mode) {}
-  ~CuttingMode() {
+  explicit KeptCuttingMode(DrawingStore& store) : store_(store), before_(store.cfg_cutting_mode) {}
+  ~KeptCuttingMode() {
     if (!kept_) store_.cfg_cutting_mode = before_;
   }
-  CuttingMode(const CuttingMode&) = delete;
-  CuttingMode& operator=(const CuttingMode&) = delete;
+  KeptCuttingMode(const KeptCuttingMode&) = delete;
+  KeptCuttingMode& operator=(const KeptCuttingMode&) = delete;
 
   void keep() { kept_ = true; }
 
@@ -134,9 +131,7 @@ struct RingRange {
 };
 
 double ringStep(const DrawingStore& store) {
-  const bool byDistance =
-      store.cfg_tool_spacing_distance > 0 && store.cfg_cut_width_type == kWidthByDistance;
-  if (byDistance) return store.cfg_tool_spacing_distance;
+  if (stepsByDistance(store)) return store.cfg_tool_spacing_distance;
   return 2.0 * store.toolradius[store.selectedtool] * store.cfg_tool_spacing / 100;
 }
 
@@ -172,7 +167,7 @@ class Spiral {
         inset = next;
       } else if (store_.cfg_auto_place_finish_path) {
         // Fixed: the finish path on the wall leaves climb milling set; later commands cut so.
-        store_.cfg_cutting_mode = kClimbMilling;
+        store_.cfg_cutting_mode = choiceNumber(CuttingMode::Climb);
         inset = tool.own();
       } else {
         done = true;
@@ -198,29 +193,29 @@ class Spiral {
   void placeRing() {
     const int first = pathInsertIndex(store_, cam_.pathInsertMode, cam_.pathInsertGroup);
     const int rowsBefore = store_.NumPathSegments;
-    offsetPathChain(cam_, ringOrder());
+    offsetPathChain(cam_, ringRequest());
     const int placed = store_.NumPathSegments - rowsBefore;
     ring() = {first, first + placed - 1};
     all().last += placed;
   }
 
-  OffsetOrder ringOrder() const {
-    OffsetOrder order;
-    order.sg = sg_;
-    order.start = startOfRow();
-    order.direction = endOfRow();
-    if (runsWrongWay()) std::swap(order.start, order.direction);
-    order.click = {cam_.desk.pointer.MouseX, cam_.desk.pointer.MouseY};
-    order.z = cam_.currentZ;
+  OffsetRequest ringRequest() const {
+    OffsetRequest request;
+    request.sg = sg_;
+    request.start = startOfRow();
+    request.direction = endOfRow();
+    if (runsAgainstMode()) std::swap(request.start, request.direction);
+    request.click = {cam_.desk.pointer.MouseX, cam_.desk.pointer.MouseY};
+    request.z = cam_.currentZ;
     // Fixed: the first level runs at the finishing feed, copies at the roughing one; programs do.
-    order.feed = store_.cfg_finish_feedrate;
-    order.pocketMode = true;
-    return order;
+    request.feed = store_.cfg_finish_feedrate;
+    request.pocketMode = true;
+    return request;
   }
 
-  bool runsWrongWay() const {
-    return (inside_ == 1 && store_.cfg_cutting_mode == kClimbMilling) ||
-           (inside_ == -1 && store_.cfg_cutting_mode == kConventionalMilling);
+  bool runsAgainstMode() const {
+    return (inside_ == Side::Right && cuttingMode(store_) == CuttingMode::Climb) ||
+           (inside_ == Side::Left && cuttingMode(store_) == CuttingMode::Conventional);
   }
 
   void cutFolds() {
@@ -240,7 +235,7 @@ class Spiral {
   CamDesk& cam_;
   DrawingStore& store_;
   int sg_;
-  int inside_ = 0;
+  Side inside_ = Side::On;
   RowBarrier walls_;
   std::array<PlacedRows, 2> followed_;
 };
@@ -294,9 +289,9 @@ bool agreesToRange(CamDesk& cam, RingRange& range) {
 
 // Rings that are dropped leave no rows, so the table would not end a run of millions.
 bool ringsCanBeCounted(CamDesk& cam, const RingRange& range) {
-  constexpr double kMostRings = std::numeric_limits<std::int16_t>::max();
-  const double way = static_cast<double>(range.first) - range.nearest;
-  if (!(range.step > 0) || way / range.step < kMostRings) return true;
+  constexpr double kMaxRings = std::numeric_limits<std::int16_t>::max();
+  const double reach = static_cast<double>(range.first) - range.nearest;
+  if (!(range.step > 0) || reach / range.step < kMaxRings) return true;
   cam.desk.session.host.prompts.showMessage(
       {.text = "The Step Over Amount is " + plainText(narrow(range.step)) +
                ".  That is too small for the rings from " + plainText(range.first) + " to " +
@@ -369,7 +364,7 @@ void parallelSpiralPocket(CamDesk& cam, int sg) {
   const int start = startingRow(cam.store, sg);
   RingRange range = ringRange(cam);
   const bool cuts = canCut(cam, start, range);
-  CuttingMode mode(cam.store);
+  KeptCuttingMode mode(cam.store);
   if (cuts) cutSpiral(cam, start, range);
   if (!change.keep({.redraws = false})) return;
   mode.keep();

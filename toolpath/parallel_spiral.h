@@ -1,6 +1,6 @@
 // The parallel spiral: a pocket is cleared by rings parallel to its outline, from near the middle
 // out to the wall.
-// Owns: parallelSpiralPocket, dropShortPathSegs, dropBackTrackSegs, dropCrossingPass,
+// Owns: parallelSpiralPocket, FollowedRows, dropShortPathSegs, dropBackTrackSegs, dropCrossingPass,
 //       clickStartRoughing.
 #pragma once
 

@@ -41,29 +41,29 @@ bool isIslandWall(int segattr) {
   return segattr == kIslandOutline;
 }
 
-// The straight ways from each row `first` to `last` - 1 to the next one.
-std::vector<Entity> waysBetween(const DrawingStore& store, int first, int last) {
-  std::vector<Entity> ways;
+// The straight lines from each row `first` to `last` - 1 to the next one.
+std::vector<Entity> gapsBetween(const DrawingStore& store, int first, int last) {
+  std::vector<Entity> gaps;
   for (int ps = first; ps < last; ++ps) {
-    ways.push_back(lineEntity(pathEntity(store, ps).end, pathEntity(store, ps + 1).start));
+    gaps.push_back(lineEntity(pathEntity(store, ps).end, pathEntity(store, ps + 1).start));
   }
-  return ways;
+  return gaps;
 }
 
-PathInsertion linkAfter(const DrawingStore& store, int ps, const Entity& way) {
-  return {ps + 1, pathRowOf(way, store.psz[ps], store.psfeed[ps])};
+PathInsertion linkAfter(const DrawingStore& store, int ps, const Entity& gap) {
+  return {ps + 1, pathRowOf(gap, store.psz[ps], store.psfeed[ps])};
 }
 
 std::vector<PathInsertion> linksBetween(const DrawingStore& store, int first, int last) {
   RowBarrier islands(store, isIslandWall);
-  const std::vector<Entity> ways = waysBetween(store, first, last);
-  islands.makeReadyFor(ways);
+  const std::vector<Entity> gaps = gapsBetween(store, first, last);
+  islands.makeReadyFor(gaps);
   std::vector<PathInsertion> links;
   int ps = first - 1;
-  for (const Entity& way : ways) {
+  for (const Entity& gap : gaps) {
     ++ps;
-    const bool isGap = !samePoint(way.start, way.end, store.cfg_tolerance);
-    if (isGap && !islands.meets(way)) links.push_back(linkAfter(store, ps, way));
+    const bool isOpen = !samePoint(gap.start, gap.end, store.cfg_tolerance);
+    if (isOpen && !islands.meets(gap)) links.push_back(linkAfter(store, ps, gap));
   }
   return links;
 }
@@ -71,7 +71,7 @@ std::vector<PathInsertion> linksBetween(const DrawingStore& store, int first, in
 // ---- Undo of the last placement
 
 bool appendsPaths(const CamDesk& cam) {
-  return cam.pathInsertMode == kInsertAtEnd || cam.pathInsertMode == 0;
+  return cam.pathInsertMode == PathInsertMode::AtEnd || cam.pathInsertMode == PathInsertMode::Unset;
 }
 
 // Takes the rows of one code off the end of the table.

@@ -1,6 +1,7 @@
 // Placing path rows: what every generator shares, and the placing commands of the menu.
 // Owns: pointsWithin, roughingFloor, firstLevel, replicatePathAtZ, replicateLevels,
-//       connectPathSegs, reversePathSegment, the placing commands.
+//       connectPathSegs, reversePathSegment, mnuCAMPlace1PathSeg_Click, mnuCAMUndoLastPlace_Click,
+//       mnuClearAllPaths_Click, mnuRevPathDir_Click.
 #pragma once
 
 #include "toolpath/cam_desk.h"
@@ -34,7 +35,6 @@ int connectPathSegs(CamDesk& cam, int first, int last);
 void reversePathSegment(CamDesk& cam, int ps);
 
 void mnuCAMPlace1PathSeg_Click(CamDesk& cam);
-void quickPlacePaths(CamDesk& cam);
 void mnuCAMUndoLastPlace_Click(CamDesk& cam);
 void mnuClearAllPaths_Click(CamDesk& cam);
 // Arms the click that reverses a row; without path rows it cancels what is armed.

@@ -1,4 +1,6 @@
 // Quick Place: paths on the profile itself, for everything that is selected.
+#include "toolpath/quick_place.h"
+
 #include <cmath>
 
 #include "core/drawing_store.h"
@@ -14,9 +16,7 @@
 namespace tess {
 namespace {
 
-constexpr int kSelectedRow = kSelected + kOrdinaryClass;
-
-OffsetOrder orderFor(const DrawingStore& store, int sg, float z, ChainWalk& rows) {
+OffsetRequest requestFor(const DrawingStore& store, int sg, float z, ChainWalk& rows) {
   const Entity row = segmentEntity(store, sg);
   return {.sg = sg,
           .start = row.start,
@@ -38,7 +38,7 @@ void placeSelectedChains(CamDesk& cam, float z) {
   for (int sg = 1; sg <= store.NumSegments; ++sg) {
     if (store.segattr[sg] != kSelectedRow || placed.covers(segmentEntity(store, sg))) continue;
     Placement placement(cam, Step::Continued);
-    placePathChain(cam, orderFor(store, sg, z, rows), placement);
+    placePathChain(cam, requestFor(store, sg, z, rows), placement);
     placement.keep();
     const PlacedRows added = placement.rows();
     for (int ps = added.first; ps <= added.last; ++ps) placed.add(pathEntity(store, ps));

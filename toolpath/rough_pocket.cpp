@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "core/drawing_store.h"
+#include "core/pocketing_choices.h"
 #include "drafting/pending_actions.h"
 #include "drafting/row_edits.h"
 #include "geometry/row_entity.h"
@@ -12,6 +13,7 @@
 #include "toolpath/outline_corners.h"
 #include "toolpath/parallel_spiral.h"
 #include "toolpath/path_placement.h"
+#include "toolpath/scan_lathe.h"
 #include "toolpath/scan_lines.h"
 #include "toolpath/scan_run.h"
 #include "toolpath/toolpath_commands.h"
@@ -21,35 +23,30 @@
 namespace tess {
 namespace {
 
-// Values of cfg_pocketing_style.
-constexpr int kHorizontalOnly = 1;
-constexpr int kVerticalOnly = 2;
-constexpr int kParallelSpiral = 3;
-
 bool isLatheStyle(const DrawingStore& store) {
-  return store.cfg_pocketing_style == kHorizontalOnly && store.cfg_lathe_style_pocketing;
+  return pocketingStyle(store) == PocketingStyle::Horizontal && store.cfg_lathe_style_pocketing;
 }
 
 // ---- Working outlines
 
 // An outline whose first row has no direction is put aside without a working outline: it would come
 // up as the lowest one for ever.
-void offsetOutline(CamDesk& cam, ChainWalk& rows, const OutlineOffset& order) {
+void offsetOutline(CamDesk& cam, ChainWalk& rows, const OutlineOffset& request) {
   Change change(cam.changes, Step::Continued);
-  offsetSegChain(cam, rows, order);
-  const int state = cam.store.segattr[order.sg];
-  if (isSelected(state)) change.segments.mark(order.sg, parkedState(state));
+  offsetSegChain(cam, rows, request);
+  const int state = cam.store.segattr[request.sg];
+  if (isSelected(state)) change.segments.mark(request.sg, parkedState(state));
   change.keep({.redraws = false});
 }
 
 bool offsetPocket(CamDesk& cam, ChainWalk& rows, float standOff) {
   const auto corner = pocketCorner(cam.store);
   if (!corner) return false;
-  const auto grip = gripOf(cam.store, rows, *corner);
-  if (!grip) return false;
+  const auto guide = guideAt(cam.store, rows, *corner);
+  if (!guide) return false;
   const Point start = segmentEntity(cam.store, corner->sg).start;
   offsetOutline(cam, rows,
-                {corner->sg, start, grip->direction, grip->reference, kPocketOutline, standOff});
+                {corner->sg, start, guide->direction, guide->reference, kPocketOutline, standOff});
   return true;
 }
 
@@ -57,12 +54,12 @@ bool offsetPocket(CamDesk& cam, ChainWalk& rows, float standOff) {
 bool offsetIslands(CamDesk& cam, ChainWalk& rows, float standOff) {
   for (const OutlineCorner& corner : islandCorners(cam.store)) {
     if (!isSelected(cam.store.segattr[corner.sg])) continue;
-    const auto grip = gripOf(cam.store, rows, corner);
-    if (!grip) return false;
+    const auto guide = guideAt(cam.store, rows, corner);
+    if (!guide) return false;
     const Point start = segmentEntity(cam.store, corner.sg).start;
-    const Point outside = mirroredOut(cam.store, corner.sg, grip->reference);
+    const Point outside = mirroredOut(cam.store, corner.sg, guide->reference);
     offsetOutline(cam, rows,
-                  {corner.sg, start, grip->direction, outside, kIslandOutline, standOff});
+                  {corner.sg, start, guide->direction, outside, kIslandOutline, standOff});
   }
   return true;
 }
@@ -73,14 +70,16 @@ bool makeWorkingOutlines(CamDesk& cam, float standOff) {
 }
 
 Clearing runStyle(CamDesk& cam, float z, float feed) {
-  if (cam.store.cfg_pocketing_style == kVerticalOnly) return scanPocketVertical(cam, z, feed);
+  if (pocketingStyle(cam.store) == PocketingStyle::Vertical) {
+    return scanPocketVertical(cam, z, feed);
+  }
   if (isLatheStyle(cam.store)) return scanPocketLathe(cam, feed);
   return scanPocketHorizontal(cam, z, feed);
 }
 
 // ---- Levels
 
-// A lathe program's X and Z are the drawing itself: no tool radius, no levels.
+// Fixed: the clearance alone stands off, at one level; lathe programs are the drawing itself.
 void cutLathe(CamDesk& cam) {
   roughCutLevel(cam, /*z=*/0, cam.store.cfg_finish_feedrate, /*radius=*/0);
 }
@@ -151,7 +150,7 @@ void mnuCAMRoughCutPocket_Click(CamDesk& cam) {
   const Procedure here("mnuCAMRoughCutPocket_Click()");
   roundRows(cam.changes);
   cam.roughFloor = roughingFloor(cam.store);
-  if (cam.store.cfg_pocketing_style == kParallelSpiral) {
+  if (pocketingStyle(cam.store) == PocketingStyle::ParallelSpiral) {
     arm(cam.desk, PendingAction::StartRoughing);
   } else if (levelsArePossible(cam)) {
     roughPocket(cam);

@@ -1,10 +1,12 @@
 // The lathe style: lines from the top down, since a turning tool must clear the outside first, with
 // the tool lifted between cuts only as far as the cuts already made ask for.
+#include "toolpath/scan_lathe.h"
+
 #include <algorithm>
 
 #include "core/drawing_store.h"
+#include "core/pocketing_choices.h"
 #include "toolpath/lathe_spans.h"
-#include "toolpath/scan_lines.h"
 #include "toolpath/scan_run.h"
 
 namespace tess {
@@ -88,13 +90,13 @@ Clearing scanPocketLathe(CamDesk& cam, float feed) {
   if (!run) return Clearing::NothingToCut;
   std::vector<ScanSpan>& spans = run->spans;
   std::reverse(spans.begin(), spans.end());
-  ScanDirection way(cam.store.cfg_cutting_mode, /*forward=*/1);
+  ScanDirection turns(cuttingMode(cam.store), /*forward=*/1);
   LatheTool tool(cam, *run, feed);
   for (auto first = spans.begin(); first != spans.end();) {
     const auto last = std::find_if(
         first, spans.end(), [line = first->line](const ScanSpan& s) { return s.line != line; });
     // Bidirectional milling turns at the first line too, but never for the lowest pair alone.
-    const int direction = way.nextLine(/*keepsWay=*/first + 1 == spans.end());
+    const int direction = turns.nextLine(/*keepsDirection=*/first + 1 == spans.end());
     orderLine({first, last}, direction);
     orientLine({first, last}, spans.back(), direction);
     std::for_each(first, last, [&tool](const ScanSpan& span) { tool.cut(span); });

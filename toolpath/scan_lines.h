@@ -1,5 +1,5 @@
 // Scan-line roughing: the inside of the working outlines is cut along parallel lines.
-// Owns: scanPocketHorizontal, scanPocketVertical, scanPocketLathe.
+// Owns: scanPocketHorizontal, scanPocketVertical.
 #pragma once
 
 #include "toolpath/scan_run.h"
@@ -11,9 +11,5 @@ namespace tess {
 // when there are no working rows. Raise Overflow past 32767 crossings or path rows.
 Clearing scanPocketHorizontal(CamDesk& cam, float z, float feed);
 Clearing scanPocketVertical(CamDesk& cam, float z, float feed);
-
-// For turning: lines from the top down at depth 0, with retreats between them as rows at
-// kLatheRapidZ.
-Clearing scanPocketLathe(CamDesk& cam, float feed);
 
 }  // namespace tess

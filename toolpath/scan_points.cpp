@@ -20,10 +20,10 @@
 namespace tess {
 namespace {
 
-constexpr int kMostPoints = std::numeric_limits<std::int16_t>::max();  // counted in 16 bits
-constexpr std::size_t kMostEmptyScans = 1000;
+constexpr int kMaxPoints = std::numeric_limits<std::int16_t>::max();  // counted in 16 bits
+constexpr std::size_t kMaxEmptyScans = 1000;
 // More lines cannot be needed: each adds two points, or ends the run, or stands before the first.
-constexpr std::size_t kMostLines = kMostPoints / 2 + 1 + kMostEmptyScans;
+constexpr std::size_t kMaxLines = kMaxPoints / 2 + 1 + kMaxEmptyScans;
 
 // Vertical and lathe lines are tested a little beside their place, off any vertex that a drawing
 // may have there. Horizontal ones are not: a vertex exactly on them is missed by both its rows.
@@ -64,7 +64,7 @@ std::vector<ScanLine> scanLines(ScanStyle style, float bound, float spacing, flo
   do {
     scan = narrow(static_cast<double>(scan) + spacing);
     lines.push_back({style, scan, testValue(style, scan), tolerence});
-  } while (lines.back().test <= top && lines.size() < kMostLines);
+  } while (lines.back().test <= top && lines.size() < kMaxLines);
   return lines;
 }
 
@@ -242,7 +242,7 @@ ScanPoint seenFrom(ScanStyle style, Point p) {
 }  // namespace
 
 void ScanPoints::add(ScanPoint point) {
-  if (count() == kMostPoints) throw overflow();
+  if (count() == kMaxPoints) throw overflow();
   points_.push_back(point);
 }
 
@@ -283,7 +283,7 @@ ScanPoints collectScanPoints(const DrawingStore& store, ScanStyle style, float b
     points.dropUnpaired();
     const bool added = points.count() > before;
     // Fixed: the first empty line after the material ends the run; what lies above stays.
-    if (!added && (points.count() > 0 || line + 1 >= kMostEmptyScans)) break;
+    if (!added && (points.count() > 0 || line + 1 >= kMaxEmptyScans)) break;
   }
   return points;
 }

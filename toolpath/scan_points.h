@@ -1,7 +1,7 @@
 // Where scan lines cross the working outlines of roughing: the bound that scanning starts from, the
 // crossings line by line, and their order along each line.
-// Owns: ScanStyle, ScanPoint, placeOf, ScanPoints, lowestWorkingPoint, ScanProgress, collectScanPoints,
-//       sortScanPoints.
+// Owns: ScanStyle, ScanPoint, placeOf, ScanPoints, lowestWorkingPoint, ScanProgress,
+//       collectScanPoints, sortScanPoints.
 #pragma once
 
 #include <functional>

@@ -1,5 +1,5 @@
 // The commands of this room: they work on the desk of the tool paths.
-// Owns: CamCommand, toolpathCommands.
+// Owns: CamCommand.
 #pragma once
 
 #include "core/command.h"

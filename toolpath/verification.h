@@ -1,5 +1,6 @@
 // Verification: proof that the selected rows form one closed outline, and its measure.
-// Owns: OutlineSize, verifypocket, arcBounds, mnuCAMVerifyAcceptPocket_Click, mnuCAMVerifyAcceptIsland_Click.
+// Owns: OutlineSize, verifypocket, arcBounds, mnuCAMVerifyAcceptPocket_Click,
+//       mnuCAMVerifyAcceptIsland_Click.
 #pragma once
 
 #include "geometry/box_index.h"

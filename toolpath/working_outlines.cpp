@@ -7,6 +7,7 @@
 #include "core/drawing_store.h"
 #include "core/rounding.h"
 #include "drafting/change.h"
+#include "drafting/row_edits.h"
 #include "geometry/float_angles.h"
 #include "geometry/float_nearest.h"
 #include "geometry/row_entity.h"
@@ -27,19 +28,19 @@ bool isOverHalfCircle(const DrawingStore& store, int sg) {
   return roundTo(sweep, kSweepPlaces) > roundTo(kPi, kSweepPlaces);
 }
 
-int sideOfArc(const DrawingStore& store, int sg, const Entity& along, Point reference) {
+Side sideOfArc(const DrawingStore& store, int sg, const Entity& along, Point reference) {
   const double outside = static_cast<double>(distance(reference, along.center)) - radiusOf(along);
   const int radial = signOf(outside);
-  return arcSense(along.type) * (isOverHalfCircle(store, sg) ? -radial : radial);
+  return arcSide(along.type, isOverHalfCircle(store, sg) ? -radial : radial);
 }
 
-int sideOfFirst(const DrawingStore& store, const OutlineOffset& order, const Entity& along) {
-  if (isArc(along.type)) return sideOfArc(store, order.sg, along, order.reference);
-  if (along.type != kLine) return 0;
+Side sideOfFirst(const DrawingStore& store, const OutlineOffset& request, const Entity& along) {
+  if (isArc(along.type)) return sideOfArc(store, request.sg, along, request.reference);
+  if (along.type != kLine) return Side::On;
   const Point nearest =
-      nearestOnSeg(store, order.sg, order.reference).found().value_or(order.reference);
-  return sideOfLine(along, {signOf(static_cast<double>(order.reference.x) - nearest.x),
-                            signOf(static_cast<double>(order.reference.y) - nearest.y)});
+      nearestOnSeg(store, request.sg, request.reference).found().value_or(request.reference);
+  return sideOfLine(along, {signOf(static_cast<double>(request.reference.x) - nearest.x),
+                            signOf(static_cast<double>(request.reference.y) - nearest.y)});
 }
 
 void appendRows(CamDesk& cam, Change& change, const OffsetChain& chain, int attr) {
@@ -57,20 +58,20 @@ void appendRows(CamDesk& cam, Change& change, const OffsetChain& chain, int attr
 
 }  // namespace
 
-void offsetSegChain(CamDesk& cam, ChainWalk& rows, const OutlineOffset& order) {
+void offsetSegChain(CamDesk& cam, ChainWalk& rows, const OutlineOffset& request) {
   const Procedure here("frmMain.offsetSegChain(sg,xs,ys,xd,yd,attr,distance,target)");
   const DrawingStore& store = cam.store;
-  if (!hasDirection(store, order.sg, order.start, order.direction)) {
+  if (!hasDirection(store, request.sg, request.start, request.direction)) {
     cam.desk.session.host.surroundings.beep();
     return;
   }
-  const Point end = otherEnd(store, order.sg, order.start);
-  const Entity first = travelledRow(store, order.sg, order.start, end);
-  OffsetChain chain({sideOfFirst(store, order, first), order.distance, store.cfg_tolerance});
+  const Point end = otherEnd(store, request.sg, request.start);
+  const Entity first = travelledRow(store, request.sg, request.start, end);
+  OffsetChain chain({sideOfFirst(store, request, first), request.distance, store.cfg_tolerance});
   Change change(cam.changes, Step::Continued);
   OffsetWalk walk;
-  walk.sg = order.sg;
-  walk.start = order.start;
+  walk.sg = request.sg;
+  walk.start = request.start;
   walk.end = end;
   walk.next = [&](int from, Point at) -> std::optional<ChainStep> {
     const auto step = rows.nextChainSeg(from, at);
@@ -78,16 +79,8 @@ void offsetSegChain(CamDesk& cam, ChainWalk& rows, const OutlineOffset& order) {
   };
   walk.taken = [&](int sg) { change.segments.mark(sg, parkedState(store.segattr[sg])); };
   offsetAlong(store, walk, chain);
-  appendRows(cam, change, chain, order.attr);
+  appendRows(cam, change, chain, request.attr);
   change.keep({.redraws = false});
-}
-
-bool insertSegment(Changes& changes, int index, const SegmentRow& row) {
-  if (row.x0 == row.x1 && row.y0 == row.y1) return false;
-  Change change(changes, Step::Continued);
-  change.segments.insert(index, row, Entry::Unlogged);
-  change.keep({.redraws = false});
-  return true;
 }
 
 void removeWorkingRows(Changes& changes) {

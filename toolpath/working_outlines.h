@@ -1,7 +1,6 @@
 // The working outlines of roughing: the outline of a pocket or an island, moved by a distance into
 // the pocket, as drawing rows of a class of their own. They leave nothing in the change log.
-// Owns: OutlineOffset, offsetSegChain, insertSegment, removeWorkingRows,
-//       restoreParkedRows.
+// Owns: OutlineOffset, offsetSegChain, removeWorkingRows, restoreParkedRows.
 #pragma once
 
 #include "toolpath/cam_desk.h"
@@ -21,11 +20,7 @@ struct OutlineOffset {
 // Walks the selected rows from row `sg`, parks each, and appends what lies beside them, joined.
 // With start and direction in one place a row that is no arc gives a beep and nothing else. `rows`
 // was made before the first working row came. Raises Overflow at row 32768.
-void offsetSegChain(CamDesk& cam, ChainWalk& rows, const OutlineOffset& order);
-
-// Puts a drawing row in front of row `index` and marks the drawing changed. One that ends exactly
-// where it starts is refused: false.
-bool insertSegment(Changes& changes, int index, const SegmentRow& row);
+void offsetSegChain(CamDesk& cam, ChainWalk& rows, const OutlineOffset& request);
 
 // Takes out every row that is not of the ordinary class.
 void removeWorkingRows(Changes& changes);

@@ -5,9 +5,9 @@
 #include <cmath>
 
 #include "core/conventions.h"
-#include "core/cut_width.h"
 #include "core/drawing_store.h"
 #include "core/number_text.h"
+#include "core/pocketing_choices.h"
 #include "core/rounding.h"
 #include "core/text.h"
 #include "geometry/float_constants.h"
@@ -30,7 +30,7 @@ constexpr double kLargeCutter = 1;
 constexpr double kSlotShare = 0.73;
 
 // A wall that is barely touched would ask for any feed.
-constexpr double kMostThinning = 3;
+constexpr double kMaxThinning = 3;
 
 double between(double x, double x0, double y0, double x1, double y1) {
   return y0 + (y1 - y0) * (x - x0) / (x1 - x0);
@@ -134,11 +134,11 @@ ChipLoads chipLoads(const SpeedsFeeds& database, const PartMaterial& part,
 double chipThinning(double stepOver) {
   if (!(stepOver > 0) || stepOver >= 0.5) return 1;
   const double cosine = 1 - 2 * stepOver;
-  return std::min(1 / std::sqrt(1 - cosine * cosine), kMostThinning);
+  return std::min(1 / std::sqrt(1 - cosine * cosine), kMaxThinning);
 }
 
 double stepOverShare(const DrawingSettings& settings, double diameter) {
-  if (settings.cfg_cut_width_type != kStepByDistance) return settings.cfg_tool_spacing / 100.0;
+  if (stepOver(settings) != StepOver::ByDistance) return settings.cfg_tool_spacing / 100.0;
   return diameter > 0 ? settings.cfg_tool_spacing_distance / diameter : 0;
 }
 

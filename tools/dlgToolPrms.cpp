@@ -9,6 +9,7 @@
 #include "core/file_system.h"
 #include "core/file_writer.h"
 #include "core/number_text.h"
+#include "core/pocketing_choices.h"
 #include "core/rounding.h"
 #include "core/text.h"
 #include "tools/tool_library.h"
@@ -17,7 +18,7 @@ namespace tess {
 namespace {
 
 constexpr int kRed = 255;  // of a label's text
-constexpr int kMostFlutes = 32767;
+constexpr int kMaxFlutes = 32767;
 constexpr std::size_t kNumberWidth = 2;
 constexpr char kDeletedName[] = "                    ";  // twenty blanks
 constexpr char kFirstFlutes[] = "2";
@@ -62,7 +63,7 @@ std::optional<float> fitting(const std::optional<double>& value) {
 // A whole number of flutes from 1; nothing for any other text.
 std::optional<int> flutesIn(const std::string& text) {
   const std::optional<double> value = numericValue(text);
-  if (!value || !(*value > 0) || *value > kMostFlutes) return std::nullopt;
+  if (!value || !(*value > 0) || *value > kMaxFlutes) return std::nullopt;
   return roundHalfEven(*value);
 }
 
@@ -508,14 +509,14 @@ void dlgToolPrms::storeName() {
 
 void dlgToolPrms::storeFlutes() {
   const double flutes = Val(txtNumberFlutes.text());
-  if (std::abs(flutes) <= kMostFlutes) store_.toolflutes[current_] = roundHalfEven(flutes);
+  if (std::abs(flutes) <= kMaxFlutes) store_.toolflutes[current_] = roundHalfEven(flutes);
 }
 
 // Without a diameter there is no percentage, and without a tool no diameter.
 void dlgToolPrms::settleSpacing() {
   const int tool = store_.selectedtool;
   if (tool < 0 || tool > kLastTool) return;
-  const bool byDistance = store_.cfg_cut_width_type == kStepByDistance;
+  const bool byDistance = stepOver(store_) == StepOver::ByDistance;
   if (byDistance && store_.toolradius[tool] == 0) return;
   settleCutWidth(store_);
 }

@@ -79,7 +79,7 @@ bool writeOutput(std::string_view bytes) {
 
 // ---- Tables
 
-constexpr int kMostRows = 200000;                            // of a table
+constexpr int kMaxRows = 200000;                             // of a table
 constexpr char kLargest[] = "PRAGMA max_page_count = 8000";  // 32 MB of 4096 bytes
 
 using JetFile = std::unique_ptr<MdbHandle, void (*)(MdbHandle*)>;
@@ -176,7 +176,7 @@ void readTable(MdbHandle& file, MdbCatalogEntry& entry, sqlite3* database) {
   if (columns.empty() || !createTable(database, name, columns)) return;
   const SqliteStatement insert = insertion(database, name, columns.size());
   mdb_rewind_table(table.get());
-  for (int rows = 0; insert != nullptr && rows < kMostRows && mdb_fetch_row(table.get()); ++rows) {
+  for (int rows = 0; insert != nullptr && rows < kMaxRows && mdb_fetch_row(table.get()); ++rows) {
     if (!insertRow(insert.get(), columns)) return;
   }
 }

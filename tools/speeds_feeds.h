@@ -1,8 +1,9 @@
 // The speeds-and-feeds database that the tool chest and the title block ask: where it lies, the
 // opened copy of it, and the statements that it is asked with.
 // Owns: kSpeedsFeedsName, SpeedsFeeds, LocateSpeedsFeeds, OpenSpeedsFeeds, PartMaterial,
-//       partMaterial, the statements, materialCategories, tableOfCategory, LookupConditionCode,
-//       conditionDescription.
+//       partMaterial, textInStatement, categoriesStatement, categoryStatement, materialsStatement,
+//       materialStatement, recommendationStatement, codeStatement, descriptionStatement,
+//       materialCategories, tableOfCategory, LookupConditionCode, conditionDescription.
 #pragma once
 
 #include <array>

@@ -19,10 +19,10 @@
 namespace tess {
 namespace {
 
-constexpr std::size_t kMostProblems = 100;
+constexpr std::size_t kMaxProblems = 100;
 constexpr std::size_t kLongestQuote = 40;  // of a damaged text in a message, in bytes
-constexpr int kLeastColor = std::numeric_limits<int>::min();
-constexpr int kMostColor = std::numeric_limits<int>::max();
+constexpr int kMinColor = std::numeric_limits<int>::min();
+constexpr int kMaxColor = std::numeric_limits<int>::max();
 constexpr char kInch[] = "in";
 constexpr char kMillimetre[] = "mm";
 
@@ -170,7 +170,7 @@ class Import {
   }
 
   void report(int line, const std::string& what) {
-    if (result_.problems.size() < kMostProblems) {
+    if (result_.problems.size() < kMaxProblems) {
       result_.problems.push_back(file_ + ":" + std::to_string(line) + ": " + what);
     } else {
       ++unreported_;
@@ -221,8 +221,8 @@ bool isListed(const DrawingStore& store, int tool) {
 }
 
 float diameterOf(const DrawingStore& store, int tool) {
-  constexpr double kMost = std::numeric_limits<float>::max();
-  return static_cast<float>(std::clamp(2.0 * store.toolradius[tool], -kMost, kMost));
+  constexpr double kMax = std::numeric_limits<float>::max();
+  return static_cast<float>(std::clamp(2.0 * store.toolradius[tool], -kMax, kMax));
 }
 
 // ---- CSV
@@ -391,7 +391,7 @@ class CsvRow {
     if (const auto* cell = filled(CsvColumn::Flutes))
       row.flutes = wholeIn(*cell, "number of flutes", 0, 32767);
     if (const auto* cell = filled(CsvColumn::Color))
-      row.color = wholeIn(*cell, "color", kLeastColor, kMostColor);
+      row.color = wholeIn(*cell, "color", kMinColor, kMaxColor);
     row.radius = radius(metric);
     row.spindle = speed(CsvColumn::Spindle);
     row.recommendedSpindle = speed(CsvColumn::RecommendedSpindle);

@@ -98,13 +98,13 @@ void drawOutlines(BenchProgram& program, int rows, double pixels) {
   const double radius = pixels / 2 / std::sin(kTurn / 2 / kSides);
   Dice dice;
   emptyDrawing(program);
-  QPointF centre;
+  QPointF center;
   const auto corner = [&](int side) {
     const double angle = kTurn * (side + 0.3) / kSides;
-    return centre + radius * QPointF(std::cos(angle), std::sin(angle));
+    return center + radius * QPointF(std::cos(angle), std::sin(angle));
   };
   for (int row = 0; row < rows; ++row) {
-    if (row % kSides == 0) centre = {dice.upTo(kBenchWidth), dice.upTo(kBenchHeight)};
+    if (row % kSides == 0) center = {dice.upTo(kBenchWidth), dice.upTo(kBenchHeight)};
     addLine(program, corner(row), corner(row + 1));
   }
 }

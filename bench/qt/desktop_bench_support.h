@@ -1,6 +1,5 @@
 // The whole program for benchmarks, in its window on a platform without a screen.
-// Owns: kBenchWidth, kBenchHeight, TimedApplication, BenchProgram, drawOutlines, scatterLines,
-//       drawChain.
+// Owns: kBenchWidth, TimedApplication, BenchProgram, drawOutlines, scatterLines, drawChain.
 #pragma once
 
 #include <QApplication>

@@ -36,7 +36,7 @@ def peak_of(pid: int) -> float:
 def start(command: list[str], environment: dict[str, str]) -> Start:
     began = time.monotonic()
     with subprocess.Popen(command, env=environment) as process:
-        ready = wait_until_idle(process.pid, QUIET)
+        ready = wait_until_idle([process.pid], QUIET)
         figures = Start(cpu_of(process.pid), (ready - began) * 1000, peak_of(process.pid))
         process.terminate()
     return figures

@@ -13,7 +13,7 @@ using std::to_string;
 using Shift = std::optional<int>;
 
 constexpr int kLongestWait = 24 * 60 * 60 * 1000;  // a day
-constexpr int kMostSteps = 1000;                   // of the wheel
+constexpr int kMaxSteps = 1000;                    // of the wheel
 
 void requireAllowed(const Script& script, const std::vector<string>& files) {
   for (const string& file : files) requireAllowed(script.folders, file);
@@ -64,7 +64,7 @@ PointerEvent eventOf(int button, float x, float y, Shift shift) {
 }
 
 void turnWheel(Script& script, int steps, Shift shift) {
-  if (steps < -kMostSteps || steps > kMostSteps) throw overflow();
+  if (steps < -kMaxSteps || steps > kMaxSteps) throw overflow();
   script.hand.wheel(steps, keysHeld(shift));
 }
 

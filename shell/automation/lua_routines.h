@@ -1,7 +1,8 @@
 // Routines of the program as functions of Lua, each from one line: a name and a lambda. The
 // lambda's parameters are the in-arguments in order, its result (or the elements of a tuple) is
 // what Lua gets back. The parts of the program among the parameters cost no argument.
-// Owns: Routine, routine, command, setGlobal, setRoutines, runReported.
+// Owns: Routine, setGlobal, setRoutines, runReported, Kept, Arguments, pushResult, invoke,
+//       callRoutine, invokeReported, callCommand, routine, command.
 #pragma once
 
 #include <functional>

@@ -1,7 +1,6 @@
 // The Lua interpreter: its allocator and its libraries.
 #include "shell/automation/lua_state.h"
 
-#include <clocale>
 #include <cstdlib>
 #include <new>
 
@@ -38,9 +37,6 @@ void closeFileRoads(lua_State* L) {
 LuaState::LuaState(LuaLimits limits)
     : available_(limits.memory), state_(lua_newstate(allocate, &available_)) {
   if (state_ == nullptr) throw std::bad_alloc();
-  // Lua reads and writes numbers by the C library. The window's toolkit has taken over the user's
-  // locale, and with it perhaps a comma, which no script and no file of ours means.
-  std::setlocale(LC_NUMERIC, "C");
 }
 
 LuaState::~LuaState() {

@@ -1,5 +1,5 @@
 // The buttons of message boxes by the words on them.
-// Owns: buttonsOf, wordOf, iconWord, firstButton.
+// Owns: buttonsOf, firstButton, wordOf, iconWord.
 #pragma once
 
 #include <span>

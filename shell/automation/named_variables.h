@@ -1,5 +1,5 @@
 // Variables of the program as fields of a Lua object, read and written where they are.
-// Owns: TableSlot, Variable, VariablePlace.
+// Owns: TableSlot, VariablePlace, Variable.
 #pragma once
 
 #include <string>

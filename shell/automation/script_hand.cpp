@@ -11,7 +11,7 @@ namespace {
 constexpr std::int64_t kPause = 50;
 // While a redraw is waited for; it takes a quarter of a second.
 constexpr std::int64_t kGlance = 25;
-constexpr int kMostGlances = 80;
+constexpr int kMaxGlances = 80;
 // Of a long wait, between two looks at whether the script may go on.
 constexpr std::int64_t kSlice = 1000;
 
@@ -24,7 +24,7 @@ bool ScriptHand::isSettled() const {
 
 // A handler that answers in the middle of a redraw would wait for it for ever.
 void ScriptHand::settle() {
-  for (int glance = 0; glance < kMostGlances && !isSettled(); ++glance) time_.pass(kGlance);
+  for (int glance = 0; glance < kMaxGlances && !isSettled(); ++glance) time_.pass(kGlance);
   host_.showReports();
 }
 

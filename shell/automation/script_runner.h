@@ -1,7 +1,7 @@
 // Runs one script from its start to its exit status: on a screen that nobody sees, or on a program
 // that somebody else has brought up.
-// Owns: ExitStatus, ScriptJob, ScriptParts, runScript, runScriptText, runScriptOn, readScript,
-//       foldersOf.
+// Owns: ExitStatus, ScriptJob, foldersOf, ScriptParts, runScript, runScriptText, runScriptOn,
+//       readScript.
 #pragma once
 
 #include <functional>

@@ -1,5 +1,5 @@
 // One control of a form and the widget that shows it, kept alike in both directions.
-// Owns: ControlBinding, makeBinding, DropDownBox, FormActions.
+// Owns: DropDownBox, FormActions, ControlBinding, makeBinding.
 #pragma once
 
 #include <QComboBox>

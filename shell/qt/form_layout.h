@@ -1,6 +1,6 @@
 // The widgets of a form: from the layout file of its name where there is one, else arranged by
 // rule, so that no form is ever invisible.
-// Owns: widgetName, makeFormLayout, FormLayout.
+// Owns: widgetName, FormLayout, makeFormLayout.
 #pragma once
 
 #include <QString>

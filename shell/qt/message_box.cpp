@@ -55,7 +55,7 @@ constexpr std::array<std::pair<QMessageBox::StandardButton, Answer>, 4> kAnswers
      {QMessageBox::Cancel, Answer::Cancel}}};
 
 // Lines and letters that a screen has room for.
-constexpr qsizetype kMostLines = 40;
+constexpr qsizetype kMaxLines = 40;
 constexpr qsizetype kLastLines = 5;
 constexpr qsizetype kLongestLine = 2000;
 
@@ -67,8 +67,8 @@ QString shortened(const QString& line) {
 
 QString shownText(const std::string& text) {
   QStringList lines = QString::fromStdString(text).split('\n');
-  if (lines.size() > kMostLines) {
-    const qsizetype first = kMostLines - kLastLines - 1;
+  if (lines.size() > kMaxLines) {
+    const qsizetype first = kMaxLines - kLastLines - 1;
     const qsizetype left = lines.size() - first - kLastLines;
     lines = lines.first(first) + QStringList(QString("... and %1 more lines ...").arg(left)) +
             lines.last(kLastLines);

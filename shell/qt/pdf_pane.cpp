@@ -16,7 +16,7 @@ namespace {
 
 constexpr int kThumbnailWidth = 110;
 constexpr int kThumbnailMargin = 24;  // of the column beyond the thumbnails, with its scroll bar
-constexpr int kMostFindings = 1000;
+constexpr int kMaxFindings = 1000;
 
 // The words found with a few around them, on one line; the toolkit marks the ends of lines.
 std::string findingText(const QPdfLink& link, const QString& words) {
@@ -160,7 +160,7 @@ void PdfPane::markPage(int page) {
 void PdfPane::tellFindings() {
   const QString words = found_->searchString();
   std::vector<PdfFinding> findings;
-  for (int row = 0; row < std::min(found_->rowCount({}), kMostFindings); ++row) {
+  for (int row = 0; row < std::min(found_->rowCount({}), kMaxFindings); ++row) {
     const QPdfLink link = found_->resultAtIndex(row);
     findings.push_back({.page = link.page() + 1, .text = findingText(link, words)});
   }

@@ -25,7 +25,7 @@ namespace {
 constexpr double kMargin = 16;          // round the picture, in which nothing is cut off
 constexpr double kWidestOwnLine = 2;    // wider ones need ends at right angles
 constexpr double kTextHeight = 12;      // pixels
-constexpr int kLeastContrast = 64;      // of 255
+constexpr int kMinContrast = 64;        // of 255
 constexpr QRgb kGreyMask = 0x00C0C0C0;  // changes any grey by 64 or more
 
 QColor colorOf(Rgb color) {
@@ -195,7 +195,7 @@ QColor RasterSurface::ink(Rgb color) const {
   const QColor plain = colorOf(color);
   if (!isInverting()) return plain;
   const QRgb mask = ~plain.rgb() & 0x00FFFFFF;
-  const bool shows = contrast(colorOf(state().backColor).rgb(), mask) >= kLeastContrast;
+  const bool shows = contrast(colorOf(state().backColor).rgb(), mask) >= kMinContrast;
   return QColor::fromRgb(~(shows ? mask : kGreyMask) | 0xFF000000);
 }
 
@@ -296,12 +296,12 @@ void RasterSurface::arc(const WorldArc& arc, Rgb color) {
   const double radius = deviceLength(arc.radius);
   const QSizeF radii(arc.aspect > 1 ? radius / arc.aspect : radius,
                      arc.aspect > 1 ? radius : radius * arc.aspect);
-  const QPointF centre = devicePoint(arc.x, arc.y);
-  if (!hasPlace(centre) || !std::isfinite(radius)) return;
-  const QRectF reach(centre - QPointF(radii.width(), radii.height()), radii * 2);
+  const QPointF center = devicePoint(arc.x, arc.y);
+  if (!hasPlace(center) || !std::isfinite(radius)) return;
+  const QRectF reach(center - QPointF(radii.width(), radii.height()), radii * 2);
   if (!reach.adjusted(-1, -1, 1, 1).intersects(paintedBounds())) return;
   QPainter& brush = painter(ink(color), paintsSmoothly());
-  const SteppedArc stepped(pixelMiddle(centre), radii, arc.start, sweepOf(arc));
+  const SteppedArc stepped(pixelMiddle(center), radii, arc.start, sweepOf(arc));
   if (arc.whole && state().fillStyle == FillMode::Solid) {
     brush.setBrush(colorOf(state().fillColor));
     brush.drawPolygon(allPoints(stepped));

@@ -1,7 +1,7 @@
 // A script in the visible main window, at a pace that a person can follow. It works the program as
 // a script without a window does, on the same virtual clock, so that it comes to the same result;
 // the window shows it, and takes no input but the wish to close it.
-// Owns: Pace, ScriptPlayer.
+// Owns: Pace, kWithoutWaiting, ScriptPlayer.
 #pragma once
 
 #include <QObject>

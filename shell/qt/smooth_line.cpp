@@ -135,9 +135,9 @@ void blendLine(QImage& picture, const QLineF& line, double width, QRgb ink) {
   QPointF from = steep ? line.p1().transposed() : line.p1();
   QPointF to = steep ? line.p2().transposed() : line.p2();
   if (to.x() < from.x()) std::swap(from, to);
-  const QPointF way = to - from;
-  const double slope = way.x() > 0 ? way.y() / way.x() : 0;  // a point lies level
-  const double stretch = std::sqrt(1 + slope * slope);       // of the way, and of the width
+  const QPointF delta = to - from;
+  const double slope = delta.x() > 0 ? delta.y() / delta.x() : 0;  // a point lies level
+  const double stretch = std::sqrt(1 + slope * slope);  // of the length, and of the width
   const double reach = width / 2 / stretch;
   const Pixels pixels = pixelsOf(picture, steep);
   const Run run{.from = from.x() - reach,

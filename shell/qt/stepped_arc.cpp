@@ -10,8 +10,8 @@ namespace tess {
 
 namespace {
 
-constexpr double kFlatness = 0.1;     // in device pixels
-constexpr int kMostArcSteps = 20000;  // enough for any radius at the largest zoom
+constexpr double kFlatness = 0.1;    // in device pixels
+constexpr int kMaxArcSteps = 20000;  // enough for any radius at the largest zoom
 
 class Look {
  public:
@@ -80,11 +80,11 @@ std::optional<QLineF> clipped(const QLineF& segment, const QRectF& bounds) {
                 to < 1 ? segment.pointAt(to) : segment.p2());
 }
 
-SteppedArc::SteppedArc(QPointF centre, QSizeF radii, double start, double sweep)
-    : centre_(centre), radii_(radii), start_(start), sweep_(sweep) {
+SteppedArc::SteppedArc(QPointF center, QSizeF radii, double start, double sweep)
+    : center_(center), radii_(radii), start_(start), sweep_(sweep) {
   const double step = 2 * std::acos(std::max(0.0, 1 - kFlatness / radius()));
   const double wanted = std::ceil(sweep / step);
-  steps_ = wanted > 3 ? static_cast<int>(std::min<double>(wanted, kMostArcSteps)) : 3;
+  steps_ = wanted > 3 ? static_cast<int>(std::min<double>(wanted, kMaxArcSteps)) : 3;
 }
 
 double SteppedArc::radius() const {
@@ -93,7 +93,7 @@ double SteppedArc::radius() const {
 
 QPointF SteppedArc::point(int at) const {
   const double angle = start_ + sweep_ * at / steps_;
-  return centre_ + QPointF(radii_.width() * std::cos(angle), -radii_.height() * std::sin(angle));
+  return center_ + QPointF(radii_.width() * std::cos(angle), -radii_.height() * std::sin(angle));
 }
 
 QRectF SteppedArc::reach(int from, int to) const {

@@ -1,5 +1,5 @@
 // Arcs of a picture as straight steps, and lines as far as they can be seen.
-// Owns: SteppedArc, allPoints, visibleRuns, clipped.
+// Owns: clipped, SteppedArc, allPoints, visibleRuns.
 #pragma once
 
 #include <QLineF>
@@ -18,7 +18,7 @@ std::optional<QLineF> clipped(const QLineF& segment, const QRectF& bounds);
 // short that it looks round.
 class SteppedArc {
  public:
-  SteppedArc(QPointF centre, QSizeF radii, double start, double sweep);
+  SteppedArc(QPointF center, QSizeF radii, double start, double sweep);
 
   int steps() const { return steps_; }
   QPointF point(int at) const;  // 0 to steps()
@@ -28,7 +28,7 @@ class SteppedArc {
  private:
   double radius() const;
 
-  QPointF centre_;
+  QPointF center_;
   QSizeF radii_;
   double start_, sweep_;
   int steps_ = 0;

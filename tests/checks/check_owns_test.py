@@ -12,7 +12,7 @@ CLEAN = "check_owns: every header names what it declares; no type is twice"
 
 # One of each thing that a header may own, with what must not be taken for one.
 RICH = """// Everything at once.
-// Owns: kLeast, Kind, Box, Pair, Rows, area, grown, log, TESSIMO_LIST, shared, printed, Plain.
+// Owns: TESSIMO_LIST, kMin, Kind, Box, Pair, Rows, area, grown, log, shared, printed, Plain.
 #pragma once
 
 #include <string>
@@ -31,7 +31,7 @@ enum class Late : int;
 template <typename T>
 class Column;
 
-inline constexpr std::size_t kLeast = std::size_t{1} << 20;
+inline constexpr std::size_t kMin = std::size_t{1} << 20;
 enum class Kind { Line, Arc };  // a comment with "int notOurs();"
 
 // A class with members that are nobody's names outside.
@@ -143,12 +143,22 @@ class CheckOwns(unittest.TestCase):
                 f"core/a.h:2: owns '{gone}', which it does not declare",
             )
 
+    def test_another_order_or_form_is_found_at_the_list(self):
+        body = "struct Box {};\nstruct Line {};"
+        for owns in ["Line, Box", "Box, Line, Box", "Box,Line", "Box,\n//       Line"]:
+            with self.subTest(owns=owns):
+                self.expect_finding(
+                    {"core/a.h": header(owns, body)},
+                    "core/a.h:2: owns what it declares, but not once each in that order and form",
+                )
+
     def test_a_header_without_a_list_is_found(self):
         self.expect_finding({"core/a.h": "// A header.\n#pragma once\n"}, "core/a.h:1: no Owns list")
 
     def test_a_list_of_several_lines_is_one(self):
-        text = header("Box,\n//       Line", "struct Box {};\nstruct Line {};")
-        self.expect_clean({"core/a.h": text})
+        names = [f"routineOfALongName{n}" for n in range(5)]
+        owns = f"{', '.join(names[:4])},\n//       {names[4]}"
+        self.expect_clean({"core/a.h": header(owns, "\n".join(f"void {n}();" for n in names))})
 
     def test_sources_need_no_list(self):
         self.expect_clean({"core/a.cpp": "namespace tess {\nint extra() {\n  return 1;\n}\n}\n"})
@@ -176,17 +186,36 @@ class CheckOwns(unittest.TestCase):
             }
         )
 
-    def test_fix_writes_the_list_in_its_order_and_adds_the_rest(self):
+    def test_fix_writes_the_list_in_the_order_of_declarations_to_the_width_of_a_line(self):
         long = [f"routineOfALongName{n}" for n in range(6)]
         body = "struct Late {};\nstruct Box {};\n" + "\n".join(f"void {n}();" for n in long)
         status, lines, after = self.run_on({"core/a.h": header("Box, Gone", body)}, "--fix")
         self.assertEqual((status, lines), (0, [CLEAN]))
+        written, rest = after["core/a.h"].split("#pragma")
         self.assertEqual(
-            after["core/a.h"].split("#pragma")[0],
-            "// A header.\n// Owns: Box, Late, routineOfALongName0, routineOfALongName1, "
+            written,
+            "// A header.\n// Owns: Late, Box, routineOfALongName0, routineOfALongName1, "
             "routineOfALongName2,\n//       routineOfALongName3, routineOfALongName4, "
             "routineOfALongName5.\n",
         )
+        self.assertEqual(rest, header("", body).split("#pragma")[1])
+
+    def test_fix_leaves_what_no_list_can_mend(self):
+        tree = {
+            "core/a.h": "// A header.\n#pragma once\n",
+            "core/b.h": header("Box", "struct Box {};"),
+            "core/c.cpp": "namespace tess {\nstruct Box {};\n}\n",
+        }
+        status, lines, after = self.run_on(tree, "--fix")
+        self.assertEqual(status, 1)
+        self.assertEqual(
+            lines,
+            [
+                "core/a.h:1: no Owns list",
+                "core/c.cpp:2: type 'tess::Box' is defined in core/b.h:7 too",
+            ],
+        )
+        self.assertEqual(after, tree)
 
     def test_a_tree_without_sources_is_refused(self):
         status, lines, _ = self.run_on({"README.md": ""})

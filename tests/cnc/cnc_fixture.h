@@ -39,14 +39,14 @@ inline PathRow lineRow(Point from, Point to, float z, float feed) {
   return {.type = kLine, .x0 = from.x, .y0 = from.y, .x1 = to.x, .y1 = to.y, .z = z, .feed = feed};
 }
 
-inline PathRow arcRow(int type, Point from, Point to, Point centre, float z, float feed) {
+inline PathRow arcRow(int type, Point from, Point to, Point center, float z, float feed) {
   return {.type = type,
           .x0 = from.x,
           .y0 = from.y,
           .x1 = to.x,
           .y1 = to.y,
-          .xc = centre.x,
-          .yc = centre.y,
+          .xc = center.x,
+          .yc = center.y,
           .z = z,
           .feed = feed};
 }

@@ -132,12 +132,12 @@ TEST_F(CncGoldenTest, TwoToolMillPart) {
   expectProgram("two_tool_mill.cnc");
 }
 
-TEST_F(CncGoldenTest, ArcsByCentreOffsets) {
+TEST_F(CncGoldenTest, ArcsByCenterOffsets) {
   placeAllArcs();
   expectProgram("mill_arcs_offset.cnc");
 }
 
-TEST_F(CncGoldenTest, ArcsByAbsoluteCentres) {
+TEST_F(CncGoldenTest, ArcsByAbsoluteCenters) {
   definition.absCenter = true;
   placeAllArcs();
   expectProgram("mill_arcs_absolute.cnc");

@@ -120,7 +120,7 @@ TEST_F(CncLineTest, WordsStandInTheirOrder) {
             "G02 X4.0 Y5.0 Z6.0 I7.0 J8.0 K9.0 F100 D11.0");
 }
 
-TEST_F(CncLineTest, RadiusTakesThePlaceOfAllCentreWords) {
+TEST_F(CncLineTest, RadiusTakesThePlaceOfAllCenterWords) {
   store.userparamforarcs = true;
   EXPECT_EQ(form({.g = "G03",
                   .x = 4,
@@ -136,12 +136,12 @@ TEST_F(CncLineTest, RadiusTakesThePlaceOfAllCentreWords) {
             "G03 X4.0 Y5.0 R-6.5 F100 D11.0");
 }
 
-TEST_F(CncLineTest, CentreWordsOfZeroOffsetAreLeftOut) {
+TEST_F(CncLineTest, CenterWordsOfZeroOffsetAreLeftOut) {
   EXPECT_EQ(form({.g = "G02", .x = 4, .y = 2, .z = 3, .j = 1, .useY = true}), "G02 X4.0 J1.0");
   EXPECT_EQ(form({.g = "G02", .x = 5, .y = 2, .z = 3, .i = 1, .useY = true}), "G02 X5.0 I1.0");
 }
 
-TEST_F(CncLineTest, AbsoluteCentreWordsEqualToTheStartAreLeftOut) {
+TEST_F(CncLineTest, AbsoluteCenterWordsEqualToTheStartAreLeftOut) {
   definition.absCenter = true;
   EXPECT_EQ(form({.g = "G02", .x = 4, .y = 2, .z = 3, .i = 1, .j = 0, .useY = true}),
             "G02 X4.0 J0.0");
@@ -149,7 +149,7 @@ TEST_F(CncLineTest, AbsoluteCentreWordsEqualToTheStartAreLeftOut) {
             "G02 X5.0 I0.0");
 }
 
-TEST_F(CncLineTest, ForcedCentreWordsAreWrittenThoughRedundant) {
+TEST_F(CncLineTest, ForcedCenterWordsAreWrittenThoughRedundant) {
   definition.forceIJK = true;
   EXPECT_EQ(form({.g = "G02", .x = 4, .y = 2, .z = 3, .useY = true}), "G02 X4.0 I0.0 J0.0");
 }
@@ -171,7 +171,7 @@ TEST_F(CncLineTest, StraightMoveBelowTheResolutionIsWritten) {
   EXPECT_EQ(form({.g = "G01", .x = 1.000001F, .y = 2, .z = 3, .useY = true}), "G01 X1.0");
 }
 
-TEST_F(CncLineTest, CallersWordAndCentreAreCleared) {
+TEST_F(CncLineTest, CallersWordAndCenterAreCleared) {
   std::string out;
   MotionLine line{.g = "G02", .x = 4, .y = 2, .z = 3, .i = 1, .j = 2, .k = 3, .d = 5};
   FormCncLine(out, LineFormat(session, definition), last, line);

@@ -80,12 +80,12 @@ TEST_F(LatheMotionsTest, RapidRowGoesThereAtOnce) {
   EXPECT_THAT(moves(), ElementsAre("G00 X1.0 Z1.0", "G00 X3.0 Z4.0"));
 }
 
-TEST_F(LatheMotionsTest, ArcShowsItsCentreByIAndK) {
+TEST_F(LatheMotionsTest, ArcShowsItsCenterByIAndK) {
   place(arcRow(kClockwiseArc, {2, 1.5F}, {3, 2.5F}, {3, 1.25F}, 0, 10));
   EXPECT_THAT(moves(), ElementsAre("G00 X1.5 Z2.0", "G02 X2.5 Z3.0 I-0.25 K1.0 F100"));
 }
 
-TEST_F(LatheMotionsTest, AbsoluteCentreIsShownByIAndK) {
+TEST_F(LatheMotionsTest, AbsoluteCenterIsShownByIAndK) {
   definition.absCenter = true;
   place(arcRow(kCounterClockwiseArc, {2, 1.5F}, {3, 2.5F}, {3, 1.5F}, 0, 10));
   EXPECT_THAT(moves(), ElementsAre("G00 X1.5 Z2.0", "G03 X2.5 Z3.0 K3.0 F100"));

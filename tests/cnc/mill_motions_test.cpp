@@ -165,6 +165,15 @@ TEST_F(MillMotionsTest, CycleSeventyNineFirstGoesToTheStartAtTheSafeHeight) {
   EXPECT_THAT(moves(), ElementsAre("G00 Z0.5", "G00 X3.0 Y2.0", "G79 X1.0 Y2.0 Z0.75 K0.125 F60"));
 }
 
+TEST_F(MillMotionsTest, CycleSeventyNineNamesBothAxesOfItsStartEvenWhenItIsThere) {
+  place(cycleRow(81, {3, 2}, 0, 0, -0.75F, 6));
+  PathRow row = cycleRow(79, {1, 2}, 0.125F, 0.5F, -0.75F, 6);
+  row.x0 = 3;
+  place(row);
+  EXPECT_THAT(moves(), ElementsAre("G00 Z0.5", "G81 X3.0 Y2.0 Z0.75 F60", "G00 Z0.5",
+                                   "G00 X3.0 Y2.0", "G79 X1.0 Y2.0 Z0.75 K0.125"));
+}
+
 TEST_F(MillMotionsTest, CycleWordIsTheLastTwoDigitsOfTheKind) {
   place(cycleRow(21, {1, 2}, 0, 0, -0.75F, 6));
   place(cycleRow(183, {1, 2}, 0, 0, -0.5F, 6));
@@ -195,18 +204,18 @@ class MillArcTest : public CncFixture {
   }
 };
 
-TEST_F(MillArcTest, OffsetsFromTheStartShowTheCentre) {
+TEST_F(MillArcTest, OffsetsFromTheStartShowTheCenter) {
   place(arcRow(kCounterClockwiseArc, {3, 1}, {2, 2}, {2, 1}, -0.25F, 10));
   EXPECT_EQ(arc(), "G03 X2.0 Y2.0 I-1.0 F100");
 }
 
-TEST_F(MillArcTest, AbsoluteCentreAboveTheStartHasNoIWord) {
+TEST_F(MillArcTest, AbsoluteCenterAboveTheStartHasNoIWord) {
   definition.absCenter = true;
   place(arcRow(kCounterClockwiseArc, {2, 0}, {3, 1}, {2, 1}, -0.25F, 10));
   EXPECT_EQ(arc(), "G03 X3.0 Y1.0 J1.0 F100");
 }
 
-TEST_F(MillArcTest, AbsoluteCentreBesideTheStartHasNoJWord) {
+TEST_F(MillArcTest, AbsoluteCenterBesideTheStartHasNoJWord) {
   definition.absCenter = true;
   place(arcRow(kCounterClockwiseArc, {3, 1}, {2, 2}, {2, 1}, -0.25F, 10));
   EXPECT_EQ(arc(), "G03 X2.0 Y2.0 I2.0 F100");
@@ -218,20 +227,20 @@ TEST_F(MillArcTest, ThreeQuartersWithARadiusWordAreNegative) {
   EXPECT_EQ(arc(), "G03 X2.0 Y0.0 R-1.0 F100");
 }
 
-TEST_F(MillArcTest, FullCircleShowsItsCentreEvenWithRadiusWords) {
+TEST_F(MillArcTest, FullCircleShowsItsCenterEvenWithRadiusWords) {
   store.userparamforarcs = true;
   place(arcRow(kClockwiseArc, {3, 2}, {3, 2}, {2, 1}, -0.25F, 10));
   EXPECT_EQ(arc(), "G02 I-1.0 J-1.0 F100");
 }
 
-TEST_F(MillArcTest, RadiusWordsTakeThePlaceOfAbsoluteCentres) {
+TEST_F(MillArcTest, RadiusWordsTakeThePlaceOfAbsoluteCenters) {
   store.userparamforarcs = true;
   definition.absCenter = true;
   place(arcRow(kClockwiseArc, {3, 1}, {2, 0}, {2, 1}, -0.25F, 10));
   EXPECT_EQ(arc(), "G02 X2.0 Y0.0 R1.0 F100");
 }
 
-TEST_F(MillArcTest, RadiusBelowTheToleranceShowsTheCentre) {
+TEST_F(MillArcTest, RadiusBelowTheToleranceShowsTheCenter) {
   store.userparamforarcs = true;
   store.cfg_tolerance = 0.125F;
   place(arcRow(kClockwiseArc, {0, 0}, {0.125F, 0.1875F}, {0.0625F, 0.0625F}, -0.25F, 10));

@@ -32,7 +32,7 @@ TEST_F(PostDefinitionTest, StartsWithTheStandardLettersAndNothingElse) {
   EXPECT_EQ(session.formats.cncfmtmm, "####0.0###");
 }
 
-TEST_F(PostDefinitionTest, AbsoluteCentresAreOnForAnyTextThatBeginsWithY) {
+TEST_F(PostDefinitionTest, AbsoluteCentersAreOnForAnyTextThatBeginsWithY) {
   struct Case {
     const char* value;
     bool on;

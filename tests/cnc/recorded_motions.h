@@ -1,5 +1,5 @@
 // The motions of a program as a list, for tests.
-// Owns: RecordedMotions, motionsOf.
+// Owns: PrintTo, RecordedMotions, motionsOf.
 #pragma once
 
 #include <ostream>

@@ -2,9 +2,7 @@
 #include "core/drawing_file.h"
 
 #include <algorithm>
-#include <csignal>
 #include <filesystem>
-#include <sys/resource.h>
 
 #include "gmock/gmock.h"
 #include "gtest/gtest.h"
@@ -13,6 +11,7 @@
 #include "core/file_system.h"
 #include "core/lifecycle.h"
 #include "tests/support/failure_of.h"
+#include "tests/support/full_disk.h"
 #include "tests/support/recording_session.h"
 #include "tests/support/without_root_rights.h"
 #include "tests/support/write_file.h"
@@ -356,30 +355,9 @@ class FailingSave : public DrawingFile {
   std::string drawing_, paths_;
 };
 
-// Lets no file grow past a few bytes while it lives, as a full disk does.
-class SmallDisk {
- public:
-  SmallDisk() : handler_(std::signal(SIGXFSZ, SIG_IGN)) {
-    getrlimit(RLIMIT_FSIZE, &before_);
-    rlimit small = before_;
-    small.rlim_cur = 16;
-    setrlimit(RLIMIT_FSIZE, &small);
-  }
-  ~SmallDisk() {
-    setrlimit(RLIMIT_FSIZE, &before_);
-    std::signal(SIGXFSZ, handler_);
-  }
-  SmallDisk(const SmallDisk&) = delete;
-  SmallDisk& operator=(const SmallDisk&) = delete;
-
- private:
-  void (*handler_)(int);
-  rlimit before_{};
-};
-
 TEST_F(FailingSave, FullDiskLeavesTheOldPair) {
   const RuntimeFailure failure = failureOf([&] {
-    const SmallDisk disk;
+    const testing::FullDisk disk(16);
     save_Drawing(session);
   });
   EXPECT_EQ(failure.number(), FailureNumber::DiskFull);

@@ -272,7 +272,7 @@ TEST(DrawingFormat, AttributeOfAFilesRowIsTakenModuloHundred) {
   EXPECT_EQ(store.segattr[1], 8);
 }
 
-TEST(DrawingFormat, LineKeepsTheCentreThatTheRowHeld) {
+TEST(DrawingFormat, LineKeepsTheCenterThatTheRowHeld) {
   DrawingStore store;
   store.centerx[1] = 7;
   store.centery[1] = 8;

@@ -7,7 +7,6 @@
 #include <chrono>
 #include <cstdlib>
 #include <functional>
-#include <sys/mman.h>
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
@@ -17,6 +16,7 @@
 
 #include "core/drawing_store.h"
 #include "tests/support/drawing_folder.h"
+#include "tests/support/shared_memory.h"
 
 namespace tess {
 namespace {
@@ -27,7 +27,7 @@ using testing::OtherStart;
 
 constexpr int kWriters = 2;
 constexpr int kReaders = 2;
-constexpr int kMostRows = 30000;
+constexpr int kMaxRows = 30000;
 constexpr std::chrono::seconds kLongest{60};
 constexpr float kTagsPerWriter = 100000;
 
@@ -39,13 +39,6 @@ struct Board {
   std::atomic<int> torn{0};
   std::atomic<int> refused{0};
 };
-
-Board& newBoard() {
-  void* const memory =
-      ::mmap(nullptr, sizeof(Board), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
-  if (memory == MAP_FAILED) throw std::runtime_error("no shared memory");
-  return *new (memory) Board;
-}
 
 int seconds() {
   const char* const wanted = std::getenv("TESSIMO_HAMMER_SECONDS");
@@ -91,7 +84,7 @@ class DrawingHammer : public ::testing::Test, protected DrawingFolder {
 
   void write(Board& board, int writer) {
     auto& saved = board.saved[static_cast<std::size_t>(writer)];
-    while (!board.over && saved < kMostRows / kWriters) {
+    while (!board.over && saved < kMaxRows / kWriters) {
       OtherStart start(test.home());
       readPair(board, start);
       const float tag = kTagsPerWriter * static_cast<float>(writer) + static_cast<float>(saved + 1);
@@ -136,7 +129,7 @@ class DrawingHammer : public ::testing::Test, protected DrawingFolder {
 };
 
 TEST_F(DrawingHammer, NothingIsLostAndNothingIsTorn) {
-  Board& board = newBoard();
+  Board& board = testing::sharedWithChildren<Board>();
   std::vector<pid_t> processes;
   for (int writer = 0; writer < kWriters; ++writer) {
     processes.push_back(spawn([&, writer] { write(board, writer); }));

@@ -4,13 +4,11 @@
 
 #include <algorithm>
 #include <atomic>
-#include <csignal>
 #include <cstdio>
 #include <fcntl.h>
 #include <filesystem>
 #include <functional>
 #include <stdexcept>
-#include <sys/resource.h>
 #include <sys/wait.h>
 #include <thread>
 #include <vector>
@@ -20,6 +18,7 @@
 
 #include "core/file_system.h"
 #include "tests/support/failure_of.h"
+#include "tests/support/full_disk.h"
 #include "tests/support/temp_folder.h"
 #include "tests/support/without_root_rights.h"
 
@@ -29,6 +28,7 @@ namespace {
 namespace fs = std::filesystem;
 using ::testing::ElementsAre;
 using testing::failureOf;
+using testing::FullDisk;
 using testing::numberOfFailure;
 using testing::TempFolder;
 using testing::WithoutRootRights;
@@ -148,15 +148,10 @@ TEST(WriteFile, NamesWithAZeroByteAreNoNames) {
 TEST(WriteFile, FullDiskLeavesTheOldFileAndNothingElse) {
   const TempFolder folder;
   folder.write("a", "good");
-  const auto before = std::signal(SIGXFSZ, SIG_IGN);
-  rlimit limit{};
-  ::getrlimit(RLIMIT_FSIZE, &limit);
-  const rlimit small{.rlim_cur = 10, .rlim_max = limit.rlim_max};
-  ::setrlimit(RLIMIT_FSIZE, &small);
-  const FailureNumber number =
-      numberOfFailure([&] { write(folder("a"), "more than ten characters"); });
-  ::setrlimit(RLIMIT_FSIZE, &limit);
-  std::signal(SIGXFSZ, before);
+  const FailureNumber number = numberOfFailure([&] {
+    const FullDisk disk(10);
+    write(folder("a"), "more than ten characters");
+  });
   EXPECT_EQ(number, FailureNumber::DiskFull);
   EXPECT_EQ(folder.read("a"), "good");
   EXPECT_THAT(entriesOf(folder()), ElementsAre("a"));
@@ -237,16 +232,10 @@ TEST(FilePlaceAppend, FullDiskLeavesTheOldEnd) {
   const TempFolder folder;
   NoGuard nobody;
   folder.write("log", "one\n");
-  const auto before = std::signal(SIGXFSZ, SIG_IGN);
-  rlimit limit{};
-  ::getrlimit(RLIMIT_FSIZE, &limit);
-  const rlimit small{.rlim_cur = 10, .rlim_max = limit.rlim_max};
-  ::setrlimit(RLIMIT_FSIZE, &small);
   const FailureNumber number = numberOfFailure([&] {
+    const FullDisk disk(10);
     FilePlace(nobody, folder("log"), FileKind::Record).append("more than ten characters");
   });
-  ::setrlimit(RLIMIT_FSIZE, &limit);
-  std::signal(SIGXFSZ, before);
   EXPECT_EQ(number, FailureNumber::DiskFull);
   EXPECT_EQ(folder.read("log"), "one\n");
 }

@@ -58,7 +58,7 @@ TEST(SaveJournal, LinesThatMeanNothingMakeItNone) {
     EXPECT_FALSE(parseJournal(proven(body))) << body;
   }
   std::string many = head;
-  for (std::size_t file = 0; file <= SaveJournal::kMostFiles; ++file) many += "none none\n";
+  for (std::size_t file = 0; file <= SaveJournal::kMaxFiles; ++file) many += "none none\n";
   EXPECT_FALSE(parseJournal(proven(many)));
 }
 

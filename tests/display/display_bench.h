@@ -1,5 +1,5 @@
 // A drawing with a recording screen round it, for the tests of this folder.
-// Owns: RecordingListener, DisplayBench.
+// Owns: RecordingRedrawListener, DisplayBench.
 #pragma once
 
 #include <string>
@@ -15,9 +15,9 @@
 
 namespace tess::testing {
 
-class RecordingListener : public RedrawListener {
+class RecordingRedrawListener : public RedrawListener {
  public:
-  explicit RecordingListener(CallLog& log) : log_(log) {}
+  explicit RecordingRedrawListener(CallLog& log) : log_(log) {}
   void showDrawingName() override { log_.add("showDrawingName"); }
   void updateStatusDisplay() override { log_.add("updateStatusDisplay"); }
   void PrintPreviewScreenShotWorkAround(DrawingTarget& /*target*/) override {
@@ -76,7 +76,7 @@ class DisplayBench : public ::testing::Test {
   RecordingPointer pointer{log};
   LoggingSurroundings surroundings{log};
   LoggingPrompts prompts{log};
-  RecordingListener listener{log};
+  RecordingRedrawListener listener{log};
   VirtualTimers timers;
   DrawingStore store;
   View view;

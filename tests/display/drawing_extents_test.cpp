@@ -101,7 +101,7 @@ TEST(GetDrawingExtents, PathRowsCountAfterTheDrawing) {
   expectBox(pathOnly, 2, 2, 4, 5, "rapid");
 }
 
-TEST(GetDrawingExtents, CycleRowsCountWithTheirPointsAndNotTheirCentreFields) {
+TEST(GetDrawingExtents, CycleRowsCountWithTheirPointsAndNotTheirCenterFields) {
   DrawingStore store;
   addPathSegment(store, {81, 1, 1, 1, 1, /*increment depth*/ 50, /*dwell*/ 60});
   EXPECT_FALSE(GetDrawingExtents(store));

@@ -109,7 +109,7 @@ class EndlessGridTest : public DisplayBench {
   }
 
   // Each direction has room for one line a pixel, and may walk as many from zero.
-  static constexpr int kMost = 2 * (2 * 1000 + 2 * 800 + 4);
+  static constexpr int kMax = 2 * (2 * 1000 + 2 * 800 + 4);
 };
 
 TEST_F(EndlessGridTest, AViewFarFromZero) {
@@ -122,17 +122,17 @@ TEST_F(EndlessGridTest, AViewFarFromZero) {
 TEST_F(EndlessGridTest, AViewAsFarAsLengthsAreExactNoLonger) {
   store.visualgrid = 0.25F;
   for (const float far : {1e6F, 1e9F, 1e12F, 3e38F}) {
-    EXPECT_LE(linesIn(far, -far, far, -far), kMost) << far << ", without extent";
-    EXPECT_LE(linesIn(-far, -far, far / 2, far / 2), kMost) << far;
+    EXPECT_LE(linesIn(far, -far, far, -far), kMax) << far << ", without extent";
+    EXPECT_LE(linesIn(-far, -far, far / 2, far / 2), kMax) << far;
   }
 }
 
 TEST_F(EndlessGridTest, AGridFinerThanAnyPixel) {
   for (const float spacing : {1e-3F, 1e-9F, 1e-30F, 1e-45F}) {
     store.visualgrid = spacing;
-    EXPECT_LE(linesIn(-5, -4, 5, 4), kMost) << spacing;
+    EXPECT_LE(linesIn(-5, -4, 5, 4), kMax) << spacing;
     EXPECT_GE(log.count("line "), 1000) << "it is still there";
-    EXPECT_LE(linesIn(4e6F, -4, 5e6F, 4), kMost) << spacing;
+    EXPECT_LE(linesIn(4e6F, -4, 5e6F, 4), kMax) << spacing;
   }
 }
 

@@ -57,7 +57,7 @@ class ViewCommandsTest : public DisplayBench {
     store.yorigin = 1;
   }
 
-  void expectCentre(float x, float y) {
+  void expectCenter(float x, float y) {
     EXPECT_FLOAT_EQ(view.viewcx, x);
     EXPECT_FLOAT_EQ(view.viewcy, y);
   }
@@ -75,19 +75,19 @@ TEST_F(ViewCommandsTest, FitviewShowsTheStockAndQueuesARedraw) {
   EXPECT_EQ(view.picheight, 800);
   EXPECT_EQ(view.viewspan, 2.6F);
   EXPECT_EQ(view.homespan, 2.6F);
-  expectCentre(2, 2);
+  expectCenter(2, 2);
   EXPECT_EQ(redraw.TaskQueueState(), 1);
   timers.advance(50);
   EXPECT_TRUE(redrawnAtOnce());
 }
 
-TEST_F(ViewCommandsTest, ResizingKeepsCentreAndSpan) {
+TEST_F(ViewCommandsTest, ResizingKeepsCenterAndSpan) {
   commands.fitview(/*keepview=*/false);
   view.viewcx = 7;
   view.viewspan = 1;
   host.area = {0, 0, 500, 800};
   commands.fitview(/*keepview=*/true);
-  expectCentre(7, 2);
+  expectCenter(7, 2);
   EXPECT_EQ(view.viewspan, 1);
   EXPECT_EQ(view.homespan, 2.6F);
   EXPECT_EQ(redraw.TaskQueueState(), 1);
@@ -133,11 +133,11 @@ TEST_F(ViewCommandsTest, RecoverTakesTheSizeAnew) {
 
 TEST_F(ViewCommandsTest, SetviewKeepsAMissingCoordinate) {
   commands.setview(2, {});
-  expectCentre(2, 0);
+  expectCenter(2, 0);
   commands.setview({}, 3);
-  expectCentre(2, 3);
+  expectCenter(2, 3);
   commands.setview();
-  expectCentre(2, 3);
+  expectCenter(2, 3);
   EXPECT_EQ(log.count("Cls"), 3);
 }
 
@@ -157,7 +157,7 @@ TEST_F(ViewCommandsTest, ZoomInHalvesTheSpanAboutThePoint) {
   commands.Zoom_In(1, -2);
   EXPECT_EQ(view.viewspan, 2);
   EXPECT_EQ(view.zoomfactor, 2);
-  expectCentre(1, -2);
+  expectCenter(1, -2);
 }
 
 TEST_F(ViewCommandsTest, ZoomInReachesSixtyFourAndIsThenRefused) {
@@ -167,17 +167,17 @@ TEST_F(ViewCommandsTest, ZoomInReachesSixtyFourAndIsThenRefused) {
   log.take();
   commands.Zoom_In(1, 1);
   EXPECT_EQ(view.viewspan, view.homespan / 64);
-  expectCentre(0, 0);
+  expectCenter(0, 0);
   EXPECT_EQ(log.take(), "");
 }
 
-TEST_F(ViewCommandsTest, ZoomInAtZeroNeverRecentres) {
+TEST_F(ViewCommandsTest, ZoomInAtZeroNeverRecenters) {
   view.viewcx = 3;
   view.viewcy = 2;
   commands.Zoom_In(0, 0);
-  expectCentre(3, 2);
+  expectCenter(3, 2);
   commands.Zoom_In(0, 1);  // not both zero
-  expectCentre(0, 1);
+  expectCenter(0, 1);
 }
 
 TEST_F(ViewCommandsTest, ZoomOutIsUnbounded) {
@@ -185,7 +185,7 @@ TEST_F(ViewCommandsTest, ZoomOutIsUnbounded) {
   EXPECT_EQ(view.viewspan, std::ldexp(4.0F, 100));
   EXPECT_EQ(view.zoomfactor, std::ldexp(1.0F, -100));
   commands.Zoom_out(5, 6);
-  expectCentre(5, 6);
+  expectCenter(5, 6);
 }
 
 TEST_F(ViewCommandsTest, ZoomOutBeyondTheNumbersOverflows) {
@@ -246,21 +246,21 @@ TEST_F(ViewCommandsTest, AWindowLargerThanTheViewIsIgnoredUnlessForced) {
 TEST_F(ViewCommandsTest, ZoomExtentsMayZoomOut) {
   addSegment({1, 8, 0, 0, 20, 10});
   commands.ZoomExtents();
-  expectCentre(10, 5);
+  expectCenter(10, 5);
   EXPECT_FLOAT_EQ(view.viewspan, 8.8F);  // 22 wide in a view of 10
 }
 
 TEST_F(ViewCommandsTest, ZoomExtentsMayZoomIn) {
   addSegment({1, 8, 1, 1, 2, 3});
   commands.ZoomExtents();
-  expectCentre(1.5F, 2);
+  expectCenter(1.5F, 2);
   EXPECT_FLOAT_EQ(view.viewspan, 1.1F);  // 2.2 high in a view of 8
 }
 
 TEST_F(ViewCommandsTest, ZoomExtentsOfAnUprightLineLeavesTheView) {
   addSegment({1, 8, 1, 1, 1, 3});
   commands.ZoomExtents();
-  expectCentre(0, 0);
+  expectCenter(0, 0);
   EXPECT_EQ(log.take(), "");
 }
 
@@ -268,7 +268,7 @@ TEST_F(ViewCommandsTest, TheMenuEntriesLeadToTheirCommands) {
   store.markerx = 1;
   store.markery = 2;
   commands.mnuViewCenter_Click();
-  expectCentre(1, 2);
+  expectCenter(1, 2);
   commands.mnuViewZoomIn_Click();
   EXPECT_EQ(view.viewspan, 2);
   commands.mnuViewZoomOut_Click();
@@ -330,7 +330,7 @@ TEST_F(ZoomWindowByPointer, TheReleaseErasesTheBoxServesEventsAndZooms) {
   commands.releaseZoomBox({0, 0, 5, 4});
   EXPECT_EQ(armed.pending, 0);
   EXPECT_EQ(view.viewspan, 2);
-  expectCentre(2.5F, 2);
+  expectCenter(2.5F, 2);
   const std::vector<std::string> first(log.lines.begin(), log.lines.begin() + 6);
   EXPECT_EQ(first,
             (std::vector<std::string>{"DrawMode 10", "DrawStyle 1", "box (0, 0)-(5, 4) #302010",
@@ -400,14 +400,14 @@ TEST_F(Pan, TheGrabbedPointStaysUnderThePointer) {
   PanDrag drag = commands.beginPan({1, 1});
   // The pointer goes 50 pixels right and 100 up: in the view of that moment to (1.5, 2).
   commands.movePan(drag, {1.5F, 2});
-  expectCentre(-0.5F, -1);
+  expectCenter(-0.5F, -1);
   EXPECT_EQ(surface.toWorld(650, 200), (Point{1, 1}));
   // And 100 pixels right again: the view has moved, so this is (2, 1).
   commands.movePan(drag, {2, 1});
-  expectCentre(-1.5F, -1);
+  expectCenter(-1.5F, -1);
   EXPECT_EQ(surface.toWorld(750, 200), (Point{1, 1}));
   commands.endPan(drag, {1, 1});
-  expectCentre(-1.5F, -1);
+  expectCenter(-1.5F, -1);
 }
 
 TEST_F(Pan, AClickWithoutMovementLeavesTheView) {
@@ -415,14 +415,14 @@ TEST_F(Pan, AClickWithoutMovementLeavesTheView) {
   commands.movePan(drag, {1, 1});
   EXPECT_EQ(log.take(), "");
   commands.endPan(drag, {1, 1});
-  expectCentre(0, 0);
+  expectCenter(0, 0);
 }
 
 TEST_F(Pan, AReleaseFartherOnMovesTheRestOfTheWay) {
   PanDrag drag = commands.beginPan({1, 1});
   commands.movePan(drag, {1.5F, 1});
   commands.endPan(drag, {1.25F, 1});
-  expectCentre(-0.75F, 0);
+  expectCenter(-0.75F, 0);
 }
 
 TEST_F(Pan, ADragStatedInUnitsOfThePressMovesOnce) {
@@ -430,7 +430,7 @@ TEST_F(Pan, ADragStatedInUnitsOfThePressMovesOnce) {
   commands.movePan(drag, commands.inPresentView(drag, {0.5F, 0}));
   commands.movePan(drag, commands.inPresentView(drag, {1, 0}));
   commands.endPan(drag, commands.inPresentView(drag, {1, 0}));
-  expectCentre(-1, 0);
+  expectCenter(-1, 0);
 }
 
 }  // namespace

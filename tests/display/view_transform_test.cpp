@@ -25,7 +25,7 @@ View viewOf(int width, int height) {
   return view;
 }
 
-TEST(VisibleRectangle, LiesRoundTheCentreWithSquareUnits) {
+TEST(VisibleRectangle, LiesRoundTheCenterWithSquareUnits) {
   View view;
   view.viewcx = 1;
   view.viewcy = 2;

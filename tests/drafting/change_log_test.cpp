@@ -350,7 +350,7 @@ const FindCase kFinds[] = {
     {"a circle has a centre", {.type = 5, .x1 = 1, .xc = 2}, {.type = 5, .x1 = 1}, false},
 };
 
-TEST(FindSegment, ComparesTypeEndsAndCentre) {
+TEST(FindSegment, ComparesTypeEndsAndCenter) {
   for (const FindCase& row : kFinds) {
     LoggedDrawing d;
     AddSeg(d.store, row.row, nullptr);
@@ -451,7 +451,7 @@ TEST(UndoStep, PassesOverARecordWhoseRowIsNotFound) {
   EXPECT_EQ(d.log.changecount, 0);
 }
 
-TEST(UndoStep, ComparesAnArcsCentreAtFourPlaces) {
+TEST(UndoStep, ComparesAnArcsCenterAtFourPlaces) {
   LoggedDrawing d;
   d.add({.type = 2, .x0 = 1, .y1 = 1, .xc = 0.00001F});
   d.store.centerx[1] = 0.00003F;
@@ -459,7 +459,7 @@ TEST(UndoStep, ComparesAnArcsCentreAtFourPlaces) {
   EXPECT_EQ(d.store.NumSegments, 0);
 }
 
-TEST(UndoStep, FindsAnArcWhoseCentreASaveHasRounded) {
+TEST(UndoStep, FindsAnArcWhoseCenterASaveHasRounded) {
   LoggedDrawing d;
   d.add({.type = 2, .x0 = 1, .y1 = 1, .xc = 0.000147F, .yc = -0.000153F});
   roundall(d.store);

@@ -27,7 +27,7 @@ SegmentRow arcRow(int type, Point start, Point end, Point center) {
   return {type, kOrdinaryClass, start.x, start.y, end.x, end.y, center.x, center.y};
 }
 
-TEST(AreDuplicates, ComparesKindCentreAndEndsExactly) {
+TEST(AreDuplicates, ComparesKindCenterAndEndsExactly) {
   const SegmentRow quarter = arcRow(kCounterClockwiseArc, {1, 0}, {0, 1}, {0, 0});
   const struct {
     const char* name;
@@ -51,7 +51,7 @@ TEST(AreDuplicates, ComparesKindCentreAndEndsExactly) {
   }
 }
 
-TEST(CountDuplicates, AReversedArcIsOneOnlyWithTheSameCentreAndType) {
+TEST(CountDuplicates, AReversedArcIsOneOnlyWithTheSameCenterAndType) {
   RecordedDesk d;
   d.add(arcRow(kCounterClockwiseArc, {1, 0}, {0, 1}, {0, 0}));
   d.add(arcRow(kClockwiseArc, {0, 1}, {1, 0}, {0, 0}));

@@ -4,11 +4,21 @@
 #include "gtest/gtest.h"
 
 #include "core/drawing_store.h"
+#include "drafting/break_segment.h"
+#include "drafting/change_radius.h"
+#include "drafting/delete_rows.h"
 #include "drafting/entity_creation.h"
+#include "drafting/entity_info.h"
+#include "drafting/fillet.h"
+#include "drafting/flip_arc.h"
+#include "drafting/join_ends.h"
 #include "drafting/measure.h"
+#include "drafting/move_end_points.h"
 #include "drafting/pending_actions.h"
+#include "drafting/remove_vertex.h"
 #include "drafting/repeat_key.h"
 #include "drafting/selection.h"
+#include "drafting/trim.h"
 #include "tests/support/drafting_desk.h"
 
 namespace tess {

@@ -5,9 +5,9 @@
 
 #include "core/drawing_format.h"
 #include "core/drawing_store.h"
-#include "drafting/edit_commands.h"
 #include "drafting/object_snap.h"
 #include "drafting/selection.h"
+#include "drafting/trim.h"
 #include "drafting/undo.h"
 #include "geometry/float_circles.h"
 #include "tests/support/drafting_desk.h"
@@ -174,7 +174,7 @@ TEST(DrawCircleC1P, AddsAClosedClockwiseArcAboutTheMarker) {
   EXPECT_EQ(d.desk.changelog.UndoMark, 1);
 }
 
-TEST(DrawCircleC1P, OnItsCentreAddsNothing) {
+TEST(DrawCircleC1P, OnItsCenterAddsNothing) {
   RecordedDesk d;
   mnuDrawCircleC1P_Click(d.desk);
   draw_Action(d.desk, d.ScreenProxy);
@@ -288,7 +288,7 @@ const ArcCase kArcsC2P[] = {
     {"on the chord: a half circle", {1, 0}, {-1, 0}, {0.5F, 0}, "3 (1, 0)-(-1, 0) c (0, 0)"},
 };
 
-TEST(DrawArcC2P, TakesTheCentreOnTheSideOfTheClick) {
+TEST(DrawArcC2P, TakesTheCenterOnTheSideOfTheClick) {
   for (const ArcCase& row : kArcsC2P) {
     SCOPED_TRACE(row.name);
     RecordedDesk d;
@@ -302,7 +302,7 @@ TEST(DrawArcC2P, TakesTheCentreOnTheSideOfTheClick) {
   }
 }
 
-TEST(DrawArcC2P, BetweenTheEndsTakesTheSecondCentreOnATie) {
+TEST(DrawArcC2P, BetweenTheEndsTakesTheSecondCenterOnATie) {
   RecordedDesk d;
   d.rightClick(1, 0);
   mnuDrawArcC2P_Click(d.desk);
@@ -327,7 +327,7 @@ TEST(ArcPreview, ExchangesItsAnglesForAClockwiseArc) {
   EXPECT_EQ(d.log.take(), "");
 }
 
-TEST(ArcPreview, ExchangesThemOnceMoreForAReversedArcAboutACentre) {
+TEST(ArcPreview, ExchangesThemOnceMoreForAReversedArcAboutACenter) {
   RecordedDesk d;
   d.rightClick(1, 0);
   d.desk.command.marker2x = -1;

@@ -1,4 +1,4 @@
-// Taking rows out of the tables and putting path rows in between.
+// Taking rows out of the tables and putting rows in between.
 #include "drafting/row_edits.h"
 
 #include <utility>
@@ -57,6 +57,27 @@ TEST(DeletePathSegment, MovesLaterRowsDown) {
   EXPECT_EQ(pathTexts(store),
             (Texts{"1 (0, 0)-(2, 0) @100 z -2 f 2", "1 (0, 0)-(3, 0) @100 z -3 f 3"}));
   EXPECT_FALSE(store.drawingsaved);
+}
+
+TEST(InsertSegment, MovesLaterRowsUp) {
+  DrawingStore store = threeRows();
+  EXPECT_TRUE(testing::editing(store, [](Changes& changes) {
+    return insertSegment(changes, 2,
+                         {.type = kClockwiseArc, .attr = 10, .x0 = 5, .x1 = 6, .xc = 5.5F});
+  }));
+  EXPECT_EQ(segmentTexts(store),
+            (Texts{"2 (0, 0)-(1, 0) c (1, -1)", "2 (5, 0)-(6, 0) c (5.5, 0) @10",
+                   "2 (0, 0)-(2, 0) c (2, -2)", "2 (0, 0)-(3, 0) c (3, -3)"}));
+  EXPECT_FALSE(store.drawingsaved);
+}
+
+TEST(InsertSegment, RefusesARowThatEndsWhereItStarts) {
+  DrawingStore store = threeRows();
+  EXPECT_FALSE(testing::editing(store, [](Changes& changes) {
+    return insertSegment(changes, 1, {.type = kLine, .x0 = 5, .y0 = 1, .x1 = 5, .y1 = 1});
+  }));
+  EXPECT_EQ(store.NumSegments, 3);
+  EXPECT_TRUE(store.drawingsaved);
 }
 
 TEST(InsertPathSegment, PutsARowOfTheCurrentGroupInFront) {

@@ -1,5 +1,5 @@
 // The table of arcs: all quadrants, both senses, open, closed and half circles, on the unit circle.
-// Owns: ArcCase, kArcCases, arcOf, onUnitCircle.
+// Owns: ArcCase, kDiagonal, onUnitCircle, arcOf, kD, kArcCases.
 #pragma once
 
 #include <cmath>

@@ -146,7 +146,7 @@ TEST(CrossingIndex, KnowsCrossingsThatTheHalvedInterceptInvents) {
   EXPECT_EQ(candidates, (std::vector<int>{2}));
 }
 
-TEST(CrossingIndex, KnowsCrossingsOfNearCentresAtTheSameHeight) {
+TEST(CrossingIndex, KnowsCrossingsOfNearCentersAtTheSameHeight) {
   // Less than a tenth apart the radical line, truly at x = 0.0475, is taken at x = 0.095.
   const std::vector<Entity> arcs{closedArc({0.09F, 0}, 0.02F), closedArc({0.005F, 0}, 0.02F)};
   ASSERT_TRUE(cross(arcs[0], arcs[1], /*tolerence=*/0));

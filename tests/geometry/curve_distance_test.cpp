@@ -48,10 +48,10 @@ TEST(CurveDistance, NearestPointOfAnArc) {
     SCOPED_TRACE(c.name);
     for (const Curve& curve : {arc, reversed(arc)}) {
       const CurvePlace place = nearestOn(curve, c.from);
-      const bool ofCentre = c.from == arc.center;
+      const bool ofCenter = c.from == arc.center;
       EXPECT_NEAR(place.distance, c.distance, kFine);
-      EXPECT_NEAR(place.at.x, ofCentre ? curve.start.x : c.at.x, kFine);
-      EXPECT_NEAR(place.at.y, ofCentre ? curve.start.y : c.at.y, kFine);
+      EXPECT_NEAR(place.at.x, ofCenter ? curve.start.x : c.at.x, kFine);
+      EXPECT_NEAR(place.at.y, ofCenter ? curve.start.y : c.at.y, kFine);
     }
   }
 }

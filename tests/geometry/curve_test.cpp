@@ -178,7 +178,7 @@ TEST(Curve, HalfCircleABitTooLongIsAsGood) {
   EXPECT_FALSE(isBeside(arc, {0, 1}));
 }
 
-TEST(Curve, CentreGoesWhereBothEndsAreAsFar) {
+TEST(Curve, CenterGoesWhereBothEndsAreAsFar) {
   expectNear(evenCenter({0, 0}, {2, 0}, {1.25, 3}), {1, 3});
   const Curve arc = arcCurve({1, 0}, {0, 1.001}, {0, 0}, 1);
   EXPECT_EQ(arc.start, (PlanePoint{1, 0}));

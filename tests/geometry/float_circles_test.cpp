@@ -16,7 +16,7 @@ void expectNear(Point actual, Point expected, double tolerance = 1e-5) {
   EXPECT_NEAR(actual.y, expected.y, tolerance);
 }
 
-TEST(CircleFrom3Points, FindsTheCentre) {
+TEST(CircleFrom3Points, FindsTheCenter) {
   expectNear(circleFrom3Points({5, 2}, {2, 5}, {-1, 2}, kTolerence).value(), {2, 2});
 }
 
@@ -58,11 +58,11 @@ TEST(PerpBisector, VerticalAndHorizontalChordsUseTheStandIn) {
   EXPECT_DOUBLE_EQ(perpBisector({0, 1}, {2, 1}).slope, -1e6);
 }
 
-TEST(CentersFromChord, EqualYPutsTheCentresAboveAndBelow) {
+TEST(CentersFromChord, EqualYPutsTheCentersAboveAndBelow) {
   EXPECT_EQ(centersFromChord({0, 1}, {6, 1}, 5), (PointPair{{3, 5}, {3, -3}}));
 }
 
-TEST(CentersFromChord, EqualXPutsTheCentresRightAndLeft) {
+TEST(CentersFromChord, EqualXPutsTheCentersRightAndLeft) {
   EXPECT_EQ(centersFromChord({1, 0}, {1, 6}, 5), (PointPair{{5, 3}, {-3, 3}}));
 }
 
@@ -251,7 +251,7 @@ RC_GTEST_PROP(CirclesProperty, HitsLieOnTheCircleAndOnTheLine, ()) {
   }
 }
 
-RC_GTEST_PROP(CirclesProperty, CentresAreARadiusFromBothPoints, ()) {
+RC_GTEST_PROP(CirclesProperty, CentersAreARadiusFromBothPoints, ()) {
   const Point p1{drawnNumber(-500, 500), drawnNumber(-500, 500)};
   const Point p2{drawnNumber(-500, 500), drawnNumber(-500, 500)};
   const float radius = distance(p1, p2) / 2 + drawnNumber(1, 500);

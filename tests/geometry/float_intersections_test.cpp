@@ -183,12 +183,12 @@ void expectBoth(const Crossing& crossing, Point first, Point second) {
   expectNear(crossing.at.second, second);
 }
 
-TEST(IntersectArcs, CentresAboveOneAnother) {
+TEST(IntersectArcs, CentersAboveOneAnother) {
   expectBoth(intersectArcs(closedArc({0, 0}, 5), closedArc({0, 8}, 5), kTolerence), {3, 4},
              {-3, 4});
 }
 
-TEST(IntersectArcs, CentresOnASlant) {
+TEST(IntersectArcs, CentersOnASlant) {
   expectBoth(intersectArcs(closedArc({0, 0}, 1), closedArc({1, 1}, 1), kTolerence), {1, 0}, {0, 1});
 }
 
@@ -197,7 +197,7 @@ TEST(IntersectArcs, ApartOrWithoutRadiusIsAMissOfOneKind) {
   expectMiss(intersectArcs(closedArc({0, 0}, 0), closedArc({0, 0}, 1), kTolerence), Miss::Apart);
 }
 
-TEST(IntersectArcs, EqualYOfTheCentresGoesByTheHalvedIntercept) {
+TEST(IntersectArcs, EqualYOfTheCentersGoesByTheHalvedIntercept) {
   expectBoth(intersectArcs(closedArc({0, 2}, 1), closedArc({1, 2}, 1), kTolerence),
              {0.5F, 2.8660254F}, {0.5F, 1.1339746F});
 }

@@ -216,7 +216,7 @@ RC_GTEST_PROP(NearestProperty, OnALineTheAnswerLiesInItsBox, ()) {
   RC_ASSERT(nearest.y >= std::min(start.y, end.y) && nearest.y <= std::max(start.y, end.y));
 }
 
-RC_GTEST_PROP(NearestProperty, OnACircleTheAnswerIsARadiusFromTheCentre, ()) {
+RC_GTEST_PROP(NearestProperty, OnACircleTheAnswerIsARadiusFromTheCenter, ()) {
   const Point center = drawnPoint();
   const Point on = drawnPoint();
   const Point at = drawnPoint();

@@ -69,7 +69,7 @@ TEST(EntityBox, OtherKinds) {
   EXPECT_EQ(entityBox({81, {3, 1}, {3, 1}, {}}), boxOf({3, 1}, {3, 1}));
 }
 
-TEST(MagnitudeOf, TakesInCentresAndRadiiOfRoundKinds) {
+TEST(MagnitudeOf, TakesInCentersAndRadiiOfRoundKinds) {
   EXPECT_EQ(magnitudeOf(lineEntity({3, -7}, {2, 5})), 7);
   EXPECT_EQ(magnitudeOf({kLine, {3, -7}, {2, 5}, {100, 0}}), 7);
   EXPECT_EQ(magnitudeOf({kClockwiseArc, {1, 0}, {0, 1}, {0, -9}}), 10);

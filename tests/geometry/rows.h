@@ -1,5 +1,5 @@
 // Short ways to put rows into a store, and properties that draw the same cases every time.
-// Owns: addSegment, addPath, storeWith, kFixedSeed.
+// Owns: kFixedSeed, kTolerence, addSegment, addPath, storeWith.
 #pragma once
 
 #include <cstdlib>

@@ -1,6 +1,7 @@
 // Random drawings on which an index is held against a plain pass: many ties, null rows, arcs of
 // every kind, and coordinates from dense to far out. One seed gives one scene on every machine.
-// Owns: Scene, Dice, kSceneKinds, sceneOf, queryPoint.
+// Owns: Dice, SceneKind, kSceneKinds, Scene, scenePoint, nearby, alignedCenter, arcAbout,
+//       sceneEntity, sceneOf, queryPoint.
 #pragma once
 
 #include <cmath>

@@ -121,7 +121,7 @@ TEST_F(AxisSplit, ARoundedRectangleKeepsItsRows) {
 }
 
 // From a little below the axis up to it: no place to cut.
-TEST_F(AxisSplit, AnArcThatEndsAtTheAxisGetsItsCentreMovedOnly) {
+TEST_F(AxisSplit, AnArcThatEndsAtTheAxisGetsItsCenterMovedOnly) {
   convert("0 ARC, 10 -100000, 20 0, 40 100000, 50 359.9, 51 360");
   ASSERT_EQ(store.NumSegments, 1);
   expectExtents(-0.16, -174.53, 0, 0, 0.2);
@@ -130,7 +130,7 @@ TEST_F(AxisSplit, AnArcThatEndsAtTheAxisGetsItsCentreMovedOnly) {
   EXPECT_LT(store.centery[1], 0.2F);
 }
 
-TEST_F(AxisSplit, AnArcThatHardlyPassesTheAxisGetsItsCentreMovedOnly) {
+TEST_F(AxisSplit, AnArcThatHardlyPassesTheAxisGetsItsCenterMovedOnly) {
   // Radius 1000; its ends are 20 below and 0.0002 above the axis, and the other way round.
   convert("0 ARC, 10 0, 20 0, 40 1000, 50 358.854, 51 0.00001");
   EXPECT_EQ(store.NumSegments, 1);

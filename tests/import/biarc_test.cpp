@@ -227,14 +227,14 @@ class Waves : public PlaneCurve {
 TEST(Biarcs, StopAtTheMostRows) {
   std::vector<DxfRow> rows;
   EXPECT_FALSE(appendBiarcs(Waves(1e6), kTolerance, rows));
-  EXPECT_GE(rows.size(), kMostExactRows);
-  EXPECT_LE(rows.size(), kMostExactRows + 4);
+  EXPECT_GE(rows.size(), kMaxExactRows);
+  EXPECT_LE(rows.size(), kMaxExactRows + 4);
 }
 
 TEST(Biarcs, WildCurveComesToAnEnd) {
   const std::vector<Curve> curves = fitted(Waves(1e12));
   EXPECT_TRUE(isChain(curves));
-  EXPECT_LE(curves.size(), kMostExactRows + 4);
+  EXPECT_LE(curves.size(), kMaxExactRows + 4);
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 // DXF files for tests, written as short lines of groups and given as text or in either binary form.
-// Owns: groupLines, entitySection, inTextForm, BinaryForm, inBinaryForm.
+// Owns: GroupLine, groupLines, entitySection, inTextForm, BinaryForm, appendBytes,
+//       appendBinaryCode, appendBinaryValue, inBinaryForm.
 #pragma once
 
 #include <cstdint>

@@ -1,5 +1,5 @@
 // An exact conversion for tests: entities and blocks as short lines of groups in, drawing rows out.
-// Owns: ExactImport, polylineText.
+// Owns: VertexText, polylineText, ExactImport.
 #pragma once
 
 #include <string>

@@ -72,7 +72,7 @@ TEST_F(FlatArcs, AVeryLongFlatArcIsARowOfLines) {
 }
 
 // A nearly straight spline: its arcs had radii of millions.
-TEST_F(FlatArcs, ANearlyStraightSplineHasNoFarCentres) {
+TEST_F(FlatArcs, ANearlyStraightSplineHasNoFarCenters) {
   convert(
       "0 SPLINE, 70 8, 71 3, 40 0, 40 0, 40 0, 40 0, 40 1, 40 2, 40 2, 40 2, 40 2, 10 0, 20 0, "
       "10 60, 20 0.002, 10 150, 20 -0.001, 10 240, 20 0.004, 10 300, 20 0");

@@ -160,7 +160,7 @@ TEST_F(Import, ArcsRunCounterClockwiseFromTheirStartInEveryQuadrant) {
   }
 }
 
-TEST_F(Import, ACircleOfNoRadiusStartsAtItsCentre) {
+TEST_F(Import, ACircleOfNoRadiusStartsAtItsCenter) {
   EXPECT_EQ(import("0 CIRCLE, 10 1, 20 2, 40 0"), Texts{"2 (1, 2)-(1, 2) c (1, 2)"});
 }
 

@@ -7,14 +7,16 @@ Usage: from_outside_test.py PROGRAM [FOLDER FOR SCREENSHOTS]
 import subprocess
 import sys
 import unittest
+from collections.abc import Callable
 from pathlib import Path
 
 sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "support"))
 
-from virtual_display import VirtualDisplay, wait_until_idle  # noqa: E402
+from virtual_display import PATIENCE, VirtualDisplay, wait_until  # noqa: E402
 
 PROGRAM = ""
 SCREENSHOTS: Path | None = None
+TITLE = "Tessimo Mill - Version"
 SETTLED = 0.45  # seconds: longer than the surface or a menu keeps the pointer out
 EMPTY = "save(arg[1])\n"
 ROWS = """\
@@ -32,7 +34,6 @@ class FromOutside(unittest.TestCase):
         self.drawing = str(self.work / "part.cdm")
         self.run_script(EMPTY)
         self.start()
-        self.addCleanup(self.stop)
 
     def run_script(self, text: str) -> str:
         script = self.work / "script.lua"
@@ -42,18 +43,28 @@ class FromOutside(unittest.TestCase):
 
     def start(self) -> None:
         self.program = subprocess.Popen([PROGRAM, self.drawing], env=self.display.environment)
-        self.window = self.display.tool("search", "--sync", "--onlyvisible", "--name",
-                                        "^Tessimo Mill - Version").split()[0]
-        self.display.tool("windowactivate", "--sync", self.window)
+        self.addCleanup(self.stop, self.program)
+        self.wait_for(lambda: self.display.windows(TITLE) != [], "the window is there")
+        self.window = self.display.windows(TITLE)[0]
+        self.display.activate(self.window)
         self.settle()
 
-    def stop(self) -> None:
-        if self.program.poll() is None:
-            self.program.kill()
-        self.program.wait()
+    def stop(self, program: subprocess.Popen[bytes]) -> None:
+        program.kill()
+        program.wait()
+
+    def wait_for(self, holds: Callable[[], bool], what: str) -> None:
+        def holds_while_it_runs() -> bool:
+            self.assertIsNone(self.program.poll(), "the program has ended")
+            return holds()
+        wait_until(holds_while_it_runs, what)
+
+    def windows(self) -> int:
+        """How many windows the program shows; an open menu is one."""
+        return len(self.display.answer("search", "--onlyvisible", "--class", "tessimo").split())
 
     def settle(self) -> None:
-        wait_until_idle(self.program.pid, SETTLED)
+        self.display.settle(self.program.pid, SETTLED)
 
     def act(self, *arguments: str) -> None:
         self.display.tool(*arguments)
@@ -62,9 +73,24 @@ class FromOutside(unittest.TestCase):
     def key(self, name: str) -> None:
         self.act("key", name)
 
-    def menu(self, title: str, entry: str) -> None:
+    def open_menu(self, title: str) -> None:
         self.key(f"alt+{title}")
+        self.wait_for(lambda: self.windows() > 1, "the menu is open")
+
+    def menu(self, title: str, entry: str) -> None:
+        self.open_menu(title)
         self.key(entry)
+        self.wait_for(lambda: self.windows() == 1, "the menu is closed")
+        self.settle()
+
+    def exit(self) -> None:
+        self.open_menu("f")
+        self.display.tool("key", "x")
+        self.assertEqual(self.program.wait(timeout=PATIENCE), 0)
+
+    def is_saved(self) -> bool:
+        """What is not saved has a journal; it goes when the files are written."""
+        return not any(self.work.glob(".local/share/tessimo/Unsaved/*"))
 
     def to(self, x: int, y: int) -> tuple[str, ...]:
         return "mousemove", "--window", self.window, str(x), str(y)
@@ -81,7 +107,9 @@ class FromOutside(unittest.TestCase):
         self.act("mouseup", "3", "keyup", "shift")
 
     def saved_rows(self) -> list[Row]:
+        self.wait_for(lambda: not self.is_saved(), "there is something to save")
         self.menu("f", "s")
+        self.wait_for(self.is_saved, "the drawing is saved")
         lines = self.run_script(ROWS).splitlines()
         return [tuple(float(word) for word in line.split()) for line in lines]
 
@@ -117,16 +145,14 @@ class FromOutside(unittest.TestCase):
         self.menu("e", "r")
         self.assertEqual(self.saved_rows(), drawn)
 
-        self.menu("f", "x")
-        self.assertEqual(self.program.wait(timeout=60), 0)
+        self.exit()
         self.start()
         self.key("l")
         self.click(500, 500)
         again = self.saved_rows()
         self.assertEqual(again[:5], drawn)
         self.assertEqual(len(again), 6)
-        self.menu("f", "x")
-        self.assertEqual(self.program.wait(timeout=60), 0)
+        self.exit()
 
 
 if __name__ == "__main__":

@@ -69,7 +69,7 @@ class PropertiesPanel : public ::testing::TestWithParam<bool> {
     return *found;
   }
   QLineEdit& value() { return part<QLineEdit>("txtValue"); }
-  frmProperties& form() { return program->application().interaction.frmProperties; }
+  frmProperties& form() { return program->application().interaction.properties; }
   DrawingStore& store() { return program->application().store; }
 
   void click(int row, bool onValue) {

@@ -37,9 +37,9 @@ TEST(SteppedArc, WhatIsVisibleIsTheSameAsStepByStep) {
     const double radius = std::pow(10.0, exponent(random));
     const double towards = angle(random);
     const QPointF on(place(random), place(random));
-    const QPointF centre = on - radius * QPointF(std::cos(towards), -std::sin(towards));
+    const QPointF center = on - radius * QPointF(std::cos(towards), -std::sin(towards));
     const double flat = round % 3 == 0 ? 0.3 : 1;
-    const SteppedArc arc(centre, {radius, flat * radius}, angle(random), angle(random));
+    const SteppedArc arc(center, {radius, flat * radius}, angle(random), angle(random));
     const std::vector<QPolygonF> plain = plainRuns(allPoints(arc), kPicture);
     EXPECT_EQ(visibleRuns(arc, kPicture), plain) << round;
     if (!plain.empty()) ++seen;

@@ -15,6 +15,7 @@
 #include "shell/frmRestore.h"
 #include "shell/recovery.h"
 #include "tests/geometry/scenes.h"
+#include "tests/support/full_disk.h"
 #include "tests/support/running_program.h"
 #include "tests/support/temp_folder.h"
 
@@ -145,6 +146,25 @@ TEST(EditJournal, AFolderThatCannotBeWrittenToIsToldOnceAndDoesNotHinder) {
       << program.platform.prompts.messages[0].text;
 }
 
+// A folder that was full for a while: the journal that was given up goes with the save, and the
+// next change has one again.
+TEST(EditJournal, IsTriedAgainBehindASave) {
+  JournalledProgram program;
+  program.drawLine({0, 0}, {2, 0});
+  {
+    const testing::FullDisk disk(10);
+    program.click({2, 1});
+  }
+  ASSERT_EQ(program.platform.prompts.messages.size(), 1U);
+  EXPECT_EQ(program.recorded().NumSegments, 1) << "what was written stays";
+  program.click({0, 1});
+  EXPECT_EQ(program.platform.prompts.messages.size(), 1U) << "told once";
+  program.saveAs("part.cdm");
+  EXPECT_TRUE(program.journals().empty());
+  program.drawLine({0, 0}, {3, 3});
+  expectSame(program.recorded(), program.application.store);
+}
+
 // ---- Finding and restoring. A journal counts as abandoned once nobody holds its lock.
 
 // Leaves in `home` what a killed program would.
@@ -189,10 +209,13 @@ TEST(Restore, OffersAndBringsBackRowsNameAndSettings) {
   EXPECT_EQ(store.designername, "Ada");
   EXPECT_FALSE(store.drawingsaved);
   EXPECT_FALSE(program.desk().changes.log.canUndo());
-  // The journal of this run holds it now, and that of the other one is gone.
+  // The journal of this run holds it now, in place of that of the other one.
   const auto files = listFolder(program.home("Unsaved")).files;
   ASSERT_EQ(files.size(), 1U);
-  EXPECT_NE(files[0], "1-1.record");
+  EXPECT_TRUE(findUnsavedWork(program.application.session).empty());
+  DrawingStore recorded;
+  readRecord(readFile(program.home("Unsaved/" + files[0])), recorded);
+  expectSame(recorded, store);
 }
 
 TEST(Restore, LaterKeepsItAndDiscardRemovesIt) {

@@ -48,7 +48,7 @@ class Properties : public ::testing::Test, public RunningProgram {
     return row == nullptr ? "(none)" : row->Value;
   }
 
-  frmProperties& form = application.interaction.frmProperties;
+  frmProperties& form = application.interaction.properties;
   DrawingStore& store = application.store;
 };
 

@@ -1,7 +1,8 @@
 // Lines and arcs of the plane in 64 bits, for checks of the tool paths. Nothing here is shared with
 // the routines that make the paths.
-// Owns: Vec, Curve, Loop, lineCurve, arcCurve, circleCurve, curveOf, pointOn, lengthOf,
-//       nearestOn, distanceBetween, windingNumber, encloses, arcMismatch.
+// Owns: Vec, dot, cross, lengthOf, leftOf, onCircle, kFullTurn, Curve, Loop, lineCurve, arcCurve,
+//       circleCurve, curveOf, pointOn, nearestOn, distanceBetween, windingNumber, encloses,
+//       arcMismatch.
 #pragma once
 
 #include <cmath>

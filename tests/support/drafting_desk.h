@@ -1,7 +1,6 @@
 // A drafting desk on a screen of any kind, worked by lists of pointer events: the fixture of tests
 // of the interaction.
-// Owns: HeldSurface, DraftingDesk, RecordedDesk, segmentText, segmentTexts, pathText,
-//       pathTexts.
+// Owns: HeldSurface, DraftingDesk, RecordedDesk, segmentText, segmentTexts, pathText, pathTexts.
 #pragma once
 
 #include <string>

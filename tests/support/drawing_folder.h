@@ -1,6 +1,6 @@
 // A session with a folder of drawings: rows to save, files to look at, and other sessions on the
 // same files, as other starts of the program have them.
-// Owns: DrawingFolder, OtherStart.
+// Owns: OtherStart, DrawingFolder.
 #pragma once
 
 #include <algorithm>

@@ -1,6 +1,7 @@
 // Points of DXF entities by the plain formulas of the format: what the exact conversion is held
 // against. Nothing here is shared with the conversion.
-// Owns: splinePoint, samplesOf.
+// Owns: splineBasis, splinePoint, splineSamples, bulgeSamples, polylineSamples, ellipseSamples,
+//       circleSamples, samplesOf.
 #pragma once
 
 #include <cmath>

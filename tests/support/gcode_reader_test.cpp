@@ -88,7 +88,7 @@ TEST(ReadProgram, LettersAreThoseOfTheDialect) {
 }
 
 // From (3, 1) to (2, 2), each way about one of the two centres that a radius of 1 allows.
-TEST(ReadProgram, FindsTheCentreOfAnArcInEveryForm) {
+TEST(ReadProgram, FindsTheCenterOfAnArcInEveryForm) {
   const GcodeDialect offset{};
   const GcodeDialect absolute{.absoluteCenters = true};
   const struct {
@@ -262,7 +262,7 @@ TEST_F(ReadBack, EveryKeyOfADefinitionIsUnderstood) {
 
 // A trap of the rules: among radius words a full circle has its centre as a distance from the
 // start, also where the definition promises coordinates. A control then turns about another place.
-TEST_F(ReadBack, AFullCircleAmongRadiusWordsIsMisreadWithAbsoluteCentres) {
+TEST_F(ReadBack, AFullCircleAmongRadiusWordsIsMisreadWithAbsoluteCenters) {
   store.userparamforarcs = true;
   useShipped("mill_inch.msx", "ABSCENTER,Y\r\n");
   place(arcRow(kCounterClockwiseArc, {3, 1}, {3, 1}, {2, 1.5F}, -0.1F, 10));

@@ -160,6 +160,18 @@ bool counts(Interruption how, long call) {
   return false;
 }
 
+// To the begin of the call of that number, among those that count. False when the process comes to
+// its end before.
+bool goesOnTo(WatchedProcess& process, int call, Interruption how) {
+  int reached = 0;
+  while (const std::optional<long> begun = process.nextCall()) {
+    if (*begun == SYS_exit_group) return false;
+    if (counts(how, *begun) && ++reached == call) return true;
+    process.pretendToFlush(*begun);
+  }
+  return false;
+}
+
 void strike(WatchedProcess& process, Interruption how) {
   switch (how) {
     case Interruption::Killed:
@@ -181,16 +193,18 @@ void strike(WatchedProcess& process, Interruption how) {
 
 bool interruptedAt(int call, Interruption how, const std::function<void()>& work) {
   WatchedProcess process(work);
-  int reached = 0;
-  while (const std::optional<long> begun = process.nextCall()) {
-    if (*begun == SYS_exit_group) return false;
-    if (counts(how, *begun) && ++reached == call) {
-      strike(process, how);
-      return true;
-    }
-    process.pretendToFlush(*begun);
-  }
-  return false;
+  if (!goesOnTo(process, call, how)) return false;
+  strike(process, how);
+  return true;
+}
+
+bool interleavedAt(int call, const std::function<void()>& meanwhile,
+                   const std::function<void()>& work) {
+  WatchedProcess process(work);
+  if (!goesOnTo(process, call, Interruption::Killed)) return false;
+  meanwhile();
+  process.finish();
+  return true;
 }
 
 int pointsWithin(Interruption how, const InterruptedWork& interrupted) {

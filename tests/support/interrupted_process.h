@@ -1,6 +1,6 @@
 // Runs a piece of work in a process of its own and strikes at one of its system calls: the process
-// dies there, dies in the middle of a write, or the call fails.
-// Owns: Interruption, interruptedAt, pointsWithin.
+// dies there, dies in the middle of a write, the call fails, or the test does something first.
+// Owns: Interruption, interruptedAt, interleavedAt, InterruptedWork, pointsWithin.
 #pragma once
 
 #include <functional>
@@ -18,6 +18,11 @@ enum class Interruption {
 // before it came to that call. What the work throws ends it. Raises std::runtime_error when the
 // process cannot be watched.
 bool interruptedAt(int call, Interruption how, const std::function<void()>& work);
+
+// Runs `work`, and `meanwhile` in this process just before the call number `call`, from 1. False
+// when the work ended before it came to that call.
+bool interleavedAt(int call, const std::function<void()>& meanwhile,
+                   const std::function<void()>& work);
 
 struct InterruptedWork {
   std::function<void()> prepare;  // before each attempt, in this process

@@ -79,5 +79,22 @@ TEST(InterruptedProcess, WorkThatThrowsHasEnded) {
   EXPECT_FALSE(interruptedAt(1000, Interruption::Killed, [] { throw std::runtime_error("over"); }));
 }
 
+TEST(InterleavedProcess, MeetsWhatTheTestDoesBetweenAnyTwoOfItsCalls) {
+  const TempFolder folder;
+  std::vector<std::string> seen;
+  for (int call = 1;; ++call) {
+    ::unlink(folder("f").c_str());
+    ::unlink(folder("f again").c_str());
+    const auto meanwhile = [&] { folder.write("f", "from outside"); };
+    if (!testing::interleavedAt(call, meanwhile, [&] { leaveTraces(folder("f")); })) break;
+    seen.push_back(folder.read("f"));
+  }
+  ASSERT_GE(seen.size(), 3U);
+  // Before it is created: it cannot be. Before the write: that goes over it. Before the second
+  // name: it is written already.
+  seen.erase(std::unique(seen.begin(), seen.end()), seen.end());
+  EXPECT_THAT(seen, ElementsAre("from outside", "12345678side", "from outside"));
+}
+
 }  // namespace
 }  // namespace tess

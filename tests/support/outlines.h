@@ -1,5 +1,6 @@
 // Closed outlines of any number of rows: what tests and benchmarks of the tool paths go round.
-// Owns: OutlineKind, StarShape, wavyStar, starWithIslands, addOutline, selectRows.
+// Owns: OutlineKind, StarShape, kStarRowLength, kStarRowsPerWave, starRadius, wavyStar,
+//       starWithIslands, addOutline, selectRows.
 #pragma once
 
 #include <algorithm>

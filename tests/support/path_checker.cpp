@@ -154,8 +154,8 @@ class Raster {
         cell_(cell),
         columns_(cellsFor(bounds.high.x - bounds.low.x)),
         rows_(cellsFor(bounds.high.y - bounds.low.y)) {
-    constexpr std::int64_t kMostCells = 20'000'000;
-    if (std::int64_t{columns_} * rows_ > kMostCells)
+    constexpr std::int64_t kMaxCells = 20'000'000;
+    if (std::int64_t{columns_} * rows_ > kMaxCells)
       throw std::invalid_argument("the pocket has too many cells for a raster of this tool");
   }
 
@@ -319,9 +319,9 @@ Marks reachableCells(const PartShape& part, const Raster& raster, double radius)
   return reachable;
 }
 
-double distanceToWay(const std::vector<Curve>& way, Vec at) {
+double distanceToPath(const std::vector<Curve>& path, Vec at) {
   double least = kInfinity;
-  for (const Curve& curve : way) least = std::min(least, distanceBetween(curve, at));
+  for (const Curve& curve : path) least = std::min(least, distanceBetween(curve, at));
   return least;
 }
 
@@ -334,18 +334,18 @@ PartShape partOf(const std::vector<SegmentRow>& pocket,
   return part;
 }
 
-std::vector<Curve> toolWay(const DrawingStore& store, int first, int last) {
-  std::vector<Curve> way;
+std::vector<Curve> toolPath(const DrawingStore& store, int first, int last) {
+  std::vector<Curve> path;
   for (int ps = first; ps <= last; ++ps) {
     const PathRow row = pathRow(store, ps);
     const bool feeds = row.type == kLine || isArc(row.type);
-    if (feeds && row.z != kLatheRapidZ) way.push_back(curveOf(row));
+    if (feeds && row.z != kLatheRapidZ) path.push_back(curveOf(row));
   }
-  return way;
+  return path;
 }
 
-std::vector<Curve> toolWay(const DrawingStore& store) {
-  return toolWay(store, 1, store.NumPathSegments);
+std::vector<Curve> toolPath(const DrawingStore& store) {
+  return toolPath(store, 1, store.NumPathSegments);
 }
 
 bool isAllowed(const PartShape& part, Vec point) {
@@ -359,12 +359,13 @@ double clearance(const PartShape& part, Vec point) {
   return isAllowed(part, point) ? distance : -distance;
 }
 
-Gouge deepestGouge(const PartShape& part, const std::vector<Curve>& way, double toolRadius) {
+Gouge deepestGouge(const PartShape& part, const std::vector<Curve>& path, double toolRadius) {
   Gouge worst{-kInfinity, -1, {}};
-  for (std::size_t k = 0; k < way.size(); ++k) {
-    const auto lowest = lowestBelow(toolRadius - worst.depth, part, way[k]);
+  for (std::size_t k = 0; k < path.size(); ++k) {
+    const auto lowest = lowestBelow(toolRadius - worst.depth, part, path[k]);
     if (lowest) {
-      worst = {toolRadius - lowest->clearance, static_cast<int>(k), pointOn(way[k], lowest->share)};
+      worst = {toolRadius - lowest->clearance, static_cast<int>(k),
+               pointOn(path[k], lowest->share)};
     }
   }
   return worst;
@@ -399,10 +400,10 @@ double ReachableArea::area() const {
   return static_cast<double>(count) * cells_->raster.cell() * cells_->raster.cell();
 }
 
-Coverage ReachableArea::coverageOf(const std::vector<Curve>& way) const {
+Coverage ReachableArea::coverageOf(const std::vector<Curve>& path) const {
   const auto& [radius, raster, reachable] = *cells_;
   Marks cut(raster.cells());
-  for (const Curve& curve : way) sweep(raster, curve, radius + kTouching, cut);
+  for (const Curve& curve : path) sweep(raster, curve, radius + kTouching, cut);
   Coverage coverage;
   int cells = 0;
   raster.forEachCell([&](int column, int row) {
@@ -413,7 +414,7 @@ Coverage ReachableArea::coverageOf(const std::vector<Curve>& way) const {
       return;
     }
     const Vec place = raster.middle(column, row);
-    const double rest = distanceToWay(way, place) - radius;
+    const double rest = distanceToPath(path, place) - radius;
     if (rest > coverage.rest) coverage.rest = rest, coverage.restPlace = place;
   });
   coverage.reachable = area();

@@ -1,7 +1,7 @@
 // Is the part right? A round tool is swept along path rows, independently of the routines that
 // place them: how deep it enters what must stay, and how much it leaves of what it could reach.
-// Owns: PartShape, partOf, toolWay, isAllowed, clearance, Gouge, deepestGouge, Coverage,
-//       ReachableArea, toolRooms.
+// Owns: PartShape, partOf, toolPath, isAllowed, clearance, Gouge, kSearchStep, deepestGouge,
+//       Coverage, ReachableArea, toolRooms.
 #pragma once
 
 #include <memory>
@@ -23,8 +23,8 @@ PartShape partOf(const std::vector<SegmentRow>& pocket,
                  const std::vector<std::vector<SegmentRow>>& islands = {});
 
 // The feed moves among the path rows `first` to `last`: no rapids and no machine cycles.
-std::vector<Curve> toolWay(const DrawingStore& store, int first, int last);
-std::vector<Curve> toolWay(const DrawingStore& store);
+std::vector<Curve> toolPath(const DrawingStore& store, int first, int last);
+std::vector<Curve> toolPath(const DrawingStore& store);
 
 // True inside the pocket and outside of its islands.
 bool isAllowed(const PartShape& part, Vec point);
@@ -43,7 +43,7 @@ struct Gouge {
 // Exact up to rounding while the centre stays where it may be; beyond that, a place deeper by less
 // than kSearchStep may stay unseen.
 inline constexpr double kSearchStep = 1e-3;
-Gouge deepestGouge(const PartShape& part, const std::vector<Curve>& way, double toolRadius);
+Gouge deepestGouge(const PartShape& part, const std::vector<Curve>& path, double toolRadius);
 
 // What a way leaves.
 struct Coverage {
@@ -61,7 +61,7 @@ class ReachableArea {
   ReachableArea(const PartShape& part, double toolRadius, int cellsPerRadius = 10);
 
   double area() const;
-  Coverage coverageOf(const std::vector<Curve>& way) const;
+  Coverage coverageOf(const std::vector<Curve>& path) const;
 
  private:
   struct Cells;

@@ -47,8 +47,8 @@ TEST(DeepestGouge, ARingInASquareIsInByWhatItsInsetLacks) {
 }
 
 TEST(DeepestGouge, TellsRowAndPlace) {
-  const std::vector<Curve> way = linesThrough({{1, 1}, {3, 1}, {3.75, 2}, {1, 3}});
-  const Gouge gouge = deepestGouge(kSquare, way, kRadius);
+  const std::vector<Curve> path = linesThrough({{1, 1}, {3, 1}, {3.75, 2}, {1, 3}});
+  const Gouge gouge = deepestGouge(kSquare, path, kRadius);
   EXPECT_NEAR(gouge.depth, 0.25, 1e-9);
   EXPECT_EQ(gouge.curve, 1);
   EXPECT_NEAR(gouge.place.x, 3.75, 1e-6);
@@ -61,7 +61,7 @@ TEST(DeepestGouge, WithoutRowsThereIsNone) {
   EXPECT_LT(gouge.depth, 0);
 }
 
-TEST(DeepestGouge, ACentreBeyondTheWallIsInByMoreThanTheRadius) {
+TEST(DeepestGouge, ACenterBeyondTheWallIsInByMoreThanTheRadius) {
   const Gouge gouge = deepestGouge(kSquare, linesThrough({{2, 2}, {2, 5}}), kRadius);
   EXPECT_NEAR(gouge.depth, kRadius + 1, 1e-9);
   EXPECT_NEAR(gouge.place.y, 5, 1e-6);
@@ -83,22 +83,22 @@ TEST(DeepestGouge, AWayThroughAnIslandIsDeepestInItsMiddle) {
 
 TEST(DeepestGouge, AnIslandIsClearedByTheRadius) {
   const PartShape part{kSquare.pocket, {box({1.5, 1.5}, {2.5, 2.5})}};
-  std::vector<Curve> way = box({1, 1}, {3, 3});
-  EXPECT_NEAR(deepestGouge(part, way, kRadius).depth, 0, 1e-12);
+  std::vector<Curve> path = box({1, 1}, {3, 3});
+  EXPECT_NEAR(deepestGouge(part, path, kRadius).depth, 0, 1e-12);
   // Its corners stand square: a ring of arcs about them is as near.
-  way = {lineCurve({1.5, 1}, {2.5, 1}), arcCurve({2.5, 1}, {3, 1.5}, {2.5, 1.5}, false),
-         lineCurve({3, 1.5}, {3, 2.5})};
-  EXPECT_NEAR(deepestGouge(part, way, kRadius).depth, 0, 1e-12);
+  path = {lineCurve({1.5, 1}, {2.5, 1}), arcCurve({2.5, 1}, {3, 1.5}, {2.5, 1.5}, false),
+          lineCurve({3, 1.5}, {3, 2.5})};
+  EXPECT_NEAR(deepestGouge(part, path, kRadius).depth, 0, 1e-12);
 }
 
 // Round a corner of the material: an arc touches, a chord of it cuts in.
 TEST(DeepestGouge, AChordAcrossAnOutsideCornerCutsIt) {
-  std::vector<Curve> way = {lineCurve({1.5, 3}, {1.5, 2}),
-                            arcCurve({1.5, 2}, {2, 1.5}, {2, 2}, /*clockwise=*/false),
-                            lineCurve({2, 1.5}, {3, 1.5})};
-  EXPECT_NEAR(deepestGouge(kAngle, way, kRadius).depth, 0, 1e-12);
-  way[1] = lineCurve({1.5, 2}, {2, 1.5});
-  const Gouge gouge = deepestGouge(kAngle, way, kRadius);
+  std::vector<Curve> path = {lineCurve({1.5, 3}, {1.5, 2}),
+                             arcCurve({1.5, 2}, {2, 1.5}, {2, 2}, /*clockwise=*/false),
+                             lineCurve({2, 1.5}, {3, 1.5})};
+  EXPECT_NEAR(deepestGouge(kAngle, path, kRadius).depth, 0, 1e-12);
+  path[1] = lineCurve({1.5, 2}, {2, 1.5});
+  const Gouge gouge = deepestGouge(kAngle, path, kRadius);
   EXPECT_NEAR(gouge.depth, kRadius - std::sqrt(0.125), 1e-12);
   EXPECT_EQ(gouge.curve, 1);
   EXPECT_NEAR(gouge.place.x, 1.75, 1e-6);
@@ -159,9 +159,9 @@ TEST(ReachableArea, StopsAtANeckNarrowerThanTheTool) {
 
 TEST(Coverage, EverythingCutLeavesNothing) {
   const ReachableArea area({box({0, 0}, {4, 2}), {}}, kRadius);
-  std::vector<Curve> way = box({0.5, 0.5}, {3.5, 1.5});
-  way.push_back(lineCurve({0.5, 1}, {3.5, 1}));
-  const Coverage coverage = area.coverageOf(way);
+  std::vector<Curve> path = box({0.5, 0.5}, {3.5, 1.5});
+  path.push_back(lineCurve({0.5, 1}, {3.5, 1}));
+  const Coverage coverage = area.coverageOf(path);
   EXPECT_EQ(coverage.share, 1);
   EXPECT_EQ(coverage.rest, 0);
   EXPECT_NEAR(coverage.cut, 8 - 4 * kCorner, 0.05);
@@ -254,14 +254,14 @@ TEST(PartOf, TakesTwoHalvesOfACircle) {
   EXPECT_FALSE(isAllowed(part, {2, 2}));
 }
 
-TEST(ToolWay, LeavesOutRapidsAndCycles) {
+TEST(ToolPath, LeavesOutRapidsAndCycles) {
   DrawingStore store;
   for (const int type : {kRapid, kLine, kClockwiseArc, 81, kCounterClockwiseArc}) {
     addPathSegment(store, {.type = type, .x0 = 1, .x1 = -1});
   }
   addPathSegment(store, {.type = kLine, .x0 = 1, .x1 = -1, .z = kLatheRapidZ});
-  EXPECT_EQ(toolWay(store).size(), 3U);
-  EXPECT_EQ(toolWay(store, 3, 4).size(), 1U);
+  EXPECT_EQ(toolPath(store).size(), 3U);
+  EXPECT_EQ(toolPath(store, 3, 4).size(), 1U);
 }
 
 }  // namespace

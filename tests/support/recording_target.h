@@ -1,7 +1,7 @@
 // Surfaces and surroundings that keep, as one line of text each, what they were asked to do, so
 // that a recorded picture reads as a list.
-// Owns: CallLog, RecordingSurface, RecordingPaper, RecordingPointer, LoggingSurroundings,
-//       LoggingPrompts.
+// Owns: CallLog, recorded, recordedPoint, recordedColor, recordedLine, RecordingSurface,
+//       RecordingPaper, RecordingPointer, LoggingSurroundings, LoggingPrompts.
 #pragma once
 
 #include <cstdio>

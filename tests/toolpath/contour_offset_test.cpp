@@ -18,8 +18,6 @@ using testing::pathTexts;
 using testing::RecordedCam;
 using Texts = std::vector<std::string>;
 
-constexpr int kSelectedRow = kSelected + kOrdinaryClass;
-
 struct ContourOffset : RecordedCam, ::testing::Test {
   void addArc(int type, Point start, Point end, Point center) {
     add({.type = type,
@@ -41,7 +39,7 @@ struct ContourOffset : RecordedCam, ::testing::Test {
     for (int sg = 1; sg <= store.NumSegments; ++sg) store.segattr[sg] = attr;
   }
   // From the start of row `sg` along it.
-  OffsetOrder along(int sg, Point click) {
+  OffsetRequest along(int sg, Point click) {
     const SegmentRow row = segmentRow(store, sg);
     return {.sg = sg,
             .start = {row.x0, row.y0},
@@ -50,14 +48,14 @@ struct ContourOffset : RecordedCam, ::testing::Test {
             .z = -0.5F,
             .feed = 10};
   }
-  OffsetOrder against(int sg, Point click) {
-    OffsetOrder order = along(sg, click);
-    std::swap(order.start, order.direction);
-    return order;
+  OffsetRequest against(int sg, Point click) {
+    OffsetRequest request = along(sg, click);
+    std::swap(request.start, request.direction);
+    return request;
   }
-  Texts offset(const OffsetOrder& order) {
+  Texts offset(const OffsetRequest& request) {
     store.NumPathSegments = 0;
-    offsetPathChain(cam, order);
+    offsetPathChain(cam, request);
     return rows();
   }
   // Rows without code, depth and feed, which other tests look at.
@@ -146,10 +144,10 @@ TEST_F(ContourOffset, TheSideOfAnArcIsThatOfTheClick) {
 
 TEST_F(ContourOffset, AnArcClosedOnItselfIsPlacedClockwise) {
   addArc(kCounterClockwiseArc, {1, 0}, {1, 0}, {0, 0});
-  OffsetOrder order = along(1, {2, 0});
-  EXPECT_EQ(offset(order), (Texts{"2 (1.25, 0)-(1.25, 0) c (0, 0)"}));
-  order.click = {0.5F, 0};
-  EXPECT_EQ(offset(order), (Texts{"2 (0.75, 0)-(0.75, 0) c (0, 0)"}));
+  OffsetRequest request = along(1, {2, 0});
+  EXPECT_EQ(offset(request), (Texts{"2 (1.25, 0)-(1.25, 0) c (0, 0)"}));
+  request.click = {0.5F, 0};
+  EXPECT_EQ(offset(request), (Texts{"2 (0.75, 0)-(0.75, 0) c (0, 0)"}));
 }
 
 TEST_F(ContourOffset, LaterArcsFollowTheSideOfTheFirstElement) {
@@ -298,9 +296,9 @@ TEST_F(ContourOffset, RowsCarryDepthFeedToolAndAGroupOfTheirOwn) {
 
 TEST_F(ContourOffset, AGivenRadiusReplacesThatOfTheTool) {
   addLine(0, 0, 2, 0);
-  OffsetOrder order = along(1, {1, -1});
-  order.radius = 1;
-  EXPECT_EQ(offset(order), (Texts{"1 (0, -1)-(2, -1)"}));
+  OffsetRequest request = along(1, {1, -1});
+  request.radius = 1;
+  EXPECT_EQ(offset(request), (Texts{"1 (0, -1)-(2, -1)"}));
 }
 
 TEST_F(ContourOffset, OneRowAloneHasNeitherJointsNorLeads) {
@@ -308,9 +306,9 @@ TEST_F(ContourOffset, OneRowAloneHasNeitherJointsNorLeads) {
   store.cfg_lead_in_path = store.cfg_lead_in_arc = true;
   store.cfg_lead_in_angle = 30;
   store.cfg_lead_in_length = 0.5F;
-  OffsetOrder order = along(1, {1, -1});
-  order.chain = false;
-  EXPECT_EQ(offset(order), (Texts{"1 (0, -0.25)-(2, -0.25)"}));
+  OffsetRequest request = along(1, {1, -1});
+  request.chain = false;
+  EXPECT_EQ(offset(request), (Texts{"1 (0, -0.25)-(2, -0.25)"}));
 }
 
 TEST_F(ContourOffset, RowsAreInsertedBeforeTheGroupThatTheEditorNamed) {
@@ -318,7 +316,7 @@ TEST_F(ContourOffset, RowsAreInsertedBeforeTheGroupThatTheEditorNamed) {
   addLine(2, 0, 2, 2);
   addPathLine(5, 5, 6, 6, 100);
   addPathLine(6, 6, 7, 7, 200);
-  cam.pathInsertMode = kInsertBeforeGroup;
+  cam.pathInsertMode = PathInsertMode::BeforeGroup;
   cam.pathInsertGroup = 2;
   offsetPathChain(cam, along(1, {1, 1}));
   EXPECT_EQ(rows(), (Texts{"1 (5, 5)-(6, 6)", "1 (0, 0.25)-(1.75, 0.25)",
@@ -365,9 +363,9 @@ TEST_F(ContourOffset, AWalkIntoALoopEndsThereWithoutAClosingJoint) {
 
 TEST_F(ContourOffset, AnEqualStartAndDirectionBeeps) {
   addLine(0, 0, 2, 0);
-  OffsetOrder order = along(1, {1, 1});
-  order.direction = {0.0005F, 0};
-  EXPECT_EQ(offset(order), Texts{});
+  OffsetRequest request = along(1, {1, 1});
+  request.direction = {0.0005F, 0};
+  EXPECT_EQ(offset(request), Texts{});
   EXPECT_EQ(beeps(), 1);
 }
 
@@ -387,15 +385,15 @@ TEST_F(ContourOffset, InPocketModeTheOutlineDecidesTheSide) {
   addSquare();
   mark(kVerifiedRow);
   addLine(2, 0, 4, 0);
-  OffsetOrder order = along(1, {1, -1});
-  order.pocketMode = true;
+  OffsetRequest request = along(1, {1, -1});
+  request.pocketMode = true;
   const Texts inside{"1 (0.25, 0.25)-(1.75, 0.25)", "1 (1.75, 0.25)-(1.75, 1.75)",
                      "1 (1.75, 1.75)-(0.25, 1.75)", "1 (0.25, 1.75)-(0.25, 0.25)"};
-  EXPECT_EQ(offset(order), inside);
+  EXPECT_EQ(offset(request), inside);
   store.cfg_lead_in_path = true;
   store.cfg_lead_in_angle = 30;
   store.cfg_lead_in_length = 0.5F;
-  EXPECT_EQ(offset(order), inside);
+  EXPECT_EQ(offset(request), inside);
 }
 
 TEST_F(ContourOffset, InPocketModeAnArcGoesByTheClickAllTheSame) {
@@ -404,25 +402,25 @@ TEST_F(ContourOffset, InPocketModeAnArcGoesByTheClickAllTheSame) {
   addLine(-2, 1, -2, 0);
   addLine(-2, 0, 1, 0);
   mark(kVerifiedRow);
-  OffsetOrder order = along(1, {0, 3});
-  order.pocketMode = true;
-  EXPECT_EQ(offset(order).front(), "3 (1.25, 0)-(0, 1.25) c (0, 0)");
-  order.click = {0, 0.5F};
-  EXPECT_EQ(offset(order).front(), "3 (0.7071, 0.25)-(0, 0.75) c (0, 0)");
+  OffsetRequest request = along(1, {0, 3});
+  request.pocketMode = true;
+  EXPECT_EQ(offset(request).front(), "3 (1.25, 0)-(0, 1.25) c (0, 0)");
+  request.click = {0, 0.5F};
+  EXPECT_EQ(offset(request).front(), "3 (0.7071, 0.25)-(0, 0.75) c (0, 0)");
 }
 
 TEST_F(ContourOffset, TheCallersGroupIsKeptInPocketAndExactMode) {
   addSquare();
   mark(kVerifiedRow);
   store.currentpathgroup = 5;
-  OffsetOrder order = along(1, {1, -1});
-  order.pocketMode = true;
-  offset(order);
+  OffsetRequest request = along(1, {1, -1});
+  request.pocketMode = true;
+  offset(request);
   EXPECT_EQ(store.pscode[1], 500);
   mark(kSelectedRow);
-  order.pocketMode = false;
-  order.exactMode = true;
-  offset(order);
+  request.pocketMode = false;
+  request.exactMode = true;
+  offset(request);
   EXPECT_EQ(store.pscode[1], 500);
 }
 
@@ -431,9 +429,9 @@ TEST_F(ContourOffset, ExactModeFollowsSelectedRowsOnTheProfile) {
   addLine(2, 0, 4, 0);
   addArc(kCounterClockwiseArc, {2, 0}, {2.1F, 0.1F}, {2, 0.1F});
   store.segattr[1] = store.segattr[3] = kSelectedRow;
-  OffsetOrder order = along(1, {1, -1});
-  order.exactMode = true;
-  EXPECT_EQ(offset(order), (Texts{"1 (0, 0)-(2, 0)", "3 (2, 0)-(2.1, 0.1) c (2, 0.1)"}));
+  OffsetRequest request = along(1, {1, -1});
+  request.exactMode = true;
+  EXPECT_EQ(offset(request), (Texts{"1 (0, 0)-(2, 0)", "3 (2, 0)-(2.1, 0.1) c (2, 0.1)"}));
 }
 
 // An arc that is smaller than the tool stays: the path is not displaced.
@@ -441,9 +439,9 @@ TEST_F(ContourOffset, InExactModeNoElementCollapses) {
   addArc(kCounterClockwiseArc, {0.1F, 0}, {0, 0.1F}, {0, 0});
   mark(kSelectedRow);
   for (const Point click : {Point{0, 0}, Point{0.01F, 0.01F}, Point{3, 3}}) {
-    OffsetOrder order = along(1, click);
-    order.exactMode = true;
-    EXPECT_EQ(offset(order), (Texts{"3 (0.1, 0)-(0, 0.1) c (0, 0)"}));
+    OffsetRequest request = along(1, click);
+    request.exactMode = true;
+    EXPECT_EQ(offset(request), (Texts{"3 (0.1, 0)-(0, 0.1) c (0, 0)"}));
   }
 }
 
@@ -466,7 +464,7 @@ TEST_F(ContourOffset, UndoTakesBackAPlacementAndRedoGivesItAgain) {
   addLine(2, 2, 4, 2);
   addPathLine(5, 5, 6, 6, 100);
   addPathLine(6, 6, 7, 7, 200);
-  cam.pathInsertMode = kInsertBeforeGroup;
+  cam.pathInsertMode = PathInsertMode::BeforeGroup;
   cam.pathInsertGroup = 2;
   store.cfg_lead_in_path = true;
   store.cfg_lead_in_angle = 30;
@@ -524,8 +522,8 @@ TEST_F(ContourOffset, ALongOutlineGoesRoundOnce) {
   for (const auto kind : {testing::OutlineKind::Lines, testing::OutlineKind::LinesAndArcs}) {
     store.NumSegments = 0;
     testing::addOutline(store, testing::wavyStar({.rows = 2000, .kind = kind}));
-    const OffsetOrder order = along(1, {0, 0});
-    offset(order);
+    const OffsetRequest request = along(1, {0, 0});
+    offset(request);
     EXPECT_GE(store.NumPathSegments, 2000);
     EXPECT_TRUE(samePoint({store.psx0[1], store.psy0[1]},
                           {store.psx1[store.NumPathSegments], store.psy1[store.NumPathSegments]},

@@ -11,6 +11,7 @@
 #include "gtest/gtest.h"
 
 #include "core/drawing_store.h"
+#include "core/pocketing_choices.h"
 #include "tests/toolpath/pocket_job.h"
 #include "tests/toolpath/working_outline_rows.h"
 #include "toolpath/path_groups.h"
@@ -21,7 +22,7 @@ namespace {
 using namespace tess::testing;
 using Rows = std::vector<SegmentRow>;
 using Texts = std::vector<std::string>;
-using Way = std::vector<Curve>;
+using ToolPath = std::vector<Curve>;
 
 constexpr float kRadius = 0.25F;
 constexpr double kExact = 1e-4;
@@ -45,16 +46,16 @@ Rows boxRows(Point low, Point high) {
   return polygonRows({low, {high.x, low.y}, high, {low.x, high.y}});
 }
 
-double depthOf(const TestPocket& pocket, const Way& way) {
-  return deepestGouge(pocket.part, way, pocket.toolRadius).depth;
+double depthOf(const TestPocket& pocket, const ToolPath& path) {
+  return deepestGouge(pocket.part, path, pocket.toolRadius).depth;
 }
 
-double shareOf(const TestPocket& pocket, const Way& way) {
-  return ReachableArea(pocket.part, pocket.toolRadius).coverageOf(way).share;
+double shareOf(const TestPocket& pocket, const ToolPath& path) {
+  return ReachableArea(pocket.part, pocket.toolRadius).coverageOf(path).share;
 }
 
-double roughDepth(const TestPocket& pocket, const JobOrder& order = {}) {
-  PocketJob job(pocket, order);
+double roughDepth(const TestPocket& pocket, const JobSettings& settings = {}) {
+  PocketJob job(pocket, settings);
   EXPECT_TRUE(job.isVerified());
   return depthOf(pocket, job.rough());
 }
@@ -69,15 +70,15 @@ void expectHalfIsRemoved(const TestPocket& pocket) {
   EXPECT_FALSE(job.isVerified());
 }
 
-Way together(Way first, const Way& second) {
+ToolPath together(ToolPath first, const ToolPath& second) {
   first.insert(first.end(), second.begin(), second.end());
   return first;
 }
 
-double shareOfJob(const TestPocket& pocket, const JobOrder& order = {}) {
-  PocketJob job(pocket, order);
+double shareOfJob(const TestPocket& pocket, const JobSettings& settings = {}) {
+  PocketJob job(pocket, settings);
   EXPECT_TRUE(job.isVerified());
-  Way rough = job.rough();
+  ToolPath rough = job.rough();
   return shareOf(pocket, together(std::move(rough), job.finish()));
 }
 
@@ -156,9 +157,9 @@ TEST(KnownLimits, AFinishPathStartedOnAShortChamferKeepsTheFoldAndLosesTheRest) 
   const TestPocket pocket =
       pocketOfRows(polygonRows({{0, 0}, {4, 0}, {4, 3.875F}, {3.875F, 4}, {0, 4}}));
   PocketJob job(pocket, {});
-  const Way way = job.finishAt({{4, 3.875F}, {3.9375F, 3.9375F}, {3.5F, 3.5F}});
-  EXPECT_NEAR(shareOf(pocket, way), 0.016, kGrain);
-  EXPECT_NEAR(depthOf(pocket, way), 2 * kRadius, kExact);
+  const ToolPath path = job.finishAt({{4, 3.875F}, {3.9375F, 3.9375F}, {3.5F, 3.5F}});
+  EXPECT_NEAR(shareOf(pocket, path), 0.016, kGrain);
+  EXPECT_NEAR(depthOf(pocket, path), 2 * kRadius, kExact);
 }
 
 // A joint whose rows miss each other by up to 0.0015 counts as a crossing.
@@ -240,34 +241,36 @@ TEST(KnownLimits, LinksBetweenTheLevelsOfAnOpenProfileCutThroughThePart) {
       pocketOfRows({lineRow({0, 0}, {2, 0}), lineRow({2, 0}, {2, 2}), lineRow({2, 2}, {0, 2})});
   PocketJob job(profile, {.connects = true});
   job.store.cfg_z_cut_per_pass = 0.25F;
-  const Way way = job.finishAt({{0, 0}, {1, 0}, {1, -1}});
-  EXPECT_NEAR(depthOf(around, way), 1.25, kExact);
+  const ToolPath path = job.finishAt({{0, 0}, {1, 0}, {1, -1}});
+  EXPECT_NEAR(depthOf(around, path), 1.25, kExact);
 }
 
 // ---- The spiral
 
 TEST(KnownLimits, ASpiralStartedAtAnEdgeOfExactly135DegreesRunsOutside) {
   const TestPocket pocket = pocketOfRows(polygonRows({{0, -3}, {3, 0}, {0, 3}, {-3, 0}}));
-  PocketJob job(pocket, {.style = kSpiralStyle});
+  PocketJob job(pocket, {.style = PocketingStyle::ParallelSpiral});
   EXPECT_NEAR(depthOf(pocket, job.roughFrom({1.25F, 1.25F})), 3.25, kExact);
 }
 
 TEST(KnownLimits, ASpiralRoundAnIslandLeavesTheRingsThatMeetIt) {
   const TestPocket pocket = pocketOfRows(boxRows({0, 0}, {6, 6}), {boxRows({2, 2}, {3, 3})});
-  EXPECT_NEAR(shareOfJob(pocket, {.style = kSpiralStyle}), 0.948, kGrain);
+  EXPECT_NEAR(shareOfJob(pocket, {.style = PocketingStyle::ParallelSpiral}), 0.948, kGrain);
 }
 
 TEST(KnownLimits, ASpiralInATriangleStartsWithRingsThatAreTurnedInsideOut) {
   const TestPocket pocket = pocketOfRows(polygonRows({{0, 0}, {3, 5}, {-3, 5}}));
-  EXPECT_NEAR(roughDepth(pocket, {.style = kSpiralStyle}), 1.5372, kExact);
-  EXPECT_NEAR(roughDepth(pocket, {.style = kSpiralStyle, .firstRing = 1.5}), 0, kExact);
+  EXPECT_NEAR(roughDepth(pocket, {.style = PocketingStyle::ParallelSpiral}), 1.5372, kExact);
+  EXPECT_NEAR(roughDepth(pocket, {.style = PocketingStyle::ParallelSpiral, .firstRing = 1.5}), 0,
+              kExact);
 }
 
 TEST(KnownLimits, ASpiralInAnLStartsWithRingsThatAreTurnedInsideOut) {
   const TestPocket pocket =
       pocketOfRows(polygonRows({{0, 0}, {6, 0}, {6, 2}, {2, 2}, {2, 6}, {0, 6}}));
-  EXPECT_NEAR(roughDepth(pocket, {.style = kSpiralStyle}), 1.5429, kExact);
-  EXPECT_NEAR(roughDepth(pocket, {.style = kSpiralStyle, .firstRing = 0.9}), 0, kExact);
+  EXPECT_NEAR(roughDepth(pocket, {.style = PocketingStyle::ParallelSpiral}), 1.5429, kExact);
+  EXPECT_NEAR(roughDepth(pocket, {.style = PocketingStyle::ParallelSpiral, .firstRing = 0.9}), 0,
+              kExact);
 }
 
 // ---- Scan lines
@@ -279,7 +282,7 @@ TEST(KnownLimits, WidestVerticesExactlyOnAScanLineEndTheRoughing) {
   job.store.cfg_tool_spacing = 100;
   EXPECT_NEAR(shareOf(pocket, job.rough()), 0.363, kGrain);
   EXPECT_EQ(job.store.psy1[job.store.NumPathSegments], 1.5F);
-  PocketJob vertical(pocket, {.style = kVerticalStyle});
+  PocketJob vertical(pocket, {.style = PocketingStyle::Vertical});
   vertical.store.cfg_tool_spacing = 100;
   EXPECT_GT(shareOf(pocket, vertical.rough()), 0.9);
 }
@@ -288,8 +291,8 @@ TEST(KnownLimits, VerticesOnBothSidesExactlyOnAScanLineEndTheRoughing) {
   // Both sides are drawn in two pieces that meet at half the height.
   const TestPocket pocket =
       pocketOfRows(polygonRows({{0, 0}, {4, 0}, {4, 2.125F}, {4, 4}, {0, 4}, {0, 2.125F}}));
-  PocketJob job(pocket, {.cuttingMode = 1});
-  const Way rough = job.rough();
+  PocketJob job(pocket, {.cuttingMode = CuttingMode::Conventional});
+  const ToolPath rough = job.rough();
   EXPECT_NEAR(shareOf(pocket, rough), 0.496, kGrain);
   EXPECT_NEAR(depthOf(pocket, rough), 0, kExact);
 }
@@ -301,9 +304,9 @@ TEST(KnownLimits, ArcJointsExactlyOnAScanLineLeaveThatLine) {
   Rows rows;
   for (int k = 0; k < 4; ++k) rows.push_back(arcRow(at[k], at[(k + 1) % 4], {0, 0}));
   const TestPocket pocket = pocketOfRows(rows);
-  PocketJob job(pocket, {.cuttingMode = 1});
+  PocketJob job(pocket, {.cuttingMode = CuttingMode::Conventional});
   job.store.cfg_tool_spacing = 75;
-  Way rough = job.rough();
+  ToolPath rough = job.rough();
   EXPECT_NEAR(shareOf(pocket, together(std::move(rough), job.finish())), 0.957, kGrain);
 }
 
@@ -325,9 +328,9 @@ TEST(KnownLimits, ASecondPocketAcceptedBeforeTheFirstIsUnselectedIsCutTooWide) {
   const Rows second = boxRows({6, 1}, {9, 4});
   const TestPocket both = pocketOfRows(boxRows({0, 0}, {4, 5}), {second});
   PocketJob job(both, {});
-  const Way way = job.rough();
-  Way inSecond;
-  for (const Curve& curve : way) {
+  const ToolPath path = job.rough();
+  ToolPath inSecond;
+  for (const Curve& curve : path) {
     if (curve.start.x > 5) inSecond.push_back(curve);
   }
   EXPECT_NEAR(depthOf(pocketOfRows(second), inSecond), 2 * kRadius, kExact);
@@ -338,7 +341,7 @@ TEST(KnownLimits, LevelsOfAPathInsertedBeforeAnotherGroupAreCopiesOfThatGroup) {
   PocketJob job(pocket, {});
   job.addPathLine(5, 5, 6, 6);
   job.store.cfg_z_cut_per_pass = 0.25F;
-  job.cam.pathInsertMode = kInsertBeforeGroup;
+  job.cam.pathInsertMode = PathInsertMode::BeforeGroup;
   job.cam.pathInsertGroup = 1;
   job.finish();
   std::vector<float> depths;

@@ -1,11 +1,12 @@
 // Leads that cut into their path: the recommended length, and shortening to it.
+#include "toolpath/lead_gouge.h"
+
 #include "gtest/gtest.h"
 
 #include "core/drawing_store.h"
 #include "tests/geometry/rows.h"
 #include "tests/support/drafting_desk.h"
 #include "tests/support/plain_edits.h"
-#include "toolpath/lead_moves.h"
 
 namespace tess {
 namespace {
@@ -35,7 +36,7 @@ DrawingStore storeOf(const std::vector<Entity>& path) {
   return store;
 }
 
-TEST(CheckLeadGouge, FindsTheShortestWayToAHit) {
+TEST(CheckLeadGouge, FindsTheShortestDistanceToAHit) {
   const GougeCase kCases[] = {
       {"leads clear of the path",
        {line(-1, -1, 0, 0), line(0, 0, 4, 0), line(4, 0, 5, -1)},
@@ -105,26 +106,25 @@ TEST(FitLeadLength, MovesTheFreeEndOfALine) {
     const char* name;
     Entity lead;
     float length;
-    int mode;
+    LeadEnd moved;
     const char* after;
   };
   const FitCase kCases[] = {
-      {"start", line(0, 0, 4, 0), 1, kFitStart, "1 (3, 0)-(4, 0) @100 z 0"},
-      {"end", line(0, 0, 4, 0), 1, kFitEnd, "1 (0, 0)-(1, 0) @100 z 0"},
-      {"slanted start", line(0, 0, 3, 4), 2.5F, kFitStart, "1 (1.5, 2)-(3, 4) @100 z 0"},
-      {"slanted end", line(0, 0, 3, 4), 2.5F, kFitEnd, "1 (0, 0)-(1.5, 2) @100 z 0"},
-      {"as long already", line(0, 0, 3, 4), 5, kFitEnd, "1 (0, 0)-(3, 4) @100 z 0"},
-      {"shorter already", line(0, 0, 3, 4), 6, kFitStart, "1 (0, 0)-(3, 4) @100 z 0"},
-      {"no length wanted", line(0, 0, 3, 4), 0, kFitStart, "1 (0, 0)-(3, 4) @100 z 0"},
-      {"a negative length", line(0, 0, 3, 4), -1, kFitEnd, "1 (0, 0)-(3, 4) @100 z 0"},
-      {"a lead of no length", line(2, 2, 2, 2), 1, kFitEnd, "1 (2, 2)-(2, 2) @100 z 0"},
-      {"an arc", arc(2, {0, 1}, {1, 0}, {0, 0}), 0.5F, kFitStart,
+      {"start", line(0, 0, 4, 0), 1, LeadEnd::Start, "1 (3, 0)-(4, 0) @100 z 0"},
+      {"end", line(0, 0, 4, 0), 1, LeadEnd::End, "1 (0, 0)-(1, 0) @100 z 0"},
+      {"slanted start", line(0, 0, 3, 4), 2.5F, LeadEnd::Start, "1 (1.5, 2)-(3, 4) @100 z 0"},
+      {"slanted end", line(0, 0, 3, 4), 2.5F, LeadEnd::End, "1 (0, 0)-(1.5, 2) @100 z 0"},
+      {"as long already", line(0, 0, 3, 4), 5, LeadEnd::End, "1 (0, 0)-(3, 4) @100 z 0"},
+      {"shorter already", line(0, 0, 3, 4), 6, LeadEnd::Start, "1 (0, 0)-(3, 4) @100 z 0"},
+      {"no length wanted", line(0, 0, 3, 4), 0, LeadEnd::Start, "1 (0, 0)-(3, 4) @100 z 0"},
+      {"a negative length", line(0, 0, 3, 4), -1, LeadEnd::End, "1 (0, 0)-(3, 4) @100 z 0"},
+      {"a lead of no length", line(2, 2, 2, 2), 1, LeadEnd::End, "1 (2, 2)-(2, 2) @100 z 0"},
+      {"an arc", arc(2, {0, 1}, {1, 0}, {0, 0}), 0.5F, LeadEnd::Start,
        "2 (0, 1)-(1, 0) c (0, 0) @100 z 0"},
-      {"another mode", line(0, 0, 3, 4), 1, 3, "1 (0, 0)-(3, 4) @100 z 0"},
   };
   for (const FitCase& row : kCases) {
     DrawingStore store = storeOf({row.lead});
-    testing::editing(store, [&](Changes& c) { fitLeadLength(c, 1, row.length, row.mode); });
+    testing::editing(store, [&](Changes& c) { fitLeadLength(c, 1, row.length, row.moved); });
     EXPECT_EQ(pathText(pathRow(store, 1)), row.after) << row.name;
   }
 }

@@ -40,7 +40,7 @@ const CoverCase kCases[] = {
     {"a full arc", {3, {1, 0}, {1, 0}, {0, 0}}, {2, {1, 0}, {1, 0}, {0, 0}}, true},
 };
 
-TEST(PathRowExistsFor, GoesByKindEndsAndCentre) {
+TEST(PathRowExistsFor, GoesByKindEndsAndCenter) {
   for (const CoverCase& row : kCases) {
     DrawingStore store;
     store.cfg_tolerance = 0.125F;

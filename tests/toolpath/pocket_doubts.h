@@ -1,7 +1,9 @@
 // What about a pocket misleads the rules of the tool paths, by measures that are taken without the
 // paths. Doubts are told in words; where there is none, the paths must be right.
-// Owns: StartCorner, cornerAt, angleOf, isStartFree, LowestRow, partDoubt, startDoubt, roughDoubt,
-//       largestTool, RingSpan, spiralDoubt.
+// Owns: StartCorner, cornerAt, leftAt, angleOf, turningPoint, isStartFree, lowEnd, startOf, endOf,
+//       LowestRow, lowestRow, neighbourOf, tellsInsideOfArc, tellsInsideOfLine, tellsInside,
+//       hasFlatArc, isSmooth, startDoubt, partDoubt, lowestDoubt, roughDoubt, largestTool,
+//       fitsCorners, RingSpan, spiralDoubt.
 #pragma once
 
 #include <algorithm>
@@ -32,8 +34,9 @@ inline std::optional<StartCorner> cornerAt(const Loop& loop, Vec at) {
 // The unit vector square to the row, to its left.
 inline Vec leftAt(const Curve& row, double share) {
   const double d = 1e-4;
-  const Vec way = pointOn(row, std::min(1.0, share + d)) - pointOn(row, std::max(0.0, share - d));
-  return (1 / lengthOf(way)) * leftOf(way);
+  const Vec direction =
+      pointOn(row, std::min(1.0, share + d)) - pointOn(row, std::max(0.0, share - d));
+  return (1 / lengthOf(direction)) * leftOf(direction);
 }
 
 // The angle between the rows on their left, in degrees.
@@ -127,9 +130,9 @@ inline bool tellsInsideOfArc(const Loop& loop, const Curve& arc, Vec middle) {
 }
 
 inline bool tellsInsideOfLine(const Loop& loop, const Curve& line, Vec middle) {
-  const Vec way = line.end - line.start;
-  const double along = dot(middle - line.start, way) / dot(way, way);
-  const double off = cross(way, middle - line.start) / lengthOf(way);
+  const Vec direction = line.end - line.start;
+  const double along = dot(middle - line.start, direction) / dot(direction, direction);
+  const double off = cross(direction, middle - line.start) / lengthOf(direction);
   const Vec inward = pointOn(line, 0.5) + 1e-4 * leftAt(line, 0.5);
   return along > 0 && along < 1 && std::abs(off) > 1e-4 && (off > 0) == encloses(loop, inward);
 }
@@ -227,8 +230,8 @@ inline std::string spiralDoubt(const TestPocket& pocket, const JobClicks& clicks
   if (!pocket.islands.empty()) return "island";
   if (part.pocket.size() == 2) return "two rows";
   const Vec start{clicks.start.x, clicks.start.y};
-  const Vec way = Vec{clicks.along.x, clicks.along.y} - start;
-  const double turn = std::atan2(way.y, way.x) * 360 / kFullTurn;
+  const Vec direction = Vec{clicks.along.x, clicks.along.y} - start;
+  const double turn = std::atan2(direction.y, direction.x) * 360 / kFullTurn;
   if (std::abs(turn - 135) < 0.01 || std::abs(turn + 45) < 0.01) return "135 degrees";
   const auto corner = cornerAt(part.pocket, start);
   if (corner && isSmooth(*corner)) return "starts smoothly";

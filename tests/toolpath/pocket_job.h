@@ -1,6 +1,6 @@
 // A drawn part made by the commands that an operator uses: verified, roughed, finished. What they
-// placed is told as ways of the tool.
-// Owns: JobOrder, JobClicks, PocketJob, polygonRows, pocketOfRows.
+// placed is told as paths of the tool.
+// Owns: JobSettings, JobClicks, PocketJob, polygonRows, pocketOfRows.
 #pragma once
 
 #include <algorithm>
@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "core/drawing_store.h"
+#include "core/pocketing_choices.h"
 #include "geometry/entity.h"
 #include "tests/support/outlines.h"
 #include "tests/support/pockets.h"
@@ -20,13 +21,9 @@
 
 namespace tess::testing {
 
-inline constexpr int kHorizontalStyle = 1;
-inline constexpr int kVerticalStyle = 2;
-inline constexpr int kSpiralStyle = 3;
-
-struct JobOrder {
-  int style = kHorizontalStyle;
-  int cuttingMode = 3;  // both ways
+struct JobSettings {
+  PocketingStyle style = PocketingStyle::Horizontal;
+  CuttingMode cuttingMode = CuttingMode::Bidirectional;
   float clearance = 0;  // that roughing leaves for the finish path
   bool connects = false;
   bool avoidsGouges = true;
@@ -42,14 +39,14 @@ struct JobClicks {
 class PocketJob : public RecordedCam {
  public:
   // Draws the part and accepts its pocket, then its islands.
-  PocketJob(const TestPocket& pocket, const JobOrder& order) : part_(pocket.part) {
-    set(order);
+  PocketJob(const TestPocket& pocket, const JobSettings& settings) : part_(pocket.part) {
+    apply(settings);
     store.toolradius[0] = pocket.toolRadius;
-    if (order.keepsDuplicates) test.recording.prompts.answers.push_back(Answer::No);
+    if (settings.keepsDuplicates) test.recording.prompts.answers.push_back(Answer::No);
     draw(pocket.outline);
     for (const auto& island : pocket.islands) draw(island);
     for (std::size_t k = 0; k < outlines_.size(); ++k) verify(k);
-    if (order.firstRing > 0) setFirstRing(order.firstRing);
+    if (settings.firstRing > 0) setFirstRing(settings.firstRing);
   }
 
   float toolRadius() const { return store.toolradius[0]; }
@@ -65,7 +62,7 @@ class PocketJob : public RecordedCam {
   std::vector<Curve> roughFrom(Point place) {
     const int before = store.NumPathSegments;
     mnuCAMRoughCutPocket_Click(cam);
-    if (store.cfg_pocketing_style == kSpiralStyle) click(place.x, place.y);
+    if (pocketingStyle(store) == PocketingStyle::ParallelSpiral) click(place.x, place.y);
     return placedSince(before);
   }
 
@@ -94,12 +91,12 @@ class PocketJob : public RecordedCam {
     int first = 0, last = 0;
   };
 
-  void set(const JobOrder& order) {
-    store.cfg_pocketing_style = order.style;
-    store.cfg_cutting_mode = order.cuttingMode;
-    store.cfg_min_rough_clearance = order.clearance;
-    store.cfg_connect_pocketing_paths = order.connects;
-    store.cfg_gouge_avoidance = order.avoidsGouges;
+  void apply(const JobSettings& settings) {
+    store.cfg_pocketing_style = choiceNumber(settings.style);
+    store.cfg_cutting_mode = choiceNumber(settings.cuttingMode);
+    store.cfg_min_rough_clearance = settings.clearance;
+    store.cfg_connect_pocketing_paths = settings.connects;
+    store.cfg_gouge_avoidance = settings.avoidsGouges;
   }
 
   void setFirstRing(double distance) {
@@ -123,7 +120,7 @@ class PocketJob : public RecordedCam {
   }
 
   std::vector<Curve> placedSince(int rows) const {
-    return toolWay(store, rows + 1, store.NumPathSegments);
+    return toolPath(store, rows + 1, store.NumPathSegments);
   }
 
   static Point pointOf(Vec v) { return {static_cast<float>(v.x), static_cast<float>(v.y)}; }
@@ -144,8 +141,8 @@ class PocketJob : public RecordedCam {
 
   Vec besideMiddle(const Curve& row) const {
     const Vec middle = pointOn(row, 0.5);
-    const Vec way = row.isArc ? middle - row.center : leftOf(row.end - row.start);
-    const Vec aside = (1 / lengthOf(way)) * way;
+    const Vec normal = row.isArc ? middle - row.center : leftOf(row.end - row.start);
+    const Vec aside = (1 / lengthOf(normal)) * normal;
     const bool thatSide = isAllowed(part_, middle + 1e-3 * aside);
     const double most = toolRadius();
     const double reach = row.isArc && !thatSide ? std::min(row.radius / 2, most) : most;

@@ -8,6 +8,7 @@
 
 #include "gtest/gtest.h"
 
+#include "core/pocketing_choices.h"
 #include "tests/toolpath/pocket_doubts.h"
 #include "tests/toolpath/pocket_job.h"
 
@@ -15,13 +16,13 @@ namespace tess {
 namespace {
 
 using namespace tess::testing;
-using Way = std::vector<Curve>;
+using ToolPath = std::vector<Curve>;
 
 constexpr int kPockets = 240;
 constexpr float kClearance = 0.05F;
 // Vertical scan lines are tested 0.000073 beside their place.
 constexpr double kDeepest = 1e-4;
-constexpr double kLeastShare = 0.9995;
+constexpr double kMinShare = 0.9995;
 constexpr int kCells = 6;  // of the raster, per tool radius
 
 // What was judged, so that a sweep which leaves everything out fails.
@@ -31,11 +32,11 @@ struct Tally {
 
 struct Job {
   TestPocket pocket;
-  JobOrder order;
+  JobSettings settings;
   std::string roughDoubt, finishDoubt;
 
   double radius() const { return pocket.toolRadius; }
-  double standOff() const { return pocket.toolRadius + order.clearance; }
+  double standOff() const { return pocket.toolRadius + settings.clearance; }
 };
 
 std::string finishDoubtOf(const TestPocket& pocket, const PocketJob& job) {
@@ -56,50 +57,53 @@ bool isConvex(const Loop& loop) {
 }
 
 void judge(Job& job, Tally& tally) {
-  PocketJob desk(job.pocket, job.order);
+  PocketJob desk(job.pocket, job.settings);
   ASSERT_TRUE(desk.isVerified());
   job.finishDoubt = finishDoubtOf(job.pocket, desk);
-  Way way = desk.rough();
+  ToolPath path = desk.rough();
   if (job.roughDoubt.empty()) {
     ++tally.roughs;
-    EXPECT_LE(deepestGouge(job.pocket.part, way, job.standOff()).depth, kDeepest);
+    EXPECT_LE(deepestGouge(job.pocket.part, path, job.standOff()).depth, kDeepest);
   }
-  const Way finish = desk.finish();
+  const ToolPath finish = desk.finish();
   if (!job.finishDoubt.empty()) return;
   ++tally.finishes;
   EXPECT_LE(deepestGouge(job.pocket.part, finish, job.radius()).depth, kDeepest);
   if (!job.roughDoubt.empty()) return;
   ++tally.shares;
-  way.insert(way.end(), finish.begin(), finish.end());
+  path.insert(path.end(), finish.begin(), finish.end());
   const ReachableArea area(job.pocket.part, job.radius(), kCells);
-  EXPECT_GE(area.coverageOf(way).share, kLeastShare);
+  EXPECT_GE(area.coverageOf(path).share, kMinShare);
 }
 
 // Links run straight from cut to cut, so they are asked for in pockets without a tongue alone.
-Job scanJob(int number, int style, float clearance) {
-  Job job{pocketOf(number), {.style = style, .cuttingMode = 1 + number % 3}, {}, {}};
-  job.order.clearance = clearance;
-  job.order.connects = number % 2 == 0 && isConvex(job.pocket.part.pocket);
+Job scanJob(int number, PocketingStyle style, float clearance) {
+  Job job{pocketOf(number), {.style = style, .cuttingMode = CuttingMode{1 + number % 3}}, {}, {}};
+  job.settings.clearance = clearance;
+  job.settings.connects = number % 2 == 0 && isConvex(job.pocket.part.pocket);
   job.roughDoubt = roughDoubt(job.pocket, job.standOff());
   return job;
 }
 
 // The first ring stands where there is just room for it.
 Job spiralJob(int number, float clearance) {
-  Job job{pocketOf(number), {.style = kSpiralStyle, .cuttingMode = 1 + number % 3}, {}, {}};
-  job.order.clearance = clearance;
-  job.order.connects = number % 2 == 0 && isConvex(job.pocket.part.pocket);
+  Job job{pocketOf(number),
+          {.style = PocketingStyle::ParallelSpiral, .cuttingMode = CuttingMode{1 + number % 3}},
+          {},
+          {}};
+  job.settings.clearance = clearance;
+  job.settings.connects = number % 2 == 0 && isConvex(job.pocket.part.pocket);
   const double room = 0.95 * largestTool(job.pocket.part, job.radius());
-  job.order.firstRing = std::max(room, job.standOff() + 0.01);
-  const PocketJob desk(job.pocket, job.order);
-  const RingSpan rings{job.order.firstRing, job.standOff(), job.radius()};
+  job.settings.firstRing = std::max(room, job.standOff() + 0.01);
+  const PocketJob desk(job.pocket, job.settings);
+  const RingSpan rings{job.settings.firstRing, job.standOff(), job.radius()};
   job.roughDoubt = spiralDoubt(job.pocket, desk.finishClicks()[0], rings);
   return job;
 }
 
 struct ScanCase {
   const char* name;
-  int style;
+  PocketingStyle style;
   float clearance;
 };
 
@@ -123,10 +127,10 @@ TEST_P(TruthOfScanLines, RoughAndFinishClearThePocketAndSpareTheWalls) {
 
 INSTANTIATE_TEST_SUITE_P(
     Styles, TruthOfScanLines,
-    ::testing::Values(ScanCase{"Horizontal", kHorizontalStyle, 0},
-                      ScanCase{"HorizontalWithClearance", kHorizontalStyle, kClearance},
-                      ScanCase{"Vertical", kVerticalStyle, 0},
-                      ScanCase{"VerticalWithClearance", kVerticalStyle, kClearance}),
+    ::testing::Values(ScanCase{"Horizontal", PocketingStyle::Horizontal, 0},
+                      ScanCase{"HorizontalWithClearance", PocketingStyle::Horizontal, kClearance},
+                      ScanCase{"Vertical", PocketingStyle::Vertical, 0},
+                      ScanCase{"VerticalWithClearance", PocketingStyle::Vertical, kClearance}),
     [](const auto& of) { return std::string(of.param.name); });
 
 class TruthOfSpirals : public ::testing::TestWithParam<float> {};

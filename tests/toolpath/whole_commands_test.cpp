@@ -13,6 +13,7 @@
 #include "toolpath/parallel_spiral.h"
 #include "toolpath/path_placement.h"
 #include "toolpath/path_visibility.h"
+#include "toolpath/quick_place.h"
 #include "toolpath/rough_pocket.h"
 #include "toolpath/verification.h"
 
@@ -23,7 +24,7 @@ using testing::MirroredTables;
 using testing::RecordedCam;
 using testing::sameTables;
 
-constexpr int kMostRows = 32767;
+constexpr int kMaxRows = 32767;
 
 // A pocket with an island, both verified, a selected circle beside them, and settings by which
 // every command has several levels, links and leads.
@@ -124,7 +125,7 @@ TEST_P(WholeCommand, LeavesNothingWhereverTheTableIsFull) {
     SCOPED_TRACE(::testing::Message() << "room for " << room << " of " << placed);
     Workpiece d;
     select(d, GetParam());
-    d.fillPaths(kMostRows - room);
+    d.fillPaths(kMaxRows - room);
     d.store.currentpathgroup = 7;
     d.store.lastplacedgroup = 5;
     d.store.drawingsaved = true;

@@ -1,11 +1,12 @@
 // Working rows for tests of the clearing styles, as if roughing had just made them.
-// Owns: addWorkingBox, addWorkingCircle, addWorkingPolygon, setSpacing, pathEnds.
+// Owns: addWorkingPolygon, addWorkingBox, addWorkingCircle, setSpacing, pathEnds.
 #pragma once
 
 #include <string>
 #include <vector>
 
 #include "core/drawing_store.h"
+#include "core/pocketing_choices.h"
 #include "tests/support/recorded_cam.h"
 #include "toolpath/working_rows.h"
 
@@ -45,7 +46,7 @@ inline void addWorkingCircle(DrawingStore& store, Point center, float radius,
 }
 
 inline void setSpacing(DrawingStore& store, float spacing) {
-  store.cfg_cut_width_type = 2;
+  store.cfg_cut_width_type = choiceNumber(StepOver::ByDistance);
   store.cfg_tool_spacing_distance = spacing;
 }
 

@@ -17,8 +17,6 @@ using testing::RecordedCam;
 using testing::segmentTexts;
 using Texts = std::vector<std::string>;
 
-constexpr int kSelectedRow = kSelected + kOrdinaryClass;
-
 // The rows that the offset of an outline appends, by the outline's first row.
 Texts outlineOf(RecordedCam& c, Point reference, float distance, int attr = kPocketOutline) {
   const int before = c.store.NumSegments;
@@ -168,28 +166,6 @@ TEST(OffsetSegChain, AFullTableIsAnOverflow) {
 
 // ---- Rows in and out
 
-TEST(InsertSegment, MovesLaterRowsUp) {
-  RecordedCam c;
-  c.addLine(0, 0, 1, 0);
-  c.addLine(1, 0, 2, 0);
-  c.store.drawingsaved = true;
-  EXPECT_TRUE(
-      insertSegment(c.cam.changes, 2,
-                    {.type = kClockwiseArc, .attr = kPocketOutline, .x0 = 5, .x1 = 6, .xc = 5.5F}));
-  EXPECT_EQ(segmentTexts(c.store),
-            (Texts{"1 (0, 0)-(1, 0)", "2 (5, 0)-(6, 0) c (5.5, 0) @10", "1 (1, 0)-(2, 0)"}));
-  EXPECT_FALSE(c.store.drawingsaved);
-}
-
-TEST(InsertSegment, RefusesARowThatEndsWhereItStarts) {
-  RecordedCam c;
-  c.store.drawingsaved = true;
-  EXPECT_FALSE(
-      insertSegment(c.cam.changes, 1, {.type = kLine, .x0 = 5, .y0 = 1, .x1 = 5, .y1 = 1}));
-  EXPECT_EQ(c.store.NumSegments, 0);
-  EXPECT_TRUE(c.store.drawingsaved);
-}
-
 TEST(RestoreParkedRows, MakesThemVerifiedAgainAndTouchesNoOthers) {
   RecordedCam c;
   addSelected(c, {{0, 0}, {4, 0}, {4, 4}, {0, 4}});
@@ -267,34 +243,34 @@ TEST(IslandCorners, ComeFromTheLowestUpAndALineIsNotPreferred) {
   EXPECT_EQ(corners[2].at, (Point{1, 2}));
 }
 
-TEST(GripOf, ACornerIsHeldByTheAverageOfItsRows) {
+TEST(GuideAt, AtACornerItIsTheAverageOfItsRows) {
   RecordedCam c;
   addSelected(c, {{0, 0}, {4, 0}, {4, 4}, {0, 4}});
   ChainWalk rows(c.store);
-  const auto grip = gripOf(c.store, rows, {1, {0, 0}});
-  ASSERT_TRUE(grip);
-  EXPECT_EQ(grip->reference, (Point{1, 1}));
-  EXPECT_EQ(grip->direction, (Point{4, 0}));
+  const auto guide = guideAt(c.store, rows, {1, {0, 0}});
+  ASSERT_TRUE(guide);
+  EXPECT_EQ(guide->reference, (Point{1, 1}));
+  EXPECT_EQ(guide->direction, (Point{4, 0}));
 }
 
-TEST(GripOf, AClosedRowIsHeldHalfWayToItsCentre) {
+TEST(GuideAt, OnAClosedRowItIsHalfWayToTheCenter) {
   RecordedCam c;
   addArc(c, kClockwiseArc, {3, 0}, {3, 0}, {1, 0});
   ChainWalk rows(c.store);
-  const auto grip = gripOf(c.store, rows, {1, {3, 0}});
-  ASSERT_TRUE(grip);
-  EXPECT_EQ(grip->reference, (Point{2, 0}));
-  EXPECT_EQ(grip->direction, (Point{2, 0}));
+  const auto guide = guideAt(c.store, rows, {1, {3, 0}});
+  ASSERT_TRUE(guide);
+  EXPECT_EQ(guide->reference, (Point{2, 0}));
+  EXPECT_EQ(guide->direction, (Point{2, 0}));
 }
 
-TEST(GripOf, AnOpenRowAloneCannotBeHeld) {
+TEST(GuideAt, AnOpenRowAloneHasNone) {
   RecordedCam c;
   c.add({.type = kLine, .attr = kVerifiedRow, .x1 = 3});
   ChainWalk rows(c.store);
-  EXPECT_FALSE(gripOf(c.store, rows, {1, {0, 0}}));
+  EXPECT_FALSE(guideAt(c.store, rows, {1, {0, 0}}));
   // A working row that came since is a neighbour.
   c.add({.type = kLine, .attr = kPocketOutline, .x0 = 0, .y0 = 0, .x1 = 0, .y1 = 4});
-  EXPECT_TRUE(gripOf(c.store, rows, {1, {0, 0}}));
+  EXPECT_TRUE(guideAt(c.store, rows, {1, {0, 0}}));
 }
 
 TEST(MirroredOut, ReflectsThroughTheNearestPointOfTheRow) {

@@ -126,10 +126,10 @@ TEST_P(DxfJobs, GoFromTheFileToAProgramThatReadsBack) {
   run(std::string(TESSIMO_DXF_FILES) + "/" + GetParam().file);
   ASSERT_NE(drawing, nullptr);
   const testing::PartShape part = testing::partOf(outline());
-  const std::vector<testing::Curve> way = testing::toolWay(*drawing);
+  const std::vector<testing::Curve> path = testing::toolPath(*drawing);
   const double radius = std::stod(GetParam().radius);
-  EXPECT_LE(testing::deepestGouge(part, way, radius).depth, 2e-4);
-  EXPECT_GE(testing::ReachableArea(part, radius).coverageOf(way).share, 0.999);
+  EXPECT_LE(testing::deepestGouge(part, path, radius).depth, 2e-4);
+  EXPECT_GE(testing::ReachableArea(part, radius).coverageOf(path).share, 0.999);
   const std::vector<PathRow> placed = testing::placedCuts(*drawing, kResolution);
   const std::vector<PathRow> read =
       testing::readCuts(testing::readProgram(readFile(home("CNC/job.CNC"))));

@@ -155,20 +155,20 @@ std::vector<SegmentRow> rowsOf(const DrawingStore& store, int first, int last) {
 }
 
 // The feed moves of some path groups.
-std::vector<Curve> wayOf(const DrawingStore& store, int firstGroup, int lastGroup) {
-  std::vector<Curve> way;
+std::vector<Curve> pathOf(const DrawingStore& store, int firstGroup, int lastGroup) {
+  std::vector<Curve> path;
   for (int ps = 1; ps <= store.NumPathSegments; ++ps) {
     const int group = groupCutOff(store.pscode[ps]);
     if (group < firstGroup || group > lastGroup) continue;
-    const std::vector<Curve> rows = testing::toolWay(store, ps, ps);
-    way.insert(way.end(), rows.begin(), rows.end());
+    const std::vector<Curve> rows = testing::toolPath(store, ps, ps);
+    path.insert(path.end(), rows.begin(), rows.end());
   }
-  return way;
+  return path;
 }
 
-double depthIn(const PartShape& part, const std::vector<Curve>& way, double radius) {
-  EXPECT_FALSE(way.empty());
-  return testing::deepestGouge(part, way, radius).depth;
+double depthIn(const PartShape& part, const std::vector<Curve>& path, double radius) {
+  EXPECT_FALSE(path.empty());
+  return testing::deepestGouge(part, path, radius).depth;
 }
 
 // Round what is cut free there is air as far as the stock goes.
@@ -189,9 +189,9 @@ TEST(ExampleParts, IslandsAndWallsStayWhole) {
     const DrawingStore& store = *run.drawings[style];
     const PartShape part = testing::partOf(
         rowsOf(store, 1, 8), {rowsOf(store, 9, 16), rowsOf(store, 17, 19), rowsOf(store, 20, 20)});
-    const std::vector<Curve> way = testing::toolWay(store);
-    EXPECT_LE(depthIn(part, way, kRadius), kHair) << style;
-    EXPECT_GE(testing::ReachableArea(part, kRadius).coverageOf(way).share, 0.9999) << style;
+    const std::vector<Curve> path = testing::toolPath(store);
+    EXPECT_LE(depthIn(part, path, kRadius), kHair) << style;
+    EXPECT_GE(testing::ReachableArea(part, kRadius).coverageOf(path).share, 0.9999) << style;
   }
 }
 
@@ -201,9 +201,9 @@ TEST(ExampleParts, TheSpiralLeavesMaterialRoundIslandsAndCutsNoWall) {
   const DrawingStore& store = *run.drawings.at(2);
   const PartShape part = testing::partOf(
       rowsOf(store, 1, 8), {rowsOf(store, 9, 16), rowsOf(store, 17, 19), rowsOf(store, 20, 20)});
-  const std::vector<Curve> way = testing::toolWay(store);
-  EXPECT_LE(depthIn(part, way, 0.0625), kHair);
-  EXPECT_LT(testing::ReachableArea(part, 0.0625).coverageOf(way).share, 0.9);
+  const std::vector<Curve> path = testing::toolPath(store);
+  EXPECT_LE(depthIn(part, path, 0.0625), kHair);
+  EXPECT_LT(testing::ReachableArea(part, 0.0625).coverageOf(path).share, 0.9);
 }
 
 TEST(ExampleParts, ThePlateKeepsItsPocketItsIslandsAndItsOutline) {
@@ -212,10 +212,10 @@ TEST(ExampleParts, ThePlateKeepsItsPocketItsIslandsAndItsOutline) {
   const PartShape pocket =
       testing::partOf(rowsOf(store, 9, 16), {rowsOf(store, 17, 24), rowsOf(store, 25, 25)});
   const double radius = store.toolradius[3];
-  EXPECT_LE(depthIn(pocket, wayOf(store, 4, 7), radius), kHair);
-  EXPECT_GE(testing::ReachableArea(pocket, radius).coverageOf(wayOf(store, 4, 7)).share, 0.9999);
+  EXPECT_LE(depthIn(pocket, pathOf(store, 4, 7), radius), kHair);
+  EXPECT_GE(testing::ReachableArea(pocket, radius).coverageOf(pathOf(store, 4, 7)).share, 0.9999);
   const PartShape outline = testing::partOf(stockEdge(store), {rowsOf(store, 1, 8)});
-  EXPECT_LE(depthIn(outline, wayOf(store, 9, 9), store.toolradius[5]), kHair);
+  EXPECT_LE(depthIn(outline, pathOf(store, 9, 9), store.toolradius[5]), kHair);
 }
 
 TEST(ExampleParts, TheFlangeKeepsItsBoreAndItsRim) {
@@ -223,21 +223,21 @@ TEST(ExampleParts, TheFlangeKeepsItsBoreAndItsRim) {
   const DrawingStore& store = *run.drawings.at(0);
   const double radius = store.toolradius[5];
   const PartShape bore = testing::partOf(rowsOf(store, 2, 2));
-  EXPECT_LE(depthIn(bore, wayOf(store, 4, 5), radius), kHair);
-  EXPECT_GE(testing::ReachableArea(bore, radius).coverageOf(wayOf(store, 4, 5)).share, 0.9999);
+  EXPECT_LE(depthIn(bore, pathOf(store, 4, 5), radius), kHair);
+  EXPECT_GE(testing::ReachableArea(bore, radius).coverageOf(pathOf(store, 4, 5)).share, 0.9999);
   const PartShape rim = testing::partOf(stockEdge(store), {rowsOf(store, 1, 1)});
-  EXPECT_LE(depthIn(rim, wayOf(store, 6, 7), radius), kHair);
+  EXPECT_LE(depthIn(rim, pathOf(store, 6, 7), radius), kHair);
 }
 
 TEST(ExampleParts, TheClampKeepsItsSlotAndItsOutline) {
   const ExampleRun run("clamp");
   const DrawingStore& store = *run.drawings.at(0);
   const PartShape slot = testing::partOf(rowsOf(store, 7, 10));
-  EXPECT_LE(depthIn(slot, wayOf(store, 2, 3), store.toolradius[4]), kHair);
-  EXPECT_GE(testing::ReachableArea(slot, store.toolradius[4]).coverageOf(wayOf(store, 2, 3)).share,
+  EXPECT_LE(depthIn(slot, pathOf(store, 2, 3), store.toolradius[4]), kHair);
+  EXPECT_GE(testing::ReachableArea(slot, store.toolradius[4]).coverageOf(pathOf(store, 2, 3)).share,
             0.9999);
   const PartShape outline = testing::partOf(stockEdge(store), {rowsOf(store, 1, 6)});
-  EXPECT_LE(depthIn(outline, wayOf(store, 5, 6), store.toolradius[5]), kHair);
+  EXPECT_LE(depthIn(outline, pathOf(store, 5, 6), store.toolradius[5]), kHair);
 }
 
 }  // namespace

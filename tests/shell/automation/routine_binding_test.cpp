@@ -28,6 +28,38 @@ TEST_F(RoutineBinding, RoutinesOfTheStore) {
             "0\n");
 }
 
+TEST_F(RoutineBinding, EditingOfRows) {
+  EXPECT_EQ(outputOf("add_segment{type=1, x1=4} add_segment{type=1, x0=1, y0=-1, x1=1, y1=1} "
+                     "print(call.trimSegment(1, 2, 3, 0), call.trimSegment(1, 1, 3, 0)) "
+                     "print(call.breakSegment(1, 0.5, 0), call.breakSegment(1, 0, 0), "
+                     "call.breakSegment(9, 0, 0), call.joinedLineCount(0.5, 0)) "
+                     "call.moveEndpoints(0.5, 0, 0.5, 0.25) call.deleteSegment(2) "
+                     "for s in segments() do print(s.x0, s.y0, s.x1, s.y1) end "
+                     "print(store.drawingsaved)"),
+            "0\t-1\n0\t-6\t-1\t2\n0.0\t0.0\t0.5\t0.25\n0.5\t0.25\t1.0\t0.0\n0\n");
+  EXPECT_EQ(outputOf("add_path{type=1, x1=4, z=-1} add_path{type=1, x0=1, y0=-1, x1=1, y1=1} "
+                     "print(call.trimPathSegment(1, 2, 3, 0), call.breakPathSegment(1, 0.5, 0), "
+                     "call.joinedPathCount(0.5, 0)) "
+                     "call.movePathEndpoints(0.5, 0, 0.5, 0.25) call.deletePathSegment(3) "
+                     "for p in paths() do print(p.x0, p.y0, p.x1, p.y1, p.z) end "
+                     "print(call.pathEntityInfo(2):match('Type: %a+'), "
+                     "call.pathEntityInfo(2):match('Z: .*'):gsub('\\n', ' '))"),
+            "0\t0\t2\n0.0\t0.0\t0.5\t0.25\t-1.0\n0.5\t0.25\t1.0\t0.0\t-1.0\n"
+            "Type: Line\tZ: -1.0000 Feed: 0\t1\n");
+}
+
+TEST_F(RoutineBinding, ARefusedFilletIsTold) {
+  EXPECT_EQ(outputOf("add_segment{type=1, x1=4} add_segment{type=1, y1=3} "
+                     "add_segment{type=1, x0=8, x1=9} "
+                     "call.addFillet(1, 2, 0) print(beeps, store.NumSegments) "
+                     "call.addFillet(1, 2, 0.5) print(store.NumSegments, store.segtype[4]) "
+                     "call.addFillet(1, 3, 0.5) print(messages[1].text, messages[1].title) "
+                     "add_path{type=1, x1=4} add_path{type=1, y1=3} call.addPathFillet(1, 2, 0.5) "
+                     "print(store.NumPathSegments, store.pstype[2])"),
+            "1\t3\n4\t2\n"
+            "The 2 line segments must intersect at exactly one point.\tAdd Fillet\n3\t2\n");
+}
+
 TEST_F(RoutineBinding, NumbersAndTexts) {
   EXPECT_EQ(valueOf("call.formatNumber(1.23456, '##0.0##'), call.formatNumber(0, '####')"),
             "1.235\t");

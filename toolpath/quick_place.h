@@ -1,0 +1,13 @@
+// Quick Place: paths on the profile itself, for everything that is selected.
+// Owns: quickPlacePaths.
+#pragma once
+
+#include "toolpath/cam_desk.h"
+
+namespace tess {
+
+// Places a path, level by level, on every selected chain that has none yet. All of them are one
+// step of the log.
+void quickPlacePaths(CamDesk& cam);
+
+}  // namespace tess
