@@ -4,6 +4,7 @@
 #include <utility>
 #include <vector>
 
+#include "drafting/copy_paste.h"
 #include "drafting/drafting_commands.h"
 #include "drafting/edit_steps.h"
 #include "drafting/entity_creation.h"
@@ -16,14 +17,10 @@ namespace {
 
 enum class Deletion { Nothing, Done, Refused };
 
-bool isSelectedOrdinary(const DrawingStore& store, int sg) {
-  return store.segattr[sg] == kSelected + kOrdinaryClass;
-}
-
 std::vector<clsSegment> selectedRecords(const DrawingStore& store) {
   std::vector<clsSegment> records;
   for (int sg = 1; sg <= store.NumSegments; ++sg) {
-    if (!isSelectedOrdinary(store, sg)) continue;
+    if (store.segattr[sg] != kSelectedRow) continue;
     records.emplace_back().SetSegment(segmentRow(store, sg), "D", /*start=*/false);
   }
   return records;
@@ -43,8 +40,8 @@ Deletion deleteSelected(Desk& desk) {
                        [&store](int ps) { return isSelected(store.pscode[ps]); });
   }
   std::vector<clsSegment> records = selectedRecords(store);
-  const Deletion deletion =
-      deleteWhere(desk, DrawnTable{}, [&store](int sg) { return isSelectedOrdinary(store, sg); });
+  const Deletion deletion = deleteWhere(
+      desk, DrawnTable{}, [&store](int sg) { return store.segattr[sg] == kSelectedRow; });
   if (deletion == Deletion::Done) fillPasteBuffer(desk, std::move(records));
   return deletion;
 }
@@ -72,8 +69,7 @@ void mnuEditCut_Click(Desk& desk) {
   if (selectedCount(desk.store) < 1) {
     return warn(desk, "No line segments are currently selected.", "Cut");
   }
-  fillPasteBuffer(desk, selectedRecords(desk.store));
-  desk.state.setPendingaction(0);
+  Copy_segment(desk);
   mnuEditDelete_Click(desk);
 }
 

@@ -5,6 +5,7 @@
 
 #include "display/arrowheads.h"
 #include "drafting/entity_creation.h"
+#include "drafting/hovering_rows.h"
 #include "drafting/pending_actions.h"
 
 namespace tess {
@@ -75,11 +76,11 @@ constexpr DragBandRow kDragBands[] = {
     {PendingAction::Measure, invertMeasureArrow},
 };
 
-void invertHovering(Desk& desk) {
-  if (desk.hovering.empty()) return;
+void invertRows(Desk& desk) {
+  if (desk.bandRows.empty()) return;
   desk.ScreenProxy.setDrawMode(PenMode::NotXor);
   desk.ScreenProxy.setDrawStyle(PenStyle::Solid);
-  traceShape(desk, desk.hovering);
+  traceHovering(desk, desk.bandRows);
   desk.ScreenProxy.setDrawMode(PenMode::Copy);
 }
 
@@ -87,7 +88,7 @@ void invertDragBand(Desk& desk, int action) {
   for (const DragBandRow& band : kDragBands) {
     if (action == static_cast<int>(band.action)) band.invert(desk);
   }
-  invertHovering(desk);
+  invertRows(desk);
 }
 
 }  // namespace
@@ -114,7 +115,7 @@ void showDragBand(Desk& desk) {
   if (desk.pointer.DragBand != 0) return;
   desk.pointer.DragBand = desk.state.pendingaction();
   if (hovers(desk, desk.pointer.DragBand)) {
-    desk.hovering = desk.hoverActions[static_cast<std::size_t>(desk.pointer.DragBand)]();
+    desk.bandRows = desk.hoverActions[static_cast<std::size_t>(desk.pointer.DragBand)]();
   }
   invertDragBand(desk, desk.pointer.DragBand);
 }
@@ -122,7 +123,7 @@ void showDragBand(Desk& desk) {
 void eraseDragBand(Desk& desk) {
   invertDragBand(desk, desk.pointer.DragBand);
   desk.pointer.DragBand = 0;
-  desk.hovering.clear();
+  desk.bandRows.clear();
 }
 
 void moveDragBand(Desk& desk, Point to) {

@@ -23,6 +23,7 @@
 #include <utility>
 #include <vector>
 
+#include "shell/qt/bolt_pane.h"
 #include "shell/qt/control_binding.h"
 #include "shell/qt/pdf_pane.h"
 
@@ -46,7 +47,8 @@ struct OwnClass {
 };
 
 constexpr std::array kOwnClasses{OwnClass{"QComboBox", make<DropDownBox>},
-                                 OwnClass{"PdfPane", make<PdfPane>}};
+                                 OwnClass{"PdfPane", make<PdfPane>},
+                                 OwnClass{"BoltPane", make<BoltPane>}};
 
 class Loader : public QUiLoader {
  public:

@@ -13,13 +13,17 @@
 #include "core/rounding.h"
 #include "display/display_commands.h"
 #include "drafting/dlgEditRadius.h"
+#include "drafting/dlgInputReal.h"
 #include "drafting/dlgPositionCursor.h"
 #include "drafting/dlgSetGrids.h"
 #include "drafting/drafting_commands.h"
+#include "drafting/frmMirror.h"
+#include "drafting/frmRotate.h"
 #include "drafting/pending_actions.h"
 #include "tests/geometry/scenes.h"
 #include "tests/support/mirrored_tables.h"
 #include "tests/support/running_program.h"
+#include "toolpath/BoltCircle.h"
 #include "toolpath/dlgSelectCycle.h"
 #include "toolpath/toolpath_commands.h"
 
@@ -82,6 +86,28 @@ struct Contents {
   }
   friend bool operator==(const Contents&, const Contents&) = default;
 };
+
+std::string difference(const std::vector<Row>& a, const std::vector<Row>& b) {
+  std::vector<Row> onlyThere;
+  std::set_difference(a.begin(), a.end(), b.begin(), b.end(), std::back_inserter(onlyThere));
+  std::string text;
+  for (const Row& row : onlyThere) {
+    text += "\n ";
+    for (const double value : row) text += " " + std::to_string(value);
+  }
+  return text;
+}
+
+// What a failed comparison shows: the rows that are there, and those that should be.
+std::ostream& operator<<(std::ostream& out, const Contents& contents) {
+  return out << contents.drawn.size() << " rows, " << contents.placed.size() << " path rows";
+}
+
+void expectSame(const Contents& is, const Contents& known) {
+  EXPECT_TRUE(is == known) << is << difference(is.drawn, known.drawn) << "\ninstead of " << known
+                           << difference(known.drawn, is.drawn)
+                           << (is.placed == known.placed ? "" : "\nwith other path rows");
+}
 
 // ---- What the tables may hold
 
@@ -188,6 +214,10 @@ class Session : public RunningProgram {
   template <typename Value>
   const Value& oneOf(const std::vector<Value>& values) {
     return values[static_cast<std::size_t>(dice_.below(static_cast<int>(values.size())))];
+  }
+  template <typename Value, std::size_t count>
+  Value oneOf(const Value (&values)[count]) {
+    return values[dice_.below(static_cast<int>(count))];
   }
 
   // ---- Steps
@@ -316,7 +346,7 @@ class Session : public RunningProgram {
     note("all back and forth");
     const int before = log().changecount;
     while (log().canUndo()) undo();
-    EXPECT_TRUE(Contents(store()) == after_.at(0));
+    expectSame(Contents(store()), after_.at(0));
     while (log().changecount < before) redo();
     EXPECT_EQ(log().changecount, before);
   }
@@ -376,12 +406,42 @@ class Session : public RunningProgram {
       if (dice_.below(3) != 0) grids->cmdAccept.click();
     } else if (auto* radius = dynamic_cast<dlgEditRadius*>(&form)) {
       static constexpr const char* kRadii[] = {"0.1", "0.25", "1", "2.5", "0", "-1", "1e30", "x"};
-      radius->txtradius.setText(kRadii[dice_.below(static_cast<int>(std::size(kRadii)))]);
+      radius->txtradius.setText(oneOf(kRadii));
       if (dice_.below(3) != 0) radius->cmdAccept.click();
     } else if (auto* cycles = dynamic_cast<dlgSelectCycle*>(&form)) {
       cycles->chkSelectedCircles.setChecked(dice_.below(4) == 0);
       if (dice_.below(3) != 0) cycles->cmdAccept.click();
+    } else if (auto* scale = dynamic_cast<dlgInputReal*>(&form)) {
+      static constexpr const char* kFactors[] = {"1.25", "0.8", "1", "0", "-2"};
+      scale->txtValue.setText(oneOf(kFactors));
+      scale->chkSelectedItemsOnly.setChecked(dice_.below(2) == 0);
+      if (dice_.below(3) != 0) scale->cmdAccept.click();
+    } else if (auto* mirror = dynamic_cast<frmMirror*>(&form)) {
+      oneOf({&mirror->optHorizontally, &mirror->optVertically, &mirror->optBoth})->setValue(true);
+      fillIn(mirror->txtMirrorX, mirror->txtMirrorY);
+      fillIn(mirror->optCopy, mirror->chkSelectedSegments, mirror->cmdOK);
+    } else if (auto* rotate = dynamic_cast<frmRotate*>(&form)) {
+      rotate->txtDegrees.setText(std::to_string(90 * dice_.below(5)));
+      rotate->optClockwise.setValue(dice_.below(2) == 0);
+      fillIn(rotate->txtRotateX, rotate->txtRotateY);
+      fillIn(rotate->optCopy, rotate->chkSelectedSegments, rotate->cmdOK);
+    } else if (auto* bolts = dynamic_cast<BoltCircle*>(&form)) {
+      bolts->txtNumberOfHoles.setText(std::to_string(1 + dice_.below(8)));
+      bolts->txtBoltCircleDiameter.setText(std::to_string(1 + dice_.below(3)));
+      bolts->txtBoltHoleDiameter.setText("0.25");
+      if (dice_.below(4) != 0) bolts->cmdCompute.click();
+      if (dice_.below(3) != 0) bolts->cmdCreateSegments.click();
     }
+  }
+  void fillIn(TextBox& x, TextBox& y) {
+    if (dice_.below(2) == 0) return;
+    x.setText(std::to_string(lattice()));
+    y.setText(std::to_string(lattice()));
+  }
+  void fillIn(Option& copy, CheckBox& selectedOnly, Button& ok) {
+    copy.setValue(dice_.below(3) == 0);
+    selectedOnly.setChecked(dice_.below(3) != 0);
+    if (dice_.below(4) != 0) ok.click();
   }
 
   // ---- What must hold
@@ -417,18 +477,20 @@ class Session : public RunningProgram {
     const bool fresh = log().changetop != top_ || (count > count_ && !walked_);
     if (fresh) after_.erase(after_.upper_bound(count_), after_.end());
     const auto [known, isNew] = after_.try_emplace(count, store());
-    EXPECT_TRUE(isNew || Contents(store()) == known->second);
+    if (!isNew) expectSame(Contents(store()), known->second);
     count_ = count;
     top_ = log().changetop;
     walked_ = false;
     EXPECT_LE(count, top_);
   }
 
-  // Undo and redo lead only to where the session has been.
+  // Undo and redo lead only to where the session has been, or between the two steps of one command,
+  // and there always to the same rows.
   void expectKnown() {
-    const auto known = after_.find(log().changecount);
-    ASSERT_NE(known, after_.end());
-    EXPECT_TRUE(Contents(store()) == known->second);
+    const int count = log().changecount;
+    const auto [known, isNew] = after_.try_emplace(count, store());
+    ASSERT_TRUE(!isNew || (log().canRedo() && log().record(count).StartOfSegment));
+    expectSame(Contents(store()), known->second);
     walked_ = true;
   }
 
