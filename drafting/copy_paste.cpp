@@ -18,16 +18,6 @@ bool waitsForCopyClick(const Desk& desk) {
   return desk.state.pendingaction() == static_cast<int>(PendingAction::Copy);
 }
 
-// The selected rows and row `clicked`, which may be 0, in the order of the table.
-std::vector<clsSegment> recordsOf(const DrawingStore& store, int clicked) {
-  std::vector<clsSegment> records;
-  for (int sg = 1; sg <= store.NumSegments; ++sg) {
-    if (sg != clicked && store.segattr[sg] != kSelectedRow) continue;
-    records.emplace_back().SetSegment(segmentRow(store, sg), "A", /*start=*/false);
-  }
-  return records;
-}
-
 float moved(float coordinate, float from, float to) {
   return narrow(static_cast<double>(coordinate) + (static_cast<double>(to) - from));
 }
@@ -49,12 +39,21 @@ SegmentRow pastedRow(const clsSegment& record, Point from, Point to) {
 
 }  // namespace
 
+std::vector<clsSegment> recordsToPaste(const DrawingStore& store, int clicked) {
+  std::vector<clsSegment> records;
+  for (int sg = 1; sg <= store.NumSegments; ++sg) {
+    if (sg != clicked && !isSelectedOrdinary(store.segattr[sg])) continue;
+    records.emplace_back().SetSegment(segmentRow(store, sg), "A", /*start=*/false);
+  }
+  return records;
+}
+
 void Copy_segment(Desk& desk) {
   const Procedure here("Copy_segment");
   const int nearest = nearestSeg(desk.store, mouseOf(desk));
   const bool picks = waitsForCopyClick(desk) && nearest > 0;
   if (picks || selectedCount(desk.store) >= 1) {
-    fillPasteBuffer(desk, recordsOf(desk.store, picks ? nearest : 0));
+    fillPasteBuffer(desk, recordsToPaste(desk.store, picks ? nearest : 0));
   } else if (nearest > 0) {
     offerPaste(desk);
   }

@@ -1,10 +1,18 @@
 // Copying drawing rows into the paste buffer and putting them down beside the marker.
-// Owns: Copy_segment, Paste_segment, Clear_Paste, mnuEditCopy_Click, mnuEditPaste_Click.
+// Owns: recordsToPaste, Copy_segment, Paste_segment, Clear_Paste, mnuEditCopy_Click,
+//       mnuEditPaste_Click.
 #pragma once
+
+#include <vector>
+
+#include "drafting/change_log.h"
 
 namespace tess {
 
 struct Desk;
+
+// The selected ordinary rows and row `clicked`, 0 for none, in the order of the table.
+std::vector<clsSegment> recordsToPaste(const DrawingStore& store, int clicked);
 
 // Keeps the selected ordinary rows, and while Copy waits for its click the row nearest to it, with
 // the marker as their base. Without either the rows stay that were kept before, for the marker as

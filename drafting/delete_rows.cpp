@@ -17,15 +17,6 @@ namespace {
 
 enum class Deletion { Nothing, Done, Refused };
 
-std::vector<clsSegment> selectedRecords(const DrawingStore& store) {
-  std::vector<clsSegment> records;
-  for (int sg = 1; sg <= store.NumSegments; ++sg) {
-    if (store.segattr[sg] != kSelectedRow) continue;
-    records.emplace_back().SetSegment(segmentRow(store, sg), "D", /*start=*/false);
-  }
-  return records;
-}
-
 template <class Table, class Goes>
 Deletion deleteWhere(Desk& desk, Table table, Goes goes) {
   Change change(desk.changes);
@@ -39,9 +30,9 @@ Deletion deleteSelected(Desk& desk) {
     return deleteWhere(desk, PlacedTable{},
                        [&store](int ps) { return isSelected(store.pscode[ps]); });
   }
-  std::vector<clsSegment> records = selectedRecords(store);
+  std::vector<clsSegment> records = recordsToPaste(store, /*clicked=*/0);
   const Deletion deletion = deleteWhere(
-      desk, DrawnTable{}, [&store](int sg) { return store.segattr[sg] == kSelectedRow; });
+      desk, DrawnTable{}, [&store](int sg) { return isSelectedOrdinary(store.segattr[sg]); });
   if (deletion == Deletion::Done) fillPasteBuffer(desk, std::move(records));
   return deletion;
 }

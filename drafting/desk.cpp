@@ -26,7 +26,7 @@ Desk::Desk(const DeskParts& parts)
   redraw.onCleared = [this] { forgetInverted(); };
   redraw.onPainted = [this] {
     showSecondPoint(*this);
-    showHovering(*this);
+    showPreview(*this);
   };
 }
 
@@ -45,8 +45,8 @@ void Desk::refreshDrawMode() {
 void Desk::forgetInverted() {
   pointer.RubberKind = 0;
   pointer.DragBand = 0;
-  bandRows.clear();
-  hovering.shown = false;
+  hovering.clear();
+  formPreview.shown = false;
   command.secondCrossShown = false;
   state.forgetMark();
 }

@@ -17,7 +17,7 @@
 #include "display/view_commands.h"
 #include "drafting/c_state.h"
 #include "drafting/change.h"
-#include "drafting/hovering_rows.h"
+#include "drafting/form_preview.h"
 #include "drafting/known_commands.h"
 #include "drafting/paste_buffer.h"
 #include "geometry/entity.h"
@@ -106,8 +106,8 @@ struct Desk : DeskParts, KnownCommands {
   CommandRecord command;
   ArcScratch arc;
   PasteBuffer paste;
-  std::vector<SegmentRow> bandRows;  // what the armed action shows on the screen
-  HoveringRows hovering;
+  std::vector<SegmentRow> hovering;  // what the armed action shows on the screen
+  FormPreview formPreview;           // and what a form does
   ChangeLog changelog;
   std::unique_ptr<ChangeHost> changeHost;
   Changes changes;

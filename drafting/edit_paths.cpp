@@ -1,6 +1,7 @@
 // What editing works on.
 #include "drafting/edit_paths.h"
 
+#include "drafting/desk.h"
 #include "drafting/drafting_commands.h"
 #include "drafting/rubber_band.h"
 

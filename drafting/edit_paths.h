@@ -1,10 +1,10 @@
-// What editing works on.
+// The toggle of what editing works on.
 // Owns: toggleEditPaths.
 #pragma once
 
-#include "drafting/desk.h"
-
 namespace tess {
+
+struct Desk;
 
 // The toggle miEditSegsOrPaths: editing works on path rows, or on drawing rows again.
 void toggleEditPaths(Desk& desk);

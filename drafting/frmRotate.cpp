@@ -9,7 +9,7 @@ namespace tess {
 namespace {
 
 constexpr float kFirstDegrees = 45;
-constexpr float kMostDegrees = 360;
+constexpr float kMaxDegrees = 360;
 
 }  // namespace
 
@@ -29,7 +29,7 @@ frmRotate::frmRotate(Desk& desk) : RowImagesForm(desk, "frmRotate", "Rotate") {
 
 std::optional<float> frmRotate::degrees() const {
   const std::optional<float> degrees = numberIn(txtDegrees);
-  return degrees && *degrees >= 0 && *degrees <= kMostDegrees ? degrees : std::nullopt;
+  return degrees && *degrees >= 0 && *degrees <= kMaxDegrees ? degrees : std::nullopt;
 }
 
 std::optional<Turn> frmRotate::turn() const {

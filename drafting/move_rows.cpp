@@ -1,6 +1,8 @@
 // Moving.
 #include "drafting/move_rows.h"
 
+#include <vector>
+
 #include "core/drawing_store.h"
 #include "drafting/drafting_commands.h"
 #include "drafting/entity_creation.h"
@@ -36,6 +38,19 @@ void clickMove(Desk& desk) {
   moveMarker(desk, click.x, click.y);
 }
 
+// The drawing rows that the move takes along.
+std::vector<SegmentRow> hoverMove(const Desk& desk) {
+  const Point marker = markerOf(desk), to = hoverPoint(desk);
+  const auto moved = movedBy(to.x - marker.x, to.y - marker.y);
+  const bool selectedOnly = selectedCount(desk.store) > 0;
+  std::vector<SegmentRow> rows;
+  for (int sg = 1; sg <= desk.store.NumSegments; ++sg) {
+    if (selectedOnly && !isSelectedOrdinary(desk.store.segattr[sg])) continue;
+    mapRow(rows.emplace_back(segmentRow(desk.store, sg)), moved);
+  }
+  return rows;
+}
+
 void clickSetOrigin(Desk& desk) {
   const Procedure here("frmMain.clickSetOrigin()");
   Change change(desk.changes);
@@ -65,7 +80,7 @@ void moveSelected(Changes& changes, float dx, float dy) {
   const auto moved = movedBy(dx, dy);
   Change change(changes);
   change.segments.replaceWhere([&](int /*sg*/, SegmentRow& row) {
-    if (row.attr != kSelectedRow) return false;
+    if (!isSelectedOrdinary(row.attr)) return false;
     mapRow(row, moved);
     return true;
   });
@@ -83,21 +98,6 @@ void SetOrigin(Desk& desk) {
 // ---- Descriptors
 
 namespace {
-
-// The drawing rows as a click at MouseMoveX, MouseMoveY would move them.
-std::vector<SegmentRow> hoverMove(const Desk& desk) {
-  const Point marker = markerOf(desk), to = hoverPoint(desk);
-  const auto moved = movedBy(to.x - marker.x, to.y - marker.y);
-  const bool selectedOnly = selectedCount(desk.store) > 0;
-  std::vector<SegmentRow> rows;
-  for (int sg = 1; sg <= desk.store.NumSegments; ++sg) {
-    SegmentRow row = segmentRow(desk.store, sg);
-    if (selectedOnly && row.attr != kSelectedRow) continue;
-    mapRow(row, moved);
-    rows.push_back(row);
-  }
-  return rows;
-}
 
 constexpr Action<Desk> kMoveActions[] = {
     {{.action = PendingAction::Move, .prompt = kMoveAllPrompt}, clickMove, hoverMove},

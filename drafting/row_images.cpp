@@ -5,12 +5,13 @@
 
 #include "core/drawing_store.h"
 #include "drafting/row_finder.h"
+#include "drafting/selection.h"
 
 namespace tess {
 namespace {
 
 bool takesPart(const SegmentRow& row, bool selectedOnly) {
-  return !selectedOnly || row.attr == kSelected + kOrdinaryClass;
+  return !selectedOnly || isSelectedOrdinary(row.attr);
 }
 
 bool addCopies(Change& change, const DrawingStore& store, bool selectedOnly,

@@ -18,7 +18,7 @@ constexpr char kCoordinateFormat[] = "0.0###";
 RowImagesForm::RowImagesForm(Desk& desk, std::string name, std::string caption)
     : Form(std::move(name), std::move(caption)), desk_(desk) {
   onLoad = [this] { load(); };
-  onClose = [this] { stopHovering(desk_); };
+  onClose = [this] { endPreview(desk_); };
 }
 
 void RowImagesForm::wire(const Parts& parts) {
@@ -79,7 +79,7 @@ std::vector<SegmentRow> RowImagesForm::images() const {
 }
 
 void RowImagesForm::hover() {
-  if (loaded_) hoverRows(desk_, images());
+  if (loaded_) previewRows(desk_, images());
 }
 
 std::optional<Point> RowImagesForm::point() const {

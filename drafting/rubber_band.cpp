@@ -5,7 +5,7 @@
 
 #include "display/arrowheads.h"
 #include "drafting/entity_creation.h"
-#include "drafting/hovering_rows.h"
+#include "drafting/form_preview.h"
 #include "drafting/pending_actions.h"
 
 namespace tess {
@@ -76,11 +76,11 @@ constexpr DragBandRow kDragBands[] = {
     {PendingAction::Measure, invertMeasureArrow},
 };
 
-void invertRows(Desk& desk) {
-  if (desk.bandRows.empty()) return;
+void invertHovering(Desk& desk) {
+  if (desk.hovering.empty()) return;
   desk.ScreenProxy.setDrawMode(PenMode::NotXor);
   desk.ScreenProxy.setDrawStyle(PenStyle::Solid);
-  traceHovering(desk, desk.bandRows);
+  traceHovering(desk, desk.hovering);
   desk.ScreenProxy.setDrawMode(PenMode::Copy);
 }
 
@@ -88,7 +88,7 @@ void invertDragBand(Desk& desk, int action) {
   for (const DragBandRow& band : kDragBands) {
     if (action == static_cast<int>(band.action)) band.invert(desk);
   }
-  invertRows(desk);
+  invertHovering(desk);
 }
 
 }  // namespace
@@ -115,7 +115,7 @@ void showDragBand(Desk& desk) {
   if (desk.pointer.DragBand != 0) return;
   desk.pointer.DragBand = desk.state.pendingaction();
   if (hovers(desk, desk.pointer.DragBand)) {
-    desk.bandRows = desk.hoverActions[static_cast<std::size_t>(desk.pointer.DragBand)]();
+    desk.hovering = desk.hoverActions[static_cast<std::size_t>(desk.pointer.DragBand)]();
   }
   invertDragBand(desk, desk.pointer.DragBand);
 }
@@ -123,7 +123,7 @@ void showDragBand(Desk& desk) {
 void eraseDragBand(Desk& desk) {
   invertDragBand(desk, desk.pointer.DragBand);
   desk.pointer.DragBand = 0;
-  desk.bandRows.clear();
+  desk.hovering.clear();
 }
 
 void moveDragBand(Desk& desk, Point to) {

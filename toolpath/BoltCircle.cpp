@@ -7,7 +7,7 @@
 #include "core/number_text.h"
 #include "core/rounding.h"
 #include "drafting/entity_creation.h"
-#include "drafting/hovering_rows.h"
+#include "drafting/form_preview.h"
 #include "drafting/number_fields.h"
 #include "toolpath/cycles.h"
 #include "toolpath/dlgSelectCycle.h"
@@ -17,8 +17,8 @@ namespace tess {
 namespace {
 
 constexpr int kDistanceDecimals = 6;
-constexpr float kMostHoles = 999;
-constexpr float kMostDegrees = 360;
+constexpr float kMaxHoles = 999;
+constexpr float kMaxDegrees = 360;
 
 bool liesIn(const std::optional<float>& value, float least, float most) {
   return !value || (*value >= least && *value <= most);
@@ -54,7 +54,7 @@ BoltCircle::BoltCircle(CamDesk& cam) : Form("BoltCircle", "Bolt Circle"), cam_(c
   setDefaultButton(cmdCompute);
   setCancelButton(cmdCancel);
   onLoad = [this] { clear(); };
-  onClose = [this] { stopHovering(cam_.desk); };
+  onClose = [this] { endPreview(cam_.desk); };
   cmdCompute.onClick = [this] { compute(); };
   cmdClear.onClick = [this] { clear(); };
   cmdCreateSegments.onClick = [this] { createSegments(); };
@@ -89,10 +89,10 @@ std::string BoltCircle::complaints() const {
   const std::optional<float> hole = numberIn(txtBoltHoleDiameter);
   const std::pair<bool, const char*> rules[] = {
       {holes.has_value(), "Number of Bolt Holes is required and must be numeric."},
-      {liesIn(holes, 1, kMostHoles), "Number of Bolt Holes must be between 1 and 999."},
+      {liesIn(holes, 1, kMaxHoles), "Number of Bolt Holes must be between 1 and 999."},
       {offset.has_value(), "Degrees Offset must be numeric."},
       // Fixed: the offset's range is told in these words.
-      {liesIn(offset, 0, kMostDegrees), "Number of Bolt Holes must be between 0 and 360."},
+      {liesIn(offset, 0, kMaxDegrees), "Number of Bolt Holes must be between 0 and 360."},
       {circle.has_value(), "Bolt Circle Diameter is required and must be numeric."},
       {!circle || *circle > 0, "Bolt Circle diameter must be between greater than 0."},
       {hole.has_value(), "Bolt Hole Diameter is required and must be numeric."},
@@ -164,7 +164,7 @@ void BoltCircle::hoverHoles() {
   for (const BoltHole& hole : holes_) {
     circles.push_back(circleAt(hole.place, pattern_.holeDiameter / 2));
   }
-  hoverRows(cam_.desk, std::move(circles));
+  previewRows(cam_.desk, std::move(circles));
 }
 
 std::vector<Point> BoltCircle::listedPlaces() const {

@@ -1,5 +1,5 @@
 // Holes evenly spread on a circle.
-// Owns: BoltPattern, BoltHole, kBoltFrame, boltHoles, boltHoleDistance, boltHoleItem, fieldOfItem.
+// Owns: BoltPattern, kBoltFrame, BoltHole, boltHoles, boltHoleDistance, boltHoleItem, fieldOfItem.
 #pragma once
 
 #include <string>

@@ -266,7 +266,7 @@ TEST(Mirror, BeyondTheLargestNumberChangesNothing) {
   EXPECT_EQ(testing::numberOfFailure(mirror), FailureNumber::Overflow);
   EXPECT_TRUE(TableBits(d.store) == before);
   EXPECT_EQ(d.desk.changelog.changecount, 0);
-  EXPECT_TRUE(d.desk.hovering.rows.empty());
+  EXPECT_TRUE(d.desk.formPreview.rows.empty());
 }
 
 TEST(Mirror, IntoAFullTableAddsNothing) {
@@ -308,26 +308,26 @@ TEST(Mirror, ShowsTheImagesBeforeOkAndTakesThemAway) {
   RecordedDesk d;
   d.addLine(1, 0, 2, 1);
   mirrorWith(d, [&d](frmMirror& form) {
-    EXPECT_TRUE(d.desk.hovering.shown);
-    ASSERT_EQ(d.desk.hovering.rows.size(), 1U);
-    EXPECT_EQ(testing::segmentText(d.desk.hovering.rows[0]), "1 (-1, 0)-(-2, 1)");
+    EXPECT_TRUE(d.desk.formPreview.shown);
+    ASSERT_EQ(d.desk.formPreview.rows.size(), 1U);
+    EXPECT_EQ(testing::segmentText(d.desk.formPreview.rows[0]), "1 (-1, 0)-(-2, 1)");
     d.log.take();
     form.optVertically.setValue(true);
     const std::string turnedOver = d.log.take();
-    EXPECT_EQ(testing::segmentText(d.desk.hovering.rows[0]), "1 (1, 0)-(2, -1)");
+    EXPECT_EQ(testing::segmentText(d.desk.formPreview.rows[0]), "1 (1, 0)-(2, -1)");
     form.optHorizontally.setValue(true);
     form.optVertically.setValue(true);
     EXPECT_NE(turnedOver, "");
     form.txtMirrorX.setText("no number");
-    EXPECT_TRUE(d.desk.hovering.rows.empty());
-    EXPECT_FALSE(d.desk.hovering.shown);
+    EXPECT_TRUE(d.desk.formPreview.rows.empty());
+    EXPECT_FALSE(d.desk.formPreview.shown);
     form.txtMirrorX.setText("0");
-    EXPECT_TRUE(d.desk.hovering.shown);
+    EXPECT_TRUE(d.desk.formPreview.shown);
     d.log.take();
     form.cmdCancel.click();
   });
   EXPECT_NE(d.log.take(), "") << "the last band is drawn once more and so removed";
-  EXPECT_FALSE(d.desk.hovering.shown);
+  EXPECT_FALSE(d.desk.formPreview.shown);
   EXPECT_EQ(d.store.NumSegments, 1);
 }
 

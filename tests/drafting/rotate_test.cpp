@@ -253,7 +253,7 @@ TEST(Rotate, OfAFaultTellsSoAndGoesToTheField) {
       form.txtDegrees.setText(fault.degrees);
       form.txtRotateX.setText(fault.x);
       form.txtRotateY.setText(fault.y);
-      EXPECT_TRUE(d.desk.hovering.rows.empty());
+      EXPECT_TRUE(d.desk.formPreview.rows.empty());
       form.cmdOK.focus();
       form.cmdOK.click();
       EXPECT_TRUE(form.isShown());
@@ -306,16 +306,16 @@ TEST(Rotate, ShowsTheImagesBeforeOk) {
   d.addLine(0, 0, 1, 0);
   rotateWith(d, [&d](frmRotate& form) {
     form.txtDegrees.setText("180");
-    ASSERT_EQ(d.desk.hovering.rows.size(), 1U);
-    EXPECT_NEAR(d.desk.hovering.rows[0].x1, -1, 1e-6);
+    ASSERT_EQ(d.desk.formPreview.rows.size(), 1U);
+    EXPECT_NEAR(d.desk.formPreview.rows[0].x1, -1, 1e-6);
     form.optClockwise.setValue(true);
     form.txtDegrees.setText("90");
-    EXPECT_NEAR(d.desk.hovering.rows[0].y1, -1, 1e-6);
-    EXPECT_TRUE(d.desk.hovering.shown);
+    EXPECT_NEAR(d.desk.formPreview.rows[0].y1, -1, 1e-6);
+    EXPECT_TRUE(d.desk.formPreview.shown);
     form.cmdOK.click();
   });
-  EXPECT_FALSE(d.desk.hovering.shown);
-  EXPECT_TRUE(d.desk.hovering.rows.empty());
+  EXPECT_FALSE(d.desk.formPreview.shown);
+  EXPECT_TRUE(d.desk.formPreview.rows.empty());
 }
 
 }  // namespace

@@ -278,7 +278,7 @@ struct EditScene : Scene {
   }
 };
 
-TEST(BandOfRows, AreOnTheScreenWhileTheButtonIsDownAndThenGone) {
+TEST(HoveringRows, AreOnTheScreenWhileTheButtonIsDownAndThenGone) {
   for (const bool paths : {false, true}) {
     for (const HoverCase& tool : hoverCases()) {
       SCOPED_TRACE(std::string(tool.name) + (paths ? ", paths" : ""));
@@ -287,23 +287,23 @@ TEST(BandOfRows, AreOnTheScreenWhileTheButtonIsDownAndThenGone) {
       const Picture before = scene.freshPicture();
       scene.press(1, tool.at.x, tool.at.y);
       EXPECT_GT(scene.differences(before), 0);
-      EXPECT_FALSE(scene.desk.bandRows.empty());
+      EXPECT_FALSE(scene.desk.hovering.empty());
       scene.move(1, tool.at.x + 0.1F, tool.at.y);
       eraseDragBand(scene.desk);
       EXPECT_EQ(scene.differences(before), 0);
-      EXPECT_TRUE(scene.desk.bandRows.empty());
+      EXPECT_TRUE(scene.desk.hovering.empty());
     }
   }
 }
 
-TEST(BandOfRows, AreThoseThatTheReleaseMakes) {
+TEST(HoveringRows, AreThoseThatTheReleaseMakes) {
   for (const HoverCase& tool : hoverCases()) {
     SCOPED_TRACE(tool.name);
     EditScene scene(/*paths=*/false);
     scene.start(tool);
     scene.press(1, tool.at.x, tool.at.y);
-    ASSERT_EQ(scene.desk.bandRows.size(), 1U);
-    const std::string hovering = testing::segmentText(scene.desk.bandRows[0]);
+    ASSERT_EQ(scene.desk.hovering.size(), 1U);
+    const std::string hovering = testing::segmentText(scene.desk.hovering[0]);
     scene.release(1, tool.at.x, tool.at.y);
     const auto rows = testing::segmentTexts(scene.store);
     EXPECT_NE(std::find(rows.begin(), rows.end(), hovering), rows.end()) << hovering;
@@ -311,7 +311,7 @@ TEST(BandOfRows, AreThoseThatTheReleaseMakes) {
   }
 }
 
-TEST(BandOfRows, VanishWithEsc) {
+TEST(HoveringRows, VanishWithEsc) {
   for (const HoverCase& tool : hoverCases()) {
     SCOPED_TRACE(tool.name);
     EditScene scene(/*paths=*/false);
@@ -323,7 +323,7 @@ TEST(BandOfRows, VanishWithEsc) {
   }
 }
 
-TEST(BandOfRows, VanishWhenEditingTurnsToTheOtherTable) {
+TEST(HoveringRows, VanishWhenEditingTurnsToTheOtherTable) {
   EditScene scene(/*paths=*/false);
   scene.start(hoverCases()[0]);
   const Picture before = scene.freshPicture();
@@ -332,7 +332,7 @@ TEST(BandOfRows, VanishWhenEditingTurnsToTheOtherTable) {
   EXPECT_EQ(scene.differences(before), 0);
 }
 
-TEST(BandOfRows, OfAnotherToolAreErasedAsTheyWereDrawn) {
+TEST(HoveringRows, OfAnotherToolAreErasedAsTheyWereDrawn) {
   EditScene scene(/*paths=*/false);
   scene.start(hoverCases()[0]);
   scene.press(1, 1, -1);
@@ -342,7 +342,7 @@ TEST(BandOfRows, OfAnotherToolAreErasedAsTheyWereDrawn) {
   EXPECT_EQ(scene.differences(scene.freshPicture()), 0);
 }
 
-TEST(BandOfRows, AreNoneWhereNothingWouldCome) {
+TEST(HoveringRows, AreNoneWhereNothingWouldCome) {
   EditScene scene(/*paths=*/false);
   scene.start(hoverCases()[0]);
   const Picture before = scene.freshPicture();
@@ -350,7 +350,7 @@ TEST(BandOfRows, AreNoneWhereNothingWouldCome) {
   EXPECT_EQ(scene.differences(before), 0);
 }
 
-TEST(BandOfRows, GoWithTheRowsOfAnEndThatIsMoved) {
+TEST(HoveringRows, GoWithTheRowsOfAnEndThatIsMoved) {
   for (const bool paths : {false, true}) {
     EditScene scene(paths);
     mnuEditMoveEnd_Click(scene.desk);
@@ -358,8 +358,8 @@ TEST(BandOfRows, GoWithTheRowsOfAnEndThatIsMoved) {
     scene.press(1, 1, 2.1F);
     EXPECT_GT(scene.differences(before), 0);
     scene.move(1, 2, 3.5F);
-    ASSERT_EQ(scene.desk.bandRows.size(), 1U);
-    EXPECT_EQ(testing::segmentText(scene.desk.bandRows[0]), "1 (1, -2)-(2, 3.5)");
+    ASSERT_EQ(scene.desk.hovering.size(), 1U);
+    EXPECT_EQ(testing::segmentText(scene.desk.hovering[0]), "1 (1, -2)-(2, 3.5)");
     scene.move(1, 3, 1.5F);
     scene.release(1, 3, 1.5F);
     EXPECT_EQ(scene.differences(scene.freshPicture()), 0);
@@ -367,23 +367,23 @@ TEST(BandOfRows, GoWithTheRowsOfAnEndThatIsMoved) {
   }
 }
 
-TEST(BandOfRows, ShowAnArcThatDoesNotReachAsItIs) {
+TEST(HoveringRows, ShowAnArcThatDoesNotReachAsItIs) {
   EditScene scene(/*paths=*/false);
   mnuEditMoveEnd_Click(scene.desk);
   scene.press(1, -2, 2);
   scene.move(1, 4, -2);
-  ASSERT_EQ(scene.desk.bandRows.size(), 1U);
-  EXPECT_EQ(testing::segmentText(scene.desk.bandRows[0]), "3 (-2, 2)-(-3, 1) c (-3, 2)");
+  ASSERT_EQ(scene.desk.hovering.size(), 1U);
+  EXPECT_EQ(testing::segmentText(scene.desk.hovering[0]), "3 (-2, 2)-(-3, 1) c (-3, 2)");
 }
 
-TEST(BandOfRows, FollowTheGrid) {
+TEST(HoveringRows, FollowTheGrid) {
   EditScene scene(/*paths=*/false);
   scene.store.cursorgridf = 1;
   scene.store.cursorgrid = 0.5F;
   mnuEditMoveEnd_Click(scene.desk);
   scene.press(1, 1, 2);
   scene.move(1, 2.1F, 2.9F);
-  EXPECT_EQ(testing::segmentText(scene.desk.bandRows.at(0)), "1 (1, -2)-(2, 3)");
+  EXPECT_EQ(testing::segmentText(scene.desk.hovering.at(0)), "1 (1, -2)-(2, 3)");
 }
 
 // ---- Marks and crosses

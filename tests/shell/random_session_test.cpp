@@ -215,9 +215,9 @@ class Session : public RunningProgram {
   const Value& oneOf(const std::vector<Value>& values) {
     return values[static_cast<std::size_t>(dice_.below(static_cast<int>(values.size())))];
   }
-  template <typename Value, std::size_t count>
-  Value oneOf(const Value (&values)[count]) {
-    return values[dice_.below(static_cast<int>(count))];
+  template <typename Value, std::size_t size>
+  const Value& oneOf(const Value (&values)[size]) {
+    return values[static_cast<std::size_t>(dice_.below(static_cast<int>(size)))];
   }
 
   // ---- Steps
@@ -392,46 +392,64 @@ class Session : public RunningProgram {
     return home.has("CNC/SESSION.TPM") ? home.read("CNC/SESSION.TPM") : std::string();
   }
 
+  template <class... Kinds>
+  void fillInAny(Form& form) {
+    const auto fillInIf = [this](auto* fitting) {
+      if (fitting != nullptr) fillIn(*fitting);
+    };
+    (fillInIf(dynamic_cast<Kinds*>(&form)), ...);
+  }
   void fillIn(Form& form) {
-    if (auto* position = dynamic_cast<dlgPositionCursor*>(&form)) {
-      position->txtx.setText(std::to_string(lattice()));
-      position->txty.setText(std::to_string(lattice()));
-      if (dice_.below(3) != 0) position->cmdAccept.click();
-    } else if (auto* grids = dynamic_cast<dlgSetGrids*>(&form)) {
-      grids->txtvgrid.setText(dice_.below(2) == 0 ? "0.25" : "0.5");
-      grids->txtcgrid.setText(dice_.below(2) == 0 ? "0.25" : "0");
-      grids->chkcgrid.setChecked(dice_.below(2) == 0);
-      grids->chkOSnap.setChecked(dice_.below(2) == 0);
-      grids->chkOSnapFeatures[1 + dice_.below(5)].setChecked(dice_.below(2) == 0);
-      if (dice_.below(3) != 0) grids->cmdAccept.click();
-    } else if (auto* radius = dynamic_cast<dlgEditRadius*>(&form)) {
-      static constexpr const char* kRadii[] = {"0.1", "0.25", "1", "2.5", "0", "-1", "1e30", "x"};
-      radius->txtradius.setText(oneOf(kRadii));
-      if (dice_.below(3) != 0) radius->cmdAccept.click();
-    } else if (auto* cycles = dynamic_cast<dlgSelectCycle*>(&form)) {
-      cycles->chkSelectedCircles.setChecked(dice_.below(4) == 0);
-      if (dice_.below(3) != 0) cycles->cmdAccept.click();
-    } else if (auto* scale = dynamic_cast<dlgInputReal*>(&form)) {
-      static constexpr const char* kFactors[] = {"1.25", "0.8", "1", "0", "-2"};
-      scale->txtValue.setText(oneOf(kFactors));
-      scale->chkSelectedItemsOnly.setChecked(dice_.below(2) == 0);
-      if (dice_.below(3) != 0) scale->cmdAccept.click();
-    } else if (auto* mirror = dynamic_cast<frmMirror*>(&form)) {
-      oneOf({&mirror->optHorizontally, &mirror->optVertically, &mirror->optBoth})->setValue(true);
-      fillIn(mirror->txtMirrorX, mirror->txtMirrorY);
-      fillIn(mirror->optCopy, mirror->chkSelectedSegments, mirror->cmdOK);
-    } else if (auto* rotate = dynamic_cast<frmRotate*>(&form)) {
-      rotate->txtDegrees.setText(std::to_string(90 * dice_.below(5)));
-      rotate->optClockwise.setValue(dice_.below(2) == 0);
-      fillIn(rotate->txtRotateX, rotate->txtRotateY);
-      fillIn(rotate->optCopy, rotate->chkSelectedSegments, rotate->cmdOK);
-    } else if (auto* bolts = dynamic_cast<BoltCircle*>(&form)) {
-      bolts->txtNumberOfHoles.setText(std::to_string(1 + dice_.below(8)));
-      bolts->txtBoltCircleDiameter.setText(std::to_string(1 + dice_.below(3)));
-      bolts->txtBoltHoleDiameter.setText("0.25");
-      if (dice_.below(4) != 0) bolts->cmdCompute.click();
-      if (dice_.below(3) != 0) bolts->cmdCreateSegments.click();
-    }
+    fillInAny<dlgPositionCursor, dlgSetGrids, dlgEditRadius, dlgSelectCycle, dlgInputReal,
+              frmMirror, frmRotate, BoltCircle>(form);
+  }
+  void fillIn(dlgPositionCursor& position) {
+    position.txtx.setText(std::to_string(lattice()));
+    position.txty.setText(std::to_string(lattice()));
+    if (dice_.below(3) != 0) position.cmdAccept.click();
+  }
+  void fillIn(dlgSetGrids& grids) {
+    grids.txtvgrid.setText(dice_.below(2) == 0 ? "0.25" : "0.5");
+    grids.txtcgrid.setText(dice_.below(2) == 0 ? "0.25" : "0");
+    grids.chkcgrid.setChecked(dice_.below(2) == 0);
+    grids.chkOSnap.setChecked(dice_.below(2) == 0);
+    grids.chkOSnapFeatures[1 + dice_.below(5)].setChecked(dice_.below(2) == 0);
+    if (dice_.below(3) != 0) grids.cmdAccept.click();
+  }
+  void fillIn(dlgEditRadius& radius) {
+    static constexpr const char* kRadii[] = {"0.1", "0.25", "1", "2.5", "0", "-1", "1e30", "x"};
+    radius.txtradius.setText(oneOf(kRadii));
+    if (dice_.below(3) != 0) radius.cmdAccept.click();
+  }
+  void fillIn(dlgSelectCycle& cycles) {
+    cycles.chkSelectedCircles.setChecked(dice_.below(4) == 0);
+    if (dice_.below(3) != 0) cycles.cmdAccept.click();
+  }
+  void fillIn(dlgInputReal& scale) {
+    static constexpr const char* kFactors[] = {"1.25", "0.8", "1", "0", "-2", "x"};
+    scale.txtValue.setText(oneOf(kFactors));
+    scale.chkSelectedItemsOnly.setChecked(dice_.below(2) == 0);
+    if (dice_.below(3) != 0) scale.cmdAccept.click();
+  }
+  void fillIn(frmMirror& mirror) {
+    Option* const directions[] = {&mirror.optHorizontally, &mirror.optVertically, &mirror.optBoth};
+    oneOf(directions)->setValue(true);
+    fillIn(mirror.txtMirrorX, mirror.txtMirrorY);
+    fillIn(mirror.optCopy, mirror.chkSelectedSegments, mirror.cmdOK);
+  }
+  void fillIn(frmRotate& rotate) {
+    static constexpr const char* kDegrees[] = {"0", "33.3", "90", "180", "270", "360", "361"};
+    rotate.txtDegrees.setText(oneOf(kDegrees));
+    rotate.optClockwise.setValue(dice_.below(2) == 0);
+    fillIn(rotate.txtRotateX, rotate.txtRotateY);
+    fillIn(rotate.optCopy, rotate.chkSelectedSegments, rotate.cmdOK);
+  }
+  void fillIn(BoltCircle& bolts) {
+    bolts.txtNumberOfHoles.setText(std::to_string(dice_.below(8)));
+    bolts.txtBoltCircleDiameter.setText(std::to_string(1 + dice_.below(3)));
+    bolts.txtBoltHoleDiameter.setText("0.25");
+    if (dice_.below(4) != 0) bolts.cmdCompute.click();
+    if (dice_.below(3) != 0) bolts.cmdCreateSegments.click();
   }
   void fillIn(TextBox& x, TextBox& y) {
     if (dice_.below(2) == 0) return;
@@ -523,6 +541,9 @@ class Session : public RunningProgram {
         "There must be at least 2 line segments joined at the selected point.",
         "There must be at least 2 path segments joined at the selected point.",
         "No line segments are currently selected.",
+        "Value must be numeric.",
+        "Degrees must be between 0 and 360.",
+        "Number of Bolt Holes must be between 1 and 999.",
     };
     for (const Message& message : platform.prompts.messages) {
       const bool known =

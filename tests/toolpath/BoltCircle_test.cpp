@@ -6,7 +6,7 @@
 #include "gtest/gtest.h"
 
 #include "core/drawing_store.h"
-#include "drafting/hovering_rows.h"
+#include "drafting/form_preview.h"
 #include "tests/support/back_and_forth.h"
 #include "tests/support/recorded_cam.h"
 #include "toolpath/dlgSelectCycle.h"
@@ -246,7 +246,7 @@ TEST(BoltCircleForm, ClearIsAsItOpened) {
     EXPECT_EQ(form.lblCoordinates.caption(), "");
     EXPECT_EQ(form.lblDistanceBetweenHoleCenters.caption(), "");
     EXPECT_TRUE(form.Picture1.marks().empty());
-    EXPECT_TRUE(d.desk.hovering.rows.empty());
+    EXPECT_TRUE(d.desk.formPreview.rows.empty());
   });
 }
 
@@ -272,17 +272,18 @@ TEST(BoltCircleForm, PreviewsTheHolesInItsPicture) {
 TEST(BoltCircleForm, ShowsTheHolesInTheDrawingWhileItIsOpen) {
   BoltDesk d;
   d.open([&d](BoltCircle& form) {
-    EXPECT_FALSE(d.desk.hovering.shown);
+    EXPECT_FALSE(d.desk.formPreview.shown);
     fill(form, "2", "2", "0.5");
     form.cmdCompute.click();
-    EXPECT_TRUE(d.desk.hovering.shown);
-    ASSERT_EQ(d.desk.hovering.rows.size(), 2U);
-    EXPECT_EQ(testing::segmentText(d.desk.hovering.rows[1]), "5 (0.25, -1)-(0.25, -1) c (0, -1)");
+    EXPECT_TRUE(d.desk.formPreview.shown);
+    ASSERT_EQ(d.desk.formPreview.rows.size(), 2U);
+    EXPECT_EQ(testing::segmentText(d.desk.formPreview.rows[1]),
+              "5 (0.25, -1)-(0.25, -1) c (0, -1)");
     d.desk.redraw.redrawscreen();
-    EXPECT_TRUE(d.desk.hovering.shown);
+    EXPECT_TRUE(d.desk.formPreview.shown);
   });
-  EXPECT_FALSE(d.desk.hovering.shown);
-  EXPECT_TRUE(d.desk.hovering.rows.empty());
+  EXPECT_FALSE(d.desk.formPreview.shown);
+  EXPECT_TRUE(d.desk.formPreview.rows.empty());
   EXPECT_EQ(d.store.NumSegments, 0);
 }
 

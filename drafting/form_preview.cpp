@@ -1,5 +1,5 @@
-// Rows that hover over the drawing.
-#include "drafting/hovering_rows.h"
+// Rows that hover while a form is open.
+#include "drafting/form_preview.h"
 
 #include <algorithm>
 #include <utility>
@@ -23,40 +23,40 @@ SegmentRow boxAround(const std::vector<SegmentRow>& rows) {
   return box;
 }
 
-void invertHovering(Desk& desk) {
+void invertPreview(Desk& desk) {
   desk.ScreenProxy.setDrawMode(PenMode::NotXor);
   desk.ScreenProxy.setDrawStyle(PenStyle::Solid);
-  traceHovering(desk, desk.hovering.rows);
+  traceHovering(desk, desk.formPreview.rows);
   desk.ScreenProxy.setDrawMode(PenMode::Copy);
 }
 
-void eraseHovering(Desk& desk) {
-  if (std::exchange(desk.hovering.shown, false)) invertHovering(desk);
+void erasePreview(Desk& desk) {
+  if (std::exchange(desk.formPreview.shown, false)) invertPreview(desk);
 }
 
 }  // namespace
 
 void traceHovering(Desk& desk, const std::vector<SegmentRow>& rows) {
-  if (rows.size() <= kMostHovering) return traceShape(desk, rows);
+  if (rows.size() <= kMaxHovering) return traceShape(desk, rows);
   const SegmentRow box[] = {boxAround(rows)};
   traceShape(desk, box);
 }
 
-void hoverRows(Desk& desk, std::vector<SegmentRow> rows) {
-  eraseHovering(desk);
-  desk.hovering.rows = std::move(rows);
-  showHovering(desk);
+void previewRows(Desk& desk, std::vector<SegmentRow> rows) {
+  erasePreview(desk);
+  desk.formPreview.rows = std::move(rows);
+  showPreview(desk);
 }
 
-void showHovering(Desk& desk) {
-  HoveringRows& hovering = desk.hovering;
-  if (hovering.shown || hovering.rows.empty() || !desk.redraw.markerShown()) return;
-  invertHovering(desk);
-  hovering.shown = true;
+void showPreview(Desk& desk) {
+  FormPreview& preview = desk.formPreview;
+  if (preview.shown || preview.rows.empty() || !desk.redraw.markerShown()) return;
+  invertPreview(desk);
+  preview.shown = true;
 }
 
-void stopHovering(Desk& desk) {
-  hoverRows(desk, {});
+void endPreview(Desk& desk) {
+  previewRows(desk, {});
 }
 
 }  // namespace tess
