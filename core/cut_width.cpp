@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "core/drawing_store.h"
+#include "core/pocketing_choices.h"
 #include "core/rounding.h"
 #include "core/runtime_failure.h"
 
@@ -22,11 +23,11 @@ float rounded(double value, int places) {
 }  // namespace
 
 void settleCutWidth(DrawingStore& store) {
-  if (store.cfg_cut_width_type == 0) store.cfg_cut_width_type = kStepByPercent;
-  const int type = store.cfg_cut_width_type;
-  if (type != kStepByPercent && type != kStepByDistance) return;
+  fillStepOver(store);
+  const StepOver chosen = stepOver(store);
+  if (chosen != StepOver::ByPercent && chosen != StepOver::ByDistance) return;
   const double diameter = 2.0 * store.toolradius[store.selectedtool];
-  if (type == kStepByPercent) {
+  if (chosen == StepOver::ByPercent) {
     store.cfg_tool_spacing_distance =
         rounded(diameter * store.cfg_tool_spacing / 100, kDistanceDecimals);
   } else {

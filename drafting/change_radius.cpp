@@ -41,8 +41,7 @@ Entity circleOfRadius(Entity circle, float radius) {
   return circle;
 }
 
-// Fixed: a drawn circle is an arc too, and keeps the point where it begins and ends; its centre
-// comes to lie beside that point.
+// Fixed: a drawn circle is an arc too and keeps its point, not its center; scripts pick it by that.
 std::optional<Entity> withRadius(Entity arc, float radius) {
   if (radius <= 0) return std::nullopt;
   if (!isArc(arc.type)) return circleOfRadius(arc, radius);

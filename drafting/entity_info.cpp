@@ -82,6 +82,11 @@ InfoText infoOf(const Desk& desk, int number, const Entity& row, const char* oth
   return info;
 }
 
+template <class Table>
+void requireRow(const DrawingStore& store, Table table, int number) {
+  if (number < 1 || number > table.count(store)) throw subscriptOutOfRange();
+}
+
 void clickEntityInfo(Desk& desk) {
   const bool paths = desk.command.EditPaths;
   const int number =
@@ -95,10 +100,12 @@ void clickEntityInfo(Desk& desk) {
 }  // namespace
 
 std::string entityInfo(const Desk& desk, int sg) {
+  requireRow(desk.store, DrawnTable{}, sg);
   return infoOf(desk, sg, segmentEntity(desk.store, sg), "Point").text();
 }
 
 std::string pathEntityInfo(const Desk& desk, int ps) {
+  requireRow(desk.store, PlacedTable{}, ps);
   const Entity row = pathEntity(desk.store, ps);
   InfoText info = infoOf(desk, ps, row, row.type == kRapid ? "Rapid" : "Cycle");
   info.addLength("Z:", desk.store.psz[ps]);

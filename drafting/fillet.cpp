@@ -54,6 +54,7 @@ int senseOf(const ArcAngles& angles) {
 
 // The arc from the line to farA to the one to farB.
 std::optional<Entity> filletArc(const Corner& corner, float radius, float tolerence) {
+  if (!(radius > 0)) return std::nullopt;
   const double length = tangentLength(corner, radius);
   if (!(length <= kLargestRadius)) return std::nullopt;
   const Point start = pointAlong(corner.at, corner.farA, static_cast<float>(length));
@@ -120,22 +121,6 @@ FilletResult filletRows(Changes& changes, Table table, int a, int b, float radiu
   return FilletResult::Added;
 }
 
-void tell(Desk& desk, FilletResult result) {
-  switch (result) {
-    case FilletResult::Added:
-      desk.state.updateProperties = true;
-      return;
-    case FilletResult::NoCommonEnd:
-      return warn(desk, "The 2 line segments must intersect at exactly one point.", kTitle);
-    case FilletResult::SameRow:
-      return warn(desk, "You must chose 2 different line segments.", kTitle);
-    case FilletResult::NotLines:
-      return warn(desk, "Both segments must be lines.", kTitle);
-    case FilletResult::NoCenter:
-      return beep(desk);
-  }
-}
-
 // The radius of the last fillet is offered again. Nothing when the operator cancels.
 std::optional<float> askRadius(Desk& desk) {
   dlgEditRadius dialog(desk, desk.command.filletRadius, /*minimum=*/0);
@@ -161,7 +146,7 @@ void clickFilletSecond(Desk& desk) {
     if (!radius) return;
     if (*radius <= 0 || *radius > kLargestRadius) return beep(desk);
     desk.command.filletRadius = *radius;
-    tell(desk, filletRows(desk.changes, table, pickedRow(desk, table), second, *radius));
+    tellFillet(desk, filletRows(desk.changes, table, pickedRow(desk, table), second, *radius));
   });
 }
 
@@ -173,6 +158,22 @@ FilletResult addFillet(Changes& changes, int sgA, int sgB, float radius) {
 
 FilletResult addPathFillet(Changes& changes, int psA, int psB, float radius) {
   return filletRows(changes, PlacedTable{}, psA, psB, radius);
+}
+
+void tellFillet(Desk& desk, FilletResult result) {
+  switch (result) {
+    case FilletResult::Added:
+      desk.state.updateProperties = true;
+      return;
+    case FilletResult::NoCommonEnd:
+      return warn(desk, "The 2 line segments must intersect at exactly one point.", kTitle);
+    case FilletResult::SameRow:
+      return warn(desk, "You must chose 2 different line segments.", kTitle);
+    case FilletResult::NotLines:
+      return warn(desk, "Both segments must be lines.", kTitle);
+    case FilletResult::NoCenter:
+      return beep(desk);
+  }
 }
 
 void mnuAddFillet_Click(Desk& desk) {

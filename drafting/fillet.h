@@ -1,5 +1,5 @@
 // Rounding the corner of two lines by an arc.
-// Owns: FilletResult, addFillet, addPathFillet, mnuAddFillet_Click.
+// Owns: FilletResult, addFillet, addPathFillet, tellFillet, mnuAddFillet_Click.
 #pragma once
 
 #include "drafting/desk.h"
@@ -19,6 +19,9 @@ enum class FilletResult {
 // between them; it is cut as the row in front of it is. Raises Overflow for a full table.
 FilletResult addFillet(Changes& changes, int sgA, int sgB, float radius);
 FilletResult addPathFillet(Changes& changes, int psA, int psB, float radius);
+
+// The message or beep that goes with it.
+void tellFillet(Desk& desk, FilletResult result);
 
 void mnuAddFillet_Click(Desk& desk);
 

@@ -57,6 +57,8 @@ std::optional<Entity> trimmed(const Entity& row, const Entity& trimmer, Point cl
 template <class Table>
 bool trimRow(Changes& changes, Table table, int number, int trimmer, Point click) {
   const DrawingStore& store = changes.store;
+  const int count = table.count(store);
+  if (number < 1 || trimmer < 1 || number > count || trimmer > count) return false;
   if (number == trimmer) return false;
   const std::optional<Entity> now = trimmed(
       table.entity(store, number), table.entity(store, trimmer), click, store.cfg_tolerance);

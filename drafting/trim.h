@@ -8,7 +8,7 @@ namespace tess {
 
 // `click` marks the side of row `sg` that is to go. Where the two do not meet, the row is extended:
 // a line to 100 times its length either way, an arc round its circle. False, and no change, where
-// they do not meet even so. Raises Subscript out of range for rows outside the table.
+// they do not meet even so, and for rows outside the table.
 bool trimSegment(Changes& changes, int sg, int trimmer, Point click);
 bool trimPathSegment(Changes& changes, int ps, int trimmer, Point click);
 

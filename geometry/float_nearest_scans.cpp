@@ -54,7 +54,7 @@ std::optional<Point> nearestEnd(int rows, Point at, Counts counts, EndsOf endsOf
 
 // Fixed: a group is its number less 1 with tool index 0; scripts ask for groups that way.
 bool inGroup(const DrawingStore& store, int ps, double group) {
-  return group == 0 || store.pscode[ps] / 100.0 + 1 == group;
+  return group == 0 || store.pscode[ps] / double{kCodesPerGroup} + 1 == group;
 }
 
 }  // namespace

@@ -20,10 +20,12 @@ Interaction::Interaction(Session& session, const ScreenPorts& ports)
       renderer(session.store, session.host.prompts, session.host.surroundings),
       redraw({session.store, view, renderer, ScreenProxy, ports.pointer, session.host.surroundings,
               ports.timers, *this}),
+      state(ScreenProxy),
       viewCommands({session.store, view, redraw, ScreenProxy, ports.pointer,
                     session.host.surroundings, *this, state}),
       desk({session, view, renderer, redraw, state, viewCommands, ScreenProxy, ports.pointer,
-            ports.timers, tools, statusBar, *this}) {
+            ports.timers, tools, statusBar, *this}),
+      cam(desk) {
   for (const DeskCommand* const command : importCommands()) desk.addCommand(desk, *command);
   fillToolHost(tools);
   tools.setClientArea(ports.clientArea);

@@ -71,7 +71,12 @@ class Interaction : public ViewHost, public RedrawListener, public DeskListener 
   Session& session_;
 
  public:
-  // Each works on those above it.
+  // The property window, when there is one: the selection changed, or one entity was picked.
+  std::function<void()> onPropertiesChanged;
+  std::function<void(int sg)> onEntityPicked;
+
+  // Each works on those above it, and each may tell this as a listener as long as it lives: what
+  // listening needs stands above them all.
   ToolHost tools;
   StatusBar statusBar;
   FormHost forms;
@@ -80,14 +85,10 @@ class Interaction : public ViewHost, public RedrawListener, public DeskListener 
   View view;
   Renderer renderer;
   RedrawSequence redraw;
-  CState state{ScreenProxy};
+  CState state;
   ViewCommands viewCommands;
   Desk desk;
-  CamDesk cam{desk};
-
-  // The property window, when there is one: the selection changed, or one entity was picked.
-  std::function<void()> onPropertiesChanged;
-  std::function<void(int sg)> onEntityPicked;
+  CamDesk cam;
 };
 
 }  // namespace tess

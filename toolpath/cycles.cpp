@@ -13,7 +13,6 @@ namespace tess {
 namespace {
 
 constexpr int kSlotCycle = 79;  // runs from the marker to the click
-constexpr int kCodesPerGroup = 100;
 
 int numberOf(const DrawingStore& store, int cycle) {
   return cycleNumber(store.cycletext[cycle]);
@@ -34,7 +33,7 @@ PathRow cycleRow(const DrawingStore& store, int cycle, Point from, Point to) {
           .yc = store.cycledwell[cycle],
           .z = store.cyclefinaldepth[cycle],
           .feed = store.cyclefeedrate[cycle],
-          .code = store.currentpathgroup * kCodesPerGroup + store.selectedtool};
+          .code = pathCode(store.currentpathgroup, store.selectedtool)};
 }
 
 // Appends the row to the current group and shows it.

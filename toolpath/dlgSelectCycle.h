@@ -26,7 +26,7 @@ class dlgSelectCycle : public Form {
   Button cmdAccept{*this, "cmdAccept"};
   Button cmdCancel{*this, "cmdCancel"};
 
-  // The template to place, from 0; -1 for none.
+  // The template to place, from 0, once one was accepted.
   std::optional<int> result() const { return result_; }
 
  private:

@@ -9,6 +9,7 @@
 #include "core/file_system.h"
 #include "core/file_writer.h"
 #include "core/number_text.h"
+#include "core/pocketing_choices.h"
 #include "core/rounding.h"
 #include "core/text.h"
 #include "tools/tool_library.h"
@@ -515,7 +516,7 @@ void dlgToolPrms::storeFlutes() {
 void dlgToolPrms::settleSpacing() {
   const int tool = store_.selectedtool;
   if (tool < 0 || tool > kLastTool) return;
-  const bool byDistance = store_.cfg_cut_width_type == kStepByDistance;
+  const bool byDistance = stepOver(store_) == StepOver::ByDistance;
   if (byDistance && store_.toolradius[tool] == 0) return;
   settleCutWidth(store_);
 }

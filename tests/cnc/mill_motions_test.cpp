@@ -171,7 +171,7 @@ TEST_F(MillMotionsTest, CycleSeventyNineNamesBothAxesOfItsStartEvenWhenItIsThere
   row.x0 = 3;
   place(row);
   EXPECT_THAT(moves(), ElementsAre("G00 Z0.5", "G81 X3.0 Y2.0 Z0.75 F60", "G00 Z0.5",
-                                   "G00 X3.0 Y2.0 Z0.5", "G79 X1.0 Y2.0 Z0.75 K0.125"));
+                                   "G00 X3.0 Y2.0", "G79 X1.0 Y2.0 Z0.75 K0.125"));
 }
 
 TEST_F(MillMotionsTest, CycleWordIsTheLastTwoDigitsOfTheKind) {

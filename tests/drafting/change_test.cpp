@@ -27,8 +27,6 @@ using testing::sameTables;
 using testing::segmentTexts;
 using Texts = std::vector<std::string>;
 
-constexpr int kSelectedRow = 30008;
-
 constexpr float real(int value) {
   return static_cast<float>(value);
 }

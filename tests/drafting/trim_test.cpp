@@ -285,6 +285,9 @@ TEST(TrimSegment, TellsWhetherTheRowsMeet) {
   EXPECT_TRUE(trimSegment(d.desk.changes, 1, 2, {3, 0}));
   EXPECT_FALSE(trimSegment(d.desk.changes, 1, 3, {3, 0}));
   EXPECT_FALSE(trimSegment(d.desk.changes, 1, 1, {3, 0}));
+  EXPECT_FALSE(trimSegment(d.desk.changes, 0, 1, {3, 0}));
+  EXPECT_FALSE(trimSegment(d.desk.changes, 1, 4, {3, 0}));
+  EXPECT_FALSE(trimPathSegment(d.desk.changes, 1, 2, {3, 0}));
 }
 
 }  // namespace
