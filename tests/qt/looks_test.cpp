@@ -13,11 +13,13 @@
 #include <QTimer>
 #include <algorithm>
 #include <filesystem>
+#include <fstream>
 #include <functional>
 #include <gtest/gtest.h>
 #include <optional>
 #include <string>
 
+#include "shell/frmRestore.h"
 #include "shell/program_folder.h"
 #include "shell/qt/desktop_program.h"
 #include "shell/qt/icons.h"
@@ -66,24 +68,32 @@ class Looks : public ::testing::TestWithParam<bool> {
     testing::keepScreenshot(widget, name + (isDarkTheme() ? "_dark" : "_light"));
   }
 
-  // The tool's dialog, looked at while it is open.
-  void lookAtDialog(const std::string& tool, const std::string& name) {
+  // The dialog that `open` opens, looked at while it is open.
+  void lookAt(const std::string& name, const std::function<void()>& open) {
     bool looked = false;
     QTimer::singleShot(0, [&] {
       QWidget* dialog = QApplication::activeModalWidget();
-      ASSERT_NE(dialog, nullptr) << tool;
+      ASSERT_NE(dialog, nullptr) << name;
       keep(*dialog, name);
       expectTextsFit(*dialog);
       looked = true;
       dialog->close();
     });
-    window().toolBars().action(tool)->trigger();
-    EXPECT_TRUE(looked) << tool;
+    open();
+    EXPECT_TRUE(looked) << name;
+  }
+  void lookAtDialog(const std::string& tool, const std::string& name) {
+    lookAt(name, [&] { window().toolBars().action(tool)->trigger(); });
   }
 
   static void expectTextsFit(QWidget& root) {
     for (const auto* label : root.findChildren<QLabel*>()) {
-      if (!label->isVisible() || label->wordWrap() || label->text().isEmpty()) continue;
+      if (!label->isVisible() || label->text().isEmpty()) continue;
+      if (label->wordWrap()) {
+        EXPECT_GE(label->height(), label->heightForWidth(label->width()))
+            << label->text().toStdString();
+        continue;
+      }
       const int needed = label->fontMetrics().size(Qt::TextShowMnemonic, label->text()).width();
       EXPECT_GE(label->contentsRect().width(), needed) << label->text().toStdString();
     }
@@ -198,6 +208,24 @@ TEST_P(Looks, BoltCircle) {
   });
   window().toolBars().action("miBoltCircle")->trigger();
   EXPECT_TRUE(looked);
+}
+
+TEST_P(Looks, UnsavedWork) {
+  std::vector<UnsavedWork> work;
+  for (const char* const name : {"gear housing.cdm", ""}) {
+    std::ofstream(folder("1.record"));
+    auto journal = AbandonedFile::claim(folder("1.record"));
+    ASSERT_TRUE(journal);
+    work.push_back({std::move(*journal),
+                    *name == '\0' ? "" : "/home/ada/parts/" + std::string(name),
+                    "11/22/2026 16:39:09", 412, 1730});
+    std::filesystem::remove(folder("1.record"));
+  }
+  lookAt("unsaved_work", [&] {
+    frmRestore form(work);
+    program->application().session.host.prompts.showModal(form);
+    EXPECT_EQ(form.choice(), frmRestore::Choice::Later);
+  });
 }
 
 TEST_P(Looks, EveryIconCanBeSeenInEverySize) {
