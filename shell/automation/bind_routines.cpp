@@ -14,6 +14,7 @@
 #include "shell/automation/editing_routines.h"
 #include "shell/automation/lua_routines.h"
 #include "shell/automation/toolpath_routines.h"
+#include "shell/automation/transform_routines.h"
 
 namespace tess {
 namespace {
@@ -136,7 +137,8 @@ constexpr Routine kRoutines[] = {
 
 void bindRoutines(lua_State* L) {
   std::vector<Routine> routines(std::begin(kRoutines), std::end(kRoutines));
-  for (const std::span<const Routine> more : {editingRoutines(), toolpathRoutines()}) {
+  for (const std::span<const Routine> more :
+       {editingRoutines(), transformRoutines(), toolpathRoutines()}) {
     routines.insert(routines.end(), more.begin(), more.end());
   }
   setRoutines(L, "call", routines);
