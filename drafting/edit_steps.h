@@ -1,7 +1,7 @@
 // What editing commands have in common: the row that a click has picked, how an edit ends, and how
 // the operator is told that there is none.
-// Owns: pickRow, pickedRow, hasRowsToEdit, kDrawnByTheClick, keepEdit, editByClick, reshapeRow, beep,
-//       warn.
+// Owns: pickRow, pickedRow, hasRowsToEdit, kDrawnByTheClick, keepEdit, editByClick, reshapeRow,
+//       beep, warn.
 #pragma once
 
 #include <string>
