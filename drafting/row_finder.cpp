@@ -19,10 +19,10 @@ constexpr double kNarrowestCell = 1e-6;
 constexpr double kRoundingOfDoubles = 1e-15;
 constexpr double kLeastSpacing = 5.9e-8;  // of two 32-bit numbers, as a part of them
 
-// How much a row differs from its record.
-constexpr int kEqual = 0;
-constexpr int kSaved = 1;  // by the rounding of a save
-constexpr int kNear = 2;   // within the tolerance
+// How much a row differs from its record: what weighs more is the larger.
+constexpr unsigned kSaved = 1;  // by the rounding of a save
+constexpr unsigned kOfAnotherClass = 2;
+constexpr unsigned kNear = 4;  // within the tolerance
 
 }  // namespace
 
@@ -73,20 +73,20 @@ std::size_t RowFinder::unlinked(const Link& link) {
   return static_cast<std::size_t>(link.place);
 }
 
-int RowFinder::differenceOf(const clsSegment& record, const SegmentRow& row) {
-  const bool isRoundRow = isRound(row.type);
+unsigned RowFinder::differenceOf(const clsSegment& record, const SegmentRow& row) {
+  const bool hasCenter = isRound(row.type);
   const std::array<std::pair<float, float>, 6> numbers{{
       {record.x0, row.x0},
       {record.y0, row.y0},
       {record.x1, row.x1},
       {record.y1, row.y1},
-      {isRoundRow ? record.CenterX : 0, isRoundRow ? row.xc : 0},
-      {isRoundRow ? record.CenterY : 0, isRoundRow ? row.yc : 0},
+      {hasCenter ? record.CenterX : 0, hasCenter ? row.xc : 0},
+      {hasCenter ? record.CenterY : 0, hasCenter ? row.yc : 0},
   }};
   const auto asSaved = [](float value) { return roundTo(value, kCoordinateDecimals); };
-  int difference = kEqual;
+  unsigned difference = entityClass(record.SegAttr) == entityClass(row.attr) ? 0 : kOfAnotherClass;
   for (const auto& [was, is] : numbers) {
-    if (was != is) difference = std::max(difference, asSaved(was) == asSaved(is) ? kSaved : kNear);
+    if (was != is) difference |= asSaved(was) == asSaved(is) ? kSaved : kNear;
   }
   return difference;
 }

@@ -26,11 +26,12 @@ class RowFinder {
   // when there is none. `rowAt` gives the row of a place.
   template <class RowAt>
   std::size_t takeLast(const clsSegment& record, const RowAt& rowAt) {
-    return unlinked(best(record, rowAt, [](const SegmentRow&) { return 0; }));
+    return unlinked(best(record, rowAt, [](const SegmentRow&) { return 0U; }));
   }
 
-  // The same for the row itself: of rows that match one with equal coordinates goes first, then one
-  // that has them but for the rounding of a save; among several the highest place.
+  // The same for the row itself: of rows that match the one goes first whose coordinates and class
+  // are those of the record, then one that has them but for the rounding of a save; among several
+  // the highest place.
   template <class RowAt>
   std::size_t takeClosest(const clsSegment& record, const RowAt& rowAt) {
     return unlinked(
@@ -44,7 +45,7 @@ class RowFinder {
     int place = kEnd;
     int before = kEnd;  // in the chain
     std::size_t bucket = 0;
-    int difference = 0;
+    unsigned difference = 0;
     bool isBetterThan(const Link& other) const {
       if (other.place < 0 || difference != other.difference) {
         return other.place < 0 || difference < other.difference;
@@ -96,7 +97,7 @@ class RowFinder {
     }
   }
 
-  static int differenceOf(const clsSegment& record, const SegmentRow& row);
+  static unsigned differenceOf(const clsSegment& record, const SegmentRow& row);
   double reachOf(double value) const;
   double cellOf(double value) const;
   std::size_t bucketOf(const Cells& cells) const;

@@ -15,6 +15,7 @@ namespace tess {
 namespace {
 
 // How far a line reaches when it is extended, from its middle, in its own lengths.
+// Fixed: a line is extended by 100 of its lengths and no further; trims that failed would be made.
 constexpr double kReach = 100;
 
 Point along(Point middle, Point start, Point end, double lengths) {

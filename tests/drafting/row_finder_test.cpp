@@ -79,6 +79,16 @@ TEST(RowFinder, TakesTheRowItselfBeforeALaterOneWithinTheTolerance) {
   EXPECT_EQ(found.takeClosest(row), -1);
 }
 
+TEST(RowFinder, TakesTheRowOfTheRecordsClassFirst) {
+  Found found(kTolerence);
+  found.add({.type = 1, .attr = 8, .x1 = 1});
+  found.add({.type = 1, .attr = 30012, .x1 = 1});
+  found.add({.type = 1, .attr = 30008, .x1 = 1.0001F});
+  EXPECT_EQ(found.takeClosest({.type = 1, .attr = 30108, .x1 = 1}), 1) << "selected or not";
+  EXPECT_EQ(found.takeClosest({.type = 1, .attr = 8, .x1 = 1}), 2);
+  EXPECT_EQ(found.takeClosest({.type = 1, .attr = 8, .x1 = 1}), 3);
+}
+
 // Coordinates on a lattice of half a tolerance, so that rows match across the edges of all cells.
 TEST(RowFinder, GivesTheRowsOfThePlainSearch) {
   Dice dice(4711);
