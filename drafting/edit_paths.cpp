@@ -1,5 +1,5 @@
 // What editing works on.
-#include "drafting/edit_commands.h"
+#include "drafting/edit_paths.h"
 
 #include "drafting/desk.h"
 #include "drafting/drafting_commands.h"
