@@ -470,7 +470,7 @@ TEST(Crosses, AfterAThreePointCommandOnlyTheMarkersIsLeft) {
 }
 
 TEST(RubberBand, LeavesTheScreenWithItsMode) {
-  RecordedDesk d;
+  testing::RecordedDesk d;
   mnuDrawLine_Click(d.desk);
   d.press(1, 1, 1);
   d.log.take();
