@@ -6,7 +6,8 @@
 namespace tess {
 namespace {
 
-constexpr std::string_view kTitle = "Tessimo save 1";
+constexpr std::string_view kTitleBegin = "Tessimo save ";
+constexpr std::string_view kTitle = "Tessimo save 2";  // 1 had checksums of another kind
 constexpr std::string_view kRenewsBackup = "renews backup";
 constexpr std::string_view kKeepsBackup = "keeps backup";
 constexpr std::string_view kStemBegin = ".tessimo-";
@@ -75,6 +76,11 @@ std::optional<SaveJournal> parseJournal(std::string_view text) {
     journal.files.push_back(*file);
   }
   return journal;
+}
+
+bool isOfAnotherVersion(std::string_view text) {
+  const auto title = takeLine(text);
+  return title && title->starts_with(kTitleBegin) && title != kTitle;
 }
 
 std::string journalStem(std::string_view fileName) {

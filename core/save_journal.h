@@ -1,8 +1,8 @@
 // The journal of a save: a small hidden file beside the files that are being replaced together. It
 // is written first and removed last, and says what each file was and shall be, so that a save which
 // was cut off can be completed or taken back.
-// Owns: kLargestJournal, SaveJournal, journalText, parseJournal, journalStem, journalName,
-//       freshName, spareName, stemOfJournal.
+// Owns: kLargestJournal, SaveJournal, journalText, parseJournal, isOfAnotherVersion, journalStem,
+//       journalName, freshName, spareName, stemOfJournal.
 #pragma once
 
 #include <optional>
@@ -32,6 +32,9 @@ struct SaveJournal {
 std::string journalText(const SaveJournal& journal);
 // Nothing for a text that is no journal as a whole: it was cut off in the making.
 std::optional<SaveJournal> parseJournal(std::string_view text);
+// Whether another version of the program has written it, or is writing it: only that one knows what
+// it says.
+bool isOfAnotherVersion(std::string_view text);
 
 // What the hidden files of one save begin with: the same for a file name in any case, and short
 // whatever the length of that.
