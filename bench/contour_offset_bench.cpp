@@ -24,12 +24,12 @@ using testing::OutlineKind;
 constexpr float kRadius = 0.01F;  // below the row length, so that no element collapses
 
 // Lines turn inward at every joint; arcs that bulge make them turn outward.
-constexpr int sideOf(OutlineKind kind) {
-  return kind == OutlineKind::Lines ? -1 : 1;
+constexpr Side sideOf(OutlineKind kind) {
+  return kind == OutlineKind::Lines ? Side::Left : Side::Right;
 }
 
 struct StarDesk : testing::SilentDesk {
-  StarDesk(const std::vector<Entity>& outline, int sideOfPath) : side(sideOfPath) {
+  StarDesk(const std::vector<Entity>& outline, Side sideOfPath) : side(sideOfPath) {
     store.toolradius[0] = kRadius;
     testing::addOutline(store, outline);
   }
@@ -40,7 +40,7 @@ struct StarDesk : testing::SilentDesk {
   }
 
   CamDesk cam{desk};
-  int side;
+  Side side;
 };
 
 void offsetStar(StarDesk& d) {
@@ -49,7 +49,7 @@ void offsetStar(StarDesk& d) {
   request.sg = 1;
   request.start = first.start;
   request.direction = first.end;
-  request.click = {d.side < 0 ? 0 : 2 * first.start.x, 0};
+  request.click = {d.side == Side::Left ? 0 : 2 * first.start.x, 0};
   offsetPathChain(d.cam, request);
 }
 

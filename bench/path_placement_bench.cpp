@@ -17,7 +17,6 @@ namespace {
 
 using testing::RecordedCam;
 
-constexpr int kSelectedRow = kSelected + kOrdinaryClass;
 constexpr int kPerLine = 200;
 
 Point onGrid(int row) {

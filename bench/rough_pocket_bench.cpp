@@ -9,6 +9,7 @@
 #include "benchmark/benchmark.h"
 
 #include "core/drawing_store.h"
+#include "core/pocketing_choices.h"
 #include "geometry/row_boxes.h"
 #include "geometry/row_entity.h"
 #include "tests/support/outlines.h"
@@ -42,9 +43,9 @@ struct Pocket : testing::SilentDesk {
     const Box box = boundsOf(store);
     spacing = (box.maxY - box.minY) / kLines;
     store.cfg_tool_spacing_distance = spacing;
-    store.cfg_cut_width_type = 2;
-    store.cfg_cutting_mode = 3;
-    store.cfg_pocketing_style = 1;
+    store.cfg_cut_width_type = choiceNumber(StepOver::ByDistance);
+    store.cfg_cutting_mode = choiceNumber(CuttingMode::Bidirectional);
+    store.cfg_pocketing_style = choiceNumber(PocketingStyle::Horizontal);
     store.cfg_final_depth = 0.5F;
     store.cfg_z_cut_per_pass = 0.5F;
     store.toolradius[0] = 0.02F;

@@ -6,6 +6,7 @@
 
 #include "bench/polygon_offsetter.h"
 #include "core/drawing_store.h"
+#include "core/pocketing_choices.h"
 #include "tests/support/outlines.h"
 #include "tests/support/silent_surface.h"
 #include "toolpath/parallel_spiral.h"
@@ -27,8 +28,8 @@ struct RoundPocket : testing::SilentDesk {
     cam.roughFloor = -0.5F;
     store.cfg_final_depth = 0.5F;
     store.cfg_z_cut_per_pass = 0.5F;
-    store.cfg_cutting_mode = 2;
-    store.cfg_cut_width_type = 2;
+    store.cfg_cutting_mode = choiceNumber(CuttingMode::Climb);
+    store.cfg_cut_width_type = choiceNumber(StepOver::ByDistance);
     store.cfg_tool_spacing_distance = step();
     store.cfg_pocket_dist_from_center = step();
     store.toolradius[0] = step();

@@ -19,12 +19,11 @@ struct CncState {
   LastMove lastmove;
 };
 
-// Where a finished program is shown, and from there sent on. It does nothing unless a viewer
-// listens.
+// Where a finished program is shown, and from there sent on.
 class ProgramViewer {
  public:
   virtual ~ProgramViewer() = default;
-  virtual void showFile(const std::string& /*file*/) {}
+  virtual void showFile(const std::string& file) = 0;
 };
 
 // The whole program of the drawing, which has at least one path row, under state.cncfilename.

@@ -118,7 +118,7 @@ void MotionPass::doArc(const PathRow& row) {
 void MotionPass::tellCycle(const PathRow& row) {
   moveTo(endOf(row));
   curz = std::abs(row.z);
-  tell(CycleRun{.number = row.type % 100,
+  tell(CycleRun{.number = cycleGNumber(row.type),
                 .place = hereAt(store.zstartpos),
                 .depth = curz,
                 .increment = isOneOf(kCyclesWithoutIncrement, row.type) ? 0 : row.xc,

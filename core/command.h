@@ -8,7 +8,9 @@
 #include <array>
 #include <concepts>
 #include <span>
+#include <vector>
 
+#include "core/drawing_rows.h"
 #include "core/pending_action.h"
 
 namespace tess {
@@ -79,6 +81,9 @@ template <class Context>
 struct Action {
   ActionText text;
   void (*click)(Context&) = nullptr;
+  // The rows that a click at MouseMoveX, MouseMoveY would make, of path rows their shapes. They
+  // hover while the button is down. Null: nothing does.
+  std::vector<SegmentRow> (*hover)(const Context&) = nullptr;
 };
 
 // The values of LastCommand for which the repeat key issues a command again; None for no more.

@@ -50,7 +50,7 @@
   DRAFTING(kArcC2PCommand)                                                 \
   DRAFTING(kCircle3PCommand)                                               \
   DRAFTING(kCircleC1PCommand)                                              \
-  DRAFTING(kBoltCircleCommand)                                             \
+  TOOLPATH(kBoltCircleCommand)                                             \
   DRAFTING(kTextCommand)                                                   \
   SHELL(kToolChestCommand)                                                 \
   DRAFTING(kMeasureCommand)                                                \
@@ -127,7 +127,8 @@
   TOOLPATH(kShowPathsCommand)                                              \
   TOOLPATH(kHidePathsCommand)                                              \
                                                                            \
-  SHELL(kStatisticsCommand)
+  SHELL(kStatisticsCommand)                                                \
+  SHELL(kPropertiesCommand)
 
 #define TESSIMO_NONE(descriptor)
 #define TESSIMO_CORE_COMMANDS(DO) \

@@ -3,10 +3,11 @@
 // Lengths are in drawing units (inch or millimetre), angles in radians, counter-clockwise positive
 // from the x axis. Row tables count from 1, tools and machine cycles from 0; tool numbers shown to
 // the operator and written to programs count from 1. Clockwise arcs run from start to end with
-// falling angle. Side 1 is a path right of travel, -1 left, 0 on the profile.
+// falling angle.
 // Owns: kPoint, kLine, kClockwiseArc, kCounterClockwiseArc, kCircle, kRectangle, kRapid,
-//       kFirstNonContour, kFirstCycle, kLatheRapidZ, isArc, kSelected, kOrdinaryClass, kVerified,
-//       kVerifiedRow, kParkedRow, kMillimetresPerInch, kLastTool, kLastWrittenTool, kLastColorSlot,
+//       kFirstNonContour, kFirstCycle, kLatheRapidZ, cycleGNumber, isArc, kSelected,
+//       kCodesPerState, kCodesPerGroup, kOrdinaryClass, kSelectedRow, kVerified, kVerifiedRow,
+//       kParkedRow, Side, signOf, kMillimetresPerInch, kLastTool, kLastWrittenTool, kLastColorSlot,
 //       kDefaultPartHeight, partHeightOr.
 #pragma once
 
@@ -28,16 +29,32 @@ inline constexpr int kFirstCycle = 21;       // the value is the cycle's G numbe
 // Fixed: a rapid is marked by -99 and not by its kind; path files of lathes hold it.
 inline constexpr float kLatheRapidZ = -99;
 
+// The G number of a cycle.
+constexpr int cycleGNumber(int pstype) {
+  return pstype % 100;
+}
+
 constexpr bool isArc(int type) {
   return type == kClockwiseArc || type == kCounterClockwiseArc;
 }
 
 // Composite codes (columns segattr and pscode).
 inline constexpr int kSelected = 30000;     // added while selected
-inline constexpr int kOrdinaryClass = 8;    // remainder modulo 100 of a drawn entity
+inline constexpr int kCodesPerState = 100;  // an attribute is a state in hundreds and a class
+inline constexpr int kCodesPerGroup = 100;  // a path code is a group in hundreds and a tool
+inline constexpr int kOrdinaryClass = 8;    // class of a drawn entity
+inline constexpr int kSelectedRow = 30008;  // an ordinary row that is selected
 inline constexpr int kVerified = 30100;     // selected and accepted as pocket or island
 inline constexpr int kVerifiedRow = 30108;  // an ordinary row so accepted
 inline constexpr int kParkedRow = 29108;    // a verified row put aside while roughing runs
+
+// Where a path lies beside the profile that it follows, seen along the travel. Scripts know the
+// numbers.
+enum class Side : int { Left = -1, On = 0, Right = 1 };
+
+constexpr int signOf(Side side) {
+  return static_cast<int>(side);
+}
 
 inline constexpr double kMillimetresPerInch = 25.4;
 

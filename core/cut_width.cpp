@@ -3,7 +3,9 @@
 
 #include <cmath>
 
+#include "core/conventions.h"
 #include "core/drawing_store.h"
+#include "core/pocketing_choices.h"
 #include "core/rounding.h"
 #include "core/runtime_failure.h"
 
@@ -22,11 +24,11 @@ float rounded(double value, int places) {
 }  // namespace
 
 void settleCutWidth(DrawingStore& store) {
-  if (store.cfg_cut_width_type == 0) store.cfg_cut_width_type = kStepByPercent;
-  const int type = store.cfg_cut_width_type;
-  if (type != kStepByPercent && type != kStepByDistance) return;
+  fillStepOver(store);
+  const StepOver chosen = stepOver(store);
+  if (chosen != StepOver::ByPercent && chosen != StepOver::ByDistance) return;
   const double diameter = 2.0 * store.toolradius[store.selectedtool];
-  if (type == kStepByPercent) {
+  if (chosen == StepOver::ByPercent) {
     store.cfg_tool_spacing_distance =
         rounded(diameter * store.cfg_tool_spacing / 100, kDistanceDecimals);
   } else {
@@ -34,6 +36,14 @@ void settleCutWidth(DrawingStore& store) {
     store.cfg_tool_spacing =
         rounded(store.cfg_tool_spacing_distance / diameter * 100, kPercentDecimals);
   }
+}
+
+void settleByToolInUse(DrawingStore& store) {
+  const int tool = store.selectedtool;
+  if (tool < 0 || tool > kLastTool) return;
+  const bool byDistance = stepOver(store) == StepOver::ByDistance;
+  if (byDistance && store.toolradius[tool] == 0) return;
+  settleCutWidth(store);
 }
 
 }  // namespace tess

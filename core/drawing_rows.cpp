@@ -121,7 +121,7 @@ void setPathRow(DrawingStore& store, int ps, const PathRow& row) {
 }
 
 int groupRounded(int pscode) {
-  return roundHalfEven((isSelected(pscode) ? pscode - kSelected : pscode) / 100.0);
+  return roundHalfEven(withoutSelection(pscode) / double{kCodesPerGroup});
 }
 
 }  // namespace tess

@@ -2,8 +2,9 @@
 // composite codes of a row.
 // Owns: SegmentDrawing, SegmentRow, PathRow, AddSeg, AddSegLine, ensureSegmentCapacity,
 //       ensurePathCapacity, addPathSegment, nextPathGroup, kCoordinateDecimals, roundall,
-//       segmentRow, setSegmentRow, pathRow, setPathRow, entityClass, isSelected,
-//       isSelectedUnverified, isVerified, toolIndex, groupCutOff, groupRounded.
+//       segmentRow, setSegmentRow, pathRow, setPathRow, entityClass, isSelected, hasSelectionMark,
+//       withoutSelection, isSelectedUnverified, isVerified, pathCode, toolIndex, groupCutOff,
+//       groupRounded.
 #pragma once
 
 #include "core/conventions.h"
@@ -69,10 +70,17 @@ void setPathRow(DrawingStore& store, int ps, const PathRow& row);
 
 // Composite codes.
 constexpr int entityClass(int segattr) {
-  return segattr % 100;
+  return segattr % kCodesPerState;
 }
 constexpr bool isSelected(int code) {
   return code > kSelected;
+}
+// The same, but for kSelected itself: the code of class 0 or of tool 0 in no group.
+constexpr bool hasSelectionMark(int code) {
+  return code >= kSelected;
+}
+constexpr int withoutSelection(int code) {
+  return isSelected(code) ? code - kSelected : code;
 }
 constexpr bool isSelectedUnverified(int segattr) {
   return segattr > kSelected && segattr < kVerified;
@@ -80,12 +88,15 @@ constexpr bool isSelectedUnverified(int segattr) {
 constexpr bool isVerified(int segattr) {
   return segattr >= kVerified;
 }
+constexpr int pathCode(int group, int tool) {
+  return group * kCodesPerGroup + tool;
+}
 constexpr int toolIndex(int pscode) {
-  return pscode % 100;
+  return pscode % kCodesPerGroup;
 }
 // The group of a path row as the tables show it: cut off, by whole-number division.
 constexpr int groupCutOff(int pscode) {
-  return (isSelected(pscode) ? pscode - kSelected : pscode) / 100;
+  return withoutSelection(pscode) / kCodesPerGroup;
 }
 // The group of a path row as placing and counting read it: to the nearest whole number, ties to
 // even, so that a tool index above 50 counts as the next group.

@@ -39,11 +39,10 @@ void Renderer::complain(const char* text) {
 }
 
 Rgb Renderer::stateColor(int sg) {
-  constexpr int kUnmarked = 100;  // attributes below have no state
   const int attr = store_.segattr[sg];
   if (attr > kVerified || attr == kParkedRow) return slotColor(store_, ColorSlot::Verified);
-  if (attr >= kSelected) return slotColor(store_, ColorSlot::Select);
-  if (attr >= kUnmarked) complain("Bad Entity Attribute error in DrawSegment");
+  if (hasSelectionMark(attr)) return slotColor(store_, ColorSlot::Select);
+  if (attr >= kCodesPerState) complain("Bad Entity Attribute error in DrawSegment");
   return slotColor(store_, ColorSlot::Draw);
 }
 

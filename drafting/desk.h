@@ -7,6 +7,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "core/session.h"
 #include "core/status_bar.h"
@@ -16,9 +17,10 @@
 #include "display/view_commands.h"
 #include "drafting/c_state.h"
 #include "drafting/change.h"
+#include "drafting/form_preview.h"
 #include "drafting/known_commands.h"
 #include "drafting/paste_buffer.h"
-#include "geometry/float_points.h"
+#include "geometry/entity.h"
 
 namespace tess {
 
@@ -48,8 +50,12 @@ struct CommandRecord {
   bool secondCrossShown = false;           // the second point's cross is on the screen
   bool EditPaths = false;                  // editing works on path rows
   int LastCommand = 0;
+  float rotateDegrees = 0;  // what was taken last; 0 until then
   int PendingSeg1 = 0, PendingSeg2 = 0;
+  Entity PendingRow1;  // PendingSeg1 as it was picked: by the next click it may be another row
   Point PendingPt1, PendingPt2;
+  std::optional<Point> draggedEnd;  // the end point that Move Endpoints has taken up
+  float filletRadius = 0;           // of the last fillet
 };
 
 // The shape that a three-point command is making.
@@ -100,6 +106,8 @@ struct Desk : DeskParts, KnownCommands {
   CommandRecord command;
   ArcScratch arc;
   PasteBuffer paste;
+  std::vector<SegmentRow> hovering;  // what the armed action shows on the screen
+  FormPreview formPreview;           // and what a form does
   ChangeLog changelog;
   std::unique_ptr<ChangeHost> changeHost;
   Changes changes;

@@ -9,6 +9,7 @@
 #include "display/screen_marks.h"
 #include "drafting/drafting_commands.h"
 #include "drafting/rubber_band.h"
+#include "geometry/entity.h"
 #include "geometry/float_angles.h"
 #include "geometry/float_circles.h"
 
@@ -154,14 +155,13 @@ void drawCircle3PMode(Desk& desk, PictureBoxProxy& target) {
   });
 }
 
-// The sense in which the arc from marker to second point passes the direction of (x, y). Where both
-// senses hold, counter-clockwise wins.
+// The sense in which the arc passes the direction of `through`. Where both senses hold,
+// counter-clockwise wins.
 // Fixed: where both senses hold the arc is counter-clockwise; full turns were drawn so.
-int senseThrough(const ArcScratch& arc, float x, float y) {
-  const Point center{arc.arccx, arc.arccy};
-  const float a = vectorAngle(center, {arc.arcx0, arc.arcy0});
-  const float b = vectorAngle(center, {arc.arcx1, arc.arcy1});
-  const float t = vectorAngle(center, {x, y});
+int senseThrough(Point start, Point end, Point center, Point through) {
+  const float a = vectorAngle(center, start);
+  const float b = vectorAngle(center, end);
+  const float t = vectorAngle(center, through);
   if (angleInSweep(t, a, b, kCounterClockwiseArc)) return kCounterClockwiseArc;
   return angleInSweep(t, a, b, kClockwiseArc) ? kClockwiseArc : 0;
 }
@@ -183,7 +183,8 @@ void traceArcRow(Desk& desk, const SegmentRow& arc, bool reversed) {
 // Settles the sense of the arc in the scratch and paints it.
 void traceArc(Desk& desk, float x, float y, bool reversed) {
   ArcScratch& arc = desk.arc;
-  arc.arcdir = senseThrough(arc, x, y);
+  arc.arcdir =
+      senseThrough({arc.arcx0, arc.arcy0}, {arc.arcx1, arc.arcy1}, {arc.arccx, arc.arccy}, {x, y});
   const SegmentRow row = scratchArcRow(arc);
   arc.arcradius = anglesOf(row).radius;
   traceArcRow(desk, row, reversed);
@@ -221,6 +222,14 @@ SegmentRow lineRow(Point from, Point to) {
   return {.type = kLine, .x0 = from.x, .y0 = from.y, .x1 = to.x, .y1 = to.y};
 }
 
+std::optional<Entity> arcThrough(Point start, Point end, Point third, float tolerence) {
+  const std::optional<Point> center = circleFrom3Points(start, end, third, tolerence);
+  if (!center) return std::nullopt;
+  const int sense = senseThrough(start, end, *center, third);
+  if (!isArc(sense)) return std::nullopt;
+  return Entity{sense, start, end, *center};
+}
+
 void addShape(Desk& desk, std::span<const SegmentRow> rows, PictureBoxProxy& target, int undoMark) {
   desk.command.clickstage = 0;
   toggleMarkerCross(desk);
@@ -230,10 +239,13 @@ void addShape(Desk& desk, std::span<const SegmentRow> rows, PictureBoxProxy& tar
 
 void traceShape(Desk& desk, std::span<const SegmentRow> rows) {
   for (const SegmentRow& row : rows) {
-    if (isArc(row.type)) {
+    const WorldBox ends{row.x0, row.y0, row.x1, row.y1};
+    if (isRound(row.type)) {
       traceArcRow(desk, row, /*reversed=*/false);
+    } else if (row.type == kRectangle) {
+      desk.ScreenProxy.TraceLine(ends, drawColor(desk), kOutlineBox);
     } else {
-      desk.ScreenProxy.TraceLine({row.x0, row.y0, row.x1, row.y1}, drawColor(desk));
+      desk.ScreenProxy.TraceLine(ends, drawColor(desk));
     }
   }
 }

@@ -1,12 +1,13 @@
 // Creating entities: what an accepted click adds in each drawing mode, with the previews of the
 // three-point commands.
-// Owns: isDrawing, markerOf, mouseOf, hoverPoint, lineRow, addShape, traceShape, startDrawing,
-//       draw_Action, draw_circle3p, draw_arc3p, draw_arcc2p, BatchLine, BatchAddLines, moveMarker,
-//       kFirstPointTaken, showSecondPoint, dropThreePointCommand, mnuDrawLine_Click,
-//       mnuDrawRect_Click, mnuDrawArc3P_Click, mnuDrawArcC2P_Click, mnuDrawCircle3P_Click,
-//       mnuDrawCircleC1P_Click.
+// Owns: isDrawing, markerOf, mouseOf, hoverPoint, lineRow, arcThrough, addShape, traceShape,
+//       startDrawing, draw_Action, draw_circle3p, draw_arc3p, draw_arcc2p, BatchLine,
+//       BatchAddLines, moveMarker, kFirstPointTaken, showSecondPoint, dropThreePointCommand,
+//       mnuDrawLine_Click, mnuDrawRect_Click, mnuDrawArc3P_Click, mnuDrawArcC2P_Click,
+//       mnuDrawCircle3P_Click, mnuDrawCircleC1P_Click.
 #pragma once
 
+#include <optional>
 #include <span>
 
 #include "drafting/desk.h"
@@ -26,11 +27,14 @@ Point hoverPoint(const Desk& desk);
 
 SegmentRow lineRow(Point from, Point to);
 
+// The arc from `start` to `end` that passes `third`; none where there is no circle through them.
+std::optional<Entity> arcThrough(Point start, Point end, Point third, float tolerence);
+
 // Adds ordinary rows as one step of undo and draws them. The marker stays where it is.
 void addShape(Desk& desk, std::span<const SegmentRow> rows, PictureBoxProxy& target,
               int undoMark = kRowsAdded);
 
-// Paints lines and arcs in the colour of drawing, in the pen that is set.
+// Paints rows of any kind in the colour of drawing, in the pen that is set.
 void traceShape(Desk& desk, std::span<const SegmentRow> rows);
 
 // What a command with a drawing mode ends with: its mode is on, and a three-point command in

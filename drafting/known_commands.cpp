@@ -14,6 +14,11 @@ const ActionText* findAction(const KnownCommands& known, int number) {
   return inTable ? known.actionTexts[static_cast<std::size_t>(number)] : nullptr;
 }
 
+bool hovers(const KnownCommands& known, int number) {
+  return findAction(known, number) != nullptr &&
+         known.hoverActions[static_cast<std::size_t>(number)] != nullptr;
+}
+
 const DrawingMode* modeOf(const KnownCommands& known, int drawMode) {
   for (const DeskCommand* const command : known.modes) {
     if (command->mode.number == drawMode) return &command->mode;

@@ -1,6 +1,6 @@
 // What the desk knows of commands: which pending actions there are and what their clicks do, what
 // the repeat key issues, and the drawing modes. All of it comes from descriptors.
-// Owns: kActionNumbers, ByAction, KnownCommands, findAction, modeOf, takesThreePoints.
+// Owns: kActionNumbers, ByAction, KnownCommands, findAction, hovers, modeOf, takesThreePoints.
 #pragma once
 
 #include <array>
@@ -22,6 +22,8 @@ struct KnownCommands {
   ByAction<const ActionText*> actionTexts{};  // null for a number that is no action
   // An action without an entry is armed and prompts, and its click has no effect.
   ByAction<std::function<void(Desk&)>> clickActions;
+  // An action without an entry has nothing that hovers.
+  ByAction<std::function<std::vector<SegmentRow>()>> hoverActions;
   // A number without an entry does nothing.
   ByAction<std::function<void(Desk&)>> repeatCommands;
   std::vector<const DeskCommand*> modes;  // the commands that bring a drawing mode
@@ -39,6 +41,9 @@ struct KnownCommands {
     for (const Action<Context>& action : actions) {
       const auto number = static_cast<std::size_t>(action.text.action);
       actionTexts[number] = &action.text;
+      if (action.hover != nullptr) {
+        hoverActions[number] = [&context, hover = action.hover] { return hover(context); };
+      }
       if (action.click == nullptr) continue;
       clickActions[number] = [&context, click = action.click](Desk&) { click(context); };
     }
@@ -61,6 +66,9 @@ struct KnownCommands {
 
 // The pending action of that number; null for none.
 const ActionText* findAction(const KnownCommands& known, int number);
+
+// Whether rows hover while the button is down for the pending action of that number.
+bool hovers(const KnownCommands& known, int number);
 
 // The drawing mode of that value of DrawMode; null for a value that is none.
 const DrawingMode* modeOf(const KnownCommands& known, int drawMode);

@@ -4,7 +4,6 @@
 #include "core/number_text.h"
 #include "core/rounding.h"
 #include "drafting/drafting_commands.h"
-#include "drafting/grids.h"
 #include "drafting/object_snap.h"
 #include "drafting/pending_actions.h"
 #include "drafting/rubber_band.h"
@@ -16,11 +15,6 @@ constexpr int kReportDecimals = 4;
 
 std::string reported(float value) {
   return plainText(roundTo(value, kReportDecimals));
-}
-
-Point snapped(const Desk& desk, Point at) {
-  if (const auto& feature = desk.state.FeaturePoint()) return {feature->X, feature->Y};
-  return snappedToGrid(desk.store, at);
 }
 
 void report(Desk& desk) {
@@ -41,13 +35,13 @@ void miMeasureDist_Click(Desk& desk) {
 
 void pressMeasure(Desk& desk, Point at) {
   desk.state.setFeaturePoint(featureAtPointer(desk, at, /*invert=*/false));
-  const Point start = snapped(desk, at);
+  const Point start = snappedPosition(desk, at);
   desk.pointer.MouseDownX = desk.pointer.MouseMoveX = start.x;
   desk.pointer.MouseDownY = desk.pointer.MouseMoveY = start.y;
 }
 
 void moveMeasure(Desk& desk, Point at) {
-  moveDragBand(desk, snapped(desk, at));
+  moveDragBand(desk, snappedPosition(desk, at));
   report(desk);
 }
 

@@ -9,6 +9,7 @@
 
 #include "core/drawing_store.h"
 #include "drafting/drafting_commands.h"
+#include "drafting/grids.h"
 #include "geometry/float_angles.h"
 #include "geometry/float_nearest.h"
 #include "geometry/float_nearest_scans.h"
@@ -155,6 +156,11 @@ std::optional<CFeaturePoint> featureAtPointer(const Desk& desk, Point pointer, b
   const int sg = nearestSeg(desk.store, pointer);
   const Point marker{desk.store.markerx, desk.store.markery};
   return GetClosetFeaturePoint(desk, sg, {pointer, marker, invert});
+}
+
+Point snappedPosition(const Desk& desk, Point position) {
+  if (const auto& feature = desk.state.FeaturePoint()) return {feature->X, feature->Y};
+  return snappedToGrid(desk.store, position);
 }
 
 void OSnap_ButtonClick(Desk& desk) {

@@ -1,7 +1,7 @@
 // Object snap: the characteristic points of the entity nearest the pointer, and which of them the
 // pointer snaps to.
-// Owns: SnapQuery, effectiveType, GetClosetFeaturePoint, featureAtPointer, OSnap_ButtonClick,
-//       OSnapMenuClick, tbbtnmnuOSnapEndpoints_ButtonMenuClick,
+// Owns: SnapQuery, effectiveType, GetClosetFeaturePoint, featureAtPointer, snappedPosition,
+//       OSnap_ButtonClick, OSnapMenuClick, tbbtnmnuOSnapEndpoints_ButtonMenuClick,
 //       tbbtnmnuOSnapCenter_ButtonMenuClick, tbbtnmnuOSnapMidpoint_ButtonMenuClick,
 //       tbbtnmnuOSnapPerpendicular_ButtonMenuClick, tbbtnmnuOSnapQuadrants_ButtonMenuClick,
 //       OSnap_ButtonClick_ButtonDropDown.
@@ -29,6 +29,9 @@ std::optional<CFeaturePoint> GetClosetFeaturePoint(const Desk& desk, int sg,
 
 // The same for the row nearest the pointer, perpendiculars starting from the marker.
 std::optional<CFeaturePoint> featureAtPointer(const Desk& desk, Point pointer, bool invert);
+
+// Where a click at `position` counts: at the current feature, else on the cursor grid if it is on.
+Point snappedPosition(const Desk& desk, Point position);
 
 // The OSnap button: snap on or off.
 void OSnap_ButtonClick(Desk& desk);

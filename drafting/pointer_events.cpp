@@ -10,6 +10,7 @@
 #include "drafting/entity_creation.h"
 #include "drafting/grids.h"
 #include "drafting/measure.h"
+#include "drafting/move_end_points.h"
 #include "drafting/object_snap.h"
 #include "drafting/pending_actions.h"
 #include "drafting/rubber_band.h"
@@ -46,6 +47,10 @@ Point at(const PointerEvent& event) {
   return {event.X, event.Y};
 }
 
+void hoverAt(Desk& desk, Point position) {
+  moveDragBand(desk, snappedPosition(desk, position));
+}
+
 // ---- Press
 
 bool swallowedByMenuAtPress(Desk& desk) {
@@ -64,6 +69,8 @@ void pressLeft(Desk& desk, const PointerEvent& event) {
   if (isArmed(desk, Pan)) pointer.PanStart = desk.viewCommands.beginPan(at(event));
   if (isArmed(desk, PlaceText)) desk.listener.textDragReset();
   if (isArmed(desk, Measure)) pressMeasure(desk, at(event));
+  if (isArmed(desk, MoveEndPoint)) pressEndPoint(desk, at(event));
+  if (hovers(desk, desk.state.pendingaction())) hoverAt(desk, at(event));
 }
 
 // ---- Move
@@ -123,6 +130,7 @@ void moveLeft(Desk& desk, const PointerEvent& event, bool invertSnap) {
   if (isArmed(desk, ZoomWindow)) moveZoomBox(desk, event);
   if (isArmed(desk, Pan)) movePanDrag(desk, event);
   if (isArmed(desk, Measure)) moveMeasure(desk, at(event));
+  if (hovers(desk, desk.state.pendingaction())) hoverAt(desk, at(event));
 }
 
 bool differs(float a, float b) {
@@ -212,6 +220,8 @@ void releaseLeft(Desk& desk, const PointerEvent& event) {
   if (armed == Select || armed == Unselect) releaseSelectionBox(desk, event);
   if (armed == ZoomWindow) releaseZoomBox(desk);
   if (armed == Measure) releaseMeasure(desk);
+  if (hovers(desk, static_cast<int>(armed))) eraseDragBand(desk);
+  if (armed == MoveEndPoint) releaseEndPoint(desk, snappedPosition(desk, at(event)));
 }
 
 // ---- Release, second stage

@@ -8,11 +8,8 @@
 namespace tess {
 namespace {
 
-constexpr int kCodesPerGroup = 100;
-
 int codeInCurrentGroup(const DrawingStore& store, int tool) {
-  const int index = tool > kCodesPerGroup ? tool % kCodesPerGroup : tool;
-  return store.currentpathgroup * kCodesPerGroup + index;
+  return pathCode(store.currentpathgroup, tool > kCodesPerGroup ? toolIndex(tool) : tool);
 }
 
 template <class Row>

@@ -5,6 +5,7 @@
 
 #include "display/arrowheads.h"
 #include "drafting/entity_creation.h"
+#include "drafting/form_preview.h"
 #include "drafting/pending_actions.h"
 
 namespace tess {
@@ -75,10 +76,19 @@ constexpr DragBandRow kDragBands[] = {
     {PendingAction::Measure, invertMeasureArrow},
 };
 
+void invertHovering(Desk& desk) {
+  if (desk.hovering.empty()) return;
+  desk.ScreenProxy.setDrawMode(PenMode::NotXor);
+  desk.ScreenProxy.setDrawStyle(PenStyle::Solid);
+  traceHovering(desk, desk.hovering);
+  desk.ScreenProxy.setDrawMode(PenMode::Copy);
+}
+
 void invertDragBand(Desk& desk, int action) {
   for (const DragBandRow& band : kDragBands) {
     if (action == static_cast<int>(band.action)) band.invert(desk);
   }
+  invertHovering(desk);
 }
 
 }  // namespace
@@ -104,12 +114,16 @@ void moveRubberBand(Desk& desk, Point to) {
 void showDragBand(Desk& desk) {
   if (desk.pointer.DragBand != 0) return;
   desk.pointer.DragBand = desk.state.pendingaction();
+  if (hovers(desk, desk.pointer.DragBand)) {
+    desk.hovering = desk.hoverActions[static_cast<std::size_t>(desk.pointer.DragBand)]();
+  }
   invertDragBand(desk, desk.pointer.DragBand);
 }
 
 void eraseDragBand(Desk& desk) {
   invertDragBand(desk, desk.pointer.DragBand);
   desk.pointer.DragBand = 0;
+  desk.hovering.clear();
 }
 
 void moveDragBand(Desk& desk, Point to) {

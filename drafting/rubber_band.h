@@ -15,7 +15,8 @@ void eraseRubberBand(Desk& desk);
 void moveRubberBand(Desk& desk, Point to);
 
 // The band of the armed action, from MouseDownX, MouseDownY to MouseMoveX, MouseMoveY: the dotted
-// box of selecting, the dashed one of the zoom window, the arrow of measuring.
+// box of selecting, the dashed one of the zoom window, the arrow of measuring, or the rows that a
+// click would make.
 void showDragBand(Desk& desk);
 void eraseDragBand(Desk& desk);
 void moveDragBand(Desk& desk, Point to);

@@ -131,7 +131,7 @@ void selectAllSegments(Desk& desk) {
   const DrawingStore& store = desk.store;
   Change change(desk.changes);
   for (int sg = 1; sg <= store.NumSegments; ++sg) {
-    if (store.segattr[sg] >= kSelected) continue;
+    if (hasSelectionMark(store.segattr[sg])) continue;
     change.segments.mark(sg, selectedAttribute(store.segattr[sg], /*select=*/true));
     desk.renderer.DrawSegment(sg, desk.ScreenProxy);
   }
@@ -143,7 +143,7 @@ void markAllPaths(Desk& desk, bool select) {
   const DrawingStore& store = desk.store;
   Change change(desk.changes);
   for (int ps = 1; ps <= store.NumPathSegments; ++ps) {
-    if ((store.pscode[ps] >= kSelected) == select) continue;
+    if (hasSelectionMark(store.pscode[ps]) == select) continue;
     change.paths.mark(ps, store.pscode[ps] + (select ? kSelected : -kSelected));
     desk.renderer.drawtoolpath(ps, desk.ScreenProxy);
   }
@@ -155,7 +155,7 @@ void unselectAllSegments(Desk& desk) {
   Change change(desk.changes);
   for (int sg = 1; sg <= store.NumSegments; ++sg) {
     const int attr = store.segattr[sg];
-    if (attr >= kSelected) change.segments.mark(sg, entityClass(attr));
+    if (hasSelectionMark(attr)) change.segments.mark(sg, entityClass(attr));
     desk.renderer.DrawSegment(sg, desk.ScreenProxy);
   }
   change.keep();
@@ -168,7 +168,7 @@ void unselectAllSegments(Desk& desk) {
 int selectedCount(const DrawingStore& store) {
   int count = 0;
   for (int sg = 1; sg <= store.NumSegments; ++sg) {
-    if (store.segattr[sg] == kSelected + kOrdinaryClass) ++count;
+    if (isSelectedOrdinary(store.segattr[sg])) ++count;
   }
   return count;
 }
@@ -179,8 +179,8 @@ int selectedAttribute(int segattr, bool select) {
 }
 
 int selectedCode(int pscode, bool select) {
-  if (select) return pscode < kSelected ? pscode + kSelected : pscode;
-  return pscode > kSelected ? pscode - kSelected : pscode;
+  if (!select) return withoutSelection(pscode);
+  return hasSelectionMark(pscode) ? pscode : pscode + kSelected;
 }
 
 void markSegment(Desk& desk, int sg, bool select) {
@@ -336,7 +336,7 @@ void UnselectAll(Desk& desk) {
 void collectSelected(Desk& desk) {
   desk.state.Selected.clear();
   for (int sg = 1; sg <= desk.store.NumSegments; ++sg) {
-    if (desk.store.segattr[sg] >= kSelected) desk.state.Selected.add(sg);
+    if (hasSelectionMark(desk.store.segattr[sg])) desk.state.Selected.add(sg);
   }
 }
 

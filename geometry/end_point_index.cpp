@@ -154,8 +154,8 @@ void EndPointIndex::matchBucket(std::size_t bucket, Point at,
                                 std::vector<EndMatch>& matches) const {
   for (int entry = heads_[bucket]; entry != kLast;) {
     const End& end = ends_[static_cast<std::size_t>(entry)];
-    if (samePoint(end.at, at, tolerence_))
-      matches.push_back({entry / 2, entry % 2 == 0, entry % 2 != 0});
+    const bool isStart = entry % 2 == 0;
+    if (samePoint(end.at, at, tolerence_)) matches.push_back({entry / 2, isStart, !isStart});
     entry = end.next;
   }
 }

@@ -13,6 +13,7 @@ namespace tess {
 struct Entity {
   int type = kLine;
   Point start, end, center;
+  friend bool operator==(const Entity&, const Entity&) = default;
 };
 
 inline Entity lineEntity(Point start, Point end) {

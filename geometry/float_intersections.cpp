@@ -51,6 +51,13 @@ constexpr PairRule kPairRules[] = {
 
 }  // namespace
 
+Point nearerHit(const Crossing& crossing, Point at) {
+  if (!crossing.second) return crossing.at.first;
+  if (!crossing.first) return crossing.at.second;
+  const bool second = distance(crossing.at.second, at) < distance(crossing.at.first, at);
+  return second ? crossing.at.second : crossing.at.first;
+}
+
 std::optional<Point> intersectSlopes(double m1, double b1, double m2, double b2) {
   if (m1 == m2) return std::nullopt;
   const double x = (b1 - b2) / nonZero(m2 - m1);

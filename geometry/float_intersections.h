@@ -1,5 +1,5 @@
 // Crossings of lines and arcs.
-// Owns: intersectSlopes, Crossing, intersectLines, intersectLineArc, intersectArcs,
+// Owns: intersectSlopes, Crossing, nearerHit, intersectLines, intersectLineArc, intersectArcs,
 //       intersectEntities, intersectSegs, intersectPathSegs, intersectWithSeg.
 #pragma once
 
@@ -21,6 +21,9 @@ struct Crossing {
   PointPair at{};  // both hits, if either counts; of lines that meet elsewhere their common point
   explicit operator bool() const { return miss == Miss::None; }
 };
+
+// Of the hits that count the one nearer to `at`, of two equally near ones the first.
+Point nearerHit(const Crossing& crossing, Point at);
 
 // Misses: Parallel, Apart. Near-vertical segments take the slope that nonZero gives them, so two
 // vertical ones of different length still meet somewhere.

@@ -54,7 +54,7 @@ std::optional<Point> nearestEnd(int rows, Point at, Counts counts, EndsOf endsOf
 
 // Fixed: a group is its number less 1 with tool index 0; scripts ask for groups that way.
 bool inGroup(const DrawingStore& store, int ps, double group) {
-  return group == 0 || store.pscode[ps] / 100.0 + 1 == group;
+  return group == 0 || store.pscode[ps] / double{kCodesPerGroup} + 1 == group;
 }
 
 }  // namespace
@@ -110,6 +110,20 @@ int nearestPathChord(const DrawingStore& store, Point at) {
     if (!store.psvisible[ps] || (type != kLine && !isArc(type))) return NearestPoint{};
     const Entity row = pathEntity(store, ps);
     return NearestPoint{Miss::None, nearestOnLine(row.start, row.end, at)};
+  });
+}
+
+int nearestPathLine(const DrawingStore& store, Point at) {
+  return nearestRow(store.NumPathSegments, at, [&](int ps) {
+    const bool counts = store.psvisible[ps] && store.pstype[ps] == kLine;
+    return counts ? nearestOnPathSeg(store, ps, at) : NearestPoint{};
+  });
+}
+
+int nearestPathArc(const DrawingStore& store, Point at) {
+  return nearestRow(store.NumPathSegments, at, [&](int ps) {
+    const bool counts = store.psvisible[ps] && isArc(store.pstype[ps]);
+    return counts ? nearestOnPathSeg(store, ps, at) : NearestPoint{};
   });
 }
 

@@ -4,8 +4,8 @@
 // row wins a tie, and find nothing at kFarthest or beyond. Rows that have no nearest point (a
 // kind without one, an arc without a radius) are passed over. Row results are 0 for none.
 // Owns: nearestLineSeg, nearestArcSeg, nearestRoundSeg, nearestSeg, nearestSelectedSeg,
-//       nearestPathChord, nearestPathSeg, nearestSegEndpoint, nearestPathEndpoint,
-//       nearestPointOfRow, nearestPointOfPathRow.
+//       nearestPathChord, nearestPathLine, nearestPathArc, nearestPathSeg, nearestSegEndpoint,
+//       nearestPathEndpoint, nearestPointOfRow, nearestPointOfPathRow.
 #pragma once
 
 #include <optional>
@@ -26,10 +26,13 @@ int nearestRoundSeg(const DrawingStore& store, Point at);
 int nearestSeg(const DrawingStore& store, Point at);
 int nearestSelectedSeg(const DrawingStore& store, Point at);
 
-// Visible path rows: lines and arcs by their chords; all kinds but rapids by their nearest point.
+// Visible path rows: lines and arcs by their chords; lines; arcs; all kinds but rapids by their
+// nearest point.
 // `group` 0 means all; otherwise a row belongs to it when pscode / 100 + 1, a real quotient, equals
 // it exactly.
 int nearestPathChord(const DrawingStore& store, Point at);
+int nearestPathLine(const DrawingStore& store, Point at);
+int nearestPathArc(const DrawingStore& store, Point at);
 int nearestPathSeg(const DrawingStore& store, Point at, double group);
 
 // The nearest end of any drawing row, or of a visible path row, the start before the end.

@@ -6,8 +6,10 @@
 #include "core/drawing_store.h"
 #include "core/lifecycle.h"
 #include "core/version.h"
+#include "drafting/copy_paste.h"
 #include "drafting/grids.h"
 #include "drafting/object_snap.h"
+#include "drafting/scale_drawing.h"
 #include "drafting/undo.h"
 #include "import/frmDXF.h"
 #include "shell/commands.h"
@@ -54,9 +56,11 @@ void Application::wireTools() {
   interaction.tools.onBandOpen = [this](const std::string& band) {
     if (band == "OSnapMenu") OSnap_ButtonClick_ButtonDropDown(interaction.desk);
     if (band == "barStatistics") interaction.forms.show(interaction.frmStatistics);
+    if (band == "barProperties") interaction.forms.show(interaction.properties);
   };
   interaction.tools.onBandClose = [this](const std::string& band) {
     if (band == "barStatistics") interaction.frmStatistics.close();
+    if (band == "barProperties") interaction.properties.close();
   };
   interaction.tools.onClientAreaChanged = [this] {
     guarded("frmMain.abMain_Resize()",
@@ -76,12 +80,20 @@ void Application::load(std::string_view drawing, std::string_view appfolder) {
 
 bool Application::guarded(std::string_view entry, const std::function<void()>& run) {
   const bool done = reporting_.guarded(entry, run);
-  showToolInUse();
+  showPropertiesAndTool();
   settleJournal();
   return done;
 }
 
-// Commands, dialogs and scripts choose and change tools; whichever did is done now.
+// Commands, dialogs and scripts change rows and tools; whichever did is done now.
+void Application::showPropertiesAndTool() {
+  if (interaction.properties.isLoaded()) {
+    reporting_.guarded("frmMain.UpdatePropertyWindow()",
+                       [this] { interaction.UpdatePropertyWindow(); });
+  }
+  showToolInUse();
+}
+
 void Application::showToolInUse() {
   interaction.statusBar.setPanel(StatusPanel::Tool, toolInUseText(session));
 }
@@ -156,10 +168,13 @@ void Application::Listener::resetUndoState() {
   tess::resetUndoState(application_.interaction.desk);
 }
 
-// The paste buffer and scaling do not exist yet: nothing is cleared, and rows keep their size when
-// the units change.
-void Application::Listener::Clear_Paste() {}
-void Application::Listener::scaleDrawing(float /*factor*/) {}
+void Application::Listener::Clear_Paste() {
+  tess::Clear_Paste(application_.interaction.desk);
+}
+
+void Application::Listener::scaleDrawing(float factor) {
+  convertDrawing(application_.interaction.desk, factor);
+}
 
 void Application::Listener::UnselectAll() {
   application_.interaction.desk.state.Selected.clear();

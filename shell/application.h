@@ -89,7 +89,11 @@ class Application {
   ColorDialog& colors;
   PostDefinition definition;
   CncState cnc;
-  ProgramViewer viewer;
+  // There is no window for programs yet: the file is all that comes of one.
+  struct NoViewer : ProgramViewer {
+    void showFile(const std::string& /*file*/) override {}
+  };
+  NoViewer viewer;
 
   // What only a window can do; nothing without one.
   std::function<void()> onCloseMainWindow;
@@ -137,6 +141,7 @@ class Application {
   };
 
   void wireTools();
+  void showPropertiesAndTool();
   void showToolInUse();
 
   HuntERR& reporting_;

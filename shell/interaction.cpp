@@ -20,10 +20,13 @@ Interaction::Interaction(Session& session, const ScreenPorts& ports)
       renderer(session.store, session.host.prompts, session.host.surroundings),
       redraw({session.store, view, renderer, ScreenProxy, ports.pointer, session.host.surroundings,
               ports.timers, *this}),
+      state(ScreenProxy),
       viewCommands({session.store, view, redraw, ScreenProxy, ports.pointer,
                     session.host.surroundings, *this, state}),
       desk({session, view, renderer, redraw, state, viewCommands, ScreenProxy, ports.pointer,
-            ports.timers, tools, statusBar, *this}) {
+            ports.timers, tools, statusBar, *this}),
+      cam(desk),
+      properties(desk) {
   for (const DeskCommand* const command : importCommands()) desk.addCommand(desk, *command);
   fillToolHost(tools);
   tools.setClientArea(ports.clientArea);
@@ -47,6 +50,7 @@ void Interaction::Update_menu_checks() {
   tools.setChecked(kShowEndMarkersCommand.info.tool, store.endmarkers != 0);
   tools.setChecked(kShowToolPathsCommand.info.tool, store.showpaths != 0);
   tools.setChecked(kToolRadiusOutlineCommand.info.tool, store.tooloutline != 0);
+  tools.setEnabled(kPasteCommand.info.tool, desk.paste.pasteavailable);
 }
 
 void Interaction::showRecentFiles() {
@@ -87,12 +91,11 @@ void Interaction::showStatistics(int segments, int paths, const std::string& zoo
 }
 
 void Interaction::UpdatePropertyWindow() {
-  if (onPropertiesChanged) onPropertiesChanged();
-  desk.state.updateProperties = false;
+  properties.UpdatePropertyWindow();
 }
 
 void Interaction::selectEntity(int sg) {
-  if (onEntityPicked) onEntityPicked(sg);
+  properties.SelectEntity(sg);
 }
 
 // Text is not placed yet: nobody waits for these.

@@ -4,7 +4,6 @@
 // Owns: ScreenPorts, Interaction.
 #pragma once
 
-#include <functional>
 #include <string>
 
 #include "core/form_host.h"
@@ -14,6 +13,7 @@
 #include "display/redraw_sequence.h"
 #include "display/view_commands.h"
 #include "drafting/desk.h"
+#include "shell/frmProperties.h"
 #include "shell/frmStatistics.h"
 #include "toolpath/cam_desk.h"
 
@@ -71,7 +71,8 @@ class Interaction : public ViewHost, public RedrawListener, public DeskListener 
   Session& session_;
 
  public:
-  // Each works on those above it.
+  // Each works on those above it, and each may tell this as a listener as long as it lives: what
+  // listening needs stands above them all.
   ToolHost tools;
   StatusBar statusBar;
   FormHost forms;
@@ -80,14 +81,11 @@ class Interaction : public ViewHost, public RedrawListener, public DeskListener 
   View view;
   Renderer renderer;
   RedrawSequence redraw;
-  CState state{ScreenProxy};
+  CState state;
   ViewCommands viewCommands;
   Desk desk;
-  CamDesk cam{desk};
-
-  // The property window, when there is one: the selection changed, or one entity was picked.
-  std::function<void()> onPropertiesChanged;
-  std::function<void(int sg)> onEntityPicked;
+  CamDesk cam;
+  frmProperties properties;
 };
 
 }  // namespace tess

@@ -1,6 +1,6 @@
 // The desk of the tool-path commands: the drafting desk they work on and what they remember between
 // clicks. Commands are free functions on it.
-// Owns: kInsertBeforeGroup, kInsertAfterGroup, kInsertAtEnd, CamDesk, showPlacedPaths.
+// Owns: CamDesk, showPlacedPaths.
 #pragma once
 
 #include <optional>
@@ -8,13 +8,9 @@
 #include "core/int16.h"
 #include "drafting/desk.h"
 #include "geometry/float_points.h"
+#include "toolpath/path_groups.h"
 
 namespace tess {
-
-// Where the path editor wants new paths; 0 is the state of a fresh program.
-inline constexpr int kInsertBeforeGroup = 1;
-inline constexpr int kInsertAfterGroup = 2;
-inline constexpr int kInsertAtEnd = 3;
 
 struct CamDesk {
   // The drafting desk gets to know the commands of this one.
@@ -36,7 +32,7 @@ struct CamDesk {
   Point finishStart, finishDirection;
   int finishSegment = 0;  // row number
 
-  Int16 pathInsertMode;
+  PathInsertMode pathInsertMode = PathInsertMode::Unset;
   Int16 pathInsertGroup;
 
   float roughFloor = 0;  // the deepest roughing level

@@ -17,8 +17,6 @@
 namespace tess {
 namespace {
 
-constexpr int kSelectedRow = kSelected + kOrdinaryClass;
-
 // A click this near to the profile lies on it: less than five pixels when rounded to whole ones.
 // Fixed: within five pixels a click lies on the profile; the zoom decides about the side.
 constexpr double kDeadBandPixels = 4.5;
@@ -35,19 +33,19 @@ SideSigns clickFrom(const CamDesk& cam, int sg, Point click) {
           signOnScreen(cam, static_cast<double>(click.y) - nearest.y)};
 }
 
-int sideOfArc(const CamDesk& cam, const Entity& arc, SideSigns reference, Point click) {
-  if (reference.x == 0 && reference.y == 0) return 0;
+Side sideOfArc(const CamDesk& cam, const Entity& arc, SideSigns reference, Point click) {
+  if (reference.x == 0 && reference.y == 0) return Side::On;
   const double outside = static_cast<double>(distance(click, arc.center)) - radiusOf(arc);
-  return arcSense(arc.type) * signOnScreen(cam, outside);
+  return arcSide(arc.type, signOnScreen(cam, outside));
 }
 
 // Fixed: a pocket decides the side of a line, the click that of an arc; rings begin so.
-int sideOfPath(const CamDesk& cam, const OffsetRequest& request, const Entity& first) {
-  if (request.exactMode) return 0;
+Side sideOfPath(const CamDesk& cam, const OffsetRequest& request, const Entity& first) {
+  if (request.exactMode) return Side::On;
   if (isArc(first.type)) {
     return sideOfArc(cam, first, clickFrom(cam, request.sg, request.click), request.click);
   }
-  if (first.type != kLine) return 0;
+  if (first.type != kLine) return Side::On;
   if (request.pocketMode) return pocketSideOf(cam.store, request.start, request.direction);
   return sideOfLine(first, clickFrom(cam, request.sg, request.click));
 }
@@ -83,10 +81,10 @@ void insertElements(CamDesk& cam, const OffsetRequest& request, int first,
   insertPathSegments(cam.changes, rows, cam.store.selectedtool);
 }
 
-bool wantsLeads(const DrawingStore& store, const OffsetRequest& request, int side) {
+bool wantsLeads(const DrawingStore& store, const OffsetRequest& request, Side side) {
   return request.chain && (store.cfg_lead_in_arc || store.cfg_lead_in_path) &&
          store.cfg_lead_in_angle > 0 && store.cfg_lead_in_length > 0 && !request.pocketMode &&
-         side != 0;
+         side != Side::On;
 }
 
 }  // namespace
@@ -115,7 +113,7 @@ void placePathChain(CamDesk& cam, const OffsetRequest& request, const Placement&
   }
   const Point end = otherEnd(store, request.sg, request.start);
   const Entity first = travelledRow(store, request.sg, request.start, end);
-  const int side = sideOfPath(cam, request, first);
+  const Side side = sideOfPath(cam, request, first);
   const float radius = request.radius != 0 ? request.radius : store.toolradius[store.selectedtool];
   OffsetChain chain({side, radius, store.cfg_tolerance});
   const bool closed = walkAlong(store, request, end, chain);

@@ -13,7 +13,6 @@ namespace tess {
 namespace {
 
 constexpr int kSlotCycle = 79;  // runs from the marker to the click
-constexpr int kCodesPerGroup = 100;
 
 int numberOf(const DrawingStore& store, int cycle) {
   return cycleNumber(store.cycletext[cycle]);
@@ -34,7 +33,7 @@ PathRow cycleRow(const DrawingStore& store, int cycle, Point from, Point to) {
           .yc = store.cycledwell[cycle],
           .z = store.cyclefinaldepth[cycle],
           .feed = store.cyclefeedrate[cycle],
-          .code = store.currentpathgroup * kCodesPerGroup + store.selectedtool};
+          .code = pathCode(store.currentpathgroup, store.selectedtool)};
 }
 
 // Appends the row to the current group and shows it.
@@ -87,19 +86,21 @@ int cycleNumber(const std::string& cycletext) {
   return cycletext.size() < 2 ? 0 : parseInteger(cycletext.substr(1, 2));
 }
 
-void placeCyclesAtSelectedCircles(CamDesk& cam, int cycle) {
-  DrawingStore& store = cam.store;
-  bool placedAny = false;
+void placeCyclesAt(CamDesk& cam, int cycle, std::span<const Point> points) {
+  if (points.empty()) return;
   Change change(cam.changes);
-  for (int sg = 1; sg <= store.NumSegments; ++sg) {
-    if (!isSelectedCircle(store, sg)) continue;
-    if (!placedAny) store.currentpathgroup = nextPathGroup(store);
-    const Point center = segmentEntity(store, sg).center;
-    placeCycle(cam, change, cycleRow(store, cycle, center, center));
-    placedAny = true;
-  }
+  cam.store.currentpathgroup = nextPathGroup(cam.store);
+  for (const Point at : points) placeCycle(cam, change, cycleRow(cam.store, cycle, at, at));
   change.keep({.redraws = false});
-  if (placedAny) refreshStatus(cam.desk);  // no click follows that would show the new count
+  refreshStatus(cam.desk);  // no click follows that would show the new count
+}
+
+void placeCyclesAtSelectedCircles(CamDesk& cam, int cycle) {
+  std::vector<Point> centers;
+  for (int sg = 1; sg <= cam.store.NumSegments; ++sg) {
+    if (isSelectedCircle(cam.store, sg)) centers.push_back(segmentEntity(cam.store, sg).center);
+  }
+  placeCyclesAt(cam, cycle, centers);
 }
 
 void mnuCAMAddMachCycle_Click(CamDesk& cam) {

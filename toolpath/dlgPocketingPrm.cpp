@@ -10,8 +10,6 @@
 namespace tess {
 namespace {
 
-constexpr int kHorizontalOnly = 1;
-constexpr int kParallelSpiral = 3;
 constexpr const char* kSmallestTolerance = "0.0001";
 
 // A choice that was never made, or that there is none of, is the first one.
@@ -50,6 +48,10 @@ dlgPocketingPrm::dlgPocketingPrm(DrawingStore& store)
   wire();
 }
 
+Option& dlgPocketingPrm::styleOption(PocketingStyle style) {
+  return optPocketingStyle[choiceNumber(style)];
+}
+
 void dlgPocketingPrm::nameFrames() {
   fraCuttingDepths.setCaption("Cutting Depths :");
   Frame1.setCaption(" Milling Direction ");
@@ -79,12 +81,12 @@ void dlgPocketingPrm::nameFields() {
 }
 
 void dlgPocketingPrm::nameChoices() {
-  optCutMode[1].setCaption("Conventional Milling only");
-  optCutMode[2].setCaption("Climb Milling only");
-  optCutMode[3].setCaption("Bidirectional");
-  optPocketingStyle[1].setCaption("Horizontal Only");
-  optPocketingStyle[2].setCaption("Vertical Only");
-  optPocketingStyle[3].setCaption("Parallel Spiral");
+  optCutMode[choiceNumber(CuttingMode::Conventional)].setCaption("Conventional Milling only");
+  optCutMode[choiceNumber(CuttingMode::Climb)].setCaption("Climb Milling only");
+  optCutMode[choiceNumber(CuttingMode::Bidirectional)].setCaption("Bidirectional");
+  styleOption(PocketingStyle::Horizontal).setCaption("Horizontal Only");
+  styleOption(PocketingStyle::Vertical).setCaption("Vertical Only");
+  styleOption(PocketingStyle::ParallelSpiral).setCaption("Parallel Spiral");
   chkLeadIn.setCaption("Lead In/Out Paths");
   optLines.setCaption("Lines");
   optArcs.setCaption("Arcs");
@@ -103,8 +105,10 @@ void dlgPocketingPrm::wire() {
   onAccept = [this] { takeOver(); };
   cmdAccept.onClick = [this] { accept(); };
   cmdCancel.onClick = [this] { close(); };
-  optCutMode.onClick = [this](int index) { cuttingMode_ = index; };
-  optPocketingStyle.onClick = [this](int index) { styleChosen(index); };
+  optCutMode.onClick = [this](int index) { cuttingMode_ = static_cast<CuttingMode>(index); };
+  optPocketingStyle.onClick = [this](int index) {
+    styleChosen(static_cast<PocketingStyle>(index));
+  };
   chkLathePocketing.onClick = [this] { latheChosen(); };
   chkPlaceFinishPath.onClick = [this] { placeFinishPath_ = chkPlaceFinishPath.isChecked(); };
   chkLeadIn.onClick = [this] { leadChosen(); };
@@ -135,7 +139,7 @@ void dlgPocketingPrm::fillChoices() {
 // The style, not the kind of step-over, says which setting counts; the other box follows it.
 void dlgPocketingPrm::fillStepOver() {
   stepOver_.load();
-  if (store_.cfg_pocketing_style != kHorizontalOnly) {
+  if (pocketingStyle(store_) != PocketingStyle::Horizontal) {
     stepOver_.distanceChanged();
   } else {
     stepOver_.percentChanged();
@@ -166,19 +170,19 @@ void dlgPocketingPrm::fillToolNotes() {
 
 // ---- What enables what
 
-void dlgPocketingPrm::styleChosen(int index) {
-  pocketingStyle_ = index;
-  lblDistFrCenter.setEnabled(index == kParallelSpiral);
-  txtDistFrCenter.setEnabled(index == kParallelSpiral);
-  chkLathePocketing.setEnabled(index == kHorizontalOnly);
-  if (index != kHorizontalOnly) chkLathePocketing.setChecked(false);
+void dlgPocketingPrm::styleChosen(PocketingStyle style) {
+  pocketingStyle_ = style;
+  lblDistFrCenter.setEnabled(style == PocketingStyle::ParallelSpiral);
+  txtDistFrCenter.setEnabled(style == PocketingStyle::ParallelSpiral);
+  chkLathePocketing.setEnabled(style == PocketingStyle::Horizontal);
+  if (style != PocketingStyle::Horizontal) chkLathePocketing.setChecked(false);
 }
 
 // Turning knows no depths per pass, no feeds of their own and no leads.
 void dlgPocketingPrm::latheChosen() {
   lathePocketing_ = chkLathePocketing.isChecked();
-  Control* const millingOnly[] = {&optPocketingStyle[3],
-                                  &optPocketingStyle[2],
+  Control* const millingOnly[] = {&styleOption(PocketingStyle::ParallelSpiral),
+                                  &styleOption(PocketingStyle::Vertical),
                                   &chkPlaceFinishPath,
                                   &Frame4,
                                   &Label4,
@@ -233,8 +237,8 @@ void dlgPocketingPrm::takeOverNumbers() {
 }
 
 void dlgPocketingPrm::takeOverChoices() {
-  store_.cfg_cutting_mode = cuttingMode_;
-  store_.cfg_pocketing_style = pocketingStyle_;
+  store_.cfg_cutting_mode = choiceNumber(cuttingMode_);
+  store_.cfg_pocketing_style = choiceNumber(pocketingStyle_);
   store_.cfg_lathe_style_pocketing = lathePocketing_;
   store_.cfg_auto_place_finish_path = placeFinishPath_;
   store_.cfg_gouge_avoidance = chkGougeAvoidance.isChecked();

@@ -4,6 +4,7 @@
 
 #include "core/controls.h"
 #include "core/form.h"
+#include "core/pocketing_choices.h"
 #include "toolpath/cam_desk.h"
 #include "toolpath/step_over_fields.h"
 
@@ -74,6 +75,8 @@ class dlgPocketingPrm : public Form {
     float DrawingSettings::*setting;
   };
 
+  Option& styleOption(PocketingStyle style);
+
   void nameFrames();
   void nameFields();
   void nameChoices();
@@ -85,7 +88,7 @@ class dlgPocketingPrm : public Form {
   void fillLeads();
   void fillToolNotes();
 
-  void styleChosen(int index);
+  void styleChosen(PocketingStyle style);
   void latheChosen();
   void leadChosen();
 
@@ -97,8 +100,8 @@ class dlgPocketingPrm : public Form {
   DrawingStore& store_;
   StepOverFields stepOver_;
   // What the clicks have chosen.
-  int cuttingMode_ = 0;
-  int pocketingStyle_ = 0;
+  CuttingMode cuttingMode_{};
+  PocketingStyle pocketingStyle_{};
   bool lathePocketing_ = false;
   bool placeFinishPath_ = false;
   const std::vector<NumberField> numbers_;

@@ -12,21 +12,21 @@ constexpr int reversed(int arcType) {
   return kClockwiseArc + kCounterClockwiseArc - arcType;
 }
 
-Entity offsetLine(const Entity& line, int side, float radius) {
+Entity offsetLine(const Entity& line, Side side, float radius) {
   const double length = nonZero(distance(line.start, line.end));
   const double dirX = (static_cast<double>(line.end.x) - line.start.x) / length;
   const double dirY = (static_cast<double>(line.end.y) - line.start.y) / length;
-  const double dx = side * dirY * radius;
-  const double dy = -side * dirX * radius;
+  const double dx = signOf(side) * dirY * radius;
+  const double dy = -signOf(side) * dirX * radius;
   const auto shifted = [dx, dy](Point p) { return Point{narrow(p.x + dx), narrow(p.y + dy)}; };
   return lineEntity(shifted(line.start), shifted(line.end));
 }
 
-std::optional<Entity> offsetArc(const Entity& arc, int side, float radius) {
+std::optional<Entity> offsetArc(const Entity& arc, Side side, float radius) {
   const double before = radiusOf(arc);
-  const double after = arcSense(arc.type) * side * static_cast<double>(radius) + before;
-  if (after <= 0 && side != 0) return std::nullopt;
-  const double ratio = side != 0 ? after / nonZero(before) : 1;
+  const double after = arcSense(arc.type) * signOf(side) * static_cast<double>(radius) + before;
+  if (after <= 0 && side != Side::On) return std::nullopt;
+  const double ratio = side != Side::On ? after / nonZero(before) : 1;
   const auto moved = [&arc, ratio](Point p) {
     return Point{narrow(arc.center.x + (static_cast<double>(p.x) - arc.center.x) * ratio),
                  narrow(arc.center.y + (static_cast<double>(p.y) - arc.center.y) * ratio)};
@@ -36,8 +36,8 @@ std::optional<Entity> offsetArc(const Entity& arc, int side, float radius) {
 
 // A path on the right goes round a corner counter-clockwise. On the profile there is none: the arc
 // is clockwise then.
-constexpr int bridgeType(int side) {
-  return side == 1 ? kCounterClockwiseArc : kClockwiseArc;
+constexpr int bridgeType(Side side) {
+  return side == Side::Right ? kCounterClockwiseArc : kClockwiseArc;
 }
 
 }  // namespace
@@ -63,7 +63,7 @@ bool hasDirection(const DrawingStore& store, int sg, Point start, Point directio
   return isArc(store.segtype[sg]) || !samePoint(start, direction, store.cfg_tolerance);
 }
 
-int sideOfLine(const Entity& line, SideSigns reference) {
+Side sideOfLine(const Entity& line, SideSigns reference) {
   const int alongX = signOf(static_cast<double>(line.end.x) - line.start.x);
   const int alongY = signOf(static_cast<double>(line.end.y) - line.start.y);
   // An axis that is undecided agrees with whatever the other one says.
@@ -73,12 +73,12 @@ int sideOfLine(const Entity& line, SideSigns reference) {
   const auto agreesY = [&](int sign) {
     return reference.y == sign || (reference.y == 0 && reference.x != 0);
   };
-  if (agreesX(-alongY) && agreesY(alongX)) return -1;
-  if (agreesX(alongY) && agreesY(-alongX)) return 1;
-  return 0;
+  if (agreesX(-alongY) && agreesY(alongX)) return Side::Left;
+  if (agreesX(alongY) && agreesY(-alongX)) return Side::Right;
+  return Side::On;
 }
 
-std::optional<Entity> offsetElement(const Entity& along, int side, float radius) {
+std::optional<Entity> offsetElement(const Entity& along, Side side, float radius) {
   return isArc(along.type) ? offsetArc(along, side, radius) : offsetLine(along, side, radius);
 }
 

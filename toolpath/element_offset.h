@@ -1,6 +1,6 @@
 // Offsetting the rows of an outline one by one and joining what comes out: the steps that placed
 // paths and working outlines share. No table is touched.
-// Owns: signOf, travelledRow, otherEnd, hasDirection, SideSigns, sideOfLine, arcSense,
+// Owns: signOf, travelledRow, otherEnd, hasDirection, SideSigns, sideOfLine, arcSense, arcSide,
 //       offsetElement, OffsetChain, OffsetWalk, offsetAlong.
 #pragma once
 
@@ -35,24 +35,28 @@ struct SideSigns {
   int x = 0, y = 0;
 };
 
-// The side (1 right, -1 left, 0 neither) of a travelled line on which such a reference lies.
-int sideOfLine(const Entity& line, SideSigns reference);
+// The side of a travelled line on which such a reference lies.
+Side sideOfLine(const Entity& line, SideSigns reference);
 
-// 1 for counter-clockwise, -1 for clockwise. The side of an arc is its sense times the radial sign
-// (1 outside, -1 inside), and the radial sign its sense times the side.
+// 1 for counter-clockwise, -1 for clockwise.
 constexpr int arcSense(int type) {
   return 2 * type - 5;
 }
 
+// The side of an arc on which lies what is outside of it (1), inside (-1), or on it (0).
+constexpr Side arcSide(int type, int outside) {
+  return Side{arcSense(type) * outside};
+}
+
 // A travelled line or arc displaced by `radius` to `side`; nothing for an arc that would shrink to
 // its centre or past it.
-std::optional<Entity> offsetElement(const Entity& along, int side, float radius);
+std::optional<Entity> offsetElement(const Entity& along, Side side, float radius);
 
 // The displaced elements in the order of the walk, joined as they come.
 class OffsetChain {
  public:
   struct Settings {
-    int side = 0;
+    Side side = Side::On;
     float radius = 0;
     float tolerence = 0;
   };

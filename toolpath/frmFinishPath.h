@@ -16,8 +16,7 @@ class frmFinishPath : public Form {
   Frame FraRoughCuts{*this, "FraRoughCuts"};
   TextBox txtminroughclear{*this, "txtminroughclear", FraRoughCuts};
   Frame FraStepOver{*this, "FraStepOver"};
-  ControlArray<Option> OptCutWidth{
-      *this, "OptCutWidth", {kStepByPercent, kStepByDistance}, FraStepOver};
+  ControlArray<Option> OptCutWidth{*this, "OptCutWidth", {1, 2}, FraStepOver};
   TextBox txtToolSpacingPercent{*this, "txtToolSpacingPercent", FraStepOver};
   TextBox txtToolSpacingDistance{*this, "txtToolSpacingDistance", FraStepOver};
   CheckBox chkGougeAvoidance{*this, "chkGougeAvoidance"};

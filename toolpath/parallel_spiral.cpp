@@ -12,6 +12,7 @@
 
 #include "core/drawing_store.h"
 #include "core/number_text.h"
+#include "core/pocketing_choices.h"
 #include "core/rounding.h"
 #include "display/pointer.h"
 #include "drafting/change.h"
@@ -30,10 +31,6 @@ namespace tess {
 namespace {
 
 constexpr char kCommand[] = "Rough Cut Pocket";
-
-constexpr int kConventionalMilling = 1;
-constexpr int kClimbMilling = 2;
-constexpr int kWidthByDistance = 2;  // cut width type; otherwise by percentage
 
 constexpr double kShortestLine = 0.67;  // in tolerances
 constexpr float kSmallestArc = 0.01F;   // radius of an arc between two ends that are one point
@@ -109,14 +106,14 @@ class BorrowedRadius {
 };
 
 // The setting that a finish path on the wall changes for what comes after, unless it fails.
-class CuttingMode {
+class KeptCuttingMode {
  public:
-  explicit CuttingMode(DrawingStore& store) : store_(store), before_(store.cfg_cutting_mode) {}
-  ~CuttingMode() {
+  explicit KeptCuttingMode(DrawingStore& store) : store_(store), before_(store.cfg_cutting_mode) {}
+  ~KeptCuttingMode() {
     if (!kept_) store_.cfg_cutting_mode = before_;
   }
-  CuttingMode(const CuttingMode&) = delete;
-  CuttingMode& operator=(const CuttingMode&) = delete;
+  KeptCuttingMode(const KeptCuttingMode&) = delete;
+  KeptCuttingMode& operator=(const KeptCuttingMode&) = delete;
 
   void keep() { kept_ = true; }
 
@@ -134,9 +131,7 @@ struct RingRange {
 };
 
 double ringStep(const DrawingStore& store) {
-  const bool byDistance =
-      store.cfg_tool_spacing_distance > 0 && store.cfg_cut_width_type == kWidthByDistance;
-  if (byDistance) return store.cfg_tool_spacing_distance;
+  if (stepsByDistance(store)) return store.cfg_tool_spacing_distance;
   return 2.0 * store.toolradius[store.selectedtool] * store.cfg_tool_spacing / 100;
 }
 
@@ -172,7 +167,7 @@ class Spiral {
         inset = next;
       } else if (store_.cfg_auto_place_finish_path) {
         // Fixed: the finish path on the wall leaves climb milling set; later commands cut so.
-        store_.cfg_cutting_mode = kClimbMilling;
+        store_.cfg_cutting_mode = choiceNumber(CuttingMode::Climb);
         inset = tool.own();
       } else {
         done = true;
@@ -219,8 +214,8 @@ class Spiral {
   }
 
   bool runsAgainstMode() const {
-    return (inside_ == 1 && store_.cfg_cutting_mode == kClimbMilling) ||
-           (inside_ == -1 && store_.cfg_cutting_mode == kConventionalMilling);
+    return (inside_ == Side::Right && cuttingMode(store_) == CuttingMode::Climb) ||
+           (inside_ == Side::Left && cuttingMode(store_) == CuttingMode::Conventional);
   }
 
   void cutFolds() {
@@ -240,7 +235,7 @@ class Spiral {
   CamDesk& cam_;
   DrawingStore& store_;
   int sg_;
-  int inside_ = 0;
+  Side inside_ = Side::On;
   RowBarrier walls_;
   std::array<PlacedRows, 2> followed_;
 };
@@ -369,7 +364,7 @@ void parallelSpiralPocket(CamDesk& cam, int sg) {
   const int start = startingRow(cam.store, sg);
   RingRange range = ringRange(cam);
   const bool cuts = canCut(cam, start, range);
-  CuttingMode mode(cam.store);
+  KeptCuttingMode mode(cam.store);
   if (cuts) cutSpiral(cam, start, range);
   if (!change.keep({.redraws = false})) return;
   mode.keep();

@@ -2,7 +2,6 @@
 #include "toolpath/path_groups.h"
 
 #include "core/drawing_store.h"
-#include "toolpath/cam_desk.h"
 
 namespace tess {
 namespace {
@@ -32,11 +31,11 @@ int lastOfPathGroup(const DrawingStore& store, int ps) {
   return last;
 }
 
-int pathInsertIndex(const DrawingStore& store, int mode, int group) {
+int pathInsertIndex(const DrawingStore& store, PathInsertMode mode, int group) {
   const int end = store.NumPathSegments + 1;
-  if (mode != kInsertBeforeGroup && mode != kInsertAfterGroup) return end;
+  if (mode != PathInsertMode::BeforeGroup && mode != PathInsertMode::AfterGroup) return end;
   const int first = firstRowOf(store, group);
-  if (mode == kInsertBeforeGroup || first == end) return first;
+  if (mode == PathInsertMode::BeforeGroup || first == end) return first;
   return lastOfPathGroup(store, first) + 1;
 }
 

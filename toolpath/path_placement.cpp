@@ -71,7 +71,7 @@ std::vector<PathInsertion> linksBetween(const DrawingStore& store, int first, in
 // ---- Undo of the last placement
 
 bool appendsPaths(const CamDesk& cam) {
-  return cam.pathInsertMode == kInsertAtEnd || cam.pathInsertMode == 0;
+  return cam.pathInsertMode == PathInsertMode::AtEnd || cam.pathInsertMode == PathInsertMode::Unset;
 }
 
 // Takes the rows of one code off the end of the table.

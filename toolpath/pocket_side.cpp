@@ -53,7 +53,7 @@ int crossingsWith(const DrawingStore& store, const Entity& probe, const Entity& 
 int crossings(const DrawingStore& store, const Entity& probe) {
   int count = -1;
   for (int sg = 1; sg <= store.NumSegments; ++sg) {
-    if (store.segattr[sg] < kSelected) continue;
+    if (!hasSelectionMark(store.segattr[sg])) continue;
     count += crossingsWith(store, probe, segmentEntity(store, sg));
   }
   return count;
@@ -65,13 +65,14 @@ constexpr bool isOdd(int count) {
 
 }  // namespace
 
-int pocketSideOf(const DrawingStore& store, Point from, Point to) {
+Side pocketSideOf(const DrawingStore& store, Point from, Point to) {
   const Probes probes = probesOf(from, to);
   const int left = crossings(store, probes.left);
-  if (isOdd(left)) return -1;
+  if (isOdd(left)) return Side::Left;
   const int right = crossings(store, probes.right);
-  if (isOdd(right)) return 1;
-  return (left < right) - (right < left);
+  if (isOdd(right)) return Side::Right;
+  if (left == right) return Side::On;
+  return left < right ? Side::Right : Side::Left;
 }
 
 }  // namespace tess

@@ -2,13 +2,14 @@
 // Owns: pocketSideOf.
 #pragma once
 
+#include "core/conventions.h"
 #include "geometry/float_points.h"
 
 namespace tess {
 
 struct DrawingStore;
 
-// -1: the inside lies to the left of the way from `from` to `to`; 1: to the right; 0: undecided.
-int pocketSideOf(const DrawingStore& store, Point from, Point to);
+// Where the inside lies, seen from `from` to `to`; On where that is undecided.
+Side pocketSideOf(const DrawingStore& store, Point from, Point to);
 
 }  // namespace tess

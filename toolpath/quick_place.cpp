@@ -16,8 +16,6 @@
 namespace tess {
 namespace {
 
-constexpr int kSelectedRow = kSelected + kOrdinaryClass;
-
 OffsetRequest requestFor(const DrawingStore& store, int sg, float z, ChainWalk& rows) {
   const Entity row = segmentEntity(store, sg);
   return {.sg = sg,

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "core/drawing_store.h"
+#include "core/pocketing_choices.h"
 #include "drafting/pending_actions.h"
 #include "drafting/row_edits.h"
 #include "geometry/row_entity.h"
@@ -22,13 +23,8 @@
 namespace tess {
 namespace {
 
-// Values of cfg_pocketing_style.
-constexpr int kHorizontalOnly = 1;
-constexpr int kVerticalOnly = 2;
-constexpr int kParallelSpiral = 3;
-
 bool isLatheStyle(const DrawingStore& store) {
-  return store.cfg_pocketing_style == kHorizontalOnly && store.cfg_lathe_style_pocketing;
+  return pocketingStyle(store) == PocketingStyle::Horizontal && store.cfg_lathe_style_pocketing;
 }
 
 // ---- Working outlines
@@ -74,7 +70,9 @@ bool makeWorkingOutlines(CamDesk& cam, float standOff) {
 }
 
 Clearing runStyle(CamDesk& cam, float z, float feed) {
-  if (cam.store.cfg_pocketing_style == kVerticalOnly) return scanPocketVertical(cam, z, feed);
+  if (pocketingStyle(cam.store) == PocketingStyle::Vertical) {
+    return scanPocketVertical(cam, z, feed);
+  }
   if (isLatheStyle(cam.store)) return scanPocketLathe(cam, feed);
   return scanPocketHorizontal(cam, z, feed);
 }
@@ -152,7 +150,7 @@ void mnuCAMRoughCutPocket_Click(CamDesk& cam) {
   const Procedure here("mnuCAMRoughCutPocket_Click()");
   roundRows(cam.changes);
   cam.roughFloor = roughingFloor(cam.store);
-  if (cam.store.cfg_pocketing_style == kParallelSpiral) {
+  if (pocketingStyle(cam.store) == PocketingStyle::ParallelSpiral) {
     arm(cam.desk, PendingAction::StartRoughing);
   } else if (levelsArePossible(cam)) {
     roughPocket(cam);

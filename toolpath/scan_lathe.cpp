@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "core/drawing_store.h"
+#include "core/pocketing_choices.h"
 #include "toolpath/lathe_spans.h"
 #include "toolpath/scan_run.h"
 
@@ -89,7 +90,7 @@ Clearing scanPocketLathe(CamDesk& cam, float feed) {
   if (!run) return Clearing::NothingToCut;
   std::vector<ScanSpan>& spans = run->spans;
   std::reverse(spans.begin(), spans.end());
-  ScanDirection turns(cam.store.cfg_cutting_mode, /*forward=*/1);
+  ScanDirection turns(cuttingMode(cam.store), /*forward=*/1);
   LatheTool tool(cam, *run, feed);
   for (auto first = spans.begin(); first != spans.end();) {
     const auto last = std::find_if(

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "core/drawing_store.h"
+#include "core/pocketing_choices.h"
 #include "toolpath/scan_run.h"
 
 namespace tess {
@@ -27,7 +28,7 @@ void placeLine(const ScanCut& cut, std::span<ScanSpan> line, int direction, Scan
 Clearing scanPocket(CamDesk& cam, const ScanCut& cut) {
   std::optional<ScanRun> run = prepareScanRun(cam, cut.style);
   if (!run) return Clearing::NothingToCut;
-  ScanDirection turns(cam.store.cfg_cutting_mode, cut.forward);
+  ScanDirection turns(cuttingMode(cam.store), cut.forward);
   ScanPath path(cam, cut.feed);
   const auto begin = run->spans.begin();
   for (auto first = begin; first != run->spans.end();) {

@@ -4,22 +4,14 @@
 #include <algorithm>
 #include <string>
 
-#include "core/cut_width.h"
 #include "core/drawing_store.h"
 
 namespace tess {
 namespace {
 
-constexpr int kClimbOnly = 2;
-constexpr int kConventionalOnly = 1;
-constexpr int kBidirectional = 3;
-constexpr int kCodesPerGroup = 100;
-
 // A percentage of the tool's diameter unless a distance was chosen.
 float scanSpacing(const DrawingStore& store) {
-  const bool byDistance =
-      store.cfg_tool_spacing_distance > 0 && store.cfg_cut_width_type == kStepByDistance;
-  if (byDistance) return store.cfg_tool_spacing_distance;
+  if (stepsByDistance(store)) return store.cfg_tool_spacing_distance;
   const double radius = store.toolradius[store.selectedtool];
   return narrow(store.cfg_tool_spacing * radius / 50);
 }
@@ -68,15 +60,13 @@ std::optional<ScanRun> prepareScanRun(CamDesk& cam, ScanStyle style) {
   return ScanRun{style, spacing, placeOf(style, *bound), spansOf(points.points())};
 }
 
-ScanDirection::ScanDirection(int cuttingMode, int forward)
-    : mode_(cuttingMode),
-      forward_(forward),
-      direction_(cuttingMode == kClimbOnly ? -forward : forward) {}
+ScanDirection::ScanDirection(CuttingMode mode, int forward)
+    : mode_(mode), forward_(forward), direction_(mode == CuttingMode::Climb ? -forward : forward) {}
 
 int ScanDirection::nextLine(bool keepsDirection) {
-  if (mode_ == kConventionalOnly) direction_ = forward_;
-  if (mode_ == kClimbOnly) direction_ = -forward_;
-  if (mode_ == kBidirectional && !keepsDirection) direction_ = -direction_;
+  if (mode_ == CuttingMode::Conventional) direction_ = forward_;
+  if (mode_ == CuttingMode::Climb) direction_ = -forward_;
+  if (mode_ == CuttingMode::Bidirectional && !keepsDirection) direction_ = -direction_;
   return direction_;
 }
 
@@ -94,7 +84,7 @@ void orientSpan(ScanSpan& span, int direction) {
 ScanPath::ScanPath(CamDesk& cam, float feed)
     : change_(cam.changes),
       feed_(feed),
-      code_(cam.store.currentpathgroup * kCodesPerGroup + cam.store.selectedtool) {}
+      code_(pathCode(cam.store.currentpathgroup, cam.store.selectedtool)) {}
 
 void ScanPath::place(Point from, Point to, float z) {
   PathRow row = pathRowOf(lineEntity(from, to), z, feed_);

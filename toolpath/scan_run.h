@@ -8,6 +8,7 @@
 #include <span>
 #include <vector>
 
+#include "core/pocketing_choices.h"
 #include "drafting/change.h"
 #include "toolpath/cam_desk.h"
 #include "toolpath/scan_points.h"
@@ -41,13 +42,14 @@ std::optional<ScanRun> prepareScanRun(CamDesk& cam, ScanStyle style);
 class ScanDirection {
  public:
   // `forward` is the way of conventional milling and the first way of bidirectional milling.
-  ScanDirection(int cuttingMode, int forward);
+  ScanDirection(CuttingMode mode, int forward);
 
   // For the next line; bidirectional milling turns back unless `keepsDirection`.
   int nextLine(bool keepsDirection);
 
  private:
-  int mode_, forward_, direction_;
+  CuttingMode mode_;
+  int forward_, direction_;
 };
 
 // Brings the spans of one line, which are cut in this order, into the order of travel; spans with

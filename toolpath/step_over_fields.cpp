@@ -16,31 +16,32 @@ constexpr int kPercentDecimals = 2;
 
 StepOverFields::StepOverFields(DrawingStore& store, const StepOverControls& controls)
     : store_(store), controls_(controls) {
-  controls_.OptCutWidth[kStepByPercent].setCaption("Percentage :");
-  controls_.OptCutWidth[kStepByDistance].setCaption("Distance :");
-  controls_.OptCutWidth.onClick = [this](int index) { choose(index); };
+  controls_.OptCutWidth[choiceNumber(StepOver::ByPercent)].setCaption("Percentage :");
+  controls_.OptCutWidth[choiceNumber(StepOver::ByDistance)].setCaption("Distance :");
+  controls_.OptCutWidth.onClick = [this](int index) { choose(static_cast<StepOver>(index)); };
   controls_.txtToolSpacingPercent.onChange = [this] { percentChanged(); };
   controls_.txtToolSpacingDistance.onChange = [this] { distanceChanged(); };
 }
 
 void StepOverFields::load() {
-  if (store_.cfg_cut_width_type == 0) store_.cfg_cut_width_type = kStepByPercent;
+  fillStepOver(store_);
   follow(controls_.txtToolSpacingPercent, store_.cfg_tool_spacing);
   follow(controls_.txtToolSpacingDistance, store_.cfg_tool_spacing_distance);
-  const bool byDistance = store_.cfg_cut_width_type == kStepByDistance;
-  controls_.OptCutWidth[byDistance ? kStepByDistance : kStepByPercent].setValue(true);
+  const bool byDistance = stepOver(store_) == StepOver::ByDistance;
+  const StepOver shown = byDistance ? StepOver::ByDistance : StepOver::ByPercent;
+  controls_.OptCutWidth[choiceNumber(shown)].setValue(true);
 }
 
 void StepOverFields::takeOver() const {
-  store_.cfg_cut_width_type = chosen_;
+  store_.cfg_cut_width_type = choiceNumber(chosen_);
   store_.cfg_tool_spacing_distance = parseFloat(controls_.txtToolSpacingDistance.text());
   store_.cfg_tool_spacing = parseFloat(controls_.txtToolSpacingPercent.text());
 }
 
-void StepOverFields::choose(int index) {
-  chosen_ = index;
-  controls_.txtToolSpacingPercent.setEnabled(index == kStepByPercent);
-  controls_.txtToolSpacingDistance.setEnabled(index == kStepByDistance);
+void StepOverFields::choose(StepOver chosen) {
+  chosen_ = chosen;
+  controls_.txtToolSpacingPercent.setEnabled(chosen == StepOver::ByPercent);
+  controls_.txtToolSpacingDistance.setEnabled(chosen == StepOver::ByDistance);
 }
 
 void StepOverFields::follow(TextBox& follower, float value) {

@@ -4,7 +4,7 @@
 #pragma once
 
 #include "core/controls.h"
-#include "core/cut_width.h"
+#include "core/pocketing_choices.h"
 
 namespace tess {
 
@@ -32,13 +32,13 @@ class StepOverFields {
   void distanceChanged();
 
  private:
-  void choose(int index);
+  void choose(StepOver chosen);
   void follow(TextBox& follower, float value);
   double diameter() const;
 
   DrawingStore& store_;
   StepOverControls controls_;
-  int chosen_ = kStepByPercent;
+  StepOver chosen_ = StepOver::ByPercent;
   bool following_ = false;  // a field is being written, not entered
 };
 

@@ -20,8 +20,17 @@
 namespace tess {
 namespace {
 
-constexpr int kSelectedRow = kSelected + kOrdinaryClass;
-constexpr int kWalkedRow = kSelectedRow + 1;  // seen only while the walk runs
+// The walk makes the attribute of the rows that it passes odd; nobody else sees that.
+constexpr int kWalkMark = 1;
+constexpr int kWalkedRow = kSelectedRow + kWalkMark;
+
+constexpr bool isWalked(int segattr) {
+  return segattr % 2 == kWalkMark;
+}
+
+constexpr int withoutWalkMark(int segattr) {
+  return isWalked(segattr) ? segattr - kWalkMark : segattr;
+}
 
 // Selected rows of the ordinary class, ascending.
 std::vector<int> outlineRows(const DrawingStore& store) {
@@ -127,7 +136,7 @@ std::string leftOverRows(const DrawingStore& store) {
   std::string list;
   for (int sg = 1; sg <= store.NumSegments; ++sg) {
     const int attr = store.segattr[sg];
-    if (!isSelectedUnverified(attr) || attr % 2 != 0) continue;
+    if (!isSelectedUnverified(attr) || isWalked(attr)) continue;
     list += "Segment #" + std::to_string(sg) +
             ":  (X, Y) = " + placeText(store.x0[sg], store.y0[sg]) + " - " +
             placeText(store.x1[sg], store.y1[sg]) + "\n";
@@ -147,7 +156,7 @@ void settleRows(const DrawingStore& store, Change& change, bool accepted) {
   for (int sg = 1; sg <= store.NumSegments; ++sg) {
     const int attr = store.segattr[sg];
     if (isSelectedUnverified(attr)) {
-      change.segments.mark(sg, accepted ? kVerifiedRow : attr - attr % 2);
+      change.segments.mark(sg, accepted ? kVerifiedRow : withoutWalkMark(attr));
     }
   }
 }

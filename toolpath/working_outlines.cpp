@@ -28,15 +28,15 @@ bool isOverHalfCircle(const DrawingStore& store, int sg) {
   return roundTo(sweep, kSweepPlaces) > roundTo(kPi, kSweepPlaces);
 }
 
-int sideOfArc(const DrawingStore& store, int sg, const Entity& along, Point reference) {
+Side sideOfArc(const DrawingStore& store, int sg, const Entity& along, Point reference) {
   const double outside = static_cast<double>(distance(reference, along.center)) - radiusOf(along);
   const int radial = signOf(outside);
-  return arcSense(along.type) * (isOverHalfCircle(store, sg) ? -radial : radial);
+  return arcSide(along.type, isOverHalfCircle(store, sg) ? -radial : radial);
 }
 
-int sideOfFirst(const DrawingStore& store, const OutlineOffset& request, const Entity& along) {
+Side sideOfFirst(const DrawingStore& store, const OutlineOffset& request, const Entity& along) {
   if (isArc(along.type)) return sideOfArc(store, request.sg, along, request.reference);
-  if (along.type != kLine) return 0;
+  if (along.type != kLine) return Side::On;
   const Point nearest =
       nearestOnSeg(store, request.sg, request.reference).found().value_or(request.reference);
   return sideOfLine(along, {signOf(static_cast<double>(request.reference.x) - nearest.x),

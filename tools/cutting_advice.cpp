@@ -5,9 +5,9 @@
 #include <cmath>
 
 #include "core/conventions.h"
-#include "core/cut_width.h"
 #include "core/drawing_store.h"
 #include "core/number_text.h"
+#include "core/pocketing_choices.h"
 #include "core/rounding.h"
 #include "core/text.h"
 #include "geometry/float_constants.h"
@@ -138,7 +138,7 @@ double chipThinning(double stepOver) {
 }
 
 double stepOverShare(const DrawingSettings& settings, double diameter) {
-  if (settings.cfg_cut_width_type != kStepByDistance) return settings.cfg_tool_spacing / 100.0;
+  if (stepOver(settings) != StepOver::ByDistance) return settings.cfg_tool_spacing / 100.0;
   return diameter > 0 ? settings.cfg_tool_spacing_distance / diameter : 0;
 }
 

@@ -11,8 +11,11 @@
 #include "display/drawing_extents.h"
 #include "drafting/row_edits.h"
 #include "shell/automation/bindings.h"
+#include "shell/automation/editing_routines.h"
 #include "shell/automation/lua_routines.h"
+#include "shell/automation/tool_chest_routines.h"
 #include "shell/automation/toolpath_routines.h"
+#include "shell/automation/transform_routines.h"
 
 namespace tess {
 namespace {
@@ -135,8 +138,10 @@ constexpr Routine kRoutines[] = {
 
 void bindRoutines(lua_State* L) {
   std::vector<Routine> routines(std::begin(kRoutines), std::end(kRoutines));
-  const std::span<const Routine> toolpath = toolpathRoutines();
-  routines.insert(routines.end(), toolpath.begin(), toolpath.end());
+  for (const std::span<const Routine> more :
+       {editingRoutines(), transformRoutines(), toolChestRoutines(), toolpathRoutines()}) {
+    routines.insert(routines.end(), more.begin(), more.end());
+  }
   setRoutines(L, "call", routines);
 }
 

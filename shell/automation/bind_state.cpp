@@ -64,7 +64,8 @@ const StateField kFields[] = {
     field("lastPlacedGroup", [](App& app) { return app.store.lastplacedgroup; }),
     field("PocketXDim", [](App& app) { return app.interaction.cam.PocketXDim; }),
     field("PocketYDim", [](App& app) { return app.interaction.cam.PocketYDim; }),
-    field("pathInsertMode", [](App& app) { return app.interaction.cam.pathInsertMode; }),
+    field("pathInsertMode",
+          [](App& app) { return static_cast<int>(app.interaction.cam.pathInsertMode); }),
     field("numFinishPasses", [](App& app) { return app.interaction.cam.numFinishPasses; }),
 };
 

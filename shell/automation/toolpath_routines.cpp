@@ -77,7 +77,7 @@ constexpr Routine kRoutines[] = {
             }),
     routine("pocketSideOf",
             [](DrawingStore& store, float x0, float y0, float x1, float y1) {
-              return pocketSideOf(store, {x0, y0}, {x1, y1});
+              return signOf(pocketSideOf(store, {x0, y0}, {x1, y1}));
             }),
     routine("arcSweep",
             [](float a, float b, Int16 direction) { return ArcSweep(a, b, direction); }),
@@ -149,8 +149,10 @@ constexpr Routine kRoutines[] = {
             [](Application& application, Int16 first, Int16 last) {
               connectPathSegs(camOf(application), first, last);
             }),
-    routine("pathInsertIndex", [](DrawingStore& store, Int16 mode,
-                                  Int16 group) { return pathInsertIndex(store, mode, group); }),
+    routine("pathInsertIndex",
+            [](DrawingStore& store, Int16 mode, Int16 group) {
+              return pathInsertIndex(store, static_cast<PathInsertMode>(int{mode}), group);
+            }),
     routine("firstOfPathGroup",
             [](DrawingStore& store, Int16 ps) { return firstOfPathGroup(store, ps); }),
     routine("lastOfPathGroup",

@@ -59,12 +59,6 @@ TEST_F(MakeCncTest, LatheCommandWritesTheLathesProgram) {
   EXPECT_THAT(viewer.shown, ElementsAre(folder("part.cnc")));
 }
 
-TEST_F(MakeCncTest, ViewerThatNobodyListensToDoesNothing) {
-  ProgramViewer nobody;
-  mnuCAMMakeCNCFile_Click(session, definition, state, nobody);
-  EXPECT_TRUE(folder.has("part.CNC"));
-}
-
 TEST_F(MakeCncTest, EveryLineEndsWithCarriageReturnAndLineFeed) {
   ASSERT_TRUE(make());
   const std::string text = folder.read("part.CNC");

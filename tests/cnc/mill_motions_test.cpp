@@ -165,6 +165,15 @@ TEST_F(MillMotionsTest, CycleSeventyNineFirstGoesToTheStartAtTheSafeHeight) {
   EXPECT_THAT(moves(), ElementsAre("G00 Z0.5", "G00 X3.0 Y2.0", "G79 X1.0 Y2.0 Z0.75 K0.125 F60"));
 }
 
+TEST_F(MillMotionsTest, CycleSeventyNineNamesBothAxesOfItsStartEvenWhenItIsThere) {
+  place(cycleRow(81, {3, 2}, 0, 0, -0.75F, 6));
+  PathRow row = cycleRow(79, {1, 2}, 0.125F, 0.5F, -0.75F, 6);
+  row.x0 = 3;
+  place(row);
+  EXPECT_THAT(moves(), ElementsAre("G00 Z0.5", "G81 X3.0 Y2.0 Z0.75 F60", "G00 Z0.5",
+                                   "G00 X3.0 Y2.0", "G79 X1.0 Y2.0 Z0.75 K0.125"));
+}
+
 TEST_F(MillMotionsTest, CycleWordIsTheLastTwoDigitsOfTheKind) {
   place(cycleRow(21, {1, 2}, 0, 0, -0.75F, 6));
   place(cycleRow(183, {1, 2}, 0, 0, -0.5F, 6));

@@ -223,6 +223,16 @@ TEST(PathCode, HoldsGroupToolAndSelection) {
   EXPECT_TRUE(isSelected(31203));
   EXPECT_EQ(groupCutOff(251), 2);
   EXPECT_EQ(groupCutOff(30000), 300) << "30000 itself is not selected";
+  EXPECT_EQ(pathCode(12, 3), 1203);
+}
+
+TEST(SelectionMark, CountsThirtyThousandThatIsNotSelected) {
+  EXPECT_FALSE(hasSelectionMark(29999));
+  EXPECT_TRUE(hasSelectionMark(30000));
+  EXPECT_TRUE(hasSelectionMark(30108));
+  EXPECT_EQ(withoutSelection(30000), 30000);
+  EXPECT_EQ(withoutSelection(31203), 1203);
+  EXPECT_EQ(withoutSelection(1203), 1203);
 }
 
 TEST(SegmentAttribute, SelectingAndUnselectingKeepsTheClass) {
@@ -249,6 +259,7 @@ TEST(SegmentAttribute, RangesTellSelectedFromVerified) {
     EXPECT_EQ(isSelectedUnverified(c.segattr), c.unverified) << c.segattr;
     EXPECT_EQ(isVerified(c.segattr), c.verified) << c.segattr;
   }
+  EXPECT_EQ(kSelectedRow, kSelected + kOrdinaryClass);
   EXPECT_EQ(entityClass(kVerifiedRow), 8);
   EXPECT_EQ(entityClass(kParkedRow), 8);
 }

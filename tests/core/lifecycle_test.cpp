@@ -375,6 +375,16 @@ TEST_F(Lifecycle, RecentFileLoadsWithoutAQuestionAndLosesUnsavedWork) {
   EXPECT_TRUE(test.messages().empty());
 }
 
+TEST_F(Lifecycle, TheFirstAndTheLastRecentFileLoad) {
+  session.recentfiles.front() = makeDrawing("CNC/FIRST.CDM");
+  session.recentfiles.back() = makeDrawing("CNC/LAST.CDM");
+  openRecentFile(session, "miRecentFile1");
+  EXPECT_EQ(store.drawingname, "FIRST.CDM");
+  session.recentfiles.back() = test.home("CNC/LAST.CDM");  // the load has moved it out of the list
+  openRecentFile(session, "miRecentFile9");
+  EXPECT_EQ(store.drawingname, "LAST.CDM");
+}
+
 TEST_F(Lifecycle, EmptySlotsAndOtherToolsOpenNothing) {
   for (const char* tool : {"miRecentFile1", "miRecentFile0", "miOpen", ""}) {
     openRecentFile(session, tool);

@@ -27,8 +27,6 @@ using testing::sameTables;
 using testing::segmentTexts;
 using Texts = std::vector<std::string>;
 
-constexpr int kSelectedRow = 30008;
-
 constexpr float real(int value) {
   return static_cast<float>(value);
 }
@@ -656,6 +654,19 @@ TEST_F(LongChange, TheOperatorIsAskedBeforeUndoIsLost) {
   EXPECT_EQ(desk.changelog.UndoMark, 0);
   EXPECT_FALSE(tools.isEnabled("miUndo"));
   EXPECT_FALSE(store.drawingsaved);
+}
+
+TEST_F(LongChange, RedoGoesWithTheLog) {
+  Undo_Last_Change(desk);
+  ASSERT_TRUE(tools.isEnabled("miRedo"));
+  test.recording.prompts.answers = {Answer::Ok};
+  Change change(desk.changes);
+  change.segments.append(line(1));
+  change.segments.replaceWhere(move);
+  EXPECT_TRUE(change.keep());
+  EXPECT_EQ(desk.changelog.changetop, 0);
+  EXPECT_FALSE(tools.isEnabled("miRedo"));
+  EXPECT_FALSE(tools.isEnabled("miUndo"));
 }
 
 TEST_F(LongChange, WithCancelNothingHasHappened) {

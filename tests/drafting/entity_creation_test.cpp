@@ -5,9 +5,9 @@
 
 #include "core/drawing_format.h"
 #include "core/drawing_store.h"
-#include "drafting/edit_commands.h"
 #include "drafting/object_snap.h"
 #include "drafting/selection.h"
+#include "drafting/trim.h"
 #include "drafting/undo.h"
 #include "geometry/float_circles.h"
 #include "tests/support/drafting_desk.h"

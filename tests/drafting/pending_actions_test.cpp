@@ -6,9 +6,10 @@
 #include "gtest/gtest.h"
 
 #include "core/drawing_store.h"
-#include "drafting/edit_commands.h"
+#include "drafting/break_segment.h"
 #include "drafting/entity_creation.h"
 #include "drafting/selection.h"
+#include "drafting/trim.h"
 #include "tests/support/drafting_desk.h"
 
 namespace tess {

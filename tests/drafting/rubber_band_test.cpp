@@ -4,11 +4,16 @@
 #include "gtest/gtest.h"
 
 #include "core/drawing_store.h"
+#include "drafting/edit_paths.h"
 #include "drafting/enter_position.h"
 #include "drafting/entity_creation.h"
+#include "drafting/flip_arc.h"
+#include "drafting/join_ends.h"
 #include "drafting/measure.h"
+#include "drafting/move_end_points.h"
 #include "drafting/object_snap.h"
 #include "drafting/selection.h"
+#include "drafting/trim.h"
 #include "tests/support/drafting_desk.h"
 #include "tests/support/raster_surface.h"
 
@@ -229,6 +234,156 @@ TEST(MeasureBand, IsErasedBeforeTheRelease) {
   scene.move(1, 3, 3);
   scene.move(1, -2, 1);
   EXPECT_EQ(scene.differences(before), 0);
+}
+
+// ---- Rows that hover
+
+// A tool up to the click before the last, and where the last one makes or leaves something.
+struct HoverCase {
+  const char* name;
+  void (*command)(Desk&);
+  std::vector<Point> clicks;
+  Point at;
+};
+
+const std::vector<HoverCase>& hoverCases() {
+  static const std::vector<HoverCase> kCases = {
+      {"trim", mnuEditTrimEntity_Click, {{3, 2.2F}}, {1, -1}},
+      {"flip", mnuEditFlipArc_Click, {}, {-3, 2}},
+      {"reverse", mnuEditRevArc_Click, {}, {-3, 2}},
+      {"join", mnuEditJoinEnd_Click, {{4, 3}}, {-3, 1}},
+      {"join by arc", mnuEditJoinEndPtsArc, {{4, 3}, {-3, 1}}, {0, 3}},
+  };
+  return kCases;
+}
+
+// The scene with rows for the tools; the same rows as paths or as a drawing.
+struct EditScene : Scene {
+  explicit EditScene(bool paths) {
+    const SegmentRow kRows[] = {
+        {.type = 3, .x0 = -2, .y0 = 2, .x1 = -3, .y1 = 1, .xc = -3, .yc = 2},
+        {.type = 1, .x0 = 1, .y0 = -2, .x1 = 1, .y1 = 2},
+    };
+    for (const SegmentRow& row : kRows) {
+      add(row);
+      addPathSegment(store, {row.type, row.x0, row.y0, row.x1, row.y1, row.xc, row.yc});
+    }
+    addPathLine(-4, -3, 4, 3);
+    desk.command.EditPaths = paths;
+    redraw.redrawscreen();
+  }
+  void start(const HoverCase& tool) {
+    tool.command(desk);
+    for (const Point at : tool.clicks) click(at.x, at.y);
+  }
+};
+
+TEST(HoveringRows, AreOnTheScreenWhileTheButtonIsDownAndThenGone) {
+  for (const bool paths : {false, true}) {
+    for (const HoverCase& tool : hoverCases()) {
+      SCOPED_TRACE(std::string(tool.name) + (paths ? ", paths" : ""));
+      EditScene scene(paths);
+      scene.start(tool);
+      const Picture before = scene.freshPicture();
+      scene.press(1, tool.at.x, tool.at.y);
+      EXPECT_GT(scene.differences(before), 0);
+      EXPECT_FALSE(scene.desk.hovering.empty());
+      scene.move(1, tool.at.x + 0.1F, tool.at.y);
+      eraseDragBand(scene.desk);
+      EXPECT_EQ(scene.differences(before), 0);
+      EXPECT_TRUE(scene.desk.hovering.empty());
+    }
+  }
+}
+
+TEST(HoveringRows, AreThoseThatTheReleaseMakes) {
+  for (const HoverCase& tool : hoverCases()) {
+    SCOPED_TRACE(tool.name);
+    EditScene scene(/*paths=*/false);
+    scene.start(tool);
+    scene.press(1, tool.at.x, tool.at.y);
+    ASSERT_EQ(scene.desk.hovering.size(), 1U);
+    const std::string hovering = testing::segmentText(scene.desk.hovering[0]);
+    scene.release(1, tool.at.x, tool.at.y);
+    const auto rows = testing::segmentTexts(scene.store);
+    EXPECT_NE(std::find(rows.begin(), rows.end(), hovering), rows.end()) << hovering;
+    EXPECT_EQ(scene.differences(scene.freshPicture()), 0);
+  }
+}
+
+TEST(HoveringRows, VanishWithEsc) {
+  for (const HoverCase& tool : hoverCases()) {
+    SCOPED_TRACE(tool.name);
+    EditScene scene(/*paths=*/false);
+    scene.start(tool);
+    const Picture before = scene.freshPicture();
+    scene.press(1, tool.at.x, tool.at.y);
+    Handle_esc(scene.desk);
+    EXPECT_EQ(scene.differences(before), 0);
+  }
+}
+
+TEST(HoveringRows, VanishWhenEditingTurnsToTheOtherTable) {
+  EditScene scene(/*paths=*/false);
+  scene.start(hoverCases()[0]);
+  const Picture before = scene.freshPicture();
+  scene.press(1, 1, -1);
+  toggleEditPaths(scene.desk);
+  EXPECT_EQ(scene.differences(before), 0);
+}
+
+TEST(HoveringRows, OfAnotherToolAreErasedAsTheyWereDrawn) {
+  EditScene scene(/*paths=*/false);
+  scene.start(hoverCases()[0]);
+  scene.press(1, 1, -1);
+  mnuEditMoveEnd_Click(scene.desk);  // by its key, with the button held
+  scene.move(1, 2, -1);
+  eraseDragBand(scene.desk);
+  EXPECT_EQ(scene.differences(scene.freshPicture()), 0);
+}
+
+TEST(HoveringRows, AreNoneWhereNothingWouldCome) {
+  EditScene scene(/*paths=*/false);
+  scene.start(hoverCases()[0]);
+  const Picture before = scene.freshPicture();
+  scene.press(1, 3, 2.3F);  // the row itself
+  EXPECT_EQ(scene.differences(before), 0);
+}
+
+TEST(HoveringRows, GoWithTheRowsOfAnEndThatIsMoved) {
+  for (const bool paths : {false, true}) {
+    EditScene scene(paths);
+    mnuEditMoveEnd_Click(scene.desk);
+    const Picture before = scene.freshPicture();
+    scene.press(1, 1, 2.1F);
+    EXPECT_GT(scene.differences(before), 0);
+    scene.move(1, 2, 3.5F);
+    ASSERT_EQ(scene.desk.hovering.size(), 1U);
+    EXPECT_EQ(testing::segmentText(scene.desk.hovering[0]), "1 (1, -2)-(2, 3.5)");
+    scene.move(1, 3, 1.5F);
+    scene.release(1, 3, 1.5F);
+    EXPECT_EQ(scene.differences(scene.freshPicture()), 0);
+    EXPECT_EQ(paths ? scene.store.psx1[2] : scene.store.x1[4], 3);
+  }
+}
+
+TEST(HoveringRows, ShowAnArcThatDoesNotReachAsItIs) {
+  EditScene scene(/*paths=*/false);
+  mnuEditMoveEnd_Click(scene.desk);
+  scene.press(1, -2, 2);
+  scene.move(1, 4, -2);
+  ASSERT_EQ(scene.desk.hovering.size(), 1U);
+  EXPECT_EQ(testing::segmentText(scene.desk.hovering[0]), "3 (-2, 2)-(-3, 1) c (-3, 2)");
+}
+
+TEST(HoveringRows, FollowTheGrid) {
+  EditScene scene(/*paths=*/false);
+  scene.store.cursorgridf = 1;
+  scene.store.cursorgrid = 0.5F;
+  mnuEditMoveEnd_Click(scene.desk);
+  scene.press(1, 1, 2);
+  scene.move(1, 2.1F, 2.9F);
+  EXPECT_EQ(testing::segmentText(scene.desk.hovering.at(0)), "1 (1, -2)-(2, 3)");
 }
 
 // ---- Marks and crosses

@@ -6,7 +6,8 @@
 #include "gtest/gtest.h"
 
 #include "core/drawing_store.h"
-#include "drafting/edit_commands.h"
+#include "drafting/break_segment.h"
+#include "drafting/delete_rows.h"
 #include "geometry/float_intersections.h"
 #include "geometry/row_entity.h"
 #include "tests/geometry/rows.h"

@@ -43,6 +43,42 @@ TEST(JoinEnds, EndsBeyondTheToleranceStayApart) {
   EXPECT_EQ(rows[1].x0, static_cast<float>(1.0011));
 }
 
+// Of two lines the end of the first at (0, 0) and the start of the second at `apart`.
+bool meet(PlanePoint apart, float tolerence) {
+  const auto rows = joined({line(-5, -3, 0, 0), line(apart.x, apart.y, 9, -4)}, tolerence);
+  return rows[0].x1 == rows[1].x0 && rows[0].y1 == rows[1].y0;
+}
+
+TEST(JoinEnds, AGapOfTheToleranceIsClosedAndAHairMoreIsNot) {
+  for (const float tolerence : {0.001F, 0.125F, 3e-5F}) {
+    const float more = std::nextafter(tolerence, 1.0F);
+    for (const float sign : {1.0F, -1.0F}) {
+      const float gap = sign * tolerence;
+      EXPECT_TRUE(meet({gap, 0}, tolerence)) << gap;
+      EXPECT_TRUE(meet({0, gap}, tolerence)) << gap;
+      EXPECT_TRUE(meet({gap, -gap}, tolerence)) << gap << ", each axis counts for itself";
+      EXPECT_FALSE(meet({sign * more, 0}, tolerence)) << gap;
+      EXPECT_FALSE(meet({0, sign * more}, tolerence)) << gap;
+      EXPECT_FALSE(meet({gap, sign * more}, tolerence)) << gap;
+    }
+  }
+}
+
+// Each lies a tolerance from the next; the last one would make the group wider than two.
+TEST(JoinEnds, AGroupOfTwoTolerancesIsOneAndAWiderOneIsNot) {
+  constexpr float kStep = 0.125F;
+  const auto three =
+      joined({line(0, 0, 0, 9), line(kStep, 0, 4, 9), line(2 * kStep, 0, 8, 9)}, kStep);
+  EXPECT_EQ(three[0].x0, kStep) << "the end in the middle stays";
+  EXPECT_EQ(three[1].x0, kStep);
+  EXPECT_EQ(three[2].x0, kStep);
+  const auto four = joined(
+      {line(0, 0, 0, 9), line(kStep, 0, 4, 9), line(2 * kStep, 0, 8, 9), line(3 * kStep, 0, 12, 9)},
+      kStep);
+  EXPECT_EQ(four[0].x0, four[1].x0);
+  EXPECT_NE(four[0].x0, four[3].x0);
+}
+
 TEST(JoinEnds, AnArcFollowsWithItsCenter) {
   const auto rows = joined({line(0, 0.0006, 0, 9), arc(kCounterClockwiseArc, 2, 0, 0, 0, 1, 0)});
   ASSERT_EQ(rows.size(), 2U);

@@ -224,6 +224,16 @@ TEST_F(FormViewTest, AFrameDisablesWhatIsInside) {
   EXPECT_EQ(widget<QGroupBox>("fraMore").title(), "More");
 }
 
+// Of itself, and not by its place in the widgets: a layout may put it outside the box of its frame.
+TEST_F(FormViewTest, AFrameHidesWhatIsInside) {
+  form.OptCutWidth[2].setVisible(false);
+  form.fraMore.setVisible(false);
+  EXPECT_TRUE(widget<QRadioButton>("OptCutWidth_1").isHidden());
+  form.fraMore.setVisible(true);
+  EXPECT_FALSE(widget<QRadioButton>("OptCutWidth_1").isHidden());
+  EXPECT_TRUE(widget<QRadioButton>("OptCutWidth_2").isHidden());
+}
+
 TEST_F(FormViewTest, TheFocusMovesWithTheKeyboard) {
   form.txtName.onLeave = [this] { form.log.emplace_back("left txtName"); };
   widget<QLineEdit>("txtName").setFocus();

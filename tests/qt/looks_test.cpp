@@ -1,8 +1,11 @@
 // How the program looks, in both themes: pictures for the eye of the window with its menus, docks
 // and dialogs, and that no text is cut off and every icon can be seen.
+#include <QCheckBox>
 #include <QDialog>
 #include <QDockWidget>
 #include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
@@ -171,6 +174,47 @@ TEST_P(Looks, Dialogs) {
   lookAtDialog("miSelectTool", "dialog_tool_chest");
   lookAtDialog("miDrawingTitleBlock", "dialog_title_block");
   lookAtDialog("miCustomize", "dialog_customize");
+  lookAtDialog("miScaleDrawing", "dialog_scale");
+  lookAtDialog("miMirror", "dialog_mirror");
+  lookAtDialog("miRotate", "dialog_rotate");
+  lookAt("dialog_radius", [this] {
+    Application& application = program->application();
+    application.clickTool("miChangeRadius");
+    application.move({.Button = 0, .X = 1, .Y = 1});
+    application.press({.Button = kLeftButton, .X = 1, .Y = 1});
+    application.release({.Button = kLeftButton, .X = 1, .Y = 1});
+  });
+}
+
+// With its holes computed, in the picture and in the drawing behind it.
+TEST_P(Looks, BoltCircle) {
+  bool looked = false;
+  QTimer::singleShot(0, [&] {
+    QWidget* dialog = QApplication::activeModalWidget();
+    ASSERT_NE(dialog, nullptr);
+    const std::pair<const char*, const char*> fields[] = {{"txtNumberOfHoles", "6"},
+                                                          {"txtBoltCircleDiameter", "2.5"},
+                                                          {"txtBoltHoleDiameter", "0.375"}};
+    for (const auto& [name, text] : fields) {
+      auto* field = dialog->findChild<QLineEdit*>(name);
+      field->setText(text);
+      emit field->textEdited(text);
+    }
+    dialog->findChild<QPushButton*>("cmdCompute")->click();
+    dialog->findChild<QCheckBox*>("chkDisplayCoordinates")->click();
+    dialog->findChild<QListWidget*>("lstBoltHoleResults")->setCurrentRow(1);
+    keep(*dialog, "dialog_bolt_circle");
+    keep(window(), "window_bolt_circle");
+    expectTextsFit(*dialog);
+    EXPECT_EQ(dialog->findChild<QListWidget*>("lstBoltHoleResults")->count(), 6);
+    const QImage picture = dialog->findChild<QWidget*>("Picture1")->grab().toImage();
+    EXPECT_NE(picture.pixel(picture.width() / 2, picture.height() / 8), picture.pixel(1, 1))
+        << "the first hole is marked at the top";
+    looked = true;
+    dialog->close();
+  });
+  window().toolBars().action("miBoltCircle")->trigger();
+  EXPECT_TRUE(looked);
 }
 
 TEST_P(Looks, UnsavedWork) {

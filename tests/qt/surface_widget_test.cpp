@@ -95,6 +95,19 @@ TEST_F(SurfaceWidgetTest, ADragThatBeganBeforeTheSurfaceWasDisabledEnds) {
   EXPECT_EQ(events.size(), 3U);
 }
 
+TEST_F(SurfaceWidgetTest, ADragOfTwoButtonsEndsWithTheSecondOne) {
+  send(QEvent::MouseButtonPress, Qt::LeftButton, Qt::LeftButton, {50, 20});
+  send(QEvent::MouseButtonPress, Qt::RightButton, Qt::LeftButton | Qt::RightButton, {50, 20});
+  surface->drawing().setEnabled(false);
+  send(QEvent::MouseButtonRelease, Qt::LeftButton, Qt::RightButton, {60, 20});
+  send(QEvent::MouseMove, Qt::NoButton, Qt::RightButton, {70, 20});
+  send(QEvent::MouseButtonRelease, Qt::RightButton, Qt::NoButton, {70, 20});
+  send(QEvent::MouseMove, Qt::NoButton, Qt::NoButton, {80, 20});
+  EXPECT_EQ(events,
+            (std::vector<std::string>{"press 1 0 50 80", "press 2 0 50 80", "release 1 0 60 80",
+                                      "move 2 0 70 80", "release 2 0 70 80"}));
+}
+
 TEST_F(SurfaceWidgetTest, TheWheelCountsWholeSteps) {
   std::vector<int> steps;
   surface->onWheel = [&](int turned, int /*shift*/) { steps.push_back(turned); };

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "core/drawing_store.h"
+#include "core/pocketing_choices.h"
 #include "tests/support/drafting_desk.h"
 #include "toolpath/cam_desk.h"
 
@@ -19,9 +20,9 @@ struct RecordedCam : RecordedDesk {
     store.cfg_rough_feedrate = 20;
     store.cfg_finish_feedrate = 10;
     store.cfg_tool_spacing = 50;
-    store.cfg_cut_width_type = 1;
-    store.cfg_cutting_mode = 1;
-    store.cfg_pocketing_style = 1;
+    store.cfg_cut_width_type = choiceNumber(StepOver::ByPercent);
+    store.cfg_cutting_mode = choiceNumber(CuttingMode::Conventional);
+    store.cfg_pocketing_style = choiceNumber(PocketingStyle::Horizontal);
   }
 
   CamDesk cam{desk};

@@ -18,8 +18,6 @@ namespace {
 using testing::addSegment;
 using testing::Dice;
 
-constexpr int kSelectedRow = 30008;
-
 struct ChainWalks : ::testing::Test {
   ChainWalks() { store.cfg_tolerance = testing::kTolerence; }
   void line(Point from, Point to, int attr = kOrdinaryClass) {

@@ -18,8 +18,6 @@ using testing::pathTexts;
 using testing::RecordedCam;
 using Texts = std::vector<std::string>;
 
-constexpr int kSelectedRow = kSelected + kOrdinaryClass;
-
 struct ContourOffset : RecordedCam, ::testing::Test {
   void addArc(int type, Point start, Point end, Point center) {
     add({.type = type,
@@ -318,7 +316,7 @@ TEST_F(ContourOffset, RowsAreInsertedBeforeTheGroupThatTheEditorNamed) {
   addLine(2, 0, 2, 2);
   addPathLine(5, 5, 6, 6, 100);
   addPathLine(6, 6, 7, 7, 200);
-  cam.pathInsertMode = kInsertBeforeGroup;
+  cam.pathInsertMode = PathInsertMode::BeforeGroup;
   cam.pathInsertGroup = 2;
   offsetPathChain(cam, along(1, {1, 1}));
   EXPECT_EQ(rows(), (Texts{"1 (5, 5)-(6, 6)", "1 (0, 0.25)-(1.75, 0.25)",
@@ -466,7 +464,7 @@ TEST_F(ContourOffset, UndoTakesBackAPlacementAndRedoGivesItAgain) {
   addLine(2, 2, 4, 2);
   addPathLine(5, 5, 6, 6, 100);
   addPathLine(6, 6, 7, 7, 200);
-  cam.pathInsertMode = kInsertBeforeGroup;
+  cam.pathInsertMode = PathInsertMode::BeforeGroup;
   cam.pathInsertGroup = 2;
   store.cfg_lead_in_path = true;
   store.cfg_lead_in_angle = 30;

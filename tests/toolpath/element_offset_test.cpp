@@ -45,7 +45,7 @@ Entity arc(int type, Point start, Point end, Point center) {
 }
 
 // The walk from row `sg` at `start`, as a list.
-Texts offsetRows(const DrawingStore& store, int sg, Point start, int side, float radius) {
+Texts offsetRows(const DrawingStore& store, int sg, Point start, Side side, float radius) {
   ChainWalk rows(store);
   OffsetWalk walk{
       .sg = sg, .start = start, .end = otherEnd(store, sg, start), .next = {}, .taken = {}};
@@ -83,29 +83,29 @@ TEST(SideOfLine, FollowsTheReferenceInAllDirections) {
     const char* name;
     Point direction;
     SideSigns reference;
-    int side;
+    Side side;
   };
   constexpr Case kCases[] = {
-      {"right, above", {1, 0}, {0, 1}, -1},
-      {"right, below", {1, 0}, {0, -1}, 1},
-      {"left, above", {-1, 0}, {0, 1}, 1},
-      {"left, below", {-1, 0}, {0, -1}, -1},
-      {"up, to the right", {0, 1}, {1, 0}, 1},
-      {"up, to the left", {0, 1}, {-1, 0}, -1},
-      {"down, to the right", {0, -1}, {1, 0}, -1},
-      {"down, to the left", {0, -1}, {-1, 0}, 1},
-      {"up right, below right", {1, 1}, {1, -1}, 1},
-      {"up right, above left", {1, 1}, {-1, 1}, -1},
-      {"up left, above right", {-1, 1}, {1, 1}, 1},
-      {"up left, below left", {-1, 1}, {-1, -1}, -1},
-      {"down left, above left", {-1, -1}, {-1, 1}, 1},
-      {"down right, above right", {1, -1}, {1, 1}, -1},
-      {"x undecided", {1, 1}, {0, -1}, 1},
-      {"y undecided", {1, 1}, {1, 0}, 1},
-      {"on the line", {1, 1}, {0, 0}, 0},
-      {"on a horizontal line", {1, 0}, {0, 0}, 0},
-      {"beyond the end along the line", {1, 1}, {1, 1}, 0},
-      {"straight ahead", {1, 0}, {1, 0}, 0},
+      {"right, above", {1, 0}, {0, 1}, Side::Left},
+      {"right, below", {1, 0}, {0, -1}, Side::Right},
+      {"left, above", {-1, 0}, {0, 1}, Side::Right},
+      {"left, below", {-1, 0}, {0, -1}, Side::Left},
+      {"up, to the right", {0, 1}, {1, 0}, Side::Right},
+      {"up, to the left", {0, 1}, {-1, 0}, Side::Left},
+      {"down, to the right", {0, -1}, {1, 0}, Side::Left},
+      {"down, to the left", {0, -1}, {-1, 0}, Side::Right},
+      {"up right, below right", {1, 1}, {1, -1}, Side::Right},
+      {"up right, above left", {1, 1}, {-1, 1}, Side::Left},
+      {"up left, above right", {-1, 1}, {1, 1}, Side::Right},
+      {"up left, below left", {-1, 1}, {-1, -1}, Side::Left},
+      {"down left, above left", {-1, -1}, {-1, 1}, Side::Right},
+      {"down right, above right", {1, -1}, {1, 1}, Side::Left},
+      {"x undecided", {1, 1}, {0, -1}, Side::Right},
+      {"y undecided", {1, 1}, {1, 0}, Side::Right},
+      {"on the line", {1, 1}, {0, 0}, Side::On},
+      {"on a horizontal line", {1, 0}, {0, 0}, Side::On},
+      {"beyond the end along the line", {1, 1}, {1, 1}, Side::On},
+      {"straight ahead", {1, 0}, {1, 0}, Side::On},
   };
   for (const Case& row : kCases) {
     EXPECT_EQ(sideOfLine(lineEntity({0, 0}, row.direction), row.reference), row.side) << row.name;
@@ -114,48 +114,50 @@ TEST(SideOfLine, FollowsTheReferenceInAllDirections) {
 
 TEST(OffsetElement, ALineMovesAlongItsNormal) {
   const Entity line = lineEntity({0, 0}, {3, 4});
-  EXPECT_EQ(text(*offsetElement(line, 1, 0.5F)), "1 (0.4, -0.3)-(3.4, 3.7)");
-  EXPECT_EQ(text(*offsetElement(line, -1, 0.5F)), "1 (-0.4, 0.3)-(2.6, 4.3)");
-  EXPECT_EQ(text(*offsetElement(line, 0, 0.5F)), "1 (0, 0)-(3, 4)");
+  EXPECT_EQ(text(*offsetElement(line, Side::Right, 0.5F)), "1 (0.4, -0.3)-(3.4, 3.7)");
+  EXPECT_EQ(text(*offsetElement(line, Side::Left, 0.5F)), "1 (-0.4, 0.3)-(2.6, 4.3)");
+  EXPECT_EQ(text(*offsetElement(line, Side::On, 0.5F)), "1 (0, 0)-(3, 4)");
 }
 
 TEST(OffsetElement, AnUprightLineKeepsItsOtherCoordinate) {
-  EXPECT_EQ(text(*offsetElement(lineEntity({0, 0}, {0, 2}), 1, 0.25F)), "1 (0.25, 0)-(0.25, 2)");
-  EXPECT_EQ(text(*offsetElement(lineEntity({0, 0}, {2, 0}), 1, 0.25F)), "1 (0, -0.25)-(2, -0.25)");
+  EXPECT_EQ(text(*offsetElement(lineEntity({0, 0}, {0, 2}), Side::Right, 0.25F)),
+            "1 (0.25, 0)-(0.25, 2)");
+  EXPECT_EQ(text(*offsetElement(lineEntity({0, 0}, {2, 0}), Side::Right, 0.25F)),
+            "1 (0, -0.25)-(2, -0.25)");
 }
 
 TEST(OffsetElement, AnArcGrowsOrShrinksAboutItsCenter) {
   const Entity ccw = arc(kCounterClockwiseArc, {1, 0}, {0, 1}, {0, 0});
   const Entity cw = arc(kClockwiseArc, {0, 1}, {1, 0}, {0, 0});
-  EXPECT_EQ(text(*offsetElement(ccw, 1, 0.25F)), "3 (1.25, 0)-(0, 1.25) c (0, 0)");
-  EXPECT_EQ(text(*offsetElement(ccw, -1, 0.25F)), "3 (0.75, 0)-(0, 0.75) c (0, 0)");
-  EXPECT_EQ(text(*offsetElement(ccw, 0, 0.25F)), "3 (1, 0)-(0, 1) c (0, 0)");
-  EXPECT_EQ(text(*offsetElement(cw, 1, 0.25F)), "2 (0, 0.75)-(0.75, 0) c (0, 0)");
-  EXPECT_EQ(text(*offsetElement(cw, -1, 0.25F)), "2 (0, 1.25)-(1.25, 0) c (0, 0)");
+  EXPECT_EQ(text(*offsetElement(ccw, Side::Right, 0.25F)), "3 (1.25, 0)-(0, 1.25) c (0, 0)");
+  EXPECT_EQ(text(*offsetElement(ccw, Side::Left, 0.25F)), "3 (0.75, 0)-(0, 0.75) c (0, 0)");
+  EXPECT_EQ(text(*offsetElement(ccw, Side::On, 0.25F)), "3 (1, 0)-(0, 1) c (0, 0)");
+  EXPECT_EQ(text(*offsetElement(cw, Side::Right, 0.25F)), "2 (0, 0.75)-(0.75, 0) c (0, 0)");
+  EXPECT_EQ(text(*offsetElement(cw, Side::Left, 0.25F)), "2 (0, 1.25)-(1.25, 0) c (0, 0)");
 }
 
 TEST(OffsetElement, AnArcCollapsesAtItsCenter) {
   const Entity ccw = arc(kCounterClockwiseArc, {1, 0}, {0, 1}, {0, 0});
-  EXPECT_FALSE(offsetElement(ccw, -1, 1));
-  EXPECT_FALSE(offsetElement(ccw, -1, 1.5F));
-  EXPECT_TRUE(offsetElement(ccw, -1, 0.999F));
-  EXPECT_TRUE(offsetElement(ccw, 0, 1.5F));
+  EXPECT_FALSE(offsetElement(ccw, Side::Left, 1));
+  EXPECT_FALSE(offsetElement(ccw, Side::Left, 1.5F));
+  EXPECT_TRUE(offsetElement(ccw, Side::Left, 0.999F));
+  EXPECT_TRUE(offsetElement(ccw, Side::On, 1.5F));
 }
 
 TEST(OffsetElement, AnArcWithoutRadiusStaysAPoint) {
   const Entity point = arc(kCounterClockwiseArc, {1, 1}, {1, 1}, {1, 1});
-  EXPECT_EQ(text(*offsetElement(point, 1, 0.25F)), "3 (1, 1)-(1, 1) c (1, 1)");
+  EXPECT_EQ(text(*offsetElement(point, Side::Right, 0.25F)), "3 (1, 1)-(1, 1) c (1, 1)");
 }
 
 TEST(OffsetAlong, AnInsideCornerIsTrimmed) {
   const DrawingStore store = drawing({lineEntity({0, 0}, {2, 0}), lineEntity({2, 0}, {2, 2})});
-  EXPECT_EQ(offsetRows(store, 1, {0, 0}, -1, 0.25F),
+  EXPECT_EQ(offsetRows(store, 1, {0, 0}, Side::Left, 0.25F),
             (Texts{"1 (0, 0.25)-(1.75, 0.25)", "1 (1.75, 0.25)-(1.75, 2)"}));
 }
 
 TEST(OffsetAlong, AnOutsideCornerIsBridgedRoundTheVertex) {
   const DrawingStore store = drawing({lineEntity({0, 0}, {2, 0}), lineEntity({2, 0}, {2, 2})});
-  EXPECT_EQ(offsetRows(store, 1, {0, 0}, 1, 0.25F),
+  EXPECT_EQ(offsetRows(store, 1, {0, 0}, Side::Right, 0.25F),
             (Texts{"1 (0, -0.25)-(2, -0.25)", "3 (2, -0.25)-(2.25, 0) c (2, 0)",
                    "1 (2.25, 0)-(2.25, 2)"}));
 }
@@ -163,14 +165,14 @@ TEST(OffsetAlong, AnOutsideCornerIsBridgedRoundTheVertex) {
 TEST(OffsetAlong, ALeftHandBridgeIsClockwise) {
   const DrawingStore store = drawing({lineEntity({0, 0}, {2, 0}), lineEntity({2, 0}, {2, -2})});
   EXPECT_EQ(
-      offsetRows(store, 1, {0, 0}, -1, 0.25F),
+      offsetRows(store, 1, {0, 0}, Side::Left, 0.25F),
       (Texts{"1 (0, 0.25)-(2, 0.25)", "2 (2, 0.25)-(2.25, 0) c (2, 0)", "1 (2.25, 0)-(2.25, -2)"}));
 }
 
 TEST(OffsetAlong, TangentRowsNeedNoJoint) {
   const DrawingStore store =
       drawing({lineEntity({0, -1}, {2, -1}), arc(kCounterClockwiseArc, {2, -1}, {3, 0}, {2, 0})});
-  EXPECT_EQ(offsetRows(store, 1, {0, -1}, 1, 0.25F),
+  EXPECT_EQ(offsetRows(store, 1, {0, -1}, Side::Right, 0.25F),
             (Texts{"1 (0, -1.25)-(2, -1.25)", "3 (2, -1.25)-(3.25, 0) c (2, 0)"}));
 }
 
@@ -178,7 +180,7 @@ TEST(OffsetAlong, TheNeighboursOfACollapsedArcAreJoined) {
   const DrawingStore store = drawing({lineEntity({0, 0}, {1.9F, 0}),
                                       arc(kCounterClockwiseArc, {1.9F, 0}, {2, 0.1F}, {1.9F, 0.1F}),
                                       lineEntity({2, 0.1F}, {2, 2})});
-  EXPECT_EQ(offsetRows(store, 1, {0, 0}, -1, 0.25F),
+  EXPECT_EQ(offsetRows(store, 1, {0, 0}, Side::Left, 0.25F),
             (Texts{"1 (0, 0.25)-(1.75, 0.25)", "1 (1.75, 0.25)-(1.75, 2)"}));
 }
 
@@ -186,14 +188,14 @@ TEST(OffsetAlong, NeighboursOfACollapsedArcThatDoNotMeetAreBridgedWhereTheNextRo
   const DrawingStore store =
       drawing({lineEntity({0, 0}, {2, 0}), arc(kClockwiseArc, {2, 0}, {2.2F, 0}, {2.1F, 0}),
                lineEntity({2.2F, 0}, {4, 0})});
-  EXPECT_EQ(offsetRows(store, 1, {0, 0}, 1, 0.25F),
+  EXPECT_EQ(offsetRows(store, 1, {0, 0}, Side::Right, 0.25F),
             (Texts{"1 (0, -0.25)-(2, -0.25)", "3 (2, -0.25)-(2.2, -0.25) c (2.2, 0)",
                    "1 (2.2, -0.25)-(4, -0.25)"}));
 }
 
 // Two arcs that meet twice: the second hit counts, however far it lies.
 TEST(OffsetAlong, OfTwoHitsTheSecondIsTaken) {
-  OffsetChain chain({-1, 0, testing::kTolerence});
+  OffsetChain chain({Side::Left, 0, testing::kTolerence});
   chain.append(lineEntity({-2, 0.6F}, {2, 0.6F}));
   chain.append(arc(kCounterClockwiseArc, {1, 0}, {0.9F, -0.43588989F}, {0, 0}));
   chain.joinLast({0, 0});
@@ -210,7 +212,7 @@ TEST(OffsetAlong, AWalkEndsAtARowThatItPassedWithoutAClosingJoint) {
   walk.next = [&rows](int from, Point at) { return rows.nextChainSeg(from, at); };
   std::vector<int> taken;
   walk.taken = [&taken](int sg) { taken.push_back(sg); };
-  OffsetChain chain({0, 0.25F, store.cfg_tolerance});
+  OffsetChain chain({Side::On, 0.25F, store.cfg_tolerance});
   EXPECT_TRUE(offsetAlong(store, walk, chain));
   EXPECT_EQ(taken, (std::vector<int>{1, 2, 3, 4}));
   EXPECT_EQ(chain.elements().size(), 4U);
@@ -221,7 +223,7 @@ TEST(OffsetAlong, ALooseEndLeavesTheWalkOpen) {
   ChainWalk rows(store);
   OffsetWalk walk{.sg = 1, .start = {0, 0}, .end = {1, 0}, .next = {}, .taken = {}};
   walk.next = [&rows](int from, Point at) { return rows.nextChainSeg(from, at); };
-  OffsetChain chain({1, 0.25F, store.cfg_tolerance});
+  OffsetChain chain({Side::Right, 0.25F, store.cfg_tolerance});
   EXPECT_FALSE(offsetAlong(store, walk, chain));
   EXPECT_EQ(texts(chain), (Texts{"1 (0, -0.25)-(1, -0.25)"}));
 }
@@ -230,7 +232,7 @@ TEST(OffsetAlong, ALooseEndLeavesTheWalkOpen) {
 TEST(OffsetAlong, ARowWithoutARuleRepeatsTheElementBefore) {
   const DrawingStore store =
       drawing({lineEntity({0, 0}, {1, 0}), {kRectangle, {1, 0}, {2, 2}, {}}});
-  EXPECT_EQ(offsetRows(store, 1, {0, 0}, 1, 0.25F),
+  EXPECT_EQ(offsetRows(store, 1, {0, 0}, Side::Right, 0.25F),
             (Texts{"1 (0, -0.25)-(1, -0.25)", "3 (1, -0.25)-(0, -0.25) c (1, 0)",
                    "6 (0, -0.25)-(1, -0.25)"}));
 }
@@ -240,14 +242,15 @@ TEST(OffsetAlong, ARowWithoutARuleRepeatsTheElementBefore) {
 TEST(OffsetAlong, ASingleElementIsBridgedToItself) {
   const DrawingStore store =
       drawing({lineEntity({0, -1}, {0, 1}), arc(kClockwiseArc, {0, 1}, {0, -1}, {0, 0})});
-  EXPECT_EQ(offsetRows(store, 1, {0, -1}, 1, 1.5F),
+  EXPECT_EQ(offsetRows(store, 1, {0, -1}, Side::Right, 1.5F),
             (Texts{"1 (1.5, -1)-(1.5, 1)", "3 (1.5, 1)-(1.5, -1) c (0, -1)"}));
 }
 
 TEST(OffsetAlong, NothingIsLeftOfACircleSmallerThanTheTool) {
   const DrawingStore store = drawing({arc(kCounterClockwiseArc, {1, 0}, {1, 0}, {0, 0})});
-  EXPECT_EQ(offsetRows(store, 1, {1, 0}, 1, 1.5F), Texts{});
-  EXPECT_EQ(offsetRows(store, 1, {1, 0}, 1, 0.25F), (Texts{"2 (0.75, 0)-(0.75, 0) c (0, 0)"}));
+  EXPECT_EQ(offsetRows(store, 1, {1, 0}, Side::Right, 1.5F), Texts{});
+  EXPECT_EQ(offsetRows(store, 1, {1, 0}, Side::Right, 0.25F),
+            (Texts{"2 (0.75, 0)-(0.75, 0) c (0, 0)"}));
 }
 
 }  // namespace

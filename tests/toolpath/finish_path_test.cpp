@@ -328,7 +328,7 @@ TEST_F(FinishPath, LevelsOfAPathInsertedBeforeAGroupCopyThatGroup) {
   addLine(0, 0, 2, 0);
   addPathLine(5, 5, 6, 6);
   store.cfg_z_cut_per_pass = 0.25F;
-  cam.pathInsertMode = kInsertBeforeGroup;
+  cam.pathInsertMode = PathInsertMode::BeforeGroup;
   cam.pathInsertGroup = 1;
   place(1, {0, 0}, {1, 0}, {1, 2});
   EXPECT_EQ(pathTexts(store),
@@ -356,7 +356,7 @@ TEST_F(FinishPath, InsertedPassesAreLinkedAmongThemselvesAlone) {
   store.cfg_min_rough_clearance = 0.05F;
   addPathLine(5, 5, 6, 6);
   addPathLine(6, 6, 7, 7, 200);
-  cam.pathInsertMode = kInsertBeforeGroup;
+  cam.pathInsertMode = PathInsertMode::BeforeGroup;
   cam.pathInsertGroup = 2;
   place(2, {0, 0}, {1, 0}, {1, 2});
   EXPECT_EQ(pathTexts(store),

@@ -11,6 +11,7 @@
 #include "gtest/gtest.h"
 
 #include "core/drawing_store.h"
+#include "core/pocketing_choices.h"
 #include "tests/toolpath/pocket_job.h"
 #include "tests/toolpath/working_outline_rows.h"
 #include "toolpath/path_groups.h"
@@ -248,26 +249,28 @@ TEST(KnownLimits, LinksBetweenTheLevelsOfAnOpenProfileCutThroughThePart) {
 
 TEST(KnownLimits, ASpiralStartedAtAnEdgeOfExactly135DegreesRunsOutside) {
   const TestPocket pocket = pocketOfRows(polygonRows({{0, -3}, {3, 0}, {0, 3}, {-3, 0}}));
-  PocketJob job(pocket, {.style = kSpiralStyle});
+  PocketJob job(pocket, {.style = PocketingStyle::ParallelSpiral});
   EXPECT_NEAR(depthOf(pocket, job.roughFrom({1.25F, 1.25F})), 3.25, kExact);
 }
 
 TEST(KnownLimits, ASpiralRoundAnIslandLeavesTheRingsThatMeetIt) {
   const TestPocket pocket = pocketOfRows(boxRows({0, 0}, {6, 6}), {boxRows({2, 2}, {3, 3})});
-  EXPECT_NEAR(shareOfJob(pocket, {.style = kSpiralStyle}), 0.948, kGrain);
+  EXPECT_NEAR(shareOfJob(pocket, {.style = PocketingStyle::ParallelSpiral}), 0.948, kGrain);
 }
 
 TEST(KnownLimits, ASpiralInATriangleStartsWithRingsThatAreTurnedInsideOut) {
   const TestPocket pocket = pocketOfRows(polygonRows({{0, 0}, {3, 5}, {-3, 5}}));
-  EXPECT_NEAR(roughDepth(pocket, {.style = kSpiralStyle}), 1.5372, kExact);
-  EXPECT_NEAR(roughDepth(pocket, {.style = kSpiralStyle, .firstRing = 1.5}), 0, kExact);
+  EXPECT_NEAR(roughDepth(pocket, {.style = PocketingStyle::ParallelSpiral}), 1.5372, kExact);
+  EXPECT_NEAR(roughDepth(pocket, {.style = PocketingStyle::ParallelSpiral, .firstRing = 1.5}), 0,
+              kExact);
 }
 
 TEST(KnownLimits, ASpiralInAnLStartsWithRingsThatAreTurnedInsideOut) {
   const TestPocket pocket =
       pocketOfRows(polygonRows({{0, 0}, {6, 0}, {6, 2}, {2, 2}, {2, 6}, {0, 6}}));
-  EXPECT_NEAR(roughDepth(pocket, {.style = kSpiralStyle}), 1.5429, kExact);
-  EXPECT_NEAR(roughDepth(pocket, {.style = kSpiralStyle, .firstRing = 0.9}), 0, kExact);
+  EXPECT_NEAR(roughDepth(pocket, {.style = PocketingStyle::ParallelSpiral}), 1.5429, kExact);
+  EXPECT_NEAR(roughDepth(pocket, {.style = PocketingStyle::ParallelSpiral, .firstRing = 0.9}), 0,
+              kExact);
 }
 
 // ---- Scan lines
@@ -279,7 +282,7 @@ TEST(KnownLimits, WidestVerticesExactlyOnAScanLineEndTheRoughing) {
   job.store.cfg_tool_spacing = 100;
   EXPECT_NEAR(shareOf(pocket, job.rough()), 0.363, kGrain);
   EXPECT_EQ(job.store.psy1[job.store.NumPathSegments], 1.5F);
-  PocketJob vertical(pocket, {.style = kVerticalStyle});
+  PocketJob vertical(pocket, {.style = PocketingStyle::Vertical});
   vertical.store.cfg_tool_spacing = 100;
   EXPECT_GT(shareOf(pocket, vertical.rough()), 0.9);
 }
@@ -288,7 +291,7 @@ TEST(KnownLimits, VerticesOnBothSidesExactlyOnAScanLineEndTheRoughing) {
   // Both sides are drawn in two pieces that meet at half the height.
   const TestPocket pocket =
       pocketOfRows(polygonRows({{0, 0}, {4, 0}, {4, 2.125F}, {4, 4}, {0, 4}, {0, 2.125F}}));
-  PocketJob job(pocket, {.cuttingMode = 1});
+  PocketJob job(pocket, {.cuttingMode = CuttingMode::Conventional});
   const ToolPath rough = job.rough();
   EXPECT_NEAR(shareOf(pocket, rough), 0.496, kGrain);
   EXPECT_NEAR(depthOf(pocket, rough), 0, kExact);
@@ -301,7 +304,7 @@ TEST(KnownLimits, ArcJointsExactlyOnAScanLineLeaveThatLine) {
   Rows rows;
   for (int k = 0; k < 4; ++k) rows.push_back(arcRow(at[k], at[(k + 1) % 4], {0, 0}));
   const TestPocket pocket = pocketOfRows(rows);
-  PocketJob job(pocket, {.cuttingMode = 1});
+  PocketJob job(pocket, {.cuttingMode = CuttingMode::Conventional});
   job.store.cfg_tool_spacing = 75;
   ToolPath rough = job.rough();
   EXPECT_NEAR(shareOf(pocket, together(std::move(rough), job.finish())), 0.957, kGrain);
@@ -338,7 +341,7 @@ TEST(KnownLimits, LevelsOfAPathInsertedBeforeAnotherGroupAreCopiesOfThatGroup) {
   PocketJob job(pocket, {});
   job.addPathLine(5, 5, 6, 6);
   job.store.cfg_z_cut_per_pass = 0.25F;
-  job.cam.pathInsertMode = kInsertBeforeGroup;
+  job.cam.pathInsertMode = PathInsertMode::BeforeGroup;
   job.cam.pathInsertGroup = 1;
   job.finish();
   std::vector<float> depths;

@@ -122,6 +122,16 @@ TEST_F(LeadMoves, ArcLeadsBulgeTheShorterWayRound) {
                    "2 (4, 0)-(4.866, -0.5) c (3.9501, -1.0865)"}));
 }
 
+// Neither way round is the shorter one.
+TEST_F(LeadMoves, ArcLeadsOfHalfATurnRunCounterClockwise) {
+  store.cfg_lead_in_arc = true;
+  store.cfg_lead_in_angle = 180;
+  addProfileAt(2.25F);
+  addPath({.type = kLine, .x0 = 0, .y0 = 2, .x1 = 4, .y1 = 2});
+  EXPECT_EQ(leads(/*closed=*/false),
+            (Texts{"3 (1, 2)-(0, 2) c (0.5, 2)", "1 (0, 2)-(4, 2)", "3 (4, 2)-(3, 2) c (3.5, 2)"}));
+}
+
 TEST_F(LeadMoves, ArcLeadsOnTheOtherSideAreMirrored) {
   store.cfg_lead_in_arc = true;
   addProfileAt(-0.25F);

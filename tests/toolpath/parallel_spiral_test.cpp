@@ -8,6 +8,7 @@
 #include "gtest/gtest.h"
 
 #include "core/drawing_store.h"
+#include "core/pocketing_choices.h"
 #include "drafting/undo.h"
 #include "geometry/float_angles.h"
 #include "geometry/float_intersections.h"
@@ -29,9 +30,9 @@ using testing::pathTexts;
 using testing::RecordedCam;
 using Texts = std::vector<std::string>;
 
-constexpr int kConventional = 1;
-constexpr int kClimb = 2;
-constexpr int kBidirectional = 3;
+constexpr int kConventional = choiceNumber(CuttingMode::Conventional);
+constexpr int kClimb = choiceNumber(CuttingMode::Climb);
+constexpr int kBidirectional = choiceNumber(CuttingMode::Bidirectional);
 
 // Tool radius 0.25, clearance 0.05, half a tool's width from ring to ring, the first one 0.5 from
 // the middle; no finish path on the wall.
@@ -161,7 +162,7 @@ TEST_F(Spiral, WithoutClearanceTheLastRingIsTheFinishPathInTheModeOfAll) {
 }
 
 TEST_F(Spiral, StepsByDistanceWhenTheWidthIsADistance) {
-  store.cfg_cut_width_type = 2;
+  store.cfg_cut_width_type = choiceNumber(StepOver::ByDistance);
   store.cfg_tool_spacing_distance = 2;
   addPocket(kSquare);
   start(0, -5);
@@ -171,7 +172,7 @@ TEST_F(Spiral, StepsByDistanceWhenTheWidthIsADistance) {
 }
 
 TEST_F(Spiral, ADistanceOfNothingFallsBackToThePercentage) {
-  store.cfg_cut_width_type = 2;
+  store.cfg_cut_width_type = choiceNumber(StepOver::ByDistance);
   store.cfg_tool_spacing_distance = 0;
   addPocket(kSquare);
   start(0, -5);
@@ -234,7 +235,7 @@ TEST_F(Spiral, ARowThatDoesNotExistMeansTheFirstVerifiedOne) {
 }
 
 TEST_F(Spiral, RingsInAFullCircleAreFullCircles) {
-  store.cfg_cut_width_type = 2;
+  store.cfg_cut_width_type = choiceNumber(StepOver::ByDistance);
   store.cfg_tool_spacing_distance = 1;
   add({.type = kCounterClockwiseArc, .x0 = 3, .x1 = 3});
   addPocket({});
@@ -292,7 +293,7 @@ TEST_F(Spiral, TheRingsAreCopiedToTheLevelsBelow) {
 
 // An island that lies across the pocket drops each ring, so nothing else would come to an end.
 TEST_F(Spiral, AStepOverOfNearlyNothingPlacesNothing) {
-  store.cfg_cut_width_type = 2;
+  store.cfg_cut_width_type = choiceNumber(StepOver::ByDistance);
   store.cfg_tool_spacing_distance = 1e-6F;
   addPocket(kSquare);
   start(0, -5);
@@ -302,7 +303,7 @@ TEST_F(Spiral, AStepOverOfNearlyNothingPlacesNothing) {
             "The Step Over Amount is 0.000001.  That is too small for the rings from 4.5 to 0.3."
             "\n\nNothing was placed.  It is set in Pocketing & Profiling Parameters.");
   EXPECT_EQ(messages()[0].title, "Rough Cut Pocket");
-  store.cfg_cut_width_type = 1;
+  store.cfg_cut_width_type = choiceNumber(StepOver::ByPercent);
   store.cfg_tool_spacing = 1e-5F;
   start(0, -5);
   EXPECT_EQ(store.NumPathSegments, 0);
@@ -341,7 +342,7 @@ TEST_F(Spiral, AStartDepthOfTheFloorMeansOneLevel) {
 
 TEST_F(Spiral, RingsAreLinkedWhenWished) {
   store.cfg_connect_pocketing_paths = true;
-  store.cfg_cut_width_type = 2;
+  store.cfg_cut_width_type = choiceNumber(StepOver::ByDistance);
   store.cfg_tool_spacing_distance = 4.3F;
   store.cfg_final_depth = 1;
   store.cfg_z_cut_per_pass = 0.5F;
@@ -473,7 +474,7 @@ TEST_F(SpiralUndo, OldRowsThatTheCleanUpTookComeBackToo) {
 }
 
 TEST_F(SpiralUndo, PathsInsertedBeforeAGroupAreOneStepToo) {
-  cam.pathInsertMode = kInsertBeforeGroup;
+  cam.pathInsertMode = PathInsertMode::BeforeGroup;
   cam.pathInsertGroup = 2;
   addPathLine(7, 7, 8, 8, 100);
   addPathLine(1, 1, 2, 2, 200);
@@ -501,12 +502,12 @@ TEST_F(Spiral, AFailureMidwayLeavesNoRowAndTheToolAsItWas) {
 TEST_F(Spiral, AFailureMidwayLeavesTheCuttingModeAndTheGroups) {
   addPocket(kSquare);
   store.cfg_auto_place_finish_path = true;
-  store.cfg_cutting_mode = 1;
+  store.cfg_cutting_mode = choiceNumber(CuttingMode::Conventional);
   store.currentpathgroup = 3;
   while (store.NumPathSegments < 32748) addPathLine(7, 7, 8, 8, 100);
   EXPECT_EQ(numberOfFailure([&] { parallelSpiralPocket(cam, 1); }), FailureNumber::Overflow);
   EXPECT_EQ(store.NumPathSegments, 32748);
-  EXPECT_EQ(store.cfg_cutting_mode, 1);
+  EXPECT_EQ(store.cfg_cutting_mode, choiceNumber(CuttingMode::Conventional));
   EXPECT_EQ(store.currentpathgroup, 3);
   EXPECT_EQ(store.lastplacedgroup, 1);
 }
@@ -529,12 +530,12 @@ TEST_F(Spiral, InAFullLogOlderStepsGiveWay) {
 TEST_F(Spiral, RingsInsertedBeforeAGroupStandInTheirOrderBeforeIt) {
   // Level copies are of the last run of the table, which then is the other group's: the rings are
   // cut at the first level alone.
-  cam.pathInsertMode = kInsertBeforeGroup;
+  cam.pathInsertMode = PathInsertMode::BeforeGroup;
   cam.pathInsertGroup = 1;
   store.cfg_final_depth = 1;
   store.cfg_z_cut_per_pass = 0.5F;
   store.cfg_connect_pocketing_paths = true;
-  store.cfg_cut_width_type = 2;
+  store.cfg_cut_width_type = choiceNumber(StepOver::ByDistance);
   store.cfg_tool_spacing_distance = 4.3F;
   cam.roughFloor = roughingFloor(store);
   addPathLine(7, 7, 8, 8, 100);
@@ -709,7 +710,7 @@ TEST_F(SpiralWeakSpot, APocketNarrowerThanTheToolGetsNoRing) {
 }
 
 TEST_F(SpiralWeakSpot, ACircleOfTwoHalvesLosesHalfOfItsFirstRing) {
-  store.cfg_cut_width_type = 2;
+  store.cfg_cut_width_type = choiceNumber(StepOver::ByDistance);
   store.cfg_tool_spacing_distance = 2;
   add({.type = kCounterClockwiseArc, .x0 = 3, .x1 = -3});
   add({.type = kCounterClockwiseArc, .x0 = -3, .x1 = 3});

@@ -66,19 +66,20 @@ TEST(PathInsertIndex, FollowsTheMode) {
       {1, 9, 6}, {2, 9, 6}, {4, 2, 6}, {-1, 2, 6},
   };
   for (const PlaceCase& row : kCases) {
-    EXPECT_EQ(pathInsertIndex(store, row.mode, row.group), row.index)
+    EXPECT_EQ(pathInsertIndex(store, PathInsertMode{row.mode}, row.group), row.index)
         << "mode " << row.mode << ", group " << row.group;
   }
 }
 
 TEST(PathInsertIndex, BehindTheLastGroupIsTheEnd) {
   const DrawingStore store = storeOf({100, 200, 200});
-  EXPECT_EQ(pathInsertIndex(store, kInsertAfterGroup, 2), 4);
+  EXPECT_EQ(pathInsertIndex(store, PathInsertMode::AfterGroup, 2), 4);
 }
 
 TEST(PathInsertIndex, WithoutRowsIsTheFirst) {
   const DrawingStore store;
-  for (const int mode : {0, 1, 2, 3}) EXPECT_EQ(pathInsertIndex(store, mode, 1), 1) << mode;
+  for (const int mode : {0, 1, 2, 3})
+    EXPECT_EQ(pathInsertIndex(store, PathInsertMode{mode}, 1), 1) << mode;
 }
 
 TEST(DeletePathGroup, TakesItsRowsAsOneStep) {

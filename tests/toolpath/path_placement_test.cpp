@@ -5,7 +5,8 @@
 #include "rapidcheck/gtest.h"
 
 #include "core/drawing_store.h"
-#include "drafting/edit_commands.h"
+#include "core/pocketing_choices.h"
+#include "drafting/break_segment.h"
 #include "drafting/entity_creation.h"
 #include "drafting/row_edits.h"
 #include "drafting/undo.h"
@@ -497,7 +498,7 @@ TEST_F(PlaceOne, AtStartUpPlacesNothing) {
 TEST_F(PlaceOne, PlacesAsManyRowsAsTheLastFinishPathHadPasses) {
   store.cfg_min_rough_clearance = 0.125F;
   store.cfg_tool_spacing_distance = 0.5F;
-  store.cfg_cut_width_type = 2;
+  store.cfg_cut_width_type = choiceNumber(StepOver::ByDistance);
   closeOptions(3);
   placeOne();
   EXPECT_EQ(pathTexts(store), (Texts{"1 (0, 0.875)-(2, 0.875) @100 z -0.5 f 10",
@@ -511,7 +512,7 @@ TEST_F(PlaceOne, BeforeAGroupIsTakenBackByItsOwn) {
   addPath(store, line(5, 5, 6, 5), 100);
   addPath(store, line(6, 5, 7, 5), 200);
   const Texts before = pathTexts(store);
-  cam.pathInsertMode = kInsertBeforeGroup;
+  cam.pathInsertMode = PathInsertMode::BeforeGroup;
   cam.pathInsertGroup = 2;
   closeOptions(1);
   placeOne();
@@ -525,7 +526,7 @@ TEST_F(PlaceOne, AFinishPathBeforeAGroupIsTakenBackByItsOwn) {
   addPath(store, line(5, 5, 6, 5), 100);
   addPath(store, line(6, 5, 7, 5), 200);
   const Texts before = pathTexts(store);
-  cam.pathInsertMode = kInsertBeforeGroup;
+  cam.pathInsertMode = PathInsertMode::BeforeGroup;
   cam.pathInsertGroup = 2;
   store.cfg_lead_in_path = false;
   store.cfg_connect_pocketing_paths = false;
@@ -582,7 +583,7 @@ TEST(UndoLastPlace, TakesRowsThatWereInsertedBeforeAnotherGroup) {
   addPathSegment(d.store, rowAt(0, 0, 100));
   addPathSegment(d.store, rowAt(1, 0, 200));
   const Texts before = pathTexts(d.store);
-  d.cam.pathInsertMode = kInsertBeforeGroup;
+  d.cam.pathInsertMode = PathInsertMode::BeforeGroup;
   d.cam.pathInsertGroup = 2;
   d.store.currentpathgroup = nextPathGroup(d.store);
   const int at = pathInsertIndex(d.store, d.cam.pathInsertMode, d.cam.pathInsertGroup);
@@ -596,15 +597,15 @@ TEST(UndoLastPlace, TakesRowsThatWereInsertedBeforeAnotherGroup) {
 
 // Behind an insertion point the end of the table may be anybody's rows.
 TEST(UndoLastPlace, WithAnInsertionPointTakesNothingTheSecondTime) {
-  for (const int mode : {kInsertBeforeGroup, kInsertAfterGroup}) {
+  for (const PathInsertMode mode : {PathInsertMode::BeforeGroup, PathInsertMode::AfterGroup}) {
     RecordedCam d;
     addPathSegment(d.store, rowAt(0, 0));
     d.store.lastplacedgroup = 0;
     d.store.showpaths = 0;
     d.cam.pathInsertMode = mode;
     mnuCAMUndoLastPlace_Click(d.cam);
-    EXPECT_EQ(d.store.NumPathSegments, 1) << mode;
-    EXPECT_EQ(d.store.showpaths, 0) << mode;
+    EXPECT_EQ(d.store.NumPathSegments, 1) << static_cast<int>(mode);
+    EXPECT_EQ(d.store.showpaths, 0) << static_cast<int>(mode);
   }
 }
 

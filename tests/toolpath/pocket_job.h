@@ -1,7 +1,6 @@
 // A drawn part made by the commands that an operator uses: verified, roughed, finished. What they
-// placed is told as ways of the tool.
-// Owns: kHorizontalStyle, kVerticalStyle, kSpiralStyle, JobSettings, JobClicks, PocketJob,
-//       polygonRows, pocketOfRows.
+// placed is told as paths of the tool.
+// Owns: JobSettings, JobClicks, PocketJob, polygonRows, pocketOfRows.
 #pragma once
 
 #include <algorithm>
@@ -9,6 +8,7 @@
 #include <vector>
 
 #include "core/drawing_store.h"
+#include "core/pocketing_choices.h"
 #include "geometry/entity.h"
 #include "tests/support/outlines.h"
 #include "tests/support/pockets.h"
@@ -21,13 +21,9 @@
 
 namespace tess::testing {
 
-inline constexpr int kHorizontalStyle = 1;
-inline constexpr int kVerticalStyle = 2;
-inline constexpr int kSpiralStyle = 3;
-
 struct JobSettings {
-  int style = kHorizontalStyle;
-  int cuttingMode = 3;  // both ways
+  PocketingStyle style = PocketingStyle::Horizontal;
+  CuttingMode cuttingMode = CuttingMode::Bidirectional;
   float clearance = 0;  // that roughing leaves for the finish path
   bool connects = false;
   bool avoidsGouges = true;
@@ -66,7 +62,7 @@ class PocketJob : public RecordedCam {
   std::vector<Curve> roughFrom(Point place) {
     const int before = store.NumPathSegments;
     mnuCAMRoughCutPocket_Click(cam);
-    if (store.cfg_pocketing_style == kSpiralStyle) click(place.x, place.y);
+    if (pocketingStyle(store) == PocketingStyle::ParallelSpiral) click(place.x, place.y);
     return placedSince(before);
   }
 
@@ -96,8 +92,8 @@ class PocketJob : public RecordedCam {
   };
 
   void apply(const JobSettings& settings) {
-    store.cfg_pocketing_style = settings.style;
-    store.cfg_cutting_mode = settings.cuttingMode;
+    store.cfg_pocketing_style = choiceNumber(settings.style);
+    store.cfg_cutting_mode = choiceNumber(settings.cuttingMode);
     store.cfg_min_rough_clearance = settings.clearance;
     store.cfg_connect_pocketing_paths = settings.connects;
     store.cfg_gouge_avoidance = settings.avoidsGouges;

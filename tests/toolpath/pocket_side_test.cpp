@@ -15,8 +15,6 @@ namespace {
 
 using testing::addSegment;
 
-constexpr int kSelectedRow = kSelected + kOrdinaryClass;
-
 struct PocketSide : ::testing::Test {
   PocketSide() { store.cfg_tolerance = testing::kTolerence; }
   void line(Point from, Point to, int attr = kSelectedRow) {
@@ -28,11 +26,11 @@ struct PocketSide : ::testing::Test {
     }
   }
   // Row `sg` the way it was drawn, and the other way.
-  int sideAlong(int sg) const {
+  Side sideAlong(int sg) const {
     const Entity row = segmentEntity(store, sg);
     return pocketSideOf(store, row.start, row.end);
   }
-  int sideAgainst(int sg) const {
+  Side sideAgainst(int sg) const {
     const Entity row = segmentEntity(store, sg);
     return pocketSideOf(store, row.end, row.start);
   }
@@ -43,8 +41,8 @@ struct PocketSide : ::testing::Test {
 TEST_F(PocketSide, OfASquareIsLeftOfEveryEdgeOfACounterClockwiseOne) {
   outline({{0, 0}, {2, 0}, {2, 2}, {0, 2}});
   for (int sg = 1; sg <= 4; ++sg) {
-    EXPECT_EQ(sideAlong(sg), -1) << sg;
-    EXPECT_EQ(sideAgainst(sg), 1) << sg;
+    EXPECT_EQ(sideAlong(sg), Side::Left) << sg;
+    EXPECT_EQ(sideAgainst(sg), Side::Right) << sg;
   }
 }
 
@@ -59,8 +57,8 @@ TEST_F(PocketSide, OfARegularOutlineIsLeftOfEveryEdge) {
   }
   outline(corners);
   for (int sg = 1; sg <= kEdges; ++sg) {
-    EXPECT_EQ(sideAlong(sg), -1) << sg;
-    EXPECT_EQ(sideAgainst(sg), 1) << sg;
+    EXPECT_EQ(sideAlong(sg), Side::Left) << sg;
+    EXPECT_EQ(sideAgainst(sg), Side::Right) << sg;
   }
 }
 
@@ -68,9 +66,9 @@ TEST_F(PocketSide, OfARegularOutlineIsLeftOfEveryEdge) {
 TEST_F(PocketSide, OfAnEdgeAtExactly135DegreesIsTheWrongOne) {
   outline({{0, 0}, {4, 0}, {4, 2}, {2, 4}, {0, 4}});
   EXPECT_EQ(polarOf({4, 2}, {2, 4}).degrees, 135);
-  EXPECT_EQ(sideAlong(3), 1);
+  EXPECT_EQ(sideAlong(3), Side::Right);
   // At -45 degrees it is right.
-  EXPECT_EQ(sideAgainst(3), 1);
+  EXPECT_EQ(sideAgainst(3), Side::Right);
 }
 
 TEST_F(PocketSide, ArcsCountOnceOrTwice) {
@@ -79,17 +77,17 @@ TEST_F(PocketSide, ArcsCountOnceOrTwice) {
   addSegment(store, {kCounterClockwiseArc, {4, 0}, {4, 2}, {4, 1}}, kSelectedRow);
   line({4, 2}, {0, 2});
   addSegment(store, {kCounterClockwiseArc, {0, 2}, {0, 0}, {0, 1}}, kSelectedRow);
-  EXPECT_EQ(sideAlong(1), -1);
-  EXPECT_EQ(sideAlong(3), -1);
-  EXPECT_EQ(sideAgainst(3), 1);
+  EXPECT_EQ(sideAlong(1), Side::Left);
+  EXPECT_EQ(sideAlong(3), Side::Left);
+  EXPECT_EQ(sideAgainst(3), Side::Right);
 }
 
 TEST_F(PocketSide, AnIslandIsCrossedTwiceAndDoesNotMatter) {
   outline({{0, 0}, {6, 0}, {6, 6}, {0, 6}}, kVerifiedRow);
   outline({{2, 2}, {4, 2}, {4, 4}, {2, 4}}, kVerifiedRow);
-  EXPECT_EQ(sideAlong(1), -1);
+  EXPECT_EQ(sideAlong(1), Side::Left);
   // The material of an island lies on its own inside, the pocket on the other side.
-  EXPECT_EQ(sideAlong(5), 1);
+  EXPECT_EQ(sideAlong(5), Side::Right);
 }
 
 TEST_F(PocketSide, UnselectedRowsAndCirclesDoNotCount) {
@@ -97,13 +95,13 @@ TEST_F(PocketSide, UnselectedRowsAndCirclesDoNotCount) {
   line({-1, 1}, {3, 1}, kOrdinaryClass);
   line({-1, -1}, {3, -1}, kParkedRow);
   addSegment(store, {kCircle, {1.5F, 1}, {1.5F, 1}, {1, 1}}, kSelectedRow);
-  EXPECT_EQ(sideAlong(1), -1);
+  EXPECT_EQ(sideAlong(1), Side::Left);
 }
 
 // Neither probe reaches a wall.
 TEST_F(PocketSide, OfAPocketMuchWiderThanTheProbesIsUndecided) {
   outline({{0, 0}, {400, 0}, {400, 400}, {0, 400}});
-  EXPECT_EQ(sideAlong(1), 0);
+  EXPECT_EQ(sideAlong(1), Side::On);
 }
 
 // The fallback compares the counts as they are: a count that is even on both sides.
@@ -111,12 +109,12 @@ TEST_F(PocketSide, WithEvenCountsTheSmallerRightCountSaysLeft) {
   line({0, 0}, {2, 0});
   line({-1, 1}, {3, 1});
   line({-1, 2}, {3, 2});
-  EXPECT_EQ(sideAlong(1), -1);
-  EXPECT_EQ(sideAgainst(1), 1);
+  EXPECT_EQ(sideAlong(1), Side::Left);
+  EXPECT_EQ(sideAgainst(1), Side::Right);
 }
 
 TEST_F(PocketSide, WithoutRowsBothProbesCountMinusOne) {
-  EXPECT_EQ(pocketSideOf(store, {0, 0}, {1, 0}), -1);
+  EXPECT_EQ(pocketSideOf(store, {0, 0}, {1, 0}), Side::Left);
 }
 
 }  // namespace

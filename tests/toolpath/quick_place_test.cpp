@@ -18,8 +18,6 @@ using testing::pathTexts;
 using testing::RecordedCam;
 using Texts = std::vector<std::string>;
 
-constexpr int kSelectedRow = 30008;
-
 Entity line(float x0, float y0, float x1, float y1) {
   return lineEntity({x0, y0}, {x1, y1});
 }
@@ -148,7 +146,7 @@ TEST(QuickPlace, InsertsBeforeAGroupAndIsTakenBackByItsOwn) {
   addPath(d.store, line(5, 5, 6, 5), 100);
   addPath(d.store, line(6, 5, 7, 5), 200);
   const Texts before = pathTexts(d.store);
-  d.cam.pathInsertMode = kInsertBeforeGroup;
+  d.cam.pathInsertMode = PathInsertMode::BeforeGroup;
   d.cam.pathInsertGroup = 2;
   addSegment(d.store, line(0, 0, 1, 0), kSelectedRow);
   addSegment(d.store, line(3, 0, 4, 0), kSelectedRow);
@@ -166,7 +164,7 @@ TEST(QuickPlace, InsertsBeforeAGroupAndIsTakenBackByItsOwn) {
 TEST(QuickPlace, InsertedBeforeAGroupCopiesTheLevelsOfAnotherPath) {
   RecordedCam d;
   addPath(d.store, line(6, 5, 7, 5), 200);
-  d.cam.pathInsertMode = kInsertBeforeGroup;
+  d.cam.pathInsertMode = PathInsertMode::BeforeGroup;
   d.cam.pathInsertGroup = 2;
   d.store.cfg_z_cut_per_pass = 0.25F;
   addSegment(d.store, line(0, 0, 1, 0), kSelectedRow);
@@ -180,7 +178,7 @@ TEST(QuickPlace, BehindAGroupPutsTheLaterChainFirst) {
   RecordedCam d;
   addPath(d.store, line(5, 5, 6, 5), 100);
   addPath(d.store, line(6, 5, 7, 5), 200);
-  d.cam.pathInsertMode = kInsertAfterGroup;
+  d.cam.pathInsertMode = PathInsertMode::AfterGroup;
   d.cam.pathInsertGroup = 1;
   addSegment(d.store, line(0, 0, 1, 0), kSelectedRow);
   addSegment(d.store, line(3, 0, 4, 0), kSelectedRow);

@@ -4,6 +4,7 @@
 #include "gtest/gtest.h"
 
 #include "core/drawing_store.h"
+#include "core/pocketing_choices.h"
 #include "drafting/undo.h"
 #include "tests/support/failure_of.h"
 #include "tests/toolpath/working_outline_rows.h"
@@ -46,7 +47,7 @@ TEST(RoughCutPocket, ClearsASquareAndLeavesTheDrawingAsItWas) {
 
 TEST(RoughCutPocket, TheVerticalStyleRunsAlongY) {
   RoughCam c;
-  c.store.cfg_pocketing_style = 2;
+  c.store.cfg_pocketing_style = choiceNumber(PocketingStyle::Vertical);
   c.addOutline({0, 0}, {3, 2});
   mnuCAMRoughCutPocket_Click(c.cam);
   EXPECT_EQ(pathEnds(c.store), (Texts{"(0.75, 1.75)-(0.75, 0.25)", "(1.75, 1.75)-(1.75, 0.25)"}));
@@ -269,7 +270,7 @@ TEST(RoughCutPocket, ALatheCutHasNoLevelsWhateverTheDepths) {
 TEST(RoughCutPocket, LatheStyleCountsOnlyWithHorizontalLines) {
   RoughCam c;
   c.store.cfg_lathe_style_pocketing = true;
-  c.store.cfg_pocketing_style = 2;
+  c.store.cfg_pocketing_style = choiceNumber(PocketingStyle::Vertical);
   c.addOutline({0, 0}, {3, 2});
   mnuCAMRoughCutPocket_Click(c.cam);
   EXPECT_EQ(pathTexts(c.store)[0], "1 (0.75, 1.75)-(0.75, 0.25) @100 z -0.5 f 20");
@@ -277,7 +278,7 @@ TEST(RoughCutPocket, LatheStyleCountsOnlyWithHorizontalLines) {
 
 TEST(RoughCutPocket, TheSpiralAsksForAClickAndPlacesNothingYet) {
   RoughCam c;
-  c.store.cfg_pocketing_style = 3;
+  c.store.cfg_pocketing_style = choiceNumber(PocketingStyle::ParallelSpiral);
   c.store.cfg_lathe_style_pocketing = true;
   c.store.cfg_final_depth = 1;
   c.addOutline({0, 0}, {3.000004F, 3});
@@ -353,7 +354,7 @@ TEST(RoughCutPocket, APocketNarrowerThanTheToolTurnsInsideOut) {
 TEST(RoughCutPocket, AnIslandIsLeftStandingAndLinksGoRoundIt) {
   RoughCam c;
   c.store.cfg_connect_pocketing_paths = true;
-  c.store.cfg_cutting_mode = 3;
+  c.store.cfg_cutting_mode = choiceNumber(CuttingMode::Bidirectional);
   c.addOutline({-2, 0}, {2, 2.5F});
   c.addOutline({-0.5F, 1}, {0.5F, 2});
   const Texts drawing = segmentTexts(c.store);
@@ -566,7 +567,7 @@ TEST(RoughCutPocket, LevelsWithLinksComeBackStepByStep) {
   RoughCam c;
   c.addPathLine(0, 0, 1, 0, 300);
   c.store.cfg_connect_pocketing_paths = true;
-  c.store.cfg_cutting_mode = 3;
+  c.store.cfg_cutting_mode = choiceNumber(CuttingMode::Bidirectional);
   c.store.cfg_final_depth = 1.5F;
   c.addOutline({0, 0}, {3, 3});
   c.addOutline({1.25F, 1.25F}, {1.75F, 1.75F});

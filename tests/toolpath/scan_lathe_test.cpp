@@ -4,6 +4,7 @@
 #include "gtest/gtest.h"
 
 #include "core/drawing_store.h"
+#include "core/pocketing_choices.h"
 #include "drafting/undo.h"
 #include "geometry/row_entity.h"
 #include "tests/geometry/scenes.h"
@@ -88,7 +89,7 @@ TEST(ScanPocketLathe, AWayThatNoNewerCutHoldsGoesBackAboveAnOlderOne) {
 // Straight above the end of the last cut there is no way to go: the tool stays where it is.
 TEST(ScanPocketLathe, BidirectionalCutsFollowEachOtherWithoutARetreat) {
   LatheCam c;
-  c.store.cfg_cutting_mode = 3;
+  c.store.cfg_cutting_mode = choiceNumber(CuttingMode::Bidirectional);
   addWorkingBox(c.store, {0, 0}, {10, 4});
   scanPocketLathe(c.cam, 20);
   EXPECT_EQ(pathEnds(c.store),
@@ -103,7 +104,7 @@ TEST(ScanPocketLathe, BidirectionalCutsFollowEachOtherWithoutARetreat) {
 
 TEST(ScanPocketLathe, ClimbMillingCutsTowardSmallerXButForTheLowestPair) {
   LatheCam c;
-  c.store.cfg_cutting_mode = 2;
+  c.store.cfg_cutting_mode = choiceNumber(CuttingMode::Climb);
   addWorkingBox(c.store, {0, 0}, {10, 2});
   scanPocketLathe(c.cam, 20);
   EXPECT_EQ(pathEnds(c.store), (Texts{

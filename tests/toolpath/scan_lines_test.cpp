@@ -6,6 +6,7 @@
 #include "gtest/gtest.h"
 
 #include "core/drawing_store.h"
+#include "core/pocketing_choices.h"
 #include "drafting/undo.h"
 #include "geometry/row_entity.h"
 #include "tests/geometry/scenes.h"
@@ -25,9 +26,9 @@ using testing::RecordedCam;
 using testing::setSpacing;
 using Texts = std::vector<std::string>;
 
-constexpr int kConventional = 1;
-constexpr int kClimb = 2;
-constexpr int kBidirectional = 3;
+constexpr int kConventional = choiceNumber(CuttingMode::Conventional);
+constexpr int kClimb = choiceNumber(CuttingMode::Climb);
+constexpr int kBidirectional = choiceNumber(CuttingMode::Bidirectional);
 
 TEST(ScanPocketHorizontal, CutsARectangleOnLinesHalfAStepInside) {
   RecordedCam c;

@@ -8,6 +8,7 @@
 
 #include "gtest/gtest.h"
 
+#include "core/pocketing_choices.h"
 #include "tests/toolpath/pocket_doubts.h"
 #include "tests/toolpath/pocket_job.h"
 
@@ -76,8 +77,8 @@ void judge(Job& job, Tally& tally) {
 }
 
 // Links run straight from cut to cut, so they are asked for in pockets without a tongue alone.
-Job scanJob(int number, int style, float clearance) {
-  Job job{pocketOf(number), {.style = style, .cuttingMode = 1 + number % 3}, {}, {}};
+Job scanJob(int number, PocketingStyle style, float clearance) {
+  Job job{pocketOf(number), {.style = style, .cuttingMode = CuttingMode{1 + number % 3}}, {}, {}};
   job.settings.clearance = clearance;
   job.settings.connects = number % 2 == 0 && isConvex(job.pocket.part.pocket);
   job.roughDoubt = roughDoubt(job.pocket, job.standOff());
@@ -86,7 +87,10 @@ Job scanJob(int number, int style, float clearance) {
 
 // The first ring stands where there is just room for it.
 Job spiralJob(int number, float clearance) {
-  Job job{pocketOf(number), {.style = kSpiralStyle, .cuttingMode = 1 + number % 3}, {}, {}};
+  Job job{pocketOf(number),
+          {.style = PocketingStyle::ParallelSpiral, .cuttingMode = CuttingMode{1 + number % 3}},
+          {},
+          {}};
   job.settings.clearance = clearance;
   job.settings.connects = number % 2 == 0 && isConvex(job.pocket.part.pocket);
   const double room = 0.95 * largestTool(job.pocket.part, job.radius());
@@ -99,7 +103,7 @@ Job spiralJob(int number, float clearance) {
 
 struct ScanCase {
   const char* name;
-  int style;
+  PocketingStyle style;
   float clearance;
 };
 
@@ -123,10 +127,10 @@ TEST_P(TruthOfScanLines, RoughAndFinishClearThePocketAndSpareTheWalls) {
 
 INSTANTIATE_TEST_SUITE_P(
     Styles, TruthOfScanLines,
-    ::testing::Values(ScanCase{"Horizontal", kHorizontalStyle, 0},
-                      ScanCase{"HorizontalWithClearance", kHorizontalStyle, kClearance},
-                      ScanCase{"Vertical", kVerticalStyle, 0},
-                      ScanCase{"VerticalWithClearance", kVerticalStyle, kClearance}),
+    ::testing::Values(ScanCase{"Horizontal", PocketingStyle::Horizontal, 0},
+                      ScanCase{"HorizontalWithClearance", PocketingStyle::Horizontal, kClearance},
+                      ScanCase{"Vertical", PocketingStyle::Vertical, 0},
+                      ScanCase{"VerticalWithClearance", PocketingStyle::Vertical, kClearance}),
     [](const auto& of) { return std::string(of.param.name); });
 
 class TruthOfSpirals : public ::testing::TestWithParam<float> {};

@@ -24,8 +24,6 @@ using testing::RecordedCam;
 using Attributes = std::vector<int>;
 using Texts = std::vector<std::string>;
 
-constexpr int kSelectedRow = 30008;
-
 struct Sizes {
   float width = -1, height = -1;
   friend bool operator==(const Sizes&, const Sizes&) = default;

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "core/drawing_store.h"
+#include "core/pocketing_choices.h"
 #include "tests/support/recorded_cam.h"
 #include "toolpath/working_rows.h"
 
@@ -45,7 +46,7 @@ inline void addWorkingCircle(DrawingStore& store, Point center, float radius,
 }
 
 inline void setSpacing(DrawingStore& store, float spacing) {
-  store.cfg_cut_width_type = 2;
+  store.cfg_cut_width_type = choiceNumber(StepOver::ByDistance);
   store.cfg_tool_spacing_distance = spacing;
 }
 

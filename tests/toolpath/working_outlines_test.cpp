@@ -17,8 +17,6 @@ using testing::RecordedCam;
 using testing::segmentTexts;
 using Texts = std::vector<std::string>;
 
-constexpr int kSelectedRow = kSelected + kOrdinaryClass;
-
 // The rows that the offset of an outline appends, by the outline's first row.
 Texts outlineOf(RecordedCam& c, Point reference, float distance, int attr = kPocketOutline) {
   const int before = c.store.NumSegments;

@@ -210,6 +210,9 @@ TEST_F(EventBinding, WrongEventsAreErrors) {
   EXPECT_EQ(errorOf("click(1e39, 1)"), "Overflow: argument 1");
   EXPECT_EQ(errorOf("press(3, 1, 1)"), "a button is 1 for left, 2 for right or 0 for none, not 3");
   EXPECT_EQ(errorOf("click(1, 1, 4)"), "shift is 0, 1 for Shift, 2 for Ctrl or 3 for both, not 4");
+  EXPECT_EQ(errorOf("click(1, 1, -1)"),
+            "shift is 0, 1 for Shift, 2 for Ctrl or 3 for both, not -1");
+  EXPECT_EQ(outputOf("for shift = 0, 3 do click(1, 1, shift) print(shift) end"), "0\n1\n2\n3\n");
   EXPECT_EQ(errorOf("wheel(2000)"), "Overflow");
   EXPECT_EQ(outputOf("wheel(1) wheel(-1, 1) print(#messages)"), "0\n");
 }

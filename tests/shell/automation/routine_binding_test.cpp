@@ -28,6 +28,67 @@ TEST_F(RoutineBinding, RoutinesOfTheStore) {
             "0\n");
 }
 
+TEST_F(RoutineBinding, EditingOfRows) {
+  EXPECT_EQ(outputOf("add_segment{type=1, x1=4} add_segment{type=1, x0=1, y0=-1, x1=1, y1=1} "
+                     "print(call.trimSegment(1, 2, 3, 0), call.trimSegment(1, 1, 3, 0)) "
+                     "print(call.breakSegment(1, 0.5, 0), call.breakSegment(1, 0, 0), "
+                     "call.breakSegment(9, 0, 0), call.joinedLineCount(0.5, 0)) "
+                     "call.moveEndpoints(0.5, 0, 0.5, 0.25) call.deleteSegment(2) "
+                     "for s in segments() do print(s.x0, s.y0, s.x1, s.y1) end "
+                     "print(store.drawingsaved)"),
+            "0\t-1\n0\t-6\t-1\t2\n0.0\t0.0\t0.5\t0.25\n0.5\t0.25\t1.0\t0.0\n0\n");
+  EXPECT_EQ(outputOf("add_path{type=1, x1=4, z=-1} add_path{type=1, x0=1, y0=-1, x1=1, y1=1} "
+                     "print(call.trimPathSegment(1, 2, 3, 0), call.breakPathSegment(1, 0.5, 0), "
+                     "call.joinedPathCount(0.5, 0)) "
+                     "call.movePathEndpoints(0.5, 0, 0.5, 0.25) call.deletePathSegment(3) "
+                     "for p in paths() do print(p.x0, p.y0, p.x1, p.y1, p.z) end "
+                     "print(call.pathEntityInfo(2):match('Type: %a+'), "
+                     "call.pathEntityInfo(2):match('Z: .*'):gsub('\\n', ' '))"),
+            "0\t0\t2\n0.0\t0.0\t0.5\t0.25\t-1.0\n0.5\t0.25\t1.0\t0.0\t-1.0\n"
+            "Type: Line\tZ: -1.0000 Feed: 0\t1\n");
+}
+
+TEST_F(RoutineBinding, ARefusedFilletIsTold) {
+  EXPECT_EQ(outputOf("add_segment{type=1, x1=4} add_segment{type=1, y1=3} "
+                     "add_segment{type=1, x0=8, x1=9} "
+                     "call.addFillet(1, 2, 0) print(beeps, store.NumSegments) "
+                     "call.addFillet(1, 2, 0.5) print(store.NumSegments, store.segtype[4]) "
+                     "call.addFillet(1, 3, 0.5) print(messages[1].text, messages[1].title) "
+                     "add_path{type=1, x1=4} add_path{type=1, y1=3} call.addPathFillet(1, 2, 0.5) "
+                     "print(store.NumPathSegments, store.pstype[2])"),
+            "1\t3\n4\t2\n"
+            "The 2 line segments must intersect at exactly one point.\tAdd Fillet\n3\t2\n");
+}
+
+TEST_F(RoutineBinding, CopiesAndTransforms) {
+  const std::string drawing =
+      "add_segment{type=1, x1=1} add_segment{type=1, y0=1, x1=1, y1=1, attr=30008} "
+      "add_path{type=1, x1=1} ";
+  const std::string show =
+      "for s in segments() do io.write(s.x0, ' ', s.y0, '; ') end "
+      "for p in paths() do print(p.x0, p.y0) end";
+  const auto after = [&](const std::string& calls) {
+    std::string text = outputOf(
+        "io = {write = function(...) out = (out or '') .. "
+        "table.concat({...}) end} out = nil call.new_drawing() " +
+        drawing + calls + show.substr(0, show.find(" for p")) +
+        " for p in paths() do print(out .. p.x0, p.y0) end");
+    return text;
+  };
+  EXPECT_EQ(after("call.moveAll(1, 2, 1) "), "1.0 2.0; 1.0 3.0; 1.0\t2.0\n");
+  EXPECT_EQ(after("call.moveAll(1, 2, 2) "), "0.0 0.0; 1.0 3.0; 1.0\t2.0\n");
+  EXPECT_EQ(after("call.moveSelected(1, 2) "), "0.0 0.0; 1.0 3.0; 0.0\t0.0\n");
+  EXPECT_EQ(after("call.scaleSegments(3, false) "), "0.0 0.0; 0.0 3.0; 0.0\t0.0\n");
+  EXPECT_EQ(after("call.scaleSegments(3, true) call.scaleSegments(2, false) "),
+            "0.0 0.0; 0.0 6.0; 0.0\t0.0\n");
+  EXPECT_EQ(after("call.Copy_segment() store.markerx = 5 call.Paste_segment() "),
+            "0.0 0.0; 0.0 1.0; 5.0 1.0; 0.0\t0.0\n");
+  EXPECT_EQ(after("call.Copy_segment() call.Clear_Paste() tool('miPaste') "),
+            "0.0 0.0; 0.0 1.0; 0.0\t0.0\n");
+  EXPECT_EQ(valueOf("call.mirrorCoord(3, 1), call.rotatePoint(1, 1, 1, 1, 90)"), "-1.0\t1.0\t1.0");
+  EXPECT_EQ(valueOf("call.fieldOfItem('Y', '1 - X=5, Y=6')"), "6");
+}
+
 TEST_F(RoutineBinding, NumbersAndTexts) {
   EXPECT_EQ(valueOf("call.formatNumber(1.23456, '##0.0##'), call.formatNumber(0, '####')"),
             "1.235\t");

@@ -1,0 +1,30 @@
+// What the settings of pocketing and finishing choose.
+#include "core/pocketing_choices.h"
+
+#include "core/drawing_store.h"
+
+namespace tess {
+
+PocketingStyle pocketingStyle(const DrawingSettings& settings) {
+  return static_cast<PocketingStyle>(int{settings.cfg_pocketing_style});
+}
+
+CuttingMode cuttingMode(const DrawingSettings& settings) {
+  return static_cast<CuttingMode>(int{settings.cfg_cutting_mode});
+}
+
+StepOver stepOver(const DrawingSettings& settings) {
+  return static_cast<StepOver>(int{settings.cfg_cut_width_type});
+}
+
+bool stepsByDistance(const DrawingSettings& settings) {
+  return settings.cfg_tool_spacing_distance > 0 && stepOver(settings) == StepOver::ByDistance;
+}
+
+void fillStepOver(DrawingSettings& settings) {
+  if (settings.cfg_cut_width_type == 0) {
+    settings.cfg_cut_width_type = choiceNumber(StepOver::ByPercent);
+  }
+}
+
+}  // namespace tess

@@ -1,0 +1,32 @@
+// What the settings of pocketing and finishing choose, by name. The store and the setup files keep
+// numbers; nowhere else are they told apart.
+// Owns: PocketingStyle, CuttingMode, StepOver, pocketingStyle, cuttingMode, stepOver,
+//       stepsByDistance, fillStepOver, choiceNumber.
+#pragma once
+
+namespace tess {
+
+struct DrawingSettings;
+
+// A setup may hold another number too: it equals none of the names.
+enum class PocketingStyle : int { Horizontal = 1, Vertical = 2, ParallelSpiral = 3 };
+enum class CuttingMode : int { Conventional = 1, Climb = 2, Bidirectional = 3 };
+enum class StepOver : int { ByPercent = 1, ByDistance = 2 };
+
+PocketingStyle pocketingStyle(const DrawingSettings& settings);
+CuttingMode cuttingMode(const DrawingSettings& settings);
+StepOver stepOver(const DrawingSettings& settings);
+
+// True where passes go by a distance; otherwise by a percentage of the tool's diameter.
+bool stepsByDistance(const DrawingSettings& settings);
+
+// A step-over that was never chosen, 0, becomes that of the percentage.
+void fillStepOver(DrawingSettings& settings);
+
+// The number of a choice, in the settings and among the options of dialogs.
+template <class Choice>
+constexpr int choiceNumber(Choice choice) {
+  return static_cast<int>(choice);
+}
+
+}  // namespace tess

@@ -1,0 +1,16 @@
+// Deleting rows: the selected ones at once, or one by a click; and Cut.
+// Owns: mnuEditDelete_Click, mnuEditCut_Click.
+#pragma once
+
+#include "drafting/desk.h"
+
+namespace tess {
+
+// Deletes the selected ordinary rows, with EditPaths the selected path rows, and unmarks all
+// others. Drawing rows go into the paste buffer. With nothing to delete a click is armed.
+void mnuEditDelete_Click(Desk& desk);
+
+// Deletes selected rows that then can be pasted; a message without a selection.
+void mnuEditCut_Click(Desk& desk);
+
+}  // namespace tess

@@ -1,0 +1,87 @@
+// Arcs turned over.
+#include "drafting/flip_arc.h"
+
+#include "drafting/drafting_commands.h"
+#include "drafting/edit_steps.h"
+#include "drafting/entity_creation.h"
+#include "drafting/pending_actions.h"
+
+namespace tess {
+namespace {
+
+Entity reversed(Entity arc) {
+  arc.type = kClockwiseArc + kCounterClockwiseArc - arc.type;
+  return arc;
+}
+
+Entity flipped(Entity arc) {
+  arc.center = reflectThroughMidpoint(arc.start, arc.end, arc.center);
+  return reversed(arc);
+}
+
+template <Entity (*turned)(Entity)>
+void clickArc(Desk& desk) {
+  onEditedTable(desk, [&desk](auto table) {
+    const int number = table.nearestArc(desk.store, mouseOf(desk));
+    if (number < 1) return;
+    reshapeRow(desk.changes, table, number, turned(table.entity(desk.store, number)),
+               kDrawnByTheClick);
+    desk.state.updateProperties = true;
+  });
+}
+
+template <Entity (*turned)(Entity)>
+std::vector<SegmentRow> hoverArc(const Desk& desk) {
+  return onEditedTable(desk, [&desk](auto table) -> std::vector<SegmentRow> {
+    const int number = table.nearestArc(desk.store, hoverPoint(desk));
+    if (number < 1) return {};
+    return {segmentRowOf(turned(table.entity(desk.store, number)))};
+  });
+}
+
+}  // namespace
+
+void mnuEditFlipArc_Click(Desk& desk) {
+  arm(desk, PendingAction::FlipArc);
+}
+
+void mnuEditRevArc_Click(Desk& desk) {
+  arm(desk, PendingAction::ReverseArc);
+}
+
+// ---- Descriptors
+
+namespace {
+
+constexpr Action<Desk> kFlipArcActions[] = {
+    {{.action = PendingAction::FlipArc, .prompt = "Click near arc to flip."},
+     clickArc<flipped>,
+     hoverArc<flipped>},
+};
+
+constexpr Action<Desk> kReverseArcActions[] = {
+    {{.action = PendingAction::ReverseArc, .prompt = "Click near arc to reverse."},
+     clickArc<reversed>,
+     hoverArc<reversed>},
+};
+
+}  // namespace
+
+constexpr DeskCommand kFlipArcCommand{
+    .info = {.tool = "miFlipArc", .caption = "&Flip Arc", .key = "F", .menu = {"miEdit", 410}},
+    .run = mnuEditFlipArc_Click,
+    .actions = kFlipArcActions,
+    .repeat = {{PendingAction::FlipArc}},
+};
+
+constexpr DeskCommand kReverseArcCommand{
+    .info = {.tool = "miRevArcDir",
+             .caption = "Reverse Arc Direct&ion",
+             .key = "D",
+             .menu = {"miEdit", 420}},
+    .run = mnuEditRevArc_Click,
+    .actions = kReverseArcActions,
+    .repeat = {{PendingAction::ReverseArc}},
+};
+
+}  // namespace tess

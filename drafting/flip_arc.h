@@ -1,0 +1,15 @@
+// Arcs turned over: to the other side of their chord, or into the rest of their circle.
+// Owns: mnuEditFlipArc_Click, mnuEditRevArc_Click.
+#pragma once
+
+#include "drafting/desk.h"
+
+namespace tess {
+
+// The arc keeps its ends and radius and curves to the other side.
+void mnuEditFlipArc_Click(Desk& desk);
+
+// The arc keeps its ends and centre and runs the other way round.
+void mnuEditRevArc_Click(Desk& desk);
+
+}  // namespace tess

@@ -1,0 +1,148 @@
+// Trimming and extending.
+#include "drafting/trim.h"
+
+#include <optional>
+
+#include "drafting/drafting_commands.h"
+#include "drafting/edit_steps.h"
+#include "drafting/entity_creation.h"
+#include "drafting/pending_actions.h"
+#include "geometry/float_angles.h"
+#include "geometry/float_intersections.h"
+#include "geometry/float_nearest.h"
+
+namespace tess {
+namespace {
+
+// How far a line reaches when it is extended, from its middle, in its own lengths.
+// Fixed: a line is extended by 100 of its lengths and no further; trims that failed would be made.
+constexpr double kReach = 100;
+
+Point along(Point middle, Point start, Point end, double lengths) {
+  return {narrow(middle.x + lengths * (static_cast<double>(end.x) - start.x)),
+          narrow(middle.y + lengths * (static_cast<double>(end.y) - start.y))};
+}
+
+// As far as the row may be extended.
+Entity extended(Entity row) {
+  if (row.type == kLine) {
+    const Point middle = midpointAndSlope(row.start, row.end).middle;
+    return lineEntity(along(middle, row.start, row.end, -kReach),
+                      along(middle, row.start, row.end, kReach));
+  }
+  row.end = row.start;
+  return row;
+}
+
+// Extended, the end nearer to the place goes there; else the part with the click is cut off.
+bool endGoes(const Entity& row, Point to, Point click, bool extends) {
+  if (extends) return distance(to, row.end) < distance(to, row.start);
+  if (row.type == kLine)
+    return pointInSegBox(nearestOnLine(row.start, row.end, click), to, row.end);
+  return angleInSweep(vectorAngle(row.center, click), vectorAngle(row.center, to),
+                      vectorAngle(row.center, row.end), row.type);
+}
+
+std::optional<Entity> trimmed(const Entity& row, const Entity& trimmer, Point click,
+                              float tolerence) {
+  Crossing crossing = intersectEntities(row, trimmer, tolerence);
+  const bool extends = crossing.miss == Miss::Apart;
+  if (extends) crossing = intersectEntities(extended(row), trimmer, tolerence);
+  if (!crossing) return std::nullopt;
+  const Point to = nearerHit(crossing, click);
+  Entity now = row;
+  (endGoes(row, to, click, extends) ? now.end : now.start) = to;
+  return now;
+}
+
+template <class Table>
+bool trimRow(Changes& changes, Table table, int number, int trimmer, Point click) {
+  const DrawingStore& store = changes.store;
+  const int count = table.count(store);
+  if (number < 1 || trimmer < 1 || number > count || trimmer > count) return false;
+  if (number == trimmer) return false;
+  const std::optional<Entity> now = trimmed(
+      table.entity(store, number), table.entity(store, trimmer), click, store.cfg_tolerance);
+  if (now) reshapeRow(changes, table, number, *now);
+  return now.has_value();
+}
+
+// What a click at MouseMoveX, MouseMoveY would leave of the row.
+template <class Table>
+std::vector<SegmentRow> remainder(const Desk& desk, Table table) {
+  const int number = pickedRow(desk, table);
+  const int trimmer = table.nearest(desk.store, hoverPoint(desk));
+  if (number < 1 || trimmer < 1 || number == trimmer) return {};
+  const std::optional<Entity> now =
+      trimmed(table.entity(desk.store, number), table.entity(desk.store, trimmer),
+              desk.command.PendingPt1, desk.store.cfg_tolerance);
+  if (!now) return {};
+  return {segmentRowOf(*now)};
+}
+
+void clickTrimPick(Desk& desk) {
+  onEditedTable(desk, [&desk](auto table) {
+    const int number = table.nearest(desk.store, mouseOf(desk));
+    if (number < 1) return;
+    pickRow(desk, table, number);
+    desk.command.PendingPt1 = mouseOf(desk);
+    desk.state.setPendingaction(goOnWith(PendingAction::TrimBy));
+  });
+}
+
+void clickTrimBy(Desk& desk) {
+  onEditedTable(desk, [&desk](auto table) {
+    const int number = pickedRow(desk, table);
+    const int trimmer = table.nearest(desk.store, mouseOf(desk));
+    desk.command.PendingSeg2 = trimmer;
+    if (number < 1 || trimmer < 1 || number == trimmer) return beep(desk);
+    editByClick(desk, [&] {
+      return trimRow(desk.changes, table, number, trimmer, desk.command.PendingPt1);
+    });
+  });
+}
+
+std::vector<SegmentRow> hoverTrimBy(const Desk& desk) {
+  return onEditedTable(desk, [&desk](auto table) { return remainder(desk, table); });
+}
+
+}  // namespace
+
+bool trimSegment(Changes& changes, int sg, int trimmer, Point click) {
+  return trimRow(changes, DrawnTable{}, sg, trimmer, click);
+}
+
+bool trimPathSegment(Changes& changes, int ps, int trimmer, Point click) {
+  return trimRow(changes, PlacedTable{}, ps, trimmer, click);
+}
+
+void mnuEditTrimEntity_Click(Desk& desk) {
+  arm(desk, PendingAction::TrimPick);
+}
+
+// ---- Descriptors
+
+namespace {
+
+constexpr Action<Desk> kTrimActions[] = {
+    {{.action = PendingAction::TrimPick, .prompt = "Click on end point to trim.", .snaps = false},
+     clickTrimPick},
+    {{.action = PendingAction::TrimBy, .prompt = "Click on trimming entity.", .snaps = false},
+     clickTrimBy,
+     hoverTrimBy},
+};
+
+}  // namespace
+
+constexpr DeskCommand kTrimCommand{
+    .info = {.tool = "miTrimEntity",
+             .caption = "Trim &Entity",
+             .key = "T",
+             .menu = {"miEdit", 320},
+             .bar = {"barEdit", 230}},
+    .run = mnuEditTrimEntity_Click,
+    .actions = kTrimActions,
+    .repeat = {{PendingAction::TrimPick}},
+};
+
+}  // namespace tess
