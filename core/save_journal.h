@@ -5,6 +5,7 @@
 //       journalName, freshName, spareName, stemOfJournal.
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -14,7 +15,7 @@
 
 namespace tess {
 
-inline constexpr std::size_t kLargestJournal = 16 * 1024;
+inline constexpr std::size_t kLargestJournal = std::size_t{16} * 1024;
 
 struct SaveJournal {
   static constexpr std::size_t kMaxFiles = 4;

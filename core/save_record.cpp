@@ -17,7 +17,7 @@
 namespace tess {
 namespace {
 
-constexpr std::size_t kLargestRecord = 256 * 1024;
+constexpr std::size_t kLargestRecord = std::size_t{256} * 1024;
 constexpr std::size_t kLinesKept = 500;
 constexpr char kLineEnd[] = "\r\n";
 constexpr std::size_t kWords = 4;  // before the path: two checksums, date, time
