@@ -50,7 +50,7 @@
   DRAFTING(kArcC2PCommand)                                                 \
   DRAFTING(kCircle3PCommand)                                               \
   DRAFTING(kCircleC1PCommand)                                              \
-  DRAFTING(kBoltCircleCommand)                                             \
+  TOOLPATH(kBoltCircleCommand)                                             \
   DRAFTING(kTextCommand)                                                   \
   SHELL(kToolChestCommand)                                                 \
   DRAFTING(kMeasureCommand)                                                \

@@ -2,7 +2,9 @@
 //
 // A step of many records would pass over the tables once for each. Instead the tables are taken out
 // for the step: drawing rows are found through their hashed ends, and path rows lie in two halves
-// on either side of the place where work goes on. Both give the rows that plain passes give.
+// on either side of the place where work goes on. Path rows are those that plain passes give. So
+// are drawing rows, unless a copy within the tolerance lies behind the row itself: then that goes,
+// so that undo leads to the very numbers that were there.
 #include "drafting/change_walk.h"
 
 #include <algorithm>
@@ -12,7 +14,7 @@
 
 #include "core/drawing_store.h"
 #include "core/runtime_failure.h"
-#include "geometry/end_point_index.h"
+#include "drafting/row_finder.h"
 
 namespace tess {
 namespace {
@@ -69,26 +71,26 @@ void settle(RowChanges<Row>& table, const std::vector<HeldRow<Row>>& rows) {
 }
 
 // The drawing table during a step, taken out with the first record that needs it. Rows that go are
-// marked until the end, so that the others keep their places; the last row is never a marked one.
+// marked until the end, so that the others keep their places.
 class DrawnRows {
  public:
   explicit DrawnRows(const DrawingStore& store) : store_(store) {}
 
   void takeAway(const clsSegment& record) {
     takeOut();
-    const std::size_t row = find(record);
-    if (row == kNone) return;
-    rows_[row].gone = true;
+    const auto rowAt = [this](std::size_t place) -> const SegmentRow& { return rows_[place].row; };
+    const std::size_t place = finder_->takeClosest(record, rowAt);
+    if (place == RowFinder::kNone) return;
+    rows_[place].gone = true;
     --live_;
-    if (ends_) ends_->remove(static_cast<int>(row));
-    while (!rows_.empty() && rows_.back().gone) rows_.pop_back();
   }
 
   void bringBack(const clsSegment& record) {
     takeOut();
     live_ = Int16(live_ + 1);
+    // Fixed: a drawing row comes back as the last one; row numbers in scripts go by that.
     rows_.push_back({{drawnRow(record)}});
-    if (ends_) index(rows_.size() - 1);
+    finder_->add(rows_.size() - 1, rows_.back().row);
   }
 
   void putBack(SegmentChanges& table) const {
@@ -105,50 +107,23 @@ class DrawnRows {
   struct Row : HeldRow<SegmentRow> {
     bool gone = false;
   };
-  static constexpr std::size_t kNone = static_cast<std::size_t>(-1);
 
   void takeOut() {
     if (std::exchange(out_, true)) return;
     live_ = store_.NumSegments;
     rows_.reserve(static_cast<std::size_t>(live_) + 1);
-    for (int sg = 1; sg <= live_; ++sg) rows_.push_back({{segmentRow(store_, sg), sg}});
-  }
-
-  // The last row that matches. Mostly that is the last one of all, which needs no index.
-  std::size_t find(const clsSegment& record) {
-    if (rows_.empty()) return kNone;
-    if (isMatch(record, rows_.size() - 1)) return rows_.size() - 1;
-    if (!ends_) indexAll();
-    ends_->rowsAt({record.x0, record.y0}, found_);
-    const auto match = std::find_if(found_.rbegin(), found_.rend(), [&](const EndMatch& end) {
-      return end.atStart && isMatch(record, static_cast<std::size_t>(end.row));
-    });
-    return match == found_.rend() ? kNone : static_cast<std::size_t>(match->row);
-  }
-
-  bool isMatch(const clsSegment& record, std::size_t row) const {
-    return isSameRow(record, rows_[row].row, store_.cfg_tolerance);
-  }
-
-  void indexAll() {
-    ends_.emplace(store_.cfg_tolerance);
-    ends_->reserve(static_cast<int>(rows_.size()));
-    for (std::size_t row = rows_.size(); row-- > 0;) {
-      if (!rows_[row].gone) index(row);
+    finder_.emplace(store_.cfg_tolerance, static_cast<std::size_t>(live_));
+    for (int sg = 1; sg <= live_; ++sg) {
+      rows_.push_back({{segmentRow(store_, sg), sg}});
+      finder_->add(rows_.size() - 1, rows_.back().row);
     }
-  }
-
-  void index(std::size_t row) {
-    const SegmentRow& held = rows_[row].row;
-    ends_->update(static_cast<int>(row), {held.x0, held.y0}, {held.x1, held.y1});
   }
 
   const DrawingStore& store_;
   bool out_ = false;
   int live_ = 0;
   std::vector<Row> rows_;
-  std::optional<EndPointIndex> ends_;  // of the rows by their place in rows_
-  std::vector<EndMatch> found_;
+  std::optional<RowFinder> finder_;  // of those that are not gone
 };
 
 // The path table during a step: the rows before and behind the place of work, the latter in

@@ -6,9 +6,10 @@
 
 namespace tess {
 
-// Rows are found by their contents. Drawing rows come back at the end of the table, path rows at
-// the place and with the code that they had. A record whose row is not found is passed over. A walk
-// that fails has done nothing.
+// Rows are found by their contents; of drawing rows that match within the tolerance the very row of
+// the record goes first. Drawing rows come back at the end of the table, path rows at the place and
+// with the code that they had. A record whose row is not found is passed over. A walk that fails
+// has done nothing.
 void undoStep(Changes& changes);
 void redoStep(Changes& changes);
 

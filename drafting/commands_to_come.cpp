@@ -14,38 +14,6 @@ constexpr Action<Desk> kTextActions[] = {
 
 }  // namespace
 
-constexpr DeskCommand kPasteCommand{
-    .info = {.tool = "miPaste", .caption = "&Paste", .key = "P", .menu = {"miEdit", 230}},
-    .run = kNotYet,
-};
-
-constexpr DeskCommand kScaleDrawingCommand{
-    .info = {.tool = "miScaleDrawing",
-             .caption = "&Scale Drawing...",
-             .key = "S",
-             .menu = {"miEdit", 520}},
-    .run = kNotYet,
-    .repeat = {{PendingAction::ScaleDrawing}},
-};
-
-constexpr DeskCommand kMirrorCommand{
-    .info = {.tool = "miMirror", .caption = "Mirr&or...", .menu = {"miEdit", 530}},
-    .run = kNotYet,
-};
-
-constexpr DeskCommand kRotateCommand{
-    .info = {.tool = "miRotate", .caption = "Rota&te...", .menu = {"miEdit", 540}},
-    .run = kNotYet,
-};
-
-constexpr DeskCommand kBoltCircleCommand{
-    .info = {.tool = "miBoltCircle",
-             .caption = "&Bolt Circle...",
-             .menu = {"miDraw", 210},
-             .bar = {"barDraw", 270}},
-    .run = kNotYet,
-};
-
 constexpr DeskCommand kTextCommand{
     .info = {.tool = "miText",
              .caption = "&Text...",

@@ -4,6 +4,7 @@
 #include <utility>
 #include <vector>
 
+#include "drafting/copy_paste.h"
 #include "drafting/drafting_commands.h"
 #include "drafting/edit_steps.h"
 #include "drafting/entity_creation.h"
@@ -16,24 +17,11 @@ namespace {
 
 enum class Deletion { Nothing, Done, Refused };
 
-bool isSelectedOrdinary(const DrawingStore& store, int sg) {
-  return store.segattr[sg] == kSelected + kOrdinaryClass;
-}
-
-std::vector<clsSegment> selectedRecords(const DrawingStore& store) {
-  std::vector<clsSegment> records;
-  for (int sg = 1; sg <= store.NumSegments; ++sg) {
-    if (!isSelectedOrdinary(store, sg)) continue;
-    records.emplace_back().SetSegment(segmentRow(store, sg), "D", /*start=*/false);
-  }
-  return records;
-}
-
 template <class Table, class Goes>
 Deletion deleteWhere(Desk& desk, Table table, Goes goes) {
   Change change(desk.changes);
   if (table.rows(change).eraseWhere(goes) == 0) return Deletion::Nothing;
-  return keepEdit(desk, change, kRowsDeleted) ? Deletion::Done : Deletion::Refused;
+  return keepEdit(desk, change, {.undoMark = kRowsDeleted}) ? Deletion::Done : Deletion::Refused;
 }
 
 Deletion deleteSelected(Desk& desk) {
@@ -42,9 +30,9 @@ Deletion deleteSelected(Desk& desk) {
     return deleteWhere(desk, PlacedTable{},
                        [&store](int ps) { return isSelected(store.pscode[ps]); });
   }
-  std::vector<clsSegment> records = selectedRecords(store);
-  const Deletion deletion =
-      deleteWhere(desk, DrawnTable{}, [&store](int sg) { return isSelectedOrdinary(store, sg); });
+  std::vector<clsSegment> records = recordsToPaste(store, /*clicked=*/0);
+  const Deletion deletion = deleteWhere(
+      desk, DrawnTable{}, [&store](int sg) { return isSelectedOrdinary(store.segattr[sg]); });
   if (deletion == Deletion::Done) fillPasteBuffer(desk, std::move(records));
   return deletion;
 }
@@ -55,7 +43,8 @@ void clickDelete(Desk& desk) {
     if (number < 1) return;
     Change change(desk.changes);
     table.rows(change).erase(number);
-    if (keepEdit(desk, change, kRowsDeleted)) UnselectAll(desk);
+    const Keeping keeping{.undoMark = kRowsDeleted, .redraws = false};
+    if (keepEdit(desk, change, keeping)) UnselectAll(desk);
   });
 }
 
@@ -72,8 +61,7 @@ void mnuEditCut_Click(Desk& desk) {
   if (selectedCount(desk.store) < 1) {
     return warn(desk, "No line segments are currently selected.", "Cut");
   }
-  fillPasteBuffer(desk, selectedRecords(desk.store));
-  desk.state.setPendingaction(0);
+  Copy_segment(desk);
   mnuEditDelete_Click(desk);
 }
 

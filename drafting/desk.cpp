@@ -24,7 +24,10 @@ Desk::Desk(const DeskParts& parts)
   state.effects = {.refreshStatus = [this] { refreshStatus(*this); },
                    .showDrawMode = [this] { refreshDrawMode(); }};
   redraw.onCleared = [this] { forgetInverted(); };
-  redraw.onPainted = [this] { showSecondPoint(*this); };
+  redraw.onPainted = [this] {
+    showSecondPoint(*this);
+    showPreview(*this);
+  };
 }
 
 Desk::~Desk() {
@@ -43,6 +46,7 @@ void Desk::forgetInverted() {
   pointer.RubberKind = 0;
   pointer.DragBand = 0;
   hovering.clear();
+  formPreview.shown = false;
   command.secondCrossShown = false;
   state.forgetMark();
 }

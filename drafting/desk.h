@@ -17,6 +17,7 @@
 #include "display/view_commands.h"
 #include "drafting/c_state.h"
 #include "drafting/change.h"
+#include "drafting/form_preview.h"
 #include "drafting/known_commands.h"
 #include "drafting/paste_buffer.h"
 #include "geometry/entity.h"
@@ -49,6 +50,7 @@ struct CommandRecord {
   bool secondCrossShown = false;           // the second point's cross is on the screen
   bool EditPaths = false;                  // editing works on path rows
   int LastCommand = 0;
+  float rotateDegrees = 0;  // what was taken last; 0 until then
   int PendingSeg1 = 0, PendingSeg2 = 0;
   Entity PendingRow1;  // PendingSeg1 as it was picked: by the next click it may be another row
   Point PendingPt1, PendingPt2;
@@ -105,6 +107,7 @@ struct Desk : DeskParts, KnownCommands {
   ArcScratch arc;
   PasteBuffer paste;
   std::vector<SegmentRow> hovering;  // what the armed action shows on the screen
+  FormPreview formPreview;           // and what a form does
   ChangeLog changelog;
   std::unique_ptr<ChangeHost> changeHost;
   Changes changes;

@@ -9,6 +9,7 @@
 #include "display/screen_marks.h"
 #include "drafting/drafting_commands.h"
 #include "drafting/rubber_band.h"
+#include "geometry/entity.h"
 #include "geometry/float_angles.h"
 #include "geometry/float_circles.h"
 

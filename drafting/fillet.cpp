@@ -146,7 +146,9 @@ void clickFilletSecond(Desk& desk) {
     if (!radius) return;
     if (*radius <= 0 || *radius > kLargestRadius) return beep(desk);
     desk.command.filletRadius = *radius;
-    tellFillet(desk, filletRows(desk.changes, table, pickedRow(desk, table), second, *radius));
+    tellFillet(desk, editByClick(desk, [&] {
+                 return filletRows(desk.changes, table, pickedRow(desk, table), second, *radius);
+               }));
   });
 }
 
@@ -163,7 +165,6 @@ FilletResult addPathFillet(Changes& changes, int psA, int psB, float radius) {
 void tellFillet(Desk& desk, FilletResult result) {
   switch (result) {
     case FilletResult::Added:
-      desk.state.updateProperties = true;
       return;
     case FilletResult::NoCommonEnd:
       return warn(desk, "The 2 line segments must intersect at exactly one point.", kTitle);

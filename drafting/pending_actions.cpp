@@ -71,6 +71,7 @@ void completeLeft(Desk& desk) {
 void completeRight(Desk& desk) {
   desk.pointer.RightDown = false;
   if (desk.state.pendingaction() != 0) {
+    eraseDragBand(desk);
     desk.state.setPendingaction(0);
   } else {
     dropThreePointCommand(desk);

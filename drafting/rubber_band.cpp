@@ -5,6 +5,7 @@
 
 #include "display/arrowheads.h"
 #include "drafting/entity_creation.h"
+#include "drafting/form_preview.h"
 #include "drafting/pending_actions.h"
 
 namespace tess {
@@ -79,7 +80,7 @@ void invertHovering(Desk& desk) {
   if (desk.hovering.empty()) return;
   desk.ScreenProxy.setDrawMode(PenMode::NotXor);
   desk.ScreenProxy.setDrawStyle(PenStyle::Solid);
-  traceShape(desk, desk.hovering);
+  traceHovering(desk, desk.hovering);
   desk.ScreenProxy.setDrawMode(PenMode::Copy);
 }
 

@@ -168,7 +168,7 @@ void unselectAllSegments(Desk& desk) {
 int selectedCount(const DrawingStore& store) {
   int count = 0;
   for (int sg = 1; sg <= store.NumSegments; ++sg) {
-    if (store.segattr[sg] == kSelectedRow) ++count;
+    if (isSelectedOrdinary(store.segattr[sg])) ++count;
   }
   return count;
 }

@@ -1,8 +1,8 @@
 // Selection: marking rows by click, by window and along chains. The mark lives in segattr and
 // pscode; it is part of the rows, not of the undo steps.
-// Owns: selectedCount, selectedAttribute, selectedCode, markSegment, markPathSegment,
-//       SelectionWindow, SelectWindow, SelectContiguous, SelectConnected, selectContiguousPaths,
-//       mnuDrawSelect_Click, mnuDrawUnselect_Click, mnuDrawSelectContiguous,
+// Owns: isSelectedOrdinary, selectedCount, selectedAttribute, selectedCode, markSegment,
+//       markPathSegment, SelectionWindow, SelectWindow, SelectContiguous, SelectConnected,
+//       selectContiguousPaths, mnuDrawSelect_Click, mnuDrawUnselect_Click, mnuDrawSelectContiguous,
 //       mnuDrawUnselectContiguous, mnuDrawSelectAll_Click, mnuDrawUnselectAll_Click, UnselectAll,
 //       collectSelected.
 #pragma once
@@ -14,7 +14,10 @@
 
 namespace tess {
 
-// Rows whose segattr is exactly a selected ordinary entity: verified rows do not count.
+// A selected ordinary entity exactly: verified rows are none.
+constexpr bool isSelectedOrdinary(int segattr) {
+  return segattr == kSelectedRow;
+}
 int selectedCount(const DrawingStore& store);
 
 // The attribute or code of a row selected or not. Selecting a drawing row forgets the hundreds, and

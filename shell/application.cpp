@@ -6,8 +6,10 @@
 #include "core/drawing_store.h"
 #include "core/lifecycle.h"
 #include "core/version.h"
+#include "drafting/copy_paste.h"
 #include "drafting/grids.h"
 #include "drafting/object_snap.h"
+#include "drafting/scale_drawing.h"
 #include "drafting/undo.h"
 #include "import/frmDXF.h"
 #include "shell/commands.h"
@@ -166,10 +168,13 @@ void Application::Listener::resetUndoState() {
   tess::resetUndoState(application_.interaction.desk);
 }
 
-// The paste buffer and scaling do not exist yet: nothing is cleared, and rows keep their size when
-// the units change.
-void Application::Listener::Clear_Paste() {}
-void Application::Listener::scaleDrawing(float /*factor*/) {}
+void Application::Listener::Clear_Paste() {
+  tess::Clear_Paste(application_.interaction.desk);
+}
+
+void Application::Listener::scaleDrawing(float factor) {
+  convertDrawing(application_.interaction.desk, factor);
+}
 
 void Application::Listener::UnselectAll() {
   application_.interaction.desk.state.Selected.clear();

@@ -5,6 +5,7 @@
 #include <unistd.h>
 #include <utility>
 
+#include "core/drawing_store.h"
 #include "core/file_system.h"
 #include "core/lifecycle.h"
 #include "core/settings.h"

@@ -3,14 +3,16 @@
 
 #include <string>
 
-#include "core/file_system.h"
-
 namespace tess {
 namespace {
 
-std::string shortName(const UnsavedWork& work) {
-  return work.drawing.empty() ? "<Untitled>" : std::string(fileNameOf(work.drawing));
-}
+constexpr char kExplanation[] =
+    "The program was interrupted before this work was saved.\n\n"
+    "Restore opens it as it was; its drawing file stays as it is until you save.\n"
+    "Ask Later keeps it for the next start.\n"
+    "Discard removes it for good.";
+constexpr char kOneAtATime[] =
+    "\n\nOne drawing can be restored at a time; the next start offers the rest.";
 
 std::string counted(int count, const std::string& one) {
   return std::to_string(count) + " " + one + (count == 1 ? "" : "s");
@@ -20,16 +22,14 @@ std::string counted(int count, const std::string& one) {
 
 frmRestore::frmRestore(const std::vector<UnsavedWork>& work)
     : Form("frmRestore", "Unsaved Work"), work_(work) {
-  lblExplanation.setCaption(
-      "The program was interrupted before this work was saved. Restoring opens it as it was; the "
-      "drawing file stays as it is until you save.");
+  lblExplanation.setCaption(kExplanation + std::string(work.size() > 1 ? kOneAtATime : ""));
   cmdRestore.setCaption("&Restore");
   cmdLater.setCaption("Ask &Later");
   cmdDiscard.setCaption("&Discard");
   setDefaultButton(cmdRestore);
   setCancelButton(cmdLater);
   onLoad = [this] {
-    for (const UnsavedWork& each : work_) lstWork.addItem(shortName(each) + ", " + each.when);
+    for (const UnsavedWork& each : work_) lstWork.addItem(each.shortName() + ", " + each.when);
     lstWork.setIndex(0);
   };
   lstWork.onClick = [this] { showDetails(); };

@@ -24,7 +24,9 @@ class frmRestore : public Form {
 
   enum class Choice { Later, Restore, Discard };
   Choice choice() const { return choice_; }
-  const UnsavedWork& chosen() const { return work_.at(static_cast<std::size_t>(lstWork.index())); }
+  // Its place in `work`.
+  std::size_t chosenIndex() const { return static_cast<std::size_t>(lstWork.index()); }
+  const UnsavedWork& chosen() const { return work_.at(chosenIndex()); }
 
  private:
   void choose(Choice choice);

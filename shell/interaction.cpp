@@ -50,6 +50,7 @@ void Interaction::Update_menu_checks() {
   tools.setChecked(kShowEndMarkersCommand.info.tool, store.endmarkers != 0);
   tools.setChecked(kShowToolPathsCommand.info.tool, store.showpaths != 0);
   tools.setChecked(kToolRadiusOutlineCommand.info.tool, store.tooloutline != 0);
+  tools.setEnabled(kPasteCommand.info.tool, desk.paste.pasteavailable);
 }
 
 void Interaction::showRecentFiles() {

@@ -71,10 +71,6 @@ class Interaction : public ViewHost, public RedrawListener, public DeskListener 
   Session& session_;
 
  public:
-  // The property window, when there is one: the selection changed, or one entity was picked.
-  std::function<void()> onPropertiesChanged;
-  std::function<void(int sg)> onEntityPicked;
-
   // Each works on those above it, and each may tell this as a listener as long as it lives: what
   // listening needs stands above them all.
   ToolHost tools;

@@ -2,6 +2,7 @@
 #include "shell/recovery.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <ctime>
 #include <optional>
@@ -83,7 +84,20 @@ void findIn(const Session& session, const std::string& path, std::vector<Unsaved
   }
 }
 
+bool agreesToDiscard(Session& session, const UnsavedWork& work) {
+  int answer = 0;
+  askUser(session,
+          "The unsaved work on " + work.shortName() + ", last changed " + work.when +
+              ", will be gone for good.",
+          kAskOkCancel, answer);
+  return answer == kAnswerOk;
+}
+
 }  // namespace
+
+std::string UnsavedWork::shortName() const {
+  return drawing.empty() ? "<Untitled>" : std::string(fileNameOf(drawing));
+}
 
 std::vector<UnsavedWork> findUnsavedWork(const Session& session) {
   std::vector<UnsavedWork> found;
@@ -116,13 +130,17 @@ void restoreWork(Application& application, const UnsavedWork& work) {
 
 void offerUnsavedWork(Application& application) {
   const Procedure here("offerUnsavedWork()");
-  const std::vector<UnsavedWork> found = findUnsavedWork(application.session);
-  if (found.empty()) return;
-  frmRestore form(found);
-  application.session.host.prompts.showModal(form);
-  if (form.choice() == frmRestore::Choice::Restore) restoreWork(application, form.chosen());
-  if (form.choice() == frmRestore::Choice::Discard) {
-    form.chosen().journal.remove(application.session.host.guard);
+  Session& session = application.session;
+  std::vector<UnsavedWork> found = findUnsavedWork(session);
+  while (!found.empty()) {
+    frmRestore form(found);
+    session.host.prompts.showModal(form);
+    if (form.choice() == frmRestore::Choice::Later) return;
+    const auto chosen = found.begin() + static_cast<std::ptrdiff_t>(form.chosenIndex());
+    if (form.choice() == frmRestore::Choice::Restore) return restoreWork(application, *chosen);
+    if (!agreesToDiscard(session, *chosen)) continue;
+    chosen->journal.remove(session.host.guard);
+    found.erase(chosen);
   }
 }
 

@@ -18,6 +18,8 @@ struct UnsavedWork {
   std::string drawing;    // its path, "" for an untitled one
   std::string when;       // date and time of day of the last change
   int segments = 0, paths = 0;
+
+  std::string shortName() const;
 };
 
 // The newest first. A journal that says nothing the saved drawing does not say is removed on the
@@ -28,7 +30,8 @@ std::vector<UnsavedWork> findUnsavedWork(const Session& session);
 // this run, if it keeps one, takes the place of the one that was left.
 void restoreWork(Application& application, const UnsavedWork& work);
 
-// What a start ends with: asks what shall become of unsaved work, if there is any.
+// What a start ends with: asks what shall become of unsaved work, if there is any, until something
+// is restored or the rest is to wait. Nothing is removed without a second question.
 void offerUnsavedWork(Application& application);
 
 }  // namespace tess

@@ -86,19 +86,21 @@ int cycleNumber(const std::string& cycletext) {
   return cycletext.size() < 2 ? 0 : parseInteger(cycletext.substr(1, 2));
 }
 
-void placeCyclesAtSelectedCircles(CamDesk& cam, int cycle) {
-  DrawingStore& store = cam.store;
-  bool placedAny = false;
+void placeCyclesAt(CamDesk& cam, int cycle, std::span<const Point> points) {
+  if (points.empty()) return;
   Change change(cam.changes);
-  for (int sg = 1; sg <= store.NumSegments; ++sg) {
-    if (!isSelectedCircle(store, sg)) continue;
-    if (!placedAny) store.currentpathgroup = nextPathGroup(store);
-    const Point center = segmentEntity(store, sg).center;
-    placeCycle(cam, change, cycleRow(store, cycle, center, center));
-    placedAny = true;
-  }
+  cam.store.currentpathgroup = nextPathGroup(cam.store);
+  for (const Point at : points) placeCycle(cam, change, cycleRow(cam.store, cycle, at, at));
   change.keep({.redraws = false});
-  if (placedAny) refreshStatus(cam.desk);  // no click follows that would show the new count
+  refreshStatus(cam.desk);  // no click follows that would show the new count
+}
+
+void placeCyclesAtSelectedCircles(CamDesk& cam, int cycle) {
+  std::vector<Point> centers;
+  for (int sg = 1; sg <= cam.store.NumSegments; ++sg) {
+    if (isSelectedCircle(cam.store, sg)) centers.push_back(segmentEntity(cam.store, sg).center);
+  }
+  placeCyclesAt(cam, cycle, centers);
 }
 
 void mnuCAMAddMachCycle_Click(CamDesk& cam) {

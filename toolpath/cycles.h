@@ -1,8 +1,9 @@
 // Machine cycles: a template of the setup placed as one path row at a point.
-// Owns: cycleNumber, placeCyclesAtSelectedCircles, mnuCAMAddMachCycle_Click,
+// Owns: cycleNumber, placeCyclesAt, placeCyclesAtSelectedCircles, mnuCAMAddMachCycle_Click,
 //       CAMAddMachCycleDeferred.
 #pragma once
 
+#include <span>
 #include <string>
 
 #include "toolpath/cam_desk.h"
@@ -12,8 +13,11 @@ namespace tess {
 // The G number of a template: what characters 2 and 3 of its text read as; 0 for no digits there.
 int cycleNumber(const std::string& cycletext);
 
-// One row of template `cycle` (from 0) at the centre of every selected circle or full arc, in one
-// new group and as one step of the log. Rows in index order.
+// One row of template `cycle` (from 0) at each point, in one new group and as one step of the log.
+// Without a point there is no group either.
+void placeCyclesAt(CamDesk& cam, int cycle, std::span<const Point> points);
+
+// The same at the centre of every selected circle or full arc, in index order.
 void placeCyclesAtSelectedCircles(CamDesk& cam, int cycle);
 
 // Asks for a template, then places it at the marker at once, or arms the click that places it.

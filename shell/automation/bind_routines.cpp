@@ -15,6 +15,7 @@
 #include "shell/automation/lua_routines.h"
 #include "shell/automation/tool_chest_routines.h"
 #include "shell/automation/toolpath_routines.h"
+#include "shell/automation/transform_routines.h"
 
 namespace tess {
 namespace {
@@ -138,7 +139,7 @@ constexpr Routine kRoutines[] = {
 void bindRoutines(lua_State* L) {
   std::vector<Routine> routines(std::begin(kRoutines), std::end(kRoutines));
   for (const std::span<const Routine> more :
-       {editingRoutines(), toolChestRoutines(), toolpathRoutines()}) {
+       {editingRoutines(), transformRoutines(), toolChestRoutines(), toolpathRoutines()}) {
     routines.insert(routines.end(), more.begin(), more.end());
   }
   setRoutines(L, "call", routines);

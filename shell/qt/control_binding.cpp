@@ -22,6 +22,7 @@
 #include <utility>
 
 #include "shell/frmPDFHelp.h"
+#include "shell/qt/bolt_pane.h"
 #include "shell/qt/icons.h"
 #include "shell/qt/pdf_pane.h"
 #include "shell/qt/prop_list_pane.h"
@@ -494,10 +495,22 @@ class PdfBinding : public BindingOf<PdfViewer, PdfPane> {
   }
 };
 
-std::unique_ptr<ControlBinding> boundPdf(Control& control, QWidget& widget, FormActions& actions) {
-  auto* pane = dynamic_cast<PdfPane*>(&widget);
-  if (pane == nullptr || dynamic_cast<PdfViewer*>(&control) == nullptr) return nullptr;
-  return std::make_unique<PdfBinding>(control, *pane, actions);
+class BoltBinding : public BindingOf<BoltPreview, BoltPane> {
+ public:
+  using BindingOf::BindingOf;
+
+ protected:
+  void showOwn(Property property) override {
+    if (property == Property::Content) shown_.show(model_.marks());
+  }
+};
+
+// A picture that a pane of its own paints, where both are there.
+template <class Binding, class Model, class Pane>
+std::unique_ptr<ControlBinding> boundPane(Control& control, QWidget& widget, FormActions& actions) {
+  auto* pane = dynamic_cast<Pane*>(&widget);
+  if (pane == nullptr || dynamic_cast<Model*>(&control) == nullptr) return nullptr;
+  return std::make_unique<Binding>(control, *pane, actions);
 }
 
 // The list of named values, when that is shown by a pane that paints its rows.
@@ -565,7 +578,8 @@ constexpr std::array kBindings{
     KindOfBinding{ControlKind::Combo, bound<ComboBinding, QComboBox>},
     KindOfBinding{ControlKind::Label, bound<LabelBinding, QLabel>},
     KindOfBinding{ControlKind::Slider, bound<SliderBinding, QAbstractSlider>},
-    KindOfBinding{ControlKind::Picture, boundPdf},
+    KindOfBinding{ControlKind::Picture, boundPane<PdfBinding, PdfViewer, PdfPane>},
+    KindOfBinding{ControlKind::Picture, boundPane<BoltBinding, BoltPreview, BoltPane>},
     KindOfBinding{ControlKind::Picture, bound<PictureBinding, QWidget>},
     KindOfBinding{ControlKind::Frame, bound<FrameBinding, QWidget>},
 };

@@ -24,6 +24,7 @@
 #include <utility>
 #include <vector>
 
+#include "shell/qt/bolt_pane.h"
 #include "shell/qt/control_binding.h"
 #include "shell/qt/pdf_pane.h"
 #include "shell/qt/prop_list_pane.h"
@@ -49,7 +50,8 @@ struct OwnClass {
 
 constexpr std::array kOwnClasses{
     OwnClass{"QComboBox", make<DropDownBox>}, OwnClass{"PdfPane", make<PdfPane>},
-    OwnClass{"PropListPane", make<PropListPane>}, OwnClass{"QTabBar", make<QTabBar>}};
+    OwnClass{"BoltPane", make<BoltPane>}, OwnClass{"PropListPane", make<PropListPane>},
+    OwnClass{"QTabBar", make<QTabBar>}};
 
 class Loader : public QUiLoader {
  public:

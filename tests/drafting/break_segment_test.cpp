@@ -46,7 +46,7 @@ TEST(Break, KeepsTheFirstPartInItsRowAndPutsTheSecondAtTheEnd) {
             (Texts{"1 (0, 0)-(1, 0)", "1 (0, 3)-(4, 3)", "1 (1, 0)-(4, 0)"}));
 }
 
-TEST(Break, OfAnArcKeepsKindCentreAndClass) {
+TEST(Break, OfAnArcKeepsKindCenterAndClass) {
   BreakDesk d;
   d.add({.type = 3, .attr = 10, .x0 = 2, .y0 = 0, .x1 = -2, .y1 = 0});
   expectOneStep(d, [&d] { d.breakAt(0, 3); });
@@ -129,7 +129,7 @@ TEST(Break, OfAPathRowPutsTheRestRightBehindIt) {
   EXPECT_EQ(d.store.lastplacedgroup, 7) << "nothing was placed";
 }
 
-TEST(Break, OfAPathArcKeepsItsCentre) {
+TEST(Break, OfAPathArcKeepsItsCenter) {
   BreakDesk d;
   addPathSegment(d.store, {.type = 2, .x0 = -2, .x1 = 2, .z = -1, .code = 100});
   d.desk.command.EditPaths = true;

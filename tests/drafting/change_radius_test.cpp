@@ -51,7 +51,7 @@ TEST(ChangeRadius, ShowsTheRadiusAndTheSmallestOne) {
   EXPECT_EQ(d.shown, (Texts{"1.0000", "0.7071"}));
 }
 
-TEST(ChangeRadius, OfAnArcKeepsItsEndsAndTakesTheNearerCentre) {
+TEST(ChangeRadius, OfAnArcKeepsItsEndsAndTakesTheNearerCenter) {
   RadiusDesk d;
   d.add({.type = 2, .attr = 10, .x0 = -3, .y0 = 0, .x1 = 3, .y1 = 0, .xc = 0, .yc = -4});
   mnuChangeRad_Click(d.desk);
@@ -68,13 +68,13 @@ TEST(ChangeRadius, OfAnArcKeepsItsEndsAndTakesTheNearerCentre) {
   EXPECT_EQ(d.pending(), 0);
 }
 
-TEST(ChangeRadius, OnATieTakesTheFirstCentre) {
+TEST(ChangeRadius, OnATieTakesTheFirstCenter) {
   ArcDesk d;
   d.change("1.25");
   EXPECT_EQ(segmentTexts(d.store), (Texts{"3 (1, 0)-(-1, 0) c (0, 0.75) @10"}));
 }
 
-TEST(ChangeRadius, OfACircleStartsItLeftOfItsCentre) {
+TEST(ChangeRadius, OfACircleStartsItLeftOfItsCenter) {
   RadiusDesk d;
   d.add({.type = 5, .x0 = 2, .y0 = 1, .x1 = 2, .y1 = 1, .xc = 1, .yc = 1});
   expectOneStep(d, [&d] { d.change("0.5"); });

@@ -1,12 +1,12 @@
 // What the commands of the edit menu arm, and what the repeat key issues again.
-#include "drafting/edit_commands.h"
-
 #include "gtest/gtest.h"
 
 #include "core/drawing_store.h"
 #include "drafting/break_segment.h"
 #include "drafting/change_radius.h"
+#include "drafting/copy_paste.h"
 #include "drafting/delete_rows.h"
+#include "drafting/edit_paths.h"
 #include "drafting/entity_creation.h"
 #include "drafting/entity_info.h"
 #include "drafting/fillet.h"
@@ -14,6 +14,7 @@
 #include "drafting/join_ends.h"
 #include "drafting/measure.h"
 #include "drafting/move_end_points.h"
+#include "drafting/move_rows.h"
 #include "drafting/pending_actions.h"
 #include "drafting/remove_vertex.h"
 #include "drafting/repeat_key.h"
@@ -168,8 +169,7 @@ TEST(RepeatKey, AfterTheSecondClickOfAFilletStartsWithTheFirst) {
 }
 
 TEST(RepeatKey, OtherNumbersDoNothing) {
-  for (const int last :
-       {-1, 0, 1, 3, 8, 12, 17, 20, 24, 25, 29, 32, 33, 37, 39, 41, 44, 48, 1000}) {
+  for (const int last : {-1, 0, 1, 3, 8, 12, 17, 20, 24, 25, 29, 32, 33, 39, 41, 44, 48, 1000}) {
     RecordedDesk d;
     d.addLine(0, 0, 1, 0);
     d.desk.command.LastCommand = last;

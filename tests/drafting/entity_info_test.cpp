@@ -34,7 +34,7 @@ TEST(EntityInfo, TellsLengthAndBearingOfALine) {
             "Line Length: 4.243\nBearing: -45.");
 }
 
-TEST(EntityInfo, TellsCentreRadiusAndAnglesOfAnArc) {
+TEST(EntityInfo, TellsCenterRadiusAndAnglesOfAnArc) {
   InfoDesk d;
   EXPECT_EQ(d.infoOf(SegmentRow{.type = 3, .x0 = 3, .y0 = 1, .x1 = 1, .y1 = -1, .xc = 1, .yc = 1}),
             "Entity #: 1\nType: CCW Arc\n_____________________________________\n"

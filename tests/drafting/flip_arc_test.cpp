@@ -51,7 +51,7 @@ TEST(FlipArc, OfADrawnCircleTurnsItOverItsStart) {
   EXPECT_EQ(segmentTexts(d.store), (Texts{"3 (2, 0)-(2, 0) c (4, 0)"}));
 }
 
-TEST(ReverseArc, KeepsEndsAndCentreAndRunsTheOtherWay) {
+TEST(ReverseArc, KeepsEndsAndCenterAndRunsTheOtherWay) {
   ArcDesk d;
   mnuEditRevArc_Click(d.desk);
   EXPECT_EQ(d.prompt(), "Click near arc to reverse.");

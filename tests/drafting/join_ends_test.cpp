@@ -145,7 +145,7 @@ TEST(PathJoin, ComesBehindTheRowNearestToTheClickAndIsCutAsThatIs) {
   EXPECT_EQ(d.store.lastplacedgroup, 7) << "nothing was placed";
 }
 
-TEST(PathJoin, ByAnArcKeepsItsCentre) {
+TEST(PathJoin, ByAnArcKeepsItsCenter) {
   PathGap d;
   expectOneStep(d, [&d] { d.join({{-1, 0}, {1, 0}, {-0.6F, 0.8F}}); });
   ASSERT_EQ(d.store.NumPathSegments, 3);

@@ -95,7 +95,7 @@ TEST(MoveEndPoint, RemovesManyLinesInTheirPlaces) {
 
 // ---- Arcs
 
-TEST(MoveArcEnd, KeepsTheRadiusAndTakesTheNearerCentre) {
+TEST(MoveArcEnd, KeepsTheRadiusAndTakesTheNearerCenter) {
   MoveDesk d;
   d.add({.type = 3, .x0 = 1, .y0 = 0, .x1 = -1, .y1 = 0});
   expectOneStep(d, [&d] { d.moveEnd({-1, 0}, {0, 1}); });

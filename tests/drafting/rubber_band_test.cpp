@@ -4,7 +4,7 @@
 #include "gtest/gtest.h"
 
 #include "core/drawing_store.h"
-#include "drafting/edit_commands.h"
+#include "drafting/edit_paths.h"
 #include "drafting/enter_position.h"
 #include "drafting/entity_creation.h"
 #include "drafting/flip_arc.h"

@@ -3,7 +3,7 @@
 
 #include "gtest/gtest.h"
 
-#include "drafting/edit_commands.h"
+#include "drafting/edit_paths.h"
 #include "tests/support/drafting_desk.h"
 #include "tests/support/edit_checks.h"
 

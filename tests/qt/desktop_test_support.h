@@ -1,6 +1,7 @@
 // What tests of the desktop share: the toolkit on a platform without a screen, a gateway that lets
 // failures through to the test, and pictures kept for the eye.
-// Owns: ToolkitEnvironment, kToolkitEnvironment, toolkit, passThrough, waitFor, keepScreenshot.
+// Owns: ToolkitEnvironment, kToolkitEnvironment, toolkit, passThrough, kPatienceMs, waitFor,
+//       keepScreenshot.
 #pragma once
 
 #include <QApplication>
@@ -54,14 +55,18 @@ inline Guard passThrough() {
   };
 }
 
-// Serves events until the condition holds, asleep while there are none; false after 20 seconds.
+// Under sanitizers a busy machine takes long for anything.
+inline constexpr int kPatienceMs = 300000;
+
+// Serves events until the condition holds, asleep while there are none; false when that takes so
+// long that it never will.
 inline bool waitFor(const std::function<bool()>& condition) {
   QElapsedTimer time;
   time.start();
   QTimer pulse;  // wakes the loop for another look at the condition
   pulse.start(2);
   while (!condition()) {
-    if (time.elapsed() > 20000) return false;
+    if (time.elapsed() > kPatienceMs) return false;
     QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
   }
   return true;

@@ -1,8 +1,11 @@
 // How the program looks, in both themes: pictures for the eye of the window with its menus, docks
 // and dialogs, and that no text is cut off and every icon can be seen.
+#include <QCheckBox>
 #include <QDialog>
 #include <QDockWidget>
 #include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
@@ -10,11 +13,13 @@
 #include <QTimer>
 #include <algorithm>
 #include <filesystem>
+#include <fstream>
 #include <functional>
 #include <gtest/gtest.h>
 #include <optional>
 #include <string>
 
+#include "shell/frmRestore.h"
 #include "shell/program_folder.h"
 #include "shell/qt/desktop_program.h"
 #include "shell/qt/icons.h"
@@ -63,24 +68,32 @@ class Looks : public ::testing::TestWithParam<bool> {
     testing::keepScreenshot(widget, name + (isDarkTheme() ? "_dark" : "_light"));
   }
 
-  // The tool's dialog, looked at while it is open.
-  void lookAtDialog(const std::string& tool, const std::string& name) {
+  // The dialog that `open` opens, looked at while it is open.
+  void lookAt(const std::string& name, const std::function<void()>& open) {
     bool looked = false;
     QTimer::singleShot(0, [&] {
       QWidget* dialog = QApplication::activeModalWidget();
-      ASSERT_NE(dialog, nullptr) << tool;
+      ASSERT_NE(dialog, nullptr) << name;
       keep(*dialog, name);
       expectTextsFit(*dialog);
       looked = true;
       dialog->close();
     });
-    window().toolBars().action(tool)->trigger();
-    EXPECT_TRUE(looked) << tool;
+    open();
+    EXPECT_TRUE(looked) << name;
+  }
+  void lookAtDialog(const std::string& tool, const std::string& name) {
+    lookAt(name, [&] { window().toolBars().action(tool)->trigger(); });
   }
 
   static void expectTextsFit(QWidget& root) {
     for (const auto* label : root.findChildren<QLabel*>()) {
-      if (!label->isVisible() || label->wordWrap() || label->text().isEmpty()) continue;
+      if (!label->isVisible() || label->text().isEmpty()) continue;
+      if (label->wordWrap()) {
+        EXPECT_GE(label->height(), label->heightForWidth(label->width()))
+            << label->text().toStdString();
+        continue;
+      }
       const int needed = label->fontMetrics().size(Qt::TextShowMnemonic, label->text()).width();
       EXPECT_GE(label->contentsRect().width(), needed) << label->text().toStdString();
     }
@@ -161,6 +174,65 @@ TEST_P(Looks, Dialogs) {
   lookAtDialog("miSelectTool", "dialog_tool_chest");
   lookAtDialog("miDrawingTitleBlock", "dialog_title_block");
   lookAtDialog("miCustomize", "dialog_customize");
+  lookAtDialog("miScaleDrawing", "dialog_scale");
+  lookAtDialog("miMirror", "dialog_mirror");
+  lookAtDialog("miRotate", "dialog_rotate");
+  lookAt("dialog_radius", [this] {
+    Application& application = program->application();
+    application.clickTool("miChangeRadius");
+    application.move({.Button = 0, .X = 1, .Y = 1});
+    application.press({.Button = kLeftButton, .X = 1, .Y = 1});
+    application.release({.Button = kLeftButton, .X = 1, .Y = 1});
+  });
+}
+
+// With its holes computed, in the picture and in the drawing behind it.
+TEST_P(Looks, BoltCircle) {
+  bool looked = false;
+  QTimer::singleShot(0, [&] {
+    QWidget* dialog = QApplication::activeModalWidget();
+    ASSERT_NE(dialog, nullptr);
+    const std::pair<const char*, const char*> fields[] = {{"txtNumberOfHoles", "6"},
+                                                          {"txtBoltCircleDiameter", "2.5"},
+                                                          {"txtBoltHoleDiameter", "0.375"}};
+    for (const auto& [name, text] : fields) {
+      auto* field = dialog->findChild<QLineEdit*>(name);
+      field->setText(text);
+      emit field->textEdited(text);
+    }
+    dialog->findChild<QPushButton*>("cmdCompute")->click();
+    dialog->findChild<QCheckBox*>("chkDisplayCoordinates")->click();
+    dialog->findChild<QListWidget*>("lstBoltHoleResults")->setCurrentRow(1);
+    keep(*dialog, "dialog_bolt_circle");
+    keep(window(), "window_bolt_circle");
+    expectTextsFit(*dialog);
+    EXPECT_EQ(dialog->findChild<QListWidget*>("lstBoltHoleResults")->count(), 6);
+    const QImage picture = dialog->findChild<QWidget*>("Picture1")->grab().toImage();
+    EXPECT_NE(picture.pixel(picture.width() / 2, picture.height() / 8), picture.pixel(1, 1))
+        << "the first hole is marked at the top";
+    looked = true;
+    dialog->close();
+  });
+  window().toolBars().action("miBoltCircle")->trigger();
+  EXPECT_TRUE(looked);
+}
+
+TEST_P(Looks, UnsavedWork) {
+  std::vector<UnsavedWork> work;
+  for (const char* const name : {"gear housing.cdm", ""}) {
+    std::ofstream(folder("1.record"));
+    auto journal = AbandonedFile::claim(folder("1.record"));
+    ASSERT_TRUE(journal);
+    work.push_back({std::move(*journal),
+                    *name == '\0' ? "" : "/home/ada/parts/" + std::string(name),
+                    "11/22/2026 16:39:09", 412, 1730});
+    std::filesystem::remove(folder("1.record"));
+  }
+  lookAt("unsaved_work", [&] {
+    frmRestore form(work);
+    program->application().session.host.prompts.showModal(form);
+    EXPECT_EQ(form.choice(), frmRestore::Choice::Later);
+  });
 }
 
 TEST_P(Looks, EveryIconCanBeSeenInEverySize) {

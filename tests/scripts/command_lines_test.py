@@ -17,6 +17,7 @@ from pathlib import Path
 
 PROGRAM = ""
 HOME = Path(__file__).resolve().parent / "home"
+SECONDS = 400  # a hang; under sanitizers a busy machine takes long for anything
 DRAWING = """\
 add_path{type=1, x1=2, y1=1, z=-0.25, feed=10, code=100}
 save(arg[1])
@@ -35,7 +36,7 @@ class CommandLines(unittest.TestCase):
 
     def run_program(self, *arguments: str, **variables: str) -> subprocess.CompletedProcess[str]:
         return subprocess.run(
-            [PROGRAM, *arguments], capture_output=True, text=True, timeout=60, cwd=self.work,
+            [PROGRAM, *arguments], capture_output=True, text=True, timeout=SECONDS, cwd=self.work,
             env=self.environment | variables, check=False)
 
     def drawing(self) -> str:
@@ -76,7 +77,7 @@ class CommandLines(unittest.TestCase):
             file.write_bytes(content)
             with file.open("rb") as jet:
                 run = subprocess.run([PROGRAM, "--read-jet"], stdin=jet, capture_output=True,
-                                     timeout=60, env=self.environment, check=False)
+                                     timeout=SECONDS, env=self.environment, check=False)
             self.assertNotEqual(run.returncode, 2, "it is no wrong usage")
             self.assertIn(run.stdout[:8], (b"", b"TESSJET1"))
         self.assert_fails(2, "The following argument was not expected: --read-jet "
@@ -157,7 +158,7 @@ class CommandLines(unittest.TestCase):
         before = sorted(os.listdir(self.work))
         run = subprocess.run(
             [PROGRAM, "--home", str(self.home), "--make-cnc", "mill", part, "-o", "out.nc"],
-            capture_output=True, text=True, timeout=60, cwd=self.work, env=self.environment,
+            capture_output=True, text=True, timeout=SECONDS, cwd=self.work, env=self.environment,
             check=False, preexec_fn=lambda: resource.setrlimit(
                 resource.RLIMIT_FSIZE, (len(good) - 100, resource.RLIM_INFINITY)))
         self.assertEqual((run.returncode, run.stdout), (1, ""))

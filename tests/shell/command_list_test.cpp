@@ -276,8 +276,9 @@ TEST_F(CommandList, WhatIsStillToComeStandsDisabledAndDoesNothing) {
   int toCome = 0;
   for (const CommandEntry& command : commands()) {
     SCOPED_TRACE(command.info->tool);
-    const bool byTheLog = command.info == &kUndoCommand.info || command.info == &kRedoCommand.info;
-    EXPECT_EQ(tools().isEnabled(command.info->tool), command.exists() && !byTheLog);
+    const bool forLater = command.info == &kUndoCommand.info ||
+                          command.info == &kRedoCommand.info || command.info == &kPasteCommand.info;
+    EXPECT_EQ(tools().isEnabled(command.info->tool), command.exists() && !forLater);
     if (command.exists()) continue;
     ++toCome;
     Workshop program;

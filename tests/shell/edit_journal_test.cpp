@@ -235,6 +235,52 @@ TEST(Restore, LaterKeepsItAndDiscardRemovesIt) {
   EXPECT_EQ(program.application.store.NumSegments, 0);
 }
 
+// Two clicks in the wrong place must not cost a day's work.
+TEST(Restore, DiscardAsksOnceMore) {
+  RunningProgram program;
+  leaveUnsaved(program.home, [](JournalledProgram& killed) { killed.drawLine({0, 0}, {2, 0}); });
+  std::string when;
+  int forms = 0;
+  program.platform.prompts.onForm = [&](Form& form) {
+    auto& restore = dynamic_cast<frmRestore&>(form);
+    when = restore.chosen().when;
+    ++forms == 1 ? restore.cmdDiscard.press() : restore.cmdLater.press();
+  };
+  program.platform.prompts.answers.push_back(Answer::Cancel);
+  offerUnsavedWork(program.application);
+  ASSERT_EQ(program.platform.prompts.messages.size(), 1U);
+  EXPECT_EQ(program.platform.prompts.messages[0].text,
+            "The unsaved work on <Untitled>, last changed " + when + ", will be gone for good.");
+  EXPECT_EQ(program.platform.prompts.messages[0].buttons, MessageButtons::OkCancel);
+  EXPECT_EQ(forms, 2) << "it is offered again";
+  EXPECT_TRUE(program.home.has("Unsaved/1-1.record"));
+}
+
+TEST(Restore, WhatIsLeftAfterADiscardIsOfferedNext) {
+  RunningProgram program;
+  leaveUnsaved(program.home, [](JournalledProgram& killed) { killed.drawLine({0, 0}, {2, 0}); });
+  std::filesystem::copy(program.home("Unsaved/1-1.record"), program.home("Unsaved/2-1.record"));
+  std::vector<std::string> explanations;
+  std::vector<int> counts;
+  program.platform.prompts.onForm = [&](Form& form) {
+    auto& restore = dynamic_cast<frmRestore&>(form);
+    explanations.push_back(restore.lblExplanation.caption());
+    counts.push_back(restore.lstWork.count());
+    counts.size() == 1 ? restore.cmdDiscard.press() : restore.cmdRestore.press();
+  };
+  program.application.keepJournal();
+  EXPECT_EQ(counts, (std::vector<int>{2, 1}));
+  EXPECT_EQ(explanations[1],
+            "The program was interrupted before this work was saved.\n\n"
+            "Restore opens it as it was; its drawing file stays as it is until you save.\n"
+            "Ask Later keeps it for the next start.\n"
+            "Discard removes it for good.");
+  EXPECT_EQ(explanations[0], explanations[1] +
+                                 "\n\nOne drawing can be restored at a time; "
+                                 "the next start offers the rest.");
+  EXPECT_EQ(program.application.store.NumSegments, 1);
+}
+
 TEST(Restore, ARunningProgramsWorkIsItsOwn) {
   JournalledProgram running;
   running.drawLine({0, 0}, {2, 0});

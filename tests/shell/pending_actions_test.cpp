@@ -116,7 +116,9 @@ TEST_F(PendingActions, TheseAreIssuedAgainByTheRepeatKey) {
   }
   EXPECT_EQ(armed, (std::vector<int>{2, 4, 6, 7, 9, 10, 14, 16, 18, 20, 31, 33, 34, 35, 36, 42, 43,
                                      46, 47}));
-  EXPECT_EQ(platform.prompts.formNames, std::vector<std::string>{"dlgPositionCursor"}) << "of 38";
+  EXPECT_EQ(platform.prompts.formNames,
+            (std::vector<std::string>{"dlgInputReal", "dlgPositionCursor"}))
+      << "of 37 and 38";
 }
 
 }  // namespace

@@ -1,0 +1,31 @@
+// Rows that hover over the drawing while a form asks where they are to go. They are drawn in the
+// inverting pen, so that drawing them again removes them.
+// Owns: FormPreview, kMaxHovering, traceHovering, previewRows, showPreview, endPreview.
+#pragma once
+
+#include <vector>
+
+#include "core/drawing_rows.h"
+
+namespace tess {
+
+struct Desk;
+
+struct FormPreview {
+  std::vector<SegmentRow> rows;
+  bool shown = false;  // on the screen: a redraw wipes them, and shows them again at its end
+};
+
+// Of more rows than these the box of their ends hovers, so that it keeps up with the hand.
+inline constexpr int kMaxHovering = 5000;
+
+// Paints rows as they hover, in the pen that is set.
+void traceHovering(Desk& desk, const std::vector<SegmentRow>& rows);
+
+// These rows hover in the place of those that did before.
+void previewRows(Desk& desk, std::vector<SegmentRow> rows);
+// Shows them, unless the picture under them is not complete.
+void showPreview(Desk& desk);
+void endPreview(Desk& desk);
+
+}  // namespace tess

@@ -1,0 +1,27 @@
+// Mirroring drawing rows across lines through a point.
+// Owns: mirrorCoord, Mirroring, mirrored, mnuEditMirror_Click.
+#pragma once
+
+#include "core/drawing_rows.h"
+#include "geometry/float_points.h"
+
+namespace tess {
+
+struct Desk;
+
+// A coordinate on the other side of m.
+float mirrorCoord(float c, float m);
+
+struct Mirroring {
+  Point about;
+  bool horizontally = true;  // x coordinates change sides
+  bool vertically = false;   // y coordinates do
+};
+
+// An arc turns its sense when one axis is mirrored, and keeps it when both are.
+SegmentRow mirrored(const SegmentRow& row, const Mirroring& mirroring);
+
+// Asks what to mirror and how, and does it.
+void mnuEditMirror_Click(Desk& desk);
+
+}  // namespace tess

@@ -1,0 +1,112 @@
+// Finds the row that a record tells of among many, without a pass over all, for those who look for
+// as many rows as there are.
+// Owns: RowFinder.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <vector>
+
+#include "core/drawing_rows.h"
+#include "drafting/change_log.h"
+
+namespace tess {
+
+class RowFinder {
+ public:
+  // For about so many rows.
+  RowFinder(float tolerence, std::size_t rows);
+
+  // Row at place `place` (from 0). Places come in rising order.
+  void add(std::size_t place, const SegmentRow& row);
+
+  static constexpr std::size_t kNone = static_cast<std::size_t>(-1);
+
+  // Takes out the row that findSegment finds: of all that match the one of the highest place; kNone
+  // when there is none. `rowAt` gives the row of a place.
+  template <class RowAt>
+  std::size_t takeLast(const clsSegment& record, const RowAt& rowAt) {
+    return unlinked(best(record, rowAt, [](const SegmentRow&) { return 0U; }));
+  }
+
+  // The same for the row itself: of rows that match the one goes first whose coordinates and class
+  // are those of the record, then one that has them but for the rounding of a save; among several
+  // the highest place.
+  template <class RowAt>
+  std::size_t takeClosest(const clsSegment& record, const RowAt& rowAt) {
+    return unlinked(
+        best(record, rowAt, [&](const SegmentRow& row) { return differenceOf(record, row); }));
+  }
+
+ private:
+  static constexpr int kEnd = -1;
+  // A row within the chain of its bucket, where the highest place stands first.
+  struct Link {
+    int place = kEnd;
+    int before = kEnd;  // in the chain
+    std::size_t bucket = 0;
+    unsigned difference = 0;
+    bool isBetterThan(const Link& other) const {
+      if (other.place < 0 || difference != other.difference) {
+        return other.place < 0 || difference < other.difference;
+      }
+      return place > other.place;
+    }
+  };
+  using Cells = std::array<double, 4>;  // of both ends
+
+  template <class RowAt, class Difference>
+  Link best(const clsSegment& record, const RowAt& rowAt, const Difference& difference) const {
+    Link found;
+    visitBuckets(record, [&](std::size_t bucket) {
+      Link link{heads_[bucket], kEnd, bucket};
+      while (link.place >= 0) {
+        const auto place = static_cast<std::size_t>(link.place);
+        if (isSameRow(record, rowAt(place), tolerence_)) {
+          link.difference = difference(rowAt(place));
+          if (link.isBetterThan(found)) found = link;
+          if (link.difference == 0) break;
+        }
+        link.before = link.place;
+        link.place = next_[place];
+      }
+    });
+    return found;
+  }
+
+  // A coordinate near the edge of its cell may lie in the next one too; each bucket comes once.
+  template <class Visit>
+  void visitBuckets(const clsSegment& record, const Visit& visit) const {
+    const Cells ends{record.x0, record.y0, record.x1, record.y1};
+    Cells low{}, high{};
+    for (std::size_t n = 0; n < ends.size(); ++n) {
+      const double reach = reachOf(ends[n]);
+      low[n] = cellOf(ends[n] - reach);
+      high[n] = cellOf(ends[n] + reach);
+    }
+    if (low == high) return visit(bucketOf(low));
+    for (unsigned choice = 0; choice < 1U << ends.size(); ++choice) {
+      Cells cells = low;
+      bool isNew = true;
+      for (std::size_t n = 0; n < ends.size(); ++n) {
+        if ((choice >> n & 1U) == 0) continue;
+        isNew = isNew && low[n] != high[n];
+        cells[n] = high[n];
+      }
+      if (isNew) visit(bucketOf(cells));
+    }
+  }
+
+  static unsigned differenceOf(const clsSegment& record, const SegmentRow& row);
+  double reachOf(double value) const;
+  double cellOf(double value) const;
+  std::size_t bucketOf(const Cells& cells) const;
+  std::size_t unlinked(const Link& link);
+
+  float tolerence_;
+  double cellsPerUnit_;
+  std::vector<int> heads_;  // per bucket; their number is a power of two
+  std::vector<int> next_;   // by place
+};
+
+}  // namespace tess

@@ -1,0 +1,43 @@
+// Images of drawing rows, mirrored or turned, in the place of the rows or beside them.
+// Owns: RowImage, ImageOrder, imageOf, imagesOf, addImages.
+#pragma once
+
+#include <functional>
+#include <vector>
+
+#include "drafting/change.h"
+#include "drafting/row_mapping.h"
+
+namespace tess {
+
+using RowImage = std::function<SegmentRow(const SegmentRow&)>;
+
+struct ImageOrder {
+  bool selectedOnly = false;  // of the selected ordinary rows alone
+  bool copies = false;        // the rows themselves stay
+};
+
+// The image of a row whose points are mapped. Kinds without shape have one point, all the others
+// two ends, and what is round its centre.
+template <class Map>
+SegmentRow imageOf(SegmentRow row, const Map& map) {
+  constexpr int kLastShape = 79;
+  if (row.type == kPoint || row.type > kLastShape) {
+    mapPoint(row.x0, row.y0, map);
+  } else {
+    mapRow(row, map);
+  }
+  return row;
+}
+
+// The images that addImages would add.
+std::vector<SegmentRow> imagesOf(const DrawingStore& store, bool selectedOnly,
+                                 const RowImage& image);
+
+// Adds the images at the end of the table as one step; their attributes are those of their rows.
+// Unless they are copies, for each image the row goes that findSegment finds for its original: of
+// rows that lie on one another the last one, be it an image that has just come. Raises Overflow for
+// a full table or number, and then nothing has happened. False when the operator would not have it.
+bool addImages(Changes& changes, const ImageOrder& order, const RowImage& image);
+
+}  // namespace tess
