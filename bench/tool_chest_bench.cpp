@@ -90,24 +90,29 @@ struct SelectedProgram : testing::RunningProgram {
     }
     change.keep({.redraws = false});
     application.interaction.forms.show(form);
-    desk().state.Selected.fill(kRows);
+    select(kRows);
+  }
+  void select(int rows) {
+    desk().state.Selected.fill(rows);
+    desk().state.updateProperties = true;
+    form.UpdatePropertyWindow();
   }
   frmProperties& form = application.interaction.properties;
 };
 
 void propertyWindowFollows(benchmark::State& state, bool changed) {
   SelectedProgram program;
-  program.form.UpdatePropertyWindow();
   for (auto _ : state) {
-    program.desk().state.updateProperties = changed;
+    state.PauseTiming();
+    if (changed) program.select(0);
+    state.ResumeTiming();
+    if (changed) program.select(kRows);
     program.form.UpdatePropertyWindow();
   }
 }
 
 void propertiesOfAll(benchmark::State& state) {
   SelectedProgram program;
-  program.desk().state.updateProperties = true;
-  program.form.UpdatePropertyWindow();
   for (auto _ : state) {
     program.form.cboObject.setIndex(kRows);
     state.PauseTiming();
