@@ -17,6 +17,7 @@ namespace {
 constexpr double kCellTolerances = 64;
 constexpr double kNarrowestCell = 1e-6;
 constexpr double kRoundingOfDoubles = 1e-15;
+constexpr double kLeastSpacing = 5.9e-8;  // of two 32-bit numbers, as a part of them
 
 // How much a row differs from its record: what weighs more is the larger.
 constexpr unsigned kSaved = 1;  // by the rounding of a save
@@ -32,7 +33,10 @@ RowFinder::RowFinder(float tolerence, std::size_t rows)
   next_.reserve(rows);
 }
 
+// Far out the numbers of the tables lie farther apart than the tolerance, and only equal ones are
+// the same; rounding would lead past their cell there.
 double RowFinder::reachOf(double value) const {
+  if (kLeastSpacing * std::abs(value) > tolerence_) return 0;
   return tolerence_ + kRoundingOfDoubles * std::abs(value);
 }
 
