@@ -96,8 +96,9 @@ void clickTrimBy(Desk& desk) {
     const int trimmer = table.nearest(desk.store, mouseOf(desk));
     desk.command.PendingSeg2 = trimmer;
     if (number < 1 || trimmer < 1 || number == trimmer) return beep(desk);
-    if (!trimRow(desk.changes, table, number, trimmer, desk.command.PendingPt1)) return;
-    desk.state.updateProperties = true;
+    editByClick(desk, [&] {
+      return trimRow(desk.changes, table, number, trimmer, desk.command.PendingPt1);
+    });
   });
 }
 

@@ -119,7 +119,6 @@ class dlgToolPrms : public Form {
   void storeRow();
   void storeName();
   void storeFlutes();
-  void settleSpacing();
   void takeOver();
   void edited();
 
