@@ -17,6 +17,7 @@ namespace {
 constexpr char kGeometry[] = "Geometry";
 constexpr char kNamePrefix[] = "Entity ";
 constexpr double kDegreesPerRadian = 57.29578;
+// Fixed: a negative angle shows blank; scripts that read the window compare with that.
 constexpr char kAngleFormat[] = "###.####;;0";
 
 constexpr char kStartText[] = "Start point of the line or arc.";
