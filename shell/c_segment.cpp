@@ -51,23 +51,6 @@ Point pointIn(std::string_view text) {
 
 }  // namespace
 
-const char* segmentTypeWord(int segtype) {
-  switch (segtype) {
-    case kLine:
-      return "Line";
-    case kClockwiseArc:
-      return "CW Arc";
-    case kCounterClockwiseArc:
-      return "CCW Arc";
-    case kCircle:
-      return "Circle";
-    case kRectangle:
-      return "Rect";
-    default:
-      return "";
-  }
-}
-
 std::string AngleAsString(float radians) {
   return formatNumber(narrow(radians * kDegreesPerRadian), kAngleFormat);
 }
