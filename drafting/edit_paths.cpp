@@ -8,7 +8,9 @@
 namespace tess {
 
 void toggleEditPaths(Desk& desk) {
-  eraseDragBand(desk);  // it shows rows of the other table
+  // What is on its way belongs to the other table.
+  eraseDragBand(desk);
+  desk.command.draggedEnd.reset();
   desk.command.EditPaths = !desk.command.EditPaths;
   desk.tools.setChecked(kEditPathsCommand.info.tool, desk.command.EditPaths);
 }

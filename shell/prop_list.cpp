@@ -242,6 +242,7 @@ void PropList::NeedRefresh() {
   const std::string selected = text();
   rows_.Refresh();
   std::vector<std::string> names;
+  names.reserve(static_cast<std::size_t>(rows_.VisibleCount()));
   for (int n = 0; n < rows_.VisibleCount(); ++n) names.push_back(rows_.Item(n).Name);
   setItems(std::move(names));
   const int index = selected.empty() ? -1 : indexOf(selected);

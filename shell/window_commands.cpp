@@ -39,7 +39,7 @@ constexpr ShellCommand kStatisticsCommand{
 };
 
 constexpr ShellCommand kPropertiesCommand{
-    .info = {.tool = "miShowProperties", .caption = "&Properties", .menu = {"miView", 320}},
+    .info = {.tool = "miShowProperties", .caption = "Propert&y Window", .menu = {"miView", 320}},
     .run = toggleProperties,
 };
 

@@ -6,6 +6,8 @@
 namespace tess {
 namespace {
 
+constexpr int kNamesToSpare = 10;  // entries that a growing table of names gets beyond its need
+
 int groupOf(const DrawingStore& store, int ps) {
   return groupRounded(store.pscode[ps]);
 }
@@ -37,6 +39,14 @@ int pathInsertIndex(const DrawingStore& store, PathInsertMode mode, int group) {
   const int first = firstRowOf(store, group);
   if (mode == PathInsertMode::BeforeGroup || first == end) return first;
   return lastOfPathGroup(store, first) + 1;
+}
+
+std::string pathGroupName(Column<std::string>& names, int group) {
+  const std::string numbered = "Group " + std::to_string(group);
+  if (group < 0) return numbered;
+  if (group > names.upperBound()) names.resize(group + kNamesToSpare);
+  if (names[group].empty()) names[group] = numbered;
+  return names[group];
 }
 
 void deletePathGroup(Changes& changes, int group) {

@@ -111,10 +111,10 @@ void addFileOptions(CLI::App& app, Options& options) {
           ->excludes(kPlay)
           ->excludes(make);
   app.add_option("--tools", options.tools,
-                 "Write the tools of the setup to FILE.csv or to the tool table FILE.tbl,\n"
-                 "or take over those of the file")
+                 "Write the tools of the setup to FILE.csv or FILE.tbl, or take its tools over")
       ->type_name("export|import FILE")
-      ->expected(2)
+      ->type_size(2)
+      ->expected(1)
       ->excludes(kRun)
       ->excludes(kPlay)
       ->excludes(make)

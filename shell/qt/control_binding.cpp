@@ -325,12 +325,16 @@ class ListBinding : public BindingOf<ListBox, QListWidget> {
   void showItems() {
     QStringList items;
     for (const std::string& item : model_.items()) items << shown(item);
-    QStringList present;
-    for (int row = 0; row < shown_.count(); ++row) present << shown_.item(row)->text();
-    if (items == present) return;
+    if (items.size() == shown_.count()) return renameItems(items);
     const QIcon icon = namedIcon(shown_.property(kItemIcon).toString());
     shown_.clear();
     for (const QString& item : items) shown_.addItem(new QListWidgetItem(icon, item));
+  }
+  // Only what differs: a list can be long.
+  void renameItems(const QStringList& items) {
+    for (int row = 0; row < shown_.count(); ++row) {
+      if (shown_.item(row)->text() != items[row]) shown_.item(row)->setText(items[row]);
+    }
   }
 
   int picked_ = -1;  // by the press that a click will follow

@@ -33,7 +33,7 @@ QRect rectOf(const Bounds& area) {
 // The canvas of one painting.
 class PainterCanvas : public PropCanvas {
  public:
-  PainterCanvas(QPainter& painter, QColor lines) : painter_(painter), lines_(std::move(lines)) {}
+  PainterCanvas(QPainter& painter, QColor lines) : painter_(painter), lines_(lines) {}
 
   void fill(const Bounds& area, Rgb color) override {
     painter_.fillRect(rectOf(area), colorOf(color));

@@ -118,6 +118,17 @@ TEST(RowFinder, GivesTheRowsOfThePlainSearch) {
   }
 }
 
+TEST(RowFinder, FindsRowsHoweverFarOut) {
+  for (const float far : {1e4F, 1.7e4F, 3e6F, 1e12F, 1e20F, 1e30F, 3e38F}) {
+    for (const float tolerence : {0.0F, kTolerence}) {
+      Found found(tolerence);
+      const SegmentRow row{.type = 1, .x0 = -far, .y0 = far / 3, .x1 = far, .y1 = 1};
+      found.add(row);
+      EXPECT_EQ(found.takeClosest(row), 1) << far;
+    }
+  }
+}
+
 // Pairs of a row and its copy a thousand rows deep: each is found at once.
 TEST(RowFinder, IsNotSlowedDownByRowsOnOneAnother) {
   Found found(kTolerence);

@@ -469,5 +469,20 @@ TEST(Crosses, AfterAThreePointCommandOnlyTheMarkersIsLeft) {
   }
 }
 
+TEST(RubberBand, LeavesTheScreenWithItsMode) {
+  testing::RecordedDesk d;
+  mnuDrawLine_Click(d.desk);
+  d.press(1, 1, 1);
+  d.log.take();
+  eraseRubberBand(d.desk);
+  const std::string erased = d.log.take();
+  showRubberBand(d.desk);
+  ASSERT_EQ(d.desk.pointer.RubberKind, 1);
+  d.log.take();
+  mnuDrawSelect_Click(d.desk);
+  EXPECT_EQ(d.desk.pointer.RubberKind, 0);
+  EXPECT_NE(d.log.take().find(erased), std::string::npos);
+}
+
 }  // namespace
 }  // namespace tess

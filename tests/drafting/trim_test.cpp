@@ -97,6 +97,16 @@ TEST(TrimClicks, BeepWhenTheRowStandsInTheOtherTable) {
   EXPECT_EQ(d.beeps(), 1);
 }
 
+TEST(TrimClicks, RedrawOnceWhenTheyAreDone) {
+  CrossedLine d;
+  mnuEditTrimEntity_Click(d.desk);
+  d.click(3, 0);
+  d.log.take();
+  d.click(1, 1);
+  EXPECT_EQ(d.log.count("Cls"), 1);
+  EXPECT_EQ(d.first(), "1 (0, 0)-(1, 0)");
+}
+
 TEST(TrimClicks, TakeNoSnapFeature) {
   CrossedLine d;
   d.desk.state.OSnapOn = true;

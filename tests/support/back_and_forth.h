@@ -51,13 +51,14 @@ struct TableBits {
 
 // Undo, `steps` times, leads to `before`, and redo back to where things stand.
 template <class DeskOfAnyKind>
-void expectBackAndForth(DeskOfAnyKind& d, const TableBits& before, int steps = 1) {
-  const TableBits after(d.store);
+void expectBackAndForth(DeskOfAnyKind& d, const TableBits& before, int steps = 1,
+                        Marks marks = Marks::Count) {
+  const TableBits after(d.store, marks);
   for (int turn = 0; turn < 2; ++turn) {
     for (int step = 0; step < steps; ++step) Undo_Last_Change(d.desk);
-    EXPECT_TRUE(TableBits(d.store) == before) << "undo, turn " << turn;
+    EXPECT_TRUE(TableBits(d.store, marks) == before) << "undo, turn " << turn;
     for (int step = 0; step < steps; ++step) RedoLastChange(d.desk);
-    EXPECT_TRUE(TableBits(d.store) == after) << "redo, turn " << turn;
+    EXPECT_TRUE(TableBits(d.store, marks) == after) << "redo, turn " << turn;
   }
 }
 
