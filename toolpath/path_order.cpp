@@ -64,7 +64,7 @@ std::size_t PathOrder::firstOf(int group) const {
   return static_cast<std::size_t>(found - rows_.begin());
 }
 
-// Fixed: only the first runs of two groups change places, however many they have.
+// Fixed: only the first runs of two groups change places; a program is ordered by what is shown.
 void PathOrder::exchangeGroups(int a, int b) {
   std::size_t first = firstOf(a);
   std::size_t second = firstOf(b);
