@@ -1,23 +1,16 @@
-// Checksums: eight bytes at a time are folded into one number.
+// Checksums: XXH3 of 64 bits.
 #include "core/checksum.h"
 
 #include <charconv>
-#include <cstring>
+#include <xxhash.h>
 
 namespace tess {
 namespace {
 
-constexpr std::uint64_t kStart = 0x9ae16a3b2f90404fU;
-constexpr std::uint64_t kFactor = 0xd6e8feb86659fd93U;  // odd, so that no bit is lost
-constexpr std::size_t kWord = sizeof(std::uint64_t);
+// What a text of another kind of checksum does not begin with.
+constexpr std::string_view kKind = "xxh3-";
 constexpr std::size_t kDigits = 16;
 constexpr std::string_view kNone = "none";
-
-std::uint64_t fold(std::uint64_t sum, std::uint64_t word) {
-  sum = (sum ^ word) * kFactor;
-  // The product carries only upwards; this brings the upper half back down.
-  return sum ^ (sum >> 32);
-}
 
 template <typename Number>
 bool parseWhole(std::string_view text, Number& number, int base) {
@@ -29,16 +22,7 @@ bool parseWhole(std::string_view text, Number& number, int base) {
 }  // namespace
 
 Checksum checksumOf(std::string_view content) {
-  Checksum result{.sum = kStart, .size = content.size()};
-  for (; content.size() >= kWord; content.remove_prefix(kWord)) {
-    std::uint64_t word = 0;
-    std::memcpy(&word, content.data(), kWord);
-    result.sum = fold(result.sum, word);
-  }
-  std::uint64_t rest = 0;
-  if (!content.empty()) std::memcpy(&rest, content.data(), content.size());
-  result.sum = fold(fold(result.sum, rest), result.size);
-  return result;
+  return {.sum = XXH3_64bits(content.data(), content.size()), .size = content.size()};
 }
 
 std::string checksumText(const std::optional<Checksum>& checksum) {
@@ -46,13 +30,16 @@ std::string checksumText(const std::optional<Checksum>& checksum) {
   char digits[kDigits];
   const char* const end = std::to_chars(digits, digits + kDigits, checksum->sum, 16).ptr;
   const auto length = static_cast<std::size_t>(end - digits);
-  return std::string(kDigits - length, '0').append(digits, length) + "-" +
-         std::to_string(checksum->size);
+  std::string text(kKind);
+  text.append(kDigits - length, '0').append(digits, length);
+  return text + "-" + std::to_string(checksum->size);
 }
 
 bool parseChecksum(std::string_view text, std::optional<Checksum>& checksum) {
   checksum.reset();
   if (text == kNone) return true;
+  if (!text.starts_with(kKind)) return false;
+  text.remove_prefix(kKind.size());
   if (text.size() <= kDigits || text[kDigits] != '-') return false;
   Checksum read;
   if (!parseWhole(text.substr(0, kDigits), read.sum, 16)) return false;

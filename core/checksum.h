@@ -18,9 +18,10 @@ struct Checksum {
 
 Checksum checksumOf(std::string_view content);
 
-// The sum as 16 hexadecimal digits, a dash, the size: "00f1...-1234"; "none" for no file at all.
+// Its kind, the sum as 16 hexadecimal digits, the size: "xxh3-00f1...-1234"; "none" for no file at
+// all.
 std::string checksumText(const std::optional<Checksum>& checksum);
-// The same back. False when the text is none of the two.
+// The same back. False when the text is none of the two, such as a checksum of another kind.
 bool parseChecksum(std::string_view text, std::optional<Checksum>& checksum);
 
 }  // namespace tess

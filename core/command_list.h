@@ -127,7 +127,8 @@
   TOOLPATH(kShowPathsCommand)                                              \
   TOOLPATH(kHidePathsCommand)                                              \
                                                                            \
-  SHELL(kStatisticsCommand)
+  SHELL(kStatisticsCommand)                                                \
+  SHELL(kPropertiesCommand)
 
 #define TESSIMO_NONE(descriptor)
 #define TESSIMO_CORE_COMMANDS(DO) \

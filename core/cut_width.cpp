@@ -3,6 +3,7 @@
 
 #include <cmath>
 
+#include "core/conventions.h"
 #include "core/drawing_store.h"
 #include "core/pocketing_choices.h"
 #include "core/rounding.h"
@@ -35,6 +36,14 @@ void settleCutWidth(DrawingStore& store) {
     store.cfg_tool_spacing =
         rounded(store.cfg_tool_spacing_distance / diameter * 100, kPercentDecimals);
   }
+}
+
+void settleByToolInUse(DrawingStore& store) {
+  const int tool = store.selectedtool;
+  if (tool < 0 || tool > kLastTool) return;
+  const bool byDistance = stepOver(store) == StepOver::ByDistance;
+  if (byDistance && store.toolradius[tool] == 0) return;
+  settleCutWidth(store);
 }
 
 }  // namespace tess

@@ -59,7 +59,8 @@ std::optional<std::string> drawingOf(const std::string& journal, const std::stri
 void removeNameless(const WriteGuard& guard, const std::string& journal, const std::string& stem) {
   NoGuard looking;
   const FilePlace place = FilePlace::ofEntry(looking, journal, FileKind::Companion);
-  if (parseJournal(readFile(journal, kLargestJournal)) || !place.isPermittedBy(guard)) return;
+  const std::string text = readFile(journal, kLargestJournal);
+  if (parseJournal(text) || isOfAnotherVersion(text) || !place.isPermittedBy(guard)) return;
   for (std::size_t index = 0; index < SaveJournal::kMaxFiles; ++index) {
     place.beside(freshName(stem, index), FileKind::Companion).remove();
     place.beside(spareName(stem, index), FileKind::Companion).remove();

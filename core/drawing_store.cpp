@@ -15,18 +15,7 @@ void forEachCycleColumn(Store& store, Visit visit) {
 
 }  // namespace
 
-// A file that lacks the origins means these.
-DrawingSettings::DrawingSettings() {
-  xorigin = 1;
-  yorigin = 1;
-  zorigin = -1;
-}
-
-// With a hundred members to each these are long, and made here once for all files that hold a
-// store.
-DrawingSettings::DrawingSettings(const DrawingSettings& other) = default;
-DrawingSettings& DrawingSettings::operator=(const DrawingSettings& other) = default;
-DrawingSettings::~DrawingSettings() = default;
+// With so many members these are long, and made here once for all files that hold a store.
 DrawingStore::DrawingStore() = default;
 DrawingStore::DrawingStore(const DrawingStore& other) = default;
 DrawingStore& DrawingStore::operator=(const DrawingStore& other) = default;

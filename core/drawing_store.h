@@ -1,7 +1,6 @@
 // The drawing store: every table and variable that one drawing consists of, as plain parallel
 // columns that all rooms read and write by index.
-// Owns: DrawingSettings, DrawingStore, resizeCycles, visitSegmentColumns, visitPathColumns,
-//       isMetric, isConsistent.
+// Owns: DrawingStore, resizeCycles, visitSegmentColumns, visitPathColumns, isMetric, isConsistent.
 #pragma once
 
 #include <array>
@@ -10,25 +9,10 @@
 #include "core/column.h"
 #include "core/conventions.h"
 #include "core/drawing_rows.h"
+#include "core/drawing_settings.h"
 #include "core/int16.h"
-#include "core/settings_list.h"
 
 namespace tess {
-
-// The settings as variables, in the order of the setup file. Lengths are in drawing units, feeds in
-// drawing units per minute.
-struct DrawingSettings {
-#define TESSIMO_VARIABLE(variable, width, kind, key, goesTo, reading) width variable{};
-#define TESSIMO_NOTHING(...)
-  TESSIMO_SETTINGS(TESSIMO_VARIABLE, TESSIMO_NOTHING, TESSIMO_NOTHING)
-#undef TESSIMO_VARIABLE
-#undef TESSIMO_NOTHING
-
-  DrawingSettings();
-  DrawingSettings(const DrawingSettings& other);
-  DrawingSettings& operator=(const DrawingSettings& other);
-  ~DrawingSettings();
-};
 
 // One drawing. The live settings are members by inheritance: store.cfg_final_depth.
 // Row tables count from 1; tools and cycles from 0.

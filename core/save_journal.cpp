@@ -1,12 +1,15 @@
 // The text and the names of journals.
 #include "core/save_journal.h"
 
+#include <utility>
+
 #include "core/text.h"
 
 namespace tess {
 namespace {
 
-constexpr std::string_view kTitle = "Tessimo save 1";
+constexpr std::string_view kTitleBegin = "Tessimo save ";
+constexpr std::string_view kTitle = "Tessimo save 2";  // 1 had checksums of another kind
 constexpr std::string_view kRenewsBackup = "renews backup";
 constexpr std::string_view kKeepsBackup = "keeps backup";
 constexpr std::string_view kStemBegin = ".tessimo-";
@@ -32,6 +35,18 @@ std::optional<SaveJournal::File> parseFile(std::string_view line) {
   if (!parseChecksum(line.substr(0, blank), file.before)) return std::nullopt;
   if (!parseChecksum(line.substr(blank + 1), file.after)) return std::nullopt;
   return file;
+}
+
+std::optional<std::vector<SaveJournal::File>> parseFiles(std::string_view lines) {
+  std::vector<SaveJournal::File> files;
+  while (!lines.empty()) {
+    const auto line = takeLine(lines);
+    if (!line) return std::nullopt;
+    const auto file = parseFile(*line);
+    if (!file || files.size() == SaveJournal::kMaxFiles) return std::nullopt;
+    files.push_back(*file);
+  }
+  return files;
 }
 
 // The text without its last line, when that is the checksum of what stands before it.
@@ -67,14 +82,16 @@ std::optional<SaveJournal> parseJournal(std::string_view text) {
   const auto backup = takeLine(rest);
   if (title != kTitle || !name) return std::nullopt;
   if (backup != kRenewsBackup && backup != kKeepsBackup) return std::nullopt;
-  SaveJournal journal{
-      .name = std::string(*name), .keepsOld = *backup == kRenewsBackup, .files = {}};
-  while (const auto line = takeLine(rest)) {
-    const auto file = parseFile(*line);
-    if (!file || journal.files.size() == SaveJournal::kMaxFiles) return std::nullopt;
-    journal.files.push_back(*file);
-  }
-  return journal;
+  auto files = parseFiles(rest);
+  if (!files) return std::nullopt;
+  return SaveJournal{
+      .name = std::string(*name), .keepsOld = backup == kRenewsBackup, .files = std::move(*files)};
+}
+
+bool isOfAnotherVersion(std::string_view text) {
+  const auto title = takeLine(text);
+  if (!title) return false;
+  return title->starts_with(kTitleBegin) && *title != kTitle;
 }
 
 std::string journalStem(std::string_view fileName) {

@@ -1,10 +1,11 @@
 // The journal of a save: a small hidden file beside the files that are being replaced together. It
 // is written first and removed last, and says what each file was and shall be, so that a save which
 // was cut off can be completed or taken back.
-// Owns: kLargestJournal, SaveJournal, journalText, parseJournal, journalStem, journalName,
-//       freshName, spareName, stemOfJournal.
+// Owns: kLargestJournal, SaveJournal, journalText, parseJournal, isOfAnotherVersion, journalStem,
+//       journalName, freshName, spareName, stemOfJournal.
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -14,7 +15,7 @@
 
 namespace tess {
 
-inline constexpr std::size_t kLargestJournal = 16 * 1024;
+inline constexpr std::size_t kLargestJournal = std::size_t{16} * 1024;
 
 struct SaveJournal {
   static constexpr std::size_t kMaxFiles = 4;
@@ -32,6 +33,9 @@ struct SaveJournal {
 std::string journalText(const SaveJournal& journal);
 // Nothing for a text that is no journal as a whole: it was cut off in the making.
 std::optional<SaveJournal> parseJournal(std::string_view text);
+// Whether another version of the program has written it, or is writing it: only that one knows what
+// it says.
+bool isOfAnotherVersion(std::string_view text);
 
 // What the hidden files of one save begin with: the same for a file name in any case, and short
 // whatever the length of that.

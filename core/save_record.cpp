@@ -17,7 +17,7 @@
 namespace tess {
 namespace {
 
-constexpr std::size_t kLargestRecord = 256 * 1024;
+constexpr std::size_t kLargestRecord = std::size_t{256} * 1024;
 constexpr std::size_t kLinesKept = 500;
 constexpr char kLineEnd[] = "\r\n";
 constexpr std::size_t kWords = 4;  // before the path: two checksums, date, time
@@ -46,25 +46,31 @@ std::vector<std::string_view> linesOf(std::string_view text) {
 }
 
 struct Line {
+  std::array<std::string_view, kWords> words;
   std::string_view path;
-  SaveRecord record;
 };
 
 std::optional<Line> parseLine(std::string_view line) {
-  std::array<std::string_view, kWords> words;
-  for (std::string_view& word : words) {
+  Line parsed;
+  for (std::string_view& word : parsed.words) {
     const std::size_t end = line.find(' ');
     if (end == std::string_view::npos) return std::nullopt;
     word = line.substr(0, end);
     line.remove_prefix(end + 1);
   }
-  Line parsed{.path = line, .record = {}};
-  SaveRecord& record = parsed.record;
+  parsed.path = line;
+  return parsed;
+}
+
+// Nothing for checksums of another kind: they tell nothing about the files.
+std::optional<SaveRecord> recordIn(const Line& line) {
+  const auto& words = line.words;
+  SaveRecord record;
   if (!parseChecksum(words[0], record.drawing) || !parseChecksum(words[1], record.paths)) {
     return std::nullopt;
   }
   record.when = std::string(words[2]).append(" ").append(words[3]);
-  return parsed;
+  return record;
 }
 
 // One name for a drawing, by whatever way its folder is given.
@@ -108,7 +114,7 @@ std::optional<SaveRecord> findSave(std::string_view record, std::string_view pat
   for (const std::string_view line : lines) {
     if (!line.ends_with(path)) continue;
     const auto parsed = parseLine(line);
-    if (parsed && parsed->path == path) return parsed->record;
+    if (parsed && parsed->path == path) return recordIn(*parsed);
   }
   return std::nullopt;
 }

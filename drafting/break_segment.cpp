@@ -30,7 +30,9 @@ BreakResult breakRow(Changes& changes, Table table, int number, Point at) {
 template <class Table>
 bool breakNearest(Desk& desk, Table table, int number) {
   const std::optional<Point> at = table.nearestOn(desk.store, number, mouseOf(desk));
-  return at && breakRow(desk.changes, table, number, *at) == BreakResult::Broken;
+  if (!at) return false;
+  const auto broken = [&] { return breakRow(desk.changes, table, number, *at); };
+  return editByClick(desk, broken) == BreakResult::Broken;
 }
 
 void clickBreak(Desk& desk) {

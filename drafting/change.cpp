@@ -65,15 +65,18 @@ int& codeOf(PathRow& row) {
   return row.code;
 }
 
-void setRecord(clsSegment& record, const SegmentRow& row, RecordKind kind) {
-  record.SetSegment(row, kind, /*start=*/false);
+void setRecord(clsSegment& record, const SegmentRow& row, RecordKind kind, bool start) {
+  record.SetSegment(row, kind, start);
 }
-void setRecord(clsSegment& record, const PathRow& row, RecordKind kind) {
-  record.SetPathSegment(row, kind, /*start=*/false);
+void setRecord(clsSegment& record, const PathRow& row, RecordKind kind, bool start) {
+  record.SetPathSegment(row, kind, start);
 }
 
 template <class Row>
 constexpr bool kIsPath = std::is_same_v<Row, PathRow>;
+
+constexpr RecordKind kDeleted("D");
+constexpr RecordKind kAdded("A");
 
 // Numbers `first` to `last`.
 std::vector<std::int16_t> numbersFrom(int first, int last) {
@@ -93,6 +96,11 @@ struct RowChanges<Row>::Replaced {
   std::vector<std::int16_t> numbers;
   std::vector<Row> before, now;
   int count() const { return static_cast<int>(numbers.size()); }
+  void makeRoomFor(int rows) {
+    numbers.reserve(static_cast<std::size_t>(rows));
+    before.reserve(static_cast<std::size_t>(rows));
+    now.reserve(static_cast<std::size_t>(rows));
+  }
 };
 
 template <class Row>
@@ -148,21 +156,22 @@ void RowChanges<Row>::perform(const RowEdit<Row>& edit, std::span<const Row> bef
 
 template <class Row>
 void RowChanges<Row>::log(const Row& row, RecordKind kind, int place) {
-  clsSegment record;
-  setRecord(record, row, kind);
-  record.row = place;
-  change_.changes_.enter(record);
+  clsSegment* const record = change_.changes_.newRecord();
+  if (record == nullptr) return;
+  setRecord(*record, row, kind, record->StartOfSegment);
+  record->row = place;
 }
 
 template <class Row>
 void RowChanges<Row>::log(const RowEdit<Row>& edit, std::span<const Row> before) {
   const std::size_t rows = edit.numbers.size();
+  change_.changes_.makeRoomFor(before.size() + edit.rows.size());
   for (std::size_t k = 0; k < rows; ++k) {
     // Path rows are logged from the end, so that each goes from the place that it has.
     const bool fromTheEnd = edit.kind == EditKind::Erase && kIsPath<Row>;
     const std::size_t at = fromTheEnd ? rows - 1 - k : k;
-    if (!before.empty()) log(before[at], "D", edit.numbers[at]);
-    if (!edit.rows.empty()) log(edit.rows[at], "A", edit.numbers[at]);
+    if (!before.empty()) log(before[at], kDeleted, edit.numbers[at]);
+    if (!edit.rows.empty()) log(edit.rows[at], kAdded, edit.numbers[at]);
   }
 }
 
@@ -216,10 +225,12 @@ void RowChanges<Row>::replace(int number, const Row& now, Entry entry) {
 template <class Row>
 typename RowChanges<Row>::Replaced RowChanges<Row>::replacedBy(const EditRow& edit) const {
   Replaced replaced;
-  for (int number = 1; number <= count(); ++number) {
-    const Row before = row(number);
+  const int rows = count();
+  for (int number = 1; number <= rows; ++number) {
+    const Row before = rowOf(store(), number, static_cast<const Row*>(nullptr));
     Row now = before;
     if (!edit(number, now)) continue;
+    if (replaced.numbers.empty()) replaced.makeRoomFor(rows - number + 1);
     replaced.numbers.push_back(Int16(number));
     replaced.before.push_back(before);
     replaced.now.push_back(now);
@@ -242,8 +253,8 @@ int RowChanges<Row>::replaceAtEnd(const EditRow& edit) {
   const int end = count();
   const auto logPairs = [&] {
     for (std::size_t k = 0; k < replaced.now.size(); ++k) {
-      log(replaced.before[k], "D", replaced.numbers[k] - static_cast<int>(k));
-      log(replaced.now[k], "A", end);
+      log(replaced.before[k], kDeleted, replaced.numbers[k] - static_cast<int>(k));
+      log(replaced.now[k], kAdded, end);
     }
   };
   const RowEdit<Row> erasing{EditKind::Erase, replaced.numbers, {}};
@@ -463,10 +474,24 @@ void Changes::begin() {
   pathEdits_.holdNewRows(!listeners_.empty());
 }
 
-void Changes::enter(clsSegment record) {
-  if (muted_) return;
+void Changes::enter(const clsSegment& record) {
+  clsSegment* const entered = newRecord();
+  if (entered == nullptr) return;
+  const bool startsStep = entered->StartOfSegment;
+  *entered = record;
+  entered->StartOfSegment = startsStep;
+}
+
+clsSegment* Changes::newRecord() {
+  if (muted_) return nullptr;
+  clsSegment& record = records_.emplace_back();
   record.StartOfSegment = std::exchange(startsStep_, false);
-  records_.push_back(record);
+  return &record;
+}
+
+void Changes::makeRoomFor(std::size_t records) {
+  const std::size_t wanted = records_.size() + records;
+  if (wanted > records_.capacity()) records_.reserve(std::max(wanted, 2 * records_.capacity()));
 }
 
 template <class Enter>

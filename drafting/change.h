@@ -250,7 +250,9 @@ class Changes {
   EditList<SegmentRow>& edits(const SegmentRow* /*table*/) { return segmentEdits_; }
   EditList<PathRow>& edits(const PathRow* /*table*/) { return pathEdits_; }
   void begin();
-  void enter(clsSegment record);
+  void enter(const clsSegment& record);
+  clsSegment* newRecord();  // null while records count for nothing
+  void makeRoomFor(std::size_t records);
   template <class Enter>
   void enterAllOrNone(Enter enter);
   void markUnsaved();

@@ -24,6 +24,7 @@ bool sameEnds(const clsSegment& record, const Row& row, float tolerence) {
 // A save rounds the rows and leaves the records: a coordinate just below the half of the fourth
 // place may have crossed it in the row alone.
 bool equalAtFourPlaces(float row, float record) {
+  if (row == record) return true;  // as nearly always
   const auto asSaved = [](float value) {
     return roundTo(roundTo(value, kCoordinateDecimals), kCenterDecimals);
   };
@@ -110,38 +111,41 @@ void assign(bool& field, const RecordValue& value) {
 
 }  // namespace
 
+// Field by field: a record that is put together elsewhere and then copied takes three times as
+// long, and long steps are made of little else.
 void clsSegment::SetSegment(const SegmentRow& drawn, RecordKind kind, bool start) {
-  *this = {.x0 = drawn.x0,
-           .x1 = drawn.x1,
-           .y0 = drawn.y0,
-           .y1 = drawn.y1,
-           .CenterX = drawn.xc,
-           .CenterY = drawn.yc,
-           .TypeOfSegment = {},
-           .WhereDeletedFrom = kDrawingTable,
-           .SegType = drawn.type,
-           .SegAttr = drawn.attr,
-           .AddOrDelete = kind,
-           .StartOfSegment = start,
-           .row = {}};
+  x0 = drawn.x0;
+  x1 = drawn.x1;
+  y0 = drawn.y0;
+  y1 = drawn.y1;
+  CenterX = drawn.xc;
+  CenterY = drawn.yc;
+  TypeOfSegment = {};
+  ZDepth = FeedRate = 0;
+  WhereDeletedFrom = kDrawingTable;
+  SegType = drawn.type;
+  SegAttr = drawn.attr;
+  AddOrDelete = kind;
+  StartOfSegment = start;
+  row = {};
 }
 
 void clsSegment::SetPathSegment(const PathRow& placed, RecordKind kind, bool start) {
-  *this = {.x0 = placed.x0,
-           .x1 = placed.x1,
-           .y0 = placed.y0,
-           .y1 = placed.y1,
-           .CenterX = placed.xc,
-           .CenterY = placed.yc,
-           .TypeOfSegment = placed.type,
-           .ZDepth = placed.z,
-           .FeedRate = placed.feed,
-           .WhereDeletedFrom = kPathTable,
-           .SegType = {},
-           .SegAttr = placed.code,
-           .AddOrDelete = kind,
-           .StartOfSegment = start,
-           .row = {}};
+  x0 = placed.x0;
+  x1 = placed.x1;
+  y0 = placed.y0;
+  y1 = placed.y1;
+  CenterX = placed.xc;
+  CenterY = placed.yc;
+  TypeOfSegment = placed.type;
+  ZDepth = placed.z;
+  FeedRate = placed.feed;
+  WhereDeletedFrom = kPathTable;
+  SegType = {};
+  SegAttr = placed.code;
+  AddOrDelete = kind;
+  StartOfSegment = start;
+  row = {};
 }
 
 void ChangeLog::logRecord(const clsSegment& record, bool cutRedo) {

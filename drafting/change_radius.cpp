@@ -60,7 +60,7 @@ void changeRadius(Desk& desk, Table table, int number) {
   if (*radius > kLargestRadius) return beep(desk);
   const std::optional<Entity> now = withRadius(desk.command.PendingRow1, *radius);
   if (!now) return warn(desk, "Radius too small!", kTitle);
-  reshapeRow(desk.changes, table, number, *now);
+  reshapeRow(desk.changes, table, number, *now, kDrawnByTheClick);
   desk.state.updateProperties = true;
 }
 

@@ -88,6 +88,7 @@ class DrawnRows {
   void bringBack(const clsSegment& record) {
     takeOut();
     live_ = Int16(live_ + 1);
+    // Fixed: a drawing row comes back as the last one; row numbers in scripts go by that.
     rows_.push_back({{drawnRow(record)}});
     finder_->add(rows_.size() - 1, rows_.back().row);
   }

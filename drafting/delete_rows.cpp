@@ -21,7 +21,7 @@ template <class Table, class Goes>
 Deletion deleteWhere(Desk& desk, Table table, Goes goes) {
   Change change(desk.changes);
   if (table.rows(change).eraseWhere(goes) == 0) return Deletion::Nothing;
-  return keepEdit(desk, change, kRowsDeleted) ? Deletion::Done : Deletion::Refused;
+  return keepEdit(desk, change, {.undoMark = kRowsDeleted}) ? Deletion::Done : Deletion::Refused;
 }
 
 Deletion deleteSelected(Desk& desk) {
@@ -43,7 +43,8 @@ void clickDelete(Desk& desk) {
     if (number < 1) return;
     Change change(desk.changes);
     table.rows(change).erase(number);
-    if (keepEdit(desk, change, kRowsDeleted)) UnselectAll(desk);
+    const Keeping keeping{.undoMark = kRowsDeleted, .redraws = false};
+    if (keepEdit(desk, change, keeping)) UnselectAll(desk);
   });
 }
 

@@ -9,6 +9,7 @@
 #include "drafting/entity_creation.h"
 #include "drafting/pending_actions.h"
 #include "drafting/pointer_events.h"
+#include "drafting/rubber_band.h"
 
 namespace tess {
 
@@ -36,8 +37,10 @@ Desk::~Desk() {
   state.effects = {};
 }
 
-// Whatever ends a three-point mode drops the command that is half done in it.
+// Whatever ends a mode takes its band off the screen, and of a three-point mode it drops the
+// command that is half done.
 void Desk::refreshDrawMode() {
+  if (pointer.RubberKind != state.DrawMode()) eraseRubberBand(*this);
   if (!takesThreePoints(*this, state.DrawMode())) dropThreePointCommand(*this);
   showDrawMode(*this);
 }

@@ -18,7 +18,7 @@ namespace {
 // The number behind the name tells a record of another version, or of a machine with another order
 // of bytes, from one of ours.
 constexpr std::string_view kRecordName = "TESSIMO RECORD\n";
-constexpr std::uint32_t kRecordVersion = 0x01020301;
+constexpr std::uint32_t kRecordVersion = 0x01020302;
 
 enum class EntryKind : std::uint8_t { Whole = 1, Edits = 2, Settings = 3 };
 

@@ -9,11 +9,12 @@
 #include <string>
 #include <string_view>
 
-#include "core/drawing_store.h"
 #include "core/open_drawing.h"
 #include "drafting/row_edit.h"
 
 namespace tess {
+
+struct DrawingStore;
 
 // What a record begins with.
 void appendRecordHead(std::string& out);

@@ -9,8 +9,8 @@ bool hasRowsToEdit(const Desk& desk) {
   return onEditedTable(desk, [&desk](auto table) { return table.count(desk.store) >= 1; });
 }
 
-bool keepEdit(Desk& desk, Change& change, int undoMark) {
-  if (!change.keep({.undoMark = undoMark})) return false;
+bool keepEdit(Desk& desk, Change& change, const Keeping& keeping) {
+  if (!change.keep(keeping)) return false;
   collectSelected(desk);
   desk.state.updateProperties = true;
   return true;

@@ -1,6 +1,7 @@
 // What editing commands have in common: the row that a click has picked, how an edit ends, and how
 // the operator is told that there is none.
-// Owns: pickRow, pickedRow, hasRowsToEdit, keepEdit, reshapeRow, beep, warn.
+// Owns: pickRow, pickedRow, hasRowsToEdit, kDrawnByTheClick, keepEdit, editByClick, reshapeRow,
+//       beep, warn.
 #pragma once
 
 #include <string>
@@ -27,16 +28,30 @@ int pickedRow(const Desk& desk, Table /*table*/) {
 // Whether the table that editing works on has a row.
 bool hasRowsToEdit(const Desk& desk);
 
+// A click redraws when it is done.
+inline constexpr Keeping kDrawnByTheClick{.redraws = false};
+
 // Keeps the change and lets selection and property window follow it; false when the operator has
 // refused a step that is too long for the log.
-bool keepEdit(Desk& desk, Change& change, int undoMark = kRowsAdded);
+bool keepEdit(Desk& desk, Change& change, const Keeping& keeping = kDrawnByTheClick);
+
+// What a routine does that is a whole change by itself, as part of a click.
+template <class Edit>
+auto editByClick(Desk& desk, Edit edit) {
+  Change change(desk.changes);
+  const auto result = edit();
+  change.keep(kDrawnByTheClick);
+  desk.state.updateProperties = true;
+  return result;
+}
 
 // Gives row `number` another form, as one step of undo.
 template <class Table>
-void reshapeRow(Changes& changes, Table /*table*/, int number, const Entity& form) {
+void reshapeRow(Changes& changes, Table /*table*/, int number, const Entity& form,
+                const Keeping& keeping = {}) {
   Change change(changes);
   Table::rows(change).replace(number, reshaped(Table::row(changes.store, number), form));
-  change.keep();
+  change.keep(keeping);
 }
 
 void beep(Desk& desk);

@@ -23,13 +23,20 @@ struct Corner {
   Point at, farA, farB;
 };
 
+struct BothEnds {
+  Point here, far;
+};
+
+BothEnds endsOf(const Entity& line, bool fromStart) {
+  return fromStart ? BothEnds{line.start, line.end} : BothEnds{line.end, line.start};
+}
+
 std::optional<Corner> commonEnd(const Entity& a, const Entity& b, float tolerence) {
   for (const bool startOfA : {true, false}) {
     for (const bool startOfB : {true, false}) {
-      const Point endOfA = startOfA ? a.start : a.end;
-      if (!samePoint(endOfA, startOfB ? b.start : b.end, tolerence)) continue;
-      return Corner{startOfA, startOfB, endOfA, startOfA ? a.end : a.start,
-                    startOfB ? b.end : b.start};
+      const BothEnds ofA = endsOf(a, startOfA), ofB = endsOf(b, startOfB);
+      if (!samePoint(ofA.here, ofB.here, tolerence)) continue;
+      return Corner{startOfA, startOfB, ofA.here, ofA.far, ofB.far};
     }
   }
   return std::nullopt;
@@ -70,12 +77,12 @@ std::optional<Entity> filletArc(const Corner& corner, float radius, float tolere
 
 // ---- Drawing rows
 
-void putFillet(Change& change, DrawnTable table, const Corner& corner, int sgA, int sgB,
+void putFillet(Change& change, DrawnTable /*table*/, const Corner& corner, int sgA, int sgB,
                const Entity& arc) {
   SegmentChanges& rows = change.segments;
   rows.replace(sgA, reshaped(rows.row(sgA), lineEntity(arc.start, corner.farA)));
   rows.replace(sgB, reshaped(rows.row(sgB), lineEntity(arc.end, corner.farB)));
-  table.addBehind(change, sgA, segmentRowOf(arc));
+  DrawnTable::addBehind(change, sgA, segmentRowOf(arc));
 }
 
 // ---- Path rows
@@ -91,14 +98,15 @@ PathRow cutBack(PathRow row, bool atStart, Point to) {
 }
 
 // Where B leads into A, the arc follows B and runs from there.
-void putFillet(Change& change, PlacedTable table, const Corner& corner, int psA, int psB,
+void putFillet(Change& change, PlacedTable /*table*/, const Corner& corner, int psA, int psB,
                const Entity& arc) {
   PathChanges& rows = change.paths;
   rows.replace(psA, cutBack(rows.row(psA), corner.startOfA, arc.start));
   rows.replace(psB, cutBack(rows.row(psB), corner.startOfB, arc.end));
   const bool bComesFirst = corner.startOfA && !corner.startOfB;
   const int like = bComesFirst ? psB : psA;
-  table.addBehind(change, like, reshaped(rows.row(like), bComesFirst ? backwards(arc) : arc));
+  PlacedTable::addBehind(change, like,
+                         reshaped(rows.row(like), bComesFirst ? backwards(arc) : arc));
 }
 
 // ---- Both
@@ -146,7 +154,9 @@ void clickFilletSecond(Desk& desk) {
     if (!radius) return;
     if (*radius <= 0 || *radius > kLargestRadius) return beep(desk);
     desk.command.filletRadius = *radius;
-    tellFillet(desk, filletRows(desk.changes, table, pickedRow(desk, table), second, *radius));
+    tellFillet(desk, editByClick(desk, [&] {
+                 return filletRows(desk.changes, table, pickedRow(desk, table), second, *radius);
+               }));
   });
 }
 
@@ -163,7 +173,6 @@ FilletResult addPathFillet(Changes& changes, int psA, int psB, float radius) {
 void tellFillet(Desk& desk, FilletResult result) {
   switch (result) {
     case FilletResult::Added:
-      desk.state.updateProperties = true;
       return;
     case FilletResult::NoCommonEnd:
       return warn(desk, "The 2 line segments must intersect at exactly one point.", kTitle);

@@ -24,7 +24,8 @@ void clickArc(Desk& desk) {
   onEditedTable(desk, [&desk](auto table) {
     const int number = table.nearestArc(desk.store, mouseOf(desk));
     if (number < 1) return;
-    reshapeRow(desk.changes, table, number, turned(table.entity(desk.store, number)));
+    reshapeRow(desk.changes, table, number, turned(table.entity(desk.store, number)),
+               kDrawnByTheClick);
     desk.state.updateProperties = true;
   });
 }

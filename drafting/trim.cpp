@@ -15,6 +15,7 @@ namespace tess {
 namespace {
 
 // How far a line reaches when it is extended, from its middle, in its own lengths.
+// Fixed: a line is extended by 100 of its lengths and no further; trims that failed would be made.
 constexpr double kReach = 100;
 
 Point along(Point middle, Point start, Point end, double lengths) {
@@ -95,8 +96,9 @@ void clickTrimBy(Desk& desk) {
     const int trimmer = table.nearest(desk.store, mouseOf(desk));
     desk.command.PendingSeg2 = trimmer;
     if (number < 1 || trimmer < 1 || number == trimmer) return beep(desk);
-    if (!trimRow(desk.changes, table, number, trimmer, desk.command.PendingPt1)) return;
-    desk.state.updateProperties = true;
+    editByClick(desk, [&] {
+      return trimRow(desk.changes, table, number, trimmer, desk.command.PendingPt1);
+    });
   });
 }
 

@@ -56,9 +56,11 @@ void Application::wireTools() {
   interaction.tools.onBandOpen = [this](const std::string& band) {
     if (band == "OSnapMenu") OSnap_ButtonClick_ButtonDropDown(interaction.desk);
     if (band == "barStatistics") interaction.forms.show(interaction.frmStatistics);
+    if (band == "barProperties") interaction.forms.show(interaction.properties);
   };
   interaction.tools.onBandClose = [this](const std::string& band) {
     if (band == "barStatistics") interaction.frmStatistics.close();
+    if (band == "barProperties") interaction.properties.close();
   };
   interaction.tools.onClientAreaChanged = [this] {
     guarded("frmMain.abMain_Resize()",
@@ -78,12 +80,20 @@ void Application::load(std::string_view drawing, std::string_view appfolder) {
 
 bool Application::guarded(std::string_view entry, const std::function<void()>& run) {
   const bool done = reporting_.guarded(entry, run);
-  showToolInUse();
+  showPropertiesAndTool();
   settleJournal();
   return done;
 }
 
-// Commands, dialogs and scripts choose and change tools; whichever did is done now.
+// Commands, dialogs and scripts change rows and tools; whichever did is done now.
+void Application::showPropertiesAndTool() {
+  if (interaction.properties.isLoaded()) {
+    reporting_.guarded("frmMain.UpdatePropertyWindow()",
+                       [this] { interaction.UpdatePropertyWindow(); });
+  }
+  showToolInUse();
+}
+
 void Application::showToolInUse() {
   interaction.statusBar.setPanel(StatusPanel::Tool, toolInUseText(session));
 }

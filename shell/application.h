@@ -141,6 +141,7 @@ class Application {
   };
 
   void wireTools();
+  void showPropertiesAndTool();
   void showToolInUse();
 
   HuntERR& reporting_;

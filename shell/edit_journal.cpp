@@ -1,10 +1,13 @@
 // The journal of edits.
 #include "shell/edit_journal.h"
 
+#include <algorithm>
 #include <filesystem>
+#include <iterator>
 #include <unistd.h>
 #include <utility>
 
+#include "core/drawing_store.h"
 #include "core/file_system.h"
 #include "core/lifecycle.h"
 #include "core/settings.h"
@@ -20,13 +23,12 @@ constexpr std::size_t kLongestMultiple = 8;
 constexpr std::size_t kLongestMore = 1 << 20;
 
 bool areEqual(const DrawingSettings& a, const DrawingSettings& b) {
-#define TESSIMO_EQUAL(variable, width, kind, key, goesTo, reading) \
-  if (a.variable != b.variable) return false;
+#define TESSIMO_EQUAL(variable, width, kind, key, goesTo, reading) a.variable == b.variable,
 #define TESSIMO_NOTHING(...)
-  TESSIMO_SETTINGS(TESSIMO_EQUAL, TESSIMO_NOTHING, TESSIMO_NOTHING)
+  const bool equal[] = {TESSIMO_SETTINGS(TESSIMO_EQUAL, TESSIMO_NOTHING, TESSIMO_NOTHING)};
 #undef TESSIMO_EQUAL
 #undef TESSIMO_NOTHING
-  return true;
+  return std::find(std::begin(equal), std::end(equal), false) == std::end(equal);
 }
 
 // A name that no process of this machine has used yet.

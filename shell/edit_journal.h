@@ -8,7 +8,7 @@
 #include <string>
 #include <string_view>
 
-#include "core/drawing_store.h"
+#include "core/drawing_settings.h"
 #include "core/growing_file.h"
 #include "core/session.h"
 #include "core/timers.h"

@@ -25,7 +25,8 @@ Interaction::Interaction(Session& session, const ScreenPorts& ports)
                     session.host.surroundings, *this, state}),
       desk({session, view, renderer, redraw, state, viewCommands, ScreenProxy, ports.pointer,
             ports.timers, tools, statusBar, *this}),
-      cam(desk) {
+      cam(desk),
+      properties(desk) {
   for (const DeskCommand* const command : importCommands()) desk.addCommand(desk, *command);
   fillToolHost(tools);
   tools.setClientArea(ports.clientArea);
@@ -90,12 +91,11 @@ void Interaction::showStatistics(int segments, int paths, const std::string& zoo
 }
 
 void Interaction::UpdatePropertyWindow() {
-  if (onPropertiesChanged) onPropertiesChanged();
-  desk.state.updateProperties = false;
+  properties.UpdatePropertyWindow();
 }
 
 void Interaction::selectEntity(int sg) {
-  if (onEntityPicked) onEntityPicked(sg);
+  properties.SelectEntity(sg);
 }
 
 // Text is not placed yet: nobody waits for these.

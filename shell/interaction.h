@@ -4,7 +4,6 @@
 // Owns: ScreenPorts, Interaction.
 #pragma once
 
-#include <functional>
 #include <string>
 
 #include "core/form_host.h"
@@ -14,6 +13,7 @@
 #include "display/redraw_sequence.h"
 #include "display/view_commands.h"
 #include "drafting/desk.h"
+#include "shell/frmProperties.h"
 #include "shell/frmStatistics.h"
 #include "toolpath/cam_desk.h"
 
@@ -71,10 +71,6 @@ class Interaction : public ViewHost, public RedrawListener, public DeskListener 
   Session& session_;
 
  public:
-  // The property window, when there is one: the selection changed, or one entity was picked.
-  std::function<void()> onPropertiesChanged;
-  std::function<void(int sg)> onEntityPicked;
-
   // Each works on those above it, and each may tell this as a listener as long as it lives: what
   // listening needs stands above them all.
   ToolHost tools;
@@ -89,6 +85,7 @@ class Interaction : public ViewHost, public RedrawListener, public DeskListener 
   ViewCommands viewCommands;
   Desk desk;
   CamDesk cam;
+  frmProperties properties;
 };
 
 }  // namespace tess

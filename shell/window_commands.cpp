@@ -1,18 +1,25 @@
-// The commands that arrange the main window: its panel of statistics and its customizing.
+// The commands that arrange the main window: its panels and its customizing.
 #include "shell/application.h"
 #include "shell/shell_commands.h"
 
 namespace tess {
 namespace {
 
-void toggleStatistics(Application& application) {
-  ToolHost& tools = application.interaction.tools;
-  const Band* const band = tools.band("barStatistics");
+void togglePanel(ToolHost& tools, std::string_view panel) {
+  const Band* const band = tools.band(panel);
   if (band != nullptr && band->open) {
-    tools.closeBand("barStatistics");
+    tools.closeBand(panel);
   } else {
-    tools.openBand("barStatistics");
+    tools.openBand(panel);
   }
+}
+
+void toggleStatistics(Application& application) {
+  togglePanel(application.interaction.tools, "barStatistics");
+}
+
+void toggleProperties(Application& application) {
+  togglePanel(application.interaction.tools, "barProperties");
 }
 
 void customize(Application& application) {
@@ -29,6 +36,11 @@ constexpr ShellCommand kCustomizeCommand{
 constexpr ShellCommand kStatisticsCommand{
     .info = {.tool = "miShowStatistics", .caption = "&Statistics", .menu = {"miView", 310}},
     .run = toggleStatistics,
+};
+
+constexpr ShellCommand kPropertiesCommand{
+    .info = {.tool = "miShowProperties", .caption = "Propert&y Window", .menu = {"miView", 320}},
+    .run = toggleProperties,
 };
 
 }  // namespace tess

@@ -91,7 +91,7 @@ std::string BoltCircle::complaints() const {
       {holes.has_value(), "Number of Bolt Holes is required and must be numeric."},
       {liesIn(holes, 1, kMaxHoles), "Number of Bolt Holes must be between 1 and 999."},
       {offset.has_value(), "Degrees Offset must be numeric."},
-      // Fixed: the offset's range is told in these words.
+      // Fixed: the offset's range is told in these words; scripts compare messages word for word.
       {liesIn(offset, 0, kMaxDegrees), "Number of Bolt Holes must be between 0 and 360."},
       {circle.has_value(), "Bolt Circle Diameter is required and must be numeric."},
       {!circle || *circle > 0, "Bolt Circle diameter must be between greater than 0."},
@@ -175,7 +175,7 @@ std::vector<Point> BoltCircle::listedPlaces() const {
   return places;
 }
 
-// Fixed: in spite of the button's name these are path rows, no drawing rows.
+// Fixed: path rows in spite of the button's name; jobs of shops drill what it places.
 void BoltCircle::createSegments() {
   const Procedure here("BoltCircle.cmdCreateSegments_Click()");
   const std::vector<Point> places = listedPlaces();

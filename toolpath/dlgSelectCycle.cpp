@@ -13,7 +13,12 @@ constexpr std::size_t kShortestNumberedText = 3;  // a letter and two digits
 }  // namespace
 
 dlgSelectCycle::dlgSelectCycle(CamDesk& cam)
-    : Form("dlgSelectCycle", "Cycle Select & Definition"), cam_(cam) {
+    : Form("dlgSelectCycle", "Cycle Select & Definition"),
+      cam_(cam),
+      fields_{{{txtcyclefinaldepth, &DrawingStore::cyclefinaldepth, true, "0"},
+               {txtcycleincrdepth, &DrawingStore::cycleincrdepth, true, "0"},
+               {txtcycledwell, &DrawingStore::cycledwell, false, ""},
+               {txtcyclefeedrate, &DrawingStore::cyclefeedrate, false, "0"}}} {
   chkSelectedCircles.setCaption("At the centers of the selected circles");
   cmdAccept.setCaption("&Accept");
   cmdCancel.setCaption("&Cancel");
@@ -27,6 +32,10 @@ dlgSelectCycle::dlgSelectCycle(CamDesk& cam)
   cmdAccept.onClick = [this] { accept(); };
   cmdCancel.onClick = [this] { close(); };
   onAccept = [this] { takeOver(); };
+}
+
+bool dlgSelectCycle::hasTemplate() const {
+  return template_ < cam_.store.NumCycles;
 }
 
 // A template that is chosen fills the fields by its click.

@@ -7,11 +7,14 @@
 #include <optional>
 
 #include "core/controls.h"
-#include "core/drawing_store.h"
 #include "core/form.h"
 #include "toolpath/cam_desk.h"
 
 namespace tess {
+
+template <typename T>
+class Column;
+struct DrawingStore;
 
 class dlgSelectCycle : public Form {
  public:
@@ -45,15 +48,10 @@ class dlgSelectCycle : public Form {
   void keep(const Field& field);
   void enableFields();
   void takeOver();
-  bool hasTemplate() const { return template_ < cam_.store.NumCycles; }
+  bool hasTemplate() const;
 
   CamDesk& cam_;
-  const std::array<Field, 4> fields_{{
-      {txtcyclefinaldepth, &DrawingStore::cyclefinaldepth, true, "0"},
-      {txtcycleincrdepth, &DrawingStore::cycleincrdepth, true, "0"},
-      {txtcycledwell, &DrawingStore::cycledwell, false, ""},
-      {txtcyclefeedrate, &DrawingStore::cyclefeedrate, false, "0"},
-  }};
+  const std::array<Field, 4> fields_;
   int template_ = 0;
   std::optional<int> result_;
 };

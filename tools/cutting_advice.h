@@ -8,10 +8,11 @@
 #include <string>
 #include <vector>
 
-#include "core/drawing_store.h"
 #include "tools/recommendation.h"
 
 namespace tess {
+
+struct DrawingSettings;
 
 // What tooth and tool of one diameter can take, in inches.
 struct ChipLoad {

@@ -80,11 +80,28 @@ Stock stockOf(const DrawingStore& store) {
   return {isMetric(store), store.partdimx, store.partdimy, store.partdimz};
 }
 
-void convertDrawing(Session& session, bool fromMetric) {
+void putBack(Session& session, const DrawingSettings& settings, const Stock& stock) {
   DrawingStore& store = session.store;
+  static_cast<DrawingSettings&>(store) = settings;
+  store.units = std::string(1, stock.metric ? 'M' : 'I');
+  store.partdimx = stock.length;
+  store.partdimy = stock.width;
+  store.partdimz = stock.height;
   set_num_formats(session);
-  store.unitfactor = static_cast<float>(unitFactor(fromMetric, isMetric(store)));
-  convert(session);
+}
+
+// Coordinates that do not fit into the other unit leave the drawing and its stock in this one.
+void convertDrawing(Session& session, const Stock& before) {
+  DrawingStore& store = session.store;
+  const DrawingSettings settings = store;
+  set_num_formats(session);
+  store.unitfactor = static_cast<float>(unitFactor(before.metric, isMetric(store)));
+  try {
+    convert(session);
+  } catch (const RuntimeFailure&) {
+    putBack(session, settings, before);
+    throw;
+  }
   if (store.NumPathSegments == 0) return;
   session.host.prompts.showMessage(
       {.text = kPathsStay, .title = "Drawing Title Block", .icon = MessageIcon::Warning});
@@ -328,7 +345,7 @@ void mnuOptionsDrawTitleBlock_Click(const TitleBlock& block) {
   session.host.prompts.showModal(dialog);
   const Stock after = stockOf(session.store);
   if (after == before) return;
-  if (after.metric != before.metric) convertDrawing(session, before.metric);
+  if (after.metric != before.metric) convertDrawing(session, before);
   session.listener.moveMarker(0, 0);
   block.view.fitview(/*keepview=*/false);
 }

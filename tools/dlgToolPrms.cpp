@@ -9,7 +9,6 @@
 #include "core/file_system.h"
 #include "core/file_writer.h"
 #include "core/number_text.h"
-#include "core/pocketing_choices.h"
 #include "core/rounding.h"
 #include "core/text.h"
 #include "tools/tool_library.h"
@@ -499,7 +498,7 @@ void dlgToolPrms::storeRow() {
   store_.toolmaterial[current_] = cmbToolMaterial.text();
   store_.toolmilltype[current_] = static_cast<int>(chosenType());
   if (storedTool(store_, current_) != before) edited();
-  settleSpacing();
+  settleByToolInUse(store_);
 }
 
 void dlgToolPrms::storeName() {
@@ -510,15 +509,6 @@ void dlgToolPrms::storeName() {
 void dlgToolPrms::storeFlutes() {
   const double flutes = Val(txtNumberFlutes.text());
   if (std::abs(flutes) <= kMaxFlutes) store_.toolflutes[current_] = roundHalfEven(flutes);
-}
-
-// Without a diameter there is no percentage, and without a tool no diameter.
-void dlgToolPrms::settleSpacing() {
-  const int tool = store_.selectedtool;
-  if (tool < 0 || tool > kLastTool) return;
-  const bool byDistance = stepOver(store_) == StepOver::ByDistance;
-  if (byDistance && store_.toolradius[tool] == 0) return;
-  settleCutWidth(store_);
 }
 
 void dlgToolPrms::takeOver() {

@@ -7,7 +7,6 @@
 #include <vector>
 
 #include "core/controls.h"
-#include "core/drawing_store.h"
 #include "core/form.h"
 #include "core/session.h"
 #include "tools/cutting_advice.h"
@@ -120,7 +119,6 @@ class dlgToolPrms : public Form {
   void storeRow();
   void storeName();
   void storeFlutes();
-  void settleSpacing();
   void takeOver();
   void edited();
 

@@ -16,12 +16,13 @@
 #include <utility>
 #include <vector>
 
-#include "core/drawing_store.h"
 #include "core/int16.h"
 #include "core/session.h"
 #include "tools/feeds_database.h"
 
 namespace tess {
+
+struct DrawingSettings;
 
 inline constexpr char kSpeedsFeedsName[] = "SpeedsFeeds.MDB";
 

@@ -9,6 +9,7 @@
 #include <set>
 
 #include "core/conventions.h"
+#include "core/cut_width.h"
 #include "core/drawing_store.h"
 #include "core/file_system.h"
 #include "core/number_text.h"
@@ -570,6 +571,20 @@ std::string toolCsv(const DrawingStore& store) {
   return text;
 }
 
+bool isToolCsv(std::string_view text) {
+  Lines lines(text);
+  Line line;
+  if (!lines.nextFilled(line)) return false;
+  DrawingStore scratch;
+  Import intake(scratch, {});
+  try {
+    const CsvHeader header(line, intake);
+  } catch (const BadLine&) {
+    return false;
+  }
+  return true;
+}
+
 ToolImport importToolCsv(DrawingStore& store, std::string_view text, const std::string& name) {
   const Procedure here("importToolCsv(text,name)");
   Import intake(store, name);
@@ -627,8 +642,10 @@ ToolImport importTools(DrawingStore& store, const std::string& path) {
   const Procedure here("importTools(path)");
   const ToolLibraryFormat format = formatOf(path);
   const std::string text = readFile(path);
-  return format == ToolLibraryFormat::Csv ? importToolCsv(store, text, path)
-                                          : importToolTable(store, text, path);
+  ToolImport result = format == ToolLibraryFormat::Csv ? importToolCsv(store, text, path)
+                                                       : importToolTable(store, text, path);
+  if (result.tools > 0) settleByToolInUse(store);
+  return result;
 }
 
 }  // namespace tess

@@ -1,6 +1,6 @@
 // The tool chest as a file of its own: CSV, and the tool table of LinuxCNC.
 // Owns: kLongestToolName, ToolLibraryFormat, toolLibraryFormat, ToolImport, toolCsv, toolTable,
-//       importToolCsv, importToolTable, exportedTools, importTools.
+//       isToolCsv, importToolCsv, importToolTable, exportedTools, importTools.
 #pragma once
 
 #include <optional>
@@ -37,12 +37,15 @@ std::string toolTable(const DrawingStore& store, std::string_view existing = {})
 // Take over the tools of a file into the rows of their numbers; what a line does not tell stays,
 // and so do tools that the file lacks. A diameter in the other unit is converted. Lines that cannot
 // be taken are passed over and reported under `name`. Marks the setup as changed.
+// Whether a CSV text has the columns that tools need.
+bool isToolCsv(std::string_view text);
+
 ToolImport importToolCsv(DrawingStore& store, std::string_view text, const std::string& name);
 ToolImport importToolTable(DrawingStore& store, std::string_view text, const std::string& name);
 
 // The text that exporting to a file gives, which may be there already; the file itself is written
 // by others. Both raise Invalid procedure call for a name of another ending, and what reading the
-// file raises.
+// file raises. The step-over follows a tool in use that has changed.
 std::string exportedTools(const DrawingStore& store, const std::string& path);
 ToolImport importTools(DrawingStore& store, const std::string& path);
 

@@ -13,7 +13,9 @@
 #include "shell/automation/bindings.h"
 #include "shell/automation/editing_routines.h"
 #include "shell/automation/lua_routines.h"
+#include "shell/automation/tool_chest_routines.h"
 #include "shell/automation/toolpath_routines.h"
+#include "shell/automation/transform_routines.h"
 
 namespace tess {
 namespace {
@@ -136,7 +138,8 @@ constexpr Routine kRoutines[] = {
 
 void bindRoutines(lua_State* L) {
   std::vector<Routine> routines(std::begin(kRoutines), std::end(kRoutines));
-  for (const std::span<const Routine> more : {editingRoutines(), toolpathRoutines()}) {
+  for (const std::span<const Routine> more :
+       {editingRoutines(), transformRoutines(), toolChestRoutines(), toolpathRoutines()}) {
     routines.insert(routines.end(), more.begin(), more.end());
   }
   setRoutines(L, "call", routines);

@@ -20,6 +20,8 @@ namespace {
 
 constexpr char kRun[] = "--run";
 constexpr char kPlay[] = "--play";
+constexpr char kExport[] = "export";
+constexpr char kImport[] = "import";
 constexpr char kFooter[] =
     "Everything behind SCRIPT belongs to the script, which finds it in arg[1], arg[2], ...\n"
     "Exit status: 0 done, 1 the job failed, 2 wrong usage.";
@@ -31,6 +33,7 @@ struct Options {
   std::string mode;
   std::string size;
   std::string date;
+  std::vector<std::string> tools;  // what to do, and the file
 };
 
 // The arguments of the script are none of the program's options, whatever they look like.
@@ -101,11 +104,21 @@ void addFileOptions(CLI::App& app, Options& options) {
   app.add_option("-o", options.line.output, "Write the program to FILE")
       ->type_name("FILE")
       ->needs(make);
-  app.add_option("--plot", options.line.picture, "Write a picture of DRAWING to FILE.png")
-      ->type_name("FILE.png")
+  auto* const plot =
+      app.add_option("--plot", options.line.picture, "Write a picture of DRAWING to FILE.png")
+          ->type_name("FILE.png")
+          ->excludes(kRun)
+          ->excludes(kPlay)
+          ->excludes(make);
+  app.add_option("--tools", options.tools,
+                 "Write the tools of the setup to FILE.csv or FILE.tbl, or take its tools over")
+      ->type_name("export|import FILE")
+      ->type_size(2)
+      ->expected(1)
       ->excludes(kRun)
       ->excludes(kPlay)
-      ->excludes(make);
+      ->excludes(make)
+      ->excludes(plot);
   app.add_flag("--force", options.line.force,
                "Write the program over any file, and by a damaged definition");
   app.add_option("DRAWING", options.line.drawing,
@@ -139,6 +152,18 @@ bool isGiven(const CLI::App& app, const char* option, bool withThem, const char*
   return true;
 }
 
+void settleTools(const CLI::App& app, Options& options) {
+  CommandLine& line = options.line;
+  if (app.count("DRAWING") > 0) throw CLI::ExcludesError("DRAWING", "--tools");
+  const std::string& what = options.tools.front();
+  if (what != kExport && what != kImport) {
+    throw CLI::ValidationError("--tools", "'" + what + "' is neither export nor import");
+  }
+  line.job = Job::Tools;
+  line.importsTools = what == kImport;
+  line.library = options.tools.back();
+}
+
 // The job that the options make up; throws what CLI11 does for options that make none.
 void settle(const CLI::App& app, Options& options) {
   CommandLine& line = options.line;
@@ -153,10 +178,12 @@ void settle(const CLI::App& app, Options& options) {
   isGiven(app, "--timeout", scripts, "--run or --play");
   if (isGiven(app, "--size", scripts || plots, "--run or --plot"))
     line.size = *sizeIn(options.size);
-  isGiven(app, "--force", plots || makes, "--make-cnc or --plot");
+  const bool exchanges = app.count("--tools") > 0;
+  isGiven(app, "--force", plots || makes || exchanges, "--make-cnc, --plot or --tools");
   if (isGiven(app, "--date", scripts || plots || makes, "--run, --make-cnc or --plot")) {
     line.date = momentIn(options.date);
   }
+  if (exchanges) settleTools(app, options);
   if (!plots && !makes) return;
   if (line.drawing.empty()) throw CLI::RequiresError(plots ? "--plot" : "--make-cnc", "DRAWING");
   line.job = plots ? Job::Plot : Job::MakeCnc;
@@ -198,6 +225,14 @@ ExitStatus plotDrawing(const CommandLine& line, const PictureWriter& writePictur
                    writePicture, err);
 }
 
+ExitStatus exchangeToolChest(const CommandLine& line, std::ostream& out, std::ostream& err) {
+  return exchangeTools({.file = line.library,
+                        .imports = line.importsTools,
+                        .force = line.force,
+                        .appfolder = programFolder(folderRequest(line.home))},
+                       out, err);
+}
+
 ExitStatus printText(const CommandLine& line, std::ostream& out, std::ostream& err) {
   if (line.status == ExitStatus::Done) {
     out << line.text;
@@ -216,6 +251,8 @@ ExitStatus runJob(const CommandLine& line, const PictureWriter& writePicture, st
       return makeProgram(line, out, err);
     case Job::Plot:
       return plotDrawing(line, writePicture, err);
+    case Job::Tools:
+      return exchangeToolChest(line, out, err);
     case Job::Window:
     case Job::PlayScript:
       throw std::logic_error("a window is not the business of a job without one");

@@ -13,7 +13,7 @@
 
 namespace tess {
 
-enum class Job { Window, RunScript, PlayScript, MakeCnc, Plot, PrintAndExit };
+enum class Job { Window, RunScript, PlayScript, MakeCnc, Plot, Tools, PrintAndExit };
 
 struct CommandLine {
   Job job = Job::Window;
@@ -26,6 +26,8 @@ struct CommandLine {
   CncMode mode = CncMode::Mill;
   std::string output;  // of the program; empty: where its rules put it
   std::string picture;
+  std::string library;           // of Tools
+  bool importsTools = false;     // from it; else they go there
   bool force = false;            // over what a program or a picture does not replace by itself
   PixelSize size;                // of the surface that nobody sees, or of the picture
   std::optional<DateTime> date;  // that programs and drawings bear; none: of the machine's clock

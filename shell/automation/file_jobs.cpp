@@ -8,21 +8,24 @@
 #include "core/drawing_file.h"
 #include "core/drawing_store.h"
 #include "core/file_system.h"
+#include "core/file_writer.h"
 #include "core/form.h"
+#include "core/setup_file.h"
 #include "display/drawing_extents.h"
 #include "shell/application.h"
 #include "shell/automation/message_buttons.h"
 #include "shell/automation/reports.h"
 #include "shell/automation/script_host.h"
 #include "shell/virtual_screen.h"
+#include "tools/tool_library.h"
 
 namespace tess {
 namespace {
 
 constexpr int kRedrawTime = 1000;  // milliseconds: more than the stages of a redraw take
 
-struct DrawingJob {
-  std::string drawing;
+struct ProgramJob {
+  std::string file;
   std::string appfolder;
   PixelSize size;
   std::optional<DateTime> date;
@@ -143,10 +146,17 @@ void plot(Application& application, const PlotJob& job, const PictureWriter& wri
   writePicture(application, folder + name, job.size);
 }
 
-// Loads the drawing on a screen that nobody sees, does something with it, and tells what went
-// wrong.
-ExitStatus withDrawing(const DrawingJob& job, std::ostream& err,
-                       const std::function<void(Application&)>& work) {
+// A program that has been brought up for a job.
+struct JobRun {
+  Application& application;
+  const JobPrompts& prompts;
+  VirtualTimers& timers;
+};
+
+// Brings the program up on a screen that nobody sees, does something with it, and tells what went
+// wrong with the file that the job is about.
+ExitStatus withProgram(const ProgramJob& job, std::ostream& err,
+                       const std::function<void(const JobRun&)>& work) {
   VirtualScreen screen(job.size);
   JobHost host(screen.timers, job.date);
   host.reporting.setFolder(job.appfolder);
@@ -158,10 +168,8 @@ ExitStatus withDrawing(const DrawingJob& job, std::ostream& err,
   };
   try {
     application.start(/*drawing=*/"", job.appfolder);
-    subject = job.drawing + ": ";
-    load(application, host.prompts, job.drawing);
-    screen.timers.advance(kRedrawTime);
-    work(application);
+    subject = job.file + ": ";
+    work({application, host.prompts, screen.timers});
   } catch (const RuntimeFailure& failure) {
     host.reporting.report(failure);
     return fail(describe(failure));
@@ -173,6 +181,44 @@ ExitStatus withDrawing(const DrawingJob& job, std::ostream& err,
   return ExitStatus::Done;
 }
 
+ExitStatus withDrawing(const ProgramJob& job, std::ostream& err,
+                       const std::function<void(Application&)>& work) {
+  return withProgram(job, err, [&](const JobRun& run) {
+    load(run.application, run.prompts, job.file);
+    run.timers.advance(kRedrawTime);
+    work(run.application);
+  });
+}
+
+// ---- The tool chest
+
+void requireLibrary(const std::string& file) {
+  if (toolLibraryFormat(file)) return;
+  throw JobFailure("a tool library is a .csv file or a tool table, .tbl");
+}
+
+// A table keeps what it holds besides; of a CSV file nothing would be left.
+void requireReplaceableLibrary(const std::string& file) {
+  const bool other = toolLibraryFormat(file) == ToolLibraryFormat::Csv && fileExists(file) &&
+                     !isToolCsv(readFile(file));
+  if (other) throw JobFailure(std::string("it holds no tools") + kForced);
+}
+
+void exportToolChest(Application& application, const ToolsJob& job) {
+  requireLibrary(job.file);
+  if (!job.force) requireReplaceableLibrary(job.file);
+  writeFile(application.session.host.guard, job.file, FileKind::ToolLibrary,
+            exportedTools(application.store, job.file));
+}
+
+// The setup in force takes over what can be taken.
+ToolImport importToolChest(Application& application, const ToolsJob& job) {
+  requireLibrary(job.file);
+  ToolImport result = importTools(application.store, job.file);
+  if (result.tools > 0) SetupTESS(application.session, "S");
+  return result;
+}
+
 }  // namespace
 
 ExitStatus makeCncFile(const CncJob& job, std::ostream& out, std::ostream& err) {
@@ -181,6 +227,23 @@ ExitStatus makeCncFile(const CncJob& job, std::ostream& out, std::ostream& err) 
                        const std::string file = make(application, job);
                        if (job.output.empty()) out << file << '\n';
                      });
+}
+
+ExitStatus exchangeTools(const ToolsJob& job, std::ostream& out, std::ostream& err) {
+  ToolImport result;
+  std::string setup;
+  const ExitStatus status =
+      withProgram({job.file, job.appfolder, {}, {}}, err, [&](const JobRun& run) {
+        setup = run.application.session.appfolder + run.application.session.setupname;
+        if (job.imports) {
+          result = importToolChest(run.application, job);
+        } else {
+          exportToolChest(run.application, job);
+        }
+      });
+  for (const std::string& problem : result.problems) say(err, problem);
+  if (result.tools > 0) out << setup << '\n';
+  return result.problems.empty() ? status : ExitStatus::JobFailed;
 }
 
 ExitStatus writePlot(const PlotJob& job, const PictureWriter& writePicture, std::ostream& err) {

@@ -1,5 +1,5 @@
 // Jobs on single files that need neither a window nor a script.
-// Owns: CncJob, makeCncFile, PlotJob, writePlot.
+// Owns: CncJob, makeCncFile, ToolsJob, exchangeTools, PlotJob, writePlot.
 #pragma once
 
 #include <iosfwd>
@@ -23,6 +23,18 @@ struct CncJob {
 // that does not load, or has no paths, gives one line on `err`; so does a program that would take
 // the place of something else, or be made by a damaged definition.
 ExitStatus makeCncFile(const CncJob& job, std::ostream& out, std::ostream& err);
+
+struct ToolsJob {
+  std::string file;  // a tool library by its ending
+  bool imports = false;
+  bool force = false;     // export also over a .csv file that holds no tools
+  std::string appfolder;  // with its last separator
+};
+
+// Writes the tools of the setup in force to the file, or takes over those of the file and saves the
+// setup, whose path goes to `out`. Each line that cannot be taken is a line on `err` and fails the
+// job; the others are taken. Failures as above.
+ExitStatus exchangeTools(const ToolsJob& job, std::ostream& out, std::ostream& err);
 
 struct PlotJob {
   std::string drawing;

@@ -62,9 +62,15 @@ void pushObject(lua_State* L, Object object) {
 }
 
 template <typename Object>
-Object& selfAs(lua_State* L) {
+Object& heldSelf(lua_State* L) {
   auto* const object = static_cast<Object*>(luaL_testudata(L, kSelf, Object::kName));
   if (object == nullptr) raise(L, string("a ") + Object::kName + " stands in front of the colon");
+  return *object;
+}
+
+template <typename Object>
+Object& selfAs(lua_State* L) {
+  auto* const object = &heldSelf<Object>(L);
   if (object->life.expired()) raise(L, string(Object::kGone) + " is gone");
   return *object;
 }
@@ -214,6 +220,9 @@ const Method* methodNamed(const string& key) {
   return found == std::end(kMethods) ? nullptr : found;
 }
 
+// The colour of a control's text, which a script only reads.
+constexpr char kColor[] = "color";
+
 bool hasProperty(const Control& control, const string& key) {
   const std::vector<string> names = control.properties();
   return std::find(names.begin(), names.end(), key) != names.end();
@@ -221,8 +230,18 @@ bool hasProperty(const Control& control, const string& key) {
 
 [[noreturn]] void raiseUnknownProperty(lua_State* L, const Control& control, const string& key) {
   std::vector<string> names = control.properties();
+  names.emplace_back(kColor);
   for (const Method& method : kMethods) names.emplace_back(method.name);
   raise(L, nameOf(control) + " has no '" + key + "'" + didYouMean(key, names));
+}
+
+// Nil while the colour is the toolkit's own.
+void pushColor(lua_State* L, const Control& control) {
+  if (control.color()) {
+    push(L, *control.color());
+  } else {
+    lua_pushnil(L);
+  }
 }
 
 int readControl(Script& /*script*/, lua_State* L) {
@@ -230,6 +249,8 @@ int readControl(Script& /*script*/, lua_State* L) {
   const string key = keyText(L);
   if (const Method* const method = methodNamed(key)) {
     lua_pushcfunction(L, method->function);
+  } else if (key == kColor) {
+    pushColor(L, control);
   } else if (hasProperty(control, key)) {
     std::visit(PushValue{L}, control.get(key));
   } else {
@@ -241,6 +262,7 @@ int readControl(Script& /*script*/, lua_State* L) {
 int writeControl(Script& script, lua_State* L) {
   Control& control = *selfAs<ControlObject>(L).control;
   const string key = keyText(L);
+  if (key == kColor) raise(L, nameOf(control) + "." + kColor + " can only be read");
   if (!hasProperty(control, key)) raiseUnknownProperty(L, control, key);
   control.set(key, propertyAt(L, kValue));
   script.hand.controlWorked();
@@ -274,16 +296,36 @@ int countArray(Script& /*script*/, lua_State* L) {
 
 // ---- Forms
 
+constexpr char kShown[] = "shown";
+constexpr char kCaption[] = "caption";
+
+// Also of a form that is gone: so one that has closed itself can be told from one that waits.
+bool isShown(const FormObject& object) {
+  return !object.life.expired() && object.form->isShown();
+}
+
+[[noreturn]] void raiseUnknownControl(lua_State* L, const Form& form, const string& key) {
+  std::vector<string> names = form.controlNames();
+  names.insert(names.end(), {kShown, kCaption});
+  raise(L, form.name() + " has no control '" + key + "'" + didYouMean(key, names));
+}
+
 int readForm(Script& /*script*/, lua_State* L) {
+  const string key = keyText(L);
+  if (key == kShown) {
+    push(L, isShown(heldSelf<FormObject>(L)));
+    return 1;
+  }
   const FormObject& object = selfAs<FormObject>(L);
   const Form& form = *object.form;
-  const string key = keyText(L);
-  if (Control* const control = form.control(key)) {
+  if (key == kCaption) {
+    push(L, form.caption());
+  } else if (Control* const control = form.control(key)) {
     pushObject(L, ControlObject{control, object.life});
   } else if (!form.arrayIndices(key).empty()) {
     pushObject(L, ArrayObject{object.form, object.life, key});
   } else {
-    raise(L, form.name() + " has no control '" + key + "'" + didYouMean(key, form.controlNames()));
+    raiseUnknownControl(L, form, key);
   }
   return 1;
 }

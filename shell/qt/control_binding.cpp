@@ -15,6 +15,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSignalBlocker>
+#include <QTabBar>
 #include <QTimer>
 #include <array>
 #include <cmath>
@@ -24,6 +25,7 @@
 #include "shell/qt/bolt_pane.h"
 #include "shell/qt/icons.h"
 #include "shell/qt/pdf_pane.h"
+#include "shell/qt/prop_list_pane.h"
 
 namespace tess {
 
@@ -132,6 +134,7 @@ void ControlBinding::act(const char* event, const std::function<void()>& action)
 }
 
 void ControlBinding::detach() {
+  forgetModel();
   if (widget_ == nullptr) return;
   widget_->removeEventFilter(this);
   widget_->disconnect(this);
@@ -337,6 +340,32 @@ class ListBinding : public BindingOf<ListBox, QListWidget> {
   int picked_ = -1;  // by the press that a click will follow
 };
 
+// A list whose items are tabs.
+class TabsBinding : public BindingOf<ListBox, QTabBar> {
+ public:
+  TabsBinding(Control& control, QTabBar& tabs, FormActions& actions)
+      : BindingOf(control, tabs, actions) {
+    connect(&tabs, &QTabBar::currentChanged, this, [this](int tab) {
+      if (tab >= 0) act("Click", [&] { model_.pick(tab); });
+    });
+  }
+
+ protected:
+  void showOwn(Property property) override {
+    if (property == Property::Items) showItems();
+    if (property == Property::Items || property == Property::Index) {
+      shown_.setCurrentIndex(model_.index());
+    }
+  }
+
+ private:
+  void showItems() {
+    while (shown_.count() > model_.count()) shown_.removeTab(shown_.count() - 1);
+    while (shown_.count() < model_.count()) shown_.addTab({});
+    for (int tab = 0; tab < model_.count(); ++tab) shown_.setTabText(tab, shown(model_.item(tab)));
+  }
+};
+
 class ComboBinding : public BindingOf<ComboBox, QComboBox> {
  public:
   ComboBinding(Control& control, QComboBox& combo, FormActions& actions)
@@ -488,6 +517,44 @@ std::unique_ptr<ControlBinding> boundPane(Control& control, QWidget& widget, For
   return std::make_unique<Binding>(control, *pane, actions);
 }
 
+// The list of named values, when that is shown by a pane that paints its rows.
+class PropListBinding : public BindingOf<PropList, PropListPane> {
+ public:
+  PropListBinding(Control& control, PropListPane& pane, FormActions& actions)
+      : BindingOf(control, pane, actions) {
+    pane.onPick = [this](int row) { act("Click", [&] { model_.pick(row); }); };
+    pane.onOpen = [this] { act("DblClick", [this] { model_.open(); }); };
+    pane.onRestore = [this] { act("KeyDown", [this] { model_.restore(); }); };
+    pane.onLeft = [this] { act("LostFocus", [this] { model_.form().moveFocus(nullptr); }); };
+    pane.setModel(&model_);
+  }
+  ~PropListBinding() override { forgetModel(); }
+
+ protected:
+  // The pane lives on for a while.
+  void forgetModel() override {
+    if (pane_ == nullptr) return;
+    pane_->setModel(nullptr);
+    pane_->onPick = nullptr;
+    pane_->onOpen = nullptr;
+    pane_->onRestore = nullptr;
+    pane_->onLeft = nullptr;
+  }
+  void showOwn(Property property) override {
+    if (property == Property::Items || property == Property::Index) shown_.showRows();
+  }
+
+ private:
+  QPointer<PropListPane> pane_{&shown_};
+};
+
+std::unique_ptr<ControlBinding> boundPropList(Control& control, QWidget& widget,
+                                              FormActions& actions) {
+  auto* pane = dynamic_cast<PropListPane*>(&widget);
+  if (pane == nullptr || dynamic_cast<PropList*>(&control) == nullptr) return nullptr;
+  return std::make_unique<PropListBinding>(control, *pane, actions);
+}
+
 template <class Binding, class Shown>
 std::unique_ptr<ControlBinding> bound(Control& control, QWidget& widget, FormActions& actions) {
   auto* fitting = qobject_cast<Shown*>(&widget);
@@ -510,6 +577,8 @@ constexpr std::array kBindings{
     KindOfBinding{ControlKind::CheckBox, bound<CheckBinding, QCheckBox>},
     KindOfBinding{ControlKind::Option, bound<OptionBinding, QAbstractButton>},
     KindOfBinding{ControlKind::List, bound<ListBinding, QListWidget>},
+    KindOfBinding{ControlKind::List, bound<TabsBinding, QTabBar>},
+    KindOfBinding{ControlKind::List, boundPropList},
     KindOfBinding{ControlKind::Combo, bound<ComboBinding, QComboBox>},
     KindOfBinding{ControlKind::Label, bound<LabelBinding, QLabel>},
     KindOfBinding{ControlKind::Slider, bound<SliderBinding, QAbstractSlider>},

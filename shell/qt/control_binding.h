@@ -68,6 +68,8 @@ class ControlBinding : public QObject {
   // What a kind shows beyond flags, hint, colour and place. Signals of the widget are blocked.
   virtual void showOwn(Property property) = 0;
   virtual void showCaption(const QString& /*caption*/) {}
+  // The control is gone, for widgets that look at it while they are painted.
+  virtual void forgetModel() {}
 
   bool formLives() const { return actions_.formLives(); }
   // Runs an event of the operator, then shows what the control made of it.

@@ -14,6 +14,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSlider>
+#include <QTabBar>
 #include <QUiLoader>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -26,6 +27,7 @@
 #include "shell/qt/bolt_pane.h"
 #include "shell/qt/control_binding.h"
 #include "shell/qt/pdf_pane.h"
+#include "shell/qt/prop_list_pane.h"
 
 namespace tess {
 
@@ -46,9 +48,10 @@ struct OwnClass {
   QWidget* (*make)(QWidget*);
 };
 
-constexpr std::array kOwnClasses{OwnClass{"QComboBox", make<DropDownBox>},
-                                 OwnClass{"PdfPane", make<PdfPane>},
-                                 OwnClass{"BoltPane", make<BoltPane>}};
+constexpr std::array kOwnClasses{
+    OwnClass{"QComboBox", make<DropDownBox>}, OwnClass{"PdfPane", make<PdfPane>},
+    OwnClass{"BoltPane", make<BoltPane>}, OwnClass{"PropListPane", make<PropListPane>},
+    OwnClass{"QTabBar", make<QTabBar>}};
 
 class Loader : public QUiLoader {
  public:

@@ -27,9 +27,10 @@ TEST(Checksum, ZerosAtTheEndCount) {
   EXPECT_NE(checksumOf("").sum, checksumOf(std::string(1, '\0')).sum);
 }
 
+// Files of last year are read by them. The first is the published one of no bytes.
 TEST(Checksum, IsTheSameOnEveryRun) {
-  EXPECT_EQ(checksumText(checksumOf("")), "94143189ad9a486b-0");
-  EXPECT_EQ(checksumText(checksumOf("Tessimo Mill")), "e554f376cec4896e-12");
+  EXPECT_EQ(checksumText(checksumOf("")), "xxh3-2d06800538d394c2-0");
+  EXPECT_EQ(checksumText(checksumOf("Tessimo Mill")), "xxh3-b61f27d7806ce3c2-12");
 }
 
 TEST(Checksum, TextReadsBack) {
@@ -38,7 +39,7 @@ TEST(Checksum, TextReadsBack) {
     EXPECT_TRUE(parseChecksum(checksumText(checksum), read));
     EXPECT_EQ(read, checksum);
   }
-  EXPECT_EQ(checksumText(Checksum{.sum = 0xab, .size = 7}), "00000000000000ab-7");
+  EXPECT_EQ(checksumText(Checksum{.sum = 0xab, .size = 7}), "xxh3-00000000000000ab-7");
   EXPECT_TRUE(parseChecksum("none", read));
   EXPECT_EQ(read, std::nullopt);
 }
@@ -46,8 +47,10 @@ TEST(Checksum, TextReadsBack) {
 TEST(Checksum, OtherTextsAreNone) {
   std::optional<Checksum> read;
   for (const char* text :
-       {"", "nothing", "00000000000000ab", "00000000000000ab-", "ab-7", "00000000000000ag-7",
-        "00000000000000ab-7x", "00000000000000ab-99999999999999999999999"}) {
+       {"", "nothing", "xxh3-", "xxh3-none", "xxh3-00000000000000ab", "xxh3-00000000000000ab-",
+        "xxh3-ab-7", "xxh3-00000000000000ag-7", "xxh3-00000000000000ab-7x",
+        "xxh3-00000000000000ab-99999999999999999999999", "00000000000000ab-7",
+        "sha1-00000000000000ab-7"}) {
     EXPECT_FALSE(parseChecksum(text, read)) << text;
     EXPECT_EQ(read, std::nullopt) << text;
   }

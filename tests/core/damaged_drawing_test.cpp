@@ -172,6 +172,23 @@ TEST_F(DamagedDrawing, RecordThatIsTornOrNoRecordTellsNothing) {
   }
 }
 
+// A line of a version with checksums of another kind, the last of the drawing: nothing is known.
+TEST_F(DamagedDrawing, RecordOfAnotherKindOfChecksumTellsNothing) {
+  const std::string line = record() +
+                           "94143189ad9a486b-1234 e554f376cec4896e-12 03/09/2026 14:05:07 " +
+                           cnc("PART.CDM") + "\r\n";
+  testing::writeFile(test.home(kSaveRecordName), line);
+  write("PART.CDM", drawing_ + "1,8,0,0,5,5\r\n");
+  load("PART.CDM");
+  EXPECT_THAT(takeTexts(), IsEmpty());
+  EXPECT_EQ(record(), line);
+  addLine(3);
+  save_Drawing(session);
+  write("PART.CDM", drawing_);
+  load("PART.CDM");
+  EXPECT_THAT(takeTexts(), ElementsAre(damaged("")));
+}
+
 TEST_F(DamagedDrawing, RecordStaysBelowItsBoundAndKeepsTheLatest) {
   const PairState state;
   for (int save = 0; save < 3000; ++save) {

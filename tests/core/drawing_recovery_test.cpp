@@ -274,6 +274,19 @@ TEST_F(CutOffSave, JournalWithoutANameGoesWithWhatBelongsToIt) {
   EXPECT_THAT(entries(), ElementsAre("PART.CDM", "PART.TPM"));
 }
 
+// Only the version that has written it knows what it says.
+TEST_F(CutOffSave, JournalOfAnotherVersionStaysWithWhatBelongsToIt) {
+  const std::string stem = ".tessimo-0123456789abcdef-8";
+  write(journalName(stem), "Tessimo save 1\nPART.CDM\nrenews backup\nnone none\nno sum\n");
+  write(freshName(stem, 0), "new");
+  write(spareName(stem, 0), "old");
+  OtherStart next(test.home());
+  next.load("PART.CDM");
+  EXPECT_TRUE(next.texts().empty());
+  EXPECT_THAT(entries(), ElementsAre(freshName(stem, 0), spareName(stem, 0), journalName(stem),
+                                     "PART.CDM", "PART.TPM"));
+}
+
 TEST_F(CutOffSave, TemporaryFilesOfDeadProcessesGoAtTheNextOpen) {
   write(".tessimo-1-0.tmp", "half");
   write(".tessimo-notes", "somebody's");

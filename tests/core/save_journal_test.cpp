@@ -24,12 +24,12 @@ TEST(SaveJournal, TextReadsBack) {
 
 TEST(SaveJournal, SaysWhatItIsToAReader) {
   EXPECT_TRUE(
-      journalText(kJournal).starts_with("Tessimo save 1\n"
+      journalText(kJournal).starts_with("Tessimo save 2\n"
                                         "PART one.CDM\n"
                                         "renews backup\n"
-                                        "0000000000000001-2 0000000000000003-4\n"
-                                        "none 0000000000000005-6\n"
-                                        "0000000000000007-8 none\n"));
+                                        "xxh3-0000000000000001-2 xxh3-0000000000000003-4\n"
+                                        "none xxh3-0000000000000005-6\n"
+                                        "xxh3-0000000000000007-8 none\n"));
 }
 
 TEST(SaveJournal, TextThatIsCutOrChangedAnywhereIsNone) {
@@ -48,18 +48,28 @@ std::string proven(const std::string& body) {
 }
 
 TEST(SaveJournal, LinesThatMeanNothingMakeItNone) {
-  const std::string head = "Tessimo save 1\nPART.CDM\nrenews backup\n";
+  const std::string head = "Tessimo save 2\nPART.CDM\nrenews backup\n";
   EXPECT_TRUE(parseJournal(proven(head + "none none\n")));
-  for (const char* body : {"", "Tessimo save 1\n", "Tessimo save 2\nPART.CDM\nrenews backup\n",
-                           "Tessimo save 1\nPART.CDM\nrenews backup\nnone\n",
-                           "Tessimo save 1\nPART.CDM\nrenews backup\nnone 12\n",
-                           "Tessimo save 1\nPART.CDM\nrenews backup\n12 none\n",
-                           "Tessimo save 1\nPART.CDM\nburns backup\nnone none\n"}) {
+  for (const char* body : {"", "Tessimo save 2\n", "Tessimo save 3\nPART.CDM\nrenews backup\n",
+                           "Tessimo save 2\nPART.CDM\nrenews backup\nnone\n",
+                           "Tessimo save 2\nPART.CDM\nrenews backup\nnone 12\n",
+                           "Tessimo save 2\nPART.CDM\nrenews backup\n12 none\n",
+                           "Tessimo save 2\nPART.CDM\nburns backup\nnone none\n"}) {
     EXPECT_FALSE(parseJournal(proven(body))) << body;
   }
   std::string many = head;
   for (std::size_t file = 0; file <= SaveJournal::kMaxFiles; ++file) many += "none none\n";
   EXPECT_FALSE(parseJournal(proven(many)));
+}
+
+TEST(SaveJournal, AnotherVersionIsKnownByItsTitle) {
+  for (const char* text : {"Tessimo save 1\n", "Tessimo save 3\nwhatever follows"}) {
+    EXPECT_TRUE(isOfAnotherVersion(text)) << text;
+  }
+  for (const std::string text :
+       {"", "Tessimo sa", "Tessimo save 1", "Tessimo save 2\nPART.CDM", "x\n"}) {
+    EXPECT_FALSE(isOfAnotherVersion(text)) << text;
+  }
 }
 
 TEST(SaveJournal, NamesAreTheSameInAnyCaseAndShortForLongNames) {

@@ -517,12 +517,26 @@ TEST(UndoStep, TellsPassesApartThatDifferOnlyInDepth) {
 
 // ---- Long steps
 
+// The row that a record is of: the last one that is equal, and only then the last within the
+// tolerance.
+int plainSearch(const DrawingStore& store, const clsSegment& record) {
+  for (int sg = store.NumSegments; sg >= 1; --sg) {
+    clsSegment of;
+    of.SetSegment(segmentRow(store, sg), "D", /*start=*/false);
+    const bool equal = of.x0 == record.x0 && of.y0 == record.y0 && of.x1 == record.x1 &&
+                       of.y1 == record.y1 && of.CenterX == record.CenterX &&
+                       of.CenterY == record.CenterY && of.SegAttr == record.SegAttr;
+    if (equal && of.SegType == record.SegType) return sg;
+  }
+  return findSegment(store, record);
+}
+
 // The walk as it is told: one pass over the table for each record.
 void plainUndo(ChangeLog& log, DrawingStore& store) {
   while (log.canUndo()) {
     const clsSegment record = log.popRecord();
     if (record.added()) {
-      deleteSegment(store, findSegment(store, record));
+      deleteSegment(store, plainSearch(store, record));
     } else {
       AddSeg(store,
              {.type = record.SegType,

@@ -19,8 +19,6 @@ using testing::segmentTexts;
 using testing::TableBits;
 using Texts = std::vector<std::string>;
 
-constexpr int kSelectedRow = 30008;
-
 struct PasteDesk : RecordedDesk {
   PasteDesk() {
     Clear_Paste(desk);

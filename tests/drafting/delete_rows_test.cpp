@@ -3,7 +3,7 @@
 
 #include "gtest/gtest.h"
 
-#include "drafting/edit_commands.h"
+#include "drafting/edit_paths.h"
 #include "drafting/selection.h"
 #include "tests/support/drafting_desk.h"
 #include "tests/support/edit_checks.h"
@@ -97,7 +97,23 @@ TEST(DeleteByClick, TakesARowWithoutLength) {
   EXPECT_EQ(d.store.NumSegments, 0);
 }
 
+TEST(DeleteByClick, RedrawsOnce) {
+  ThreeLines d;
+  mnuEditDelete_Click(d.desk);
+  d.log.take();
+  d.click(1, 1);
+  EXPECT_EQ(d.log.count("Cls"), 1);
+}
+
 // ---- Of a selection
+
+TEST(DeleteOfASelection, RedrawsTheScreen) {
+  ThreeLines d;
+  d.store.segattr[1] = 30008;
+  d.log.take();
+  mnuEditDelete_Click(d.desk);
+  EXPECT_EQ(d.log.count("Cls"), 1);
+}
 
 TEST(DeleteOfASelection, TakesOrdinaryRowsInOneStepAndUnmarksVerifiedOnes) {
   ThreeLines d;

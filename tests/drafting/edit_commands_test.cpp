@@ -1,6 +1,4 @@
 // What the commands of the edit menu arm, and what the repeat key issues again.
-#include "drafting/edit_commands.h"
-
 #include "gtest/gtest.h"
 
 #include "core/drawing_store.h"
@@ -8,6 +6,7 @@
 #include "drafting/change_radius.h"
 #include "drafting/copy_paste.h"
 #include "drafting/delete_rows.h"
+#include "drafting/edit_paths.h"
 #include "drafting/entity_creation.h"
 #include "drafting/entity_info.h"
 #include "drafting/fillet.h"

@@ -21,8 +21,6 @@ using testing::segmentTexts;
 using testing::TableBits;
 using Texts = std::vector<std::string>;
 
-constexpr int kSelectedRow = 30008;
-
 struct MirrorDesk : RecordedDesk {
   MirrorDesk() {
     addLine(1, 1, 3, 2);

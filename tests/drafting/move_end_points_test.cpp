@@ -5,6 +5,7 @@
 
 #include "gtest/gtest.h"
 
+#include "drafting/edit_paths.h"
 #include "drafting/selection.h"
 #include "tests/support/drafting_desk.h"
 #include "tests/support/edit_checks.h"
@@ -231,6 +232,15 @@ TEST(MoveEndPoint, ThatEscCancelledLeavesAllAsItIs) {
   Handle_esc(d.desk);
   expectNoStep(d, [&d] { d.release(kLeftButton, 3, 1); });
   mnuEditMoveEnd_Click(d.desk);
+  expectNoStep(d, [&d] { d.release(kLeftButton, 3, 1); });
+}
+
+TEST(MoveEndPoint, TakenUpInTheOtherTableMovesNothing) {
+  Bend d;
+  d.addPathLine(0, 0, 2, 0);
+  mnuEditMoveEnd_Click(d.desk);
+  d.press(kLeftButton, 2, 0);
+  toggleEditPaths(d.desk);
   expectNoStep(d, [&d] { d.release(kLeftButton, 3, 1); });
 }
 

@@ -20,8 +20,6 @@ using testing::segmentTexts;
 using testing::TableBits;
 using Texts = std::vector<std::string>;
 
-constexpr int kSelectedRow = 30008;
-
 // A line, both arcs, a circle, a rectangle; and of paths a rapid, a line, an arc and a cycle.
 struct MoveDesk : RecordedDesk {
   MoveDesk() {

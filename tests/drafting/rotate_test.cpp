@@ -21,8 +21,6 @@ using testing::segmentTexts;
 using testing::TableBits;
 using Texts = std::vector<std::string>;
 
-constexpr int kSelectedRow = 30008;
-
 // Works the form while it is shown.
 void rotateWith(RecordedDesk& d, const std::function<void(frmRotate&)>& work) {
   d.test.recording.prompts.onForm = [work](Form& form) { work(dynamic_cast<frmRotate&>(form)); };

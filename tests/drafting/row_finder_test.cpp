@@ -79,6 +79,16 @@ TEST(RowFinder, TakesTheRowItselfBeforeALaterOneWithinTheTolerance) {
   EXPECT_EQ(found.takeClosest(row), -1);
 }
 
+TEST(RowFinder, TakesTheRowOfTheRecordsClassFirst) {
+  Found found(kTolerence);
+  found.add({.type = 1, .attr = 8, .x1 = 1});
+  found.add({.type = 1, .attr = 30012, .x1 = 1});
+  found.add({.type = 1, .attr = 30008, .x1 = 1.0001F});
+  EXPECT_EQ(found.takeClosest({.type = 1, .attr = 30108, .x1 = 1}), 1) << "selected or not";
+  EXPECT_EQ(found.takeClosest({.type = 1, .attr = 8, .x1 = 1}), 2);
+  EXPECT_EQ(found.takeClosest({.type = 1, .attr = 8, .x1 = 1}), 3);
+}
+
 // Coordinates on a lattice of half a tolerance, so that rows match across the edges of all cells.
 TEST(RowFinder, GivesTheRowsOfThePlainSearch) {
   Dice dice(4711);
@@ -104,6 +114,17 @@ TEST(RowFinder, GivesTheRowsOfThePlainSearch) {
         EXPECT_EQ(found.takeLast(row), expected);
         if (expected > 0) found.store.segtype[expected] = 99;  // it matches nothing any more
       }
+    }
+  }
+}
+
+TEST(RowFinder, FindsRowsHoweverFarOut) {
+  for (const float far : {1e4F, 1.7e4F, 3e6F, 1e12F, 1e20F, 1e30F, 3e38F}) {
+    for (const float tolerence : {0.0F, kTolerence}) {
+      Found found(tolerence);
+      const SegmentRow row{.type = 1, .x0 = -far, .y0 = far / 3, .x1 = far, .y1 = 1};
+      found.add(row);
+      EXPECT_EQ(found.takeClosest(row), 1) << far;
     }
   }
 }

@@ -4,7 +4,7 @@
 #include "gtest/gtest.h"
 
 #include "core/drawing_store.h"
-#include "drafting/edit_commands.h"
+#include "drafting/edit_paths.h"
 #include "drafting/enter_position.h"
 #include "drafting/entity_creation.h"
 #include "drafting/flip_arc.h"
@@ -467,6 +467,21 @@ TEST(Crosses, AfterAThreePointCommandOnlyTheMarkersIsLeft) {
     ASSERT_EQ(scene.store.NumSegments, 3);
     EXPECT_EQ(scene.differences(scene.freshPicture()), 0);
   }
+}
+
+TEST(RubberBand, LeavesTheScreenWithItsMode) {
+  testing::RecordedDesk d;
+  mnuDrawLine_Click(d.desk);
+  d.press(1, 1, 1);
+  d.log.take();
+  eraseRubberBand(d.desk);
+  const std::string erased = d.log.take();
+  showRubberBand(d.desk);
+  ASSERT_EQ(d.desk.pointer.RubberKind, 1);
+  d.log.take();
+  mnuDrawSelect_Click(d.desk);
+  EXPECT_EQ(d.desk.pointer.RubberKind, 0);
+  EXPECT_NE(d.log.take().find(erased), std::string::npos);
 }
 
 }  // namespace

@@ -3,7 +3,7 @@
 
 #include "gtest/gtest.h"
 
-#include "drafting/edit_commands.h"
+#include "drafting/edit_paths.h"
 #include "tests/support/drafting_desk.h"
 #include "tests/support/edit_checks.h"
 
@@ -95,6 +95,16 @@ TEST(TrimClicks, BeepWhenTheRowStandsInTheOtherTable) {
   toggleEditPaths(d.desk);
   expectNoStep(d, [&d] { d.click(1, 1.5F); });
   EXPECT_EQ(d.beeps(), 1);
+}
+
+TEST(TrimClicks, RedrawOnceWhenTheyAreDone) {
+  CrossedLine d;
+  mnuEditTrimEntity_Click(d.desk);
+  d.click(3, 0);
+  d.log.take();
+  d.click(1, 1);
+  EXPECT_EQ(d.log.count("Cls"), 1);
+  EXPECT_EQ(d.first(), "1 (0, 0)-(1, 0)");
 }
 
 TEST(TrimClicks, TakeNoSnapFeature) {

@@ -177,6 +177,13 @@ TEST_P(Looks, Dialogs) {
   lookAtDialog("miScaleDrawing", "dialog_scale");
   lookAtDialog("miMirror", "dialog_mirror");
   lookAtDialog("miRotate", "dialog_rotate");
+  lookAt("dialog_radius", [this] {
+    Application& application = program->application();
+    application.clickTool("miChangeRadius");
+    application.move({.Button = 0, .X = 1, .Y = 1});
+    application.press({.Button = kLeftButton, .X = 1, .Y = 1});
+    application.release({.Button = kLeftButton, .X = 1, .Y = 1});
+  });
 }
 
 // With its holes computed, in the picture and in the drawing behind it.

@@ -5,6 +5,7 @@ Usage: command_lines_test.py PROGRAM
 """
 
 import os
+import re
 import resource
 import shutil
 import socket
@@ -17,6 +18,7 @@ from pathlib import Path
 
 PROGRAM = ""
 HOME = Path(__file__).resolve().parent / "home"
+HANDBOOK = Path(__file__).resolve().parents[2] / "docs" / "scripts.md"
 SECONDS = 400  # a hang; under sanitizers a busy machine takes long for anything
 DRAWING = """\
 add_path{type=1, x1=2, y1=1, z=-0.25, feed=10, code=100}
@@ -52,6 +54,12 @@ class CommandLines(unittest.TestCase):
         self.assertEqual(run.returncode, status)
         self.assertEqual(run.stdout, "")
         self.assertEqual(run.stderr, f"tessimo: {line}\n")
+
+    def test_help_and_handbook_name_every_option(self) -> None:
+        options = re.findall(r"^  (--?[a-z][a-z-]*)", self.run_program("--help").stdout, re.M)
+        handbook = HANDBOOK.read_text(encoding="utf-8").split("\n## ")[1]
+        self.assertGreater(len(options), 12)
+        self.assertEqual(set(options), set(re.findall(r"(?<![\w-])--?[a-z][a-z-]*", handbook)))
 
     def test_version_and_help_need_nothing(self) -> None:
         run = self.run_program("--version")

@@ -1,4 +1,5 @@
 // The tool chest and the title block at the road of all commands, and the cutter in use on show.
+#include <ctime>
 #include <filesystem>
 
 #include "gtest/gtest.h"
@@ -130,6 +131,91 @@ TEST_F(Cutting, TheTitleBlockStoresWhatItShows) {
   });
   application.clickTool("miDrawingTitleBlock");
   EXPECT_EQ(store.drawingtitle, "Bracket");
+}
+
+// ---- The change of units
+
+class Units : public Cutting {
+ protected:
+  void add(const SegmentRow& row) {
+    Change change(desk().changes);
+    change.segments.append(row, Entry::Unmarked);
+    change.keep({.redraws = false});
+  }
+  void acceptIn(Option dlgTitleBlock::*unit) {
+    when<dlgTitleBlock>([unit](dlgTitleBlock& block) {
+      (block.*unit).press();
+      block.cmdAccept.press();
+    });
+    application.clickTool("miDrawingTitleBlock");
+  }
+};
+
+TEST_F(Units, TheDrawingIsConvertedThereAndBack) {
+  add({.type = kLine, .x0 = 1, .y0 = 2, .x1 = 3, .y1 = -4});
+  add({.type = kCounterClockwiseArc, .x0 = 1, .x1 = 0, .y1 = 1});
+  store.cfg_final_depth = 0.5F;
+  store.drawingsaved = true;
+  acceptIn(&dlgTitleBlock::optMM);
+  EXPECT_EQ(store.units, "M");
+  EXPECT_FLOAT_EQ(store.x1[1], 76.2F);
+  EXPECT_FLOAT_EQ(store.y1[1], -101.6F);
+  EXPECT_FLOAT_EQ(store.x0[2], 25.4F);
+  EXPECT_FLOAT_EQ(store.cfg_final_depth, 12.7F);
+  EXPECT_FALSE(store.drawingsaved);
+  EXPECT_TRUE(platform.prompts.messages.empty());
+  EXPECT_EQ(shownTool(), "Tool 3: end mill, 0.2500 mm") << "tools keep their numbers";
+  acceptIn(&dlgTitleBlock::optInch);
+  EXPECT_FLOAT_EQ(store.x1[1], 3);
+  EXPECT_FLOAT_EQ(store.cfg_final_depth, 0.5F);
+}
+
+TEST_F(Units, PathRowsStayAndTheOperatorIsTold) {
+  {
+    Change change(desk().changes);
+    change.paths.append({.type = kLine, .x1 = 1, .y1 = 2, .z = -0.5F, .code = 100});
+    change.keep({.redraws = false});
+  }
+  acceptIn(&dlgTitleBlock::optMM);
+  EXPECT_EQ(store.psx1[1], 1);
+  EXPECT_EQ(store.psz[1], -0.5F);
+  ASSERT_EQ(platform.prompts.messages.size(), 1U);
+  EXPECT_EQ(
+      platform.prompts.messages[0].text,
+      "The drawing was converted. The tool paths were not: they keep their numbers, which now "
+      "stand for the new units. Clear them and place them anew.");
+}
+
+TEST_F(Units, ADrawingThatDoesNotFitIntoTheOtherUnitStaysInItsOwn) {
+  add({.type = kLine, .x0 = 1, .x1 = 2e38F});
+  store.cfg_final_depth = 0.5F;
+  store.partdimx = 4;
+  platform.prompts.answers.push_back(Answer::No);  // to a retry
+  acceptIn(&dlgTitleBlock::optMM);
+  EXPECT_NE(reporting.lastReport().find("Overflow"), std::string::npos);
+  EXPECT_EQ(store.units, "I");
+  EXPECT_EQ(store.x0[1], 1);
+  EXPECT_EQ(store.cfg_final_depth, 0.5F);
+  EXPECT_EQ(store.partdimx, 4);
+  EXPECT_EQ(application.session.formats.coordfmt, "##0.0000");
+}
+
+TEST_F(Units, AFullDrawingIsConvertedQuickly) {
+  constexpr int kRows = 32767;
+  {
+    Change change(desk().changes);
+    for (int n = 0; n < kRows; ++n) {
+      change.segments.append({.type = kLine, .x0 = static_cast<float>(n), .x1 = 1},
+                             Entry::Unmarked);
+    }
+    change.keep({.redraws = false});
+  }
+  const std::clock_t begin = std::clock();
+  acceptIn(&dlgTitleBlock::optMM);
+  const double ms = 1000.0 * static_cast<double>(std::clock() - begin) / CLOCKS_PER_SEC;
+  EXPECT_FLOAT_EQ(store.x0[kRows], 25.4F * (kRows - 1));
+  RecordProperty("milliseconds", std::to_string(ms));
+  EXPECT_LT(ms, 250) << "50 ms, redraws and the checks of a test build aside";
 }
 
 }  // namespace

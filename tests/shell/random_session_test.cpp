@@ -4,6 +4,7 @@
 // has the same tables.
 #include <algorithm>
 #include <array>
+#include <cstdlib>
 #include <map>
 #include <optional>
 
@@ -663,7 +664,14 @@ TEST_P(RandomSession, HoldsAfterEveryStep) {
   EXPECT_GT(session.followed(), kSteps / 10);
 }
 
-INSTANTIATE_TEST_SUITE_P(Seeds, RandomSession, ::testing::Range(1U, 9U));
+// TESSIMO_SESSIONS asks for more of them, by hand.
+std::uint32_t sessions() {
+  constexpr std::uint32_t kSessions = 8;
+  const char* asked = std::getenv("TESSIMO_SESSIONS");
+  return asked == nullptr ? kSessions : static_cast<std::uint32_t>(std::stoul(asked));
+}
+
+INSTANTIATE_TEST_SUITE_P(Seeds, RandomSession, ::testing::Range(1U, sessions() + 1));
 
 }  // namespace
 }  // namespace tess

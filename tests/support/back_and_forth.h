@@ -1,6 +1,6 @@
 // A command's change taken back and done again, compared bit by bit. Rows that undo brings back
 // come to the end of the table, so that their order does not count; that of path rows does.
-// Owns: RowBits, TableBits, expectBackAndForth.
+// Owns: RowBits, Marks, TableBits, expectBackAndForth.
 #pragma once
 
 #include <algorithm>
@@ -18,16 +18,21 @@ namespace tess::testing {
 
 using RowBits = std::array<std::uint32_t, 10>;
 
+// Whether it counts which rows are selected: undo brings a row back as it was logged.
+enum class Marks { Count, Ignore };
+
 struct TableBits {
-  explicit TableBits(const DrawingStore& store) {
+  explicit TableBits(const DrawingStore& store, Marks marks = Marks::Count) {
+    const bool counts = marks == Marks::Count;
     for (int sg = 1; sg <= store.NumSegments; ++sg) {
       const SegmentRow row = segmentRow(store, sg);
-      drawn.push_back(bitsOf(row.type, row.attr, {row.x0, row.y0, row.x1, row.y1, row.xc, row.yc}));
+      drawn.push_back(bitsOf(row.type, counts ? row.attr : entityClass(row.attr),
+                             {row.x0, row.y0, row.x1, row.y1, row.xc, row.yc}));
     }
     std::sort(drawn.begin(), drawn.end());
     for (int ps = 1; ps <= store.NumPathSegments; ++ps) {
       const PathRow row = pathRow(store, ps);
-      placed.push_back(bitsOf(row.type, row.code,
+      placed.push_back(bitsOf(row.type, counts ? row.code : withoutSelection(row.code),
                               {row.x0, row.y0, row.x1, row.y1, row.xc, row.yc, row.z, row.feed}));
     }
   }
@@ -46,13 +51,14 @@ struct TableBits {
 
 // Undo, `steps` times, leads to `before`, and redo back to where things stand.
 template <class DeskOfAnyKind>
-void expectBackAndForth(DeskOfAnyKind& d, const TableBits& before, int steps = 1) {
-  const TableBits after(d.store);
+void expectBackAndForth(DeskOfAnyKind& d, const TableBits& before, int steps = 1,
+                        Marks marks = Marks::Count) {
+  const TableBits after(d.store, marks);
   for (int turn = 0; turn < 2; ++turn) {
     for (int step = 0; step < steps; ++step) Undo_Last_Change(d.desk);
-    EXPECT_TRUE(TableBits(d.store) == before) << "undo, turn " << turn;
+    EXPECT_TRUE(TableBits(d.store, marks) == before) << "undo, turn " << turn;
     for (int step = 0; step < steps; ++step) RedoLastChange(d.desk);
-    EXPECT_TRUE(TableBits(d.store) == after) << "redo, turn " << turn;
+    EXPECT_TRUE(TableBits(d.store, marks) == after) << "redo, turn " << turn;
   }
 }
 

@@ -5,6 +5,7 @@
 
 #include "gtest/gtest.h"
 
+#include "core/drawing_settings.h"
 #include "tests/support/feeds_samples.h"
 
 namespace tess {

@@ -447,6 +447,16 @@ TEST(ToolLibraryFiles, ExportingOverATableKeepsItsMeasures) {
   EXPECT_EQ(exportedTools(store, folder.write("t.csv", "left over")), kSmallCsv);
 }
 
+TEST(ToolLibraryFiles, TheStepOverFollowsTheToolInUse) {
+  testing::TempFolder folder;
+  DrawingStore store;
+  store.selectedtool = 0;
+  store.cfg_cut_width_type = 1;
+  store.cfg_tool_spacing = 40;
+  importTools(store, folder.write("a.csv", "number,name,diameter\n1,end mill,0.5\n"));
+  EXPECT_EQ(store.cfg_tool_spacing_distance, 0.2F);
+}
+
 TEST(ToolLibraryFiles, AnotherEndingIsAFailure) {
   DrawingStore store;
   const RuntimeFailure failure = testing::failureOf([&] { importTools(store, "tools.txt"); });

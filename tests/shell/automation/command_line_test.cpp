@@ -6,6 +6,7 @@
 #include "core/date_text.h"
 #include "core/drawing_lock.h"
 #include "core/drawing_store.h"
+#include "core/file_system.h"
 #include "core/save_journal.h"
 #include "tests/support/other_process.h"
 #include "tests/support/script_run.h"
@@ -154,6 +155,14 @@ TEST(CommandLine, WrongUsageIsOneLine) {
       {"--date", "tomorrow", "--run", "x.lua"},
       {"--date", "2026-03-09T25:00", "--make-cnc", "mill", "part.cdm"},
       {"--date", "", "--plot", "part.png", "part.cdm"},
+      {"--tools"},
+      {"--tools", "export"},
+      {"--tools", "copy", "tools.csv"},
+      {"--tools", "export", "tools.csv", "part.cdm"},
+      {"--tools", "export", "tools.csv", "--run", "x.lua"},
+      {"--tools", "import", "tools.csv", "--make-cnc", "mill", "part.cdm"},
+      {"--tools", "import", "tools.csv", "--plot", "part.png", "part.cdm"},
+      {"--tools", "import", "tools.csv", "--size", "100x100"},
   };
   for (const auto& arguments : cases) {
     const CommandLine line = parseCommandLine(arguments);
@@ -166,6 +175,20 @@ TEST(CommandLine, WrongUsageIsOneLine) {
     EXPECT_TRUE(err.str().starts_with("tessimo: ")) << shown << err.str();
     EXPECT_EQ(err.str().find('\n'), err.str().size() - 1) << shown << err.str();
   }
+}
+
+TEST(CommandLine, ToolsOfTheSetup) {
+  const CommandLine exported = parseCommandLine({"--tools", "export", "tools.csv", "--force"});
+  EXPECT_EQ(exported.job, Job::Tools);
+  EXPECT_FALSE(exported.importsTools);
+  EXPECT_EQ(exported.library, "tools.csv");
+  EXPECT_TRUE(exported.force);
+  const CommandLine imported =
+      parseCommandLine({"--home", "shop", "--tools", "import", "tool.tbl"});
+  EXPECT_EQ(imported.job, Job::Tools);
+  EXPECT_TRUE(imported.importsTools);
+  EXPECT_EQ(imported.library, "tool.tbl");
+  EXPECT_EQ(imported.home, "shop");
 }
 
 class CommandLineJobs : public ::testing::Test, protected ScriptRun {
@@ -363,6 +386,99 @@ TEST_F(CommandLineJobs, AProgramFolderWithoutSetupFailsTheJob) {
   EXPECT_EQ(runLine({"--make-cnc", "mill", "part.cdm"}), ExitStatus::JobFailed);
   EXPECT_EQ(err, "tessimo: Could not find setup file: none.msu named in " + home("tess.def") +
                      " line 2 field 1\n");
+}
+
+class ToolJobs : public CommandLineJobs {
+ protected:
+  // The setup of the test home with two tools of its own.
+  ToolJobs() {
+    runLine({"--tools", "import",
+             folder.write("first.csv",
+                          "number,name,diameter,flutes,type\r\n"
+                          "1,end mill,0.25,2,end\r\n"
+                          "7,face mill,2,4,face\r\n")});
+    EXPECT_EQ(status, ExitStatus::Done) << err;
+  }
+  std::string setup() { return readFile(home("test.msu")); }
+  ExitStatus toolsTo(const std::string& name) {
+    return runLine({"--tools", "export", folder(name)});
+  }
+  ExitStatus toolsFrom(const std::string& name) {
+    return runLine({"--tools", "import", folder(name)});
+  }
+};
+
+TEST_F(ToolJobs, AnImportNamesTheSetupThatItChanged) {
+  EXPECT_EQ(out, home() + "test.msu\n");
+  EXPECT_NE(setup().find("face mill"), std::string::npos);
+}
+
+TEST_F(ToolJobs, ARoundTripChangesNothing) {
+  const std::string before = setup();
+  for (const char* const name : {"tools.csv", "tool.tbl"}) {
+    EXPECT_EQ(toolsTo(name), ExitStatus::Done) << err;
+    EXPECT_EQ(out + err, "");
+    const std::string exported = readFile(folder(name));
+    EXPECT_EQ(toolsFrom(name), ExitStatus::Done) << err;
+    EXPECT_EQ(setup(), before) << name;
+    EXPECT_EQ(toolsTo(name), ExitStatus::Done);
+    EXPECT_EQ(readFile(folder(name)), exported);
+  }
+}
+
+TEST_F(ToolJobs, LinesThatCannotBeTakenAreNamedAndTheOthersAreTaken) {
+  const std::string file = folder.write("bad.csv",
+                                        "number,name,diameter\n"
+                                        "3,drill,0.5\n"
+                                        "3,again,0.5\n"
+                                        "4,a name that is much too long,1\n"
+                                        "5,reamer,wide\n"
+                                        "\"6,tap,1\n");
+  EXPECT_EQ(toolsFrom("bad.csv"), ExitStatus::JobFailed);
+  EXPECT_EQ(err, "tessimo: " + file + ":3: Tool 3 stands in line 2 already\n" + "tessimo: " + file +
+                     ":4: The name \"a name that is much too long\" does not fit: it "
+                     "has more than 20 characters\n" +
+                     "tessimo: " + file + ":5: The diameter \"wide\" is not a number\n" +
+                     "tessimo: " + file + ":6: A quote is not closed\n");
+  EXPECT_NE(setup().find("drill"), std::string::npos);
+  EXPECT_EQ(out, home() + "test.msu\n");
+}
+
+TEST_F(ToolJobs, AFileWithoutAToolLeavesTheSetupAlone) {
+  const std::string before = setup();
+  folder.write("none.csv", "name\nend mill\n");
+  EXPECT_EQ(toolsFrom("none.csv"), ExitStatus::JobFailed);
+  EXPECT_EQ(out, "");
+  EXPECT_EQ(err, "tessimo: " + folder("none.csv") + ":1: There is no column \"number\"\n");
+  EXPECT_EQ(setup(), before);
+}
+
+TEST_F(ToolJobs, AnotherEndingOrAMissingFileIsOneLine) {
+  EXPECT_EQ(toolsTo("tools.txt"), ExitStatus::JobFailed);
+  EXPECT_EQ(err, "tessimo: " + folder("tools.txt") +
+                     ": a tool library is a .csv file or a tool table, .tbl\n");
+  EXPECT_EQ(toolsFrom("missing.tbl"), ExitStatus::JobFailed);
+  EXPECT_TRUE(err.starts_with("tessimo: " + folder("missing.tbl") + ": ")) << err;
+  EXPECT_EQ(std::count(err.begin(), err.end(), '\n'), 1) << err;
+}
+
+TEST_F(ToolJobs, ACsvFileThatHoldsNoToolsIsNotWrittenOver) {
+  folder.write("prices.csv", "article,price\nend mill,12\n");
+  EXPECT_EQ(toolsTo("prices.csv"), ExitStatus::JobFailed);
+  EXPECT_EQ(err,
+            "tessimo: " + folder("prices.csv") + ": it holds no tools (--force writes over it)\n");
+  EXPECT_EQ(readFile(folder("prices.csv")), "article,price\nend mill,12\n");
+  EXPECT_EQ(runLine({"--tools", "export", folder("prices.csv"), "--force"}), ExitStatus::Done);
+  EXPECT_TRUE(readFile(folder("prices.csv")).starts_with("number,name"));
+  EXPECT_EQ(toolsTo("prices.csv"), ExitStatus::Done) << "a tool library is replaced";
+}
+
+TEST_F(ToolJobs, ATableKeepsWhatWasMeasuredAtTheMachine) {
+  folder.write("tool.tbl", "T7 P3 D1.0 Z-4.5 ;old\nT99 P9 Z1 ;probe\n");
+  EXPECT_EQ(toolsTo("tool.tbl"), ExitStatus::Done) << err;
+  const std::string table = readFile(folder("tool.tbl"));
+  EXPECT_NE(table.find("Z-4.5"), std::string::npos) << table;
+  EXPECT_NE(table.find("T99 P9 Z1 ;probe"), std::string::npos) << table;
 }
 
 }  // namespace

@@ -216,6 +216,56 @@ TEST_F(FormObjects, AnObjectThatOutlivesItsFormIsAnError) {
   EXPECT_NE(run("return box.text").find("the form of this control is gone"), std::string::npos);
 }
 
+TEST_F(FormObjects, AFormTellsItsCaptionAndWhetherItIsShown) {
+  show(
+      "kept, caption, before = form, form.caption, form.shown form.cmdOK:click() "
+      "after = form.shown");
+  EXPECT_EQ(valueOf("caption .. ' ' .. tostring(before) .. ' ' .. tostring(after)"),
+            "Probe loaded true false");
+  EXPECT_EQ(valueOf("kept.shown"), "false");
+  EXPECT_EQ(valueOf("kept.caption"), "Probe loaded");
+}
+
+TEST_F(FormObjects, AFormThatKeepsItselfOpenIsStillShown) {
+  form.cmdOK.onClick = [] {};
+  show("form.cmdOK:click() waits = form.shown");
+  EXPECT_EQ(valueOf("waits"), "true");
+}
+
+TEST_F(FormObjects, AFormThatIsGoneIsNotShown) {
+  auto gone = std::make_unique<dlgProbe>();
+  ASSERT_EQ(run("on_form('dlgProbe', function(form) kept = form end)"), "");
+  host.prompts.showModal(*gone);
+  gone.reset();
+  EXPECT_EQ(valueOf("kept.shown"), "false");
+  EXPECT_NE(run("return kept.caption").find("this form is gone"), std::string::npos);
+}
+
+TEST_F(FormObjects, AFormsOwnPropertiesAreOnlyRead) {
+  show("_, failure = pcall(function() form.caption = 'x' end)");
+  EXPECT_NE(valueOf("failure").find("dlgProbe is a form: assign to a property of one of its "
+                                    "controls"),
+            std::string::npos);
+}
+
+TEST_F(FormObjects, AMisspeltPropertyOfAFormIsNamed) {
+  show("_, failure = pcall(function() return form.captoin end)");
+  EXPECT_NE(valueOf("failure").find("dlgProbe has no control 'captoin' (did you mean 'caption'?)"),
+            std::string::npos)
+      << valueOf("failure");
+}
+
+TEST_F(FormObjects, AColourIsReadAndNotWritten) {
+  form.lblNote.setColor(255);
+  show(
+      "note, own = form.lblNote.color, form.cmdOK.color "
+      "_, failure = pcall(function() form.lblNote.color = 3 end)");
+  EXPECT_EQ(valueOf("note .. ' ' .. tostring(own)"), "255 nil");
+  EXPECT_NE(valueOf("failure").find("lblNote.color can only be read"), std::string::npos)
+      << valueOf("failure");
+  EXPECT_EQ(form.lblNote.color(), 255);
+}
+
 TEST_F(FormObjects, OpenFormsAreFoundByTheirNames) {
   EXPECT_EQ(valueOf("form('dlgProbe')"), "nil");
   application.interaction.forms.show(form);

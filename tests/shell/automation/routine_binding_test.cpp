@@ -60,6 +60,35 @@ TEST_F(RoutineBinding, ARefusedFilletIsTold) {
             "The 2 line segments must intersect at exactly one point.\tAdd Fillet\n3\t2\n");
 }
 
+TEST_F(RoutineBinding, CopiesAndTransforms) {
+  const std::string drawing =
+      "add_segment{type=1, x1=1} add_segment{type=1, y0=1, x1=1, y1=1, attr=30008} "
+      "add_path{type=1, x1=1} ";
+  const std::string show =
+      "for s in segments() do io.write(s.x0, ' ', s.y0, '; ') end "
+      "for p in paths() do print(p.x0, p.y0) end";
+  const auto after = [&](const std::string& calls) {
+    std::string text = outputOf(
+        "io = {write = function(...) out = (out or '') .. "
+        "table.concat({...}) end} out = nil call.new_drawing() " +
+        drawing + calls + show.substr(0, show.find(" for p")) +
+        " for p in paths() do print(out .. p.x0, p.y0) end");
+    return text;
+  };
+  EXPECT_EQ(after("call.moveAll(1, 2, 1) "), "1.0 2.0; 1.0 3.0; 1.0\t2.0\n");
+  EXPECT_EQ(after("call.moveAll(1, 2, 2) "), "0.0 0.0; 1.0 3.0; 1.0\t2.0\n");
+  EXPECT_EQ(after("call.moveSelected(1, 2) "), "0.0 0.0; 1.0 3.0; 0.0\t0.0\n");
+  EXPECT_EQ(after("call.scaleSegments(3, false) "), "0.0 0.0; 0.0 3.0; 0.0\t0.0\n");
+  EXPECT_EQ(after("call.scaleSegments(3, true) call.scaleSegments(2, false) "),
+            "0.0 0.0; 0.0 6.0; 0.0\t0.0\n");
+  EXPECT_EQ(after("call.Copy_segment() store.markerx = 5 call.Paste_segment() "),
+            "0.0 0.0; 0.0 1.0; 5.0 1.0; 0.0\t0.0\n");
+  EXPECT_EQ(after("call.Copy_segment() call.Clear_Paste() tool('miPaste') "),
+            "0.0 0.0; 0.0 1.0; 0.0\t0.0\n");
+  EXPECT_EQ(valueOf("call.mirrorCoord(3, 1), call.rotatePoint(1, 1, 1, 1, 90)"), "-1.0\t1.0\t1.0");
+  EXPECT_EQ(valueOf("call.fieldOfItem('Y', '1 - X=5, Y=6')"), "6");
+}
+
 TEST_F(RoutineBinding, NumbersAndTexts) {
   EXPECT_EQ(valueOf("call.formatNumber(1.23456, '##0.0##'), call.formatNumber(0, '####')"),
             "1.235\t");

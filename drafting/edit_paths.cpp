@@ -1,5 +1,5 @@
 // What editing works on.
-#include "drafting/edit_commands.h"
+#include "drafting/edit_paths.h"
 
 #include "drafting/desk.h"
 #include "drafting/drafting_commands.h"
@@ -8,7 +8,9 @@
 namespace tess {
 
 void toggleEditPaths(Desk& desk) {
-  eraseDragBand(desk);  // it shows rows of the other table
+  // What is on its way belongs to the other table.
+  eraseDragBand(desk);
+  desk.command.draggedEnd.reset();
   desk.command.EditPaths = !desk.command.EditPaths;
   desk.tools.setChecked(kEditPathsCommand.info.tool, desk.command.EditPaths);
 }

@@ -1,0 +1,40 @@
+// One entity that blinks.
+#include "shell/entity_blink.h"
+
+#include "core/drawing_store.h"
+#include "display/renderer.h"
+
+namespace tess {
+namespace {
+
+constexpr int kTicks = 6;       // half of them lit
+constexpr int kTickTime = 120;  // milliseconds
+constexpr Rgb kWhite = 0xFFFFFF;
+
+}  // namespace
+
+EntityBlink::EntityBlink(Desk& desk)
+    : desk_(desk), timer_(desk.timers.create({"tmrBlink", kTickTime}, [this] { tick(); })) {}
+
+void EntityBlink::start(int sg) {
+  if (ticksLeft_ > 0) show(/*lit=*/false);
+  sg_ = sg;
+  ticksLeft_ = kTicks;
+  tick();
+  timer_->setEnabled(true);
+}
+
+// The row may be gone since.
+void EntityBlink::tick() {
+  const bool there = sg_ >= 1 && sg_ <= desk_.store.NumSegments;
+  ticksLeft_ = there ? ticksLeft_ - 1 : 0;
+  if (there) show(ticksLeft_ % 2 == 1);
+  if (ticksLeft_ == 0) timer_->setEnabled(false);
+}
+
+void EntityBlink::show(bool lit) {
+  if (sg_ > desk_.store.NumSegments) return;
+  desk_.renderer.DrawSegment(sg_, desk_.ScreenProxy, lit ? std::optional(kWhite) : std::nullopt);
+}
+
+}  // namespace tess
