@@ -375,20 +375,16 @@ bool dlgEditPath::saveAll(int row) {
 // step of the log. False when the operator would not have it.
 bool dlgEditPath::saveRows(int row, const Edit& edit) {
   Change change(cam_.changes);
-  bool anyEdited = false;
   for (const int ps : rowsOfScope(row)) {
     const PathRow before = change.paths.row(ps);
     PathRow now = before;
     edit(now);
-    if (now != before) {
-      change.paths.replace(ps, now);
-      anyEdited = true;
-    }
+    if (now != before) change.paths.replace(ps, now);
     if (chkVisible.value() != kGrey) change.paths.show(ps, chkVisible.isChecked());
   }
   if (!optApplyToAll.value()) saveName(change, row);
   if (!keepEdit(cam_.desk, change)) return false;
-  if (!anyEdited) cam_.desk.redraw.redrawscreen();
+  cam_.desk.redraw.redrawscreen();
   return true;
 }
 
@@ -468,7 +464,7 @@ void dlgEditPath::insertRow() {
                              .z = current.z,
                              .feed = current.feed,
                              .code = withoutSelection(current.code)});
-  inserted_ = keepEdit(cam_.desk, change) || inserted_;
+  inserted_ = keepEdit(cam_.desk, change, {.undoMark = kRowsAdded}) || inserted_;
   showPathRow(/*redraw=*/false);
 }
 
@@ -476,7 +472,7 @@ void dlgEditPath::deleteRow() {
   const Procedure here("dlgEditPath.cmdDel_Click()");
   Change change(cam_.changes);
   if (isThere(row_)) change.paths.erase(row_);
-  keepEdit(cam_.desk, change, kRowsDeleted);
+  keepEdit(cam_.desk, change, {.undoMark = kRowsDeleted});
   showPathRow(/*redraw=*/false);
 }
 
@@ -490,7 +486,7 @@ void dlgEditPath::deleteGroup() {
   if (answer != Answer::Ok) return;
   Change change(cam_.changes);
   change.paths.eraseWhere([&](int ps) { return groupAt(ps) == group; });
-  if (!keepEdit(cam_.desk, change, kRowsDeleted)) return;
+  if (!keepEdit(cam_.desk, change, {.undoMark = kRowsDeleted})) return;
   goTo(1);
 }
 

@@ -168,7 +168,7 @@ bool PathOrder::keep(Desk& desk) const {
   if (!std::ranges::equal(names_.rows(), desk.store.pathgroupname.rows())) {
     change.pathGroupNames() = names_;
   }
-  return keepEdit(desk, change);
+  return keepEdit(desk, change, {.undoMark = kRowsAdded});
 }
 
 void PathOrder::moveRows(PathChanges& table) const {

@@ -856,7 +856,7 @@ TEST_F(EditPath, EditsReordersAndUndoes30000Rows) {
   for (int ps = 0; ps < 30000; ++ps) many.push_back(100 + 100 * (ps / 200));
   addRows(many);
   open();
-  const testing::Tables before(store);
+  const testing::TableBits before(store);
   goTo(15000);
   form.optApplyToGroup.setValue(true);
   form.txtpsz.setText("-2");
@@ -874,7 +874,7 @@ TEST_F(EditPath, EditsReordersAndUndoes30000Rows) {
   expectOneStep(*this, [this] { form.cmdDel.press(); });
   EXPECT_EQ(store.NumPathSegments, 29999);
   for (int step = 0; step < 3; ++step) Undo_Last_Change(desk);
-  EXPECT_TRUE(testing::Tables(store) == before);
+  EXPECT_TRUE(testing::TableBits(store) == before);
   EXPECT_EQ(desk.changelog.changecount, 0);
 }
 
