@@ -96,7 +96,7 @@
   TOOLPATH(kPlaceOnePathCommand)                                           \
   TOOLPATH(kAddMachineCycleCommand)                                        \
   TOOLPATH(kUndoLastPlaceCommand)                                          \
-  SHELL(kEditPathCommand)                                                  \
+  TOOLPATH(kEditPathCommand)                                               \
   TOOLPATH(kClearAllPathsCommand)                                          \
   SHELL(kMakeMillFileCommand)                                              \
   SHELL(kMakeLatheFileCommand)                                             \

@@ -31,14 +31,6 @@ constexpr ShellCommand kPrinterOptionsCommand{
     .run = kNotYet,
 };
 
-constexpr ShellCommand kEditPathCommand{
-    .info = {.tool = "miEditPath/Cycle",
-             .caption = "&Edit Path/Cycle...",
-             .menu = {"miCAM", 320},
-             .bar = {"barCAM", 270}},
-    .run = kNotYet,
-};
-
 constexpr ShellCommand kBrowseCncFileCommand{
     .info = {.tool = "miBrowseCNCFile", .caption = "&Browse CNC File...", .menu = {"miCAM", 430}},
     .run = kNotYet,

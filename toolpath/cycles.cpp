@@ -1,6 +1,9 @@
 // Machine cycles.
 #include "toolpath/cycles.h"
 
+#include <algorithm>
+#include <array>
+
 #include "core/drawing_store.h"
 #include "core/number_text.h"
 #include "drafting/pending_actions.h"
@@ -12,6 +15,8 @@
 namespace tess {
 namespace {
 
+constexpr std::array kWithoutIncrement = {81, 82, 85, 89};
+constexpr std::array kWithoutDwell = {79, 81, 83, 87};
 constexpr int kSlotCycle = 79;  // runs from the marker to the click
 
 int numberOf(const DrawingStore& store, int cycle) {
@@ -84,6 +89,14 @@ void repeatPlacing(CamDesk& cam) {
 
 int cycleNumber(const std::string& cycletext) {
   return cycletext.size() < 2 ? 0 : parseInteger(cycletext.substr(1, 2));
+}
+
+bool cycleHasIncrement(int number) {
+  return std::ranges::find(kWithoutIncrement, number) == kWithoutIncrement.end();
+}
+
+bool cycleHasDwell(int number) {
+  return std::ranges::find(kWithoutDwell, number) == kWithoutDwell.end();
 }
 
 void placeCyclesAt(CamDesk& cam, int cycle, std::span<const Point> points) {

@@ -1,9 +1,6 @@
 // Cycle Select & Definition.
 #include "toolpath/dlgSelectCycle.h"
 
-#include <algorithm>
-#include <array>
-
 #include "core/drawing_store.h"
 #include "core/number_text.h"
 #include "toolpath/cycles.h"
@@ -11,14 +8,7 @@
 namespace tess {
 namespace {
 
-constexpr std::array kWithoutIncrement = {81, 82, 85, 89};
-constexpr std::array kWithoutDwell = {79, 81, 83, 87};
 constexpr std::size_t kShortestNumberedText = 3;  // a letter and two digits
-
-template <std::size_t count>
-bool isOneOf(const std::array<int, count>& numbers, int number) {
-  return std::find(numbers.begin(), numbers.end(), number) != numbers.end();
-}
 
 }  // namespace
 
@@ -88,8 +78,8 @@ void dlgSelectCycle::keep(const Field& field) {
 void dlgSelectCycle::enableFields() {
   const std::string& text = cam_.store.cycletext[template_];
   const int number = text.size() < kShortestNumberedText ? 0 : cycleNumber(text);
-  txtcycleincrdepth.setEnabled(!isOneOf(kWithoutIncrement, number));
-  txtcycledwell.setEnabled(!isOneOf(kWithoutDwell, number));
+  txtcycleincrdepth.setEnabled(cycleHasIncrement(number));
+  txtcycledwell.setEnabled(cycleHasDwell(number));
 }
 
 void dlgSelectCycle::takeOver() {

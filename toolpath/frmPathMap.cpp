@@ -4,11 +4,10 @@
 #include "core/drawing_store.h"
 #include "core/number_text.h"
 #include "core/text.h"
+#include "toolpath/cycles.h"
 
 namespace tess {
 namespace {
-
-constexpr int kFirstCycleLine = 79;  // what the list calls a cycle; the path knows it from 21 on
 
 std::string pointText(float x, float y) {
   return "(" + plainText(x) + ", " + plainText(y) + ")";
@@ -74,7 +73,7 @@ std::string frmPathMap::rowText(int place) const {
       return "   CCW Arc Segment " + number;
     // Fixed: cycles are spelled so; scripts look for the line.
     default:
-      return (type < kFirstCycleLine ? "   Segment " : "   Machine Cylcle ") + number;
+      return (type < kFirstShownCycle ? "   Segment " : "   Machine Cylcle ") + number;
   }
 }
 

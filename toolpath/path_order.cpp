@@ -64,7 +64,7 @@ std::size_t PathOrder::firstOf(int group) const {
   return static_cast<std::size_t>(found - rows_.begin());
 }
 
-// Fixed: only the first runs of two groups change places; programs were cut in the order it left.
+// Fixed: only the first runs of two groups change places; a program is ordered by what is shown.
 void PathOrder::exchangeGroups(int a, int b) {
   std::size_t first = firstOf(a);
   std::size_t second = firstOf(b);
@@ -168,7 +168,7 @@ bool PathOrder::keep(Desk& desk) const {
   if (!std::ranges::equal(names_.rows(), desk.store.pathgroupname.rows())) {
     change.pathGroupNames() = names_;
   }
-  return keepEdit(desk, change);
+  return keepEdit(desk, change, {.undoMark = kRowsAdded});
 }
 
 void PathOrder::moveRows(PathChanges& table) const {

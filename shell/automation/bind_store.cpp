@@ -155,7 +155,7 @@ void addSettingVariables(FieldObject& object, DrawingStore& store, DrawingSettin
   }
 }
 
-void bindStoreTables(lua_State* L, DrawingStore& store) {
+void bindStoreTables(lua_State* L, DrawingStore& store, CamDesk& cam) {
   FieldObject object(L, "store");
   for (const NamedColumn& column : kColumns) {
     std::visit([&](auto member) { object.add(column.name, store.*member); }, column.member);
@@ -165,6 +165,8 @@ void bindStoreTables(lua_State* L, DrawingStore& store) {
         std::visit([&](auto member) -> VariablePlace { return &(store.*member); }, named.member);
     object.add(named.name, {.place = place, .viewFlag = named.viewFlag, .assign = named.assign});
   }
+  object.add("pathInsertMode", {.place = &cam.pathInsertMode});
+  object.add("pathInsertGroup", {.place = &cam.pathInsertGroup});
   addSettingVariables(object, store, store);
   FieldObject defaults(L, "store.defaults");
   addSettingVariables(defaults, store, store.defaults);
@@ -209,7 +211,7 @@ void bindSettings(lua_State* L, Application& application) {
 
 void bindStore(lua_State* L) {
   Application& application = scriptOf(L).application;
-  bindStoreTables(L, application.store);
+  bindStoreTables(L, application.store, application.interaction.cam);
   bindSettings(L, application);
 }
 

@@ -41,6 +41,7 @@ struct Read {
   }
   void operator()(bool* place) const { push(L, Flag(*place)); }
   void operator()(const TableSlot& slot) const { push(L, (*slot.column)[slot.row]); }
+  void operator()(PathInsertMode* mode) const { push(L, static_cast<int>(*mode)); }
 };
 
 struct Write {
@@ -56,6 +57,9 @@ struct Write {
   }
   void operator()(const TableSlot& slot) const {
     (*slot.column)[slot.row] = valueAt<Int16>(L, kValue);
+  }
+  void operator()(PathInsertMode* mode) const {
+    *mode = static_cast<PathInsertMode>(static_cast<int>(valueAt<Int16>(L, kValue)));
   }
 };
 

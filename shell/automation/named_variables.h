@@ -11,6 +11,7 @@
 namespace tess {
 
 class Application;
+enum class PathInsertMode : int;
 
 // One row of a table that may move when the table grows.
 struct TableSlot {
@@ -18,7 +19,8 @@ struct TableSlot {
   int row;
 };
 
-using VariablePlace = std::variant<int*, Int16*, float*, Flag*, bool*, std::string*, TableSlot>;
+using VariablePlace =
+    std::variant<int*, Int16*, float*, Flag*, bool*, std::string*, TableSlot, PathInsertMode*>;
 
 // A variable with what its place alone does not tell. It must not outlive the place.
 struct Variable {

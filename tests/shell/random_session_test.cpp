@@ -25,7 +25,9 @@
 #include "tests/support/mirrored_tables.h"
 #include "tests/support/running_program.h"
 #include "toolpath/BoltCircle.h"
+#include "toolpath/dlgEditPath.h"
 #include "toolpath/dlgSelectCycle.h"
+#include "toolpath/frmPathMap.h"
 #include "toolpath/toolpath_commands.h"
 
 namespace tess {
@@ -402,7 +404,7 @@ class Session : public RunningProgram {
   }
   void fillIn(Form& form) {
     fillInAny<dlgPositionCursor, dlgSetGrids, dlgEditRadius, dlgSelectCycle, dlgInputReal,
-              frmMirror, frmRotate, BoltCircle>(form);
+              frmMirror, frmRotate, BoltCircle, dlgEditPath, frmPathMap>(form);
   }
   void fillIn(dlgPositionCursor& position) {
     position.txtx.setText(std::to_string(lattice()));
@@ -451,6 +453,34 @@ class Session : public RunningProgram {
     bolts.txtBoltHoleDiameter.setText("0.25");
     if (dice_.below(4) != 0) bolts.cmdCompute.click();
     if (dice_.below(3) != 0) bolts.cmdCreateSegments.click();
+  }
+  void fillIn(dlgEditPath& editor) {
+    Option* const scopes[] = {&editor.optApplyToAll, &editor.optApplyToGroup,
+                              &editor.optApplyToSegment};
+    static constexpr const char* kDepths[] = {"-0.1", "-2", "0", "1e39", "x"};
+    static constexpr const char* kCodes[] = {"1", "2", "60", "100", "300", "-1"};
+    Button* const buttons[] = {&editor.cmdNext,    &editor.cmdPrev,     &editor.cmdIns,
+                               &editor.cmdDel,     &editor.cmdSetGroup, &editor.cmdDeletePathGroup,
+                               &editor.cmdRefresh, &editor.cmdAccept,   &editor.cmdOrderPaths};
+    for (int step = dice_.below(8); step > 0 && editor.isShown(); --step) {
+      editor.txtps.type(std::to_string(1 + dice_.below(store().NumPathSegments + 1)));
+      oneOf(scopes)->setValue(true);
+      if (dice_.below(2) == 0) editor.txtpsz.type(oneOf(kDepths));
+      if (dice_.below(3) == 0) editor.txtToolNumber.type(oneOf(kCodes));
+      if (dice_.below(3) == 0) editor.txtPathGroup.type(oneOf(kCodes));
+      fillIn(editor.txtpsx1, editor.txtpsy1);
+      oneOf(buttons)->press();
+    }
+  }
+  void fillIn(frmPathMap& map) {
+    for (int step = dice_.below(6); step > 0; --step) {
+      if (map.lstPathSegments.count() > 0) {
+        map.lstPathSegments.pick(dice_.below(map.lstPathSegments.count()));
+      }
+      (dice_.below(2) == 0 ? map.cmdPromote : map.cmdDemote).press();
+      if (dice_.below(4) == 0) map.cmdPropose.press();
+    }
+    if (dice_.below(3) != 0) map.cmdApply.press();
   }
   void fillIn(TextBox& x, TextBox& y) {
     if (dice_.below(2) == 0) return;
@@ -545,6 +575,16 @@ class Session : public RunningProgram {
         "Value must be numeric.",
         "Degrees must be between 0 and 360.",
         "Number of Bolt Holes must be between 1 and 999.",
+        "No Path Segments To Edit",
+        "Error Saving Path Data:  Overflow",
+        "The Starting Point cannot be the same as the Ending Point. ",
+        "The Center Point point is not equidistant from the two endpoints.",
+        "Are you sure you want to ",
+        "There are no subsequent Path Groups.",
+        "There are no previous Path Groups.",
+        "You cannot promote the first ",
+        "You cannot demote the last ",
+        "Path segment #",
     };
     for (const Message& message : platform.prompts.messages) {
       const bool known =

@@ -29,12 +29,28 @@ TEST_F(StoreBinding, EveryVariableReadsAndTakesItsOwnValueBack) {
   const std::string names =
       "NumSegments NumPathSegments NumCycles currentpathgroup lastplacedgroup creationdate "
       "unitfactor markerx markery showpaths drawingsaved setupchanged drawingname drawingpath "
-      "savedsegments savedpaths units selectedtool cfg_final_depth cfg_tolerance roundstock";
+      "savedsegments savedpaths pathInsertMode pathInsertGroup units selectedtool cfg_final_depth "
+      "cfg_tolerance roundstock";
   EXPECT_EQ(outputOf("for name in ('" + names +
                      "'):gmatch('%S+') do local value = store[name] "
                      "assert(value ~= nil, name) store[name] = value "
                      "assert(store[name] == value, name) end print('all')"),
             "all\n");
+}
+
+TEST_F(StoreBinding, SaysWhereTheNextPathGoes) {
+  EXPECT_EQ(outputOf("store.pathInsertMode = 1 store.pathInsertGroup = 2 "
+                     "print(store.pathInsertMode, state.pathInsertMode, store.pathInsertGroup)"),
+            "1\t1\t2\n");
+  EXPECT_EQ(outputOf("store.NumPathSegments = 3 store.pscode[1] = 100 store.pscode[2] = 200 "
+                     "store.pscode[3] = 300 store.pathInsertMode = 2 store.pathInsertGroup = 1 "
+                     "print(call.pathInsertIndex(store.pathInsertMode, store.pathInsertGroup))"),
+            "2\n");
+  EXPECT_EQ(outputOf("store.pathInsertMode = 2 "
+                     "print(pcall(function() store.pathInsertMode = 40000 end), "
+                     "store.pathInsertMode)"),
+            "false\t2\n")
+      << "it does not fit";
 }
 
 TEST_F(StoreBinding, RowsCountFromOneAndToolsAndCyclesFromZero) {
