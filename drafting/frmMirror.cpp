@@ -9,8 +9,8 @@ frmMirror::frmMirror(Desk& desk) : RowImagesForm(desk, "frmMirror", "Mirror") {
   optVertically.setCaption("&Vertically");
   optBoth.setCaption("&Both");
   fraAction.setCaption("Action");
-  wire({txtMirrorX, txtMirrorY, lblMarkerXY, optMove, optCopy, chkSelectedSegments, cmdOK,
-        cmdCancel});
+  wire({&txtMirrorX, &txtMirrorY, &lblMarkerXY, &optMove, &optCopy, &chkSelectedSegments, &cmdOK,
+        &cmdCancel});
   optHorizontally.setValue(true);
   for (Option* const option : {&optHorizontally, &optVertically, &optBoth}) hoversWith(*option);
 }

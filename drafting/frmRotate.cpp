@@ -18,8 +18,8 @@ frmRotate::frmRotate(Desk& desk) : RowImagesForm(desk, "frmRotate", "Rotate") {
   optClockwise.setCaption("C&lockwise");
   optCounterClockwise.setCaption("Counter-clock&wise");
   fraAction.setCaption("Action");
-  wire({txtRotateX, txtRotateY, lblMarkerXY, optMove, optCopy, chkSelectedSegments, cmdOK,
-        cmdCancel});
+  wire({&txtRotateX, &txtRotateY, &lblMarkerXY, &optMove, &optCopy, &chkSelectedSegments, &cmdOK,
+        &cmdCancel});
   const float kept = desk.command.rotateDegrees;
   txtDegrees.setText(plainText(kept > 0 ? kept : kFirstDegrees));
   optCounterClockwise.setValue(true);

@@ -22,21 +22,21 @@ RowImagesForm::RowImagesForm(Desk& desk, std::string name, std::string caption)
 }
 
 void RowImagesForm::wire(const Parts& parts) {
-  parts_.emplace(parts);
-  parts.move.setCaption("&Move");
-  parts.copy.setCaption("&Copy");
-  parts.selectedOnly.setCaption("&Selected segments only");
-  parts.ok.setCaption("&OK");
-  parts.cancel.setCaption("Cancel");
-  setDefaultButton(parts.ok);
-  setCancelButton(parts.cancel);
-  hoversWith(parts.x);
-  hoversWith(parts.y);
-  parts.selectedOnly.onClick = [this] { hover(); };
-  parts.ok.onClick = [this] {
+  parts_ = parts;
+  parts.move->setCaption("&Move");
+  parts.copy->setCaption("&Copy");
+  parts.selectedOnly->setCaption("&Selected segments only");
+  parts.ok->setCaption("&OK");
+  parts.cancel->setCaption("Cancel");
+  setDefaultButton(*parts.ok);
+  setCancelButton(*parts.cancel);
+  hoversWith(*parts.x);
+  hoversWith(*parts.y);
+  parts.selectedOnly->onClick = [this] { hover(); };
+  parts.ok->onClick = [this] {
     if (takeOver()) accept();
   };
-  parts.cancel.onClick = [this] { close(); };
+  parts.cancel->onClick = [this] { close(); };
 }
 
 void RowImagesForm::hoversWith(TextBox& box) {
@@ -51,19 +51,19 @@ void RowImagesForm::load() {
   const Point marker = markerOf(desk_);
   const std::string x = formatNumber(marker.x, kCoordinateFormat);
   const std::string y = formatNumber(marker.y, kCoordinateFormat);
-  parts_->x.setText(x);
-  parts_->y.setText(y);
-  parts_->marker.setCaption("Marker: X=" + x + ", Y=" + y);
-  parts_->move.setValue(true);
-  parts_->selectedOnly.setChecked(true);
-  parts_->selectedOnly.setEnabled(selectedCount(desk_.store) > 0);
+  parts_.x->setText(x);
+  parts_.y->setText(y);
+  parts_.marker->setCaption("Marker: X=" + x + ", Y=" + y);
+  parts_.move->setValue(true);
+  parts_.selectedOnly->setChecked(true);
+  parts_.selectedOnly->setEnabled(selectedCount(desk_.store) > 0);
   loaded_ = true;
   hover();
 }
 
 // Out of reach, the box does not count.
 bool RowImagesForm::selectedOnly() const {
-  return parts_->selectedOnly.isEnabled() && parts_->selectedOnly.isChecked();
+  return parts_.selectedOnly->isEnabled() && parts_.selectedOnly->isChecked();
 }
 
 // Images beyond the largest number do not hover; OK tells of them.
@@ -83,13 +83,13 @@ void RowImagesForm::hover() {
 }
 
 std::optional<Point> RowImagesForm::point() const {
-  const std::optional<float> x = numberIn(parts_->x), y = numberIn(parts_->y);
+  const std::optional<float> x = numberIn(*parts_.x), y = numberIn(*parts_.y);
   if (!x || !y) return std::nullopt;
   return Point{*x, *y};
 }
 
 void RowImagesForm::refusePoint(const std::string& text) {
-  TextBox& box = numberIn(parts_->x) ? parts_->y : parts_->x;
+  TextBox& box = numberIn(*parts_.x) ? *parts_.y : *parts_.x;
   refuseField(desk_.session.host.prompts, box, text);
 }
 
@@ -98,7 +98,7 @@ void RowImagesForm::ask() {
 }
 
 void RowImagesForm::addImages(const RowImage& image) {
-  const ImageOrder order{.selectedOnly = selectedOnly(), .copies = parts_->copy.value()};
+  const ImageOrder order{.selectedOnly = selectedOnly(), .copies = parts_.copy->value()};
   if (!tess::addImages(desk_.changes, order, image)) return;
   collectSelected(desk_);
   desk_.state.updateProperties = true;

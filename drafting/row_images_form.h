@@ -29,14 +29,14 @@ class RowImagesForm : public Form {
   // The controls that all of them have. The boxes of the point open at the marker, and every
   // control that is given here lets the images hover anew.
   struct Parts {
-    TextBox& x;
-    TextBox& y;
-    Label& marker;
-    Option& move;
-    Option& copy;
-    CheckBox& selectedOnly;
-    Button& ok;
-    Button& cancel;
+    TextBox* x = nullptr;
+    TextBox* y = nullptr;
+    Label* marker = nullptr;
+    Option* move = nullptr;
+    Option* copy = nullptr;
+    CheckBox* selectedOnly = nullptr;
+    Button* ok = nullptr;
+    Button* cancel = nullptr;
   };
   void wire(const Parts& parts);
   void hoversWith(TextBox& box);
@@ -59,7 +59,7 @@ class RowImagesForm : public Form {
   void hover();
   bool selectedOnly() const;
 
-  std::optional<Parts> parts_;
+  Parts parts_;
   bool loaded_ = false;
 };
 

@@ -108,26 +108,33 @@ std::string BoltCircle::complaints() const {
   return complaints;
 }
 
-// Of fields without a fault.
-BoltPattern BoltCircle::pattern() const {
-  return {.holes = roundHalfEven(*numberIn(txtNumberOfHoles)),
-          .degreesOffset = *numberIn(txtDegreesOffset),
-          .circleDiameter = *numberIn(txtBoltCircleDiameter),
-          .holeDiameter = *numberIn(txtBoltHoleDiameter),
-          .origin = {*numberIn(txtOrigX), *numberIn(txtOrigY)}};
+std::optional<BoltPattern> BoltCircle::pattern() const {
+  const std::optional<float> holes = numberIn(txtNumberOfHoles);
+  const std::optional<float> offset = numberIn(txtDegreesOffset);
+  const std::optional<float> circle = numberIn(txtBoltCircleDiameter);
+  const std::optional<float> hole = numberIn(txtBoltHoleDiameter);
+  const std::optional<float> x = numberIn(txtOrigX), y = numberIn(txtOrigY);
+  if (!holes || !offset || !circle || !hole || !x || !y) return std::nullopt;
+  return BoltPattern{.holes = roundHalfEven(*holes),
+                     .degreesOffset = *offset,
+                     .circleDiameter = *circle,
+                     .holeDiameter = *hole,
+                     .origin = {*x, *y}};
 }
 
 void BoltCircle::compute() {
   const Procedure here("BoltCircle.cmdCompute_Click()");
   const std::string faults = complaints();
-  if (!faults.empty()) {
+  const std::optional<BoltPattern> wanted = faults.empty() ? pattern() : std::nullopt;
+  if (!wanted) {
     cam_.desk.session.host.prompts.showMessage(
         {.text = faults, .title = caption(), .icon = MessageIcon::Warning});
     return;
   }
-  pattern_ = pattern();
+  pattern_ = *wanted;
   holes_ = boltHoles(pattern_);
   std::vector<std::string> items;
+  items.reserve(holes_.size());
   for (const BoltHole& hole : holes_) {
     items.push_back(boltHoleItem(static_cast<int>(items.size()) + 1, hole.place));
   }
@@ -149,6 +156,7 @@ void BoltCircle::showDistances() {
 void BoltCircle::showPreview() {
   const double ratio = static_cast<double>(pattern_.holeDiameter) / pattern_.circleDiameter;
   std::vector<BoltMark> marks;
+  marks.reserve(holes_.size());
   for (const BoltHole& hole : holes_) {
     BoltMark mark{.x = hole.px, .y = hole.py, .radius = ratio * kBoltFrame, .text = {}};
     if (chkDisplayCoordinates.isChecked()) {
@@ -161,6 +169,7 @@ void BoltCircle::showPreview() {
 
 void BoltCircle::hoverHoles() {
   std::vector<SegmentRow> circles;
+  circles.reserve(holes_.size());
   for (const BoltHole& hole : holes_) {
     circles.push_back(circleAt(hole.place, pattern_.holeDiameter / 2));
   }
@@ -169,6 +178,7 @@ void BoltCircle::hoverHoles() {
 
 std::vector<Point> BoltCircle::listedPlaces() const {
   std::vector<Point> places;
+  places.reserve(static_cast<std::size_t>(lstBoltHoleResults.count()));
   for (const std::string& item : lstBoltHoleResults.items()) {
     places.push_back({parseFloat(fieldOfItem("X", item)), parseFloat(fieldOfItem("Y", item))});
   }

@@ -59,7 +59,8 @@ class BoltCircle : public Form {
   void compute();
   void createSegments();
   std::string complaints() const;
-  BoltPattern pattern() const;
+  // Of fields without a fault; nothing while one of them is no number.
+  std::optional<BoltPattern> pattern() const;
   void showDistances();
   void showPreview();
   void hoverHoles();

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <new>
+#include <optional>
 #include <string>
 #include <utility>
 #include <variant>
@@ -237,8 +238,8 @@ bool hasProperty(const Control& control, const string& key) {
 
 // Nil while the colour is the toolkit's own.
 void pushColor(lua_State* L, const Control& control) {
-  if (control.color()) {
-    push(L, *control.color());
+  if (const std::optional<int> color = control.color()) {
+    push(L, *color);
   } else {
     lua_pushnil(L);
   }
