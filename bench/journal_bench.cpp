@@ -48,6 +48,17 @@ void session(benchmark::State& state, bool journal) {
   state.SetItemsProcessed(state.iterations() * kCommands);
 }
 
+// Short commands on a drawing that stays small, so that the journal's part can be told from chance.
+void rectangleAndUndo(benchmark::State& state, bool journal) {
+  SessionProgram program(journal);
+  for (auto _ : state) {
+    program.command(5);
+    program.command(7);
+  }
+  program.command(5);
+  if (program.application.store.NumSegments == 0) state.SkipWithError("nothing drawn");
+}
+
 // One command moves every row of the drawing.
 void changeOfManyRows(benchmark::State& state, bool journal) {
   SessionProgram program(journal);
@@ -79,6 +90,12 @@ BENCHMARK_CAPTURE(session, kept, true)->Name("Journal/session")->Unit(benchmark:
 BENCHMARK_CAPTURE(session, none, false)
     ->Name("Journal/session without")
     ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(rectangleAndUndo, kept, true)
+    ->Name("Journal/rectangle and undo")
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(rectangleAndUndo, none, false)
+    ->Name("Journal/rectangle and undo without")
+    ->Unit(benchmark::kMicrosecond);
 BENCHMARK_CAPTURE(changeOfManyRows, kept, true)
     ->Name("Journal/change of 30000 rows")
     ->Unit(benchmark::kMillisecond);

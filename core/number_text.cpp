@@ -276,23 +276,25 @@ NumberPattern::NumberPattern(std::string_view text) {
   std::string_view rest = text.substr(first + 1);
   const std::size_t second = std::min(rest.find(';'), rest.size());
   negative_ = Section(rest.substr(0, second));
+  sections_ = 2;
   if (second == rest.size()) return;
   rest.remove_prefix(second + 1);
   zero_ = Section(rest.substr(0, rest.find(';')));
+  sections_ = 3;
 }
 
 const NumberPattern::Section* NumberPattern::sectionOf(float value) const {
-  const Section& own = value < 0 ? *negative_ : positive_;
+  const Section& own = value < 0 ? negative_ : positive_;
   const bool nothing = value == 0 || (!own.isEmpty && own.roundsToNothing(value));
-  const Section& chosen = zero_ && nothing ? *zero_ : own;
+  const Section& chosen = sections_ == 3 && nothing ? zero_ : own;
   return chosen.isEmpty ? nullptr : &chosen;
 }
 
 void NumberPattern::append(std::string& out, float value) const {
-  if (!negative_) return positive_.append(out, value);
+  if (sections_ == 1) return positive_.append(out, value);
   const Section* const section = sectionOf(value);
   if (section == nullptr) return;
-  if (section != &*negative_) return section->append(out, value);
+  if (section != &negative_) return section->append(out, value);
   if (section->hasSign && !section->roundsToNothing(value)) out.push_back('-');
   section->append(out, -value);
 }

@@ -59,8 +59,8 @@ class NumberPattern {
   };
   const Section* sectionOf(float value) const;  // null: nothing is written
 
-  Section positive_;
-  std::optional<Section> negative_, zero_;
+  Section positive_, negative_, zero_;
+  int sections_ = 1;  // as many as the pattern has
 };
 
 // One value through a pattern.

@@ -2,6 +2,7 @@
 #include "drafting/entity_info.h"
 
 #include "core/number_text.h"
+#include "core/row_words.h"
 #include "drafting/drafting_commands.h"
 #include "drafting/edit_steps.h"
 #include "drafting/entity_creation.h"
@@ -14,23 +15,11 @@ namespace {
 constexpr char kRule[] = "_____________________________________";
 constexpr char kAnglePattern[] = "###.####";
 
-struct KindWord {
-  int type;
-  const char* word;
-};
-
-constexpr KindWord kKindWords[] = {
-    {kLine, "Line"},     {kClockwiseArc, "CW Arc"}, {kCounterClockwiseArc, "CCW Arc"},
-    {kCircle, "Circle"}, {kRectangle, "Rect"},
-};
-
 // `other` stands for the kinds that only one of the tables knows.
 std::string kindOf(const Entity& row, float tolerence, const char* other) {
   if (isArc(row.type) && samePoint(row.start, row.end, tolerence)) return "Circle";
-  for (const KindWord& kind : kKindWords) {
-    if (kind.type == row.type) return kind.word;
-  }
-  return other;
+  const char* const word = segmentTypeWord(row.type);
+  return *word == '\0' ? other : word;
 }
 
 class InfoText {

@@ -17,6 +17,7 @@ namespace {
 constexpr char kGeometry[] = "Geometry";
 constexpr char kNamePrefix[] = "Entity ";
 constexpr double kDegreesPerRadian = 57.29578;
+// Fixed: a negative angle shows blank; scripts that read the window compare with that.
 constexpr char kAngleFormat[] = "###.####;;0";
 
 constexpr char kStartText[] = "Start point of the line or arc.";
@@ -49,23 +50,6 @@ Point pointIn(std::string_view text) {
 }
 
 }  // namespace
-
-const char* segmentTypeWord(int segtype) {
-  switch (segtype) {
-    case kLine:
-      return "Line";
-    case kClockwiseArc:
-      return "CW Arc";
-    case kCounterClockwiseArc:
-      return "CCW Arc";
-    case kCircle:
-      return "Circle";
-    case kRectangle:
-      return "Rect";
-    default:
-      return "";
-  }
-}
 
 std::string AngleAsString(float radians) {
   return formatNumber(narrow(radians * kDegreesPerRadian), kAngleFormat);

@@ -1,7 +1,7 @@
 // A thin view of one drawing row for the property window: its name, its values as texts, and the
 // row that follows from a changed one.
-// Owns: PropertyContent, PropertyAdder, IObjectWithProperties, segmentTypeWord, AngleAsString,
-//       CoordinateAsString, PointAsString, CSegment.
+// Owns: PropertyContent, PropertyAdder, IObjectWithProperties, AngleAsString, CoordinateAsString,
+//       PointAsString, CSegment.
 #pragma once
 
 #include <string>
@@ -10,6 +10,7 @@
 
 #include "core/drawing_rows.h"
 #include "core/int16.h"
+#include "core/row_words.h"
 #include "core/session.h"
 #include "drafting/change.h"
 #include "drafting/object_snap.h"
@@ -37,9 +38,6 @@ class IObjectWithProperties {
   virtual void PropertyChange(const std::string& name, std::string& value, Flag& cancel) = 0;
   virtual void EnumerateProperties(PropertyAdder& list) const = 0;
 };
-
-// The word for a kind of drawing row; "" for a kind that has none.
-const char* segmentTypeWord(int segtype);
 
 // Degrees with up to four decimals; 0 stands as "0", an angle below 0 as nothing.
 std::string AngleAsString(float radians);

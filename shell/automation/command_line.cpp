@@ -164,6 +164,13 @@ void settleTools(const CLI::App& app, Options& options) {
   line.library = options.tools.back();
 }
 
+void settleDrawing(Options& options, bool plots) {
+  CommandLine& line = options.line;
+  if (line.drawing.empty()) throw CLI::RequiresError(plots ? "--plot" : "--make-cnc", "DRAWING");
+  line.job = plots ? Job::Plot : Job::MakeCnc;
+  line.mode = options.mode == "lathe" ? CncMode::Lathe : CncMode::Mill;
+}
+
 // The job that the options make up; throws what CLI11 does for options that make none.
 void settle(const CLI::App& app, Options& options) {
   CommandLine& line = options.line;
@@ -184,10 +191,7 @@ void settle(const CLI::App& app, Options& options) {
     line.date = momentIn(options.date);
   }
   if (exchanges) settleTools(app, options);
-  if (!plots && !makes) return;
-  if (line.drawing.empty()) throw CLI::RequiresError(plots ? "--plot" : "--make-cnc", "DRAWING");
-  line.job = plots ? Job::Plot : Job::MakeCnc;
-  line.mode = options.mode == "lathe" ? CncMode::Lathe : CncMode::Mill;
+  if (plots || makes) settleDrawing(options, plots);
 }
 
 CommandLine printAndExit(const CLI::App& app, const CLI::ParseError& error) {

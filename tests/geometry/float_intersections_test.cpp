@@ -56,6 +56,15 @@ void expectBeyond(const Crossing& crossing, Point at, double tolerance = 1e-6) {
   expectNear(crossing.at.first, at, tolerance);
 }
 
+TEST(NearerHit, IsTheOneThatCountsOrTheNearerAndTheFirstOnATie) {
+  const PointPair hits{{1, 0}, {-1, 0}};
+  EXPECT_EQ(nearerHit({Miss::None, true, false, hits}, {-5, 0}), hits.first);
+  EXPECT_EQ(nearerHit({Miss::None, false, true, hits}, {5, 0}), hits.second);
+  EXPECT_EQ(nearerHit({Miss::None, true, true, hits}, {5, 0}), hits.first);
+  EXPECT_EQ(nearerHit({Miss::None, true, true, hits}, {-5, 0}), hits.second);
+  EXPECT_EQ(nearerHit({Miss::None, true, true, hits}, {0, 3}), hits.first);
+}
+
 TEST(IntersectSlopes, MeetsAndIsRounded) {
   EXPECT_EQ(intersectSlopes(1, 0, -1, 1), (Point{0.5F, 0.5F}));
   EXPECT_EQ(intersectSlopes(0, 0, 3, -1), (Point{0.333333F, 0}));

@@ -113,7 +113,28 @@ TEST(NearestPathScans, HiddenRowsDoNotCount) {
   testing::addPath(store, lineAt(2), 100, /*visible=*/true);
   EXPECT_EQ(nearestPathSeg(store, {3, 0}, 0), 2);
   EXPECT_EQ(nearestPathChord(store, {3, 0}), 2);
+  EXPECT_EQ(nearestPathLine(store, {3, 0}), 2);
   EXPECT_EQ(nearestPathEndpoint(store, {0, 0}), (Point{0, 2}));
+}
+
+TEST(NearestPathLineAndArc, SeeTheirKindsAloneAndOnlyWhatIsShown) {
+  DrawingStore store = testing::storeWith({
+      {81, {0, 0}, {0, 0}, {}},
+      {kRapid, {-9, 0}, {9, 0}, {}},
+      {kClockwiseArc, {1, 0}, {-1, 0}, {0, 0}},
+      {kCounterClockwiseArc, {4, 0}, {-4, 0}, {0, 0}},
+      lineAt(5),
+      lineAt(7),
+  });
+  EXPECT_EQ(nearestPathLine(store, {0, 0}), 5);
+  EXPECT_EQ(nearestPathArc(store, {0, 0.5F}), 3);
+  EXPECT_EQ(nearestPathArc(store, {0, 3}), 4) << "by its sweep, not by its chord";
+  store.psvisible[3] = store.psvisible[5] = false;
+  EXPECT_EQ(nearestPathLine(store, {0, 0}), 6);
+  EXPECT_EQ(nearestPathArc(store, {0, 0.5F}), 4);
+  store.psvisible[4] = store.psvisible[6] = false;
+  EXPECT_EQ(nearestPathLine(store, {0, 0}), 0);
+  EXPECT_EQ(nearestPathArc(store, {0, 0.5F}), 0);
 }
 
 TEST(NearestPathChord, AnArcCountsByItsChord) {

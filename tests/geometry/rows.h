@@ -1,17 +1,13 @@
-// Short ways to put rows into a store, and properties that draw the same cases every time.
-// Owns: kFixedSeed, kTolerence, addSegment, addPath, storeWith.
+// Short ways to put rows into a store.
+// Owns: kTolerence, addSegment, addPath, storeWith.
 #pragma once
 
-#include <cstdlib>
 #include <vector>
 
 #include "core/drawing_store.h"
 #include "geometry/entity.h"
 
 namespace tess::testing {
-
-// Read by RapidCheck at its first property.
-inline const int kFixedSeed = setenv("RC_PARAMS", "seed=31415 max_success=500", /*overwrite=*/0);
 
 inline constexpr float kTolerence = 0.001F;
 
