@@ -332,14 +332,20 @@ bool dlgEditPath::saveSegment(int row) {
   return saveRows(row, [&](PathRow& now) { now = wanted; });
 }
 
-bool dlgEditPath::saveGroup(int row) {
-  const Edit changeCode = enteredCodes(row);
-  std::vector<std::pair<float PathRow::*, float>> values;
+// Depth and feed: all that can be read, or what was edited of it.
+dlgEditPath::Values dlgEditPath::enteredValues(int row, bool editedOnly) {
+  Values values;
   for (const Field& field : fields_) {
-    const bool isOfGroup = &field.box == &txtpsz || &field.box == &txtpsfeed;
-    if (!isOfGroup || !isEdited(field.box, row)) continue;
+    if (&field.box != &txtpsz && &field.box != &txtpsfeed) continue;
+    if (editedOnly && !isEdited(field.box, row)) continue;
     if (const auto value = entered(field, row)) values.emplace_back(field.value, *value);
   }
+  return values;
+}
+
+bool dlgEditPath::saveGroup(int row) {
+  const Edit changeCode = enteredCodes(row);
+  const Values values = enteredValues(row, /*editedOnly=*/true);
   return saveRows(row, [&](PathRow& now) {
     changeCode(now);
     for (const auto& [column, value] : values) now.*column = value;
@@ -357,13 +363,10 @@ bool dlgEditPath::saveAll(int row) {
       tell(question, "All Segments", MessageIcon::Question, MessageButtons::YesNo);
   if (!isThere(row)) return false;  // whoever answered has changed the drawing
   std::optional<int> tool;
-  std::vector<std::pair<float PathRow::*, float>> values;
+  Values values;
   if (answer == Answer::Yes) {
     attempt([&] { tool = enteredTool(); });
-    for (const Field& field : fields_) {
-      if (&field.box != &txtpsz && &field.box != &txtpsfeed) continue;
-      if (const auto value = entered(field, row)) values.emplace_back(field.value, *value);
-    }
+    values = enteredValues(row, /*editedOnly=*/false);
   }
   return saveRows(row, [&](PathRow& now) {
     if (tool && toolIndex(now.code) != *tool) now.code = pathCode(groupCutOff(now.code), *tool);

@@ -8,6 +8,7 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "core/drawing_store.h"
@@ -78,6 +79,7 @@ class dlgEditPath : public Form {
     std::optional<bool> ofCycle = {};
   };
   using Edit = std::function<void(PathRow&)>;
+  using Values = std::vector<std::pair<float PathRow::*, float>>;
 
   void setCaptions();
   void wireControls();
@@ -104,6 +106,7 @@ class dlgEditPath : public Form {
   int enteredTool() const;
   int enteredGroup() const;
   PathRow enteredRow(int row);
+  Values enteredValues(int row, bool editedOnly);
   bool isAcceptable(const PathRow& row, int number);
   bool saveAll(int row);
   bool saveGroup(int row);

@@ -45,6 +45,7 @@ void frmPathMap::load() {
 void frmPathMap::fillList() {
   lines_.clear();
   std::vector<std::string> texts;
+  texts.reserve(static_cast<std::size_t>(order_.count()) * 2);
   for (int place = 1; place <= order_.count(); ++place) {
     if (order_.startsRun(place)) {
       lines_.push_back({place, true});

@@ -585,6 +585,42 @@ TEST_F(EditPath, AllSegmentsWithNoSetsOnlyTheVisibility) {
   EXPECT_EQ(visible(), (std::vector<bool>{false, false}));
 }
 
+TEST_F(EditPath, AllSegmentsTakeTheRestWhenTheToolDoesNotFit) {
+  addRows({104, 205});
+  open();
+  form.optApplyToAll.setValue(true);
+  form.txtToolNumber.setText("101");
+  form.txtpsz.setText("-2");
+  answer({Answer::Yes});
+  form.cmdRefresh.press();
+  ASSERT_EQ(messages().size(), 2U) << "the question, and one message for all rows";
+  EXPECT_EQ(messages()[1].text, "Error Saving Path Data:  Overflow");
+  EXPECT_EQ(codes(), (std::vector{104, 205}));
+  EXPECT_EQ(column(store.psz), (std::vector<float>{-2, -2}));
+}
+
+TEST_F(EditPath, TheFieldsCanBeSavedIntoAnotherRow) {
+  addRows({100, 205});
+  open();
+  bool ok = true;
+  form.savePathFields(2, ok);
+  EXPECT_TRUE(ok);
+  EXPECT_EQ(pathTexts(store)[1], "1 (0, 0)-(1, 0) @100 z -0.5 f 10");
+}
+
+TEST_F(EditPath, ARowOutsideTheTableStoresOnlyWhereNewPathsGo) {
+  addRows({100});
+  open();
+  form.chkInsertBefore.setChecked(true);
+  form.txtpsz.setText("-2");
+  expectNoStep(*this, [this] {
+    bool ok = true;
+    form.savePathFields(2, ok);
+    EXPECT_TRUE(ok);
+  });
+  EXPECT_EQ(cam.pathInsertMode, PathInsertMode::BeforeGroup);
+}
+
 // ---- Going from row to row
 
 TEST_F(EditPath, NextAndPreviousSaveTheSegment) {
