@@ -193,6 +193,7 @@ class Session : public RunningProgram {
   explicit Session(std::uint32_t seed) : dice_(seed) {
     platform.prompts.onForm = [this](Form& form) { fillIn(form); };
     addStartingRows();
+    fillToolChest();
     tables_.emplace(desk().changes);
     pass(1000);
     start();
@@ -598,6 +599,14 @@ class Session : public RunningProgram {
   // ---- The beginning
 
   // Rows of every kind and class, and paths of two groups with a cycle and a selected row.
+  // Any tool may be chosen, and the outline of one without a radius is a reported failure.
+  void fillToolChest() {
+    for (int tool = 0; tool <= kLastTool; ++tool) {
+      float& radius = store().toolradius[tool];
+      if (radius == 0) radius = 0.125F;
+    }
+  }
+
   void addStartingRows() {
     const SegmentRow rows[] = {
         {.type = 1, .x1 = 2, .y1 = 1},
