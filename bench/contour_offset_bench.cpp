@@ -28,22 +28,22 @@ constexpr Side sideOf(OutlineKind kind) {
   return kind == OutlineKind::Lines ? Side::Left : Side::Right;
 }
 
-struct StarDesk : testing::SilentDesk {
-  StarDesk(const std::vector<Entity>& outline, Side sideOfPath) : side(sideOfPath) {
+struct StarContext : testing::SilentDrafting {
+  StarContext(const std::vector<Entity>& outline, Side sideOfPath) : side(sideOfPath) {
     store.toolradius[0] = kRadius;
     testing::addOutline(store, outline);
   }
   void forgetPaths() {
     store.NumPathSegments = 0;
-    desk.changelog.changecount = 0;
-    desk.changelog.changetop = 0;
+    context.changelog.changecount = 0;
+    context.changelog.changetop = 0;
   }
 
-  CamDesk cam{desk};
+  CamContext cam{context};
   Side side;
 };
 
-void offsetStar(StarDesk& d) {
+void offsetStar(StarContext& d) {
   const Entity first = segmentEntity(d.store, 1);
   OffsetRequest request;
   request.sg = 1;
@@ -53,11 +53,11 @@ void offsetStar(StarDesk& d) {
   offsetPathChain(d.cam, request);
 }
 
-Entity displaced(const StarDesk& d, int sg) {
+Entity displaced(const StarContext& d, int sg) {
   return offsetElement(segmentEntity(d.store, sg), d.side, kRadius).value_or(Entity{});
 }
 
-void offsetBarely(StarDesk& d) {
+void offsetBarely(StarContext& d) {
   DrawingStore& store = d.store;
   std::vector<Entity> elements;
   for (int sg = 1; sg <= store.NumSegments; ++sg) {
@@ -78,8 +78,8 @@ template <typename Work>
 void timeStar(benchmark::State& state, Work work) {
   const auto kind = static_cast<OutlineKind>(state.range(1));
   const int rows = static_cast<int>(state.range(0));
-  StarDesk d(testing::wavyStar({.rows = rows, .kind = kind, .center = {}, .depth = 0}),
-             sideOf(kind));
+  StarContext d(testing::wavyStar({.rows = rows, .kind = kind, .center = {}, .depth = 0}),
+                sideOf(kind));
   for (auto _ : state) {
     d.forgetPaths();
     work(d);
@@ -100,7 +100,7 @@ std::vector<Entity> wavyOutline(const benchmark::State& state) {
 }
 
 void OffsetWithoutFolds(benchmark::State& state) {
-  StarDesk d(wavyOutline(state), sideOf(OutlineKind::Lines));
+  StarContext d(wavyOutline(state), sideOf(OutlineKind::Lines));
   for (auto _ : state) {
     d.forgetPaths();
     offsetStar(d);

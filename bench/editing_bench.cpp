@@ -25,14 +25,14 @@ constexpr float kCell = 4;
 constexpr int kRowsInCell = 4;
 
 // Cells in a square, and in each a corner of two lines, a wall across one of them, and an arc.
-struct Parts : testing::SilentDesk {
+struct Parts : testing::SilentDrafting {
   Parts(int rows, bool paths) {
     const int cells = rows / kRowsInCell;
     side_ = static_cast<int>(std::sqrt(cells));
     for (int cell = 0; cell < cells; ++cell) {
       addCell(kCell * static_cast<float>(cell % side_), kCell * static_cast<float>(cell / side_));
     }
-    desk.command.EditPaths = paths;
+    context.command.EditPaths = paths;
     test.recording.prompts.onForm = [](Form& form) {
       auto& dialog = dynamic_cast<dlgEditRadius&>(form);
       dialog.txtradius.setText("0.25");
@@ -79,7 +79,7 @@ struct Parts : testing::SilentDesk {
 // A tool, its clicks before the last, and the last one.
 struct ToolCase {
   const char* name;
-  void (*command)(Desk&);
+  void (*command)(DraftingContext&);
   std::vector<Point> before;
   Point last;
 };
@@ -100,7 +100,7 @@ const std::vector<ToolCase>& toolCases() {
 }
 
 void startTool(Parts& parts, const ToolCase& tool) {
-  tool.command(parts.desk);
+  tool.command(parts.context);
   for (const Point at : tool.before) parts.clickInCell(at.x, at.y);
 }
 
@@ -109,12 +109,12 @@ void lastClick(benchmark::State& state, const ToolCase& tool, bool paths) {
   for (auto _ : state) {
     state.PauseTiming();
     startTool(parts, tool);
-    const int before = parts.desk.changelog.changecount;
+    const int before = parts.context.changelog.changecount;
     state.ResumeTiming();
     parts.clickInCell(tool.last.x, tool.last.y);
     state.PauseTiming();
-    if (parts.desk.changelog.changecount == before) state.SkipWithError("nothing has changed");
-    Undo_Last_Change(parts.desk);
+    if (parts.context.changelog.changecount == before) state.SkipWithError("nothing has changed");
+    Undo_Last_Change(parts.context);
     state.ResumeTiming();
   }
 }
@@ -126,7 +126,7 @@ void undoOfClick(benchmark::State& state, const ToolCase& tool, bool paths) {
     startTool(parts, tool);
     parts.clickInCell(tool.last.x, tool.last.y);
     state.ResumeTiming();
-    Undo_Last_Change(parts.desk);
+    Undo_Last_Change(parts.context);
   }
 }
 

@@ -20,15 +20,15 @@ namespace {
 using testing::OutlineKind;
 
 // The rows as one path group, on a screen that paints nothing.
-struct ChainDesk : testing::SilentDesk {
-  explicit ChainDesk(const std::vector<Entity>& rows) {
+struct ChainContext : testing::SilentDrafting {
+  explicit ChainContext(const std::vector<Entity>& rows) {
     for (const Entity& row : rows) {
       addPathSegment(store, {row.type, row.start.x, row.start.y, row.end.x, row.end.y, row.center.x,
                              row.center.y, -0.5F, 10, 100});
     }
   }
 
-  CamDesk cam{desk};
+  CamContext cam{context};
 };
 
 std::vector<Entity> cleanChain(const benchmark::State& state) {
@@ -37,7 +37,7 @@ std::vector<Entity> cleanChain(const benchmark::State& state) {
 }
 
 void GougePassOverACleanChain(benchmark::State& state) {
-  ChainDesk d(cleanChain(state));
+  ChainContext d(cleanChain(state));
   for (auto _ : state) removeSelfIntersections(d.cam, 1, ChainKind::Path);
   if (d.store.NumPathSegments != state.range(0)) state.SkipWithError("not clean");
 }
@@ -107,7 +107,7 @@ class PlainGrid {
 };
 
 void CrossingsOfACleanChainByPlainGrid(benchmark::State& state) {
-  const ChainDesk d(cleanChain(state));
+  const ChainContext d(cleanChain(state));
   int crossings = 0;
   for (auto _ : state) {
     const std::vector<Entity> rows = pathEntities(d.store);
@@ -149,7 +149,7 @@ std::vector<Entity> foldedChain(const benchmark::State& state) {
 
 // All passes of one call.
 void GougeAvoidanceOfElevenFolds(benchmark::State& state) {
-  ChainDesk d(foldedChain(state));
+  ChainContext d(foldedChain(state));
   const DrawingStore folded = d.store;
   for (auto _ : state) {
     state.PauseTiming();

@@ -65,10 +65,10 @@ void changeOfManyRows(benchmark::State& state, bool journal) {
   for (int row = 0; row < kRows; ++row) {
     AddSeg(program.application.store, {.type = kLine, .x1 = static_cast<float>(row)}, nullptr);
   }
-  program.desk().changes.tellRewritten();
+  program.context().changes.tellRewritten();
   for (auto _ : state) {
     program.application.guarded("move", [&] {
-      Change change(program.desk().changes);
+      Change change(program.context().changes);
       change.segments.replaceWhere([](int /*sg*/, SegmentRow& row) {
         row.x0 += 1;
         return true;

@@ -63,7 +63,7 @@ void addIslands(DrawingStore& store, int spans) {
 void forgetPaths(RecordedCam& d) {
   d.store.NumPathSegments = 0;
   d.store.lastplacedgroup = 0;
-  d.desk.changelog.clear();
+  d.context.changelog.clear();
 }
 
 template <typename Prepare, typename Work>

@@ -33,7 +33,7 @@ Box boundsOf(const DrawingStore& store) {
   return box;
 }
 
-struct Pocket : testing::SilentDesk {
+struct Pocket : testing::SilentDrafting {
   Pocket(int rows, OutlineKind kind, int pocketState, int islandState) {
     int attr = pocketState;
     for (const auto& outline : testing::starWithIslands(rows, kind)) {
@@ -51,7 +51,7 @@ struct Pocket : testing::SilentDesk {
     store.toolradius[0] = 0.02F;
   }
 
-  CamDesk cam{desk};
+  CamContext cam{context};
   float spacing = 0;
 };
 
@@ -142,7 +142,7 @@ void RoughCut(benchmark::State& state) {
                 kVerifiedRow, kVerifiedRow);
   for (auto _ : state) {
     pocket.store.NumPathSegments = 0;
-    pocket.desk.changelog.clear();
+    pocket.context.changelog.clear();
     mnuCAMRoughCutPocket_Click(pocket.cam);
   }
   if (pocket.store.NumPathSegments == 0) state.SkipWithError("nothing was cut");

@@ -20,7 +20,7 @@ std::vector<Entity> roundOutline(int rows) {
   return testing::wavyStar({.rows = rows, .depth = 0});
 }
 
-struct RoundPocket : testing::SilentDesk {
+struct RoundPocket : testing::SilentDrafting {
   explicit RoundPocket(int rows) {
     testing::addOutline(store, roundOutline(rows), kVerifiedRow);
     radius = static_cast<float>(testing::starRadius(rows));
@@ -36,7 +36,7 @@ struct RoundPocket : testing::SilentDesk {
   }
   float step() const { return radius / kRings; }
 
-  CamDesk cam{desk};
+  CamContext cam{context};
   float radius = 0;
 };
 
@@ -45,7 +45,7 @@ void ParallelSpiral(benchmark::State& state) {
   d.store.cfg_gouge_avoidance = state.range(1) != 0;
   for (auto _ : state) {
     d.store.NumPathSegments = 0;
-    d.desk.changelog.clear();
+    d.context.changelog.clear();
     parallelSpiralPocket(d.cam, 1);
   }
   state.counters["path rows"] = static_cast<double>(d.store.NumPathSegments);

@@ -25,7 +25,7 @@ struct FeedsProgram : testing::RunningProgram {
   }
   ToolChest chest(SpeedsFeeds& feeds) { return {application.session, feeds, application.colors}; }
   TitleBlock block(SpeedsFeeds& feeds) {
-    return {application.session, feeds, application.interaction.viewCommands, desk().changes};
+    return {application.session, feeds, application.interaction.viewCommands, context().changes};
   }
 
   DrawingStore& store = application.store;
@@ -81,7 +81,7 @@ void categoryOfThousand(benchmark::State& state) {
 
 struct SelectedProgram : testing::RunningProgram {
   SelectedProgram() {
-    Change change(desk().changes);
+    Change change(context().changes);
     for (int n = 0; n < kRows; ++n) {
       const auto x = static_cast<float>(n % 181);
       const auto y = static_cast<float>(n / 181);
@@ -93,8 +93,8 @@ struct SelectedProgram : testing::RunningProgram {
     select(kRows);
   }
   void select(int rows) {
-    desk().state.Selected.fill(rows);
-    desk().state.updateProperties = true;
+    context().state.Selected.fill(rows);
+    context().state.updateProperties = true;
     form.UpdatePropertyWindow();
   }
   frmProperties& form = application.interaction.properties;

@@ -23,8 +23,8 @@ struct RowRange {
 };
 
 // Drawn rows on a screen that paints nothing; which of them make an outline each.
-struct OutlineDesk : testing::SilentDesk {
-  OutlineDesk(int rows, OutlineKind kind, bool islands) {
+struct OutlineContext : testing::SilentDrafting {
+  OutlineContext(int rows, OutlineKind kind, bool islands) {
     if (!islands) addRows(testing::wavyStar({.rows = rows, .kind = kind}));
     if (islands) {
       for (const auto& outline : testing::starWithIslands(rows, kind)) addRows(outline);
@@ -40,11 +40,11 @@ struct OutlineDesk : testing::SilentDesk {
     for (int sg = 1; sg <= store.NumSegments; ++sg) store.segattr[sg] = kOrdinaryClass;
   }
 
-  CamDesk cam{desk};
+  CamContext cam{context};
   std::vector<RowRange> outlines;
 };
 
-void verifyAll(OutlineDesk& d) {
+void verifyAll(OutlineContext& d) {
   d.unselectRows();
   for (const RowRange& outline : d.outlines) {
     testing::selectRows(d.store, outline.first, outline.last);
@@ -111,7 +111,7 @@ void paintBarely(DrawingStore& store, DrawingSurface& surface) {
   }
 }
 
-void verifyBarely(OutlineDesk& d) {
+void verifyBarely(OutlineContext& d) {
   d.unselectRows();
   for (const RowRange& outline : d.outlines) {
     walkBarely(d.store, outline);
@@ -122,7 +122,7 @@ void verifyBarely(OutlineDesk& d) {
 template <typename Work>
 void timeOutlines(benchmark::State& state, bool islands, Work work) {
   const auto kind = static_cast<OutlineKind>(state.range(1));
-  OutlineDesk d(static_cast<int>(state.range(0)), kind, islands);
+  OutlineContext d(static_cast<int>(state.range(0)), kind, islands);
   for (auto _ : state) work(d);
   if (!isVerified(d.store.segattr[d.store.NumSegments])) state.SkipWithError("not verified");
   state.SetItemsProcessed(state.iterations() * state.range(0));

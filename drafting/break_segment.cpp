@@ -28,18 +28,18 @@ BreakResult breakRow(Changes& changes, Table table, int number, Point at) {
 }
 
 template <class Table>
-bool breakNearest(Desk& desk, Table table, int number) {
-  const std::optional<Point> at = table.nearestOn(desk.store, number, mouseOf(desk));
+bool breakNearest(DraftingContext& context, Table table, int number) {
+  const std::optional<Point> at = table.nearestOn(context.store, number, mouseOf(context));
   if (!at) return false;
-  const auto broken = [&] { return breakRow(desk.changes, table, number, *at); };
-  return editByClick(desk, broken) == BreakResult::Broken;
+  const auto broken = [&] { return breakRow(context.changes, table, number, *at); };
+  return editByClick(context, broken) == BreakResult::Broken;
 }
 
-void clickBreak(Desk& desk) {
-  onEditedTable(desk, [&desk](auto table) {
-    const int number = table.nearest(desk.store, mouseOf(desk));
+void clickBreak(DraftingContext& context) {
+  onEditedTable(context, [&context](auto table) {
+    const int number = table.nearest(context.store, mouseOf(context));
     if (number < 1) return;
-    breakNearest(desk, table, number) ? UnselectAll(desk) : beep(desk);
+    breakNearest(context, table, number) ? UnselectAll(context) : beep(context);
   });
 }
 
@@ -53,21 +53,21 @@ BreakResult breakPathSegment(Changes& changes, int ps, Point at) {
   return breakRow(changes, PlacedTable{}, ps, at);
 }
 
-void mnuEditBreakSeg_Click(Desk& desk) {
-  arm(desk, PendingAction::Break);
+void mnuEditBreakSeg_Click(DraftingContext& context) {
+  arm(context, PendingAction::Break);
 }
 
 // ---- Descriptors
 
 namespace {
 
-constexpr Action<Desk> kBreakActions[] = {
+constexpr Action<DraftingContext> kBreakActions[] = {
     {{.action = PendingAction::Break, .prompt = "Click on segment to break"}, clickBreak},
 };
 
 }  // namespace
 
-constexpr DeskCommand kBreakCommand{
+constexpr DraftingCommand kBreakCommand{
     .info = {.tool = "miBreakSegment",
              .caption = "&Break Segment",
              .key = "B",

@@ -2,7 +2,7 @@
 // Owns: BreakResult, breakSegment, breakPathSegment, mnuEditBreakSeg_Click.
 #pragma once
 
-#include "drafting/desk.h"
+#include "drafting/drafting_context.h"
 
 namespace tess {
 
@@ -17,6 +17,6 @@ enum class BreakResult {
 BreakResult breakSegment(Changes& changes, int sg, Point at);
 BreakResult breakPathSegment(Changes& changes, int ps, Point at);
 
-void mnuEditBreakSeg_Click(Desk& desk);
+void mnuEditBreakSeg_Click(DraftingContext& context);
 
 }  // namespace tess

@@ -58,7 +58,7 @@ class SelectedSegments {
 
 class CState : public ArmedAction {
  public:
-  // What setting the state brings about; filled in by the desk that works on it.
+  // What setting the state brings about; filled in by the context that works on it.
   struct Effects {
     std::function<void()> refreshStatus = [] {};
     std::function<void()> showDrawMode = [] {};  // tool checks and pointer shape

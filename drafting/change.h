@@ -212,7 +212,7 @@ class ChangeListener {
   virtual void rewritten() = 0;
 };
 
-// What changes need of the desk that they are made on.
+// What changes need of the context that they are made on.
 class ChangeHost {
  public:
   virtual ~ChangeHost() = default;

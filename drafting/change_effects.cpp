@@ -1,16 +1,16 @@
-// What a change of the drawing brings about on the desk.
+// What a change of the drawing brings about on the context.
 #include "drafting/change_effects.h"
 
 #include <string>
 
-#include "drafting/desk.h"
+#include "drafting/drafting_context.h"
 #include "drafting/selection.h"
 #include "drafting/undo.h"
 
 namespace tess {
 
 bool ChangeEffects::agreesToLoseUndo(int records) {
-  const Answer answer = desk_.session.host.prompts.showMessage(
+  const Answer answer = context_.session.host.prompts.showMessage(
       {.text = "This change takes " + std::to_string(records) +
                " records, and the undo log holds at most " + std::to_string(kMaxRecords) +
                ".\n\nWith OK the change is made and the undo log is cleared: neither this change "
@@ -22,19 +22,19 @@ bool ChangeEffects::agreesToLoseUndo(int records) {
 }
 
 void ChangeEffects::changeKept(const Keeping& keeping, bool logged) {
-  if (logged && desk_.changelog.canUndo()) {
-    enableUndo(desk_, keeping.undoMark);
+  if (logged && context_.changelog.canUndo()) {
+    enableUndo(context_, keeping.undoMark);
   } else if (logged) {
-    clearUndoMenu(desk_);
-    updateUndoTools(desk_);
+    clearUndoMenu(context_);
+    updateUndoTools(context_);
   }
-  if (keeping.redraws) desk_.redraw.redrawscreen();
+  if (keeping.redraws) context_.redraw.redrawscreen();
 }
 
 void ChangeEffects::changeTakenBack() {
-  collectSelected(desk_);
-  desk_.state.updateProperties = true;
-  desk_.redraw.setTaskQueueState(1);
+  collectSelected(context_);
+  context_.state.updateProperties = true;
+  context_.redraw.setTaskQueueState(1);
 }
 
 }  // namespace tess

@@ -1,4 +1,4 @@
-// What a change of the drawing brings about on the desk: undo and redo follow, the screen is
+// What a change of the drawing brings about on the context: undo and redo follow, the screen is
 // redrawn, and a step that is too long for the log is put to the operator.
 // Owns: ChangeEffects.
 #pragma once
@@ -7,11 +7,11 @@
 
 namespace tess {
 
-struct Desk;
+struct DraftingContext;
 
 class ChangeEffects : public ChangeHost {
  public:
-  explicit ChangeEffects(Desk& desk) : desk_(desk) {}
+  explicit ChangeEffects(DraftingContext& context) : context_(context) {}
 
   bool agreesToLoseUndo(int records) override;
   void changeKept(const Keeping& keeping, bool logged) override;
@@ -19,7 +19,7 @@ class ChangeEffects : public ChangeHost {
   void changeTakenBack() override;
 
  private:
-  Desk& desk_;
+  DraftingContext& context_;
 };
 
 }  // namespace tess

@@ -26,10 +26,10 @@ float smallestRadius(const Entity& arc) {
 }
 
 // What the operator accepts and is not the radius that it has.
-std::optional<float> askRadius(Desk& desk, const Entity& arc) {
+std::optional<float> askRadius(DraftingContext& context, const Entity& arc) {
   const float before = radiusAtStart(arc);
-  dlgEditRadius dialog(desk, before, smallestRadius(arc));
-  desk.session.host.prompts.showModal(dialog);
+  dlgEditRadius dialog(context, before, smallestRadius(arc));
+  context.session.host.prompts.showModal(dialog);
   if (!dialog.accepted() || dialog.radius() == before) return std::nullopt;
   return dialog.radius();
 }
@@ -53,42 +53,42 @@ std::optional<Entity> withRadius(Entity arc, float radius) {
 }
 
 template <class Table>
-void changeRadius(Desk& desk, Table table, int number) {
-  pickRow(desk, table, number);
-  const std::optional<float> radius = askRadius(desk, desk.command.PendingRow1);
-  if (!radius || pickedRow(desk, table) == 0) return;
-  if (*radius > kLargestRadius) return beep(desk);
-  const std::optional<Entity> now = withRadius(desk.command.PendingRow1, *radius);
-  if (!now) return warn(desk, "Radius too small!", kTitle);
-  reshapeRow(desk.changes, table, number, *now, kDrawnByTheClick);
-  desk.state.updateProperties = true;
+void changeRadius(DraftingContext& context, Table table, int number) {
+  pickRow(context, table, number);
+  const std::optional<float> radius = askRadius(context, context.command.PendingRow1);
+  if (!radius || pickedRow(context, table) == 0) return;
+  if (*radius > kLargestRadius) return beep(context);
+  const std::optional<Entity> now = withRadius(context.command.PendingRow1, *radius);
+  if (!now) return warn(context, "Radius too small!", kTitle);
+  reshapeRow(context.changes, table, number, *now, kDrawnByTheClick);
+  context.state.updateProperties = true;
 }
 
-void clickChangeRadius(Desk& desk) {
-  onEditedTable(desk, [&desk](auto table) {
-    const int number = table.nearestRound(desk.store, mouseOf(desk));
-    if (number >= 1) changeRadius(desk, table, number);
+void clickChangeRadius(DraftingContext& context) {
+  onEditedTable(context, [&context](auto table) {
+    const int number = table.nearestRound(context.store, mouseOf(context));
+    if (number >= 1) changeRadius(context, table, number);
   });
 }
 
 }  // namespace
 
-void mnuChangeRad_Click(Desk& desk) {
-  arm(desk, PendingAction::ChangeRadius);
+void mnuChangeRad_Click(DraftingContext& context) {
+  arm(context, PendingAction::ChangeRadius);
 }
 
 // ---- Descriptors
 
 namespace {
 
-constexpr Action<Desk> kChangeRadiusActions[] = {
+constexpr Action<DraftingContext> kChangeRadiusActions[] = {
     {{.action = PendingAction::ChangeRadius, .prompt = "Click near arc to change radius."},
      clickChangeRadius},
 };
 
 }  // namespace
 
-constexpr DeskCommand kChangeRadiusCommand{
+constexpr DraftingCommand kChangeRadiusCommand{
     .info = {.tool = "miChangeRadius", .caption = "C&hange Radius...", .menu = {"miEdit", 430}},
     .run = mnuChangeRad_Click,
     .actions = kChangeRadiusActions,

@@ -2,7 +2,7 @@
 // Owns: kLargestRadius, mnuChangeRad_Click.
 #pragma once
 
-#include "drafting/desk.h"
+#include "drafting/drafting_context.h"
 #include "geometry/float_constants.h"
 
 namespace tess {
@@ -10,6 +10,6 @@ namespace tess {
 // No command takes a larger one: what it makes lies where no click finds it again.
 inline constexpr float kLargestRadius = kFarthest;
 
-void mnuChangeRad_Click(Desk& desk);
+void mnuChangeRad_Click(DraftingContext& context);
 
 }  // namespace tess

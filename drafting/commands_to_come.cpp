@@ -1,4 +1,4 @@
-// Commands of the drafting desk that do not exist yet. Their tools stand disabled; a descriptor
+// Commands of the drafting context that do not exist yet. Their tools stand disabled; a descriptor
 // moves to the file of its routine when there is one.
 #include "drafting/drafting_commands.h"
 
@@ -6,7 +6,7 @@ namespace tess {
 namespace {
 
 // The pointer's events go to the text window for as long as it is armed.
-constexpr Action<Desk> kTextActions[] = {
+constexpr Action<DraftingContext> kTextActions[] = {
     {{.action = PendingAction::PlaceText,
       .prompt = "Click spot to place text.",
       .escRedraws = true}},
@@ -14,7 +14,7 @@ constexpr Action<Desk> kTextActions[] = {
 
 }  // namespace
 
-constexpr DeskCommand kTextCommand{
+constexpr DraftingCommand kTextCommand{
     .info = {.tool = "miText",
              .caption = "&Text...",
              .menu = {"miDraw", 220},

@@ -14,8 +14,8 @@
 namespace tess {
 namespace {
 
-bool waitsForCopyClick(const Desk& desk) {
-  return desk.state.pendingaction() == static_cast<int>(PendingAction::Copy);
+bool waitsForCopyClick(const DraftingContext& context) {
+  return context.state.pendingaction() == static_cast<int>(PendingAction::Copy);
 }
 
 float moved(float coordinate, float from, float to) {
@@ -48,65 +48,65 @@ std::vector<clsSegment> recordsToPaste(const DrawingStore& store, int clicked) {
   return records;
 }
 
-void Copy_segment(Desk& desk) {
+void Copy_segment(DraftingContext& context) {
   const Procedure here("Copy_segment");
-  const int nearest = nearestSeg(desk.store, mouseOf(desk));
-  const bool picks = waitsForCopyClick(desk) && nearest > 0;
-  if (picks || selectedCount(desk.store) >= 1) {
-    fillPasteBuffer(desk, recordsToPaste(desk.store, picks ? nearest : 0));
+  const int nearest = nearestSeg(context.store, mouseOf(context));
+  const bool picks = waitsForCopyClick(context) && nearest > 0;
+  if (picks || selectedCount(context.store) >= 1) {
+    fillPasteBuffer(context, recordsToPaste(context.store, picks ? nearest : 0));
   } else if (nearest > 0) {
-    offerPaste(desk);
+    offerPaste(context);
   }
-  desk.state.setPendingaction(0);
+  context.state.setPendingaction(0);
 }
 
-void Paste_segment(Desk& desk) {
+void Paste_segment(DraftingContext& context) {
   const Procedure here("Paste_segment");
-  const Point base{desk.paste.pastebasex, desk.paste.pastebasey};
+  const Point base{context.paste.pastebasex, context.paste.pastebasey};
   std::vector<SegmentRow> rows;
-  rows.reserve(desk.paste.pastebuffer.size());
-  for (const clsSegment& record : desk.paste.pastebuffer) {
-    rows.push_back(pastedRow(record, base, markerOf(desk)));
+  rows.reserve(context.paste.pastebuffer.size());
+  for (const clsSegment& record : context.paste.pastebuffer) {
+    rows.push_back(pastedRow(record, base, markerOf(context)));
   }
-  dropThreePointCommand(desk);
-  addShape(desk, rows, desk.ScreenProxy);
-  collectSelected(desk);
-  desk.state.updateProperties = true;
-  desk.listener.UpdatePropertyWindow();
-  refreshStatus(desk);
+  dropThreePointCommand(context);
+  addShape(context, rows, context.ScreenProxy);
+  collectSelected(context);
+  context.state.updateProperties = true;
+  context.listener.UpdatePropertyWindow();
+  refreshStatus(context);
 }
 
-void Clear_Paste(Desk& desk) {
-  desk.paste = {};
-  desk.tools.setEnabled(kPasteCommand.info.tool, false);
+void Clear_Paste(DraftingContext& context) {
+  context.paste = {};
+  context.tools.setEnabled(kPasteCommand.info.tool, false);
 }
 
-void mnuEditCopy_Click(Desk& desk) {
-  if (selectedCount(desk.store) < 1) return arm(desk, PendingAction::Copy);
-  Copy_segment(desk);
+void mnuEditCopy_Click(DraftingContext& context) {
+  if (selectedCount(context.store) < 1) return arm(context, PendingAction::Copy);
+  Copy_segment(context);
 }
 
-void mnuEditPaste_Click(Desk& desk) {
-  if (desk.paste.pasteavailable) Paste_segment(desk);
+void mnuEditPaste_Click(DraftingContext& context) {
+  if (context.paste.pasteavailable) Paste_segment(context);
 }
 
 // ---- Descriptors
 
 namespace {
 
-constexpr Action<Desk> kCopyActions[] = {
+constexpr Action<DraftingContext> kCopyActions[] = {
     {{.action = PendingAction::Copy, .prompt = "Click on segment to copy."}, Copy_segment},
 };
 
 }  // namespace
 
-constexpr DeskCommand kCopyCommand{
+constexpr DraftingCommand kCopyCommand{
     .info = {.tool = "miCopy", .caption = "&Copy", .key = "C", .menu = {"miEdit", 220}},
     .run = mnuEditCopy_Click,
     .actions = kCopyActions,
 };
 
-constexpr DeskCommand kPasteCommand{
+constexpr DraftingCommand kPasteCommand{
     .info = {.tool = "miPaste", .caption = "&Paste", .key = "P", .menu = {"miEdit", 230}},
     .run = mnuEditPaste_Click,
 };

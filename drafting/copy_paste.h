@@ -9,7 +9,7 @@
 
 namespace tess {
 
-struct Desk;
+struct DraftingContext;
 
 // The selected ordinary rows and row `clicked`, 0 for none, in the order of the table.
 std::vector<clsSegment> recordsToPaste(const DrawingStore& store, int clicked);
@@ -17,17 +17,17 @@ std::vector<clsSegment> recordsToPaste(const DrawingStore& store, int clicked);
 // Keeps the selected ordinary rows, and while Copy waits for its click the row nearest to it, with
 // the marker as their base. Without either the rows stay that were kept before, for the marker as
 // it stands now. Nothing is armed then.
-void Copy_segment(Desk& desk);
+void Copy_segment(DraftingContext& context);
 
 // Adds the rows kept, moved by as much as the marker has moved since, as one step. Raises Overflow
 // for a table that they do not fit into, and then has added none.
-void Paste_segment(Desk& desk);
+void Paste_segment(DraftingContext& context);
 
 // Nothing is kept any more.
-void Clear_Paste(Desk& desk);
+void Clear_Paste(DraftingContext& context);
 
 // Copies what is selected, or else arms the click that picks a row.
-void mnuEditCopy_Click(Desk& desk);
-void mnuEditPaste_Click(Desk& desk);
+void mnuEditCopy_Click(DraftingContext& context);
+void mnuEditPaste_Click(DraftingContext& context);
 
 }  // namespace tess

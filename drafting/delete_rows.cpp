@@ -18,65 +18,65 @@ namespace {
 enum class Deletion { Nothing, Done, Refused };
 
 template <class Table, class Goes>
-Deletion deleteWhere(Desk& desk, Table table, Goes goes) {
-  Change change(desk.changes);
+Deletion deleteWhere(DraftingContext& context, Table table, Goes goes) {
+  Change change(context.changes);
   if (table.rows(change).eraseWhere(goes) == 0) return Deletion::Nothing;
-  return keepEdit(desk, change, {.undoMark = kRowsDeleted}) ? Deletion::Done : Deletion::Refused;
+  return keepEdit(context, change, {.undoMark = kRowsDeleted}) ? Deletion::Done : Deletion::Refused;
 }
 
-Deletion deleteSelected(Desk& desk) {
-  const DrawingStore& store = desk.store;
-  if (desk.command.EditPaths) {
-    return deleteWhere(desk, PlacedTable{},
+Deletion deleteSelected(DraftingContext& context) {
+  const DrawingStore& store = context.store;
+  if (context.command.EditPaths) {
+    return deleteWhere(context, PlacedTable{},
                        [&store](int ps) { return isSelected(store.pscode[ps]); });
   }
   std::vector<clsSegment> records = recordsToPaste(store, /*clicked=*/0);
   const Deletion deletion = deleteWhere(
-      desk, DrawnTable{}, [&store](int sg) { return isSelectedOrdinary(store.segattr[sg]); });
-  if (deletion == Deletion::Done) fillPasteBuffer(desk, std::move(records));
+      context, DrawnTable{}, [&store](int sg) { return isSelectedOrdinary(store.segattr[sg]); });
+  if (deletion == Deletion::Done) fillPasteBuffer(context, std::move(records));
   return deletion;
 }
 
-void clickDelete(Desk& desk) {
-  onEditedTable(desk, [&desk](auto table) {
-    const int number = table.nearest(desk.store, mouseOf(desk));
+void clickDelete(DraftingContext& context) {
+  onEditedTable(context, [&context](auto table) {
+    const int number = table.nearest(context.store, mouseOf(context));
     if (number < 1) return;
-    Change change(desk.changes);
+    Change change(context.changes);
     table.rows(change).erase(number);
     const Keeping keeping{.undoMark = kRowsDeleted, .redraws = false};
-    if (keepEdit(desk, change, keeping)) UnselectAll(desk);
+    if (keepEdit(context, change, keeping)) UnselectAll(context);
   });
 }
 
 }  // namespace
 
-void mnuEditDelete_Click(Desk& desk) {
-  const Deletion deletion = deleteSelected(desk);
+void mnuEditDelete_Click(DraftingContext& context) {
+  const Deletion deletion = deleteSelected(context);
   if (deletion == Deletion::Refused) return;
-  mnuDrawUnselectAll_Click(desk);
-  if (deletion == Deletion::Nothing) arm(desk, PendingAction::Delete);
+  mnuDrawUnselectAll_Click(context);
+  if (deletion == Deletion::Nothing) arm(context, PendingAction::Delete);
 }
 
-void mnuEditCut_Click(Desk& desk) {
-  if (selectedCount(desk.store) < 1) {
-    return warn(desk, "No line segments are currently selected.", "Cut");
+void mnuEditCut_Click(DraftingContext& context) {
+  if (selectedCount(context.store) < 1) {
+    return warn(context, "No line segments are currently selected.", "Cut");
   }
-  Copy_segment(desk);
-  mnuEditDelete_Click(desk);
+  Copy_segment(context);
+  mnuEditDelete_Click(context);
 }
 
 // ---- Descriptors
 
 namespace {
 
-constexpr Action<Desk> kDeleteActions[] = {
+constexpr Action<DraftingContext> kDeleteActions[] = {
     {{.action = PendingAction::Delete, .prompt = "Click near item to delete.", .stays = true},
      clickDelete},
 };
 
 }  // namespace
 
-constexpr DeskCommand kDeleteCommand{
+constexpr DraftingCommand kDeleteCommand{
     .info = {.tool = "miDelete",
              .caption = "&Delete",
              .key = "Delete",
@@ -86,7 +86,7 @@ constexpr DeskCommand kDeleteCommand{
     .actions = kDeleteActions,
 };
 
-constexpr DeskCommand kCutCommand{
+constexpr DraftingCommand kCutCommand{
     .info = {.tool = "miCut", .caption = "Cu&t", .menu = {"miEdit", 210}},
     .run = mnuEditCut_Click,
 };

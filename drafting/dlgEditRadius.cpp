@@ -21,7 +21,7 @@ float shownMinimum(float minimum) {
 
 }  // namespace
 
-dlgEditRadius::dlgEditRadius(Desk& desk, float radius, float minimum)
+dlgEditRadius::dlgEditRadius(DraftingContext& context, float radius, float minimum)
     : Form("dlgEditRadius", "Edit Radius"), radius_(radius) {
   lblradius.setCaption("&Radius");
   lblminradius.setCaption("Minimum radius");
@@ -30,16 +30,16 @@ dlgEditRadius::dlgEditRadius(Desk& desk, float radius, float minimum)
   cmdCancel.setCaption("&Cancel");
   setDefaultButton(cmdAccept);
   setCancelButton(cmdCancel);
-  onLoad = [this, &desk, minimum = shownMinimum(minimum)] {
-    const std::string& pattern = desk.session.formats.coordfmt;
+  onLoad = [this, &context, minimum = shownMinimum(minimum)] {
+    const std::string& pattern = context.session.formats.coordfmt;
     txtradius.setText(formatNumber(radius_, pattern));
     txtminradius.setText(minimum > 0 ? formatNumber(minimum, pattern) : std::string());
   };
   cmdAccept.onClick = [this] { accept(); };
   cmdCancel.onClick = [this] { close(); };
   // A text left as it was stands for the radius itself, which has more digits than it shows.
-  onAccept = [this, &desk] {
-    const bool typed = txtradius.text() != formatNumber(radius_, desk.session.formats.coordfmt);
+  onAccept = [this, &context] {
+    const bool typed = txtradius.text() != formatNumber(radius_, context.session.formats.coordfmt);
     if (typed) radius_ = parseFloat(txtradius.text());
   };
 }

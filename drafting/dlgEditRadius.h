@@ -4,14 +4,14 @@
 
 #include "core/controls.h"
 #include "core/form.h"
-#include "drafting/desk.h"
+#include "drafting/drafting_context.h"
 
 namespace tess {
 
 class dlgEditRadius : public Form {
  public:
   // In drawing units. A smallest radius of 0 is not shown.
-  dlgEditRadius(Desk& desk, float radius, float minimum);
+  dlgEditRadius(DraftingContext& context, float radius, float minimum);
 
   // As it came in, until the dialog is accepted: then what the text begins with, or 0.
   float radius() const { return radius_; }

@@ -6,8 +6,8 @@
 
 namespace tess {
 
-dlgPositionCursor::dlgPositionCursor(Desk& desk)
-    : Form("dlgPositionCursor", "Position Cursor"), desk_(desk) {
+dlgPositionCursor::dlgPositionCursor(DraftingContext& context)
+    : Form("dlgPositionCursor", "Position Cursor"), context_(context) {
   cmdUseMarkerX.setCaption("Use Marker X");
   cmdUseMarkerY.setCaption("Use Marker Y");
   cmdAccept.setCaption("&Accept");
@@ -15,20 +15,20 @@ dlgPositionCursor::dlgPositionCursor(Desk& desk)
   setDefaultButton(cmdAccept);
   setCancelButton(cmdCancel);
   onLoad = [this] {
-    txtx.setText(shown(desk_.lastTypedPosition.x));
-    txty.setText(shown(desk_.lastTypedPosition.y));
+    txtx.setText(shown(context_.lastTypedPosition.x));
+    txty.setText(shown(context_.lastTypedPosition.y));
   };
   tidyOnLeave(txtx);
   tidyOnLeave(txty);
-  cmdUseMarkerX.onClick = [this] { txtx.setText(shown(desk_.store.markerx)); };
-  cmdUseMarkerY.onClick = [this] { txty.setText(shown(desk_.store.markery)); };
+  cmdUseMarkerX.onClick = [this] { txtx.setText(shown(context_.store.markerx)); };
+  cmdUseMarkerY.onClick = [this] { txty.setText(shown(context_.store.markery)); };
   cmdAccept.onClick = [this] { accept(); };
   cmdCancel.onClick = [this] { close(); };
   onAccept = [this] { position_ = {parseFloat(txtx.text()), parseFloat(txty.text())}; };
 }
 
 std::string dlgPositionCursor::shown(float value) const {
-  return formatNumber(value, desk_.session.formats.coordfmt);
+  return formatNumber(value, context_.session.formats.coordfmt);
 }
 
 void dlgPositionCursor::tidyOnLeave(TextBox& box) {

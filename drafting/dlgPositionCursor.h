@@ -4,13 +4,13 @@
 
 #include "core/controls.h"
 #include "core/form.h"
-#include "drafting/desk.h"
+#include "drafting/drafting_context.h"
 
 namespace tess {
 
 class dlgPositionCursor : public Form {
  public:
-  explicit dlgPositionCursor(Desk& desk);
+  explicit dlgPositionCursor(DraftingContext& context);
 
   // What the boxes held when the dialog was accepted, in drawing units.
   Point position() const { return position_; }
@@ -26,7 +26,7 @@ class dlgPositionCursor : public Form {
   std::string shown(float value) const;
   void tidyOnLeave(TextBox& box);
 
-  Desk& desk_;
+  DraftingContext& context_;
   Point position_;
 };
 

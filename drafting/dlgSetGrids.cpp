@@ -8,7 +8,8 @@
 
 namespace tess {
 
-dlgSetGrids::dlgSetGrids(Desk& desk) : Form("dlgSetGrids", "Grid Setup"), desk_(desk) {
+dlgSetGrids::dlgSetGrids(DraftingContext& context)
+    : Form("dlgSetGrids", "Grid Setup"), context_(context) {
   chkvgrid.setCaption("Visual Grid");
   chkcgrid.setCaption("Cursor Grid");
   chkOSnap.setCaption("Object Snap");
@@ -29,15 +30,15 @@ dlgSetGrids::dlgSetGrids(Desk& desk) : Form("dlgSetGrids", "Grid Setup"), desk_(
 }
 
 void dlgSetGrids::fill() {
-  const std::string& format = desk_.session.formats.dimfmt;
-  txtvgrid.setText(formatNumber(desk_.store.visualgrid, format));
-  txtcgrid.setText(formatNumber(desk_.store.cursorgrid, format));
-  chkvgrid.setChecked(desk_.store.visualgridf != 0);
-  chkcgrid.setChecked(desk_.store.cursorgridf != 0);
+  const std::string& format = context_.session.formats.dimfmt;
+  txtvgrid.setText(formatNumber(context_.store.visualgrid, format));
+  txtcgrid.setText(formatNumber(context_.store.cursorgrid, format));
+  chkvgrid.setChecked(context_.store.visualgridf != 0);
+  chkcgrid.setChecked(context_.store.cursorgridf != 0);
   for (const int kind : chkOSnapFeatures.indices()) {
-    chkOSnapFeatures[kind].setChecked(desk_.state.OSnapFeatures[static_cast<std::size_t>(kind)]);
+    chkOSnapFeatures[kind].setChecked(context_.state.OSnapFeatures[static_cast<std::size_t>(kind)]);
   }
-  chkOSnap.setChecked(desk_.state.OSnapOn);
+  chkOSnap.setChecked(context_.state.OSnapOn);
   enableFeatures();
 }
 
@@ -49,28 +50,29 @@ void dlgSetGrids::enableFeatures() {
 }
 
 void dlgSetGrids::takeOver() {
-  const float spacingBefore = desk_.store.visualgrid;
-  const bool snapBefore = desk_.state.OSnapOn;
-  desk_.store.visualgrid = parseFloat(txtvgrid.text());
-  desk_.store.cursorgrid = parseFloat(txtcgrid.text());
-  desk_.store.visualgridf = chkvgrid.isChecked() ? 1 : 0;
-  desk_.store.cursorgridf = chkcgrid.isChecked() ? 1 : 0;
-  desk_.state.OSnapOn = chkOSnap.isChecked();
+  const float spacingBefore = context_.store.visualgrid;
+  const bool snapBefore = context_.state.OSnapOn;
+  context_.store.visualgrid = parseFloat(txtvgrid.text());
+  context_.store.cursorgrid = parseFloat(txtcgrid.text());
+  context_.store.visualgridf = chkvgrid.isChecked() ? 1 : 0;
+  context_.store.cursorgridf = chkcgrid.isChecked() ? 1 : 0;
+  context_.state.OSnapOn = chkOSnap.isChecked();
   for (const int kind : chkOSnapFeatures.indices()) {
-    desk_.state.OSnapFeatures[static_cast<std::size_t>(kind)] = chkOSnapFeatures[kind].isChecked();
+    context_.state.OSnapFeatures[static_cast<std::size_t>(kind)] =
+        chkOSnapFeatures[kind].isChecked();
   }
   pressTools();
-  if (desk_.state.OSnapOn != snapBefore) desk_.state.RevertOSnapFeatures();
-  if (desk_.store.visualgrid != spacingBefore) desk_.redraw.redrawscreen();
+  if (context_.state.OSnapOn != snapBefore) context_.state.RevertOSnapFeatures();
+  if (context_.store.visualgrid != spacingBefore) context_.redraw.redrawscreen();
 }
 
 // Fixed: with both grids on CGrid stays as it was; layouts were saved with the tool so.
 void dlgSetGrids::pressTools() {
-  desk_.tools.setChecked(kVisualGridCommand.info.tool, chkvgrid.isChecked());
+  context_.tools.setChecked(kVisualGridCommand.info.tool, chkvgrid.isChecked());
   if (!chkvgrid.isChecked() || !chkcgrid.isChecked()) {
-    desk_.tools.setChecked(kCursorGridCommand.info.tool, chkcgrid.isChecked());
+    context_.tools.setChecked(kCursorGridCommand.info.tool, chkcgrid.isChecked());
   }
-  desk_.tools.setChecked(kObjectSnapCommand.info.tool, chkOSnap.isChecked());
+  context_.tools.setChecked(kObjectSnapCommand.info.tool, chkOSnap.isChecked());
 }
 
 }  // namespace tess

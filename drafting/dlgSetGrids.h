@@ -4,13 +4,13 @@
 
 #include "core/controls.h"
 #include "core/form.h"
-#include "drafting/desk.h"
+#include "drafting/drafting_context.h"
 
 namespace tess {
 
 class dlgSetGrids : public Form {
  public:
-  explicit dlgSetGrids(Desk& desk);
+  explicit dlgSetGrids(DraftingContext& context);
 
   TextBox txtvgrid{*this, "txtvgrid"};
   CheckBox chkvgrid{*this, "chkvgrid"};
@@ -29,7 +29,7 @@ class dlgSetGrids : public Form {
   void takeOver();
   void pressTools();
 
-  Desk& desk_;
+  DraftingContext& context_;
 };
 
 }  // namespace tess

@@ -13,12 +13,12 @@ bool unselects(int action) {
 }
 
 // Null while there is no mode.
-const char* toolOf(const Desk& desk) {
-  const int mode = desk.state.DrawMode();
+const char* toolOf(const DraftingContext& context) {
+  const int mode = context.state.DrawMode();
   if (mode == kSelectingMode) {
-    return (unselects(desk.state.pendingaction()) ? kUnselectCommand : kSelectCommand).info.tool;
+    return (unselects(context.state.pendingaction()) ? kUnselectCommand : kSelectCommand).info.tool;
   }
-  for (const DeskCommand* const command : desk.modes) {
+  for (const DraftingCommand* const command : context.modes) {
     if (command->mode.number == mode) return command->info.tool;
   }
   return nullptr;
@@ -26,19 +26,19 @@ const char* toolOf(const Desk& desk) {
 
 }  // namespace
 
-std::vector<const char*> drawModeTools(const Desk& desk) {
+std::vector<const char*> drawModeTools(const DraftingContext& context) {
   std::vector<const char*> tools;
-  for (const DeskCommand* const command : desk.modes) tools.push_back(command->info.tool);
+  for (const DraftingCommand* const command : context.modes) tools.push_back(command->info.tool);
   tools.push_back(kSelectCommand.info.tool);
   tools.push_back(kUnselectCommand.info.tool);
   tools.push_back(kPanCommand.info.tool);
   return tools;
 }
 
-void showDrawMode(Desk& desk) {
-  for (const char* const tool : drawModeTools(desk)) desk.tools.setChecked(tool, false);
-  desk.systemPointer.setMousePointer(kDefaultShape);
-  if (const char* const tool = toolOf(desk)) desk.tools.setChecked(tool, true);
+void showDrawMode(DraftingContext& context) {
+  for (const char* const tool : drawModeTools(context)) context.tools.setChecked(tool, false);
+  context.systemPointer.setMousePointer(kDefaultShape);
+  if (const char* const tool = toolOf(context)) context.tools.setChecked(tool, true);
 }
 
 }  // namespace tess

@@ -4,15 +4,15 @@
 
 #include <vector>
 
-#include "drafting/desk.h"
+#include "drafting/drafting_context.h"
 
 namespace tess {
 
 // The tools of drawing, selecting and panning: at most one of them is checked.
-std::vector<const char*> drawModeTools(const Desk& desk);
+std::vector<const char*> drawModeTools(const DraftingContext& context);
 
 // Unchecks all of them, gives the pointer its default shape, and checks the tool of the present
 // mode.
-void showDrawMode(Desk& desk);
+void showDrawMode(DraftingContext& context);
 
 }  // namespace tess

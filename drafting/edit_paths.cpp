@@ -1,23 +1,23 @@
 // What editing works on.
 #include "drafting/edit_paths.h"
 
-#include "drafting/desk.h"
 #include "drafting/drafting_commands.h"
+#include "drafting/drafting_context.h"
 #include "drafting/rubber_band.h"
 
 namespace tess {
 
-void toggleEditPaths(Desk& desk) {
+void toggleEditPaths(DraftingContext& context) {
   // What is on its way belongs to the other table.
-  eraseDragBand(desk);
-  desk.command.draggedEnd.reset();
-  desk.command.EditPaths = !desk.command.EditPaths;
-  desk.tools.setChecked(kEditPathsCommand.info.tool, desk.command.EditPaths);
+  eraseDragBand(context);
+  context.command.draggedEnd.reset();
+  context.command.EditPaths = !context.command.EditPaths;
+  context.tools.setChecked(kEditPathsCommand.info.tool, context.command.EditPaths);
 }
 
 // ---- Descriptors
 
-constexpr DeskCommand kEditPathsCommand{
+constexpr DraftingCommand kEditPathsCommand{
     .info = {.tool = "miEditSegsOrPaths",
              .caption = "Edit &Tool Paths",
              .menu = {"miEdit", 130},

@@ -4,9 +4,9 @@
 
 namespace tess {
 
-struct Desk;
+struct DraftingContext;
 
 // The toggle miEditSegsOrPaths: editing works on path rows, or on drawing rows again.
-void toggleEditPaths(Desk& desk);
+void toggleEditPaths(DraftingContext& context);
 
 }  // namespace tess

@@ -5,23 +5,23 @@
 
 namespace tess {
 
-bool hasRowsToEdit(const Desk& desk) {
-  return onEditedTable(desk, [&desk](auto table) { return table.count(desk.store) >= 1; });
+bool hasRowsToEdit(const DraftingContext& context) {
+  return onEditedTable(context, [&context](auto table) { return table.count(context.store) >= 1; });
 }
 
-bool keepEdit(Desk& desk, Change& change, const Keeping& keeping) {
+bool keepEdit(DraftingContext& context, Change& change, const Keeping& keeping) {
   if (!change.keep(keeping)) return false;
-  collectSelected(desk);
-  desk.state.updateProperties = true;
+  collectSelected(context);
+  context.state.updateProperties = true;
   return true;
 }
 
-void beep(Desk& desk) {
-  desk.session.host.surroundings.beep();
+void beep(DraftingContext& context) {
+  context.session.host.surroundings.beep();
 }
 
-void warn(Desk& desk, const std::string& text, const std::string& title) {
-  desk.session.host.prompts.showMessage(
+void warn(DraftingContext& context, const std::string& text, const std::string& title) {
+  context.session.host.prompts.showMessage(
       {.text = text, .title = title, .icon = MessageIcon::Warning});
 }
 

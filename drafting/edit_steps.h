@@ -12,36 +12,37 @@ namespace tess {
 
 // Remembers a row for the next click.
 template <class Table>
-void pickRow(Desk& desk, Table /*table*/, int number) {
-  desk.command.PendingSeg1 = number;
-  desk.command.PendingRow1 = Table::entity(desk.store, number);
+void pickRow(DraftingContext& context, Table /*table*/, int number) {
+  context.command.PendingSeg1 = number;
+  context.command.PendingRow1 = Table::entity(context.store, number);
 }
 
 // The row that was picked; 0 if it is not there any more, as after undo or in the other table.
 template <class Table>
-int pickedRow(const Desk& desk, Table /*table*/) {
-  const int number = desk.command.PendingSeg1;
-  const bool inTable = number >= 1 && number <= Table::count(desk.store);
-  return inTable && Table::entity(desk.store, number) == desk.command.PendingRow1 ? number : 0;
+int pickedRow(const DraftingContext& context, Table /*table*/) {
+  const int number = context.command.PendingSeg1;
+  const bool inTable = number >= 1 && number <= Table::count(context.store);
+  return inTable && Table::entity(context.store, number) == context.command.PendingRow1 ? number
+                                                                                        : 0;
 }
 
 // Whether the table that editing works on has a row.
-bool hasRowsToEdit(const Desk& desk);
+bool hasRowsToEdit(const DraftingContext& context);
 
 // A click redraws when it is done.
 inline constexpr Keeping kDrawnByTheClick{.redraws = false};
 
 // Keeps the change and lets selection and property window follow it; false when the operator has
 // refused a step that is too long for the log.
-bool keepEdit(Desk& desk, Change& change, const Keeping& keeping = kDrawnByTheClick);
+bool keepEdit(DraftingContext& context, Change& change, const Keeping& keeping = kDrawnByTheClick);
 
 // What a routine does that is a whole change by itself, as part of a click.
 template <class Edit>
-auto editByClick(Desk& desk, Edit edit) {
-  Change change(desk.changes);
+auto editByClick(DraftingContext& context, Edit edit) {
+  Change change(context.changes);
   const auto result = edit();
   change.keep(kDrawnByTheClick);
-  desk.state.updateProperties = true;
+  context.state.updateProperties = true;
   return result;
 }
 
@@ -54,7 +55,7 @@ void reshapeRow(Changes& changes, Table /*table*/, int number, const Entity& for
   change.keep(keeping);
 }
 
-void beep(Desk& desk);
-void warn(Desk& desk, const std::string& text, const std::string& title);
+void beep(DraftingContext& context);
+void warn(DraftingContext& context, const std::string& text, const std::string& title);
 
 }  // namespace tess

@@ -6,7 +6,7 @@
 #include <optional>
 
 #include "core/drawing_store.h"
-#include "drafting/desk.h"
+#include "drafting/drafting_context.h"
 #include "geometry/float_nearest_scans.h"
 #include "geometry/row_entity.h"
 
@@ -107,8 +107,8 @@ struct PlacedTable {
 
 // Calls `edit` with the table that editing works on.
 template <class Edit>
-auto onEditedTable(const Desk& desk, Edit edit) {
-  return desk.command.EditPaths ? edit(PlacedTable{}) : edit(DrawnTable{});
+auto onEditedTable(const DraftingContext& context, Edit edit) {
+  return context.command.EditPaths ? edit(PlacedTable{}) : edit(DrawnTable{});
 }
 
 }  // namespace tess

@@ -9,60 +9,63 @@
 namespace tess {
 namespace {
 
-std::optional<Point> askForPosition(Desk& desk) {
-  dlgPositionCursor dialog(desk);
-  desk.session.host.prompts.showModal(dialog);
+std::optional<Point> askForPosition(DraftingContext& context) {
+  dlgPositionCursor dialog(context);
+  context.session.host.prompts.showModal(dialog);
   if (!dialog.accepted()) return std::nullopt;
-  desk.typedPosition = dialog.position();
+  context.typedPosition = dialog.position();
   return dialog.position();
 }
 
-std::optional<Point> enteredPosition(Desk& desk, std::optional<float> x, std::optional<float> y) {
-  if (!x && !y) return askForPosition(desk);
-  return Point{x.value_or(desk.lastTypedPosition.x), y.value_or(desk.lastTypedPosition.y)};
+std::optional<Point> enteredPosition(DraftingContext& context, std::optional<float> x,
+                                     std::optional<float> y) {
+  if (!x && !y) return askForPosition(context);
+  return Point{x.value_or(context.lastTypedPosition.x), y.value_or(context.lastTypedPosition.y)};
 }
 
 // The pointer itself follows, and the event that brings it there moves the position no further.
-void putPointer(Desk& desk, Point position) {
-  PointerRecord& pointer = desk.pointer;
+void putPointer(DraftingContext& context, Point position) {
+  PointerRecord& pointer = context.pointer;
   pointer.MouseX = position.x;
   pointer.MouseY = position.y;
-  msetpos(desk, position.x, position.y);
+  msetpos(context, position.x, position.y);
   pointer.LastRawX = pointer.RawX;
   pointer.LastRawY = pointer.RawY;
-  refreshCoordinates(desk);
+  refreshCoordinates(context);
   pointer.SkipPointerUpdate = true;
 }
 
 }  // namespace
 
-void collect_Set_New_pos(Desk& desk, std::optional<float> new_X, std::optional<float> new_Y) {
+void collect_Set_New_pos(DraftingContext& context, std::optional<float> new_X,
+                         std::optional<float> new_Y) {
   const Procedure here("frmMain.collect_Set_New_pos(new_X,new_Y)");
-  desk.command.LastCommand = static_cast<int>(PendingAction::EnterPosition);
-  const std::optional<Point> entered = enteredPosition(desk, new_X, new_Y);
+  context.command.LastCommand = static_cast<int>(PendingAction::EnterPosition);
+  const std::optional<Point> entered = enteredPosition(context, new_X, new_Y);
   if (!entered) return;
-  desk.lastTypedPosition = *entered;
-  putPointer(desk, *entered);
+  context.lastTypedPosition = *entered;
+  putPointer(context, *entered);
 }
 
-void nudgePointer(Desk& desk, int pixelsX, int pixelsY) {
+void nudgePointer(DraftingContext& context, int pixelsX, int pixelsY) {
   const Procedure here("frmMain.nudgePointer(pixelsX,pixelsY)");
-  const auto unitsX = pixelsX / PixelsPerInchX(desk.ScreenProxy);
-  const auto unitsY = pixelsY / PixelsPerInchY(desk.ScreenProxy);
-  putPointer(desk, {narrow(desk.pointer.MouseX + unitsX), narrow(desk.pointer.MouseY + unitsY)});
+  const auto unitsX = pixelsX / PixelsPerInchX(context.ScreenProxy);
+  const auto unitsY = pixelsY / PixelsPerInchY(context.ScreenProxy);
+  putPointer(context,
+             {narrow(context.pointer.MouseX + unitsX), narrow(context.pointer.MouseY + unitsY)});
 }
 
 // ---- Descriptors
 
 namespace {
 
-void askForNewPosition(Desk& desk) {
-  collect_Set_New_pos(desk);
+void askForNewPosition(DraftingContext& context) {
+  collect_Set_New_pos(context);
 }
 
 }  // namespace
 
-constexpr DeskCommand kEnterPositionCommand{
+constexpr DraftingCommand kEnterPositionCommand{
     .info = {.tool = "miEnterPosition",
              .caption = "Enter Positio&n...",
              .key = "E",

@@ -16,47 +16,48 @@
 namespace tess {
 namespace {
 
-Point secondPointOf(const Desk& desk) {
-  return {desk.command.marker2x, desk.command.marker2y};
+Point secondPointOf(const DraftingContext& context) {
+  return {context.command.marker2x, context.command.marker2y};
 }
 
-Rgb drawColor(const Desk& desk) {
-  return slotColor(desk.store, ColorSlot::Draw);
+Rgb drawColor(const DraftingContext& context) {
+  return slotColor(context.store, ColorSlot::Draw);
 }
 
 // Drawn once it appears, drawn again it is gone. In a picture that is not finished there is none.
-void toggleMarkerCross(Desk& desk) {
-  if (desk.redraw.markerShown()) DrawMarkerCross(markerOf(desk), desk.ScreenProxy);
+void toggleMarkerCross(DraftingContext& context) {
+  if (context.redraw.markerShown()) DrawMarkerCross(markerOf(context), context.ScreenProxy);
 }
 
-void eraseSecondCross(Desk& desk) {
-  if (!desk.command.secondCrossShown) return;
-  DrawMarkerCross(secondPointOf(desk), desk.ScreenProxy);
-  desk.command.secondCrossShown = false;
+void eraseSecondCross(DraftingContext& context) {
+  if (!context.command.secondCrossShown) return;
+  DrawMarkerCross(secondPointOf(context), context.ScreenProxy);
+  context.command.secondCrossShown = false;
 }
 
-void rememberMarker(Desk& desk) {
-  desk.command.prevmarkerx = desk.store.markerx;
-  desk.command.prevmarkery = desk.store.markery;
+void rememberMarker(DraftingContext& context) {
+  context.command.prevmarkerx = context.store.markerx;
+  context.command.prevmarkery = context.store.markery;
 }
 
 // The cross has been erased before: whatever was painted meanwhile may lie over its old place.
-void putMarker(Desk& desk, float x, float y) {
-  rememberMarker(desk);
-  desk.store.markerx = x;
-  desk.store.markery = y;
-  toggleMarkerCross(desk);
+void putMarker(DraftingContext& context, float x, float y) {
+  rememberMarker(context);
+  context.store.markerx = x;
+  context.store.markery = y;
+  toggleMarkerCross(context);
 }
 
 // Adds ordinary rows as one step, each drawn as it comes.
-void addRows(Desk& desk, std::span<const SegmentRow> rows, PictureBoxProxy& target, int undoMark) {
-  SegmentPainter painter(desk.renderer, target);
-  Change change(desk.changes);
+void addRows(DraftingContext& context, std::span<const SegmentRow> rows, PictureBoxProxy& target,
+             int undoMark) {
+  SegmentPainter painter(context.renderer, target);
+  Change change(context.changes);
   for (const SegmentRow& row : rows) change.segments.append(row, painter);
   change.keep({.undoMark = undoMark, .redraws = false});
 }
-void addRow(Desk& desk, const SegmentRow& row, PictureBoxProxy& target) {
-  addRows(desk, {&row, 1}, target, kRowsAdded);
+void addRow(DraftingContext& context, const SegmentRow& row, PictureBoxProxy& target) {
+  addRows(context, {&row, 1}, target, kRowsAdded);
 }
 
 // Fixed: a drawn circle is a clockwise arc that ends where it starts; only files hold kind 5.
@@ -80,78 +81,79 @@ SegmentRow scratchArcRow(const ArcScratch& arc) {
           .yc = arc.arccy};
 }
 
-void drawLineMode(Desk& desk, PictureBoxProxy& target) {
-  desk.command.clickstage = 0;
-  toggleMarkerCross(desk);
-  addRow(desk, lineRow(markerOf(desk), mouseOf(desk)), target);
-  putMarker(desk, desk.pointer.MouseX, desk.pointer.MouseY);
+void drawLineMode(DraftingContext& context, PictureBoxProxy& target) {
+  context.command.clickstage = 0;
+  toggleMarkerCross(context);
+  addRow(context, lineRow(markerOf(context), mouseOf(context)), target);
+  putMarker(context, context.pointer.MouseX, context.pointer.MouseY);
 }
 
-void drawRectangleMode(Desk& desk, PictureBoxProxy& target) {
-  const Point a = markerOf(desk);
-  const Point b = mouseOf(desk);
+void drawRectangleMode(DraftingContext& context, PictureBoxProxy& target) {
+  const Point a = markerOf(context);
+  const Point b = mouseOf(context);
   if (a.x != b.x && a.y != b.y) {
     const SegmentRow sides[] = {lineRow(a, {b.x, a.y}), lineRow({b.x, a.y}, b),
                                 lineRow(b, {a.x, b.y}), lineRow({a.x, b.y}, a)};
-    addShape(desk, sides, target, kRectangleAdded);
+    addShape(context, sides, target, kRectangleAdded);
   } else {
     const SegmentRow line[] = {lineRow(a, b)};
-    addShape(desk, line, target, kRectangleAdded);
+    addShape(context, line, target, kRectangleAdded);
   }
 }
 
-void drawCircleC1PMode(Desk& desk, PictureBoxProxy& target) {
-  desk.command.clickstage = 0;
-  if (markerOf(desk) == mouseOf(desk)) return;
-  addRow(desk, circleRow(mouseOf(desk), markerOf(desk)), target);
-  rememberMarker(desk);
+void drawCircleC1PMode(DraftingContext& context, PictureBoxProxy& target) {
+  context.command.clickstage = 0;
+  if (markerOf(context) == mouseOf(context)) return;
+  addRow(context, circleRow(mouseOf(context), markerOf(context)), target);
+  rememberMarker(context);
 }
 
 // One of the three commands that take the marker and two clicks: the first click is the second
 // point, the second one completes the shape and hands the marker on to the second point.
 template <typename Finish>
-void drawThreePointMode(Desk& desk, Finish finish) {
-  ++desk.command.clickstage;
-  if (desk.command.clickstage == kFirstPointTaken) {
-    desk.command.marker2x = desk.pointer.MouseX;
-    desk.command.marker2y = desk.pointer.MouseY;
-    showSecondPoint(desk);
+void drawThreePointMode(DraftingContext& context, Finish finish) {
+  ++context.command.clickstage;
+  if (context.command.clickstage == kFirstPointTaken) {
+    context.command.marker2x = context.pointer.MouseX;
+    context.command.marker2y = context.pointer.MouseY;
+    showSecondPoint(context);
     return;
   }
-  desk.command.clickstage = 0;
-  toggleMarkerCross(desk);
-  eraseSecondCross(desk);
+  context.command.clickstage = 0;
+  toggleMarkerCross(context);
+  eraseSecondCross(context);
   // Fixed: the marker moves on without a shape too; what scripts draw next starts from there.
-  if (!finish()) desk.session.host.surroundings.beep();
-  putMarker(desk, desk.command.marker2x, desk.command.marker2y);
+  if (!finish()) context.session.host.surroundings.beep();
+  putMarker(context, context.command.marker2x, context.command.marker2y);
 }
 
-bool appendShape(Desk& desk, const SegmentRow& row, PictureBoxProxy& target) {
-  addRow(desk, row, target);
+bool appendShape(DraftingContext& context, const SegmentRow& row, PictureBoxProxy& target) {
+  addRow(context, row, target);
   return true;
 }
 
 template <typename Compute>
-void drawArcMode(Desk& desk, PictureBoxProxy& target, Compute compute) {
-  drawThreePointMode(desk, [&] {
-    const bool valid = compute(desk, desk.pointer.MouseX, desk.pointer.MouseY);
-    return valid && isArc(desk.arc.arcdir) && appendShape(desk, scratchArcRow(desk.arc), target);
+void drawArcMode(DraftingContext& context, PictureBoxProxy& target, Compute compute) {
+  drawThreePointMode(context, [&] {
+    const bool valid = compute(context, context.pointer.MouseX, context.pointer.MouseY);
+    return valid && isArc(context.arc.arcdir) &&
+           appendShape(context, scratchArcRow(context.arc), target);
   });
 }
 
-void drawArc3PMode(Desk& desk, PictureBoxProxy& target) {
-  drawArcMode(desk, target, draw_arc3p);
+void drawArc3PMode(DraftingContext& context, PictureBoxProxy& target) {
+  drawArcMode(context, target, draw_arc3p);
 }
 
-void drawArcC2PMode(Desk& desk, PictureBoxProxy& target) {
-  drawArcMode(desk, target, draw_arcc2p);
+void drawArcC2PMode(DraftingContext& context, PictureBoxProxy& target) {
+  drawArcMode(context, target, draw_arcc2p);
 }
 
-void drawCircle3PMode(Desk& desk, PictureBoxProxy& target) {
-  const Point marker = markerOf(desk);
-  drawThreePointMode(desk, [&] {
-    return draw_circle3p(desk, desk.pointer.MouseX, desk.pointer.MouseY) &&
-           appendShape(desk, circleRow(marker, {desk.arc.arccx, desk.arc.arccy}), target);
+void drawCircle3PMode(DraftingContext& context, PictureBoxProxy& target) {
+  const Point marker = markerOf(context);
+  drawThreePointMode(context, [&] {
+    return draw_circle3p(context, context.pointer.MouseX, context.pointer.MouseY) &&
+           appendShape(context, circleRow(marker, {context.arc.arccx, context.arc.arccy}), target);
   });
 }
 
@@ -171,51 +173,51 @@ ArcAngles anglesOf(const SegmentRow& arc) {
 }
 
 // Paints an arc; the surface sweeps counter-clockwise only. A reversed one is its other part.
-void traceArcRow(Desk& desk, const SegmentRow& arc, bool reversed) {
+void traceArcRow(DraftingContext& context, const SegmentRow& arc, bool reversed) {
   ArcAngles angles = anglesOf(arc);
   if (arc.type == kClockwiseArc) std::swap(angles.start, angles.end);
   if (angles.start == angles.end) angles.end = static_cast<float>(angles.end + kTwoPi);
   if (reversed) std::swap(angles.start, angles.end);
-  desk.ScreenProxy.TraceCircle(arc.xc, arc.yc, angles.radius, drawColor(desk), angles.start,
-                               angles.end, 1.0F);
+  context.ScreenProxy.TraceCircle(arc.xc, arc.yc, angles.radius, drawColor(context), angles.start,
+                                  angles.end, 1.0F);
 }
 
 // Settles the sense of the arc in the scratch and paints it.
-void traceArc(Desk& desk, float x, float y, bool reversed) {
-  ArcScratch& arc = desk.arc;
+void traceArc(DraftingContext& context, float x, float y, bool reversed) {
+  ArcScratch& arc = context.arc;
   arc.arcdir =
       senseThrough({arc.arcx0, arc.arcy0}, {arc.arcx1, arc.arcy1}, {arc.arccx, arc.arccy}, {x, y});
   const SegmentRow row = scratchArcRow(arc);
   arc.arcradius = anglesOf(row).radius;
-  traceArcRow(desk, row, reversed);
+  traceArcRow(context, row, reversed);
 }
 
-void takeEnds(Desk& desk) {
-  desk.arc.arcx0 = desk.store.markerx;
-  desk.arc.arcy0 = desk.store.markery;
-  desk.arc.arcx1 = desk.command.marker2x;
-  desk.arc.arcy1 = desk.command.marker2y;
+void takeEnds(DraftingContext& context) {
+  context.arc.arcx0 = context.store.markerx;
+  context.arc.arcy0 = context.store.markery;
+  context.arc.arcx1 = context.command.marker2x;
+  context.arc.arcy1 = context.command.marker2y;
 }
 
-bool centerThrough(Desk& desk, Point third) {
-  const std::optional<Point> center =
-      circleFrom3Points(markerOf(desk), secondPointOf(desk), third, desk.store.cfg_tolerance);
+bool centerThrough(DraftingContext& context, Point third) {
+  const std::optional<Point> center = circleFrom3Points(markerOf(context), secondPointOf(context),
+                                                        third, context.store.cfg_tolerance);
   if (!center) return false;
-  desk.arc.arccx = center->x;
-  desk.arc.arccy = center->y;
+  context.arc.arccx = center->x;
+  context.arc.arccy = center->y;
   return true;
 }
 
 }  // namespace
 
-Point markerOf(const Desk& desk) {
-  return {desk.store.markerx, desk.store.markery};
+Point markerOf(const DraftingContext& context) {
+  return {context.store.markerx, context.store.markery};
 }
-Point mouseOf(const Desk& desk) {
-  return {desk.pointer.MouseX, desk.pointer.MouseY};
+Point mouseOf(const DraftingContext& context) {
+  return {context.pointer.MouseX, context.pointer.MouseY};
 }
-Point hoverPoint(const Desk& desk) {
-  return {desk.pointer.MouseMoveX, desk.pointer.MouseMoveY};
+Point hoverPoint(const DraftingContext& context) {
+  return {context.pointer.MouseMoveX, context.pointer.MouseMoveY};
 }
 
 SegmentRow lineRow(Point from, Point to) {
@@ -230,145 +232,147 @@ std::optional<Entity> arcThrough(Point start, Point end, Point third, float tole
   return Entity{sense, start, end, *center};
 }
 
-void addShape(Desk& desk, std::span<const SegmentRow> rows, PictureBoxProxy& target, int undoMark) {
-  desk.command.clickstage = 0;
-  toggleMarkerCross(desk);
-  if (!rows.empty()) addRows(desk, rows, target, undoMark);
-  toggleMarkerCross(desk);
+void addShape(DraftingContext& context, std::span<const SegmentRow> rows, PictureBoxProxy& target,
+              int undoMark) {
+  context.command.clickstage = 0;
+  toggleMarkerCross(context);
+  if (!rows.empty()) addRows(context, rows, target, undoMark);
+  toggleMarkerCross(context);
 }
 
-void traceShape(Desk& desk, std::span<const SegmentRow> rows) {
+void traceShape(DraftingContext& context, std::span<const SegmentRow> rows) {
   for (const SegmentRow& row : rows) {
     const WorldBox ends{row.x0, row.y0, row.x1, row.y1};
     if (isRound(row.type)) {
-      traceArcRow(desk, row, /*reversed=*/false);
+      traceArcRow(context, row, /*reversed=*/false);
     } else if (row.type == kRectangle) {
-      desk.ScreenProxy.TraceLine(ends, drawColor(desk), kOutlineBox);
+      context.ScreenProxy.TraceLine(ends, drawColor(context), kOutlineBox);
     } else {
-      desk.ScreenProxy.TraceLine(ends, drawColor(desk));
+      context.ScreenProxy.TraceLine(ends, drawColor(context));
     }
   }
 }
 
-void startDrawing(Desk& desk, const DeskCommand& command) {
-  dropThreePointCommand(desk);
-  desk.state.setDrawMode(command.mode.number);
+void startDrawing(DraftingContext& context, const DraftingCommand& command) {
+  dropThreePointCommand(context);
+  context.state.setDrawMode(command.mode.number);
 }
 
-void draw_Action(Desk& desk, PictureBoxProxy& target) {
+void draw_Action(DraftingContext& context, PictureBoxProxy& target) {
   const Procedure here("frmMain.draw_Action(target)");
-  if (const DrawingMode* const mode = modeOf(desk, desk.state.DrawMode())) {
-    mode->draw(desk, target);
+  if (const DrawingMode* const mode = modeOf(context, context.state.DrawMode())) {
+    mode->draw(context, target);
   }
-  desk.state.RevertOSnapFeatures();
+  context.state.RevertOSnapFeatures();
 }
 
-bool draw_circle3p(Desk& desk, float x, float y) {
-  if (!centerThrough(desk, {x, y})) return false;
-  const Point center{desk.arc.arccx, desk.arc.arccy};
-  desk.arc.arcradius = distance({x, y}, center);
-  desk.ScreenProxy.TraceCircle(center.x, center.y, desk.arc.arcradius, drawColor(desk));
+bool draw_circle3p(DraftingContext& context, float x, float y) {
+  if (!centerThrough(context, {x, y})) return false;
+  const Point center{context.arc.arccx, context.arc.arccy};
+  context.arc.arcradius = distance({x, y}, center);
+  context.ScreenProxy.TraceCircle(center.x, center.y, context.arc.arcradius, drawColor(context));
   return true;
 }
 
-bool draw_arc3p(Desk& desk, float x, float y) {
-  takeEnds(desk);
-  if (!centerThrough(desk, {x, y})) return false;
-  traceArc(desk, x, y, /*reversed=*/false);
+bool draw_arc3p(DraftingContext& context, float x, float y) {
+  takeEnds(context);
+  if (!centerThrough(context, {x, y})) return false;
+  traceArc(context, x, y, /*reversed=*/false);
   return true;
 }
 
-bool draw_arcc2p(Desk& desk, float x, float y) {
-  takeEnds(desk);
+bool draw_arcc2p(DraftingContext& context, float x, float y) {
+  takeEnds(context);
   const Point click{x, y};
-  const float radius = (distance(markerOf(desk), click) + distance(secondPointOf(desk), click)) / 2;
+  const float radius =
+      (distance(markerOf(context), click) + distance(secondPointOf(context), click)) / 2;
   const std::optional<PointPair> centers =
-      centersFromChord(markerOf(desk), secondPointOf(desk), radius);
+      centersFromChord(markerOf(context), secondPointOf(context), radius);
   if (!centers) return false;
   // The click marks the side of the centre; on a tie the second one is taken.
   const bool first = distance(centers->first, click) < distance(centers->second, click);
   const Point center = first ? centers->first : centers->second;
-  desk.arc.arccx = center.x;
-  desk.arc.arccy = center.y;
-  traceArc(desk, x, y, desk.arc.reversearc);
+  context.arc.arccx = center.x;
+  context.arc.arccy = center.y;
+  traceArc(context, x, y, context.arc.reversearc);
   return true;
 }
 
-void BatchAddLines(Desk& desk, std::span<const BatchLine> lines) {
+void BatchAddLines(DraftingContext& context, std::span<const BatchLine> lines) {
   std::vector<SegmentRow> rows;
   rows.reserve(lines.size());
   for (const BatchLine& line : lines) {
     rows.push_back(lineRow({line.x0, line.y0}, {line.x1, line.y1}));
   }
-  addRows(desk, rows, desk.ScreenProxy, kRowsAdded);
+  addRows(context, rows, context.ScreenProxy, kRowsAdded);
 }
 
-void moveMarker(Desk& desk, float x, float y) {
-  toggleMarkerCross(desk);
-  putMarker(desk, x, y);
+void moveMarker(DraftingContext& context, float x, float y) {
+  toggleMarkerCross(context);
+  putMarker(context, x, y);
 }
 
-void showSecondPoint(Desk& desk) {
-  CommandRecord& command = desk.command;
+void showSecondPoint(DraftingContext& context) {
+  CommandRecord& command = context.command;
   if (command.clickstage != kFirstPointTaken || command.secondCrossShown) return;
-  DrawMarkerCross(secondPointOf(desk), desk.ScreenProxy);
+  DrawMarkerCross(secondPointOf(context), context.ScreenProxy);
   command.secondCrossShown = true;
 }
 
 // A preview needs the points that are forgotten, so it goes first.
-void dropThreePointCommand(Desk& desk) {
-  if (takesThreePoints(desk, desk.pointer.RubberKind)) eraseRubberBand(desk);
-  eraseSecondCross(desk);
-  desk.command.clickstage = 0;
+void dropThreePointCommand(DraftingContext& context) {
+  if (takesThreePoints(context, context.pointer.RubberKind)) eraseRubberBand(context);
+  eraseSecondCross(context);
+  context.command.clickstage = 0;
 }
 
-void mnuDrawLine_Click(Desk& desk) {
-  startDrawing(desk, kLineCommand);
+void mnuDrawLine_Click(DraftingContext& context) {
+  startDrawing(context, kLineCommand);
 }
-void mnuDrawRect_Click(Desk& desk) {
-  startDrawing(desk, kRectangleCommand);
+void mnuDrawRect_Click(DraftingContext& context) {
+  startDrawing(context, kRectangleCommand);
 }
-void mnuDrawArc3P_Click(Desk& desk) {
-  startDrawing(desk, kArc3PCommand);
+void mnuDrawArc3P_Click(DraftingContext& context) {
+  startDrawing(context, kArc3PCommand);
 }
-void mnuDrawArcC2P_Click(Desk& desk) {
-  startDrawing(desk, kArcC2PCommand);
+void mnuDrawArcC2P_Click(DraftingContext& context) {
+  startDrawing(context, kArcC2PCommand);
 }
-void mnuDrawCircle3P_Click(Desk& desk) {
-  startDrawing(desk, kCircle3PCommand);
+void mnuDrawCircle3P_Click(DraftingContext& context) {
+  startDrawing(context, kCircle3PCommand);
 }
-void mnuDrawCircleC1P_Click(Desk& desk) {
-  startDrawing(desk, kCircleC1PCommand);
+void mnuDrawCircleC1P_Click(DraftingContext& context) {
+  startDrawing(context, kCircleC1PCommand);
 }
 
 // ---- Descriptors
 
 namespace {
 
-void hoverLine(Desk& desk) {
-  const SegmentRow line[] = {lineRow(markerOf(desk), hoverPoint(desk))};
-  traceShape(desk, line);
+void hoverLine(DraftingContext& context) {
+  const SegmentRow line[] = {lineRow(markerOf(context), hoverPoint(context))};
+  traceShape(context, line);
 }
 
-void hoverBox(Desk& desk) {
-  const Point a = markerOf(desk), b = hoverPoint(desk);
-  desk.ScreenProxy.TraceLine({a.x, a.y, b.x, b.y}, drawColor(desk), kOutlineBox);
+void hoverBox(DraftingContext& context) {
+  const Point a = markerOf(context), b = hoverPoint(context);
+  context.ScreenProxy.TraceLine({a.x, a.y, b.x, b.y}, drawColor(context), kOutlineBox);
 }
 
-void hoverCircle(Desk& desk) {
-  const Point center = markerOf(desk);
-  const float radius = distance(center, hoverPoint(desk));
-  desk.ScreenProxy.TraceCircle(center.x, center.y, radius, drawColor(desk));
+void hoverCircle(DraftingContext& context) {
+  const Point center = markerOf(context);
+  const float radius = distance(center, hoverPoint(context));
+  context.ScreenProxy.TraceCircle(center.x, center.y, radius, drawColor(context));
 }
 
-template <bool (*shape)(Desk&, float, float)>
-void hoverShape(Desk& desk) {
-  shape(desk, hoverPoint(desk).x, hoverPoint(desk).y);
+template <bool (*shape)(DraftingContext&, float, float)>
+void hoverShape(DraftingContext& context) {
+  shape(context, hoverPoint(context).x, hoverPoint(context).y);
 }
 
 }  // namespace
 
-constexpr DeskCommand kLineCommand{
+constexpr DraftingCommand kLineCommand{
     .info = {.tool = "miLine",
              .caption = "&Line",
              .key = "L",
@@ -378,7 +382,7 @@ constexpr DeskCommand kLineCommand{
     .mode = {.number = 1, .draw = drawLineMode, .hover = hoverLine},
 };
 
-constexpr DeskCommand kRectangleCommand{
+constexpr DraftingCommand kRectangleCommand{
     .info = {.tool = "miRectangle",
              .caption = "&Rectangle",
              .key = "R",
@@ -388,7 +392,7 @@ constexpr DeskCommand kRectangleCommand{
     .mode = {.number = 6, .draw = drawRectangleMode, .hover = hoverBox},
 };
 
-constexpr DeskCommand kArc3PCommand{
+constexpr DraftingCommand kArc3PCommand{
     .info = {.tool = "miArc3P",
              .caption = "&Arc, 3 Points",
              .key = "A",
@@ -401,7 +405,7 @@ constexpr DeskCommand kArc3PCommand{
              .hover = hoverShape<draw_arc3p>},
 };
 
-constexpr DeskCommand kArcC2PCommand{
+constexpr DraftingCommand kArcC2PCommand{
     .info = {.tool = "miArcC+2P",
              .caption = "Arc, Center + 2 &Points",
              .menu = {"miDraw", 140},
@@ -413,7 +417,7 @@ constexpr DeskCommand kArcC2PCommand{
              .hover = hoverShape<draw_arcc2p>},
 };
 
-constexpr DeskCommand kCircle3PCommand{
+constexpr DraftingCommand kCircle3PCommand{
     .info = {.tool = "miCircle3P",
              .caption = "&Circle, 3 Points",
              .menu = {"miDraw", 150},
@@ -425,7 +429,7 @@ constexpr DeskCommand kCircle3PCommand{
              .hover = hoverShape<draw_circle3p>},
 };
 
-constexpr DeskCommand kCircleC1PCommand{
+constexpr DraftingCommand kCircleC1PCommand{
     .info = {.tool = "miCircleC+1P",
              .caption = "Circle, Center + &1 Point",
              .menu = {"miDraw", 160},

@@ -10,8 +10,8 @@
 #include <optional>
 #include <span>
 
-#include "drafting/desk.h"
-#include "drafting/desk_command.h"
+#include "drafting/drafting_command.h"
+#include "drafting/drafting_context.h"
 #include "drafting/undo.h"
 
 namespace tess {
@@ -21,9 +21,9 @@ constexpr bool isDrawing(int drawMode) {
 }
 
 // What drawing modes are made of: the marker, the click, and where the pointer hovers before it.
-Point markerOf(const Desk& desk);
-Point mouseOf(const Desk& desk);
-Point hoverPoint(const Desk& desk);
+Point markerOf(const DraftingContext& context);
+Point mouseOf(const DraftingContext& context);
+Point hoverPoint(const DraftingContext& context);
 
 SegmentRow lineRow(Point from, Point to);
 
@@ -31,48 +31,48 @@ SegmentRow lineRow(Point from, Point to);
 std::optional<Entity> arcThrough(Point start, Point end, Point third, float tolerence);
 
 // Adds ordinary rows as one step of undo and draws them. The marker stays where it is.
-void addShape(Desk& desk, std::span<const SegmentRow> rows, PictureBoxProxy& target,
+void addShape(DraftingContext& context, std::span<const SegmentRow> rows, PictureBoxProxy& target,
               int undoMark = kRowsAdded);
 
 // Paints rows of any kind in the colour of drawing, in the pen that is set.
-void traceShape(Desk& desk, std::span<const SegmentRow> rows);
+void traceShape(DraftingContext& context, std::span<const SegmentRow> rows);
 
 // What a command with a drawing mode ends with: its mode is on, and a three-point command in
 // progress is dropped.
-void startDrawing(Desk& desk, const DeskCommand& command);
+void startDrawing(DraftingContext& context, const DraftingCommand& command);
 
 // Adds what the drawing mode makes of the marker and the click at MouseX, MouseY.
-void draw_Action(Desk& desk, PictureBoxProxy& target);
+void draw_Action(DraftingContext& context, PictureBoxProxy& target);
 
-// Compute the shape through marker, second point and (x, y) into the desk's scratch and paint it in
-// the pen that is set. True when the geometry exists.
-bool draw_circle3p(Desk& desk, float x, float y);
-bool draw_arc3p(Desk& desk, float x, float y);
-bool draw_arcc2p(Desk& desk, float x, float y);
+// Compute the shape through marker, second point and (x, y) into the context's scratch and paint it
+// in the pen that is set. True when the geometry exists.
+bool draw_circle3p(DraftingContext& context, float x, float y);
+bool draw_arc3p(DraftingContext& context, float x, float y);
+bool draw_arcc2p(DraftingContext& context, float x, float y);
 
 // Adds lines as one undo step.
 struct BatchLine {
   float x0 = 0, y0 = 0, x1 = 0, y1 = 0;
 };
-void BatchAddLines(Desk& desk, std::span<const BatchLine> lines);
+void BatchAddLines(DraftingContext& context, std::span<const BatchLine> lines);
 
 // Moves the marker with its cross and remembers where it was.
-void moveMarker(Desk& desk, float x, float y);
+void moveMarker(DraftingContext& context, float x, float y);
 
 // The stage of a three-point command that waits for its last click.
 inline constexpr int kFirstPointTaken = 1;
 
 // Marks the second point of a half-done three-point command, unless its cross is on the screen.
-void showSecondPoint(Desk& desk);
+void showSecondPoint(DraftingContext& context);
 
 // Forgets the points taken of a three-point command, with the second point's cross.
-void dropThreePointCommand(Desk& desk);
+void dropThreePointCommand(DraftingContext& context);
 
-void mnuDrawLine_Click(Desk& desk);
-void mnuDrawRect_Click(Desk& desk);
-void mnuDrawArc3P_Click(Desk& desk);
-void mnuDrawArcC2P_Click(Desk& desk);
-void mnuDrawCircle3P_Click(Desk& desk);
-void mnuDrawCircleC1P_Click(Desk& desk);
+void mnuDrawLine_Click(DraftingContext& context);
+void mnuDrawRect_Click(DraftingContext& context);
+void mnuDrawArc3P_Click(DraftingContext& context);
+void mnuDrawArcC2P_Click(DraftingContext& context);
+void mnuDrawCircle3P_Click(DraftingContext& context);
+void mnuDrawCircleC1P_Click(DraftingContext& context);
 
 }  // namespace tess

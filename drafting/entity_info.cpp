@@ -60,10 +60,11 @@ void addForm(InfoText& info, const Entity& row) {
   }
 }
 
-InfoText infoOf(const Desk& desk, int number, const Entity& row, const char* otherKind) {
-  InfoText info(desk.session.formats.coordfmt);
+InfoText infoOf(const DraftingContext& context, int number, const Entity& row,
+                const char* otherKind) {
+  InfoText info(context.session.formats.coordfmt);
   info.add("Entity #: " + std::to_string(number));
-  info.add("Type: " + kindOf(row, desk.store.cfg_tolerance, otherKind));
+  info.add("Type: " + kindOf(row, context.store.cfg_tolerance, otherKind));
   info.add(kRule);
   info.addPoint("Start point:", row.start);
   info.addPoint("End point:", row.end);
@@ -76,48 +77,48 @@ void requireRow(const DrawingStore& store, Table table, int number) {
   if (number < 1 || number > table.count(store)) throw subscriptOutOfRange();
 }
 
-void clickEntityInfo(Desk& desk) {
-  const bool paths = desk.command.EditPaths;
-  const int number =
-      onEditedTable(desk, [&](auto table) { return table.nearest(desk.store, mouseOf(desk)); });
+void clickEntityInfo(DraftingContext& context) {
+  const bool paths = context.command.EditPaths;
+  const int number = onEditedTable(
+      context, [&](auto table) { return table.nearest(context.store, mouseOf(context)); });
   if (number < 1) return;
-  desk.state.setPendingaction(0);
-  warn(desk, paths ? pathEntityInfo(desk, number) : entityInfo(desk, number),
-       desk.session.productname);
+  context.state.setPendingaction(0);
+  warn(context, paths ? pathEntityInfo(context, number) : entityInfo(context, number),
+       context.session.productname);
 }
 
 }  // namespace
 
-std::string entityInfo(const Desk& desk, int sg) {
-  requireRow(desk.store, DrawnTable{}, sg);
-  return infoOf(desk, sg, segmentEntity(desk.store, sg), "Point").text();
+std::string entityInfo(const DraftingContext& context, int sg) {
+  requireRow(context.store, DrawnTable{}, sg);
+  return infoOf(context, sg, segmentEntity(context.store, sg), "Point").text();
 }
 
-std::string pathEntityInfo(const Desk& desk, int ps) {
-  requireRow(desk.store, PlacedTable{}, ps);
-  const Entity row = pathEntity(desk.store, ps);
-  InfoText info = infoOf(desk, ps, row, row.type == kRapid ? "Rapid" : "Cycle");
-  info.addLength("Z:", desk.store.psz[ps]);
-  info.add("Feed: " + plainText(desk.store.psfeed[ps]));
+std::string pathEntityInfo(const DraftingContext& context, int ps) {
+  requireRow(context.store, PlacedTable{}, ps);
+  const Entity row = pathEntity(context.store, ps);
+  InfoText info = infoOf(context, ps, row, row.type == kRapid ? "Rapid" : "Cycle");
+  info.addLength("Z:", context.store.psz[ps]);
+  info.add("Feed: " + plainText(context.store.psfeed[ps]));
   return info.text();
 }
 
-void mnuEditEntityInfo_Click(Desk& desk) {
-  arm(desk, PendingAction::EntityInfo);
+void mnuEditEntityInfo_Click(DraftingContext& context) {
+  arm(context, PendingAction::EntityInfo);
 }
 
 // ---- Descriptors
 
 namespace {
 
-constexpr Action<Desk> kEntityInfoActions[] = {
+constexpr Action<DraftingContext> kEntityInfoActions[] = {
     {{.action = PendingAction::EntityInfo, .prompt = "Click near item to display data."},
      clickEntityInfo},
 };
 
 }  // namespace
 
-constexpr DeskCommand kEntityInfoCommand{
+constexpr DraftingCommand kEntityInfoCommand{
     .info = {.tool = "miEntityInfo",
              .caption = "Entity &Info",
              .key = "Tab",

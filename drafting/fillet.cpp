@@ -130,32 +130,33 @@ FilletResult filletRows(Changes& changes, Table table, int a, int b, float radiu
 }
 
 // The radius of the last fillet is offered again. Nothing when the operator cancels.
-std::optional<float> askRadius(Desk& desk) {
-  dlgEditRadius dialog(desk, desk.command.filletRadius, /*minimum=*/0);
-  desk.session.host.prompts.showModal(dialog);
+std::optional<float> askRadius(DraftingContext& context) {
+  dlgEditRadius dialog(context, context.command.filletRadius, /*minimum=*/0);
+  context.session.host.prompts.showModal(dialog);
   return dialog.accepted() ? std::optional(dialog.radius()) : std::nullopt;
 }
 
-void clickFilletFirst(Desk& desk) {
-  onEditedTable(desk, [&desk](auto table) {
-    const int number = table.nearestLine(desk.store, mouseOf(desk));
+void clickFilletFirst(DraftingContext& context) {
+  onEditedTable(context, [&context](auto table) {
+    const int number = table.nearestLine(context.store, mouseOf(context));
     if (number < 1) return;
-    pickRow(desk, table, number);
-    desk.state.setPendingaction(goOnWith(PendingAction::FilletSecond));
+    pickRow(context, table, number);
+    context.state.setPendingaction(goOnWith(PendingAction::FilletSecond));
   });
 }
 
-void clickFilletSecond(Desk& desk) {
-  onEditedTable(desk, [&desk](auto table) {
-    const int second = table.nearestLine(desk.store, mouseOf(desk));
+void clickFilletSecond(DraftingContext& context) {
+  onEditedTable(context, [&context](auto table) {
+    const int second = table.nearestLine(context.store, mouseOf(context));
     if (second < 1) return;
-    desk.command.PendingSeg2 = second;
-    const std::optional<float> radius = askRadius(desk);
+    context.command.PendingSeg2 = second;
+    const std::optional<float> radius = askRadius(context);
     if (!radius) return;
-    if (*radius <= 0 || *radius > kLargestRadius) return beep(desk);
-    desk.command.filletRadius = *radius;
-    tellFillet(desk, editByClick(desk, [&] {
-                 return filletRows(desk.changes, table, pickedRow(desk, table), second, *radius);
+    if (*radius <= 0 || *radius > kLargestRadius) return beep(context);
+    context.command.filletRadius = *radius;
+    tellFillet(context, editByClick(context, [&] {
+                 return filletRows(context.changes, table, pickedRow(context, table), second,
+                                   *radius);
                }));
   });
 }
@@ -170,30 +171,30 @@ FilletResult addPathFillet(Changes& changes, int psA, int psB, float radius) {
   return filletRows(changes, PlacedTable{}, psA, psB, radius);
 }
 
-void tellFillet(Desk& desk, FilletResult result) {
+void tellFillet(DraftingContext& context, FilletResult result) {
   switch (result) {
     case FilletResult::Added:
       return;
     case FilletResult::NoCommonEnd:
-      return warn(desk, "The 2 line segments must intersect at exactly one point.", kTitle);
+      return warn(context, "The 2 line segments must intersect at exactly one point.", kTitle);
     case FilletResult::SameRow:
-      return warn(desk, "You must chose 2 different line segments.", kTitle);
+      return warn(context, "You must chose 2 different line segments.", kTitle);
     case FilletResult::NotLines:
-      return warn(desk, "Both segments must be lines.", kTitle);
+      return warn(context, "Both segments must be lines.", kTitle);
     case FilletResult::NoCenter:
-      return beep(desk);
+      return beep(context);
   }
 }
 
-void mnuAddFillet_Click(Desk& desk) {
-  arm(desk, PendingAction::FilletFirst);
+void mnuAddFillet_Click(DraftingContext& context) {
+  arm(context, PendingAction::FilletFirst);
 }
 
 // ---- Descriptors
 
 namespace {
 
-constexpr Action<Desk> kFilletActions[] = {
+constexpr Action<DraftingContext> kFilletActions[] = {
     {{.action = PendingAction::FilletFirst, .prompt = "Click near first line to fillet."},
      clickFilletFirst},
     {{.action = PendingAction::FilletSecond, .prompt = "Click near second line to fillet."},
@@ -202,7 +203,7 @@ constexpr Action<Desk> kFilletActions[] = {
 
 }  // namespace
 
-constexpr DeskCommand kFilletCommand{
+constexpr DraftingCommand kFilletCommand{
     .info = {.tool = "miAddFillet",
              .caption = "Add Fi&llet...",
              .menu = {"miEdit", 330},

@@ -2,7 +2,7 @@
 // Owns: FilletResult, addFillet, addPathFillet, tellFillet, mnuAddFillet_Click.
 #pragma once
 
-#include "drafting/desk.h"
+#include "drafting/drafting_context.h"
 
 namespace tess {
 
@@ -21,8 +21,8 @@ FilletResult addFillet(Changes& changes, int sgA, int sgB, float radius);
 FilletResult addPathFillet(Changes& changes, int psA, int psB, float radius);
 
 // The message or beep that goes with it.
-void tellFillet(Desk& desk, FilletResult result);
+void tellFillet(DraftingContext& context, FilletResult result);
 
-void mnuAddFillet_Click(Desk& desk);
+void mnuAddFillet_Click(DraftingContext& context);
 
 }  // namespace tess

@@ -20,46 +20,46 @@ Entity flipped(Entity arc) {
 }
 
 template <Entity (*turned)(Entity)>
-void clickArc(Desk& desk) {
-  onEditedTable(desk, [&desk](auto table) {
-    const int number = table.nearestArc(desk.store, mouseOf(desk));
+void clickArc(DraftingContext& context) {
+  onEditedTable(context, [&context](auto table) {
+    const int number = table.nearestArc(context.store, mouseOf(context));
     if (number < 1) return;
-    reshapeRow(desk.changes, table, number, turned(table.entity(desk.store, number)),
+    reshapeRow(context.changes, table, number, turned(table.entity(context.store, number)),
                kDrawnByTheClick);
-    desk.state.updateProperties = true;
+    context.state.updateProperties = true;
   });
 }
 
 template <Entity (*turned)(Entity)>
-std::vector<SegmentRow> hoverArc(const Desk& desk) {
-  return onEditedTable(desk, [&desk](auto table) -> std::vector<SegmentRow> {
-    const int number = table.nearestArc(desk.store, hoverPoint(desk));
+std::vector<SegmentRow> hoverArc(const DraftingContext& context) {
+  return onEditedTable(context, [&context](auto table) -> std::vector<SegmentRow> {
+    const int number = table.nearestArc(context.store, hoverPoint(context));
     if (number < 1) return {};
-    return {segmentRowOf(turned(table.entity(desk.store, number)))};
+    return {segmentRowOf(turned(table.entity(context.store, number)))};
   });
 }
 
 }  // namespace
 
-void mnuEditFlipArc_Click(Desk& desk) {
-  arm(desk, PendingAction::FlipArc);
+void mnuEditFlipArc_Click(DraftingContext& context) {
+  arm(context, PendingAction::FlipArc);
 }
 
-void mnuEditRevArc_Click(Desk& desk) {
-  arm(desk, PendingAction::ReverseArc);
+void mnuEditRevArc_Click(DraftingContext& context) {
+  arm(context, PendingAction::ReverseArc);
 }
 
 // ---- Descriptors
 
 namespace {
 
-constexpr Action<Desk> kFlipArcActions[] = {
+constexpr Action<DraftingContext> kFlipArcActions[] = {
     {{.action = PendingAction::FlipArc, .prompt = "Click near arc to flip."},
      clickArc<flipped>,
      hoverArc<flipped>},
 };
 
-constexpr Action<Desk> kReverseArcActions[] = {
+constexpr Action<DraftingContext> kReverseArcActions[] = {
     {{.action = PendingAction::ReverseArc, .prompt = "Click near arc to reverse."},
      clickArc<reversed>,
      hoverArc<reversed>},
@@ -67,14 +67,14 @@ constexpr Action<Desk> kReverseArcActions[] = {
 
 }  // namespace
 
-constexpr DeskCommand kFlipArcCommand{
+constexpr DraftingCommand kFlipArcCommand{
     .info = {.tool = "miFlipArc", .caption = "&Flip Arc", .key = "F", .menu = {"miEdit", 410}},
     .run = mnuEditFlipArc_Click,
     .actions = kFlipArcActions,
     .repeat = {{PendingAction::FlipArc}},
 };
 
-constexpr DeskCommand kReverseArcCommand{
+constexpr DraftingCommand kReverseArcCommand{
     .info = {.tool = "miRevArcDir",
              .caption = "Reverse Arc Direct&ion",
              .key = "D",

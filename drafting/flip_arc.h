@@ -2,14 +2,14 @@
 // Owns: mnuEditFlipArc_Click, mnuEditRevArc_Click.
 #pragma once
 
-#include "drafting/desk.h"
+#include "drafting/drafting_context.h"
 
 namespace tess {
 
 // The arc keeps its ends and radius and curves to the other side.
-void mnuEditFlipArc_Click(Desk& desk);
+void mnuEditFlipArc_Click(DraftingContext& context);
 
 // The arc keeps its ends and centre and runs the other way round.
-void mnuEditRevArc_Click(Desk& desk);
+void mnuEditRevArc_Click(DraftingContext& context);
 
 }  // namespace tess

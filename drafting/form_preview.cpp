@@ -23,40 +23,40 @@ SegmentRow boxAround(const std::vector<SegmentRow>& rows) {
   return box;
 }
 
-void invertPreview(Desk& desk) {
-  desk.ScreenProxy.setDrawMode(PenMode::NotXor);
-  desk.ScreenProxy.setDrawStyle(PenStyle::Solid);
-  traceHovering(desk, desk.formPreview.rows);
-  desk.ScreenProxy.setDrawMode(PenMode::Copy);
+void invertPreview(DraftingContext& context) {
+  context.ScreenProxy.setDrawMode(PenMode::NotXor);
+  context.ScreenProxy.setDrawStyle(PenStyle::Solid);
+  traceHovering(context, context.formPreview.rows);
+  context.ScreenProxy.setDrawMode(PenMode::Copy);
 }
 
-void erasePreview(Desk& desk) {
-  if (std::exchange(desk.formPreview.shown, false)) invertPreview(desk);
+void erasePreview(DraftingContext& context) {
+  if (std::exchange(context.formPreview.shown, false)) invertPreview(context);
 }
 
 }  // namespace
 
-void traceHovering(Desk& desk, const std::vector<SegmentRow>& rows) {
-  if (rows.size() <= kMaxHovering) return traceShape(desk, rows);
+void traceHovering(DraftingContext& context, const std::vector<SegmentRow>& rows) {
+  if (rows.size() <= kMaxHovering) return traceShape(context, rows);
   const SegmentRow box[] = {boxAround(rows)};
-  traceShape(desk, box);
+  traceShape(context, box);
 }
 
-void previewRows(Desk& desk, std::vector<SegmentRow> rows) {
-  erasePreview(desk);
-  desk.formPreview.rows = std::move(rows);
-  showPreview(desk);
+void previewRows(DraftingContext& context, std::vector<SegmentRow> rows) {
+  erasePreview(context);
+  context.formPreview.rows = std::move(rows);
+  showPreview(context);
 }
 
-void showPreview(Desk& desk) {
-  FormPreview& preview = desk.formPreview;
-  if (preview.shown || preview.rows.empty() || !desk.redraw.markerShown()) return;
-  invertPreview(desk);
+void showPreview(DraftingContext& context) {
+  FormPreview& preview = context.formPreview;
+  if (preview.shown || preview.rows.empty() || !context.redraw.markerShown()) return;
+  invertPreview(context);
   preview.shown = true;
 }
 
-void endPreview(Desk& desk) {
-  previewRows(desk, {});
+void endPreview(DraftingContext& context) {
+  previewRows(context, {});
 }
 
 }  // namespace tess

@@ -9,7 +9,7 @@
 
 namespace tess {
 
-struct Desk;
+struct DraftingContext;
 
 struct FormPreview {
   std::vector<SegmentRow> rows;
@@ -20,12 +20,12 @@ struct FormPreview {
 inline constexpr int kMaxHovering = 5000;
 
 // Paints rows as they hover, in the pen that is set.
-void traceHovering(Desk& desk, const std::vector<SegmentRow>& rows);
+void traceHovering(DraftingContext& context, const std::vector<SegmentRow>& rows);
 
 // These rows hover in the place of those that did before.
-void previewRows(Desk& desk, std::vector<SegmentRow> rows);
+void previewRows(DraftingContext& context, std::vector<SegmentRow> rows);
 // Shows them, unless the picture under them is not complete.
-void showPreview(Desk& desk);
-void endPreview(Desk& desk);
+void showPreview(DraftingContext& context);
+void endPreview(DraftingContext& context);
 
 }  // namespace tess

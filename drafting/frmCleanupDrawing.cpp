@@ -6,8 +6,8 @@
 
 namespace tess {
 
-frmCleanupDrawing::frmCleanupDrawing(Desk& desk)
-    : Form("frmCleanupDrawing", "Cleanup Drawing"), desk_(desk) {
+frmCleanupDrawing::frmCleanupDrawing(DraftingContext& context)
+    : Form("frmCleanupDrawing", "Cleanup Drawing"), context_(context) {
   chkZeroLengthSegs.setCaption("&Zero-length lines");
   chkDuplicateSegs.setCaption("&Duplicate entities");
   cmdCleanup.setCaption("C&leanup");
@@ -21,29 +21,29 @@ frmCleanupDrawing::frmCleanupDrawing(Desk& desk)
 }
 
 void frmCleanupDrawing::showCounts() {
-  lblTotalZeroLengthSegs.setCaption(std::to_string(countZeroLength(desk_.store)));
-  lblTotalDupSegs.setCaption(std::to_string(countDuplicates(desk_.store)));
+  lblTotalZeroLengthSegs.setCaption(std::to_string(countZeroLength(context_.store)));
+  lblTotalDupSegs.setCaption(std::to_string(countDuplicates(context_.store)));
 }
 
 void frmCleanupDrawing::cleanUp() {
-  Change change(desk_.changes);
-  if (chkZeroLengthSegs.isChecked()) removeZeroLength(desk_.changes);
+  Change change(context_.changes);
+  if (chkZeroLengthSegs.isChecked()) removeZeroLength(context_.changes);
   if (chkDuplicateSegs.isChecked()) {
-    removeDuplicates(desk_.changes, desk_.session.host.prompts, /*deleteSilently=*/true);
+    removeDuplicates(context_.changes, context_.session.host.prompts, /*deleteSilently=*/true);
   }
   change.keep({.redraws = false});
-  desk_.redraw.redrawscreen();
+  context_.redraw.redrawscreen();
 }
 
-void mnuCleanupDrawing(Desk& desk) {
+void mnuCleanupDrawing(DraftingContext& context) {
   const Procedure here("frmMain.mnuCleanupDrawing()");
-  frmCleanupDrawing form(desk);
-  desk.session.host.prompts.showModal(form);
+  frmCleanupDrawing form(context);
+  context.session.host.prompts.showModal(form);
 }
 
 // ---- Descriptors
 
-constexpr DeskCommand kCleanupCommand{
+constexpr DraftingCommand kCleanupCommand{
     .info = {.tool = "miCleanupDrawing", .caption = "&Cleanup Drawing...", .menu = {"miCAM", 350}},
     .run = mnuCleanupDrawing,
 };

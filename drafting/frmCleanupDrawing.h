@@ -5,13 +5,13 @@
 
 #include "core/controls.h"
 #include "core/form.h"
-#include "drafting/desk.h"
+#include "drafting/drafting_context.h"
 
 namespace tess {
 
 class frmCleanupDrawing : public Form {
  public:
-  explicit frmCleanupDrawing(Desk& desk);
+  explicit frmCleanupDrawing(DraftingContext& context);
 
   CheckBox chkZeroLengthSegs{*this, "chkZeroLengthSegs"};
   Label lblTotalZeroLengthSegs{*this, "lblTotalZeroLengthSegs"};
@@ -24,9 +24,9 @@ class frmCleanupDrawing : public Form {
   void showCounts();
   void cleanUp();
 
-  Desk& desk_;
+  DraftingContext& context_;
 };
 
-void mnuCleanupDrawing(Desk& desk);
+void mnuCleanupDrawing(DraftingContext& context);
 
 }  // namespace tess

@@ -3,7 +3,7 @@
 
 namespace tess {
 
-frmMirror::frmMirror(Desk& desk) : RowImagesForm(desk, "frmMirror", "Mirror") {
+frmMirror::frmMirror(DraftingContext& context) : RowImagesForm(context, "frmMirror", "Mirror") {
   fraDirection.setCaption("Direction");
   optHorizontally.setCaption("&Horizontally");
   optVertically.setCaption("&Vertically");

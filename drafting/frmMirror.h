@@ -9,7 +9,7 @@ namespace tess {
 
 class frmMirror : public RowImagesForm {
  public:
-  explicit frmMirror(Desk& desk);
+  explicit frmMirror(DraftingContext& context);
 
   // What OK took; nothing after Cancel.
   const std::optional<Mirroring>& taken() const { return taken_; }

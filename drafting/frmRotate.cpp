@@ -2,7 +2,7 @@
 #include "drafting/frmRotate.h"
 
 #include "core/number_text.h"
-#include "drafting/desk.h"
+#include "drafting/drafting_context.h"
 #include "drafting/number_fields.h"
 
 namespace tess {
@@ -13,14 +13,14 @@ constexpr float kMaxDegrees = 360;
 
 }  // namespace
 
-frmRotate::frmRotate(Desk& desk) : RowImagesForm(desk, "frmRotate", "Rotate") {
+frmRotate::frmRotate(DraftingContext& context) : RowImagesForm(context, "frmRotate", "Rotate") {
   fraDirection.setCaption("Direction");
   optClockwise.setCaption("C&lockwise");
   optCounterClockwise.setCaption("Counter-clock&wise");
   fraAction.setCaption("Action");
   wire({&txtRotateX, &txtRotateY, &lblMarkerXY, &optMove, &optCopy, &chkSelectedSegments, &cmdOK,
         &cmdCancel});
-  const float kept = desk.command.rotateDegrees;
+  const float kept = context.command.rotateDegrees;
   txtDegrees.setText(plainText(kept > 0 ? kept : kFirstDegrees));
   optCounterClockwise.setValue(true);
   hoversWith(txtDegrees);
@@ -46,10 +46,10 @@ std::optional<RowImage> frmRotate::image() const {
 }
 
 bool frmRotate::takeOver() {
-  Prompts& prompts = desk_.session.host.prompts;
+  Prompts& prompts = context_.session.host.prompts;
   taken_ = turn();
   if (taken_) {
-    desk_.command.rotateDegrees = *degrees();
+    context_.command.rotateDegrees = *degrees();
   } else if (!numberIn(txtDegrees)) {
     refuseField(prompts, txtDegrees, "Degrees must be numeric.");
   } else if (!degrees()) {

@@ -9,7 +9,7 @@ namespace tess {
 
 class frmRotate : public RowImagesForm {
  public:
-  explicit frmRotate(Desk& desk);
+  explicit frmRotate(DraftingContext& context);
 
   // What OK took; nothing after Cancel.
   const std::optional<Turn>& taken() const { return taken_; }

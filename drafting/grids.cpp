@@ -19,52 +19,52 @@ Point snappedToGrid(const DrawingStore& store, Point at) {
   return {snapToGrid(at.x, store.cursorgrid), snapToGrid(at.y, store.cursorgrid)};
 }
 
-void UpdateGridButtons(Desk& desk) {
-  desk.tools.setChecked(kVisualGridCommand.info.tool, desk.store.visualgridf != 0);
-  desk.tools.setChecked(kCursorGridCommand.info.tool, desk.store.cursorgridf != 0);
-  desk.tools.setChecked(kObjectSnapCommand.info.tool, desk.state.OSnapOn);
+void UpdateGridButtons(DraftingContext& context) {
+  context.tools.setChecked(kVisualGridCommand.info.tool, context.store.visualgridf != 0);
+  context.tools.setChecked(kCursorGridCommand.info.tool, context.store.cursorgridf != 0);
+  context.tools.setChecked(kObjectSnapCommand.info.tool, context.state.OSnapOn);
 }
 
-void Vgrid_ButtonClick(Desk& desk) {
-  desk.store.visualgridf = 1 - desk.store.visualgridf;
-  UpdateGridButtons(desk);
-  desk.redraw.redrawscreen();
+void Vgrid_ButtonClick(DraftingContext& context) {
+  context.store.visualgridf = 1 - context.store.visualgridf;
+  UpdateGridButtons(context);
+  context.redraw.redrawscreen();
 }
 
-void Cgrid_ButtonClick(Desk& desk) {
-  desk.store.cursorgridf = 1 - desk.store.cursorgridf;
-  UpdateGridButtons(desk);
+void Cgrid_ButtonClick(DraftingContext& context) {
+  context.store.cursorgridf = 1 - context.store.cursorgridf;
+  UpdateGridButtons(context);
 }
 
 // Fixed: the key turns each grid over by itself; one on and one off change places.
-void flipGrids(Desk& desk) {
-  desk.store.visualgridf = 1 - desk.store.visualgridf;
-  desk.store.cursorgridf = 1 - desk.store.cursorgridf;
-  UpdateGridButtons(desk);
-  desk.redraw.redrawscreen();
+void flipGrids(DraftingContext& context) {
+  context.store.visualgridf = 1 - context.store.visualgridf;
+  context.store.cursorgridf = 1 - context.store.cursorgridf;
+  UpdateGridButtons(context);
+  context.redraw.redrawscreen();
 }
 
-void mnuOptionsGridSelection_Click(Desk& desk) {
+void mnuOptionsGridSelection_Click(DraftingContext& context) {
   const Procedure here("frmMain.mnuOptionsGridSelection_Click()");
-  dlgSetGrids dialog(desk);
-  desk.session.host.prompts.showModal(dialog);
+  dlgSetGrids dialog(context);
+  context.session.host.prompts.showModal(dialog);
 }
 
 // ---- Descriptors
 
-constexpr DeskCommand kGridSetupCommand{
+constexpr DraftingCommand kGridSetupCommand{
     .info = {.tool = "miGrid/SnapSelections",
              .caption = "Grid / S&nap Selections...",
              .menu = {"miOptions", 130}},
     .run = mnuOptionsGridSelection_Click,
 };
 
-constexpr DeskCommand kVisualGridCommand{
+constexpr DraftingCommand kVisualGridCommand{
     .info = {.tool = "VGrid", .caption = "Visual Grid", .sharedKey = "G", .bar = {"Options", 120}},
     .run = Vgrid_ButtonClick,
 };
 
-constexpr DeskCommand kCursorGridCommand{
+constexpr DraftingCommand kCursorGridCommand{
     .info = {.tool = "CGrid", .caption = "Cursor Grid", .sharedKey = "G", .bar = {"Options", 130}},
     .run = Cgrid_ButtonClick,
 };

@@ -3,7 +3,7 @@
 //       flipGrids, mnuOptionsGridSelection_Click.
 #pragma once
 
-#include "drafting/desk.h"
+#include "drafting/drafting_context.h"
 
 namespace tess {
 
@@ -14,14 +14,14 @@ float snapToGrid(float value, float spacing);
 Point snappedToGrid(const DrawingStore& store, Point at);
 
 // The tools VGrid, CGrid and OSnap show their flags.
-void UpdateGridButtons(Desk& desk);
+void UpdateGridButtons(DraftingContext& context);
 
-void Vgrid_ButtonClick(Desk& desk);
-void Cgrid_ButtonClick(Desk& desk);
+void Vgrid_ButtonClick(DraftingContext& context);
+void Cgrid_ButtonClick(DraftingContext& context);
 
 // The G key: each flag becomes 1 minus itself, whatever the other is.
-void flipGrids(Desk& desk);
+void flipGrids(DraftingContext& context);
 
-void mnuOptionsGridSelection_Click(Desk& desk);
+void mnuOptionsGridSelection_Click(DraftingContext& context);
 
 }  // namespace tess

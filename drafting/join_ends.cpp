@@ -9,104 +9,105 @@
 namespace tess {
 namespace {
 
-std::optional<Point> nearestEnd(const Desk& desk, Point at) {
-  return onEditedTable(desk, [&](auto table) { return table.nearestEnd(desk.store, at); });
+std::optional<Point> nearestEnd(const DraftingContext& context, Point at) {
+  return onEditedTable(context, [&](auto table) { return table.nearestEnd(context.store, at); });
 }
 
 // Beside drawing rows an ordinary one.
-bool addJoint(Desk& desk, Change& change, DrawnTable /*table*/, const Entity& joint) {
-  DrawnTable::addBehind(change, desk.store.NumSegments, segmentRowOf(joint));
+bool addJoint(DraftingContext& context, Change& change, DrawnTable /*table*/, const Entity& joint) {
+  DrawnTable::addBehind(change, context.store.NumSegments, segmentRowOf(joint));
   return true;
 }
 
 // In a path it is cut as the row nearest to the click is, and right behind it.
-bool addJoint(Desk& desk, Change& change, PlacedTable /*table*/, const Entity& joint) {
-  const int like = PlacedTable::nearest(desk.store, mouseOf(desk));
+bool addJoint(DraftingContext& context, Change& change, PlacedTable /*table*/,
+              const Entity& joint) {
+  const int like = PlacedTable::nearest(context.store, mouseOf(context));
   if (like < 1) return false;
-  PlacedTable::addBehind(change, like, reshaped(PlacedTable::row(desk.store, like), joint));
+  PlacedTable::addBehind(change, like, reshaped(PlacedTable::row(context.store, like), joint));
   return true;
 }
 
-void addJoint(Desk& desk, const Entity& joint) {
-  Change change(desk.changes);
+void addJoint(DraftingContext& context, const Entity& joint) {
+  Change change(context.changes);
   const bool added =
-      onEditedTable(desk, [&](auto table) { return addJoint(desk, change, table, joint); });
-  if (added) keepEdit(desk, change);
+      onEditedTable(context, [&](auto table) { return addJoint(context, change, table, joint); });
+  if (added) keepEdit(context, change);
 }
 
 // The first of two end points.
-void pickFirstEnd(Desk& desk, PendingAction next) {
-  const std::optional<Point> end = nearestEnd(desk, mouseOf(desk));
+void pickFirstEnd(DraftingContext& context, PendingAction next) {
+  const std::optional<Point> end = nearestEnd(context, mouseOf(context));
   if (!end) return;
-  desk.command.PendingPt1 = *end;
-  desk.state.setPendingaction(goOnWith(next));
+  context.command.PendingPt1 = *end;
+  context.state.setPendingaction(goOnWith(next));
 }
 
 // The second one; false when it is the first again.
-bool pickSecondEnd(Desk& desk) {
-  const std::optional<Point> end = nearestEnd(desk, mouseOf(desk));
-  if (!end || *end == desk.command.PendingPt1) return false;
-  desk.command.PendingPt2 = *end;
+bool pickSecondEnd(DraftingContext& context) {
+  const std::optional<Point> end = nearestEnd(context, mouseOf(context));
+  if (!end || *end == context.command.PendingPt1) return false;
+  context.command.PendingPt2 = *end;
   return true;
 }
 
-void clickJoinFirst(Desk& desk) {
-  pickFirstEnd(desk, PendingAction::JoinSecond);
+void clickJoinFirst(DraftingContext& context) {
+  pickFirstEnd(context, PendingAction::JoinSecond);
 }
 
-void clickJoinSecond(Desk& desk) {
-  const CommandRecord& command = desk.command;
-  if (pickSecondEnd(desk)) addJoint(desk, lineEntity(command.PendingPt1, command.PendingPt2));
+void clickJoinSecond(DraftingContext& context) {
+  const CommandRecord& command = context.command;
+  if (pickSecondEnd(context)) addJoint(context, lineEntity(command.PendingPt1, command.PendingPt2));
 }
 
-std::vector<SegmentRow> hoverJoinSecond(const Desk& desk) {
-  const Point first = desk.command.PendingPt1;
-  const std::optional<Point> second = nearestEnd(desk, hoverPoint(desk));
+std::vector<SegmentRow> hoverJoinSecond(const DraftingContext& context) {
+  const Point first = context.command.PendingPt1;
+  const std::optional<Point> second = nearestEnd(context, hoverPoint(context));
   if (!second || *second == first) return {};
   return {lineRow(first, *second)};
 }
 
 // ---- By an arc
 
-std::optional<Entity> joiningArc(const Desk& desk, Point third) {
-  return arcThrough(desk.command.PendingPt1, desk.command.PendingPt2, third,
-                    desk.store.cfg_tolerance);
+std::optional<Entity> joiningArc(const DraftingContext& context, Point third) {
+  return arcThrough(context.command.PendingPt1, context.command.PendingPt2, third,
+                    context.store.cfg_tolerance);
 }
 
-void clickJoinArcFirst(Desk& desk) {
-  pickFirstEnd(desk, PendingAction::JoinArcSecond);
+void clickJoinArcFirst(DraftingContext& context) {
+  pickFirstEnd(context, PendingAction::JoinArcSecond);
 }
 
-void clickJoinArcSecond(Desk& desk) {
-  if (pickSecondEnd(desk)) desk.state.setPendingaction(goOnWith(PendingAction::JoinArcThird));
+void clickJoinArcSecond(DraftingContext& context) {
+  if (pickSecondEnd(context)) context.state.setPendingaction(goOnWith(PendingAction::JoinArcThird));
 }
 
-void clickJoinArcThird(Desk& desk) {
-  const std::optional<Entity> arc = joiningArc(desk, mouseOf(desk));
-  arc ? addJoint(desk, *arc) : beep(desk);
+void clickJoinArcThird(DraftingContext& context) {
+  const std::optional<Entity> arc = joiningArc(context, mouseOf(context));
+  arc ? addJoint(context, *arc) : beep(context);
 }
 
-std::vector<SegmentRow> hoverJoinArcThird(const Desk& desk) {
-  const std::optional<Entity> arc = joiningArc(desk, hoverPoint(desk));
+std::vector<SegmentRow> hoverJoinArcThird(const DraftingContext& context) {
+  const std::optional<Entity> arc = joiningArc(context, hoverPoint(context));
   if (!arc) return {};
   return {segmentRowOf(*arc)};
 }
 
 }  // namespace
 
-void mnuEditJoinEnd_Click(Desk& desk) {
-  if (hasRowsToEdit(desk)) arm(desk, PendingAction::JoinFirst);
+void mnuEditJoinEnd_Click(DraftingContext& context) {
+  if (hasRowsToEdit(context)) arm(context, PendingAction::JoinFirst);
 }
 
-void mnuEditJoinEndPtsArc(Desk& desk) {
-  if (hasRowsToEdit(desk)) arm(desk, PendingAction::JoinArcFirst);
+void mnuEditJoinEndPtsArc(DraftingContext& context) {
+  if (hasRowsToEdit(context)) arm(context, PendingAction::JoinArcFirst);
 }
 
 // ---- Descriptors
 
 namespace {
 
-constexpr Action<Desk> kJoinActions[] = {
+constexpr Action<DraftingContext> kJoinActions[] = {
     {{.action = PendingAction::JoinFirst, .prompt = "Click on 1st end-point to join."},
      clickJoinFirst},
     {{.action = PendingAction::JoinSecond, .prompt = "Click on 2nd end-point to join."},
@@ -114,7 +115,7 @@ constexpr Action<Desk> kJoinActions[] = {
      hoverJoinSecond},
 };
 
-constexpr Action<Desk> kJoinArcActions[] = {
+constexpr Action<DraftingContext> kJoinArcActions[] = {
     {{.action = PendingAction::JoinArcFirst, .prompt = "Click on 1st end-point to join."},
      clickJoinArcFirst},
     {{.action = PendingAction::JoinArcSecond, .prompt = "Click on 2nd end-point to join."},
@@ -126,7 +127,7 @@ constexpr Action<Desk> kJoinArcActions[] = {
 
 }  // namespace
 
-constexpr DeskCommand kJoinCommand{
+constexpr DraftingCommand kJoinCommand{
     .info = {.tool = "miJoinEndpoints",
              .caption = "&Join Endpoints",
              .key = "J",
@@ -137,7 +138,7 @@ constexpr DeskCommand kJoinCommand{
     .repeat = {{PendingAction::JoinFirst}},
 };
 
-constexpr DeskCommand kJoinArcCommand{
+constexpr DraftingCommand kJoinArcCommand{
     .info = {.tool = "miJoinEndPtsArc",
              .caption = "Join Endpoints with &Arc",
              .menu = {"miEdit", 350}},

@@ -2,11 +2,11 @@
 // Owns: mnuEditJoinEnd_Click, mnuEditJoinEndPtsArc.
 #pragma once
 
-#include "drafting/desk.h"
+#include "drafting/drafting_context.h"
 
 namespace tess {
 
-void mnuEditJoinEnd_Click(Desk& desk);
-void mnuEditJoinEndPtsArc(Desk& desk);
+void mnuEditJoinEnd_Click(DraftingContext& context);
+void mnuEditJoinEndPtsArc(DraftingContext& context);
 
 }  // namespace tess

@@ -1,11 +1,11 @@
-// What the desk knows of commands.
+// What the context knows of commands.
 #include "drafting/known_commands.h"
 
 namespace tess {
 
-void KnownCommands::addCommand(Desk& desk, const DeskCommand& command) {
-  addActions(desk, command.actions);
-  addRepeats(desk, command.run, command.repeat);
+void KnownCommands::addCommand(DraftingContext& context, const DraftingCommand& command) {
+  addActions(context, command.actions);
+  addRepeats(context, command.run, command.repeat);
   if (command.mode.number != kNoMode) modes.push_back(&command);
 }
 
@@ -20,7 +20,7 @@ bool hovers(const KnownCommands& known, int number) {
 }
 
 const DrawingMode* modeOf(const KnownCommands& known, int drawMode) {
-  for (const DeskCommand* const command : known.modes) {
+  for (const DraftingCommand* const command : known.modes) {
     if (command->mode.number == drawMode) return &command->mode;
   }
   return nullptr;

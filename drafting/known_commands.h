@@ -1,5 +1,5 @@
-// What the desk knows of commands: which pending actions there are and what their clicks do, what
-// the repeat key issues, and the drawing modes. All of it comes from descriptors.
+// What the context knows of commands: which pending actions there are and what their clicks do,
+// what the repeat key issues, and the drawing modes. All of it comes from descriptors.
 // Owns: kActionNumbers, ByAction, KnownCommands, findAction, hovers, modeOf, takesThreePoints.
 #pragma once
 
@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "core/pending_action.h"
-#include "drafting/desk_command.h"
+#include "drafting/drafting_command.h"
 
 namespace tess {
 
@@ -21,20 +21,20 @@ using ByAction = std::array<Entry, kActionNumbers>;
 struct KnownCommands {
   ByAction<const ActionText*> actionTexts{};  // null for a number that is no action
   // An action without an entry is armed and prompts, and its click has no effect.
-  ByAction<std::function<void(Desk&)>> clickActions;
+  ByAction<std::function<void(DraftingContext&)>> clickActions;
   // An action without an entry has nothing that hovers.
   ByAction<std::function<std::vector<SegmentRow>()>> hoverActions;
   // A number without an entry does nothing.
-  ByAction<std::function<void(Desk&)>> repeatCommands;
-  std::vector<const DeskCommand*> modes;  // the commands that bring a drawing mode
+  ByAction<std::function<void(DraftingContext&)>> repeatCommands;
+  std::vector<const DraftingCommand*> modes;  // the commands that bring a drawing mode
 
-  // Takes a command in. `context` is what it works on, and outlives the desk.
+  // Takes a command in. `context` is what it works on, and outlives this.
   template <class Context>
   void addCommand(Context& context, const Command<Context>& command) {
     addActions(context, command.actions);
     addRepeats(context, command.run, command.repeat);
   }
-  void addCommand(Desk& desk, const DeskCommand& command);
+  void addCommand(DraftingContext& context, const DraftingCommand& command);
 
   template <class Context>
   void addActions(Context& context, std::span<const Action<Context>> actions) {
@@ -45,7 +45,7 @@ struct KnownCommands {
         hoverActions[number] = [&context, hover = action.hover] { return hover(context); };
       }
       if (action.click == nullptr) continue;
-      clickActions[number] = [&context, click = action.click](Desk&) { click(context); };
+      clickActions[number] = [&context, click = action.click](DraftingContext&) { click(context); };
     }
   }
 
@@ -57,7 +57,7 @@ struct KnownCommands {
       if (number == PendingAction::None) continue;
       const CommandRoutine<Context> issue =
           repeat.issue != nullptr ? CommandRoutine<Context>(repeat.issue) : run;
-      repeatCommands[static_cast<std::size_t>(number)] = [&context, issue](Desk&) {
+      repeatCommands[static_cast<std::size_t>(number)] = [&context, issue](DraftingContext&) {
         issue(context);
       };
     }

@@ -17,50 +17,50 @@ std::string reported(float value) {
   return plainText(roundTo(value, kReportDecimals));
 }
 
-void report(Desk& desk) {
-  const PointerRecord& pointer = desk.pointer;
+void report(DraftingContext& context) {
+  const PointerRecord& pointer = context.pointer;
   const Point start{pointer.MouseDownX, pointer.MouseDownY};
   const Point end{pointer.MouseMoveX, pointer.MouseMoveY};
-  desk.statusBar.setText(pendingPrompt(desk, desk.state.pendingaction()) +
-                         "  Start (X=" + reported(start.x) + ", Y=" + reported(start.y) +
-                         "),  End (X=" + reported(end.x) + ", Y=" + reported(end.y) +
-                         "),  Distance = " + reported(distance(start, end)));
+  context.statusBar.setText(pendingPrompt(context, context.state.pendingaction()) +
+                            "  Start (X=" + reported(start.x) + ", Y=" + reported(start.y) +
+                            "),  End (X=" + reported(end.x) + ", Y=" + reported(end.y) +
+                            "),  Distance = " + reported(distance(start, end)));
 }
 
 }  // namespace
 
-void miMeasureDist_Click(Desk& desk) {
-  arm(desk, PendingAction::Measure);
+void miMeasureDist_Click(DraftingContext& context) {
+  arm(context, PendingAction::Measure);
 }
 
-void pressMeasure(Desk& desk, Point at) {
-  desk.state.setFeaturePoint(featureAtPointer(desk, at, /*invert=*/false));
-  const Point start = snappedPosition(desk, at);
-  desk.pointer.MouseDownX = desk.pointer.MouseMoveX = start.x;
-  desk.pointer.MouseDownY = desk.pointer.MouseMoveY = start.y;
+void pressMeasure(DraftingContext& context, Point at) {
+  context.state.setFeaturePoint(featureAtPointer(context, at, /*invert=*/false));
+  const Point start = snappedPosition(context, at);
+  context.pointer.MouseDownX = context.pointer.MouseMoveX = start.x;
+  context.pointer.MouseDownY = context.pointer.MouseMoveY = start.y;
 }
 
-void moveMeasure(Desk& desk, Point at) {
-  moveDragBand(desk, snappedPosition(desk, at));
-  report(desk);
+void moveMeasure(DraftingContext& context, Point at) {
+  moveDragBand(context, snappedPosition(context, at));
+  report(context);
 }
 
-void releaseMeasure(Desk& desk) {
-  eraseDragBand(desk);
-  report(desk);
+void releaseMeasure(DraftingContext& context) {
+  eraseDragBand(context);
+  report(context);
 }
 
 // ---- Descriptors
 
 namespace {
 
-constexpr Action<Desk> kMeasureActions[] = {
+constexpr Action<DraftingContext> kMeasureActions[] = {
     {{.action = PendingAction::Measure, .prompt = "Click on start-point and drag to end-point.  "}},
 };
 
 }  // namespace
 
-constexpr DeskCommand kMeasureCommand{
+constexpr DraftingCommand kMeasureCommand{
     .info = {.tool = "miMeasureDist",
              .caption = "&Measure Distance",
              .menu = {"miDraw", 230},

@@ -2,15 +2,15 @@
 // Owns: miMeasureDist_Click, pressMeasure, moveMeasure, releaseMeasure.
 #pragma once
 
-#include "drafting/desk.h"
+#include "drafting/drafting_context.h"
 
 namespace tess {
 
-void miMeasureDist_Click(Desk& desk);
+void miMeasureDist_Click(DraftingContext& context);
 
 // The three events of the drag, with the pointer's position where it counts.
-void pressMeasure(Desk& desk, Point at);
-void moveMeasure(Desk& desk, Point at);
-void releaseMeasure(Desk& desk);
+void pressMeasure(DraftingContext& context, Point at);
+void moveMeasure(DraftingContext& context, Point at);
+void releaseMeasure(DraftingContext& context);
 
 }  // namespace tess

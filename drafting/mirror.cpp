@@ -27,9 +27,9 @@ SegmentRow mirrored(const SegmentRow& row, const Mirroring& mirroring) {
   return image;
 }
 
-void mnuEditMirror_Click(Desk& desk) {
+void mnuEditMirror_Click(DraftingContext& context) {
   const Procedure here("frmMain.mnuEditMirror_Click()");
-  frmMirror form(desk);
+  frmMirror form(context);
   form.ask();
   const std::optional<Mirroring> mirroring = form.taken();
   if (!mirroring) return;
@@ -39,7 +39,7 @@ void mnuEditMirror_Click(Desk& desk) {
 
 // ---- Descriptors
 
-constexpr DeskCommand kMirrorCommand{
+constexpr DraftingCommand kMirrorCommand{
     .info = {.tool = "miMirror", .caption = "Mirr&or...", .menu = {"miEdit", 530}},
     .run = mnuEditMirror_Click,
 };

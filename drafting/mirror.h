@@ -7,7 +7,7 @@
 
 namespace tess {
 
-struct Desk;
+struct DraftingContext;
 
 // A coordinate on the other side of m.
 float mirrorCoord(float c, float m);
@@ -22,6 +22,6 @@ struct Mirroring {
 SegmentRow mirrored(const SegmentRow& row, const Mirroring& mirroring);
 
 // Asks what to mirror and how, and does it.
-void mnuEditMirror_Click(Desk& desk);
+void mnuEditMirror_Click(DraftingContext& context);
 
 }  // namespace tess

@@ -77,15 +77,15 @@ void moveEnds(Change& change, Table table, const DrawingStore& store, Point from
 }
 
 // The rows with the end at MouseMoveX, MouseMoveY.
-std::vector<SegmentRow> hoverMoveEnd(const Desk& desk) {
-  if (!desk.command.draggedEnd) return {};
-  return onEditedTable(desk, [&desk, from = *desk.command.draggedEnd](auto table) {
-    const DrawingStore& store = desk.store;
+std::vector<SegmentRow> hoverMoveEnd(const DraftingContext& context) {
+  if (!context.command.draggedEnd) return {};
+  return onEditedTable(context, [&context, from = *context.command.draggedEnd](auto table) {
+    const DrawingStore& store = context.store;
     std::vector<SegmentRow> rows;
     for (int number = 1; number <= table.count(store); ++number) {
       const Entity row = table.entity(store, number);
       if (!table.isShown(store, number) || !endsAt(row, from, store.cfg_tolerance)) continue;
-      rows.push_back(segmentRowOf(endMoved(row, from, hoverPoint(desk), store.cfg_tolerance)));
+      rows.push_back(segmentRowOf(endMoved(row, from, hoverPoint(context), store.cfg_tolerance)));
     }
     return rows;
   });
@@ -105,21 +105,21 @@ void movePathEndpoints(Changes& changes, Point from, Point to) {
   change.keep();
 }
 
-void pressEndPoint(Desk& desk, Point at) {
-  desk.command.draggedEnd =
-      onEditedTable(desk, [&](auto table) { return table.nearestEnd(desk.store, at); });
+void pressEndPoint(DraftingContext& context, Point at) {
+  context.command.draggedEnd =
+      onEditedTable(context, [&](auto table) { return table.nearestEnd(context.store, at); });
 }
 
-void releaseEndPoint(Desk& desk, Point at) {
-  const std::optional<Point> from = std::exchange(desk.command.draggedEnd, std::nullopt);
+void releaseEndPoint(DraftingContext& context, Point at) {
+  const std::optional<Point> from = std::exchange(context.command.draggedEnd, std::nullopt);
   if (!from) return;
-  Change change(desk.changes);
-  onEditedTable(desk, [&](auto table) { moveEnds(change, table, desk.store, *from, at); });
-  keepEdit(desk, change);
+  Change change(context.changes);
+  onEditedTable(context, [&](auto table) { moveEnds(change, table, context.store, *from, at); });
+  keepEdit(context, change);
 }
 
-void mnuEditMoveEnd_Click(Desk& desk) {
-  if (hasRowsToEdit(desk)) arm(desk, PendingAction::MoveEndPoint);
+void mnuEditMoveEnd_Click(DraftingContext& context) {
+  if (hasRowsToEdit(context)) arm(context, PendingAction::MoveEndPoint);
 }
 
 // ---- Descriptors
@@ -127,7 +127,7 @@ void mnuEditMoveEnd_Click(Desk& desk) {
 namespace {
 
 // Press and release do the work, so that the click has none.
-constexpr Action<Desk> kMoveEndActions[] = {
+constexpr Action<DraftingContext> kMoveEndActions[] = {
     {{.action = PendingAction::MoveEndPoint,
       .prompt = "Click near end point to move, then drag the endpoint."},
      /*click=*/nullptr,
@@ -136,7 +136,7 @@ constexpr Action<Desk> kMoveEndActions[] = {
 
 }  // namespace
 
-constexpr DeskCommand kMoveEndCommand{
+constexpr DraftingCommand kMoveEndCommand{
     .info = {.tool = "miMoveEndpoints",
              .caption = "Mo&ve Endpoints",
              .key = "V",

@@ -2,7 +2,7 @@
 // Owns: moveEndpoints, movePathEndpoints, pressEndPoint, releaseEndPoint, mnuEditMoveEnd_Click.
 #pragma once
 
-#include "drafting/desk.h"
+#include "drafting/drafting_context.h"
 
 namespace tess {
 
@@ -13,9 +13,9 @@ void moveEndpoints(Changes& changes, Point from, Point to);
 void movePathEndpoints(Changes& changes, Point from, Point to);
 
 // The press takes up the end point nearest to it, the release puts it down.
-void pressEndPoint(Desk& desk, Point at);
-void releaseEndPoint(Desk& desk, Point at);
+void pressEndPoint(DraftingContext& context, Point at);
+void releaseEndPoint(DraftingContext& context, Point at);
 
-void mnuEditMoveEnd_Click(Desk& desk);
+void mnuEditMoveEnd_Click(DraftingContext& context);
 
 }  // namespace tess

@@ -22,40 +22,40 @@ auto movedBy(float dx, float dy) {
 // The click redraws when it is done.
 constexpr Keeping kDrawnLater{.redraws = false};
 
-void clickMove(Desk& desk) {
+void clickMove(DraftingContext& context) {
   const Procedure here("frmMain.clickMove()");
-  const Point click = mouseOf(desk), marker = markerOf(desk);
+  const Point click = mouseOf(context), marker = markerOf(context);
   const float dx = narrow(static_cast<double>(click.x) - marker.x);
   const float dy = narrow(static_cast<double>(click.y) - marker.y);
-  Change change(desk.changes);
-  if (selectedCount(desk.store) > 0) {
-    moveSelected(desk.changes, dx, dy);
+  Change change(context.changes);
+  if (selectedCount(context.store) > 0) {
+    moveSelected(context.changes, dx, dy);
   } else {
-    moveAll(desk.changes, dx, dy, /*start=*/1);
+    moveAll(context.changes, dx, dy, /*start=*/1);
   }
   if (!change.keep(kDrawnLater)) return;  // a step that undo cannot hold, and was not wanted so
-  desk.state.updateProperties = true;
-  moveMarker(desk, click.x, click.y);
+  context.state.updateProperties = true;
+  moveMarker(context, click.x, click.y);
 }
 
 // The drawing rows that the move takes along.
-std::vector<SegmentRow> hoverMove(const Desk& desk) {
-  const Point marker = markerOf(desk), to = hoverPoint(desk);
+std::vector<SegmentRow> hoverMove(const DraftingContext& context) {
+  const Point marker = markerOf(context), to = hoverPoint(context);
   const auto moved = movedBy(to.x - marker.x, to.y - marker.y);
-  const bool selectedOnly = selectedCount(desk.store) > 0;
+  const bool selectedOnly = selectedCount(context.store) > 0;
   std::vector<SegmentRow> rows;
-  for (int sg = 1; sg <= desk.store.NumSegments; ++sg) {
-    if (selectedOnly && !isSelectedOrdinary(desk.store.segattr[sg])) continue;
-    mapRow(rows.emplace_back(segmentRow(desk.store, sg)), moved);
+  for (int sg = 1; sg <= context.store.NumSegments; ++sg) {
+    if (selectedOnly && !isSelectedOrdinary(context.store.segattr[sg])) continue;
+    mapRow(rows.emplace_back(segmentRow(context.store, sg)), moved);
   }
   return rows;
 }
 
-void clickSetOrigin(Desk& desk) {
+void clickSetOrigin(DraftingContext& context) {
   const Procedure here("frmMain.clickSetOrigin()");
-  Change change(desk.changes);
-  moveAll(desk.changes, -desk.pointer.MouseX, -desk.pointer.MouseY, /*start=*/1);
-  if (change.keep(kDrawnLater)) desk.state.updateProperties = true;
+  Change change(context.changes);
+  moveAll(context.changes, -context.pointer.MouseX, -context.pointer.MouseY, /*start=*/1);
+  if (change.keep(kDrawnLater)) context.state.updateProperties = true;
 }
 
 }  // namespace
@@ -88,29 +88,29 @@ void moveSelected(Changes& changes, float dx, float dy) {
   change.keep();
 }
 
-void mnuEditMoveProf_Click(Desk& desk) {
-  arm(desk, PendingAction::Move);
+void mnuEditMoveProf_Click(DraftingContext& context) {
+  arm(context, PendingAction::Move);
 }
 
-void SetOrigin(Desk& desk) {
-  arm(desk, PendingAction::SetOrigin);
+void SetOrigin(DraftingContext& context) {
+  arm(context, PendingAction::SetOrigin);
 }
 
 // ---- Descriptors
 
 namespace {
 
-constexpr Action<Desk> kMoveActions[] = {
+constexpr Action<DraftingContext> kMoveActions[] = {
     {{.action = PendingAction::Move, .prompt = kMoveAllPrompt}, clickMove, hoverMove},
 };
 
-constexpr Action<Desk> kSetOriginActions[] = {
+constexpr Action<DraftingContext> kSetOriginActions[] = {
     {{.action = PendingAction::SetOrigin, .prompt = "Click on new origin."}, clickSetOrigin},
 };
 
 }  // namespace
 
-constexpr DeskCommand kMoveCommand{
+constexpr DraftingCommand kMoveCommand{
     .info = {.tool = "miMoveProfile",
              .caption = "&Move Profile",
              .key = "M",
@@ -120,7 +120,7 @@ constexpr DeskCommand kMoveCommand{
     .repeat = {{PendingAction::Move}},
 };
 
-constexpr DeskCommand kSetOriginCommand{
+constexpr DraftingCommand kSetOriginCommand{
     .info = {.tool = "miSetOrigin", .caption = "Set &Origin", .menu = {"miEdit", 550}},
     .run = tess::SetOrigin,
     .actions = kSetOriginActions,

@@ -6,7 +6,7 @@
 
 namespace tess {
 
-struct Desk;
+struct DraftingContext;
 
 // Moves the drawing rows from row `start` on and all path rows. Of undo these are two steps: the
 // path rows come back first. What has no centre keeps what stands in its place: a line its 0, a
@@ -17,7 +17,7 @@ void moveAll(Changes& changes, float dx, float dy, int start);
 void moveSelected(Changes& changes, float dx, float dy);
 
 // Arm the click to which the marker, with all that moves, or the origin goes.
-void mnuEditMoveProf_Click(Desk& desk);
-void SetOrigin(Desk& desk);
+void mnuEditMoveProf_Click(DraftingContext& context);
+void SetOrigin(DraftingContext& context);
 
 }  // namespace tess

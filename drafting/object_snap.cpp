@@ -100,11 +100,12 @@ bool isOffered(const CState& state, FeatureKind kind, bool invert) {
   return state.OSnapActive[index] || (invert && state.OSnapFeatures[index]);
 }
 
-void addFeatures(const Desk& desk, int sg, const SnapQuery& query, Features& features) {
-  const Source source{desk.store, sg, effectiveType(desk.store, sg), segmentEntity(desk.store, sg),
-                      query.from};
+void addFeatures(const DraftingContext& context, int sg, const SnapQuery& query,
+                 Features& features) {
+  const Source source{context.store, sg, effectiveType(context.store, sg),
+                      segmentEntity(context.store, sg), query.from};
   for (const KindRow& row : kKinds) {
-    if (!isOffered(desk.state, row.kind, query.invert)) continue;
+    if (!isOffered(context.state, row.kind, query.invert)) continue;
     Places places;
     row.add(source, places);
     for (const Point place : places) {
@@ -123,9 +124,9 @@ std::optional<CFeaturePoint> nearestWithin(const Features& features, float radiu
 }
 
 // The entries of the snap menu that turn a kind over; their tags are the kinds.
-constexpr const DeskCommand* kSnapMenu[] = {&kSnapEndpointsCommand, &kSnapCenterCommand,
-                                            &kSnapMidpointCommand, &kSnapQuadrantCommand,
-                                            &kSnapPerpendicularCommand};
+constexpr const DraftingCommand* kSnapMenu[] = {&kSnapEndpointsCommand, &kSnapCenterCommand,
+                                                &kSnapMidpointCommand, &kSnapQuadrantCommand,
+                                                &kSnapPerpendicularCommand};
 
 // The caption with its first character, a mark or a blank, replaced.
 std::string marked(const std::string& caption, bool mark) {
@@ -141,62 +142,64 @@ int effectiveType(const DrawingStore& store, int sg) {
   return isArc(row.type) && row.start == row.end ? kCircle : row.type;
 }
 
-std::optional<CFeaturePoint> GetClosetFeaturePoint(const Desk& desk, int sg,
+std::optional<CFeaturePoint> GetClosetFeaturePoint(const DraftingContext& context, int sg,
                                                    const SnapQuery& query) {
   Features features;
-  if (sg > 0) addFeatures(desk, sg, query, features);
-  if (desk.typedPosition) {
-    features.push_back({query.pointer.x, query.pointer.y, desk.typedPosition->x,
-                        desk.typedPosition->y, FeatureKind::TypedPosition});
+  if (sg > 0) addFeatures(context, sg, query, features);
+  if (context.typedPosition) {
+    features.push_back({query.pointer.x, query.pointer.y, context.typedPosition->x,
+                        context.typedPosition->y, FeatureKind::TypedPosition});
   }
-  return nearestWithin(features, desk.state.OSnapRadius * std::abs(desk.ScreenProxy.ScaleWidth()));
+  return nearestWithin(features,
+                       context.state.OSnapRadius * std::abs(context.ScreenProxy.ScaleWidth()));
 }
 
-std::optional<CFeaturePoint> featureAtPointer(const Desk& desk, Point pointer, bool invert) {
-  const int sg = nearestSeg(desk.store, pointer);
-  const Point marker{desk.store.markerx, desk.store.markery};
-  return GetClosetFeaturePoint(desk, sg, {pointer, marker, invert});
+std::optional<CFeaturePoint> featureAtPointer(const DraftingContext& context, Point pointer,
+                                              bool invert) {
+  const int sg = nearestSeg(context.store, pointer);
+  const Point marker{context.store.markerx, context.store.markery};
+  return GetClosetFeaturePoint(context, sg, {pointer, marker, invert});
 }
 
-Point snappedPosition(const Desk& desk, Point position) {
-  if (const auto& feature = desk.state.FeaturePoint()) return {feature->X, feature->Y};
-  return snappedToGrid(desk.store, position);
+Point snappedPosition(const DraftingContext& context, Point position) {
+  if (const auto& feature = context.state.FeaturePoint()) return {feature->X, feature->Y};
+  return snappedToGrid(context.store, position);
 }
 
-void OSnap_ButtonClick(Desk& desk) {
-  desk.state.OSnapOn = !desk.state.OSnapOn;
-  desk.tools.setChecked(kObjectSnapCommand.info.tool, desk.state.OSnapOn);
-  desk.state.RevertOSnapFeatures();
+void OSnap_ButtonClick(DraftingContext& context) {
+  context.state.OSnapOn = !context.state.OSnapOn;
+  context.tools.setChecked(kObjectSnapCommand.info.tool, context.state.OSnapOn);
+  context.state.RevertOSnapFeatures();
 }
 
-void OSnapMenuClick(Desk& desk, FeatureKind kind) {
-  const bool once = !desk.tools.isChecked(kObjectSnapCommand.info.tool);
-  desk.state.UpdateOSnapFeature(once, static_cast<int>(kind));
+void OSnapMenuClick(DraftingContext& context, FeatureKind kind) {
+  const bool once = !context.tools.isChecked(kObjectSnapCommand.info.tool);
+  context.state.UpdateOSnapFeature(once, static_cast<int>(kind));
 }
 
-void tbbtnmnuOSnapEndpoints_ButtonMenuClick(Desk& desk) {
-  OSnapMenuClick(desk, FeatureKind::EndPoint);
+void tbbtnmnuOSnapEndpoints_ButtonMenuClick(DraftingContext& context) {
+  OSnapMenuClick(context, FeatureKind::EndPoint);
 }
-void tbbtnmnuOSnapCenter_ButtonMenuClick(Desk& desk) {
-  OSnapMenuClick(desk, FeatureKind::Center);
+void tbbtnmnuOSnapCenter_ButtonMenuClick(DraftingContext& context) {
+  OSnapMenuClick(context, FeatureKind::Center);
 }
-void tbbtnmnuOSnapMidpoint_ButtonMenuClick(Desk& desk) {
-  OSnapMenuClick(desk, FeatureKind::Midpoint);
+void tbbtnmnuOSnapMidpoint_ButtonMenuClick(DraftingContext& context) {
+  OSnapMenuClick(context, FeatureKind::Midpoint);
 }
-void tbbtnmnuOSnapPerpendicular_ButtonMenuClick(Desk& desk) {
-  OSnapMenuClick(desk, FeatureKind::Perpendicular);
+void tbbtnmnuOSnapPerpendicular_ButtonMenuClick(DraftingContext& context) {
+  OSnapMenuClick(context, FeatureKind::Perpendicular);
 }
-void tbbtnmnuOSnapQuadrants_ButtonMenuClick(Desk& desk) {
-  OSnapMenuClick(desk, FeatureKind::Quadrant);
+void tbbtnmnuOSnapQuadrants_ButtonMenuClick(DraftingContext& context) {
+  OSnapMenuClick(context, FeatureKind::Quadrant);
 }
 
-void OSnap_ButtonClick_ButtonDropDown(Desk& desk) {
-  const bool down = desk.tools.isChecked(kObjectSnapCommand.info.tool);
-  for (const DeskCommand* const entry : kSnapMenu) {
-    const Tool* const tool = desk.tools.tool(entry->info.tool);
+void OSnap_ButtonClick_ButtonDropDown(DraftingContext& context) {
+  const bool down = context.tools.isChecked(kObjectSnapCommand.info.tool);
+  for (const DraftingCommand* const entry : kSnapMenu) {
+    const Tool* const tool = context.tools.tool(entry->info.tool);
     if (tool == nullptr) continue;
-    const bool held = desk.state.OSnapFeatures[static_cast<std::size_t>(entry->info.tag)];
-    desk.tools.setCaption(entry->info.tool, marked(tool->caption, down && held));
+    const bool held = context.state.OSnapFeatures[static_cast<std::size_t>(entry->info.tag)];
+    context.tools.setCaption(entry->info.tool, marked(tool->caption, down && held));
   }
 }
 
@@ -205,18 +208,18 @@ void OSnap_ButtonClick_ButtonDropDown(Desk& desk) {
 namespace {
 
 template <FeatureKind kind>
-void toggleSnap(Desk& desk) {
-  OSnapMenuClick(desk, kind);
+void toggleSnap(DraftingContext& context) {
+  OSnapMenuClick(context, kind);
 }
 
 template <FeatureKind kind>
-void snapOnce(Desk& desk) {
-  desk.state.UpdateOSnapFeature(/*once=*/true, static_cast<int>(kind));
+void snapOnce(DraftingContext& context) {
+  context.state.UpdateOSnapFeature(/*once=*/true, static_cast<int>(kind));
 }
 
 // An entry that turns a kind over, and one that offers it for a single use under the same icon.
 template <FeatureKind kind>
-constexpr DeskCommand toggling(const char* tool, const char* caption, int place) {
+constexpr DraftingCommand toggling(const char* tool, const char* caption, int place) {
   return {.info = {.tool = tool,
                    .caption = caption,
                    .menu = {"OSnapMenu", place},
@@ -225,8 +228,8 @@ constexpr DeskCommand toggling(const char* tool, const char* caption, int place)
 }
 
 template <FeatureKind kind>
-constexpr DeskCommand single(const char* tool, const char* caption, int place,
-                             const DeskCommand& twin) {
+constexpr DraftingCommand single(const char* tool, const char* caption, int place,
+                                 const DraftingCommand& twin) {
   return {.info = {.tool = tool,
                    .caption = caption,
                    .menu = {"OSnapMenu", place},
@@ -237,7 +240,7 @@ constexpr DeskCommand single(const char* tool, const char* caption, int place,
 
 }  // namespace
 
-constexpr DeskCommand kObjectSnapCommand{
+constexpr DraftingCommand kObjectSnapCommand{
     .info = {.tool = "OSnap",
              .caption = "Object Snap",
              .bar = {"Options", 110},
@@ -245,26 +248,26 @@ constexpr DeskCommand kObjectSnapCommand{
     .run = OSnap_ButtonClick,
 };
 
-constexpr DeskCommand kSnapEndpointsCommand =
+constexpr DraftingCommand kSnapEndpointsCommand =
     toggling<FeatureKind::EndPoint>("miOSnapEndpoints", "  Endpoints", 110);
-constexpr DeskCommand kSnapCenterCommand =
+constexpr DraftingCommand kSnapCenterCommand =
     toggling<FeatureKind::Center>("miOSnapCenter", "  Center", 120);
-constexpr DeskCommand kSnapMidpointCommand =
+constexpr DraftingCommand kSnapMidpointCommand =
     toggling<FeatureKind::Midpoint>("miOSnapMidpoint", "  Midpoint", 130);
-constexpr DeskCommand kSnapQuadrantCommand =
+constexpr DraftingCommand kSnapQuadrantCommand =
     toggling<FeatureKind::Quadrant>("miOSnapQuadrant", "  Quadrant", 140);
-constexpr DeskCommand kSnapPerpendicularCommand =
+constexpr DraftingCommand kSnapPerpendicularCommand =
     toggling<FeatureKind::Perpendicular>("miOSnapPerpendicular", "  Perpendicular", 150);
 
-constexpr DeskCommand kSnapEndpointsOnceCommand = single<FeatureKind::EndPoint>(
+constexpr DraftingCommand kSnapEndpointsOnceCommand = single<FeatureKind::EndPoint>(
     "miOSnapEndpointsSingle", "Endpoint once", 210, kSnapEndpointsCommand);
-constexpr DeskCommand kSnapCenterOnceCommand =
+constexpr DraftingCommand kSnapCenterOnceCommand =
     single<FeatureKind::Center>("miOSnapCenterSingle", "Center once", 220, kSnapCenterCommand);
-constexpr DeskCommand kSnapMidpointOnceCommand = single<FeatureKind::Midpoint>(
+constexpr DraftingCommand kSnapMidpointOnceCommand = single<FeatureKind::Midpoint>(
     "miOSnapMidpointSingle", "Midpoint once", 230, kSnapMidpointCommand);
-constexpr DeskCommand kSnapQuadrantOnceCommand = single<FeatureKind::Quadrant>(
+constexpr DraftingCommand kSnapQuadrantOnceCommand = single<FeatureKind::Quadrant>(
     "miOSnapQuadrantSingle", "Quadrant once", 240, kSnapQuadrantCommand);
-constexpr DeskCommand kSnapPerpendicularOnceCommand = single<FeatureKind::Perpendicular>(
+constexpr DraftingCommand kSnapPerpendicularOnceCommand = single<FeatureKind::Perpendicular>(
     "miOSnapPerpendicularSingle", "Perpendicular once", 250, kSnapPerpendicularCommand);
 
 }  // namespace tess

@@ -9,7 +9,7 @@
 
 #include <optional>
 
-#include "drafting/desk.h"
+#include "drafting/drafting_context.h"
 
 namespace tess {
 
@@ -24,27 +24,28 @@ int effectiveType(const DrawingStore& store, int sg);
 
 // The nearest feature of row `sg` within the sensitive radius; of equally near ones the first in
 // the order of kinds. Row 0 offers no more than the typed position.
-std::optional<CFeaturePoint> GetClosetFeaturePoint(const Desk& desk, int sg,
+std::optional<CFeaturePoint> GetClosetFeaturePoint(const DraftingContext& context, int sg,
                                                    const SnapQuery& query);
 
 // The same for the row nearest the pointer, perpendiculars starting from the marker.
-std::optional<CFeaturePoint> featureAtPointer(const Desk& desk, Point pointer, bool invert);
+std::optional<CFeaturePoint> featureAtPointer(const DraftingContext& context, Point pointer,
+                                              bool invert);
 
 // Where a click at `position` counts: at the current feature, else on the cursor grid if it is on.
-Point snappedPosition(const Desk& desk, Point position);
+Point snappedPosition(const DraftingContext& context, Point position);
 
 // The OSnap button: snap on or off.
-void OSnap_ButtonClick(Desk& desk);
+void OSnap_ButtonClick(DraftingContext& context);
 
 // An entry of the snap menu: turns the kind over while the button is down, else a single use.
-void OSnapMenuClick(Desk& desk, FeatureKind kind);
-void tbbtnmnuOSnapEndpoints_ButtonMenuClick(Desk& desk);
-void tbbtnmnuOSnapCenter_ButtonMenuClick(Desk& desk);
-void tbbtnmnuOSnapMidpoint_ButtonMenuClick(Desk& desk);
-void tbbtnmnuOSnapPerpendicular_ButtonMenuClick(Desk& desk);
-void tbbtnmnuOSnapQuadrants_ButtonMenuClick(Desk& desk);
+void OSnapMenuClick(DraftingContext& context, FeatureKind kind);
+void tbbtnmnuOSnapEndpoints_ButtonMenuClick(DraftingContext& context);
+void tbbtnmnuOSnapCenter_ButtonMenuClick(DraftingContext& context);
+void tbbtnmnuOSnapMidpoint_ButtonMenuClick(DraftingContext& context);
+void tbbtnmnuOSnapPerpendicular_ButtonMenuClick(DraftingContext& context);
+void tbbtnmnuOSnapQuadrants_ButtonMenuClick(DraftingContext& context);
 
 // Marks the menu's entries whose kinds are in the persistent set.
-void OSnap_ButtonClick_ButtonDropDown(Desk& desk);
+void OSnap_ButtonClick_ButtonDropDown(DraftingContext& context);
 
 }  // namespace tess

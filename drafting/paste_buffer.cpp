@@ -4,21 +4,21 @@
 #include <utility>
 
 #include "core/drawing_store.h"
-#include "drafting/desk.h"
 #include "drafting/drafting_commands.h"
+#include "drafting/drafting_context.h"
 
 namespace tess {
 
-void offerPaste(Desk& desk) {
-  desk.paste.pastebasex = desk.store.markerx;
-  desk.paste.pastebasey = desk.store.markery;
-  desk.paste.pasteavailable = true;
-  desk.tools.setEnabled(kPasteCommand.info.tool, true);
+void offerPaste(DraftingContext& context) {
+  context.paste.pastebasex = context.store.markerx;
+  context.paste.pastebasey = context.store.markery;
+  context.paste.pasteavailable = true;
+  context.tools.setEnabled(kPasteCommand.info.tool, true);
 }
 
-void fillPasteBuffer(Desk& desk, std::vector<clsSegment> rows) {
-  desk.paste.pastebuffer = std::move(rows);
-  offerPaste(desk);
+void fillPasteBuffer(DraftingContext& context, std::vector<clsSegment> rows) {
+  context.paste.pastebuffer = std::move(rows);
+  offerPaste(context);
 }
 
 }  // namespace tess

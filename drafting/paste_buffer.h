@@ -9,7 +9,7 @@
 
 namespace tess {
 
-struct Desk;
+struct DraftingContext;
 
 struct PasteBuffer {
   std::vector<clsSegment> pastebuffer;   // in the order of the table
@@ -18,9 +18,9 @@ struct PasteBuffer {
 };
 
 // The marker becomes the base of what is in the buffer, and miPaste is enabled.
-void offerPaste(Desk& desk);
+void offerPaste(DraftingContext& context);
 
 // The same with these rows in the place of what was there before.
-void fillPasteBuffer(Desk& desk, std::vector<clsSegment> rows);
+void fillPasteBuffer(DraftingContext& context, std::vector<clsSegment> rows);
 
 }  // namespace tess

@@ -22,132 +22,134 @@ constexpr char kMoveSelectedPrompt[] =
     "Click at new position to move.  Only selected drawing segments will be moved.";
 
 // No command arms these, yet they have their numbers and prompts.
-constexpr Action<Desk> kUnarmed[] = {
+constexpr Action<DraftingContext> kUnarmed[] = {
     {{.action = NewPosition, .prompt = "Click at new position."}},
     {{.action = NewStartPosition, .prompt = "Click at new start position."}, clickStartPosition},
     {{.action = PocketEntity, .prompt = "Click to select entity for pocket."}},
     {{.action = IslandEntity, .prompt = "Click to select entity for island."}},
 };
 
-void redraw(Desk& desk) {
-  desk.redraw.redrawscreen();
+void redraw(DraftingContext& context) {
+  context.redraw.redrawscreen();
 }
 
 // Fixed: a click exactly on the marker draws nothing; chains would get lines without length.
-bool isOnMarker(const Desk& desk) {
-  return desk.pointer.MouseX == desk.store.markerx && desk.pointer.MouseY == desk.store.markery;
+bool isOnMarker(const DraftingContext& context) {
+  return context.pointer.MouseX == context.store.markerx &&
+         context.pointer.MouseY == context.store.markery;
 }
 
 // After the click: a step that wants to go on has left a negative number, which outlives the reset
 // of one-shot actions and the redraw.
-void settleAction(Desk& desk) {
-  const int after = desk.state.pendingaction();
-  const ActionText* const action = findAction(desk, after);
+void settleAction(DraftingContext& context) {
+  const int after = context.state.pendingaction();
+  const ActionText* const action = findAction(context, after);
   const bool stays = after < 0 || (action != nullptr && action->stays);
-  if (!stays) desk.state.setPendingaction(0);
-  redraw(desk);
-  const int settled = desk.state.pendingaction();
-  if (settled != 0) desk.state.setPendingaction(std::abs(settled));
+  if (!stays) context.state.setPendingaction(0);
+  redraw(context);
+  const int settled = context.state.pendingaction();
+  if (settled != 0) context.state.setPendingaction(std::abs(settled));
 }
 
-void completeLeft(Desk& desk) {
-  const int action = desk.state.pendingaction();
-  const bool fires = desk.pointer.LeftDown && !(action == 0 && isOnMarker(desk));
+void completeLeft(DraftingContext& context) {
+  const int action = context.state.pendingaction();
+  const bool fires = context.pointer.LeftDown && !(action == 0 && isOnMarker(context));
   if (!fires) return;
   if (action == 0) {
-    draw_Action(desk, desk.ScreenProxy);
-    refreshStatus(desk);
+    draw_Action(context, context.ScreenProxy);
+    refreshStatus(context);
   } else if (action == static_cast<int>(ZoomWindow)) {
-    desk.state.setPendingaction(0);
+    context.state.setPendingaction(0);
   } else if (action == static_cast<int>(MoveEndPoint)) {
-    desk.state.setPendingaction(0);
-    redraw(desk);
+    context.state.setPendingaction(0);
+    redraw(context);
   } else {
-    do_pending(desk);
-    settleAction(desk);
+    do_pending(context);
+    settleAction(context);
   }
 }
 
-void completeRight(Desk& desk) {
-  desk.pointer.RightDown = false;
-  if (desk.state.pendingaction() != 0) {
-    eraseDragBand(desk);
-    desk.state.setPendingaction(0);
+void completeRight(DraftingContext& context) {
+  context.pointer.RightDown = false;
+  if (context.state.pendingaction() != 0) {
+    eraseDragBand(context);
+    context.state.setPendingaction(0);
   } else {
-    dropThreePointCommand(desk);
-    moveMarker(desk, desk.pointer.MouseX, desk.pointer.MouseY);
+    dropThreePointCommand(context);
+    moveMarker(context, context.pointer.MouseX, context.pointer.MouseY);
   }
-  desk.state.RevertOSnapFeatures();
+  context.state.RevertOSnapFeatures();
 }
 
 }  // namespace
 
-void addUnarmedActions(Desk& desk) {
-  desk.addActions(desk, std::span<const Action<Desk>>(kUnarmed));
+void addUnarmedActions(DraftingContext& context) {
+  context.addActions(context, std::span<const Action<DraftingContext>>(kUnarmed));
 }
 
-std::string pendingPrompt(const Desk& desk, int number) {
+std::string pendingPrompt(const DraftingContext& context, int number) {
   if (number == 0) return {};
-  if (number == static_cast<int>(Move) && selectedCount(desk.store) > 0) return kMoveSelectedPrompt;
-  const ActionText* const action = findAction(desk, number);
+  if (number == static_cast<int>(Move) && selectedCount(context.store) > 0)
+    return kMoveSelectedPrompt;
+  const ActionText* const action = findAction(context, number);
   return action != nullptr ? action->prompt : "Pending Function #" + std::to_string(number);
 }
 
-void refreshStatus(Desk& desk) {
-  desk.statusBar.setText({});
-  updateZoomFactor(desk.view);
-  const std::string zoom = zoomText(desk.view.zoomfactor);
-  desk.listener.showStatistics(desk.store.NumSegments, desk.store.NumPathSegments, zoom);
-  desk.statusBar.setPanel(StatusPanel::Zoom, zoom);
-  desk.statusBar.setText(pendingPrompt(desk, desk.state.pendingaction()));
-  refreshCoordinates(desk);
+void refreshStatus(DraftingContext& context) {
+  context.statusBar.setText({});
+  updateZoomFactor(context.view);
+  const std::string zoom = zoomText(context.view.zoomfactor);
+  context.listener.showStatistics(context.store.NumSegments, context.store.NumPathSegments, zoom);
+  context.statusBar.setPanel(StatusPanel::Zoom, zoom);
+  context.statusBar.setText(pendingPrompt(context, context.state.pendingaction()));
+  refreshCoordinates(context);
 }
 
-void refreshCoordinates(Desk& desk) {
-  const auto show = [&desk](StatusPanel panel, const char* axis, float value) {
-    desk.statusBar.setPanel(panel, axis + formatNumber(value, desk.session.formats.coordfmt));
+void refreshCoordinates(DraftingContext& context) {
+  const auto show = [&context](StatusPanel panel, const char* axis, float value) {
+    context.statusBar.setPanel(panel, axis + formatNumber(value, context.session.formats.coordfmt));
   };
-  show(StatusPanel::X, "X: ", desk.pointer.MouseX);
-  show(StatusPanel::Y, "Y: ", desk.pointer.MouseY);
-  show(StatusPanel::Z, "Z: ", -std::abs(desk.store.cfg_final_depth));
+  show(StatusPanel::X, "X: ", context.pointer.MouseX);
+  show(StatusPanel::Y, "Y: ", context.pointer.MouseY);
+  show(StatusPanel::Z, "Z: ", -std::abs(context.store.cfg_final_depth));
 }
 
-void do_pending(Desk& desk) {
+void do_pending(DraftingContext& context) {
   const Procedure here("frmMain.do_pending");
-  const int action = desk.state.pendingaction();
+  const int action = context.state.pendingaction();
   if (action < 0 || action >= kActionNumbers) return;
-  const auto& click = desk.clickActions[static_cast<std::size_t>(action)];
-  if (click) click(desk);
+  const auto& click = context.clickActions[static_cast<std::size_t>(action)];
+  if (click) click(context);
 }
 
-void completeRelease(Desk& desk, int button) {
+void completeRelease(DraftingContext& context, int button) {
   if (button == kLeftButton) {
-    completeLeft(desk);
-    desk.pointer.LeftDown = false;
+    completeLeft(context);
+    context.pointer.LeftDown = false;
   } else if (button == kRightButton) {
-    completeRight(desk);
+    completeRight(context);
   }
 }
 
 // Fixed: the drawing mode stays; operators go on drawing after an Esc.
-void Handle_esc(Desk& desk) {
-  const int number = desk.state.pendingaction();
+void Handle_esc(DraftingContext& context) {
+  const int number = context.state.pendingaction();
   if (number == 0) return;
-  eraseDragBand(desk);
-  const ActionText* const action = findAction(desk, number);
+  eraseDragBand(context);
+  const ActionText* const action = findAction(context, number);
   if (action != nullptr && action->escRedraws) {
-    redraw(desk);
-    desk.pointer.LeftDown = false;
+    redraw(context);
+    context.pointer.LeftDown = false;
   }
-  desk.state.setPendingaction(0);
-  desk.command.PendingSeg1 = 0;
-  desk.command.PendingSeg2 = 0;
+  context.state.setPendingaction(0);
+  context.command.PendingSeg1 = 0;
+  context.command.PendingSeg2 = 0;
 }
 
-void arm(Desk& desk, PendingAction action, int drawMode) {
-  desk.state.setPendingaction(static_cast<int>(action));
-  desk.state.setDrawMode(drawMode);
-  desk.command.LastCommand = static_cast<int>(action);
+void arm(DraftingContext& context, PendingAction action, int drawMode) {
+  context.state.setPendingaction(static_cast<int>(action));
+  context.state.setDrawMode(drawMode);
+  context.command.LastCommand = static_cast<int>(action);
 }
 
 }  // namespace tess

@@ -7,7 +7,7 @@
 #include <string>
 
 #include "core/pending_action.h"
-#include "drafting/desk.h"
+#include "drafting/drafting_context.h"
 
 namespace tess {
 
@@ -17,8 +17,8 @@ constexpr int goOnWith(PendingAction next) {
   return -static_cast<int>(next);
 }
 
-// Makes the desk know the actions that have a prompt but no command.
-void addUnarmedActions(Desk& desk);
+// Makes the context know the actions that have a prompt but no command.
+void addUnarmedActions(DraftingContext& context);
 
 // The prompt of Move while nothing is selected.
 inline constexpr char kMoveAllPrompt[] =
@@ -26,23 +26,23 @@ inline constexpr char kMoveAllPrompt[] =
 
 // The prompt of an armed action; "" for 0, "Pending Function #" and the number for an unknown one.
 // The prompt of Move depends on whether segments are selected.
-std::string pendingPrompt(const Desk& desk, int number);
+std::string pendingPrompt(const DraftingContext& context, int number);
 
 // Blanks the status line, then shows counts, zoom, prompt and coordinates.
-void refreshStatus(Desk& desk);
+void refreshStatus(DraftingContext& context);
 // X, Y and Z in their panels; Z is minus the final depth's absolute value.
-void refreshCoordinates(Desk& desk);
+void refreshCoordinates(DraftingContext& context);
 
 // Runs the armed action for the click at MouseX, MouseY. A number above 47 does nothing.
-void do_pending(Desk& desk);
+void do_pending(DraftingContext& context);
 
 // What a completed release does with the armed action or drawing mode, by the button released.
-void completeRelease(Desk& desk, int button);
+void completeRelease(DraftingContext& context, int button);
 
 // Esc: cancels the armed action. The drawing mode stays.
-void Handle_esc(Desk& desk);
+void Handle_esc(DraftingContext& context);
 
 // Arms an action: pending action first, then drawing mode, then the repeat key's memory.
-void arm(Desk& desk, PendingAction action, int drawMode = 0);
+void arm(DraftingContext& context, PendingAction action, int drawMode = 0);
 
 }  // namespace tess

@@ -30,71 +30,72 @@ constexpr int kGridSnapInterval = 375;
 constexpr int kPositionDecimals = 6;
 constexpr double kWindowPixels = 10;  // a drag at least this wide or high is a window
 
-bool isArmed(const Desk& desk, PendingAction action) {
-  return desk.state.pendingaction() == static_cast<int>(action);
+bool isArmed(const DraftingContext& context, PendingAction action) {
+  return context.state.pendingaction() == static_cast<int>(action);
 }
 
-bool isAnyArmed(const Desk& desk, std::initializer_list<PendingAction> actions) {
+bool isAnyArmed(const DraftingContext& context, std::initializer_list<PendingAction> actions) {
   return std::any_of(actions.begin(), actions.end(),
-                     [&desk](PendingAction action) { return isArmed(desk, action); });
+                     [&context](PendingAction action) { return isArmed(context, action); });
 }
 
-double clockTime(Desk& desk) {
-  return desk.session.host.clock.elapsedMilliseconds();
+double clockTime(DraftingContext& context) {
+  return context.session.host.clock.elapsedMilliseconds();
 }
 
 Point at(const PointerEvent& event) {
   return {event.X, event.Y};
 }
 
-void hoverAt(Desk& desk, Point position) {
-  moveDragBand(desk, snappedPosition(desk, position));
+void hoverAt(DraftingContext& context, Point position) {
+  moveDragBand(context, snappedPosition(context, position));
 }
 
 // ---- Press
 
-bool swallowedByMenuAtPress(Desk& desk) {
-  const bool guarded = clockTime(desk) - desk.pointer.MenuGuardTime < kPressGuard;
-  if (!guarded && !desk.pointer.MenuGuard) return false;
-  desk.pointer.MenuGuard = false;
+bool swallowedByMenuAtPress(DraftingContext& context) {
+  const bool guarded = clockTime(context) - context.pointer.MenuGuardTime < kPressGuard;
+  if (!guarded && !context.pointer.MenuGuard) return false;
+  context.pointer.MenuGuard = false;
   return true;
 }
 
-void pressLeft(Desk& desk, const PointerEvent& event) {
-  PointerRecord& pointer = desk.pointer;
+void pressLeft(DraftingContext& context, const PointerEvent& event) {
+  PointerRecord& pointer = context.pointer;
   pointer.LeftDown = true;
   pointer.MouseDownX = pointer.MouseMoveX = event.X;
   pointer.MouseDownY = pointer.MouseMoveY = event.Y;
-  if (isArmed(desk, None)) showRubberBand(desk);
-  if (isArmed(desk, Pan)) pointer.PanStart = desk.viewCommands.beginPan(at(event));
-  if (isArmed(desk, PlaceText)) desk.listener.textDragReset();
-  if (isArmed(desk, Measure)) pressMeasure(desk, at(event));
-  if (isArmed(desk, MoveEndPoint)) pressEndPoint(desk, at(event));
-  if (hovers(desk, desk.state.pendingaction())) hoverAt(desk, at(event));
+  if (isArmed(context, None)) showRubberBand(context);
+  if (isArmed(context, Pan)) pointer.PanStart = context.viewCommands.beginPan(at(event));
+  if (isArmed(context, PlaceText)) context.listener.textDragReset();
+  if (isArmed(context, Measure)) pressMeasure(context, at(event));
+  if (isArmed(context, MoveEndPoint)) pressEndPoint(context, at(event));
+  if (hovers(context, context.state.pendingaction())) hoverAt(context, at(event));
 }
 
 // ---- Move
 
-void panWithControl(Desk& desk, const PointerEvent& event) {
-  if (isArmed(desk, None) && desk.pointer.RubberKind == 0) {
-    desk.viewCommands.movePan(desk.pointer.PanStart, at(event));
+void panWithControl(DraftingContext& context, const PointerEvent& event) {
+  if (isArmed(context, None) && context.pointer.RubberKind == 0) {
+    context.viewCommands.movePan(context.pointer.PanStart, at(event));
   }
-  desk.viewCommands.showPanPointer();
+  context.viewCommands.showPanPointer();
 }
 
 // The shift key turns object snap over while a position is being picked.
-bool invertsSnap(const Desk& desk, const PointerEvent& event) {
+bool invertsSnap(const DraftingContext& context, const PointerEvent& event) {
   if (event.Button == 0 || event.Shift != kShiftKey) return false;
-  return isAnyArmed(desk, {MoveEndPoint, Measure}) ||
-         (isArmed(desk, None) && isDrawing(desk.state.DrawMode())) || event.Button == kRightButton;
+  return isAnyArmed(context, {MoveEndPoint, Measure}) ||
+         (isArmed(context, None) && isDrawing(context.state.DrawMode())) ||
+         event.Button == kRightButton;
 }
 
-void offerFeature(Desk& desk, const PointerEvent& event, bool invertSnap) {
-  const ActionText* const action = findAction(desk, desk.state.pendingaction());
+void offerFeature(DraftingContext& context, const PointerEvent& event, bool invertSnap) {
+  const ActionText* const action = findAction(context, context.state.pendingaction());
   const bool snaps = action == nullptr || action->snaps;
-  const bool offers = snaps && !(desk.state.OSnapOn && invertSnap);
-  desk.state.setFeaturePoint(offers ? featureAtPointer(desk, at(event), invertSnap)
-                                    : std::optional<CFeaturePoint>{});
+  const bool offers = snaps && !(context.state.OSnapOn && invertSnap);
+  context.state.setFeaturePoint(offers ? featureAtPointer(context, at(event), invertSnap)
+                                       : std::optional<CFeaturePoint>{});
 }
 
 WorldBox dragBox(const PointerRecord& pointer) {
@@ -102,35 +103,35 @@ WorldBox dragBox(const PointerRecord& pointer) {
 }
 
 // The view takes an old box for one that is on the screen.
-void moveZoomBox(Desk& desk, const PointerEvent& event) {
-  showDragBand(desk);
-  const WorldBox shown = dragBox(desk.pointer);
-  desk.pointer.MouseMoveX = event.X;
-  desk.pointer.MouseMoveY = event.Y;
-  desk.viewCommands.dragZoomBox(shown, dragBox(desk.pointer));
+void moveZoomBox(DraftingContext& context, const PointerEvent& event) {
+  showDragBand(context);
+  const WorldBox shown = dragBox(context.pointer);
+  context.pointer.MouseMoveX = event.X;
+  context.pointer.MouseMoveY = event.Y;
+  context.viewCommands.dragZoomBox(shown, dragBox(context.pointer));
 }
 
 // A drag whose release got lost ends with the first event that reports no button.
-void movePanDrag(Desk& desk, const PointerEvent& event) {
-  PointerRecord& pointer = desk.pointer;
+void movePanDrag(DraftingContext& context, const PointerEvent& event) {
+  PointerRecord& pointer = context.pointer;
   if (event.Button == 0) {
-    picDrawing_MouseUp(desk, {kLeftButton, event.Shift, event.X, event.Y});
+    picDrawing_MouseUp(context, {kLeftButton, event.Shift, event.X, event.Y});
     pointer.LeftDown = false;
     return;
   }
   const Point last{pointer.MouseMoveX, pointer.MouseMoveY};
-  if (samePoint(at(event), last, desk.store.cfg_tolerance)) return;
-  desk.viewCommands.movePan(pointer.PanStart, at(event));
+  if (samePoint(at(event), last, context.store.cfg_tolerance)) return;
+  context.viewCommands.movePan(pointer.PanStart, at(event));
 }
 
-void moveLeft(Desk& desk, const PointerEvent& event, bool invertSnap) {
-  offerFeature(desk, event, invertSnap);
-  if (isArmed(desk, None)) moveRubberBand(desk, at(event));
-  if (isAnyArmed(desk, {Select, Unselect})) moveDragBand(desk, at(event));
-  if (isArmed(desk, ZoomWindow)) moveZoomBox(desk, event);
-  if (isArmed(desk, Pan)) movePanDrag(desk, event);
-  if (isArmed(desk, Measure)) moveMeasure(desk, at(event));
-  if (hovers(desk, desk.state.pendingaction())) hoverAt(desk, at(event));
+void moveLeft(DraftingContext& context, const PointerEvent& event, bool invertSnap) {
+  offerFeature(context, event, invertSnap);
+  if (isArmed(context, None)) moveRubberBand(context, at(event));
+  if (isAnyArmed(context, {Select, Unselect})) moveDragBand(context, at(event));
+  if (isArmed(context, ZoomWindow)) moveZoomBox(context, event);
+  if (isArmed(context, Pan)) movePanDrag(context, event);
+  if (isArmed(context, Measure)) moveMeasure(context, at(event));
+  if (hovers(context, context.state.pendingaction())) hoverAt(context, at(event));
 }
 
 bool differs(float a, float b) {
@@ -138,8 +139,8 @@ bool differs(float a, float b) {
 }
 
 // Takes the unsnapped position in; true when it is a new one that may move the pointer position.
-bool takeRaw(Desk& desk, Point raw) {
-  PointerRecord& pointer = desk.pointer;
+bool takeRaw(DraftingContext& context, Point raw) {
+  PointerRecord& pointer = context.pointer;
   pointer.RawX = raw.x;
   pointer.RawY = raw.y;
   const bool moved = differs(raw.x, pointer.LastRawX) || differs(raw.y, pointer.LastRawY);
@@ -152,222 +153,224 @@ void keepRaw(PointerRecord& pointer) {
   pointer.LastRawY = pointer.RawY;
 }
 
-void followPointer(Desk& desk, const PointerEvent& event) {
-  PointerRecord& pointer = desk.pointer;
-  if (takeRaw(desk, at(event))) {
-    const Point snapped = snappedToGrid(desk.store, at(event));
+void followPointer(DraftingContext& context, const PointerEvent& event) {
+  PointerRecord& pointer = context.pointer;
+  if (takeRaw(context, at(event))) {
+    const Point snapped = snappedToGrid(context.store, at(event));
     const bool restarts = !(snapped == at(event)) && event.Button != 0;
     pointer.MouseX = snapped.x;
     pointer.MouseY = snapped.y;
-    if (restarts) desk.gridSnapTimer->restart();
+    if (restarts) context.gridSnapTimer->restart();
   }
-  refreshCoordinates(desk);
+  refreshCoordinates(context);
   keepRaw(pointer);
 }
 
 // ---- Release, first stage
 
-bool swallowedByMenuAtRelease(Desk& desk) {
-  PointerRecord& pointer = desk.pointer;
-  const bool guarded = clockTime(desk) - pointer.MenuGuardTime < kReleaseGuard;
+bool swallowedByMenuAtRelease(DraftingContext& context) {
+  PointerRecord& pointer = context.pointer;
+  const bool guarded = clockTime(context) - pointer.MenuGuardTime < kReleaseGuard;
   if (!guarded && !pointer.MenuGuard) return false;
   pointer.MenuGuard = false;
   pointer.MenuGuardTime = PointerRecord::kLongAgo;
   return true;
 }
 
-void releaseBand(Desk& desk) {
-  eraseRubberBand(desk);
-  desk.redraw.redrawscreen();
+void releaseBand(DraftingContext& context) {
+  eraseRubberBand(context);
+  context.redraw.redrawscreen();
 }
 
-bool isWindow(const Desk& desk) {
-  const WorldBox box = dragBox(desk.pointer);
+bool isWindow(const DraftingContext& context) {
+  const WorldBox box = dragBox(context.pointer);
   const double across =
-      std::abs(static_cast<double>(box.x0) - box.x1) * PixelsPerInchX(desk.ScreenProxy);
+      std::abs(static_cast<double>(box.x0) - box.x1) * PixelsPerInchX(context.ScreenProxy);
   const double down =
-      std::abs(static_cast<double>(box.y0) - box.y1) * PixelsPerInchY(desk.ScreenProxy);
+      std::abs(static_cast<double>(box.y0) - box.y1) * PixelsPerInchY(context.ScreenProxy);
   return across >= kWindowPixels || down >= kWindowPixels;
 }
 
 // A smaller drag stays a click, which the second stage completes.
-void releaseSelectionBox(Desk& desk, const PointerEvent& event) {
-  eraseDragBand(desk);
-  if (!isWindow(desk)) return;
-  desk.pointer.LeftDown = false;
-  const WorldBox box = dragBox(desk.pointer);
-  SelectWindow(desk, isArmed(desk, Select), {{box.x0, box.y0}, {box.x1, box.y1}}, event.shift());
+void releaseSelectionBox(DraftingContext& context, const PointerEvent& event) {
+  eraseDragBand(context);
+  if (!isWindow(context)) return;
+  context.pointer.LeftDown = false;
+  const WorldBox box = dragBox(context.pointer);
+  SelectWindow(context, isArmed(context, Select), {{box.x0, box.y0}, {box.x1, box.y1}},
+               event.shift());
 }
 
-void releaseZoomBox(Desk& desk) {
-  showDragBand(desk);
-  desk.pointer.LeftDown = false;
-  desk.pointer.DragBand = 0;
-  desk.viewCommands.releaseZoomBox(dragBox(desk.pointer));
+void releaseZoomBox(DraftingContext& context) {
+  showDragBand(context);
+  context.pointer.LeftDown = false;
+  context.pointer.DragBand = 0;
+  context.viewCommands.releaseZoomBox(dragBox(context.pointer));
 }
 
-void releasePan(Desk& desk, const PointerEvent& event) {
-  desk.viewCommands.endPan(desk.pointer.PanStart, at(event));
-  desk.pointer.LeftDown = false;
+void releasePan(DraftingContext& context, const PointerEvent& event) {
+  context.viewCommands.endPan(context.pointer.PanStart, at(event));
+  context.pointer.LeftDown = false;
 }
 
-void releaseLeft(Desk& desk, const PointerEvent& event) {
+void releaseLeft(DraftingContext& context, const PointerEvent& event) {
   // What was armed at the release counts: some of these change it.
-  const auto armed = static_cast<PendingAction>(desk.state.pendingaction());
-  if (armed == None) releaseBand(desk);
-  if (armed == Pan) releasePan(desk, event);
-  if (!desk.pointer.LeftDown) return;  // a menu swallowed the press: the last box is an old one
-  if (armed == Select || armed == Unselect) releaseSelectionBox(desk, event);
-  if (armed == ZoomWindow) releaseZoomBox(desk);
-  if (armed == Measure) releaseMeasure(desk);
-  if (hovers(desk, static_cast<int>(armed))) eraseDragBand(desk);
-  if (armed == MoveEndPoint) releaseEndPoint(desk, snappedPosition(desk, at(event)));
+  const auto armed = static_cast<PendingAction>(context.state.pendingaction());
+  if (armed == None) releaseBand(context);
+  if (armed == Pan) releasePan(context, event);
+  if (!context.pointer.LeftDown) return;  // a menu swallowed the press: the last box is an old one
+  if (armed == Select || armed == Unselect) releaseSelectionBox(context, event);
+  if (armed == ZoomWindow) releaseZoomBox(context);
+  if (armed == Measure) releaseMeasure(context);
+  if (hovers(context, static_cast<int>(armed))) eraseDragBand(context);
+  if (armed == MoveEndPoint) releaseEndPoint(context, snappedPosition(context, at(event)));
 }
 
 // ---- Release, second stage
 
-Point settledPosition(Desk& desk, const PointerEvent& event) {
+Point settledPosition(DraftingContext& context, const PointerEvent& event) {
   const Point position =
-      desk.state.FeaturePoint() ? at(event) : snappedToGrid(desk.store, at(event));
+      context.state.FeaturePoint() ? at(event) : snappedToGrid(context.store, at(event));
   return {roundTo(position.x, kPositionDecimals), roundTo(position.y, kPositionDecimals)};
 }
 
-void endFeature(Desk& desk) {
-  desk.typedPosition.reset();
-  if (desk.state.FeaturePoint()) {
-    desk.state.setFeaturePoint({});
-    desk.redraw.redrawscreen();
+void endFeature(DraftingContext& context) {
+  context.typedPosition.reset();
+  if (context.state.FeaturePoint()) {
+    context.state.setFeaturePoint({});
+    context.redraw.redrawscreen();
   }
-  desk.listener.UpdatePropertyWindow();
+  context.listener.UpdatePropertyWindow();
 }
 
-void showPickedEntity(Desk& desk) {
-  if (!isArmed(desk, Select) || desk.command.EditPaths) return;
-  const int sg = nearestSeg(desk.store, {desk.pointer.MouseX, desk.pointer.MouseY});
-  if (sg >= 1 && sg <= desk.store.NumSegments) desk.listener.selectEntity(sg);
+void showPickedEntity(DraftingContext& context) {
+  if (!isArmed(context, Select) || context.command.EditPaths) return;
+  const int sg = nearestSeg(context.store, {context.pointer.MouseX, context.pointer.MouseY});
+  if (sg >= 1 && sg <= context.store.NumSegments) context.listener.selectEntity(sg);
 }
 
 // A feature counts also where the pointer lay exactly on it and was snapped to the grid before.
-void completeAt(Desk& desk, const PointerEvent& event) {
-  const Point position = settledPosition(desk, event);
-  const bool onFeature = desk.state.FeaturePoint() && !desk.pointer.SkipPointerUpdate;
-  if (takeRaw(desk, position) || onFeature) {
-    desk.pointer.MouseX = position.x;
-    desk.pointer.MouseY = position.y;
+void completeAt(DraftingContext& context, const PointerEvent& event) {
+  const Point position = settledPosition(context, event);
+  const bool onFeature = context.state.FeaturePoint() && !context.pointer.SkipPointerUpdate;
+  if (takeRaw(context, position) || onFeature) {
+    context.pointer.MouseX = position.x;
+    context.pointer.MouseY = position.y;
   }
-  refreshCoordinates(desk);
-  completeRelease(desk, event.Button);
-  endFeature(desk);
-  showPickedEntity(desk);
-  keepRaw(desk.pointer);
+  refreshCoordinates(context);
+  completeRelease(context, event.Button);
+  endFeature(context);
+  showPickedEntity(context);
+  keepRaw(context.pointer);
 }
 
-PointerEvent atFeature(const Desk& desk, PointerEvent event) {
-  if (const auto& feature = desk.state.FeaturePoint()) {
+PointerEvent atFeature(const DraftingContext& context, PointerEvent event) {
+  if (const auto& feature = context.state.FeaturePoint()) {
     event.X = feature->X;
     event.Y = feature->Y;
   }
   return event;
 }
 
-bool panPointerShows(const Desk& desk) {
-  return desk.tools.isChecked(kPanCommand.info.tool) &&
-         desk.systemPointer.MousePointer() == kCustomShape;
+bool panPointerShows(const DraftingContext& context) {
+  return context.tools.isChecked(kPanCommand.info.tool) &&
+         context.systemPointer.MousePointer() == kCustomShape;
 }
 
 }  // namespace
 
-void picDrawing_MouseDown(Desk& desk, const PointerEvent& event) {
+void picDrawing_MouseDown(DraftingContext& context, const PointerEvent& event) {
   const Procedure here("frmMain.picDrawing_MouseDown(Button,Shift,X,Y)");
   if (event.control()) {
-    if (event.Button == kLeftButton) desk.pointer.PanStart = desk.viewCommands.beginPan(at(event));
+    if (event.Button == kLeftButton)
+      context.pointer.PanStart = context.viewCommands.beginPan(at(event));
     return;
   }
-  if (event.Button == kRightButton) desk.pointer.RightDown = true;
-  if (event.Button != kLeftButton || swallowedByMenuAtPress(desk)) return;
-  pressLeft(desk, event);
+  if (event.Button == kRightButton) context.pointer.RightDown = true;
+  if (event.Button != kLeftButton || swallowedByMenuAtPress(context)) return;
+  pressLeft(context, event);
 }
 
-void picDrawing_MouseMove(Desk& desk, const PointerEvent& event) {
+void picDrawing_MouseMove(DraftingContext& context, const PointerEvent& event) {
   const Procedure here("frmMain.picDrawing_MouseMove(Button,Shift,X,Y)");
   if (event.Button != 0 && event.Shift == 0) {
-    desk.gridSnapTimer->start();
+    context.gridSnapTimer->start();
   } else {
-    desk.gridSnapTimer->stop();
+    context.gridSnapTimer->stop();
   }
-  if (event.Button == kLeftButton && event.control()) return panWithControl(desk, event);
-  const bool invertSnap = invertsSnap(desk, event);
-  if (isArmed(desk, PlaceText)) {
-    desk.listener.textPointerEvent(event.Button, event.Shift, event.X, event.Y);
+  if (event.Button == kLeftButton && event.control()) return panWithControl(context, event);
+  const bool invertSnap = invertsSnap(context, event);
+  if (isArmed(context, PlaceText)) {
+    context.listener.textPointerEvent(event.Button, event.Shift, event.X, event.Y);
   }
-  if (desk.pointer.LeftDown) {
-    moveLeft(desk, event, invertSnap);
-  } else if (desk.pointer.RightDown) {
-    offerFeature(desk, event, invertSnap);
+  if (context.pointer.LeftDown) {
+    moveLeft(context, event, invertSnap);
+  } else if (context.pointer.RightDown) {
+    offerFeature(context, event, invertSnap);
   }
-  followPointer(desk, event);
-  if (!isArmed(desk, PlaceText)) desk.systemPointer.focusSurface();
+  followPointer(context, event);
+  if (!isArmed(context, PlaceText)) context.systemPointer.focusSurface();
 }
 
-void picDrawing_MouseUp(Desk& desk, const PointerEvent& released) {
+void picDrawing_MouseUp(DraftingContext& context, const PointerEvent& released) {
   const Procedure here("frmMain.picDrawing_MouseUp(Button,Shift,X,Y)");
-  if (!panPointerShows(desk)) desk.systemPointer.setMousePointer(kDefaultShape);
-  if (swallowedByMenuAtRelease(desk)) return;
-  desk.gridSnapTimer->stop();
-  const PointerEvent event = atFeature(desk, released);
+  if (!panPointerShows(context)) context.systemPointer.setMousePointer(kDefaultShape);
+  if (swallowedByMenuAtRelease(context)) return;
+  context.gridSnapTimer->stop();
+  const PointerEvent event = atFeature(context, released);
   if (event.Button == kLeftButton) {
-    desk.systemPointer.releaseCapture();
-    if (isArmed(desk, PlaceText)) {
-      desk.listener.textPointerEvent(event.Button, event.Shift, event.X, event.Y);
-      desk.pointer.LeftDown = false;
+    context.systemPointer.releaseCapture();
+    if (isArmed(context, PlaceText)) {
+      context.listener.textPointerEvent(event.Button, event.Shift, event.X, event.Y);
+      context.pointer.LeftDown = false;
       return;
     }
-    releaseLeft(desk, event);
+    releaseLeft(context, event);
   }
-  completeAt(desk, event);
+  completeAt(context, event);
 }
 
-PointerEvent inPresentView(const Desk& desk, const PointerEvent& stated) {
-  const bool pans = (isArmed(desk, Pan) && desk.pointer.LeftDown) ||
+PointerEvent inPresentView(const DraftingContext& context, const PointerEvent& stated) {
+  const bool pans = (isArmed(context, Pan) && context.pointer.LeftDown) ||
                     (stated.Button == kLeftButton && stated.control());
   if (!pans) return stated;
-  const Point place = desk.viewCommands.inPresentView(desk.pointer.PanStart, at(stated));
+  const Point place = context.viewCommands.inPresentView(context.pointer.PanStart, at(stated));
   return {stated.Button, stated.Shift, place.x, place.y};
 }
 
-void MouseWheel1_MouseWheel(Desk& desk, int steps, int shift) {
-  if (!isArmed(desk, PlaceText)) return;
-  const double now = clockTime(desk);
-  if (now - desk.lastWheelTime < kWheelPause) return;
-  desk.lastWheelTime = now;
-  desk.listener.textWheel(steps, shift);
+void MouseWheel1_MouseWheel(DraftingContext& context, int steps, int shift) {
+  if (!isArmed(context, PlaceText)) return;
+  const double now = clockTime(context);
+  if (now - context.lastWheelTime < kWheelPause) return;
+  context.lastWheelTime = now;
+  context.listener.textWheel(steps, shift);
 }
 
-void keyboardClick(Desk& desk, int button) {
-  const PointerEvent event{button, 0, desk.pointer.MouseX, desk.pointer.MouseY};
-  picDrawing_MouseDown(desk, event);
-  desk.pointer.SkipPointerUpdate = true;
-  picDrawing_MouseMove(desk, event);
-  desk.pointer.SkipPointerUpdate = true;
-  picDrawing_MouseUp(desk, event);
+void keyboardClick(DraftingContext& context, int button) {
+  const PointerEvent event{button, 0, context.pointer.MouseX, context.pointer.MouseY};
+  picDrawing_MouseDown(context, event);
+  context.pointer.SkipPointerUpdate = true;
+  picDrawing_MouseMove(context, event);
+  context.pointer.SkipPointerUpdate = true;
+  picDrawing_MouseUp(context, event);
 }
 
-void msetpos(Desk& desk, float x, float y) {
-  const PixelPoint pixel = desk.ScreenProxy.surface().toPixels(x, y);
-  desk.systemPointer.warp(roundHalfEven(pixel.x), roundHalfEven(pixel.y));
+void msetpos(DraftingContext& context, float x, float y) {
+  const PixelPoint pixel = context.ScreenProxy.surface().toPixels(x, y);
+  context.systemPointer.warp(roundHalfEven(pixel.x), roundHalfEven(pixel.y));
 }
 
-void armMenuGuard(Desk& desk) {
-  desk.pointer.MenuGuard = false;
-  desk.pointer.MenuGuardTime = clockTime(desk);
+void armMenuGuard(DraftingContext& context) {
+  context.pointer.MenuGuard = false;
+  context.pointer.MenuGuardTime = clockTime(context);
 }
 
-GridSnapTimer::GridSnapTimer(Desk& desk)
-    : timer_(desk.timers.create(
-          {.name = "tmrGridSnap", .intervalMs = kGridSnapInterval, .oneShot = true}, [&desk] {
-            if (!desk.systemPointer.isOverSurface()) return;
-            msetpos(desk, desk.pointer.MouseX, desk.pointer.MouseY);
-            desk.systemPointer.focusSurface();
+GridSnapTimer::GridSnapTimer(DraftingContext& context)
+    : timer_(context.timers.create(
+          {.name = "tmrGridSnap", .intervalMs = kGridSnapInterval, .oneShot = true}, [&context] {
+            if (!context.systemPointer.isOverSurface()) return;
+            msetpos(context, context.pointer.MouseX, context.pointer.MouseY);
+            context.systemPointer.focusSurface();
           })) {}
 
 void GridSnapTimer::restart() {

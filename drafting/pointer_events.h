@@ -7,7 +7,7 @@
 
 #include <memory>
 
-#include "drafting/desk.h"
+#include "drafting/drafting_context.h"
 
 namespace tess {
 
@@ -25,30 +25,30 @@ struct PointerEvent {
   bool control() const { return (Shift & kControlKey) != 0; }
 };
 
-void picDrawing_MouseDown(Desk& desk, const PointerEvent& event);
-void picDrawing_MouseMove(Desk& desk, const PointerEvent& event);
-void picDrawing_MouseUp(Desk& desk, const PointerEvent& event);
+void picDrawing_MouseDown(DraftingContext& context, const PointerEvent& event);
+void picDrawing_MouseMove(DraftingContext& context, const PointerEvent& event);
+void picDrawing_MouseUp(DraftingContext& context, const PointerEvent& event);
 // An event of a drag whose places were all stated beforehand, in units of the view at its press, as
 // a script states them. While the drag moves the view, its place in units of the present view,
 // which is what the routines above take; else the event as it is.
-PointerEvent inPresentView(const Desk& desk, const PointerEvent& stated);
+PointerEvent inPresentView(const DraftingContext& context, const PointerEvent& stated);
 
 // Matters only while text is being placed.
-void MouseWheel1_MouseWheel(Desk& desk, int steps, int shift);
+void MouseWheel1_MouseWheel(DraftingContext& context, int steps, int shift);
 
 // A click at the present position without the pointer: Enter and Insert.
-void keyboardClick(Desk& desk, int button);
+void keyboardClick(DraftingContext& context, int button);
 
 // Moves the system's pointer to a drawing position.
-void msetpos(Desk& desk, float x, float y);
+void msetpos(DraftingContext& context, float x, float y);
 
 // A menu or pop-up has just ended a command: the click that closes it is none.
-void armMenuGuard(Desk& desk);
+void armMenuGuard(DraftingContext& context);
 
 // The pause in a drag after which the pointer itself jumps to the snapped position.
 class GridSnapTimer {
  public:
-  explicit GridSnapTimer(Desk& desk);
+  explicit GridSnapTimer(DraftingContext& context);
   void restart();
   void start() { timer_->setEnabled(true); }
   void stop() { timer_->setEnabled(false); }

@@ -51,26 +51,26 @@ Entity ledOn(Entity row, Point vertex, Point to, float tolerence) {
 }
 
 template <class Table>
-void removeVertex(Desk& desk, Table table, Point vertex) {
-  const DrawingStore& store = desk.store;
+void removeVertex(DraftingContext& context, Table table, Point vertex) {
+  const DrawingStore& store = context.store;
   const std::vector<int> joined = joinedRows(store, table, vertex);
-  if (joined.size() < 2) return warn(desk, tooFew(table), "Remove Vertex");
+  if (joined.size() < 2) return warn(context, tooFew(table), "Remove Vertex");
   const Entity gone = table.entity(store, joined[0]);
   const bool goneStarts = samePoint(gone.start, vertex, store.cfg_tolerance);
   const Point farEnd = goneStarts ? gone.end : gone.start;
   const Entity kept = table.entity(store, joined[1]);
-  Change change(desk.changes);
+  Change change(context.changes);
   auto& rows = table.rows(change);
   rows.erase(joined[0]);
   const int moved = joined[1] - 1;
   rows.replace(moved, reshaped(rows.row(moved), ledOn(kept, vertex, farEnd, store.cfg_tolerance)));
-  keepEdit(desk, change);
+  keepEdit(context, change);
 }
 
-void clickDeleteVertex(Desk& desk) {
-  onEditedTable(desk, [&desk](auto table) {
-    const std::optional<Point> vertex = table.nearestEnd(desk.store, mouseOf(desk));
-    if (vertex) removeVertex(desk, table, *vertex);
+void clickDeleteVertex(DraftingContext& context) {
+  onEditedTable(context, [&context](auto table) {
+    const std::optional<Point> vertex = table.nearestEnd(context.store, mouseOf(context));
+    if (vertex) removeVertex(context, table, *vertex);
   });
 }
 
@@ -84,22 +84,22 @@ int joinedPathCount(const DrawingStore& store, Point at) {
   return static_cast<int>(joinedRows(store, PlacedTable{}, at).size());
 }
 
-void mnuDeleteVertex_Click(Desk& desk) {
-  if (hasRowsToEdit(desk)) arm(desk, PendingAction::DeleteVertex);
+void mnuDeleteVertex_Click(DraftingContext& context) {
+  if (hasRowsToEdit(context)) arm(context, PendingAction::DeleteVertex);
 }
 
 // ---- Descriptors
 
 namespace {
 
-constexpr Action<Desk> kDeleteVertexActions[] = {
+constexpr Action<DraftingContext> kDeleteVertexActions[] = {
     {{.action = PendingAction::DeleteVertex, .prompt = "Click near vertex to remove."},
      clickDeleteVertex},
 };
 
 }  // namespace
 
-constexpr DeskCommand kDeleteVertexCommand{
+constexpr DraftingCommand kDeleteVertexCommand{
     .info = {.tool = "miDeleteVertex", .caption = "Delete Verte&x", .menu = {"miEdit", 370}},
     .run = mnuDeleteVertex_Click,
     .actions = kDeleteVertexActions,

@@ -2,7 +2,7 @@
 // Owns: joinedLineCount, joinedPathCount, mnuDeleteVertex_Click.
 #pragma once
 
-#include "drafting/desk.h"
+#include "drafting/drafting_context.h"
 
 namespace tess {
 
@@ -11,6 +11,6 @@ int joinedLineCount(const DrawingStore& store, Point at);
 // The same among the visible path rows that are lines or arcs.
 int joinedPathCount(const DrawingStore& store, Point at);
 
-void mnuDeleteVertex_Click(Desk& desk);
+void mnuDeleteVertex_Click(DraftingContext& context);
 
 }  // namespace tess

@@ -3,11 +3,11 @@
 
 namespace tess {
 
-void repeatLastCommand(Desk& desk) {
-  const int last = desk.command.LastCommand;
+void repeatLastCommand(DraftingContext& context) {
+  const int last = context.command.LastCommand;
   if (last < 0 || last >= kActionNumbers) return;
-  const auto& issue = desk.repeatCommands[static_cast<std::size_t>(last)];
-  if (issue) issue(desk);
+  const auto& issue = context.repeatCommands[static_cast<std::size_t>(last)];
+  if (issue) issue(context);
 }
 
 }  // namespace tess

@@ -2,11 +2,11 @@
 // Owns: repeatLastCommand.
 #pragma once
 
-#include "drafting/desk.h"
+#include "drafting/drafting_context.h"
 
 namespace tess {
 
 // Issues the command of LastCommand; nothing for a number that stands for none.
-void repeatLastCommand(Desk& desk);
+void repeatLastCommand(DraftingContext& context);
 
 }  // namespace tess

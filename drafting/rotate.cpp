@@ -22,9 +22,9 @@ SegmentRow rotated(const SegmentRow& row, const Turn& turn) {
   return imageOf(row, [&](Point p) { return rotatePoint(turn.about, p, turn.degrees); });
 }
 
-void mnuEditRotate_Click(Desk& desk) {
+void mnuEditRotate_Click(DraftingContext& context) {
   const Procedure here("frmMain.mnuEditRotate_Click()");
-  frmRotate form(desk);
+  frmRotate form(context);
   form.ask();
   const std::optional<Turn> turn = form.taken();
   if (!turn) return;
@@ -34,7 +34,7 @@ void mnuEditRotate_Click(Desk& desk) {
 
 // ---- Descriptors
 
-constexpr DeskCommand kRotateCommand{
+constexpr DraftingCommand kRotateCommand{
     .info = {.tool = "miRotate", .caption = "Rota&te...", .menu = {"miEdit", 540}},
     .run = mnuEditRotate_Click,
 };

@@ -7,7 +7,7 @@
 
 namespace tess {
 
-struct Desk;
+struct DraftingContext;
 
 // A point turned counter-clockwise. It goes by polarOf's rounded angle and length, so that turning
 // there and back does not lead to the same number.
@@ -21,6 +21,6 @@ struct Turn {
 SegmentRow rotated(const SegmentRow& row, const Turn& turn);
 
 // Asks what to turn and how far, and does it.
-void mnuEditRotate_Click(Desk& desk);
+void mnuEditRotate_Click(DraftingContext& context);
 
 }  // namespace tess

@@ -3,7 +3,7 @@
 
 #include "core/drawing_store.h"
 #include "core/number_text.h"
-#include "drafting/desk.h"
+#include "drafting/drafting_context.h"
 #include "drafting/entity_creation.h"
 #include "drafting/number_fields.h"
 #include "drafting/selection.h"
@@ -15,10 +15,10 @@ constexpr char kCoordinateFormat[] = "0.0###";
 
 }  // namespace
 
-RowImagesForm::RowImagesForm(Desk& desk, std::string name, std::string caption)
-    : Form(std::move(name), std::move(caption)), desk_(desk) {
+RowImagesForm::RowImagesForm(DraftingContext& context, std::string name, std::string caption)
+    : Form(std::move(name), std::move(caption)), context_(context) {
   onLoad = [this] { load(); };
-  onClose = [this] { endPreview(desk_); };
+  onClose = [this] { endPreview(context_); };
 }
 
 void RowImagesForm::wire(const Parts& parts) {
@@ -48,7 +48,7 @@ void RowImagesForm::hoversWith(Option& option) {
 }
 
 void RowImagesForm::load() {
-  const Point marker = markerOf(desk_);
+  const Point marker = markerOf(context_);
   const std::string x = formatNumber(marker.x, kCoordinateFormat);
   const std::string y = formatNumber(marker.y, kCoordinateFormat);
   parts_.x->setText(x);
@@ -56,7 +56,7 @@ void RowImagesForm::load() {
   parts_.marker->setCaption("Marker: X=" + x + ", Y=" + y);
   parts_.move->setValue(true);
   parts_.selectedOnly->setChecked(true);
-  parts_.selectedOnly->setEnabled(selectedCount(desk_.store) > 0);
+  parts_.selectedOnly->setEnabled(selectedCount(context_.store) > 0);
   loaded_ = true;
   hover();
 }
@@ -71,7 +71,7 @@ std::vector<SegmentRow> RowImagesForm::images() const {
   const std::optional<RowImage> image = this->image();
   if (!image) return {};
   try {
-    return imagesOf(desk_.store, selectedOnly(), *image);
+    return imagesOf(context_.store, selectedOnly(), *image);
   } catch (const RuntimeFailure& failure) {
     if (failure.number() != FailureNumber::Overflow) throw;
     return {};
@@ -79,7 +79,7 @@ std::vector<SegmentRow> RowImagesForm::images() const {
 }
 
 void RowImagesForm::hover() {
-  if (loaded_) previewRows(desk_, images());
+  if (loaded_) previewRows(context_, images());
 }
 
 std::optional<Point> RowImagesForm::point() const {
@@ -90,19 +90,19 @@ std::optional<Point> RowImagesForm::point() const {
 
 void RowImagesForm::refusePoint(const std::string& text) {
   TextBox& box = numberIn(*parts_.x) ? *parts_.y : *parts_.x;
-  refuseField(desk_.session.host.prompts, box, text);
+  refuseField(context_.session.host.prompts, box, text);
 }
 
 void RowImagesForm::ask() {
-  desk_.session.host.prompts.showModal(*this);
+  context_.session.host.prompts.showModal(*this);
 }
 
 void RowImagesForm::addImages(const RowImage& image) {
   const ImageOrder order{.selectedOnly = selectedOnly(), .copies = parts_.copy->value()};
-  if (!tess::addImages(desk_.changes, order, image)) return;
-  collectSelected(desk_);
-  desk_.state.updateProperties = true;
-  desk_.listener.UpdatePropertyWindow();
+  if (!tess::addImages(context_.changes, order, image)) return;
+  collectSelected(context_);
+  context_.state.updateProperties = true;
+  context_.listener.UpdatePropertyWindow();
 }
 
 }  // namespace tess

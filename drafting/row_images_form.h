@@ -14,7 +14,7 @@
 
 namespace tess {
 
-struct Desk;
+struct DraftingContext;
 
 class RowImagesForm : public Form {
  public:
@@ -24,7 +24,7 @@ class RowImagesForm : public Form {
   void addImages(const RowImage& image);
 
  protected:
-  RowImagesForm(Desk& desk, std::string name, std::string caption);
+  RowImagesForm(DraftingContext& context, std::string name, std::string caption);
 
   // The controls that all of them have. The boxes of the point open at the marker, and every
   // control that is given here lets the images hover anew.
@@ -51,7 +51,7 @@ class RowImagesForm : public Form {
   std::optional<Point> point() const;
   void refusePoint(const std::string& text);
 
-  Desk& desk_;
+  DraftingContext& context_;
 
  private:
   void load();

@@ -11,62 +11,62 @@
 namespace tess {
 namespace {
 
-Rgb drawColor(const Desk& desk) {
-  return slotColor(desk.store, ColorSlot::Draw);
+Rgb drawColor(const DraftingContext& context) {
+  return slotColor(context.store, ColorSlot::Draw);
 }
 
-WorldBox fromPress(const Desk& desk) {
-  return {desk.pointer.MouseDownX, desk.pointer.MouseDownY, desk.pointer.MouseMoveX,
-          desk.pointer.MouseMoveY};
+WorldBox fromPress(const DraftingContext& context) {
+  return {context.pointer.MouseDownX, context.pointer.MouseDownY, context.pointer.MouseMoveX,
+          context.pointer.MouseMoveY};
 }
 
 bool hasNoExtent(const WorldBox& box) {
   return box.x0 == box.x1 && box.y0 == box.y1;
 }
 
-void moveBandEnd(Desk& desk, Point to) {
-  desk.pointer.MouseMoveX = to.x;
-  desk.pointer.MouseMoveY = to.y;
+void moveBandEnd(DraftingContext& context, Point to) {
+  context.pointer.MouseMoveX = to.x;
+  context.pointer.MouseMoveY = to.y;
 }
 
 // ---- Drawing modes
 
-bool hasBand(const Desk& desk) {
-  const int mode = desk.state.DrawMode();
-  if (takesThreePoints(desk, mode)) return desk.command.clickstage == kFirstPointTaken;
+bool hasBand(const DraftingContext& context) {
+  const int mode = context.state.DrawMode();
+  if (takesThreePoints(context, mode)) return context.command.clickstage == kFirstPointTaken;
   return isDrawing(mode);
 }
 
-void invertRubberBand(Desk& desk, int mode) {
-  desk.ScreenProxy.setDrawMode(PenMode::NotXor);
-  desk.ScreenProxy.setDrawStyle(PenStyle::Solid);
-  if (const DrawingMode* const drawn = modeOf(desk, mode)) drawn->hover(desk);
-  desk.ScreenProxy.setDrawMode(PenMode::Copy);
+void invertRubberBand(DraftingContext& context, int mode) {
+  context.ScreenProxy.setDrawMode(PenMode::NotXor);
+  context.ScreenProxy.setDrawStyle(PenStyle::Solid);
+  if (const DrawingMode* const drawn = modeOf(context, mode)) drawn->hover(context);
+  context.ScreenProxy.setDrawMode(PenMode::Copy);
 }
 
 // ---- Pending actions
 
-void invertSelectionBox(Desk& desk) {
-  const WorldBox box = fromPress(desk);
-  if (!hasNoExtent(box)) traceRubberBox(desk.ScreenProxy, PenStyle::Dot, {box});
+void invertSelectionBox(DraftingContext& context) {
+  const WorldBox box = fromPress(context);
+  if (!hasNoExtent(box)) traceRubberBox(context.ScreenProxy, PenStyle::Dot, {box});
 }
 
-void invertZoomBox(Desk& desk) {
-  traceRubberBox(desk.ScreenProxy, PenStyle::Dash, {fromPress(desk)});
+void invertZoomBox(DraftingContext& context) {
+  traceRubberBox(context.ScreenProxy, PenStyle::Dash, {fromPress(context)});
 }
 
-void invertMeasureArrow(Desk& desk) {
-  const WorldBox ends = fromPress(desk);
+void invertMeasureArrow(DraftingContext& context) {
+  const WorldBox ends = fromPress(context);
   if (hasNoExtent(ends)) return;
-  desk.ScreenProxy.setDrawMode(PenMode::NotXor);
-  desk.ScreenProxy.TraceLine(ends, drawColor(desk));
-  TraceArrowhead(ends, drawColor(desk), desk.ScreenProxy);
-  desk.ScreenProxy.setDrawMode(PenMode::Copy);
+  context.ScreenProxy.setDrawMode(PenMode::NotXor);
+  context.ScreenProxy.TraceLine(ends, drawColor(context));
+  TraceArrowhead(ends, drawColor(context), context.ScreenProxy);
+  context.ScreenProxy.setDrawMode(PenMode::Copy);
 }
 
 struct DragBandRow {
   PendingAction action;
-  void (*invert)(Desk&);
+  void (*invert)(DraftingContext&);
 };
 
 constexpr DragBandRow kDragBands[] = {
@@ -76,60 +76,60 @@ constexpr DragBandRow kDragBands[] = {
     {PendingAction::Measure, invertMeasureArrow},
 };
 
-void invertHovering(Desk& desk) {
-  if (desk.hovering.empty()) return;
-  desk.ScreenProxy.setDrawMode(PenMode::NotXor);
-  desk.ScreenProxy.setDrawStyle(PenStyle::Solid);
-  traceHovering(desk, desk.hovering);
-  desk.ScreenProxy.setDrawMode(PenMode::Copy);
+void invertHovering(DraftingContext& context) {
+  if (context.hovering.empty()) return;
+  context.ScreenProxy.setDrawMode(PenMode::NotXor);
+  context.ScreenProxy.setDrawStyle(PenStyle::Solid);
+  traceHovering(context, context.hovering);
+  context.ScreenProxy.setDrawMode(PenMode::Copy);
 }
 
-void invertDragBand(Desk& desk, int action) {
+void invertDragBand(DraftingContext& context, int action) {
   for (const DragBandRow& band : kDragBands) {
-    if (action == static_cast<int>(band.action)) band.invert(desk);
+    if (action == static_cast<int>(band.action)) band.invert(context);
   }
-  invertHovering(desk);
+  invertHovering(context);
 }
 
 }  // namespace
 
-void showRubberBand(Desk& desk) {
-  if (!hasBand(desk)) return;
-  desk.pointer.RubberKind = desk.state.DrawMode();
-  invertRubberBand(desk, desk.pointer.RubberKind);
+void showRubberBand(DraftingContext& context) {
+  if (!hasBand(context)) return;
+  context.pointer.RubberKind = context.state.DrawMode();
+  invertRubberBand(context, context.pointer.RubberKind);
 }
 
-void eraseRubberBand(Desk& desk) {
-  if (desk.pointer.RubberKind == 0) return;
-  invertRubberBand(desk, desk.pointer.RubberKind);
-  desk.pointer.RubberKind = 0;
+void eraseRubberBand(DraftingContext& context) {
+  if (context.pointer.RubberKind == 0) return;
+  invertRubberBand(context, context.pointer.RubberKind);
+  context.pointer.RubberKind = 0;
 }
 
-void moveRubberBand(Desk& desk, Point to) {
-  eraseRubberBand(desk);
-  moveBandEnd(desk, to);
-  showRubberBand(desk);
+void moveRubberBand(DraftingContext& context, Point to) {
+  eraseRubberBand(context);
+  moveBandEnd(context, to);
+  showRubberBand(context);
 }
 
-void showDragBand(Desk& desk) {
-  if (desk.pointer.DragBand != 0) return;
-  desk.pointer.DragBand = desk.state.pendingaction();
-  if (hovers(desk, desk.pointer.DragBand)) {
-    desk.hovering = desk.hoverActions[static_cast<std::size_t>(desk.pointer.DragBand)]();
+void showDragBand(DraftingContext& context) {
+  if (context.pointer.DragBand != 0) return;
+  context.pointer.DragBand = context.state.pendingaction();
+  if (hovers(context, context.pointer.DragBand)) {
+    context.hovering = context.hoverActions[static_cast<std::size_t>(context.pointer.DragBand)]();
   }
-  invertDragBand(desk, desk.pointer.DragBand);
+  invertDragBand(context, context.pointer.DragBand);
 }
 
-void eraseDragBand(Desk& desk) {
-  invertDragBand(desk, desk.pointer.DragBand);
-  desk.pointer.DragBand = 0;
-  desk.hovering.clear();
+void eraseDragBand(DraftingContext& context) {
+  invertDragBand(context, context.pointer.DragBand);
+  context.pointer.DragBand = 0;
+  context.hovering.clear();
 }
 
-void moveDragBand(Desk& desk, Point to) {
-  eraseDragBand(desk);
-  moveBandEnd(desk, to);
-  showDragBand(desk);
+void moveDragBand(DraftingContext& context, Point to) {
+  eraseDragBand(context);
+  moveBandEnd(context, to);
+  showDragBand(context);
 }
 
 }  // namespace tess

@@ -3,22 +3,22 @@
 // Owns: showRubberBand, eraseRubberBand, moveRubberBand, showDragBand, eraseDragBand, moveDragBand.
 #pragma once
 
-#include "drafting/desk.h"
+#include "drafting/drafting_context.h"
 
 namespace tess {
 
 // The band of the drawing mode, from the marker to MouseMoveX, MouseMoveY. A three-point mode has
 // none until its second point is taken.
-void showRubberBand(Desk& desk);
-void eraseRubberBand(Desk& desk);
+void showRubberBand(DraftingContext& context);
+void eraseRubberBand(DraftingContext& context);
 // Takes the band, or where there is none starts one, to a new position.
-void moveRubberBand(Desk& desk, Point to);
+void moveRubberBand(DraftingContext& context, Point to);
 
 // The band of the armed action, from MouseDownX, MouseDownY to MouseMoveX, MouseMoveY: the dotted
 // box of selecting, the dashed one of the zoom window, the arrow of measuring, or the rows that a
 // click would make.
-void showDragBand(Desk& desk);
-void eraseDragBand(Desk& desk);
-void moveDragBand(Desk& desk, Point to);
+void showDragBand(DraftingContext& context);
+void eraseDragBand(DraftingContext& context);
+void moveDragBand(DraftingContext& context, Point to);
 
 }  // namespace tess

@@ -35,30 +35,30 @@ void scaleSegments(Changes& changes, float factor, bool selectedOnly, Entry entr
   change.keep();
 }
 
-void convertDrawing(Desk& desk, float factor) {
+void convertDrawing(DraftingContext& context, float factor) {
   constexpr int kRecordsPerRow = 2;
-  const bool fitsTheLog = kRecordsPerRow * desk.store.NumSegments <= kMaxRecords;
-  scaleSegments(desk.changes, factor, /*selectedOnly=*/false,
+  const bool fitsTheLog = kRecordsPerRow * context.store.NumSegments <= kMaxRecords;
+  scaleSegments(context.changes, factor, /*selectedOnly=*/false,
                 fitsTheLog ? Entry::Logged : Entry::Unlogged);
-  if (!fitsTheLog) resetUndoState(desk);  // its records tell of rows of another size
+  if (!fitsTheLog) resetUndoState(context);  // its records tell of rows of another size
 }
 
-void scaledrawing(Desk& desk) {
+void scaledrawing(DraftingContext& context) {
   const Procedure here("frmMain.scaledrawing()");
-  desk.command.LastCommand = static_cast<int>(PendingAction::ScaleDrawing);
-  dlgInputReal form(desk.session.host.prompts, "Scale Drawing Multiplier", 1,
-                    anySelected(desk.store));
-  desk.session.host.prompts.showModal(form);
+  context.command.LastCommand = static_cast<int>(PendingAction::ScaleDrawing);
+  dlgInputReal form(context.session.host.prompts, "Scale Drawing Multiplier", 1,
+                    anySelected(context.store));
+  context.session.host.prompts.showModal(form);
   if (!form.accepted() || form.value() == 1) return;
-  if (form.value() <= 0) return desk.session.host.surroundings.beep();
-  scaleSegments(desk.changes, form.value(), form.selectedItemsOnly());
-  desk.state.updateProperties = true;
-  desk.listener.UpdatePropertyWindow();
+  if (form.value() <= 0) return context.session.host.surroundings.beep();
+  scaleSegments(context.changes, form.value(), form.selectedItemsOnly());
+  context.state.updateProperties = true;
+  context.listener.UpdatePropertyWindow();
 }
 
 // ---- Descriptors
 
-constexpr DeskCommand kScaleDrawingCommand{
+constexpr DraftingCommand kScaleDrawingCommand{
     .info = {.tool = "miScaleDrawing",
              .caption = "&Scale Drawing...",
              .key = "S",

@@ -6,7 +6,7 @@
 
 namespace tess {
 
-struct Desk;
+struct DraftingContext;
 
 // Multiplies ends and centres of the drawing rows, or of the selected ones, verified or not. Path
 // rows stay. Raises Overflow, and then has scaled nothing.
@@ -14,9 +14,9 @@ void scaleSegments(Changes& changes, float factor, bool selectedOnly, Entry entr
 
 // Scales all drawing rows after the units were changed. The settings have been converted by then,
 // so that the operator is not asked whether undo may be lost to a step that the log cannot hold.
-void convertDrawing(Desk& desk, float factor);
+void convertDrawing(DraftingContext& context, float factor);
 
 // Asks for the factor. One that is not above 0 beeps, 1 does nothing.
-void scaledrawing(Desk& desk);
+void scaledrawing(DraftingContext& context);
 
 }  // namespace tess

@@ -24,13 +24,13 @@ namespace {
 constexpr int kAllGroups = 0;
 constexpr int kBranch = -1;
 
-Point mouse(const Desk& desk) {
-  return {desk.pointer.MouseX, desk.pointer.MouseY};
+Point mouse(const DraftingContext& context) {
+  return {context.pointer.MouseX, context.pointer.MouseY};
 }
 
-void refreshProperties(Desk& desk) {
-  desk.state.updateProperties = true;
-  desk.listener.UpdatePropertyWindow();
+void refreshProperties(DraftingContext& context) {
+  context.state.updateProperties = true;
+  context.listener.UpdatePropertyWindow();
 }
 
 // The corners in the order in which they are asked.
@@ -92,74 +92,74 @@ std::string branchText(Point at) {
 }
 
 // Fixed: the nearest row counts however far it is; scripts click beside what they mean.
-void pickNearest(Desk& desk, bool select) {
-  if (desk.command.EditPaths) {
-    const int ps = nearestPathSeg(desk.store, mouse(desk), kAllGroups);
-    if (ps > 0) markPathSegment(desk, ps, select);
+void pickNearest(DraftingContext& context, bool select) {
+  if (context.command.EditPaths) {
+    const int ps = nearestPathSeg(context.store, mouse(context), kAllGroups);
+    if (ps > 0) markPathSegment(context, ps, select);
   } else {
-    const int sg = nearestSeg(desk.store, mouse(desk));
-    if (sg > 0) markSegment(desk, sg, select);
+    const int sg = nearestSeg(context.store, mouse(context));
+    if (sg > 0) markSegment(context, sg, select);
   }
 }
 
-void selectChain(Desk& desk, bool select, std::string& message) {
-  if (desk.command.EditPaths) {
-    const int ps = nearestPathSeg(desk.store, mouse(desk), kAllGroups);
-    if (ps > 0) selectContiguousPaths(desk, select, ps);
+void selectChain(DraftingContext& context, bool select, std::string& message) {
+  if (context.command.EditPaths) {
+    const int ps = nearestPathSeg(context.store, mouse(context), kAllGroups);
+    if (ps > 0) selectContiguousPaths(context, select, ps);
     return;
   }
-  const int sg = nearestSeg(desk.store, mouse(desk));
+  const int sg = nearestSeg(context.store, mouse(context));
   if (sg < 1) return;
-  std::vector<bool> tagged(static_cast<std::size_t>(desk.store.NumSegments) + 1);
-  SelectContiguous(desk, select, sg, tagged, message);
+  std::vector<bool> tagged(static_cast<std::size_t>(context.store.NumSegments) + 1);
+  SelectContiguous(context, select, sg, tagged, message);
 }
 
-void pickContiguous(Desk& desk, bool select) {
-  desk.systemPointer.setMousePointer(kHourglassShape);
+void pickContiguous(DraftingContext& context, bool select) {
+  context.systemPointer.setMousePointer(kHourglassShape);
   std::string message;
-  selectChain(desk, select, message);
+  selectChain(context, select, message);
   if (!message.empty()) {
-    desk.session.host.prompts.showMessage(
+    context.session.host.prompts.showMessage(
         {.text =
              "Branching detected. Select the correct branch at the following points: \n" + message,
-         .title = desk.session.productname});
+         .title = context.session.productname});
   }
-  desk.systemPointer.setMousePointer(kDefaultShape);
+  context.systemPointer.setMousePointer(kDefaultShape);
 }
 
-void selectAllSegments(Desk& desk) {
-  const DrawingStore& store = desk.store;
-  Change change(desk.changes);
+void selectAllSegments(DraftingContext& context) {
+  const DrawingStore& store = context.store;
+  Change change(context.changes);
   for (int sg = 1; sg <= store.NumSegments; ++sg) {
     if (hasSelectionMark(store.segattr[sg])) continue;
     change.segments.mark(sg, selectedAttribute(store.segattr[sg], /*select=*/true));
-    desk.renderer.DrawSegment(sg, desk.ScreenProxy);
+    context.renderer.DrawSegment(sg, context.ScreenProxy);
   }
   change.keep();
-  desk.state.Selected.fill(store.NumSegments);
+  context.state.Selected.fill(store.NumSegments);
 }
 
-void markAllPaths(Desk& desk, bool select) {
-  const DrawingStore& store = desk.store;
-  Change change(desk.changes);
+void markAllPaths(DraftingContext& context, bool select) {
+  const DrawingStore& store = context.store;
+  Change change(context.changes);
   for (int ps = 1; ps <= store.NumPathSegments; ++ps) {
     if (hasSelectionMark(store.pscode[ps]) == select) continue;
     change.paths.mark(ps, store.pscode[ps] + (select ? kSelected : -kSelected));
-    desk.renderer.drawtoolpath(ps, desk.ScreenProxy);
+    context.renderer.drawtoolpath(ps, context.ScreenProxy);
   }
   change.keep();
 }
 
-void unselectAllSegments(Desk& desk) {
-  const DrawingStore& store = desk.store;
-  Change change(desk.changes);
+void unselectAllSegments(DraftingContext& context) {
+  const DrawingStore& store = context.store;
+  Change change(context.changes);
   for (int sg = 1; sg <= store.NumSegments; ++sg) {
     const int attr = store.segattr[sg];
     if (hasSelectionMark(attr)) change.segments.mark(sg, entityClass(attr));
-    desk.renderer.DrawSegment(sg, desk.ScreenProxy);
+    context.renderer.DrawSegment(sg, context.ScreenProxy);
   }
   change.keep();
-  desk.state.Selected.clear();
+  context.state.Selected.clear();
 }
 
 }  // namespace
@@ -183,50 +183,51 @@ int selectedCode(int pscode, bool select) {
   return hasSelectionMark(pscode) ? pscode : pscode + kSelected;
 }
 
-void markSegment(Desk& desk, int sg, bool select) {
-  Change change(desk.changes);
-  change.segments.mark(sg, selectedAttribute(desk.store.segattr[sg], select));
+void markSegment(DraftingContext& context, int sg, bool select) {
+  Change change(context.changes);
+  change.segments.mark(sg, selectedAttribute(context.store.segattr[sg], select));
   change.keep();
-  desk.renderer.DrawSegment(sg, desk.ScreenProxy);
-  desk.state.updateProperties = true;
+  context.renderer.DrawSegment(sg, context.ScreenProxy);
+  context.state.updateProperties = true;
   if (select) {
-    desk.state.Selected.add(sg);
+    context.state.Selected.add(sg);
   } else {
-    desk.state.Selected.remove(sg);
+    context.state.Selected.remove(sg);
   }
 }
 
-void markPathSegment(Desk& desk, int ps, bool select) {
-  Change change(desk.changes);
-  change.paths.mark(ps, selectedCode(desk.store.pscode[ps], select));
+void markPathSegment(DraftingContext& context, int ps, bool select) {
+  Change change(context.changes);
+  change.paths.mark(ps, selectedCode(context.store.pscode[ps], select));
   change.keep();
-  desk.renderer.drawtoolpath(ps, desk.ScreenProxy);
+  context.renderer.drawtoolpath(ps, context.ScreenProxy);
 }
 
-void SelectWindow(Desk& desk, bool select, const SelectionWindow& window, bool exclusive) {
+void SelectWindow(DraftingContext& context, bool select, const SelectionWindow& window,
+                  bool exclusive) {
   const Procedure here("frmMain.SelectWindow(SelectSegments,x0,y0,X1,y1,Exclusive)");
-  const DrawingStore& store = desk.store;
-  Change change(desk.changes);
-  if (desk.command.EditPaths) {
+  const DrawingStore& store = context.store;
+  Change change(context.changes);
+  if (context.command.EditPaths) {
     for (int ps = 1; ps <= store.NumPathSegments; ++ps) {
-      if (pathInWindow(store, ps, window, exclusive)) markPathSegment(desk, ps, select);
+      if (pathInWindow(store, ps, window, exclusive)) markPathSegment(context, ps, select);
     }
   } else {
     for (int sg = 1; sg <= store.NumSegments; ++sg) {
-      if (segmentInWindow(store, sg, window, exclusive)) markSegment(desk, sg, select);
+      if (segmentInWindow(store, sg, window, exclusive)) markSegment(context, sg, select);
     }
   }
   change.keep();
 }
 
-void SelectContiguous(Desk& desk, bool select, int seg, std::vector<bool>& tagged,
+void SelectContiguous(DraftingContext& context, bool select, int seg, std::vector<bool>& tagged,
                       std::string& message) {
-  const EndPointIndex ends = segmentEndIndex(desk.store);
-  Change change(desk.changes);
+  const EndPointIndex ends = segmentEndIndex(context.store);
+  Change change(context.changes);
   const auto visit = [&](int sg) {
-    markSegment(desk, sg, select);
+    markSegment(context, sg, select);
     tagged[static_cast<std::size_t>(sg)] = true;
-    const Entity row = segmentEntity(desk.store, sg);
+    const Entity row = segmentEntity(context.store, sg);
     return ChainStep{{neighbourAt(ends, row.start, tagged), neighbourAt(ends, row.end, tagged)},
                      {row.start, row.end}};
   };
@@ -244,18 +245,18 @@ void SelectContiguous(Desk& desk, bool select, int seg, std::vector<bool>& tagge
   change.keep();
 }
 
-void SelectConnected(Desk& desk, bool select, int seg, std::vector<bool>& tagged) {
-  Change change(desk.changes);
+void SelectConnected(DraftingContext& context, bool select, int seg, std::vector<bool>& tagged) {
+  Change change(context.changes);
   std::vector<int> walk{seg};
   while (!walk.empty()) {
     const int sg = walk.back();
     walk.pop_back();
     if (tagged[static_cast<std::size_t>(sg)]) continue;
     tagged[static_cast<std::size_t>(sg)] = true;
-    markSegment(desk, sg, select);
-    for (int other = desk.store.NumSegments; other >= 1; --other) {
+    markSegment(context, sg, select);
+    for (int other = context.store.NumSegments; other >= 1; --other) {
       const bool open = !tagged[static_cast<std::size_t>(other)];
-      if (open && intersectSegs(desk.store, sg, other)) walk.push_back(other);
+      if (open && intersectSegs(context.store, sg, other)) walk.push_back(other);
     }
   }
   change.keep();
@@ -263,9 +264,9 @@ void SelectConnected(Desk& desk, bool select, int seg, std::vector<bool>& tagged
 
 // Of all rows that touch a marked one the lowest comes next: so the screen fills as by plain
 // sweeps over the table.
-void selectContiguousPaths(Desk& desk, bool select, int ps) {
-  const EndPointIndex ends = pathEndIndex(desk.store);
-  std::vector<bool> met(static_cast<std::size_t>(desk.store.NumPathSegments) + 1);
+void selectContiguousPaths(DraftingContext& context, bool select, int ps) {
+  const EndPointIndex ends = pathEndIndex(context.store);
+  std::vector<bool> met(static_cast<std::size_t>(context.store.NumPathSegments) + 1);
   std::priority_queue<int, std::vector<int>, std::greater<>> touching;
   std::vector<EndMatch> found;
   const auto meet = [&](int row) {
@@ -273,13 +274,13 @@ void selectContiguousPaths(Desk& desk, bool select, int ps) {
     met[static_cast<std::size_t>(row)] = true;
     touching.push(row);
   };
-  Change change(desk.changes);
+  Change change(context.changes);
   meet(ps);
   while (!touching.empty()) {
     const int row = touching.top();
     touching.pop();
-    markPathSegment(desk, row, select);
-    const Entity path = pathEntity(desk.store, row);
+    markPathSegment(context, row, select);
+    const Entity path = pathEntity(context.store, row);
     for (const Point end : {path.start, path.end}) {
       ends.rowsAt(end, found);
       for (const EndMatch& match : found) meet(match.row);
@@ -288,55 +289,55 @@ void selectContiguousPaths(Desk& desk, bool select, int ps) {
   change.keep();
 }
 
-void mnuDrawSelect_Click(Desk& desk) {
-  arm(desk, PendingAction::Select, /*drawMode=*/-1);
+void mnuDrawSelect_Click(DraftingContext& context) {
+  arm(context, PendingAction::Select, /*drawMode=*/-1);
 }
 
-void mnuDrawUnselect_Click(Desk& desk) {
-  arm(desk, PendingAction::Unselect, /*drawMode=*/-1);
+void mnuDrawUnselect_Click(DraftingContext& context) {
+  arm(context, PendingAction::Unselect, /*drawMode=*/-1);
 }
 
-void mnuDrawSelectContiguous(Desk& desk) {
-  arm(desk, PendingAction::SelectContiguous, /*drawMode=*/-1);
+void mnuDrawSelectContiguous(DraftingContext& context) {
+  arm(context, PendingAction::SelectContiguous, /*drawMode=*/-1);
 }
 
-void mnuDrawUnselectContiguous(Desk& desk) {
-  arm(desk, PendingAction::UnselectContiguous, /*drawMode=*/-1);
+void mnuDrawUnselectContiguous(DraftingContext& context) {
+  arm(context, PendingAction::UnselectContiguous, /*drawMode=*/-1);
 }
 
-void mnuDrawSelectAll_Click(Desk& desk) {
+void mnuDrawSelectAll_Click(DraftingContext& context) {
   const Procedure here("frmMain.mnuDrawSelectAll_Click()");
-  if (desk.command.EditPaths) {
-    markAllPaths(desk, /*select=*/true);
+  if (context.command.EditPaths) {
+    markAllPaths(context, /*select=*/true);
   } else {
-    selectAllSegments(desk);
+    selectAllSegments(context);
   }
-  refreshProperties(desk);
-  desk.redraw.redrawscreen();
-  if (desk.state.DrawMode() == -1) return;
-  desk.state.setPendingaction(0);
-  desk.state.setDrawMode(-1);
+  refreshProperties(context);
+  context.redraw.redrawscreen();
+  if (context.state.DrawMode() == -1) return;
+  context.state.setPendingaction(0);
+  context.state.setDrawMode(-1);
 }
 
-void mnuDrawUnselectAll_Click(Desk& desk) {
+void mnuDrawUnselectAll_Click(DraftingContext& context) {
   const Procedure here("frmMain.mnuDrawUnselectAll_Click()");
-  UnselectAll(desk);
-  if (desk.state.DrawMode() == -1) return;
-  desk.state.setPendingaction(0);
-  desk.state.setDrawMode(0);
+  UnselectAll(context);
+  if (context.state.DrawMode() == -1) return;
+  context.state.setPendingaction(0);
+  context.state.setDrawMode(0);
 }
 
 // Fixed: drawing rows are unselected whatever is edited; many commands rely on none being left.
-void UnselectAll(Desk& desk) {
-  if (desk.command.EditPaths) markAllPaths(desk, /*select=*/false);
-  unselectAllSegments(desk);
-  refreshProperties(desk);
+void UnselectAll(DraftingContext& context) {
+  if (context.command.EditPaths) markAllPaths(context, /*select=*/false);
+  unselectAllSegments(context);
+  refreshProperties(context);
 }
 
-void collectSelected(Desk& desk) {
-  desk.state.Selected.clear();
-  for (int sg = 1; sg <= desk.store.NumSegments; ++sg) {
-    if (hasSelectionMark(desk.store.segattr[sg])) desk.state.Selected.add(sg);
+void collectSelected(DraftingContext& context) {
+  context.state.Selected.clear();
+  for (int sg = 1; sg <= context.store.NumSegments; ++sg) {
+    if (hasSelectionMark(context.store.segattr[sg])) context.state.Selected.add(sg);
   }
 }
 
@@ -344,20 +345,20 @@ void collectSelected(Desk& desk) {
 
 namespace {
 
-void clickSelect(Desk& desk) {
-  pickNearest(desk, /*select=*/true);
+void clickSelect(DraftingContext& context) {
+  pickNearest(context, /*select=*/true);
 }
-void clickUnselect(Desk& desk) {
-  pickNearest(desk, /*select=*/false);
+void clickUnselect(DraftingContext& context) {
+  pickNearest(context, /*select=*/false);
 }
-void clickSelectContiguous(Desk& desk) {
-  pickContiguous(desk, /*select=*/true);
+void clickSelectContiguous(DraftingContext& context) {
+  pickContiguous(context, /*select=*/true);
 }
-void clickUnselectContiguous(Desk& desk) {
-  pickContiguous(desk, /*select=*/false);
+void clickUnselectContiguous(DraftingContext& context) {
+  pickContiguous(context, /*select=*/false);
 }
 
-constexpr Action<Desk> kSelectActions[] = {
+constexpr Action<DraftingContext> kSelectActions[] = {
     {{.action = PendingAction::Select,
       .prompt = "Click on entity or drag to select.  Hold <Shift> for exclusive mode.",
       .stays = true,
@@ -366,7 +367,7 @@ constexpr Action<Desk> kSelectActions[] = {
      clickSelect},
 };
 
-constexpr Action<Desk> kUnselectActions[] = {
+constexpr Action<DraftingContext> kUnselectActions[] = {
     {{.action = PendingAction::Unselect,
       .prompt = "Click on entity or drag to unselect.",
       .stays = true,
@@ -375,14 +376,14 @@ constexpr Action<Desk> kUnselectActions[] = {
      clickUnselect},
 };
 
-constexpr Action<Desk> kSelectContiguousActions[] = {
+constexpr Action<DraftingContext> kSelectContiguousActions[] = {
     {{.action = PendingAction::SelectContiguous,
       .prompt = "Click on entity to select contiguous entities",
       .stays = true},
      clickSelectContiguous},
 };
 
-constexpr Action<Desk> kUnselectContiguousActions[] = {
+constexpr Action<DraftingContext> kUnselectContiguousActions[] = {
     {{.action = PendingAction::UnselectContiguous,
       .prompt = "Click on entity to unselect contiguous entities.",
       .stays = true},
@@ -391,7 +392,7 @@ constexpr Action<Desk> kUnselectContiguousActions[] = {
 
 }  // namespace
 
-constexpr DeskCommand kSelectCommand{
+constexpr DraftingCommand kSelectCommand{
     .info = {.tool = "miSelect",
              .caption = "&Select",
              .menu = {"miDraw", 310},
@@ -400,7 +401,7 @@ constexpr DeskCommand kSelectCommand{
     .actions = kSelectActions,
 };
 
-constexpr DeskCommand kUnselectCommand{
+constexpr DraftingCommand kUnselectCommand{
     .info = {.tool = "miUnselect",
              .caption = "&Unselect",
              .menu = {"miDraw", 320},
@@ -409,7 +410,7 @@ constexpr DeskCommand kUnselectCommand{
     .actions = kUnselectActions,
 };
 
-constexpr DeskCommand kSelectContiguousCommand{
+constexpr DraftingCommand kSelectContiguousCommand{
     .info = {.tool = "miSelectContiguous",
              .caption = "Select Co&ntiguous",
              .menu = {"miDraw", 330},
@@ -419,7 +420,7 @@ constexpr DeskCommand kSelectContiguousCommand{
     .repeat = {{PendingAction::SelectContiguous}},
 };
 
-constexpr DeskCommand kUnselectContiguousCommand{
+constexpr DraftingCommand kUnselectContiguousCommand{
     .info = {.tool = "miUnselectContiguous",
              .caption = "Unselect Conti&guous",
              .menu = {"miDraw", 340}},
@@ -427,7 +428,7 @@ constexpr DeskCommand kUnselectContiguousCommand{
     .actions = kUnselectContiguousActions,
 };
 
-constexpr DeskCommand kSelectAllCommand{
+constexpr DraftingCommand kSelectAllCommand{
     .info = {.tool = "miSelectAll",
              .caption = "S&elect All",
              .menu = {"miDraw", 350},
@@ -435,7 +436,7 @@ constexpr DeskCommand kSelectAllCommand{
     .run = mnuDrawSelectAll_Click,
 };
 
-constexpr DeskCommand kUnselectAllCommand{
+constexpr DraftingCommand kUnselectAllCommand{
     .info = {.tool = "miUnselectAll",
              .caption = "Unselect All",
              .menu = {"miDraw", 360},

@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "drafting/desk.h"
+#include "drafting/drafting_context.h"
 
 namespace tess {
 
@@ -26,8 +26,8 @@ int selectedAttribute(int segattr, bool select);
 int selectedCode(int pscode, bool select);
 
 // Marks a row, draws it and keeps the collection for the property window.
-void markSegment(Desk& desk, int sg, bool select);
-void markPathSegment(Desk& desk, int ps, bool select);
+void markSegment(DraftingContext& context, int sg, bool select);
+void markPathSegment(DraftingContext& context, int ps, bool select);
 
 // Opposite corners of a window in drawing units.
 struct SelectionWindow {
@@ -36,33 +36,34 @@ struct SelectionWindow {
 
 // Marks all rows that touch the window or, exclusively, have both ends in it; path rows when
 // editing works on them.
-void SelectWindow(Desk& desk, bool select, const SelectionWindow& window, bool exclusive);
+void SelectWindow(DraftingContext& context, bool select, const SelectionWindow& window,
+                  bool exclusive);
 
 // Marks the chain of touching ends through row `seg`, in both directions, as far as the first
 // branches, and adds the branch points to `message`, each on a line of its own. Rows that are
 // tagged (1 to NumSegments) are passed over.
-void SelectContiguous(Desk& desk, bool select, int seg, std::vector<bool>& tagged,
+void SelectContiguous(DraftingContext& context, bool select, int seg, std::vector<bool>& tagged,
                       std::string& message);
 
 // The same walk along crossings: every row that meets the chain is marked.
-void SelectConnected(Desk& desk, bool select, int seg, std::vector<bool>& tagged);
+void SelectConnected(DraftingContext& context, bool select, int seg, std::vector<bool>& tagged);
 
 // All path rows that hang together with `ps` by their ends, whichever way they run and through
 // branches too.
-void selectContiguousPaths(Desk& desk, bool select, int ps);
+void selectContiguousPaths(DraftingContext& context, bool select, int ps);
 
-void mnuDrawSelect_Click(Desk& desk);
-void mnuDrawUnselect_Click(Desk& desk);
-void mnuDrawSelectContiguous(Desk& desk);
-void mnuDrawUnselectContiguous(Desk& desk);
-void mnuDrawSelectAll_Click(Desk& desk);
-void mnuDrawUnselectAll_Click(Desk& desk);
+void mnuDrawSelect_Click(DraftingContext& context);
+void mnuDrawUnselect_Click(DraftingContext& context);
+void mnuDrawSelectContiguous(DraftingContext& context);
+void mnuDrawUnselectContiguous(DraftingContext& context);
+void mnuDrawSelectAll_Click(DraftingContext& context);
+void mnuDrawUnselectAll_Click(DraftingContext& context);
 
 // The marks go and the collection is empty; what many commands end with.
-void UnselectAll(Desk& desk);
+void UnselectAll(DraftingContext& context);
 
 // Makes the collection anew from the marks, in the order of the table: rows have come, gone and
 // moved.
-void collectSelected(Desk& desk);
+void collectSelected(DraftingContext& context);
 
 }  // namespace tess

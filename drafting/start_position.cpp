@@ -5,11 +5,11 @@
 
 namespace tess {
 
-void clickStartPosition(Desk& desk) {
-  Change change(desk.changes);
+void clickStartPosition(DraftingContext& context) {
+  Change change(context.changes);
   change.marksUnsaved();
-  desk.store.xstartpos = desk.pointer.MouseX;
-  desk.store.ystartpos = desk.pointer.MouseY;
+  context.store.xstartpos = context.pointer.MouseX;
+  context.store.ystartpos = context.pointer.MouseY;
   change.keep({.redraws = false});
 }
 

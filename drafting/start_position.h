@@ -2,11 +2,11 @@
 // Owns: clickStartPosition.
 #pragma once
 
-#include "drafting/desk.h"
+#include "drafting/drafting_context.h"
 
 namespace tess {
 
 // The click of the action: sets the X and Y of the start position.
-void clickStartPosition(Desk& desk);
+void clickStartPosition(DraftingContext& context);
 
 }  // namespace tess

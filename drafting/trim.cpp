@@ -69,41 +69,41 @@ bool trimRow(Changes& changes, Table table, int number, int trimmer, Point click
 
 // What a click at MouseMoveX, MouseMoveY would leave of the row.
 template <class Table>
-std::vector<SegmentRow> remainder(const Desk& desk, Table table) {
-  const int number = pickedRow(desk, table);
-  const int trimmer = table.nearest(desk.store, hoverPoint(desk));
+std::vector<SegmentRow> remainder(const DraftingContext& context, Table table) {
+  const int number = pickedRow(context, table);
+  const int trimmer = table.nearest(context.store, hoverPoint(context));
   if (number < 1 || trimmer < 1 || number == trimmer) return {};
   const std::optional<Entity> now =
-      trimmed(table.entity(desk.store, number), table.entity(desk.store, trimmer),
-              desk.command.PendingPt1, desk.store.cfg_tolerance);
+      trimmed(table.entity(context.store, number), table.entity(context.store, trimmer),
+              context.command.PendingPt1, context.store.cfg_tolerance);
   if (!now) return {};
   return {segmentRowOf(*now)};
 }
 
-void clickTrimPick(Desk& desk) {
-  onEditedTable(desk, [&desk](auto table) {
-    const int number = table.nearest(desk.store, mouseOf(desk));
+void clickTrimPick(DraftingContext& context) {
+  onEditedTable(context, [&context](auto table) {
+    const int number = table.nearest(context.store, mouseOf(context));
     if (number < 1) return;
-    pickRow(desk, table, number);
-    desk.command.PendingPt1 = mouseOf(desk);
-    desk.state.setPendingaction(goOnWith(PendingAction::TrimBy));
+    pickRow(context, table, number);
+    context.command.PendingPt1 = mouseOf(context);
+    context.state.setPendingaction(goOnWith(PendingAction::TrimBy));
   });
 }
 
-void clickTrimBy(Desk& desk) {
-  onEditedTable(desk, [&desk](auto table) {
-    const int number = pickedRow(desk, table);
-    const int trimmer = table.nearest(desk.store, mouseOf(desk));
-    desk.command.PendingSeg2 = trimmer;
-    if (number < 1 || trimmer < 1 || number == trimmer) return beep(desk);
-    editByClick(desk, [&] {
-      return trimRow(desk.changes, table, number, trimmer, desk.command.PendingPt1);
+void clickTrimBy(DraftingContext& context) {
+  onEditedTable(context, [&context](auto table) {
+    const int number = pickedRow(context, table);
+    const int trimmer = table.nearest(context.store, mouseOf(context));
+    context.command.PendingSeg2 = trimmer;
+    if (number < 1 || trimmer < 1 || number == trimmer) return beep(context);
+    editByClick(context, [&] {
+      return trimRow(context.changes, table, number, trimmer, context.command.PendingPt1);
     });
   });
 }
 
-std::vector<SegmentRow> hoverTrimBy(const Desk& desk) {
-  return onEditedTable(desk, [&desk](auto table) { return remainder(desk, table); });
+std::vector<SegmentRow> hoverTrimBy(const DraftingContext& context) {
+  return onEditedTable(context, [&context](auto table) { return remainder(context, table); });
 }
 
 }  // namespace
@@ -116,15 +116,15 @@ bool trimPathSegment(Changes& changes, int ps, int trimmer, Point click) {
   return trimRow(changes, PlacedTable{}, ps, trimmer, click);
 }
 
-void mnuEditTrimEntity_Click(Desk& desk) {
-  arm(desk, PendingAction::TrimPick);
+void mnuEditTrimEntity_Click(DraftingContext& context) {
+  arm(context, PendingAction::TrimPick);
 }
 
 // ---- Descriptors
 
 namespace {
 
-constexpr Action<Desk> kTrimActions[] = {
+constexpr Action<DraftingContext> kTrimActions[] = {
     {{.action = PendingAction::TrimPick, .prompt = "Click on end point to trim.", .snaps = false},
      clickTrimPick},
     {{.action = PendingAction::TrimBy, .prompt = "Click on trimming entity.", .snaps = false},
@@ -134,7 +134,7 @@ constexpr Action<Desk> kTrimActions[] = {
 
 }  // namespace
 
-constexpr DeskCommand kTrimCommand{
+constexpr DraftingCommand kTrimCommand{
     .info = {.tool = "miTrimEntity",
              .caption = "Trim &Entity",
              .key = "T",

@@ -2,7 +2,7 @@
 // Owns: trimSegment, trimPathSegment, mnuEditTrimEntity_Click.
 #pragma once
 
-#include "drafting/desk.h"
+#include "drafting/drafting_context.h"
 
 namespace tess {
 
@@ -12,6 +12,6 @@ namespace tess {
 bool trimSegment(Changes& changes, int sg, int trimmer, Point click);
 bool trimPathSegment(Changes& changes, int ps, int trimmer, Point click);
 
-void mnuEditTrimEntity_Click(Desk& desk);
+void mnuEditTrimEntity_Click(DraftingContext& context);
 
 }  // namespace tess

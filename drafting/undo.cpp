@@ -8,52 +8,52 @@
 namespace tess {
 namespace {
 
-void showChange(Desk& desk) {
-  collectSelected(desk);
-  desk.redraw.redrawscreen();
-  desk.state.updateProperties = true;
-  desk.listener.UpdatePropertyWindow();
-  updateUndoTools(desk);
+void showChange(DraftingContext& context) {
+  collectSelected(context);
+  context.redraw.redrawscreen();
+  context.state.updateProperties = true;
+  context.listener.UpdatePropertyWindow();
+  updateUndoTools(context);
 }
 
 }  // namespace
 
-void Undo_Last_Change(Desk& desk) {
+void Undo_Last_Change(DraftingContext& context) {
   const Procedure here("Undo_Last_Change");
-  undoStep(desk.changes);
-  showChange(desk);
+  undoStep(context.changes);
+  showChange(context);
 }
 
-void RedoLastChange(Desk& desk) {
+void RedoLastChange(DraftingContext& context) {
   const Procedure here("RedoLastChange");
-  redoStep(desk.changes);
-  showChange(desk);
+  redoStep(context.changes);
+  showChange(context);
 }
 
-void enableUndo(Desk& desk, int mark) {
-  desk.changelog.UndoMark = mark;
-  updateUndoTools(desk);
+void enableUndo(DraftingContext& context, int mark) {
+  context.changelog.UndoMark = mark;
+  updateUndoTools(context);
 }
 
-void updateUndoTools(Desk& desk) {
-  desk.tools.setEnabled("miUndo", desk.changelog.canUndo());
-  desk.tools.setEnabled("miRedo", desk.changelog.canRedo());
+void updateUndoTools(DraftingContext& context) {
+  context.tools.setEnabled("miUndo", context.changelog.canUndo());
+  context.tools.setEnabled("miRedo", context.changelog.canRedo());
 }
 
-void clearUndoMenu(Desk& desk) {
-  desk.changelog.UndoMark = 0;
-  desk.tools.setEnabled("miUndo", false);
+void clearUndoMenu(DraftingContext& context) {
+  context.changelog.UndoMark = 0;
+  context.tools.setEnabled("miUndo", false);
 }
 
-void resetUndoState(Desk& desk) {
-  desk.changes.abandon();
-  desk.changelog.clear();
-  updateUndoTools(desk);
+void resetUndoState(DraftingContext& context) {
+  context.changes.abandon();
+  context.changelog.clear();
+  updateUndoTools(context);
 }
 
 // ---- Descriptors
 
-constexpr DeskCommand kUndoCommand{
+constexpr DraftingCommand kUndoCommand{
     .info = {.tool = "miUndo",
              .caption = "&Undo",
              .menu = {"miEdit", 110},
@@ -61,7 +61,7 @@ constexpr DeskCommand kUndoCommand{
     .run = Undo_Last_Change,
 };
 
-constexpr DeskCommand kRedoCommand{
+constexpr DraftingCommand kRedoCommand{
     .info = {.tool = "miRedo",
              .caption = "&Redo",
              .menu = {"miEdit", 120},

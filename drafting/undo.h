@@ -3,22 +3,22 @@
 //       resetUndoState.
 #pragma once
 
-#include "drafting/desk.h"
+#include "drafting/drafting_context.h"
 
 namespace tess {
 
-void Undo_Last_Change(Desk& desk);
-void RedoLastChange(Desk& desk);
+void Undo_Last_Change(DraftingContext& context);
+void RedoLastChange(DraftingContext& context);
 
 // What a change that entered the log ends with.
-void enableUndo(Desk& desk, int mark);
+void enableUndo(DraftingContext& context, int mark);
 
 // miUndo and miRedo follow the log.
-void updateUndoTools(Desk& desk);
+void updateUndoTools(DraftingContext& context);
 
 // Nothing to undo until the next change.
-void clearUndoMenu(Desk& desk);
+void clearUndoMenu(DraftingContext& context);
 // The log starts anew, as for a new or loaded drawing.
-void resetUndoState(Desk& desk);
+void resetUndoState(DraftingContext& context);
 
 }  // namespace tess

@@ -35,13 +35,13 @@ std::string lostRows(const DxfRows& rows) {
 
 }  // namespace
 
-frmDXF::frmDXF(Desk& desk) : Form("frmDXF", "Import DXF File"), desk_(desk) {
+frmDXF::frmDXF(DraftingContext& context) : Form("frmDXF", "Import DXF File"), context_(context) {
   cmdOpenDXF.setCaption("&Open DXF File...");
   chkConnectPoints.setCaption("&Connect Points");
   chkAutoAlign.setCaption("&Auto Align");
   chkExactGeometry.setCaption("&Exact Geometry");
   cmdImport2TESS.setCaption("&Import");
-  chkExactGeometry.setChecked(exactGeometryRemembered(desk.session));
+  chkExactGeometry.setChecked(exactGeometryRemembered(context.session));
   wire();
 }
 
@@ -50,7 +50,7 @@ void frmDXF::wire() {
   cmdOpenDXF.onClick = [this] { cmdOpenDXF_Click(); };
   cmdImport2TESS.onClick = [this] { cmdImport2TESS_Click(); };
   chkExactGeometry.onClick = [this] {
-    rememberExactGeometry(desk_.session, chkExactGeometry.isChecked());
+    rememberExactGeometry(context_.session, chkExactGeometry.isChecked());
   };
 }
 
@@ -58,10 +58,10 @@ void frmDXF::wire() {
 
 void frmDXF::cmdOpenDXF_Click() {
   const Procedure here("frmDXF.cmdOpenDXF_Click()");
-  const auto chosen = desk_.session.host.prompts.chooseFile(
+  const auto chosen = context_.session.host.prompts.chooseFile(
       {.title = "Open DXF File",
        .pattern = "DXF Files (*.DXF)|*.dxf|All Files (*.*)|*.*",
-       .folder = withSeparator(resolvePath(desk_.session.appfolder + "DXF")),
+       .folder = withSeparator(resolvePath(context_.session.appfolder + "DXF")),
        .name = "*.DXF"});
   if (!chosen || chosen->empty() || chosen->find('*') != std::string::npos) return;
   std::string folder;
@@ -101,10 +101,10 @@ void frmDXF::showFault(const std::string& trouble) {
   if (const std::size_t count = reader_.Entities.size(); count > 0) {
     text += "\n\n" + entities(count) + " before it can be imported.";
   }
-  desk_.session.host.prompts.showMessage({.text = text,
-                                          .title = "DXF File Error",
-                                          .icon = MessageIcon::Warning,
-                                          .buttons = MessageButtons::Ok});
+  context_.session.host.prompts.showMessage({.text = text,
+                                             .title = "DXF File Error",
+                                             .icon = MessageIcon::Warning,
+                                             .buttons = MessageButtons::Ok});
 }
 
 // ---- Converting
@@ -117,12 +117,12 @@ DxfImportOptions frmDXF::options() const {
 
 void frmDXF::cmdImport2TESS_Click() {
   const Procedure here("frmDXF.cmdImport2TESS_Click()");
-  Change change(desk_.changes);
-  DxfRows rows(change, desk_.session.host.prompts, reader_);
-  importDxf(reader_, desk_.store, rows, options());
+  Change change(context_.changes);
+  DxfRows rows(change, context_.session.host.prompts, reader_);
+  importDxf(reader_, context_.store, rows, options());
   if (rows.stopped()) {
     change.keep({.redraws = false});
-    desk_.redraw.redrawscreen();
+    context_.redraw.redrawscreen();
   } else {
     finish(rows, change);
   }
@@ -132,7 +132,7 @@ void frmDXF::finish(const DxfRows& rows, Change& change) {
   showLostRows(rows);
   showUnconverted(rows);
   if (chkAutoAlign.isChecked()) {
-    alignRows(change, desk_.store, rows.first(), desk_.store.NumSegments);
+    alignRows(change, context_.store, rows.first(), context_.store.NumSegments);
   }
   change.keep({.redraws = false});
   showDrawing();
@@ -140,15 +140,15 @@ void frmDXF::finish(const DxfRows& rows, Change& change) {
 }
 
 void frmDXF::showDrawing() {
-  desk_.viewCommands.ZoomExtents();
+  context_.viewCommands.ZoomExtents();
   if (name_.empty()) return;
-  desk_.store.drawingname = name_;
-  showDrawingName(desk_.session);
+  context_.store.drawingname = name_;
+  showDrawingName(context_.session);
 }
 
 void frmDXF::showLostRows(const DxfRows& rows) {
   if (rows.lost() == 0) return;
-  desk_.session.host.prompts.showMessage(
+  context_.session.host.prompts.showMessage(
       {.text = "The drawing is full: it holds at most 32767 rows.  " + lostRows(rows) + " of " +
                file_ + " could not be added.",
        .title = kConversionError,
@@ -160,7 +160,7 @@ void frmDXF::showUnconverted(const DxfRows& rows) {
   if (rows.unconverted().empty()) return;
   std::string list;
   for (const std::string& type : rows.unconverted()) list += type + "\n";
-  desk_.session.host.prompts.showMessage(
+  context_.session.host.prompts.showMessage(
       {.text = "The following drawing entities were found in " + file_ +
                " but were not able to be converted.  The resulting .CNC file may not be complete."
                "\n\n" +
@@ -174,23 +174,23 @@ void frmDXF::showUnconverted(const DxfRows& rows) {
 
 // ---- The command
 
-void mnuFileImport_Click(Desk& desk) {
+void mnuFileImport_Click(DraftingContext& context) {
   const Procedure here("frmMain.mnuFileImport_Click()");
-  frmDXF form(desk);
+  frmDXF form(context);
   form.cmdOpenDXF_Click();
-  desk.session.host.prompts.showModal(form);
+  context.session.host.prompts.showModal(form);
 }
 
-void importDroppedDxf(Desk& desk, const std::string& file) {
+void importDroppedDxf(DraftingContext& context, const std::string& file) {
   const Procedure here("importDroppedDxf(file)");
-  frmDXF form(desk);
+  frmDXF form(context);
   form.OpenDXFFile_From_DragDrop(file);
-  desk.session.host.prompts.showModal(form);
+  context.session.host.prompts.showModal(form);
 }
 
 // ---- Descriptors
 
-constexpr DeskCommand kImportDxfCommand{
+constexpr DraftingCommand kImportDxfCommand{
     .info = {.tool = "miImportDXFfile", .caption = "&Import DXF File...", .menu = {"miFile", 140}},
     .run = mnuFileImport_Click,
 };

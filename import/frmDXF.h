@@ -7,7 +7,7 @@
 
 #include "core/controls.h"
 #include "core/form.h"
-#include "drafting/desk.h"
+#include "drafting/drafting_context.h"
 #include "import/dxf_document.h"
 #include "import/dxf_import.h"
 
@@ -16,7 +16,7 @@ namespace tess {
 class frmDXF : public Form {
  public:
   // chkExactGeometry begins as the operator left it.
-  explicit frmDXF(Desk& desk);
+  explicit frmDXF(DraftingContext& context);
 
   // Asks for a file and reads it.
   void cmdOpenDXF_Click();
@@ -49,15 +49,15 @@ class frmDXF : public Form {
   void showDrawing();
   DxfImportOptions options() const;
 
-  Desk& desk_;
+  DraftingContext& context_;
   DxfDocument reader_;
   std::string file_;  // the file read, with its path
   std::string name_;  // without path and extension: becomes the drawing's name
 };
 
-void mnuFileImport_Click(Desk& desk);
+void mnuFileImport_Click(DraftingContext& context);
 
 // A file that was dropped on the drawing: the form with that file read.
-void importDroppedDxf(Desk& desk, const std::string& file);
+void importDroppedDxf(DraftingContext& context, const std::string& file);
 
 }  // namespace tess

@@ -5,12 +5,12 @@ namespace tess {
 namespace {
 
 #define TESSIMO_ADDRESS(descriptor) &descriptor,
-constexpr const DeskCommand* kCommands[] = {TESSIMO_IMPORT_COMMANDS(TESSIMO_ADDRESS)};
+constexpr const DraftingCommand* kCommands[] = {TESSIMO_IMPORT_COMMANDS(TESSIMO_ADDRESS)};
 #undef TESSIMO_ADDRESS
 
 }  // namespace
 
-std::span<const DeskCommand* const> importCommands() {
+std::span<const DraftingCommand* const> importCommands() {
   return kCommands;
 }
 

@@ -189,13 +189,13 @@ void readPlainDxf(Change& change, FieldReader& fields) {
   }
 }
 
-void load_dxf(Desk& desk, const std::string& path) {
+void load_dxf(DraftingContext& context, const std::string& path) {
   const Procedure here("load_dxf(path)");
   FieldReader fields = FieldReader::open(path, kLargestDxf);
-  new_drawing(desk.session);
-  forgetSelectionAndPaste(desk.session);
-  readWhatThereIs(desk.changes, fields);
-  desk.viewCommands.fitview(/*keepview=*/false);
+  new_drawing(context.session);
+  forgetSelectionAndPaste(context.session);
+  readWhatThereIs(context.changes, fields);
+  context.viewCommands.fitview(/*keepview=*/false);
 }
 
 }  // namespace tess

@@ -7,13 +7,13 @@
 #include <string>
 
 #include "core/field_reader.h"
-#include "drafting/desk.h"
+#include "drafting/drafting_context.h"
 
 namespace tess {
 
 // A new drawing with what the file holds, in the full view. Raises the file failures, with path,
 // line and field; the rows before the trouble are in the drawing then.
-void load_dxf(Desk& desk, const std::string& path);
+void load_dxf(DraftingContext& context, const std::string& path);
 
 // Appends what the text holds, unlogged. Raises Input past end of file for a text that does not
 // reach its end of section.

@@ -54,7 +54,7 @@ void Application::wireTools() {
     guarded("frmMain.abMain_ToolClick(tool)", [&] { abMain_ToolClick(*this, tool); });
   };
   interaction.tools.onBandOpen = [this](const std::string& band) {
-    if (band == "OSnapMenu") OSnap_ButtonClick_ButtonDropDown(interaction.desk);
+    if (band == "OSnapMenu") OSnap_ButtonClick_ButtonDropDown(interaction.context);
     if (band == "barStatistics") interaction.forms.show(interaction.frmStatistics);
     if (band == "barProperties") interaction.forms.show(interaction.properties);
   };
@@ -99,7 +99,7 @@ void Application::showToolInUse() {
 }
 
 void Application::keepJournal() {
-  journal_ = std::make_unique<EditJournal>(session, interaction.desk.changes, timers_);
+  journal_ = std::make_unique<EditJournal>(session, interaction.context.changes, timers_);
   guarded("frmMain.offerUnsavedWork()", [this] { offerUnsavedWork(*this); });
 }
 
@@ -121,22 +121,22 @@ bool Application::key(const KeyStroke& key) {
 
 bool Application::press(const PointerEvent& event) {
   return guarded("frmMain.picDrawing_MouseDown(Button,Shift,X,Y)",
-                 [&] { picDrawing_MouseDown(interaction.desk, event); });
+                 [&] { picDrawing_MouseDown(interaction.context, event); });
 }
 
 bool Application::move(const PointerEvent& event) {
   return guarded("frmMain.picDrawing_MouseMove(Button,Shift,X,Y)",
-                 [&] { picDrawing_MouseMove(interaction.desk, event); });
+                 [&] { picDrawing_MouseMove(interaction.context, event); });
 }
 
 bool Application::release(const PointerEvent& event) {
   return guarded("frmMain.picDrawing_MouseUp(Button,Shift,X,Y)",
-                 [&] { picDrawing_MouseUp(interaction.desk, event); });
+                 [&] { picDrawing_MouseUp(interaction.context, event); });
 }
 
 bool Application::wheel(int steps, int shift) {
   return guarded("frmMain.MouseWheel1_MouseWheel(Scroll,Button,Shift,X,Y)",
-                 [&] { MouseWheel1_MouseWheel(interaction.desk, steps, shift); });
+                 [&] { MouseWheel1_MouseWheel(interaction.context, steps, shift); });
 }
 
 bool Application::mayClose() {
@@ -161,23 +161,23 @@ std::string Application::caption() const {
 }
 
 void Application::Listener::clearUndoMenu() {
-  tess::clearUndoMenu(application_.interaction.desk);
+  tess::clearUndoMenu(application_.interaction.context);
 }
 
 void Application::Listener::resetUndoState() {
-  tess::resetUndoState(application_.interaction.desk);
+  tess::resetUndoState(application_.interaction.context);
 }
 
 void Application::Listener::Clear_Paste() {
-  tess::Clear_Paste(application_.interaction.desk);
+  tess::Clear_Paste(application_.interaction.context);
 }
 
 void Application::Listener::scaleDrawing(float factor) {
-  convertDrawing(application_.interaction.desk, factor);
+  convertDrawing(application_.interaction.context, factor);
 }
 
 void Application::Listener::UnselectAll() {
-  application_.interaction.desk.state.Selected.clear();
+  application_.interaction.context.state.Selected.clear();
 }
 
 void Application::Listener::Update_menu_checks() {
@@ -185,11 +185,11 @@ void Application::Listener::Update_menu_checks() {
 }
 
 void Application::Listener::UpdateGridButtons() {
-  tess::UpdateGridButtons(application_.interaction.desk);
+  tess::UpdateGridButtons(application_.interaction.context);
 }
 
 void Application::Listener::SetUpdatePropertyFlag(bool update) {
-  application_.interaction.desk.state.updateProperties = update;
+  application_.interaction.context.state.updateProperties = update;
 }
 
 void Application::Listener::UpdatePropertyWindow() {
@@ -197,7 +197,7 @@ void Application::Listener::UpdatePropertyWindow() {
 }
 
 void Application::Listener::resetObjectSnap() {
-  application_.interaction.desk.state.resetObjectSnap();
+  application_.interaction.context.state.resetObjectSnap();
 }
 
 void Application::Listener::moveMarker(float x, float y) {
@@ -221,7 +221,7 @@ void Application::Listener::updateStatusDisplay() {
 }
 
 void Application::Listener::rowsRewritten() {
-  application_.interaction.desk.changes.tellRewritten();
+  application_.interaction.context.changes.tellRewritten();
 }
 
 void Application::Listener::drawingReplaced() {
@@ -246,7 +246,7 @@ void Application::Listener::closeMainWindow() {
 }
 
 void Application::Listener::importDxf(const std::string& path) {
-  importDroppedDxf(application_.interaction.desk, path);
+  importDroppedDxf(application_.interaction.context, path);
 }
 
 void Application::Listener::loadLayout() {

@@ -60,9 +60,9 @@ class CSegment : public IObjectWithProperties {
   // Loads the row. Raises Subscript out of range outside the drawing.
   void setSegmentNumber(int number);
   int SegmentType() const { return row_.type; }
-  std::optional<CFeaturePoint> GetClosetFeaturePoint(const Desk& desk,
+  std::optional<CFeaturePoint> GetClosetFeaturePoint(const DraftingContext& context,
                                                      const SnapQuery& query) const {
-    return tess::GetClosetFeaturePoint(desk, number_, query);
+    return tess::GetClosetFeaturePoint(context, number_, query);
   }
 
   void EnumerateProperties(PropertyAdder& list) const override;

@@ -19,10 +19,10 @@ Session& contextOf(const SessionCommand& /*command*/, Application& application) 
 ViewCommands& contextOf(const ViewCommand& /*command*/, Application& application) {
   return application.interaction.viewCommands;
 }
-Desk& contextOf(const DeskCommand& /*command*/, Application& application) {
-  return application.interaction.desk;
+DraftingContext& contextOf(const DraftingCommand& /*command*/, Application& application) {
+  return application.interaction.context;
 }
-CamDesk& contextOf(const CamCommand& /*command*/, Application& application) {
+CamContext& contextOf(const CamCommand& /*command*/, Application& application) {
   return application.interaction.cam;
 }
 Application& contextOf(const ShellCommand& /*command*/, Application& application) {

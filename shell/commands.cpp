@@ -13,19 +13,19 @@ namespace {
 
 // ---- Keys without a tool
 
-template <void (*command)(Desk&)>
-void onDesk(Application& application) {
-  command(application.interaction.desk);
+template <void (*command)(DraftingContext&)>
+void onDrafting(Application& application) {
+  command(application.interaction.context);
 }
 
 template <int button>
 void clickByKey(Application& application) {
-  keyboardClick(application.interaction.desk, button);
+  keyboardClick(application.interaction.context, button);
 }
 
 template <int dx, int dy>
 void nudge(Application& application) {
-  nudgePointer(application.interaction.desk, dx, dy);
+  nudgePointer(application.interaction.context, dx, dy);
 }
 
 struct KeyRow {
@@ -34,10 +34,10 @@ struct KeyRow {
 };
 
 constexpr KeyRow kKeysWithoutTool[] = {
-    {"G", onDesk<flipGrids>},
-    {"Esc", onDesk<Handle_esc>},
-    {"F3", onDesk<repeatLastCommand>},
-    {"F12", onDesk<repeatLastCommand>},
+    {"G", onDrafting<flipGrids>},
+    {"Esc", onDrafting<Handle_esc>},
+    {"F3", onDrafting<repeatLastCommand>},
+    {"F12", onDrafting<repeatLastCommand>},
     {"Enter", clickByKey<kLeftButton>},
     {"Insert", clickByKey<kRightButton>},
     {"Left", nudge<-1, 0>},

@@ -15,8 +15,8 @@ void chooseTool(Application& application) {
 
 void showTitleBlock(Application& application) {
   Interaction& interaction = application.interaction;
-  mnuOptionsDrawTitleBlock_Click(
-      {application.session, application.feeds, interaction.viewCommands, interaction.desk.changes});
+  mnuOptionsDrawTitleBlock_Click({application.session, application.feeds, interaction.viewCommands,
+                                  interaction.context.changes});
 }
 
 }  // namespace

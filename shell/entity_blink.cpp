@@ -13,8 +13,9 @@ constexpr Rgb kWhite = 0xFFFFFF;
 
 }  // namespace
 
-EntityBlink::EntityBlink(Desk& desk)
-    : desk_(desk), timer_(desk.timers.create({"tmrBlink", kTickTime}, [this] { tick(); })) {}
+EntityBlink::EntityBlink(DraftingContext& context)
+    : context_(context),
+      timer_(context.timers.create({"tmrBlink", kTickTime}, [this] { tick(); })) {}
 
 void EntityBlink::start(int sg) {
   if (ticksLeft_ > 0) show(/*lit=*/false);
@@ -26,15 +27,16 @@ void EntityBlink::start(int sg) {
 
 // The row may be gone since.
 void EntityBlink::tick() {
-  const bool there = sg_ >= 1 && sg_ <= desk_.store.NumSegments;
+  const bool there = sg_ >= 1 && sg_ <= context_.store.NumSegments;
   ticksLeft_ = there ? ticksLeft_ - 1 : 0;
   if (there) show(ticksLeft_ % 2 == 1);
   if (ticksLeft_ == 0) timer_->setEnabled(false);
 }
 
 void EntityBlink::show(bool lit) {
-  if (sg_ > desk_.store.NumSegments) return;
-  desk_.renderer.DrawSegment(sg_, desk_.ScreenProxy, lit ? std::optional(kWhite) : std::nullopt);
+  if (sg_ > context_.store.NumSegments) return;
+  context_.renderer.DrawSegment(sg_, context_.ScreenProxy,
+                                lit ? std::optional(kWhite) : std::nullopt);
 }
 
 }  // namespace tess

@@ -5,13 +5,13 @@
 #include <memory>
 
 #include "core/timers.h"
-#include "drafting/desk.h"
+#include "drafting/drafting_context.h"
 
 namespace tess {
 
 class EntityBlink {
  public:
-  explicit EntityBlink(Desk& desk);
+  explicit EntityBlink(DraftingContext& context);
 
   // A few times on the screen, in white; the entity then stands in its own colour again. Whatever
   // blinked before stops.
@@ -21,7 +21,7 @@ class EntityBlink {
   void tick();
   void show(bool lit);
 
-  Desk& desk_;
+  DraftingContext& context_;
   std::unique_ptr<Timer> timer_;
   int sg_ = 0;
   int ticksLeft_ = 0;

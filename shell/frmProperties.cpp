@@ -48,12 +48,12 @@ class SharedRows : public PropertyAdder {
 
 }  // namespace
 
-frmProperties::frmProperties(Desk& desk)
+frmProperties::frmProperties(DraftingContext& context)
     : Form("frmProperties", "Properties"),
-      desk_(desk),
-      segment_(desk.session, desk.changes, Step::Continued),
-      blink_(desk),
-      subscription_(desk.changes.listen(*this)) {
+      context_(context),
+      segment_(context.session, context.changes, Step::Continued),
+      blink_(context),
+      subscription_(context.changes.listen(*this)) {
   TabStrip.setItems({"Alphabetic", "Categorized"});
   TabStrip.setIndex(static_cast<int>(ListStyle::Alphabetic));
   wire();
@@ -78,7 +78,7 @@ void frmProperties::changed(const KeptChange& change) {
 }
 
 void frmProperties::UpdatePropertyWindow() {
-  const bool selection = std::exchange(desk_.state.updateProperties, false);
+  const bool selection = std::exchange(context_.state.updateProperties, false);
   if (!isLoaded()) return;
   if (selection) {
     load();
@@ -96,8 +96,8 @@ void frmProperties::SelectEntity(int sg) {
 void frmProperties::load() {
   showsAll_ = false;
   Clear();
-  for (const int sg : desk_.state.Selected.rows()) {
-    if (sg >= 1 && sg <= desk_.store.NumSegments) AddObject(sg);
+  for (const int sg : context_.state.Selected.rows()) {
+    if (sg >= 1 && sg <= context_.store.NumSegments) AddObject(sg);
   }
   const bool holds = std::find(objects_.begin(), objects_.end(), picked_) != objects_.end();
   if (!holds) picked_ = 0;  // its number may be another row's by the next time
@@ -115,7 +115,7 @@ void frmProperties::AddObject(int sg) {
 
 // Their names, and behind them an entry for all of several.
 void frmProperties::fillObjects() {
-  std::erase_if(objects_, [this](int sg) { return sg > desk_.store.NumSegments; });
+  std::erase_if(objects_, [this](int sg) { return sg > context_.store.NumSegments; });
   std::vector<std::string> names;
   names.reserve(objects_.size() + 1);
   for (const int sg : objects_) {
@@ -166,10 +166,10 @@ void frmProperties::fillShared() {
 }
 
 void frmProperties::fillTotals() {
-  const auto totals = totalsOfOutline(desk_.store, objects_);
+  const auto totals = totalsOfOutline(context_.store, objects_);
   if (!totals) return;
   const auto add = [this](const char* name, double value) {
-    PropList1.addTotal(name, CoordinateAsString(desk_.session, narrow(value)), kTotals);
+    PropList1.addTotal(name, CoordinateAsString(context_.session, narrow(value)), kTotals);
   };
   add("Total Length", totals->length);
   add("Total Area", totals->area);
@@ -181,7 +181,7 @@ void frmProperties::objectChosen() {
   showsAll_ = rows.size() > 1;
   if (!showsAll_) picked_ = rows.front();
   fillRows();
-  if (!showsAll_ && desk_.store.segtype[picked_] >= kFirstThatBlinks) blink_.start(picked_);
+  if (!showsAll_ && context_.store.segtype[picked_] >= kFirstThatBlinks) blink_.start(picked_);
 }
 
 // What was typed over the value of the row before counts for that row.
@@ -227,7 +227,7 @@ void frmProperties::commit() {
 
 void frmProperties::change(const std::string& name, const std::string& text) {
   const Procedure here("frmProperties.PropList1_Change(name,value)");
-  Change change(desk_.changes);
+  Change change(context_.changes);
   Flag cancel;
   for (const int sg : shownRows()) {
     std::string value = text;

@@ -8,7 +8,7 @@
 
 #include "core/controls.h"
 #include "core/form.h"
-#include "drafting/desk.h"
+#include "drafting/drafting_context.h"
 #include "shell/c_segment.h"
 #include "shell/entity_blink.h"
 #include "shell/prop_list.h"
@@ -19,7 +19,7 @@ namespace tess {
 // undo; a failure leaves the drawing as it was.
 class frmProperties : public Form, public ChangeListener {
  public:
-  explicit frmProperties(Desk& desk);
+  explicit frmProperties(DraftingContext& context);
 
   // Brings the window up to the selection and the rows, if either has changed.
   void UpdatePropertyWindow();
@@ -63,7 +63,7 @@ class frmProperties : public Form, public ChangeListener {
   void commit();
   void change(const std::string& name, const std::string& text);
 
-  Desk& desk_;
+  DraftingContext& context_;
   CSegment segment_;
   EntityBlink blink_;
   Subscription subscription_;

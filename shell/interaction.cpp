@@ -23,11 +23,12 @@ Interaction::Interaction(Session& session, const ScreenPorts& ports)
       state(ScreenProxy),
       viewCommands({session.store, view, redraw, ScreenProxy, ports.pointer,
                     session.host.surroundings, *this, state}),
-      desk({session, view, renderer, redraw, state, viewCommands, ScreenProxy, ports.pointer,
-            ports.timers, tools, statusBar, *this}),
-      cam(desk),
-      properties(desk) {
-  for (const DeskCommand* const command : importCommands()) desk.addCommand(desk, *command);
+      context({session, view, renderer, redraw, state, viewCommands, ScreenProxy, ports.pointer,
+               ports.timers, tools, statusBar, *this}),
+      cam(context),
+      properties(context) {
+  for (const DraftingCommand* const command : importCommands())
+    context.addCommand(context, *command);
   fillToolHost(tools);
   tools.setClientArea(ports.clientArea);
   // The marker is drawn before the first view is fitted, and needs a scale by then.
@@ -37,11 +38,11 @@ Interaction::Interaction(Session& session, const ScreenPorts& ports)
 Interaction::~Interaction() = default;
 
 void Interaction::readPressedTools() {
-  desk.state.OSnapOn = tools.isChecked(kObjectSnapCommand.info.tool);
-  desk.state.RevertOSnapFeatures();
+  context.state.OSnapOn = tools.isChecked(kObjectSnapCommand.info.tool);
+  context.state.RevertOSnapFeatures();
   session_.store.visualgridf = tools.isChecked(kVisualGridCommand.info.tool) ? 1 : 0;
   session_.store.cursorgridf = tools.isChecked(kCursorGridCommand.info.tool) ? 1 : 0;
-  desk.command.EditPaths = tools.isChecked(kEditPathsCommand.info.tool);
+  context.command.EditPaths = tools.isChecked(kEditPathsCommand.info.tool);
 }
 
 void Interaction::Update_menu_checks() {
@@ -50,7 +51,7 @@ void Interaction::Update_menu_checks() {
   tools.setChecked(kShowEndMarkersCommand.info.tool, store.endmarkers != 0);
   tools.setChecked(kShowToolPathsCommand.info.tool, store.showpaths != 0);
   tools.setChecked(kToolRadiusOutlineCommand.info.tool, store.tooloutline != 0);
-  tools.setEnabled(kPasteCommand.info.tool, desk.paste.pasteavailable);
+  tools.setEnabled(kPasteCommand.info.tool, context.paste.pasteavailable);
 }
 
 void Interaction::showRecentFiles() {
@@ -62,12 +63,12 @@ void Interaction::showRecentFiles() {
 }
 
 void Interaction::moveMarker(float x, float y) {
-  tess::moveMarker(desk, x, y);
+  tess::moveMarker(context, x, y);
 }
 
 void Interaction::resetPendingAction() {
-  desk.state.setPendingaction(0);
-  desk.state.setDrawMode(0);
+  context.state.setPendingaction(0);
+  context.state.setDrawMode(0);
 }
 
 SurfaceArea Interaction::clientArea() const {
@@ -81,7 +82,7 @@ void Interaction::showDrawingName() {
 }
 
 void Interaction::updateStatusDisplay() {
-  refreshStatus(desk);
+  refreshStatus(context);
 }
 
 void Interaction::PrintPreviewScreenShotWorkAround(DrawingTarget& /*target*/) {}

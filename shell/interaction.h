@@ -1,5 +1,5 @@
 // The interactive half of the program without its window: view, renderer, tools, status bar and
-// drafting desk, wired to each other and to the session. The desktop and the script runner bring
+// drafting context, wired to each other and to the session. The desktop and the script runner bring
 // the ports.
 // Owns: ScreenPorts, Interaction.
 #pragma once
@@ -12,10 +12,10 @@
 #include "core/tool_host.h"
 #include "display/redraw_sequence.h"
 #include "display/view_commands.h"
-#include "drafting/desk.h"
+#include "drafting/drafting_context.h"
 #include "shell/frmProperties.h"
 #include "shell/frmStatistics.h"
-#include "toolpath/cam_desk.h"
+#include "toolpath/cam_context.h"
 
 namespace tess {
 
@@ -27,7 +27,7 @@ struct ScreenPorts {
   Bounds clientArea{};  // of the surface to begin with, in pixels
 };
 
-class Interaction : public ViewHost, public RedrawListener, public DeskListener {
+class Interaction : public ViewHost, public RedrawListener, public DraftingListener {
  public:
   Interaction(Session& session, const ScreenPorts& ports);
   ~Interaction() override;
@@ -59,7 +59,7 @@ class Interaction : public ViewHost, public RedrawListener, public DeskListener 
   void updateStatusDisplay() override;
   void PrintPreviewScreenShotWorkAround(DrawingTarget& target) override;
 
-  // DeskListener
+  // DraftingListener
   void showStatistics(int segments, int paths, const std::string& zoom) override;
   void UpdatePropertyWindow() override;
   void selectEntity(int sg) override;
@@ -83,8 +83,8 @@ class Interaction : public ViewHost, public RedrawListener, public DeskListener 
   RedrawSequence redraw;
   CState state;
   ViewCommands viewCommands;
-  Desk desk;
-  CamDesk cam;
+  DraftingContext context;
+  CamContext cam;
   frmProperties properties;
 };
 

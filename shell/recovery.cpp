@@ -25,7 +25,7 @@ namespace {
 void showRestored(Application& application) {
   Session& session = application.session;
   set_num_formats(session);
-  collectSelected(application.interaction.desk);
+  collectSelected(application.interaction.context);
   session.listener.UpdateGridButtons();
   session.listener.Update_menu_checks();
   session.listener.drawingReplaced();
@@ -124,7 +124,7 @@ void restoreWork(Application& application, const UnsavedWork& work) {
   session.selectedname = session.store.drawingname;
   session.lastfilename = work.drawing;
   application.continueJournal(work.journal.path());
-  markUnsaved(application.interaction.desk.changes);
+  markUnsaved(application.interaction.context.changes);
   showRestored(application);
 }
 

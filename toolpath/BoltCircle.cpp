@@ -45,7 +45,7 @@ void BoltPreview::show(std::vector<BoltMark> marks) {
   invalidate();
 }
 
-BoltCircle::BoltCircle(CamDesk& cam) : Form("BoltCircle", "Bolt Circle"), cam_(cam) {
+BoltCircle::BoltCircle(CamContext& cam) : Form("BoltCircle", "Bolt Circle"), cam_(cam) {
   chkDisplayCoordinates.setCaption("&Display coordinates");
   cmdCompute.setCaption("&Compute");
   cmdClear.setCaption("C&lear");
@@ -54,7 +54,7 @@ BoltCircle::BoltCircle(CamDesk& cam) : Form("BoltCircle", "Bolt Circle"), cam_(c
   setDefaultButton(cmdCompute);
   setCancelButton(cmdCancel);
   onLoad = [this] { clear(); };
-  onClose = [this] { endPreview(cam_.desk); };
+  onClose = [this] { endPreview(cam_.context); };
   cmdCompute.onClick = [this] { compute(); };
   cmdClear.onClick = [this] { clear(); };
   cmdCreateSegments.onClick = [this] { createSegments(); };
@@ -127,7 +127,7 @@ void BoltCircle::compute() {
   const std::string faults = complaints();
   const std::optional<BoltPattern> wanted = faults.empty() ? pattern() : std::nullopt;
   if (!wanted) {
-    cam_.desk.session.host.prompts.showMessage(
+    cam_.context.session.host.prompts.showMessage(
         {.text = faults, .title = caption(), .icon = MessageIcon::Warning});
     return;
   }
@@ -173,7 +173,7 @@ void BoltCircle::hoverHoles() {
   for (const BoltHole& hole : holes_) {
     circles.push_back(circleAt(hole.place, pattern_.holeDiameter / 2));
   }
-  previewRows(cam_.desk, std::move(circles));
+  previewRows(cam_.context, std::move(circles));
 }
 
 std::vector<Point> BoltCircle::listedPlaces() const {
@@ -193,13 +193,13 @@ void BoltCircle::createSegments() {
   const std::optional<int> cycle = chooseCycle(cam_);
   if (!cycle) return;
   placeCyclesAt(cam_, *cycle, places);
-  cam_.desk.redraw.redrawscreen();
+  cam_.context.redraw.redrawscreen();
 }
 
-void mnuDrawBoltCircle_Click(CamDesk& cam) {
+void mnuDrawBoltCircle_Click(CamContext& cam) {
   const Procedure here("frmMain.mnuDrawBoltCircle_Click()");
   BoltCircle form(cam);
-  cam.desk.session.host.prompts.showModal(form);
+  cam.context.session.host.prompts.showModal(form);
 }
 
 // ---- Descriptors

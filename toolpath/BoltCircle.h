@@ -10,7 +10,7 @@
 #include "core/controls.h"
 #include "core/form.h"
 #include "toolpath/bolt_circle.h"
-#include "toolpath/cam_desk.h"
+#include "toolpath/cam_context.h"
 
 namespace tess {
 
@@ -34,7 +34,7 @@ class BoltPreview : public Picture {
 
 class BoltCircle : public Form {
  public:
-  explicit BoltCircle(CamDesk& cam);
+  explicit BoltCircle(CamContext& cam);
 
   TextBox txtNumberOfHoles{*this, "txtNumberOfHoles"};
   TextBox txtDegreesOffset{*this, "txtDegreesOffset"};
@@ -66,11 +66,11 @@ class BoltCircle : public Form {
   void hoverHoles();
   std::vector<Point> listedPlaces() const;
 
-  CamDesk& cam_;
+  CamContext& cam_;
   BoltPattern pattern_;          // of the list
   std::vector<BoltHole> holes_;  // the same
 };
 
-void mnuDrawBoltCircle_Click(CamDesk& cam);
+void mnuDrawBoltCircle_Click(CamContext& cam);
 
 }  // namespace tess

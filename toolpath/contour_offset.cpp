@@ -21,26 +21,26 @@ namespace {
 // Fixed: within five pixels a click lies on the profile; the zoom decides about the side.
 constexpr double kDeadBandPixels = 4.5;
 
-int signOnScreen(const CamDesk& cam, double difference) {
-  const double pixels = difference * PixelsPerInchX(cam.desk.ScreenProxy);
+int signOnScreen(const CamContext& cam, double difference) {
+  const double pixels = difference * PixelsPerInchX(cam.context.ScreenProxy);
   return std::abs(pixels) <= kDeadBandPixels ? 0 : signOf(difference);
 }
 
 // Where the click lies from the nearest point of row `sg`.
-SideSigns clickFrom(const CamDesk& cam, int sg, Point click) {
+SideSigns clickFrom(const CamContext& cam, int sg, Point click) {
   const Point nearest = nearestOnSeg(cam.store, sg, click).found().value_or(click);
   return {signOnScreen(cam, static_cast<double>(click.x) - nearest.x),
           signOnScreen(cam, static_cast<double>(click.y) - nearest.y)};
 }
 
-Side sideOfArc(const CamDesk& cam, const Entity& arc, SideSigns reference, Point click) {
+Side sideOfArc(const CamContext& cam, const Entity& arc, SideSigns reference, Point click) {
   if (reference.x == 0 && reference.y == 0) return Side::On;
   const double outside = static_cast<double>(distance(click, arc.center)) - radiusOf(arc);
   return arcSide(arc.type, signOnScreen(cam, outside));
 }
 
 // Fixed: a pocket decides the side of a line, the click that of an arc; rings begin so.
-Side sideOfPath(const CamDesk& cam, const OffsetRequest& request, const Entity& first) {
+Side sideOfPath(const CamContext& cam, const OffsetRequest& request, const Entity& first) {
   if (request.exactMode) return Side::On;
   if (isArc(first.type)) {
     return sideOfArc(cam, first, clickFrom(cam, request.sg, request.click), request.click);
@@ -71,7 +71,7 @@ bool walkAlong(const DrawingStore& store, const OffsetRequest& request, Point en
   return offsetAlong(store, walk, chain);
 }
 
-void insertElements(CamDesk& cam, const OffsetRequest& request, int first,
+void insertElements(CamContext& cam, const OffsetRequest& request, int first,
                     const std::vector<Entity>& elements) {
   std::vector<PathInsertion> rows;
   rows.reserve(elements.size());
@@ -89,7 +89,7 @@ bool wantsLeads(const DrawingStore& store, const OffsetRequest& request, Side si
 
 }  // namespace
 
-Placement::Placement(CamDesk& cam, Step step)
+Placement::Placement(CamContext& cam, Step step)
     : cam_(cam),
       first_(pathInsertIndex(cam.store, cam.pathInsertMode, cam.pathInsertGroup)),
       rowsBefore_(cam.store.NumPathSegments),
@@ -104,11 +104,11 @@ void Placement::keep() {
   change_.keep({.redraws = false});
 }
 
-void placePathChain(CamDesk& cam, const OffsetRequest& request, const Placement& placement) {
+void placePathChain(CamContext& cam, const OffsetRequest& request, const Placement& placement) {
   DrawingStore& store = cam.store;
   if (!request.pocketMode && !request.exactMode) store.currentpathgroup = nextPathGroup(store);
   if (!hasDirection(store, request.sg, request.start, request.direction)) {
-    cam.desk.session.host.surroundings.beep();
+    cam.context.session.host.surroundings.beep();
     return;
   }
   const Point end = otherEnd(store, request.sg, request.start);
@@ -122,10 +122,10 @@ void placePathChain(CamDesk& cam, const OffsetRequest& request, const Placement&
   if (wantsLeads(store, request, side) && !rows.empty()) {
     addLeadInOut(cam, {closed, rows.first, rows.last, request.z, request.feed});
   }
-  cam.desk.state.setPendingaction(0);
+  cam.context.state.setPendingaction(0);
 }
 
-void offsetPathChain(CamDesk& cam, const OffsetRequest& request) {
+void offsetPathChain(CamContext& cam, const OffsetRequest& request) {
   const Procedure here(
       "frmMain.offsetPathChain(sg,xs,ys,xd,yd,z,feed,chain,pocketMode,exactMode,radius)");
   Placement placement(cam);
@@ -134,7 +134,7 @@ void offsetPathChain(CamDesk& cam, const OffsetRequest& request) {
 }
 
 // Rows that were appended go on into their copies without a foreign row between.
-void connectPlacedRows(CamDesk& cam, const PlacedRows& rows, int rowsBefore) {
+void connectPlacedRows(CamContext& cam, const PlacedRows& rows, int rowsBefore) {
   const int count = cam.store.NumPathSegments;
   const bool appended = rows.first > rowsBefore;
   const int placed = rows.last - rows.first + 1;

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "drafting/change.h"
-#include "toolpath/cam_desk.h"
+#include "toolpath/cam_context.h"
 
 namespace tess {
 
@@ -26,7 +26,7 @@ struct OffsetRequest {
 
 // Places the rows where pathInsertMode says, logs them as one step, and ends the armed action. A
 // failure leaves no row behind.
-void offsetPathChain(CamDesk& cam, const OffsetRequest& request);
+void offsetPathChain(CamContext& cam, const OffsetRequest& request);
 
 // Path rows `first` to `last`; none when last is below first.
 struct PlacedRows {
@@ -40,24 +40,24 @@ struct PlacedRows {
 class Placement {
  public:
   // The rows are a step of their own, or go on with the one before.
-  explicit Placement(CamDesk& cam, Step step = Step::New);
+  explicit Placement(CamContext& cam, Step step = Step::New);
 
   int first() const { return first_; }
   PlacedRows rows() const;
   void keep();
 
  private:
-  CamDesk& cam_;
+  CamContext& cam_;
   int first_;
   int rowsBefore_;
   Change change_;
 };
 
 // What offsetPathChain does, but for the log.
-void placePathChain(CamDesk& cam, const OffsetRequest& request, const Placement& placement);
+void placePathChain(CamContext& cam, const OffsetRequest& request, const Placement& placement);
 
 // Links the gaps within `rows`, and within their level copies at the end of the table, but never to
 // one of the `rowsBefore` rows that were there before.
-void connectPlacedRows(CamDesk& cam, const PlacedRows& rows, int rowsBefore);
+void connectPlacedRows(CamContext& cam, const PlacedRows& rows, int rowsBefore);
 
 }  // namespace tess

@@ -42,14 +42,14 @@ PathRow cycleRow(const DrawingStore& store, int cycle, Point from, Point to) {
 }
 
 // Appends the row to the current group and shows it.
-void placeCycle(CamDesk& cam, Change& change, const PathRow& row) {
+void placeCycle(CamContext& cam, Change& change, const PathRow& row) {
   const int ps = change.paths.append(row);
   cam.store.showpaths = 1;
-  cam.desk.session.listener.Update_menu_checks();
-  cam.desk.renderer.drawtoolpath(ps, cam.desk.ScreenProxy);
+  cam.context.session.listener.Update_menu_checks();
+  cam.context.renderer.drawtoolpath(ps, cam.context.ScreenProxy);
 }
 
-void placeInNewGroup(CamDesk& cam, int cycle, Point from, Point to) {
+void placeInNewGroup(CamContext& cam, int cycle, Point from, Point to) {
   Change change(cam.changes);
   cam.store.currentpathgroup = nextPathGroup(cam.store);
   placeCycle(cam, change, cycleRow(cam.store, cycle, from, to));
@@ -67,21 +67,21 @@ bool isSelectedCircle(const DrawingStore& store, int sg) {
   return row.type == kCircle || (isArc(row.type) && row.start == row.end);
 }
 
-void armPlacing(CamDesk& cam) {
-  arm(cam.desk, PendingAction::PlaceCycle, /*drawMode=*/-1);
+void armPlacing(CamContext& cam) {
+  arm(cam.context, PendingAction::PlaceCycle, /*drawMode=*/-1);
 }
 
-void clickPlaceCycle(CamDesk& cam) {
+void clickPlaceCycle(CamContext& cam) {
   const DrawingStore& store = cam.store;
   if (!cam.selectedCycle || !isTemplate(store, *cam.selectedCycle)) return;
   const int cycle = *cam.selectedCycle;
-  const Point click{cam.desk.pointer.MouseX, cam.desk.pointer.MouseY};
+  const Point click{cam.context.pointer.MouseX, cam.context.pointer.MouseY};
   const Point from = numberOf(store, cycle) == kSlotCycle ? marker(store) : click;
   placeInNewGroup(cam, cycle, from, click);
 }
 
 // Fixed: the first template is not repeated, as 0 stood for no choice; scripts go by that.
-void repeatPlacing(CamDesk& cam) {
+void repeatPlacing(CamContext& cam) {
   if (cam.selectedCycle.value_or(0) >= 1) armPlacing(cam);
 }
 
@@ -99,16 +99,16 @@ bool cycleHasDwell(int number) {
   return std::ranges::find(kWithoutDwell, number) == kWithoutDwell.end();
 }
 
-void placeCyclesAt(CamDesk& cam, int cycle, std::span<const Point> points) {
+void placeCyclesAt(CamContext& cam, int cycle, std::span<const Point> points) {
   if (points.empty()) return;
   Change change(cam.changes);
   cam.store.currentpathgroup = nextPathGroup(cam.store);
   for (const Point at : points) placeCycle(cam, change, cycleRow(cam.store, cycle, at, at));
   change.keep({.redraws = false});
-  refreshStatus(cam.desk);  // no click follows that would show the new count
+  refreshStatus(cam.context);  // no click follows that would show the new count
 }
 
-void placeCyclesAtSelectedCircles(CamDesk& cam, int cycle) {
+void placeCyclesAtSelectedCircles(CamContext& cam, int cycle) {
   std::vector<Point> centers;
   for (int sg = 1; sg <= cam.store.NumSegments; ++sg) {
     if (isSelectedCircle(cam.store, sg)) centers.push_back(segmentEntity(cam.store, sg).center);
@@ -116,15 +116,15 @@ void placeCyclesAtSelectedCircles(CamDesk& cam, int cycle) {
   placeCyclesAt(cam, cycle, centers);
 }
 
-void mnuCAMAddMachCycle_Click(CamDesk& cam) {
+void mnuCAMAddMachCycle_Click(CamContext& cam) {
   const Procedure here("frmMain.mnuCAMAddMachCycle_Click()");
   const std::optional<int> cycle = chooseCycle(cam);
   if (!cycle) return;
   placeInNewGroup(cam, *cycle, marker(cam.store), marker(cam.store));
-  refreshStatus(cam.desk);
+  refreshStatus(cam.context);
 }
 
-void CAMAddMachCycleDeferred(CamDesk& cam) {
+void CAMAddMachCycleDeferred(CamContext& cam) {
   const Procedure here("frmMain.CAMAddMachCycleDeferred()");
   cam.selectedCycle = chooseCycle(cam);
   if (cam.selectedCycle) armPlacing(cam);
@@ -134,7 +134,7 @@ void CAMAddMachCycleDeferred(CamDesk& cam) {
 
 namespace {
 
-constexpr Action<CamDesk> kAddMachineCycleActions[] = {
+constexpr Action<CamContext> kAddMachineCycleActions[] = {
     {{.action = PendingAction::PlaceCycle, .prompt = "Click spot to place machine cycle."},
      clickPlaceCycle},
 };

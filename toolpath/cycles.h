@@ -6,7 +6,7 @@
 #include <span>
 #include <string>
 
-#include "toolpath/cam_desk.h"
+#include "toolpath/cam_context.h"
 
 namespace tess {
 
@@ -22,13 +22,13 @@ bool cycleHasDwell(int number);
 
 // One row of template `cycle` (from 0) at each point, in one new group and as one step of the log.
 // Without a point there is no group either.
-void placeCyclesAt(CamDesk& cam, int cycle, std::span<const Point> points);
+void placeCyclesAt(CamContext& cam, int cycle, std::span<const Point> points);
 
 // The same at the centre of every selected circle or full arc, in index order.
-void placeCyclesAtSelectedCircles(CamDesk& cam, int cycle);
+void placeCyclesAtSelectedCircles(CamContext& cam, int cycle);
 
 // Asks for a template, then places it at the marker at once, or arms the click that places it.
-void mnuCAMAddMachCycle_Click(CamDesk& cam);
-void CAMAddMachCycleDeferred(CamDesk& cam);
+void mnuCAMAddMachCycle_Click(CamContext& cam);
+void CAMAddMachCycleDeferred(CamContext& cam);
 
 }  // namespace tess

@@ -29,7 +29,7 @@ bool isUnplaced(const PathRow& row) {
 
 }  // namespace
 
-dlgEditPath::dlgEditPath(CamDesk& cam)
+dlgEditPath::dlgEditPath(CamContext& cam)
     : Form("dlgEditPath", "View/Edit Path Segments"), cam_(cam), store_(cam.store) {
   setCaptions();
   wireControls();
@@ -121,14 +121,14 @@ bool dlgEditPath::showsCycle() const {
 
 void dlgEditPath::showPathRow(bool redraw) {
   const Procedure here("dlgEditPath.showPathRow(redraw)");
-  if (redraw) cam_.desk.redraw.redrawscreen();
+  if (redraw) cam_.context.redraw.redrawscreen();
   if (!isThere(row_)) {
     close();
     return;
   }
   filling_ = true;
   const PathRow row = pathRow(store_, row_);
-  const std::string& format = cam_.desk.session.formats.coordfmt;
+  const std::string& format = cam_.context.session.formats.coordfmt;
   put(txtps, std::to_string(row_));
   lblTotalSegments.setCaption("Total Segments : " + std::to_string(store_.NumPathSegments));
   showType(row.type);
@@ -386,8 +386,8 @@ bool dlgEditPath::saveRows(int row, const Edit& edit) {
     if (chkVisible.value() != kGrey) change.paths.show(ps, chkVisible.isChecked());
   }
   if (!optApplyToAll.value()) saveName(change, row);
-  if (!keepEdit(cam_.desk, change)) return false;
-  cam_.desk.redraw.redrawscreen();
+  if (!keepEdit(cam_.context, change)) return false;
+  cam_.context.redraw.redrawscreen();
   return true;
 }
 
@@ -467,7 +467,7 @@ void dlgEditPath::insertRow() {
                              .z = current.z,
                              .feed = current.feed,
                              .code = withoutSelection(current.code)});
-  inserted_ = keepEdit(cam_.desk, change, {.undoMark = kRowsAdded}) || inserted_;
+  inserted_ = keepEdit(cam_.context, change, {.undoMark = kRowsAdded}) || inserted_;
   showPathRow(/*redraw=*/false);
 }
 
@@ -475,7 +475,7 @@ void dlgEditPath::deleteRow() {
   const Procedure here("dlgEditPath.cmdDel_Click()");
   Change change(cam_.changes);
   if (isThere(row_)) change.paths.erase(row_);
-  keepEdit(cam_.desk, change, {.undoMark = kRowsDeleted});
+  keepEdit(cam_.context, change, {.undoMark = kRowsDeleted});
   showPathRow(/*redraw=*/false);
 }
 
@@ -489,7 +489,7 @@ void dlgEditPath::deleteGroup() {
   if (answer != Answer::Ok) return;
   Change change(cam_.changes);
   change.paths.eraseWhere([&](int ps) { return groupAt(ps) == group; });
-  if (!keepEdit(cam_.desk, change, {.undoMark = kRowsDeleted})) return;
+  if (!keepEdit(cam_.context, change, {.undoMark = kRowsDeleted})) return;
   goTo(1);
 }
 
@@ -501,7 +501,7 @@ void dlgEditPath::setGroup() {
 
 void dlgEditPath::orderPaths() {
   frmPathMap map(cam_);
-  cam_.desk.session.host.prompts.showModal(map);
+  cam_.context.session.host.prompts.showModal(map);
   showPathRow(/*redraw=*/true);
 }
 
@@ -519,15 +519,15 @@ void dlgEditPath::pointOutUnplaced() {
 
 Answer dlgEditPath::tell(const std::string& text, const std::string& title, MessageIcon icon,
                          MessageButtons buttons) {
-  return cam_.desk.session.host.prompts.showMessage(
+  return cam_.context.session.host.prompts.showMessage(
       {.text = text, .title = title, .icon = icon, .buttons = buttons});
 }
 
 // ---- The command
 
-void mnuCAMEditPathCycle_Click(CamDesk& cam) {
+void mnuCAMEditPathCycle_Click(CamContext& cam) {
   const Procedure here("frmMain.mnuCAMEditPathCycle_Click()");
-  Prompts& prompts = cam.desk.session.host.prompts;
+  Prompts& prompts = cam.context.session.host.prompts;
   if (cam.store.NumPathSegments < 1) {
     prompts.showMessage({.text = "No Path Segments To Edit",
                          .title = "Edit Path/Cycle",

@@ -13,14 +13,14 @@
 
 #include "core/drawing_store.h"
 #include "core/form.h"
-#include "toolpath/cam_desk.h"
+#include "toolpath/cam_context.h"
 
 namespace tess {
 
 class dlgEditPath : public Form {
  public:
   // There must be path rows.
-  explicit dlgEditPath(CamDesk& cam);
+  explicit dlgEditPath(CamContext& cam);
 
   TextBox txtps{*this, "txtps"};
   Label lblTotalSegments{*this, "lblTotalSegments"};
@@ -134,7 +134,7 @@ class dlgEditPath : public Form {
   int groupAt(int row) const { return groupCutOff(store_.pscode[row]); }
   bool isThere(int row) const { return row >= 1 && row <= store_.NumPathSegments; }
 
-  CamDesk& cam_;
+  CamContext& cam_;
   const DrawingStore& store_;
   const std::array<Field, 10> fields_{{
       {txtpsx0, &PathRow::x0, true},
@@ -157,6 +157,6 @@ class dlgEditPath : public Form {
 };
 
 // Opens the dialog, or tells that there is nothing to edit.
-void mnuCAMEditPathCycle_Click(CamDesk& cam);
+void mnuCAMEditPathCycle_Click(CamContext& cam);
 
 }  // namespace tess

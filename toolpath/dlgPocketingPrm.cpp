@@ -245,10 +245,10 @@ void dlgPocketingPrm::takeOverChoices() {
   store_.cfg_connect_pocketing_paths = chkConnectPocketPaths.isChecked();
 }
 
-void mnuCAMPocketSpecs_Click(CamDesk& cam) {
+void mnuCAMPocketSpecs_Click(CamContext& cam) {
   const Procedure here("mnuCAMPocketSpecs_Click()");
   dlgPocketingPrm dialog(cam.store);
-  cam.desk.session.host.prompts.showModal(dialog);
+  cam.context.session.host.prompts.showModal(dialog);
 }
 
 // ---- Descriptors

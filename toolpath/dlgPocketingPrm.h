@@ -5,7 +5,7 @@
 #include "core/controls.h"
 #include "core/form.h"
 #include "core/pocketing_choices.h"
-#include "toolpath/cam_desk.h"
+#include "toolpath/cam_context.h"
 #include "toolpath/step_over_fields.h"
 
 namespace tess {
@@ -107,6 +107,6 @@ class dlgPocketingPrm : public Form {
   const std::vector<NumberField> numbers_;
 };
 
-void mnuCAMPocketSpecs_Click(CamDesk& cam);
+void mnuCAMPocketSpecs_Click(CamContext& cam);
 
 }  // namespace tess

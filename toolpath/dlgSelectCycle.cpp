@@ -12,7 +12,7 @@ constexpr std::size_t kShortestNumberedText = 3;  // a letter and two digits
 
 }  // namespace
 
-dlgSelectCycle::dlgSelectCycle(CamDesk& cam)
+dlgSelectCycle::dlgSelectCycle(CamContext& cam)
     : Form("dlgSelectCycle", "Cycle Select & Definition"),
       cam_(cam),
       fields_{{{txtcyclefinaldepth, &DrawingStore::cyclefinaldepth, true, "0"},
@@ -64,7 +64,7 @@ void dlgSelectCycle::show(const Field& field) {
     return;
   }
   const float value = (cam_.store.*field.column)[template_];
-  const std::string& format = cam_.desk.session.formats.coordfmt;
+  const std::string& format = cam_.context.session.formats.coordfmt;
   field.box.setText(field.isDepth ? formatNumber(value, format) : plainText(value));
 }
 
@@ -91,9 +91,9 @@ void dlgSelectCycle::takeOver() {
   result_.reset();
 }
 
-std::optional<int> chooseCycle(CamDesk& cam) {
+std::optional<int> chooseCycle(CamContext& cam) {
   dlgSelectCycle dialog(cam);
-  cam.desk.session.host.prompts.showModal(dialog);
+  cam.context.session.host.prompts.showModal(dialog);
   return dialog.result();
 }
 

@@ -8,7 +8,7 @@
 
 #include "core/controls.h"
 #include "core/form.h"
-#include "toolpath/cam_desk.h"
+#include "toolpath/cam_context.h"
 
 namespace tess {
 
@@ -18,7 +18,7 @@ struct DrawingStore;
 
 class dlgSelectCycle : public Form {
  public:
-  explicit dlgSelectCycle(CamDesk& cam);
+  explicit dlgSelectCycle(CamContext& cam);
 
   ListBox List1{*this, "List1"};
   TextBox txtcyclefinaldepth{*this, "txtcyclefinaldepth"};
@@ -50,13 +50,13 @@ class dlgSelectCycle : public Form {
   void takeOver();
   bool hasTemplate() const;
 
-  CamDesk& cam_;
+  CamContext& cam_;
   const std::array<Field, 4> fields_;
   int template_ = 0;
   std::optional<int> result_;
 };
 
 // Shows the dialog and gives its result.
-std::optional<int> chooseCycle(CamDesk& cam);
+std::optional<int> chooseCycle(CamContext& cam);
 
 }  // namespace tess

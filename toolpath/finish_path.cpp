@@ -23,12 +23,12 @@
 namespace tess {
 namespace {
 
-Point clickOf(const CamDesk& cam) {
-  return {cam.desk.pointer.MouseX, cam.desk.pointer.MouseY};
+Point clickOf(const CamContext& cam) {
+  return {cam.context.pointer.MouseX, cam.context.pointer.MouseY};
 }
 
-void beep(CamDesk& cam) {
-  cam.desk.session.host.surroundings.beep();
+void beep(CamContext& cam) {
+  cam.context.session.host.surroundings.beep();
 }
 
 // ---- The passes
@@ -42,7 +42,7 @@ float passDistance(const DrawingStore& store, int pass) {
 }
 
 // Fixed: an arc lead alone is not checked; no question comes up for it.
-bool checksLeads(const CamDesk& cam) {
+bool checksLeads(const CamContext& cam) {
   const DrawingStore& store = cam.store;
   return cam.PlaceChain != 0 && store.cfg_lead_in_path && store.cfg_lead_in_angle >= 1 &&
          store.cfg_lead_in_length > 0;
@@ -59,10 +59,10 @@ Message leadQuestion(float length) {
           .buttons = MessageButtons::YesNo};
 }
 
-void offerShorterLeads(CamDesk& cam, const PlacedRows& rows) {
+void offerShorterLeads(CamContext& cam, const PlacedRows& rows) {
   const std::optional<float> length = checkLeadGouge(cam.store, rows.first, rows.last);
   if (!length) return;
-  const Answer answer = cam.desk.session.host.prompts.showMessage(leadQuestion(*length));
+  const Answer answer = cam.context.session.host.prompts.showMessage(leadQuestion(*length));
   if (answer != Answer::Yes) return;
   fitLeadLength(cam.changes, rows.first, *length, LeadEnd::Start);
   fitLeadLength(cam.changes, rows.last, *length, LeadEnd::End);
@@ -71,13 +71,13 @@ void offerShorterLeads(CamDesk& cam, const PlacedRows& rows) {
 // Where the rows of all passes have come: those of the outlines as one block, copies at the end.
 class AddedRows {
  public:
-  explicit AddedRows(const CamDesk& cam)
+  explicit AddedRows(const CamContext& cam)
       : first_(pathInsertIndex(cam.store, cam.pathInsertMode, cam.pathInsertGroup)),
         rowsBefore_(cam.store.NumPathSegments) {}
 
   void placed(const PlacedRows& rows) { placed_ += rows.last - rows.first + 1; }
 
-  void connect(CamDesk& cam) const {
+  void connect(CamContext& cam) const {
     connectPlacedRows(cam, {first_, first_ + placed_ - 1}, rowsBefore_);
   }
 
@@ -93,7 +93,7 @@ struct PassRequest {
   bool several = false;  // levels
 };
 
-void placePass(CamDesk& cam, const PassRequest& pass, AddedRows& added) {
+void placePass(CamContext& cam, const PassRequest& pass, AddedRows& added) {
   const int rowsBefore = cam.store.NumPathSegments;
   Placement placement(cam);
   placePathChain(cam, pass.offset, placement);
@@ -107,7 +107,7 @@ void placePass(CamDesk& cam, const PassRequest& pass, AddedRows& added) {
 }
 
 // Fixed: the first level runs at the finishing feed, copies at the roughing one; programs do.
-PassRequest passRequest(const CamDesk& cam) {
+PassRequest passRequest(const CamContext& cam) {
   const DrawingStore& store = cam.store;
   PassRequest pass;
   pass.floor = roughingFloor(store);
@@ -123,17 +123,17 @@ PassRequest passRequest(const CamDesk& cam) {
   return pass;
 }
 
-bool levelsArePossible(CamDesk& cam, const PassRequest& pass) {
+bool levelsArePossible(CamContext& cam, const PassRequest& pass) {
   const bool chain = cam.PlaceChain != 0;
   return !pass.several || cam.numFinishPasses < 1 ||
          canGoDown(cam, chain ? "Place Finish Path" : "Place One Path Segment", pass.offset.z,
                    pass.floor);
 }
 
-void placeFinishPath(CamDesk& cam) {
+void placeFinishPath(CamContext& cam) {
   PassRequest pass = passRequest(cam);
   if (!levelsArePossible(cam, pass)) return;
-  const BusyPointer busy(cam.desk.systemPointer);
+  const BusyPointer busy(cam.context.systemPointer);
   Change change(cam.changes);
   AddedRows added(cam);
   for (int number = cam.numFinishPasses; number >= 1; --number) {
@@ -147,30 +147,30 @@ void placeFinishPath(CamDesk& cam) {
 
 // ---- The clicks
 
-void clickStart(CamDesk& cam) {
+void clickStart(CamContext& cam) {
   const std::optional<Point> start = nearestSegEndpoint(cam.store, clickOf(cam));
   if (!start) return;
   cam.finishStart = *start;
-  cam.desk.state.setPendingaction(goOnWith(PendingAction::FinishDirection));
+  cam.context.state.setPendingaction(goOnWith(PendingAction::FinishDirection));
 }
 
 // The row is the one that leaves the start toward the click.
-void clickDirection(CamDesk& cam) {
+void clickDirection(CamContext& cam) {
   const Point click = clickOf(cam);
   const auto toward = [](double start, double to) { return narrow((9 * start + to) / 10); };
   const int sg = nearestSeg(
       cam.store, {toward(cam.finishStart.x, click.x), toward(cam.finishStart.y, click.y)});
   if (sg == 0) {
     beep(cam);
-    cam.desk.state.setPendingaction(goOnWith(PendingAction::FinishDirection));
+    cam.context.state.setPendingaction(goOnWith(PendingAction::FinishDirection));
     return;
   }
   cam.finishSegment = sg;
   cam.finishDirection = nearestOnSeg(cam.store, sg, click).found().value_or(cam.finishStart);
-  cam.desk.state.setPendingaction(goOnWith(PendingAction::FinishReference));
+  cam.context.state.setPendingaction(goOnWith(PendingAction::FinishReference));
 }
 
-void clickReference(CamDesk& cam) {
+void clickReference(CamContext& cam) {
   if (samePoint(cam.finishStart, cam.finishDirection, cam.store.cfg_tolerance)) {
     beep(cam);
     return;
@@ -178,26 +178,26 @@ void clickReference(CamDesk& cam) {
   placeFinishPath(cam);
 }
 
-void repeatPlacement(CamDesk& cam) {
+void repeatPlacement(CamContext& cam) {
   cam.PlaceChain != 0 ? mnuCAMPlaceFinishPath_Click(cam) : mnuCAMPlace1PathSeg_Click(cam);
 }
 
 }  // namespace
 
-void mnuCAMPlaceFinishPath_Click(CamDesk& cam) {
+void mnuCAMPlaceFinishPath_Click(CamContext& cam) {
   const Procedure here("frmMain.mnuCAMPlaceFinishPath_Click()");
   cam.PlaceChain = 1;
   roundRows(cam.changes);
   frmFinishPath options(cam);
-  cam.desk.session.host.prompts.showModal(options);
-  arm(cam.desk, PendingAction::FinishStart);
+  cam.context.session.host.prompts.showModal(options);
+  arm(cam.context, PendingAction::FinishStart);
 }
 
 // ---- Descriptors
 
 namespace {
 
-constexpr Action<CamDesk> kPlaceFinishPathActions[] = {
+constexpr Action<CamContext> kPlaceFinishPathActions[] = {
     {{.action = PendingAction::FinishStart, .prompt = "Click near start point.", .snaps = false},
      clickStart},
     {{.action = PendingAction::FinishDirection,

@@ -3,10 +3,10 @@
 // Owns: mnuCAMPlaceFinishPath_Click.
 #pragma once
 
-#include "toolpath/cam_desk.h"
+#include "toolpath/cam_context.h"
 
 namespace tess {
 
-void mnuCAMPlaceFinishPath_Click(CamDesk& cam);
+void mnuCAMPlaceFinishPath_Click(CamContext& cam);
 
 }  // namespace tess

@@ -23,7 +23,7 @@ int passesIn(const std::string& text) {
 
 }  // namespace
 
-frmFinishPath::frmFinishPath(CamDesk& cam)
+frmFinishPath::frmFinishPath(CamContext& cam)
     : Form("frmFinishPath", "Finishing Path Options"), cam_(cam) {
   FraRoughCuts.setCaption(" Rough Cut Clearance ");
   FraStepOver.setCaption(" Step Over Amount ");

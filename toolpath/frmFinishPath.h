@@ -3,14 +3,14 @@
 #pragma once
 
 #include "core/form.h"
-#include "toolpath/cam_desk.h"
+#include "toolpath/cam_context.h"
 #include "toolpath/step_over_fields.h"
 
 namespace tess {
 
 class frmFinishPath : public Form {
  public:
-  explicit frmFinishPath(CamDesk& cam);
+  explicit frmFinishPath(CamContext& cam);
 
   TextBox txtNumPasses{*this, "txtNumPasses"};
   Frame FraRoughCuts{*this, "FraRoughCuts"};
@@ -29,7 +29,7 @@ class frmFinishPath : public Form {
   void passesChanged();
   void takeOver();
 
-  CamDesk& cam_;
+  CamContext& cam_;
   StepOverFields stepOver_{cam_.store,
                            {OptCutWidth, txtToolSpacingPercent, txtToolSpacingDistance}};
   int passes_ = 1;

@@ -15,7 +15,7 @@ std::string pointText(float x, float y) {
 
 }  // namespace
 
-frmPathMap::frmPathMap(CamDesk& cam)
+frmPathMap::frmPathMap(CamContext& cam)
     : Form("frmPathMap", "Path Segments"), cam_(cam), order_(cam.store) {
   cmdPromote.setCaption("&Promote");
   cmdDemote.setCaption("&Demote");
@@ -111,7 +111,7 @@ void frmPathMap::showRapids() {
 }
 
 std::string frmPathMap::lengthText(float length) const {
-  return formatNumber(length, cam_.desk.session.formats.coordfmt);
+  return formatNumber(length, cam_.context.session.formats.coordfmt);
 }
 
 // ---- Changing the order
@@ -171,13 +171,13 @@ void frmPathMap::propose() {
 }
 
 void frmPathMap::refuse(const char* text) {
-  cam_.desk.session.host.prompts.showMessage(
+  cam_.context.session.host.prompts.showMessage(
       {.text = text, .title = caption(), .icon = MessageIcon::Information});
 }
 
 void frmPathMap::apply() {
   const Procedure here("frmPathMap.cmdApply_Click()");
-  if (order_.keep(cam_.desk)) accept();
+  if (order_.keep(cam_.context)) accept();
 }
 
 }  // namespace tess

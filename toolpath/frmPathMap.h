@@ -6,14 +6,14 @@
 #include <vector>
 
 #include "core/form.h"
-#include "toolpath/cam_desk.h"
+#include "toolpath/cam_context.h"
 #include "toolpath/path_order.h"
 
 namespace tess {
 
 class frmPathMap : public Form {
  public:
-  explicit frmPathMap(CamDesk& cam);
+  explicit frmPathMap(CamContext& cam);
 
   ListBox lstPathSegments{*this, "lstPathSegments"};
   Label lblPathOrSeg{*this, "lblPathOrSeg"};
@@ -60,7 +60,7 @@ class frmPathMap : public Form {
   int groupAt(int line) const { return order_.group(lines_[static_cast<std::size_t>(line)].place); }
   bool isGroup(int line) const { return lines_[static_cast<std::size_t>(line)].isGroup; }
 
-  CamDesk& cam_;
+  CamContext& cam_;
   PathOrder order_;
   std::vector<Line> lines_;
 };

@@ -223,8 +223,8 @@ class FoldCutter {
   std::vector<int> found_;
 };
 
-void reportTooManyFolds(CamDesk& cam) {
-  cam.desk.session.host.prompts.showMessage(
+void reportTooManyFolds(CamContext& cam) {
+  cam.context.session.host.prompts.showMessage(
       {.text = "Gouge Avoidance has completed " + std::to_string(kMaxPasses) +
                " iterations without completing!  Please check the tool path output.",
        .title = "Gouge Detection",
@@ -232,17 +232,17 @@ void reportTooManyFolds(CamDesk& cam) {
 }
 
 // At the click: the group of the path row nearest to it.
-void clickGougeGroup(CamDesk& cam) {
-  const PointerRecord& pointer = cam.desk.pointer;
+void clickGougeGroup(CamContext& cam) {
+  const PointerRecord& pointer = cam.context.pointer;
   const int ps = nearestPathSeg(cam.store, {pointer.MouseX, pointer.MouseY}, kAllGroups);
   if (ps < 1) return;
   removeSelfIntersections(cam, firstOfPathGroup(cam.store, ps), ChainKind::Path);
-  cam.desk.redraw.redrawscreen();
+  cam.context.redraw.redrawscreen();
 }
 
 }  // namespace
 
-void removeSelfIntersections(CamDesk& cam, int first, ChainKind kind) {
+void removeSelfIntersections(CamContext& cam, int first, ChainKind kind) {
   Change change(cam.changes, Step::Continued);
   FoldCutter chain(cam.store, change, first, kind);
   int passCount = 0;
@@ -252,14 +252,14 @@ void removeSelfIntersections(CamDesk& cam, int first, ChainKind kind) {
   change.keep({.redraws = false});
 }
 
-void miGougeAvoidance_Click(CamDesk& cam) {
+void miGougeAvoidance_Click(CamContext& cam) {
   if (cam.store.NumPathSegments < 1) return;
   const int nextGroup = nextPathGroup(cam.store);
   if (nextGroup > 2) {
-    arm(cam.desk, PendingAction::GougeGroup);
+    arm(cam.context, PendingAction::GougeGroup);
   } else if (nextGroup == 2) {
     removeSelfIntersections(cam, 1, ChainKind::Path);
-    cam.desk.redraw.redrawscreen();
+    cam.context.redraw.redrawscreen();
   }
 }
 
@@ -267,7 +267,7 @@ void miGougeAvoidance_Click(CamDesk& cam) {
 
 namespace {
 
-constexpr Action<CamDesk> kGougeAvoidanceActions[] = {
+constexpr Action<CamContext> kGougeAvoidanceActions[] = {
     {{.action = PendingAction::GougeGroup, .prompt = "Click near the desired Path Group.  "},
      clickGougeGroup},
 };

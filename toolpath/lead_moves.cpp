@@ -82,13 +82,13 @@ Entity leadMove(const DrawingStore& store, Point from, Point to, double normal) 
   return store.cfg_lead_in_arc ? arcLead(store, from, to, normal) : lineEntity(from, to);
 }
 
-void insertMove(CamDesk& cam, const LeadRequest& request, int index, const Entity& move) {
+void insertMove(CamContext& cam, const LeadRequest& request, int index, const Entity& move) {
   insertPathSegment(cam.changes, index, pathRowOf(move, request.z, request.feed),
                     cam.store.selectedtool);
 }
 
 // The path then begins and ends in the middle of its first line. Returns the new last row.
-int beginAtMidpoint(CamDesk& cam, const LeadRequest& request) {
+int beginAtMidpoint(CamContext& cam, const LeadRequest& request) {
   const Entity line = pathEntity(cam.store, request.first);
   const Point middle = midpointAndSlope(line.start, line.end).middle;
   PathRow shortened = pathRow(cam.store, request.first);
@@ -104,7 +104,7 @@ int beginAtMidpoint(CamDesk& cam, const LeadRequest& request) {
 
 }  // namespace
 
-void addLeadInOut(CamDesk& cam, const LeadRequest& request) {
+void addLeadInOut(CamContext& cam, const LeadRequest& request) {
   const DrawingStore& store = cam.store;
   const double angle = store.cfg_lead_in_angle;
   const double length = store.cfg_lead_in_length;

@@ -2,7 +2,7 @@
 // Owns: LeadRequest, addLeadInOut.
 #pragma once
 
-#include "toolpath/cam_desk.h"
+#include "toolpath/cam_context.h"
 
 namespace tess {
 
@@ -14,6 +14,6 @@ struct LeadRequest {
 
 // Inserts both leads; a closed path that begins with a line is made to begin at its midpoint. Not
 // logged: the rows belong to the placement that asks for them.
-void addLeadInOut(CamDesk& cam, const LeadRequest& request);
+void addLeadInOut(CamContext& cam, const LeadRequest& request);
 
 }  // namespace tess

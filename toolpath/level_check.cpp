@@ -27,11 +27,11 @@ std::string fault(float cut, float z, float floor) {
 
 }  // namespace
 
-bool canGoDown(CamDesk& cam, const std::string& command, float z, float floor) {
+bool canGoDown(CamContext& cam, const std::string& command, float z, float floor) {
   if (!(z > floor)) return true;
   const float cut = cam.store.cfg_z_cut_per_pass;
   if (stepsDown(cut, floor) && (static_cast<double>(z) - floor) / cut < kMaxLevels) return true;
-  cam.desk.session.host.prompts.showMessage(
+  cam.context.session.host.prompts.showMessage(
       {.text = "The Depth Per Pass, Z, is " + plainText(cut) + ".  " + fault(cut, z, floor) +
                "\n\nNothing was placed.  It is set in Pocketing & Profiling Parameters.",
        .title = command,

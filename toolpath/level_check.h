@@ -4,13 +4,13 @@
 
 #include <string>
 
-#include "toolpath/cam_desk.h"
+#include "toolpath/cam_context.h"
 
 namespace tess {
 
 // To be asked before anything is placed. From `z` the levels go down by the depth per pass; when
 // that is nothing, upward, or so little that they never come to `floor`, the operator is told, with
 // `command` as the title, and it is false. A single level is always possible.
-bool canGoDown(CamDesk& cam, const std::string& command, float z, float floor);
+bool canGoDown(CamContext& cam, const std::string& command, float z, float floor);
 
 }  // namespace tess

@@ -135,7 +135,7 @@ double ringStep(const DrawingStore& store) {
   return 2.0 * store.toolradius[store.selectedtool] * store.cfg_tool_spacing / 100;
 }
 
-RingRange ringRange(const CamDesk& cam) {
+RingRange ringRange(const CamContext& cam) {
   const DrawingStore& store = cam.store;
   const double halfWidth = std::min(cam.PocketXDim, cam.PocketYDim) / 2.0;
   return {narrow(halfWidth - store.cfg_pocket_dist_from_center),
@@ -144,7 +144,7 @@ RingRange ringRange(const CamDesk& cam) {
 
 class Spiral {
  public:
-  Spiral(CamDesk& cam, int sg)
+  Spiral(CamContext& cam, int sg)
       : cam_(cam), store_(cam.store), sg_(sg), walls_(cam.store, isVerifiedWall) {
     const int first = pathInsertIndex(store_, cam.pathInsertMode, cam.pathInsertGroup);
     all() = {first, first - 1};
@@ -205,7 +205,7 @@ class Spiral {
     request.start = startOfRow();
     request.direction = endOfRow();
     if (runsAgainstMode()) std::swap(request.start, request.direction);
-    request.click = {cam_.desk.pointer.MouseX, cam_.desk.pointer.MouseY};
+    request.click = {cam_.context.pointer.MouseX, cam_.context.pointer.MouseY};
     request.z = cam_.currentZ;
     // Fixed: the first level runs at the finishing feed, copies at the roughing one; programs do.
     request.feed = store_.cfg_finish_feedrate;
@@ -232,7 +232,7 @@ class Spiral {
     dropRows(cam_.changes, ring().first, ring().last);
   }
 
-  CamDesk& cam_;
+  CamContext& cam_;
   DrawingStore& store_;
   int sg_;
   Side inside_ = Side::On;
@@ -251,19 +251,19 @@ int startingRow(const DrawingStore& store, int sg) {
 }
 
 // Fixed: a start depth at the floor is one level here, several with scan lines; programs differ.
-float firstSpiralLevel(const CamDesk& cam) {
+float firstSpiralLevel(const CamContext& cam) {
   const DrawingStore& store = cam.store;
   const bool oneLevel = -std::abs(store.cfg_start_depth) <= cam.roughFloor;
   return oneLevel ? -std::abs(store.cfg_final_depth) : firstLevel(store, cam.roughFloor);
 }
 
-void reportNoPocket(CamDesk& cam) {
-  cam.desk.session.host.prompts.showMessage({.text = "No Pocketing Segments have been selected.",
-                                             .title = kCommand,
-                                             .icon = MessageIcon::Warning});
+void reportNoPocket(CamContext& cam) {
+  cam.context.session.host.prompts.showMessage({.text = "No Pocketing Segments have been selected.",
+                                                .title = kCommand,
+                                                .icon = MessageIcon::Warning});
 }
 
-Message tooBigQuestion(const CamDesk& cam) {
+Message tooBigQuestion(const CamContext& cam) {
   constexpr int kDecimals = 5;
   const DrawingStore& store = cam.store;
   return {.text =
@@ -280,19 +280,20 @@ Message tooBigQuestion(const CamDesk& cam) {
 }
 
 // False when the pocket has no room for a ring and the operator goes no further.
-bool agreesToRange(CamDesk& cam, RingRange& range) {
+bool agreesToRange(CamContext& cam, RingRange& range) {
   if (range.nearest <= range.first) return true;
-  if (cam.desk.session.host.prompts.showMessage(tooBigQuestion(cam)) != Answer::Yes) return false;
+  if (cam.context.session.host.prompts.showMessage(tooBigQuestion(cam)) != Answer::Yes)
+    return false;
   range.first = range.nearest;
   return true;
 }
 
 // Rings that are dropped leave no rows, so the table would not end a run of millions.
-bool ringsCanBeCounted(CamDesk& cam, const RingRange& range) {
+bool ringsCanBeCounted(CamContext& cam, const RingRange& range) {
   constexpr double kMaxRings = std::numeric_limits<std::int16_t>::max();
   const double reach = static_cast<double>(range.first) - range.nearest;
   if (!(range.step > 0) || reach / range.step < kMaxRings) return true;
-  cam.desk.session.host.prompts.showMessage(
+  cam.context.session.host.prompts.showMessage(
       {.text = "The Step Over Amount is " + plainText(narrow(range.step)) +
                ".  That is too small for the rings from " + plainText(range.first) + " to " +
                plainText(range.nearest) +
@@ -303,7 +304,7 @@ bool ringsCanBeCounted(CamDesk& cam, const RingRange& range) {
 }
 
 // False after the operator was told why not, or does not want to.
-bool canCut(CamDesk& cam, int start, RingRange& range) {
+bool canCut(CamContext& cam, int start, RingRange& range) {
   if (start < 1) {
     reportNoPocket(cam);
     return false;
@@ -312,8 +313,8 @@ bool canCut(CamDesk& cam, int start, RingRange& range) {
          agreesToRange(cam, range);
 }
 
-void cutSpiral(CamDesk& cam, int sg, const RingRange& range) {
-  const BusyPointer busy(cam.desk.systemPointer);
+void cutSpiral(CamContext& cam, int sg, const RingRange& range) {
+  const BusyPointer busy(cam.context.systemPointer);
   Change change(cam.changes, Step::PathDifference);
   Spiral spiral(cam, sg);
   spiral.cutRings(range);
@@ -356,7 +357,7 @@ void dropCrossingPass(Changes& changes, int first) {
   if (meetsAny(pathEntities(store, first, last), walls)) dropRows(changes, first, last);
 }
 
-void parallelSpiralPocket(CamDesk& cam, int sg) {
+void parallelSpiralPocket(CamContext& cam, int sg) {
   const Procedure here("frmMain.parallelSpiralPocket(sg)");
   Change change(cam.changes);
   cam.currentZ = firstSpiralLevel(cam);
@@ -371,8 +372,8 @@ void parallelSpiralPocket(CamDesk& cam, int sg) {
   if (cuts) showPlacedPaths(cam);
 }
 
-void clickStartRoughing(CamDesk& cam) {
-  const PointerRecord& pointer = cam.desk.pointer;
+void clickStartRoughing(CamContext& cam) {
+  const PointerRecord& pointer = cam.context.pointer;
   parallelSpiralPocket(cam, nearestSelectedSeg(cam.store, {pointer.MouseX, pointer.MouseY}));
 }
 

@@ -6,7 +6,7 @@
 
 #include <span>
 
-#include "toolpath/cam_desk.h"
+#include "toolpath/cam_context.h"
 #include "toolpath/contour_offset.h"
 
 namespace tess {
@@ -14,7 +14,7 @@ namespace tess {
 // Cuts rings along the verified outline from row `sg` on, or from its first row when there is no
 // row `sg`, at the first level above roughFloor, and copies them to the levels below. All of it is
 // one group and one step of the log; a failure leaves no row behind and the tool as it was.
-void parallelSpiralPocket(CamDesk& cam, int sg);
+void parallelSpiralPocket(CamContext& cam, int sg);
 
 // The clean-up of all path rows after a ring: rows too short to be cut, and a first row of a group
 // that the second one merely takes back. The ranges in `followed` go on naming the same rows.
@@ -26,6 +26,6 @@ void dropBackTrackSegs(Changes& changes, FollowedRows followed = {});
 void dropCrossingPass(Changes& changes, int first);
 
 // The click that starts roughing: at the verified row nearest to it.
-void clickStartRoughing(CamDesk& cam);
+void clickStartRoughing(CamContext& cam);
 
 }  // namespace tess

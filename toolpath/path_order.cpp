@@ -8,7 +8,7 @@
 #include <utility>
 
 #include "core/drawing_store.h"
-#include "drafting/desk.h"
+#include "drafting/drafting_context.h"
 #include "drafting/edit_steps.h"
 #include "toolpath/path_groups.h"
 
@@ -156,19 +156,19 @@ bool PathOrder::holds(const PathChanges& table) const {
   return table.count() == count() && std::ranges::all_of(rows_, isThere);
 }
 
-bool PathOrder::keep(Desk& desk) const {
-  Change change(desk.changes);
+bool PathOrder::keep(DraftingContext& context) const {
+  Change change(context.changes);
   if (!holds(change.paths)) {
     throw RuntimeFailure(FailureNumber::InvalidProcedureCall, {},
                          "The path rows have changed since their order was copied.");
   }
-  const Int16 placedLast = desk.store.lastplacedgroup;
+  const Int16 placedLast = context.store.lastplacedgroup;
   moveRows(change.paths);
-  desk.store.lastplacedgroup = placedLast;
-  if (!std::ranges::equal(names_.rows(), desk.store.pathgroupname.rows())) {
+  context.store.lastplacedgroup = placedLast;
+  if (!std::ranges::equal(names_.rows(), context.store.pathgroupname.rows())) {
     change.pathGroupNames() = names_;
   }
-  return keepEdit(desk, change, {.undoMark = kRowsAdded});
+  return keepEdit(context, change, {.undoMark = kRowsAdded});
 }
 
 void PathOrder::moveRows(PathChanges& table) const {

@@ -13,7 +13,7 @@
 namespace tess {
 
 class PathChanges;
-struct Desk;
+struct DraftingContext;
 struct DrawingStore;
 
 // Places count from 1, in the order as it is now.
@@ -45,7 +45,7 @@ class PathOrder {
   // moved that have to, and the names of the groups with them. Whether a row is shown stays with
   // its number. False when the operator would not have it. Raises Invalid procedure call when the
   // rows have become others since they were copied.
-  bool keep(Desk& desk) const;
+  bool keep(DraftingContext& context) const;
 
  private:
   struct Placed {

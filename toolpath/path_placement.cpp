@@ -70,12 +70,12 @@ std::vector<PathInsertion> linksBetween(const DrawingStore& store, int first, in
 
 // ---- Undo of the last placement
 
-bool appendsPaths(const CamDesk& cam) {
+bool appendsPaths(const CamContext& cam) {
   return cam.pathInsertMode == PathInsertMode::AtEnd || cam.pathInsertMode == PathInsertMode::Unset;
 }
 
 // Takes the rows of one code off the end of the table.
-void deleteLastRun(CamDesk& cam) {
+void deleteLastRun(CamContext& cam) {
   const DrawingStore& store = cam.store;
   const int last = store.NumPathSegments;
   int first = last;
@@ -85,12 +85,12 @@ void deleteLastRun(CamDesk& cam) {
   change.keep({.undoMark = kRowsDeleted, .redraws = false});
 }
 
-void clickReverse(CamDesk& cam) {
-  const int ps =
-      nearestPathSeg(cam.store, {cam.desk.pointer.MouseX, cam.desk.pointer.MouseY}, kAllGroups);
+void clickReverse(CamContext& cam) {
+  const int ps = nearestPathSeg(cam.store, {cam.context.pointer.MouseX, cam.context.pointer.MouseY},
+                                kAllGroups);
   if (ps < 1) return;
   reversePathSegment(cam, ps);
-  cam.desk.redraw.redrawscreen();
+  cam.context.redraw.redrawscreen();
 }
 
 }  // namespace
@@ -108,7 +108,7 @@ float firstLevel(const DrawingStore& store, float floor) {
   return std::max(-std::abs(store.cfg_z_cut_per_pass) - std::abs(store.cfg_start_depth), floor);
 }
 
-void replicatePathAtZ(CamDesk& cam, float z, float feed) {
+void replicatePathAtZ(CamContext& cam, float z, float feed) {
   const Procedure here("replicatePathAtZ(z,feed)");
   const DrawingStore& store = cam.store;
   const int last = store.NumPathSegments;
@@ -123,7 +123,7 @@ void replicatePathAtZ(CamDesk& cam, float z, float feed) {
 }
 
 // A step that does not deepen ends the loop: with a cut of nothing per pass there is one level.
-float replicateLevels(CamDesk& cam, float z, float floor, int rowsBefore) {
+float replicateLevels(CamContext& cam, float z, float floor, int rowsBefore) {
   const DrawingStore& store = cam.store;
   if (store.NumPathSegments <= rowsBefore) return z;
   while (z > floor) {
@@ -139,7 +139,7 @@ float replicateLevels(CamDesk& cam, float z, float floor, int rowsBefore) {
   return z;
 }
 
-int connectPathSegs(CamDesk& cam, int first, int last) {
+int connectPathSegs(CamContext& cam, int first, int last) {
   const Procedure here("connectPathSegs(first,last)");
   const DrawingStore& store = cam.store;
   if (first >= last) return last;
@@ -156,7 +156,7 @@ int connectPathSegs(CamDesk& cam, int first, int last) {
   return last + inserted;
 }
 
-void reversePathSegment(CamDesk& cam, int ps) {
+void reversePathSegment(CamContext& cam, int ps) {
   if (ps < 1 || ps > cam.store.NumPathSegments) return;
   PathRow row = pathRow(cam.store, ps);
   if (row.type != kLine && !isArc(row.type)) return;
@@ -171,15 +171,15 @@ void reversePathSegment(CamDesk& cam, int ps) {
 // ---- Commands
 
 // Fixed: the passes are those of the last Finishing Path Options; before it none is placed.
-void mnuCAMPlace1PathSeg_Click(CamDesk& cam) {
+void mnuCAMPlace1PathSeg_Click(CamContext& cam) {
   cam.PlaceChain = 0;
   roundRows(cam.changes);
-  arm(cam.desk, PendingAction::FinishStart);
+  arm(cam.context, PendingAction::FinishStart);
 }
 
 // The first call goes by the group that was placed last. It forgets that group, so that a second
 // one takes what now ends the table; with a place to insert at that may be anybody's, and stays.
-void mnuCAMUndoLastPlace_Click(CamDesk& cam) {
+void mnuCAMUndoLastPlace_Click(CamContext& cam) {
   const Procedure here("frmMain.mnuCAMUndoLastPlace_Click()");
   DrawingStore& store = cam.store;
   Change change(cam.changes);
@@ -192,19 +192,19 @@ void mnuCAMUndoLastPlace_Click(CamDesk& cam) {
 }
 
 // Fixed: neither asked nor logged; scripts would stop at a question, and Undo leaves the rows gone.
-void mnuClearAllPaths_Click(CamDesk& cam) {
+void mnuClearAllPaths_Click(CamContext& cam) {
   Change change(cam.changes);
   change.paths.erase(1, cam.store.NumPathSegments, Entry::Unlogged);
   change.pathGroupNames().fill({});
   change.keep({.redraws = false});
-  cam.desk.redraw.redrawscreen();
+  cam.context.redraw.redrawscreen();
 }
 
-void mnuRevPathDir_Click(CamDesk& cam) {
+void mnuRevPathDir_Click(CamContext& cam) {
   if (cam.store.NumPathSegments > 0) {
-    arm(cam.desk, PendingAction::ReversePath);
+    arm(cam.context, PendingAction::ReversePath);
   } else {
-    cam.desk.state.setPendingaction(0);
+    cam.context.state.setPendingaction(0);
   }
 }
 
@@ -212,7 +212,7 @@ void mnuRevPathDir_Click(CamDesk& cam) {
 
 namespace {
 
-constexpr Action<CamDesk> kReversePathActions[] = {
+constexpr Action<CamContext> kReversePathActions[] = {
     {{.action = PendingAction::ReversePath, .prompt = "Click near Path Segment to reverse.  "},
      clickReverse},
 };

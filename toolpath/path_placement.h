@@ -4,7 +4,7 @@
 //       mnuClearAllPaths_Click, mnuRevPathDir_Click.
 #pragma once
 
-#include "toolpath/cam_desk.h"
+#include "toolpath/cam_context.h"
 
 namespace tess {
 
@@ -19,25 +19,25 @@ float firstLevel(const DrawingStore& store, float floor);
 
 // Appends a copy of the last run of rows of one depth and code at another depth; one step of the
 // log.
-void replicatePathAtZ(CamDesk& cam, float z, float feed);
+void replicatePathAtZ(CamContext& cam, float z, float feed);
 
 // Copies what was cut at level `z` to the levels below it, down to `floor` at the roughing feed and
 // then to the floor finish, if there is one. Nothing is copied when no row came after the first
 // `rowsBefore`. Returns the deepest level.
-float replicateLevels(CamDesk& cam, float z, float floor, int rowsBefore);
+float replicateLevels(CamContext& cam, float z, float floor, int rowsBefore);
 
 // Links the gaps between consecutive rows `first` to `last` by feed moves, save where an island's
 // working outline is in the way. The links belong to the step of the rows before them. Returns the
 // last row's new number. Raises Subscript out of range outside the table.
-int connectPathSegs(CamDesk& cam, int first, int last);
+int connectPathSegs(CamContext& cam, int first, int last);
 
 // Runs a line or an arc the other way; other rows stay.
-void reversePathSegment(CamDesk& cam, int ps);
+void reversePathSegment(CamContext& cam, int ps);
 
-void mnuCAMPlace1PathSeg_Click(CamDesk& cam);
-void mnuCAMUndoLastPlace_Click(CamDesk& cam);
-void mnuClearAllPaths_Click(CamDesk& cam);
+void mnuCAMPlace1PathSeg_Click(CamContext& cam);
+void mnuCAMUndoLastPlace_Click(CamContext& cam);
+void mnuClearAllPaths_Click(CamContext& cam);
 // Arms the click that reverses a row; without path rows it cancels what is armed.
-void mnuRevPathDir_Click(CamDesk& cam);
+void mnuRevPathDir_Click(CamContext& cam);
 
 }  // namespace tess

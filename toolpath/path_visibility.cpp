@@ -14,7 +14,7 @@ bool anySelected(const DrawingStore& store) {
   return false;
 }
 
-void setVisibility(CamDesk& cam, bool visible) {
+void setVisibility(CamContext& cam, bool visible) {
   const DrawingStore& store = cam.store;
   const bool selectedAlone = anySelected(store);
   Change change(cam.changes);
@@ -22,16 +22,16 @@ void setVisibility(CamDesk& cam, bool visible) {
     if (!selectedAlone || isSelected(store.pscode[ps])) change.paths.show(ps, visible);
   }
   change.keep();
-  cam.desk.redraw.redrawscreen();
+  cam.context.redraw.redrawscreen();
 }
 
 }  // namespace
 
-void miVisible_Click(CamDesk& cam) {
+void miVisible_Click(CamContext& cam) {
   setVisibility(cam, /*visible=*/true);
 }
 
-void miInvisible_Click(CamDesk& cam) {
+void miInvisible_Click(CamContext& cam) {
   setVisibility(cam, /*visible=*/false);
 }
 

@@ -2,14 +2,14 @@
 // Owns: miVisible_Click, miInvisible_Click.
 #pragma once
 
-#include "toolpath/cam_desk.h"
+#include "toolpath/cam_context.h"
 
 namespace tess {
 
 // The selected path rows, or all rows while none is selected, are shown or hidden. Hidden rows stay
 // in the table, the program and the file; only clicks and snapping pass them over. Not logged:
 // visibility is no part of a row's record.
-void miVisible_Click(CamDesk& cam);
-void miInvisible_Click(CamDesk& cam);
+void miVisible_Click(CamContext& cam);
+void miInvisible_Click(CamContext& cam);
 
 }  // namespace tess

@@ -31,7 +31,7 @@ OffsetRequest requestFor(const DrawingStore& store, int sg, float z, ChainWalk& 
 
 // A chain is placed whole by its lowest row; its other rows then have a path on them. All chains
 // are one step of the log.
-void placeSelectedChains(CamDesk& cam, float z) {
+void placeSelectedChains(CamContext& cam, float z) {
   const DrawingStore& store = cam.store;
   PlacedOutlines placed(store);
   ChainWalk rows(store);
@@ -47,14 +47,14 @@ void placeSelectedChains(CamDesk& cam, float z) {
 
 }  // namespace
 
-void quickPlacePaths(CamDesk& cam) {
+void quickPlacePaths(CamContext& cam) {
   const Procedure here("frmMain.quickPlacePaths()");
   DrawingStore& store = cam.store;
   const float floor = roughingFloor(store);
   const float z = firstLevel(store, floor);
   const bool several = -std::abs(store.cfg_start_depth) >= floor;
   if (several && !canGoDown(cam, "Quick Place", z, floor)) return;
-  const BusyPointer busy(cam.desk.systemPointer);
+  const BusyPointer busy(cam.context.systemPointer);
   Change change(cam.changes);
   store.currentpathgroup = nextPathGroup(store);
   const int rowsBefore = store.NumPathSegments;

@@ -31,7 +31,7 @@ bool isLatheStyle(const DrawingStore& store) {
 
 // An outline whose first row has no direction is put aside without a working outline: it would come
 // up as the lowest one for ever.
-void offsetOutline(CamDesk& cam, ChainWalk& rows, const OutlineOffset& request) {
+void offsetOutline(CamContext& cam, ChainWalk& rows, const OutlineOffset& request) {
   Change change(cam.changes, Step::Continued);
   offsetSegChain(cam, rows, request);
   const int state = cam.store.segattr[request.sg];
@@ -39,7 +39,7 @@ void offsetOutline(CamDesk& cam, ChainWalk& rows, const OutlineOffset& request) 
   change.keep({.redraws = false});
 }
 
-bool offsetPocket(CamDesk& cam, ChainWalk& rows, float standOff) {
+bool offsetPocket(CamContext& cam, ChainWalk& rows, float standOff) {
   const auto corner = pocketCorner(cam.store);
   if (!corner) return false;
   const auto guide = guideAt(cam.store, rows, *corner);
@@ -51,7 +51,7 @@ bool offsetPocket(CamDesk& cam, ChainWalk& rows, float standOff) {
 }
 
 // The corner's inside is island: the tool stays on the mirrored side.
-bool offsetIslands(CamDesk& cam, ChainWalk& rows, float standOff) {
+bool offsetIslands(CamContext& cam, ChainWalk& rows, float standOff) {
   for (const OutlineCorner& corner : islandCorners(cam.store)) {
     if (!isSelected(cam.store.segattr[corner.sg])) continue;
     const auto guide = guideAt(cam.store, rows, corner);
@@ -64,12 +64,12 @@ bool offsetIslands(CamDesk& cam, ChainWalk& rows, float standOff) {
   return true;
 }
 
-bool makeWorkingOutlines(CamDesk& cam, float standOff) {
+bool makeWorkingOutlines(CamContext& cam, float standOff) {
   ChainWalk rows(cam.store);
   return offsetPocket(cam, rows, standOff) && offsetIslands(cam, rows, standOff);
 }
 
-Clearing runStyle(CamDesk& cam, float z, float feed) {
+Clearing runStyle(CamContext& cam, float z, float feed) {
   if (pocketingStyle(cam.store) == PocketingStyle::Vertical) {
     return scanPocketVertical(cam, z, feed);
   }
@@ -80,21 +80,21 @@ Clearing runStyle(CamDesk& cam, float z, float feed) {
 // ---- Levels
 
 // Fixed: the clearance alone stands off, at one level; lathe programs are the drawing itself.
-void cutLathe(CamDesk& cam) {
+void cutLathe(CamContext& cam) {
   roughCutLevel(cam, /*z=*/0, cam.store.cfg_finish_feedrate, /*radius=*/0);
 }
 
 // Fixed: equal heights are several levels here, one level in the spiral; programs of both differ.
-bool hasLevels(const CamDesk& cam) {
+bool hasLevels(const CamContext& cam) {
   return -std::abs(cam.store.cfg_start_depth) >= cam.roughFloor;
 }
 
-bool levelsArePossible(CamDesk& cam) {
+bool levelsArePossible(CamContext& cam) {
   if (isLatheStyle(cam.store) || !hasLevels(cam)) return true;
   return canGoDown(cam, "Rough Cut Pocket", firstLevel(cam.store, cam.roughFloor), cam.roughFloor);
 }
 
-void cutLevels(CamDesk& cam, int rowsBefore) {
+void cutLevels(CamContext& cam, int rowsBefore) {
   const DrawingStore& store = cam.store;
   const float radius = store.toolradius[store.selectedtool];
   if (!hasLevels(cam)) {
@@ -109,7 +109,7 @@ void cutLevels(CamDesk& cam, int rowsBefore) {
 }
 
 // Links are made while the islands' working rows are there to be seen.
-void roughPocket(CamDesk& cam) {
+void roughPocket(CamContext& cam) {
   Change change(cam.changes);
   const int rowsBefore = cam.store.NumPathSegments;
   isLatheStyle(cam.store) ? cutLathe(cam) : cutLevels(cam, rowsBefore);
@@ -119,20 +119,20 @@ void roughPocket(CamDesk& cam) {
     connectPathSegs(cam, rowsBefore + 1, cam.store.NumPathSegments);
   }
   removeWorkingRows(cam.changes);
-  cam.desk.redraw.redrawscreen();
+  cam.context.redraw.redrawscreen();
   restoreParkedRows(cam.changes);
   change.keep({.redraws = false});
 }
 
 }  // namespace
 
-Clearing roughCutLevel(CamDesk& cam, float z, float feed, float radius) {
+Clearing roughCutLevel(CamContext& cam, float z, float feed, float radius) {
   const Procedure here("roughCutLevel(z,feed,radius)");
   const float standOff = narrow(static_cast<double>(cam.store.cfg_min_rough_clearance) + radius);
   const int firstWorkingRow = cam.store.NumSegments + 1;
   Change change(cam.changes, Step::Continued);
   if (!makeWorkingOutlines(cam, standOff)) {
-    cam.desk.session.host.prompts.showMessage(
+    cam.context.session.host.prompts.showMessage(
         {.text = "No segments selected!", .title = "", .icon = MessageIcon::Warning});
     change.keep({.redraws = false});
     return Clearing::NothingToCut;
@@ -140,18 +140,18 @@ Clearing roughCutLevel(CamDesk& cam, float z, float feed, float radius) {
   if (cam.store.cfg_gouge_avoidance) {
     removeSelfIntersections(cam, firstWorkingRow, ChainKind::Segs);
   }
-  cam.desk.redraw.redrawscreen();
+  cam.context.redraw.redrawscreen();
   const Clearing result = runStyle(cam, z, feed);
   change.keep({.redraws = false});
   return result;
 }
 
-void mnuCAMRoughCutPocket_Click(CamDesk& cam) {
+void mnuCAMRoughCutPocket_Click(CamContext& cam) {
   const Procedure here("mnuCAMRoughCutPocket_Click()");
   roundRows(cam.changes);
   cam.roughFloor = roughingFloor(cam.store);
   if (pocketingStyle(cam.store) == PocketingStyle::ParallelSpiral) {
-    arm(cam.desk, PendingAction::StartRoughing);
+    arm(cam.context, PendingAction::StartRoughing);
   } else if (levelsArePossible(cam)) {
     roughPocket(cam);
   }
@@ -161,7 +161,7 @@ void mnuCAMRoughCutPocket_Click(CamDesk& cam) {
 
 namespace {
 
-constexpr Action<CamDesk> kRoughCutPocketActions[] = {
+constexpr Action<CamContext> kRoughCutPocketActions[] = {
     {{.action = PendingAction::StartRoughing, .prompt = "Click near starting Path Segment.  "},
      clickStartRoughing},
 };

@@ -10,10 +10,10 @@ namespace tess {
 // clears between them in the chosen style at depth `z`. The outline with the lowest end point is
 // the pocket, all others are islands. Working rows, and the verified rows parked, stay
 // behind in any case.
-Clearing roughCutLevel(CamDesk& cam, float z, float feed, float radius);
+Clearing roughCutLevel(CamContext& cam, float z, float feed, float radius);
 
 // The command: all levels, links, and the drawing as it was. The parallel spiral asks for a click
 // first.
-void mnuCAMRoughCutPocket_Click(CamDesk& cam);
+void mnuCAMRoughCutPocket_Click(CamContext& cam);
 
 }  // namespace tess

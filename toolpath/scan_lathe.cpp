@@ -17,7 +17,7 @@ constexpr float kCutZ = 0;
 // Follows the tool from span to span.
 class LatheTool {
  public:
-  LatheTool(CamDesk& cam, const ScanRun& run, float feed)
+  LatheTool(CamContext& cam, const ScanRun& run, float feed)
       : store_(cam.store),
         path_(cam, feed),
         spacing_(run.spacing),
@@ -84,7 +84,7 @@ void orientLine(std::span<ScanSpan> line, const ScanSpan& lowest, int direction)
 
 }  // namespace
 
-Clearing scanPocketLathe(CamDesk& cam, float feed) {
+Clearing scanPocketLathe(CamContext& cam, float feed) {
   const Procedure here("scanPocketLathe(feed)");
   std::optional<ScanRun> run = prepareScanRun(cam, ScanStyle::Lathe);
   if (!run) return Clearing::NothingToCut;

@@ -8,6 +8,6 @@ namespace tess {
 
 // As the styles of scan_lines.h, with lines from the top down at depth 0 and retreats between them
 // as rows at kLatheRapidZ.
-Clearing scanPocketLathe(CamDesk& cam, float feed);
+Clearing scanPocketLathe(CamContext& cam, float feed);
 
 }  // namespace tess

@@ -25,7 +25,7 @@ void placeLine(const ScanCut& cut, std::span<ScanSpan> line, int direction, Scan
   }
 }
 
-Clearing scanPocket(CamDesk& cam, const ScanCut& cut) {
+Clearing scanPocket(CamContext& cam, const ScanCut& cut) {
   std::optional<ScanRun> run = prepareScanRun(cam, cut.style);
   if (!run) return Clearing::NothingToCut;
   ScanDirection turns(cuttingMode(cam.store), cut.forward);
@@ -44,13 +44,13 @@ Clearing scanPocket(CamDesk& cam, const ScanCut& cut) {
 
 }  // namespace
 
-Clearing scanPocketHorizontal(CamDesk& cam, float z, float feed) {
+Clearing scanPocketHorizontal(CamContext& cam, float z, float feed) {
   const Procedure here("scanPocketHorizontal(z,feed)");
   return scanPocket(cam, {ScanStyle::Horizontal, /*forward=*/1, z, feed});
 }
 
 // Conventional milling along rising x lines runs the other way.
-Clearing scanPocketVertical(CamDesk& cam, float z, float feed) {
+Clearing scanPocketVertical(CamContext& cam, float z, float feed) {
   const Procedure here("scanPocketVertical(z,feed)");
   return scanPocket(cam, {ScanStyle::Vertical, /*forward=*/-1, z, feed});
 }

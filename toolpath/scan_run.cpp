@@ -16,9 +16,9 @@ float scanSpacing(const DrawingStore& store) {
   return narrow(store.cfg_tool_spacing * radius / 50);
 }
 
-ScanPoints collectPoints(CamDesk& cam, ScanStyle style, float bound, float spacing) {
-  const BusyPointer busy(cam.desk.systemPointer);
-  StatusBar& status = cam.desk.statusBar;
+ScanPoints collectPoints(CamContext& cam, ScanStyle style, float bound, float spacing) {
+  const BusyPointer busy(cam.context.systemPointer);
+  StatusBar& status = cam.context.statusBar;
   status.setText("Collecting Roughing Points    ");
   return collectScanPoints(cam.store, style, bound, spacing, [&status](int row, int pointcount) {
     status.setText(std::to_string(row) + ":" + std::to_string(pointcount));
@@ -41,13 +41,13 @@ double middleOf(const ScanSpan& span) {
 
 }  // namespace
 
-std::optional<ScanRun> prepareScanRun(CamDesk& cam, ScanStyle style) {
-  const auto yield = [&cam] { cam.desk.session.host.surroundings.serveEvents(); };
+std::optional<ScanRun> prepareScanRun(CamContext& cam, ScanStyle style) {
+  const auto yield = [&cam] { cam.context.session.host.surroundings.serveEvents(); };
   cam.store.currentpathgroup = nextPathGroup(cam.store);
   yield();
   const std::optional<ScanPoint> bound = lowestWorkingPoint(cam.store, style);
   if (!bound) {
-    cam.desk.session.host.prompts.showMessage(
+    cam.context.session.host.prompts.showMessage(
         {.text = "No pocketing segments available!", .title = "", .icon = MessageIcon::Warning});
     return {};
   }
@@ -81,7 +81,7 @@ void orientSpan(ScanSpan& span, int direction) {
   if (runsBack) std::swap(span.from, span.to);
 }
 
-ScanPath::ScanPath(CamDesk& cam, float feed)
+ScanPath::ScanPath(CamContext& cam, float feed)
     : change_(cam.changes),
       feed_(feed),
       code_(pathCode(cam.store.currentpathgroup, cam.store.selectedtool)) {}

@@ -10,7 +10,7 @@
 
 #include "core/pocketing_choices.h"
 #include "drafting/change.h"
-#include "toolpath/cam_desk.h"
+#include "toolpath/cam_context.h"
 #include "toolpath/scan_points.h"
 
 namespace tess {
@@ -36,7 +36,7 @@ struct ScanRun {
 
 // Takes a new path group, collects the crossings and pairs them, serving events between the stages.
 // Without working rows a message says so and there is no run.
-std::optional<ScanRun> prepareScanRun(CamDesk& cam, ScanStyle style);
+std::optional<ScanRun> prepareScanRun(CamContext& cam, ScanStyle style);
 
 // The sign of travel along the scan lines, by the cutting mode.
 class ScanDirection {
@@ -61,7 +61,7 @@ void orientSpan(ScanSpan& span, int direction);
 // Places the rows of one run in the current path group, with the selected tool, as one step.
 class ScanPath {
  public:
-  ScanPath(CamDesk& cam, float feed);
+  ScanPath(CamContext& cam, float feed);
   void place(Point from, Point to, float z);
   void keep() { change_.keep({.redraws = false}); }
 

@@ -1,4 +1,4 @@
-// The commands of this room: they work on the desk of the tool paths.
+// The commands of this room: they work on the context of the tool paths.
 // Owns: CamCommand.
 #pragma once
 
@@ -7,8 +7,8 @@
 
 namespace tess {
 
-struct CamDesk;
-using CamCommand = Command<CamDesk>;
+struct CamContext;
+using CamCommand = Command<CamContext>;
 
 #define TESSIMO_DECLARE(descriptor) extern const CamCommand descriptor;
 TESSIMO_TOOLPATH_COMMANDS(TESSIMO_DECLARE)

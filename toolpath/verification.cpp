@@ -68,10 +68,10 @@ Box measured(const DrawingStore& store, const std::vector<int>& rows) {
   return box;
 }
 
-void acceptLoneRow(CamDesk& cam, Change& change, int sg) {
+void acceptLoneRow(CamContext& cam, Change& change, int sg) {
   if (!closesOnItself(cam.store, segmentEntity(cam.store, sg))) return;
   change.segments.mark(sg, kVerifiedRow);
-  cam.desk.renderer.DrawSegment(sg, cam.desk.ScreenProxy);
+  cam.context.renderer.DrawSegment(sg, cam.context.ScreenProxy);
 }
 
 // The walk from row to row over the outline, each row once.
@@ -161,17 +161,18 @@ void settleRows(const DrawingStore& store, Change& change, bool accepted) {
   }
 }
 
-void proveOutline(CamDesk& cam, Change& change, const std::vector<int>& rows) {
+void proveOutline(CamContext& cam, Change& change, const std::vector<int>& rows) {
   const int seed = rows.front();
   const Point at = OutlineWalk(cam.store, change, rows).walkFrom(seed);
   const std::string trouble = complaint(cam.store, seed, at);
   settleRows(cam.store, change, /*accepted=*/trouble.empty());
   if (!trouble.empty()) {
-    cam.desk.session.host.prompts.showMessage(
-        {.text = trouble, .title = cam.desk.session.productname, .icon = MessageIcon::Information});
+    cam.context.session.host.prompts.showMessage({.text = trouble,
+                                                  .title = cam.context.session.productname,
+                                                  .icon = MessageIcon::Information});
   }
   for (int sg = 1; sg <= cam.store.NumSegments; ++sg) {
-    cam.desk.renderer.DrawSegment(sg, cam.desk.ScreenProxy);
+    cam.context.renderer.DrawSegment(sg, cam.context.ScreenProxy);
   }
 }
 
@@ -194,10 +195,10 @@ Box arcBounds(const DrawingStore& store, int sg) {
   return box;
 }
 
-OutlineSize verifypocket(CamDesk& cam) {
+OutlineSize verifypocket(CamContext& cam) {
   const Procedure here("frmMain.verifypocket(width,height)");
   Change change(cam.changes);
-  removeDuplicates(cam.changes, cam.desk.session.host.prompts, /*deleteSilently=*/false);
+  removeDuplicates(cam.changes, cam.context.session.host.prompts, /*deleteSilently=*/false);
   OutlineSize size;
   const std::vector<int> rows = outlineRows(cam.store);
   if (!rows.empty()) {
@@ -210,16 +211,16 @@ OutlineSize verifypocket(CamDesk& cam) {
   return size;
 }
 
-void mnuCAMVerifyAcceptPocket_Click(CamDesk& cam) {
+void mnuCAMVerifyAcceptPocket_Click(CamContext& cam) {
   const Procedure here("frmMain.mnuCAMVerifyAcceptPocket_Click()");
   const OutlineSize size = verifypocket(cam);
   cam.PocketXDim = size.width;
   cam.PocketYDim = size.height;
-  cam.desk.state.setPendingaction(0);
+  cam.context.state.setPendingaction(0);
 }
 
 // Fixed: the pocket's measure and the armed action stay; the spiral goes by the pocket's size.
-void mnuCAMVerifyAcceptIsland_Click(CamDesk& cam) {
+void mnuCAMVerifyAcceptIsland_Click(CamContext& cam) {
   const Procedure here("frmMain.mnuCAMVerifyAcceptIsland_Click()");
   verifypocket(cam);
 }

@@ -4,7 +4,7 @@
 #pragma once
 
 #include "geometry/box_index.h"
-#include "toolpath/cam_desk.h"
+#include "toolpath/cam_context.h"
 
 namespace tess {
 
@@ -13,13 +13,13 @@ namespace tess {
 struct OutlineSize {
   float width = 0, height = 0;
 };
-OutlineSize verifypocket(CamDesk& cam);
+OutlineSize verifypocket(CamContext& cam);
 
 // The bounds of arc row `sg` from its ends and three samples of its sweep: an arc can pass a
 // quadrant between two samples, and is meant to be measured short then.
 Box arcBounds(const DrawingStore& store, int sg);
 
-void mnuCAMVerifyAcceptPocket_Click(CamDesk& cam);
-void mnuCAMVerifyAcceptIsland_Click(CamDesk& cam);
+void mnuCAMVerifyAcceptPocket_Click(CamContext& cam);
+void mnuCAMVerifyAcceptIsland_Click(CamContext& cam);
 
 }  // namespace tess

@@ -43,8 +43,8 @@ Side sideOfFirst(const DrawingStore& store, const OutlineOffset& request, const 
                             signOf(static_cast<double>(request.reference.y) - nearest.y)});
 }
 
-void appendRows(CamDesk& cam, Change& change, const OffsetChain& chain, int attr) {
-  SegmentPainter painter(cam.desk.renderer, cam.desk.ScreenProxy);
+void appendRows(CamContext& cam, Change& change, const OffsetChain& chain, int attr) {
+  SegmentPainter painter(cam.context.renderer, cam.context.ScreenProxy);
   const std::vector<std::size_t>& bridges = chain.bridges();
   for (std::size_t k = 0; k < chain.elements().size(); ++k) {
     const SegmentRow row = segmentRowOf(chain.elements()[k], attr);
@@ -58,11 +58,11 @@ void appendRows(CamDesk& cam, Change& change, const OffsetChain& chain, int attr
 
 }  // namespace
 
-void offsetSegChain(CamDesk& cam, ChainWalk& rows, const OutlineOffset& request) {
+void offsetSegChain(CamContext& cam, ChainWalk& rows, const OutlineOffset& request) {
   const Procedure here("frmMain.offsetSegChain(sg,xs,ys,xd,yd,attr,distance,target)");
   const DrawingStore& store = cam.store;
   if (!hasDirection(store, request.sg, request.start, request.direction)) {
-    cam.desk.session.host.surroundings.beep();
+    cam.context.session.host.surroundings.beep();
     return;
   }
   const Point end = otherEnd(store, request.sg, request.start);

@@ -3,7 +3,7 @@
 // Owns: OutlineOffset, offsetSegChain, removeWorkingRows, restoreParkedRows.
 #pragma once
 
-#include "toolpath/cam_desk.h"
+#include "toolpath/cam_context.h"
 #include "toolpath/chain_walk.h"
 
 namespace tess {
@@ -20,7 +20,7 @@ struct OutlineOffset {
 // Walks the selected rows from row `sg`, parks each, and appends what lies beside them, joined.
 // With start and direction in one place a row that is no arc gives a beep and nothing else. `rows`
 // was made before the first working row came. Raises Overflow at row 32768.
-void offsetSegChain(CamDesk& cam, ChainWalk& rows, const OutlineOffset& request);
+void offsetSegChain(CamContext& cam, ChainWalk& rows, const OutlineOffset& request);
 
 // Takes out every row that is not of the ordinary class.
 void removeWorkingRows(Changes& changes);

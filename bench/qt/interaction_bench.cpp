@@ -97,11 +97,11 @@ void UndoOfALongStep(benchmark::State& state) {
   BenchProgram program;
   drawOutlines(program, kRows, 12);
   Application& application = program.application();
-  Desk& desk = application.interaction.desk;
+  DraftingContext& context = application.interaction.context;
   for (int sg = 1; sg <= kRows; ++sg) {
-    logSegment(desk.changelog, program.store(), sg, "A", /*start=*/sg == 1);
+    logSegment(context.changelog, program.store(), sg, "A", /*start=*/sg == 1);
   }
-  updateUndoTools(desk);
+  updateUndoTools(context);
   for (auto _ : state) {
     application.clickTool("miUndo");
     state.PauseTiming();

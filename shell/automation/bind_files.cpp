@@ -126,7 +126,7 @@ int importDxfFile(Script& script, lua_State* L) {
   if (hasOptions) requireImportOptions(L, 2);
   const int before = script.application.store.NumSegments;
   runReported(script, "import_dxf", [&] {
-    frmDXF form(script.application.interaction.desk);
+    frmDXF form(script.application.interaction.context);
     form.chkExactGeometry.onClick = nullptr;
     form.chkConnectPoints.setChecked(hasOptions && flagIn(L, 2, kImportOptions[0]));
     form.chkAutoAlign.setChecked(hasOptions && flagIn(L, 2, kImportOptions[1]));

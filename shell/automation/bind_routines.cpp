@@ -38,21 +38,21 @@ constexpr Routine kRoutines[] = {
     routine("AddSeg",
             [](Application& application, int type, Int16 attr, float x0, float y0, float x1,
                float y1, float xc, float yc) {
-              Change change(application.interaction.desk.changes);
+              Change change(application.interaction.context.changes);
               change.segments.append({type, attr, x0, y0, x1, y1, xc, yc}, Entry::Unmarked);
               change.keep();
             }),
     routine(
         "AddSegLine",
         [](Application& application, int type, Int16 attr, float y0, float x0, float y1, float x1) {
-          Change change(application.interaction.desk.changes);
+          Change change(application.interaction.context.changes);
           change.segments.appendLine(type, attr, y0, x0, y1, x1, Entry::Unmarked);
           change.keep();
         }),
     routine("addPathSegment",
             [](Application& application, Int16 type, float x0, float y0, float x1, float y1,
                float xc, float yc, float z, float feed, Int16 code) {
-              Change change(application.interaction.desk.changes);
+              Change change(application.interaction.context.changes);
               change.paths.append({type, x0, y0, x1, y1, xc, yc, z, feed, code}, Entry::Unlogged);
               change.keep({.redraws = false});
             }),
@@ -69,7 +69,7 @@ constexpr Routine kRoutines[] = {
             }),
     routine("nextPathGroup", [](DrawingStore& store) { return nextPathGroup(store); }),
     routine("roundall",
-            [](Application& application) { roundRows(application.interaction.desk.changes); }),
+            [](Application& application) { roundRows(application.interaction.context.changes); }),
 
     // Numbers and texts.
     routine("formatNumber",

@@ -135,7 +135,7 @@ int iterate(Script& /*script*/, lua_State* L) {
 
 int addSegment(Script& script, lua_State* L) {
   const auto row = takeRow<SegmentRow>(L, kSegmentFields);
-  Change change(script.application.interaction.desk.changes);
+  Change change(script.application.interaction.context.changes);
   push(L, change.segments.append(row, Entry::Unmarked));
   change.keep();
   return 1;
@@ -143,7 +143,7 @@ int addSegment(Script& script, lua_State* L) {
 
 int addPath(Script& script, lua_State* L) {
   const auto row = takeRow<PathRow>(L, kPathFields);
-  Change change(script.application.interaction.desk.changes);
+  Change change(script.application.interaction.context.changes);
   const int ps = change.paths.append(row, Entry::Unlogged);
   // The append shows every row; a hidden one is hidden afterwards.
   change.paths.show(ps, row.visible);

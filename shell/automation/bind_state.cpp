@@ -32,7 +32,7 @@ int readPanel(Script& script, lua_State* L) {
 
 // The numbers of the selected rows, in the order of their selection.
 void pushSelected(lua_State* L, Application& application) {
-  const std::vector<int>& rows = application.interaction.desk.state.Selected.rows();
+  const std::vector<int>& rows = application.interaction.context.state.Selected.rows();
   lua_createtable(L, static_cast<int>(rows.size()), 0);
   for (std::size_t n = 0; n < rows.size(); ++n) {
     push(L, rows[n]);
@@ -43,22 +43,22 @@ void pushSelected(lua_State* L, Application& application) {
 using App = Application;
 
 const StateField kFields[] = {
-    field("pendingaction", [](App& app) { return app.interaction.desk.state.pendingaction(); }),
-    field("DrawMode", [](App& app) { return app.interaction.desk.state.DrawMode(); }),
-    field("MouseX", [](App& app) { return app.interaction.desk.pointer.MouseX; }),
-    field("MouseY", [](App& app) { return app.interaction.desk.pointer.MouseY; }),
-    field("clickstage", [](App& app) { return app.interaction.desk.command.clickstage; }),
-    field("EditPaths", [](App& app) { return Flag(app.interaction.desk.command.EditPaths); }),
-    field("LastCommand", [](App& app) { return app.interaction.desk.command.LastCommand; }),
-    field("OSnapOn", [](App& app) { return Flag(app.interaction.desk.state.OSnapOn); }),
+    field("pendingaction", [](App& app) { return app.interaction.context.state.pendingaction(); }),
+    field("DrawMode", [](App& app) { return app.interaction.context.state.DrawMode(); }),
+    field("MouseX", [](App& app) { return app.interaction.context.pointer.MouseX; }),
+    field("MouseY", [](App& app) { return app.interaction.context.pointer.MouseY; }),
+    field("clickstage", [](App& app) { return app.interaction.context.command.clickstage; }),
+    field("EditPaths", [](App& app) { return Flag(app.interaction.context.command.EditPaths); }),
+    field("LastCommand", [](App& app) { return app.interaction.context.command.LastCommand; }),
+    field("OSnapOn", [](App& app) { return Flag(app.interaction.context.state.OSnapOn); }),
     {"Selected", pushSelected},
     field("viewcx", [](App& app) { return app.interaction.view.viewcx; }),
     field("viewcy", [](App& app) { return app.interaction.view.viewcy; }),
     field("viewspan", [](App& app) { return app.interaction.view.viewspan; }),
     field("homespan", [](App& app) { return app.interaction.view.homespan; }),
     field("zoomfactor", [](App& app) { return app.interaction.view.zoomfactor; }),
-    field("changecount", [](App& app) { return app.interaction.desk.changelog.changecount; }),
-    field("changetop", [](App& app) { return app.interaction.desk.changelog.changetop; }),
+    field("changecount", [](App& app) { return app.interaction.context.changelog.changecount; }),
+    field("changetop", [](App& app) { return app.interaction.context.changelog.changetop; }),
     field("prompt", [](App& app) { return app.interaction.statusBar.text(); }),
     field("caption", [](App& app) { return app.caption(); }),
     field("lastPlacedGroup", [](App& app) { return app.store.lastplacedgroup; }),

@@ -61,12 +61,12 @@ constexpr NamedColumn kColumns[] = {
 
 // A counter that grows carries its tables along, so that every row it counts is there.
 void assignNumSegments(Application& application, int value) {
-  Change change(application.interaction.desk.changes);
+  Change change(application.interaction.context.changes);
   change.segments.resize(value);
   change.keep();
 }
 void assignNumPathSegments(Application& application, int value) {
-  Change change(application.interaction.desk.changes);
+  Change change(application.interaction.context.changes);
   change.paths.resize(value);
   change.keep();
 }
@@ -155,7 +155,7 @@ void addSettingVariables(FieldObject& object, DrawingStore& store, DrawingSettin
   }
 }
 
-void bindStoreTables(lua_State* L, DrawingStore& store, CamDesk& cam) {
+void bindStoreTables(lua_State* L, DrawingStore& store, CamContext& cam) {
   FieldObject object(L, "store");
   for (const NamedColumn& column : kColumns) {
     std::visit([&](auto member) { object.add(column.name, store.*member); }, column.member);

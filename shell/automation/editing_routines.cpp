@@ -12,12 +12,12 @@
 namespace tess {
 namespace {
 
-Desk& deskOf(Application& application) {
-  return application.interaction.desk;
+DraftingContext& contextOf(Application& application) {
+  return application.interaction.context;
 }
 
 Changes& changesOf(Application& application) {
-  return deskOf(application).changes;
+  return contextOf(application).changes;
 }
 
 // What scripts are told: fixed, since they compare it.
@@ -68,13 +68,13 @@ constexpr Routine kRoutines[] = {
             }),
     routine("addFillet",
             [](Application& application, Int16 sgA, Int16 sgB, float radius) {
-              Desk& desk = deskOf(application);
-              tellFillet(desk, addFillet(desk.changes, sgA, sgB, radius));
+              DraftingContext& context = contextOf(application);
+              tellFillet(context, addFillet(context.changes, sgA, sgB, radius));
             }),
     routine("addPathFillet",
             [](Application& application, Int16 psA, Int16 psB, float radius) {
-              Desk& desk = deskOf(application);
-              tellFillet(desk, addPathFillet(desk.changes, psA, psB, radius));
+              DraftingContext& context = contextOf(application);
+              tellFillet(context, addPathFillet(context.changes, psA, psB, radius));
             }),
     routine("joinedLineCount",
             [](DrawingStore& store, float x, float y) {
@@ -84,10 +84,10 @@ constexpr Routine kRoutines[] = {
             [](DrawingStore& store, float x, float y) {
               return joinedPathCount(store, {x, y});
             }),
-    routine("entityInfo",
-            [](Application& application, Int16 sg) { return entityInfo(deskOf(application), sg); }),
+    routine("entityInfo", [](Application& application,
+                             Int16 sg) { return entityInfo(contextOf(application), sg); }),
     routine("pathEntityInfo", [](Application& application,
-                                 Int16 ps) { return pathEntityInfo(deskOf(application), ps); }),
+                                 Int16 ps) { return pathEntityInfo(contextOf(application), ps); }),
 };
 
 }  // namespace

@@ -108,7 +108,7 @@ int writeRow(Script& script, lua_State* L) {
     chargeText(L, &columnOf<T>(L), index, value.size());
   }
   row = std::move(value);
-  script.application.interaction.desk.changes.tellRewritten();
+  script.application.interaction.context.changes.tellRewritten();
   return 0;
 }
 

@@ -111,15 +111,15 @@ void ScriptHand::controlWorked() {
 }
 
 void deliverArrival(Application& application, int pixelX, int pixelY) {
-  const Desk& desk = application.interaction.desk;
-  const DrawingSurface& surface = desk.ScreenProxy.surface();
+  const DraftingContext& context = application.interaction.context;
+  const DrawingSurface& surface = context.ScreenProxy.surface();
   const SurfaceArea area = surface.area();
   const bool inside = pixelX >= 0 && static_cast<float>(pixelX) < area.width && pixelY >= 0 &&
                       static_cast<float>(pixelY) < area.height;
   if (!inside || !surface.Enabled()) return;
-  const int rightOrNone = desk.pointer.RightDown ? kRightButton : 0;
+  const int rightOrNone = context.pointer.RightDown ? kRightButton : 0;
   const Point place = surface.toWorld(pixelX, pixelY);
-  application.move({.Button = desk.pointer.LeftDown ? kLeftButton : rightOrNone,
+  application.move({.Button = context.pointer.LeftDown ? kLeftButton : rightOrNone,
                     .Shift = 0,
                     .X = place.x,
                     .Y = place.y});

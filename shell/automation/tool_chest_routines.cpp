@@ -19,7 +19,7 @@ SpeedsFeeds& openedFeeds(Application& application) {
 }
 
 CSegment segmentOf(Application& application) {
-  return CSegment(application.session, application.interaction.desk.changes);
+  return CSegment(application.session, application.interaction.context.changes);
 }
 
 constexpr Routine kRoutines[] = {

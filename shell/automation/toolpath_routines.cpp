@@ -24,17 +24,17 @@ using std::optional;
 using std::string;
 using std::tuple;
 
-CamDesk& camOf(Application& application) {
+CamContext& camOf(Application& application) {
   return application.interaction.cam;
 }
 
 Changes& changesOf(Application& application) {
-  return application.interaction.desk.changes;
+  return application.interaction.context.changes;
 }
 
 // The click of a call is where the pointer stands.
 Point clickOf(Application& application) {
-  const PointerRecord& pointer = application.interaction.desk.pointer;
+  const PointerRecord& pointer = application.interaction.context.pointer;
   return {pointer.MouseX, pointer.MouseY};
 }
 

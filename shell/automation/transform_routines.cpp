@@ -14,21 +14,22 @@
 namespace tess {
 namespace {
 
-Desk& deskOf(Application& application) {
-  return application.interaction.desk;
+DraftingContext& contextOf(Application& application) {
+  return application.interaction.context;
 }
 
 constexpr Routine kRoutines[] = {
-    routine("Copy_segment", [](Application& application) { Copy_segment(deskOf(application)); }),
-    routine("Paste_segment", [](Application& application) { Paste_segment(deskOf(application)); }),
-    routine("Clear_Paste", [](Application& application) { Clear_Paste(deskOf(application)); }),
+    routine("Copy_segment", [](Application& application) { Copy_segment(contextOf(application)); }),
+    routine("Paste_segment",
+            [](Application& application) { Paste_segment(contextOf(application)); }),
+    routine("Clear_Paste", [](Application& application) { Clear_Paste(contextOf(application)); }),
     routine("moveAll", [](Application& application, float dx, float dy,
-                          Int16 start) { moveAll(deskOf(application).changes, dx, dy, start); }),
+                          Int16 start) { moveAll(contextOf(application).changes, dx, dy, start); }),
     routine("moveSelected", [](Application& application, float dx,
-                               float dy) { moveSelected(deskOf(application).changes, dx, dy); }),
+                               float dy) { moveSelected(contextOf(application).changes, dx, dy); }),
     routine("scaleSegments",
             [](Application& application, float factor, bool selectedOnly) {
-              scaleSegments(deskOf(application).changes, factor, selectedOnly);
+              scaleSegments(contextOf(application).changes, factor, selectedOnly);
             }),
     routine("mirrorCoord", [](float c, float m) { return mirrorCoord(c, m); }),
     routine("rotatePoint",

@@ -101,7 +101,7 @@ void DesktopProgram::wireWindow() {
   window_.onFilesDropped = [this](const std::vector<std::string>& paths) {
     dropFiles(application_.session, paths);
   };
-  window_.toolBars().onMenuCommand = [this] { armMenuGuard(application_.interaction.desk); };
+  window_.toolBars().onMenuCommand = [this] { armMenuGuard(application_.interaction.context); };
   // The command that asked for it comes to its end first.
   application_.onCloseMainWindow = [this] {
     QMetaObject::invokeMethod(

@@ -35,7 +35,7 @@ class CheckChanges(unittest.TestCase):
     def test_counters_and_the_mark_of_saved_work(self):
         for name in ["NumSegments", "NumPathSegments", "drawingsaved"]:
             self.expect_found(f"sets {name}", f"store.{name} = 0;")
-            self.expect_found(f"sets {name}", f"desk.store.{name} -= 2;", file="shell/qt/a.cpp")
+            self.expect_found(f"sets {name}", f"context.store.{name} -= 2;", file="shell/qt/a.cpp")
         self.expect_found("sets NumSegments", "++store.NumSegments;")
         self.expect_found("sets NumSegments", "store.NumSegments--;")
         self.expect_found("sets drawingsaved", "\n\nstore_.drawingsaved\n    = true;", line=3)
@@ -52,7 +52,7 @@ class CheckChanges(unittest.TestCase):
     def test_routines(self):
         for routine in ["AddSeg", "addPathSegment", "setPathRow", "logSegment", "performEdit"]:
             self.expect_found(f"calls {routine}", f"{routine}(store, row);", file="import/a.h")
-        self.expect_found("calls logRecord", "desk.changelog.logRecord(record, true);")
+        self.expect_found("calls logRecord", "context.changelog.logRecord(record, true);")
         self.expect_found("calls roundall", "roundall(cam.store);")
         self.expect_found("calls AddSeg", "AddSeg(store, row, nullptr);", file="core/units.cpp")
 

@@ -37,7 +37,7 @@ class WorkedExample(unittest.TestCase):
         self.tree = Path(self.enterContext(tempfile.TemporaryDirectory()))
         for name, text in zip(NEW_FILES, blocks(example()), strict=True):
             self.write(name, text)
-        self.put_behind("drafting/desk.h", "struct CommandRecord {\n", f"  {REMEMBERED}\n")
+        self.put_behind("drafting/drafting_context.h", "struct CommandRecord {\n", f"  {REMEMBERED}\n")
         self.put_behind("core/command_list.h", "#define TESSIMO_DRAFTING_COMMANDS(DO) \\\n",
                         f"  {LISTED.replace('DRAFTING', 'DO')} \\\n")
 

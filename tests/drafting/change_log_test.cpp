@@ -13,7 +13,7 @@
 #include "drafting/change_walk.h"
 #include "tests/geometry/rows.h"
 #include "tests/geometry/scenes.h"
-#include "tests/support/drafting_desk.h"
+#include "tests/support/drafting_test_context.h"
 #include "tests/support/failure_of.h"
 #include "tests/support/plain_edits.h"
 

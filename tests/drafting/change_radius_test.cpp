@@ -4,7 +4,7 @@
 #include "gtest/gtest.h"
 
 #include "drafting/dlgEditRadius.h"
-#include "tests/support/drafting_desk.h"
+#include "tests/support/drafting_test_context.h"
 #include "tests/support/edit_checks.h"
 #include "tests/support/failure_of.h"
 
@@ -14,13 +14,13 @@ namespace {
 using testing::expectNoStep;
 using testing::expectOneStep;
 using testing::pathTexts;
-using testing::RecordedDesk;
+using testing::RecordedDrafting;
 using testing::segmentTexts;
 using Texts = std::vector<std::string>;
 
 // What the dialog showed, and what it is answered.
-struct RadiusDesk : RecordedDesk {
-  RadiusDesk() {
+struct RadiusContext : RecordedDrafting {
+  RadiusContext() {
     test.session.formats.coordfmt = "0.0000";
     test.recording.prompts.onForm = [this](Form& form) {
       auto& dialog = dynamic_cast<dlgEditRadius&>(form);
@@ -31,7 +31,7 @@ struct RadiusDesk : RecordedDesk {
   }
   void change(const std::string& radius, Point at = {0, 3}) {
     answer = radius;
-    mnuChangeRad_Click(desk);
+    mnuChangeRad_Click(context);
     click(at.x, at.y);
   }
   Texts shown;
@@ -40,21 +40,21 @@ struct RadiusDesk : RecordedDesk {
 };
 
 // Half a circle of radius 1 over the origin.
-struct ArcDesk : RadiusDesk {
-  ArcDesk() { add({.type = 3, .attr = 10, .x0 = 1, .y0 = 0, .x1 = -1, .y1 = 0}); }
+struct ArcContext : RadiusContext {
+  ArcContext() { add({.type = 3, .attr = 10, .x0 = 1, .y0 = 0, .x1 = -1, .y1 = 0}); }
 };
 
 TEST(ChangeRadius, ShowsTheRadiusAndTheSmallestOne) {
-  RadiusDesk d;
+  RadiusContext d;
   d.add({.type = 3, .x0 = 1, .y0 = 0, .x1 = 0, .y1 = 1});
   d.change("2");
   EXPECT_EQ(d.shown, (Texts{"1.0000", "0.7071"}));
 }
 
 TEST(ChangeRadius, OfAnArcKeepsItsEndsAndTakesTheNearerCenter) {
-  RadiusDesk d;
+  RadiusContext d;
   d.add({.type = 2, .attr = 10, .x0 = -3, .y0 = 0, .x1 = 3, .y1 = 0, .xc = 0, .yc = -4});
-  mnuChangeRad_Click(d.desk);
+  mnuChangeRad_Click(d.context);
   EXPECT_EQ(d.prompt(), "Click near arc to change radius.");
   d.answer = "3.4";
   expectOneStep(d, [&d] { d.click(0, 3); });
@@ -64,18 +64,18 @@ TEST(ChangeRadius, OfAnArcKeepsItsEndsAndTakesTheNearerCenter) {
   EXPECT_EQ(d.store.x0[1], -3);
   EXPECT_EQ(d.store.segtype[1], 2);
   EXPECT_EQ(d.store.segattr[1], 10);
-  EXPECT_EQ(d.desk.changelog.changecount, 2);
+  EXPECT_EQ(d.context.changelog.changecount, 2);
   EXPECT_EQ(d.pending(), 0);
 }
 
 TEST(ChangeRadius, OnATieTakesTheFirstCenter) {
-  ArcDesk d;
+  ArcContext d;
   d.change("1.25");
   EXPECT_EQ(segmentTexts(d.store), (Texts{"3 (1, 0)-(-1, 0) c (0, 0.75) @10"}));
 }
 
 TEST(ChangeRadius, OfACircleStartsItLeftOfItsCenter) {
-  RadiusDesk d;
+  RadiusContext d;
   d.add({.type = 5, .x0 = 2, .y0 = 1, .x1 = 2, .y1 = 1, .xc = 1, .yc = 1});
   expectOneStep(d, [&d] { d.change("0.5"); });
   EXPECT_EQ(d.shown, (Texts{"1.0000", ""}));
@@ -83,7 +83,7 @@ TEST(ChangeRadius, OfACircleStartsItLeftOfItsCenter) {
 }
 
 TEST(ChangeRadius, OfADrawnCircleKeepsItsStart) {
-  RadiusDesk d;
+  RadiusContext d;
   d.add({.type = 2, .x0 = 1, .y0 = 0, .x1 = 1, .y1 = 0});
   expectOneStep(d, [&d] { d.change("0.25"); });
   EXPECT_EQ(segmentTexts(d.store), (Texts{"2 (1, 0)-(1, 0) c (0.75, 0)"}));
@@ -91,12 +91,12 @@ TEST(ChangeRadius, OfADrawnCircleKeepsItsStart) {
 
 TEST(ChangeRadius, ThatIsTooSmallTellsSoAndChangesNothing) {
   for (const char* const radius : {"0.5", "0", "-2", "nonsense", ""}) {
-    ArcDesk d;
+    ArcContext d;
     d.test.recording.prompts.onForm = [radius](Form& form) {
       dynamic_cast<dlgEditRadius&>(form).txtradius.setText(radius);
       form.pressDefault();
     };
-    mnuChangeRad_Click(d.desk);
+    mnuChangeRad_Click(d.context);
     expectNoStep(d, [&d] { d.click(0, 3); });
     ASSERT_EQ(d.messages().size(), 1U) << radius;
     EXPECT_EQ(d.messages()[0].text, "Radius too small!");
@@ -108,7 +108,7 @@ TEST(ChangeRadius, ThatIsTooSmallTellsSoAndChangesNothing) {
 
 TEST(ChangeRadius, OfACircleToNothingTellsSoToo) {
   for (const char* const radius : {"0", "-1"}) {
-    RadiusDesk d;
+    RadiusContext d;
     d.add({.type = 5, .x0 = 2, .x1 = 2});
     expectNoStep(d, [&] { d.change(radius); });
     ASSERT_EQ(d.messages().size(), 1U);
@@ -117,25 +117,25 @@ TEST(ChangeRadius, OfACircleToNothingTellsSoToo) {
 }
 
 TEST(ChangeRadius, BeyondWhatAClickFindsBeeps) {
-  ArcDesk d;
+  ArcContext d;
   expectNoStep(d, [&d] { d.change("1e30"); });
   EXPECT_EQ(d.beeps(), 1);
   EXPECT_TRUE(d.messages().empty());
 }
 
 TEST(ChangeRadius, ThatIsNoNumberOfTheTablesLeavesTheDialogOpen) {
-  ArcDesk d;
+  ArcContext d;
   EXPECT_EQ(testing::numberOfFailure([&d] { d.change("1e39"); }), FailureNumber::Overflow);
-  EXPECT_EQ(d.desk.changelog.changecount, 0);
+  EXPECT_EQ(d.context.changelog.changecount, 0);
 }
 
 TEST(ChangeRadius, CancelledOrTheSameChangesNothing) {
-  ArcDesk d;
+  ArcContext d;
   d.accepts = false;
   expectNoStep(d, [&d] { d.change("2"); });
   d.accepts = true;
   expectNoStep(d, [&d] { d.change("1"); });
-  RadiusDesk odd;  // its radius has more digits than the dialog shows
+  RadiusContext odd;  // its radius has more digits than the dialog shows
   odd.add({.type = 3, .x0 = 1, .y0 = 0, .x1 = 0, .y1 = 1, .xc = -0.125F, .yc = -0.125F});
   expectNoStep(odd, [&odd] { odd.change(""); });
   EXPECT_EQ(d.beeps() + odd.beeps(), 0);
@@ -143,7 +143,7 @@ TEST(ChangeRadius, CancelledOrTheSameChangesNothing) {
 }
 
 TEST(ChangeRadius, WithoutARoundRowEndsSilently) {
-  RadiusDesk d;
+  RadiusContext d;
   d.addLine(0, 0, 1, 1);
   expectNoStep(d, [&d] { d.change("2"); });
   EXPECT_TRUE(d.shown.empty());
@@ -151,9 +151,9 @@ TEST(ChangeRadius, WithoutARoundRowEndsSilently) {
 }
 
 TEST(ChangeRadius, LeavesARowAloneThatWentWhileTheDialogWasOpen) {
-  ArcDesk d;
+  ArcContext d;
   d.test.recording.prompts.onForm = [&d](Form& form) {
-    Change change(d.desk.changes);
+    Change change(d.context.changes);
     change.segments.erase(1);
     change.keep();
     dynamic_cast<dlgEditRadius&>(form).txtradius.setText("2");
@@ -161,22 +161,22 @@ TEST(ChangeRadius, LeavesARowAloneThatWentWhileTheDialogWasOpen) {
   };
   d.change("2");
   EXPECT_EQ(d.store.NumSegments, 0);
-  EXPECT_EQ(d.desk.changelog.changecount, 1);
+  EXPECT_EQ(d.context.changelog.changecount, 1);
 }
 
 TEST(ChangeRadius, OfAPathArcKeepsAllElse) {
-  RadiusDesk d;
+  RadiusContext d;
   addPathSegment(d.store, {.type = 3, .x0 = 1, .x1 = -1, .z = -1, .feed = 5, .code = 201});
-  d.desk.command.EditPaths = true;
+  d.context.command.EditPaths = true;
   expectOneStep(d, [&d] { d.change("1.25"); });
   EXPECT_EQ(pathTexts(d.store), (Texts{"3 (1, 0)-(-1, 0) c (0, 0.75) @201 z -1 f 5"}));
 }
 
 TEST(EditRadius, ShowsTheSmallestAsItIsAndNoneAtZero) {
-  RadiusDesk d;
+  RadiusContext d;
   d.test.session.formats.coordfmt = "0.########";
   const auto minimum = [&d](float radius) {
-    dlgEditRadius dialog(d.desk, 2, radius);
+    dlgEditRadius dialog(d.context, 2, radius);
     dialog.load();
     return dialog.txtminradius.text();
   };

@@ -1,5 +1,5 @@
-// Changes of the drawing: what they do to the tables, to the log and to the desk, and that nothing
-// is left of one that was not kept.
+// Changes of the drawing: what they do to the tables, to the log and to the context, and that
+// nothing is left of one that was not kept.
 #include "drafting/change.h"
 
 #include <cmath>
@@ -11,7 +11,7 @@
 #include "drafting/selection.h"
 #include "drafting/undo.h"
 #include "tests/geometry/scenes.h"
-#include "tests/support/drafting_desk.h"
+#include "tests/support/drafting_test_context.h"
 #include "tests/support/failure_of.h"
 #include "tests/support/mirrored_tables.h"
 
@@ -22,7 +22,7 @@ using testing::Dice;
 using testing::MirroredTables;
 using testing::numberOfFailure;
 using testing::pathTexts;
-using testing::RecordedDesk;
+using testing::RecordedDrafting;
 using testing::sameTables;
 using testing::segmentTexts;
 using Texts = std::vector<std::string>;
@@ -50,15 +50,15 @@ std::string logged(const ChangeLog& log) {
   return text;
 }
 
-// A desk with three drawing rows at 1, 2, 3 and three path rows at 1, 2, 3, and a journal.
-struct Changing : ::testing::Test, RecordedDesk {
+// A context with three drawing rows at 1, 2, 3 and three path rows at 1, 2, 3, and a journal.
+struct Changing : ::testing::Test, RecordedDrafting {
   Changing() {
     for (const float x : {1.0F, 2.0F, 3.0F}) {
       add(line(x));
       addPathSegment(store, path(x));
     }
     store.drawingsaved = true;
-    journal.emplace(desk.changes);
+    journal.emplace(context.changes);
     log.take();
   }
   ~Changing() override { EXPECT_TRUE(journal->isExact()); }
@@ -73,7 +73,7 @@ struct Changing : ::testing::Test, RecordedDesk {
     for (int ps = 1; ps <= store.NumPathSegments; ++ps) xs.push_back(store.psx0[ps]);
     return xs;
   }
-  std::string records() const { return logged(desk.changelog); }
+  std::string records() const { return logged(context.changelog); }
 
   std::optional<MirroredTables> journal;
 };
@@ -82,7 +82,7 @@ using Xs = std::vector<float>;
 // ---- Edits
 
 TEST_F(Changing, AppendedRowsAreOneStep) {
-  Change change(desk.changes);
+  Change change(context.changes);
   EXPECT_EQ(change.segments.append(line(4)), 4);
   EXPECT_EQ(change.segments.append(line(5)), 5);
   EXPECT_EQ(change.paths.append(path(4, 1260)), 4);
@@ -101,7 +101,7 @@ struct DrawnNumbers : SegmentDrawing {
 
 TEST_F(Changing, ARowIsDrawnWhenATargetIsGiven) {
   DrawnNumbers target;
-  Change change(desk.changes);
+  Change change(context.changes);
   change.segments.append(line(4), target);
   EXPECT_EQ(target.numbers, std::vector<int>{4});
   change.keep({.redraws = false});
@@ -109,33 +109,33 @@ TEST_F(Changing, ARowIsDrawnWhenATargetIsGiven) {
 }
 
 TEST_F(Changing, AReplacedRowIsLoggedAsItWasAndAsItIs) {
-  Change change(desk.changes);
+  Change change(context.changes);
   change.segments.replace(2, line(7));
   change.paths.replace(3, path(8));
   change.keep();
   EXPECT_EQ(drawn(), (Xs{1, 7, 3}));
   EXPECT_EQ(placed(), (Xs{1, 2, 8}));
   EXPECT_EQ(records(), "D* 2 A 2 d 3 a 3");
-  EXPECT_EQ(desk.changelog.record(0).x0, 2);
-  EXPECT_EQ(desk.changelog.record(1).x0, 7);
+  EXPECT_EQ(context.changelog.record(0).x0, 2);
+  EXPECT_EQ(context.changelog.record(1).x0, 7);
 }
 
 TEST_F(Changing, ErasedDrawingRowsAreLoggedFromTheFrontAndPathRowsFromTheEnd) {
-  Change change(desk.changes);
+  Change change(context.changes);
   EXPECT_EQ(change.segments.eraseWhere([](int sg) { return sg != 2; }), 2);
   EXPECT_EQ(change.paths.eraseWhere([](int ps) { return ps != 2; }), 2);
   change.keep({.undoMark = kRowsDeleted});
   EXPECT_EQ(drawn(), Xs{2});
   EXPECT_EQ(placed(), Xs{2});
   EXPECT_EQ(records(), "D* 1 D 3 d 3 d 1");
-  EXPECT_EQ(desk.changelog.UndoMark, -1);
-  Undo_Last_Change(desk);
+  EXPECT_EQ(context.changelog.UndoMark, -1);
+  Undo_Last_Change(context);
   EXPECT_EQ(drawn(), (Xs{2, 3, 1}));
   EXPECT_EQ(placed(), (Xs{1, 2, 3}));
 }
 
 TEST_F(Changing, ARangeGoesAtOneGo) {
-  Change change(desk.changes);
+  Change change(context.changes);
   change.segments.erase(1, 2);
   change.paths.erase(2, 3, Entry::Unlogged);
   change.segments.erase(2, 1);
@@ -149,7 +149,7 @@ TEST_F(Changing, InsertedPathRowsAreShownAndTheirGroupIsTheCurrentOne) {
   store.currentpathgroup = 7;
   PathRow hidden = path(9, 345);
   hidden.visible = false;
-  Change change(desk.changes);
+  Change change(context.changes);
   change.paths.insert(2, hidden);
   const RowInsertion<PathRow> more[] = {{1, path(10)}, {3, path(11)}, {3, path(12)}, {5, path(13)}};
   change.paths.insert(more);
@@ -159,12 +159,12 @@ TEST_F(Changing, InsertedPathRowsAreShownAndTheirGroupIsTheCurrentOne) {
   EXPECT_TRUE(store.psvisible[3]);
   EXPECT_EQ(store.lastplacedgroup, 7);
   EXPECT_EQ(records(), "a* 2 a 1 a 4 a 5 a 8");
-  Undo_Last_Change(desk);
+  Undo_Last_Change(context);
   EXPECT_EQ(placed(), (Xs{1, 2, 3}));
 }
 
 TEST_F(Changing, DrawingRowsComeInBetweenToo) {
-  Change change(desk.changes);
+  Change change(context.changes);
   change.segments.insert(2, line(9), Entry::Unlogged);
   change.keep();
   EXPECT_EQ(drawn(), (Xs{1, 9, 2, 3}));
@@ -172,7 +172,7 @@ TEST_F(Changing, DrawingRowsComeInBetweenToo) {
 }
 
 TEST_F(Changing, RowsThatAWalkChangesAreReplacedInTheirPlaces) {
-  Change change(desk.changes);
+  Change change(context.changes);
   const auto moveOdd = [](int number, auto& row) {
     row.x0 += 10;
     return number % 2 == 1;
@@ -184,13 +184,13 @@ TEST_F(Changing, RowsThatAWalkChangesAreReplacedInTheirPlaces) {
   EXPECT_EQ(drawn(), (Xs{11, 2, 13}));
   EXPECT_EQ(placed(), (Xs{11, 2, 13}));
   EXPECT_EQ(records(), "D* 1 A 1 D 3 A 3 d* 1 a 1 d 3 a 3");
-  Undo_Last_Change(desk);
+  Undo_Last_Change(context);
   EXPECT_EQ(placed(), (Xs{1, 2, 3}));
   EXPECT_EQ(drawn(), (Xs{11, 2, 13}));
 }
 
 TEST_F(Changing, RowsThatAWalkChangesCanComeToTheEnd) {
-  Change change(desk.changes);
+  Change change(context.changes);
   const auto move = [](int number, auto& row) {
     row.x0 += 10;
     return number != 2;
@@ -201,17 +201,17 @@ TEST_F(Changing, RowsThatAWalkChangesCanComeToTheEnd) {
   EXPECT_EQ(drawn(), (Xs{2, 11, 13}));
   EXPECT_EQ(placed(), (Xs{2, 11, 13}));
   EXPECT_EQ(records(), "D* 1 A 3 D 2 A 3 d 1 a 3 d 2 a 3");
-  Undo_Last_Change(desk);
+  Undo_Last_Change(context);
   EXPECT_EQ(placed(), (Xs{1, 2, 3}));
-  RedoLastChange(desk);
+  RedoLastChange(context);
   EXPECT_EQ(placed(), (Xs{2, 11, 13}));
 }
 
 TEST_F(Changing, MarksAndRoundingAreNoChangeOfTheDrawing) {
   store.x0[1] = 1.0000049F;
   journal->rewritten();
-  desk.changelog.UndoMark = 0;
-  Change change(desk.changes);
+  context.changelog.UndoMark = 0;
+  Change change(context.changes);
   change.segments.mark(2, kSelectedRow);
   change.paths.mark(1, 30100);
   change.paths.show(2, false);
@@ -223,7 +223,7 @@ TEST_F(Changing, MarksAndRoundingAreNoChangeOfTheDrawing) {
   EXPECT_EQ(store.x0[1], 1);
   EXPECT_TRUE(store.drawingsaved);
   EXPECT_EQ(records(), "");
-  EXPECT_EQ(desk.changelog.UndoMark, 0);
+  EXPECT_EQ(context.changelog.UndoMark, 0);
   EXPECT_EQ(log.count("Cls"), 0);
   EXPECT_EQ(journal->changesHeard, 1);
   EXPECT_FALSE(journal->lastUnsaved);
@@ -243,7 +243,7 @@ TEST_F(Changing, RoundingGivesWhatASaveGives) {
   journal->rewritten();
   DrawingStore saved = store;
   roundall(saved);
-  Change change(desk.changes);
+  Change change(context.changes);
   change.roundall();
   change.keep();
   EXPECT_TRUE(sameTables(store, saved));
@@ -251,17 +251,17 @@ TEST_F(Changing, RoundingGivesWhatASaveGives) {
 }
 
 TEST_F(Changing, RowsLoggedLaterStandAsTheyAreThen) {
-  Change change(desk.changes);
+  Change change(context.changes);
   change.paths.insert(2, path(9), Entry::Unlogged);
   change.paths.replace(2, path(8), Entry::Unlogged);
   change.paths.logAdded(2, 2);
   change.keep();
   EXPECT_EQ(records(), "a* 2");
-  EXPECT_EQ(desk.changelog.record(0).x0, 8);
+  EXPECT_EQ(context.changelog.record(0).x0, 8);
 }
 
 TEST_F(Changing, TheCounterCanBeSetByHand) {
-  Change change(desk.changes);
+  Change change(context.changes);
   change.segments.resize(40);
   change.paths.resize(1);
   EXPECT_EQ(numberOfFailure([&] { change.paths.resize(-1); }), FailureNumber::SubscriptOutOfRange);
@@ -274,7 +274,7 @@ TEST_F(Changing, TheCounterCanBeSetByHand) {
 }
 
 TEST_F(Changing, ALineComesWithItsCoordinatesYBeforeX) {
-  Change change(desk.changes);
+  Change change(context.changes);
   EXPECT_EQ(change.segments.appendLine(kLine, kOrdinaryClass, 1, 2, 3, 4), 4);
   change.keep();
   EXPECT_EQ(segmentTexts(store).back(), "1 (2, 1)-(4, 3)");
@@ -283,7 +283,7 @@ TEST_F(Changing, ALineComesWithItsCoordinatesYBeforeX) {
 
 TEST_F(Changing, AnUnmarkedPathRowLeavesTheDrawingUnsavedAllTheSame) {
   {
-    Change change(desk.changes);
+    Change change(context.changes);
     change.paths.append(path(4), Entry::Unmarked);
     EXPECT_FALSE(store.drawingsaved);
   }
@@ -329,25 +329,25 @@ TEST_F(Changing, ARefusedEditHasDoneNothingAndTheChangeGoesOn) {
   for (const RefusedEdit& refused : kRefusedEdits) {
     SCOPED_TRACE(refused.name);
     const DrawingStore before = store;
-    Change change(desk.changes);
+    Change change(context.changes);
     change.segments.append(line(4));
     EXPECT_EQ(numberOfFailure([&] { refused.edit(change); }), refused.failure);
     change.segments.erase(4, Entry::Unlogged);
     EXPECT_TRUE(change.keep());
     EXPECT_TRUE(sameTables(store, before));
     EXPECT_EQ(records(), "A* 4");
-    resetUndoState(desk);
+    resetUndoState(context);
   }
 }
 
 TEST_F(Changing, AFullTableTakesNoneOfManyRows) {
   {
-    Change filling(desk.changes);
+    Change filling(context.changes);
     filling.paths.resize(32766);
     filling.segments.resize(32767);
     filling.keep();
   }
-  Change change(desk.changes);
+  Change change(context.changes);
   const std::vector<RowInsertion<PathRow>> two(2, {1, path(9)});
   EXPECT_EQ(numberOfFailure([&] { change.paths.insert(two); }), FailureNumber::Overflow);
   EXPECT_EQ(numberOfFailure([&] { change.segments.append(line(9)); }), FailureNumber::Overflow);
@@ -360,7 +360,7 @@ TEST_F(Changing, AFullTableTakesNoneOfManyRows) {
 // ---- What is left of a change that is not kept
 
 // Everything that a change touches, and the edits that touch it.
-void changeEverything(RecordedDesk& d, Change& change) {
+void changeEverything(RecordedDrafting& d, Change& change) {
   d.store.currentpathgroup = 9;
   change.segments.append(line(4));
   change.segments.replace(1, line(5));
@@ -376,13 +376,13 @@ void changeEverything(RecordedDesk& d, Change& change) {
 }
 
 struct Everything {
-  explicit Everything(RecordedDesk& d)
-      : store(d.store), records(logged(d.desk.changelog)), top(d.desk.changelog.changetop) {}
+  explicit Everything(RecordedDrafting& d)
+      : store(d.store), records(logged(d.context.changelog)), top(d.context.changelog.changetop) {}
 
-  void expectSame(RecordedDesk& d) const {
+  void expectSame(RecordedDrafting& d) const {
     EXPECT_TRUE(sameTables(d.store, store));
-    EXPECT_EQ(logged(d.desk.changelog), records);
-    EXPECT_EQ(d.desk.changelog.changetop, top);
+    EXPECT_EQ(logged(d.context.changelog), records);
+    EXPECT_EQ(d.context.changelog.changetop, top);
     EXPECT_EQ(d.store.currentpathgroup, store.currentpathgroup);
     EXPECT_EQ(d.store.lastplacedgroup, store.lastplacedgroup);
     EXPECT_EQ(d.store.drawingsaved, store.drawingsaved);
@@ -397,44 +397,44 @@ struct Everything {
 
 TEST_F(Changing, LeftByAFailureItPutsEverythingBack) {
   {
-    Change earlier(desk.changes);
+    Change earlier(context.changes);
     earlier.segments.append(line(8));
     earlier.keep();
   }
-  Undo_Last_Change(desk);
+  Undo_Last_Change(context);
   store.drawingsaved = true;
   store.pathgroupname[1] = "first";
   const Everything before(*this);
   EXPECT_THROW(
       {
-        Change change(desk.changes);
+        Change change(context.changes);
         changeEverything(*this, change);
         throw overflow();
       },
       RuntimeFailure);
   before.expectSame(*this);
-  EXPECT_TRUE(desk.changelog.canRedo());
+  EXPECT_TRUE(context.changelog.canRedo());
   EXPECT_EQ(journal->changesHeard, 2);
 }
 
 TEST_F(Changing, TakenBackItsRowsLeaveTheScreenWithTheNextTicks) {
-  mnuDrawSelectAll_Click(desk);
+  mnuDrawSelectAll_Click(context);
   log.take();
   {
-    Change change(desk.changes);
+    Change change(context.changes);
     change.segments.erase(1);
     change.segments.append(line(9, kSelectedRow));
-    desk.state.Selected.add(7);
+    context.state.Selected.add(7);
   }
-  EXPECT_EQ(desk.state.Selected.rows(), (std::vector<int>{1, 2, 3}));
+  EXPECT_EQ(context.state.Selected.rows(), (std::vector<int>{1, 2, 3}));
   EXPECT_EQ(log.count("Cls"), 0);
   pass(1000);
   EXPECT_EQ(log.count("Cls"), 1);
 }
 
 TEST_F(Changing, WithoutAnEditNothingHappens) {
-  { const Change change(desk.changes); }
-  Change change(desk.changes);
+  { const Change change(context.changes); }
+  Change change(context.changes);
   change.keep();
   EXPECT_TRUE(store.drawingsaved);
   EXPECT_EQ(log.count("Cls"), 0);
@@ -443,7 +443,7 @@ TEST_F(Changing, WithoutAnEditNothingHappens) {
 
 TEST_F(Changing, ASaveInTheMiddleDoesNotCountForTheRowsBeforeIt) {
   {
-    Change change(desk.changes);
+    Change change(context.changes);
     change.segments.append(line(4));
     store.drawingsaved = true;  // a script saves when it is asked something
   }
@@ -454,16 +454,16 @@ TEST_F(Changing, ASaveInTheMiddleDoesNotCountForTheRowsBeforeIt) {
 
 TEST_F(Changing, ChangesWithinAreOneWithIt) {
   {
-    Change command(desk.changes);
+    Change command(context.changes);
     command.segments.append(line(4));
     {
-      Change routine(desk.changes, Step::Continued);
+      Change routine(context.changes, Step::Continued);
       routine.segments.append(line(5));
       EXPECT_TRUE(routine.keep());
     }
     EXPECT_EQ(records(), "");
     {
-      Change routine(desk.changes);
+      Change routine(context.changes);
       routine.segments.append(line(6));
       routine.keep();
     }
@@ -473,16 +473,16 @@ TEST_F(Changing, ChangesWithinAreOneWithIt) {
   EXPECT_EQ(records(), "A* 4 A 5 A* 6 A 7");
   EXPECT_EQ(journal->changesHeard, 1);
   EXPECT_EQ(log.count("Cls"), 1);
-  EXPECT_EQ(desk.changelog.UndoMark, 4);
+  EXPECT_EQ(context.changelog.UndoMark, 4);
 }
 
 TEST_F(Changing, AChangeWithinThatFailsAloneIsTakenBackAlone) {
-  Change command(desk.changes);
+  Change command(context.changes);
   command.segments.append(line(4));
   command.paths.append(path(4, 400));
   const Everything before(*this);
   {
-    Change routine(desk.changes);
+    Change routine(context.changes);
     changeEverything(*this, routine);
   }
   before.expectSame(*this);
@@ -495,8 +495,8 @@ TEST_F(Changing, AChangeWithinThatFailsAloneIsTakenBackAlone) {
 TEST_F(Changing, WhatWasKeptWithinIsTakenBackWithTheChangeAroundIt) {
   const Everything before(*this);
   {
-    Change command(desk.changes);
-    Change routine(desk.changes);
+    Change command(context.changes);
+    Change routine(context.changes);
     changeEverything(*this, routine);
     routine.keep();
   }
@@ -504,10 +504,10 @@ TEST_F(Changing, WhatWasKeptWithinIsTakenBackWithTheChangeAroundIt) {
 }
 
 TEST_F(Changing, AChangeWithinThatLogsNothingSplitsNoStep) {
-  Change command(desk.changes);
+  Change command(context.changes);
   command.segments.append(line(4));
   {
-    Change routine(desk.changes);
+    Change routine(context.changes);
     routine.segments.mark(1, kSelectedRow);
     routine.keep();
   }
@@ -518,11 +518,11 @@ TEST_F(Changing, AChangeWithinThatLogsNothingSplitsNoStep) {
 
 TEST_F(Changing, AContinuedChangeGoesOnWithTheLastStep) {
   {
-    Change first(desk.changes);
+    Change first(context.changes);
     first.segments.append(line(4));
     first.keep();
   }
-  Change more(desk.changes, Step::Continued);
+  Change more(context.changes, Step::Continued);
   more.segments.append(line(5));
   more.keep();
   EXPECT_EQ(records(), "A* 4 A 5");
@@ -530,15 +530,15 @@ TEST_F(Changing, AContinuedChangeGoesOnWithTheLastStep) {
 
 TEST_F(Changing, UndoWithinAChangeIsTakenBackWithIt) {
   {
-    Change first(desk.changes);
+    Change first(context.changes);
     first.segments.append(line(4));
     first.keep();
   }
   const Everything before(*this);
   {
-    Change command(desk.changes);
+    Change command(context.changes);
     command.segments.append(line(5));
-    Undo_Last_Change(desk);
+    Undo_Last_Change(context);
     EXPECT_EQ(drawn(), (Xs{1, 2, 3, 5}));
   }
   before.expectSame(*this);
@@ -547,9 +547,9 @@ TEST_F(Changing, UndoWithinAChangeIsTakenBackWithIt) {
 // ---- The difference of the path rows
 
 TEST_F(Changing, OfADifferenceOnlyWhatIsGoneOrNewIsLogged) {
-  Change command(desk.changes, Step::PathDifference);
+  Change command(context.changes, Step::PathDifference);
   {
-    Change ring(desk.changes);
+    Change ring(context.changes);
     ring.paths.append(path(8, 200));
     ring.paths.append(path(9, 200));
     ring.keep();
@@ -559,67 +559,67 @@ TEST_F(Changing, OfADifferenceOnlyWhatIsGoneOrNewIsLogged) {
   command.keep();
   EXPECT_EQ(placed(), (Xs{2, 3, 9}));
   EXPECT_EQ(records(), "d* 1 a 3");
-  Undo_Last_Change(desk);
+  Undo_Last_Change(context);
   EXPECT_EQ(placed(), (Xs{1, 2, 3}));
 }
 
 TEST_F(Changing, ADifferenceOfNothingLeavesRedo) {
   {
-    Change first(desk.changes);
+    Change first(context.changes);
     first.paths.erase(1);
     first.keep();
   }
-  Undo_Last_Change(desk);
-  Change command(desk.changes, Step::PathDifference);
+  Undo_Last_Change(context);
+  Change command(context.changes, Step::PathDifference);
   command.paths.append(path(7));
   command.paths.erase(4);
   command.keep();
   EXPECT_EQ(records(), "");
-  EXPECT_TRUE(desk.changelog.canRedo());
+  EXPECT_TRUE(context.changelog.canRedo());
 }
 
-// ---- Undo and the desk
+// ---- Undo and the context
 
 TEST_F(Changing, KeptItEndsTheRedoBranchAndEnablesUndo) {
   {
-    Change first(desk.changes);
+    Change first(context.changes);
     first.segments.append(line(4));
     first.keep();
   }
-  Undo_Last_Change(desk);
+  Undo_Last_Change(context);
   EXPECT_TRUE(tools.isEnabled("miRedo"));
   log.take();
-  Change second(desk.changes);
+  Change second(context.changes);
   second.segments.append(line(5));
   second.keep();
   EXPECT_TRUE(tools.isEnabled("miUndo"));
   EXPECT_FALSE(tools.isEnabled("miRedo"));
-  EXPECT_EQ(desk.changelog.UndoMark, 1);
+  EXPECT_EQ(context.changelog.UndoMark, 1);
   EXPECT_EQ(log.count("Cls"), 1);
 }
 
 TEST_F(Changing, UnloggedItLeavesUndoAlone) {
-  updateUndoTools(desk);
-  Change change(desk.changes);
+  updateUndoTools(context);
+  Change change(context.changes);
   change.segments.erase(1, Entry::Unlogged);
   change.keep();
   EXPECT_FALSE(tools.isEnabled("miUndo"));
-  EXPECT_EQ(desk.changelog.UndoMark, 0);
+  EXPECT_EQ(context.changelog.UndoMark, 0);
   EXPECT_FALSE(store.drawingsaved);
   EXPECT_EQ(log.count("Cls"), 1);
 }
 
 // ---- Steps that are too long
 
-// A desk with so many drawing rows that replacing all takes more records than the log has.
+// A context with so many drawing rows that replacing all takes more records than the log has.
 struct LongChange : Changing {
   LongChange() {
-    Change filling(desk.changes);
+    Change filling(context.changes);
     while (store.NumSegments < kRows) {
       filling.segments.append(line(real(store.NumSegments)), Entry::Unmarked);
     }
     filling.keep();
-    Change first(desk.changes);
+    Change first(context.changes);
     first.segments.append(line(1));
     first.keep();
     log.take();
@@ -640,7 +640,7 @@ constexpr char kTooLong[] =
 
 TEST_F(LongChange, TheOperatorIsAskedBeforeUndoIsLost) {
   test.recording.prompts.answers = {Answer::Ok};
-  Change change(desk.changes);
+  Change change(context.changes);
   EXPECT_EQ(change.segments.replaceWhere(move), kRows + 1);
   EXPECT_TRUE(change.keep());
   ASSERT_EQ(messages().size(), 1U);
@@ -649,22 +649,22 @@ TEST_F(LongChange, TheOperatorIsAskedBeforeUndoIsLost) {
   EXPECT_EQ(messages()[0].icon, MessageIcon::Warning);
   EXPECT_EQ(messages()[0].buttons, MessageButtons::OkCancel);
   EXPECT_EQ(store.y0[1], 1);
-  EXPECT_EQ(desk.changelog.changecount, 0);
-  EXPECT_EQ(desk.changelog.changetop, 0);
-  EXPECT_EQ(desk.changelog.UndoMark, 0);
+  EXPECT_EQ(context.changelog.changecount, 0);
+  EXPECT_EQ(context.changelog.changetop, 0);
+  EXPECT_EQ(context.changelog.UndoMark, 0);
   EXPECT_FALSE(tools.isEnabled("miUndo"));
   EXPECT_FALSE(store.drawingsaved);
 }
 
 TEST_F(LongChange, RedoGoesWithTheLog) {
-  Undo_Last_Change(desk);
+  Undo_Last_Change(context);
   ASSERT_TRUE(tools.isEnabled("miRedo"));
   test.recording.prompts.answers = {Answer::Ok};
-  Change change(desk.changes);
+  Change change(context.changes);
   change.segments.append(line(1));
   change.segments.replaceWhere(move);
   EXPECT_TRUE(change.keep());
-  EXPECT_EQ(desk.changelog.changetop, 0);
+  EXPECT_EQ(context.changelog.changetop, 0);
   EXPECT_FALSE(tools.isEnabled("miRedo"));
   EXPECT_FALSE(tools.isEnabled("miUndo"));
 }
@@ -673,7 +673,7 @@ TEST_F(LongChange, WithCancelNothingHasHappened) {
   test.recording.prompts.answers = {Answer::Cancel};
   store.drawingsaved = true;
   const Everything before(*this);
-  Change change(desk.changes);
+  Change change(context.changes);
   change.segments.replaceWhere(move);
   EXPECT_FALSE(change.keep());
   before.expectSame(*this);
@@ -681,24 +681,24 @@ TEST_F(LongChange, WithCancelNothingHasHappened) {
 }
 
 TEST_F(LongChange, AStepThatJustFitsTakesThePlaceOfAllOthersUnasked) {
-  Change change(desk.changes);
+  Change change(context.changes);
   change.segments.replaceWhere([](int sg, SegmentRow& row) { return sg > 1 && move(sg, row); });
   change.segments.append(line(9));
   EXPECT_TRUE(change.keep());
   EXPECT_TRUE(messages().empty());
-  EXPECT_EQ(desk.changelog.changecount, 32767);
-  Undo_Last_Change(desk);
-  EXPECT_FALSE(desk.changelog.canUndo());
+  EXPECT_EQ(context.changelog.changecount, 32767);
+  Undo_Last_Change(context);
+  EXPECT_FALSE(context.changelog.canUndo());
   EXPECT_EQ(store.NumSegments, kRows + 1);
   EXPECT_EQ(store.y0[kRows + 1], 0);
-  RedoLastChange(desk);
-  EXPECT_EQ(desk.changelog.changecount, 32767);
+  RedoLastChange(context);
+  EXPECT_EQ(context.changelog.changecount, 32767);
   EXPECT_EQ(store.NumSegments, kRows + 2);
 }
 
 TEST_F(LongChange, WhatComesAfterTheLongStepCanBeUndone) {
   test.recording.prompts.answers = {Answer::Ok};
-  Change change(desk.changes);
+  Change change(context.changes);
   change.segments.replaceWhere(move);
   change.startStep();
   change.segments.append(line(9));
@@ -709,17 +709,17 @@ TEST_F(LongChange, WhatComesAfterTheLongStepCanBeUndone) {
 
 TEST_F(LongChange, RecordsThatGoOnWithAStepCountWithIt) {
   {
-    Change change(desk.changes);
+    Change change(context.changes);
     change.segments.replaceWhere([](int sg, SegmentRow& row) { return sg > 1 && move(sg, row); });
     change.keep();
   }
   test.recording.prompts.answers = {Answer::Cancel};
-  Change more(desk.changes, Step::Continued);
+  Change more(context.changes, Step::Continued);
   more.segments.append(line(9));
   more.segments.append(line(9));
   EXPECT_FALSE(more.keep());
   EXPECT_EQ(messages().size(), 1U);
-  EXPECT_EQ(desk.changelog.changecount, 32767);
+  EXPECT_EQ(context.changelog.changecount, 32767);
   EXPECT_EQ(store.NumSegments, kRows + 1);
 }
 
@@ -727,17 +727,17 @@ TEST_F(LongChange, RecordsThatGoOnWithAStepCountWithIt) {
 
 TEST_F(Changing, WhenTheDrawingIsReplacedItCanNeitherGoOnNorBeTakenBack) {
   {
-    Change command(desk.changes);
-    Change routine(desk.changes);
+    Change command(context.changes);
+    Change routine(context.changes);
     routine.segments.append(line(4));
     store.NumSegments = 1;
-    resetUndoState(desk);
+    resetUndoState(context);
     EXPECT_EQ(numberOfFailure([&] { routine.segments.append(line(5)); }),
               FailureNumber::InvalidProcedureCall);
     EXPECT_EQ(numberOfFailure([&] { command.paths.erase(1); }),
               FailureNumber::InvalidProcedureCall);
     {
-      Change other(desk.changes);
+      Change other(context.changes);
       other.paths.append(path(7));
       EXPECT_TRUE(other.keep());
     }
@@ -753,14 +753,14 @@ TEST_F(Changing, WhenTheDrawingIsReplacedItCanNeitherGoOnNorBeTakenBack) {
 
 TEST_F(Changing, AJournalHearsOfNamesAndSettings) {
   {
-    Change change(desk.changes);
+    Change change(context.changes);
     change.pathGroupNames()[2] = "second";
     change.keep();
   }
   EXPECT_EQ(journal->changesHeard, 1);
   EXPECT_TRUE(journal->lastGroupNames);
   EXPECT_FALSE(journal->lastUnsaved);
-  Change change(desk.changes);
+  Change change(context.changes);
   change.marksUnsaved();
   change.keep();
   EXPECT_EQ(journal->changesHeard, 2);
@@ -770,9 +770,9 @@ TEST_F(Changing, AJournalHearsOfNamesAndSettings) {
 
 TEST_F(Changing, AJournalThatBeginsInTheMiddleTakesTheTablesAnew) {
   journal.reset();
-  Change change(desk.changes);
+  Change change(context.changes);
   change.segments.append(line(4));
-  journal.emplace(desk.changes);
+  journal.emplace(context.changes);
   change.segments.append(line(5));
   change.keep();
   EXPECT_EQ(journal->rewritings, 1);
@@ -786,8 +786,8 @@ struct FailingListener : ChangeListener {
 
 TEST_F(Changing, AFailureOfTheJournalLeavesTheChangeKept) {
   FailingListener failing;
-  const Subscription subscription = desk.changes.listen(failing);
-  Change change(desk.changes);
+  const Subscription subscription = context.changes.listen(failing);
+  Change change(context.changes);
   change.segments.append(line(4));
   EXPECT_EQ(numberOfFailure([&] { change.keep(); }), FailureNumber::DivisionByZero);
   EXPECT_EQ(drawn(), (Xs{1, 2, 3, 4}));
@@ -846,7 +846,7 @@ class RandomChanges : public Changing {
     const Everything before(*this);
     bool kept = false;
     {
-      Change change(desk.changes, dice.below(4) == 0 ? Step::Continued : Step::New);
+      Change change(context.changes, dice.below(4) == 0 ? Step::Continued : Step::New);
       for (int n = dice.below(6); n > 0; --n) {
         depth < 3 && dice.below(3) == 0 ? run(dice, depth + 1) : edit(change, dice);
       }
@@ -862,8 +862,8 @@ TEST_F(RandomChanges, LeaveNothingUnlessTheyAreKept) {
   for (int number = 0; number < 600 && !HasFailure(); ++number) {
     SCOPED_TRACE(::testing::Message() << "change " << number);
     run(dice, 0);
-    if (dice.below(5) == 0) Undo_Last_Change(desk);
-    if (dice.below(8) == 0) RedoLastChange(desk);
+    if (dice.below(5) == 0) Undo_Last_Change(context);
+    if (dice.below(8) == 0) RedoLastChange(context);
     EXPECT_TRUE(journal->isExact());
     EXPECT_TRUE(isConsistent(store));
     heard = journal->changesHeard;

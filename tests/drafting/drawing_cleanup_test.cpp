@@ -9,7 +9,7 @@
 #include "drafting/frmCleanupDrawing.h"
 #include "geometry/row_entity.h"
 #include "tests/geometry/scenes.h"
-#include "tests/support/drafting_desk.h"
+#include "tests/support/drafting_test_context.h"
 #include "tests/support/outlines.h"
 #include "tests/support/plain_edits.h"
 
@@ -19,7 +19,7 @@ namespace {
 using testing::deleteSegment;
 using testing::Dice;
 using testing::editing;
-using testing::RecordedDesk;
+using testing::RecordedDrafting;
 using testing::segmentTexts;
 using Texts = std::vector<std::string>;
 
@@ -52,7 +52,7 @@ TEST(AreDuplicates, ComparesKindCenterAndEndsExactly) {
 }
 
 TEST(CountDuplicates, AReversedArcIsOneOnlyWithTheSameCenterAndType) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.add(arcRow(kCounterClockwiseArc, {1, 0}, {0, 1}, {0, 0}));
   d.add(arcRow(kClockwiseArc, {0, 1}, {1, 0}, {0, 0}));
   EXPECT_EQ(countDuplicates(d.store), 0);
@@ -61,28 +61,28 @@ TEST(CountDuplicates, AReversedArcIsOneOnlyWithTheSameCenterAndType) {
 }
 
 TEST(CountDuplicates, LinesThatDifferByAHairAreNone) {
-  RecordedDesk d;
+  RecordedDrafting d;
   ASSERT_NE(0.5F, 0.5000001F);
   d.addLine(0, 0, 0.5F, 0);
   d.addLine(0, 0, 0.5000001F, 0);
   EXPECT_EQ(countDuplicates(d.store), 0);
-  removeDuplicates(d.desk.changes, d.test.recording.prompts, /*deleteSilently=*/true);
+  removeDuplicates(d.context.changes, d.test.recording.prompts, /*deleteSilently=*/true);
   EXPECT_EQ(d.store.NumSegments, 2);
 }
 
 // Three rows in one place are three pairs and two rows too many.
 TEST(CountDuplicates, CountsTheRowsThatWouldBeRemoved) {
-  RecordedDesk d;
+  RecordedDrafting d;
   for (int copy = 0; copy < 3; ++copy) d.addLine(0, 0, 1, 2);
   EXPECT_EQ(countDuplicates(d.store), 2);
-  removeDuplicates(d.desk.changes, d.test.recording.prompts, /*deleteSilently=*/true);
+  removeDuplicates(d.context.changes, d.test.recording.prompts, /*deleteSilently=*/true);
   EXPECT_EQ(segmentTexts(d.store), (Texts{"1 (0, 0)-(1, 2)"}));
 }
 
 // The other half of a circle drawn in the same sense exchanges the ends about one centre; nothing
 // but the question tells it from a copy.
 TEST(CountDuplicates, TakesTwoHalfCirclesOfOneSenseForCopies) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.add(arcRow(kCounterClockwiseArc, {1, 0}, {-1, 0}, {0, 0}));
   d.add(arcRow(kCounterClockwiseArc, {-1, 0}, {1, 0}, {0, 0}));
   EXPECT_EQ(countDuplicates(d.store), 1);
@@ -95,7 +95,7 @@ TEST(CountDuplicates, AnEmptyDrawingHasNone) {
 }
 
 TEST(CountDuplicates, ARowThatIsNoNumberIsNobodysCopy) {
-  RecordedDesk d;
+  RecordedDrafting d;
   const float nan = std::numeric_limits<float>::quiet_NaN();
   d.addLine(nan, 0, 1, 1);
   d.addLine(nan, 0, 1, 1);
@@ -103,7 +103,7 @@ TEST(CountDuplicates, ARowThatIsNoNumberIsNobodysCopy) {
 }
 
 TEST(CountZeroLength, CountsLinesAlone) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.addLine(1, 1, 1, 1);
   d.addLine(1, 1, 1.0001F, 1);
   d.add(arcRow(kClockwiseArc, {1, 0}, {1, 0}, {0, 0}));
@@ -114,27 +114,27 @@ TEST(CountZeroLength, CountsLinesAlone) {
 }
 
 TEST(RemoveZeroLength, ReportsHowManyWent) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.addLine(1, 1, 1, 1);
   d.addLine(0, 0, 1, 0);
   d.add({.type = kCircle, .x0 = 1, .x1 = 1});
   d.addLine(2, 2, 2, 2);
-  EXPECT_EQ(removeZeroLength(d.desk.changes), 2);
+  EXPECT_EQ(removeZeroLength(d.context.changes), 2);
   EXPECT_EQ(segmentTexts(d.store), (Texts{"1 (0, 0)-(1, 0)", "5 (1, 0)-(1, 0)"}));
   EXPECT_FALSE(d.store.drawingsaved);
-  EXPECT_EQ(d.desk.changelog.changecount, 0);
+  EXPECT_EQ(d.context.changelog.changecount, 0);
 }
 
 TEST(RemoveZeroLength, WithoutAnyTheDrawingStaysSaved) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.addLine(0, 0, 1, 0);
   d.store.drawingsaved = true;
-  EXPECT_EQ(removeZeroLength(d.desk.changes), 0);
+  EXPECT_EQ(removeZeroLength(d.context.changes), 0);
   EXPECT_TRUE(d.store.drawingsaved);
 }
 
 // Rows 2 and 4 are copies of 1, row 5 of 3.
-void addCopies(RecordedDesk& d) {
+void addCopies(RecordedDrafting& d) {
   d.addLine(0, 0, 1, 0);
   d.addLine(1, 0, 0, 0);
   d.add({.type = kCircle, .x0 = 2, .x1 = 2, .xc = 1});
@@ -147,10 +147,10 @@ void addCopies(RecordedDesk& d) {
 const Texts kWithoutCopies = {"1 (0, 0)-(1, 0)", "5 (2, 0)-(2, 0) c (1, 0)", "1 (0, 0)-(0, 1)"};
 
 TEST(RemoveDuplicates, AsksOnceAndTakesTheLaterRows) {
-  RecordedDesk d;
+  RecordedDrafting d;
   addCopies(d);
   d.test.recording.prompts.answers = {Answer::Yes};
-  removeDuplicates(d.desk.changes, d.test.recording.prompts, /*deleteSilently=*/false);
+  removeDuplicates(d.context.changes, d.test.recording.prompts, /*deleteSilently=*/false);
   ASSERT_EQ(d.messages().size(), 1U);
   const Message& asked = d.messages().front();
   EXPECT_EQ(asked.text,
@@ -160,33 +160,33 @@ TEST(RemoveDuplicates, AsksOnceAndTakesTheLaterRows) {
   EXPECT_EQ(asked.buttons, MessageButtons::YesNo);
   EXPECT_EQ(segmentTexts(d.store), kWithoutCopies);
   EXPECT_FALSE(d.store.drawingsaved);
-  EXPECT_EQ(d.desk.changelog.changecount, 0);
+  EXPECT_EQ(d.context.changelog.changecount, 0);
 }
 
 TEST(RemoveDuplicates, NoLeavesAllOfThem) {
-  RecordedDesk d;
+  RecordedDrafting d;
   addCopies(d);
   const Texts before = segmentTexts(d.store);
   d.test.recording.prompts.answers = {Answer::No};
-  removeDuplicates(d.desk.changes, d.test.recording.prompts, /*deleteSilently=*/false);
+  removeDuplicates(d.context.changes, d.test.recording.prompts, /*deleteSilently=*/false);
   EXPECT_EQ(d.messages().size(), 1U);
   EXPECT_EQ(segmentTexts(d.store), before);
   EXPECT_TRUE(d.store.drawingsaved);
 }
 
 TEST(RemoveDuplicates, SilentlyDoesNotAsk) {
-  RecordedDesk d;
+  RecordedDrafting d;
   addCopies(d);
-  removeDuplicates(d.desk.changes, d.test.recording.prompts, /*deleteSilently=*/true);
+  removeDuplicates(d.context.changes, d.test.recording.prompts, /*deleteSilently=*/true);
   EXPECT_TRUE(d.messages().empty());
   EXPECT_EQ(segmentTexts(d.store), kWithoutCopies);
 }
 
 TEST(RemoveDuplicates, WithoutAnyNothingIsAsked) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.addLine(0, 0, 1, 0);
   d.store.drawingsaved = true;
-  removeDuplicates(d.desk.changes, d.test.recording.prompts, /*deleteSilently=*/false);
+  removeDuplicates(d.context.changes, d.test.recording.prompts, /*deleteSilently=*/false);
   EXPECT_TRUE(d.messages().empty());
   EXPECT_TRUE(d.store.drawingsaved);
 }
@@ -272,16 +272,16 @@ TEST(RemoveDuplicates, AFullTableLosesItsSecondHalf) {
 }
 
 // Shows the window and lets the operator work it.
-void workCleanup(RecordedDesk& d, const std::function<void(frmCleanupDrawing&)>& work) {
+void workCleanup(RecordedDrafting& d, const std::function<void(frmCleanupDrawing&)>& work) {
   d.test.recording.prompts.onForm = [&](Form& form) {
     work(dynamic_cast<frmCleanupDrawing&>(form));
   };
   d.log.take();
-  mnuCleanupDrawing(d.desk);
+  mnuCleanupDrawing(d.context);
 }
 
 TEST(CleanupDrawing, OpensWithBothCountsAndNothingTicked) {
-  RecordedDesk d;
+  RecordedDrafting d;
   addCopies(d);
   d.addLine(3, 3, 3, 3);
   workCleanup(d, [](frmCleanupDrawing& form) {
@@ -295,7 +295,7 @@ TEST(CleanupDrawing, OpensWithBothCountsAndNothingTicked) {
 }
 
 TEST(CleanupDrawing, AnEmptyDrawingShowsZeroes) {
-  RecordedDesk d;
+  RecordedDrafting d;
   workCleanup(d, [](frmCleanupDrawing& form) {
     EXPECT_EQ(form.lblTotalZeroLengthSegs.caption(), "0");
     EXPECT_EQ(form.lblTotalDupSegs.caption(), "0");
@@ -314,7 +314,7 @@ TEST(CleanupDrawing, RemovesWhatIsTickedThenRedrawsAndCloses) {
       {"both", true, true, {"1 (0, 0)-(1, 0)"}},
   };
   for (const auto& c : cases) {
-    RecordedDesk d;
+    RecordedDrafting d;
     d.addLine(0, 0, 1, 0);
     d.addLine(3, 3, 3, 3);
     d.addLine(1, 0, 0, 0);
@@ -327,12 +327,12 @@ TEST(CleanupDrawing, RemovesWhatIsTickedThenRedrawsAndCloses) {
     EXPECT_EQ(segmentTexts(d.store), c.left) << c.name;
     EXPECT_EQ(d.log.count("Cls"), 1) << c.name;
     EXPECT_TRUE(d.messages().empty()) << c.name;
-    EXPECT_EQ(d.desk.changelog.changecount, 0) << c.name;
+    EXPECT_EQ(d.context.changelog.changecount, 0) << c.name;
   }
 }
 
 TEST(CleanupDrawing, CancelChangesNothing) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.addLine(3, 3, 3, 3);
   workCleanup(d, [](frmCleanupDrawing& form) {
     form.chkZeroLengthSegs.setChecked(true);

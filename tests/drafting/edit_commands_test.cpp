@@ -20,16 +20,16 @@
 #include "drafting/repeat_key.h"
 #include "drafting/selection.h"
 #include "drafting/trim.h"
-#include "tests/support/drafting_desk.h"
+#include "tests/support/drafting_test_context.h"
 
 namespace tess {
 namespace {
 
-using testing::RecordedDesk;
+using testing::RecordedDrafting;
 
 struct ArmingCase {
   const char* name;
-  void (*command)(Desk&);
+  void (*command)(DraftingContext&);
   int armed;
   int mode;
 };
@@ -60,29 +60,29 @@ constexpr ArmingCase kArming[] = {
 TEST(ArmingCommands, SetActionModeAndTheRepeatKeysMemory) {
   for (const ArmingCase& row : kArming) {
     SCOPED_TRACE(row.name);
-    RecordedDesk d;
+    RecordedDrafting d;
     d.addLine(0, 0, 1, 0);
     d.addPathLine(0, 0, 1, 0);
-    d.desk.state.setDrawMode(1);
-    row.command(d.desk);
+    d.context.state.setDrawMode(1);
+    row.command(d.context);
     EXPECT_EQ(d.pending(), row.armed);
     EXPECT_EQ(d.mode(), row.mode);
-    EXPECT_EQ(d.desk.command.LastCommand, row.armed);
+    EXPECT_EQ(d.context.command.LastCommand, row.armed);
   }
 }
 
 TEST(ArmingCommands, DropAHalfDoneThreePointCommand) {
   for (const ArmingCase& row : kArming) {
     SCOPED_TRACE(row.name);
-    RecordedDesk d;
+    RecordedDrafting d;
     d.addLine(0, 0, 1, 0);
     d.addPathLine(0, 0, 1, 0);
-    mnuDrawCircle3P_Click(d.desk);
+    mnuDrawCircle3P_Click(d.context);
     d.click(2, 2);
-    ASSERT_EQ(d.desk.command.clickstage, 1);
-    row.command(d.desk);
-    EXPECT_EQ(d.desk.command.clickstage, 0);
-    EXPECT_FALSE(d.desk.command.secondCrossShown);
+    ASSERT_EQ(d.context.command.clickstage, 1);
+    row.command(d.context);
+    EXPECT_EQ(d.context.command.clickstage, 0);
+    EXPECT_FALSE(d.context.command.secondCrossShown);
   }
 }
 
@@ -90,18 +90,18 @@ TEST(ArmingCommands, ThatNeedARowReturnSilentlyWithoutOne) {
   for (const auto command :
        {mnuEditJoinEnd_Click, mnuEditJoinEndPtsArc, mnuEditMoveEnd_Click, mnuDeleteVertex_Click}) {
     for (const bool editPaths : {false, true}) {
-      RecordedDesk d;
-      d.desk.command.EditPaths = editPaths;
+      RecordedDrafting d;
+      d.context.command.EditPaths = editPaths;
       editPaths ? d.addLine(0, 0, 1, 0) : d.addPathLine(0, 0, 1, 0);
-      d.desk.state.setDrawMode(1);
-      command(d.desk);
+      d.context.state.setDrawMode(1);
+      command(d.context);
       EXPECT_EQ(d.pending(), 0);
       EXPECT_EQ(d.mode(), 1);
-      EXPECT_EQ(d.desk.command.LastCommand, 0);
+      EXPECT_EQ(d.context.command.LastCommand, 0);
       EXPECT_EQ(d.beeps(), 0);
       EXPECT_TRUE(d.messages().empty());
       editPaths ? d.addPathLine(0, 0, 1, 0) : d.addLine(0, 0, 1, 0);
-      command(d.desk);
+      command(d.context);
       EXPECT_NE(d.pending(), 0);
     }
   }
@@ -109,41 +109,41 @@ TEST(ArmingCommands, ThatNeedARowReturnSilentlyWithoutOne) {
 
 TEST(ArmingCommands, DeleteAndCopyArmNothingWithASelection) {
   for (const auto command : {mnuEditDelete_Click, mnuEditCopy_Click}) {
-    RecordedDesk d;
+    RecordedDrafting d;
     d.addLine(0, 0, 1, 0);
     d.store.segattr[1] = 30008;
-    command(d.desk);
+    command(d.context);
     EXPECT_EQ(d.pending(), 0);
   }
 }
 
 TEST(ArmingCommands, DeleteArmsNothingWithSelectedPathRows) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.addPathLine(0, 0, 1, 0, 30100);
-  d.desk.command.EditPaths = true;
-  mnuEditDelete_Click(d.desk);
+  d.context.command.EditPaths = true;
+  mnuEditDelete_Click(d.context);
   EXPECT_EQ(d.pending(), 0);
-  d.desk.command.EditPaths = false;
-  mnuEditDelete_Click(d.desk);
+  d.context.command.EditPaths = false;
+  mnuEditDelete_Click(d.context);
   EXPECT_EQ(d.pending(), 1);
 }
 
 TEST(ArmingCommands, PressingTheTrimTwiceArmsItOnce) {
-  RecordedDesk d;
-  mnuEditTrimEntity_Click(d.desk);
-  mnuEditTrimEntity_Click(d.desk);
+  RecordedDrafting d;
+  mnuEditTrimEntity_Click(d.context);
+  mnuEditTrimEntity_Click(d.context);
   EXPECT_EQ(d.pending(), 16);
   d.click(1, 1);
   EXPECT_EQ(d.pending(), 0);
 }
 
 TEST(EditPathsTool, TurnsEditingToPathRowsAndBack) {
-  RecordedDesk d;
-  toggleEditPaths(d.desk);
-  EXPECT_TRUE(d.desk.command.EditPaths);
+  RecordedDrafting d;
+  toggleEditPaths(d.context);
+  EXPECT_TRUE(d.context.command.EditPaths);
   EXPECT_TRUE(d.tools.isChecked("miEditSegsOrPaths"));
-  toggleEditPaths(d.desk);
-  EXPECT_FALSE(d.desk.command.EditPaths);
+  toggleEditPaths(d.context);
+  EXPECT_FALSE(d.context.command.EditPaths);
   EXPECT_FALSE(d.tools.isChecked("miEditSegsOrPaths"));
 }
 
@@ -151,56 +151,56 @@ TEST(EditPathsTool, TurnsEditingToPathRowsAndBack) {
 
 TEST(RepeatKey, ArmsTheLastCommandAgain) {
   for (const int last : {9, 10, 18, 43, 14, 2, 7, 16, 34, 35, 6, 4, 31, 36, 46}) {
-    RecordedDesk d;
+    RecordedDrafting d;
     d.addLine(0, 0, 1, 0);
     d.addPathLine(0, 0, 1, 0);
-    d.desk.command.LastCommand = last;
-    repeatLastCommand(d.desk);
+    d.context.command.LastCommand = last;
+    repeatLastCommand(d.context);
     EXPECT_EQ(d.pending(), last);
-    EXPECT_EQ(d.desk.command.LastCommand, last);
+    EXPECT_EQ(d.context.command.LastCommand, last);
   }
 }
 
 TEST(RepeatKey, AfterTheSecondClickOfAFilletStartsWithTheFirst) {
-  RecordedDesk d;
-  d.desk.command.LastCommand = 47;
-  repeatLastCommand(d.desk);
+  RecordedDrafting d;
+  d.context.command.LastCommand = 47;
+  repeatLastCommand(d.context);
   EXPECT_EQ(d.pending(), 46);
 }
 
 TEST(RepeatKey, OtherNumbersDoNothing) {
   for (const int last : {-1, 0, 1, 3, 8, 12, 17, 20, 24, 25, 29, 32, 33, 39, 41, 44, 48, 1000}) {
-    RecordedDesk d;
+    RecordedDrafting d;
     d.addLine(0, 0, 1, 0);
-    d.desk.command.LastCommand = last;
-    repeatLastCommand(d.desk);
+    d.context.command.LastCommand = last;
+    repeatLastCommand(d.context);
     EXPECT_EQ(d.pending(), 0) << last;
     EXPECT_EQ(d.test.recording.prompts.modalForms, 0) << last;
   }
 }
 
 TEST(RepeatKey, IssuesWhatARoomAboveAdded) {
-  RecordedDesk d;
+  RecordedDrafting d;
   int issued = 0;
-  d.desk.repeatCommands[33] = [&issued](Desk&) { ++issued; };
-  d.desk.command.LastCommand = 33;
-  repeatLastCommand(d.desk);
+  d.context.repeatCommands[33] = [&issued](DraftingContext&) { ++issued; };
+  d.context.command.LastCommand = 33;
+  repeatLastCommand(d.context);
   EXPECT_EQ(issued, 1);
 }
 
 TEST(RepeatKey, AfterAFinishedTrimArmsItAgain) {
-  RecordedDesk d;
-  mnuEditTrimEntity_Click(d.desk);
+  RecordedDrafting d;
+  mnuEditTrimEntity_Click(d.context);
   d.click(1, 1);
   ASSERT_EQ(d.pending(), 0);
-  repeatLastCommand(d.desk);
+  repeatLastCommand(d.context);
   EXPECT_EQ(d.pending(), 16);
 }
 
 TEST(RepeatKey, SelectsContiguousWithTheSelectingMode) {
-  RecordedDesk d;
-  d.desk.command.LastCommand = 31;
-  repeatLastCommand(d.desk);
+  RecordedDrafting d;
+  d.context.command.LastCommand = 31;
+  repeatLastCommand(d.context);
   EXPECT_EQ(d.mode(), -1);
 }
 

@@ -16,18 +16,18 @@
 #include "tests/geometry/rows.h"
 #include "tests/geometry/scenes.h"
 #include "tests/support/back_and_forth.h"
-#include "tests/support/drafting_desk.h"
+#include "tests/support/drafting_test_context.h"
 
 namespace tess {
 namespace {
 
 using testing::Dice;
 using testing::Marks;
-using testing::RecordedDesk;
+using testing::RecordedDrafting;
 using testing::SceneKind;
 using testing::TableBits;
 
-constexpr void (*kTools[])(Desk&) = {
+constexpr void (*kTools[])(DraftingContext&) = {
     mnuEditDelete_Click,  mnuEditBreakSeg_Click, mnuEditTrimEntity_Click, mnuEditFlipArc_Click,
     mnuEditRevArc_Click,  mnuChangeRad_Click,    mnuAddFillet_Click,      mnuEditJoinEnd_Click,
     mnuEditJoinEndPtsArc, mnuEditMoveEnd_Click,  mnuDeleteVertex_Click,   mnuEditEntityInfo_Click,
@@ -39,8 +39,9 @@ SceneKind sceneKind(int scene) {
   return static_cast<SceneKind>(scene % testing::kSceneKinds);
 }
 
-struct SceneDesk : RecordedDesk {
-  explicit SceneDesk(int scene) : kind(sceneKind(scene)), dice(static_cast<std::uint32_t>(scene)) {
+struct SceneContext : RecordedDrafting {
+  explicit SceneContext(int scene)
+      : kind(sceneKind(scene)), dice(static_cast<std::uint32_t>(scene)) {
     std::vector<Entity> entities = testing::sceneOf(scene).entities;
     if (entities.size() > kMaxRows) entities.resize(kMaxRows);
     for (const Entity& entity : entities) {
@@ -69,20 +70,20 @@ struct SceneDesk : RecordedDesk {
       return true;
     } catch (const RuntimeFailure&) {
       takeCallChain();
-      desk.state.setPendingaction(0);
-      desk.pointer.LeftDown = false;
+      context.state.setPendingaction(0);
+      context.pointer.LeftDown = false;
       return false;
     }
   }
 
   void useTool() {
-    kTools[dice.below(static_cast<int>(std::size(kTools)))](desk);
+    kTools[dice.below(static_cast<int>(std::size(kTools)))](context);
     log.take();
     for (int clicks = 0; clicks < 3 && pending() != 0; ++clicks) {
       const TableBits before(store, Marks::Ignore);
-      const int records = desk.changelog.changecount;
+      const int records = context.changelog.changecount;
       const bool done = clickAt(place());
-      const bool logged = desk.changelog.changecount != records;
+      const bool logged = context.changelog.changecount != records;
       EXPECT_TRUE(done || !logged);
       if (!logged) {
         EXPECT_TRUE(TableBits(store, Marks::Ignore) == before);
@@ -91,7 +92,7 @@ struct SceneDesk : RecordedDesk {
       ++steps;
       testing::expectBackAndForth(*this, before, /*steps=*/1, Marks::Ignore);
     }
-    if (pending() != 0) Handle_esc(desk);
+    if (pending() != 0) Handle_esc(context);
   }
 
   SceneKind kind;
@@ -105,8 +106,8 @@ TEST_P(EditTools, MakeOneStepOrNone) {
   for (const bool paths : {false, true}) {
     int steps = 0;
     for (int seed = 0; seed < 6; ++seed) {
-      SceneDesk d(GetParam() + seed * testing::kSceneKinds);
-      d.desk.command.EditPaths = paths;
+      SceneContext d(GetParam() + seed * testing::kSceneKinds);
+      d.context.command.EditPaths = paths;
       for (int n = 0; n < 40 && !HasFailure(); ++n) d.useTool();
       if (HasFailure()) FAIL() << "seed " << seed << (paths ? ", paths" : "");
       steps += d.steps;

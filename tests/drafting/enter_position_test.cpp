@@ -7,42 +7,42 @@
 #include "drafting/dlgPositionCursor.h"
 #include "drafting/entity_creation.h"
 #include "drafting/repeat_key.h"
-#include "tests/support/drafting_desk.h"
+#include "tests/support/drafting_test_context.h"
 
 namespace tess {
 namespace {
 
-using testing::RecordedDesk;
+using testing::RecordedDrafting;
 
 // The dialog's next showing.
-void atDialog(RecordedDesk& d, std::function<void(dlgPositionCursor&)> work) {
+void atDialog(RecordedDrafting& d, std::function<void(dlgPositionCursor&)> work) {
   d.test.recording.prompts.onForm = [work](Form& form) {
     work(dynamic_cast<dlgPositionCursor&>(form));
   };
 }
 
-void enter(RecordedDesk& d, const std::string& x, const std::string& y) {
+void enter(RecordedDrafting& d, const std::string& x, const std::string& y) {
   atDialog(d, [x, y](dlgPositionCursor& dialog) {
     dialog.txtx.setText(x);
     dialog.txty.setText(y);
     dialog.cmdAccept.click();
   });
-  collect_Set_New_pos(d.desk);
+  collect_Set_New_pos(d.context);
 }
 
 TEST(EnterPosition, PutsThePointerOnTheTypedPlace) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.log.take();
   enter(d, "1.5", "-2 down");
   EXPECT_EQ(d.mouse(), (Point{1.5F, -2}));
   EXPECT_EQ(d.log.take(), "warp (650, 600)\n");
   EXPECT_EQ(d.panel(StatusPanel::X), "X: 1.5000");
   EXPECT_EQ(d.panel(StatusPanel::Y), "Y: -2.0000");
-  EXPECT_EQ(d.desk.command.LastCommand, 38);
+  EXPECT_EQ(d.context.command.LastCommand, 38);
 }
 
 TEST(EnterPosition, SurvivesTheEventOfItsOwnWarp) {
-  RecordedDesk d;
+  RecordedDrafting d;
   enter(d, "1.503", "1");
   d.move(0, 1.5F, 1);
   EXPECT_EQ(d.mouse(), (Point{1.503F, 1}));
@@ -51,24 +51,24 @@ TEST(EnterPosition, SurvivesTheEventOfItsOwnWarp) {
 }
 
 TEST(EnterPosition, CancelledChangesNothing) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.move(0, 1, 1);
   d.log.take();
   atDialog(d, [](dlgPositionCursor& dialog) {
     dialog.txtx.setText("3");
     dialog.cmdCancel.click();
   });
-  collect_Set_New_pos(d.desk);
+  collect_Set_New_pos(d.context);
   EXPECT_EQ(d.mouse(), (Point{1, 1}));
   EXPECT_EQ(d.log.take(), "");
-  EXPECT_FALSE(d.desk.typedPosition);
-  EXPECT_FALSE(d.desk.pointer.SkipPointerUpdate);
+  EXPECT_FALSE(d.context.typedPosition);
+  EXPECT_FALSE(d.context.pointer.SkipPointerUpdate);
   atDialog(d, [](dlgPositionCursor& dialog) { EXPECT_EQ(dialog.txtx.text(), "0.0000"); });
-  collect_Set_New_pos(d.desk);
+  collect_Set_New_pos(d.context);
 }
 
 TEST(EnterPosition, OffersTheLastEnteredPlace) {
-  RecordedDesk d;
+  RecordedDrafting d;
   enter(d, "1.5", "2");
   d.move(0, 3, 3);
   d.move(0, 4, 3);
@@ -77,31 +77,31 @@ TEST(EnterPosition, OffersTheLastEnteredPlace) {
     EXPECT_EQ(dialog.txtx.text(), "1.5000");
     EXPECT_EQ(dialog.txty.text(), "2.0000");
   });
-  collect_Set_New_pos(d.desk);
+  collect_Set_New_pos(d.context);
   EXPECT_EQ(d.test.recording.prompts.modalForms, 2);
 }
 
 TEST(EnterPosition, WithOneCoordinateKeepsTheOtherAsLastEntered) {
-  RecordedDesk d;
+  RecordedDrafting d;
   enter(d, "1.5", "2");
   d.move(0, 3, 3);
-  collect_Set_New_pos(d.desk, -1.0F);
+  collect_Set_New_pos(d.context, -1.0F);
   EXPECT_EQ(d.mouse(), (Point{-1, 2}));
-  collect_Set_New_pos(d.desk, {}, 0.5F);
+  collect_Set_New_pos(d.context, {}, 0.5F);
   EXPECT_EQ(d.mouse(), (Point{-1, 0.5F}));
   EXPECT_EQ(d.test.recording.prompts.modalForms, 1);
 }
 
 TEST(EnterPosition, IsOpenedAgainByTheRepeatKey) {
-  RecordedDesk d;
+  RecordedDrafting d;
   enter(d, "1", "1");
-  repeatLastCommand(d.desk);
+  repeatLastCommand(d.context);
   EXPECT_EQ(d.test.recording.prompts.formNames,
             (std::vector<std::string>{"dlgPositionCursor", "dlgPositionCursor"}));
 }
 
 TEST(PositionCursor, SelectsTheWholeTextOnFocusAndTidiesItOnLeaving) {
-  RecordedDesk d;
+  RecordedDrafting d;
   atDialog(d, [](dlgPositionCursor& dialog) {
     dialog.txty.focus();
     EXPECT_TRUE(dialog.txty.isAllSelected());
@@ -114,12 +114,12 @@ TEST(PositionCursor, SelectsTheWholeTextOnFocusAndTidiesItOnLeaving) {
     dialog.txtx.focus();
     EXPECT_EQ(dialog.txty.text(), "0.0000");
   });
-  collect_Set_New_pos(d.desk);
+  collect_Set_New_pos(d.context);
   EXPECT_EQ(d.test.recording.prompts.modalForms, 1);
 }
 
 TEST(PositionCursor, TakesTheMarkersCoordinates) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.rightClick(2, -1);
   atDialog(d, [](dlgPositionCursor& dialog) {
     dialog.cmdUseMarkerX.click();
@@ -129,66 +129,66 @@ TEST(PositionCursor, TakesTheMarkersCoordinates) {
     EXPECT_EQ(dialog.txty.text(), "-1.0000");
     dialog.cmdAccept.click();
   });
-  collect_Set_New_pos(d.desk);
+  collect_Set_New_pos(d.context);
   EXPECT_EQ(d.mouse(), (Point{2, -1}));
 }
 
 // ---- The typed position as a feature
 
 TEST(TypedPosition, IsASnapFeatureUntilTheNextCompletedRelease) {
-  RecordedDesk d;
-  mnuDrawLine_Click(d.desk);
+  RecordedDrafting d;
+  mnuDrawLine_Click(d.context);
   enter(d, "1.2345", "1");
-  ASSERT_TRUE(d.desk.typedPosition);
+  ASSERT_TRUE(d.context.typedPosition);
   d.move(0, 1.23F, 1);
   d.press(1, 1.23F, 1);
   d.move(1, 1.24F, 1.01F);
-  ASSERT_TRUE(d.desk.state.FeaturePoint());
-  EXPECT_EQ(d.desk.state.FeaturePoint()->PointType, FeatureKind::TypedPosition);
+  ASSERT_TRUE(d.context.state.FeaturePoint());
+  EXPECT_EQ(d.context.state.FeaturePoint()->PointType, FeatureKind::TypedPosition);
   d.release(1, 1.24F, 1.01F);
   EXPECT_EQ(testing::segmentTexts(d.store), std::vector<std::string>{"1 (0, 0)-(1.2345, 1)"});
-  EXPECT_FALSE(d.desk.typedPosition);
+  EXPECT_FALSE(d.context.typedPosition);
 }
 
 TEST(TypedPosition, GivenByArgumentsIsNone) {
-  RecordedDesk d;
-  collect_Set_New_pos(d.desk, 1.0F, 1.0F);
+  RecordedDrafting d;
+  collect_Set_New_pos(d.context, 1.0F, 1.0F);
   EXPECT_EQ(d.mouse(), (Point{1, 1}));
-  EXPECT_FALSE(d.desk.typedPosition);
+  EXPECT_FALSE(d.context.typedPosition);
 }
 
 // ---- Arrow keys
 
 TEST(ArrowKeys, MoveThePositionByOnePixel) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.move(0, 1, 1);
   d.log.take();
-  nudgePointer(d.desk, 1, 0);
+  nudgePointer(d.context, 1, 0);
   EXPECT_EQ(d.mouse(), (Point{1.01F, 1}));
-  nudgePointer(d.desk, 0, 1);
+  nudgePointer(d.context, 0, 1);
   EXPECT_EQ(d.mouse(), (Point{1.01F, 1.01F}));
-  nudgePointer(d.desk, -1, 0);
-  nudgePointer(d.desk, 0, -1);
+  nudgePointer(d.context, -1, 0);
+  nudgePointer(d.context, 0, -1);
   EXPECT_FLOAT_EQ(d.mouse().x, 1);
   EXPECT_FLOAT_EQ(d.mouse().y, 1);
   EXPECT_EQ(d.log.take(), "warp (601, 300)\nwarp (601, 299)\nwarp (600, 299)\nwarp (600, 300)\n");
 }
 
 TEST(ArrowKeys, MoveOffTheCursorGridAndSurviveTheWarp) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.store.cursorgrid = 1;
   d.store.cursorgridf = 1;
   d.move(0, 1, 1);
-  nudgePointer(d.desk, 1, 0);
+  nudgePointer(d.context, 1, 0);
   d.move(0, 1.01F, 1);
   EXPECT_EQ(d.mouse(), (Point{1.01F, 1}));
   EXPECT_EQ(d.panel(StatusPanel::X), "X: 1.0100");
 }
 
 TEST(ArrowKeys, MoveBySmallerStepsInACloserView) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.viewCommands.Zoom_In(0, 0);
-  nudgePointer(d.desk, 1, 0);
+  nudgePointer(d.context, 1, 0);
   EXPECT_EQ(d.mouse().x, 0.005F);
 }
 

@@ -10,20 +10,20 @@
 #include "drafting/trim.h"
 #include "drafting/undo.h"
 #include "geometry/float_circles.h"
-#include "tests/support/drafting_desk.h"
+#include "tests/support/drafting_test_context.h"
 #include "tests/support/failure_of.h"
 
 namespace tess {
 namespace {
 
-using testing::RecordedDesk;
+using testing::RecordedDrafting;
 using testing::segmentTexts;
 using Texts = std::vector<std::string>;
 
 // The kinds and step flags of the records, as in "A* A A".
-std::string logText(const RecordedDesk& d) {
+std::string logText(const RecordedDrafting& d) {
   std::string text;
-  const ChangeLog& log = d.desk.changelog;
+  const ChangeLog& log = d.context.changelog;
   for (int at = 0; at < log.changecount; ++at) {
     if (at > 0) text += ' ';
     text += log.record(at).added() ? "A" : "D";
@@ -33,7 +33,7 @@ std::string logText(const RecordedDesk& d) {
 }
 
 struct CommandCase {
-  void (*command)(Desk&);
+  void (*command)(DraftingContext&);
   int mode;
 };
 
@@ -44,39 +44,39 @@ constexpr CommandCase kCommands[] = {
 
 TEST(DrawingCommands, SetTheirModeAndReplaceThePendingAction) {
   for (const CommandCase& row : kCommands) {
-    RecordedDesk d;
-    mnuEditTrimEntity_Click(d.desk);
-    row.command(d.desk);
+    RecordedDrafting d;
+    mnuEditTrimEntity_Click(d.context);
+    row.command(d.context);
     EXPECT_EQ(d.mode(), row.mode);
     EXPECT_EQ(d.pending(), 0);
-    EXPECT_EQ(d.desk.command.LastCommand, 16);
+    EXPECT_EQ(d.context.command.LastCommand, 16);
   }
 }
 
 TEST(DrawingCommands, DropAHalfDoneThreePointCommand) {
   for (const CommandCase& row : kCommands) {
-    RecordedDesk d;
-    mnuDrawArc3P_Click(d.desk);
+    RecordedDrafting d;
+    mnuDrawArc3P_Click(d.context);
     d.click(2, 1);
-    ASSERT_TRUE(d.desk.command.secondCrossShown);
-    row.command(d.desk);
-    EXPECT_EQ(d.desk.command.clickstage, 0);
-    EXPECT_FALSE(d.desk.command.secondCrossShown);
+    ASSERT_TRUE(d.context.command.secondCrossShown);
+    row.command(d.context);
+    EXPECT_EQ(d.context.command.clickstage, 0);
+    EXPECT_FALSE(d.context.command.secondCrossShown);
   }
 }
 
 // ---- Lines
 
 TEST(DrawLine, ChainsFromTheMarker) {
-  RecordedDesk d;
-  mnuDrawLine_Click(d.desk);
+  RecordedDrafting d;
+  mnuDrawLine_Click(d.context);
   d.click(1, 0);
   d.click(1, 2);
   EXPECT_EQ(segmentTexts(d.store), (Texts{"1 (0, 0)-(1, 0)", "1 (1, 0)-(1, 2)"}));
   EXPECT_EQ(d.marker(), (Point{1, 2}));
-  EXPECT_EQ((Point{d.desk.command.prevmarkerx, d.desk.command.prevmarkery}), (Point{1, 0}));
+  EXPECT_EQ((Point{d.context.command.prevmarkerx, d.context.command.prevmarkery}), (Point{1, 0}));
   EXPECT_EQ(logText(d), "A* A*");
-  EXPECT_EQ(d.desk.changelog.UndoMark, 1);
+  EXPECT_EQ(d.context.changelog.UndoMark, 1);
   EXPECT_TRUE(d.tools.isEnabled("miUndo"));
   EXPECT_FALSE(d.tools.isEnabled("miRedo"));
   EXPECT_FALSE(d.store.drawingsaved);
@@ -84,8 +84,8 @@ TEST(DrawLine, ChainsFromTheMarker) {
 }
 
 TEST(DrawLine, AtTheMarkersExactPositionAddsNothing) {
-  RecordedDesk d;
-  mnuDrawLine_Click(d.desk);
+  RecordedDrafting d;
+  mnuDrawLine_Click(d.context);
   d.rightClick(1, 1);
   d.click(1, 1);
   EXPECT_EQ(d.store.NumSegments, 0);
@@ -94,25 +94,25 @@ TEST(DrawLine, AtTheMarkersExactPositionAddsNothing) {
 }
 
 TEST(DrawLine, InAFullTableFailsAndLeavesTheMarker) {
-  RecordedDesk d;
+  RecordedDrafting d;
   ensureSegmentCapacity(d.store, 32767);
   d.store.NumSegments = 32767;
-  d.desk.state.setDrawMode(1);
-  d.desk.pointer.MouseX = 1;
-  EXPECT_EQ(testing::numberOfFailure([&] { draw_Action(d.desk, d.ScreenProxy); }),
+  d.context.state.setDrawMode(1);
+  d.context.pointer.MouseX = 1;
+  EXPECT_EQ(testing::numberOfFailure([&] { draw_Action(d.context, d.ScreenProxy); }),
             FailureNumber::Overflow);
   EXPECT_EQ(d.marker(), (Point{0, 0}));
   EXPECT_EQ(logText(d), "");
 }
 
 TEST(DrawRectangle, WithoutRoomForAllSidesDrawsNone) {
-  RecordedDesk d;
+  RecordedDrafting d;
   ensureSegmentCapacity(d.store, 32767);
   d.store.NumSegments = 32765;
-  d.desk.state.setDrawMode(6);
-  d.desk.pointer.MouseX = 1;
-  d.desk.pointer.MouseY = 2;
-  EXPECT_EQ(testing::numberOfFailure([&] { draw_Action(d.desk, d.ScreenProxy); }),
+  d.context.state.setDrawMode(6);
+  d.context.pointer.MouseX = 1;
+  d.context.pointer.MouseY = 2;
+  EXPECT_EQ(testing::numberOfFailure([&] { draw_Action(d.context, d.ScreenProxy); }),
             FailureNumber::Overflow);
   EXPECT_EQ(d.store.NumSegments, 32765);
   EXPECT_TRUE(d.store.drawingsaved);
@@ -121,16 +121,16 @@ TEST(DrawRectangle, WithoutRoomForAllSidesDrawsNone) {
 }
 
 TEST(DrawLine, EndsASingleUseOfSnap) {
-  RecordedDesk d;
-  mnuDrawLine_Click(d.desk);
-  d.desk.state.UpdateOSnapFeature(/*once=*/true, 4);
+  RecordedDrafting d;
+  mnuDrawLine_Click(d.context);
+  d.context.state.UpdateOSnapFeature(/*once=*/true, 4);
   d.click(1, 0);
-  EXPECT_EQ(d.desk.state.OSnapActive, SnapSet{});
+  EXPECT_EQ(d.context.state.OSnapActive, SnapSet{});
 }
 
 TEST(DrawLine, RefreshesTheStatus) {
-  RecordedDesk d;
-  mnuDrawLine_Click(d.desk);
+  RecordedDrafting d;
+  mnuDrawLine_Click(d.context);
   d.click(1, 0);
   EXPECT_EQ(d.statistics, "1 0  1");
 }
@@ -138,67 +138,67 @@ TEST(DrawLine, RefreshesTheStatus) {
 // ---- Rectangles
 
 TEST(DrawRectangle, AddsFourLinesAsOneStep) {
-  RecordedDesk d;
-  mnuDrawRect_Click(d.desk);
+  RecordedDrafting d;
+  mnuDrawRect_Click(d.context);
   d.click(2, 1);
   EXPECT_EQ(segmentTexts(d.store),
             (Texts{"1 (0, 0)-(2, 0)", "1 (2, 0)-(2, 1)", "1 (2, 1)-(0, 1)", "1 (0, 1)-(0, 0)"}));
   EXPECT_EQ(logText(d), "A* A A A");
-  EXPECT_EQ(d.desk.changelog.UndoMark, 4);
+  EXPECT_EQ(d.context.changelog.UndoMark, 4);
   EXPECT_EQ(d.marker(), (Point{0, 0}));
 }
 
 TEST(DrawRectangle, WithAZeroSideIsOneLine) {
   for (const Point corner : {Point{2, 0}, Point{0, 2}}) {
-    RecordedDesk d;
-    mnuDrawRect_Click(d.desk);
+    RecordedDrafting d;
+    mnuDrawRect_Click(d.context);
     d.click(corner.x, corner.y);
     EXPECT_EQ(segmentTexts(d.store),
               Texts{"1 (0, 0)-" + testing::recordedPoint(corner.x, corner.y)});
     EXPECT_EQ(logText(d), "A*");
-    EXPECT_EQ(d.desk.changelog.UndoMark, 4);
+    EXPECT_EQ(d.context.changelog.UndoMark, 4);
   }
 }
 
 // ---- Circles
 
 TEST(DrawCircleC1P, AddsAClosedClockwiseArcAboutTheMarker) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.rightClick(1, 1);
-  mnuDrawCircleC1P_Click(d.desk);
+  mnuDrawCircleC1P_Click(d.context);
   d.click(2, 1);
   EXPECT_EQ(segmentTexts(d.store), Texts{"2 (2, 1)-(2, 1) c (1, 1)"});
   EXPECT_EQ(d.marker(), (Point{1, 1}));
-  EXPECT_EQ((Point{d.desk.command.prevmarkerx, d.desk.command.prevmarkery}), (Point{1, 1}));
+  EXPECT_EQ((Point{d.context.command.prevmarkerx, d.context.command.prevmarkery}), (Point{1, 1}));
   EXPECT_EQ(logText(d), "A*");
-  EXPECT_EQ(d.desk.changelog.UndoMark, 1);
+  EXPECT_EQ(d.context.changelog.UndoMark, 1);
 }
 
 TEST(DrawCircleC1P, OnItsCenterAddsNothing) {
-  RecordedDesk d;
-  mnuDrawCircleC1P_Click(d.desk);
-  draw_Action(d.desk, d.ScreenProxy);
+  RecordedDrafting d;
+  mnuDrawCircleC1P_Click(d.context);
+  draw_Action(d.context, d.ScreenProxy);
   EXPECT_EQ(d.store.NumSegments, 0);
   EXPECT_EQ(logText(d), "");
 }
 
 TEST(DrawCircle3P, GoesThroughTheMarkerAndTwoClicks) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.rightClick(1, 0);
-  mnuDrawCircle3P_Click(d.desk);
+  mnuDrawCircle3P_Click(d.context);
   d.click(-1, 0);
-  EXPECT_EQ(d.desk.command.clickstage, 1);
+  EXPECT_EQ(d.context.command.clickstage, 1);
   d.click(0, 1);
-  EXPECT_EQ(d.desk.command.clickstage, 0);
+  EXPECT_EQ(d.context.command.clickstage, 0);
   EXPECT_EQ(segmentTexts(d.store), Texts{"2 (1, 0)-(1, 0) c (0, 0)"});
   EXPECT_EQ(d.marker(), (Point{-1, 0}));
-  EXPECT_EQ((Point{d.desk.command.prevmarkerx, d.desk.command.prevmarkery}), (Point{1, 0}));
+  EXPECT_EQ((Point{d.context.command.prevmarkerx, d.context.command.prevmarkery}), (Point{1, 0}));
   EXPECT_EQ(logText(d), "A*");
 }
 
 TEST(DrawnCircles, AreArcsInTableAndFileAndCirclesToTheFeatures) {
-  RecordedDesk d;
-  mnuDrawCircleC1P_Click(d.desk);
+  RecordedDrafting d;
+  mnuDrawCircleC1P_Click(d.context);
   d.click(2, 1);
   EXPECT_EQ(d.store.segtype[1], 2);
   EXPECT_EQ(effectiveType(d.store, 1), 5);
@@ -227,23 +227,23 @@ const ArcCase kArcs3P[] = {
 TEST(DrawArc3P, PassesThroughTheThirdPoint) {
   for (const ArcCase& row : kArcs3P) {
     SCOPED_TRACE(row.name);
-    RecordedDesk d;
+    RecordedDrafting d;
     d.rightClick(row.marker.x, row.marker.y);
-    mnuDrawArc3P_Click(d.desk);
+    mnuDrawArc3P_Click(d.context);
     d.click(row.second.x, row.second.y);
     d.click(row.third.x, row.third.y);
     EXPECT_EQ(segmentTexts(d.store), Texts{row.row});
     EXPECT_EQ(d.marker(), row.second);
     EXPECT_EQ(logText(d), "A*");
-    EXPECT_EQ(d.desk.changelog.UndoMark, 1);
+    EXPECT_EQ(d.context.changelog.UndoMark, 1);
     EXPECT_EQ(d.beeps(), 0);
   }
 }
 
 TEST(DrawArc3P, ChainsFromItsEnd) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.rightClick(1, 0);
-  mnuDrawArc3P_Click(d.desk);
+  mnuDrawArc3P_Click(d.context);
   d.click(-1, 0);
   d.click(0, 1);
   d.click(-3, 0);
@@ -254,29 +254,29 @@ TEST(DrawArc3P, ChainsFromItsEnd) {
 }
 
 TEST(DrawArc3P, TheSecondClickMarksThePointWithACross) {
-  RecordedDesk d;
-  mnuDrawArc3P_Click(d.desk);
+  RecordedDrafting d;
+  mnuDrawArc3P_Click(d.context);
   d.move(0, 2, 1);
   d.press(1, 2, 1);
   d.log.take();
   d.release(1, 2, 1);
-  EXPECT_EQ((Point{d.desk.command.marker2x, d.desk.command.marker2y}), (Point{2, 1}));
+  EXPECT_EQ((Point{d.context.command.marker2x, d.context.command.marker2y}), (Point{2, 1}));
   EXPECT_EQ(d.log.count("line (1.95, 1.05)-(2.05, 0.95)"), 1);
   EXPECT_EQ(d.marker(), (Point{0, 0}));
 }
 
 TEST(ThreePointCommands, WithThreeCollinearPointsBeepAndMoveOn) {
   for (const auto command : {mnuDrawArc3P_Click, mnuDrawCircle3P_Click}) {
-    RecordedDesk d;
-    command(d.desk);
+    RecordedDrafting d;
+    command(d.context);
     d.click(1, 1);
     d.click(2, 2);
     EXPECT_EQ(d.beeps(), 1);
     EXPECT_EQ(d.store.NumSegments, 0);
     EXPECT_EQ(logText(d), "");
     EXPECT_EQ(d.marker(), (Point{1, 1}));
-    EXPECT_EQ((Point{d.desk.command.prevmarkerx, d.desk.command.prevmarkery}), (Point{0, 0}));
-    EXPECT_EQ(d.desk.command.clickstage, 0);
+    EXPECT_EQ((Point{d.context.command.prevmarkerx, d.context.command.prevmarkery}), (Point{0, 0}));
+    EXPECT_EQ(d.context.command.clickstage, 0);
   }
 }
 
@@ -291,9 +291,9 @@ const ArcCase kArcsC2P[] = {
 TEST(DrawArcC2P, TakesTheCenterOnTheSideOfTheClick) {
   for (const ArcCase& row : kArcsC2P) {
     SCOPED_TRACE(row.name);
-    RecordedDesk d;
+    RecordedDrafting d;
     d.rightClick(row.marker.x, row.marker.y);
-    mnuDrawArcC2P_Click(d.desk);
+    mnuDrawArcC2P_Click(d.context);
     d.click(row.second.x, row.second.y);
     d.click(row.third.x, row.third.y);
     EXPECT_EQ(segmentTexts(d.store), Texts{row.row});
@@ -303,9 +303,9 @@ TEST(DrawArcC2P, TakesTheCenterOnTheSideOfTheClick) {
 }
 
 TEST(DrawArcC2P, BetweenTheEndsTakesTheSecondCenterOnATie) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.rightClick(1, 0);
-  mnuDrawArcC2P_Click(d.desk);
+  mnuDrawArcC2P_Click(d.context);
   d.click(-1, 0);
   d.click(2, 0);  // radius 2, both centres equally far
   const PointPair centers = centersFromChord({1, 0}, {-1, 0}, 2).value();
@@ -313,64 +313,64 @@ TEST(DrawArcC2P, BetweenTheEndsTakesTheSecondCenterOnATie) {
 }
 
 TEST(ArcPreview, ExchangesItsAnglesForAClockwiseArc) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.rightClick(1, 0);
-  d.desk.command.marker2x = -1;
+  d.context.command.marker2x = -1;
   d.log.take();
-  EXPECT_TRUE(draw_arc3p(d.desk, 0, 1));
+  EXPECT_TRUE(draw_arc3p(d.context, 0, 1));
   EXPECT_EQ(d.log.take(), "arc (0, 0) r 1 from 0 to 3.1416 #008080\n");
-  EXPECT_EQ(d.desk.arc.arcdir, 3);
-  EXPECT_TRUE(draw_arc3p(d.desk, 0, -1));
+  EXPECT_EQ(d.context.arc.arcdir, 3);
+  EXPECT_TRUE(draw_arc3p(d.context, 0, -1));
   EXPECT_EQ(d.log.take(), "arc (0, 0) r 1 from 3.1416 to 0 #008080\n");
-  EXPECT_EQ(d.desk.arc.arcdir, 2);
-  EXPECT_FALSE(draw_arc3p(d.desk, 3, 0));
+  EXPECT_EQ(d.context.arc.arcdir, 2);
+  EXPECT_FALSE(draw_arc3p(d.context, 3, 0));
   EXPECT_EQ(d.log.take(), "");
 }
 
 TEST(ArcPreview, ExchangesThemOnceMoreForAReversedArcAboutACenter) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.rightClick(1, 0);
-  d.desk.command.marker2x = -1;
-  d.desk.arc.reversearc = true;
+  d.context.command.marker2x = -1;
+  d.context.arc.reversearc = true;
   d.log.take();
-  EXPECT_TRUE(draw_arcc2p(d.desk, 0, 2));
+  EXPECT_TRUE(draw_arcc2p(d.context, 0, 2));
   EXPECT_EQ(d.log.take(), "arc (0, 2) r 2.2361 from 4.2487 to 5.176 #008080\n");
-  d.desk.arc.reversearc = false;
-  EXPECT_TRUE(draw_arcc2p(d.desk, 0, 2));
+  d.context.arc.reversearc = false;
+  EXPECT_TRUE(draw_arcc2p(d.context, 0, 2));
   EXPECT_EQ(d.log.take(), "arc (0, 2) r 2.2361 from 5.176 to 4.2487 #008080\n");
 }
 
 TEST(CirclePreview, PaintsTheCircleThroughThePoint) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.rightClick(1, 0);
-  d.desk.command.marker2x = -1;
+  d.context.command.marker2x = -1;
   d.log.take();
-  EXPECT_TRUE(draw_circle3p(d.desk, 0, 1));
+  EXPECT_TRUE(draw_circle3p(d.context, 0, 1));
   EXPECT_EQ(d.log.take(), "circle (0, 0) r 1 #008080\n");
-  EXPECT_FALSE(draw_circle3p(d.desk, 2, 0));
+  EXPECT_FALSE(draw_circle3p(d.context, 2, 0));
   EXPECT_EQ(d.log.take(), "");
 }
 
 // ---- Dropping
 
 TEST(ThreePointCommands, AreDroppedWithTheirModeAndKeptWithIt) {
-  RecordedDesk d;
-  mnuDrawArc3P_Click(d.desk);
+  RecordedDrafting d;
+  mnuDrawArc3P_Click(d.context);
   d.click(2, 1);
-  d.desk.state.setDrawMode(2);
-  EXPECT_EQ(d.desk.command.clickstage, 1);
-  mnuDrawSelectAll_Click(d.desk);
-  EXPECT_EQ(d.desk.command.clickstage, 0);
+  d.context.state.setDrawMode(2);
+  EXPECT_EQ(d.context.command.clickstage, 1);
+  mnuDrawSelectAll_Click(d.context);
+  EXPECT_EQ(d.context.command.clickstage, 0);
 }
 
 TEST(ThreePointCommands, ShowTheSecondPointAgainAfterARedraw) {
-  RecordedDesk d;
-  mnuDrawArc3P_Click(d.desk);
+  RecordedDrafting d;
+  mnuDrawArc3P_Click(d.context);
   d.click(2, 1);
   d.log.take();
   d.redraw.redrawscreen();
   EXPECT_EQ(d.log.count("line (1.95, 1.05)-(2.05, 0.95)"), 1);
-  mnuDrawArc3P_Click(d.desk);
+  mnuDrawArc3P_Click(d.context);
   d.log.take();
   d.redraw.redrawscreen();
   EXPECT_EQ(d.log.count("line (1.95, 1.05)-(2.05, 0.95)"), 0);
@@ -379,27 +379,27 @@ TEST(ThreePointCommands, ShowTheSecondPointAgainAfterARedraw) {
 // ---- Lines in a batch
 
 TEST(BatchAddLines, AddsThemAsOneStep) {
-  RecordedDesk d;
+  RecordedDrafting d;
   const BatchLine lines[] = {{0, 0, 1, 0}, {1, 0, 1, 1}, {1, 1, 0, 0}};
-  BatchAddLines(d.desk, lines);
+  BatchAddLines(d.context, lines);
   EXPECT_EQ(segmentTexts(d.store),
             (Texts{"1 (0, 0)-(1, 0)", "1 (1, 0)-(1, 1)", "1 (1, 1)-(0, 0)"}));
   EXPECT_EQ(logText(d), "A* A A");
   EXPECT_FALSE(d.store.drawingsaved);
   EXPECT_TRUE(d.tools.isEnabled("miUndo"));
-  Undo_Last_Change(d.desk);
+  Undo_Last_Change(d.context);
   EXPECT_EQ(d.store.NumSegments, 0);
 }
 
 TEST(BatchAddLines, OfNoLinesLogsNothingAndLeavesTheUndoStep) {
-  RecordedDesk d;
-  mnuDrawLine_Click(d.desk);
+  RecordedDrafting d;
+  mnuDrawLine_Click(d.context);
   d.click(1, 0);
   d.store.drawingsaved = true;
-  d.desk.changelog.UndoMark = 4;
-  BatchAddLines(d.desk, {});
+  d.context.changelog.UndoMark = 4;
+  BatchAddLines(d.context, {});
   EXPECT_EQ(logText(d), "A*");
-  EXPECT_EQ(d.desk.changelog.UndoMark, 4);
+  EXPECT_EQ(d.context.changelog.UndoMark, 4);
   EXPECT_TRUE(d.store.drawingsaved);
 }
 

@@ -4,7 +4,7 @@
 #include "gtest/gtest.h"
 
 #include "drafting/pending_actions.h"
-#include "tests/support/drafting_desk.h"
+#include "tests/support/drafting_test_context.h"
 #include "tests/support/edit_checks.h"
 #include "tests/support/failure_of.h"
 
@@ -12,22 +12,22 @@ namespace tess {
 namespace {
 
 using testing::expectNoStep;
-using testing::RecordedDesk;
+using testing::RecordedDrafting;
 
-struct InfoDesk : RecordedDesk {
-  InfoDesk() { test.session.formats.coordfmt = "0.000"; }
+struct InfoContext : RecordedDrafting {
+  InfoContext() { test.session.formats.coordfmt = "0.000"; }
   std::string infoOf(const SegmentRow& row) {
     add(row);
-    return entityInfo(desk, store.NumSegments);
+    return entityInfo(context, store.NumSegments);
   }
   std::string infoOf(const PathRow& row) {
     addPathSegment(store, row);
-    return pathEntityInfo(desk, store.NumPathSegments);
+    return pathEntityInfo(context, store.NumPathSegments);
   }
 };
 
 TEST(EntityInfo, TellsLengthAndBearingOfALine) {
-  InfoDesk d;
+  InfoContext d;
   EXPECT_EQ(d.infoOf(SegmentRow{.type = 1, .x0 = 1, .y0 = 1, .x1 = 4, .y1 = -2}),
             "Entity #: 1\nType: Line\n_____________________________________\n"
             "Start point: (1.000,1.000)\nEnd point: (4.000,-2.000)\n"
@@ -35,7 +35,7 @@ TEST(EntityInfo, TellsLengthAndBearingOfALine) {
 }
 
 TEST(EntityInfo, TellsCenterRadiusAndAnglesOfAnArc) {
-  InfoDesk d;
+  InfoContext d;
   EXPECT_EQ(d.infoOf(SegmentRow{.type = 3, .x0 = 3, .y0 = 1, .x1 = 1, .y1 = -1, .xc = 1, .yc = 1}),
             "Entity #: 1\nType: CCW Arc\n_____________________________________\n"
             "Start point: (3.000,1.000)\nEnd point: (1.000,-1.000)\nCenter point: (1.000,1.000)\n"
@@ -54,20 +54,20 @@ TEST(EntityInfo, NamesEveryKind) {
       {{.type = 6, .x1 = 1, .y1 = 1}, "Rect"},
   };
   for (const auto& [row, kind] : kKinds) {
-    InfoDesk d;
+    InfoContext d;
     EXPECT_NE(d.infoOf(row).find("\nType: " + std::string(kind) + "\n"), std::string::npos);
   }
 }
 
 TEST(EntityInfo, OfARectangleTellsNoMoreThanItsCorners) {
-  InfoDesk d;
+  InfoContext d;
   EXPECT_EQ(d.infoOf(SegmentRow{.type = 6, .x1 = 2, .y1 = 1}),
             "Entity #: 1\nType: Rect\n_____________________________________\n"
             "Start point: (0.000,0.000)\nEnd point: (2.000,1.000)");
 }
 
 TEST(EntityInfo, OfAPathRowTellsDepthAndFeedToo) {
-  InfoDesk d;
+  InfoContext d;
   EXPECT_EQ(d.infoOf(PathRow{.type = 1, .x1 = 2, .z = -0.5F, .feed = 12.5F, .code = 100}),
             "Entity #: 1\nType: Line\n_____________________________________\n"
             "Start point: (0.000,0.000)\nEnd point: (2.000,0.000)\n"
@@ -77,34 +77,34 @@ TEST(EntityInfo, OfAPathRowTellsDepthAndFeedToo) {
 }
 
 TEST(EntityInfo, OutsideTheTablesFails) {
-  InfoDesk d;
+  InfoContext d;
   d.addLine(0, 0, 1, 0);
   for (const int row : {0, 2, 30000}) {
-    EXPECT_EQ(testing::numberOfFailure([&] { entityInfo(d.desk, row); }),
+    EXPECT_EQ(testing::numberOfFailure([&] { entityInfo(d.context, row); }),
               FailureNumber::SubscriptOutOfRange);
-    EXPECT_EQ(testing::numberOfFailure([&] { pathEntityInfo(d.desk, row); }),
+    EXPECT_EQ(testing::numberOfFailure([&] { pathEntityInfo(d.context, row); }),
               FailureNumber::SubscriptOutOfRange);
   }
 }
 
 TEST(EntityInfoClick, ShowsTheNearestRowAndEnds) {
-  InfoDesk d;
+  InfoContext d;
   d.addLine(0, 0, 1, 0);
   d.addLine(0, 2, 1, 2);
-  mnuEditEntityInfo_Click(d.desk);
+  mnuEditEntityInfo_Click(d.context);
   EXPECT_EQ(d.prompt(), "Click near item to display data.");
   expectNoStep(d, [&d] { d.click(0.5F, 1.5F); });
   ASSERT_EQ(d.messages().size(), 1U);
-  EXPECT_EQ(d.messages()[0].text, entityInfo(d.desk, 2));
+  EXPECT_EQ(d.messages()[0].text, entityInfo(d.context, 2));
   EXPECT_EQ(d.messages()[0].icon, MessageIcon::Warning);
   EXPECT_EQ(d.messages()[0].buttons, MessageButtons::Ok);
   EXPECT_EQ(d.pending(), 0);
 }
 
 TEST(EntityInfoClick, HasEndedBeforeTheBoxIsShown) {
-  InfoDesk d;
+  InfoContext d;
   d.addLine(0, 0, 1, 0);
-  mnuEditEntityInfo_Click(d.desk);
+  mnuEditEntityInfo_Click(d.context);
   int armed = -1;
   d.test.recording.prompts.onMessage = [&] { armed = d.pending(); };
   d.click(0.5F, 1.5F);
@@ -112,19 +112,19 @@ TEST(EntityInfoClick, HasEndedBeforeTheBoxIsShown) {
 }
 
 TEST(EntityInfoClick, ShowsThePathRowWhilePathsAreEdited) {
-  InfoDesk d;
+  InfoContext d;
   d.addLine(0, 0, 1, 0);
   d.addPathLine(0, 0, 1, 0);
-  d.desk.command.EditPaths = true;
-  mnuEditEntityInfo_Click(d.desk);
+  d.context.command.EditPaths = true;
+  mnuEditEntityInfo_Click(d.context);
   d.click(0.5F, 1);
   ASSERT_EQ(d.messages().size(), 1U);
-  EXPECT_EQ(d.messages()[0].text, pathEntityInfo(d.desk, 1));
+  EXPECT_EQ(d.messages()[0].text, pathEntityInfo(d.context, 1));
 }
 
 TEST(EntityInfoClick, WithoutRowsEndsSilently) {
-  InfoDesk d;
-  mnuEditEntityInfo_Click(d.desk);
+  InfoContext d;
+  mnuEditEntityInfo_Click(d.context);
   d.click(1, 1);
   EXPECT_TRUE(d.messages().empty());
   EXPECT_EQ(d.pending(), 0);

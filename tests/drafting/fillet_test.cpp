@@ -4,7 +4,7 @@
 #include "gtest/gtest.h"
 
 #include "drafting/dlgEditRadius.h"
-#include "tests/support/drafting_desk.h"
+#include "tests/support/drafting_test_context.h"
 #include "tests/support/edit_checks.h"
 #include "tests/support/failure_of.h"
 
@@ -14,12 +14,12 @@ namespace {
 using testing::expectNoStep;
 using testing::expectOneStep;
 using testing::pathTexts;
-using testing::RecordedDesk;
+using testing::RecordedDrafting;
 using testing::segmentTexts;
 using Texts = std::vector<std::string>;
 
-struct FilletDesk : RecordedDesk {
-  FilletDesk() {
+struct FilletContext : RecordedDrafting {
+  FilletContext() {
     test.recording.prompts.onForm = [this](Form& form) {
       auto& dialog = dynamic_cast<dlgEditRadius&>(form);
       shown = {dialog.txtradius.text(), dialog.txtminradius.text()};
@@ -28,7 +28,7 @@ struct FilletDesk : RecordedDesk {
     };
   }
   void fillet(Point first, Point second) {
-    mnuAddFillet_Click(desk);
+    mnuAddFillet_Click(context);
     click(first.x, first.y);
     click(second.x, second.y);
   }
@@ -59,7 +59,7 @@ Texts rounded(const DrawingStore& store) {
 }
 
 // The corner of an L in the origin.
-struct Corner : FilletDesk {
+struct Corner : FilletContext {
   Corner() {
     addLine(0, 0, 4, 0);
     addLine(0, 3, 0, 0);
@@ -70,7 +70,7 @@ struct Corner : FilletDesk {
 
 TEST(FilletClicks, AskForTwoLinesAndTheRadius) {
   Corner d;
-  mnuAddFillet_Click(d.desk);
+  mnuAddFillet_Click(d.context);
   EXPECT_EQ(d.pending(), 46);
   EXPECT_EQ(d.prompt(), "Click near first line to fillet.");
   d.click(2, 0);
@@ -92,7 +92,7 @@ TEST(FilletClicks, OfferTheLastRadiusAgain) {
 
 TEST(FilletClicks, CancelEndsTheCommandEvenWithARadiusOffered) {
   Corner d;
-  d.desk.command.filletRadius = 0.5F;
+  d.context.command.filletRadius = 0.5F;
   d.accepts = false;
   expectNoStep(d, [&d] { d.fillet({2, 0}, {0, 2}); });
   EXPECT_EQ(d.pending(), 0);
@@ -101,7 +101,7 @@ TEST(FilletClicks, CancelEndsTheCommandEvenWithARadiusOffered) {
 }
 
 TEST(FilletClicks, WithoutALineEndSilently) {
-  FilletDesk d;
+  FilletContext d;
   d.add({.type = 3, .x0 = 1, .x1 = -1});
   expectNoStep(d, [&d] { d.fillet({0, 1}, {0, 1}); });
   EXPECT_EQ(d.pending(), 0);
@@ -124,7 +124,7 @@ TEST(FilletClicks, ARadiusThatIsNoneBeeps) {
 TEST(Fillet, DrawsBothLinesBackAndAddsTheArc) {
   Corner d;
   expectOneStep(d, [&d] { d.fillet({2, 0}, {0, 2}); });
-  EXPECT_EQ(d.desk.changelog.changecount, 5);
+  EXPECT_EQ(d.context.changelog.changecount, 5);
   Corner rows;
   rows.fillet({2, 0}, {0, 2});
   EXPECT_EQ(rounded(rows.store),
@@ -151,7 +151,7 @@ TEST(Fillet, KeepsTheClassOfTheLinesAndIsOrdinaryItself) {
 TEST(Fillet, TouchesBothLinesInEveryQuadrantAndOrder) {
   for (int quarter = 0; quarter < 8; ++quarter) {
     for (const double opening : {30.0, 90.0, 150.0}) {
-      FilletDesk d;
+      FilletContext d;
       const double turn = quarter * 45 * kPi / 180 + 0.1;
       const Point a{static_cast<float>(3 * std::cos(turn)), static_cast<float>(3 * std::sin(turn))};
       const double other = turn + opening * kPi / 180;
@@ -159,7 +159,7 @@ TEST(Fillet, TouchesBothLinesInEveryQuadrantAndOrder) {
                     static_cast<float>(3 * std::sin(other))};
       d.addLine(0, 0, a.x, a.y);
       d.addLine(b.x, b.y, 0, 0);
-      ASSERT_EQ(addFillet(d.desk.changes, 1, 2, 0.25F), FilletResult::Added);
+      ASSERT_EQ(addFillet(d.context.changes, 1, 2, 0.25F), FilletResult::Added);
       const double reach = 0.25 / std::tan(opening / 2 * kPi / 180);
       const Point start{d.store.x0[3], d.store.y0[3]}, end{d.store.x1[3], d.store.y1[3]};
       const Point center{d.store.centerx[3], d.store.centery[3]};
@@ -178,7 +178,7 @@ TEST(Fillet, TouchesBothLinesInEveryQuadrantAndOrder) {
 // ---- What cannot be rounded
 
 TEST(FilletFaults, LinesThatDoNotMeetAreTold) {
-  FilletDesk d;
+  FilletContext d;
   d.addLine(0, 0, 2, 0);
   d.addLine(0, 1, 2, 1);
   expectNoStep(d, [&d] { d.fillet({1, 0}, {1, 1}); });
@@ -186,7 +186,7 @@ TEST(FilletFaults, LinesThatDoNotMeetAreTold) {
 }
 
 TEST(FilletFaults, LinesThatCrossHaveNoCommonEnd) {
-  FilletDesk d;
+  FilletContext d;
   d.addLine(-1, 0, 1, 0);
   d.addLine(0, -1, 0, 1);
   expectNoStep(d, [&d] { d.fillet({0.9F, 0}, {0, 0.9F}); });
@@ -202,9 +202,9 @@ TEST(FilletFaults, OneLineTwiceIsTold) {
 TEST(FilletFaults, ALineThatIsAnotherOneByTheSecondClickIsTold) {
   Corner d;
   d.addLine(4, 0, 4, 3);
-  mnuAddFillet_Click(d.desk);
+  mnuAddFillet_Click(d.context);
   d.click(2, 0);
-  Change change(d.desk.changes);
+  Change change(d.context.changes);
   change.segments.erase(1);
   change.keep();
   d.store.drawingsaved = true;
@@ -214,7 +214,7 @@ TEST(FilletFaults, ALineThatIsAnotherOneByTheSecondClickIsTold) {
 
 TEST(FilletFaults, LinesThatGoOnStraightOrLieOnOneAnotherBeep) {
   for (const float x : {-2.0F, 2.0F}) {
-    FilletDesk d;
+    FilletContext d;
     d.addLine(0, 0, 1, 0);
     d.addLine(0, 0, x, 0);
     expectNoStep(d, [&d, x] { d.fillet({0.5F, 0.5F}, {x * 0.9F, 0}); });
@@ -225,11 +225,11 @@ TEST(FilletFaults, LinesThatGoOnStraightOrLieOnOneAnotherBeep) {
 }
 
 TEST(FilletFaults, ALineWithoutLengthTakesPartByItsRule) {
-  FilletDesk d;
+  FilletContext d;
   d.addLine(0, 0, 0, 0);
   d.addLine(0, 0, 2, 0);
-  EXPECT_EQ(addFillet(d.desk.changes, 1, 2, 0.5F), FilletResult::NoCenter);
-  EXPECT_EQ(d.desk.changelog.changecount, 0);
+  EXPECT_EQ(addFillet(d.context.changes, 1, 2, 0.5F), FilletResult::NoCenter);
+  EXPECT_EQ(d.context.changelog.changecount, 0);
 }
 
 TEST(FilletFaults, AFullTableLeavesBothLines) {
@@ -237,25 +237,25 @@ TEST(FilletFaults, AFullTableLeavesBothLines) {
   while (d.store.NumSegments < 32767) d.addLine(4, 4, 5, 5);
   EXPECT_EQ(testing::numberOfFailure([&d] { d.fillet({2, 0}, {0, 2}); }), FailureNumber::Overflow);
   EXPECT_EQ(segmentTexts(d.store)[0], "1 (0, 0)-(4, 0)");
-  EXPECT_EQ(d.desk.changelog.changecount, 0);
+  EXPECT_EQ(d.context.changelog.changecount, 0);
 }
 
 TEST(AddFillet, TellsWhyItDidNot) {
   Corner d;
   d.add({.type = 3, .x0 = 4, .y0 = 0, .x1 = 4, .y1 = 2, .xc = 4, .yc = 1});
-  EXPECT_EQ(addFillet(d.desk.changes, 1, 2, 0), FilletResult::NoCenter);
-  EXPECT_EQ(addFillet(d.desk.changes, 1, 2, -0.5F), FilletResult::NoCenter);
-  EXPECT_EQ(addFillet(d.desk.changes, 0, 1, 0.5F), FilletResult::SameRow);
-  EXPECT_EQ(addFillet(d.desk.changes, 1, 4, 0.5F), FilletResult::SameRow);
-  EXPECT_EQ(addFillet(d.desk.changes, 1, 1, 0.5F), FilletResult::SameRow);
-  EXPECT_EQ(addFillet(d.desk.changes, 1, 3, 0.5F), FilletResult::NotLines);
-  EXPECT_EQ(addFillet(d.desk.changes, 2, 3, 0.5F), FilletResult::NoCommonEnd);
+  EXPECT_EQ(addFillet(d.context.changes, 1, 2, 0), FilletResult::NoCenter);
+  EXPECT_EQ(addFillet(d.context.changes, 1, 2, -0.5F), FilletResult::NoCenter);
+  EXPECT_EQ(addFillet(d.context.changes, 0, 1, 0.5F), FilletResult::SameRow);
+  EXPECT_EQ(addFillet(d.context.changes, 1, 4, 0.5F), FilletResult::SameRow);
+  EXPECT_EQ(addFillet(d.context.changes, 1, 1, 0.5F), FilletResult::SameRow);
+  EXPECT_EQ(addFillet(d.context.changes, 1, 3, 0.5F), FilletResult::NotLines);
+  EXPECT_EQ(addFillet(d.context.changes, 2, 3, 0.5F), FilletResult::NoCommonEnd);
 }
 
 // ---- Path rows
 
-struct PathDesk : FilletDesk {
-  PathDesk() { desk.command.EditPaths = true; }
+struct PathContext : FilletContext {
+  PathContext() { context.command.EditPaths = true; }
   void addMove(Point from, Point to, float z, int code) {
     addPathSegment(store, {.type = kLine,
                            .x0 = from.x,
@@ -282,7 +282,7 @@ struct PathDesk : FilletDesk {
 
 TEST(PathFillet, KeepsTheSenseOfTheRowsAndComesBetweenThem) {
   for (const bool firstRowFirst : {true, false}) {
-    PathDesk d;
+    PathContext d;
     d.addMove({4, 0}, {0, 0}, -1, 203);
     d.addMove({0, 0}, {0, 3}, -2, 100);
     const Point along{2, 0}, up{0, 2};
@@ -294,7 +294,7 @@ TEST(PathFillet, KeepsTheSenseOfTheRowsAndComesBetweenThem) {
 }
 
 TEST(PathFillet, OfRowsThatStandTheOtherWayRoundFollowsTheOneThatLeadsIn) {
-  PathDesk d;
+  PathContext d;
   d.addMove({0, 0}, {0, 3}, -2, 100);
   d.addMove({4, 0}, {0, 0}, -1, 203);
   d.fillet({0, 2}, {2, 0});
@@ -303,7 +303,7 @@ TEST(PathFillet, OfRowsThatStandTheOtherWayRoundFollowsTheOneThatLeadsIn) {
 }
 
 TEST(PathFillet, OfTwoThatStartInOnePointFollowsTheFirst) {
-  PathDesk d;
+  PathContext d;
   d.addMove({0, 0}, {4, 0}, -1, 203);
   d.addMove({0, 0}, {0, 3}, -2, 100);
   d.fillet({2, 0}, {0, 2});

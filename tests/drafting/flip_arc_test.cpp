@@ -3,7 +3,7 @@
 
 #include "gtest/gtest.h"
 
-#include "tests/support/drafting_desk.h"
+#include "tests/support/drafting_test_context.h"
 #include "tests/support/edit_checks.h"
 
 namespace tess {
@@ -12,48 +12,48 @@ namespace {
 using testing::expectNoStep;
 using testing::expectOneStep;
 using testing::pathTexts;
-using testing::RecordedDesk;
+using testing::RecordedDrafting;
 using testing::segmentTexts;
 using Texts = std::vector<std::string>;
 
-struct ArcDesk : RecordedDesk {
-  ArcDesk() {
+struct ArcContext : RecordedDrafting {
+  ArcContext() {
     addLine(0, 0, 0.5F, 0);
     add({.type = 3, .attr = 10, .x0 = 3, .y0 = 0, .x1 = 1, .y1 = 2, .xc = 1, .yc = 0});
   }
 };
 
 TEST(FlipArc, KeepsTheEndsAndCurvesToTheOtherSide) {
-  ArcDesk d;
-  mnuEditFlipArc_Click(d.desk);
+  ArcContext d;
+  mnuEditFlipArc_Click(d.context);
   EXPECT_EQ(d.prompt(), "Click near arc to flip.");
   expectOneStep(d, [&d] { d.click(0, 0); });
   EXPECT_EQ(segmentTexts(d.store), (Texts{"1 (0, 0)-(0.5, 0)", "2 (3, 0)-(1, 2) c (3, 2) @10"}));
-  EXPECT_EQ(d.desk.changelog.changecount, 2);
+  EXPECT_EQ(d.context.changelog.changecount, 2);
   EXPECT_EQ(d.pending(), 0);
 }
 
 TEST(FlipArc, TwiceIsTheSameArc) {
-  ArcDesk d;
+  ArcContext d;
   const Texts before = segmentTexts(d.store);
   for (int n = 0; n < 2; ++n) {
-    mnuEditFlipArc_Click(d.desk);
+    mnuEditFlipArc_Click(d.context);
     d.click(2, 2);
   }
   EXPECT_EQ(segmentTexts(d.store), before);
 }
 
 TEST(FlipArc, OfADrawnCircleTurnsItOverItsStart) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.add({.type = 2, .x0 = 2, .x1 = 2});
-  mnuEditFlipArc_Click(d.desk);
+  mnuEditFlipArc_Click(d.context);
   expectOneStep(d, [&d] { d.click(0, 3); });
   EXPECT_EQ(segmentTexts(d.store), (Texts{"3 (2, 0)-(2, 0) c (4, 0)"}));
 }
 
 TEST(ReverseArc, KeepsEndsAndCenterAndRunsTheOtherWay) {
-  ArcDesk d;
-  mnuEditRevArc_Click(d.desk);
+  ArcContext d;
+  mnuEditRevArc_Click(d.context);
   EXPECT_EQ(d.prompt(), "Click near arc to reverse.");
   expectOneStep(d, [&d] { d.click(0, 0); });
   EXPECT_EQ(segmentTexts(d.store), (Texts{"1 (0, 0)-(0.5, 0)", "2 (3, 0)-(1, 2) c (1, 0) @10"}));
@@ -62,10 +62,10 @@ TEST(ReverseArc, KeepsEndsAndCenterAndRunsTheOtherWay) {
 
 TEST(TurnedArcs, WithoutAnArcEndSilently) {
   for (const auto command : {mnuEditFlipArc_Click, mnuEditRevArc_Click}) {
-    RecordedDesk d;
+    RecordedDrafting d;
     d.addLine(0, 0, 2, 0);
     d.add({.type = 5, .x0 = 2, .x1 = 2});
-    command(d.desk);
+    command(d.context);
     expectNoStep(d, [&d] { d.click(1, 0); });
     EXPECT_EQ(d.pending(), 0);
     EXPECT_EQ(d.beeps(), 0);
@@ -73,15 +73,15 @@ TEST(TurnedArcs, WithoutAnArcEndSilently) {
 }
 
 TEST(TurnedArcs, OfAPathAreThoseThatAreShown) {
-  RecordedDesk d;
+  RecordedDrafting d;
   addPathSegment(d.store, {.type = 2, .x0 = -1, .x1 = 1, .z = -1, .feed = 5, .code = 100});
   addPathSegment(d.store, {.type = 3, .x0 = 3, .x1 = 1, .xc = 2, .z = -2, .feed = 6, .code = 201});
   d.store.psvisible[1] = false;
-  d.desk.command.EditPaths = true;
-  mnuEditFlipArc_Click(d.desk);
+  d.context.command.EditPaths = true;
+  mnuEditFlipArc_Click(d.context);
   expectOneStep(d, [&d] { d.click(0, 1); });
   EXPECT_EQ(pathTexts(d.store)[1], "2 (3, 0)-(1, 0) c (2, 0) @201 z -2 f 6");
-  mnuEditRevArc_Click(d.desk);
+  mnuEditRevArc_Click(d.context);
   d.click(0, 1);
   EXPECT_EQ(pathTexts(d.store)[1], "3 (3, 0)-(1, 0) c (2, 0) @201 z -2 f 6");
   EXPECT_EQ(d.store.pstype[1], 2);

@@ -5,12 +5,12 @@
 
 #include "core/drawing_store.h"
 #include "drafting/dlgSetGrids.h"
-#include "tests/support/drafting_desk.h"
+#include "tests/support/drafting_test_context.h"
 
 namespace tess {
 namespace {
 
-using testing::RecordedDesk;
+using testing::RecordedDrafting;
 
 TEST(SnapToGrid, TakesTheNearestMultipleHalvesUpward) {
   EXPECT_EQ(snapToGrid(0.125F, 0.25F), 0.25F);
@@ -20,37 +20,37 @@ TEST(SnapToGrid, TakesTheNearestMultipleHalvesUpward) {
 }
 
 TEST(UpdateGridButtons, PressesTheToolsOfTheFlags) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.store.visualgridf = 1;
   d.store.cursorgridf = 0;
-  d.desk.state.OSnapOn = true;
+  d.context.state.OSnapOn = true;
   d.tools.setChecked("CGrid", true);
-  UpdateGridButtons(d.desk);
+  UpdateGridButtons(d.context);
   EXPECT_TRUE(d.tools.isChecked("VGrid"));
   EXPECT_FALSE(d.tools.isChecked("CGrid"));
   EXPECT_TRUE(d.tools.isChecked("OSnap"));
 }
 
 TEST(GridButtons, FlipTheirFlagAndTheVisualGridShows) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.store.visualgrid = 1;
   d.log.take();
-  Vgrid_ButtonClick(d.desk);
+  Vgrid_ButtonClick(d.context);
   EXPECT_EQ(d.store.visualgridf, 1);
   EXPECT_TRUE(d.tools.isChecked("VGrid"));
   EXPECT_EQ(d.log.count("Cls"), 1);
-  Cgrid_ButtonClick(d.desk);
+  Cgrid_ButtonClick(d.context);
   EXPECT_EQ(d.store.cursorgridf, 1);
   EXPECT_TRUE(d.tools.isChecked("CGrid"));
   EXPECT_EQ(d.log.count("Cls"), 1);
 }
 
 TEST(FlipGrids, ReplacesEachFlagByOneMinusItself) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.store.visualgridf = 1;
   d.store.cursorgridf = 0;
   d.log.take();
-  flipGrids(d.desk);
+  flipGrids(d.context);
   EXPECT_EQ(d.store.visualgridf, 0);
   EXPECT_EQ(d.store.cursorgridf, 1);
   EXPECT_FALSE(d.tools.isChecked("VGrid"));
@@ -59,14 +59,14 @@ TEST(FlipGrids, ReplacesEachFlagByOneMinusItself) {
 }
 
 // Shows Grid Setup and lets the operator work it.
-void workGridSetup(RecordedDesk& d, const std::function<void(dlgSetGrids&)>& work) {
+void workGridSetup(RecordedDrafting& d, const std::function<void(dlgSetGrids&)>& work) {
   d.test.recording.prompts.onForm = [&](Form& form) { work(dynamic_cast<dlgSetGrids&>(form)); };
   d.log.take();
-  mnuOptionsGridSelection_Click(d.desk);
+  mnuOptionsGridSelection_Click(d.context);
 }
 
 TEST(GridSetup, ShowsWhatIsInForce) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.store.visualgrid = 0.5F;
   d.store.cursorgrid = 0.125F;
   d.store.visualgridf = 1;
@@ -85,7 +85,7 @@ TEST(GridSetup, ShowsWhatIsInForce) {
 }
 
 TEST(GridSetup, EnablesTheFeaturesOnlyWithObjectSnap) {
-  RecordedDesk d;
+  RecordedDrafting d;
   workGridSetup(d, [](dlgSetGrids& dialog) {
     for (const bool on : {false, true, false}) {
       dialog.chkOSnap.setChecked(on);
@@ -98,7 +98,7 @@ TEST(GridSetup, EnablesTheFeaturesOnlyWithObjectSnap) {
 }
 
 TEST(GridSetup, AcceptedTakesEverythingOver) {
-  RecordedDesk d;
+  RecordedDrafting d;
   workGridSetup(d, [](dlgSetGrids& dialog) {
     dialog.txtvgrid.setText("0.5 inch");
     dialog.txtcgrid.setText("0.25");
@@ -112,19 +112,19 @@ TEST(GridSetup, AcceptedTakesEverythingOver) {
   EXPECT_EQ(d.store.cursorgrid, 0.25F);
   EXPECT_EQ(d.store.visualgridf, 1);
   EXPECT_EQ(d.store.cursorgridf, 0);
-  EXPECT_TRUE(d.desk.state.OSnapOn);
+  EXPECT_TRUE(d.context.state.OSnapOn);
   const SnapSet features = {false, false, true, true, false, true, false};
-  EXPECT_EQ(d.desk.state.OSnapFeatures, features);
-  EXPECT_EQ(d.desk.state.OSnapActive, features);  // snap came on
+  EXPECT_EQ(d.context.state.OSnapFeatures, features);
+  EXPECT_EQ(d.context.state.OSnapActive, features);  // snap came on
   EXPECT_TRUE(d.tools.isChecked("VGrid"));
   EXPECT_TRUE(d.tools.isChecked("OSnap"));
   EXPECT_EQ(d.log.count("Cls"), 1);
 }
 
 TEST(GridSetup, CancelledChangesNothing) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.store.visualgrid = 1;
-  const SnapSet before = d.desk.state.OSnapFeatures;
+  const SnapSet before = d.context.state.OSnapFeatures;
   workGridSetup(d, [](dlgSetGrids& dialog) {
     dialog.txtvgrid.setText("0.5");
     dialog.chkvgrid.setChecked(true);
@@ -134,13 +134,13 @@ TEST(GridSetup, CancelledChangesNothing) {
   });
   EXPECT_EQ(d.store.visualgrid, 1);
   EXPECT_EQ(d.store.visualgridf, 0);
-  EXPECT_FALSE(d.desk.state.OSnapOn);
-  EXPECT_EQ(d.desk.state.OSnapFeatures, before);
+  EXPECT_FALSE(d.context.state.OSnapOn);
+  EXPECT_EQ(d.context.state.OSnapFeatures, before);
   EXPECT_EQ(d.log.count("Cls"), 0);
 }
 
 TEST(GridSetup, ATextWithoutANumberIsZero) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.store.cursorgrid = 1;
   workGridSetup(d, [](dlgSetGrids& dialog) {
     dialog.txtcgrid.setText("fine");
@@ -150,7 +150,7 @@ TEST(GridSetup, ATextWithoutANumberIsZero) {
 }
 
 TEST(GridSetup, RedrawsOnlyForANewVisualSpacing) {
-  RecordedDesk d;
+  RecordedDrafting d;
   workGridSetup(d, [](dlgSetGrids& dialog) {
     dialog.txtcgrid.setText("3");
     dialog.chkvgrid.setChecked(true);
@@ -160,10 +160,10 @@ TEST(GridSetup, RedrawsOnlyForANewVisualSpacing) {
 }
 
 TEST(GridSetup, KeepsASingleUseOfSnapWhileTheFlagStays) {
-  RecordedDesk d;
-  d.desk.state.UpdateOSnapFeature(/*once=*/true, 4);
+  RecordedDrafting d;
+  d.context.state.UpdateOSnapFeature(/*once=*/true, 4);
   workGridSetup(d, [](dlgSetGrids& dialog) { dialog.cmdAccept.click(); });
-  EXPECT_TRUE(d.desk.state.OSnapActive[4]);
+  EXPECT_TRUE(d.context.state.OSnapActive[4]);
 }
 
 struct ToolCase {
@@ -177,7 +177,7 @@ TEST(GridSetup, PressesTheCursorGridsToolWhereThatGridIsAlone) {
       {true, false, true, false}, {true, true, false, false}, {true, true, true, true},
   };
   for (const ToolCase& row : kCases) {
-    RecordedDesk d;
+    RecordedDrafting d;
     d.tools.setChecked("CGrid", row.before);
     d.tools.setChecked("VGrid", !row.vgrid);
     workGridSetup(d, [&row](dlgSetGrids& dialog) {

@@ -4,7 +4,7 @@
 #include "gtest/gtest.h"
 
 #include "drafting/pending_actions.h"
-#include "tests/support/drafting_desk.h"
+#include "tests/support/drafting_test_context.h"
 #include "tests/support/edit_checks.h"
 #include "tests/support/failure_of.h"
 
@@ -14,18 +14,18 @@ namespace {
 using testing::expectNoStep;
 using testing::expectOneStep;
 using testing::pathTexts;
-using testing::RecordedDesk;
+using testing::RecordedDrafting;
 using testing::segmentTexts;
 using Texts = std::vector<std::string>;
 
 // Two level lines with a gap between them.
-struct Gap : RecordedDesk {
+struct Gap : RecordedDrafting {
   Gap() {
     addLine(-3, 0, -1, 0);
     addLine(1, 0, 3, 0);
   }
   void join(std::initializer_list<Point> clicks) {
-    clicks.size() == 3 ? mnuEditJoinEndPtsArc(desk) : mnuEditJoinEnd_Click(desk);
+    clicks.size() == 3 ? mnuEditJoinEndPtsArc(context) : mnuEditJoinEnd_Click(context);
     for (const Point at : clicks) click(at.x, at.y);
   }
 };
@@ -33,7 +33,7 @@ struct Gap : RecordedDesk {
 TEST(Join, AddsALineBetweenTheNearestEnds) {
   Gap d;
   d.store.segattr[1] = 30008;
-  mnuEditJoinEnd_Click(d.desk);
+  mnuEditJoinEnd_Click(d.context);
   EXPECT_EQ(d.pending(), 18);
   EXPECT_EQ(d.prompt(), "Click on 1st end-point to join.");
   d.click(-0.5F, 0.5F);
@@ -43,8 +43,8 @@ TEST(Join, AddsALineBetweenTheNearestEnds) {
   EXPECT_EQ(segmentTexts(d.store),
             (Texts{"1 (-3, 0)-(-1, 0) @30008", "1 (1, 0)-(3, 0)", "1 (-1, 0)-(1, 0)"}));
   EXPECT_EQ(d.pending(), 0);
-  EXPECT_EQ(d.desk.changelog.changecount, 1);
-  EXPECT_EQ(d.desk.changelog.UndoMark, 1);
+  EXPECT_EQ(d.context.changelog.changecount, 1);
+  EXPECT_EQ(d.context.changelog.UndoMark, 1);
 }
 
 TEST(Join, OfOnePointWithItselfDoesNothing) {
@@ -56,8 +56,8 @@ TEST(Join, OfOnePointWithItselfDoesNothing) {
 
 TEST(Join, WhoseRowsAreGoneByTheClickEndsSilently) {
   Gap d;
-  mnuEditJoinEnd_Click(d.desk);
-  Change change(d.desk.changes);
+  mnuEditJoinEnd_Click(d.context);
+  Change change(d.context.changes);
   change.segments.erase(1, 2);
   change.keep();
   expectNoStep(d, [&d] { d.click(1, 1); });
@@ -69,7 +69,7 @@ TEST(Join, InAFullTableAddsNothing) {
   Gap d;
   while (d.store.NumSegments < 32767) d.addLine(4, 4, 5, 5);
   EXPECT_EQ(testing::numberOfFailure([&d] { d.join({{-1, 0}, {1, 0}}); }), FailureNumber::Overflow);
-  EXPECT_EQ(d.desk.changelog.changecount, 0);
+  EXPECT_EQ(d.context.changelog.changecount, 0);
   EXPECT_TRUE(d.store.drawingsaved);
 }
 
@@ -77,7 +77,7 @@ TEST(Join, InAFullTableAddsNothing) {
 
 TEST(JoinByArc, AddsTheArcThroughTheThirdClick) {
   Gap d;
-  mnuEditJoinEndPtsArc(d.desk);
+  mnuEditJoinEndPtsArc(d.context);
   EXPECT_EQ(d.pending(), 43);
   EXPECT_EQ(d.prompt(), "Click on 1st end-point to join.");
   d.click(-0.8F, 0);
@@ -89,7 +89,7 @@ TEST(JoinByArc, AddsTheArcThroughTheThirdClick) {
   expectOneStep(d, [&d] { d.click(0, 1); });
   EXPECT_EQ(segmentTexts(d.store)[2], "2 (-1, 0)-(1, 0) c (0, 0)");
   EXPECT_EQ(d.pending(), 0);
-  EXPECT_EQ(d.desk.changelog.changecount, 1);
+  EXPECT_EQ(d.context.changelog.changecount, 1);
 }
 
 TEST(JoinByArc, BelowRunsTheOtherWay) {
@@ -114,7 +114,7 @@ TEST(JoinByArc, ThroughAPointBetweenTheEndsBeeps) {
 
 TEST(JoinByArc, OfOnePointWithItselfEndsAtTheSecondClick) {
   Gap d;
-  mnuEditJoinEndPtsArc(d.desk);
+  mnuEditJoinEndPtsArc(d.context);
   d.click(-1, 0);
   expectNoStep(d, [&d] { d.click(-0.9F, 0.1F); });
   EXPECT_EQ(d.pending(), 0);
@@ -127,7 +127,7 @@ struct PathGap : Gap {
   PathGap() {
     add(-3, -1, 203);
     add(1, 3, 100);
-    desk.command.EditPaths = true;
+    context.command.EditPaths = true;
   }
   void add(float from, float to, int code) {
     addPathSegment(store, {.type = 1, .x0 = from, .x1 = to, .z = -0.5F, .feed = 9, .code = code});
@@ -158,14 +158,14 @@ TEST(PathJoin, PassesOverHiddenRows) {
   PathGap d;
   d.store.psvisible[2] = false;
   expectNoStep(d, [&d] { d.join({{-1, 0}, {-1.2F, 1}}); });
-  EXPECT_EQ(d.desk.command.PendingPt1, (Point{-1, 0}));
+  EXPECT_EQ(d.context.command.PendingPt1, (Point{-1, 0}));
 }
 
 TEST(PathJoin, OfRapidsAloneHasNoRowToGoBy) {
-  RecordedDesk d;
+  RecordedDrafting d;
   addPathSegment(d.store, {.type = 0, .x1 = 1, .code = 100});
-  d.desk.command.EditPaths = true;
-  mnuEditJoinEnd_Click(d.desk);
+  d.context.command.EditPaths = true;
+  mnuEditJoinEnd_Click(d.context);
   d.click(0, 0);
   expectNoStep(d, [&d] { d.click(1, 0); });
   EXPECT_EQ(d.pending(), 0);

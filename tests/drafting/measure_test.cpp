@@ -6,18 +6,18 @@
 #include "core/drawing_store.h"
 #include "drafting/object_snap.h"
 #include "drafting/pending_actions.h"
-#include "tests/support/drafting_desk.h"
+#include "tests/support/drafting_test_context.h"
 
 namespace tess {
 namespace {
 
-using testing::RecordedDesk;
+using testing::RecordedDrafting;
 
 constexpr char kPrompt[] = "Click on start-point and drag to end-point.  ";
 
 TEST(Measure, ReportsEndsAndDistanceBehindThePrompt) {
-  RecordedDesk d;
-  miMeasureDist_Click(d.desk);
+  RecordedDrafting d;
+  miMeasureDist_Click(d.context);
   EXPECT_EQ(d.prompt(), kPrompt);
   d.press(1, 0.5F, 0.123456F);
   d.move(1, 3.5F, 4.123456F);
@@ -26,8 +26,8 @@ TEST(Measure, ReportsEndsAndDistanceBehindThePrompt) {
 }
 
 TEST(Measure, WritesTheSameReportAtTheReleaseAndEnds) {
-  RecordedDesk d;
-  miMeasureDist_Click(d.desk);
+  RecordedDrafting d;
+  miMeasureDist_Click(d.context);
   d.press(1, 0, 0);
   d.move(1, 3, 4);
   const std::string report = d.prompt();
@@ -39,34 +39,34 @@ TEST(Measure, WritesTheSameReportAtTheReleaseAndEnds) {
 }
 
 TEST(Measure, SnapsBothEndsToTheCursorGrid) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.store.cursorgrid = 0.5F;
   d.store.cursorgridf = 1;
-  miMeasureDist_Click(d.desk);
+  miMeasureDist_Click(d.context);
   d.press(1, 0.2F, 0.3F);
-  EXPECT_EQ((Point{d.desk.pointer.MouseDownX, d.desk.pointer.MouseDownY}), (Point{0, 0.5F}));
+  EXPECT_EQ((Point{d.context.pointer.MouseDownX, d.context.pointer.MouseDownY}), (Point{0, 0.5F}));
   d.move(1, 2.1F, 0.6F);
   EXPECT_EQ(d.prompt(),
             std::string(kPrompt) + "  Start (X=0, Y=0.5),  End (X=2, Y=0.5),  Distance = 2");
 }
 
 TEST(Measure, TakesFeaturesBeforeTheGrid) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.addLine(0.1F, 0.1F, 2.1F, 0.1F);
   d.store.cursorgrid = 0.5F;
   d.store.cursorgridf = 1;
-  OSnap_ButtonClick(d.desk);
-  miMeasureDist_Click(d.desk);
+  OSnap_ButtonClick(d.context);
+  miMeasureDist_Click(d.context);
   d.press(1, 0.2F, 0.2F);
-  EXPECT_TRUE(d.desk.state.FeaturePoint());
+  EXPECT_TRUE(d.context.state.FeaturePoint());
   d.move(1, 2.2F, 0.2F);
   EXPECT_EQ(d.prompt(),
             std::string(kPrompt) + "  Start (X=0.1, Y=0.1),  End (X=2.1, Y=0.1),  Distance = 2");
 }
 
 TEST(Measure, ShowsALineWithAnArrowheadAndTakesItAway) {
-  RecordedDesk d;
-  miMeasureDist_Click(d.desk);
+  RecordedDrafting d;
+  miMeasureDist_Click(d.context);
   d.press(1, 0, 0);
   d.log.take();
   d.move(1, 2, 0);
@@ -84,12 +84,12 @@ TEST(Measure, ShowsALineWithAnArrowheadAndTakesItAway) {
 }
 
 TEST(Measure, CancelledTakesTheBandAway) {
-  RecordedDesk d;
-  miMeasureDist_Click(d.desk);
+  RecordedDrafting d;
+  miMeasureDist_Click(d.context);
   d.press(1, 0, 0);
   d.move(1, 2, 0);
   d.log.take();
-  Handle_esc(d.desk);
+  Handle_esc(d.context);
   EXPECT_EQ(d.log.count("line (0, 0)-(2, 0)"), 1);
   EXPECT_EQ(d.pending(), 0);
   EXPECT_EQ(d.prompt(), "");

@@ -9,20 +9,20 @@
 #include "drafting/frmMirror.h"
 #include "drafting/selection.h"
 #include "tests/support/back_and_forth.h"
-#include "tests/support/drafting_desk.h"
+#include "tests/support/drafting_test_context.h"
 #include "tests/support/failure_of.h"
 
 namespace tess {
 namespace {
 
 using testing::expectBackAndForth;
-using testing::RecordedDesk;
+using testing::RecordedDrafting;
 using testing::segmentTexts;
 using testing::TableBits;
 using Texts = std::vector<std::string>;
 
-struct MirrorDesk : RecordedDesk {
-  MirrorDesk() {
+struct MirrorContext : RecordedDrafting {
+  MirrorContext() {
     addLine(1, 1, 3, 2);
     add({.type = 2, .x0 = 1, .y0 = 0, .x1 = 0, .y1 = -1});
     add({.type = 5, .x0 = 2, .y0 = 2, .x1 = 2, .y1 = 2, .xc = 1, .yc = 2});
@@ -33,9 +33,9 @@ struct MirrorDesk : RecordedDesk {
 };
 
 // Works the form while it is shown.
-void mirrorWith(RecordedDesk& d, const std::function<void(frmMirror&)>& work) {
+void mirrorWith(RecordedDrafting& d, const std::function<void(frmMirror&)>& work) {
   d.test.recording.prompts.onForm = [work](Form& form) { work(dynamic_cast<frmMirror&>(form)); };
-  mnuEditMirror_Click(d.desk);
+  mnuEditMirror_Click(d.context);
 }
 
 TEST(MirrorCoord, IsAsFarOnTheOtherSide) {
@@ -45,7 +45,7 @@ TEST(MirrorCoord, IsAsFarOnTheOtherSide) {
 }
 
 TEST(Mirror, OpensAtTheMarkerWithItsDefaults) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.addLine(0, 0, 1, 0);
   d.rightClick(1.25F, -2);
   mirrorWith(d, [](frmMirror& form) {
@@ -67,7 +67,7 @@ TEST(Mirror, OpensAtTheMarkerWithItsDefaults) {
 
 TEST(Mirror, OffersTheSelectionOnlyWhereOrdinaryRowsAreSelected) {
   for (const int attr : {8, 30008, 30108}) {
-    RecordedDesk d;
+    RecordedDrafting d;
     d.addLine(0, 0, 1, 0);
     d.store.segattr[1] = attr;
     mirrorWith(d, [attr](frmMirror& form) {
@@ -77,16 +77,16 @@ TEST(Mirror, OffersTheSelectionOnlyWhereOrdinaryRowsAreSelected) {
 }
 
 TEST(Mirror, HorizontallyChangesTheSidesOfXAndTurnsArcsOver) {
-  MirrorDesk d;
+  MirrorContext d;
   const TableBits before(d.store);
   mirrorWith(d, [](frmMirror& form) { form.cmdOK.click(); });
   EXPECT_EQ(segmentTexts(d.store), (Texts{"1 (-1, 1)-(-3, 2)", "3 (-1, 0)-(0, -1) c (0, 0)",
                                           "5 (-2, 2)-(-2, 2) c (-1, 2)", "6 (1, -1)-(-1, 0.5)"}));
   EXPECT_EQ(testing::pathTexts(d.store), Texts{"1 (1, 1)-(2, 2) @100 z 0"});
-  EXPECT_EQ(d.desk.changelog.changecount, 8);
-  EXPECT_TRUE(d.desk.changelog.record(0).StartOfSegment);
+  EXPECT_EQ(d.context.changelog.changecount, 8);
+  EXPECT_TRUE(d.context.changelog.record(0).StartOfSegment);
   for (int record = 1; record < 8; ++record) {
-    EXPECT_FALSE(d.desk.changelog.record(record).StartOfSegment);
+    EXPECT_FALSE(d.context.changelog.record(record).StartOfSegment);
   }
   EXPECT_FALSE(d.store.drawingsaved);
   EXPECT_TRUE(d.tools.isEnabled("miUndo"));
@@ -95,7 +95,7 @@ TEST(Mirror, HorizontallyChangesTheSidesOfXAndTurnsArcsOver) {
 }
 
 TEST(Mirror, VerticallyChangesTheSidesOfYAboutThePoint) {
-  MirrorDesk d;
+  MirrorContext d;
   const TableBits before(d.store);
   mirrorWith(d, [](frmMirror& form) {
     form.txtMirrorX.setText("7");
@@ -109,7 +109,7 @@ TEST(Mirror, VerticallyChangesTheSidesOfYAboutThePoint) {
 }
 
 TEST(Mirror, OfBothKeepsTheSenseOfArcs) {
-  MirrorDesk d;
+  MirrorContext d;
   const TableBits before(d.store);
   mirrorWith(d, [](frmMirror& form) {
     form.optBoth.setValue(true);
@@ -122,7 +122,7 @@ TEST(Mirror, OfBothKeepsTheSenseOfArcs) {
 }
 
 TEST(Mirror, AsACopyLeavesTheRowsAndMirrorsNoneTwice) {
-  MirrorDesk d;
+  MirrorContext d;
   d.store.segattr[1] = 30108;
   const TableBits before(d.store);
   mirrorWith(d, [](frmMirror& form) {
@@ -135,28 +135,28 @@ TEST(Mirror, AsACopyLeavesTheRowsAndMirrorsNoneTwice) {
   EXPECT_EQ(Texts(rows.begin() + 4, rows.end()),
             (Texts{"1 (-1, 1)-(-3, 2) @30108", "3 (-1, 0)-(0, -1) c (0, 0)",
                    "5 (-2, 2)-(-2, 2) c (-1, 2)", "6 (1, -1)-(-1, 0.5)"}));
-  EXPECT_EQ(d.desk.changelog.changecount, 4);
-  EXPECT_EQ(d.desk.changelog.record(0).AddOrDelete, "A");
-  EXPECT_TRUE(d.desk.changelog.record(0).StartOfSegment);
+  EXPECT_EQ(d.context.changelog.changecount, 4);
+  EXPECT_EQ(d.context.changelog.record(0).AddOrDelete, "A");
+  EXPECT_TRUE(d.context.changelog.record(0).StartOfSegment);
   expectBackAndForth(d, before);
 }
 
 TEST(Mirror, OfTheSelectionMovesItToTheEndAndKeepsItSelected) {
-  MirrorDesk d;
-  markSegment(d.desk, 2, /*select=*/true);
+  MirrorContext d;
+  markSegment(d.context, 2, /*select=*/true);
   d.store.segattr[3] = 30108;
   const TableBits before(d.store);
   mirrorWith(d, [](frmMirror& form) { form.cmdOK.click(); });
   EXPECT_EQ(segmentTexts(d.store),
             (Texts{"1 (1, 1)-(3, 2)", "5 (2, 2)-(2, 2) c (1, 2) @30108", "6 (-1, -1)-(1, 0.5)",
                    "3 (-1, 0)-(0, -1) c (0, 0) @30008"}));
-  EXPECT_EQ(d.desk.state.Selected.rows(), (std::vector<int>{2, 4}));
-  EXPECT_EQ(d.desk.changelog.changecount, 2);
+  EXPECT_EQ(d.context.state.Selected.rows(), (std::vector<int>{2, 4}));
+  EXPECT_EQ(d.context.changelog.changecount, 2);
   expectBackAndForth(d, before);
 }
 
 TEST(Mirror, OfAllWhileSomeAreSelectedTakesTheBoxOff) {
-  MirrorDesk d;
+  MirrorContext d;
   d.store.segattr[2] = kSelectedRow;
   mirrorWith(d, [](frmMirror& form) {
     form.chkSelectedSegments.setChecked(false);
@@ -167,7 +167,7 @@ TEST(Mirror, OfAllWhileSomeAreSelectedTakesTheBoxOff) {
 
 TEST(Mirror, OfKindsWithoutShapeTakesTheStoredPointAlone) {
   for (const int type : {0, 80, 99}) {
-    RecordedDesk d;
+    RecordedDrafting d;
     d.add({.type = type, .x0 = 1, .y0 = 2, .x1 = 3, .y1 = 4, .xc = 5, .yc = 6});
     mirrorWith(d, [](frmMirror& form) {
       form.optBoth.setValue(true);
@@ -178,7 +178,7 @@ TEST(Mirror, OfKindsWithoutShapeTakesTheStoredPointAlone) {
 }
 
 TEST(Mirror, OfKind79TakesBothEnds) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.add({.type = 79, .x0 = 1, .y0 = 2, .x1 = 3, .y1 = 4});
   mirrorWith(d, [](frmMirror& form) { form.cmdOK.click(); });
   EXPECT_EQ(segmentTexts(d.store), Texts{"79 (-1, 2)-(-3, 4)"});
@@ -187,7 +187,7 @@ TEST(Mirror, OfKind79TakesBothEnds) {
 // The second row lies where the image of the first one does: the image goes as the last of the two,
 // and the row stays in its stead.
 TEST(Mirror, OfASymmetricDrawingMirrorsEachRowOnce) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.addLine(1, 0, 2, 0);
   d.addLine(-1, 0, -2, 0);
   d.addLine(3, 1, 4, 1);
@@ -199,7 +199,7 @@ TEST(Mirror, OfASymmetricDrawingMirrorsEachRowOnce) {
 }
 
 TEST(Mirror, OfRowsOnOneAnotherTakesTheLastOneFirst) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.addLine(1, 0, 2, 0);
   d.addLine(1, 0, 2, 0);
   d.addLine(3, 1, 4, 1);
@@ -212,7 +212,7 @@ TEST(Mirror, OfRowsOnOneAnotherTakesTheLastOneFirst) {
 
 // The last row of the two goes, though it was not the one that was selected.
 TEST(Mirror, OfASelectedRowUnderAnotherOneLeavesTheSelectedOne) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.addLine(1, 0, 2, 0);
   d.addLine(1, 0, 2, 0);
   d.store.segattr[1] = kSelectedRow;
@@ -221,7 +221,7 @@ TEST(Mirror, OfASelectedRowUnderAnotherOneLeavesTheSelectedOne) {
 }
 
 TEST(Mirror, TellsArcsApartByTheirCentres) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.add({.type = 2, .attr = kSelectedRow, .x0 = 1, .y0 = 1, .x1 = 1, .y1 = -1, .xc = 0});
   d.add({.type = 2, .x0 = 1, .y0 = 1, .x1 = 1, .y1 = -1, .xc = 0.5F});
   mirrorWith(d, [](frmMirror& form) { form.cmdOK.click(); });
@@ -232,7 +232,7 @@ TEST(Mirror, TellsArcsApartByTheirCentres) {
 TEST(Mirror, OfNoNumberTellsSoAndGoesToTheField) {
   for (const char* const text : {"", "x", "1,5", "1 2", "1e39"}) {
     for (const bool inX : {true, false}) {
-      MirrorDesk d;
+      MirrorContext d;
       const TableBits before(d.store);
       mirrorWith(d, [&](frmMirror& form) {
         TextBox& box = inX ? form.txtMirrorX : form.txtMirrorY;
@@ -247,13 +247,13 @@ TEST(Mirror, OfNoNumberTellsSoAndGoesToTheField) {
       EXPECT_EQ(d.messages()[0].title, "Mirror");
       EXPECT_EQ(d.messages()[0].icon, MessageIcon::Warning);
       EXPECT_TRUE(TableBits(d.store) == before);
-      EXPECT_EQ(d.desk.changelog.changecount, 0);
+      EXPECT_EQ(d.context.changelog.changecount, 0);
     }
   }
 }
 
 TEST(Mirror, BeyondTheLargestNumberChangesNothing) {
-  MirrorDesk d;
+  MirrorContext d;
   const TableBits before(d.store);
   const auto mirror = [&] {
     mirrorWith(d, [](frmMirror& form) {
@@ -263,12 +263,12 @@ TEST(Mirror, BeyondTheLargestNumberChangesNothing) {
   };
   EXPECT_EQ(testing::numberOfFailure(mirror), FailureNumber::Overflow);
   EXPECT_TRUE(TableBits(d.store) == before);
-  EXPECT_EQ(d.desk.changelog.changecount, 0);
-  EXPECT_TRUE(d.desk.formPreview.rows.empty());
+  EXPECT_EQ(d.context.changelog.changecount, 0);
+  EXPECT_TRUE(d.context.formPreview.rows.empty());
 }
 
 TEST(Mirror, IntoAFullTableAddsNothing) {
-  RecordedDesk d;
+  RecordedDrafting d;
   for (int row = 0; row < 32767; ++row) d.addLine(static_cast<float>(row), 0, 1, 1);
   const auto mirror = [&] {
     mirrorWith(d, [](frmMirror& form) {
@@ -278,11 +278,11 @@ TEST(Mirror, IntoAFullTableAddsNothing) {
   };
   EXPECT_EQ(testing::numberOfFailure(mirror), FailureNumber::Overflow);
   EXPECT_EQ(d.store.NumSegments, 32767);
-  EXPECT_EQ(d.desk.changelog.changecount, 0);
+  EXPECT_EQ(d.context.changelog.changecount, 0);
 }
 
 TEST(Mirror, ThatTheLogCannotHoldAsksFirst) {
-  RecordedDesk d;
+  RecordedDrafting d;
   for (int row = 0; row < 16384; ++row) d.addLine(static_cast<float>(row), 0, 1, 1);
   const TableBits before(d.store);
   d.test.recording.prompts.answers = {Answer::Cancel};
@@ -293,9 +293,9 @@ TEST(Mirror, ThatTheLogCannotHoldAsksFirst) {
 }
 
 TEST(Mirror, OfAnEmptyDrawingDoesNothing) {
-  RecordedDesk d;
+  RecordedDrafting d;
   mirrorWith(d, [](frmMirror& form) { form.cmdOK.click(); });
-  EXPECT_EQ(d.desk.changelog.changecount, 0);
+  EXPECT_EQ(d.context.changelog.changecount, 0);
   EXPECT_TRUE(d.store.drawingsaved);
   EXPECT_TRUE(d.messages().empty());
 }
@@ -303,29 +303,29 @@ TEST(Mirror, OfAnEmptyDrawingDoesNothing) {
 // ---- What hovers while the form is open
 
 TEST(Mirror, ShowsTheImagesBeforeOkAndTakesThemAway) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.addLine(1, 0, 2, 1);
   mirrorWith(d, [&d](frmMirror& form) {
-    EXPECT_TRUE(d.desk.formPreview.shown);
-    ASSERT_EQ(d.desk.formPreview.rows.size(), 1U);
-    EXPECT_EQ(testing::segmentText(d.desk.formPreview.rows[0]), "1 (-1, 0)-(-2, 1)");
+    EXPECT_TRUE(d.context.formPreview.shown);
+    ASSERT_EQ(d.context.formPreview.rows.size(), 1U);
+    EXPECT_EQ(testing::segmentText(d.context.formPreview.rows[0]), "1 (-1, 0)-(-2, 1)");
     d.log.take();
     form.optVertically.setValue(true);
     const std::string turnedOver = d.log.take();
-    EXPECT_EQ(testing::segmentText(d.desk.formPreview.rows[0]), "1 (1, 0)-(2, -1)");
+    EXPECT_EQ(testing::segmentText(d.context.formPreview.rows[0]), "1 (1, 0)-(2, -1)");
     form.optHorizontally.setValue(true);
     form.optVertically.setValue(true);
     EXPECT_NE(turnedOver, "");
     form.txtMirrorX.setText("no number");
-    EXPECT_TRUE(d.desk.formPreview.rows.empty());
-    EXPECT_FALSE(d.desk.formPreview.shown);
+    EXPECT_TRUE(d.context.formPreview.rows.empty());
+    EXPECT_FALSE(d.context.formPreview.shown);
     form.txtMirrorX.setText("0");
-    EXPECT_TRUE(d.desk.formPreview.shown);
+    EXPECT_TRUE(d.context.formPreview.shown);
     d.log.take();
     form.cmdCancel.click();
   });
   EXPECT_NE(d.log.take(), "") << "the last band is drawn once more and so removed";
-  EXPECT_FALSE(d.desk.formPreview.shown);
+  EXPECT_FALSE(d.context.formPreview.shown);
   EXPECT_EQ(d.store.NumSegments, 1);
 }
 

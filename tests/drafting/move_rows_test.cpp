@@ -7,7 +7,7 @@
 #include "drafting/repeat_key.h"
 #include "drafting/rubber_band.h"
 #include "tests/support/back_and_forth.h"
-#include "tests/support/drafting_desk.h"
+#include "tests/support/drafting_test_context.h"
 #include "tests/support/failure_of.h"
 
 namespace tess {
@@ -15,14 +15,14 @@ namespace {
 
 using testing::expectBackAndForth;
 using testing::pathTexts;
-using testing::RecordedDesk;
+using testing::RecordedDrafting;
 using testing::segmentTexts;
 using testing::TableBits;
 using Texts = std::vector<std::string>;
 
 // A line, both arcs, a circle, a rectangle; and of paths a rapid, a line, an arc and a cycle.
-struct MoveDesk : RecordedDesk {
-  MoveDesk() {
+struct MoveContext : RecordedDrafting {
+  MoveContext() {
     addLine(0, 0, 1, 0);
     add({.type = 2, .x0 = 1, .y0 = 0, .x1 = -1, .y1 = 0});
     add({.type = 3, .x0 = 1, .y0 = 1, .x1 = -1, .y1 = 1, .yc = 1});
@@ -48,9 +48,9 @@ struct MoveDesk : RecordedDesk {
 };
 
 TEST(MoveRows, TakesEverythingByTheWayFromTheMarkerToTheClick) {
-  MoveDesk d;
+  MoveContext d;
   d.rightClick(1, 1);
-  kMoveCommand.run(d.desk);
+  kMoveCommand.run(d.context);
   EXPECT_EQ(d.pending(), 7);
   EXPECT_EQ(d.prompt(),
             "Click at new position to move.  All drawing and path segments will be moved.");
@@ -64,7 +64,7 @@ TEST(MoveRows, TakesEverythingByTheWayFromTheMarkerToTheClick) {
                    "83 (2, 3)-(2, 3) c (0.1, 3) @201 z -0.5"}));
   EXPECT_EQ(d.pending(), 0);
   EXPECT_EQ(d.marker(), (Point{2, 3}));
-  EXPECT_EQ((Point{d.desk.command.prevmarkerx, d.desk.command.prevmarkery}), (Point{1, 1}));
+  EXPECT_EQ((Point{d.context.command.prevmarkerx, d.context.command.prevmarkery}), (Point{1, 1}));
   EXPECT_FALSE(d.store.drawingsaved);
   EXPECT_TRUE(d.tools.isEnabled("miUndo"));
   EXPECT_FALSE(d.tools.isEnabled("miRedo"));
@@ -72,27 +72,27 @@ TEST(MoveRows, TakesEverythingByTheWayFromTheMarkerToTheClick) {
 }
 
 TEST(MoveRows, OfEverythingIsTwoStepsOfUndoAndThePathsComeBackFirst) {
-  MoveDesk d;
+  MoveContext d;
   const TableBits before(d.store);
-  kMoveCommand.run(d.desk);
+  kMoveCommand.run(d.context);
   d.click(0.3F, 0.7F);
   const TableBits moved(d.store);
-  Undo_Last_Change(d.desk);
+  Undo_Last_Change(d.context);
   EXPECT_TRUE(TableBits(d.store).placed == before.placed);
   EXPECT_TRUE(TableBits(d.store).drawn == moved.drawn);
-  Undo_Last_Change(d.desk);
+  Undo_Last_Change(d.context);
   EXPECT_TRUE(TableBits(d.store) == before);
   EXPECT_FALSE(d.tools.isEnabled("miUndo"));
-  RedoLastChange(d.desk);
-  RedoLastChange(d.desk);
+  RedoLastChange(d.context);
+  RedoLastChange(d.context);
   EXPECT_TRUE(TableBits(d.store) == moved);
   expectBackAndForth(d, before, 2);
 }
 
 TEST(MoveRows, LogsTheOldRowThenTheNewOneAndOpensAStepForEachTable) {
-  MoveDesk d;
-  moveAll(d.desk.changes, 1, 0, 1);
-  const ChangeLog& log = d.desk.changelog;
+  MoveContext d;
+  moveAll(d.context.changes, 1, 0, 1);
+  const ChangeLog& log = d.context.changelog;
   ASSERT_EQ(log.changecount, 18);
   for (int record = 0; record < 18; ++record) {
     SCOPED_TRACE(record);
@@ -103,21 +103,21 @@ TEST(MoveRows, LogsTheOldRowThenTheNewOneAndOpensAStepForEachTable) {
 }
 
 TEST(MoveRows, FromALaterRowOnLeavesThoseBeforeItAndOpensTheStepThere) {
-  MoveDesk d;
-  moveAll(d.desk.changes, 0, 1, 5);
+  MoveContext d;
+  moveAll(d.context.changes, 0, 1, 5);
   EXPECT_EQ(segmentTexts(d.store).front(), "1 (0, 0)-(1, 0)");
   EXPECT_EQ(segmentTexts(d.store).back(), "6 (-1, 0)-(1, 1.5)");
   EXPECT_EQ(pathTexts(d.store).front(), "0 (0, 1)-(1, 1) @100 z 1");
-  EXPECT_EQ(d.desk.changelog.changecount, 10);
-  EXPECT_TRUE(d.desk.changelog.record(0).StartOfSegment);
+  EXPECT_EQ(d.context.changelog.changecount, 10);
+  EXPECT_TRUE(d.context.changelog.record(0).StartOfSegment);
 }
 
 TEST(MoveRows, WithASelectionTakesItAloneAndLeavesThePaths) {
-  MoveDesk d;
+  MoveContext d;
   d.store.segattr[2] = d.store.segattr[4] = kSelectedRow;
   const TableBits before(d.store);
   const Texts paths = pathTexts(d.store);
-  kMoveCommand.run(d.desk);
+  kMoveCommand.run(d.context);
   EXPECT_EQ(d.prompt(),
             "Click at new position to move.  Only selected drawing segments will be moved.");
   d.click(0, 2);
@@ -126,60 +126,60 @@ TEST(MoveRows, WithASelectionTakesItAloneAndLeavesThePaths) {
       (Texts{"1 (0, 0)-(1, 0)", "2 (1, 2)-(-1, 2) c (0, 2) @30008", "3 (1, 1)-(-1, 1) c (0, 1)",
              "5 (2, 4)-(2, 4) c (1, 4) @30008", "6 (-1, -1)-(1, 0.5)"}));
   EXPECT_EQ(pathTexts(d.store), paths);
-  EXPECT_EQ(d.desk.changelog.changecount, 4);
-  EXPECT_TRUE(d.desk.changelog.record(0).StartOfSegment);
-  EXPECT_EQ(d.desk.changelog.record(0).SegType, 2) << "the first row that was changed opens it";
+  EXPECT_EQ(d.context.changelog.changecount, 4);
+  EXPECT_TRUE(d.context.changelog.record(0).StartOfSegment);
+  EXPECT_EQ(d.context.changelog.record(0).SegType, 2) << "the first row that was changed opens it";
   expectBackAndForth(d, before);
 }
 
 TEST(MoveRows, TakesVerifiedRowsForUnselectedOnes) {
-  MoveDesk d;
+  MoveContext d;
   d.store.segattr[1] = 30108;
-  kMoveCommand.run(d.desk);
+  kMoveCommand.run(d.context);
   d.click(0, 1);
   EXPECT_EQ(segmentTexts(d.store).front(), "1 (0, 1)-(1, 1) @30108");
   EXPECT_EQ(pathTexts(d.store).front(), "0 (0, 1)-(1, 1) @100 z 1");
 }
 
 TEST(MoveRows, KeepsWhatStandsInTheCentreOfALine) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.add({.type = 1, .x1 = 1, .xc = 0.5F, .yc = 0.25F});
-  moveAll(d.desk.changes, 3, 4, 1);
+  moveAll(d.context.changes, 3, 4, 1);
   EXPECT_EQ(segmentTexts(d.store), Texts{"1 (3, 4)-(4, 4) c (0.5, 0.25)"});
 }
 
 TEST(MoveRows, InAnEmptyDrawingMovesTheMarkerAlone) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.tools.setEnabled("miUndo", false);
-  kMoveCommand.run(d.desk);
+  kMoveCommand.run(d.context);
   d.click(1, 1);
   EXPECT_EQ(d.marker(), (Point{1, 1}));
-  EXPECT_EQ(d.desk.changelog.changecount, 0);
+  EXPECT_EQ(d.context.changelog.changecount, 0);
   EXPECT_FALSE(d.tools.isEnabled("miUndo"));
   EXPECT_TRUE(d.store.drawingsaved);
   EXPECT_EQ(d.pending(), 0);
 }
 
 TEST(MoveRows, BeyondTheLargestNumberChangesNothing) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.addLine(0, 0, 1, 0);
   d.addLine(3e38F, 0, 1, 0);
   d.addPathLine(0, 0, 1, 0);
   d.store.drawingsaved = true;
   const TableBits before(d.store);
-  EXPECT_EQ(testing::numberOfFailure([&] { moveAll(d.desk.changes, 3e38F, 0, 1); }),
+  EXPECT_EQ(testing::numberOfFailure([&] { moveAll(d.context.changes, 3e38F, 0, 1); }),
             FailureNumber::Overflow);
   EXPECT_TRUE(TableBits(d.store) == before);
-  EXPECT_EQ(d.desk.changelog.changecount, 0);
+  EXPECT_EQ(d.context.changelog.changecount, 0);
   EXPECT_TRUE(d.store.drawingsaved);
 }
 
 TEST(MoveRows, ThatTheLogCannotHoldAsksFirst) {
-  RecordedDesk d;
+  RecordedDrafting d;
   for (int row = 0; row < 16384; ++row) d.addLine(static_cast<float>(row), 0, 1, 1);
   const TableBits before(d.store);
   d.test.recording.prompts.answers = {Answer::Cancel};
-  kMoveCommand.run(d.desk);
+  kMoveCommand.run(d.context);
   d.click(1, 1);
   ASSERT_EQ(d.messages().size(), 1U);
   EXPECT_EQ(d.messages()[0].text,
@@ -191,7 +191,7 @@ TEST(MoveRows, ThatTheLogCannotHoldAsksFirst) {
   EXPECT_EQ(d.pending(), 0);
 
   d.test.recording.prompts.answers = {Answer::Ok};
-  kMoveCommand.run(d.desk);
+  kMoveCommand.run(d.context);
   d.click(1, 1);
   EXPECT_EQ(segmentTexts(d.store).front(), "1 (1, 1)-(2, 2)");
   EXPECT_EQ(d.marker(), (Point{1, 1}));
@@ -199,22 +199,22 @@ TEST(MoveRows, ThatTheLogCannotHoldAsksFirst) {
 }
 
 TEST(MoveRows, IsIssuedAgainByTheRepeatKey) {
-  MoveDesk d;
-  kMoveCommand.run(d.desk);
+  MoveContext d;
+  kMoveCommand.run(d.context);
   d.click(1, 0);
-  repeatLastCommand(d.desk);
+  repeatLastCommand(d.context);
   EXPECT_EQ(d.pending(), 7);
   d.click(2, 0);
   EXPECT_EQ(segmentTexts(d.store).front(), "1 (2, 0)-(3, 0)");
 }
 
 TEST(MoveRows, IsCancelledByEscAndByTheRightButton) {
-  MoveDesk d;
+  MoveContext d;
   const TableBits before(d.store);
-  kMoveCommand.run(d.desk);
-  Handle_esc(d.desk);
+  kMoveCommand.run(d.context);
+  Handle_esc(d.context);
   EXPECT_EQ(d.pending(), 0);
-  kMoveCommand.run(d.desk);
+  kMoveCommand.run(d.context);
   d.rightClick(2, 2);
   EXPECT_EQ(d.pending(), 0);
   EXPECT_EQ(d.marker(), (Point{0, 0})) << "the right button cancels, and moves no marker";
@@ -224,59 +224,59 @@ TEST(MoveRows, IsCancelledByEscAndByTheRightButton) {
 // ---- What hovers while the button is held
 
 TEST(MoveRows, HoverWhereTheReleaseWouldPutThem) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.addLine(0, 0, 1, 0);
   d.store.segattr[1] = kSelectedRow;
   d.addLine(3, 3, 4, 4);
-  kMoveCommand.run(d.desk);
+  kMoveCommand.run(d.context);
   d.log.take();
   d.press(1, 1, 1);
   d.log.take();
   d.move(1, 1, 2);
-  EXPECT_EQ(d.desk.pointer.DragBand, 7);
+  EXPECT_EQ(d.context.pointer.DragBand, 7);
   d.log.take();
-  eraseDragBand(d.desk);
+  eraseDragBand(d.context);
   const std::string erased = d.log.take();
-  d.desk.pointer.MouseMoveX = 1;
-  d.desk.pointer.MouseMoveY = 2;
-  showDragBand(d.desk);
+  d.context.pointer.MouseMoveX = 1;
+  d.context.pointer.MouseMoveY = 2;
+  showDragBand(d.context);
   EXPECT_EQ(d.log.take(), erased);
   EXPECT_NE(erased.find(testing::recordedLine({1, 2, 2, 2})), std::string::npos) << erased;
   EXPECT_EQ(erased.find(testing::recordedLine({4, 5, 5, 6})), std::string::npos)
       << "rows that stay do not hover";
   d.release(1, 1, 2);
-  EXPECT_EQ(d.desk.pointer.DragBand, 0);
+  EXPECT_EQ(d.context.pointer.DragBand, 0);
   EXPECT_EQ(segmentTexts(d.store).front(), "1 (1, 2)-(2, 2) @30008");
 }
 
 TEST(MoveRows, HoverAtTheGridThatTheReleaseSnapsTo) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.addLine(0, 0, 1, 0);
   d.store.cursorgridf = 1;
   d.store.cursorgrid = 0.5F;
-  kMoveCommand.run(d.desk);
+  kMoveCommand.run(d.context);
   d.press(1, 1.1F, 0.9F);
-  EXPECT_EQ((Point{d.desk.pointer.MouseMoveX, d.desk.pointer.MouseMoveY}), (Point{1, 1}));
+  EXPECT_EQ((Point{d.context.pointer.MouseMoveX, d.context.pointer.MouseMoveY}), (Point{1, 1}));
 }
 
 TEST(MoveRows, StopHoveringWhenTheMoveIsCancelled) {
   for (const bool byEsc : {true, false}) {
-    MoveDesk d;
-    kMoveCommand.run(d.desk);
+    MoveContext d;
+    kMoveCommand.run(d.context);
     d.press(1, 1, 1);
-    EXPECT_EQ(d.desk.pointer.DragBand, 7);
-    byEsc ? Handle_esc(d.desk) : d.release(2, 1, 1);
-    EXPECT_EQ(d.desk.pointer.DragBand, 0);
+    EXPECT_EQ(d.context.pointer.DragBand, 7);
+    byEsc ? Handle_esc(d.context) : d.release(2, 1, 1);
+    EXPECT_EQ(d.context.pointer.DragBand, 0);
     EXPECT_EQ(d.pending(), 0);
   }
 }
 
 TEST(SetOrigin, MovesSegmentsAndPathsSoThatTheClickIsTheOrigin) {
-  MoveDesk d;
+  MoveContext d;
   d.store.segattr[1] = kSelectedRow;
   const TableBits before(d.store);
   d.rightClick(1, 1);
-  kSetOriginCommand.run(d.desk);
+  kSetOriginCommand.run(d.context);
   EXPECT_EQ(d.pending(), 35);
   EXPECT_EQ(d.mode(), 0);
   EXPECT_EQ(d.prompt(), "Click on new origin.");
@@ -295,11 +295,11 @@ TEST(SetOrigin, MovesSegmentsAndPathsSoThatTheClickIsTheOrigin) {
 }
 
 TEST(SetOrigin, InAnEmptyDrawingDoesNothing) {
-  RecordedDesk d;
-  kSetOriginCommand.run(d.desk);
+  RecordedDrafting d;
+  kSetOriginCommand.run(d.context);
   d.click(1, 1);
   EXPECT_EQ(d.pending(), 0);
-  EXPECT_EQ(d.desk.changelog.changecount, 0);
+  EXPECT_EQ(d.context.changelog.changecount, 0);
   EXPECT_EQ(d.beeps(), 0);
   EXPECT_TRUE(d.messages().empty());
 }

@@ -5,20 +5,20 @@
 
 #include "drafting/entity_creation.h"
 #include "drafting/pending_actions.h"
-#include "tests/support/drafting_desk.h"
+#include "tests/support/drafting_test_context.h"
 #include "tests/support/failure_of.h"
 
 namespace tess {
 namespace {
 
-using testing::RecordedDesk;
+using testing::RecordedDrafting;
 using Texts = std::vector<std::string>;
 
 constexpr int kEnds = 1, kCenters = 2, kMidpoints = 3, kQuadrants = 4, kPerpendiculars = 5;
 
-void activate(RecordedDesk& d, std::initializer_list<int> kinds) {
-  d.desk.state.OSnapActive = {};
-  for (const int kind : kinds) d.desk.state.OSnapActive[static_cast<std::size_t>(kind)] = true;
+void activate(RecordedDrafting& d, std::initializer_list<int> kinds) {
+  d.context.state.OSnapActive = {};
+  for (const int kind : kinds) d.context.state.OSnapActive[static_cast<std::size_t>(kind)] = true;
 }
 
 // The feature that is chosen for a pointer, as in "3 (0.5, 0)".
@@ -28,9 +28,9 @@ std::string chosen(const std::optional<CFeaturePoint>& feature) {
          testing::recordedPoint(feature->X, feature->Y);
 }
 
-std::string featureAt(RecordedDesk& d, int sg, float x, float y, std::optional<Point> from = {},
+std::string featureAt(RecordedDrafting& d, int sg, float x, float y, std::optional<Point> from = {},
                       bool invert = false) {
-  return chosen(GetClosetFeaturePoint(d.desk, sg, {{x, y}, from, invert}));
+  return chosen(GetClosetFeaturePoint(d.context, sg, {{x, y}, from, invert}));
 }
 
 constexpr SegmentRow kSnapLine{.type = 1, .x0 = 0, .y0 = 0, .x1 = 2, .y1 = 1};
@@ -76,7 +76,7 @@ const FeatureCase kFeatures[] = {
 TEST(Features, OfEachKindOnEachEntity) {
   for (const FeatureCase& row : kFeatures) {
     SCOPED_TRACE(row.name);
-    RecordedDesk d;
+    RecordedDrafting d;
     d.add(row.row);
     activate(d, {row.kind});
     EXPECT_EQ(featureAt(d, 1, row.pointer.x, row.pointer.y), row.feature);
@@ -84,7 +84,7 @@ TEST(Features, OfEachKindOnEachEntity) {
 }
 
 TEST(Features, TheMiddleOfAnArcFrom350To10DegreesLandsAt180) {
-  RecordedDesk d;
+  RecordedDrafting d;
   const auto at = [](double degrees) {
     const double angle = degrees * kPi / 180;
     return Point{narrow(std::cos(angle)), narrow(std::sin(angle))};
@@ -96,7 +96,7 @@ TEST(Features, TheMiddleOfAnArcFrom350To10DegreesLandsAt180) {
 }
 
 TEST(Features, ThePerpendicularStartsFromThePointGiven) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.addLine(0, 0, 4, 0);
   activate(d, {kPerpendiculars});
   EXPECT_EQ(featureAt(d, 1, 1, 0.1F, Point{1.2F, 3}), "5 (1.2, 0)");
@@ -105,14 +105,14 @@ TEST(Features, ThePerpendicularStartsFromThePointGiven) {
 }
 
 TEST(Features, WithoutAPointGivenThereIsNoPerpendicular) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.addLine(0, 0, 4, 0);
   activate(d, {kPerpendiculars});
   EXPECT_EQ(featureAt(d, 1, 1, 0.1F), "none");
 }
 
 TEST(Features, AnArcWhoseEndsCoincideExactlyIsACircle) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.add(kWhole);
   d.add(kQuarter);
   d.add(kTypeFive);
@@ -124,7 +124,7 @@ TEST(Features, AnArcWhoseEndsCoincideExactlyIsACircle) {
 // ---- Choosing
 
 TEST(ChoosingAFeature, TakesTheNearest) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.add(kQuarter);
   activate(d, {kEnds, kCenters, kMidpoints, kQuadrants});
   EXPECT_EQ(featureAt(d, 1, 0.3F, 0.1F), "2 (0, 0)");
@@ -132,7 +132,7 @@ TEST(ChoosingAFeature, TakesTheNearest) {
 }
 
 TEST(ChoosingAFeature, OfEquallyNearOnesTheFirstStays) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.addLine(0, 0, 1, 0);
   d.add(kQuarter);
   activate(d, {kEnds, kMidpoints, kQuadrants});
@@ -141,7 +141,7 @@ TEST(ChoosingAFeature, OfEquallyNearOnesTheFirstStays) {
 }
 
 TEST(ChoosingAFeature, ReachesATenthOfTheViewsWidthExclusively) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.addLine(0, 0, 4, 0);
   activate(d, {kEnds});
   EXPECT_EQ(featureAt(d, 1, 0, 0.999F), "1 (0, 0)");
@@ -149,7 +149,7 @@ TEST(ChoosingAFeature, ReachesATenthOfTheViewsWidthExclusively) {
 }
 
 TEST(ChoosingAFeature, ReachesTheSameShareOfACloserView) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.addLine(0, 0, 4, 0);
   activate(d, {kEnds});
   d.viewCommands.Zoom_In(0, 0);
@@ -158,23 +158,23 @@ TEST(ChoosingAFeature, ReachesTheSameShareOfACloserView) {
 }
 
 TEST(ChoosingAFeature, OnAnEmptyDrawingOffersOnlyTheTypedPosition) {
-  RecordedDesk d;
+  RecordedDrafting d;
   activate(d, {kEnds, kCenters, kMidpoints, kQuadrants, kPerpendiculars});
-  EXPECT_EQ(chosen(featureAtPointer(d.desk, {0, 0}, false)), "none");
-  d.desk.typedPosition = Point{0.5F, 0};
-  EXPECT_EQ(chosen(featureAtPointer(d.desk, {0, 0}, false)), "6 (0.5, 0)");
+  EXPECT_EQ(chosen(featureAtPointer(d.context, {0, 0}, false)), "none");
+  d.context.typedPosition = Point{0.5F, 0};
+  EXPECT_EQ(chosen(featureAtPointer(d.context, {0, 0}, false)), "6 (0.5, 0)");
 }
 
 TEST(ChoosingAFeature, PutsTheTypedPositionLast) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.addLine(0, 0, 4, 0);
   activate(d, {kEnds});
-  d.desk.typedPosition = Point{0, 0};
+  d.context.typedPosition = Point{0, 0};
   EXPECT_EQ(featureAt(d, 1, 0.1F, 0), "1 (0, 0)");
 }
 
 TEST(ChoosingAFeature, InvertedTakesThePersistentKindsToo) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.add(kQuarter);
   activate(d, {kMidpoints});
   EXPECT_EQ(featureAt(d, 1, 0.1F, 0.1F), "3 (0.7071, 0.7071)");
@@ -182,11 +182,11 @@ TEST(ChoosingAFeature, InvertedTakesThePersistentKindsToo) {
 }
 
 TEST(ChoosingAFeature, StartsPerpendicularsFromTheMarker) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.addLine(0, 0, 4, 0);
   d.rightClick(1.2F, 3);
   activate(d, {kPerpendiculars});
-  EXPECT_EQ(chosen(featureAtPointer(d.desk, {1, 0.1F}, false)), "5 (1.2, 0)");
+  EXPECT_EQ(chosen(featureAtPointer(d.context, {1, 0.1F}, false)), "5 (1.2, 0)");
 }
 
 TEST(FeatureDistance, TakesMissingCoordinatesFromThePointer) {
@@ -200,40 +200,40 @@ TEST(FeatureDistance, TakesMissingCoordinatesFromThePointer) {
 // ---- Where features act
 
 TEST(SnapInADrag, OffersFeaturesAndTheReleaseTakesThem) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.addLine(1, 1, 3, 1);
-  OSnap_ButtonClick(d.desk);
-  mnuDrawLine_Click(d.desk);
+  OSnap_ButtonClick(d.context);
+  mnuDrawLine_Click(d.context);
   d.drag({0.5F, 0}, {1.1F, 1.1F});
   EXPECT_EQ(testing::segmentTexts(d.store).back(), "1 (0, 0)-(1, 1)");
-  EXPECT_FALSE(d.desk.state.FeaturePoint());
+  EXPECT_FALSE(d.context.state.FeaturePoint());
 }
 
 TEST(SnapInADrag, LeavesThePointerFree) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.addLine(1, 1, 3, 1);
-  OSnap_ButtonClick(d.desk);
-  mnuDrawLine_Click(d.desk);
+  OSnap_ButtonClick(d.context);
+  mnuDrawLine_Click(d.context);
   d.press(1, 0, 0);
   d.move(1, 1.1F, 1.1F);
-  EXPECT_EQ(chosen(d.desk.state.FeaturePoint()), "1 (1, 1)");
+  EXPECT_EQ(chosen(d.context.state.FeaturePoint()), "1 (1, 1)");
   EXPECT_EQ(d.mouse(), (Point{1.1F, 1.1F}));
-  EXPECT_EQ(d.desk.pointer.MouseMoveX, 1.1F);
+  EXPECT_EQ(d.context.pointer.MouseMoveX, 1.1F);
 }
 
 TEST(SnapInADrag, TheShiftKeyTurnsItOff) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.addLine(1, 1, 3, 1);
-  OSnap_ButtonClick(d.desk);
-  mnuDrawLine_Click(d.desk);
+  OSnap_ButtonClick(d.context);
+  mnuDrawLine_Click(d.context);
   d.drag({0.5F, 0}, {1.1F, 1.1F}, kShiftKey);
   EXPECT_EQ(testing::segmentTexts(d.store).back(), "1 (0, 0)-(1.1, 1.1)");
 }
 
 TEST(SnapInADrag, TheShiftKeyTurnsItOnForThePersistentKinds) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.addLine(1, 1, 3, 1);
-  mnuDrawLine_Click(d.desk);
+  mnuDrawLine_Click(d.context);
   d.drag({0.5F, 0}, {1.1F, 1.1F}, kShiftKey);
   EXPECT_EQ(testing::segmentTexts(d.store).back(), "1 (0, 0)-(1, 1)");
 }
@@ -249,20 +249,20 @@ TEST(SnapInADrag, TheShiftKeyInvertsForThreeKindsOfDragsAlone) {
   };
   for (const ShiftCase& row : kCases) {
     SCOPED_TRACE(::testing::Message() << row.action << ' ' << row.mode << ' ' << row.button);
-    RecordedDesk d;
+    RecordedDrafting d;
     d.addLine(1, 1, 3, 1);
-    d.desk.state.setDrawMode(row.mode);
-    d.desk.state.setPendingaction(row.action);
+    d.context.state.setDrawMode(row.mode);
+    d.context.state.setPendingaction(row.action);
     d.press(row.button, 0, 0);
     d.move(row.button, 1.1F, 1.1F, kShiftKey);
-    EXPECT_EQ(d.desk.state.FeaturePoint().has_value(), row.offers);
+    EXPECT_EQ(d.context.state.FeaturePoint().has_value(), row.offers);
   }
 }
 
 TEST(SnapInADrag, OfTheRightButtonPutsTheMarkerOnAFeature) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.addLine(1, 1, 3, 1);
-  OSnap_ButtonClick(d.desk);
+  OSnap_ButtonClick(d.context);
   d.press(2, 0, 0);
   d.move(2, 1.1F, 1.1F);
   d.release(2, 1.1F, 1.1F);
@@ -270,55 +270,55 @@ TEST(SnapInADrag, OfTheRightButtonPutsTheMarkerOnAFeature) {
 }
 
 TEST(SnapInADrag, ASingleUseEndsWithTheClick) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.addLine(1, 1, 3, 1);
-  mnuDrawLine_Click(d.desk);
-  d.desk.state.UpdateOSnapFeature(/*once=*/true, kMidpoints);
+  mnuDrawLine_Click(d.context);
+  d.context.state.UpdateOSnapFeature(/*once=*/true, kMidpoints);
   d.drag({0.5F, 0}, {2.1F, 1.1F});
   EXPECT_EQ(testing::segmentTexts(d.store).back(), "1 (0, 0)-(2, 1)");
-  EXPECT_EQ(d.desk.state.OSnapActive, SnapSet{});
+  EXPECT_EQ(d.context.state.OSnapActive, SnapSet{});
   d.drag({0.5F, 0}, {2.1F, 1.2F});
   EXPECT_EQ(testing::segmentTexts(d.store).back(), "1 (2, 1)-(2.1, 1.2)");
 }
 
 TEST(SnapInADrag, AfterASingleUseTheSetInForceIsThePersistentOne) {
-  RecordedDesk d;
-  OSnap_ButtonClick(d.desk);
-  d.desk.state.UpdateOSnapFeature(/*once=*/true, kMidpoints);
-  EXPECT_TRUE(d.desk.state.OSnapActive[kMidpoints]);
+  RecordedDrafting d;
+  OSnap_ButtonClick(d.context);
+  d.context.state.UpdateOSnapFeature(/*once=*/true, kMidpoints);
+  EXPECT_TRUE(d.context.state.OSnapActive[kMidpoints]);
   d.rightClick(1, 1);
-  EXPECT_EQ(d.desk.state.OSnapActive, d.desk.state.OSnapFeatures);
-  EXPECT_FALSE(d.desk.state.OSnapActive[kMidpoints]);
+  EXPECT_EQ(d.context.state.OSnapActive, d.context.state.OSnapFeatures);
+  EXPECT_FALSE(d.context.state.OSnapActive[kMidpoints]);
 }
 
 // ---- Sets and the menu
 
 TEST(SnapSets, AfterASetupLoadHoldKinds1And2And5AndSnapIsOff) {
-  RecordedDesk d;
-  d.desk.state.OSnapOn = true;
-  d.desk.state.OSnapRadius = 3;
-  d.desk.state.OSnapFeatures = {true, true, true, true, true, true, true};
-  d.desk.state.resetObjectSnap();
-  EXPECT_FALSE(d.desk.state.OSnapOn);
-  EXPECT_EQ(d.desk.state.OSnapRadius, 0.1F);
-  EXPECT_EQ(d.desk.state.OSnapFeatures, (SnapSet{false, true, true, false, false, true, false}));
-  EXPECT_EQ(d.desk.state.OSnapActive, SnapSet{});
+  RecordedDrafting d;
+  d.context.state.OSnapOn = true;
+  d.context.state.OSnapRadius = 3;
+  d.context.state.OSnapFeatures = {true, true, true, true, true, true, true};
+  d.context.state.resetObjectSnap();
+  EXPECT_FALSE(d.context.state.OSnapOn);
+  EXPECT_EQ(d.context.state.OSnapRadius, 0.1F);
+  EXPECT_EQ(d.context.state.OSnapFeatures, (SnapSet{false, true, true, false, false, true, false}));
+  EXPECT_EQ(d.context.state.OSnapActive, SnapSet{});
 }
 
 TEST(SnapSets, TheButtonBringsThePersistentSetIntoForceAndClearsIt) {
-  RecordedDesk d;
-  OSnap_ButtonClick(d.desk);
-  EXPECT_TRUE(d.desk.state.OSnapOn);
+  RecordedDrafting d;
+  OSnap_ButtonClick(d.context);
+  EXPECT_TRUE(d.context.state.OSnapOn);
   EXPECT_TRUE(d.tools.isChecked("OSnap"));
-  EXPECT_EQ(d.desk.state.OSnapActive, d.desk.state.OSnapFeatures);
-  OSnap_ButtonClick(d.desk);
-  EXPECT_FALSE(d.desk.state.OSnapOn);
+  EXPECT_EQ(d.context.state.OSnapActive, d.context.state.OSnapFeatures);
+  OSnap_ButtonClick(d.context);
+  EXPECT_FALSE(d.context.state.OSnapOn);
   EXPECT_FALSE(d.tools.isChecked("OSnap"));
-  EXPECT_EQ(d.desk.state.OSnapActive, SnapSet{});
+  EXPECT_EQ(d.context.state.OSnapActive, SnapSet{});
 }
 
 struct SnapEntry {
-  void (*click)(Desk&);
+  void (*click)(DraftingContext&);
   int kind;
 };
 
@@ -330,30 +330,30 @@ constexpr SnapEntry kSnapEntries[] = {
 
 TEST(SnapMenu, WhileTheButtonIsDownTurnsAKindOver) {
   for (const SnapEntry& entry : kSnapEntries) {
-    RecordedDesk d;
-    OSnap_ButtonClick(d.desk);
+    RecordedDrafting d;
+    OSnap_ButtonClick(d.context);
     const auto kind = static_cast<std::size_t>(entry.kind);
-    const bool before = d.desk.state.OSnapFeatures[kind];
-    entry.click(d.desk);
-    EXPECT_EQ(d.desk.state.OSnapFeatures[kind], !before);
-    EXPECT_EQ(d.desk.state.OSnapActive[kind], !before);
+    const bool before = d.context.state.OSnapFeatures[kind];
+    entry.click(d.context);
+    EXPECT_EQ(d.context.state.OSnapFeatures[kind], !before);
+    EXPECT_EQ(d.context.state.OSnapActive[kind], !before);
   }
 }
 
 TEST(SnapMenu, WhileTheButtonIsUpIsASingleUse) {
   for (const SnapEntry& entry : kSnapEntries) {
-    RecordedDesk d;
-    const SnapSet before = d.desk.state.OSnapFeatures;
-    entry.click(d.desk);
-    EXPECT_EQ(d.desk.state.OSnapFeatures, before);
+    RecordedDrafting d;
+    const SnapSet before = d.context.state.OSnapFeatures;
+    entry.click(d.context);
+    EXPECT_EQ(d.context.state.OSnapFeatures, before);
     SnapSet only{};
     only[static_cast<std::size_t>(entry.kind)] = true;
-    EXPECT_EQ(d.desk.state.OSnapActive, only);
+    EXPECT_EQ(d.context.state.OSnapActive, only);
   }
 }
 
 TEST(SnapMenu, MarksThePersistentKindsWhileTheButtonIsDown) {
-  RecordedDesk d;
+  RecordedDrafting d;
   const auto captions = [&d] {
     Texts texts;
     for (const char* const tool : {"miOSnapEndpoints", "miOSnapCenter", "miOSnapMidpoint",
@@ -362,33 +362,33 @@ TEST(SnapMenu, MarksThePersistentKindsWhileTheButtonIsDown) {
     }
     return texts;
   };
-  OSnap_ButtonClick(d.desk);
+  OSnap_ButtonClick(d.context);
   for (int opened = 0; opened < 2; ++opened) {
-    OSnap_ButtonClick_ButtonDropDown(d.desk);
+    OSnap_ButtonClick_ButtonDropDown(d.context);
     EXPECT_EQ(captions(), (Texts{"×miOSnapEndpoints", "×miOSnapCenter", " miOSnapMidpoint",
                                  " miOSnapQuadrant", "×miOSnapPerpendicular"}));
   }
-  OSnap_ButtonClick(d.desk);
-  OSnap_ButtonClick_ButtonDropDown(d.desk);
+  OSnap_ButtonClick(d.context);
+  OSnap_ButtonClick_ButtonDropDown(d.context);
   EXPECT_EQ(captions(), (Texts{" miOSnapEndpoints", " miOSnapCenter", " miOSnapMidpoint",
                                " miOSnapQuadrant", " miOSnapPerpendicular"}));
 }
 
 TEST(SnapMenu, WithoutItsToolsMarksNothing) {
-  RecordedDesk d;
+  RecordedDrafting d;
   ToolHost none;
   CState state(d.ScreenProxy);
-  Desk bare({d.test.session, d.view, d.renderer, d.redraw, state, d.viewCommands, d.ScreenProxy,
-             d.pointer, d.timers, none, d.statusBar, d});
+  DraftingContext bare({d.test.session, d.view, d.renderer, d.redraw, state, d.viewCommands,
+                        d.ScreenProxy, d.pointer, d.timers, none, d.statusBar, d});
   OSnap_ButtonClick_ButtonDropDown(bare);
   EXPECT_EQ(none.toolNames(), Texts{});
   EXPECT_EQ(d.tools.tool("miOSnapCenter")->caption, " miOSnapCenter");
 }
 
 TEST(SnapSets, AnIndexOutsideTheKindsIsRefused) {
-  RecordedDesk d;
+  RecordedDrafting d;
   for (const int index : {-1, 7}) {
-    EXPECT_EQ(testing::numberOfFailure([&] { d.desk.state.UpdateOSnapFeature(false, index); }),
+    EXPECT_EQ(testing::numberOfFailure([&] { d.context.state.UpdateOSnapFeature(false, index); }),
               FailureNumber::SubscriptOutOfRange);
   }
 }
@@ -396,10 +396,10 @@ TEST(SnapSets, AnIndexOutsideTheKindsIsRefused) {
 // ---- Marks
 
 TEST(FeatureMark, IsErasedByDrawingItAgain) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.log.take();
-  d.desk.state.setFeaturePoint(CFeaturePoint{.X = 1, .Y = 1});
-  d.desk.state.setFeaturePoint({});
+  d.context.state.setFeaturePoint(CFeaturePoint{.X = 1, .Y = 1});
+  d.context.state.setFeaturePoint({});
   const std::string square =
       "DrawMode 10\n"
       "box (0.8667, 0.8667)-(1.1333, 1.1333) #000000\n"
@@ -428,7 +428,7 @@ TEST(FeatureMark, HasAShapeForEachKind) {
        "line (0, 0)-(0, 0) #FF00FF\n"
        "DrawWidth 1\n"},
   };
-  RecordedDesk d;
+  RecordedDrafting d;
   for (const MarkCase& row : cases) {
     d.log.take();
     CFeaturePoint{.PointType = row.kind}.Draw(d.ScreenProxy);
@@ -437,11 +437,11 @@ TEST(FeatureMark, HasAShapeForEachKind) {
 }
 
 TEST(FeatureMark, IsNotErasedWhereARedrawWipedIt) {
-  RecordedDesk d;
-  d.desk.state.setFeaturePoint(CFeaturePoint{.X = 1, .Y = 1});
+  RecordedDrafting d;
+  d.context.state.setFeaturePoint(CFeaturePoint{.X = 1, .Y = 1});
   d.redraw.redrawscreen();
   d.log.take();
-  d.desk.state.setFeaturePoint({});
+  d.context.state.setFeaturePoint({});
   EXPECT_EQ(d.log.take(), "");
 }
 

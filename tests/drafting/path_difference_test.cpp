@@ -6,15 +6,15 @@
 #include "core/drawing_store.h"
 #include "drafting/undo.h"
 #include "tests/geometry/scenes.h"
-#include "tests/support/drafting_desk.h"
+#include "tests/support/drafting_test_context.h"
 
 namespace tess {
 namespace {
 
 using testing::Dice;
-using testing::RecordedDesk;
+using testing::RecordedDrafting;
 
-struct Difference : ::testing::Test, RecordedDesk {
+struct Difference : ::testing::Test, RecordedDrafting {
   std::vector<PathRow> rows() const {
     std::vector<PathRow> all;
     for (int ps = 1; ps <= store.NumPathSegments; ++ps) all.push_back(pathRow(store, ps));
@@ -55,7 +55,7 @@ TEST_F(Difference, UndoAndRedoGiveBackExactlyTheRowsOnEitherSide) {
     SCOPED_TRACE(::testing::Message() << "case " << number);
     Dice dice(static_cast<std::uint32_t>(number) + 3);
     store.NumPathSegments = 0;
-    resetUndoState(desk);
+    resetUndoState(context);
     const auto coordinate = [&] { return static_cast<float>(dice.below(4)); };
     const auto anyRow = [&](int code) {
       return PathRow{.type = kLine,
@@ -69,7 +69,7 @@ TEST_F(Difference, UndoAndRedoGiveBackExactlyTheRowsOnEitherSide) {
       addPathSegment(store, anyRow(100 * (1 + dice.below(3))));
     }
     const std::vector<PathRow> before = rows();
-    Change change(desk.changes, Step::PathDifference);
+    Change change(context.changes, Step::PathDifference);
     for (int edit = dice.below(15); edit > 0; --edit) {
       const int ps = 1 + dice.below(store.NumPathSegments + 1);
       const bool isRow = ps <= store.NumPathSegments;
@@ -90,12 +90,12 @@ TEST_F(Difference, UndoAndRedoGiveBackExactlyTheRowsOnEitherSide) {
     change.keep({.redraws = false});
     const std::vector<PathRow> after = rows();
     if (after == before) continue;
-    Undo_Last_Change(desk);
+    Undo_Last_Change(context);
     ASSERT_EQ(rows(), before);
-    ASSERT_FALSE(desk.changelog.canUndo());
-    RedoLastChange(desk);
+    ASSERT_FALSE(context.changelog.canUndo());
+    RedoLastChange(context);
     ASSERT_EQ(rows(), after);
-    ASSERT_FALSE(desk.changelog.canRedo());
+    ASSERT_FALSE(context.changelog.canRedo());
   }
 }
 

@@ -10,37 +10,37 @@
 #include "drafting/entity_creation.h"
 #include "drafting/selection.h"
 #include "drafting/trim.h"
-#include "tests/support/drafting_desk.h"
+#include "tests/support/drafting_test_context.h"
 
 namespace tess {
 namespace {
 
-using testing::RecordedDesk;
+using testing::RecordedDrafting;
 using Texts = std::vector<std::string>;
 
 TEST(PendingPrompt, AnUnknownNumberShowsItself) {
-  RecordedDesk d;
-  d.desk.state.setPendingaction(99);
+  RecordedDrafting d;
+  d.context.state.setPendingaction(99);
   EXPECT_EQ(d.prompt(), "Pending Function #99");
 }
 
 TEST(PendingPrompt, MovingSaysWhatWillMove) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.addLine(0, 0, 1, 0);
   d.store.segattr[1] = 30008;
-  d.desk.state.setPendingaction(7);
+  d.context.state.setPendingaction(7);
   EXPECT_EQ(d.prompt(),
             "Click at new position to move.  Only selected drawing segments will be moved.");
 }
 
 TEST(RefreshStatus, BlanksTheLineAndShowsCountsZoomPromptAndCoordinates) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.addLine(0, 0, 1, 0);
   d.addPathLine(0, 0, 1, 0);
   d.addPathLine(1, 0, 2, 0);
   d.view.viewspan = 1;
   d.store.cfg_final_depth = 0.25F;
-  d.desk.state.setPendingaction(9);
+  d.context.state.setPendingaction(9);
   EXPECT_EQ(d.statusLog, (Texts{"", "Click on segment to break"}));
   EXPECT_EQ(d.statistics, "1 2  4");
   EXPECT_EQ(d.panel(StatusPanel::Zoom), " 4");
@@ -50,34 +50,34 @@ TEST(RefreshStatus, BlanksTheLineAndShowsCountsZoomPromptAndCoordinates) {
 }
 
 TEST(RefreshStatus, ShowsTheDepthBelowZeroWhateverItsSign) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.store.cfg_final_depth = -0.5F;
-  refreshCoordinates(d.desk);
+  refreshCoordinates(d.context);
   EXPECT_EQ(d.panel(StatusPanel::Z), "Z: -0.5000");
 }
 
 TEST(PendingactionSetting, EndsASingleUseOfSnapAndDropsTheFeature) {
-  RecordedDesk d;
-  d.desk.state.UpdateOSnapFeature(/*once=*/true, 3);
-  d.desk.state.setFeaturePoint(CFeaturePoint{.X = 1, .Y = 1});
-  d.desk.state.setPendingaction(9);
-  EXPECT_EQ(d.desk.state.OSnapActive, SnapSet{});
-  EXPECT_FALSE(d.desk.state.FeaturePoint());
+  RecordedDrafting d;
+  d.context.state.UpdateOSnapFeature(/*once=*/true, 3);
+  d.context.state.setFeaturePoint(CFeaturePoint{.X = 1, .Y = 1});
+  d.context.state.setPendingaction(9);
+  EXPECT_EQ(d.context.state.OSnapActive, SnapSet{});
+  EXPECT_FALSE(d.context.state.FeaturePoint());
 }
 
 TEST(DrawModeSetting, ADrawingModeReplacesThePendingAction) {
-  RecordedDesk d;
-  d.desk.state.setPendingaction(9);
-  d.desk.state.setDrawMode(6);
+  RecordedDrafting d;
+  d.context.state.setPendingaction(9);
+  d.context.state.setDrawMode(6);
   EXPECT_EQ(d.pending(), 0);
   EXPECT_EQ(d.prompt(), "");
 }
 
 TEST(DrawModeSetting, SelectingAndNoneLeaveThePendingAction) {
-  RecordedDesk d;
+  RecordedDrafting d;
   for (const int mode : {-1, 0}) {
-    d.desk.state.setPendingaction(24);
-    d.desk.state.setDrawMode(mode);
+    d.context.state.setPendingaction(24);
+    d.context.state.setDrawMode(mode);
     EXPECT_EQ(d.pending(), 24) << mode;
   }
 }
@@ -103,13 +103,13 @@ TEST(DrawModeSetting, PressesTheToolOfTheMode) {
       {-1, 32, {"miUnselect"}},
       {4, 0, {}},
   };
-  RecordedDesk d;
+  RecordedDrafting d;
   for (const ModeCase& row : cases) {
     SCOPED_TRACE(row.mode);
     d.tools.setChecked("miPan", true);
     d.pointer.setMousePointer(kCustomShape);
-    d.desk.state.setPendingaction(row.action);
-    d.desk.state.setDrawMode(row.mode);
+    d.context.state.setPendingaction(row.action);
+    d.context.state.setDrawMode(row.mode);
     EXPECT_EQ(d.pressedTools(), row.pressed);
     EXPECT_EQ(d.pointer.MousePointer(), kDefaultShape);
   }
@@ -117,10 +117,10 @@ TEST(DrawModeSetting, PressesTheToolOfTheMode) {
 
 // ---- Completing an action
 
-// A desk whose click on action 9 is counted.
-struct CountedClicks : RecordedDesk {
+// A context whose click on action 9 is counted.
+struct CountedClicks : RecordedDrafting {
   CountedClicks() {
-    for (auto& click : desk.clickActions) click = [this](Desk&) { ++clicks; };
+    for (auto& click : context.clickActions) click = [this](DraftingContext&) { ++clicks; };
   }
   int clicks = 0;
 };
@@ -131,7 +131,7 @@ TEST(CompletingAnAction, OneShotActionsEndAndOthersStay) {
     if (elsewhere) continue;
     SCOPED_TRACE(action);
     CountedClicks d;
-    d.desk.state.setPendingaction(action);
+    d.context.state.setPendingaction(action);
     d.click(1, 1);
     EXPECT_EQ(d.clicks, 1);
     const bool stays = action == 1 || action == 24 || action == 25 || action == 31 || action == 32;
@@ -141,18 +141,18 @@ TEST(CompletingAnAction, OneShotActionsEndAndOthersStay) {
 
 TEST(CompletingAnAction, ANumberAbove47DoesNothingAndEnds) {
   CountedClicks d;
-  d.desk.state.setPendingaction(48);
+  d.context.state.setPendingaction(48);
   d.click(1, 1);
   EXPECT_EQ(d.clicks, 0);
   EXPECT_EQ(d.pending(), 0);
 }
 
 TEST(CompletingAnAction, AStepThatGoesOnPromptsForTheNextOne) {
-  RecordedDesk d;
-  d.desk.clickActions[16] = [](Desk& desk) {
-    desk.state.setPendingaction(goOnWith(PendingAction::TrimBy));
+  RecordedDrafting d;
+  d.context.clickActions[16] = [](DraftingContext& context) {
+    context.state.setPendingaction(goOnWith(PendingAction::TrimBy));
   };
-  mnuEditTrimEntity_Click(d.desk);
+  mnuEditTrimEntity_Click(d.context);
   d.statusLog.clear();
   d.click(1, 1);
   EXPECT_EQ(d.pending(), 17);
@@ -161,12 +161,12 @@ TEST(CompletingAnAction, AStepThatGoesOnPromptsForTheNextOne) {
 }
 
 TEST(CompletingAnAction, ANegativeNumberSurvivesTheRedraw) {
-  RecordedDesk d;
+  RecordedDrafting d;
   int duringRedraw = 0;
-  d.desk.clickActions[18] = [](Desk& desk) {
-    desk.state.setPendingaction(goOnWith(PendingAction::JoinSecond));
+  d.context.clickActions[18] = [](DraftingContext& context) {
+    context.state.setPendingaction(goOnWith(PendingAction::JoinSecond));
   };
-  d.desk.state.setPendingaction(18);
+  d.context.state.setPendingaction(18);
   d.redraw.onPainted = [&] { duringRedraw = d.pending(); };
   d.click(1, 1);
   EXPECT_EQ(duringRedraw, -19);
@@ -174,33 +174,39 @@ TEST(CompletingAnAction, ANegativeNumberSurvivesTheRedraw) {
 }
 
 TEST(CompletingAnAction, OneThatReturnsWithoutAStepEnds) {
-  RecordedDesk d;  // trimming finds nothing, or has found fault
-  d.desk.state.setPendingaction(17);
-  d.desk.clickActions[17] = [](Desk& desk) { desk.session.host.surroundings.beep(); };
+  RecordedDrafting d;  // trimming finds nothing, or has found fault
+  d.context.state.setPendingaction(17);
+  d.context.clickActions[17] = [](DraftingContext& context) {
+    context.session.host.surroundings.beep();
+  };
   d.click(1, 1);
   EXPECT_EQ(d.beeps(), 1);
   EXPECT_EQ(d.pending(), 0);
 }
 
 TEST(CompletingAnAction, AfterATrimThatBeepedTheOperatorStartsAgain) {
-  RecordedDesk d;
-  d.desk.clickActions[16] = [](Desk& desk) {
-    desk.state.setPendingaction(goOnWith(PendingAction::TrimBy));
+  RecordedDrafting d;
+  d.context.clickActions[16] = [](DraftingContext& context) {
+    context.state.setPendingaction(goOnWith(PendingAction::TrimBy));
   };
-  d.desk.clickActions[17] = [](Desk& desk) { desk.session.host.surroundings.beep(); };
-  mnuEditTrimEntity_Click(d.desk);
+  d.context.clickActions[17] = [](DraftingContext& context) {
+    context.session.host.surroundings.beep();
+  };
+  mnuEditTrimEntity_Click(d.context);
   d.click(1, 1);
   d.click(1, 1);
   EXPECT_EQ(d.pending(), 0);
-  mnuEditTrimEntity_Click(d.desk);
+  mnuEditTrimEntity_Click(d.context);
   EXPECT_EQ(d.pending(), 16);
 }
 
 TEST(CompletingAnAction, RunsAtTheRoundedPosition) {
-  RecordedDesk d;
+  RecordedDrafting d;
   Point at;
-  d.desk.clickActions[9] = [&at](Desk& desk) { at = {desk.pointer.MouseX, desk.pointer.MouseY}; };
-  d.desk.state.setPendingaction(9);
+  d.context.clickActions[9] = [&at](DraftingContext& context) {
+    at = {context.pointer.MouseX, context.pointer.MouseY};
+  };
+  d.context.state.setPendingaction(9);
   d.press(1, 0, 0);
   d.release(1, 0.12345678F, -0.1234564F);
   EXPECT_EQ(at, (Point{0.123457F, -0.123456F}));
@@ -208,32 +214,32 @@ TEST(CompletingAnAction, RunsAtTheRoundedPosition) {
 
 TEST(CompletingAnAction, ReleasingAButtonThatWasNotPressedDoesNothing) {
   CountedClicks d;
-  d.desk.state.setPendingaction(9);
+  d.context.state.setPendingaction(9);
   d.release(1, 1, 1);
   EXPECT_EQ(d.clicks, 0);
   EXPECT_EQ(d.pending(), 9);
 }
 
 TEST(CompletingAnAction, AClickExactlyOnTheMarkerDrawsNothing) {
-  RecordedDesk d;
-  mnuDrawLine_Click(d.desk);
+  RecordedDrafting d;
+  mnuDrawLine_Click(d.context);
   d.click(1, 1);
   ASSERT_EQ(d.store.NumSegments, 1);
   d.click(1, 1);
   EXPECT_EQ(d.store.NumSegments, 1);
-  EXPECT_FALSE(d.desk.pointer.LeftDown);
+  EXPECT_FALSE(d.context.pointer.LeftDown);
 }
 
 TEST(CompletingAnAction, AClickExactlyOnTheMarkerRunsAPendingAction) {
   CountedClicks d;
-  d.desk.state.setPendingaction(9);
+  d.context.state.setPendingaction(9);
   d.click(0, 0);
   EXPECT_EQ(d.clicks, 1);
 }
 
 TEST(CompletingAnAction, MovingAnEndPointEndsWithTheRelease) {
   CountedClicks d;
-  d.desk.state.setPendingaction(10);
+  d.context.state.setPendingaction(10);
   d.log.take();
   d.drag({0, 0}, {1, 1});
   EXPECT_EQ(d.clicks, 0);
@@ -242,8 +248,8 @@ TEST(CompletingAnAction, MovingAnEndPointEndsWithTheRelease) {
 }
 
 TEST(CompletingAnAction, ANewStartPositionIsWhereTheClickWas) {
-  RecordedDesk d;
-  d.desk.state.setPendingaction(12);
+  RecordedDrafting d;
+  d.context.state.setPendingaction(12);
   d.click(1.5F, -2);
   EXPECT_EQ(d.store.xstartpos, 1.5F);
   EXPECT_EQ(d.store.ystartpos, -2);
@@ -253,8 +259,8 @@ TEST(CompletingAnAction, ANewStartPositionIsWhereTheClickWas) {
 
 TEST(CompletingAnAction, ActionsWithoutAnEffectEndAllTheSame) {
   for (const int action : {11, 26, 27}) {
-    RecordedDesk d;
-    d.desk.state.setPendingaction(action);
+    RecordedDrafting d;
+    d.context.state.setPendingaction(action);
     d.click(1, 1);
     EXPECT_EQ(d.pending(), 0) << action;
     EXPECT_TRUE(d.store.drawingsaved) << action;
@@ -264,22 +270,22 @@ TEST(CompletingAnAction, ActionsWithoutAnEffectEndAllTheSame) {
 // ---- The right button
 
 TEST(RightButton, CancelsWhatIsArmedThenMovesTheMarker) {
-  RecordedDesk d;
-  mnuDrawSelect_Click(d.desk);
+  RecordedDrafting d;
+  mnuDrawSelect_Click(d.context);
   d.rightClick(2, 1);
   EXPECT_EQ(d.pending(), 0);
   EXPECT_EQ(d.marker(), (Point{0, 0}));
   d.rightClick(2, 1);
   EXPECT_EQ(d.marker(), (Point{2, 1}));
-  EXPECT_EQ(d.desk.command.prevmarkerx, 0);
+  EXPECT_EQ(d.context.command.prevmarkerx, 0);
   d.rightClick(3, 1);
   EXPECT_EQ(d.marker(), (Point{3, 1}));
-  EXPECT_EQ((Point{d.desk.command.prevmarkerx, d.desk.command.prevmarkery}), (Point{2, 1}));
-  EXPECT_FALSE(d.desk.pointer.RightDown);
+  EXPECT_EQ((Point{d.context.command.prevmarkerx, d.context.command.prevmarkery}), (Point{2, 1}));
+  EXPECT_FALSE(d.context.pointer.RightDown);
 }
 
 TEST(RightButton, MovesTheMarkersCrossByInverting) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.move(0, 2, 1);
   d.press(2, 2, 1);
   d.log.take();
@@ -297,90 +303,90 @@ TEST(RightButton, MovesTheMarkersCrossByInverting) {
 }
 
 TEST(RightButton, EndsASingleUseOfSnap) {
-  RecordedDesk d;
-  d.desk.state.UpdateOSnapFeature(/*once=*/true, 1);
+  RecordedDrafting d;
+  d.context.state.UpdateOSnapFeature(/*once=*/true, 1);
   d.rightClick(2, 1);
-  EXPECT_EQ(d.desk.state.OSnapActive, SnapSet{});
+  EXPECT_EQ(d.context.state.OSnapActive, SnapSet{});
 }
 
 TEST(RightButton, DropsAHalfDoneThreePointCommand) {
-  RecordedDesk d;
-  mnuDrawArc3P_Click(d.desk);
+  RecordedDrafting d;
+  mnuDrawArc3P_Click(d.context);
   d.click(2, 0);
-  ASSERT_EQ(d.desk.command.clickstage, 1);
+  ASSERT_EQ(d.context.command.clickstage, 1);
   d.rightClick(1, 1);
-  EXPECT_EQ(d.desk.command.clickstage, 0);
+  EXPECT_EQ(d.context.command.clickstage, 0);
   EXPECT_EQ(d.mode(), 2);
 }
 
 // ---- Esc
 
 TEST(HandleEsc, CancelsThePendingActionAndLeavesTheDrawingMode) {
-  RecordedDesk d;
-  d.desk.state.setDrawMode(-1);
-  d.desk.state.setPendingaction(9);
-  Handle_esc(d.desk);
+  RecordedDrafting d;
+  d.context.state.setDrawMode(-1);
+  d.context.state.setPendingaction(9);
+  Handle_esc(d.context);
   EXPECT_EQ(d.pending(), 0);
   EXPECT_EQ(d.mode(), -1);
 }
 
 TEST(HandleEsc, WithoutAnActionADrawingModeStays) {
-  RecordedDesk d;
-  mnuDrawRect_Click(d.desk);
+  RecordedDrafting d;
+  mnuDrawRect_Click(d.context);
   d.press(1, 1, 1);
   d.log.take();
-  Handle_esc(d.desk);
+  Handle_esc(d.context);
   EXPECT_EQ(d.mode(), 6);
-  EXPECT_TRUE(d.desk.pointer.LeftDown);
+  EXPECT_TRUE(d.context.pointer.LeftDown);
   EXPECT_EQ(d.log.take(), "");
 }
 
 TEST(HandleEsc, InAStepForgetsTheFirstClick) {
-  RecordedDesk d;
-  d.desk.clickActions[16] = [](Desk& desk) {
-    desk.command.PendingSeg1 = 3;
-    desk.command.PendingSeg2 = 2;
-    desk.state.setPendingaction(goOnWith(PendingAction::TrimBy));
+  RecordedDrafting d;
+  d.context.clickActions[16] = [](DraftingContext& context) {
+    context.command.PendingSeg1 = 3;
+    context.command.PendingSeg2 = 2;
+    context.state.setPendingaction(goOnWith(PendingAction::TrimBy));
   };
-  mnuEditTrimEntity_Click(d.desk);
+  mnuEditTrimEntity_Click(d.context);
   d.click(1, 1);
   ASSERT_EQ(d.pending(), 17);
-  ASSERT_EQ(d.desk.command.PendingSeg1, 3);
-  Handle_esc(d.desk);
+  ASSERT_EQ(d.context.command.PendingSeg1, 3);
+  Handle_esc(d.context);
   EXPECT_EQ(d.pending(), 0);
-  EXPECT_EQ(d.desk.command.PendingSeg1, 0);
-  EXPECT_EQ(d.desk.command.PendingSeg2, 0);
+  EXPECT_EQ(d.context.command.PendingSeg1, 0);
+  EXPECT_EQ(d.context.command.PendingSeg2, 0);
 }
 
 TEST(HandleEsc, RedrawsWhereABandMayBeOnTheScreenAndEndsTheDrag) {
   for (const int action : {24, 25, 28, 30}) {
     SCOPED_TRACE(action);
-    RecordedDesk d;
-    d.desk.state.setPendingaction(action);
+    RecordedDrafting d;
+    d.context.state.setPendingaction(action);
     d.press(1, 0, 0);
     d.log.take();
-    Handle_esc(d.desk);
+    Handle_esc(d.context);
     EXPECT_EQ(d.log.count("Cls"), 1);
-    EXPECT_FALSE(d.desk.pointer.LeftDown);
+    EXPECT_FALSE(d.context.pointer.LeftDown);
     EXPECT_EQ(d.pending(), 0);
   }
 }
 
 TEST(HandleEsc, OtherActionsNeedNoRedraw) {
-  RecordedDesk d;
-  d.desk.state.setPendingaction(9);
+  RecordedDrafting d;
+  d.context.state.setPendingaction(9);
   d.press(1, 0, 0);
   d.log.take();
-  Handle_esc(d.desk);
+  Handle_esc(d.context);
   EXPECT_EQ(d.log.count("Cls"), 0);
-  EXPECT_TRUE(d.desk.pointer.LeftDown);
+  EXPECT_TRUE(d.context.pointer.LeftDown);
 }
 
 // ---- Zoom window and pan as interruptions
 
 TEST(ZoomWindow, ShowsTheWindowAndRestoresSelecting) {
-  RecordedDesk d;
-  mnuDrawUnselect_Click(d.desk);
+  RecordedDrafting d;
+  mnuDrawUnselect_Click(d.context);
   d.viewCommands.mnuViewZoomWindow_Click();
   EXPECT_EQ(d.prompt(), "Select zoom window with mouse.");
   d.drag({0, 0}, {2.5F, 2});
@@ -392,27 +398,27 @@ TEST(ZoomWindow, ShowsTheWindowAndRestoresSelecting) {
 }
 
 TEST(ZoomWindow, LeavesADrawingModeAndItsHalfDoneCommand) {
-  RecordedDesk d;
-  mnuDrawArc3P_Click(d.desk);
+  RecordedDrafting d;
+  mnuDrawArc3P_Click(d.context);
   d.click(2, 0);
   d.viewCommands.mnuViewZoomWindow_Click();
   d.drag({0, 0}, {2.5F, 2});
   EXPECT_EQ(d.pending(), 0);
   EXPECT_EQ(d.mode(), 2);
-  EXPECT_EQ(d.desk.command.clickstage, 1);
+  EXPECT_EQ(d.context.command.clickstage, 1);
   EXPECT_EQ(d.store.NumSegments, 0);
 }
 
 TEST(ZoomWindow, ForgetsAPendingActionWithoutADrawingMode) {
-  RecordedDesk d;
-  mnuEditBreakSeg_Click(d.desk);
+  RecordedDrafting d;
+  mnuEditBreakSeg_Click(d.context);
   d.viewCommands.mnuViewZoomWindow_Click();
   d.drag({0, 0}, {2.5F, 2});
   EXPECT_EQ(d.pending(), 0);
 }
 
 TEST(ZoomWindow, WithoutWidthTakesTheRatioOfItsHeightAlone) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.viewCommands.mnuViewZoomWindow_Click();
   d.drag({1, 0}, {1, 2});
   EXPECT_EQ(d.view.viewspan, 1);
@@ -420,14 +426,14 @@ TEST(ZoomWindow, WithoutWidthTakesTheRatioOfItsHeightAlone) {
 }
 
 TEST(ZoomWindow, WithoutHeightTakesTheRatioOfItsWidthAlone) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.viewCommands.mnuViewZoomWindow_Click();
   d.drag({0, 1}, {5, 1});
   EXPECT_EQ(d.view.viewspan, 2);
 }
 
 TEST(ZoomWindow, ThatIsAPointOnlyRecenters) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.viewCommands.mnuViewZoomWindow_Click();
   d.click(1, 2);
   EXPECT_EQ(d.view.viewspan, 4);
@@ -436,7 +442,7 @@ TEST(ZoomWindow, ThatIsAPointOnlyRecenters) {
 }
 
 TEST(Pan, MovesTheViewWithTheGrabbedPoint) {
-  RecordedDesk d;
+  RecordedDrafting d;
   std::ofstream(d.appfolder() + "pansmall.ico") << "icon";
   d.viewCommands.mnuViewPan_Click();
   EXPECT_EQ(d.pressedTools(), Texts{"miPan"});
@@ -453,35 +459,35 @@ TEST(Pan, MovesTheViewWithTheGrabbedPoint) {
 }
 
 TEST(Pan, WithoutItsIconLeavesThePointer) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.viewCommands.mnuViewPan_Click();
   EXPECT_EQ(d.pointer.MousePointer(), kDefaultShape);
 }
 
 TEST(Pan, AWholeDragIsInUnitsOfTheViewAtItsPress) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.viewCommands.mnuViewPan_Click();
   d.press(1, 1, 1);
   for (const float x : {1.5F, 2.0F, 3.0F}) {
-    picDrawing_MouseMove(d.desk, inPresentView(d.desk, {1, 0, x, 1}));
+    picDrawing_MouseMove(d.context, inPresentView(d.context, {1, 0, x, 1}));
     EXPECT_EQ((Point{d.view.viewcx, d.view.viewcy}), (Point{1 - x, 0}));
   }
-  picDrawing_MouseUp(d.desk, inPresentView(d.desk, {1, 0, 3, 1}));
+  picDrawing_MouseUp(d.context, inPresentView(d.context, {1, 0, 3, 1}));
   EXPECT_EQ((Point{d.view.viewcx, d.view.viewcy}), (Point{-2, 0}));
-  EXPECT_EQ(inPresentView(d.desk, {0, 0, 3, 1}).X, 3);
+  EXPECT_EQ(inPresentView(d.context, {0, 0, 3, 1}).X, 3);
 }
 
 TEST(Pan, AReleaseElsewhereMovesTheViewByTheWholeDrag) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.viewCommands.mnuViewPan_Click();
   d.press(1, 1, 1);
   d.release(1, 1.5F, 0);
   EXPECT_EQ((Point{d.view.viewcx, d.view.viewcy}), (Point{-0.5F, 1}));
-  EXPECT_FALSE(d.desk.pointer.LeftDown);
+  EXPECT_FALSE(d.context.pointer.LeftDown);
 }
 
 TEST(Pan, AMoveWithinTheToleranceLeavesTheView) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.viewCommands.mnuViewPan_Click();
   d.press(1, 1, 1);
   d.move(1, 1.0005F, 1);
@@ -491,7 +497,7 @@ TEST(Pan, AMoveWithinTheToleranceLeavesTheView) {
 }
 
 TEST(Pan, AClickLeavesTheViewAsItIs) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.viewCommands.mnuViewPan_Click();
   d.click(1, 1);
   EXPECT_EQ((Point{d.view.viewcx, d.view.viewcy}), (Point{0, 0}));
@@ -499,19 +505,19 @@ TEST(Pan, AClickLeavesTheViewAsItIs) {
 }
 
 TEST(Pan, ALostReleaseEndsTheDrag) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.viewCommands.mnuViewPan_Click();
   d.press(1, 1, 1);
   d.move(0, 2, 1);
-  EXPECT_FALSE(d.desk.pointer.LeftDown);
+  EXPECT_FALSE(d.context.pointer.LeftDown);
   EXPECT_EQ((Point{d.view.viewcx, d.view.viewcy}), (Point{-1, 0}));
   d.move(0, 3, 1);
   EXPECT_EQ((Point{d.view.viewcx, d.view.viewcy}), (Point{-1, 0}));
 }
 
 TEST(Pan, SwitchedOffBringsBackTheInterruptedCommand) {
-  RecordedDesk d;
-  mnuDrawSelect_Click(d.desk);
+  RecordedDrafting d;
+  mnuDrawSelect_Click(d.context);
   d.viewCommands.mnuViewPan_Click();
   d.viewCommands.mnuViewPan_Click();
   EXPECT_EQ(d.pending(), 24);
@@ -520,8 +526,8 @@ TEST(Pan, SwitchedOffBringsBackTheInterruptedCommand) {
 }
 
 TEST(Pan, SwitchedOffWithoutAnInterruptedModeArmsNothing) {
-  RecordedDesk d;
-  mnuEditBreakSeg_Click(d.desk);
+  RecordedDrafting d;
+  mnuEditBreakSeg_Click(d.context);
   d.viewCommands.mnuViewPan_Click();
   d.viewCommands.mnuViewPan_Click();
   EXPECT_EQ(d.pending(), 0);

@@ -9,23 +9,23 @@
 #include "drafting/entity_creation.h"
 #include "drafting/measure.h"
 #include "drafting/selection.h"
-#include "tests/support/drafting_desk.h"
+#include "tests/support/drafting_test_context.h"
 
 namespace tess {
 namespace {
 
-using testing::RecordedDesk;
+using testing::RecordedDrafting;
 using Texts = std::vector<std::string>;
 
 // ---- Menu guard
 
 bool pressIsTaken(int msAfterMenu) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.pass(5000);
-  armMenuGuard(d.desk);
+  armMenuGuard(d.context);
   d.pass(msAfterMenu);
   d.press(1, 1, 1);
-  return d.desk.pointer.LeftDown;
+  return d.context.pointer.LeftDown;
 }
 
 TEST(MenuGuard, APressIsIgnoredForTheFirstFifthOfASecond) {
@@ -35,11 +35,11 @@ TEST(MenuGuard, APressIsIgnoredForTheFirstFifthOfASecond) {
 }
 
 bool releaseIsTaken(int msAfterMenu, int start) {
-  RecordedDesk d;
-  d.desk.state.setPendingaction(9);
+  RecordedDrafting d;
+  d.context.state.setPendingaction(9);
   d.press(1, 1, 1);
   d.pass(start);
-  armMenuGuard(d.desk);
+  armMenuGuard(d.context);
   d.pass(msAfterMenu);
   d.release(1, 1, 1);
   return d.pending() == 0;
@@ -55,10 +55,10 @@ TEST(MenuGuard, AReleaseAfter290MillisecondsIsIgnoredAndOneAfter300IsNot) {
 }
 
 TEST(MenuGuard, IsUsedUpByTheReleaseThatItSwallows) {
-  RecordedDesk d;
-  d.desk.state.setPendingaction(9);
+  RecordedDrafting d;
+  d.context.state.setPendingaction(9);
   d.press(1, 1, 1);
-  armMenuGuard(d.desk);
+  armMenuGuard(d.context);
   d.release(1, 1, 1);
   EXPECT_EQ(d.pending(), 9);
   d.press(1, 1, 1);
@@ -67,55 +67,57 @@ TEST(MenuGuard, IsUsedUpByTheReleaseThatItSwallows) {
 }
 
 TEST(MenuGuard, WhileSetSwallowsOnePressAndOneRelease) {
-  RecordedDesk d;
-  d.desk.pointer.MenuGuard = true;
+  RecordedDrafting d;
+  d.context.pointer.MenuGuard = true;
   d.press(1, 1, 1);
-  EXPECT_FALSE(d.desk.pointer.LeftDown);
-  EXPECT_FALSE(d.desk.pointer.MenuGuard);
+  EXPECT_FALSE(d.context.pointer.LeftDown);
+  EXPECT_FALSE(d.context.pointer.MenuGuard);
   d.press(1, 1, 1);
-  EXPECT_TRUE(d.desk.pointer.LeftDown);
-  d.desk.pointer.MenuGuard = true;
+  EXPECT_TRUE(d.context.pointer.LeftDown);
+  d.context.pointer.MenuGuard = true;
   d.release(1, 1, 1);
-  EXPECT_TRUE(d.desk.pointer.LeftDown);
+  EXPECT_TRUE(d.context.pointer.LeftDown);
   d.release(1, 1, 1);
-  EXPECT_FALSE(d.desk.pointer.LeftDown);
+  EXPECT_FALSE(d.context.pointer.LeftDown);
 }
 
 TEST(MenuGuard, HoldsNoRightPress) {
-  RecordedDesk d;
-  armMenuGuard(d.desk);
+  RecordedDrafting d;
+  armMenuGuard(d.context);
   d.press(2, 1, 1);
-  EXPECT_TRUE(d.desk.pointer.RightDown);
+  EXPECT_TRUE(d.context.pointer.RightDown);
 }
 
 // ---- Press
 
 TEST(Press, TakesTheLeftButtonsPlaceForThePressAndTheBand) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.press(1, 1.25F, -2);
-  EXPECT_TRUE(d.desk.pointer.LeftDown);
-  EXPECT_EQ((Point{d.desk.pointer.MouseDownX, d.desk.pointer.MouseDownY}), (Point{1.25F, -2}));
-  EXPECT_EQ((Point{d.desk.pointer.MouseMoveX, d.desk.pointer.MouseMoveY}), (Point{1.25F, -2}));
+  EXPECT_TRUE(d.context.pointer.LeftDown);
+  EXPECT_EQ((Point{d.context.pointer.MouseDownX, d.context.pointer.MouseDownY}),
+            (Point{1.25F, -2}));
+  EXPECT_EQ((Point{d.context.pointer.MouseMoveX, d.context.pointer.MouseMoveY}),
+            (Point{1.25F, -2}));
 }
 
 TEST(Press, WithControlIsNoPress) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.press(1, 1, 1, 2);
   d.press(2, 1, 1, 2);
-  EXPECT_FALSE(d.desk.pointer.LeftDown);
-  EXPECT_FALSE(d.desk.pointer.RightDown);
+  EXPECT_FALSE(d.context.pointer.LeftDown);
+  EXPECT_FALSE(d.context.pointer.RightDown);
 }
 
 TEST(Press, OfAnotherButtonIsNone) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.press(4, 1, 1);
-  EXPECT_FALSE(d.desk.pointer.LeftDown);
-  EXPECT_FALSE(d.desk.pointer.RightDown);
+  EXPECT_FALSE(d.context.pointer.LeftDown);
+  EXPECT_FALSE(d.context.pointer.RightDown);
 }
 
 TEST(Press, WhilePlacingTextResetsTheTextDrag) {
-  RecordedDesk d;
-  d.desk.state.setPendingaction(30);
+  RecordedDrafting d;
+  d.context.state.setPendingaction(30);
   d.press(1, 1, 1);
   EXPECT_EQ(d.textEvents, Texts{"drag reset"});
 }
@@ -123,7 +125,7 @@ TEST(Press, WhilePlacingTextResetsTheTextDrag) {
 // ---- Position
 
 TEST(PointerPosition, FollowsTheEventAndShowsInThePanels) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.move(0, 1.23456F, -2);
   EXPECT_EQ(d.mouse(), (Point{1.23456F, -2}));
   EXPECT_EQ(d.panel(StatusPanel::X), "X: 1.2346");
@@ -135,7 +137,7 @@ struct GridCase {
 };
 
 TEST(PointerPosition, SnapsToTheCursorGridHalvesUpward) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.store.cursorgrid = 0.25F;
   d.store.cursorgridf = 1;
   constexpr GridCase kCases[] = {{0.125F, 0.25F},  {-0.125F, 0},    {0.12F, 0},
@@ -149,16 +151,16 @@ TEST(PointerPosition, SnapsToTheCursorGridHalvesUpward) {
 }
 
 TEST(PointerPosition, AGridWithoutSpacingSnapsNothing) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.store.cursorgridf = 1;
   d.move(0, 0.3F, 0);
   EXPECT_EQ(d.mouse().x, 0.3F);
 }
 
 TEST(PointerPosition, AnEventAtTheSamePlaceToSixDecimalsLeavesIt) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.move(0, 0.5F, 0.5F);
-  d.desk.pointer.MouseX = 3;
+  d.context.pointer.MouseX = 3;
   d.move(0, 0.5000001F, 0.5F);
   EXPECT_EQ(d.mouse().x, 3);
   d.move(0, 0.500002F, 0.5F);
@@ -166,37 +168,37 @@ TEST(PointerPosition, AnEventAtTheSamePlaceToSixDecimalsLeavesIt) {
 }
 
 TEST(PointerPosition, AReleaseSnapsToTheGrid) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.store.cursorgrid = 0.5F;
   d.store.cursorgridf = 1;
-  d.desk.state.setPendingaction(9);
+  d.context.state.setPendingaction(9);
   d.press(1, 0, 0);
   d.release(1, 0.8F, 0.2F);
   EXPECT_EQ(d.mouse(), (Point{1, 0}));
 }
 
 TEST(PointerPosition, AReleaseOnAFeatureIgnoresTheGrid) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.addLine(0.6F, 0.1F, 3, 3);
   d.store.cursorgrid = 0.5F;
   d.store.cursorgridf = 1;
-  d.desk.state.UpdateOSnapFeature(/*once=*/true, 1);
-  mnuDrawLine_Click(d.desk);
-  d.desk.state.UpdateOSnapFeature(/*once=*/true, 1);
+  d.context.state.UpdateOSnapFeature(/*once=*/true, 1);
+  mnuDrawLine_Click(d.context);
+  d.context.state.UpdateOSnapFeature(/*once=*/true, 1);
   d.press(1, 0.8F, 0.2F);
   d.move(1, 0.7F, 0.2F);
-  ASSERT_TRUE(d.desk.state.FeaturePoint());
+  ASSERT_TRUE(d.context.state.FeaturePoint());
   d.release(1, 0.7F, 0.2F);
   EXPECT_EQ(testing::segmentTexts(d.store).back(), "1 (0, 0)-(0.6, 0.1)");
 }
 
 TEST(PointerPosition, AReleaseExactlyOnAFeatureIgnoresTheGridToo) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.addLine(0.6F, 0.1F, 3, 3);
   d.store.cursorgrid = 0.5F;
   d.store.cursorgridf = 1;
-  mnuDrawLine_Click(d.desk);
-  d.desk.state.UpdateOSnapFeature(/*once=*/true, 1);
+  mnuDrawLine_Click(d.context);
+  d.context.state.UpdateOSnapFeature(/*once=*/true, 1);
   d.drag({0.8F, 0.2F}, {0.6F, 0.1F});
   EXPECT_EQ(testing::segmentTexts(d.store).back(), "1 (0, 0)-(0.6, 0.1)");
 }
@@ -204,32 +206,32 @@ TEST(PointerPosition, AReleaseExactlyOnAFeatureIgnoresTheGridToo) {
 // ---- Focus and capture
 
 TEST(Move, GivesTheSurfaceTheKeyboardUnlessTextIsPlaced) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.log.take();
   d.move(0, 1, 1);
   EXPECT_EQ(d.log.take(), "focusSurface\n");
-  d.desk.state.setPendingaction(30);
+  d.context.state.setPendingaction(30);
   d.move(0, 2, 1);
   EXPECT_EQ(d.log.take(), "");
   EXPECT_EQ(d.textEvents, Texts{"pointer 0 0 (2, 1)"});
 }
 
 TEST(Release, WhilePlacingTextPassesTheEventOnAndEnds) {
-  RecordedDesk d;
-  d.desk.state.setPendingaction(30);
+  RecordedDrafting d;
+  d.context.state.setPendingaction(30);
   d.press(1, 1, 1);
   d.log.take();
   d.release(1, 2, 1, 1);
   EXPECT_EQ(d.textEvents, (Texts{"drag reset", "pointer 1 1 (2, 1)"}));
   EXPECT_EQ(d.pending(), 30);
-  EXPECT_FALSE(d.desk.pointer.LeftDown);
+  EXPECT_FALSE(d.context.pointer.LeftDown);
   EXPECT_EQ(d.log.take(), "MousePointer 0\nreleaseCapture\n");
 }
 
 // ---- Pan with the control key
 
 TEST(ControlDrag, MovesTheViewWithTheGrabbedPoint) {
-  RecordedDesk d;
+  RecordedDrafting d;
   std::ofstream(d.appfolder() + "pansmall.ico") << "icon";
   d.press(1, 1, 1, 2);
   d.move(1, 2, 3, 2);
@@ -242,42 +244,42 @@ TEST(ControlDrag, MovesTheViewWithTheGrabbedPoint) {
 }
 
 TEST(ControlDrag, FollowsThePointerWithinTheTolerance) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.press(1, 1, 1, 2);
   d.move(1, 1.0005F, 1, 2);
   EXPECT_NEAR(d.view.viewcx, -0.0005, 1e-7);
 }
 
 TEST(ControlDrag, MayBeStatedInUnitsOfTheViewAtItsPress) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.press(1, 1, 1, 2);
   for (const float x : {2.0F, 3.0F}) {
-    picDrawing_MouseMove(d.desk, inPresentView(d.desk, {1, 2, x, 1}));
+    picDrawing_MouseMove(d.context, inPresentView(d.context, {1, 2, x, 1}));
   }
   EXPECT_EQ((Point{d.view.viewcx, d.view.viewcy}), (Point{-2, 0}));
 }
 
 TEST(ControlDrag, LeavesTheViewWhileAnActionIsArmed) {
-  RecordedDesk d;
-  d.desk.state.setPendingaction(9);
+  RecordedDrafting d;
+  d.context.state.setPendingaction(9);
   d.press(1, 1, 1, 2);
   d.move(1, 2, 3, 2);
   EXPECT_EQ((Point{d.view.viewcx, d.view.viewcy}), (Point{0, 0}));
 }
 
 TEST(ControlDrag, LeavesTheViewWhileABandIsOnTheScreen) {
-  RecordedDesk d;
-  mnuDrawLine_Click(d.desk);
+  RecordedDrafting d;
+  mnuDrawLine_Click(d.context);
   d.press(1, 1, 1);
   d.move(1, 2, 3, 2);
   EXPECT_EQ((Point{d.view.viewcx, d.view.viewcy}), (Point{0, 0}));
-  EXPECT_EQ(d.desk.pointer.RubberKind, 1);
+  EXPECT_EQ(d.context.pointer.RubberKind, 1);
 }
 
 // ---- Pointer warp
 
 TEST(GridSnapTimer, WarpsThePointerToTheGridAfterAPauseInADrag) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.store.cursorgrid = 1;
   d.store.cursorgridf = 1;
   d.press(1, 0, 0);
@@ -292,7 +294,7 @@ TEST(GridSnapTimer, WarpsThePointerToTheGridAfterAPauseInADrag) {
 }
 
 TEST(GridSnapTimer, StartsAnewWithEachMoveOfADrag) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.store.cursorgrid = 1;
   d.store.cursorgridf = 1;
   d.press(1, 0, 0);
@@ -307,7 +309,7 @@ TEST(GridSnapTimer, StartsAnewWithEachMoveOfADrag) {
 }
 
 TEST(GridSnapTimer, RunsNeitherWithAModifierNorWithoutAButtonNorAfterTheRelease) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.press(1, 0, 0);
   d.move(1, 1, 1);
   d.move(1, 2, 1, 1);
@@ -322,7 +324,7 @@ TEST(GridSnapTimer, RunsNeitherWithAModifierNorWithoutAButtonNorAfterTheRelease)
 }
 
 TEST(GridSnapTimer, LeavesAPointerThatIsElsewhere) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.pointer.overSurface = false;
   d.press(1, 0, 0);
   d.move(1, 1, 1);
@@ -331,29 +333,29 @@ TEST(GridSnapTimer, LeavesAPointerThatIsElsewhere) {
 }
 
 TEST(Msetpos, PutsThePointerOnTheNearestPixel) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.log.take();
-  msetpos(d.desk, 1.004F, -2.006F);
+  msetpos(d.context, 1.004F, -2.006F);
   EXPECT_EQ(d.log.take(), "warp (600, 601)\n");
 }
 
 // ---- Selection drags
 
 TEST(SelectionDrag, OfNinePixelsBothWaysIsAClick) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.addLine(3, 3, 4, 3);
-  mnuDrawSelect_Click(d.desk);
+  mnuDrawSelect_Click(d.context);
   d.drag({0, 0}, {0.09F, 0.09F});
   EXPECT_EQ(d.store.segattr[1], 30008);
 }
 
 TEST(SelectionDrag, WhosePressAMenuSwallowedPicksNothing) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.addLine(1, 1, 2, 1);
-  mnuDrawSelect_Click(d.desk);
+  mnuDrawSelect_Click(d.context);
   d.drag({3, 3}, {0, 0});
-  mnuDrawUnselect_Click(d.desk);
-  armMenuGuard(d.desk);
+  mnuDrawUnselect_Click(d.context);
+  armMenuGuard(d.context);
   d.pass(100);
   d.press(1, 4, 4);
   d.move(1, 4.5F, 4);
@@ -365,19 +367,19 @@ TEST(SelectionDrag, WhosePressAMenuSwallowedPicksNothing) {
 
 TEST(SelectionDrag, OfTenPixelsInOneAxisIsAWindow) {
   for (const Point to : {Point{0.1F, 0}, Point{0, -0.1F}}) {
-    RecordedDesk d;
+    RecordedDrafting d;
     d.addLine(3, 3, 4, 3);
-    mnuDrawSelect_Click(d.desk);
+    mnuDrawSelect_Click(d.context);
     d.drag({0, 0}, to);
     EXPECT_EQ(d.store.segattr[1], 8);
-    EXPECT_FALSE(d.desk.pointer.LeftDown);
+    EXPECT_FALSE(d.context.pointer.LeftDown);
     EXPECT_EQ(d.pending(), 24);
   }
 }
 
 TEST(SelectionDrag, ShowsADottedInvertedBoxAndTakesItAway) {
-  RecordedDesk d;
-  mnuDrawSelect_Click(d.desk);
+  RecordedDrafting d;
+  mnuDrawSelect_Click(d.context);
   d.press(1, 0, 0);
   d.log.take();
   d.move(1, 1, 1);
@@ -400,19 +402,19 @@ TEST(SelectionDrag, ShowsADottedInvertedBoxAndTakesItAway) {
 }
 
 TEST(Release, WhileSelectingShowsTheNearestEntityInThePropertyWindow) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.addLine(3, 3, 4, 3);
   d.addLine(0, 0, 1, 0);
-  mnuDrawSelect_Click(d.desk);
+  mnuDrawSelect_Click(d.context);
   d.click(0.5F, 0.1F);
   EXPECT_EQ(d.entitiesShown, std::vector<int>{2});
-  d.desk.command.EditPaths = true;
+  d.context.command.EditPaths = true;
   d.click(0.6F, 0.1F);
   EXPECT_EQ(d.entitiesShown, std::vector<int>{2});
 }
 
 TEST(Release, RefreshesThePropertyWindow) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.click(1, 1);
   EXPECT_EQ(d.propertyRefreshes, 1);
 }
@@ -420,49 +422,49 @@ TEST(Release, RefreshesThePropertyWindow) {
 // ---- Clicks by keyboard
 
 TEST(KeyboardClick, CompletesAnActionAtThePresentPosition) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.move(0, 2, 1);
-  mnuDrawLine_Click(d.desk);
-  keyboardClick(d.desk, kLeftButton);
+  mnuDrawLine_Click(d.context);
+  keyboardClick(d.context, kLeftButton);
   EXPECT_EQ(testing::segmentTexts(d.store), Texts{"1 (0, 0)-(2, 1)"});
 }
 
 TEST(KeyboardClick, WithTheRightButtonMovesTheMarker) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.move(0, 2, 1);
-  keyboardClick(d.desk, kRightButton);
+  keyboardClick(d.context, kRightButton);
   EXPECT_EQ(d.marker(), (Point{2, 1}));
 }
 
 TEST(KeyboardClick, KeepsAPositionThatIsOffTheGrid) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.move(0, 2.3F, 1.2F);
   d.store.cursorgrid = 1;
   d.store.cursorgridf = 1;
-  keyboardClick(d.desk, kRightButton);
+  keyboardClick(d.context, kRightButton);
   EXPECT_EQ(d.marker(), (Point{2.3F, 1.2F}));
-  EXPECT_FALSE(d.desk.pointer.SkipPointerUpdate);
+  EXPECT_FALSE(d.context.pointer.SkipPointerUpdate);
 }
 
 // ---- Wheel
 
 TEST(MouseWheel, MattersOnlyWhilePlacingText) {
-  RecordedDesk d;
-  MouseWheel1_MouseWheel(d.desk, 1, 0);
+  RecordedDrafting d;
+  MouseWheel1_MouseWheel(d.context, 1, 0);
   EXPECT_EQ(d.textEvents, Texts{});
-  d.desk.state.setPendingaction(30);
-  MouseWheel1_MouseWheel(d.desk, -1, 2);
+  d.context.state.setPendingaction(30);
+  MouseWheel1_MouseWheel(d.context, -1, 2);
   EXPECT_EQ(d.textEvents, Texts{"wheel -1 2"});
 }
 
 TEST(MouseWheel, PassesAnEventOnFiftyMillisecondsAfterTheLast) {
-  RecordedDesk d;
-  d.desk.state.setPendingaction(30);
-  MouseWheel1_MouseWheel(d.desk, 1, 0);
+  RecordedDrafting d;
+  d.context.state.setPendingaction(30);
+  MouseWheel1_MouseWheel(d.context, 1, 0);
   d.pass(49);
-  MouseWheel1_MouseWheel(d.desk, 2, 0);
+  MouseWheel1_MouseWheel(d.context, 2, 0);
   d.pass(1);
-  MouseWheel1_MouseWheel(d.desk, 3, 0);
+  MouseWheel1_MouseWheel(d.context, 3, 0);
   EXPECT_EQ(d.textEvents, (Texts{"wheel 1 0", "wheel 3 0"}));
 }
 

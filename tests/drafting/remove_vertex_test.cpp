@@ -5,7 +5,7 @@
 
 #include "core/drawing_store.h"
 #include "tests/geometry/rows.h"
-#include "tests/support/drafting_desk.h"
+#include "tests/support/drafting_test_context.h"
 #include "tests/support/edit_checks.h"
 
 namespace tess {
@@ -16,7 +16,7 @@ using testing::addSegment;
 using testing::expectNoStep;
 using testing::expectOneStep;
 using testing::pathTexts;
-using testing::RecordedDesk;
+using testing::RecordedDrafting;
 using testing::segmentTexts;
 using Texts = std::vector<std::string>;
 
@@ -52,9 +52,9 @@ TEST(JoinedPathCount, CountsVisibleLinesAndArcs) {
 
 // ---- The command
 
-struct VertexDesk : RecordedDesk {
+struct VertexContext : RecordedDrafting {
   void remove(float x, float y) {
-    mnuDeleteVertex_Click(desk);
+    mnuDeleteVertex_Click(context);
     click(x, y);
   }
   void expectTold(const std::string& text) {
@@ -68,20 +68,20 @@ struct VertexDesk : RecordedDesk {
 };
 
 TEST(RemoveVertex, MakesOneLineOfTwo) {
-  VertexDesk d;
+  VertexContext d;
   d.addLine(0, 0, 2, 1);
   d.addLine(4, 0, 2, 1);
   d.store.segattr[2] = 10;
-  mnuDeleteVertex_Click(d.desk);
+  mnuDeleteVertex_Click(d.context);
   EXPECT_EQ(d.prompt(), "Click near vertex to remove.");
   expectOneStep(d, [&d] { d.click(2, 2); });
   EXPECT_EQ(segmentTexts(d.store), (Texts{"1 (4, 0)-(0, 0) @10"}));
-  EXPECT_EQ(d.desk.changelog.changecount, 3);
+  EXPECT_EQ(d.context.changelog.changecount, 3);
   EXPECT_EQ(d.pending(), 0);
 }
 
 TEST(RemoveVertex, TakesTheTwoLowestOfThreeLines) {
-  VertexDesk d;
+  VertexContext d;
   d.addLine(-3, -3, -2, -3);
   d.addLine(0, 0, 1, 0);
   d.addLine(1, 0, 2, 0);
@@ -92,14 +92,14 @@ TEST(RemoveVertex, TakesTheTwoLowestOfThreeLines) {
 }
 
 TEST(RemoveVertex, WhereOneLineEndsTellsSo) {
-  VertexDesk d;
+  VertexContext d;
   d.addLine(0, 0, 2, 0);
   expectNoStep(d, [&d] { d.remove(2, 0); });
   d.expectTold("There must be at least 2 line segments joined at the selected point.");
 }
 
 TEST(RemoveVertex, DoesNotCountAnArc) {
-  VertexDesk d;
+  VertexContext d;
   d.addLine(0, 0, 2, 0);
   d.add({.type = 3, .x0 = 2, .y0 = 0, .x1 = 2, .y1 = 2, .xc = 2, .yc = 1});
   expectNoStep(d, [&d] { d.remove(2, 0); });
@@ -107,7 +107,7 @@ TEST(RemoveVertex, DoesNotCountAnArc) {
 }
 
 TEST(RemoveVertex, TakesEndsWithinTheTolerance) {
-  VertexDesk d;
+  VertexContext d;
   d.addLine(0, 0, 2, 0);
   d.addLine(2.0009F, 0, 2, 2);
   d.remove(2, -1);
@@ -115,23 +115,23 @@ TEST(RemoveVertex, TakesEndsWithinTheTolerance) {
 }
 
 TEST(RemoveVertex, KeepsTheCollectionToTheRowsThatAreMarked) {
-  VertexDesk d;
+  VertexContext d;
   d.addLine(0, 0, 2, 0);
   d.addLine(2, 0, 2, 2);
   d.store.segattr[2] = 30008;
   d.remove(2, 0);
-  EXPECT_EQ(d.desk.state.Selected.rows(), (std::vector<int>{1}));
+  EXPECT_EQ(d.context.state.Selected.rows(), (std::vector<int>{1}));
 }
 
 // ---- Path rows
 
-struct PathVertexDesk : VertexDesk {
-  PathVertexDesk() { desk.command.EditPaths = true; }
+struct PathVertexContext : VertexContext {
+  PathVertexContext() { context.command.EditPaths = true; }
   void add(const PathRow& row) { addPathSegment(store, row); }
 };
 
 TEST(RemovePathVertex, MakesOneMoveOfTwo) {
-  PathVertexDesk d;
+  PathVertexContext d;
   d.add({.type = 1, .x1 = 2, .z = -1, .feed = 5, .code = 203});
   d.add({.type = 1, .x0 = 2, .x1 = 2, .y1 = 2, .z = -2, .feed = 6, .code = 100});
   d.add({.type = 1, .x0 = 2, .y0 = 2, .x1 = 4, .y1 = 2, .z = -2, .feed = 6, .code = 100});
@@ -141,7 +141,7 @@ TEST(RemovePathVertex, MakesOneMoveOfTwo) {
 }
 
 TEST(RemovePathVertex, KeepsTheRadiusOfAnArcThatReaches) {
-  PathVertexDesk d;
+  PathVertexContext d;
   d.add({.type = 1, .x0 = 0, .y0 = 5, .x1 = 3, .y1 = 4, .code = 100});
   d.add({.type = 2, .x0 = 3, .y0 = 4, .x1 = 5, .y1 = 0, .code = 100});
   expectOneStep(d, [&d] { d.remove(3, 4); });
@@ -152,7 +152,7 @@ TEST(RemovePathVertex, KeepsTheRadiusOfAnArcThatReaches) {
 }
 
 TEST(RemovePathVertex, MakesAHalfCircleOfAnArcThatDoesNot) {
-  PathVertexDesk d;
+  PathVertexContext d;
   d.add({.type = 1, .x0 = -4, .x1 = 0, .code = 100});
   d.add({.type = 3, .x0 = 0, .x1 = 1, .y1 = 1, .xc = 0, .yc = 1, .code = 100});
   expectOneStep(d, [&d] { d.remove(0, 0); });
@@ -160,7 +160,7 @@ TEST(RemovePathVertex, MakesAHalfCircleOfAnArcThatDoesNot) {
 }
 
 TEST(RemovePathVertex, WhereOneRowEndsTellsSo) {
-  PathVertexDesk d;
+  PathVertexContext d;
   d.add({.type = 1, .x1 = 2, .code = 100});
   d.add({.type = 0, .x0 = 2, .x1 = 4, .code = 100});
   expectNoStep(d, [&d] { d.remove(2, 0); });
@@ -168,7 +168,7 @@ TEST(RemovePathVertex, WhereOneRowEndsTellsSo) {
 }
 
 TEST(RemovePathVertex, PassesOverHiddenRows) {
-  PathVertexDesk d;
+  PathVertexContext d;
   d.add({.type = 1, .x1 = 2, .code = 100});
   d.add({.type = 1, .x0 = 2, .x1 = 4, .code = 200});
   d.store.psvisible[2] = false;

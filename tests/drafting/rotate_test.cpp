@@ -9,22 +9,22 @@
 #include "drafting/frmRotate.h"
 #include "drafting/selection.h"
 #include "tests/support/back_and_forth.h"
-#include "tests/support/drafting_desk.h"
+#include "tests/support/drafting_test_context.h"
 #include "tests/support/failure_of.h"
 
 namespace tess {
 namespace {
 
 using testing::expectBackAndForth;
-using testing::RecordedDesk;
+using testing::RecordedDrafting;
 using testing::segmentTexts;
 using testing::TableBits;
 using Texts = std::vector<std::string>;
 
 // Works the form while it is shown.
-void rotateWith(RecordedDesk& d, const std::function<void(frmRotate&)>& work) {
+void rotateWith(RecordedDrafting& d, const std::function<void(frmRotate&)>& work) {
   d.test.recording.prompts.onForm = [work](Form& form) { work(dynamic_cast<frmRotate&>(form)); };
-  mnuEditRotate_Click(d.desk);
+  mnuEditRotate_Click(d.context);
 }
 
 std::function<void(frmRotate&)> by(const std::string& degrees) {
@@ -52,8 +52,8 @@ void expectNear(const DrawingStore& store, const std::vector<SegmentRow>& rows) 
   }
 }
 
-struct RotateDesk : RecordedDesk {
-  RotateDesk() {
+struct RotateContext : RecordedDrafting {
+  RotateContext() {
     addLine(1, 1, 3, 1);
     add({.type = 3, .x0 = 1, .y0 = 0, .x1 = 0, .y1 = 1});
     add({.type = 5, .x0 = 2, .y0 = 2, .x1 = 2, .y1 = 2, .xc = 1, .yc = 2});
@@ -81,7 +81,7 @@ TEST(RotatePoint, TakesTheFourthQuadrantAsNegative) {
 }
 
 TEST(Rotate, OpensAtTheMarkerWithItsDefaults) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.addLine(0, 0, 1, 0);
   d.rightClick(1.25F, -2);
   rotateWith(d, [](frmRotate& form) {
@@ -101,7 +101,7 @@ TEST(Rotate, OpensAtTheMarkerWithItsDefaults) {
 }
 
 TEST(Rotate, TurnsLinesArcsAndCirclesCounterClockwise) {
-  RotateDesk d;
+  RotateContext d;
   const TableBits before(d.store);
   rotateWith(d, by("90"));
   const float d5 = 2.8284F, r5 = 2.2361F, r10 = 3.1623F, r2 = 1.4142F;  // lengths at four places
@@ -115,14 +115,14 @@ TEST(Rotate, TurnsLinesArcsAndCirclesCounterClockwise) {
               {.type = 3, .x0 = 0, .y0 = 1, .x1 = -1, .y1 = 0},
               {.type = 5, .x0 = c.x, .y0 = c.y, .x1 = c.x, .y1 = c.y, .xc = m.x, .yc = m.y}});
   EXPECT_EQ(testing::pathTexts(d.store), Texts{"1 (1, 1)-(2, 2) @100 z 0"});
-  EXPECT_EQ(d.desk.changelog.changecount, 6);
-  EXPECT_TRUE(d.desk.changelog.record(0).StartOfSegment);
+  EXPECT_EQ(d.context.changelog.changecount, 6);
+  EXPECT_TRUE(d.context.changelog.record(0).StartOfSegment);
   EXPECT_FALSE(d.store.drawingsaved);
   expectBackAndForth(d, before);
 }
 
 TEST(Rotate, OfALineByNinetyDegreesAboutItsStartKeepsTheStart) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.addLine(1, 1, 2, 1);
   const TableBits before(d.store);
   rotateWith(d, [](frmRotate& form) {
@@ -137,7 +137,7 @@ TEST(Rotate, OfALineByNinetyDegreesAboutItsStartKeepsTheStart) {
 }
 
 TEST(Rotate, ClockwiseTurnsTheOtherWay) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.addLine(0, 0, 1, 0);
   rotateWith(d, [](frmRotate& form) {
     form.txtDegrees.setText("90");
@@ -148,7 +148,7 @@ TEST(Rotate, ClockwiseTurnsTheOtherWay) {
 }
 
 TEST(Rotate, AsACopyLeavesTheRowsAndTheirAttributes) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.addLine(0, 0, 1, 0);
   d.addLine(2, 0, 3, 0);
   d.store.segattr[1] = kSelectedRow;
@@ -164,13 +164,13 @@ TEST(Rotate, AsACopyLeavesTheRowsAndTheirAttributes) {
                        {.type = 1, .attr = 30108, .x0 = 2, .x1 = 3},
                        {.type = 1, .attr = kSelectedRow, .x1 = -1},
                        {.type = 1, .attr = 30108, .x0 = -2, .x1 = -3}});
-  EXPECT_EQ(d.desk.changelog.changecount, 2);
-  EXPECT_EQ(d.desk.state.Selected.rows(), (std::vector<int>{1, 2, 3, 4}));
+  EXPECT_EQ(d.context.changelog.changecount, 2);
+  EXPECT_EQ(d.context.state.Selected.rows(), (std::vector<int>{1, 2, 3, 4}));
   expectBackAndForth(d, before);
 }
 
 TEST(Rotate, OfTheSelectionTakesItAlone) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.addLine(0, 0, 1, 0);
   d.addLine(0, 0, 2, 0);
   d.store.segattr[1] = kSelectedRow;
@@ -182,7 +182,7 @@ TEST(Rotate, OfTheSelectionTakesItAlone) {
 
 TEST(Rotate, OfKindsWithoutShapeTakesTheStoredPointAlone) {
   for (const int type : {0, 80}) {
-    RecordedDesk d;
+    RecordedDrafting d;
     d.add({.type = type, .x0 = 1, .y0 = 0, .x1 = 3, .y1 = 4, .xc = 5, .yc = 6});
     rotateWith(d, by("180"));
     expectNear(d.store, {{.type = type, .x0 = -1, .x1 = 3, .y1 = 4, .xc = 5, .yc = 6}});
@@ -190,7 +190,7 @@ TEST(Rotate, OfKindsWithoutShapeTakesTheStoredPointAlone) {
 }
 
 TEST(Rotate, OfARectangleTurnsItsCorners) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.add({.type = 6, .x0 = 1, .y0 = 0, .x1 = 0, .y1 = 2});
   rotateWith(d, by("90"));
   expectNear(d.store, {{.type = 6, .x0 = 0, .y0 = 1, .x1 = -2, .y1 = 0}});
@@ -198,17 +198,17 @@ TEST(Rotate, OfARectangleTurnsItsCorners) {
 
 TEST(Rotate, ByTheEndsOfItsRangeIsTaken) {
   for (const char* const degrees : {"0", "360"}) {
-    RecordedDesk d;
+    RecordedDrafting d;
     d.addLine(0, 0, 1, 0);
     rotateWith(d, by(degrees));
     EXPECT_TRUE(d.messages().empty());
-    EXPECT_EQ(d.desk.changelog.changecount, 2);
+    EXPECT_EQ(d.context.changelog.changecount, 2);
     expectNear(d.store, {{.type = 1, .x1 = 1}});
   }
 }
 
 TEST(Rotate, KeepsTheDegreesThatOkTook) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.addLine(0, 0, 1, 0);
   rotateWith(d, by("12.5"));
   rotateWith(d, [](frmRotate& form) {
@@ -245,13 +245,13 @@ TEST(Rotate, OfAFaultTellsSoAndGoesToTheField) {
   };
   for (const Fault& fault : faults) {
     SCOPED_TRACE(fault.degrees);
-    RotateDesk d;
+    RotateContext d;
     const TableBits before(d.store);
     rotateWith(d, [&](frmRotate& form) {
       form.txtDegrees.setText(fault.degrees);
       form.txtRotateX.setText(fault.x);
       form.txtRotateY.setText(fault.y);
-      EXPECT_TRUE(d.desk.formPreview.rows.empty());
+      EXPECT_TRUE(d.context.formPreview.rows.empty());
       form.cmdOK.focus();
       form.cmdOK.click();
       EXPECT_TRUE(form.isShown());
@@ -262,21 +262,21 @@ TEST(Rotate, OfAFaultTellsSoAndGoesToTheField) {
     EXPECT_EQ(d.messages()[0].title, "Rotate");
     EXPECT_EQ(d.messages()[0].icon, MessageIcon::Warning);
     EXPECT_TRUE(TableBits(d.store) == before);
-    EXPECT_EQ(d.desk.command.rotateDegrees, 0);
+    EXPECT_EQ(d.context.command.rotateDegrees, 0);
   }
 }
 
 TEST(Rotate, BeyondTheLargestNumberChangesNothing) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.addLine(3e38F, 3e38F, 1, 0);
   const TableBits before(d.store);
   EXPECT_EQ(testing::numberOfFailure([&] { rotateWith(d, by("45")); }), FailureNumber::Overflow);
   EXPECT_TRUE(TableBits(d.store) == before);
-  EXPECT_EQ(d.desk.changelog.changecount, 0);
+  EXPECT_EQ(d.context.changelog.changecount, 0);
 }
 
 TEST(Rotate, IntoAFullTableAddsNothing) {
-  RecordedDesk d;
+  RecordedDrafting d;
   for (int row = 0; row < 32767; ++row) d.addLine(static_cast<float>(row), 0, 1, 1);
   const auto rotate = [&] {
     rotateWith(d, [](frmRotate& form) {
@@ -289,7 +289,7 @@ TEST(Rotate, IntoAFullTableAddsNothing) {
 }
 
 TEST(Rotate, ThatTheLogCannotHoldAsksFirst) {
-  RecordedDesk d;
+  RecordedDrafting d;
   for (int row = 0; row < 16384; ++row) d.addLine(static_cast<float>(row), 0, 1, 1);
   const TableBits before(d.store);
   d.test.recording.prompts.answers = {Answer::Cancel};
@@ -300,20 +300,20 @@ TEST(Rotate, ThatTheLogCannotHoldAsksFirst) {
 }
 
 TEST(Rotate, ShowsTheImagesBeforeOk) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.addLine(0, 0, 1, 0);
   rotateWith(d, [&d](frmRotate& form) {
     form.txtDegrees.setText("180");
-    ASSERT_EQ(d.desk.formPreview.rows.size(), 1U);
-    EXPECT_NEAR(d.desk.formPreview.rows[0].x1, -1, 1e-6);
+    ASSERT_EQ(d.context.formPreview.rows.size(), 1U);
+    EXPECT_NEAR(d.context.formPreview.rows[0].x1, -1, 1e-6);
     form.optClockwise.setValue(true);
     form.txtDegrees.setText("90");
-    EXPECT_NEAR(d.desk.formPreview.rows[0].y1, -1, 1e-6);
-    EXPECT_TRUE(d.desk.formPreview.shown);
+    EXPECT_NEAR(d.context.formPreview.rows[0].y1, -1, 1e-6);
+    EXPECT_TRUE(d.context.formPreview.shown);
     form.cmdOK.click();
   });
-  EXPECT_FALSE(d.desk.formPreview.shown);
-  EXPECT_TRUE(d.desk.formPreview.rows.empty());
+  EXPECT_FALSE(d.context.formPreview.shown);
+  EXPECT_TRUE(d.context.formPreview.rows.empty());
 }
 
 }  // namespace

@@ -7,7 +7,7 @@
 #include "gtest/gtest.h"
 
 #include "core/drawing_store.h"
-#include "tests/support/drafting_desk.h"
+#include "tests/support/drafting_test_context.h"
 #include "tests/support/failure_of.h"
 #include "tests/support/plain_edits.h"
 

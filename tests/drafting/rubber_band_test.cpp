@@ -14,18 +14,18 @@
 #include "drafting/object_snap.h"
 #include "drafting/selection.h"
 #include "drafting/trim.h"
-#include "tests/support/drafting_desk.h"
+#include "tests/support/drafting_test_context.h"
 #include "tests/support/raster_surface.h"
 
 namespace tess {
 namespace {
 
 using testing::RasterSurface;
-using RasterDesk = testing::DraftingDesk<RasterSurface>;
+using RasterContext = testing::DraftingTest<RasterSurface>;
 using Picture = std::vector<std::int32_t>;
 
-// A desk with something on it, so that bands cross ink as well as ground.
-struct Scene : RasterDesk {
+// A context with something on it, so that bands cross ink as well as ground.
+struct Scene : RasterContext {
   Scene() {
     addLine(-4, -3, 4, 3);
     add({.type = 2, .x0 = 1, .y0 = 0, .x1 = 1, .y1 = 0});
@@ -41,7 +41,7 @@ struct Scene : RasterDesk {
 
 struct ModeCase {
   const char* name;
-  void (*command)(Desk&);
+  void (*command)(DraftingContext&);
   bool threePoints;
 };
 
@@ -55,7 +55,7 @@ constexpr ModeCase kModes[] = {
 };
 
 void startMode(Scene& scene, const ModeCase& mode) {
-  mode.command(scene.desk);
+  mode.command(scene.context);
   scene.rightClick(-1, 0.5F);
   if (mode.threePoints) scene.click(2, 1);
   scene.redraw.redrawscreen();
@@ -69,7 +69,7 @@ TEST(RubberBand, IsOnTheScreenWhileItIsDragged) {
     const Picture before = scene.freshPicture();
     scene.press(1, 0.3F, 1.5F);
     EXPECT_GT(scene.differences(before), 0);
-    EXPECT_EQ(scene.desk.pointer.RubberKind, scene.mode());
+    EXPECT_EQ(scene.context.pointer.RubberKind, scene.mode());
   }
 }
 
@@ -96,10 +96,10 @@ TEST(RubberBand, ErasedLeavesTheFreshPicture) {
     const Picture before = scene.freshPicture();
     scene.press(1, 0.3F, 1.5F);
     scene.move(1, 2.5F, -1);
-    eraseRubberBand(scene.desk);
+    eraseRubberBand(scene.context);
     EXPECT_EQ(scene.differences(before), 0);
-    EXPECT_EQ(scene.desk.pointer.RubberKind, 0);
-    eraseRubberBand(scene.desk);
+    EXPECT_EQ(scene.context.pointer.RubberKind, 0);
+    eraseRubberBand(scene.context);
     EXPECT_EQ(scene.differences(before), 0);
   }
 }
@@ -127,7 +127,7 @@ TEST(RubberBand, ARedrawInBetweenClearsIt) {
     startMode(other, mode);
     scene.press(1, 0.3F, 1.5F);
     scene.redraw.redrawscreen();
-    EXPECT_EQ(scene.desk.pointer.RubberKind, 0);
+    EXPECT_EQ(scene.context.pointer.RubberKind, 0);
     scene.move(1, 3, 1);
     other.press(1, 3, 1);
     EXPECT_EQ(scene.differences(other.surface.picture()), 0);
@@ -140,7 +140,7 @@ TEST(RubberBand, TheStagedRedrawClearsItToo) {
   scene.press(1, 0.3F, 1.5F);
   scene.redraw.setTaskQueueState(1);
   scene.pass(50);
-  EXPECT_EQ(scene.desk.pointer.RubberKind, 0);
+  EXPECT_EQ(scene.context.pointer.RubberKind, 0);
 }
 
 TEST(RubberBand, OfAnotherModeIsErasedAsItWasDrawn) {
@@ -150,9 +150,9 @@ TEST(RubberBand, OfAnotherModeIsErasedAsItWasDrawn) {
     startMode(scene, mode);
     scene.press(1, 0.3F, 1.5F);
     scene.move(1, 2.5F, -1);
-    mnuDrawRect_Click(scene.desk);  // by its key, with the button held
+    mnuDrawRect_Click(scene.context);  // by its key, with the button held
     scene.move(1, 3, 1);
-    eraseRubberBand(scene.desk);
+    eraseRubberBand(scene.context);
     EXPECT_EQ(scene.differences(scene.freshPicture()), 0);
   }
 }
@@ -162,12 +162,12 @@ TEST(RubberBand, HasNoneWhereAThreePointCommandWaitsForItsSecondPoint) {
     if (!mode.threePoints) continue;
     SCOPED_TRACE(mode.name);
     Scene scene;
-    mode.command(scene.desk);
+    mode.command(scene.context);
     const Picture before = scene.freshPicture();
     scene.press(1, 1, 1);
     scene.move(1, 2, 1);
     EXPECT_EQ(scene.differences(before), 0);
-    EXPECT_EQ(scene.desk.pointer.RubberKind, 0);
+    EXPECT_EQ(scene.context.pointer.RubberKind, 0);
   }
 }
 
@@ -184,7 +184,7 @@ TEST(RubberBand, WithoutADrawingModeThereIsNone) {
 TEST(SelectionBox, LeavesThePictureAsItWasAfterAWindowThatPicksNothing) {
   for (const auto command : {mnuDrawSelect_Click, mnuDrawUnselect_Click}) {
     Scene scene;
-    command(scene.desk);
+    command(scene.context);
     const Picture before = scene.freshPicture();
     scene.press(1, -4.5F, 3.8F);
     scene.move(1, -3, 3);
@@ -222,7 +222,7 @@ TEST(ZoomBox, WipedByARedrawLeavesNothingEither) {
 
 TEST(MeasureBand, IsErasedBeforeTheRelease) {
   Scene scene;
-  miMeasureDist_Click(scene.desk);
+  miMeasureDist_Click(scene.context);
   const Picture before = scene.freshPicture();
   scene.press(1, -2, 1);
   scene.move(1, 3, 3);
@@ -241,7 +241,7 @@ TEST(MeasureBand, IsErasedBeforeTheRelease) {
 // A tool up to the click before the last, and where the last one makes or leaves something.
 struct HoverCase {
   const char* name;
-  void (*command)(Desk&);
+  void (*command)(DraftingContext&);
   std::vector<Point> clicks;
   Point at;
 };
@@ -269,11 +269,11 @@ struct EditScene : Scene {
       addPathSegment(store, {row.type, row.x0, row.y0, row.x1, row.y1, row.xc, row.yc});
     }
     addPathLine(-4, -3, 4, 3);
-    desk.command.EditPaths = paths;
+    context.command.EditPaths = paths;
     redraw.redrawscreen();
   }
   void start(const HoverCase& tool) {
-    tool.command(desk);
+    tool.command(context);
     for (const Point at : tool.clicks) click(at.x, at.y);
   }
 };
@@ -287,11 +287,11 @@ TEST(HoveringRows, AreOnTheScreenWhileTheButtonIsDownAndThenGone) {
       const Picture before = scene.freshPicture();
       scene.press(1, tool.at.x, tool.at.y);
       EXPECT_GT(scene.differences(before), 0);
-      EXPECT_FALSE(scene.desk.hovering.empty());
+      EXPECT_FALSE(scene.context.hovering.empty());
       scene.move(1, tool.at.x + 0.1F, tool.at.y);
-      eraseDragBand(scene.desk);
+      eraseDragBand(scene.context);
       EXPECT_EQ(scene.differences(before), 0);
-      EXPECT_TRUE(scene.desk.hovering.empty());
+      EXPECT_TRUE(scene.context.hovering.empty());
     }
   }
 }
@@ -302,8 +302,8 @@ TEST(HoveringRows, AreThoseThatTheReleaseMakes) {
     EditScene scene(/*paths=*/false);
     scene.start(tool);
     scene.press(1, tool.at.x, tool.at.y);
-    ASSERT_EQ(scene.desk.hovering.size(), 1U);
-    const std::string hovering = testing::segmentText(scene.desk.hovering[0]);
+    ASSERT_EQ(scene.context.hovering.size(), 1U);
+    const std::string hovering = testing::segmentText(scene.context.hovering[0]);
     scene.release(1, tool.at.x, tool.at.y);
     const auto rows = testing::segmentTexts(scene.store);
     EXPECT_NE(std::find(rows.begin(), rows.end(), hovering), rows.end()) << hovering;
@@ -318,7 +318,7 @@ TEST(HoveringRows, VanishWithEsc) {
     scene.start(tool);
     const Picture before = scene.freshPicture();
     scene.press(1, tool.at.x, tool.at.y);
-    Handle_esc(scene.desk);
+    Handle_esc(scene.context);
     EXPECT_EQ(scene.differences(before), 0);
   }
 }
@@ -328,7 +328,7 @@ TEST(HoveringRows, VanishWhenEditingTurnsToTheOtherTable) {
   scene.start(hoverCases()[0]);
   const Picture before = scene.freshPicture();
   scene.press(1, 1, -1);
-  toggleEditPaths(scene.desk);
+  toggleEditPaths(scene.context);
   EXPECT_EQ(scene.differences(before), 0);
 }
 
@@ -336,9 +336,9 @@ TEST(HoveringRows, OfAnotherToolAreErasedAsTheyWereDrawn) {
   EditScene scene(/*paths=*/false);
   scene.start(hoverCases()[0]);
   scene.press(1, 1, -1);
-  mnuEditMoveEnd_Click(scene.desk);  // by its key, with the button held
+  mnuEditMoveEnd_Click(scene.context);  // by its key, with the button held
   scene.move(1, 2, -1);
-  eraseDragBand(scene.desk);
+  eraseDragBand(scene.context);
   EXPECT_EQ(scene.differences(scene.freshPicture()), 0);
 }
 
@@ -353,13 +353,13 @@ TEST(HoveringRows, AreNoneWhereNothingWouldCome) {
 TEST(HoveringRows, GoWithTheRowsOfAnEndThatIsMoved) {
   for (const bool paths : {false, true}) {
     EditScene scene(paths);
-    mnuEditMoveEnd_Click(scene.desk);
+    mnuEditMoveEnd_Click(scene.context);
     const Picture before = scene.freshPicture();
     scene.press(1, 1, 2.1F);
     EXPECT_GT(scene.differences(before), 0);
     scene.move(1, 2, 3.5F);
-    ASSERT_EQ(scene.desk.hovering.size(), 1U);
-    EXPECT_EQ(testing::segmentText(scene.desk.hovering[0]), "1 (1, -2)-(2, 3.5)");
+    ASSERT_EQ(scene.context.hovering.size(), 1U);
+    EXPECT_EQ(testing::segmentText(scene.context.hovering[0]), "1 (1, -2)-(2, 3.5)");
     scene.move(1, 3, 1.5F);
     scene.release(1, 3, 1.5F);
     EXPECT_EQ(scene.differences(scene.freshPicture()), 0);
@@ -369,29 +369,29 @@ TEST(HoveringRows, GoWithTheRowsOfAnEndThatIsMoved) {
 
 TEST(HoveringRows, ShowAnArcThatDoesNotReachAsItIs) {
   EditScene scene(/*paths=*/false);
-  mnuEditMoveEnd_Click(scene.desk);
+  mnuEditMoveEnd_Click(scene.context);
   scene.press(1, -2, 2);
   scene.move(1, 4, -2);
-  ASSERT_EQ(scene.desk.hovering.size(), 1U);
-  EXPECT_EQ(testing::segmentText(scene.desk.hovering[0]), "3 (-2, 2)-(-3, 1) c (-3, 2)");
+  ASSERT_EQ(scene.context.hovering.size(), 1U);
+  EXPECT_EQ(testing::segmentText(scene.context.hovering[0]), "3 (-2, 2)-(-3, 1) c (-3, 2)");
 }
 
 TEST(HoveringRows, FollowTheGrid) {
   EditScene scene(/*paths=*/false);
   scene.store.cursorgridf = 1;
   scene.store.cursorgrid = 0.5F;
-  mnuEditMoveEnd_Click(scene.desk);
+  mnuEditMoveEnd_Click(scene.context);
   scene.press(1, 1, 2);
   scene.move(1, 2.1F, 2.9F);
-  EXPECT_EQ(testing::segmentText(scene.desk.hovering.at(0)), "1 (1, -2)-(2, 3)");
+  EXPECT_EQ(testing::segmentText(scene.context.hovering.at(0)), "1 (1, -2)-(2, 3)");
 }
 
 // ---- Marks and crosses
 
 TEST(FeatureMark, VanishesWhereNoFeatureIsNear) {
   Scene scene;
-  OSnap_ButtonClick(scene.desk);
-  miMeasureDist_Click(scene.desk);
+  OSnap_ButtonClick(scene.context);
+  miMeasureDist_Click(scene.context);
   const Picture before = scene.freshPicture();
   for (const Point near : {Point{-3.9F, -3}, Point{0.1F, 0.1F}, Point{4, 2.8F}}) {
     scene.press(2, near.x, near.y);
@@ -405,7 +405,7 @@ TEST(FeatureMark, VanishesWhereNoFeatureIsNear) {
 TEST(FeatureMark, OfATypedPositionVanishesToo) {
   Scene scene;
   const Picture before = scene.freshPicture();
-  scene.desk.typedPosition = Point{2, 1};
+  scene.context.typedPosition = Point{2, 1};
   scene.press(2, 2, 1);
   scene.move(2, 2.1F, 1);
   EXPECT_GT(scene.differences(before), 0);
@@ -418,13 +418,13 @@ TEST(Crosses, OfMarkerAndSecondPointComeAndGo) {
     if (!mode.threePoints) continue;
     SCOPED_TRACE(mode.name);
     Scene scene;
-    mode.command(scene.desk);
+    mode.command(scene.context);
     const Picture before = scene.freshPicture();
     scene.click(2, -2);
     EXPECT_GT(scene.differences(before), 0);
     scene.redraw.redrawscreen();
     EXPECT_GT(scene.differences(before), 0);
-    mnuDrawLine_Click(scene.desk);
+    mnuDrawLine_Click(scene.context);
     EXPECT_EQ(scene.differences(before), 0);
     scene.rightClick(1.5F, -2);
     scene.rightClick(0, 0);
@@ -460,7 +460,7 @@ TEST(Crosses, AfterAThreePointCommandOnlyTheMarkersIsLeft) {
     if (!mode.threePoints) continue;
     SCOPED_TRACE(mode.name);
     Scene scene;
-    mode.command(scene.desk);
+    mode.command(scene.context);
     scene.rightClick(-3, -3.5F);
     scene.click(-1, -3.5F);
     scene.click(-2, -2.8F);
@@ -470,17 +470,17 @@ TEST(Crosses, AfterAThreePointCommandOnlyTheMarkersIsLeft) {
 }
 
 TEST(RubberBand, LeavesTheScreenWithItsMode) {
-  testing::RecordedDesk d;
-  mnuDrawLine_Click(d.desk);
+  testing::RecordedDrafting d;
+  mnuDrawLine_Click(d.context);
   d.press(1, 1, 1);
   d.log.take();
-  eraseRubberBand(d.desk);
+  eraseRubberBand(d.context);
   const std::string erased = d.log.take();
-  showRubberBand(d.desk);
-  ASSERT_EQ(d.desk.pointer.RubberKind, 1);
+  showRubberBand(d.context);
+  ASSERT_EQ(d.context.pointer.RubberKind, 1);
   d.log.take();
-  mnuDrawSelect_Click(d.desk);
-  EXPECT_EQ(d.desk.pointer.RubberKind, 0);
+  mnuDrawSelect_Click(d.context);
+  EXPECT_EQ(d.context.pointer.RubberKind, 0);
   EXPECT_NE(d.log.take().find(erased), std::string::npos);
 }
 

@@ -12,12 +12,12 @@
 #include "geometry/row_entity.h"
 #include "tests/geometry/rows.h"
 #include "tests/geometry/scenes.h"
-#include "tests/support/drafting_desk.h"
+#include "tests/support/drafting_test_context.h"
 
 namespace tess {
 namespace {
 
-using testing::RecordedDesk;
+using testing::RecordedDrafting;
 using Rows = std::vector<int>;
 
 // Rows that carry the mark.
@@ -62,7 +62,7 @@ TEST(SelectionMarks, OfPathRowsKeepGroupAndTool) {
 }
 
 TEST(SelectedCount, CountsPlainSelectedRowsAlone) {
-  RecordedDesk d;
+  RecordedDrafting d;
   for (const int attr : {8, 30008, 30108, 30010, 30008, 29108}) {
     d.add({.type = 1, .attr = attr, .x1 = 1});
   }
@@ -70,76 +70,76 @@ TEST(SelectedCount, CountsPlainSelectedRowsAlone) {
 }
 
 TEST(SelectedCount, AVerifiedRowDoesNotCountSoDeleteArmsTheClick) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.add({.type = 1, .attr = 30108, .x1 = 1});
   EXPECT_EQ(selectedCount(d.store), 0);
-  mnuEditDelete_Click(d.desk);
+  mnuEditDelete_Click(d.context);
   EXPECT_EQ(d.pending(), 1);
 }
 
 // ---- Clicks
 
 TEST(SelectClick, TakesTheNearestRowHoweverFar) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.addLine(-5, -4, -5, -3);
   d.addLine(-4, -4, -4, -3);
-  mnuDrawSelect_Click(d.desk);
+  mnuDrawSelect_Click(d.context);
   d.click(5, 4);
   EXPECT_EQ(selectedRows(d.store), Rows{2});
-  EXPECT_EQ(d.desk.state.Selected.rows(), Rows{2});
+  EXPECT_EQ(d.context.state.Selected.rows(), Rows{2});
   EXPECT_EQ(d.pending(), 24);
   d.click(-5, -3.5F);
-  EXPECT_EQ(d.desk.state.Selected.rows(), (Rows{2, 1}));
+  EXPECT_EQ(d.context.state.Selected.rows(), (Rows{2, 1}));
 }
 
 TEST(SelectClick, UnselectsWithTheOtherCommand) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.addLine(0, 0, 1, 0);
   d.addLine(0, 1, 1, 1);
-  mnuDrawSelectAll_Click(d.desk);
-  mnuDrawUnselect_Click(d.desk);
+  mnuDrawSelectAll_Click(d.context);
+  mnuDrawUnselect_Click(d.context);
   d.click(0.5F, 0.1F);
   EXPECT_EQ(selectedRows(d.store), Rows{2});
-  EXPECT_EQ(d.desk.state.Selected.rows(), Rows{2});
+  EXPECT_EQ(d.context.state.Selected.rows(), Rows{2});
   EXPECT_EQ(d.pending(), 25);
 }
 
 TEST(SelectClick, DrawsTheRowAtOnce) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.addLine(0, 0, 1, 0);
   d.log.take();
-  markSegment(d.desk, 1, true);
+  markSegment(d.context, 1, true);
   EXPECT_EQ(d.log.count("line (0, 0)-(1, 0)"), 2);
   EXPECT_EQ(d.log.count("Cls"), 0);
-  EXPECT_TRUE(d.desk.state.updateProperties);
+  EXPECT_TRUE(d.context.state.updateProperties);
 }
 
 TEST(SelectClick, OfAnEmptyDrawingDoesNothing) {
   for (const bool editPaths : {false, true}) {
-    RecordedDesk d;
-    d.desk.command.EditPaths = editPaths;
+    RecordedDrafting d;
+    d.context.command.EditPaths = editPaths;
     for (const auto command : {mnuDrawSelect_Click, mnuDrawUnselect_Click, mnuDrawSelectContiguous,
                                mnuDrawUnselectContiguous}) {
-      command(d.desk);
+      command(d.context);
       d.click(1, 1);
       EXPECT_EQ(d.mode(), -1);
     }
-    EXPECT_EQ(d.desk.state.Selected.rows(), Rows{});
+    EXPECT_EQ(d.context.state.Selected.rows(), Rows{});
     EXPECT_TRUE(d.messages().empty());
   }
 }
 
 TEST(SelectClick, WithEditPathsTakesPathRowsOfAnyGroup) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.addLine(0, 0, 1, 0);
   d.addPathLine(0, 1, 1, 1, 101);
   d.addPathLine(0, 2, 1, 2, 203);
-  d.desk.command.EditPaths = true;
-  mnuDrawSelect_Click(d.desk);
+  d.context.command.EditPaths = true;
+  mnuDrawSelect_Click(d.context);
   d.click(0.5F, 2.1F);
   EXPECT_EQ(d.store.pscode[2], 30203);
   EXPECT_EQ(selectedRows(d.store), Rows{});
-  mnuDrawUnselect_Click(d.desk);
+  mnuDrawUnselect_Click(d.context);
   d.click(0.5F, 2.2F);
   EXPECT_EQ(d.store.pscode[2], 203);
 }
@@ -147,24 +147,24 @@ TEST(SelectClick, WithEditPathsTakesPathRowsOfAnyGroup) {
 // ---- Windows
 
 // Three rows: one inside, one through, one beyond a window from (0, 0) to (2, 2).
-struct WindowDesk : RecordedDesk {
-  WindowDesk() {
+struct WindowContext : RecordedDrafting {
+  WindowContext() {
     addLine(0.5F, 0.5F, 1.5F, 1.5F);
     addLine(-1, 1, 3, 1);
     addLine(3, 3, 4, 4);
-    mnuDrawSelect_Click(desk);
+    mnuDrawSelect_Click(context);
   }
 };
 
 TEST(SelectWindow, TakesWhatItTouches) {
-  WindowDesk d;
+  WindowContext d;
   d.drag({0, 0}, {2, 2});
   EXPECT_EQ(selectedRows(d.store), (Rows{1, 2}));
-  EXPECT_EQ(d.desk.state.Selected.rows(), (Rows{1, 2}));
+  EXPECT_EQ(d.context.state.Selected.rows(), (Rows{1, 2}));
 }
 
 TEST(SelectWindow, WithShiftTakesWhatHasBothEndsInside) {
-  WindowDesk d;
+  WindowContext d;
   d.drag({0, 0}, {2, 2}, kShiftKey);
   EXPECT_EQ(selectedRows(d.store), Rows{1});
 }
@@ -174,7 +174,7 @@ TEST(SelectWindow, MayBeDraggedInAnyDirection) {
       {{0, 0}, {2, 2}}, {{2, 2}, {0, 0}}, {{0, 2}, {2, 0}}, {{2, 0}, {0, 2}}};
   for (const auto& [from, to] : kDrags) {
     for (const int shift : {0, kShiftKey}) {
-      WindowDesk d;
+      WindowContext d;
       d.drag(from, to, shift);
       EXPECT_EQ(selectedRows(d.store), shift != 0 ? Rows{1} : (Rows{1, 2}));
     }
@@ -183,109 +183,109 @@ TEST(SelectWindow, MayBeDraggedInAnyDirection) {
 
 TEST(SelectWindow, ReachesALittleBeyondItsEdges) {
   for (const float beyond : {0.0014F, 0.0016F}) {
-    RecordedDesk d;
+    RecordedDrafting d;
     d.addLine(0, 0, 1, 2 + beyond);
-    SelectWindow(d.desk, /*select=*/true, {{-1, -1}, {2, 2}}, /*exclusive=*/true);
+    SelectWindow(d.context, /*select=*/true, {{-1, -1}, {2, 2}}, /*exclusive=*/true);
     EXPECT_EQ(selectedRows(d.store), beyond < 0.0015F ? Rows{1} : Rows{});
   }
 }
 
 TEST(SelectWindow, UnselectsWithTheOtherCommand) {
-  WindowDesk d;
-  mnuDrawSelectAll_Click(d.desk);
-  mnuDrawUnselect_Click(d.desk);
+  WindowContext d;
+  mnuDrawSelectAll_Click(d.context);
+  mnuDrawUnselect_Click(d.context);
   d.drag({0, 0}, {2, 2});
   EXPECT_EQ(selectedRows(d.store), Rows{3});
-  EXPECT_EQ(d.desk.state.Selected.rows(), Rows{3});
+  EXPECT_EQ(d.context.state.Selected.rows(), Rows{3});
 }
 
 TEST(SelectWindow, MarksASelectedRowAgainWithoutHarm) {
-  WindowDesk d;
+  WindowContext d;
   d.drag({0, 0}, {2, 2});
   d.drag({0, 0}, {2, 2});
   EXPECT_EQ(selectedRows(d.store), (Rows{1, 2}));
-  EXPECT_EQ(d.desk.state.Selected.rows(), (Rows{1, 2}));
+  EXPECT_EQ(d.context.state.Selected.rows(), (Rows{1, 2}));
 }
 
 TEST(SelectWindow, CatchesALongLineThatCrossesIt) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.addLine(-5, -4, 5, 4);
-  SelectWindow(d.desk, /*select=*/true, {{-0.5F, -0.4F}, {0.5F, 0.5F}}, /*exclusive=*/false);
+  SelectWindow(d.context, /*select=*/true, {{-0.5F, -0.4F}, {0.5F, 0.5F}}, /*exclusive=*/false);
   EXPECT_EQ(selectedRows(d.store), Rows{1});
 }
 
 TEST(SelectWindow, MayMissAnArcThatOnlyGrazesIt) {
-  RecordedDesk d;
+  RecordedDrafting d;
   // The lower end of this half circle's bulge dips into the window from above; the nearest points
   // of all four corners lie beside the window.
   d.add({.type = 3, .x0 = -3, .y0 = 3, .x1 = 3, .y1 = 3, .xc = 0, .yc = 3});
-  SelectWindow(d.desk, /*select=*/true, {{-2, -3}, {2, 0.05F}}, /*exclusive=*/false);
+  SelectWindow(d.context, /*select=*/true, {{-2, -3}, {2, 0.05F}}, /*exclusive=*/false);
   EXPECT_EQ(selectedRows(d.store), Rows{});
 }
 
 TEST(SelectWindow, WithEditPathsMarksPathRows) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.addLine(0.5F, 0.5F, 1.5F, 1.5F);
   d.addPathLine(0.5F, 0.5F, 1.5F, 1.5F);
   d.addPathLine(-1, 1, 3, 1, 203);
   d.addPathLine(3, 3, 4, 4);
-  d.desk.command.EditPaths = true;
-  SelectWindow(d.desk, /*select=*/true, {{0, 0}, {2, 2}}, /*exclusive=*/false);
+  d.context.command.EditPaths = true;
+  SelectWindow(d.context, /*select=*/true, {{0, 0}, {2, 2}}, /*exclusive=*/false);
   EXPECT_EQ(selectedPaths(d.store), (Rows{1, 2}));
   EXPECT_EQ(d.store.pscode[2], 30203);
-  SelectWindow(d.desk, /*select=*/false, {{0, 0}, {2, 2}}, /*exclusive=*/true);
+  SelectWindow(d.context, /*select=*/false, {{0, 0}, {2, 2}}, /*exclusive=*/true);
   EXPECT_EQ(selectedPaths(d.store), Rows{2});
   EXPECT_EQ(selectedRows(d.store), Rows{});
-  EXPECT_EQ(d.desk.state.Selected.rows(), Rows{});
+  EXPECT_EQ(d.context.state.Selected.rows(), Rows{});
 }
 
 TEST(SelectWindow, TakesARapidByItsEndsAlone) {
-  RecordedDesk d;  // a rapid has no nearest point
+  RecordedDrafting d;  // a rapid has no nearest point
   addPathSegment(d.store, {.type = 0, .x0 = 0.5F, .y0 = 0.5F, .x1 = 1, .y1 = 1, .code = 100});
-  d.desk.command.EditPaths = true;
-  SelectWindow(d.desk, /*select=*/true, {{-1, -1}, {2, 2}}, /*exclusive=*/false);
+  d.context.command.EditPaths = true;
+  SelectWindow(d.context, /*select=*/true, {{-1, -1}, {2, 2}}, /*exclusive=*/false);
   EXPECT_EQ(selectedPaths(d.store), Rows{});
-  SelectWindow(d.desk, /*select=*/true, {{-1, -1}, {2, 2}}, /*exclusive=*/true);
+  SelectWindow(d.context, /*select=*/true, {{-1, -1}, {2, 2}}, /*exclusive=*/true);
   EXPECT_EQ(selectedPaths(d.store), Rows{1});
 }
 
 // ---- Chains
 
 TEST(SelectContiguous, FollowsAnOpenChainBothWays) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.addLine(2, 0, 3, 0);
   d.addLine(0, 0, 1, 0);
   d.addLine(2, 0, 1, 0);  // against the run of the chain
   d.addLine(0, 3, 1, 3);  // elsewhere
-  mnuDrawSelectContiguous(d.desk);
+  mnuDrawSelectContiguous(d.context);
   d.click(1.5F, 0.1F);
   EXPECT_EQ(selectedRows(d.store), (Rows{1, 2, 3}));
-  EXPECT_EQ(d.desk.state.Selected.rows(), (Rows{3, 1, 2}));  // start side first
+  EXPECT_EQ(d.context.state.Selected.rows(), (Rows{3, 1, 2}));  // start side first
   EXPECT_TRUE(d.messages().empty());
   EXPECT_EQ(d.pending(), 31);
-  mnuDrawUnselectContiguous(d.desk);
+  mnuDrawUnselectContiguous(d.context);
   d.click(1.5F, 0.1F);
   EXPECT_EQ(selectedRows(d.store), Rows{});
   EXPECT_EQ(d.pending(), 32);
 }
 
 TEST(SelectContiguous, GoesRoundAClosedChainOnce) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.addLine(0, 0, 1, 0);
   d.addLine(1, 0, 1, 1);
   d.addLine(1, 1, 0, 0);
-  mnuDrawSelectContiguous(d.desk);
+  mnuDrawSelectContiguous(d.context);
   d.click(0.5F, -0.1F);
   EXPECT_EQ(selectedRows(d.store), (Rows{1, 2, 3}));
   EXPECT_TRUE(d.messages().empty());
 }
 
 TEST(SelectContiguous, StopsAtAForkAndNamesItsPlace) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.addLine(0, 0, 1, 0.5F);
   d.addLine(1, 0.5F, 2, 0);
   d.addLine(1, 0.5F, 2, 1);
-  mnuDrawSelectContiguous(d.desk);
+  mnuDrawSelectContiguous(d.context);
   d.click(0.5F, 0.2F);
   EXPECT_EQ(selectedRows(d.store), Rows{1});
   ASSERT_EQ(d.messages().size(), 1U);
@@ -294,14 +294,14 @@ TEST(SelectContiguous, StopsAtAForkAndNamesItsPlace) {
 }
 
 TEST(SelectContiguous, NamesTheForksOfBothSidesStartFirst) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.addLine(1, 0, 2, 0);  // picked
   d.addLine(2, 0, 3, 0);
   d.addLine(3, 0, 4, 1);
   d.addLine(3, 0, 4, -1);
   d.addLine(1, 0, 0, 1);
   d.addLine(1, 0, 0, -1);
-  mnuDrawSelectContiguous(d.desk);
+  mnuDrawSelectContiguous(d.context);
   d.click(1.5F, 0.1F);
   EXPECT_EQ(selectedRows(d.store), (Rows{1, 2}));
   ASSERT_EQ(d.messages().size(), 1U);
@@ -311,28 +311,28 @@ TEST(SelectContiguous, NamesTheForksOfBothSidesStartFirst) {
 }
 
 TEST(SelectContiguous, ARowThatEndsWhereItStartsTouchesItselfOnlyByItsTag) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.add({.type = 2, .x0 = 1, .y0 = 0, .x1 = 1, .y1 = 0});
-  mnuDrawSelectContiguous(d.desk);
+  mnuDrawSelectContiguous(d.context);
   d.click(1, 0.1F);
   EXPECT_EQ(selectedRows(d.store), Rows{1});
   EXPECT_TRUE(d.messages().empty());
 }
 
 TEST(SelectContiguous, JoinsEndsWithinTheTolerance) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.addLine(0, 0, 1, 0);
   d.addLine(1.0009F, 0, 2, 0);
   d.addLine(2.0011F, 0, 3, 0);
-  mnuDrawSelectContiguous(d.desk);
+  mnuDrawSelectContiguous(d.context);
   d.click(0.5F, 0.1F);
   EXPECT_EQ(selectedRows(d.store), (Rows{1, 2}));
 }
 
 TEST(SelectContiguous, ShowsTheHourglassMeanwhile) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.addLine(0, 0, 1, 0);
-  mnuDrawSelectContiguous(d.desk);
+  mnuDrawSelectContiguous(d.context);
   d.press(1, 0.5F, 0.1F);
   d.log.take();
   d.release(1, 0.5F, 0.1F);
@@ -345,7 +345,7 @@ TEST(SelectContiguous, ShowsTheHourglassMeanwhile) {
 }
 
 TEST(SelectContiguous, WalksALongChainWithoutRecursion) {
-  RecordedDesk d;
+  RecordedDrafting d;
   constexpr int kLong = 20000;
   ensureSegmentCapacity(d.store, kLong);
   for (int sg = 0; sg < kLong; ++sg) {
@@ -354,7 +354,7 @@ TEST(SelectContiguous, WalksALongChainWithoutRecursion) {
   }
   std::vector<bool> tagged(kLong + 1);
   std::string message;
-  SelectContiguous(d.desk, /*select=*/true, 1, tagged, message);
+  SelectContiguous(d.context, /*select=*/true, 1, tagged, message);
   EXPECT_EQ(selectedCount(d.store), kLong);
   d.log.take();
 }
@@ -393,7 +393,7 @@ struct PlainWalk {
 TEST(SelectContiguous, WalksAsThePlainPassDoes) {
   int branches = 0;
   for (int number = 0; number < 6 * testing::kSceneKinds; ++number) {
-    RecordedDesk d;
+    RecordedDrafting d;
     for (const Entity& entity : testing::sceneOf(number).entities) {
       testing::addSegment(d.store, entity);
     }
@@ -406,8 +406,8 @@ TEST(SelectContiguous, WalksAsThePlainPassDoes) {
       const std::string expected = plain.from(seg);
       std::vector<bool> tagged = untagged;
       std::string message;
-      d.desk.state.Selected.clear();
-      SelectContiguous(d.desk, /*select=*/true, seg, tagged, message);
+      d.context.state.Selected.clear();
+      SelectContiguous(d.context, /*select=*/true, seg, tagged, message);
       EXPECT_EQ(message, expected);
       EXPECT_EQ(tagged, plain.tagged);
       Rows order;  // a row that is met again keeps its place
@@ -416,7 +416,7 @@ TEST(SelectContiguous, WalksAsThePlainPassDoes) {
         if (!met[static_cast<std::size_t>(row)]) order.push_back(row);
         met[static_cast<std::size_t>(row)] = true;
       }
-      EXPECT_EQ(d.desk.state.Selected.rows(), order);
+      EXPECT_EQ(d.context.state.Selected.rows(), order);
       branches += message.empty() ? 0 : 1;
     }
   }
@@ -424,7 +424,7 @@ TEST(SelectContiguous, WalksAsThePlainPassDoes) {
 }
 
 TEST(SelectContiguousPaths, TakesAllRowsThatHangTogetherByTheirEnds) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.addPathLine(0, 0, 1, 0, 101);
   d.addPathLine(1, 0, 2, 0, 203);
   d.addPathLine(2, 0, 3, 0, 101);
@@ -432,24 +432,24 @@ TEST(SelectContiguousPaths, TakesAllRowsThatHangTogetherByTheirEnds) {
   d.addPathLine(0, 0, -1, 0, 101);  // starts where the first one starts
   d.addPathLine(3, 3, 3, 0, 101);   // ends where the third one ends
   d.addPathLine(4, 4, 4, 3, 101);   // touches none
-  d.desk.command.EditPaths = true;
-  mnuDrawSelectContiguous(d.desk);
+  d.context.command.EditPaths = true;
+  mnuDrawSelectContiguous(d.context);
   d.click(1.5F, 0.1F);
   EXPECT_EQ(selectedPaths(d.store), (Rows{1, 2, 3, 4, 5, 6}));
   EXPECT_EQ(d.store.pscode[2], 30203);
   EXPECT_TRUE(d.messages().empty());
-  mnuDrawUnselectContiguous(d.desk);
+  mnuDrawUnselectContiguous(d.context);
   d.click(1.5F, 0.1F);
   EXPECT_EQ(selectedPaths(d.store), Rows{});
   EXPECT_EQ(d.store.pscode[2], 203);
 }
 
 TEST(SelectContiguousPaths, GoesRoundAClosedPathOnce) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.addPathLine(0, 0, 1, 0);
   d.addPathLine(1, 0, 1, 1);
   d.addPathLine(1, 1, 0, 0);
-  selectContiguousPaths(d.desk, /*select=*/true, 2);
+  selectContiguousPaths(d.context, /*select=*/true, 2);
   EXPECT_EQ(selectedPaths(d.store), (Rows{1, 2, 3}));
 }
 
@@ -482,18 +482,18 @@ TEST(SelectContiguousPaths, TakesWhatPlainSweepsTake) {
   int beyondTheFirst = 0;
   for (int number = 0; number < 3 * testing::kSceneKinds; ++number) {
     SCOPED_TRACE(::testing::Message() << "scene " << number);
-    RecordedDesk d;
+    RecordedDrafting d;
     std::vector<Entity> entities = testing::sceneOf(number).entities;
     if (entities.size() > 40) entities.resize(40);
     for (const Entity& entity : entities) testing::addPath(d.store, entity);
     for (int ps = 1; ps <= d.store.NumPathSegments; ps += 7) {
       const std::vector<bool> expected = plainContiguous(d.store, ps);
-      selectContiguousPaths(d.desk, /*select=*/true, ps);
+      selectContiguousPaths(d.context, /*select=*/true, ps);
       std::vector<bool> marked(expected.size());
       for (const int row : selectedPaths(d.store)) marked[static_cast<std::size_t>(row)] = true;
       EXPECT_EQ(marked, expected) << "from row " << ps;
       beyondTheFirst += selectedPaths(d.store).size() > 1 ? 1 : 0;
-      selectContiguousPaths(d.desk, /*select=*/false, ps);
+      selectContiguousPaths(d.context, /*select=*/false, ps);
       EXPECT_EQ(selectedPaths(d.store), Rows{}) << "from row " << ps;
     }
   }
@@ -501,13 +501,13 @@ TEST(SelectContiguousPaths, TakesWhatPlainSweepsTake) {
 }
 
 TEST(SelectConnected, FollowsCrossings) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.addLine(-2, 0, 2, 0);
   d.addLine(0, -2, 0, 2);
   d.addLine(-1, 1, 1, 1);
   d.addLine(3, 3, 4, 3);
   std::vector<bool> tagged(5);
-  SelectConnected(d.desk, /*select=*/true, 1, tagged);
+  SelectConnected(d.context, /*select=*/true, 1, tagged);
   EXPECT_EQ(selectedRows(d.store), (Rows{1, 2, 3}));
   EXPECT_EQ(tagged, (std::vector<bool>{false, true, true, true, false}));
 }
@@ -515,17 +515,17 @@ TEST(SelectConnected, FollowsCrossings) {
 // ---- All
 
 TEST(SelectAll, MarksEveryRowAndGoesToSelecting) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.addLine(0, 0, 1, 0);
   d.add({.type = 1, .attr = 10, .x1 = 2});
   d.addPathLine(0, 0, 1, 0);
-  mnuEditBreakSeg_Click(d.desk);
+  mnuEditBreakSeg_Click(d.context);
   d.log.take();
-  mnuDrawSelectAll_Click(d.desk);
+  mnuDrawSelectAll_Click(d.context);
   EXPECT_EQ(d.store.segattr[1], 30008);
   EXPECT_EQ(d.store.segattr[2], 30010);
   EXPECT_EQ(selectedPaths(d.store), Rows{});
-  EXPECT_EQ(d.desk.state.Selected.rows(), (Rows{1, 2}));
+  EXPECT_EQ(d.context.state.Selected.rows(), (Rows{1, 2}));
   EXPECT_EQ(d.pending(), 0);
   EXPECT_EQ(d.mode(), -1);
   EXPECT_EQ(d.log.count("Cls"), 1);
@@ -533,70 +533,70 @@ TEST(SelectAll, MarksEveryRowAndGoesToSelecting) {
 }
 
 TEST(SelectAll, AgainLeavesTheAttributesAsTheyAre) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.add({.type = 1, .attr = 30008, .x1 = 1});
   d.add({.type = 1, .attr = 30108, .x1 = 2});
-  mnuDrawSelectAll_Click(d.desk);
-  mnuDrawSelectAll_Click(d.desk);
+  mnuDrawSelectAll_Click(d.context);
+  mnuDrawSelectAll_Click(d.context);
   EXPECT_EQ(d.store.segattr[1], 30008);
   EXPECT_EQ(d.store.segattr[2], 30108);
-  EXPECT_EQ(d.desk.state.Selected.rows(), (Rows{1, 2}));
+  EXPECT_EQ(d.context.state.Selected.rows(), (Rows{1, 2}));
 }
 
 TEST(SelectAll, WhileSelectingLeavesTheArmedAction) {
-  RecordedDesk d;
-  mnuDrawUnselect_Click(d.desk);
-  mnuDrawSelectAll_Click(d.desk);
+  RecordedDrafting d;
+  mnuDrawUnselect_Click(d.context);
+  mnuDrawSelectAll_Click(d.context);
   EXPECT_EQ(d.pending(), 25);
 }
 
 TEST(SelectAll, WithEditPathsMarksThePathRows) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.addLine(0, 0, 1, 0);
   d.addPathLine(0, 0, 1, 0, 101);
   d.addPathLine(0, 0, 1, 0, 30203);
-  d.desk.command.EditPaths = true;
-  mnuDrawSelectAll_Click(d.desk);
+  d.context.command.EditPaths = true;
+  mnuDrawSelectAll_Click(d.context);
   EXPECT_EQ(d.store.pscode[1], 30101);
   EXPECT_EQ(d.store.pscode[2], 30203);
   EXPECT_EQ(selectedRows(d.store), Rows{});
 }
 
 TEST(UnselectAll, TakesAllMarksAndEndsTheMode) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.add({.type = 1, .attr = 30108, .x1 = 1});
   d.add({.type = 1, .attr = 29108, .x1 = 2});
   d.addPathLine(0, 0, 1, 0, 30101);
-  d.desk.state.Selected.fill(2);
-  d.desk.state.setDrawMode(1);
-  mnuEditBreakSeg_Click(d.desk);
-  mnuDrawUnselectAll_Click(d.desk);
+  d.context.state.Selected.fill(2);
+  d.context.state.setDrawMode(1);
+  mnuEditBreakSeg_Click(d.context);
+  mnuDrawUnselectAll_Click(d.context);
   EXPECT_EQ(d.store.segattr[1], 8);
   EXPECT_EQ(d.store.segattr[2], 29108);
   EXPECT_EQ(d.store.pscode[1], 30101);  // editing works on drawing rows
-  EXPECT_EQ(d.desk.state.Selected.rows(), Rows{});
+  EXPECT_EQ(d.context.state.Selected.rows(), Rows{});
   EXPECT_EQ(d.pending(), 0);
   EXPECT_EQ(d.mode(), 0);
   EXPECT_EQ(d.propertyRefreshes, 1);
 }
 
 TEST(UnselectAll, WithEditPathsTakesBothKindsOfMarks) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.add({.type = 1, .attr = 30008, .x1 = 1});
   d.addPathLine(0, 0, 1, 0, 30000);
   d.addPathLine(0, 0, 1, 0, 30203);
-  d.desk.command.EditPaths = true;
-  mnuDrawUnselectAll_Click(d.desk);
+  d.context.command.EditPaths = true;
+  mnuDrawUnselectAll_Click(d.context);
   EXPECT_EQ(d.store.segattr[1], 8);
   EXPECT_EQ(d.store.pscode[1], 0);
   EXPECT_EQ(d.store.pscode[2], 203);
 }
 
 TEST(UnselectAll, WhileSelectingLeavesTheArmedAction) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.add({.type = 1, .attr = 30008, .x1 = 1});
-  mnuDrawSelect_Click(d.desk);
-  mnuDrawUnselectAll_Click(d.desk);
+  mnuDrawSelect_Click(d.context);
+  mnuDrawUnselectAll_Click(d.context);
   EXPECT_EQ(d.pending(), 24);
   EXPECT_EQ(d.mode(), -1);
 }

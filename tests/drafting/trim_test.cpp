@@ -4,7 +4,7 @@
 #include "gtest/gtest.h"
 
 #include "drafting/edit_paths.h"
-#include "tests/support/drafting_desk.h"
+#include "tests/support/drafting_test_context.h"
 #include "tests/support/edit_checks.h"
 
 namespace tess {
@@ -13,13 +13,13 @@ namespace {
 using testing::expectNoStep;
 using testing::expectOneStep;
 using testing::pathTexts;
-using testing::RecordedDesk;
+using testing::RecordedDrafting;
 using testing::segmentTexts;
 using Texts = std::vector<std::string>;
 
-struct TrimDesk : RecordedDesk {
+struct TrimContext : RecordedDrafting {
   void trim(Point pick, Point trimmer) {
-    mnuEditTrimEntity_Click(desk);
+    mnuEditTrimEntity_Click(context);
     click(pick.x, pick.y);
     click(trimmer.x, trimmer.y);
   }
@@ -27,7 +27,7 @@ struct TrimDesk : RecordedDesk {
 };
 
 // A level line with a wall across it.
-struct CrossedLine : TrimDesk {
+struct CrossedLine : TrimContext {
   CrossedLine() {
     addLine(0, 0, 4, 0);
     addLine(1, -2, 1, 2);
@@ -38,17 +38,17 @@ struct CrossedLine : TrimDesk {
 
 TEST(TrimClicks, AskForTheRowThenForTheOneThatTrims) {
   CrossedLine d;
-  mnuEditTrimEntity_Click(d.desk);
+  mnuEditTrimEntity_Click(d.context);
   EXPECT_EQ(d.pending(), 16);
   EXPECT_EQ(d.prompt(), "Click on end point to trim.");
   d.click(3, 0.1F);
   EXPECT_EQ(d.pending(), 17);
   EXPECT_EQ(d.prompt(), "Click on trimming entity.");
-  EXPECT_EQ(d.desk.command.PendingSeg1, 1);
-  EXPECT_EQ(d.desk.command.PendingPt1, (Point{3, 0.1F}));
+  EXPECT_EQ(d.context.command.PendingSeg1, 1);
+  EXPECT_EQ(d.context.command.PendingPt1, (Point{3, 0.1F}));
   d.click(1, 1.5F);
   EXPECT_EQ(d.pending(), 0);
-  EXPECT_EQ(d.desk.command.PendingSeg2, 2);
+  EXPECT_EQ(d.context.command.PendingSeg2, 2);
 }
 
 TEST(TrimClicks, OnOneRowTwiceBeepAndEnd) {
@@ -59,8 +59,8 @@ TEST(TrimClicks, OnOneRowTwiceBeepAndEnd) {
 }
 
 TEST(TrimClicks, WithoutRowsEndAtTheFirstSilently) {
-  TrimDesk d;
-  mnuEditTrimEntity_Click(d.desk);
+  TrimContext d;
+  mnuEditTrimEntity_Click(d.context);
   expectNoStep(d, [&d] { d.click(1, 1); });
   EXPECT_EQ(d.pending(), 0);
   EXPECT_EQ(d.beeps(), 0);
@@ -68,20 +68,20 @@ TEST(TrimClicks, WithoutRowsEndAtTheFirstSilently) {
 
 TEST(TrimClicks, EscInTheSecondStepForgetsTheRow) {
   CrossedLine d;
-  mnuEditTrimEntity_Click(d.desk);
+  mnuEditTrimEntity_Click(d.context);
   d.click(3, 0);
-  Handle_esc(d.desk);
+  Handle_esc(d.context);
   EXPECT_EQ(d.pending(), 0);
-  EXPECT_EQ(d.desk.command.PendingSeg1, 0);
+  EXPECT_EQ(d.context.command.PendingSeg1, 0);
   expectNoStep(d, [&d] { d.click(1, 1.5F); });
 }
 
 TEST(TrimClicks, BeepWhenTheRowIsAnotherOneByTheSecond) {
   CrossedLine d;
   d.trim({3, 0}, {1, 1});  // rows 1 and 2 change places by undo and redo
-  mnuEditTrimEntity_Click(d.desk);
+  mnuEditTrimEntity_Click(d.context);
   d.click(0.5F, 0);
-  Undo_Last_Change(d.desk);
+  Undo_Last_Change(d.context);
   expectNoStep(d, [&d] { d.click(1, 1.5F); });
   EXPECT_EQ(d.beeps(), 1);
 }
@@ -90,16 +90,16 @@ TEST(TrimClicks, BeepWhenTheRowStandsInTheOtherTable) {
   CrossedLine d;
   d.addPathLine(0, 3, 1, 3);
   d.addPathLine(1, -2, 1, 2);
-  mnuEditTrimEntity_Click(d.desk);
+  mnuEditTrimEntity_Click(d.context);
   d.click(3, 0);
-  toggleEditPaths(d.desk);
+  toggleEditPaths(d.context);
   expectNoStep(d, [&d] { d.click(1, 1.5F); });
   EXPECT_EQ(d.beeps(), 1);
 }
 
 TEST(TrimClicks, RedrawOnceWhenTheyAreDone) {
   CrossedLine d;
-  mnuEditTrimEntity_Click(d.desk);
+  mnuEditTrimEntity_Click(d.context);
   d.click(3, 0);
   d.log.take();
   d.click(1, 1);
@@ -109,11 +109,11 @@ TEST(TrimClicks, RedrawOnceWhenTheyAreDone) {
 
 TEST(TrimClicks, TakeNoSnapFeature) {
   CrossedLine d;
-  d.desk.state.OSnapOn = true;
-  d.desk.state.RevertOSnapFeatures();
-  mnuEditTrimEntity_Click(d.desk);
+  d.context.state.OSnapOn = true;
+  d.context.state.RevertOSnapFeatures();
+  mnuEditTrimEntity_Click(d.context);
   d.drag({3.8F, 0.05F}, {3.9F, 0.05F});
-  EXPECT_EQ(d.desk.command.PendingPt1, (Point{3.9F, 0.05F}));
+  EXPECT_EQ(d.context.command.PendingPt1, (Point{3.9F, 0.05F}));
 }
 
 // ---- Lines
@@ -122,7 +122,7 @@ TEST(TrimLine, CutsOffTheSideOfTheClick) {
   CrossedLine d;
   expectOneStep(d, [&d] { d.trim({3, 0}, {1, 1}); });
   EXPECT_EQ(segmentTexts(d.store), (Texts{"1 (1, -2)-(1, 2)", "1 (0, 0)-(1, 0)"}));
-  EXPECT_EQ(d.desk.changelog.changecount, 2);
+  EXPECT_EQ(d.context.changelog.changecount, 2);
   CrossedLine other;
   other.trim({0.25F, 0}, {1, 1});
   EXPECT_EQ(other.first(), "1 (1, 0)-(4, 0)");
@@ -137,7 +137,7 @@ TEST(TrimLine, KeepsItsRowItsClassAndItsMark) {
 
 TEST(TrimLine, ByAnArcThatCrossesTwiceTakesTheCrossingNearerTheClick) {
   for (const bool atLeft : {true, false}) {
-    TrimDesk d;
+    TrimContext d;
     d.addLine(-4, 0, 4, 0);
     d.add({.type = 2, .x0 = 0, .y0 = 2, .x1 = 0, .y1 = 2});
     d.trim({atLeft ? -3.0F : 3.0F, 0}, {0, 2});
@@ -146,7 +146,7 @@ TEST(TrimLine, ByAnArcThatCrossesTwiceTakesTheCrossingNearerTheClick) {
 }
 
 TEST(TrimLine, ByAnArcOnATieTakesTheFirstCrossing) {
-  TrimDesk d;
+  TrimContext d;
   d.addLine(-4, 0, 4, 0);
   d.add({.type = 2, .x0 = 0, .y0 = 2, .x1 = 0, .y1 = 2});
   d.trim({0, 0}, {0, 2});
@@ -154,7 +154,7 @@ TEST(TrimLine, ByAnArcOnATieTakesTheFirstCrossing) {
 }
 
 TEST(TrimLine, WhereOneCrossingAloneLiesOnTheArcTakesThat) {
-  TrimDesk d;
+  TrimContext d;
   d.addLine(-4, 0, 4, 0);
   d.add({.type = 3, .x0 = 0, .y0 = 2, .x1 = 0, .y1 = -2});  // the left half
   d.trim({3, 0}, {-1.5F, 1.5F});
@@ -164,12 +164,12 @@ TEST(TrimLine, WhereOneCrossingAloneLiesOnTheArcTakesThat) {
 // ---- Extending
 
 TEST(ExtendLine, TakesTheEndNearerToThePlace) {
-  TrimDesk d;
+  TrimContext d;
   d.addLine(0, 0, 1, 0);
   d.addLine(3, -2, 3, 2);
   expectOneStep(d, [&d] { d.trim({0.1F, 0}, {3, 1}); });
   EXPECT_EQ(segmentTexts(d.store), (Texts{"1 (3, -2)-(3, 2)", "1 (0, 0)-(3, 0)"}));
-  TrimDesk other;
+  TrimContext other;
   other.addLine(1, 0, 0, 0);
   other.addLine(3, -2, 3, 2);
   other.trim({0.1F, 0}, {3, 1});
@@ -178,10 +178,10 @@ TEST(ExtendLine, TakesTheEndNearerToThePlace) {
 
 TEST(ExtendLine, ReachesAHundredLengthsAndNoFarther) {
   for (const float x : {100.0F, 101.0F}) {
-    TrimDesk d;
+    TrimContext d;
     d.addLine(-0.5F, 0, 0.5F, 0);
     d.addLine(x, -200, x, 200);
-    mnuEditTrimEntity_Click(d.desk);
+    mnuEditTrimEntity_Click(d.context);
     d.click(0, 0);
     const auto second = [&d, x] { d.click(x, 1); };
     if (x == 100) {
@@ -196,7 +196,7 @@ TEST(ExtendLine, ReachesAHundredLengthsAndNoFarther) {
 }
 
 TEST(ExtendLine, ToTheLineThroughTheTrimmerIsNoMeeting) {
-  TrimDesk d;
+  TrimContext d;
   d.addLine(0, 0, 1, 0);
   d.addLine(3, 1, 3, 2);
   expectNoStep(d, [&d] { d.trim({0.5F, 0}, {3, 1}); });
@@ -204,7 +204,7 @@ TEST(ExtendLine, ToTheLineThroughTheTrimmerIsNoMeeting) {
 }
 
 TEST(ExtendLine, OfParallelsNeverMeets) {
-  TrimDesk d;
+  TrimContext d;
   d.addLine(0, 0, 2, 1);
   d.addLine(0, 1, 2, 2);
   expectNoStep(d, [&d] { d.trim({1, 0.5F}, {1, 1.5F}); });
@@ -213,7 +213,7 @@ TEST(ExtendLine, OfParallelsNeverMeets) {
 }
 
 TEST(ExtendLine, WithoutLengthGoesNowhere) {
-  TrimDesk d;
+  TrimContext d;
   d.addLine(0, 0, 0, 0);
   d.addLine(3, -2, 3, 2);
   expectNoStep(d, [&d] { d.trim({0, 0}, {3, 1}); });
@@ -223,7 +223,7 @@ TEST(ExtendLine, WithoutLengthGoesNowhere) {
 
 TEST(TrimArc, CutsOffTheSideOfTheClickByAngle) {
   for (const bool nearEnd : {true, false}) {
-    TrimDesk d;
+    TrimContext d;
     d.add({.type = 3, .x0 = 2, .y0 = 0, .x1 = -2, .y1 = 0});
     d.addLine(0, 0, 0, 4);
     const float x = nearEnd ? -1.5F : 1.5F;
@@ -234,7 +234,7 @@ TEST(TrimArc, CutsOffTheSideOfTheClickByAngle) {
 }
 
 TEST(TrimArc, ClockwiseByAnArc) {
-  TrimDesk d;
+  TrimContext d;
   d.add({.type = 2, .x0 = -2, .y0 = 0, .x1 = 2, .y1 = 0});
   d.add({.type = 2, .x0 = 0, .y0 = 0, .x1 = 4, .y1 = 0, .xc = 2});
   d.trim({1.8F, 0.9F}, {2, 2.1F});
@@ -246,7 +246,7 @@ TEST(TrimArc, ClockwiseByAnArc) {
 }
 
 TEST(ExtendArc, RoundItsCircleTakesTheNearerEnd) {
-  TrimDesk d;
+  TrimContext d;
   d.add({.type = 3, .x0 = 2, .y0 = 0, .x1 = 0, .y1 = 2});
   d.addLine(-4, 0, -1, 0);
   expectOneStep(d, [&d] { d.trim({1.5F, 1.5F}, {-3, 0}); });
@@ -256,7 +256,7 @@ TEST(ExtendArc, RoundItsCircleTakesTheNearerEnd) {
 TEST(TrimOtherKinds, NeverMeetAndStaySilently) {
   for (const SegmentRow& row : {SegmentRow{.type = 5, .x0 = 2, .x1 = 2},
                                 SegmentRow{.type = 6, .x0 = -2, .y0 = -2, .x1 = 2, .y1 = 2}}) {
-    TrimDesk d;
+    TrimContext d;
     d.add(row);
     d.addLine(-4, 1, 4, 1);
     expectNoStep(d, [&d] { d.trim({2, -0.1F}, {-3.5F, 1}); });
@@ -268,21 +268,21 @@ TEST(TrimOtherKinds, NeverMeetAndStaySilently) {
 // ---- Path rows
 
 TEST(TrimPath, KeepsToolDepthFeedAndPlace) {
-  TrimDesk d;
+  TrimContext d;
   addPathSegment(d.store, {.type = 1, .x1 = 4, .z = -0.5F, .feed = 12, .code = 203});
   addPathSegment(d.store, {.type = 1, .x0 = 1, .y0 = -2, .x1 = 1, .y1 = 2, .code = 100});
-  d.desk.command.EditPaths = true;
+  d.context.command.EditPaths = true;
   expectOneStep(d, [&d] { d.trim({3, 0}, {1, 1}); });
   EXPECT_EQ(pathTexts(d.store),
             (Texts{"1 (0, 0)-(1, 0) @203 z -0.5 f 12", "1 (1, -2)-(1, 2) @100 z 0"}));
 }
 
 TEST(TrimPath, PassesOverHiddenRows) {
-  TrimDesk d;
+  TrimContext d;
   d.addPathLine(0, 0, 4, 0);
   d.addPathLine(1, -2, 1, 2);
   d.store.psvisible[2] = false;
-  d.desk.command.EditPaths = true;
+  d.context.command.EditPaths = true;
   expectNoStep(d, [&d] { d.trim({3, 0}, {1, 1}); });
   EXPECT_EQ(d.beeps(), 1);
 }
@@ -292,12 +292,12 @@ TEST(TrimPath, PassesOverHiddenRows) {
 TEST(TrimSegment, TellsWhetherTheRowsMeet) {
   CrossedLine d;
   d.addLine(0, 3, 4, 3);
-  EXPECT_TRUE(trimSegment(d.desk.changes, 1, 2, {3, 0}));
-  EXPECT_FALSE(trimSegment(d.desk.changes, 1, 3, {3, 0}));
-  EXPECT_FALSE(trimSegment(d.desk.changes, 1, 1, {3, 0}));
-  EXPECT_FALSE(trimSegment(d.desk.changes, 0, 1, {3, 0}));
-  EXPECT_FALSE(trimSegment(d.desk.changes, 1, 4, {3, 0}));
-  EXPECT_FALSE(trimPathSegment(d.desk.changes, 1, 2, {3, 0}));
+  EXPECT_TRUE(trimSegment(d.context.changes, 1, 2, {3, 0}));
+  EXPECT_FALSE(trimSegment(d.context.changes, 1, 3, {3, 0}));
+  EXPECT_FALSE(trimSegment(d.context.changes, 1, 1, {3, 0}));
+  EXPECT_FALSE(trimSegment(d.context.changes, 0, 1, {3, 0}));
+  EXPECT_FALSE(trimSegment(d.context.changes, 1, 4, {3, 0}));
+  EXPECT_FALSE(trimPathSegment(d.context.changes, 1, 2, {3, 0}));
 }
 
 }  // namespace

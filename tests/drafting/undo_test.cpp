@@ -9,26 +9,26 @@
 #include "drafting/change_walk.h"
 #include "drafting/entity_creation.h"
 #include "drafting/selection.h"
-#include "tests/support/drafting_desk.h"
+#include "tests/support/drafting_test_context.h"
 
 namespace tess {
 namespace {
 
-using testing::RecordedDesk;
+using testing::RecordedDrafting;
 using testing::segmentTexts;
 using Texts = std::vector<std::string>;
 
 TEST(UndoCommand, TakesBackARectangleAsOneStep) {
-  RecordedDesk d;
-  mnuDrawRect_Click(d.desk);
+  RecordedDrafting d;
+  mnuDrawRect_Click(d.context);
   d.click(2, 1);
   d.log.take();
-  Undo_Last_Change(d.desk);
+  Undo_Last_Change(d.context);
   EXPECT_EQ(d.store.NumSegments, 0);
   EXPECT_EQ(d.log.count("Cls"), 1);
   EXPECT_FALSE(d.tools.isEnabled("miUndo"));
   EXPECT_TRUE(d.tools.isEnabled("miRedo"));
-  RedoLastChange(d.desk);
+  RedoLastChange(d.context);
   EXPECT_EQ(segmentTexts(d.store),
             (Texts{"1 (0, 0)-(2, 0)", "1 (2, 0)-(2, 1)", "1 (2, 1)-(0, 1)", "1 (0, 1)-(0, 0)"}));
   EXPECT_TRUE(d.tools.isEnabled("miUndo"));
@@ -36,32 +36,32 @@ TEST(UndoCommand, TakesBackARectangleAsOneStep) {
 }
 
 TEST(UndoCommand, RefreshesThePropertyWindowWithItsFlagSet) {
-  RecordedDesk d;
-  mnuDrawLine_Click(d.desk);
+  RecordedDrafting d;
+  mnuDrawLine_Click(d.context);
   d.click(2, 1);
   const int before = d.propertyRefreshes;
-  Undo_Last_Change(d.desk);
+  Undo_Last_Change(d.context);
   EXPECT_EQ(d.propertyRefreshes, before + 1);
 }
 
 TEST(UndoCommand, KeepsTheCollectionToTheRowsThatAreMarked) {
-  RecordedDesk d;
+  RecordedDrafting d;
   d.add({.type = 1, .attr = 30008, .x1 = 5});
-  mnuDrawLine_Click(d.desk);
+  mnuDrawLine_Click(d.context);
   d.click(1, 0);
   d.click(1, 1);
-  mnuDrawSelectAll_Click(d.desk);
-  EXPECT_EQ(d.desk.state.Selected.rows(), (std::vector<int>{1, 2, 3}));
-  Undo_Last_Change(d.desk);
-  EXPECT_EQ(d.desk.state.Selected.rows(), (std::vector<int>{1, 2}));
-  RedoLastChange(d.desk);  // it was not selected when it was drawn
-  EXPECT_EQ(d.desk.state.Selected.rows(), (std::vector<int>{1, 2}));
+  mnuDrawSelectAll_Click(d.context);
+  EXPECT_EQ(d.context.state.Selected.rows(), (std::vector<int>{1, 2, 3}));
+  Undo_Last_Change(d.context);
+  EXPECT_EQ(d.context.state.Selected.rows(), (std::vector<int>{1, 2}));
+  RedoLastChange(d.context);  // it was not selected when it was drawn
+  EXPECT_EQ(d.context.state.Selected.rows(), (std::vector<int>{1, 2}));
 }
 
 TEST(UndoCommand, OfNothingReportsNothing) {
-  RecordedDesk d;
-  Undo_Last_Change(d.desk);
-  RedoLastChange(d.desk);
+  RecordedDrafting d;
+  Undo_Last_Change(d.context);
+  RedoLastChange(d.context);
   EXPECT_TRUE(d.messages().empty());
   EXPECT_EQ(d.beeps(), 0);
   EXPECT_FALSE(d.tools.isEnabled("miUndo"));
@@ -69,23 +69,23 @@ TEST(UndoCommand, OfNothingReportsNothing) {
 }
 
 TEST(UndoCommand, LeavesTheToolsByWhatThereIs) {
-  RecordedDesk d;
-  mnuDrawLine_Click(d.desk);
+  RecordedDrafting d;
+  mnuDrawLine_Click(d.context);
   d.click(1, 0);
   d.click(1, 1);
-  Undo_Last_Change(d.desk);
+  Undo_Last_Change(d.context);
   EXPECT_TRUE(d.tools.isEnabled("miUndo"));
   EXPECT_TRUE(d.tools.isEnabled("miRedo"));
   d.click(3, 3);
   EXPECT_FALSE(d.tools.isEnabled("miRedo"));
 }
 
-// A desk whose table is full but for one row, with a line that was drawn and taken back.
-struct FullDesk : RecordedDesk {
-  FullDesk() {
-    mnuDrawLine_Click(desk);
+// A context whose table is full but for one row, with a line that was drawn and taken back.
+struct FullContext : RecordedDrafting {
+  FullContext() {
+    mnuDrawLine_Click(context);
     click(1, 0);
-    Undo_Last_Change(desk);
+    Undo_Last_Change(context);
     takeCallChain();
     ensureSegmentCapacity(store, kRows);
     store.NumSegments = kRows;
@@ -106,59 +106,59 @@ std::vector<std::string> chainOfFailure(const std::function<void()>& run, Failur
 }
 
 TEST(UndoCommand, ReportsFailuresOfTheRedoWalkUnderItsName) {
-  FullDesk d;
-  EXPECT_EQ(chainOfFailure([&] { RedoLastChange(d.desk); }, FailureNumber::Overflow),
+  FullContext d;
+  EXPECT_EQ(chainOfFailure([&] { RedoLastChange(d.context); }, FailureNumber::Overflow),
             (Texts{"StartOfSegment", "RedoLastChange"}));
-  EXPECT_EQ(d.store.NumSegments, FullDesk::kRows);
+  EXPECT_EQ(d.store.NumSegments, FullContext::kRows);
 }
 
 TEST(UndoCommand, ReportsFailuresOfTheUndoWalkUnderItsName) {
-  FullDesk d;
+  FullContext d;
   clsSegment removed;
   removed.SetSegment({.type = 1, .x1 = 2}, "D", /*start=*/true);
-  d.desk.changelog.logRecord(removed, /*cutRedo=*/true);
-  EXPECT_EQ(chainOfFailure([&] { Undo_Last_Change(d.desk); }, FailureNumber::Overflow),
+  d.context.changelog.logRecord(removed, /*cutRedo=*/true);
+  EXPECT_EQ(chainOfFailure([&] { Undo_Last_Change(d.context); }, FailureNumber::Overflow),
             Texts{"Undo_Last_Change"});
-  EXPECT_EQ(d.store.NumSegments, FullDesk::kRows);
+  EXPECT_EQ(d.store.NumSegments, FullContext::kRows);
 }
 
 // The table has room for one of the two rows that would come back, or be done again.
 TEST(UndoCommand, IsDoneWholeOrNotAtAll) {
-  FullDesk d;
-  resetUndoState(d.desk);
-  d.store.NumSegments = FullDesk::kRows - 1;
+  FullContext d;
+  resetUndoState(d.context);
+  d.store.NumSegments = FullContext::kRows - 1;
   for (const char* const kind : {"D", "A"}) {
     for (const bool start : {true, false}) {
       clsSegment record;
       record.SetSegment({.type = 1, .x1 = 2}, kind, start);
-      d.desk.changelog.logRecord(record, /*cutRedo=*/true);
+      d.context.changelog.logRecord(record, /*cutRedo=*/true);
     }
   }
-  undoStep(d.desk.changes);  // of rows that are not there
-  EXPECT_EQ(chainOfFailure([&] { RedoLastChange(d.desk); }, FailureNumber::Overflow),
+  undoStep(d.context.changes);  // of rows that are not there
+  EXPECT_EQ(chainOfFailure([&] { RedoLastChange(d.context); }, FailureNumber::Overflow),
             (Texts{"StartOfSegment", "RedoLastChange"}));
-  EXPECT_EQ(d.desk.changelog.changecount, 2);
-  EXPECT_EQ(chainOfFailure([&] { Undo_Last_Change(d.desk); }, FailureNumber::Overflow),
+  EXPECT_EQ(d.context.changelog.changecount, 2);
+  EXPECT_EQ(chainOfFailure([&] { Undo_Last_Change(d.context); }, FailureNumber::Overflow),
             Texts{"Undo_Last_Change"});
-  EXPECT_EQ(d.desk.changelog.changecount, 2);
-  EXPECT_EQ(d.desk.changelog.changetop, 4);
-  EXPECT_EQ(d.store.NumSegments, FullDesk::kRows - 1);
-  EXPECT_EQ(d.store.x1[FullDesk::kRows], 0);
+  EXPECT_EQ(d.context.changelog.changecount, 2);
+  EXPECT_EQ(d.context.changelog.changetop, 4);
+  EXPECT_EQ(d.store.NumSegments, FullContext::kRows - 1);
+  EXPECT_EQ(d.store.x1[FullContext::kRows], 0);
 }
 
 TEST(UndoState, IsClearedForANewDrawing) {
-  RecordedDesk d;
-  mnuDrawLine_Click(d.desk);
+  RecordedDrafting d;
+  mnuDrawLine_Click(d.context);
   d.click(1, 0);
   d.click(1, 1);
-  Undo_Last_Change(d.desk);
-  clearUndoMenu(d.desk);
-  EXPECT_EQ(d.desk.changelog.UndoMark, 0);
+  Undo_Last_Change(d.context);
+  clearUndoMenu(d.context);
+  EXPECT_EQ(d.context.changelog.UndoMark, 0);
   EXPECT_FALSE(d.tools.isEnabled("miUndo"));
   EXPECT_TRUE(d.tools.isEnabled("miRedo"));
-  resetUndoState(d.desk);
-  EXPECT_EQ(d.desk.changelog.changecount, 0);
-  EXPECT_EQ(d.desk.changelog.changetop, 0);
+  resetUndoState(d.context);
+  EXPECT_EQ(d.context.changelog.changecount, 0);
+  EXPECT_EQ(d.context.changelog.changetop, 0);
   EXPECT_FALSE(d.tools.isEnabled("miUndo"));
   EXPECT_FALSE(d.tools.isEnabled("miRedo"));
 }

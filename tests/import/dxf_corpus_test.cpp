@@ -13,13 +13,13 @@
 #include "core/drawing_store.h"
 #include "core/text.h"
 #include "import/frmDXF.h"
-#include "tests/support/drafting_desk.h"
+#include "tests/support/drafting_test_context.h"
 #include "tests/support/source_folder.h"
 
 namespace tess {
 namespace {
 
-using testing::RecordedDesk;
+using testing::RecordedDrafting;
 
 constexpr char kOwnFiles[] = TESSIMO_SOURCE_DIR "/tests/import/files";
 constexpr char kCount[] = TESSIMO_SOURCE_DIR "/tests/import/count_dxf.py";
@@ -97,13 +97,13 @@ void expectRowsOf(const std::string& folder) {
   ASSERT_EQ(counted.size(), dxfFilesIn(folder).size());
   ASSERT_FALSE(counted.empty()) << folder;
   for (const Expected& expected : counted) {
-    RecordedDesk desk;
-    frmDXF form(desk.desk);
+    RecordedDrafting context;
+    frmDXF form(context.context);
     form.OpenDXFFile_From_DragDrop(expected.file);
     form.cmdImport2TESS_Click();
-    EXPECT_EQ(static_cast<int>(desk.store.NumSegments), expected.rows) << expected.file;
-    EXPECT_EQ(typesNamed(desk.messages()), withoutConverted(expected.types)) << expected.file;
-    EXPECT_TRUE(isConsistent(desk.store));
+    EXPECT_EQ(static_cast<int>(context.store.NumSegments), expected.rows) << expected.file;
+    EXPECT_EQ(typesNamed(context.messages()), withoutConverted(expected.types)) << expected.file;
+    EXPECT_TRUE(isConsistent(context.store));
   }
 }
 

@@ -11,7 +11,7 @@
 #include "import/exact_geometry.h"
 #include "tests/import/dxf_content.h"
 #include "tests/support/curves.h"
-#include "tests/support/drafting_desk.h"
+#include "tests/support/drafting_test_context.h"
 #include "tests/support/plain_edits.h"
 
 namespace tess::testing {

@@ -41,7 +41,7 @@ TEST(ExactPocket, ClosedShapesVerify) {
     testing::RecordedCam bench;
     DxfDocument document;
     readDxf(document, testing::inTextForm(testing::entitySection(shape.entities)), "part.dxf");
-    Change change(bench.desk.changes);
+    Change change(bench.context.changes);
     DxfRows rows(change, bench.test.recording.prompts, document);
     convertDxfExactly(document, rows, {.tolerence = bench.store.cfg_tolerance});
     change.keep({.redraws = false});

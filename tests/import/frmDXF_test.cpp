@@ -8,19 +8,19 @@
 
 #include "core/drawing_store.h"
 #include "tests/import/dxf_content.h"
-#include "tests/support/drafting_desk.h"
+#include "tests/support/drafting_test_context.h"
 
 namespace tess {
 namespace {
 
 using testing::entitySection;
 using testing::inTextForm;
-using testing::RecordedDesk;
+using testing::RecordedDrafting;
 using testing::segmentTexts;
 
 using Texts = std::vector<std::string>;
 
-class Import : public ::testing::Test, public RecordedDesk {
+class Import : public ::testing::Test, public RecordedDrafting {
  protected:
   std::string path() const { return test.home("part.dxf"); }
 
@@ -53,7 +53,7 @@ class Import : public ::testing::Test, public RecordedDesk {
            "lines and arcs before saving it as a .DXF file.";
   }
 
-  frmDXF form{desk};
+  frmDXF form{context};
 };
 
 // ---- The conversion
@@ -351,9 +351,9 @@ TEST_F(Import, ExactGeometryIsOffUntilItIsChosenAndThenRemembered) {
   EXPECT_FALSE(form.chkExactGeometry.isChecked());
   EXPECT_EQ(form.chkExactGeometry.caption(), "&Exact Geometry");
   form.chkExactGeometry.setChecked(true);
-  EXPECT_TRUE(frmDXF(desk).chkExactGeometry.isChecked());
+  EXPECT_TRUE(frmDXF(context).chkExactGeometry.isChecked());
   form.chkExactGeometry.setChecked(false);
-  EXPECT_FALSE(frmDXF(desk).chkExactGeometry.isChecked());
+  EXPECT_FALSE(frmDXF(context).chkExactGeometry.isChecked());
   EXPECT_TRUE(test.recording.failures.reported.empty());
 }
 
@@ -372,13 +372,13 @@ TEST_F(Import, TheCommandAsksForAFileAndShowsTheForm) {
   test.recording.prompts.onForm = [](Form& shown) {
     dynamic_cast<frmDXF&>(shown).cmdImport2TESS.click();
   };
-  mnuFileImport_Click(desk);
+  mnuFileImport_Click(context);
   EXPECT_EQ(test.recording.prompts.formNames, Texts{"frmDXF"});
   EXPECT_EQ(segmentTexts(store), Texts{"1 (0, 0)-(1, 0)"});
 }
 
 TEST_F(Import, TheFormShowsWithoutAFileToo) {
-  mnuFileImport_Click(desk);
+  mnuFileImport_Click(context);
   EXPECT_EQ(test.recording.prompts.formNames, Texts{"frmDXF"});
 }
 
@@ -388,7 +388,7 @@ TEST_F(Import, ADroppedFileIsReadBeforeTheFormShows) {
   test.recording.prompts.onForm = [&](Form& shown) {
     entities = dynamic_cast<frmDXF&>(shown).DXFReader1().Entities.size();
   };
-  importDroppedDxf(desk, file);
+  importDroppedDxf(context, file);
   EXPECT_EQ(entities, 1U);
   EXPECT_TRUE(test.recording.prompts.fileRequests.empty());
 }

@@ -5,7 +5,7 @@
 
 #include "core/drawing_store.h"
 #include "tests/import/dxf_content.h"
-#include "tests/support/drafting_desk.h"
+#include "tests/support/drafting_test_context.h"
 #include "tests/support/failure_of.h"
 
 namespace tess {
@@ -14,18 +14,18 @@ namespace {
 using testing::entitySection;
 using testing::failureOf;
 using testing::inTextForm;
-using testing::RecordedDesk;
+using testing::RecordedDrafting;
 using testing::segmentTexts;
 
 using Texts = std::vector<std::string>;
 
-class LoadDxf : public ::testing::Test, public RecordedDesk {
+class LoadDxf : public ::testing::Test, public RecordedDrafting {
  protected:
   std::string write(const std::string& groups) {
     return test.home.write("plain.dxf", inTextForm(groups, "\r\n"));
   }
   Texts load(const std::string& entities) {
-    load_dxf(desk, write(entitySection(entities)));
+    load_dxf(context, write(entitySection(entities)));
     return segmentTexts(store);
   }
 };
@@ -57,9 +57,10 @@ TEST_F(LoadDxf, UnknownEntitiesAreSkippedInSilence) {
 }
 
 TEST_F(LoadDxf, OnlyTheEntitiesSectionCounts) {
-  load_dxf(desk, write("0 SECTION, 2 HEADER, 9 $ACADVER, 1 AC1009, 0 ENDSEC, 0 SECTION, 2 BLOCKS, "
-                       "0 BLOCK, 0 LINE, 11 9, 0 ENDBLK, 0 ENDSEC, " +
-                       entitySection("0 LINE, 11 1") + ", 0 LINE, 11 2"));
+  load_dxf(context,
+           write("0 SECTION, 2 HEADER, 9 $ACADVER, 1 AC1009, 0 ENDSEC, 0 SECTION, 2 BLOCKS, "
+                 "0 BLOCK, 0 LINE, 11 9, 0 ENDBLK, 0 ENDSEC, " +
+                 entitySection("0 LINE, 11 1") + ", 0 LINE, 11 2"));
   EXPECT_EQ(segmentTexts(store), Texts{"1 (0, 0)-(1, 0)"});
 }
 
@@ -69,7 +70,7 @@ TEST_F(LoadDxf, CodesOfNoRangeHaveNoValueOfTheirOwn) {
       test.home.write("new.dxf",
                       "0\nSECTION\n2\nENTITIES\n0\nLINE\n11\n1\n100\nAcDbLine\nX\n11\n5\n"
                       "0\nENDSEC\n");
-  load_dxf(desk, path);
+  load_dxf(context, path);
   EXPECT_EQ(segmentTexts(store), Texts{"1 (0, 0)-(1, 0)"});
 }
 
@@ -89,7 +90,7 @@ TEST_F(LoadDxf, TheDrawingIsReplacedAndUnsaved) {
 
 TEST_F(LoadDxf, AFileThatIsCutOffKeepsWhatWasRead) {
   const std::string path = write("0 SECTION, 2 ENTITIES, 0 LINE, 11 1, 0 LINE, 11 2");
-  const RuntimeFailure failure = failureOf([&] { load_dxf(desk, path); });
+  const RuntimeFailure failure = failureOf([&] { load_dxf(context, path); });
   EXPECT_EQ(failure.number(), FailureNumber::InputPastEnd);
   EXPECT_EQ(failure.source(), path + " line 13 field 1");
   EXPECT_EQ(segmentTexts(store), Texts{"1 (0, 0)-(1, 0)"});
@@ -97,14 +98,14 @@ TEST_F(LoadDxf, AFileThatIsCutOffKeepsWhatWasRead) {
 
 TEST_F(LoadDxf, AMissingFileLeavesTheDrawing) {
   addLine(5, 5, 6, 6);
-  EXPECT_EQ(failureOf([&] { load_dxf(desk, test.home("none.dxf")); }).number(),
+  EXPECT_EQ(failureOf([&] { load_dxf(context, test.home("none.dxf")); }).number(),
             FailureNumber::FileNotFound);
   EXPECT_EQ(store.NumSegments, 1);
 }
 
 TEST_F(LoadDxf, ANumberTooLargeNamesItsLine) {
   const std::string path = write("0 SECTION, 2 ENTITIES, 0 LINE, 11 1e39, 0 ENDSEC");
-  const RuntimeFailure failure = failureOf([&] { load_dxf(desk, path); });
+  const RuntimeFailure failure = failureOf([&] { load_dxf(context, path); });
   EXPECT_EQ(failure.number(), FailureNumber::Overflow);
   EXPECT_EQ(failure.source(), path + " line 8 field 1");
 }

@@ -213,7 +213,7 @@ TEST_F(ProgramDialogsTest, TheGridDialogAcceptsByEnterAndCancelsByEsc) {
 }
 
 TEST_F(ProgramDialogsTest, ThePositionDialogAcceptsByEnterAndCancelsByEsc) {
-  const PointerRecord& pointer = program.application().interaction.desk.pointer;
+  const PointerRecord& pointer = program.application().interaction.context.pointer;
   const auto change = [&](QWidget& dialog) {
     auto* field = dialog.findChild<QLineEdit*>("txtx");
     field->setFocus();

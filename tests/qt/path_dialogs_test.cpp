@@ -42,7 +42,7 @@ class PathDialogsTest : public ::testing::Test {
     program->open(home("CNC/plate.cdm"));
   }
 
-  CamDesk& cam() { return program->application().interaction.cam; }
+  CamContext& cam() { return program->application().interaction.cam; }
   DrawingStore& store() { return program->application().store; }
 
   static void whenModal(const std::function<void(QWidget&)>& act) {

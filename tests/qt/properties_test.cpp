@@ -43,7 +43,7 @@ class PropertiesPanel : public ::testing::TestWithParam<bool> {
   ~PropertiesPanel() override { applyTheme(testing::toolkit(), /*dark=*/false); }
 
   void addRows() {
-    Change change(program->application().interaction.desk.changes);
+    Change change(program->application().interaction.context.changes);
     change.segments.append({.type = kLine, .x0 = 1, .y0 = 1, .x1 = 4, .y1 = 5}, Entry::Unmarked);
     change.segments.append(
         {.type = kCounterClockwiseArc, .x0 = 3, .y0 = 2, .x1 = 2, .y1 = 3, .xc = 2, .yc = 2},
@@ -209,7 +209,7 @@ TEST_P(PropertiesPanel, ClosedItLetsGoOfItsForm) {
 
 TEST_P(PropertiesPanel, FollowsManySelectedRowsQuickly) {
   Application& application = program->application();
-  Change change(application.interaction.desk.changes);
+  Change change(application.interaction.context.changes);
   constexpr int kRows = 32767;
   for (int n = 0; n < kRows; ++n) {
     change.segments.append(

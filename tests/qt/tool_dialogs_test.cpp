@@ -99,8 +99,8 @@ class ToolDialogsTest : public ::testing::Test {
 TEST_F(ToolDialogsTest, LayoutsHaveEveryControl) {
   FormColorDialog colors(session().host.prompts);
   expectWholeLayout(dlgToolPrms({session(), database, colors}, 0));
-  Desk& desk = program->application().interaction.desk;
-  expectWholeLayout(dlgTitleBlock({session(), database, desk.viewCommands, desk.changes}));
+  DraftingContext& context = program->application().interaction.context;
+  expectWholeLayout(dlgTitleBlock({session(), database, context.viewCommands, context.changes}));
   expectWholeLayout(dlgColor(0));
 }
 
@@ -170,8 +170,8 @@ TEST_F(ToolDialogsTest, TheTitleBlockFollowsTheHand) {
     testing::keepScreenshot(dialog, "title_block_round_dark");
     in<QPushButton>(dialog, "cmdAccept").click();
   });
-  Desk& desk = program->application().interaction.desk;
-  mnuOptionsDrawTitleBlock_Click({session(), database, desk.viewCommands, desk.changes});
+  DraftingContext& context = program->application().interaction.context;
+  mnuOptionsDrawTitleBlock_Click({session(), database, context.viewCommands, context.changes});
   EXPECT_EQ(store().units, "M");
   EXPECT_EQ(store().roundstock.raw(), -1);
   EXPECT_EQ(store().partmaterial, "Polycarbonate");

@@ -31,7 +31,7 @@ struct ListedRows : PropertyAdder {
 class SegmentRows : public ::testing::Test, public RunningProgram {
  protected:
   int add(const SegmentRow& row) {
-    Change change(desk().changes);
+    Change change(context().changes);
     const int sg = change.segments.append(row, Entry::Unmarked);
     change.keep();
     return sg;
@@ -67,7 +67,7 @@ class SegmentRows : public ::testing::Test, public RunningProgram {
   }
 
   DrawingStore& store = application.store;
-  CSegment segment{application.session, desk().changes};
+  CSegment segment{application.session, context().changes};
   const int line = add({.type = kLine, .x0 = 1, .y0 = 1, .x1 = 4, .y1 = 5});
   const int arc = add({.type = kCounterClockwiseArc, .x0 = 2, .y0 = 0, .x1 = 0, .y1 = 2});
   const int circle = add({.type = kCircle, .x0 = 3, .y0 = 1, .x1 = 3, .y1 = 1, .xc = 1, .yc = 1});
@@ -248,16 +248,16 @@ TEST_F(SegmentRows, ARowThatTheKindLacksIsCancelled) {
     EXPECT_TRUE(cancel) << name;
     EXPECT_EQ(value, "1");
   }
-  EXPECT_EQ(desk().changelog.changecount, 0);
+  EXPECT_EQ(context().changelog.changecount, 0);
 }
 
 TEST_F(SegmentRows, EveryEditIsOneStepOfUndo) {
   store.drawingsaved = true;
   edit(line, "End X", "9");
-  EXPECT_EQ(desk().changelog.changecount, 2) << "the row as it was, and as it is";
+  EXPECT_EQ(context().changelog.changecount, 2) << "the row as it was, and as it is";
   EXPECT_FALSE(store.drawingsaved);
   application.clickTool("miUndo");
-  EXPECT_EQ(desk().changelog.changecount, 0);
+  EXPECT_EQ(context().changelog.changecount, 0);
   const int back = store.NumSegments;
   expectRow(back, {.type = kLine, .x0 = 1, .y0 = 1, .x1 = 4, .y1 = 5});
 }
@@ -273,7 +273,7 @@ TEST_F(SegmentRows, WhatIsNoNumberOfTheTablesIsAFailureAndChangesNothing) {
     EXPECT_THROW(at(sg).PropertyChange(name, value, cancel), RuntimeFailure) << name;
     EXPECT_EQ(segmentRow(store, sg), before) << name;
   }
-  EXPECT_EQ(desk().changelog.changecount, 0);
+  EXPECT_EQ(context().changelog.changecount, 0);
 }
 
 }  // namespace

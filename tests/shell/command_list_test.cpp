@@ -246,7 +246,7 @@ Outcome outcomeOf(RunningProgram& program) {
   Application& application = program.application;
   Outcome outcome{.pendingaction = program.pendingaction(),
                   .DrawMode = program.DrawMode(),
-                  .LastCommand = program.desk().command.LastCommand,
+                  .LastCommand = program.context().command.LastCommand,
                   .segments = application.store.NumSegments,
                   .paths = application.store.NumPathSegments,
                   .viewspan = application.interaction.view.viewspan,
@@ -319,7 +319,7 @@ TEST_F(CommandList, EveryActionBelongsToOneCommandAndPrompts) {
     for (const auto& action : descriptor.actions) {
       EXPECT_TRUE(numbers.insert(action.text.action).second) << descriptor.info.tool;
       EXPECT_STRNE(action.text.prompt, "") << descriptor.info.tool;
-      desk().state.setPendingaction(static_cast<int>(action.text.action));
+      context().state.setPendingaction(static_cast<int>(action.text.action));
       EXPECT_EQ(application.interaction.statusBar.text(), action.text.prompt);
     }
   });
@@ -357,28 +357,29 @@ TEST_F(CommandList, ACommandArmsNoneButItsOwnActions) {
 // ---- Drawing modes
 
 TEST_F(CommandList, EveryModeShowsOnItsTool) {
-  for (const DeskCommand* const command : desk().modes) {
+  for (const DraftingCommand* const command : context().modes) {
     SCOPED_TRACE(command->info.tool);
     Workshop program;
     program.application.clickTool(command->info.tool);
     EXPECT_EQ(program.DrawMode(), command->mode.number);
     EXPECT_EQ(program.pendingaction(), 0);
-    for (const char* const tool : drawModeTools(program.desk())) {
+    for (const char* const tool : drawModeTools(program.context())) {
       EXPECT_EQ(program.tools().isChecked(tool), std::string(tool) == command->info.tool) << tool;
     }
   }
 }
 
-TEST_F(CommandList, EveryModeOfADescriptorIsKnownToTheDesk) {
+TEST_F(CommandList, EveryModeOfADescriptorIsKnownToTheContext) {
   int known = 0;
   visitDescriptors([&](const auto& descriptor) {
-    if constexpr (std::is_same_v<std::decay_t<decltype(descriptor)>, DeskCommand>) {
+    if constexpr (std::is_same_v<std::decay_t<decltype(descriptor)>, DraftingCommand>) {
       if (descriptor.mode.number == kNoMode) return;
       ++known;
-      EXPECT_EQ(modeOf(desk(), descriptor.mode.number), &descriptor.mode) << descriptor.info.tool;
+      EXPECT_EQ(modeOf(context(), descriptor.mode.number), &descriptor.mode)
+          << descriptor.info.tool;
     }
   });
-  EXPECT_EQ(known, static_cast<int>(desk().modes.size()));
+  EXPECT_EQ(known, static_cast<int>(context().modes.size()));
   EXPECT_GE(known, 6);
 }
 

@@ -90,7 +90,7 @@ SnapSet only(int kind) {
 }
 
 TEST_F(Commands, SnapEntriesCarryTheirKindAndTurnItOverWhileTheButtonIsDown) {
-  CState& state = application.interaction.desk.state;
+  CState& state = application.interaction.context.state;
   application.clickTool("OSnap");
   for (const auto& [tool, kind] : kSnapTools) {
     EXPECT_EQ(tools.tool(tool)->tag, std::to_string(kind));
@@ -102,7 +102,7 @@ TEST_F(Commands, SnapEntriesCarryTheirKindAndTurnItOverWhileTheButtonIsDown) {
 }
 
 TEST_F(Commands, SnapEntriesOfferTheirKindOnceWhileTheButtonIsUp) {
-  CState& state = application.interaction.desk.state;
+  CState& state = application.interaction.context.state;
   const SnapSet persistent = state.OSnapFeatures;
   for (const auto& [tool, kind] : kSnapTools) {
     application.interaction.resetPendingAction();
@@ -113,7 +113,7 @@ TEST_F(Commands, SnapEntriesOfferTheirKindOnceWhileTheButtonIsUp) {
 }
 
 TEST_F(Commands, SingleSnapEntriesOfferTheirKindOnceInEitherState) {
-  CState& state = application.interaction.desk.state;
+  CState& state = application.interaction.context.state;
   for (const bool down : {false, true}) {
     if (down) application.clickTool("OSnap");
     const SnapSet persistent = state.OSnapFeatures;
@@ -205,7 +205,7 @@ TEST_F(Commands, LettersArmTheirActionsInEitherCase) {
       EXPECT_EQ(pendingaction(), action) << key;
       EXPECT_EQ(DrawMode(), mode) << key;
       if (action == 0) continue;
-      EXPECT_EQ(application.interaction.desk.command.LastCommand, action) << key;
+      EXPECT_EQ(application.interaction.context.command.LastCommand, action) << key;
     }
   }
 }
@@ -225,7 +225,7 @@ Interruption after(const std::function<void(Application&)>& command) {
   program.platform.prompts.onForm = [](Form& form) { form.pressDefault(); };
   program.application.clickTool("miCircle3P");
   program.click({2, 2});
-  const CommandRecord& record = program.desk().command;
+  const CommandRecord& record = program.context().command;
   EXPECT_EQ(record.clickstage, 1);
   command(program.application);
   return {program.pendingaction(), program.DrawMode(),
@@ -248,7 +248,7 @@ TEST(CommandTwins, AKeyDoesAllThatItsToolDoes) {
 
 TEST(CommandTwins, EveryCommandThatDrawsOrArmsDropsAHalfDoneOne) {
   int dropped = 0;
-  for (const DeskCommand* const command : draftingCommands()) {
+  for (const DraftingCommand* const command : draftingCommands()) {
     const bool drawsOrArms = command->mode.number != kNoMode || !command->actions.empty();
     if (!drawsOrArms || !command->run.exists()) continue;
     ++dropped;
@@ -347,7 +347,7 @@ TEST_F(Commands, EnterClicksLeftAtThePresentPosition) {
 TEST_F(Commands, ArrowKeysMoveThePositionByOnePixel) {
   pass(1000);  // the first picture gives the surface its scale
   application.move({.X = 1, .Y = 1});
-  const PointerRecord& pointer = application.interaction.desk.pointer;
+  const PointerRecord& pointer = application.interaction.context.pointer;
   const auto pixel = static_cast<float>(1 / PixelsPerInchX(application.interaction.ScreenProxy));
   type(SpecialKey::Right);
   EXPECT_FLOAT_EQ(pointer.MouseX, 1 + pixel);
@@ -380,7 +380,7 @@ TEST_F(Commands, AToolArmsNoMenuGuard) {
 }
 
 TEST_F(Commands, ALoadedSetupPutsSnapBack) {
-  CState& state = application.interaction.desk.state;
+  CState& state = application.interaction.context.state;
   application.clickTool("OSnap");
   application.clickTool("miOSnapEndpoints");
   application.clickTool("miOSnapMidpoint");
@@ -422,7 +422,7 @@ TEST_F(Commands, ZoomKeys) {
 
 TEST_F(Commands, WhileTextIsPlacedTheZoomKeysAndToolsAreInert) {
   const float full = application.interaction.view.viewspan;
-  application.interaction.desk.state.setPendingaction(30);
+  application.interaction.context.state.setPendingaction(30);
   for (const char key : {'i', 'I', 'o', 'O'}) type(key);
   application.clickTool("miZoomIn");
   application.clickTool("miZoomOut");

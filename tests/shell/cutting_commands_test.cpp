@@ -118,10 +118,10 @@ TEST_F(Cutting, AColorDialogOfThePlatformIsAskedInstead) {
 
 TEST_F(Cutting, PathsAreDrawnAnewInTheColorsOfTheChest) {
   pass(1000);
-  EXPECT_TRUE(desk().ScreenProxy.surface().Enabled());
+  EXPECT_TRUE(context().ScreenProxy.surface().Enabled());
   when<dlgToolPrms>([](dlgToolPrms& chest) { chest.Slider1.setValue(4); });
   application.clickTool("miSelectTool");
-  EXPECT_FALSE(desk().ScreenProxy.surface().Enabled()) << "as it is for a while after a redraw";
+  EXPECT_FALSE(context().ScreenProxy.surface().Enabled()) << "as it is for a while after a redraw";
 }
 
 TEST_F(Cutting, TheTitleBlockStoresWhatItShows) {
@@ -138,7 +138,7 @@ TEST_F(Cutting, TheTitleBlockStoresWhatItShows) {
 class Units : public Cutting {
  protected:
   void add(const SegmentRow& row) {
-    Change change(desk().changes);
+    Change change(context().changes);
     change.segments.append(row, Entry::Unmarked);
     change.keep({.redraws = false});
   }
@@ -172,7 +172,7 @@ TEST_F(Units, TheDrawingIsConvertedThereAndBack) {
 
 TEST_F(Units, PathRowsStayAndTheOperatorIsTold) {
   {
-    Change change(desk().changes);
+    Change change(context().changes);
     change.paths.append({.type = kLine, .x1 = 1, .y1 = 2, .z = -0.5F, .code = 100});
     change.keep({.redraws = false});
   }
@@ -203,7 +203,7 @@ TEST_F(Units, ADrawingThatDoesNotFitIntoTheOtherUnitStaysInItsOwn) {
 TEST_F(Units, AFullDrawingIsConvertedQuickly) {
   constexpr int kRows = 32767;
   {
-    Change change(desk().changes);
+    Change change(context().changes);
     for (int n = 0; n < kRows; ++n) {
       change.segments.append({.type = kLine, .x0 = static_cast<float>(n), .x1 = 1},
                              Entry::Unmarked);

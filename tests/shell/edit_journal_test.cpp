@@ -121,7 +121,7 @@ TEST(EditJournal, GoesWithAProgramThatEndsInOrder) {
 TEST(EditJournal, DoesNotGrowWithoutBound) {
   JournalledProgram program;
   program.drawLine({0, 0}, {2, 0});
-  Changes& changes = program.desk().changes;
+  Changes& changes = program.context().changes;
   const std::vector<SegmentRow> rows(2000, SegmentRow{.type = kLine, .x1 = 1});
   for (int round = 0; round < 60; ++round) {
     Change change(changes);
@@ -187,7 +187,7 @@ TEST(Restore, OffersAndBringsBackRowsNameAndSettings) {
     killed.application.store.drawingname = "gear.cdm";
     killed.application.store.designername = "Ada";
     killed.click({2, 1});
-    killed.desk().changes.tellRewritten();
+    killed.context().changes.tellRewritten();
     killed.application.clickTool("miReDraw");
   });
   std::string details;
@@ -208,7 +208,7 @@ TEST(Restore, OffersAndBringsBackRowsNameAndSettings) {
   EXPECT_EQ(store.drawingname, "gear.cdm");
   EXPECT_EQ(store.designername, "Ada");
   EXPECT_FALSE(store.drawingsaved);
-  EXPECT_FALSE(program.desk().changes.log.canUndo());
+  EXPECT_FALSE(program.context().changes.log.canUndo());
   // The journal of this run holds it now, in place of that of the other one.
   const auto files = listFolder(program.home("Unsaved")).files;
   ASSERT_EQ(files.size(), 1U);

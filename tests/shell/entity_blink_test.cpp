@@ -4,19 +4,19 @@
 #include "gtest/gtest.h"
 
 #include "core/drawing_store.h"
-#include "tests/support/drafting_desk.h"
+#include "tests/support/drafting_test_context.h"
 
 namespace tess {
 namespace {
 
-using testing::RecordedDesk;
+using testing::RecordedDrafting;
 using Texts = std::vector<std::string>;
 
 constexpr char kLit[] = "circle (1, 0) r 1 #FFFFFF";
 constexpr char kPlain[] = "circle (1, 0) r 1 #008080";
 
-struct BlinkDesk : RecordedDesk {
-  BlinkDesk() { add({.type = kCircle, .x0 = 2, .x1 = 2, .xc = 1}); }
+struct BlinkContext : RecordedDrafting {
+  BlinkContext() { add({.type = kCircle, .x0 = 2, .x1 = 2, .xc = 1}); }
   // The circles that were painted since the last call.
   Texts painted() {
     Texts circles;
@@ -26,11 +26,11 @@ struct BlinkDesk : RecordedDesk {
     log.take();
     return circles;
   }
-  EntityBlink blink{desk};
+  EntityBlink blink{context};
 };
 
 TEST(EntityBlink, LightsUpAFewTimesAndEndsInItsOwnColor) {
-  BlinkDesk d;
+  BlinkContext d;
   d.blink.start(1);
   EXPECT_EQ(d.painted(), Texts{kLit}) << "at once";
   d.pass(10000);
@@ -40,7 +40,7 @@ TEST(EntityBlink, LightsUpAFewTimesAndEndsInItsOwnColor) {
 }
 
 TEST(EntityBlink, ARowThatIsGoneEndsIt) {
-  BlinkDesk d;
+  BlinkContext d;
   d.blink.start(1);
   d.painted();
   d.store.NumSegments = 0;
@@ -49,7 +49,7 @@ TEST(EntityBlink, ARowThatIsGoneEndsIt) {
 }
 
 TEST(EntityBlink, AnotherOneTakesItsPlace) {
-  BlinkDesk d;
+  BlinkContext d;
   d.add({.type = kCircle, .x0 = 5, .x1 = 5, .xc = 4});
   d.blink.start(1);
   d.painted();

@@ -21,7 +21,7 @@ class Properties : public ::testing::Test, public RunningProgram {
   Properties() { application.clickTool("miShowProperties"); }
 
   void add(const SegmentRow& row) {
-    Change change(desk().changes);
+    Change change(context().changes);
     change.segments.append(row, Entry::Unmarked);
     change.keep();
   }
@@ -137,7 +137,7 @@ TEST_F(Properties, AnEditIsOneStepAndRefreshesAllRows) {
   EXPECT_EQ(form.txtValue.text(), "10");
   EXPECT_EQ(form.PropList1.text(), "Length") << "the row stays chosen";
   EXPECT_FALSE(store.drawingsaved);
-  EXPECT_EQ(desk().changelog.changecount, 2);
+  EXPECT_EQ(context().changelog.changecount, 2);
   application.clickTool("miUndo");
   EXPECT_EQ(store.x1[1], 3);
   EXPECT_EQ(valueOf("Length"), "5") << "the window follows the undo";
@@ -151,7 +151,7 @@ TEST_F(Properties, AValueThatWasNotEditedChangesNothing) {
   form.txtValue.focus();
   form.txtValue.leave();
   EXPECT_EQ(store.x1[1], 1.0F / 3);
-  EXPECT_EQ(desk().changelog.changecount, 0);
+  EXPECT_EQ(context().changelog.changecount, 0);
 }
 
 TEST_F(Properties, ChoosingAnotherRowTakesOverWhatWasTyped) {
@@ -183,7 +183,7 @@ TEST_F(Properties, AFailureIsReportedAndTakesNothingOver) {
   edit("End X", "1e39");
   EXPECT_EQ(store.x1[1], 3);
   EXPECT_EQ(form.txtValue.text(), "3.0000");
-  EXPECT_EQ(desk().changelog.changecount, 0);
+  EXPECT_EQ(context().changelog.changecount, 0);
   EXPECT_NE(reporting.lastReport().find("Overflow"), std::string::npos);
 }
 
@@ -191,7 +191,7 @@ TEST_F(Properties, OtherChangesOfTheRowsAreFollowed) {
   addLine(0, 0, 3, 4);
   selectAll();
   application.guarded("test", [&] {
-    Change change(desk().changes);
+    Change change(context().changes);
     SegmentRow row = change.segments.row(1);
     row.x1 = 9;
     change.segments.replace(1, row);
@@ -222,7 +222,7 @@ TEST_F(Properties, SeveralEntitiesAreEditedInOneStep) {
   EXPECT_EQ(valueOf("Start X"), "-1.0000");
   EXPECT_EQ(form.cboObject.text(), "All 2 Entities");
   application.clickTool("miUndo");
-  EXPECT_EQ(desk().changelog.changecount, 0);
+  EXPECT_EQ(context().changelog.changecount, 0);
   EXPECT_EQ(store.x0[1] + store.x0[2], 1);
 }
 
@@ -234,7 +234,7 @@ TEST_F(Properties, OfSeveralEntitiesAllAreEditedOrNone) {
   platform.prompts.answers.push_back(Answer::No);  // to a retry
   edit("Length", "2e38");
   EXPECT_EQ(store.x1[1], 1) << "the second would end too far";
-  EXPECT_EQ(desk().changelog.changecount, 0);
+  EXPECT_EQ(context().changelog.changecount, 0);
 }
 
 TEST_F(Properties, ABlankSharedValueThatStaysBlankChangesNothing) {
@@ -245,7 +245,7 @@ TEST_F(Properties, ABlankSharedValueThatStaysBlankChangesNothing) {
   form.PropList1.setText("Start X");
   EXPECT_EQ(form.txtValue.text(), "");
   form.txtValue.leave();
-  EXPECT_EQ(desk().changelog.changecount, 0);
+  EXPECT_EQ(context().changelog.changecount, 0);
 }
 
 TEST_F(Properties, AClosedOutlineHasTotalsAtTheEnd) {
@@ -262,7 +262,7 @@ TEST_F(Properties, AClosedOutlineHasTotalsAtTheEnd) {
   EXPECT_FALSE(form.txtValue.isEnabled());
   form.txtValue.setText("5");
   form.PropList1.setText("End X");
-  EXPECT_EQ(desk().changelog.changecount, 0) << "totals can only be read";
+  EXPECT_EQ(context().changelog.changecount, 0) << "totals can only be read";
   edit("End X", "3");
   EXPECT_EQ(valueOf("Total Area"), "(none)") << "the outline is open now";
 }
@@ -317,7 +317,7 @@ double timeOf(const std::function<void()>& run) {
 }
 
 TEST_F(Properties, FollowsManySelectedRowsQuickly) {
-  Change change(desk().changes);
+  Change change(context().changes);
   constexpr int kRows = 32767;
   for (int n = 0; n < kRows; ++n) {
     const auto x = static_cast<float>(n % 181);
@@ -328,11 +328,11 @@ TEST_F(Properties, FollowsManySelectedRowsQuickly) {
   change.keep({.redraws = false});
   constexpr double kAllowed = 400;         // 50 without the checks of a test build
   const double followed = timeOf([this] {  // from nothing to all
-    desk().state.Selected.clear();
-    desk().state.updateProperties = true;
+    context().state.Selected.clear();
+    context().state.updateProperties = true;
     form.UpdatePropertyWindow();
-    desk().state.Selected.fill(kRows);
-    desk().state.updateProperties = true;
+    context().state.Selected.fill(kRows);
+    context().state.updateProperties = true;
     form.UpdatePropertyWindow();
   });
   EXPECT_EQ(form.cboObject.count(), kRows + 1);

@@ -80,7 +80,7 @@ void changeSetting(Program& program) {
   program.application.clickTool("miZoomExtents");
 }
 void writeAnew(Program& program) {
-  program.desk().changes.tellRewritten();
+  program.context().changes.tellRewritten();
   program.application.clickTool("miZoomExtents");
 }
 void save(Program& program) {

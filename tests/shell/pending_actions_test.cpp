@@ -76,7 +76,7 @@ struct PendingActions : ::testing::Test, RunningProgram {};
 
 TEST_F(PendingActions, EachPromptsWithItsOwnText) {
   for (const PromptCase& row : kPrompts) {
-    desk().state.setPendingaction(row.number);
+    context().state.setPendingaction(row.number);
     EXPECT_EQ(application.interaction.statusBar.text(), row.prompt) << row.number;
   }
 }
@@ -87,10 +87,10 @@ bool snaps(int action) {
   AddSeg(program.application.store, {.type = kLine, .x0 = 1, .y0 = 1, .x1 = 3, .y1 = 1}, nullptr);
   program.pass(1000);
   program.application.clickTool("OSnap");
-  program.desk().state.setPendingaction(action);
+  program.context().state.setPendingaction(action);
   program.application.press({.Button = kLeftButton, .X = 0, .Y = 0});
   program.application.move({.Button = kLeftButton, .X = 1.02F, .Y = 1.02F});
-  return program.desk().state.FeaturePoint().has_value();
+  return program.context().state.FeaturePoint().has_value();
 }
 
 TEST_F(PendingActions, TheseTakeTheClickItself) {
@@ -108,8 +108,8 @@ TEST_F(PendingActions, TheseAreIssuedAgainByTheRepeatKey) {
   std::vector<int> armed;
   for (int last = -1; last <= 48; ++last) {
     application.interaction.resetPendingAction();
-    desk().command.LastCommand = last;
-    repeatLastCommand(desk());
+    context().command.LastCommand = last;
+    repeatLastCommand(context());
     if (pendingaction() == 0) continue;
     EXPECT_EQ(pendingaction(), last == 47 ? 46 : last);
     armed.push_back(last);

@@ -165,7 +165,7 @@ std::vector<const char*> sessionTools() {
   };
   for (const ViewCommand* const command : displayCommands()) add(*command);
   for (const CamCommand* const command : toolpathCommands()) add(*command);
-  for (const DeskCommand* const command : draftingCommands()) {
+  for (const DraftingCommand* const command : draftingCommands()) {
     add(*command);
     if (command->mode.number != kNoMode) add(*command);
   }
@@ -180,7 +180,7 @@ std::vector<KeyStroke> sessionKeys() {
   };
   for (const ViewCommand* const command : displayCommands()) add(*command);
   for (const CamCommand* const command : toolpathCommands()) add(*command);
-  for (const DeskCommand* const command : draftingCommands()) add(*command);
+  for (const DraftingCommand* const command : draftingCommands()) add(*command);
   names.push_back("q");
   names.push_back("7");
   std::vector<KeyStroke> keys;
@@ -194,7 +194,7 @@ class Session : public RunningProgram {
     platform.prompts.onForm = [this](Form& form) { fillIn(form); };
     addStartingRows();
     fillToolChest();
-    tables_.emplace(desk().changes);
+    tables_.emplace(context().changes);
     pass(1000);
     start();
   }
@@ -213,7 +213,7 @@ class Session : public RunningProgram {
 
  private:
   DrawingStore& store() { return application.store; }
-  ChangeLog& log() { return desk().changelog; }
+  ChangeLog& log() { return context().changelog; }
 
   template <typename Value>
   const Value& oneOf(const std::vector<Value>& values) {
@@ -511,7 +511,7 @@ class Session : public RunningProgram {
       EXPECT_TRUE(isSegmentType(store().segtype[sg])) << store().segtype[sg];
       EXPECT_TRUE(isAttribute(store().segattr[sg])) << store().segattr[sg];
     }
-    for (const int sg : desk().state.Selected.rows()) {
+    for (const int sg : context().state.Selected.rows()) {
       ASSERT_LE(sg, store().NumSegments);
       EXPECT_GE(store().segattr[sg], kSelected);
     }
@@ -545,16 +545,16 @@ class Session : public RunningProgram {
   }
 
   void checkState() {
-    const CommandRecord& command = desk().command;
+    const CommandRecord& command = context().command;
     const int armed = pendingaction();
-    EXPECT_TRUE(armed == 0 || findAction(desk(), armed) != nullptr) << armed;
-    EXPECT_TRUE(isDrawMode(desk(), DrawMode())) << DrawMode();
+    EXPECT_TRUE(armed == 0 || findAction(context(), armed) != nullptr) << armed;
+    EXPECT_TRUE(isDrawMode(context(), DrawMode())) << DrawMode();
     EXPECT_TRUE(command.clickstage == 0 || command.clickstage == 1);
-    EXPECT_TRUE(command.clickstage == 0 || takesThreePoints(desk(), DrawMode()));
+    EXPECT_TRUE(command.clickstage == 0 || takesThreePoints(context(), DrawMode()));
     const bool painting = application.interaction.redraw.TaskQueueState() != 0;
     EXPECT_TRUE(painting || command.secondCrossShown == (command.clickstage == 1));
-    EXPECT_TRUE(desk().pointer.LeftDown || desk().pointer.RubberKind == 0);
-    const std::string prompt = pendingPrompt(desk(), armed);  // a measurement follows its own
+    EXPECT_TRUE(context().pointer.LeftDown || context().pointer.RubberKind == 0);
+    const std::string prompt = pendingPrompt(context(), armed);  // a measurement follows its own
     EXPECT_EQ(application.interaction.statusBar.text().substr(0, prompt.size()), prompt);
     const auto& shown = application.interaction.frmStatistics;
     EXPECT_EQ(shown.lblEntities.caption(), std::to_string(store().NumSegments));

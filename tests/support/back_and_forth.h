@@ -50,14 +50,14 @@ struct TableBits {
 };
 
 // Undo, `steps` times, leads to `before`, and redo back to where things stand.
-template <class DeskOfAnyKind>
-void expectBackAndForth(DeskOfAnyKind& d, const TableBits& before, int steps = 1,
+template <class AnyContext>
+void expectBackAndForth(AnyContext& d, const TableBits& before, int steps = 1,
                         Marks marks = Marks::Count) {
   const TableBits after(d.store, marks);
   for (int turn = 0; turn < 2; ++turn) {
-    for (int step = 0; step < steps; ++step) Undo_Last_Change(d.desk);
+    for (int step = 0; step < steps; ++step) Undo_Last_Change(d.context);
     EXPECT_TRUE(TableBits(d.store, marks) == before) << "undo, turn " << turn;
-    for (int step = 0; step < steps; ++step) RedoLastChange(d.desk);
+    for (int step = 0; step < steps; ++step) RedoLastChange(d.context);
     EXPECT_TRUE(TableBits(d.store, marks) == after) << "redo, turn " << turn;
   }
 }

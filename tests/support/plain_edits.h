@@ -1,4 +1,5 @@
-// Edits of a drawing that lies on no desk: each is a change of its own, and its log is forgotten.
+// Edits of a drawing that lies on no context: each is a change of its own, and its log is
+// forgotten.
 // Owns: editing, LooseChange, deleteSegment, deletePathSegment, insertPathSegment,
 //       insertPathSegments.
 #pragma once

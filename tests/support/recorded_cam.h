@@ -1,16 +1,16 @@
-// A desk of the tool-path commands on a recorded screen, with the settings of a small job.
+// A context of the tool-path commands on a recorded screen, with the settings of a small job.
 // Owns: RecordedCam.
 #pragma once
 
 #include "core/drawing_store.h"
 #include "core/pocketing_choices.h"
-#include "tests/support/drafting_desk.h"
-#include "toolpath/cam_desk.h"
+#include "tests/support/drafting_test_context.h"
+#include "toolpath/cam_context.h"
 
 namespace tess::testing {
 
 // Tool 1 of radius 0.25 is selected; depths, feeds and step-over are those of a shallow pocket.
-struct RecordedCam : RecordedDesk {
+struct RecordedCam : RecordedDrafting {
   RecordedCam() {
     store.selectedtool = 0;
     store.toolname[0] = "cutter";
@@ -25,7 +25,7 @@ struct RecordedCam : RecordedDesk {
     store.cfg_pocketing_style = choiceNumber(PocketingStyle::Horizontal);
   }
 
-  CamDesk cam{desk};
+  CamContext cam{context};
 };
 
 }  // namespace tess::testing

@@ -19,10 +19,10 @@ struct RunningProgram {
   RunningProgram(const RunningProgram&) = delete;
   RunningProgram& operator=(const RunningProgram&) = delete;
 
-  Desk& desk() { return application.interaction.desk; }
+  DraftingContext& context() { return application.interaction.context; }
   ToolHost& tools() { return application.interaction.tools; }
-  int pendingaction() { return desk().state.pendingaction(); }
-  int DrawMode() { return desk().state.DrawMode(); }
+  int pendingaction() { return context().state.pendingaction(); }
+  int DrawMode() { return context().state.DrawMode(); }
 
   void type(char ascii) { application.key({.ascii = ascii}); }
   void type(SpecialKey special) { application.key({.special = special}); }
@@ -46,8 +46,8 @@ struct RunningProgram {
 
  private:
   void arrive(int pixelX, int pixelY) {
-    const PointerRecord& pointer = desk().pointer;
-    const Point at = desk().ScreenProxy.surface().toWorld(pixelX, pixelY);
+    const PointerRecord& pointer = context().pointer;
+    const Point at = context().ScreenProxy.surface().toWorld(pixelX, pixelY);
     const int rightOrNone = pointer.RightDown ? kRightButton : 0;
     application.move(
         {.Button = pointer.LeftDown ? kLeftButton : rightOrNone, .Shift = 0, .X = at.x, .Y = at.y});

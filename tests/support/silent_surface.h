@@ -1,10 +1,10 @@
 // A drawing surface that paints nothing and keeps no list: for benchmarks, and for tests of large
 // drawings.
-// Owns: SilentSurface, SilentDesk.
+// Owns: SilentSurface, SilentDrafting.
 #pragma once
 
 #include "shell/virtual_screen.h"
-#include "tests/support/drafting_desk.h"
+#include "tests/support/drafting_test_context.h"
 
 namespace tess::testing {
 
@@ -13,6 +13,6 @@ class SilentSurface : public VirtualSurface {
   explicit SilentSurface(CallLog& /*log*/) { Move({0, 0, 1000, 800}); }
 };
 
-using SilentDesk = DraftingDesk<SilentSurface>;
+using SilentDrafting = DraftingTest<SilentSurface>;
 
 }  // namespace tess::testing

@@ -23,8 +23,8 @@ using Texts = std::vector<std::string>;
 
 // Templates of a drilling and a pecking cycle. `cycle` works the choice among them, unless it is
 // cancelled.
-struct BoltDesk : RecordedCam {
-  BoltDesk() {
+struct BoltContext : RecordedCam {
+  BoltContext() {
     store.NumCycles = 2;
     resizeCycles(store, 2);
     store.cycletext[0] = "G81 drill";
@@ -62,7 +62,7 @@ void fill(BoltCircle& form, const char* holes, const char* circle, const char* h
 }
 
 TEST(BoltCircleForm, OpensAtTheMarker) {
-  BoltDesk d;
+  BoltContext d;
   d.rightClick(1.25F, -2);
   d.open([](BoltCircle& form) {
     EXPECT_EQ(form.name(), "BoltCircle");
@@ -80,7 +80,7 @@ TEST(BoltCircleForm, OpensAtTheMarker) {
 }
 
 TEST(BoltCircleForm, ListsTheHolesAndTheirDistances) {
-  BoltDesk d;
+  BoltContext d;
   d.open([](BoltCircle& form) {
     fill(form, "6", " 8 ", "1");
     form.cmdCompute.click();
@@ -100,7 +100,7 @@ TEST(BoltCircleForm, ListsTheHolesAndTheirDistances) {
 }
 
 TEST(BoltCircleForm, OfOneHoleHasNoDistances) {
-  BoltDesk d;
+  BoltContext d;
   d.open([](BoltCircle& form) {
     fill(form, "2", "2", "0.5");
     form.cmdCompute.click();
@@ -117,7 +117,7 @@ TEST(BoltCircleForm, OfOneHoleHasNoDistances) {
 TEST(BoltCircleForm, RoundsTheNumberOfHolesToTheNearest) {
   const std::pair<const char*, int> cases[] = {{"1.4", 1}, {"2.6", 3}, {"999", 999}};
   for (const auto& [text, holes] : cases) {
-    BoltDesk d;
+    BoltContext d;
     d.open([&, text = text, holes = holes](BoltCircle& form) {
       fill(form, text, "2", "0.5");
       form.cmdCompute.click();
@@ -127,7 +127,7 @@ TEST(BoltCircleForm, RoundsTheNumberOfHolesToTheNearest) {
 }
 
 TEST(BoltCircleForm, OfAnOffsetOf360IsThatOf0) {
-  BoltDesk d;
+  BoltContext d;
   d.open([](BoltCircle& form) {
     fill(form, "5", "2", "0.5");
     form.cmdCompute.click();
@@ -174,7 +174,7 @@ TEST(BoltCircleForm, TellsEachFaultInItsWords) {
   };
   for (const Complaint& row : complaints) {
     SCOPED_TRACE(row.text);
-    BoltDesk d;
+    BoltContext d;
     d.open([&row](BoltCircle& form) {
       fill(form, row.holes, row.circle, row.hole);
       form.txtDegreesOffset.setText(row.offset);
@@ -193,7 +193,7 @@ TEST(BoltCircleForm, TellsEachFaultInItsWords) {
 
 // What is compared has to be a number: the hole is not compared with a circle that is none.
 TEST(BoltCircleForm, TellsAllFaultsInOneBoxInTheOrderOfTheFields) {
-  BoltDesk d;
+  BoltContext d;
   d.open([](BoltCircle& form) {
     fill(form, "x", "x", "5");
     form.txtDegreesOffset.setText("400");
@@ -218,7 +218,7 @@ TEST(BoltCircleForm, TellsAllFaultsInOneBoxInTheOrderOfTheFields) {
 }
 
 TEST(BoltCircleForm, AFaultLeavesTheListThatStands) {
-  BoltDesk d;
+  BoltContext d;
   d.open([](BoltCircle& form) {
     fill(form, "2", "2", "0.5");
     form.cmdCompute.click();
@@ -229,7 +229,7 @@ TEST(BoltCircleForm, AFaultLeavesTheListThatStands) {
 }
 
 TEST(BoltCircleForm, ClearIsAsItOpened) {
-  BoltDesk d;
+  BoltContext d;
   d.open([&d](BoltCircle& form) {
     fill(form, "2", "2", "0.5");
     form.txtDegreesOffset.setText("10");
@@ -246,14 +246,14 @@ TEST(BoltCircleForm, ClearIsAsItOpened) {
     EXPECT_EQ(form.lblCoordinates.caption(), "");
     EXPECT_EQ(form.lblDistanceBetweenHoleCenters.caption(), "");
     EXPECT_TRUE(form.Picture1.marks().empty());
-    EXPECT_TRUE(d.desk.formPreview.rows.empty());
+    EXPECT_TRUE(d.context.formPreview.rows.empty());
   });
 }
 
 // ---- Previews
 
 TEST(BoltCircleForm, PreviewsTheHolesInItsPicture) {
-  BoltDesk d;
+  BoltContext d;
   d.open([](BoltCircle& form) {
     fill(form, "2", "8", "2");
     form.cmdCompute.click();
@@ -270,27 +270,27 @@ TEST(BoltCircleForm, PreviewsTheHolesInItsPicture) {
 }
 
 TEST(BoltCircleForm, ShowsTheHolesInTheDrawingWhileItIsOpen) {
-  BoltDesk d;
+  BoltContext d;
   d.open([&d](BoltCircle& form) {
-    EXPECT_FALSE(d.desk.formPreview.shown);
+    EXPECT_FALSE(d.context.formPreview.shown);
     fill(form, "2", "2", "0.5");
     form.cmdCompute.click();
-    EXPECT_TRUE(d.desk.formPreview.shown);
-    ASSERT_EQ(d.desk.formPreview.rows.size(), 2U);
-    EXPECT_EQ(testing::segmentText(d.desk.formPreview.rows[1]),
+    EXPECT_TRUE(d.context.formPreview.shown);
+    ASSERT_EQ(d.context.formPreview.rows.size(), 2U);
+    EXPECT_EQ(testing::segmentText(d.context.formPreview.rows[1]),
               "5 (0.25, -1)-(0.25, -1) c (0, -1)");
-    d.desk.redraw.redrawscreen();
-    EXPECT_TRUE(d.desk.formPreview.shown);
+    d.context.redraw.redrawscreen();
+    EXPECT_TRUE(d.context.formPreview.shown);
   });
-  EXPECT_FALSE(d.desk.formPreview.shown);
-  EXPECT_TRUE(d.desk.formPreview.rows.empty());
+  EXPECT_FALSE(d.context.formPreview.shown);
+  EXPECT_TRUE(d.context.formPreview.rows.empty());
   EXPECT_EQ(d.store.NumSegments, 0);
 }
 
 // ---- Create
 
 TEST(BoltCircleForm, CreatesOneCycleForEachHoleInOneNewGroupAndStep) {
-  BoltDesk d;
+  BoltContext d;
   d.addPathLine(0, 0, 1, 0, 401);
   d.rightClick(5, 5);
   const TableBits before(d.store);
@@ -308,16 +308,16 @@ TEST(BoltCircleForm, CreatesOneCycleForEachHoleInOneNewGroupAndStep) {
   EXPECT_EQ(d.store.showpaths, 1);
   EXPECT_EQ(d.store.NumSegments, 0) << "no drawing rows, in spite of the button's name";
   EXPECT_FALSE(d.store.drawingsaved);
-  EXPECT_EQ(d.desk.changelog.changecount, 3);
-  EXPECT_TRUE(d.desk.changelog.record(0).StartOfSegment);
-  EXPECT_FALSE(d.desk.changelog.record(1).StartOfSegment);
+  EXPECT_EQ(d.context.changelog.changecount, 3);
+  EXPECT_TRUE(d.context.changelog.record(0).StartOfSegment);
+  EXPECT_FALSE(d.context.changelog.record(1).StartOfSegment);
   EXPECT_EQ(d.statistics.substr(0, 4), "0 4 ");
   EXPECT_TRUE(d.tools.isEnabled("miUndo"));
   expectBackAndForth(d, before);
 }
 
 TEST(BoltCircleForm, ASecondCreateIsAnotherGroupAndStep) {
-  BoltDesk d;
+  BoltContext d;
   d.open([](BoltCircle& form) {
     fill(form, "1", "2", "0.5");
     form.cmdCompute.click();
@@ -326,11 +326,11 @@ TEST(BoltCircleForm, ASecondCreateIsAnotherGroupAndStep) {
   });
   EXPECT_EQ(pathTexts(d.store), (Texts{"83 (0, 1)-(0, 1) c (0.1, 2) @103 z -0.5 f 7",
                                        "83 (0, 1)-(0, 1) c (0.1, 2) @203 z -0.5 f 7"}));
-  EXPECT_TRUE(d.desk.changelog.record(1).StartOfSegment);
+  EXPECT_TRUE(d.context.changelog.record(1).StartOfSegment);
 }
 
 TEST(BoltCircleForm, CreatesNothingWithoutAComputedList) {
-  BoltDesk d;
+  BoltContext d;
   d.open([](BoltCircle& form) {
     fill(form, "3", "2", "0.5");
     form.cmdCreateSegments.click();
@@ -342,7 +342,7 @@ TEST(BoltCircleForm, CreatesNothingWithoutAComputedList) {
 }
 
 TEST(BoltCircleForm, CreatesNothingWhenNoCycleIsChosen) {
-  BoltDesk d;
+  BoltContext d;
   d.chooseCycle = nullptr;
   d.open([](BoltCircle& form) {
     fill(form, "3", "2", "0.5");
@@ -356,7 +356,7 @@ TEST(BoltCircleForm, CreatesNothingWhenNoCycleIsChosen) {
 }
 
 TEST(BoltCircleForm, CreatesNothingWithoutTemplates) {
-  BoltDesk d;
+  BoltContext d;
   d.store.NumCycles = 0;
   d.chooseCycle = [](dlgSelectCycle& form) { form.cmdAccept.click(); };
   d.open([](BoltCircle& form) {
@@ -369,7 +369,7 @@ TEST(BoltCircleForm, CreatesNothingWithoutTemplates) {
 
 // The choice of the cycle offers the circles that are drawn instead of the list.
 TEST(BoltCircleForm, CreatesCyclesAtTheSelectedCirclesOfTheDrawing) {
-  BoltDesk d;
+  BoltContext d;
   d.add({.type = 5, .attr = 30008, .x0 = 2, .y0 = 2, .x1 = 2, .y1 = 2, .xc = 1, .yc = 2});
   d.add({.type = 2, .attr = 30008, .x0 = 3, .y0 = 0, .x1 = 3, .y1 = 0, .xc = 2, .yc = 0});
   d.chooseCycle = [](dlgSelectCycle& form) {
@@ -387,7 +387,7 @@ TEST(BoltCircleForm, CreatesCyclesAtTheSelectedCirclesOfTheDrawing) {
 }
 
 TEST(BoltCircleForm, CreatesWhatTheListSays) {
-  BoltDesk d;
+  BoltContext d;
   d.open([](BoltCircle& form) {
     fill(form, "2", "2", "0.5");
     form.cmdCompute.click();
@@ -399,7 +399,7 @@ TEST(BoltCircleForm, CreatesWhatTheListSays) {
 }
 
 TEST(BoltCircleForm, CreatesNothingInATableThatIsFull) {
-  BoltDesk d;
+  BoltContext d;
   for (int row = 0; row < 32766; ++row) d.addPathLine(0, 0, static_cast<float>(row), 1);
   d.store.drawingsaved = true;
   bool failed = false;
@@ -416,7 +416,7 @@ TEST(BoltCircleForm, CreatesNothingInATableThatIsFull) {
   EXPECT_TRUE(failed);
   EXPECT_EQ(d.store.NumPathSegments, 32766);
   EXPECT_EQ(d.store.currentpathgroup, 0);
-  EXPECT_EQ(d.desk.changelog.changecount, 0);
+  EXPECT_EQ(d.context.changelog.changecount, 0);
   EXPECT_TRUE(d.store.drawingsaved);
 }
 

@@ -120,7 +120,7 @@ TEST_F(ContourOffset, AClickWithinFivePixelsMakesAPathOnTheProfileWithoutLeads) 
 TEST_F(ContourOffset, TheDeadBandFollowsTheView) {
   addSquare();
   const Texts onProfile = offset(along(1, {1, 0.04F}));
-  desk.viewCommands.Zoom_In(0, 0);
+  context.viewCommands.Zoom_In(0, 0);
   pass(1000);
   EXPECT_NE(offset(along(1, {1, 0.04F})), onProfile);
 }
@@ -198,7 +198,7 @@ TEST_F(ContourOffset, NothingIsPlacedInACircleSmallerThanTheTool) {
   store.cfg_lead_in_angle = 30;
   store.cfg_lead_in_length = 0.5F;
   EXPECT_EQ(offset(along(1, {0.1F, 0})), Texts{});
-  EXPECT_EQ(desk.changelog.changecount, 0);
+  EXPECT_EQ(context.changelog.changecount, 0);
 }
 
 // Two arcs that meet twice at a joint: the second hit is taken, however far it lies.
@@ -325,7 +325,7 @@ TEST_F(ContourOffset, RowsAreInsertedBeforeTheGroupThatTheEditorNamed) {
 
 TEST_F(ContourOffset, ThePlacementEndsTheArmedAction) {
   addLine(0, 0, 2, 0);
-  arm(desk, PendingAction::StartRoughing);
+  arm(context, PendingAction::StartRoughing);
   offset(along(1, {1, 1}));
   EXPECT_EQ(pending(), 0);
 }
@@ -450,10 +450,10 @@ TEST_F(ContourOffset, InExactModeNoElementCollapses) {
 TEST_F(ContourOffset, APlacementIsOneStepOfItsFinalRows) {
   addSquare();
   offset(along(1, {1, 1}));
-  ASSERT_EQ(desk.changelog.changecount, 4);
+  ASSERT_EQ(context.changelog.changecount, 4);
   for (int record = 0; record < 4; ++record) {
-    EXPECT_EQ(desk.changelog.record(record).AddOrDelete, "A");
-    EXPECT_EQ(desk.changelog.record(record).StartOfSegment, record == 0);
+    EXPECT_EQ(context.changelog.record(record).AddOrDelete, "A");
+    EXPECT_EQ(context.changelog.record(record).StartOfSegment, record == 0);
   }
 }
 
@@ -473,10 +473,10 @@ TEST_F(ContourOffset, UndoTakesBackAPlacementAndRedoGivesItAgain) {
   offsetPathChain(cam, along(1, {1, 1}));
   const Texts after = pathTexts(store);
   ASSERT_EQ(after.size(), before.size() + 6);
-  Undo_Last_Change(desk);
+  Undo_Last_Change(context);
   EXPECT_EQ(pathTexts(store), before);
-  EXPECT_FALSE(desk.changelog.canUndo());
-  RedoLastChange(desk);
+  EXPECT_FALSE(context.changelog.canUndo());
+  RedoLastChange(context);
   EXPECT_EQ(pathTexts(store), after);
 }
 
@@ -492,28 +492,28 @@ TEST_F(ContourOffset, AFailureLeavesNothingBehind) {
             }),
             FailureNumber::Overflow);
   EXPECT_EQ(store.NumPathSegments, 32766);
-  EXPECT_FALSE(desk.changelog.canUndo());
+  EXPECT_FALSE(context.changelog.canUndo());
 }
 
 TEST_F(ContourOffset, InAFullLogOlderStepsGiveWay) {
   addSquare();
   addPathLine(5, 5, 6, 6, 100);
   for (int record = 0; record < 32766; ++record) {
-    logPathSegment(desk.changelog, store, 1, "A", true);
+    logPathSegment(context.changelog, store, 1, "A", true);
   }
   offsetPathChain(cam, along(1, {1, 1}));
   EXPECT_EQ(store.NumPathSegments, 5);
-  EXPECT_EQ(desk.changelog.changecount, 32767);
-  EXPECT_EQ(desk.changelog.lastStepSize(), 4);
+  EXPECT_EQ(context.changelog.changecount, 32767);
+  EXPECT_EQ(context.changelog.lastStepSize(), 4);
 }
 
 TEST_F(ContourOffset, APlacementThatFailsBeforeItsFirstRowKeepsWhatCanBeRedone) {
   addLine(0, 0, 2, 0);
   addPathLine(5, 5, 6, 6, 100);
-  logPathSegment(desk.changelog, store, 1, "A", true);
-  Undo_Last_Change(desk);
+  logPathSegment(context.changelog, store, 1, "A", true);
+  Undo_Last_Change(context);
   { const Placement placement(cam); }
-  EXPECT_TRUE(desk.changelog.canRedo());
+  EXPECT_TRUE(context.changelog.canRedo());
 }
 
 // ---- Large outlines

@@ -29,8 +29,8 @@ constexpr Template kPeck = {"G83 peck", -0.75F, 0.125F, 0, 4};
 constexpr Template kDwell = {"G82 spot", -0.25F, 0, 1.5F, 3};
 constexpr Template kSlot = {"G79 slot", -0.5F, 0.25F, 0, 6};
 
-struct CycleDesk : RecordedCam {
-  explicit CycleDesk(const std::vector<Template>& templates) {
+struct CycleContext : RecordedCam {
+  explicit CycleContext(const std::vector<Template>& templates) {
     store.NumCycles = templates.size();
     resizeCycles(store, store.NumCycles);
     for (int cycle = 0; cycle < store.NumCycles; ++cycle) {
@@ -63,9 +63,9 @@ struct CycleDesk : RecordedCam {
 // Undo gives back the rows before the last step, redo those after it.
 void expectTakenBack(RecordedCam& d, const Texts& before) {
   const Texts after = pathTexts(d.store);
-  Undo_Last_Change(d.desk);
+  Undo_Last_Change(d.context);
   EXPECT_EQ(pathTexts(d.store), before);
-  RedoLastChange(d.desk);
+  RedoLastChange(d.context);
   EXPECT_EQ(pathTexts(d.store), after);
 }
 
@@ -84,7 +84,7 @@ TEST(CycleNumber, IsReadFromTheSecondAndThirdCharacter) {
 // ---- The dialog
 
 TEST(SelectCycle, ShowsTheTemplates) {
-  CycleDesk d({kDrill, kPeck});
+  CycleContext d({kDrill, kPeck});
   bool shown = false;
   d.atDialog([&](dlgSelectCycle& dialog) {
     shown = true;
@@ -117,7 +117,7 @@ TEST(SelectCycle, EnablesWhatTheCycleUses) {
       {"drill", true, true},       {"", true, true},
   };
   for (const EnableCase& row : kCases) {
-    CycleDesk d({{"G81 first", 0, 0, 0, 0}, {row.text, 0, 0, 0, 0}});
+    CycleContext d({{"G81 first", 0, 0, 0, 0}, {row.text, 0, 0, 0, 0}});
     d.atDialog([&](dlgSelectCycle& dialog) {
       EXPECT_FALSE(dialog.txtcycleincrdepth.isEnabled());
       EXPECT_FALSE(dialog.txtcycledwell.isEnabled());
@@ -132,7 +132,7 @@ TEST(SelectCycle, EnablesWhatTheCycleUses) {
 }
 
 TEST(SelectCycle, DrillingNeedsNeitherIncrementNorDwell) {
-  CycleDesk d({kDrill});
+  CycleContext d({kDrill});
   d.acceptAtDialog(0);
   mnuCAMAddMachCycle_Click(d.cam);
   EXPECT_EQ(d.store.pstype[1], 81);
@@ -144,7 +144,7 @@ TEST(SelectCycle, DrillingNeedsNeitherIncrementNorDwell) {
 }
 
 TEST(SelectCycle, PeckingNeedsTheIncrementAndSpottingTheDwell) {
-  CycleDesk d({kPeck, kDwell});
+  CycleContext d({kPeck, kDwell});
   d.atDialog([](dlgSelectCycle& dialog) {
     EXPECT_TRUE(dialog.txtcycleincrdepth.isEnabled());
     EXPECT_FALSE(dialog.txtcycledwell.isEnabled());
@@ -156,7 +156,7 @@ TEST(SelectCycle, PeckingNeedsTheIncrementAndSpottingTheDwell) {
 }
 
 TEST(SelectCycle, WritesAFieldWhenItIsLeft) {
-  CycleDesk d({kDrill, kPeck});
+  CycleContext d({kDrill, kPeck});
   d.atDialog([&](dlgSelectCycle& dialog) {
     dialog.List1.pick(1);
     dialog.txtcycleincrdepth.type(".2 inch");
@@ -179,7 +179,7 @@ TEST(SelectCycle, WritesAFieldWhenItIsLeft) {
 }
 
 TEST(SelectCycle, CancelKeepsTheEdit) {
-  CycleDesk d({kDrill});
+  CycleContext d({kDrill});
   d.atDialog([](dlgSelectCycle& dialog) {
     dialog.txtcyclefinaldepth.type("-2");
     dialog.cmdCancel.press();
@@ -189,7 +189,7 @@ TEST(SelectCycle, CancelKeepsTheEdit) {
 }
 
 TEST(SelectCycle, SelectsAFieldsTextOnFocus) {
-  CycleDesk d({kDwell});
+  CycleContext d({kDwell});
   d.atDialog([](dlgSelectCycle& dialog) {
     for (TextBox* const box :
          {&dialog.txtcyclefinaldepth, &dialog.txtcycledwell, &dialog.txtcyclefeedrate}) {
@@ -201,7 +201,7 @@ TEST(SelectCycle, SelectsAFieldsTextOnFocus) {
 }
 
 TEST(SelectCycle, WithoutTemplatesGivesNone) {
-  CycleDesk d({});
+  CycleContext d({});
   d.addCircle(kCircle, {1, 0}, {1, 0}, {0, 0});
   d.atDialog([](dlgSelectCycle& dialog) {
     EXPECT_EQ(dialog.List1.count(), 0);
@@ -219,7 +219,7 @@ TEST(SelectCycle, WithoutTemplatesGivesNone) {
 }
 
 TEST(SelectCycle, OpensWithTheTemplateChosenLast) {
-  CycleDesk d({kDrill, kPeck});
+  CycleContext d({kDrill, kPeck});
   d.acceptAtDialog(1);
   CAMAddMachCycleDeferred(d.cam);
   d.atDialog([](dlgSelectCycle& dialog) { EXPECT_EQ(dialog.List1.index(), 1); });
@@ -230,7 +230,7 @@ TEST(SelectCycle, OpensWithTheTemplateChosenLast) {
 // ---- At the marker
 
 TEST(AddMachCycleAtMarker, PlacesOneRowOfANewGroup) {
-  CycleDesk d({kDrill, kPeck});
+  CycleContext d({kDrill, kPeck});
   d.addPathLine(0, 0, 1, 0, 304);
   d.store.markerx = 1.5F;
   d.store.markery = -2;
@@ -251,7 +251,7 @@ TEST(AddMachCycleAtMarker, PlacesOneRowOfANewGroup) {
 }
 
 TEST(AddMachCycleAtMarker, PutsASlotsBothEndsThere) {
-  CycleDesk d({kSlot});
+  CycleContext d({kSlot});
   d.store.markerx = 1;
   d.store.markery = 2;
   d.acceptAtDialog(0);
@@ -260,14 +260,14 @@ TEST(AddMachCycleAtMarker, PutsASlotsBothEndsThere) {
 }
 
 TEST(AddMachCycleAtMarker, OfATextWithoutDigitsIsARowOfTypeZero) {
-  CycleDesk d({{"drill", -1, 0, 0, 5}});
+  CycleContext d({{"drill", -1, 0, 0, 5}});
   d.acceptAtDialog(0);
   mnuCAMAddMachCycle_Click(d.cam);
   EXPECT_EQ(pathTexts(d.store), Texts{"0 (0, 0)-(0, 0) @100 z -1 f 5"});
 }
 
 TEST(AddMachCycleAtMarker, CancelledPlacesNothing) {
-  CycleDesk d({kDrill});
+  CycleContext d({kDrill});
   mnuCAMAddMachCycle_Click(d.cam);
   EXPECT_EQ(d.store.NumPathSegments, 0);
 }
@@ -275,7 +275,7 @@ TEST(AddMachCycleAtMarker, CancelledPlacesNothing) {
 // ---- At a click
 
 TEST(AddMachCycleByClick, ArmsThePlacingClick) {
-  CycleDesk d({kDrill, kPeck});
+  CycleContext d({kDrill, kPeck});
   d.acceptAtDialog(1);
   CAMAddMachCycleDeferred(d.cam);
   EXPECT_EQ(d.pending(), 33);
@@ -292,14 +292,14 @@ TEST(AddMachCycleByClick, ArmsThePlacingClick) {
 }
 
 TEST(AddMachCycleByClick, CancelledArmsNothing) {
-  CycleDesk d({kDrill});
+  CycleContext d({kDrill});
   CAMAddMachCycleDeferred(d.cam);
   EXPECT_EQ(d.pending(), 0);
   EXPECT_EQ(d.cam.selectedCycle, std::nullopt);
 }
 
 TEST(AddMachCycleByClick, RunsASlotFromTheMarkerToTheClick) {
-  CycleDesk d({kSlot});
+  CycleContext d({kSlot});
   d.store.markerx = 1;
   d.acceptAtDialog(0);
   CAMAddMachCycleDeferred(d.cam);
@@ -308,31 +308,31 @@ TEST(AddMachCycleByClick, RunsASlotFromTheMarkerToTheClick) {
 }
 
 TEST(AddMachCycleByClick, TakesANewGroupForEachClickWhenRepeated) {
-  CycleDesk d({kDrill, kPeck});
+  CycleContext d({kDrill, kPeck});
   d.acceptAtDialog(1);
   CAMAddMachCycleDeferred(d.cam);
   d.click(1, 2);
-  repeatLastCommand(d.desk);
+  repeatLastCommand(d.context);
   EXPECT_EQ(d.pending(), 33);
   EXPECT_EQ(d.test.recording.prompts.modalForms, 1);
   d.click(2, 2);
   EXPECT_EQ(pathTexts(d.store), (Texts{"83 (1, 2)-(1, 2) c (0.125, 0) @100 z -0.75 f 4",
                                        "83 (2, 2)-(2, 2) c (0.125, 0) @200 z -0.75 f 4"}));
-  Undo_Last_Change(d.desk);
+  Undo_Last_Change(d.context);
   EXPECT_EQ(d.store.NumPathSegments, 1);
 }
 
 TEST(AddMachCycleByClick, OfTheFirstTemplateIsNotRepeated) {
-  CycleDesk d({kDrill, kPeck});
+  CycleContext d({kDrill, kPeck});
   d.acceptAtDialog(0);
   CAMAddMachCycleDeferred(d.cam);
   d.click(1, 2);
-  repeatLastCommand(d.desk);
+  repeatLastCommand(d.context);
   EXPECT_EQ(d.pending(), 0);
 }
 
 TEST(AddMachCycleByClick, WithTheTemplateGoneMeanwhilePlacesNothing) {
-  CycleDesk d({kDrill, kPeck});
+  CycleContext d({kDrill, kPeck});
   d.acceptAtDialog(1);
   CAMAddMachCycleDeferred(d.cam);
   d.store.NumCycles = 1;
@@ -344,7 +344,7 @@ TEST(AddMachCycleByClick, WithTheTemplateGoneMeanwhilePlacesNothing) {
 // ---- At selected circles
 
 TEST(AddMachCycleAtCircles, PlacesThreeRowsInOneGroupAndNoOther) {
-  CycleDesk d({kDrill});
+  CycleContext d({kDrill});
   d.addPathLine(0, 0, 1, 0, 200);
   d.addCircle(kCircle, {1, 0}, {1, 0}, {0, 0});
   d.addCircle(kClockwiseArc, {3, 0}, {3, 0}, {2, 0}, 30108);
@@ -371,13 +371,13 @@ TEST(AddMachCycleAtCircles, PlacesThreeRowsInOneGroupAndNoOther) {
 }
 
 TEST(AddMachCycleAtCircles, PassesOverOpenArcs) {
-  CycleDesk d({kDrill});
+  CycleContext d({kDrill});
   d.addCircle(kClockwiseArc, {1, 0}, {0, 1}, {0, 0});
   d.addCircle(kClockwiseArc, {1, 0}, {1, 0.00001F}, {0, 0});  // closed only within the tolerance
   placeCyclesAtSelectedCircles(d.cam, 0);
   EXPECT_EQ(d.store.NumPathSegments, 0);
   EXPECT_EQ(d.store.currentpathgroup, 0);
-  EXPECT_EQ(d.desk.changelog.changecount, 0);
+  EXPECT_EQ(d.context.changelog.changecount, 0);
 }
 
 }  // namespace

@@ -70,7 +70,7 @@ struct EditPath : RecordedCam, ::testing::Test {
     return rows;
   }
   void hide(int ps) {
-    Change change(desk.changes);
+    Change change(context.changes);
     change.paths.show(ps, false);
     change.keep();
   }
@@ -500,7 +500,7 @@ TEST_F(EditPath, ATextThatIsNoNumberIsZero) {
 TEST_F(EditPath, InGroupScopeOnlyTheFeedThatWasChangedIsApplied) {
   addRows({100, 205, 206, 30205});
   {
-    Change change(desk.changes);
+    Change change(context.changes);
     PathRow row = pathRow(store, 3);
     row.z = -1;
     change.paths.replace(3, row);
@@ -897,7 +897,7 @@ TEST_F(EditPath, EditsReordersAndUndoes30000Rows) {
   form.optApplyToGroup.setValue(true);
   form.txtpsz.setText("-2");
   expectOneStep(*this, [this] { form.cmdRefresh.press(); });
-  EXPECT_EQ(desk.changelog.changecount, 400);
+  EXPECT_EQ(context.changelog.changecount, 400);
   test.recording.prompts.onForm = [](Form& shown) {
     auto& map = dynamic_cast<frmPathMap&>(shown);
     map.lstPathSegments.pick(201);
@@ -909,9 +909,9 @@ TEST_F(EditPath, EditsReordersAndUndoes30000Rows) {
   form.optApplyToSegment.setValue(true);
   expectOneStep(*this, [this] { form.cmdDel.press(); });
   EXPECT_EQ(store.NumPathSegments, 29999);
-  for (int step = 0; step < 3; ++step) Undo_Last_Change(desk);
+  for (int step = 0; step < 3; ++step) Undo_Last_Change(context);
   EXPECT_TRUE(testing::TableBits(store) == before);
-  EXPECT_EQ(desk.changelog.changecount, 0);
+  EXPECT_EQ(context.changelog.changecount, 0);
 }
 
 }  // namespace

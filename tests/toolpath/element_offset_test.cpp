@@ -8,7 +8,7 @@
 
 #include "core/drawing_store.h"
 #include "tests/geometry/rows.h"
-#include "tests/support/drafting_desk.h"
+#include "tests/support/drafting_test_context.h"
 
 namespace tess {
 namespace {

@@ -150,13 +150,13 @@ TEST_F(FinishPath, ADirectionOnABarePointBeeps) {
 TEST_F(FinishPath, TheRepeatKeyRepeatsTheLastPlacingCommand) {
   addLine(0, 0, 2, 0);
   start(1);
-  desk.state.setPendingaction(0);
-  repeatLastCommand(desk);
+  context.state.setPendingaction(0);
+  repeatLastCommand(context);
   EXPECT_EQ(test.recording.prompts.modalForms, 2);
   EXPECT_EQ(pending(), 20);
   mnuCAMPlace1PathSeg_Click(cam);
-  desk.state.setPendingaction(0);
-  repeatLastCommand(desk);
+  context.state.setPendingaction(0);
+  repeatLastCommand(context);
   EXPECT_EQ(test.recording.prompts.modalForms, 2);
   EXPECT_EQ(pending(), 20);
   EXPECT_EQ(cam.PlaceChain, 0);
@@ -481,13 +481,13 @@ TEST_F(FinishPathNotch, UndoStepByStepTakesEverythingBackAndRedoGivesItAgain) {
   place(2, {0, 0}, {1, 0}, {1, 1});
   const Texts after = pathTexts(store);
   int steps = 0;
-  while (desk.changelog.canUndo()) {
-    Undo_Last_Change(desk);
+  while (context.changelog.canUndo()) {
+    Undo_Last_Change(context);
     ++steps;
   }
   EXPECT_EQ(steps, 4);  // two passes of two levels
   EXPECT_EQ(pathTexts(store), before);
-  while (desk.changelog.canRedo()) RedoLastChange(desk);
+  while (context.changelog.canRedo()) RedoLastChange(context);
   EXPECT_EQ(pathTexts(store), after);
 }
 
@@ -501,7 +501,7 @@ TEST_F(FinishPath, AFailureMidwayLeavesNoPassAndThePointer) {
   click(1, 0);
   EXPECT_EQ(testing::numberOfFailure([&] { click(1, 1); }), FailureNumber::Overflow);
   EXPECT_EQ(store.NumPathSegments, 32760);
-  EXPECT_EQ(desk.changelog.changecount, 0);
+  EXPECT_EQ(context.changelog.changecount, 0);
   EXPECT_EQ(store.lastplacedgroup, 1);
   EXPECT_EQ(pointer.MousePointer(), kDefaultShape);
 }

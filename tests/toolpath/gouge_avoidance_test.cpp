@@ -196,7 +196,7 @@ TEST_F(Gouge, AFoldIsCutAtItsRoot) {
                                      "1 (1, -1)-(10, 0) @100 z 0", "1 (10, 0)-(11, 0) @100 z 0",
                                      "1 (11, 0)-(11, -1) @100 z 0"}));
   EXPECT_FALSE(store.drawingsaved);
-  EXPECT_EQ(desk.changelog.changecount, 0);
+  EXPECT_EQ(context.changelog.changecount, 0);
 }
 
 TEST_F(Gouge, AChainWithoutCrossingsStays) {
@@ -449,7 +449,7 @@ TEST_F(Gouge, OneGroupIsCleanedAtOnceAndShown) {
   EXPECT_EQ(store.NumPathSegments, rowsAfter(1, 1));
   EXPECT_EQ(pending(), 0);
   EXPECT_NE(log.take(), "");
-  EXPECT_EQ(desk.changelog.changecount, 0);
+  EXPECT_EQ(context.changelog.changecount, 0);
 }
 
 TEST_F(Gouge, ASecondGroupIsCleanedByItsClick) {
@@ -459,14 +459,14 @@ TEST_F(Gouge, ASecondGroupIsCleanedByItsClick) {
   addPaths(store, above, 200);
   miGougeAvoidance_Click(cam);
   EXPECT_EQ(pending(), 41);
-  refreshStatus(desk);
+  refreshStatus(context);
   EXPECT_EQ(prompt(), "Click near the desired Path Group.  ");
   click(2.1F, 2.5F);
   EXPECT_EQ(pending(), 0);
   EXPECT_EQ(pathTexts(store), (Texts{"1 (0, 0)-(2, 0) @100 z 0", "1 (2, 0)-(2, 1) @100 z 0",
                                      "1 (2, 1)-(1, 1) @100 z 0", "1 (1, 1)-(1, -1) @100 z 0",
                                      "1 (0, 2)-(1, 2) @200 z 0", "1 (1, 2)-(1, 1) @200 z 0"}));
-  EXPECT_EQ(desk.changelog.changecount, 0);
+  EXPECT_EQ(context.changelog.changecount, 0);
 }
 
 TEST_F(Gouge, AClickWithNoVisiblePathDoesNothing) {

@@ -5,7 +5,7 @@
 
 #include "core/drawing_store.h"
 #include "tests/geometry/rows.h"
-#include "tests/support/drafting_desk.h"
+#include "tests/support/drafting_test_context.h"
 #include "tests/support/plain_edits.h"
 
 namespace tess {

@@ -68,7 +68,7 @@ struct Spiral : ::testing::Test, RecordedCam {
 
   // The click after the command has asked for it.
   void start(float x, float y) {
-    arm(desk, PendingAction::StartRoughing);
+    arm(context, PendingAction::StartRoughing);
     click(x, y);
   }
 
@@ -390,7 +390,7 @@ TEST_F(Spiral, NoEndsTheCommand) {
   start(0, -5);
   EXPECT_EQ(messages().size(), 1U);
   EXPECT_EQ(store.NumPathSegments, 0);
-  EXPECT_EQ(desk.changelog.changecount, 0);
+  EXPECT_EQ(context.changelog.changecount, 0);
 }
 
 TEST_F(Spiral, WithNothingVerifiedAMessageSaysSo) {
@@ -405,8 +405,8 @@ TEST_F(Spiral, WithNothingVerifiedAMessageSaysSo) {
 
 TEST_F(Spiral, TheClickAsksForAStartingSegmentAndShowsThatItIsBusy) {
   addPocket(kSquare);
-  arm(desk, PendingAction::StartRoughing);
-  refreshStatus(desk);
+  arm(context, PendingAction::StartRoughing);
+  refreshStatus(context);
   EXPECT_EQ(prompt(), "Click near starting Path Segment.  ");
   log.take();
   click(0, -5);
@@ -424,7 +424,7 @@ TEST_F(Spiral, WhenNoRingSurvivesNothingIsCopiedOrLogged) {
   const std::vector<PathRow> before = rows();
   start(0, -5);
   EXPECT_EQ(rows(), before);
-  EXPECT_EQ(desk.changelog.changecount, 0);
+  EXPECT_EQ(context.changelog.changecount, 0);
   EXPECT_EQ(store.toolradius[0], 0.25F);
 }
 
@@ -437,13 +437,13 @@ struct SpiralUndo : Spiral {
     start(0, -5);
     const std::vector<PathRow> after = rows();
     ASSERT_NE(after, before);
-    Undo_Last_Change(desk);
+    Undo_Last_Change(context);
     EXPECT_EQ(rows(), before);
-    EXPECT_FALSE(desk.changelog.canUndo());
-    RedoLastChange(desk);
+    EXPECT_FALSE(context.changelog.canUndo());
+    RedoLastChange(context);
     EXPECT_EQ(rows(), after);
-    EXPECT_FALSE(desk.changelog.canRedo());
-    Undo_Last_Change(desk);
+    EXPECT_FALSE(context.changelog.canRedo());
+    Undo_Last_Change(context);
     EXPECT_EQ(rows(), before);
   }
 };
@@ -491,10 +491,10 @@ TEST_F(Spiral, AFailureMidwayLeavesNoRowAndTheToolAsItWas) {
   addPocket(kSquare);
   while (store.NumPathSegments < 32760) addPathLine(7, 7, 8, 8, 100);
   const std::vector<PathRow> before = rows();
-  const Int16 records = desk.changelog.changecount;
+  const Int16 records = context.changelog.changecount;
   EXPECT_EQ(numberOfFailure([&] { parallelSpiralPocket(cam, 1); }), FailureNumber::Overflow);
   EXPECT_EQ(rows(), before);
-  EXPECT_EQ(desk.changelog.changecount, records);
+  EXPECT_EQ(context.changelog.changecount, records);
   EXPECT_EQ(store.toolradius[0], 0.25F);
   EXPECT_EQ(pointer.MousePointer(), kDefaultShape);
 }
@@ -516,12 +516,13 @@ TEST_F(Spiral, InAFullLogOlderStepsGiveWay) {
   addPocket(kSquare);
   clsSegment record;
   record.SetSegment({}, "A", /*start=*/true);
-  while (desk.changelog.changecount < 32760) desk.changelog.logRecord(record, /*cutRedo=*/true);
+  while (context.changelog.changecount < 32760)
+    context.changelog.logRecord(record, /*cutRedo=*/true);
   parallelSpiralPocket(cam, 1);
   EXPECT_GT(store.NumPathSegments, 7);
-  EXPECT_EQ(desk.changelog.changecount, 32767);
-  EXPECT_EQ(desk.changelog.lastStepSize(), store.NumPathSegments);
-  Undo_Last_Change(desk);
+  EXPECT_EQ(context.changelog.changecount, 32767);
+  EXPECT_EQ(context.changelog.lastStepSize(), store.NumPathSegments);
+  Undo_Last_Change(context);
   EXPECT_EQ(store.NumPathSegments, 0);
 }
 
@@ -808,7 +809,7 @@ TEST_F(CleanUp, APassThatMeetsAVerifiedRowGoesWhole) {
   addPathLine(3, 2, 4, 2, 100);
   dropCrossingPass(cam.changes, 2);
   EXPECT_EQ(pathTexts(store), (Texts{"1 (1, 1)-(1, -1) @100 z 0"}));
-  EXPECT_EQ(desk.changelog.changecount, 0);
+  EXPECT_EQ(context.changelog.changecount, 0);
 }
 
 TEST_F(CleanUp, RowsNotVerifiedAreNoWalls) {

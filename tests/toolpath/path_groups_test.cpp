@@ -85,29 +85,29 @@ TEST(PathInsertIndex, WithoutRowsIsTheFirst) {
 TEST(DeletePathGroup, TakesItsRowsAsOneStep) {
   RecordedCam d;
   d.store = storeOf({100, 203, 100, 30203, 260, 160});
-  deletePathGroup(d.desk.changes, 2);
+  deletePathGroup(d.context.changes, 2);
   EXPECT_EQ(codesOf(d.store), (Codes{100, 100, 260}));
   EXPECT_FALSE(d.store.drawingsaved);
-  ASSERT_EQ(d.desk.changelog.changecount, 3);
+  ASSERT_EQ(d.context.changelog.changecount, 3);
   const Codes logged = {160, 30203, 203};
   for (int record = 0; record < 3; ++record) {
-    const clsSegment& taken = d.desk.changelog.record(record);
+    const clsSegment& taken = d.context.changelog.record(record);
     EXPECT_EQ(taken.SegAttr, logged[static_cast<std::size_t>(record)]);
     EXPECT_EQ(taken.AddOrDelete, "D");
     EXPECT_EQ(taken.StartOfSegment, record == 0);
   }
-  Undo_Last_Change(d.desk);
+  Undo_Last_Change(d.context);
   EXPECT_EQ(codesOf(d.store), (Codes{100, 203, 100, 30203, 260, 160}));
-  RedoLastChange(d.desk);
+  RedoLastChange(d.context);
   EXPECT_EQ(codesOf(d.store), (Codes{100, 100, 260}));
 }
 
 TEST(DeletePathGroup, OfAGroupThatIsNotThereChangesNothing) {
   RecordedCam d;
   d.store = storeOf({100, 100});
-  deletePathGroup(d.desk.changes, 5);
+  deletePathGroup(d.context.changes, 5);
   EXPECT_EQ(codesOf(d.store), (Codes{100, 100}));
-  EXPECT_EQ(d.desk.changelog.changecount, 0);
+  EXPECT_EQ(d.context.changelog.changecount, 0);
   EXPECT_TRUE(d.store.drawingsaved);
 }
 
@@ -116,11 +116,12 @@ TEST(DeletePathGroup, InAFullLogOlderStepsGiveWay) {
   d.store = storeOf({100, 100, 100});
   clsSegment other;
   other.StartOfSegment = true;
-  for (int count = 0; count < 32765; ++count) d.desk.changelog.logRecord(other, /*cutRedo=*/true);
-  deletePathGroup(d.desk.changes, 1);
+  for (int count = 0; count < 32765; ++count)
+    d.context.changelog.logRecord(other, /*cutRedo=*/true);
+  deletePathGroup(d.context.changes, 1);
   EXPECT_EQ(codesOf(d.store), Codes{});
-  EXPECT_EQ(d.desk.changelog.changecount, 32767);
-  Undo_Last_Change(d.desk);
+  EXPECT_EQ(d.context.changelog.changecount, 32767);
+  Undo_Last_Change(d.context);
   EXPECT_EQ(codesOf(d.store), (Codes{100, 100, 100}));
 }
 

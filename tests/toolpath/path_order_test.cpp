@@ -21,8 +21,8 @@ using testing::RecordedCam;
 using Numbers = std::vector<int>;
 
 // Rows of one length, told apart by their depth, which is their number.
-struct OrderDesk : RecordedCam {
-  explicit OrderDesk(const Numbers& codes) {
+struct OrderContext : RecordedCam {
+  explicit OrderContext(const Numbers& codes) {
     for (const int code : codes) {
       const auto at = static_cast<float>(store.NumPathSegments + 1);
       addPathSegment(store, {.type = kLine, .x0 = at, .x1 = at + 1, .z = at, .code = code});
@@ -52,7 +52,7 @@ Numbers visibleRows(const DrawingStore& store) {
 }
 
 TEST(PathOrder, ReadsGroupsCutOff) {
-  OrderDesk d({152, 30152, 200});
+  OrderContext d({152, 30152, 200});
   const PathOrder order(d.store);
   EXPECT_EQ(order.group(1), 1);
   EXPECT_EQ(order.group(2), 1);
@@ -77,7 +77,7 @@ TEST(PathOrder, ExchangesTheFirstRunsOfTwoGroups) {
       {{100, 200}, 7, 8, {1, 2}},
   };
   for (const Case& row : cases) {
-    OrderDesk d(row.codes);
+    OrderContext d(row.codes);
     PathOrder order(d.store);
     order.exchangeGroups(row.a, row.b);
     EXPECT_EQ(numbersOf(order), row.numbers) << row.a << " and " << row.b;
@@ -85,7 +85,7 @@ TEST(PathOrder, ExchangesTheFirstRunsOfTwoGroups) {
 }
 
 TEST(PathOrder, OfAPlaceThatIsNotThereFails) {
-  OrderDesk d({100});
+  OrderContext d({100});
   PathOrder order(d.store);
   EXPECT_THROW(order.row(0), RuntimeFailure);
   EXPECT_THROW(order.row(2), RuntimeFailure);
@@ -93,14 +93,14 @@ TEST(PathOrder, OfAPlaceThatIsNotThereFails) {
 }
 
 TEST(PathOrder, NamesAGroupWithoutOne) {
-  OrderDesk d({100, 20000, -500});
+  OrderContext d({100, 20000, -500});
   d.store.pathgroupname[1] = "Outside";
   PathOrder order(d.store);
   EXPECT_EQ(order.nameOf(1), "Outside");
   EXPECT_EQ(order.nameOf(200), "Group 200");
   EXPECT_EQ(order.nameOf(-5), "Group -5");
   EXPECT_EQ(d.store.pathgroupname.upperBound(), kStartUpperBound);
-  expectNoStep(d, [&] { EXPECT_TRUE(order.keep(d.desk)); });
+  expectNoStep(d, [&] { EXPECT_TRUE(order.keep(d.context)); });
   EXPECT_EQ(d.store.pathgroupname.upperBound(), 210);
   EXPECT_EQ(d.store.pathgroupname[200], "Group 200");
 }
@@ -164,32 +164,32 @@ TEST(PathOrder, MeasuresTheWaysBetweenTheRows) {
 // ---- Keeping it
 
 TEST(KeptPathOrder, IsOneStepOfTheFewestRows) {
-  OrderDesk d({100, 100, 200, 200, 200});
+  OrderContext d({100, 100, 200, 200, 200});
   PathOrder order(d.store);
   order.exchangeGroups(1, 2);
-  expectOneStep(d, [&] { EXPECT_TRUE(order.keep(d.desk)); });
+  expectOneStep(d, [&] { EXPECT_TRUE(order.keep(d.context)); });
   EXPECT_EQ(numbersOf(d.store), (Numbers{3, 4, 5, 1, 2}));
-  EXPECT_EQ(d.desk.changelog.changecount, 4) << "two rows have gone and come back";
+  EXPECT_EQ(d.context.changelog.changecount, 4) << "two rows have gone and come back";
 }
 
 TEST(KeptPathOrder, OfAnyOrderIsUndoneAndRedone) {
   std::mt19937 random(20);
   for (int round = 0; round < 50; ++round) {
-    OrderDesk d(Numbers(static_cast<std::size_t>(12), 100));
+    OrderContext d(Numbers(static_cast<std::size_t>(12), 100));
     PathOrder order(d.store);
     for (int place = 1; place <= 1 + round % 11; ++place) {
       order.exchangeRows(place, place + 1 + static_cast<int>(random() % (12U - place)));
     }
     const Numbers wanted = numbersOf(order);
-    expectOneStep(d, [&] { EXPECT_TRUE(order.keep(d.desk)); });
+    expectOneStep(d, [&] { EXPECT_TRUE(order.keep(d.context)); });
     EXPECT_EQ(numbersOf(d.store), wanted);
   }
 }
 
 TEST(KeptPathOrder, LeavesVisibilityWithTheNumberAndTheLastPlacedGroup) {
-  OrderDesk d({100, 200, 300});
+  OrderContext d({100, 200, 300});
   {
-    Change change(d.desk.changes);
+    Change change(d.context.changes);
     change.paths.show(1, false);
     change.keep();
   }
@@ -197,7 +197,7 @@ TEST(KeptPathOrder, LeavesVisibilityWithTheNumberAndTheLastPlacedGroup) {
   d.store.currentpathgroup = 9;
   PathOrder order(d.store);
   order.exchangeRows(1, 3);
-  EXPECT_TRUE(order.keep(d.desk));
+  EXPECT_TRUE(order.keep(d.context));
   EXPECT_EQ(numbersOf(d.store), (Numbers{3, 2, 1}));
   EXPECT_EQ(visibleRows(d.store), (Numbers{2, 3}));
   EXPECT_EQ(d.store.lastplacedgroup, 3);
@@ -205,21 +205,21 @@ TEST(KeptPathOrder, LeavesVisibilityWithTheNumberAndTheLastPlacedGroup) {
 }
 
 TEST(KeptPathOrder, ThatIsTheOldOneIsNoStep) {
-  OrderDesk d({100, 200});
+  OrderContext d({100, 200});
   PathOrder order(d.store);
   order.exchangeRows(1, 2);
   order.exchangeRows(1, 2);
-  expectNoStep(d, [&] { EXPECT_TRUE(order.keep(d.desk)); });
+  expectNoStep(d, [&] { EXPECT_TRUE(order.keep(d.context)); });
 }
 
 TEST(KeptPathOrder, OfRowsThatHaveChangedMeanwhileFails) {
-  OrderDesk d({100, 200});
+  OrderContext d({100, 200});
   PathOrder order(d.store);
   order.exchangeRows(1, 2);
   d.addPathLine(0, 0, 1, 1);
   d.store.drawingsaved = true;
   expectNoStep(d, [&] {
-    const RuntimeFailure failure = testing::failureOf([&] { order.keep(d.desk); });
+    const RuntimeFailure failure = testing::failureOf([&] { order.keep(d.context); });
     EXPECT_EQ(failure.description(), "The path rows have changed since their order was copied.");
   });
   EXPECT_EQ(numbersOf(d.store), (Numbers{1, 2, 0}));
@@ -227,14 +227,14 @@ TEST(KeptPathOrder, OfRowsThatHaveChangedMeanwhileFails) {
 
 // 30000 rows in reverse are more records than the log holds.
 TEST(KeptPathOrder, OfMoreRowsThanTheLogHoldsIsPutToTheOperator) {
-  OrderDesk d(Numbers(static_cast<std::size_t>(30000), 100));
+  OrderContext d(Numbers(static_cast<std::size_t>(30000), 100));
   PathOrder order(d.store);
   for (int place = 1; place <= 15000; ++place) order.exchangeRows(place, 30001 - place);
   d.test.recording.prompts.answers = {Answer::Cancel, Answer::Ok};
-  expectNoStep(d, [&] { EXPECT_FALSE(order.keep(d.desk)); });
+  expectNoStep(d, [&] { EXPECT_FALSE(order.keep(d.context)); });
   ASSERT_EQ(d.messages().size(), 1U);
   EXPECT_EQ(d.messages()[0].text.substr(0, 39), "This change takes 59998 records, and th");
-  EXPECT_TRUE(order.keep(d.desk));
+  EXPECT_TRUE(order.keep(d.context));
   EXPECT_EQ(d.store.psz[1], 30000);
   EXPECT_FALSE(d.store.drawingsaved);
 }
@@ -242,10 +242,10 @@ TEST(KeptPathOrder, OfMoreRowsThanTheLogHoldsIsPutToTheOperator) {
 TEST(KeptPathOrder, OfTwoHalvesOfALargeTableIsUndone) {
   Numbers codes(static_cast<std::size_t>(15000), 100);
   codes.resize(30000, 200);
-  OrderDesk d(codes);
+  OrderContext d(codes);
   PathOrder order(d.store);
   order.exchangeGroups(1, 2);
-  expectOneStep(d, [&] { EXPECT_TRUE(order.keep(d.desk)); });
+  expectOneStep(d, [&] { EXPECT_TRUE(order.keep(d.context)); });
   EXPECT_EQ(d.store.psz[1], 15001);
   EXPECT_TRUE(d.messages().empty());
 }

@@ -40,15 +40,15 @@ PathRow rowAt(float x, float z, int code = 100) {
 // A log in which the step before is somebody else's.
 void logForeignStep(RecordedCam& d) {
   d.addLine(0, 0, 1, 1);
-  logSegment(d.desk.changelog, d.store, d.store.NumSegments, "A", /*start=*/true);
+  logSegment(d.context.changelog, d.store, d.store.NumSegments, "A", /*start=*/true);
 }
 
 // Undo gives back the rows before the last step, redo those after it.
 void expectTakenBack(RecordedCam& d, const Texts& before) {
   const Texts after = pathTexts(d.store);
-  Undo_Last_Change(d.desk);
+  Undo_Last_Change(d.context);
   EXPECT_EQ(pathTexts(d.store), before);
-  RedoLastChange(d.desk);
+  RedoLastChange(d.context);
   EXPECT_EQ(pathTexts(d.store), after);
 }
 
@@ -76,8 +76,8 @@ TEST(ReplicatePathAtZ, CopiesEveryRowOfTheLastPassAndNothingBeforeIt) {
   EXPECT_EQ(pathTexts(d.store), expected);
   EXPECT_FALSE(d.store.drawingsaved);
   EXPECT_EQ(d.store.lastplacedgroup, 1);
-  EXPECT_TRUE(d.desk.changelog.record(1).StartOfSegment);
-  EXPECT_FALSE(d.desk.changelog.record(2).StartOfSegment);
+  EXPECT_TRUE(d.context.changelog.record(1).StartOfSegment);
+  EXPECT_FALSE(d.context.changelog.record(2).StartOfSegment);
   expectTakenBack(d, before);
 }
 
@@ -104,7 +104,7 @@ TEST(ReplicatePathAtZ, OfNoRowsChangesNothing) {
   replicatePathAtZ(d.cam, -1, 8);
   EXPECT_EQ(d.store.NumPathSegments, 0);
   EXPECT_TRUE(d.store.drawingsaved);
-  EXPECT_EQ(d.desk.changelog.changecount, 0);
+  EXPECT_EQ(d.context.changelog.changecount, 0);
 }
 
 struct LevelCase {
@@ -185,9 +185,9 @@ TEST(ReplicateLevels, AreOneStepEach) {
   addPathSegment(d.store, rowAt(1, -0.25F));
   replicateLevels(d.cam, -0.25F, -0.75F, /*rowsBefore=*/0);
   ASSERT_EQ(d.store.NumPathSegments, 6);
-  Undo_Last_Change(d.desk);
+  Undo_Last_Change(d.context);
   EXPECT_EQ(d.store.NumPathSegments, 4);
-  Undo_Last_Change(d.desk);
+  Undo_Last_Change(d.context);
   EXPECT_EQ(pathTexts(d.store),
             (Texts{"1 (0, 0)-(1, 0) @100 z -0.25 f 20", "1 (1, 0)-(2, 0) @100 z -0.25 f 20"}));
 }
@@ -241,9 +241,9 @@ TEST(ConnectPathSegs, BelongToTheStepOfTheRowsBeforeThem) {
   RecordedCam d;
   logForeignStep(d);
   addPathSegment(d.store, rowAt(0, -0.5F));
-  logPathSegment(d.desk.changelog, d.store, 1, "A", /*start=*/true);
+  logPathSegment(d.context.changelog, d.store, 1, "A", /*start=*/true);
   addPathSegment(d.store, rowAt(3, -0.5F));
-  logPathSegment(d.desk.changelog, d.store, 2, "A", /*start=*/false);
+  logPathSegment(d.context.changelog, d.store, 2, "A", /*start=*/false);
   connectPathSegs(d.cam, 1, 2);
   ASSERT_EQ(d.store.NumPathSegments, 3);
   expectTakenBack(d, {});
@@ -277,11 +277,11 @@ TEST(ConnectPathSegs, InATableWithoutRoomInsertsNoneOfThem) {
   EXPECT_EQ(numberOfFailure([&] { connectPathSegs(d.cam, 32763, 32766); }),
             FailureNumber::Overflow);
   EXPECT_EQ(d.store.NumPathSegments, 32766);
-  EXPECT_EQ(d.desk.changelog.changecount, 0);
+  EXPECT_EQ(d.context.changelog.changecount, 0);
 }
 
 // As the rules are told: link by link, each with a look at all rows.
-int plainConnect(CamDesk& cam, int first, int last) {
+int plainConnect(CamContext& cam, int first, int last) {
   DrawingStore& store = cam.store;
   for (int ps = first; ps < last; ++ps) {
     const Point from = pathEntity(store, ps).end;
@@ -321,7 +321,7 @@ Entity gridEntity() {
 void empty(RecordedCam& d) {
   d.store.NumSegments = 0;
   d.store.NumPathSegments = 0;
-  d.desk.changelog.clear();
+  d.context.changelog.clear();
 }
 
 void addRandomRows(RecordedCam& a, RecordedCam& b, int rows) {
@@ -347,9 +347,9 @@ TEST(ConnectPathSegs, EqualsLinkByLink) {
     const int first = *rc::gen::inRange(1, 4);
     RC_ASSERT(connectPathSegs(a.cam, first, rows) == plainConnect(b.cam, first, rows));
     RC_ASSERT(pathTexts(a.store) == pathTexts(b.store));
-    RC_ASSERT(a.desk.changelog.changecount == b.desk.changelog.changecount);
-    for (int record = 0; record < a.desk.changelog.changecount; ++record) {
-      RC_ASSERT(a.desk.changelog.record(record).row == b.desk.changelog.record(record).row);
+    RC_ASSERT(a.context.changelog.changecount == b.context.changelog.changecount);
+    for (int record = 0; record < a.context.changelog.changecount; ++record) {
+      RC_ASSERT(a.context.changelog.record(record).row == b.context.changelog.record(record).row);
     }
   }));
 }
@@ -366,10 +366,10 @@ TEST(ReversePathSegment, ExchangesTheEndsOfALine) {
   reversePathSegment(d.cam, 1);
   EXPECT_EQ(pathTexts(d.store), (Texts{"1 (1, 2)-(0, 0) @203 z 0", "1 (1, 2)-(3, 4) @203 z 0"}));
   EXPECT_FALSE(d.store.drawingsaved);
-  EXPECT_EQ(d.desk.changelog.record(1).AddOrDelete, "D");
-  EXPECT_TRUE(d.desk.changelog.record(1).StartOfSegment);
-  EXPECT_EQ(d.desk.changelog.record(2).AddOrDelete, "A");
-  EXPECT_FALSE(d.desk.changelog.record(2).StartOfSegment);
+  EXPECT_EQ(d.context.changelog.record(1).AddOrDelete, "D");
+  EXPECT_TRUE(d.context.changelog.record(1).StartOfSegment);
+  EXPECT_EQ(d.context.changelog.record(2).AddOrDelete, "A");
+  EXPECT_FALSE(d.context.changelog.record(2).StartOfSegment);
   expectTakenBack(d, before);
 }
 
@@ -382,8 +382,8 @@ TEST(ReversePathSegment, TurnsAnArcsSenseToo) {
   reversePathSegment(d.cam, 2);
   EXPECT_EQ(pathTexts(d.store),
             (Texts{"3 (1, 0)-(0, 1) c (0, 0) @100 z 0", "2 (0, 1)-(1, 0) c (0, 0) @100 z 0"}));
-  Undo_Last_Change(d.desk);
-  Undo_Last_Change(d.desk);
+  Undo_Last_Change(d.context);
+  Undo_Last_Change(d.context);
   EXPECT_EQ(pathTexts(d.store), before);
 }
 
@@ -394,7 +394,7 @@ TEST(ReversePathSegment, LeavesOtherRowsAlone) {
   const Texts before = pathTexts(d.store);
   for (const int ps : {-1, 0, 1, 2, 3}) reversePathSegment(d.cam, ps);
   EXPECT_EQ(pathTexts(d.store), before);
-  EXPECT_EQ(d.desk.changelog.changecount, 0);
+  EXPECT_EQ(d.context.changelog.changecount, 0);
 }
 
 TEST(ReversePath, ReversesTheRowNearTheClickAlone) {
@@ -414,25 +414,25 @@ TEST(ReversePath, ReversesTheRowNearTheClickAlone) {
 
 TEST(ReversePath, WithoutPathsCancelsWhatIsArmed) {
   RecordedCam d;
-  mnuEditBreakSeg_Click(d.desk);
+  mnuEditBreakSeg_Click(d.context);
   ASSERT_EQ(d.pending(), 9);
   mnuRevPathDir_Click(d.cam);
   EXPECT_EQ(d.pending(), 0);
-  EXPECT_EQ(d.desk.command.LastCommand, 9);
+  EXPECT_EQ(d.context.command.LastCommand, 9);
 }
 
 TEST(ReversePath, SetsActionModeAndTheRepeatKeysMemoryAndDropsAHalfDoneCommand) {
   RecordedCam d;
   addPath(d.store, line(0, 0, 2, 0));
-  mnuDrawCircle3P_Click(d.desk);
+  mnuDrawCircle3P_Click(d.context);
   d.click(2, 2);
-  ASSERT_EQ(d.desk.command.clickstage, 1);
+  ASSERT_EQ(d.context.command.clickstage, 1);
   mnuRevPathDir_Click(d.cam);
   EXPECT_EQ(d.pending(), 42);
   EXPECT_EQ(d.mode(), 0);
-  EXPECT_EQ(d.desk.command.LastCommand, 42);
-  EXPECT_EQ(d.desk.command.clickstage, 0);
-  EXPECT_FALSE(d.desk.command.secondCrossShown);
+  EXPECT_EQ(d.context.command.LastCommand, 42);
+  EXPECT_EQ(d.context.command.clickstage, 0);
+  EXPECT_FALSE(d.context.command.secondCrossShown);
 }
 
 TEST(ReversePath, WithoutAVisibleRowDoesNothing) {
@@ -441,7 +441,7 @@ TEST(ReversePath, WithoutAVisibleRowDoesNothing) {
   mnuRevPathDir_Click(d.cam);
   d.click(1, 0.5F);
   EXPECT_EQ(pathTexts(d.store), Texts{"1 (0, 0)-(2, 0) @100 z 0"});
-  EXPECT_EQ(d.desk.changelog.changecount, 0);
+  EXPECT_EQ(d.context.changelog.changecount, 0);
 }
 
 // ---- Placing one element
@@ -456,7 +456,7 @@ TEST(PlaceOnePathSegment, RoundsTheDrawingAndAsksForTheStart) {
   EXPECT_EQ(d.pending(), 20);
   EXPECT_EQ(d.prompt(), "Click near start point.");
   EXPECT_EQ(d.mode(), 0);
-  EXPECT_EQ(d.desk.command.LastCommand, 20);
+  EXPECT_EQ(d.context.command.LastCommand, 20);
   EXPECT_EQ(d.store.NumPathSegments, 0);
 }
 
@@ -475,7 +475,7 @@ struct PlaceOne : RecordedCam, ::testing::Test {
       form.control("cmdOK")->press();
     };
     mnuCAMPlaceFinishPath_Click(cam);
-    Handle_esc(desk);
+    Handle_esc(context);
   }
   void placeOne() {
     mnuCAMPlace1PathSeg_Click(cam);
@@ -539,9 +539,9 @@ TEST_F(PlaceOne, AFinishPathBeforeAGroupIsTakenBackByItsOwn) {
                                      "1 (1.75, 0.25)-(1.75, 2) @300 z -0.5 f 10", before[1]}));
   mnuCAMUndoLastPlace_Click(cam);
   EXPECT_EQ(pathTexts(store), before);
-  Undo_Last_Change(desk);
+  Undo_Last_Change(context);
   EXPECT_EQ(store.NumPathSegments, 4);
-  Undo_Last_Change(desk);
+  Undo_Last_Change(context);
   EXPECT_EQ(pathTexts(store), before);
 }
 
@@ -555,17 +555,17 @@ TEST(UndoLastPlace, TakesTheLastGroupAndThenTheRunAtTheEnd) {
   EXPECT_EQ(d.store.NumPathSegments, 4);
   EXPECT_EQ(d.store.lastplacedgroup, 0);
   EXPECT_EQ(d.store.showpaths, 1);
-  EXPECT_EQ(d.desk.changelog.UndoMark, -1);
+  EXPECT_EQ(d.context.changelog.UndoMark, -1);
   EXPECT_TRUE(d.tools.isEnabled("miUndo"));
   EXPECT_FALSE(d.store.drawingsaved);
   EXPECT_EQ(d.test.listener.take(), Texts{"Update_menu_checks"});
   mnuCAMUndoLastPlace_Click(d.cam);  // the run of equal code, not the group
   EXPECT_EQ(pathTexts(d.store), Texts(all.begin(), all.begin() + 2));
-  EXPECT_TRUE(d.desk.changelog.record(1).StartOfSegment);
-  EXPECT_FALSE(d.desk.changelog.record(2).StartOfSegment);
+  EXPECT_TRUE(d.context.changelog.record(1).StartOfSegment);
+  EXPECT_FALSE(d.context.changelog.record(2).StartOfSegment);
   expectTakenBack(d, Texts(all.begin(), all.begin() + 4));
-  Undo_Last_Change(d.desk);
-  Undo_Last_Change(d.desk);
+  Undo_Last_Change(d.context);
+  Undo_Last_Change(d.context);
   EXPECT_EQ(pathTexts(d.store), all);
 }
 
@@ -629,7 +629,7 @@ TEST(UndoLastPlace, WithoutPathsDoesNothing) {
   mnuCAMUndoLastPlace_Click(d.cam);
   EXPECT_EQ(d.store.showpaths, 0);
   EXPECT_EQ(d.store.lastplacedgroup, 0);
-  EXPECT_EQ(d.desk.changelog.changecount, 0);
+  EXPECT_EQ(d.context.changelog.changecount, 0);
   EXPECT_TRUE(d.store.drawingsaved);
 }
 
@@ -644,7 +644,7 @@ TEST(ClearAllPaths, AsksAndLogsNothing) {
     EXPECT_EQ(d.store.pathgroupname[group], "") << group;
   }
   EXPECT_TRUE(d.messages().empty());
-  EXPECT_EQ(d.desk.changelog.changecount, 0);
+  EXPECT_EQ(d.context.changelog.changecount, 0);
   EXPECT_FALSE(d.store.drawingsaved);
 }
 

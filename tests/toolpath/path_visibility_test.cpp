@@ -31,7 +31,7 @@ TEST(PathVisibility, TakesAllRowsWhileNoneIsSelected) {
   miVisible_Click(d.cam);
   EXPECT_EQ(visibility(d.store), (std::vector<bool>{true, true, true}));
   EXPECT_TRUE(d.store.drawingsaved);
-  EXPECT_EQ(d.desk.changelog.changecount, 0);
+  EXPECT_EQ(d.context.changelog.changecount, 0);
 }
 
 TEST(PathVisibility, TakesTheSelectedRowsAlone) {

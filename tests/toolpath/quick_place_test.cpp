@@ -61,7 +61,7 @@ TEST(QuickPlace, OfARowWithAPathOnItAddsNothing) {
   d.store.cfg_z_cut_per_pass = 0.25F;
   quickPlacePaths(d.cam);
   EXPECT_EQ(d.store.NumPathSegments, 2);
-  EXPECT_EQ(d.desk.changelog.changecount, 0);
+  EXPECT_EQ(d.context.changelog.changecount, 0);
 }
 
 TEST(QuickPlace, TakesPlainlySelectedRowsAlone) {
@@ -87,9 +87,9 @@ TEST(QuickPlace, PutsAllChainsIntoOneGroup) {
   EXPECT_EQ(pathTexts(d.store),
             joined(before, {"1 (0, 0)-(1, 0) @402 z -0.5 f 10", "1 (1, 0)-(2, 1) @402 z -0.5 f 10",
                             "2 (3, 1)-(4, 0) c (3, 0) @402 z -0.5 f 10"}));
-  Undo_Last_Change(d.desk);
+  Undo_Last_Change(d.context);
   EXPECT_EQ(pathTexts(d.store), before);
-  RedoLastChange(d.desk);
+  RedoLastChange(d.context);
   EXPECT_EQ(d.store.NumPathSegments, 4);
 }
 
@@ -104,10 +104,10 @@ TEST(QuickPlace, GoesDownInLevels) {
   expected = joined(joined(expected, squareAt("-0.625", "20")), squareAt("-0.75", "10"));
   EXPECT_EQ(pathTexts(d.store), expected);
   for (const int rows : {12, 8, 4, 0}) {  // each level is a step
-    Undo_Last_Change(d.desk);
+    Undo_Last_Change(d.context);
     EXPECT_EQ(d.store.NumPathSegments, rows);
   }
-  for (int step = 0; step < 4; ++step) RedoLastChange(d.desk);
+  for (int step = 0; step < 4; ++step) RedoLastChange(d.context);
   EXPECT_EQ(pathTexts(d.store), expected);
 }
 
@@ -155,8 +155,8 @@ TEST(QuickPlace, InsertsBeforeAGroupAndIsTakenBackByItsOwn) {
                                        "1 (3, 0)-(4, 0) @300 z -0.5 f 10", before[1]}));
   mnuCAMUndoLastPlace_Click(d.cam);
   EXPECT_EQ(pathTexts(d.store), before);
-  Undo_Last_Change(d.desk);
-  Undo_Last_Change(d.desk);
+  Undo_Last_Change(d.context);
+  Undo_Last_Change(d.context);
   EXPECT_EQ(pathTexts(d.store), before);
 }
 
@@ -186,9 +186,9 @@ TEST(QuickPlace, BehindAGroupPutsTheLaterChainFirst) {
   EXPECT_EQ(pathTexts(d.store),
             (Texts{"1 (5, 5)-(6, 5) @100 z 0", "1 (3, 0)-(4, 0) @300 z -0.5 f 10",
                    "1 (0, 0)-(1, 0) @300 z -0.5 f 10", "1 (6, 5)-(7, 5) @200 z 0"}));
-  Undo_Last_Change(d.desk);
+  Undo_Last_Change(d.context);
   EXPECT_EQ(pathTexts(d.store), (Texts{"1 (5, 5)-(6, 5) @100 z 0", "1 (6, 5)-(7, 5) @200 z 0"}));
-  RedoLastChange(d.desk);
+  RedoLastChange(d.context);
   EXPECT_EQ(d.store.psx0[2], 3);
 }
 

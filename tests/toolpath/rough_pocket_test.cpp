@@ -480,7 +480,7 @@ TEST(RoughCutPocket, ATableThatOverflowsLeavesTheDrawingWhole) {
   EXPECT_EQ(c.store.NumSegments, 32760);
   for (int sg = 1; sg <= 8; ++sg) EXPECT_EQ(c.store.segattr[sg], kVerifiedRow);
   EXPECT_EQ(c.store.NumPathSegments, 0);
-  EXPECT_EQ(c.desk.changelog.changecount, 0);
+  EXPECT_EQ(c.context.changelog.changecount, 0);
 }
 
 TEST(RoughCutPocket, TooManyCrossingsLeaveTheDrawingWhole) {
@@ -508,7 +508,7 @@ TEST(RoughCutPocket, AFullPathTableLeavesNothingPlaced) {
   EXPECT_EQ(c.store.currentpathgroup, 1);
   EXPECT_EQ(c.store.lastplacedgroup, 1);
   EXPECT_TRUE(c.store.drawingsaved);
-  EXPECT_FALSE(c.desk.changelog.canUndo());
+  EXPECT_FALSE(c.context.changelog.canUndo());
 }
 
 // The first levels fit; the one that does not takes them all with it.
@@ -520,7 +520,7 @@ TEST(RoughCutPocket, APathTableThatFillsAtALowerLevelLeavesNothingPlaced) {
   EXPECT_EQ(testing::numberOfFailure([&] { mnuCAMRoughCutPocket_Click(c.cam); }),
             FailureNumber::Overflow);
   EXPECT_EQ(c.store.NumPathSegments, 32760);
-  EXPECT_FALSE(c.desk.changelog.canUndo());
+  EXPECT_FALSE(c.context.changelog.canUndo());
 }
 
 // More records than the log holds, in steps that all fit: the oldest give way.
@@ -532,16 +532,16 @@ TEST(RoughCutPocket, TwelveInARowAreTwelveStepsOfUndo) {
   for (int number = 1; number <= 12; ++number) {
     mnuCAMRoughCutPocket_Click(c.cam);
     EXPECT_GT(c.store.NumPathSegments, 4900) << number;
-    EXPECT_EQ(c.desk.changelog.lastStepSize(), c.store.NumPathSegments) << number;
+    EXPECT_EQ(c.context.changelog.lastStepSize(), c.store.NumPathSegments) << number;
     EXPECT_TRUE(isConsistent(c.store));
     if (number < 12) mnuClearAllPaths_Click(c.cam);
   }
   EXPECT_TRUE(c.messages().empty());
-  EXPECT_EQ(c.desk.changelog.changecount, 6 * c.store.NumPathSegments);
-  Undo_Last_Change(c.desk);
+  EXPECT_EQ(c.context.changelog.changecount, 6 * c.store.NumPathSegments);
+  Undo_Last_Change(c.context);
   EXPECT_EQ(c.store.NumPathSegments, 0);
-  RedoLastChange(c.desk);
-  EXPECT_EQ(c.store.NumPathSegments, c.desk.changelog.lastStepSize());
+  RedoLastChange(c.context);
+  EXPECT_EQ(c.store.NumPathSegments, c.context.changelog.lastStepSize());
 }
 
 // ---- The change log
@@ -555,10 +555,10 @@ TEST(RoughCutPocket, OneLevelWithItsLinksIsOneStep) {
   mnuCAMRoughCutPocket_Click(c.cam);
   const Texts after = pathTexts(c.store);
   ASSERT_EQ(after.size(), 6U) << "three cuts and two links behind the row that was there";
-  Undo_Last_Change(c.desk);
+  Undo_Last_Change(c.context);
   EXPECT_EQ(pathTexts(c.store), before);
-  EXPECT_FALSE(c.desk.changelog.canUndo());
-  RedoLastChange(c.desk);
+  EXPECT_FALSE(c.context.changelog.canUndo());
+  RedoLastChange(c.context);
   EXPECT_EQ(pathTexts(c.store), after);
 }
 
@@ -576,13 +576,13 @@ TEST(RoughCutPocket, LevelsWithLinksComeBackStepByStep) {
   const Texts after = pathTexts(c.store);
   EXPECT_EQ(after.size(), 15U) << "three cuts on each of three levels, and five links";
   int steps = 0;
-  while (c.desk.changelog.canUndo()) {
-    Undo_Last_Change(c.desk);
+  while (c.context.changelog.canUndo()) {
+    Undo_Last_Change(c.context);
     ++steps;
   }
   EXPECT_EQ(steps, 3);
   EXPECT_EQ(pathTexts(c.store), before);
-  while (c.desk.changelog.canRedo()) RedoLastChange(c.desk);
+  while (c.context.changelog.canRedo()) RedoLastChange(c.context);
   EXPECT_EQ(pathTexts(c.store), after);
 }
 
@@ -595,11 +595,11 @@ TEST(RoughCutPocket, EachLevelIsAStepOfItsOwn) {
   const Texts after = pathTexts(c.store);
   ASSERT_EQ(after.size(), 6U);
   for (const int rows : {4, 2, 0}) {
-    Undo_Last_Change(c.desk);
+    Undo_Last_Change(c.context);
     EXPECT_EQ(c.store.NumPathSegments, rows);
   }
-  EXPECT_FALSE(c.desk.changelog.canUndo());
-  for (int step = 0; step < 3; ++step) RedoLastChange(c.desk);
+  EXPECT_FALSE(c.context.changelog.canUndo());
+  for (int step = 0; step < 3; ++step) RedoLastChange(c.context);
   EXPECT_EQ(pathTexts(c.store), after);
 }
 

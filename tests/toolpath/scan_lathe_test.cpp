@@ -137,10 +137,10 @@ TEST(ScanPocketLathe, IsOneStepOfTheChangeLog) {
   addWorkingBox(c.store, {0, 0}, {10, 3});
   scanPocketLathe(c.cam, 20);
   const Texts after = testing::pathTexts(c.store);
-  Undo_Last_Change(c.desk);
+  Undo_Last_Change(c.context);
   EXPECT_EQ(c.store.NumPathSegments, 0);
-  EXPECT_FALSE(c.desk.changelog.canUndo());
-  RedoLastChange(c.desk);
+  EXPECT_FALSE(c.context.changelog.canUndo());
+  RedoLastChange(c.context);
   EXPECT_EQ(testing::pathTexts(c.store), after);
 }
 

@@ -212,11 +212,11 @@ TEST(ScanPocket, IsOneStepOfTheChangeLog) {
   setSpacing(c.store, 1);
   scanPocketHorizontal(c.cam, -0.5F, 20);
   const Texts after = testing::pathTexts(c.store);
-  EXPECT_EQ(c.desk.changelog.changecount, 3);
-  Undo_Last_Change(c.desk);
+  EXPECT_EQ(c.context.changelog.changecount, 3);
+  Undo_Last_Change(c.context);
   EXPECT_EQ(testing::pathTexts(c.store), before);
-  EXPECT_FALSE(c.desk.changelog.canUndo());
-  RedoLastChange(c.desk);
+  EXPECT_FALSE(c.context.changelog.canUndo());
+  RedoLastChange(c.context);
   EXPECT_EQ(testing::pathTexts(c.store), after);
 }
 

@@ -57,15 +57,15 @@ bool isConvex(const Loop& loop) {
 }
 
 void judge(Job& job, Tally& tally) {
-  PocketJob desk(job.pocket, job.settings);
-  ASSERT_TRUE(desk.isVerified());
-  job.finishDoubt = finishDoubtOf(job.pocket, desk);
-  ToolPath path = desk.rough();
+  PocketJob context(job.pocket, job.settings);
+  ASSERT_TRUE(context.isVerified());
+  job.finishDoubt = finishDoubtOf(job.pocket, context);
+  ToolPath path = context.rough();
   if (job.roughDoubt.empty()) {
     ++tally.roughs;
     EXPECT_LE(deepestGouge(job.pocket.part, path, job.standOff()).depth, kDeepest);
   }
-  const ToolPath finish = desk.finish();
+  const ToolPath finish = context.finish();
   if (!job.finishDoubt.empty()) return;
   ++tally.finishes;
   EXPECT_LE(deepestGouge(job.pocket.part, finish, job.radius()).depth, kDeepest);
@@ -95,9 +95,9 @@ Job spiralJob(int number, float clearance) {
   job.settings.connects = number % 2 == 0 && isConvex(job.pocket.part.pocket);
   const double room = 0.95 * largestTool(job.pocket.part, job.radius());
   job.settings.firstRing = std::max(room, job.standOff() + 0.01);
-  const PocketJob desk(job.pocket, job.settings);
+  const PocketJob context(job.pocket, job.settings);
   const RingSpan rings{job.settings.firstRing, job.standOff(), job.radius()};
-  job.roughDoubt = spiralDoubt(job.pocket, desk.finishClicks()[0], rings);
+  job.roughDoubt = spiralDoubt(job.pocket, context.finishClicks()[0], rings);
   return job;
 }
 

@@ -29,7 +29,7 @@ struct Sizes {
   friend bool operator==(const Sizes&, const Sizes&) = default;
 };
 
-Sizes verify(CamDesk& cam) {
+Sizes verify(CamContext& cam) {
   const OutlineSize size = verifypocket(cam);
   return {size.width, size.height};
 }
@@ -314,7 +314,7 @@ TEST(VerifyPocket, TheWalkLeavesNoTraceInTheMessage) {
 TEST(VerifyAcceptPocket, KeepsTheMeasureAndDisarms) {
   RecordedCam c;
   addLoop(c, {{0, 0}, {4, 0}, {4, 3}, {0, 3}});
-  c.desk.state.setPendingaction(6);
+  c.context.state.setPendingaction(6);
   mnuCAMVerifyAcceptPocket_Click(c.cam);
   EXPECT_EQ(c.cam.PocketXDim, 4);
   EXPECT_EQ(c.cam.PocketYDim, 3);
@@ -334,7 +334,7 @@ TEST(VerifyAcceptIsland, LeavesThePocketsMeasureAndTheArmedAction) {
   addLoop(c, kSquare);
   mnuCAMVerifyAcceptPocket_Click(c.cam);
   addLoop(c, {{1, 1}, {2, 1}, {1, 2}});
-  c.desk.state.setPendingaction(6);
+  c.context.state.setPendingaction(6);
   mnuCAMVerifyAcceptIsland_Click(c.cam);
   EXPECT_EQ(attributesOf(c.store), Attributes(7, 30108));
   EXPECT_EQ(c.cam.PocketXDim, 4);
@@ -516,8 +516,8 @@ TEST(VerifyPocket, WalksAsTheScanOfTheWholeTableDoes) {
 
 TEST(VerifyPocket, AFullTableVerifies) {
   for (const auto kind : {testing::OutlineKind::Lines, testing::OutlineKind::LinesAndArcs}) {
-    testing::SilentDesk d;
-    CamDesk cam(d.desk);
+    testing::SilentDrafting d;
+    CamContext cam(d.context);
     testing::addOutline(d.store, testing::wavyStar({.rows = 30000, .kind = kind}), kSelectedRow);
     const Sizes sizes = verify(cam);
     EXPECT_TRUE(d.messages().empty());
@@ -528,8 +528,8 @@ TEST(VerifyPocket, AFullTableVerifies) {
 }
 
 TEST(VerifyPocket, APocketAndItsIslandsVerifyOneByOne) {
-  testing::SilentDesk d;
-  CamDesk cam(d.desk);
+  testing::SilentDrafting d;
+  CamContext cam(d.context);
   for (const auto& outline : testing::starWithIslands(1000, testing::OutlineKind::LinesAndArcs)) {
     testing::addOutline(d.store, outline, kSelectedRow);
     verify(cam);
@@ -541,8 +541,8 @@ TEST(VerifyPocket, APocketAndItsIslandsVerifyOneByOne) {
 TEST(VerifyPocket, EveryGeneratedPocketAndItsIslandsVerify) {
   int islands = 0;
   for (int number = 0; number < 300; ++number) {
-    testing::SilentDesk d;
-    CamDesk cam(d.desk);
+    testing::SilentDrafting d;
+    CamContext cam(d.context);
     const testing::TestPocket pocket = testing::pocketOf(number);
     testing::addPocket(d.store, pocket);
     roundall(d.store);

@@ -51,7 +51,7 @@ struct Workpiece : RecordedCam {
     store.NumCycles = 1;
     store.cycletext[0] = "G81";
     store.toolradius[0] = 0.1F;
-    desk.changelog.clear();
+    context.changelog.clear();
   }
 
   void addBox(float low, float high) {
@@ -63,7 +63,7 @@ struct Workpiece : RecordedCam {
     }
   }
   void collectSelectedRows() {
-    for (int sg = 1; sg <= store.NumSegments; ++sg) desk.state.Selected.add(sg);
+    for (int sg = 1; sg <= store.NumSegments; ++sg) context.state.Selected.add(sg);
   }
   // So many path rows stand there already, shown or not.
   void fillPaths(int rows) {
@@ -92,7 +92,7 @@ void rough(Workpiece& d, int style, bool lathe) {
 void placeFinishPath(Workpiece& d) {
   d.cam.PlaceChain = 1;
   d.cam.numFinishPasses = 2;
-  arm(d.desk, PendingAction::FinishStart);
+  arm(d.context, PendingAction::FinishStart);
   d.click(-2, -2);
   d.click(0, -2);
   d.click(0, 0);
@@ -130,7 +130,7 @@ TEST_P(WholeCommand, LeavesNothingWhereverTheTableIsFull) {
     d.store.lastplacedgroup = 5;
     d.store.drawingsaved = true;
     const DrawingStore before = d.store;
-    const auto selected = d.desk.state.Selected.rows();
+    const auto selected = d.context.state.Selected.rows();
     EXPECT_EQ(testing::numberOfFailure([&] { GetParam().run(d); }), FailureNumber::Overflow);
     EXPECT_TRUE(sameTables(d.store, before));
     EXPECT_EQ(d.store.currentpathgroup, 7);
@@ -138,8 +138,8 @@ TEST_P(WholeCommand, LeavesNothingWhereverTheTableIsFull) {
     EXPECT_EQ(d.store.toolradius[0], 0.1F);
     EXPECT_EQ(d.store.cfg_cutting_mode, before.cfg_cutting_mode);
     EXPECT_TRUE(d.store.drawingsaved);
-    EXPECT_EQ(d.desk.state.Selected.rows(), selected);
-    EXPECT_FALSE(d.desk.changelog.canUndo());
+    EXPECT_EQ(d.context.state.Selected.rows(), selected);
+    EXPECT_FALSE(d.context.changelog.canUndo());
     EXPECT_TRUE(isConsistent(d.store));
     EXPECT_EQ(d.pointer.MousePointer(), kDefaultShape);
   }
@@ -148,16 +148,16 @@ TEST_P(WholeCommand, LeavesNothingWhereverTheTableIsFull) {
 TEST_P(WholeCommand, CanBeFollowedThereAndBack) {
   Workpiece d;
   select(d, GetParam());
-  const MirroredTables journal(d.desk.changes);
+  const MirroredTables journal(d.context.changes);
   GetParam().run(d);
   GetParam().run(d);
   EXPECT_TRUE(journal.isExact());
-  while (d.desk.changelog.canUndo()) {
-    Undo_Last_Change(d.desk);
+  while (d.context.changelog.canUndo()) {
+    Undo_Last_Change(d.context);
     ASSERT_TRUE(journal.isExact());
   }
-  while (d.desk.changelog.canRedo()) {
-    RedoLastChange(d.desk);
+  while (d.context.changelog.canRedo()) {
+    RedoLastChange(d.context);
     ASSERT_TRUE(journal.isExact());
   }
   EXPECT_EQ(journal.rewritings, 0);
@@ -175,16 +175,16 @@ TEST(FollowedCommands, UnloggedOnesCanBeFollowedToo) {
   rough(d, 1, /*lathe=*/false);
   d.addLine(0, 0, 1.0000049F, 0);
   d.addLine(0, 0, 1.0000049F, 0);
-  const MirroredTables journal(d.desk.changes);
-  const std::pair<const char*, void (*)(CamDesk&)> commands[] = {
+  const MirroredTables journal(d.context.changes);
+  const std::pair<const char*, void (*)(CamContext&)> commands[] = {
       {"invisible", miInvisible_Click},
       {"visible", miVisible_Click},
       {"gouge avoidance", miGougeAvoidance_Click},
       {"rounding", mnuCAMPlace1PathSeg_Click},
       {"verification", mnuCAMVerifyAcceptPocket_Click},
       {"undo of the last placement", mnuCAMUndoLastPlace_Click},
-      {"spiral", [](CamDesk& cam) { parallelSpiralPocket(cam, 1); }},
-      {"reversing", [](CamDesk& cam) { reversePathSegment(cam, 1); }},
+      {"spiral", [](CamContext& cam) { parallelSpiralPocket(cam, 1); }},
+      {"reversing", [](CamContext& cam) { reversePathSegment(cam, 1); }},
       {"clearing", mnuClearAllPaths_Click},
   };
   for (const auto& [name, run] : commands) {

@@ -69,7 +69,7 @@ TEST(OffsetSegChain, ParksTheRowsItWasMadeFromAndLogsNothing) {
   c.store.segattr[3] = kSelectedRow;
   outlineOf(c, {2, 2}, 0.5F);
   for (int sg = 1; sg <= 4; ++sg) EXPECT_EQ(c.store.segattr[sg], kParkedRow);
-  EXPECT_EQ(c.desk.changelog.changecount, 0);
+  EXPECT_EQ(c.context.changelog.changecount, 0);
 }
 
 TEST(OffsetSegChain, ARowThatIsNotSelectedEndsTheWalk) {

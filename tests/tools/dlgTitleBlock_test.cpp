@@ -8,14 +8,14 @@
 #include "core/drawing_store.h"
 #include "core/file_system.h"
 #include "core/text.h"
-#include "tests/support/drafting_desk.h"
+#include "tests/support/drafting_test_context.h"
 #include "tests/support/failure_of.h"
 #include "tests/support/feeds_samples.h"
 
 namespace tess {
 namespace {
 
-using testing::RecordedDesk;
+using testing::RecordedDrafting;
 using Texts = std::vector<std::string>;
 
 class TitleBlockTest : public ::testing::Test {
@@ -42,7 +42,7 @@ class TitleBlockTest : public ::testing::Test {
     d.test.recording.prompts.onForm = [&](Form& form) {
       operate(dynamic_cast<dlgTitleBlock&>(form));
     };
-    mnuOptionsDrawTitleBlock_Click({d.test.session, database, d.viewCommands, d.desk.changes});
+    mnuOptionsDrawTitleBlock_Click({d.test.session, database, d.viewCommands, d.context.changes});
   }
   void acceptUnchanged() {
     work([](dlgTitleBlock& block) { block.cmdAccept.press(); });
@@ -51,7 +51,7 @@ class TitleBlockTest : public ::testing::Test {
   void zoomIn() { d.view.viewspan = 0.125F; }
   bool showsFullView() const { return d.view.viewspan == d.view.homespan; }
 
-  RecordedDesk d;
+  RecordedDrafting d;
   DrawingStore& store = d.store;
   SpeedsFeeds database;
 };

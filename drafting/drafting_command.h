@@ -1,6 +1,6 @@
-// Descriptors of commands that work on the drafting desk. One that draws brings its drawing mode
+// Descriptors of commands that work on the drafting context. One that draws brings its drawing mode
 // with it.
-// Owns: kSelectingMode, kNoMode, DrawingMode, DeskCommand.
+// Owns: kSelectingMode, kNoMode, DrawingMode, DraftingCommand.
 #pragma once
 
 #include "core/command.h"
@@ -8,7 +8,7 @@
 
 namespace tess {
 
-struct Desk;
+struct DraftingContext;
 
 // The values of DrawMode that are no drawing modes.
 inline constexpr int kSelectingMode = -1;
@@ -19,17 +19,18 @@ struct DrawingMode {
   int number = kNoMode;      // the value of DrawMode; scripts know it. Fixed are 1 to 7, 4 unused
   bool threePoints = false;  // takes the marker and two clicks
   // Adds what the mode makes of the marker and the click at MouseX, MouseY.
-  void (*draw)(Desk&, PictureBoxProxy& target) = nullptr;
+  void (*draw)(DraftingContext&, PictureBoxProxy& target) = nullptr;
   // Paints what would come of a click at MouseMoveX, MouseMoveY, in the inverting pen: painted once
   // more, it is gone. In a three-point mode only the second click has one.
-  void (*hover)(Desk&) = nullptr;
+  void (*hover)(DraftingContext&) = nullptr;
 };
 
-struct DeskCommand {
+struct DraftingCommand {
   CommandInfo info;
-  CommandRoutine<Desk> run;
-  std::span<const Action<Desk>> actions = {};  // that it arms, and those that follow by steps
-  Repeat<Desk> repeat = {};
+  CommandRoutine<DraftingContext> run;
+  std::span<const Action<DraftingContext>> actions =
+      {};  // that it arms, and those that follow by steps
+  Repeat<DraftingContext> repeat = {};
   DrawingMode mode = {};
 };
 

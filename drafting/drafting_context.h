@@ -1,6 +1,6 @@
-// The drafting desk: the state of the interaction and the parts that drafting commands work with.
-// Commands are free functions on it.
-// Owns: PointerRecord, CommandRecord, ArcScratch, DeskListener, DeskParts, Desk.
+// The drafting context: the state of the interaction and the parts that drafting commands work
+// with. Commands are free functions on it.
+// Owns: PointerRecord, CommandRecord, ArcScratch, DraftingListener, DraftingParts, DraftingContext.
 #pragma once
 
 #include <functional>
@@ -66,10 +66,10 @@ struct ArcScratch {
   bool reversearc = false;
 };
 
-// What rooms above the desk hear. None of it has a default: who hears it says what comes of it.
-class DeskListener {
+// What rooms above the context hear. None of it has a default: who hears it says what comes of it.
+class DraftingListener {
  public:
-  virtual ~DeskListener() = default;
+  virtual ~DraftingListener() = default;
   virtual void showStatistics(int segments, int paths, const std::string& zoom) = 0;
   virtual void UpdatePropertyWindow() = 0;
   virtual void selectEntity(int sg) = 0;  // in the property window
@@ -81,7 +81,7 @@ class DeskListener {
 
 class GridSnapTimer;
 
-struct DeskParts {
+struct DraftingParts {
   Session& session;
   View& view;
   Renderer& renderer;
@@ -93,13 +93,13 @@ struct DeskParts {
   Timers& timers;
   ToolHost& tools;
   StatusBar& statusBar;
-  DeskListener& listener;
+  DraftingListener& listener;
 };
 
 // It knows the commands of its own room and of the view; rooms above add theirs.
-struct Desk : DeskParts, KnownCommands {
-  explicit Desk(const DeskParts& parts);
-  ~Desk();
+struct DraftingContext : DraftingParts, KnownCommands {
+  explicit DraftingContext(const DraftingParts& parts);
+  ~DraftingContext();
 
   DrawingStore& store;
   PointerRecord pointer;

@@ -1,6 +1,7 @@
-// A drafting desk on a screen of any kind, worked by lists of pointer events: the fixture of tests
-// of the interaction.
-// Owns: HeldSurface, DraftingDesk, RecordedDesk, segmentText, segmentTexts, pathText, pathTexts.
+// A drafting context on a screen of any kind, worked by lists of pointer events: the fixture of
+// tests of the interaction.
+// Owns: HeldSurface, DraftingTest, RecordedDrafting, segmentText, segmentTexts, pathText,
+//       pathTexts.
 #pragma once
 
 #include <string>
@@ -9,8 +10,8 @@
 #include "core/drawing_store.h"
 #include "core/units.h"
 #include "display/display_commands.h"
-#include "drafting/desk.h"
 #include "drafting/drafting_commands.h"
+#include "drafting/drafting_context.h"
 #include "drafting/draw_mode_tools.h"
 #include "drafting/pending_actions.h"
 #include "drafting/pointer_events.h"
@@ -19,7 +20,7 @@
 
 namespace tess::testing {
 
-// A surface must stand before the desk that works on it.
+// A surface must stand before the context that works on it.
 template <class Surface>
 struct HeldSurface {
   CallLog log;
@@ -29,14 +30,14 @@ struct HeldSurface {
 // The view shows (-5, -4) to (5, 4), at 100 pixels to the unit on a surface of 1000 by 800. Pointer
 // events are in drawing units. Time stands still until pass() is called.
 template <class Surface>
-class DraftingDesk : public HeldSurface<Surface>,
+class DraftingTest : public HeldSurface<Surface>,
                      public RedrawListener,
                      public ViewHost,
-                     public DeskListener {
+                     public DraftingListener {
  public:
-  DraftingDesk() {
+  DraftingTest() {
     for (const ViewCommand* const command : displayCommands()) addTool(command->info.tool);
-    for (const DeskCommand* const command : draftingCommands()) addTool(command->info.tool);
+    for (const DraftingCommand* const command : draftingCommands()) addTool(command->info.tool);
     statusBar.onText = [this](const std::string& text) { statusLog.push_back(text); };
     set_num_formats(test.session);
     store.cfg_tolerance = 0.001F;
@@ -46,7 +47,7 @@ class DraftingDesk : public HeldSurface<Surface>,
     view.viewspan = view.homespan = 4;
     view.aspectx = 1.25F;
     setPicSize(view, this->surface.area());
-    desk.state.resetObjectSnap();
+    context.state.resetObjectSnap();
     redraw.redrawscreen();
     pass(1000);
     store.drawingsaved = true;
@@ -54,18 +55,18 @@ class DraftingDesk : public HeldSurface<Surface>,
     statusLog.clear();
   }
 
-  ~DraftingDesk();
+  ~DraftingTest();
 
   // ---- What the operator does
 
   void press(int button, float x, float y, int shift = 0) {
-    picDrawing_MouseDown(desk, {button, shift, x, y});
+    picDrawing_MouseDown(context, {button, shift, x, y});
   }
   void move(int button, float x, float y, int shift = 0) {
-    picDrawing_MouseMove(desk, {button, shift, x, y});
+    picDrawing_MouseMove(context, {button, shift, x, y});
   }
   void release(int button, float x, float y, int shift = 0) {
-    picDrawing_MouseUp(desk, {button, shift, x, y});
+    picDrawing_MouseUp(context, {button, shift, x, y});
   }
   void click(float x, float y, int shift = 0) { clickWith(kLeftButton, x, y, shift); }
   void rightClick(float x, float y) { clickWith(kRightButton, x, y, 0); }
@@ -93,10 +94,10 @@ class DraftingDesk : public HeldSurface<Surface>,
 
   // ---- What became of it
 
-  int pending() const { return desk.state.pendingaction(); }
-  int mode() const { return desk.state.DrawMode(); }
+  int pending() const { return context.state.pendingaction(); }
+  int mode() const { return context.state.DrawMode(); }
   Point marker() const { return {store.markerx, store.markery}; }
-  Point mouse() const { return {desk.pointer.MouseX, desk.pointer.MouseY}; }
+  Point mouse() const { return {context.pointer.MouseX, context.pointer.MouseY}; }
   std::string prompt() const { return statusBar.text(); }
   std::string panel(StatusPanel which) const { return statusBar.panel(which); }
   int beeps() const { return test.recording.surroundings.beeps; }
@@ -104,7 +105,7 @@ class DraftingDesk : public HeldSurface<Surface>,
   // The tools that are pressed, of those of the drawing mode.
   std::vector<std::string> pressedTools() const {
     std::vector<std::string> pressed;
-    for (const char* const tool : drawModeTools(desk)) {
+    for (const char* const tool : drawModeTools(context)) {
       if (tools.isChecked(tool)) pressed.emplace_back(tool);
     }
     return pressed;
@@ -112,7 +113,7 @@ class DraftingDesk : public HeldSurface<Surface>,
 
   // RedrawListener
   void showDrawingName() override {}
-  void updateStatusDisplay() override { refreshStatus(desk); }
+  void updateStatusDisplay() override { refreshStatus(context); }
   void PrintPreviewScreenShotWorkAround(DrawingTarget& /*target*/) override {}
 
   // ViewHost
@@ -124,13 +125,13 @@ class DraftingDesk : public HeldSurface<Surface>,
   void Update_menu_checks() override {}
   std::string appfolder() const override { return test.session.appfolder; }
 
-  // DeskListener
+  // DraftingListener
   void showStatistics(int segments, int paths, const std::string& zoom) override {
     statistics = std::to_string(segments) + " " + std::to_string(paths) + " " + zoom;
   }
   void UpdatePropertyWindow() override {
     ++propertyRefreshes;
-    desk.state.updateProperties = false;
+    context.state.updateProperties = false;
   }
   void selectEntity(int sg) override { entitiesShown.push_back(sg); }
   void textPointerEvent(int button, int shift, float x, float y) override {
@@ -162,8 +163,8 @@ class DraftingDesk : public HeldSurface<Surface>,
       {store, view, renderer, ScreenProxy, pointer, test.recording.surroundings, timers, *this}};
   ViewCommands viewCommands{
       {store, view, redraw, ScreenProxy, pointer, test.recording.surroundings, *this, state}};
-  Desk desk{{test.session, view, renderer, redraw, state, viewCommands, ScreenProxy, pointer,
-             timers, tools, statusBar, *this}};
+  DraftingContext context{{test.session, view, renderer, redraw, state, viewCommands, ScreenProxy,
+                           pointer, timers, tools, statusBar, *this}};
 
  private:
   void addTool(const char* name) {
@@ -181,11 +182,11 @@ class DraftingDesk : public HeldSurface<Surface>,
 };
 
 template <class Surface>
-DraftingDesk<Surface>::~DraftingDesk() = default;
+DraftingTest<Surface>::~DraftingTest() = default;
 
 // Compiled once for all tests of it.
-extern template class DraftingDesk<RecordingSurface>;
-using RecordedDesk = DraftingDesk<RecordingSurface>;
+extern template class DraftingTest<RecordingSurface>;
+using RecordedDrafting = DraftingTest<RecordingSurface>;
 
 // A drawing row in one line, as in "1 (0, 0)-(1, 0)", "2 (0, 1)-(1, 0) c (0, 0)"; an attribute
 // other than 8 follows as " @30008".

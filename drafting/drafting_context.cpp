@@ -1,6 +1,6 @@
-// The drafting desk comes to life: its timer, the commands that it knows, and what setting its
+// The drafting context comes to life: its timer, the commands that it knows, and what setting its
 // state brings about.
-#include "drafting/desk.h"
+#include "drafting/drafting_context.h"
 
 #include "display/display_commands.h"
 #include "drafting/change_effects.h"
@@ -13,15 +13,15 @@
 
 namespace tess {
 
-Desk::Desk(const DeskParts& parts)
-    : DeskParts(parts),
+DraftingContext::DraftingContext(const DraftingParts& parts)
+    : DraftingParts(parts),
       store(parts.session.store),
       changeHost(std::make_unique<ChangeEffects>(*this)),
       changes(store, changelog, changeHost.get()),
       gridSnapTimer(std::make_unique<GridSnapTimer>(*this)) {
   addUnarmedActions(*this);
   for (const ViewCommand* const known : displayCommands()) addCommand(viewCommands, *known);
-  for (const DeskCommand* const known : draftingCommands()) addCommand(*this, *known);
+  for (const DraftingCommand* const known : draftingCommands()) addCommand(*this, *known);
   state.effects = {.refreshStatus = [this] { refreshStatus(*this); },
                    .showDrawMode = [this] { refreshDrawMode(); }};
   redraw.onCleared = [this] { forgetInverted(); };
@@ -31,7 +31,7 @@ Desk::Desk(const DeskParts& parts)
   };
 }
 
-Desk::~Desk() {
+DraftingContext::~DraftingContext() {
   redraw.onCleared = nullptr;
   redraw.onPainted = nullptr;
   state.effects = {};
@@ -39,13 +39,13 @@ Desk::~Desk() {
 
 // Whatever ends a mode takes its band off the screen, and of a three-point mode it drops the
 // command that is half done.
-void Desk::refreshDrawMode() {
+void DraftingContext::refreshDrawMode() {
   if (pointer.RubberKind != state.DrawMode()) eraseRubberBand(*this);
   if (!takesThreePoints(*this, state.DrawMode())) dropThreePointCommand(*this);
   showDrawMode(*this);
 }
 
-void Desk::forgetInverted() {
+void DraftingContext::forgetInverted() {
   pointer.RubberKind = 0;
   pointer.DragBand = 0;
   hovering.clear();

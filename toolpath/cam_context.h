@@ -1,24 +1,24 @@
-// The desk of the tool-path commands: the drafting desk they work on and what they remember between
-// clicks. Commands are free functions on it.
-// Owns: CamDesk, showPlacedPaths.
+// The context of the tool-path commands: the drafting context they work on and what they remember
+// between clicks. Commands are free functions on it.
+// Owns: CamContext, showPlacedPaths.
 #pragma once
 
 #include <optional>
 
 #include "core/int16.h"
-#include "drafting/desk.h"
+#include "drafting/drafting_context.h"
 #include "geometry/float_points.h"
 #include "toolpath/path_groups.h"
 
 namespace tess {
 
-struct CamDesk {
-  // The drafting desk gets to know the commands of this one.
-  explicit CamDesk(Desk& drafting);
-  CamDesk(const CamDesk&) = delete;
-  CamDesk& operator=(const CamDesk&) = delete;
+struct CamContext {
+  // The drafting context gets to know the commands of this one.
+  explicit CamContext(DraftingContext& drafting);
+  CamContext(const CamContext&) = delete;
+  CamContext& operator=(const CamContext&) = delete;
 
-  Desk& desk;
+  DraftingContext& context;
   DrawingStore& store;
   Changes& changes;
 
@@ -42,6 +42,6 @@ struct CamDesk {
 };
 
 // What placing commands end with: the paths are shown, the menu checks and the screen follow.
-void showPlacedPaths(CamDesk& cam);
+void showPlacedPaths(CamContext& cam);
 
 }  // namespace tess
