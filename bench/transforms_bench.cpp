@@ -18,7 +18,7 @@
 namespace tess {
 namespace {
 
-constexpr int kMostSelected = 15000;
+constexpr int kMaxSelected = 15000;
 
 // Chains of lines with an arc after every third, the first rows of them selected.
 struct Drawing {
@@ -27,7 +27,7 @@ struct Drawing {
     for (int row = 0; row < rows; ++row) {
       const int column = row % 200;
       const auto x = static_cast<float>(column), y = static_cast<float>(2 * (row / 200));
-      const int attr = row < kMostSelected ? kSelectedRow : kOrdinaryClass;
+      const int attr = row < kMaxSelected ? kSelectedRow : kOrdinaryClass;
       const bool arc = row % 4 == 3;
       AddSeg(store,
              {.type = arc ? kCounterClockwiseArc : kLine,

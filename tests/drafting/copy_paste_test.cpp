@@ -145,7 +145,7 @@ TEST(Paste, GoesWithTheMarkerAndASecondOneAddsAgain) {
 }
 
 // Neither a circle entity nor a rectangle brings a centre.
-TEST(Paste, GivesACentreToArcsAlone) {
+TEST(Paste, GivesACenterToArcsAlone) {
   RecordedDrafting d;
   d.add({.type = 5, .attr = 30008, .x0 = 2, .y0 = 2, .x1 = 2, .y1 = 2, .xc = 1, .yc = 2});
   d.add({.type = 6, .attr = 30008, .x1 = 1, .y1 = 1, .xc = 9, .yc = 9});

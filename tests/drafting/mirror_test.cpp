@@ -220,7 +220,7 @@ TEST(Mirror, OfASelectedRowUnderAnotherOneLeavesTheSelectedOne) {
   EXPECT_EQ(segmentTexts(d.store), (Texts{"1 (1, 0)-(2, 0) @30008", "1 (-1, 0)-(-2, 0) @30008"}));
 }
 
-TEST(Mirror, TellsArcsApartByTheirCentres) {
+TEST(Mirror, TellsArcsApartByTheirCenters) {
   RecordedDrafting d;
   d.add({.type = 2, .attr = kSelectedRow, .x0 = 1, .y0 = 1, .x1 = 1, .y1 = -1, .xc = 0});
   d.add({.type = 2, .x0 = 1, .y0 = 1, .x1 = 1, .y1 = -1, .xc = 0.5F});

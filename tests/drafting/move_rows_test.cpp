@@ -141,7 +141,7 @@ TEST(MoveRows, TakesVerifiedRowsForUnselectedOnes) {
   EXPECT_EQ(pathTexts(d.store).front(), "0 (0, 1)-(1, 1) @100 z 1");
 }
 
-TEST(MoveRows, KeepsWhatStandsInTheCentreOfALine) {
+TEST(MoveRows, KeepsWhatStandsInTheCenterOfALine) {
   RecordedDrafting d;
   d.add({.type = 1, .x1 = 1, .xc = 0.5F, .yc = 0.25F});
   moveAll(d.context.changes, 3, 4, 1);

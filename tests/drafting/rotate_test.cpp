@@ -70,7 +70,7 @@ TEST(RotatePoint, GoesByAngleAndLengthRoundedToFourPlaces) {
   EXPECT_NE(turned.x, -1.0F / 3) << "an exact turn would be another one";
 }
 
-TEST(RotatePoint, LeavesTheCentreWhereItIs) {
+TEST(RotatePoint, LeavesTheCenterWhereItIs) {
   EXPECT_EQ(rotatePoint({0.1F, 0.7F}, {0.1F, 0.7F}, 33), (Point{0.1F, 0.7F}));
 }
 

@@ -57,7 +57,7 @@ TEST(RowFinder, TakesTheLastOfRowsThatMatch) {
   EXPECT_EQ(found.takeLast(row), -1);
 }
 
-TEST(RowFinder, TellsTypesCentresAndDirectionsApart) {
+TEST(RowFinder, TellsTypesCentersAndDirectionsApart) {
   Found found(kTolerence);
   found.add({.type = 2, .x0 = 1, .x1 = -1});
   found.add({.type = 2, .x0 = 1, .x1 = -1, .yc = 0.5F});

@@ -41,7 +41,7 @@ struct ScaleContext : RecordedDrafting {
   }
 };
 
-TEST(Scale, MultipliesEndsAndCentresOfTheDrawingAboutTheOrigin) {
+TEST(Scale, MultipliesEndsAndCentersOfTheDrawingAboutTheOrigin) {
   ScaleContext d;
   const TableBits before(d.store);
   d.scale("2.5");
@@ -70,7 +70,7 @@ TEST(Scale, OfTheSelectionTakesVerifiedRowsToo) {
   expectBackAndForth(d, before);
 }
 
-TEST(Scale, KeepsWhatStandsInTheCentreOfALine) {
+TEST(Scale, KeepsWhatStandsInTheCenterOfALine) {
   RecordedDrafting d;
   d.add({.type = 1, .x1 = 1, .xc = 0.5F});
   scaleSegments(d.context.changes, 2, /*selectedOnly=*/false);

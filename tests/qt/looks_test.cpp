@@ -225,7 +225,7 @@ TEST_P(Looks, UnsavedWork) {
     ASSERT_TRUE(journal);
     work.push_back({std::move(*journal),
                     *name == '\0' ? "" : "/home/ada/parts/" + std::string(name),
-                    "11/22/2026 16:39:09", 412, 1730});
+                    "03/09/2026 14:05:09", 412, 1730});
     std::filesystem::remove(folder("1.record"));
   }
   lookAt("unsaved_work", [&] {
