@@ -29,8 +29,8 @@ bool addCopies(Change& change, const DrawingStore& store, bool selectedOnly,
 // images as they came.
 class Exchange {
  public:
-  Exchange(const DrawingStore& store, const ImageOrder& order, const RowImage& image)
-      : selectedOnly_(order.selectedOnly),
+  Exchange(const DrawingStore& store, const ImageRequest& request, const RowImage& image)
+      : selectedOnly_(request.selectedOnly),
         image_(image),
         originals_(static_cast<std::size_t>(store.NumSegments)),
         finder_(store.cfg_tolerance, 2 * originals_) {
@@ -91,9 +91,9 @@ class Exchange {
   std::vector<bool> gone_;
 };
 
-bool replaceByImages(Change& change, const DrawingStore& store, const ImageOrder& order,
+bool replaceByImages(Change& change, const DrawingStore& store, const ImageRequest& request,
                      const RowImage& image) {
-  Exchange exchange(store, order, image);
+  Exchange exchange(store, request, image);
   exchange.run();
   // As many images are left as rows have gone, since each step took one and gave one.
   const std::vector<SegmentRow> images = exchange.images();
@@ -118,10 +118,10 @@ std::vector<SegmentRow> imagesOf(const DrawingStore& store, bool selectedOnly,
   return images;
 }
 
-bool addImages(Changes& changes, const ImageOrder& order, const RowImage& image) {
+bool addImages(Changes& changes, const ImageRequest& request, const RowImage& image) {
   Change change(changes);
-  return order.copies ? addCopies(change, changes.store, order.selectedOnly, image)
-                      : replaceByImages(change, changes.store, order, image);
+  return request.copies ? addCopies(change, changes.store, request.selectedOnly, image)
+                        : replaceByImages(change, changes.store, request, image);
 }
 
 }  // namespace tess

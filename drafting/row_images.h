@@ -1,5 +1,5 @@
 // Images of drawing rows, mirrored or turned, in the place of the rows or beside them.
-// Owns: RowImage, ImageOrder, imageOf, imagesOf, addImages.
+// Owns: RowImage, ImageRequest, imageOf, imagesOf, addImages.
 #pragma once
 
 #include <functional>
@@ -12,7 +12,7 @@ namespace tess {
 
 using RowImage = std::function<SegmentRow(const SegmentRow&)>;
 
-struct ImageOrder {
+struct ImageRequest {
   bool selectedOnly = false;  // of the selected ordinary rows alone
   bool copies = false;        // the rows themselves stay
 };
@@ -38,6 +38,6 @@ std::vector<SegmentRow> imagesOf(const DrawingStore& store, bool selectedOnly,
 // Unless they are copies, for each image the row goes that findSegment finds for its original: of
 // rows that lie on one another the last one, be it an image that has just come. Raises Overflow for
 // a full table or number, and then nothing has happened. False when the operator would not have it.
-bool addImages(Changes& changes, const ImageOrder& order, const RowImage& image);
+bool addImages(Changes& changes, const ImageRequest& request, const RowImage& image);
 
 }  // namespace tess

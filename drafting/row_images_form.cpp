@@ -98,8 +98,8 @@ void RowImagesForm::ask() {
 }
 
 void RowImagesForm::addImages(const RowImage& image) {
-  const ImageOrder order{.selectedOnly = selectedOnly(), .copies = parts_.copy->value()};
-  if (!tess::addImages(context_.changes, order, image)) return;
+  const ImageRequest request{.selectedOnly = selectedOnly(), .copies = parts_.copy->value()};
+  if (!tess::addImages(context_.changes, request, image)) return;
   collectSelected(context_);
   context_.state.updateProperties = true;
   context_.listener.UpdatePropertyWindow();
