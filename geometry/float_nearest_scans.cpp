@@ -52,6 +52,14 @@ std::optional<Point> nearestEnd(int rows, Point at, Counts counts, EndsOf endsOf
   return best < kFarthest ? std::optional(nearest) : std::nullopt;
 }
 
+// What the distance of an arc cannot be below; of all else nothing is said.
+auto leastOfArcs(const DrawingStore& store, Point at) {
+  return [&store, at](int sg) {
+    const bool arc = isArc(store.segtype[sg]);
+    return arc ? leastDistance(segmentEntity(store, sg), at, store.cfg_tolerance) : 0.0;
+  };
+}
+
 // Fixed: a group is its number less 1 with tool index 0; scripts ask for groups that way.
 bool inGroup(const DrawingStore& store, int ps, double group) {
   return group == 0 || store.pscode[ps] / double{kCodesPerGroup} + 1 == group;
@@ -66,13 +74,13 @@ int nearestLineSeg(const DrawingStore& store, Point at) {
 }
 
 int nearestArcSeg(const DrawingStore& store, Point at) {
-  return nearestRow(store.NumSegments, at, [&](int sg) {
+  return nearestRow(store.NumSegments, at, leastOfArcs(store, at), [&](int sg) {
     return isArc(store.segtype[sg]) ? nearestOnSeg(store, sg, at) : NearestPoint{};
   });
 }
 
 int nearestRoundSeg(const DrawingStore& store, Point at) {
-  return nearestRow(store.NumSegments, at, [&](int sg) {
+  return nearestRow(store.NumSegments, at, leastOfArcs(store, at), [&](int sg) {
     if (!isRound(store.segtype[sg])) return NearestPoint{};
     // Fixed: circles are measured as arcs too; Change Radius picks by it.
     return nearestOnArc(segmentEntity(store, sg), at, store.cfg_tolerance);

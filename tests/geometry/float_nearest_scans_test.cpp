@@ -4,6 +4,8 @@
 #include "gtest/gtest.h"
 
 #include "core/drawing_store.h"
+#include "geometry/float_nearest.h"
+#include "geometry/row_entity.h"
 #include "tests/geometry/rows.h"
 #include "tests/geometry/scenes.h"
 
@@ -208,6 +210,35 @@ TEST(NearestScans, PassOverNoRowThatIsNearest) {
       const Point at = testing::queryPoint(scene, dice);
       ASSERT_EQ(nearestSeg(store, at), nearestOfAll(store, at));
       ASSERT_EQ(nearestPathSeg(store, at, /*group=*/0), nearestOfAllPaths(store, at));
+    }
+  }
+}
+
+// Every row measured, without a bound that passes some over.
+template <typename Counts>
+int plainNearest(const DrawingStore& store, Point at, Counts counts) {
+  float best = kFarthest;
+  int found = 0;
+  for (int sg = 1; sg <= store.NumSegments; ++sg) {
+    if (!counts(store.segtype[sg])) continue;
+    const NearestPoint point = nearestOnArc(segmentEntity(store, sg), at, store.cfg_tolerance);
+    if (!point || distance(at, point.at) >= best) continue;
+    best = distance(at, point.at);
+    found = sg;
+  }
+  return found;
+}
+
+TEST(NearestArcsAndRounds, AnswerAsAPlainPass) {
+  for (int number = 0; number < 10 * testing::kSceneKinds; ++number) {
+    SCOPED_TRACE(::testing::Message() << "scene " << number);
+    const testing::Scene scene = testing::sceneOf(number);
+    const DrawingStore store = testing::storeWith(scene.entities);
+    testing::Dice dice(static_cast<std::uint32_t>(number) + 7U);
+    for (int query = 0; query < 20; ++query) {
+      const Point at = testing::queryPoint(scene, dice);
+      EXPECT_EQ(nearestArcSeg(store, at), plainNearest(store, at, isArc));
+      EXPECT_EQ(nearestRoundSeg(store, at), plainNearest(store, at, isRound));
     }
   }
 }
