@@ -18,12 +18,15 @@
 #include "shell/qt/desktop_program.h"
 #include "shell/qt/theme.h"
 #include "tests/qt/desktop_test_support.h"
+#include "tests/qt/dialog_test_support.h"
 #include "tests/support/recording_session.h"
 #include "tests/support/source_folder.h"
 #include "tests/support/temp_folder.h"
 
 namespace tess {
 namespace {
+
+using testing::whenModal;
 
 class DialogsTest : public ::testing::Test {
  protected:
@@ -52,16 +55,6 @@ class DialogsTest : public ::testing::Test {
   }
   static void enter(QWidget& dialog) { press(dialog, Qt::Key_Return, "\r"); }
   static void escape(QWidget& dialog) { press(dialog, Qt::Key_Escape, "\x1b"); }
-
-  static void whenModal(const std::function<void(QWidget&)>& act) {
-    QTimer::singleShot(0, [act] {
-      QWidget* dialog = QApplication::activeModalWidget();
-      ASSERT_NE(dialog, nullptr);
-      QApplication::setActiveWindow(dialog);
-      QCoreApplication::processEvents();
-      act(*dialog);
-    });
-  }
 
   std::optional<std::string> choose(bool forSaving, const std::function<void(QWidget&)>& act) {
     whenModal(act);

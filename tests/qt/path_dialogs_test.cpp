@@ -1,23 +1,20 @@
 // The path editor and the map of the path in their windows: their layouts have a place for every
 // control, and they follow the hand.
 #include <QApplication>
-#include <QFile>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QTimer>
 #include <filesystem>
-#include <functional>
 #include <gtest/gtest.h>
 
 #include "core/drawing_store.h"
 #include "shell/qt/desktop_program.h"
-#include "shell/qt/form_layout.h"
 #include "shell/qt/theme.h"
 #include "tests/qt/desktop_test_support.h"
+#include "tests/qt/dialog_test_support.h"
 #include "tests/support/source_folder.h"
 #include "tests/support/temp_folder.h"
 #include "toolpath/dlgEditPath.h"
@@ -25,6 +22,10 @@
 
 namespace tess {
 namespace {
+
+using testing::expectWholeLayout;
+using testing::whenModal;
+using testing::widgetIn;
 
 class PathDialogsTest : public ::testing::Test {
  protected:
@@ -45,33 +46,6 @@ class PathDialogsTest : public ::testing::Test {
   CamContext& cam() { return program->application().interaction.cam; }
   DrawingStore& store() { return program->application().store; }
 
-  static void whenModal(const std::function<void(QWidget&)>& act) {
-    QTimer::singleShot(0, [act] {
-      QWidget* dialog = QApplication::activeModalWidget();
-      ASSERT_NE(dialog, nullptr);
-      QApplication::setActiveWindow(dialog);
-      QCoreApplication::processEvents();
-      act(*dialog);
-    });
-  }
-  template <class Kind>
-  static Kind& in(QWidget& dialog, const char* name) {
-    auto* const found = dialog.findChild<Kind*>(name);
-    if (found == nullptr) throw std::runtime_error(name);
-    return *found;
-  }
-
-  // Every control stands in the layout file itself, not below it.
-  static void expectWholeLayout(const Form& form) {
-    QFile file(QString(":/forms/%1.ui").arg(QString::fromStdString(form.name())));
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly)) << form.name();
-    const QString layout = QString::fromUtf8(file.readAll());
-    for (const Control* control : form.controls()) {
-      const QString name = QString("name=\"%1\"").arg(widgetName(*control));
-      EXPECT_TRUE(layout.contains(name)) << control->name();
-    }
-  }
-
   testing::TempFolder home;
   std::unique_ptr<DesktopProgram> program;
 };
@@ -87,29 +61,29 @@ TEST_F(PathDialogsTest, TheEditorAndItsMapFollowTheHand) {
   const int lastCode = store().pscode[rows];
   whenModal([&](QWidget& editor) {
     EXPECT_EQ(editor.windowTitle(), "View/Edit Path Segments");
-    EXPECT_EQ(in<QLabel>(editor, "lblTotalSegments").text().toStdString(),
+    EXPECT_EQ(widgetIn<QLabel>(editor, "lblTotalSegments").text().toStdString(),
               "Total Segments : " + std::to_string(rows));
     testing::keepScreenshot(editor, "path_editor");
-    in<QPushButton>(editor, "cmdNext").click();
-    EXPECT_EQ(in<QLineEdit>(editor, "txtps").text(), "2");
-    in<QRadioButton>(editor, "optApplyToGroup").click();
-    EXPECT_FALSE(in<QLineEdit>(editor, "txtpsx0").isEnabled());
+    widgetIn<QPushButton>(editor, "cmdNext").click();
+    EXPECT_EQ(widgetIn<QLineEdit>(editor, "txtps").text(), "2");
+    widgetIn<QRadioButton>(editor, "optApplyToGroup").click();
+    EXPECT_FALSE(widgetIn<QLineEdit>(editor, "txtpsx0").isEnabled());
     testing::keepScreenshot(editor, "path_editor_group");
     whenModal([&](QWidget& map) {
       EXPECT_EQ(map.windowTitle(), "Path Segments");
-      auto& list = in<QListWidget>(map, "lstPathSegments");
+      auto& list = widgetIn<QListWidget>(map, "lstPathSegments");
       list.setCurrentRow(1);
-      EXPECT_EQ(in<QLabel>(map, "lblPathOrSeg").text(), "Path Segment");
+      EXPECT_EQ(widgetIn<QLabel>(map, "lblPathOrSeg").text(), "Path Segment");
       testing::keepScreenshot(map, "path_map");
       int lastGroup = list.count() - 1;
       while (!list.item(lastGroup)->text().startsWith("Path Group #")) --lastGroup;
       list.setCurrentRow(lastGroup);
-      while (list.currentRow() > 0) in<QPushButton>(map, "cmdPromote").click();
+      while (list.currentRow() > 0) widgetIn<QPushButton>(map, "cmdPromote").click();
       EXPECT_TRUE(list.item(0)->isSelected());
-      in<QPushButton>(map, "cmdApply").click();
+      widgetIn<QPushButton>(map, "cmdApply").click();
     });
-    in<QPushButton>(editor, "cmdOrderPaths").click();
-    in<QPushButton>(editor, "cmdExit").click();
+    widgetIn<QPushButton>(editor, "cmdOrderPaths").click();
+    widgetIn<QPushButton>(editor, "cmdExit").click();
   });
   mnuCAMEditPathCycle_Click(cam());
   EXPECT_EQ(store().pscode[1], lastCode);
@@ -123,11 +97,11 @@ TEST_F(PathDialogsTest, ACycleHasFieldsOfItsOwn) {
     change.keep();
   }
   whenModal([](QWidget& editor) {
-    EXPECT_TRUE(in<QLineEdit>(editor, "txtIncrDepth").isVisible());
-    EXPECT_FALSE(in<QLineEdit>(editor, "txtpsxc").isVisible());
-    EXPECT_EQ(in<QLabel>(editor, "lblCycleCode").text(), "Cycle Code : G83");
+    EXPECT_TRUE(widgetIn<QLineEdit>(editor, "txtIncrDepth").isVisible());
+    EXPECT_FALSE(widgetIn<QLineEdit>(editor, "txtpsxc").isVisible());
+    EXPECT_EQ(widgetIn<QLabel>(editor, "lblCycleCode").text(), "Cycle Code : G83");
     testing::keepScreenshot(editor, "path_editor_cycle");
-    in<QPushButton>(editor, "cmdExit").click();
+    widgetIn<QPushButton>(editor, "cmdExit").click();
   });
   mnuCAMEditPathCycle_Click(cam());
 }

@@ -2,7 +2,6 @@
 // place for every control, and they follow the hand.
 #include <QApplication>
 #include <QComboBox>
-#include <QFile>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -10,17 +9,15 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSlider>
-#include <QTimer>
 #include <filesystem>
-#include <functional>
 #include <gtest/gtest.h>
 
 #include "core/drawing_store.h"
 #include "core/file_system.h"
 #include "shell/qt/desktop_program.h"
-#include "shell/qt/form_layout.h"
 #include "shell/qt/theme.h"
 #include "tests/qt/desktop_test_support.h"
+#include "tests/qt/dialog_test_support.h"
 #include "tests/support/source_folder.h"
 #include "tests/support/temp_folder.h"
 #include "tools/dlgTitleBlock.h"
@@ -28,6 +25,10 @@
 
 namespace tess {
 namespace {
+
+using testing::expectWholeLayout;
+using testing::whenModal;
+using testing::widgetIn;
 
 class ToolDialogsTest : public ::testing::Test {
  protected:
@@ -44,24 +45,9 @@ class ToolDialogsTest : public ::testing::Test {
   Session& session() { return program->application().session; }
   DrawingStore& store() { return program->application().store; }
 
-  void whenModal(const std::function<void(QWidget&)>& act) {
-    QTimer::singleShot(0, [act] {
-      QWidget* dialog = QApplication::activeModalWidget();
-      ASSERT_NE(dialog, nullptr);
-      QApplication::setActiveWindow(dialog);
-      QCoreApplication::processEvents();
-      act(*dialog);
-    });
-  }
-  template <class Kind>
-  static Kind& in(QWidget& dialog, const char* name) {
-    auto* const found = dialog.findChild<Kind*>(name);
-    if (found == nullptr) throw std::runtime_error(name);
-    return *found;
-  }
   // As by the keyboard, over what is there.
   static void type(QWidget& dialog, const char* name, const std::string& text) {
-    auto& field = in<QLineEdit>(dialog, name);
+    auto& field = widgetIn<QLineEdit>(dialog, name);
     field.setFocus();
     field.selectAll();
     for (const char letter : text) {
@@ -70,25 +56,14 @@ class ToolDialogsTest : public ::testing::Test {
     }
   }
   static void choose(QWidget& dialog, const char* name, const char* text) {
-    auto& box = in<QComboBox>(dialog, name);
+    auto& box = widgetIn<QComboBox>(dialog, name);
     const int row = box.findText(text);
     EXPECT_GE(row, 0) << text;
     box.setCurrentIndex(row);
     emit box.activated(row);
   }
   static std::string textOf(QWidget& dialog, const char* label) {
-    return in<QLabel>(dialog, label).text().toStdString();
-  }
-
-  // Every control stands in the layout file itself, not below it.
-  static void expectWholeLayout(const Form& form) {
-    QFile file(QString(":/forms/%1.ui").arg(QString::fromStdString(form.name())));
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly)) << form.name();
-    const QString layout = QString::fromUtf8(file.readAll());
-    for (const Control* control : form.controls()) {
-      const QString name = QString("name=\"%1\"").arg(widgetName(*control));
-      EXPECT_TRUE(layout.contains(name)) << control->name();
-    }
+    return widgetIn<QLabel>(dialog, label).text().toStdString();
   }
 
   testing::TempFolder home;
@@ -109,7 +84,7 @@ TEST_F(ToolDialogsTest, TheChestFollowsTheHand) {
   store().toolradius[1] = 0.125F;
   whenModal([&](QWidget& dialog) {
     EXPECT_EQ(dialog.windowTitle(), "Tool Select & Definition");
-    auto& list = in<QListWidget>(dialog, "List1");
+    auto& list = widgetIn<QListWidget>(dialog, "List1");
     EXPECT_EQ(list.item(1)->text().toStdString(), " 2: 1/4 end mill 2fl");
     list.setCurrentRow(1);
     QCoreApplication::processEvents();
@@ -117,18 +92,20 @@ TEST_F(ToolDialogsTest, TheChestFollowsTheHand) {
     EXPECT_EQ(textOf(dialog, "lblCuttingSpeed"), "300");
     EXPECT_NE(textOf(dialog, "lblAdvice").find("Spindle: 4584 rpm"), std::string::npos);
     testing::keepScreenshot(dialog, "tool_chest");
-    const QColor normal = in<QLabel>(dialog, "lblMaterial").palette().color(QPalette::WindowText);
+    const QColor normal =
+        widgetIn<QLabel>(dialog, "lblMaterial").palette().color(QPalette::WindowText);
     type(dialog, "txtNumberFlutes", "none");
-    EXPECT_EQ(in<QLabel>(dialog, "lblMaterial").palette().color(QPalette::WindowText),
+    EXPECT_EQ(widgetIn<QLabel>(dialog, "lblMaterial").palette().color(QPalette::WindowText),
               QColor(255, 0, 0));
     testing::keepScreenshot(dialog, "tool_chest_invalid");
     type(dialog, "txtNumberFlutes", "4");
-    EXPECT_EQ(in<QLabel>(dialog, "lblMaterial").palette().color(QPalette::WindowText), normal);
-    in<QSlider>(dialog, "Slider1").setValue(5);
+    EXPECT_EQ(widgetIn<QLabel>(dialog, "lblMaterial").palette().color(QPalette::WindowText),
+              normal);
+    widgetIn<QSlider>(dialog, "Slider1").setValue(5);
     EXPECT_EQ(store().toolcolor[1], 5);
-    EXPECT_EQ(in<QWidget>(dialog, "picColor").palette().color(QPalette::Window),
+    EXPECT_EQ(widgetIn<QWidget>(dialog, "picColor").palette().color(QPalette::Window),
               QColor(128, 0, 128));
-    in<QPushButton>(dialog, "cmdAccept").click();
+    widgetIn<QPushButton>(dialog, "cmdAccept").click();
   });
   mnuCAMSelectTool_Click({session(), database, colors});
   EXPECT_EQ(store().selectedtool, 1);
@@ -144,10 +121,10 @@ TEST_F(ToolDialogsTest, AColorIsChosenFromTheChest) {
       type(dialog, "txtGreen", "160");
       type(dialog, "txtBlue", "90");
       testing::keepScreenshot(dialog, "color");
-      in<QPushButton>(dialog, "cmdAccept").click();
+      widgetIn<QPushButton>(dialog, "cmdAccept").click();
     });
-    in<QPushButton>(chest, "cmdColorPalette").click();
-    in<QPushButton>(chest, "cmdExit").click();
+    widgetIn<QPushButton>(chest, "cmdColorPalette").click();
+    widgetIn<QPushButton>(chest, "cmdExit").click();
   });
   mnuCAMSelectTool_Click({session(), database, colors});
   EXPECT_EQ(store().toolcolor[store().selectedtool], 10 | 160 << 8 | 90 << 16);
@@ -157,18 +134,18 @@ TEST_F(ToolDialogsTest, TheTitleBlockFollowsTheHand) {
   applyTheme(testing::toolkit(), /*dark=*/true);
   whenModal([&](QWidget& dialog) {
     EXPECT_EQ(dialog.windowTitle(), "Drawing Title Block");
-    EXPECT_TRUE(in<QRadioButton>(dialog, "optStockMaterial").isChecked());
-    EXPECT_FALSE(in<QLineEdit>(dialog, "txtMaterial").isEnabled());
+    EXPECT_TRUE(widgetIn<QRadioButton>(dialog, "optStockMaterial").isChecked());
+    EXPECT_FALSE(widgetIn<QLineEdit>(dialog, "txtMaterial").isEnabled());
     testing::keepScreenshot(dialog, "title_block_dark");
-    in<QRadioButton>(dialog, "optMM").click();
-    in<QRadioButton>(dialog, "optRoundStock").click();
-    EXPECT_TRUE(in<QLineEdit>(dialog, "txtPartWidth").isHidden());
+    widgetIn<QRadioButton>(dialog, "optMM").click();
+    widgetIn<QRadioButton>(dialog, "optRoundStock").click();
+    EXPECT_TRUE(widgetIn<QLineEdit>(dialog, "txtPartWidth").isHidden());
     EXPECT_EQ(textOf(dialog, "lblPartLength"), "Diameter");
     choose(dialog, "cmbMaterialCategory", "Plastics and Laminates");
     choose(dialog, "cmbMaterial", "Polycarbonate");
-    EXPECT_TRUE(in<QComboBox>(dialog, "cmbHardness").isHidden());
+    EXPECT_TRUE(widgetIn<QComboBox>(dialog, "cmbHardness").isHidden());
     testing::keepScreenshot(dialog, "title_block_round_dark");
-    in<QPushButton>(dialog, "cmdAccept").click();
+    widgetIn<QPushButton>(dialog, "cmdAccept").click();
   });
   DraftingContext& context = program->application().interaction.context;
   mnuOptionsDrawTitleBlock_Click({session(), database, context.viewCommands, context.changes});
