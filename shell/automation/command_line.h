@@ -25,6 +25,7 @@ struct CommandLine {
   double timeout = 0;  // of the script, in seconds; 0: none
   CncMode mode = CncMode::Mill;
   std::string output;  // of the program; empty: where its rules put it
+  std::string setup;   // of the program; empty: the one in force
   std::string picture;
   std::string library;           // of Tools
   bool importsTools = false;     // from it; else they go there
