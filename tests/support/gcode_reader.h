@@ -1,7 +1,7 @@
 // Reads an RS-274-D program as a control does: words are modal, positions are where the last motion
 // ended. Nothing here is shared with the routines that write programs.
-// Owns: GcodeDialect, GcodeMotion, GcodeProgram, GcodeError, readProgram, readCuts, placedCuts,
-//       ReadingTolerance, firstDifference.
+// Owns: GcodeDialect, GcodeMotion, GcodeProgram, GcodeError, readProgram, programLines,
+//       centerByRadius, readCuts, placedCuts, ReadingTolerance, firstDifference.
 #pragma once
 
 #include <stdexcept>

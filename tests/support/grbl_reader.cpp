@@ -11,10 +11,11 @@
 #include <string>
 #include <string_view>
 
+#include "core/conventions.h"
+
 namespace tess::testing {
 namespace {
 
-constexpr double kMillimetresPerInch = 25.4;
 constexpr std::size_t kLongestLine = 79;  // without blanks and comments
 constexpr double kHighestTool = 255;
 constexpr double kHighestLineNumber = 10000000;
