@@ -81,6 +81,7 @@
   CORE(kSaveAsDefaultCommand)                                              \
   CORE(kRevertToDefaultsCommand)                                           \
   CORE(kLoadSetupCommand)                                                  \
+  SHELL(kChooseControlCommand)                                             \
   CORE(kSaveSetupCommand)                                                  \
   CORE(kSaveSetupAsCommand)                                                \
   SHELL(kLoadLayoutCommand)                                                \

@@ -10,7 +10,6 @@
 #include "core/file_system.h"
 #include "core/file_writer.h"
 #include "core/form.h"
-#include "core/lifecycle.h"
 #include "core/setup_file.h"
 #include "core/text.h"
 #include "display/drawing_extents.h"
@@ -120,10 +119,7 @@ void useSetup(Session& session, const std::string& setup) {
     throw JobFailure("the program's folder has no setup " + setup + " (there are " +
                      setupsOf(session.appfolder) + ")");
   }
-  session.setuppath = session.appfolder + name;
-  session.setupplace.clear();
-  load_setup(session);
-  applydefaults(session);
+  changeSetup(session, session.appfolder + name);
 }
 
 constexpr char kForced[] = " (--force writes over it)";
