@@ -48,6 +48,9 @@ class ReportReader : public MotionReader {
   // They take time of their own, which is not counted.
   void note(const ToolChange&) {}
   void note(const RapidMove&) {}
+  void note(const Dwell&) {}
+  void note(const SpindleStop&) {}
+  void note(const SpindleStart&) {}
   void note(const PlungeMove&) {}
   void note(const ProgramStart&) {}
   void note(const ProgramEnd&) { addUp(); }
