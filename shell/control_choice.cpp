@@ -30,11 +30,11 @@ void takeSetup(Session& session, const std::string& setup) {
 }
 
 void tellThatNoneAreListed(Session& session) {
-  session.host.prompts.showMessage({.text = "There are no controls to choose from: " +
-                                            session.appfolder + kControlsName +
-                                            " is not there, or names no setup of that folder.",
-                                    .title = {},
-                                    .icon = MessageIcon::Warning});
+  session.host.prompts.showMessage(
+      {.text = "There are no controls to choose from: " + session.appfolder + kControlsName +
+               " is not there, or names no setup of that folder.",
+       .title = {},
+       .icon = MessageIcon::Warning});
 }
 
 }  // namespace

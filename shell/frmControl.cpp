@@ -17,9 +17,7 @@ constexpr char kExplanation[] =
 }  // namespace
 
 frmControl::frmControl(const std::vector<ControlChoice>& controls, std::string setup)
-    : Form("frmControl", "Control and Units"),
-      controls_(controls),
-      before_(upperCased(setup)) {
+    : Form("frmControl", "Control and Units"), controls_(controls), before_(upperCased(setup)) {
   lblExplanation.setCaption(kExplanation);
   fraUnits.setCaption("Units");
   optUnits[kInch].setCaption("&Inch");

@@ -5,10 +5,12 @@
 #include <cmath>
 #include <string_view>
 
+#include "core/conventions.h"
+
 namespace tess::testing {
 namespace {
 
-constexpr double kHair = 1e-9;
+constexpr double kHair = 1e-6;
 
 // "   12 N..... NAME(1, CANON_XYZ, 0.5)".
 struct CanonCall {
@@ -56,7 +58,7 @@ class CanonMachine {
     const char* name;
     void (CanonMachine::*run)(const CanonCall&);  // null: moves nothing
   };
-  static const Call kCalls[27];
+  static const Call kCalls[29];
 
   [[noreturn]] void stop(const std::string& what) const {
     throw GcodeError("line " + std::to_string(line_) + ": " + what);
@@ -68,7 +70,9 @@ class CanonMachine {
   }
 
   void setUnits(const CanonCall& call) {
-    program.units = call.arguments.at(0) == "CANON_UNITS_INCHES" ? "I" : "M";
+    const bool inch = call.arguments.at(0) == "CANON_UNITS_INCHES";
+    program.units = inch ? "I" : "M";
+    unit_ = inch ? 1 : kMillimetresPerInch;
   }
 
   void setPlane(const CanonCall& call) {
@@ -129,7 +133,7 @@ class CanonMachine {
 
   void move(const GcodeMotion& motion) {
     if (ended) stop("a motion behind the end");
-    if (tool_ != 0 && std::abs(length_ - lengthOfTool(tool_)) > kHair) {
+    if (tool_ != 0 && std::abs(length_ - lengthOfTool(tool_) * unit_) > kHair) {
       stop("a motion with the length of another tool");
     }
     program.motions.push_back(motion);
@@ -140,13 +144,13 @@ class CanonMachine {
   bool lathe_;
   int line_ = 0;
   Vec at_;
-  double z_ = 0, feed_ = 0, spindle_ = 0, length_ = 0;
+  double z_ = 0, feed_ = 0, spindle_ = 0, length_ = 0, unit_ = 1;
   int selected_ = 0, tool_ = 0;
   int turn_ = 0;  // -1 counter-clockwise
   bool planeFits_ = false;
 };
 
-const CanonMachine::Call CanonMachine::kCalls[27] = {
+const CanonMachine::Call CanonMachine::kCalls[29] = {
     {"USE_LENGTH_UNITS", &CanonMachine::setUnits},
     {"SELECT_PLANE", &CanonMachine::setPlane},
     {"SELECT_TOOL", &CanonMachine::selectTool},
@@ -174,6 +178,8 @@ const CanonMachine::Call CanonMachine::kCalls[27] = {
     {"PALLET_SHUTTLE", nullptr},
     {"ON_RESET", nullptr},
     {"COMMENT", nullptr},
+    {"MIST_OFF", nullptr},
+    {"FLOOD_OFF", nullptr},
 };
 
 }  // namespace

@@ -9,7 +9,7 @@
 
 namespace tess::testing {
 
-// In the tool table of the machine, so that a length that is not taken over shows.
+// In the tool table of the machine, in inches, so that a length that is not taken over shows.
 constexpr double lengthOfTool(int tool) {
   return tool / 1000.0;
 }

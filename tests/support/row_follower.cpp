@@ -200,8 +200,13 @@ class RowFollower {
     do {
       if (!stays(motion())) stop("a move across in a hole");
       takeDrillMove(row, floor);
-    } while (!near(deepest_, floor) || z_ < safe() - kHair);
+    } while (!near(deepest_, floor) || z_ < safe() - kHair || pecksOn());
     if (dwells && std::abs(dwelt_ - row.yc) > 1e-4) stop("another dwell");
+  }
+
+  // Down again where the last peck has left a hair of the depth.
+  bool pecksOn() const {
+    return !atEnd() && motion().g == kRapidMotion && stays(motion()) && motion().toZ < 0;
   }
 
   void takeDrillMove(const PathRow& row, double floor) {

@@ -97,6 +97,10 @@ TEST_F(FirstDetour, OfACycle) {
   const std::string first = "G0 X1 Y1\nG1 Z-0.3 F8\nG0 Z0.5\nG0 Z-0.29\nG1 Z-0.5\nG0 Z0.5\n";
   const std::string second = "G0 X2 Y1\nG1 Z-0.2\nG4 P0.5\nG0 Z0.5\n";
   EXPECT_EQ(detourOf(first + second), "");
+  EXPECT_EQ(detourOf("G0 X1 Y1\nG1 Z-0.3 F8\nG0 Z0.5\nG0 Z-0.29\nG1 Z-0.49999\nG0 Z0.5\n"
+                     "G0 Z-0.49\nG1 Z-0.5\nG0 Z0.5\n" +
+                     second),
+            "");
   const struct {
     std::string lines;
     const char* detour;
