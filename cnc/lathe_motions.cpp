@@ -24,8 +24,8 @@ void LatheMotions::changeTool(const PathRow&) {
   changeTo(ToolOccasion::Next);
 }
 
-// Fixed: the current position stays behind; rapids and arcs go by where the last row ended. Only
-// behind a safe change is it known to be elsewhere.
+// Behind a safe change the tool is known to be elsewhere.
+// Fixed: the current position stays behind; rapids and arcs go by where the last row ended.
 void LatheMotions::approach(const PathRow& row) {
   const bool returns = fresh && rules.safeChange;
   if (returns || !isHere(startOf(row))) tell(approachOf(row, curz));

@@ -69,8 +69,8 @@ void MillMotions::moveToFirstRow(const PathRow& row) {
   fresh = false;
 }
 
-// Fixed: a fresh tool goes down at rapid speed unless the rules ask for care; a plunge would change
-// all programs of two tools.
+// Unless the rules ask for more care:
+// Fixed: a fresh tool goes down at rapid speed; a plunge would change all programs of two tools.
 void MillMotions::changeTool(const PathRow& row) {
   if (!rules.safeChange) lift();
   changeTo(ToolOccasion::Next);
@@ -124,8 +124,8 @@ bool MillMotions::knowsHeightAfter(int cycle) const {
   return rules.cyclesReturn || rules.safeChange || !rules.keeps(cycle);
 }
 
-// Fixed: behind a cycle of the control's own the tool counts as standing at the unsigned depth; a
-// row there needs no plunge.
+// Where nothing else is known:
+// Fixed: the tool then counts as standing at the unsigned depth; a row there needs no plunge.
 void MillMotions::runCycle(const PathRow& row) {
   const CycleRun cycle = cycleOf(row);
   const bool kept = rules.keeps(cycle.number);

@@ -125,8 +125,8 @@ void ProgramWriter::block(std::string_view text) {
   text_.endBlock(begin);
 }
 
-// Fixed: of the last program only the feed is forgotten unless tool changes are safe; a word that
-// it left stays unsaid here.
+// Unless tool changes are to be safe:
+// Fixed: of the last program only the feed is forgotten; a word that it left stays unsaid here.
 void ProgramWriter::write(const ProgramStart& start) {
   writeHeading(text_, session_, definition_, mode_, cncfilename_);
   const std::string& units = start.isMetric ? dialect_.unitsMetric : dialect_.unitsInch;
@@ -311,8 +311,8 @@ void ProgramWriter::writeHalves(const ArcMove& circle) {
   writeArc(half, 0);
 }
 
+// A dialect with rules of its own for full circles or long arcs has them right. Without:
 // Fixed: with radius words centres are offsets; full circles have shown them so to every control.
-// A dialect with rules of its own for full circles or long arcs has them right.
 bool ProgramWriter::hasAbsoluteCenters() const {
   const bool ruled = dialect_.fullCircle != FullCircle::Bare || dialect_.rMaxSweep < kFullTurn;
   return definition_.absCenter && (ruled || !format_.useRParam);
