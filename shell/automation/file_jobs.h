@@ -14,7 +14,7 @@ struct CncJob {
   std::string drawing;  // "CDM" is added to a name without an extension
   CncMode mode = CncMode::Mill;
   std::string output;            // of the program; empty: where its rules put it
-  std::string setup;             // by its name in the program's folder; empty: the one in force
+  std::string setup{};           // by its name in the program's folder; empty: the one in force
   bool force = false;            // also over what is no program, and by a damaged definition
   std::string appfolder;         // with its last separator
   std::optional<DateTime> date;  // that the program's clock tells; none: the real one
