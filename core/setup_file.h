@@ -1,8 +1,9 @@
 // Setup files (settings, machine cycles, tool chest), the file that names the one in force, and the
 // branding file, with the option menu's commands around them.
-// Owns: SetupTESS, readSetup, setupText, load_defaults, load_setup, save_defaults, save_setup_As,
-//       readcfg, readBranding, mnuOptionLoadSetup_Click, mnuOptionsSaveSetup_Click,
-//       mnuOptionsSaveSetupAs_Click, mnuOptionsSaveAsDefault_Click, mnuOptionsRevertSaved_Click.
+// Owns: SetupTESS, readSetup, setupText, load_defaults, load_setup, changeSetup, saveBeforeSetup,
+//       save_defaults, save_setup_As, readcfg, readBranding, mnuOptionLoadSetup_Click,
+//       mnuOptionsSaveSetup_Click, mnuOptionsSaveSetupAs_Click, mnuOptionsSaveAsDefault_Click,
+//       mnuOptionsRevertSaved_Click.
 #pragma once
 
 #include <string>

@@ -1,5 +1,6 @@
 // Where the program finds its folder (`appfolder`): setups, definitions, drawings and the log.
-// Owns: FolderRequest, folderRequest, programFolder, isFirstStart, endFirstStart, shippedDataFolder.
+// Owns: FolderRequest, folderRequest, programFolder, isFirstStart, endFirstStart,
+//       shippedDataFolder.
 #pragma once
 
 #include <functional>
