@@ -4,6 +4,7 @@
 // half times that. So are programs of the same motions with line numbers and all keys that ask for
 // care, and drilled ones of as many motions: as cycles of the ISO kind, and as pecks.
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
 #include <cstdint>
@@ -36,18 +37,7 @@ constexpr char kCareful[] =
 constexpr char kIso[] = "CYCLES,ISO,CYCLEPECK,Q,CYCLEDWELL,P\n";
 constexpr char kPecks[] = "CYCLES,EXPAND\n";
 
-const char* definitionOf(Kind kind) {
-  switch (kind) {
-    case Kind::Pockets:
-      return "";
-    case Kind::NumberedPockets:
-      return kCareful;
-    case Kind::IsoHoles:
-      return kIso;
-    case Kind::PeckedHoles:
-      return kPecks;
-  }
-}
+constexpr std::array<const char*, 4> kDefinitions{"", kCareful, kIso, kPecks};
 
 struct Job {
   explicit Job(int motions, Kind kind = Kind::Pockets) {
@@ -56,7 +46,7 @@ struct Job {
     store.cfg_z_plunge_rate = 5;
     store.zstartpos = 0.5F;
     set_num_formats(session);
-    FieldReader reader("bench.msx", definitionOf(kind));
+    FieldReader reader("bench.msx", kDefinitions[static_cast<std::size_t>(kind)]);
     readPostDefinition(session, definition, reader);
     addRows(motions, kind);
   }
