@@ -1,5 +1,5 @@
 // Machine cycles as the moves that they are made of, for controls that know no cycles.
-// Owns: ExpandedCycle, isExpandable, expandCycle.
+// Owns: ExpandedCycle, peckClearance, isExpandable, expandCycle.
 #pragma once
 
 #include <optional>
@@ -17,6 +17,11 @@ struct ExpandedCycle {
   float spindlespeed = 0;
   float clearance = 0;  // above what the peck before has drilled
 };
+
+// How far above the bottom of a drilled peck the next one begins to feed, in drawing units.
+constexpr float peckClearance(bool isMetric) {
+  return isMetric ? 0.25F : 0.01F;
+}
 
 // Whether the cycle of this number can be told so: tapping, and boring that moves aside or waits
 // for the operator's hand, cannot.

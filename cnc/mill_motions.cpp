@@ -12,9 +12,6 @@ namespace tess {
 namespace {
 
 constexpr int kCycleFromStart = 79;
-// How far above the bottom of a drilled peck the next one begins to feed.
-constexpr float kPeckClearanceInch = 0.01F;
-constexpr float kPeckClearanceMetric = 0.25F;
 
 // A control would refuse it, or go up where it is to go down.
 void requireBelow(float bottom, float safe) {
@@ -151,7 +148,7 @@ void MillMotions::expand(const PathRow& row) {
                .plungeFrom = fresh && rules.safeChange ? std::nullopt : rules.plungeFrom,
                .tool = tool,
                .spindlespeed = store.toolspindlespeed[tool - 1],
-               .clearance = isMetric(store) ? kPeckClearanceMetric : kPeckClearanceInch},
+               .clearance = peckClearance(isMetric(store))},
               reader());
 }
 
