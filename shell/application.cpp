@@ -14,6 +14,8 @@
 #include "import/frmDXF.h"
 #include "shell/commands.h"
 #include "shell/layouts.h"
+#include "shell/picture.h"
+#include "shell/printing.h"
 #include "shell/recovery.h"
 #include "tools/dlgColor.h"
 #include "tools/dlgToolPrms.h"
@@ -39,15 +41,27 @@ Application::Application(const Platform& platform)
       ownFeeds_(std::make_unique<SpeedsFeeds>(platform.jetReader)),
       ownColors_(std::make_unique<FormColorDialog>(platform.host.prompts)),
       colors(platform.colors != nullptr ? *platform.colors : *ownColors_),
+      paper(platform.paper),
       reporting_(platform.reporting),
       timers_(platform.screen.timers, platform.reporting),
       session(store, platform.host, listener_),
       interaction(session, {platform.screen.picDrawing, platform.screen.pointer, timers_,
-                            platform.screen.clientArea}) {
+                            platform.screen.clientArea, platform.paper}) {
   wireTools();
+  if (paper != nullptr) wirePaper();
 }
 
 Application::~Application() = default;
+
+// Where nothing is on show, the screen's picture is one that is painted for the purpose.
+void Application::wirePaper() {
+  paper->onDocument = [this](PrintOutput output) { deliverDocument(*this, output); };
+  paper->takeScreenShot = [this] {
+    const SurfaceArea area = interaction.ScreenProxy.surface().area();
+    return paper->bitmapOf({area.width, area.height},
+                           [this](DrawingSurface& surface) { paintPicture(*this, surface); });
+  };
+}
 
 void Application::wireTools() {
   interaction.tools.onToolClick = [this](const std::string& tool) {

@@ -20,6 +20,7 @@
 namespace tess {
 
 class ColorDialog;
+class Paper;
 struct DrawingStore;
 struct KeyStroke;
 class SpeedsFeeds;
@@ -31,6 +32,7 @@ struct Platform {
   ScreenPorts screen;
   std::string jetReader{};        // the program that reads Jet databases; none: they stay unread
   ColorDialog* colors = nullptr;  // null: a form asks
+  Paper* paper = nullptr;         // null: nothing can be printed
 };
 
 // Timers whose ticks are entry points: a failure in one ends in the report.
@@ -87,6 +89,7 @@ class Application {
   DrawingStore& store = *ownStore_;
   SpeedsFeeds& feeds = *ownFeeds_;
   ColorDialog& colors;
+  Paper* const paper;
   PostDefinition definition;
   CncState cnc;
   // There is no window for programs yet: the file is all that comes of one.
@@ -141,6 +144,7 @@ class Application {
   };
 
   void wireTools();
+  void wirePaper();
   void showPropertiesAndTool();
   void showToolInUse();
 

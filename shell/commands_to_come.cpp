@@ -4,30 +4,10 @@
 
 namespace tess {
 
-constexpr ShellCommand kPrintCommand{
-    .info = {.tool = "miPrintPicture",
-             .caption = "&Print Picture...",
-             .menu = {"miFile", 310},
-             .bar = {"barFile", 140}},
-    .run = kNotYet,
-};
-
-constexpr ShellCommand kPrintPreviewCommand{
-    .info = {.tool = "miPrintPreview", .caption = "Print Pre&view", .menu = {"miFile", 320}},
-    .run = kNotYet,
-};
-
 constexpr ShellCommand kCncSetupCommand{
     .info = {.tool = "miG-codeControlSetup",
              .caption = "&G-code Control Setup...",
              .menu = {"miOptions", 120}},
-    .run = kNotYet,
-};
-
-constexpr ShellCommand kPrinterOptionsCommand{
-    .info = {.tool = "miPrinterOptions",
-             .caption = "&Printer Options...",
-             .menu = {"miOptions", 140}},
     .run = kNotYet,
 };
 

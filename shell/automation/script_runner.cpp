@@ -239,7 +239,11 @@ ExitStatus runScriptText(const ScriptJob& job, std::string_view text,
   QuietSurroundings surroundings;
   ScriptHost host(folders, clock, surroundings);
   host.reporting.setFolder(job.appfolder);
-  Application application({host.host, host.reporting, screen.ports, job.jetReader});
+  Application application({.host = host.host,
+                           .reporting = host.reporting,
+                           .screen = screen.ports,
+                           .jetReader = job.jetReader,
+                           .paper = job.paper});
   screen.pointer.onArrival = [&](int pixelX, int pixelY) {
     deliverArrival(application, pixelX, pixelY);
   };

@@ -32,11 +32,14 @@ DesktopProgram::DesktopProgram(const std::string& appfolder, const std::string& 
                     reporting_,
                     {surface_.drawing(), pointer_, timers_, kFirstArea},
                     jetReader,
-                    &colors_}),
+                    &colors_,
+                    &paper_}),
       window_({application_.interaction.tools, application_.interaction.statusBar,
                application_.interaction.forms, gateway_, surface_}) {
   prompts_.setWindow(&window_);
   colors_.setWindow(&window_);
+  paper_.setWindow(&window_);
+  paper_.takeScreenShot = [this] { return bitmapFile(surface_.drawing().picture()); };
   wirePlatform();
   wireSurface();
   wireWindow();

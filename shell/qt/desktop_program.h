@@ -8,6 +8,7 @@
 #include "shell/application.h"
 #include "shell/qt/color_dialog.h"
 #include "shell/qt/main_window.h"
+#include "shell/qt/paper.h"
 #include "shell/qt/ports.h"
 
 namespace tess {
@@ -49,6 +50,7 @@ class DesktopProgram {
   SurfaceWidget surface_;
   DesktopPointer pointer_{surface_};
   DesktopColorDialog colors_;
+  QtPaper paper_;
   Application application_;
   MainWindow window_;
   bool failed_ = false;

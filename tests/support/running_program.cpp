@@ -7,7 +7,9 @@
 
 namespace tess::testing {
 
-RunningProgram::RunningProgram() {
+RunningProgram::RunningProgram(Paper* paper)
+    : application(
+          {.host = platform.host, .reporting = reporting, .screen = screen.ports, .paper = paper}) {
   std::filesystem::copy(TESSIMO_SOURCE_DIR "/tests/scripts/home", home());
   std::filesystem::create_directory(home("CNC"));
   screen.pointer.onArrival = [this](int pixelX, int pixelY) { arrive(pixelX, pixelY); };

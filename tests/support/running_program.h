@@ -14,7 +14,8 @@ namespace tess::testing {
 // Time stands still until pass() is called. A failure of a command stands in
 // reporting.lastReport().
 struct RunningProgram {
-  RunningProgram();
+  // Without paper nothing can be printed.
+  explicit RunningProgram(Paper* paper = nullptr);
   ~RunningProgram();
   RunningProgram(const RunningProgram&) = delete;
   RunningProgram& operator=(const RunningProgram&) = delete;
@@ -42,7 +43,7 @@ struct RunningProgram {
   HuntERR reporting{
       platform.prompts, platform.clock, {.folder = {}, .display = ReportDisplay::None}};
   VirtualScreen screen;
-  Application application{{platform.host, reporting, screen.ports}};
+  Application application;
 
  private:
   void arrive(int pixelX, int pixelY) {
