@@ -14,8 +14,9 @@
 
 namespace tess::testing {
 
-// Answers messages in the order given, then with the first button of the box; cancels file
-// dialogs that nobody prepared, and forms that onForm leaves open.
+// Answers messages in the order given, then with the first button of the box, but No to whether a
+// failed statement shall run again; cancels file dialogs that nobody prepared, and forms that
+// onForm leaves open.
 class RecordingPrompts : public Prompts {
  public:
   RecordingPrompts();
