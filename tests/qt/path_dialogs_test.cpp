@@ -4,7 +4,7 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QListWidget>
+#include <QListView>
 #include <QPushButton>
 #include <QRadioButton>
 #include <filesystem>
@@ -71,15 +71,17 @@ TEST_F(PathDialogsTest, TheEditorAndItsMapFollowTheHand) {
     testing::keepScreenshot(editor, "path_editor_group");
     whenModal([&](QWidget& map) {
       EXPECT_EQ(map.windowTitle(), "Path Segments");
-      auto& list = widgetIn<QListWidget>(map, "lstPathSegments");
-      list.setCurrentRow(1);
+      auto& list = widgetIn<QListView>(map, "lstPathSegments");
+      const auto choose = [&](int row) { list.setCurrentIndex(list.model()->index(row, 0)); };
+      choose(1);
       EXPECT_EQ(widgetIn<QLabel>(map, "lblPathOrSeg").text(), "Path Segment");
       testing::keepScreenshot(map, "path_map");
-      int lastGroup = list.count() - 1;
-      while (!list.item(lastGroup)->text().startsWith("Path Group #")) --lastGroup;
-      list.setCurrentRow(lastGroup);
-      while (list.currentRow() > 0) widgetIn<QPushButton>(map, "cmdPromote").click();
-      EXPECT_TRUE(list.item(0)->isSelected());
+      const auto text = [&](int row) { return list.model()->index(row, 0).data().toString(); };
+      int lastGroup = list.model()->rowCount() - 1;
+      while (!text(lastGroup).startsWith("Path Group #")) --lastGroup;
+      choose(lastGroup);
+      while (list.currentIndex().row() > 0) widgetIn<QPushButton>(map, "cmdPromote").click();
+      EXPECT_TRUE(list.selectionModel()->isSelected(list.model()->index(0, 0)));
       widgetIn<QPushButton>(map, "cmdApply").click();
     });
     widgetIn<QPushButton>(editor, "cmdOrderPaths").click();
