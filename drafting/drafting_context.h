@@ -107,8 +107,8 @@ struct DraftingContext : DraftingParts, KnownCommands {
   CommandRecord command;
   ArcScratch arc;
   PasteBuffer paste;
-  std::vector<SegmentRow> hovering;  // what the armed action shows on the screen
-  FormPreview formPreview;           // and what a form does
+  std::vector<SegmentRow> hovering;        // what the armed action shows on the screen
+  FormPreview formPreview;                 // and what a form does
   std::function<void(Point)> onFormClick;  // of the form that has the clicks in the drawing, if any
   ChangeLog changelog;
   std::unique_ptr<ChangeHost> changeHost;

@@ -272,7 +272,8 @@ PointerEvent atFeature(const DraftingContext& context, PointerEvent event) {
   return event;
 }
 
-// A form that picks in the drawing has the pointer to itself, and the release of its last click too.
+// A form that picks in the drawing has the pointer to itself, and the release of its last click
+// too.
 bool isTheForms(const DraftingContext& context) {
   return context.onFormClick || context.pointer.FormTookPress;
 }

@@ -22,7 +22,7 @@ constexpr int kGrey = 2;              // of a check box
 constexpr int kListedTypes = 3;       // lines and arcs; a cycle only while one is shown
 constexpr std::string_view kCycleType = "8 - Machine Cycle";
 constexpr std::string_view kCycleMark = "8 -";
-constexpr int kOutlineWidth = 3;    // pixels, of what stands out in the drawing
+constexpr int kOutlineWidth = 3;     // pixels, of what stands out in the drawing
 constexpr double kSmallestRing = 6;  // pixels, round a row that is a point
 
 constexpr std::array<const char*, 4> kFindable{"Tool #", "Path Group #", "Z Depth", "Feed Rate"};

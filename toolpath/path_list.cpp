@@ -103,7 +103,8 @@ std::string pathListLine(const DrawingStore& store, int ps, std::string_view len
   for (const std::string& cell :
        {std::to_string(groupCutOff(row.code)), std::to_string(toolIndex(row.code) + 1),
         typeText(row.type), lengthText(row.x1, lengths), lengthText(row.y1, lengths),
-        shownText(PathValue::Depth, row.z, lengths), shownText(PathValue::Feed, row.feed, lengths)}) {
+        shownText(PathValue::Depth, row.z, lengths),
+        shownText(PathValue::Feed, row.feed, lengths)}) {
     line += '\t' + cell;
   }
   return line;

@@ -1,7 +1,6 @@
 // Path rows as lines of a list, and the ways to one of them: by a value that it shows, and by its
 // place in the drawing.
-// Owns: kPathListHeadings, pathListLine, PathValue, findPathRow, pathRowAt,
-//       pathOutlines.
+// Owns: kPathListHeadings, pathListLine, PathValue, findPathRow, pathRowAt, pathOutlines.
 #pragma once
 
 #include <string>

@@ -118,8 +118,7 @@ void ItemsBinding::fitColumns() {
   const QFontMetrics letters(table->font());
   int whole = 2 * table->frameWidth() + table->verticalScrollBar()->sizeHint().width();
   for (int column = 0; column < items_->columnCount(); ++column) {
-    const QString heading =
-        items_->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString();
+    const QString heading = items_->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString();
     const char* const widest = column < 3 ? kWidestCount : kWidestNumber;
     const int width =
         std::max(letters.horizontalAdvance(heading), letters.horizontalAdvance(widest));
@@ -137,11 +136,15 @@ void ItemsBinding::showOwn(Property property) {
     items_->update();
   }
   const QModelIndex wanted = items_->index(list_.index(), 0);
-  if (view_.currentIndex().row() != wanted.row()) {
-    view_.setCurrentIndex(wanted);
-    if (wanted.isValid()) view_.scrollTo(wanted);
-  }
+  if (view_.currentIndex().row() != wanted.row()) makeCurrent(wanted);
   showing_ = false;
+}
+
+// An item out of sight comes to the middle, with its neighbours on both sides.
+void ItemsBinding::makeCurrent(const QModelIndex& item) {
+  const bool inSight = view_.viewport()->rect().contains(view_.visualRect(item).center());
+  view_.setCurrentIndex(item);
+  if (item.isValid() && !inSight) view_.scrollTo(item, QAbstractItemView::PositionAtCenter);
 }
 
 void ItemsBinding::pick(int row) {

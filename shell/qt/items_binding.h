@@ -48,6 +48,7 @@ class ItemsBinding : public ControlBinding {
 
  private:
   void fitColumns();
+  void makeCurrent(const QModelIndex& item);
   void pick(int row);
 
   ListBox& list_;
