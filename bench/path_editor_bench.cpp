@@ -186,9 +186,7 @@ BENCHMARK(nextRow)->Name("PathEditor/next row")->Unit(benchmark::kMicrosecond);
 BENCHMARK(nextRowWithAnEdit)
     ->Name("PathEditor/next row with an edit")
     ->Unit(benchmark::kMicrosecond);
-BENCHMARK(nextRowWithAMove)
-    ->Name("PathEditor/next row with a move")
-    ->Unit(benchmark::kMicrosecond);
+BENCHMARK(nextRowWithAMove)->Name("PathEditor/next row with a move")->Unit(benchmark::kMicrosecond);
 BENCHMARK(applyToGroup)->Name("PathEditor/apply to a group")->Unit(benchmark::kMicrosecond);
 BENCHMARK(findLastRow)->Name("PathEditor/find")->Unit(benchmark::kMicrosecond);
 BENCHMARK(clickInTheDrawing)->Name("PathEditor/click")->Unit(benchmark::kMicrosecond);

@@ -29,7 +29,7 @@ std::string typeText(int type) {
     case kCounterClockwiseArc:
       return "CCW Arc";
     default:
-      return (type < kFirstShownCycle ? "Type " : "G") + std::to_string(type);
+      return (type < kFirstShownCycle ? "Type " : "Cycle ") + std::to_string(type);
   }
 }
 

@@ -125,7 +125,7 @@ TEST_F(PathDialogsTest, TheTableShowsItsRowsInColumns) {
     ASSERT_EQ(rows.columnCount(), 8);
     EXPECT_EQ(rows.headerData(4, Qt::Horizontal).toString(), "End X");
     EXPECT_EQ(rows.index(0, 0).data().toString(), "1");
-    EXPECT_EQ(rows.index(0, 3).data().toString(), "G81");
+    EXPECT_EQ(rows.index(0, 3).data().toString(), "Cycle 81");
     EXPECT_EQ(rows.index(0, 7).data().toString(), "8");
     EXPECT_EQ(table.currentIndex().row(), 0);
     table.setCurrentIndex(rows.index(200, 2));

@@ -48,8 +48,8 @@ TEST(PathListLine, NamesEachKindOfRow) {
     const std::size_t start = line.find("\t1\t1\t") + 5;
     shown.push_back(line.substr(start, line.find('\t', start) - start));
   }
-  EXPECT_EQ(shown,
-            (Texts{"Rapid", "Line", "CW Arc", "CCW Arc", "Type 4", "Type 78", "G79", "G89"}));
+  EXPECT_EQ(shown, (Texts{"Rapid", "Line", "CW Arc", "CCW Arc", "Type 4", "Type 78", "Cycle 79",
+                          "Cycle 89"}));
 }
 
 TEST(PathListLine, OfANumberThatIsNoneIsALineAllTheSame) {
