@@ -476,6 +476,18 @@ TEST_F(EditPath, TheLastToolAndGroupFit) {
   EXPECT_EQ(codes(), std::vector{29999});
 }
 
+TEST_F(EditPath, ARowNumberThatDoesNotFitIsToldAndNothingIsSaved) {
+  addRows({100});
+  open();
+  form.txtps.setText("99999999999");
+  form.txtpsz.setText("-2");
+  expectNoStep(*this, [this] {
+    bool ok = true;
+    form.savePathFields(0, ok);
+  });
+  EXPECT_EQ(message().text, "Error Saving Path Data:  Overflow");
+}
+
 TEST_F(EditPath, ANumberThatIsTooLargeStaysOutAndTheRestIsSaved) {
   addRows({100});
   open();
@@ -539,6 +551,19 @@ TEST_F(EditPath, AGroupNumberTypedBeforeTheScopeRenumbersTheGroup) {
   form.optApplyToGroup.setValue(true);
   form.cmdAccept.press();
   EXPECT_EQ(codes(), (std::vector{100, 705, 706}));
+}
+
+TEST_F(EditPath, ANameThatWasNotChangedDoesNotGoAlongToAnotherGroup) {
+  addRows({100, 300});
+  store.pathgroupname[1] = "Outside";
+  store.pathgroupname[3] = "Inside";
+  open();
+  form.txtPathGroup.setText("3");
+  form.cmdRefresh.press();
+  EXPECT_EQ(codes(), (std::vector{300, 300}));
+  EXPECT_EQ(store.pathgroupname[1], "Outside");
+  EXPECT_EQ(store.pathgroupname[3], "Inside");
+  EXPECT_EQ(form.txtPathGroupName.text(), "Inside");
 }
 
 TEST_F(EditPath, GroupScopeIsTheGroupOfTheRowShown) {
