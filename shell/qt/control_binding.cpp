@@ -24,6 +24,7 @@
 #include "shell/frmPDFHelp.h"
 #include "shell/qt/bolt_pane.h"
 #include "shell/qt/icons.h"
+#include "shell/qt/items_binding.h"
 #include "shell/qt/pdf_pane.h"
 #include "shell/qt/prop_list_pane.h"
 
@@ -577,6 +578,7 @@ constexpr std::array kBindings{
     KindOfBinding{ControlKind::CheckBox, bound<CheckBinding, QCheckBox>},
     KindOfBinding{ControlKind::Option, bound<OptionBinding, QAbstractButton>},
     KindOfBinding{ControlKind::List, bound<ListBinding, QListWidget>},
+    KindOfBinding{ControlKind::List, bound<ItemsBinding, QAbstractItemView>},
     KindOfBinding{ControlKind::List, bound<TabsBinding, QTabBar>},
     KindOfBinding{ControlKind::List, boundPropList},
     KindOfBinding{ControlKind::Combo, bound<ComboBinding, QComboBox>},

@@ -36,7 +36,8 @@ qint64 roughTime() {
 // One that outlives the box: a splash or a panel may go while it is open.
 QWidget* DesktopPrompts::owner() const {
   QWidget* const modal = QApplication::activeModalWidget();
-  return modal != nullptr ? modal : window_.data();
+  if (modal != nullptr) return modal;
+  return dialog_ != nullptr ? dialog_.data() : window_.data();
 }
 
 Answer DesktopPrompts::showMessage(const Message& message) {
@@ -53,7 +54,9 @@ std::optional<std::string> DesktopPrompts::chooseFile(const FileRequest& request
 
 void DesktopPrompts::showModal(Form& form) {
   FormWindow window(form, gateway_, owner());
+  const QPointer<QWidget> before = std::exchange(dialog_, &window);
   window.runModal();
+  dialog_ = before;
 }
 
 DateTime DesktopClock::now() {

@@ -36,6 +36,7 @@ class DesktopPrompts : public Prompts {
 
   Gateway& gateway_;
   QPointer<QWidget> window_;
+  QPointer<QWidget> dialog_;  // the last that was opened of those that wait, modal or not
 };
 
 class DesktopClock : public Clock {
