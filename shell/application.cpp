@@ -3,6 +3,7 @@
 
 #include <utility>
 
+#include "cnc/copy_program.h"
 #include "core/drawing_store.h"
 #include "core/lifecycle.h"
 #include "core/version.h"
@@ -43,7 +44,10 @@ Application::Application(const Platform& platform)
       timers_(platform.screen.timers, platform.reporting),
       session(store, platform.host, listener_),
       interaction(session, {platform.screen.picDrawing, platform.screen.pointer, timers_,
-                            platform.screen.clientArea}) {
+                            platform.screen.clientArea}),
+      handOver{session, platform.others != nullptr ? *platform.others : noPrograms_,
+               platform.userfolder, freeSpaceIn},
+      viewer(handOver, interaction.forms, interaction.context, cnc) {
   wireTools();
 }
 
@@ -81,6 +85,7 @@ void Application::load(std::string_view drawing, std::string_view appfolder) {
 bool Application::guarded(std::string_view entry, const std::function<void()>& run) {
   const bool done = reporting_.guarded(entry, run);
   showPropertiesAndTool();
+  viewer.settle();
   settleJournal();
   return done;
 }
@@ -226,6 +231,7 @@ void Application::Listener::rowsRewritten() {
 
 void Application::Listener::drawingReplaced() {
   rowsRewritten();
+  application_.viewer.drawingReplaced();
   application_.interaction.showWholeDrawing();
 }
 

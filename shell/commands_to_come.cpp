@@ -17,22 +17,10 @@ constexpr ShellCommand kPrintPreviewCommand{
     .run = kNotYet,
 };
 
-constexpr ShellCommand kCncSetupCommand{
-    .info = {.tool = "miG-codeControlSetup",
-             .caption = "&G-code Control Setup...",
-             .menu = {"miOptions", 120}},
-    .run = kNotYet,
-};
-
 constexpr ShellCommand kPrinterOptionsCommand{
     .info = {.tool = "miPrinterOptions",
              .caption = "&Printer Options...",
              .menu = {"miOptions", 140}},
-    .run = kNotYet,
-};
-
-constexpr ShellCommand kBrowseCncFileCommand{
-    .info = {.tool = "miBrowseCNCFile", .caption = "&Browse CNC File...", .menu = {"miCAM", 430}},
     .run = kNotYet,
 };
 

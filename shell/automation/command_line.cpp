@@ -294,7 +294,8 @@ ScriptJob scriptJob(const CommandLine& line) {
                 .limits = {},
                 .timeout = line.timeout,
                 .showProgress = line.showProgress,
-                .jetReader = line.jetReader};
+                .jetReader = line.jetReader,
+                .userfolder = userFolder(folderRequest(line.home))};
   if (line.home) job.folders.push_back(*line.home);
   return job;
 }
