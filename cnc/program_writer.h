@@ -8,6 +8,7 @@
 #include "cnc/cnc_line.h"
 #include "cnc/program_motions.h"
 #include "cnc/program_text.h"
+#include "cnc/row_places.h"
 #include "core/session.h"
 
 namespace tess {
@@ -19,13 +20,17 @@ class ProgramWriter : public MotionReader {
   ProgramWriter(const Session& session, const PostDefinition& definition, CncMode mode,
                 const std::string& cncfilename, LastMove& lastmove, std::string& out);
 
+  // From now on it is noted where each path row's text begins and ends. `rows` must outlive the
+  // writer.
+  void recordRows(RowPlaces& rows) { rows_ = &rows; }
+
   // Raises Invalid procedure call for a word that is no number, Overflow for a program of more than
   // 64 MB, at the start also what writeHeading raises.
   void read(const MotionEvent& event) override;
 
  private:
   void write(const ProgramStart& start);
-  void write(const RowStart&) {}
+  void write(const RowStart&);
   void write(const ToolChange& change);
   void write(const RapidMove& move);
   void write(const PlungeMove& move);
@@ -34,6 +39,7 @@ class ProgramWriter : public MotionReader {
   void write(const CycleRun& cycle);
   void write(const ProgramEnd&);
 
+  void endRows();
   void writeFirstTool(const ToolChange& change);
   void writeReturn(const ToolChange& change);
   void selectTool(const ToolChange& change);
@@ -51,6 +57,7 @@ class ProgramWriter : public MotionReader {
   std::string& out_;
   LineFormat format_;
   ProgramText text_;
+  RowPlaces* rows_ = nullptr;  // null: nobody asks, or all have ended
 };
 
 }  // namespace tess

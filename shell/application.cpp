@@ -3,6 +3,7 @@
 
 #include <utility>
 
+#include "cnc/copy_program.h"
 #include "core/drawing_store.h"
 #include "core/lifecycle.h"
 #include "core/version.h"
@@ -46,7 +47,10 @@ Application::Application(const Platform& platform)
       timers_(platform.screen.timers, platform.reporting),
       session(store, platform.host, listener_),
       interaction(session, {platform.screen.picDrawing, platform.screen.pointer, timers_,
-                            platform.screen.clientArea, platform.paper}) {
+                            platform.screen.clientArea, platform.paper}),
+      handOver{session, platform.others != nullptr ? *platform.others : noPrograms_,
+               platform.userfolder, freeSpaceIn},
+      viewer(handOver, interaction.forms, interaction.context, cnc) {
   wireTools();
   if (paper != nullptr) wirePaper();
 }
@@ -95,6 +99,7 @@ void Application::load(std::string_view drawing, std::string_view appfolder) {
 bool Application::guarded(std::string_view entry, const std::function<void()>& run) {
   const bool done = reporting_.guarded(entry, run);
   showPropertiesAndTool();
+  viewer.settle();
   settleJournal();
   return done;
 }
@@ -240,6 +245,7 @@ void Application::Listener::rowsRewritten() {
 
 void Application::Listener::drawingReplaced() {
   rowsRewritten();
+  application_.viewer.drawingReplaced();
   application_.interaction.showWholeDrawing();
 }
 

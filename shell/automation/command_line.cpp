@@ -351,6 +351,7 @@ ScriptJob scriptJob(const CommandLine& line) {
                 .timeout = line.timeout,
                 .showProgress = line.showProgress,
                 .jetReader = line.jetReader,
+                .userfolder = userFolder(folderRequest(line.home)),
                 .paper = line.paper};
   if (line.home) job.folders.push_back(*line.home);
   return job;

@@ -148,7 +148,8 @@ int runDesktop(const DesktopRequest& request, std::vector<std::string> arguments
     return kExitFailed;
   }
   try {
-    DesktopProgram program(programFolder(folderRequest(request.home)), request.jetReader);
+    const FolderRequest folders = folderRequest(request.home);
+    DesktopProgram program(programFolder(folders), request.jetReader, userFolder(folders));
     program.open(request.drawing);
     return program.serve();
   } catch (const RuntimeFailure& failure) {

@@ -114,6 +114,8 @@ ScriptPlayer::ScriptPlayer(const ScriptJob& job, PictureWriter writePicture, con
            {surface_.drawing(), pointer_, timers_, {0, 0, job.size.width, job.size.height}},
            job.jetReader,
            /*colors=*/nullptr,
+           &host_.programs,
+           job.userfolder,
            job.paper}),
       window_({application_.interaction.tools, application_.interaction.statusBar,
                application_.interaction.forms, gateway_, surface_}) {

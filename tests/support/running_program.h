@@ -7,6 +7,7 @@
 #include "shell/commands.h"
 #include "shell/virtual_screen.h"
 #include "tests/support/recording_host.h"
+#include "tests/support/recording_programs.h"
 #include "tests/support/temp_folder.h"
 
 namespace tess::testing {
@@ -39,10 +40,12 @@ struct RunningProgram {
   }
 
   TempFolder home;
+  TempFolder userfolder;
   RecordingHost platform;
   HuntERR reporting{
       platform.prompts, platform.clock, {.folder = {}, .display = ReportDisplay::None}};
   VirtualScreen screen;
+  RecordingPrograms others;
   Application application;
 
  private:
