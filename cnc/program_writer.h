@@ -87,8 +87,8 @@ class ProgramWriter : public MotionReader {
   LineFormat format_;
   ProgramText text_;
   RowPlaces* rows_ = nullptr;  // null: nobody asks, or all have ended
-  bool forgets_;           // what was written before a change of the tool
-  bool inCycles_ = false;  // a run of cycles is still to be cancelled
+  bool forgets_;               // what was written before a change of the tool
+  bool inCycles_ = false;      // a run of cycles is still to be cancelled
 };
 
 }  // namespace tess

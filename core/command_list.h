@@ -82,6 +82,7 @@
   CORE(kSaveAsDefaultCommand)                                              \
   CORE(kRevertToDefaultsCommand)                                           \
   CORE(kLoadSetupCommand)                                                  \
+  SHELL(kChooseControlCommand)                                             \
   CORE(kSaveSetupCommand)                                                  \
   CORE(kSaveSetupAsCommand)                                                \
   SHELL(kLoadLayoutCommand)                                                \

@@ -96,6 +96,10 @@ std::string timeoutError(const std::string& text) {
   return usable ? "" : "'" + text + "' is not a number of seconds, as 60 or 0.5";
 }
 
+std::string emptyError(const std::string& text) {
+  return text.empty() ? "a name is missing" : "";
+}
+
 void addScriptOptions(CLI::App& app, Options& options) {
   app.add_flag("--allow-io", options.line.allowIo,
                "Give the script Lua's io, os and package libraries");
@@ -139,6 +143,11 @@ void addFileOptions(CLI::App& app, Options& options) {
   app.add_option("-o", options.line.output, "Write the program to FILE")
       ->type_name("FILE")
       ->needs(make);
+  app.add_option("--setup", options.line.setup,
+                 "Make the program by this setup of the program's folder and its definition")
+      ->type_name("NAME")
+      ->needs(make)
+      ->check(CLI::Validator(emptyError, ""));
   auto* const plot =
       app.add_option("--plot", options.line.picture,
                      "Write a picture of DRAWING to FILE.png, or to FILE.svg in real units")
@@ -255,6 +264,7 @@ ExitStatus makeProgram(const CommandLine& line, std::ostream& out, std::ostream&
   return makeCncFile({.drawing = line.drawing,
                       .mode = line.mode,
                       .output = line.output,
+                      .setup = line.setup,
                       .force = line.force,
                       .appfolder = programFolder(folderRequest(line.home)),
                       .date = line.date},

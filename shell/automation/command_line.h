@@ -25,6 +25,7 @@ struct CommandLine {
   double timeout = 0;  // of the script, in seconds; 0: none
   CncMode mode = CncMode::Mill;
   std::string output;                // of the program; empty: where its rules put it
+  std::string setup;                 // of the program; empty: the one in force
   std::string picture;               // of Plot; the PDF file of Print
   double scale = 1;                  // of Print: paper over part
   std::optional<std::string> sheet;  // of Print: the name of a paper size

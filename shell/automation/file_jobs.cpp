@@ -11,6 +11,7 @@
 #include "core/file_writer.h"
 #include "core/form.h"
 #include "core/setup_file.h"
+#include "core/text.h"
 #include "display/drawing_extents.h"
 #include "shell/application.h"
 #include "shell/automation/message_buttons.h"
@@ -23,6 +24,7 @@
 namespace tess {
 namespace {
 
+constexpr char kSetupExtension[] = ".MSU";
 constexpr int kRedrawTime = 1000;  // milliseconds: more than the stages of a redraw take
 
 struct ProgramJob {
@@ -30,6 +32,7 @@ struct ProgramJob {
   std::string appfolder;
   PixelSize size;
   std::optional<DateTime> date;
+  std::string setup{};  // empty: the one in force
 };
 
 // A reason why the job cannot be done.
@@ -98,6 +101,26 @@ void load(Application& application, const JobPrompts& prompts, const std::string
   load_Drawing(session);
   // A drawing that does not open leaves the untitled one and a message.
   if (application.store.drawingname.empty()) throw JobFailure(lastOf(prompts.texts));
+}
+
+std::string setupsOf(const std::string& folder) {
+  std::string names;
+  for (const std::string& file : listFolder(folder).files) {
+    if (!upperCased(file).ends_with(kSetupExtension)) continue;
+    names += (names.empty() ? "" : ", ") + file;
+  }
+  return names.empty() ? "none" : names;
+}
+
+// Setups are looked for in the program's folder alone, as everywhere.
+void useSetup(Session& session, const std::string& setup) {
+  std::string folder;
+  const std::string name = splitPath(folder, setup, kSetupExtension);
+  if (!folder.empty() || name.empty() || !fileExists(session.appfolder + name)) {
+    throw JobFailure("the program's folder has no setup " + setup + " (there are " +
+                     setupsOf(session.appfolder) + ")");
+  }
+  changeSetup(session, session.appfolder + name);
 }
 
 constexpr char kForced[] = " (--force writes over it)";
@@ -208,6 +231,7 @@ ExitStatus withProgram(const ProgramJob& job, std::ostream& err,
 ExitStatus withDrawing(const ProgramJob& job, std::ostream& err,
                        const std::function<void(Application&)>& work) {
   return withProgram(job, err, [&](const JobRun& run) {
+    if (!job.setup.empty()) useSetup(run.application.session, job.setup);
     load(run.application, run.prompts, job.file);
     run.timers.advance(kRedrawTime);
     work(run.application);
@@ -246,7 +270,7 @@ ToolImport importToolChest(Application& application, const ToolsJob& job) {
 }  // namespace
 
 ExitStatus makeCncFile(const CncJob& job, std::ostream& out, std::ostream& err) {
-  return withDrawing({job.drawing, job.appfolder, {}, job.date}, err,
+  return withDrawing({job.drawing, job.appfolder, {}, job.date, job.setup}, err,
                      [&](Application& application) {
                        const std::string file = make(application, job);
                        if (job.output.empty()) out << file << '\n';

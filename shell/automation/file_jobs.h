@@ -14,14 +14,15 @@ struct CncJob {
   std::string drawing;  // "CDM" is added to a name without an extension
   CncMode mode = CncMode::Mill;
   std::string output;            // of the program; empty: where its rules put it
+  std::string setup{};           // by its name in the program's folder; empty: the one in force
   bool force = false;            // also over what is no program, and by a damaged definition
   std::string appfolder;         // with its last separator
   std::optional<DateTime> date;  // that the program's clock tells; none: the real one
 };
 
 // Loads the drawing and writes its program, whose path goes to `out` unless it was given. A drawing
-// that does not load, or has no paths, gives one line on `err`; so does a program that would take
-// the place of something else, or be made by a damaged definition.
+// that does not load, or has no paths, gives one line on `err`; so do a setup that is not there,
+// and a program that would take the place of something else, or be made by a damaged definition.
 ExitStatus makeCncFile(const CncJob& job, std::ostream& out, std::ostream& err);
 
 struct ToolsJob {

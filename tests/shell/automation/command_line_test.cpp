@@ -45,6 +45,9 @@ TEST(CommandLine, ProgramsOfDrawings) {
   const CommandLine lathe = parseCommandLine({"--make-cnc", "lathe", "part.cdm", "-o", "out.nc"});
   EXPECT_EQ(lathe.mode, CncMode::Lathe);
   EXPECT_EQ(lathe.output, "out.nc");
+  EXPECT_EQ(lathe.setup, "");
+  EXPECT_EQ(parseCommandLine({"--make-cnc", "mill", "part.cdm", "--setup", "other"}).setup,
+            "other");
 }
 
 TEST(CommandLine, PrintsOfDrawings) {
@@ -129,7 +132,7 @@ TEST(CommandLine, HelpAndVersionAreDoneWithText) {
   }
   const std::string help = parseCommandLine({"--help"}).text;
   for (const char* option : {"--run", "--play", "--make-cnc", "--plot", "--size", "--date",
-                             "--home", "--allow-io", "--version", "-o"}) {
+                             "--home", "--allow-io", "--version", "--setup", "-o"}) {
     EXPECT_NE(help.find(option), std::string::npos) << option;
   }
 }
@@ -146,6 +149,8 @@ TEST(CommandLine, WrongUsageIsOneLine) {
       {"part.cdm", "--run", "x.lua"},
       {"-o", "out.nc"},
       {"-o", "out.nc", "part.cdm"},
+      {"--setup", "other", "part.cdm"},
+      {"--setup", "other", "--run", "x.lua"},
       {"--allow-io"},
       {"--home"},
       {"--make-cnc", "mill", "part.cdm", "-o"},
