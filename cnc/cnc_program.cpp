@@ -35,13 +35,28 @@ std::string outputFolder(const DrawingStore& store) {
   return usable ? withSeparator(wanted) : store.drawingpath;
 }
 
-// The file to show. Unlike the output folder it does not ask whether the path exists.
-std::string shownFile(const DrawingStore& store) {
+// The name under which the program is shown, where its folder is the one that the setting names.
+std::string shownName(const DrawingStore& store) {
   const std::string_view name = store.drawingname;
   const std::size_t stem = name.size() - std::min(name.size(), kExtensionLength);
   const std::string folder =
       isBlank(store.cncoutputpath) ? store.drawingpath : withSeparator(store.cncoutputpath);
   return folder + std::string(name.substr(0, stem)) + ".cnc";
+}
+
+// What is shown is the file that was written, also where the setting leads elsewhere by now, or
+// another file has the same name in other letters.
+std::string shownFile(const DrawingStore& store) {
+  const std::string written = programFile(store);
+  const std::string shown = shownName(store);
+  return isSameFile(shown, written) ? shown : written;
+}
+
+std::string folderNotice(const DrawingStore& store) {
+  const std::string& wanted = store.cncoutputpath;
+  if (isBlank(wanted) || folderExists(wanted)) return {};
+  return "The folder for CNC files is missing: " + wanted +
+         ". The file is in the drawing's folder.";
 }
 
 // False when the operator cancels.
@@ -87,7 +102,9 @@ void makeAndShow(Session& session, const PostDefinition& definition, CncState& s
   }
   session.listener.clearUndoMenu();
   if (!make_cnc(session, definition, state, mode)) return;
-  if (!session.store.drawingname.empty()) viewer.showFile(shownFile(session.store));
+  if (!session.store.drawingname.empty()) {
+    viewer.showFile(shownFile(session.store), folderNotice(session.store));
+  }
 }
 
 }  // namespace
@@ -97,7 +114,10 @@ std::string programText(const Session& session, const PostDefinition& definition
   std::string out;
   out.reserve(kBytesPerRow * static_cast<std::size_t>(session.store.NumPathSegments));
   ProgramWriter writer(session, definition, mode, state.cncfilename, state.lastmove, out);
+  state.made = {};
+  if (state.keepsMade) writer.recordRows(state.made.rows);
   tellMotions(session.store, mode, writer, motionRules(definition.dialect));
+  if (state.keepsMade) state.made.text = checksumOf(out);
   return out;
 }
 

@@ -16,6 +16,7 @@
   CORE(kDeleteFileCommand)                                                 \
   SHELL(kPrintCommand)                                                     \
   SHELL(kPrintPreviewCommand)                                              \
+  SHELL(kPrintToScaleCommand)                                              \
   CORE(kExitCommand)                                                       \
                                                                            \
   DRAFTING(kUndoCommand)                                                   \

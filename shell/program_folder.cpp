@@ -34,16 +34,22 @@ bool holdsProgram(const std::string& folder) {
   return fileExists(folder + kSetupPointer);
 }
 
-// $XDG_DATA_HOME counts only as an absolute path, as its convention demands.
-std::string userDataFolder(const FolderRequest& request) {
-  const std::optional<std::string> data = request.environment("XDG_DATA_HOME");
-  if (data && fs::path(*data).is_absolute()) return withSeparator(*data) + "tessimo/";
+// The program's part of a folder that a variable names, else one in the home folder; nothing
+// without either. The variable counts only as an absolute path, as its convention demands.
+std::optional<std::string> folderOfUser(const FolderRequest& request, const char* variable,
+                                        const char* inHome) {
+  const std::optional<std::string> named = request.environment(variable);
+  if (named && fs::path(*named).is_absolute()) return withSeparator(*named) + "tessimo/";
   const std::optional<std::string> home = request.environment("HOME");
-  if (!home) {
-    throw RuntimeFailure(FailureNumber::PathNotFound, {},
-                         "There is no home folder; name one with --home");
-  }
-  return withSeparator(*home) + ".local/share/tessimo/";
+  if (!home) return std::nullopt;
+  return withSeparator(*home) + inHome + "/tessimo/";
+}
+
+std::string userDataFolder(const FolderRequest& request) {
+  const std::optional<std::string> folder = folderOfUser(request, "XDG_DATA_HOME", ".local/share");
+  if (folder) return *folder;
+  throw RuntimeFailure(FailureNumber::PathNotFound, {},
+                       "There is no home folder; name one with --home");
 }
 
 // What an operator has changed stays.
@@ -163,6 +169,10 @@ std::string programFolder(const FolderRequest& request) {
   std::string folder = chosenFolder(request);
   if (!folderExists(folder + kDrawingFolder)) makeDrawingFolder(folder + kDrawingFolder);
   return folder;
+}
+
+std::string userFolder(const FolderRequest& request) {
+  return folderOfUser(request, "XDG_CONFIG_HOME", ".config").value_or("");
 }
 
 bool isFirstStart(const FolderRequest& request, const std::string& folder) {

@@ -11,6 +11,7 @@
 
 #include "core/date_text.h"
 #include "core/version.h"
+#include "display/scaled_print.h"
 #include "shell/automation/file_jobs.h"
 #include "shell/automation/reports.h"
 #include "shell/program_folder.h"
@@ -33,6 +34,8 @@ struct Options {
   std::string mode;
   std::string size;
   std::string date;
+  std::string scale;
+  std::string sheet;
   std::vector<std::string> tools;  // what to do, and the file
 };
 
@@ -70,6 +73,19 @@ std::string dateError(const std::string& text) {
   return "'" + text + "' is not a date as 2026-03-09, 2026-03-09T14:05 or 2026-03-09T14:05:07";
 }
 
+std::string scaleError(const std::string& text) {
+  if (readPrintScale(text)) return {};
+  return "'" + text + "' is not a scale above 0, as 1, 0.5, 1:2 or 2:1";
+}
+
+std::string paperError(const std::string& text) {
+  if (paperNamed(text) != nullptr) return {};
+  std::string names;
+  for (const PaperSize& size : paperSizes())
+    names += (names.empty() ? "" : ", ") + std::string(size.name);
+  return "'" + text + "' is not one of " + names;
+}
+
 // A number of seconds that the clock can count.
 std::string timeoutError(const std::string& text) {
   constexpr double kLongest = 1e9;
@@ -99,6 +115,25 @@ void addScriptOptions(CLI::App& app, Options& options) {
       ->check(CLI::Validator(timeoutError, ""));
 }
 
+void addPrintOptions(CLI::App& app, Options& options) {
+  auto* const print = app.add_option("--print", options.line.picture,
+                                     "Write DRAWING to FILE.pdf, to scale and on as many sheets as "
+                                     "it takes")
+                          ->type_name("FILE.pdf")
+                          ->excludes(kRun)
+                          ->excludes(kPlay)
+                          ->excludes("--make-cnc")
+                          ->excludes("--plot");
+  app.add_option("--scale", options.scale, "Scale of --print, paper to part; 1:1 without it")
+      ->type_name("S|S:S")
+      ->check(CLI::Validator(scaleError, ""))
+      ->needs(print);
+  app.add_option("--paper", options.sheet, "Sheets of --print; those of the page set-up without it")
+      ->type_name("NAME")
+      ->check(CLI::Validator(paperError, ""))
+      ->needs(print);
+}
+
 void addFileOptions(CLI::App& app, Options& options) {
   auto* const make = app.add_option("--make-cnc", options.mode, "Write the CNC program of DRAWING")
                          ->type_name("mill|lathe")
@@ -114,11 +149,13 @@ void addFileOptions(CLI::App& app, Options& options) {
       ->needs(make)
       ->check(CLI::Validator(emptyError, ""));
   auto* const plot =
-      app.add_option("--plot", options.line.picture, "Write a picture of DRAWING to FILE.png")
-          ->type_name("FILE.png")
+      app.add_option("--plot", options.line.picture,
+                     "Write a picture of DRAWING to FILE.png, or to FILE.svg in real units")
+          ->type_name("FILE.png|svg")
           ->excludes(kRun)
           ->excludes(kPlay)
           ->excludes(make);
+  addPrintOptions(app, options);
   app.add_option("--tools", options.tools,
                  "Write the tools of the setup to FILE.csv or FILE.tbl, or take its tools over")
       ->type_name("export|import FILE")
@@ -173,10 +210,10 @@ void settleTools(const CLI::App& app, Options& options) {
   line.library = options.tools.back();
 }
 
-void settleDrawing(Options& options, bool plots) {
+void settleDrawing(Options& options, const char* option, Job job) {
   CommandLine& line = options.line;
-  if (line.drawing.empty()) throw CLI::RequiresError(plots ? "--plot" : "--make-cnc", "DRAWING");
-  line.job = plots ? Job::Plot : Job::MakeCnc;
+  if (line.drawing.empty()) throw CLI::RequiresError(option, "DRAWING");
+  line.job = job;
   line.mode = options.mode == "lathe" ? CncMode::Lathe : CncMode::Mill;
 }
 
@@ -186,6 +223,7 @@ void settle(const CLI::App& app, Options& options) {
   const bool plays = app.count(kPlay) > 0;
   const bool plots = app.count("--plot") > 0;
   const bool makes = app.count("--make-cnc") > 0;
+  const bool prints = app.count("--print") > 0;
   if (app.count("--home") > 0) line.home = options.home;
   if (app.count(kRun) > 0) line.job = Job::RunScript;
   if (plays) line.job = Job::PlayScript;
@@ -195,12 +233,17 @@ void settle(const CLI::App& app, Options& options) {
   if (isGiven(app, "--size", scripts || plots, "--run or --plot"))
     line.size = *sizeIn(options.size);
   const bool exchanges = app.count("--tools") > 0;
-  isGiven(app, "--force", plots || makes || exchanges, "--make-cnc, --plot or --tools");
+  isGiven(app, "--force", plots || makes || prints || exchanges,
+          "--make-cnc, --plot, --print or --tools");
   if (isGiven(app, "--date", scripts || plots || makes, "--run, --make-cnc or --plot")) {
     line.date = momentIn(options.date);
   }
+  if (!options.scale.empty()) line.scale = *readPrintScale(options.scale);
+  if (!options.sheet.empty()) line.sheet = options.sheet;
   if (exchanges) settleTools(app, options);
-  if (plots || makes) settleDrawing(options, plots);
+  if (plots) settleDrawing(options, "--plot", Job::Plot);
+  if (prints) settleDrawing(options, "--print", Job::Print);
+  if (makes) settleDrawing(options, "--make-cnc", Job::MakeCnc);
 }
 
 CommandLine printAndExit(const CLI::App& app, const CLI::ParseError& error) {
@@ -239,6 +282,17 @@ ExitStatus plotDrawing(const CommandLine& line, const PictureWriter& writePictur
                    writePicture, err);
 }
 
+ExitStatus printDrawing(const CommandLine& line, std::ostream& err) {
+  return writePrint({.drawing = line.drawing,
+                     .file = line.picture,
+                     .scale = line.scale,
+                     .sheet = line.sheet,
+                     .force = line.force,
+                     .appfolder = programFolder(folderRequest(line.home)),
+                     .paper = line.paper},
+                    err);
+}
+
 ExitStatus exchangeToolChest(const CommandLine& line, std::ostream& out, std::ostream& err) {
   return exchangeTools({.file = line.library,
                         .imports = line.importsTools,
@@ -265,6 +319,8 @@ ExitStatus runJob(const CommandLine& line, const PictureWriter& writePicture, st
       return makeProgram(line, out, err);
     case Job::Plot:
       return plotDrawing(line, writePicture, err);
+    case Job::Print:
+      return printDrawing(line, err);
     case Job::Tools:
       return exchangeToolChest(line, out, err);
     case Job::Window:
@@ -304,7 +360,9 @@ ScriptJob scriptJob(const CommandLine& line) {
                 .limits = {},
                 .timeout = line.timeout,
                 .showProgress = line.showProgress,
-                .jetReader = line.jetReader};
+                .jetReader = line.jetReader,
+                .userfolder = userFolder(folderRequest(line.home)),
+                .paper = line.paper};
   if (line.home) job.folders.push_back(*line.home);
   return job;
 }

@@ -17,6 +17,7 @@
 #include "shell/automation/message_buttons.h"
 #include "shell/automation/reports.h"
 #include "shell/automation/script_host.h"
+#include "shell/printing.h"
 #include "shell/virtual_screen.h"
 #include "tools/tool_library.h"
 
@@ -158,15 +159,38 @@ void showAll(Application& application) {
   if (!all) application.interaction.viewCommands.ZoomExtents();
 }
 
-void plot(Application& application, const PlotJob& job, const PictureWriter& writePicture) {
+// The full path of a picture or print; an extension is added to a name without one.
+std::string pathBeside(const Application& application, const std::string& file, bool force,
+                       const char* extension) {
   std::string folder;
-  const std::string name = splitPath(folder, job.picture, "PNG");
-  if (!job.force && isOfDrawing(application.store, folder + name)) {
-    throw JobFailure(job.picture + " is a file of the drawing itself" + kForced);
+  const std::string name = splitPath(folder, file, extension);
+  std::string path = folder + name;
+  if (!force && isOfDrawing(application.store, path)) {
+    throw JobFailure(file + " is a file of the drawing itself" + kForced);
   }
+  return path;
+}
+
+void plot(Application& application, const PlotJob& job, const PictureWriter& writePicture) {
+  const std::string path = pathBeside(application, job.picture, job.force, "PNG");
   application.store.showpaths = 1;
+  if (isVectorPicture(path)) return writeVectorPicture(application.session, path);
+  if (!writePicture) throw JobFailure("this program writes no pictures");
   showAll(application);
-  writePicture(application, folder + name, job.size);
+  writePicture(application, path, job.size);
+}
+
+void print(Application& application, const PrintJob& job) {
+  if (job.paper == nullptr) throw JobFailure("this program prints nothing");
+  const Session& session = application.session;
+  const std::string path = pathBeside(application, job.file, job.force, "PDF");
+  application.store.showpaths = 1;
+  ScaledPrint print;
+  print.scale = job.scale;
+  print.page = pageSetupOf(session);
+  if (job.sheet) print.page.paper = paperNamed(*job.sheet)->name;
+  job.paper->compose(scaledDocument(session, print));
+  writeFile(session.host.guard, path, FileKind::Picture, job.paper->pdf());
 }
 
 // A program that has been brought up for a job.
@@ -270,12 +294,14 @@ ExitStatus exchangeTools(const ToolsJob& job, std::ostream& out, std::ostream& e
   return result.problems.empty() ? status : ExitStatus::JobFailed;
 }
 
+ExitStatus writePrint(const PrintJob& job, std::ostream& err) {
+  return withDrawing({job.drawing, job.appfolder, {}, {}}, err,
+                     [&](Application& application) { print(application, job); });
+}
+
 ExitStatus writePlot(const PlotJob& job, const PictureWriter& writePicture, std::ostream& err) {
   return withDrawing({job.drawing, job.appfolder, job.size, job.date}, err,
-                     [&](Application& application) {
-                       if (!writePicture) throw JobFailure("this program writes no pictures");
-                       plot(application, job, writePicture);
-                     });
+                     [&](Application& application) { plot(application, job, writePicture); });
 }
 
 }  // namespace tess

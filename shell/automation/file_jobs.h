@@ -1,5 +1,5 @@
 // Jobs on single files that need neither a window nor a script.
-// Owns: CncJob, makeCncFile, ToolsJob, exchangeTools, PlotJob, writePlot.
+// Owns: CncJob, makeCncFile, ToolsJob, exchangeTools, PrintJob, writePrint, PlotJob, writePlot.
 #pragma once
 
 #include <iosfwd>
@@ -37,9 +37,22 @@ struct ToolsJob {
 // job; the others are taken. Failures as above.
 ExitStatus exchangeTools(const ToolsJob& job, std::ostream& out, std::ostream& err);
 
+struct PrintJob {
+  std::string drawing;
+  std::string file;                  // "PDF" is added to a name without an extension
+  double scale = 1;                  // paper over part
+  std::optional<std::string> sheet;  // a paper size; none: that of the page set-up
+  bool force = false;                // also over a file of the drawing
+  std::string appfolder;             // with its last separator
+  Paper* paper = nullptr;
+};
+
+// Loads the drawing and writes it with its paths to a PDF file, to scale. Failures as above.
+ExitStatus writePrint(const PrintJob& job, std::ostream& err);
+
 struct PlotJob {
   std::string drawing;
-  std::string picture;  // "PNG" is added to a name without an extension
+  std::string picture;  // "PNG" is added to a name without an extension; .svg: in real units
   bool force = false;   // also over a file of the drawing
   PixelSize size;
   std::string appfolder;         // with its last separator

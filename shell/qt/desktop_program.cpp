@@ -2,6 +2,7 @@
 #include "shell/qt/desktop_program.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <iostream>
 #include <optional>
 
@@ -27,18 +28,24 @@ PointerEvent pointerEvent(int button, int shift, float x, float y) {
 
 }  // namespace
 
-DesktopProgram::DesktopProgram(const std::string& appfolder, const std::string& jetReader)
+DesktopProgram::DesktopProgram(const std::string& appfolder, const std::string& jetReader,
+                               const std::string& userfolder)
     : appfolder_(appfolder),
       reporting_(prompts_, clock_, ErrorReporting{.folder = appfolder}),
       application_({host_,
                     reporting_,
                     {surface_.drawing(), pointer_, timers_, kFirstArea},
                     jetReader,
-                    &colors_}),
+                    &colors_,
+                    &programs_,
+                    userfolder,
+                    &paper_}),
       window_({application_.interaction.tools, application_.interaction.statusBar,
                application_.interaction.forms, gateway_, surface_}) {
   prompts_.setWindow(&window_);
   colors_.setWindow(&window_);
+  paper_.setWindow(&window_);
+  paper_.takeScreenShot = [this] { return bitmapFile(surface_.drawing().picture()); };
   wirePlatform();
   wireSurface();
   wireWindow();
@@ -120,6 +127,9 @@ void DesktopProgram::wireWindow() {
   };
   application_.onCaptionChanged = [this] {
     window_.setWindowTitle(QString::fromStdString(application_.caption()));
+  };
+  application_.viewer.form.onCopyText = [](const std::string& text) {
+    QApplication::clipboard()->setText(QString::fromStdString(text));
   };
   application_.onCustomize = [this] { customizeWindow(window_, gateway_); };
 }

@@ -8,6 +8,7 @@
 #include "shell/application.h"
 #include "shell/qt/color_dialog.h"
 #include "shell/qt/main_window.h"
+#include "shell/qt/paper.h"
 #include "shell/qt/ports.h"
 
 namespace tess {
@@ -15,8 +16,10 @@ namespace tess {
 class DesktopProgram {
  public:
   // `appfolder` ends with a separator. The toolkit's application exists already.
-  // `jetReader` reads Jet databases; "" for none.
-  explicit DesktopProgram(const std::string& appfolder, const std::string& jetReader = {});
+  // `jetReader` reads Jet databases; "" for none. `userfolder` keeps what belongs to this user
+  // alone; "": nothing is kept.
+  explicit DesktopProgram(const std::string& appfolder, const std::string& jetReader = {},
+                          const std::string& userfolder = {});
 
   // Shows the main window and loads as at the program's start, with the drawing named, "" for none.
   // A first start asks for the control and the units. False when the program cannot go on.
@@ -46,10 +49,12 @@ class DesktopProgram {
   DesktopTimers timers_{gateway_};
   HuntERR reporting_;
   NoGuard guard_;
+  LocalPrograms programs_;
   Host host_{prompts_, clock_, surroundings_, reporting_, guard_};
   SurfaceWidget surface_;
   DesktopPointer pointer_{surface_};
   DesktopColorDialog colors_;
+  QtPaper paper_;
   Application application_;
   MainWindow window_;
   bool failed_ = false;
