@@ -89,7 +89,7 @@ void Application::wireTools() {
 void Application::start(std::string_view drawing, std::string_view appfolder) {
   interaction.tools.openBand("barStatistics");
   Main(session, drawing, appfolder);
-  showToolInUse();
+  showFigures();
 }
 
 void Application::load(std::string_view drawing, std::string_view appfolder) {
@@ -110,11 +110,12 @@ void Application::showPropertiesAndTool() {
     reporting_.guarded("frmMain.UpdatePropertyWindow()",
                        [this] { interaction.UpdatePropertyWindow(); });
   }
-  showToolInUse();
+  showFigures();
 }
 
-void Application::showToolInUse() {
+void Application::showFigures() {
   interaction.statusBar.setPanel(StatusPanel::Tool, toolInUseText(session));
+  pathTotals.settle();
 }
 
 void Application::keepJournal() {
@@ -259,6 +260,7 @@ void Application::Listener::brandingRead() {
 
 void Application::Listener::load_xsetup() {
   tess::load_xsetup(application_.session, application_.definition);
+  application_.pathTotals.markStale();
 }
 
 void Application::Listener::closeMainWindow() {
