@@ -83,6 +83,7 @@ void clearForLoading(Session& session) {
   store.NumSegments = 0;
   store.NumPathSegments = 0;
   store.pathgroupname.fill({});
+  session.pathJobs.clear();
   store.xorigin = 1;
   store.yorigin = 1;
   store.zorigin = -1;
