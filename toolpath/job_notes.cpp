@@ -37,6 +37,8 @@ std::vector<JobLoop> jobLoops(const JobWalls& walls) {
 
 void noteJob(CamContext& cam, JobKind kind, double distance, const JobWalls& walls) {
   const DrawingStore& store = cam.store;
+  const bool needsWalls = kind != JobKind::OnTheLine && kind != JobKind::None;
+  if (needsWalls && walls.loops.empty()) return;
   if (!hasRows(store, store.currentpathgroup)) return;
   const bool turns = kind == JobKind::Lathe;
   cam.context.session.pathJobs.note(

@@ -18,7 +18,8 @@ struct JobWalls {
 };
 
 // Notes the job of the current path group, cut by the tool in use. To be called when its rows are
-// in the table; a group without rows has no job. `distance` is that of the rows from the walls.
+// in the table; a group without rows has no job, and neither has one whose walls are not known.
+// `distance` is that of the rows from the walls.
 void noteJob(CamContext& cam, JobKind kind, double distance, const JobWalls& walls = {});
 
 std::vector<JobLoop> jobLoops(const JobWalls& walls);

@@ -8,8 +8,8 @@
 #include <utility>
 
 #include "core/drawing_store.h"
-#include "geometry/end_point_index.h"
 #include "geometry/row_entity.h"
+#include "toolpath/connected_rows.h"
 
 namespace tess {
 namespace {
@@ -45,47 +45,6 @@ void judgeByRecord(ProofGroup& group, const PathJob& job) {
 }
 
 // ---- By the rows
-
-// Rows that hang together, in the order of the lowest row of each.
-std::vector<std::vector<Entity>> connectedRows(const DrawingStore& store) {
-  std::vector<Entity> rows;
-  for (int sg = 1; sg <= store.NumSegments; ++sg) {
-    if (entityClass(store.segattr[sg]) == kOrdinaryClass && store.segtype[sg] != kPoint) {
-      rows.push_back(segmentEntity(store, sg));
-    }
-  }
-  EndPointIndex ends(store.cfg_tolerance);
-  ends.reserve(static_cast<int>(rows.size()));
-  for (std::size_t k = rows.size(); k-- > 0;) {
-    ends.update(static_cast<int>(k) + 1, rows[k].start, rows[k].end);
-  }
-  std::vector<std::vector<Entity>> connected;
-  std::vector<bool> taken(rows.size());
-  std::vector<EndMatch> matches;
-  for (std::size_t first = 0; first < rows.size(); ++first) {
-    if (taken[first]) continue;
-    taken[first] = true;
-    std::vector<std::size_t> open{first};
-    std::vector<Entity>& chain = connected.emplace_back();
-    while (!open.empty()) {
-      const Entity row = rows[open.back()];
-      open.pop_back();
-      chain.push_back(row);
-      // A rectangle has no ends: its corners join nothing.
-      if (row.type == kRectangle) continue;
-      for (const Point end : {row.start, row.end}) {
-        ends.rowsAt(end, matches);
-        for (const EndMatch& match : matches) {
-          const auto other = static_cast<std::size_t>(match.row) - 1;
-          if (taken[other] || rows[other].type == kRectangle) continue;
-          taken[other] = true;
-          open.push_back(other);
-        }
-      }
-    }
-  }
-  return connected;
-}
 
 // How much of a way runs inside of a closed outline, outside, and on it.
 struct Runs {
@@ -217,8 +176,8 @@ FreeSpace ProofGroup::freeSpace() const {
 
 std::vector<RegionLoop> closedOutlines(const DrawingStore& store) {
   std::vector<RegionLoop> outlines;
-  for (const std::vector<Entity>& rows : connectedRows(store)) {
-    const OutlineRegion region = regionOf(rows, store.cfg_tolerance);
+  for (const std::vector<int>& rows : connectedRows(store)) {
+    const OutlineRegion region = regionOf(segmentEntities(store, rows), store.cfg_tolerance);
     if (region.fault) continue;
     for (const RegionLoop& loop : region.region.loops()) {
       outlines.push_back(loop.area >= 0 ? loop : reversedLoop(loop));

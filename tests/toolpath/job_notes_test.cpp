@@ -51,16 +51,24 @@ TEST_F(JobNotes, HoldToolAndWalls) {
 
 TEST_F(JobNotes, ALatheToolHasNoRadius) {
   place();
-  noteJob(cam, JobKind::Lathe, 0.1);
+  noteJob(cam, JobKind::Lathe, 0.1, {.loops = {{lineCurve({0, 0}, {1, 0})}}});
   EXPECT_EQ(jobs().at(0)->toolRadius, 0);
 }
 
 TEST_F(JobNotes, NothingIsNotedWhereNothingWasPlaced) {
   place();
   cam.store.currentpathgroup = 5;
-  noteJob(cam, JobKind::Clearing, 0.1);
+  noteJob(cam, JobKind::None, 0.1);
   addPathSegment(cam.store, {.type = kLine, .x1 = 1, .z = -1, .code = pathCode(5, 1)});
   EXPECT_THAT(jobs(), IsEmpty());
+}
+
+TEST_F(JobNotes, WithoutWallsThereIsNoJobThatNeedsThem) {
+  for (const JobKind kind : {JobKind::Clearing, JobKind::Contour, JobKind::Lathe}) {
+    place();
+    noteJob(cam, kind, 0.1);
+    EXPECT_THAT(jobs(), IsEmpty());
+  }
 }
 
 }  // namespace
