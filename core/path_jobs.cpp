@@ -78,7 +78,7 @@ void PathJobs::note(const DrawingStore& store, PathJob job) {
     jobs_.erase(std::find_if(jobs_.begin(), jobs_.end(), isOfGroup));
   }
   job.rowMarks = someMarks(store, job.group);
-  jobs_.push_back(std::move(job));
+  add(std::move(job));
 }
 
 std::vector<const PathJob*> PathJobs::inForce(const DrawingStore& store) const {

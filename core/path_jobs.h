@@ -53,9 +53,16 @@ class PathJobs {
   // The job of the rows that its group has now. Earlier jobs of that number stay, since their rows
   // may come back.
   void note(const DrawingStore& store, PathJob job);
-  void add(PathJob job) { jobs_.push_back(std::move(job)); }
-  void clear() { jobs_.clear(); }
-  bool empty() const { return jobs_.empty(); }
+  void add(PathJob job) {
+    ++notes_;
+    jobs_.push_back(std::move(job));
+  }
+  void clear() {
+    ++notes_;
+    jobs_.clear();
+  }
+  // Grows with every job that comes and whenever they are cleared.
+  int notes() const { return notes_; }
 
   // Of each group that has rows and a job, that job, by ascending groups. A number that several
   // jobs had is that of the job most of whose rows are there, of equals the last.
@@ -63,6 +70,7 @@ class PathJobs {
 
  private:
   std::vector<PathJob> jobs_;  // in the order in which they came
+  int notes_ = 0;
 };
 
 }  // namespace tess

@@ -16,6 +16,7 @@
 #include "shell/error_reporting.h"
 #include "shell/frmPDFHelp.h"
 #include "shell/interaction.h"
+#include "shell/proof_watch.h"
 
 namespace tess {
 
@@ -151,6 +152,7 @@ class Application {
  public:
   Session session;
   Interaction interaction;
+  ProofWatch proofWatch{session, interaction, timers_};
   frmPDFHelp help{session};
 
  private:

@@ -13,6 +13,7 @@
 #include "display/redraw_sequence.h"
 #include "display/view_commands.h"
 #include "drafting/drafting_context.h"
+#include "shell/frmPathProof.h"
 #include "shell/frmProperties.h"
 #include "shell/frmStatistics.h"
 #include "toolpath/cam_context.h"
@@ -77,6 +78,7 @@ class Interaction : public ViewHost, public RedrawListener, public DraftingListe
   StatusBar statusBar;
   FormHost forms;
   class frmStatistics frmStatistics;
+  class frmPathProof frmPathProof;
   PictureBoxProxy ScreenProxy;
   View view;
   Renderer renderer;

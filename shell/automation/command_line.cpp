@@ -110,6 +110,12 @@ void addFileOptions(CLI::App& app, Options& options) {
           ->excludes(kRun)
           ->excludes(kPlay)
           ->excludes(make);
+  auto* const check =
+      app.add_flag("--check", "Print the path proof of DRAWING; status 1 when a limit is passed")
+          ->excludes(kRun)
+          ->excludes(kPlay)
+          ->excludes(make)
+          ->excludes(plot);
   app.add_option("--tools", options.tools,
                  "Write the tools of the setup to FILE.csv or FILE.tbl, or take its tools over")
       ->type_name("export|import FILE")
@@ -118,11 +124,12 @@ void addFileOptions(CLI::App& app, Options& options) {
       ->excludes(kRun)
       ->excludes(kPlay)
       ->excludes(make)
-      ->excludes(plot);
+      ->excludes(plot)
+      ->excludes(check);
   app.add_flag("--force", options.line.force,
                "Write the program over any file, and by a damaged definition");
   app.add_option("DRAWING", options.line.drawing,
-                 "The drawing to open, to plot, or to make a program of")
+                 "The drawing to open, to plot, to check, or to make a program of")
       ->excludes(kRun)
       ->excludes(kPlay);
 }
@@ -164,10 +171,15 @@ void settleTools(const CLI::App& app, Options& options) {
   line.library = options.tools.back();
 }
 
-void settleDrawing(Options& options, bool plots) {
+const char* optionOf(Job job) {
+  if (job == Job::Check) return "--check";
+  return job == Job::Plot ? "--plot" : "--make-cnc";
+}
+
+void settleDrawing(Options& options, Job job) {
   CommandLine& line = options.line;
-  if (line.drawing.empty()) throw CLI::RequiresError(plots ? "--plot" : "--make-cnc", "DRAWING");
-  line.job = plots ? Job::Plot : Job::MakeCnc;
+  if (line.drawing.empty()) throw CLI::RequiresError(optionOf(job), "DRAWING");
+  line.job = job;
   line.mode = options.mode == "lathe" ? CncMode::Lathe : CncMode::Mill;
 }
 
@@ -191,7 +203,8 @@ void settle(const CLI::App& app, Options& options) {
     line.date = momentIn(options.date);
   }
   if (exchanges) settleTools(app, options);
-  if (plots || makes) settleDrawing(options, plots);
+  if (app.count("--check") > 0) settleDrawing(options, Job::Check);
+  if (plots || makes) settleDrawing(options, plots ? Job::Plot : Job::MakeCnc);
 }
 
 CommandLine printAndExit(const CLI::App& app, const CLI::ParseError& error) {
@@ -229,6 +242,11 @@ ExitStatus plotDrawing(const CommandLine& line, const PictureWriter& writePictur
                    writePicture, err);
 }
 
+ExitStatus checkDrawing(const CommandLine& line, std::ostream& out, std::ostream& err) {
+  return checkPaths({.drawing = line.drawing, .appfolder = programFolder(folderRequest(line.home))},
+                    out, err);
+}
+
 ExitStatus exchangeToolChest(const CommandLine& line, std::ostream& out, std::ostream& err) {
   return exchangeTools({.file = line.library,
                         .imports = line.importsTools,
@@ -255,6 +273,8 @@ ExitStatus runJob(const CommandLine& line, const PictureWriter& writePicture, st
       return makeProgram(line, out, err);
     case Job::Plot:
       return plotDrawing(line, writePicture, err);
+    case Job::Check:
+      return checkDrawing(line, out, err);
     case Job::Tools:
       return exchangeToolChest(line, out, err);
     case Job::Window:

@@ -13,7 +13,7 @@
 
 namespace tess {
 
-enum class Job { Window, RunScript, PlayScript, MakeCnc, Plot, Tools, PrintAndExit };
+enum class Job { Window, RunScript, PlayScript, MakeCnc, Plot, Check, Tools, PrintAndExit };
 
 struct CommandLine {
   Job job = Job::Window;
