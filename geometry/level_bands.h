@@ -21,6 +21,10 @@ class LevelBands {
  public:
   explicit LevelBands(std::span<const Curve> curves = {});
 
+  // All crossings lie between these.
+  double lowest() const { return lowY_; }
+  double highest() const { return highY_; }
+
   // Of the level `y`, in no order. Replaces the contents of `found`.
   void crossingsAt(double y, std::vector<LevelCrossing>& found) const;
 

@@ -89,6 +89,11 @@ bool wantsLeads(const DrawingStore& store, const OffsetRequest& request, Side si
 
 }  // namespace
 
+Side clickedSide(const CamContext& cam, const OffsetRequest& request) {
+  const Point end = otherEnd(cam.store, request.sg, request.start);
+  return sideOfPath(cam, request, travelledRow(cam.store, request.sg, request.start, end));
+}
+
 Placement::Placement(CamContext& cam, Step step)
     : cam_(cam),
       first_(pathInsertIndex(cam.store, cam.pathInsertMode, cam.pathInsertGroup)),

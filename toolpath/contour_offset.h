@@ -1,5 +1,6 @@
 // Contour offsetting: a chain of drawing rows becomes a chain of path rows beside it.
-// Owns: OffsetRequest, offsetPathChain, PlacedRows, Placement, placePathChain, connectPlacedRows.
+// Owns: OffsetRequest, offsetPathChain, clickedSide, PlacedRows, Placement, placePathChain,
+//       connectPlacedRows.
 #pragma once
 
 #include "drafting/change.h"
@@ -27,6 +28,9 @@ struct OffsetRequest {
 // Places the rows where pathInsertMode says, logs them as one step, and ends the armed action. A
 // failure leaves no row behind.
 void offsetPathChain(CamContext& cam, const OffsetRequest& request);
+
+// The side on which the click puts the path; On within five pixels of the profile.
+Side clickedSide(const CamContext& cam, const OffsetRequest& request);
 
 // Path rows `first` to `last`; none when last is below first.
 struct PlacedRows {

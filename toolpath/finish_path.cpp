@@ -20,6 +20,7 @@
 #include "toolpath/path_groups.h"
 #include "toolpath/path_placement.h"
 #include "toolpath/toolpath_commands.h"
+#include "toolpath/true_finish.h"
 
 namespace tess {
 namespace {
@@ -34,30 +35,11 @@ void beep(CamContext& cam) {
 
 // ---- The passes
 
-// The tool's radius for the finished size; farther out by the clearance, then by steps.
-float passDistance(const DrawingStore& store, int pass) {
-  const float radius = store.toolradius[store.selectedtool];
-  if (pass == 1) return radius;
-  const auto steps = static_cast<float>(pass - 2);
-  return radius + store.cfg_min_rough_clearance + steps * store.cfg_tool_spacing_distance;
-}
-
 // Fixed: an arc lead alone is not checked; no question comes up for it.
 bool checksLeads(const CamContext& cam) {
   const DrawingStore& store = cam.store;
   return cam.PlaceChain != 0 && store.cfg_lead_in_path && store.cfg_lead_in_angle >= 1 &&
          store.cfg_lead_in_length > 0;
-}
-
-Message leadQuestion(float length) {
-  return {.text =
-              "A possible Gouge was detected betweeen the Lead In/Lead Out paths and the "
-              "Finishing Path.  We recommend a Lead In/Out distance of " +
-              plainText(length) +
-              ".\n\nDo you wish to continue using the recommended Lead In/Out distance ?",
-          .title = "Gouge Detected",
-          .icon = MessageIcon::Question,
-          .buttons = MessageButtons::YesNo};
 }
 
 void offerShorterLeads(CamContext& cam, const PlacedRows& rows) {
@@ -140,8 +122,19 @@ bool levelsArePossible(CamContext& cam, const PassRequest& pass) {
                    pass.floor);
 }
 
+// A path on the profile itself is no matter of walls.
+bool goesByWalls(const CamContext& cam, const PassRequest& pass) {
+  return cam.store.cfg_true_paths && cam.PlaceChain != 0 &&
+         clickedSide(cam, pass.offset) != Side::On;
+}
+
 void placeFinishPath(CamContext& cam) {
   PassRequest pass = passRequest(cam);
+  if (goesByWalls(cam, pass)) {
+    placeTrueFinish(cam, {cam.finishSegment, cam.finishStart, pass.offset.click,
+                          static_cast<int>(cam.numFinishPasses)});
+    return;
+  }
   if (!levelsArePossible(cam, pass)) return;
   const BusyPointer busy(cam.context.systemPointer);
   Change change(cam.changes);

@@ -27,6 +27,7 @@
 #include "toolpath/path_placement.h"
 #include "toolpath/pocket_side.h"
 #include "toolpath/row_barrier.h"
+#include "toolpath/true_pocket.h"
 
 namespace tess {
 namespace {
@@ -377,6 +378,10 @@ void parallelSpiralPocket(CamContext& cam, int sg) {
 
 void clickStartRoughing(CamContext& cam) {
   const PointerRecord& pointer = cam.context.pointer;
+  if (cam.store.cfg_true_paths) {
+    ringTruePocket(cam, {pointer.MouseX, pointer.MouseY});
+    return;
+  }
   parallelSpiralPocket(cam, nearestSelectedSeg(cam.store, {pointer.MouseX, pointer.MouseY}));
 }
 

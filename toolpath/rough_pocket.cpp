@@ -18,6 +18,7 @@
 #include "toolpath/scan_lines.h"
 #include "toolpath/scan_run.h"
 #include "toolpath/toolpath_commands.h"
+#include "toolpath/true_pocket.h"
 #include "toolpath/working_outlines.h"
 #include "toolpath/working_rows.h"
 
@@ -162,6 +163,8 @@ void mnuCAMRoughCutPocket_Click(CamContext& cam) {
   cam.roughFloor = roughingFloor(cam.store);
   if (pocketingStyle(cam.store) == PocketingStyle::ParallelSpiral) {
     arm(cam.context, PendingAction::StartRoughing);
+  } else if (cam.store.cfg_true_paths) {
+    roughTruePocket(cam);
   } else if (levelsArePossible(cam)) {
     roughPocket(cam);
   }
