@@ -18,6 +18,7 @@
 #include "shell/error_reporting.h"
 #include "shell/frmPDFHelp.h"
 #include "shell/interaction.h"
+#include "shell/proof_watch.h"
 
 namespace tess {
 
@@ -155,6 +156,7 @@ class Application {
  public:
   Session session;
   Interaction interaction;
+  ProofWatch proofWatch{session, interaction, timers_};
   frmPDFHelp help{session};
   HandOver handOver;
   CncViewer viewer;
