@@ -93,6 +93,17 @@ void warnOfStandingSpindle(Session& session) {
           kAskOk, answer);
 }
 
+// False when the operator would rather not.
+bool settleObjections(const Session& session, const CncState& state) {
+  const std::string objections = state.objections ? state.objections() : std::string();
+  if (objections.empty()) return true;
+  return session.host.prompts.showMessage(
+             {.text = objections + "\nDo you want to write the program anyway ?",
+              .title = "Path Proof",
+              .icon = MessageIcon::Warning,
+              .buttons = MessageButtons::YesNo}) == Answer::Yes;
+}
+
 void makeAndShow(Session& session, const PostDefinition& definition, CncState& state,
                  ProgramViewer& viewer, CncMode mode) {
   if (session.store.NumPathSegments == 0) {
@@ -141,7 +152,7 @@ void WriteCncFinish(const Session& session, const PostDefinition& definition, Cn
 bool make_cnc(Session& session, const PostDefinition& definition, CncState& state, CncMode mode,
               const ProgramFile& file) {
   const Procedure here("make_cnc(mode$)");
-  if (!settleUnsavedWork(session)) return false;
+  if (!settleUnsavedWork(session) || !settleObjections(session, state)) return false;
   state.cncfilename = programName(session.store.drawingname);
   WriteCncFinish(session, definition, state, mode, file);
   if (definition.dialect.spindleDue) warnOfStandingSpindle(session);

@@ -130,7 +130,9 @@
   TOOLPATH(kHidePathsCommand)                                              \
                                                                            \
   SHELL(kStatisticsCommand)                                                \
-  SHELL(kPropertiesCommand)
+  SHELL(kPropertiesCommand)                                                \
+  SHELL(kPathProofCommand)                                                 \
+  SHELL(kShowPathProofCommand)
 
 #define TESSIMO_NONE(descriptor)
 #define TESSIMO_CORE_COMMANDS(DO) \

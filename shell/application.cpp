@@ -75,10 +75,12 @@ void Application::wireTools() {
     if (band == "OSnapMenu") OSnap_ButtonClick_ButtonDropDown(interaction.context);
     if (band == "barStatistics") interaction.forms.show(interaction.frmStatistics);
     if (band == "barProperties") interaction.forms.show(interaction.properties);
+    if (band == "barPathProof") interaction.forms.show(interaction.frmPathProof);
   };
   interaction.tools.onBandClose = [this](const std::string& band) {
     if (band == "barStatistics") interaction.frmStatistics.close();
     if (band == "barProperties") interaction.properties.close();
+    if (band == "barPathProof") interaction.frmPathProof.close();
   };
   interaction.tools.onClientAreaChanged = [this] {
     guarded("frmMain.abMain_Resize()",
@@ -111,6 +113,7 @@ void Application::showPropertiesAndTool() {
                        [this] { interaction.UpdatePropertyWindow(); });
   }
   showFigures();
+  reporting_.guarded("frmMain.renewPathProof()", [this] { proofWatch.afterCommand(); });
 }
 
 void Application::showFigures() {

@@ -19,6 +19,7 @@
 #include "shell/frmPDFHelp.h"
 #include "shell/interaction.h"
 #include "shell/path_totals.h"
+#include "shell/proof_watch.h"
 
 namespace tess {
 
@@ -156,6 +157,7 @@ class Application {
  public:
   Session session;
   Interaction interaction;
+  ProofWatch proofWatch{session, interaction, timers_};
   frmPDFHelp help{session};
   HandOver handOver;
   CncViewer viewer;

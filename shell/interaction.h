@@ -14,6 +14,7 @@
 #include "display/redraw_sequence.h"
 #include "display/view_commands.h"
 #include "drafting/drafting_context.h"
+#include "shell/frmPathProof.h"
 #include "shell/frmProperties.h"
 #include "shell/frmStatistics.h"
 #include "toolpath/cam_context.h"
@@ -79,6 +80,7 @@ class Interaction : public ViewHost, public RedrawListener, public DraftingListe
   StatusBar statusBar;
   FormHost forms;
   class frmStatistics frmStatistics;
+  class frmPathProof frmPathProof;
   PictureBoxProxy ScreenProxy;
   View view;
   Renderer renderer;

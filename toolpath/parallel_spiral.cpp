@@ -21,6 +21,7 @@
 #include "geometry/row_boxes.h"
 #include "geometry/row_entity.h"
 #include "toolpath/gouge_avoidance.h"
+#include "toolpath/job_walls.h"
 #include "toolpath/level_check.h"
 #include "toolpath/path_groups.h"
 #include "toolpath/path_placement.h"
@@ -370,7 +371,9 @@ void parallelSpiralPocket(CamContext& cam, int sg) {
   if (cuts) cutSpiral(cam, start, range);
   if (!change.keep({.redraws = false})) return;
   mode.keep();
-  if (cuts) showPlacedPaths(cam);
+  if (!cuts) return;
+  noteJob(cam, JobKind::Clearing, range.nearest, wallsToClear(cam.store));
+  showPlacedPaths(cam);
 }
 
 void clickStartRoughing(CamContext& cam) {

@@ -156,6 +156,12 @@ void addFileOptions(CLI::App& app, Options& options) {
           ->excludes(kPlay)
           ->excludes(make);
   addPrintOptions(app, options);
+  app.add_flag("--check", "Print the path proof of DRAWING; status 1 when a limit is passed")
+      ->excludes(kRun)
+      ->excludes(kPlay)
+      ->excludes(make)
+      ->excludes(plot)
+      ->excludes("--print");
   app.add_option("--tools", options.tools,
                  "Write the tools of the setup to FILE.csv or FILE.tbl, or take its tools over")
       ->type_name("export|import FILE")
@@ -164,11 +170,12 @@ void addFileOptions(CLI::App& app, Options& options) {
       ->excludes(kRun)
       ->excludes(kPlay)
       ->excludes(make)
-      ->excludes(plot);
+      ->excludes(plot)
+      ->excludes(check);
   app.add_flag("--force", options.line.force,
                "Write the program over any file, and by a damaged definition");
   app.add_option("DRAWING", options.line.drawing,
-                 "The drawing to open, to plot, or to make a program of")
+                 "The drawing to open, to plot, to check, or to make a program of")
       ->excludes(kRun)
       ->excludes(kPlay);
 }
@@ -224,6 +231,7 @@ void settle(const CLI::App& app, Options& options) {
   const bool plots = app.count("--plot") > 0;
   const bool makes = app.count("--make-cnc") > 0;
   const bool prints = app.count("--print") > 0;
+  const bool checks = app.count("--check") > 0;
   if (app.count("--home") > 0) line.home = options.home;
   if (app.count(kRun) > 0) line.job = Job::RunScript;
   if (plays) line.job = Job::PlayScript;
@@ -244,6 +252,7 @@ void settle(const CLI::App& app, Options& options) {
   if (plots) settleDrawing(options, "--plot", Job::Plot);
   if (prints) settleDrawing(options, "--print", Job::Print);
   if (makes) settleDrawing(options, "--make-cnc", Job::MakeCnc);
+  if (checks) settleDrawing(options, "--check", Job::Check);
 }
 
 CommandLine printAndExit(const CLI::App& app, const CLI::ParseError& error) {
@@ -293,6 +302,11 @@ ExitStatus printDrawing(const CommandLine& line, std::ostream& err) {
                     err);
 }
 
+ExitStatus checkDrawing(const CommandLine& line, std::ostream& out, std::ostream& err) {
+  return checkPaths({.drawing = line.drawing, .appfolder = programFolder(folderRequest(line.home))},
+                    out, err);
+}
+
 ExitStatus exchangeToolChest(const CommandLine& line, std::ostream& out, std::ostream& err) {
   return exchangeTools({.file = line.library,
                         .imports = line.importsTools,
@@ -321,6 +335,8 @@ ExitStatus runJob(const CommandLine& line, const PictureWriter& writePicture, st
       return plotDrawing(line, writePicture, err);
     case Job::Print:
       return printDrawing(line, err);
+    case Job::Check:
+      return checkDrawing(line, out, err);
     case Job::Tools:
       return exchangeToolChest(line, out, err);
     case Job::Window:

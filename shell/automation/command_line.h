@@ -13,7 +13,7 @@
 
 namespace tess {
 
-enum class Job { Window, RunScript, PlayScript, MakeCnc, Plot, Print, Tools, PrintAndExit };
+enum class Job { Window, RunScript, PlayScript, MakeCnc, Plot, Print, Check, Tools, PrintAndExit };
 
 struct CommandLine {
   Job job = Job::Window;

@@ -304,4 +304,15 @@ ExitStatus writePlot(const PlotJob& job, const PictureWriter& writePicture, std:
                      [&](Application& application) { plot(application, job, writePicture); });
 }
 
+ExitStatus checkPaths(const CheckJob& job, std::ostream& out, std::ostream& err) {
+  bool passed = true;
+  const ExitStatus status =
+      withDrawing({job.drawing, job.appfolder, {}, {}}, err, [&](Application& application) {
+        const PathProof proof = application.proofWatch.prove();
+        out << proofText(proof);
+        passed = !proof.isBeyondLimits();
+      });
+  return passed ? status : ExitStatus::JobFailed;
+}
+
 }  // namespace tess

@@ -1,5 +1,6 @@
 // Jobs on single files that need neither a window nor a script.
-// Owns: CncJob, makeCncFile, ToolsJob, exchangeTools, PrintJob, writePrint, PlotJob, writePlot.
+// Owns: CncJob, makeCncFile, ToolsJob, exchangeTools, PrintJob, writePrint, PlotJob, writePlot,
+//       CheckJob, checkPaths.
 #pragma once
 
 #include <iosfwd>
@@ -62,5 +63,14 @@ struct PlotJob {
 // Loads the drawing and writes a picture of it with its paths: as it opens, or all of it when it
 // reaches beyond that view. Failures as above.
 ExitStatus writePlot(const PlotJob& job, const PictureWriter& writePicture, std::ostream& err);
+
+struct CheckJob {
+  std::string drawing;
+  std::string appfolder;  // with its last separator
+};
+
+// Loads the drawing and writes the proof of its paths to `out`. The job fails when a limit is
+// passed. Failures as above.
+ExitStatus checkPaths(const CheckJob& job, std::ostream& out, std::ostream& err);
 
 }  // namespace tess

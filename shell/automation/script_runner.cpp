@@ -135,6 +135,7 @@ int runAll(Script& script, lua_State* L) {
   bindEvents(L);
   bindViews(L);
   bindReport(L);
+  bindProof(L);
   setArguments(L, run.job);
   script.started = true;
   limitInstructions(L, run.job.limits.instructions);
