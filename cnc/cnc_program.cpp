@@ -2,7 +2,9 @@
 #include "cnc/cnc_program.h"
 
 #include <algorithm>
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "cnc/program_target.h"
 #include "cnc/program_writer.h"
@@ -68,6 +70,40 @@ bool settleUnsavedWork(Session& session) {
   return answer != kAnswerCancel;
 }
 
+// The tools of the path that have no speed, in the order of their first rows.
+std::vector<int> toolsWithoutSpeed(const DrawingStore& store) {
+  std::vector<int> tools;
+  for (int ps = 1; ps <= store.NumPathSegments; ++ps) {
+    const int index = toolIndex(store.pscode[ps]);
+    const bool listed = std::ranges::find(tools, index + 1) != tools.end();
+    if (!listed && !(store.toolspindlespeed[index] > 0)) tools.push_back(index + 1);
+  }
+  return tools;
+}
+
+void warnOfStandingSpindle(Session& session) {
+  std::string tools;
+  for (const int tool : toolsWithoutSpeed(session.store)) {
+    tools += (tools.empty() ? "" : ", ") + std::to_string(tool);
+  }
+  if (tools.empty()) return;
+  int answer = 0;
+  askUser(session,
+          "No spindle speed! The program does not start the spindle for tool " + tools + ".",
+          kAskOk, answer);
+}
+
+// False when the operator would rather not.
+bool settleObjections(const Session& session, const CncState& state) {
+  const std::string objections = state.objections ? state.objections() : std::string();
+  if (objections.empty()) return true;
+  return session.host.prompts.showMessage(
+             {.text = objections + "\nDo you want to write the program anyway ?",
+              .title = "Path Proof",
+              .icon = MessageIcon::Warning,
+              .buttons = MessageButtons::YesNo}) == Answer::Yes;
+}
+
 void makeAndShow(Session& session, const PostDefinition& definition, CncState& state,
                  ProgramViewer& viewer, CncMode mode) {
   if (session.store.NumPathSegments == 0) {
@@ -91,7 +127,7 @@ std::string programText(const Session& session, const PostDefinition& definition
   ProgramWriter writer(session, definition, mode, state.cncfilename, state.lastmove, out);
   state.made = {};
   if (state.keepsMade) writer.recordRows(state.made.rows);
-  tellMotions(session.store, mode, writer);
+  tellMotions(session.store, mode, writer, motionRules(definition.dialect));
   if (state.keepsMade) state.made.text = checksumOf(out);
   return out;
 }
@@ -116,9 +152,10 @@ void WriteCncFinish(const Session& session, const PostDefinition& definition, Cn
 bool make_cnc(Session& session, const PostDefinition& definition, CncState& state, CncMode mode,
               const ProgramFile& file) {
   const Procedure here("make_cnc(mode$)");
-  if (!settleUnsavedWork(session)) return false;
+  if (!settleUnsavedWork(session) || !settleObjections(session, state)) return false;
   state.cncfilename = programName(session.store.drawingname);
   WriteCncFinish(session, definition, state, mode, file);
+  if (definition.dialect.spindleDue) warnOfStandingSpindle(session);
   return true;
 }
 

@@ -4,6 +4,7 @@
 //       WriteCncFinish, make_cnc, mnuCAMMakeCNCFile_Click, mnuCAMMakeCNCLatheFile_Click.
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "cnc/cnc_line.h"
@@ -27,6 +28,9 @@ struct CncState {
   LastMove lastmove;
   bool keepsMade = false;  // whether anybody asks for `made`
   MadeProgram made;        // the one made last
+  // What speaks against the paths as they are, line by line; empty when nothing does. Nobody asks
+  // where it is not set.
+  std::function<std::string()> objections;
 };
 
 // Where a finished program is shown, and from there sent on.
@@ -59,7 +63,8 @@ struct ProgramFile {
 void WriteCncFinish(const Session& session, const PostDefinition& definition, CncState& state,
                     CncMode mode, const ProgramFile& file = {});
 
-// Asks about unsaved work first; false when the operator cancels, true when a file was written.
+// Asks about unsaved work first, and then whether objections count; false when the operator
+// cancels, true when a file was written.
 bool make_cnc(Session& session, const PostDefinition& definition, CncState& state, CncMode mode,
               const ProgramFile& file = {});
 

@@ -18,10 +18,12 @@
 #include "shell/error_reporting.h"
 #include "shell/frmPDFHelp.h"
 #include "shell/interaction.h"
+#include "shell/proof_watch.h"
 
 namespace tess {
 
 class ColorDialog;
+class Paper;
 struct DrawingStore;
 struct KeyStroke;
 class SpeedsFeeds;
@@ -35,6 +37,7 @@ struct Platform {
   ColorDialog* colors = nullptr;    // null: a form asks
   OtherPrograms* others = nullptr;  // null: none is started
   std::string userfolder{};         // what belongs to this user alone; empty: nothing is kept
+  Paper* paper = nullptr;           // null: nothing can be printed
 };
 
 // Timers whose ticks are entry points: a failure in one ends in the report.
@@ -92,6 +95,7 @@ class Application {
   DrawingStore& store = *ownStore_;
   SpeedsFeeds& feeds = *ownFeeds_;
   ColorDialog& colors;
+  Paper* const paper;
   PostDefinition definition;
   CncState cnc;
 
@@ -141,6 +145,7 @@ class Application {
   };
 
   void wireTools();
+  void wirePaper();
   void showPropertiesAndTool();
   void showToolInUse();
 
@@ -151,6 +156,7 @@ class Application {
  public:
   Session session;
   Interaction interaction;
+  ProofWatch proofWatch{session, interaction, timers_};
   frmPDFHelp help{session};
   HandOver handOver;
   CncViewer viewer;

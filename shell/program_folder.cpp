@@ -9,6 +9,7 @@
 #include "core/file_writer.h"
 #include "core/recent_files.h"
 #include "core/runtime_failure.h"
+#include "shell/controls_list.h"
 #include "tools/speeds_feeds.h"
 
 namespace tess {
@@ -18,6 +19,10 @@ namespace fs = std::filesystem;
 
 constexpr char kSetupPointer[] = "tess.def";
 constexpr char kDrawingFolder[] = "CNC";
+constexpr char kFirstStartName[] = "FirstStart.txt";
+constexpr char kFirstStartText[] =
+    "The first window asks for the control and the units, and removes this file.\r\n";
+constexpr char kHomeVariable[] = "TESSIMO_HOME";
 constexpr char kInstalledData[] = "../share/tessimo/";
 
 std::string existingFolder(const std::string& folder) {
@@ -54,6 +59,11 @@ void copyMissing(const fs::path& file, const fs::path& copy) {
   writeFile(nobody, copy.string(), FileKind::Record, readFile(file.string()));
 }
 
+void markFirstStart(const fs::path& folder) {
+  NoGuard nobody;
+  writeFile(nobody, (folder / kFirstStartName).string(), FileKind::Record, kFirstStartText);
+}
+
 // The file by which a filled folder is known comes last: a filling that was cut short goes on at
 // the next start.
 void copyData(const fs::path& shipped, const fs::path& folder) {
@@ -66,6 +76,7 @@ void copyData(const fs::path& shipped, const fs::path& folder) {
       copyMissing(entry.path(), place);
     }
   }
+  markFirstStart(folder);
   copyMissing(shipped / kSetupPointer, folder / kSetupPointer);
 }
 
@@ -83,15 +94,40 @@ void fillFolder(const std::string& folder, const std::string& shipped) {
   }
 }
 
-// A folder that was filled before there was a database gets it later. Without it the program runs
-// all the same, so that a folder that cannot be written is no failure.
-void addDatabase(const std::string& folder, const std::string& shipped) {
-  if (fileExists(folder + kSpeedsFeedsName)) return;
+// Without what comes later the program runs all the same, so that a folder that cannot be written
+// is no failure.
+void addOrPassOver(const std::function<void()>& add) {
   try {
-    copyMissing(shipped + kSpeedsFeedsName, folder + kSpeedsFeedsName);
+    add();
+  } catch (const fs::filesystem_error&) {
   } catch (const RuntimeFailure&) {
     takeCallChain();
   }
+}
+
+// A folder that was filled before there was a database gets it later.
+void addDatabase(const fs::path& folder, const fs::path& shipped) {
+  if (fileExists((folder / kSpeedsFeedsName).string())) return;
+  copyMissing(shipped / kSpeedsFeedsName, folder / kSpeedsFeedsName);
+}
+
+void addSetup(const fs::path& folder, const fs::path& shipped, const std::string& setup) {
+  if (setup.empty() || fileExists((folder / setup).string())) return;
+  for (const char* const extension : {".msu", ".msx"}) {
+    const fs::path file = fs::path(setup).replace_extension(extension);
+    if (fs::exists(shipped / file)) copyMissing(shipped / file, folder / file);
+  }
+}
+
+// The same for the setups of the controls. Their list comes last, so that one that was cut short
+// goes on, and a setup that somebody removes later stays away.
+void addControls(const fs::path& folder, const fs::path& shipped) {
+  if (fileExists((folder / kControlsName).string()) || !fs::exists(shipped / kControlsName)) return;
+  for (const ControlChoice& control : availableControls(withSeparator(shipped.string()))) {
+    addSetup(folder, shipped, control.inchSetup);
+    addSetup(folder, shipped, control.metricSetup);
+  }
+  copyMissing(shipped / kControlsName, folder / kControlsName);
 }
 
 // Without it the first drawing would have no place; a read-only folder simply stays without. Its
@@ -105,12 +141,13 @@ void makeDrawingFolder(const std::string& folder) {
 
 std::string chosenFolder(const FolderRequest& request) {
   if (request.home) return existingFolder(*request.home);
-  if (const auto named = request.environment("TESSIMO_HOME")) return existingFolder(*named);
+  if (const auto named = request.environment(kHomeVariable)) return existingFolder(*named);
   if (holdsProgram(request.executableFolder)) return request.executableFolder;
   const std::string folder = userDataFolder(request);
   const std::string shipped = shippedDataFolder(request.executableFolder);
   if (!holdsProgram(folder)) fillFolder(folder, shipped);
-  addDatabase(folder, shipped);
+  addOrPassOver([&] { addDatabase(folder, shipped); });
+  addOrPassOver([&] { addControls(folder, shipped); });
   return folder;
 }
 
@@ -136,6 +173,16 @@ std::string programFolder(const FolderRequest& request) {
 
 std::string userFolder(const FolderRequest& request) {
   return folderOfUser(request, "XDG_CONFIG_HOME", ".config").value_or("");
+}
+
+bool isFirstStart(const FolderRequest& request, const std::string& folder) {
+  return !request.home && !request.environment(kHomeVariable) &&
+         fileExists(folder + kFirstStartName);
+}
+
+void endFirstStart(const std::string& folder) {
+  NoGuard nobody;
+  removeFile(nobody, folder + kFirstStartName, FileKind::Record);
 }
 
 std::string shippedDataFolder(const std::string& executableFolder) {

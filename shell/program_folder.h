@@ -1,5 +1,6 @@
 // Where the program finds its folder (`appfolder`): setups, definitions, drawings and the log.
-// Owns: FolderRequest, folderRequest, programFolder, userFolder, shippedDataFolder.
+// Owns: FolderRequest, folderRequest, programFolder, userFolder, isFirstStart, endFirstStart,
+//       shippedDataFolder.
 #pragma once
 
 #include <functional>
@@ -29,6 +30,12 @@ std::string programFolder(const FolderRequest& request);
 // XDG_CONFIG_HOME, else in ~/.config, with its last separator; "" without a home folder. It need
 // not exist.
 std::string userFolder(const FolderRequest& request);
+
+// Whether no window has been open yet on the folder that programFolder filled for a user: it is to
+// ask what a new user has to choose. Never in a folder that somebody named.
+bool isFirstStart(const FolderRequest& request, const std::string& folder);
+// That has been asked. Raises what removing a file raises.
+void endFirstStart(const std::string& folder);
 
 // Where the files lie that ship beside the program: share/tessimo of the installation, else the
 // data folder of the source tree that it was built from.

@@ -48,8 +48,9 @@ const char* wrongName(FileKind kind, const std::string& name) {
       return isOneOf(name, {".csv", ".tbl"}) ? nullptr
                                              : "a script exports tools only as .csv or .tbl";
     case FileKind::Program:
-      return isOneOf(name, {".cdm", ".tpm"}) ? "a program does not go where drawings are kept"
-                                             : nullptr;
+      return isOneOf(name, {".cdm", ".tpm", ".tpj"})
+                 ? "a program does not go where drawings are kept"
+                 : nullptr;
     case FileKind::Companion:
     case FileKind::ControlLocation:
     case FileKind::SendProgram:

@@ -28,11 +28,13 @@ class VirtualClock : public Clock {
   explicit VirtualClock(const VirtualTimers& timers, std::optional<DateTime> date = {})
       : timers_(timers), date_(date) {}
   DateTime now() override;
-  double elapsedMilliseconds() override { return static_cast<double>(timers_.now()); }
+  double elapsedMilliseconds() override { return static_cast<double>(timers_.now()) + slept_; }
+  void sleep(double milliseconds) override { slept_ += milliseconds; }
 
  private:
   const VirtualTimers& timers_;
   std::optional<DateTime> date_;
+  double slept_ = 0;  // milliseconds of sleep, in which no timer runs
   std::chrono::system_clock::time_point start_ = std::chrono::system_clock::now();
 };
 

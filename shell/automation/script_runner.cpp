@@ -135,6 +135,7 @@ int runAll(Script& script, lua_State* L) {
   bindEvents(L);
   bindViews(L);
   bindReport(L);
+  bindProof(L);
   setArguments(L, run.job);
   script.started = true;
   limitInstructions(L, run.job.limits.instructions);
@@ -240,8 +241,13 @@ ExitStatus runScriptText(const ScriptJob& job, std::string_view text,
   QuietSurroundings surroundings;
   ScriptHost host(folders, clock, surroundings);
   host.reporting.setFolder(job.appfolder);
-  Application application({host.host, host.reporting, screen.ports, job.jetReader,
-                           /*colors=*/nullptr, &host.programs, job.userfolder});
+  Application application({.host = host.host,
+                           .reporting = host.reporting,
+                           .screen = screen.ports,
+                           .jetReader = job.jetReader,
+                           .others = &host.programs,
+                           .userfolder = job.userfolder,
+                           .paper = job.paper});
   screen.pointer.onArrival = [&](int pixelX, int pixelY) {
     deliverArrival(application, pixelX, pixelY);
   };

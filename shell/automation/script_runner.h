@@ -37,6 +37,7 @@ struct ScriptJob {
   bool showProgress = false;  // the status line of long commands, on the error stream
   std::string jetReader{};    // the program that reads Jet databases; empty: none does
   std::string userfolder{};   // what belongs to this user alone; empty: nothing is kept
+  Paper* paper = nullptr;     // null: nothing can be printed
 };
 
 // The folders that the file commands of the script may touch.

@@ -26,6 +26,7 @@
 #include "shell/qt/bolt_pane.h"
 #include "shell/qt/file_text_pane.h"
 #include "shell/qt/icons.h"
+#include "shell/qt/items_binding.h"
 #include "shell/qt/pdf_pane.h"
 #include "shell/qt/prop_list_pane.h"
 
@@ -604,6 +605,7 @@ constexpr std::array kBindings{
     KindOfBinding{ControlKind::CheckBox, bound<CheckBinding, QCheckBox>},
     KindOfBinding{ControlKind::Option, bound<OptionBinding, QAbstractButton>},
     KindOfBinding{ControlKind::List, bound<ListBinding, QListWidget>},
+    KindOfBinding{ControlKind::List, bound<ItemsBinding, QAbstractItemView>},
     KindOfBinding{ControlKind::List, bound<TabsBinding, QTabBar>},
     KindOfBinding{ControlKind::List, boundPane<PropListBinding, PropList, PropListPane>},
     KindOfBinding{ControlKind::Combo, bound<ComboBinding, QComboBox>},

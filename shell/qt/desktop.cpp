@@ -148,9 +148,10 @@ int runDesktop(const DesktopRequest& request, std::vector<std::string> arguments
     return kExitFailed;
   }
   try {
-    const FolderRequest folders = folderRequest(request.home);
-    DesktopProgram program(programFolder(folders), request.jetReader, userFolder(folders));
-    program.open(request.drawing);
+    const FolderRequest wanted = folderRequest(request.home);
+    const std::string folder = programFolder(wanted);
+    DesktopProgram program(folder, request.jetReader, userFolder(wanted));
+    program.open(request.drawing, isFirstStart(wanted, folder));
     return program.serve();
   } catch (const RuntimeFailure& failure) {
     say(std::cerr, describe(failure));

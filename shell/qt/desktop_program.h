@@ -8,6 +8,7 @@
 #include "shell/application.h"
 #include "shell/qt/color_dialog.h"
 #include "shell/qt/main_window.h"
+#include "shell/qt/paper.h"
 #include "shell/qt/ports.h"
 
 namespace tess {
@@ -21,8 +22,8 @@ class DesktopProgram {
                           const std::string& userfolder = {});
 
   // Shows the main window and loads as at the program's start, with the drawing named, "" for none.
-  // False when the program cannot go on.
-  bool open(const std::string& drawing);
+  // A first start asks for the control and the units. False when the program cannot go on.
+  bool open(const std::string& drawing, bool firstStart = false);
   // Serves the window until it is closed; gives the exit status of the process.
   int serve();
 
@@ -32,6 +33,7 @@ class DesktopProgram {
   Gateway& gateway() { return gateway_; }
 
  private:
+  void finishFirstStart();
   void wirePlatform();
   void wireSurface();
   void wireWindow();
@@ -52,6 +54,7 @@ class DesktopProgram {
   SurfaceWidget surface_;
   DesktopPointer pointer_{surface_};
   DesktopColorDialog colors_;
+  QtPaper paper_;
   Application application_;
   MainWindow window_;
   bool failed_ = false;

@@ -15,7 +15,8 @@ namespace tess::testing {
 // Time stands still until pass() is called. A failure of a command stands in
 // reporting.lastReport().
 struct RunningProgram {
-  RunningProgram();
+  // Without paper nothing can be printed.
+  explicit RunningProgram(Paper* paper = nullptr);
   ~RunningProgram();
   RunningProgram(const RunningProgram&) = delete;
   RunningProgram& operator=(const RunningProgram&) = delete;
@@ -45,8 +46,7 @@ struct RunningProgram {
       platform.prompts, platform.clock, {.folder = {}, .display = ReportDisplay::None}};
   VirtualScreen screen;
   RecordingPrograms others;
-  Application application{
-      {platform.host, reporting, screen.ports, {}, nullptr, &others, userfolder()}};
+  Application application;
 
  private:
   void arrive(int pixelX, int pixelY) {
