@@ -404,6 +404,7 @@ TEST(Guard, FailureOfTheClockLeavesTheDescription) {
   struct BrokenClock : Clock {
     DateTime now() override { throw overflow(); }
     double elapsedMilliseconds() override { return 0; }
+    void sleep(double /*milliseconds*/) override {}
   } clock;
   RecordingPrompts prompts;
   HuntERR reporter(prompts, clock, settings(""));

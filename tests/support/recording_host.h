@@ -42,6 +42,7 @@ class FixedClock : public Clock {
   ~FixedClock() override;
   DateTime now() override { return time; }
   double elapsedMilliseconds() override { return elapsed; }
+  void sleep(double milliseconds) override { elapsed += milliseconds; }
 
   DateTime time{.year = 2026, .month = 3, .day = 9, .hour = 14, .minute = 5, .second = 7};
   double elapsed = 0;
