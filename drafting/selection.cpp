@@ -138,10 +138,8 @@ std::string branchText(Point at) {
 // Fixed: the nearest row counts however far it is; scripts click beside what they mean.
 void pickNearest(DraftingContext& context, bool select) {
   if (context.command.EditPaths) {
-    PathMarks marks(context, select);
     const int ps = nearestPathSeg(context.store, mouse(context), kAllGroups);
-    if (ps > 0) marks.mark(ps);
-    marks.keep();
+    if (ps > 0) markPathSegment(context, ps, select);
   } else {
     const int sg = nearestSeg(context.store, mouse(context));
     if (sg > 0) markSegment(context, sg, select);
@@ -259,6 +257,12 @@ void markSegment(DraftingContext& context, int sg, bool select) {
   } else {
     context.state.Selected.remove(sg);
   }
+}
+
+void markPathSegment(DraftingContext& context, int ps, bool select) {
+  PathMarks marks(context, select);
+  marks.mark(ps);
+  marks.keep();
 }
 
 void SelectWindow(DraftingContext& context, bool select, const SelectionWindow& window,
