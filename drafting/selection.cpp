@@ -138,8 +138,10 @@ std::string branchText(Point at) {
 // Fixed: the nearest row counts however far it is; scripts click beside what they mean.
 void pickNearest(DraftingContext& context, bool select) {
   if (context.command.EditPaths) {
+    PathMarks marks(context, select);
     const int ps = nearestPathSeg(context.store, mouse(context), kAllGroups);
-    if (ps > 0) markPathSegment(context, ps, select);
+    if (ps > 0) marks.mark(ps);
+    marks.keep();
   } else {
     const int sg = nearestSeg(context.store, mouse(context));
     if (sg > 0) markSegment(context, sg, select);
@@ -259,9 +261,14 @@ void markSegment(DraftingContext& context, int sg, bool select) {
   }
 }
 
-void markPathSegment(DraftingContext& context, int ps, bool select) {
-  PathMarks marks(context, select);
-  marks.mark(ps);
+void selectOnlyPath(DraftingContext& context, int ps) {
+  const DrawingStore& store = context.store;
+  PathMarks marks(context, /*select=*/true);
+  for (int row = 1; row <= store.NumPathSegments; ++row) {
+    const bool selected = hasSelectionMark(store.pscode[row]);
+    if (selected && row != ps) marks.mark(row, selectedCode(store.pscode[row], /*select=*/false));
+    if (!selected && row == ps) marks.mark(row);
+  }
   marks.keep();
 }
 

@@ -156,12 +156,13 @@ void addFileOptions(CLI::App& app, Options& options) {
           ->excludes(kPlay)
           ->excludes(make);
   addPrintOptions(app, options);
-  app.add_flag("--check", "Print the path proof of DRAWING; status 1 when a limit is passed")
-      ->excludes(kRun)
-      ->excludes(kPlay)
-      ->excludes(make)
-      ->excludes(plot)
-      ->excludes("--print");
+  auto* const check =
+      app.add_flag("--check", "Print the path proof of DRAWING; status 1 when a limit is passed")
+          ->excludes(kRun)
+          ->excludes(kPlay)
+          ->excludes(make)
+          ->excludes(plot)
+          ->excludes("--print");
   app.add_option("--tools", options.tools,
                  "Write the tools of the setup to FILE.csv or FILE.tbl, or take its tools over")
       ->type_name("export|import FILE")
