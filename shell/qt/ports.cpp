@@ -3,6 +3,8 @@
 
 #include <QApplication>
 #include <QDateTime>
+#include <QEventLoop>
+#include <QThread>
 #include <cstdio>
 #include <ctime>
 #include <utility>
@@ -71,6 +73,10 @@ double DesktopClock::elapsedMilliseconds() {
   return static_cast<double>(elapsed_.nsecsElapsed()) / 1e6;
 }
 
+void DesktopClock::sleep(double milliseconds) {
+  QThread::usleep(static_cast<unsigned long>(milliseconds * 1000));
+}
+
 // The operator's input waits while a command of his is under way; it is not lost.
 void DesktopSurroundings::serveEvents() {
   if (roughTime() - served_ < kServeEvery) return;
@@ -81,6 +87,34 @@ void DesktopSurroundings::serveEvents() {
 
 void DesktopSurroundings::beep() {
   QApplication::beep();
+}
+
+namespace {
+
+// Hears the next key of the program's windows before they do.
+class KeyWait : public QObject {
+ public:
+  void wait() {
+    QApplication::instance()->installEventFilter(this);
+    loop_.exec();
+  }
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::Close) loop_.quit();
+    if (event->type() != QEvent::KeyPress) return QObject::eventFilter(watched, event);
+    loop_.quit();
+    return true;
+  }
+
+ private:
+  QEventLoop loop_;
+};
+
+}  // namespace
+
+void DesktopSurroundings::waitForKey() {
+  KeyWait().wait();
 }
 
 void DesktopSurroundings::printOnMainWindow(const std::string& text) {

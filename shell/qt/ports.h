@@ -44,6 +44,7 @@ class DesktopClock : public Clock {
   DesktopClock() { elapsed_.start(); }
   DateTime now() override;
   double elapsedMilliseconds() override;
+  void sleep(double milliseconds) override;
 
  private:
   QElapsedTimer elapsed_;
@@ -56,6 +57,7 @@ class DesktopSurroundings : public Surroundings {
   // Cheap enough to be called for every row: looks for events a few times per frame only.
   void serveEvents() override;
   void beep() override;
+  void waitForKey() override;
   void printOnMainWindow(const std::string& text) override;
 
   std::function<void(const std::string&)> onPrint;

@@ -112,7 +112,11 @@ ScriptPlayer::ScriptPlayer(const ScriptJob& job, PictureWriter writePicture, con
           {host_.host,
            host_.reporting,
            {surface_.drawing(), pointer_, timers_, {0, 0, job.size.width, job.size.height}},
-           job.jetReader}),
+           job.jetReader,
+           /*colors=*/nullptr,
+           &host_.programs,
+           job.userfolder,
+           job.paper}),
       window_({application_.interaction.tools, application_.interaction.statusBar,
                application_.interaction.forms, gateway_, surface_}) {
   host_.reporting.setFolder(job.appfolder);

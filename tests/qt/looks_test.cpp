@@ -257,6 +257,10 @@ TEST_P(Looks, UnsavedWork) {
   });
 }
 
+TEST_P(Looks, TheChoiceOfTheControl) {
+  lookAtDialog("miControl", "control_and_units");
+}
+
 TEST_P(Looks, EveryIconCanBeSeenInEverySize) {
   const int ground = qGray(testing::toolkit().palette().color(QPalette::Window).rgb());
   const ToolHost& tools = program->application().interaction.tools;

@@ -612,6 +612,7 @@ class Session : public RunningProgram {
         "You cannot promote the first ",
         "You cannot demote the last ",
         "Path segment #",
+        "Path segments that cannot be selected: ",
     };
     for (const Message& message : platform.prompts.messages) {
       const bool known =
