@@ -138,7 +138,17 @@ void ProgramWriter::write(const ProgramStart& start) {
   if (forgets_) lastmove_.forget();
 }
 
+void ProgramWriter::write(const RowStart&) {
+  if (rows_ != nullptr) rows_->rowBegins(out_.size());
+}
+
+void ProgramWriter::endRows() {
+  if (rows_ != nullptr) rows_->rowsEnd(out_.size());
+  rows_ = nullptr;
+}
+
 void ProgramWriter::write(const ProgramEnd&) {
+  endRows();
   text_.line(definition_.cnctrailertext);
 }
 
@@ -162,6 +172,7 @@ void ProgramWriter::writeFirstTool(const ToolChange& change) {
 }
 
 void ProgramWriter::writeReturn(const ToolChange& change) {
+  endRows();
   text_.title("     << Reset to first tool used.  Tool #" + std::to_string(change.tool) + " >>");
   selectTool(change.tool, dialect_.resetText);
   text_.remark("");

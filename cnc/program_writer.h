@@ -12,6 +12,7 @@
 #include "cnc/placeholder_text.h"
 #include "cnc/program_motions.h"
 #include "cnc/program_text.h"
+#include "cnc/row_places.h"
 #include "core/session.h"
 #include "geometry/float_points.h"
 
@@ -24,6 +25,10 @@ class ProgramWriter : public MotionReader {
   ProgramWriter(const Session& session, const PostDefinition& definition, CncMode mode,
                 const std::string& cncfilename, LastMove& lastmove, std::string& out);
 
+  // From now on it is noted where each path row's text begins and ends. `rows` must outlive the
+  // writer.
+  void recordRows(RowPlaces& rows) { rows_ = &rows; }
+
   // Raises Invalid procedure call for a word that is no number and for an arc that the dialect does
   // not take for one, Overflow for a program of more than 64 MB, at the start also what
   // writeHeading raises.
@@ -31,7 +36,7 @@ class ProgramWriter : public MotionReader {
 
  private:
   void write(const ProgramStart& start);
-  void write(const RowStart&) {}
+  void write(const RowStart&);
   void write(const ToolChange& change);
   void write(const RapidMove& move);
   void write(const PlungeMove& move);
@@ -43,6 +48,7 @@ class ProgramWriter : public MotionReader {
   void write(const SpindleStart& start);
   void write(const ProgramEnd&);
 
+  void endRows();
   void writeFirstTool(const ToolChange& change);
   void writeReturn(const ToolChange& change);
   void startTool(const ToolChange& change);
@@ -80,8 +86,9 @@ class ProgramWriter : public MotionReader {
   std::string& out_;
   LineFormat format_;
   ProgramText text_;
-  bool forgets_;           // what was written before a change of the tool
-  bool inCycles_ = false;  // a run of cycles is still to be cancelled
+  RowPlaces* rows_ = nullptr;  // null: nobody asks, or all have ended
+  bool forgets_;               // what was written before a change of the tool
+  bool inCycles_ = false;      // a run of cycles is still to be cancelled
 };
 
 }  // namespace tess

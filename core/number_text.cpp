@@ -18,7 +18,8 @@ namespace {
 // The longest plain decimal of a 32-bit float, the smallest denormal, has 48 characters.
 using Digits = std::array<char, 64>;
 
-void refuseUnwritable(float value) {
+template <typename Float>
+void refuseUnwritable(Float value) {
   if (!std::isfinite(value)) {
     throw RuntimeFailure(FailureNumber::InvalidProcedureCall, "a value that is not a number");
   }
@@ -180,6 +181,16 @@ Float parsed(std::string_view text) {
 std::string plainText(float value) {
   Digits digits;
   return std::string(shortest(value, digits));
+}
+
+std::string exactText(double value) {
+  constexpr std::size_t kLongest = 352;  // the smallest denormal has 326 characters
+  refuseUnwritable(value);
+  if (value == 0) value = 0;  // a negative zero has no sign here
+  std::array<char, kLongest> digits;
+  char* const begin = digits.data();
+  const auto result = std::to_chars(begin, begin + kLongest, value, std::chars_format::fixed);
+  return {begin, result.ptr};
 }
 
 char* writeFileText(char* out, float value) {
