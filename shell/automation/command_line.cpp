@@ -34,6 +34,7 @@ struct Options {
   std::string mode;
   std::string size;
   std::string date;
+  bool checks = false;
   std::string scale;
   std::string sheet;
   std::vector<std::string> tools;  // what to do, and the file
@@ -156,12 +157,14 @@ void addFileOptions(CLI::App& app, Options& options) {
           ->excludes(kPlay)
           ->excludes(make);
   addPrintOptions(app, options);
-  app.add_flag("--check", "Print the path proof of DRAWING; status 1 when a limit is passed")
-      ->excludes(kRun)
-      ->excludes(kPlay)
-      ->excludes(make)
-      ->excludes(plot)
-      ->excludes("--print");
+  auto* const check =
+      app.add_flag("--check", options.checks,
+                   "Print the path proof of DRAWING; status 1 when a limit is passed")
+          ->excludes(kRun)
+          ->excludes(kPlay)
+          ->excludes(make)
+          ->excludes(plot)
+          ->excludes("--print");
   app.add_option("--tools", options.tools,
                  "Write the tools of the setup to FILE.csv or FILE.tbl, or take its tools over")
       ->type_name("export|import FILE")
@@ -231,7 +234,7 @@ void settle(const CLI::App& app, Options& options) {
   const bool plots = app.count("--plot") > 0;
   const bool makes = app.count("--make-cnc") > 0;
   const bool prints = app.count("--print") > 0;
-  const bool checks = app.count("--check") > 0;
+  const bool checks = options.checks;
   if (app.count("--home") > 0) line.home = options.home;
   if (app.count(kRun) > 0) line.job = Job::RunScript;
   if (plays) line.job = Job::PlayScript;
