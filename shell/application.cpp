@@ -91,7 +91,7 @@ void Application::wireTools() {
 void Application::start(std::string_view drawing, std::string_view appfolder) {
   interaction.tools.openBand("barStatistics");
   Main(session, drawing, appfolder);
-  showToolInUse();
+  showFigures();
 }
 
 void Application::load(std::string_view drawing, std::string_view appfolder) {
@@ -112,12 +112,13 @@ void Application::showPropertiesAndTool() {
     reporting_.guarded("frmMain.UpdatePropertyWindow()",
                        [this] { interaction.UpdatePropertyWindow(); });
   }
-  showToolInUse();
+  showFigures();
   reporting_.guarded("frmMain.renewPathProof()", [this] { proofWatch.afterCommand(); });
 }
 
-void Application::showToolInUse() {
+void Application::showFigures() {
   interaction.statusBar.setPanel(StatusPanel::Tool, toolInUseText(session));
+  pathTotals.settle();
 }
 
 void Application::keepJournal() {
@@ -262,6 +263,7 @@ void Application::Listener::brandingRead() {
 
 void Application::Listener::load_xsetup() {
   tess::load_xsetup(application_.session, application_.definition);
+  application_.pathTotals.markStale();
 }
 
 void Application::Listener::closeMainWindow() {
