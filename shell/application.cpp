@@ -45,9 +45,17 @@ Application::Application(const Platform& platform)
       interaction(session, {platform.screen.picDrawing, platform.screen.pointer, timers_,
                             platform.screen.clientArea}) {
   wireTools();
+  wireProof();
 }
 
 Application::~Application() = default;
+
+// With the setup's consent alone: other setups make their programs as ever.
+void Application::wireProof() {
+  cnc.objections = [this] {
+    return store.cfg_true_paths ? worstFindings(proofWatch.prove()) : std::string();
+  };
+}
 
 void Application::wireTools() {
   interaction.tools.onToolClick = [this](const std::string& tool) {

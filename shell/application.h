@@ -142,6 +142,7 @@ class Application {
   };
 
   void wireTools();
+  void wireProof();
   void showPropertiesAndTool();
   void showToolInUse();
 

@@ -34,6 +34,7 @@ struct Options {
   std::string size;
   std::string date;
   std::vector<std::string> tools;  // what to do, and the file
+  bool checks = false;
 };
 
 // The arguments of the script are none of the program's options, whatever they look like.
@@ -111,7 +112,8 @@ void addFileOptions(CLI::App& app, Options& options) {
           ->excludes(kPlay)
           ->excludes(make);
   auto* const check =
-      app.add_flag("--check", "Print the path proof of DRAWING; status 1 when a limit is passed")
+      app.add_flag("--check", options.checks,
+                   "Print the path proof of DRAWING; status 1 when a limit is passed")
           ->excludes(kRun)
           ->excludes(kPlay)
           ->excludes(make)
@@ -203,7 +205,7 @@ void settle(const CLI::App& app, Options& options) {
     line.date = momentIn(options.date);
   }
   if (exchanges) settleTools(app, options);
-  if (app.count("--check") > 0) settleDrawing(options, Job::Check);
+  if (options.checks) settleDrawing(options, Job::Check);
   if (plots || makes) settleDrawing(options, plots ? Job::Plot : Job::MakeCnc);
 }
 
