@@ -55,7 +55,7 @@ void scale(Drawing& d) {
 void mirror(Drawing& d, bool copies) {
   const Mirroring mirroring{.about = {100, 0}};
   addImages(d.changes, {.selectedOnly = true, .copies = copies},
-            [&](const SegmentRow& row) { return mirrored(row, mirroring); });
+            [&](std::span<SegmentRow> rows) { mirrorRows(rows, mirroring); });
 }
 void mirrorMove(Drawing& d) {
   mirror(d, /*copies=*/false);
@@ -66,7 +66,7 @@ void mirrorCopy(Drawing& d) {
 void rotate(Drawing& d) {
   const Turn turn{.about = {100, 0}, .degrees = 30};
   addImages(d.changes, {.selectedOnly = true},
-            [&](const SegmentRow& row) { return rotated(row, turn); });
+            [&](std::span<SegmentRow> rows) { turnRows(rows, turn); });
 }
 
 void plainCopy(benchmark::State& state) {

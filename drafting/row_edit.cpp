@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "core/drawing_store.h"
+#include "core/row_columns.h"
 
 namespace tess {
 namespace {
@@ -12,9 +13,7 @@ namespace {
 struct SegmentTable {
   static Int16& counter(DrawingStore& store) { return store.NumSegments; }
   static void reach(DrawingStore& store, int n) { ensureSegmentCapacity(store, n); }
-  static void set(DrawingStore& store, int sg, const SegmentRow& row) {
-    setSegmentRow(store, sg, row);
-  }
+  static auto columns(DrawingStore& store) { return SegmentColumns(store); }
   static void requireFits(const SegmentRow& row) { Int16{row.attr}; }
   template <typename Visit>
   static void visitColumns(DrawingStore& store, Visit visit) {
@@ -25,7 +24,7 @@ struct SegmentTable {
 struct PathTable {
   static Int16& counter(DrawingStore& store) { return store.NumPathSegments; }
   static void reach(DrawingStore& store, int n) { ensurePathCapacity(store, n); }
-  static void set(DrawingStore& store, int ps, const PathRow& row) { setPathRow(store, ps, row); }
+  static auto columns(DrawingStore& store) { return PathColumns(store); }
   static void requireFits(const PathRow& row) {
     Int16{row.type};
     Int16{row.code};
@@ -80,8 +79,9 @@ void prepare(DrawingStore& store, const RowEdit<Row>& edit) {
 
 template <class Table, class Row>
 void setRows(DrawingStore& store, const RowEdit<Row>& edit) {
+  const auto columns = Table::columns(store);
   for (std::size_t k = 0; k < edit.numbers.size(); ++k) {
-    Table::set(store, edit.numbers[k], edit.rows[k]);
+    columns.set(edit.numbers[k], edit.rows[k]);
   }
 }
 

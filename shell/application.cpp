@@ -3,6 +3,7 @@
 
 #include <utility>
 
+#include "cnc/copy_program.h"
 #include "core/drawing_store.h"
 #include "core/lifecycle.h"
 #include "core/version.h"
@@ -14,6 +15,8 @@
 #include "import/frmDXF.h"
 #include "shell/commands.h"
 #include "shell/layouts.h"
+#include "shell/picture.h"
+#include "shell/printing.h"
 #include "shell/recovery.h"
 #include "tools/dlgColor.h"
 #include "tools/dlgToolPrms.h"
@@ -39,13 +42,18 @@ Application::Application(const Platform& platform)
       ownFeeds_(std::make_unique<SpeedsFeeds>(platform.jetReader)),
       ownColors_(std::make_unique<FormColorDialog>(platform.host.prompts)),
       colors(platform.colors != nullptr ? *platform.colors : *ownColors_),
+      paper(platform.paper),
       reporting_(platform.reporting),
       timers_(platform.screen.timers, platform.reporting),
       session(store, platform.host, listener_),
       interaction(session, {platform.screen.picDrawing, platform.screen.pointer, timers_,
-                            platform.screen.clientArea}) {
+                            platform.screen.clientArea, platform.paper}),
+      handOver{session, platform.others != nullptr ? *platform.others : noPrograms_,
+               platform.userfolder, freeSpaceIn},
+      viewer(handOver, interaction.forms, interaction.context, cnc) {
   wireTools();
   wireProof();
+  if (paper != nullptr) wirePaper();
 }
 
 Application::~Application() = default;
@@ -54,6 +62,16 @@ Application::~Application() = default;
 void Application::wireProof() {
   cnc.objections = [this] {
     return store.cfg_true_paths ? worstFindings(proofWatch.prove()) : std::string();
+  };
+}
+
+// Where nothing is on show, the screen's picture is one that is painted for the purpose.
+void Application::wirePaper() {
+  paper->onDocument = [this](PrintOutput output) { deliverDocument(*this, output); };
+  paper->takeScreenShot = [this] {
+    const SurfaceArea area = interaction.ScreenProxy.surface().area();
+    return paper->bitmapOf({area.width, area.height},
+                           [this](DrawingSurface& surface) { paintPicture(*this, surface); });
   };
 }
 
@@ -91,6 +109,7 @@ void Application::load(std::string_view drawing, std::string_view appfolder) {
 bool Application::guarded(std::string_view entry, const std::function<void()>& run) {
   const bool done = reporting_.guarded(entry, run);
   showPropertiesAndTool();
+  viewer.settle();
   settleJournal();
   return done;
 }
@@ -237,6 +256,7 @@ void Application::Listener::rowsRewritten() {
 
 void Application::Listener::drawingReplaced() {
   rowsRewritten();
+  application_.viewer.drawingReplaced();
   application_.interaction.showWholeDrawing();
 }
 

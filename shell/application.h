@@ -9,9 +9,11 @@
 #include <string_view>
 
 #include "cnc/cnc_program.h"
+#include "cnc/hand_over.h"
 #include "cnc/post_definition.h"
 #include "core/session.h"
 #include "drafting/pointer_events.h"
+#include "shell/cnc_viewer.h"
 #include "shell/edit_journal.h"
 #include "shell/error_reporting.h"
 #include "shell/frmPDFHelp.h"
@@ -21,6 +23,7 @@
 namespace tess {
 
 class ColorDialog;
+class Paper;
 struct DrawingStore;
 struct KeyStroke;
 class SpeedsFeeds;
@@ -30,8 +33,11 @@ struct Platform {
   Host& host;
   HuntERR& reporting;
   ScreenPorts screen;
-  std::string jetReader{};        // the program that reads Jet databases; none: they stay unread
-  ColorDialog* colors = nullptr;  // null: a form asks
+  std::string jetReader{};          // the program that reads Jet databases; none: they stay unread
+  ColorDialog* colors = nullptr;    // null: a form asks
+  OtherPrograms* others = nullptr;  // null: none is started
+  std::string userfolder{};         // what belongs to this user alone; empty: nothing is kept
+  Paper* paper = nullptr;           // null: nothing can be printed
 };
 
 // Timers whose ticks are entry points: a failure in one ends in the report.
@@ -50,6 +56,7 @@ class Application {
   std::unique_ptr<DrawingStore> ownStore_;
   std::unique_ptr<SpeedsFeeds> ownFeeds_;
   std::unique_ptr<ColorDialog> ownColors_;
+  NoPrograms noPrograms_;
 
  public:
   explicit Application(const Platform& platform);
@@ -88,13 +95,9 @@ class Application {
   DrawingStore& store = *ownStore_;
   SpeedsFeeds& feeds = *ownFeeds_;
   ColorDialog& colors;
+  Paper* const paper;
   PostDefinition definition;
   CncState cnc;
-  // There is no window for programs yet: the file is all that comes of one.
-  struct NoViewer : ProgramViewer {
-    void showFile(const std::string& /*file*/) override {}
-  };
-  NoViewer viewer;
 
   // What only a window can do; nothing without one.
   std::function<void()> onCloseMainWindow;
@@ -143,6 +146,7 @@ class Application {
 
   void wireTools();
   void wireProof();
+  void wirePaper();
   void showPropertiesAndTool();
   void showToolInUse();
 
@@ -155,6 +159,8 @@ class Application {
   Interaction interaction;
   ProofWatch proofWatch{session, interaction, timers_};
   frmPDFHelp help{session};
+  HandOver handOver;
+  CncViewer viewer;
 
  private:
   std::unique_ptr<EditJournal> journal_;

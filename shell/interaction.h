@@ -10,6 +10,7 @@
 #include "core/session.h"
 #include "core/status_bar.h"
 #include "core/tool_host.h"
+#include "display/print_drawing.h"
 #include "display/redraw_sequence.h"
 #include "display/view_commands.h"
 #include "drafting/drafting_context.h"
@@ -25,7 +26,8 @@ struct ScreenPorts {
   DrawingSurface& picDrawing;
   Pointer& pointer;
   Timers& timers;
-  Bounds clientArea{};  // of the surface to begin with, in pixels
+  Bounds clientArea{};                           // of the surface to begin with, in pixels
+  PrintPreviewControl* PrintPreview1 = nullptr;  // null where there is no paper
 };
 
 class Interaction : public ViewHost, public RedrawListener, public DraftingListener {
@@ -83,6 +85,8 @@ class Interaction : public ViewHost, public RedrawListener, public DraftingListe
   View view;
   Renderer renderer;
   RedrawSequence redraw;
+  DrawingPrinter printer;
+  PictureDisk pictures;
   CState state;
   ViewCommands viewCommands;
   DraftingContext context;
