@@ -53,6 +53,9 @@ class RapidReader : public MotionReader {
   void note(const CycleRun& cycle) { at_ = cycle.place; }
   void note(const ProgramStart&) {}
   void note(const ToolChange&) {}
+  void note(const SpindleStop&) {}
+  void note(const SpindleStart&) {}
+  void note(const Dwell&) {}
   void note(const ProgramEnd&) {}
 
   int row_ = 0;
