@@ -261,6 +261,17 @@ void markSegment(DraftingContext& context, int sg, bool select) {
   }
 }
 
+void selectOnlyPath(DraftingContext& context, int ps) {
+  const DrawingStore& store = context.store;
+  PathMarks marks(context, /*select=*/true);
+  for (int row = 1; row <= store.NumPathSegments; ++row) {
+    const bool selected = hasSelectionMark(store.pscode[row]);
+    if (selected && row != ps) marks.mark(row, selectedCode(store.pscode[row], /*select=*/false));
+    if (!selected && row == ps) marks.mark(row);
+  }
+  marks.keep();
+}
+
 void SelectWindow(DraftingContext& context, bool select, const SelectionWindow& window,
                   bool exclusive) {
   const Procedure here("frmMain.SelectWindow(SelectSegments,x0,y0,X1,y1,Exclusive)");

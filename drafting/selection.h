@@ -1,8 +1,8 @@
 // Selection: marking rows by click, by window and along chains. The mark lives in segattr and
 // pscode; it is part of the rows, not of the undo steps.
 // Owns: isSelectedOrdinary, selectedCount, selectedAttribute, selectedCode, markSegment,
-//       SelectionWindow, SelectWindow, SelectContiguous, SelectConnected, selectContiguousPaths,
-//       mnuDrawSelect_Click, mnuDrawUnselect_Click, mnuDrawSelectContiguous,
+//       selectOnlyPath, SelectionWindow, SelectWindow, SelectContiguous, SelectConnected,
+//       selectContiguousPaths, mnuDrawSelect_Click, mnuDrawUnselect_Click, mnuDrawSelectContiguous,
 //       mnuDrawUnselectContiguous, mnuDrawSelectAll_Click, mnuDrawUnselectAll_Click, UnselectAll,
 //       collectSelected.
 #pragma once
@@ -27,6 +27,8 @@ int selectedCode(int pscode, bool select);
 
 // Marks a row, draws it and keeps the collection for the property window.
 void markSegment(DraftingContext& context, int sg, bool select);
+// Of the path rows that one alone is selected then. Draws those that change.
+void selectOnlyPath(DraftingContext& context, int ps);
 
 // Opposite corners of a window in drawing units.
 struct SelectionWindow {

@@ -157,7 +157,7 @@ class Application {
  public:
   Session session;
   Interaction interaction;
-  ProofWatch proofWatch{session, interaction, timers_};
+  ProofWatch proofWatch{session, interaction, definition, timers_};
   frmPDFHelp help{session};
   HandOver handOver;
   CncViewer viewer;

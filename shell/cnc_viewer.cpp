@@ -68,12 +68,7 @@ std::vector<int> CncViewer::selectedRows() const {
 }
 
 void CncViewer::pickRow(int row) {
-  Change change(context_.changes);
-  for (const int selected : selectedRows()) {
-    if (selected != row) markPathSegment(context_, selected, /*select=*/false);
-  }
-  markPathSegment(context_, row, /*select=*/true);
-  change.keep({.redraws = false});
+  selectOnlyPath(context_, row);
   settle();
 }
 

@@ -51,11 +51,11 @@ class RapidReader : public MotionReader {
   void note(const FeedMove& move) { at_ = move.to; }
   void note(const ArcMove& move) { at_ = move.to; }
   void note(const CycleRun& cycle) { at_ = cycle.place; }
-  void note(const ProgramStart&) {}
-  void note(const ToolChange&) {}
+  void note(const Dwell&) {}
   void note(const SpindleStop&) {}
   void note(const SpindleStart&) {}
-  void note(const Dwell&) {}
+  void note(const ProgramStart&) {}
+  void note(const ToolChange&) {}
   void note(const ProgramEnd&) {}
 
   int row_ = 0;

@@ -34,10 +34,10 @@ struct Options {
   std::string mode;
   std::string size;
   std::string date;
+  bool checks = false;
   std::string scale;
   std::string sheet;
   std::vector<std::string> tools;  // what to do, and the file
-  bool checks = false;
 };
 
 // The arguments of the script are none of the program's options, whatever they look like.
@@ -234,6 +234,7 @@ void settle(const CLI::App& app, Options& options) {
   const bool plots = app.count("--plot") > 0;
   const bool makes = app.count("--make-cnc") > 0;
   const bool prints = app.count("--print") > 0;
+  const bool checks = options.checks;
   if (app.count("--home") > 0) line.home = options.home;
   if (app.count(kRun) > 0) line.job = Job::RunScript;
   if (plays) line.job = Job::PlayScript;
@@ -254,7 +255,7 @@ void settle(const CLI::App& app, Options& options) {
   if (plots) settleDrawing(options, "--plot", Job::Plot);
   if (prints) settleDrawing(options, "--print", Job::Print);
   if (makes) settleDrawing(options, "--make-cnc", Job::MakeCnc);
-  if (options.checks) settleDrawing(options, "--check", Job::Check);
+  if (checks) settleDrawing(options, "--check", Job::Check);
 }
 
 CommandLine printAndExit(const CLI::App& app, const CLI::ParseError& error) {
