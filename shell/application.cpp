@@ -52,10 +52,18 @@ Application::Application(const Platform& platform)
                platform.userfolder, freeSpaceIn},
       viewer(handOver, interaction.forms, interaction.context, cnc) {
   wireTools();
+  wireProof();
   if (paper != nullptr) wirePaper();
 }
 
 Application::~Application() = default;
+
+// With the setup's consent alone: other setups make their programs as ever.
+void Application::wireProof() {
+  cnc.objections = [this] {
+    return store.cfg_true_paths ? worstFindings(proofWatch.prove()) : std::string();
+  };
+}
 
 // Where nothing is on show, the screen's picture is one that is painted for the purpose.
 void Application::wirePaper() {
