@@ -146,6 +146,7 @@ class Application {
   };
 
   void wireTools();
+  void wireProof();
   void wirePaper();
   void showPropertiesAndTool();
   void showFigures();
@@ -157,7 +158,7 @@ class Application {
  public:
   Session session;
   Interaction interaction;
-  ProofWatch proofWatch{session, interaction, timers_};
+  ProofWatch proofWatch{session, interaction, definition, timers_};
   frmPDFHelp help{session};
   HandOver handOver;
   CncViewer viewer;
