@@ -168,11 +168,7 @@ TEST_F(HandOverDialogs, AClickOnALineSelectsItsRowInTheDrawing) {
   application().clickTool("miMakeCNCFile");
   const DrawingStore& store = application().store;
   int row = 5;
-  application().guarded("test", [&] {
-    Change change(application().interaction.context.changes);
-    change.paths.mark(row, selectedCode(store.pscode[row], /*select=*/true));
-    change.keep();
-  });
+  application().guarded("test", [&] { selectOnlyPath(application().interaction.context, row); });
   ASSERT_FALSE(form().txtFile.marked().empty());
   const int line = form().txtFile.marked().front().first;
   EXPECT_GE(line, pane().firstLine());
