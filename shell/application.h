@@ -18,6 +18,7 @@
 #include "shell/error_reporting.h"
 #include "shell/frmPDFHelp.h"
 #include "shell/interaction.h"
+#include "shell/path_totals.h"
 #include "shell/proof_watch.h"
 
 namespace tess {
@@ -145,9 +146,10 @@ class Application {
   };
 
   void wireTools();
+  void wireProof();
   void wirePaper();
   void showPropertiesAndTool();
-  void showToolInUse();
+  void showFigures();
 
   HuntERR& reporting_;
   GuardedTimers timers_;
@@ -156,10 +158,11 @@ class Application {
  public:
   Session session;
   Interaction interaction;
-  ProofWatch proofWatch{session, interaction, timers_};
+  ProofWatch proofWatch{session, interaction, definition, timers_};
   frmPDFHelp help{session};
   HandOver handOver;
   CncViewer viewer;
+  PathTotals pathTotals{session, definition, interaction.context.changes, interaction.statusBar};
 
  private:
   std::unique_ptr<EditJournal> journal_;

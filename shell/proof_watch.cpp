@@ -37,14 +37,17 @@ bool isEmpty(const ProofMarks& marks) {
 
 }  // namespace
 
-ProofMotions proofMotions(const DrawingStore& store) {
-  return {[&store](MotionReader& reader) { tellMotions(store, CncMode::Mill, reader); },
-          [&store](MotionReader& reader) { tellMotions(store, CncMode::Lathe, reader); }};
+ProofMotions proofMotions(const DrawingStore& store, const MotionRules& rules) {
+  return {
+      [&store, rules](MotionReader& reader) { tellMotions(store, CncMode::Mill, reader, rules); },
+      [&store, rules](MotionReader& reader) { tellMotions(store, CncMode::Lathe, reader, rules); }};
 }
 
-ProofWatch::ProofWatch(Session& session, Interaction& interaction, Timers& timers)
+ProofWatch::ProofWatch(Session& session, Interaction& interaction, const PostDefinition& definition,
+                       Timers& timers)
     : session_(session),
       interaction_(interaction),
+      definition_(definition),
       subscription_(interaction.context.changes.listen(*this)),
       tmrPathProof_(
           timers.create({"tmrPathProof", kProofRest, /*oneShot=*/true}, [this] { renew(); })) {
@@ -56,6 +59,9 @@ ProofWatch::Circumstances ProofWatch::circumstances() const {
   const DrawingStore& store = session_.store;
   Circumstances found{store.cfg_tolerance, store.zstartpos, store.partdimy,
                       isMetric(store) ? 1.0 : 0.0, static_cast<double>(session_.pathJobs.notes())};
+  const MotionRules rules = motionRules(definition_.dialect);
+  found.push_back(rules.safeChange ? 1 : 0);
+  found.push_back(rules.plungeFrom ? static_cast<double>(*rules.plungeFrom) : store.zstartpos);
   for (int tool = 0; tool <= kLastTool; ++tool) found.push_back(store.toolradius[tool]);
   return found;
 }
@@ -74,7 +80,8 @@ void ProofWatch::afterCommand() {
 }
 
 PathProof ProofWatch::prove() const {
-  return provePaths(session_.store, session_.pathJobs, proofMotions(session_.store));
+  return provePaths(session_.store, session_.pathJobs,
+                    proofMotions(session_.store, motionRules(definition_.dialect)));
 }
 
 void ProofWatch::renew() {

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "cnc/post_definition.h"
 #include "display/proof_marks.h"
 #include "drafting/change.h"
 #include "shell/interaction.h"
@@ -18,12 +19,13 @@ namespace tess {
 inline constexpr int kRowsThatWait = 1000;
 inline constexpr int kProofRest = 300;
 
-// The motions of the program's own generator.
-ProofMotions proofMotions(const DrawingStore& store);
+// The motions of the program's own generator, by the rules of a definition.
+ProofMotions proofMotions(const DrawingStore& store, const MotionRules& rules);
 
 class ProofWatch : public ChangeListener {
  public:
-  ProofWatch(Session& session, Interaction& interaction, Timers& timers);
+  ProofWatch(Session& session, Interaction& interaction, const PostDefinition& definition,
+             Timers& timers);
 
   // ChangeListener
   void changed(const KeptChange& /*change*/) override { isBehind_ = true; }
@@ -56,6 +58,7 @@ class ProofWatch : public ChangeListener {
 
   Session& session_;
   Interaction& interaction_;
+  const PostDefinition& definition_;
   Subscription subscription_;
   std::unique_ptr<Timer> tmrPathProof_;
   Circumstances circumstances_;

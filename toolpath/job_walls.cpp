@@ -1,7 +1,10 @@
 // Walls of jobs.
 #include "toolpath/job_walls.h"
 
+#include <algorithm>
+
 #include "core/drawing_store.h"
+#include "core/pocketing_choices.h"
 #include "geometry/row_entity.h"
 #include "toolpath/connected_rows.h"
 
@@ -46,6 +49,16 @@ JobWalls wallsBeside(const DrawingStore& store, int sg, Point click) {
   if (inside.fault || inside.region.isEmpty()) return chainAlone(rows);
   if (inside.region.isFree(at)) return wallsOf(inside.region);
   return wallsOf(regionOf(rows, store.cfg_tolerance, /*outside=*/true).region);
+}
+
+// A clearance below 0 asks for no more than the wall.
+void noteRoughing(CamContext& cam) {
+  const DrawingStore& store = cam.store;
+  const bool turns =
+      pocketingStyle(store) == PocketingStyle::Horizontal && store.cfg_lathe_style_pocketing;
+  const double radius = turns ? 0 : static_cast<double>(store.toolradius[store.selectedtool]);
+  const double clearance = std::max(0.0F, float{store.cfg_min_rough_clearance});
+  noteJob(cam, turns ? JobKind::Lathe : JobKind::Clearing, radius + clearance, wallsToClear(store));
 }
 
 }  // namespace tess

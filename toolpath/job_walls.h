@@ -1,5 +1,5 @@
 // The walls that the jobs of placing commands have, from the drawing and the click.
-// Owns: wallsOf, wallsToClear, wallsBeside.
+// Owns: wallsOf, wallsToClear, wallsBeside, noteRoughing.
 #pragma once
 
 #include "toolpath/job_notes.h"
@@ -16,5 +16,8 @@ JobWalls wallsToClear(const DrawingStore& store);
 // for a verified outline that the click is free of, or else the outline alone. An open chain, and
 // rows that branch, are walls on both sides.
 JobWalls wallsBeside(const DrawingStore& store, int sg, Point click);
+
+// Notes the job of the rows that Rough Cut Pocket has placed in the style that is set.
+void noteRoughing(CamContext& cam);
 
 }  // namespace tess

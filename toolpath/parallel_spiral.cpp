@@ -372,14 +372,16 @@ void parallelSpiralPocket(CamContext& cam, int sg) {
   if (!change.keep({.redraws = false})) return;
   mode.keep();
   if (!cuts) return;
-  noteJob(cam, JobKind::Clearing, range.nearest, wallsToClear(cam.store));
+  noteRoughing(cam);
   showPlacedPaths(cam);
 }
 
 void clickStartRoughing(CamContext& cam) {
   const PointerRecord& pointer = cam.context.pointer;
   if (cam.store.cfg_true_paths) {
+    const int rowsBefore = cam.store.NumPathSegments;
     ringTruePocket(cam, {pointer.MouseX, pointer.MouseY});
+    if (cam.store.NumPathSegments > rowsBefore) noteRoughing(cam);
     return;
   }
   parallelSpiralPocket(cam, nearestSelectedSeg(cam.store, {pointer.MouseX, pointer.MouseY}));

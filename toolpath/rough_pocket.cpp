@@ -110,14 +110,6 @@ void cutLevels(CamContext& cam, int rowsBefore) {
   cam.currentZ = replicateLevels(cam, cam.currentZ, cam.roughFloor, rowsBefore);
 }
 
-void noteRoughing(CamContext& cam) {
-  const DrawingStore& store = cam.store;
-  const bool lathe = isLatheStyle(store);
-  const double radius = lathe ? 0 : static_cast<double>(store.toolradius[store.selectedtool]);
-  noteJob(cam, lathe ? JobKind::Lathe : JobKind::Clearing, radius + store.cfg_min_rough_clearance,
-          wallsToClear(store));
-}
-
 // Links are made while the islands' working rows are there to be seen.
 void roughPocket(CamContext& cam) {
   Change change(cam.changes);
@@ -164,7 +156,9 @@ void mnuCAMRoughCutPocket_Click(CamContext& cam) {
   if (pocketingStyle(cam.store) == PocketingStyle::ParallelSpiral) {
     arm(cam.context, PendingAction::StartRoughing);
   } else if (cam.store.cfg_true_paths) {
+    const int rowsBefore = cam.store.NumPathSegments;
     roughTruePocket(cam);
+    if (cam.store.NumPathSegments > rowsBefore) noteRoughing(cam);
   } else if (levelsArePossible(cam)) {
     roughPocket(cam);
   }
