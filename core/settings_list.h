@@ -52,6 +52,9 @@
   SETTING(cfg_finish_feedrate, float, S, "finishing feedrate", Live, Plain)                  \
   SETTING(cfg_z_plunge_rate, float, S, "z plunge rate", Live, Plain)                         \
   SETTING(highestspindle, float, S, "highest spindle speed", Live, WhenSet)                  \
+  SETTING(cfg_rapid_rate, float, S, "rapid rate", Live, WhenSet)                             \
+  SETTING(cfg_acceleration, float, S, "acceleration", Live, WhenSet)                         \
+  SETTING(cfg_junction_deviation, float, S, "junction deviation", Live, WhenSet)             \
   SETTING(cfg_cutting_mode, Int16, S, "cutting mode", Live, Plain)                           \
   SETTING(cfg_pocketing_style, Int16, S, "pocketing style", Live, Plain)                     \
   SETTING(cfg_lathe_style_pocketing, Flag, S, "lathe style pocketing", Live, Plain)          \

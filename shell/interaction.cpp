@@ -20,16 +20,19 @@ Interaction::Interaction(Session& session, const ScreenPorts& ports)
       renderer(session.store, session.host.prompts, session.host.surroundings),
       redraw({session.store, view, renderer, ScreenProxy, ports.pointer, session.host.surroundings,
               ports.timers, *this}),
+      printer(session, ScreenProxy, ports.PrintPreview1),
       state(ScreenProxy),
       viewCommands({session.store, view, redraw, ScreenProxy, ports.pointer,
                     session.host.surroundings, *this, state}),
       context({session, view, renderer, redraw, state, viewCommands, ScreenProxy, ports.pointer,
                ports.timers, tools, statusBar, *this}),
       cam(context),
-      properties(context) {
+      properties(context),
+      text(context, fonts) {
   for (const DraftingCommand* const command : importCommands())
     context.addCommand(context, *command);
   fillToolHost(tools);
+  tools.setPanel("barText", &text);
   tools.setClientArea(ports.clientArea);
   // The marker is drawn before the first view is fitted, and needs a scale by then.
   ports.picDrawing.Move(clientArea());
@@ -85,7 +88,9 @@ void Interaction::updateStatusDisplay() {
   refreshStatus(context);
 }
 
-void Interaction::PrintPreviewScreenShotWorkAround(DrawingTarget& /*target*/) {}
+void Interaction::PrintPreviewScreenShotWorkAround(DrawingTarget& target) {
+  printer.PrintPreviewScreenShotWorkAround(target);
+}
 
 void Interaction::showStatistics(int segments, int paths, const std::string& zoom) {
   frmStatistics.show(segments, paths, zoom);
@@ -99,9 +104,23 @@ void Interaction::selectEntity(int sg) {
   properties.SelectEntity(sg);
 }
 
-// Text is not placed yet: nobody waits for these.
-void Interaction::textPointerEvent(int /*button*/, int /*shift*/, float /*x*/, float /*y*/) {}
+void Interaction::textPointerMoved(int button, int shift, float x, float y) {
+  text.Drawing_MouseMove(button, shift, x, y);
+}
+
+void Interaction::textPointerReleased(int button, int shift, float x, float y) {
+  text.Drawing_MouseUp(button, shift, x, y);
+}
+
+// A text follows the pointer with and without a button: there is no drag to forget.
 void Interaction::textDragReset() {}
-void Interaction::textWheel(int /*steps*/, int /*shift*/) {}
+
+void Interaction::textWheel(int steps, int shift) {
+  text.Drawing_MouseWheel(steps, shift);
+}
+
+void Interaction::textPlacementEnded() {
+  text.placementEnded();
+}
 
 }  // namespace tess

@@ -10,9 +10,13 @@
 #include "core/session.h"
 #include "core/status_bar.h"
 #include "core/tool_host.h"
+#include "display/print_drawing.h"
 #include "display/redraw_sequence.h"
 #include "display/view_commands.h"
 #include "drafting/drafting_context.h"
+#include "import/frmText.h"
+#include "import/installed_fonts.h"
+#include "shell/frmPathProof.h"
 #include "shell/frmProperties.h"
 #include "shell/frmStatistics.h"
 #include "toolpath/cam_context.h"
@@ -24,7 +28,8 @@ struct ScreenPorts {
   DrawingSurface& picDrawing;
   Pointer& pointer;
   Timers& timers;
-  Bounds clientArea{};  // of the surface to begin with, in pixels
+  Bounds clientArea{};                           // of the surface to begin with, in pixels
+  PrintPreviewControl* PrintPreview1 = nullptr;  // null where there is no paper
 };
 
 class Interaction : public ViewHost, public RedrawListener, public DraftingListener {
@@ -63,9 +68,11 @@ class Interaction : public ViewHost, public RedrawListener, public DraftingListe
   void showStatistics(int segments, int paths, const std::string& zoom) override;
   void UpdatePropertyWindow() override;
   void selectEntity(int sg) override;
-  void textPointerEvent(int button, int shift, float x, float y) override;
+  void textPointerMoved(int button, int shift, float x, float y) override;
+  void textPointerReleased(int button, int shift, float x, float y) override;
   void textDragReset() override;
   void textWheel(int steps, int shift) override;
+  void textPlacementEnded() override;
 
  private:
   Session& session_;
@@ -77,15 +84,20 @@ class Interaction : public ViewHost, public RedrawListener, public DraftingListe
   StatusBar statusBar;
   FormHost forms;
   class frmStatistics frmStatistics;
+  class frmPathProof frmPathProof;
   PictureBoxProxy ScreenProxy;
   View view;
   Renderer renderer;
   RedrawSequence redraw;
+  DrawingPrinter printer;
+  PictureDisk pictures;
   CState state;
   ViewCommands viewCommands;
   DraftingContext context;
   CamContext cam;
   frmProperties properties;
+  InstalledFonts fonts;
+  class frmText text;
 };
 
 }  // namespace tess

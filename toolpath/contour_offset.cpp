@@ -109,12 +109,12 @@ void Placement::keep() {
   change_.keep({.redraws = false});
 }
 
-void placePathChain(CamContext& cam, const OffsetRequest& request, const Placement& placement) {
+Side placePathChain(CamContext& cam, const OffsetRequest& request, const Placement& placement) {
   DrawingStore& store = cam.store;
   if (!request.pocketMode && !request.exactMode) store.currentpathgroup = nextPathGroup(store);
   if (!hasDirection(store, request.sg, request.start, request.direction)) {
     cam.context.session.host.surroundings.beep();
-    return;
+    return Side::On;
   }
   const Point end = otherEnd(store, request.sg, request.start);
   const Entity first = travelledRow(store, request.sg, request.start, end);
@@ -128,6 +128,7 @@ void placePathChain(CamContext& cam, const OffsetRequest& request, const Placeme
     addLeadInOut(cam, {closed, rows.first, rows.last, request.z, request.feed});
   }
   cam.context.state.setPendingaction(0);
+  return side;
 }
 
 void offsetPathChain(CamContext& cam, const OffsetRequest& request) {

@@ -57,8 +57,8 @@ class Placement {
   Change change_;
 };
 
-// What offsetPathChain does, but for the log.
-void placePathChain(CamContext& cam, const OffsetRequest& request, const Placement& placement);
+// What offsetPathChain does, but for the log. Gives the side on which the path lies.
+Side placePathChain(CamContext& cam, const OffsetRequest& request, const Placement& placement);
 
 // Links the gaps within `rows`, and within their level copies at the end of the table, but never to
 // one of the `rowsBefore` rows that were there before.

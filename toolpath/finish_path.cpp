@@ -15,6 +15,7 @@
 #include "toolpath/contour_offset.h"
 #include "toolpath/frmFinishPath.h"
 #include "toolpath/gouge_avoidance.h"
+#include "toolpath/job_walls.h"
 #include "toolpath/lead_gouge.h"
 #include "toolpath/level_check.h"
 #include "toolpath/path_groups.h"
@@ -76,10 +77,18 @@ struct PassRequest {
   bool several = false;  // levels
 };
 
+void notePass(CamContext& cam, const OffsetRequest& pass, Side side) {
+  if (side == Side::On) {
+    noteJob(cam, JobKind::OnTheLine, 0);
+  } else {
+    noteJob(cam, JobKind::Contour, pass.radius, wallsBeside(cam.store, pass.sg, pass.click));
+  }
+}
+
 void placePass(CamContext& cam, const PassRequest& pass, AddedRows& added) {
   const int rowsBefore = cam.store.NumPathSegments;
   Placement placement(cam);
-  placePathChain(cam, pass.offset, placement);
+  const Side side = placePathChain(cam, pass.offset, placement);
   if (cam.store.cfg_gouge_avoidance && !placement.rows().empty()) {
     if (pass.several && checksLeads(cam)) offerShorterLeads(cam, placement.rows());
     removeSelfIntersections(cam, placement.first(), ChainKind::Path);
@@ -87,6 +96,7 @@ void placePass(CamContext& cam, const PassRequest& pass, AddedRows& added) {
   placement.keep();
   added.placed(placement.rows());
   if (pass.several) replicateLevels(cam, pass.offset.z, pass.floor, rowsBefore);
+  notePass(cam, pass.offset, side);
 }
 
 // Fixed: the first level runs at the finishing feed, copies at the roughing one; programs do.

@@ -14,6 +14,7 @@
 #include "geometry/row_entity.h"
 #include "toolpath/chain_walk.h"
 #include "toolpath/element_offset.h"
+#include "toolpath/job_walls.h"
 #include "toolpath/lead_gouge.h"
 #include "toolpath/path_groups.h"
 #include "toolpath/path_levels.h"
@@ -412,11 +413,13 @@ void placeTrueFinish(CamContext& cam, const TrueFinishRequest& request) {
   Change change(cam.changes);
   const std::vector<PathLevel> levels = levelsOf(store, several, store.cfg_finish_feedrate);
   const bool links = store.cfg_connect_pocketing_paths && levels.size() == 1;
+  const JobWalls walls = wallsBeside(store, request.sg, request.reference);
   for (int pass = request.passes; pass >= 1; --pass) {
     const std::vector<Entity> rows = maker.rowsAt(passDistance(store, pass), links);
     store.currentpathgroup = nextPathGroup(store);
     const int index = pathInsertIndex(store, cam.pathInsertMode, cam.pathInsertGroup);
     placeAtLevels(cam, change, index, rows, levels);
+    noteJob(cam, JobKind::Contour, passDistance(store, pass), walls);
   }
   change.keep({.redraws = false});
   cam.context.state.setPendingaction(0);

@@ -31,7 +31,7 @@ PlanePoint placeAt(ScanStyle style, double line, double along) {
 }
 
 // The spans of one room, line by line.
-using RoomSpans = std::vector<std::vector<LineSpan>>;
+using RoomSpans = std::vector<std::vector<ClearSpan>>;
 
 class Scanner {
  public:
@@ -56,7 +56,7 @@ class Scanner {
     });
     for (std::size_t k = 0; k + 1 < found_.size(); k += 2) {
       if (found_[k].x < found_[k + 1].x) {
-        visit(roomOf(found_[k].curve), LineSpan{line(number), found_[k].x, found_[k + 1].x});
+        visit(roomOf(found_[k].curve), ClearSpan{line(number), found_[k].x, found_[k + 1].x});
       }
     }
   }
@@ -70,10 +70,10 @@ class Scanner {
 // ---- Columns
 
 struct Column {
-  std::vector<LineSpan> spans;  // on consecutive lines
+  std::vector<ClearSpan> spans;  // on consecutive lines
 };
 
-bool overlap(const LineSpan& a, const LineSpan& b) {
+bool overlap(const ClearSpan& a, const ClearSpan& b) {
   return a.from < b.to && b.from < a.to;
 }
 
@@ -83,8 +83,8 @@ struct Overlaps {
   std::size_t other = 0;
 };
 
-std::vector<Overlaps> overlapsOf(const std::vector<LineSpan>& line,
-                                 const std::vector<LineSpan>& others) {
+std::vector<Overlaps> overlapsOf(const std::vector<ClearSpan>& line,
+                                 const std::vector<ClearSpan>& others) {
   std::vector<Overlaps> all(line.size());
   std::size_t first = 0;
   for (std::size_t k = 0; k < line.size(); ++k) {
@@ -101,9 +101,9 @@ std::vector<Column> columnsOf(const RoomSpans& room) {
   std::vector<Column> columns;
   std::vector<std::size_t> open;  // the column that each span of the last line stands in
   for (std::size_t line = 0; line < room.size(); ++line) {
-    const std::vector<LineSpan>& spans = room[line];
-    const std::vector<LineSpan> none;
-    const std::vector<LineSpan>& before = line > 0 ? room[line - 1] : none;
+    const std::vector<ClearSpan>& spans = room[line];
+    const std::vector<ClearSpan> none;
+    const std::vector<ClearSpan>& before = line > 0 ? room[line - 1] : none;
     const std::vector<Overlaps> down = overlapsOf(spans, before);
     const std::vector<Overlaps> up = overlapsOf(before, spans);
     std::vector<std::size_t> column(spans.size());
@@ -170,7 +170,7 @@ class RoomCutter {
   }
 
   PlanePoint startOf(const Column& column, const Entry& entry) const {
-    const LineSpan& span = entry.falling ? column.spans.back() : column.spans.front();
+    const ClearSpan& span = entry.falling ? column.spans.back() : column.spans.front();
     return placeAt(rules_.style, span.line, entry.direction > 0 ? span.from : span.to);
   }
   PlanePoint startOf(int loop) const {
@@ -196,7 +196,7 @@ class RoomCutter {
   void cutColumn(Column& column, Entry entry) {
     if (entry.falling) std::reverse(column.spans.begin(), column.spans.end());
     int direction = entry.direction;
-    for (const LineSpan& span : column.spans) {
+    for (const ClearSpan& span : column.spans) {
       const PlanePoint low = placeAt(rules_.style, span.line, span.from);
       const PlanePoint high = placeAt(rules_.style, span.line, span.to);
       way_.cut({direction > 0 ? lineCurve(low, high) : lineCurve(high, low)}, /*linked=*/linked_,
@@ -230,10 +230,10 @@ LineScan scanRegion(const PocketRegion& offset, ScanStyle style, double step) {
   Scanner scanner(offset, style, step);
   LineScan scan{scanner.bound(), {}};
   for (int number = 0; number < scanner.lines(); ++number) {
-    std::vector<LineSpan>& line = scan.lines.emplace_back();
+    std::vector<ClearSpan>& line = scan.lines.emplace_back();
     scanner.spansOf(
         number, [](int) { return 0; },
-        [&line](int, const LineSpan& span) { line.push_back(span); });
+        [&line](int, const ClearSpan& span) { line.push_back(span); });
   }
   return scan;
 }
@@ -255,7 +255,7 @@ bool cutLines(const PocketRegion& offset, const LineRules& rules, RoomWay& way,
   std::vector<RoomSpans> spans(rooms.size());
   std::vector<int> firstLine(rooms.size(), -1);
   for (int number = 0; number < scanner.lines(); ++number) {
-    scanner.spansOf(number, roomOf, [&](int room, const LineSpan& span) {
+    scanner.spansOf(number, roomOf, [&](int room, const ClearSpan& span) {
       RoomSpans& of = spans[static_cast<std::size_t>(room)];
       int& first = firstLine[static_cast<std::size_t>(room)];
       if (first < 0) first = number;

@@ -1,5 +1,5 @@
 // Roughing by parallel lines between the loops of an offset, and round each loop once.
-// Owns: LineSpan, LineScan, lineCount, scanRegion, LineRules, cutLines.
+// Owns: ClearSpan, LineScan, lineCount, scanRegion, LineRules, cutLines.
 #pragma once
 
 #include <functional>
@@ -13,7 +13,7 @@
 namespace tess {
 
 // The part of a line that lies in a room.
-struct LineSpan {
+struct ClearSpan {
   double line = 0;
   double from = 0, to = 0;
 };
@@ -21,7 +21,7 @@ struct LineSpan {
 // The lines, each with the spans of it in rising order.
 struct LineScan {
   double bound = 0;  // what the first line lies half a step inside of
-  std::vector<std::vector<LineSpan>> lines;
+  std::vector<std::vector<ClearSpan>> lines;
 };
 
 // How many lines there will be; more than a table holds rows is too many.

@@ -199,8 +199,8 @@ void cutByLathe(CamContext& cam, const RoughingField& field, const JobMeasures& 
   serveEvents(cam);
   const LineScan scan = scanRegion(field.offset.region, ScanStyle::Lathe, job.step);
   ScanRun run{ScanStyle::Lathe, narrow(job.step), {0, narrow(scan.bound)}, {}};
-  for (const std::vector<LineSpan>& line : scan.lines) {
-    for (const LineSpan& span : line) {
+  for (const std::vector<ClearSpan>& line : scan.lines) {
+    for (const ClearSpan& span : line) {
       run.spans.push_back({narrow(span.line), narrow(span.from), narrow(span.to)});
     }
   }

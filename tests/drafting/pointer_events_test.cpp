@@ -222,7 +222,7 @@ TEST(Release, WhilePlacingTextPassesTheEventOnAndEnds) {
   d.press(1, 1, 1);
   d.log.take();
   d.release(1, 2, 1, 1);
-  EXPECT_EQ(d.textEvents, (Texts{"drag reset", "pointer 1 1 (2, 1)"}));
+  EXPECT_EQ(d.textEvents, (Texts{"drag reset", "release 1 1 (2, 1)"}));
   EXPECT_EQ(d.pending(), 30);
   EXPECT_FALSE(d.context.pointer.LeftDown);
   EXPECT_EQ(d.log.take(), "MousePointer 0\nreleaseCapture\n");
@@ -444,6 +444,39 @@ TEST(KeyboardClick, KeepsAPositionThatIsOffTheGrid) {
   keyboardClick(d.context, kRightButton);
   EXPECT_EQ(d.marker(), (Point{2.3F, 1.2F}));
   EXPECT_FALSE(d.context.pointer.SkipPointerUpdate);
+}
+
+// ---- A form that picks
+
+TEST(FormClick, HasTheLeftPressAndLeavesTheRestAlone) {
+  RecordedDrafting d;
+  d.context.state.setPendingaction(9);
+  std::vector<Point> clicks;
+  d.context.onFormClick = [&clicks](Point at) { clicks.push_back(at); };
+  d.click(1, 2);
+  d.rightClick(3, 3);
+  d.drag({0, 0}, {2, 2});
+  EXPECT_EQ(clicks, (std::vector<Point>{{1, 2}, {0, 0}}));
+  EXPECT_EQ(d.pending(), 9);
+  EXPECT_EQ(d.mouse(), Point{});
+  EXPECT_FALSE(d.context.pointer.LeftDown);
+  EXPECT_EQ(d.beeps(), 0);
+}
+
+TEST(FormClick, EndsWithTheReleaseOfThePressThatTheFormTook) {
+  RecordedDrafting d;
+  d.context.state.setPendingaction(9);
+  d.context.onFormClick = [&d](Point) { d.context.onFormClick = nullptr; };
+  d.press(kLeftButton, 1, 1);
+  d.move(kLeftButton, 2, 2);
+  EXPECT_EQ(d.mouse(), Point{});
+  d.release(kLeftButton, 2, 2);
+  EXPECT_EQ(d.pending(), 9);
+  d.move(0, 2, 2);
+  EXPECT_EQ(d.mouse(), (Point{2, 2}));
+  d.press(kLeftButton, 2, 2);
+  d.release(kLeftButton, 2, 2);
+  EXPECT_EQ(d.pending(), 0);
 }
 
 // ---- Wheel
