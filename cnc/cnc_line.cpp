@@ -30,8 +30,8 @@ struct Words {
 
   void append(char letter, float value) const { append(letter, value, format.coordinates); }
   void append(char letter, float value, const NumberPattern& pattern) const {
-    out.push_back(' ');
-    out.push_back(letter);
+    const char begin[] = {' ', letter};
+    out.append(begin, sizeof begin);
     const std::size_t number = out.size();
     pattern.append(out, value);
     if (out.size() == number) out.push_back('0');  // a pattern such as "###" is silent about zero
@@ -47,7 +47,15 @@ struct Words {
   }
 };
 
+bool isDigit(char letter) {
+  return letter >= '0' && letter <= '9';
+}
+
 int codeNumber(std::string_view g) {
+  const std::size_t size = g.size();
+  if (size >= 2 && isDigit(g[size - 2]) && isDigit(g[size - 1])) {
+    return (g[size - 2] - '0') * 10 + (g[size - 1] - '0');
+  }
   return parseInteger(g.substr(g.size() - std::min<std::size_t>(g.size(), 2)));
 }
 

@@ -122,8 +122,10 @@ void dlgMenuHelper::showFile(const std::string& file, const std::string& notice)
 
 // ---- Search
 
+// Enter presses the button for Next; what is typed after it belongs to the words again.
 void dlgMenuHelper::find(bool backwards) {
   showFound(txtFile.find(txtFind.text(), backwards));
+  txtFind.focus();
 }
 
 void dlgMenuHelper::showFound(bool found) {

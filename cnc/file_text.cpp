@@ -37,6 +37,7 @@ std::string FileText::text() const {
 
 void FileText::showLines(TextLines lines) {
   lines_ = std::move(lines);
+  lowered_ = TextLines();
   match_ = {};
   marked_.clear();
   anchor_ = last_ = revealed_ = -1;
@@ -94,28 +95,37 @@ std::string FileText::copiedText() const {
 
 // ---- Search
 
-// The first match at or behind that byte of the line; the search goes once round the text.
-TextMatch FileText::matchFrom(int line, std::size_t begin) const {
-  for (int step = 0; step <= lines_.count(); ++step) {
-    const int at = (line + step) % lines_.count();
-    const std::string shown = lowerCased(wholeLine(at));
-    const std::size_t found = shown.find(searched_, step == 0 ? begin : 0);
-    if (found != std::string::npos) return {at, found, searched_.size()};
+// The same lines in lower case and as UTF-8: a search is one pass over it.
+void FileText::prepareSearch(const std::string& words) {
+  searched_ = lowerCased(words);
+  if (isSearchable() && lowered_.count() == 0) {
+    lowered_ = TextLines(lowerCased(toUtf8(lines_.text())));
   }
-  return {};
 }
 
-// The last match that begins before that byte of the line.
-TextMatch FileText::matchBefore(int line, std::size_t end) const {
-  const int count = lines_.count();
-  for (int step = 0; step <= count; ++step) {
-    const int at = (line + count - step % count) % count;
-    if (step == 0 && end == 0) continue;
-    const std::string shown = lowerCased(wholeLine(at));
-    const std::size_t found = shown.rfind(searched_, step == 0 ? end - 1 : std::string::npos);
-    if (found != std::string::npos) return {at, found, searched_.size()};
-  }
-  return {};
+TextMatch FileText::matchAt(std::size_t place) const {
+  if (place == std::string::npos) return {};
+  const int line = lowered_.lineAt(place);
+  return {line, place - lowered_.placeOf(line), searched_.size()};
+}
+
+// At or behind the place, else from the beginning.
+TextMatch FileText::matchFrom(std::size_t place) const {
+  const std::size_t found = lowered_.text().find(searched_, place);
+  return matchAt(found != std::string::npos ? found : lowered_.text().find(searched_));
+}
+
+// In front of the place, else from the end.
+TextMatch FileText::matchBefore(std::size_t place) const {
+  const std::size_t found =
+      place == 0 ? std::string::npos : lowered_.text().rfind(searched_, place - 1);
+  return matchAt(found != std::string::npos ? found : lowered_.text().rfind(searched_));
+}
+
+// Where the present match begins; without one, the line at hand.
+std::size_t FileText::placeOfMatch() const {
+  if (isLine(match_.line)) return lowered_.placeOf(match_.line) + match_.begin;
+  return lowered_.placeOf(std::max(last_, 0));
 }
 
 bool FileText::show(const TextMatch& match) {
@@ -131,19 +141,16 @@ bool FileText::show(const TextMatch& match) {
 }
 
 bool FileText::find(const std::string& words, bool backwards) {
-  searched_ = lowerCased(words);
-  if (searched_.empty() || lines_.count() == 0) return show({});
-  const bool goesOn = isLine(match_.line);
-  const int line = goesOn ? match_.line : std::max(last_, 0);
-  if (backwards) return show(matchBefore(line, goesOn ? match_.begin : 0));
-  return show(matchFrom(line, goesOn ? match_.begin + 1 : 0));
+  prepareSearch(words);
+  if (!isSearchable()) return show({});
+  const std::size_t here = placeOfMatch();
+  if (backwards) return show(matchBefore(here));
+  return show(matchFrom(isLine(match_.line) ? here + 1 : here));
 }
 
 bool FileText::findOn(const std::string& words) {
-  searched_ = lowerCased(words);
-  if (searched_.empty() || lines_.count() == 0) return show({});
-  const bool goesOn = isLine(match_.line);
-  return show(matchFrom(goesOn ? match_.line : std::max(last_, 0), goesOn ? match_.begin : 0));
+  prepareSearch(words);
+  return show(isSearchable() ? matchFrom(placeOfMatch()) : TextMatch{});
 }
 
 std::vector<TextMatch> FileText::matchesIn(int line) const {

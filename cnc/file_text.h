@@ -74,10 +74,15 @@ class FileText : public TextBox {
   bool isLine(int line) const { return line >= 0 && line < lines_.count(); }
   void reveal(int line);
   bool show(const TextMatch& match);
-  TextMatch matchFrom(int line, std::size_t begin) const;
-  TextMatch matchBefore(int line, std::size_t end) const;
+  void prepareSearch(const std::string& words);
+  bool isSearchable() const { return !searched_.empty() && lines_.count() > 0; }
+  std::size_t placeOfMatch() const;
+  TextMatch matchFrom(std::size_t place) const;
+  TextMatch matchBefore(std::size_t place) const;
+  TextMatch matchAt(std::size_t place) const;
 
   TextLines lines_;
+  TextLines lowered_;     // the same in lower case, once something was searched
   std::string searched_;  // in lower case
   TextMatch match_;
   std::vector<LineSpan> marked_;

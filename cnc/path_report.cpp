@@ -3,7 +3,9 @@
 
 #include <algorithm>
 #include <cmath>
-#include <optional>
+#include <iomanip>
+#include <locale>
+#include <sstream>
 #include <variant>
 
 #include "cnc/cycle_expansion.h"
@@ -266,6 +268,14 @@ PathReport reportPaths(const DrawingStore& store, const MotionRules& rules) {
   tellMotions(store, mode, watch, withAllCycles(rules));
   addUp(report);
   return report;
+}
+
+std::string summaryOf(const DrawingStore& store, const PathReport& report) {
+  std::ostringstream text;
+  text.imbue(std::locale::classic());
+  text << report.rows << " path rows, " << std::fixed << std::setprecision(1) << report.length
+       << (isMetric(store) ? " mm" : " in") << ", about " << report.machineMinutes << " min";
+  return text.str();
 }
 
 }  // namespace tess

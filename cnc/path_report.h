@@ -1,8 +1,9 @@
 // What the path rows of a drawing amount to: rows, length of cut, time at the programmed feeds, and
 // the time that a machine takes for the program made of them.
-// Owns: ToolShare, PathReport, reportPaths.
+// Owns: ToolShare, PathReport, reportPaths, summaryOf.
 #pragma once
 
+#include <string>
 #include <vector>
 
 #include "cnc/motion_rules.h"
@@ -34,5 +35,9 @@ struct PathReport {
 // row is marked as a rapid of its kind, else of a mill. Tool changes take time too, which nobody
 // knows here. Rows without a feed take none. Raises what tellMotions raises.
 PathReport reportPaths(const DrawingStore& store, const MotionRules& rules = {});
+
+// Rows, length of cut and time of the machine for the operator, as in "12 path rows, 93.4 in, about
+// 4.2 min".
+std::string summaryOf(const DrawingStore& store, const PathReport& report);
 
 }  // namespace tess

@@ -1,8 +1,7 @@
 // The lines of a program that are no motions.
 #include "cnc/program_text.h"
 
-#include <cctype>
-
+#include "core/number_text.h"
 #include "core/text.h"
 
 namespace tess {
@@ -11,6 +10,10 @@ namespace {
 constexpr std::size_t kBarLength = 75;
 // Controls read line numbers of five digits; a longer program begins again.
 constexpr int kLargestLineNumber = 99999;
+
+bool isLetter(char c) {
+  return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
+}
 
 }  // namespace
 
@@ -33,13 +36,15 @@ void ProgramText::bar(char mark) {
 }
 
 void ProgramText::appendNumber() {
+  char word[kLongestNumber + 2] = {'N'};
+  char* const end = writeFileText(word + 1, number_);
+  *end = ' ';
   numberBegin_ = out_.size();
-  out_.append("N").append(std::to_string(number_)).push_back(' ');
+  out_.append(word, end + 1);
 }
 
 void ProgramText::settleNumber(std::size_t begin) {
-  const bool block = begin < out_.size() && std::isalpha(static_cast<unsigned char>(out_[begin]));
-  if (!block) {
+  if (begin >= out_.size() || !isLetter(out_[begin])) {
     out_.erase(numberBegin_, begin - numberBegin_);
     return;
   }

@@ -28,7 +28,9 @@ Point startOf(const ArcMove& arc) {
 }
 
 double radiusAbout(double centerx, double centery, ToolPlace place) {
-  return std::hypot(place.x - centerx, place.y - centery);
+  const double x = place.x - centerx;
+  const double y = place.y - centery;
+  return std::sqrt(x * x + y * y);
 }
 
 // Between the holes of a run nothing else is told.
@@ -264,10 +266,9 @@ void ProgramWriter::writeArc(const ArcMove& arc, float radius) {
 
 // Where the tool stands as the control knows it, in the axes of the path.
 ToolPlace ProgramWriter::standingAt(const ArcMove& arc) const {
-  const bool known = !std::isnan(lastmove_.x);
-  if (!known) return arc.from;
-  if (mode_ == CncMode::Lathe) return {lastmove_.z, lastmove_.x};
-  return {lastmove_.x, lastmove_.y};
+  const bool lathe = mode_ == CncMode::Lathe;
+  const ToolPlace at{lathe ? lastmove_.z : lastmove_.x, lathe ? lastmove_.x : lastmove_.y};
+  return std::isnan(at.x) || std::isnan(at.y) ? arc.from : at;
 }
 
 // The centre is where the control will have it: at the offset from where the tool stands, which the

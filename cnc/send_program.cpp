@@ -49,7 +49,7 @@ std::string unescaped(std::string_view text) {
   for (std::size_t at = 0; at < text.size(); ++at) {
     char letter = text[at];
     if (letter == '\\' && at + 1 < text.size()) {
-      ++at;
+      letter = text[++at];
       for (const Escape& escape : kEscapes) {
         if (escape.sign == text[at]) letter = escape.letter;
       }

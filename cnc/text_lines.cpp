@@ -22,11 +22,16 @@ TextLines::TextLines(std::string text) : text_(std::move(text)) {
   while (begin < text_.size()) {
     if (count_ % kLinesPerMark == 0) marks_.push_back(static_cast<std::uint32_t>(begin));
     ++count_;
-    std::size_t end = begin;
-    while (end < text_.size() && !endsLine(text_[end])) ++end;
+    const std::size_t end = endOf(begin);
     longest_ = std::max(longest_, end - begin);
     begin = next(end);
   }
+}
+
+std::size_t TextLines::endOf(std::size_t begin) const {
+  std::size_t end = begin;
+  while (end < text_.size() && !endsLine(text_[end])) ++end;
+  return end;
 }
 
 // Behind the line end that stands at `end`, or the end of the text.
@@ -40,14 +45,14 @@ std::size_t TextLines::placeOf(int number) const {
   if (number < 0 || number >= count_) throw subscriptOutOfRange();
   std::size_t begin = marks_[static_cast<std::size_t>(number / kLinesPerMark)];
   for (int steps = number % kLinesPerMark; steps > 0; --steps) {
-    begin = next(std::min(text_.find_first_of("\r\n", begin), text_.size()));
+    begin = next(endOf(begin));
   }
   return begin;
 }
 
 std::string_view TextLines::line(int number) const {
   const std::size_t begin = placeOf(number);
-  const std::size_t end = std::min(text_.find_first_of("\r\n", begin), text_.size());
+  const std::size_t end = endOf(begin);
   return std::string_view(text_).substr(begin, end - begin);
 }
 
@@ -57,7 +62,7 @@ int TextLines::lineAt(std::size_t place) const {
   int number = static_cast<int>(behind - marks_.begin() - 1) * kLinesPerMark;
   std::size_t begin = *(behind - 1);
   for (;;) {
-    begin = next(std::min(text_.find_first_of("\r\n", begin), text_.size()));
+    begin = next(endOf(begin));
     if (begin > place || number + 1 >= count_) return number;
     ++number;
   }

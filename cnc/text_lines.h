@@ -38,7 +38,8 @@ class TextLines {
   bool lastLineEnds() const;                        // true also without lines
 
  private:
-  std::size_t next(std::size_t begin) const;
+  std::size_t endOf(std::size_t begin) const;  // of the line that begins there
+  std::size_t next(std::size_t end) const;
 
   std::string text_;
   std::vector<std::uint32_t> marks_;  // where every so many lines one begins

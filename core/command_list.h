@@ -52,7 +52,7 @@
   DRAFTING(kCircle3PCommand)                                               \
   DRAFTING(kCircleC1PCommand)                                              \
   TOOLPATH(kBoltCircleCommand)                                             \
-  DRAFTING(kTextCommand)                                                   \
+  IMPORT(kTextCommand)                                                     \
   SHELL(kToolChestCommand)                                                 \
   DRAFTING(kMeasureCommand)                                                \
   DRAFTING(kSelectCommand)                                                 \

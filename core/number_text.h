@@ -49,6 +49,7 @@ class NumberPattern {
   struct Section {
     explicit Section(std::string_view text = {});
     void append(std::string& out, float value) const;
+    void appendUnits(std::string& out, unsigned units, bool negative) const;
     bool roundsToNothing(float value) const;
 
     std::size_t leadingDigits = 0;    // before the point, always written

@@ -106,6 +106,40 @@ std::string toUtf8(std::string_view bytes) {
   return text;
 }
 
+std::u32string codePoints(std::string_view bytes) {
+  std::u32string points;
+  points.reserve(bytes.size());
+  while (!bytes.empty()) {
+    const std::size_t length = std::max<std::size_t>(1, sequenceLength(bytes));
+    char32_t point = byteAt(bytes, 0);
+    if (length > 1) point &= 0xFFU >> (length + 1);
+    for (std::size_t at = 1; at < length; ++at) {
+      point = (point << 6U) | (byteAt(bytes, at) & 0x3FU);
+    }
+    points.push_back(point);
+    bytes.remove_prefix(length);
+  }
+  return points;
+}
+
+void appendCharacter(std::string& out, char32_t code) {
+  const auto add = [&out](unsigned lead, char32_t bits) {
+    out.push_back(static_cast<char>(lead | static_cast<unsigned>(bits)));
+  };
+  if (code < 0x80) return add(0, code);
+  if (code < 0x800) {
+    add(0xC0, code >> 6U);
+  } else if (code < 0x10000) {
+    add(0xE0, code >> 12U);
+    add(0x80, (code >> 6U) & 0x3FU);
+  } else {
+    add(0xF0, code >> 18U);
+    add(0x80, (code >> 12U) & 0x3FU);
+    add(0x80, (code >> 6U) & 0x3FU);
+  }
+  add(0x80, code & 0x3FU);
+}
+
 std::size_t characterCount(std::string_view text) {
   return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), beginsCharacter));
 }

@@ -1,6 +1,6 @@
 // Text helpers that never ask the locale: blanks, letter case, encoding.
 // Owns: trimmed, lowerCased, upperCased, equalIgnoringCase, findIgnoringCase, endsLine, onOneLine,
-//       toUtf8, characterCount, firstCharacters.
+//       toUtf8, codePoints, appendCharacter, characterCount, firstCharacters.
 #pragma once
 
 #include <string>
@@ -26,6 +26,11 @@ std::string onOneLine(std::string text);
 
 // Bytes as UTF-8: what is valid stays, any other byte is taken as a Latin-1 character.
 std::string toUtf8(std::string_view bytes);
+
+// The code points of such bytes, read in the same way.
+std::u32string codePoints(std::string_view bytes);
+// A code point as UTF-8, at the end of a text.
+void appendCharacter(std::string& out, char32_t code);
 
 // Characters of UTF-8 text; a byte that is none of them counts as one, or with the one before it.
 std::size_t characterCount(std::string_view text);

@@ -44,6 +44,8 @@ class DockedPanel {
   virtual int DockedVertHeight() const = 0;
   virtual void LayoutHorizontally() = 0;
   virtual void LayoutVertically() = 0;
+  // Which of the two arrangements it has.
+  virtual bool liesDown() const { return false; }
 };
 
 struct Band {

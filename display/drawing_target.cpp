@@ -3,6 +3,20 @@
 
 namespace tess {
 
+// A surface that paints line by line needs no memory of its own.
+bool DrawingSurface::reserveHover(int /*width*/, int /*height*/) {
+  return true;
+}
+
+void DrawingSurface::hover(std::span<const WorldBox> lines, Rgb color) {
+  const SurfaceState before = state_;
+  setDrawMode(PenMode::NotXor);
+  setDrawStyle(PenStyle::Solid);
+  for (const WorldBox& ends : lines) line(ends, color);
+  setDrawStyle(before.drawStyle);
+  setDrawMode(before.drawMode);
+}
+
 PixelPoint DrawingSurface::toPixels(float x, float y) const {
   if (state_.scaleMode == ScaleUnit::Pixels) return {x, y};
   const SurfaceArea pixels = area();

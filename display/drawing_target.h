@@ -6,6 +6,7 @@
 #pragma once
 
 #include <optional>
+#include <span>
 #include <string>
 
 #include "display/palette.h"
@@ -81,6 +82,12 @@ class DrawingSurface {
   virtual void arc(const WorldArc& arc, Rgb color) = 0;  // a whole one obeys the fill style
   // Text with its upper left corner at a point.
   virtual void text(float x, float y, const std::string& text, Rgb color) = 0;
+
+  // Lines that hover: each pixel under any of them is inverted once, whatever pen is set, so that
+  // the same lines again restore the picture. The memory for that is taken beforehand; false where
+  // there is none.
+  virtual bool reserveHover(int width, int height);
+  virtual void hover(std::span<const WorldBox> lines, Rgb color);
 
   const SurfaceState& state() const { return state_; }
   void setScaleMode(ScaleUnit mode) { set(state_.scaleMode, mode, "ScaleMode"); }

@@ -89,7 +89,8 @@ void SelectedSegments::fill(int count) {
 void CState::setPendingaction(int action) {
   RevertOSnapFeatures();
   setFeaturePoint({});
-  pendingaction_ = action;
+  const int before = std::exchange(pendingaction_, action);
+  if (before != 0 && before != action) effects.actionEnded(before);
   effects.refreshStatus();
 }
 

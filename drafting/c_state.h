@@ -61,7 +61,8 @@ class CState : public ArmedAction {
   // What setting the state brings about; filled in by the context that works on it.
   struct Effects {
     std::function<void()> refreshStatus = [] {};
-    std::function<void()> showDrawMode = [] {};  // tool checks and pointer shape
+    std::function<void()> showDrawMode = [] {};         // tool checks and pointer shape
+    std::function<void(int)> actionEnded = [](int) {};  // by itself, by Esc, or by another
   };
 
   explicit CState(PictureBoxProxy& screen) : screen_(screen) {}

@@ -23,11 +23,13 @@ DraftingContext::DraftingContext(const DraftingParts& parts)
   for (const ViewCommand* const known : displayCommands()) addCommand(viewCommands, *known);
   for (const DraftingCommand* const known : draftingCommands()) addCommand(*this, *known);
   state.effects = {.refreshStatus = [this] { refreshStatus(*this); },
-                   .showDrawMode = [this] { refreshDrawMode(); }};
+                   .showDrawMode = [this] { refreshDrawMode(); },
+                   .actionEnded = [this](int action) { endAction(action); }};
   redraw.onCleared = [this] { forgetInverted(); };
   redraw.onPainted = [this] {
     showSecondPoint(*this);
     showPreview(*this);
+    showHoverLines(*this);
   };
 }
 
@@ -50,8 +52,16 @@ void DraftingContext::forgetInverted() {
   pointer.DragBand = 0;
   hovering.clear();
   formPreview.shown = false;
+  hoverLines.shown = false;
   command.secondCrossShown = false;
   state.forgetMark();
+}
+
+// Whatever ends the placing of a text takes its outline off the screen.
+void DraftingContext::endAction(int action) {
+  if (action != static_cast<int>(PendingAction::PlaceText)) return;
+  endHoverLines(*this);
+  listener.textPlacementEnded();
 }
 
 }  // namespace tess

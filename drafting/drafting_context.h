@@ -18,6 +18,7 @@
 #include "drafting/c_state.h"
 #include "drafting/change.h"
 #include "drafting/form_preview.h"
+#include "drafting/hover_lines.h"
 #include "drafting/known_commands.h"
 #include "drafting/paste_buffer.h"
 #include "geometry/entity.h"
@@ -75,9 +76,11 @@ class DraftingListener {
   virtual void UpdatePropertyWindow() = 0;
   virtual void selectEntity(int sg) = 0;  // in the property window
   // Pointer and wheel while text is being placed.
-  virtual void textPointerEvent(int button, int shift, float x, float y) = 0;
+  virtual void textPointerMoved(int button, int shift, float x, float y) = 0;
+  virtual void textPointerReleased(int button, int shift, float x, float y) = 0;
   virtual void textDragReset() = 0;
   virtual void textWheel(int steps, int shift) = 0;
+  virtual void textPlacementEnded() = 0;  // in whichever way
 };
 
 class GridSnapTimer;
@@ -110,6 +113,7 @@ struct DraftingContext : DraftingParts, KnownCommands {
   std::vector<SegmentRow> hovering;        // what the armed action shows on the screen
   FormPreview formPreview;                 // and what a form does
   std::function<void(Point)> onFormClick;  // of the form that has the clicks in the drawing, if any
+  HoverLines hoverLines;                   // and a text that is being placed
   ChangeLog changelog;
   std::unique_ptr<ChangeHost> changeHost;
   Changes changes;
@@ -121,6 +125,7 @@ struct DraftingContext : DraftingParts, KnownCommands {
  private:
   void refreshDrawMode();
   void forgetInverted();
+  void endAction(int action);
 };
 
 }  // namespace tess

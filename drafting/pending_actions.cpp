@@ -27,6 +27,8 @@ constexpr Action<DraftingContext> kUnarmed[] = {
     {{.action = NewStartPosition, .prompt = "Click at new start position."}, clickStartPosition},
     {{.action = PocketEntity, .prompt = "Click to select entity for pocket."}},
     {{.action = IslandEntity, .prompt = "Click to select entity for island."}},
+    // Armed by the text panel, which the pointer's events go to meanwhile.
+    {{.action = PlaceText, .prompt = "Click spot to place text.", .escRedraws = true}},
 };
 
 void redraw(DraftingContext& context) {

@@ -314,7 +314,7 @@ void picDrawing_MouseMove(DraftingContext& context, const PointerEvent& event) {
   if (event.Button == kLeftButton && event.control()) return panWithControl(context, event);
   const bool invertSnap = invertsSnap(context, event);
   if (isArmed(context, PlaceText)) {
-    context.listener.textPointerEvent(event.Button, event.Shift, event.X, event.Y);
+    context.listener.textPointerMoved(event.Button, event.Shift, event.X, event.Y);
   }
   if (context.pointer.LeftDown) {
     moveLeft(context, event, invertSnap);
@@ -337,7 +337,7 @@ void picDrawing_MouseUp(DraftingContext& context, const PointerEvent& released) 
   if (event.Button == kLeftButton) {
     context.systemPointer.releaseCapture();
     if (isArmed(context, PlaceText)) {
-      context.listener.textPointerEvent(event.Button, event.Shift, event.X, event.Y);
+      context.listener.textPointerReleased(event.Button, event.Shift, event.X, event.Y);
       context.pointer.LeftDown = false;
       return;
     }

@@ -23,7 +23,7 @@ std::vector<SegmentRow> rowsOf(const DrawingStore& store, const Takes& takes) {
   for (int sg = 1; sg <= store.NumSegments; ++sg) {
     const SegmentRow row = columns.row(sg);
     if (!takes(row)) continue;
-    if (rows.empty()) rows.reserve(static_cast<std::size_t>(store.NumSegments - sg + 1));
+    if (rows.empty()) rows.reserve(static_cast<std::size_t>(store.NumSegments));
     rows.push_back(row);
   }
   return rows;

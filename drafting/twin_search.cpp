@@ -85,10 +85,10 @@ std::size_t TwinSearch::slotOf(std::uint64_t key) const {
 
 template <class Visit>
 void TwinSearch::visitNeighbours(const Place& place, const Visit& visit) const {
-  const int firsts = place.first.next == 0 ? 1 : 2;
-  const int seconds = place.second.next == 0 ? 1 : 2;
-  for (int first = 0; first < firsts; ++first) {
-    for (int second = first == 0 ? 1 : 0; second < seconds; ++second) {
+  const std::int64_t firsts = place.first.next == 0 ? 1 : 2;
+  const std::int64_t seconds = place.second.next == 0 ? 1 : 2;
+  for (std::int64_t first = 0; first < firsts; ++first) {
+    for (std::int64_t second = first == 0 ? 1 : 0; second < seconds; ++second) {
       visit(slotOf(keyOf(place.first.number + first * place.first.next,
                          place.second.number + second * place.second.next, place.type)));
     }

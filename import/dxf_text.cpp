@@ -67,19 +67,6 @@ std::string decoded(std::string_view bytes, std::string_view codePage) {
   return converted.empty() ? asUtf8 : converted;
 }
 
-void appendCharacter(std::string& out, unsigned code) {
-  if (code < 0x80) {
-    out.push_back(static_cast<char>(code));
-  } else if (code < 0x800) {
-    out.push_back(static_cast<char>(0xC0U | (code >> 6U)));
-    out.push_back(static_cast<char>(0x80U | (code & 0x3FU)));
-  } else {
-    out.push_back(static_cast<char>(0xE0U | (code >> 12U)));
-    out.push_back(static_cast<char>(0x80U | ((code >> 6U) & 0x3FU)));
-    out.push_back(static_cast<char>(0x80U | (code & 0x3FU)));
-  }
-}
-
 // The character of an escape whose digits these are; 0 when they are none.
 unsigned escapedCharacter(std::string_view digits) {
   unsigned code = 0;

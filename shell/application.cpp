@@ -84,11 +84,13 @@ void Application::wireTools() {
     if (band == "barStatistics") interaction.forms.show(interaction.frmStatistics);
     if (band == "barProperties") interaction.forms.show(interaction.properties);
     if (band == "barPathProof") interaction.forms.show(interaction.frmPathProof);
+    if (band == "barText") interaction.forms.show(interaction.text);
   };
   interaction.tools.onBandClose = [this](const std::string& band) {
     if (band == "barStatistics") interaction.frmStatistics.close();
     if (band == "barProperties") interaction.properties.close();
     if (band == "barPathProof") interaction.frmPathProof.close();
+    if (band == "barText") interaction.text.close();
   };
   interaction.tools.onClientAreaChanged = [this] {
     guarded("frmMain.abMain_Resize()",
@@ -99,7 +101,7 @@ void Application::wireTools() {
 void Application::start(std::string_view drawing, std::string_view appfolder) {
   interaction.tools.openBand("barStatistics");
   Main(session, drawing, appfolder);
-  showToolInUse();
+  showFigures();
 }
 
 void Application::load(std::string_view drawing, std::string_view appfolder) {
@@ -120,12 +122,13 @@ void Application::showPropertiesAndTool() {
     reporting_.guarded("frmMain.UpdatePropertyWindow()",
                        [this] { interaction.UpdatePropertyWindow(); });
   }
-  showToolInUse();
+  showFigures();
   reporting_.guarded("frmMain.renewPathProof()", [this] { proofWatch.afterCommand(); });
 }
 
-void Application::showToolInUse() {
+void Application::showFigures() {
   interaction.statusBar.setPanel(StatusPanel::Tool, toolInUseText(session));
+  pathTotals.settle();
 }
 
 void Application::keepJournal() {
@@ -270,6 +273,7 @@ void Application::Listener::brandingRead() {
 
 void Application::Listener::load_xsetup() {
   tess::load_xsetup(application_.session, application_.definition);
+  application_.pathTotals.markStale();
 }
 
 void Application::Listener::closeMainWindow() {

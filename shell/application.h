@@ -18,6 +18,7 @@
 #include "shell/error_reporting.h"
 #include "shell/frmPDFHelp.h"
 #include "shell/interaction.h"
+#include "shell/path_totals.h"
 #include "shell/proof_watch.h"
 
 namespace tess {
@@ -148,7 +149,7 @@ class Application {
   void wireProof();
   void wirePaper();
   void showPropertiesAndTool();
-  void showToolInUse();
+  void showFigures();
 
   HuntERR& reporting_;
   GuardedTimers timers_;
@@ -161,6 +162,7 @@ class Application {
   frmPDFHelp help{session};
   HandOver handOver;
   CncViewer viewer;
+  PathTotals pathTotals{session, definition, interaction.context.changes, interaction.statusBar};
 
  private:
   std::unique_ptr<EditJournal> journal_;

@@ -7,7 +7,7 @@
 #include "core/conventions.h"
 #include "core/drawing_store.h"
 #include "core/number_text.h"
-#include "core/text.h"
+#include "drafting/segment_name.h"
 #include "geometry/float_angles.h"
 #include "geometry/row_entity.h"
 
@@ -15,7 +15,6 @@ namespace tess {
 namespace {
 
 constexpr char kGeometry[] = "Geometry";
-constexpr char kNamePrefix[] = "Entity ";
 constexpr double kDegreesPerRadian = 57.29578;
 // Fixed: a negative angle shows blank; scripts that read the window compare with that.
 constexpr char kAngleFormat[] = "###.####;;0";
@@ -139,13 +138,11 @@ CSegment::CSegment(const Session& session, Changes& changes, Step step)
     : session_(session), changes_(changes), step_(step) {}
 
 std::string CSegment::SegmentName() const {
-  return kNamePrefix + std::to_string(number_) + "-" + SegmentTypeString();
+  return segmentName(number_, row_.type);
 }
 
 void CSegment::InitializeSegmentFromName(std::string_view name) {
-  const std::string upper = upperCased(name);
-  const std::string prefix = upperCased(kNamePrefix);
-  setSegmentNumber(upper.starts_with(prefix) ? parseInteger(upper.substr(prefix.size())) : 0);
+  setSegmentNumber(segmentNumberIn(name));
 }
 
 void CSegment::setSegmentNumber(int number) {

@@ -11,15 +11,18 @@ namespace {
 void makeMillFile(Application& application) {
   mnuCAMMakeCNCFile_Click(application.session, application.definition, application.cnc,
                           application.viewer);
+  application.pathTotals.markStale();
 }
 
 void makeLatheFile(Application& application) {
   mnuCAMMakeCNCLatheFile_Click(application.session, application.definition, application.cnc,
                                application.viewer);
+  application.pathTotals.markStale();
 }
 
 void setUpCnc(Application& application) {
   mnuOptionsGcodeSetup_Click(application.handOver);
+  application.pathTotals.markStale();
   application.interaction.redraw.redrawscreen();
 }
 

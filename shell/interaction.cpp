@@ -27,10 +27,12 @@ Interaction::Interaction(Session& session, const ScreenPorts& ports)
       context({session, view, renderer, redraw, state, viewCommands, ScreenProxy, ports.pointer,
                ports.timers, tools, statusBar, *this}),
       cam(context),
-      properties(context) {
+      properties(context),
+      text(context, fonts) {
   for (const DraftingCommand* const command : importCommands())
     context.addCommand(context, *command);
   fillToolHost(tools);
+  tools.setPanel("barText", &text);
   tools.setClientArea(ports.clientArea);
   // The marker is drawn before the first view is fitted, and needs a scale by then.
   ports.picDrawing.Move(clientArea());
@@ -102,9 +104,23 @@ void Interaction::selectEntity(int sg) {
   properties.SelectEntity(sg);
 }
 
-// Text is not placed yet: nobody waits for these.
-void Interaction::textPointerEvent(int /*button*/, int /*shift*/, float /*x*/, float /*y*/) {}
+void Interaction::textPointerMoved(int button, int shift, float x, float y) {
+  text.Drawing_MouseMove(button, shift, x, y);
+}
+
+void Interaction::textPointerReleased(int button, int shift, float x, float y) {
+  text.Drawing_MouseUp(button, shift, x, y);
+}
+
+// A text follows the pointer with and without a button: there is no drag to forget.
 void Interaction::textDragReset() {}
-void Interaction::textWheel(int /*steps*/, int /*shift*/) {}
+
+void Interaction::textWheel(int steps, int shift) {
+  text.Drawing_MouseWheel(steps, shift);
+}
+
+void Interaction::textPlacementEnded() {
+  text.placementEnded();
+}
 
 }  // namespace tess

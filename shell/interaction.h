@@ -14,6 +14,8 @@
 #include "display/redraw_sequence.h"
 #include "display/view_commands.h"
 #include "drafting/drafting_context.h"
+#include "import/frmText.h"
+#include "import/installed_fonts.h"
 #include "shell/frmPathProof.h"
 #include "shell/frmProperties.h"
 #include "shell/frmStatistics.h"
@@ -66,9 +68,11 @@ class Interaction : public ViewHost, public RedrawListener, public DraftingListe
   void showStatistics(int segments, int paths, const std::string& zoom) override;
   void UpdatePropertyWindow() override;
   void selectEntity(int sg) override;
-  void textPointerEvent(int button, int shift, float x, float y) override;
+  void textPointerMoved(int button, int shift, float x, float y) override;
+  void textPointerReleased(int button, int shift, float x, float y) override;
   void textDragReset() override;
   void textWheel(int steps, int shift) override;
+  void textPlacementEnded() override;
 
  private:
   Session& session_;
@@ -92,6 +96,8 @@ class Interaction : public ViewHost, public RedrawListener, public DraftingListe
   DraftingContext context;
   CamContext cam;
   frmProperties properties;
+  InstalledFonts fonts;
+  class frmText text;
 };
 
 }  // namespace tess

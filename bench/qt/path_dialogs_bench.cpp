@@ -77,6 +77,51 @@ void firstPaintOfMap(benchmark::State& state) {
   }
 }
 
+// While a form is open: what one press of a button takes until the window is painted again.
+template <class Press>
+void pressAndPaint(benchmark::State& state, Press press) {
+  for (auto _ : state) {
+    press();
+    QCoreApplication::processEvents();
+  }
+  openWindow().view().form()->close();
+}
+
+// To and fro, so that there always is a next row.
+void nextRowPainted(benchmark::State& state) {
+  BenchProgram program;
+  addPaths(program.store());
+  QTimer::singleShot(0, [&] {
+    auto& editor = dynamic_cast<dlgEditPath&>(*openWindow().view().form());
+    editor.lstRows.setIndex(kRows / 2);
+    bool down = false;
+    pressAndPaint(state, [&] {
+      down = !down;
+      (down ? editor.cmdNext : editor.cmdPrev).press();
+    });
+  });
+  mnuCAMEditPathCycle_Click(program.application().interaction.cam);
+}
+
+void rowMovedPainted(benchmark::State& state) {
+  BenchProgram program;
+  addPaths(program.store());
+  CamContext& cam = program.application().interaction.cam;
+  QTimer::singleShot(0, [&] {
+    auto& map = dynamic_cast<frmPathMap&>(*openWindow().view().form());
+    map.lstPathSegments.setIndex(kRows / 2);
+    bool up = false;
+    pressAndPaint(state, [&] {
+      up = !up;
+      (up ? map.cmdPromote : map.cmdDemote).press();
+    });
+  });
+  frmPathMap map(cam);
+  cam.context.session.host.prompts.showModal(map);
+}
+
+BENCHMARK(nextRowPainted)->Name("PathEditor/next row, painted")->Unit(benchmark::kMillisecond);
+BENCHMARK(rowMovedPainted)->Name("PathMap/row moved, painted")->Unit(benchmark::kMillisecond);
 BENCHMARK(firstPaintOfEditor)
     ->Name("PathEditor/first paint")
     ->UseManualTime()

@@ -65,7 +65,7 @@ void pushTools(lua_State* L, const DrawingStore& store, const PathReport& report
 int reportJob(Script& script, lua_State* L) {
   const DrawingStore& store = script.application.store;
   const PathReport report = reportPaths(store, motionRules(script.application.definition.dialect));
-  lua_createtable(L, 0, 8);
+  lua_createtable(L, 0, 9);
   setCount(L, "segments", store.NumSegments);
   setCount(L, "rows", report.rows);
   setNumber(L, "length", report.length);
@@ -74,6 +74,8 @@ int reportJob(Script& script, lua_State* L) {
   lua_setfield(L, -2, "tools");
   push(L, reportText(store, report));
   lua_setfield(L, -2, "text");
+  push(L, summaryOf(store, report));
+  lua_setfield(L, -2, "summary");
   return 1;
 }
 

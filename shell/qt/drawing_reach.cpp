@@ -12,9 +12,11 @@ namespace tess {
 
 namespace {
 
+// A touch that the drawing does not take becomes a press of the pointer.
 bool isPointerEvent(QEvent::Type type) {
-  return type == QEvent::MouseButtonPress || type == QEvent::MouseButtonRelease ||
-         type == QEvent::MouseButtonDblClick || type == QEvent::MouseMove;
+  return type == QEvent::TouchBegin || type == QEvent::MouseButtonPress ||
+         type == QEvent::MouseButtonRelease || type == QEvent::MouseButtonDblClick ||
+         type == QEvent::MouseMove;
 }
 
 bool isPress(QEvent::Type type) {

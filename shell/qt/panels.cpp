@@ -21,6 +21,14 @@ class Panels::Dock : public QDockWidget {
     setWidget(frame);
   }
 
+  // The parts of a form that lies along the top or bottom stand side by side.
+  void layOut(bool liesDown) {
+    auto* box = view_ ? qobject_cast<QBoxLayout*>(view_->root().layout()) : nullptr;
+    if (box != nullptr) {
+      box->setDirection(liesDown ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+    }
+  }
+
   // The view may be in the middle of an event of its own.
   void dropForm() {
     if (QWidget* frame = widget()) frame->deleteLater();
@@ -72,9 +80,9 @@ void Panels::makeDock(const Band& band) {
   dock->onOperatorClosed = [this, name = band.name] { operatorClosed(name); };
   QObject::connect(dock, &QDockWidget::dockLocationChanged, dock,
                    [this, name = band.name](Qt::DockWidgetArea area) { arrange(name, area); });
+  docks_[band.name] = dock;
   window_.addDockWidget(Qt::RightDockWidgetArea, dock);
   dock->setVisible(band.open);
-  docks_[band.name] = dock;
 }
 
 QDockWidget* Panels::dock(const std::string& band) const {
@@ -101,6 +109,7 @@ void Panels::formOpened(Form& form) {
   if (found == docks_.end()) return;
   found->second->showForm(form, gateway_);
   tools_.openBand(found->first);
+  arrange(found->first, window_.dockWidgetArea(found->second));
 }
 
 void Panels::formClosed(const std::string& name) {
@@ -122,6 +131,7 @@ void Panels::arrange(const std::string& band, Qt::DockWidgetArea area) {
       panel->LayoutVertically();
     }
   });
+  docks_.at(band)->layOut(panel->liesDown());
   const int extent = lying ? panel->DockedHorzHeight() : panel->DockedVertWidth();
   window_.resizeDocks({docks_.at(band)}, {extent}, lying ? Qt::Vertical : Qt::Horizontal);
 }

@@ -191,12 +191,15 @@ double RasterSurface::penWidth() const {
 
 // An inverting pen flips the bits that its colour lacks. Where that would leave the background
 // nearly as it is, as with a white pen, it flips bits that always show.
-QColor RasterSurface::ink(Rgb color) const {
-  const QColor plain = colorOf(color);
-  if (!isInverting()) return plain;
-  const QRgb mask = ~plain.rgb() & 0x00FFFFFF;
+QRgb RasterSurface::flippedBits(Rgb color) const {
+  const QRgb mask = ~colorOf(color).rgb() & 0x00FFFFFF;
   const bool shows = contrast(colorOf(state().backColor).rgb(), mask) >= kMinContrast;
-  return QColor::fromRgb(~(shows ? mask : kGreyMask) | 0xFF000000);
+  return shows ? mask : kGreyMask;
+}
+
+QColor RasterSurface::ink(Rgb color) const {
+  if (!isInverting()) return colorOf(color);
+  return QColor::fromRgb(~flippedBits(color) | 0xFF000000);
 }
 
 QPointF RasterSurface::devicePoint(float x, float y) const {
@@ -326,6 +329,57 @@ void RasterSurface::text(float x, float y, const std::string& text, Rgb color) {
   QPainterPath outlines;
   outlines.addText(corner + QPointF(0, metrics.ascent()), font, letters);
   brush.fillPath(outlines, ink(color));
+  painted(reach);
+}
+
+// ---- Lines that hover
+
+bool RasterSurface::reserveHover(int /*width*/, int /*height*/) {
+  if (hovering_.size() != picture_.size()) {
+    hovering_ = QImage(picture_.size(), QImage::Format_RGB32);
+    hovering_.fill(0);
+  }
+  return !hovering_.isNull();
+}
+
+std::vector<QLine> RasterSurface::visibleLines(std::span<const WorldBox> lines) const {
+  const QRectF bounds = paintedBounds();
+  std::vector<QLine> visible;
+  visible.reserve(lines.size());
+  for (const WorldBox& ends : lines) {
+    const QLineF whole(devicePoint(ends.x0, ends.y0), devicePoint(ends.x1, ends.y1));
+    if (!hasPlace(whole.p1()) || !hasPlace(whole.p2())) continue;
+    const std::optional<QLineF> seen = clipped(whole, bounds);
+    if (seen) visible.emplace_back(wholePixel(seen->p1()), wholePixel(seen->p2()));
+  }
+  return visible;
+}
+
+// The lines in their bits on a ground of zeros; the part of the picture that they may have reached.
+QRect RasterSurface::traceHovering(const std::vector<QLine>& lines, QRgb bits) {
+  QRect reach;
+  for (const QLine& line : lines) {
+    reach |= QRect(line.p1(), line.p1()) | QRect(line.p2(), line.p2());
+  }
+  QPainter brush(&hovering_);
+  brush.setPen(QPen(QColor::fromRgb(bits), penWidth()));
+  brush.drawLines(lines.data(), static_cast<int>(lines.size()));
+  const int margin = static_cast<int>(penWidth()) + 1;
+  return reach.adjusted(-margin, -margin, margin, margin) & picture_.rect();
+}
+
+void RasterSurface::hover(std::span<const WorldBox> lines, Rgb color) {
+  const std::vector<QLine> visible = visibleLines(lines);
+  if (visible.empty() || !reserveHover(picture_.width(), picture_.height())) return;
+  stopPainting();
+  lastLine_.reset();
+  const QRect reach = traceHovering(visible, flippedBits(color));
+  for (int y = reach.top(); y <= reach.bottom(); ++y) {
+    auto* const shown = reinterpret_cast<QRgb*>(picture_.scanLine(y));
+    auto* const flipped = reinterpret_cast<QRgb*>(hovering_.scanLine(y));
+    for (int x = reach.left(); x <= reach.right(); ++x) shown[x] ^= flipped[x] & 0x00FFFFFF;
+    std::fill(flipped + reach.left(), flipped + reach.right() + 1, 0U);
+  }
   painted(reach);
 }
 

@@ -11,6 +11,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "display/drawing_target.h"
 
@@ -40,6 +41,8 @@ class RasterSurface : public DrawingSurface {
   void box(const WorldBox& corners, Rgb color, bool filled) override;
   void arc(const WorldArc& arc, Rgb color) override;
   void text(float x, float y, const std::string& text, Rgb color) override;
+  bool reserveHover(int width, int height) override;
+  void hover(std::span<const WorldBox> lines, Rgb color) override;
 
   std::function<void(const QRect&)> onPainted;  // in device pixels; only while repainting is on
   std::function<void()> onRefresh;
@@ -60,6 +63,9 @@ class RasterSurface : public DrawingSurface {
   bool paintsSmoothly() const { return !isInverting() && state().drawStyle == PenStyle::Solid; }
   double penWidth() const;
   QColor ink(Rgb color) const;
+  QRgb flippedBits(Rgb color) const;
+  std::vector<QLine> visibleLines(std::span<const WorldBox> lines) const;
+  QRect traceHovering(const std::vector<QLine>& lines, QRgb bits);
   QPointF devicePoint(float x, float y) const;
   double deviceLength(float length) const;
   QPoint drawnIn(QPointF corner) const;
@@ -81,6 +87,7 @@ class RasterSurface : public DrawingSurface {
   QImage picture_;
   QImage shown_;                       // while repainting is off
   QImage spare_;                       // to be cleared for the next picture
+  QImage hovering_;                    // the bits that lines that hover flip; else all are 0
   std::unique_ptr<QPainter> painter_;  // kept open from one entity to the next
 };
 

@@ -169,6 +169,7 @@ TEST_F(Viewer, SearchTellsTheLine) {
   EXPECT_EQ(form.lblPlace.caption(), "Line 1 of 3");
   form.pressDefault();
   EXPECT_EQ(form.lblPlace.caption(), "Line 2 of 3");
+  EXPECT_TRUE(form.txtFind.hasFocus()) << "to go on typing";
   form.cmdFindPrevious.press();
   EXPECT_EQ(form.lblPlace.caption(), "Line 1 of 3");
   form.txtFind.type("");

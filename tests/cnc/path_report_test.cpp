@@ -251,5 +251,13 @@ TEST(PathReport, CircleBehindALineIsNoCorner) {
   EXPECT_NEAR(reportPaths(store).machineMinutes, (6 + 1 + 8 * kPi + 1) / 60, 1e-6);
 }
 
+TEST(PathReport, SummaryHasRowsLengthAndTimeOfTheMachine) {
+  TimedStore store;
+  addPathSegment(store, lineFrom(3, 4, 6, -1));
+  EXPECT_EQ(summaryOf(store, reportPaths(store)), "1 path rows, 6.0 in, about 1.3 min");
+  store.units = "M";
+  EXPECT_EQ(summaryOf(store, {}), "0 path rows, 0.0 mm, about 0.0 min");
+}
+
 }  // namespace
 }  // namespace tess

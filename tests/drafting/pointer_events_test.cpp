@@ -222,7 +222,7 @@ TEST(Release, WhilePlacingTextPassesTheEventOnAndEnds) {
   d.press(1, 1, 1);
   d.log.take();
   d.release(1, 2, 1, 1);
-  EXPECT_EQ(d.textEvents, (Texts{"drag reset", "pointer 1 1 (2, 1)"}));
+  EXPECT_EQ(d.textEvents, (Texts{"drag reset", "release 1 1 (2, 1)"}));
   EXPECT_EQ(d.pending(), 30);
   EXPECT_FALSE(d.context.pointer.LeftDown);
   EXPECT_EQ(d.log.take(), "MousePointer 0\nreleaseCapture\n");

@@ -129,12 +129,14 @@ struct Control {
 // Holds every job against what the control makes of its program.
 class Judgement {
  public:
-  explicit Judgement(const Control& control) : control_(control) {}
+  explicit Judgement(const Control& control, bool radiusWords = false)
+      : control_(control), radiusWords_(radiusWords) {}
 
   void operator()(const JobDone& job) {
     if (job.lathe && control_.lathe.empty()) return;
     const std::string mill = control_.mill + (isMetric(job) ? "_mm.msx" : "_inch.msx");
     jobs.insert(job.name);
+    job.application.store.userparamforarcs = radiusWords_;
     try {
       const std::string program = programOf(job, job.lathe ? control_.lathe + ".msx" : mill);
       EXPECT_EQ(firstDetour(job.store, control_.read(program, job.lathe), rulesFor(job)), "")
@@ -151,6 +153,7 @@ class Judgement {
 
  private:
   const Control& control_;
+  bool radiusWords_;  // arcs by their radius, where that tells the centre well enough
 };
 
 const Control kLinuxCnc{"linuxcnc_mill", "linuxcnc_lathe", interpreted};
@@ -172,6 +175,14 @@ TEST(LinuxCncDialect, EveryExampleDoesWhatItsRowsAskFor) {
   EXPECT_EQ(judgement.refused, "");
 }
 
+TEST(LinuxCncDialect, EveryExampleWithRadiusWords) {
+  if (const auto reason = whyNoInterpreter()) GTEST_SKIP() << *reason;
+  Judgement judgement(kLinuxCnc, /*radiusWords=*/true);
+  judgeExamples(std::ref(judgement));
+  EXPECT_EQ(judgement.jobs.size(), 9U);
+  EXPECT_EQ(judgement.refused, "");
+}
+
 TEST(LinuxCncDialect, EverySmallJobDoesWhatItsRowsAskFor) {
   if (const auto reason = whyNoInterpreter()) GTEST_SKIP() << *reason;
   Judgement judgement(kLinuxCnc);
@@ -182,6 +193,13 @@ TEST(LinuxCncDialect, EverySmallJobDoesWhatItsRowsAskFor) {
 
 TEST(GrblDialect, EveryExampleDoesWhatItsRowsAskFor) {
   Judgement judgement(kGrbl);
+  judgeExamples(std::ref(judgement));
+  EXPECT_EQ(judgement.jobs.size(), 8U);
+  EXPECT_EQ(judgement.refused, "");
+}
+
+TEST(GrblDialect, EveryExampleWithRadiusWords) {
+  Judgement judgement(kGrbl, /*radiusWords=*/true);
   judgeExamples(std::ref(judgement));
   EXPECT_EQ(judgement.jobs.size(), 8U);
   EXPECT_EQ(judgement.refused, "");

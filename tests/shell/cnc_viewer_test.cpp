@@ -35,7 +35,11 @@ class CncViewerTest : public ::testing::Test, public testing::RunningProgram {
   void make() { ASSERT_TRUE(application.clickTool("miMakeCNCFile")); }
 
   void select(int row, bool on = true) {
-    application.guarded("test", [&] { markPathSegment(context(), row, on); });
+    application.guarded("test", [&] {
+      Change change(context().changes);
+      change.paths.mark(row, selectedCode(store().pscode[row], on));
+      change.keep();
+    });
   }
 
   std::vector<std::string> markedLines() {

@@ -197,12 +197,17 @@ TEST_F(ControlChoiceOf, TheMenuWithoutAList) {
                 "controls.txt is not there, or names no setup of that folder.");
 }
 
-TEST_F(ControlChoiceOf, ADamagedListIsReportedWithItsPlace) {
+TEST_F(ControlChoiceOf, ADamagedListChangesNothing) {
   home.write("controls.txt", "Mill,mill_inch.msu");
-  application.clickTool("miControl");
-  EXPECT_NE(reporting.lastReport().find("controls.txt"), std::string::npos)
-      << reporting.lastReport();
+  const std::string before = home.read("tess.def");
+  try {
+    chooseControl(application);
+    FAIL() << "no failure";
+  } catch (const RuntimeFailure& failure) {
+    EXPECT_NE(failure.source().find("controls.txt"), std::string::npos) << failure.source();
+  }
   EXPECT_EQ(platform.prompts.modalForms, 0);
+  EXPECT_EQ(home.read("tess.def"), before);
 }
 
 }  // namespace

@@ -134,14 +134,17 @@ class DraftingTest : public HeldSurface<Surface>,
     context.state.updateProperties = false;
   }
   void selectEntity(int sg) override { entitiesShown.push_back(sg); }
-  void textPointerEvent(int button, int shift, float x, float y) override {
-    textEvents.push_back("pointer " + std::to_string(button) + " " + std::to_string(shift) + " " +
-                         recordedPoint(x, y));
+  void textPointerMoved(int button, int shift, float x, float y) override {
+    recordTextEvent("pointer ", button, shift, x, y);
+  }
+  void textPointerReleased(int button, int shift, float x, float y) override {
+    recordTextEvent("release ", button, shift, x, y);
   }
   void textDragReset() override { textEvents.emplace_back("drag reset"); }
   void textWheel(int steps, int shift) override {
     textEvents.push_back("wheel " + std::to_string(steps) + " " + std::to_string(shift));
   }
+  void textPlacementEnded() override { textEvents.emplace_back("ended"); }
 
   std::string statistics;
   int propertyRefreshes = 0;
@@ -167,6 +170,10 @@ class DraftingTest : public HeldSurface<Surface>,
                            pointer, timers, tools, statusBar, *this}};
 
  private:
+  void recordTextEvent(const char* what, int button, int shift, float x, float y) {
+    textEvents.push_back(what + std::to_string(button) + " " + std::to_string(shift) + " " +
+                         recordedPoint(x, y));
+  }
   void addTool(const char* name) {
     Tool tool;
     tool.name = name;

@@ -127,6 +127,21 @@ TEST_F(ToolpathRoutines, ReportTellsRowsLengthAndTime) {
             "1 segments: 2 path rows, 6.5 in, 0.6 min\n");
 }
 
+// Down 1 at 2 a minute and 6 at 12; across and up at 100, 0.5 in and out of the hole.
+TEST_F(ToolpathRoutines, ReportTellsTheTimeOfTheProgramAndOfTheMachine) {
+  const std::string placed =
+      "setting['z start pos'], setting['z plunge rate'] = 0, 2 "
+      "add_path{type=1, x1=6, z=-1, feed=12, code=100} "
+      "add_path{type=81, x0=6, x1=6, z=0.5, feed=5, code=201} local r = report() ";
+  EXPECT_EQ(outputOf(placed + "print(('%.3f %.3f'):format(r.program_minutes, r.machine_minutes))"),
+            "1.115 1.115\n");
+  EXPECT_EQ(outputOf(placed + "print(r.summary)"), "2 path rows, 6.5 in, about 1.1 min\n");
+  EXPECT_EQ(outputOf(placed + "print(('%.3f'):format(r.tools[1].program_minutes))"), "1.000\n");
+  EXPECT_EQ(outputOf("setting['rapid rate'], setting['acceleration'] = 10, 0.01 " + placed +
+                     "print(('%.2f %.2f'):format(r.program_minutes, r.machine_minutes))"),
+            "1.25 1.88\n");
+}
+
 TEST_F(ToolpathRoutines, StateTellsOfPlacement) {
   EXPECT_EQ(valueOf("state.pathInsertMode, state.numFinishPasses, state.PocketXDim"), "0\t0\t0.0");
 }
