@@ -1,8 +1,10 @@
 // Mill programs of 100 to 32767 motions, as pocketing leaves them: mostly short straight cuts in
 // runs, an arc every eighth row, a new depth and a travel every two hundred. BareWriter puts the
 // same words out through std::to_chars and nothing else; the program is to stay within one and a
-// half times that.
+// half times that. So are programs of the same motions with line numbers and all keys that ask for
+// care, and drilled ones of as many motions: as cycles of the ISO kind, and as pecks.
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
 #include <cstdint>
@@ -15,6 +17,7 @@
 
 #include "cnc/cnc_program.h"
 #include "core/drawing_store.h"
+#include "core/field_reader.h"
 #include "core/units.h"
 #include "geometry/float_points.h"
 #include "tests/support/recording_session.h"
@@ -25,14 +28,27 @@ namespace {
 constexpr int kRowsPerLevel = 200;
 constexpr int kRowsPerArc = 8;
 
+// What a program is made of, and how.
+enum class Kind { Pockets, NumberedPockets, IsoHoles, PeckedHoles };
+
+constexpr char kCareful[] =
+    "LINENUMBERS,10,10,SAFECHANGE,Y,CYCLEWORDS,Y,ENDLIFT,Y,ARCTOL,1000,FULLCIRCLE,WORDS,"
+    "PLUNGEFROM,0.05,FEEDSCALE,1,FEEDFORMAT,###0.0##\n";
+constexpr char kIso[] = "CYCLES,ISO,CYCLEPECK,Q,CYCLEDWELL,P\n";
+constexpr char kPecks[] = "CYCLES,EXPAND\n";
+
+constexpr std::array<const char*, 4> kDefinitions{"", kCareful, kIso, kPecks};
+
 struct Job {
-  explicit Job(int rows) {
+  explicit Job(int motions, Kind kind = Kind::Pockets) {
     store.units = "I";
     store.cfg_tolerance = 0.0001F;
     store.cfg_z_plunge_rate = 5;
     store.zstartpos = 0.5F;
     set_num_formats(session);
-    for (int row = 0; row < rows; ++row) addRow(row);
+    FieldReader reader("bench.msx", kDefinitions[static_cast<std::size_t>(kind)]);
+    readPostDefinition(session, definition, reader);
+    addRows(motions, kind);
   }
 
   std::string program() { return programText(session, definition, state, CncMode::Mill); }
@@ -45,6 +61,28 @@ struct Job {
   CncState state;
 
  private:
+  // A hole of four pecks is told by an approach and eleven motions.
+  static constexpr int kMotionsPerHole = 12;
+
+  void addRows(int motions, Kind kind) {
+    const bool holes = kind == Kind::IsoHoles || kind == Kind::PeckedHoles;
+    const int rows = kind == Kind::PeckedHoles ? motions / kMotionsPerHole : motions;
+    for (int row = 0; row < rows; ++row) holes ? addHole() : addRow(row);
+  }
+
+  void addHole() {
+    const Point place{coordinate(), coordinate()};
+    addPathSegment(store, {.type = 83,
+                           .x0 = place.x,
+                           .y0 = place.y,
+                           .x1 = place.x,
+                           .y1 = place.y,
+                           .xc = 0.25F,
+                           .z = -1,
+                           .feed = 12.5F,
+                           .code = 100});
+  }
+
   float coordinate() {
     std::uniform_real_distribution<double> anywhere(-10, 10);
     return static_cast<float>(std::floor(anywhere(random) * 1e5 + 0.5) / 1e5);
@@ -118,8 +156,8 @@ std::string putTogether(const std::vector<Piece>& pieces, std::size_t bytes) {
   return out;
 }
 
-void MillProgram(benchmark::State& state) {
-  Job job(static_cast<int>(state.range(0)));
+void makePrograms(benchmark::State& state, Kind kind) {
+  Job job(static_cast<int>(state.range(0)), kind);
   std::size_t bytes = 0;
   for (auto _ : state) {
     const std::string text = job.program();
@@ -129,8 +167,8 @@ void MillProgram(benchmark::State& state) {
   state.SetBytesProcessed(static_cast<std::int64_t>(bytes));
 }
 
-void BareWriter(benchmark::State& state) {
-  const std::string program = Job(static_cast<int>(state.range(0))).program();
+void writeBare(benchmark::State& state, Kind kind) {
+  const std::string program = Job(static_cast<int>(state.range(0)), kind).program();
   const std::vector<Piece> pieces = takeApart(program);
   std::size_t bytes = 0;
   for (auto _ : state) {
@@ -141,6 +179,19 @@ void BareWriter(benchmark::State& state) {
   state.SetBytesProcessed(static_cast<std::int64_t>(bytes));
 }
 
+void MillProgram(benchmark::State& state) {
+  makePrograms(state, Kind::Pockets);
+}
+void BareWriter(benchmark::State& state) {
+  writeBare(state, Kind::Pockets);
+}
+
+BENCHMARK_CAPTURE(makePrograms, numbered, Kind::NumberedPockets)->Arg(30000);
+BENCHMARK_CAPTURE(writeBare, numbered, Kind::NumberedPockets)->Arg(30000);
+BENCHMARK_CAPTURE(makePrograms, iso, Kind::IsoHoles)->Arg(30000);
+BENCHMARK_CAPTURE(writeBare, iso, Kind::IsoHoles)->Arg(30000);
+BENCHMARK_CAPTURE(makePrograms, pecks, Kind::PeckedHoles)->Arg(30000);
+BENCHMARK_CAPTURE(writeBare, pecks, Kind::PeckedHoles)->Arg(30000);
 BENCHMARK(MillProgram)->Arg(100)->Arg(1000)->Arg(10000)->Arg(30000)->Arg(32767);
 BENCHMARK(BareWriter)->Arg(100)->Arg(1000)->Arg(10000)->Arg(30000)->Arg(32767);
 

@@ -1,14 +1,16 @@
 // What an operator waits for at the tool chest, the title block and the property window: opening
 // with the database read anew or in memory already, a key in the chest, a long category, and the
-// window that follows a full drawing.
+// window that follows a full drawing; and what all of them add to the start of the program.
 #include <filesystem>
 #include <string>
+#include <sys/resource.h>
 
 #include "benchmark/benchmark.h"
 
 #include "core/drawing_store.h"
 #include "tests/support/feeds_samples.h"
 #include "tests/support/running_program.h"
+#include "tools/dlgColor.h"
 #include "tools/dlgTitleBlock.h"
 #include "tools/dlgToolPrms.h"
 
@@ -53,6 +55,72 @@ void titleBlockOpens(benchmark::State& state, bool readBefore) {
   opens(state, readBefore, [](FeedsProgram& program, SpeedsFeeds& feeds) {
     mnuOptionsDrawTitleBlock_Click(program.block(feeds));
   });
+}
+
+#ifdef TESSIMO_JET_FEEDS
+
+// Processor time of this process and of those that it has waited for, in seconds.
+double processorTime() {
+  double seconds = 0;
+  for (const int whose : {RUSAGE_SELF, RUSAGE_CHILDREN}) {
+    rusage used{};
+    getrusage(whose, &used);
+    for (const timeval& time : {used.ru_utime, used.ru_stime}) {
+      seconds += static_cast<double>(time.tv_sec) + 1e-6 * static_cast<double>(time.tv_usec);
+    }
+  }
+  return seconds;
+}
+
+// The same on a Jet file, with the process that reads it.
+template <class Open>
+void opensOnJet(benchmark::State& state, bool readBefore, Open open) {
+  FeedsProgram program;
+  std::filesystem::copy(TESSIMO_JET_FEEDS, program.home(kSpeedsFeedsName),
+                        std::filesystem::copy_options::overwrite_existing);
+  SpeedsFeeds kept(TESSIMO_JET_READER);
+  open(program, kept);
+  for (auto _ : state) {
+    SpeedsFeeds fresh(TESSIMO_JET_READER);
+    const double begin = processorTime();
+    open(program, readBefore ? kept : fresh);
+    state.SetIterationTime(processorTime() - begin);
+  }
+  if (materialCategories(kept).empty()) state.SkipWithError("the Jet file was not read");
+}
+
+void chestOpensOnJet(benchmark::State& state, bool readBefore) {
+  opensOnJet(state, readBefore, [](FeedsProgram& program, SpeedsFeeds& feeds) {
+    mnuCAMSelectTool_Click(program.chest(feeds));
+  });
+}
+
+void titleBlockOpensOnJet(benchmark::State& state, bool readBefore) {
+  opensOnJet(state, readBefore, [](FeedsProgram& program, SpeedsFeeds& feeds) {
+    mnuOptionsDrawTitleBlock_Click(program.block(feeds));
+  });
+}
+
+#endif
+
+void programStarts(benchmark::State& state) {
+  for (auto _ : state) testing::RunningProgram program;
+}
+
+// What the program makes of chest, colours and panels as it starts, its property window open.
+void chestAndPanelsAtStart(benchmark::State& state) {
+  testing::RunningProgram program;
+  for (auto _ : state) {
+    SpeedsFeeds feeds;
+    FormColorDialog colors(program.platform.prompts);
+    frmProperties properties(program.context());
+    class frmStatistics statistics;
+    program.application.interaction.forms.show(properties);
+    program.application.interaction.forms.show(statistics);
+    properties.close();
+    statistics.close();
+    benchmark::DoNotOptimize(&colors);
+  }
 }
 
 void keyInTheChest(benchmark::State& state) {
@@ -125,6 +193,18 @@ BENCHMARK_CAPTURE(chestOpens, first, false)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(chestOpens, again, true)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(titleBlockOpens, first, false)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(titleBlockOpens, again, true)->Unit(benchmark::kMillisecond);
+#ifdef TESSIMO_JET_FEEDS
+BENCHMARK_CAPTURE(chestOpensOnJet, first, false)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(chestOpensOnJet, again, true)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(titleBlockOpensOnJet, first, false)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(titleBlockOpensOnJet, again, true)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond);
+#endif
+BENCHMARK(programStarts)->Unit(benchmark::kMillisecond);
+BENCHMARK(chestAndPanelsAtStart)->Unit(benchmark::kMillisecond);
 BENCHMARK(keyInTheChest)->Unit(benchmark::kMillisecond);
 BENCHMARK(categoryOfThousand)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(propertyWindowFollows, another_selection, true)->Unit(benchmark::kMillisecond);

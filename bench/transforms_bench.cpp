@@ -1,6 +1,7 @@
 // Moving, scaling, mirroring and turning 15000 selected rows of a drawing, or all of a smaller one,
 // and the undo of it, against a plain copy of the table: every row read, held as it was, and
-// written again.
+// written again. Beside it what none of them can do without: the arithmetic of a turn, and the
+// records for undo.
 #include <algorithm>
 #include <vector>
 
@@ -55,7 +56,7 @@ void scale(Drawing& d) {
 void mirror(Drawing& d, bool copies) {
   const Mirroring mirroring{.about = {100, 0}};
   addImages(d.changes, {.selectedOnly = true, .copies = copies},
-            [&](const SegmentRow& row) { return mirrored(row, mirroring); });
+            [&](std::span<SegmentRow> rows) { mirrorRows(rows, mirroring); });
 }
 void mirrorMove(Drawing& d) {
   mirror(d, /*copies=*/false);
@@ -66,7 +67,7 @@ void mirrorCopy(Drawing& d) {
 void rotate(Drawing& d) {
   const Turn turn{.about = {100, 0}, .degrees = 30};
   addImages(d.changes, {.selectedOnly = true},
-            [&](const SegmentRow& row) { return rotated(row, turn); });
+            [&](std::span<SegmentRow> rows) { turnRows(rows, turn); });
 }
 
 void plainCopy(benchmark::State& state) {
@@ -79,6 +80,38 @@ void plainCopy(benchmark::State& state) {
       setSegmentRow(d.store, sg, held.back());
     }
     benchmark::DoNotOptimize(held.data());
+  }
+}
+
+// The selected rows of a drawing, and the numbers of a turn alone.
+void plainTurn(benchmark::State& state) {
+  const Drawing d(static_cast<int>(state.range(0)));
+  std::vector<SegmentRow> rows;
+  for (int sg = 1; sg <= d.store.NumSegments; ++sg) {
+    if (d.store.segattr[sg] == kSelectedRow) rows.push_back(segmentRow(d.store, sg));
+  }
+  for (auto _ : state) {
+    state.PauseTiming();
+    std::vector<SegmentRow> turned = rows;
+    state.ResumeTiming();
+    turnRows(turned, {.about = {100, 0}, .degrees = 30});
+    benchmark::DoNotOptimize(turned.data());
+  }
+}
+
+// Two records for each of them into the log.
+void plainRecords(benchmark::State& state) {
+  const Drawing d(static_cast<int>(state.range(0)));
+  ChangeLog log;
+  for (auto _ : state) {
+    std::vector<clsSegment> records;
+    records.reserve(2 * kMaxSelected);
+    for (int sg = 1; sg <= std::min<int>(d.store.NumSegments, kMaxSelected); ++sg) {
+      const SegmentRow row = segmentRow(d.store, sg);
+      records.emplace_back().SetSegment(row, "D", /*start=*/sg == 1);
+      records.emplace_back().SetSegment(row, "A", /*start=*/false);
+    }
+    log.logRecords(records);
   }
 }
 
@@ -112,6 +145,8 @@ void sizes(benchmark::internal::Benchmark* bench) {
 }
 
 BENCHMARK(plainCopy)->Name("Plain/copy of the table")->Apply(sizes);
+BENCHMARK(plainTurn)->Name("Plain/turn of the points")->Apply(sizes);
+BENCHMARK(plainRecords)->Name("Plain/records")->Apply(sizes);
 BENCHMARK(transformRows<move>)->Name("Transform/move")->Apply(sizes);
 BENCHMARK(transformRows<scale>)->Name("Transform/scale")->Apply(sizes);
 BENCHMARK(transformRows<mirrorMove>)->Name("Transform/mirror")->Apply(sizes);

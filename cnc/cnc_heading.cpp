@@ -131,11 +131,10 @@ void millTools(Heading& h) {
 
 using Item = void (*)(Heading&);
 
-constexpr std::array kMillItems{customHeader, starBar,   product,   titleBlock,
-                                workpiece,    millStock, millSetup, creation,
-                                millProgram,  starBar,   millTools};
-constexpr std::array kLatheItems{customHeader, starBar,    product,  titleBlock,   workpiece,
-                                 latheStock,   latheSetup, creation, latheProgram, starBar};
+constexpr std::array kMillItems{starBar,   product,  titleBlock,  workpiece, millStock,
+                                millSetup, creation, millProgram, starBar,   millTools};
+constexpr std::array kLatheItems{starBar,    product,  titleBlock,   workpiece, latheStock,
+                                 latheSetup, creation, latheProgram, starBar};
 
 }  // namespace
 
@@ -143,6 +142,8 @@ void writeHeading(ProgramText& text, const Session& session, const PostDefinitio
                   CncMode mode, const std::string& cncfilename) {
   Heading heading{text,       session,     session.store,
                   definition, cncfilename, NumberPattern(session.formats.cncfmt)};
+  customHeader(heading);
+  if (!definition.dialect.heading) return;
   const auto write = [&heading](const auto& items) {
     for (const Item item : items) item(heading);
   };

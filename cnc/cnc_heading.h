@@ -11,7 +11,8 @@
 
 namespace tess {
 
-// Appends the heading of the program `cncfilename`. Raises Invalid procedure call for a setting
+// Appends the heading of the program `cncfilename`: the definition's own lines, and the comments
+// unless its dialect leaves them out. Raises Invalid procedure call for a setting
 // that is no number, and Subscript out of range for a path row without a tool.
 void writeHeading(ProgramText& text, const Session& session, const PostDefinition& definition,
                   CncMode mode, const std::string& cncfilename);

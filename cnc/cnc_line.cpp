@@ -3,7 +3,9 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstddef>
+#include <limits>
 #include <string_view>
 
 #include "cnc/program_text.h"
@@ -13,17 +15,11 @@
 namespace tess {
 namespace {
 
-// Fixed: F words are in tenths; the control programs divide by ten.
-constexpr float kFeedScale = 10;
+constexpr float kUnknown = std::numeric_limits<float>::quiet_NaN();
 constexpr std::array<std::string_view, 4> kMotionCodes{"G00", "G01", "G02", "G03"};
 
 // Places in cncletters.
 enum class Axis { X, Y, Z, I, J };
-
-const NumberPattern& feedPattern() {
-  static const NumberPattern pattern("####");
-  return pattern;
-}
 
 // One line in the making.
 struct Words {
@@ -32,14 +28,16 @@ struct Words {
   const LastMove& last;
   MotionLine& line;
 
-  void append(char letter, float value) const {
-    out.push_back(' ');
-    out.push_back(letter);
+  void append(char letter, float value) const { append(letter, value, format.coordinates); }
+  void append(char letter, float value, const NumberPattern& pattern) const {
+    const char begin[] = {' ', letter};
+    out.append(begin, sizeof begin);
     const std::size_t number = out.size();
-    format.coordinates.append(out, value);
+    pattern.append(out, value);
     if (out.size() == number) out.push_back('0');  // a pattern such as "###" is silent about zero
   }
   void append(Axis axis, float value) const { append(letterOf(axis), value); }
+  const Dialect& dialect() const { return format.definition.dialect; }
 
   // A map with too few letters leaves the others as they are by default.
   char letterOf(Axis axis) const {
@@ -49,7 +47,15 @@ struct Words {
   }
 };
 
+bool isDigit(char letter) {
+  return letter >= '0' && letter <= '9';
+}
+
 int codeNumber(std::string_view g) {
+  const std::size_t size = g.size();
+  if (size >= 2 && isDigit(g[size - 2]) && isDigit(g[size - 1])) {
+    return (g[size - 2] - '0') * 10 + (g[size - 1] - '0');
+  }
   return parseInteger(g.substr(g.size() - std::min<std::size_t>(g.size(), 2)));
 }
 
@@ -59,6 +65,7 @@ bool standsStill(const MotionLine& line, const LastMove& last) {
 
 bool readsEqual(const NumberPattern& pattern, float a, float b) {
   if (a == b) return true;
+  if (std::isnan(a) || std::isnan(b)) return false;
   std::string first;
   std::string second;
   pattern.append(first, a);
@@ -77,6 +84,7 @@ bool vanishes(const Words& words) {
 
 bool isNeedless(const Words& words, int code) {
   const MotionLine& line = words.line;
+  if (line.circle || line.everyWord) return false;
   const bool still = standsStill(line, words.last);
   if (still) return !line.newfile && !line.zOnly && !line.forceXY && code < 2;
   // An arc that ends exactly where it starts is a full circle; one that nearly does would become a
@@ -87,12 +95,15 @@ bool isNeedless(const Words& words, int code) {
 
 void appendPosition(const Words& words) {
   const MotionLine& line = words.line;
-  const bool always = line.newfile || words.format.definition.forceXYZ;
-  const bool xWanted = !line.zOnly && (always || line.x != words.last.x);
-  const bool yWanted = !line.zOnly && line.useY && (always || line.y != words.last.y);
+  const bool always = line.newfile || line.everyWord || words.format.definition.forceXYZ;
+  const bool place = always || line.circle;
+  const bool xWanted = !line.zOnly && (place || line.x != words.last.x);
+  const bool yWanted = !line.zOnly && line.useY && (place || line.y != words.last.y);
   if (line.forceXY || xWanted) words.append(Axis::X, line.x);
   if (line.forceXY || yWanted) words.append(Axis::Y, line.y);
-  if (line.zOnly || always || line.z != words.last.z) words.append(Axis::Z, line.z);
+  const bool zIsPlace = !line.useY;  // of a lathe
+  if (line.zOnly || always || (line.circle && zIsPlace) || line.z != words.last.z)
+    words.append(Axis::Z, line.z);
 }
 
 // A centre word that the machine would assume by itself is left out.
@@ -118,25 +129,33 @@ void appendArc(const Words& words, int code) {
 // F goes out only on a change, and never on a rapid or a preset.
 void appendFeed(const Words& words, float& lastFeed) {
   const MotionLine& line = words.line;
-  const float feed = line.feed * kFeedScale;
-  if (feed == lastFeed || !(feed > 0)) return;  // first, as it is true of most lines
+  const float feed = line.feed * words.dialect().feedScale;
+  // First, as it is true of most lines.
+  if ((feed == lastFeed && !line.everyWord) || !(feed > 0)) return;
   if (!line.g.starts_with('G') || line.g == "G00" || line.g == "G92") return;
   lastFeed = feed;
   const std::size_t begin = words.out.size();
   words.out.append(" F");
   const std::size_t number = words.out.size();
-  feedPattern().append(words.out, feed);
+  words.format.feeds.append(words.out, feed);
   if (words.out.size() == number) words.out.resize(begin);
+}
+
+void appendDwell(const Words& words) {
+  const Dialect& dialect = words.dialect();
+  words.append(dialect.cycleDwell.value_or('D'), words.line.d * dialect.dwellScale,
+               words.format.dwells);
 }
 
 void appendWords(const Words& words, int code, float& lastFeed) {
   const MotionLine& line = words.line;
   appendPosition(words);
   appendArc(words, code);
+  if (line.plane) words.append('R', *line.plane);
   // Fixed: the K word has no letter in the map; the sixth letter of definitions never counted.
-  if (line.k != 0) words.append('K', line.k);
+  if (line.k != 0) words.append(line.cycle ? words.dialect().cyclePeck : 'K', line.k);
   appendFeed(words, lastFeed);
-  if (line.d != 0) words.append('D', line.d);
+  if (line.d != 0 || line.zeroDwell) appendDwell(words);
 }
 
 bool isMotionCode(std::string_view g) {
@@ -153,9 +172,20 @@ void remember(const MotionLine& line, LastMove& lastmove) {
 
 }  // namespace
 
+void LastMove::forget() {
+  *this = {.x = kUnknown, .y = kUnknown, .z = kUnknown};
+}
+
+void LastMove::forgetZ() {
+  z = kUnknown;
+}
+
 LineFormat::LineFormat(const Session& session, const PostDefinition& postDefinition)
     : definition(postDefinition),
       coordinates(session.formats.cncfmt),
+      feeds(postDefinition.dialect.feedFormat),
+      dwells(postDefinition.dialect.dwellFormat.empty() ? session.formats.cncfmt
+                                                        : postDefinition.dialect.dwellFormat),
       useRParam(session.store.userparamforarcs) {}
 
 void FormCncLine(std::string& out, const LineFormat& format, LastMove& lastmove, MotionLine& line) {

@@ -2,6 +2,7 @@
 // Owns: MotionLine, LastMove, LineFormat, FormCncLine.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "cnc/post_definition.h"
@@ -23,12 +24,20 @@ struct MotionLine {
   bool forceXY = false;
   bool zOnly = false;
   bool resetOnly = false;  // no line: only forget the last feed
+  // A machine cycle: k is its peck and d its dwell, by the letters of the dialect.
+  bool cycle = false;
+  bool circle = false;           // a full circle: its place goes out, though it moves nothing
+  bool zeroDwell = false;        // the dwell goes out also when it is 0
+  bool everyWord = false;        // X, Y, Z and F go out also when they say nothing new
+  std::optional<float> plane{};  // R word of a cycle
 };
 
 // The words written last. It outlives a program: a second one starts with the X, Y and Z of the
-// first and only F forgotten.
+// first and only F forgotten, unless the dialect forgets them all.
 struct LastMove {
   float x = 0, y = 0, z = 0, f = 0;
+  void forget();  // as if no word had been written: the next ones differ from whatever was
+  void forgetZ();
 };
 
 // What all lines of one program share.
@@ -38,7 +47,9 @@ struct LineFormat {
 
   const PostDefinition& definition;
   NumberPattern coordinates;  // cncfmt
-  bool useRParam;             // "use r-param for arcs"
+  NumberPattern feeds;
+  NumberPattern dwells;
+  bool useRParam;  // "use r-param for arcs"
 };
 
 // Appends the line, with its line end, to the program `out`, or nothing when it would move nothing.

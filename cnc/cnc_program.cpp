@@ -2,7 +2,9 @@
 #include "cnc/cnc_program.h"
 
 #include <algorithm>
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "cnc/program_target.h"
 #include "cnc/program_writer.h"
@@ -33,13 +35,28 @@ std::string outputFolder(const DrawingStore& store) {
   return usable ? withSeparator(wanted) : store.drawingpath;
 }
 
-// The file to show. Unlike the output folder it does not ask whether the path exists.
-std::string shownFile(const DrawingStore& store) {
+// The name under which the program is shown, where its folder is the one that the setting names.
+std::string shownName(const DrawingStore& store) {
   const std::string_view name = store.drawingname;
   const std::size_t stem = name.size() - std::min(name.size(), kExtensionLength);
   const std::string folder =
       isBlank(store.cncoutputpath) ? store.drawingpath : withSeparator(store.cncoutputpath);
   return folder + std::string(name.substr(0, stem)) + ".cnc";
+}
+
+// What is shown is the file that was written, also where the setting leads elsewhere by now, or
+// another file has the same name in other letters.
+std::string shownFile(const DrawingStore& store) {
+  const std::string written = programFile(store);
+  const std::string shown = shownName(store);
+  return isSameFile(shown, written) ? shown : written;
+}
+
+std::string folderNotice(const DrawingStore& store) {
+  const std::string& wanted = store.cncoutputpath;
+  if (isBlank(wanted) || folderExists(wanted)) return {};
+  return "The folder for CNC files is missing: " + wanted +
+         ". The file is in the drawing's folder.";
 }
 
 // False when the operator cancels.
@@ -53,6 +70,40 @@ bool settleUnsavedWork(Session& session) {
   return answer != kAnswerCancel;
 }
 
+// The tools of the path that have no speed, in the order of their first rows.
+std::vector<int> toolsWithoutSpeed(const DrawingStore& store) {
+  std::vector<int> tools;
+  for (int ps = 1; ps <= store.NumPathSegments; ++ps) {
+    const int index = toolIndex(store.pscode[ps]);
+    const bool listed = std::ranges::find(tools, index + 1) != tools.end();
+    if (!listed && !(store.toolspindlespeed[index] > 0)) tools.push_back(index + 1);
+  }
+  return tools;
+}
+
+void warnOfStandingSpindle(Session& session) {
+  std::string tools;
+  for (const int tool : toolsWithoutSpeed(session.store)) {
+    tools += (tools.empty() ? "" : ", ") + std::to_string(tool);
+  }
+  if (tools.empty()) return;
+  int answer = 0;
+  askUser(session,
+          "No spindle speed! The program does not start the spindle for tool " + tools + ".",
+          kAskOk, answer);
+}
+
+// False when the operator would rather not.
+bool settleObjections(const Session& session, const CncState& state) {
+  const std::string objections = state.objections ? state.objections() : std::string();
+  if (objections.empty()) return true;
+  return session.host.prompts.showMessage(
+             {.text = objections + "\nDo you want to write the program anyway ?",
+              .title = "Path Proof",
+              .icon = MessageIcon::Warning,
+              .buttons = MessageButtons::YesNo}) == Answer::Yes;
+}
+
 void makeAndShow(Session& session, const PostDefinition& definition, CncState& state,
                  ProgramViewer& viewer, CncMode mode) {
   if (session.store.NumPathSegments == 0) {
@@ -62,7 +113,9 @@ void makeAndShow(Session& session, const PostDefinition& definition, CncState& s
   }
   session.listener.clearUndoMenu();
   if (!make_cnc(session, definition, state, mode)) return;
-  if (!session.store.drawingname.empty()) viewer.showFile(shownFile(session.store));
+  if (!session.store.drawingname.empty()) {
+    viewer.showFile(shownFile(session.store), folderNotice(session.store));
+  }
 }
 
 }  // namespace
@@ -72,7 +125,10 @@ std::string programText(const Session& session, const PostDefinition& definition
   std::string out;
   out.reserve(kBytesPerRow * static_cast<std::size_t>(session.store.NumPathSegments));
   ProgramWriter writer(session, definition, mode, state.cncfilename, state.lastmove, out);
-  tellMotions(session.store, mode, writer);
+  state.made = {};
+  if (state.keepsMade) writer.recordRows(state.made.rows);
+  tellMotions(session.store, mode, writer, motionRules(definition.dialect));
+  if (state.keepsMade) state.made.text = checksumOf(out);
   return out;
 }
 
@@ -96,9 +152,10 @@ void WriteCncFinish(const Session& session, const PostDefinition& definition, Cn
 bool make_cnc(Session& session, const PostDefinition& definition, CncState& state, CncMode mode,
               const ProgramFile& file) {
   const Procedure here("make_cnc(mode$)");
-  if (!settleUnsavedWork(session)) return false;
+  if (!settleUnsavedWork(session) || !settleObjections(session, state)) return false;
   state.cncfilename = programName(session.store.drawingname);
   WriteCncFinish(session, definition, state, mode, file);
+  if (definition.dialect.spindleDue) warnOfStandingSpindle(session);
   return true;
 }
 

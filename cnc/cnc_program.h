@@ -1,29 +1,44 @@
 // CNC programs: the path rows of the open drawing as one RS-274-D text file for a mill or a lathe,
 // in the words of the post-processor definition in force.
-// Owns: CncState, ProgramViewer, programText, programFile, ProgramFile, WriteCncFinish, make_cnc,
-//       mnuCAMMakeCNCFile_Click, mnuCAMMakeCNCLatheFile_Click.
+// Owns: MadeProgram, CncState, ProgramViewer, programText, programFile, ProgramFile,
+//       WriteCncFinish, make_cnc, mnuCAMMakeCNCFile_Click, mnuCAMMakeCNCLatheFile_Click.
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "cnc/cnc_line.h"
 #include "cnc/post_definition.h"
 #include "cnc/program_motions.h"
+#include "cnc/row_places.h"
+#include "core/checksum.h"
 #include "core/session.h"
 
 namespace tess {
+
+// A program by its text, and what its lines were made for.
+struct MadeProgram {
+  Checksum text;
+  RowPlaces rows;
+};
 
 // What outlives one program.
 struct CncState {
   std::string cncfilename;  // of the program made last, without its folder
   LastMove lastmove;
+  bool keepsMade = false;  // whether anybody asks for `made`
+  MadeProgram made;        // the one made last
+  // What speaks against the paths as they are, line by line; empty when nothing does. Nobody asks
+  // where it is not set.
+  std::function<std::string()> objections;
 };
 
 // Where a finished program is shown, and from there sent on.
 class ProgramViewer {
  public:
   virtual ~ProgramViewer() = default;
-  virtual void showFile(const std::string& file) = 0;
+  // `notice` is what has to be said about the file, or "".
+  virtual void showFile(const std::string& file, const std::string& notice) = 0;
 };
 
 // The whole program of the drawing, which has at least one path row, under state.cncfilename.
@@ -48,7 +63,8 @@ struct ProgramFile {
 void WriteCncFinish(const Session& session, const PostDefinition& definition, CncState& state,
                     CncMode mode, const ProgramFile& file = {});
 
-// Asks about unsaved work first; false when the operator cancels, true when a file was written.
+// Asks about unsaved work first, and then whether objections count; false when the operator
+// cancels, true when a file was written.
 bool make_cnc(Session& session, const PostDefinition& definition, CncState& state, CncMode mode,
               const ProgramFile& file = {});
 

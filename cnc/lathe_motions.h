@@ -17,6 +17,9 @@ class LatheMotions : public MotionPass {
   void approachArc(const PathRow& row) override;
   bool isRapid(const PathRow& straight) const override;
   void runCycle(const PathRow& row) override;
+  void leaveWork() override;
+  void goToChangePlace() override;
+  void leaveAtEnd() override;
 };
 
 }  // namespace tess

@@ -17,11 +17,19 @@ class MillMotions : public MotionPass {
   void approachArc(const PathRow& row) override;
   bool isRapid(const PathRow& straight) const override;
   void runCycle(const PathRow& row) override;
+  void leaveWork() override;
+  void goToChangePlace() override;
+  void leaveAtEnd() override { leaveWork(); }
 
   void lift(MovedAxes axes = MovedAxes::Changed);
   void travel(MovedAxes axes = MovedAxes::Changed);
   void descend();
-  void plunge();
+  void plungeFrom(float z);
+  void approachCycle();
+  void expand(const PathRow& row);
+  bool knowsHeightAfter(int cycle) const;
+
+  bool standsSafe_ = false;  // at the safe height behind a cycle of known moves
 };
 
 }  // namespace tess

@@ -44,7 +44,7 @@ void MotionPass::run() {
   for (int ps = 1; ps <= store.NumPathSegments; ++ps) {
     inRow(ps, [this, ps] { doRow(ps); });
   }
-  if (firsttool_ != tool) returnToFirstTool();
+  endRows();
   tell(ProgramEnd{});
 }
 
@@ -65,7 +65,7 @@ void MotionPass::start(const PathRow& row) {
   moveTo({store.xstartpos, store.ystartpos});
   curz = store.zstartpos;
   firsttool_ = lasttool_ = tool;
-  tellTool(ToolOccasion::First);
+  changeTo(ToolOccasion::First);
   if (isContourMove(row)) beginMovement(row);
 }
 
@@ -74,13 +74,28 @@ void MotionPass::beginMovement(const PathRow& row) {
   moveToFirstRow(row);
 }
 
-void MotionPass::tellTool(ToolOccasion occasion) {
-  tell(ToolChange{
-      .occasion = occasion, .tool = tool, .spindlespeed = store.toolspindlespeed[tool - 1]});
+void MotionPass::prepareChange() {
+  if (rules.safeChange) leaveWork();
+  if (rules.changePos) goToChangePlace();
 }
 
-void MotionPass::returnToFirstTool() {
-  tell(ToolChange{.occasion = ToolOccasion::Return, .tool = firsttool_});
+void MotionPass::changeTo(ToolOccasion occasion) {
+  prepareChange();
+  tell(ToolChange{
+      .occasion = occasion, .tool = tool, .spindlespeed = store.toolspindlespeed[tool - 1]});
+  fresh = true;
+}
+
+// A change leaves the work by itself when it is a safe one.
+void MotionPass::endRows() {
+  const bool returns = rules.returnsTool && firsttool_ != tool;
+  if (returns) {
+    if (rules.endLift && !rules.safeChange) leaveAtEnd();
+    prepareChange();
+    tell(ToolChange{.occasion = ToolOccasion::Return, .tool = firsttool_});
+  } else if (rules.endLift) {
+    leaveAtEnd();
+  }
 }
 
 // Fixed: kinds 4 to 20 make no motion; files hold such rows and programs leave them out.
@@ -114,16 +129,13 @@ void MotionPass::doArc(const PathRow& row) {
 }
 
 // Fixed: kinds above 99 tell increment and dwell that their G number lacks; programs hold both.
-// Fixed: the tool then counts as standing at the unsigned depth; a row there needs no plunge.
-void MotionPass::tellCycle(const PathRow& row) {
-  moveTo(endOf(row));
-  curz = std::abs(row.z);
-  tell(CycleRun{.number = cycleGNumber(row.type),
-                .place = hereAt(store.zstartpos),
-                .depth = curz,
-                .increment = isOneOf(kCyclesWithoutIncrement, row.type) ? 0 : row.xc,
-                .dwell = isOneOf(kCyclesWithoutDwell, row.type) ? 0 : row.yc,
-                .feed = row.feed});
+CycleRun MotionPass::cycleOf(const PathRow& row) const {
+  return {.number = cycleGNumber(row.type),
+          .place = {row.x1, row.y1, store.zstartpos},
+          .depth = std::abs(row.z),
+          .increment = isOneOf(kCyclesWithoutIncrement, row.type) ? 0 : row.xc,
+          .dwell = isOneOf(kCyclesWithoutDwell, row.type) ? 0 : row.yc,
+          .feed = row.feed};
 }
 
 }  // namespace tess

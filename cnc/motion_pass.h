@@ -4,6 +4,7 @@
 // Owns: MotionPass.
 #pragma once
 
+#include "cnc/motion_rules.h"
 #include "core/drawing_rows.h"
 #include "core/motion_stream.h"
 #include "geometry/float_points.h"
@@ -14,8 +15,8 @@ struct DrawingStore;
 
 class MotionPass {
  public:
-  MotionPass(const DrawingStore& drawing, MotionReader& listening)
-      : store(drawing), reader_(listening) {}
+  MotionPass(const DrawingStore& drawing, MotionReader& listening, const MotionRules& wanted)
+      : store(drawing), rules(wanted), reader_(listening) {}
   virtual ~MotionPass() = default;
   MotionPass(const MotionPass&) = delete;
   MotionPass& operator=(const MotionPass&) = delete;
@@ -32,6 +33,9 @@ class MotionPass {
   virtual void approachArc(const PathRow& row) = 0;
   virtual bool isRapid(const PathRow& straight) const = 0;
   virtual void runCycle(const PathRow& row) = 0;
+  virtual void leaveWork() = 0;  // where the tool moves freely, as far as that is known
+  virtual void goToChangePlace() = 0;
+  virtual void leaveAtEnd() = 0;
 
   // What a row says.
   static Point startOf(const PathRow& row) { return {row.x0, row.y0}; }
@@ -43,12 +47,15 @@ class MotionPass {
   void moveTo(Point place) { curx = place.x, cury = place.y; }
   ToolPlace hereAt(float z) const { return {curx, cury, z}; }
   void tell(const MotionEvent& event) { reader_.read(event); }
-  void tellTool(ToolOccasion occasion);  // that of the row at hand
-  void tellCycle(const PathRow& row);
+  void changeTo(ToolOccasion occasion);  // the tool of the row at hand
+  CycleRun cycleOf(const PathRow& row) const;
+  MotionReader& reader() { return reader_; }
 
   const DrawingStore& store;
+  const MotionRules rules;
   int tool = 0;  // of the row at hand, from 1
   float curx = 0, cury = 0, curz = 0;
+  bool fresh = true;  // no motion since the last change of the tool
 
  private:
   void start(const PathRow& row);
@@ -57,7 +64,8 @@ class MotionPass {
   void doMotion(const PathRow& row);
   void doStraight(const PathRow& row);
   void doArc(const PathRow& row);
-  void returnToFirstTool();
+  void endRows();
+  void prepareChange();
 
   MotionReader& reader_;
   int firsttool_ = 0;

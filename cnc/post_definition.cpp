@@ -3,8 +3,10 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <string_view>
 
+#include "cnc/dialect_keys.h"
 #include "core/file_system.h"
 #include "core/lifecycle.h"
 #include "core/text.h"
@@ -20,6 +22,7 @@ struct Loading {
   Session& session;
   PostDefinition& definition;
   FieldReader& reader;
+  DialectKeys dialect{definition.dialect};
 
   std::string code() const { return std::string(trimmed(upperCased(reader.readQuotedText()))); }
   bool yes() const { return upperCased(reader.readQuotedText()).starts_with('Y'); }
@@ -37,9 +40,35 @@ void readLines(Loading& loading, std::string& text) {
   }
 }
 
+void noteDamage(PostDefinition& definition, const std::string& damage) {
+  if (definition.damage.empty()) definition.damage = damage;
+}
+
+// Before the start is done there is no window that a message box could stand on.
+void complain(Loading& loading, const std::string& what, const std::string& place,
+              const std::string& damage) {
+  Session& session = loading.session;
+  const std::string text = "Error in Post processor definition file:" + what + "\n" + place;
+  if (session.startupdone) {
+    int answer = 0;
+    askUser(session, text, kAskOk, answer);
+  } else {
+    session.host.surroundings.printOnMainWindow(text);
+  }
+  noteDamage(loading.definition, place + damage);
+}
+
+void complainOf(Loading& loading, const std::optional<DialectFault>& fault) {
+  if (fault) complain(loading, fault->what, fault->place, ": " + fault->what);
+}
+
 // Fixed: tokens of any other list are read as keys; definitions that name others load so.
 void readList(Loading& loading) {
+  const std::string place = loading.reader.place();
   const std::string list = upperCased(loading.reader.readQuotedText());
+  if (DialectKeys::isList(list)) {
+    complainOf(loading, loading.dialect.readList(list, place, loading.reader));
+  }
   if (list == "HEADERTEXT") readLines(loading, loading.definition.cncheadertext);
   if (list == "TRAILERTEXT") readLines(loading, loading.definition.cnctrailertext);
 }
@@ -60,34 +89,25 @@ constexpr std::array kKeys{
     Key{"MMFORMAT", [](Loading& l) { l.session.formats.cncfmtmm = l.code(); }},
 };
 
-void noteDamage(PostDefinition& definition, const std::string& damage) {
-  if (definition.damage.empty()) definition.damage = damage;
-}
-
-// Before the start is done there is no window that a message box could stand on.
-void complain(Loading& loading, const std::string& token, const std::string& place) {
-  Session& session = loading.session;
-  const std::string text = "Error in Post processor definition file:" + token + "\n" + place;
-  if (session.startupdone) {
-    int answer = 0;
-    askUser(session, text, kAskOk, answer);
-  } else {
-    session.host.surroundings.printOnMainWindow(text);
-  }
-  noteDamage(loading.definition, place + " has the unknown word '" + token + "'");
-}
-
 void readKey(Loading& loading) {
   const std::string place = loading.reader.place();
   const std::string token = loading.reader.readQuotedText();
   if (token.empty()) return;
   const std::string name = upperCased(token);
   const auto key = std::ranges::find(kKeys, name, &Key::name);
-  if (key == kKeys.end()) {
-    complain(loading, token, place);
-  } else {
+  if (key != kKeys.end()) {
     key->read(loading);
+  } else if (DialectKeys::isKey(name)) {
+    complainOf(loading, loading.dialect.readKey(name, place, loading.reader));
+  } else {
+    complain(loading, token, place, " has the unknown word '" + token + "'");
   }
+}
+
+// A dialect stands for one control and inherits nothing.
+void beginAnew(PostDefinition& definition) {
+  definition.damage.clear();
+  definition.dialect = {};
 }
 
 // Fixed: a name of the working folder is opened beside the program; it merely spares the fallback.
@@ -100,9 +120,9 @@ std::string definitionName(const Session& session) {
 
 }  // namespace
 
-// Fixed: a key that is missing keeps its value; definitions build on the one before.
+// Fixed: a key of kKeys that is missing keeps its value; definitions build on the one before.
 void readPostDefinition(Session& session, PostDefinition& definition, FieldReader& reader) {
-  definition.damage.clear();
+  beginAnew(definition);
   Loading loading{session, definition, reader};
   while (!reader.atEnd()) readKey(loading);
 }
@@ -114,7 +134,7 @@ void loadxsetup2(Session& session, PostDefinition& definition, const std::string
 }
 
 void load_xsetup(Session& session, PostDefinition& definition) {
-  definition.damage.clear();
+  beginAnew(definition);
   try {
     const Procedure here("load_xsetup()");
     loadxsetup2(session, definition, session.appfolder + definitionName(session));

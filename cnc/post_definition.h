@@ -1,10 +1,12 @@
 // The post-processor definition: what tailors the programs to one machine. It is a small text file
-// written by hand; what it leaves out stays as the definition before it had it.
+// written by hand; what it leaves out stays as the definition before it had it, but for the
+// dialect, which begins anew with each.
 // Owns: kWordLetters, PostDefinition, load_xsetup, loadxsetup2, readPostDefinition.
 #pragma once
 
 #include <string>
 
+#include "cnc/dialect.h"
 #include "core/field_reader.h"
 #include "core/session.h"
 
@@ -22,6 +24,7 @@ struct PostDefinition {
   bool forceXYZ = false;                  // X, Y and Z words also when unchanged
   bool forceIJK = false;                  // I and J words also when redundant
   std::string cncletters = kWordLetters;  // the sixth is carried, but the K word never asks for it
+  Dialect dialect;
   std::string damage;  // the first thing that was wrong with its file, and where; empty: sound
 };
 

@@ -6,12 +6,13 @@
 
 namespace tess {
 
-void tellMotions(const DrawingStore& store, CncMode mode, MotionReader& reader) {
+void tellMotions(const DrawingStore& store, CncMode mode, MotionReader& reader,
+                 const MotionRules& rules) {
   switch (mode) {
     case CncMode::Mill:
-      return MillMotions(store, reader).run();
+      return MillMotions(store, reader, rules).run();
     case CncMode::Lathe:
-      return LatheMotions(store, reader).run();
+      return LatheMotions(store, reader, rules).run();
   }
 }
 

@@ -2,6 +2,7 @@
 // Owns: CncMode, tellMotions.
 #pragma once
 
+#include "cnc/motion_rules.h"
 #include "core/motion_stream.h"
 
 namespace tess {
@@ -11,8 +12,10 @@ struct DrawingStore;
 enum class CncMode { Mill, Lathe };
 
 // Tells the reader the whole program, from ProgramStart to ProgramEnd, or nothing without path
-// rows. Raises Subscript out of range for a row without a tool; a failure, the reader's too, names
-// its row as the source.
-void tellMotions(const DrawingStore& store, CncMode mode, MotionReader& reader);
+// rows. Raises Subscript out of range for a row without a tool and Invalid procedure call for a
+// cycle that the rules do not keep and that is not to be had otherwise; a failure, the reader's
+// too, names its row as the source.
+void tellMotions(const DrawingStore& store, CncMode mode, MotionReader& reader,
+                 const MotionRules& rules = {});
 
 }  // namespace tess

@@ -16,6 +16,7 @@
   CORE(kDeleteFileCommand)                                                 \
   SHELL(kPrintCommand)                                                     \
   SHELL(kPrintPreviewCommand)                                              \
+  SHELL(kPrintToScaleCommand)                                              \
   CORE(kExitCommand)                                                       \
                                                                            \
   DRAFTING(kUndoCommand)                                                   \
@@ -81,6 +82,7 @@
   CORE(kSaveAsDefaultCommand)                                              \
   CORE(kRevertToDefaultsCommand)                                           \
   CORE(kLoadSetupCommand)                                                  \
+  SHELL(kChooseControlCommand)                                             \
   CORE(kSaveSetupCommand)                                                  \
   CORE(kSaveSetupAsCommand)                                                \
   SHELL(kLoadLayoutCommand)                                                \
@@ -128,7 +130,9 @@
   TOOLPATH(kHidePathsCommand)                                              \
                                                                            \
   SHELL(kStatisticsCommand)                                                \
-  SHELL(kPropertiesCommand)
+  SHELL(kPropertiesCommand)                                                \
+  SHELL(kPathProofCommand)                                                 \
+  SHELL(kShowPathProofCommand)
 
 #define TESSIMO_NONE(descriptor)
 #define TESSIMO_CORE_COMMANDS(DO) \

@@ -175,34 +175,56 @@ void ItemsControl::requireItem(int index) const {
   if (index < 0 || index >= count()) throw subscriptOutOfRange();
 }
 
-const std::string& ItemsControl::item(int index) const {
+std::string ItemsControl::item(int index) const {
   requireItem(index);
-  return items_[static_cast<std::size_t>(index)];
+  return source_ ? source_(index) : items_[static_cast<std::size_t>(index)];
+}
+
+const std::vector<std::string>& ItemsControl::items() const {
+  if (!source_) return items_;
+  items_.clear();
+  for (int index = 0; index < sourceCount_; ++index) items_.push_back(source_(index));
+  return items_;
+}
+
+// The items become texts of the list's own, which can be changed one by one.
+void ItemsControl::takeSource() {
+  if (!source_) return;
+  items();
+  source_ = nullptr;
+}
+
+bool ItemsControl::itemsChanged() {
+  ++revision_;
+  return announce(Property::Items);
 }
 
 void ItemsControl::addItem(std::string item) {
+  takeSource();
   const auto place =
       sorted_ ? std::upper_bound(items_.begin(), items_.end(), item, precedes) : items_.end();
   if (place - items_.begin() <= index_) ++index_;
   items_.insert(place, std::move(item));
-  announce(Property::Items);
+  itemsChanged();
 }
 
 void ItemsControl::setItem(int index, std::string item) {
   requireItem(index);
+  takeSource();
   items_[static_cast<std::size_t>(index)] = std::move(item);
-  announce(Property::Items);
+  itemsChanged();
 }
 
 void ItemsControl::removeItem(int index) {
   requireItem(index);
+  takeSource();
   items_.erase(items_.begin() + index);
   if (index == index_) {
     index_ = -1;
   } else if (index < index_) {
     --index_;
   }
-  announce(Property::Items);
+  itemsChanged();
 }
 
 void ItemsControl::clear() {
@@ -210,23 +232,44 @@ void ItemsControl::clear() {
 }
 
 void ItemsControl::setItems(std::vector<std::string> items) {
+  source_ = nullptr;
   items_ = std::move(items);
   index_ = -1;
   if (sorted_) std::stable_sort(items_.begin(), items_.end(), precedes);
-  announce(Property::Items);
+  itemsChanged();
+}
+
+void ItemsControl::setSource(int count, ItemSource source) {
+  items_.clear();
+  source_ = std::move(source);
+  sourceCount_ = count;
+  index_ = -1;
+  itemsChanged();
+}
+
+void ItemsControl::sourceChanged(int count) {
+  sourceCount_ = count;
+  if (index_ >= count) index_ = -1;
+  itemsChanged();
 }
 
 void ItemsControl::keepSorted() {
   const std::string selected = index_ < 0 ? std::string() : item(index_);
+  takeSource();
   sorted_ = true;
   std::stable_sort(items_.begin(), items_.end(), precedes);
   if (index_ >= 0) index_ = indexOf(selected);
-  announce(Property::Items);
+  itemsChanged();
 }
 
 int ItemsControl::indexOf(std::string_view text) const {
-  const auto found = std::find(items_.begin(), items_.end(), text);
-  return found == items_.end() ? -1 : static_cast<int>(found - items_.begin());
+  int index = 0;
+  while (index < count() && !isItem(index, text)) ++index;
+  return index < count() ? index : -1;
+}
+
+bool ItemsControl::isItem(int index, std::string_view text) const {
+  return source_ ? source_(index) == text : items_[static_cast<std::size_t>(index)] == text;
 }
 
 void ItemsControl::setIndex(int index) {
@@ -261,7 +304,7 @@ std::vector<std::string> ItemsControl::properties() const {
 }
 
 std::optional<PropertyValue> ItemsControl::ownProperty(std::string_view property) const {
-  if (property == "items") return items_;
+  if (property == "items") return items();
   if (property == "index") return static_cast<double>(index_);
   if (property == "count") return static_cast<double>(count());
   return std::nullopt;

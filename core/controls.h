@@ -170,16 +170,27 @@ class Slider : public Control {
 // changes of the items raise nothing, and the selected item stays selected while it is there.
 class ItemsControl : public Control {
  public:
-  const std::vector<std::string>& items() const { return items_; }
-  int count() const { return static_cast<int>(items_.size()); }
+  // The text of an item, made when it is asked for.
+  using ItemSource = std::function<std::string(int index)>;
+
+  // Of a source they are made anew by every call.
+  const std::vector<std::string>& items() const;
+  int count() const { return source_ ? sourceCount_ : static_cast<int>(items_.size()); }
   // Raises Subscript out of range.
-  const std::string& item(int index) const;
+  std::string item(int index) const;
   void addItem(std::string item);
   void setItem(int index, std::string item);
   void removeItem(int index);
   void clear();
   // Replaces all; nothing is selected then.
   void setItems(std::vector<std::string> items);
+  // Replaces all by a long list, of which only what is seen is ever made. Any of the changes above
+  // makes it a list of its own texts. Nothing is selected then.
+  void setSource(int count, ItemSource source);
+  // The source has other texts, and so many of them. The index stays while there is an item.
+  void sourceChanged(int count);
+  // Another number after each change of the items: a view need not compare a long list.
+  unsigned revision() const { return revision_; }
   // Keeps the items in alphabetic order without regard to case from now on.
   void keepSorted();
   // The first item that equals `text`, or -1.
@@ -208,8 +219,14 @@ class ItemsControl : public Control {
  private:
   void requireItem(int index) const;
   void requireIndex(int index) const;
+  bool isItem(int index, std::string_view text) const;
+  void takeSource();
+  bool itemsChanged();
 
-  std::vector<std::string> items_;
+  mutable std::vector<std::string> items_;
+  ItemSource source_;  // in their place
+  int sourceCount_ = 0;
+  unsigned revision_ = 0;
   int index_ = -1;
   bool sorted_ = false;
 };

@@ -1,6 +1,7 @@
 // Loading, saving and choosing drawings.
 #include "core/drawing_file.h"
 
+#include <algorithm>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -11,6 +12,7 @@
 #include "core/file_system.h"
 #include "core/lifecycle.h"
 #include "core/number_text.h"
+#include "core/path_job_file.h"
 #include "core/recent_files.h"
 #include "core/save_pair.h"
 #include "core/save_record.h"
@@ -40,7 +42,7 @@ void tell(Session& session, const std::string& text) {
 void noteCompleted(Session& session, const Recovery& recovery) {
   if (recovery.settled.outcome != Settlement::Completed) return;
   PairState state;
-  for (std::size_t at = 0; at < recovery.settled.contents.size(); ++at) {
+  for (std::size_t at = 0; at < std::min(state.size(), recovery.settled.contents.size()); ++at) {
     if (const auto& content = recovery.settled.contents[at]) {
       state[at].checksum = checksumOf(*content);
     }
@@ -83,6 +85,7 @@ void clearForLoading(Session& session) {
   store.NumSegments = 0;
   store.NumPathSegments = 0;
   store.pathgroupname.fill({});
+  session.pathJobs.clear();
   store.xorigin = 1;
   store.yorigin = 1;
   store.zorigin = -1;
@@ -133,6 +136,25 @@ HeaderNotes readDrawing(Session& session, PairContent& pair, std::vector<std::st
   } catch (...) {
     standUntitled(session);
     throw;
+  }
+}
+
+constexpr char kWithoutJobs[] =
+    " It says what the tool path was placed for; without it the path proof goes by the rows.";
+
+// What the rows were placed for, as far as that was saved with these very files.
+void readPathJobs(Session& session, const PairState& state, std::vector<std::string>& notes) {
+  const std::string path = jobPath(session.selectedfolder, session.selectedname);
+  if (!state[1].checksum || !fileExists(path)) return;
+  try {
+    FieldReader fields = FieldReader::open(path, kLargestDrawing);
+    const auto jobs =
+        readJobFile(fields, {.drawing = state[0].checksum, .paths = state[1].checksum});
+    if (!jobs) return;
+    for (const PathJob& job : *jobs) session.pathJobs.add(job);
+  } catch (const RuntimeFailure& failure) {
+    takeCallChain();
+    notes.push_back(failure.source() + ": " + failure.description() + "." + kWithoutJobs);
   }
 }
 
@@ -240,6 +262,7 @@ bool loadSelected(Session& session) {
   const HeaderNotes header = readDrawing(session, *pair, notes);
   takeOverNames(session, header.cncoutputpath);
   noteOpened(session, paths[0], pair->state);
+  readPathJobs(session, pair->state, notes);
   noteSavedCounts(store);
   set_num_formats(session);
   updateStatusDisplay(session);

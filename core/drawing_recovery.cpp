@@ -8,6 +8,7 @@
 
 #include "core/drawing_format.h"
 #include "core/file_system.h"
+#include "core/path_job_file.h"
 
 namespace tess {
 namespace {
@@ -74,6 +75,28 @@ void removeTemporaries(const WriteGuard& guard, const std::string& folder) {
   if (any.isPermittedBy(guard)) any.removeAbandoned();
 }
 
+// One that has gone meanwhile, or cannot be read, is told of where it is settled.
+std::optional<SaveJournal> journalIfReadable(const std::string& path) {
+  try {
+    return parseJournal(readFile(path, kLargestJournal));
+  } catch (const RuntimeFailure&) {
+    takeCallChain();
+    return std::nullopt;
+  }
+}
+
+// The files of the save whose journal lies there: with the jobs of the paths unless it says that it
+// has none.
+std::vector<std::string> filesOfSave(const std::vector<std::string>& paths) {
+  const std::string_view name = fileNameOf(paths.front());
+  const std::string folder = paths.front().substr(0, paths.front().size() - name.size());
+  std::vector<std::string> files = paths;
+  const auto journal = journalIfReadable(folder + journalName(journalStem(name)));
+  const bool hasJobs = !journal || journal->files.size() > paths.size();
+  if (paths.size() > 1 && hasJobs) files.push_back(jobPath(folder, std::string(name)));
+  return files;
+}
+
 std::optional<Recovery> recoverJournal(const WriteGuard& guard, const std::string& folder,
                                        const std::string& journal, const std::string& stem) {
   const auto name = drawingOf(folder + journal, stem);
@@ -94,6 +117,10 @@ std::vector<std::string> pairPaths(const std::string& folder, const std::string&
   return paths;
 }
 
+std::string jobPath(const std::string& folder, const std::string& name) {
+  return resolvePath(folder + jobFileName(name));
+}
+
 FolderLock lockDrawing(const std::string& drawing, FolderLock::Waiting waiting) {
   NoGuard looking;
   const FilePlace place(looking, drawing, FileKind::Drawing);
@@ -112,7 +139,7 @@ std::optional<Recovery> recoverDrawing(const WriteGuard& guard,
                                        const FolderLock& lock) {
   if (!hasJournal(paths.front())) return std::nullopt;
   NoGuard looking;
-  const FileGroup group(looking, paths);
+  const FileGroup group(looking, filesOfSave(paths));
   const bool permitted = group.isPermittedBy(guard);
   const bool alive = mayBeAlive(lock, group.journal().path());
   auto settled = settleFiles(group, permitted && !alive);

@@ -1,6 +1,7 @@
 // Drawings whose last save was cut off: finding them, putting them in order while no other process
 // is at them, and the words that tell the operator.
-// Owns: Recovery, pairPaths, lockDrawing, hasJournal, recoverDrawing, recoverFolder, recoveryText.
+// Owns: Recovery, pairPaths, jobPath, lockDrawing, hasJournal, recoverDrawing, recoverFolder,
+//       recoveryText.
 #pragma once
 
 #include <optional>
@@ -20,6 +21,9 @@ struct Recovery {
 
 // The files of a drawing: its own, and behind it the path file where its name gives it one.
 std::vector<std::string> pairPaths(const std::string& folder, const std::string& name);
+
+// The file of the jobs of its paths, for a drawing whose name gives it one.
+std::string jobPath(const std::string& folder, const std::string& name);
 
 // The lock under which the files of a drawing are written: that of the folder behind any links.
 FolderLock lockDrawing(const std::string& drawing,

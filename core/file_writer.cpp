@@ -2,6 +2,7 @@
 #include "core/file_writer.h"
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <cstdio>
 #include <dirent.h>
@@ -23,6 +24,7 @@ namespace fs = std::filesystem;
 constexpr int kMaxLinks = 40;  // of a chain; a ring of links has no end
 constexpr mode_t kNewFileMode = 0666;
 constexpr mode_t kPermissionBits = 07777;
+constexpr std::size_t kReadBlock = 1 << 16;
 constexpr std::string_view kTemporaryBegin = ".tessimo-";
 constexpr std::string_view kTemporaryEnd = ".tmp";
 
@@ -337,6 +339,23 @@ StagedFile::StagedFile(FilePlace target, std::string_view content) : target_(std
 
 StagedFile::~StagedFile() {
   if (!temporary_.empty()) ::unlinkat(target_.folder_->number(), temporary_.c_str(), 0);
+}
+
+bool StagedFile::reads(std::string_view content) const {
+  const Descriptor file(::openat(target_.folder_->number(), temporary_.c_str(),
+                                 O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+  if (!file.isOpen()) raiseFileFailure(errno, target_.path());
+  ::posix_fadvise(file.number(), 0, 0, POSIX_FADV_DONTNEED);
+  std::array<char, kReadBlock> block;
+  for (;;) {
+    const ssize_t got = ::read(file.number(), block.data(), block.size());
+    if (got < 0 && errno == EINTR) continue;
+    if (got < 0) raiseFileFailure(errno, target_.path());
+    if (got == 0) return content.empty();
+    const std::string_view bytes(block.data(), static_cast<std::size_t>(got));
+    if (!content.starts_with(bytes)) return false;
+    content.remove_prefix(bytes.size());
+  }
 }
 
 void StagedFile::moveIntoPlace() {

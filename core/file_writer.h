@@ -93,6 +93,9 @@ class StagedFile {
   StagedFile(const StagedFile&) = delete;
   StagedFile& operator=(const StagedFile&) = delete;
 
+  // Whether the file has this content when it is read again, from the disk where the system lets
+  // go of what it holds in memory.
+  bool reads(std::string_view content) const;
   // In one step the target has the new content. The folder is not flushed yet.
   void moveIntoPlace();
   // The file in its place, to be appended to. It stays locked for as long as it is open.

@@ -253,6 +253,21 @@ bool Form::onlyTells() const {
          });
 }
 
+// The button itself takes no focus, so that the same field can be filled row after row.
+bool Form::pressPage(bool down) {
+  Button* const button = down ? pageDownButton_ : pageUpButton_;
+  if (button == nullptr) return false;
+  Control* const field = focused_;
+  const Life alive = life_;
+  if (!moveFocus(nullptr) || alive.expired() || !button->acceptsInput()) {
+    if (!alive.expired() && shown_) moveFocus(field);
+    return false;
+  }
+  button->click();
+  if (!alive.expired() && shown_) moveFocus(field);
+  return true;
+}
+
 void Form::pressCancel() {
   if (cancelButton_ == nullptr) {
     close(CloseReason::Operator);

@@ -109,9 +109,21 @@ class Form {
   // being edited is validated and left; closes a modal form without buttons, which has been read.
   // False when nothing happened, as in a text of several lines that is being written.
   bool pressDefault();
+  // The keys PgUp and PgDn click these.
+  void setPageButtons(Button& up, Button& down) {
+    pageUpButton_ = &up;
+    pageDownButton_ = &down;
+  }
+  // What they do: the field with the focus is validated and left, the button clicked, and the field
+  // has the focus again. False when nothing happened.
+  bool pressPage(bool down);
   // The Esc key: clicks the cancel button where it stands, so that no field can hold the operator
   // back, or closes a form that has none. The window's closing button calls close instead.
   void pressCancel();
+
+  // While this form waits modally, the drawing alone stays in the operator's reach: the program
+  // decides what a click in it means. Fixed when the form is built.
+  bool leavesDrawingInReach = false;
 
   int width() const { return width_; }
   int height() const { return height_; }
@@ -149,6 +161,8 @@ class Form {
   Control* focused_ = nullptr;
   Button* defaultButton_ = nullptr;
   Button* cancelButton_ = nullptr;
+  Button* pageUpButton_ = nullptr;
+  Button* pageDownButton_ = nullptr;
   Modality modality_ = Modality::Modal;
   int width_ = 0;
   int height_ = 0;

@@ -52,8 +52,9 @@ struct DateTime {
 class Clock {
  public:
   virtual ~Clock() = default;
-  virtual DateTime now() = 0;                // local time
-  virtual double elapsedMilliseconds() = 0;  // since some fixed moment, never going back
+  virtual DateTime now() = 0;                   // local time
+  virtual double elapsedMilliseconds() = 0;     // since some fixed moment, never going back
+  virtual void sleep(double milliseconds) = 0;  // no event is served meanwhile
 };
 
 // The rest of the surroundings that long jobs and the program's end touch.
@@ -62,6 +63,8 @@ class Surroundings {
   virtual ~Surroundings() = default;
   virtual void serveEvents() = 0;  // lets repaints happen
   virtual void beep() = 0;
+  // Serves events until the operator presses a key; at once where there is no operator.
+  virtual void waitForKey() {}
   virtual void printOnMainWindow(const std::string& text) = 0;  // before dialogs are at hand
 };
 

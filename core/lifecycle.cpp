@@ -211,6 +211,7 @@ void new_drawing(Session& session) {
   putMarkerAtOrigin(store);
   store.NumPathSegments = 0;
   store.pathgroupname.fill({});
+  session.pathJobs.clear();
   listener.resetUndoState();
   listener.SetUpdatePropertyFlag(true);
   listener.UpdatePropertyWindow();

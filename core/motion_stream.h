@@ -6,7 +6,8 @@
 // lathe's motions says nothing. A motion starts where the one before it ended. Only the motion of a
 // row has a start of its own, which lies within the tolerance of that place.
 // Owns: ToolPlace, MoveReason, MovedAxes, ToolOccasion, ProgramStart, RowStart, ToolChange,
-//       RapidMove, PlungeMove, FeedMove, ArcMove, CycleRun, ProgramEnd, MotionEvent, MotionReader.
+//       RapidMove, PlungeMove, FeedMove, ArcMove, CycleRun, Dwell, SpindleStop, SpindleStart,
+//       ProgramEnd, MotionEvent, MotionReader.
 #pragma once
 
 #include <variant>
@@ -100,12 +101,29 @@ struct CycleRun {
   friend bool operator==(const CycleRun&, const CycleRun&) = default;
 };
 
+// The machine waits where it stands.
+struct Dwell {
+  float time = 0;  // in the unit of the cycles' dwells
+  friend bool operator==(const Dwell&, const Dwell&) = default;
+};
+
+struct SpindleStop {
+  friend bool operator==(const SpindleStop&, const SpindleStop&) = default;
+};
+
+// As behind a change to the tool.
+struct SpindleStart {
+  int tool = 0;  // from 1
+  friend bool operator==(const SpindleStart&, const SpindleStart&) = default;
+};
+
 struct ProgramEnd {
   friend bool operator==(const ProgramEnd&, const ProgramEnd&) = default;
 };
 
-using MotionEvent = std::variant<ProgramStart, RowStart, ToolChange, RapidMove, PlungeMove,
-                                 FeedMove, ArcMove, CycleRun, ProgramEnd>;
+using MotionEvent =
+    std::variant<ProgramStart, RowStart, ToolChange, RapidMove, PlungeMove, FeedMove, ArcMove,
+                 CycleRun, Dwell, SpindleStop, SpindleStart, ProgramEnd>;
 
 // Is told the events of one program in their order.
 class MotionReader {

@@ -18,7 +18,8 @@ namespace {
 // The longest plain decimal of a 32-bit float, the smallest denormal, has 48 characters.
 using Digits = std::array<char, 64>;
 
-void refuseUnwritable(float value) {
+template <typename Float>
+void refuseUnwritable(Float value) {
   if (!std::isfinite(value)) {
     throw RuntimeFailure(FailureNumber::InvalidProcedureCall, "a value that is not a number");
   }
@@ -66,31 +67,33 @@ Decimal shortestDecimal(float value, Digits& digits) {
 // most.
 constexpr double kLargestUnits = 1 << 23;
 constexpr std::size_t kMaxQuickDecimals = 8;
+constexpr std::size_t kMaxQuickLeading = 16;  // which leave room in Digits
 
 // The number of units of 1 / scale that `value` reads back from; -1 when it has to be searched for.
 int wholeUnits(float value, double scale) {
   const double magnitude = std::abs(static_cast<double>(value));
   const double units = magnitude * scale;
   if (!(units < kLargestUnits)) return -1;
-  const int n = static_cast<int>(std::lround(units));
+  const int n = static_cast<int>(units + 0.5);
   return static_cast<float>(n / scale) == std::abs(value) ? n : -1;
 }
 
-Decimal unitsDecimal(int units, std::size_t decimals, bool negative, Digits& digits) {
-  char* const end = digits.data() + digits.size();
-  char* const point = decimals == 0 ? end : end - decimals - 1;
-  char* first = end;
-  const auto put = [&first, &units] {
-    *--first = static_cast<char>('0' + units % 10);
+// Digits of a number put down from the last to the first.
+class DigitsBackwards {
+ public:
+  explicit DigitsBackwards(Digits& digits) : end_(digits.data() + digits.size()), first_(end_) {}
+  void put(char letter) { *--first_ = letter; }
+  void takeDigit(unsigned& units) {
+    put(static_cast<char>('0' + units % 10));
     units /= 10;
-  };
-  for (std::size_t place = 0; place < decimals; ++place) put();
-  if (point != end) *--first = '.';
-  do {
-    put();
-  } while (units != 0);
-  return {first, point, end, negative};
-}
+  }
+  std::size_t size() const { return static_cast<std::size_t>(end_ - first_); }
+  const char* first() const { return first_; }
+
+ private:
+  char* end_;
+  char* first_;
+};
 
 // Adds one to the last digit, carrying leftwards over the point and, at worst, into the free place.
 void increment(Decimal& number) {
@@ -180,6 +183,16 @@ std::string plainText(float value) {
   return std::string(shortest(value, digits));
 }
 
+std::string exactText(double value) {
+  constexpr std::size_t kLongest = 352;  // the smallest denormal has 326 characters
+  refuseUnwritable(value);
+  if (value == 0) value = 0;  // a negative zero has no sign here
+  std::array<char, kLongest> digits;
+  char* const begin = digits.data();
+  const auto result = std::to_chars(begin, begin + kLongest, value, std::chars_format::fixed);
+  return {begin, result.ptr};
+}
+
 char* writeFileText(char* out, float value) {
   refuseUnwritable(value);
   if (value == 0) value = 0;  // a negative zero has no sign here
@@ -243,9 +256,10 @@ void NumberPattern::Section::append(std::string& out, float value) const {
     out.append(shortest(value, digits));
     return;
   }
-  const int units = decimals <= kMaxQuickDecimals ? wholeUnits(value, scale) : -1;
-  Decimal number = units >= 0 ? unitsDecimal(units, decimals, value < 0, digits)
-                              : shortestDecimal(value, digits);
+  const bool quick = decimals <= kMaxQuickDecimals && leadingDigits <= kMaxQuickLeading;
+  const int units = quick ? wholeUnits(value, scale) : -1;
+  if (units >= 0) return appendUnits(out, static_cast<unsigned>(units), value < 0);
+  Decimal number = shortestDecimal(value, digits);
   roundDecimals(number, decimals);
   const std::string_view whole = withoutLeadingZeros(number.whole());
   const std::string_view fraction = withoutTrailingZeros(number.fraction(), minimumDecimals);
@@ -260,6 +274,24 @@ void NumberPattern::Section::append(std::string& out, float value) const {
   out.push_back('.');
   out.append(fraction);
   appendZeros(out, minimumDecimals, fraction.size());
+}
+
+// The digits of so many units of the last decimal, which is as many as the pattern has.
+void NumberPattern::Section::appendUnits(std::string& out, unsigned units, bool negative) const {
+  Digits digits;
+  DigitsBackwards text(digits);
+  const bool nothing = units == 0;
+  std::size_t places = decimals;
+  for (; places > minimumDecimals && units % 10 == 0; --places) units /= 10;
+  const bool noDigits = units == 0 && leadingDigits == 0 && minimumDecimals == 0;
+  for (std::size_t place = 0; place < places; ++place) text.takeDigit(units);
+  if (hasPoint) text.put('.');
+  const std::size_t behind = text.size();
+  while (units != 0) text.takeDigit(units);
+  while (text.size() < behind + leadingDigits) text.put('0');
+  if (hasPoint && noDigits) text.put('0');  // a point with no digit would be no number at all
+  if (negative && !nothing) text.put('-');
+  out.append(text.first(), text.size());
 }
 
 bool NumberPattern::Section::roundsToNothing(float value) const {

@@ -1,7 +1,7 @@
 // The one home of numbers as text, for files, programs and the screen. No locale plays a part, and
 // no text written here is anything but a plain decimal: no exponent, no "-0", no NaN or infinity.
-// Owns: plainText, kLongestNumber, fileText, writeFileText, appendFileText, signBlankText,
-//       NumberPattern, formatNumber, Val, parseFloat, parseInteger, numericValue.
+// Owns: plainText, exactText, kLongestNumber, fileText, writeFileText, appendFileText,
+//       signBlankText, NumberPattern, formatNumber, Val, parseFloat, parseInteger, numericValue.
 #pragma once
 
 #include <cstddef>
@@ -15,7 +15,10 @@ namespace tess {
 // Raises Invalid procedure call for a value that is no number or infinite; so do all writers here.
 std::string plainText(float value);
 
-// Room enough for the text of any number.
+// The same for a 64-bit value.
+std::string exactText(double value);
+
+// Room enough for the text of any 32-bit number.
 inline constexpr std::size_t kLongestNumber = 64;
 
 // The same without the zero before the point, as the drawing files have it: ".25", "-.5".
@@ -46,6 +49,7 @@ class NumberPattern {
   struct Section {
     explicit Section(std::string_view text = {});
     void append(std::string& out, float value) const;
+    void appendUnits(std::string& out, unsigned units, bool negative) const;
     bool roundsToNothing(float value) const;
 
     std::size_t leadingDigits = 0;    // before the point, always written

@@ -9,6 +9,7 @@
 #include "core/drawing_pair.h"
 #include "core/drawing_store.h"
 #include "core/file_system.h"
+#include "core/path_job_file.h"
 #include "core/replace_files.h"
 #include "core/save_record.h"
 
@@ -24,8 +25,8 @@ FileReplacement replacement(const std::string& path, std::optional<std::string> 
   return file;
 }
 
-// Both files as they shall be.
-Files filesToWrite(DrawingStore& store, const Paths& paths) {
+// The drawing and its path file as they shall be.
+Files pairToWrite(DrawingStore& store, const Paths& paths) {
   std::string drawing;
   writefileheader(store, drawing);
   appendSegments(drawing, store);
@@ -36,6 +37,21 @@ Files filesToWrite(DrawingStore& store, const Paths& paths) {
   if (store.NumPathSegments > 0) appendPaths(rows.emplace(), store);
   files.push_back(replacement(paths[1], std::move(rows)));
   return files;
+}
+
+// What the paths are for is kept beside them where the setup asks for true paths. Without jobs
+// there shall be no file of them: a stale one would be of no use.
+void addJobs(const Session& session, Files& files) {
+  const DrawingStore& store = session.store;
+  if (!store.cfg_true_paths || files.size() < 2) return;
+  const std::string path = jobPath(store.drawingpath, store.drawingname);
+  const std::vector<const PathJob*> jobs = session.pathJobs.inForce(store);
+  if (jobs.empty() && !fileExists(path)) return;
+  std::optional<std::string> text;
+  if (!jobs.empty()) {
+    text = jobFileText(jobs, {.drawing = files[0].checksum, .paths = files[1].checksum});
+  }
+  files.push_back(replacement(path, std::move(text)));
 }
 
 std::optional<std::string> contentOf(const std::string& path) {
@@ -51,7 +67,7 @@ bool areOnDisk(const Files& files) {
 
 // Byte for byte: the same checksums alone are no proof.
 bool areWritten(const Files& files, const PairState& present) {
-  for (std::size_t at = 0; at < files.size(); ++at) {
+  for (std::size_t at = 0; at < std::min(files.size(), present.size()); ++at) {
     if (files[at].checksum != present[at].checksum) return false;
   }
   return areOnDisk(files);
@@ -102,7 +118,7 @@ void noteSaved(Session& session, const Files& files, const Paths& paths) {
   OpenDrawing& opened = session.opened;
   opened.path = paths[0];
   opened.state = {};
-  for (std::size_t at = 0; at < files.size(); ++at) opened.state[at].checksum = files[at].checksum;
+  for (std::size_t at = 0; at < paths.size(); ++at) opened.state[at].checksum = files[at].checksum;
   opened.state = restamped(opened.state, paths);
   opened.hasRows = session.store.NumSegments > 0 || session.store.NumPathSegments > 0;
   noteSave(session, opened.path, opened.state);
@@ -128,7 +144,8 @@ class PresenceKept {
 PairSave savePair(Session& session, bool agreed) {
   const DrawingStore& store = session.store;
   const Paths paths = pairPaths(store.drawingpath, store.drawingname);
-  Files files = filesToWrite(session.store, paths);
+  Files files = pairToWrite(session.store, paths);
+  addJobs(session, files);
   const PresenceKept kept(session);
   const FolderLock lock = lockDrawing(paths[0]);
   const bool known = session.opened.path == paths[0];
@@ -137,7 +154,7 @@ PairSave savePair(Session& session, bool agreed) {
   save.state = pairState(paths, known ? session.opened.state : PairState());
   if (!areWritten(files, save.state)) {
     if (known && !agreed && holdsUnseen(save.state, session.opened.state)) return save;
-    for (std::size_t at = 0; at < files.size(); ++at) files[at].present = save.state[at].checksum;
+    for (std::size_t at = 0; at < paths.size(); ++at) files[at].present = save.state[at].checksum;
     save.trouble =
         replaceWithBackup(session.host.guard, files, backupFor(session.opened, files, save.state));
   }
@@ -148,7 +165,7 @@ PairSave savePair(Session& session, bool agreed) {
 
 bool isWritten(DrawingStore& store) {
   if (store.NumSegments > 0) roundall(store);
-  return areOnDisk(filesToWrite(store, pairPaths(store.drawingpath, store.drawingname)));
+  return areOnDisk(pairToWrite(store, pairPaths(store.drawingpath, store.drawingname)));
 }
 
 }  // namespace tess

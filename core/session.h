@@ -9,6 +9,7 @@
 
 #include "core/host.h"
 #include "core/open_drawing.h"
+#include "core/path_jobs.h"
 
 namespace tess {
 
@@ -80,6 +81,7 @@ struct Session {
   std::string selectedfolder, selectedname;  // what the next load will use
   std::string lastfilename;                  // full path of the drawing chosen last, for a revert
   OpenDrawing opened;                        // what the drawing was on the disk
+  PathJobs pathJobs;                         // of the drawing's path rows, until there is another
   bool opensToRead = false;                  // for a job that leaves drawings as they are
   std::string setuppath, setupname;          // the setup in force: as named, and its file name
   std::string setupplace;                    // file and line that name it; empty: chosen by hand

@@ -52,6 +52,9 @@
   SETTING(cfg_finish_feedrate, float, S, "finishing feedrate", Live, Plain)                  \
   SETTING(cfg_z_plunge_rate, float, S, "z plunge rate", Live, Plain)                         \
   SETTING(highestspindle, float, S, "highest spindle speed", Live, WhenSet)                  \
+  SETTING(cfg_rapid_rate, float, S, "rapid rate", Live, WhenSet)                             \
+  SETTING(cfg_acceleration, float, S, "acceleration", Live, WhenSet)                         \
+  SETTING(cfg_junction_deviation, float, S, "junction deviation", Live, WhenSet)             \
   SETTING(cfg_cutting_mode, Int16, S, "cutting mode", Live, Plain)                           \
   SETTING(cfg_pocketing_style, Int16, S, "pocketing style", Live, Plain)                     \
   SETTING(cfg_lathe_style_pocketing, Flag, S, "lathe style pocketing", Live, Plain)          \
@@ -60,6 +63,7 @@
   SETTING(cfg_connect_pocketing_paths, Flag, S, "connect pocketing paths", Live, Plain)      \
   SETTING(cfg_pocket_dist_from_center, float, S, "pocket distance from center", Live, Plain) \
   SETTING(cfg_auto_place_finish_path, Flag, S, "auto place finish path", Live, Plain)        \
+  SETTING(cfg_true_paths, Flag, S, "true paths", Live, WhenSet)                              \
   SETTING(cfg_tolerance, float, F, "tolerence", Live, Plain)                                 \
   SETTING(userparamforarcs, Flag, B, "use r-param for arcs", Live, Plain)                    \
   SETTING(cfg_lead_in_path, Flag, B, "lead in path", Live, Plain)                            \

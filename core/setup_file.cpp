@@ -176,15 +176,6 @@ void saveSetupFile(Session& session) {
   session.store.setupchanged = false;
 }
 
-// Asks about unsaved work; true when the drawing counts as saved then.
-bool saveBeforeSetup(Session& session) {
-  if (!isUnsaved(session)) return true;
-  int answer = 0;
-  askUser(session, "Drawing not saved! Save now?", kAskYesNoCancel, answer);
-  if (answer == kAnswerYes) smart_save(session);
-  return !isUnsaved(session);
-}
-
 }  // namespace
 
 void SetupTESS(Session& session, std::string_view saveOrLoad) {
@@ -240,6 +231,21 @@ void load_setup(Session& session) {
     throw EndProgram(text);
   }
   SetupTESS(session, "L");
+}
+
+void changeSetup(Session& session, const std::string& path) {
+  session.setuppath = path;
+  session.setupplace.clear();
+  load_setup(session);
+  applydefaults(session);
+}
+
+bool saveBeforeSetup(Session& session) {
+  if (!isUnsaved(session)) return true;
+  int answer = 0;
+  askUser(session, "Drawing not saved! Save now?", kAskYesNoCancel, answer);
+  if (answer == kAnswerYes) smart_save(session);
+  return !isUnsaved(session);
 }
 
 void save_defaults(Session& session) {
@@ -305,10 +311,7 @@ void mnuOptionLoadSetup_Click(Session& session) {
                                                      .folder = session.appfolder,
                                                      .name = {}});
   if (!path || path->empty()) return;
-  session.setuppath = *path;
-  session.setupplace.clear();
-  load_setup(session);
-  applydefaults(session);
+  changeSetup(session, *path);
   updateStatusDisplay(session);
 }
 

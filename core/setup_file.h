@@ -1,8 +1,9 @@
 // Setup files (settings, machine cycles, tool chest), the file that names the one in force, and the
 // branding file, with the option menu's commands around them.
-// Owns: SetupTESS, readSetup, setupText, load_defaults, load_setup, save_defaults, save_setup_As,
-//       readcfg, readBranding, mnuOptionLoadSetup_Click, mnuOptionsSaveSetup_Click,
-//       mnuOptionsSaveSetupAs_Click, mnuOptionsSaveAsDefault_Click, mnuOptionsRevertSaved_Click.
+// Owns: SetupTESS, readSetup, setupText, load_defaults, load_setup, changeSetup, saveBeforeSetup,
+//       save_defaults, save_setup_As, readcfg, readBranding, mnuOptionLoadSetup_Click,
+//       mnuOptionsSaveSetup_Click, mnuOptionsSaveSetupAs_Click, mnuOptionsSaveAsDefault_Click,
+//       mnuOptionsRevertSaved_Click.
 #pragma once
 
 #include <string>
@@ -27,6 +28,14 @@ void load_defaults(Session& session);
 
 // Reads the setup that `setuppath` names. Throws EndProgram when it is nowhere to be found.
 void load_setup(Session& session);
+
+// Puts another setup in force, for new drawings and for the one that is open. Throws EndProgram as
+// load_setup does.
+void changeSetup(Session& session, const std::string& path);
+
+// Before another setup is loaded: asks about unsaved work; true when the drawing counts as saved
+// then.
+bool saveBeforeSetup(Session& session);
 
 // Makes the setup in force the one of the next start, and saves it.
 void save_defaults(Session& session);

@@ -8,9 +8,18 @@
 
 namespace tess {
 
-// The panels from the left; their numbers are those that scripts use. The cutter in use is the
-// window's own: scripts have the tool table.
-enum class StatusPanel : int { FileName = 1, Prompt = 2, X = 3, Y = 4, Z = 5, Zoom = 6, Tool = 7 };
+// The panels from the left; their numbers are those that scripts use. The cutter in use and what
+// the path amounts to are the window's own: scripts have the tool table and report().
+enum class StatusPanel : int {
+  FileName = 1,
+  Prompt = 2,
+  X = 3,
+  Y = 4,
+  Z = 5,
+  Zoom = 6,
+  Tool = 7,
+  Path = 8
+};
 
 class StatusBar {
  public:

@@ -16,6 +16,8 @@ enum class FileKind {
   Setup,   // a setup, or the file that names the one in force
   Layout,  // of the tool bars, where an operator has named the file
   ToolLibrary,
+  ControlLocation,  // the record of where the machine-control program lies
+  SendProgram,      // the record of the program that the operator has files sent to
   Record,  // what the program keeps for itself under names of its own: recent files, options, log
 };
 

@@ -31,51 +31,54 @@ Point DrawingSurface::toWorld(double pixelX, double pixelY) const {
           narrow(state_.scaleTop + pixelY / pixels.height * state_.scaleHeight)};
 }
 
-namespace {
-
-// A length along an axis on which `pixels` and `scale` are the same extent.
-float converted(float length, ScaleUnit from, ScaleUnit to, float pixels, float scale) {
+float convertedLength(float length, ScaleUnit from, ScaleUnit to, const ScaledExtent& extent) {
   if (from == to) return length;
-  const double factor = from == ScaleUnit::Pixels ? static_cast<double>(scale) / pixels
-                                                  : static_cast<double>(pixels) / scale;
+  const double factor = from == ScaleUnit::Pixels
+                            ? static_cast<double>(extent.scale) / extent.pixels
+                            : static_cast<double>(extent.pixels) / extent.scale;
   return narrow(length * factor);
 }
 
-}  // namespace
+void requireBoxFlag(std::optional<int> Box, const char* proxy) {
+  if (!Box || *Box == kOutlineBox || *Box == kFilledBox) return;
+  throw RuntimeFailure(FailureNumber::InvalidProcedureCall, proxy);
+}
+
+WorldArc tracedArc(Point center, float radius, bool hasColor, const SweepArguments& sweep) {
+  WorldArc arc{.x = center.x, .y = center.y, .radius = radius};
+  if (!hasColor || !sweep.start) return arc;
+  arc.whole = false;
+  arc.start = *sweep.start;
+  arc.end = sweep.end.value_or(static_cast<float>(kTwoPi));
+  arc.aspect = sweep.end ? sweep.aspect.value_or(1.0F) : 1.0F;
+  return arc;
+}
 
 float PictureBoxProxy::ScaleX(float width, ScaleUnit from, ScaleUnit to) const {
-  return converted(width, from, to, Width(), ScaleWidth());
+  return convertedLength(width, from, to, {Width(), ScaleWidth()});
 }
 
 float PictureBoxProxy::ScaleY(float height, ScaleUnit from, ScaleUnit to) const {
-  return converted(height, from, to, Height(), ScaleHeight());
+  return convertedLength(height, from, to, {Height(), ScaleHeight()});
 }
 
 void PictureBoxProxy::TraceLine(const WorldBox& ends, std::optional<Rgb> color,
                                 std::optional<int> Box) {
   const Rgb ink = color.value_or(surface_.state().foreColor);
-  if (!Box) {
+  requireBoxFlag(Box, "PictureBoxProxy");
+  if (Box) {
+    surface_.box(ends, ink, /*filled=*/*Box == kFilledBox);
+  } else {
     surface_.line(ends, ink);
-    return;
   }
-  if (*Box != kOutlineBox && *Box != kFilledBox) {
-    throw RuntimeFailure(FailureNumber::InvalidProcedureCall, "PictureBoxProxy");
-  }
-  surface_.box(ends, ink, /*filled=*/*Box == kFilledBox);
 }
 
 void PictureBoxProxy::TraceCircle(float x, float y, float radius, std::optional<Rgb> color,
                                   std::optional<float> Start, std::optional<float> End,
                                   std::optional<float> Aspect) {
   if (radius == 0) return;
-  WorldArc arc{.x = x, .y = y, .radius = radius};
-  if (color && Start) {
-    arc.whole = false;
-    arc.start = *Start;
-    arc.end = End.value_or(static_cast<float>(kTwoPi));
-    arc.aspect = End ? Aspect.value_or(1.0F) : 1.0F;
-  }
-  surface_.arc(arc, color.value_or(surface_.state().foreColor));
+  surface_.arc(tracedArc({x, y}, radius, color.has_value(), {Start, End, Aspect}),
+               color.value_or(surface_.state().foreColor));
 }
 
 void PictureBoxProxy::GrayX(float x, float y, float size, std::optional<Rgb> color) {

@@ -1,8 +1,8 @@
 // What drawings are painted on: the port to the platform's drawing surface, and the target that the
 // routines painting single entities see, be it the surface or paper.
 // Owns: ScaleUnit, PenMode, PenStyle, FillMode, kOutlineBox, kFilledBox, SurfaceArea, WorldBox,
-//       WorldArc, PixelPoint, SurfaceState, DrawingSurface, DrawingTarget, PictureBoxProxy,
-//       SetScale.
+//       WorldArc, PixelPoint, SurfaceState, DrawingSurface, ScaledExtent, convertedLength,
+//       SweepArguments, tracedArc, requireBoxFlag, DrawingTarget, PictureBoxProxy, SetScale.
 #pragma once
 
 #include <optional>
@@ -32,6 +32,7 @@ struct SurfaceArea {
 // Two points in user scale: the ends of a line, or opposite corners of a box.
 struct WorldBox {
   float x0 = 0, y0 = 0, x1 = 0, y1 = 0;
+  friend bool operator==(const WorldBox&, const WorldBox&) = default;
 };
 
 // A circle, or the part of it from `start` counter-clockwise to `end` (radians, the x axis is 0).
@@ -120,6 +121,25 @@ class DrawingSurface {
 
   SurfaceState state_;
 };
+
+// An axis of a target: the same extent in pixels and in user scale.
+struct ScaledExtent {
+  float pixels = 1, scale = 1;
+};
+
+// A length along such an axis in another scale.
+float convertedLength(float length, ScaleUnit from, ScaleUnit to, const ScaledExtent& extent);
+
+// The optional end of the arguments of TraceCircle.
+struct SweepArguments {
+  std::optional<float> start, end, aspect;
+};
+
+// The arc that such arguments mean: a whole circle without a colour or a start.
+WorldArc tracedArc(Point center, float radius, bool hasColor, const SweepArguments& sweep);
+
+// Raises Invalid procedure call for a Box argument of TraceLine that means nothing.
+void requireBoxFlag(std::optional<int> Box, const char* proxy);
 
 class PictureBoxProxy;
 

@@ -126,6 +126,7 @@ bool RedrawSequence::paintPaths(DrawingTarget& target) {
 // in the picture by then, and drawn again it would be gone.
 void RedrawSequence::closePicture() {
   PictureBoxProxy& screen = parts_.ScreenProxy;
+  if (paintOver && !markerShown_) paintOver(screen);
   if (!markerShown_) DrawMarkerCross({parts_.store.markerx, parts_.store.markery}, screen);
   markerShown_ = true;
   DrawOriginArrows(paletteColor(parts_.store.colortable[static_cast<int>(ColorSlot::Draw)]),

@@ -61,6 +61,9 @@ class RedrawSequence {
   // Set once the operator has agreed to close the window: every paint loop leaves at its next row.
   bool redrawabort = false;
 
+  // What lies over the drawing, and under the marker and the axes.
+  std::function<void(PictureBoxProxy& target)> paintOver;
+
   // Whoever draws into the screen's picture in the inverting pen hears that it was wiped, and what
   // stood in it with it, and that the next one stands complete.
   std::function<void()> onCleared;

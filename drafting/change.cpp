@@ -8,6 +8,7 @@
 
 #include "core/drawing_store.h"
 #include "core/rounding.h"
+#include "core/row_columns.h"
 #include "drafting/path_difference.h"
 
 namespace tess {
@@ -37,11 +38,11 @@ int countOf(const DrawingStore& store, const PathRow* /*table*/) {
   return store.NumPathSegments;
 }
 
-SegmentRow rowOf(const DrawingStore& store, int sg, const SegmentRow* /*table*/) {
-  return segmentRow(store, sg);
+auto columnsOf(const DrawingStore& store, const SegmentRow* /*table*/) {
+  return SegmentColumns(store);
 }
-PathRow rowOf(const DrawingStore& store, int ps, const PathRow* /*table*/) {
-  return pathRow(store, ps);
+auto columnsOf(const DrawingStore& store, const PathRow* /*table*/) {
+  return PathColumns(store);
 }
 
 void reach(DrawingStore& store, int n, const SegmentRow* /*table*/) {
@@ -86,6 +87,12 @@ std::vector<std::int16_t> numbersFrom(int first, int last) {
   return numbers;
 }
 
+// The row that a pair of records tells of, and the places of both.
+struct RecordPlaces {
+  std::size_t row;
+  int before, now;
+};
+
 }  // namespace
 
 // ---- Rows
@@ -121,14 +128,18 @@ int RowChanges<Row>::count() const {
 template <class Row>
 Row RowChanges<Row>::row(int number) const {
   if (number < 1 || number > count()) throw subscriptOutOfRange();
-  return rowOf(store(), number, static_cast<const Row*>(nullptr));
+  return columnsOf(store(), static_cast<const Row*>(nullptr)).row(number);
 }
 
 template <class Row>
 std::vector<Row> RowChanges<Row>::rowsOf(RowNumbers numbers) const {
   std::vector<Row> rows;
   rows.reserve(numbers.size());
-  for (const int number : numbers) rows.push_back(row(number));
+  const auto columns = columnsOf(store(), static_cast<const Row*>(nullptr));
+  for (const int number : numbers) {
+    if (number < 1 || number > count()) throw subscriptOutOfRange();
+    rows.push_back(columns.row(number));
+  }
   return rows;
 }
 
@@ -154,25 +165,35 @@ void RowChanges<Row>::perform(const RowEdit<Row>& edit, std::span<const Row> bef
   if (entry != Entry::Unmarked) changes.markUnsaved();
 }
 
+// Of each row how it was and how it is, as far as there are such: `placesOf` tells which row comes
+// n-th, and where it stood and stands.
 template <class Row>
-void RowChanges<Row>::log(const Row& row, RecordKind kind, int place) {
-  clsSegment* const record = change_.changes_.newRecord();
-  if (record == nullptr) return;
-  setRecord(*record, row, kind, record->StartOfSegment);
-  record->row = place;
+template <class PlacesOf>
+void RowChanges<Row>::logRows(std::span<const Row> before, std::span<const Row> now,
+                              const PlacesOf& placesOf) {
+  const auto records = change_.changes_.newRecords(before.size() + now.size());
+  auto next = records.begin();
+  const auto enter = [&next](const Row& row, RecordKind kind, int place) {
+    setRecord(*next, row, kind, next->StartOfSegment);
+    next->row = place;
+    ++next;
+  };
+  for (std::size_t n = 0; next != records.end(); ++n) {
+    const RecordPlaces at = placesOf(n);
+    if (!before.empty()) enter(before[at.row], kDeleted, at.before);
+    if (!now.empty()) enter(now[at.row], kAdded, at.now);
+  }
 }
 
 template <class Row>
 void RowChanges<Row>::log(const RowEdit<Row>& edit, std::span<const Row> before) {
-  const std::size_t rows = edit.numbers.size();
-  change_.changes_.makeRoomFor(before.size() + edit.rows.size());
-  for (std::size_t k = 0; k < rows; ++k) {
-    // Path rows are logged from the end, so that each goes from the place that it has.
-    const bool fromTheEnd = edit.kind == EditKind::Erase && kIsPath<Row>;
-    const std::size_t at = fromTheEnd ? rows - 1 - k : k;
-    if (!before.empty()) log(before[at], kDeleted, edit.numbers[at]);
-    if (!edit.rows.empty()) log(edit.rows[at], kAdded, edit.numbers[at]);
-  }
+  // Path rows are logged from the end, so that each goes from the place that it has.
+  const bool fromTheEnd = edit.kind == EditKind::Erase && kIsPath<Row>;
+  const std::size_t last = edit.numbers.size() - 1;
+  logRows(before, edit.rows, [&](std::size_t n) {
+    const std::size_t row = fromTheEnd ? last - n : n;
+    return RecordPlaces{row, edit.numbers[row], edit.numbers[row]};
+  });
 }
 
 template <class Row>
@@ -226,14 +247,17 @@ template <class Row>
 typename RowChanges<Row>::Replaced RowChanges<Row>::replacedBy(const EditRow& edit) const {
   Replaced replaced;
   const int rows = count();
+  const auto columns = columnsOf(store(), static_cast<const Row*>(nullptr));
   for (int number = 1; number <= rows; ++number) {
-    const Row before = rowOf(store(), number, static_cast<const Row*>(nullptr));
-    Row now = before;
-    if (!edit(number, now)) continue;
+    // In its last place at once: to copy a row right after it was changed takes longer than both.
+    const bool changed = edit(number, replaced.now.emplace_back(columns.row(number)));
+    if (!changed) {
+      replaced.now.pop_back();
+      continue;
+    }
     if (replaced.numbers.empty()) replaced.makeRoomFor(rows - number + 1);
     replaced.numbers.push_back(Int16(number));
-    replaced.before.push_back(before);
-    replaced.now.push_back(now);
+    replaced.before.push_back(columns.row(number));
   }
   return replaced;
 }
@@ -252,10 +276,9 @@ int RowChanges<Row>::replaceAtEnd(const EditRow& edit) {
   const Replaced replaced = replacedBy(edit);
   const int end = count();
   const auto logPairs = [&] {
-    for (std::size_t k = 0; k < replaced.now.size(); ++k) {
-      log(replaced.before[k], kDeleted, replaced.numbers[k] - static_cast<int>(k));
-      log(replaced.now[k], kAdded, end);
-    }
+    logRows(replaced.before, replaced.now, [&](std::size_t n) {
+      return RecordPlaces{n, replaced.numbers[n] - static_cast<int>(n), end};
+    });
   };
   const RowEdit<Row> erasing{EditKind::Erase, replaced.numbers, {}};
   perform(erasing, replaced.before, Entry::Logged, logPairs,
@@ -297,9 +320,9 @@ template <class Row>
 void RowChanges<Row>::logAdded(int first, int last) {
   change_.requireOpen();
   if (last < first) return;
-  change_.changes_.enterAllOrNone([&] {
-    for (int number = first; number <= last; ++number) log(row(number), "A", number);
-  });
+  const std::vector<std::int16_t> numbers = numbersFrom(first, last);
+  const std::vector<Row> rows = rowsOf(numbers);
+  change_.changes_.enterAllOrNone([&] { log({EditKind::Insert, numbers, rows}, {}); });
   change_.changes_.markUnsaved();
 }
 
@@ -313,7 +336,8 @@ void RowChanges<Row>::resize(int wanted) {
   reach(store(), count, table);
   const std::vector<std::int16_t> numbers = numbersFrom(before + 1, count);
   std::vector<Row> rows;
-  for (const int number : numbers) rows.push_back(rowOf(store(), number, table));
+  const auto columns = columnsOf(store(), table);
+  for (const int number : numbers) rows.push_back(columns.row(number));
   perform({EditKind::Insert, numbers, rows}, {}, Entry::Unmarked);
 }
 
@@ -475,23 +499,19 @@ void Changes::begin() {
 }
 
 void Changes::enter(const clsSegment& record) {
-  clsSegment* const entered = newRecord();
-  if (entered == nullptr) return;
-  const bool startsStep = entered->StartOfSegment;
-  *entered = record;
-  entered->StartOfSegment = startsStep;
+  for (clsSegment& entered : newRecords(1)) {
+    const bool startsStep = entered.StartOfSegment;
+    entered = record;
+    entered.StartOfSegment = startsStep;
+  }
 }
 
-clsSegment* Changes::newRecord() {
-  if (muted_) return nullptr;
-  clsSegment& record = records_.emplace_back();
-  record.StartOfSegment = std::exchange(startsStep_, false);
-  return &record;
-}
-
-void Changes::makeRoomFor(std::size_t records) {
-  const std::size_t wanted = records_.size() + records;
-  if (wanted > records_.capacity()) records_.reserve(std::max(wanted, 2 * records_.capacity()));
+std::span<clsSegment> Changes::newRecords(std::size_t count) {
+  if (muted_ || count == 0) return {};
+  const std::size_t before = records_.size();
+  records_.resize(before + count);
+  records_[before].StartOfSegment = std::exchange(startsStep_, false);
+  return std::span(records_).subspan(before);
 }
 
 template <class Enter>
@@ -543,6 +563,8 @@ int Changes::sizeInLog(std::span<const clsSegment> step) const {
 }
 
 bool Changes::operatorAgrees() {
+  const bool allFit = records_.empty() || sizeInLog(records_) <= kMaxRecords;
+  if (allFit) return true;
   int largest = 0;
   for (const auto& step : steps()) largest = std::max(largest, sizeInLog(step));
   return largest <= kMaxRecords || host_ == nullptr || host_->agreesToLoseUndo(largest);

@@ -110,8 +110,9 @@ class RowChanges {
   template <class Log, class Put>
   void perform(const RowEdit<Row>& edit, std::span<const Row> before, Entry entry, Log log,
                Put put);
-  void log(const Row& row, RecordKind kind, int place);
   void log(const RowEdit<Row>& edit, std::span<const Row> before);
+  template <class PlacesOf>
+  void logRows(std::span<const Row> before, std::span<const Row> now, const PlacesOf& placesOf);
 
   Change& change_;
 };
@@ -251,8 +252,8 @@ class Changes {
   EditList<PathRow>& edits(const PathRow* /*table*/) { return pathEdits_; }
   void begin();
   void enter(const clsSegment& record);
-  clsSegment* newRecord();  // null while records count for nothing
-  void makeRoomFor(std::size_t records);
+  // None while records count for nothing.
+  std::span<clsSegment> newRecords(std::size_t count);
   template <class Enter>
   void enterAllOrNone(Enter enter);
   void markUnsaved();

@@ -111,25 +111,6 @@ void assign(bool& field, const RecordValue& value) {
 
 }  // namespace
 
-// Field by field: a record that is put together elsewhere and then copied takes three times as
-// long, and long steps are made of little else.
-void clsSegment::SetSegment(const SegmentRow& drawn, RecordKind kind, bool start) {
-  x0 = drawn.x0;
-  x1 = drawn.x1;
-  y0 = drawn.y0;
-  y1 = drawn.y1;
-  CenterX = drawn.xc;
-  CenterY = drawn.yc;
-  TypeOfSegment = {};
-  ZDepth = FeedRate = 0;
-  WhereDeletedFrom = kDrawingTable;
-  SegType = drawn.type;
-  SegAttr = drawn.attr;
-  AddOrDelete = kind;
-  StartOfSegment = start;
-  row = {};
-}
-
 void clsSegment::SetPathSegment(const PathRow& placed, RecordKind kind, bool start) {
   x0 = placed.x0;
   x1 = placed.x1;

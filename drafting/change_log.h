@@ -1,7 +1,7 @@
 // The change log: before-and-after records of all rows, on which undo and redo walk.
-// Owns: kDrawingTable, kPathTable, RecordKind, clsSegment, RecordValue, kRowsAdded,
-//       kRectangleAdded, kRowsDeleted, kMaxRecords, ChangeLog, logSegment, logPathSegment,
-//       isSameRow, findSegment, findPathSegment.
+// Owns: kDrawingTable, kPathTable, RecordKind, clsSegment, kRowsAdded, kRectangleAdded,
+//       kRowsDeleted, kMaxRecords, ChangeLog, logSegment, logPathSegment, isSameRow, findSegment,
+//       findPathSegment.
 #pragma once
 
 #include <limits>
@@ -63,6 +63,25 @@ struct clsSegment {
   bool isPath() const { return WhereDeletedFrom == kPathTable; }
   bool added() const { return AddOrDelete == "A"; }
 };
+
+// Field by field: a record that is put together elsewhere and then copied takes three times as
+// long, and long steps are made of little else.
+inline void clsSegment::SetSegment(const SegmentRow& drawn, RecordKind kind, bool start) {
+  x0 = drawn.x0;
+  x1 = drawn.x1;
+  y0 = drawn.y0;
+  y1 = drawn.y1;
+  CenterX = drawn.xc;
+  CenterY = drawn.yc;
+  TypeOfSegment = {};
+  ZDepth = FeedRate = 0;
+  WhereDeletedFrom = kDrawingTable;
+  SegType = drawn.type;
+  SegAttr = drawn.attr;
+  AddOrDelete = kind;
+  StartOfSegment = start;
+  row = {};
+}
 
 using RecordValue = std::variant<float, int, std::string, bool>;
 

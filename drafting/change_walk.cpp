@@ -1,20 +1,24 @@
 // Walking the change log.
 //
 // A step of many records would pass over the tables once for each. Instead the tables are taken out
-// for the step: drawing rows are found through their hashed ends, and path rows lie in two halves
+// for the step: drawing rows are found through their hashes, and path rows lie in two halves
 // on either side of the place where work goes on. Path rows are those that plain passes give. So
 // are drawing rows, unless a copy within the tolerance lies behind the row itself: then that goes,
 // so that undo leads to the very numbers that were there.
 #include "drafting/change_walk.h"
 
 #include <algorithm>
+#include <bit>
+#include <cstdint>
 #include <optional>
 #include <utility>
 #include <vector>
 
 #include "core/drawing_store.h"
+#include "core/row_columns.h"
 #include "core/runtime_failure.h"
 #include "drafting/row_finder.h"
+#include "geometry/entity.h"
 
 namespace tess {
 namespace {
@@ -70,19 +74,69 @@ void settle(RowChanges<Row>& table, const std::vector<HeldRow<Row>>& rows) {
   table.putBack(come, cameBack);
 }
 
+// Counts, for each row that a step takes away, the rows that are the very same. Hashed: a row may
+// seem to have one more, but never one less.
+class SameRows {
+ public:
+  explicit SameRows(std::size_t wanted) : slots_(std::bit_ceil(2 * wanted + 1)) {}
+
+  void want(const SegmentRow& row) {
+    const std::uint64_t key = keyOf(row);
+    Slot& slot = slots_[slotOf(key)];
+    slot = (key & ~kCount) | (slot == 0 ? 0 : kSeveral);
+  }
+  void meet(const SegmentRow& row) {
+    Slot& slot = slots_[slotOf(keyOf(row))];
+    if (slot != 0 && (slot & kCount) < kSeveral) ++slot;
+  }
+  // Of a row that is wanted: no other one is the same.
+  bool isSole(const SegmentRow& row) const { return (slots_[slotOf(keyOf(row))] & kCount) == 1; }
+
+ private:
+  using Slot = std::uint64_t;
+  static constexpr Slot kCount = 3, kSeveral = 2, kMark = 4;
+
+  static std::uint64_t pairOf(float a, float b) {
+    constexpr float kNoSign = 0;  // of a negative zero
+    const auto bits = [](float value) { return std::bit_cast<std::uint32_t>(value + kNoSign); };
+    return static_cast<std::uint64_t>(bits(a)) << 32U | bits(b);
+  }
+  static std::uint64_t keyOf(const SegmentRow& row) {
+    const bool round = isRound(row.type);
+    std::uint64_t key = pairOf(row.x0, row.y0) * 0x9E3779B97F4A7C15ULL;
+    key = (key ^ (key >> 32U) ^ pairOf(row.x1, row.y1)) * 0xBF58476D1CE4E5B9ULL;
+    if (round) key = (key ^ (key >> 32U) ^ pairOf(row.xc, row.yc)) * 0x94D049BB133111EBULL;
+    key += static_cast<std::uint64_t>(row.type * kCodesPerState + entityClass(row.attr));
+    return (key ^ (key >> 32U)) * 0xC2B2AE3D27D4EB4FULL | kMark;
+  }
+  std::size_t slotOf(std::uint64_t key) const {
+    const std::size_t last = slots_.size() - 1;
+    std::size_t slot = static_cast<std::size_t>(key >> 40U) & last;
+    while (slots_[slot] != 0 && (slots_[slot] | kCount) != (key | kCount)) slot = (slot + 1) & last;
+    return slot;
+  }
+
+  std::vector<Slot> slots_;  // their number is a power of two; 0 where there is none
+};
+
 // The drawing table during a step, taken out with the first record that needs it. Rows that go are
 // marked until the end, so that the others keep their places.
 class DrawnRows {
  public:
   explicit DrawnRows(const DrawingStore& store) : store_(store) {}
 
+  // The step, before it is walked, in any order.
+  void expect(const clsSegment& record, bool goes) {
+    (goes ? going_ : coming_).push_back(drawnRow(record));
+  }
+
   void takeAway(const clsSegment& record) {
     takeOut();
-    const auto rowAt = [this](std::size_t place) -> const SegmentRow& { return rows_[place].row; };
-    const std::size_t place = finder_->takeClosest(record, rowAt);
+    const std::size_t place = placeOf(record);
     if (place == RowFinder::kNone) return;
     rows_[place].gone = true;
     --live_;
+    last_ = place;
   }
 
   void bringBack(const clsSegment& record) {
@@ -90,7 +144,7 @@ class DrawnRows {
     live_ = Int16(live_ + 1);
     // Fixed: a drawing row comes back as the last one; row numbers in scripts go by that.
     rows_.push_back({{drawnRow(record)}});
-    finder_->add(rows_.size() - 1, rows_.back().row);
+    if (finder_) finder_->add(rows_.size() - 1, rows_.back().row);
   }
 
   void putBack(SegmentChanges& table) const {
@@ -111,19 +165,54 @@ class DrawnRows {
   void takeOut() {
     if (std::exchange(out_, true)) return;
     live_ = store_.NumSegments;
-    rows_.reserve(static_cast<std::size_t>(live_) + 1);
-    finder_.emplace(store_.cfg_tolerance, static_cast<std::size_t>(live_));
-    for (int sg = 1; sg <= live_; ++sg) {
-      rows_.push_back({{segmentRow(store_, sg), sg}});
-      finder_->add(rows_.size() - 1, rows_.back().row);
+    rows_.reserve(static_cast<std::size_t>(live_) + coming_.size());
+    const SegmentColumns columns(store_);
+    for (int sg = 1; sg <= live_; ++sg) rows_.push_back({{columns.row(sg), sg}});
+    last_ = rows_.size();
+    countSame();
+  }
+
+  void countSame() {
+    same_.emplace(going_.size());
+    for (const SegmentRow& row : going_) same_->want(row);
+    for (const SegmentRow& row : coming_) same_->meet(row);
+    for (const Row& held : rows_) same_->meet(held.row);
+  }
+
+  // Steps that took many rows along leave them where their records say, or one before the other:
+  // there the row is looked for first, unless another one is the same.
+  std::size_t placeOf(const clsSegment& record) {
+    if (!finder_ && same_->isSole(drawnRow(record))) {
+      for (const std::size_t place : {static_cast<std::size_t>(record.row) - 1, last_ - 1}) {
+        if (isThere(record, place)) return place;
+      }
+    }
+    if (!finder_) findByEnds();
+    const auto rowAt = [this](std::size_t place) -> const SegmentRow& { return rows_[place].row; };
+    return finder_->takeClosest(record, rowAt);
+  }
+
+  bool isThere(const clsSegment& record, std::size_t place) const {
+    return place < rows_.size() && !rows_[place].gone &&
+           RowFinder::isClosest(record, rows_[place].row) &&
+           isSameRow(record, rows_[place].row, store_.cfg_tolerance);
+  }
+
+  void findByEnds() {
+    finder_.emplace(store_.cfg_tolerance, rows_.size());
+    for (std::size_t place = 0; place < rows_.size(); ++place) {
+      if (!rows_[place].gone) finder_->add(place, rows_[place].row);
     }
   }
 
   const DrawingStore& store_;
+  std::vector<SegmentRow> going_, coming_;  // with the step
   bool out_ = false;
   int live_ = 0;
   std::vector<Row> rows_;
-  std::optional<RowFinder> finder_;  // of those that are not gone
+  std::size_t last_ = 0;  // where the last row went
+  std::optional<SameRows> same_;
+  std::optional<RowFinder> finder_;  // of those that are not gone, once one was looked for
 };
 
 // The path table during a step: the rows before and behind the place of work, the latter in
@@ -207,6 +296,10 @@ class StepRows {
  public:
   explicit StepRows(const DrawingStore& store) : drawn_(store), placed_(store) {}
 
+  // A record of the step, before it is walked.
+  void expect(const clsSegment& record, bool goes) {
+    if (!record.isPath()) drawn_.expect(record, goes);
+  }
   void takeAway(const clsSegment& record) {
     record.isPath() ? placed_.takeAway(record) : drawn_.takeAway(record);
   }
@@ -229,6 +322,11 @@ class StepRows {
 void undoStep(Changes& changes) {
   Change change(changes, Step::Continued);
   StepRows rows(changes.store);
+  const int end = changes.log.changecount;
+  for (int n = end - changes.log.lastStepSize(); n < end; ++n) {
+    const clsSegment& record = changes.log.record(n);
+    rows.expect(record, record.added());
+  }
   while (changes.log.canUndo()) {
     const clsSegment record = changes.log.popRecord();
     record.added() ? rows.takeAway(record) : rows.bringBack(record);
@@ -243,6 +341,11 @@ void redoStep(Changes& changes) {
   Change change(changes, Step::Continued);
   const ChangeLog& log = changes.log;
   StepRows rows(changes.store);
+  for (int n = log.changecount; n < log.changetop; ++n) {
+    const clsSegment& record = log.record(n);
+    if (n > log.changecount && record.StartOfSegment) break;
+    rows.expect(record, !record.added());
+  }
   while (log.canRedo()) {
     const clsSegment record = changes.log.nextRedoRecord();
     record.added() ? rows.bringBack(record) : rows.takeAway(record);

@@ -38,6 +38,7 @@ struct PointerRecord {
   bool SkipPointerUpdate = false;   // the next event does not move the position
   bool MenuGuard = false;           // a menu has just closed
   double MenuGuardTime = kLongAgo;  // in milliseconds of the clock
+  bool FormTookPress = false;       // until its release
   PanDrag PanStart;
 
   static constexpr double kLongAgo = -1e12;
@@ -109,9 +110,10 @@ struct DraftingContext : DraftingParts, KnownCommands {
   CommandRecord command;
   ArcScratch arc;
   PasteBuffer paste;
-  std::vector<SegmentRow> hovering;  // what the armed action shows on the screen
-  FormPreview formPreview;           // and what a form does
-  HoverLines hoverLines;             // and a text that is being placed
+  std::vector<SegmentRow> hovering;        // what the armed action shows on the screen
+  FormPreview formPreview;                 // and what a form does
+  HoverLines hoverLines;                   // and a text that is being placed
+  std::function<void(Point)> onFormClick;  // of the form that has the clicks in the drawing, if any
   ChangeLog changelog;
   std::unique_ptr<ChangeHost> changeHost;
   Changes changes;

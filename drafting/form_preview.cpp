@@ -23,10 +23,19 @@ SegmentRow boxAround(const std::vector<SegmentRow>& rows) {
   return box;
 }
 
+void traceInWidth(DraftingContext& context, const FormPreview& preview) {
+  if (preview.width == 1) return traceHovering(context, preview.rows);
+  DrawingSurface& surface = context.ScreenProxy.surface();
+  const int before = surface.state().drawWidth;
+  surface.setDrawWidth(preview.width * before);
+  traceHovering(context, preview.rows);
+  surface.setDrawWidth(before);
+}
+
 void invertPreview(DraftingContext& context) {
   context.ScreenProxy.setDrawMode(PenMode::NotXor);
   context.ScreenProxy.setDrawStyle(PenStyle::Solid);
-  traceHovering(context, context.formPreview.rows);
+  traceInWidth(context, context.formPreview);
   context.ScreenProxy.setDrawMode(PenMode::Copy);
 }
 
@@ -42,8 +51,9 @@ void traceHovering(DraftingContext& context, const std::vector<SegmentRow>& rows
   traceShape(context, box);
 }
 
-void previewRows(DraftingContext& context, std::vector<SegmentRow> rows) {
+void previewRows(DraftingContext& context, std::vector<SegmentRow> rows, int width) {
   erasePreview(context);
+  context.formPreview.width = width;
   context.formPreview.rows = std::move(rows);
   showPreview(context);
 }

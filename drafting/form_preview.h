@@ -13,6 +13,7 @@ struct DraftingContext;
 
 struct FormPreview {
   std::vector<SegmentRow> rows;
+  int width = 1;       // of the pen, in pixels
   bool shown = false;  // on the screen: a redraw wipes them, and shows them again at its end
 };
 
@@ -22,8 +23,8 @@ inline constexpr int kMaxHovering = 5000;
 // Paints rows as they hover, in the pen that is set.
 void traceHovering(DraftingContext& context, const std::vector<SegmentRow>& rows);
 
-// These rows hover in the place of those that did before.
-void previewRows(DraftingContext& context, std::vector<SegmentRow> rows);
+// These rows hover in the place of those that did before, in a pen of so many pixels.
+void previewRows(DraftingContext& context, std::vector<SegmentRow> rows, int width = 1);
 // Shows them, unless the picture under them is not complete.
 void showPreview(DraftingContext& context);
 void endPreview(DraftingContext& context);

@@ -25,7 +25,7 @@ std::optional<Mirroring> frmMirror::mirroring() const {
 std::optional<RowImage> frmMirror::image() const {
   const std::optional<Mirroring> mirroring = this->mirroring();
   if (!mirroring) return std::nullopt;
-  return [mirroring = *mirroring](const SegmentRow& row) { return mirrored(row, mirroring); };
+  return [mirroring = *mirroring](std::span<SegmentRow> rows) { mirrorRows(rows, mirroring); };
 }
 
 bool frmMirror::takeOver() {

@@ -42,7 +42,7 @@ std::optional<Turn> frmRotate::turn() const {
 std::optional<RowImage> frmRotate::image() const {
   const std::optional<Turn> turn = this->turn();
   if (!turn) return std::nullopt;
-  return [turn = *turn](const SegmentRow& row) { return rotated(row, turn); };
+  return [turn = *turn](std::span<SegmentRow> rows) { turnRows(rows, turn); };
 }
 
 bool frmRotate::takeOver() {

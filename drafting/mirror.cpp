@@ -16,15 +16,16 @@ float mirrorCoord(float c, float m) {
   return narrow(m - (static_cast<double>(c) - m));
 }
 
-SegmentRow mirrored(const SegmentRow& row, const Mirroring& mirroring) {
-  const Point about = mirroring.about;
-  SegmentRow image = imageOf(row, [&](Point p) {
-    return Point{mirroring.horizontally ? mirrorCoord(p.x, about.x) : p.x,
-                 mirroring.vertically ? mirrorCoord(p.y, about.y) : p.y};
-  });
-  const bool turnsOver = mirroring.horizontally != mirroring.vertically;
-  if (turnsOver && isArc(row.type)) image.type = kSensesOfArcs - row.type;
-  return image;
+void mirrorRows(std::span<SegmentRow> rows, const Mirroring& mirroring) {
+  const auto [about, horizontally, vertically] = mirroring;
+  const bool turnsOver = horizontally != vertically;
+  for (SegmentRow& row : rows) {
+    makeImage(row, [&](Point p) {
+      return Point{horizontally ? mirrorCoord(p.x, about.x) : p.x,
+                   vertically ? mirrorCoord(p.y, about.y) : p.y};
+    });
+    if (turnsOver && isArc(row.type)) row.type = kSensesOfArcs - row.type;
+  }
 }
 
 void mnuEditMirror_Click(DraftingContext& context) {
@@ -33,8 +34,7 @@ void mnuEditMirror_Click(DraftingContext& context) {
   form.ask();
   const std::optional<Mirroring> mirroring = form.taken();
   if (!mirroring) return;
-  const auto image = [&](const SegmentRow& row) { return mirrored(row, *mirroring); };
-  form.addImages(image);
+  form.addImages([&](std::span<SegmentRow> rows) { mirrorRows(rows, *mirroring); });
 }
 
 // ---- Descriptors

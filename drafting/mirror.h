@@ -1,6 +1,8 @@
 // Mirroring drawing rows across lines through a point.
-// Owns: mirrorCoord, Mirroring, mirrored, mnuEditMirror_Click.
+// Owns: mirrorCoord, Mirroring, mirrorRows, mnuEditMirror_Click.
 #pragma once
+
+#include <span>
 
 #include "core/drawing_rows.h"
 #include "geometry/float_points.h"
@@ -19,7 +21,7 @@ struct Mirroring {
 };
 
 // An arc turns its sense when one axis is mirrored, and keeps it when both are.
-SegmentRow mirrored(const SegmentRow& row, const Mirroring& mirroring);
+void mirrorRows(std::span<SegmentRow> rows, const Mirroring& mirroring);
 
 // Asks what to mirror and how, and does it.
 void mnuEditMirror_Click(DraftingContext& context);

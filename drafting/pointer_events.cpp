@@ -272,6 +272,12 @@ PointerEvent atFeature(const DraftingContext& context, PointerEvent event) {
   return event;
 }
 
+// A form that picks in the drawing has the pointer to itself, and the release of its last click
+// too.
+bool isTheForms(const DraftingContext& context) {
+  return context.onFormClick || context.pointer.FormTookPress;
+}
+
 bool panPointerShows(const DraftingContext& context) {
   return context.tools.isChecked(kPanCommand.info.tool) &&
          context.systemPointer.MousePointer() == kCustomShape;
@@ -281,6 +287,12 @@ bool panPointerShows(const DraftingContext& context) {
 
 void picDrawing_MouseDown(DraftingContext& context, const PointerEvent& event) {
   const Procedure here("frmMain.picDrawing_MouseDown(Button,Shift,X,Y)");
+  if (const auto formClick = context.onFormClick) {
+    context.pointer.FormTookPress = true;
+    if (event.Button == kLeftButton) formClick(at(event));
+    return;
+  }
+  context.pointer.FormTookPress = false;
   if (event.control()) {
     if (event.Button == kLeftButton)
       context.pointer.PanStart = context.viewCommands.beginPan(at(event));
@@ -293,6 +305,7 @@ void picDrawing_MouseDown(DraftingContext& context, const PointerEvent& event) {
 
 void picDrawing_MouseMove(DraftingContext& context, const PointerEvent& event) {
   const Procedure here("frmMain.picDrawing_MouseMove(Button,Shift,X,Y)");
+  if (isTheForms(context)) return;
   if (event.Button != 0 && event.Shift == 0) {
     context.gridSnapTimer->start();
   } else {
@@ -314,6 +327,9 @@ void picDrawing_MouseMove(DraftingContext& context, const PointerEvent& event) {
 
 void picDrawing_MouseUp(DraftingContext& context, const PointerEvent& released) {
   const Procedure here("frmMain.picDrawing_MouseUp(Button,Shift,X,Y)");
+  const bool formsOwn = isTheForms(context);
+  context.pointer.FormTookPress = false;
+  if (formsOwn) return;
   if (!panPointerShows(context)) context.systemPointer.setMousePointer(kDefaultShape);
   if (swallowedByMenuAtRelease(context)) return;
   context.gridSnapTimer->stop();

@@ -1,7 +1,9 @@
 // Turning.
 #include "drafting/rotate.h"
 
+#include <array>
 #include <cmath>
+#include <limits>
 
 #include "drafting/drafting_commands.h"
 #include "drafting/frmRotate.h"
@@ -9,6 +11,35 @@
 #include "geometry/float_angles.h"
 
 namespace tess {
+namespace {
+
+// Turns points. Rows that follow one another share ends, and arcs about one centre share that: a
+// point is turned once while it is among the last that were.
+class TurnedPoints {
+ public:
+  explicit TurnedPoints(const Turn& turn) : turn_(turn) {}
+
+  Point operator()(Point p) const {
+    for (const Turned& turned : last_) {
+      if (turned.from.x == p.x && turned.from.y == p.y) return turned.to;
+    }
+    const Point to = rotatePoint(turn_.about, p, turn_.degrees);
+    last_[next_] = {p, to};
+    next_ = (next_ + 1) % last_.size();
+    return to;
+  }
+
+ private:
+  struct Turned {
+    Point from{std::numeric_limits<float>::quiet_NaN(), 0}, to;  // at first equal to none
+  };
+
+  Turn turn_;
+  mutable std::array<Turned, 4> last_;
+  mutable std::size_t next_ = 0;
+};
+
+}  // namespace
 
 // Fixed: angle and length are rounded first; drawings were turned so, and drift by it.
 Point rotatePoint(Point center, Point p, float degrees) {
@@ -18,8 +49,9 @@ Point rotatePoint(Point center, Point p, float degrees) {
           narrow(center.y + polar.length * std::sin(angle))};
 }
 
-SegmentRow rotated(const SegmentRow& row, const Turn& turn) {
-  return imageOf(row, [&](Point p) { return rotatePoint(turn.about, p, turn.degrees); });
+void turnRows(std::span<SegmentRow> rows, const Turn& turn) {
+  TurnedPoints points(turn);
+  for (SegmentRow& row : rows) makeImage(row, points);
 }
 
 void mnuEditRotate_Click(DraftingContext& context) {
@@ -28,8 +60,7 @@ void mnuEditRotate_Click(DraftingContext& context) {
   form.ask();
   const std::optional<Turn> turn = form.taken();
   if (!turn) return;
-  const auto image = [&](const SegmentRow& row) { return rotated(row, *turn); };
-  form.addImages(image);
+  form.addImages([&](std::span<SegmentRow> rows) { turnRows(rows, *turn); });
 }
 
 // ---- Descriptors

@@ -1,6 +1,8 @@
 // Turning drawing rows about a point.
-// Owns: rotatePoint, Turn, rotated, mnuEditRotate_Click.
+// Owns: rotatePoint, Turn, turnRows, mnuEditRotate_Click.
 #pragma once
+
+#include <span>
 
 #include "core/drawing_rows.h"
 #include "geometry/float_points.h"
@@ -18,7 +20,7 @@ struct Turn {
   float degrees = 0;  // counter-clockwise
 };
 
-SegmentRow rotated(const SegmentRow& row, const Turn& turn);
+void turnRows(std::span<SegmentRow> rows, const Turn& turn);
 
 // Asks what to turn and how far, and does it.
 void mnuEditRotate_Click(DraftingContext& context);

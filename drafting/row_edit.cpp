@@ -12,8 +12,21 @@ namespace {
 struct SegmentTable {
   static Int16& counter(DrawingStore& store) { return store.NumSegments; }
   static void reach(DrawingStore& store, int n) { ensureSegmentCapacity(store, n); }
-  static void set(DrawingStore& store, int sg, const SegmentRow& row) {
-    setSegmentRow(store, sg, row);
+  // Into the columns without a check of each value: prepareEdit has made sure of all.
+  static auto setter(DrawingStore& store) {
+    return [type = store.segtype.rows(), attr = store.segattr.rows(), x0 = store.x0.rows(),
+            y0 = store.y0.rows(), x1 = store.x1.rows(), y1 = store.y1.rows(),
+            xc = store.centerx.rows(), yc = store.centery.rows()](int sg, const SegmentRow& row) {
+      const auto at = static_cast<std::size_t>(sg);
+      type[at] = row.type;
+      attr[at] = row.attr;
+      x0[at] = row.x0;
+      y0[at] = row.y0;
+      x1[at] = row.x1;
+      y1[at] = row.y1;
+      xc[at] = row.xc;
+      yc[at] = row.yc;
+    };
   }
   static void requireFits(const SegmentRow& row) { Int16{row.attr}; }
   template <typename Visit>
@@ -25,7 +38,9 @@ struct SegmentTable {
 struct PathTable {
   static Int16& counter(DrawingStore& store) { return store.NumPathSegments; }
   static void reach(DrawingStore& store, int n) { ensurePathCapacity(store, n); }
-  static void set(DrawingStore& store, int ps, const PathRow& row) { setPathRow(store, ps, row); }
+  static auto setter(DrawingStore& store) {
+    return [&store](int ps, const PathRow& row) { setPathRow(store, ps, row); };
+  }
   static void requireFits(const PathRow& row) {
     Int16{row.type};
     Int16{row.code};
@@ -80,9 +95,8 @@ void prepare(DrawingStore& store, const RowEdit<Row>& edit) {
 
 template <class Table, class Row>
 void setRows(DrawingStore& store, const RowEdit<Row>& edit) {
-  for (std::size_t k = 0; k < edit.numbers.size(); ++k) {
-    Table::set(store, edit.numbers[k], edit.rows[k]);
-  }
+  const auto set = Table::setter(store);
+  for (std::size_t k = 0; k < edit.numbers.size(); ++k) set(edit.numbers[k], edit.rows[k]);
 }
 
 template <class Table, class Row>

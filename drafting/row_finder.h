@@ -22,6 +22,11 @@ class RowFinder {
 
   static constexpr std::size_t kNone = static_cast<std::size_t>(-1);
 
+  // Whether takeClosest would prefer no other row to this one.
+  static bool isClosest(const clsSegment& record, const SegmentRow& row) {
+    return differenceOf(record, row) == 0;
+  }
+
   // Takes out the row that findSegment finds: of all that match the one of the highest place; kNone
   // when there is none. `rowAt` gives the row of a place.
   template <class RowAt>

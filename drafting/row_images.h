@@ -1,8 +1,9 @@
 // Images of drawing rows, mirrored or turned, in the place of the rows or beside them.
-// Owns: RowImage, ImageRequest, imageOf, imagesOf, addImages.
+// Owns: RowImage, ImageRequest, makeImage, imagesOf, addImages.
 #pragma once
 
 #include <functional>
+#include <span>
 #include <vector>
 
 #include "drafting/change.h"
@@ -10,24 +11,24 @@
 
 namespace tess {
 
-using RowImage = std::function<SegmentRow(const SegmentRow&)>;
+// Makes each row its image.
+using RowImage = std::function<void(std::span<SegmentRow> rows)>;
 
 struct ImageRequest {
   bool selectedOnly = false;  // of the selected ordinary rows alone
   bool copies = false;        // the rows themselves stay
 };
 
-// The image of a row whose points are mapped. Kinds without shape have one point, all the others
-// two ends, and what is round its centre.
+// Makes a row its image, whose points are mapped. Kinds without shape have one point, all the
+// others two ends, and what is round its centre.
 template <class Map>
-SegmentRow imageOf(SegmentRow row, const Map& map) {
+void makeImage(SegmentRow& row, const Map& map) {
   constexpr int kLastShape = 79;
   if (row.type == kPoint || row.type > kLastShape) {
     mapPoint(row.x0, row.y0, map);
   } else {
     mapRow(row, map);
   }
-  return row;
 }
 
 // The images that addImages would add.

@@ -2,8 +2,11 @@
 #include "drafting/selection.h"
 
 #include <array>
+#include <cstdint>
 #include <functional>
+#include <limits>
 #include <queue>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -66,6 +69,47 @@ bool pathInWindow(const DrawingStore& store, int ps, const SelectionWindow& wind
   return touches(window, [&](Point corner) { return nearestPointOfPathRow(store, ps, corner); });
 }
 
+// Marks the path rows of one command, and tells in the end of those that have no room for the mark.
+class PathMarks {
+ public:
+  PathMarks(DraftingContext& context, bool select)
+      : context_(context), select_(select), change_(context.changes) {}
+
+  void mark(int ps) { mark(ps, selectedCode(context_.store.pscode[ps], select_)); }
+  void mark(int ps, int code) {
+    if (code > kLargestCode) return noteRefused(ps);
+    change_.paths.mark(ps, code);
+    context_.renderer.drawtoolpath(ps, context_.ScreenProxy);
+  }
+
+  void keep() {
+    change_.keep();
+    if (refused_ == 0) return;
+    const int group = groupCutOff(context_.store.pscode[first_]);
+    context_.session.host.prompts.showMessage(
+        {.text = "Path segments that cannot be selected: " + std::to_string(refused_) +
+                 ", the first is #" + std::to_string(first_) + " of group " +
+                 std::to_string(group) + ".\nGroups up to " + std::to_string(kLastGroupWithRoom) +
+                 " can be; the path editor gives a group another number.",
+         .title = "Select",
+         .icon = MessageIcon::Warning});
+  }
+
+ private:
+  static constexpr int kLargestCode = std::numeric_limits<std::int16_t>::max();
+  // Of the next one only the first tools leave room.
+  static constexpr int kLastGroupWithRoom = (kLargestCode - kSelected) / kCodesPerGroup - 1;
+
+  void noteRefused(int ps) {
+    if (refused_++ == 0) first_ = ps;
+  }
+
+  DraftingContext& context_;
+  const bool select_;
+  Change change_;
+  int refused_ = 0, first_ = 0;
+};
+
 // The one untagged row that touches `at`, 0 for none, kBranch for several.
 int neighbourAt(const EndPointIndex& ends, Point at, const std::vector<bool>& tagged) {
   std::vector<EndMatch> matches;
@@ -94,8 +138,10 @@ std::string branchText(Point at) {
 // Fixed: the nearest row counts however far it is; scripts click beside what they mean.
 void pickNearest(DraftingContext& context, bool select) {
   if (context.command.EditPaths) {
+    PathMarks marks(context, select);
     const int ps = nearestPathSeg(context.store, mouse(context), kAllGroups);
-    if (ps > 0) markPathSegment(context, ps, select);
+    if (ps > 0) marks.mark(ps);
+    marks.keep();
   } else {
     const int sg = nearestSeg(context.store, mouse(context));
     if (sg > 0) markSegment(context, sg, select);
@@ -141,11 +187,30 @@ void selectAllSegments(DraftingContext& context) {
 
 void markAllPaths(DraftingContext& context, bool select) {
   const DrawingStore& store = context.store;
-  Change change(context.changes);
+  PathMarks marks(context, select);
   for (int ps = 1; ps <= store.NumPathSegments; ++ps) {
     if (hasSelectionMark(store.pscode[ps]) == select) continue;
-    change.paths.mark(ps, store.pscode[ps] + (select ? kSelected : -kSelected));
-    context.renderer.drawtoolpath(ps, context.ScreenProxy);
+    marks.mark(ps, store.pscode[ps] + (select ? kSelected : -kSelected));
+  }
+  marks.keep();
+}
+
+void markPathsIn(DraftingContext& context, bool select, const SelectionWindow& window,
+                 bool exclusive) {
+  const DrawingStore& store = context.store;
+  PathMarks marks(context, select);
+  for (int ps = 1; ps <= store.NumPathSegments; ++ps) {
+    if (pathInWindow(store, ps, window, exclusive)) marks.mark(ps);
+  }
+  marks.keep();
+}
+
+void markSegmentsIn(DraftingContext& context, bool select, const SelectionWindow& window,
+                    bool exclusive) {
+  const DrawingStore& store = context.store;
+  Change change(context.changes);
+  for (int sg = 1; sg <= store.NumSegments; ++sg) {
+    if (segmentInWindow(store, sg, window, exclusive)) markSegment(context, sg, select);
   }
   change.keep();
 }
@@ -196,28 +261,22 @@ void markSegment(DraftingContext& context, int sg, bool select) {
   }
 }
 
-void markPathSegment(DraftingContext& context, int ps, bool select) {
-  Change change(context.changes);
-  change.paths.mark(ps, selectedCode(context.store.pscode[ps], select));
-  change.keep();
-  context.renderer.drawtoolpath(ps, context.ScreenProxy);
+void selectOnlyPath(DraftingContext& context, int ps) {
+  const DrawingStore& store = context.store;
+  PathMarks marks(context, /*select=*/true);
+  for (int row = 1; row <= store.NumPathSegments; ++row) {
+    const bool selected = hasSelectionMark(store.pscode[row]);
+    if (selected && row != ps) marks.mark(row, selectedCode(store.pscode[row], /*select=*/false));
+    if (!selected && row == ps) marks.mark(row);
+  }
+  marks.keep();
 }
 
 void SelectWindow(DraftingContext& context, bool select, const SelectionWindow& window,
                   bool exclusive) {
   const Procedure here("frmMain.SelectWindow(SelectSegments,x0,y0,X1,y1,Exclusive)");
-  const DrawingStore& store = context.store;
-  Change change(context.changes);
-  if (context.command.EditPaths) {
-    for (int ps = 1; ps <= store.NumPathSegments; ++ps) {
-      if (pathInWindow(store, ps, window, exclusive)) markPathSegment(context, ps, select);
-    }
-  } else {
-    for (int sg = 1; sg <= store.NumSegments; ++sg) {
-      if (segmentInWindow(store, sg, window, exclusive)) markSegment(context, sg, select);
-    }
-  }
-  change.keep();
+  context.command.EditPaths ? markPathsIn(context, select, window, exclusive)
+                            : markSegmentsIn(context, select, window, exclusive);
 }
 
 void SelectContiguous(DraftingContext& context, bool select, int seg, std::vector<bool>& tagged,
@@ -274,19 +333,19 @@ void selectContiguousPaths(DraftingContext& context, bool select, int ps) {
     met[static_cast<std::size_t>(row)] = true;
     touching.push(row);
   };
-  Change change(context.changes);
+  PathMarks marks(context, select);
   meet(ps);
   while (!touching.empty()) {
     const int row = touching.top();
     touching.pop();
-    markPathSegment(context, row, select);
+    marks.mark(row);
     const Entity path = pathEntity(context.store, row);
     for (const Point end : {path.start, path.end}) {
       ends.rowsAt(end, found);
       for (const EndMatch& match : found) meet(match.row);
     }
   }
-  change.keep();
+  marks.keep();
 }
 
 void mnuDrawSelect_Click(DraftingContext& context) {

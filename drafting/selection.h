@@ -1,7 +1,7 @@
 // Selection: marking rows by click, by window and along chains. The mark lives in segattr and
 // pscode; it is part of the rows, not of the undo steps.
 // Owns: isSelectedOrdinary, selectedCount, selectedAttribute, selectedCode, markSegment,
-//       markPathSegment, SelectionWindow, SelectWindow, SelectContiguous, SelectConnected,
+//       selectOnlyPath, SelectionWindow, SelectWindow, SelectContiguous, SelectConnected,
 //       selectContiguousPaths, mnuDrawSelect_Click, mnuDrawUnselect_Click, mnuDrawSelectContiguous,
 //       mnuDrawUnselectContiguous, mnuDrawSelectAll_Click, mnuDrawUnselectAll_Click, UnselectAll,
 //       collectSelected.
@@ -27,7 +27,8 @@ int selectedCode(int pscode, bool select);
 
 // Marks a row, draws it and keeps the collection for the property window.
 void markSegment(DraftingContext& context, int sg, bool select);
-void markPathSegment(DraftingContext& context, int ps, bool select);
+// Of the path rows that one alone is selected then. Draws those that change.
+void selectOnlyPath(DraftingContext& context, int ps);
 
 // Opposite corners of a window in drawing units.
 struct SelectionWindow {
@@ -35,7 +36,8 @@ struct SelectionWindow {
 };
 
 // Marks all rows that touch the window or, exclusively, have both ends in it; path rows when
-// editing works on them.
+// editing works on them. Path rows whose code leaves no room for the mark stay as they are, here
+// and in every other command, which then tells so.
 void SelectWindow(DraftingContext& context, bool select, const SelectionWindow& window,
                   bool exclusive);
 

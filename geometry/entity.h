@@ -1,5 +1,5 @@
 // One drawing or path row as the geometry sees it: a kind and three points.
-// Owns: Entity, lineEntity, isRound, segmentRowOf, pathRowOf, radiusOf, chordSlope.
+// Owns: Entity, lineEntity, circleEntity, isRound, segmentRowOf, pathRowOf, radiusOf, chordSlope.
 #pragma once
 
 #include "core/conventions.h"
@@ -18,6 +18,12 @@ struct Entity {
 
 inline Entity lineEntity(Point start, Point end) {
   return {kLine, start, end, {}};
+}
+
+// A circle by the point of it to the right of its centre.
+inline Entity circleEntity(Point center, float radius) {
+  const Point right{center.x + radius, center.y};
+  return {kCircle, right, right, center};
 }
 
 // Arcs and circles: the kinds that have a centre.

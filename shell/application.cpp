@@ -3,6 +3,7 @@
 
 #include <utility>
 
+#include "cnc/copy_program.h"
 #include "core/drawing_store.h"
 #include "core/lifecycle.h"
 #include "core/version.h"
@@ -14,6 +15,8 @@
 #include "import/frmDXF.h"
 #include "shell/commands.h"
 #include "shell/layouts.h"
+#include "shell/picture.h"
+#include "shell/printing.h"
 #include "shell/recovery.h"
 #include "tools/dlgColor.h"
 #include "tools/dlgToolPrms.h"
@@ -39,15 +42,38 @@ Application::Application(const Platform& platform)
       ownFeeds_(std::make_unique<SpeedsFeeds>(platform.jetReader)),
       ownColors_(std::make_unique<FormColorDialog>(platform.host.prompts)),
       colors(platform.colors != nullptr ? *platform.colors : *ownColors_),
+      paper(platform.paper),
       reporting_(platform.reporting),
       timers_(platform.screen.timers, platform.reporting),
       session(store, platform.host, listener_),
       interaction(session, {platform.screen.picDrawing, platform.screen.pointer, timers_,
-                            platform.screen.clientArea}) {
+                            platform.screen.clientArea, platform.paper}),
+      handOver{session, platform.others != nullptr ? *platform.others : noPrograms_,
+               platform.userfolder, freeSpaceIn},
+      viewer(handOver, interaction.forms, interaction.context, cnc) {
   wireTools();
+  wireProof();
+  if (paper != nullptr) wirePaper();
 }
 
 Application::~Application() = default;
+
+// With the setup's consent alone: other setups make their programs as ever.
+void Application::wireProof() {
+  cnc.objections = [this] {
+    return store.cfg_true_paths ? worstFindings(proofWatch.prove()) : std::string();
+  };
+}
+
+// Where nothing is on show, the screen's picture is one that is painted for the purpose.
+void Application::wirePaper() {
+  paper->onDocument = [this](PrintOutput output) { deliverDocument(*this, output); };
+  paper->takeScreenShot = [this] {
+    const SurfaceArea area = interaction.ScreenProxy.surface().area();
+    return paper->bitmapOf({area.width, area.height},
+                           [this](DrawingSurface& surface) { paintPicture(*this, surface); });
+  };
+}
 
 void Application::wireTools() {
   interaction.tools.onToolClick = [this](const std::string& tool) {
@@ -58,11 +84,13 @@ void Application::wireTools() {
     if (band == "barStatistics") interaction.forms.show(interaction.frmStatistics);
     if (band == "barProperties") interaction.forms.show(interaction.properties);
     if (band == "barText") interaction.forms.show(interaction.text);
+    if (band == "barPathProof") interaction.forms.show(interaction.frmPathProof);
   };
   interaction.tools.onBandClose = [this](const std::string& band) {
     if (band == "barStatistics") interaction.frmStatistics.close();
     if (band == "barProperties") interaction.properties.close();
     if (band == "barText") interaction.text.close();
+    if (band == "barPathProof") interaction.frmPathProof.close();
   };
   interaction.tools.onClientAreaChanged = [this] {
     guarded("frmMain.abMain_Resize()",
@@ -73,7 +101,7 @@ void Application::wireTools() {
 void Application::start(std::string_view drawing, std::string_view appfolder) {
   interaction.tools.openBand("barStatistics");
   Main(session, drawing, appfolder);
-  showToolInUse();
+  showFigures();
 }
 
 void Application::load(std::string_view drawing, std::string_view appfolder) {
@@ -83,6 +111,7 @@ void Application::load(std::string_view drawing, std::string_view appfolder) {
 bool Application::guarded(std::string_view entry, const std::function<void()>& run) {
   const bool done = reporting_.guarded(entry, run);
   showPropertiesAndTool();
+  viewer.settle();
   settleJournal();
   return done;
 }
@@ -93,11 +122,13 @@ void Application::showPropertiesAndTool() {
     reporting_.guarded("frmMain.UpdatePropertyWindow()",
                        [this] { interaction.UpdatePropertyWindow(); });
   }
-  showToolInUse();
+  showFigures();
+  reporting_.guarded("frmMain.renewPathProof()", [this] { proofWatch.afterCommand(); });
 }
 
-void Application::showToolInUse() {
+void Application::showFigures() {
   interaction.statusBar.setPanel(StatusPanel::Tool, toolInUseText(session));
+  pathTotals.settle();
 }
 
 void Application::keepJournal() {
@@ -228,6 +259,7 @@ void Application::Listener::rowsRewritten() {
 
 void Application::Listener::drawingReplaced() {
   rowsRewritten();
+  application_.viewer.drawingReplaced();
   application_.interaction.showWholeDrawing();
 }
 
@@ -241,6 +273,7 @@ void Application::Listener::brandingRead() {
 
 void Application::Listener::load_xsetup() {
   tess::load_xsetup(application_.session, application_.definition);
+  application_.pathTotals.markStale();
 }
 
 void Application::Listener::closeMainWindow() {

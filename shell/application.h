@@ -9,17 +9,22 @@
 #include <string_view>
 
 #include "cnc/cnc_program.h"
+#include "cnc/hand_over.h"
 #include "cnc/post_definition.h"
 #include "core/session.h"
 #include "drafting/pointer_events.h"
+#include "shell/cnc_viewer.h"
 #include "shell/edit_journal.h"
 #include "shell/error_reporting.h"
 #include "shell/frmPDFHelp.h"
 #include "shell/interaction.h"
+#include "shell/path_totals.h"
+#include "shell/proof_watch.h"
 
 namespace tess {
 
 class ColorDialog;
+class Paper;
 struct DrawingStore;
 struct KeyStroke;
 class SpeedsFeeds;
@@ -29,8 +34,11 @@ struct Platform {
   Host& host;
   HuntERR& reporting;
   ScreenPorts screen;
-  std::string jetReader{};        // the program that reads Jet databases; none: they stay unread
-  ColorDialog* colors = nullptr;  // null: a form asks
+  std::string jetReader{};          // the program that reads Jet databases; none: they stay unread
+  ColorDialog* colors = nullptr;    // null: a form asks
+  OtherPrograms* others = nullptr;  // null: none is started
+  std::string userfolder{};         // what belongs to this user alone; empty: nothing is kept
+  Paper* paper = nullptr;           // null: nothing can be printed
 };
 
 // Timers whose ticks are entry points: a failure in one ends in the report.
@@ -49,6 +57,7 @@ class Application {
   std::unique_ptr<DrawingStore> ownStore_;
   std::unique_ptr<SpeedsFeeds> ownFeeds_;
   std::unique_ptr<ColorDialog> ownColors_;
+  NoPrograms noPrograms_;
 
  public:
   explicit Application(const Platform& platform);
@@ -87,13 +96,9 @@ class Application {
   DrawingStore& store = *ownStore_;
   SpeedsFeeds& feeds = *ownFeeds_;
   ColorDialog& colors;
+  Paper* const paper;
   PostDefinition definition;
   CncState cnc;
-  // There is no window for programs yet: the file is all that comes of one.
-  struct NoViewer : ProgramViewer {
-    void showFile(const std::string& /*file*/) override {}
-  };
-  NoViewer viewer;
 
   // What only a window can do; nothing without one.
   std::function<void()> onCloseMainWindow;
@@ -141,8 +146,10 @@ class Application {
   };
 
   void wireTools();
+  void wireProof();
+  void wirePaper();
   void showPropertiesAndTool();
-  void showToolInUse();
+  void showFigures();
 
   HuntERR& reporting_;
   GuardedTimers timers_;
@@ -151,7 +158,11 @@ class Application {
  public:
   Session session;
   Interaction interaction;
+  ProofWatch proofWatch{session, interaction, definition, timers_};
   frmPDFHelp help{session};
+  HandOver handOver;
+  CncViewer viewer;
+  PathTotals pathTotals{session, definition, interaction.context.changes, interaction.statusBar};
 
  private:
   std::unique_ptr<EditJournal> journal_;

@@ -68,6 +68,9 @@ void frmProperties::wire() {
   PropList1.onClick = [this] { rowChosen(); };
   PropList1.onOpen = [this] { txtValue.focus(); };
   PropList1.onRestore = [this] { showValue(); };
+  PropList1.onChange = [this](const std::string& name, const std::string& value) {
+    PropList1_Change(name, value);
+  };
   txtValue.onLeave = [this] { commit(); };
 }
 
@@ -212,11 +215,13 @@ std::string frmProperties::LineSegmentDescription() const {
 
 void frmProperties::commit() {
   if (edited_.empty() || txtValue.text() == shownValue_) return;
-  const std::string name = edited_;
-  const std::string text = txtValue.text();
-  shownValue_ = text;  // whatever comes of it, it is not taken twice
+  shownValue_ = txtValue.text();  // whatever comes of it, it is not taken twice
+  PropList1.leaveValue(edited_, txtValue.text());
+}
+
+void frmProperties::PropList1_Change(const std::string& name, const std::string& value) {
   try {
-    change(name, text);
+    change(name, value);
   } catch (const RuntimeFailure&) {
     showValue();
     throw;

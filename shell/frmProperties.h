@@ -61,6 +61,7 @@ class frmProperties : public Form, public ChangeListener {
   void showValue();
   std::string LineSegmentDescription() const;
   void commit();
+  void PropList1_Change(const std::string& name, const std::string& value);
   void change(const std::string& name, const std::string& text);
 
   DraftingContext& context_;

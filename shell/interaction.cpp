@@ -20,6 +20,7 @@ Interaction::Interaction(Session& session, const ScreenPorts& ports)
       renderer(session.store, session.host.prompts, session.host.surroundings),
       redraw({session.store, view, renderer, ScreenProxy, ports.pointer, session.host.surroundings,
               ports.timers, *this}),
+      printer(session, ScreenProxy, ports.PrintPreview1),
       state(ScreenProxy),
       viewCommands({session.store, view, redraw, ScreenProxy, ports.pointer,
                     session.host.surroundings, *this, state}),
@@ -87,7 +88,9 @@ void Interaction::updateStatusDisplay() {
   refreshStatus(context);
 }
 
-void Interaction::PrintPreviewScreenShotWorkAround(DrawingTarget& /*target*/) {}
+void Interaction::PrintPreviewScreenShotWorkAround(DrawingTarget& target) {
+  printer.PrintPreviewScreenShotWorkAround(target);
+}
 
 void Interaction::showStatistics(int segments, int paths, const std::string& zoom) {
   frmStatistics.show(segments, paths, zoom);

@@ -10,11 +10,13 @@
 #include "core/session.h"
 #include "core/status_bar.h"
 #include "core/tool_host.h"
+#include "display/print_drawing.h"
 #include "display/redraw_sequence.h"
 #include "display/view_commands.h"
 #include "drafting/drafting_context.h"
 #include "import/frmText.h"
 #include "import/installed_fonts.h"
+#include "shell/frmPathProof.h"
 #include "shell/frmProperties.h"
 #include "shell/frmStatistics.h"
 #include "toolpath/cam_context.h"
@@ -26,7 +28,8 @@ struct ScreenPorts {
   DrawingSurface& picDrawing;
   Pointer& pointer;
   Timers& timers;
-  Bounds clientArea{};  // of the surface to begin with, in pixels
+  Bounds clientArea{};                           // of the surface to begin with, in pixels
+  PrintPreviewControl* PrintPreview1 = nullptr;  // null where there is no paper
 };
 
 class Interaction : public ViewHost, public RedrawListener, public DraftingListener {
@@ -81,10 +84,13 @@ class Interaction : public ViewHost, public RedrawListener, public DraftingListe
   StatusBar statusBar;
   FormHost forms;
   class frmStatistics frmStatistics;
+  class frmPathProof frmPathProof;
   PictureBoxProxy ScreenProxy;
   View view;
   Renderer renderer;
   RedrawSequence redraw;
+  DrawingPrinter printer;
+  PictureDisk pictures;
   CState state;
   ViewCommands viewCommands;
   DraftingContext context;

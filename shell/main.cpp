@@ -5,6 +5,7 @@
 
 #include "shell/automation/command_line.h"
 #include "shell/qt/desktop.h"
+#include "shell/qt/paper.h"
 #include "shell/qt/plot.h"
 #include "tools/jet_reader.h"
 
@@ -15,6 +16,8 @@ int main(int argc, char** argv) {
   tess::CommandLine line = tess::parseCommandLine({argv + 1, argv + argc});
   line.showProgress = isatty(STDERR_FILENO) != 0;
   line.jetReader = tess::kThisProgram;
+  tess::QtPaper paper;
+  line.paper = &paper;
   if (line.job == tess::Job::Window) {
     return tess::runDesktop(
         {.drawing = line.drawing, .home = line.home, .jetReader = line.jetReader}, {argv[0]});

@@ -51,6 +51,7 @@ void paintPicture(Application& application, DrawingSurface& surface) {
   Renderer renderer(application.store, application.session.host.prompts, window);
   RedrawSequence redraw(
       {application.store, view, renderer, target, window, window, timers, window});
+  redraw.paintOver = application.interaction.redraw.paintOver;
   redraw.redrawscreen();
 }
 

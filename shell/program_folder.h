@@ -1,5 +1,6 @@
 // Where the program finds its folder (`appfolder`): setups, definitions, drawings and the log.
-// Owns: FolderRequest, folderRequest, programFolder, shippedDataFolder.
+// Owns: FolderRequest, folderRequest, programFolder, userFolder, isFirstStart, endFirstStart,
+//       shippedDataFolder.
 #pragma once
 
 #include <functional>
@@ -24,6 +25,17 @@ FolderRequest folderRequest(std::optional<std::string> home);
 // it has no tess.def yet. Its CNC folder exists afterwards if it can be made. Raises Path not found
 // for a folder that is named and does not exist, and the file failures of filling.
 std::string programFolder(const FolderRequest& request);
+
+// Where what belongs to this user alone is kept, whatever folder the program works in: `tessimo` in
+// XDG_CONFIG_HOME, else in ~/.config, with its last separator; "" without a home folder. It need
+// not exist.
+std::string userFolder(const FolderRequest& request);
+
+// Whether no window has been open yet on the folder that programFolder filled for a user: it is to
+// ask what a new user has to choose. Never in a folder that somebody named.
+bool isFirstStart(const FolderRequest& request, const std::string& folder);
+// That has been asked. Raises what removing a file raises.
+void endFirstStart(const std::string& folder);
 
 // Where the files lie that ship beside the program: share/tessimo of the installation, else the
 // data folder of the source tree that it was built from.

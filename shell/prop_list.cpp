@@ -26,6 +26,14 @@ std::string contentText(const PropertyContent& content) {
 
 // ---- One row
 
+void CPropListItem::QuickSet(std::string name, std::string value, std::string description,
+                             std::string category) {
+  Name = std::move(name);
+  Value = std::move(value);
+  Description = std::move(description);
+  Category = std::move(category);
+}
+
 Bounds CPropListItem::nameField() const {
   return {0, Top, IsCategory ? Width : Width / 2, Height};
 }
@@ -71,8 +79,7 @@ void CPropListItems::AddCategory(const std::string& name) {
   });
   if (known) return;
   CPropListItem heading;
-  heading.Name = name;
-  heading.Category = name;
+  heading.QuickSet(name, {}, {}, name);
   heading.IsCategory = true;
   heading.Enabled = false;
   items_.push_back(std::move(heading));
@@ -194,8 +201,10 @@ void CPropListItems::Scroll(int rows) {
 }
 
 int CPropListItems::HitTest(int x, int y) const {
-  for (int n = 0; n < VisibleCount(); ++n) {
-    if (Item(n).HitTestField(x, y) != PropField::None) return n;
+  int place = 0;
+  for (const CPropListItem& item : NewEnum()) {
+    if (item.HitTest(x, y)) return place;
+    ++place;
   }
   return -1;
 }
@@ -206,8 +215,8 @@ PropField CPropListItems::HitTestField(int x, int y) const {
 }
 
 void CPropListItems::Paint(PropCanvas& canvas, const PropColors& colors) const {
-  for (int n = first_; n < VisibleCount() && Item(n).Top < height_; ++n) {
-    Item(n).Paint(canvas, colors);
+  for (const CPropListItem& item : NewEnum()) {
+    if (item.Top >= 0 && item.Top < height_) item.Paint(canvas, colors);
   }
 }
 
@@ -216,19 +225,14 @@ void CPropListItems::Paint(PropCanvas& canvas, const PropColors& colors) const {
 void PropList::AddProperty(const std::string& name, const PropertyContent& value,
                            const std::string& description, const std::string& category) {
   CPropListItem item;
-  item.Name = name;
-  item.Value = contentText(value);
-  item.Description = description;
-  item.Category = category;
+  item.QuickSet(name, contentText(value), description, category);
   rows_.Add(std::move(item));
 }
 
 void PropList::addTotal(const std::string& name, const std::string& value,
                         const std::string& category) {
   CPropListItem item;
-  item.Name = name;
-  item.Value = value;
-  item.Category = category;
+  item.QuickSet(name, value, {}, category);
   item.Enabled = false;
   rows_.Add(std::move(item));
 }
@@ -243,11 +247,16 @@ void PropList::NeedRefresh() {
   rows_.Refresh();
   std::vector<std::string> names;
   names.reserve(static_cast<std::size_t>(rows_.VisibleCount()));
-  for (int n = 0; n < rows_.VisibleCount(); ++n) names.push_back(rows_.Item(n).Name);
+  for (const CPropListItem& item : rows_.NewEnum()) names.push_back(item.Name);
   setItems(std::move(names));
   const int index = selected.empty() ? -1 : indexOf(selected);
   rows_.setSelectedItemIndex(index);
   select(index);
+}
+
+void PropList::leaveValue(const std::string& name, const std::string& text) {
+  const CPropListItem* const row = std::as_const(rows_).find(name);
+  if (row != nullptr && row->Validate(text) && onChange) onChange(name, text);
 }
 
 bool PropList::selectionChanged() {

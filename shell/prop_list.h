@@ -3,6 +3,8 @@
 // Owns: ListStyle, PropField, PropColors, PropCanvas, CPropListItem, CPropListItems, PropList.
 #pragma once
 
+#include <functional>
+#include <ranges>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -34,6 +36,9 @@ class PropCanvas {
 };
 
 struct CPropListItem {
+  // What a row says, all at once.
+  void QuickSet(std::string name, std::string value, std::string description, std::string category);
+
   std::string Name, Value, Description;
   std::string Category;
   bool IsCategory = false;  // a heading
@@ -45,8 +50,11 @@ struct CPropListItem {
   // The half of the row that belongs to the name, and the other.
   Bounds nameField() const;
   Bounds valueField() const;
+  bool HitTest(int x, int y) const { return HitTestField(x, y) != PropField::None; }
   PropField HitTestField(int x, int y) const;
   void Paint(PropCanvas& canvas, const PropColors& colors) const;
+  // Whether `text` is a new value that the row takes.
+  bool Validate(std::string_view text) const { return !IsCategory && Enabled && text != Value; }
 };
 
 // The rows with their order, their places in a window of some height, and the selected one.
@@ -61,6 +69,11 @@ class CPropListItems {
   int VisibleCount() const { return static_cast<int>(shown_.size()); }
   // In the order of showing, from 0. Raises Invalid procedure call, "Invalid index".
   const CPropListItem& Item(int index) const;
+  // All of them in the order of showing, to be walked.
+  auto NewEnum() const {
+    return std::views::transform(
+        shown_, [this](std::size_t n) -> const CPropListItem& { return items_[n]; });
+  }
   // The first row that is no heading and bears the name; null for none.
   const CPropListItem* find(std::string_view name) const;
 
@@ -127,6 +140,11 @@ class PropList : public ListBox, public PropertyAdder {
   // The operator gives up what was typed over a value.
   Handler onRestore;
   void restore() { fire(onRestore); }
+
+  // The text box over the value of row `name` is left with this text: what the row takes as a new
+  // value is told, once.
+  std::function<void(const std::string& name, const std::string& value)> onChange;
+  void leaveValue(const std::string& name, const std::string& text);
 
  protected:
   bool selectionChanged() override;

@@ -41,6 +41,7 @@ constexpr BandRow kBands[] = {
     {"barText", "Text", BandKind::Panel},
     {"barStatistics", "Statistics", BandKind::Panel},
     {"barProperties", "Properties", BandKind::Panel},
+    {"barPathProof", "Path Proof", BandKind::Panel},
 };
 
 // The recent files stand between printing and leaving.

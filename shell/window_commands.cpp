@@ -22,6 +22,16 @@ void toggleProperties(Application& application) {
   togglePanel(application.interaction.tools, "barProperties");
 }
 
+void togglePathProof(Application& application) {
+  togglePanel(application.interaction.tools, "barPathProof");
+}
+
+void toggleProofPicture(Application& application) {
+  application.proofWatch.togglePicture();
+  application.interaction.tools.setChecked(kShowPathProofCommand.info.tool,
+                                           application.proofWatch.isPictureShown());
+}
+
 void customize(Application& application) {
   application.customizeTools();
 }
@@ -41,6 +51,16 @@ constexpr ShellCommand kStatisticsCommand{
 constexpr ShellCommand kPropertiesCommand{
     .info = {.tool = "miShowProperties", .caption = "Propert&y Window", .menu = {"miView", 320}},
     .run = toggleProperties,
+};
+
+constexpr ShellCommand kPathProofCommand{
+    .info = {.tool = "miPathProof", .caption = "Path Proof Wi&ndow", .menu = {"miView", 330}},
+    .run = togglePathProof,
+};
+
+constexpr ShellCommand kShowPathProofCommand{
+    .info = {.tool = "miShowPathProof", .caption = "Show P&ath Proof", .menu = {"miView", 250}},
+    .run = toggleProofPicture,
 };
 
 }  // namespace tess

@@ -28,16 +28,6 @@ std::string distanceText(double distance) {
   return plainText(roundTo(narrow(distance), kDistanceDecimals));
 }
 
-SegmentRow circleAt(Point center, float radius) {
-  return {.type = kCircle,
-          .x0 = center.x + radius,
-          .y0 = center.y,
-          .x1 = center.x + radius,
-          .y1 = center.y,
-          .xc = center.x,
-          .yc = center.y};
-}
-
 }  // namespace
 
 void BoltPreview::show(std::vector<BoltMark> marks) {
@@ -171,7 +161,7 @@ void BoltCircle::hoverHoles() {
   std::vector<SegmentRow> circles;
   circles.reserve(holes_.size());
   for (const BoltHole& hole : holes_) {
-    circles.push_back(circleAt(hole.place, pattern_.holeDiameter / 2));
+    circles.push_back(segmentRowOf(circleEntity(hole.place, pattern_.holeDiameter / 2)));
   }
   previewRows(cam_.context, std::move(circles));
 }

@@ -89,6 +89,11 @@ bool wantsLeads(const DrawingStore& store, const OffsetRequest& request, Side si
 
 }  // namespace
 
+Side clickedSide(const CamContext& cam, const OffsetRequest& request) {
+  const Point end = otherEnd(cam.store, request.sg, request.start);
+  return sideOfPath(cam, request, travelledRow(cam.store, request.sg, request.start, end));
+}
+
 Placement::Placement(CamContext& cam, Step step)
     : cam_(cam),
       first_(pathInsertIndex(cam.store, cam.pathInsertMode, cam.pathInsertGroup)),
@@ -104,12 +109,12 @@ void Placement::keep() {
   change_.keep({.redraws = false});
 }
 
-void placePathChain(CamContext& cam, const OffsetRequest& request, const Placement& placement) {
+Side placePathChain(CamContext& cam, const OffsetRequest& request, const Placement& placement) {
   DrawingStore& store = cam.store;
   if (!request.pocketMode && !request.exactMode) store.currentpathgroup = nextPathGroup(store);
   if (!hasDirection(store, request.sg, request.start, request.direction)) {
     cam.context.session.host.surroundings.beep();
-    return;
+    return Side::On;
   }
   const Point end = otherEnd(store, request.sg, request.start);
   const Entity first = travelledRow(store, request.sg, request.start, end);
@@ -123,6 +128,7 @@ void placePathChain(CamContext& cam, const OffsetRequest& request, const Placeme
     addLeadInOut(cam, {closed, rows.first, rows.last, request.z, request.feed});
   }
   cam.context.state.setPendingaction(0);
+  return side;
 }
 
 void offsetPathChain(CamContext& cam, const OffsetRequest& request) {

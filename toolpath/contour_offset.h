@@ -1,5 +1,6 @@
 // Contour offsetting: a chain of drawing rows becomes a chain of path rows beside it.
-// Owns: OffsetRequest, offsetPathChain, PlacedRows, Placement, placePathChain, connectPlacedRows.
+// Owns: OffsetRequest, offsetPathChain, clickedSide, PlacedRows, Placement, placePathChain,
+//       connectPlacedRows.
 #pragma once
 
 #include "drafting/change.h"
@@ -28,6 +29,9 @@ struct OffsetRequest {
 // failure leaves no row behind.
 void offsetPathChain(CamContext& cam, const OffsetRequest& request);
 
+// The side on which the click puts the path; On within five pixels of the profile.
+Side clickedSide(const CamContext& cam, const OffsetRequest& request);
+
 // Path rows `first` to `last`; none when last is below first.
 struct PlacedRows {
   int first = 1, last = 0;
@@ -53,8 +57,8 @@ class Placement {
   Change change_;
 };
 
-// What offsetPathChain does, but for the log.
-void placePathChain(CamContext& cam, const OffsetRequest& request, const Placement& placement);
+// What offsetPathChain does, but for the log. Gives the side on which the path lies.
+Side placePathChain(CamContext& cam, const OffsetRequest& request, const Placement& placement);
 
 // Links the gaps within `rows`, and within their level copies at the end of the table, but never to
 // one of the `rowsBefore` rows that were there before.

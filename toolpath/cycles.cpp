@@ -10,6 +10,7 @@
 #include "geometry/entity.h"
 #include "geometry/row_entity.h"
 #include "toolpath/dlgSelectCycle.h"
+#include "toolpath/job_notes.h"
 #include "toolpath/toolpath_commands.h"
 
 namespace tess {
@@ -54,6 +55,7 @@ void placeInNewGroup(CamContext& cam, int cycle, Point from, Point to) {
   cam.store.currentpathgroup = nextPathGroup(cam.store);
   placeCycle(cam, change, cycleRow(cam.store, cycle, from, to));
   change.keep({.redraws = false});
+  noteJob(cam, JobKind::None, 0);
 }
 
 Point marker(const DrawingStore& store) {
@@ -105,6 +107,7 @@ void placeCyclesAt(CamContext& cam, int cycle, std::span<const Point> points) {
   cam.store.currentpathgroup = nextPathGroup(cam.store);
   for (const Point at : points) placeCycle(cam, change, cycleRow(cam.store, cycle, at, at));
   change.keep({.redraws = false});
+  noteJob(cam, JobKind::None, 0);
   refreshStatus(cam.context);  // no click follows that would show the new count
 }
 

@@ -1,12 +1,16 @@
 // View/Edit Path Segments.
 #include "toolpath/dlgEditPath.h"
 
+#include <array>
 #include <utility>
 
 #include "core/number_text.h"
+#include "core/text.h"
+#include "display/view_transform.h"
 #include "drafting/edit_steps.h"
 #include "toolpath/cycles.h"
 #include "toolpath/frmPathMap.h"
+#include "toolpath/path_list.h"
 #include "toolpath/toolpath_commands.h"
 
 namespace tess {
@@ -18,9 +22,21 @@ constexpr int kGrey = 2;              // of a check box
 constexpr int kListedTypes = 3;       // lines and arcs; a cycle only while one is shown
 constexpr std::string_view kCycleType = "8 - Machine Cycle";
 constexpr std::string_view kCycleMark = "8 -";
+constexpr int kOutlineWidth = 3;     // pixels, of what stands out in the drawing
+constexpr double kSmallestRing = 6;  // pixels, round a row that is a point
+
+constexpr std::array<const char*, 4> kFindable{"Tool #", "Path Group #", "Z Depth", "Feed Rate"};
 
 int visibilityValue(bool visible) {
   return visible ? 1 : 0;
+}
+
+// Whether the drawing looks the same with either.
+bool looksAlike(const PathRow& a, const PathRow& b) {
+  PathRow moved = a;
+  moved.feed = b.feed;
+  moved.z = b.z;
+  return moved == b;
 }
 
 bool isUnplaced(const PathRow& row) {
@@ -35,8 +51,14 @@ dlgEditPath::dlgEditPath(CamContext& cam)
   wireControls();
   setDefaultButton(cmdRefresh);
   setCancelButton(cmdExit);
+  setPageButtons(cmdPrev, cmdNext);
+  leavesDrawingInReach = true;
   onLoad = [this] { load(); };
-  onClose = [this] { pointOutUnplaced(); };
+  onClose = [this] { leave(); };
+}
+
+dlgEditPath::~dlgEditPath() {
+  cam_.context.onFormClick = nullptr;
 }
 
 void dlgEditPath::setCaptions() {
@@ -64,6 +86,10 @@ void dlgEditPath::setCaptions() {
   cmdRefresh.setCaption("&Apply");
   cmdAccept.setCaption("A&ccept");
   cmdExit.setCaption("E&xit");
+  lstRows.setCaption(kPathListHeadings);
+  cmbFind.setItems({kFindable.begin(), kFindable.end()});
+  cmbFind.setIndex(0);
+  cmdFindNext.setCaption("Find N&ext");
 }
 
 void dlgEditPath::wireControls() {
@@ -85,6 +111,10 @@ void dlgEditPath::wireControls() {
   cmdRefresh.onClick = [this] { saveAndShow(); };
   cmdAccept.onClick = [this] { saveAndClose(); };
   cmdExit.onClick = [this] { close(); };
+  lstRows.onClick = [this] { goToListed(); };
+  cmdFindNext.onClick = [this] { findNext(); };
+  txtFind.onFocus = [this] { setDefaultButton(cmdFindNext); };
+  txtFind.onLeave = [this] { setDefaultButton(cmdRefresh); };
 }
 
 void dlgEditPath::load() {
@@ -99,8 +129,20 @@ void dlgEditPath::load() {
                                         : chkInsertAtEnd)
       .setChecked(true);
   lstType.setItems({"1 - Line", "2 - CW Arc", "3 - CCW Arc"});
+  lstRows.setSource(0, [this](int index) {
+    return isThere(index + 1)
+               ? pathListLine(store_, index + 1, cam_.context.session.formats.coordfmt)
+               : std::string();
+  });
+  cam_.context.onFormClick = [this](Point at) { goToClicked(at); };
   optApplyToSegment.setValue(true);
   showPathRow(/*redraw=*/false);
+}
+
+void dlgEditPath::leave() {
+  cam_.context.onFormClick = nullptr;
+  endPreview(cam_.context);
+  pointOutUnplaced();
 }
 
 // ---- Showing a row
@@ -142,8 +184,24 @@ void dlgEditPath::showPathRow(bool redraw) {
   chkVisible.setValue(shownVisibility_);
   cmdPrev.setEnabled(row_ > 1);
   cmdNext.setEnabled(row_ < store_.NumPathSegments);
+  listRows();
   filling_ = false;
   enableFields();
+  standOut();
+}
+
+// Whatever was done to the rows before, the list shows them as they are.
+void dlgEditPath::listRows() {
+  lstRows.sourceChanged(store_.NumPathSegments);
+  lstRows.setIndex(row_ - 1);
+}
+
+// The row, or all of its group in that scope.
+void dlgEditPath::standOut() {
+  const std::vector<int> rows =
+      optApplyToGroup.value() ? rowsOfScope(row_) : std::vector<int>{row_};
+  const double ring = kSmallestRing / PixelsPerInchX(cam_.context.ScreenProxy);
+  previewRows(cam_.context, pathOutlines(store_, rows, narrow(ring)), kOutlineWidth);
 }
 
 // Fixed: the list has no entry for types 0 and 4 to 78; such a row keeps its type.
@@ -183,7 +241,9 @@ void dlgEditPath::chooseType() {
 // No field is filled anew, so that what was typed can still go to the scope that is chosen after.
 void dlgEditPath::chooseScope() {
   enableFields();
-  if (filling_ || !isThere(row_) || chkVisible.value() != shownVisibility_) return;
+  if (filling_ || !isThere(row_)) return;
+  standOut();
+  if (chkVisible.value() != shownVisibility_) return;
   shownVisibility_ = visibilityOf(rowsOfScope(row_));
   chkVisible.setValue(shownVisibility_);
 }
@@ -378,16 +438,21 @@ bool dlgEditPath::saveAll(int row) {
 // step of the log. False when the operator would not have it.
 bool dlgEditPath::saveRows(int row, const Edit& edit) {
   Change change(cam_.changes);
+  bool looksOther = false;
   for (const int ps : rowsOfScope(row)) {
     const PathRow before = change.paths.row(ps);
     PathRow now = before;
     edit(now);
     if (now != before) change.paths.replace(ps, now);
-    if (chkVisible.value() != kGrey) change.paths.show(ps, chkVisible.isChecked());
+    if (chkVisible.value() != kGrey) {
+      now.visible = chkVisible.isChecked();
+      change.paths.show(ps, now.visible);
+    }
+    looksOther = looksOther || !looksAlike(before, now);
   }
   if (!optApplyToAll.value()) saveName(change, row);
   if (!keepEdit(cam_.context, change)) return false;
-  cam_.context.redraw.redrawscreen();
+  if (looksOther) cam_.context.redraw.redrawscreen();
   return true;
 }
 
@@ -432,6 +497,31 @@ void dlgEditPath::goToTyped() {
 void dlgEditPath::goTo(int row) {
   row_ = row;
   showPathRow(/*redraw=*/false);
+}
+
+void dlgEditPath::goToListed() {
+  const int row = lstRows.index() + 1;
+  if (!filling_ && row != row_ && isThere(row)) goTo(row);
+}
+
+void dlgEditPath::goToClicked(Point at) {
+  const int row = pathRowAt(store_, at, row_);
+  if (row == 0) return beep(cam_.context);
+  if (row != row_) goTo(row);
+}
+
+void dlgEditPath::findNext() {
+  const auto what = static_cast<PathValue>(cmbFind.index());
+  const std::string wanted = cmbFind.text() + " " + std::string(trimmed(txtFind.text()));
+  const auto say = [this](const std::string& text) {
+    tell(text, "Find Path Segment", MessageIcon::Information);
+  };
+  const std::optional<double> value = numericValue(txtFind.text());
+  if (!value) return say("Type the number to look for, as 2 or -0.25.");
+  const int row = findPathRow(store_, row_, what, *value, cam_.context.session.formats.coordfmt);
+  if (row == 0) return say("There is no path segment with " + wanted + ".");
+  if (row == row_) return say("There is no other path segment with " + wanted + ".");
+  goTo(row);
 }
 
 void dlgEditPath::goOn(int step) {
@@ -499,9 +589,12 @@ void dlgEditPath::setGroup() {
   lblCurrGroup.setCaption(std::to_string(currentGroup_));
 }
 
+// The map is a form of its own, for which a click in the drawing means nothing.
 void dlgEditPath::orderPaths() {
   frmPathMap map(cam_);
+  const auto onClick = std::exchange(cam_.context.onFormClick, [](Point) {});
   cam_.context.session.host.prompts.showModal(map);
+  cam_.context.onFormClick = onClick;
   showPathRow(/*redraw=*/true);
 }
 

@@ -1,5 +1,6 @@
 // View/Edit Path Segments: one path row at a time, to be read and changed alone, with its group or
-// with all others; and where new paths are to go.
+// with all others; and where new paths are to go. Beside it a list of all rows and a search; the
+// row, or its group, stands out in the drawing, where a click goes to another one.
 // Owns: dlgEditPath, mnuCAMEditPathCycle_Click.
 #pragma once
 
@@ -13,6 +14,7 @@
 
 #include "core/drawing_store.h"
 #include "core/form.h"
+#include "geometry/float_points.h"
 #include "toolpath/cam_context.h"
 
 namespace tess {
@@ -21,6 +23,7 @@ class dlgEditPath : public Form {
  public:
   // There must be path rows.
   explicit dlgEditPath(CamContext& cam);
+  ~dlgEditPath() override;
 
   TextBox txtps{*this, "txtps"};
   Label lblTotalSegments{*this, "lblTotalSegments"};
@@ -63,6 +66,10 @@ class dlgEditPath : public Form {
   Button cmdRefresh{*this, "cmdRefresh"};
   Button cmdAccept{*this, "cmdAccept"};
   Button cmdExit{*this, "cmdExit"};
+  ListBox lstRows{*this, "lstRows"};  // the columns of a line between tabs; the caption heads them
+  ComboBox cmbFind{*this, "cmbFind"};
+  TextBox txtFind{*this, "txtFind"};
+  Button cmdFindNext{*this, "cmdFindNext"};
 
   // Takes the fields over into row `row`, or the one that txtps names when it is below 1, and into
   // those that the scope adds, as one step of the log. `ok` becomes false when they are refused.
@@ -84,6 +91,7 @@ class dlgEditPath : public Form {
   void setCaptions();
   void wireControls();
   void load();
+  void leave();
 
   // ---- Showing
   void put(TextBox& box, const std::string& text);
@@ -97,6 +105,8 @@ class dlgEditPath : public Form {
   std::vector<int> rowsOfScope(int row) const;
   int visibilityOf(const std::vector<int>& rows) const;
   void chooseInsertion(CheckBox& chosen);
+  void listRows();
+  void standOut();
 
   // ---- Saving
   template <class Statement>
@@ -123,6 +133,9 @@ class dlgEditPath : public Form {
   void goOn(int step);
   void goToGroup(int step);
   void goTo(int row);
+  void goToListed();
+  void goToClicked(Point at);
+  void findNext();
   void insertRow();
   void deleteRow();
   void deleteGroup();

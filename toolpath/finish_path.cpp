@@ -14,11 +14,13 @@
 #include "toolpath/contour_offset.h"
 #include "toolpath/frmFinishPath.h"
 #include "toolpath/gouge_avoidance.h"
+#include "toolpath/job_walls.h"
 #include "toolpath/lead_gouge.h"
 #include "toolpath/level_check.h"
 #include "toolpath/path_groups.h"
 #include "toolpath/path_placement.h"
 #include "toolpath/toolpath_commands.h"
+#include "toolpath/true_finish.h"
 
 namespace tess {
 namespace {
@@ -33,30 +35,11 @@ void beep(CamContext& cam) {
 
 // ---- The passes
 
-// The tool's radius for the finished size; farther out by the clearance, then by steps.
-float passDistance(const DrawingStore& store, int pass) {
-  const float radius = store.toolradius[store.selectedtool];
-  if (pass == 1) return radius;
-  const auto steps = static_cast<float>(pass - 2);
-  return radius + store.cfg_min_rough_clearance + steps * store.cfg_tool_spacing_distance;
-}
-
 // Fixed: an arc lead alone is not checked; no question comes up for it.
 bool checksLeads(const CamContext& cam) {
   const DrawingStore& store = cam.store;
   return cam.PlaceChain != 0 && store.cfg_lead_in_path && store.cfg_lead_in_angle >= 1 &&
          store.cfg_lead_in_length > 0;
-}
-
-Message leadQuestion(float length) {
-  return {.text =
-              "A possible Gouge was detected betweeen the Lead In/Lead Out paths and the "
-              "Finishing Path.  We recommend a Lead In/Out distance of " +
-              plainText(length) +
-              ".\n\nDo you wish to continue using the recommended Lead In/Out distance ?",
-          .title = "Gouge Detected",
-          .icon = MessageIcon::Question,
-          .buttons = MessageButtons::YesNo};
 }
 
 void offerShorterLeads(CamContext& cam, const PlacedRows& rows) {
@@ -93,10 +76,18 @@ struct PassRequest {
   bool several = false;  // levels
 };
 
+void notePass(CamContext& cam, const OffsetRequest& pass, Side side) {
+  if (side == Side::On) {
+    noteJob(cam, JobKind::OnTheLine, 0);
+  } else {
+    noteJob(cam, JobKind::Contour, pass.radius, wallsBeside(cam.store, pass.sg, pass.click));
+  }
+}
+
 void placePass(CamContext& cam, const PassRequest& pass, AddedRows& added) {
   const int rowsBefore = cam.store.NumPathSegments;
   Placement placement(cam);
-  placePathChain(cam, pass.offset, placement);
+  const Side side = placePathChain(cam, pass.offset, placement);
   if (cam.store.cfg_gouge_avoidance && !placement.rows().empty()) {
     if (pass.several && checksLeads(cam)) offerShorterLeads(cam, placement.rows());
     removeSelfIntersections(cam, placement.first(), ChainKind::Path);
@@ -104,6 +95,7 @@ void placePass(CamContext& cam, const PassRequest& pass, AddedRows& added) {
   placement.keep();
   added.placed(placement.rows());
   if (pass.several) replicateLevels(cam, pass.offset.z, pass.floor, rowsBefore);
+  notePass(cam, pass.offset, side);
 }
 
 // Fixed: the first level runs at the finishing feed, copies at the roughing one; programs do.
@@ -130,8 +122,19 @@ bool levelsArePossible(CamContext& cam, const PassRequest& pass) {
                    pass.floor);
 }
 
+// A path on the profile itself is no matter of walls.
+bool goesByWalls(const CamContext& cam, const PassRequest& pass) {
+  return cam.store.cfg_true_paths && cam.PlaceChain != 0 &&
+         clickedSide(cam, pass.offset) != Side::On;
+}
+
 void placeFinishPath(CamContext& cam) {
   PassRequest pass = passRequest(cam);
+  if (goesByWalls(cam, pass)) {
+    placeTrueFinish(cam, {cam.finishSegment, cam.finishStart, pass.offset.click,
+                          static_cast<int>(cam.numFinishPasses)});
+    return;
+  }
   if (!levelsArePossible(cam, pass)) return;
   const BusyPointer busy(cam.context.systemPointer);
   Change change(cam.changes);

@@ -44,18 +44,22 @@ void frmPathMap::load() {
 
 void frmPathMap::fillList() {
   lines_.clear();
-  std::vector<std::string> texts;
-  texts.reserve(static_cast<std::size_t>(order_.count()) * 2);
+  lines_.reserve(static_cast<std::size_t>(order_.count()) * 2);
   for (int place = 1; place <= order_.count(); ++place) {
     if (order_.startsRun(place)) {
+      order_.nameOf(order_.group(place));
       lines_.push_back({place, true});
-      texts.push_back(groupText(order_.group(place)));
     }
     lines_.push_back({place, false});
-    texts.push_back(rowText(place));
   }
-  lstPathSegments.setItems(std::move(texts));
+  lstPathSegments.setSource(static_cast<int>(lines_.size()),
+                            [this](int line) { return lineText(line); });
   showRapids();
+}
+
+std::string frmPathMap::lineText(int line) {
+  return isGroup(line) ? groupText(groupAt(line))
+                       : rowText(lines_[static_cast<std::size_t>(line)].place);
 }
 
 std::string frmPathMap::groupText(int group) {
@@ -143,14 +147,10 @@ void frmPathMap::demote() {
   exchangeGroups(groupAt(line), groupAt(next));
 }
 
-// Only two lines can look otherwise then, so that the list is not filled anew.
 void frmPathMap::exchangeRows(int line, int other) {
   order_.exchangeRows(lines_[static_cast<std::size_t>(line)].place,
                       lines_[static_cast<std::size_t>(other)].place);
-  for (const int changed : {line, other}) {
-    const std::string text = rowText(lines_[static_cast<std::size_t>(changed)].place);
-    if (lstPathSegments.item(changed) != text) lstPathSegments.setItem(changed, text);
-  }
+  lstPathSegments.sourceChanged(lstPathSegments.count());
   showRapids();
   lstPathSegments.setIndex(other);
 }

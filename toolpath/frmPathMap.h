@@ -40,6 +40,7 @@ class frmPathMap : public Form {
 
   void load();
   void fillList();
+  std::string lineText(int line);
   std::string groupText(int group);
   std::string rowText(int place) const;
   void selectGroup(int group);

@@ -2,6 +2,7 @@
 #include "toolpath/lead_gouge.h"
 
 #include "core/drawing_store.h"
+#include "core/number_text.h"
 #include "core/rounding.h"
 #include "drafting/change.h"
 #include "geometry/float_intersections.h"
@@ -53,6 +54,17 @@ std::optional<float> checkLeadGouge(const DrawingStore& store, int first, int la
     offerHits(shortest, intersectPathSegs(store, last, ps), leadOutStart);
   }
   return shortest.shortest();
+}
+
+Message leadQuestion(float length) {
+  return {.text =
+              "A possible Gouge was detected betweeen the Lead In/Lead Out paths and the "
+              "Finishing Path.  We recommend a Lead In/Out distance of " +
+              plainText(length) +
+              ".\n\nDo you wish to continue using the recommended Lead In/Out distance ?",
+          .title = "Gouge Detected",
+          .icon = MessageIcon::Question,
+          .buttons = MessageButtons::YesNo};
 }
 
 void fitLeadLength(Changes& changes, int ps, float length, LeadEnd moved) {

@@ -21,11 +21,13 @@
 #include "geometry/row_boxes.h"
 #include "geometry/row_entity.h"
 #include "toolpath/gouge_avoidance.h"
+#include "toolpath/job_walls.h"
 #include "toolpath/level_check.h"
 #include "toolpath/path_groups.h"
 #include "toolpath/path_placement.h"
 #include "toolpath/pocket_side.h"
 #include "toolpath/row_barrier.h"
+#include "toolpath/true_pocket.h"
 
 namespace tess {
 namespace {
@@ -369,11 +371,19 @@ void parallelSpiralPocket(CamContext& cam, int sg) {
   if (cuts) cutSpiral(cam, start, range);
   if (!change.keep({.redraws = false})) return;
   mode.keep();
-  if (cuts) showPlacedPaths(cam);
+  if (!cuts) return;
+  noteRoughing(cam);
+  showPlacedPaths(cam);
 }
 
 void clickStartRoughing(CamContext& cam) {
   const PointerRecord& pointer = cam.context.pointer;
+  if (cam.store.cfg_true_paths) {
+    const int rowsBefore = cam.store.NumPathSegments;
+    ringTruePocket(cam, {pointer.MouseX, pointer.MouseY});
+    if (cam.store.NumPathSegments > rowsBefore) noteRoughing(cam);
+    return;
+  }
   parallelSpiralPocket(cam, nearestSelectedSeg(cam.store, {pointer.MouseX, pointer.MouseY}));
 }
 

@@ -8,6 +8,7 @@
 #include "geometry/row_entity.h"
 #include "toolpath/chain_walk.h"
 #include "toolpath/contour_offset.h"
+#include "toolpath/job_notes.h"
 #include "toolpath/level_check.h"
 #include "toolpath/path_placement.h"
 #include "toolpath/placed_outlines.h"
@@ -65,6 +66,7 @@ void quickPlacePaths(CamContext& cam) {
     placeSelectedChains(cam, -std::abs(store.cfg_final_depth));
   }
   change.keep({.redraws = false});
+  noteJob(cam, JobKind::OnTheLine, 0);
   showPlacedPaths(cam);
 }
 

@@ -9,6 +9,7 @@
 #include "drafting/row_edits.h"
 #include "geometry/row_entity.h"
 #include "toolpath/gouge_avoidance.h"
+#include "toolpath/job_walls.h"
 #include "toolpath/level_check.h"
 #include "toolpath/outline_corners.h"
 #include "toolpath/parallel_spiral.h"
@@ -17,6 +18,7 @@
 #include "toolpath/scan_lines.h"
 #include "toolpath/scan_run.h"
 #include "toolpath/toolpath_commands.h"
+#include "toolpath/true_pocket.h"
 #include "toolpath/working_outlines.h"
 #include "toolpath/working_rows.h"
 
@@ -122,6 +124,7 @@ void roughPocket(CamContext& cam) {
   cam.context.redraw.redrawscreen();
   restoreParkedRows(cam.changes);
   change.keep({.redraws = false});
+  if (placed) noteRoughing(cam);
 }
 
 }  // namespace
@@ -152,6 +155,10 @@ void mnuCAMRoughCutPocket_Click(CamContext& cam) {
   cam.roughFloor = roughingFloor(cam.store);
   if (pocketingStyle(cam.store) == PocketingStyle::ParallelSpiral) {
     arm(cam.context, PendingAction::StartRoughing);
+  } else if (cam.store.cfg_true_paths) {
+    const int rowsBefore = cam.store.NumPathSegments;
+    roughTruePocket(cam);
+    if (cam.store.NumPathSegments > rowsBefore) noteRoughing(cam);
   } else if (levelsArePossible(cam)) {
     roughPocket(cam);
   }

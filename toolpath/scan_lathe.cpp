@@ -39,8 +39,9 @@ class LatheTool {
   }
 
   // Fixed: the last lift is to the first retreat's height, 0 when there was none; programs have it.
-  void leave() {
-    if (!spans_.empty() && isInStock()) path_.place(at_, {at_.x, firstHeight_}, kLatheRapidZ);
+  void leave(LatheLeave to) {
+    const float height = to == LatheLeave::ToStock ? float{store_.partdimy} : firstHeight_;
+    if (!spans_.empty() && isInStock()) path_.place(at_, {at_.x, height}, kLatheRapidZ);
     path_.keep();
   }
 
@@ -88,10 +89,15 @@ Clearing scanPocketLathe(CamContext& cam, float feed) {
   const Procedure here("scanPocketLathe(feed)");
   std::optional<ScanRun> run = prepareScanRun(cam, ScanStyle::Lathe);
   if (!run) return Clearing::NothingToCut;
-  std::vector<ScanSpan>& spans = run->spans;
+  cutLatheSpans(cam, std::move(*run), feed, LatheLeave::ToFirstRetreat);
+  return Clearing::Done;
+}
+
+void cutLatheSpans(CamContext& cam, ScanRun run, float feed, LatheLeave leave) {
+  std::vector<ScanSpan>& spans = run.spans;
   std::reverse(spans.begin(), spans.end());
   ScanDirection turns(cuttingMode(cam.store), /*forward=*/1);
-  LatheTool tool(cam, *run, feed);
+  LatheTool tool(cam, run, feed);
   for (auto first = spans.begin(); first != spans.end();) {
     const auto last = std::find_if(
         first, spans.end(), [line = first->line](const ScanSpan& s) { return s.line != line; });
@@ -102,8 +108,7 @@ Clearing scanPocketLathe(CamContext& cam, float feed) {
     std::for_each(first, last, [&tool](const ScanSpan& span) { tool.cut(span); });
     first = last;
   }
-  tool.leave();
-  return Clearing::Done;
+  tool.leave(leave);
 }
 
 }  // namespace tess

@@ -10,6 +10,7 @@
 #include <sys/wait.h>
 #include <vector>
 
+#include "core/child_process.h"
 #include "core/descriptor.h"
 #include "tools/jet_frame.h"
 
@@ -33,48 +34,6 @@ Pipe makePipe() {
   return {aboveStandard(reading.number()), aboveStandard(writing.number())};
 }
 
-class FileActions {
- public:
-  FileActions() { ::posix_spawn_file_actions_init(&actions_); }
-  ~FileActions() { ::posix_spawn_file_actions_destroy(&actions_); }
-  FileActions(const FileActions&) = delete;
-  FileActions& operator=(const FileActions&) = delete;
-
-  void become(int descriptor, int standard) {
-    ::posix_spawn_file_actions_adddup2(&actions_, descriptor, standard);
-  }
-  void discard(int standard) {
-    ::posix_spawn_file_actions_addopen(&actions_, standard, "/dev/null", O_WRONLY, 0);
-  }
-  void closeOthers() { ::posix_spawn_file_actions_addclosefrom_np(&actions_, STDERR_FILENO + 1); }
-  const posix_spawn_file_actions_t* get() const { return &actions_; }
-
- private:
-  posix_spawn_file_actions_t actions_{};
-};
-
-// No signal handled, ignored or held back as this process has it.
-class FreshSignals {
- public:
-  FreshSignals() {
-    ::posix_spawnattr_init(&attributes_);
-    sigset_t signals;
-    ::sigfillset(&signals);
-    ::posix_spawnattr_setsigdefault(&attributes_, &signals);
-    ::sigemptyset(&signals);
-    ::posix_spawnattr_setsigmask(&attributes_, &signals);
-    ::posix_spawnattr_setflags(&attributes_, POSIX_SPAWN_SETSIGDEF | POSIX_SPAWN_SETSIGMASK);
-  }
-  ~FreshSignals() { ::posix_spawnattr_destroy(&attributes_); }
-  FreshSignals(const FreshSignals&) = delete;
-  FreshSignals& operator=(const FreshSignals&) = delete;
-
-  const posix_spawnattr_t* get() const { return &attributes_; }
-
- private:
-  posix_spawnattr_t attributes_{};
-};
-
 // The library takes code pages and options from its environment: it gets none. What finds the
 // program's own libraries stays.
 std::vector<std::string> readerEnvironment() {
@@ -89,7 +48,7 @@ std::vector<std::string> readerEnvironment() {
 class ReaderProcess {
  public:
   ReaderProcess(const std::string& reader, const Descriptor& input, const Descriptor& output) {
-    FileActions files;
+    ChildFiles files;
     files.become(input.number(), STDIN_FILENO);
     files.become(output.number(), STDOUT_FILENO);
     files.discard(STDERR_FILENO);
@@ -102,8 +61,8 @@ class ReaderProcess {
     environment.reserve(variables.size() + 1);
     for (std::string& variable : variables) environment.push_back(variable.data());
     environment.push_back(nullptr);
-    const FreshSignals signals;
-    const int error = ::posix_spawn(&process_, reader.c_str(), files.get(), signals.get(),
+    const ChildAttributes attributes;
+    const int error = ::posix_spawn(&process_, reader.c_str(), files.get(), attributes.get(),
                                     arguments, environment.data());
     if (error != 0) process_ = -1;
   }

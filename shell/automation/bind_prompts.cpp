@@ -84,6 +84,7 @@ void bindPrompts(lua_State* L) {
   ScriptHost& host = scriptOf(L).host;
   host.prompts.attach(L);
   host.guard.attach(L);
+  host.programs.attach(L);
   keepStatusTexts(L, scriptOf(L).application.interaction.statusBar);
   showBeeps(L, host.surroundings.beeps);
   host.surroundings.onBeep = [L](long long count) { showBeeps(L, count); };

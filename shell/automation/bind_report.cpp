@@ -19,6 +19,14 @@ void setCount(lua_State* L, const char* field, int value) {
   lua_setfield(L, -2, field);
 }
 
+// Those of a tool, or of all.
+template <typename Share>
+void setTimes(lua_State* L, const Share& share) {
+  setNumber(L, "minutes", share.minutes);
+  setNumber(L, "program_minutes", share.programMinutes);
+  setNumber(L, "machine_minutes", share.machineMinutes);
+}
+
 std::string toolName(const DrawingStore& store, int tool) {
   return "tool " + std::to_string(tool + 1) + ", " + store.toolname[tool];
 }
@@ -43,29 +51,31 @@ void pushTools(lua_State* L, const DrawingStore& store, const PathReport& report
   lua_createtable(L, static_cast<int>(report.tools.size()), 0);
   lua_Integer place = 0;
   for (const ToolShare& share : report.tools) {
-    lua_createtable(L, 0, 5);
+    lua_createtable(L, 0, 7);
     setCount(L, "tool", share.tool + 1);
     push(L, store.toolname[share.tool]);
     lua_setfield(L, -2, "name");
     setCount(L, "rows", share.rows);
     setNumber(L, "length", share.length);
-    setNumber(L, "minutes", share.minutes);
+    setTimes(L, share);
     lua_rawseti(L, -2, ++place);
   }
 }
 
 int reportJob(Script& script, lua_State* L) {
   const DrawingStore& store = script.application.store;
-  const PathReport report = reportPaths(store);
-  lua_createtable(L, 0, 6);
+  const PathReport report = reportPaths(store, motionRules(script.application.definition.dialect));
+  lua_createtable(L, 0, 9);
   setCount(L, "segments", store.NumSegments);
   setCount(L, "rows", report.rows);
   setNumber(L, "length", report.length);
-  setNumber(L, "minutes", report.minutes);
+  setTimes(L, report);
   pushTools(L, store, report);
   lua_setfield(L, -2, "tools");
   push(L, reportText(store, report));
   lua_setfield(L, -2, "text");
+  push(L, summaryOf(store, report));
+  lua_setfield(L, -2, "summary");
   return 1;
 }
 

@@ -16,6 +16,7 @@
 #include "shell/automation/tool_chest_routines.h"
 #include "shell/automation/toolpath_routines.h"
 #include "shell/automation/transform_routines.h"
+#include "shell/printing.h"
 
 namespace tess {
 namespace {
@@ -34,6 +35,14 @@ tuple<string, string, float, float, float> formCncLine(Application& application,
 }
 
 constexpr Routine kRoutines[] = {
+    // Pictures of the disk.
+    routine("store_Picture",
+            [](Application& application) {
+              Interaction& interaction = application.interaction;
+              interaction.pictures.store_Picture(interaction.statusBar);
+            }),
+    routine("mnuFileViewPic_Click",
+            [](Application& application) { mnuFileViewPic_Click(application); }),
     // The store.
     routine("AddSeg",
             [](Application& application, int type, Int16 attr, float x0, float y0, float x1,

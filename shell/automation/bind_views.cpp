@@ -5,6 +5,7 @@
 #include "core/file_system.h"
 #include "shell/automation/bindings.h"
 #include "shell/automation/lua_routines.h"
+#include "shell/printing.h"
 
 namespace tess {
 namespace {
@@ -48,6 +49,10 @@ void plot(Script& script, const std::string& file, std::optional<int> width,
   const PixelSize size{width.value_or(static_cast<int>(area.width)),
                        height.value_or(static_cast<int>(area.height))};
   requireUsable(size);
+  if (isVectorPicture(name)) {
+    script.hand.settle();
+    return writeVectorPicture(application.session, folder + name);
+  }
   if (!script.writePicture) throw ScriptMisuse("this program writes no pictures");
   script.hand.settle();
   script.writePicture(application, folder + name, size);

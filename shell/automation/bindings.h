@@ -1,7 +1,7 @@
 // The names that a script finds, each group put into the globals of a state by one call. All of
 // them need scriptOf(L) and protected mode.
 // Owns: bindStore, bindRows, bindGeometry, bindRoutines, bindFileCommands, bindPrompts, bindState,
-//       bindEvents, bindViews, bindReport.
+//       bindEvents, bindViews, bindReport, bindProof.
 #pragma once
 
 #include "shell/automation/script.h"
@@ -19,5 +19,6 @@ void bindState(lua_State* L);   // state
 void bindEvents(lua_State* L);  // tool, tool_state, key, press, ..., wheel, wait
 void bindViews(lua_State* L);   // view, plot
 void bindReport(lua_State* L);  // report
+void bindProof(lua_State* L);   // proof
 
 }  // namespace tess

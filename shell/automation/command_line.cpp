@@ -11,6 +11,7 @@
 
 #include "core/date_text.h"
 #include "core/version.h"
+#include "display/scaled_print.h"
 #include "shell/automation/file_jobs.h"
 #include "shell/automation/reports.h"
 #include "shell/program_folder.h"
@@ -33,6 +34,9 @@ struct Options {
   std::string mode;
   std::string size;
   std::string date;
+  bool checks = false;
+  std::string scale;
+  std::string sheet;
   std::vector<std::string> tools;  // what to do, and the file
 };
 
@@ -70,6 +74,19 @@ std::string dateError(const std::string& text) {
   return "'" + text + "' is not a date as 2026-03-09, 2026-03-09T14:05 or 2026-03-09T14:05:07";
 }
 
+std::string scaleError(const std::string& text) {
+  if (readPrintScale(text)) return {};
+  return "'" + text + "' is not a scale above 0, as 1, 0.5, 1:2 or 2:1";
+}
+
+std::string paperError(const std::string& text) {
+  if (paperNamed(text) != nullptr) return {};
+  std::string names;
+  for (const PaperSize& size : paperSizes())
+    names += (names.empty() ? "" : ", ") + std::string(size.name);
+  return "'" + text + "' is not one of " + names;
+}
+
 // A number of seconds that the clock can count.
 std::string timeoutError(const std::string& text) {
   constexpr double kLongest = 1e9;
@@ -78,6 +95,10 @@ std::string timeoutError(const std::string& text) {
   const auto [last, wrong] = std::from_chars(text.data(), end, seconds);
   const bool usable = wrong == std::errc() && last == end && seconds >= 0 && seconds <= kLongest;
   return usable ? "" : "'" + text + "' is not a number of seconds, as 60 or 0.5";
+}
+
+std::string emptyError(const std::string& text) {
+  return text.empty() ? "a name is missing" : "";
 }
 
 void addScriptOptions(CLI::App& app, Options& options) {
@@ -95,6 +116,25 @@ void addScriptOptions(CLI::App& app, Options& options) {
       ->check(CLI::Validator(timeoutError, ""));
 }
 
+void addPrintOptions(CLI::App& app, Options& options) {
+  auto* const print = app.add_option("--print", options.line.picture,
+                                     "Write DRAWING to FILE.pdf, to scale and on as many sheets as "
+                                     "it takes")
+                          ->type_name("FILE.pdf")
+                          ->excludes(kRun)
+                          ->excludes(kPlay)
+                          ->excludes("--make-cnc")
+                          ->excludes("--plot");
+  app.add_option("--scale", options.scale, "Scale of --print, paper to part; 1:1 without it")
+      ->type_name("S|S:S")
+      ->check(CLI::Validator(scaleError, ""))
+      ->needs(print);
+  app.add_option("--paper", options.sheet, "Sheets of --print; those of the page set-up without it")
+      ->type_name("NAME")
+      ->check(CLI::Validator(paperError, ""))
+      ->needs(print);
+}
+
 void addFileOptions(CLI::App& app, Options& options) {
   auto* const make = app.add_option("--make-cnc", options.mode, "Write the CNC program of DRAWING")
                          ->type_name("mill|lathe")
@@ -104,12 +144,27 @@ void addFileOptions(CLI::App& app, Options& options) {
   app.add_option("-o", options.line.output, "Write the program to FILE")
       ->type_name("FILE")
       ->needs(make);
+  app.add_option("--setup", options.line.setup,
+                 "Make the program by this setup of the program's folder and its definition")
+      ->type_name("NAME")
+      ->needs(make)
+      ->check(CLI::Validator(emptyError, ""));
   auto* const plot =
-      app.add_option("--plot", options.line.picture, "Write a picture of DRAWING to FILE.png")
-          ->type_name("FILE.png")
+      app.add_option("--plot", options.line.picture,
+                     "Write a picture of DRAWING to FILE.png, or to FILE.svg in real units")
+          ->type_name("FILE.png|svg")
           ->excludes(kRun)
           ->excludes(kPlay)
           ->excludes(make);
+  addPrintOptions(app, options);
+  auto* const check =
+      app.add_flag("--check", options.checks,
+                   "Print the path proof of DRAWING; status 1 when a limit is passed")
+          ->excludes(kRun)
+          ->excludes(kPlay)
+          ->excludes(make)
+          ->excludes(plot)
+          ->excludes("--print");
   app.add_option("--tools", options.tools,
                  "Write the tools of the setup to FILE.csv or FILE.tbl, or take its tools over")
       ->type_name("export|import FILE")
@@ -118,11 +173,12 @@ void addFileOptions(CLI::App& app, Options& options) {
       ->excludes(kRun)
       ->excludes(kPlay)
       ->excludes(make)
-      ->excludes(plot);
+      ->excludes(plot)
+      ->excludes(check);
   app.add_flag("--force", options.line.force,
                "Write the program over any file, and by a damaged definition");
   app.add_option("DRAWING", options.line.drawing,
-                 "The drawing to open, to plot, or to make a program of")
+                 "The drawing to open, to plot, to check, or to make a program of")
       ->excludes(kRun)
       ->excludes(kPlay);
 }
@@ -164,10 +220,10 @@ void settleTools(const CLI::App& app, Options& options) {
   line.library = options.tools.back();
 }
 
-void settleDrawing(Options& options, bool plots) {
+void settleDrawing(Options& options, const char* option, Job job) {
   CommandLine& line = options.line;
-  if (line.drawing.empty()) throw CLI::RequiresError(plots ? "--plot" : "--make-cnc", "DRAWING");
-  line.job = plots ? Job::Plot : Job::MakeCnc;
+  if (line.drawing.empty()) throw CLI::RequiresError(option, "DRAWING");
+  line.job = job;
   line.mode = options.mode == "lathe" ? CncMode::Lathe : CncMode::Mill;
 }
 
@@ -177,6 +233,8 @@ void settle(const CLI::App& app, Options& options) {
   const bool plays = app.count(kPlay) > 0;
   const bool plots = app.count("--plot") > 0;
   const bool makes = app.count("--make-cnc") > 0;
+  const bool prints = app.count("--print") > 0;
+  const bool checks = options.checks;
   if (app.count("--home") > 0) line.home = options.home;
   if (app.count(kRun) > 0) line.job = Job::RunScript;
   if (plays) line.job = Job::PlayScript;
@@ -186,12 +244,18 @@ void settle(const CLI::App& app, Options& options) {
   if (isGiven(app, "--size", scripts || plots, "--run or --plot"))
     line.size = *sizeIn(options.size);
   const bool exchanges = app.count("--tools") > 0;
-  isGiven(app, "--force", plots || makes || exchanges, "--make-cnc, --plot or --tools");
+  isGiven(app, "--force", plots || makes || prints || exchanges,
+          "--make-cnc, --plot, --print or --tools");
   if (isGiven(app, "--date", scripts || plots || makes, "--run, --make-cnc or --plot")) {
     line.date = momentIn(options.date);
   }
+  if (!options.scale.empty()) line.scale = *readPrintScale(options.scale);
+  if (!options.sheet.empty()) line.sheet = options.sheet;
   if (exchanges) settleTools(app, options);
-  if (plots || makes) settleDrawing(options, plots);
+  if (plots) settleDrawing(options, "--plot", Job::Plot);
+  if (prints) settleDrawing(options, "--print", Job::Print);
+  if (makes) settleDrawing(options, "--make-cnc", Job::MakeCnc);
+  if (checks) settleDrawing(options, "--check", Job::Check);
 }
 
 CommandLine printAndExit(const CLI::App& app, const CLI::ParseError& error) {
@@ -212,6 +276,7 @@ ExitStatus makeProgram(const CommandLine& line, std::ostream& out, std::ostream&
   return makeCncFile({.drawing = line.drawing,
                       .mode = line.mode,
                       .output = line.output,
+                      .setup = line.setup,
                       .force = line.force,
                       .appfolder = programFolder(folderRequest(line.home)),
                       .date = line.date},
@@ -227,6 +292,22 @@ ExitStatus plotDrawing(const CommandLine& line, const PictureWriter& writePictur
                     .appfolder = programFolder(folderRequest(line.home)),
                     .date = line.date},
                    writePicture, err);
+}
+
+ExitStatus printDrawing(const CommandLine& line, std::ostream& err) {
+  return writePrint({.drawing = line.drawing,
+                     .file = line.picture,
+                     .scale = line.scale,
+                     .sheet = line.sheet,
+                     .force = line.force,
+                     .appfolder = programFolder(folderRequest(line.home)),
+                     .paper = line.paper},
+                    err);
+}
+
+ExitStatus checkDrawing(const CommandLine& line, std::ostream& out, std::ostream& err) {
+  return checkPaths({.drawing = line.drawing, .appfolder = programFolder(folderRequest(line.home))},
+                    out, err);
 }
 
 ExitStatus exchangeToolChest(const CommandLine& line, std::ostream& out, std::ostream& err) {
@@ -255,6 +336,10 @@ ExitStatus runJob(const CommandLine& line, const PictureWriter& writePicture, st
       return makeProgram(line, out, err);
     case Job::Plot:
       return plotDrawing(line, writePicture, err);
+    case Job::Print:
+      return printDrawing(line, err);
+    case Job::Check:
+      return checkDrawing(line, out, err);
     case Job::Tools:
       return exchangeToolChest(line, out, err);
     case Job::Window:
@@ -294,7 +379,9 @@ ScriptJob scriptJob(const CommandLine& line) {
                 .limits = {},
                 .timeout = line.timeout,
                 .showProgress = line.showProgress,
-                .jetReader = line.jetReader};
+                .jetReader = line.jetReader,
+                .userfolder = userFolder(folderRequest(line.home)),
+                .paper = line.paper};
   if (line.home) job.folders.push_back(*line.home);
   return job;
 }

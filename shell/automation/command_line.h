@@ -13,7 +13,7 @@
 
 namespace tess {
 
-enum class Job { Window, RunScript, PlayScript, MakeCnc, Plot, Tools, PrintAndExit };
+enum class Job { Window, RunScript, PlayScript, MakeCnc, Plot, Print, Check, Tools, PrintAndExit };
 
 struct CommandLine {
   Job job = Job::Window;
@@ -24,15 +24,19 @@ struct CommandLine {
   bool allowIo = false;
   double timeout = 0;  // of the script, in seconds; 0: none
   CncMode mode = CncMode::Mill;
-  std::string output;  // of the program; empty: where its rules put it
-  std::string picture;
-  std::string library;           // of Tools
-  bool importsTools = false;     // from it; else they go there
-  bool force = false;            // over what a program or a picture does not replace by itself
-  PixelSize size;                // of the surface that nobody sees, or of the picture
+  std::string output;                // of the program; empty: where its rules put it
+  std::string setup;                 // of the program; empty: the one in force
+  std::string picture;               // of Plot; the PDF file of Print
+  double scale = 1;                  // of Print: paper over part
+  std::optional<std::string> sheet;  // of Print: the name of a paper size
+  std::string library;               // of Tools
+  bool importsTools = false;         // from it; else they go there
+  bool force = false;                // over what a program or a picture does not replace by itself
+  PixelSize size;                    // of the surface that nobody sees, or of the picture
   std::optional<DateTime> date;  // that programs and drawings bear; none: of the machine's clock
   bool showProgress = false;     // on the error stream: for a terminal
   std::string jetReader{};       // the program that reads Jet databases; empty: none does
+  Paper* paper = nullptr;        // null: nothing can be printed
 
   // Of PrintAndExit: --help, --version or wrong usage.
   ExitStatus status = ExitStatus::Done;

@@ -11,17 +11,20 @@
 #include "core/file_writer.h"
 #include "core/form.h"
 #include "core/setup_file.h"
+#include "core/text.h"
 #include "display/drawing_extents.h"
 #include "shell/application.h"
 #include "shell/automation/message_buttons.h"
 #include "shell/automation/reports.h"
 #include "shell/automation/script_host.h"
+#include "shell/printing.h"
 #include "shell/virtual_screen.h"
 #include "tools/tool_library.h"
 
 namespace tess {
 namespace {
 
+constexpr char kSetupExtension[] = ".MSU";
 constexpr int kRedrawTime = 1000;  // milliseconds: more than the stages of a redraw take
 
 struct ProgramJob {
@@ -29,6 +32,7 @@ struct ProgramJob {
   std::string appfolder;
   PixelSize size;
   std::optional<DateTime> date;
+  std::string setup{};  // empty: the one in force
 };
 
 // A reason why the job cannot be done.
@@ -99,6 +103,26 @@ void load(Application& application, const JobPrompts& prompts, const std::string
   if (application.store.drawingname.empty()) throw JobFailure(lastOf(prompts.texts));
 }
 
+std::string setupsOf(const std::string& folder) {
+  std::string names;
+  for (const std::string& file : listFolder(folder).files) {
+    if (!upperCased(file).ends_with(kSetupExtension)) continue;
+    names += (names.empty() ? "" : ", ") + file;
+  }
+  return names.empty() ? "none" : names;
+}
+
+// Setups are looked for in the program's folder alone, as everywhere.
+void useSetup(Session& session, const std::string& setup) {
+  std::string folder;
+  const std::string name = splitPath(folder, setup, kSetupExtension);
+  if (!folder.empty() || name.empty() || !fileExists(session.appfolder + name)) {
+    throw JobFailure("the program's folder has no setup " + setup + " (there are " +
+                     setupsOf(session.appfolder) + ")");
+  }
+  changeSetup(session, session.appfolder + name);
+}
+
 constexpr char kForced[] = " (--force writes over it)";
 
 void requireSound(const PostDefinition& definition) {
@@ -135,15 +159,38 @@ void showAll(Application& application) {
   if (!all) application.interaction.viewCommands.ZoomExtents();
 }
 
-void plot(Application& application, const PlotJob& job, const PictureWriter& writePicture) {
+// The full path of a picture or print; an extension is added to a name without one.
+std::string pathBeside(const Application& application, const std::string& file, bool force,
+                       const char* extension) {
   std::string folder;
-  const std::string name = splitPath(folder, job.picture, "PNG");
-  if (!job.force && isOfDrawing(application.store, folder + name)) {
-    throw JobFailure(job.picture + " is a file of the drawing itself" + kForced);
+  const std::string name = splitPath(folder, file, extension);
+  std::string path = folder + name;
+  if (!force && isOfDrawing(application.store, path)) {
+    throw JobFailure(file + " is a file of the drawing itself" + kForced);
   }
+  return path;
+}
+
+void plot(Application& application, const PlotJob& job, const PictureWriter& writePicture) {
+  const std::string path = pathBeside(application, job.picture, job.force, "PNG");
   application.store.showpaths = 1;
+  if (isVectorPicture(path)) return writeVectorPicture(application.session, path);
+  if (!writePicture) throw JobFailure("this program writes no pictures");
   showAll(application);
-  writePicture(application, folder + name, job.size);
+  writePicture(application, path, job.size);
+}
+
+void print(Application& application, const PrintJob& job) {
+  if (job.paper == nullptr) throw JobFailure("this program prints nothing");
+  const Session& session = application.session;
+  const std::string path = pathBeside(application, job.file, job.force, "PDF");
+  application.store.showpaths = 1;
+  ScaledPrint print;
+  print.scale = job.scale;
+  print.page = pageSetupOf(session);
+  if (job.sheet) print.page.paper = paperNamed(*job.sheet)->name;
+  job.paper->compose(scaledDocument(session, print));
+  writeFile(session.host.guard, path, FileKind::Picture, job.paper->pdf());
 }
 
 // A program that has been brought up for a job.
@@ -184,6 +231,7 @@ ExitStatus withProgram(const ProgramJob& job, std::ostream& err,
 ExitStatus withDrawing(const ProgramJob& job, std::ostream& err,
                        const std::function<void(Application&)>& work) {
   return withProgram(job, err, [&](const JobRun& run) {
+    if (!job.setup.empty()) useSetup(run.application.session, job.setup);
     load(run.application, run.prompts, job.file);
     run.timers.advance(kRedrawTime);
     work(run.application);
@@ -222,7 +270,7 @@ ToolImport importToolChest(Application& application, const ToolsJob& job) {
 }  // namespace
 
 ExitStatus makeCncFile(const CncJob& job, std::ostream& out, std::ostream& err) {
-  return withDrawing({job.drawing, job.appfolder, {}, job.date}, err,
+  return withDrawing({job.drawing, job.appfolder, {}, job.date, job.setup}, err,
                      [&](Application& application) {
                        const std::string file = make(application, job);
                        if (job.output.empty()) out << file << '\n';
@@ -246,12 +294,25 @@ ExitStatus exchangeTools(const ToolsJob& job, std::ostream& out, std::ostream& e
   return result.problems.empty() ? status : ExitStatus::JobFailed;
 }
 
+ExitStatus writePrint(const PrintJob& job, std::ostream& err) {
+  return withDrawing({job.drawing, job.appfolder, {}, {}}, err,
+                     [&](Application& application) { print(application, job); });
+}
+
 ExitStatus writePlot(const PlotJob& job, const PictureWriter& writePicture, std::ostream& err) {
   return withDrawing({job.drawing, job.appfolder, job.size, job.date}, err,
-                     [&](Application& application) {
-                       if (!writePicture) throw JobFailure("this program writes no pictures");
-                       plot(application, job, writePicture);
-                     });
+                     [&](Application& application) { plot(application, job, writePicture); });
+}
+
+ExitStatus checkPaths(const CheckJob& job, std::ostream& out, std::ostream& err) {
+  bool passed = true;
+  const ExitStatus status =
+      withDrawing({job.drawing, job.appfolder, {}, {}}, err, [&](Application& application) {
+        const PathProof proof = application.proofWatch.prove();
+        out << proofText(proof);
+        passed = !proof.isBeyondLimits();
+      });
+  return passed ? status : ExitStatus::JobFailed;
 }
 
 }  // namespace tess

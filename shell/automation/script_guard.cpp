@@ -16,6 +16,9 @@ namespace {
 
 constexpr mode_t kExecuteBits = 0111;
 constexpr char kHidden[] = "a script writes no file whose name begins with a point";
+constexpr char kOperatorsChoice[] = "a script does not choose the program that files are sent to";
+constexpr char kControlLocation[] =
+    "a script writes down no other program (it needs --allow-io in front of --run)";
 constexpr char kExecutable[] = "a script writes over no file that can be executed";
 
 std::string extensionOf(const std::string& name) {
@@ -45,9 +48,12 @@ const char* wrongName(FileKind kind, const std::string& name) {
       return isOneOf(name, {".csv", ".tbl"}) ? nullptr
                                              : "a script exports tools only as .csv or .tbl";
     case FileKind::Program:
-      return isOneOf(name, {".cdm", ".tpm"}) ? "a program does not go where drawings are kept"
-                                             : nullptr;
+      return isOneOf(name, {".cdm", ".tpm", ".tpj"})
+                 ? "a program does not go where drawings are kept"
+                 : nullptr;
     case FileKind::Companion:
+    case FileKind::ControlLocation:
+    case FileKind::SendProgram:
     case FileKind::Record:
       return nullptr;
   }
@@ -67,6 +73,11 @@ std::optional<std::string> ScriptGuard::refusal(const FileWrite& write) const {
   const bool namedByProgram = write.kind == FileKind::Companion || write.kind == FileKind::Record;
   if (write.kind == FileKind::Record && folders_.isProgramFolder(write.folder)) {
     return std::nullopt;
+  }
+  if (write.kind == FileKind::SendProgram) return because(kOperatorsChoice);
+  if (write.kind == FileKind::ControlLocation) {
+    const bool may = mayReachPrograms && folders_.isProgramFolder(write.folder);
+    return may ? std::nullopt : std::optional(because(kControlLocation));
   }
   if (!folders_.holds(write.folder)) return AllowedFolders::outside(write.path);
   if (!namedByProgram && write.name.starts_with('.')) return because(kHidden);

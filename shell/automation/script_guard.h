@@ -23,6 +23,9 @@ class ScriptGuard : public WriteGuard {
   void attach(lua_State* L) { lua_ = L; }
   void detach() { lua_ = nullptr; }
 
+  // Whether it may write down where the machine-control program lies.
+  bool mayReachPrograms = false;
+
   bool trustsLinks() const override { return false; }
   void require(const FileWrite& write) override;
   bool permits(const FileWrite& write) const override { return !refusal(write); }

@@ -4,7 +4,9 @@
 #include <ctime>
 
 #include "core/form.h"
+#include "core/runtime_failure.h"
 #include "shell/automation/message_buttons.h"
+#include "shell/automation/script.h"
 
 namespace tess {
 
@@ -34,6 +36,14 @@ void CollectedReports::showModal(Form& form) {
 void ScriptFailures::report(const RuntimeFailure& failure) {
   reporting_.report(failure);
   show_();
+}
+
+void ScriptPrograms::start(const std::string& program, const std::vector<std::string>& arguments) {
+  if (mayBeReached_) return local_.start(program, arguments);
+  const std::string reason =
+      "a script starts no other program (it needs --allow-io in front of --run)";
+  if (lua_ != nullptr) raise(lua_, reason);
+  throw RuntimeFailure(FailureNumber::PermissionDenied, program, reason);
 }
 
 void ScriptHost::showReports() {

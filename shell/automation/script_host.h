@@ -1,7 +1,7 @@
 // The platform that a script has, with a window or without one: its answers to what the program
 // asks, beeps that are counted, failures that end in the log and in its messages.
 // Owns: VirtualClock, QuietSurroundings, CountedSurroundings, CollectedReports, ScriptFailures,
-//       ScriptHost.
+//       ScriptPrograms, ScriptHost.
 #pragma once
 
 #include <chrono>
@@ -11,6 +11,7 @@
 #include <utility>
 #include <vector>
 
+#include "cnc/other_programs.h"
 #include "core/host.h"
 #include "core/timers.h"
 #include "shell/automation/script_guard.h"
@@ -27,11 +28,13 @@ class VirtualClock : public Clock {
   explicit VirtualClock(const VirtualTimers& timers, std::optional<DateTime> date = {})
       : timers_(timers), date_(date) {}
   DateTime now() override;
-  double elapsedMilliseconds() override { return static_cast<double>(timers_.now()); }
+  double elapsedMilliseconds() override { return static_cast<double>(timers_.now()) + slept_; }
+  void sleep(double milliseconds) override { slept_ += milliseconds; }
 
  private:
   const VirtualTimers& timers_;
   std::optional<DateTime> date_;
+  double slept_ = 0;  // milliseconds of sleep, in which no timer runs
   std::chrono::system_clock::time_point start_ = std::chrono::system_clock::now();
 };
 
@@ -101,6 +104,24 @@ class ScriptFailures : public FailureSink {
   std::function<void()> show_;
 };
 
+// Starts other programs for a script that may do so; for any other it is an error of the script.
+class ScriptPrograms : public OtherPrograms {
+ public:
+  // The state in which a refusal is an error. Call `start` in protected mode then.
+  void attach(lua_State* L) { lua_ = L; }
+  void detach() { lua_ = nullptr; }
+  void allow(bool may) { mayBeReached_ = may; }
+
+  bool mayBeReached() const override { return mayBeReached_; }
+  bool isOperatorAsked() const override { return false; }
+  void start(const std::string& program, const std::vector<std::string>& arguments) override;
+
+ private:
+  LocalPrograms local_;
+  lua_State* lua_ = nullptr;
+  bool mayBeReached_ = false;
+};
+
 // The host of a program that a script works, on the clock and the surroundings of its platform.
 struct ScriptHost {
   ScriptHost(const AllowedFolders& folders, Clock& clock, Surroundings& platform)
@@ -110,6 +131,12 @@ struct ScriptHost {
         failures(reporting, [this] { showReports(); }),
         guard(folders),
         host{prompts, clock, surroundings, failures, guard} {}
+
+  // Whether the script may start other programs and say where they lie.
+  void allowOtherPrograms(bool may) {
+    guard.mayReachPrograms = may;
+    programs.allow(may);
+  }
 
   // The reports that have come since the last call, as messages of the kind "error".
   void showReports();
@@ -123,6 +150,7 @@ struct ScriptHost {
   HuntERR reporting;
   ScriptFailures failures;
   ScriptGuard guard;
+  ScriptPrograms programs;
   Host host;
 };
 

@@ -135,6 +135,7 @@ int runAll(Script& script, lua_State* L) {
   bindEvents(L);
   bindViews(L);
   bindReport(L);
+  bindProof(L);
   setArguments(L, run.job);
   script.started = true;
   limitInstructions(L, run.job.limits.instructions);
@@ -177,6 +178,7 @@ class Attached {
     parts_.host.surroundings.onServe = nullptr;
     parts_.host.prompts.detach();
     parts_.host.guard.detach();
+    parts_.host.programs.detach();
     parts_.host.prompts.stage = nullptr;
   }
   Attached(const Attached&) = delete;
@@ -239,7 +241,13 @@ ExitStatus runScriptText(const ScriptJob& job, std::string_view text,
   QuietSurroundings surroundings;
   ScriptHost host(folders, clock, surroundings);
   host.reporting.setFolder(job.appfolder);
-  Application application({host.host, host.reporting, screen.ports, job.jetReader});
+  Application application({.host = host.host,
+                           .reporting = host.reporting,
+                           .screen = screen.ports,
+                           .jetReader = job.jetReader,
+                           .others = &host.programs,
+                           .userfolder = job.userfolder,
+                           .paper = job.paper});
   screen.pointer.onArrival = [&](int pixelX, int pixelY) {
     deliverArrival(application, pixelX, pixelY);
   };
@@ -272,6 +280,7 @@ ExitStatus runScriptOn(const ScriptParts& parts, const ScriptJob& job, std::stri
   Watchdog watchdog(job.timeout, [&] {
     exitAtOnce("tessimo: " + oneLine(job.path + ": " + watchdog.complaint()));
   });
+  parts.host.allowOtherPrograms(job.fileAccess);
   ScriptHand hand(parts.application, parts.host, parts.time, parts.stage);
   Script script{.application = parts.application,
                 .host = parts.host,

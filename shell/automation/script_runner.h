@@ -36,6 +36,8 @@ struct ScriptJob {
   double timeout = 0;         // seconds; 0: as long as it takes
   bool showProgress = false;  // the status line of long commands, on the error stream
   std::string jetReader{};    // the program that reads Jet databases; empty: none does
+  std::string userfolder{};   // what belongs to this user alone; empty: nothing is kept
+  Paper* paper = nullptr;     // null: nothing can be printed
 };
 
 // The folders that the file commands of the script may touch.

@@ -21,9 +21,12 @@
 #include <cmath>
 #include <utility>
 
+#include "cnc/file_text.h"
 #include "shell/frmPDFHelp.h"
 #include "shell/qt/bolt_pane.h"
+#include "shell/qt/file_text_pane.h"
 #include "shell/qt/icons.h"
+#include "shell/qt/items_binding.h"
 #include "shell/qt/pdf_pane.h"
 #include "shell/qt/prop_list_pane.h"
 
@@ -509,7 +512,7 @@ class BoltBinding : public BindingOf<BoltPreview, BoltPane> {
   }
 };
 
-// A picture that a pane of its own paints, where both are there.
+// A control that a pane of its own paints, where both are there.
 template <class Binding, class Model, class Pane>
 std::unique_ptr<ControlBinding> boundPane(Control& control, QWidget& widget, FormActions& actions) {
   auto* pane = dynamic_cast<Pane*>(&widget);
@@ -548,12 +551,36 @@ class PropListBinding : public BindingOf<PropList, PropListPane> {
   QPointer<PropListPane> pane_{&shown_};
 };
 
-std::unique_ptr<ControlBinding> boundPropList(Control& control, QWidget& widget,
-                                              FormActions& actions) {
-  auto* pane = dynamic_cast<PropListPane*>(&widget);
-  if (pane == nullptr || dynamic_cast<PropList*>(&control) == nullptr) return nullptr;
-  return std::make_unique<PropListBinding>(control, *pane, actions);
-}
+// A text to be read, when that is shown by a pane that paints its lines.
+class FileTextBinding : public BindingOf<FileText, FileTextPane> {
+ public:
+  FileTextBinding(Control& control, FileTextPane& pane, FormActions& actions)
+      : BindingOf(control, pane, actions) {
+    pane.onPick = [this](int line) { act("Click", [&] { model_.pickLine(line); }); };
+    pane.onChoose = [this](int anchor, int last) {
+      act("Select", [&] { model_.choose(anchor, last); });
+    };
+    pane.onFind = [this] { act("Find", [this] { model_.askToFind(); }); };
+    pane.setModel(&model_);
+  }
+  ~FileTextBinding() override { forgetModel(); }
+
+ protected:
+  // The pane lives on for a while.
+  void forgetModel() override {
+    if (pane_ == nullptr) return;
+    pane_->setModel(nullptr);
+    pane_->onPick = nullptr;
+    pane_->onChoose = nullptr;
+    pane_->onFind = nullptr;
+  }
+  void showOwn(Property property) override {
+    if (property == Property::Text || property == Property::Content) shown_.showModel();
+  }
+
+ private:
+  QPointer<FileTextPane> pane_{&shown_};
+};
 
 template <class Binding, class Shown>
 std::unique_ptr<ControlBinding> bound(Control& control, QWidget& widget, FormActions& actions) {
@@ -573,12 +600,14 @@ struct KindOfBinding {
 constexpr std::array kBindings{
     KindOfBinding{ControlKind::TextBox, bound<LineBinding, QLineEdit>},
     KindOfBinding{ControlKind::TextBox, bound<PagesBinding, QPlainTextEdit>},
+    KindOfBinding{ControlKind::TextBox, boundPane<FileTextBinding, FileText, FileTextPane>},
     KindOfBinding{ControlKind::Button, bound<ButtonBinding, QAbstractButton>},
     KindOfBinding{ControlKind::CheckBox, bound<CheckBinding, QCheckBox>},
     KindOfBinding{ControlKind::Option, bound<OptionBinding, QAbstractButton>},
     KindOfBinding{ControlKind::List, bound<ListBinding, QListWidget>},
+    KindOfBinding{ControlKind::List, bound<ItemsBinding, QAbstractItemView>},
     KindOfBinding{ControlKind::List, bound<TabsBinding, QTabBar>},
-    KindOfBinding{ControlKind::List, boundPropList},
+    KindOfBinding{ControlKind::List, boundPane<PropListBinding, PropList, PropListPane>},
     KindOfBinding{ControlKind::Combo, bound<ComboBinding, QComboBox>},
     KindOfBinding{ControlKind::Label, bound<LabelBinding, QLabel>},
     KindOfBinding{ControlKind::Slider, bound<SliderBinding, QAbstractSlider>},

@@ -148,8 +148,10 @@ int runDesktop(const DesktopRequest& request, std::vector<std::string> arguments
     return kExitFailed;
   }
   try {
-    DesktopProgram program(programFolder(folderRequest(request.home)), request.jetReader);
-    program.open(request.drawing);
+    const FolderRequest wanted = folderRequest(request.home);
+    const std::string folder = programFolder(wanted);
+    DesktopProgram program(folder, request.jetReader, userFolder(wanted));
+    program.open(request.drawing, isFirstStart(wanted, folder));
     return program.serve();
   } catch (const RuntimeFailure& failure) {
     say(std::cerr, describe(failure));

@@ -2,12 +2,15 @@
 #include "shell/qt/desktop_program.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <iostream>
 #include <optional>
 
 #include "core/lifecycle.h"
 #include "core/version.h"
 #include "shell/automation/reports.h"
+#include "shell/control_choice.h"
+#include "shell/program_folder.h"
 #include "shell/qt/customize_dialog.h"
 #include "shell/qt/key_strokes.h"
 #include "shell/qt/splash.h"
@@ -25,32 +28,47 @@ PointerEvent pointerEvent(int button, int shift, float x, float y) {
 
 }  // namespace
 
-DesktopProgram::DesktopProgram(const std::string& appfolder, const std::string& jetReader)
+DesktopProgram::DesktopProgram(const std::string& appfolder, const std::string& jetReader,
+                               const std::string& userfolder)
     : appfolder_(appfolder),
       reporting_(prompts_, clock_, ErrorReporting{.folder = appfolder}),
       application_({host_,
                     reporting_,
                     {surface_.drawing(), pointer_, timers_, kFirstArea},
                     jetReader,
-                    &colors_}),
+                    &colors_,
+                    &programs_,
+                    userfolder,
+                    &paper_}),
       window_({application_.interaction.tools, application_.interaction.statusBar,
                application_.interaction.forms, gateway_, surface_}) {
   prompts_.setWindow(&window_);
   colors_.setWindow(&window_);
+  paper_.setWindow(&window_);
+  paper_.takeScreenShot = [this] { return bitmapFile(surface_.drawing().picture()); };
   wirePlatform();
   wireSurface();
   wireWindow();
 }
 
 // The window is shown first, since the drawing is fitted to it.
-bool DesktopProgram::open(const std::string& drawing) {
+bool DesktopProgram::open(const std::string& drawing, bool firstStart) {
   window_.setWindowTitle(QString::fromStdString(application_.caption()));
   window_.showAtStart();
   Splash::show(application_.session, gateway_, window_);
   gateway_.enter("frmMain.Form_Load()", [&] { application_.load(drawing, appfolder_); });
+  if (!failed_ && firstStart) finishFirstStart();
   if (!failed_) gateway_.enter("frmMain.keepJournal()", [&] { application_.keepJournal(); });
   surface_.setFocus();
   return !failed_;
+}
+
+// Whatever comes of the question, it is not asked again.
+void DesktopProgram::finishFirstStart() {
+  gateway_.enter("frmMain.askForControl()", [this] {
+    application_.guarded("frmMain.askForControl()", [this] { askForControl(application_); });
+    endFirstStart(appfolder_);
+  });
 }
 
 int DesktopProgram::serve() {
@@ -109,6 +127,9 @@ void DesktopProgram::wireWindow() {
   };
   application_.onCaptionChanged = [this] {
     window_.setWindowTitle(QString::fromStdString(application_.caption()));
+  };
+  application_.viewer.form.onCopyText = [](const std::string& text) {
+    QApplication::clipboard()->setText(QString::fromStdString(text));
   };
   application_.onCustomize = [this] { customizeWindow(window_, gateway_); };
 }

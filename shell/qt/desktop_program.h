@@ -8,6 +8,7 @@
 #include "shell/application.h"
 #include "shell/qt/color_dialog.h"
 #include "shell/qt/main_window.h"
+#include "shell/qt/paper.h"
 #include "shell/qt/ports.h"
 
 namespace tess {
@@ -15,12 +16,14 @@ namespace tess {
 class DesktopProgram {
  public:
   // `appfolder` ends with a separator. The toolkit's application exists already.
-  // `jetReader` reads Jet databases; "" for none.
-  explicit DesktopProgram(const std::string& appfolder, const std::string& jetReader = {});
+  // `jetReader` reads Jet databases; "" for none. `userfolder` keeps what belongs to this user
+  // alone; "": nothing is kept.
+  explicit DesktopProgram(const std::string& appfolder, const std::string& jetReader = {},
+                          const std::string& userfolder = {});
 
   // Shows the main window and loads as at the program's start, with the drawing named, "" for none.
-  // False when the program cannot go on.
-  bool open(const std::string& drawing);
+  // A first start asks for the control and the units. False when the program cannot go on.
+  bool open(const std::string& drawing, bool firstStart = false);
   // Serves the window until it is closed; gives the exit status of the process.
   int serve();
 
@@ -30,6 +33,7 @@ class DesktopProgram {
   Gateway& gateway() { return gateway_; }
 
  private:
+  void finishFirstStart();
   void wirePlatform();
   void wireSurface();
   void wireWindow();
@@ -45,10 +49,12 @@ class DesktopProgram {
   DesktopTimers timers_{gateway_};
   HuntERR reporting_;
   NoGuard guard_;
+  LocalPrograms programs_;
   Host host_{prompts_, clock_, surroundings_, reporting_, guard_};
   SurfaceWidget surface_;
   DesktopPointer pointer_{surface_};
   DesktopColorDialog colors_;
+  QtPaper paper_;
   Application application_;
   MainWindow window_;
   bool failed_ = false;

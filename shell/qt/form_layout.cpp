@@ -26,6 +26,7 @@
 
 #include "shell/qt/bolt_pane.h"
 #include "shell/qt/control_binding.h"
+#include "shell/qt/file_text_pane.h"
 #include "shell/qt/pdf_pane.h"
 #include "shell/qt/prop_list_pane.h"
 
@@ -49,9 +50,9 @@ struct OwnClass {
 };
 
 constexpr std::array kOwnClasses{
-    OwnClass{"QComboBox", make<DropDownBox>}, OwnClass{"PdfPane", make<PdfPane>},
-    OwnClass{"BoltPane", make<BoltPane>}, OwnClass{"PropListPane", make<PropListPane>},
-    OwnClass{"QTabBar", make<QTabBar>}};
+    OwnClass{"QComboBox", make<DropDownBox>},     OwnClass{"PdfPane", make<PdfPane>},
+    OwnClass{"BoltPane", make<BoltPane>},         OwnClass{"FileTextPane", make<FileTextPane>},
+    OwnClass{"PropListPane", make<PropListPane>}, OwnClass{"QTabBar", make<QTabBar>}};
 
 class Loader : public QUiLoader {
  public:

@@ -5,6 +5,9 @@
 #include <QEventLoop>
 #include <QKeyEvent>
 #include <QVBoxLayout>
+#include <optional>
+
+#include "shell/qt/drawing_reach.h"
 
 namespace tess {
 
@@ -31,13 +34,28 @@ void FormWindow::showTitle() {
 // The form has been filled by now, so the window takes the size of what it shows.
 void FormWindow::present() {
   if (!isVisible()) adjustSize();
+  if (!isVisible() && view_.form()->leavesDrawingInReach) standAside();
   show();
   raise();
   activateWindow();
 }
 
+// In the lower right corner, where most of the drawing stays in sight.
+void FormWindow::standAside() {
+  if (parentWidget() == nullptr) return;
+  const QRect around = parentWidget()->window()->frameGeometry();
+  QRect place(QPoint(), frameGeometry().size());
+  place.moveBottomRight(around.bottomRight());
+  move(place.topLeft());
+}
+
 void FormWindow::runModal() {
-  setWindowModality(Qt::ApplicationModal);
+  std::optional<DrawingReach> reach;
+  if (view_.form()->leavesDrawingInReach) {
+    reach.emplace(*this);
+  } else {
+    setWindowModality(Qt::ApplicationModal);
+  }
   view_.form()->open(Modality::Modal);
   QEventLoop loop;
   connect(this, &QDialog::finished, &loop, &QEventLoop::quit);
@@ -80,9 +98,14 @@ void FormWindow::closeEvent(QCloseEvent* event) {
 }
 
 void FormWindow::keyPressEvent(QKeyEvent* event) {
-  const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-  if (!enter) return QDialog::keyPressEvent(event);
-  view_.actions().run("Form_Enter", [this] { view_.form()->pressDefault(); });
+  const int key = event->key();
+  if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+    view_.actions().run("Form_Enter", [this] { view_.form()->pressDefault(); });
+  } else if (key == Qt::Key_PageUp || key == Qt::Key_PageDown) {
+    view_.actions().run("Form_Page", [&] { view_.form()->pressPage(key == Qt::Key_PageDown); });
+  } else {
+    QDialog::keyPressEvent(event);
+  }
 }
 
 FormWindows::FormWindows(FormHost& host, Gateway& gateway, QWidget& owner)

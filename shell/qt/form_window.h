@@ -34,6 +34,7 @@ class FormWindow : public QDialog, public FormObserver {
  private:
   void showTitle();
   void present();
+  void standAside();
 
   FormView view_;
   Subscription subscription_;

@@ -61,6 +61,7 @@ void MainWindow::makeStatusBar() {
   }
   addStatusLabel(StatusPanel::Zoom, 9);
   addStatusLabel(StatusPanel::Tool, 30);
+  addStatusLabel(StatusPanel::Path, 30);
   for (const auto& [panel, label] : labels_) showPanel(panel);
   parts_.status.onPanel = [this](StatusPanel panel) { showPanel(panel); };
 }

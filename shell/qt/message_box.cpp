@@ -1,6 +1,7 @@
 // Buttons and icons by table.
 #include "shell/qt/message_box.h"
 
+#include <QGridLayout>
 #include <QStringList>
 #include <algorithm>
 #include <array>
@@ -63,6 +64,16 @@ QString shortened(const QString& line) {
   return line.size() > kLongestLine ? line.left(kLongestLine) + "..." : line;
 }
 
+// Room for the title beside the buttons of the window's frame, however short the text.
+void widenForTitle(QMessageBox& box) {
+  constexpr int kFrameButtons = 5;  // with the icon and the margins, in heights of a letter
+  auto* const grid = qobject_cast<QGridLayout*>(box.layout());
+  if (grid == nullptr) return;
+  const QFontMetrics metrics = box.fontMetrics();
+  const int wide = metrics.horizontalAdvance(box.windowTitle()) + kFrameButtons * metrics.height();
+  grid->addItem(new QSpacerItem(wide, 0), grid->rowCount(), 0, 1, grid->columnCount());
+}
+
 }  // namespace
 
 QString shownText(const std::string& text) {
@@ -87,6 +98,7 @@ void fillMessageBox(QMessageBox& box, const Message& message) {
   box.setStandardButtons(set.shown);
   box.setDefaultButton(set.first);
   if (set.escape != QMessageBox::NoButton) box.setEscapeButton(set.escape);
+  widenForTitle(box);
 }
 
 Answer answerOf(int button) {

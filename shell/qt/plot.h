@@ -9,6 +9,8 @@
 
 namespace tess {
 
+class OffscreenToolkit;
+
 // A PictureWriter that needs neither a window nor a display server. The toolkit is started by the
 // first picture, where it does not run already, and stays until the last copy of the writer goes.
 class QtPictureWriter {
@@ -17,8 +19,7 @@ class QtPictureWriter {
   void operator()(Application& application, const std::string& path, PixelSize size) const;
 
  private:
-  class Toolkit;
-  std::shared_ptr<Toolkit> toolkit_;
+  std::shared_ptr<OffscreenToolkit> toolkit_;
 };
 
 }  // namespace tess

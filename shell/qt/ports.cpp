@@ -3,6 +3,8 @@
 
 #include <QApplication>
 #include <QDateTime>
+#include <QEventLoop>
+#include <QThread>
 #include <cstdio>
 #include <ctime>
 #include <utility>
@@ -34,7 +36,8 @@ qint64 roughTime() {
 // One that outlives the box: a splash or a panel may go while it is open.
 QWidget* DesktopPrompts::owner() const {
   QWidget* const modal = QApplication::activeModalWidget();
-  return modal != nullptr ? modal : window_.data();
+  if (modal != nullptr) return modal;
+  return dialog_ != nullptr ? dialog_.data() : window_.data();
 }
 
 Answer DesktopPrompts::showMessage(const Message& message) {
@@ -51,7 +54,9 @@ std::optional<std::string> DesktopPrompts::chooseFile(const FileRequest& request
 
 void DesktopPrompts::showModal(Form& form) {
   FormWindow window(form, gateway_, owner());
+  const QPointer<QWidget> before = std::exchange(dialog_, &window);
   window.runModal();
+  dialog_ = before;
 }
 
 DateTime DesktopClock::now() {
@@ -68,6 +73,10 @@ double DesktopClock::elapsedMilliseconds() {
   return static_cast<double>(elapsed_.nsecsElapsed()) / 1e6;
 }
 
+void DesktopClock::sleep(double milliseconds) {
+  QThread::usleep(static_cast<unsigned long>(milliseconds * 1000));
+}
+
 // The operator's input waits while a command of his is under way; it is not lost.
 void DesktopSurroundings::serveEvents() {
   if (roughTime() - served_ < kServeEvery) return;
@@ -78,6 +87,34 @@ void DesktopSurroundings::serveEvents() {
 
 void DesktopSurroundings::beep() {
   QApplication::beep();
+}
+
+namespace {
+
+// Hears the next key of the program's windows before they do.
+class KeyWait : public QObject {
+ public:
+  void wait() {
+    QApplication::instance()->installEventFilter(this);
+    loop_.exec();
+  }
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::Close) loop_.quit();
+    if (event->type() != QEvent::KeyPress) return QObject::eventFilter(watched, event);
+    loop_.quit();
+    return true;
+  }
+
+ private:
+  QEventLoop loop_;
+};
+
+}  // namespace
+
+void DesktopSurroundings::waitForKey() {
+  KeyWait().wait();
 }
 
 void DesktopSurroundings::printOnMainWindow(const std::string& text) {

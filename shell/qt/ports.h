@@ -36,6 +36,7 @@ class DesktopPrompts : public Prompts {
 
   Gateway& gateway_;
   QPointer<QWidget> window_;
+  QPointer<QWidget> dialog_;  // the last that was opened of those that wait, modal or not
 };
 
 class DesktopClock : public Clock {
@@ -43,6 +44,7 @@ class DesktopClock : public Clock {
   DesktopClock() { elapsed_.start(); }
   DateTime now() override;
   double elapsedMilliseconds() override;
+  void sleep(double milliseconds) override;
 
  private:
   QElapsedTimer elapsed_;
@@ -55,6 +57,7 @@ class DesktopSurroundings : public Surroundings {
   // Cheap enough to be called for every row: looks for events a few times per frame only.
   void serveEvents() override;
   void beep() override;
+  void waitForKey() override;
   void printOnMainWindow(const std::string& text) override;
 
   std::function<void(const std::string&)> onPrint;

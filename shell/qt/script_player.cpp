@@ -8,7 +8,6 @@
 #include <QMessageBox>
 #include <QTimer>
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <utility>
 
@@ -16,6 +15,7 @@
 #include "shell/automation/script_stage.h"
 #include "shell/qt/form_window.h"
 #include "shell/qt/message_box.h"
+#include "shell/qt/operator_input.h"
 
 namespace tess {
 
@@ -24,26 +24,6 @@ namespace {
 constexpr std::int64_t kSlice = 10;  // of virtual time between two looks at the window
 constexpr int kGlideSteps = 12;
 constexpr int kSettlingAtMost = 2000;  // milliseconds until the window has its size
-
-constexpr std::array kInput{
-    QEvent::MouseButtonPress,
-    QEvent::MouseButtonRelease,
-    QEvent::MouseButtonDblClick,
-    QEvent::MouseMove,
-    QEvent::Wheel,
-    QEvent::KeyPress,
-    QEvent::KeyRelease,
-    QEvent::Shortcut,
-    QEvent::ShortcutOverride,
-    QEvent::ContextMenu,
-    QEvent::DragEnter,
-    QEvent::Drop,
-    QEvent::TouchBegin,
-};
-
-bool isInput(QEvent::Type type) {
-  return std::find(kInput.begin(), kInput.end(), type) != kInput.end();
-}
 
 }  // namespace
 
@@ -132,7 +112,11 @@ ScriptPlayer::ScriptPlayer(const ScriptJob& job, PictureWriter writePicture, con
           {host_.host,
            host_.reporting,
            {surface_.drawing(), pointer_, timers_, {0, 0, job.size.width, job.size.height}},
-           job.jetReader}),
+           job.jetReader,
+           /*colors=*/nullptr,
+           &host_.programs,
+           job.userfolder,
+           job.paper}),
       window_({application_.interaction.tools, application_.interaction.statusBar,
                application_.interaction.forms, gateway_, surface_}) {
   host_.reporting.setFolder(job.appfolder);
@@ -217,7 +201,7 @@ bool ScriptPlayer::eventFilter(QObject* watched, QEvent* event) {
   const bool closesDialog = event->type() == QEvent::Close && event->spontaneous() &&
                             watched->isWidgetType() && watched != &window_;
   if (closesDialog) event->ignore();
-  return closesDialog || isInput(event->type());
+  return closesDialog || isOperatorInput(event->type());
 }
 
 }  // namespace tess

@@ -134,6 +134,26 @@ class ShippedData(unittest.TestCase):
                 self.assertTrue(0 <= colour <= 15)
                 self.assertNotIn(colour, colours[:5], tool["tool name"])
 
+    def test_setups_of_controls_hold_the_same_shop(self):
+        """They differ from the plain ones by their definitions alone."""
+        names = {path.name for path in DATA.glob("*.msu")}
+        plain = {name for name in names if name in TOP_SPEED}
+        self.assertEqual(plain, set(TOP_SPEED))
+        self.assertEqual(len(names), 12)
+        for name in names - plain:
+            base = name.split("_", 1)[1]
+            self.assertEqual((DATA / name).read_bytes(), (DATA / base).read_bytes(), name)
+            self.assertTrue((DATA / name).with_suffix(".msx").is_file(), name)
+
+    def test_every_setup_is_listed_for_one_control(self):
+        lines = (DATA / "controls.txt").read_bytes().decode("ascii").split("\r\n")
+        self.assertEqual(lines.pop(), "")
+        listed = []
+        for line in lines:
+            name, inch, metric = re.fullmatch(r'"([^"]+)",([^,]+),([^,]+)', line).groups()
+            listed += [setup for setup in (inch, metric) if setup != "-"]
+        self.assertEqual(sorted(listed), sorted(path.name for path in DATA.glob("*.msu")))
+
     def test_definition_and_setup_come_in_pairs(self):
         pointed = (DATA / "tess.def").read_bytes()
         self.assertEqual(pointed, b"1.0\r\nmill_inch.msu\r\n")

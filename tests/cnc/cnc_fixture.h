@@ -20,8 +20,12 @@ namespace tess::testing {
 
 class RecordingViewer : public ProgramViewer {
  public:
-  void showFile(const std::string& file) override { shown.push_back(file); }
+  void showFile(const std::string& file, const std::string& notice) override {
+    shown.push_back(file);
+    notices.push_back(notice);
+  }
   std::vector<std::string> shown;
+  std::vector<std::string> notices;
 };
 
 inline std::vector<std::string> linesOf(const std::string& text) {

@@ -106,12 +106,24 @@ TEST_F(MakeCncTest, OutputPathOfBlanksCountsAsNone) {
   EXPECT_THAT(viewer.shown, ElementsAre(folder("part.cnc")));
 }
 
-// The viewer is told the setting as it stands, and reports a file that is not there.
-TEST_F(MakeCncTest, OutputPathThatIsNotThereFallsBackForTheFileOnly) {
+TEST_F(MakeCncTest, OutputPathThatIsNotThereIsToldAndTheWrittenFileIsShown) {
   store.cncoutputpath = folder("gone/");
   mnuCAMMakeCNCFile_Click(session, definition, state, viewer);
   EXPECT_TRUE(folder.has("part.CNC"));
-  EXPECT_THAT(viewer.shown, ElementsAre(folder("gone/part.cnc")));
+  EXPECT_THAT(viewer.shown, ElementsAre(folder("part.CNC")));
+  EXPECT_THAT(viewer.notices,
+              ElementsAre("The folder for CNC files is missing: " + folder("gone/") +
+                          ". The file is in the drawing's folder."));
+}
+
+// The shown name is in small letters, which may be another file.
+TEST_F(MakeCncTest, BesideAFileOfOtherLettersTheWrittenOneIsShown) {
+  folder.write("part.CNC", "old");
+  folder.write("part.cnc", "another");
+  mnuCAMMakeCNCFile_Click(session, definition, state, viewer);
+  EXPECT_EQ(folder.read("part.cnc"), "another");
+  EXPECT_THAT(viewer.shown, ElementsAre(folder("part.CNC")));
+  EXPECT_THAT(viewer.notices, ElementsAre(""));
 }
 
 TEST_F(MakeCncTest, UntitledDrawingIsWrittenButNotShown) {

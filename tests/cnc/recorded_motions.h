@@ -43,6 +43,15 @@ inline void PrintTo(const CycleRun& cycle, std::ostream* out) {
   *out << "cycle " << cycle.number << " at " << cycle.place << " down to " << cycle.depth << " by "
        << cycle.increment << ", dwell " << cycle.dwell << " at " << cycle.feed;
 }
+inline void PrintTo(const Dwell& dwell, std::ostream* out) {
+  *out << "dwell " << dwell.time;
+}
+inline void PrintTo(const SpindleStop&, std::ostream* out) {
+  *out << "spindle stop";
+}
+inline void PrintTo(const SpindleStart& start, std::ostream* out) {
+  *out << "spindle of tool " << start.tool;
+}
 inline void PrintTo(const ProgramEnd&, std::ostream* out) {
   *out << "end";
 }
@@ -58,9 +67,10 @@ class RecordedMotions : public MotionReader {
   std::vector<MotionEvent> events;
 };
 
-inline std::vector<MotionEvent> motionsOf(const DrawingStore& store, CncMode mode) {
+inline std::vector<MotionEvent> motionsOf(const DrawingStore& store, CncMode mode,
+                                          const MotionRules& rules = {}) {
   RecordedMotions motions;
-  tellMotions(store, mode, motions);
+  tellMotions(store, mode, motions, rules);
   return std::move(motions.events);
 }
 

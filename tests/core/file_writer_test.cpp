@@ -210,6 +210,19 @@ TEST(StagedFile, IsGoneUnlessItIsMovedIntoPlace) {
   EXPECT_THAT(entriesOf(folder()), ElementsAre());
 }
 
+TEST(StagedFile, KnowsWhetherItReadsBackAsItWasWritten) {
+  const TempFolder folder;
+  NoGuard nobody;
+  const std::string large(200000, 'x');
+  const StagedFile staged(FilePlace(nobody, folder("a"), FileKind::Record), large);
+  EXPECT_TRUE(staged.reads(large));
+  EXPECT_FALSE(staged.reads(large + "x"));
+  EXPECT_FALSE(staged.reads(large.substr(1)));
+  const std::string temporary = entriesOf(folder()).front();
+  folder.write(temporary, large.substr(1) + "y");
+  EXPECT_FALSE(staged.reads(large));
+}
+
 TEST(FilePlaceAppend, AddsToTheEndAndCreates) {
   const TempFolder folder;
   NoGuard nobody;

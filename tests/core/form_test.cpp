@@ -288,6 +288,56 @@ TEST(FormEvents, SortedItemsKeepTheirOrderAndTheSelection) {
   EXPECT_EQ(form.lstNames.item(0), "A");
 }
 
+TEST(FormEvents, AListOfASourceMakesItsItemsWhenTheyAreAskedFor) {
+  dlgSample form;
+  std::vector<int> made;
+  form.lstNames.setIndex(1);
+  form.taken();
+  form.lstNames.setSource(30000, [&made](int index) {
+    made.push_back(index);
+    return "item " + std::to_string(index);
+  });
+  EXPECT_EQ(form.lstNames.count(), 30000);
+  EXPECT_EQ(form.lstNames.index(), -1);
+  form.lstNames.setIndex(29999);
+  EXPECT_EQ(form.lstNames.text(), "item 29999");
+  EXPECT_EQ(made, std::vector{29999});
+  EXPECT_EQ(form.lstNames.indexOf("item 2"), 2);
+  EXPECT_EQ(form.lstNames.indexOf("item"), -1);
+  EXPECT_EQ(form.taken(), Log{"lstNames click"});
+  expectFailure(FailureNumber::SubscriptOutOfRange, "Subscript out of range",
+                [&] { form.lstNames.item(30000); });
+}
+
+TEST(FormEvents, AListWhoseSourceChangesKeepsItsIndexWhileThereIsAnItem) {
+  dlgSample form;
+  form.lstNames.setSource(3, [](int index) { return std::to_string(index); });
+  form.lstNames.setIndex(1);
+  form.taken();
+  const unsigned before = form.lstNames.revision();
+  form.lstNames.sourceChanged(2);
+  EXPECT_NE(form.lstNames.revision(), before);
+  EXPECT_EQ(form.lstNames.index(), 1);
+  EXPECT_EQ(form.lstNames.items(), (std::vector<std::string>{"0", "1"}));
+  form.lstNames.sourceChanged(1);
+  EXPECT_EQ(form.lstNames.index(), -1);
+  EXPECT_EQ(form.taken(), Log{});
+}
+
+TEST(FormEvents, AListOfASourceBecomesOneOfTextsByAChange) {
+  dlgSample form;
+  form.lstNames.setSource(3, [](int index) { return std::to_string(2 - index); });
+  form.lstNames.setIndex(0);
+  form.lstNames.setItem(1, "one");
+  EXPECT_EQ(form.lstNames.items(), (std::vector<std::string>{"2", "one", "0"}));
+  EXPECT_EQ(form.lstNames.index(), 0);
+  form.lstNames.setSource(2, [](int index) { return std::to_string(2 - index); });
+  form.lstNames.keepSorted();
+  EXPECT_EQ(form.lstNames.items(), (std::vector<std::string>{"1", "2"}));
+  form.lstNames.set("items", std::vector<std::string>{"b", "a"});
+  EXPECT_EQ(form.lstNames.items(), (std::vector<std::string>{"a", "b"}));
+}
+
 TEST(FormEvents, ButtonClicksAlsoWhileDisabled) {
   dlgSample form;
   form.cmdCancel.setEnabled(false);
@@ -618,6 +668,56 @@ TEST(FormFocus, EnterClosesAModalFormThatOnlyTellsSomething) {
   form.open(Modality::Modeless);
   EXPECT_FALSE(form.pressDefault()) << "a panel stays";
   EXPECT_TRUE(form.isShown());
+}
+
+TEST(FormFocus, PageKeysClickTheirButtonsAndComeBackToTheField) {
+  dlgSample form;
+  form.open(Modality::Modal);
+  EXPECT_FALSE(form.pressPage(/*down=*/true)) << "no buttons for them";
+  form.setPageButtons(form.cmdCancel, form.cmdAccept);
+  form.cmdAccept.onClick = [&form] { form.log.push_back("down"); };
+  form.txtFirst.type("3");
+  form.taken();
+  EXPECT_TRUE(form.pressPage(/*down=*/true));
+  EXPECT_EQ(form.taken(), (Log{"txtFirst leave", "down", "txtFirst focus"}));
+  EXPECT_TRUE(form.txtFirst.isAllSelected());
+  EXPECT_TRUE(form.pressPage(/*down=*/false));
+  EXPECT_EQ(form.taken(), (Log{"txtFirst leave", "cmdCancel click", "txtFirst focus"}));
+}
+
+TEST(FormFocus, APageKeyDoesNothingWhereItsButtonIsOutOfReach) {
+  dlgSample form;
+  form.open(Modality::Modal);
+  form.setPageButtons(form.cmdCancel, form.cmdAccept);
+  form.txtFirst.onLeave = [&form] { form.cmdAccept.setEnabled(false); };
+  EXPECT_FALSE(form.pressPage(/*down=*/true));
+  EXPECT_TRUE(form.isShown());
+  EXPECT_TRUE(form.txtFirst.hasFocus());
+}
+
+TEST(FormFocus, AFieldThatRefusesToBeLeftStopsThePageKey) {
+  dlgSample form;
+  form.open(Modality::Modal);
+  form.setPageButtons(form.cmdCancel, form.cmdAccept);
+  form.txtFirst.onValidate = [](Validation& question) { question.refuse(); };
+  EXPECT_FALSE(form.pressPage(/*down=*/true));
+  EXPECT_TRUE(form.isShown());
+  EXPECT_TRUE(form.txtFirst.hasFocus());
+}
+
+TEST(FormFocus, APageKeyMayCloseOrDestroyTheForm) {
+  dlgSample form;
+  form.open(Modality::Modal);
+  form.setPageButtons(form.cmdCancel, form.cmdAccept);
+  EXPECT_TRUE(form.pressPage(/*down=*/true));
+  EXPECT_FALSE(form.isShown());
+  EXPECT_EQ(form.focused(), nullptr);
+  auto gone = std::make_unique<dlgSample>();
+  gone->open(Modality::Modal);
+  gone->setPageButtons(gone->cmdCancel, gone->cmdAccept);
+  gone->cmdAccept.onClick = [&gone] { gone.reset(); };
+  EXPECT_TRUE(gone->pressPage(/*down=*/true));
+  EXPECT_EQ(gone, nullptr);
 }
 
 TEST(FormFocus, EscClicksTheCancelButtonPastAnyValidation) {

@@ -23,9 +23,9 @@ using testing::Interruption;
 using testing::TestSession;
 using testing::writeFile;
 
-// A pair of files as content; an absent file has none.
+// The files of a drawing as content; an absent file has none.
 struct Pair {
-  std::optional<std::string> drawing, paths;
+  std::optional<std::string> drawing, paths, jobs;
   friend bool operator==(const Pair&, const Pair&) = default;
 };
 
@@ -45,12 +45,14 @@ struct SaveCase {
   int rowsBefore, pathsBefore;  // below 0 rows: there is no drawing
   bool backupBefore;
   int rowsSaved, pathsSaved;
+  bool hasJobs = false;  // of the paths, in a file of their own
 };
 
 class InterruptedSave : public ::testing::TestWithParam<SaveCase> {
  protected:
   InterruptedSave() {
     const SaveCase& how = GetParam();
+    test_.store.cfg_true_paths = how.hasJobs;
     if (how.backupBefore) backup_ = pairOf(7, 7);
     if (how.rowsBefore >= 0) old_ = pairOf(how.rowsBefore, how.pathsBefore);
     prepare();
@@ -70,11 +72,15 @@ class InterruptedSave : public ::testing::TestWithParam<SaveCase> {
     for (int path = 1; path <= paths; ++path) {
       addPathSegment(store, {.type = kLine, .x1 = static_cast<float>(path), .code = 102});
     }
+    if (GetParam().hasJobs) {
+      test_.session.pathJobs.note(store, {.group = 1, .toolRadius = paths * 0.125});
+    }
     store.drawingsaved = false;
   }
 
   Pair pairOnDisk(const std::string& suffix) const {
-    return {contentOf(cnc("PART.CDM" + suffix)), contentOf(cnc("PART.TPM" + suffix))};
+    return {contentOf(cnc("PART.CDM" + suffix)), contentOf(cnc("PART.TPM" + suffix)),
+            contentOf(cnc("PART.TPJ" + suffix))};
   }
 
   // A drawing of so many rows.
@@ -98,8 +104,10 @@ class InterruptedSave : public ::testing::TestWithParam<SaveCase> {
     fs::remove(test_.home("said"));
     putBack(cnc("PART.CDM"), old_.drawing);
     putBack(cnc("PART.TPM"), old_.paths);
+    putBack(cnc("PART.TPJ"), old_.jobs);
     putBack(cnc("PART.CDM~"), backup_.drawing);
     putBack(cnc("PART.TPM~"), backup_.paths);
+    putBack(cnc("PART.TPJ~"), backup_.jobs);
     new_drawing(test_.session);
     test_.name("PART.CDM");
     if (old_.drawing) load_Drawing(test_.session);
@@ -119,6 +127,7 @@ class InterruptedSave : public ::testing::TestWithParam<SaveCase> {
     const Pair now = pairOnDisk("");
     EXPECT_EQ(store.NumSegments > 0, now.drawing.has_value());
     EXPECT_EQ(store.NumPathSegments > 0, now.paths.has_value());
+    EXPECT_EQ(session.pathJobs.inForce(store).empty(), !now.jobs.has_value());
   }
 
   // The save, and what the operator was told of it.
@@ -181,7 +190,8 @@ constexpr SaveCase kCases[] = {
     {"NewDrawing", -1, 0, false, 2, 2},     {"NewDrawingWithoutPaths", -1, 0, false, 2, 0},
     {"BothFilesChange", 3, 3, false, 2, 2}, {"BothFilesAndTheirBackup", 3, 3, true, 2, 2},
     {"PathsAreGone", 3, 3, true, 2, 0},     {"PathsAreNew", 3, 0, true, 2, 2},
-    {"NeverHadPaths", 3, 0, true, 2, 0},
+    {"NeverHadPaths", 3, 0, true, 2, 0},    {"JobsOfPaths", 3, 3, true, 2, 2, true},
+    {"JobsAreNew", 3, 0, true, 2, 2, true},
 };
 std::string nameOf(const ::testing::TestParamInfo<SaveCase>& shown) {
   return shown.param.name;
@@ -189,7 +199,8 @@ std::string nameOf(const ::testing::TestParamInfo<SaveCase>& shown) {
 
 INSTANTIATE_TEST_SUITE_P(Cases, InterruptedSave, ::testing::ValuesIn(kCases), nameOf);
 // A full disk takes the same ways as a faulty one: a new pair and an old one will do.
-INSTANTIATE_TEST_SUITE_P(Cases, FullDiskSave, ::testing::Values(kCases[0], kCases[3]), nameOf);
+INSTANTIATE_TEST_SUITE_P(Cases, FullDiskSave, ::testing::Values(kCases[0], kCases[3], kCases[7]),
+                         nameOf);
 
 }  // namespace
 }  // namespace tess

@@ -51,7 +51,8 @@ TEST_P(ShippedSetups, HaveAToolInUse) {
 }
 
 INSTANTIATE_TEST_SUITE_P(All, ShippedSetups,
-                         ::testing::Values("mill_inch.msu", "mill_mm.msu", "lathe.msu"),
+                         ::testing::Values("mill_inch.msu", "mill_mm.msu", "lathe.msu",
+                                           "linuxcnc_mill_inch.msu", "grbl_mill_mm.msu"),
                          [](const auto& instance) {
                            return std::filesystem::path(instance.param).stem().string();
                          });

@@ -29,6 +29,18 @@ TEST(FormPreview, AreRemovedByTheCallsThatDrewThem) {
   EXPECT_EQ(d.log.take(), "");
 }
 
+TEST(FormPreview, InAWidePenAreDrawnAndRemovedByIt) {
+  RecordedDrafting d;
+  previewRows(d.context, kLineRow, 3);
+  const std::string drawn = d.log.take();
+  ASSERT_NE(drawn.find("DrawWidth 3"), std::string::npos);
+  EXPECT_LT(drawn.find("DrawWidth 3"), drawn.find("DrawWidth 1"));
+  endPreview(d.context);
+  EXPECT_EQ(d.log.take(), drawn);
+  previewRows(d.context, kLineRow);
+  EXPECT_EQ(d.log.take().find("DrawWidth"), std::string::npos);
+}
+
 TEST(FormPreview, TakeThePlaceOfThoseBefore) {
   RecordedDrafting d;
   previewRows(d.context, kLineRow);

@@ -446,6 +446,39 @@ TEST(KeyboardClick, KeepsAPositionThatIsOffTheGrid) {
   EXPECT_FALSE(d.context.pointer.SkipPointerUpdate);
 }
 
+// ---- A form that picks
+
+TEST(FormClick, HasTheLeftPressAndLeavesTheRestAlone) {
+  RecordedDrafting d;
+  d.context.state.setPendingaction(9);
+  std::vector<Point> clicks;
+  d.context.onFormClick = [&clicks](Point at) { clicks.push_back(at); };
+  d.click(1, 2);
+  d.rightClick(3, 3);
+  d.drag({0, 0}, {2, 2});
+  EXPECT_EQ(clicks, (std::vector<Point>{{1, 2}, {0, 0}}));
+  EXPECT_EQ(d.pending(), 9);
+  EXPECT_EQ(d.mouse(), Point{});
+  EXPECT_FALSE(d.context.pointer.LeftDown);
+  EXPECT_EQ(d.beeps(), 0);
+}
+
+TEST(FormClick, EndsWithTheReleaseOfThePressThatTheFormTook) {
+  RecordedDrafting d;
+  d.context.state.setPendingaction(9);
+  d.context.onFormClick = [&d](Point) { d.context.onFormClick = nullptr; };
+  d.press(kLeftButton, 1, 1);
+  d.move(kLeftButton, 2, 2);
+  EXPECT_EQ(d.mouse(), Point{});
+  d.release(kLeftButton, 2, 2);
+  EXPECT_EQ(d.pending(), 9);
+  d.move(0, 2, 2);
+  EXPECT_EQ(d.mouse(), (Point{2, 2}));
+  d.press(kLeftButton, 2, 2);
+  d.release(kLeftButton, 2, 2);
+  EXPECT_EQ(d.pending(), 0);
+}
+
 // ---- Wheel
 
 TEST(MouseWheel, MattersOnlyWhilePlacingText) {

@@ -562,6 +562,55 @@ TEST(SelectAll, WithEditPathsMarksThePathRows) {
   EXPECT_EQ(selectedRows(d.store), Rows{});
 }
 
+// A code is a 16-bit number, and the mark takes 30000 of it.
+TEST(SelectPaths, WithoutRoomForTheMarkStayAndAreTold) {
+  const auto clickOnTheSecond = [](RecordedDrafting& d) {
+    mnuDrawSelect_Click(d.context);
+    d.click(0.5F, 1.1F);
+  };
+  const auto chain = [](RecordedDrafting& d) {
+    mnuDrawSelectContiguous(d.context);
+    d.click(0.5F, 0.1F);
+  };
+  const auto window = [](RecordedDrafting& d) {
+    SelectWindow(d.context, /*select=*/true, {{-1, -1}, {3, 3}}, /*exclusive=*/false);
+  };
+  const auto all = [](RecordedDrafting& d) { mnuDrawSelectAll_Click(d.context); };
+  struct Case {
+    const char* name;
+    std::function<void(RecordedDrafting&)> select;
+    Rows selected;
+    int refused;
+  };
+  const Case cases[] = {{"click", clickOnTheSecond, {}, 1},
+                        {"chain", chain, {1, 4}, 2},
+                        {"window", window, {1, 4}, 2},
+                        {"all", all, {1, 4}, 2}};
+  for (const Case& row : cases) {
+    RecordedDrafting d;
+    d.addPathLine(0, 0, 1, 0, 2767);
+    d.addPathLine(1, 0, 0, 1, 6001);
+    d.addPathLine(0, 1, 0, 2, 2768);
+    d.addPathLine(0, 2, 0, 0, 2600);
+    d.context.command.EditPaths = true;
+    row.select(d);
+    EXPECT_EQ(selectedPaths(d.store), row.selected) << row.name;
+    EXPECT_EQ(d.store.pscode[2], 6001) << row.name;
+    EXPECT_EQ(d.store.pscode[3], 2768) << row.name;
+    ASSERT_EQ(d.messages().size(), 1U) << row.name;
+    EXPECT_EQ(d.messages()[0].text,
+              "Path segments that cannot be selected: " + std::to_string(row.refused) +
+                  ", the first is #2 of group 60.\nGroups up to 26 can be; the path editor gives a "
+                  "group another number.");
+    EXPECT_EQ(d.messages()[0].title, "Select");
+    EXPECT_EQ(d.messages()[0].icon, MessageIcon::Warning);
+    d.messages().clear();
+    mnuDrawUnselectAll_Click(d.context);
+    EXPECT_EQ(selectedPaths(d.store), Rows{}) << row.name;
+    EXPECT_TRUE(d.messages().empty()) << row.name;
+  }
+}
+
 TEST(UnselectAll, TakesAllMarksAndEndsTheMode) {
   RecordedDrafting d;
   d.add({.type = 1, .attr = 30108, .x1 = 1});

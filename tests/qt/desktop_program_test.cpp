@@ -3,6 +3,7 @@
 
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QMessageBox>
 #include <QMouseEvent>
 #include <QPushButton>
@@ -90,6 +91,32 @@ class DesktopProgramTest : public ::testing::Test {
   testing::TempFolder folder;
   std::unique_ptr<DesktopProgram> program;
 };
+
+TEST_F(DesktopProgramTest, AFirstStartAsksOnceForTheControl) {
+  testing::writeFile(folder("FirstStart.txt"), "");
+  bool asked = false;
+  QTimer::singleShot(0, [&] {
+    QWidget* const dialog = QApplication::activeModalWidget();
+    ASSERT_NE(dialog, nullptr);
+    auto* const list = dialog->findChild<QListWidget*>("lstControl");
+    ASSERT_NE(list, nullptr);
+    list->setCurrentItem(list->findItems("LinuxCNC mill", Qt::MatchExactly).at(0));
+    dialog->findChild<QPushButton*>("cmdAccept")->click();
+    asked = true;
+  });
+  ASSERT_TRUE(program->open("", /*firstStart=*/true));
+  EXPECT_TRUE(asked);
+  EXPECT_EQ(program->application().session.setupname, "linuxcnc_mill_inch.msu");
+  EXPECT_FALSE(folder.has("FirstStart.txt"));
+}
+
+TEST_F(DesktopProgramTest, AFirstStartThatIsClosedDoesNotAskAgain) {
+  testing::writeFile(folder("FirstStart.txt"), "");
+  QTimer::singleShot(0, [] { QApplication::activeModalWidget()->close(); });
+  ASSERT_TRUE(program->open("", /*firstStart=*/true));
+  EXPECT_EQ(program->application().session.setupname, "mill_inch.msu");
+  EXPECT_FALSE(folder.has("FirstStart.txt"));
+}
 
 TEST_F(DesktopProgramTest, ComesUpEmptyWithItsCaption) {
   open();

@@ -1,5 +1,5 @@
 // What tests of dialogs share: working one while it is open, its widgets by name, and its layout.
-// Owns: whenModal, widgetIn, expectWholeLayout.
+// Owns: waitingDialog, whenModal, widgetIn, expectWholeLayout.
 #pragma once
 
 #include <QApplication>
@@ -12,13 +12,23 @@
 
 #include "core/form.h"
 #include "shell/qt/form_layout.h"
+#include "shell/qt/form_window.h"
 
 namespace tess::testing {
 
-// Acts on the next modal dialog once it is open and has the keyboard.
+// The dialog that the program waits for: a modal one, or one that leaves the drawing in reach.
+inline QWidget* waitingDialog() {
+  if (QWidget* const modal = QApplication::activeModalWidget()) return modal;
+  for (QWidget* const window : QApplication::topLevelWidgets()) {
+    if (dynamic_cast<FormWindow*>(window) != nullptr && window->isVisible()) return window;
+  }
+  return nullptr;
+}
+
+// Acts on the next dialog once it is open and has the keyboard.
 inline void whenModal(const std::function<void(QWidget&)>& act) {
   QTimer::singleShot(0, [act] {
-    QWidget* dialog = QApplication::activeModalWidget();
+    QWidget* dialog = waitingDialog();
     ASSERT_NE(dialog, nullptr);
     QApplication::setActiveWindow(dialog);
     QCoreApplication::processEvents();

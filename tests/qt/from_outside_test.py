@@ -17,6 +17,7 @@ from virtual_display import PATIENCE, VirtualDisplay, wait_until  # noqa: E402
 PROGRAM = ""
 SCREENSHOTS: Path | None = None
 TITLE = "Tessimo Mill - Version"
+FIRST_QUESTION = "Control and Units"
 SETTLED = 0.45  # seconds: longer than the surface or a menu keeps the pointer out
 EMPTY = "save(arg[1])\n"
 ROWS = """\
@@ -33,6 +34,7 @@ class FromOutside(unittest.TestCase):
         self.work = Path(self.display.folder.name)
         self.drawing = str(self.work / "part.cdm")
         self.run_script(EMPTY)
+        self.asked = False
         self.start()
 
     def run_script(self, text: str) -> str:
@@ -46,8 +48,20 @@ class FromOutside(unittest.TestCase):
         self.addCleanup(self.stop, self.program)
         self.wait_for(lambda: self.display.windows(TITLE) != [], "the window is there")
         self.window = self.display.windows(TITLE)[0]
+        if not self.asked:
+            self.answer_first_start()
         self.display.activate(self.window)
         self.settle()
+
+    def answer_first_start(self) -> None:
+        """The folder is new: the first window asks for the control, and only that one."""
+        self.wait_for(lambda: self.display.windows(FIRST_QUESTION) != [], "it asks for the control")
+        self.display.activate(self.display.windows(FIRST_QUESTION)[0])
+        self.settle()
+        self.screenshot("first_start")
+        self.act("key", "Return")
+        self.wait_for(lambda: self.display.windows(FIRST_QUESTION) == [], "it is answered")
+        self.asked = True
 
     def stop(self, program: subprocess.Popen[bytes]) -> None:
         program.kill()

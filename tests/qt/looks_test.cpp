@@ -9,6 +9,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QStatusBar>
 #include <QTimer>
 #include <algorithm>
@@ -25,6 +26,7 @@
 #include "shell/qt/icons.h"
 #include "shell/qt/theme.h"
 #include "tests/qt/desktop_test_support.h"
+#include "tests/qt/dialog_test_support.h"
 #include "tests/support/source_folder.h"
 #include "tests/support/temp_folder.h"
 
@@ -251,6 +253,26 @@ TEST_P(Looks, BoltCircle) {
   EXPECT_TRUE(looked);
 }
 
+// With the group that stands out in the drawing behind it, and its map.
+TEST_P(Looks, PathEditor) {
+  bool looked = false;
+  const QImage plain = program->surface().drawing().picture().copy();
+  testing::whenModal([&](QWidget& editor) {
+    testing::widgetIn<QRadioButton>(editor, "optApplyToGroup").click();
+    EXPECT_NE(program->surface().drawing().picture(), plain);
+    keep(editor, "dialog_path_editor");
+    keep(window(), "window_path_editor");
+    expectTextsFit(editor);
+    lookAt("dialog_path_map",
+           [&] { testing::widgetIn<QPushButton>(editor, "cmdOrderPaths").click(); });
+    looked = true;
+    editor.close();
+  });
+  window().toolBars().action("miEditPath/Cycle")->trigger();
+  EXPECT_TRUE(looked);
+  EXPECT_EQ(program->surface().drawing().picture(), plain);
+}
+
 TEST_P(Looks, UnsavedWork) {
   std::vector<UnsavedWork> work;
   for (const char* const name : {"gear housing.cdm", ""}) {
@@ -267,6 +289,10 @@ TEST_P(Looks, UnsavedWork) {
     program->application().session.host.prompts.showModal(form);
     EXPECT_EQ(form.choice(), frmRestore::Choice::Later);
   });
+}
+
+TEST_P(Looks, TheChoiceOfTheControl) {
+  lookAtDialog("miControl", "control_and_units");
 }
 
 TEST_P(Looks, EveryIconCanBeSeenInEverySize) {

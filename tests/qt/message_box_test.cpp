@@ -43,5 +43,15 @@ TEST(MessageBox, TheBoxHasTheShortenedText) {
   EXPECT_LT(box.sizeHint().height(), 2000);
 }
 
+TEST(MessageBox, IsWideEnoughForItsTitle) {
+  QMessageBox narrow, wide;
+  const std::string title = "A long title over a short text";
+  fillMessageBox(narrow, {.text = "x", .title = "A"});
+  fillMessageBox(wide, {.text = "x", .title = title});
+  const int letters = wide.fontMetrics().horizontalAdvance(QString::fromStdString(title));
+  EXPECT_GE(wide.sizeHint().width(), letters);
+  EXPECT_GT(wide.sizeHint().width(), narrow.sizeHint().width());
+}
+
 }  // namespace
 }  // namespace tess

@@ -94,6 +94,9 @@ class CommandLines(unittest.TestCase):
     def test_wrong_usage_is_status_2(self) -> None:
         for arguments in (["--timeout", "-1", "--run", "x.lua"], ["--timeout", "5"],
                           ["--timeout", "nan", "--run", "x.lua"], ["--bad"], ["--run"], ["--make-cnc", "mill"], ["-o", "x"], ["a", "b"],
+                          ["--setup", "x"], ["--plot", "x.png", "part.cdm", "--setup", "x"],
+                          ["--make-cnc", "mill", "part.cdm", "--setup"],
+                          ["--make-cnc", "mill", "part.cdm", "--setup", ""],
                           ["--make-cnc", "laser", "part.cdm"]):
             run = self.run_program(*arguments)
             self.assertEqual(run.returncode, 2, arguments)
@@ -119,6 +122,36 @@ class CommandLines(unittest.TestCase):
     def make(self, *arguments: str, **variables: str) -> subprocess.CompletedProcess[str]:
         return self.run_program("--home", str(self.home), "--make-cnc", "mill", *arguments,
                                 **variables)
+
+    def setups(self) -> None:
+        shutil.copy(self.home / "test.msu", self.home / "other.msu")
+        definition = (self.home / "standard.msx").read_bytes()
+        (self.home / "other.msx").write_bytes(definition + b"COMMENTCHR,#\r\n")
+
+    def test_a_program_by_another_setup_and_its_definition(self) -> None:
+        part = self.drawing()
+        self.setups()
+        before = {file.name: file.read_bytes() for file in self.home.iterdir() if file.is_file()}
+        for name in ("other", "OTHER.MSU", "other.msu"):
+            run = self.make(part, "--setup", name, "-o", "out.nc", "--force")
+            self.assertEqual((run.returncode, run.stdout, run.stderr), (0, "", ""), name)
+            self.assertIn("\r\n#***", (self.work / "out.nc").read_bytes().decode())
+        run = self.make(part)
+        self.assertEqual(run.returncode, 0)
+        self.assertIn("\r\n;***", (self.work / "part.CNC").read_bytes().decode())
+        self.assertEqual(before, {file.name: file.read_bytes()
+                                  for file in self.home.iterdir() if file.is_file()})
+
+    def test_a_setup_that_is_not_in_the_programs_folder(self) -> None:
+        part = self.drawing()
+        self.setups()
+        elsewhere = str(self.work / "away.msu")
+        shutil.copy(self.home / "test.msu", elsewhere)
+        for name in ("third", "third.msu", elsewhere, f"{self.home}/other.msu", ".msu", "/"):
+            self.assert_fails(1, f"{part}: the program's folder has no setup {name} "
+                              "(there are other.msu, test.msu)", "--home", str(self.home),
+                              "--make-cnc", "mill", part, "--setup", name)
+        self.assertFalse((self.work / "part.CNC").exists())
 
     def test_a_program_takes_the_place_of_programs_only(self) -> None:
         part = self.drawing()

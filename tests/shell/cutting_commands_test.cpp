@@ -6,6 +6,8 @@
 
 #include "core/conventions.h"
 #include "core/drawing_store.h"
+#include "core/number_text.h"
+#include "drafting/change.h"
 #include "tests/support/running_program.h"
 #include "tests/support/source_folder.h"
 #include "tools/dlgColor.h"
@@ -54,6 +56,47 @@ TEST_F(Cutting, BothToolsOpenTheChestOnTheToolInUse) {
   application.clickTool("miSelectTool");
   application.clickTool("miToolChest");
   EXPECT_EQ(opened, 2);
+}
+
+TEST_F(Cutting, WhatThePathAmountsToStandsInTheStatusArea) {
+  const auto shown = [this] { return application.interaction.statusBar.panel(StatusPanel::Path); };
+  application.clickTool("miCenter");
+  EXPECT_EQ(shown(), "No path");
+  store.zstartpos = 0.5F;
+  store.cfg_z_plunge_rate = 5;
+  store.cfg_rapid_rate = 100;
+  Change change(context().changes);
+  change.paths.append({.type = kLine, .x1 = 20, .z = -0.5F, .feed = 10, .code = 102});
+  change.keep();
+  const std::string prompt = application.interaction.statusBar.text();
+  application.clickTool("miRedraw");
+  EXPECT_EQ(shown(), application.pathTotals.text());
+  EXPECT_EQ(shown().substr(0, shown().rfind(',')), "1 path row, 20.0 in");
+  EXPECT_GE(parseFloat(shown().substr(shown().rfind(',') + 2)), 2.2F) << "the plunge counts too";
+  EXPECT_EQ(application.interaction.statusBar.text(), prompt);
+}
+
+TEST_F(Cutting, ThePathsTimeFollowsTheSettingsOnceAProgramIsMade) {
+  const auto shown = [this] { return application.interaction.statusBar.panel(StatusPanel::Path); };
+  store.zstartpos = 0.5F;
+  Change change(context().changes);
+  change.paths.append({.type = kLine, .x1 = 20, .z = -0.5F, .feed = 10, .code = 102});
+  change.paths.append({.type = kLine, .x0 = 200, .x1 = 220, .z = -0.5F, .feed = 10, .code = 102});
+  change.keep();
+  store.cfg_rapid_rate = 1000;
+  application.clickTool("miRedraw");
+  const std::string fast = shown();
+  store.cfg_rapid_rate = 10;
+  application.clickTool("miMakeCNCFile");
+  EXPECT_NE(shown(), fast);
+  EXPECT_EQ(shown(), application.pathTotals.text());
+}
+
+TEST_F(Cutting, APathThatNoProgramCanBeMadeOfHasRowsAlone) {
+  Change change(context().changes);
+  change.paths.append({.type = kLine, .x1 = 2, .z = -0.5F, .feed = 10, .code = -1});
+  change.keep();
+  EXPECT_EQ(application.pathTotals.text(), "1 path row");
 }
 
 TEST_F(Cutting, TheCutterInUseStandsInTheStatusArea) {

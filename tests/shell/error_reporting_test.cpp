@@ -404,6 +404,7 @@ TEST(Guard, FailureOfTheClockLeavesTheDescription) {
   struct BrokenClock : Clock {
     DateTime now() override { throw overflow(); }
     double elapsedMilliseconds() override { return 0; }
+    void sleep(double /*milliseconds*/) override {}
   } clock;
   RecordingPrompts prompts;
   HuntERR reporter(prompts, clock, settings(""));
@@ -671,6 +672,23 @@ TEST(StepMode, CancelSilencesFurtherStopsInThisRunOfTheProgram) {
   EXPECT_FALSE(f.reporter.guarded("run()", redraw));
   EXPECT_EQ(f.host.prompts.messages.size(), 2U);
   EXPECT_EQ(f.host.prompts.modalForms, 3);
+}
+
+// What the test programs rely on: an entry that fails each time ends, with its report.
+TEST(StepMode, EndsWhereNobodyPreparedAnAnswer) {
+  Fixture f(/*offersRetry=*/true);
+  int runs = 0;
+  EXPECT_FALSE(f.reporter.guarded("frmMain.click", [&] {
+    ++runs;
+    divide();
+  }));
+  EXPECT_EQ(runs, 2) << "once, and once more in step mode";
+  EXPECT_TRUE(contains(f.reporter.lastReport(), "Division by zero"));
+  const Texts texts = f.messageTexts();
+  ASSERT_EQ(texts.size(), 3U);
+  EXPECT_EQ(texts[0], kRetryOffer);
+  EXPECT_TRUE(texts[1].starts_with("Stopped on error: Division by zero"));
+  EXPECT_TRUE(texts[2].starts_with("Stopped on error: Division by zero"));
 }
 
 TEST(StepMode, EndsWithTheGuardedRun) {

@@ -110,6 +110,80 @@ TEST_F(ProgramFolder, AFolderInTheDatabasesPlaceIsLeftAlone) {
   EXPECT_TRUE(folderExists(root("data/tessimo/SpeedsFeeds.MDB")));
 }
 
+// ---- Controls
+
+class ControlsFolder : public ProgramFolder {
+ protected:
+  ControlsFolder() { variables["XDG_DATA_HOME"] = root("data"); }
+
+  void shipControls() {
+    root.write("share/tessimo/controls.txt", "Mill,mill.msu,new.msu\r\nLathe,lathe.msu,-\r\n");
+    for (const char* name : {"new.msu", "new.msx", "lathe.msu"}) {
+      root.write("share/tessimo/" + std::string(name), "shipped");
+    }
+  }
+};
+
+TEST_F(ControlsFolder, AFolderFilledEarlierGetsTheirSetupsOnce) {
+  programFolder(request);
+  root.write("data/tessimo/mill.msu", "changed");
+  shipControls();
+  root.write("share/tessimo/mill.msx", "shipped");
+  programFolder(request);
+  for (const char* name : {"new.msu", "new.msx", "lathe.msu"}) {
+    EXPECT_EQ(root.read("data/tessimo/" + std::string(name)), "shipped") << name;
+  }
+  EXPECT_EQ(root.read("data/tessimo/mill.msu"), "changed");
+  EXPECT_FALSE(root.has("data/tessimo/mill.msx")) << "a setup of the operator's stays as it is";
+  EXPECT_EQ(root.read("data/tessimo/controls.txt"), root.read("share/tessimo/controls.txt"));
+  fs::remove(root("data/tessimo/new.msu"));
+  programFolder(request);
+  EXPECT_FALSE(root.has("data/tessimo/new.msu")) << "what the operator removes stays away";
+}
+
+TEST_F(ControlsFolder, AddingThatWasCutShortGoesOn) {
+  programFolder(request);
+  shipControls();
+  fs::create_symlink(root("none/lathe.msu"), root("data/tessimo/lathe.msu"));
+  EXPECT_EQ(programFolder(request), root("data/tessimo/")) << "it is no failure";
+  EXPECT_FALSE(root.has("data/tessimo/controls.txt"));
+  fs::remove(root("data/tessimo/lathe.msu"));
+  programFolder(request);
+  EXPECT_EQ(root.read("data/tessimo/lathe.msu"), "shipped");
+  EXPECT_TRUE(root.has("data/tessimo/controls.txt"));
+}
+
+TEST_F(ControlsFolder, ADamagedShippedListIsPassedOver) {
+  programFolder(request);
+  root.write("share/tessimo/controls.txt", "Mill,mill.msu");
+  EXPECT_EQ(programFolder(request), root("data/tessimo/"));
+  EXPECT_FALSE(root.has("data/tessimo/controls.txt"));
+}
+
+TEST_F(ControlsFolder, TheFirstStartIsThatOfAFolderFilledHere) {
+  const std::string folder = programFolder(request);
+  EXPECT_TRUE(isFirstStart(request, folder));
+  EXPECT_TRUE(isFirstStart(request, programFolder(request))) << "until a window has asked";
+  endFirstStart(folder);
+  EXPECT_FALSE(isFirstStart(request, folder));
+  EXPECT_FALSE(isFirstStart(request, programFolder(request)));
+}
+
+TEST_F(ControlsFolder, AFolderThatSomebodyNamesIsNeverAsked) {
+  const std::string folder = programFolder(request);
+  request.home = folder;
+  EXPECT_FALSE(isFirstStart(request, folder));
+  request.home.reset();
+  variables["TESSIMO_HOME"] = folder;
+  EXPECT_FALSE(isFirstStart(request, folder));
+}
+
+TEST_F(ControlsFolder, AFolderOfAnEarlierVersionIsNotAsked) {
+  fs::create_directory(root("data/tessimo"));
+  root.write("data/tessimo/tess.def", "");
+  EXPECT_FALSE(isFirstStart(request, programFolder(request)));
+}
+
 TEST_F(ProgramFolder, NamedFoldersAreNotAddedTo) {
   root.write("share/tessimo/SpeedsFeeds.MDB", "tables");
   request.home = root("home");

@@ -53,6 +53,58 @@ TEST_F(Rows, ARowWithoutACategoryIsMisc) {
   EXPECT_EQ(items().find("Layer")->Category, "Misc");
 }
 
+TEST_F(Rows, AreWalkedInTheOrderOfShowing) {
+  Texts walked;
+  for (const CPropListItem& item : items().NewEnum()) walked.push_back(item.Name);
+  EXPECT_EQ(walked, names());
+}
+
+TEST_F(Rows, AreSetAllAtOnce) {
+  CPropListItem item;
+  item.QuickSet("Length", "2.5", "From end to end.", "Geometry");
+  EXPECT_EQ(item.Name, "Length");
+  EXPECT_EQ(item.Value, "2.5");
+  EXPECT_EQ(item.Description, "From end to end.");
+  EXPECT_EQ(item.Category, "Geometry");
+  EXPECT_TRUE(item.Enabled && item.Visible && !item.IsCategory && !item.Selected);
+}
+
+TEST_F(Rows, AreHitInTheirWholeWidthAndNotBeside) {
+  const CPropListItem& second = items().Item(1);
+  for (const int x : {0, 99, 100, 199}) {
+    EXPECT_TRUE(second.HitTest(x, 20)) << x;
+    EXPECT_TRUE(second.HitTest(x, 39)) << x;
+    EXPECT_FALSE(second.HitTest(x, 19)) << x;
+    EXPECT_FALSE(second.HitTest(x, 40)) << x;
+  }
+  EXPECT_FALSE(second.HitTest(-1, 30));
+  EXPECT_FALSE(second.HitTest(200, 30));
+}
+
+TEST_F(Rows, TakeANewTextUnlessTheyAreHeadingsOrReadOnly) {
+  EXPECT_TRUE(items().find("Length")->Validate("3"));
+  EXPECT_TRUE(items().find("Length")->Validate(""));
+  EXPECT_FALSE(items().find("Length")->Validate("2.5"));
+  EXPECT_FALSE(items().find("Area")->Validate("10"));
+  list.setListStyle(ListStyle::Categorized);
+  EXPECT_FALSE(items().Item(0).Validate("Shape"));
+}
+
+TEST_F(Rows, TellOfANewTextAsTheirValueIsLeft) {
+  Texts told;
+  list.onChange = [&told](const std::string& name, const std::string& value) {
+    told.push_back(name + "=" + value);
+  };
+  list.leaveValue("Length", "2.5");
+  list.leaveValue("Area", "10");
+  list.leaveValue("Nothing", "1");
+  list.leaveValue("Geometry", "1");
+  EXPECT_EQ(told, Texts{});
+  list.leaveValue("Length", "3");
+  EXPECT_EQ(told, Texts{"Length=3"});
+  EXPECT_EQ(items().find("Length")->Value, "2.5") << "whoever heard of it fills the rows anew";
+}
+
 TEST_F(Rows, NumbersAreTheShortestText) {
   EXPECT_EQ(items().find("Length")->Value, "2.5");
 }

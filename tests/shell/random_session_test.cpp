@@ -471,6 +471,29 @@ class Session : public RunningProgram {
       if (dice_.below(3) == 0) editor.txtPathGroup.type(oneOf(kCodes));
       fillIn(editor.txtpsx1, editor.txtpsy1);
       oneOf(buttons)->press();
+      if (editor.isShown()) lookRound(editor);
+    }
+  }
+  // Another row by the list, the search, a page key or a click in the drawing.
+  void lookRound(dlgEditPath& editor) {
+    static constexpr const char* kWanted[] = {"1", "2", "-0.1", "x"};
+    editor.cmbFind.setIndex(dice_.below(editor.cmbFind.count()));
+    editor.txtFind.type(oneOf(kWanted));
+    switch (dice_.below(5)) {
+      case 0:
+        editor.lstRows.pick(dice_.below(editor.lstRows.count()));
+        break;
+      case 1:
+        editor.cmdFindNext.press();
+        break;
+      case 2:
+        editor.pressPage(dice_.below(2) == 0);
+        break;
+      case 3:
+        click({lattice(), lattice()}, kLeftButton);
+        break;
+      default:
+        break;
     }
   }
   void fillIn(frmPathMap& map) {
@@ -573,6 +596,9 @@ class Session : public RunningProgram {
         "There must be at least 2 line segments joined at the selected point.",
         "There must be at least 2 path segments joined at the selected point.",
         "No line segments are currently selected.",
+        "Type the number to look for, as 2 or -0.25.",
+        "There is no path segment with ",
+        "There is no other path segment with ",
         "Value must be numeric.",
         "Degrees must be between 0 and 360.",
         "Number of Bolt Holes must be between 1 and 999.",
@@ -586,6 +612,7 @@ class Session : public RunningProgram {
         "You cannot promote the first ",
         "You cannot demote the last ",
         "Path segment #",
+        "Path segments that cannot be selected: ",
     };
     for (const Message& message : platform.prompts.messages) {
       const bool known =

@@ -11,6 +11,7 @@
 #include <string_view>
 
 #include "core/drawing_store.h"
+#include "tests/support/grbl_reader.h"
 
 namespace tess::testing {
 namespace {
@@ -167,11 +168,16 @@ class Control {
 
   void setCenter(GcodeMotion& motion, const Block& block) {
     if (!wholeArcs_) stop(line_, "an arc before arcs of more than one quadrant are on");
-    motion.center = block.has('R') ? centerByRadius(motion, block.valueOr('R', 0))
+    motion.center = block.has('R') ? centerOfRadius(motion, block.valueOr('R', 0))
                                    : centerByWords(motion, block);
     const double mismatch =
         std::abs(lengthOf(motion.from - motion.center) - lengthOf(motion.to - motion.center));
     program.arcMismatch = std::max(program.arcMismatch, mismatch);
+  }
+
+  Vec centerOfRadius(const GcodeMotion& motion, double radius) const {
+    if (lengthOf(motion.to - motion.from) == 0) stop(line_, "a full circle by its radius");
+    return centerByRadius(motion, radius);
   }
 
   // A word that is left out means the start of the arc, as an offset 0. Of a lathe, whose K word
@@ -186,17 +192,6 @@ class Control {
     }
     if (dialect_.lathe) return {k, block.valueOr('I', motion.from.y)};
     return {block.valueOr('I', motion.from.x), block.valueOr('J', motion.from.y)};
-  }
-
-  // The centre lies to the left of the chord for a counter-clockwise arc of at most a half turn;
-  // each of a clockwise sense and a negative radius changes the side.
-  Vec centerByRadius(const GcodeMotion& motion, double radius) const {
-    const Vec chord = motion.to - motion.from;
-    const double half = lengthOf(chord) / 2;
-    if (half == 0) stop(line_, "a full circle by its radius");
-    const double off = std::sqrt(std::max(0.0, radius * radius - half * half));
-    const double side = (motion.g == 3) == (radius > 0) ? 1 : -1;
-    return motion.from + 0.5 * chord + (side * off / (2 * half)) * leftOf(chord);
   }
 
   const GcodeDialect& dialect_;
@@ -311,15 +306,35 @@ bool sameRow(const PathRow& placed, const PathRow& read, const ReadingTolerance&
 
 }  // namespace
 
-GcodeProgram readProgram(const std::string& text, const GcodeDialect& dialect) {
-  Control control(dialect);
-  std::string_view rest = text;
-  for (int number = 1; !rest.empty(); ++number) {
-    const std::size_t end = std::min(rest.find('\n'), rest.size());
-    std::string_view line = rest.substr(0, end);
-    rest.remove_prefix(std::min(end + 1, rest.size()));
+std::vector<std::string_view> programLines(std::string_view text) {
+  std::vector<std::string_view> lines;
+  while (!text.empty()) {
+    const std::size_t end = std::min(text.find('\n'), text.size());
+    std::string_view line = text.substr(0, end);
+    text.remove_prefix(std::min(end + 1, text.size()));
     if (line.ends_with('\r')) line.remove_suffix(1);
+    lines.push_back(line);
+  }
+  return lines;
+}
+
+Vec centerByRadius(const GcodeMotion& arc, double radius) {
+  const Vec chord = arc.to - arc.from;
+  const double half = lengthOf(chord) / 2;
+  const double off = std::sqrt(std::max(0.0, radius * radius - half * half));
+  // To the left of the chord for a counter-clockwise arc of at most a half turn; each of a
+  // clockwise sense and a negative radius changes the side.
+  const double side = (arc.g == 3) == (radius > 0) ? 1 : -1;
+  return arc.from + 0.5 * chord + (side * off / (2 * half)) * leftOf(chord);
+}
+
+GcodeProgram readProgram(const std::string& text, const GcodeDialect& dialect) {
+  if (dialect.grbl) return readGrblProgram(text);
+  Control control(dialect);
+  int number = 0;
+  for (std::string_view line : programLines(text)) {
     line = withoutComment(line, dialect);
+    ++number;
     if (line != "%") control.run(blockOf(line, number, dialect));
   }
   return control.program;

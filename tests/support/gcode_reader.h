@@ -1,11 +1,12 @@
 // Reads an RS-274-D program as a control does: words are modal, positions are where the last motion
 // ended. Nothing here is shared with the routines that write programs.
-// Owns: GcodeDialect, GcodeMotion, GcodeProgram, GcodeError, readProgram, readCuts, placedCuts,
-//       ReadingTolerance, firstDifference.
+// Owns: GcodeDialect, GcodeMotion, GcodeProgram, GcodeError, readProgram, programLines,
+//       centerByRadius, readCuts, placedCuts, ReadingTolerance, firstDifference.
 #pragma once
 
 #include <stdexcept>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "core/drawing_rows.h"
@@ -14,6 +15,7 @@
 namespace tess::testing {
 
 struct GcodeDialect {
+  bool grbl = false;   // that of GRBL 1.1 alone, with all that it refuses; see grbl_reader.h
   bool lathe = false;  // X words are path y, Z words path x
   bool absoluteCenters = false;
   std::string letters = "XYZIJK";  // of the words X, Y, Z, I, J and K
@@ -23,7 +25,7 @@ struct GcodeDialect {
 // One motion or cycle, in path axes.
 struct GcodeMotion {
   int line = 0;  // of the program, from 1
-  int g = 0;     // 0 to 3, or the cycle's number
+  int g = 0;     // 0 to 3, 4 for a dwell, or the cycle's number
   Vec from, to;
   double fromZ = 0, toZ = 0;        // of a mill
   Vec center;                       // of an arc
@@ -47,6 +49,12 @@ class GcodeError : public std::runtime_error {
 // Raises GcodeError for what is no word, a word that means nothing here, a motion before the units
 // or the absolute mode are set, and an arc without a centre.
 GcodeProgram readProgram(const std::string& text, const GcodeDialect& dialect = {});
+
+// Without their ends.
+std::vector<std::string_view> programLines(std::string_view text);
+
+// The centre of an arc by its ends and its radius, below 0 the long way round. The ends differ.
+Vec centerByRadius(const GcodeMotion& arc, double radius);
 
 // The path rows that the program stands for, with their tool as the code: feed moves along the
 // path and cycles. Rapids and moves along Z alone are the way from row to row.

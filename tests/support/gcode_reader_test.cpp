@@ -128,9 +128,16 @@ class ReadBack : public CncFixture {
  protected:
   // The definition as it ships, in front of what a case adds.
   void useShipped(const std::string& name, const std::string& more = "") {
+    use("data/" + name, more);
+  }
+  // As it was before definitions told of controls.
+  void useBare(const std::string& name, const std::string& more) {
+    use("tests/cnc/bare/" + name, more);
+  }
+  void use(const std::string& path, const std::string& more) {
     definition = {};
     session.startupdone = true;
-    define(readFile(TESSIMO_SOURCE_DIR "/data/" + name) + more);
+    define(readFile(TESSIMO_SOURCE_DIR "/" + path) + more);
   }
 
   void expectReadBack(CncMode mode, const std::string& what) {
@@ -264,7 +271,7 @@ TEST_F(ReadBack, EveryKeyOfADefinitionIsUnderstood) {
 // start, also where the definition promises coordinates. A control then turns about another place.
 TEST_F(ReadBack, AFullCircleAmongRadiusWordsIsMisreadWithAbsoluteCenters) {
   store.userparamforarcs = true;
-  useShipped("mill_inch.msx", "ABSCENTER,Y\r\n");
+  useBare("mill_inch.msx", "ABSCENTER,Y\r\n");
   place(arcRow(kCounterClockwiseArc, {3, 1}, {3, 1}, {2, 1.5F}, -0.1F, 10));
   EXPECT_EQ(moves().at(3), "G03 I-1.0 J0.5 F100");
   const GcodeDialect dialect{.absoluteCenters = true};

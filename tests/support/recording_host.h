@@ -14,8 +14,9 @@
 
 namespace tess::testing {
 
-// Answers messages in the order given, then with the first button of the box; cancels file
-// dialogs that nobody prepared, and forms that onForm leaves open.
+// Answers messages in the order given, then with the first button of the box, but No to whether a
+// failed statement shall run again; cancels file dialogs that nobody prepared, and forms that
+// onForm leaves open.
 class RecordingPrompts : public Prompts {
  public:
   RecordingPrompts();
@@ -41,6 +42,7 @@ class FixedClock : public Clock {
   ~FixedClock() override;
   DateTime now() override { return time; }
   double elapsedMilliseconds() override { return elapsed; }
+  void sleep(double milliseconds) override { elapsed += milliseconds; }
 
   DateTime time{.year = 2026, .month = 3, .day = 9, .hour = 14, .minute = 5, .second = 7};
   double elapsed = 0;

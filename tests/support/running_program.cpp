@@ -7,7 +7,13 @@
 
 namespace tess::testing {
 
-RunningProgram::RunningProgram() {
+RunningProgram::RunningProgram(Paper* paper)
+    : application({.host = platform.host,
+                   .reporting = reporting,
+                   .screen = screen.ports,
+                   .others = &others,
+                   .userfolder = userfolder(),
+                   .paper = paper}) {
   std::filesystem::copy(TESSIMO_SOURCE_DIR "/tests/scripts/home", home());
   std::filesystem::create_directory(home("CNC"));
   screen.pointer.onArrival = [this](int pixelX, int pixelY) { arrive(pixelX, pixelY); };

@@ -7,6 +7,7 @@
 #include "shell/commands.h"
 #include "shell/virtual_screen.h"
 #include "tests/support/recording_host.h"
+#include "tests/support/recording_programs.h"
 #include "tests/support/temp_folder.h"
 
 namespace tess::testing {
@@ -14,7 +15,8 @@ namespace tess::testing {
 // Time stands still until pass() is called. A failure of a command stands in
 // reporting.lastReport().
 struct RunningProgram {
-  RunningProgram();
+  // Without paper nothing can be printed.
+  explicit RunningProgram(Paper* paper = nullptr);
   ~RunningProgram();
   RunningProgram(const RunningProgram&) = delete;
   RunningProgram& operator=(const RunningProgram&) = delete;
@@ -38,11 +40,13 @@ struct RunningProgram {
   }
 
   TempFolder home;
+  TempFolder userfolder;
   RecordingHost platform;
   HuntERR reporting{
       platform.prompts, platform.clock, {.folder = {}, .display = ReportDisplay::None}};
   VirtualScreen screen;
-  Application application{{platform.host, reporting, screen.ports}};
+  RecordingPrograms others;
+  Application application;
 
  private:
   void arrive(int pixelX, int pixelY) {

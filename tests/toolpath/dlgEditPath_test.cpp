@@ -476,6 +476,18 @@ TEST_F(EditPath, TheLastToolAndGroupFit) {
   EXPECT_EQ(codes(), std::vector{29999});
 }
 
+TEST_F(EditPath, ARowNumberThatDoesNotFitIsToldAndNothingIsSaved) {
+  addRows({100});
+  open();
+  form.txtps.setText("99999999999");
+  form.txtpsz.setText("-2");
+  expectNoStep(*this, [this] {
+    bool ok = true;
+    form.savePathFields(0, ok);
+  });
+  EXPECT_EQ(message().text, "Error Saving Path Data:  Overflow");
+}
+
 TEST_F(EditPath, ANumberThatIsTooLargeStaysOutAndTheRestIsSaved) {
   addRows({100});
   open();
@@ -539,6 +551,19 @@ TEST_F(EditPath, AGroupNumberTypedBeforeTheScopeRenumbersTheGroup) {
   form.optApplyToGroup.setValue(true);
   form.cmdAccept.press();
   EXPECT_EQ(codes(), (std::vector{100, 705, 706}));
+}
+
+TEST_F(EditPath, ANameThatWasNotChangedDoesNotGoAlongToAnotherGroup) {
+  addRows({100, 300});
+  store.pathgroupname[1] = "Outside";
+  store.pathgroupname[3] = "Inside";
+  open();
+  form.txtPathGroup.setText("3");
+  form.cmdRefresh.press();
+  EXPECT_EQ(codes(), (std::vector{300, 300}));
+  EXPECT_EQ(store.pathgroupname[1], "Outside");
+  EXPECT_EQ(store.pathgroupname[3], "Inside");
+  EXPECT_EQ(form.txtPathGroupName.text(), "Inside");
 }
 
 TEST_F(EditPath, GroupScopeIsTheGroupOfTheRowShown) {
@@ -869,6 +894,242 @@ TEST_F(EditPath, ACurrentGroupThatDoesNotFitIsTold) {
   EXPECT_EQ(form.lblCurrGroup.caption(), "1");
 }
 
+// ---- The list of all rows
+
+TEST_F(EditPath, ListsAllRowsUnderTheirHeadings) {
+  addRows({100, 304});
+  open();
+  EXPECT_EQ(form.lstRows.caption(), "#\tGroup\tTool\tType\tEnd X\tEnd Y\tZ\tFeed");
+  EXPECT_EQ(form.lstRows.items(), (Texts{"1\t1\t1\tLine\t1.0000\t0.0000\t-0.5000\t10",
+                                         "2\t3\t5\tLine\t2.0000\t0.0000\t-0.5000\t10"}));
+  EXPECT_EQ(form.lstRows.index(), 0);
+}
+
+TEST_F(EditPath, TheListFollowsTheRowAndTheRowTheList) {
+  addRows({100, 200, 300});
+  open();
+  form.cmdNext.press();
+  EXPECT_EQ(form.lstRows.index(), 1);
+  EXPECT_TRUE(form.lstRows.pick(2));
+  EXPECT_EQ(form.txtps.text(), "3");
+  EXPECT_EQ(form.txtPathGroup.text(), "3");
+  form.txtpsz.setText("-2");
+  EXPECT_TRUE(form.lstRows.pick(2));
+  EXPECT_EQ(form.txtpsz.text(), "-2") << "the row shown drops no edits";
+  form.lstRows.setIndex(-1);
+  EXPECT_EQ(form.txtps.text(), "3");
+  form.lstRows.setIndex(0);
+  EXPECT_EQ(form.txtps.text(), "1");
+  EXPECT_EQ(store.psz[3], -0.5F) << "another row drops them";
+}
+
+TEST_F(EditPath, TheListShowsWhatWasSavedInsertedAndDeleted) {
+  addRows({100, 200});
+  open();
+  form.txtpsz.setText("-2");
+  form.cmdRefresh.press();
+  EXPECT_EQ(form.lstRows.item(0), "1\t1\t1\tLine\t1.0000\t0.0000\t-2.0000\t10");
+  form.cmdIns.press();
+  EXPECT_EQ(form.lstRows.count(), 3);
+  EXPECT_EQ(form.lstRows.text(), "1\t1\t1\tLine\t0.0000\t0.0000\t-2.0000\t10");
+  form.cmdDel.press();
+  EXPECT_EQ(form.lstRows.count(), 2);
+  EXPECT_EQ(form.lstRows.index(), 0);
+}
+
+TEST_F(EditPath, ARowThatWentBehindItsBackIsAnEmptyLine) {
+  addRows({100, 200});
+  open();
+  store.NumPathSegments = 1;
+  EXPECT_EQ(form.lstRows.item(1), "");
+  EXPECT_TRUE(form.lstRows.pick(1));
+  EXPECT_EQ(form.txtps.text(), "1") << "and leads nowhere";
+}
+
+// ---- The search
+
+struct EditPathSearch : EditPath {
+  EditPathSearch() {
+    addRows({100, 204, 100});
+    open();
+  }
+  void look(int what, const char* value) {
+    form.cmbFind.setIndex(what);
+    form.txtFind.setText(value);
+    form.cmdFindNext.press();
+  }
+};
+
+TEST_F(EditPathSearch, OffersFourValues) {
+  EXPECT_EQ(form.cmbFind.items(), (Texts{"Tool #", "Path Group #", "Z Depth", "Feed Rate"}));
+  EXPECT_EQ(form.cmbFind.index(), 0);
+}
+
+TEST_F(EditPathSearch, GoesFromRowToRowAndRoundTheEnd) {
+  look(0, "5");
+  EXPECT_EQ(form.txtps.text(), "2");
+  look(1, " 1 ");
+  EXPECT_EQ(form.txtps.text(), "3");
+  look(1, "1");
+  EXPECT_EQ(form.txtps.text(), "1");
+  look(2, "-.5");
+  EXPECT_EQ(form.txtps.text(), "2");
+  look(3, "10");
+  EXPECT_EQ(form.txtps.text(), "3");
+  EXPECT_TRUE(messages().empty());
+}
+
+TEST_F(EditPathSearch, TellsThatThereIsNone) {
+  look(3, "99");
+  const Message shown = message();
+  EXPECT_EQ(shown.text, "There is no path segment with Feed Rate 99.");
+  EXPECT_EQ(shown.title, "Find Path Segment");
+  EXPECT_EQ(shown.icon, MessageIcon::Information);
+  EXPECT_EQ(form.txtps.text(), "1");
+}
+
+TEST_F(EditPathSearch, TellsThatThereIsNoOther) {
+  look(0, "5");
+  look(0, "5");
+  EXPECT_EQ(message().text, "There is no other path segment with Tool # 5.");
+  EXPECT_EQ(form.txtps.text(), "2");
+}
+
+TEST_F(EditPathSearch, AsksForANumber) {
+  for (const char* const text : {"", "  ", "deep", "5 mm", "1,5"}) {
+    look(2, text);
+    EXPECT_EQ(message().text, "Type the number to look for, as 2 or -0.25.") << text;
+  }
+  EXPECT_EQ(form.txtps.text(), "1");
+}
+
+TEST_F(EditPathSearch, EnterInItsFieldLooks) {
+  form.txtFind.type("5");
+  EXPECT_TRUE(form.pressDefault());
+  EXPECT_EQ(form.txtps.text(), "2");
+  form.txtpsz.type("-2");
+  EXPECT_TRUE(form.pressDefault());
+  EXPECT_EQ(store.psz[2], -2) << "elsewhere it applies";
+}
+
+// ---- PgUp and PgDn
+
+TEST_F(EditPath, PageKeysSaveAndGoOnInTheSameField) {
+  addRows({100, 100, 100});
+  open();
+  form.txtpsz.type("-2");
+  EXPECT_TRUE(form.pressPage(/*down=*/true));
+  EXPECT_EQ(form.txtps.text(), "2");
+  EXPECT_EQ(store.psz[1], -2);
+  EXPECT_TRUE(form.txtpsz.hasFocus());
+  EXPECT_TRUE(form.txtpsz.isAllSelected());
+  EXPECT_TRUE(form.pressPage(/*down=*/true));
+  EXPECT_FALSE(form.pressPage(/*down=*/true)) << "the last row";
+  EXPECT_TRUE(form.txtpsz.hasFocus());
+  EXPECT_TRUE(form.pressPage(/*down=*/false));
+  EXPECT_EQ(form.txtps.text(), "2");
+}
+
+TEST_F(EditPath, APageKeyTakesTheTypedRowNumberFirst) {
+  addRows({100, 100, 100, 100});
+  open();
+  form.txtps.type("3");
+  EXPECT_TRUE(form.pressPage(/*down=*/true));
+  EXPECT_EQ(form.txtps.text(), "4");
+}
+
+// ---- In the drawing
+
+TEST_F(EditPath, TheRowOrItsGroupStandsOutUntilTheFormCloses) {
+  addRows({100, 200, 200});
+  open();
+  const auto shown = [this] { return context.formPreview.rows.size(); };
+  EXPECT_EQ(context.formPreview.rows, (std::vector<SegmentRow>{{.type = kLine, .x1 = 1}}));
+  EXPECT_EQ(context.formPreview.width, 3);
+  goTo(2);
+  EXPECT_EQ(context.formPreview.rows, (std::vector<SegmentRow>{{.type = kLine, .x0 = 1, .x1 = 2}}));
+  form.optApplyToGroup.setValue(true);
+  EXPECT_EQ(shown(), 2U);
+  form.optApplyToAll.setValue(true);
+  EXPECT_EQ(shown(), 1U);
+  form.cmdExit.press();
+  EXPECT_EQ(shown(), 0U);
+}
+
+TEST_F(EditPath, WhatStandsOutIsThereAfterASaveToo) {
+  addRows({100, 200});
+  open();
+  form.txtpsx1.setText("4");
+  form.cmdRefresh.press();
+  EXPECT_EQ(context.formPreview.rows, (std::vector<SegmentRow>{{.type = kLine, .x1 = 4}}));
+  EXPECT_TRUE(context.formPreview.shown);
+}
+
+TEST_F(EditPath, ASaveThatLooksTheSamePaintsNothingAnew) {
+  addRows({100, 200});
+  open();
+  log.take();
+  form.txtpsz.setText("-2");
+  form.txtpsfeed.setText("7");
+  form.cmdRefresh.press();
+  EXPECT_EQ(log.take().find("Cls"), std::string::npos);
+  form.chkVisible.setChecked(false);
+  form.cmdRefresh.press();
+  EXPECT_NE(log.take().find("Cls"), std::string::npos);
+}
+
+TEST_F(EditPath, AClickInTheDrawingGoesToTheRow) {
+  addRows({100, 200, 300});
+  open();
+  form.txtpsz.setText("-2");
+  expectNoStep(*this, [this] { click(2.5F, 0.25F); });
+  EXPECT_EQ(form.txtps.text(), "3");
+  EXPECT_EQ(form.lstRows.index(), 2);
+  EXPECT_EQ(marker(), (Point{0, 0})) << "it is no click of drafting";
+  rightClick(0.5F, 0.25F);
+  EXPECT_EQ(form.txtps.text(), "3");
+  for (int ps = 1; ps <= 3; ++ps) hide(ps);
+  click(0.5F, 0.25F);
+  EXPECT_EQ(beeps(), 1) << "there is no row to be seen";
+  form.cmdExit.press();
+  const Point before = mouse();
+  click(0.5F, 0.25F);
+  EXPECT_NE(mouse(), before) << "the drawing is the operator's again";
+}
+
+TEST_F(EditPath, TheReleaseOfAClickThatTheFormTookIsNoneAfterItHasClosed) {
+  addRows({100, 200});
+  open();
+  press(kLeftButton, 1.5F, 0.25F);
+  EXPECT_EQ(form.txtps.text(), "2");
+  form.pressCancel();
+  const Point before = mouse();
+  release(kLeftButton, 3, 3);
+  EXPECT_EQ(mouse(), before);
+  click(3, 3);
+  EXPECT_NE(mouse(), before);
+}
+
+TEST_F(EditPath, AFormThatGoesWhileItIsOpenLeavesTheDrawingAlone) {
+  addRows({100, 200});
+  {
+    dlgEditPath gone(cam);
+    gone.open(Modality::Modal);
+  }
+  click(1.5F, 0.25F);
+  EXPECT_NE(mouse(), Point{});
+}
+
+TEST_F(EditPath, TheDrawingIsOutOfReachOfTheMap) {
+  addRows({100, 200});
+  open();
+  test.recording.prompts.onForm = [this](Form&) { click(1.5F, 0.25F); };
+  form.cmdOrderPaths.press();
+  EXPECT_EQ(form.txtps.text(), "1");
+  click(1.5F, 0.25F);
+  EXPECT_EQ(form.txtps.text(), "2");
+}
+
 // ---- The map
 
 TEST_F(EditPath, OrderPathsShowsTheMapAndTheRowAgain) {
@@ -892,11 +1153,15 @@ TEST_F(EditPath, EditsReordersAndUndoes30000Rows) {
   for (int ps = 0; ps < 30000; ++ps) many.push_back(100 + 100 * (ps / 200));
   addRows(many);
   open();
-  const testing::TableBits before(store);
+  std::vector<testing::TableBits> steps{testing::TableBits(store)};
+  const auto step = [&](const auto& edit) {
+    expectOneStep(*this, edit);
+    steps.emplace_back(store);
+  };
   goTo(15000);
   form.optApplyToGroup.setValue(true);
   form.txtpsz.setText("-2");
-  expectOneStep(*this, [this] { form.cmdRefresh.press(); });
+  step([this] { form.cmdRefresh.press(); });
   EXPECT_EQ(context.changelog.changecount, 400);
   test.recording.prompts.onForm = [](Form& shown) {
     auto& map = dynamic_cast<frmPathMap&>(shown);
@@ -904,14 +1169,31 @@ TEST_F(EditPath, EditsReordersAndUndoes30000Rows) {
     map.cmdPromote.press();
     map.cmdApply.press();
   };
-  expectOneStep(*this, [this] { form.cmdOrderPaths.press(); });
+  step([this] { form.cmdOrderPaths.press(); });
   EXPECT_EQ(store.pscode[1], 200);
+  EXPECT_EQ(store.psx0[1], 200);
   form.optApplyToSegment.setValue(true);
-  expectOneStep(*this, [this] { form.cmdDel.press(); });
-  EXPECT_EQ(store.NumPathSegments, 29999);
-  for (int step = 0; step < 3; ++step) Undo_Last_Change(context);
-  EXPECT_TRUE(testing::TableBits(store) == before);
+  step([this] { form.cmdDel.press(); });
+  goTo(1);
+  form.txtPathGroup.setText("299");
+  step([this] { form.cmdRefresh.press(); });
+  EXPECT_EQ(store.pscode[1], 29900);
+  step([this] { form.cmdIns.press(); });
+  EXPECT_EQ(store.NumPathSegments, 30000);
+  answer({Answer::Ok});
+  goTo(2);
+  step([this] { form.cmdDeletePathGroup.press(); });
+  EXPECT_EQ(store.NumPathSegments, 29998);
+  EXPECT_EQ(form.lstRows.count(), 29998);
+  for (std::size_t back = steps.size() - 1; back-- > 0;) {
+    Undo_Last_Change(context);
+    EXPECT_TRUE(testing::TableBits(store) == steps[back]) << back;
+  }
   EXPECT_EQ(context.changelog.changecount, 0);
+  for (std::size_t on = 1; on < steps.size(); ++on) {
+    RedoLastChange(context);
+    EXPECT_TRUE(testing::TableBits(store) == steps[on]) << on;
+  }
 }
 
 }  // namespace

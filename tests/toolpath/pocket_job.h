@@ -29,6 +29,9 @@ struct JobSettings {
   bool avoidsGouges = true;
   bool keepsDuplicates = false;
   double firstRing = 0;  // of the spiral, from the wall; 0 for as far as half the pocket's extent
+  bool truePaths = false;
+  double step = 1;        // over, in tool radii
+  bool finishes = false;  // the spiral, on the wall
 };
 
 // Of a finish path: near its start, the way to go, and the side to be on.
@@ -97,6 +100,9 @@ class PocketJob : public RecordedCam {
     store.cfg_min_rough_clearance = settings.clearance;
     store.cfg_connect_pocketing_paths = settings.connects;
     store.cfg_gouge_avoidance = settings.avoidsGouges;
+    store.cfg_true_paths = settings.truePaths;
+    store.cfg_tool_spacing = static_cast<float>(50 * settings.step);
+    store.cfg_auto_place_finish_path = settings.finishes;
   }
 
   void setFirstRing(double distance) {

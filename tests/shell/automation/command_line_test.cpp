@@ -9,6 +9,7 @@
 #include "core/file_system.h"
 #include "core/save_journal.h"
 #include "tests/support/other_process.h"
+#include "tests/support/recorded_paper.h"
 #include "tests/support/script_run.h"
 #include "tests/support/source_folder.h"
 
@@ -44,6 +45,21 @@ TEST(CommandLine, ProgramsOfDrawings) {
   const CommandLine lathe = parseCommandLine({"--make-cnc", "lathe", "part.cdm", "-o", "out.nc"});
   EXPECT_EQ(lathe.mode, CncMode::Lathe);
   EXPECT_EQ(lathe.output, "out.nc");
+  EXPECT_EQ(lathe.setup, "");
+  EXPECT_EQ(parseCommandLine({"--make-cnc", "mill", "part.cdm", "--setup", "other"}).setup,
+            "other");
+}
+
+TEST(CommandLine, PrintsOfDrawings) {
+  const CommandLine plain = parseCommandLine({"--print", "part.pdf", "part.cdm"});
+  EXPECT_EQ(plain.job, Job::Print);
+  EXPECT_EQ(plain.picture, "part.pdf");
+  EXPECT_EQ(plain.scale, 1);
+  EXPECT_FALSE(plain.sheet);
+  const CommandLine scaled =
+      parseCommandLine({"--print", "part.pdf", "part.cdm", "--scale", "1:2", "--paper", "letter"});
+  EXPECT_EQ(scaled.scale, 0.5);
+  EXPECT_EQ(scaled.sheet, "letter");
 }
 
 TEST(CommandLine, PicturesOfDrawings) {
@@ -116,7 +132,7 @@ TEST(CommandLine, HelpAndVersionAreDoneWithText) {
   }
   const std::string help = parseCommandLine({"--help"}).text;
   for (const char* option : {"--run", "--play", "--make-cnc", "--plot", "--size", "--date",
-                             "--home", "--allow-io", "--version", "-o"}) {
+                             "--home", "--allow-io", "--version", "--setup", "-o"}) {
     EXPECT_NE(help.find(option), std::string::npos) << option;
   }
 }
@@ -133,6 +149,8 @@ TEST(CommandLine, WrongUsageIsOneLine) {
       {"part.cdm", "--run", "x.lua"},
       {"-o", "out.nc"},
       {"-o", "out.nc", "part.cdm"},
+      {"--setup", "other", "part.cdm"},
+      {"--setup", "other", "--run", "x.lua"},
       {"--allow-io"},
       {"--home"},
       {"--make-cnc", "mill", "part.cdm", "-o"},
@@ -141,6 +159,13 @@ TEST(CommandLine, WrongUsageIsOneLine) {
       {"--size", "100x100"},
       {"--size", "100x100", "part.cdm"},
       {"--plot", "part.png"},
+      {"--print", "part.pdf"},
+      {"--print", "part.pdf", "--plot", "part.png", "part.cdm"},
+      {"--print", "part.pdf", "--scale", "0", "part.cdm"},
+      {"--print", "part.pdf", "--scale", "1:x", "part.cdm"},
+      {"--print", "part.pdf", "--paper", "A9", "part.cdm"},
+      {"--scale", "2", "part.cdm"},
+      {"--paper", "A4", "--plot", "part.png", "part.cdm"},
       {"--plot", "part.png", "--make-cnc", "mill", "part.cdm"},
       {"--plot", "part.png", "--run", "x.lua"},
       {"--size", "100", "--run", "x.lua"},
@@ -268,6 +293,47 @@ TEST_F(CommandLineJobs, APictureOfNothingIsAFailure) {
   writePicture = [](Application&, const std::string&, PixelSize) { FAIL(); };
   EXPECT_EQ(runLine({"--plot", folder("x.png"), folder("none.cdm")}), ExitStatus::JobFailed);
   EXPECT_TRUE(err.starts_with("tessimo: " + folder("none.cdm") + ": ")) << err;
+}
+
+TEST_F(CommandLineJobs, APrintTakesScaleAndPaper) {
+  testing::RecordedPaper paper;
+  CommandLine line = parseCommandLine({"--home", home(), "--print", folder("part"),
+                                       drawing("part.cdm"), "--scale", "2:1", "--paper", "a5"});
+  line.paper = &paper;
+  std::ostringstream outStream;
+  std::ostringstream errStream;
+  EXPECT_EQ(runCommandLine(line, {}, outStream, errStream), ExitStatus::Done) << errStream.str();
+  ASSERT_EQ(paper.composed.size(), 1U);
+  EXPECT_DOUBLE_EQ(paper.composed[0].plan.millimetres, 50.8);
+  EXPECT_DOUBLE_EQ(paper.composed[0].plan.sides.width, 148);
+  EXPECT_FALSE(paper.composed[0].picture.strokes.empty()) << "the paths are shown";
+  EXPECT_EQ(folder.read("part.PDF"), "%PDF-recorded");
+}
+
+TEST_F(CommandLineJobs, APrintThatTakesTooManySheetsSaysSo) {
+  testing::RecordedPaper paper;
+  CommandLine line = parseCommandLine(
+      {"--home", home(), "--print", folder("part.pdf"), drawing("part.cdm"), "--scale", "10000"});
+  line.paper = &paper;
+  std::ostringstream outStream;
+  std::ostringstream errStream;
+  EXPECT_EQ(runCommandLine(line, {}, outStream, errStream), ExitStatus::JobFailed);
+  EXPECT_NE(errStream.str().find("takes more than 400 sheets"), std::string::npos)
+      << errStream.str();
+  EXPECT_FALSE(folder.has("part.pdf"));
+}
+
+TEST_F(CommandLineJobs, APictureOfVectorsIsInRealUnits) {
+  EXPECT_EQ(runLine({"--plot", folder("part.SVG"), drawing("part.cdm")}), ExitStatus::Done) << err;
+  const std::string svg = folder.read("part.SVG");
+  EXPECT_NE(svg.find("x2=\"55.800000\""), std::string::npos) << svg;
+}
+
+TEST_F(CommandLineJobs, APictureNeverTakesTheDrawingsPlace) {
+  const std::string part = drawing("part.cdm");
+  const std::string before = folder.read("part.cdm");
+  EXPECT_EQ(runLine({"--plot", part, part}), ExitStatus::JobFailed);
+  EXPECT_EQ(folder.read("part.cdm"), before);
 }
 
 TEST_F(CommandLineJobs, AProgramGoesBesideItsDrawing) {

@@ -15,6 +15,7 @@
 #include "core/text.h"
 #include "shell/application.h"
 #include "shell/automation/script_runner.h"
+#include "tests/support/bare_definitions.h"
 #include "tests/support/gcode_reader.h"
 #include "tests/support/golden.h"
 #include "tests/support/path_checker.h"
@@ -41,6 +42,7 @@ constexpr double kResolution = 0.6e-5;  // of the programs, in units
 struct ExampleRun {
   explicit ExampleRun(const std::string& name) {
     std::filesystem::copy(TESSIMO_SOURCE_DIR "/data", home());
+    testing::useBareDefinitions(home);
     std::filesystem::create_directory(home("CNC"));
     std::filesystem::copy(kExamples + name + ".lua", folder(name + ".lua"));
     if (fileExists(kExamples + name + ".dxf")) {

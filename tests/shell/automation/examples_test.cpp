@@ -12,6 +12,7 @@
 #include "core/number_text.h"
 #include "shell/automation/file_jobs.h"
 #include "shell/automation/script_runner.h"
+#include "tests/support/bare_definitions.h"
 #include "tests/support/source_folder.h"
 #include "tests/support/temp_folder.h"
 
@@ -28,6 +29,7 @@ class BracketExample : public ::testing::Test {
  protected:
   BracketExample() {
     std::filesystem::copy(TESSIMO_SOURCE_DIR "/data", home());
+    testing::useBareDefinitions(home);
     std::filesystem::create_directory(home("CNC"));
     std::filesystem::copy(kExamples + "bracket.lua", folder("bracket.lua"));
   }

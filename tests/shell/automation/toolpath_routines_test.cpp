@@ -127,8 +127,73 @@ TEST_F(ToolpathRoutines, ReportTellsRowsLengthAndTime) {
             "1 segments: 2 path rows, 6.5 in, 0.6 min\n");
 }
 
+// Down 1 at 2 a minute and 6 at 12; across and up at 100, 0.5 in and out of the hole.
+TEST_F(ToolpathRoutines, ReportTellsTheTimeOfTheProgramAndOfTheMachine) {
+  const std::string placed =
+      "setting['z start pos'], setting['z plunge rate'] = 0, 2 "
+      "add_path{type=1, x1=6, z=-1, feed=12, code=100} "
+      "add_path{type=81, x0=6, x1=6, z=0.5, feed=5, code=201} local r = report() ";
+  EXPECT_EQ(outputOf(placed + "print(('%.3f %.3f'):format(r.program_minutes, r.machine_minutes))"),
+            "1.115 1.115\n");
+  EXPECT_EQ(outputOf(placed + "print(r.summary)"), "2 path rows, 6.5 in, about 1.1 min\n");
+  EXPECT_EQ(outputOf(placed + "print(('%.3f'):format(r.tools[1].program_minutes))"), "1.000\n");
+  EXPECT_EQ(outputOf("setting['rapid rate'], setting['acceleration'] = 10, 0.01 " + placed +
+                     "print(('%.2f %.2f'):format(r.program_minutes, r.machine_minutes))"),
+            "1.25 1.88\n");
+}
+
 TEST_F(ToolpathRoutines, StateTellsOfPlacement) {
   EXPECT_EQ(valueOf("state.pathInsertMode, state.numFinishPasses, state.PocketXDim"), "0\t0\t0.0");
+}
+
+// ---- The path editor by the names of its controls
+
+constexpr char kThreePaths[] = R"(
+for x = 0, 2 do add_path{type=1, x0=x, x1=x+1, z=-x/4, feed=10, code=100*(x+1)+x} end
+store.showpaths = 1
+)";
+
+TEST_F(ToolpathRoutines, ThePathEditorListsFindsAndPicksRows) {
+  EXPECT_EQ(outputOf(std::string(kThreePaths) + R"(
+on_form("dlgEditPath", function(f)
+  print(f.lstRows.caption)
+  print(f.lstRows.count, f.lstRows.index, f.lstRows.text)
+  f.lstRows.index = 2
+  print(f.txtps.text, f.txtToolNumber.text)
+  f.cmbFind.text = "Z Depth"
+  f.txtFind.text = "-.25"
+  f.cmdFindNext:click()
+  print(f.txtps.text, f.lstRows.items[2])
+  f.txtFind.text = "9"
+  f.cmdFindNext:click()
+  print(messages[#messages].text)
+  click(0.5, 0.25)
+  print(f.txtps.text, f.lstRows.index)
+  f.cmdExit:click()
+end)
+tool("miEditPath/Cycle"))"),
+            "#\tGroup\tTool\tType\tEnd X\tEnd Y\tZ\tFeed\n"
+            "3\t0\t1\t1\t1\tLine\t1.0000\t0.0000\t0.0000\t10\n"
+            "3\t3\n"
+            "2\t2\t2\t2\tLine\t2.0000\t0.0000\t-0.2500\t10\n"
+            "There is no path segment with Z Depth 9.\n"
+            "1\t0\n");
+}
+
+TEST_F(ToolpathRoutines, TheMapChangesTheOrder) {
+  EXPECT_EQ(outputOf(std::string(kThreePaths) + R"(
+on_form("frmPathMap", function(f)
+  print(f.lstPathSegments.count, f.lstPathSegments.items[3])
+  f.lstPathSegments.index = 2
+  f.cmdPromote:click()
+  print(f.lstPathSegments.text, f.lblRapids.caption, f.lblRapidsBefore.caption)
+  f.cmdApply:click()
+end)
+on_form("dlgEditPath", function(f) f.cmdOrderPaths:click() print(f.lstRows.text) f.cmdExit:click() end)
+tool("miEditPath/Cycle"))"),
+            "6\tPath Group #2:  Group 2\n"
+            "Path Group #2:  Group 2\tRapids between Rows: 3.0000\tBefore: 0.0000\n"
+            "1\t2\t2\tLine\t2.0000\t0.0000\t-0.2500\t10\n");
 }
 
 }  // namespace

@@ -1,0 +1,29 @@
+// Which moves a program makes beyond those that the path rows ask for by themselves.
+// Owns: CycleNumbers, MotionRules.
+#pragma once
+
+#include <bitset>
+#include <cstddef>
+#include <optional>
+
+namespace tess {
+
+// Machine cycles by the numbers of their G words.
+using CycleNumbers = std::bitset<100>;
+
+// As it stands: the moves that programs have always had.
+struct MotionRules {
+  // The tool leaves the work before every change and comes back to it by places that are told in
+  // full, never at rapid speed below the safe height.
+  bool safeChange = false;
+  bool changePos = false;             // it is changed at the change position; only with safeChange
+  bool endLift = false;               // it leaves the work behind the last row
+  bool returnsTool = true;            // the first tool comes back at the end
+  std::optional<float> plungeFrom{};  // height down to which rapid speed is free of danger
+  CycleNumbers keptCycles = CycleNumbers().set();  // told as cycles; the others as their moves
+  bool cyclesReturn = false;                       // a cycle is known to end at the safe height
+
+  bool keeps(int cycle) const { return keptCycles.test(static_cast<std::size_t>(cycle)); }
+};
+
+}  // namespace tess

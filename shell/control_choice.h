@@ -1,0 +1,17 @@
+// Choosing the control that programs are made for: at the first start, and at any time.
+// Owns: chooseControl, askForControl.
+#pragma once
+
+namespace tess {
+
+class Application;
+
+// The menu's command: asks about unsaved work and then for control and units. The fitting setup is
+// in force from then on, at later starts too.
+void chooseControl(Application& application);
+
+// At the first start, when nothing is drawn yet: the new drawing begins in the units chosen. A
+// folder without a list of controls is left as it is.
+void askForControl(Application& application);
+
+}  // namespace tess

@@ -1,0 +1,39 @@
+// The panel of the path proof.
+#include "shell/frmPathProof.h"
+
+#include "display/palette.h"
+
+namespace tess {
+namespace {
+
+// Each shows on a light and on a dark ground.
+Rgb colorOf(ProofGrade grade) {
+  switch (grade) {
+    case ProofGrade::Clean:
+      return 0x50A030;
+    case ProofGrade::Near:
+      return 0x0082D2;
+    case ProofGrade::Beyond:
+      break;
+  }
+  return 0x3C3CE6;
+}
+
+std::string unjudgedText(const PathProof& proof) {
+  if (proof.unjudged.empty()) return {};
+  return "Rows not judged: " + std::to_string(proof.unjudged.size());
+}
+
+}  // namespace
+
+frmPathProof::frmPathProof() : Form("frmPathProof", "Path Proof") {
+  show({});
+}
+
+void frmPathProof::show(const PathProof& proof) {
+  cmdProof.setCaption(proofLine(proof));
+  cmdProof.setColor(colorOf(gradeOf(proof)));
+  showPlace(unjudgedText(proof));
+}
+
+}  // namespace tess

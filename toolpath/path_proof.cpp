@@ -1,0 +1,158 @@
+// The path proof, step by step: what each group is judged by, how deep its rows are in, what its
+// job leaves, and the rapids.
+#include "toolpath/path_proof.h"
+
+#include <algorithm>
+#include <limits>
+
+#include "core/drawing_store.h"
+#include "toolpath/proof_groups.h"
+#include "toolpath/rapid_findings.h"
+#include "toolpath/region_offset.h"
+#include "toolpath/row_depth.h"
+#include "toolpath/row_shapes.h"
+
+namespace tess {
+namespace {
+
+constexpr double kDepthLimitInch = 0.0001;
+constexpr double kDepthLimitMm = 0.0025;
+constexpr double kShareLimit = 0.001;
+// The walls count so much nearer to what a tool could reach: rounding then leaves no slivers.
+constexpr double kWallsNearer = 0.00002;
+
+// ---- Gouges
+
+bool isCycle(const DrawingStore& store, int ps) {
+  return store.pstype[ps] >= kFirstCycle;
+}
+
+bool isFeedRow(const DrawingStore& store, int ps) {
+  const int type = store.pstype[ps];
+  return (type == kLine || isArc(type)) && store.psz[ps] != kLatheRapidZ;
+}
+
+// Rows of a group, all against the same walls.
+class GroupDepth {
+ public:
+  GroupDepth(const DrawingStore& store, const ProofGroup& group, PathProof& proof)
+      : store_(store), group_(group), proof_(proof), search_(group.region, group.freeSpace()) {}
+
+  void judge() {
+    for (const int ps : group_.rows) {
+      if (!isJudged(ps)) {
+        if (isCycle(store_, ps) || isFeedRow(store_, ps)) proof_.unjudged.push_back(ps);
+      } else if (group_.hasWalls() && isFeedRow(store_, ps) && shapes_.add(store_, ps)) {
+        judgeRow(ps);
+      }
+    }
+  }
+
+  // The moves that are in deeper than the limit.
+  const std::vector<SweptCurve>& tooDeep() const { return tooDeep_; }
+
+ private:
+  bool isJudged(int ps) const {
+    if (isCycle(store_, ps) || group_.kind == JobKind::None) return false;
+    if (!isFeedRow(store_, ps)) return true;
+    return group_.kind == JobKind::Lathe || store_.psz[ps] < 0;
+  }
+
+  void judgeRow(int ps) {
+    const double radius = radiusOfRow(store_, ps, group_);
+    for (const Curve& move : feedCurves(store_, ps, group_.kind)) {
+      const auto found = search_.deepest(move, radius, proof_.gouge.depth);
+      if (!found) continue;
+      if (found->depth > proof_.limits.depth) tooDeep_.push_back({move, radius});
+      if (!(found->depth > proof_.gouge.depth)) continue;
+      proof_.gouge = {found->depth, ps, group_.group, found->at.x, found->at.y};
+    }
+  }
+
+  const DrawingStore& store_;
+  const ProofGroup& group_;
+  PathProof& proof_;
+  DepthSearch search_;
+  RowShapes shapes_;
+  std::vector<SweptCurve> tooDeep_;
+};
+
+// ---- What is left
+
+float floorOf(const DrawingStore& store, const ProofGroup& group) {
+  float floor = 0;
+  for (const int ps : group.rows) {
+    if (isFeedRow(store, ps)) floor = std::min(floor, store.psz[ps]);
+  }
+  return floor;
+}
+
+// What all rows sweep that go down to a floor, whatever group and tool they are of.
+std::vector<SweptCurve> sweptAt(const DrawingStore& store, const std::vector<ProofGroup>& groups,
+                                float floor) {
+  constexpr float kSameDepth = 1e-6F;
+  RowShapes shapes;
+  std::vector<SweptCurve> swept;
+  for (const ProofGroup& group : groups) {
+    if (group.kind == JobKind::Lathe) continue;
+    for (const int ps : group.rows) {
+      if (store.psz[ps] > floor + kSameDepth || !shapes.add(store, ps)) continue;
+      const double radius = radiusOfRow(store, ps, group);
+      for (const Curve& curve : feedCurves(store, ps, group.kind)) {
+        swept.push_back({curve, radius});
+      }
+    }
+  }
+  return swept;
+}
+
+MissedFinding missedBy(const DrawingStore& store, const std::vector<ProofGroup>& groups,
+                       const ProofGroup& job) {
+  const std::vector<SweptCurve> swept = sweptAt(store, groups, floorOf(store, job));
+  const auto missedAt = [&](double distance) {
+    const RegionOffset centers = offsetRegion(job.region, distance + kWallsNearer);
+    return missedArea(centers.region, job.toolRadius, swept);
+  };
+  MissedFinding found{.group = job.group, .atClearance = missedAt(job.distance), .atWall = {}};
+  found.atWall = job.distance > job.toolRadius ? missedAt(job.toolRadius) : found.atClearance;
+  return found;
+}
+
+bool clears(const ProofGroup& group) {
+  return group.kind == JobKind::Clearing && group.isClosed && group.hasWalls() &&
+         group.toolRadius > 0;
+}
+
+}  // namespace
+
+ProofLimits proofLimits(const DrawingStore& store) {
+  return {isMetric(store) ? kDepthLimitMm : kDepthLimitInch, kShareLimit};
+}
+
+double PathProof::share() const {
+  double largest = 0;
+  for (const MissedFinding& job : missed) largest = std::max(largest, job.atClearance.share());
+  return largest;
+}
+
+bool PathProof::isBeyondLimits() const {
+  return gouge.depth > limits.depth || share() > limits.share || !rapids.empty();
+}
+
+PathProof provePaths(const DrawingStore& store, const PathJobs& jobs, const ProofMotions& motions) {
+  PathProof proof;
+  proof.limits = proofLimits(store);
+  const std::vector<ProofGroup> groups = proofGroups(store, jobs);
+  for (const ProofGroup& group : groups) {
+    proof.jobs.push_back({group.group, group.kind, group.byRecord});
+    GroupDepth depth(store, group, proof);
+    depth.judge();
+    if (group.isClosed) addStripsInPart(group.region, depth.tooDeep(), proof.tooDeep);
+    if (clears(group)) proof.missed.push_back(missedBy(store, groups, group));
+  }
+  proof.rapids = findRapids(store, groups, motions, proof.unjudged);
+  std::sort(proof.unjudged.begin(), proof.unjudged.end());
+  return proof;
+}
+
+}  // namespace tess

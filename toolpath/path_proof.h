@@ -1,0 +1,72 @@
+// The path proof: the tool is swept along the rows as they stand, whatever made them, and it is
+// told how deep it cuts into the part, how much it leaves of what it could reach, and which rapid
+// goes through material.
+// Owns: GougeFinding, MissedFinding, RapidFinding, JudgedJob, ProofLimits, proofLimits, PathProof,
+//       ProofMotions, provePaths.
+#pragma once
+
+#include <functional>
+#include <vector>
+
+#include "core/motion_stream.h"
+#include "core/path_jobs.h"
+#include "toolpath/missed_area.h"
+
+namespace tess {
+
+struct DrawingStore;
+
+struct GougeFinding {
+  double depth = 0;  // of the edge of the tool in the part
+  int row = 0;       // from 1; 0: no row is in
+  int group = 0;
+  double x = 0, y = 0;  // of the tool's centre
+};
+
+// What a clearing job leaves.
+struct MissedFinding {
+  int group = 0;
+  MissedArea atClearance;  // of what can be reached at the job's distance from the walls
+  MissedArea atWall;       // of what its tool can reach at all
+};
+
+struct RapidFinding {
+  int row = 0;  // for which the move is made
+  int group = 0;
+  double x = 0, y = 0;
+};
+
+struct JudgedJob {
+  int group = 0;
+  JobKind kind = JobKind::None;
+  bool byRecord = false;  // else by its rows
+};
+
+// What may be in, and be left, before an operator should be asked.
+struct ProofLimits {
+  double depth = 0;  // in drawing units
+  double share = 0;  // of what can be reached
+};
+ProofLimits proofLimits(const DrawingStore& store);
+
+struct PathProof {
+  GougeFinding gouge;  // the deepest
+  std::vector<MissedFinding> missed;
+  std::vector<RapidFinding> rapids;
+  std::vector<JudgedJob> jobs;
+  std::vector<int> unjudged;        // rows about which nothing can be said
+  std::vector<LevelStrip> tooDeep;  // what is cut of the part beyond the limit
+  ProofLimits limits;
+
+  double share() const;  // the largest that a job leaves at its clearance
+  bool isBeyondLimits() const;
+};
+
+// Tell the reader all motions of the rows as a mill or a lathe makes them.
+struct ProofMotions {
+  std::function<void(MotionReader&)> mill, lathe;
+};
+
+PathProof provePaths(const DrawingStore& store, const PathJobs& jobs, const ProofMotions& motions);
+
+}  // namespace tess

@@ -1,0 +1,45 @@
+// What the rows of each path group are judged by: what their placing noted, or else what their own
+// run beside the outlines of the drawing tells.
+// Owns: ProofGroup, proofGroups, closedOutlines, feedCurves, radiusOfRow.
+#pragma once
+
+#include <vector>
+
+#include "core/path_jobs.h"
+#include "toolpath/pocket_region.h"
+#include "toolpath/row_depth.h"
+
+namespace tess {
+
+struct DrawingStore;
+
+struct ProofGroup {
+  int group = 0;
+  JobKind kind = JobKind::None;
+  bool byRecord = false;
+  // The walls; none on the line, and none of a job that nothing is known about.
+  PocketRegion region;
+  bool isClosed = true;
+  double toolRadius = 0;  // this and the distance as the job has them; 0 by the rows
+  double distance = 0;
+  std::vector<int> rows;  // of the group, ascending
+
+  bool hasWalls() const { return !region.isEmpty(); }
+  FreeSpace freeSpace() const;
+};
+
+// All groups that have rows, by ascending numbers.
+std::vector<ProofGroup> proofGroups(const DrawingStore& store, const PathJobs& jobs);
+
+// The closed outlines among the ordinary rows of a drawing, each counter-clockwise. What is open,
+// or branches, is passed over.
+std::vector<RegionLoop> closedOutlines(const DrawingStore& store);
+
+// The curves of a row that feeds below Z 0, or of any feed row of a lathe; else none.
+std::vector<Curve> feedCurves(const DrawingStore& store, int ps, JobKind kind);
+
+// The radius with which a row is cut: that of its tool as the program names it; where the chest has
+// none, that which the job had. A turning tool has none.
+double radiusOfRow(const DrawingStore& store, int ps, const ProofGroup& group);
+
+}  // namespace tess

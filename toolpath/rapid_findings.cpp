@@ -1,0 +1,312 @@
+// Rapids through what is there. The moves are those of the program's own generator.
+#include "toolpath/rapid_findings.h"
+
+#include <algorithm>
+#include <cmath>
+#include <optional>
+#include <variant>
+
+#include "core/drawing_store.h"
+#include "geometry/box_index.h"
+#include "toolpath/row_depth.h"
+#include "toolpath/swept_spans.h"
+
+namespace tess {
+namespace {
+
+// A rapid may be so much nearer to a wall, or leave so much to go through, by rounding.
+constexpr double kRounding = 2e-5;
+constexpr double kHairOfMaterial = 1e-4;
+// Stretches that all rapids together may look at; there are programs of nothing else.
+constexpr int kMaxEffort = 4000000;
+
+PlanePoint flat(ToolPlace place) {
+  return {place.x, place.y};
+}
+
+// A rapid as the generator tells it.
+struct Rapid {
+  int row = 0;
+  MoveReason reason = MoveReason::Row;
+  ToolPlace from, to;
+  Curve way() const { return lineCurve(flat(from), flat(to)); }
+};
+
+// Collects the rapids of a program, each with where it began.
+class RapidReader : public MotionReader {
+ public:
+  void read(const MotionEvent& event) override {
+    std::visit([this](const auto& told) { note(told); }, event);
+  }
+
+  std::vector<Rapid> rapids;
+
+ private:
+  void note(const RowStart& start) { row_ = start.row; }
+  void note(const RapidMove& move) {
+    rapids.push_back({row_, move.reason, at_.value_or(move.to), move.to});
+    at_ = move.to;
+  }
+  void note(const PlungeMove& move) { at_ = move.to; }
+  void note(const FeedMove& move) { at_ = move.to; }
+  void note(const ArcMove& move) { at_ = move.to; }
+  void note(const CycleRun& cycle) { at_ = cycle.place; }
+  void note(const Dwell&) {}
+  void note(const SpindleStop&) {}
+  void note(const SpindleStart&) {}
+  void note(const ProgramStart&) {}
+  void note(const ToolChange&) {}
+  void note(const ProgramEnd&) {}
+
+  int row_ = 0;
+  std::optional<ToolPlace> at_;  // nothing while the tool may be anywhere
+};
+
+// What rows before a rapid have taken.
+class TakenBefore {
+ public:
+  TakenBefore(const DrawingStore& store, const std::vector<ProofGroup>& groups) : store_(store) {
+    std::vector<Box> boxes(static_cast<std::size_t>(store.NumPathSegments));
+    ways_.resize(boxes.size());
+    for (const ProofGroup& group : groups) {
+      for (const int ps : group.rows) {
+        const auto at = static_cast<std::size_t>(ps) - 1;
+        ways_[at].radius = radiusOfRow(store, ps, group) + kRounding;
+        ways_[at].curves = feedCurves(store, ps, group.kind);
+        for (const Curve& curve : ways_[at].curves) {
+          const Box box = grown(boxOf(curve), ways_[at].radius);
+          boxes[at] = extended(extended(boxes[at], {box.minX, box.minY}), {box.maxX, box.maxY});
+        }
+      }
+    }
+    index_ = BoxIndex(std::move(boxes));
+  }
+
+  // Whether some of what the tool sweeps at the depth of a rapid is still there: where. `effort`
+  // counts the stretches that are looked at.
+  std::optional<PlanePoint> untaken(const Rapid& rapid, double radius, int& effort) const {
+    const SweptCurve swept{rapid.way(), radius};
+    const std::vector<SweptCurve> taken = takenNear(swept, rapid);
+    const Box box = grown(boxOf(swept.curve), radius);
+    constexpr int kLevels = 50;
+    std::vector<Span> wanted, had, left;
+    for (int level = 0; level < kLevels; ++level) {
+      const double y =
+          box.minY + (level + 0.5) / kLevels * (static_cast<double>(box.maxY) - box.minY);
+      wanted.clear();
+      had.clear();
+      left.clear();
+      appendSwept(swept, y, wanted);
+      for (const SweptCurve& way : taken) appendSwept(way, y, had);
+      unite(wanted);
+      unite(had);
+      rest(wanted, had, left);
+      effort += static_cast<int>(taken.size()) + 1;
+      for (const Span& span : left) {
+        if (span.length() > kHairOfMaterial) return PlanePoint{(span.from + span.to) / 2, y};
+      }
+    }
+    return std::nullopt;
+  }
+
+ private:
+  struct Way {
+    std::vector<Curve> curves;
+    double radius = 0;
+  };
+
+  std::vector<SweptCurve> takenNear(const SweptCurve& swept, const Rapid& rapid) const {
+    std::vector<int> near;
+    index_.rowsOverlapping(grown(boxOf(swept.curve), swept.radius), /*after=*/0, near);
+    std::vector<SweptCurve> taken;
+    for (const int ps : near) {
+      if (ps >= rapid.row || store_.psz[ps] > rapid.to.z + 1e-6F) continue;
+      const Way& way = ways_[static_cast<std::size_t>(ps) - 1];
+      for (const Curve& curve : way.curves) taken.push_back({curve, way.radius});
+    }
+    return taken;
+  }
+
+  const DrawingStore& store_;
+  std::vector<Way> ways_;  // by rows, from 0
+  BoxIndex index_;
+};
+
+// Of a lathe: what rows before a rapid have cut down from above. A turning tool comes from outside
+// and takes what lies above its way.
+class TurnedBefore {
+ public:
+  TurnedBefore(const DrawingStore& store, const std::vector<ProofGroup>& groups)
+      : top_(store.partdimy) {
+    for (const ProofGroup& group : groups) {
+      if (group.kind != JobKind::Lathe) continue;
+      for (const int ps : group.rows) {
+        for (const Curve& curve : feedCurves(store, ps, group.kind)) cuts_.push_back({ps, curve});
+      }
+    }
+  }
+
+  // Where a rapid is in the stock; the places that could tell are the ends of the cuts beside it,
+  // its own, and those between.
+  std::optional<PlanePoint> untaken(const Rapid& rapid, int& effort) const {
+    const Curve way = rapid.way();
+    const std::vector<double> places = placesAlong(rapid, way);
+    for (const double share : places) {
+      const PlanePoint at = pointAt(way, share);
+      effort += static_cast<int>(cuts_.size());
+      if (at.y < top_ - kHairOfMaterial && !isTurned(at, rapid.row)) return at;
+    }
+    return std::nullopt;
+  }
+
+ private:
+  struct Cut {
+    int row;
+    Curve curve;
+    double low() const { return std::min(curve.start.x, curve.end.x); }
+    double high() const { return std::max(curve.start.x, curve.end.x); }
+  };
+
+  std::vector<double> placesAlong(const Rapid& rapid, const Curve& way) const {
+    std::vector<double> shares{0, 1};
+    const double run = way.end.x - way.start.x;
+    for (const Cut& cut : cuts_) {
+      if (run == 0 || cut.row >= rapid.row) continue;
+      for (const double x : {cut.low(), cut.high()}) {
+        const double share = (x - way.start.x) / run;
+        if (share > 0 && share < 1) shares.push_back(share);
+      }
+    }
+    std::sort(shares.begin(), shares.end());
+    const std::size_t ends = shares.size();
+    for (std::size_t k = 0; k + 1 < ends; ++k) shares.push_back((shares[k] + shares[k + 1]) / 2);
+    return shares;
+  }
+
+  // True where a cut of a row before passes below, or at, the place.
+  bool isTurned(PlanePoint at, int row) const {
+    return std::any_of(cuts_.begin(), cuts_.end(), [&](const Cut& cut) {
+      if (cut.row >= row) return false;
+      if (at.x < cut.low() - kHairOfMaterial || at.x > cut.high() + kHairOfMaterial) return false;
+      return lowestAt(cut, at.x) <= at.y + kHairOfMaterial;
+    });
+  }
+
+  static double lowestAt(const Cut& cut, double x) {
+    double lowest = std::min(cut.curve.start.y, cut.curve.end.y);
+    const bool upright = cut.high() - cut.low() <= kHairOfMaterial;
+    if (upright) return lowest;
+    lowest = std::max(cut.curve.start.y, cut.curve.end.y);
+    const double within = std::clamp(x, cut.low(), cut.high());
+    for (const double share : sharesOnLine(cut.curve, {within, 0}, {0, 1})) {
+      lowest = std::min(lowest, pointAt(cut.curve, share).y);
+    }
+    return lowest;
+  }
+
+  double top_;
+  std::vector<Cut> cuts_;
+};
+
+// ---- Findings
+
+class RapidSearch {
+ public:
+  RapidSearch(const DrawingStore& store, const std::vector<ProofGroup>& groups,
+              std::vector<int>& unjudged)
+      : store_(store),
+        groups_(groups),
+        unjudged_(unjudged),
+        taken_(store, groups),
+        turned_(store, groups),
+        groupOfRow_(static_cast<std::size_t>(store.NumPathSegments), -1) {
+    for (std::size_t k = 0; k < groups.size(); ++k) {
+      for (const int ps : groups[k].rows) {
+        groupOfRow_[static_cast<std::size_t>(ps) - 1] = static_cast<int>(k);
+      }
+      searches_.emplace_back(groups[k].region, groups[k].freeSpace());
+    }
+  }
+
+  // Those of a lathe for its own groups, the others for all.
+  void judge(const Rapid& rapid, bool isLathe) {
+    if (rapid.row == 0) return;
+    const int at = groupOfRow_[static_cast<std::size_t>(rapid.row) - 1];
+    const ProofGroup& group = groups_[static_cast<std::size_t>(at)];
+    if (group.kind == JobKind::None || (group.kind == JobKind::Lathe) != isLathe) return;
+    if (!isLathe && !goesThroughMaterialLevels(rapid)) return;
+    if (effort_ > kMaxEffort) {
+      unjudged_.push_back(rapid.row);
+      return;
+    }
+    if (const auto place = findingOf(rapid, group, searches_[static_cast<std::size_t>(at)])) {
+      findings.push_back({rapid.row, group.group, place->x, place->y});
+    }
+  }
+
+  std::vector<RapidFinding> findings;
+
+ private:
+  // Below Z 0, where the stock is; at Z 0 a move across grazes it.
+  bool goesThroughMaterialLevels(const Rapid& rapid) const {
+    if (rapid.reason == MoveReason::Lift) return false;
+    if (rapid.reason == MoveReason::Travel) {
+      return rapid.to.z <= 0 && store_.psz[rapid.row] < 0;
+    }
+    return rapid.to.z < 0;
+  }
+
+  std::optional<PlanePoint> findingOf(const Rapid& rapid, const ProofGroup& group,
+                                      DepthSearch& search) {
+    if (group.kind != JobKind::Lathe && rapid.reason == MoveReason::Travel) return flat(rapid.to);
+    const double radius = radiusOfRow(store_, rapid.row, group);
+    if (group.hasWalls()) {
+      const auto depth = search.deepest(rapid.way(), radius, kRounding);
+      if (depth && depth->depth > kRounding) return depth->at;
+    }
+    if (group.kind == JobKind::Lathe) return turned_.untaken(rapid, effort_);
+    return taken_.untaken(rapid, radius, effort_);
+  }
+
+  const DrawingStore& store_;
+  const std::vector<ProofGroup>& groups_;
+  std::vector<int>& unjudged_;
+  TakenBefore taken_;
+  TurnedBefore turned_;
+  std::vector<int> groupOfRow_;  // places in groups_, by rows from 0
+  std::vector<DepthSearch> searches_;
+  int effort_ = 0;
+};
+
+// A row that a program cannot be made of ends the motions; what came before it is judged.
+std::vector<Rapid> rapidsOf(const std::function<void(MotionReader&)>& tell) {
+  RapidReader reader;
+  try {
+    tell(reader);
+  } catch (const RuntimeFailure&) {
+    takeCallChain();
+  }
+  return std::move(reader.rapids);
+}
+
+bool hasLathe(const std::vector<ProofGroup>& groups) {
+  return std::any_of(groups.begin(), groups.end(),
+                     [](const ProofGroup& group) { return group.kind == JobKind::Lathe; });
+}
+
+}  // namespace
+
+std::vector<RapidFinding> findRapids(const DrawingStore& store,
+                                     const std::vector<ProofGroup>& groups,
+                                     const ProofMotions& motions, std::vector<int>& unjudged) {
+  RapidSearch search(store, groups, unjudged);
+  const bool isLathe = hasLathe(groups);
+  for (const Rapid& rapid : rapidsOf(isLathe ? motions.lathe : motions.mill)) {
+    search.judge(rapid, isLathe);
+  }
+  std::stable_sort(search.findings.begin(), search.findings.end(),
+                   [](const RapidFinding& a, const RapidFinding& b) { return a.row < b.row; });
+  return std::move(search.findings);
+}
+
+}  // namespace tess

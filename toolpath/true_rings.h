@@ -1,0 +1,27 @@
+// Roughing by rings: offsets of the pocket, a step apart, until nothing is left, and what lies
+// between two of them out of a tool's reach.
+// Owns: RingRules, cutRings.
+#pragma once
+
+#include <functional>
+
+#include "core/pocketing_choices.h"
+#include "toolpath/region_offset.h"
+#include "toolpath/true_links.h"
+
+namespace tess {
+
+struct RingRules {
+  double radius = 0;         // of the tool
+  double step = 0;           // at most twice that
+  bool reversed = false;     // against the loops, which have free space on their left
+  PlanePoint click;          // the room next to it comes first
+  bool fillsBetween = true;  // rings alone leave what no tool on one of them reaches
+};
+
+// Cuts the rings of an offset, the inmost first, and its own loops last. False when `goOn`, which
+// is asked for each ring, says so.
+bool cutRings(const PocketRegion& offset, const RingRules& rules, RoomWay& way,
+              const std::function<bool()>& goOn);
+
+}  // namespace tess
