@@ -78,15 +78,17 @@ void runAndJudge(const ScriptToJudge& script, const Judge& judge) {
   EXPECT_EQ(runScript(job, look, out, err), ExitStatus::Done) << err.str();
 }
 
+// Those that make a path. One of them draws no picture by itself.
 void judgeExamples(const Judge& judge) {
-  for (const char* name : {"clamp", "flange", "islands", "lathe_profile", "name_plate", "plate"}) {
-    runAndJudge({"examples/", name + std::string(".lua"), "data/"}, judge);
+  for (const std::string& name : listFolder(kSources + "examples/").files) {
+    if (!name.ends_with(".lua")) continue;
+    const std::string picture = "\nplot((arg[0]:match('^.*/')) .. 'bracket.png', 100, 100)\n";
+    runAndJudge({.folder = "examples/",
+                 .name = name,
+                 .home = "data/",
+                 .more = name == "bracket.lua" ? picture : ""},
+                judge);
   }
-  runAndJudge({.folder = "examples/",
-               .name = "bracket.lua",
-               .home = "data/",
-               .more = "\nplot((arg[0]:match('^.*/')) .. 'bracket.png', 100, 100)\n"},
-              judge);
 }
 
 void judgeSmallJobs(const Judge& judge) {
@@ -172,7 +174,7 @@ TEST(LinuxCncDialect, EveryExampleDoesWhatItsRowsAskFor) {
   if (const auto reason = whyNoInterpreter()) GTEST_SKIP() << *reason;
   Judgement judgement(kLinuxCnc);
   judgeExamples(std::ref(judgement));
-  EXPECT_EQ(judgement.jobs.size(), 9U);
+  EXPECT_GE(judgement.jobs.size(), 10U);
   EXPECT_EQ(judgement.refused, "");
 }
 
@@ -180,7 +182,7 @@ TEST(LinuxCncDialect, EveryExampleWithRadiusWords) {
   if (const auto reason = whyNoInterpreter()) GTEST_SKIP() << *reason;
   Judgement judgement(kLinuxCnc, /*radiusWords=*/true);
   judgeExamples(std::ref(judgement));
-  EXPECT_EQ(judgement.jobs.size(), 9U);
+  EXPECT_GE(judgement.jobs.size(), 10U);
   EXPECT_EQ(judgement.refused, "");
 }
 
@@ -195,14 +197,14 @@ TEST(LinuxCncDialect, EverySmallJobDoesWhatItsRowsAskFor) {
 TEST(GrblDialect, EveryExampleDoesWhatItsRowsAskFor) {
   Judgement judgement(kGrbl);
   judgeExamples(std::ref(judgement));
-  EXPECT_EQ(judgement.jobs.size(), 8U);
+  EXPECT_GE(judgement.jobs.size(), 9U);
   EXPECT_EQ(judgement.refused, "");
 }
 
 TEST(GrblDialect, EveryExampleWithRadiusWords) {
   Judgement judgement(kGrbl, /*radiusWords=*/true);
   judgeExamples(std::ref(judgement));
-  EXPECT_EQ(judgement.jobs.size(), 8U);
+  EXPECT_GE(judgement.jobs.size(), 9U);
   EXPECT_EQ(judgement.refused, "");
 }
 
