@@ -487,6 +487,12 @@ TEST_F(ProofOfSquare, TheWorstOfEachKindIsNamed) {
                               "0.3750.\n"));
 }
 
+TEST_F(ProofOfSquare, AToolThatHasChangedSinceIsNamed) {
+  store_.toolradius[0] = 0.75F;
+  EXPECT_THAT(proofText(proof()), HasSubstr("Group 1: clearing, by record, placed with radius "
+                                            "0.5000, cut with 0.7500; left "));
+}
+
 TEST_F(ProofOfSquare, OfRowsThatAreNotJudgedTellsTheNumber) {
   add(kLine, {0, 0}, {1, 1}, 0.5F);
   EXPECT_THAT(proofText(proof()), ::testing::EndsWith("Rows not judged: 1\n"));
