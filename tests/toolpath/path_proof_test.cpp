@@ -190,6 +190,15 @@ TEST_F(ProofOfSquare, TheAreaLeftOfAnUncutPocketIsItsReach) {
   EXPECT_NEAR(missed.places[0].height, 4, 0.03);
 }
 
+// What is left all round has its middle where nothing is left.
+TEST_F(ProofOfSquare, APlaceIsToldWithinItself) {
+  store_.NumPathSegments = 0;
+  for (float y = 1; y <= 3; y += 0.5F) add(kLine, {1, y}, {3, y});
+  const MissedPlace place = proof().missed.at(0).atClearance.places.at(0);
+  EXPECT_NEAR(place.width, 4, 1e-3);
+  EXPECT_TRUE(place.x < 0.5 || place.x > 3.5 || place.y < 0.5 || place.y > 3.5);
+}
+
 TEST_F(ProofOfSquare, AddingARowNeverLeavesMore) {
   drop(5);
   drop(6);
