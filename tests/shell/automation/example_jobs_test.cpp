@@ -85,6 +85,7 @@ const ExampleJob kJobs[] = {
     {"clamp", {"clamp"}},
     {"islands", {"islands_horizontal", "islands_vertical", "islands_spiral"}},
     {"name_plate", {"name_plate"}},
+    {"text_plate", {"text_plate"}},
     {"lathe_profile", {"lathe_profile"}, /*lathe=*/true},
 };
 
