@@ -78,7 +78,16 @@ std::size_t FreeStretches::gather(const std::vector<OffsetCandidate>& candidates
   return end;
 }
 
+// Where a tool is large beside the rows, one wall forbids many candidates in a row.
+bool FreeStretches::liesDeepInLast(const OffsetCandidate& candidate) {
+  if (last_ < 0 || candidate.isSpared(last_)) return false;
+  ranges_.clear();
+  appendForbidden(candidate.curve, wall(last_), measures_.distance - kHairDepth, ranges_);
+  return ranges_.size() == 1 && ranges_[0].from <= 0 && ranges_[0].to >= 1;
+}
+
 void FreeStretches::judge(const OffsetCandidate& candidate, std::vector<FreePiece>& pieces) {
+  if (liesDeepInLast(candidate)) return;
   forbidden_.clear();
   const Box box = boxOfCandidate(candidate);
   for (const NearWall& near : near_) {
@@ -93,6 +102,10 @@ void FreeStretches::judge(const OffsetCandidate& candidate, std::vector<FreePiec
   std::sort(forbidden_.begin(), forbidden_.end(),
             [](const WallRange& a, const WallRange& b) { return a.range.from < b.range.from; });
   for (const ShareRange& range : freeRanges()) add(candidate, range, pieces);
+  const auto whole = std::find_if(forbidden_.begin(), forbidden_.end(), [](const WallRange& r) {
+    return r.range.from <= 0 && r.range.to >= 1;
+  });
+  if (whole != forbidden_.end()) last_ = whole->wall;
   if (!lostByAHair_) lookForHair(candidate);
 }
 
@@ -138,26 +151,28 @@ void FreeStretches::add(const OffsetCandidate& candidate, ShareRange range,
 
 // ---- What rounding may have taken
 
-// True when the candidate is a line of which each forbidden part is that of one line, and deep
-// where it reaches an end of the candidate: then what a hair less distance would free borders on
-// what is free anyway.
+// True when the candidate is a line of which each forbidden part is that of one line, and deep but
+// for what corners take at its ends: then a hair less distance frees nothing that matters.
 bool FreeStretches::isDeepIn(const OffsetCandidate& candidate) const {
   if (candidate.curve.isArc()) return false;
   const double distance = measures_.distance - kHairDepth;
-  double from = -1;
+  const double corner = measures_.corner / (2 * candidate.half);
+  double last = -1;
   for (const WallRange& forbidden : forbidden_) {
     const Curve& near = wall(forbidden.wall);
-    if (near.isArc() || forbidden.range.from <= from) return false;
-    from = forbidden.range.to;
-    const bool atStart = forbidden.range.from <= 0;
-    const bool atEnd = forbidden.range.to >= 1;
-    if (atStart && distanceTo(near, candidate.curve.start) >= distance) return false;
-    if (atEnd && distanceTo(near, candidate.curve.end) >= distance) return false;
+    const auto [from, to] = forbidden.range;
+    if (near.isArc() || from <= last) return false;
+    last = to;
+    const double begin = from <= 0 ? 0 : from + corner;
+    const double end = to >= 1 ? 1 : to - corner;
+    if (begin > end) continue;
+    if (distanceTo(near, pointAt(candidate.curve, begin)) >= distance) return false;
+    if (distanceTo(near, pointAt(candidate.curve, end)) >= distance) return false;
   }
   return true;
 }
 
-// Each stretch that is free at a hair less must hold one that is free.
+// What is free at a hair less must not go far beyond what is free.
 void FreeStretches::lookForHair(const OffsetCandidate& candidate) {
   if (measures_.distance <= kHairDepth || isDeepIn(candidate)) return;
   const std::vector<ShareRange> free = freeRanges();
@@ -171,10 +186,17 @@ void FreeStretches::lookForHair(const OffsetCandidate& candidate) {
   }
   std::sort(forbidden_.begin(), forbidden_.end(),
             [](const WallRange& a, const WallRange& b) { return a.range.from < b.range.from; });
+  const double length = lengthOf(candidate.curve);
   for (const ShareRange& wider : freeRanges()) {
-    lostByAHair_ |= std::none_of(free.begin(), free.end(), [&](const ShareRange& range) {
-      return wider.from <= range.to && range.from <= wider.to;
-    });
+    double more = wider.to - wider.from;
+    bool holdsSome = false;
+    for (const ShareRange& range : free) {
+      if (wider.from > range.to || range.from > wider.to) continue;
+      if ((range.to - range.from) * length < measures_.shortest) continue;
+      holdsSome = true;
+      more -= range.to - range.from;
+    }
+    lostByAHair_ |= !holdsSome || more * length > 2 * measures_.corner;
   }
 }
 

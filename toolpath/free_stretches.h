@@ -46,6 +46,7 @@ class FreeStretches {
                      std::size_t last);
   void judge(const OffsetCandidate& candidate, std::vector<FreePiece>& pieces);
   void forbid(const OffsetCandidate& candidate, int number, double distance);
+  bool liesDeepInLast(const OffsetCandidate& candidate);
   void leaveToOwner(const OffsetCandidate& candidate, const Curve& wall);
   void add(const OffsetCandidate& candidate, ShareRange range, std::vector<FreePiece>& pieces);
   void lookForHair(const OffsetCandidate& candidate);
@@ -57,6 +58,7 @@ class FreeStretches {
   const OffsetMeasures& measures_;
   bool overlaps_;
   bool lostByAHair_ = false;
+  int last_ = -1;  // the wall that left nothing of a candidate
   std::vector<int> found_;
   std::vector<NearWall> near_;        // of the candidates in hand
   std::vector<WallRange> forbidden_;  // of the candidate in hand

@@ -35,7 +35,8 @@ OffsetMeasures::OffsetMeasures(double offsetDistance, double largestNumber)
     : distance(offsetDistance),
       slack(kSlack * std::max(1.0, std::max(largestNumber, distance) / kSlackMagnitude)),
       shortest(std::max(1e-5, 2 * std::sqrt(8 * slack * distance * std::max(1.0, distance)))),
-      reach(std::max(1e-4, 10 * shortest)) {}
+      reach(std::max(1e-4, 10 * shortest)),
+      corner(std::max(0.002, distance / 50)) {}
 
 OffsetCandidates::OffsetCandidates(double distance, const std::vector<Curve>& walls)
     : distance_(distance), walls_(walls) {

@@ -18,6 +18,7 @@ struct OffsetMeasures {
   double slack;     // how far a place may be nearer to a wall, by rounding alone
   double shortest;  // tangent joints leave tails up to this length
   double reach;     // ends that belong together are no farther apart
+  double corner;    // a hair of distance moves the corners of an offset by no more
 };
 
 // Some walls are known to be no nearer than the distance: its own, and lines beside it where the
