@@ -1,5 +1,6 @@
 // A drawing of others from import to program in one script, with a path proof that finds nothing:
 // four pockets, seven islands, in all clearing styles.
+#include <filesystem>
 #include <sstream>
 #include <string>
 
@@ -8,7 +9,6 @@
 #include "shell/automation/script_runner.h"
 #include "tests/support/source_folder.h"
 #include "tests/support/temp_folder.h"
-#include "tests/support/write_file.h"
 
 // Without the folder that holds them there is nothing here.
 #ifdef TESSIMO_DXF_FILES
@@ -53,16 +53,16 @@ make_cnc("mill")
 )lua";
 
 TEST(DxfProof, PocketsAndIslandsOfOthersAreClearedWithoutAFinding) {
-  const testing::TempFolder home(TESSIMO_SOURCE_DIR "/tests/scripts/home");
-  const std::string script = home("job.lua");
-  testing::writeFile(script, kJob);
+  const testing::TempFolder home;
+  std::filesystem::copy(TESSIMO_SOURCE_DIR "/data", home());
+  std::filesystem::create_directory(home("CNC"));
+  ScriptJob job;
+  job.path = home("job.lua");
+  job.arguments = {TESSIMO_DXF_FILES "/ezdxf__forms.dxf"};
+  job.appfolder = home();
   std::ostringstream out;
   std::ostringstream err;
-  const ScriptJob job{.path = script,
-                      .arguments = {TESSIMO_DXF_FILES "/ezdxf__forms.dxf"},
-                      .appfolder = home(),
-                      .folders = {home()}};
-  EXPECT_EQ(runScript(job, {}, out, err), ExitStatus::Done) << err.str();
+  EXPECT_EQ(runScriptText(job, kJob, {}, out, err), ExitStatus::Done) << err.str();
   const std::string found = "\ttrue\ttrue\ttrue\ttrue\t0\t0\n";
   EXPECT_EQ(out.str(), "1" + found + "2" + found + "3" + found);
   EXPECT_TRUE(home.has("CNC/job.CNC"));
