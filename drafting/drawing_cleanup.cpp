@@ -41,8 +41,9 @@ std::uint64_t hashOf(const SegmentRow& row) {
 // The rows met so far, hashed so that duplicates share a bucket.
 class RowsMet {
  public:
-  explicit RowsMet(const DrawingStore& store)
+  RowsMet(const DrawingStore& store, ArcHalves halves)
       : store_(store),
+        halves_(halves),
         heads_(std::bit_ceil(static_cast<std::size_t>(store.NumSegments) + 1)),
         next_(static_cast<std::size_t>(store.NumSegments) + 1) {}
 
@@ -51,7 +52,8 @@ class RowsMet {
     const SegmentRow row = segmentRow(store_, sg);
     int& head = heads_[hashOf(row) & (heads_.size() - 1)];
     for (int met = head; met != 0; met = next_[static_cast<std::size_t>(met)]) {
-      if (areDuplicates(segmentRow(store_, met), row)) return true;
+      const SegmentRow other = segmentRow(store_, met);
+      if (areDuplicates(other, row) && !areHalves(other, row)) return true;
     }
     next_[static_cast<std::size_t>(sg)] = head;
     head = sg;
@@ -59,7 +61,12 @@ class RowsMet {
   }
 
  private:
+  bool areHalves(const SegmentRow& a, const SegmentRow& b) const {
+    return halves_ == ArcHalves::AreApart && isArc(a.type) && startOf(a) != startOf(b);
+  }
+
   const DrawingStore& store_;
+  ArcHalves halves_;
   std::vector<int> heads_;  // the row met last in each bucket; 0 for none
   std::vector<int> next_;   // by row: the one before it in its bucket
 };
@@ -70,9 +77,9 @@ using Rows = std::vector<std::int16_t>;
 // Being duplicates carries over from pair to pair, so of each such set the lowest row stays: just
 // what a walk over all pairs leaves.
 // Fixed: duplicates are equal to the last bit; rows within the tolerance would be deleted.
-Rows duplicateRows(const DrawingStore& store) {
+Rows duplicateRows(const DrawingStore& store, ArcHalves halves) {
   Rows duplicates;
-  RowsMet rowsMet(store);
+  RowsMet rowsMet(store, halves);
   for (int sg = 1; sg <= store.NumSegments; ++sg) {
     if (rowsMet.meetsDuplicate(sg)) duplicates.push_back(Int16(sg));
   }
@@ -113,16 +120,16 @@ bool areDuplicates(const SegmentRow& a, const SegmentRow& b) {
 }
 
 int countDuplicates(const DrawingStore& store) {
-  return static_cast<int>(duplicateRows(store).size());
+  return static_cast<int>(duplicateRows(store, ArcHalves::AreDuplicates).size());
 }
 
 int countZeroLength(const DrawingStore& store) {
   return static_cast<int>(zeroLengthRows(store).size());
 }
 
-void removeDuplicates(Changes& changes, Prompts& prompts, bool deleteSilently) {
+void removeDuplicates(Changes& changes, Prompts& prompts, bool deleteSilently, ArcHalves halves) {
   const Procedure here("removeDuplicates(deleteSilently)");
-  const Rows duplicates = duplicateRows(changes.store);
+  const Rows duplicates = duplicateRows(changes.store, halves);
   if (duplicates.empty()) return;
   if (deleteSilently || operatorAgrees(prompts)) deleteRows(changes, duplicates);
 }

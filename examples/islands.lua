@@ -5,8 +5,7 @@
 --     ./run --run examples/islands.lua
 --     ./run --run examples/islands.lua vertical     (one style alone)
 --
--- The spiral drops every ring that meets an island and says nothing, and a ring that passes an island
--- nearer than the cutter's radius cuts into it: look at its picture before you trust it round islands.
+-- The rings of the spiral go round the islands until they meet, and leave nothing between them.
 
 local here = arg[0]:match("^(.*[/\\])") or "./"
 local only = arg[1]
@@ -78,9 +77,7 @@ local function job(style, number)
   setting["minimum z finish"] = 0.01
   setting["lead in path"], setting["lead in arc"] = false, false
   setting["pocketing style"] = number
-  -- The rings begin where none of them comes to lie just beside the disc, the island nearest to the
-  -- wall: one meets it and is dropped, and the next is clear of it.
-  setting["tool spacing"], setting["pocket distance from center"] = 60, 0.045
+  setting["tool spacing"] = 60
   view { 0, 0, 6, 4 }
   store.selectedtool = endMill - 1
   draw()

@@ -19,7 +19,11 @@ CurveIndex::CurveIndex(std::vector<Curve> curves)
     : curves_(std::move(curves)), boxes_(boxesOf(curves_)) {}
 
 void CurveIndex::candidates(const Curve& curve, double distance, std::vector<int>& found) const {
-  boxes_.rowsOverlapping(grown(boxOf(curve), distance), /*after=*/0, found);
+  candidates(boxOf(curve), distance, found);
+}
+
+void CurveIndex::candidates(const Box& box, double distance, std::vector<int>& found) const {
+  boxes_.rowsOverlapping(grown(box, distance), /*after=*/0, found);
   for (int& row : found) --row;
 }
 

@@ -26,6 +26,9 @@ class CurveIndex {
   // All curves within `distance` of the curve, and some that are not, ascending. Replaces the
   // contents of `found`.
   void candidates(const Curve& curve, double distance, std::vector<int>& found) const;
+  void candidates(const Box& box, double distance, std::vector<int>& found) const;
+
+  const Box& box(int curve) const { return boxes_.box(curve + 1); }
 
   // The nearest of those no farther than `distance`, the lowest of several.
   std::optional<NearCurve> nearest(const Curve& curve, double distance) const;

@@ -83,14 +83,14 @@ void Application::wireTools() {
     if (band == "OSnapMenu") OSnap_ButtonClick_ButtonDropDown(interaction.context);
     if (band == "barStatistics") interaction.forms.show(interaction.frmStatistics);
     if (band == "barProperties") interaction.forms.show(interaction.properties);
-    if (band == "barText") interaction.forms.show(interaction.text);
     if (band == "barPathProof") interaction.forms.show(interaction.frmPathProof);
+    if (band == "barText") interaction.forms.show(interaction.text);
   };
   interaction.tools.onBandClose = [this](const std::string& band) {
     if (band == "barStatistics") interaction.frmStatistics.close();
     if (band == "barProperties") interaction.properties.close();
-    if (band == "barText") interaction.text.close();
     if (band == "barPathProof") interaction.frmPathProof.close();
+    if (band == "barText") interaction.text.close();
   };
   interaction.tools.onClientAreaChanged = [this] {
     guarded("frmMain.abMain_Resize()",

@@ -89,9 +89,9 @@ bool wantsLeads(const DrawingStore& store, const OffsetRequest& request, Side si
 
 }  // namespace
 
-Side clickedSide(const CamContext& cam, const OffsetRequest& request) {
-  const Point end = otherEnd(cam.store, request.sg, request.start);
-  return sideOfPath(cam, request, travelledRow(cam.store, request.sg, request.start, end));
+bool isOnProfile(const CamContext& cam, int sg, Point click) {
+  const SideSigns signs = clickFrom(cam, sg, click);
+  return signs.x == 0 && signs.y == 0;
 }
 
 Placement::Placement(CamContext& cam, Step step)

@@ -1,5 +1,5 @@
 // Contour offsetting: a chain of drawing rows becomes a chain of path rows beside it.
-// Owns: OffsetRequest, offsetPathChain, clickedSide, PlacedRows, Placement, placePathChain,
+// Owns: OffsetRequest, offsetPathChain, isOnProfile, PlacedRows, Placement, placePathChain,
 //       connectPlacedRows.
 #pragma once
 
@@ -29,8 +29,8 @@ struct OffsetRequest {
 // failure leaves no row behind.
 void offsetPathChain(CamContext& cam, const OffsetRequest& request);
 
-// The side on which the click puts the path; On within five pixels of the profile.
-Side clickedSide(const CamContext& cam, const OffsetRequest& request);
+// True for a click on row `sg` itself, or within five pixels of it.
+bool isOnProfile(const CamContext& cam, int sg, Point click);
 
 // Path rows `first` to `last`; none when last is below first.
 struct PlacedRows {

@@ -94,6 +94,7 @@ void dlgPocketingPrm::nameChoices() {
   chkGougeAvoidance.setCaption("Apply Gouge Avoidance");
   chkPlaceFinishPath.setCaption("Auto Place Finish Path");
   chkLathePocketing.setCaption("Lathe Style Pocketing");
+  chkTruePaths.setCaption("True Paths");
   cmdAccept.setCaption("&Accept");
   cmdCancel.setCaption("&Cancel");
 }
@@ -133,6 +134,7 @@ void dlgPocketingPrm::fillChoices() {
   chkLathePocketing.setChecked(store_.cfg_lathe_style_pocketing);
   chkPlaceFinishPath.setChecked(store_.cfg_auto_place_finish_path);
   chkGougeAvoidance.setChecked(store_.cfg_gouge_avoidance);
+  chkTruePaths.setChecked(store_.cfg_true_paths);
   chkConnectPocketPaths.setChecked(store_.cfg_connect_pocketing_paths);
 }
 
@@ -242,6 +244,7 @@ void dlgPocketingPrm::takeOverChoices() {
   store_.cfg_lathe_style_pocketing = lathePocketing_;
   store_.cfg_auto_place_finish_path = placeFinishPath_;
   store_.cfg_gouge_avoidance = chkGougeAvoidance.isChecked();
+  store_.cfg_true_paths = chkTruePaths.isChecked();
   store_.cfg_connect_pocketing_paths = chkConnectPocketPaths.isChecked();
 }
 

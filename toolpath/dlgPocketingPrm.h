@@ -65,6 +65,7 @@ class dlgPocketingPrm : public Form {
   CheckBox chkGougeAvoidance{*this, "chkGougeAvoidance"};
   CheckBox chkPlaceFinishPath{*this, "chkPlaceFinishPath"};
   CheckBox chkLathePocketing{*this, "chkLathePocketing"};
+  CheckBox chkTruePaths{*this, "chkTruePaths"};
   Button cmdAccept{*this, "cmdAccept"};
   Button cmdCancel{*this, "cmdCancel"};
 

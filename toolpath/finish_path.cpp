@@ -11,6 +11,7 @@
 #include "drafting/row_edits.h"
 #include "geometry/float_nearest.h"
 #include "geometry/float_nearest_scans.h"
+#include "geometry/row_entity.h"
 #include "toolpath/contour_offset.h"
 #include "toolpath/frmFinishPath.h"
 #include "toolpath/gouge_avoidance.h"
@@ -125,7 +126,7 @@ bool levelsArePossible(CamContext& cam, const PassRequest& pass) {
 // A path on the profile itself is no matter of walls.
 bool goesByWalls(const CamContext& cam, const PassRequest& pass) {
   return cam.store.cfg_true_paths && cam.PlaceChain != 0 &&
-         clickedSide(cam, pass.offset) != Side::On;
+         !isOnProfile(cam, pass.offset.sg, pass.offset.click);
 }
 
 void placeFinishPath(CamContext& cam) {
@@ -157,12 +158,40 @@ void clickStart(CamContext& cam) {
   cam.context.state.setPendingaction(goOnWith(PendingAction::FinishDirection));
 }
 
+// Of the rows with an end at the start, the nearest to the place; 0 without any.
+int rowFromStart(const CamContext& cam, Point toward) {
+  const DrawingStore& store = cam.store;
+  int best = 0;
+  float least = 0;
+  for (int sg = 1; sg <= store.NumSegments; ++sg) {
+    const Entity row = segmentEntity(store, sg);
+    if (!samePoint(row.start, cam.finishStart, store.cfg_tolerance) &&
+        !samePoint(row.end, cam.finishStart, store.cfg_tolerance)) {
+      continue;
+    }
+    const float away =
+        distance(nearestOnSeg(store, sg, toward).found().value_or(cam.finishStart), toward);
+    if (best != 0 && away >= least) continue;
+    best = sg;
+    least = away;
+  }
+  return best;
+}
+
+// Fixed: the nearest row of all, which need not be one that leaves the start; the true rules look
+// at those that do.
+int rowToward(const CamContext& cam, Point toward) {
+  const int leaving =
+      cam.store.cfg_true_paths && cam.PlaceChain != 0 ? rowFromStart(cam, toward) : 0;
+  return leaving != 0 ? leaving : nearestSeg(cam.store, toward);
+}
+
 // The row is the one that leaves the start toward the click.
 void clickDirection(CamContext& cam) {
   const Point click = clickOf(cam);
   const auto toward = [](double start, double to) { return narrow((9 * start + to) / 10); };
-  const int sg = nearestSeg(
-      cam.store, {toward(cam.finishStart.x, click.x), toward(cam.finishStart.y, click.y)});
+  const int sg =
+      rowToward(cam, {toward(cam.finishStart.x, click.x), toward(cam.finishStart.y, click.y)});
   if (sg == 0) {
     beep(cam);
     cam.context.state.setPendingaction(goOnWith(PendingAction::FinishDirection));

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <span>
 
 #include "geometry/curve_distance.h"
 
@@ -76,34 +77,85 @@ void lineByLine(const Curve& line, const Curve& wall, double distance,
 // The most places at which a curve meets the edge of a wall's surroundings, and its own ends.
 using Places = std::array<double, 10>;
 
+// Where a curve meets the edge of a wall's surroundings. Points of its circle that do not lie on it
+// are told by their directions, before any angle is reckoned.
 class EdgeShares {
  public:
-  void add(const Shares& shares) {
-    for (const double share : shares) places_[count_++] = share;
+  explicit EdgeShares(const Curve& curve) : curve_(curve) {
+    places_[count_++] = 0;
+    places_[count_++] = 1;
   }
-  void add(double share) { places_[count_++] = share; }
-  std::span<double> sorted() {
+
+  void addCircle(PlanePoint center, double radius) {
+    if (!curve_.isArc()) {
+      add(sharesOnCircle(curve_, center, radius));
+      return;
+    }
+    const PlanePoint between = center - curve_.center;
+    const double apart = normOf(between);
+    if (apart == 0) return;
+    const double toChord =
+        (apart + (curve_.radius - radius) * (curve_.radius + radius) / apart) / 2;
+    const PlanePoint direction = (1 / apart) * between;
+    addChord(toChord * direction, leftOf(direction), toChord);
+  }
+
+  void addLine(PlanePoint through, PlanePoint along) {
+    if (!curve_.isArc()) {
+      add(sharesOnLine(curve_, through, along));
+      return;
+    }
+    const PlanePoint off = through - curve_.center;
+    const PlanePoint foot = off - dot(off, along) * along;
+    addChord(foot, along, normOf(foot));
+  }
+
+  std::span<const double> sorted() {
     std::sort(places_.begin(), places_.begin() + count_);
     return {places_.data(), static_cast<std::size_t>(count_)};
   }
 
  private:
+  void add(const Shares& shares) {
+    for (const double share : shares) places_[count_++] = share;
+  }
+
+  // Both points of the arc's circle on a chord; `foot` is its middle, seen from the centre.
+  void addChord(PlanePoint foot, PlanePoint along, double distance) {
+    const double square = (curve_.radius - distance) * (curve_.radius + distance);
+    if (!(square >= 0)) return;
+    const double half = std::sqrt(square);
+    addOnArc(foot - half * along);
+    if (half > 0) addOnArc(foot + half * along);
+  }
+
+  void addOnArc(PlanePoint fromCenter) {
+    if (!isBeside(curve_, curve_.center + fromCenter)) return;
+    if (sweep_ == 0) sweep_ = sweepOf(curve_);
+    const PlanePoint from = curve_.start - curve_.center;
+    const double angle = std::atan2(curve_.turn * cross(from, fromCenter), dot(from, fromCenter));
+    if (angle >= 0 && angle <= sweep_) places_[count_++] = angle / sweep_;
+  }
+
+  const Curve& curve_;
+  double sweep_ = 0;  // once it was asked for
   Places places_{};
   int count_ = 0;
 };
 
-void addEdges(const Curve& curve, const Curve& wall, double distance, EdgeShares& edges) {
-  edges.add(sharesOnCircle(curve, wall.start, distance));
-  edges.add(sharesOnCircle(curve, wall.end, distance));
+void addEdges(const Curve& wall, double distance, EdgeShares& edges) {
+  edges.addCircle(wall.start, distance);
+  edges.addCircle(wall.end, distance);
   if (wall.isArc()) {
-    edges.add(sharesOnCircle(curve, wall.center, wall.radius + distance));
-    edges.add(sharesOnCircle(curve, wall.center, std::abs(wall.radius - distance)));
+    edges.addCircle(wall.center, wall.radius + distance);
+    edges.addCircle(wall.center, std::abs(wall.radius - distance));
     return;
   }
-  const PlanePoint along = wall.end - wall.start;
-  const PlanePoint aside = distance * unitOf(leftOf(along));
-  edges.add(sharesOnLine(curve, wall.start + aside, along));
-  edges.add(sharesOnLine(curve, wall.start - aside, along));
+  const PlanePoint whole = wall.end - wall.start;
+  const PlanePoint along = (1 / normOf(whole)) * whole;
+  const PlanePoint aside = distance * leftOf(along);
+  edges.addLine(wall.start + aside, along);
+  edges.addLine(wall.start - aside, along);
 }
 
 // The range of distances of a curve's places from a point; of an arc, its whole circle's.
@@ -127,16 +179,18 @@ bool isFar(const Curve& curve, const Curve& wall, double distance) {
 
 void byEdges(const Curve& curve, const Curve& wall, double distance,
              std::vector<ShareRange>& ranges) {
-  EdgeShares edges;
-  edges.add(0);
-  edges.add(1);
-  addEdges(curve, wall, distance, edges);
+  EdgeShares edges(curve);
+  addEdges(wall, distance, edges);
   const std::span<const double> shares = edges.sorted();
   for (std::size_t k = 0; k + 1 < shares.size(); ++k) {
     const double from = shares[k];
     const double to = shares[k + 1];
     if (!(from < to) || distanceTo(wall, pointAt(curve, (from + to) / 2)) >= distance) continue;
-    ranges.push_back({from, to});
+    if (!ranges.empty() && ranges.back().to == from) {
+      ranges.back().to = to;
+    } else {
+      ranges.push_back({from, to});
+    }
   }
 }
 

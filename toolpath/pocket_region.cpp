@@ -367,11 +367,21 @@ PocketRegion::PocketRegion(std::vector<RegionLoop> loops, Traits traits)
     firstWall_.push_back(static_cast<int>(loopOfWall_.size()));
     loopOfWall_.insert(loopOfWall_.end(), loops_[k].curves.size(), static_cast<int>(k));
   }
-  index_ = CurveIndex(allCurves(loops_));
-  bands_ = LevelBands(walls());
-  for (const Curve& wall : walls()) {
-    largestNumber_ = std::max(largestNumber_, largestNumberOf(wall));
+  for (const RegionLoop& loop : loops_) {
+    for (const Curve& wall : loop.curves) {
+      largestNumber_ = std::max(largestNumber_, largestNumberOf(wall));
+    }
   }
+}
+
+const CurveIndex& PocketRegion::index() const {
+  if (!index_) index_.emplace(allCurves(loops_));
+  return *index_;
+}
+
+const LevelBands& PocketRegion::bands() const {
+  if (!bands_) bands_.emplace(walls());
+  return *bands_;
 }
 
 double PocketRegion::area() const {
@@ -381,7 +391,7 @@ double PocketRegion::area() const {
 
 std::vector<int> PocketRegion::loopsRound(PlanePoint at) const {
   std::vector<int> round;
-  bands_.crossedLeftOf(at, round);
+  bands().crossedLeftOf(at, round);
   for (int& wall : round) wall = loopOf(wall);
   std::sort(round.begin(), round.end());
   // What is crossed an even number of times lies beside the place.
@@ -403,7 +413,7 @@ bool PocketRegion::isFree(PlanePoint at) const {
 
 bool PocketRegion::isClear(const Curve& curve, double distance) const {
   std::vector<int> found;
-  index_.candidates(curve, distance, found);
+  index().candidates(curve, distance, found);
   const bool near = std::any_of(found.begin(), found.end(), [&](int wall) {
     return gapBetween(curve, walls()[static_cast<std::size_t>(wall)]).distance < distance;
   });

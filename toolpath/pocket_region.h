@@ -49,8 +49,8 @@ class PocketRegion {
   double largestNumber() const { return largestNumber_; }
 
   // All curves, loop by loop.
-  const std::vector<Curve>& walls() const { return index_.curves(); }
-  const CurveIndex& index() const { return index_; }
+  const std::vector<Curve>& walls() const { return index().curves(); }
+  const CurveIndex& index() const;
   int loopOf(int wall) const { return loopOfWall_[static_cast<std::size_t>(wall)]; }
   int firstWallOf(int loop) const { return firstWall_[static_cast<std::size_t>(loop)]; }
 
@@ -64,14 +64,17 @@ class PocketRegion {
 
   // Where a level crosses the walls.
   void crossingsAt(double y, std::vector<LevelCrossing>& found) const {
-    bands_.crossingsAt(y, found);
+    bands().crossingsAt(y, found);
   }
 
  private:
+  const LevelBands& bands() const;
+
   std::vector<RegionLoop> loops_;
   Traits traits_;
-  CurveIndex index_;
-  LevelBands bands_;
+  // Made when they are first asked for.
+  mutable std::optional<CurveIndex> index_;
+  mutable std::optional<LevelBands> bands_;
   std::vector<int> loopOfWall_, firstWall_;
   double largestNumber_ = 0;
 };

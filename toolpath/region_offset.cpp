@@ -2,223 +2,23 @@
 #include "toolpath/region_offset.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <compare>
 #include <cstdint>
-#include <numbers>
-#include <numeric>
 #include <optional>
 
-#include "toolpath/forbidden_shares.h"
+#include "toolpath/free_stretches.h"
+#include "toolpath/offset_candidates.h"
 
 namespace tess {
 namespace {
 
-// How far a place may be nearer to a wall than the distance, by rounding alone.
-constexpr double kSlack = 2e-11;
-constexpr double kSlackMagnitude = 1e4;  // of numbers, beyond which it grows with them
-// A joint that turns right by more than this gets an arc, in radians.
-constexpr double kLeastTurn = 1e-9;
-// Within this of a half turn nobody can say which way it goes.
-constexpr double kBackTurn = 1e-6;
-// Beyond this turn the rows beside a joint may come close to its arc.
-constexpr double kSharpTurn = 3;
-constexpr double kSmallestArc = 1e-12;
 // Ends this near to each other are one place.
 constexpr double kSamePlace = 1e-9;
 
-struct Measures {
-  double distance;
-  double slack;     // of distances
-  double shortest;  // tangent joints leave tails up to this length
-  double reach;     // ends that belong together are no farther apart
-
-  Measures(double d, double largestNumber)
-      : distance(d),
-        slack(kSlack * std::max(1.0, std::max(largestNumber, d) / kSlackMagnitude)),
-        shortest(std::max(1e-5, 2 * std::sqrt(8 * slack * d * std::max(1.0, d)))),
-        reach(std::max(1e-4, 10 * shortest)) {}
-};
-
-// A displaced wall, or an arc round a corner. Some walls are known to be no nearer than the
-// distance: its own, and lines beside it where the joint turns away.
-struct Candidate {
-  Curve curve;
-  int source = 0;  // a wall
-  std::array<int, 3> spared = {-1, -1, -1};
-  bool isSpared(int wall) const {
-    return wall == spared[0] || wall == spared[1] || wall == spared[2];
-  }
-};
-
-// A free stretch of a candidate.
-struct Piece {
-  Curve curve;
-  int source = 0;
-  int next = -1;       // the piece that goes on where it ends
-  bool taken = false;  // another one goes on with this
-};
-
-// ---- Candidates
-
-PlanePoint leftNormal(const Curve& curve, double share) {
-  return leftOf(directionAt(curve, share));
-}
-
-std::optional<Curve> displaced(const Curve& wall, double distance) {
-  if (!wall.isArc()) {
-    const PlanePoint aside = distance * leftNormal(wall, 0);
-    return lineCurve(wall.start + aside, wall.end + aside);
-  }
-  // Counter-clockwise the centre is on the left.
-  const double radius = wall.radius - wall.turn * distance;
-  if (radius <= kSmallestArc) return std::nullopt;
-  const double ratio = radius / wall.radius;
-  return Curve{wall.center + ratio * (wall.start - wall.center),
-               wall.center + ratio * (wall.end - wall.center), wall.center, radius, wall.turn};
-}
-
-// By which the joint turns left, in radians.
-double turnBetween(const Curve& before, const Curve& after) {
-  const PlanePoint in = directionAt(before, 1);
-  const PlanePoint out = directionAt(after, 0);
-  const double turn = std::atan2(cross(in, out), dot(in, out));
-  return turn > std::numbers::pi - kBackTurn ? -turn : turn;
-}
-
-// Whether the rows at a joint, if they are lines, keep clear of each other's candidates.
-bool turnsAway(double turn) {
-  return turn <= kLeastTurn && turn > -kSharpTurn;
-}
-
-int sparedAt(const Curve& neighbour, int wall, double turn) {
-  return !neighbour.isArc() && turnsAway(turn) ? wall : -1;
-}
-
-class CandidateList {
- public:
-  CandidateList(double distance, const std::vector<Curve>& walls)
-      : distance_(distance), walls_(walls) {}
-
-  // The walls with these numbers, one after the other, run from end to start if `reverse`.
-  void add(const std::vector<int>& numbers, bool closed, bool reverse) {
-    const auto wall = [&](std::size_t k) {
-      const Curve& curve = walls_[static_cast<std::size_t>(numbers[k])];
-      return reverse ? reversed(curve) : curve;
-    };
-    const std::size_t count = numbers.size();
-    const std::size_t joints = closed ? count : count - 1;
-    std::vector<double> turns(count, -kSharpTurn);  // behind each; a loose end spares nothing
-    for (std::size_t k = 0; k < joints; ++k) turns[k] = turnBetween(wall(k), wall((k + 1) % count));
-    for (std::size_t k = 0; k < count; ++k) {
-      const std::size_t before = (k + count - 1) % count;
-      const std::size_t after = (k + 1) % count;
-      if (const auto curve = displaced(wall(k), distance_)) {
-        candidates_.push_back({*curve,
-                               numbers[k],
-                               {numbers[k], sparedAt(wall(before), numbers[before], turns[before]),
-                                sparedAt(wall(after), numbers[after], turns[k])}});
-      }
-      if (k < joints && turns[k] < -kLeastTurn) {
-        addCorner(wall(k), wall(after), numbers[k],
-                  {sparedAt(wall(k), numbers[k], turns[k]),
-                   sparedAt(wall(after), numbers[after], turns[k]), -1});
-      }
-    }
-    chainEnds_.push_back(static_cast<int>(candidates_.size()));
-  }
-
-  const std::vector<Candidate>& all() const { return candidates_; }
-  // Behind the last candidate of each chain.
-  const std::vector<int>& chainEnds() const { return chainEnds_; }
-
- private:
-  void addCorner(const Curve& before, const Curve& after, int source, std::array<int, 3> spared) {
-    const PlanePoint vertex = before.end;
-    const PlanePoint start = vertex + distance_ * leftNormal(before, 1);
-    const PlanePoint end = vertex + distance_ * leftNormal(after, 0);
-    if (start == end) return;
-    candidates_.push_back({{start, end, vertex, distance_, -1}, source, spared});
-  }
-
-  double distance_;
-  const std::vector<Curve>& walls_;
-  std::vector<Candidate> candidates_;
-  std::vector<int> chainEnds_;
-};
-
-// ---- Free stretches
-
-// Walls that lie on one another have one candidate where both lie: that of the lower one.
-bool isSameLineOrCircle(const Curve& a, const Curve& b) {
-  if (a.turn != b.turn) return false;
-  if (a.isArc()) {
-    return normOf(a.center - b.center) <= kSamePlace && std::abs(a.radius - b.radius) <= kSamePlace;
-  }
-  const PlanePoint along = directionAt(a, 0);
-  return dot(along, directionAt(b, 0)) > 0 &&
-         std::abs(cross(along, b.start - a.start)) <= kSamePlace &&
-         std::abs(cross(along, b.end - a.start)) <= kSamePlace;
-}
-
-class FreeStretches {
- public:
-  FreeStretches(const CurveIndex& walls, const Measures& measures, bool overlaps)
-      : walls_(walls), measures_(measures), overlaps_(overlaps) {}
-
-  // Appends what no wall forbids.
-  void of(const Candidate& candidate, std::vector<Piece>& pieces) {
-    const Curve& curve = candidate.curve;
-    forbidden_.clear();
-    walls_.candidates(curve, measures_.distance, near_);
-    for (const int number : near_) {
-      if (candidate.isSpared(number)) continue;
-      const Curve& wall = walls_.curves()[static_cast<std::size_t>(number)];
-      appendForbidden(curve, wall, measures_.distance - measures_.slack, forbidden_);
-      if (overlaps_ && number < candidate.source) leaveToOwner(candidate, wall);
-    }
-    if (forbidden_.empty()) {
-      add(candidate, {0, 1}, pieces);
-      return;
-    }
-    std::sort(forbidden_.begin(), forbidden_.end(),
-              [](const ShareRange& a, const ShareRange& b) { return a.from < b.from; });
-    double from = 0;
-    for (const ShareRange& range : forbidden_) {
-      add(candidate, {from, range.from}, pieces);
-      from = std::max(from, range.to);
-    }
-    add(candidate, {from, 1}, pieces);
-  }
-
- private:
-  void leaveToOwner(const Candidate& candidate, const Curve& wall) {
-    const Curve& own = walls_.curves()[static_cast<std::size_t>(candidate.source)];
-    if (!isSameLineOrCircle(own, wall)) return;
-    const double from = shareOf(own, isBeside(own, wall.start) ? wall.start : own.start);
-    const double to = shareOf(own, isBeside(own, wall.end) ? wall.end : own.end);
-    const bool lies = isBeside(own, pointAt(wall, 0.5)) || isBeside(wall, pointAt(own, 0.5));
-    if (lies && from < to) forbidden_.push_back({from, to});
-  }
-
-  void add(const Candidate& candidate, ShareRange range, std::vector<Piece>& pieces) const {
-    if (!(range.from < range.to)) return;
-    const bool whole = range.from <= 0 && range.to >= 1;
-    const Curve part = whole ? candidate.curve : partOf(candidate.curve, range.from, range.to);
-    if (lengthOf(part) >= measures_.shortest) pieces.push_back({part, candidate.source});
-  }
-
-  const CurveIndex& walls_;
-  const Measures& measures_;
-  bool overlaps_;
-  std::vector<int> near_;
-  std::vector<ShareRange> forbidden_;
-};
-
 // ---- Joining
 
-double gapOf(const Piece& before, const Piece& after) {
+double gapOf(const FreePiece& before, const FreePiece& after) {
   return normOf(after.curve.start - before.curve.end);
 }
 
@@ -258,7 +58,7 @@ class CellMap {
 
 class Joiner {
  public:
-  Joiner(std::vector<Piece>& pieces, const Measures& measures)
+  Joiner(std::vector<FreePiece>& pieces, const OffsetMeasures& measures)
       : pieces_(pieces), measures_(measures) {}
 
   // The next free stretch on the way is nearly always what goes on.
@@ -308,7 +108,7 @@ class Joiner {
     auto operator<=>(const Gap&) const = default;
   };
 
-  Piece& at(int k) { return pieces_[static_cast<std::size_t>(k)]; }
+  FreePiece& at(int k) { return pieces_[static_cast<std::size_t>(k)]; }
 
   void join(std::size_t before, std::size_t after) {
     if (pieces_[before].next >= 0 || pieces_[after].taken) return;
@@ -332,8 +132,8 @@ class Joiner {
     }
   }
 
-  std::vector<Piece>& pieces_;
-  const Measures& measures_;
+  std::vector<FreePiece>& pieces_;
+  const OffsetMeasures& measures_;
   std::vector<int> ends_, starts_;
 };
 
@@ -356,7 +156,7 @@ Curve around(const Curve& curve, double share, double reach) {
 PlanePoint jointOf(const Curve& before, const Curve& after) {
   const PlanePoint middle = 0.5 * (before.end + after.start);
   const double gap = normOf(after.start - before.end);
-  constexpr double kExactly = 1e-12;
+  constexpr double kExactly = 1e-10;
   if (gap <= kExactly) return before.end;
   const Curve end = around(before, 1, 2 * gap);
   const Shares shares = after.isArc() ? sharesOnCircle(end, after.center, after.radius)
@@ -384,7 +184,7 @@ Curve between(const Curve& curve, PlanePoint start, PlanePoint end) {
 
 class LoopAssembly {
  public:
-  explicit LoopAssembly(const std::vector<Piece>& pieces) : pieces_(pieces) {
+  explicit LoopAssembly(const std::vector<FreePiece>& pieces) : pieces_(pieces) {
     joints_.resize(pieces.size());
     for (std::size_t k = 0; k < pieces.size(); ++k) {
       const int next = pieces[k].next;
@@ -424,16 +224,20 @@ class LoopAssembly {
     loop.sources.push_back(source);
   }
 
-  const std::vector<Piece>& pieces_;
+  const std::vector<FreePiece>& pieces_;
   std::vector<PlanePoint> joints_;  // where each piece begins
   std::vector<bool> used_;
 };
 
+double chordSquare(const Curve& curve) {
+  return dot(curve.end - curve.start, curve.end - curve.start);
+}
+
 // All of a loop lies on one side of all walls, since no wall is near.
 PlanePoint placeOn(const RegionLoop& loop) {
-  const auto longest =
-      std::max_element(loop.curves.begin(), loop.curves.end(),
-                       [](const Curve& a, const Curve& b) { return lengthOf(a) < lengthOf(b); });
+  const auto longest = std::max_element(
+      loop.curves.begin(), loop.curves.end(),
+      [](const Curve& a, const Curve& b) { return chordSquare(a) < chordSquare(b); });
   return pointAt(*longest, 0.5);
 }
 
@@ -443,36 +247,30 @@ void settleArea(RegionLoop& loop, double distance) {
   if (std::abs(loop.area) < distance * distance) loop.area = std::max(loop.area, 0.0);
 }
 
-std::vector<int> wallsOfLoop(const PocketRegion& region, int loop) {
-  std::vector<int> walls(region.loops()[static_cast<std::size_t>(loop)].curves.size());
-  std::iota(walls.begin(), walls.end(), region.firstWallOf(loop));
-  return walls;
-}
-
-CandidateList candidatesOf(const PocketRegion& region, double distance) {
-  CandidateList candidates(distance, region.walls());
+OffsetCandidates candidatesOf(const PocketRegion& region, double distance) {
+  OffsetCandidates candidates(distance, region.walls());
   for (int loop = 0; loop < static_cast<int>(region.loops().size()); ++loop) {
-    std::vector<int> walls = wallsOfLoop(region, loop);
-    candidates.add(walls, /*closed=*/true, /*reverse=*/false);
-    if (!region.traits().crossesSelf) continue;
-    std::reverse(walls.begin(), walls.end());
-    candidates.add(walls, /*closed=*/true, /*reverse=*/true);
+    const int first = region.firstWallOf(loop);
+    const int last =
+        first + static_cast<int>(region.loops()[static_cast<std::size_t>(loop)].curves.size()) - 1;
+    candidates.add(first, last, /*closed=*/true, /*reverse=*/false);
+    if (region.traits().crossesSelf) candidates.add(first, last, /*closed=*/true, /*reverse=*/true);
   }
   return candidates;
 }
 
-std::vector<Piece> freePieces(const CandidateList& candidates, const CurveIndex& walls,
-                              const Measures& measures, bool overlaps) {
-  std::vector<Piece> pieces;
-  FreeStretches stretches(walls, measures, overlaps);
+std::vector<FreePiece> freePieces(const OffsetCandidates& candidates, FreeStretches& stretches,
+                                  const OffsetMeasures& measures) {
+  std::vector<FreePiece> pieces;
+  pieces.reserve(candidates.all().size());
   Joiner joiner(pieces, measures);
-  std::size_t candidate = 0;
-  for (const int end : candidates.chainEnds()) {
+  std::size_t begin = 0;
+  for (const int chainEnd : candidates.chainEnds()) {
+    const auto end = static_cast<std::size_t>(chainEnd);
     const std::size_t first = pieces.size();
-    for (; candidate < static_cast<std::size_t>(end); ++candidate) {
-      stretches.of(candidates.all()[candidate], pieces);
-    }
+    stretches.append(candidates.all(), begin, end, pieces);
     joiner.joinAlong(first, pieces.size());
+    begin = end;
   }
   return pieces;
 }
@@ -516,17 +314,28 @@ int outerRound(const PocketRegion& region, const RegionLoop& loop, int number) {
   return best;
 }
 
-RegionOffset offsetRegion(const PocketRegion& region, double distance) {
-  if (isItsOwnOffset(region, distance)) return {region, {}};
+namespace {
+
+// Whether rounding may have taken a room of the offset.
+struct JudgedOffset {
+  RegionOffset offset;
+  bool lostByAHair = false;
+};
+
+JudgedOffset judgedOffset(const PocketRegion& region, double distance) {
+  if (isItsOwnOffset(region, distance)) return {{region, {}}};
   constexpr double kLeast = 1e-6;
-  const Measures measures(std::max(distance, kLeast), region.largestNumber());
-  const CandidateList candidates = candidatesOf(region, measures.distance);
+  const OffsetMeasures measures(std::max(distance, kLeast), region.largestNumber());
+  const OffsetCandidates candidates = candidatesOf(region, measures.distance);
   const bool overlaps = region.traits().overlaps || region.traits().crossesSelf;
-  std::vector<Piece> pieces = freePieces(candidates, region.index(), measures, overlaps);
+  FreeStretches stretches(region.index(), measures, overlaps);
+  std::vector<FreePiece> pieces = freePieces(candidates, stretches, measures);
   Joiner joiner(pieces, measures);
   joiner.joinNear();
   joiner.joinRest();
-  RegionOffset offset;
+  JudgedOffset judged;
+  RegionOffset& offset = judged.offset;
+  judged.lostByAHair = candidates.lostByAHair() || stretches.lostByAHair();
   std::vector<RegionLoop> loops;
   LoopAssembly assembly(pieces);
   for (std::size_t k = 0; k < pieces.size(); ++k) {
@@ -537,12 +346,19 @@ RegionOffset offsetRegion(const PocketRegion& region, double distance) {
   }
   std::erase_if(offset.lost, [&](PlanePoint at) { return !region.isFree(at); });
   offset.region = PocketRegion(std::move(loops), {.unbounded = region.traits().unbounded});
-  return offset;
+  return judged;
+}
+
+}  // namespace
+
+RegionOffset offsetRegion(const PocketRegion& region, double distance) {
+  return judgedOffset(region, distance).offset;
 }
 
 RegionOffset fittedOffset(const PocketRegion& region, double distance) {
-  RegionOffset offset = offsetRegion(region, distance);
-  if (distance <= kHairWidth) return offset;
+  JudgedOffset judged = judgedOffset(region, distance);
+  RegionOffset& offset = judged.offset;
+  if (!judged.lostByAHair || distance <= kHairWidth) return std::move(offset);
   const PocketRegion wider = offsetRegion(region, distance - kHairWidth).region;
   std::vector<bool> holdsRoom(wider.loops().size(), false);
   for (const RegionLoop& loop : offset.region.loops()) {
@@ -555,11 +371,12 @@ RegionOffset fittedOffset(const PocketRegion& region, double distance) {
   for (const Room& room : roomsOf(wider)) {
     if (holdsRoom[static_cast<std::size_t>(room.outer)]) continue;
     loops.push_back(wider.loops()[static_cast<std::size_t>(room.outer)]);
-    for (const int hole : room.holes)
+    for (const int hole : room.holes) {
       loops.push_back(wider.loops()[static_cast<std::size_t>(hole)]);
+    }
   }
   if (loops.size() > before) offset.region = PocketRegion(std::move(loops), offset.region.traits());
-  return offset;
+  return std::move(offset);
 }
 
 std::vector<Room> roomsOf(const PocketRegion& region) {
@@ -585,12 +402,11 @@ ChainOffset chainOffset(const std::vector<Curve>& chain, double distance) {
   const CurveIndex walls(chain);
   double largest = 0;
   for (const Curve& curve : chain) largest = std::max(largest, largestNumberOf(curve));
-  const Measures measures(distance, largest);
-  CandidateList candidates(distance, chain);
-  std::vector<int> numbers(chain.size());
-  std::iota(numbers.begin(), numbers.end(), 0);
-  candidates.add(numbers, /*closed=*/false, /*reverse=*/false);
-  const std::vector<Piece> pieces = freePieces(candidates, walls, measures, /*overlaps=*/false);
+  const OffsetMeasures measures(distance, largest);
+  OffsetCandidates candidates(distance, chain);
+  candidates.add(0, static_cast<int>(chain.size()) - 1, /*closed=*/false, /*reverse=*/false);
+  FreeStretches stretches(walls, measures, /*overlaps=*/false);
+  const std::vector<FreePiece> pieces = freePieces(candidates, stretches, measures);
   ChainOffset offset;
   for (std::size_t k = 0; k < pieces.size(); ++k) {
     const bool goesOn = k > 0 && gapOf(pieces[k - 1], pieces[k]) <= measures.reach;

@@ -44,6 +44,13 @@ struct Chain {
   bool closed = false;
 };
 
+// The clicks may have found an end of one row and another row: then its own end.
+Point startOn(const DrawingStore& store, const TrueFinishRequest& request) {
+  const Entity row = segmentEntity(store, request.sg);
+  const bool atEnd = distance(request.start, row.end) < distance(request.start, row.start);
+  return atEnd ? row.end : row.start;
+}
+
 Chain chainFrom(const DrawingStore& store, int sg, Point start) {
   Chain chain;
   ChainWalk walk(store);
@@ -398,8 +405,9 @@ void placeTrueFinish(CamContext& cam, const TrueFinishRequest& request) {
   const bool several = -std::abs(store.cfg_start_depth) >= roughingFloor(store);
   if (request.passes < 1 || !levelsArePossible(cam, kCommand, several)) return;
   const BusyPointer busy(cam.context.systemPointer);
-  const Chain chain = chainFrom(store, request.sg, request.start);
-  const auto field = fieldOf(cam, chain, request);
+  const Point start = startOn(store, request);
+  const Chain chain = chainFrom(store, request.sg, start);
+  const auto field = fieldOf(cam, chain, {request.sg, start, request.reference});
   if (!field || !pathIsPossible(cam, *field)) return;
   PassMaker maker(cam, *field);
   Change change(cam.changes);

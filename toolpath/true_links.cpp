@@ -123,7 +123,7 @@ void RoomWay::cut(const std::vector<Curve>& curves, bool linked, const PocketReg
 // Straight, or the shorter way along a loop on which both places lie, unless that goes far round.
 std::vector<Curve> RoomWay::linkTo(PlanePoint to, const PocketRegion* tracks) const {
   const Curve straight = lineCurve(at_, to);
-  if (region_.isClear(straight, rules_.distance - kPlacedSlack)) return {straight};
+  if (region_->isClear(straight, rules_.distance - kPlacedSlack)) return {straight};
   if (tracks == nullptr) return {};
   const double longest = 3 * lengthOf(straight) + 4 * rules_.radius;
   std::vector<Curve> best;

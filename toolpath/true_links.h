@@ -28,7 +28,7 @@ class RoomWay {
     double radius = 0;    // of the tool
     bool links = false;
   };
-  RoomWay(const PocketRegion& region, const Rules& rules) : region_(region), rules_(rules) {}
+  RoomWay(const PocketRegion& region, const Rules& rules) : region_(&region), rules_(rules) {}
 
   // Where the tool stands.
   PlanePoint place() const { return at_; }
@@ -44,7 +44,7 @@ class RoomWay {
  private:
   std::vector<Curve> linkTo(PlanePoint to, const PocketRegion* tracks) const;
 
-  const PocketRegion& region_;
+  const PocketRegion* region_;
   Rules rules_;
   PlanePoint at_;
   std::vector<std::vector<Curve>> runs_;

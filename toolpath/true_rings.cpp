@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <deque>
+#include <numeric>
 
 namespace tess {
 namespace {
@@ -128,7 +129,7 @@ class RingCutter {
   void nextRoot() { linked_ = false; }
 
   void cut(const RingRoom& room) {
-    for (const RegionLoop& loop : room.between) cutLoop(loop);
+    cutNearest(room.between);
     for (const int hole : room.room.holes) {
       cutLoop(room.ring->loops()[static_cast<std::size_t>(hole)]);
     }
@@ -136,6 +137,22 @@ class RingCutter {
   }
 
  private:
+  // One after the other, each the nearest to the tool of those that are left.
+  void cutNearest(const std::vector<RegionLoop>& loops) {
+    std::vector<std::size_t> left(loops.size());
+    std::iota(left.begin(), left.end(), std::size_t{0});
+    const auto fromTool = [&](std::size_t k) {
+      return normOf(loops[k].curves.front().start - way_.place());
+    };
+    while (!left.empty()) {
+      const auto next =
+          std::min_element(left.begin(), left.end(),
+                           [&](std::size_t a, std::size_t b) { return fromTool(a) < fromTool(b); });
+      cutLoop(loops[*next]);
+      left.erase(next);
+    }
+  }
+
   void cutLoop(const RegionLoop& loop) {
     const RegionLoop way = rules_.reversed ? reversedLoop(loop) : loop;
     way_.cut(loopFrom(way, nearestPlace(way, way_.place())), linked_);

@@ -198,7 +198,8 @@ Box arcBounds(const DrawingStore& store, int sg) {
 OutlineSize verifypocket(CamContext& cam) {
   const Procedure here("frmMain.verifypocket(width,height)");
   Change change(cam.changes);
-  removeDuplicates(cam.changes, cam.context.session.host.prompts, /*deleteSilently=*/false);
+  removeDuplicates(cam.changes, cam.context.session.host.prompts, /*deleteSilently=*/false,
+                   cam.store.cfg_true_paths ? ArcHalves::AreApart : ArcHalves::AreDuplicates);
   OutlineSize size;
   const std::vector<int> rows = outlineRows(cam.store);
   if (!rows.empty()) {

@@ -337,6 +337,19 @@ TEST_F(SetupFile, TheHighestSpindleSpeedIsWrittenOnlyWhenItIsSet) {
   EXPECT_EQ(store.highestspindle, 0) << "a setup that does not tell it has none";
 }
 
+TEST_F(SetupFile, TruePathsAreWrittenOnlyWhenTheyAreOn) {
+  read(wholeSetup());
+  EXPECT_FALSE(store.cfg_true_paths);
+  EXPECT_THAT(written(), Not(HasSubstr("true paths")));
+  store.cfg_true_paths = true;
+  EXPECT_THAT(written(), HasSubstr("\r\ntrue paths =-1\r\ntolerence"));
+  read("true paths =-1\r\n");
+  EXPECT_TRUE(store.cfg_true_paths);
+  EXPECT_TRUE(test.messages().empty());
+  read(wholeSetup());
+  EXPECT_FALSE(store.cfg_true_paths) << "a setup that does not tell it does without";
+}
+
 TEST_F(SetupFile, PartHeightOfZeroIsWrittenAsAQuarter) {
   EXPECT_THAT(setupText(session), HasSubstr("part dim z = .25\r\n"));
   EXPECT_EQ(store.partdimz, 0.25F);

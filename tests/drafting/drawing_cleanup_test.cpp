@@ -182,6 +182,18 @@ TEST(RemoveDuplicates, SilentlyDoesNotAsk) {
   EXPECT_EQ(segmentTexts(d.store), kWithoutCopies);
 }
 
+TEST(RemoveDuplicates, KeepsTheTwoPartsOfACircleWhenTheyAreApart) {
+  RecordedDrafting d;
+  const SegmentRow upper{.type = kCounterClockwiseArc, .x0 = 2, .x1 = 0, .xc = 1};
+  const SegmentRow lower{.type = kCounterClockwiseArc, .x0 = 0, .x1 = 2, .xc = 1};
+  for (const SegmentRow& row : {upper, lower, upper}) d.add(row);
+  removeDuplicates(d.context.changes, d.test.recording.prompts, /*deleteSilently=*/true,
+                   ArcHalves::AreApart);
+  EXPECT_EQ(segmentTexts(d.store), (Texts{"3 (2, 0)-(0, 0) c (1, 0)", "3 (0, 0)-(2, 0) c (1, 0)"}));
+  removeDuplicates(d.context.changes, d.test.recording.prompts, /*deleteSilently=*/true);
+  EXPECT_EQ(segmentTexts(d.store), (Texts{"3 (2, 0)-(0, 0) c (1, 0)"}));
+}
+
 TEST(RemoveDuplicates, WithoutAnyNothingIsAsked) {
   RecordedDrafting d;
   d.addLine(0, 0, 1, 0);

@@ -26,6 +26,7 @@ local bench = {
   ["gouge avoidance"] = true,
   ["connect pocketing paths"] = false,
   ["auto place finish path"] = false,
+  ["true paths"] = false,
   ["pocket distance from center"] = 0,
   ["lead in path"] = false,
   ["lead in arc"] = false,

@@ -66,6 +66,7 @@ const CaptionCase kCaptions[] = {
     {"chkGougeAvoidance", 0, "Apply Gouge Avoidance"},
     {"chkPlaceFinishPath", 0, "Auto Place Finish Path"},
     {"chkLathePocketing", 0, "Lathe Style Pocketing"},
+    {"chkTruePaths", 0, "True Paths"},
     {"cmdAccept", 0, "&Accept"},
     {"cmdCancel", 0, "&Cancel"},
 };
@@ -194,6 +195,27 @@ TEST(PocketingParameters, ChoicesAreStored) {
   EXPECT_TRUE(c.store.cfg_gouge_avoidance);
   EXPECT_TRUE(c.store.cfg_connect_pocketing_paths);
   EXPECT_FALSE(c.store.cfg_lathe_style_pocketing);
+}
+
+TEST(PocketingParameters, TruePathsAreShownAndStored) {
+  RecordedCam c;
+  work(c, [](dlgPocketingPrm& dialog) {
+    EXPECT_FALSE(dialog.chkTruePaths.isChecked());
+    dialog.chkTruePaths.press();
+    dialog.cmdCancel.press();
+  });
+  EXPECT_FALSE(c.store.cfg_true_paths);
+  work(c, [](dlgPocketingPrm& dialog) {
+    dialog.chkTruePaths.press();
+    dialog.cmdAccept.press();
+  });
+  EXPECT_TRUE(c.store.cfg_true_paths);
+  work(c, [](dlgPocketingPrm& dialog) {
+    EXPECT_TRUE(dialog.chkTruePaths.isChecked());
+    dialog.chkTruePaths.press();
+    dialog.cmdAccept.press();
+  });
+  EXPECT_FALSE(c.store.cfg_true_paths);
 }
 
 TEST(PocketingParameters, ACheckBoxThatIsNeitherCountsAsOff) {

@@ -150,7 +150,8 @@ class PocketJob : public RecordedCam {
     const Vec normal = row.isArc ? middle - row.center : leftOf(row.end - row.start);
     const Vec aside = (1 / lengthOf(normal)) * normal;
     const bool thatSide = isAllowed(part_, middle + 1e-3 * aside);
-    const double most = toolRadius();
+    // Nearer than a tool's radius the reference lies in the pocket even in its narrowest corners.
+    const double most = store.cfg_true_paths ? 0.07 : toolRadius();
     const double reach = row.isArc && !thatSide ? std::min(row.radius / 2, most) : most;
     return middle + (thatSide ? reach : -reach) * aside;
   }

@@ -1,0 +1,66 @@
+// What is left of the candidates of an offset where no wall is nearer than the distance.
+// Owns: FreePiece, FreeStretches.
+#pragma once
+
+#include <vector>
+
+#include "geometry/curve_index.h"
+#include "toolpath/forbidden_shares.h"
+#include "toolpath/offset_candidates.h"
+
+namespace tess {
+
+// A free stretch of a candidate.
+struct FreePiece {
+  Curve curve;
+  int source = 0;
+  int next = -1;       // the piece that goes on where it ends
+  bool taken = false;  // another one goes on with this
+};
+
+class FreeStretches {
+ public:
+  // With `overlaps` walls may lie on one another; what both would give is the lower one's.
+  FreeStretches(const CurveIndex& walls, const OffsetMeasures& measures, bool overlaps)
+      : walls_(walls), measures_(measures), overlaps_(overlaps) {}
+
+  // Appends what is free of the candidates `first` to `last` - 1, in their order.
+  void append(const std::vector<OffsetCandidate>& candidates, std::size_t first, std::size_t last,
+              std::vector<FreePiece>& pieces);
+
+  // A place of a candidate was forbidden by so little that rounding may have done it, and nothing
+  // of the candidate beside it is free.
+  bool lostByAHair() const { return lostByAHair_; }
+
+ private:
+  struct NearWall {
+    Box box;
+    int number;
+  };
+  struct WallRange {
+    ShareRange range;
+    int wall;
+  };
+
+  std::size_t gather(const std::vector<OffsetCandidate>& candidates, std::size_t first,
+                     std::size_t last);
+  void judge(const OffsetCandidate& candidate, std::vector<FreePiece>& pieces);
+  void forbid(const OffsetCandidate& candidate, int number, double distance);
+  void leaveToOwner(const OffsetCandidate& candidate, const Curve& wall);
+  void add(const OffsetCandidate& candidate, ShareRange range, std::vector<FreePiece>& pieces);
+  void lookForHair(const OffsetCandidate& candidate);
+  bool isDeepIn(const OffsetCandidate& candidate) const;
+  std::vector<ShareRange> freeRanges() const;
+  const Curve& wall(int number) const { return walls_.curves()[static_cast<std::size_t>(number)]; }
+
+  const CurveIndex& walls_;
+  const OffsetMeasures& measures_;
+  bool overlaps_;
+  bool lostByAHair_ = false;
+  std::vector<int> found_;
+  std::vector<NearWall> near_;        // of the candidates in hand
+  std::vector<WallRange> forbidden_;  // of the candidate in hand
+  std::vector<ShareRange> ranges_;
+};
+
+}  // namespace tess

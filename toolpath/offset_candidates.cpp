@@ -1,0 +1,121 @@
+// Candidates of an offset.
+#include "toolpath/offset_candidates.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "toolpath/region_offset.h"
+
+namespace tess {
+namespace {
+
+constexpr double kSlack = 2e-11;
+constexpr double kSlackMagnitude = 1e4;  // of numbers, beyond which it grows with them
+// A joint that turns right by more than this gets an arc: the sine.
+constexpr double kLeastTurn = 1e-9;
+// Within this of a half turn nobody can say which way it goes.
+constexpr double kBackTurn = 1e-6;
+// The cosine of a turn beyond which the rows beside a joint may come close to its arc.
+constexpr double kSharpTurn = -0.99;
+constexpr double kSmallestArc = 1e-12;
+
+PlanePoint startDirection(const Curve& curve) {
+  return curve.isArc() ? (curve.turn / curve.radius) * leftOf(curve.start - curve.center)
+                       : (1 / normOf(curve.end - curve.start)) * (curve.end - curve.start);
+}
+
+PlanePoint endDirection(const Curve& curve) {
+  return curve.isArc() ? (curve.turn / curve.radius) * leftOf(curve.end - curve.center)
+                       : startDirection(curve);
+}
+
+}  // namespace
+
+OffsetMeasures::OffsetMeasures(double offsetDistance, double largestNumber)
+    : distance(offsetDistance),
+      slack(kSlack * std::max(1.0, std::max(largestNumber, distance) / kSlackMagnitude)),
+      shortest(std::max(1e-5, 2 * std::sqrt(8 * slack * distance * std::max(1.0, distance)))),
+      reach(std::max(1e-4, 10 * shortest)) {}
+
+OffsetCandidates::OffsetCandidates(double distance, const std::vector<Curve>& walls)
+    : distance_(distance), walls_(walls) {
+  candidates_.reserve(2 * walls.size());
+}
+
+void OffsetCandidates::add(int first, int last, bool closed, bool reverse) {
+  runs_.clear();
+  for (int k = first; k <= last; ++k) {
+    const int wall = reverse ? last - (k - first) : k;
+    const Curve& drawn = walls_[static_cast<std::size_t>(wall)];
+    const Curve curve = reverse ? reversed(drawn) : drawn;
+    const PlanePoint in = startDirection(curve);
+    runs_.push_back({curve, wall, in, curve.isArc() ? endDirection(curve) : in});
+  }
+  const std::size_t count = runs_.size();
+  const std::size_t joints = closed ? count : count - 1;
+  for (std::size_t k = 0; k < joints; ++k) judgeJoint(runs_[k], runs_[(k + 1) % count]);
+  for (std::size_t k = 0; k < count; ++k) {
+    const Run& after = runs_[(k + 1) % count];
+    addDisplaced(runs_[(k + count - 1) % count], runs_[k], after);
+    if (k < joints && runs_[k].turnsRight) addCorner(runs_[k], after);
+  }
+  chainEnds_.push_back(static_cast<int>(candidates_.size()));
+}
+
+// A loose end turns nowhere, and spares nothing.
+void OffsetCandidates::judgeJoint(Run& before, const Run& after) {
+  const double sine = cross(before.out, after.in);
+  const double cosine = dot(before.out, after.in);
+  before.turnsRight = sine < -kLeastTurn || (cosine < 0 && sine < kBackTurn);
+  before.turnsAway = cosine > kSharpTurn && (sine <= 0 || (cosine > 0 && sine <= kLeastTurn));
+}
+
+void OffsetCandidates::addDisplaced(const Run& before, const Run& run, const Run& after) {
+  const Curve& wall = run.curve;
+  OffsetCandidate candidate;
+  candidate.source = run.wall;
+  candidate.spared = {run.wall, before.turnsAway && !before.curve.isArc() ? before.wall : -1,
+                      run.turnsAway && !after.curve.isArc() ? after.wall : -1};
+  if (!wall.isArc()) {
+    const PlanePoint aside = distance_ * leftOf(run.in);
+    candidate.curve = lineCurve(wall.start + aside, wall.end + aside);
+    candidate.middle = 0.5 * (candidate.curve.start + candidate.curve.end);
+  } else {
+    // Counter-clockwise the centre is on the left.
+    const double radius = wall.radius - wall.turn * distance_;
+    if (radius <= kSmallestArc) {
+      lostByAHair_ |= radius > -2 * kHairWidth;
+      return;
+    }
+    const double ratio = radius / wall.radius;
+    candidate.curve = {wall.center + ratio * (wall.start - wall.center),
+                       wall.center + ratio * (wall.end - wall.center), wall.center, radius,
+                       wall.turn};
+    candidate.middle = pointAt(candidate.curve, 0.5);
+  }
+  candidate.half = normOf(candidate.curve.end - candidate.middle);
+  candidates_.push_back(candidate);
+}
+
+void OffsetCandidates::addCorner(const Run& before, const Run& after) {
+  const PlanePoint vertex = before.curve.end;
+  const PlanePoint from = leftOf(before.out);
+  const PlanePoint to = leftOf(after.in);
+  const PlanePoint start = vertex + distance_ * from;
+  const PlanePoint end = vertex + distance_ * to;
+  if (start == end) return;
+  OffsetCandidate corner;
+  corner.curve = {start, end, vertex, distance_, -1};
+  const double both = normOf(from + to);
+  // Back to back the middle of the normals says nothing.
+  corner.middle =
+      both > 0.1 ? vertex + (distance_ / both) * (from + to) : pointAt(corner.curve, 0.5);
+  corner.half = normOf(end - corner.middle);
+  corner.source = before.wall;
+  const bool clear = before.turnsAway;
+  corner.spared = {clear && !before.curve.isArc() ? before.wall : -1,
+                   clear && !after.curve.isArc() ? after.wall : -1, -1};
+  candidates_.push_back(corner);
+}
+
+}  // namespace tess

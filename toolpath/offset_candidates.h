@@ -1,0 +1,71 @@
+// What an offset can consist of: every wall displaced by the distance, and an arc round every
+// corner that stands into the free space.
+// Owns: OffsetMeasures, OffsetCandidate, OffsetCandidates.
+#pragma once
+
+#include <array>
+#include <vector>
+
+#include "geometry/curve.h"
+
+namespace tess {
+
+struct OffsetMeasures {
+  // `largestNumber` is the magnitude of the largest number in the walls.
+  OffsetMeasures(double offsetDistance, double largestNumber);
+
+  double distance;
+  double slack;     // how far a place may be nearer to a wall, by rounding alone
+  double shortest;  // tangent joints leave tails up to this length
+  double reach;     // ends that belong together are no farther apart
+};
+
+// Some walls are known to be no nearer than the distance: its own, and lines beside it where the
+// joint turns away.
+struct OffsetCandidate {
+  Curve curve;
+  PlanePoint middle;
+  double half = 0;  // no place is farther from the middle
+  int source = 0;   // a wall
+  std::array<int, 3> spared = {-1, -1, -1};
+  bool isSpared(int wall) const {
+    return wall == spared[0] || wall == spared[1] || wall == spared[2];
+  }
+};
+
+class OffsetCandidates {
+ public:
+  OffsetCandidates(double distance, const std::vector<Curve>& walls);
+
+  // The walls `first` to `last`, one after the other; run from end to start if `reverse`.
+  void add(int first, int last, bool closed, bool reverse);
+
+  const std::vector<OffsetCandidate>& all() const { return candidates_; }
+  // Behind the last candidate of each chain.
+  const std::vector<int>& chainEnds() const { return chainEnds_; }
+  // An arc is just too small for the distance, by so little that rounding may have done it.
+  bool lostByAHair() const { return lostByAHair_; }
+
+ private:
+  // A wall as it is run along, with its directions at both ends and what the joint behind it does.
+  struct Run {
+    Curve curve;
+    int wall = 0;
+    PlanePoint in, out;
+    bool turnsRight = false;  // by so much that there is an arc
+    bool turnsAway = false;   // the rows beside the joint keep clear of each other's candidates
+  };
+
+  void judgeJoint(Run& before, const Run& after);
+  void addDisplaced(const Run& before, const Run& run, const Run& after);
+  void addCorner(const Run& before, const Run& after);
+
+  double distance_;
+  const std::vector<Curve>& walls_;
+  std::vector<Run> runs_;
+  std::vector<OffsetCandidate> candidates_;
+  std::vector<int> chainEnds_;
+  bool lostByAHair_ = false;
+};
+
+}  // namespace tess
