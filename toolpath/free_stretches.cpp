@@ -12,7 +12,7 @@ namespace {
 
 constexpr double kSamePlace = 1e-9;
 // Of candidates whose walls are asked for together.
-constexpr std::size_t kMostTogether = 16;
+constexpr std::size_t kMostTogether = 32;
 // What a room may be narrower than the tool and yet count, from its middle to either side, and what
 // rounding adds.
 constexpr double kHairDepth = 2.05 * kHairWidth;
@@ -173,6 +173,8 @@ bool FreeStretches::isDeepIn(const OffsetCandidate& candidate) const {
   if (candidate.curve.isArc()) return false;
   const double distance = measures_.distance - kHairDepth;
   const double corner = measures_.corner / (2 * candidate.half);
+  const PlanePoint start = candidate.curve.start;
+  const PlanePoint along = candidate.curve.end - start;
   double last = -1;
   for (const WallRange& forbidden : forbidden_) {
     const Curve& near = wall(forbidden.wall);
@@ -182,8 +184,8 @@ bool FreeStretches::isDeepIn(const OffsetCandidate& candidate) const {
     const double begin = from <= 0 ? 0 : from + corner;
     const double end = to >= 1 ? 1 : to - corner;
     if (begin > end) continue;
-    if (distanceTo(near, pointAt(candidate.curve, begin)) >= distance) return false;
-    if (distanceTo(near, pointAt(candidate.curve, end)) >= distance) return false;
+    if (isBeyond(near, start + begin * along, distance)) return false;
+    if (isBeyond(near, start + end * along, distance)) return false;
   }
   return true;
 }

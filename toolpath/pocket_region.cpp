@@ -367,11 +367,14 @@ PocketRegion::PocketRegion(std::vector<RegionLoop> loops, Traits traits)
     firstWall_.push_back(static_cast<int>(loopOfWall_.size()));
     loopOfWall_.insert(loopOfWall_.end(), loops_[k].curves.size(), static_cast<int>(k));
   }
+}
+
+double PocketRegion::largestNumber() const {
+  double largest = 0;
   for (const RegionLoop& loop : loops_) {
-    for (const Curve& wall : loop.curves) {
-      largestNumber_ = std::max(largestNumber_, largestNumberOf(wall));
-    }
+    for (const Curve& wall : loop.curves) largest = std::max(largest, largestNumberOf(wall));
   }
+  return largest;
 }
 
 const CurveIndex& PocketRegion::index() const {

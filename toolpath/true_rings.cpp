@@ -166,11 +166,11 @@ class RingCutter {
 
 }  // namespace
 
-bool cutRings(const PocketRegion& offset, const RingRules& rules, RoomWay& way,
-              const std::function<bool()>& goOn) {
+void cutRings(const PocketRegion& offset, const RingRules& rules, RoomWay& way,
+              const std::function<void()>& pause) {
   RingTree tree(offset, rules);
   do {
-    if (!goOn()) return false;
+    pause();
   } while (tree.grow());
   way.startAt(rules.click);
   RingCutter cutter(rules, way);
@@ -178,7 +178,6 @@ bool cutRings(const PocketRegion& offset, const RingRules& rules, RoomWay& way,
     cutter.nextRoot();
     tree.visitFrom(root, [&cutter](const RingRoom& room) { cutter.cut(room); });
   }
-  return true;
 }
 
 }  // namespace tess
