@@ -8,6 +8,7 @@
 #include <limits>
 #include <string_view>
 
+#include "cnc/program_letters.h"
 #include "cnc/program_text.h"
 #include "core/drawing_store.h"
 #include "core/text.h"
@@ -46,10 +47,6 @@ struct Words {
     return at < letters.size() ? letters[at] : kWordLetters[at];
   }
 };
-
-bool isDigit(char letter) {
-  return letter >= '0' && letter <= '9';
-}
 
 int codeNumber(std::string_view g) {
   const std::size_t size = g.size();

@@ -5,11 +5,11 @@
 // Owns: CycleStyle, FullCircle, LineNumbers, Dialect, motionRules.
 #pragma once
 
-#include <bitset>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "cnc/cycle_numbers.h"
 #include "cnc/motion_rules.h"
 
 namespace tess {

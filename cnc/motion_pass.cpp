@@ -1,11 +1,11 @@
 // The motions of a program: the pass over the path rows.
 #include "cnc/motion_pass.h"
 
-#include <algorithm>
 #include <array>
 #include <cmath>
 #include <string>
 
+#include "cnc/cycle_numbers.h"
 #include "core/drawing_store.h"
 
 namespace tess {
@@ -13,11 +13,6 @@ namespace {
 
 constexpr std::array kCyclesWithoutIncrement{81, 82, 85, 89};
 constexpr std::array kCyclesWithoutDwell{79, 81, 83, 87};
-
-template <std::size_t count>
-bool isOneOf(const std::array<int, count>& kinds, int kind) {
-  return std::ranges::find(kinds, kind) != kinds.end();
-}
 
 // Runs the work on one path row; a failure of it says which row it was.
 template <typename Work>

@@ -1,15 +1,13 @@
 // Which moves a program makes beyond those that the path rows ask for by themselves.
-// Owns: CycleNumbers, MotionRules.
+// Owns: MotionRules.
 #pragma once
 
-#include <bitset>
 #include <cstddef>
 #include <optional>
 
-namespace tess {
+#include "cnc/cycle_numbers.h"
 
-// Machine cycles by the numbers of their G words.
-using CycleNumbers = std::bitset<100>;
+namespace tess {
 
 // As it stands: the moves that programs have always had.
 struct MotionRules {

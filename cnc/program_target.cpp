@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cctype>
 
+#include "cnc/program_letters.h"
 #include "core/drawing_format.h"
 #include "core/drawing_store.h"
 #include "core/file_system.h"
@@ -15,10 +16,6 @@ namespace {
 constexpr std::size_t kBeginning = 1 << 16;
 // A line of every heading that this program writes.
 constexpr std::string_view kHeading = "RS 274-D CNC CODE";
-
-bool isDigit(char letter) {
-  return letter >= '0' && letter <= '9';
-}
 
 void dropBlanks(std::string_view& rest) {
   rest.remove_prefix(std::min(rest.find_first_not_of(" \t"), rest.size()));

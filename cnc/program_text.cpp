@@ -1,6 +1,7 @@
 // The lines of a program that are no motions.
 #include "cnc/program_text.h"
 
+#include "cnc/program_letters.h"
 #include "core/number_text.h"
 #include "core/text.h"
 
@@ -10,10 +11,6 @@ namespace {
 constexpr std::size_t kBarLength = 75;
 // Controls read line numbers of five digits; a longer program begins again.
 constexpr int kLargestLineNumber = 99999;
-
-bool isLetter(char c) {
-  return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
-}
 
 }  // namespace
 

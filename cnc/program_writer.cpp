@@ -1,13 +1,13 @@
 // Motions as the text of a program.
 #include "cnc/program_writer.h"
 
-#include <algorithm>
 #include <array>
 #include <cmath>
 #include <utility>
 #include <variant>
 
 #include "cnc/cnc_heading.h"
+#include "cnc/cycle_numbers.h"
 #include "core/drawing_store.h"
 #include "core/number_text.h"
 #include "core/text.h"
@@ -36,11 +36,6 @@ double radiusAbout(double centerx, double centery, ToolPlace place) {
 // Between the holes of a run nothing else is told.
 bool goesOnInCycles(const MotionEvent& event) {
   return std::holds_alternative<CycleRun>(event) || std::holds_alternative<RowStart>(event);
-}
-
-template <std::size_t count>
-bool isOneOf(const std::array<int, count>& cycles, int number) {
-  return std::ranges::find(cycles, number) != cycles.end();
 }
 
 Point endOf(const ArcMove& arc) {

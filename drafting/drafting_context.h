@@ -112,8 +112,8 @@ struct DraftingContext : DraftingParts, KnownCommands {
   PasteBuffer paste;
   std::vector<SegmentRow> hovering;        // what the armed action shows on the screen
   FormPreview formPreview;                 // and what a form does
-  std::function<void(Point)> onFormClick;  // of the form that has the clicks in the drawing, if any
   HoverLines hoverLines;                   // and a text that is being placed
+  std::function<void(Point)> onFormClick;  // of the form that has the clicks in the drawing, if any
   ChangeLog changelog;
   std::unique_ptr<ChangeHost> changeHost;
   Changes changes;

@@ -83,7 +83,8 @@ void frmCanvas::DrawTextEx(const TextRun& run) {
   run_ = sensible(run);
   characters_ = codePoints(run_.text);
   canvas_ = std::make_unique<clsCanvas>(surface_);
-  tooLong_ = failed_ = false;
+  tooLong_ = false;
+  failure_.clear();
   drawstate_ = DrawState::Initialise;
   DrawTextStep();
 }
@@ -163,8 +164,7 @@ void frmCanvas::runSteps() {
       if (failure.number() == FailureNumber::Overflow) {
         endTooLong();
       } else {
-        failed_ = true;
-        session_.host.failures.report(failure);
+        endFailed(failure);
       }
       drawstate_ = DrawState::Finish;
     }
@@ -176,6 +176,13 @@ void frmCanvas::endTooLong() {
   lineCount_ = 0;
   bounds_ = Extent();
   if (canvas_) canvas_->clear();
+}
+
+// The panel lays a text out anew at every step: the same failure is reported once, until a run
+// comes to its end.
+void frmCanvas::endFailed(const RuntimeFailure& failure) {
+  failure_ = failure.description();
+  if (std::exchange(reported_, failure_) != failure_) session_.host.failures.report(failure);
 }
 
 // False when the machine has to wait or is done.
@@ -197,6 +204,7 @@ bool frmCanvas::takeStep() {
       return true;
     case DrawState::Finish:
       DrawTextFinalize();
+      if (failure_.empty()) reported_.clear();
       drawstate_ = DrawState::Idle;
       if (onDrawTextDone) onDrawTextDone(run_.BoundsOnly);
       return drawstate_ != DrawState::Idle;  // whoever heard it may have begun the next run
@@ -377,19 +385,20 @@ void frmCanvas::DrawTextFinalize() {
   drawBoxes();
 }
 
+// Seen with y upward, so that the inside lies to the left of each line in the drawing too.
 void frmCanvas::uniteLines() {
   std::vector<ContourLine> pieces;
   pieces.reserve(lineCount_);
   for (std::size_t at = 0; at < lineCount_; ++at) {
     const clsLineCoordinates& line = lines_[at];
-    pieces.push_back({{line.x0, line.y0}, {line.x1, line.y1}});
+    pieces.push_back({{line.x0, -line.y0}, {line.x1, -line.y1}});
   }
   lines_.clear();
   canvas_->clear();
   for (const ContourLine& piece : unitedContours(pieces)) {
-    lines_.push_back({piece.from.x, piece.from.y, piece.to.x, piece.to.y});
-    canvas_->MoveTo(piece.from.x, piece.from.y);
-    canvas_->LineTo(piece.to.x, piece.to.y);
+    lines_.push_back({piece.from.x, -piece.from.y, piece.to.x, -piece.to.y});
+    canvas_->MoveTo(piece.from.x, -piece.from.y);
+    canvas_->LineTo(piece.to.x, -piece.to.y);
   }
   lineCount_ = lines_.size();
 }

@@ -65,8 +65,8 @@ class frmCanvas : public Form, private GlyphClient {
   std::vector<clsLineCoordinates> preview(double TX, double TY) const;
   // The last run ended because no drawing could hold its lines, or its pen left the canvas.
   bool isTooLong() const { return tooLong_; }
-  // The last run ended because of its font.
-  bool hasFailed() const { return failed_; }
+  // Why the last run ended with its font; empty for a run that came to its end.
+  const std::string& failure() const { return failure_; }
 
   // A run has come to its end, be it of the bounds only.
   std::function<void(bool BoundsOnly)> onDrawTextDone;
@@ -91,6 +91,7 @@ class frmCanvas : public Form, private GlyphClient {
   bool takeStep();
   void runSteps();
   void endTooLong();
+  void endFailed(const RuntimeFailure& failure);
   void DrawTextInitialize();
   void openCanvas();
   void openFont();
@@ -120,7 +121,8 @@ class frmCanvas : public Form, private GlyphClient {
   bool stepping_ = false;
   bool charOut_ = false;  // the character asked for has come
   bool tooLong_ = false;
-  bool failed_ = false;
+  std::string failure_;
+  std::string reported_;  // the failure that the operator knows of
   bool previewRefused_ = false;
   int requestid_ = 0;
   Int16 position_;  // of the present character, from 1

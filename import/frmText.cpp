@@ -268,7 +268,7 @@ void frmText::Update() {
 
 void frmText::TextCanvas_DrawTextDone(bool BoundsOnly) {
   if (lastPointer_) PlaceDrawing(lastPointer_->x, lastPointer_->y, /*ClearOnly=*/false);
-  if (!BoundsOnly || TextCanvas.isTooLong() || TextCanvas.hasFailed()) return showTrouble();
+  if (!BoundsOnly || TextCanvas.isTooLong() || !TextCanvas.failure().empty()) return showTrouble();
   TextCanvas.DrawText(runFromControls());
 }
 
@@ -284,7 +284,7 @@ std::string frmText::trouble() const {
     return "The text is too long or too large: a drawing holds at most " +
            std::to_string(kMostLines) + " lines.";
   }
-  return missingCharacters();
+  return TextCanvas.failure().empty() ? missingCharacters() : TextCanvas.failure();
 }
 
 std::string frmText::missingCharacters() const {

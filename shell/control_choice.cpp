@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 
+#include "core/drawing_file.h"
 #include "core/drawing_store.h"
 #include "core/lifecycle.h"
 #include "core/setup_file.h"
@@ -24,9 +25,20 @@ std::optional<std::string> chosenSetup(Session& session,
   return form.setup();
 }
 
+// A drawing keeps the settings that it holds; an untitled one has none of its own yet.
+void beginAgain(Session& session) {
+  const DrawingStore& store = session.store;
+  if (store.drawingname.empty()) return new_drawing(session);
+  session.selectedfolder = store.drawingpath;
+  session.selectedname = store.drawingname;
+  load_Drawing(session);
+}
+
 void takeSetup(Session& session, const std::string& setup) {
   changeSetup(session, session.appfolder + setup);
   save_defaults(session);
+  beginAgain(session);
+  updateStatusDisplay(session);
 }
 
 void tellThatNoneAreListed(Session& session) {
@@ -48,7 +60,6 @@ void chooseControl(Application& application) {
   const auto setup = chosenSetup(session, controls);
   if (!setup) return;
   takeSetup(session, *setup);
-  updateStatusDisplay(session);
 }
 
 void askForControl(Application& application) {
@@ -57,8 +68,6 @@ void askForControl(Application& application) {
   const auto setup = chosenSetup(session, availableControls(session.appfolder));
   if (!setup) return;
   takeSetup(session, *setup);
-  if (session.store.drawingname.empty()) new_drawing(session);
-  updateStatusDisplay(session);
 }
 
 // ---- Descriptors

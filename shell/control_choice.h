@@ -7,11 +7,12 @@ namespace tess {
 class Application;
 
 // The menu's command: asks about unsaved work and then for control and units. The fitting setup is
-// in force from then on, at later starts too.
+// in force from then on, at later starts too. A drawing that is open keeps its units and settings;
+// an untitled one begins anew.
 void chooseControl(Application& application);
 
-// At the first start, when nothing is drawn yet: the new drawing begins in the units chosen. A
-// folder without a list of controls is left as it is.
+// The same at the first start, when nothing has been changed yet. A folder without a list of
+// controls is left as it is.
 void askForControl(Application& application);
 
 }  // namespace tess

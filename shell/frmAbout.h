@@ -17,6 +17,7 @@ class frmAbout : public Form {
   Label lblVersion{*this, "lblVersion"};
   Label lblCompany{*this, "lblCompany"};
   Label lblFolder{*this, "lblFolder"};
+  Label lblHershey{*this, "lblHershey"};  // what the terms of the single-stroke fonts ask for
   Button cmdOK{*this, "cmdOK"};
 };
 

@@ -190,10 +190,11 @@ void dlgEditPath::showPathRow(bool redraw) {
   standOut();
 }
 
-// Whatever was done to the rows before, the list shows them as they are.
+// Whatever was done to the rows before, the list shows them as they are, unless a script has put
+// items of its own there.
 void dlgEditPath::listRows() {
   lstRows.sourceChanged(store_.NumPathSegments);
-  lstRows.setIndex(row_ - 1);
+  if (row_ <= lstRows.count()) lstRows.setIndex(row_ - 1);
 }
 
 // The row, or all of its group in that scope.

@@ -52,9 +52,17 @@ void frmPathMap::fillList() {
     }
     lines_.push_back({place, false});
   }
-  lstPathSegments.setSource(static_cast<int>(lines_.size()),
-                            [this](int line) { return lineText(line); });
+  listLines();
   showRapids();
+}
+
+void frmPathMap::listLines() {
+  lstPathSegments.setSource(lineCount(), [this](int line) { return lineText(line); });
+}
+
+// -1 for none, and for an item that a script has put there.
+int frmPathMap::selectedLine() const {
+  return lstPathSegments.index() < lineCount() ? lstPathSegments.index() : -1;
 }
 
 std::string frmPathMap::lineText(int line) {
@@ -91,14 +99,14 @@ void frmPathMap::selectGroup(int group) {
 // ---- The selected line
 
 void frmPathMap::showLine() {
-  const int line = lstPathSegments.index();
+  const int line = selectedLine();
   if (line < 0) return;
   lblPathOrSeg.setCaption(isGroup(line) ? "Path Group" : "Path Segment");
   if (isGroup(line)) {
     lblSegmentName.setCaption(onOneLine(order_.nameOf(groupAt(line))));
     return showValues({});
   }
-  lblSegmentName.setCaption(std::string(trimmed(lstPathSegments.text())));
+  lblSegmentName.setCaption(std::string(trimmed(lineText(line))));
   showValues(order_.row(lines_[static_cast<std::size_t>(line)].place));
 }
 
@@ -122,7 +130,7 @@ std::string frmPathMap::lengthText(float length) const {
 
 // The first line is a group's, so that a row always has a line above it.
 void frmPathMap::promote() {
-  const int line = lstPathSegments.index();
+  const int line = selectedLine();
   if (line < 0) return;
   if (!isGroup(line)) {
     if (isGroup(line - 1)) return refuse("You cannot promote the first segment of a Path Group.");
@@ -133,8 +141,8 @@ void frmPathMap::promote() {
 }
 
 void frmPathMap::demote() {
-  const int line = lstPathSegments.index();
-  const int last = lstPathSegments.count() - 1;
+  const int line = selectedLine();
+  const int last = lineCount() - 1;
   if (line < 0) return;
   if (!isGroup(line)) {
     if (line == last) return refuse("You cannot demote the last segment.");
@@ -150,7 +158,7 @@ void frmPathMap::demote() {
 void frmPathMap::exchangeRows(int line, int other) {
   order_.exchangeRows(lines_[static_cast<std::size_t>(line)].place,
                       lines_[static_cast<std::size_t>(other)].place);
-  lstPathSegments.sourceChanged(lstPathSegments.count());
+  listLines();
   showRapids();
   lstPathSegments.setIndex(other);
 }
@@ -163,7 +171,7 @@ void frmPathMap::exchangeGroups(int group, int other) {
 
 void frmPathMap::propose() {
   if (lines_.empty()) return;
-  const int line = lstPathSegments.index();
+  const int line = selectedLine();
   const int group = groupAt(line < 0 ? 0 : line);
   order_.arrangeByTool({cam_.store.xstartpos, cam_.store.ystartpos});
   fillList();

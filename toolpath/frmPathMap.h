@@ -40,6 +40,8 @@ class frmPathMap : public Form {
 
   void load();
   void fillList();
+  void listLines();
+  int selectedLine() const;
   std::string lineText(int line);
   std::string groupText(int group);
   std::string rowText(int place) const;
@@ -58,6 +60,7 @@ class frmPathMap : public Form {
   void refuse(const char* text);
   void apply();
 
+  int lineCount() const { return static_cast<int>(lines_.size()); }
   int groupAt(int line) const { return order_.group(lines_[static_cast<std::size_t>(line)].place); }
   bool isGroup(int line) const { return lines_[static_cast<std::size_t>(line)].isGroup; }
 

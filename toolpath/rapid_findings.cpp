@@ -7,6 +7,7 @@
 #include <variant>
 
 #include "core/drawing_store.h"
+#include "display/view_transform.h"
 #include "geometry/box_index.h"
 #include "toolpath/row_depth.h"
 #include "toolpath/swept_spans.h"
@@ -137,7 +138,7 @@ class TakenBefore {
 class TurnedBefore {
  public:
   TurnedBefore(const DrawingStore& store, const std::vector<ProofGroup>& groups)
-      : top_(store.partdimy) {
+      : stock_(stockRectangle(store)), top_(store.partdimy) {
     for (const ProofGroup& group : groups) {
       if (group.kind != JobKind::Lathe) continue;
       for (const int ps : group.rows) {
@@ -154,7 +155,7 @@ class TurnedBefore {
     for (const double share : places) {
       const PlanePoint at = pointAt(way, share);
       effort += static_cast<int>(cuts_.size());
-      if (at.y < top_ - kHairOfMaterial && !isTurned(at, rapid.row)) return at;
+      if (isInBar(at) && !isTurned(at, rapid.row)) return at;
     }
     return std::nullopt;
   }
@@ -166,6 +167,13 @@ class TurnedBefore {
     double low() const { return std::min(curve.start.x, curve.end.x); }
     double high() const { return std::max(curve.start.x, curve.end.x); }
   };
+
+  // The bar as it comes, from end to end.
+  bool isInBar(PlanePoint at) const {
+    const bool beside =
+        at.x <= stock_.left + kHairOfMaterial || at.x >= stock_.right - kHairOfMaterial;
+    return !beside && at.y < top_ - kHairOfMaterial;
+  }
 
   std::vector<double> placesAlong(const Rapid& rapid, const Curve& way) const {
     std::vector<double> shares{0, 1};
@@ -204,6 +212,7 @@ class TurnedBefore {
     return lowest;
   }
 
+  WorldRect stock_;
   double top_;
   std::vector<Cut> cuts_;
 };

@@ -54,6 +54,31 @@ void PointerMoveWithSnap(benchmark::State& state) {
   }
 }
 
+// A text of a hundred letters on a curve hovers; each step of the wheel lays it out anew and paints
+// it in the place of the old one.
+void WheelOverText(benchmark::State& state) {
+  BenchProgram program;
+  Application& application = program.application();
+  application.clickTool("miText");
+  frmText& panel = application.interaction.text;
+  panel.cboFont.setText("DejaVu Sans");
+  panel.cboFontSize.setText("24");
+  panel.cboCurvature.setText("5");
+  std::string text;
+  while (text.size() < 100) text += "Sphinx of black quartz, 0123456789 ";
+  text.resize(100);
+  panel.txtText.setText(text);
+  program.settle();
+  panel.Update();
+  application.move(eventAt(program, 0, 400, 700));
+  int step = 0;
+  for (auto _ : state) {
+    panel.Drawing_MouseWheel(step % 2 == 0 ? 1 : -1, kShiftKey);
+    ++step;
+  }
+  if (!application.interaction.context.hoverLines.shown) throw std::logic_error("nothing hovers");
+}
+
 // Each selection begins with nothing selected and must take the whole chain.
 template <typename Select>
 void selectChain(benchmark::State& state, const char* tool, Select select) {
@@ -198,6 +223,7 @@ void OrdinaryWork(benchmark::State& state) {
 }
 
 BENCHMARK(PointerMoveWithSnap)->Unit(benchmark::kMicrosecond);
+BENCHMARK(WheelOverText)->Unit(benchmark::kMillisecond);
 BENCHMARK(WindowSelection)->Unit(benchmark::kMillisecond);
 BENCHMARK(ContiguousSelection)->Unit(benchmark::kMillisecond);
 BENCHMARK(UndoOfALongStep)->Unit(benchmark::kMillisecond);

@@ -2,7 +2,6 @@
 #include "shell/qt/drawing_reach.h"
 
 #include <QApplication>
-#include <QEvent>
 #include <QTimer>
 
 #include "shell/qt/operator_input.h"

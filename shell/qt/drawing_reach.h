@@ -3,6 +3,7 @@
 // Owns: DrawingReach.
 #pragma once
 
+#include <QEvent>
 #include <QObject>
 #include <QWidget>
 

@@ -4,7 +4,9 @@
 #include <QCloseEvent>
 #include <QEventLoop>
 #include <QKeyEvent>
+#include <QScreen>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <optional>
 
 #include "shell/qt/drawing_reach.h"
@@ -46,7 +48,8 @@ void FormWindow::standAside() {
   const QRect around = parentWidget()->window()->frameGeometry();
   QRect place(QPoint(), frameGeometry().size());
   place.moveBottomRight(around.bottomRight());
-  move(place.topLeft());
+  const QPoint corner = screen()->availableGeometry().topLeft();
+  move(std::max(place.left(), corner.x()), std::max(place.top(), corner.y()));
 }
 
 void FormWindow::runModal() {

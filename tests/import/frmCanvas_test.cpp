@@ -402,9 +402,18 @@ TEST_F(Engine, ADamagedCharacterEndsTheRunWithWhatWasCollected) {
   ASSERT_EQ(session.recording.failures.reported.size(), 1U);
   EXPECT_EQ(session.recording.failures.reported[0].description(),
             "Win32 GetCharABCWidths() returned error 0x14");
-  EXPECT_TRUE(canvas.hasFailed());
+  EXPECT_EQ(canvas.failure(), "Win32 GetCharABCWidths() returned error 0x14");
   EXPECT_EQ(draw(runOf("ab")).size(), 8U);
-  EXPECT_FALSE(canvas.hasFailed());
+  EXPECT_EQ(canvas.failure(), "");
+}
+
+TEST_F(Engine, TheSameFailureIsReportedOnceUntilARunSucceeds) {
+  draw(runOf("a!"));
+  draw(runOf("b!"));
+  EXPECT_EQ(session.recording.failures.reported.size(), 1U);
+  draw(runOf("a"));
+  draw(runOf("a!"));
+  EXPECT_EQ(session.recording.failures.reported.size(), 2U);
 }
 
 TEST_F(Engine, AFontThatIsGoneIsTold) {
@@ -433,8 +442,9 @@ TEST_F(Engine, OverlappingLettersStayAsTheyAreUnlessUnited) {
   TextRun run = runOf("a^");
   EXPECT_EQ(draw(run).size(), 8U);
   run.Unite = true;
-  // Squares from 0 to 0.5 and from 0.25 to 0.75: one outline of four lines.
-  EXPECT_EQ(draw(run).size(), 4U);
+  // Squares from 0 to 0.5 and from 0.25 to 0.75: one outline, counter-clockwise as the letters are.
+  EXPECT_EQ(draw(run),
+            (Lines{{0, 0, 0.75, 0}, {0.75, 0, 0.75, 0.5}, {0.75, 0.5, 0, 0.5}, {0, 0.5, 0, 0}}));
 }
 
 // ---- The preview

@@ -168,8 +168,7 @@ TEST_F(HandOverDialogs, AClickOnALineSelectsItsRowInTheDrawing) {
   application().clickTool("miMakeCNCFile");
   const DrawingStore& store = application().store;
   int row = 5;
-  application().guarded(
-      "test", [&] { markPathSegment(application().interaction.context, row, /*select=*/true); });
+  application().guarded("test", [&] { selectOnlyPath(application().interaction.context, row); });
   ASSERT_FALSE(form().txtFile.marked().empty());
   const int line = form().txtFile.marked().front().first;
   EXPECT_GE(line, pane().firstLine());

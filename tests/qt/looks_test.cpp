@@ -162,6 +162,40 @@ TEST_P(Looks, DockedAtEverySide) {
   }
 }
 
+// A text that hovers over the sample, beside its panel at the side and at the bottom.
+TEST_P(Looks, TextPanelAndHover) {
+  Interaction& interaction = program->application().interaction;
+  interaction.tools.click("miText");
+  QDockWidget& dock = *window().panels().dock("barText");
+  struct Side {
+    const char* name;
+    Qt::DockWidgetArea area;
+    QRect place;  // where the dock's middle comes to lie
+  };
+  const int width = window().width();
+  const int height = window().height();
+  const Side sides[] = {
+      {"right", Qt::RightDockWidgetArea, {2 * width / 3, 0, width / 3, height}},
+      {"bottom", Qt::BottomDockWidgetArea, {0, 2 * height / 3, width, height / 3}}};
+  for (const auto& [name, area, place] : sides) {
+    window().addDockWidget(area, &dock);
+    waitUntil([&] { return place.contains(dock.geometry().center()) && isDrawn(); });
+    EXPECT_EQ(interaction.text.liesDown(), area == Qt::BottomDockWidgetArea);
+    frmText& text = interaction.text;
+    text.cboFont.setText("DejaVu Sans");
+    text.cboFontSize.setText("36");
+    text.cboCurvature.setText("4");
+    text.txtText.setText("Tessimo 82%");
+    text.cmdPlaceText.click();
+    program->application().move({.Button = 0, .Shift = 0, .X = 0.5F, .Y = 1});
+    EXPECT_TRUE(interaction.context.hoverLines.shown);
+    keep(window(), std::string("text_") + name);
+    expectTextsFit(dock);
+    EXPECT_TRUE(window().rect().contains(dock.geometry()));
+    text.cmdCancel.click();
+  }
+}
+
 TEST_P(Looks, ToolBarsAtTheBottomWithNames) {
   window().setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
   window().addToolBar(Qt::BottomToolBarArea, window().toolBars().toolBar("barDraw"));

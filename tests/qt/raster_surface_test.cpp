@@ -262,7 +262,55 @@ TEST_P(Inverting, DrawnTwiceLeavesNoTrace) {
   }
 }
 
+// Lines that hover cross one another in pixels that are inverted once.
+TEST_P(Inverting, WhatHoversTwiceLeavesNoTrace) {
+  RasterSurface surface({0, 0, 200, 100}, GetParam());
+  fitScale(surface);
+  paintGround(surface, 0x301040);
+  const QImage before = surface.picture().copy();
+  const WorldBox lines[] = {{-12, -3, 12, 3}, {-6, 3, 6, -3},  {6, -3, -6, 3},
+                            {2, 2, 2, 2},     {2, 0, 40, 300}, {-6, 3, -6.1F, 3.1F}};
+  ASSERT_TRUE(surface.reserveHover(200, 100));
+  surface.hover(lines, kRed);
+  EXPECT_NE(surface.picture(), before);
+  surface.line({-9, 4, -5, 4}, kGreen);
+  surface.hover(lines, kRed);
+  surface.hover(lines, kRed);
+  surface.hover(lines, kRed);
+  QImage plain = before;
+  {
+    RasterSurface other({0, 0, 200, 100}, GetParam());
+    fitScale(other);
+    paintGround(other, 0x301040);
+    other.line({-9, 4, -5, 4}, kGreen);
+    plain = other.picture().copy();
+  }
+  EXPECT_EQ(surface.picture(), plain);
+}
+
 INSTANTIATE_TEST_SUITE_P(Densities, Inverting, ::testing::Values(1.0, 1.25, 2.0));
+
+TEST(RasterSurface, APixelUnderSeveralLinesThatHoverIsInvertedOnce) {
+  RasterSurface surface({0, 0, 200, 100});
+  fitScale(surface);
+  surface.setBackColor(kBlack);
+  surface.Cls();
+  const WorldBox pieces[] = {{-5, 0, 0, 0}, {0, 0, 5, 0}, {5, 0, 0, 0}};
+  surface.hover(pieces, kBlack);
+  EXPECT_EQ(countPixels(surface.picture(), 0xFFFFFF), 101);
+}
+
+TEST(RasterSurface, WhatHoversAfterTheSurfaceBecameLargerReachesItsNewParts) {
+  RasterSurface surface({0, 0, 100, 100});
+  ASSERT_TRUE(surface.reserveHover(100, 100));
+  surface.Move({0, 0, 200, 100});
+  fitScale(surface);
+  surface.setBackColor(kBlack);
+  surface.Cls();
+  const WorldBox line[] = {{5, 0, 9, 0}};
+  surface.hover(line, kBlack);
+  EXPECT_EQ(countPixels(surface.picture(), 0xFFFFFF), 41);
+}
 
 TEST(RasterSurface, AThousandRubberBandsLeaveNoTrace) {
   RasterSurface surface({0, 0, 200, 100});

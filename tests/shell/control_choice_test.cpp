@@ -5,6 +5,7 @@
 
 #include "gtest/gtest.h"
 
+#include "core/drawing_file.h"
 #include "core/drawing_store.h"
 #include "core/file_system.h"
 #include "shell/frmControl.h"
@@ -174,6 +175,22 @@ TEST_F(ControlChoiceOf, TheMenuAtAnyTime) {
   chooseGrblMetric();
   application.clickTool("miControl");
   expectGrblMetric();
+}
+
+TEST_F(ControlChoiceOf, AnOpenDrawingKeepsItsUnitsAndSettings) {
+  DrawingStore& store = application.store;
+  store.zstartpos = 0.75F;
+  addPathSegment(store, {.type = kLine, .x1 = 1, .z = -0.1F, .feed = 10});
+  store.drawingname = "part.CDM";
+  store.drawingpath = home();
+  save_Drawing(application.session);
+  chooseGrblMetric();
+  application.clickTool("miControl");
+  EXPECT_EQ(application.session.setupname, "grbl_mill_mm.msu");
+  EXPECT_EQ(store.drawingname, "part.CDM");
+  EXPECT_EQ(store.NumPathSegments, 1);
+  EXPECT_EQ(store.zstartpos, 0.75F);
+  EXPECT_EQ(store.units, "I");
 }
 
 TEST_F(ControlChoiceOf, TheMenuAsksAboutUnsavedWork) {

@@ -946,6 +946,22 @@ TEST_F(EditPath, ARowThatWentBehindItsBackIsAnEmptyLine) {
   EXPECT_EQ(form.txtps.text(), "1") << "and leads nowhere";
 }
 
+TEST_F(EditPath, ItemsThatAScriptHasPutThereDoNoHarm) {
+  addRows({100, 200, 300});
+  open();
+  form.lstRows.setItems({"one"});
+  form.cmdNext.press();
+  EXPECT_EQ(form.txtps.text(), "2");
+  form.lstRows.setItems({"1", "2", "3", "4"});
+  form.lstRows.setIndex(3);
+  EXPECT_EQ(form.txtps.text(), "2");
+  form.cmbFind.setItems({"1", "2", "3", "4", "5"});
+  form.cmbFind.setIndex(4);
+  form.txtFind.setText("5");
+  form.cmdFindNext.press();
+  EXPECT_EQ(message().text, "There is no path segment with 5 5.");
+}
+
 // ---- The search
 
 struct EditPathSearch : EditPath {

@@ -285,6 +285,23 @@ TEST_F(PathMap, WithoutASelectedLineNothingMoves) {
   expectNoStep(*this, [this] { form.cmdApply.press(); });
 }
 
+TEST_F(PathMap, ItemsThatAScriptHasPutThereDoNoHarm) {
+  addRows({100, 100, 200});
+  open();
+  const auto shown = labels();
+  form.lstPathSegments.setItems(Texts(100, "   Line Segment 99"));
+  form.lstPathSegments.setIndex(99);
+  form.cmdPromote.press();
+  form.cmdDemote.press();
+  EXPECT_EQ(labels(), shown);
+  form.lstPathSegments.setIndex(2);
+  form.cmdPromote.press();
+  EXPECT_EQ(lines().size(), 5U) << "the rows again";
+  EXPECT_EQ(line(), 1);
+  form.cmdPropose.press();
+  EXPECT_TRUE(messages().empty());
+}
+
 // ---- Travel
 
 TEST_F(PathMap, TellsTheRapidsOfBothOrders) {
