@@ -27,7 +27,9 @@ double gapOf(const FreePiece& before, const FreePiece& after) {
 class CellMap {
  public:
   explicit CellMap(double size) : size_(size) {}
-  void add(PlanePoint at, int number) { items_.push_back({keyOf(cell(at.x), cell(at.y)), number}); }
+  void add(PlanePoint at, int number) {
+    items_.emplace_back(keyOf(cell(at.x), cell(at.y)), number);
+  }
   void close() { std::sort(items_.begin(), items_.end()); }
 
   // Whatever lies in the cell of a place or beside it.

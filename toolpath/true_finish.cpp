@@ -113,6 +113,7 @@ class ClosedField : public FinishField {
     std::stable_sort(ways.begin(), ways.end(),
                      [](const auto& a, const auto& b) { return a.first < b.first; });
     std::vector<FinishWay> sorted;
+    sorted.reserve(ways.size());
     for (auto& way : ways) sorted.push_back(std::move(way.second));
     return sorted;
   }
@@ -277,7 +278,7 @@ class PassMaker {
     });
     for (FinishWay& way : field_.waysAt(distance)) {
       const auto leads = leadsOf(way);
-      if (links && end_) linkTo(leads ? leads->in.start : way.curves.front().start, rows);
+      if (links) linkTo(leads ? leads->in.start : way.curves.front().start, rows);
       if (leads) addFreely(leads->in, rows);
       rows.add(way.curves);
       if (leads) addFreely(leads->out, rows);
@@ -300,6 +301,7 @@ class PassMaker {
   }
 
   void linkTo(PlanePoint start, RegionRows& rows) {
+    if (!end_) return;
     const Curve link = lineCurve(*end_, start);
     if (leadIsClear(link)) addFreely(link, rows);
   }
@@ -340,6 +342,7 @@ bool isVerifiedChain(const DrawingStore& store, const Chain& chain) {
 
 std::vector<Entity> entitiesOf(const DrawingStore& store, const std::vector<int>& rows) {
   std::vector<Entity> entities;
+  entities.reserve(rows.size());
   for (const int sg : rows) entities.push_back(segmentEntity(store, sg));
   return entities;
 }

@@ -75,6 +75,7 @@ class RingTree {
   void sortByClick(std::vector<std::size_t>& rooms) const {
     if (rooms.size() < 2) return;
     std::vector<std::pair<double, std::size_t>> byDistance;
+    byDistance.reserve(rooms.size());
     for (const std::size_t room : rooms) {
       byDistance.emplace_back(nearestPlace(outerOf(rooms_[room]), rules_.click).distance, room);
     }
