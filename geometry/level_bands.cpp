@@ -117,7 +117,8 @@ int LevelBands::bandOf(double y) const {
 }
 
 std::span<const int> LevelBands::partsAt(double y) const {
-  if (parts_.empty() || !(y >= lowY_ && y <= highY_)) return {};
+  const bool isBeside = y >= lowY_ && y <= highY_;
+  if (parts_.empty() || !isBeside) return {};
   const auto band = static_cast<std::size_t>(bandOf(y));
   const auto first = static_cast<std::size_t>(bandStart_[band]);
   return std::span(bandParts_)

@@ -12,7 +12,7 @@ namespace {
 
 constexpr double kSamePlace = 1e-9;
 // Of candidates whose walls are asked for together.
-constexpr std::size_t kMostTogether = 16;
+constexpr std::size_t kMostTogether = 32;
 // What a room may be narrower than the tool and yet count, from its middle to either side, and what
 // rounding adds.
 constexpr double kHairDepth = 2.05 * kHairWidth;
@@ -173,6 +173,8 @@ bool FreeStretches::isDeepIn(const OffsetCandidate& candidate) const {
   if (candidate.curve.isArc()) return false;
   const double distance = measures_.distance - kHairDepth;
   const double corner = measures_.corner / (2 * candidate.half);
+  const PlanePoint start = candidate.curve.start;
+  const PlanePoint along = candidate.curve.end - start;
   double last = -1;
   for (const WallRange& forbidden : forbidden_) {
     const Curve& near = wall(forbidden.wall);
@@ -182,38 +184,48 @@ bool FreeStretches::isDeepIn(const OffsetCandidate& candidate) const {
     const double begin = from <= 0 ? 0 : from + corner;
     const double end = to >= 1 ? 1 : to - corner;
     if (begin > end) continue;
-    if (distanceTo(near, pointAt(candidate.curve, begin)) >= distance) return false;
-    if (distanceTo(near, pointAt(candidate.curve, end)) >= distance) return false;
+    if (isBeyond(near, start + begin * along, distance)) return false;
+    if (isBeyond(near, start + end * along, distance)) return false;
   }
   return true;
+}
+
+// By the walls that forbid some of the candidate, at another distance.
+void FreeStretches::forbidAgain(const OffsetCandidate& candidate, double distance) {
+  std::vector<int> walls;
+  walls.reserve(forbidden_.size());
+  for (const WallRange& forbidden : forbidden_) walls.push_back(forbidden.wall);
+  std::sort(walls.begin(), walls.end());
+  walls.erase(std::unique(walls.begin(), walls.end()), walls.end());
+  forbidden_.clear();
+  for (const int number : walls) forbid(candidate, number, distance);
+  std::sort(forbidden_.begin(), forbidden_.end(),
+            [](const WallRange& a, const WallRange& b) { return a.range.from < b.range.from; });
+}
+
+bool FreeStretches::goesFarBeyond(const ShareRange& wider, const std::vector<ShareRange>& free,
+                                  double length) const {
+  double more = wider.to - wider.from;
+  bool holdsSome = false;
+  for (const ShareRange& range : free) {
+    const bool apart = wider.from > range.to || range.from > wider.to;
+    if (apart || (range.to - range.from) * length < measures_.shortest) continue;
+    holdsSome = true;
+    more -= range.to - range.from;
+  }
+  return !holdsSome || more * length > 2 * measures_.corner;
 }
 
 // What is free at a hair less must not go far beyond what is free.
 void FreeStretches::lookForHair(const OffsetCandidate& candidate) {
   if (measures_.distance <= kHairDepth || isDeepIn(candidate)) return;
   const std::vector<ShareRange> free = freeRanges();
-  std::vector<WallRange> walls;
-  walls.swap(forbidden_);
-  for (std::size_t k = 0; k < walls.size(); ++k) {
-    const bool seen =
-        std::any_of(walls.begin(), walls.begin() + static_cast<std::ptrdiff_t>(k),
-                    [&](const WallRange& other) { return other.wall == walls[k].wall; });
-    if (!seen) forbid(candidate, walls[k].wall, measures_.distance - kHairDepth);
-  }
-  std::sort(forbidden_.begin(), forbidden_.end(),
-            [](const WallRange& a, const WallRange& b) { return a.range.from < b.range.from; });
+  forbidAgain(candidate, measures_.distance - kHairDepth);
+  const std::vector<ShareRange> wider = freeRanges();
   const double length = lengthOf(candidate.curve);
-  for (const ShareRange& wider : freeRanges()) {
-    double more = wider.to - wider.from;
-    bool holdsSome = false;
-    for (const ShareRange& range : free) {
-      if (wider.from > range.to || range.from > wider.to) continue;
-      if ((range.to - range.from) * length < measures_.shortest) continue;
-      holdsSome = true;
-      more -= range.to - range.from;
-    }
-    lostByAHair_ |= !holdsSome || more * length > 2 * measures_.corner;
-  }
+  lostByAHair_ = std::any_of(wider.begin(), wider.end(), [&](const ShareRange& range) {
+    return goesFarBeyond(range, free, length);
+  });
 }
 
 }  // namespace tess

@@ -51,6 +51,9 @@ class FreeStretches {
   void add(const OffsetCandidate& candidate, ShareRange range, std::vector<FreePiece>& pieces);
   void lookForHair(const OffsetCandidate& candidate);
   bool isDeepIn(const OffsetCandidate& candidate) const;
+  void forbidAgain(const OffsetCandidate& candidate, double distance);
+  bool goesFarBeyond(const ShareRange& wider, const std::vector<ShareRange>& free,
+                     double length) const;
   std::vector<ShareRange> freeRanges() const;
   const Curve& wall(int number) const { return walls_.curves()[static_cast<std::size_t>(number)]; }
 

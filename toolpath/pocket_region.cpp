@@ -248,30 +248,36 @@ bool meetBesidesJoint(const Curve& a, const Curve& b) {
   });
 }
 
+// Whether two walls of one loop share a joint.
+bool areNeighbours(const PocketRegion& region, int wall, int later) {
+  const int loop = region.loopOf(wall);
+  const int first = region.firstWallOf(loop);
+  const int last =
+      first + static_cast<int>(region.loops()[static_cast<std::size_t>(loop)].curves.size()) - 1;
+  return later == wall + 1 || (wall == first && later == last);
+}
+
+void lookAtPair(const PocketRegion& region, int wall, int later, double touching,
+                PocketRegion::Traits& traits) {
+  const Curve& a = region.walls()[static_cast<std::size_t>(wall)];
+  const Curve& b = region.walls()[static_cast<std::size_t>(later)];
+  const bool sameLoop = region.loopOf(wall) == region.loopOf(later);
+  if (sameLoop && areNeighbours(region, wall, later)) {
+    traits.crossesSelf |= meetBesidesJoint(a, b);
+  } else if (gapBetween(a, b).distance <= touching) {
+    (sameLoop ? traits.crossesSelf : traits.overlaps) = true;
+  }
+}
+
 // Which curves of the loops meet others than their neighbours.
 PocketRegion::Traits meetingsOf(const PocketRegion& region) {
   const double touching = touchingDistance(region.largestNumber());
-  const std::vector<Curve>& walls = region.walls();
   PocketRegion::Traits traits;
   std::vector<int> found;
-  for (std::size_t k = 0; k < walls.size(); ++k) {
-    const auto wall = static_cast<int>(k);
-    const int loop = region.loopOf(wall);
-    const int first = region.firstWallOf(loop);
-    const int count =
-        static_cast<int>(region.loops()[static_cast<std::size_t>(loop)].curves.size());
-    region.index().candidates(walls[k], touching, found);
+  for (int wall = 0; wall < static_cast<int>(region.walls().size()); ++wall) {
+    region.index().candidates(region.walls()[static_cast<std::size_t>(wall)], touching, found);
     for (const int other : found) {
-      if (other <= wall) continue;
-      const bool sameLoop = region.loopOf(other) == loop;
-      const int steps = other - wall;
-      const bool neighbours = sameLoop && (steps == 1 || (wall == first && steps == count - 1));
-      if (neighbours) {
-        traits.crossesSelf |= meetBesidesJoint(walls[k], walls[static_cast<std::size_t>(other)]);
-      } else if (gapBetween(walls[k], walls[static_cast<std::size_t>(other)]).distance <=
-                 touching) {
-        (sameLoop ? traits.crossesSelf : traits.overlaps) = true;
-      }
+      if (other > wall) lookAtPair(region, wall, other, touching, traits);
     }
   }
   return traits;
@@ -367,11 +373,14 @@ PocketRegion::PocketRegion(std::vector<RegionLoop> loops, Traits traits)
     firstWall_.push_back(static_cast<int>(loopOfWall_.size()));
     loopOfWall_.insert(loopOfWall_.end(), loops_[k].curves.size(), static_cast<int>(k));
   }
+}
+
+double PocketRegion::largestNumber() const {
+  double largest = 0;
   for (const RegionLoop& loop : loops_) {
-    for (const Curve& wall : loop.curves) {
-      largestNumber_ = std::max(largestNumber_, largestNumberOf(wall));
-    }
+    for (const Curve& wall : loop.curves) largest = std::max(largest, largestNumberOf(wall));
   }
+  return largest;
 }
 
 const CurveIndex& PocketRegion::index() const {

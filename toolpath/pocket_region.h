@@ -46,7 +46,7 @@ class PocketRegion {
   bool isEmpty() const { return loops_.empty(); }
   double area() const;
   // The magnitude of the largest number that a place or a radius is made from.
-  double largestNumber() const { return largestNumber_; }
+  double largestNumber() const;
 
   // All curves, loop by loop.
   const std::vector<Curve>& walls() const { return index().curves(); }
@@ -76,7 +76,6 @@ class PocketRegion {
   mutable std::optional<CurveIndex> index_;
   mutable std::optional<LevelBands> bands_;
   std::vector<int> loopOfWall_, firstWall_;
-  double largestNumber_ = 0;
 };
 
 // Why rows make no region, and where.

@@ -27,7 +27,9 @@ double gapOf(const FreePiece& before, const FreePiece& after) {
 class CellMap {
  public:
   explicit CellMap(double size) : size_(size) {}
-  void add(PlanePoint at, int number) { items_.push_back({keyOf(cell(at.x), cell(at.y)), number}); }
+  void add(PlanePoint at, int number) {
+    items_.emplace_back(keyOf(cell(at.x), cell(at.y)), number);
+  }
   void close() { std::sort(items_.begin(), items_.end()); }
 
   // Whatever lies in the cell of a place or beside it.
@@ -69,6 +71,7 @@ class Joiner {
       if (after != k && gapOf(pieces_[k], pieces_[after]) <= kSamePlace) join(k, after);
     }
   }
+  bool joinedAll() const { return joined_ == pieces_.size(); }
 
   // The smallest gaps first.
   void joinNear() {
@@ -115,6 +118,7 @@ class Joiner {
     if (pieces_[before].next >= 0 || pieces_[after].taken) return;
     pieces_[before].next = static_cast<int>(after);
     pieces_[after].taken = true;
+    ++joined_;
   }
 
   void collectLoose() {
@@ -135,6 +139,7 @@ class Joiner {
 
   std::vector<FreePiece>& pieces_;
   const OffsetMeasures& measures_;
+  std::size_t joined_ = 0;
   std::vector<int> ends_, starts_;
 };
 
@@ -247,10 +252,14 @@ double chordSquare(const Curve& curve) {
   return dot(curve.end - curve.start, curve.end - curve.start);
 }
 
-// All of a loop lies on one side of all walls, since no wall is near.
+// All of a loop lies on one side of all walls, since no wall is near: the middle of one of its
+// longer curves.
 PlanePoint placeOn(const RegionLoop& loop) {
+  constexpr std::size_t kLookedAt = 64;
+  const auto end =
+      loop.curves.begin() + static_cast<std::ptrdiff_t>(std::min(kLookedAt, loop.curves.size()));
   const auto longest = std::max_element(
-      loop.curves.begin(), loop.curves.end(),
+      loop.curves.begin(), end,
       [](const Curve& a, const Curve& b) { return chordSquare(a) < chordSquare(b); });
   return pointAt(*longest, 0.5);
 }
@@ -273,6 +282,7 @@ OffsetCandidates candidatesOf(const PocketRegion& region, double distance) {
   return candidates;
 }
 
+// What is free of each chain of candidates, in its order, joined where one follows on another.
 std::vector<FreePiece> freePieces(const OffsetCandidates& candidates, FreeStretches& stretches,
                                   const OffsetMeasures& measures) {
   std::vector<FreePiece> pieces;
@@ -285,6 +295,10 @@ std::vector<FreePiece> freePieces(const OffsetCandidates& candidates, FreeStretc
     stretches.append(candidates.all(), begin, end, pieces);
     joiner.joinAlong(first, pieces.size());
     begin = end;
+  }
+  if (!joiner.joinedAll()) {
+    joiner.joinNear();
+    joiner.joinRest();
   }
   return pieces;
 }
@@ -343,10 +357,7 @@ JudgedOffset judgedOffset(const PocketRegion& region, double distance) {
   const OffsetCandidates candidates = candidatesOf(region, measures.distance);
   const bool overlaps = region.traits().overlaps || region.traits().crossesSelf;
   FreeStretches stretches(region.index(), measures, overlaps);
-  std::vector<FreePiece> pieces = freePieces(candidates, stretches, measures);
-  Joiner joiner(pieces, measures);
-  joiner.joinNear();
-  joiner.joinRest();
+  const std::vector<FreePiece> pieces = freePieces(candidates, stretches, measures);
   JudgedOffset judged;
   RegionOffset& offset = judged.offset;
   judged.lostByAHair = candidates.lostByAHair() || stretches.lostByAHair();

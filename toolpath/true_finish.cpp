@@ -97,7 +97,10 @@ class ClosedField : public FinishField {
       : region_(std::move(region)),
         rowOfSource_(std::move(rowsOfWalls)),
         chain_(chain),
-        start_(placeOf(start)) {}
+        chainRows_(chain.rows),
+        start_(placeOf(start)) {
+    std::sort(chainRows_.begin(), chainRows_.end());
+  }
 
   // Loops of which a piece comes from the chain, the one nearest to the start first.
   std::vector<FinishWay> waysAt(double distance) const override {
@@ -110,6 +113,7 @@ class ClosedField : public FinishField {
     std::stable_sort(ways.begin(), ways.end(),
                      [](const auto& a, const auto& b) { return a.first < b.first; });
     std::vector<FinishWay> sorted;
+    sorted.reserve(ways.size());
     for (auto& way : ways) sorted.push_back(std::move(way.second));
     return sorted;
   }
@@ -128,7 +132,7 @@ class ClosedField : public FinishField {
 
   bool isOfChain(const RegionLoop& loop) const {
     return std::any_of(loop.sources.begin(), loop.sources.end(), [this](int wall) {
-      return std::find(chain_.rows.begin(), chain_.rows.end(), rowOf(wall)) != chain_.rows.end();
+      return std::binary_search(chainRows_.begin(), chainRows_.end(), rowOf(wall));
     });
   }
 
@@ -169,6 +173,7 @@ class ClosedField : public FinishField {
   PocketRegion region_;
   std::vector<int> rowOfSource_;  // the drawing row that each row of the region's outlines is
   const Chain& chain_;
+  std::vector<int> chainRows_;  // ascending
   PlanePoint start_;
 };
 
@@ -186,9 +191,11 @@ class OpenField : public FinishField {
                                : lineCurve(start, wall.end);
     }
     freeLeft_ = isLeft(placeOf(reference));
-    if (freeLeft_) return;
-    std::reverse(walls_.begin(), walls_.end());
-    std::transform(walls_.begin(), walls_.end(), walls_.begin(), reversed);
+    if (!freeLeft_) {
+      std::reverse(walls_.begin(), walls_.end());
+      std::transform(walls_.begin(), walls_.end(), walls_.begin(), reversed);
+    }
+    index_ = CurveIndex(walls_);
   }
 
   std::vector<FinishWay> waysAt(double distance) const override {
@@ -205,9 +212,8 @@ class OpenField : public FinishField {
   }
 
   bool isClear(const Curve& curve, double distance) const override {
-    return std::all_of(walls_.begin(), walls_.end(), [&](const Curve& wall) {
-      return gapBetween(curve, wall).distance >= distance;
-    });
+    const auto nearest = index_.nearest(curve, distance);
+    return !nearest || nearest->gap.distance >= distance;
   }
 
  private:
@@ -240,6 +246,7 @@ class OpenField : public FinishField {
   }
 
   std::vector<Curve> walls_;
+  CurveIndex index_;
   bool freeLeft_ = true;
 };
 
@@ -271,7 +278,7 @@ class PassMaker {
     });
     for (FinishWay& way : field_.waysAt(distance)) {
       const auto leads = leadsOf(way);
-      if (links && end_) linkTo(leads ? leads->in.start : way.curves.front().start, rows);
+      if (links) linkTo(leads ? leads->in.start : way.curves.front().start, rows);
       if (leads) addFreely(leads->in, rows);
       rows.add(way.curves);
       if (leads) addFreely(leads->out, rows);
@@ -294,6 +301,7 @@ class PassMaker {
   }
 
   void linkTo(PlanePoint start, RegionRows& rows) {
+    if (!end_) return;
     const Curve link = lineCurve(*end_, start);
     if (leadIsClear(link)) addFreely(link, rows);
   }
@@ -334,6 +342,7 @@ bool isVerifiedChain(const DrawingStore& store, const Chain& chain) {
 
 std::vector<Entity> entitiesOf(const DrawingStore& store, const std::vector<int>& rows) {
   std::vector<Entity> entities;
+  entities.reserve(rows.size());
   for (const int sg : rows) entities.push_back(segmentEntity(store, sg));
   return entities;
 }

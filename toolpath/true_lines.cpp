@@ -238,8 +238,8 @@ LineScan scanRegion(const PocketRegion& offset, ScanStyle style, double step) {
   return scan;
 }
 
-bool cutLines(const PocketRegion& offset, const LineRules& rules, RoomWay& way,
-              const std::function<bool()>& goOn) {
+void cutLines(const PocketRegion& offset, const LineRules& rules, RoomWay& way,
+              const std::function<void()>& pause) {
   const std::vector<Room> rooms = roomsOf(offset);
   std::vector<int> roomOfLoop(offset.loops().size(), 0);
   for (std::size_t k = 0; k < rooms.size(); ++k) {
@@ -265,12 +265,11 @@ bool cutLines(const PocketRegion& offset, const LineRules& rules, RoomWay& way,
   }
   way.startAt(placeAt(rules.style, scanner.bound(), 0));
   for (std::size_t k = 0; k < rooms.size(); ++k) {
-    if (!goOn()) return false;
+    pause();
     RoomCutter cutter(offset, rules, way);
     cutter.cutColumns(columnsOf(spans[k]));
     if (rules.contours) cutter.cutContours(rooms[k]);
   }
-  return true;
 }
 
 }  // namespace tess

@@ -37,9 +37,8 @@ struct LineRules {
   bool contours = true;  // lines alone leave up to half a step at walls that run along them
 };
 
-// Cuts all rooms of the offset one after the other. False when `goOn`, which is asked now and then,
-// says so.
-bool cutLines(const PocketRegion& offset, const LineRules& rules, RoomWay& way,
-              const std::function<bool()>& goOn);
+// Cuts all rooms of the offset one after the other. `pause` is called before each of them.
+void cutLines(const PocketRegion& offset, const LineRules& rules, RoomWay& way,
+              const std::function<void()>& pause);
 
 }  // namespace tess

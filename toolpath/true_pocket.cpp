@@ -154,9 +154,8 @@ RegionRows rowsOf(const RoughingField& field, const JobMeasures& job, const Room
 }
 
 // Lets the screen follow between the stages.
-bool serveEvents(CamContext& cam) {
+void serveEvents(CamContext& cam) {
   cam.context.session.host.surroundings.serveEvents();
-  return true;
 }
 
 RoomWay::Rules wayRules(const DrawingStore& store, const JobMeasures& job) {
@@ -181,7 +180,7 @@ bool cutByLines(CamContext& cam, const RoughingField& field, const JobMeasures& 
   serveEvents(cam);
   RoomWay way(field.region, wayRules(store, job));
   const LineRules rules{scanStyle(store), cuttingMode(store), job.step, true};
-  cutLines(field.offset.region, rules, way, [&cam] { return serveEvents(cam); });
+  cutLines(field.offset.region, rules, way, [&cam] { serveEvents(cam); });
   const RegionRows rows = rowsOf(field, job, way);
   Change change(cam.changes);
   cam.store.currentpathgroup = nextPathGroup(store);
@@ -335,7 +334,7 @@ bool cutByRings(CamContext& cam, const RoughingField& field, const JobMeasures& 
   RoomWay way(field.region, wayRules(store, job));
   const RingRules rules{
       job.radius, job.step, ringsRunBack(cam, field.region, click), {click.x, click.y}, true};
-  cutRings(field.offset.region, rules, way, [&cam] { return serveEvents(cam); });
+  cutRings(field.offset.region, rules, way, [&cam] { serveEvents(cam); });
   const RegionRows rings = rowsOf(field, job, way);
   std::vector<Entity> rows = rings.rows();
   bool refused = rings.refused();

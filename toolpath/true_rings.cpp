@@ -75,6 +75,7 @@ class RingTree {
   void sortByClick(std::vector<std::size_t>& rooms) const {
     if (rooms.size() < 2) return;
     std::vector<std::pair<double, std::size_t>> byDistance;
+    byDistance.reserve(rooms.size());
     for (const std::size_t room : rooms) {
       byDistance.emplace_back(nearestPlace(outerOf(rooms_[room]), rules_.click).distance, room);
     }
@@ -166,11 +167,11 @@ class RingCutter {
 
 }  // namespace
 
-bool cutRings(const PocketRegion& offset, const RingRules& rules, RoomWay& way,
-              const std::function<bool()>& goOn) {
+void cutRings(const PocketRegion& offset, const RingRules& rules, RoomWay& way,
+              const std::function<void()>& pause) {
   RingTree tree(offset, rules);
   do {
-    if (!goOn()) return false;
+    pause();
   } while (tree.grow());
   way.startAt(rules.click);
   RingCutter cutter(rules, way);
@@ -178,7 +179,6 @@ bool cutRings(const PocketRegion& offset, const RingRules& rules, RoomWay& way,
     cutter.nextRoot();
     tree.visitFrom(root, [&cutter](const RingRoom& room) { cutter.cut(room); });
   }
-  return true;
 }
 
 }  // namespace tess

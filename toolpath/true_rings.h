@@ -19,9 +19,9 @@ struct RingRules {
   bool fillsBetween = true;  // rings alone leave what no tool on one of them reaches
 };
 
-// Cuts the rings of an offset, the inmost first, and its own loops last. False when `goOn`, which
-// is asked for each ring, says so.
-bool cutRings(const PocketRegion& offset, const RingRules& rules, RoomWay& way,
-              const std::function<bool()>& goOn);
+// Cuts the rings of an offset, the inmost first, and its own loops last. `pause` is called before
+// each ring is made; what it raises ends the work.
+void cutRings(const PocketRegion& offset, const RingRules& rules, RoomWay& way,
+              const std::function<void()>& pause);
 
 }  // namespace tess

@@ -45,9 +45,7 @@ struct Field {
   RoomWay way;
 };
 
-bool goOn() {
-  return true;
-}
+void goOn() {}
 
 int spoiltByLines(bool contours) {
   int spoilt = 0;
