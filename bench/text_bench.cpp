@@ -95,42 +95,46 @@ BENCHMARK(LayOutThousandLetters);
 struct Walker {
   std::vector<clsLineCoordinates>& lines;
   double scale;
-  FT_Vector at{};
+  PlanePoint at{};
 
-  void lineTo(double x0, double y0, double x1, double y1) {
-    lines.push_back({x0 * scale, y0 * scale, x1 * scale, y1 * scale});
+  static PlanePoint plain(const FT_Vector& point) {
+    return {static_cast<double>(point.x), static_cast<double>(point.y)};
   }
-  void conic(const FT_Vector& c, const FT_Vector& to) {
+  void lineTo(PlanePoint from, PlanePoint to) {
+    lines.push_back({from.x * scale, from.y * scale, to.x * scale, to.y * scale});
+  }
+  void conic(PlanePoint c, PlanePoint to) {
     const double bend = std::hypot(at.x - 2.0 * c.x + to.x, at.y - 2.0 * c.y + to.y) / 4 * scale;
     const int steps = std::max(1, static_cast<int>(std::ceil(std::sqrt(bend / kResolution))));
-    double x = at.x;
-    double y = at.y;
+    PlanePoint from = at;
     for (int step = 1; step <= steps; ++step) {
       const double t = static_cast<double>(step) / steps;
       const double s = 1 - t;
-      const double nextX = s * s * at.x + 2 * s * t * c.x + t * t * to.x;
-      const double nextY = s * s * at.y + 2 * s * t * c.y + t * t * to.y;
-      lineTo(x, y, nextX, nextY);
-      x = nextX;
-      y = nextY;
+      const PlanePoint next{s * s * at.x + 2 * s * t * c.x + t * t * to.x,
+                            s * s * at.y + 2 * s * t * c.y + t * t * to.y};
+      lineTo(from, next);
+      from = next;
     }
     at = to;
   }
 };
 
+Walker& walker(void* user) {
+  return *static_cast<Walker*>(user);
+}
+
 constexpr FT_Outline_Funcs kWalk{
     [](const FT_Vector* to, void* user) {
-      static_cast<Walker*>(user)->at = *to;
+      walker(user).at = Walker::plain(*to);
       return 0;
     },
     [](const FT_Vector* to, void* user) {
-      auto& walker = *static_cast<Walker*>(user);
-      walker.lineTo(walker.at.x, walker.at.y, to->x, to->y);
-      walker.at = *to;
+      walker(user).lineTo(walker(user).at, Walker::plain(*to));
+      walker(user).at = Walker::plain(*to);
       return 0;
     },
     [](const FT_Vector* control, const FT_Vector* to, void* user) {
-      static_cast<Walker*>(user)->conic(*control, *to);
+      walker(user).conic(Walker::plain(*control), Walker::plain(*to));
       return 0;
     },
     [](const FT_Vector*, const FT_Vector*, const FT_Vector*, void*) { return 1; },
@@ -147,10 +151,10 @@ void BareThousandLetters(benchmark::State& state) {
   for (auto _ : state) {
     for (int half = 0; half < 2; ++half) {
       std::vector<clsLineCoordinates> lines;
-      Walker walker{lines, 1.0 / 64 / face->units_per_EM};
+      Walker pen{lines, 1.0 / 64 / face->units_per_EM};
       for (const char letter : text) {
         FT_Load_Char(face, static_cast<FT_ULong>(letter), FT_LOAD_NO_HINTING | FT_LOAD_NO_BITMAP);
-        FT_Outline_Decompose(&face->glyph->outline, &kWalk, &walker);
+        FT_Outline_Decompose(&face->glyph->outline, &kWalk, &pen);
       }
       expectLines(lines.size(), 5000);
     }

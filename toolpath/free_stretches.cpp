@@ -39,6 +39,20 @@ Box boxOfCandidate(const OffsetCandidate& candidate) {
                    {std::max(a.x, b.x), std::max(a.y, b.y)});
 }
 
+// True when no place within `reach` of the middle lies on the wall. Without a root or a quotient:
+// this is asked of every candidate and every wall near to it.
+bool isBeyond(const Curve& wall, PlanePoint middle, double reach) {
+  if (wall.isArc()) return distanceTo(wall, middle) >= reach;
+  const PlanePoint along = wall.end - wall.start;
+  const PlanePoint to = middle - wall.start;
+  const double foot = dot(to, along);
+  const double square = dot(along, along);
+  if (foot <= 0) return dot(to, to) >= reach * reach;
+  if (foot >= square) return dot(middle - wall.end, middle - wall.end) >= reach * reach;
+  const double across = cross(along, to);
+  return across * across >= reach * reach * square;
+}
+
 Box together(const Box& a, const Box& b) {
   return {std::min(a.minX, b.minX), std::min(a.minY, b.minY), std::max(a.maxX, b.maxX),
           std::max(a.maxY, b.maxY)};
@@ -54,7 +68,7 @@ void FreeStretches::append(const std::vector<OffsetCandidate>& candidates, std::
                            std::size_t last, std::vector<FreePiece>& pieces) {
   while (first < last) {
     const std::size_t end = gather(candidates, first, last);
-    for (; first < end; ++first) judge(candidates[first], pieces);
+    for (std::size_t k = 0; first < end; ++first, ++k) judge(candidates[first], boxes_[k], pieces);
   }
 }
 
@@ -63,12 +77,15 @@ void FreeStretches::append(const std::vector<OffsetCandidate>& candidates, std::
 std::size_t FreeStretches::gather(const std::vector<OffsetCandidate>& candidates, std::size_t first,
                                   std::size_t last) {
   Box all = boxOfCandidate(candidates[first]);
+  boxes_.assign(1, all);
   const double most = std::max(2 * measures_.distance, static_cast<double>(largerSide(all)));
   std::size_t end = first + 1;
   for (; end < std::min(last, first + kMostTogether); ++end) {
-    const Box more = together(all, boxOfCandidate(candidates[end]));
+    const Box box = boxOfCandidate(candidates[end]);
+    const Box more = together(all, box);
     if (largerSide(more) > most) break;
     all = more;
+    boxes_.push_back(box);
   }
   walls_.candidates(all, measures_.distance, found_);
   near_.clear();
@@ -86,10 +103,10 @@ bool FreeStretches::liesDeepInLast(const OffsetCandidate& candidate) {
   return ranges_.size() == 1 && ranges_[0].from <= 0 && ranges_[0].to >= 1;
 }
 
-void FreeStretches::judge(const OffsetCandidate& candidate, std::vector<FreePiece>& pieces) {
+void FreeStretches::judge(const OffsetCandidate& candidate, const Box& box,
+                          std::vector<FreePiece>& pieces) {
   if (liesDeepInLast(candidate)) return;
   forbidden_.clear();
-  const Box box = boxOfCandidate(candidate);
   for (const NearWall& near : near_) {
     if (!overlaps(near.box, box) || candidate.isSpared(near.number)) continue;
     forbid(candidate, near.number, measures_.distance - measures_.slack);
@@ -111,8 +128,7 @@ void FreeStretches::judge(const OffsetCandidate& candidate, std::vector<FreePiec
 
 void FreeStretches::forbid(const OffsetCandidate& candidate, int number, double distance) {
   const Curve& near = wall(number);
-  const double apart = distanceTo(near, candidate.middle);
-  if (apart >= distance + candidate.half) return;
+  if (isBeyond(near, candidate.middle, distance + candidate.half)) return;
   ranges_.clear();
   appendForbidden(candidate.curve, near, distance, ranges_);
   for (const ShareRange& range : ranges_) forbidden_.push_back({range, number});

@@ -57,13 +57,13 @@ class OffsetCandidates {
     bool turnsAway = false;   // the rows beside the joint keep clear of each other's candidates
   };
 
-  void judgeJoint(Run& before, const Run& after);
+  Run runOf(int wall, bool reverse) const;
+  static void judgeJoint(Run& before, const Run& after);
   void addDisplaced(const Run& before, const Run& run, const Run& after);
   void addCorner(const Run& before, const Run& after);
 
   double distance_;
   const std::vector<Curve>& walls_;
-  std::vector<Run> runs_;
   std::vector<OffsetCandidate> candidates_;
   std::vector<int> chainEnds_;
   bool lostByAHair_ = false;

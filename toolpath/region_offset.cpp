@@ -13,8 +13,9 @@
 namespace tess {
 namespace {
 
-// Ends this near to each other are one place.
-constexpr double kSamePlace = 1e-9;
+// Ends this near to each other are one place: where pieces cross at an angle, rounding parts their
+// ends by more than it moves them.
+constexpr double kSamePlace = 1e-7;
 
 // ---- Joining
 
@@ -156,7 +157,7 @@ Curve around(const Curve& curve, double share, double reach) {
 PlanePoint jointOf(const Curve& before, const Curve& after) {
   const PlanePoint middle = 0.5 * (before.end + after.start);
   const double gap = normOf(after.start - before.end);
-  constexpr double kExactly = 1e-10;
+  constexpr double kExactly = 1e-8;
   if (gap <= kExactly) return before.end;
   const Curve end = around(before, 1, 2 * gap);
   const Shares shares = after.isArc() ? sharesOnCircle(end, after.center, after.radius)
@@ -199,6 +200,9 @@ class LoopAssembly {
   std::optional<RegionLoop> loopFrom(std::size_t first, std::vector<PlanePoint>& lost) {
     if (used_[first]) return std::nullopt;
     RegionLoop loop;
+    const std::size_t count = lengthFrom(first);
+    loop.curves.reserve(count);
+    loop.sources.reserve(count);
     for (std::size_t k = first;;) {
       used_[k] = true;
       const int next = pieces_[k].next;
@@ -218,6 +222,16 @@ class LoopAssembly {
   }
 
  private:
+  // How many pieces follow one another from here.
+  std::size_t lengthFrom(std::size_t first) const {
+    std::size_t count = 1;
+    for (int k = pieces_[first].next; k >= 0 && static_cast<std::size_t>(k) != first;
+         k = pieces_[static_cast<std::size_t>(k)].next) {
+      if (++count > pieces_.size()) break;
+    }
+    return count;
+  }
+
   static void append(RegionLoop& loop, const Curve& curve, int source) {
     if (curve.start == curve.end) return;
     loop.curves.push_back(curve);

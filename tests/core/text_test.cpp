@@ -46,5 +46,20 @@ TEST(Text, CharactersAreCountedNotBytes) {
   EXPECT_EQ(firstCharacters("abc", 0), "");
 }
 
+TEST(Text, CodePointsAreReadAsTheTextIs) {
+  EXPECT_EQ(codePoints(""), U"");
+  EXPECT_EQ(codePoints("a\xC3\xA4\xE2\x82\xAC\xF0\x9F\x94\xA7z"), U"a\u00E4\u20AC\U0001F527z");
+  EXPECT_EQ(codePoints("\xE4\xFF\xC3"), U"\u00E4\u00FF\u00C3");
+}
+
+TEST(Text, ACodePointComesBackAsItWasWritten) {
+  for (const char32_t code : {0x41U, 0x7FU, 0x80U, 0x7FFU, 0x800U, 0xFFFDU, 0x10000U, 0x10FFFFU}) {
+    std::string text = "x";
+    appendCharacter(text, code);
+    EXPECT_EQ(codePoints(text), (std::u32string{U'x', code}));
+    EXPECT_EQ(toUtf8(text), text);
+  }
+}
+
 }  // namespace
 }  // namespace tess

@@ -13,8 +13,7 @@ for index = 2, #arg do only[arg[index]] = true end
 local shop = dofile(here .. "workshop.lua")
 local subjects = {
   "verifying", "scan_lines", "islands", "spiral", "finishing", "leads", "gouges", "placing",
-  "cycles", "turning", "true_roughing", "true_finishing", "editing", "transforms",
-  "lettering",
+  "cycles", "turning", "true_roughing", "true_finishing", "editing", "transforms", "lettering",
 }
 for _, subject in ipairs(subjects) do
   for _, job in ipairs(assert(loadfile(here .. subject .. ".lua"))(shop)) do

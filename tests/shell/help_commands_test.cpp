@@ -128,5 +128,16 @@ TEST_F(Help, AboutIsModal) {
   EXPECT_EQ(platform.prompts.formNames, std::vector<std::string>{"frmAbout"});
 }
 
+TEST_F(Help, AboutAcknowledgesTheStrokeFonts) {
+  std::string told;
+  platform.prompts.onForm = [&](Form& form) { told = form.control("lblHershey")->caption(); };
+  application.clickTool("miAboutTessimoMill");
+  EXPECT_EQ(told,
+            "The Hershey Fonts were originally created by Dr. A. V. Hershey while working at the "
+            "U. S. National Bureau of Standards. The format of the Font data in this distribution "
+            "was originally created by James Hurt, Cognition, Inc., 900 Technology Park Drive, "
+            "Billerica, MA 01821 (mit-eddie!ci-dandelion!hurt).");
+}
+
 }  // namespace
 }  // namespace tess
