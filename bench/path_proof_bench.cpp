@@ -26,11 +26,16 @@ PocketRegion starPocket(int walls) {
   return regionOf(rows, 0.0001F).region;
 }
 
-// A pocket that is cleared, of about so many rows.
+// Rings have about as many rows as the pocket has walls, and the more rings the larger it is.
+int wallsFor(int rows) {
+  return std::max(60, static_cast<int>(5.1 * std::sqrt(rows)));
+}
+
+// A pocket that is cleared, of at most so many rows.
 struct ClearedStar {
-  explicit ClearedStar(int rows, int levels) {
+  ClearedStar(int rows, int levels) {
     store.toolradius[0] = static_cast<float>(kRadius);
-    const PocketRegion pocket = starPocket(std::max(60, rows / levels / 12));
+    const PocketRegion pocket = starPocket(wallsFor(rows / levels));
     jobs.add({.group = 1,
               .kind = JobKind::Clearing,
               .toolRadius = kRadius,
@@ -89,7 +94,7 @@ BENCHMARK(ProofByRecord)
 // The same rows without a job, beside their outlines in the drawing.
 void ProofByRows(benchmark::State& state) {
   ClearedStar star(static_cast<int>(state.range(0)), kMostLevels);
-  const int walls = std::max(60, static_cast<int>(state.range(0)) / kMostLevels / 12);
+  const int walls = wallsFor(static_cast<int>(state.range(0)) / kMostLevels);
   for (const auto& outline : testing::starWithIslands(walls, testing::OutlineKind::LinesAndArcs)) {
     testing::addOutline(star.store, outline);
   }
