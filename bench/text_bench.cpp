@@ -104,8 +104,7 @@ struct Walker {
     lines.push_back({from.x * scale, from.y * scale, to.x * scale, to.y * scale});
   }
   void conic(PlanePoint c, PlanePoint to) {
-    const double bend =
-        std::hypot(at.x - 2.0 * c.x + to.x, at.y - 2.0 * c.y + to.y) / 4 * scale;
+    const double bend = std::hypot(at.x - 2.0 * c.x + to.x, at.y - 2.0 * c.y + to.y) / 4 * scale;
     const int steps = std::max(1, static_cast<int>(std::ceil(std::sqrt(bend / kResolution))));
     PlanePoint from = at;
     for (int step = 1; step <= steps; ++step) {
