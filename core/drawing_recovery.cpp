@@ -75,25 +75,14 @@ void removeTemporaries(const WriteGuard& guard, const std::string& folder) {
   if (any.isPermittedBy(guard)) any.removeAbandoned();
 }
 
-// One that has gone meanwhile, or cannot be read, is told of where it is settled.
-std::optional<SaveJournal> journalIfReadable(const std::string& path) {
-  try {
-    return parseJournal(readFile(path, kLargestJournal));
-  } catch (const RuntimeFailure&) {
-    takeCallChain();
-    return std::nullopt;
-  }
-}
-
-// The files of the save whose journal lies there: with the jobs of the paths unless it says that it
-// has none.
+// The files that a save may have touched: with the jobs of the paths, which it touches where there
+// are any.
 std::vector<std::string> filesOfSave(const std::vector<std::string>& paths) {
+  std::vector<std::string> files = paths;
+  if (paths.size() == 1) return files;
   const std::string_view name = fileNameOf(paths.front());
   const std::string folder = paths.front().substr(0, paths.front().size() - name.size());
-  std::vector<std::string> files = paths;
-  const auto journal = journalIfReadable(folder + journalName(journalStem(name)));
-  const bool hasJobs = !journal || journal->files.size() > paths.size();
-  if (paths.size() > 1 && hasJobs) files.push_back(jobPath(folder, std::string(name)));
+  files.push_back(jobPath(folder, std::string(name)));
   return files;
 }
 
@@ -139,7 +128,8 @@ std::optional<Recovery> recoverDrawing(const WriteGuard& guard,
                                        const FolderLock& lock) {
   if (!hasJournal(paths.front())) return std::nullopt;
   NoGuard looking;
-  const FileGroup group(looking, filesOfSave(paths));
+  const std::vector<std::string> files = filesOfSave(paths);
+  const FileGroup group(looking, files, /*optional=*/files.size() - paths.size());
   const bool permitted = group.isPermittedBy(guard);
   const bool alive = mayBeAlive(lock, group.journal().path());
   auto settled = settleFiles(group, permitted && !alive);

@@ -33,11 +33,18 @@ FilePlace entryOf(WriteGuard& guard, const FilePlace& target, const std::string&
 
 }  // namespace
 
-FileGroup::FileGroup(WriteGuard& guard, const std::vector<std::string>& paths)
+FileGroup::FileGroup(WriteGuard& guard, const std::vector<std::string>& paths, std::size_t optional)
     : name_(fileNameOf(paths.front())),
       files_(groupFiles(guard, paths, journalStem(name_))),
+      optional_(optional),
       journal_(entryOf(guard, files_.front().target, paths.front())
                    .beside(journalName(journalStem(name_)), FileKind::Companion)) {}
+
+bool FileGroup::fits(const SaveJournal& journal) const {
+  const std::size_t files = journal.files.size();
+  return files <= files_.size() && files + optional_ >= files_.size() &&
+         journal.files.front().after.has_value();
+}
 
 bool FileGroup::isPermittedBy(const WriteGuard& guard) const {
   const auto permitted = [&guard](const GroupFile& file) {
@@ -57,7 +64,7 @@ void FileGroup::keepSpare(std::size_t index) const {
 }
 
 void FileGroup::place(const SaveJournal& journal) const {
-  for (std::size_t index = 0; index < files_.size(); ++index) {
+  for (std::size_t index = 0; index < journal.files.size(); ++index) {
     const GroupFile& file = files_[index];
     if (!journal.files[index].after) {
       file.target.remove();
@@ -69,7 +76,7 @@ void FileGroup::place(const SaveJournal& journal) const {
 
 void FileGroup::renewBackups(const SaveJournal& journal) const {
   if (!journal.keepsOld) return;
-  for (std::size_t index = 0; index < files_.size(); ++index) {
+  for (std::size_t index = 0; index < journal.files.size(); ++index) {
     const GroupFile& file = files_[index];
     if (!journal.files[index].before) {
       file.backup.remove();

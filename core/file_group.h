@@ -3,6 +3,7 @@
 // Owns: GroupFile, FileGroup.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -21,8 +22,12 @@ struct GroupFile {
 class FileGroup {
  public:
   // The journal lies beside the name of the first file, also where that is a link. The first is a
-  // drawing to the guard, the others are its companions.
-  FileGroup(WriteGuard& guard, const std::vector<std::string>& paths);
+  // drawing to the guard, the others are its companions. A save need not have touched the last
+  // `optional` ones: its journal tells.
+  FileGroup(WriteGuard& guard, const std::vector<std::string>& paths, std::size_t optional = 0);
+
+  // Whether a journal can be that of a save of these files.
+  bool fits(const SaveJournal& journal) const;
 
   // Whether that guard would permit all that the steps do.
   bool isPermittedBy(const WriteGuard& guard) const;
@@ -33,7 +38,7 @@ class FileGroup {
   const std::string& name() const { return name_; }
 
   // The steps. Each may be repeated: what is done already is passed over. They raise what the
-  // places raise, and count on a journal with as many files as the group.
+  // places raise, and count on a journal that fits; files that it does not name are left alone.
   void keepSpare(std::size_t index) const;  // of the file that is in its place
   void place(const SaveJournal& journal) const;
   void renewBackups(const SaveJournal& journal) const;
@@ -44,6 +49,7 @@ class FileGroup {
  private:
   std::string name_;
   std::vector<GroupFile> files_;
+  std::size_t optional_;
   FilePlace journal_;
 };
 

@@ -86,7 +86,7 @@ Content contentAfter(Settlement outcome, const Found& found) {
 
 Finds look(const FileGroup& group, const SaveJournal& journal) {
   Finds finds;
-  for (std::size_t index = 0; index < group.files().size(); ++index) {
+  for (std::size_t index = 0; index < journal.files.size(); ++index) {
     finds.emplace_back(group.files()[index], journal.files[index]);
   }
   return finds;
@@ -137,6 +137,12 @@ void carryOut(Settlement outcome, const FileGroup& group, const SaveJournal& jou
   }
 }
 
+// What a journal that is no journal means. Whoever only looks may have met a process that is still
+// writing it, and must look again.
+Settlement outcomeWithout(bool mayWrite) {
+  return mayWrite ? Settlement::TakenBack : Settlement::LeftAlone;
+}
+
 // What stands there shall stay: the save was cut off while it wrote its journal, before anything
 // else had happened.
 SaveJournal journalOfNothing(const FileGroup& group) {
@@ -151,9 +157,7 @@ SaveJournal journalOfNothing(const FileGroup& group) {
 
 std::optional<SaveJournal> journalOf(const FileGroup& group) {
   auto journal = parseJournal(readFile(group.journal().path(), kLargestJournal));
-  const bool fits = journal && journal->files.size() == group.files().size() &&
-                    journal->files.front().after.has_value();
-  return fits ? journal : std::nullopt;
+  return journal && group.fits(*journal) ? journal : std::nullopt;
 }
 
 }  // namespace
@@ -164,7 +168,7 @@ std::optional<Settled> settleFiles(const FileGroup& group, bool mayWrite) {
   const SaveJournal journal = found ? *found : journalOfNothing(group);
   const Finds finds = look(group, journal);
   Settled settled;
-  settled.outcome = found ? outcomeFor(finds) : Settlement::TakenBack;
+  settled.outcome = found ? outcomeFor(finds) : outcomeWithout(mayWrite);
   for (const Found& file : finds) {
     settled.contents.push_back(contentAfter(settled.outcome, file));
   }

@@ -39,6 +39,20 @@ Box boxOfCandidate(const OffsetCandidate& candidate) {
                    {std::max(a.x, b.x), std::max(a.y, b.y)});
 }
 
+// True when no place within `reach` of the middle lies on the wall. Without a root or a quotient:
+// this is asked of every candidate and every wall near to it.
+bool isBeyond(const Curve& wall, PlanePoint middle, double reach) {
+  if (wall.isArc()) return distanceTo(wall, middle) >= reach;
+  const PlanePoint along = wall.end - wall.start;
+  const PlanePoint to = middle - wall.start;
+  const double foot = dot(to, along);
+  const double square = dot(along, along);
+  if (foot <= 0) return dot(to, to) >= reach * reach;
+  if (foot >= square) return dot(middle - wall.end, middle - wall.end) >= reach * reach;
+  const double across = cross(along, to);
+  return across * across >= reach * reach * square;
+}
+
 Box together(const Box& a, const Box& b) {
   return {std::min(a.minX, b.minX), std::min(a.minY, b.minY), std::max(a.maxX, b.maxX),
           std::max(a.maxY, b.maxY)};
@@ -54,7 +68,7 @@ void FreeStretches::append(const std::vector<OffsetCandidate>& candidates, std::
                            std::size_t last, std::vector<FreePiece>& pieces) {
   while (first < last) {
     const std::size_t end = gather(candidates, first, last);
-    for (; first < end; ++first) judge(candidates[first], pieces);
+    for (std::size_t k = 0; first < end; ++first, ++k) judge(candidates[first], boxes_[k], pieces);
   }
 }
 
@@ -63,12 +77,15 @@ void FreeStretches::append(const std::vector<OffsetCandidate>& candidates, std::
 std::size_t FreeStretches::gather(const std::vector<OffsetCandidate>& candidates, std::size_t first,
                                   std::size_t last) {
   Box all = boxOfCandidate(candidates[first]);
+  boxes_.assign(1, all);
   const double most = std::max(2 * measures_.distance, static_cast<double>(largerSide(all)));
   std::size_t end = first + 1;
   for (; end < std::min(last, first + kMostTogether); ++end) {
-    const Box more = together(all, boxOfCandidate(candidates[end]));
+    const Box box = boxOfCandidate(candidates[end]);
+    const Box more = together(all, box);
     if (largerSide(more) > most) break;
     all = more;
+    boxes_.push_back(box);
   }
   walls_.candidates(all, measures_.distance, found_);
   near_.clear();
@@ -78,9 +95,18 @@ std::size_t FreeStretches::gather(const std::vector<OffsetCandidate>& candidates
   return end;
 }
 
-void FreeStretches::judge(const OffsetCandidate& candidate, std::vector<FreePiece>& pieces) {
+// Where a tool is large beside the rows, one wall forbids many candidates in a row.
+bool FreeStretches::liesDeepInLast(const OffsetCandidate& candidate) {
+  if (last_ < 0 || candidate.isSpared(last_)) return false;
+  ranges_.clear();
+  appendForbidden(candidate.curve, wall(last_), measures_.distance - kHairDepth, ranges_);
+  return ranges_.size() == 1 && ranges_[0].from <= 0 && ranges_[0].to >= 1;
+}
+
+void FreeStretches::judge(const OffsetCandidate& candidate, const Box& box,
+                          std::vector<FreePiece>& pieces) {
+  if (liesDeepInLast(candidate)) return;
   forbidden_.clear();
-  const Box box = boxOfCandidate(candidate);
   for (const NearWall& near : near_) {
     if (!overlaps(near.box, box) || candidate.isSpared(near.number)) continue;
     forbid(candidate, near.number, measures_.distance - measures_.slack);
@@ -93,13 +119,16 @@ void FreeStretches::judge(const OffsetCandidate& candidate, std::vector<FreePiec
   std::sort(forbidden_.begin(), forbidden_.end(),
             [](const WallRange& a, const WallRange& b) { return a.range.from < b.range.from; });
   for (const ShareRange& range : freeRanges()) add(candidate, range, pieces);
+  const auto whole = std::find_if(forbidden_.begin(), forbidden_.end(), [](const WallRange& r) {
+    return r.range.from <= 0 && r.range.to >= 1;
+  });
+  if (whole != forbidden_.end()) last_ = whole->wall;
   if (!lostByAHair_) lookForHair(candidate);
 }
 
 void FreeStretches::forbid(const OffsetCandidate& candidate, int number, double distance) {
   const Curve& near = wall(number);
-  const double apart = distanceTo(near, candidate.middle);
-  if (apart >= distance + candidate.half) return;
+  if (isBeyond(near, candidate.middle, distance + candidate.half)) return;
   ranges_.clear();
   appendForbidden(candidate.curve, near, distance, ranges_);
   for (const ShareRange& range : ranges_) forbidden_.push_back({range, number});
@@ -138,26 +167,28 @@ void FreeStretches::add(const OffsetCandidate& candidate, ShareRange range,
 
 // ---- What rounding may have taken
 
-// True when the candidate is a line of which each forbidden part is that of one line, and deep
-// where it reaches an end of the candidate: then what a hair less distance would free borders on
-// what is free anyway.
+// True when the candidate is a line of which each forbidden part is that of one line, and deep but
+// for what corners take at its ends: then a hair less distance frees nothing that matters.
 bool FreeStretches::isDeepIn(const OffsetCandidate& candidate) const {
   if (candidate.curve.isArc()) return false;
   const double distance = measures_.distance - kHairDepth;
-  double from = -1;
+  const double corner = measures_.corner / (2 * candidate.half);
+  double last = -1;
   for (const WallRange& forbidden : forbidden_) {
     const Curve& near = wall(forbidden.wall);
-    if (near.isArc() || forbidden.range.from <= from) return false;
-    from = forbidden.range.to;
-    const bool atStart = forbidden.range.from <= 0;
-    const bool atEnd = forbidden.range.to >= 1;
-    if (atStart && distanceTo(near, candidate.curve.start) >= distance) return false;
-    if (atEnd && distanceTo(near, candidate.curve.end) >= distance) return false;
+    const auto [from, to] = forbidden.range;
+    if (near.isArc() || from <= last) return false;
+    last = to;
+    const double begin = from <= 0 ? 0 : from + corner;
+    const double end = to >= 1 ? 1 : to - corner;
+    if (begin > end) continue;
+    if (distanceTo(near, pointAt(candidate.curve, begin)) >= distance) return false;
+    if (distanceTo(near, pointAt(candidate.curve, end)) >= distance) return false;
   }
   return true;
 }
 
-// Each stretch that is free at a hair less must hold one that is free.
+// What is free at a hair less must not go far beyond what is free.
 void FreeStretches::lookForHair(const OffsetCandidate& candidate) {
   if (measures_.distance <= kHairDepth || isDeepIn(candidate)) return;
   const std::vector<ShareRange> free = freeRanges();
@@ -171,10 +202,17 @@ void FreeStretches::lookForHair(const OffsetCandidate& candidate) {
   }
   std::sort(forbidden_.begin(), forbidden_.end(),
             [](const WallRange& a, const WallRange& b) { return a.range.from < b.range.from; });
+  const double length = lengthOf(candidate.curve);
   for (const ShareRange& wider : freeRanges()) {
-    lostByAHair_ |= std::none_of(free.begin(), free.end(), [&](const ShareRange& range) {
-      return wider.from <= range.to && range.from <= wider.to;
-    });
+    double more = wider.to - wider.from;
+    bool holdsSome = false;
+    for (const ShareRange& range : free) {
+      if (wider.from > range.to || range.from > wider.to) continue;
+      if ((range.to - range.from) * length < measures_.shortest) continue;
+      holdsSome = true;
+      more -= range.to - range.from;
+    }
+    lostByAHair_ |= !holdsSome || more * length > 2 * measures_.corner;
   }
 }
 

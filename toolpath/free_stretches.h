@@ -44,8 +44,9 @@ class FreeStretches {
 
   std::size_t gather(const std::vector<OffsetCandidate>& candidates, std::size_t first,
                      std::size_t last);
-  void judge(const OffsetCandidate& candidate, std::vector<FreePiece>& pieces);
+  void judge(const OffsetCandidate& candidate, const Box& box, std::vector<FreePiece>& pieces);
   void forbid(const OffsetCandidate& candidate, int number, double distance);
+  bool liesDeepInLast(const OffsetCandidate& candidate);
   void leaveToOwner(const OffsetCandidate& candidate, const Curve& wall);
   void add(const OffsetCandidate& candidate, ShareRange range, std::vector<FreePiece>& pieces);
   void lookForHair(const OffsetCandidate& candidate);
@@ -57,8 +58,10 @@ class FreeStretches {
   const OffsetMeasures& measures_;
   bool overlaps_;
   bool lostByAHair_ = false;
+  int last_ = -1;  // the wall that left nothing of a candidate
   std::vector<int> found_;
-  std::vector<NearWall> near_;        // of the candidates in hand
+  std::vector<Box> boxes_;            // of the candidates in hand
+  std::vector<NearWall> near_;        // to these
   std::vector<WallRange> forbidden_;  // of the candidate in hand
   std::vector<ShareRange> ranges_;
 };

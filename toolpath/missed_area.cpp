@@ -89,13 +89,16 @@ class Places {
   }
 
   std::vector<MissedPlace> largest() {
-    std::vector<MissedPlace> found;
+    std::vector<std::size_t> roots;
     for (std::size_t k = 0; k < extents_.size(); ++k) {
-      if (rootOf(k) == k) found.push_back(extents_[k].place());
+      if (rootOf(k) == k) roots.push_back(k);
     }
-    std::stable_sort(found.begin(), found.end(),
-                     [](const MissedPlace& a, const MissedPlace& b) { return a.area > b.area; });
-    found.resize(std::min(found.size(), MissedArea::kMaxPlaces));
+    std::stable_sort(roots.begin(), roots.end(), [this](std::size_t a, std::size_t b) {
+      return extents_[a].area > extents_[b].area;
+    });
+    roots.resize(std::min(roots.size(), MissedArea::kMaxPlaces));
+    std::vector<MissedPlace> found;
+    for (const std::size_t root : roots) found.push_back(placeOf(root));
     return found;
   }
 
@@ -115,10 +118,33 @@ class Places {
     Span span;
     std::size_t place;
   };
+  struct Stretch {
+    Span span;
+    double y;
+  };
+
+  // A place that lies round something has its middle outside of itself: then that of its longest
+  // stretch stands for it.
+  MissedPlace placeOf(std::size_t root) {
+    MissedPlace place = extents_[root].place();
+    const Stretch* longest = &stretches_[root];
+    for (std::size_t k = 0; k < stretches_.size(); ++k) {
+      if (rootOf(k) != root) continue;
+      const auto& [span, y] = stretches_[k];
+      const bool isMiddle =
+          std::abs(y - place.y) <= step_ && span.from <= place.x && place.x <= span.to;
+      if (isMiddle) return place;
+      if (span.length() > longest->span.length()) longest = &stretches_[k];
+    }
+    place.x = (longest->span.from + longest->span.to) / 2;
+    place.y = longest->y;
+    return place;
+  }
 
   std::size_t add(const Span& span, double y) {
     extents_.push_back({span.from, span.to, y - step_ / 2, y + step_ / 2, span.length() * step_});
     parents_.push_back(parents_.size());
+    stretches_.push_back({span, y});
     return parents_.back();
   }
 
@@ -140,7 +166,8 @@ class Places {
   double step_;
   std::vector<Extent> extents_;
   std::vector<std::size_t> parents_;
-  std::vector<Open> last_;  // of the level before
+  std::vector<Stretch> stretches_;  // by the same numbers
+  std::vector<Open> last_;          // of the level before
 };
 
 double lengthOf(const std::vector<Span>& spans) {

@@ -13,7 +13,7 @@ namespace tess {
 
 // Stretches of neighbouring levels that overlap.
 struct MissedPlace {
-  double x = 0, y = 0;           // the middle of its extent
+  double x = 0, y = 0;           // the middle of its extent, or of its longest stretch
   double width = 0, height = 0;  // its extent
   double area = 0;
 };

@@ -35,29 +35,33 @@ OffsetMeasures::OffsetMeasures(double offsetDistance, double largestNumber)
     : distance(offsetDistance),
       slack(kSlack * std::max(1.0, std::max(largestNumber, distance) / kSlackMagnitude)),
       shortest(std::max(1e-5, 2 * std::sqrt(8 * slack * distance * std::max(1.0, distance)))),
-      reach(std::max(1e-4, 10 * shortest)) {}
+      reach(std::max(1e-4, 10 * shortest)),
+      corner(std::max(0.002, distance / 50)) {}
 
 OffsetCandidates::OffsetCandidates(double distance, const std::vector<Curve>& walls)
     : distance_(distance), walls_(walls) {
   candidates_.reserve(2 * walls.size());
 }
 
+OffsetCandidates::Run OffsetCandidates::runOf(int wall, bool reverse) const {
+  const Curve& drawn = walls_[static_cast<std::size_t>(wall)];
+  const Curve curve = reverse ? reversed(drawn) : drawn;
+  const PlanePoint in = startDirection(curve);
+  return {curve, wall, in, curve.isArc() ? endDirection(curve) : in};
+}
+
 void OffsetCandidates::add(int first, int last, bool closed, bool reverse) {
-  runs_.clear();
+  const auto wallAt = [&](int k) { return reverse ? last - (k - first) : k; };
+  Run before = runOf(wallAt(last), reverse);
+  Run run = runOf(wallAt(first), reverse);
+  if (closed) judgeJoint(before, run);
   for (int k = first; k <= last; ++k) {
-    const int wall = reverse ? last - (k - first) : k;
-    const Curve& drawn = walls_[static_cast<std::size_t>(wall)];
-    const Curve curve = reverse ? reversed(drawn) : drawn;
-    const PlanePoint in = startDirection(curve);
-    runs_.push_back({curve, wall, in, curve.isArc() ? endDirection(curve) : in});
-  }
-  const std::size_t count = runs_.size();
-  const std::size_t joints = closed ? count : count - 1;
-  for (std::size_t k = 0; k < joints; ++k) judgeJoint(runs_[k], runs_[(k + 1) % count]);
-  for (std::size_t k = 0; k < count; ++k) {
-    const Run& after = runs_[(k + 1) % count];
-    addDisplaced(runs_[(k + count - 1) % count], runs_[k], after);
-    if (k < joints && runs_[k].turnsRight) addCorner(runs_[k], after);
+    Run after = runOf(wallAt(k < last ? k + 1 : first), reverse);
+    if (closed || k < last) judgeJoint(run, after);
+    addDisplaced(before, run, after);
+    if (run.turnsRight) addCorner(run, after);
+    before = run;
+    run = after;
   }
   chainEnds_.push_back(static_cast<int>(candidates_.size()));
 }
@@ -78,7 +82,8 @@ void OffsetCandidates::addDisplaced(const Run& before, const Run& run, const Run
                       run.turnsAway && !after.curve.isArc() ? after.wall : -1};
   if (!wall.isArc()) {
     const PlanePoint aside = distance_ * leftOf(run.in);
-    candidate.curve = lineCurve(wall.start + aside, wall.end + aside);
+    candidate.curve.start = wall.start + aside;
+    candidate.curve.end = wall.end + aside;
     candidate.middle = 0.5 * (candidate.curve.start + candidate.curve.end);
   } else {
     // Counter-clockwise the centre is on the left.

@@ -18,6 +18,7 @@ struct OffsetMeasures {
   double slack;     // how far a place may be nearer to a wall, by rounding alone
   double shortest;  // tangent joints leave tails up to this length
   double reach;     // ends that belong together are no farther apart
+  double corner;    // a hair of distance moves the corners of an offset by no more
 };
 
 // Some walls are known to be no nearer than the distance: its own, and lines beside it where the
@@ -56,13 +57,13 @@ class OffsetCandidates {
     bool turnsAway = false;   // the rows beside the joint keep clear of each other's candidates
   };
 
-  void judgeJoint(Run& before, const Run& after);
+  Run runOf(int wall, bool reverse) const;
+  static void judgeJoint(Run& before, const Run& after);
   void addDisplaced(const Run& before, const Run& run, const Run& after);
   void addCorner(const Run& before, const Run& after);
 
   double distance_;
   const std::vector<Curve>& walls_;
-  std::vector<Run> runs_;
   std::vector<OffsetCandidate> candidates_;
   std::vector<int> chainEnds_;
   bool lostByAHair_ = false;

@@ -144,7 +144,8 @@ PathProof provePaths(const DrawingStore& store, const PathJobs& jobs, const Proo
   proof.limits = proofLimits(store);
   const std::vector<ProofGroup> groups = proofGroups(store, jobs);
   for (const ProofGroup& group : groups) {
-    proof.jobs.push_back({group.group, group.kind, group.byRecord});
+    proof.jobs.push_back({group.group, group.kind, group.byRecord, group.toolRadius,
+                          radiusOfRow(store, group.rows.front(), group)});
     GroupDepth depth(store, group, proof);
     depth.judge();
     if (group.isClosed) addStripsInPart(group.region, depth.tooDeep(), proof.tooDeep);

@@ -40,6 +40,8 @@ struct JudgedJob {
   int group = 0;
   JobKind kind = JobKind::None;
   bool byRecord = false;  // else by its rows
+  // The radius that it was placed with, and that which the tool has now; 0 where nobody knows.
+  double placedRadius = 0, presentRadius = 0;
 };
 
 // What may be in, and be left, before an operator should be asked.

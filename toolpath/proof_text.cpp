@@ -2,6 +2,7 @@
 #include "toolpath/proof_text.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "core/number_text.h"
 
@@ -61,7 +62,12 @@ const MissedFinding* mostMissed(const PathProof& proof) {
 std::string jobText(const JudgedJob& job) {
   std::string text = groupText(job.group) + ": " + kindText(job.kind);
   if (job.kind == JobKind::None) return text;
-  return text + (job.byRecord ? ", by record" : ", by its rows");
+  text += job.byRecord ? ", by record" : ", by its rows";
+  constexpr double kSameRadius = 1e-5;
+  const bool other = std::abs(job.placedRadius - job.presentRadius) > kSameRadius;
+  if (!job.byRecord || job.placedRadius == 0 || !other) return text;
+  return text + ", placed with radius " + lengthText(job.placedRadius) + ", cut with " +
+         lengthText(job.presentRadius);
 }
 
 void appendLine(std::string& text, const std::string& line) {

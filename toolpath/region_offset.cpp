@@ -13,8 +13,9 @@
 namespace tess {
 namespace {
 
-// Ends this near to each other are one place.
-constexpr double kSamePlace = 1e-9;
+// Ends this near to each other are one place: where pieces cross at an angle, rounding parts their
+// ends by more than it moves them.
+constexpr double kSamePlace = 1e-7;
 
 // ---- Joining
 
@@ -156,7 +157,7 @@ Curve around(const Curve& curve, double share, double reach) {
 PlanePoint jointOf(const Curve& before, const Curve& after) {
   const PlanePoint middle = 0.5 * (before.end + after.start);
   const double gap = normOf(after.start - before.end);
-  constexpr double kExactly = 1e-10;
+  constexpr double kExactly = 1e-8;
   if (gap <= kExactly) return before.end;
   const Curve end = around(before, 1, 2 * gap);
   const Shares shares = after.isArc() ? sharesOnCircle(end, after.center, after.radius)
@@ -199,6 +200,9 @@ class LoopAssembly {
   std::optional<RegionLoop> loopFrom(std::size_t first, std::vector<PlanePoint>& lost) {
     if (used_[first]) return std::nullopt;
     RegionLoop loop;
+    const std::size_t count = lengthFrom(first);
+    loop.curves.reserve(count);
+    loop.sources.reserve(count);
     for (std::size_t k = first;;) {
       used_[k] = true;
       const int next = pieces_[k].next;
@@ -218,6 +222,16 @@ class LoopAssembly {
   }
 
  private:
+  // How many pieces follow one another from here.
+  std::size_t lengthFrom(std::size_t first) const {
+    std::size_t count = 1;
+    for (int k = pieces_[first].next; k >= 0 && static_cast<std::size_t>(k) != first;
+         k = pieces_[static_cast<std::size_t>(k)].next) {
+      if (++count > pieces_.size()) break;
+    }
+    return count;
+  }
+
   static void append(RegionLoop& loop, const Curve& curve, int source) {
     if (curve.start == curve.end) return;
     loop.curves.push_back(curve);
@@ -355,27 +369,61 @@ RegionOffset offsetRegion(const PocketRegion& region, double distance) {
   return judgedOffset(region, distance).offset;
 }
 
+namespace {
+
+std::vector<int> loopsOf(const Room& room) {
+  std::vector<int> loops = room.holes;
+  loops.push_back(room.outer);
+  return loops;
+}
+
+// A place of the room is farther from the offset than corners move by a hair.
+bool reachesBeyond(const PocketRegion& wider, const Room& room, const PocketRegion& offset,
+                   double corner) {
+  constexpr double kMostPlaces = 1000;  // of a curve
+  for (const int number : loopsOf(room)) {
+    for (const Curve& curve : wider.loops()[static_cast<std::size_t>(number)].curves) {
+      const double places = std::clamp(std::ceil(lengthOf(curve) / corner), 1.0, kMostPlaces);
+      for (double place = 0; place < places; ++place) {
+        const PlanePoint at = pointAt(curve, place / places);
+        if (!offset.index().nearest(lineCurve(at, at), corner)) return true;
+      }
+    }
+  }
+  return false;
+}
+
+// Takes the rooms of an offset that only a hair less of distance shows, whole or in part, from
+// there.
+PocketRegion withRoomsOf(const PocketRegion& wider, const PocketRegion& offset, double corner) {
+  std::vector<bool> isTaken(wider.loops().size(), false);  // by its outer loop
+  std::vector<RegionLoop> loops;
+  for (const Room& room : roomsOf(wider)) {
+    if (!reachesBeyond(wider, room, offset, corner)) continue;
+    isTaken[static_cast<std::size_t>(room.outer)] = true;
+    for (const int number : loopsOf(room)) {
+      loops.push_back(wider.loops()[static_cast<std::size_t>(number)]);
+    }
+  }
+  for (const RegionLoop& loop : offset.loops()) {
+    const std::vector<int> round = wider.loopsRound(placeOn(loop));
+    const bool replaced = std::any_of(round.begin(), round.end(), [&](int number) {
+      return isTaken[static_cast<std::size_t>(number)];
+    });
+    if (!replaced) loops.push_back(loop);
+  }
+  return {std::move(loops), offset.traits()};
+}
+
+}  // namespace
+
 RegionOffset fittedOffset(const PocketRegion& region, double distance) {
   JudgedOffset judged = judgedOffset(region, distance);
   RegionOffset& offset = judged.offset;
   if (!judged.lostByAHair || distance <= kHairWidth) return std::move(offset);
   const PocketRegion wider = offsetRegion(region, distance - kHairWidth).region;
-  std::vector<bool> holdsRoom(wider.loops().size(), false);
-  for (const RegionLoop& loop : offset.region.loops()) {
-    for (const int round : wider.loopsRound(placeOn(loop))) {
-      holdsRoom[static_cast<std::size_t>(round)] = true;
-    }
-  }
-  std::vector<RegionLoop> loops = offset.region.loops();
-  const std::size_t before = loops.size();
-  for (const Room& room : roomsOf(wider)) {
-    if (holdsRoom[static_cast<std::size_t>(room.outer)]) continue;
-    loops.push_back(wider.loops()[static_cast<std::size_t>(room.outer)]);
-    for (const int hole : room.holes) {
-      loops.push_back(wider.loops()[static_cast<std::size_t>(hole)]);
-    }
-  }
-  if (loops.size() > before) offset.region = PocketRegion(std::move(loops), offset.region.traits());
+  const double corner = OffsetMeasures(distance, region.largestNumber()).corner;
+  offset.region = withRoomsOf(wider, offset.region, corner);
   return std::move(offset);
 }
 

@@ -22,8 +22,8 @@ struct RegionOffset {
 // `distance` is not negative; 0 gives the region itself.
 RegionOffset offsetRegion(const PocketRegion& region, double distance);
 
-// A slot or a hole of exactly a tool's size may be too narrow for it by what rounding took. Rooms
-// that only a distance smaller by so much shows are offset by that.
+// A slot or a hole of exactly a tool's size may be too narrow for it by what rounding took, all of
+// it or somewhere. Rooms that only a distance smaller by so much shows whole are offset by that.
 inline constexpr double kHairWidth = 0.00002;
 RegionOffset fittedOffset(const PocketRegion& region, double distance);
 

@@ -1,6 +1,7 @@
 // Curves in 64 bits become rows in 32: merged, tested once more, rounded.
 #include "toolpath/region_rows.h"
 
+#include <cmath>
 #include <numbers>
 #include <optional>
 
@@ -10,6 +11,8 @@ namespace {
 // Rounded to 32 bits, or to the words of a program, the ends of a shorter arc may fall together or
 // change places, and the machine would run a full circle.
 constexpr double kShortestChord = 0.0005;
+// What is shorter in both axes has no length in the words of a program.
+constexpr float kWord = 2e-5F;
 constexpr double kSamePlace = 1e-9;
 constexpr double kHalfTurnSlack = 1e-6;
 
@@ -51,7 +54,8 @@ void RegionRows::add(const std::vector<Curve>& curves) {
 
 void RegionRows::place(const Curve& curve) {
   const Entity row = rowOf(curve);
-  if (row.start == row.end) return;
+  if (std::abs(row.end.x - row.start.x) < kWord && std::abs(row.end.y - row.start.y) < kWord)
+    return;
   if (isClear_(curve)) {
     rows_.push_back(row);
   } else {

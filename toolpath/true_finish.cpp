@@ -415,11 +415,13 @@ void placeTrueFinish(CamContext& cam, const TrueFinishRequest& request) {
   const bool links = store.cfg_connect_pocketing_paths && levels.size() == 1;
   const JobWalls walls = wallsBeside(store, request.sg, request.reference);
   for (int pass = request.passes; pass >= 1; --pass) {
-    const std::vector<Entity> rows = maker.rowsAt(passDistance(store, pass), links);
+    // A clearance below 0 would cut into the part.
+    const float distance = std::max(passDistance(store, pass), passDistance(store, 1));
+    const std::vector<Entity> rows = maker.rowsAt(distance, links);
     store.currentpathgroup = nextPathGroup(store);
     const int index = pathInsertIndex(store, cam.pathInsertMode, cam.pathInsertGroup);
     placeAtLevels(cam, change, index, rows, levels);
-    noteJob(cam, JobKind::Contour, passDistance(store, pass), walls);
+    noteJob(cam, JobKind::Contour, distance, walls);
   }
   change.keep({.redraws = false});
   cam.context.state.setPendingaction(0);

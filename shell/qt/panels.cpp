@@ -82,7 +82,9 @@ void Panels::makeDock(const Band& band) {
   QObject::connect(dock, &QDockWidget::dockLocationChanged, dock,
                    [this, name = band.name](Qt::DockWidgetArea area) { arrange(name, area); });
   docks_[band.name] = dock;
-  window_.addDockWidget(Qt::RightDockWidgetArea, dock);
+  // A line of text lies best below the drawing.
+  const bool lies = band.name == "barPathProof";
+  window_.addDockWidget(lies ? Qt::BottomDockWidgetArea : Qt::RightDockWidgetArea, dock);
   dock->setVisible(band.open);
 }
 

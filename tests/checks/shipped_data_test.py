@@ -142,7 +142,8 @@ class ShippedData(unittest.TestCase):
         self.assertEqual(len(names), 12)
         for name in names - plain:
             base = name.split("_", 1)[1]
-            self.assertEqual((DATA / name).read_bytes(), (DATA / base).read_bytes(), name)
+            self.assertEqual((DATA / name).read_bytes(), (DATA / base).read_bytes(),
+                             f"{name}: run scripts/make_control_setups")
             self.assertTrue((DATA / name).with_suffix(".msx").is_file(), name)
 
     def test_every_setup_is_listed_for_one_control(self):

@@ -115,6 +115,7 @@ bool isMetric(const JobDone& job) {
 
 FollowRules rulesFor(const JobDone& job) {
   FollowRules rules;
+  rules.radiusWords = job.store.userparamforarcs;
   rules.lathe = job.lathe;
   rules.resolution = isMetric(job) ? kMetricTolerance : kInchTolerance;
   return rules;

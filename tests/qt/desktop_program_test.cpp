@@ -92,28 +92,49 @@ class DesktopProgramTest : public ::testing::Test {
   std::unique_ptr<DesktopProgram> program;
 };
 
+// Does something with the modal dialog as soon as there is one.
+class WhenAsked {
+ public:
+  explicit WhenAsked(std::function<void(QWidget&)> act) : act_(std::move(act)) {
+    QObject::connect(&timer_, &QTimer::timeout, [this] { look(); });
+    timer_.start(kPollMilliseconds);
+  }
+  bool asked() const { return asked_; }
+
+ private:
+  static constexpr int kPollMilliseconds = 5;
+
+  void look() {
+    QWidget* const dialog = QApplication::activeModalWidget();
+    if (dialog == nullptr) return;
+    timer_.stop();
+    asked_ = true;
+    act_(*dialog);
+  }
+
+  std::function<void(QWidget&)> act_;
+  QTimer timer_;
+  bool asked_ = false;
+};
+
 TEST_F(DesktopProgramTest, AFirstStartAsksOnceForTheControl) {
   testing::writeFile(folder("FirstStart.txt"), "");
-  bool asked = false;
-  QTimer::singleShot(0, [&] {
-    QWidget* const dialog = QApplication::activeModalWidget();
-    ASSERT_NE(dialog, nullptr);
-    auto* const list = dialog->findChild<QListWidget*>("lstControl");
-    ASSERT_NE(list, nullptr);
+  const WhenAsked answer([](QWidget& dialog) {
+    auto* const list = dialog.findChild<QListWidget*>("lstControl");
     list->setCurrentItem(list->findItems("LinuxCNC mill", Qt::MatchExactly).at(0));
-    dialog->findChild<QPushButton*>("cmdAccept")->click();
-    asked = true;
+    dialog.findChild<QPushButton*>("cmdAccept")->click();
   });
   ASSERT_TRUE(program->open("", /*firstStart=*/true));
-  EXPECT_TRUE(asked);
+  EXPECT_TRUE(answer.asked());
   EXPECT_EQ(program->application().session.setupname, "linuxcnc_mill_inch.msu");
   EXPECT_FALSE(folder.has("FirstStart.txt"));
 }
 
 TEST_F(DesktopProgramTest, AFirstStartThatIsClosedDoesNotAskAgain) {
   testing::writeFile(folder("FirstStart.txt"), "");
-  QTimer::singleShot(0, [] { QApplication::activeModalWidget()->close(); });
+  const WhenAsked answer([](QWidget& dialog) { dialog.close(); });
   ASSERT_TRUE(program->open("", /*firstStart=*/true));
+  EXPECT_TRUE(answer.asked());
   EXPECT_EQ(program->application().session.setupname, "mill_inch.msu");
   EXPECT_FALSE(folder.has("FirstStart.txt"));
 }

@@ -158,12 +158,12 @@ TEST_F(PathDialogsTest, PageKeysGoFromRowToRow) {
   mnuCAMEditPathCycle_Click(cam());
 }
 
-// The row that a click means is one of those that lie there: the levels of a pocket.
 TEST_F(PathDialogsTest, AClickInTheDrawingGoesToARow) {
-  const int row = 426;
+  addPathSegment(store(), {.type = kLine, .x0 = 0.05F, .y0 = 0.3F, .x1 = 0.35F, .y1 = 0.3F});
+  const int row = store().NumPathSegments;
   whenModal([&](QWidget& editor) {
     press(program->surface(), placeOf(row));
-    EXPECT_EQ(widgetIn<QLineEdit>(editor, "txtps").text(), QString::number(row));
+    EXPECT_EQ(widgetIn<QLineEdit>(editor, "txtps").text().toInt(), row);
     EXPECT_EQ(widgetIn<QTableView>(editor, "lstRows").currentIndex().row(), row - 1);
     widgetIn<QPushButton>(editor, "cmdExit").click();
   });

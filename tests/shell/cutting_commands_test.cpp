@@ -69,7 +69,7 @@ TEST_F(Cutting, WhatThePathAmountsToStandsInTheStatusArea) {
   change.paths.append({.type = kLine, .x1 = 20, .z = -0.5F, .feed = 10, .code = 102});
   change.keep();
   const std::string prompt = application.interaction.statusBar.text();
-  application.clickTool("miRedraw");
+  application.clickTool("miCenter");
   EXPECT_EQ(shown(), application.pathTotals.text());
   EXPECT_EQ(shown().substr(0, shown().rfind(',')), "1 path row, 20.0 in");
   EXPECT_GE(parseFloat(shown().substr(shown().rfind(',') + 2)), 2.2F) << "the plunge counts too";
@@ -84,7 +84,7 @@ TEST_F(Cutting, ThePathsTimeFollowsTheSettingsOnceAProgramIsMade) {
   change.paths.append({.type = kLine, .x0 = 200, .x1 = 220, .z = -0.5F, .feed = 10, .code = 102});
   change.keep();
   store.cfg_rapid_rate = 1000;
-  application.clickTool("miRedraw");
+  application.clickTool("miCenter");
   const std::string fast = shown();
   store.cfg_rapid_rate = 10;
   application.clickTool("miMakeCNCFile");

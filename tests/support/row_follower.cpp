@@ -158,13 +158,23 @@ class RowFollower {
     if (!near(m.from, {row.x0, row.y0}, rules_.resolution + rules_.joints)) stop("another start");
     if (!near(m.to, {row.x1, row.y1}, rules_.resolution)) stop("another end");
     if (!rules_.lathe && !near(m.toZ, row.z)) stop("another depth");
-    if (isArc(row.type) &&
-        !near(m.center, {row.xc, row.yc}, 4 * rules_.resolution + rules_.joints)) {
-      stop("another centre");
-    }
+    if (isArc(row.type)) requireArc(row);
     requireFeed(row.feed);
     requireTool(row);
     step();
+  }
+
+  void requireArc(const PathRow& row) const {
+    const GcodeMotion& m = motion();
+    const double gap = 4 * rules_.resolution + rules_.joints;
+    if (!rules_.radiusWords) {
+      if (!near(m.center, {row.xc, row.yc}, gap)) stop("another centre");
+      return;
+    }
+    const Curve moved = arcCurve(m.from, m.to, m.center, m.g == kClockwiseArc);
+    for (const double share : {0.25, 0.5, 0.75}) {
+      if (!near(pointOn(moved, share), pointOn(curveOf(row), share), gap)) stop("another arc");
+    }
   }
 
   // A feed of 0 has no word: the one before goes on.

@@ -19,6 +19,7 @@ struct FollowRules {
   double resolution = 0.00005;  // how far a place may be off
   double joints = 1e-4;         // how far a row may begin from where the row before ended
   double feedGrain = 0.001;     // of the F words
+  bool radiusWords = false;     // centres are as exact as ends and radius tell them: the arc counts
 };
 
 // The first thing that the program does otherwise than the rows, with the row and the program's or

@@ -82,6 +82,19 @@ TEST_F(FirstDetour, OfAnArc) {
   EXPECT_EQ(detour(before + "G2 X1 I-0.5 F10\n"), "row 1: another kind of move");
 }
 
+TEST_F(FirstDetour, OfAnArcByItsRadius) {
+  place(arcRow(kClockwiseArc, {1, 0}, {1.02F, -0.0002F}, {1, -1}, -0.1F, 10));
+  const auto detourOfRadius = [this](const std::string& arc) {
+    const std::string lines = "G0 X1 Y0\nG1 Z-0.1 F3\n" + arc;
+    const std::string text =
+        firstDetour(store, readGrblProgram(kHead + lines + kFoot), {.radiusWords = true});
+    return text.substr(0, text.find(", line"));
+  };
+  EXPECT_EQ(detourOfRadius("G2 X1.02 Y-0.0002 R1 F10\n"), "");
+  EXPECT_EQ(detourOfRadius("G2 X1.02 Y-0.0002 R-1 F10\n"), "row 1: another arc");
+  EXPECT_EQ(detourOfRadius("G2 X1.02 Y-0.0002 R0.02 F10\n"), "row 1: another arc");
+}
+
 TEST_F(FirstDetour, OfARapidRow) {
   place({.type = kRapid, .x0 = 1, .y0 = 0, .x1 = 2, .y1 = 0, .z = 0.25F});
   place(lineRow({2, 0}, {3, 0}, -0.1F, 10));

@@ -190,6 +190,15 @@ TEST_F(ProofOfSquare, TheAreaLeftOfAnUncutPocketIsItsReach) {
   EXPECT_NEAR(missed.places[0].height, 4, 0.03);
 }
 
+// What is left all round has its middle where nothing is left.
+TEST_F(ProofOfSquare, APlaceIsToldWithinItself) {
+  store_.NumPathSegments = 0;
+  for (float y = 1; y <= 3; y += 0.5F) add(kLine, {1, y}, {3, y});
+  const MissedPlace place = proof().missed.at(0).atClearance.places.at(0);
+  EXPECT_NEAR(place.width, 4, 1e-3);
+  EXPECT_TRUE(place.x < 0.5 || place.x > 3.5 || place.y < 0.5 || place.y > 3.5);
+}
+
 TEST_F(ProofOfSquare, AddingARowNeverLeavesMore) {
   drop(5);
   drop(6);
@@ -485,6 +494,12 @@ TEST_F(ProofOfSquare, TheWorstOfEachKindIsNamed) {
   EXPECT_THAT(text, HasSubstr(" % of what its tool can reach, most at X = "));
   EXPECT_THAT(text, HasSubstr("\nThe rapid of row 1 goes through material at X = 0.5000, Y = "
                               "0.3750.\n"));
+}
+
+TEST_F(ProofOfSquare, AToolThatHasChangedSinceIsNamed) {
+  store_.toolradius[0] = 0.75F;
+  EXPECT_THAT(proofText(proof()), HasSubstr("Group 1: clearing, by record, placed with radius "
+                                            "0.5000, cut with 0.7500; left "));
 }
 
 TEST_F(ProofOfSquare, OfRowsThatAreNotJudgedTellsTheNumber) {

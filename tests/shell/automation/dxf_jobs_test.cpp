@@ -58,6 +58,41 @@ make_cnc("mill", "job.CNC")
 plot("job.png", 800, 600)
 )";
 
+// Every closed outline of the drawing is verified and all are cleared at once, by rings with a
+// finish path: which of them are pockets and which islands follows from what lies in what.
+constexpr char kWholeDrawing[] = R"(
+on_message(function(text) print(text) return "No" end)
+store.cursorgridf = 0
+import_dxf(arg[1], {exact_geometry = true, auto_align = true})
+local x0, y0, x1, y1 = extents()
+setting["part dim x"], setting["part dim y"] = x1, y1
+view { x0, y0, x1, y1 }
+store.toolradius[store.selectedtool] = tonumber(arg[2])
+setting["true paths"] = true
+setting["final depth"], setting["z cut per pass"], setting["minimum z finish"] = 0.1, 0.1, 0
+setting["tool spacing"], setting["minimum roughing clearance"] = 60, 0.02
+setting["pocketing style"], setting["auto place finish path"] = 3, true
+setting["connect pocketing paths"] = true
+for row = 1, store.NumSegments do
+  if store.segattr[row] == 8 then
+    tool("miSelectContiguous")
+    click((store.x0[row] + store.x1[row]) / 2, (store.y0[row] + store.y1[row]) / 2)
+    key("Esc")
+    local rows = {}
+    for sg = 1, store.NumSegments do
+      if store.segattr[sg] == 30008 then rows[#rows + 1] = sg end
+    end
+    print("outline " .. table.concat(rows, " "))
+    tool("miVerify/AcceptPocket")
+  end
+end
+tool("miRoughCutPocket")
+click(x0, y0)
+save("job.cdm")
+make_cnc("mill", "job.CNC")
+plot("job.png", 800, 600)
+)";
+
 // Half of the last decimal, and what 32-bit numbers of a hundred units add.
 constexpr double kResolution = 1.2e-5;
 
@@ -91,23 +126,39 @@ std::vector<SegmentRow> inLoopOrder(std::vector<SegmentRow> rows) {
   return rows;
 }
 
-class DxfJobs : public ::testing::TestWithParam<DxfJob> {
- protected:
-  void run(const std::string& file) {
+// A script at work on a drawing in a folder of its own.
+struct DxfScript {
+  void run(const char* text, const std::vector<std::string>& arguments) {
     std::filesystem::copy(TESSIMO_SOURCE_DIR "/data", home());
     std::filesystem::create_directory(home("CNC"));
     ScriptJob job;
     job.path = home("job.lua");
-    job.arguments = {file, GetParam().x, GetParam().y, GetParam().radius};
+    job.arguments = arguments;
     job.appfolder = home();
     const PictureWriter keep = [this](Application& application, const std::string&,
                                       const PixelSize&) {
       drawing = std::make_unique<DrawingStore>(application.store);
     };
     std::ostringstream err;
-    ASSERT_EQ(runScriptText(job, kJob, keep, out, err), ExitStatus::Done) << err.str();
+    ASSERT_EQ(runScriptText(job, text, keep, out, err), ExitStatus::Done) << err.str();
+    ASSERT_NE(drawing, nullptr);
   }
 
+  void expectProgramReadsBack() {
+    const std::vector<PathRow> placed = testing::placedCuts(*drawing, kResolution);
+    const std::vector<PathRow> read =
+        testing::readCuts(testing::readProgram(readFile(home("CNC/job.CNC"))));
+    EXPECT_EQ(testing::firstDifference(placed, read, {.resolution = kResolution, .joints = 2e-4}),
+              "");
+  }
+
+  TempFolder home;
+  std::ostringstream out;
+  std::unique_ptr<DrawingStore> drawing;
+};
+
+class DxfJobs : public ::testing::TestWithParam<DxfJob>, protected DxfScript {
+ protected:
   // The verified outline, row by row along the loop.
   std::vector<SegmentRow> outline() const {
     std::vector<SegmentRow> rows;
@@ -116,26 +167,80 @@ class DxfJobs : public ::testing::TestWithParam<DxfJob> {
     }
     return inLoopOrder(rows);
   }
-
-  TempFolder home;
-  std::ostringstream out;
-  std::unique_ptr<DrawingStore> drawing;
 };
 
 TEST_P(DxfJobs, GoFromTheFileToAProgramThatReadsBack) {
-  run(std::string(TESSIMO_DXF_FILES) + "/" + GetParam().file);
-  ASSERT_NE(drawing, nullptr);
+  run(kJob, {std::string(TESSIMO_DXF_FILES) + "/" + GetParam().file, GetParam().x, GetParam().y,
+             GetParam().radius});
   const testing::PartShape part = testing::partOf(outline());
   const std::vector<testing::Curve> path = testing::toolPath(*drawing);
   const double radius = std::stod(GetParam().radius);
   EXPECT_LE(testing::deepestGouge(part, path, radius).depth, 2e-4);
   EXPECT_GE(testing::ReachableArea(part, radius).coverageOf(path).share, 0.999);
-  const std::vector<PathRow> placed = testing::placedCuts(*drawing, kResolution);
-  const std::vector<PathRow> read =
-      testing::readCuts(testing::readProgram(readFile(home("CNC/job.CNC"))));
-  EXPECT_EQ(testing::firstDifference(placed, read, {.resolution = kResolution, .joints = 2e-4}),
-            "");
+  expectProgramReadsBack();
   EXPECT_EQ(out.str().find("discontinuous"), std::string::npos) << out.str();
+}
+
+// The outlines that the script has told, row by row along each.
+std::vector<std::vector<SegmentRow>> outlinesOf(const DxfScript& script) {
+  std::vector<std::vector<SegmentRow>> outlines;
+  std::istringstream lines(script.out.str());
+  for (std::string line; std::getline(lines, line);) {
+    std::istringstream words(line);
+    std::string first;
+    words >> first;
+    if (first != "outline") continue;
+    std::vector<SegmentRow> rows;
+    for (int sg = 0; words >> sg;) rows.push_back(segmentRow(*script.drawing, sg));
+    outlines.push_back(inLoopOrder(rows));
+  }
+  return outlines;
+}
+
+// Each outline that lies in no other, with those that lie in it.
+std::vector<testing::PartShape> partsOf(const std::vector<std::vector<SegmentRow>>& outlines) {
+  std::vector<testing::Loop> loops;
+  for (const auto& rows : outlines) loops.push_back(testing::partOf(rows).pocket);
+  const auto holds = [&](std::size_t outer, std::size_t inner) {
+    return outer != inner && testing::encloses(loops[outer], loops[inner].front().start);
+  };
+  std::vector<testing::PartShape> parts;
+  for (std::size_t k = 0; k < loops.size(); ++k) {
+    testing::PartShape part{loops[k], {}};
+    bool inside = false;
+    for (std::size_t other = 0; other < loops.size(); ++other) {
+      inside |= holds(other, k);
+      if (holds(k, other)) part.islands.push_back(loops[other]);
+    }
+    if (!inside) parts.push_back(part);
+  }
+  return parts;
+}
+
+// A word of letters, some with islands.
+TEST(WholeDxfDrawings, GoToAProgramInOneScript) {
+  constexpr double kRadius = 0.3;
+  DxfScript script;
+  script.run(kWholeDrawing, {std::string(TESSIMO_DXF_FILES) + "/camotics__camotics.dxf", "0.3"});
+  const std::vector<testing::PartShape> parts = partsOf(outlinesOf(script));
+  const std::vector<testing::Curve> path = testing::toolPath(*script.drawing);
+  std::size_t islands = 0;
+  std::size_t judged = 0;
+  for (const testing::PartShape& part : parts) {
+    islands += part.islands.size();
+    std::vector<testing::Curve> own;
+    for (const testing::Curve& row : path) {
+      if (testing::encloses(part.pocket, testing::pointOn(row, 0.5))) own.push_back(row);
+    }
+    judged += own.size();
+    EXPECT_LE(testing::deepestGouge(part, own, kRadius).depth, 1e-4);
+    EXPECT_GE(testing::ReachableArea(part, kRadius, 6).coverageOf(own).share, 0.999);
+  }
+  EXPECT_GE(parts.size(), 3U);
+  EXPECT_GE(islands, 1U);
+  EXPECT_EQ(judged, path.size()) << "no row lies in the part";
+  script.expectProgramReadsBack();
+  EXPECT_EQ(script.out.str().find("discontinuous"), std::string::npos) << script.out.str();
 }
 
 // A place on the outline for each, once the drawing's lower left lies at zero.

@@ -56,6 +56,8 @@ struct ExampleRun {
                                       const PixelSize&) {
       pictures.push_back(path);
       drawings.push_back(std::make_unique<DrawingStore>(application.store));
+      proofs.push_back(proofText(application.proofWatch.prove()));
+      clean = clean && !application.proofWatch.prove().isBeyondLimits();
     };
     std::ostringstream out;
     std::ostringstream err;
@@ -66,6 +68,8 @@ struct ExampleRun {
   TempFolder folder;
   std::vector<std::string> pictures;
   std::vector<std::unique_ptr<DrawingStore>> drawings;
+  std::vector<std::string> proofs;
+  bool clean = true;
 };
 
 // A script with the names of the drawings that it makes.
@@ -127,6 +131,11 @@ TEST_P(ExampleJobs, WritesTheGoldenProgramAndAPicture) {
                           madeThen(run.folder.read(drawing + ".CNC")));
   }
   EXPECT_EQ(run.pictures, expectedPictures);
+}
+
+TEST_P(ExampleJobs, TheProofFindsNothing) {
+  ASSERT_EQ(run.proofs.size(), GetParam().drawings.size());
+  EXPECT_TRUE(run.clean) << ::testing::PrintToString(run.proofs);
 }
 
 TEST_P(ExampleJobs, ProgramReadBackGivesThePathRows) {
