@@ -120,7 +120,7 @@ class Cuts {
     add(second, at);
   }
 
-  bool none() const { return places_.empty(); }
+  std::size_t count() const { return places_.size(); }
 
   std::vector<GridLine> pieces() {
     std::sort(places_.begin(), places_.end(), [this](const Place& a, const Place& b) {
@@ -168,16 +168,20 @@ BoxIndex boxesOf(const std::vector<GridLine>& lines) {
   return BoxIndex(std::move(boxes));
 }
 
-// A cut makes progress always, and rounded cuts soon bring about no more.
-void cutAtCrossings(std::vector<GridLine>& lines) {
-  constexpr int kMostRounds = 50;
-  for (int round = 0; round < kMostRounds; ++round) {
+// A cut makes progress always, and rounded cuts soon bring about no more. False where that is not
+// in sight: with more pairs to compare, or more cuts to make, than any letters have.
+bool cutAtCrossings(std::vector<GridLine>& lines) {
+  constexpr int kMostPairs = 10000000;
+  constexpr std::size_t kMostCuts = 200000;
+  int pairs = 0;
+  while (true) {
     Cuts cuts(lines);
     boxesOf(lines).visitPairs([&](int first, int second) {
       cuts.between(static_cast<std::size_t>(first) - 1, static_cast<std::size_t>(second) - 1);
-      return true;
+      return ++pairs < kMostPairs && cuts.count() < kMostCuts;
     });
-    if (cuts.none()) return;
+    if (pairs >= kMostPairs || cuts.count() >= kMostCuts) return false;
+    if (cuts.count() == 0) return true;
     lines = cuts.pieces();
   }
 }
@@ -411,7 +415,7 @@ void appendContour(std::vector<ContourLine>& lines, const std::vector<GridPoint>
 
 }  // namespace
 
-std::vector<ContourLine> unitedContours(std::span<const ContourLine> lines) {
+std::optional<std::vector<ContourLine>> unitedContours(std::span<const ContourLine> lines) {
   std::vector<ContourLine> result;
   std::vector<GridLine> closed;
   for (const Contour& contour : contoursOf(lines)) {
@@ -429,7 +433,7 @@ std::vector<ContourLine> unitedContours(std::span<const ContourLine> lines) {
   if (turned) {
     for (GridLine& line : closed) line = {quarterTurned(line.from), quarterTurned(line.to)};
   }
-  cutAtCrossings(closed);
+  if (!cutAtCrossings(closed)) return std::nullopt;
   for (const std::vector<GridPoint>& corners : Chains(outlineOf(counted(closed))).contours()) {
     const std::vector<GridPoint> kept = withoutStraightCorners(corners);
     if (hasArea(kept)) appendContour(result, kept, turned);

@@ -3,6 +3,7 @@
 // Owns: ContourLine, unitedContours.
 #pragma once
 
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -19,7 +20,8 @@ struct ContourLine {
 // place is inside where the contours turn about it a number of times that is not 0. Corners are
 // rounded to whole numbers: the unit must be fine enough for that. The result runs head to tail,
 // closed, with the inside to the left of each line; contours that are not closed come first, as
-// they are.
-std::vector<ContourLine> unitedContours(std::span<const ContourLine> lines);
+// they are. Nothing for contours that lie on one another so often that it would take too long, or
+// too much memory: no letters do.
+std::optional<std::vector<ContourLine>> unitedContours(std::span<const ContourLine> lines);
 
 }  // namespace tess

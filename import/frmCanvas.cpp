@@ -393,9 +393,11 @@ void frmCanvas::uniteLines() {
     const clsLineCoordinates& line = lines_[at];
     pieces.push_back({{line.x0, -line.y0}, {line.x1, -line.y1}});
   }
+  const std::optional<std::vector<ContourLine>> united = unitedContours(pieces);
   lines_.clear();
   canvas_->clear();
-  for (const ContourLine& piece : unitedContours(pieces)) {
+  if (!united) failure_ = "The contours cross too often to be united.";
+  for (const ContourLine& piece : united.value_or(std::vector<ContourLine>())) {
     lines_.push_back({piece.from.x, -piece.from.y, piece.to.x, -piece.to.y});
     canvas_->MoveTo(piece.from.x, -piece.from.y);
     canvas_->LineTo(piece.to.x, -piece.to.y);

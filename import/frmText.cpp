@@ -155,7 +155,10 @@ void frmText::wire() {
   cmdCancel.onLeave = nullptr;
   cmdCancel.onValidate = nullptr;
   TextCanvas.onDrawTextDone = [this](bool BoundsOnly) { TextCanvas_DrawTextDone(BoundsOnly); };
-  onLoad = [this] { EnumerateFonts(); };
+  onLoad = [this] {
+    TextCanvas.load();
+    EnumerateFonts();
+  };
   onClose = [this] {
     CancelPlacement();
     TextCanvas.close();

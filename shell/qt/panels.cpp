@@ -3,6 +3,7 @@
 
 #include <QCloseEvent>
 #include <QKeyEvent>
+#include <QTimer>
 #include <QVBoxLayout>
 
 namespace tess {
@@ -135,7 +136,10 @@ void Panels::arrange(const std::string& band, Qt::DockWidgetArea area) {
   });
   docks_.at(band)->layOut(panel->liesDown());
   const int extent = lying ? panel->DockedHorzHeight() : panel->DockedVertWidth();
-  window_.resizeDocks({docks_.at(band)}, {extent}, lying ? Qt::Vertical : Qt::Horizontal);
+  // The window has yet to hear how small the form can be in its new arrangement.
+  QTimer::singleShot(0, docks_.at(band), [this, dock = docks_.at(band), extent, lying] {
+    window_.resizeDocks({dock}, {extent}, lying ? Qt::Vertical : Qt::Horizontal);
+  });
 }
 
 }  // namespace tess

@@ -454,6 +454,16 @@ TEST_F(Panel, OverlappingLettersAreUnitedWhenAskedTo) {
   EXPECT_EQ(store.NumSegments, 4);
 }
 
+TEST_F(Panel, LettersThatLieOnOneAnotherWithoutEndAreNotUnited) {
+  form.chkUnite.setChecked(true);
+  form.txtTrackingDelta.setText("-71.9");
+  hover(std::string(800, 'a'));
+  EXPECT_EQ(prompt(), "The contours cross too often to be united.");
+  click(0, 0);
+  EXPECT_EQ(store.NumSegments, 0);
+  EXPECT_TRUE(form.isPlacing());
+}
+
 TEST_F(Panel, PairsAreMovedTogetherWhenAskedTo) {
   form.chkKerning.setChecked(true);
   hover("AV");

@@ -170,17 +170,18 @@ TEST_P(Looks, TextPanelAndHover) {
   struct Side {
     const char* name;
     Qt::DockWidgetArea area;
-    QRect place;  // where the dock's middle comes to lie
+    bool liesDown;
   };
-  const int width = window().width();
-  const int height = window().height();
-  const Side sides[] = {
-      {"right", Qt::RightDockWidgetArea, {2 * width / 3, 0, width / 3, height}},
-      {"bottom", Qt::BottomDockWidgetArea, {0, 2 * height / 3, width, height / 3}}};
-  for (const auto& [name, area, place] : sides) {
+  const Side sides[] = {{"right", Qt::RightDockWidgetArea, false},
+                        {"bottom", Qt::BottomDockWidgetArea, true}};
+  for (const auto& [name, area, liesDown] : sides) {
     window().addDockWidget(area, &dock);
-    waitUntil([&] { return place.contains(dock.geometry().center()) && isDrawn(); });
-    EXPECT_EQ(interaction.text.liesDown(), area == Qt::BottomDockWidgetArea);
+    waitUntil([&] {
+      const bool fits =
+          liesDown ? dock.height() <= window().height() / 2 : dock.width() <= window().width() / 2;
+      return (dock.width() > dock.height()) == liesDown && fits && isDrawn();
+    });
+    EXPECT_EQ(interaction.text.liesDown(), liesDown);
     frmText& text = interaction.text;
     text.cboFont.setText("DejaVu Sans");
     text.cboFontSize.setText("36");
