@@ -178,8 +178,8 @@ int rowFromStart(const CamContext& cam, Point toward) {
   return best;
 }
 
-// Fixed: the nearest row of all, which need not be one that leaves the start; the true rules look
-// at those that do.
+// The true rules look at the rows that leave the start.
+// Fixed: the others take the nearest row of all; a click beside the chain leads along another one.
 int rowToward(const CamContext& cam, Point toward) {
   const int leaving =
       cam.store.cfg_true_paths && cam.PlaceChain != 0 ? rowFromStart(cam, toward) : 0;
