@@ -413,14 +413,13 @@ void appendContour(std::vector<ContourLine>& lines, const std::vector<GridPoint>
   for (std::size_t at = 0; at < corners.size(); ++at) lines.push_back({place(at), place(at + 1)});
 }
 
-}  // namespace
-
-std::optional<std::vector<ContourLine>> unitedContours(std::span<const ContourLine> lines) {
-  std::vector<ContourLine> result;
+// The lines of the closed contours on the grid; those of the others go to `open` as they are.
+std::vector<GridLine> closedLines(std::span<const ContourLine> lines,
+                                  std::vector<ContourLine>& open) {
   std::vector<GridLine> closed;
   for (const Contour& contour : contoursOf(lines)) {
     if (!isClosed(contour)) {
-      result.insert(result.end(), contour.begin(), contour.end());
+      open.insert(open.end(), contour.begin(), contour.end());
       continue;
     }
     for (const ContourLine& line : contour) {
@@ -428,6 +427,14 @@ std::optional<std::vector<ContourLine>> unitedContours(std::span<const ContourLi
       if (!(onGrid.from == onGrid.to)) closed.push_back(onGrid);
     }
   }
+  return closed;
+}
+
+}  // namespace
+
+std::optional<std::vector<ContourLine>> unitedContours(std::span<const ContourLine> lines) {
+  std::vector<ContourLine> result;
+  std::vector<GridLine> closed = closedLines(lines, result);
   if (closed.empty()) return result;
   const bool turned = isTall(closed);
   if (turned) {

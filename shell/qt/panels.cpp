@@ -138,6 +138,7 @@ void Panels::arrange(const std::string& band, Qt::DockWidgetArea area) {
   const int extent = lying ? panel->DockedHorzHeight() : panel->DockedVertWidth();
   // The window has yet to hear how small the form can be in its new arrangement.
   QTimer::singleShot(0, docks_.at(band), [this, dock = docks_.at(band), extent, lying] {
+    if (!dock->isVisible()) return;
     window_.resizeDocks({dock}, {extent}, lying ? Qt::Vertical : Qt::Horizontal);
   });
 }
