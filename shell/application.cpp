@@ -105,7 +105,6 @@ void Application::start(std::string_view drawing, std::string_view appfolder) {
 }
 
 void Application::load(std::string_view drawing, std::string_view appfolder) {
-  interaction.tools.openBand("barPathProof");
   guarded("frmMain.Form_Load()", [&] { loadMainWindow(session, drawing, appfolder); });
 }
 

@@ -139,6 +139,13 @@ PocketRegion regionBetween(const std::vector<Sided>& sides) {
   return PocketRegion(std::move(loops), {.unbounded = pocket == nullptr});
 }
 
+constexpr double kMostOfIt = 0.5;
+
+double totalLength(const std::vector<Curve>& curves) {
+  return std::accumulate(curves.begin(), curves.end(), 0.0,
+                         [](double sum, const Curve& curve) { return sum + lengthOf(curve); });
+}
+
 void judgeByRows(ProofGroup& group, const DrawingStore& store,
                  const std::vector<RegionLoop>& outlines) {
   std::vector<Curve> ways;
@@ -146,9 +153,7 @@ void judgeByRows(ProofGroup& group, const DrawingStore& store,
     for (const Curve& way : feedCurves(store, ps, JobKind::Contour)) ways.push_back(way);
   }
   if (ways.empty()) return;
-  const double length =
-      std::accumulate(ways.begin(), ways.end(), 0.0,
-                      [](double sum, const Curve& way) { return sum + lengthOf(way); });
+  const double length = totalLength(ways);
   double on = 0;
   std::vector<Sided> sides;
   for (const RegionLoop& outline : outlines) {
@@ -156,9 +161,9 @@ void judgeByRows(ProofGroup& group, const DrawingStore& store,
     Runs runs;
     for (const Curve& way : ways) along.add(way, runs);
     on += runs.on;
+    if (runs.on > kMostOfIt * totalLength(outline.curves)) continue;  // engraved itself
     if (const auto side = sideOf(outline, runs)) sides.push_back(*side);
   }
-  constexpr double kMostOfIt = 0.5;
   if (on > kMostOfIt * length) {
     group.kind = JobKind::OnTheLine;
   } else if (!sides.empty()) {

@@ -49,6 +49,8 @@ DesktopProgram::DesktopProgram(const std::string& appfolder, const std::string& 
   wirePlatform();
   wireSurface();
   wireWindow();
+  // Before the window is shown and a layout read, which may have closed it.
+  application_.interaction.tools.openBand("barPathProof");
 }
 
 // The window is shown first, since the drawing is fitted to it.

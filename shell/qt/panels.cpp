@@ -82,9 +82,9 @@ void Panels::makeDock(const Band& band) {
   QObject::connect(dock, &QDockWidget::dockLocationChanged, dock,
                    [this, name = band.name](Qt::DockWidgetArea area) { arrange(name, area); });
   docks_[band.name] = dock;
-  // A line of text lies best below the drawing.
+  // A line of text lies best above the drawing, where no larger panel has to share its place.
   const bool lies = band.name == "barPathProof";
-  window_.addDockWidget(lies ? Qt::BottomDockWidgetArea : Qt::RightDockWidgetArea, dock);
+  window_.addDockWidget(lies ? Qt::TopDockWidgetArea : Qt::RightDockWidgetArea, dock);
   dock->setVisible(band.open);
 }
 

@@ -370,6 +370,17 @@ TEST_F(ProofByRows, OnTheOutlineThereAreNoWalls) {
   EXPECT_THAT(proof().unjudged, IsEmpty());
 }
 
+// Letters: some closed, most of them strokes.
+TEST_F(ProofByRows, AnOutlineThatIsEngravedIsNoWall) {
+  square(-10, 10);
+  square(0, 1);
+  round(0, 1);
+  line({5, 5}, {9, 5});
+  line({5, 6}, {9, 6});
+  EXPECT_EQ(kind(), JobKind::Contour);
+  EXPECT_LT(proof().gouge.depth, 1e-9);
+}
+
 TEST_F(ProofByRows, WithoutOutlinesNothingIsSaid) {
   draw({{.type = kLine, .x1 = 4}});
   round(0.25F, 3.75F);
