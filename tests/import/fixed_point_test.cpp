@@ -1,6 +1,7 @@
 // The fixed-point numbers of the font interface.
 #include "import/fixed_point.h"
 
+#include <cmath>
 #include <numbers>
 
 #include "gtest/gtest.h"
