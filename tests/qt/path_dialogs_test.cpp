@@ -162,6 +162,8 @@ TEST_F(PathDialogsTest, AClickInTheDrawingGoesToARow) {
   addPathSegment(store(), {.type = kLine, .x0 = 0.05F, .y0 = 0.3F, .x1 = 0.35F, .y1 = 0.3F});
   const int row = store().NumPathSegments;
   whenModal([&](QWidget& editor) {
+    // A redraw swallows the clicks of its time.
+    ASSERT_TRUE(testing::waitFor([&] { return program->surface().drawing().Enabled(); }));
     press(program->surface(), placeOf(row));
     EXPECT_EQ(widgetIn<QLineEdit>(editor, "txtps").text().toInt(), row);
     EXPECT_EQ(widgetIn<QTableView>(editor, "lstRows").currentIndex().row(), row - 1);
