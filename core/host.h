@@ -63,6 +63,10 @@ class Surroundings {
   virtual ~Surroundings() = default;
   virtual void serveEvents() = 0;  // lets repaints happen
   virtual void beep() = 0;
+  // While it is on the operator can end what is under way, which isCancelled tells then. Where
+  // there is no operator nobody does.
+  virtual void setCancellable(bool /*on*/) {}
+  virtual bool isCancelled() const { return false; }
   // Serves events until the operator presses a key; at once where there is no operator.
   virtual void waitForKey() {}
   virtual void printOnMainWindow(const std::string& text) = 0;  // before dialogs are at hand

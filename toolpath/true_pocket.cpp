@@ -4,9 +4,11 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <functional>
 #include <limits>
 #include <optional>
 
+#include "core/cancellable_work.h"
 #include "core/drawing_store.h"
 #include "core/number_text.h"
 #include "core/pocketing_choices.h"
@@ -153,9 +155,18 @@ RegionRows rowsOf(const RoughingField& field, const JobMeasures& job, const Room
   return rows;
 }
 
-// Lets the screen follow between the stages.
-void serveEvents(CamContext& cam) {
-  cam.context.session.host.surroundings.serveEvents();
+// Clears, unless the operator ends it before the first row is placed: then all is as it was.
+// Whether a part of the path was refused; nothing for work that was ended.
+std::optional<bool> unlessCancelled(CamContext& cam,
+                                    const std::function<bool(CancellableWork&)>& clear) {
+  try {
+    CancellableWork work(cam.context.session.host.surroundings);
+    return clear(work);
+  } catch (const WorkCancelled&) {
+    takeCallChain();
+    cam.context.statusBar.setText("Cancelled. Nothing was placed.");
+    return std::nullopt;
+  }
 }
 
 RoomWay::Rules wayRules(const DrawingStore& store, const JobMeasures& job) {
@@ -174,13 +185,14 @@ bool linesHaveLevels(const DrawingStore& store) {
   return -std::abs(store.cfg_start_depth) >= roughingFloor(store);
 }
 
-bool cutByLines(CamContext& cam, const RoughingField& field, const JobMeasures& job) {
+bool cutByLines(CamContext& cam, const RoughingField& field, const JobMeasures& job,
+                CancellableWork& work) {
   const DrawingStore& store = cam.store;
   cam.context.statusBar.setText("Collecting Roughing Points    ");
-  serveEvents(cam);
+  work.breathe();
   RoomWay way(field.region, wayRules(store, job));
   const LineRules rules{scanStyle(store), cuttingMode(store), job.step, true};
-  cutLines(field.offset.region, rules, way, [&cam] { serveEvents(cam); });
+  cutLines(field.offset.region, rules, way, [&work] { work.breathe(); });
   const RegionRows rows = rowsOf(field, job, way);
   Change change(cam.changes);
   cam.store.currentpathgroup = nextPathGroup(store);
@@ -195,7 +207,7 @@ bool cutByLines(CamContext& cam, const RoughingField& field, const JobMeasures& 
 // The lathe's lines are those of all of the offset, at its one level.
 void cutByLathe(CamContext& cam, const RoughingField& field, const JobMeasures& job) {
   cam.context.statusBar.setText("Collecting Roughing Points    ");
-  serveEvents(cam);
+  cam.context.session.host.surroundings.serveEvents();
   const LineScan scan = scanRegion(field.offset.region, ScanStyle::Lathe, job.step);
   ScanRun run{ScanStyle::Lathe, narrow(job.step), {0, narrow(scan.bound)}, {}};
   for (const std::vector<ClearSpan>& line : scan.lines) {
@@ -265,14 +277,16 @@ void roughTruePocket(CamContext& cam) {
   if (!field) return;
   const double lines = lineCount(field->offset.region, scanStyle(cam.store), job.step);
   if (!stepIsLargeEnough(cam, job, lines)) return;
-  bool failed = !field->offset.lost.empty();
+  std::optional<bool> refused = false;
   if (turning) {
     cutByLathe(cam, *field, job);
   } else {
-    failed |= cutByLines(cam, *field, job);
+    refused = unlessCancelled(
+        cam, [&](CancellableWork& work) { return cutByLines(cam, *field, job, work); });
   }
+  if (!refused) return;
   showPlacedPaths(cam);
-  tellWhatFailed(cam, kCommand, failed);
+  tellWhatFailed(cam, kCommand, *refused || !field->offset.lost.empty());
   if (!turning) tellWhatIsLeft(cam, *field, job);
 }
 
@@ -329,12 +343,13 @@ RegionRows finishRows(const RoughingField& field, const JobMeasures& job, PlaneP
   return rowsOf(field, {job.radius, job.radius, job.step}, way);
 }
 
-bool cutByRings(CamContext& cam, const RoughingField& field, const JobMeasures& job, Point click) {
+bool cutByRings(CamContext& cam, const RoughingField& field, const JobMeasures& job, Point click,
+                CancellableWork& work) {
   const DrawingStore& store = cam.store;
   RoomWay way(field.region, wayRules(store, job));
   const RingRules rules{
       job.radius, job.step, ringsRunBack(cam, field.region, click), {click.x, click.y}, true};
-  cutRings(field.offset.region, rules, way, [&cam] { serveEvents(cam); });
+  cutRings(field.offset.region, rules, way, [&work] { work.breathe(); });
   const RegionRows rings = rowsOf(field, job, way);
   std::vector<Entity> rows = rings.rows();
   bool refused = rings.refused();
@@ -371,9 +386,11 @@ void ringTruePocket(CamContext& cam, Point click) {
   const auto field = fieldOf(cam, job);
   if (!field) return;
   if (!stepIsLargeEnough(cam, job, ringCount(field->offset.region, job.step))) return;
-  const bool refused = cutByRings(cam, *field, job, click);
+  const std::optional<bool> refused = unlessCancelled(
+      cam, [&](CancellableWork& work) { return cutByRings(cam, *field, job, click, work); });
+  if (!refused) return;
   showPlacedPaths(cam);
-  tellWhatFailed(cam, kCommand, refused || !field->offset.lost.empty());
+  tellWhatFailed(cam, kCommand, *refused || !field->offset.lost.empty());
   if (!cam.store.cfg_auto_place_finish_path) tellWhatIsLeft(cam, *field, job);
 }
 

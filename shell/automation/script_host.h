@@ -64,6 +64,9 @@ class CountedSurroundings : public Surroundings {
     if (onBeep) onBeep(beeps);
     inner_.beep();
   }
+  void setCancellable(bool on) override { inner_.setCancellable(on); }
+  bool isCancelled() const override { return inner_.isCancelled(); }
+  void waitForKey() override { inner_.waitForKey(); }
   void printOnMainWindow(const std::string& text) override { inner_.printOnMainWindow(text); }
 
   // A moment in which a script that has run too long may be ended.

@@ -4,10 +4,13 @@
 #include <QApplication>
 #include <QDateTime>
 #include <QEventLoop>
+#include <QKeyEvent>
+#include <QPointer>
 #include <QThread>
 #include <cstdio>
 #include <ctime>
 #include <utility>
+#include <vector>
 
 #include "core/file_dialog.h"
 #include "core/file_system.h"
@@ -77,11 +80,74 @@ void DesktopClock::sleep(double milliseconds) {
   QThread::usleep(static_cast<unsigned long>(milliseconds * 1000));
 }
 
+// Keeps what the operator does while long work goes on, but for Esc, which is meant for the work.
+class InputHold : public QObject {
+ public:
+  InputHold() { QCoreApplication::instance()->installEventFilter(this); }
+  // What was kept comes now, unless the operator ended the work that it was meant to follow.
+  ~InputHold() override {
+    QCoreApplication::instance()->removeEventFilter(this);
+    for (auto& [receiver, event] : held_) {
+      if (receiver != nullptr && !cancelled_)
+        QCoreApplication::postEvent(receiver, event.release());
+    }
+  }
+  bool isCancelled() const { return cancelled_; }
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (!isInput(event->type())) return QObject::eventFilter(watched, event);
+    if (isEscape(*event)) {
+      cancelled_ = true;
+    } else {
+      held_.emplace_back(watched, event->clone());
+    }
+    return true;
+  }
+
+ private:
+  static bool isInput(QEvent::Type type) {
+    switch (type) {
+      case QEvent::KeyPress:
+      case QEvent::KeyRelease:
+      case QEvent::ShortcutOverride:
+      case QEvent::MouseButtonPress:
+      case QEvent::MouseButtonRelease:
+      case QEvent::MouseButtonDblClick:
+      case QEvent::MouseMove:
+      case QEvent::Wheel:
+      case QEvent::ContextMenu:
+        return true;
+      default:
+        return false;
+    }
+  }
+  static bool isEscape(const QEvent& event) {
+    return event.type() == QEvent::KeyPress &&
+           static_cast<const QKeyEvent&>(event).key() == Qt::Key_Escape;
+  }
+
+  std::vector<std::pair<QPointer<QObject>, std::unique_ptr<QEvent>>> held_;
+  bool cancelled_ = false;
+};
+
+DesktopSurroundings::DesktopSurroundings(const Gateway& gateway) : gateway_(gateway) {}
+DesktopSurroundings::~DesktopSurroundings() = default;
+
+void DesktopSurroundings::setCancellable(bool on) {
+  hold_ = on ? std::make_unique<InputHold>() : nullptr;
+}
+
+bool DesktopSurroundings::isCancelled() const {
+  return hold_ && hold_->isCancelled();
+}
+
 // The operator's input waits while a command of his is under way; it is not lost.
 void DesktopSurroundings::serveEvents() {
   if (roughTime() - served_ < kServeEvery) return;
+  const bool keeps = gateway_.isBusy() && !hold_;
   QCoreApplication::processEvents(
-      gateway_.isBusy() ? QEventLoop::ExcludeUserInputEvents : QEventLoop::AllEvents, kServeAtMost);
+      keeps ? QEventLoop::ExcludeUserInputEvents : QEventLoop::AllEvents, kServeAtMost);
   served_ = roughTime();
 }
 

@@ -20,6 +20,8 @@
 
 namespace tess {
 
+class InputHold;
+
 class DesktopPrompts : public Prompts {
  public:
   explicit DesktopPrompts(Gateway& gateway) : gateway_(gateway) {}
@@ -52,19 +54,24 @@ class DesktopClock : public Clock {
 
 class DesktopSurroundings : public Surroundings {
  public:
-  explicit DesktopSurroundings(const Gateway& gateway) : gateway_(gateway) {}
+  explicit DesktopSurroundings(const Gateway& gateway);
+  ~DesktopSurroundings() override;
 
   // Cheap enough to be called for every row: looks for events a few times per frame only.
   void serveEvents() override;
   void beep() override;
   void waitForKey() override;
+  // With Esc; any other input waits until the work is done.
+  void setCancellable(bool on) override;
+  bool isCancelled() const override;
   void printOnMainWindow(const std::string& text) override;
 
   std::function<void(const std::string&)> onPrint;
 
  private:
   const Gateway& gateway_;
-  qint64 served_ = 0;  // when events were served last, in milliseconds
+  std::unique_ptr<InputHold> hold_;  // while the work under way can be cancelled
+  qint64 served_ = 0;                // when events were served last, in milliseconds
 };
 
 class DesktopTimers : public Timers {

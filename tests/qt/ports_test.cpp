@@ -2,6 +2,7 @@
 #include "shell/qt/ports.h"
 
 #include <QElapsedTimer>
+#include <QKeyEvent>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTimer>
@@ -9,6 +10,7 @@
 #include <stdexcept>
 #include <vector>
 
+#include "core/cancellable_work.h"
 #include "tests/qt/desktop_test_support.h"
 
 namespace tess {
@@ -76,6 +78,55 @@ TEST(DesktopSurroundings, ServesTimersWhileACommandRunsButKeepsTheOperatorWaitin
     while (time.elapsed() < 30) surroundings.serveEvents();
   });
   EXPECT_TRUE(ticked);
+}
+
+QKeyEvent* keyPress(int key) {
+  return new QKeyEvent(QEvent::KeyPress, key, Qt::NoModifier);
+}
+
+// Hears the keys that reach it.
+class KeyListener : public QObject {
+ public:
+  std::vector<int> keys;
+  bool event(QEvent* event) override {
+    if (event->type() == QEvent::KeyPress) keys.push_back(static_cast<QKeyEvent*>(event)->key());
+    return true;
+  }
+};
+
+TEST(DesktopSurroundings, EscEndsWorkThatCanBeCancelledAndNoOther) {
+  Gateway gateway(testing::passThrough());
+  DesktopSurroundings surroundings(gateway);
+  KeyListener listener;
+  gateway.enter("command", [&] {
+    EXPECT_THROW(
+        {
+          CancellableWork work(surroundings);
+          work.breathe();
+          QCoreApplication::postEvent(&listener, keyPress(Qt::Key_Escape));
+          for (;;) work.breathe();
+        },
+        WorkCancelled);
+  });
+  EXPECT_FALSE(surroundings.isCancelled());
+  QCoreApplication::processEvents();
+  EXPECT_TRUE(listener.keys.empty());
+}
+
+TEST(DesktopSurroundings, OtherInputWaitsForTheEndOfTheWork) {
+  Gateway gateway(testing::passThrough());
+  DesktopSurroundings surroundings(gateway);
+  KeyListener listener;
+  gateway.enter("command", [&] {
+    CancellableWork work(surroundings);
+    QCoreApplication::postEvent(&listener, keyPress(Qt::Key_L));
+    QElapsedTimer time;
+    time.start();
+    while (time.elapsed() < 30) work.breathe();
+    EXPECT_TRUE(listener.keys.empty());
+  });
+  QCoreApplication::processEvents();
+  EXPECT_EQ(listener.keys, std::vector<int>{Qt::Key_L});
 }
 
 struct BoxCase {

@@ -4,6 +4,7 @@
 
 #include <deque>
 #include <functional>
+#include <limits>
 #include <optional>
 #include <string>
 #include <vector>
@@ -52,10 +53,14 @@ class RecordingSurroundings : public Surroundings {
  public:
   ~RecordingSurroundings() override;
   void serveEvents() override { ++eventsServed; }
+  void setCancellable(bool on) override { isCancellable = on; }
+  bool isCancelled() const override { return isCancellable && eventsServed >= cancelAt; }
   void beep() override { ++beeps; }
   void printOnMainWindow(const std::string& text) override { printed.push_back(text); }
 
   int eventsServed = 0;
+  int cancelAt = std::numeric_limits<int>::max();  // of the events served: the operator has enough
+  bool isCancellable = false;
   int beeps = 0;
   std::vector<std::string> printed;
 };
