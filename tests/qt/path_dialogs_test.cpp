@@ -47,6 +47,11 @@ class PathDialogsTest : public ::testing::Test {
     }
     program = std::make_unique<DesktopProgram>(home());
     program->open(home("CNC/plate.cdm"));
+    // No operator opens a dialog before there is a picture.
+    EXPECT_TRUE(testing::waitFor([this] {
+      return program->application().interaction.redraw.TaskQueueState() == 0 &&
+             program->surface().drawing().Enabled();
+    }));
   }
 
   // The operator's pointer and keys.
