@@ -1,7 +1,7 @@
 // Descriptors: all that is to be told of a command, in one place. Menus, tool bars, hints, keys,
 // prompts and the repeat key follow from them. A descriptor stands beside the routine that it runs;
 // command_list.h names them all.
-// Owns: BandPlace, TouchedFiles, CommandInfo, NotYet, kNotYet, CommandRoutine, ActionText, Action,
+// Owns: BandPlace, TouchedFiles, CommandInfo, CommandRoutine, ActionText, Action,
 //       Repeat, Command.
 #pragma once
 
@@ -42,28 +42,20 @@ struct CommandInfo {
   TouchedFiles touches = TouchedFiles::None;
 };
 
-// What a command says that does not exist yet: its tool stands disabled.
-struct NotYet {};
-inline constexpr NotYet kNotYet;
-
 // What a command runs. There is no empty one, so that none is left out by oversight.
 template <class Context>
 class CommandRoutine {
  public:
   using Function = void (*)(Context&);
 
-  // Both are implicit so that a descriptor just names what it runs.
+  // Implicit so that a descriptor just names what it runs.
   template <std::convertible_to<Function> Callable>
   constexpr CommandRoutine(Callable run) : run_(run) {}  // NOLINT(google-explicit-constructor)
-  constexpr CommandRoutine(NotYet /*notYet*/) {}         // NOLINT(google-explicit-constructor)
 
-  constexpr bool exists() const { return run_ != nullptr; }
-  void operator()(Context& context) const {
-    if (run_ != nullptr) run_(context);
-  }
+  void operator()(Context& context) const { run_(context); }
 
  private:
-  Function run_ = nullptr;
+  Function run_;
 };
 
 // A pending action as the operator meets it.

@@ -57,8 +57,8 @@ std::string writeTemporary(const std::string& content) {
     const std::string path =
         folder + "TMP" + std::to_string(::getpid()) + "-" + std::to_string(number) + ".bmp";
     if (fileExists(path)) continue;
-    const FilePlace place(guard, path, FileKind::Record);
-    place.flush(place.create(content));
+    // It is read in a moment and then removed: it need not reach the disk.
+    FilePlace(guard, path, FileKind::Record).create(content);
     return path;
   }
 }

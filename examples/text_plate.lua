@@ -14,7 +14,7 @@ local retract = 0.25
 
 setting["drawing title"] = "Plate with text from fonts"
 setting["designer name"] = "text_plate.lua"
-setting["creation date"] = "11/22/2026" -- fixed: the same script writes the same file every time
+setting["creation date"] = "11/21/2026" -- fixed: the same script writes the same file every time
 setting["part dim x"], setting["part dim y"], setting["part dim z"] = 6, 4, 0.25
 setting["z start pos"] = retract
 store.cursorgridf = 0 -- clicks count as they are

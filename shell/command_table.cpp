@@ -31,7 +31,7 @@ Application& contextOf(const ShellCommand& /*command*/, Application& application
 
 template <const auto& command>
 constexpr CommandEntry entryOf() {
-  return {&command.info, [] { return command.run.exists(); },
+  return {&command.info,
           [](Application& application) { command.run(contextOf(command, application)); }};
 }
 

@@ -12,7 +12,6 @@ class Application;
 
 struct CommandEntry {
   const CommandInfo* info;
-  bool (*exists)();  // false for one that is still to come
   void (*run)(Application& application);
 };
 

@@ -93,7 +93,7 @@ Tool toolOf(const CommandEntry& command) {
   tool.icon = info.icon;
   tool.popUp = info.popUp;
   if (info.tag != 0) tool.tag = std::to_string(info.tag);
-  tool.enabled = command.exists();
+  tool.enabled = true;
   return tool;
 }
 

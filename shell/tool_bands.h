@@ -9,7 +9,7 @@
 
 namespace tess {
 
-// Puts all tools and bands into an empty host. The tools of commands still to come stand disabled.
+// Puts all tools and bands into an empty host.
 void fillToolHost(ToolHost& tools);
 
 // The tool of a recent file, from 1 to kRecentFiles.

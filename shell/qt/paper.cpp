@@ -4,6 +4,7 @@
 #include <QBuffer>
 #include <QFontMetricsF>
 #include <QImage>
+#include <QImageReader>
 #include <QPainter>
 #include <QPdfWriter>
 #include <QPrintDialog>
@@ -231,8 +232,9 @@ void QtPaper::arc(const WorldArc& arc, Rgb color) {
 }
 
 PictureSize QtPaper::pictureSize(const std::string& path) const {
-  const QImage image = imageOf(path);
-  return {static_cast<float>(image.width()), static_cast<float>(image.height())};
+  const QSize size = QImageReader(QString::fromStdString(path)).size();  // without its pixels
+  if (!size.isValid()) throw RuntimeFailure(FailureNumber::DeviceInputOutput, path);
+  return {static_cast<float>(size.width()), static_cast<float>(size.height())};
 }
 
 void QtPaper::picture(const std::string& path, const PageBox& place) {

@@ -16,14 +16,11 @@
 #include "cnc/dlgSendProgram.h"
 #include "core/drawing_store.h"
 #include "drafting/selection.h"
-#include "shell/qt/desktop_program.h"
 #include "shell/qt/file_text_pane.h"
-#include "shell/qt/theme.h"
 #include "tests/qt/desktop_test_support.h"
 #include "tests/qt/dialog_test_support.h"
-#include "tests/support/source_folder.h"
+#include "tests/qt/plate_program.h"
 #include "tests/support/stand_in_program.h"
-#include "tests/support/temp_folder.h"
 
 namespace tess {
 namespace {
@@ -32,22 +29,8 @@ using testing::expectWholeLayout;
 using testing::whenModal;
 using testing::widgetIn;
 
-class HandOverDialogs : public ::testing::Test {
+class HandOverDialogs : public testing::PlateProgram {
  protected:
-  HandOverDialogs() {
-    applyTheme(testing::toolkit(), /*dark=*/false);
-    std::filesystem::copy(TESSIMO_SOURCE_DIR "/data", home(),
-                          std::filesystem::copy_options::recursive);
-    std::filesystem::create_directories(home("CNC"));
-    home.write("CNC/TSMO.MRU", "");
-    for (const char* const file : {"plate.cdm", "PLATE.TPM"}) {
-      std::filesystem::copy(std::filesystem::path(TESSIMO_SOURCE_DIR "/examples") / file,
-                            home(std::string("CNC/") + file));
-    }
-    program = std::make_unique<DesktopProgram>(home(), /*jetReader=*/"", user());
-    program->open(home("CNC/plate.cdm"));
-  }
-
   Application& application() { return program->application(); }
   dlgMenuHelper& form() { return application().viewer.form; }
   QWidget& window() { return widgetIn<QWidget>(program->window(), "dlgMenuHelper"); }
@@ -84,10 +67,6 @@ class HandOverDialogs : public ::testing::Test {
     for (int line = 1; line <= lines; ++line) text += "N" + std::to_string(line) + " G01\r\n";
     return text;
   }
-
-  testing::TempFolder home;
-  testing::TempFolder user;
-  std::unique_ptr<DesktopProgram> program;
 };
 
 TEST_F(HandOverDialogs, LayoutsHaveEveryControl) {

@@ -17,12 +17,9 @@
 #include <gtest/gtest.h>
 
 #include "core/drawing_store.h"
-#include "shell/qt/desktop_program.h"
-#include "shell/qt/theme.h"
 #include "tests/qt/desktop_test_support.h"
 #include "tests/qt/dialog_test_support.h"
-#include "tests/support/source_folder.h"
-#include "tests/support/temp_folder.h"
+#include "tests/qt/plate_program.h"
 #include "toolpath/dlgEditPath.h"
 #include "toolpath/frmPathMap.h"
 
@@ -33,27 +30,8 @@ using testing::expectWholeLayout;
 using testing::whenModal;
 using testing::widgetIn;
 
-class PathDialogsTest : public ::testing::Test {
+class PathDialogsTest : public testing::PlateProgram {
  protected:
-  PathDialogsTest() {
-    applyTheme(testing::toolkit(), /*dark=*/false);
-    std::filesystem::copy(TESSIMO_SOURCE_DIR "/data", home(),
-                          std::filesystem::copy_options::recursive);
-    std::filesystem::create_directories(home("CNC"));
-    home.write("CNC/TSMO.MRU", "");
-    for (const char* const file : {"plate.cdm", "PLATE.TPM"}) {
-      std::filesystem::copy(std::filesystem::path(TESSIMO_SOURCE_DIR "/examples") / file,
-                            home(std::string("CNC/") + file));
-    }
-    program = std::make_unique<DesktopProgram>(home());
-    program->open(home("CNC/plate.cdm"));
-    // No operator opens a dialog before there is a picture.
-    EXPECT_TRUE(testing::waitFor([this] {
-      return program->application().interaction.redraw.TaskQueueState() == 0 &&
-             program->surface().drawing().Enabled();
-    }));
-  }
-
   // The operator's pointer and keys.
   static void press(QWidget& target, QPointF at) {
     for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
@@ -75,9 +53,6 @@ class PathDialogsTest : public ::testing::Test {
 
   CamContext& cam() { return program->application().interaction.cam; }
   DrawingStore& store() { return program->application().store; }
-
-  testing::TempFolder home;
-  std::unique_ptr<DesktopProgram> program;
 };
 
 TEST_F(PathDialogsTest, LayoutsHaveEveryControl) {

@@ -237,7 +237,7 @@ TEST(CommandTwins, AKeyDoesAllThatItsToolDoes) {
   int keys = 0;
   for (const CommandEntry& command : commands()) {
     const std::optional<KeyStroke> key = keyNamed(command.info->key);
-    if (!command.exists() || !key) continue;
+    if (!key) continue;
     ++keys;
     const Interruption byKey = after([&](Application& program) { program.key(*key); });
     EXPECT_EQ(byKey, after([&](Application& program) { program.clickTool(command.info->tool); }))
@@ -250,7 +250,7 @@ TEST(CommandTwins, EveryCommandThatDrawsOrArmsDropsAHalfDoneOne) {
   int dropped = 0;
   for (const DraftingCommand* const command : draftingCommands()) {
     const bool drawsOrArms = command->mode.number != kNoMode || !command->actions.empty();
-    if (!drawsOrArms || !command->run.exists()) continue;
+    if (!drawsOrArms) continue;
     ++dropped;
     const Interruption left =
         after([&](Application& program) { program.clickTool(command->info.tool); });

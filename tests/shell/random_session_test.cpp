@@ -159,9 +159,7 @@ std::vector<const char*> sessionTools() {
   const auto add = [&tools](const auto& command) {
     const CommandInfo* const info = &command.info;
     const auto* const end = std::end(kLeftOut);
-    if (command.run.exists() && std::find(std::begin(kLeftOut), end, info) == end) {
-      tools.push_back(info->tool);
-    }
+    if (std::find(std::begin(kLeftOut), end, info) == end) tools.push_back(info->tool);
   };
   for (const ViewCommand* const command : displayCommands()) add(*command);
   for (const CamCommand* const command : toolpathCommands()) add(*command);
