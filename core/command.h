@@ -1,8 +1,7 @@
 // Descriptors: all that is to be told of a command, in one place. Menus, tool bars, hints, keys,
 // prompts and the repeat key follow from them. A descriptor stands beside the routine that it runs;
 // command_list.h names them all.
-// Owns: BandPlace, TouchedFiles, CommandInfo, CommandRoutine, ActionText, Action,
-//       Repeat, Command.
+// Owns: BandPlace, TouchedFiles, CommandInfo, CommandRoutine, ActionText, Action, Repeat, Command.
 #pragma once
 
 #include <array>
