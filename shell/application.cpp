@@ -129,6 +129,7 @@ void Application::showPropertiesAndTool() {
 void Application::showFigures() {
   interaction.statusBar.setPanel(StatusPanel::Tool, toolInUseText(session));
   pathTotals.settle();
+  keyHints_.settle();
 }
 
 void Application::keepJournal() {
@@ -170,6 +171,27 @@ bool Application::release(const PointerEvent& event) {
 bool Application::wheel(int steps, int shift) {
   return guarded("frmMain.MouseWheel1_MouseWheel(Scroll,Button,Shift,X,Y)",
                  [&] { MouseWheel1_MouseWheel(interaction.context, steps, shift); });
+}
+
+bool Application::wheelAt(int steps, int shift, Point at) {
+  if (!interaction.navigation.wheelZooms()) return wheel(steps, shift);
+  return guarded("frmMain.MouseWheel1_MouseWheel(Scroll,Button,Shift,X,Y)",
+                 [&] { interaction.navigation.turnWheel(steps, at); });
+}
+
+bool Application::beginPan(Point at) {
+  return guarded("frmMain.picDrawing_MouseDown(Button,Shift,X,Y)",
+                 [&] { interaction.navigation.beginPan(at); });
+}
+
+bool Application::movePan(Point at) {
+  return guarded("frmMain.picDrawing_MouseMove(Button,Shift,X,Y)",
+                 [&] { interaction.navigation.movePan(at); });
+}
+
+bool Application::endPan(Point at) {
+  return guarded("frmMain.picDrawing_MouseUp(Button,Shift,X,Y)",
+                 [&] { interaction.navigation.endPan(at); });
 }
 
 bool Application::mayClose() {

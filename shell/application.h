@@ -14,6 +14,7 @@
 #include "core/session.h"
 #include "drafting/pointer_events.h"
 #include "shell/cnc_viewer.h"
+#include "shell/desktop_keys.h"
 #include "shell/edit_journal.h"
 #include "shell/error_reporting.h"
 #include "shell/frmPDFHelp.h"
@@ -76,6 +77,14 @@ class Application {
   bool move(const PointerEvent& event);
   bool release(const PointerEvent& event);
   bool wheel(int steps, int shift);
+  // The wheel at a position in drawing units: where the setup has the keys of the desktop it zooms
+  // there, while no text is being placed.
+  bool wheelAt(int steps, int shift, Point at);
+  // The view moves with the pointer from the beginning to the end of a drag, by positions in the
+  // view current at each event. Nothing begins where the setup lacks the keys of the desktop.
+  bool beginPan(Point at);
+  bool movePan(Point at);
+  bool endPan(Point at);
   bool guarded(std::string_view entry, const std::function<void()>& run);
 
   // From now on unsaved work is written down as it comes about. First the operator is asked about
@@ -165,6 +174,7 @@ class Application {
   PathTotals pathTotals{session, definition, interaction.context.changes, interaction.statusBar};
 
  private:
+  DesktopKeyHints keyHints_{store, interaction.tools};
   std::unique_ptr<EditJournal> journal_;
 };
 

@@ -99,9 +99,17 @@ void DesktopProgram::wireSurface() {
   surface_.onRelease = [this](int button, int shift, float x, float y) {
     gateway_.enter("release", [&] { application_.release(pointerEvent(button, shift, x, y)); });
   };
-  surface_.onWheel = [this](int steps, int shift) {
-    gateway_.enter("wheel", [&] { application_.wheel(steps, shift); });
+  surface_.onWheel = [this](int steps, int shift, Point at) {
+    gateway_.enter("wheel", [&] { application_.wheelAt(steps, shift, at); });
   };
+  surface_.onPan = [this](PanPhase phase, Point at) {
+    gateway_.enter("pan", [&] { pan(phase, at); });
+  };
+  surface_.wantsEachMotion = [this] {
+    return application_.interaction.context.pointer.SkipPointerUpdate;
+  };
+  surface_.sumsTurns = [this] { return application_.interaction.navigation.wheelZooms(); };
+  surface_.isBusy = [this] { return gateway_.isBusy(); };
   surface_.onKey = [this](const QKeyEvent& key) {
     const std::optional<KeyStroke> stroke = keyStroke(key);
     if (stroke) gateway_.enter("key", [&] { application_.key(*stroke); });
@@ -110,6 +118,12 @@ void DesktopProgram::wireSurface() {
   surface_.onPictureLost = [this] {
     gateway_.enter("redraw", [&] { application_.interaction.redraw.redrawscreen(); });
   };
+}
+
+void DesktopProgram::pan(PanPhase phase, Point at) {
+  if (phase == PanPhase::Begin) application_.beginPan(at);
+  if (phase == PanPhase::Move) application_.movePan(at);
+  if (phase == PanPhase::End) application_.endPan(at);
 }
 
 void DesktopProgram::wireWindow() {

@@ -36,6 +36,7 @@ class DesktopProgram {
   void finishFirstStart();
   void wirePlatform();
   void wireSurface();
+  void pan(PanPhase phase, Point at);
   void wireWindow();
   void end(const std::string& line);
 
