@@ -43,6 +43,7 @@ Application::Application(const Platform& platform)
       ownColors_(std::make_unique<FormColorDialog>(platform.host.prompts)),
       colors(platform.colors != nullptr ? *platform.colors : *ownColors_),
       paper(platform.paper),
+      helpFiles(platform.help),
       reporting_(platform.reporting),
       timers_(platform.screen.timers, platform.reporting),
       session(store, platform.host, listener_),

@@ -20,6 +20,7 @@
 #include "shell/frmPDFHelp.h"
 #include "shell/interaction.h"
 #include "shell/path_totals.h"
+#include "shell/program_folder.h"
 #include "shell/proof_watch.h"
 
 namespace tess {
@@ -40,6 +41,7 @@ struct Platform {
   OtherPrograms* others = nullptr;  // null: none is started
   std::string userfolder{};         // what belongs to this user alone; empty: nothing is kept
   Paper* paper = nullptr;           // null: nothing can be printed
+  HelpFiles help{};                 // empty: the manual lies in the program's folder alone
 };
 
 // Timers whose ticks are entry points: a failure in one ends in the report.
@@ -106,6 +108,7 @@ class Application {
   SpeedsFeeds& feeds = *ownFeeds_;
   ColorDialog& colors;
   Paper* const paper;
+  const HelpFiles helpFiles;
   PostDefinition definition;
   CncState cnc;
 
@@ -114,7 +117,11 @@ class Application {
   std::function<void()> onCustomize;
   std::function<void()> onCaptionChanged;
   std::function<void()> onUnloadOtherWindows;
+  std::function<void(const std::string& text)> onCopyText;
+  std::function<std::string()> onDescribeSystem;
 
+  // Lines about the toolkit and the system for who has to know them; "" without a window.
+  std::string describeSystem() const { return onDescribeSystem ? onDescribeSystem() : ""; }
   // The main window's caption: product and version.
   std::string caption() const;
 
@@ -168,7 +175,7 @@ class Application {
   Session session;
   Interaction interaction;
   ProofWatch proofWatch{session, interaction, definition, timers_};
-  frmPDFHelp help{session};
+  frmPDFHelp help{session, helpFiles.manual};
   HandOver handOver;
   CncViewer viewer;
   PathTotals pathTotals{session, definition, interaction.context.changes, interaction.statusBar};
