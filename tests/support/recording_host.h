@@ -57,12 +57,18 @@ class RecordingSurroundings : public Surroundings {
   bool isCancelled() const override { return isCancellable && eventsServed >= cancelAt; }
   void beep() override { ++beeps; }
   void printOnMainWindow(const std::string& text) override { printed.push_back(text); }
+  Trash moveToTrash(const std::string& path) override {
+    if (trash != Trash::None) trashed.push_back(path);
+    return trash;
+  }
 
   int eventsServed = 0;
   int cancelAt = std::numeric_limits<int>::max();  // of the events served: the operator has enough
   bool isCancellable = false;
   int beeps = 0;
   std::vector<std::string> printed;
+  Trash trash = Trash::None;
+  std::vector<std::string> trashed;
 };
 
 class RecordingFailures : public FailureSink {
