@@ -377,6 +377,18 @@ void saveUnderOtherNames(Session& session) {
   session.store.drawingname = before.name;
 }
 
+// The folders of the drawings used last, each once.
+std::vector<std::string> recentFolders(const Session& session) {
+  std::vector<std::string> folders;
+  for (const std::string& path : session.recentfiles) {
+    std::string folder;
+    splitPath(folder, path, "");
+    const bool known = std::find(folders.begin(), folders.end(), folder) != folders.end();
+    if (!folder.empty() && !known) folders.push_back(folder);
+  }
+  return folders;
+}
+
 }  // namespace
 
 void save_Drawing(Session& session) {
@@ -404,14 +416,17 @@ void save_file_As(Session& session) {
   saveUnderOtherNames(session);
 }
 
-bool select_file(Session& session) {
+bool select_file(Session& session, const char* okCaption) {
   const Procedure here("select_file()");
   const std::string& folder = session.store.drawingpath;
   const auto path =
       session.host.prompts.chooseFile({.title = "Drawing File Selector",
                                        .pattern = "*.CDM",
                                        .folder = folderExists(folder) ? folder : session.appfolder,
-                                       .name = {}});
+                                       .name = {},
+                                       .okCaption = okCaption,
+                                       .places = recentFolders(session),
+                                       .showsDrawings = true});
   if (!path || path->empty()) return false;
   session.selectedname = splitPath(session.selectedfolder, *path, kDefaultExtension);
   session.lastfilename = session.selectedfolder + session.selectedname;

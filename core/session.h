@@ -53,6 +53,7 @@ class SessionListener {
   virtual void recentFilesChanged() = 0;
   virtual void brandingRead() = 0;              // productname may have changed
   virtual void load_xsetup() = 0;               // the post definition of the setup
+  virtual void setupChosen() = 0;               // another one by hand: stock and grids are its own
   virtual void scaleDrawing(float factor) = 0;  // after a change of units
   virtual void closeMainWindow() = 0;
   virtual void importDxf(const std::string& path) = 0;

@@ -299,6 +299,10 @@ void Application::Listener::load_xsetup() {
   application_.pathTotals.markStale();
 }
 
+void Application::Listener::setupChosen() {
+  application_.interaction.showWholeDrawing();
+}
+
 void Application::Listener::closeMainWindow() {
   callIfSet(application_.onCloseMainWindow);
 }

@@ -149,6 +149,7 @@ class Application {
     void recentFilesChanged() override;
     void brandingRead() override;
     void load_xsetup() override;
+    void setupChosen() override;
     void scaleDrawing(float factor) override;
     void closeMainWindow() override;
     void importDxf(const std::string& path) override;

@@ -6,9 +6,11 @@
 #include <QGuiApplication>
 #include <QScreen>
 #include <QSysInfo>
+#include <QTimer>
 #include <iostream>
 #include <optional>
 
+#include "core/file_system.h"
 #include "core/lifecycle.h"
 #include "core/version.h"
 #include "shell/automation/reports.h"
@@ -94,6 +96,34 @@ void DesktopProgram::finishFirstStart() {
   });
 }
 
+bool DesktopProgram::takeFile(const std::string& file) {
+  if (failed_ || gateway_.isBusy() || QApplication::activeModalWidget() != nullptr) return false;
+  QTimer::singleShot(0, &window_, [this, file] {
+    window_.setWindowState(window_.windowState() & ~Qt::WindowMinimized);
+    window_.raise();
+    window_.activateWindow();
+    // A bare name may mean one of the drawings.
+    const std::string drawings = application_.store.drawingpath;
+    gateway_.enter("frmMain.takeFile(file)", [&] {
+      drop({file, drawings + std::string(fileNameOf(file))});
+    });
+  });
+  return true;
+}
+
+// Nothing is said while there is something to take; other files beside it are passed over.
+void DesktopProgram::drop(const std::vector<std::string>& names) {
+  const bool any = droppedFile(names).has_value();
+  dropFiles(application_.session, names);
+  if (any || names.empty()) return;
+  prompts_.showMessage({.text = names.size() == 1
+                                    ? names.front() + " is neither a drawing nor a DXF file."
+                                    : "None of these files is a drawing or a DXF file.",
+                        .title = application_.session.productname,
+                        .icon = MessageIcon::Information,
+                        .buttons = MessageButtons::Ok});
+}
+
 int DesktopProgram::serve() {
   return failed_ ? kExitFailed : QApplication::exec();
 }
@@ -155,9 +185,7 @@ void DesktopProgram::wireWindow() {
     gateway_.enter("unload", [this] { application_.unload(); });
     QApplication::quit();
   };
-  window_.onFilesDropped = [this](const std::vector<std::string>& paths) {
-    dropFiles(application_.session, paths);
-  };
+  window_.onFilesDropped = [this](const std::vector<std::string>& paths) { drop(paths); };
   window_.toolBars().onMenuCommand = [this] { armMenuGuard(application_.interaction.context); };
   // The command that asked for it comes to its end first.
   application_.onCloseMainWindow = [this] {

@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QDateTime>
 #include <QEventLoop>
+#include <QFile>
 #include <QKeyEvent>
 #include <QPointer>
 #include <QThread>
@@ -179,6 +180,11 @@ void DesktopSurroundings::serveEvents() {
 
 void DesktopSurroundings::beep() {
   QApplication::beep();
+}
+
+Trash DesktopSurroundings::moveToTrash(const std::string& path) {
+  QFile file(QString::fromStdString(path));
+  return file.moveToTrash() ? Trash::Taken : Trash::Failed;
 }
 
 namespace {
