@@ -28,6 +28,8 @@ class SurfaceWidget : public QWidget {
   bool handleKey(const QKeyEvent& key) { return onKey && onKey(key); }
   // The picture is empty after the window moved to a screen of another density.
   std::function<void()> onPictureLost;
+  // The frame that was requested has come. Without it none can be.
+  std::function<void()> onFrame;
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -43,6 +45,7 @@ class SurfaceWidget : public QWidget {
   void report(const PointerHandler& handler, int button, const QMouseEvent& event);
   void updateDevicePixels(const QRect& box);
   bool followDensity();
+  bool requestFrame();
 
   RasterSurface drawing_;
   QRect painted_;  // in device pixels, since the last paint event
