@@ -10,6 +10,7 @@
 #include "shell/qt/main_window.h"
 #include "shell/qt/paper.h"
 #include "shell/qt/ports.h"
+#include "shell/qt/theme_menu.h"
 
 namespace tess {
 
@@ -17,9 +18,9 @@ class DesktopProgram {
  public:
   // `appfolder` ends with a separator. The toolkit's application exists already.
   // `jetReader` reads Jet databases; "" for none. `userfolder` keeps what belongs to this user
-  // alone; "": nothing is kept.
+  // alone; "": nothing is kept. `help` is what the help menu shows.
   explicit DesktopProgram(const std::string& appfolder, const std::string& jetReader = {},
-                          const std::string& userfolder = {});
+                          const std::string& userfolder = {}, const HelpFiles& help = {});
 
   // Shows the main window and loads as at the program's start, with the drawing named, "" for none.
   // A first start asks for the control and the units. False when the program cannot go on.
@@ -30,12 +31,14 @@ class DesktopProgram {
   Application& application() { return application_; }
   MainWindow& window() { return window_; }
   SurfaceWidget& surface() { return surface_; }
+  ThemeMenu& theme() { return theme_; }
   Gateway& gateway() { return gateway_; }
 
  private:
   void finishFirstStart();
   void wirePlatform();
   void wireSurface();
+  void pan(PanPhase phase, Point at);
   void wireWindow();
   void end(const std::string& line);
 
@@ -57,6 +60,7 @@ class DesktopProgram {
   QtPaper paper_;
   Application application_;
   MainWindow window_;
+  ThemeMenu theme_;
   bool failed_ = false;
 };
 
