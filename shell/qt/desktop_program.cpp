@@ -171,6 +171,9 @@ void DesktopProgram::wireSurface() {
   surface_.onPictureLost = [this] {
     gateway_.enter("redraw", [&] { application_.interaction.redraw.redrawscreen(); });
   };
+  surface_.onFrame = [this] {
+    gateway_.pass("redraw", [&] { application_.interaction.redraw.paintFrame(); });
+  };
 }
 
 void DesktopProgram::pan(PanPhase phase, Point at) {

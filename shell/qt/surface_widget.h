@@ -38,6 +38,8 @@ class SurfaceWidget : public QWidget {
   bool handleKey(const QKeyEvent& key);
   // The picture is empty after the window moved to a screen of another density.
   std::function<void()> onPictureLost;
+  // The frame that was requested has come. Without it none can be.
+  std::function<void()> onFrame;
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -60,6 +62,7 @@ class SurfaceWidget : public QWidget {
   void pan(PanPhase phase, const QMouseEvent& event);
   void updateDevicePixels(const QRect& box);
   bool followDensity();
+  bool requestFrame();
 
   RasterSurface drawing_;
   QRect painted_;  // in device pixels, since the last paint event
