@@ -1,10 +1,12 @@
 // Import DXF.
 #include "import/frmDXF.h"
 
+#include "core/count_text.h"
 #include "core/drawing_store.h"
 #include "core/file_system.h"
 #include "core/lifecycle.h"
 #include "core/text.h"
+#include "geometry/open_outlines.h"
 #include "import/import_commands.h"
 #include "import/remembered_options.h"
 
@@ -135,8 +137,18 @@ void frmDXF::finish(const DxfRows& rows, Change& change) {
     alignRows(change, context_.store, rows.first(), context_.store.NumSegments);
   }
   change.keep({.redraws = false});
+  tellImported(rows.first());
   showDrawing();
   close();
+}
+
+void frmDXF::tellImported(int first) {
+  const int last = context_.store.NumSegments;
+  std::string text = countText(last - first + 1, "row") + " imported";
+  if (const int open = openOutlines(context_.store, first, last); open > 0) {
+    text += ", " + countText(open, "outline") + " open";
+  }
+  context_.session.results.tell(text);
 }
 
 void frmDXF::showDrawing() {

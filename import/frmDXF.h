@@ -47,6 +47,7 @@ class frmDXF : public Form {
   void showUnconverted(const DxfRows& rows);
   void finish(const DxfRows& rows, Change& change);
   void showDrawing();
+  void tellImported(int first);  // the rows from that one on
   DxfImportOptions options() const;
 
   DraftingContext& context_;

@@ -18,6 +18,7 @@
 #include "shell/error_reporting.h"
 #include "shell/frmPDFHelp.h"
 #include "shell/interaction.h"
+#include "shell/operator_guide.h"
 #include "shell/path_totals.h"
 #include "shell/proof_watch.h"
 
@@ -76,6 +77,11 @@ class Application {
   bool move(const PointerEvent& event);
   bool release(const PointerEvent& event);
   bool wheel(int steps, int shift);
+  // The pointer has left the drawing.
+  void leave();
+  // A position typed in the place of a click with that button; gives back what is wrong with it, ""
+  // when the click was made.
+  std::string typePosition(std::string_view text, int button = kLeftButton);
   bool guarded(std::string_view entry, const std::function<void()>& run);
 
   // From now on unsaved work is written down as it comes about. First the operator is asked about
@@ -148,6 +154,7 @@ class Application {
   void wireTools();
   void wireProof();
   void wirePaper();
+  bool enter(std::string_view entry, const std::function<void()>& run);
   void showPropertiesAndTool();
   void showFigures();
 
@@ -163,6 +170,7 @@ class Application {
   HandOver handOver;
   CncViewer viewer;
   PathTotals pathTotals{session, definition, interaction.context.changes, interaction.statusBar};
+  OperatorGuide guide{session, interaction};
 
  private:
   std::unique_ptr<EditJournal> journal_;

@@ -51,6 +51,7 @@ DesktopProgram::DesktopProgram(const std::string& appfolder, const std::string& 
   wireSurface();
   wireWindow();
   window_.toolBars().addSubmenu("miOptions", theme_.menu());
+  wireGuide();
   // Before the window is shown and a layout read, which may have closed it.
   application_.interaction.tools.openBand("barPathProof");
 }
@@ -105,7 +106,9 @@ void DesktopProgram::wireSurface() {
   surface_.onWheel = [this](int steps, int shift) {
     gateway_.enter("wheel", [&] { application_.wheel(steps, shift); });
   };
+  surface_.onLeave = [this] { gateway_.enter("leave", [&] { application_.leave(); }); };
   surface_.onKey = [this](const QKeyEvent& key) {
+    if (window_.guideBar().position().begin(key)) return true;
     const std::optional<KeyStroke> stroke = keyStroke(key);
     if (stroke) gateway_.enter("key", [&] { application_.key(*stroke); });
     return stroke.has_value();
@@ -113,6 +116,22 @@ void DesktopProgram::wireSurface() {
   surface_.onPictureLost = [this] {
     gateway_.enter("redraw", [&] { application_.interaction.redraw.redrawscreen(); });
   };
+}
+
+void DesktopProgram::wireGuide() {
+  GuideBar& guide = window_.guideBar();
+  guide.onPosition = [this](const std::string& text, bool rightButton) {
+    std::string trouble;
+    gateway_.enter("position", [&] {
+      trouble = application_.typePosition(text, rightButton ? kRightButton : kLeftButton);
+    });
+    return trouble;
+  };
+  guide.onLog = [this] { return application_.session.results.log(); };
+  application_.session.results.onTold = [this, &guide] {
+    guide.showResult(QString::fromStdString(application_.session.results.told().back().text));
+  };
+  pointer_.mayTakeFocus = [&guide] { return !guide.position().isWriting(); };
 }
 
 void DesktopProgram::wireWindow() {

@@ -39,6 +39,7 @@ class DesktopProgram {
   void wirePlatform();
   void wireSurface();
   void wireWindow();
+  void wireGuide();
   void end(const std::string& line);
 
   std::string appfolder_;

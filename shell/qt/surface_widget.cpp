@@ -110,6 +110,11 @@ void SurfaceWidget::wheelEvent(QWheelEvent* event) {
   if (steps != 0 && onWheel) onWheel(steps, shiftOf(event->modifiers()));
 }
 
+void SurfaceWidget::leaveEvent(QEvent* event) {
+  QWidget::leaveEvent(event);
+  if (!dragging_ && onLeave) onLeave();
+}
+
 void SurfaceWidget::keyPressEvent(QKeyEvent* event) {
   if (!handleKey(*event)) QWidget::keyPressEvent(event);
 }

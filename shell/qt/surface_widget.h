@@ -23,6 +23,7 @@ class SurfaceWidget : public QWidget {
   // began before goes on and ends, or a button would seem to stay down.
   PointerHandler onPress, onMove, onRelease;
   std::function<void(int steps, int shift)> onWheel;
+  std::function<void()> onLeave;  // the pointer is no longer over it
   // A key; false when it has no meaning here.
   std::function<bool(const QKeyEvent& key)> onKey;
   bool handleKey(const QKeyEvent& key) { return onKey && onKey(key); }
@@ -36,6 +37,7 @@ class SurfaceWidget : public QWidget {
   void mouseMoveEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
+  void leaveEvent(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   bool focusNextPrevChild(bool /*next*/) override { return false; }  // Tab is a command here
 
