@@ -83,6 +83,7 @@
   SETTING(visualgridf, Int16, S, "visual grid f", Default, Plain)                            \
   SETTING(cursorgrid, float, S, "cursor grid", Default, Plain)                               \
   SETTING(cursorgridf, Int16, S, "cursor grid f", Default, Plain)                            \
+  SETTING(hoverpreview, Flag, S, "hover preview", Live, WhenSet)                             \
   SETTING(units, std::string, T, "units of measure", Both, Upper)                            \
   COLOR(1, "background color")                                                               \
   COLOR(2, "stock color")                                                                    \

@@ -204,6 +204,7 @@ bool SurfaceWidget::handleKey(const QKeyEvent& key) {
 void SurfaceWidget::leaveEvent(QEvent* event) {
   carryOutWaiting();
   QWidget::leaveEvent(event);
+  if (!dragging_ && !panning_ && onLeave) onLeave();
 }
 
 void SurfaceWidget::keyPressEvent(QKeyEvent* event) {

@@ -33,6 +33,7 @@ class SurfaceWidget : public QWidget {
   std::function<bool()> wantsEachMotion, sumsTurns;
   // While a command runs nothing that waited is reported.
   std::function<bool()> isBusy;
+  std::function<void()> onLeave;  // the pointer is no longer over it
   // A key; false when it has no meaning here.
   std::function<bool(const QKeyEvent& key)> onKey;
   bool handleKey(const QKeyEvent& key);

@@ -337,6 +337,19 @@ TEST_F(SetupFile, TheHighestSpindleSpeedIsWrittenOnlyWhenItIsSet) {
   EXPECT_EQ(store.highestspindle, 0) << "a setup that does not tell it has none";
 }
 
+TEST_F(SetupFile, TheHoverPreviewIsWrittenOnlyWhenItIsOn) {
+  read(wholeSetup());
+  EXPECT_FALSE(store.hoverpreview);
+  EXPECT_THAT(written(), Not(HasSubstr("hover preview")));
+  store.hoverpreview = true;
+  EXPECT_THAT(written(), HasSubstr("\r\nhover preview =-1\r\nunits of measure"));
+  read("hover preview =-1\r\n");
+  EXPECT_TRUE(store.hoverpreview);
+  EXPECT_TRUE(test.messages().empty());
+  read(wholeSetup());
+  EXPECT_FALSE(store.hoverpreview) << "a setup that does not tell it does without";
+}
+
 TEST_F(SetupFile, TruePathsAreWrittenOnlyWhenTheyAreOn) {
   read(wholeSetup());
   EXPECT_FALSE(store.cfg_true_paths);
