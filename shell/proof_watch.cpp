@@ -5,6 +5,7 @@
 
 #include "cnc/program_motions.h"
 #include "core/drawing_store.h"
+#include "toolpath/entry_moves.h"
 
 namespace tess {
 namespace {
@@ -60,6 +61,7 @@ ProofWatch::Circumstances ProofWatch::circumstances() const {
   Circumstances found{store.cfg_tolerance, store.zstartpos, store.partdimy,
                       isMetric(store) ? 1.0 : 0.0, static_cast<double>(session_.pathJobs.notes())};
   const MotionRules rules = motionRules(definition_.dialect);
+  found.push_back(wantsEntries(store) ? 1 : 0);
   found.push_back(rules.safeChange ? 1 : 0);
   found.push_back(rules.plungeFrom ? static_cast<double>(*rules.plungeFrom) : store.zstartpos);
   for (int tool = 0; tool <= kLastTool; ++tool) found.push_back(store.toolradius[tool]);

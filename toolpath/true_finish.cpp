@@ -14,6 +14,7 @@
 #include "geometry/row_entity.h"
 #include "toolpath/chain_walk.h"
 #include "toolpath/element_offset.h"
+#include "toolpath/entry_moves.h"
 #include "toolpath/job_walls.h"
 #include "toolpath/lead_gouge.h"
 #include "toolpath/path_groups.h"
@@ -418,6 +419,12 @@ void placeTrueFinish(CamContext& cam, const TrueFinishRequest& request) {
   const Chain chain = chainFrom(store, request.sg, start);
   const auto field = fieldOf(cam, chain, {request.sg, start, request.reference});
   if (!field || !pathIsPossible(cam, *field)) return;
+  EntryPlacing entries(
+      cam, kCommand,
+      {.isClear = [&field](const Curve& curve,
+                           double distance) { return field->isClear(curve, distance); },
+       .distance = passDistance(store, 1)});
+  if (!entries.isPossible()) return;
   PassMaker maker(cam, *field);
   Change change(cam.changes);
   const std::vector<PathLevel> levels = levelsOf(store, several, store.cfg_finish_feedrate);
@@ -429,13 +436,14 @@ void placeTrueFinish(CamContext& cam, const TrueFinishRequest& request) {
     const std::vector<Entity> rows = maker.rowsAt(distance, links);
     store.currentpathgroup = nextPathGroup(store);
     const int index = pathInsertIndex(store, cam.pathInsertMode, cam.pathInsertGroup);
-    placeAtLevels(cam, change, index, rows, levels);
+    if (!entries.place(change, index, rows, levels)) return;
     noteJob(cam, JobKind::Contour, distance, walls);
   }
   change.keep({.redraws = false});
   cam.context.state.setPendingaction(0);
   showPlacedPaths(cam);
   tellWhatFailed(cam, kCommand, maker.refused());
+  entries.tell();
 }
 
 }  // namespace tess

@@ -16,6 +16,7 @@
 #include "display/pointer.h"
 #include "drafting/change.h"
 #include "geometry/row_entity.h"
+#include "toolpath/entry_moves.h"
 #include "toolpath/path_groups.h"
 #include "toolpath/path_levels.h"
 #include "toolpath/path_placement.h"
@@ -156,9 +157,9 @@ RegionRows rowsOf(const RoughingField& field, const JobMeasures& job, const Room
 }
 
 // Clears, unless the operator ends it before the first row is placed: then all is as it was.
-// Whether a part of the path was refused; nothing for work that was ended.
-std::optional<bool> unlessCancelled(CamContext& cam,
-                                    const std::function<bool(CancellableWork&)>& clear) {
+// Whether a part of the path was refused; nothing when none was placed.
+std::optional<bool> unlessCancelled(
+    CamContext& cam, const std::function<std::optional<bool>(CancellableWork&)>& clear) {
   try {
     CancellableWork work(cam.context.session.host.surroundings);
     return clear(work);
@@ -167,6 +168,16 @@ std::optional<bool> unlessCancelled(CamContext& cam,
     cam.context.statusBar.setText("Cancelled. Nothing was placed.");
     return std::nullopt;
   }
+}
+
+EntryPlacing entryPlacing(CamContext& cam, const RoughingField& field, const JobMeasures& job) {
+  const PocketRegion& region = field.region;
+  return {cam,
+          kCommand,
+          {.isClear = [&region](const Curve& curve,
+                                double distance) { return region.isClear(curve, distance); },
+           .distance = job.distance,
+           .tracks = &field.offset.region}};
 }
 
 RoomWay::Rules wayRules(const DrawingStore& store, const JobMeasures& job) {
@@ -185,8 +196,8 @@ bool linesHaveLevels(const DrawingStore& store) {
   return -std::abs(store.cfg_start_depth) >= roughingFloor(store);
 }
 
-bool cutByLines(CamContext& cam, const RoughingField& field, const JobMeasures& job,
-                CancellableWork& work) {
+std::optional<bool> cutByLines(CamContext& cam, const RoughingField& field, const JobMeasures& job,
+                               EntryPlacing& entries, CancellableWork& work) {
   const DrawingStore& store = cam.store;
   cam.context.statusBar.setText("Collecting Roughing Points    ");
   work.breathe();
@@ -199,7 +210,7 @@ bool cutByLines(CamContext& cam, const RoughingField& field, const JobMeasures& 
   const std::vector<PathLevel> levels =
       levelsOf(store, linesHaveLevels(store), store.cfg_rough_feedrate);
   cam.currentZ = levels.back().z;
-  placeAtLevels(cam, change, store.NumPathSegments + 1, rows.rows(), levels);
+  if (!entries.place(change, store.NumPathSegments + 1, rows.rows(), levels)) return std::nullopt;
   change.keep({.redraws = false});
   return rows.refused();
 }
@@ -278,15 +289,18 @@ void roughTruePocket(CamContext& cam) {
   const double lines = lineCount(field->offset.region, scanStyle(cam.store), job.step);
   if (!stepIsLargeEnough(cam, job, lines)) return;
   std::optional<bool> refused = false;
+  EntryPlacing entries = entryPlacing(cam, *field, job);
   if (turning) {
     cutByLathe(cam, *field, job);
   } else {
+    if (!entries.isPossible()) return;
     refused = unlessCancelled(
-        cam, [&](CancellableWork& work) { return cutByLines(cam, *field, job, work); });
+        cam, [&](CancellableWork& work) { return cutByLines(cam, *field, job, entries, work); });
   }
   if (!refused) return;
   showPlacedPaths(cam);
   tellWhatFailed(cam, kCommand, *refused || !field->offset.lost.empty());
+  entries.tell();
   if (!turning) tellWhatIsLeft(cam, *field, job);
 }
 
@@ -343,8 +357,8 @@ RegionRows finishRows(const RoughingField& field, const JobMeasures& job, PlaneP
   return rowsOf(field, {job.radius, job.radius, job.step}, way);
 }
 
-bool cutByRings(CamContext& cam, const RoughingField& field, const JobMeasures& job, Point click,
-                CancellableWork& work) {
+std::optional<bool> cutByRings(CamContext& cam, const RoughingField& field, const JobMeasures& job,
+                               Point click, EntryPlacing& entries, CancellableWork& work) {
   const DrawingStore& store = cam.store;
   RoomWay way(field.region, wayRules(store, job));
   const RingRules rules{
@@ -364,7 +378,7 @@ bool cutByRings(CamContext& cam, const RoughingField& field, const JobMeasures& 
       levelsOf(store, ringsHaveLevels(store), store.cfg_finish_feedrate);
   cam.currentZ = levels.back().z;
   const int index = pathInsertIndex(store, cam.pathInsertMode, cam.pathInsertGroup);
-  placeAtLevels(cam, change, index, rows, levels);
+  if (!entries.place(change, index, rows, levels)) return std::nullopt;
   change.keep({.redraws = false});
   return refused;
 }
@@ -386,11 +400,15 @@ void ringTruePocket(CamContext& cam, Point click) {
   const auto field = fieldOf(cam, job);
   if (!field) return;
   if (!stepIsLargeEnough(cam, job, ringCount(field->offset.region, job.step))) return;
-  const std::optional<bool> refused = unlessCancelled(
-      cam, [&](CancellableWork& work) { return cutByRings(cam, *field, job, click, work); });
+  EntryPlacing entries = entryPlacing(cam, *field, job);
+  if (!entries.isPossible()) return;
+  const std::optional<bool> refused = unlessCancelled(cam, [&](CancellableWork& work) {
+    return cutByRings(cam, *field, job, click, entries, work);
+  });
   if (!refused) return;
   showPlacedPaths(cam);
   tellWhatFailed(cam, kCommand, *refused || !field->offset.lost.empty());
+  entries.tell();
   if (!cam.store.cfg_auto_place_finish_path) tellWhatIsLeft(cam, *field, job);
 }
 
