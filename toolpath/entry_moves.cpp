@@ -12,9 +12,7 @@
 #include "core/number_text.h"
 #include "core/pocketing_choices.h"
 #include "core/rounding.h"
-#include "drafting/change.h"
 #include "geometry/row_entity.h"
-#include "toolpath/cleared_ground.h"
 #include "toolpath/entry_holes.h"
 #include "toolpath/entry_shapes.h"
 #include "toolpath/proof_groups.h"
@@ -73,6 +71,12 @@ std::vector<GroundCut> tableCuts(const DrawingStore& store, int rows) {
   return cuts;
 }
 
+GroundCut cutOf(const PathRow& row, double radius) {
+  GroundCut cut{{}, radius, static_cast<double>(row.z)};
+  if (row.z < 0) appendCurves(entityOf(row), cut.curves);
+  return cut;
+}
+
 std::vector<DrilledHole> holesOf(const DrawingStore& store, int rows) {
   std::vector<DrilledHole> holes;
   for (int ps = 1; ps <= rows; ++ps) {
@@ -122,10 +126,8 @@ class LevelGround {
   static std::vector<GroundCut> joined(std::vector<GroundCut> cuts, const LevelRows& rows,
                                        double radius) {
     for (const PathRow& row : rows) {
-      GroundCut& cut = cuts.emplace_back();
-      appendCurves(entityOf(row), cut.curves);
-      cut.radius = radius;
-      cut.z = kAllTheWayDown;
+      cuts.push_back(cutOf(row, radius));
+      cuts.back().z = kAllTheWayDown;
     }
     return cuts;
   }
@@ -175,24 +177,30 @@ EntryRules rulesOf(const DrawingStore& store) {
 
 class PieceFinder {
  public:
-  // Of what the table holds before row `index`; `floor` is the deepest level of the path.
-  PieceFinder(const DrawingStore& store, const EntryField& field, const EntryRules& rules,
-              int index, double floor)
-      : field_(field), rules_(rules), before_(tableCuts(store, index - 1)), floor_(floor) {
-    const bool isPicked = rules.kind == EntryKind::HoleAtMarker;
-    if (!isPicked && rules.kind != EntryKind::NearestHole) return;
-    holes_.emplace(holesOf(store, index - 1),
+  // A path in front of row `index` of the table, and its deepest level.
+  struct Path {
+    int index = 1;
+    double floor = 0;
+  };
+  PieceFinder(const DrawingStore& store, const EntryField& field, std::vector<GroundCut> before,
+              const Path& path)
+      : field_(field), rules_(rulesOf(store)), before_(std::move(before)), floor_(path.floor) {
+    const bool isPicked = rules_.kind == EntryKind::HoleAtMarker;
+    if (!isPicked && rules_.kind != EntryKind::NearestHole) return;
+    holes_.emplace(holesOf(store, path.index - 1),
                    HoleWays::Rules{.isPicked = isPicked,
                                    .marker = {store.markerx, store.markery},
-                                   .radius = rules.radius,
-                                   .floor = floor,
+                                   .radius = rules_.radius,
+                                   .floor = path.floor,
                                    .isClear = [this](const Curve& way) { return isClear(way); },
                                    .tracks = field.tracks});
   }
   PieceFinder(const PieceFinder&) = delete;
   PieceFinder& operator=(const PieceFinder&) = delete;
 
-  std::vector<Piece> piecesOf(const LevelRows& rows) {
+  double toolRadius() const { return rules_.radius; }
+
+  std::vector<Piece> piecesOf(const LevelRows& rows, const Breathing& breathing) {
     const LevelGround ground(before_, rows, rules_.radius);
     std::vector<Piece> pieces;
     for (int row = 0; row < static_cast<int>(rows.size()); ++row) {
@@ -201,7 +209,10 @@ class PieceFinder {
       if (!goesOn) pieces.push_back({row, row, placeOf(startOf(rows, row))});
       pieces.back().end = row + 1;
     }
-    for (Piece& piece : pieces) findWay(piece, rows, ground);
+    for (Piece& piece : pieces) {
+      breathe(breathing);
+      findWay(piece, rows, ground);
+    }
     return pieces;
   }
 
@@ -392,33 +403,36 @@ class LevelWriter {
   const LevelRows& rows_;
 };
 
-// The levels with their entries; fewer than there were when the table cannot hold them.
-struct EnteredLevels {
-  std::vector<LevelRows> levels;
-  std::vector<std::string> notes;
-  std::size_t rows = 0;
-};
-
-EnteredLevels enteredLevels(const DrawingStore& store, const EntryField& field, int index,
-                            const std::vector<LevelRows>& levels) {
-  const EntryRules rules = rulesOf(store);
+double floorOf(const std::vector<LevelRows>& levels) {
   double floor = 0;
   for (const LevelRows& level : levels) {
     for (const PathRow& row : level) floor = std::min(floor, static_cast<double>(row.z));
   }
-  PieceFinder finder(store, field, rules, index, floor);
-  EnteredLevels entered;
+  return floor;
+}
+
+// Fewer levels than there were when no table can hold them.
+std::vector<LevelRows> enteredLevels(PieceFinder& finder, const EntryRules& rules,
+                                     const std::vector<LevelRows>& levels,
+                                     const Breathing& breathing) {
+  std::vector<LevelRows> entered;
   std::vector<Piece> pieces;
-  for (std::size_t k = 0; k < levels.size(); ++k) {
+  std::size_t rows = 0;
+  for (std::size_t k = 0; k < levels.size() && rows <= kMostRows; ++k) {
     const bool isCopy = k > 0 && isSameWay(levels[k], levels[k - 1]);
-    if (!isCopy) pieces = finder.piecesOf(levels[k]);
+    if (!isCopy) pieces = finder.piecesOf(levels[k], breathing);
     const double above = isCopy && !levels[k].empty() ? double{levels[k - 1].front().z} : 0;
-    entered.levels.push_back(LevelWriter(rules, levels[k]).written(pieces, above));
-    entered.rows += entered.levels.back().size();
-    if (entered.rows > kMostRows) break;
+    entered.push_back(LevelWriter(rules, levels[k]).written(pieces, above));
+    rows += entered.back().size();
   }
-  entered.notes = std::move(finder.notes);
   return entered;
+}
+
+// False, after the message.
+bool refused(CamContext& cam, const std::string& command, const std::string& text) {
+  cam.context.session.host.prompts.showMessage(
+      {.text = text, .title = command, .icon = MessageIcon::Warning});
+  return false;
 }
 
 }  // namespace
@@ -431,69 +445,69 @@ bool wantsEntries(const DrawingStore& store) {
   return store.cfg_true_paths && entryKind(store) != EntryKind::Plunge;
 }
 
-EntryPlacing::EntryPlacing(CamContext& cam, std::string command, EntryField field)
-    : cam_(cam), command_(std::move(command)), field_(std::move(field)) {}
-
-bool EntryPlacing::refuse(const std::string& text) const {
-  cam_.context.session.host.prompts.showMessage(
-      {.text = text, .title = command_, .icon = MessageIcon::Warning});
-  return false;
-}
-
-bool EntryPlacing::isPossible() const {
-  const DrawingStore& store = cam_.store;
+bool entriesArePossible(CamContext& cam, const std::string& command) {
+  const DrawingStore& store = cam.store;
   if (!wantsEntries(store)) return true;
-  const std::string rest =
-      "\n\nNothing was placed.  It is set in Pocketing & Profiling Parameters.";
+  const auto refuse = [&](const std::string& what, float number, const std::string& rule) {
+    return refused(cam, command,
+                   "The " + what + " is " + plainText(number) + ".  It must " + rule +
+                       "\n\nNothing was placed.  It is set in Pocketing & Profiling Parameters.");
+  };
   const float angle = store.cfg_entry_angle;
   if (!(angle >= kFlattest && angle <= kSteepest)) {
-    return refuse("The Ramp Angle is " + plainText(angle) +
-                  ".  It must be from 0.1 to 45 degrees." + rest);
+    return refuse("Ramp Angle", angle, "be from 0.1 to 45 degrees.");
   }
   if (!(store.cfg_entry_radius >= 0)) {
-    return refuse("The Helix Radius is " + plainText(store.cfg_entry_radius) +
-                  ".  It must not be below 0." + rest);
+    return refuse("Helix Radius", store.cfg_entry_radius, "not be below 0.");
   }
   if (!(store.cfg_entry_feedrate >= 0)) {
-    return refuse("The Entry Feed Rate is " + plainText(store.cfg_entry_feedrate) +
-                  ".  It must not be below 0." + rest);
+    return refuse("Entry Feed Rate", store.cfg_entry_feedrate, "not be below 0.");
   }
   return true;
 }
 
-bool EntryPlacing::place(Change& change, int index, std::span<const Entity> rows,
-                         std::span<const PathLevel> levels) {
-  std::vector<LevelRows> placed = rowsAtLevels(rows, levels);
-  if (wantsEntries(cam_.store)) {
-    EnteredLevels entered = enteredLevels(cam_.store, field_, index, placed);
-    if (entered.rows + cam_.store.NumPathSegments > kMostRows) {
-      return refuse(
-          "The path has too many rows with its ways into the material.\n\nNothing was "
-          "placed.  A steeper Ramp Angle needs fewer.");
-    }
-    placed = std::move(entered.levels);
-    for (std::string& note : entered.notes) {
-      if (std::find(notes_.begin(), notes_.end(), note) == notes_.end()) {
-        notes_.push_back(std::move(note));
-      }
-    }
+EntryPlanner::EntryPlanner(CamContext& cam, std::string command, EntryField field, int index,
+                           const Breathing& breathing)
+    : cam_(cam),
+      command_(std::move(command)),
+      field_(std::move(field)),
+      index_(index),
+      breathing_(breathing) {}
+
+std::optional<std::vector<LevelRows>> EntryPlanner::entered(std::vector<LevelRows> levels) {
+  if (!wantsEntries(cam_.store)) return levels;
+  std::vector<GroundCut> before = tableCuts(cam_.store, index_ - 1);
+  before.insert(before.end(), planned_.begin(), planned_.end());
+  PieceFinder finder(cam_.store, field_, std::move(before), {index_, floorOf(levels)});
+  std::vector<LevelRows> path = enteredLevels(finder, rulesOf(cam_.store), levels, breathing_);
+  for (const LevelRows& level : path) {
+    rows_ += level.size();
+    for (const PathRow& row : level) planned_.push_back(cutOf(row, finder.toolRadius()));
   }
-  placeLevels(cam_, change, index, std::move(placed));
-  return true;
+  if (rows_ + cam_.store.NumPathSegments > kMostRows) {
+    refused(cam_, command_,
+            "The path has too many rows with its ways into the material.\n\nNothing was placed.  "
+            "A steeper Ramp Angle needs fewer.");
+    return std::nullopt;
+  }
+  for (const std::string& note : finder.notes) {
+    if (std::find(notes_.begin(), notes_.end(), note) == notes_.end()) notes_.push_back(note);
+  }
+  return path;
 }
 
-void EntryPlacing::tell() const {
+void tellEntries(CamContext& cam, const std::string& command,
+                 const std::vector<std::string>& notes) {
   constexpr std::size_t kMostNotes = 5;
-  if (notes_.empty()) return;
+  if (notes.empty()) return;
   std::string text;
-  for (std::size_t k = 0; k < std::min(notes_.size(), kMostNotes); ++k) {
-    text += (k == 0 ? "" : "\n") + notes_[k];
+  for (std::size_t k = 0; k < std::min(notes.size(), kMostNotes); ++k) {
+    text += (k == 0 ? "" : "\n") + notes[k];
   }
-  if (notes_.size() > kMostNotes) {
-    text += "\nand " + std::to_string(notes_.size() - kMostNotes) + " more";
+  if (notes.size() > kMostNotes) {
+    text += "\nand " + std::to_string(notes.size() - kMostNotes) + " more";
   }
-  cam_.context.session.host.prompts.showMessage(
-      {.text = text, .title = command_, .icon = MessageIcon::Warning});
+  refused(cam, command, text);
 }
 
 }  // namespace tess

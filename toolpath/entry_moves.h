@@ -4,15 +4,17 @@
 // A piece whose start a row before it has cleared needs nothing. One that begins beside cleared
 // ground is entered from there, by one row. The others get what the setup asks for: a ramp to and
 // fro along the first row, a helix through the start, or the way from a drilled hole.
-// Owns: entryStep, wantsEntries, EntryField, EntryPlacing.
+// Owns: entryStep, wantsEntries, EntryField, entriesArePossible, EntryPlanner, tellEntries.
 #pragma once
 
 #include <functional>
-#include <span>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "core/cancellable_work.h"
 #include "toolpath/cam_context.h"
+#include "toolpath/cleared_ground.h"
 #include "toolpath/path_levels.h"
 #include "toolpath/pocket_region.h"
 
@@ -33,29 +35,35 @@ struct EntryField {
   const PocketRegion* tracks = nullptr;  // of a pocket: loops along which a way may lead
 };
 
-// Places rows at levels, each piece of them with its way in.
-class EntryPlacing {
+// False, after a message titled `command`, when the setup's numbers make no entry.
+bool entriesArePossible(CamContext& cam, const std::string& command);
+
+// Puts the ways in between the rows of a command; without entries it puts none.
+class EntryPlanner {
  public:
-  EntryPlacing(CamContext& cam, std::string command, EntryField field);
+  // The rows will come in front of row `index` of the table.
+  EntryPlanner(CamContext& cam, std::string command, EntryField field, int index,
+               const Breathing& breathing);
 
-  // False, after a message, when the setup's numbers make no entry.
-  bool isPossible() const;
+  // The rows of a path, level by level in the order of cutting, with the ways in. What was planned
+  // before is cleared then. Nothing, after a message, when the table cannot hold them.
+  std::optional<std::vector<LevelRows>> entered(std::vector<LevelRows> levels);
 
-  // The same rows at all levels, as placeLevels puts them; without entries nothing else. False,
-  // after a message and with nothing placed, when the table cannot hold the rows.
-  bool place(Change& change, int index, std::span<const Entity> rows,
-             std::span<const PathLevel> levels);
-
-  // Tells where another way in was taken than the one asked for.
-  void tell() const;
+  // Where another way in was taken than the one asked for: each once.
+  const std::vector<std::string>& notes() const { return notes_; }
 
  private:
-  bool refuse(const std::string& text) const;
-
   CamContext& cam_;
   std::string command_;
   EntryField field_;
-  std::vector<std::string> notes_;  // each once
+  int index_;
+  const Breathing& breathing_;
+  std::vector<GroundCut> planned_;
+  std::size_t rows_ = 0;
+  std::vector<std::string> notes_;
 };
+
+void tellEntries(CamContext& cam, const std::string& command,
+                 const std::vector<std::string>& notes);
 
 }  // namespace tess

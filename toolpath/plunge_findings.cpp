@@ -32,7 +32,7 @@ std::vector<const ProofGroup*> groupsOfRows(const DrawingStore& store,
 std::vector<PlungeFinding> findPlunges(const DrawingStore& store,
                                        const std::vector<ProofGroup>& groups,
                                        const std::vector<ToldMove>& moves,
-                                       std::vector<int>& unjudged) {
+                                       std::vector<int>& unjudged, const Breathing& breathing) {
   std::vector<PlungeFinding> findings;
   if (std::none_of(groups.begin(), groups.end(),
                    [](const ProofGroup& group) { return isJudged(group.kind); })) {
@@ -43,6 +43,7 @@ std::vector<PlungeFinding> findPlunges(const DrawingStore& store,
   const double least = entryStep(store) + kDepthSlack;
   int effort = 0;
   for (const ToldMove& move : moves) {
+    breathe(breathing);
     if (move.rapid || move.row == 0 || move.to.z >= 0 || move.to.z >= move.from.z) continue;
     const ProofGroup& group = *byRow[static_cast<std::size_t>(move.row)];
     if (!isJudged(group.kind)) continue;

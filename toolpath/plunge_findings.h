@@ -15,6 +15,6 @@ namespace tess {
 std::vector<PlungeFinding> findPlunges(const DrawingStore& store,
                                        const std::vector<ProofGroup>& groups,
                                        const std::vector<ToldMove>& moves,
-                                       std::vector<int>& unjudged);
+                                       std::vector<int>& unjudged, const Breathing& breathing = {});
 
 }  // namespace tess

@@ -12,6 +12,9 @@ namespace {
 
 constexpr double kNear = 0.1;  // of a limit
 
+constexpr char kNotJudged[] = "Not judged";
+constexpr char kCancelled[] = "The proof was cancelled: the path is not judged.";
+
 std::string lengthText(double length) {
   return formatNumber(static_cast<float>(length), "0.0000");
 }
@@ -158,6 +161,7 @@ std::vector<ProofPlace> worstPlaces(const PathProof& proof) {
 }
 
 std::string proofLine(const PathProof& proof) {
+  if (proof.isCancelled) return kNotJudged;
   std::string line = "In by " + lengthText(proof.gouge.depth) + "   Left " +
                      percentText(proof.share()) + "   Rapids " +
                      std::to_string(proof.rapids.size());
@@ -167,6 +171,7 @@ std::string proofLine(const PathProof& proof) {
 
 std::string worstFindings(const PathProof& proof) {
   std::string text;
+  if (proof.isCancelled) appendLine(text, kCancelled);
   if (proof.gouge.depth > proof.limits.depth) appendLine(text, gougeText(proof.gouge));
   const MissedFinding* const most = mostMissed(proof);
   if (most != nullptr && proof.share() > proof.limits.share) appendLine(text, missedText(*most));
@@ -179,6 +184,7 @@ std::string worstFindings(const PathProof& proof) {
 std::string proofText(const PathProof& proof) {
   std::string text;
   appendLine(text, proofLine(proof));
+  if (proof.isCancelled) appendLine(text, kCancelled);
   appendJobs(text, proof);
   if (proof.gouge.depth > kNear * proof.limits.depth) appendLine(text, gougeText(proof.gouge));
   for (const MissedFinding& missed : proof.missed) {

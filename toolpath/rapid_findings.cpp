@@ -196,11 +196,12 @@ class RapidSearch {
 
 std::vector<RapidFinding> findRapids(const DrawingStore& store,
                                      const std::vector<ProofGroup>& groups,
-                                     const std::vector<ToldMove>& moves,
-                                     std::vector<int>& unjudged) {
+                                     const std::vector<ToldMove>& moves, std::vector<int>& unjudged,
+                                     const Breathing& breathing) {
   RapidSearch search(store, groups, unjudged);
   const bool isLathe = hasLathe(groups);
   for (const ToldMove& move : moves) {
+    breathe(breathing);
     if (move.rapid) search.judge({move.row, *move.rapid, move.from, move.to}, isLathe);
   }
   std::stable_sort(search.findings.begin(), search.findings.end(),

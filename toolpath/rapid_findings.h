@@ -12,7 +12,7 @@ namespace tess {
 // whose rapids could not be looked at, since there are too many of them, are added to `unjudged`.
 std::vector<RapidFinding> findRapids(const DrawingStore& store,
                                      const std::vector<ProofGroup>& groups,
-                                     const std::vector<ToldMove>& moves,
-                                     std::vector<int>& unjudged);
+                                     const std::vector<ToldMove>& moves, std::vector<int>& unjudged,
+                                     const Breathing& breathing = {});
 
 }  // namespace tess
