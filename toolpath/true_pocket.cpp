@@ -18,6 +18,7 @@
 #include "toolpath/path_groups.h"
 #include "toolpath/path_levels.h"
 #include "toolpath/path_placement.h"
+#include "toolpath/path_proof.h"
 #include "toolpath/region_rows.h"
 #include "toolpath/scan_lathe.h"
 #include "toolpath/true_lines.h"
@@ -36,6 +37,11 @@ void tell(CamContext& cam, const std::string& title, const std::string& text) {
       {.text = text, .title = title, .icon = MessageIcon::Warning});
 }
 
+// Scripts can set what no form takes.
+std::string figureText(double value) {
+  return std::isnan(value) ? "not a number" : plainText(narrow(value));
+}
+
 std::string placeText(PlanePoint at) {
   return "X = " + plainText(roundTo(narrow(at.x), kDecimals)) +
          ", Y = " + plainText(roundTo(narrow(at.y), kDecimals));
@@ -50,6 +56,7 @@ bool isTurning(const DrawingStore& store) {
 // Radius, distance from the walls and step of a job.
 struct JobMeasures {
   double radius = 0, distance = 0, step = 0;
+  double rounding = 0;  // the most by which rows may be off
 };
 
 // A clearance below 0 would cut into the part.
@@ -57,17 +64,17 @@ JobMeasures measuresOf(const DrawingStore& store) {
   const bool turning = isTurning(store);
   const double clearance = std::max(0.0F, float{store.cfg_min_rough_clearance});
   const double radius = turning ? 0.0 : double{store.toolradius[store.selectedtool]};
-  return {radius, radius + clearance, stepOverDistance(store, turning)};
+  return {radius, radius + clearance, stepOverDistance(store, turning), proofLimits(store).depth};
 }
 
 bool measuresAreSound(CamContext& cam, const JobMeasures& job) {
   if (!isTurning(cam.store) && !(job.radius > 0)) {
-    tellRadius(cam, kCommand, narrow(job.radius));
+    tellRadius(cam, kCommand, static_cast<float>(job.radius));
     return false;
   }
   if (job.step > 0) return true;
   tell(cam, kCommand,
-       "The Step Over Amount is " + plainText(narrow(job.step)) +
+       "The Step Over Amount is " + figureText(job.step) +
            ".  It must be above 0.\n\nNothing was placed.  It is set in Pocketing & Profiling "
            "Parameters.");
   return false;
@@ -163,6 +170,7 @@ struct RoughingPlan {
 void addRows(const RoughingField& field, const JobMeasures& job, const RoomWay& way,
              const Breathing& breathing, RoughingPlan& plan) {
   RegionRows rows(field.region, job.distance, breathing);
+  rows.setRoundingLimit(job.rounding);
   for (const std::vector<Curve>& run : way.runs()) rows.add(run);
   plan.rows.insert(plan.rows.end(), rows.rows().begin(), rows.rows().end());
   plan.failed |= rows.refused();
@@ -295,7 +303,7 @@ double stepOverDistance(const DrawingStore& store, bool turning) {
 
 void tellRadius(CamContext& cam, const std::string& command, float radius) {
   tell(cam, command,
-       "The radius of the selected tool is " + plainText(radius) +
+       "The radius of the selected tool is " + figureText(radius) +
            ".  It must be above 0.\n\nNothing was placed.");
 }
 
@@ -377,7 +385,7 @@ void addFinish(const RoughingField& field, const JobMeasures& job, PlanePoint fr
       way.cut(loopFrom(loop, nearestPlace(loop, way.place())), /*linked=*/false);
     }
   }
-  addRows(field, {job.radius, job.radius, job.step}, way, breathing, plan);
+  addRows(field, {job.radius, job.radius, job.step, job.rounding}, way, breathing, plan);
 }
 
 // Half the way across the offset is the longest that rings can have to go.
