@@ -119,31 +119,32 @@ std::optional<RoughingField> fieldOf(CamContext& cam, const JobMeasures& job,
   return field;
 }
 
-// Places where the finish path goes and roughing does not come near. The corners of an offset lie
-// some clearances from those of another; a neck or a room that only the finish path enters lies
-// farther.
+// Where roughing does not come near. The corners of an offset lie some clearances from those of
+// another; a neck or a room that only the finish path enters lies farther.
+bool isLeftForFinish(const RoughingField& field, const JobMeasures& job, PlanePoint at) {
+  const double farthest = 4 * (job.distance - job.radius) + job.radius / 10;
+  const PocketRegion& roughed = field.offset.region;
+  return !roughed.index().nearest(lineCurve(at, at), farthest) && !roughed.isFree(at);
+}
+
+// One place of each stretch of the finish path of which nothing is roughed.
 std::vector<PlanePoint> placesForFinish(const RoughingField& field, const JobMeasures& job,
                                         const Breathing& breathing) {
   constexpr std::size_t kMostPlaces = 5;
-  const double farthest = 4 * (job.distance - job.radius) + job.radius / 10;
   std::vector<PlanePoint> places;
   if (job.distance <= job.radius) return places;
-  const PocketRegion finish = fittedOffset(field.region, job.radius, breathing).region;
-  const auto isLeft = [&](PlanePoint at) {
-    return !field.offset.region.index().nearest(lineCurve(at, at), farthest).has_value() &&
-           !field.offset.region.isFree(at);
+  const auto isNew = [&](PlanePoint at) {
+    return std::none_of(places.begin(), places.end(),
+                        [&](PlanePoint other) { return normOf(other - at) < 4 * job.radius; });
   };
+  const PocketRegion finish = fittedOffset(field.region, job.radius, breathing).region;
   for (const RegionLoop& loop : finish.loops()) {
     bool wasLeft = false;
     for (const Curve& curve : loop.curves) {
       breathe(breathing);
       const PlanePoint at = pointAt(curve, 0.5);
-      const bool left = isLeft(at);
-      const bool isNew =
-          left && !wasLeft && std::none_of(places.begin(), places.end(), [&](PlanePoint other) {
-            return normOf(other - at) < 4 * job.radius;
-          });
-      if (isNew) places.push_back(at);
+      const bool left = isLeftForFinish(field, job, at);
+      if (left && !wasLeft && isNew(at)) places.push_back(at);
       if (places.size() == kMostPlaces) return places;
       wasLeft = left;
     }
@@ -368,34 +369,24 @@ bool ringsHaveLevels(const DrawingStore& store) {
   return -std::abs(store.cfg_start_depth) > roughingFloor(store);
 }
 
+// Of the curve that is nearest to a place, the first of several.
+PlanePoint directionNear(const std::vector<Curve>& curves, PlanePoint at) {
+  const auto nearest = std::min_element(
+      curves.begin(), curves.end(),
+      [at](const Curve& a, const Curve& b) { return distanceTo(a, at) < distanceTo(b, at); });
+  if (nearest == curves.end()) return {};
+  return directionAt(*nearest, shareOf(*nearest, nearestOn(*nearest, at).at));
+}
+
 // Against the loops, which run with free space on their left: for conventional milling, and where
 // the row at the click runs so.
 bool ringsRunBack(const CamContext& cam, const PocketRegion& region, Point click) {
   if (cuttingMode(cam.store) == CuttingMode::Conventional) return true;
   if (cuttingMode(cam.store) == CuttingMode::Climb) return false;
   const PlanePoint at{click.x, click.y};
-  const std::vector<Entity> rows = verifiedOutlines(cam.store);
-  double nearest = std::numeric_limits<double>::infinity();
-  PlanePoint drawn, loop;
-  std::vector<Curve> curves;
-  for (const Entity& row : rows) {
-    curves.clear();
-    appendCurves(row, curves);
-    for (const Curve& curve : curves) {
-      const double distance = distanceTo(curve, at);
-      if (distance >= nearest) continue;
-      nearest = distance;
-      drawn = directionAt(curve, shareOf(curve, nearestOn(curve, at).at));
-    }
-  }
-  nearest = std::numeric_limits<double>::infinity();
-  for (const Curve& wall : region.walls()) {
-    const double distance = distanceTo(wall, at);
-    if (distance >= nearest) continue;
-    nearest = distance;
-    loop = directionAt(wall, shareOf(wall, nearestOn(wall, at).at));
-  }
-  return dot(drawn, loop) < 0;
+  std::vector<Curve> drawn;
+  for (const Entity& row : verifiedOutlines(cam.store)) appendCurves(row, drawn);
+  return dot(directionNear(drawn, at), directionNear(region.walls(), at)) < 0;
 }
 
 // One more pass along the walls, in the direction of climb milling.
