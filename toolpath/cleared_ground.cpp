@@ -79,7 +79,6 @@ std::vector<int> ClearedGround::cutsNear(const SweptCurve& swept, int before) co
   std::vector<int> near;
   index_.rowsOverlapping(grown(boxOf(swept.curve), swept.radius), /*after=*/0, near);
   near.erase(std::lower_bound(near.begin(), near.end(), before), near.end());
-  const auto wayOf = [this](int cut) { return ways_[static_cast<std::size_t>(cut) - 1]; };
   const auto depthOf = [this](int cut) { return cuts_[static_cast<std::size_t>(cut) - 1].z; };
   std::sort(near.begin(), near.end(), [&](int a, int b) {
     return wayOf(a) != wayOf(b) ? wayOf(a) < wayOf(b) : depthOf(a) < depthOf(b);
@@ -89,15 +88,25 @@ std::vector<int> ClearedGround::cutsNear(const SweptCurve& swept, int before) co
   return near;
 }
 
-std::optional<PlanePoint> ClearedGround::untakenBy(const std::vector<int>& cuts,
-                                                   const SweptCurve& swept, double z,
-                                                   int& effort) const {
+std::vector<SweptCurve> ClearedGround::takenNear(const SweptCurve& swept, double z,
+                                                 int before) const {
+  return takenBy(cutsNear(swept, before), z);
+}
+
+std::vector<SweptCurve> ClearedGround::takenBy(const std::vector<int>& cuts, double z) const {
   std::vector<SweptCurve> taken;
   for (const int number : cuts) {
     const GroundCut& cut = cuts_[static_cast<std::size_t>(number) - 1];
     if (cut.z > z + kSameDepth) continue;
     for (const Curve& curve : cut.curves) taken.push_back({curve, cut.radius + kRounding});
   }
+  return taken;
+}
+
+std::optional<PlanePoint> ClearedGround::untakenBy(const std::vector<int>& cuts,
+                                                   const SweptCurve& swept, double z,
+                                                   int& effort) const {
+  const std::vector<SweptCurve> taken = takenBy(cuts, z);
   const Box box = grown(boxOf(swept.curve), swept.radius);
   constexpr int kLevels = 50;
   std::vector<Span> wanted, had, left;
