@@ -337,6 +337,19 @@ TEST_F(SetupFile, TheHighestSpindleSpeedIsWrittenOnlyWhenItIsSet) {
   EXPECT_EQ(store.highestspindle, 0) << "a setup that does not tell it has none";
 }
 
+TEST_F(SetupFile, TheHoverPreviewIsWrittenOnlyWhenItIsOn) {
+  read(wholeSetup());
+  EXPECT_FALSE(store.hoverpreview);
+  EXPECT_THAT(written(), Not(HasSubstr("hover preview")));
+  store.hoverpreview = true;
+  EXPECT_THAT(written(), HasSubstr("\r\nhover preview =-1\r\nunits of measure"));
+  read("hover preview =-1\r\n");
+  EXPECT_TRUE(store.hoverpreview);
+  EXPECT_TRUE(test.messages().empty());
+  read(wholeSetup());
+  EXPECT_FALSE(store.hoverpreview) << "a setup that does not tell it does without";
+}
+
 TEST_F(SetupFile, TruePathsAreWrittenOnlyWhenTheyAreOn) {
   read(wholeSetup());
   EXPECT_FALSE(store.cfg_true_paths);
@@ -348,6 +361,18 @@ TEST_F(SetupFile, TruePathsAreWrittenOnlyWhenTheyAreOn) {
   EXPECT_TRUE(test.messages().empty());
   read(wholeSetup());
   EXPECT_FALSE(store.cfg_true_paths) << "a setup that does not tell it does without";
+}
+
+TEST_F(SetupFile, DesktopKeysAreWrittenOnlyWhenTheyAreOn) {
+  read(wholeSetup());
+  EXPECT_FALSE(store.desktopkeys);
+  EXPECT_THAT(written(), Not(HasSubstr("desktop keys")));
+  store.desktopkeys = true;
+  EXPECT_THAT(written(), HasSubstr("\r\ndesktop keys =-1\r\nvisual grid"));
+  read("desktop keys =-1\r\n");
+  EXPECT_TRUE(store.desktopkeys);
+  read(wholeSetup());
+  EXPECT_FALSE(store.desktopkeys) << "a setup that does not tell it does without";
 }
 
 TEST_F(SetupFile, TheEntryIsWrittenAsFarAsItIsToldAndBackToThePlungeWithoutIt) {
