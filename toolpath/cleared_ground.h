@@ -40,8 +40,11 @@ class ClearedGround {
  private:
   std::vector<int> cutsNear(const SweptCurve& swept, int before) const;
   std::vector<SweptCurve> takenBy(const std::vector<int>& cuts, double z) const;
-  std::optional<PlanePoint> untakenBy(const std::vector<int>& cuts, const SweptCurve& swept,
-                                      double z, int& effort) const;
+  // In which order the levels of a sweep are looked at: upward for the lowest place that is left,
+  // scattered to find soon that there is one.
+  enum class Levels { Upward, Scattered };
+  static std::optional<PlanePoint> untakenBy(const std::vector<SweptCurve>& taken,
+                                             const SweptCurve& swept, Levels order, int& effort);
 
   std::vector<GroundCut> cuts_;
   std::vector<int> ways_;  // of the cuts
