@@ -12,7 +12,7 @@ namespace tess {
 namespace {
 
 Rgb drawColor(const DraftingContext& context) {
-  return slotColor(context.store, ColorSlot::Draw);
+  return context.renderer.look.band();
 }
 
 WorldBox fromPress(const DraftingContext& context) {

@@ -39,6 +39,8 @@ class DesktopProgram {
   void wirePlatform();
   void wireSurface();
   void pan(PanPhase phase, Point at);
+  QImage pictureForPaper();
+  void followTheme();
   void wireWindow();
   void end(const std::string& line);
 

@@ -38,6 +38,7 @@ class RasterSurface : public DrawingSurface {
   void Refresh() override;
   void Cls() override;
   void line(const WorldBox& ends, Rgb color) override;
+  void lineTwice(const WorldBox& ends, Rgb color) override;
   void box(const WorldBox& corners, Rgb color, bool filled) override;
   void arc(const WorldArc& arc, Rgb color) override;
   void text(float x, float y, const std::string& text, Rgb color) override;
