@@ -34,6 +34,7 @@ void RedrawSequence::redrawscreen(DrawingTarget* target, Flag /*ShowGrid*/,
   const Procedure here("frmMain.redrawscreen(target,ShowGrid,FillPartTemplate,DisableEvents)");
   if (target == nullptr) target = &parts_.ScreenProxy;
   if (target->screen() == nullptr) {
+    paintFrame();  // paper takes the screen's picture
     parts_.listener.PrintPreviewScreenShotWorkAround(*target);
     return;
   }
@@ -47,6 +48,16 @@ void RedrawSequence::redrawscreen(DrawingTarget* target, Flag /*ShowGrid*/,
     abandon();
     throw;
   }
+}
+
+void RedrawSequence::redrawSoon() {
+  if (awaitsFrame_) return;
+  awaitsFrame_ = parts_.ScreenProxy.surface().requestFrame();
+  if (!awaitsFrame_) redrawscreen();
+}
+
+void RedrawSequence::paintFrame() {
+  if (awaitsFrame_) redrawscreen();
 }
 
 void RedrawSequence::paintPicture(DrawingTarget& target) {
@@ -71,7 +82,7 @@ bool RedrawSequence::openPicture(DrawingTarget& target) {
   const WorldRect visible = visibleRectangle(parts_.view, span);
   target.Cls();
   if (target.screen() != nullptr) {
-    markerShown_ = false;
+    markerShown_ = awaitsFrame_ = false;
     if (tmrSoiled_) tmrSoiled_->setEnabled(false);
     if (onCleared) onCleared();
   }
