@@ -114,6 +114,7 @@ bool Application::guarded(std::string_view entry, const std::function<void()>& r
   showPropertiesAndTool();
   viewer.settle();
   settleJournal();
+  callIfSet(onSettled);
   return done;
 }
 
