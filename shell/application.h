@@ -14,10 +14,12 @@
 #include "core/session.h"
 #include "drafting/pointer_events.h"
 #include "shell/cnc_viewer.h"
+#include "shell/desktop_keys.h"
 #include "shell/edit_journal.h"
 #include "shell/error_reporting.h"
 #include "shell/frmPDFHelp.h"
 #include "shell/interaction.h"
+#include "shell/operator_guide.h"
 #include "shell/path_totals.h"
 #include "shell/program_folder.h"
 #include "shell/proof_watch.h"
@@ -78,6 +80,19 @@ class Application {
   bool move(const PointerEvent& event);
   bool release(const PointerEvent& event);
   bool wheel(int steps, int shift);
+  // The wheel at a position in drawing units: where the setup has the keys of the desktop it zooms
+  // there, while no text is being placed.
+  bool wheelAt(int steps, int shift, Point at);
+  // The view moves with the pointer from the beginning to the end of a drag, by positions in the
+  // view current at each event. Nothing begins where the setup lacks the keys of the desktop.
+  bool beginPan(Point at);
+  bool movePan(Point at);
+  bool endPan(Point at);
+  // The pointer has left the drawing.
+  void leave();
+  // A position typed in the place of a click with that button; gives back what is wrong with it, ""
+  // when the click was made.
+  std::string typePosition(std::string_view text, int button = kLeftButton);
   bool guarded(std::string_view entry, const std::function<void()>& run);
 
   // From now on unsaved work is written down as it comes about. First the operator is asked about
@@ -141,6 +156,7 @@ class Application {
     void recentFilesChanged() override;
     void brandingRead() override;
     void load_xsetup() override;
+    void setupChosen() override;
     void scaleDrawing(float factor) override;
     void closeMainWindow() override;
     void importDxf(const std::string& path) override;
@@ -156,6 +172,7 @@ class Application {
   void wireTools();
   void wireProof();
   void wirePaper();
+  bool enter(std::string_view entry, const std::function<void()>& run);
   void showPropertiesAndTool();
   void showFigures();
 
@@ -171,8 +188,10 @@ class Application {
   HandOver handOver;
   CncViewer viewer;
   PathTotals pathTotals{session, definition, interaction.context.changes, interaction.statusBar};
+  OperatorGuide guide{session, interaction};
 
  private:
+  DesktopKeyHints keyHints_{store, interaction.tools};
   std::unique_ptr<EditJournal> journal_;
 };
 

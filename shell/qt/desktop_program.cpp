@@ -6,9 +6,11 @@
 #include <QGuiApplication>
 #include <QScreen>
 #include <QSysInfo>
+#include <QTimer>
 #include <iostream>
 #include <optional>
 
+#include "core/file_system.h"
 #include "core/lifecycle.h"
 #include "core/version.h"
 #include "shell/automation/reports.h"
@@ -70,6 +72,7 @@ DesktopProgram::DesktopProgram(const std::string& appfolder, const std::string& 
   wireSurface();
   wireWindow();
   window_.toolBars().addSubmenu("miOptions", theme_.menu());
+  wireGuide();
   // Before the window is shown and a layout read, which may have closed it.
   application_.interaction.tools.openBand("barPathProof");
 }
@@ -92,6 +95,34 @@ void DesktopProgram::finishFirstStart() {
     application_.guarded("frmMain.askForControl()", [this] { askForControl(application_); });
     endFirstStart(appfolder_);
   });
+}
+
+bool DesktopProgram::takeFile(const std::string& file) {
+  if (failed_ || gateway_.isBusy() || QApplication::activeModalWidget() != nullptr) return false;
+  QTimer::singleShot(0, &window_, [this, file] {
+    window_.setWindowState(window_.windowState() & ~Qt::WindowMinimized);
+    window_.raise();
+    window_.activateWindow();
+    // A bare name may mean one of the drawings.
+    const std::string drawings = application_.store.drawingpath;
+    gateway_.enter("frmMain.takeFile(file)", [&] {
+      drop({file, drawings + std::string(fileNameOf(file))});
+    });
+  });
+  return true;
+}
+
+// Nothing is said while there is something to take; other files beside it are passed over.
+void DesktopProgram::drop(const std::vector<std::string>& names) {
+  const bool any = droppedFile(names).has_value();
+  dropFiles(application_.session, names);
+  if (any || names.empty()) return;
+  prompts_.showMessage({.text = names.size() == 1
+                                    ? names.front() + " is neither a drawing nor a DXF file."
+                                    : "None of these files is a drawing or a DXF file.",
+                        .title = application_.session.productname,
+                        .icon = MessageIcon::Information,
+                        .buttons = MessageButtons::Ok});
 }
 
 int DesktopProgram::serve() {
@@ -122,10 +153,20 @@ void DesktopProgram::wireSurface() {
   surface_.onRelease = [this](int button, int shift, float x, float y) {
     gateway_.enter("release", [&] { application_.release(pointerEvent(button, shift, x, y)); });
   };
-  surface_.onWheel = [this](int steps, int shift) {
-    gateway_.enter("wheel", [&] { application_.wheel(steps, shift); });
+  surface_.onWheel = [this](int steps, int shift, Point at) {
+    gateway_.enter("wheel", [&] { application_.wheelAt(steps, shift, at); });
   };
+  surface_.onPan = [this](PanPhase phase, Point at) {
+    gateway_.enter("pan", [&] { pan(phase, at); });
+  };
+  surface_.wantsEachMotion = [this] {
+    return application_.interaction.context.pointer.SkipPointerUpdate;
+  };
+  surface_.sumsTurns = [this] { return application_.interaction.navigation.wheelZooms(); };
+  surface_.isBusy = [this] { return gateway_.isBusy(); };
+  surface_.onLeave = [this] { gateway_.enter("leave", [&] { application_.leave(); }); };
   surface_.onKey = [this](const QKeyEvent& key) {
+    if (window_.guideBar().position().begin(key)) return true;
     const std::optional<KeyStroke> stroke = keyStroke(key);
     if (stroke) gateway_.enter("key", [&] { application_.key(*stroke); });
     return stroke.has_value();
@@ -133,6 +174,31 @@ void DesktopProgram::wireSurface() {
   surface_.onPictureLost = [this] {
     gateway_.enter("redraw", [&] { application_.interaction.redraw.redrawscreen(); });
   };
+  surface_.onFrame = [this] {
+    gateway_.pass("redraw", [&] { application_.interaction.redraw.paintFrame(); });
+  };
+}
+
+void DesktopProgram::pan(PanPhase phase, Point at) {
+  if (phase == PanPhase::Begin) application_.beginPan(at);
+  if (phase == PanPhase::Move) application_.movePan(at);
+  if (phase == PanPhase::End) application_.endPan(at);
+}
+
+void DesktopProgram::wireGuide() {
+  GuideBar& guide = window_.guideBar();
+  guide.onPosition = [this](const std::string& text, bool rightButton) {
+    std::string trouble;
+    gateway_.enter("position", [&] {
+      trouble = application_.typePosition(text, rightButton ? kRightButton : kLeftButton);
+    });
+    return trouble;
+  };
+  guide.onLog = [this] { return application_.session.results.log(); };
+  application_.session.results.onTold = [this, &guide] {
+    guide.showResult(QString::fromStdString(application_.session.results.told().back().text));
+  };
+  pointer_.mayTakeFocus = [&guide] { return !guide.position().isWriting(); };
 }
 
 void DesktopProgram::wireWindow() {
@@ -141,9 +207,7 @@ void DesktopProgram::wireWindow() {
     gateway_.enter("unload", [this] { application_.unload(); });
     QApplication::quit();
   };
-  window_.onFilesDropped = [this](const std::vector<std::string>& paths) {
-    dropFiles(application_.session, paths);
-  };
+  window_.onFilesDropped = [this](const std::vector<std::string>& paths) { drop(paths); };
   window_.toolBars().onMenuCommand = [this] { armMenuGuard(application_.interaction.context); };
   application_.onSettled = [this] { startPanel_.settle(); };
   startPanel_.onChosen = [this](const std::string& tool) {
