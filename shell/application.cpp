@@ -125,6 +125,7 @@ bool Application::enter(std::string_view entry, const std::function<void()>& run
   showPropertiesAndTool();
   viewer.settle();
   settleJournal();
+  callIfSet(onSettled);
   return done;
 }
 

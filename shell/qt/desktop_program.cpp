@@ -89,7 +89,7 @@ bool DesktopProgram::open(const std::string& drawing, bool firstStart) {
   gateway_.enter("frmMain.Form_Load()", [&] { application_.load(drawing, appfolder_); });
   if (!failed_ && firstStart) finishFirstStart();
   if (!failed_) gateway_.enter("frmMain.keepJournal()", [&] { application_.keepJournal(); });
-  surface_.setFocus();
+  if (!startPanel_.isAncestorOf(window_.focusWidget())) surface_.setFocus();
   return !failed_;
 }
 
@@ -230,6 +230,10 @@ void DesktopProgram::wireWindow() {
   };
   window_.onFilesDropped = [this](const std::vector<std::string>& paths) { drop(paths); };
   window_.toolBars().onMenuCommand = [this] { armMenuGuard(application_.interaction.context); };
+  application_.onSettled = [this] { startPanel_.settle(); };
+  startPanel_.onChosen = [this](const std::string& tool) {
+    gateway_.enter("frmMain.startChosen(tool)", [&] { startOffer_.choose(tool); });
+  };
   // The command that asked for it comes to its end first.
   application_.onCloseMainWindow = [this] {
     QMetaObject::invokeMethod(

@@ -10,6 +10,7 @@
 #include "shell/qt/main_window.h"
 #include "shell/qt/paper.h"
 #include "shell/qt/ports.h"
+#include "shell/qt/start_panel.h"
 #include "shell/qt/theme_menu.h"
 
 namespace tess {
@@ -67,6 +68,8 @@ class DesktopProgram {
   QtPaper paper_;
   Application application_;
   MainWindow window_;
+  StartOffer startOffer_{application_};
+  StartPanel startPanel_{startOffer_, surface_};
   ThemeMenu theme_;
   bool failed_ = false;
 };
