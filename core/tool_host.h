@@ -57,7 +57,7 @@ struct Band {
   DockedPanel* panel = nullptr;
 };
 
-enum class ToolProperty { Caption, Enabled, Visible, Checked };
+enum class ToolProperty { Caption, Key, Enabled, Visible, Checked };
 enum class BandProperty { Open, Panel, Tools };
 
 // A view of the tools.
@@ -90,6 +90,8 @@ class ToolHost {
   bool isChecked(std::string_view name) const;
 
   void setCaption(std::string_view name, std::string caption);
+  // The key as menus show it, and the hint that tells of it.
+  void setKey(std::string_view name, std::string key, std::string hint);
   void setEnabled(std::string_view name, bool enabled);
   void setVisible(std::string_view name, bool visible);
   void setChecked(std::string_view name, bool checked);

@@ -43,6 +43,7 @@ Application::Application(const Platform& platform)
       ownColors_(std::make_unique<FormColorDialog>(platform.host.prompts)),
       colors(platform.colors != nullptr ? *platform.colors : *ownColors_),
       paper(platform.paper),
+      helpFiles(platform.help),
       reporting_(platform.reporting),
       timers_(platform.screen.timers, platform.reporting),
       session(store, platform.host, listener_),
@@ -129,6 +130,7 @@ void Application::showPropertiesAndTool() {
 void Application::showFigures() {
   interaction.statusBar.setPanel(StatusPanel::Tool, toolInUseText(session));
   pathTotals.settle();
+  keyHints_.settle();
 }
 
 void Application::keepJournal() {
@@ -170,6 +172,27 @@ bool Application::release(const PointerEvent& event) {
 bool Application::wheel(int steps, int shift) {
   return guarded("frmMain.MouseWheel1_MouseWheel(Scroll,Button,Shift,X,Y)",
                  [&] { MouseWheel1_MouseWheel(interaction.context, steps, shift); });
+}
+
+bool Application::wheelAt(int steps, int shift, Point at) {
+  if (!interaction.navigation.wheelZooms()) return wheel(steps, shift);
+  return guarded("frmMain.MouseWheel1_MouseWheel(Scroll,Button,Shift,X,Y)",
+                 [&] { interaction.navigation.turnWheel(steps, at); });
+}
+
+bool Application::beginPan(Point at) {
+  return guarded("frmMain.picDrawing_MouseDown(Button,Shift,X,Y)",
+                 [&] { interaction.navigation.beginPan(at); });
+}
+
+bool Application::movePan(Point at) {
+  return guarded("frmMain.picDrawing_MouseMove(Button,Shift,X,Y)",
+                 [&] { interaction.navigation.movePan(at); });
+}
+
+bool Application::endPan(Point at) {
+  return guarded("frmMain.picDrawing_MouseUp(Button,Shift,X,Y)",
+                 [&] { interaction.navigation.endPan(at); });
 }
 
 bool Application::mayClose() {

@@ -12,6 +12,7 @@
 #include "display/pointer.h"
 #include "drafting/change.h"
 #include "geometry/row_entity.h"
+#include "toolpath/cancellable_command.h"
 #include "toolpath/chain_walk.h"
 #include "toolpath/element_offset.h"
 #include "toolpath/job_walls.h"
@@ -29,6 +30,7 @@ namespace tess {
 namespace {
 
 constexpr char kCommand[] = "Place Finish Path";
+constexpr char kStage[] = "Collecting Finish Points    ";
 // Leads shorter than this share of the tool's radius are none.
 constexpr double kShortestLead = 0.01;
 
@@ -85,7 +87,7 @@ struct FinishWay {
 class FinishField {
  public:
   virtual ~FinishField() = default;
-  virtual std::vector<FinishWay> waysAt(double distance) const = 0;
+  virtual std::vector<FinishWay> waysAt(double distance, const Breathing& breathing) const = 0;
   virtual bool isClear(const Curve& curve, double distance) const = 0;
 };
 
@@ -103,8 +105,8 @@ class ClosedField : public FinishField {
   }
 
   // Loops of which a piece comes from the chain, the one nearest to the start first.
-  std::vector<FinishWay> waysAt(double distance) const override {
-    const PocketRegion offset = fittedOffset(region_, distance).region;
+  std::vector<FinishWay> waysAt(double distance, const Breathing& breathing) const override {
+    const PocketRegion offset = fittedOffset(region_, distance, breathing).region;
     std::vector<std::pair<double, FinishWay>> ways;
     for (const RegionLoop& loop : offset.loops()) {
       if (!isOfChain(loop)) continue;
@@ -198,9 +200,9 @@ class OpenField : public FinishField {
     index_ = CurveIndex(walls_);
   }
 
-  std::vector<FinishWay> waysAt(double distance) const override {
+  std::vector<FinishWay> waysAt(double distance, const Breathing& breathing) const override {
     std::vector<FinishWay> ways;
-    for (std::vector<Curve>& stretch : chainOffset(walls_, distance).stretches) {
+    for (std::vector<Curve>& stretch : chainOffset(walls_, distance, breathing).stretches) {
       if (!freeLeft_) {
         std::reverse(stretch.begin(), stretch.end());
         std::transform(stretch.begin(), stretch.end(), stretch.begin(), reversed);
@@ -268,15 +270,19 @@ void beginInMiddle(std::vector<Curve>& curves) {
 
 class PassMaker {
  public:
-  PassMaker(CamContext& cam, const FinishField& field)
-      : cam_(cam), field_(field), radius_(cam.store.toolradius[cam.store.selectedtool]) {}
+  PassMaker(CamContext& cam, const FinishField& field, const Breathing& breathing)
+      : cam_(cam),
+        field_(field),
+        breathing_(breathing),
+        radius_(cam.store.toolradius[cam.store.selectedtool]) {}
 
   // The rows of one pass; a gap to the pass before is linked where that is possible.
   std::vector<Entity> rowsAt(double distance, bool links) {
     RegionRows rows([this, distance](const Curve& curve) {
+      breathe(breathing_);
       return noJudgement_ || field_.isClear(curve, distance - kPlacedSlack);
     });
-    for (FinishWay& way : field_.waysAt(distance)) {
+    for (FinishWay& way : field_.waysAt(distance, breathing_)) {
       const auto leads = leadsOf(way);
       if (links) linkTo(leads ? leads->in.start : way.curves.front().start, rows);
       if (leads) addFreely(leads->in, rows);
@@ -327,6 +333,7 @@ class PassMaker {
 
   CamContext& cam_;
   const FinishField& field_;
+  const Breathing& breathing_;
   double radius_;
   std::optional<PlanePoint> end_;
   bool noJudgement_ = false;
@@ -386,17 +393,61 @@ std::unique_ptr<FinishField> fieldOf(CamContext& cam, const Chain& chain,
   return std::make_unique<ClosedField>(std::move(alone.region), chain.rows, chain, request.start);
 }
 
-bool pathIsPossible(CamContext& cam, const FinishField& field) {
+bool pathIsPossible(CamContext& cam, const FinishField& field, const Breathing& breathing) {
   const float radius = cam.store.toolradius[cam.store.selectedtool];
   if (!(radius > 0)) {
     tellRadius(cam, kCommand, radius);
     return false;
   }
-  if (!field.waysAt(radius).empty()) return true;
+  if (!field.waysAt(radius, breathing).empty()) return true;
   cam.context.session.host.prompts.showMessage({.text = "The tool does not fit into the pocket.",
                                                 .title = kCommand,
                                                 .icon = MessageIcon::Warning});
   return false;
+}
+
+// ---- The passes
+
+// The rows of a pass at its distance from the outline.
+struct FinishPass {
+  float distance = 0;
+  std::vector<Entity> rows;
+};
+
+// All that a command is going to place; nothing of it stands in the drawing before it is complete.
+struct FinishPlan {
+  std::vector<FinishPass> passes;  // in the order in which they are cut
+  bool failed = false;             // a part of the path could not be placed
+};
+
+// Nothing after a message.
+std::optional<FinishPlan> planPasses(CamContext& cam, const TrueFinishRequest& request, bool links,
+                                     const Breathing& breathing) {
+  const Chain chain = chainFrom(cam.store, request.sg, request.start);
+  const auto field = fieldOf(cam, chain, request);
+  if (!field || !pathIsPossible(cam, *field, breathing)) return std::nullopt;
+  PassMaker maker(cam, *field, breathing);
+  FinishPlan plan;
+  for (int pass = request.passes; pass >= 1; --pass) {
+    // A clearance below 0 would cut into the part.
+    const float distance = std::max(passDistance(cam.store, pass), passDistance(cam.store, 1));
+    plan.passes.push_back({distance, maker.rowsAt(distance, links)});
+  }
+  plan.failed = maker.refused();
+  return plan;
+}
+
+void placePasses(CamContext& cam, const FinishPlan& plan, const JobWalls& walls,
+                 const std::vector<PathLevel>& levels) {
+  DrawingStore& store = cam.store;
+  Change change(cam.changes);
+  for (const FinishPass& pass : plan.passes) {
+    store.currentpathgroup = nextPathGroup(store);
+    const int index = pathInsertIndex(store, cam.pathInsertMode, cam.pathInsertGroup);
+    placeAtLevels(cam, change, index, pass.rows, levels);
+    noteJob(cam, JobKind::Contour, pass.distance, walls);
+  }
+  change.keep({.redraws = false});
 }
 
 }  // namespace
@@ -410,32 +461,23 @@ float passDistance(const DrawingStore& store, int pass) {
 
 void placeTrueFinish(CamContext& cam, const TrueFinishRequest& request) {
   const Procedure here("placeTrueFinish()");
-  DrawingStore& store = cam.store;
+  const DrawingStore& store = cam.store;
   const bool several = -std::abs(store.cfg_start_depth) >= roughingFloor(store);
   if (request.passes < 1 || !levelsArePossible(cam, kCommand, several)) return;
   const BusyPointer busy(cam.context.systemPointer);
-  const Point start = startOn(store, request);
-  const Chain chain = chainFrom(store, request.sg, start);
-  const auto field = fieldOf(cam, chain, {request.sg, start, request.reference});
-  if (!field || !pathIsPossible(cam, *field)) return;
-  PassMaker maker(cam, *field);
-  Change change(cam.changes);
   const std::vector<PathLevel> levels = levelsOf(store, several, store.cfg_finish_feedrate);
   const bool links = store.cfg_connect_pocketing_paths && levels.size() == 1;
-  const JobWalls walls = wallsBeside(store, request.sg, request.reference);
-  for (int pass = request.passes; pass >= 1; --pass) {
-    // A clearance below 0 would cut into the part.
-    const float distance = std::max(passDistance(store, pass), passDistance(store, 1));
-    const std::vector<Entity> rows = maker.rowsAt(distance, links);
-    store.currentpathgroup = nextPathGroup(store);
-    const int index = pathInsertIndex(store, cam.pathInsertMode, cam.pathInsertGroup);
-    placeAtLevels(cam, change, index, rows, levels);
-    noteJob(cam, JobKind::Contour, distance, walls);
-  }
-  change.keep({.redraws = false});
+  TrueFinishRequest begun = request;
+  begun.start = startOn(store, request);
+  std::optional<FinishPlan> plan;
+  const bool done = unlessCancelled(cam, kStage, [&](const Breathing& breathing) {
+    plan = planPasses(cam, begun, links, breathing);
+  });
+  if (!done || !plan) return;
+  placePasses(cam, *plan, wallsBeside(store, request.sg, request.reference), levels);
   cam.context.state.setPendingaction(0);
   showPlacedPaths(cam);
-  tellWhatFailed(cam, kCommand, maker.refused());
+  tellWhatFailed(cam, kCommand, plan->failed);
 }
 
 }  // namespace tess

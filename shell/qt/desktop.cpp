@@ -169,7 +169,8 @@ int runDesktop(const DesktopRequest& request, std::vector<std::string> arguments
   try {
     const FolderRequest wanted = folderRequest(request.home);
     const std::string folder = programFolder(wanted);
-    DesktopProgram program(folder, request.jetReader, userFolder(wanted));
+    DesktopProgram program(folder, request.jetReader, userFolder(wanted),
+                           helpFiles(wanted.executableFolder));
     InstanceDoor door(doorPath());
     door.onFile = [&](const std::string& file) { return program.takeFile(file); };
     program.open(request.drawing, isFirstStart(wanted, folder));
