@@ -29,6 +29,7 @@ frmFinishPath::frmFinishPath(CamContext& cam)
   FraStepOver.setCaption(" Step Over Amount ");
   chkGougeAvoidance.setCaption("Apply Gouge Avoidance");
   chkConnectPocketPaths.setCaption("Connect Pocket Paths");
+  chkHoldingTabs.setCaption("Holding Tabs round a Part");
   cmdOK.setCaption("&OK");
   cmdCancel.setCaption("&Cancel");
   setDefaultButton(cmdOK);
@@ -50,6 +51,9 @@ void frmFinishPath::fill() {
   stepOver_.load();
   chkGougeAvoidance.setChecked(store.cfg_gouge_avoidance);
   chkConnectPocketPaths.setChecked(store.cfg_connect_pocketing_paths);
+  chkHoldingTabs.setChecked(store.cfg_holding_tabs);
+  // Only the true rules know on which side of a wall a path runs.
+  chkHoldingTabs.setEnabled(store.cfg_true_paths && cam_.PlaceChain != 0);
   txtNumPasses.setText("1");
 }
 
@@ -72,6 +76,7 @@ void frmFinishPath::takeOver() {
   store.cfg_min_rough_clearance = clearance;
   store.cfg_gouge_avoidance = chkGougeAvoidance.isChecked();
   store.cfg_connect_pocketing_paths = chkConnectPocketPaths.isChecked();
+  store.cfg_holding_tabs = chkHoldingTabs.isChecked();
 }
 
 }  // namespace tess

@@ -34,18 +34,33 @@ bool levelsArePossible(CamContext& cam, const std::string& command, bool several
 
 void placeAtLevels(CamContext& cam, Change& change, int index, std::span<const Entity> rows,
                    std::span<const PathLevel> levels) {
+  std::vector<std::vector<RowAtHeight>> ofLevels(levels.size());
+  for (std::size_t level = 0; level < levels.size(); ++level) {
+    ofLevels[level].reserve(rows.size());
+    for (const Entity& entity : rows) ofLevels[level].push_back({entity, levels[level].z});
+  }
+  placeAtLevels(cam, change, index, ofLevels, levels);
+}
+
+void placeAtLevels(CamContext& cam, Change& change, int index,
+                   std::span<const std::vector<RowAtHeight>> rows,
+                   std::span<const PathLevel> levels) {
   const int code = pathCode(cam.store.currentpathgroup, cam.store.selectedtool);
-  const auto rowAt = [code](const Entity& entity, const PathLevel& level) {
-    PathRow row = pathRowOf(entity, level.z, level.feed);
-    row.code = code;
-    return row;
+  const auto rowAt = [code](const RowAtHeight& row, float feed) {
+    PathRow placed = pathRowOf(row.entity, row.z, feed);
+    placed.code = code;
+    return placed;
   };
   std::vector<RowInsertion<PathRow>> insertions;
-  insertions.reserve(rows.size());
-  for (const Entity& entity : rows) insertions.push_back({index, rowAt(entity, levels.front())});
+  insertions.reserve(rows.front().size());
+  for (const RowAtHeight& row : rows.front()) {
+    insertions.push_back({index, rowAt(row, levels.front().feed)});
+  }
   change.paths.insert(insertions);
-  for (const PathLevel& level : levels.subspan(1)) {
-    for (const Entity& entity : rows) change.paths.append(rowAt(entity, level));
+  for (std::size_t level = 1; level < levels.size(); ++level) {
+    for (const RowAtHeight& row : rows[level]) {
+      change.paths.append(rowAt(row, levels[level].feed));
+    }
   }
 }
 

@@ -1,5 +1,5 @@
 // The levels of a true path: one set of rows, cut at each of them.
-// Owns: PathLevel, levelsOf, levelsArePossible, placeAtLevels.
+// Owns: PathLevel, levelsOf, levelsArePossible, placeAtLevels, RowAtHeight.
 #pragma once
 
 #include <span>
@@ -28,6 +28,16 @@ bool levelsArePossible(CamContext& cam, const std::string& command, bool several
 // Puts the rows of the current path group and the selected tool in front of row `index` at the
 // first level, and at the end of the table at the others.
 void placeAtLevels(CamContext& cam, Change& change, int index, std::span<const Entity> rows,
+                   std::span<const PathLevel> levels);
+
+// A row that stays above the level that it is cut at.
+struct RowAtHeight {
+  Entity entity;
+  float z = 0;
+};
+// The same for levels that each have rows of their own.
+void placeAtLevels(CamContext& cam, Change& change, int index,
+                   std::span<const std::vector<RowAtHeight>> rows,
                    std::span<const PathLevel> levels);
 
 }  // namespace tess

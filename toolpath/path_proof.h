@@ -11,6 +11,7 @@
 #include "core/motion_stream.h"
 #include "core/path_jobs.h"
 #include "toolpath/missed_area.h"
+#include "toolpath/tab_findings.h"
 
 namespace tess {
 
@@ -28,6 +29,7 @@ struct MissedFinding {
   int group = 0;
   MissedArea atClearance;  // of what can be reached at the job's distance from the walls
   MissedArea atWall;       // of what its tool can reach at all
+  double leftByTabs = 0;   // an area, no part of what is missed
 };
 
 struct RapidFinding {
@@ -55,6 +57,7 @@ struct PathProof {
   GougeFinding gouge;  // the deepest
   std::vector<MissedFinding> missed;
   std::vector<RapidFinding> rapids;
+  std::vector<TabFinding> tabs;  // left on purpose
   std::vector<JudgedJob> jobs;
   std::vector<int> unjudged;        // rows about which nothing can be said
   std::vector<LevelStrip> tooDeep;  // what is cut of the part beyond the limit

@@ -4,7 +4,9 @@
 #include <algorithm>
 #include <cmath>
 #include <memory>
+#include <numeric>
 #include <optional>
+#include <span>
 #include <vector>
 
 #include "core/drawing_store.h"
@@ -14,6 +16,7 @@
 #include "geometry/row_entity.h"
 #include "toolpath/chain_walk.h"
 #include "toolpath/element_offset.h"
+#include "toolpath/frmHoldingTabs.h"
 #include "toolpath/job_walls.h"
 #include "toolpath/lead_gouge.h"
 #include "toolpath/path_groups.h"
@@ -87,18 +90,22 @@ class FinishField {
   virtual ~FinishField() = default;
   virtual std::vector<FinishWay> waysAt(double distance) const = 0;
   virtual bool isClear(const Curve& curve, double distance) const = 0;
+  // Its ways run round a part, which they would cut free.
+  virtual bool runsRoundPart() const = 0;
 };
 
 // ---- Closed chains
 
 class ClosedField : public FinishField {
  public:
-  ClosedField(PocketRegion region, std::vector<int> rowsOfWalls, const Chain& chain, Point start)
+  ClosedField(PocketRegion region, std::vector<int> rowsOfWalls, const Chain& chain, Point start,
+              bool outside)
       : region_(std::move(region)),
         rowOfSource_(std::move(rowsOfWalls)),
         chain_(chain),
         chainRows_(chain.rows),
-        start_(placeOf(start)) {
+        start_(placeOf(start)),
+        outside_(outside) {
     std::sort(chainRows_.begin(), chainRows_.end());
   }
 
@@ -121,6 +128,8 @@ class ClosedField : public FinishField {
   bool isClear(const Curve& curve, double distance) const override {
     return region_.isClear(curve, distance);
   }
+
+  bool runsRoundPart() const override { return outside_; }
 
  private:
   int rowOf(int wall) const {
@@ -175,6 +184,7 @@ class ClosedField : public FinishField {
   const Chain& chain_;
   std::vector<int> chainRows_;  // ascending
   PlanePoint start_;
+  bool outside_;
 };
 
 // ---- Open chains
@@ -215,6 +225,8 @@ class OpenField : public FinishField {
     const auto nearest = index_.nearest(curve, distance);
     return !nearest || nearest->gap.distance >= distance;
   }
+
+  bool runsRoundPart() const override { return false; }
 
  private:
   static bool isLeftOf(const Curve& wall, PlanePoint at) {
@@ -266,44 +278,108 @@ void beginInMiddle(std::vector<Curve>& curves) {
   curves.push_back(partOf(first, 0, 0.5));
 }
 
+// Curves without a gap. What is not judged keeps the tool's radius from the walls, or what the
+// operator has decided.
+struct PassStretch {
+  std::vector<Curve> curves;
+  bool isJudged = true;
+};
+
+// What one pass cuts.
+struct PassPath {
+  double distance = 0;
+  std::vector<PassStretch> stretches;
+  std::size_t round = 0;  // the longest way among the stretches; their number for none
+  double leads = 0;       // how long its leads are
+  bool freeLeft = true;
+  bool isSound = false;  // all that is judged was tested and is clear
+};
+
 class PassMaker {
  public:
   PassMaker(CamContext& cam, const FinishField& field)
       : cam_(cam), field_(field), radius_(cam.store.toolradius[cam.store.selectedtool]) {}
 
-  // The rows of one pass; a gap to the pass before is linked where that is possible.
-  std::vector<Entity> rowsAt(double distance, bool links) {
-    RegionRows rows([this, distance](const Curve& curve) {
-      return noJudgement_ || field_.isClear(curve, distance - kPlacedSlack);
-    });
+  // A gap to the pass before is linked where that is possible.
+  PassPath pathAt(double distance, bool links) {
+    PassPath path;
+    path.distance = distance;
+    double longest = 0;
     for (FinishWay& way : field_.waysAt(distance)) {
       const auto leads = leadsOf(way);
-      if (links) linkTo(leads ? leads->in.start : way.curves.front().start, rows);
-      if (leads) addFreely(leads->in, rows);
-      rows.add(way.curves);
-      if (leads) addFreely(leads->out, rows);
-      end_ = leads ? leads->out.end : way.curves.back().end;
+      if (links) linkTo(leads ? leads->in.start : way.curves.front().start, path);
+      if (leads) path.stretches.push_back({{leads->in}, false});
+      if (const double length = lengthOfAll(way.curves); length > longest) {
+        longest = length;
+        path.round = path.stretches.size();
+        path.leads = leads ? leadLength_ : 0;
+        path.freeLeft = way.freeLeft;
+      }
+      path.stretches.push_back({std::move(way.curves), true});
+      if (leads) path.stretches.push_back({{leads->out}, false});
+      end_ = path.stretches.back().curves.back().end;
     }
+    return path;
+  }
+
+  // A curve that comes too near to a wall is left out.
+  std::vector<Entity> rowsOf(PassPath& path) {
+    RegionRows rows(testOf(path));
+    for (const PassStretch& stretch : path.stretches) {
+      noJudgement_ = !stretch.isJudged;
+      rows.add(stretch.curves);
+    }
+    path.isSound = !rows.refused();
     refused_ |= rows.refused();
     return rows.rows();
+  }
+
+  // The same at one level, raised by these ranges of the way round the part.
+  std::vector<RowAtHeight> raisedRowsOf(const PassPath& path, float z,
+                                        std::span<const RaisedRange> raised) {
+    RegionRows rows(testOf(path));
+    std::vector<RowAtHeight> placed;
+    const auto add = [&](const std::vector<Curve>& curves, double height) {
+      const std::size_t before = rows.rows().size();
+      rows.add(curves);
+      for (std::size_t k = before; k < rows.rows().size(); ++k) {
+        placed.push_back({rows.rows()[k], narrow(height)});
+      }
+    };
+    for (std::size_t k = 0; k < path.stretches.size(); ++k) {
+      const PassStretch& stretch = path.stretches[k];
+      noJudgement_ = path.isSound || !stretch.isJudged;
+      if (k != path.round) {
+        add(stretch.curves, z);
+        continue;
+      }
+      for (const RaisedRun& run : raisedRuns(WayByLength(stretch.curves), raised, z)) {
+        add(run.curves, run.z);
+      }
+    }
+    return placed;
   }
 
   bool refused() const { return refused_; }
 
  private:
-  bool leadIsClear(const Curve& lead) const { return field_.isClear(lead, radius_ - kPlacedSlack); }
-
-  // Leads and links keep the tool's radius from the walls, or what the operator has decided.
-  void addFreely(const Curve& curve, RegionRows& rows) {
-    noJudgement_ = true;
-    rows.add({curve});
-    noJudgement_ = false;
+  RegionRows::Test testOf(const PassPath& path) {
+    return [this, distance = path.distance](const Curve& curve) {
+      return noJudgement_ || field_.isClear(curve, distance - kPlacedSlack);
+    };
   }
 
-  void linkTo(PlanePoint start, RegionRows& rows) {
+  static double lengthOfAll(const std::vector<Curve>& curves) {
+    return std::accumulate(curves.begin(), curves.end(), 0.0,
+                           [](double sum, const Curve& curve) { return sum + lengthOf(curve); });
+  }
+
+  bool leadIsClear(const Curve& lead) const { return field_.isClear(lead, radius_ - kPlacedSlack); }
+
+  void linkTo(PlanePoint start, PassPath& path) {
     if (!end_) return;
     const Curve link = lineCurve(*end_, start);
-    if (leadIsClear(link)) addFreely(link, rows);
+    if (leadIsClear(link)) path.stretches.push_back({{link}, false});
   }
 
   std::optional<LeadPair> leadsOf(FinishWay& way) {
@@ -316,6 +392,7 @@ class PassMaker {
                                           [this](const Curve& lead) { return leadIsClear(lead); });
     if (length < kShortestLead * radius_) return {};
     if (length < shape->length && agreesToLead(length)) shape->length = length;
+    leadLength_ = shape->length;
     return leadsAt(first, last, way.freeLeft, *shape);
   }
 
@@ -328,10 +405,74 @@ class PassMaker {
   CamContext& cam_;
   const FinishField& field_;
   double radius_;
+  double leadLength_ = 0;  // of the leads last made
   std::optional<PlanePoint> end_;
   bool noJudgement_ = false;
   bool refused_ = false;
 };
+
+// ---- Tabs
+
+TabPass tabPassOf(const PassPath& path, double toolRadius) {
+  return {.way = path.stretches[path.round].curves,
+          .distance = path.distance,
+          .toolRadius = toolRadius,
+          .startRoom = path.leads > 0 ? path.leads + toolRadius : 0,
+          .freeLeft = path.freeLeft};
+}
+
+// What the operator has decided about the tabs of a pass.
+struct PassTabs {
+  std::vector<RaisedRange> raised;
+  std::vector<JobTab> tabs;
+};
+
+// For each of the passes; nothing when the operator wants no path after all.
+std::optional<std::vector<PassTabs>> chooseTabs(CamContext& cam,
+                                                const std::vector<PassPath>& passes, float floor) {
+  const DrawingStore& store = cam.store;
+  std::vector<TabPass> ways;
+  std::vector<std::size_t> passOfWay;
+  for (std::size_t pass = 0; pass < passes.size(); ++pass) {
+    if (passes[pass].stretches.empty()) continue;
+    ways.push_back(tabPassOf(passes[pass], store.toolradius[store.selectedtool]));
+    passOfWay.push_back(pass);
+  }
+  frmHoldingTabs form(cam, std::move(ways), floor);
+  const int busy = cam.context.systemPointer.MousePointer();
+  cam.context.systemPointer.setMousePointer(kDefaultShape);
+  cam.context.session.host.prompts.showModal(form);
+  cam.context.systemPointer.setMousePointer(busy);
+  if (!form.accepted()) return std::nullopt;
+  std::vector<PassTabs> chosen(passes.size());
+  for (std::size_t way = 0; way < passOfWay.size(); ++way) {
+    PassTabs& pass = chosen[passOfWay[way]];
+    pass.raised = form.plan().ranges(way, floor, form.top(), TabRamp{});
+    for (const TabPlan::Bridge& bridge : form.plan().bridges(way)) {
+      pass.tabs.push_back({bridge.from.x, bridge.from.y, bridge.to.x, bridge.to.y, form.top()});
+    }
+  }
+  return chosen;
+}
+
+// At each of the levels; a level above all tabs has the rows as they are.
+std::vector<std::vector<RowAtHeight>> rowsAtLevels(PassMaker& maker, PassPath& path,
+                                                   const std::vector<RaisedRange>& raised,
+                                                   const std::vector<PathLevel>& levels) {
+  const std::vector<Entity> plain = maker.rowsOf(path);
+  std::vector<std::vector<RowAtHeight>> rows(levels.size());
+  for (std::size_t level = 0; level < levels.size(); ++level) {
+    const float z = levels[level].z;
+    const bool rises = std::any_of(raised.begin(), raised.end(),
+                                   [z](const RaisedRange& range) { return range.top > z; });
+    if (rises) {
+      rows[level] = maker.raisedRowsOf(path, z, raised);
+    } else {
+      for (const Entity& row : plain) rows[level].push_back({row, z});
+    }
+  }
+  return rows;
+}
 
 // ---- The field of a chain
 
@@ -379,11 +520,13 @@ std::unique_ptr<FinishField> fieldOf(CamContext& cam, const Chain& chain,
     OutlineRegion all = regionOf(entitiesOf(store, rows), tolerence);
     if (!outlineIsSound(cam, kCommand, all)) return nullptr;
     if (isFreeInside(all.region, rows, chain) == inside) {
-      return std::make_unique<ClosedField>(std::move(all.region), rows, chain, request.start);
+      return std::make_unique<ClosedField>(std::move(all.region), rows, chain, request.start,
+                                           !inside);
     }
   }
   if (!inside) alone = regionOf(entitiesOf(store, chain.rows), tolerence, /*outside=*/true);
-  return std::make_unique<ClosedField>(std::move(alone.region), chain.rows, chain, request.start);
+  return std::make_unique<ClosedField>(std::move(alone.region), chain.rows, chain, request.start,
+                                       !inside);
 }
 
 bool pathIsPossible(CamContext& cam, const FinishField& field) {
@@ -419,18 +562,28 @@ void placeTrueFinish(CamContext& cam, const TrueFinishRequest& request) {
   const auto field = fieldOf(cam, chain, {request.sg, start, request.reference});
   if (!field || !pathIsPossible(cam, *field)) return;
   PassMaker maker(cam, *field);
-  Change change(cam.changes);
   const std::vector<PathLevel> levels = levelsOf(store, several, store.cfg_finish_feedrate);
   const bool links = store.cfg_connect_pocketing_paths && levels.size() == 1;
-  const JobWalls walls = wallsBeside(store, request.sg, request.reference);
+  std::vector<PassPath> passes;
   for (int pass = request.passes; pass >= 1; --pass) {
     // A clearance below 0 would cut into the part.
     const float distance = std::max(passDistance(store, pass), passDistance(store, 1));
-    const std::vector<Entity> rows = maker.rowsAt(distance, links);
+    passes.push_back(maker.pathAt(distance, links));
+  }
+  std::vector<PassTabs> tabs(passes.size());
+  if (store.cfg_holding_tabs && field->runsRoundPart()) {
+    auto chosen = chooseTabs(cam, passes, levels.back().z);
+    if (!chosen) return;
+    tabs = std::move(*chosen);
+  }
+  Change change(cam.changes);
+  const JobWalls walls = wallsBeside(store, request.sg, request.reference);
+  for (std::size_t pass = 0; pass < passes.size(); ++pass) {
+    const auto rows = rowsAtLevels(maker, passes[pass], tabs[pass].raised, levels);
     store.currentpathgroup = nextPathGroup(store);
     const int index = pathInsertIndex(store, cam.pathInsertMode, cam.pathInsertGroup);
     placeAtLevels(cam, change, index, rows, levels);
-    noteJob(cam, JobKind::Contour, distance, walls);
+    noteJob(cam, JobKind::Contour, passes[pass].distance, walls, {.tabs = tabs[pass].tabs});
   }
   change.keep({.redraws = false});
   cam.context.state.setPendingaction(0);

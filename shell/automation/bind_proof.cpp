@@ -69,6 +69,15 @@ void pushRapid(lua_State* L, const RapidFinding& rapid) {
   setField(L, "y", rapid.y);
 }
 
+void pushTab(lua_State* L, const TabFinding& tab) {
+  lua_createtable(L, 0, 5);
+  setField(L, "group", tab.group);
+  setField(L, "x", tab.x);
+  setField(L, "y", tab.y);
+  setField(L, "width", tab.width);
+  setField(L, "height", tab.height);
+}
+
 void pushJob(lua_State* L, const JudgedJob& job) {
   lua_createtable(L, 0, 3);
   setField(L, "group", job.group);
@@ -78,13 +87,15 @@ void pushJob(lua_State* L, const JudgedJob& job) {
 
 int proveJob(Script& script, lua_State* L) {
   const PathProof proof = script.application.proofWatch.prove();
-  lua_createtable(L, 0, 7);
+  lua_createtable(L, 0, 8);
   pushGouge(L, proof.gouge);
   lua_setfield(L, -2, "gouge");
   pushMissed(L, proof.missed);
   lua_setfield(L, -2, "missed");
   pushList(L, proof.rapids, [L](const RapidFinding& rapid) { pushRapid(L, rapid); });
   lua_setfield(L, -2, "rapids");
+  pushList(L, proof.tabs, [L](const TabFinding& tab) { pushTab(L, tab); });
+  lua_setfield(L, -2, "tabs");
   pushList(L, proof.jobs, [L](const JudgedJob& job) { pushJob(L, job); });
   lua_setfield(L, -2, "jobs");
   pushList(L, proof.unjudged, [L](int row) { push(L, row); });
