@@ -52,6 +52,7 @@ struct CommandRecord {
   bool secondCrossShown = false;           // the second point's cross is on the screen
   bool EditPaths = false;                  // editing works on path rows
   int LastCommand = 0;
+  std::string closing;      // for the status line once the click under way is dealt with
   float rotateDegrees = 0;  // what was taken last; 0 until then
   int PendingSeg1 = 0, PendingSeg2 = 0;
   Entity PendingRow1;  // PendingSeg1 as it was picked: by the next click it may be another row

@@ -19,7 +19,7 @@ void toggleEditPaths(DraftingContext& context) {
 
 constexpr DraftingCommand kEditPathsCommand{
     .info = {.tool = "miEditSegsOrPaths",
-             .caption = "Edit &Tool Paths",
+             .caption = "Edit Tool Pat&hs",
              .menu = {"miEdit", 130},
              .bar = {"barEdit", 270}},
     .run = toggleEditPaths,

@@ -121,7 +121,7 @@ constexpr DraftingCommand kMoveCommand{
 };
 
 constexpr DraftingCommand kSetOriginCommand{
-    .info = {.tool = "miSetOrigin", .caption = "Set &Origin", .menu = {"miEdit", 550}},
+    .info = {.tool = "miSetOrigin", .caption = "Set Ori&gin", .menu = {"miEdit", 550}},
     .run = tess::SetOrigin,
     .actions = kSetOriginActions,
     .repeat = {{PendingAction::SetOrigin}},

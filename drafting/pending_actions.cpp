@@ -3,6 +3,7 @@
 
 #include <cmath>
 #include <span>
+#include <utility>
 
 #include "core/drawing_store.h"
 #include "core/number_text.h"
@@ -51,6 +52,8 @@ void settleAction(DraftingContext& context) {
   redraw(context);
   const int settled = context.state.pendingaction();
   if (settled != 0) context.state.setPendingaction(std::abs(settled));
+  const std::string closing = std::exchange(context.command.closing, {});
+  if (!closing.empty()) context.statusBar.setText(closing);
 }
 
 void completeLeft(DraftingContext& context) {

@@ -74,7 +74,7 @@ void askForControl(Application& application) {
 
 constexpr ShellCommand kChooseControlCommand{
     .info = {.tool = "miControl",
-             .caption = "Co&ntrol and Units...",
+             .caption = "C&ontrol and Units...",
              .menu = {"miOptions", 225},
              .touches = TouchedFiles::Setup},
     .run = chooseControl,

@@ -20,6 +20,7 @@ Rgb colorOf(ProofGrade grade) {
 }
 
 std::string unjudgedText(const PathProof& proof) {
+  if (proof.isCancelled) return "Cancelled. A click judges the path.";
   if (proof.unjudged.empty()) return {};
   return "Rows not judged: " + std::to_string(proof.unjudged.size());
 }

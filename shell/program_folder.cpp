@@ -24,6 +24,8 @@ constexpr char kFirstStartText[] =
     "The first window asks for the control and the units, and removes this file.\r\n";
 constexpr char kHomeVariable[] = "TESSIMO_HOME";
 constexpr char kInstalledData[] = "../share/tessimo/";
+constexpr char kInstalledManual[] = "help/tsmo_manual.pdf";
+constexpr char kInstalledExamples[] = "examples/";
 
 std::string existingFolder(const std::string& folder) {
   if (!folderExists(folder)) throw RuntimeFailure(FailureNumber::PathNotFound, folder);
@@ -64,17 +66,15 @@ void markFirstStart(const fs::path& folder) {
   writeFile(nobody, (folder / kFirstStartName).string(), FileKind::Record, kFirstStartText);
 }
 
-// The file by which a filled folder is known comes last: a filling that was cut short goes on at
-// the next start.
+// The folders in it, of the manual and the examples, are read where they are: a newer program
+// brings newer ones. The file by which a filled folder is known comes last: a filling that was cut
+// short goes on at the next start.
 void copyData(const fs::path& shipped, const fs::path& folder) {
   fs::create_directories(folder);
-  for (const fs::directory_entry& entry : fs::recursive_directory_iterator(shipped)) {
-    const fs::path place = folder / entry.path().lexically_relative(shipped);
-    if (entry.is_directory()) {
-      fs::create_directories(place);
-    } else if (place.filename() != kSetupPointer) {
-      copyMissing(entry.path(), place);
-    }
+  for (const fs::directory_entry& entry : fs::directory_iterator(shipped)) {
+    const fs::path place = folder / entry.path().filename();
+    if (entry.is_directory() || place.filename() == kSetupPointer) continue;
+    copyMissing(entry.path(), place);
   }
   markFirstStart(folder);
   copyMissing(shipped / kSetupPointer, folder / kSetupPointer);
@@ -188,6 +188,12 @@ void endFirstStart(const std::string& folder) {
 std::string shippedDataFolder(const std::string& executableFolder) {
   const std::string installed = executableFolder + kInstalledData;
   return holdsProgram(installed) ? installed : TESSIMO_SHIPPED_DATA "/";
+}
+
+HelpFiles helpFiles(const std::string& executableFolder) {
+  const std::string installed = executableFolder + kInstalledData;
+  if (!holdsProgram(installed)) return {TESSIMO_BUILT_MANUAL, TESSIMO_EXAMPLES "/"};
+  return {installed + kInstalledManual, installed + kInstalledExamples};
 }
 
 }  // namespace tess

@@ -1,6 +1,6 @@
 // Where the program finds its folder (`appfolder`): setups, definitions, drawings and the log.
 // Owns: FolderRequest, folderRequest, programFolder, userFolder, isFirstStart, endFirstStart,
-//       shippedDataFolder.
+//       shippedDataFolder, HelpFiles, helpFiles.
 #pragma once
 
 #include <functional>
@@ -40,5 +40,14 @@ void endFirstStart(const std::string& folder);
 // Where the files lie that ship beside the program: share/tessimo of the installation, else the
 // data folder of the source tree that it was built from.
 std::string shippedDataFolder(const std::string& executableFolder);
+
+// What the help menu shows. Nobody copies these to the user's folder, and nobody writes them.
+struct HelpFiles {
+  std::string manual;    // the path of the document
+  std::string examples;  // the folder of the drawings to try, with its last separator
+};
+
+// Those of the installation, else those of the build and the source tree. They need not exist.
+HelpFiles helpFiles(const std::string& executableFolder);
 
 }  // namespace tess

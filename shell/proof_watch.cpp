@@ -2,9 +2,12 @@
 #include "shell/proof_watch.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "cnc/program_motions.h"
+#include "core/cancellable_work.h"
 #include "core/drawing_store.h"
+#include "core/runtime_failure.h"
 
 namespace tess {
 namespace {
@@ -34,6 +37,20 @@ ProofMarks marksOf(const PathProof& proof, const std::vector<ProofPlace>& places
 bool isEmpty(const ProofMarks& marks) {
   return marks.left.empty() && marks.tooDeep.empty() && marks.crosshairs.empty();
 }
+
+constexpr char kProving[] = "Proving    ";
+
+class AtWork {
+ public:
+  explicit AtWork(bool& flag) : flag_(flag), before_(std::exchange(flag, true)) {}
+  ~AtWork() { flag_ = before_; }
+  AtWork(const AtWork&) = delete;
+  AtWork& operator=(const AtWork&) = delete;
+
+ private:
+  bool& flag_;
+  bool before_;
+};
 
 }  // namespace
 
@@ -71,25 +88,45 @@ bool ProofWatch::isPanelOpen() const {
 }
 
 void ProofWatch::afterCommand() {
-  if (isRenewing_ || !isLookedAt()) return;
-  if (!isBehind_ && circumstances() == circumstances_) return;
-  isBehind_ = true;
+  if (isAtWork_ || !isLookedAt()) return;
+  if (circumstances() != circumstances_) ++changes_;
+  if (!isBehind()) return;
   if (session_.store.NumPathSegments < kRowsThatWait) return renew();
   tmrPathProof_->setEnabled(false);
   tmrPathProof_->setEnabled(true);
 }
 
-PathProof ProofWatch::prove() const {
-  return provePaths(session_.store, session_.pathJobs,
-                    proofMotions(session_.store, motionRules(definition_.dialect)));
+// While a proof is made events are served: another one must not begin.
+PathProof ProofWatch::prove() {
+  const AtWork here(isAtWork_);
+  class frmPathProof& panel = interaction_.frmPathProof;
+  const std::string shown = panel.lblPlace.caption();
+  PathProof proof;
+  try {
+    CancellableWork work(
+        session_.host, [&](const std::string& time) { panel.showPlace(kProving + time); },
+        CancellableWork::From::HalfASecond);
+    proof = provePaths(session_.store, session_.pathJobs,
+                       proofMotions(session_.store, motionRules(definition_.dialect)),
+                       work.breathing());
+  } catch (const WorkCancelled&) {
+    takeCallChain();
+    proof.isCancelled = true;
+  }
+  panel.showPlace(shown);
+  return proof;
 }
 
 void ProofWatch::renew() {
+  if (isAtWork_) return;
   tmrPathProof_->setEnabled(false);
   const bool hadMarks = !isEmpty(marks_);
+  const long long changes = changes_;
+  const Circumstances now = circumstances();
   const PathProof proof = prove();
-  isBehind_ = false;
-  circumstances_ = circumstances();
+  judged_ = changes;
+  circumstances_ = now;
+  isCancelled_ = proof.isCancelled;
   places_ = worstPlaces(proof);
   nextPlace_ = 0;
   marks_ = marksOf(proof, places_);
@@ -99,14 +136,13 @@ void ProofWatch::renew() {
 
 // Pointer events of the operator go on: a redraw that nobody asked for must not swallow them.
 void ProofWatch::showMarks() {
-  isRenewing_ = true;
+  const AtWork here(isAtWork_);
   interaction_.redraw.redrawscreen(/*target=*/nullptr, /*ShowGrid=*/true,
                                    /*FillPartTemplate=*/true, /*DisableEvents=*/false);
-  isRenewing_ = false;
 }
 
 void ProofWatch::goToNextPlace() {
-  if (isBehind_) renew();
+  if (isBehind() || isCancelled_) renew();
   if (places_.empty()) return;
   const ProofPlace place = places_[nextPlace_ % places_.size()];
   nextPlace_ = (nextPlace_ + 1) % places_.size();

@@ -28,14 +28,14 @@ class ProofWatch : public ChangeListener {
              Timers& timers);
 
   // ChangeListener
-  void changed(const KeptChange& /*change*/) override { isBehind_ = true; }
-  void rewritten() override { isBehind_ = true; }
+  void changed(const KeptChange& /*change*/) override { ++changes_; }
+  void rewritten() override { ++changes_; }
 
   // What no change tells of, such as tools; and the proof, if it is due. Ends every entry point.
   void afterCommand();
 
-  // The proof of the rows as they are now.
-  PathProof prove() const;
+  // The proof of the rows as they are now. The operator may end one that takes long.
+  PathProof prove();
 
   // The view goes to the next place that was found; after the last comes the first.
   void goToNextPlace();
@@ -53,6 +53,7 @@ class ProofWatch : public ChangeListener {
 
   bool isPanelOpen() const;
   bool isLookedAt() const { return isPanelOpen() || isPictureShown_; }
+  bool isBehind() const { return judged_ != changes_; }
   void renew();
   void showMarks();
 
@@ -65,9 +66,11 @@ class ProofWatch : public ChangeListener {
   ProofMarks marks_;
   std::vector<ProofPlace> places_;
   std::size_t nextPlace_ = 0;
-  bool isBehind_ = true;
+  long long changes_ = 1;
+  long long judged_ = 0;  // of the changes, those that the proof on show knows
   bool isPictureShown_ = false;
-  bool isRenewing_ = false;
+  bool isCancelled_ = false;
+  bool isAtWork_ = false;
 };
 
 }  // namespace tess

@@ -53,7 +53,7 @@ HeightRange heightsOf(const std::vector<Curve>& curves) {
 }
 
 void addStripsInPart(const PocketRegion& region, const std::vector<SweptCurve>& moves,
-                     std::vector<LevelStrip>& strips) {
+                     std::vector<LevelStrip>& strips, const Breathing& breathing) {
   if (moves.empty()) return;
   std::vector<Curve> curves;
   double radius = 0;
@@ -68,6 +68,7 @@ void addStripsInPart(const PocketRegion& region, const std::vector<SweptCurve>& 
   std::vector<LevelCrossing> crossings;
   std::vector<Span> swept, free, inPart;
   for (int level = 0; level < levels.count; ++level) {
+    breathe(breathing);
     const double y = levels.at(level);
     sweep.spansAt(y, swept);
     freeSpans(region, y, crossings, free);

@@ -4,6 +4,7 @@
 
 #include <vector>
 
+#include "core/cancellable_work.h"
 #include "toolpath/pocket_region.h"
 #include "toolpath/swept_spans.h"
 
@@ -33,6 +34,6 @@ struct Levels {
 
 // Adds what these moves sweep of what is not free.
 void addStripsInPart(const PocketRegion& region, const std::vector<SweptCurve>& moves,
-                     std::vector<LevelStrip>& strips);
+                     std::vector<LevelStrip>& strips, const Breathing& breathing = {});
 
 }  // namespace tess

@@ -178,7 +178,7 @@ double lengthOf(const std::vector<Span>& spans) {
 }  // namespace
 
 MissedArea missedArea(const PocketRegion& centers, double toolRadius,
-                      const std::vector<SweptCurve>& swept) {
+                      const std::vector<SweptCurve>& swept, const Breathing& breathing) {
   MissedArea missed;
   if (centers.isEmpty() || !(toolRadius > 0)) return missed;
   const Levels levels = levelsOver(heightsOf(centers.walls()), toolRadius, swept);
@@ -187,6 +187,7 @@ MissedArea missedArea(const PocketRegion& centers, double toolRadius,
   Places places(levels.step);
   std::vector<Span> reached, taken, left;
   for (int level = 0; level < levels.count; ++level) {
+    breathe(breathing);
     const double y = levels.at(level);
     reach.spansAt(y, reached);
     cut.spansAt(y, taken);

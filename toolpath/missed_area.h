@@ -31,6 +31,6 @@ struct MissedArea {
 // `centers` is where the centre of a tool of that radius may be; `swept` is all that is cut. A
 // place thinner than a 25th of the radius may stay unseen between two levels.
 MissedArea missedArea(const PocketRegion& centers, double toolRadius,
-                      const std::vector<SweptCurve>& swept);
+                      const std::vector<SweptCurve>& swept, const Breathing& breathing = {});
 
 }  // namespace tess

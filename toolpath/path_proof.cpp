@@ -34,8 +34,9 @@ class GroupDepth {
   GroupDepth(const DrawingStore& store, const ProofGroup& group, PathProof& proof)
       : store_(store), group_(group), proof_(proof), search_(group.region, group.freeSpace()) {}
 
-  void judge() {
+  void judge(const Breathing& breathing) {
     for (const int ps : group_.rows) {
+      breathe(breathing);
       if (!isJudged(ps)) {
         if (isCycle(store_, ps) || isFeedRow(store_, ps)) proof_.unjudged.push_back(ps);
       } else if (group_.hasWalls() && isFeedRow(store_, ps) && shapes_.add(store_, ps)) {
@@ -76,12 +77,12 @@ class GroupDepth {
 // ---- What is left
 
 MissedFinding missedBy(const DrawingStore& store, const std::vector<ProofGroup>& groups,
-                       const ProofGroup& job) {
+                       const ProofGroup& job, const Breathing& breathing) {
   const float floor = floorOf(store, job);
   std::vector<SweptCurve> swept = sweptAt(store, groups, floor);
   const auto missedAt = [&](double distance) {
-    const RegionOffset centers = offsetRegion(job.region, distance + kWallsNearer);
-    return missedArea(centers.region, job.toolRadius, swept);
+    const RegionOffset centers = offsetRegion(job.region, distance + kWallsNearer, breathing);
+    return missedArea(centers.region, job.toolRadius, swept, breathing);
   };
   MissedFinding found{.group = job.group, .atClearance = {}, .atWall = {}};
   const std::vector<SweptCurve> byTabs = leftByTabsAt(store, groups, floor);
@@ -113,23 +114,24 @@ double PathProof::share() const {
 }
 
 bool PathProof::isBeyondLimits() const {
-  return gouge.depth > limits.depth || share() > limits.share || !rapids.empty();
+  return isCancelled || gouge.depth > limits.depth || share() > limits.share || !rapids.empty();
 }
 
-PathProof provePaths(const DrawingStore& store, const PathJobs& jobs, const ProofMotions& motions) {
+PathProof provePaths(const DrawingStore& store, const PathJobs& jobs, const ProofMotions& motions,
+                     const Breathing& breathing) {
   PathProof proof;
   proof.limits = proofLimits(store);
-  const std::vector<ProofGroup> groups = proofGroups(store, jobs);
+  const std::vector<ProofGroup> groups = proofGroups(store, jobs, breathing);
   for (const ProofGroup& group : groups) {
     proof.jobs.push_back({group.group, group.kind, group.byRecord, group.toolRadius,
                           radiusOfRow(store, group.rows.front(), group)});
     GroupDepth depth(store, group, proof);
-    depth.judge();
-    if (group.isClosed) addStripsInPart(group.region, depth.tooDeep(), proof.tooDeep);
-    if (clears(group)) proof.missed.push_back(missedBy(store, groups, group));
+    depth.judge(breathing);
+    if (group.isClosed) addStripsInPart(group.region, depth.tooDeep(), proof.tooDeep, breathing);
+    if (clears(group)) proof.missed.push_back(missedBy(store, groups, group, breathing));
   }
   proof.tabs = findTabs(store, groups);
-  proof.rapids = findRapids(store, groups, motions, proof.unjudged);
+  proof.rapids = findRapids(store, groups, motions, proof.unjudged, breathing);
   std::sort(proof.unjudged.begin(), proof.unjudged.end());
   return proof;
 }

@@ -8,6 +8,7 @@
 #include <functional>
 #include <vector>
 
+#include "core/cancellable_work.h"
 #include "core/motion_stream.h"
 #include "core/path_jobs.h"
 #include "toolpath/missed_area.h"
@@ -62,6 +63,7 @@ struct PathProof {
   std::vector<int> unjudged;        // rows about which nothing can be said
   std::vector<LevelStrip> tooDeep;  // what is cut of the part beyond the limit
   ProofLimits limits;
+  bool isCancelled = false;  // by the operator: nothing was judged
 
   double share() const;  // the largest that a job leaves at its clearance
   bool isBeyondLimits() const;
@@ -72,6 +74,7 @@ struct ProofMotions {
   std::function<void(MotionReader&)> mill, lathe;
 };
 
-PathProof provePaths(const DrawingStore& store, const PathJobs& jobs, const ProofMotions& motions);
+PathProof provePaths(const DrawingStore& store, const PathJobs& jobs, const ProofMotions& motions,
+                     const Breathing& breathing = {});
 
 }  // namespace tess

@@ -149,7 +149,7 @@ double totalLength(const std::vector<Curve>& curves) {
 }
 
 void judgeByRows(ProofGroup& group, const DrawingStore& store,
-                 const std::vector<RegionLoop>& outlines) {
+                 const std::vector<RegionLoop>& outlines, const Breathing& breathing) {
   std::vector<Curve> ways;
   for (const int ps : group.rows) {
     for (const Curve& way : feedCurves(store, ps, JobKind::Contour)) ways.push_back(way);
@@ -161,7 +161,10 @@ void judgeByRows(ProofGroup& group, const DrawingStore& store,
   for (const RegionLoop& outline : outlines) {
     RunsAlong along(outline);
     Runs runs;
-    for (const Curve& way : ways) along.add(way, runs);
+    for (const Curve& way : ways) {
+      breathe(breathing);
+      along.add(way, runs);
+    }
     on += runs.on;
     if (runs.on > kMostOfIt * totalLength(outline.curves)) continue;  // engraved itself
     if (const auto side = sideOf(outline, runs)) sides.push_back(*side);
@@ -209,7 +212,8 @@ double radiusOfRow(const DrawingStore& store, int ps, const ProofGroup& group) {
   return radius > 0 ? radius : group.toolRadius;
 }
 
-std::vector<ProofGroup> proofGroups(const DrawingStore& store, const PathJobs& jobs) {
+std::vector<ProofGroup> proofGroups(const DrawingStore& store, const PathJobs& jobs,
+                                    const Breathing& breathing) {
   std::map<int, ProofGroup> groups;
   for (int ps = 1; ps <= store.NumPathSegments; ++ps) {
     const int number = groupCutOff(store.pscode[ps]);
@@ -223,7 +227,7 @@ std::vector<ProofGroup> proofGroups(const DrawingStore& store, const PathJobs& j
   for (auto& [number, group] : groups) {
     if (!group.byRecord) {
       if (!outlines) outlines = closedOutlines(store);
-      judgeByRows(group, store, *outlines);
+      judgeByRows(group, store, *outlines, breathing);
     }
     all.push_back(std::move(group));
   }

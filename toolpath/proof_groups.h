@@ -5,6 +5,7 @@
 
 #include <vector>
 
+#include "core/cancellable_work.h"
 #include "core/path_jobs.h"
 #include "toolpath/pocket_region.h"
 #include "toolpath/row_depth.h"
@@ -32,7 +33,8 @@ struct ProofGroup {
 };
 
 // All groups that have rows, by ascending numbers.
-std::vector<ProofGroup> proofGroups(const DrawingStore& store, const PathJobs& jobs);
+std::vector<ProofGroup> proofGroups(const DrawingStore& store, const PathJobs& jobs,
+                                    const Breathing& breathing = {});
 
 // The closed outlines among the ordinary rows of a drawing, each counter-clockwise. What is open,
 // or branches, is passed over.

@@ -11,6 +11,9 @@ namespace {
 
 constexpr double kNear = 0.1;  // of a limit
 
+constexpr char kNotJudged[] = "Not judged";
+constexpr char kCancelled[] = "The proof was cancelled: the path is not judged.";
+
 std::string lengthText(double length) {
   return formatNumber(static_cast<float>(length), "0.0000");
 }
@@ -146,12 +149,14 @@ std::vector<ProofPlace> worstPlaces(const PathProof& proof) {
 }
 
 std::string proofLine(const PathProof& proof) {
+  if (proof.isCancelled) return kNotJudged;
   return "In by " + lengthText(proof.gouge.depth) + "   Left " + percentText(proof.share()) +
          "   Rapids " + std::to_string(proof.rapids.size());
 }
 
 std::string worstFindings(const PathProof& proof) {
   std::string text;
+  if (proof.isCancelled) appendLine(text, kCancelled);
   if (proof.gouge.depth > proof.limits.depth) appendLine(text, gougeText(proof.gouge));
   const MissedFinding* const most = mostMissed(proof);
   if (most != nullptr && proof.share() > proof.limits.share) appendLine(text, missedText(*most));
@@ -162,6 +167,7 @@ std::string worstFindings(const PathProof& proof) {
 std::string proofText(const PathProof& proof) {
   std::string text;
   appendLine(text, proofLine(proof));
+  if (proof.isCancelled) appendLine(text, kCancelled);
   appendJobs(text, proof);
   if (proof.gouge.depth > kNear * proof.limits.depth) appendLine(text, gougeText(proof.gouge));
   for (const MissedFinding& missed : proof.missed) {

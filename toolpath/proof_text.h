@@ -29,7 +29,7 @@ std::vector<ProofPlace> worstPlaces(const PathProof& proof);
 // "clearing", "contour", "on the line", "lathe"; "not judged" for none of these.
 const char* kindText(JobKind kind);
 
-// "In by 0.0000   Left 0.00 %   Rapids 0"
+// "In by 0.0000   Left 0.00 %   Rapids 0"; "Not judged" where the proof was cancelled.
 std::string proofLine(const PathProof& proof);
 
 // A line for the worst finding of each kind beyond its limit; empty when there is none.

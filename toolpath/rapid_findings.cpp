@@ -307,10 +307,12 @@ bool hasLathe(const std::vector<ProofGroup>& groups) {
 
 std::vector<RapidFinding> findRapids(const DrawingStore& store,
                                      const std::vector<ProofGroup>& groups,
-                                     const ProofMotions& motions, std::vector<int>& unjudged) {
+                                     const ProofMotions& motions, std::vector<int>& unjudged,
+                                     const Breathing& breathing) {
   RapidSearch search(store, groups, unjudged);
   const bool isLathe = hasLathe(groups);
   for (const Rapid& rapid : rapidsOf(isLathe ? motions.lathe : motions.mill)) {
+    breathe(breathing);
     search.judge(rapid, isLathe);
   }
   std::stable_sort(search.findings.begin(), search.findings.end(),

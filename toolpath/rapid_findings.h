@@ -11,6 +11,7 @@ namespace tess {
 // whose rapids could not be looked at, since there are too many of them, are added to `unjudged`.
 std::vector<RapidFinding> findRapids(const DrawingStore& store,
                                      const std::vector<ProofGroup>& groups,
-                                     const ProofMotions& motions, std::vector<int>& unjudged);
+                                     const ProofMotions& motions, std::vector<int>& unjudged,
+                                     const Breathing& breathing = {});
 
 }  // namespace tess

@@ -284,7 +284,8 @@ OffsetCandidates candidatesOf(const PocketRegion& region, double distance) {
 
 // What is free of each chain of candidates, in its order, joined where one follows on another.
 std::vector<FreePiece> freePieces(const OffsetCandidates& candidates, FreeStretches& stretches,
-                                  const OffsetMeasures& measures) {
+                                  const OffsetMeasures& measures, const Breathing& breathing) {
+  constexpr std::size_t kAtOnce = 512;
   std::vector<FreePiece> pieces;
   pieces.reserve(candidates.all().size());
   Joiner joiner(pieces, measures);
@@ -292,9 +293,13 @@ std::vector<FreePiece> freePieces(const OffsetCandidates& candidates, FreeStretc
   for (const int chainEnd : candidates.chainEnds()) {
     const auto end = static_cast<std::size_t>(chainEnd);
     const std::size_t first = pieces.size();
-    stretches.append(candidates.all(), begin, end, pieces);
+    while (begin < end) {
+      const std::size_t next = std::min(begin + kAtOnce, end);
+      stretches.append(candidates.all(), begin, next, pieces);
+      breathe(breathing);
+      begin = next;
+    }
     joiner.joinAlong(first, pieces.size());
-    begin = end;
   }
   if (!joiner.joinedAll()) {
     joiner.joinNear();
@@ -350,14 +355,14 @@ struct JudgedOffset {
   bool lostByAHair = false;
 };
 
-JudgedOffset judgedOffset(const PocketRegion& region, double distance) {
+JudgedOffset judgedOffset(const PocketRegion& region, double distance, const Breathing& breathing) {
   if (isItsOwnOffset(region, distance)) return {{region, {}}};
   constexpr double kLeast = 1e-6;
   const OffsetMeasures measures(std::max(distance, kLeast), region.largestNumber());
   const OffsetCandidates candidates = candidatesOf(region, measures.distance);
   const bool overlaps = region.traits().overlaps || region.traits().crossesSelf;
   FreeStretches stretches(region.index(), measures, overlaps);
-  const std::vector<FreePiece> pieces = freePieces(candidates, stretches, measures);
+  const std::vector<FreePiece> pieces = freePieces(candidates, stretches, measures, breathing);
   JudgedOffset judged;
   RegionOffset& offset = judged.offset;
   judged.lostByAHair = candidates.lostByAHair() || stretches.lostByAHair();
@@ -365,7 +370,9 @@ JudgedOffset judgedOffset(const PocketRegion& region, double distance) {
   LoopAssembly assembly(pieces);
   for (std::size_t k = 0; k < pieces.size(); ++k) {
     auto loop = assembly.loopFrom(k, offset.lost);
-    if (!loop || !region.isFree(placeOn(*loop))) continue;
+    if (!loop) continue;
+    breathe(breathing);
+    if (!region.isFree(placeOn(*loop))) continue;
     settleArea(*loop, measures.distance);
     loops.push_back(std::move(*loop));
   }
@@ -376,8 +383,8 @@ JudgedOffset judgedOffset(const PocketRegion& region, double distance) {
 
 }  // namespace
 
-RegionOffset offsetRegion(const PocketRegion& region, double distance) {
-  return judgedOffset(region, distance).offset;
+RegionOffset offsetRegion(const PocketRegion& region, double distance, const Breathing& breathing) {
+  return judgedOffset(region, distance, breathing).offset;
 }
 
 namespace {
@@ -406,10 +413,12 @@ bool reachesBeyond(const PocketRegion& wider, const Room& room, const PocketRegi
 
 // Takes the rooms of an offset that only a hair less of distance shows, whole or in part, from
 // there.
-PocketRegion withRoomsOf(const PocketRegion& wider, const PocketRegion& offset, double corner) {
+PocketRegion withRoomsOf(const PocketRegion& wider, const PocketRegion& offset, double corner,
+                         const Breathing& breathing) {
   std::vector<bool> isTaken(wider.loops().size(), false);  // by its outer loop
   std::vector<RegionLoop> loops;
   for (const Room& room : roomsOf(wider)) {
+    breathe(breathing);
     if (!reachesBeyond(wider, room, offset, corner)) continue;
     isTaken[static_cast<std::size_t>(room.outer)] = true;
     for (const int number : loopsOf(room)) {
@@ -428,13 +437,13 @@ PocketRegion withRoomsOf(const PocketRegion& wider, const PocketRegion& offset, 
 
 }  // namespace
 
-RegionOffset fittedOffset(const PocketRegion& region, double distance) {
-  JudgedOffset judged = judgedOffset(region, distance);
+RegionOffset fittedOffset(const PocketRegion& region, double distance, const Breathing& breathing) {
+  JudgedOffset judged = judgedOffset(region, distance, breathing);
   RegionOffset& offset = judged.offset;
   if (!judged.lostByAHair || distance <= kHairWidth) return std::move(offset);
-  const PocketRegion wider = offsetRegion(region, distance - kHairWidth).region;
+  const PocketRegion wider = offsetRegion(region, distance - kHairWidth, breathing).region;
   const double corner = OffsetMeasures(distance, region.largestNumber()).corner;
-  offset.region = withRoomsOf(wider, offset.region, corner);
+  offset.region = withRoomsOf(wider, offset.region, corner, breathing);
   return std::move(offset);
 }
 
@@ -457,7 +466,8 @@ std::vector<Room> roomsOf(const PocketRegion& region) {
   return rooms;
 }
 
-ChainOffset chainOffset(const std::vector<Curve>& chain, double distance) {
+ChainOffset chainOffset(const std::vector<Curve>& chain, double distance,
+                        const Breathing& breathing) {
   const CurveIndex walls(chain);
   double largest = 0;
   for (const Curve& curve : chain) largest = std::max(largest, largestNumberOf(curve));
@@ -465,7 +475,7 @@ ChainOffset chainOffset(const std::vector<Curve>& chain, double distance) {
   OffsetCandidates candidates(distance, chain);
   candidates.add(0, static_cast<int>(chain.size()) - 1, /*closed=*/false, /*reverse=*/false);
   FreeStretches stretches(walls, measures, /*overlaps=*/false);
-  const std::vector<FreePiece> pieces = freePieces(candidates, stretches, measures);
+  const std::vector<FreePiece> pieces = freePieces(candidates, stretches, measures, breathing);
   ChainOffset offset;
   for (std::size_t k = 0; k < pieces.size(); ++k) {
     const bool goesOn = k > 0 && gapOf(pieces[k - 1], pieces[k]) <= measures.reach;

@@ -9,6 +9,7 @@
 
 #include <vector>
 
+#include "core/cancellable_work.h"
 #include "toolpath/pocket_region.h"
 
 namespace tess {
@@ -20,12 +21,14 @@ struct RegionOffset {
 };
 
 // `distance` is not negative; 0 gives the region itself.
-RegionOffset offsetRegion(const PocketRegion& region, double distance);
+RegionOffset offsetRegion(const PocketRegion& region, double distance,
+                          const Breathing& breathing = {});
 
 // A slot or a hole of exactly a tool's size may be too narrow for it by what rounding took, all of
 // it or somewhere. Rooms that only a distance smaller by so much shows whole are offset by that.
 inline constexpr double kHairWidth = 0.00002;
-RegionOffset fittedOffset(const PocketRegion& region, double distance);
+RegionOffset fittedOffset(const PocketRegion& region, double distance,
+                          const Breathing& breathing = {});
 
 // One outer loop and the holes in it: the tool cannot pass from room to room.
 struct Room {
@@ -42,6 +45,7 @@ int outerRound(const PocketRegion& region, const RegionLoop& loop, int number = 
 struct ChainOffset {
   std::vector<std::vector<Curve>> stretches;
 };
-ChainOffset chainOffset(const std::vector<Curve>& chain, double distance);
+ChainOffset chainOffset(const std::vector<Curve>& chain, double distance,
+                        const Breathing& breathing = {});
 
 }  // namespace tess

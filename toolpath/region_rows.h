@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "core/cancellable_work.h"
 #include "toolpath/pocket_region.h"
 
 namespace tess {
@@ -20,8 +21,9 @@ class RegionRows {
 
   explicit RegionRows(Test isClear) : isClear_(std::move(isClear)) {}
   // Each curve must keep `distance` from the walls of `region`, but for kPlacedSlack.
-  RegionRows(const PocketRegion& region, double distance)
-      : RegionRows([&region, distance](const Curve& curve) {
+  RegionRows(const PocketRegion& region, double distance, const Breathing& breathing = {})
+      : RegionRows([&region, distance, breathing](const Curve& curve) {
+          breathe(breathing);
           return region.isClear(curve, distance - kPlacedSlack);
         }) {}
 

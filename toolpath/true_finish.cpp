@@ -14,6 +14,7 @@
 #include "display/pointer.h"
 #include "drafting/change.h"
 #include "geometry/row_entity.h"
+#include "toolpath/cancellable_command.h"
 #include "toolpath/chain_walk.h"
 #include "toolpath/element_offset.h"
 #include "toolpath/frmHoldingTabs.h"
@@ -32,6 +33,7 @@ namespace tess {
 namespace {
 
 constexpr char kCommand[] = "Place Finish Path";
+constexpr char kStage[] = "Collecting Finish Points    ";
 // Leads shorter than this share of the tool's radius are none.
 constexpr double kShortestLead = 0.01;
 
@@ -88,7 +90,7 @@ struct FinishWay {
 class FinishField {
  public:
   virtual ~FinishField() = default;
-  virtual std::vector<FinishWay> waysAt(double distance) const = 0;
+  virtual std::vector<FinishWay> waysAt(double distance, const Breathing& breathing) const = 0;
   virtual bool isClear(const Curve& curve, double distance) const = 0;
   // Its ways run round a part, which they would cut free.
   virtual bool runsRoundPart() const = 0;
@@ -110,8 +112,8 @@ class ClosedField : public FinishField {
   }
 
   // Loops of which a piece comes from the chain, the one nearest to the start first.
-  std::vector<FinishWay> waysAt(double distance) const override {
-    const PocketRegion offset = fittedOffset(region_, distance).region;
+  std::vector<FinishWay> waysAt(double distance, const Breathing& breathing) const override {
+    const PocketRegion offset = fittedOffset(region_, distance, breathing).region;
     std::vector<std::pair<double, FinishWay>> ways;
     for (const RegionLoop& loop : offset.loops()) {
       if (!isOfChain(loop)) continue;
@@ -208,9 +210,9 @@ class OpenField : public FinishField {
     index_ = CurveIndex(walls_);
   }
 
-  std::vector<FinishWay> waysAt(double distance) const override {
+  std::vector<FinishWay> waysAt(double distance, const Breathing& breathing) const override {
     std::vector<FinishWay> ways;
-    for (std::vector<Curve>& stretch : chainOffset(walls_, distance).stretches) {
+    for (std::vector<Curve>& stretch : chainOffset(walls_, distance, breathing).stretches) {
       if (!freeLeft_) {
         std::reverse(stretch.begin(), stretch.end());
         std::transform(stretch.begin(), stretch.end(), stretch.begin(), reversed);
@@ -292,20 +294,22 @@ struct PassPath {
   std::size_t round = 0;  // the longest way among the stretches; their number for none
   double leads = 0;       // how long its leads are
   bool freeLeft = true;
-  bool isSound = false;  // all that is judged was tested and is clear
 };
 
 class PassMaker {
  public:
-  PassMaker(CamContext& cam, const FinishField& field)
-      : cam_(cam), field_(field), radius_(cam.store.toolradius[cam.store.selectedtool]) {}
+  PassMaker(CamContext& cam, const FinishField& field, const Breathing& breathing)
+      : cam_(cam),
+        field_(field),
+        breathing_(breathing),
+        radius_(cam.store.toolradius[cam.store.selectedtool]) {}
 
   // A gap to the pass before is linked where that is possible.
   PassPath pathAt(double distance, bool links) {
     PassPath path;
     path.distance = distance;
     double longest = 0;
-    for (FinishWay& way : field_.waysAt(distance)) {
+    for (FinishWay& way : field_.waysAt(distance, breathing_)) {
       const auto leads = leadsOf(way);
       if (links) linkTo(leads ? leads->in.start : way.curves.front().start, path);
       if (leads) path.stretches.push_back({{leads->in}, false});
@@ -323,52 +327,23 @@ class PassMaker {
   }
 
   // A curve that comes too near to a wall is left out.
-  std::vector<Entity> rowsOf(PassPath& path) {
-    RegionRows rows(testOf(path));
+  std::vector<Entity> rowsOf(const PassPath& path) {
+    bool isJudged = true;
+    RegionRows rows([&](const Curve& curve) {
+      breathe(breathing_);
+      return !isJudged || field_.isClear(curve, path.distance - kPlacedSlack);
+    });
     for (const PassStretch& stretch : path.stretches) {
-      noJudgement_ = !stretch.isJudged;
+      isJudged = stretch.isJudged;
       rows.add(stretch.curves);
     }
-    path.isSound = !rows.refused();
     refused_ |= rows.refused();
     return rows.rows();
-  }
-
-  // The same at one level, raised by these ranges of the way round the part.
-  std::vector<RowAtHeight> raisedRowsOf(const PassPath& path, float z,
-                                        std::span<const RaisedRange> raised) {
-    RegionRows rows(testOf(path));
-    std::vector<RowAtHeight> placed;
-    const auto add = [&](const std::vector<Curve>& curves, double height) {
-      const std::size_t before = rows.rows().size();
-      rows.add(curves);
-      for (std::size_t k = before; k < rows.rows().size(); ++k) {
-        placed.push_back({rows.rows()[k], narrow(height)});
-      }
-    };
-    for (std::size_t k = 0; k < path.stretches.size(); ++k) {
-      const PassStretch& stretch = path.stretches[k];
-      noJudgement_ = path.isSound || !stretch.isJudged;
-      if (k != path.round) {
-        add(stretch.curves, z);
-        continue;
-      }
-      for (const RaisedRun& run : raisedRuns(WayByLength(stretch.curves), raised, z)) {
-        add(run.curves, run.z);
-      }
-    }
-    return placed;
   }
 
   bool refused() const { return refused_; }
 
  private:
-  RegionRows::Test testOf(const PassPath& path) {
-    return [this, distance = path.distance](const Curve& curve) {
-      return noJudgement_ || field_.isClear(curve, distance - kPlacedSlack);
-    };
-  }
-
   static double lengthOfAll(const std::vector<Curve>& curves) {
     return std::accumulate(curves.begin(), curves.end(), 0.0,
                            [](double sum, const Curve& curve) { return sum + lengthOf(curve); });
@@ -404,10 +379,10 @@ class PassMaker {
 
   CamContext& cam_;
   const FinishField& field_;
+  const Breathing& breathing_;
   double radius_;
   double leadLength_ = 0;  // of the leads last made
   std::optional<PlanePoint> end_;
-  bool noJudgement_ = false;
   bool refused_ = false;
 };
 
@@ -426,53 +401,6 @@ struct PassTabs {
   std::vector<RaisedRange> raised;
   std::vector<JobTab> tabs;
 };
-
-// For each of the passes; nothing when the operator wants no path after all.
-std::optional<std::vector<PassTabs>> chooseTabs(CamContext& cam,
-                                                const std::vector<PassPath>& passes, float floor) {
-  const DrawingStore& store = cam.store;
-  std::vector<TabPass> ways;
-  std::vector<std::size_t> passOfWay;
-  for (std::size_t pass = 0; pass < passes.size(); ++pass) {
-    if (passes[pass].stretches.empty()) continue;
-    ways.push_back(tabPassOf(passes[pass], store.toolradius[store.selectedtool]));
-    passOfWay.push_back(pass);
-  }
-  frmHoldingTabs form(cam, std::move(ways), floor);
-  const int busy = cam.context.systemPointer.MousePointer();
-  cam.context.systemPointer.setMousePointer(kDefaultShape);
-  cam.context.session.host.prompts.showModal(form);
-  cam.context.systemPointer.setMousePointer(busy);
-  if (!form.accepted()) return std::nullopt;
-  std::vector<PassTabs> chosen(passes.size());
-  for (std::size_t way = 0; way < passOfWay.size(); ++way) {
-    PassTabs& pass = chosen[passOfWay[way]];
-    pass.raised = form.plan().ranges(way, floor, form.top(), TabRamp{});
-    for (const TabPlan::Bridge& bridge : form.plan().bridges(way)) {
-      pass.tabs.push_back({bridge.from.x, bridge.from.y, bridge.to.x, bridge.to.y, form.top()});
-    }
-  }
-  return chosen;
-}
-
-// At each of the levels; a level above all tabs has the rows as they are.
-std::vector<std::vector<RowAtHeight>> rowsAtLevels(PassMaker& maker, PassPath& path,
-                                                   const std::vector<RaisedRange>& raised,
-                                                   const std::vector<PathLevel>& levels) {
-  const std::vector<Entity> plain = maker.rowsOf(path);
-  std::vector<std::vector<RowAtHeight>> rows(levels.size());
-  for (std::size_t level = 0; level < levels.size(); ++level) {
-    const float z = levels[level].z;
-    const bool rises = std::any_of(raised.begin(), raised.end(),
-                                   [z](const RaisedRange& range) { return range.top > z; });
-    if (rises) {
-      rows[level] = maker.raisedRowsOf(path, z, raised);
-    } else {
-      for (const Entity& row : plain) rows[level].push_back({row, z});
-    }
-  }
-  return rows;
-}
 
 // ---- The field of a chain
 
@@ -529,17 +457,137 @@ std::unique_ptr<FinishField> fieldOf(CamContext& cam, const Chain& chain,
                                        !inside);
 }
 
-bool pathIsPossible(CamContext& cam, const FinishField& field) {
+bool pathIsPossible(CamContext& cam, const FinishField& field, const Breathing& breathing) {
   const float radius = cam.store.toolradius[cam.store.selectedtool];
   if (!(radius > 0)) {
     tellRadius(cam, kCommand, radius);
     return false;
   }
-  if (!field.waysAt(radius).empty()) return true;
+  if (!field.waysAt(radius, breathing).empty()) return true;
   cam.context.session.host.prompts.showMessage({.text = "The tool does not fit into the pocket.",
                                                 .title = kCommand,
                                                 .icon = MessageIcon::Warning});
   return false;
+}
+
+// ---- The passes
+
+struct FinishPass {
+  PassPath path;
+  std::vector<Entity> rows;  // of it, where nothing raises it
+};
+
+// All that a command is going to place; nothing of it stands in the drawing before it is complete.
+struct FinishPlan {
+  std::vector<FinishPass> passes;  // in the order in which they are cut
+  bool runsRoundPart = false;
+  bool failed = false;  // a part of the path could not be placed
+};
+
+// Nothing after a message.
+std::optional<FinishPlan> planPasses(CamContext& cam, const TrueFinishRequest& request, bool links,
+                                     const Breathing& breathing) {
+  const Chain chain = chainFrom(cam.store, request.sg, request.start);
+  const auto field = fieldOf(cam, chain, request);
+  if (!field || !pathIsPossible(cam, *field, breathing)) return std::nullopt;
+  PassMaker maker(cam, *field, breathing);
+  FinishPlan plan;
+  plan.runsRoundPart = field->runsRoundPart();
+  for (int pass = request.passes; pass >= 1; --pass) {
+    // A clearance below 0 would cut into the part.
+    const float distance = std::max(passDistance(cam.store, pass), passDistance(cam.store, 1));
+    PassPath path = maker.pathAt(distance, links);
+    std::vector<Entity> rows = maker.rowsOf(path);
+    plan.passes.push_back({std::move(path), std::move(rows)});
+  }
+  plan.failed = maker.refused();
+  return plan;
+}
+
+// For each of the passes; nothing when the operator wants no path after all.
+std::optional<std::vector<PassTabs>> chooseTabs(CamContext& cam, const FinishPlan& plan,
+                                                float floor) {
+  const DrawingStore& store = cam.store;
+  std::vector<TabPass> ways;
+  std::vector<std::size_t> passOfWay;
+  for (std::size_t pass = 0; pass < plan.passes.size(); ++pass) {
+    const PassPath& path = plan.passes[pass].path;
+    if (path.stretches.empty()) continue;
+    ways.push_back(tabPassOf(path, store.toolradius[store.selectedtool]));
+    passOfWay.push_back(pass);
+  }
+  frmHoldingTabs form(cam, std::move(ways), floor);
+  const int busy = cam.context.systemPointer.MousePointer();
+  cam.context.systemPointer.setMousePointer(kDefaultShape);
+  cam.context.session.host.prompts.showModal(form);
+  cam.context.systemPointer.setMousePointer(busy);
+  if (!form.accepted()) return std::nullopt;
+  std::vector<PassTabs> chosen(plan.passes.size());
+  for (std::size_t way = 0; way < passOfWay.size(); ++way) {
+    PassTabs& pass = chosen[passOfWay[way]];
+    pass.raised = form.plan().ranges(way, floor, form.top(), TabRamp{});
+    for (const TabPlan::Bridge& bridge : form.plan().bridges(way)) {
+      pass.tabs.push_back({bridge.from.x, bridge.from.y, bridge.to.x, bridge.to.y, form.top()});
+    }
+  }
+  return chosen;
+}
+
+// The rows of a pass whose curves have been tested, raised by these ranges of the way round.
+std::vector<RowAtHeight> raisedRows(const PassPath& path, float z,
+                                    std::span<const RaisedRange> raised) {
+  RegionRows rows([](const Curve&) { return true; });
+  std::vector<RowAtHeight> placed;
+  const auto add = [&](const std::vector<Curve>& curves, double height) {
+    const std::size_t before = rows.rows().size();
+    rows.add(curves);
+    for (std::size_t k = before; k < rows.rows().size(); ++k) {
+      placed.push_back({rows.rows()[k], narrow(height)});
+    }
+  };
+  for (std::size_t k = 0; k < path.stretches.size(); ++k) {
+    const PassStretch& stretch = path.stretches[k];
+    if (k != path.round) {
+      add(stretch.curves, z);
+      continue;
+    }
+    for (const RaisedRun& run : raisedRuns(WayByLength(stretch.curves), raised, z)) {
+      add(run.curves, run.z);
+    }
+  }
+  return placed;
+}
+
+// At each of the levels; one above all tabs has the rows as they are.
+std::vector<std::vector<RowAtHeight>> rowsAtLevels(const FinishPass& pass,
+                                                   const std::vector<RaisedRange>& raised,
+                                                   const std::vector<PathLevel>& levels) {
+  std::vector<std::vector<RowAtHeight>> rows(levels.size());
+  for (std::size_t level = 0; level < levels.size(); ++level) {
+    const float z = levels[level].z;
+    const bool rises = std::any_of(raised.begin(), raised.end(),
+                                   [z](const RaisedRange& range) { return range.top > z; });
+    if (rises) {
+      rows[level] = raisedRows(pass.path, z, raised);
+    } else {
+      for (const Entity& row : pass.rows) rows[level].push_back({row, z});
+    }
+  }
+  return rows;
+}
+
+void placePasses(CamContext& cam, const FinishPlan& plan, const std::vector<PassTabs>& tabs,
+                 const JobWalls& walls, const std::vector<PathLevel>& levels) {
+  DrawingStore& store = cam.store;
+  Change change(cam.changes);
+  for (std::size_t k = 0; k < plan.passes.size(); ++k) {
+    const FinishPass& pass = plan.passes[k];
+    store.currentpathgroup = nextPathGroup(store);
+    const int index = pathInsertIndex(store, cam.pathInsertMode, cam.pathInsertGroup);
+    placeAtLevels(cam, change, index, rowsAtLevels(pass, tabs[k].raised, levels), levels);
+    noteJob(cam, JobKind::Contour, pass.path.distance, walls, {.tabs = tabs[k].tabs});
+  }
+  change.keep({.redraws = false});
 }
 
 }  // namespace
@@ -553,42 +601,31 @@ float passDistance(const DrawingStore& store, int pass) {
 
 void placeTrueFinish(CamContext& cam, const TrueFinishRequest& request) {
   const Procedure here("placeTrueFinish()");
-  DrawingStore& store = cam.store;
+  const DrawingStore& store = cam.store;
   const bool several = -std::abs(store.cfg_start_depth) >= roughingFloor(store);
   if (request.passes < 1 || !levelsArePossible(cam, kCommand, several)) return;
   const BusyPointer busy(cam.context.systemPointer);
-  const Point start = startOn(store, request);
-  const Chain chain = chainFrom(store, request.sg, start);
-  const auto field = fieldOf(cam, chain, {request.sg, start, request.reference});
-  if (!field || !pathIsPossible(cam, *field)) return;
-  PassMaker maker(cam, *field);
   const std::vector<PathLevel> levels = levelsOf(store, several, store.cfg_finish_feedrate);
   const bool links = store.cfg_connect_pocketing_paths && levels.size() == 1;
-  std::vector<PassPath> passes;
-  for (int pass = request.passes; pass >= 1; --pass) {
-    // A clearance below 0 would cut into the part.
-    const float distance = std::max(passDistance(store, pass), passDistance(store, 1));
-    passes.push_back(maker.pathAt(distance, links));
-  }
-  std::vector<PassTabs> tabs(passes.size());
-  if (store.cfg_holding_tabs && field->runsRoundPart()) {
-    auto chosen = chooseTabs(cam, passes, levels.back().z);
+  TrueFinishRequest begun = request;
+  begun.start = startOn(store, request);
+  std::optional<FinishPlan> plan;
+  const bool done = unlessCancelled(cam, kStage, [&](const Breathing& breathing) {
+    plan = planPasses(cam, begun, links, breathing);
+  });
+  if (!done || !plan) return;
+  std::vector<PassTabs> tabs(plan->passes.size());
+  if (store.cfg_holding_tabs && plan->runsRoundPart) {
+    // Of what is no whole path it is not known that tabs hold.
+    if (plan->failed) return tellWhatFailed(cam, kCommand, true);
+    auto chosen = chooseTabs(cam, *plan, levels.back().z);
     if (!chosen) return;
     tabs = std::move(*chosen);
   }
-  Change change(cam.changes);
-  const JobWalls walls = wallsBeside(store, request.sg, request.reference);
-  for (std::size_t pass = 0; pass < passes.size(); ++pass) {
-    const auto rows = rowsAtLevels(maker, passes[pass], tabs[pass].raised, levels);
-    store.currentpathgroup = nextPathGroup(store);
-    const int index = pathInsertIndex(store, cam.pathInsertMode, cam.pathInsertGroup);
-    placeAtLevels(cam, change, index, rows, levels);
-    noteJob(cam, JobKind::Contour, passes[pass].distance, walls, {.tabs = tabs[pass].tabs});
-  }
-  change.keep({.redraws = false});
+  placePasses(cam, *plan, tabs, wallsBeside(store, request.sg, request.reference), levels);
   cam.context.state.setPendingaction(0);
   showPlacedPaths(cam);
-  tellWhatFailed(cam, kCommand, maker.refused());
+  tellWhatFailed(cam, kCommand, plan->failed);
 }
 
 }  // namespace tess

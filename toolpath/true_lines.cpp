@@ -128,13 +128,15 @@ struct Entry {
 
 class RoomCutter {
  public:
-  RoomCutter(const PocketRegion& offset, const LineRules& rules, RoomWay& way)
-      : offset_(offset), rules_(rules), way_(way) {}
+  RoomCutter(const PocketRegion& offset, const LineRules& rules, RoomWay& way,
+             const Breathing& breathing)
+      : offset_(offset), rules_(rules), way_(way), breathing_(breathing) {}
 
   void cutColumns(std::vector<Column> columns) {
     std::vector<std::size_t> left(columns.size());
     for (std::size_t k = 0; k < left.size(); ++k) left[k] = k;
     while (!left.empty()) {
+      breathe(breathing_);
       const auto [at, entry] = nearest(columns, left);
       cutColumn(columns[left[at]], entry);
       left.erase(left.begin() + static_cast<std::ptrdiff_t>(at));
@@ -197,6 +199,7 @@ class RoomCutter {
     if (entry.falling) std::reverse(column.spans.begin(), column.spans.end());
     int direction = entry.direction;
     for (const ClearSpan& span : column.spans) {
+      breathe(breathing_);
       const PlanePoint low = placeAt(rules_.style, span.line, span.from);
       const PlanePoint high = placeAt(rules_.style, span.line, span.to);
       way_.cut({direction > 0 ? lineCurve(low, high) : lineCurve(high, low)}, /*linked=*/linked_,
@@ -207,6 +210,7 @@ class RoomCutter {
   }
 
   void cutLoop(int number) {
+    breathe(breathing_);
     const RegionLoop& loop = offset_.loops()[static_cast<std::size_t>(number)];
     const RegionLoop way = rules_.mode == CuttingMode::Conventional ? reversedLoop(loop) : loop;
     way_.cut(loopFrom(way, nearestPlace(way, way_.place())), linked_, &offset_);
@@ -216,6 +220,7 @@ class RoomCutter {
   const PocketRegion& offset_;
   const LineRules& rules_;
   RoomWay& way_;
+  const Breathing& breathing_;
   bool linked_ = false;  // no link leads from one room into another
 };
 
@@ -226,10 +231,12 @@ double lineCount(const PocketRegion& offset, ScanStyle style, double step) {
   return (bands.highest() - bands.lowest()) / step;
 }
 
-LineScan scanRegion(const PocketRegion& offset, ScanStyle style, double step) {
+LineScan scanRegion(const PocketRegion& offset, ScanStyle style, double step,
+                    const Breathing& breathing) {
   Scanner scanner(offset, style, step);
   LineScan scan{scanner.bound(), {}};
   for (int number = 0; number < scanner.lines(); ++number) {
+    breathe(breathing);
     std::vector<ClearSpan>& line = scan.lines.emplace_back();
     scanner.spansOf(
         number, [](int) { return 0; },
@@ -239,7 +246,7 @@ LineScan scanRegion(const PocketRegion& offset, ScanStyle style, double step) {
 }
 
 void cutLines(const PocketRegion& offset, const LineRules& rules, RoomWay& way,
-              const std::function<void()>& pause) {
+              const Breathing& breathing) {
   const std::vector<Room> rooms = roomsOf(offset);
   std::vector<int> roomOfLoop(offset.loops().size(), 0);
   for (std::size_t k = 0; k < rooms.size(); ++k) {
@@ -255,6 +262,7 @@ void cutLines(const PocketRegion& offset, const LineRules& rules, RoomWay& way,
   std::vector<RoomSpans> spans(rooms.size());
   std::vector<int> firstLine(rooms.size(), -1);
   for (int number = 0; number < scanner.lines(); ++number) {
+    breathe(breathing);
     scanner.spansOf(number, roomOf, [&](int room, const ClearSpan& span) {
       RoomSpans& of = spans[static_cast<std::size_t>(room)];
       int& first = firstLine[static_cast<std::size_t>(room)];
@@ -265,8 +273,7 @@ void cutLines(const PocketRegion& offset, const LineRules& rules, RoomWay& way,
   }
   way.startAt(placeAt(rules.style, scanner.bound(), 0));
   for (std::size_t k = 0; k < rooms.size(); ++k) {
-    pause();
-    RoomCutter cutter(offset, rules, way);
+    RoomCutter cutter(offset, rules, way, breathing);
     cutter.cutColumns(columnsOf(spans[k]));
     if (rules.contours) cutter.cutContours(rooms[k]);
   }

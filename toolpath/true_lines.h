@@ -2,7 +2,6 @@
 // Owns: ClearSpan, LineScan, lineCount, scanRegion, LineRules, cutLines.
 #pragma once
 
-#include <functional>
 #include <vector>
 
 #include "core/pocketing_choices.h"
@@ -28,7 +27,8 @@ struct LineScan {
 double lineCount(const PocketRegion& offset, ScanStyle style, double step);
 
 // Lines `step` apart over all of an offset, or over a room of it.
-LineScan scanRegion(const PocketRegion& offset, ScanStyle style, double step);
+LineScan scanRegion(const PocketRegion& offset, ScanStyle style, double step,
+                    const Breathing& breathing = {});
 
 struct LineRules {
   ScanStyle style = ScanStyle::Horizontal;
@@ -37,8 +37,8 @@ struct LineRules {
   bool contours = true;  // lines alone leave up to half a step at walls that run along them
 };
 
-// Cuts all rooms of the offset one after the other. `pause` is called before each of them.
+// Cuts all rooms of the offset one after the other.
 void cutLines(const PocketRegion& offset, const LineRules& rules, RoomWay& way,
-              const std::function<void()>& pause);
+              const Breathing& breathing = {});
 
 }  // namespace tess

@@ -4,11 +4,9 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
-#include <functional>
 #include <limits>
 #include <optional>
 
-#include "core/cancellable_work.h"
 #include "core/drawing_store.h"
 #include "core/number_text.h"
 #include "core/pocketing_choices.h"
@@ -16,6 +14,7 @@
 #include "display/pointer.h"
 #include "drafting/change.h"
 #include "geometry/row_entity.h"
+#include "toolpath/cancellable_command.h"
 #include "toolpath/path_groups.h"
 #include "toolpath/path_levels.h"
 #include "toolpath/path_placement.h"
@@ -28,6 +27,7 @@ namespace tess {
 namespace {
 
 constexpr char kCommand[] = "Rough Cut Pocket";
+constexpr char kStage[] = "Collecting Roughing Points    ";
 constexpr double kMostLines = std::numeric_limits<std::int16_t>::max();
 constexpr int kDecimals = 5;
 
@@ -90,34 +90,37 @@ struct RoughingField {
   RegionOffset offset;
 };
 
-bool toolFits(CamContext& cam, const JobMeasures& job, const RoughingField& field) {
+bool toolFits(CamContext& cam, const JobMeasures& job, const RoughingField& field,
+              const Breathing& breathing) {
   if (!field.offset.region.isEmpty()) return true;
-  const bool finishFits =
-      job.radius < job.distance && !fittedOffset(field.region, job.radius).region.isEmpty();
+  const bool finishFits = job.radius < job.distance &&
+                          !fittedOffset(field.region, job.radius, breathing).region.isEmpty();
   tell(cam, kCommand,
        finishFits ? "The tool does not fit into the pocket with this roughing clearance."
                   : "The tool does not fit into the pocket.");
   return false;
 }
 
-std::optional<RoughingField> fieldOf(CamContext& cam, const JobMeasures& job) {
+std::optional<RoughingField> fieldOf(CamContext& cam, const JobMeasures& job,
+                                     const Breathing& breathing) {
   OutlineRegion outline = regionOf(verifiedOutlines(cam.store), cam.store.cfg_tolerance);
   if (!outlineIsSound(cam, kCommand, outline)) return std::nullopt;
   RoughingField field{std::move(outline.region), {}};
-  field.offset = fittedOffset(field.region, job.distance);
-  if (!toolFits(cam, job, field)) return std::nullopt;
+  field.offset = fittedOffset(field.region, job.distance, breathing);
+  if (!toolFits(cam, job, field, breathing)) return std::nullopt;
   return field;
 }
 
 // Places where the finish path goes and roughing does not come near. The corners of an offset lie
 // some clearances from those of another; a neck or a room that only the finish path enters lies
 // farther.
-std::vector<PlanePoint> placesForFinish(const RoughingField& field, const JobMeasures& job) {
+std::vector<PlanePoint> placesForFinish(const RoughingField& field, const JobMeasures& job,
+                                        const Breathing& breathing) {
   constexpr std::size_t kMostPlaces = 5;
   const double farthest = 4 * (job.distance - job.radius) + job.radius / 10;
   std::vector<PlanePoint> places;
   if (job.distance <= job.radius) return places;
-  const PocketRegion finish = fittedOffset(field.region, job.radius).region;
+  const PocketRegion finish = fittedOffset(field.region, job.radius, breathing).region;
   const auto isLeft = [&](PlanePoint at) {
     return !field.offset.region.index().nearest(lineCurve(at, at), farthest).has_value() &&
            !field.offset.region.isFree(at);
@@ -125,6 +128,7 @@ std::vector<PlanePoint> placesForFinish(const RoughingField& field, const JobMea
   for (const RegionLoop& loop : finish.loops()) {
     bool wasLeft = false;
     for (const Curve& curve : loop.curves) {
+      breathe(breathing);
       const PlanePoint at = pointAt(curve, 0.5);
       const bool left = isLeft(at);
       const bool isNew =
@@ -139,8 +143,7 @@ std::vector<PlanePoint> placesForFinish(const RoughingField& field, const JobMea
   return places;
 }
 
-void tellWhatIsLeft(CamContext& cam, const RoughingField& field, const JobMeasures& job) {
-  const std::vector<PlanePoint> places = placesForFinish(field, job);
+void tellWhatIsLeft(CamContext& cam, const std::vector<PlanePoint>& places) {
   if (places.empty()) return;
   std::string text = "Places that only the finish path reaches are left:";
   for (const PlanePoint at : places) text += "\n" + placeText(at);
@@ -149,24 +152,35 @@ void tellWhatIsLeft(CamContext& cam, const RoughingField& field, const JobMeasur
 
 // ---- Rows
 
-RegionRows rowsOf(const RoughingField& field, const JobMeasures& job, const RoomWay& way) {
-  RegionRows rows(field.region, job.distance);
+// All that a command is going to place, and to tell. Nothing of it stands in the drawing before it
+// is complete.
+struct RoughingPlan {
+  std::vector<Entity> rows;
+  bool failed = false;                // a part of the path could not be placed
+  std::vector<PlanePoint> forFinish;  // that roughing does not come near
+};
+
+void addRows(const RoughingField& field, const JobMeasures& job, const RoomWay& way,
+             const Breathing& breathing, RoughingPlan& plan) {
+  RegionRows rows(field.region, job.distance, breathing);
   for (const std::vector<Curve>& run : way.runs()) rows.add(run);
-  return rows;
+  plan.rows.insert(plan.rows.end(), rows.rows().begin(), rows.rows().end());
+  plan.failed |= rows.refused();
 }
 
-// Clears, unless the operator ends it before the first row is placed: then all is as it was.
-// Whether a part of the path was refused; nothing for work that was ended.
-std::optional<bool> unlessCancelled(CamContext& cam,
-                                    const std::function<bool(CancellableWork&)>& clear) {
-  try {
-    CancellableWork work(cam.context.session.host.surroundings);
-    return clear(work);
-  } catch (const WorkCancelled&) {
-    takeCallChain();
-    cam.context.statusBar.setText("Cancelled. Nothing was placed.");
-    return std::nullopt;
-  }
+void placeRows(CamContext& cam, const RoughingPlan& plan, int index,
+               const std::vector<PathLevel>& levels) {
+  Change change(cam.changes);
+  cam.store.currentpathgroup = nextPathGroup(cam.store);
+  cam.currentZ = levels.back().z;
+  placeAtLevels(cam, change, index, plan.rows, levels);
+  change.keep({.redraws = false});
+}
+
+void finishCommand(CamContext& cam, const RoughingPlan& plan) {
+  showPlacedPaths(cam);
+  tellWhatFailed(cam, kCommand, plan.failed);
+  tellWhatIsLeft(cam, plan.forFinish);
 }
 
 RoomWay::Rules wayRules(const DrawingStore& store, const JobMeasures& job) {
@@ -185,40 +199,75 @@ bool linesHaveLevels(const DrawingStore& store) {
   return -std::abs(store.cfg_start_depth) >= roughingFloor(store);
 }
 
-bool cutByLines(CamContext& cam, const RoughingField& field, const JobMeasures& job,
-                CancellableWork& work) {
-  const DrawingStore& store = cam.store;
-  cam.context.statusBar.setText("Collecting Roughing Points    ");
-  work.breathe();
-  RoomWay way(field.region, wayRules(store, job));
-  const LineRules rules{scanStyle(store), cuttingMode(store), job.step, true};
-  cutLines(field.offset.region, rules, way, [&work] { work.breathe(); });
-  const RegionRows rows = rowsOf(field, job, way);
-  Change change(cam.changes);
-  cam.store.currentpathgroup = nextPathGroup(store);
-  const std::vector<PathLevel> levels =
-      levelsOf(store, linesHaveLevels(store), store.cfg_rough_feedrate);
-  cam.currentZ = levels.back().z;
-  placeAtLevels(cam, change, store.NumPathSegments + 1, rows.rows(), levels);
-  change.keep({.redraws = false});
-  return rows.refused();
+bool linesAreFewEnough(CamContext& cam, const RoughingField& field, const JobMeasures& job) {
+  const double lines = lineCount(field.offset.region, scanStyle(cam.store), job.step);
+  return stepIsLargeEnough(cam, job, lines);
 }
 
+// Nothing after a message.
+std::optional<RoughingPlan> planLines(CamContext& cam, const JobMeasures& job,
+                                      const Breathing& breathing) {
+  const DrawingStore& store = cam.store;
+  const auto field = fieldOf(cam, job, breathing);
+  if (!field || !linesAreFewEnough(cam, *field, job)) return std::nullopt;
+  cam.context.statusBar.setText(kStage);
+  breathe(breathing);
+  RoughingPlan plan{.rows = {}, .failed = !field->offset.lost.empty(), .forFinish = {}};
+  RoomWay way(field->region, wayRules(store, job));
+  const LineRules rules{scanStyle(store), cuttingMode(store), job.step, true};
+  cutLines(field->offset.region, rules, way, breathing);
+  addRows(*field, job, way, breathing, plan);
+  plan.forFinish = placesForFinish(*field, job, breathing);
+  return plan;
+}
+
+void roughByLines(CamContext& cam, const JobMeasures& job) {
+  std::optional<RoughingPlan> plan;
+  const bool done = unlessCancelled(
+      cam, kStage, [&](const Breathing& breathing) { plan = planLines(cam, job, breathing); });
+  if (!done || !plan) return;
+  const DrawingStore& store = cam.store;
+  placeRows(cam, *plan, store.NumPathSegments + 1,
+            levelsOf(store, linesHaveLevels(store), store.cfg_rough_feedrate));
+  finishCommand(cam, *plan);
+}
+
+// ---- Lathe
+
 // The lathe's lines are those of all of the offset, at its one level.
-void cutByLathe(CamContext& cam, const RoughingField& field, const JobMeasures& job) {
-  cam.context.statusBar.setText("Collecting Roughing Points    ");
-  cam.context.session.host.surroundings.serveEvents();
-  const LineScan scan = scanRegion(field.offset.region, ScanStyle::Lathe, job.step);
-  ScanRun run{ScanStyle::Lathe, narrow(job.step), {0, narrow(scan.bound)}, {}};
+struct LathePlan {
+  ScanRun run;
+  bool failed = false;
+};
+
+std::optional<LathePlan> planLathe(CamContext& cam, const JobMeasures& job,
+                                   const Breathing& breathing) {
+  const auto field = fieldOf(cam, job, breathing);
+  if (!field || !linesAreFewEnough(cam, *field, job)) return std::nullopt;
+  cam.context.statusBar.setText(kStage);
+  breathe(breathing);
+  const LineScan scan = scanRegion(field->offset.region, ScanStyle::Lathe, job.step, breathing);
+  LathePlan plan{{ScanStyle::Lathe, narrow(job.step), {0, narrow(scan.bound)}, {}},
+                 !field->offset.lost.empty()};
   for (const std::vector<ClearSpan>& line : scan.lines) {
     for (const ClearSpan& span : line) {
-      run.spans.push_back({narrow(span.line), narrow(span.from), narrow(span.to)});
+      plan.run.spans.push_back({narrow(span.line), narrow(span.from), narrow(span.to)});
     }
   }
+  return plan;
+}
+
+void roughByLathe(CamContext& cam, const JobMeasures& job) {
+  std::optional<LathePlan> plan;
+  const bool done = unlessCancelled(
+      cam, kStage, [&](const Breathing& breathing) { plan = planLathe(cam, job, breathing); });
+  if (!done || !plan) return;
   Change change(cam.changes);
   cam.store.currentpathgroup = nextPathGroup(cam.store);
-  cutLatheSpans(cam, std::move(run), cam.store.cfg_finish_feedrate, LatheLeave::ToStock);
+  cutLatheSpans(cam, std::move(plan->run), cam.store.cfg_finish_feedrate, LatheLeave::ToStock);
   change.keep({.redraws = false});
+  showPlacedPaths(cam);
+  tellWhatFailed(cam, kCommand, plan->failed);
 }
 
 bool hasRows(CamContext& cam, const std::string& title, const std::string& text) {
@@ -273,21 +322,7 @@ void roughTruePocket(CamContext& cam) {
   if (!hasRows(cam, "", "No segments selected!") || !measuresAreSound(cam, job)) return;
   if (!turning && !levelsArePossible(cam, kCommand, linesHaveLevels(cam.store))) return;
   const BusyPointer busy(cam.context.systemPointer);
-  const auto field = fieldOf(cam, job);
-  if (!field) return;
-  const double lines = lineCount(field->offset.region, scanStyle(cam.store), job.step);
-  if (!stepIsLargeEnough(cam, job, lines)) return;
-  std::optional<bool> refused = false;
-  if (turning) {
-    cutByLathe(cam, *field, job);
-  } else {
-    refused = unlessCancelled(
-        cam, [&](CancellableWork& work) { return cutByLines(cam, *field, job, work); });
-  }
-  if (!refused) return;
-  showPlacedPaths(cam);
-  tellWhatFailed(cam, kCommand, *refused || !field->offset.lost.empty());
-  if (!turning) tellWhatIsLeft(cam, *field, job);
+  turning ? roughByLathe(cam, job) : roughByLines(cam, job);
 }
 
 namespace {
@@ -328,45 +363,21 @@ bool ringsRunBack(const CamContext& cam, const PocketRegion& region, Point click
 }
 
 // One more pass along the walls, in the direction of climb milling.
-RegionRows finishRows(const RoughingField& field, const JobMeasures& job, PlanePoint from) {
+void addFinish(const RoughingField& field, const JobMeasures& job, PlanePoint from,
+               const Breathing& breathing, RoughingPlan& plan) {
   RoomWay way(field.region, {job.radius, job.radius, false});
   way.startAt(from);
-  const PocketRegion finish = fittedOffset(field.region, job.radius).region;
+  const PocketRegion finish = fittedOffset(field.region, job.radius, breathing).region;
   for (const Room& room : roomsOf(finish)) {
     std::vector<int> loops = room.holes;
     loops.push_back(room.outer);
     for (const int number : loops) {
+      breathe(breathing);
       const RegionLoop& loop = finish.loops()[static_cast<std::size_t>(number)];
       way.cut(loopFrom(loop, nearestPlace(loop, way.place())), /*linked=*/false);
     }
   }
-  return rowsOf(field, {job.radius, job.radius, job.step}, way);
-}
-
-bool cutByRings(CamContext& cam, const RoughingField& field, const JobMeasures& job, Point click,
-                CancellableWork& work) {
-  const DrawingStore& store = cam.store;
-  RoomWay way(field.region, wayRules(store, job));
-  const RingRules rules{
-      job.radius, job.step, ringsRunBack(cam, field.region, click), {click.x, click.y}, true};
-  cutRings(field.offset.region, rules, way, [&work] { work.breathe(); });
-  const RegionRows rings = rowsOf(field, job, way);
-  std::vector<Entity> rows = rings.rows();
-  bool refused = rings.refused();
-  if (store.cfg_auto_place_finish_path && job.distance > job.radius) {
-    const RegionRows finish = finishRows(field, job, way.place());
-    rows.insert(rows.end(), finish.rows().begin(), finish.rows().end());
-    refused |= finish.refused();
-  }
-  Change change(cam.changes);
-  cam.store.currentpathgroup = nextPathGroup(store);
-  const std::vector<PathLevel> levels =
-      levelsOf(store, ringsHaveLevels(store), store.cfg_finish_feedrate);
-  cam.currentZ = levels.back().z;
-  const int index = pathInsertIndex(store, cam.pathInsertMode, cam.pathInsertGroup);
-  placeAtLevels(cam, change, index, rows, levels);
-  change.keep({.redraws = false});
-  return refused;
+  addRows(field, {job.radius, job.radius, job.step}, way, breathing, plan);
 }
 
 // Half the way across the offset is the longest that rings can have to go.
@@ -374,24 +385,44 @@ double ringCount(const PocketRegion& offset, double step) {
   return lineCount(offset, ScanStyle::Horizontal, step) / 2;
 }
 
+std::optional<RoughingPlan> planRings(CamContext& cam, const JobMeasures& job, Point click,
+                                      const Breathing& breathing) {
+  const DrawingStore& store = cam.store;
+  const auto field = fieldOf(cam, job, breathing);
+  if (!field) return std::nullopt;
+  if (!stepIsLargeEnough(cam, job, ringCount(field->offset.region, job.step))) return std::nullopt;
+  RoughingPlan plan{.rows = {}, .failed = !field->offset.lost.empty(), .forFinish = {}};
+  RoomWay way(field->region, wayRules(store, job));
+  const RingRules rules{
+      job.radius, job.step, ringsRunBack(cam, field->region, click), {click.x, click.y}, true};
+  cutRings(field->offset.region, rules, way, breathing);
+  addRows(*field, job, way, breathing, plan);
+  if (!store.cfg_auto_place_finish_path) {
+    plan.forFinish = placesForFinish(*field, job, breathing);
+  } else if (job.distance > job.radius) {
+    addFinish(*field, job, way.place(), breathing, plan);
+  }
+  return plan;
+}
+
 }  // namespace
 
 void ringTruePocket(CamContext& cam, Point click) {
   const Procedure here("frmMain.parallelSpiralPocket(sg)");
-  const JobMeasures job = measuresOf(cam.store);
+  const DrawingStore& store = cam.store;
+  const JobMeasures job = measuresOf(store);
   if (!hasRows(cam, kCommand, "No Pocketing Segments have been selected.")) return;
   if (!measuresAreSound(cam, job)) return;
-  if (!levelsArePossible(cam, kCommand, ringsHaveLevels(cam.store))) return;
+  if (!levelsArePossible(cam, kCommand, ringsHaveLevels(store))) return;
   const BusyPointer busy(cam.context.systemPointer);
-  const auto field = fieldOf(cam, job);
-  if (!field) return;
-  if (!stepIsLargeEnough(cam, job, ringCount(field->offset.region, job.step))) return;
-  const std::optional<bool> refused = unlessCancelled(
-      cam, [&](CancellableWork& work) { return cutByRings(cam, *field, job, click, work); });
-  if (!refused) return;
-  showPlacedPaths(cam);
-  tellWhatFailed(cam, kCommand, *refused || !field->offset.lost.empty());
-  if (!cam.store.cfg_auto_place_finish_path) tellWhatIsLeft(cam, *field, job);
+  std::optional<RoughingPlan> plan;
+  const bool done = unlessCancelled(cam, kStage, [&](const Breathing& breathing) {
+    plan = planRings(cam, job, click, breathing);
+  });
+  if (!done || !plan) return;
+  placeRows(cam, *plan, pathInsertIndex(store, cam.pathInsertMode, cam.pathInsertGroup),
+            levelsOf(store, ringsHaveLevels(store), store.cfg_finish_feedrate));
+  finishCommand(cam, *plan);
 }
 
 }  // namespace tess

@@ -20,14 +20,15 @@ struct RingRoom {
 
 class RingTree {
  public:
-  RingTree(const PocketRegion& outmost, const RingRules& rules) : rules_(rules) {
+  RingTree(const PocketRegion& outmost, const RingRules& rules, const Breathing& breathing)
+      : rules_(rules), breathing_(breathing) {
     addRing(outmost);
   }
 
   // The next ring; false when there is none.
   bool grow() {
     const PocketRegion& outer = *rings_.back();
-    PocketRegion inner = offsetRegion(outer, rules_.step).region;
+    PocketRegion inner = offsetRegion(outer, rules_.step, breathing_).region;
     if (rules_.fillsBetween && rules_.step > kReachingStep * rules_.radius) {
       addBetween(outer, inner);
     }
@@ -108,7 +109,8 @@ class RingTree {
     std::vector<RegionLoop> loops = outer.loops();
     for (const RegionLoop& loop : inner.loops()) loops.push_back(reversedLoop(loop));
     const PocketRegion band(std::move(loops), {});
-    const PocketRegion rest = offsetRegion(band, rules_.radius * 1.00001 + 1e-6).region;
+    const double reach = rules_.radius * 1.00001 + 1e-6;
+    const PocketRegion rest = offsetRegion(band, reach, breathing_).region;
     for (const RegionLoop& loop : rest.loops()) {
       const int round = outerRound(outer, loop);
       if (round < 0) continue;
@@ -117,6 +119,7 @@ class RingTree {
   }
 
   const RingRules& rules_;
+  const Breathing& breathing_;
   std::deque<PocketRegion> made_;
   std::vector<const PocketRegion*> rings_;
   std::vector<RingRoom> rooms_;
@@ -168,16 +171,19 @@ class RingCutter {
 }  // namespace
 
 void cutRings(const PocketRegion& offset, const RingRules& rules, RoomWay& way,
-              const std::function<void()>& pause) {
-  RingTree tree(offset, rules);
+              const Breathing& breathing) {
+  RingTree tree(offset, rules, breathing);
   do {
-    pause();
+    breathe(breathing);
   } while (tree.grow());
   way.startAt(rules.click);
   RingCutter cutter(rules, way);
   for (const std::size_t root : tree.roots()) {
     cutter.nextRoot();
-    tree.visitFrom(root, [&cutter](const RingRoom& room) { cutter.cut(room); });
+    tree.visitFrom(root, [&](const RingRoom& room) {
+      breathe(breathing);
+      cutter.cut(room);
+    });
   }
 }
 

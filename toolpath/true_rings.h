@@ -3,8 +3,6 @@
 // Owns: RingRules, cutRings.
 #pragma once
 
-#include <functional>
-
 #include "core/pocketing_choices.h"
 #include "toolpath/region_offset.h"
 #include "toolpath/true_links.h"
@@ -19,9 +17,8 @@ struct RingRules {
   bool fillsBetween = true;  // rings alone leave what no tool on one of them reaches
 };
 
-// Cuts the rings of an offset, the inmost first, and its own loops last. `pause` is called before
-// each ring is made; what it raises ends the work.
+// Cuts the rings of an offset, the inmost first, and its own loops last.
 void cutRings(const PocketRegion& offset, const RingRules& rules, RoomWay& way,
-              const std::function<void()>& pause);
+              const Breathing& breathing = {});
 
 }  // namespace tess

@@ -84,7 +84,7 @@ class Toolkit {
     search_.reset();
     QApplication::setApplicationName("tessimo");
     QApplication::setDesktopFileName("tessimo");
-    applyTheme(application_, systemPrefersDark(QApplication::palette()));
+    startTheme(application_);
   }
 
  private:

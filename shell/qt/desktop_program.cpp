@@ -41,7 +41,8 @@ DesktopProgram::DesktopProgram(const std::string& appfolder, const std::string& 
                     userfolder,
                     &paper_}),
       window_({application_.interaction.tools, application_.interaction.statusBar,
-               application_.interaction.forms, gateway_, surface_}) {
+               application_.interaction.forms, gateway_, surface_}),
+      theme_(window_, host_, userfolder) {
   prompts_.setWindow(&window_);
   colors_.setWindow(&window_);
   paper_.setWindow(&window_);
@@ -49,6 +50,7 @@ DesktopProgram::DesktopProgram(const std::string& appfolder, const std::string& 
   wirePlatform();
   wireSurface();
   wireWindow();
+  window_.toolBars().addSubmenu("miOptions", theme_.menu());
   // Before the window is shown and a layout read, which may have closed it.
   application_.interaction.tools.openBand("barPathProof");
 }
@@ -78,6 +80,7 @@ int DesktopProgram::serve() {
 }
 
 void DesktopProgram::wirePlatform() {
+  gateway_.isMetric = [this] { return application_.store.units == "M"; };
   gateway_.onEnd = [this](const std::string& line) { end(line); };
   surroundings_.onPrint = [this](const std::string& line) { window_.print(line); };
 }

@@ -10,6 +10,7 @@
 #include "shell/qt/main_window.h"
 #include "shell/qt/paper.h"
 #include "shell/qt/ports.h"
+#include "shell/qt/theme_menu.h"
 
 namespace tess {
 
@@ -30,6 +31,7 @@ class DesktopProgram {
   Application& application() { return application_; }
   MainWindow& window() { return window_; }
   SurfaceWidget& surface() { return surface_; }
+  ThemeMenu& theme() { return theme_; }
   Gateway& gateway() { return gateway_; }
 
  private:
@@ -57,6 +59,7 @@ class DesktopProgram {
   QtPaper paper_;
   Application application_;
   MainWindow window_;
+  ThemeMenu theme_;
   bool failed_ = false;
 };
 

@@ -3,29 +3,37 @@
 
 #include <QEvent>
 
+#include "shell/qt/tab_order.h"
+
 namespace tess {
 
 FormView::FormView(Form& form, Gateway& gateway, QWidget& parent)
     : form_(form), actions_(form, gateway), layout_(makeFormLayout(form, &parent)) {
   actions_.onFocusKept = [this] { showFocus(); };
-  QWidget* before = nullptr;
   for (Control* control : form.controls()) {
     const auto found = layout_.widgets.find(control);
     if (found == layout_.widgets.end()) continue;
     if (auto binding = makeBinding(*control, *found->second, actions_)) {
       bindings_.emplace(control, std::move(binding));
     }
-    if (before != nullptr) QWidget::setTabOrder(before, found->second);
-    before = found->second;
   }
+  arrangeTabOrder(*layout_.root);
+  units_ = std::make_unique<UnitMarks>(*layout_.root, gateway.isMetric);
   showAll();
   subscription_ = form.observe(*this);
-  layout_.root->installEventFilter(this);
+  measure(*layout_.root);
+}
+
+void FormView::measure(QWidget& whole) {
+  if (measured_ != nullptr) measured_->removeEventFilter(this);
+  measured_ = &whole;
+  whole.installEventFilter(this);
 }
 
 void FormView::showAll() {
   if (!actions_.formLives()) return;
   for (const auto& [control, binding] : bindings_) binding->showAll();
+  units_->show();
 }
 
 void FormView::showFocus() {
@@ -38,6 +46,7 @@ void FormView::controlChanged(Control& control, Property property) {
   const auto found = bindings_.find(&control);
   if (found != bindings_.end()) found->second->show(property);
   if (control.kind() == ControlKind::Frame) showContents(control, property);
+  if (property == Property::Text || property == Property::Value) units_->show();
 }
 
 // A frame takes the controls inside with it.
@@ -60,7 +69,7 @@ void FormView::formGone() {
 
 bool FormView::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::Resize && actions_.formLives()) {
-    const QSize size = layout_.root->size();
+    const QSize size = measured_->size();
     actions_.run("Form_Resize", [&] { form_.setSize(size.width(), size.height()); });
   }
   return QObject::eventFilter(watched, event);

@@ -8,6 +8,7 @@
 
 #include "core/form.h"
 #include "shell/qt/control_binding.h"
+#include "shell/qt/figure_units.h"
 #include "shell/qt/form_layout.h"
 
 namespace tess {
@@ -22,6 +23,8 @@ class FormView : public QObject, public FormObserver {
   // The form; null once it has gone.
   Form* form() const { return actions_.formLives() ? &form_ : nullptr; }
   FormActions& actions() { return actions_; }
+  // The widget whose size is the form's, if that is not its root.
+  void measure(QWidget& whole);
   // Shows every property anew.
   void showAll();
   // Gives the keyboard to the control that has the focus.
@@ -41,6 +44,8 @@ class FormView : public QObject, public FormObserver {
   FormActions actions_;
   FormLayout layout_;
   std::unordered_map<const Control*, std::unique_ptr<ControlBinding>> bindings_;
+  std::unique_ptr<UnitMarks> units_;
+  QPointer<QWidget> measured_;
   Subscription subscription_;
 };
 

@@ -10,21 +10,53 @@
 #include <optional>
 
 #include "shell/qt/drawing_reach.h"
+#include "shell/qt/tab_order.h"
 
 namespace tess {
+
+namespace {
+
+// What a window manager puts round a window, in pixels.
+constexpr int kFrame = 4;
+constexpr int kTitleBar = 32;
+
+}  // namespace
 
 FormWindow::FormWindow(Form& form, Gateway& gateway, QWidget* owner)
     : QDialog(owner, Qt::Dialog | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                          Qt::WindowCloseButtonHint),
       view_(form, gateway, *this) {
   setObjectName(QString::fromStdString(form.name()));
-  auto* whole = new QVBoxLayout(this);
-  whole->setContentsMargins(0, 0, 0, 0);
-  whole->addWidget(&view_.root());
+  layOut();
   setWindowTitle(view_.root().windowTitle());
   showTitle();
   subscription_ = form.observe(*this);
   if (form.isShown()) present();
+}
+
+// The buttons that end a form stay in sight however little of it the screen can show.
+void FormWindow::layOut() {
+  QWidget& root = view_.root();
+  auto* whole = new QVBoxLayout(this);
+  whole->setContentsMargins(0, 0, 0, 0);
+  whole->setSpacing(0);
+  const QMargins margins = root.layout() == nullptr ? QMargins() : root.layout()->contentsMargins();
+  buttons_ = takeButtonRow(*view_.form(), root);
+  content_ = new ContentArea(root);
+  whole->addWidget(content_);
+  if (buttons_ != nullptr) {
+    buttons_->setContentsMargins(margins.left(), 0, margins.right(), margins.bottom());
+    whole->addLayout(buttons_);
+  }
+  arrangeTabOrder(*this);
+  view_.measure(*this);
+}
+
+// What the screen leaves for the part that can scroll.
+void FormWindow::fitToScreen() {
+  QSize room = screen()->availableSize() - QSize(kFrame, kFrame + kTitleBar);
+  if (buttons_ != nullptr) room.rheight() -= buttons_->sizeHint().height();
+  content_->setRoom(room);
 }
 
 void FormWindow::showTitle() {
@@ -35,6 +67,7 @@ void FormWindow::showTitle() {
 
 // The form has been filled by now, so the window takes the size of what it shows.
 void FormWindow::present() {
+  if (!isVisible()) fitToScreen();
   if (!isVisible()) adjustSize();
   if (!isVisible() && view_.form()->leavesDrawingInReach) standAside();
   show();

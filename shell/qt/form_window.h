@@ -9,6 +9,7 @@
 #include <string>
 
 #include "core/form_host.h"
+#include "shell/qt/content_area.h"
 #include "shell/qt/form_view.h"
 
 namespace tess {
@@ -32,11 +33,15 @@ class FormWindow : public QDialog, public FormObserver {
   void closeEvent(QCloseEvent* event) override;
 
  private:
+  void layOut();
+  void fitToScreen();
   void showTitle();
   void present();
   void standAside();
 
   FormView view_;
+  ContentArea* content_ = nullptr;
+  QLayout* buttons_ = nullptr;  // those that end the form; null when they are part of the content
   Subscription subscription_;
 };
 

@@ -40,6 +40,8 @@ class Gateway {
 
   // The program cannot go on; the line is for the operator.
   std::function<void(const std::string& line)> onEnd;
+  // The drawing is in millimetres; without it forms show no units.
+  std::function<bool()> isMetric;
 
  private:
   struct Depth {

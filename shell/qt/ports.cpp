@@ -80,7 +80,8 @@ void DesktopClock::sleep(double milliseconds) {
   QThread::usleep(static_cast<unsigned long>(milliseconds * 1000));
 }
 
-// Keeps what the operator does while long work goes on, but for Esc, which is meant for the work.
+// Keeps what the operator does while the long work itself serves events, but for Esc, which is
+// meant for the work. A box that is opened meanwhile, by the work or by a timer, hears all of it.
 class InputHold : public QObject {
  public:
   InputHold() { QCoreApplication::instance()->installEventFilter(this); }
@@ -94,9 +95,19 @@ class InputHold : public QObject {
   }
   bool isCancelled() const { return cancelled_; }
 
+  // Work within work has the same hold.
+  void enter() { ++works_; }
+  bool leave() { return --works_ == 0; }
+
+  void serve(int milliseconds) {
+    const int around = std::exchange(loopLevel_, QThread::currentThread()->loopLevel());
+    QCoreApplication::processEvents(QEventLoop::AllEvents, milliseconds);
+    loopLevel_ = around;
+  }
+
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override {
-    if (!isInput(event->type())) return QObject::eventFilter(watched, event);
+    if (!isServing() || !isInput(event->type())) return QObject::eventFilter(watched, event);
     if (isEscape(*event)) {
       cancelled_ = true;
     } else {
@@ -106,6 +117,10 @@ class InputHold : public QObject {
   }
 
  private:
+  static constexpr int kNotServing = -1;
+
+  // A box runs an event loop of its own.
+  bool isServing() const { return QThread::currentThread()->loopLevel() == loopLevel_; }
   static bool isInput(QEvent::Type type) {
     switch (type) {
       case QEvent::KeyPress:
@@ -128,6 +143,8 @@ class InputHold : public QObject {
   }
 
   std::vector<std::pair<QPointer<QObject>, std::unique_ptr<QEvent>>> held_;
+  int works_ = 0;
+  int loopLevel_ = kNotServing;  // of the event loop in which events are served
   bool cancelled_ = false;
 };
 
@@ -135,7 +152,12 @@ DesktopSurroundings::DesktopSurroundings(const Gateway& gateway) : gateway_(gate
 DesktopSurroundings::~DesktopSurroundings() = default;
 
 void DesktopSurroundings::setCancellable(bool on) {
-  hold_ = on ? std::make_unique<InputHold>() : nullptr;
+  if (on) {
+    if (!hold_) hold_ = std::make_unique<InputHold>();
+    hold_->enter();
+  } else if (hold_->leave()) {
+    hold_.reset();
+  }
 }
 
 bool DesktopSurroundings::isCancelled() const {
@@ -145,9 +167,13 @@ bool DesktopSurroundings::isCancelled() const {
 // The operator's input waits while a command of his is under way; it is not lost.
 void DesktopSurroundings::serveEvents() {
   if (roughTime() - served_ < kServeEvery) return;
-  const bool keeps = gateway_.isBusy() && !hold_;
-  QCoreApplication::processEvents(
-      keeps ? QEventLoop::ExcludeUserInputEvents : QEventLoop::AllEvents, kServeAtMost);
+  if (hold_) {
+    hold_->serve(kServeAtMost);
+  } else {
+    const auto kept =
+        gateway_.isBusy() ? QEventLoop::ExcludeUserInputEvents : QEventLoop::AllEvents;
+    QCoreApplication::processEvents(kept, kServeAtMost);
+  }
   served_ = roughTime();
 }
 

@@ -22,6 +22,7 @@ struct Shades {
   const char* text;
   const char* muted;  // what is disabled
   const char* border;
+  const char* outline;  // of fields and boxes: three times as light or dark as what is round it
   const char* hover;
   const char* pressed;
   const char* edge;  // of what is pressed in
@@ -37,6 +38,7 @@ constexpr Shades kLight{.window = "#f4f5f7",
                         .text = "#1d2430",
                         .muted = "#98a1ad",
                         .border = "#d0d6dd",
+                        .outline = "#7d8794",
                         .hover = "#e4e9f0",
                         .pressed = "#d6e4f5",
                         .edge = "#86b3e3",
@@ -50,6 +52,7 @@ constexpr Shades kDark{.window = "#25282d",
                        .text = "#e3e6ea",
                        .muted = "#777e88",
                        .border = "#41464e",
+                       .outline = "#8a929e",
                        .hover = "#373c44",
                        .pressed = "#2c4766",
                        .edge = "#3f6fa3",
@@ -177,16 +180,30 @@ class SpaciousStyle : public QProxyStyle {
     }
   }
 
-  // The style darkens the window's colour for a box's edge, which nobody sees in the dark theme.
+  // The style darkens the window's colour for an edge, which nobody sees in the dark theme.
   void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                      const QWidget* widget) const override {
     QProxyStyle::drawPrimitive(element, option, painter, widget);
-    if (element != PE_IndicatorCheckBox) return;
-    painter->save();
-    painter->setPen(option->palette.color(QPalette::PlaceholderText));
-    painter->setBrush(Qt::NoBrush);
-    painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
-    painter->restore();
+    const QRectF edge = QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5);
+    switch (element) {
+      case PE_FrameLineEdit:
+        if ((option->state & State_HasFocus) == 0) outline(*option, *painter, edge, kFieldCorner);
+        return;
+      case PE_IndicatorCheckBox:
+      case PE_Frame:
+        return outline(*option, *painter, edge, 0);
+      case PE_IndicatorRadioButton:
+        return outline(*option, *painter, edge, edge.height() / 2);
+      default:
+        return;
+    }
+  }
+
+  void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                          QPainter* painter, const QWidget* widget) const override {
+    QProxyStyle::drawComplexControl(control, option, painter, widget);
+    if (control != CC_ComboBox || (option->state & State_HasFocus) != 0) return;
+    outline(*option, *painter, QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5), kFieldCorner);
   }
 
   int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
@@ -217,7 +234,24 @@ class SpaciousStyle : public QProxyStyle {
     if (type == CT_LineEdit || type == CT_ComboBox) return plain.expandedTo({0, 28});
     return plain;
   }
+
+ private:
+  static constexpr double kFieldCorner = 2;  // pixels
+
+  static void outline(const QStyleOption& option, QPainter& painter, const QRectF& edge,
+                      double corner) {
+    const Shades& shades = shadesOf(isDark(option.palette));
+    const bool enabled = (option.state & State_Enabled) != 0;
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing, corner > 0);
+    painter.setPen(QColor(enabled ? shades.outline : shades.border));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(edge, corner, corner);
+    painter.restore();
+  }
 };
+
+bool systemIsDark = false;  // as the system's palette was before it had ours
 
 }  // namespace
 
@@ -230,6 +264,16 @@ bool systemPrefersDark(const QPalette& system) {
   const QByteArray wished = qgetenv("TESSIMO_THEME").toLower();
   if (wished == "dark" || wished == "light") return wished == "dark";
   return isDark(system);
+}
+
+void startTheme(QApplication& application) {
+  systemIsDark = systemPrefersDark(QApplication::palette());
+  applyTheme(application, systemIsDark);
+}
+
+void applyTheme(QApplication& application, ThemeChoice choice) {
+  applyTheme(application,
+             choice == ThemeChoice::System ? systemIsDark : choice == ThemeChoice::Dark);
 }
 
 void applyTheme(QApplication& application, bool dark) {

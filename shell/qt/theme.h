@@ -1,6 +1,6 @@
 // The look of the program: a light and a dark palette over the toolkit's plain style, spacing, and
 // the colours that icons are drawn in.
-// Owns: IconColors, systemPrefersDark, applyTheme, isDark, iconColors.
+// Owns: IconColors, systemPrefersDark, ThemeChoice, startTheme, applyTheme, isDark, iconColors.
 #pragma once
 
 #include <QColor>
@@ -21,6 +21,12 @@ struct IconColors {
 // that the system brought.
 bool systemPrefersDark(const QPalette& system);
 
+// As the system prefers it, or as the operator wants it whatever that is.
+enum class ThemeChoice { System, Light, Dark };
+
+// The theme of the process's start: what the system prefers is remembered for good.
+void startTheme(QApplication& application);
+void applyTheme(QApplication& application, ThemeChoice choice);
 // May be called again at run time; all windows follow.
 void applyTheme(QApplication& application, bool dark);
 

@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "shell/qt/icons.h"
+#include "shell/qt/menu_groups.h"
 
 namespace tess {
 
@@ -17,6 +18,8 @@ namespace {
 QString shown(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
+
+constexpr char kFold[] = "fold";  // the property of a submenu made of a part of its menu
 
 // Where tool bars lie at first, and which begin a row of their own.
 struct Place {
@@ -133,18 +136,44 @@ void ToolBars::makeToolBar(const Band& band) {
   bars_[band.name] = bar;
 }
 
-void ToolBars::fill(QWidget& widget, const Band& band) {
-  for (QAction* old : widget.actions()) {
-    widget.removeAction(old);
+void ToolBars::fill(QToolBar& bar, const Band& band) {
+  for (QAction* old : bar.actions()) {
+    bar.removeAction(old);
     if (old->isSeparator()) old->deleteLater();
   }
   for (const std::string& name : band.tools) {
-    if (QAction* known = action(name)) widget.addAction(known);
-    if (!name.empty()) continue;
-    auto* separator = new QAction(&widget);
-    separator->setSeparator(true);
-    widget.addAction(separator);
+    if (QAction* known = action(name)) bar.addAction(known);
+    if (name.empty()) bar.addSeparator();
   }
+}
+
+// Neighbouring submenus stand together.
+void ToolBars::fill(QMenu& menu, const Band& band) {
+  for (QAction* old : menu.actions()) {
+    menu.removeAction(old);
+    if (old->isSeparator()) old->deleteLater();
+    if (old->menu() != nullptr && old->menu()->property(kFold).toBool()) old->menu()->deleteLater();
+  }
+  bool folded = false;
+  for (const MenuPart& part : menuParts(band)) {
+    const bool folds = !part.caption.empty();
+    if (!menu.isEmpty() && !(folds && folded)) menu.addSeparator();
+    QMenu* place = folds ? menu.addMenu(shown(part.caption)) : &menu;
+    if (folds) place->setProperty(kFold, true);
+    for (const std::string& name : part.tools) {
+      if (QAction* known = action(name)) place->addAction(known);
+    }
+    folded = folds;
+  }
+  const auto guest = guests_.find(band.name);
+  if (guest == guests_.end()) return;
+  menu.addSeparator();
+  menu.addMenu(guest->second);
+}
+
+void ToolBars::addSubmenu(const std::string& band, QMenu& submenu) {
+  guests_[band] = &submenu;
+  fill(*menus_.at(band), *host_.band(band));
 }
 
 // Buttons of tools that have a pop-up get an arrow for it.

@@ -16,6 +16,7 @@
 
 namespace tess {
 
+// Long menus are folded into submenus (menu_groups); every tool of a band has its entry.
 class ToolBars : public ToolHostObserver {
  public:
   // Builds the window's menu bar and tool bars from the bands that the host has by now.
@@ -26,6 +27,9 @@ class ToolBars : public ToolHostObserver {
   QToolBar* toolBar(const std::string& band) const;
   QMenu* menu(const std::string& band) const;
   const std::map<std::string, QToolBar*, std::less<>>& toolBars() const { return bars_; }
+
+  // A submenu of the window's own at the end of a menu, which outlives this.
+  void addSubmenu(const std::string& band, QMenu& submenu);
 
   // Tool bars show as their bands are, whatever an arrangement made of them.
   void showOpenBands();
@@ -40,7 +44,8 @@ class ToolBars : public ToolHostObserver {
   QAction* makeAction(const Tool& tool);
   void makeMenu(const Band& band);
   void makeToolBar(const Band& band);
-  void fill(QWidget& widget, const Band& band);
+  void fill(QToolBar& bar, const Band& band);
+  void fill(QMenu& menu, const Band& band);
   void addDropDowns();
   void click(const std::string& tool);
   void menuCloses(QMenu& menu);
@@ -53,7 +58,8 @@ class ToolBars : public ToolHostObserver {
   std::map<std::string, QAction*, std::less<>> actions_;
   std::map<std::string, QMenu*, std::less<>> menus_;
   std::map<std::string, QToolBar*, std::less<>> bars_;
-  bool menuCloses_ = false;  // until its command runs, or there is none
+  std::map<std::string, QMenu*, std::less<>> guests_;  // submenus by the band they end
+  bool menuCloses_ = false;                            // until its command runs, or there is none
   Subscription subscription_;
 };
 

@@ -80,9 +80,9 @@ class WorkedExample(unittest.TestCase):
         text = example()
         for line in (REMEMBERED, LISTED, "`CHANGELOG.md`"):
             self.assertIn(line, text)
-        self.assertIn("take eight files: five are new, and three get a line", text)
-        lines = set(re.findall(r"`([\w/]+\.(?:h|md))`", text.split("\nThe lines: ")[1]))
-        self.assertEqual((len(NEW_FILES), len(lines)), (5, 3))
+        self.assertIn("take ten files: five are new, and five get a line", text)
+        lines = set(re.findall(r"`([\w/]+\.(?:h|md|txt))`", text.split("\nThe lines: ")[1]))
+        self.assertEqual((len(NEW_FILES), len(lines)), (5, 5))
         self.assertFalse([name for name in NEW_FILES if (ROOT / name).exists()])
 
 

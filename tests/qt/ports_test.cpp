@@ -6,12 +6,14 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTimer>
+#include <functional>
 #include <gtest/gtest.h>
 #include <stdexcept>
 #include <vector>
 
 #include "core/cancellable_work.h"
 #include "tests/qt/desktop_test_support.h"
+#include "tests/support/recording_host.h"
 
 namespace tess {
 namespace {
@@ -94,39 +96,95 @@ class KeyListener : public QObject {
   }
 };
 
-TEST(DesktopSurroundings, EscEndsWorkThatCanBeCancelledAndNoOther) {
-  Gateway gateway(testing::passThrough());
-  DesktopSurroundings surroundings(gateway);
+// Work that the operator can end, in a command of the desktop.
+class DesktopWork : public ::testing::Test {
+ protected:
+  void run(const std::function<void(CancellableWork&)>& work) {
+    gateway.enter("command", [&] {
+      CancellableWork cancellable(host);
+      work(cancellable);
+    });
+  }
+  // Long enough that events are served a few times.
+  static void breatheFor(CancellableWork& work, int milliseconds = 30) {
+    QElapsedTimer time;
+    time.start();
+    while (time.elapsed() < milliseconds) work.breathe();
+  }
+  // Answers the box that is open by the keyboard.
+  static void pressEscInBox() {
+    QWidget* const box = QApplication::activeModalWidget();
+    ASSERT_NE(box, nullptr);
+    QCoreApplication::postEvent(box, keyPress(Qt::Key_Escape));
+  }
+  Answer ask() {
+    return prompts.showMessage(
+        {.text = "Shorter leads?", .title = "Leads", .buttons = MessageButtons::YesNoCancel});
+  }
+
+  Gateway gateway{testing::passThrough()};
+  DesktopSurroundings surroundings{gateway};
+  DesktopPrompts prompts{gateway};
   KeyListener listener;
-  gateway.enter("command", [&] {
-    EXPECT_THROW(
-        {
-          CancellableWork work(surroundings);
-          work.breathe();
-          QCoreApplication::postEvent(&listener, keyPress(Qt::Key_Escape));
-          for (;;) work.breathe();
-        },
-        WorkCancelled);
+
+ private:
+  testing::RecordingHost recording_;
+  Host host{prompts, recording_.clock, surroundings, recording_.failures, recording_.guard};
+};
+
+TEST_F(DesktopWork, EndsWithEscAndNoOtherDoes) {
+  run([&](CancellableWork& work) {
+    work.breathe();
+    QCoreApplication::postEvent(&listener, keyPress(Qt::Key_Escape));
+    EXPECT_THROW(breatheFor(work, 5000), WorkCancelled);
   });
   EXPECT_FALSE(surroundings.isCancelled());
   QCoreApplication::processEvents();
   EXPECT_TRUE(listener.keys.empty());
 }
 
-TEST(DesktopSurroundings, OtherInputWaitsForTheEndOfTheWork) {
-  Gateway gateway(testing::passThrough());
-  DesktopSurroundings surroundings(gateway);
-  KeyListener listener;
-  gateway.enter("command", [&] {
-    CancellableWork work(surroundings);
+TEST_F(DesktopWork, OtherInputWaitsForItsEnd) {
+  run([&](CancellableWork& work) {
     QCoreApplication::postEvent(&listener, keyPress(Qt::Key_L));
-    QElapsedTimer time;
-    time.start();
-    while (time.elapsed() < 30) work.breathe();
+    breatheFor(work);
     EXPECT_TRUE(listener.keys.empty());
   });
   QCoreApplication::processEvents();
   EXPECT_EQ(listener.keys, std::vector<int>{Qt::Key_L});
+}
+
+TEST_F(DesktopWork, ABoxThatItShowsHearsTheOperator) {
+  run([&](CancellableWork& work) {
+    breatheFor(work);
+    QTimer::singleShot(0, pressEscInBox);
+    EXPECT_EQ(ask(), Answer::Cancel);
+    EXPECT_NO_THROW(breatheFor(work)) << "the Esc was the box's";
+  });
+}
+
+TEST_F(DesktopWork, ABoxThatATimerShowsMeanwhileHearsTheOperator) {
+  bool asked = false;
+  run([&](CancellableWork& work) {
+    QTimer::singleShot(0, [&] {
+      QTimer::singleShot(0, pressEscInBox);
+      EXPECT_EQ(ask(), Answer::Cancel);
+      asked = true;
+    });
+    EXPECT_NO_THROW(breatheFor(work)) << "the Esc was the box's";
+    QCoreApplication::postEvent(&listener, keyPress(Qt::Key_L));
+    breatheFor(work);
+    EXPECT_TRUE(listener.keys.empty()) << "the box is gone";
+  });
+  EXPECT_TRUE(asked);
+}
+
+TEST_F(DesktopWork, WithinOtherWorkLeavesThatAbleToEnd) {
+  run([&](CancellableWork& work) {
+    run([](CancellableWork& inner) { breatheFor(inner); });
+    QCoreApplication::postEvent(&listener, keyPress(Qt::Key_Escape));
+    EXPECT_THROW(breatheFor(work, 5000), WorkCancelled);
+  });
+  EXPECT_FALSE(surroundings.isCancelled());
 }
 
 struct BoxCase {

@@ -78,6 +78,26 @@ TEST_F(ProgramFolder, FillingKeepsWhatIsThere) {
   EXPECT_EQ(root.read("data/tessimo/tess.def"), "shipped");
 }
 
+// A newer program brings newer ones.
+TEST_F(ProgramFolder, ManualAndExamplesStayWhereTheyAreInstalled) {
+  variables["XDG_DATA_HOME"] = root("data");
+  fs::create_directories(root("share/tessimo/examples"));
+  root.write("share/tessimo/examples/plate.cdm", "");
+  programFolder(request);
+  EXPECT_TRUE(root.has("data/tessimo/mill.msu"));
+  EXPECT_FALSE(fs::exists(root("data/tessimo/examples")));
+}
+
+TEST_F(ProgramFolder, HelpIsThatOfTheInstallationElseOfTheTrees) {
+  const HelpFiles installed = helpFiles(root("bin/"));
+  EXPECT_EQ(installed.manual, root("bin/../share/tessimo/help/tsmo_manual.pdf"));
+  EXPECT_EQ(installed.examples, root("bin/../share/tessimo/examples/"));
+  const HelpFiles built = helpFiles(root("home/bin/"));
+  EXPECT_TRUE(built.manual.ends_with("/manual/tsmo_manual.pdf")) << built.manual;
+  EXPECT_EQ(built.examples, TESSIMO_SOURCE_DIR "/examples/");
+  EXPECT_TRUE(fileExists(built.examples + "bracket.cdm"));
+}
+
 TEST_F(ProgramFolder, AFolderFilledEarlierGetsTheDatabase) {
   variables["XDG_DATA_HOME"] = root("data");
   programFolder(request);

@@ -116,6 +116,47 @@ TEST_F(WatchedProof, OfAThousandRowsLessOneDoesNotWait) {
   EXPECT_EQ(line(), "In by 0.1250   Left 0.00 %   Rapids 0");
 }
 
+TEST_F(WatchedProof, ThatTakesLongTellsSoAndCanBeCancelled) {
+  place();
+  openPanel();
+  shift(1, -0.125F);
+  platform.clock.asking = 10;
+  shift(2, 0);
+  EXPECT_GT(platform.surroundings.eventsServed, 0);
+  EXPECT_EQ(line(), "In by 0.1250   Left 0.00 %   Rapids 0");
+  platform.surroundings.cancelAt = platform.surroundings.eventsServed + 3;
+  shift(2, 0);
+  EXPECT_EQ(line(), "Not judged");
+  EXPECT_EQ(panel().cmdProof.color(), 0x3C3CE6);
+  EXPECT_EQ(panel().lblPlace.caption(), "Cancelled. A click judges the path.");
+  EXPECT_FALSE(platform.surroundings.isCancellable);
+  application.guarded("test", [] {});
+  EXPECT_EQ(line(), "Not judged") << "it does not begin again by itself";
+  platform.clock.asking = 0;
+  panel().cmdProof.press();
+  EXPECT_EQ(line(), "In by 0.1250   Left 0.00 %   Rapids 0");
+}
+
+TEST_F(WatchedProof, ThatIsCancelledHoldsTheProgramBack) {
+  place();
+  store.cfg_true_paths = true;
+  EXPECT_EQ(application.cnc.objections(), "");
+  platform.clock.asking = 10;
+  platform.surroundings.cancelAt = 1;
+  EXPECT_EQ(application.cnc.objections(), "The proof was cancelled: the path is not judged.\n");
+  EXPECT_EQ(panel().lblPlace.caption(), "") << "nothing is left of its progress";
+}
+
+TEST_F(WatchedProof, ShowsItsProgress) {
+  place();
+  openPanel();
+  std::vector<std::string> shown;
+  platform.surroundings.onServe = [&] { shown.push_back(panel().lblPlace.caption()); };
+  platform.clock.asking = 100;
+  shift(1, 0);
+  EXPECT_THAT(shown, ::testing::Contains("Proving    0.5 s, Esc ends it"));
+}
+
 TEST_F(WatchedProof, ClicksGoToThePlacesInTurn) {
   place();
   openPanel();

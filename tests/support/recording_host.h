@@ -42,23 +42,28 @@ class FixedClock : public Clock {
  public:
   ~FixedClock() override;
   DateTime now() override { return time; }
-  double elapsedMilliseconds() override { return elapsed; }
+  double elapsedMilliseconds() override { return elapsed += asking; }
   void sleep(double milliseconds) override { elapsed += milliseconds; }
 
   DateTime time{.year = 2026, .month = 3, .day = 9, .hour = 14, .minute = 5, .second = 7};
   double elapsed = 0;
+  double asking = 0;  // milliseconds that go by each time it is asked
 };
 
 class RecordingSurroundings : public Surroundings {
  public:
   ~RecordingSurroundings() override;
-  void serveEvents() override { ++eventsServed; }
+  void serveEvents() override {
+    ++eventsServed;
+    if (onServe) onServe();
+  }
   void setCancellable(bool on) override { isCancellable = on; }
   bool isCancelled() const override { return isCancellable && eventsServed >= cancelAt; }
   void beep() override { ++beeps; }
   void printOnMainWindow(const std::string& text) override { printed.push_back(text); }
 
   int eventsServed = 0;
+  std::function<void()> onServe;
   int cancelAt = std::numeric_limits<int>::max();  // of the events served: the operator has enough
   bool isCancellable = false;
   int beeps = 0;

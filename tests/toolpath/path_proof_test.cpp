@@ -518,6 +518,34 @@ TEST_F(ProofOfSquare, OfRowsThatAreNotJudgedTellsTheNumber) {
   EXPECT_THAT(proofText(proof()), ::testing::EndsWith("Rows not judged: 1\n"));
 }
 
+TEST_F(ProofOfSquare, CanBeEndedAtAnyMoment) {
+  shift(1, -0.125F);
+  store_.zstartpos = 0;
+  int breaths = 0;
+  const auto count = [&] { ++breaths; };
+  EXPECT_EQ(proofText(provePaths(store_, jobs_, testing::proofMotions(store_), count)),
+            proofText(proof()));
+  EXPECT_GT(breaths, 200);
+  for (int last = 1; last < breaths; last += 20) {
+    int left = last;
+    const auto end = [&left] {
+      if (--left == 0) throw WorkCancelled();
+    };
+    EXPECT_THROW(provePaths(store_, jobs_, testing::proofMotions(store_), end), WorkCancelled);
+  }
+}
+
+TEST(CancelledProof, IsNeverClean) {
+  PathProof proof;
+  proof.isCancelled = true;
+  EXPECT_TRUE(proof.isBeyondLimits());
+  EXPECT_EQ(gradeOf(proof), ProofGrade::Beyond);
+  EXPECT_EQ(proofLine(proof), "Not judged");
+  EXPECT_EQ(worstFindings(proof), "The proof was cancelled: the path is not judged.\n");
+  EXPECT_EQ(proofText(proof), "Not judged\nThe proof was cancelled: the path is not judged.\n");
+  EXPECT_THAT(worstPlaces(proof), IsEmpty());
+}
+
 TEST(ProofLimitsOfUnits, FollowTheUnits) {
   DrawingStore store;
   store.units = "I";

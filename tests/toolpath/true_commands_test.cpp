@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 #include <functional>
-#include <limits>
 #include <string>
 #include <vector>
 
@@ -97,25 +96,6 @@ TEST(TruePathCommands, NeverStepFartherThanTheToolIsWide) {
     const std::vector<testing::Curve> path = job.job.rough();
     const Coverage coverage = ReachableArea(job.pocket.part, 0.25, 6).coverageOf(path);
     EXPECT_GE(coverage.share, 0.999);
-  }
-}
-
-TEST(TruePathCommands, LeaveNothingWhenTheyAreCancelled) {
-  for (const PocketingStyle style : kStyles) {
-    TrueJob job(rectangle(6, 5), style);
-    RecordingSurroundings& operators = job.job.test.recording.surroundings;
-    const int group = job.job.store.currentpathgroup;
-    operators.cancelAt = operators.eventsServed + 2;
-    EXPECT_TRUE(job.job.rough().empty());
-    EXPECT_EQ(job.job.store.NumPathSegments, 0);
-    EXPECT_EQ(job.job.store.currentpathgroup, group);
-    EXPECT_TRUE(job.job.isVerified());
-    EXPECT_TRUE(job.job.messages().empty());
-    const std::vector<std::string>& log = job.job.statusLog;
-    EXPECT_NE(std::find(log.begin(), log.end(), "Cancelled. Nothing was placed."), log.end());
-    EXPECT_FALSE(operators.isCancellable);
-    operators.cancelAt = std::numeric_limits<int>::max();
-    EXPECT_FALSE(job.job.rough().empty()) << "the next one goes through";
   }
 }
 

@@ -45,15 +45,13 @@ struct Field {
   RoomWay way;
 };
 
-void goOn() {}
-
 int spoiltByLines(bool contours) {
   int spoilt = 0;
   for (int number = 0; number < kPockets; ++number) {
     Field field(number);
     const LineRules rules{ScanStyle::Horizontal, CuttingMode::Bidirectional, field.radius,
                           contours};
-    cutLines(field.offset, rules, field.way, goOn);
+    cutLines(field.offset, rules, field.way);
     spoilt += field.leavesSome() ? 1 : 0;
   }
   return spoilt;
@@ -63,8 +61,7 @@ int spoiltByRings(bool fillsBetween) {
   int spoilt = 0;
   for (int number = 0; number < kPockets; ++number) {
     Field field(number);
-    cutRings(field.offset, {field.radius, 2 * field.radius, false, {}, fillsBetween}, field.way,
-             goOn);
+    cutRings(field.offset, {field.radius, 2 * field.radius, false, {}, fillsBetween}, field.way);
     spoilt += field.leavesSome() ? 1 : 0;
   }
   return spoilt;
@@ -87,8 +84,8 @@ TEST(TruePathsNeed, LinksThatAreTested) {
     Field field(number);
     RoomWay linked(field.region, {field.radius, field.radius, true});
     const LineRules rules{ScanStyle::Horizontal, CuttingMode::Conventional, field.radius, true};
-    cutLines(field.offset, rules, field.way, goOn);
-    cutLines(field.offset, rules, linked, goOn);
+    cutLines(field.offset, rules, field.way);
+    cutLines(field.offset, rules, linked);
     ToolPath path = field.path();
     const auto& runs = field.way.runs();
     for (std::size_t k = 1; k < runs.size(); ++k) {

@@ -1,0 +1,126 @@
+// What holds for every form in its window: the order of its keyboard, and that the screen has room
+// for its buttons.
+#include "tests/qt/every_form.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QScreen>
+#include <QWindow>
+#include <algorithm>
+#include <gtest/gtest.h>
+#include <set>
+
+#include "shell/qt/form_window.h"
+#include "shell/qt/tab_order.h"
+#include "tests/qt/plate_program.h"
+
+namespace tess {
+namespace {
+
+class EveryForm : public testing::PlateProgram {
+ protected:
+  // Shows each form in its window and looks at it.
+  void forEach(const std::function<void(Form&, FormWindow&)>& look) {
+    for (const testing::NamedForm& named : testing::everyForm(*program)) {
+      SCOPED_TRACE(named.name);
+      const std::unique_ptr<Form> form = named.make();
+      FormWindow window(*form, program->gateway(), &program->window());
+      form->open(Modality::Modeless);
+      QApplication::setActiveWindow(&window);
+      QCoreApplication::processEvents();
+      look(*form, window);
+    }
+  }
+
+  static std::vector<QWidget*> reachable(const Form& form, const FormWindow& window) {
+    std::vector<QWidget*> all;
+    for (const Control* control : form.controls()) {
+      auto* widget = window.findChild<QWidget*>(widgetName(*control));
+      const bool takes = (widget->focusPolicy() & Qt::TabFocus) != 0;
+      if (takes && widget->isEnabled() && widget->isVisible()) all.push_back(widget);
+    }
+    return all;
+  }
+
+  // The widgets that the Tab key goes to, once round.
+  static std::vector<QWidget*> visited(QWidget& first) {
+    std::vector<QWidget*> way;
+    first.setFocus();
+    QWidget* at = &first;
+    constexpr int kMost = 200;
+    do {
+      way.push_back(at);
+      QKeyEvent tab(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier);
+      QApplication::sendEvent(QApplication::focusWidget(), &tab);
+      at = QApplication::focusWidget();
+    } while (at != &first && way.size() < kMost);
+    return way;
+  }
+
+  // The control that a widget belongs to: of a pane, what is inside it.
+  static QWidget* controlOf(QWidget* widget, const std::vector<QWidget*>& controls) {
+    while (widget != nullptr &&
+           std::find(controls.begin(), controls.end(), widget) == controls.end())
+      widget = widget->parentWidget();
+    return widget;
+  }
+
+  static QRect placeOf(const QWidget& widget, const FormWindow& window) {
+    return {widget.mapTo(&window, QPoint()), widget.size()};
+  }
+};
+
+TEST_F(EveryForm, TabVisitsEveryEnabledControlOnce) {
+  forEach([](Form& form, FormWindow& window) {
+    const std::vector<QWidget*> controls = reachable(form, window);
+    if (controls.empty()) return;
+    std::vector<QWidget*> way;
+    for (QWidget* widget : visited(*controls.front())) {
+      QWidget* control = controlOf(widget, controls);
+      ASSERT_NE(control, nullptr) << widget->objectName().toStdString();
+      if (way.empty() || way.back() != control) way.push_back(control);
+    }
+    std::multiset<QWidget*> once(controls.begin(), controls.end());
+    EXPECT_EQ(std::multiset<QWidget*>(way.begin(), way.end()), once);
+  });
+}
+
+TEST_F(EveryForm, TabNeverGoesBackUpOrToTheLeft) {
+  forEach([](Form& form, FormWindow& window) {
+    const std::vector<QWidget*> controls = reachable(form, window);
+    if (controls.size() < 2) return;
+    const std::vector<QWidget*> order = readingOrder(window);
+    const auto first =
+        std::find_first_of(order.begin(), order.end(), controls.begin(), controls.end());
+    ASSERT_NE(first, order.end());
+    QWidget* before = nullptr;
+    for (QWidget* widget : visited(**first)) {
+      const bool later = widget->property("tabLater").toBool();
+      if (before != nullptr && !later) {
+        const QRect from = placeOf(*before, window);
+        const QRect to = placeOf(*widget, window);
+        EXPECT_TRUE(to.left() >= from.right() || to.top() >= from.bottom() || from.contains(to))
+            << before->objectName().toStdString() << " to " << widget->objectName().toStdString();
+      }
+      before = widget;
+    }
+  });
+}
+
+TEST_F(EveryForm, FitsTheScreenWithItsButtonsInSight) {
+  forEach([](Form& form, FormWindow& window) {
+    const QSize screen = window.screen()->availableSize();
+    EXPECT_LE(window.width(), screen.width());
+    EXPECT_LE(window.height(), screen.height());
+    for (const Button* button : {form.defaultButton(), form.cancelButton()}) {
+      if (button == nullptr) continue;
+      auto* widget = window.findChild<QWidget*>(widgetName(*button));
+      EXPECT_TRUE(window.rect().contains(placeOf(*widget, window))) << button->name();
+      EXPECT_FALSE(widget->visibleRegion().isEmpty()) << button->name();
+    }
+    testing::keepScreenshot(window, "form_" + form.name());
+  });
+}
+
+}  // namespace
+}  // namespace tess
