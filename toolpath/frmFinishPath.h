@@ -21,6 +21,7 @@ class frmFinishPath : public Form {
   TextBox txtToolSpacingDistance{*this, "txtToolSpacingDistance", FraStepOver};
   CheckBox chkGougeAvoidance{*this, "chkGougeAvoidance"};
   CheckBox chkConnectPocketPaths{*this, "chkConnectPocketPaths"};
+  CheckBox chkWhatIsLeft{*this, "chkWhatIsLeft"};
   CheckBox chkHoldingTabs{*this, "chkHoldingTabs"};
   Button cmdOK{*this, "cmdOK"};
   Button cmdCancel{*this, "cmdCancel"};

@@ -25,6 +25,7 @@
 #include "toolpath/path_placement.h"
 #include "toolpath/region_offset.h"
 #include "toolpath/region_rows.h"
+#include "toolpath/rest_region.h"
 #include "toolpath/true_leads.h"
 #include "toolpath/true_links.h"
 #include "toolpath/true_pocket.h"
@@ -294,13 +295,17 @@ struct PassPath {
   std::size_t round = 0;  // the longest way among the stretches; their number for none
   double leads = 0;       // how long its leads are
   bool freeLeft = true;
+  bool isWhole = false;  // that way is closed
 };
 
 class PassMaker {
  public:
-  PassMaker(CamContext& cam, const FinishField& field, const Breathing& breathing)
+  // Of what was `taken` before nothing is cut again.
+  PassMaker(CamContext& cam, const FinishField& field, std::vector<SweptCurve> taken,
+            const Breathing& breathing)
       : cam_(cam),
         field_(field),
+        taken_(std::move(taken)),
         breathing_(breathing),
         radius_(cam.store.toolradius[cam.store.selectedtool]) {}
 
@@ -309,7 +314,7 @@ class PassMaker {
     PassPath path;
     path.distance = distance;
     double longest = 0;
-    for (FinishWay& way : field_.waysAt(distance, breathing_)) {
+    for (FinishWay& way : waysLeftAt(distance)) {
       const auto leads = leadsOf(way);
       if (links) linkTo(leads ? leads->in.start : way.curves.front().start, path);
       if (leads) path.stretches.push_back({{leads->in}, false});
@@ -318,6 +323,7 @@ class PassMaker {
         path.round = path.stretches.size();
         path.leads = leads ? leadLength_ : 0;
         path.freeLeft = way.freeLeft;
+        path.isWhole = way.closed;
       }
       path.stretches.push_back({std::move(way.curves), true});
       if (leads) path.stretches.push_back({{leads->out}, false});
@@ -344,6 +350,23 @@ class PassMaker {
   bool refused() const { return refused_; }
 
  private:
+  std::vector<FinishWay> waysLeftAt(double distance) const {
+    std::vector<FinishWay> ways = field_.waysAt(distance, breathing_);
+    if (taken_.empty()) return ways;
+    std::vector<Curve> all;
+    for (const FinishWay& way : ways) all.insert(all.end(), way.curves.begin(), way.curves.end());
+    const RestPlaces rest = restOfWays(all, radius_, taken_, breathing_);
+    constexpr double kWhole = 1e-6;
+    std::vector<FinishWay> left;
+    for (const FinishWay& way : ways) {
+      for (std::vector<Curve>& part : rest.partsOf(way.curves)) {
+        const bool isWhole = lengthOfAll(part) > lengthOfAll(way.curves) - kWhole;
+        left.push_back({std::move(part), way.closed && isWhole, way.freeLeft});
+      }
+    }
+    return left;
+  }
+
   static double lengthOfAll(const std::vector<Curve>& curves) {
     return std::accumulate(curves.begin(), curves.end(), 0.0,
                            [](double sum, const Curve& curve) { return sum + lengthOf(curve); });
@@ -379,6 +402,7 @@ class PassMaker {
 
   CamContext& cam_;
   const FinishField& field_;
+  const std::vector<SweptCurve> taken_;
   const Breathing& breathing_;
   double radius_;
   double leadLength_ = 0;  // of the leads last made
@@ -486,11 +510,14 @@ struct FinishPlan {
 
 // Nothing after a message.
 std::optional<FinishPlan> planPasses(CamContext& cam, const TrueFinishRequest& request, bool links,
-                                     const Breathing& breathing) {
+                                     float floor, const Breathing& breathing) {
   const Chain chain = chainFrom(cam.store, request.sg, request.start);
   const auto field = fieldOf(cam, chain, request);
   if (!field || !pathIsPossible(cam, *field, breathing)) return std::nullopt;
-  PassMaker maker(cam, *field, breathing);
+  std::vector<SweptCurve> taken;
+  if (cam.store.cfg_finish_what_is_left) taken = cutBefore(cam, floor, breathing);
+  const bool isLarger = isLargerThanAll(cam.store.toolradius[cam.store.selectedtool], taken);
+  PassMaker maker(cam, *field, std::move(taken), breathing);
   FinishPlan plan;
   plan.runsRoundPart = field->runsRoundPart();
   for (int pass = request.passes; pass >= 1; --pass) {
@@ -501,6 +528,12 @@ std::optional<FinishPlan> planPasses(CamContext& cam, const TrueFinishRequest& r
     plan.passes.push_back({std::move(path), std::move(rows)});
   }
   plan.failed = maker.refused();
+  const bool isEmpty = std::all_of(plan.passes.begin(), plan.passes.end(),
+                                   [](const auto& pass) { return pass.path.stretches.empty(); });
+  if (isEmpty) {
+    tellNothingLeft(cam, kCommand, isLarger);
+    return std::nullopt;
+  }
   return plan;
 }
 
@@ -512,7 +545,7 @@ std::optional<std::vector<PassTabs>> chooseTabs(CamContext& cam, const FinishPla
   std::vector<std::size_t> passOfWay;
   for (std::size_t pass = 0; pass < plan.passes.size(); ++pass) {
     const PassPath& path = plan.passes[pass].path;
-    if (path.stretches.empty()) continue;
+    if (!path.isWhole) continue;
     ways.push_back(tabPassOf(path, store.toolradius[store.selectedtool]));
     passOfWay.push_back(pass);
   }
@@ -611,11 +644,11 @@ void placeTrueFinish(CamContext& cam, const TrueFinishRequest& request) {
   begun.start = startOn(store, request);
   std::optional<FinishPlan> plan;
   const bool done = unlessCancelled(cam, kStage, [&](const Breathing& breathing) {
-    plan = planPasses(cam, begun, links, breathing);
+    plan = planPasses(cam, begun, links, levels.back().z, breathing);
   });
   if (!done || !plan) return;
   std::vector<PassTabs> tabs(plan->passes.size());
-  if (store.cfg_holding_tabs && plan->runsRoundPart) {
+  if (store.cfg_holding_tabs && plan->runsRoundPart && plan->passes.back().path.isWhole) {
     // Of what is no whole path it is not known that tabs hold.
     if (plan->failed) return tellWhatFailed(cam, kCommand, true);
     auto chosen = chooseTabs(cam, *plan, levels.back().z);

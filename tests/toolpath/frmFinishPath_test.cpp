@@ -103,6 +103,7 @@ TEST_F(FinishPathForm, OkStoresEverything) {
   form.txtToolSpacingDistance.setText("0.2");
   form.chkGougeAvoidance.setChecked(true);
   form.chkConnectPocketPaths.setChecked(true);
+  form.chkWhatIsLeft.setChecked(true);
   form.chkHoldingTabs.setChecked(true);
   form.cmdOK.click();
   EXPECT_FALSE(form.isShown());
@@ -113,6 +114,7 @@ TEST_F(FinishPathForm, OkStoresEverything) {
   EXPECT_EQ(store.cfg_tool_spacing, 40);
   EXPECT_TRUE(store.cfg_gouge_avoidance);
   EXPECT_TRUE(store.cfg_connect_pocketing_paths);
+  EXPECT_TRUE(store.cfg_finish_what_is_left);
   EXPECT_TRUE(store.cfg_holding_tabs);
 }
 
@@ -136,7 +138,7 @@ TEST_F(FinishPathForm, ClosingTheWindowMeansOnePassToo) {
 struct FinishPathFormLoad : RecordedCam, ::testing::Test {};
 
 // Only the true rules know on which side of a wall a path runs, and one row alone is no outline.
-TEST_F(FinishPathFormLoad, TabsAreForWholeOutlinesByTheTrueRules) {
+TEST_F(FinishPathFormLoad, TabsAndRestAreForWholeOutlinesByTheTrueRules) {
   for (const bool truePaths : {false, true}) {
     for (const int chain : {0, 1}) {
       store.cfg_true_paths = truePaths;
@@ -144,6 +146,7 @@ TEST_F(FinishPathFormLoad, TabsAreForWholeOutlinesByTheTrueRules) {
       frmFinishPath form(cam);
       form.open(Modality::Modal);
       EXPECT_EQ(form.chkHoldingTabs.isEnabled(), truePaths && chain == 1);
+      EXPECT_EQ(form.chkWhatIsLeft.isEnabled(), truePaths && chain == 1);
     }
   }
 }
