@@ -108,6 +108,8 @@
                                                                            \
   SHELL(kContentsCommand)                                                  \
   SHELL(kSearchCommand)                                                    \
+  SHELL(kKeysCommand)                                                      \
+  SHELL(kExamplesCommand)                                                  \
   SHELL(kAboutCommand)                                                     \
                                                                            \
   DRAFTING(kVisualGridCommand)                                             \

@@ -108,6 +108,14 @@ void ToolHost::setCaption(std::string_view name, std::string caption) {
   announce(*found, ToolProperty::Caption);
 }
 
+void ToolHost::setKey(std::string_view name, std::string key, std::string hint) {
+  Tool* found = find(name);
+  if (found == nullptr || (found->key == key && found->hint == hint)) return;
+  found->key = std::move(key);
+  found->hint = std::move(hint);
+  announce(*found, ToolProperty::Key);
+}
+
 void ToolHost::setFlag(std::string_view name, bool Tool::*flag, bool value, ToolProperty property) {
   Tool* found = find(name);
   if (found == nullptr || std::exchange(found->*flag, value) == value) return;
@@ -124,6 +132,13 @@ void ToolHost::setVisible(std::string_view name, bool visible) {
 
 void ToolHost::setChecked(std::string_view name, bool checked) {
   setFlag(name, &Tool::checked, checked, ToolProperty::Checked);
+}
+
+void ToolHost::showArmed(std::string_view name) {
+  if (armed_ == name) return;
+  const std::string before = std::exchange(armed_, std::string(name));
+  setFlag(before, &Tool::armed, false, ToolProperty::Armed);
+  setFlag(name, &Tool::armed, true, ToolProperty::Armed);
 }
 
 bool ToolHost::click(std::string_view name) {

@@ -9,8 +9,10 @@
 #include "core/version.h"
 #include "drafting/copy_paste.h"
 #include "drafting/grids.h"
+#include "drafting/hover_preview.h"
 #include "drafting/object_snap.h"
 #include "drafting/scale_drawing.h"
+#include "drafting/typed_position.h"
 #include "drafting/undo.h"
 #include "import/frmDXF.h"
 #include "shell/commands.h"
@@ -43,6 +45,7 @@ Application::Application(const Platform& platform)
       ownColors_(std::make_unique<FormColorDialog>(platform.host.prompts)),
       colors(platform.colors != nullptr ? *platform.colors : *ownColors_),
       paper(platform.paper),
+      helpFiles(platform.help),
       reporting_(platform.reporting),
       timers_(platform.screen.timers, platform.reporting),
       session(store, platform.host, listener_),
@@ -108,7 +111,15 @@ void Application::load(std::string_view drawing, std::string_view appfolder) {
   guarded("frmMain.Form_Load()", [&] { loadMainWindow(session, drawing, appfolder); });
 }
 
+// Whatever begins takes off the screen what hovered before it.
 bool Application::guarded(std::string_view entry, const std::function<void()>& run) {
+  return enter(entry, [&] {
+    endHoverPreview(interaction.context);
+    run();
+  });
+}
+
+bool Application::enter(std::string_view entry, const std::function<void()>& run) {
   const bool done = reporting_.guarded(entry, run);
   showPropertiesAndTool();
   viewer.settle();
@@ -129,6 +140,8 @@ void Application::showPropertiesAndTool() {
 void Application::showFigures() {
   interaction.statusBar.setPanel(StatusPanel::Tool, toolInUseText(session));
   pathTotals.settle();
+  keyHints_.settle();
+  guide.settle();
 }
 
 void Application::keepJournal() {
@@ -158,8 +171,8 @@ bool Application::press(const PointerEvent& event) {
 }
 
 bool Application::move(const PointerEvent& event) {
-  return guarded("frmMain.picDrawing_MouseMove(Button,Shift,X,Y)",
-                 [&] { picDrawing_MouseMove(interaction.context, event); });
+  return enter("frmMain.picDrawing_MouseMove(Button,Shift,X,Y)",
+               [&] { picDrawing_MouseMove(interaction.context, event); });
 }
 
 bool Application::release(const PointerEvent& event) {
@@ -170,6 +183,38 @@ bool Application::release(const PointerEvent& event) {
 bool Application::wheel(int steps, int shift) {
   return guarded("frmMain.MouseWheel1_MouseWheel(Scroll,Button,Shift,X,Y)",
                  [&] { MouseWheel1_MouseWheel(interaction.context, steps, shift); });
+}
+
+bool Application::wheelAt(int steps, int shift, Point at) {
+  if (!interaction.navigation.wheelZooms()) return wheel(steps, shift);
+  return guarded("frmMain.MouseWheel1_MouseWheel(Scroll,Button,Shift,X,Y)",
+                 [&] { interaction.navigation.turnWheel(steps, at); });
+}
+
+bool Application::beginPan(Point at) {
+  return guarded("frmMain.picDrawing_MouseDown(Button,Shift,X,Y)",
+                 [&] { interaction.navigation.beginPan(at); });
+}
+
+bool Application::movePan(Point at) {
+  return guarded("frmMain.picDrawing_MouseMove(Button,Shift,X,Y)",
+                 [&] { interaction.navigation.movePan(at); });
+}
+
+bool Application::endPan(Point at) {
+  return guarded("frmMain.picDrawing_MouseUp(Button,Shift,X,Y)",
+                 [&] { interaction.navigation.endPan(at); });
+}
+
+void Application::leave() {
+  guarded("frmMain.picDrawing_MouseLeave()", [] {});
+}
+
+std::string Application::typePosition(std::string_view text, int button) {
+  std::string trouble;
+  guarded("frmMain.typePosition(text,button)",
+          [&] { trouble = tess::typePosition(interaction.context, text, button); });
+  return trouble;
 }
 
 bool Application::mayClose() {
@@ -274,6 +319,10 @@ void Application::Listener::brandingRead() {
 void Application::Listener::load_xsetup() {
   tess::load_xsetup(application_.session, application_.definition);
   application_.pathTotals.markStale();
+}
+
+void Application::Listener::setupChosen() {
+  application_.interaction.showWholeDrawing();
 }
 
 void Application::Listener::closeMainWindow() {

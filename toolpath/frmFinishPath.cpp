@@ -58,6 +58,8 @@ void frmFinishPath::fill() {
   const bool knowsWalls = store.cfg_true_paths && cam_.PlaceChain != 0;
   chkWhatIsLeft.setEnabled(knowsWalls);
   chkHoldingTabs.setEnabled(knowsWalls);
+  entry_.load();
+  entry_.setEnabled(store.cfg_true_paths);
   txtNumPasses.setText("1");
 }
 
@@ -72,9 +74,11 @@ void frmFinishPath::passesChanged() {
   FraStepOver.setEnabled(passes >= kPassesWithStepOver);
 }
 
+// A text of the entry that is no number leaves all settings as they were.
 void frmFinishPath::takeOver() {
   DrawingStore& store = cam_.store;
   const float clearance = parseFloat(txtminroughclear.text());
+  entry_.takeOver();
   stepOver_.takeOver();
   cam_.numFinishPasses = passes_;
   store.cfg_min_rough_clearance = clearance;

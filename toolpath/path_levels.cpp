@@ -32,35 +32,29 @@ bool levelsArePossible(CamContext& cam, const std::string& command, bool several
   return canGoDown(cam, command, firstLevel(cam.store, floor), floor);
 }
 
-void placeAtLevels(CamContext& cam, Change& change, int index, std::span<const Entity> rows,
-                   std::span<const PathLevel> levels) {
-  std::vector<std::vector<RowAtHeight>> ofLevels(levels.size());
-  for (std::size_t level = 0; level < levels.size(); ++level) {
-    ofLevels[level].reserve(rows.size());
-    for (const Entity& entity : rows) ofLevels[level].push_back({entity, levels[level].z});
+std::vector<LevelRows> rowsAtLevels(std::span<const Entity> rows,
+                                    std::span<const PathLevel> levels) {
+  std::vector<LevelRows> placed;
+  placed.reserve(levels.size());
+  for (const PathLevel& level : levels) {
+    LevelRows& at = placed.emplace_back();
+    at.reserve(rows.size());
+    for (const Entity& entity : rows) at.push_back(pathRowOf(entity, level.z, level.feed));
   }
-  placeAtLevels(cam, change, index, ofLevels, levels);
+  return placed;
 }
 
-void placeAtLevels(CamContext& cam, Change& change, int index,
-                   std::span<const std::vector<RowAtHeight>> rows,
-                   std::span<const PathLevel> levels) {
+void placeLevels(CamContext& cam, Change& change, int index, std::vector<LevelRows> levels) {
   const int code = pathCode(cam.store.currentpathgroup, cam.store.selectedtool);
-  const auto rowAt = [code](const RowAtHeight& row, float feed) {
-    PathRow placed = pathRowOf(row.entity, row.z, feed);
-    placed.code = code;
-    return placed;
-  };
-  std::vector<RowInsertion<PathRow>> insertions;
-  insertions.reserve(rows.front().size());
-  for (const RowAtHeight& row : rows.front()) {
-    insertions.push_back({index, rowAt(row, levels.front().feed)});
+  for (LevelRows& level : levels) {
+    for (PathRow& row : level) row.code = code;
   }
+  std::vector<RowInsertion<PathRow>> insertions;
+  insertions.reserve(levels.front().size());
+  for (const PathRow& row : levels.front()) insertions.push_back({index, row});
   change.paths.insert(insertions);
   for (std::size_t level = 1; level < levels.size(); ++level) {
-    for (const RowAtHeight& row : rows[level]) {
-      change.paths.append(rowAt(row, levels[level].feed));
-    }
+    for (const PathRow& row : levels[level]) change.paths.append(row);
   }
 }
 

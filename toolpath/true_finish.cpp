@@ -17,6 +17,7 @@
 #include "toolpath/cancellable_command.h"
 #include "toolpath/chain_walk.h"
 #include "toolpath/element_offset.h"
+#include "toolpath/entry_moves.h"
 #include "toolpath/frmHoldingTabs.h"
 #include "toolpath/job_walls.h"
 #include "toolpath/lead_gouge.h"
@@ -412,11 +413,15 @@ class PassMaker {
 
 // ---- Tabs
 
-TabPass tabPassOf(const PassPath& path, double toolRadius) {
+// A ramp into the material takes the first rows up to the width of the tool.
+TabPass tabPassOf(const PassPath& path, const DrawingStore& store) {
+  constexpr double kRampRoom = 4;  // radii
+  const double radius = store.toolradius[store.selectedtool];
+  const double leads = path.leads > 0 ? path.leads + radius : 0;
   return {.way = path.stretches[path.round].curves,
           .distance = path.distance,
-          .toolRadius = toolRadius,
-          .startRoom = path.leads > 0 ? path.leads + toolRadius : 0,
+          .toolRadius = radius,
+          .startRoom = std::max(leads, wantsEntries(store) ? kRampRoom * radius : 0),
           .freeLeft = path.freeLeft};
 }
 
@@ -499,42 +504,56 @@ bool pathIsPossible(CamContext& cam, const FinishField& field, const Breathing& 
 struct FinishPass {
   PassPath path;
   std::vector<Entity> rows;  // of it, where nothing raises it
+  PassTabs tabs;
+  std::vector<LevelRows> levels;  // at all levels, with their ways in
 };
 
 // All that a command is going to place; nothing of it stands in the drawing before it is complete.
 struct FinishPlan {
-  std::vector<FinishPass> passes;  // in the order in which they are cut
-  bool runsRoundPart = false;
-  bool failed = false;  // a part of the path could not be placed
+  std::unique_ptr<Chain> chain;
+  std::unique_ptr<FinishField> field;
+  std::vector<FinishPass> passes;    // in the order in which they are cut
+  bool failed = false;               // a part of the path could not be placed
+  std::vector<std::string> entries;  // what is to be told about these
 };
 
-// Nothing after a message.
-std::optional<FinishPlan> planPasses(CamContext& cam, const TrueFinishRequest& request, bool links,
-                                     float floor, const Breathing& breathing) {
-  const Chain chain = chainFrom(cam.store, request.sg, request.start);
-  const auto field = fieldOf(cam, chain, request);
-  if (!field || !pathIsPossible(cam, *field, breathing)) return std::nullopt;
-  std::vector<SweptCurve> taken;
-  if (cam.store.cfg_finish_what_is_left) taken = cutBefore(cam, floor, breathing);
-  const bool isLarger = isLargerThanAll(cam.store.toolradius[cam.store.selectedtool], taken);
-  PassMaker maker(cam, *field, std::move(taken), breathing);
+// The ways of all passes. Nothing after a message.
+std::optional<FinishPlan> planPasses(CamContext& cam, const TrueFinishRequest& request,
+                                     const std::vector<PathLevel>& levels,
+                                     const Breathing& breathing) {
   FinishPlan plan;
-  plan.runsRoundPart = field->runsRoundPart();
+  plan.chain = std::make_unique<Chain>(chainFrom(cam.store, request.sg, request.start));
+  plan.field = fieldOf(cam, *plan.chain, request);
+  if (!plan.field || !pathIsPossible(cam, *plan.field, breathing)) return std::nullopt;
+  const bool links = cam.store.cfg_connect_pocketing_paths && levels.size() == 1;
+  std::vector<SweptCurve> taken;
+  if (cam.store.cfg_finish_what_is_left) taken = cutBefore(cam, levels.back().z, breathing);
+  const bool isLarger = isLargerThanAll(cam.store.toolradius[cam.store.selectedtool], taken);
+  PassMaker maker(cam, *plan.field, std::move(taken), breathing);
+  bool isEmpty = true;
   for (int pass = request.passes; pass >= 1; --pass) {
     // A clearance below 0 would cut into the part.
     const float distance = std::max(passDistance(cam.store, pass), passDistance(cam.store, 1));
     PassPath path = maker.pathAt(distance, links);
     std::vector<Entity> rows = maker.rowsOf(path);
-    plan.passes.push_back({std::move(path), std::move(rows)});
+    isEmpty = isEmpty && path.stretches.empty();
+    plan.passes.push_back({std::move(path), std::move(rows), {}, {}});
   }
   plan.failed = maker.refused();
-  const bool isEmpty = std::all_of(plan.passes.begin(), plan.passes.end(),
-                                   [](const auto& pass) { return pass.path.stretches.empty(); });
   if (isEmpty) {
     tellNothingLeft(cam, kCommand, isLarger);
     return std::nullopt;
   }
   return plan;
+}
+
+// Upright, unless paths come into the material by other ways than plunges.
+TabRamp rampOf(const DrawingStore& store) {
+  constexpr double kWithin = 0.999;  // of the step, whatever 32 bits make of it
+  if (!wantsEntries(store)) return {};
+  constexpr double kUsualAngle = 3;
+  const double angle = store.cfg_entry_angle > 0 ? double{store.cfg_entry_angle} : kUsualAngle;
+  return {.angle = angle, .step = kWithin * entryStep(store)};
 }
 
 // For each of the passes; nothing when the operator wants no path after all.
@@ -546,7 +565,7 @@ std::optional<std::vector<PassTabs>> chooseTabs(CamContext& cam, const FinishPla
   for (std::size_t pass = 0; pass < plan.passes.size(); ++pass) {
     const PassPath& path = plan.passes[pass].path;
     if (!path.isWhole) continue;
-    ways.push_back(tabPassOf(path, store.toolradius[store.selectedtool]));
+    ways.push_back(tabPassOf(path, store));
     passOfWay.push_back(pass);
   }
   frmHoldingTabs form(cam, std::move(ways), floor);
@@ -558,7 +577,7 @@ std::optional<std::vector<PassTabs>> chooseTabs(CamContext& cam, const FinishPla
   std::vector<PassTabs> chosen(plan.passes.size());
   for (std::size_t way = 0; way < passOfWay.size(); ++way) {
     PassTabs& pass = chosen[passOfWay[way]];
-    pass.raised = form.plan().ranges(way, floor, form.top(), TabRamp{});
+    pass.raised = form.plan().ranges(way, floor, form.top(), rampOf(store));
     for (const TabPlan::Bridge& bridge : form.plan().bridges(way)) {
       pass.tabs.push_back({bridge.from.x, bridge.from.y, bridge.to.x, bridge.to.y, form.top()});
     }
@@ -567,24 +586,24 @@ std::optional<std::vector<PassTabs>> chooseTabs(CamContext& cam, const FinishPla
 }
 
 // The rows of a pass whose curves have been tested, raised by these ranges of the way round.
-std::vector<RowAtHeight> raisedRows(const PassPath& path, float z,
-                                    std::span<const RaisedRange> raised) {
+LevelRows raisedRows(const PassPath& path, const PathLevel& level,
+                     std::span<const RaisedRange> raised) {
   RegionRows rows([](const Curve&) { return true; });
-  std::vector<RowAtHeight> placed;
+  LevelRows placed;
   const auto add = [&](const std::vector<Curve>& curves, double height) {
     const std::size_t before = rows.rows().size();
     rows.add(curves);
     for (std::size_t k = before; k < rows.rows().size(); ++k) {
-      placed.push_back({rows.rows()[k], narrow(height)});
+      placed.push_back(pathRowOf(rows.rows()[k], narrow(height), level.feed));
     }
   };
   for (std::size_t k = 0; k < path.stretches.size(); ++k) {
     const PassStretch& stretch = path.stretches[k];
     if (k != path.round) {
-      add(stretch.curves, z);
+      add(stretch.curves, level.z);
       continue;
     }
-    for (const RaisedRun& run : raisedRuns(WayByLength(stretch.curves), raised, z)) {
+    for (const RaisedRun& run : raisedRuns(WayByLength(stretch.curves), raised, level.z)) {
       add(run.curves, run.z);
     }
   }
@@ -592,33 +611,44 @@ std::vector<RowAtHeight> raisedRows(const PassPath& path, float z,
 }
 
 // At each of the levels; one above all tabs has the rows as they are.
-std::vector<std::vector<RowAtHeight>> rowsAtLevels(const FinishPass& pass,
-                                                   const std::vector<RaisedRange>& raised,
-                                                   const std::vector<PathLevel>& levels) {
-  std::vector<std::vector<RowAtHeight>> rows(levels.size());
+std::vector<LevelRows> rowsOfPass(const FinishPass& pass, const std::vector<PathLevel>& levels) {
+  std::vector<LevelRows> rows = rowsAtLevels(pass.rows, levels);
+  const std::vector<RaisedRange>& raised = pass.tabs.raised;
   for (std::size_t level = 0; level < levels.size(); ++level) {
     const float z = levels[level].z;
     const bool rises = std::any_of(raised.begin(), raised.end(),
                                    [z](const RaisedRange& range) { return range.top > z; });
-    if (rises) {
-      rows[level] = raisedRows(pass.path, z, raised);
-    } else {
-      for (const Entity& row : pass.rows) rows[level].push_back({row, z});
-    }
+    if (rises) rows[level] = raisedRows(pass.path, levels[level], raised);
   }
   return rows;
 }
 
-void placePasses(CamContext& cam, const FinishPlan& plan, const std::vector<PassTabs>& tabs,
-                 const JobWalls& walls, const std::vector<PathLevel>& levels) {
+// False after a message.
+bool enterPasses(CamContext& cam, const std::vector<PathLevel>& levels, const Breathing& breathing,
+                 FinishPlan& plan) {
+  const auto isClear = [&plan](const Curve& curve, double distance) {
+    return plan.field->isClear(curve, distance);
+  };
+  EntryPlanner entries(cam, kCommand, {isClear, passDistance(cam.store, 1), nullptr},
+                       pathInsertIndex(cam.store, cam.pathInsertMode, cam.pathInsertGroup),
+                       breathing);
+  for (FinishPass& pass : plan.passes) {
+    auto entered = entries.entered(rowsOfPass(pass, levels));
+    if (!entered) return false;
+    pass.levels = std::move(*entered);
+  }
+  plan.entries = entries.notes();
+  return true;
+}
+
+void placePasses(CamContext& cam, FinishPlan& plan, const JobWalls& walls) {
   DrawingStore& store = cam.store;
   Change change(cam.changes);
-  for (std::size_t k = 0; k < plan.passes.size(); ++k) {
-    const FinishPass& pass = plan.passes[k];
+  for (FinishPass& pass : plan.passes) {
     store.currentpathgroup = nextPathGroup(store);
     const int index = pathInsertIndex(store, cam.pathInsertMode, cam.pathInsertGroup);
-    placeAtLevels(cam, change, index, rowsAtLevels(pass, tabs[k].raised, levels), levels);
-    noteJob(cam, JobKind::Contour, pass.path.distance, walls, {.tabs = tabs[k].tabs});
+    placeLevels(cam, change, index, std::move(pass.levels));
+    noteJob(cam, JobKind::Contour, pass.path.distance, walls, {.tabs = pass.tabs.tabs});
   }
   change.keep({.redraws = false});
 }
@@ -637,28 +667,33 @@ void placeTrueFinish(CamContext& cam, const TrueFinishRequest& request) {
   const DrawingStore& store = cam.store;
   const bool several = -std::abs(store.cfg_start_depth) >= roughingFloor(store);
   if (request.passes < 1 || !levelsArePossible(cam, kCommand, several)) return;
+  if (!entriesArePossible(cam, kCommand)) return;
   const BusyPointer busy(cam.context.systemPointer);
   const std::vector<PathLevel> levels = levelsOf(store, several, store.cfg_finish_feedrate);
-  const bool links = store.cfg_connect_pocketing_paths && levels.size() == 1;
   TrueFinishRequest begun = request;
   begun.start = startOn(store, request);
   std::optional<FinishPlan> plan;
   const bool done = unlessCancelled(cam, kStage, [&](const Breathing& breathing) {
-    plan = planPasses(cam, begun, links, levels.back().z, breathing);
+    plan = planPasses(cam, begun, levels, breathing);
   });
   if (!done || !plan) return;
-  std::vector<PassTabs> tabs(plan->passes.size());
-  if (store.cfg_holding_tabs && plan->runsRoundPart && plan->passes.back().path.isWhole) {
+  if (store.cfg_holding_tabs && plan->field->runsRoundPart() && plan->passes.back().path.isWhole) {
     // Of what is no whole path it is not known that tabs hold.
     if (plan->failed) return tellWhatFailed(cam, kCommand, true);
     auto chosen = chooseTabs(cam, *plan, levels.back().z);
     if (!chosen) return;
-    tabs = std::move(*chosen);
+    for (std::size_t k = 0; k < chosen->size(); ++k) plan->passes[k].tabs = std::move((*chosen)[k]);
   }
-  placePasses(cam, *plan, tabs, wallsBeside(store, request.sg, request.reference), levels);
+  bool entered = false;
+  const bool complete = unlessCancelled(cam, kStage, [&](const Breathing& breathing) {
+    entered = enterPasses(cam, levels, breathing, *plan);
+  });
+  if (!complete || !entered) return;
+  placePasses(cam, *plan, wallsBeside(store, request.sg, request.reference));
   cam.context.state.setPendingaction(0);
   showPlacedPaths(cam);
   tellWhatFailed(cam, kCommand, plan->failed);
+  tellEntries(cam, kCommand, plan->entries);
 }
 
 }  // namespace tess

@@ -78,6 +78,15 @@ void pushTab(lua_State* L, const TabFinding& tab) {
   setField(L, "height", tab.height);
 }
 
+void pushPlunge(lua_State* L, const PlungeFinding& plunge) {
+  lua_createtable(L, 0, 5);
+  setField(L, "row", plunge.row);
+  setField(L, "group", plunge.group);
+  setField(L, "x", plunge.x);
+  setField(L, "y", plunge.y);
+  setField(L, "depth", plunge.depth);
+}
+
 void pushJob(lua_State* L, const JudgedJob& job) {
   lua_createtable(L, 0, 3);
   setField(L, "group", job.group);
@@ -96,6 +105,8 @@ int proveJob(Script& script, lua_State* L) {
   lua_setfield(L, -2, "rapids");
   pushList(L, proof.tabs, [L](const TabFinding& tab) { pushTab(L, tab); });
   lua_setfield(L, -2, "tabs");
+  pushList(L, proof.plunges, [L](const PlungeFinding& plunge) { pushPlunge(L, plunge); });
+  lua_setfield(L, -2, "plunges");
   pushList(L, proof.jobs, [L](const JudgedJob& job) { pushJob(L, job); });
   lua_setfield(L, -2, "jobs");
   pushList(L, proof.unjudged, [L](int row) { push(L, row); });

@@ -29,6 +29,7 @@
 #include "shell/qt/items_binding.h"
 #include "shell/qt/pdf_pane.h"
 #include "shell/qt/prop_list_pane.h"
+#include "shell/qt/rows_pane.h"
 
 namespace tess {
 
@@ -499,6 +500,8 @@ class PdfBinding : public BindingOf<PdfViewer, PdfPane> {
     shown_.search(model_.searched());
     if (!shown_.open(model_.document())) model_.tellUnreadable();
     shown_.showFinding(model_.shownFinding());
+    if (model_.wantedPage() > 0) shown_.showPage(model_.wantedPage() - 1);
+    model_.tellPageShown();
   }
 };
 
@@ -509,6 +512,16 @@ class BoltBinding : public BindingOf<BoltPreview, BoltPane> {
  protected:
   void showOwn(Property property) override {
     if (property == Property::Content) shown_.show(model_.marks());
+  }
+};
+
+class RowsBinding : public BindingOf<RowsPreview, RowsPane> {
+ public:
+  using BindingOf::BindingOf;
+
+ protected:
+  void showOwn(Property property) override {
+    if (property == Property::Content) shown_.show(model_.rows());
   }
 };
 
@@ -613,6 +626,7 @@ constexpr std::array kBindings{
     KindOfBinding{ControlKind::Slider, bound<SliderBinding, QAbstractSlider>},
     KindOfBinding{ControlKind::Picture, boundPane<PdfBinding, PdfViewer, PdfPane>},
     KindOfBinding{ControlKind::Picture, boundPane<BoltBinding, BoltPreview, BoltPane>},
+    KindOfBinding{ControlKind::Picture, boundPane<RowsBinding, RowsPreview, RowsPane>},
     KindOfBinding{ControlKind::Picture, bound<PictureBinding, QWidget>},
     KindOfBinding{ControlKind::Frame, bound<FrameBinding, QWidget>},
 };

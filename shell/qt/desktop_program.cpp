@@ -3,13 +3,19 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QGuiApplication>
+#include <QScreen>
+#include <QSysInfo>
+#include <QTimer>
 #include <iostream>
 #include <optional>
 
+#include "core/file_system.h"
 #include "core/lifecycle.h"
 #include "core/version.h"
 #include "shell/automation/reports.h"
 #include "shell/control_choice.h"
+#include "shell/help_commands.h"
 #include "shell/program_folder.h"
 #include "shell/qt/customize_dialog.h"
 #include "shell/qt/key_strokes.h"
@@ -22,6 +28,20 @@ namespace {
 constexpr int kExitFailed = 1;
 constexpr Bounds kFirstArea{0, 0, 800, 600};  // until the window has a size
 
+// The toolkit, the system, and the screens.
+std::string describeSystem() {
+  QString text = QString("Qt %1, %2\n%3, %4")
+                     .arg(qVersion(), QGuiApplication::platformName(),
+                          QSysInfo::prettyProductName(), QSysInfo::currentCpuArchitecture());
+  for (const QScreen* const screen : QGuiApplication::screens()) {
+    text += QString("\nScreen %1 x %2, %3 to 1")
+                .arg(screen->size().width())
+                .arg(screen->size().height())
+                .arg(screen->devicePixelRatio());
+  }
+  return text.toStdString();
+}
+
 PointerEvent pointerEvent(int button, int shift, float x, float y) {
   return {.Button = button, .Shift = shift, .X = x, .Y = y};
 }
@@ -29,7 +49,7 @@ PointerEvent pointerEvent(int button, int shift, float x, float y) {
 }  // namespace
 
 DesktopProgram::DesktopProgram(const std::string& appfolder, const std::string& jetReader,
-                               const std::string& userfolder)
+                               const std::string& userfolder, const HelpFiles& help)
     : appfolder_(appfolder),
       reporting_(prompts_, clock_, ErrorReporting{.folder = appfolder}),
       application_({host_,
@@ -39,7 +59,8 @@ DesktopProgram::DesktopProgram(const std::string& appfolder, const std::string& 
                     &colors_,
                     &programs_,
                     userfolder,
-                    &paper_}),
+                    &paper_,
+                    help}),
       window_({application_.interaction.tools, application_.interaction.statusBar,
                application_.interaction.forms, gateway_, surface_}),
       theme_(window_, host_, userfolder) {
@@ -51,6 +72,7 @@ DesktopProgram::DesktopProgram(const std::string& appfolder, const std::string& 
   wireSurface();
   wireWindow();
   window_.toolBars().addSubmenu("miOptions", theme_.menu());
+  wireGuide();
   // Before the window is shown and a layout read, which may have closed it.
   application_.interaction.tools.openBand("barPathProof");
 }
@@ -75,12 +97,41 @@ void DesktopProgram::finishFirstStart() {
   });
 }
 
+bool DesktopProgram::takeFile(const std::string& file) {
+  if (failed_ || gateway_.isBusy() || QApplication::activeModalWidget() != nullptr) return false;
+  QTimer::singleShot(0, &window_, [this, file] {
+    window_.setWindowState(window_.windowState() & ~Qt::WindowMinimized);
+    window_.raise();
+    window_.activateWindow();
+    // A bare name may mean one of the drawings.
+    const std::string drawings = application_.store.drawingpath;
+    gateway_.enter("frmMain.takeFile(file)", [&] {
+      drop({file, drawings + std::string(fileNameOf(file))});
+    });
+  });
+  return true;
+}
+
+// Nothing is said while there is something to take; other files beside it are passed over.
+void DesktopProgram::drop(const std::vector<std::string>& names) {
+  const bool any = droppedFile(names).has_value();
+  dropFiles(application_.session, names);
+  if (any || names.empty()) return;
+  prompts_.showMessage({.text = names.size() == 1
+                                    ? names.front() + " is neither a drawing nor a DXF file."
+                                    : "None of these files is a drawing or a DXF file.",
+                        .title = application_.session.productname,
+                        .icon = MessageIcon::Information,
+                        .buttons = MessageButtons::Ok});
+}
+
 int DesktopProgram::serve() {
   return failed_ ? kExitFailed : QApplication::exec();
 }
 
 void DesktopProgram::wirePlatform() {
   gateway_.isMetric = [this] { return application_.store.units == "M"; };
+  gateway_.onHelp = [this](const Form& form) { helpOnForm(application_, form); };
   gateway_.onEnd = [this](const std::string& line) { end(line); };
   surroundings_.onPrint = [this](const std::string& line) { window_.print(line); };
 }
@@ -102,10 +153,20 @@ void DesktopProgram::wireSurface() {
   surface_.onRelease = [this](int button, int shift, float x, float y) {
     gateway_.enter("release", [&] { application_.release(pointerEvent(button, shift, x, y)); });
   };
-  surface_.onWheel = [this](int steps, int shift) {
-    gateway_.enter("wheel", [&] { application_.wheel(steps, shift); });
+  surface_.onWheel = [this](int steps, int shift, Point at) {
+    gateway_.enter("wheel", [&] { application_.wheelAt(steps, shift, at); });
   };
+  surface_.onPan = [this](PanPhase phase, Point at) {
+    gateway_.enter("pan", [&] { pan(phase, at); });
+  };
+  surface_.wantsEachMotion = [this] {
+    return application_.interaction.context.pointer.SkipPointerUpdate;
+  };
+  surface_.sumsTurns = [this] { return application_.interaction.navigation.wheelZooms(); };
+  surface_.isBusy = [this] { return gateway_.isBusy(); };
+  surface_.onLeave = [this] { gateway_.enter("leave", [&] { application_.leave(); }); };
   surface_.onKey = [this](const QKeyEvent& key) {
+    if (window_.guideBar().position().begin(key)) return true;
     const std::optional<KeyStroke> stroke = keyStroke(key);
     if (stroke) gateway_.enter("key", [&] { application_.key(*stroke); });
     return stroke.has_value();
@@ -113,6 +174,31 @@ void DesktopProgram::wireSurface() {
   surface_.onPictureLost = [this] {
     gateway_.enter("redraw", [&] { application_.interaction.redraw.redrawscreen(); });
   };
+  surface_.onFrame = [this] {
+    gateway_.pass("redraw", [&] { application_.interaction.redraw.paintFrame(); });
+  };
+}
+
+void DesktopProgram::pan(PanPhase phase, Point at) {
+  if (phase == PanPhase::Begin) application_.beginPan(at);
+  if (phase == PanPhase::Move) application_.movePan(at);
+  if (phase == PanPhase::End) application_.endPan(at);
+}
+
+void DesktopProgram::wireGuide() {
+  GuideBar& guide = window_.guideBar();
+  guide.onPosition = [this](const std::string& text, bool rightButton) {
+    std::string trouble;
+    gateway_.enter("position", [&] {
+      trouble = application_.typePosition(text, rightButton ? kRightButton : kLeftButton);
+    });
+    return trouble;
+  };
+  guide.onLog = [this] { return application_.session.results.log(); };
+  application_.session.results.onTold = [this, &guide] {
+    guide.showResult(QString::fromStdString(application_.session.results.told().back().text));
+  };
+  pointer_.mayTakeFocus = [&guide] { return !guide.position().isWriting(); };
 }
 
 void DesktopProgram::wireWindow() {
@@ -121,9 +207,7 @@ void DesktopProgram::wireWindow() {
     gateway_.enter("unload", [this] { application_.unload(); });
     QApplication::quit();
   };
-  window_.onFilesDropped = [this](const std::vector<std::string>& paths) {
-    dropFiles(application_.session, paths);
-  };
+  window_.onFilesDropped = [this](const std::vector<std::string>& paths) { drop(paths); };
   window_.toolBars().onMenuCommand = [this] { armMenuGuard(application_.interaction.context); };
   // The command that asked for it comes to its end first.
   application_.onCloseMainWindow = [this] {
@@ -133,9 +217,11 @@ void DesktopProgram::wireWindow() {
   application_.onCaptionChanged = [this] {
     window_.setWindowTitle(QString::fromStdString(application_.caption()));
   };
-  application_.viewer.form.onCopyText = [](const std::string& text) {
+  application_.onCopyText = [](const std::string& text) {
     QApplication::clipboard()->setText(QString::fromStdString(text));
   };
+  application_.viewer.form.onCopyText = application_.onCopyText;
+  application_.onDescribeSystem = describeSystem;
   application_.onCustomize = [this] { customizeWindow(window_, gateway_); };
 }
 

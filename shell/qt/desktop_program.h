@@ -18,13 +18,16 @@ class DesktopProgram {
  public:
   // `appfolder` ends with a separator. The toolkit's application exists already.
   // `jetReader` reads Jet databases; "" for none. `userfolder` keeps what belongs to this user
-  // alone; "": nothing is kept.
+  // alone; "": nothing is kept. `help` is what the help menu shows.
   explicit DesktopProgram(const std::string& appfolder, const std::string& jetReader = {},
-                          const std::string& userfolder = {});
+                          const std::string& userfolder = {}, const HelpFiles& help = {});
 
   // Shows the main window and loads as at the program's start, with the drawing named, "" for none.
   // A first start asks for the control and the units. False when the program cannot go on.
   bool open(const std::string& drawing, bool firstStart = false);
+  // Opens a file of another start of the program as one that is dropped on the window: with the
+  // question about unsaved work, in a moment. False while a command or a dialog is under way.
+  bool takeFile(const std::string& file);
   // Serves the window until it is closed; gives the exit status of the process.
   int serve();
 
@@ -38,7 +41,10 @@ class DesktopProgram {
   void finishFirstStart();
   void wirePlatform();
   void wireSurface();
+  void pan(PanPhase phase, Point at);
   void wireWindow();
+  void drop(const std::vector<std::string>& names);
+  void wireGuide();
   void end(const std::string& line);
 
   std::string appfolder_;

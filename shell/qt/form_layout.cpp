@@ -29,6 +29,7 @@
 #include "shell/qt/file_text_pane.h"
 #include "shell/qt/pdf_pane.h"
 #include "shell/qt/prop_list_pane.h"
+#include "shell/qt/rows_pane.h"
 
 namespace tess {
 
@@ -49,10 +50,13 @@ struct OwnClass {
   QWidget* (*make)(QWidget*);
 };
 
-constexpr std::array kOwnClasses{
-    OwnClass{"QComboBox", make<DropDownBox>},     OwnClass{"PdfPane", make<PdfPane>},
-    OwnClass{"BoltPane", make<BoltPane>},         OwnClass{"FileTextPane", make<FileTextPane>},
-    OwnClass{"PropListPane", make<PropListPane>}, OwnClass{"QTabBar", make<QTabBar>}};
+constexpr std::array kOwnClasses{OwnClass{"QComboBox", make<DropDownBox>},
+                                 OwnClass{"PdfPane", make<PdfPane>},
+                                 OwnClass{"BoltPane", make<BoltPane>},
+                                 OwnClass{"RowsPane", make<RowsPane>},
+                                 OwnClass{"FileTextPane", make<FileTextPane>},
+                                 OwnClass{"PropListPane", make<PropListPane>},
+                                 OwnClass{"QTabBar", make<QTabBar>}};
 
 class Loader : public QUiLoader {
  public:

@@ -48,6 +48,10 @@ QString plainText(const Tool& tool) {
   return shown(tool.caption).trimmed().remove('&').remove("...");
 }
 
+QString hintText(const Tool& tool) {
+  return tool.hint.empty() ? plainText(tool) : shown(tool.hint);
+}
+
 }  // namespace
 
 ToolBars::ToolBars(ToolHost& host, Gateway& gateway, QMainWindow& window)
@@ -79,12 +83,12 @@ QAction* ToolBars::makeAction(const Tool& tool) {
   auto* action = new QAction(toolIcon(tool), menuText(tool), &window_);
   action->setObjectName(shown(tool.name));
   action->setIconText(plainText(tool));
-  action->setToolTip(tool.hint.empty() ? plainText(tool) : shown(tool.hint));
+  action->setToolTip(hintText(tool));
   action->setEnabled(tool.enabled);
   action->setVisible(tool.visible);
   action->setMenuRole(QAction::NoRole);
-  action->setCheckable(tool.toggles || tool.checked);
-  action->setChecked(tool.checked);
+  action->setCheckable(tool.toggles || tool.checked || tool.armed);
+  action->setChecked(tool.checked || tool.armed);
   QObject::connect(action, &QAction::triggered, &window_,
                    [this, name = tool.name] { click(name); });
   return action;
@@ -105,11 +109,13 @@ void ToolBars::menuCloses(QMenu& menu) {
   QTimer::singleShot(0, &menu, [this] { menuCloses_ = false; });
 }
 
-// Only a toggle is checkable for good, or every entry of a menu would have an empty box.
+// Only a toggle is checkable for good, or every entry of a menu would have an empty box. A tool
+// whose action is armed shows pressed like one that is checked.
 void ToolBars::showChecked(const Tool& tool) {
   QAction* action = actions_.at(tool.name);
-  action->setCheckable(tool.toggles || tool.checked);
-  action->setChecked(tool.checked);
+  const bool pressed = tool.checked || tool.armed;
+  action->setCheckable(tool.toggles || pressed);
+  action->setChecked(pressed);
 }
 
 void ToolBars::makeMenu(const Band& band) {
@@ -212,11 +218,16 @@ void ToolBars::toolChanged(const Tool& tool, ToolProperty property) {
       action->setText(menuText(tool));
       action->setIconText(plainText(tool));
       return;
+    case ToolProperty::Key:
+      action->setText(menuText(tool));
+      action->setToolTip(hintText(tool));
+      return;
     case ToolProperty::Enabled:
       return action->setEnabled(tool.enabled);
     case ToolProperty::Visible:
       return action->setVisible(tool.visible);
     case ToolProperty::Checked:
+    case ToolProperty::Armed:
       return showChecked(tool);
   }
 }

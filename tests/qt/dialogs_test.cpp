@@ -86,7 +86,7 @@ TEST_F(DialogsTest, TheReportOfAFailureClosesByEitherKey) {
 TEST_F(DialogsTest, AboutClosesByEitherKey) {
   testing::TestSession recorded;
   for (const auto& key : {enter, escape}) {
-    frmAbout about(recorded.session);
+    frmAbout about(recorded.session, "");
     whenModal([&](QWidget& dialog) { key(dialog); });
     prompts.showModal(about);
     EXPECT_FALSE(about.isShown());

@@ -56,6 +56,19 @@ TEST_F(SurfaceWidgetTest, ReportsPositionsInDrawingUnitsWithYUpward) {
             (std::vector<std::string>{"press 1 0 50 80", "move 1 0 60 70", "release 1 0 60 70"}));
 }
 
+TEST_F(SurfaceWidgetTest, AFrameComesOnceTheEventIsOver) {
+  EXPECT_FALSE(surface->drawing().requestFrame());  // nobody waits for it
+  surface->onFrame = [this] { events.emplace_back("frame"); };
+  EXPECT_FALSE(surface->drawing().requestFrame());  // and nothing is to be seen
+  surface->show();
+  EXPECT_TRUE(surface->drawing().requestFrame());
+  EXPECT_EQ(events, std::vector<std::string>{});
+  QCoreApplication::processEvents();
+  EXPECT_EQ(events, std::vector<std::string>{"frame"});
+  QCoreApplication::processEvents();
+  EXPECT_EQ(events, std::vector<std::string>{"frame"});
+}
+
 TEST_F(SurfaceWidgetTest, NumbersButtonsAndModifiers) {
   send(QEvent::MouseButtonPress, Qt::RightButton, Qt::RightButton, {0, 0}, Qt::ShiftModifier);
   send(QEvent::MouseMove, Qt::NoButton, Qt::LeftButton | Qt::RightButton, {0, 0},
@@ -110,7 +123,7 @@ TEST_F(SurfaceWidgetTest, ADragOfTwoButtonsEndsWithTheSecondOne) {
 
 TEST_F(SurfaceWidgetTest, TheWheelCountsWholeSteps) {
   std::vector<int> steps;
-  surface->onWheel = [&](int turned, int /*shift*/) { steps.push_back(turned); };
+  surface->onWheel = [&](int turned, int /*shift*/, Point /*at*/) { steps.push_back(turned); };
   const auto turn = [&](int eighths) {
     QWheelEvent event({10, 10}, {10, 10}, {}, {0, eighths}, Qt::NoButton, Qt::NoModifier,
                       Qt::NoScrollPhase, false);
