@@ -96,6 +96,7 @@
   TOOLPATH(kVerifyPocketCommand)                                           \
   TOOLPATH(kVerifyIslandCommand)                                           \
   TOOLPATH(kRoughCutPocketCommand)                                         \
+  TOOLPATH(kRoughWhatIsLeftCommand)                                        \
   TOOLPATH(kPlaceFinishPathCommand)                                        \
   TOOLPATH(kPlaceOnePathCommand)                                           \
   TOOLPATH(kAddMachineCycleCommand)                                        \

@@ -20,6 +20,8 @@ constexpr std::string_view kDrawing = "drawing";
 constexpr std::string_view kPaths = "paths";
 constexpr std::string_view kJob = "job";
 constexpr std::string_view kLoop = "loop";
+constexpr std::string_view kTab = "tab";
+constexpr std::string_view kOvercut = "overcut";
 constexpr std::string_view kEnd = "end";
 
 template <typename Value>
@@ -37,6 +39,8 @@ constexpr std::array kTurns{Words<int>{"line", 0}, Words<int>{"left", 1}, Words<
 // rectangle has four walls.
 constexpr int kMaxGroup = 327;
 constexpr std::size_t kMaxWalls = 4 * std::size_t{32767};
+// No outline has more tabs, and none more corners than walls.
+constexpr std::size_t kMaxTabs = 1000;
 
 template <typename Value, std::size_t count>
 std::string_view wordFor(const std::array<Words<Value>, count>& words, Value value) {
@@ -85,6 +89,12 @@ void appendJob(std::string& out, const PathJob& job) {
   for (const JobLoop& loop : job.loops) {
     Line(out).add(kLoop).add(wordFor(kLoops, loop.isClosed));
     for (const JobWall& wall : loop.walls) appendWall(out, wall);
+  }
+  for (const JobTab& tab : job.tabs) {
+    Line(out).add(kTab).add(tab.x0).add(tab.y0).add(tab.x1).add(tab.y1).add(tab.top);
+  }
+  for (const JobOvercut& corner : job.overcuts) {
+    Line(out).add(kOvercut).add(corner.x).add(corner.y);
   }
 }
 
@@ -187,6 +197,25 @@ JobWall readWall(FieldReader& fields, int turn, const std::string& place) {
   return wall;
 }
 
+JobTab readTab(FieldReader& fields, const std::string& place) {
+  JobTab tab;
+  tab.x0 = readNumber(fields);
+  tab.y0 = readNumber(fields);
+  tab.x1 = readNumber(fields);
+  tab.y1 = readNumber(fields);
+  tab.top = readNumber(fields);
+  if (tab.x0 == tab.x1 && tab.y0 == tab.y1) refuse(place, "a tab without width");
+  if (!(tab.top < 0)) refuse(place, "a tab that is not below Z 0");
+  return tab;
+}
+
+JobOvercut readOvercut(FieldReader& fields) {
+  JobOvercut corner;
+  corner.x = readNumber(fields);
+  corner.y = readNumber(fields);
+  return corner;
+}
+
 // The word that a line begins with tells what it is about.
 class JobReader {
  public:
@@ -212,6 +241,14 @@ class JobReader {
     } else if (turn != nullptr && hasLoop()) {
       if (++walls_ > kMaxWalls) refuse(place, "more walls than a drawing has");
       jobs_.back().loops.back().walls.push_back(readWall(fields_, *turn, place));
+    } else if (word == kTab && !jobs_.empty()) {
+      if (jobs_.back().tabs.size() == kMaxTabs) refuse(place, "more tabs than an outline has");
+      jobs_.back().tabs.push_back(readTab(fields_, place));
+    } else if (word == kOvercut && !jobs_.empty()) {
+      if (jobs_.back().overcuts.size() == kMaxWalls) {
+        refuse(place, "more corners than a drawing has");
+      }
+      jobs_.back().overcuts.push_back(readOvercut(fields_));
     } else {
       refuse(place, inQuotes(word) + " does not belong here");
     }

@@ -64,6 +64,13 @@
   SETTING(cfg_pocket_dist_from_center, float, S, "pocket distance from center", Live, Plain) \
   SETTING(cfg_auto_place_finish_path, Flag, S, "auto place finish path", Live, Plain)        \
   SETTING(cfg_true_paths, Flag, S, "true paths", Live, WhenSet)                              \
+  SETTING(cfg_holding_tabs, Flag, S, "holding tabs", Live, WhenSet)                          \
+  SETTING(cfg_tab_number, Int16, S, "tab number", Live, WhenSet)                             \
+  SETTING(cfg_tab_spacing, float, S, "tab spacing", Live, WhenSet)                           \
+  SETTING(cfg_tab_width, float, S, "tab width", Live, WhenSet)                               \
+  SETTING(cfg_tab_height, float, S, "tab height", Live, WhenSet)                             \
+  SETTING(cfg_finish_what_is_left, Flag, S, "finish what is left", Live, WhenSet)            \
+  SETTING(cfg_corner_overcut, Int16, S, "corner overcut", Live, WhenSet)                     \
   SETTING(exactgeometry, Flag, S, "exact geometry", Live, WhenSet)                           \
   SETTING(cfg_entry_kind, Int16, S, "entry kind", Live, WhenSet)                             \
   SETTING(cfg_entry_angle, float, S, "entry angle", Live, WhenSet)                           \

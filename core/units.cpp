@@ -20,6 +20,9 @@ constexpr float DrawingSettings::*kConverted[] = {&DrawingSettings::xstartpos,
                                                   &DrawingSettings::cfg_start_depth,
                                                   &DrawingSettings::cfg_z_cut_per_pass,
                                                   &DrawingSettings::cfg_min_z_finish,
+                                                  &DrawingSettings::cfg_tab_spacing,
+                                                  &DrawingSettings::cfg_tab_width,
+                                                  &DrawingSettings::cfg_tab_height,
                                                   &DrawingSettings::visualgrid,
                                                   &DrawingSettings::cursorgrid};
 

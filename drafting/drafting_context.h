@@ -117,6 +117,7 @@ struct DraftingContext : DraftingParts, KnownCommands {
   FormPreview formPreview;                 // and what a form does
   HoverLines hoverLines;                   // and a text that is being placed
   std::function<void(Point)> onFormClick;  // of the form that has the clicks in the drawing, if any
+  std::function<void(Point)> onFormDrag;   // and what it does while the left button stays down
   ChangeLog changelog;
   std::unique_ptr<ChangeHost> changeHost;
   Changes changes;

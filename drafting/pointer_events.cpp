@@ -283,6 +283,12 @@ bool isTheForms(const DraftingContext& context) {
   return context.onFormClick || context.pointer.FormTookPress;
 }
 
+void dragForForm(const DraftingContext& context, const PointerEvent& event) {
+  const auto formDrag = context.onFormDrag;
+  const bool drags = context.pointer.FormTookPress && event.Button == kLeftButton;
+  if (formDrag && drags) formDrag(at(event));
+}
+
 bool panPointerShows(const DraftingContext& context) {
   return context.tools.isChecked(kPanCommand.info.tool) &&
          context.systemPointer.MousePointer() == kCustomShape;
@@ -318,7 +324,7 @@ void picDrawing_MouseDown(DraftingContext& context, const PointerEvent& event) {
 
 void picDrawing_MouseMove(DraftingContext& context, const PointerEvent& event) {
   const Procedure here("frmMain.picDrawing_MouseMove(Button,Shift,X,Y)");
-  if (isTheForms(context)) return;
+  if (isTheForms(context)) return dragForForm(context, event);
   if (event.Button != 0 && event.Shift == 0) {
     context.gridSnapTimer->start();
   } else {

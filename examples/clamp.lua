@@ -1,6 +1,7 @@
 -- A strap clamp of 3/8 inch plate: a stepped slot cleared with a 3/16 end mill, the outline and two
--- chamfered corners cut round with a 3/8 end mill. Two tools, one program. Writes the drawing
--- clamp.cdm, the program clamp.CNC and the picture clamp.png beside itself:
+-- chamfered corners cut round with a 3/8 end mill. Four tabs hold the clamp in the plate until they
+-- are sawn through. Two tools, one program. Writes the drawing clamp.cdm, the program clamp.CNC and
+-- the picture clamp.png beside itself:
 --
 --     ./run --run examples/clamp.lua
 --     ./run --run examples/clamp.lua LENGTH WIDTH SLOT       (inches; SLOT is the slot's width)
@@ -97,6 +98,11 @@ change(outlineMill, left - margin / 2, middle)
 setting["lead in arc"] = true
 setting["z cut per pass"] = 0.08
 setting["roughing feedrate"], setting["finishing feedrate"] = 14, 11
+setting["holding tabs"] = true
+on_form("frmHoldingTabs", function(dialog)
+  dialog.txtTabNumber.text, dialog.txtTabWidth.text, dialog.txtTabHeight.text = 4, 0.15, 0.08
+  dialog.cmdOK:click()
+end)
 finish(2, { left, top }, { left, middle }, { left - 1, middle })
 
 -- Up and away, so that the part can be taken off.

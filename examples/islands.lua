@@ -1,4 +1,5 @@
--- A pocket with three islands, cleared in each of the three styles and finished along every wall.
+-- A pocket with three islands, cleared in each of the three styles by a 1/2 end mill; a 1/8 end mill
+-- takes what that has left between two of the islands, and finishes along every wall.
 -- Writes for each style the drawing islands_STYLE.cdm, the program islands_STYLE.CNC and the
 -- picture islands_STYLE.png beside itself:
 --
@@ -11,7 +12,7 @@ local here = arg[0]:match("^(.*[/\\])") or "./"
 local only = arg[1]
 
 local styles = { { "horizontal", 1 }, { "vertical", 2 }, { "spiral", 3 } }
-local endMill = 4 -- 1/8 inch, in the setup mill_inch
+local roughMill, endMill = 7, 4 -- 1/2 and 1/8 inch, in the setup mill_inch
 local retract = 0.25
 
 local function select(...)
@@ -65,6 +66,13 @@ local function finish(wall)
   click(table.unpack(wall.free))
 end
 
+-- A rapid row first: after a tool change the machine would go down at rapid speed.
+local function change(number)
+  store.selectedtool = number - 1
+  add_path { type = 0, x0 = 3, y0 = 0, x1 = 3, y1 = 0, z = retract,
+    code = 100 * call.nextPathGroup() + number - 1 }
+end
+
 local function job(style, number)
   tool("miNew")
   store.cursorgridf = 0
@@ -79,7 +87,6 @@ local function job(style, number)
   setting["pocketing style"] = number
   setting["tool spacing"] = 60
   view { 0, 0, 6, 4 }
-  store.selectedtool = endMill - 1
   draw()
 
   tool("miSelectContiguous")
@@ -93,10 +100,11 @@ local function job(style, number)
     tool("miVerify/AcceptIsland")
   end
 
-  -- A rapid row first: after a tool change the machine would go down at rapid speed.
-  add_path { type = 0, x0 = 3, y0 = 0, x1 = 3, y1 = 0, z = retract, code = 100 + endMill - 1 }
+  change(roughMill)
   tool("miRoughCutPocket")
   if number == 3 then click(3, 0.5) end -- the spiral asks where to start
+  change(endMill)
+  tool("miRoughWhatIsLeft")
   for _, wall in ipairs(walls) do finish(wall) end
   add_path { type = 0, x0 = 0, y0 = 0, x1 = 0, y1 = 0, z = retract,
     code = store.pscode[store.NumPathSegments] }

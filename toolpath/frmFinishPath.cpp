@@ -29,6 +29,8 @@ frmFinishPath::frmFinishPath(CamContext& cam)
   FraStepOver.setCaption(" Step Over Amount ");
   chkGougeAvoidance.setCaption("Apply Gouge Avoidance");
   chkConnectPocketPaths.setCaption("Connect Pocket Paths");
+  chkWhatIsLeft.setCaption("Only What Is Left");
+  chkHoldingTabs.setCaption("Holding Tabs round a Part");
   cmdOK.setCaption("&OK");
   cmdCancel.setCaption("&Cancel");
   setDefaultButton(cmdOK);
@@ -50,6 +52,12 @@ void frmFinishPath::fill() {
   stepOver_.load();
   chkGougeAvoidance.setChecked(store.cfg_gouge_avoidance);
   chkConnectPocketPaths.setChecked(store.cfg_connect_pocketing_paths);
+  chkWhatIsLeft.setChecked(store.cfg_finish_what_is_left);
+  chkHoldingTabs.setChecked(store.cfg_holding_tabs);
+  // Only the true rules know on which side of a wall a path runs.
+  const bool knowsWalls = store.cfg_true_paths && cam_.PlaceChain != 0;
+  chkWhatIsLeft.setEnabled(knowsWalls);
+  chkHoldingTabs.setEnabled(knowsWalls);
   entry_.load();
   entry_.setEnabled(store.cfg_true_paths);
   txtNumPasses.setText("1");
@@ -76,6 +84,8 @@ void frmFinishPath::takeOver() {
   store.cfg_min_rough_clearance = clearance;
   store.cfg_gouge_avoidance = chkGougeAvoidance.isChecked();
   store.cfg_connect_pocketing_paths = chkConnectPocketPaths.isChecked();
+  store.cfg_finish_what_is_left = chkWhatIsLeft.isChecked();
+  store.cfg_holding_tabs = chkHoldingTabs.isChecked();
 }
 
 }  // namespace tess

@@ -22,6 +22,8 @@ class frmFinishPath : public Form {
   TextBox txtToolSpacingDistance{*this, "txtToolSpacingDistance", FraStepOver};
   CheckBox chkGougeAvoidance{*this, "chkGougeAvoidance"};
   CheckBox chkConnectPocketPaths{*this, "chkConnectPocketPaths"};
+  CheckBox chkWhatIsLeft{*this, "chkWhatIsLeft"};
+  CheckBox chkHoldingTabs{*this, "chkHoldingTabs"};
   Frame fraEntry{*this, "fraEntry"};
   ControlArray<Option> optEntry{*this, "optEntry", {0, 1, 2, 3, 4}, fraEntry};
   Label lblEntryAngle{*this, "lblEntryAngle", fraEntry};

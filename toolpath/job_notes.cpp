@@ -35,7 +35,8 @@ std::vector<JobLoop> jobLoops(const JobWalls& walls) {
   return loops;
 }
 
-void noteJob(CamContext& cam, JobKind kind, double distance, const JobWalls& walls) {
+void noteJob(CamContext& cam, JobKind kind, double distance, const JobWalls& walls,
+             const JobIntents& intents) {
   const DrawingStore& store = cam.store;
   const bool needsWalls = kind != JobKind::OnTheLine && kind != JobKind::None;
   if (needsWalls && walls.loops.empty()) return;
@@ -47,7 +48,9 @@ void noteJob(CamContext& cam, JobKind kind, double distance, const JobWalls& wal
               .toolRadius = turns ? 0 : static_cast<double>(store.toolradius[store.selectedtool]),
               .distance = distance,
               .isUnbounded = walls.isUnbounded,
-              .loops = jobLoops(walls)});
+              .loops = jobLoops(walls),
+              .tabs = intents.tabs,
+              .overcuts = intents.overcuts});
 }
 
 }  // namespace tess

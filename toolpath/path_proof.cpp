@@ -13,6 +13,7 @@
 #include "toolpath/region_offset.h"
 #include "toolpath/row_depth.h"
 #include "toolpath/row_shapes.h"
+#include "toolpath/swept_floor.h"
 
 namespace tess {
 namespace {
@@ -27,11 +28,6 @@ constexpr double kWallsNearer = 0.00002;
 
 bool isCycle(const DrawingStore& store, int ps) {
   return store.pstype[ps] >= kFirstCycle;
-}
-
-bool isFeedRow(const DrawingStore& store, int ps) {
-  const int type = store.pstype[ps];
-  return (type == kLine || isArc(type)) && store.psz[ps] != kLatheRapidZ;
 }
 
 // Rows of a group, all against the same walls.
@@ -82,41 +78,22 @@ class GroupDepth {
 
 // ---- What is left
 
-float floorOf(const DrawingStore& store, const ProofGroup& group) {
-  float floor = 0;
-  for (const int ps : group.rows) {
-    if (isFeedRow(store, ps)) floor = std::min(floor, store.psz[ps]);
-  }
-  return floor;
-}
-
-// What all rows sweep that go down to a floor, whatever group and tool they are of.
-std::vector<SweptCurve> sweptAt(const DrawingStore& store, const std::vector<ProofGroup>& groups,
-                                float floor) {
-  constexpr float kSameDepth = 1e-6F;
-  RowShapes shapes;
-  std::vector<SweptCurve> swept;
-  for (const ProofGroup& group : groups) {
-    if (group.kind == JobKind::Lathe) continue;
-    for (const int ps : group.rows) {
-      if (store.psz[ps] > floor + kSameDepth || !shapes.add(store, ps)) continue;
-      const double radius = radiusOfRow(store, ps, group);
-      for (const Curve& curve : feedCurves(store, ps, group.kind)) {
-        swept.push_back({curve, radius});
-      }
-    }
-  }
-  return swept;
-}
-
 MissedFinding missedBy(const DrawingStore& store, const std::vector<ProofGroup>& groups,
                        const ProofGroup& job, const Breathing& breathing) {
-  const std::vector<SweptCurve> swept = sweptAt(store, groups, floorOf(store, job));
+  const float floor = floorOf(store, job);
+  std::vector<SweptCurve> swept = sweptAt(store, groups, floor);
   const auto missedAt = [&](double distance) {
     const RegionOffset centers = offsetRegion(job.region, distance + kWallsNearer, breathing);
     return missedArea(centers.region, job.toolRadius, swept, breathing);
   };
-  MissedFinding found{.group = job.group, .atClearance = missedAt(job.distance), .atWall = {}};
+  MissedFinding found{.group = job.group, .atClearance = {}, .atWall = {}};
+  const std::vector<SweptCurve> byTabs = leftByTabsAt(store, groups, floor);
+  if (!byTabs.empty()) {
+    const double withTabs = missedAt(job.toolRadius).area;
+    swept.insert(swept.end(), byTabs.begin(), byTabs.end());
+    found.leftByTabs = std::max(0.0, withTabs - missedAt(job.toolRadius).area);
+  }
+  found.atClearance = missedAt(job.distance);
   found.atWall = job.distance > job.toolRadius ? missedAt(job.toolRadius) : found.atClearance;
   return found;
 }
@@ -156,6 +133,7 @@ PathProof provePaths(const DrawingStore& store, const PathJobs& jobs, const Proo
     if (group.isClosed) addStripsInPart(group.region, depth.tooDeep(), proof.tooDeep, breathing);
     if (clears(group)) proof.missed.push_back(missedBy(store, groups, group, breathing));
   }
+  proof.tabs = findTabs(store, groups);
   const std::vector<ToldMove> moves = toldMoves(hasLathe(groups) ? motions.lathe : motions.mill);
   proof.rapids = findRapids(store, groups, moves, proof.unjudged, breathing);
   proof.plunges = findPlunges(store, groups, moves, proof.unjudged, breathing);

@@ -13,6 +13,7 @@
 #include "core/path_jobs.h"
 #include "toolpath/engagement.h"
 #include "toolpath/missed_area.h"
+#include "toolpath/tab_findings.h"
 
 namespace tess {
 
@@ -30,6 +31,7 @@ struct MissedFinding {
   int group = 0;
   MissedArea atClearance;  // of what can be reached at the job's distance from the walls
   MissedArea atWall;       // of what its tool can reach at all
+  double leftByTabs = 0;   // an area, no part of what is missed
 };
 
 struct RapidFinding {
@@ -66,6 +68,7 @@ struct PathProof {
   GougeFinding gouge;  // the deepest
   std::vector<MissedFinding> missed;
   std::vector<RapidFinding> rapids;
+  std::vector<TabFinding> tabs;  // left on purpose
   std::vector<PlungeFinding> plunges;
   bool forbidsPlunges = false;  // the setup asks for entries
   std::vector<JudgedJob> jobs;

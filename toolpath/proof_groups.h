@@ -25,6 +25,9 @@ struct ProofGroup {
   bool isClosed = true;
   double toolRadius = 0;  // this and the distance as the job has them; 0 by the rows
   double distance = 0;
+  // What its job says was meant; where the rows do otherwise that counts for nothing.
+  std::vector<JobTab> tabs;
+  std::vector<JobOvercut> overcuts;
   std::vector<int> rows;  // of the group, ascending
 
   bool hasWalls() const { return !region.isEmpty(); }

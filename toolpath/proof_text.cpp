@@ -103,9 +103,19 @@ void appendJobs(std::string& text, const PathProof& proof) {
       if (missed.group != job.group) continue;
       line += "; left " + percentText(missed.atClearance.share()) + " at its clearance, " +
               percentText(missed.atWall.share()) + " at the wall";
+      if (missed.leftByTabs > 0) line += ", area " + lengthText(missed.leftByTabs) + " by tabs";
     }
     appendLine(text, line);
   }
+}
+
+std::string tabText(const TabFinding& tab) {
+  const std::string text = groupText(tab.group) + ": left by tabs " + lengthText(tab.width) +
+                           " wide, " + lengthText(tab.height) + " high at " +
+                           placeText(tab.x, tab.y);
+  if (tab.standsAsAsked()) return text;
+  return text + ", meant to be " + lengthText(tab.askedWidth) + " wide, " +
+         lengthText(tab.askedHeight) + " high";
 }
 
 void appendMissed(std::string& text, const MissedFinding& missed) {
@@ -191,6 +201,7 @@ std::string proofText(const PathProof& proof) {
     if (missed.atClearance.share() > kNear * proof.limits.share) appendMissed(text, missed);
   }
   for (const RapidFinding& rapid : proof.rapids) appendLine(text, rapidText(rapid));
+  for (const TabFinding& tab : proof.tabs) appendLine(text, tabText(tab));
   for (const PlungeFinding& plunge : forbiddenPlunges(proof)) {
     appendLine(text, plungeText(plunge));
   }

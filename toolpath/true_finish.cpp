@@ -4,7 +4,9 @@
 #include <algorithm>
 #include <cmath>
 #include <memory>
+#include <numeric>
 #include <optional>
+#include <span>
 #include <vector>
 
 #include "core/drawing_store.h"
@@ -17,6 +19,7 @@
 #include "toolpath/connected_rows.h"
 #include "toolpath/element_offset.h"
 #include "toolpath/entry_moves.h"
+#include "toolpath/frmHoldingTabs.h"
 #include "toolpath/job_walls.h"
 #include "toolpath/lead_gouge.h"
 #include "toolpath/path_groups.h"
@@ -25,6 +28,7 @@
 #include "toolpath/path_proof.h"
 #include "toolpath/region_offset.h"
 #include "toolpath/region_rows.h"
+#include "toolpath/rest_region.h"
 #include "toolpath/true_leads.h"
 #include "toolpath/true_links.h"
 #include "toolpath/true_pocket.h"
@@ -120,18 +124,22 @@ class FinishField {
   virtual ~FinishField() = default;
   virtual std::vector<FinishWay> waysAt(double distance, const Breathing& breathing) const = 0;
   virtual bool isClear(const Curve& curve, double distance) const = 0;
+  // Its ways run round a part, which they would cut free.
+  virtual bool runsRoundPart() const = 0;
 };
 
 // ---- Closed chains
 
 class ClosedField : public FinishField {
  public:
-  ClosedField(PocketRegion region, std::vector<int> rowsOfWalls, const Chain& chain, Point start)
+  ClosedField(PocketRegion region, std::vector<int> rowsOfWalls, const Chain& chain, Point start,
+              bool outside)
       : region_(std::move(region)),
         rowOfSource_(std::move(rowsOfWalls)),
         chain_(chain),
         chainRows_(chain.rows),
-        start_(placeOf(start)) {
+        start_(placeOf(start)),
+        outside_(outside) {
     std::sort(chainRows_.begin(), chainRows_.end());
   }
 
@@ -154,6 +162,8 @@ class ClosedField : public FinishField {
   bool isClear(const Curve& curve, double distance) const override {
     return region_.isClear(curve, distance);
   }
+
+  bool runsRoundPart() const override { return outside_; }
 
  private:
   int rowOf(int wall) const {
@@ -208,6 +218,7 @@ class ClosedField : public FinishField {
   const Chain& chain_;
   std::vector<int> chainRows_;  // ascending
   PlanePoint start_;
+  bool outside_;
 };
 
 // ---- Open chains
@@ -248,6 +259,8 @@ class OpenField : public FinishField {
     const auto nearest = index_.nearest(curve, distance);
     return !nearest || nearest->gap.distance >= distance;
   }
+
+  bool runsRoundPart() const override { return false; }
 
  private:
   static bool isLeftOf(const Curve& wall, PlanePoint at) {
@@ -299,28 +312,68 @@ void beginInMiddle(std::vector<Curve>& curves) {
   curves.push_back(partOf(first, 0, 0.5));
 }
 
+// Curves without a gap. What is not judged keeps the tool's radius from the walls, or what the
+// operator has decided.
+struct PassStretch {
+  std::vector<Curve> curves;
+  bool isJudged = true;
+};
+
+// What one pass cuts.
+struct PassPath {
+  double distance = 0;
+  std::vector<PassStretch> stretches;
+  std::size_t round = 0;  // the longest way among the stretches; their number for none
+  double leads = 0;       // how long its leads are
+  bool freeLeft = true;
+  bool isWhole = false;  // that way is closed
+};
+
 class PassMaker {
  public:
-  PassMaker(CamContext& cam, const FinishField& field, const Breathing& breathing)
+  // Of what was `taken` before nothing is cut again.
+  PassMaker(CamContext& cam, const FinishField& field, std::vector<SweptCurve> taken,
+            const Breathing& breathing)
       : cam_(cam),
         field_(field),
+        taken_(std::move(taken)),
         breathing_(breathing),
         radius_(cam.store.toolradius[cam.store.selectedtool]) {}
 
-  // The rows of one pass; a gap to the pass before is linked where that is possible.
-  std::vector<Entity> rowsAt(double distance, bool links) {
-    RegionRows rows([this, distance](const Curve& curve) {
+  // A gap to the pass before is linked where that is possible.
+  PassPath pathAt(double distance, bool links) {
+    PassPath path;
+    path.distance = distance;
+    double longest = 0;
+    for (FinishWay& way : waysLeftAt(distance)) {
+      const auto leads = leadsOf(way);
+      if (links) linkTo(leads ? leads->in.start : way.curves.front().start, path);
+      if (leads) path.stretches.push_back({{leads->in}, false});
+      if (const double length = lengthOfAll(way.curves); length > longest) {
+        longest = length;
+        path.round = path.stretches.size();
+        path.leads = leads ? leadLength_ : 0;
+        path.freeLeft = way.freeLeft;
+        path.isWhole = way.closed;
+      }
+      path.stretches.push_back({std::move(way.curves), true});
+      if (leads) path.stretches.push_back({{leads->out}, false});
+      end_ = path.stretches.back().curves.back().end;
+    }
+    return path;
+  }
+
+  // A curve that comes too near to a wall is left out.
+  std::vector<Entity> rowsOf(const PassPath& path) {
+    bool isJudged = true;
+    RegionRows rows([&](const Curve& curve) {
       breathe(breathing_);
-      return noJudgement_ || field_.isClear(curve, distance - kPlacedSlack);
+      return !isJudged || field_.isClear(curve, path.distance - kPlacedSlack);
     });
     rows.setRoundingLimit(proofLimits(cam_.store).depth);
-    for (FinishWay& way : field_.waysAt(distance, breathing_)) {
-      const auto leads = leadsOf(way);
-      if (links) linkTo(leads ? leads->in.start : way.curves.front().start, rows);
-      if (leads) addFreely(leads->in, rows);
-      rows.add(way.curves);
-      if (leads) addFreely(leads->out, rows);
-      end_ = leads ? leads->out.end : way.curves.back().end;
+    for (const PassStretch& stretch : path.stretches) {
+      isJudged = stretch.isJudged;
+      rows.add(stretch.curves);
     }
     refused_ |= rows.refused();
     return rows.rows();
@@ -329,19 +382,34 @@ class PassMaker {
   bool refused() const { return refused_; }
 
  private:
-  bool leadIsClear(const Curve& lead) const { return field_.isClear(lead, radius_ - kPlacedSlack); }
-
-  // Leads and links keep the tool's radius from the walls, or what the operator has decided.
-  void addFreely(const Curve& curve, RegionRows& rows) {
-    noJudgement_ = true;
-    rows.add({curve});
-    noJudgement_ = false;
+  std::vector<FinishWay> waysLeftAt(double distance) const {
+    std::vector<FinishWay> ways = field_.waysAt(distance, breathing_);
+    if (taken_.empty()) return ways;
+    std::vector<Curve> all;
+    for (const FinishWay& way : ways) all.insert(all.end(), way.curves.begin(), way.curves.end());
+    const RestPlaces rest = restOfWays(all, radius_, taken_, breathing_);
+    constexpr double kWhole = 1e-6;
+    std::vector<FinishWay> left;
+    for (const FinishWay& way : ways) {
+      for (std::vector<Curve>& part : rest.partsOf(way.curves)) {
+        const bool isWhole = lengthOfAll(part) > lengthOfAll(way.curves) - kWhole;
+        left.push_back({std::move(part), way.closed && isWhole, way.freeLeft});
+      }
+    }
+    return left;
   }
 
-  void linkTo(PlanePoint start, RegionRows& rows) {
+  static double lengthOfAll(const std::vector<Curve>& curves) {
+    return std::accumulate(curves.begin(), curves.end(), 0.0,
+                           [](double sum, const Curve& curve) { return sum + lengthOf(curve); });
+  }
+
+  bool leadIsClear(const Curve& lead) const { return field_.isClear(lead, radius_ - kPlacedSlack); }
+
+  void linkTo(PlanePoint start, PassPath& path) {
     if (!end_) return;
     const Curve link = lineCurve(*end_, start);
-    if (leadIsClear(link)) addFreely(link, rows);
+    if (leadIsClear(link)) path.stretches.push_back({{link}, false});
   }
 
   std::optional<LeadPair> leadsOf(FinishWay& way) {
@@ -354,6 +422,7 @@ class PassMaker {
                                           [this](const Curve& lead) { return leadIsClear(lead); });
     if (length < kShortestLead * radius_) return {};
     if (length < shape->length && agreesToLead(length)) shape->length = length;
+    leadLength_ = shape->length;
     return leadsAt(first, last, way.freeLeft, *shape);
   }
 
@@ -365,11 +434,32 @@ class PassMaker {
 
   CamContext& cam_;
   const FinishField& field_;
+  const std::vector<SweptCurve> taken_;
   const Breathing& breathing_;
   double radius_;
+  double leadLength_ = 0;  // of the leads last made
   std::optional<PlanePoint> end_;
-  bool noJudgement_ = false;
   bool refused_ = false;
+};
+
+// ---- Tabs
+
+// A ramp into the material takes the first rows up to the width of the tool.
+TabPass tabPassOf(const PassPath& path, const DrawingStore& store) {
+  constexpr double kRampRoom = 4;  // radii
+  const double radius = store.toolradius[store.selectedtool];
+  const double leads = path.leads > 0 ? path.leads + radius : 0;
+  return {.way = path.stretches[path.round].curves,
+          .distance = path.distance,
+          .toolRadius = radius,
+          .startRoom = std::max(leads, wantsEntries(store) ? kRampRoom * radius : 0),
+          .freeLeft = path.freeLeft};
+}
+
+// What the operator has decided about the tabs of a pass.
+struct PassTabs {
+  std::vector<RaisedRange> raised;
+  std::vector<JobTab> tabs;
 };
 
 // ---- The field of a chain
@@ -420,11 +510,13 @@ std::unique_ptr<FinishField> fieldOf(CamContext& cam, const Chain& chain,
     OutlineRegion all = regionOf(segmentEntities(store, rows), tolerence);
     if (!outlineIsSound(cam, kCommand, all)) return nullptr;
     if (isFreeInside(all.region, rows, chain) == inside) {
-      return std::make_unique<ClosedField>(std::move(all.region), rows, chain, request.start);
+      return std::make_unique<ClosedField>(std::move(all.region), rows, chain, request.start,
+                                           !inside);
     }
   }
-  if (!inside) alone = regionOf(segmentEntities(store, own), tolerence, /*outside=*/true);
-  return std::make_unique<ClosedField>(std::move(alone.region), own, chain, request.start);
+  if (!inside) alone = regionOf(segmentEntities(store, chain.rows), tolerence, /*outside=*/true);
+  return std::make_unique<ClosedField>(std::move(alone.region), chain.rows, chain, request.start,
+                                       !inside);
 }
 
 bool pathIsPossible(CamContext& cam, const FinishField& field, const Breathing& breathing) {
@@ -442,45 +534,144 @@ bool pathIsPossible(CamContext& cam, const FinishField& field, const Breathing& 
 
 // ---- The passes
 
-// The rows of a pass at its distance from the outline, at all levels, with their ways in.
 struct FinishPass {
-  float distance = 0;
-  std::vector<LevelRows> levels;
+  PassPath path;
+  std::vector<Entity> rows;  // of it, where nothing raises it
+  PassTabs tabs;
+  std::vector<LevelRows> levels;  // at all levels, with their ways in
 };
 
 // All that a command is going to place; nothing of it stands in the drawing before it is complete.
 struct FinishPlan {
+  std::unique_ptr<Chain> chain;
+  std::unique_ptr<FinishField> field;
   std::vector<FinishPass> passes;    // in the order in which they are cut
   bool failed = false;               // a part of the path could not be placed
   std::vector<std::string> entries;  // what is to be told about these
 };
 
-// Nothing after a message.
+// The ways of all passes. Nothing after a message.
 std::optional<FinishPlan> planPasses(CamContext& cam, const TrueFinishRequest& request,
                                      const std::vector<PathLevel>& levels,
                                      const Breathing& breathing) {
-  const Chain chain = chainFrom(cam.store, request.sg, request.start);
-  const auto field = fieldOf(cam, chain, request);
-  if (!field || !pathIsPossible(cam, *field, breathing)) return std::nullopt;
+  FinishPlan plan;
+  plan.chain = std::make_unique<Chain>(chainFrom(cam.store, request.sg, request.start));
+  plan.field = fieldOf(cam, *plan.chain, request);
+  if (!plan.field || !pathIsPossible(cam, *plan.field, breathing)) return std::nullopt;
   const bool links = cam.store.cfg_connect_pocketing_paths && levels.size() == 1;
-  PassMaker maker(cam, *field, breathing);
-  const auto isClear = [&field](const Curve& curve, double distance) {
-    return field->isClear(curve, distance);
+  std::vector<SweptCurve> taken;
+  if (cam.store.cfg_finish_what_is_left) taken = cutBefore(cam, levels.back().z, breathing);
+  const bool isLarger = isLargerThanAll(cam.store.toolradius[cam.store.selectedtool], taken);
+  PassMaker maker(cam, *plan.field, std::move(taken), breathing);
+  bool isEmpty = true;
+  for (int pass = request.passes; pass >= 1; --pass) {
+    // A clearance below 0 would cut into the part.
+    const float distance = std::max(passDistance(cam.store, pass), passDistance(cam.store, 1));
+    PassPath path = maker.pathAt(distance, links);
+    std::vector<Entity> rows = maker.rowsOf(path);
+    isEmpty = isEmpty && path.stretches.empty();
+    plan.passes.push_back({std::move(path), std::move(rows), {}, {}});
+  }
+  plan.failed = maker.refused();
+  if (isEmpty) {
+    tellNothingLeft(cam, kCommand, isLarger);
+    return std::nullopt;
+  }
+  return plan;
+}
+
+// Upright, unless paths come into the material by other ways than plunges.
+TabRamp rampOf(const DrawingStore& store) {
+  constexpr double kWithin = 0.999;  // of the step, whatever 32 bits make of it
+  if (!wantsEntries(store)) return {};
+  constexpr double kUsualAngle = 3;
+  const double angle = store.cfg_entry_angle > 0 ? double{store.cfg_entry_angle} : kUsualAngle;
+  return {.angle = angle, .step = kWithin * entryStep(store)};
+}
+
+// For each of the passes; nothing when the operator wants no path after all.
+std::optional<std::vector<PassTabs>> chooseTabs(CamContext& cam, const FinishPlan& plan,
+                                                float floor) {
+  const DrawingStore& store = cam.store;
+  std::vector<TabPass> ways;
+  std::vector<std::size_t> passOfWay;
+  for (std::size_t pass = 0; pass < plan.passes.size(); ++pass) {
+    const PassPath& path = plan.passes[pass].path;
+    if (!path.isWhole) continue;
+    ways.push_back(tabPassOf(path, store));
+    passOfWay.push_back(pass);
+  }
+  frmHoldingTabs form(cam, std::move(ways), floor);
+  const int busy = cam.context.systemPointer.MousePointer();
+  cam.context.systemPointer.setMousePointer(kDefaultShape);
+  cam.context.session.host.prompts.showModal(form);
+  cam.context.systemPointer.setMousePointer(busy);
+  if (!form.accepted()) return std::nullopt;
+  std::vector<PassTabs> chosen(plan.passes.size());
+  for (std::size_t way = 0; way < passOfWay.size(); ++way) {
+    PassTabs& pass = chosen[passOfWay[way]];
+    pass.raised = form.plan().ranges(way, floor, form.top(), rampOf(store));
+    for (const TabPlan::Bridge& bridge : form.plan().bridges(way)) {
+      pass.tabs.push_back({bridge.from.x, bridge.from.y, bridge.to.x, bridge.to.y, form.top()});
+    }
+  }
+  return chosen;
+}
+
+// The rows of a pass whose curves have been tested, raised by these ranges of the way round.
+LevelRows raisedRows(const PassPath& path, const PathLevel& level,
+                     std::span<const RaisedRange> raised) {
+  RegionRows rows([](const Curve&) { return true; });
+  LevelRows placed;
+  const auto add = [&](const std::vector<Curve>& curves, double height) {
+    const std::size_t before = rows.rows().size();
+    rows.add(curves);
+    for (std::size_t k = before; k < rows.rows().size(); ++k) {
+      placed.push_back(pathRowOf(rows.rows()[k], narrow(height), level.feed));
+    }
+  };
+  for (std::size_t k = 0; k < path.stretches.size(); ++k) {
+    const PassStretch& stretch = path.stretches[k];
+    if (k != path.round) {
+      add(stretch.curves, level.z);
+      continue;
+    }
+    for (const RaisedRun& run : raisedRuns(WayByLength(stretch.curves), raised, level.z)) {
+      add(run.curves, run.z);
+    }
+  }
+  return placed;
+}
+
+// At each of the levels; one above all tabs has the rows as they are.
+std::vector<LevelRows> rowsOfPass(const FinishPass& pass, const std::vector<PathLevel>& levels) {
+  std::vector<LevelRows> rows = rowsAtLevels(pass.rows, levels);
+  const std::vector<RaisedRange>& raised = pass.tabs.raised;
+  for (std::size_t level = 0; level < levels.size(); ++level) {
+    const float z = levels[level].z;
+    const bool rises = std::any_of(raised.begin(), raised.end(),
+                                   [z](const RaisedRange& range) { return range.top > z; });
+    if (rises) rows[level] = raisedRows(pass.path, levels[level], raised);
+  }
+  return rows;
+}
+
+// False after a message.
+bool enterPasses(CamContext& cam, const std::vector<PathLevel>& levels, const Breathing& breathing,
+                 FinishPlan& plan) {
+  const auto isClear = [&plan](const Curve& curve, double distance) {
+    return plan.field->isClear(curve, distance);
   };
   EntryPlanner entries(cam, kCommand, {isClear, passDistance(cam.store, 1), nullptr},
                        pathInsertIndex(cam.store, cam.pathInsertMode, cam.pathInsertGroup),
                        breathing);
-  FinishPlan plan;
-  for (int pass = request.passes; pass >= 1; --pass) {
-    // A clearance below 0 would cut into the part.
-    const float distance = std::max(passDistance(cam.store, pass), passDistance(cam.store, 1));
-    auto entered = entries.entered(rowsAtLevels(maker.rowsAt(distance, links), levels));
-    if (!entered) return std::nullopt;
-    plan.passes.push_back({distance, std::move(*entered)});
+  for (FinishPass& pass : plan.passes) {
+    auto entered = entries.entered(rowsOfPass(pass, levels));
+    if (!entered) return false;
+    pass.levels = std::move(*entered);
   }
   plan.entries = entries.notes();
-  plan.failed = maker.refused();
-  return plan;
+  return true;
 }
 
 void placePasses(CamContext& cam, FinishPlan& plan, const JobWalls& walls) {
@@ -490,7 +681,7 @@ void placePasses(CamContext& cam, FinishPlan& plan, const JobWalls& walls) {
     store.currentpathgroup = nextPathGroup(store);
     const int index = pathInsertIndex(store, cam.pathInsertMode, cam.pathInsertGroup);
     placeLevels(cam, change, index, std::move(pass.levels));
-    noteJob(cam, JobKind::Contour, pass.distance, walls);
+    noteJob(cam, JobKind::Contour, pass.path.distance, walls, {.tabs = pass.tabs.tabs});
   }
   change.keep({.redraws = false});
 }
@@ -519,6 +710,18 @@ void placeTrueFinish(CamContext& cam, const TrueFinishRequest& request) {
     plan = planPasses(cam, begun, levels, breathing);
   });
   if (!done || !plan) return;
+  if (store.cfg_holding_tabs && plan->field->runsRoundPart() && plan->passes.back().path.isWhole) {
+    // Of what is no whole path it is not known that tabs hold.
+    if (plan->failed) return tellWhatFailed(cam, kCommand, true);
+    auto chosen = chooseTabs(cam, *plan, levels.back().z);
+    if (!chosen) return;
+    for (std::size_t k = 0; k < chosen->size(); ++k) plan->passes[k].tabs = std::move((*chosen)[k]);
+  }
+  bool entered = false;
+  const bool complete = unlessCancelled(cam, kStage, [&](const Breathing& breathing) {
+    entered = enterPasses(cam, levels, breathing, *plan);
+  });
+  if (!complete || !entered) return;
   placePasses(cam, *plan, wallsBeside(store, request.sg, request.reference));
   cam.context.state.setPendingaction(0);
   showPlacedPaths(cam);

@@ -21,6 +21,7 @@
 #include "toolpath/path_placement.h"
 #include "toolpath/path_proof.h"
 #include "toolpath/region_rows.h"
+#include "toolpath/rest_region.h"
 #include "toolpath/scan_lathe.h"
 #include "toolpath/true_lines.h"
 #include "toolpath/true_rings.h"
@@ -58,6 +59,8 @@ bool isTurning(const DrawingStore& store) {
 struct JobMeasures {
   double radius = 0, distance = 0, step = 0;
   double rounding = 0;  // the most by which rows may be off
+  const char* command = kCommand;
+  bool onlyRest = false;  // what rows of before have left
 };
 
 // A clearance below 0 would cut into the part.
@@ -65,16 +68,19 @@ JobMeasures measuresOf(const DrawingStore& store) {
   const bool turning = isTurning(store);
   const double clearance = std::max(0.0F, float{store.cfg_min_rough_clearance});
   const double radius = turning ? 0.0 : double{store.toolradius[store.selectedtool]};
-  return {radius, radius + clearance, stepOverDistance(store, turning), proofLimits(store).depth};
+  return {.radius = radius,
+          .distance = radius + clearance,
+          .step = stepOverDistance(store, turning),
+          .rounding = proofLimits(store).depth};
 }
 
 bool measuresAreSound(CamContext& cam, const JobMeasures& job) {
   if (!isTurning(cam.store) && !(job.radius > 0)) {
-    tellRadius(cam, kCommand, static_cast<float>(job.radius));
+    tellRadius(cam, job.command, static_cast<float>(job.radius));
     return false;
   }
   if (job.step > 0) return true;
-  tell(cam, kCommand,
+  tell(cam, job.command,
        "The Step Over Amount is " + figureText(job.step) +
            ".  It must be above 0.\n\nNothing was placed.  It is set in Pocketing & Profiling "
            "Parameters.");
@@ -83,7 +89,7 @@ bool measuresAreSound(CamContext& cam, const JobMeasures& job) {
 
 bool stepIsLargeEnough(CamContext& cam, const JobMeasures& job, double lines) {
   if (lines < kMostLines) return true;
-  tell(cam, kCommand,
+  tell(cam, job.command,
        "The Step Over Amount is " + plainText(narrow(job.step)) +
            ".  That is too small for the pocket.\n\nNothing was placed.  It is set in Pocketing & "
            "Profiling Parameters.");
@@ -103,7 +109,7 @@ bool toolFits(CamContext& cam, const JobMeasures& job, const RoughingField& fiel
   if (!field.offset.region.isEmpty()) return true;
   const bool finishFits = job.radius < job.distance &&
                           !fittedOffset(field.region, job.radius, breathing).region.isEmpty();
-  tell(cam, kCommand,
+  tell(cam, job.command,
        finishFits ? "The tool does not fit into the pocket with this roughing clearance."
                   : "The tool does not fit into the pocket.");
   return false;
@@ -112,7 +118,7 @@ bool toolFits(CamContext& cam, const JobMeasures& job, const RoughingField& fiel
 std::optional<RoughingField> fieldOf(CamContext& cam, const JobMeasures& job,
                                      const Breathing& breathing) {
   OutlineRegion outline = regionOf(verifiedOutlines(cam.store), cam.store.cfg_tolerance);
-  if (!outlineIsSound(cam, kCommand, outline)) return std::nullopt;
+  if (!outlineIsSound(cam, job.command, outline)) return std::nullopt;
   RoughingField field{std::move(outline.region), {}};
   field.offset = fittedOffset(field.region, job.distance, breathing);
   if (!toolFits(cam, job, field, breathing)) return std::nullopt;
@@ -171,11 +177,12 @@ struct RoughingPlan {
   std::vector<PlanePoint> forFinish{};  // that roughing does not come near
 };
 
-void addRows(const RoughingField& field, const JobMeasures& job, const RoomWay& way,
-             const Breathing& breathing, RoughingPlan& plan) {
+void addRows(const RoughingField& field, const JobMeasures& job,
+             const std::vector<std::vector<Curve>>& runs, const Breathing& breathing,
+             RoughingPlan& plan) {
   RegionRows rows(field.region, job.distance, breathing);
   rows.setRoundingLimit(job.rounding);
-  for (const std::vector<Curve>& run : way.runs()) rows.add(run);
+  for (const std::vector<Curve>& run : runs) rows.add(run);
   plan.rows.insert(plan.rows.end(), rows.rows().begin(), rows.rows().end());
   plan.failed |= rows.refused();
 }
@@ -192,8 +199,8 @@ bool enterLevels(CamContext& cam, const RoughingField& field, const JobMeasures&
   const auto isClear = [&field](const Curve& curve, double distance) {
     return field.region.isClear(curve, distance);
   };
-  EntryPlanner planner(cam, kCommand, {isClear, job.distance, &field.offset.region}, depths.index,
-                       breathing);
+  EntryPlanner planner(cam, job.command, {isClear, job.distance, &field.offset.region},
+                       depths.index, breathing);
   auto levels = planner.entered(rowsAtLevels(plan.rows, depths.levels));
   if (!levels) return false;
   plan.levels = std::move(*levels);
@@ -209,15 +216,54 @@ void placeRows(CamContext& cam, RoughingPlan& plan, const RoughingDepths& depths
   change.keep({.redraws = false});
 }
 
-void finishCommand(CamContext& cam, const RoughingPlan& plan) {
+void finishCommand(CamContext& cam, const JobMeasures& job, const RoughingPlan& plan) {
   showPlacedPaths(cam);
-  tellWhatFailed(cam, kCommand, plan.failed);
-  tellEntries(cam, kCommand, plan.entries);
+  tellWhatFailed(cam, job.command, plan.failed);
+  tellEntries(cam, job.command, plan.entries);
   tellWhatIsLeft(cam, plan.forFinish);
 }
 
 RoomWay::Rules wayRules(const DrawingStore& store, const JobMeasures& job) {
   return {job.distance, job.radius, store.cfg_connect_pocketing_paths};
+}
+
+// ---- What is left
+
+// Nothing after a message.
+std::optional<RestPlaces> restOf(CamContext& cam, const RoughingField& field,
+                                 const JobMeasures& job, float floor, const Breathing& breathing) {
+  const std::vector<SweptCurve> taken = cutBefore(cam, floor, breathing);
+  RestPlaces rest = restOfRegion(field.offset.region, job.radius, taken, breathing);
+  const bool isLarger = isLargerThanAll(job.radius, taken);
+  if (rest.isEmpty()) {
+    tellNothingLeft(cam, job.command, isLarger);
+    return std::nullopt;
+  }
+  if (isLarger) {
+    tell(cam, job.command,
+         "The selected tool is larger than those that have cut there: it clears only what it can "
+         "reach.");
+  }
+  return rest;
+}
+
+// Only where the tool takes something, place by place.
+std::vector<std::vector<Curve>> partsOf(const RoomWay& whole, const RestPlaces& rest,
+                                        const RoughingField& field, const JobMeasures& job,
+                                        const RoomWay::Rules& rules) {
+  std::vector<std::vector<Curve>> pieces;
+  for (const std::vector<Curve>& run : whole.runs()) {
+    for (std::vector<Curve>& part : rest.partsOf(run)) pieces.push_back(std::move(part));
+  }
+  constexpr double kNeighbours = 1.5;  // steps
+  RoomWay way(field.region, rules);
+  PlanePoint at = pieces.empty() ? PlanePoint{} : pieces.front().front().start;
+  for (std::vector<Curve>& piece : orderedByPlace(std::move(pieces), kNeighbours * job.step, at)) {
+    const bool isNear = normOf(piece.front().start - at) <= 2 * (job.radius + job.step);
+    at = piece.back().end;
+    way.cut(piece, /*linked=*/isNear);
+  }
+  return way.runs();
 }
 
 // ---- Lines
@@ -246,10 +292,20 @@ std::optional<RoughingPlan> planLines(CamContext& cam, const JobMeasures& job,
   cam.context.statusBar.setText(kStage);
   breathe(breathing);
   RoughingPlan plan{.failed = !field->offset.lost.empty()};
-  RoomWay way(field->region, wayRules(store, job));
   const LineRules rules{scanStyle(store), cuttingMode(store), job.step, true};
+  RoomWay::Rules links = wayRules(store, job);
+  if (job.onlyRest) {
+    const auto rest = restOf(cam, *field, job, depths.levels.back().z, breathing);
+    if (!rest) return std::nullopt;
+    RoomWay whole(field->region, {job.distance, job.radius, false});
+    cutLines(field->offset.region, rules, whole, breathing);
+    addRows(*field, job, partsOf(whole, *rest, *field, job, links), breathing, plan);
+    if (!enterLevels(cam, *field, job, depths, breathing, plan)) return std::nullopt;
+    return plan;
+  }
+  RoomWay way(field->region, links);
   cutLines(field->offset.region, rules, way, breathing);
-  addRows(*field, job, way, breathing, plan);
+  addRows(*field, job, way.runs(), breathing, plan);
   plan.forFinish = placesForFinish(*field, job, breathing);
   if (!enterLevels(cam, *field, job, depths, breathing, plan)) return std::nullopt;
   return plan;
@@ -265,7 +321,7 @@ void roughByLines(CamContext& cam, const JobMeasures& job) {
   });
   if (!done || !plan) return;
   placeRows(cam, *plan, depths);
-  finishCommand(cam, *plan);
+  finishCommand(cam, job, *plan);
 }
 
 // ---- Lathe
@@ -404,7 +460,10 @@ void addFinish(const RoughingField& field, const JobMeasures& job, PlanePoint fr
       way.cut(loopFrom(loop, nearestPlace(loop, way.place())), /*linked=*/false);
     }
   }
-  addRows(field, {job.radius, job.radius, job.step, job.rounding}, way, breathing, plan);
+  addRows(
+      field,
+      {.radius = job.radius, .distance = job.radius, .step = job.step, .rounding = job.rounding},
+      way.runs(), breathing, plan);
 }
 
 // Half the way across the offset is the longest that rings can have to go.
@@ -419,11 +478,23 @@ std::optional<RoughingPlan> planRings(CamContext& cam, const JobMeasures& job, P
   if (!field) return std::nullopt;
   if (!stepIsLargeEnough(cam, job, ringCount(field->offset.region, job.step))) return std::nullopt;
   RoughingPlan plan{.failed = !field->offset.lost.empty()};
+  RingRules rules{.radius = job.radius,
+                  .step = job.step,
+                  .reversed = ringsRunBack(cam, field->region, click),
+                  .click = {click.x, click.y}};
+  if (job.onlyRest) {
+    const auto rest = restOf(cam, *field, job, depths.levels.back().z, breathing);
+    if (!rest) return std::nullopt;
+    rules.deepest = rest->depthIn(field->offset.region, breathing);
+    RoomWay whole(field->region, {job.distance, job.radius, false});
+    cutRings(field->offset.region, rules, whole, breathing);
+    addRows(*field, job, partsOf(whole, *rest, *field, job, wayRules(store, job)), breathing, plan);
+    if (!enterLevels(cam, *field, job, depths, breathing, plan)) return std::nullopt;
+    return plan;
+  }
   RoomWay way(field->region, wayRules(store, job));
-  const RingRules rules{
-      job.radius, job.step, ringsRunBack(cam, field->region, click), {click.x, click.y}, true};
   cutRings(field->offset.region, rules, way, breathing);
-  addRows(*field, job, way, breathing, plan);
+  addRows(*field, job, way.runs(), breathing, plan);
   if (!store.cfg_auto_place_finish_path) {
     plan.forFinish = placesForFinish(*field, job, breathing);
   } else if (job.distance > job.radius) {
@@ -435,14 +506,10 @@ std::optional<RoughingPlan> planRings(CamContext& cam, const JobMeasures& job, P
 
 }  // namespace
 
-void ringTruePocket(CamContext& cam, Point click) {
-  const Procedure here("frmMain.parallelSpiralPocket(sg)");
+namespace {
+
+void roughByRings(CamContext& cam, const JobMeasures& job, Point click) {
   const DrawingStore& store = cam.store;
-  const JobMeasures job = measuresOf(store);
-  if (!hasRows(cam, kCommand, "No Pocketing Segments have been selected.")) return;
-  if (!measuresAreSound(cam, job)) return;
-  if (!levelsArePossible(cam, kCommand, ringsHaveLevels(store))) return;
-  if (!entriesArePossible(cam, kCommand)) return;
   const BusyPointer busy(cam.context.systemPointer);
   const RoughingDepths depths{pathInsertIndex(store, cam.pathInsertMode, cam.pathInsertGroup),
                               levelsOf(store, ringsHaveLevels(store), store.cfg_finish_feedrate)};
@@ -452,7 +519,43 @@ void ringTruePocket(CamContext& cam, Point click) {
   });
   if (!done || !plan) return;
   placeRows(cam, *plan, depths);
-  finishCommand(cam, *plan);
+  finishCommand(cam, job, *plan);
+}
+
+}  // namespace
+
+void ringTruePocket(CamContext& cam, Point click) {
+  const Procedure here("frmMain.parallelSpiralPocket(sg)");
+  const JobMeasures job = measuresOf(cam.store);
+  if (!hasRows(cam, kCommand, "No Pocketing Segments have been selected.")) return;
+  if (!measuresAreSound(cam, job)) return;
+  if (!levelsArePossible(cam, kCommand, ringsHaveLevels(cam.store))) return;
+  if (!entriesArePossible(cam, kCommand)) return;
+  roughByRings(cam, job, click);
+}
+
+void tellNothingLeft(CamContext& cam, const std::string& command, bool isLarger) {
+  tell(cam, command,
+       std::string("Nothing is left that the selected tool can reach.") +
+           (isLarger ? "  It is larger than those that have cut there." : "") +
+           "\n\nNothing was placed.");
+}
+
+void roughTrueRest(CamContext& cam, const char* command) {
+  const Procedure here("roughTrueRest()");
+  const DrawingStore& store = cam.store;
+  JobMeasures job = measuresOf(store);
+  job.command = command;
+  job.onlyRest = true;
+  const std::vector<Entity> outlines = verifiedOutlines(store);
+  const bool rings = pocketingStyle(store) == PocketingStyle::ParallelSpiral;
+  const bool several = rings ? ringsHaveLevels(store) : linesHaveLevels(store);
+  if (!hasRows(cam, command, "No Pocketing Segments have been selected.")) return;
+  if (!measuresAreSound(cam, job) || !levelsArePossible(cam, command, several)) return;
+  if (!entriesArePossible(cam, command)) return;
+  if (rings) return roughByRings(cam, job, outlines.front().start);
+  const BusyPointer busy(cam.context.systemPointer);
+  roughByLines(cam, job);
 }
 
 }  // namespace tess

@@ -1,7 +1,7 @@
 // Rough pocketing by the true rules: the tool goes only where no wall is nearer than it may be, and
 // everywhere there.
 // Owns: verifiedOutlines, stepOverDistance, outlineIsSound, tellRadius, tellWhatFailed,
-//       roughTruePocket, ringTruePocket.
+//       tellNothingLeft, roughTruePocket, ringTruePocket, roughTrueRest.
 #pragma once
 
 #include <string>
@@ -25,11 +25,18 @@ bool outlineIsSound(CamContext& cam, const std::string& command, const OutlineRe
 void tellRadius(CamContext& cam, const std::string& command, float radius);
 void tellWhatFailed(CamContext& cam, const std::string& command, bool failed);
 
+// What is told when rows of before have taken all that the tool in use can reach.
+void tellNothingLeft(CamContext& cam, const std::string& command, bool isLarger);
+
 // Clears all verified outlines by lines, or by the lathe's lines. One step of the log; a failure or
 // a message leaves no row.
 void roughTruePocket(CamContext& cam);
 
 // The same by rings, those of the room next to `click` first.
 void ringTruePocket(CamContext& cam, Point click);
+
+// Clears, in the style that is set, only what rows of before have left; messages are titled
+// `command`. Not for the style of a lathe.
+void roughTrueRest(CamContext& cam, const char* command);
 
 }  // namespace tess

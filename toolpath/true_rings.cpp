@@ -173,9 +173,11 @@ class RingCutter {
 void cutRings(const PocketRegion& offset, const RingRules& rules, RoomWay& way,
               const Breathing& breathing) {
   RingTree tree(offset, rules, breathing);
+  double depth = 0;
   do {
     breathe(breathing);
-  } while (tree.grow());
+    depth += rules.step;
+  } while (depth <= rules.deepest + rules.step && tree.grow());
   way.startAt(rules.click);
   RingCutter cutter(rules, way);
   for (const std::size_t root : tree.roots()) {

@@ -3,6 +3,8 @@
 // Owns: RingRules, cutRings.
 #pragma once
 
+#include <limits>
+
 #include "core/pocketing_choices.h"
 #include "toolpath/region_offset.h"
 #include "toolpath/true_links.h"
@@ -15,6 +17,8 @@ struct RingRules {
   bool reversed = false;     // against the loops, which have free space on their left
   PlanePoint click;          // the room next to it comes first
   bool fillsBetween = true;  // rings alone leave what no tool on one of them reaches
+  // No ring is made that lies farther than this inside of the outmost.
+  double deepest = std::numeric_limits<double>::infinity();
 };
 
 // Cuts the rings of an offset, the inmost first, and its own loops last.

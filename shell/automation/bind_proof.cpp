@@ -69,6 +69,15 @@ void pushRapid(lua_State* L, const RapidFinding& rapid) {
   setField(L, "y", rapid.y);
 }
 
+void pushTab(lua_State* L, const TabFinding& tab) {
+  lua_createtable(L, 0, 5);
+  setField(L, "group", tab.group);
+  setField(L, "x", tab.x);
+  setField(L, "y", tab.y);
+  setField(L, "width", tab.width);
+  setField(L, "height", tab.height);
+}
+
 void pushPlunge(lua_State* L, const PlungeFinding& plunge) {
   lua_createtable(L, 0, 5);
   setField(L, "row", plunge.row);
@@ -104,6 +113,8 @@ int proveJob(Script& script, lua_State* L) {
   lua_setfield(L, -2, "missed");
   pushList(L, proof.rapids, [L](const RapidFinding& rapid) { pushRapid(L, rapid); });
   lua_setfield(L, -2, "rapids");
+  pushList(L, proof.tabs, [L](const TabFinding& tab) { pushTab(L, tab); });
+  lua_setfield(L, -2, "tabs");
   pushList(L, proof.plunges, [L](const PlungeFinding& plunge) { pushPlunge(L, plunge); });
   lua_setfield(L, -2, "plunges");
   pushList(L, proof.jobs, [L](const JudgedJob& job) { pushJob(L, job); });

@@ -45,19 +45,11 @@ TEST(SetNumFormats, FollowsTheDefinitionInForce) {
 
 TEST(Convert, MultipliesPositionsDepthsAndGridsAndNothingElse) {
   TestSession test;
-  const char* converted[] = {"x start pos",
-                             "y start pos",
-                             "z start pos",
-                             "x change",
-                             "y change",
-                             "z change",
-                             "final depth",
-                             "start depth",
-                             "z cut per pass",
-                             "minimum z finish",
-                             "visual grid",
-                             "cursor grid",
-                             "minimum roughing clearance"};
+  const char* converted[] = {
+      "x start pos",    "y start pos",      "z start pos", "x change",
+      "y change",       "z change",         "final depth", "start depth",
+      "z cut per pass", "minimum z finish", "tab spacing", "tab width",
+      "tab height",     "visual grid",      "cursor grid", "minimum roughing clearance"};
   for (const SettingRow& row : settingRows()) setSettingNumber(test.store, row, 2);
   test.store.unitfactor = 25.4F;
   convert(test.session);

@@ -463,6 +463,19 @@ TEST(FormClick, HasTheLeftPressAndLeavesTheRestAlone) {
   EXPECT_EQ(d.beeps(), 0);
 }
 
+TEST(FormClick, IsFollowedByTheDragUntilTheRelease) {
+  RecordedDrafting d;
+  std::vector<Point> drags;
+  d.context.onFormClick = [](Point) {};
+  d.context.onFormDrag = [&drags](Point to) { drags.push_back(to); };
+  d.move(0, 3, 3);
+  d.drag({0, 0}, {2, 2});
+  d.move(0, 4, 4);
+  d.press(kRightButton, 1, 1);
+  d.move(kRightButton, 2, 1);
+  EXPECT_EQ(drags, (std::vector<Point>{{1, 1}, {2, 2}}));
+}
+
 TEST(FormClick, EndsWithTheReleaseOfThePressThatTheFormTook) {
   RecordedDrafting d;
   d.context.state.setPendingaction(9);

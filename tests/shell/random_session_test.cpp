@@ -611,6 +611,9 @@ class Session : public RunningProgram {
         "You cannot demote the last ",
         "Path segment #",
         "Path segments that cannot be selected: ",
+        "What is left is known with True Paths alone",
+        "A turning tool has no radius",
+        "Nothing is left that the selected tool can reach.",
     };
     for (const Message& message : platform.prompts.messages) {
       const bool known =

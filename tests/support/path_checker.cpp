@@ -401,9 +401,15 @@ double ReachableArea::area() const {
 }
 
 Coverage ReachableArea::coverageOf(const std::vector<Curve>& path) const {
+  return coverageOf({ToolSweep{path, cells_->radius}});
+}
+
+Coverage ReachableArea::coverageOf(const std::vector<ToolSweep>& sweeps) const {
   const auto& [radius, raster, reachable] = *cells_;
   Marks cut(raster.cells());
-  for (const Curve& curve : path) sweep(raster, curve, radius + kTouching, cut);
+  for (const ToolSweep& tool : sweeps) {
+    for (const Curve& curve : tool.path) sweep(raster, curve, tool.radius + kTouching, cut);
+  }
   Coverage coverage;
   int cells = 0;
   raster.forEachCell([&](int column, int row) {
@@ -414,7 +420,10 @@ Coverage ReachableArea::coverageOf(const std::vector<Curve>& path) const {
       return;
     }
     const Vec place = raster.middle(column, row);
-    const double rest = distanceToPath(path, place) - radius;
+    double rest = kInfinity;
+    for (const ToolSweep& tool : sweeps) {
+      rest = std::min(rest, distanceToPath(tool.path, place) - tool.radius);
+    }
     if (rest > coverage.rest) coverage.rest = rest, coverage.restPlace = place;
   });
   coverage.reachable = area();

@@ -1,7 +1,7 @@
 // Is the part right? A round tool is swept along path rows, independently of the routines that
 // place them: how deep it enters what must stay, and how much it leaves of what it could reach.
 // Owns: PartShape, partOf, toolPath, isAllowed, clearance, Gouge, kSearchStep, deepestGouge,
-//       Coverage, ReachableArea, toolRooms.
+//       Coverage, ToolSweep, ReachableArea, toolRooms.
 #pragma once
 
 #include <memory>
@@ -53,6 +53,12 @@ struct Coverage {
   Vec restPlace;
 };
 
+// What a tool of a radius has gone along.
+struct ToolSweep {
+  std::vector<Curve> path;
+  double radius = 0;
+};
+
 // The places that a tool can reach: those within the tool at a position that clears all walls. A
 // raster cell counts when its middle is such a place; so the area is that of the true shape but for
 // the grain of the raster along its rim, and what counts can truly be reached.
@@ -62,6 +68,8 @@ class ReachableArea {
 
   double area() const;
   Coverage coverageOf(const std::vector<Curve>& path) const;
+  // By several tools; the distance left is from the edges of what they cut.
+  Coverage coverageOf(const std::vector<ToolSweep>& sweeps) const;
 
  private:
   struct Cells;

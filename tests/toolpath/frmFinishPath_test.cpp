@@ -103,6 +103,8 @@ TEST_F(FinishPathForm, OkStoresEverything) {
   form.txtToolSpacingDistance.setText("0.2");
   form.chkGougeAvoidance.setChecked(true);
   form.chkConnectPocketPaths.setChecked(true);
+  form.chkWhatIsLeft.setChecked(true);
+  form.chkHoldingTabs.setChecked(true);
   form.cmdOK.click();
   EXPECT_FALSE(form.isShown());
   EXPECT_EQ(cam.numFinishPasses, 3);
@@ -112,6 +114,8 @@ TEST_F(FinishPathForm, OkStoresEverything) {
   EXPECT_EQ(store.cfg_tool_spacing, 40);
   EXPECT_TRUE(store.cfg_gouge_avoidance);
   EXPECT_TRUE(store.cfg_connect_pocketing_paths);
+  EXPECT_TRUE(store.cfg_finish_what_is_left);
+  EXPECT_TRUE(store.cfg_holding_tabs);
 }
 
 TEST_F(FinishPathForm, CancelKeepsTheSettingsAndMeansOnePass) {
@@ -132,6 +136,20 @@ TEST_F(FinishPathForm, ClosingTheWindowMeansOnePassToo) {
 }
 
 struct FinishPathFormLoad : RecordedCam, ::testing::Test {};
+
+// Only the true rules know on which side of a wall a path runs, and one row alone is no outline.
+TEST_F(FinishPathFormLoad, TabsAndRestAreForWholeOutlinesByTheTrueRules) {
+  for (const bool truePaths : {false, true}) {
+    for (const int chain : {0, 1}) {
+      store.cfg_true_paths = truePaths;
+      cam.PlaceChain = chain;
+      frmFinishPath form(cam);
+      form.open(Modality::Modal);
+      EXPECT_EQ(form.chkHoldingTabs.isEnabled(), truePaths && chain == 1);
+      EXPECT_EQ(form.chkWhatIsLeft.isEnabled(), truePaths && chain == 1);
+    }
+  }
+}
 
 TEST_F(FinishPathFormLoad, AMissingWidthTypeBecomesThePercentage) {
   store.cfg_cut_width_type = 0;

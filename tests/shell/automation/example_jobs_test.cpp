@@ -196,14 +196,19 @@ std::vector<SegmentRow> stockEdge(const DrawingStore& store) {
 TEST(ExampleParts, IslandsAndWallsStayWhole) {
   const ExampleRun run("islands");
   ASSERT_EQ(run.drawings.size(), 3U);
-  constexpr double kRadius = 0.0625;
+  constexpr int kRoughing = 2, kLastGroup = 8;
   for (std::size_t style = 0; style < 3; ++style) {
     const DrawingStore& store = *run.drawings[style];
     const PartShape part = testing::partOf(
         rowsOf(store, 1, 8), {rowsOf(store, 9, 16), rowsOf(store, 17, 19), rowsOf(store, 20, 20)});
-    const std::vector<Curve> path = testing::toolPath(store);
-    EXPECT_LE(depthIn(part, path, kRadius), kHair) << style;
-    EXPECT_GE(testing::ReachableArea(part, kRadius).coverageOf(path).share, 0.9999) << style;
+    const double large = store.toolradius[6], small = store.toolradius[3];
+    const std::vector<Curve> rough = pathOf(store, kRoughing, kRoughing);
+    const std::vector<Curve> rest = pathOf(store, kRoughing + 1, kLastGroup);
+    EXPECT_LE(depthIn(part, rough, large), kHair) << style;
+    EXPECT_LE(depthIn(part, rest, small), kHair) << style;
+    const testing::ReachableArea area(part, small);
+    EXPECT_GE(area.coverageOf({{rough, large}, {rest, small}}).share, 0.9999) << style;
+    EXPECT_LT(area.coverageOf({{rough, large}}).share, 0.99) << "there is a rest";
   }
 }
 
