@@ -123,6 +123,7 @@ class Application {
   std::function<void()> onCustomize;
   std::function<void()> onCaptionChanged;
   std::function<void()> onUnloadOtherWindows;
+  std::function<void()> onSettled;  // an entry point has come to its end
   std::function<void(const std::string& text)> onCopyText;
   std::function<std::string()> onDescribeSystem;
 

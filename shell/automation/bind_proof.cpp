@@ -70,9 +70,16 @@ void pushPlunge(lua_State* L, const PlungeFinding& plunge) {
             plunge.depth);
 }
 
+void pushEngagement(lua_State* L, const Engagement& engagement) {
+  pushTable(L, "share", engagement.share, "row", engagement.row, "x", engagement.x, "y",
+            engagement.y);
+}
+
 void pushJob(lua_State* L, const JudgedJob& job) {
   pushTable(L, "group", job.group, "kind", kindText(job.kind), "by",
             job.byRecord ? "record" : "rows");
+  pushEngagement(L, job.engagement);
+  lua_setfield(L, -2, "engagement");
 }
 
 int proveJob(Script& script, lua_State* L) {

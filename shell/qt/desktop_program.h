@@ -10,6 +10,7 @@
 #include "shell/qt/main_window.h"
 #include "shell/qt/paper.h"
 #include "shell/qt/ports.h"
+#include "shell/qt/start_panel.h"
 #include "shell/qt/theme_menu.h"
 
 namespace tess {
@@ -42,6 +43,8 @@ class DesktopProgram {
   void wirePlatform();
   void wireSurface();
   void pan(PanPhase phase, Point at);
+  QImage pictureForPaper();
+  void followTheme();
   void wireWindow();
   void drop(const std::vector<std::string>& names);
   void wireGuide();
@@ -65,6 +68,8 @@ class DesktopProgram {
   QtPaper paper_;
   Application application_;
   MainWindow window_;
+  StartOffer startOffer_{application_};
+  StartPanel startPanel_{startOffer_, surface_};
   ThemeMenu theme_;
   bool failed_ = false;
 };
