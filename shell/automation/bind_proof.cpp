@@ -5,10 +5,21 @@
 namespace tess {
 namespace {
 
-template <typename Value>
-void setField(lua_State* L, const char* field, const Value& value) {
+void setFields(lua_State* /*L*/) {}
+
+// Names and values in turn, into the table on top of the stack.
+template <typename Value, typename... More>
+void setFields(lua_State* L, const char* field, const Value& value, const More&... more) {
   push(L, value);
   lua_setfield(L, -2, field);
+  setFields(L, more...);
+}
+
+// A table of these fields.
+template <typename... Fields>
+void pushTable(lua_State* L, const Fields&... fields) {
+  lua_createtable(L, 0, static_cast<int>(sizeof...(fields) / 2));
+  setFields(L, fields...);
 }
 
 // A list of what `pushOne` leaves on the stack for each.
@@ -23,28 +34,17 @@ void pushList(lua_State* L, const Values& values, PushOne pushOne) {
 }
 
 void pushGouge(lua_State* L, const GougeFinding& gouge) {
-  lua_createtable(L, 0, 5);
-  setField(L, "depth", gouge.depth);
-  setField(L, "row", gouge.row);
-  setField(L, "group", gouge.group);
-  setField(L, "x", gouge.x);
-  setField(L, "y", gouge.y);
+  pushTable(L, "depth", gouge.depth, "row", gouge.row, "group", gouge.group, "x", gouge.x, "y",
+            gouge.y);
 }
 
 void pushPlace(lua_State* L, const MissedPlace& place) {
-  lua_createtable(L, 0, 5);
-  setField(L, "x", place.x);
-  setField(L, "y", place.y);
-  setField(L, "width", place.width);
-  setField(L, "height", place.height);
-  setField(L, "area", place.area);
+  pushTable(L, "x", place.x, "y", place.y, "width", place.width, "height", place.height, "area",
+            place.area);
 }
 
 void pushArea(lua_State* L, const MissedArea& missed) {
-  lua_createtable(L, 0, 6);
-  setField(L, "share", missed.share());
-  setField(L, "area", missed.area);
-  setField(L, "reach", missed.reach);
+  pushTable(L, "share", missed.share(), "area", missed.area, "reach", missed.reach);
   pushList(L, missed.places, [L](const MissedPlace& place) { pushPlace(L, place); });
   lua_setfield(L, -2, "places");
 }
@@ -54,7 +54,7 @@ void pushMissed(lua_State* L, const std::vector<MissedFinding>& missed) {
   lua_createtable(L, 0, static_cast<int>(missed.size()));
   for (const MissedFinding& job : missed) {
     pushArea(L, job.atClearance);
-    setField(L, "group", job.group);
+    setFields(L, "group", job.group);
     pushArea(L, job.atWall);
     lua_setfield(L, -2, "wall");
     lua_rawseti(L, -2, job.group);
@@ -62,11 +62,7 @@ void pushMissed(lua_State* L, const std::vector<MissedFinding>& missed) {
 }
 
 void pushRapid(lua_State* L, const RapidFinding& rapid) {
-  lua_createtable(L, 0, 4);
-  setField(L, "row", rapid.row);
-  setField(L, "group", rapid.group);
-  setField(L, "x", rapid.x);
-  setField(L, "y", rapid.y);
+  pushTable(L, "row", rapid.row, "group", rapid.group, "x", rapid.x, "y", rapid.y);
 }
 
 void pushTab(lua_State* L, const TabFinding& tab) {
@@ -79,29 +75,20 @@ void pushTab(lua_State* L, const TabFinding& tab) {
 }
 
 void pushPlunge(lua_State* L, const PlungeFinding& plunge) {
-  lua_createtable(L, 0, 5);
-  setField(L, "row", plunge.row);
-  setField(L, "group", plunge.group);
-  setField(L, "x", plunge.x);
-  setField(L, "y", plunge.y);
-  setField(L, "depth", plunge.depth);
+  pushTable(L, "row", plunge.row, "group", plunge.group, "x", plunge.x, "y", plunge.y, "depth",
+            plunge.depth);
 }
 
 void pushEngagement(lua_State* L, const Engagement& engagement) {
-  lua_createtable(L, 0, 4);
-  setField(L, "share", engagement.share);
-  setField(L, "row", engagement.row);
-  setField(L, "x", engagement.x);
-  setField(L, "y", engagement.y);
+  pushTable(L, "share", engagement.share, "row", engagement.row, "x", engagement.x, "y",
+            engagement.y);
 }
 
 void pushJob(lua_State* L, const JudgedJob& job) {
-  lua_createtable(L, 0, 4);
+  pushTable(L, "group", job.group, "kind", kindText(job.kind), "by",
+            job.byRecord ? "record" : "rows");
   pushEngagement(L, job.engagement);
   lua_setfield(L, -2, "engagement");
-  setField(L, "group", job.group);
-  setField(L, "kind", kindText(job.kind));
-  setField(L, "by", job.byRecord ? "record" : "rows");
 }
 
 int proveJob(Script& script, lua_State* L) {
@@ -121,8 +108,7 @@ int proveJob(Script& script, lua_State* L) {
   lua_setfield(L, -2, "jobs");
   pushList(L, proof.unjudged, [L](int row) { push(L, row); });
   lua_setfield(L, -2, "unjudged");
-  setField(L, "clean", !proof.isBeyondLimits());
-  setField(L, "text", proofText(proof));
+  setFields(L, "clean", !proof.isBeyondLimits(), "text", proofText(proof));
   return 1;
 }
 
