@@ -7,7 +7,9 @@
 #include <vector>
 
 #include "core/core_commands.h"
+#include "core/count_text.h"
 #include "core/drawing_pair.h"
+#include "core/drawing_result.h"
 #include "core/drawing_store.h"
 #include "core/file_system.h"
 #include "core/lifecycle.h"
@@ -275,6 +277,7 @@ bool loadSelected(Session& session) {
   if (!pair->recovered) noteDamage(session, notes);
   notePresence(session, notes);
   for (const std::string& note : notes) tell(session, note);
+  tellDrawing(session, "Opened");
   return true;
 }
 
@@ -293,7 +296,7 @@ std::optional<SaveResult> resultOf(int answer, int goOn, int otherName) {
 }
 
 std::string rows(int count) {
-  return std::to_string(count) + (count == 1 ? " row" : " rows");
+  return countText(count, "row");
 }
 
 // A name without a path file loses the paths of the drawing.
@@ -351,6 +354,7 @@ SaveResult saveAsking(Session& session, bool agreed) {
   addRecent(session, session.lastfilename);
   store.drawingsaved = true;
   showDrawingName(session);
+  tellDrawing(session, "Saved");
   return SaveResult::Done;
 }
 
@@ -375,6 +379,18 @@ void saveUnderOtherNames(Session& session) {
   if (result == SaveResult::Done) return;
   session.store.drawingpath = before.folder;
   session.store.drawingname = before.name;
+}
+
+// The folders of the drawings used last, each once.
+std::vector<std::string> recentFolders(const Session& session) {
+  std::vector<std::string> folders;
+  for (const std::string& path : session.recentfiles) {
+    std::string folder;
+    splitPath(folder, path, "");
+    const bool known = std::find(folders.begin(), folders.end(), folder) != folders.end();
+    if (!folder.empty() && !known) folders.push_back(folder);
+  }
+  return folders;
 }
 
 }  // namespace
@@ -404,14 +420,17 @@ void save_file_As(Session& session) {
   saveUnderOtherNames(session);
 }
 
-bool select_file(Session& session) {
+bool select_file(Session& session, const char* okCaption) {
   const Procedure here("select_file()");
   const std::string& folder = session.store.drawingpath;
   const auto path =
       session.host.prompts.chooseFile({.title = "Drawing File Selector",
                                        .pattern = "*.CDM",
                                        .folder = folderExists(folder) ? folder : session.appfolder,
-                                       .name = {}});
+                                       .name = {},
+                                       .okCaption = okCaption,
+                                       .places = recentFolders(session),
+                                       .showsDrawings = true});
   if (!path || path->empty()) return false;
   session.selectedname = splitPath(session.selectedfolder, *path, kDefaultExtension);
   session.lastfilename = session.selectedfolder + session.selectedname;

@@ -25,7 +25,8 @@ void smart_save(Session& session);
 void save_file_As(Session& session);
 
 // Asks for a drawing; true when one was chosen, which is then selectedfolder and selectedname.
-bool select_file(Session& session);
+// `okCaption` is that of the button, "" for the usual one.
+bool select_file(Session& session, const char* okCaption = "");
 
 // Loads the last chosen file again, without a question.
 void mnuFileRevert_Click(Session& session);

@@ -43,13 +43,14 @@ FileDialog::FileDialog(std::string name, const FileRequest& request, const char*
     : Form(std::move(name), request.title),
       filters_(filtersOf(request.pattern)),
       pattern_(filters_.front().pattern),
-      start_(tidyFolder(request.folder.empty() ? "." : request.folder)) {
+      start_(tidyFolder(request.folder.empty() ? "." : request.folder)),
+      places_(request.places) {
   lblName.setCaption("&Name");
   lblFilter.setCaption("&Type");
   lblFolder.setCaption("Fol&der");
   lblFolders.setCaption("Folders");
   lblFiles.setCaption("Files");
-  cmdOK.setCaption(okCaption);
+  cmdOK.setCaption(request.okCaption.empty() ? okCaption : request.okCaption);
   cmdCancel.setCaption("&Cancel");
   setDefaultButton(cmdOK);
   setCancelButton(cmdCancel);
@@ -58,6 +59,7 @@ FileDialog::FileDialog(std::string name, const FileRequest& request, const char*
   cmbFilter.setItems(titles);
   cmbFilter.setIndex(0);
   txtName.setText(request.name);
+  picDrawing.setVisible(request.showsDrawings);
   wire();
 }
 
@@ -79,6 +81,7 @@ void FileDialog::wire() {
   lstFolders.onOpen = [this] { openFolder(lstFolders.text()); };
   lstFiles.onClick = [this] {
     if (lstFiles.index() >= 0) txtName.setText(lstFiles.text());
+    showDrawing();
   };
   lstFiles.onOpen = [this] { take(lstFiles.text()); };
   cmdOK.onClick = [this] { take(txtName.text()); };
@@ -118,15 +121,26 @@ void FileDialog::showFiles() {
   if (isOpenFolder(folder_)) files = listFolder(folder_).files;
   std::erase_if(files, [this](const std::string& file) { return !matchesPattern(file, pattern_); });
   lstFiles.setItems(files);
+  showDrawing();
 }
 
-// The folder itself, those around it, then where the dialog began and the operator's own.
+// Read when it is looked at, and not before.
+void FileDialog::showDrawing() {
+  if (!picDrawing.isVisible()) return;
+  if (lstFiles.index() < 0) return picDrawing.show(nullptr);
+  picDrawing.show([path = folder_ + lstFiles.text()] { return previewOfDrawing(path); });
+}
+
+// The folder itself, those around it, then where the dialog began, the operator's own, and those
+// that the request names.
 void FileDialog::showPlaces() {
   std::vector<std::string> places = {folder_};
   while (parentOf(places.back()) != places.back()) places.push_back(parentOf(places.back()));
-  for (const std::string& place : {start_, homeFolder()}) {
+  std::vector<std::string> others = {start_, homeFolder()};
+  for (const std::string& place : places_) others.push_back(tidyFolder(place));
+  for (const std::string& place : others) {
     const bool known = std::find(places.begin(), places.end(), place) != places.end();
-    if (!place.empty() && !known) places.push_back(place);
+    if (!place.empty() && !known && folderExists(place)) places.push_back(place);
   }
   cmbFolder.setItems(places);
   cmbFolder.setIndex(0);

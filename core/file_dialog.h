@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "core/controls.h"
+#include "core/drawing_preview.h"
 #include "core/file_filter.h"
 #include "core/form.h"
 #include "core/host.h"
@@ -39,6 +40,7 @@ class FileDialog : public Form {
   ListBox lstFolders{*this, "lstFolders"};  // those inside the folder, ".." first
   Label lblFiles{*this, "lblFiles"};
   ListBox lstFiles{*this, "lstFiles"};
+  RowsPreview picDrawing{*this, "picDrawing"};  // the chosen file, where files are drawings
 
  protected:
   FileDialog(std::string name, const FileRequest& request, const char* okCaption);
@@ -54,6 +56,7 @@ class FileDialog : public Form {
   void showFolder();
   void showFiles();
   void showPlaces();
+  void showDrawing();
   void openFolder(const std::string& name);
   void take(const std::string& text);
   void takePath(const std::string& path);
@@ -63,6 +66,7 @@ class FileDialog : public Form {
   std::vector<FileFilter> filters_;
   std::string pattern_;
   std::string start_;
+  std::vector<std::string> places_;
   std::string folder_;
   std::optional<std::string> chosen_;
 };

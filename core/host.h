@@ -1,11 +1,12 @@
 // The ports to the platform: what the program asks of its surroundings, and nothing more. The
 // desktop, the script runner and the tests each bring their own.
-// Owns: MessageIcon, MessageButtons, Answer, Message, FileRequest, Prompts, DateTime, Clock,
+// Owns: MessageIcon, MessageButtons, Answer, Message, FileRequest, Prompts, DateTime, Clock, Trash,
 //       Surroundings, FailureSink, Host.
 #pragma once
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "core/write_guard.h"
 
@@ -31,6 +32,9 @@ struct FileRequest {
   std::string folder;   // where to start
   std::string name;     // what to offer
   bool forSaving = false;
+  std::string okCaption{};            // of the button; empty: what the kind of dialog calls it
+  std::vector<std::string> places{};  // folders worth going to
+  bool showsDrawings = false;         // the files are drawings: the chosen one is seen beforehand
 };
 
 // Message boxes, file choice and forms; each call waits for the operator.
@@ -57,6 +61,9 @@ class Clock {
   virtual void sleep(double milliseconds) = 0;  // no event is served meanwhile
 };
 
+// What became of a file on its way to the operator's trash.
+enum class Trash { None, Taken, Failed };
+
 // The rest of the surroundings that long jobs and the program's end touch.
 class Surroundings {
  public:
@@ -69,6 +76,8 @@ class Surroundings {
   virtual bool isCancelled() const { return false; }
   // Serves events until the operator presses a key; at once where there is no operator.
   virtual void waitForKey() {}
+  // Where there is no operator there is no trash either, and the file stays.
+  virtual Trash moveToTrash(const std::string& /*path*/) { return Trash::None; }
   virtual void printOnMainWindow(const std::string& text) = 0;  // before dialogs are at hand
 };
 

@@ -98,17 +98,6 @@ bool isDxf(std::string_view name) {
   return upperCased(name).ends_with(kDxfExtension);
 }
 
-// The first of the names that is a file, given its kind's extension.
-std::optional<std::string> firstDropped(std::span<const std::string> names) {
-  for (const std::string& dropped : names) {
-    std::string folder;
-    const std::string name =
-        splitPath(folder, dropped, isDxf(trimmed(dropped)) ? kDxfExtension : kDrawingExtension);
-    if (fileExists(folder + name)) return fullPath(folder + name);
-  }
-  return std::nullopt;
-}
-
 void offerToSaveSetup(Session& session) {
   if (!session.store.setupchanged) return;
   const Answer answer =
@@ -148,6 +137,23 @@ int answerNumber(Answer answer, int kind) {
       break;
   }
   return kind == kAskYesNoCancel ? kAnswerCancel : kAnswerNotOk;
+}
+
+// To the trash where there is one; a file that it does not take stays.
+void deleteDrawing(Session& session, const std::string& path) {
+  const FilePlace place = FilePlace::ofEntry(session.host.guard, path, FileKind::Drawing);
+  switch (session.host.surroundings.moveToTrash(place.path())) {
+    case Trash::Taken:
+      return;
+    case Trash::None:
+      return removeFile(session.host.guard, path, FileKind::Drawing);
+    case Trash::Failed:
+      session.host.prompts.showMessage(
+          {.text = "The trash does not take " + path + ".\n\nThe file has not been deleted.",
+           .title = "Delete File",
+           .icon = MessageIcon::Warning,
+           .buttons = MessageButtons::Ok});
+  }
 }
 
 }  // namespace
@@ -329,10 +335,21 @@ void openRecentFile(Session& session, std::string_view toolName) {
   load_Drawing(session);
 }
 
+// The first of the names that is a file, given its kind's extension.
+std::optional<std::string> droppedFile(std::span<const std::string> names) {
+  for (const std::string& dropped : names) {
+    std::string folder;
+    const std::string name =
+        splitPath(folder, dropped, isDxf(trimmed(dropped)) ? kDxfExtension : kDrawingExtension);
+    if (fileExists(folder + name)) return fullPath(folder + name);
+  }
+  return std::nullopt;
+}
+
 void dropFiles(Session& session, std::span<const std::string> names) {
   const Procedure here("dropFiles(names)");
   if (!safe_EXIT(session, false)) return;
-  const auto path = firstDropped(names);
+  const auto path = droppedFile(names);
   if (!path) return;
   if (isDxf(*path)) {
     session.listener.importDxf(*path);
@@ -347,9 +364,8 @@ void dropFiles(Session& session, std::span<const std::string> names) {
 void mnuFileDelete_Click(Session& session) {
   const Procedure here("mnuFileDelete_Click()");
   const std::string drawingname = session.store.drawingname;
-  if (select_file(session)) {
-    removeFile(session.host.guard, session.selectedfolder + session.selectedname,
-               FileKind::Drawing);
+  if (select_file(session, "&Delete")) {
+    deleteDrawing(session, session.selectedfolder + session.selectedname);
   }
   session.store.drawingname = drawingname;
 }

@@ -3,9 +3,11 @@
 // Owns: Main, loadMainWindow, new_drawing, applydefaults, isUnsaved, countAsSaved, smart_New,
 //       safe_EXIT, file_EXIT, App_EXIT, showDrawingName, updateStatusDisplay, kAskOk, kAskOkCancel,
 //       kAskYesNoCancel, kAnswerOk, kAnswerNotOk, kAnswerYes, kAnswerNo, kAnswerCancel, askUser,
-//       mnuFileOpen_Click, openRecentFile, dropFiles, mnuFileDelete_Click, Form_Unload.
+//       mnuFileOpen_Click, openRecentFile, droppedFile, dropFiles, mnuFileDelete_Click,
+//       Form_Unload.
 #pragma once
 
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -69,6 +71,9 @@ void mnuFileOpen_Click(Session& session);
 
 // A click on miRecentFile1 to miRecentFile9: loads that file straight away, without a question.
 void openRecentFile(Session& session, std::string_view toolName);
+
+// The file that dropFiles would take; nothing when none of the names is one.
+std::optional<std::string> droppedFile(std::span<const std::string> names);
 
 // Files dropped on the drawing: the first that exists is loaded, or imported when it is a DXF file.
 void dropFiles(Session& session, std::span<const std::string> names);

@@ -10,6 +10,7 @@
 #include "core/host.h"
 #include "core/open_drawing.h"
 #include "core/path_jobs.h"
+#include "core/results.h"
 
 namespace tess {
 
@@ -53,6 +54,7 @@ class SessionListener {
   virtual void recentFilesChanged() = 0;
   virtual void brandingRead() = 0;              // productname may have changed
   virtual void load_xsetup() = 0;               // the post definition of the setup
+  virtual void setupChosen() = 0;               // another one by hand: stock and grids are its own
   virtual void scaleDrawing(float factor) = 0;  // after a change of units
   virtual void closeMainWindow() = 0;
   virtual void importDxf(const std::string& path) = 0;
@@ -88,6 +90,7 @@ struct Session {
   std::string productname = "Tessimo Mill";
   std::string companyname;
   RecentFiles recentfiles;
+  Results results{host.clock};
   double starttime = 0;  // of the clock, when Main began
   bool startupdone = false;
 };

@@ -312,6 +312,7 @@ void mnuOptionLoadSetup_Click(Session& session) {
                                                      .name = {}});
   if (!path || path->empty()) return;
   changeSetup(session, *path);
+  session.listener.setupChosen();
   updateStatusDisplay(session);
 }
 

@@ -147,7 +147,7 @@ void importDxf(const DxfDocument& document, const DrawingStore& store, DxfRows& 
   if (!options.exactGeometry) return convertDxf(document, rows, options.connectPoints);
   convertDxfExactly(document, rows,
                     {.connectPoints = options.connectPoints,
-                     .metric = isMetric(store),
+                     .metric = options.metric.value_or(isMetric(store)),
                      .nearOrigin = options.autoAlign,
                      .tolerence = store.cfg_tolerance});
 }

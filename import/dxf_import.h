@@ -3,6 +3,8 @@
 // Owns: DxfImportOptions, convertDxf, importDxf, alignRows.
 #pragma once
 
+#include <optional>
+
 #include "import/dxf_document.h"
 #include "import/dxf_rows.h"
 
@@ -11,9 +13,10 @@ namespace tess {
 struct DrawingStore;
 
 struct DxfImportOptions {
-  bool connectPoints = false;  // a line from each POINT to the next
-  bool autoAlign = false;      // the new rows' lower left comes to (0, 0)
-  bool exactGeometry = false;  // arcs for bulges, curves and blocks as arcs and lines
+  bool connectPoints = false;    // a line from each POINT to the next
+  bool autoAlign = false;        // the new rows' lower left comes to (0, 0)
+  bool exactGeometry = false;    // arcs for bulges, curves and blocks as arcs and lines
+  std::optional<bool> metric{};  // what exact lengths come in; none: the drawing's units
 };
 
 // Appends a row for each LINE, ARC and CIRCLE, for each edge of a polyline but the closing one, and

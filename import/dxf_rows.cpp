@@ -26,14 +26,27 @@ SegmentRow narrowed(const DxfRow& row) {
 
 }  // namespace
 
+int DxfRows::count() const {
+  return change_ != nullptr ? change_->segments.count()
+                            : first_ - 1 + static_cast<int>(seen_->size());
+}
+
+void DxfRows::append(const SegmentRow& row) {
+  if (change_ != nullptr) {
+    change_->segments.append(row, Entry::Unlogged);
+  } else {
+    seen_->push_back(row);
+  }
+}
+
 bool DxfRows::add(const DxfRow& row) {
   if (stopped_) return false;
-  if (change_.segments.count() == kMaxRows) {
+  if (count() == kMaxRows) {
     ++lost_;
     return false;
   }
   try {
-    change_.segments.append(narrowed(row), Entry::Unlogged);
+    append(narrowed(row));
     return true;
   } catch (const RuntimeFailure& failure) {
     takeCallChain();
@@ -54,12 +67,16 @@ std::string DxfRows::troubleOf(const RuntimeFailure& failure) const {
 }
 
 bool DxfRows::askToGoOn(const RuntimeFailure& failure) {
+  if (prompts_ == nullptr) {
+    ++lost_;
+    return true;
+  }
   const Answer answer =
-      prompts_.showMessage({.text = "Error Importing DXF File:  " + troubleOf(failure) +
-                                    "\n\nWould you like to continue importing this file?",
-                            .title = {},
-                            .icon = MessageIcon::Question,
-                            .buttons = MessageButtons::YesNo});
+      prompts_->showMessage({.text = "Error Importing DXF File:  " + troubleOf(failure) +
+                                     "\n\nWould you like to continue importing this file?",
+                             .title = {},
+                             .icon = MessageIcon::Question,
+                             .buttons = MessageButtons::YesNo});
   return answer == Answer::Yes;
 }
 

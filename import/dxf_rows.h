@@ -25,10 +25,15 @@ class DxfRows {
  public:
   // The rows become part of `change`.
   DxfRows(Change& change, Prompts& prompts, const DxfDocument& document)
-      : change_(change),
-        prompts_(prompts),
+      : change_(&change),
+        prompts_(&prompts),
         document_(document),
         first_(change.segments.count() + 1) {}
+
+  // For a look beforehand: the rows go to `seen`, as if behind `before` others. Nothing is asked;
+  // what fails counts as lost.
+  DxfRows(std::vector<SegmentRow>& seen, int before, const DxfDocument& document)
+      : seen_(&seen), document_(document), first_(before + 1) {}
 
   // The entity that the following rows come from, for messages.
   void begin(const DxfEntity& entity) { entity_ = &entity; }
@@ -52,8 +57,12 @@ class DxfRows {
   bool askToGoOn(const RuntimeFailure& failure);
   std::string troubleOf(const RuntimeFailure& failure) const;
 
-  Change& change_;
-  Prompts& prompts_;
+  int count() const;
+  void append(const SegmentRow& row);
+
+  Change* change_ = nullptr;  // or
+  std::vector<SegmentRow>* seen_ = nullptr;
+  Prompts* prompts_ = nullptr;  // with a change
   const DxfDocument& document_;
   const int first_;
   const DxfEntity* entity_ = nullptr;

@@ -1,10 +1,18 @@
 // Import DXF.
 #include "import/frmDXF.h"
 
+#include <algorithm>
+#include <cmath>
+
+#include "core/count_text.h"
 #include "core/drawing_store.h"
 #include "core/file_system.h"
 #include "core/lifecycle.h"
+#include "core/number_text.h"
 #include "core/text.h"
+#include "core/units.h"
+#include "geometry/open_outlines.h"
+#include "import/exact_geometry.h"
 #include "import/import_commands.h"
 #include "import/remembered_options.h"
 
@@ -13,6 +21,7 @@ namespace {
 
 constexpr char kDxfExtension[] = ".DXF";
 constexpr std::size_t kExtensionLength = 4;  // with its dot
+constexpr std::size_t kNamedKinds = 12;
 constexpr char kConversionError[] = "DXF Conversion Error";
 
 bool isDxfName(const std::string& name) {
@@ -33,6 +42,56 @@ std::string lostRows(const DxfRows& rows) {
   return rows.lost() == 1 ? "The last row" : "The last " + std::to_string(rows.lost()) + " rows";
 }
 
+bool isEmptyDrawing(const DrawingStore& store) {
+  return store.NumSegments == 0 && store.NumPathSegments == 0;
+}
+
+std::string counted(std::size_t count, const std::string& one, const std::string& many) {
+  return std::to_string(count) + " " + (count == 1 ? one : many);
+}
+
+std::string place(const OpenEnd& end) {
+  return plainText(end.x) + ", " + plainText(end.y);
+}
+
+// What an operator has to know before he takes it.
+std::string reportOf(const ImportPreview& preview) {
+  std::string text = counted(preview.rows.size(), "row", "rows") + ".";
+  if (preview.openOutlines.empty()) {
+    text += preview.rows.empty() ? "" : " All outlines are closed.";
+  } else {
+    text += " " + counted(preview.openOutlines.size(), "outline is", "outlines are") +
+            " open, at " + place(preview.openOutlines.front());
+    text += preview.openOutlines.size() > 1 ? " and elsewhere." : ".";
+  }
+  if (preview.lost > 0) {
+    text += "\n" + counted(static_cast<std::size_t>(preview.lost), "row has", "rows have") +
+            " no room in the drawing.";
+  }
+  if (preview.unconverted.empty()) return text;
+  text += "\nNot converted: ";
+  for (std::size_t at = 0; at < preview.unconverted.size(); ++at) {
+    if (at == kNamedKinds) return text + " and other kinds.";
+    text += (at == 0 ? "" : ", ") + preview.unconverted[at];
+  }
+  return text + ".";
+}
+
+// On the side of zero where the drawing is; on both when it crosses zero.
+void fitSide(float least, float most, float& size, Int16& origin) {
+  origin = least >= 0 ? 1 : most <= 0 ? -1 : 0;
+  const float reach = std::max(std::abs(least), std::abs(most));
+  size = origin == 0 ? 2 * reach : reach;
+}
+
+// The stock covers the drawing; along with Auto Align, to the edge.
+void fitStock(DrawingStore& store) {
+  const auto box = GetDrawingExtents(store);
+  if (!box) return;
+  fitSide(box->minx, box->maxx, store.partdimx, store.xorigin);
+  fitSide(box->miny, box->maxy, store.partdimy, store.yorigin);
+}
+
 }  // namespace
 
 frmDXF::frmDXF(DraftingContext& context) : Form("frmDXF", "Import DXF File"), context_(context) {
@@ -41,7 +100,14 @@ frmDXF::frmDXF(DraftingContext& context) : Form("frmDXF", "Import DXF File"), co
   chkAutoAlign.setCaption("&Auto Align");
   chkExactGeometry.setCaption("&Exact Geometry");
   cmdImport2TESS.setCaption("&Import");
-  chkExactGeometry.setChecked(exactGeometryRemembered(context.session));
+  chkFileUnits.setCaption("Take the File's &Units");
+  chkFitStock.setCaption("&Fit the Stock");
+  const ImportBoxes boxes = rememberedBoxes(context.session);
+  chkConnectPoints.setChecked(boxes.connectPoints);
+  chkAutoAlign.setChecked(boxes.autoAlign);
+  chkExactGeometry.setChecked(boxes.exactGeometry);
+  chkFileUnits.setChecked(boxes.fileUnits);
+  chkFitStock.setChecked(boxes.fitStock);
   wire();
 }
 
@@ -49,9 +115,27 @@ void frmDXF::wire() {
   setDefaultButton(cmdImport2TESS);
   cmdOpenDXF.onClick = [this] { cmdOpenDXF_Click(); };
   cmdImport2TESS.onClick = [this] { cmdImport2TESS_Click(); };
-  chkExactGeometry.onClick = [this] {
-    rememberExactGeometry(context_.session, chkExactGeometry.isChecked());
+  for (CheckBox* box :
+       {&chkConnectPoints, &chkAutoAlign, &chkExactGeometry, &chkFileUnits, &chkFitStock}) {
+    box->onClick = [this] { boxClicked(); };
+  }
+  onLoad = [this] {
+    looksAhead_ = true;
+    showPreview();
   };
+}
+
+void frmDXF::boxClicked() {
+  if (isWorkedByHand) rememberBoxes(context_.session, boxes());
+  showPreview();
+}
+
+ImportBoxes frmDXF::boxes() const {
+  return {.exactGeometry = chkExactGeometry.isChecked(),
+          .connectPoints = chkConnectPoints.isChecked(),
+          .autoAlign = chkAutoAlign.isChecked(),
+          .fitStock = chkFitStock.isChecked(),
+          .fileUnits = chkFileUnits.isChecked()};
 }
 
 // ---- Opening
@@ -82,6 +166,7 @@ void frmDXF::OpenDXFFile(const std::string& path, const std::string& name) {
   name_ = withoutExtension(name);
   read(file_);
   lblFile.setCaption(name + ": " + entities(reader_.Entities.size()));
+  showPreview();
 }
 
 void frmDXF::read(const std::string& file) {
@@ -107,6 +192,42 @@ void frmDXF::showFault(const std::string& trouble) {
                                              .buttons = MessageButtons::Ok});
 }
 
+// ---- Looking ahead
+
+void frmDXF::showPreview() {
+  if (!looksAhead_ || file_.empty()) return;
+  DxfImportOptions wanted = options();
+  if (takesFileUnits()) wanted.metric = fileUnits(reader_.insunits)->metric;
+  const ImportPreview preview = previewImport(reader_, context_.store, wanted);
+  const bool metric = wanted.metric.value_or(isMetric(context_.store));
+  const std::string size = preview.box ? sizeText(*preview.box, metric) : "";
+  picPreview.show([rows = preview.rows, size] { return PreviewRows{rows, size}; });
+  lblReport.setCaption(reportOf(preview));
+  showUnits();
+}
+
+void frmDXF::showUnits() {
+  const auto file = fileUnits(reader_.insunits);
+  const char* const drawing = isMetric(context_.store) ? "millimetres" : "inches";
+  const char* const one = isMetric(context_.store) ? "millimetre" : "inch";
+  const std::string names = file ? "The file is in " + std::string(file->many) : "";
+  chkFileUnits.setEnabled(file && isEmptyDrawing(context_.store));
+  if (!file) {
+    lblUnits.setCaption("The file names no units: its numbers count as " + std::string(drawing) +
+                        ".");
+  } else if (unitFactor(reader_.insunits, isMetric(context_.store)) == 1) {
+    lblUnits.setCaption(names + ", as the drawing is.");
+  } else if (takesFileUnits() && unitFactor(reader_.insunits, file->metric) == 1) {
+    lblUnits.setCaption(names + ", and so will the drawing be.");
+  } else if (chkExactGeometry.isChecked()) {
+    lblUnits.setCaption(names + ": its lengths are converted.");
+  } else {
+    lblUnits.setCaption(names + ", the drawing in " + drawing +
+                        ": numbers come in as they stand, so that 1 " + file->one + " becomes 1 " +
+                        (takesFileUnits() ? (file->metric ? "millimetre" : "inch") : one) + ".");
+  }
+}
+
 // ---- Converting
 
 DxfImportOptions frmDXF::options() const {
@@ -115,8 +236,29 @@ DxfImportOptions frmDXF::options() const {
           .exactGeometry = chkExactGeometry.isChecked()};
 }
 
+// A drawing that has rows keeps its units.
+bool frmDXF::takesFileUnits() const {
+  const auto file = fileUnits(reader_.insunits);
+  return chkFileUnits.isChecked() && file && file->metric != isMetric(context_.store) &&
+         isEmptyDrawing(context_.store);
+}
+
+void frmDXF::takeFileUnits() {
+  DrawingStore& store = context_.store;
+  store.units = isMetric(store) ? "I" : "M";
+  const double factor = isMetric(store) ? kMillimetresPerInch : 1 / kMillimetresPerInch;
+  store.unitfactor = static_cast<float>(factor);
+  for (float DrawingStore::*side :
+       {&DrawingStore::partdimx, &DrawingStore::partdimy, &DrawingStore::partdimz}) {
+    store.*side *= store.unitfactor;
+  }
+  set_num_formats(context_.session);
+  convert(context_.session);
+}
+
 void frmDXF::cmdImport2TESS_Click() {
   const Procedure here("frmDXF.cmdImport2TESS_Click()");
+  if (takesFileUnits()) takeFileUnits();
   Change change(context_.changes);
   DxfRows rows(change, context_.session.host.prompts, reader_);
   importDxf(reader_, context_.store, rows, options());
@@ -135,8 +277,19 @@ void frmDXF::finish(const DxfRows& rows, Change& change) {
     alignRows(change, context_.store, rows.first(), context_.store.NumSegments);
   }
   change.keep({.redraws = false});
+  if (chkFitStock.isChecked()) fitStock(context_.store);
+  tellImported(rows.first());
   showDrawing();
   close();
+}
+
+void frmDXF::tellImported(int first) {
+  const int last = context_.store.NumSegments;
+  std::string text = countText(last - first + 1, "row") + " imported";
+  if (const int open = openOutlines(context_.store, first, last); open > 0) {
+    text += ", " + countText(open, "outline") + " open";
+  }
+  context_.session.results.tell(text);
 }
 
 void frmDXF::showDrawing() {

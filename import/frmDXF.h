@@ -6,16 +6,19 @@
 #include <string>
 
 #include "core/controls.h"
+#include "core/drawing_preview.h"
 #include "core/form.h"
 #include "drafting/drafting_context.h"
 #include "import/dxf_document.h"
 #include "import/dxf_import.h"
+#include "import/import_preview.h"
+#include "import/remembered_options.h"
 
 namespace tess {
 
 class frmDXF : public Form {
  public:
-  // chkExactGeometry begins as the operator left it.
+  // The boxes begin as the operator left them.
   explicit frmDXF(DraftingContext& context);
 
   // Asks for a file and reads it.
@@ -30,6 +33,9 @@ class frmDXF : public Form {
   // When the operator stops it after a failure, the rows made so far stay and nothing else happens.
   void cmdImport2TESS_Click();
 
+  // False: a script's hand. The boxes are not remembered.
+  bool isWorkedByHand = true;
+
   const DxfDocument& DXFReader1() const { return reader_; }
 
   Button cmdOpenDXF{*this, "cmdOpenDXF"};
@@ -37,6 +43,11 @@ class frmDXF : public Form {
   CheckBox chkConnectPoints{*this, "chkConnectPoints"};
   CheckBox chkAutoAlign{*this, "chkAutoAlign"};
   CheckBox chkExactGeometry{*this, "chkExactGeometry"};
+  CheckBox chkFileUnits{*this, "chkFileUnits"};  // an empty drawing takes those of the file
+  CheckBox chkFitStock{*this, "chkFitStock"};    // the stock becomes as large as the drawing
+  Label lblUnits{*this, "lblUnits"};             // what becomes of the file's lengths
+  Label lblReport{*this, "lblReport"};           // what the import would bring
+  RowsPreview picPreview{*this, "picPreview"};
   Button cmdImport2TESS{*this, "cmdImport2TESS"};
 
  private:
@@ -47,12 +58,20 @@ class frmDXF : public Form {
   void showUnconverted(const DxfRows& rows);
   void finish(const DxfRows& rows, Change& change);
   void showDrawing();
+  void boxClicked();
+  void showPreview();
+  void showUnits();
+  bool takesFileUnits() const;
+  void takeFileUnits();
+  void tellImported(int first);  // the rows from that one on
   DxfImportOptions options() const;
+  ImportBoxes boxes() const;
 
   DraftingContext& context_;
   DxfDocument reader_;
-  std::string file_;  // the file read, with its path
-  std::string name_;  // without path and extension: becomes the drawing's name
+  std::string file_;         // the file read, with its path
+  std::string name_;         // without path and extension: becomes the drawing's name
+  bool looksAhead_ = false;  // somebody sees the form
 };
 
 void mnuFileImport_Click(DraftingContext& context);

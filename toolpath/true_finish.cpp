@@ -14,12 +14,15 @@
 #include "geometry/row_entity.h"
 #include "toolpath/cancellable_command.h"
 #include "toolpath/chain_walk.h"
+#include "toolpath/connected_rows.h"
 #include "toolpath/element_offset.h"
+#include "toolpath/entry_moves.h"
 #include "toolpath/job_walls.h"
 #include "toolpath/lead_gouge.h"
 #include "toolpath/path_groups.h"
 #include "toolpath/path_levels.h"
 #include "toolpath/path_placement.h"
+#include "toolpath/path_proof.h"
 #include "toolpath/region_offset.h"
 #include "toolpath/region_rows.h"
 #include "toolpath/true_leads.h"
@@ -53,7 +56,8 @@ Point startOn(const DrawingStore& store, const TrueFinishRequest& request) {
   return atEnd ? row.end : row.start;
 }
 
-Chain chainFrom(const DrawingStore& store, int sg, Point start) {
+// The rows as the operator's clicks lead along them.
+Chain walkFrom(const DrawingStore& store, int sg, Point start) {
   Chain chain;
   ChainWalk walk(store);
   std::vector<bool> passed(static_cast<std::size_t>(store.NumSegments) + 1, false);
@@ -72,6 +76,33 @@ Chain chainFrom(const DrawingStore& store, int sg, Point start) {
     if (!next || passed[static_cast<std::size_t>(next->row)]) return chain;
     row = next->row;
   }
+}
+
+// The rows of the closed outline that a row is one of, among all that hang together with it; none
+// where these make no outlines.
+std::vector<int> outlineOf(const DrawingStore& store, int sg) {
+  const std::vector<int> rows = rowsConnectedTo(store, sg);
+  const OutlineRegion outlines = regionOf(segmentEntities(store, rows), store.cfg_tolerance);
+  for (const RegionLoop& loop : outlines.region.loops()) {
+    std::vector<int> found;
+    for (const int source : loop.sources) found.push_back(rows[static_cast<std::size_t>(source)]);
+    if (std::find(found.begin(), found.end(), sg) == found.end()) continue;
+    found.erase(std::unique(found.begin(), found.end()), found.end());
+    std::rotate(found.begin(), std::find(found.begin(), found.end(), sg), found.end());
+    return found;
+  }
+  return {};
+}
+
+// A walk from row to row goes astray where an outline touches itself, and at rows shorter than the
+// tolerance.
+Chain chainFrom(const DrawingStore& store, int sg, Point start) {
+  Chain chain = walkFrom(store, sg, start);
+  if (chain.closed) return chain;
+  std::vector<int> outline = outlineOf(store, sg);
+  if (outline.empty()) return chain;
+  const Entity first = travelledRow(store, sg, start, otherEnd(store, sg, start));
+  return {std::move(outline), {first}, /*closed=*/true};
 }
 
 // ---- What is to be cut
@@ -282,6 +313,7 @@ class PassMaker {
       breathe(breathing_);
       return noJudgement_ || field_.isClear(curve, distance - kPlacedSlack);
     });
+    rows.setRoundingLimit(proofLimits(cam_.store).depth);
     for (FinishWay& way : field_.waysAt(distance, breathing_)) {
       const auto leads = leadsOf(way);
       if (links) linkTo(leads ? leads->in.start : way.curves.front().start, rows);
@@ -347,13 +379,6 @@ bool isVerifiedChain(const DrawingStore& store, const Chain& chain) {
                      [&](int sg) { return store.segattr[sg] == kVerifiedRow; });
 }
 
-std::vector<Entity> entitiesOf(const DrawingStore& store, const std::vector<int>& rows) {
-  std::vector<Entity> entities;
-  entities.reserve(rows.size());
-  for (const int sg : rows) entities.push_back(segmentEntity(store, sg));
-  return entities;
-}
-
 std::vector<int> verifiedRows(const DrawingStore& store) {
   std::vector<int> rows;
   for (int sg = 1; sg <= store.NumSegments; ++sg) {
@@ -373,24 +398,33 @@ bool isFreeInside(const PocketRegion& region, const std::vector<int>& rows, cons
   return false;
 }
 
+// What touches the chain is a wall as well, unless there are rows among it that lead nowhere.
+std::vector<int> rowsWithChain(const DrawingStore& store, const Chain& chain) {
+  std::vector<int> rows = rowsConnectedTo(store, chain.rows.front());
+  if (rows.size() <= chain.rows.size()) return chain.rows;
+  const OutlineRegion all = regionOf(segmentEntities(store, rows), store.cfg_tolerance);
+  return all.fault ? chain.rows : rows;
+}
+
 std::unique_ptr<FinishField> fieldOf(CamContext& cam, const Chain& chain,
                                      const TrueFinishRequest& request) {
   const DrawingStore& store = cam.store;
   if (!chain.closed) return std::make_unique<OpenField>(chain, request.reference);
   const float tolerence = store.cfg_tolerance;
-  OutlineRegion alone = regionOf(entitiesOf(store, chain.rows), tolerence);
+  const std::vector<int> own = rowsWithChain(store, chain);
+  OutlineRegion alone = regionOf(segmentEntities(store, own), tolerence);
   if (!outlineIsSound(cam, kCommand, alone)) return nullptr;
   const bool inside = alone.region.isFree(placeOf(request.reference));
   if (isVerifiedChain(store, chain)) {
     const std::vector<int> rows = verifiedRows(store);
-    OutlineRegion all = regionOf(entitiesOf(store, rows), tolerence);
+    OutlineRegion all = regionOf(segmentEntities(store, rows), tolerence);
     if (!outlineIsSound(cam, kCommand, all)) return nullptr;
     if (isFreeInside(all.region, rows, chain) == inside) {
       return std::make_unique<ClosedField>(std::move(all.region), rows, chain, request.start);
     }
   }
-  if (!inside) alone = regionOf(entitiesOf(store, chain.rows), tolerence, /*outside=*/true);
-  return std::make_unique<ClosedField>(std::move(alone.region), chain.rows, chain, request.start);
+  if (!inside) alone = regionOf(segmentEntities(store, own), tolerence, /*outside=*/true);
+  return std::make_unique<ClosedField>(std::move(alone.region), own, chain, request.start);
 }
 
 bool pathIsPossible(CamContext& cam, const FinishField& field, const Breathing& breathing) {
@@ -408,43 +442,54 @@ bool pathIsPossible(CamContext& cam, const FinishField& field, const Breathing& 
 
 // ---- The passes
 
-// The rows of a pass at its distance from the outline.
+// The rows of a pass at its distance from the outline, at all levels, with their ways in.
 struct FinishPass {
   float distance = 0;
-  std::vector<Entity> rows;
+  std::vector<LevelRows> levels;
 };
 
 // All that a command is going to place; nothing of it stands in the drawing before it is complete.
 struct FinishPlan {
-  std::vector<FinishPass> passes;  // in the order in which they are cut
-  bool failed = false;             // a part of the path could not be placed
+  std::vector<FinishPass> passes;    // in the order in which they are cut
+  bool failed = false;               // a part of the path could not be placed
+  std::vector<std::string> entries;  // what is to be told about these
 };
 
 // Nothing after a message.
-std::optional<FinishPlan> planPasses(CamContext& cam, const TrueFinishRequest& request, bool links,
+std::optional<FinishPlan> planPasses(CamContext& cam, const TrueFinishRequest& request,
+                                     const std::vector<PathLevel>& levels,
                                      const Breathing& breathing) {
   const Chain chain = chainFrom(cam.store, request.sg, request.start);
   const auto field = fieldOf(cam, chain, request);
   if (!field || !pathIsPossible(cam, *field, breathing)) return std::nullopt;
+  const bool links = cam.store.cfg_connect_pocketing_paths && levels.size() == 1;
   PassMaker maker(cam, *field, breathing);
+  const auto isClear = [&field](const Curve& curve, double distance) {
+    return field->isClear(curve, distance);
+  };
+  EntryPlanner entries(cam, kCommand, {isClear, passDistance(cam.store, 1), nullptr},
+                       pathInsertIndex(cam.store, cam.pathInsertMode, cam.pathInsertGroup),
+                       breathing);
   FinishPlan plan;
   for (int pass = request.passes; pass >= 1; --pass) {
     // A clearance below 0 would cut into the part.
     const float distance = std::max(passDistance(cam.store, pass), passDistance(cam.store, 1));
-    plan.passes.push_back({distance, maker.rowsAt(distance, links)});
+    auto entered = entries.entered(rowsAtLevels(maker.rowsAt(distance, links), levels));
+    if (!entered) return std::nullopt;
+    plan.passes.push_back({distance, std::move(*entered)});
   }
+  plan.entries = entries.notes();
   plan.failed = maker.refused();
   return plan;
 }
 
-void placePasses(CamContext& cam, const FinishPlan& plan, const JobWalls& walls,
-                 const std::vector<PathLevel>& levels) {
+void placePasses(CamContext& cam, FinishPlan& plan, const JobWalls& walls) {
   DrawingStore& store = cam.store;
   Change change(cam.changes);
-  for (const FinishPass& pass : plan.passes) {
+  for (FinishPass& pass : plan.passes) {
     store.currentpathgroup = nextPathGroup(store);
     const int index = pathInsertIndex(store, cam.pathInsertMode, cam.pathInsertGroup);
-    placeAtLevels(cam, change, index, pass.rows, levels);
+    placeLevels(cam, change, index, std::move(pass.levels));
     noteJob(cam, JobKind::Contour, pass.distance, walls);
   }
   change.keep({.redraws = false});
@@ -464,20 +509,21 @@ void placeTrueFinish(CamContext& cam, const TrueFinishRequest& request) {
   const DrawingStore& store = cam.store;
   const bool several = -std::abs(store.cfg_start_depth) >= roughingFloor(store);
   if (request.passes < 1 || !levelsArePossible(cam, kCommand, several)) return;
+  if (!entriesArePossible(cam, kCommand)) return;
   const BusyPointer busy(cam.context.systemPointer);
   const std::vector<PathLevel> levels = levelsOf(store, several, store.cfg_finish_feedrate);
-  const bool links = store.cfg_connect_pocketing_paths && levels.size() == 1;
   TrueFinishRequest begun = request;
   begun.start = startOn(store, request);
   std::optional<FinishPlan> plan;
   const bool done = unlessCancelled(cam, kStage, [&](const Breathing& breathing) {
-    plan = planPasses(cam, begun, links, breathing);
+    plan = planPasses(cam, begun, levels, breathing);
   });
   if (!done || !plan) return;
-  placePasses(cam, *plan, wallsBeside(store, request.sg, request.reference), levels);
+  placePasses(cam, *plan, wallsBeside(store, request.sg, request.reference));
   cam.context.state.setPendingaction(0);
   showPlacedPaths(cam);
   tellWhatFailed(cam, kCommand, plan->failed);
+  tellEntries(cam, kCommand, plan->entries);
 }
 
 }  // namespace tess

@@ -3,6 +3,7 @@
 //   band  NAME  CAPTION  KIND
 //   command  TOOL  CAPTION  KEY  ICON  BAND  the same BAR  PROMPTS ("|" between them)
 //   key  NAME
+//   desktopkey  NAME  TOOL (none: repeats the last command)
 #include <algorithm>
 #include <iostream>
 #include <string>
@@ -13,6 +14,7 @@
 #include "drafting/drafting_commands.h"
 #include "import/import_commands.h"
 #include "shell/commands.h"
+#include "shell/desktop_keys.h"
 #include "shell/shell_commands.h"
 #include "shell/tool_bands.h"
 #include "toolpath/toolpath_commands.h"
@@ -77,6 +79,9 @@ void printFacts() {
   TESSIMO_COMMANDS(PRINT, PRINT, PRINT, PRINT, PRINT, PRINT)
 #undef PRINT
   for (const char* const key : keysWithoutTool()) std::cout << "key\t" << key << '\n';
+  for (const DesktopKey& row : desktopKeys()) {
+    std::cout << "desktopkey\t" << shownKey(row.key) << '\t' << row.tool << '\n';
+  }
 }
 
 }  // namespace

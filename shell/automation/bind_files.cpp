@@ -127,10 +127,12 @@ int importDxfFile(Script& script, lua_State* L) {
   const int before = script.application.store.NumSegments;
   runReported(script, "import_dxf", [&] {
     frmDXF form(script.application.interaction.context);
-    form.chkExactGeometry.onClick = nullptr;
+    form.isWorkedByHand = false;
     form.chkConnectPoints.setChecked(hasOptions && flagIn(L, 2, kImportOptions[0]));
     form.chkAutoAlign.setChecked(hasOptions && flagIn(L, 2, kImportOptions[1]));
     form.chkExactGeometry.setChecked(hasOptions && flagIn(L, 2, kImportOptions[2]));
+    form.chkFitStock.setChecked(false);
+    form.chkFileUnits.setChecked(false);
     form.OpenDXFFile(file.folder, file.name);
     form.cmdImport2TESS_Click();
   });

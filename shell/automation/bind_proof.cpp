@@ -69,8 +69,27 @@ void pushRapid(lua_State* L, const RapidFinding& rapid) {
   setField(L, "y", rapid.y);
 }
 
+void pushPlunge(lua_State* L, const PlungeFinding& plunge) {
+  lua_createtable(L, 0, 5);
+  setField(L, "row", plunge.row);
+  setField(L, "group", plunge.group);
+  setField(L, "x", plunge.x);
+  setField(L, "y", plunge.y);
+  setField(L, "depth", plunge.depth);
+}
+
+void pushEngagement(lua_State* L, const Engagement& engagement) {
+  lua_createtable(L, 0, 4);
+  setField(L, "share", engagement.share);
+  setField(L, "row", engagement.row);
+  setField(L, "x", engagement.x);
+  setField(L, "y", engagement.y);
+}
+
 void pushJob(lua_State* L, const JudgedJob& job) {
-  lua_createtable(L, 0, 3);
+  lua_createtable(L, 0, 4);
+  pushEngagement(L, job.engagement);
+  lua_setfield(L, -2, "engagement");
   setField(L, "group", job.group);
   setField(L, "kind", kindText(job.kind));
   setField(L, "by", job.byRecord ? "record" : "rows");
@@ -78,13 +97,15 @@ void pushJob(lua_State* L, const JudgedJob& job) {
 
 int proveJob(Script& script, lua_State* L) {
   const PathProof proof = script.application.proofWatch.prove();
-  lua_createtable(L, 0, 7);
+  lua_createtable(L, 0, 8);
   pushGouge(L, proof.gouge);
   lua_setfield(L, -2, "gouge");
   pushMissed(L, proof.missed);
   lua_setfield(L, -2, "missed");
   pushList(L, proof.rapids, [L](const RapidFinding& rapid) { pushRapid(L, rapid); });
   lua_setfield(L, -2, "rapids");
+  pushList(L, proof.plunges, [L](const PlungeFinding& plunge) { pushPlunge(L, plunge); });
+  lua_setfield(L, -2, "plunges");
   pushList(L, proof.jobs, [L](const JudgedJob& job) { pushJob(L, job); });
   lua_setfield(L, -2, "jobs");
   pushList(L, proof.unjudged, [L](int row) { push(L, row); });

@@ -29,6 +29,7 @@
 #include "shell/qt/items_binding.h"
 #include "shell/qt/pdf_pane.h"
 #include "shell/qt/prop_list_pane.h"
+#include "shell/qt/rows_pane.h"
 
 namespace tess {
 
@@ -514,6 +515,16 @@ class BoltBinding : public BindingOf<BoltPreview, BoltPane> {
   }
 };
 
+class RowsBinding : public BindingOf<RowsPreview, RowsPane> {
+ public:
+  using BindingOf::BindingOf;
+
+ protected:
+  void showOwn(Property property) override {
+    if (property == Property::Content) shown_.show(model_.rows());
+  }
+};
+
 // A control that a pane of its own paints, where both are there.
 template <class Binding, class Model, class Pane>
 std::unique_ptr<ControlBinding> boundPane(Control& control, QWidget& widget, FormActions& actions) {
@@ -615,6 +626,7 @@ constexpr std::array kBindings{
     KindOfBinding{ControlKind::Slider, bound<SliderBinding, QAbstractSlider>},
     KindOfBinding{ControlKind::Picture, boundPane<PdfBinding, PdfViewer, PdfPane>},
     KindOfBinding{ControlKind::Picture, boundPane<BoltBinding, BoltPreview, BoltPane>},
+    KindOfBinding{ControlKind::Picture, boundPane<RowsBinding, RowsPreview, RowsPane>},
     KindOfBinding{ControlKind::Picture, bound<PictureBinding, QWidget>},
     KindOfBinding{ControlKind::Frame, bound<FrameBinding, QWidget>},
 };

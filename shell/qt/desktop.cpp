@@ -7,6 +7,7 @@
 #include <QMessageBox>
 #include <QStandardPaths>
 #include <cstdio>
+#include <filesystem>
 #include <iostream>
 #include <memory>
 
@@ -15,6 +16,7 @@
 #include "shell/automation/watchdog.h"
 #include "shell/program_folder.h"
 #include "shell/qt/desktop_program.h"
+#include "shell/qt/instance_door.h"
 #include "shell/qt/plain_numbers.h"
 #include "shell/qt/plot.h"
 #include "shell/qt/script_player.h"
@@ -102,12 +104,28 @@ class Toolkit {
   QApplication application_;
 };
 
+// In the folder of this user's running programs, which nobody else can enter.
+QString runtimeFile(const char* name) {
+  return QDir(QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation)).filePath(name);
+}
+
+std::string doorPath() {
+  return runtimeFile("tessimo.socket").toStdString();
+}
+
 // Held while the program runs, so that a second instance knows.
 std::unique_ptr<QLockFile> takeLock() {
-  const QDir folder(QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation));
-  auto lock = std::make_unique<QLockFile>(folder.filePath("tessimo.lock"));
+  auto lock = std::make_unique<QLockFile>(runtimeFile("tessimo.lock"));
   lock->setStaleLockTime(0);  // only the death of its owner ends it
   return lock->tryLock() || lock->error() != QLockFile::LockFailedError ? std::move(lock) : nullptr;
+}
+
+// A second start with a file: the window that is open takes it.
+bool handOver(const std::string& typed) {
+  if (typed.empty()) return false;
+  std::error_code unknown;  // the folder where it was typed may be gone
+  const std::filesystem::path file = std::filesystem::absolute(typed, unknown);
+  return !unknown && handToRunning(doorPath(), file.string());
 }
 
 void tellThatItRuns() {
@@ -144,6 +162,7 @@ int runDesktop(const DesktopRequest& request, std::vector<std::string> arguments
   const Toolkit toolkit(std::move(arguments));
   const std::unique_ptr<QLockFile> lock = takeLock();
   if (!lock) {
+    if (handOver(request.drawing)) return 0;
     tellThatItRuns();
     return kExitFailed;
   }
@@ -152,6 +171,8 @@ int runDesktop(const DesktopRequest& request, std::vector<std::string> arguments
     const std::string folder = programFolder(wanted);
     DesktopProgram program(folder, request.jetReader, userFolder(wanted),
                            helpFiles(wanted.executableFolder));
+    InstanceDoor door(doorPath());
+    door.onFile = [&](const std::string& file) { return program.takeFile(file); };
     program.open(request.drawing, isFirstStart(wanted, folder));
     return program.serve();
   } catch (const RuntimeFailure& failure) {

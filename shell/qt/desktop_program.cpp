@@ -6,18 +6,23 @@
 #include <QGuiApplication>
 #include <QScreen>
 #include <QSysInfo>
+#include <QTimer>
 #include <iostream>
 #include <optional>
+#include <utility>
 
+#include "core/file_system.h"
 #include "core/lifecycle.h"
 #include "core/version.h"
 #include "shell/automation/reports.h"
 #include "shell/control_choice.h"
 #include "shell/help_commands.h"
+#include "shell/picture.h"
 #include "shell/program_folder.h"
 #include "shell/qt/customize_dialog.h"
 #include "shell/qt/key_strokes.h"
 #include "shell/qt/splash.h"
+#include "shell/qt/theme.h"
 
 namespace tess {
 
@@ -65,11 +70,13 @@ DesktopProgram::DesktopProgram(const std::string& appfolder, const std::string& 
   prompts_.setWindow(&window_);
   colors_.setWindow(&window_);
   paper_.setWindow(&window_);
-  paper_.takeScreenShot = [this] { return bitmapFile(surface_.drawing().picture()); };
+  paper_.takeScreenShot = [this] { return bitmapFile(pictureForPaper()); };
+  application_.interaction.renderer.look.darkTheme = isDark(surface_.palette());
   wirePlatform();
   wireSurface();
   wireWindow();
   window_.toolBars().addSubmenu("miOptions", theme_.menu());
+  wireGuide();
   // Before the window is shown and a layout read, which may have closed it.
   application_.interaction.tools.openBand("barPathProof");
 }
@@ -82,7 +89,7 @@ bool DesktopProgram::open(const std::string& drawing, bool firstStart) {
   gateway_.enter("frmMain.Form_Load()", [&] { application_.load(drawing, appfolder_); });
   if (!failed_ && firstStart) finishFirstStart();
   if (!failed_) gateway_.enter("frmMain.keepJournal()", [&] { application_.keepJournal(); });
-  surface_.setFocus();
+  if (!startPanel_.isAncestorOf(window_.focusWidget())) surface_.setFocus();
   return !failed_;
 }
 
@@ -92,6 +99,34 @@ void DesktopProgram::finishFirstStart() {
     application_.guarded("frmMain.askForControl()", [this] { askForControl(application_); });
     endFirstStart(appfolder_);
   });
+}
+
+bool DesktopProgram::takeFile(const std::string& file) {
+  if (failed_ || gateway_.isBusy() || QApplication::activeModalWidget() != nullptr) return false;
+  QTimer::singleShot(0, &window_, [this, file] {
+    window_.setWindowState(window_.windowState() & ~Qt::WindowMinimized);
+    window_.raise();
+    window_.activateWindow();
+    // A bare name may mean one of the drawings.
+    const std::string drawings = application_.store.drawingpath;
+    gateway_.enter("frmMain.takeFile(file)", [&] {
+      drop({file, drawings + std::string(fileNameOf(file))});
+    });
+  });
+  return true;
+}
+
+// Nothing is said while there is something to take; other files beside it are passed over.
+void DesktopProgram::drop(const std::vector<std::string>& names) {
+  const bool any = droppedFile(names).has_value();
+  dropFiles(application_.session, names);
+  if (any || names.empty()) return;
+  prompts_.showMessage({.text = names.size() == 1
+                                    ? names.front() + " is neither a drawing nor a DXF file."
+                                    : "None of these files is a drawing or a DXF file.",
+                        .title = application_.session.productname,
+                        .icon = MessageIcon::Information,
+                        .buttons = MessageButtons::Ok});
 }
 
 int DesktopProgram::serve() {
@@ -133,11 +168,14 @@ void DesktopProgram::wireSurface() {
   };
   surface_.sumsTurns = [this] { return application_.interaction.navigation.wheelZooms(); };
   surface_.isBusy = [this] { return gateway_.isBusy(); };
+  surface_.onLeave = [this] { gateway_.enter("leave", [&] { application_.leave(); }); };
   surface_.onKey = [this](const QKeyEvent& key) {
+    if (window_.guideBar().position().begin(key)) return true;
     const std::optional<KeyStroke> stroke = keyStroke(key);
     if (stroke) gateway_.enter("key", [&] { application_.key(*stroke); });
     return stroke.has_value();
   };
+  surface_.onThemeChanged = [this] { followTheme(); };
   surface_.onPictureLost = [this] {
     gateway_.enter("redraw", [&] { application_.interaction.redraw.redrawscreen(); });
   };
@@ -146,10 +184,42 @@ void DesktopProgram::wireSurface() {
   };
 }
 
+// The screen as it stands, but for its look.
+QImage DesktopProgram::pictureForPaper() {
+  RasterSurface& shown = surface_.drawing();
+  if (!application_.interaction.renderer.look.isSoft()) return shown.picture();
+  RasterSurface plain(shown.area(), shown.density());
+  paintPicture(application_, plain, /*onPaper=*/true);
+  return plain.picture();
+}
+
+void DesktopProgram::followTheme() {
+  Interaction& interaction = application_.interaction;
+  const bool dark = isDark(surface_.palette());
+  if (std::exchange(interaction.renderer.look.darkTheme, dark) == dark) return;
+  if (interaction.renderer.look.isSoft()) interaction.redraw.soil();
+}
+
 void DesktopProgram::pan(PanPhase phase, Point at) {
   if (phase == PanPhase::Begin) application_.beginPan(at);
   if (phase == PanPhase::Move) application_.movePan(at);
   if (phase == PanPhase::End) application_.endPan(at);
+}
+
+void DesktopProgram::wireGuide() {
+  GuideBar& guide = window_.guideBar();
+  guide.onPosition = [this](const std::string& text, bool rightButton) {
+    std::string trouble;
+    gateway_.enter("position", [&] {
+      trouble = application_.typePosition(text, rightButton ? kRightButton : kLeftButton);
+    });
+    return trouble;
+  };
+  guide.onLog = [this] { return application_.session.results.log(); };
+  application_.session.results.onTold = [this, &guide] {
+    guide.showResult(QString::fromStdString(application_.session.results.told().back().text));
+  };
+  pointer_.mayTakeFocus = [&guide] { return !guide.position().isWriting(); };
 }
 
 void DesktopProgram::wireWindow() {
@@ -158,10 +228,12 @@ void DesktopProgram::wireWindow() {
     gateway_.enter("unload", [this] { application_.unload(); });
     QApplication::quit();
   };
-  window_.onFilesDropped = [this](const std::vector<std::string>& paths) {
-    dropFiles(application_.session, paths);
-  };
+  window_.onFilesDropped = [this](const std::vector<std::string>& paths) { drop(paths); };
   window_.toolBars().onMenuCommand = [this] { armMenuGuard(application_.interaction.context); };
+  application_.onSettled = [this] { startPanel_.settle(); };
+  startPanel_.onChosen = [this](const std::string& tool) {
+    gateway_.enter("frmMain.startChosen(tool)", [&] { startOffer_.choose(tool); });
+  };
   // The command that asked for it comes to its end first.
   application_.onCloseMainWindow = [this] {
     QMetaObject::invokeMethod(

@@ -10,6 +10,7 @@
 #include "shell/qt/main_window.h"
 #include "shell/qt/paper.h"
 #include "shell/qt/ports.h"
+#include "shell/qt/start_panel.h"
 #include "shell/qt/theme_menu.h"
 
 namespace tess {
@@ -25,6 +26,9 @@ class DesktopProgram {
   // Shows the main window and loads as at the program's start, with the drawing named, "" for none.
   // A first start asks for the control and the units. False when the program cannot go on.
   bool open(const std::string& drawing, bool firstStart = false);
+  // Opens a file of another start of the program as one that is dropped on the window: with the
+  // question about unsaved work, in a moment. False while a command or a dialog is under way.
+  bool takeFile(const std::string& file);
   // Serves the window until it is closed; gives the exit status of the process.
   int serve();
 
@@ -39,7 +43,11 @@ class DesktopProgram {
   void wirePlatform();
   void wireSurface();
   void pan(PanPhase phase, Point at);
+  QImage pictureForPaper();
+  void followTheme();
   void wireWindow();
+  void drop(const std::vector<std::string>& names);
+  void wireGuide();
   void end(const std::string& line);
 
   std::string appfolder_;
@@ -60,6 +68,8 @@ class DesktopProgram {
   QtPaper paper_;
   Application application_;
   MainWindow window_;
+  StartOffer startOffer_{application_};
+  StartPanel startPanel_{startOffer_, surface_};
   ThemeMenu theme_;
   bool failed_ = false;
 };

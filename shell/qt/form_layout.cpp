@@ -29,6 +29,7 @@
 #include "shell/qt/file_text_pane.h"
 #include "shell/qt/pdf_pane.h"
 #include "shell/qt/prop_list_pane.h"
+#include "shell/qt/rows_pane.h"
 
 namespace tess {
 
@@ -49,10 +50,13 @@ struct OwnClass {
   QWidget* (*make)(QWidget*);
 };
 
-constexpr std::array kOwnClasses{
-    OwnClass{"QComboBox", make<DropDownBox>},     OwnClass{"PdfPane", make<PdfPane>},
-    OwnClass{"BoltPane", make<BoltPane>},         OwnClass{"FileTextPane", make<FileTextPane>},
-    OwnClass{"PropListPane", make<PropListPane>}, OwnClass{"QTabBar", make<QTabBar>}};
+constexpr std::array kOwnClasses{OwnClass{"QComboBox", make<DropDownBox>},
+                                 OwnClass{"PdfPane", make<PdfPane>},
+                                 OwnClass{"BoltPane", make<BoltPane>},
+                                 OwnClass{"RowsPane", make<RowsPane>},
+                                 OwnClass{"FileTextPane", make<FileTextPane>},
+                                 OwnClass{"PropListPane", make<PropListPane>},
+                                 OwnClass{"QTabBar", make<QTabBar>}};
 
 class Loader : public QUiLoader {
  public:
@@ -92,21 +96,6 @@ QWidget* loadLayoutFile(const Form& form, QWidget* parent) {
   QFile file(QString(":/forms/%1.ui").arg(layoutName(form)));
   if (!file.open(QIODevice::ReadOnly)) return nullptr;
   return makeLoader()->load(&file, parent);
-}
-
-// "txtNumPasses" as "Num Passes": better than a field without any name.
-QString spokenName(const Control& control) {
-  const std::string& name = control.name();
-  const auto start = std::find_if(name.begin(), name.end(),
-                                  [](unsigned char letter) { return std::isupper(letter) != 0; });
-  QString spoken;
-  for (auto at = start; at != name.end(); ++at) {
-    const bool starts = at != start && std::isupper(static_cast<unsigned char>(*at)) != 0 &&
-                        std::islower(static_cast<unsigned char>(at[-1])) != 0;
-    if (starts) spoken += ' ';
-    spoken += *at;
-  }
-  return spoken;
 }
 
 QWidget* makeTextBox(const Control& control, QWidget* parent) {
@@ -278,6 +267,20 @@ void findWidgets(const Form& form, FormLayout& layout) {
 QString widgetName(const Control& control) {
   const QString name = QString::fromStdString(control.name());
   return control.arrayIndex() ? QString("%1_%2").arg(name).arg(*control.arrayIndex()) : name;
+}
+
+QString spokenName(const Control& control) {
+  const std::string& name = control.name();
+  const auto start = std::find_if(name.begin(), name.end(),
+                                  [](unsigned char letter) { return std::isupper(letter) != 0; });
+  QString spoken;
+  for (auto at = start; at != name.end(); ++at) {
+    const bool starts = at != start && std::isupper(static_cast<unsigned char>(*at)) != 0 &&
+                        std::islower(static_cast<unsigned char>(at[-1])) != 0;
+    if (starts) spoken += ' ';
+    spoken += *at;
+  }
+  return spoken;
 }
 
 FormLayout makeFormLayout(const Form& form, QWidget* parent) {

@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QDateTime>
 #include <QEventLoop>
+#include <QFile>
 #include <QKeyEvent>
 #include <QPointer>
 #include <QThread>
@@ -181,6 +182,11 @@ void DesktopSurroundings::beep() {
   QApplication::beep();
 }
 
+Trash DesktopSurroundings::moveToTrash(const std::string& path) {
+  QFile file(QString::fromStdString(path));
+  return file.moveToTrash() ? Trash::Taken : Trash::Failed;
+}
+
 namespace {
 
 // Hears the next key of the program's windows before they do.
@@ -299,6 +305,7 @@ void DesktopPointer::releaseCapture() {
 }
 
 void DesktopPointer::focusSurface() {
+  if (mayTakeFocus && !mayTakeFocus()) return;
   if (surface_.window()->isActiveWindow() && !surface_.hasFocus()) {
     surface_.setFocus(Qt::OtherFocusReason);
   }

@@ -60,6 +60,7 @@ class DesktopSurroundings : public Surroundings {
   // Cheap enough to be called for every row: looks for events a few times per frame only.
   void serveEvents() override;
   void beep() override;
+  Trash moveToTrash(const std::string& path) override;
   void waitForKey() override;
   // With Esc; any other input waits until the work is done.
   void setCancellable(bool on) override;
@@ -94,6 +95,9 @@ class DesktopPointer : public Pointer {
   bool isOverSurface() const override;
   void releaseCapture() override;
   void focusSurface() override;
+
+  // Whether the keyboard may go to the drawing now; it may where this is not set.
+  std::function<bool()> mayTakeFocus;
 
  private:
   void showShape();

@@ -200,10 +200,16 @@ bool SurfaceWidget::handleKey(const QKeyEvent& key) {
   return onKey && onKey(key);
 }
 
+void SurfaceWidget::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange && onThemeChanged) onThemeChanged();
+}
+
 // What follows on another widget comes after what was meant here.
 void SurfaceWidget::leaveEvent(QEvent* event) {
   carryOutWaiting();
   QWidget::leaveEvent(event);
+  if (!dragging_ && !panning_ && onLeave) onLeave();
 }
 
 void SurfaceWidget::keyPressEvent(QKeyEvent* event) {

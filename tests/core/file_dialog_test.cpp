@@ -1,6 +1,7 @@
 // The two file dialogs without a window: what they list, where they go, and what they take.
 #include "core/file_dialog.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <memory>
@@ -8,6 +9,7 @@
 #include "gtest/gtest.h"
 
 #include "core/file_system.h"
+#include "tests/support/source_folder.h"
 #include "tests/support/temp_folder.h"
 
 namespace tess {
@@ -71,6 +73,35 @@ TEST_F(FileDialogTest, ListsWhatFitsInTheOrderOfNamesRegardlessOfCase) {
   EXPECT_EQ(dialog->lstFiles.items(), (Names{"Alpha.CDM", "beta.cdm"}));
   EXPECT_EQ(dialog->lstFolders.items(), (Names{"..", "Backup", "old"}));
   EXPECT_EQ(dialog->cmbFilter.items(), Names{"*.CDM"});
+}
+
+TEST_F(FileDialogTest, OffersThePlacesOfTheRequestThatAreThere) {
+  testing::TempFolder other;
+  show({.title = "Open",
+        .pattern = "*.CDM",
+        .folder = {},
+        .name = {},
+        .okCaption = "&Delete",
+        .places = {other(), "/no/such/folder", other()}});
+  const std::vector<std::string>& places = dialog->cmbFolder.items();
+  EXPECT_EQ(std::count(places.begin(), places.end(), other()), 1);
+  EXPECT_EQ(std::count(places.begin(), places.end(), "/no/such/folder/"), 0);
+  EXPECT_EQ(dialog->cmdOK.caption(), "&Delete");
+  EXPECT_FALSE(dialog->picDrawing.isVisible());
+}
+
+TEST_F(FileDialogTest, ShowsTheDrawingThatIsChosen) {
+  show({.title = "Open", .pattern = "*.CDM", .folder = {}, .name = {}, .showsDrawings = true});
+  EXPECT_TRUE(dialog->picDrawing.rows().rows.empty());
+  std::filesystem::copy(TESSIMO_SOURCE_DIR "/examples/plate.cdm", folder("beta.cdm"),
+                        std::filesystem::copy_options::overwrite_existing);
+  dialog->lstFiles.setIndex(1);
+  EXPECT_GT(dialog->picDrawing.rows().rows.size(), 5U);
+  EXPECT_EQ(dialog->picDrawing.rows().note,
+            std::to_string(dialog->picDrawing.rows().rows.size()) + " rows");
+  dialog->lstFiles.setIndex(0);
+  EXPECT_TRUE(dialog->picDrawing.rows().rows.empty());
+  EXPECT_EQ(dialog->picDrawing.rows().note, "Input past end of file") << "Alpha.CDM is empty";
 }
 
 TEST_F(FileDialogTest, AnotherFilterShowsOtherFiles) {

@@ -440,6 +440,27 @@ TEST_F(Lifecycle, DeleteTakesTheChosenDrawingButNotItsPaths) {
   EXPECT_TRUE(test.home.has("CNC/PART.TPM")) << "a cancelled dialog deletes nothing";
 }
 
+TEST_F(Lifecycle, DeleteHasItsOwnButtonAndMovesToTheTrash) {
+  makeDrawing("CNC/PART.CDM");
+  test.recording.surroundings.trash = Trash::Taken;
+  test.recording.prompts.files = {test.home("CNC/PART.CDM")};
+  mnuFileDelete_Click(session);
+  EXPECT_EQ(test.recording.prompts.fileRequests.back().okCaption, "&Delete");
+  EXPECT_THAT(test.recording.surroundings.trashed, ElementsAre(test.home("CNC/PART.CDM")));
+  EXPECT_TRUE(test.home.has("CNC/PART.CDM")) << "taking it is the trash's affair";
+}
+
+TEST_F(Lifecycle, AFileThatTheTrashDoesNotTakeStays) {
+  makeDrawing("CNC/PART.CDM");
+  test.recording.surroundings.trash = Trash::Failed;
+  test.recording.prompts.files = {test.home("CNC/PART.CDM")};
+  mnuFileDelete_Click(session);
+  EXPECT_TRUE(test.home.has("CNC/PART.CDM"));
+  ASSERT_EQ(test.messages().size(), 1U);
+  EXPECT_EQ(test.messages()[0].text, "The trash does not take " + test.home("CNC/PART.CDM") +
+                                         ".\n\nThe file has not been deleted.");
+}
+
 TEST_F(Lifecycle, TitleShowsTheUpperCasedNameOrUntitled) {
   store.drawingname = "Fräse 1.cdm";
   showDrawingName(session);

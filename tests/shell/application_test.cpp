@@ -20,5 +20,19 @@ TEST(Closing, EndsARedrawOnceItIsAgreedTo) {
   EXPECT_TRUE(program.application.interaction.redraw.redrawabort);
 }
 
+// The stock of another setup is another one.
+TEST(LoadSetup, ShowsTheWholeStock) {
+  testing::RunningProgram program;
+  Application& application = program.application;
+  program.home.write("other.msu", "part dim x = 40\r\npart dim y = 30\r\n");
+  application.clickTool("miZoomIn");
+  const float close = application.interaction.view.viewspan;
+  program.platform.prompts.files = {program.home("other.msu")};
+  application.clickTool("miLoadSetup");
+  EXPECT_EQ(application.store.partdimx, 40);
+  EXPECT_NE(application.interaction.view.viewspan, close);
+  EXPECT_FLOAT_EQ(application.interaction.view.viewcx, 20);
+}
+
 }  // namespace
 }  // namespace tess

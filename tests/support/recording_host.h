@@ -61,6 +61,10 @@ class RecordingSurroundings : public Surroundings {
   bool isCancelled() const override { return isCancellable && eventsServed >= cancelAt; }
   void beep() override { ++beeps; }
   void printOnMainWindow(const std::string& text) override { printed.push_back(text); }
+  Trash moveToTrash(const std::string& path) override {
+    if (trash != Trash::None) trashed.push_back(path);
+    return trash;
+  }
 
   int eventsServed = 0;
   std::function<void()> onServe;
@@ -68,6 +72,8 @@ class RecordingSurroundings : public Surroundings {
   bool isCancellable = false;
   int beeps = 0;
   std::vector<std::string> printed;
+  Trash trash = Trash::None;
+  std::vector<std::string> trashed;
 };
 
 class RecordingFailures : public FailureSink {

@@ -41,6 +41,7 @@ class RecordingListener : public SessionListener {
   void recentFilesChanged() override { note("recentFilesChanged"); }
   void brandingRead() override { note("brandingRead"); }
   void load_xsetup() override { note("load_xsetup"); }
+  void setupChosen() override { note("setupChosen"); }
   void scaleDrawing(float factor) override { note("scaleDrawing(" + plainText(factor) + ")"); }
   void closeMainWindow() override { note("closeMainWindow"); }
   void importDxf(const std::string& path) override { imported.push_back(path); }

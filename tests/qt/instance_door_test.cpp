@@ -1,0 +1,175 @@
+// A second start hands its file to the window that is open, and files of any kind are dropped on
+// it.
+#include "shell/qt/instance_door.h"
+
+#include <QDropEvent>
+#include <QFile>
+#include <QMimeData>
+#include <QUrl>
+#include <array>
+#include <future>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/un.h>
+
+#include "core/drawing_store.h"
+#include "tests/qt/dialog_test_support.h"
+#include "tests/qt/plate_program.h"
+
+namespace tess {
+namespace {
+
+using testing::waitFor;
+
+// What a second process does while this one serves its events.
+bool handsOver(const std::string& door, const std::string& file) {
+  auto answer = std::async(std::launch::async, [&] { return handToRunning(door, file); });
+  waitFor([&] { return answer.wait_for(std::chrono::seconds(0)) == std::future_status::ready; });
+  return answer.get();
+}
+
+class Door : public ::testing::Test {
+ protected:
+  Door() {
+    door.onFile = [this](const std::string& file) {
+      files.push_back(file);
+      return takes;
+    };
+  }
+  testing::TempFolder folder;
+  std::string path = folder("door");
+  InstanceDoor door{path};
+  std::vector<std::string> files;
+  bool takes = true;
+};
+
+TEST_F(Door, TakesAFileWithAnyName) {
+  EXPECT_TRUE(handsOver(path, "/parts/Fräse \"1\".cdm"));
+  EXPECT_EQ(files, std::vector<std::string>{"/parts/Fräse \"1\".cdm"});
+}
+
+TEST_F(Door, IsTheUsersAlone) {
+  struct stat state {};
+  ASSERT_EQ(::stat(path.c_str(), &state), 0);
+  EXPECT_EQ(state.st_mode & 0777U, 0700U);
+}
+
+TEST_F(Door, MayRefuse) {
+  takes = false;
+  EXPECT_FALSE(handsOver(path, "/parts/a.cdm"));
+  EXPECT_EQ(files.size(), 1U);
+}
+
+TEST_F(Door, PathsThatAreNoneAreNotSent) {
+  EXPECT_FALSE(handsOver(path, ""));
+  EXPECT_FALSE(handsOver(path, "/parts/a\nb.cdm"));
+  EXPECT_FALSE(handsOver(path, std::string(5000, 'a')));
+  EXPECT_TRUE(handsOver(path, std::string(4095, 'a')));
+  EXPECT_EQ(files.size(), 1U);
+}
+
+TEST_F(Door, WhoSendsAnythingElseIsIgnored) {
+  for (const std::string& text : {std::string("no end"), std::string("a\0b\n", 4),
+                                  std::string("two\nlines\n"), std::string(9000, 'x')}) {
+    const Descriptor peer(::socket(AF_UNIX, SOCK_STREAM, 0));
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    path.copy(address.sun_path, sizeof address.sun_path - 1);
+    ASSERT_EQ(::connect(peer.number(), reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
+    ASSERT_GT(::send(peer.number(), text.data(), text.size(), MSG_NOSIGNAL), 0);
+    char answer = 0;
+    EXPECT_TRUE(waitFor([&] {
+      return ::recv(peer.number(), &answer, 1, MSG_DONTWAIT) == 0 || errno == ECONNRESET;
+    }));
+  }
+  EXPECT_TRUE(files.empty());
+  EXPECT_TRUE(handsOver(path, "/parts/a.cdm")) << "the next one is heard";
+}
+
+TEST_F(Door, OfADeadProcessIsReplaced) {
+  QFile::link("/nowhere", QString::fromStdString(folder("old")));
+  const InstanceDoor again(folder("old"));
+  EXPECT_TRUE(again.isOpen());
+}
+
+TEST(DoorWithoutListener, IsClosed) {
+  const testing::TempFolder folder;
+  EXPECT_FALSE(handToRunning(folder("nobody"), "/parts/a.cdm"));
+  EXPECT_FALSE(handToRunning(std::string(300, 'a'), "/parts/a.cdm"));
+  EXPECT_FALSE(InstanceDoor(std::string(300, 'a')).isOpen());
+}
+
+class HandedFiles : public testing::PlateProgram {
+ protected:
+  Application& application() { return program->application(); }
+  // Another drawing than the plate, with one row.
+  std::string otherDrawing() {
+    std::filesystem::copy(TESSIMO_SOURCE_DIR "/examples/clamp.cdm", home("other.cdm"));
+    return home("other.cdm");
+  }
+  void drop(const QList<QUrl>& urls) {
+    QMimeData data;
+    data.setUrls(urls);
+    QDragEnterEvent enter({10, 10}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&program->window(), &enter);
+    QDropEvent event(QPointF(10, 10), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&program->window(), &event);
+  }
+  // The text of the box that the next event brings.
+  void expectMessage(std::string& text) {
+    testing::whenModal([&text](QWidget& box) {
+      text = box.findChild<QLabel*>("qt_msgbox_label")->text().toStdString();
+      box.close();
+    });
+  }
+};
+
+TEST_F(HandedFiles, OpenAsThoughDropped) {
+  EXPECT_TRUE(program->takeFile(otherDrawing()));
+  EXPECT_TRUE(waitFor([&] { return application().store.drawingname == "other.cdm"; }));
+}
+
+TEST_F(HandedFiles, ABareNameMayBeOneOfTheDrawings) {
+  std::filesystem::rename(otherDrawing(), home("CNC/other.cdm"));
+  EXPECT_TRUE(program->takeFile("/nowhere/other"));
+  EXPECT_TRUE(waitFor([&] {
+    return application().store.drawingname == "other.CDM" ||
+           application().store.drawingname == "other.cdm";
+  }));
+}
+
+TEST_F(HandedFiles, AreRefusedWhileADialogIsOpen) {
+  bool looked = false;
+  testing::whenModal([&](QWidget& dialog) {
+    looked = true;
+    EXPECT_FALSE(program->takeFile("/parts/a.cdm"));
+    dialog.close();
+  });
+  program->window().toolBars().action("miMirror")->trigger();
+  EXPECT_TRUE(looked);
+}
+
+TEST_F(HandedFiles, DropsOfOtherKindsAreTold) {
+  std::string text;
+  expectMessage(text);
+  drop({QUrl::fromLocalFile("/etc/hostname")});
+  EXPECT_EQ(text, "/etc/hostname is neither a drawing nor a DXF file.");
+  expectMessage(text);
+  drop({QUrl::fromLocalFile("/etc"), QUrl::fromLocalFile(QString::fromStdString(home("no.png")))});
+  EXPECT_EQ(text, "None of these files is a drawing or a DXF file.");
+  drop({QUrl("http://example.org/x.cdm")});
+  EXPECT_EQ(application().store.drawingname, "plate.cdm");
+}
+
+TEST_F(HandedFiles, OfAnyNumberTheFirstDrawingIsTaken) {
+  QList<QUrl> urls;
+  for (int file = 0; file < 20000; ++file) {
+    urls << QUrl::fromLocalFile(QString("/nowhere/photo %1.png").arg(file));
+  }
+  urls << QUrl::fromLocalFile(QString::fromStdString(otherDrawing()));
+  drop(urls);
+  EXPECT_EQ(application().store.drawingname, "other.cdm");
+}
+
+}  // namespace
+}  // namespace tess
