@@ -23,6 +23,7 @@ namespace fs = std::filesystem;
 
 constexpr int kMaxLinks = 40;  // of a chain; a ring of links has no end
 constexpr mode_t kNewFileMode = 0666;
+constexpr mode_t kPrivateFileMode = 0600;
 constexpr mode_t kPermissionBits = 07777;
 constexpr std::size_t kReadBlock = 1 << 16;
 constexpr std::string_view kTemporaryBegin = ".tessimo-";
@@ -377,6 +378,29 @@ void removeFile(WriteGuard& guard, std::string_view path, FileKind kind) {
   const FilePlace place = FilePlace::ofEntry(guard, path, kind);
   place.remove();
   place.flushFolder();
+}
+
+std::string writeTemporaryFile(std::string_view begin, std::string_view end,
+                               std::string_view content) {
+  std::error_code error;
+  const fs::path folder = fs::temp_directory_path(error);
+  if (error) raiseWriteFailure(error.value(), folder.string());
+  const std::string mine = std::string(begin) + std::to_string(::getpid()) + "-";
+  for (int number = 0;; ++number) {
+    const std::string path = (folder / (mine + std::to_string(number) + std::string(end))).string();
+    constexpr int kFlags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
+    const Descriptor file(::open(path.c_str(), kFlags, kPrivateFileMode));
+    if (!file.isOpen() && errno == EEXIST) continue;
+    if (!file.isOpen()) raiseWriteFailure(errno, path);
+    if (writeAll(file.number(), content)) return path;
+    const int failure = errno;
+    removeTemporaryFile(path);
+    raiseFileFailure(failure, path);
+  }
+}
+
+void removeTemporaryFile(const std::string& path) {
+  ::unlink(path.c_str());
 }
 
 }  // namespace tess

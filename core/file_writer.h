@@ -1,7 +1,7 @@
 // The one place through which files are written and removed. A folder is opened once, the guard is
 // asked about that very folder, and everything then happens inside it: new content is complete on
 // the disk, under a temporary name, before anything that was there is touched.
-// Owns: FilePlace, StagedFile, writeFile, removeFile.
+// Owns: FilePlace, StagedFile, writeFile, removeFile, writeTemporaryFile, removeTemporaryFile.
 #pragma once
 
 #include <memory>
@@ -112,5 +112,14 @@ void writeFile(WriteGuard& guard, std::string_view path, FileKind kind, std::str
 
 // Removes the file if it is there.
 void removeFile(WriteGuard& guard, std::string_view path, FileKind kind);
+
+// A new file in the system's folder for such files, which is read soon and then removed: it need
+// not reach the disk. Whoever runs the program may write there, and a name that is there already is
+// never taken. The name begins with `begin` and ends with `end`. Gives the path; raises what a
+// FilePlace raises.
+std::string writeTemporaryFile(std::string_view begin, std::string_view end,
+                               std::string_view content);
+// What cannot be removed the system clears away.
+void removeTemporaryFile(const std::string& path);
 
 }  // namespace tess

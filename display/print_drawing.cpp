@@ -1,9 +1,7 @@
 // The printed page.
 #include "display/print_drawing.h"
 
-#include <filesystem>
 #include <string_view>
-#include <unistd.h>
 #include <utility>
 #include <vector>
 
@@ -45,21 +43,6 @@ BlockRow blockRow(const Session& session, int row) {
       return {"Revision: ", {store.drawingrevision}};
     default:
       return {store.designername, {store.creationdate}};
-  }
-}
-
-// A file of its own in the system's folder for such files: whoever runs the program may write
-// there, and a name that is there already is never taken.
-std::string writeTemporary(const std::string& content) {
-  const std::string folder = withSeparator(std::filesystem::temp_directory_path().string());
-  NoGuard guard;
-  for (int number = 0;; ++number) {
-    const std::string path =
-        folder + "TMP" + std::to_string(::getpid()) + "-" + std::to_string(number) + ".bmp";
-    if (fileExists(path)) continue;
-    // It is read in a moment and then removed: it need not reach the disk.
-    FilePlace(guard, path, FileKind::Record).create(content);
-    return path;
   }
 }
 
@@ -121,21 +104,15 @@ void DrawingPrinter::PrintPreviewScreenShotWorkAround(DrawingTarget& target) {
   surroundings.serveEvents();
   screen_.surface().Refresh();
   surroundings.serveEvents();
-  temporary_ = writeTemporary(control_->screenShot());
+  removeTemporary();
+  temporary_ = writeTemporaryFile("TMP", ".bmp", control_->screenShot());
   session_.host.clock.sleep(kSettleTime);
   surroundings.serveEvents();
   page->PreviewBMP(temporary_, blockTop());
 }
 
 void DrawingPrinter::removeTemporary() {
-  if (temporary_.empty()) return;
-  const std::string path = std::exchange(temporary_, {});
-  NoGuard guard;
-  try {
-    removeFile(guard, path, FileKind::Record);
-  } catch (const RuntimeFailure&) {
-    takeCallChain();  // what the system clears away by itself is not worth a report
-  }
+  if (!temporary_.empty()) removeTemporaryFile(std::exchange(temporary_, {}));
 }
 
 void PictureDisk::store_Picture(StatusBar& status) {

@@ -5,9 +5,11 @@
 #include <algorithm>
 #include <atomic>
 #include <cstdio>
+#include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
 #include <functional>
+#include <iterator>
 #include <stdexcept>
 #include <sys/wait.h>
 #include <thread>
@@ -350,6 +352,62 @@ TEST(WriteGuard, IsAskedAboutEachNameInAnOpenFolder) {
   EXPECT_TRUE(backup.sharesFolderWith(place));
   EXPECT_EQ(backup.path(), fs::canonical(folder()).string() + "/a.cdm~");
   EXPECT_THAT(guard.kinds, ElementsAre(FileKind::Drawing, FileKind::Companion));
+}
+
+// ---- Temporary files
+
+class TemporaryFiles : public ::testing::Test {
+ protected:
+  TemporaryFiles() { ::setenv("TMPDIR", folder().c_str(), 1); }
+  ~TemporaryFiles() override {
+    before_.empty() ? ::unsetenv("TMPDIR") : ::setenv("TMPDIR", before_.c_str(), 1);
+  }
+
+  std::size_t count() const {
+    return static_cast<std::size_t>(
+        std::distance(fs::directory_iterator(folder()), fs::directory_iterator()));
+  }
+
+  TempFolder folder;
+
+ private:
+  static std::string setting() {
+    const char* const set = std::getenv("TMPDIR");
+    return set == nullptr ? "" : set;
+  }
+  const std::string before_ = setting();
+};
+
+TEST_F(TemporaryFiles, EachHasANameOfItsOwnAndIsGoneWhenItIsRemoved) {
+  const std::string first = writeTemporaryFile("TMP", ".bmp", "one");
+  const std::string second = writeTemporaryFile("TMP", ".bmp", "two");
+  EXPECT_NE(first, second);
+  for (const std::string& path : {first, second}) {
+    EXPECT_TRUE(fs::equivalent(fs::path(path).parent_path(), folder()));
+    EXPECT_TRUE(fs::path(path).filename().string().starts_with("TMP"));
+    EXPECT_EQ(fs::path(path).extension(), ".bmp");
+    EXPECT_EQ(fs::status(path).permissions(), fs::perms::owner_read | fs::perms::owner_write);
+  }
+  EXPECT_EQ(readFile(first), "one");
+  EXPECT_EQ(readFile(second), "two");
+  removeTemporaryFile(first);
+  removeTemporaryFile(second);
+  removeTemporaryFile(second);  // gone already
+  EXPECT_EQ(count(), 0U);
+}
+
+TEST_F(TemporaryFiles, AFullDiskLeavesNone) {
+  const FullDisk disk(10);
+  const RuntimeFailure failure =
+      failureOf([] { writeTemporaryFile("TMP", ".bmp", std::string(100, 'x')); });
+  EXPECT_EQ(failure.number(), FailureNumber::DiskFull);
+  EXPECT_EQ(count(), 0U);
+}
+
+TEST_F(TemporaryFiles, AFolderThatIsNoneIsNamed) {
+  ::setenv("TMPDIR", folder("missing").c_str(), 1);
+  EXPECT_EQ(numberOfFailure([] { writeTemporaryFile("TMP", ".bmp", ""); }),
+            FailureNumber::PathNotFound);
 }
 
 }  // namespace

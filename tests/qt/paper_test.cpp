@@ -1,6 +1,7 @@
 // Documents as PDF: measured from the operators that stand in the file.
 #include "shell/qt/paper.h"
 
+#include <QBuffer>
 #include <QByteArray>
 #include <QImage>
 #include <QPdfDocument>
@@ -15,6 +16,7 @@
 #include "shell/printing.h"
 #include "shell/virtual_screen.h"
 #include "tests/qt/desktop_test_support.h"
+#include "tests/support/failure_of.h"
 #include "tests/support/running_program.h"
 
 namespace tess {
@@ -210,6 +212,24 @@ TEST_F(PaperTest, ThePageOfTheScreenKeepsThePictureWithoutLoss) {
   EXPECT_TRUE(pdf.starts_with("%PDF"));
   EXPECT_EQ(pdf.find("/DCTDecode"), std::string::npos);
   EXPECT_NE(pdf.find("/Image"), std::string::npos);
+}
+
+TEST_F(PaperTest, ABitmapFileIsThatOfTheToolkit) {
+  EXPECT_EQ(testing::numberOfFailure([] { bitmapFile(QImage()); }),
+            FailureNumber::DeviceInputOutput);
+  for (const QSize size : {QSize(1, 1), QSize(2, 3), QSize(3, 2), QSize(5, 4), QSize(64, 7)}) {
+    QImage image(size, QImage::Format_RGB32);
+    for (int y = 0; y < size.height(); ++y) {
+      for (int x = 0; x < size.width(); ++x) image.setPixel(x, y, qRgb(x * 3, y * 30, x + y));
+    }
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    ASSERT_TRUE(image.save(&buffer, "BMP"));
+    EXPECT_EQ(bitmapFile(image), bytes.toStdString()) << size.width();
+    EXPECT_EQ(bitmapFile(image.convertToFormat(QImage::Format_ARGB32_Premultiplied)),
+              bytes.toStdString())
+        << size.width();
+  }
 }
 
 TEST_F(PaperTest, ThePageOfTheScreenCanBeRead) {
