@@ -107,6 +107,8 @@
                                                                            \
   SHELL(kContentsCommand)                                                  \
   SHELL(kSearchCommand)                                                    \
+  SHELL(kKeysCommand)                                                      \
+  SHELL(kExamplesCommand)                                                  \
   SHELL(kAboutCommand)                                                     \
                                                                            \
   DRAFTING(kVisualGridCommand)                                             \

@@ -77,6 +77,7 @@
   SETTING(endmarkers, Int16, S, "end markers", Live, OnlyOne)                                \
   SETTING(parttemplate, Int16, S, "part template", Live, OnlyOne)                            \
   SETTING(tooloutline, Int16, S, "tool outline", Live, OnlyOne)                              \
+  SETTING(desktopkeys, Flag, S, "desktop keys", Live, WhenSet)                               \
   SETTING(visualgrid, float, S, "visual grid", Default, Plain)                               \
   SETTING(visualgridf, Int16, S, "visual grid f", Default, Plain)                            \
   SETTING(cursorgrid, float, S, "cursor grid", Default, Plain)                               \

@@ -108,6 +108,14 @@ void ToolHost::setCaption(std::string_view name, std::string caption) {
   announce(*found, ToolProperty::Caption);
 }
 
+void ToolHost::setKey(std::string_view name, std::string key, std::string hint) {
+  Tool* found = find(name);
+  if (found == nullptr || (found->key == key && found->hint == hint)) return;
+  found->key = std::move(key);
+  found->hint = std::move(hint);
+  announce(*found, ToolProperty::Key);
+}
+
 void ToolHost::setFlag(std::string_view name, bool Tool::*flag, bool value, ToolProperty property) {
   Tool* found = find(name);
   if (found == nullptr || std::exchange(found->*flag, value) == value) return;

@@ -58,7 +58,7 @@ struct Band {
   DockedPanel* panel = nullptr;
 };
 
-enum class ToolProperty { Caption, Enabled, Visible, Checked, Armed };
+enum class ToolProperty { Caption, Key, Enabled, Visible, Checked, Armed };
 enum class BandProperty { Open, Panel, Tools };
 
 // A view of the tools.
@@ -91,6 +91,8 @@ class ToolHost {
   bool isChecked(std::string_view name) const;
 
   void setCaption(std::string_view name, std::string caption);
+  // The key as menus show it, and the hint that tells of it.
+  void setKey(std::string_view name, std::string key, std::string hint);
   void setEnabled(std::string_view name, bool enabled);
   void setVisible(std::string_view name, bool visible);
   void setChecked(std::string_view name, bool checked);

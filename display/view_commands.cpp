@@ -53,6 +53,18 @@ void ViewCommands::setview(std::optional<double> x, std::optional<double> y) {
   parts_.redraw.redrawscreen();
 }
 
+void ViewCommands::showView(Point center, float span) {
+  const Procedure here("frmMain.setview(x,y)");
+  View& view = parts_.view;
+  view.viewcx = center.x;
+  view.viewcy = center.y;
+  view.viewspan = span;
+  view.zoomfactor = narrow(magnification(view));
+  const bool takesEvents = parts_.ScreenProxy.surface().Enabled();
+  parts_.redraw.redrawscreen(/*target=*/nullptr, /*ShowGrid=*/true, /*FillPartTemplate=*/true,
+                             /*DisableEvents=*/!takesEvents);
+}
+
 // Fixed: (0, 0) stands for no place; zooming there keeps the view where it is.
 void ViewCommands::centerAt(double x, double y) {
   if (x == 0 && y == 0) {

@@ -72,6 +72,10 @@ class ViewCommands {
   // Moves the centre, a missing coordinate staying as it is, and redraws at once.
   void setview(std::optional<double> x = {}, std::optional<double> y = {});
 
+  // Shows another part at another scale, at once. The surface goes on taking pointer events, since
+  // the operator is in the middle of a movement.
+  void showView(Point center, float span);
+
   // Half or double the extents, about a point; (0, 0) means about the present centre. Nothing
   // happens while text is placed, nor beyond 64 times the full view.
   void Zoom_In(double x, double y);
@@ -112,6 +116,7 @@ class ViewCommands {
   void mnuViewShowToolPath_Click();
   void mnuViewToolRadOutline_Click();
 
+  const ViewParts& parts() const { return parts_; }
   const InterruptedCommand& interrupted() const { return interrupted_; }
 
  private:

@@ -45,6 +45,7 @@ Application::Application(const Platform& platform)
       ownColors_(std::make_unique<FormColorDialog>(platform.host.prompts)),
       colors(platform.colors != nullptr ? *platform.colors : *ownColors_),
       paper(platform.paper),
+      helpFiles(platform.help),
       reporting_(platform.reporting),
       timers_(platform.screen.timers, platform.reporting),
       session(store, platform.host, listener_),
@@ -139,6 +140,7 @@ void Application::showPropertiesAndTool() {
 void Application::showFigures() {
   interaction.statusBar.setPanel(StatusPanel::Tool, toolInUseText(session));
   pathTotals.settle();
+  keyHints_.settle();
   guide.settle();
 }
 
@@ -192,6 +194,27 @@ std::string Application::typePosition(std::string_view text, int button) {
   guarded("frmMain.typePosition(text,button)",
           [&] { trouble = tess::typePosition(interaction.context, text, button); });
   return trouble;
+}
+
+bool Application::wheelAt(int steps, int shift, Point at) {
+  if (!interaction.navigation.wheelZooms()) return wheel(steps, shift);
+  return guarded("frmMain.MouseWheel1_MouseWheel(Scroll,Button,Shift,X,Y)",
+                 [&] { interaction.navigation.turnWheel(steps, at); });
+}
+
+bool Application::beginPan(Point at) {
+  return guarded("frmMain.picDrawing_MouseDown(Button,Shift,X,Y)",
+                 [&] { interaction.navigation.beginPan(at); });
+}
+
+bool Application::movePan(Point at) {
+  return guarded("frmMain.picDrawing_MouseMove(Button,Shift,X,Y)",
+                 [&] { interaction.navigation.movePan(at); });
+}
+
+bool Application::endPan(Point at) {
+  return guarded("frmMain.picDrawing_MouseUp(Button,Shift,X,Y)",
+                 [&] { interaction.navigation.endPan(at); });
 }
 
 bool Application::mayClose() {

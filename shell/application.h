@@ -14,12 +14,14 @@
 #include "core/session.h"
 #include "drafting/pointer_events.h"
 #include "shell/cnc_viewer.h"
+#include "shell/desktop_keys.h"
 #include "shell/edit_journal.h"
 #include "shell/error_reporting.h"
 #include "shell/frmPDFHelp.h"
 #include "shell/interaction.h"
 #include "shell/operator_guide.h"
 #include "shell/path_totals.h"
+#include "shell/program_folder.h"
 #include "shell/proof_watch.h"
 
 namespace tess {
@@ -40,6 +42,7 @@ struct Platform {
   OtherPrograms* others = nullptr;  // null: none is started
   std::string userfolder{};         // what belongs to this user alone; empty: nothing is kept
   Paper* paper = nullptr;           // null: nothing can be printed
+  HelpFiles help{};                 // empty: the manual lies in the program's folder alone
 };
 
 // Timers whose ticks are entry points: a failure in one ends in the report.
@@ -82,6 +85,14 @@ class Application {
   // A position typed in the place of a click with that button; gives back what is wrong with it, ""
   // when the click was made.
   std::string typePosition(std::string_view text, int button = kLeftButton);
+  // The wheel at a position in drawing units: where the setup has the keys of the desktop it zooms
+  // there, while no text is being placed.
+  bool wheelAt(int steps, int shift, Point at);
+  // The view moves with the pointer from the beginning to the end of a drag, by positions in the
+  // view current at each event. Nothing begins where the setup lacks the keys of the desktop.
+  bool beginPan(Point at);
+  bool movePan(Point at);
+  bool endPan(Point at);
   bool guarded(std::string_view entry, const std::function<void()>& run);
 
   // From now on unsaved work is written down as it comes about. First the operator is asked about
@@ -103,6 +114,7 @@ class Application {
   SpeedsFeeds& feeds = *ownFeeds_;
   ColorDialog& colors;
   Paper* const paper;
+  const HelpFiles helpFiles;
   PostDefinition definition;
   CncState cnc;
 
@@ -111,7 +123,11 @@ class Application {
   std::function<void()> onCustomize;
   std::function<void()> onCaptionChanged;
   std::function<void()> onUnloadOtherWindows;
+  std::function<void(const std::string& text)> onCopyText;
+  std::function<std::string()> onDescribeSystem;
 
+  // Lines about the toolkit and the system for who has to know them; "" without a window.
+  std::string describeSystem() const { return onDescribeSystem ? onDescribeSystem() : ""; }
   // The main window's caption: product and version.
   std::string caption() const;
 
@@ -166,13 +182,14 @@ class Application {
   Session session;
   Interaction interaction;
   ProofWatch proofWatch{session, interaction, definition, timers_};
-  frmPDFHelp help{session};
+  frmPDFHelp help{session, helpFiles.manual};
   HandOver handOver;
   CncViewer viewer;
   PathTotals pathTotals{session, definition, interaction.context.changes, interaction.statusBar};
   OperatorGuide guide{session, interaction};
 
  private:
+  DesktopKeyHints keyHints_{store, interaction.tools};
   std::unique_ptr<EditJournal> journal_;
 };
 

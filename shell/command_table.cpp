@@ -1,6 +1,10 @@
 // The one table of commands, from the list of all.
 #include "shell/command_table.h"
 
+#include <algorithm>
+#include <cstddef>
+#include <iterator>
+
 #include "core/core_commands.h"
 #include "display/display_commands.h"
 #include "drafting/drafting_commands.h"
@@ -40,10 +44,36 @@ constexpr CommandEntry kCommands[] = {TESSIMO_COMMANDS(
     TESSIMO_ENTRY, TESSIMO_ENTRY, TESSIMO_ENTRY, TESSIMO_ENTRY, TESSIMO_ENTRY, TESSIMO_ENTRY)};
 #undef TESSIMO_ENTRY
 
+template <const auto& command>
+bool arms(int pendingaction, int drawMode) {
+  if (pendingaction != 0) {
+    return std::any_of(command.actions.begin(), command.actions.end(), [&](const auto& action) {
+      return static_cast<int>(action.text.action) == pendingaction;
+    });
+  }
+  if constexpr (requires { command.mode.number; }) {
+    return drawMode != kNoMode && command.mode.number == drawMode;
+  }
+  return false;
+}
+
+#define TESSIMO_ARMS(descriptor) arms<descriptor>,
+constexpr bool (*kArming[])(int,
+                            int) = {TESSIMO_COMMANDS(TESSIMO_ARMS, TESSIMO_ARMS, TESSIMO_ARMS,
+                                                     TESSIMO_ARMS, TESSIMO_ARMS, TESSIMO_ARMS)};
+#undef TESSIMO_ARMS
+
 }  // namespace
 
 std::span<const CommandEntry> commands() {
   return kCommands;
+}
+
+const CommandEntry* armedCommand(int pendingaction, int drawMode) {
+  for (std::size_t index = 0; index < std::size(kArming); ++index) {
+    if (kArming[index](pendingaction, drawMode)) return &kCommands[index];
+  }
+  return nullptr;
 }
 
 }  // namespace tess

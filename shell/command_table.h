@@ -1,5 +1,5 @@
 // The commands of all rooms as commands of the program, in one table.
-// Owns: CommandEntry, commands.
+// Owns: CommandEntry, commands, armedCommand.
 #pragma once
 
 #include <span>
@@ -17,5 +17,8 @@ struct CommandEntry {
 
 // In the order in which a click on a tool is compared with their names.
 std::span<const CommandEntry> commands();
+
+// The command that has armed a pending action, else the one of a drawing mode; null for neither.
+const CommandEntry* armedCommand(int pendingaction, int drawMode);
 
 }  // namespace tess

@@ -1,12 +1,14 @@
 // Tools and keys find their commands.
 #include "shell/commands.h"
 
+#include "core/drawing_store.h"
 #include "core/lifecycle.h"
 #include "drafting/enter_position.h"
 #include "drafting/grids.h"
 #include "drafting/pending_actions.h"
 #include "drafting/pointer_events.h"
 #include "drafting/repeat_key.h"
+#include "shell/desktop_keys.h"
 
 namespace tess {
 namespace {
@@ -70,6 +72,7 @@ bool allowsModifiers(const KeyStroke& stroke) {
     case SpecialKey::None:
     case SpecialKey::Enter:
     case SpecialKey::Delete:
+    case SpecialKey::Home:
     case SpecialKey::Left:
     case SpecialKey::Right:
     case SpecialKey::Up:
@@ -79,11 +82,25 @@ bool allowsModifiers(const KeyStroke& stroke) {
   return false;
 }
 
-void runKey(Application& application, const KeyStroke& stroke) {
-  if (const CommandEntry* const command = commandOfKey(stroke)) return command->run(application);
-  for (const KeyRow& row : kKeysWithoutTool) {
-    if (isNamed(stroke, row.key)) return row.run(application);
+// False for a key that is none of the program's own.
+bool runKey(Application& application, const KeyStroke& stroke) {
+  if (const CommandEntry* const command = commandOfKey(stroke)) {
+    command->run(application);
+    return true;
   }
+  for (const KeyRow& row : kKeysWithoutTool) {
+    if (!isNamed(stroke, row.key)) continue;
+    row.run(application);
+    return true;
+  }
+  return false;
+}
+
+void runDesktopKey(Application& application, const KeyStroke& stroke) {
+  const DesktopKey* const row = desktopKeyOf(stroke);
+  if (row == nullptr) return;
+  if (*row->tool == '\0') return repeatLastCommand(application.interaction.context);
+  if (application.interaction.tools.isEnabled(row->tool)) abMain_ToolClick(application, row->tool);
 }
 
 // ---- Tools
@@ -109,14 +126,16 @@ const CommandEntry* commandOfKey(const KeyStroke& key) {
   return nullptr;
 }
 
-void KeyPress(Application& application, char KeyAscii) {
+bool KeyPress(Application& application, char KeyAscii) {
   const Procedure here("frmMain.KeyPress(KeyAscii)");
-  if (KeyAscii != '\0') runKey(application, {.ascii = KeyAscii});
+  return KeyAscii != '\0' && runKey(application, {.ascii = KeyAscii});
 }
 
 void handleKey(Application& application, const KeyStroke& key) {
-  if (key.special == SpecialKey::None) return KeyPress(application, key.ascii);
-  if (allowsModifiers(key)) runKey(application, {.special = key.special});
+  const bool known = key.special == SpecialKey::None
+                         ? KeyPress(application, key.ascii)
+                         : allowsModifiers(key) && runKey(application, {.special = key.special});
+  if (!known && application.store.desktopkeys) runDesktopKey(application, key);
 }
 
 std::vector<const char*> keysWithoutTool() {

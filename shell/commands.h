@@ -19,10 +19,12 @@ void abMain_ToolClick(Application& application, std::string_view tool);
 // The command that the key is that of; null for none. Modifiers are not looked at.
 const CommandEntry* commandOfKey(const KeyStroke& key);
 
-// A key with a character. Ignored while a window with an input of its own has the focus.
-void KeyPress(Application& application, char KeyAscii);
+// A key with a character; false for one that has no meaning of the program's own. Ignored while a
+// window with an input of its own has the focus.
+bool KeyPress(Application& application, char KeyAscii);
 
-// A key on the drawing surface: the special ones here, the others through KeyPress.
+// A key on the drawing surface: the special ones here, the others through KeyPress, and what is
+// left by the keys of the desktop, where the setup has them.
 void handleKey(Application& application, const KeyStroke& key);
 
 // The names of the keys that act without a tool: they cancel, repeat, click, move the pointer, or

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "core/version.h"
+#include "shell/licences.h"
 
 namespace tess {
 namespace {
@@ -21,16 +22,33 @@ constexpr char kHersheyAcknowledgement[] =
 
 }  // namespace
 
-frmAbout::frmAbout(const Session& session) : Form("frmAbout", "About " + session.productname) {
+frmAbout::frmAbout(const Session& session, const std::string& system)
+    : Form("frmAbout", "About " + session.productname) {
   lblProduct.setCaption(session.productname);
   lblVersion.setCaption(versionLine());
   lblCompany.setCaption(session.companyname);
   lblFolder.setCaption("Program folder: " + session.appfolder);
+  lblSystem.setCaption(system);
+  lblSystem.setVisible(!system.empty());
+  txtLicences.multiLine = true;
+  txtLicences.readOnly = true;
+  txtLicences.setText(licenceText());
   lblHershey.setCaption(kHersheyAcknowledgement);
   cmdOK.setCaption("&OK");
   setDefaultButton(cmdOK);
   setCancelButton(cmdOK);
+  cmdCopyDetails.setCaption("&Copy Details");
+  cmdCopyDetails.onClick = [this] {
+    if (onCopyText) onCopyText(details());
+  };
   cmdOK.onClick = [this] { accept(); };
+}
+
+std::string frmAbout::details() const {
+  std::string text =
+      lblProduct.caption() + ", " + lblVersion.caption() + "\n" + lblFolder.caption() + "\n";
+  if (!lblSystem.caption().empty()) text += lblSystem.caption() + "\n";
+  return text + "\n" + txtLicences.text() + "\n" + lblHershey.caption() + "\n";
 }
 
 frmSplash::frmSplash(const Session& session) : Form("frmSplash", session.productname) {

@@ -1,6 +1,7 @@
 // The manual and the search in it.
 #include "shell/frmPDFHelp.h"
 
+#include <optional>
 #include <utility>
 
 #include "core/file_system.h"
@@ -11,14 +12,13 @@ namespace {
 constexpr char kManual[] = "tsmo_manual.pdf";
 constexpr char kUnreadable[] = "The manual cannot be read:\n";
 
-// Who shows the document would wait for a pipe.
-bool canBeRead(const std::string& path) {
+// Nothing for what is no file: who shows the document would wait for a pipe.
+std::optional<std::string> contentOf(const std::string& path) {
   try {
-    readBeginning(path, 1);
-    return true;
+    return readFile(path, kLargestManual);
   } catch (const RuntimeFailure&) {
     takeCallChain();
-    return false;
+    return std::nullopt;
   }
 }
 
@@ -34,6 +34,7 @@ void PdfViewer::open(std::string path) {
   document_ = std::move(path);
   findings_.clear();
   shownFinding_ = -1;
+  wantedPage_ = 0;
   invalidate();
 }
 
@@ -54,6 +55,11 @@ void PdfViewer::showFinding(int index) {
   invalidate();
 }
 
+void PdfViewer::showPage(int page) {
+  wantedPage_ = page;
+  invalidate();
+}
+
 void PdfViewer::tellFindings(std::vector<PdfFinding> findings) {
   findings_ = std::move(findings);
   shownFinding_ = -1;
@@ -64,7 +70,8 @@ void PdfViewer::tellUnreadable() {
   fire(onUnreadable);
 }
 
-frmPDFHelp::frmPDFHelp(const Session& session) : Form("frmPDFHelp"), session_(session) {
+frmPDFHelp::frmPDFHelp(const Session& session, std::string shipped)
+    : Form("frmPDFHelp"), session_(session), shipped_(std::move(shipped)) {
   setCaption(session.productname + " - Manual");
   txtSearch.setHint("Words to look for in the manual");
   onLoad = [this] { showManual(); };
@@ -85,6 +92,11 @@ void frmPDFHelp::prepareSearch() {
   txtSearch.selectAll();
 }
 
+void frmPDFHelp::showTopic(std::string_view topic) {
+  const auto place = places_.find(topic);
+  if (place != places_.end()) Pdf1.showPage(place->second);
+}
+
 void frmPDFHelp::showSearch(bool on) {
   txtSearch.setVisible(on);
   lblFound.setVisible(on);
@@ -95,13 +107,20 @@ void frmPDFHelp::showSearch(bool on) {
 
 void frmPDFHelp::showManual() {
   setCaption(session_.productname + " - Manual");
-  const std::string path = resolvePath(session_.appfolder + kManual);
+  const std::string path = manualPath();
   if (!fileExists(path)) return notice("There is no manual. It would be here:\n" + path);
-  if (!canBeRead(path)) return notice(kUnreadable + path);
+  const std::optional<std::string> content = contentOf(path);
+  if (!content) return notice(kUnreadable + path);
+  places_ = manualPlaces(*content);
   lblNotice.setVisible(false);
   Pdf1.setVisible(true);
   txtSearch.setEnabled(true);
   Pdf1.open(path);
+}
+
+std::string frmPDFHelp::manualPath() const {
+  std::string own = resolvePath(session_.appfolder + kManual);
+  return fileExists(own) || shipped_.empty() ? own : shipped_;
 }
 
 void frmPDFHelp::notice(const std::string& text) {
@@ -109,6 +128,7 @@ void frmPDFHelp::notice(const std::string& text) {
   lblNotice.setVisible(true);
   Pdf1.setVisible(false);
   txtSearch.setEnabled(false);
+  places_.clear();
   Pdf1.open("");
 }
 

@@ -5,11 +5,13 @@
 
 #include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "core/controls.h"
 #include "core/form.h"
 #include "core/session.h"
+#include "shell/help_topics.h"
 
 namespace tess {
 
@@ -35,6 +37,10 @@ class PdfViewer : public Picture {
   // The finding to be seen, from 0; -1 for none.
   int shownFinding() const { return shownFinding_; }
   void showFinding(int index);
+  // The page to be seen, from 1; 0 once the view has gone there.
+  int wantedPage() const { return wantedPage_; }
+  void showPage(int page);
+  void tellPageShown() { wantedPage_ = 0; }
 
   // Told by the view.
   void tellFindings(std::vector<PdfFinding> findings);
@@ -49,16 +55,20 @@ class PdfViewer : public Picture {
   std::string searched_;
   std::vector<PdfFinding> findings_;
   int shownFinding_ = -1;
+  int wantedPage_ = 0;
   bool thumbnails_ = false;
 };
 
 class frmPDFHelp : public Form {
  public:
-  explicit frmPDFHelp(const Session& session);
+  // The manual lies in the program's folder, else where `shipped` says.
+  frmPDFHelp(const Session& session, std::string shipped);
 
   // Before the form is opened: the pages in small, or the search.
   void prepareContents();
   void prepareSearch();
+  // Once it is open: the page of a topic, if the manual has one; "" for none.
+  void showTopic(std::string_view topic);
 
   TextBox txtSearch{*this, "txtSearch"};
   Label lblFound{*this, "lblFound"};
@@ -71,8 +81,11 @@ class frmPDFHelp : public Form {
   void showSearch(bool on);
   void showFindings();
   void notice(const std::string& text);
+  std::string manualPath() const;
 
   const Session& session_;
+  const std::string shipped_;
+  ManualPlaces places_;
 };
 
 }  // namespace tess

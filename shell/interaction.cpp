@@ -24,6 +24,7 @@ Interaction::Interaction(Session& session, const ScreenPorts& ports)
       state(ScreenProxy),
       viewCommands({session.store, view, redraw, ScreenProxy, ports.pointer,
                     session.host.surroundings, *this, state}),
+      navigation(viewCommands),
       context({session, view, renderer, redraw, state, viewCommands, ScreenProxy, ports.pointer,
                ports.timers, tools, statusBar, *this}),
       cam(context),

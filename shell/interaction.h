@@ -12,7 +12,7 @@
 #include "core/tool_host.h"
 #include "display/print_drawing.h"
 #include "display/redraw_sequence.h"
-#include "display/view_commands.h"
+#include "display/view_navigation.h"
 #include "drafting/drafting_context.h"
 #include "import/frmText.h"
 #include "import/installed_fonts.h"
@@ -93,6 +93,7 @@ class Interaction : public ViewHost, public RedrawListener, public DraftingListe
   PictureDisk pictures;
   CState state;
   ViewCommands viewCommands;
+  ViewNavigation navigation;
   DraftingContext context;
   CamContext cam;
   frmProperties properties;

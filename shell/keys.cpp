@@ -23,6 +23,7 @@ constexpr NamedKey kKeys[] = {
     {"Enter", SpecialKey::Enter, 0},
     {"Insert", SpecialKey::Insert, 0},
     {"Delete", SpecialKey::Delete, 0, "Del"},
+    {"Home", SpecialKey::Home, 0},
     {"Left", SpecialKey::Left, 0},
     {"Right", SpecialKey::Right, 0},
     {"Up", SpecialKey::Up, 0},

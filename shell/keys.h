@@ -11,7 +11,7 @@
 namespace tess {
 
 // Keys that carry no character.
-enum class SpecialKey { None, F1, F3, F12, Enter, Insert, Delete, Left, Right, Up, Down };
+enum class SpecialKey { None, F1, F3, F12, Enter, Insert, Delete, Home, Left, Right, Up, Down };
 
 struct KeyStroke {
   char ascii = 0;  // as KeyPress sees it: letters in either case, Tab 9, Esc 27, Ctrl+A 1 to 26

@@ -82,14 +82,18 @@ std::string plainCaption(std::string_view caption) {
   return text;
 }
 
+std::string hintOf(const CommandInfo& info, const std::string& key) {
+  const std::string caption = plainCaption(info.caption);
+  return key.empty() ? caption : caption + " (" + key + ")";
+}
+
 Tool toolOf(const CommandEntry& command) {
   const CommandInfo& info = *command.info;
   Tool tool;
   tool.name = info.tool;
   tool.caption = info.caption;
   tool.key = shownKey(*info.key != '\0' ? info.key : info.sharedKey);
-  tool.hint = plainCaption(info.caption);
-  if (!tool.key.empty()) tool.hint += " (" + tool.key + ")";
+  tool.hint = hintOf(info, tool.key);
   tool.icon = info.icon;
   tool.popUp = info.popUp;
   if (info.tag != 0) tool.tag = std::to_string(info.tag);
@@ -115,6 +119,16 @@ void fillToolHost(ToolHost& tools) {
                    .kind = row.kind,
                    .tools = toolsOf(row.name),
                    .open = row.kind == BandKind::ToolBar});
+  }
+}
+
+void showKeys(ToolHost& tools, std::string_view tool, std::string_view more) {
+  for (const CommandEntry& command : commands()) {
+    if (tool != command.info->tool) continue;
+    std::string key = toolOf(command).key;
+    if (!key.empty() && !more.empty()) key += ", ";
+    key += more;
+    tools.setKey(tool, key, hintOf(*command.info, key));
   }
 }
 

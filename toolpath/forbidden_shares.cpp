@@ -46,17 +46,26 @@ Stretch between(double value, double slope, double low, double high, const Stret
   return {std::max(within.from, std::min(a, b)), std::min(within.to, std::max(a, b))};
 }
 
+// All of a line on one side of a wall, prolonged, and farther from it than `distance`: half of the
+// walls that are looked at are told so, without a root or a quotient.
+bool liesAside(const Curve& line, const Curve& wall, PlanePoint wallAlong, double distance) {
+  const double start = cross(wallAlong, line.start - wall.start);
+  const double end = cross(wallAlong, line.end - wall.start);
+  const double least = distance * distance * dot(wallAlong, wallAlong);
+  return (start > 0) == (end > 0) && start * start > least && end * end > least;
+}
+
 // The surroundings of a line are convex: a line enters and leaves them once.
 void lineByLine(const Curve& line, const Curve& wall, double distance,
                 std::vector<ShareRange>& ranges) {
   const PlanePoint along = line.end - line.start;
-  const double length = normOf(along);
   const PlanePoint wallAlong = wall.end - wall.start;
+  if (liesAside(line, wall, wallAlong, distance)) return;
+  const double length = normOf(along);
   const double wallLength = normOf(wallAlong);
   if (length == 0) return;
   const Ray ray{line.start, (1 / length) * along};
-  Stretch near = withinCircle(ray, wall.start, distance);
-  include(near, withinCircle(ray, wall.end, distance));
+  Stretch near;
   if (wallLength > 0) {
     const PlanePoint w = (1 / wallLength) * wallAlong;
     const PlanePoint from = line.start - wall.start;
@@ -66,6 +75,11 @@ void lineByLine(const Curve& line, const Curve& wall, double distance,
       beside = between(dot(w, from), dot(w, ray.direction), 0, wallLength, beside);
     }
     include(near, beside);
+  }
+  const bool isWhole = near.from <= 0 && near.to >= length;
+  if (!isWhole) {
+    include(near, withinCircle(ray, wall.start, distance));
+    include(near, withinCircle(ray, wall.end, distance));
   }
   const double from = std::max(near.from, 0.0);
   const double to = std::min(near.to, length);

@@ -28,15 +28,20 @@ bool isSameLineOrCircle(const Curve& a, const Curve& b) {
          std::abs(cross(along, b.end - a.start)) <= kSamePlace;
 }
 
-Box boxOfCandidate(const OffsetCandidate& candidate) {
-  if (candidate.curve.isArc()) {
-    const PlanePoint half{candidate.half, candidate.half};
-    return boxAround(candidate.middle - half, candidate.middle + half);
-  }
-  const PlanePoint a = candidate.curve.start;
-  const PlanePoint b = candidate.curve.end;
-  return boxAround({std::min(a.x, b.x), std::min(a.y, b.y)},
-                   {std::max(a.x, b.x), std::max(a.y, b.y)});
+// Around some candidates.
+struct Corners {
+  PlanePoint low, high;
+  double largerSide() const { return std::max(high.x - low.x, high.y - low.y); }
+};
+
+Corners cornersOf(const OffsetCandidate& candidate) {
+  const PlanePoint half{candidate.half, candidate.half};
+  return {candidate.middle - half, candidate.middle + half};
+}
+
+Corners together(const Corners& a, const Corners& b) {
+  return {{std::min(a.low.x, b.low.x), std::min(a.low.y, b.low.y)},
+          {std::max(a.high.x, b.high.x), std::max(a.high.y, b.high.y)}};
 }
 
 // True when no place within `reach` of the middle lies on the wall. Without a root or a quotient:
@@ -53,46 +58,48 @@ bool isBeyond(const Curve& wall, PlanePoint middle, double reach) {
   return across * across >= reach * reach * square;
 }
 
-Box together(const Box& a, const Box& b) {
-  return {std::min(a.minX, b.minX), std::min(a.minY, b.minY), std::max(a.maxX, b.maxX),
-          std::max(a.maxY, b.maxY)};
-}
-
-double largerSide(const Box& box) {
-  return std::max(box.maxX - box.minX, box.maxY - box.minY);
-}
-
 }  // namespace
 
-void FreeStretches::append(const std::vector<OffsetCandidate>& candidates, std::size_t first,
-                           std::size_t last, std::vector<FreePiece>& pieces) {
-  while (first < last) {
-    const std::size_t end = gather(candidates, first, last);
-    for (std::size_t k = 0; first < end; ++first, ++k) judge(candidates[first], boxes_[k], pieces);
+void FreeStretches::append(const std::vector<OffsetCandidate>& candidates,
+                           std::vector<FreePiece>& pieces) {
+  for (std::size_t first = 0; first < candidates.size();) {
+    const std::size_t end = gather(candidates, first);
+    for (; first < end; ++first) judge(candidates[first], pieces);
   }
 }
 
 // Finds the walls near to some candidates from `first` on; returns the one behind the last of
 // these.
-std::size_t FreeStretches::gather(const std::vector<OffsetCandidate>& candidates, std::size_t first,
-                                  std::size_t last) {
-  Box all = boxOfCandidate(candidates[first]);
-  boxes_.assign(1, all);
-  const double most = std::max(2 * measures_.distance, static_cast<double>(largerSide(all)));
+std::size_t FreeStretches::gather(const std::vector<OffsetCandidate>& candidates,
+                                  std::size_t first) {
+  Corners all = cornersOf(candidates[first]);
+  const double most = std::max(3 * measures_.distance, all.largerSide());
   std::size_t end = first + 1;
-  for (; end < std::min(last, first + kMostTogether); ++end) {
-    const Box box = boxOfCandidate(candidates[end]);
-    const Box more = together(all, box);
-    if (largerSide(more) > most) break;
+  for (; end < std::min(candidates.size(), first + kMostTogether); ++end) {
+    const Corners more = together(all, cornersOf(candidates[end]));
+    if (more.largerSide() > most) break;
     all = more;
-    boxes_.push_back(box);
   }
-  walls_.candidates(all, measures_.distance, found_);
+  walls_.candidates(boxAround(all.low, all.high), measures_.distance, found_);
   near_.clear();
-  for (const int number : found_) {
-    near_.push_back({grown(walls_.box(number), measures_.distance), number});
-  }
+  for (const int number : found_) near_.push_back(nearWall(number));
   return end;
+}
+
+FreeStretches::NearWall FreeStretches::nearWall(int number) const {
+  const Box& box = walls_.box(number);
+  const PlanePoint low{box.minX, box.minY};
+  const PlanePoint high{box.maxX, box.maxY};
+  const PlanePoint half = 0.5 * (high - low);
+  const double reach = measures_.distance + measures_.slack;
+  const PlanePoint aside{reach, reach};
+  return {low + half, half + aside, number};
+}
+
+FreeStretches::Extent FreeStretches::extentOf(const OffsetCandidate& candidate) {
+  if (candidate.curve.isArc()) return {candidate.middle, {candidate.half, candidate.half}};
+  const PlanePoint half = candidate.curve.end - candidate.middle;
+  return {candidate.middle, {std::abs(half.x), std::abs(half.y)}};
 }
 
 // Where a tool is large beside the rows, one wall forbids many candidates in a row.
@@ -103,12 +110,12 @@ bool FreeStretches::liesDeepInLast(const OffsetCandidate& candidate) {
   return ranges_.size() == 1 && ranges_[0].from <= 0 && ranges_[0].to >= 1;
 }
 
-void FreeStretches::judge(const OffsetCandidate& candidate, const Box& box,
-                          std::vector<FreePiece>& pieces) {
+void FreeStretches::judge(const OffsetCandidate& candidate, std::vector<FreePiece>& pieces) {
   if (liesDeepInLast(candidate)) return;
   forbidden_.clear();
+  const Extent extent = extentOf(candidate);
   for (const NearWall& near : near_) {
-    if (!overlaps(near.box, box) || candidate.isSpared(near.number)) continue;
+    if (!near.reaches(extent) || candidate.isSpared(near.number)) continue;
     forbid(candidate, near.number, measures_.distance - measures_.slack);
     if (overlaps_ && near.number < candidate.source) leaveToOwner(candidate, wall(near.number));
   }
@@ -118,12 +125,18 @@ void FreeStretches::judge(const OffsetCandidate& candidate, const Box& box,
   }
   std::sort(forbidden_.begin(), forbidden_.end(),
             [](const WallRange& a, const WallRange& b) { return a.range.from < b.range.from; });
-  for (const ShareRange& range : freeRanges()) add(candidate, range, pieces);
+  findFree();
+  for (const ShareRange& range : free_) add(candidate, range, pieces);
+  if (free_.empty()) rememberWhole();
+  if (!lostByAHair_) lookForHair(candidate);
+}
+
+// Nothing is left of the candidate: by one wall alone, perhaps.
+void FreeStretches::rememberWhole() {
   const auto whole = std::find_if(forbidden_.begin(), forbidden_.end(), [](const WallRange& r) {
     return r.range.from <= 0 && r.range.to >= 1;
   });
   if (whole != forbidden_.end()) last_ = whole->wall;
-  if (!lostByAHair_) lookForHair(candidate);
 }
 
 void FreeStretches::forbid(const OffsetCandidate& candidate, int number, double distance) {
@@ -144,25 +157,27 @@ void FreeStretches::leaveToOwner(const OffsetCandidate& candidate, const Curve& 
   if (from < to) forbidden_.push_back({{from, to}, candidate.source});
 }
 
-std::vector<ShareRange> FreeStretches::freeRanges() const {
-  std::vector<ShareRange> free;
+// What the forbidden ranges leave.
+void FreeStretches::findFree() {
+  free_.clear();
   double from = 0;
   for (const WallRange& forbidden : forbidden_) {
-    if (from < forbidden.range.from) free.push_back({from, forbidden.range.from});
+    if (from < forbidden.range.from) free_.push_back({from, forbidden.range.from});
     from = std::max(from, forbidden.range.to);
   }
-  if (from < 1) free.push_back({from, 1});
-  return free;
+  if (from < 1) free_.push_back({from, 1});
 }
 
 // The chord of a stretch is no longer than it.
 void FreeStretches::add(const OffsetCandidate& candidate, ShareRange range,
                         std::vector<FreePiece>& pieces) {
   const bool whole = range.from <= 0 && range.to >= 1;
-  const Curve part = whole ? candidate.curve : partOf(candidate.curve, range.from, range.to);
-  if (normOf(part.end - part.start) >= measures_.shortest || lengthOf(part) >= measures_.shortest) {
-    pieces.push_back({part, candidate.source});
-  }
+  pieces.push_back(
+      {whole ? candidate.curve : partOf(candidate.curve, range.from, range.to), candidate.source});
+  const Curve& part = pieces.back().curve;
+  const PlanePoint chord = part.end - part.start;
+  const double shortest = measures_.shortest;
+  if (dot(chord, chord) < shortest * shortest && lengthOf(part) < shortest) pieces.pop_back();
 }
 
 // ---- What rounding may have taken
@@ -219,11 +234,11 @@ bool FreeStretches::goesFarBeyond(const ShareRange& wider, const std::vector<Sha
 // What is free at a hair less must not go far beyond what is free.
 void FreeStretches::lookForHair(const OffsetCandidate& candidate) {
   if (measures_.distance <= kHairDepth || isDeepIn(candidate)) return;
-  const std::vector<ShareRange> free = freeRanges();
+  const std::vector<ShareRange> free = free_;
   forbidAgain(candidate, measures_.distance - kHairDepth);
-  const std::vector<ShareRange> wider = freeRanges();
+  findFree();
   const double length = lengthOf(candidate.curve);
-  lostByAHair_ = std::any_of(wider.begin(), wider.end(), [&](const ShareRange& range) {
+  lostByAHair_ = std::any_of(free_.begin(), free_.end(), [&](const ShareRange& range) {
     return goesFarBeyond(range, free, length);
   });
 }

@@ -2,6 +2,8 @@
 // Owns: FreePiece, FreeStretches.
 #pragma once
 
+#include <algorithm>
+#include <cmath>
 #include <vector>
 
 #include "geometry/curve_index.h"
@@ -24,28 +26,40 @@ class FreeStretches {
   FreeStretches(const CurveIndex& walls, const OffsetMeasures& measures, bool overlaps)
       : walls_(walls), measures_(measures), overlaps_(overlaps) {}
 
-  // Appends what is free of the candidates `first` to `last` - 1, in their order.
-  void append(const std::vector<OffsetCandidate>& candidates, std::size_t first, std::size_t last,
-              std::vector<FreePiece>& pieces);
+  // Appends what is free of the candidates, in their order.
+  void append(const std::vector<OffsetCandidate>& candidates, std::vector<FreePiece>& pieces);
 
   // A place of a candidate was forbidden by so little that rounding may have done it, and nothing
   // of the candidate beside it is free.
   bool lostByAHair() const { return lostByAHair_; }
 
  private:
+  // An upright rectangle. It is not rounded to the numbers of the index, as boxes are.
+  struct Extent {
+    PlanePoint middle, half;
+  };
+  // With its surroundings.
   struct NearWall {
-    Box box;
+    PlanePoint middle, half;
     int number;
+    // Most do not, and nobody could guess which: one comparison is quicker than two.
+    bool reaches(const Extent& other) const {
+      const double gapX = std::abs(other.middle.x - middle.x) - other.half.x - half.x;
+      const double gapY = std::abs(other.middle.y - middle.y) - other.half.y - half.y;
+      return std::max(gapX, gapY) <= 0;
+    }
   };
   struct WallRange {
     ShareRange range;
     int wall;
   };
 
-  std::size_t gather(const std::vector<OffsetCandidate>& candidates, std::size_t first,
-                     std::size_t last);
-  void judge(const OffsetCandidate& candidate, const Box& box, std::vector<FreePiece>& pieces);
+  static Extent extentOf(const OffsetCandidate& candidate);
+  NearWall nearWall(int number) const;
+  std::size_t gather(const std::vector<OffsetCandidate>& candidates, std::size_t first);
+  void judge(const OffsetCandidate& candidate, std::vector<FreePiece>& pieces);
   void forbid(const OffsetCandidate& candidate, int number, double distance);
+  void rememberWhole();
   bool liesDeepInLast(const OffsetCandidate& candidate);
   void leaveToOwner(const OffsetCandidate& candidate, const Curve& wall);
   void add(const OffsetCandidate& candidate, ShareRange range, std::vector<FreePiece>& pieces);
@@ -54,7 +68,7 @@ class FreeStretches {
   void forbidAgain(const OffsetCandidate& candidate, double distance);
   bool goesFarBeyond(const ShareRange& wider, const std::vector<ShareRange>& free,
                      double length) const;
-  std::vector<ShareRange> freeRanges() const;
+  void findFree();
   const Curve& wall(int number) const { return walls_.curves()[static_cast<std::size_t>(number)]; }
 
   const CurveIndex& walls_;
@@ -63,9 +77,9 @@ class FreeStretches {
   bool lostByAHair_ = false;
   int last_ = -1;  // the wall that left nothing of a candidate
   std::vector<int> found_;
-  std::vector<Box> boxes_;            // of the candidates in hand
-  std::vector<NearWall> near_;        // to these
+  std::vector<NearWall> near_;        // to the candidates in hand
   std::vector<WallRange> forbidden_;  // of the candidate in hand
+  std::vector<ShareRange> free_;      // of it
   std::vector<ShareRange> ranges_;
 };
 

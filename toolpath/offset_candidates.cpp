@@ -18,6 +18,7 @@ constexpr double kBackTurn = 1e-6;
 // The cosine of a turn beyond which the rows beside a joint may come close to its arc.
 constexpr double kSharpTurn = -0.99;
 constexpr double kSmallestArc = 1e-12;
+constexpr std::size_t kShownTogether = 256;
 
 PlanePoint startDirection(const Curve& curve) {
   return curve.isArc() ? (curve.turn / curve.radius) * leftOf(curve.start - curve.center)
@@ -40,30 +41,43 @@ OffsetMeasures::OffsetMeasures(double offsetDistance, double largestNumber)
 
 OffsetCandidates::OffsetCandidates(double distance, const std::vector<Curve>& walls)
     : distance_(distance), walls_(walls) {
-  candidates_.reserve(2 * walls.size());
+  candidates_.reserve(kShownTogether + 1);
 }
 
-OffsetCandidates::Run OffsetCandidates::runOf(int wall, bool reverse) const {
+void OffsetCandidates::take(int wall, bool reverse, Run& run) const {
   const Curve& drawn = walls_[static_cast<std::size_t>(wall)];
-  const Curve curve = reverse ? reversed(drawn) : drawn;
-  const PlanePoint in = startDirection(curve);
-  return {curve, wall, in, curve.isArc() ? endDirection(curve) : in};
+  run.curve = reverse ? reversed(drawn) : drawn;
+  run.wall = wall;
+  run.in = startDirection(run.curve);
+  run.out = run.curve.isArc() ? endDirection(run.curve) : run.in;
+  run.turnsRight = run.turnsAway = false;
 }
 
-void OffsetCandidates::add(int first, int last, bool closed, bool reverse) {
-  const auto wallAt = [&](int k) { return reverse ? last - (k - first) : k; };
-  Run before = runOf(wallAt(last), reverse);
-  Run run = runOf(wallAt(first), reverse);
-  if (closed) judgeJoint(before, run);
+void OffsetCandidates::forChain(const WallChain& chain, const Visit& visit) {
+  const auto [first, last, closed, reverse] = chain;
+  const auto wallAt = [&, first = first, last = last, reverse = reverse](int k) {
+    return reverse ? last - (k - first) : k;
+  };
+  Run runs[3];
+  Run* before = &runs[0];
+  Run* run = &runs[1];
+  Run* after = &runs[2];
+  take(wallAt(last), reverse, *before);
+  take(wallAt(first), reverse, *run);
+  if (closed) judgeJoint(*before, *run);
   for (int k = first; k <= last; ++k) {
-    Run after = runOf(wallAt(k < last ? k + 1 : first), reverse);
-    if (closed || k < last) judgeJoint(run, after);
-    addDisplaced(before, run, after);
-    if (run.turnsRight) addCorner(run, after);
+    take(wallAt(k < last ? k + 1 : first), reverse, *after);
+    if (closed || k < last) judgeJoint(*run, *after);
+    addDisplaced(*before, *run, *after);
+    if (run->turnsRight) addCorner(*run, *after);
+    Run* const passed = before;
     before = run;
     run = after;
+    after = passed;
+    if (candidates_.size() < kShownTogether && k < last) continue;
+    visit(candidates_);
+    candidates_.clear();
   }
-  chainEnds_.push_back(static_cast<int>(candidates_.size()));
 }
 
 // A loose end turns nowhere, and spares nothing.

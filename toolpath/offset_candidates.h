@@ -1,9 +1,10 @@
 // What an offset can consist of: every wall displaced by the distance, and an arc round every
 // corner that stands into the free space.
-// Owns: OffsetMeasures, OffsetCandidate, OffsetCandidates.
+// Owns: OffsetMeasures, OffsetCandidate, WallChain, OffsetCandidates.
 #pragma once
 
 #include <array>
+#include <functional>
 #include <vector>
 
 #include "geometry/curve.h"
@@ -34,16 +35,22 @@ struct OffsetCandidate {
   }
 };
 
+// Walls that follow one another.
+struct WallChain {
+  int first = 0, last = 0;
+  bool closed = true;
+  bool reverse = false;  // run from end to start
+};
+
 class OffsetCandidates {
  public:
   OffsetCandidates(double distance, const std::vector<Curve>& walls);
 
-  // The walls `first` to `last`, one after the other; run from end to start if `reverse`.
-  void add(int first, int last, bool closed, bool reverse);
+  // Shows the candidates of a chain in their order, some at a time: all of them would not stay in
+  // the processor's cache.
+  using Visit = std::function<void(const std::vector<OffsetCandidate>&)>;
+  void forChain(const WallChain& chain, const Visit& visit);
 
-  const std::vector<OffsetCandidate>& all() const { return candidates_; }
-  // Behind the last candidate of each chain.
-  const std::vector<int>& chainEnds() const { return chainEnds_; }
   // An arc is just too small for the distance, by so little that rounding may have done it.
   bool lostByAHair() const { return lostByAHair_; }
 
@@ -57,15 +64,14 @@ class OffsetCandidates {
     bool turnsAway = false;   // the rows beside the joint keep clear of each other's candidates
   };
 
-  Run runOf(int wall, bool reverse) const;
+  void take(int wall, bool reverse, Run& run) const;
   static void judgeJoint(Run& before, const Run& after);
   void addDisplaced(const Run& before, const Run& run, const Run& after);
   void addCorner(const Run& before, const Run& after);
 
   double distance_;
   const std::vector<Curve>& walls_;
-  std::vector<OffsetCandidate> candidates_;
-  std::vector<int> chainEnds_;
+  std::vector<OffsetCandidate> candidates_;  // that were not shown yet
   bool lostByAHair_ = false;
 };
 

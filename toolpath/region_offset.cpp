@@ -198,7 +198,7 @@ class LoopAssembly {
       const auto after = static_cast<std::size_t>(next);
       joints_[after] = jointOf(pieces[k].curve, pieces[after].curve);
     }
-    used_.assign(pieces.size(), false);
+    used_.assign(pieces.size(), 0);
   }
 
   // From a piece, all round; nothing for one that was passed, and a place where a loop stays open.
@@ -209,7 +209,7 @@ class LoopAssembly {
     loop.curves.reserve(count);
     loop.sources.reserve(count);
     for (std::size_t k = first;;) {
-      used_[k] = true;
+      used_[k] = 1;
       const int next = pieces_[k].next;
       if (next < 0 || !pieces_[k].taken) {
         lost.push_back(pieces_[k].curve.end);
@@ -245,7 +245,7 @@ class LoopAssembly {
 
   const std::vector<FreePiece>& pieces_;
   std::vector<PlanePoint> joints_;  // where each piece begins
-  std::vector<bool> used_;
+  std::vector<char> used_;          // whether a loop has passed it
 };
 
 double chordSquare(const Curve& curve) {
@@ -270,35 +270,35 @@ void settleArea(RegionLoop& loop, double distance) {
   if (std::abs(loop.area) < distance * distance) loop.area = std::max(loop.area, 0.0);
 }
 
-OffsetCandidates candidatesOf(const PocketRegion& region, double distance) {
-  OffsetCandidates candidates(distance, region.walls());
+// Each loop from wall to wall, and the other way too where neither side is free all along.
+std::vector<WallChain> chainsOf(const PocketRegion& region) {
+  std::vector<WallChain> chains;
   for (int loop = 0; loop < static_cast<int>(region.loops().size()); ++loop) {
     const int first = region.firstWallOf(loop);
     const int last =
         first + static_cast<int>(region.loops()[static_cast<std::size_t>(loop)].curves.size()) - 1;
-    candidates.add(first, last, /*closed=*/true, /*reverse=*/false);
-    if (region.traits().crossesSelf) candidates.add(first, last, /*closed=*/true, /*reverse=*/true);
+    chains.push_back({first, last, /*closed=*/true, /*reverse=*/false});
+    if (region.traits().crossesSelf) chains.push_back({first, last, true, /*reverse=*/true});
   }
-  return candidates;
+  return chains;
 }
 
 // What is free of each chain of candidates, in its order, joined where one follows on another.
-std::vector<FreePiece> freePieces(const OffsetCandidates& candidates, FreeStretches& stretches,
+std::vector<FreePiece> freePieces(const std::vector<WallChain>& chains,
+                                  OffsetCandidates& candidates, FreeStretches& stretches,
                                   const OffsetMeasures& measures, const Breathing& breathing) {
-  constexpr std::size_t kAtOnce = 512;
   std::vector<FreePiece> pieces;
-  pieces.reserve(candidates.all().size());
+  std::size_t walls = 0;
+  for (const WallChain& chain : chains)
+    walls += static_cast<std::size_t>(chain.last + 1 - chain.first);
+  pieces.reserve(2 * walls);
   Joiner joiner(pieces, measures);
-  std::size_t begin = 0;
-  for (const int chainEnd : candidates.chainEnds()) {
-    const auto end = static_cast<std::size_t>(chainEnd);
+  for (const WallChain& chain : chains) {
     const std::size_t first = pieces.size();
-    while (begin < end) {
-      const std::size_t next = std::min(begin + kAtOnce, end);
-      stretches.append(candidates.all(), begin, next, pieces);
+    candidates.forChain(chain, [&](const std::vector<OffsetCandidate>& some) {
       breathe(breathing);
-      begin = next;
-    }
+      stretches.append(some, pieces);
+    });
     joiner.joinAlong(first, pieces.size());
   }
   if (!joiner.joinedAll()) {
@@ -359,10 +359,11 @@ JudgedOffset judgedOffset(const PocketRegion& region, double distance, const Bre
   if (isItsOwnOffset(region, distance)) return {{region, {}}};
   constexpr double kLeast = 1e-6;
   const OffsetMeasures measures(std::max(distance, kLeast), region.largestNumber());
-  const OffsetCandidates candidates = candidatesOf(region, measures.distance);
+  OffsetCandidates candidates(measures.distance, region.walls());
   const bool overlaps = region.traits().overlaps || region.traits().crossesSelf;
   FreeStretches stretches(region.index(), measures, overlaps);
-  const std::vector<FreePiece> pieces = freePieces(candidates, stretches, measures, breathing);
+  const std::vector<FreePiece> pieces =
+      freePieces(chainsOf(region), candidates, stretches, measures, breathing);
   JudgedOffset judged;
   RegionOffset& offset = judged.offset;
   judged.lostByAHair = candidates.lostByAHair() || stretches.lostByAHair();
@@ -473,9 +474,11 @@ ChainOffset chainOffset(const std::vector<Curve>& chain, double distance,
   for (const Curve& curve : chain) largest = std::max(largest, largestNumberOf(curve));
   const OffsetMeasures measures(distance, largest);
   OffsetCandidates candidates(distance, chain);
-  candidates.add(0, static_cast<int>(chain.size()) - 1, /*closed=*/false, /*reverse=*/false);
+  const WallChain whole{0, static_cast<int>(chain.size()) - 1, /*closed=*/false,
+                        /*reverse=*/false};
   FreeStretches stretches(walls, measures, /*overlaps=*/false);
-  const std::vector<FreePiece> pieces = freePieces(candidates, stretches, measures, breathing);
+  const std::vector<FreePiece> pieces =
+      freePieces({whole}, candidates, stretches, measures, breathing);
   ChainOffset offset;
   for (std::size_t k = 0; k < pieces.size(); ++k) {
     const bool goesOn = k > 0 && gapOf(pieces[k - 1], pieces[k]) <= measures.reach;

@@ -499,6 +499,8 @@ class PdfBinding : public BindingOf<PdfViewer, PdfPane> {
     shown_.search(model_.searched());
     if (!shown_.open(model_.document())) model_.tellUnreadable();
     shown_.showFinding(model_.shownFinding());
+    if (model_.wantedPage() > 0) shown_.showPage(model_.wantedPage() - 1);
+    model_.tellPageShown();
   }
 };
 

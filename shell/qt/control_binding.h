@@ -38,6 +38,12 @@ class FormActions {
     return formLives();
   }
 
+  // The operator wants to know about the form.
+  void help() {
+    if (!formLives() || !gateway_.onHelp) return;
+    gateway_.enter(form_.name() + ".Form_Help", [this] { gateway_.onHelp(form_); });
+  }
+
   // The control that has the focus kept it: the keyboard has to go back there.
   std::function<void()> onFocusKept;
 

@@ -150,7 +150,8 @@ int runDesktop(const DesktopRequest& request, std::vector<std::string> arguments
   try {
     const FolderRequest wanted = folderRequest(request.home);
     const std::string folder = programFolder(wanted);
-    DesktopProgram program(folder, request.jetReader, userFolder(wanted));
+    DesktopProgram program(folder, request.jetReader, userFolder(wanted),
+                           helpFiles(wanted.executableFolder));
     program.open(request.drawing, isFirstStart(wanted, folder));
     return program.serve();
   } catch (const RuntimeFailure& failure) {

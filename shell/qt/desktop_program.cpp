@@ -3,6 +3,9 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QGuiApplication>
+#include <QScreen>
+#include <QSysInfo>
 #include <iostream>
 #include <optional>
 
@@ -10,6 +13,7 @@
 #include "core/version.h"
 #include "shell/automation/reports.h"
 #include "shell/control_choice.h"
+#include "shell/help_commands.h"
 #include "shell/program_folder.h"
 #include "shell/qt/customize_dialog.h"
 #include "shell/qt/key_strokes.h"
@@ -22,6 +26,20 @@ namespace {
 constexpr int kExitFailed = 1;
 constexpr Bounds kFirstArea{0, 0, 800, 600};  // until the window has a size
 
+// The toolkit, the system, and the screens.
+std::string describeSystem() {
+  QString text = QString("Qt %1, %2\n%3, %4")
+                     .arg(qVersion(), QGuiApplication::platformName(),
+                          QSysInfo::prettyProductName(), QSysInfo::currentCpuArchitecture());
+  for (const QScreen* const screen : QGuiApplication::screens()) {
+    text += QString("\nScreen %1 x %2, %3 to 1")
+                .arg(screen->size().width())
+                .arg(screen->size().height())
+                .arg(screen->devicePixelRatio());
+  }
+  return text.toStdString();
+}
+
 PointerEvent pointerEvent(int button, int shift, float x, float y) {
   return {.Button = button, .Shift = shift, .X = x, .Y = y};
 }
@@ -29,7 +47,7 @@ PointerEvent pointerEvent(int button, int shift, float x, float y) {
 }  // namespace
 
 DesktopProgram::DesktopProgram(const std::string& appfolder, const std::string& jetReader,
-                               const std::string& userfolder)
+                               const std::string& userfolder, const HelpFiles& help)
     : appfolder_(appfolder),
       reporting_(prompts_, clock_, ErrorReporting{.folder = appfolder}),
       application_({host_,
@@ -39,7 +57,8 @@ DesktopProgram::DesktopProgram(const std::string& appfolder, const std::string& 
                     &colors_,
                     &programs_,
                     userfolder,
-                    &paper_}),
+                    &paper_,
+                    help}),
       window_({application_.interaction.tools, application_.interaction.statusBar,
                application_.interaction.forms, gateway_, surface_}),
       theme_(window_, host_, userfolder) {
@@ -82,6 +101,7 @@ int DesktopProgram::serve() {
 
 void DesktopProgram::wirePlatform() {
   gateway_.isMetric = [this] { return application_.store.units == "M"; };
+  gateway_.onHelp = [this](const Form& form) { helpOnForm(application_, form); };
   gateway_.onEnd = [this](const std::string& line) { end(line); };
   surroundings_.onPrint = [this](const std::string& line) { window_.print(line); };
 }
@@ -103,10 +123,18 @@ void DesktopProgram::wireSurface() {
   surface_.onRelease = [this](int button, int shift, float x, float y) {
     gateway_.enter("release", [&] { application_.release(pointerEvent(button, shift, x, y)); });
   };
-  surface_.onWheel = [this](int steps, int shift) {
-    gateway_.enter("wheel", [&] { application_.wheel(steps, shift); });
+  surface_.onWheel = [this](int steps, int shift, Point at) {
+    gateway_.enter("wheel", [&] { application_.wheelAt(steps, shift, at); });
   };
   surface_.onLeave = [this] { gateway_.enter("leave", [&] { application_.leave(); }); };
+  surface_.onPan = [this](PanPhase phase, Point at) {
+    gateway_.enter("pan", [&] { pan(phase, at); });
+  };
+  surface_.wantsEachMotion = [this] {
+    return application_.interaction.context.pointer.SkipPointerUpdate;
+  };
+  surface_.sumsTurns = [this] { return application_.interaction.navigation.wheelZooms(); };
+  surface_.isBusy = [this] { return gateway_.isBusy(); };
   surface_.onKey = [this](const QKeyEvent& key) {
     if (window_.guideBar().position().begin(key)) return true;
     const std::optional<KeyStroke> stroke = keyStroke(key);
@@ -134,6 +162,12 @@ void DesktopProgram::wireGuide() {
   pointer_.mayTakeFocus = [&guide] { return !guide.position().isWriting(); };
 }
 
+void DesktopProgram::pan(PanPhase phase, Point at) {
+  if (phase == PanPhase::Begin) application_.beginPan(at);
+  if (phase == PanPhase::Move) application_.movePan(at);
+  if (phase == PanPhase::End) application_.endPan(at);
+}
+
 void DesktopProgram::wireWindow() {
   window_.onQueryClose = [this] { return application_.mayClose(); };
   window_.onClosed = [this] {
@@ -152,9 +186,11 @@ void DesktopProgram::wireWindow() {
   application_.onCaptionChanged = [this] {
     window_.setWindowTitle(QString::fromStdString(application_.caption()));
   };
-  application_.viewer.form.onCopyText = [](const std::string& text) {
+  application_.onCopyText = [](const std::string& text) {
     QApplication::clipboard()->setText(QString::fromStdString(text));
   };
+  application_.viewer.form.onCopyText = application_.onCopyText;
+  application_.onDescribeSystem = describeSystem;
   application_.onCustomize = [this] { customizeWindow(window_, gateway_); };
 }
 

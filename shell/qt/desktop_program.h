@@ -18,9 +18,9 @@ class DesktopProgram {
  public:
   // `appfolder` ends with a separator. The toolkit's application exists already.
   // `jetReader` reads Jet databases; "" for none. `userfolder` keeps what belongs to this user
-  // alone; "": nothing is kept.
+  // alone; "": nothing is kept. `help` is what the help menu shows.
   explicit DesktopProgram(const std::string& appfolder, const std::string& jetReader = {},
-                          const std::string& userfolder = {});
+                          const std::string& userfolder = {}, const HelpFiles& help = {});
 
   // Shows the main window and loads as at the program's start, with the drawing named, "" for none.
   // A first start asks for the control and the units. False when the program cannot go on.
@@ -38,6 +38,7 @@ class DesktopProgram {
   void finishFirstStart();
   void wirePlatform();
   void wireSurface();
+  void pan(PanPhase phase, Point at);
   void wireWindow();
   void wireGuide();
   void end(const std::string& line);

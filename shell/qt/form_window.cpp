@@ -137,6 +137,8 @@ void FormWindow::keyPressEvent(QKeyEvent* event) {
   const int key = event->key();
   if (key == Qt::Key_Return || key == Qt::Key_Enter) {
     view_.actions().run("Form_Enter", [this] { view_.form()->pressDefault(); });
+  } else if (key == Qt::Key_F1) {
+    view_.actions().help();
   } else if (key == Qt::Key_PageUp || key == Qt::Key_PageDown) {
     view_.actions().run("Form_Page", [&] { view_.form()->pressPage(key == Qt::Key_PageDown); });
   } else {

@@ -42,6 +42,8 @@ class Gateway {
   std::function<void(const std::string& line)> onEnd;
   // The drawing is in millimetres; without it forms show no units.
   std::function<bool()> isMetric;
+  // The operator wants to know about a form.
+  std::function<void(const Form& form)> onHelp;
 
  private:
   struct Depth {

@@ -8,7 +8,7 @@ namespace tess {
 
 namespace {
 
-constexpr std::array<std::pair<int, SpecialKey>, 11> kSpecialKeys{{
+constexpr std::array<std::pair<int, SpecialKey>, 12> kSpecialKeys{{
     {Qt::Key_F1, SpecialKey::F1},
     {Qt::Key_F3, SpecialKey::F3},
     {Qt::Key_F12, SpecialKey::F12},
@@ -16,6 +16,7 @@ constexpr std::array<std::pair<int, SpecialKey>, 11> kSpecialKeys{{
     {Qt::Key_Enter, SpecialKey::Enter},
     {Qt::Key_Insert, SpecialKey::Insert},
     {Qt::Key_Delete, SpecialKey::Delete},
+    {Qt::Key_Home, SpecialKey::Home},
     {Qt::Key_Left, SpecialKey::Left},
     {Qt::Key_Right, SpecialKey::Right},
     {Qt::Key_Up, SpecialKey::Up},

@@ -47,6 +47,7 @@ class Panels::Dock : public QDockWidget {
 
   // What a field leaves of its keys is no command of the drawing, but for the function keys.
   void keyPressEvent(QKeyEvent* event) override {
+    if (event->key() == Qt::Key_F1 && view_) return view_->actions().help();
     if (event->key() >= Qt::Key_F1 && event->key() <= Qt::Key_F35) return event->ignore();
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (!enter || !view_) return;

@@ -8,6 +8,7 @@
 #include <QPdfSearchModel>
 #include <QPdfView>
 #include <QPixmap>
+#include <QTimer>
 #include <map>
 
 namespace tess {
@@ -148,9 +149,12 @@ int PdfPane::currentPage() const {
   return pages_->pageNavigator()->currentPage();
 }
 
-// Each page is fitted, so all of it is seen from its top.
+// Each page is fitted, so all of it is seen from its top. A viewer that has no size yet forgets
+// where it was sent.
 void PdfPane::showPage(int page) {
-  pages_->pageNavigator()->jump(page, {});
+  const auto jump = [this, page] { pages_->pageNavigator()->jump(page, {}); };
+  jump();
+  if (!isVisible()) QTimer::singleShot(0, this, jump);
 }
 
 void PdfPane::markPage(int page) {

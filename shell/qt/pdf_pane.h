@@ -29,6 +29,8 @@ class PdfPane : public QWidget {
   void search(const std::string& words);
   // A finding of the last search, from 0.
   void showFinding(int index);
+  // From 0.
+  void showPage(int page);
 
   int pageCount() const;
   int currentPage() const;  // from 0
@@ -37,7 +39,6 @@ class PdfPane : public QWidget {
 
  private:
   class Thumbnails;
-  void showPage(int page);
   void markPage(int page);
   void tellFindings();
 

@@ -4,13 +4,17 @@
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QTimer>
 #include <QWheelEvent>
+#include <algorithm>
+#include <utility>
 
 namespace tess {
 
 namespace {
 
-constexpr int kWheelStep = 120;  // eighths of a degree times 15
+constexpr int kWheelStep = 120;      // eighths of a degree times 15
+constexpr int kMostTurned = 120000;  // in one event; some devices report nonsense
 
 int shiftOf(Qt::KeyboardModifiers modifiers) {
   return (modifiers.testFlag(Qt::ShiftModifier) ? 1 : 0) |
@@ -84,7 +88,67 @@ void SurfaceWidget::report(const PointerHandler& handler, int button, const QMou
   handler(button, shiftOf(event.modifiers()), at.x, at.y);
 }
 
+// ---- Motions
+
+namespace {
+
+constexpr int kWhileBusy = 10;  // milliseconds
+
+bool holds(const std::function<bool()>& condition) {
+  return condition && condition();
+}
+
+}  // namespace
+
+// While one is carried out others may come in, faster than the drawing can follow: the operator
+// wants to see where the pointer is, not where it was. They are taken together as soon as all that
+// has come in was looked at, which is when the toolkit comes to what is posted now.
+void SurfaceWidget::settleLater() {
+  QTimer::singleShot(holds(isBusy) ? kWhileBusy : 0, this, [this] { settle(); });
+}
+
+void SurfaceWidget::settle() {
+  if (holds(isBusy)) return settleLater();
+  settling_ = false;
+  carryOutWaiting();
+}
+
+// In the order in which they came: a turn that comes after a motion does not wait with it.
+void SurfaceWidget::carryOutWaiting() {
+  if (const auto turned = std::exchange(waitingTurn_, nullptr)) {
+    turn(std::exchange(waitingSteps_, 0), *turned);
+  }
+  if (const auto motion = std::exchange(waitingMotion_, nullptr)) carryOut(*motion);
+}
+
+void SurfaceWidget::carryOut(const QMouseEvent& motion) {
+  const bool settlesAlready = std::exchange(settling_, true);
+  if (panning_) {
+    const bool held = motion.buttons().testFlag(Qt::MiddleButton);
+    pan(held ? PanPhase::Move : PanPhase::End, motion);
+  } else {
+    report(onMove, buttonsOf(motion.buttons()), motion);
+  }
+  if (!settlesAlready) settleLater();
+}
+
+void SurfaceWidget::turn(int steps, const QWheelEvent& event) {
+  const bool settlesAlready = std::exchange(settling_, true);
+  if (onWheel) {
+    onWheel(steps, shiftOf(event.modifiers()),
+            drawing_.toWorld(event.position().x(), event.position().y()));
+  }
+  if (!settlesAlready) settleLater();
+}
+
+void SurfaceWidget::pan(PanPhase phase, const QMouseEvent& event) {
+  panning_ = phase != PanPhase::End;
+  if (onPan) onPan(phase, drawing_.toWorld(event.position().x(), event.position().y()));
+}
+
 void SurfaceWidget::mousePressEvent(QMouseEvent* event) {
+  carryOutWaiting();
+  if (event->button() == Qt::MiddleButton) return pan(PanPhase::Begin, *event);
   const int button = buttonOf(event->button());
   if (button == 0 || !drawing_.Enabled()) return;
   dragging_ = true;
@@ -92,11 +156,19 @@ void SurfaceWidget::mousePressEvent(QMouseEvent* event) {
 }
 
 void SurfaceWidget::mouseMoveEvent(QMouseEvent* event) {
-  if (!dragging_ && !drawing_.Enabled()) return;
-  report(onMove, buttonsOf(event->buttons()), *event);
+  if (!dragging_ && !panning_ && !drawing_.Enabled()) return;
+  const bool waits = settling_ && !holds(wantsEachMotion);
+  if (!waits) carryOutWaiting();
+  if (!waits) return carryOut(*event);
+  waitingMotion_.reset(event->clone());
 }
 
 void SurfaceWidget::mouseReleaseEvent(QMouseEvent* event) {
+  carryOutWaiting();
+  if (event->button() == Qt::MiddleButton) {
+    if (panning_) pan(PanPhase::End, *event);
+    return;
+  }
   const int button = buttonOf(event->button());
   if (button == 0 || (!dragging_ && !drawing_.Enabled())) return;
   dragging_ = buttonsOf(event->buttons()) != 0;
@@ -104,13 +176,25 @@ void SurfaceWidget::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 void SurfaceWidget::wheelEvent(QWheelEvent* event) {
-  wheelRest_ += event->angleDelta().y();
+  const bool waits = settling_ && holds(sumsTurns);
+  if (waitingMotion_ || !waits) carryOutWaiting();
+  wheelRest_ += std::clamp(event->angleDelta().y(), -kMostTurned, kMostTurned);
   const int steps = wheelRest_ / kWheelStep;
   wheelRest_ -= steps * kWheelStep;
-  if (steps != 0 && onWheel) onWheel(steps, shiftOf(event->modifiers()));
+  if (steps == 0) return;
+  if (!waits) return turn(steps, *event);
+  waitingSteps_ = std::clamp(waitingSteps_ + steps, -kMostTurned, kMostTurned);
+  waitingTurn_.reset(event->clone());
 }
 
+bool SurfaceWidget::handleKey(const QKeyEvent& key) {
+  carryOutWaiting();
+  return onKey && onKey(key);
+}
+
+// What follows on another widget comes after what was meant here.
 void SurfaceWidget::leaveEvent(QEvent* event) {
+  carryOutWaiting();
   QWidget::leaveEvent(event);
   if (!dragging_ && onLeave) onLeave();
 }

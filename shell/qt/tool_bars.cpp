@@ -48,6 +48,10 @@ QString plainText(const Tool& tool) {
   return shown(tool.caption).trimmed().remove('&').remove("...");
 }
 
+QString hintText(const Tool& tool) {
+  return tool.hint.empty() ? plainText(tool) : shown(tool.hint);
+}
+
 }  // namespace
 
 ToolBars::ToolBars(ToolHost& host, Gateway& gateway, QMainWindow& window)
@@ -79,7 +83,7 @@ QAction* ToolBars::makeAction(const Tool& tool) {
   auto* action = new QAction(toolIcon(tool), menuText(tool), &window_);
   action->setObjectName(shown(tool.name));
   action->setIconText(plainText(tool));
-  action->setToolTip(tool.hint.empty() ? plainText(tool) : shown(tool.hint));
+  action->setToolTip(hintText(tool));
   action->setEnabled(tool.enabled);
   action->setVisible(tool.visible);
   action->setMenuRole(QAction::NoRole);
@@ -213,6 +217,10 @@ void ToolBars::toolChanged(const Tool& tool, ToolProperty property) {
     case ToolProperty::Caption:
       action->setText(menuText(tool));
       action->setIconText(plainText(tool));
+      return;
+    case ToolProperty::Key:
+      action->setText(menuText(tool));
+      action->setToolTip(hintText(tool));
       return;
     case ToolProperty::Enabled:
       return action->setEnabled(tool.enabled);

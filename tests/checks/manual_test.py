@@ -31,10 +31,12 @@ def told(kind: str) -> list[str]:
 
 
 def forms() -> set[str]:
+    """Forms have a name of their kind, which stands where they are made."""
     found: set[str] = set()
     for room in ROOMS:
         for path in (ROOT / room).glob("*.[ch]*"):
             code = re.sub(r"//[^\n]*", "", path.read_text(encoding="utf-8"))
+            found.update(re.findall(r'"((?:frm|[dD]lg)[A-Z]\w*)"', code))
             found.update(re.findall(r'\bForm\(\s*"(\w+)"', code))
     return found
 

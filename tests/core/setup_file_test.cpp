@@ -363,6 +363,18 @@ TEST_F(SetupFile, TruePathsAreWrittenOnlyWhenTheyAreOn) {
   EXPECT_FALSE(store.cfg_true_paths) << "a setup that does not tell it does without";
 }
 
+TEST_F(SetupFile, DesktopKeysAreWrittenOnlyWhenTheyAreOn) {
+  read(wholeSetup());
+  EXPECT_FALSE(store.desktopkeys);
+  EXPECT_THAT(written(), Not(HasSubstr("desktop keys")));
+  store.desktopkeys = true;
+  EXPECT_THAT(written(), HasSubstr("\r\ndesktop keys =-1\r\nvisual grid"));
+  read("desktop keys =-1\r\n");
+  EXPECT_TRUE(store.desktopkeys);
+  read(wholeSetup());
+  EXPECT_FALSE(store.desktopkeys) << "a setup that does not tell it does without";
+}
+
 TEST_F(SetupFile, PartHeightOfZeroIsWrittenAsAQuarter) {
   EXPECT_THAT(setupText(session), HasSubstr("part dim z = .25\r\n"));
   EXPECT_EQ(store.partdimz, 0.25F);

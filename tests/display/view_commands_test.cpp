@@ -2,51 +2,18 @@
 #include "display/view_commands.h"
 
 #include <cmath>
-#include <map>
 
 #include "core/drawing_store.h"
 #include "tests/display/display_bench.h"
+#include "tests/display/view_fakes.h"
 #include "tests/support/temp_folder.h"
 
 namespace tess {
 namespace {
 
-using testing::CallLog;
 using testing::DisplayBench;
-
-// A drawing mode that is set drops the pending action, as the real one does.
-class FakeAction : public ArmedAction {
- public:
-  int pendingaction() const override { return pending; }
-  void setPendingaction(int action) override { pending = action; }
-  int DrawMode() const override { return mode; }
-  void setDrawMode(int newMode) override {
-    mode = newMode;
-    if (mode > 0) pending = 0;
-  }
-  int pending = 0;
-  int mode = 0;
-};
-
-class FakeHost : public ViewHost {
- public:
-  explicit FakeHost(CallLog& log) : log_(log) {}
-  SurfaceArea clientArea() const override { return area; }
-  bool toolChecked(const std::string& tool) const override {
-    const auto found = checked.find(tool);
-    return found != checked.end() && found->second;
-  }
-  void setToolChecked(const std::string& tool, bool on) override { checked[tool] = on; }
-  void Update_menu_checks() override { log_.add("Update_menu_checks"); }
-  std::string appfolder() const override { return folder; }
-
-  SurfaceArea area{0, 50, 1000, 800};
-  std::map<std::string, bool> checked;
-  std::string folder = "/nowhere/";
-
- private:
-  CallLog& log_;
-};
+using testing::FakeAction;
+using testing::FakeHost;
 
 class ViewCommandsTest : public DisplayBench {
  protected:

@@ -86,7 +86,7 @@ TEST_F(DialogsTest, TheReportOfAFailureClosesByEitherKey) {
 TEST_F(DialogsTest, AboutClosesByEitherKey) {
   testing::TestSession recorded;
   for (const auto& key : {enter, escape}) {
-    frmAbout about(recorded.session);
+    frmAbout about(recorded.session, "");
     whenModal([&](QWidget& dialog) { key(dialog); });
     prompts.showModal(about);
     EXPECT_FALSE(about.isShown());
@@ -203,6 +203,23 @@ TEST_F(ProgramDialogsTest, TheGridDialogAcceptsByEnterAndCancelsByEsc) {
   });
   tool("miGrid/SnapSelections");
   EXPECT_FLOAT_EQ(store().visualgrid, 0.75F);
+}
+
+TEST_F(ProgramDialogsTest, TabLeadsThroughThePositionDialogFigureByFigure) {
+  whenModal([&](QWidget& dialog) {
+    QStringList way{"txtx"};
+    auto* at = dialog.findChild<QWidget*>("txtx");
+    while (way.size() < 6) {
+      do {
+        at = at->nextInFocusChain();
+      } while ((at->focusPolicy() & Qt::TabFocus) == 0 || !at->isVisible());
+      way << at->objectName();
+    }
+    EXPECT_EQ(way.join(" ").toStdString(),
+              "txtx txty cmdAccept cmdCancel cmdUseMarkerX cmdUseMarkerY");
+    escape(dialog);
+  });
+  tool("miEnterPosition");
 }
 
 TEST_F(ProgramDialogsTest, ThePositionDialogAcceptsByEnterAndCancelsByEsc) {

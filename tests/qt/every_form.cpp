@@ -22,6 +22,7 @@
 #include "shell/controls_list.h"
 #include "shell/frmAbout.h"
 #include "shell/frmControl.h"
+#include "shell/frmExamples.h"
 #include "shell/frmPDFHelp.h"
 #include "shell/frmPageSetup.h"
 #include "shell/frmPathProof.h"
@@ -125,13 +126,16 @@ std::vector<NamedForm> shellForms(Application& application) {
   Session& session = application.session;
   Prompts& prompts = session.host.prompts;
   auto work = std::make_shared<std::vector<UnsavedWork>>(unsavedWork(session.appfolder));
+  auto examples =
+      std::make_shared<std::vector<Example>>(availableExamples(TESSIMO_SOURCE_DIR "/examples/"));
   auto page = std::make_shared<PageSetup>();
   auto print = std::make_shared<ScaledPrint>();
   auto controls =
       std::make_shared<std::vector<ControlChoice>>(availableControls(session.appfolder));
-  return {plain<frmAbout>(session),
+  return {{"", [&session] { return std::make_unique<frmAbout>(session, "Qt 6, a desk"); }},
           plain<frmSplash>(session),
-          plain<frmPDFHelp>(session),
+          {"", [&session] { return std::make_unique<frmPDFHelp>(session, ""); }},
+          {"", [examples] { return std::make_unique<frmExamples>(*examples); }},
           plain<frmStatistics>(),
           plain<frmPathProof>(),
           plain<frmPrintPreview>(),

@@ -8,10 +8,14 @@
 #include <QListWidget>
 #include <QPainter>
 #include <QPdfWriter>
+#include <QTimer>
 #include <filesystem>
 #include <functional>
 #include <gtest/gtest.h>
 
+#include "core/file_system.h"
+#include "shell/help_topics.h"
+#include "shell/program_folder.h"
 #include "shell/qt/desktop_program.h"
 #include "shell/qt/pdf_pane.h"
 #include "shell/qt/theme.h"
@@ -83,6 +87,44 @@ TEST_F(ManualTest, F1ShowsThePagesAndTheirThumbnails) {
   keepPicture("manual_contents");
   press(*window(), Qt::Key_Escape);
   EXPECT_TRUE(testing::waitFor([this] { return window() == nullptr; }));
+}
+
+// The program's own document; it is there once the target manual was built.
+TEST_F(ManualTest, WordsOfTheProgramsManualAreFound) {
+  home.write("tsmo_manual.pdf", readFile(helpFiles("").manual));
+  program->application().clickTool("miLine");
+  press(program->surface(), Qt::Key_F1);
+  ASSERT_NE(window(), nullptr);
+  const int page = manualPlaces(readFile(helpFiles("").manual)).at("miLine");
+  EXPECT_EQ(pane().currentPage() + 1, page);
+  keepPicture("manual_of_line");
+  program->application().clickTool("miSearchforHelpon");
+  auto* words = window()->findChild<QLineEdit*>("txtSearch");
+  words->setText("Draws a line from the marker");
+  emit words->textEdited(words->text());
+  auto* found = window()->findChild<QListWidget*>("lstFound");
+  ASSERT_TRUE(testing::waitFor([found] { return found->count() > 0; }));
+  EXPECT_TRUE(found->item(0)->text().startsWith(QString("Page %1:").arg(page)))
+      << found->item(0)->text().toStdString();
+}
+
+TEST_F(ManualTest, F1InAFormOpensItsPageBeforeTheForm) {
+  const ManualPlaces places = manualPlaces(readFile(helpFiles("").manual));
+  home.write("tsmo_manual.pdf", readFile(helpFiles("").manual));
+  int page = -1;
+  QTimer::singleShot(0, [&] {
+    QWidget* const form = QApplication::activeModalWidget();
+    QTimer::singleShot(100, [&] {
+      QWidget* const manual = QApplication::activeModalWidget();
+      page = manual->findChild<PdfPane*>("Pdf1")->currentPage() + 1;
+      testing::keepScreenshot(*manual, "manual_of_form");
+      manual->close();
+    });
+    press(*form, Qt::Key_F1);
+    form->close();
+  });
+  program->application().clickTool("miGrid/SnapSelections");
+  EXPECT_EQ(page, places.at("dlgSetGrids"));
 }
 
 TEST_F(ManualTest, TheIndexFindsWordsAndGoesToTheirPage) {

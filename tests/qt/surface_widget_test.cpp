@@ -110,7 +110,7 @@ TEST_F(SurfaceWidgetTest, ADragOfTwoButtonsEndsWithTheSecondOne) {
 
 TEST_F(SurfaceWidgetTest, TheWheelCountsWholeSteps) {
   std::vector<int> steps;
-  surface->onWheel = [&](int turned, int /*shift*/) { steps.push_back(turned); };
+  surface->onWheel = [&](int turned, int /*shift*/, Point /*at*/) { steps.push_back(turned); };
   const auto turn = [&](int eighths) {
     QWheelEvent event({10, 10}, {10, 10}, {}, {0, eighths}, Qt::NoButton, Qt::NoModifier,
                       Qt::NoScrollPhase, false);

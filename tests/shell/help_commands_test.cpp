@@ -123,6 +123,79 @@ TEST_F(Help, AnUnreadableManualIsTold) {
   EXPECT_FALSE(help.Pdf1.isVisible());
 }
 
+// What the manual's maker writes of its pages and places.
+constexpr char kDocument[] =
+    "%PDF-1.7\n1 0 obj\n<<\n/Type /Pages\n/Kids [ 6 0 R 8 0 R 10 0 R ]\n/Count 3\n>>\nendobj\n"
+    "3 0 obj\n<<\n/Type /Catalog\n/Names <<\n/Dests <<\n/Names [ (frmAbout) [ 10 0 R /XYZ 62 7 0 ] "
+    "(miLine) [ 8 0 R /XYZ 62 7 0 ] (page_keys) [ 10 0 R /XYZ 1 7 0 ] ]\n>>\n>>\n>>\nendobj\n";
+
+TEST_F(Help, F1OpensThePageOfTheArmedCommand) {
+  home.write("tsmo_manual.pdf", kDocument);
+  application.clickTool("miLine");
+  application.key({.special = SpecialKey::F1});
+  EXPECT_EQ(help.Pdf1.wantedPage(), 2);
+}
+
+TEST_F(Help, F1WithNothingArmedGoesToNoPage) {
+  home.write("tsmo_manual.pdf", kDocument);
+  application.key({.special = SpecialKey::F1});
+  EXPECT_EQ(help.Pdf1.wantedPage(), 0);
+}
+
+TEST_F(Help, AnOpenManualGoesToTheNextTopic) {
+  home.write("tsmo_manual.pdf", kDocument);
+  application.clickTool("miContents");
+  application.clickTool("miKeys");
+  EXPECT_EQ(help.Pdf1.wantedPage(), 3);
+  help.Pdf1.tellPageShown();
+  application.clickTool("miLine");
+  application.key({.special = SpecialKey::F1});
+  EXPECT_EQ(help.Pdf1.wantedPage(), 2);
+}
+
+TEST_F(Help, AFormThatWaitsHasTheManualBeforeIt) {
+  home.write("tsmo_manual.pdf", kDocument);
+  platform.prompts.onForm = [&](Form& form) {
+    if (form.name() != "frmAbout") return;
+    helpOnForm(application, form);
+    EXPECT_EQ(help.Pdf1.wantedPage(), 3);
+  };
+  application.clickTool("miContents");
+  application.clickTool("miAboutTessimoMill");
+  EXPECT_EQ(platform.prompts.formNames, (std::vector<std::string>{"frmAbout", "frmPDFHelp"}));
+}
+
+TEST_F(Help, AFormWithoutAPageShowsTheManual) {
+  home.write("tsmo_manual.pdf", kDocument);
+  helpOnForm(application, application.interaction.frmStatistics);
+  EXPECT_TRUE(isOpen());
+  EXPECT_EQ(help.Pdf1.wantedPage(), 0);
+}
+
+TEST_F(Help, TheShippedManualIsShownWhereTheFolderHasNone) {
+  testing::TempFolder shipped;
+  shipped.write("tsmo_manual.pdf", kDocument);
+  frmPDFHelp form(application.session, shipped("tsmo_manual.pdf"));
+  form.open(Modality::Modeless);
+  EXPECT_EQ(form.Pdf1.document(), shipped("tsmo_manual.pdf"));
+  form.close();
+  home.write("tsmo_manual.pdf", "of the operator's own");
+  form.open(Modality::Modeless);
+  EXPECT_EQ(form.Pdf1.document(), home("tsmo_manual.pdf"));
+}
+
+TEST_F(Help, AboutHandsItsDetailsOn) {
+  std::string copied;
+  application.onCopyText = [&](const std::string& text) { copied = text; };
+  application.onDescribeSystem = [] { return std::string("Qt 6, a desk"); };
+  platform.prompts.onForm = [](Form& form) { form.control("cmdCopyDetails")->set("value", true); };
+  application.clickTool("miAboutTessimoMill");
+  for (const char* const part : {"Tessimo Mill, Version ", "Program folder: ", "\nQt 6, a desk\n",
+                                 "\nLua: MIT (scripts)\n", "Dr. A. V. Hershey"}) {
+    EXPECT_NE(copied.find(part), std::string::npos) << part;
+  }
+}
+
 TEST_F(Help, AboutIsModal) {
   application.clickTool("miAboutTessimoMill");
   EXPECT_EQ(platform.prompts.formNames, std::vector<std::string>{"frmAbout"});
