@@ -83,6 +83,8 @@ struct Axes {
 
 void noteAxes(std::string_view block, Axes& axes) {
   bool commands = false;
+  dropBlanks(block);
+  if (block.starts_with('/')) block.remove_prefix(1);
   for (dropBlanks(block); !block.empty(); dropBlanks(block)) {
     const int address = std::toupper(static_cast<unsigned char>(block[0]));
     if (!takeComment(block) && !takeAddress(block, commands)) return;

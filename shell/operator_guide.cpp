@@ -148,6 +148,18 @@ const DraftingCommand* drawingCommand(const Interaction& interaction) {
   return nullptr;
 }
 
+PointerGuide guideOfState(const Interaction& interaction) {
+  if (interaction.state.pendingaction() != 0) return armedGuide(interaction);
+  if (const DraftingCommand* const command = drawingCommand(interaction)) {
+    return drawingGuide(interaction, *command);
+  }
+  return {.command = nextStep(interaction),
+          .left = {},
+          .right = "moves the marker",
+          .wheel = {},
+          .keys = repeatHint(interaction)};
+}
+
 // ---- State
 
 std::string selectedText(const Interaction& interaction) {
@@ -193,15 +205,9 @@ void addCount(std::string& text, int count, const char* what) {
 }  // namespace
 
 PointerGuide pointerGuide(const Interaction& interaction) {
-  if (interaction.state.pendingaction() != 0) return armedGuide(interaction);
-  if (const DraftingCommand* const command = drawingCommand(interaction)) {
-    return drawingGuide(interaction, *command);
-  }
-  return {.command = nextStep(interaction),
-          .left = {},
-          .right = "moves the marker",
-          .wheel = {},
-          .keys = repeatHint(interaction)};
+  PointerGuide guide = guideOfState(interaction);
+  if (interaction.navigation.wheelZooms()) guide.wheel = "zooms, its button pans";
+  return guide;
 }
 
 std::string guideText(const PointerGuide& guide) {

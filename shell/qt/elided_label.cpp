@@ -4,9 +4,15 @@
 #include <QAccessible>
 #include <QPainter>
 #include <QStyle>
-#include <QStyleOption>
+#include <algorithm>
 
 namespace tess {
+
+namespace {
+
+constexpr int kFewestLetters = 8;
+
+}  // namespace
 
 ElidedLabel::ElidedLabel(const QString& about, QWidget* parent) : QLabel(parent) {
   setTextFormat(Qt::PlainText);
@@ -26,8 +32,14 @@ void ElidedLabel::tell(const QString& text, bool alert) {
   QAccessible::updateAccessibility(&event);
 }
 
+// A text that comes and goes does not push the others about.
+QSize ElidedLabel::sizeHint() const {
+  const QSize hint = QLabel::sizeHint();
+  return {std::max(hint.width(), letters_ * fontMetrics().averageCharWidth()), hint.height()};
+}
+
 QSize ElidedLabel::minimumSizeHint() const {
-  const int width = letters_ * fontMetrics().averageCharWidth();
+  const int width = std::min(letters_, kFewestLetters) * fontMetrics().averageCharWidth();
   return {width, QLabel::minimumSizeHint().height()};
 }
 

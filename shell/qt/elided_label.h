@@ -11,11 +11,12 @@ class ElidedLabel : public QLabel {
   // What it is about, for those who hear the screen.
   explicit ElidedLabel(const QString& about, QWidget* parent = nullptr);
 
-  // Takes no less room than so many letters.
+  // Wants room for so many letters, and takes less where there is less.
   void keepLetters(int letters);
   // The text has changed; an alert is read out at once.
   void tell(const QString& text, bool alert = false);
 
+  QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
 
  protected:

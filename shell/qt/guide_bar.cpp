@@ -154,10 +154,12 @@ void GuideBar::arrange() {
   narrow_ = narrow;
   if (narrow) {
     jobRow_->addWidget(answer_, 1);
+    jobRow_->addWidget(results_);
     jobRow_->addWidget(labels_.at(StatusPanel::Tool));
     jobRow_->addWidget(labels_.at(StatusPanel::Path));
   } else {
     stateRow_->insertWidget(2, answer_, 1);
+    stateRow_->insertWidget(3, results_);
     panelRow_->addWidget(labels_.at(StatusPanel::Tool));
     panelRow_->addWidget(labels_.at(StatusPanel::Path));
   }

@@ -10,7 +10,7 @@ namespace {
 // Letters are commands on the drawing, and plus and minus may be: these are not.
 constexpr char kBeginnings[] = "0123456789.@(";
 constexpr int kLongestText = 1 << 20;  // so that one that is too long is told, not cut
-constexpr int kLetters = 26;
+constexpr int kLetters = 22;
 
 }  // namespace
 

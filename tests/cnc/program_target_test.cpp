@@ -64,6 +64,31 @@ TEST(IsCncProgram, WhatThisProgramWrites) {
   }
 }
 
+TEST(KindOfProgram, IsToldByTheHeading) {
+  EXPECT_EQ(kindOfProgram("(*  Created for GantrixPro (tm) 2012)\nG00 X1 Z2\n"), CncMode::Mill);
+  EXPECT_EQ(kindOfProgram("(*  Created for Lathrix Pro (tm) 2012)\nG00 X1 Y2\n"), CncMode::Lathe);
+}
+
+TEST(KindOfProgram, WithoutOneTheAxesTell) {
+  EXPECT_EQ(kindOfProgram("%\nG90\nG00 X1 Z2\nG01 Y3\n"), CncMode::Mill);
+  EXPECT_EQ(kindOfProgram("%\nG90\nG00 X1\nG01 Z3 (Y is none)\n"), CncMode::Lathe);
+  EXPECT_EQ(kindOfProgram("g1 x1\r\n/z2\r\n; y\r\n"), CncMode::Lathe);
+}
+
+TEST(KindOfProgram, OfOtherTextsIsUnknown) {
+  EXPECT_EQ(kindOfProgram(""), std::nullopt);
+  EXPECT_EQ(kindOfProgram("G90\nM30\n"), std::nullopt);
+  EXPECT_EQ(kindOfProgram("Dear reader,\nX is not Y.\n"), std::nullopt);
+}
+
+TEST(KindOfProgram, OfAFileThatIsNotThereIsUnknown) {
+  testing::TempFolder folder;
+  EXPECT_EQ(kindOfProgramAt(folder("NONE.CNC")), std::nullopt);
+  EXPECT_EQ(kindOfProgramAt(folder()), std::nullopt);
+  folder.write("PART.CNC", "G00 X1 Y2\n");
+  EXPECT_EQ(kindOfProgramAt(folder("PART.CNC")), CncMode::Mill);
+}
+
 class KeptAt : public ::testing::Test {
  protected:
   KeptAt() {

@@ -56,6 +56,20 @@ class Import : public ::testing::Test, public RecordedDrafting {
   frmDXF form{context};
 };
 
+// ---- The result
+
+TEST_F(Import, TellsHowManyRowsCameAndHowManyOutlinesAreOpen) {
+  import(
+      "0 LINE, 10 0, 20 0, 11 1, 21 0, 0 LINE, 10 5, 20 0, 11 6, 21 0, 0 CIRCLE, 10 9, 20 9, 40 1");
+  ASSERT_FALSE(test.session.results.told().empty());
+  EXPECT_EQ(test.session.results.told().back().text, "3 rows imported, 2 outlines open");
+}
+
+TEST_F(Import, OfClosedOutlinesTellsTheRowsAlone) {
+  import("0 CIRCLE, 10 9, 20 9, 40 1");
+  EXPECT_EQ(test.session.results.told().back().text, "1 row imported");
+}
+
 // ---- The conversion
 
 TEST_F(Import, OnlySplinesAndTextsAddNothingAndAreNamedOnceEach) {

@@ -1,15 +1,18 @@
 // What tests of the desktop share: the toolkit on a platform without a screen, a gateway that lets
 // failures through to the test, and pictures kept for the eye.
 // Owns: ToolkitEnvironment, kToolkitEnvironment, toolkit, passThrough, kPatienceMs, waitFor,
-//       keepScreenshot.
+//       kSmoothing, largestDifference, keepScreenshot.
 #pragma once
 
 #include <QApplication>
+#include <QColor>
 #include <QDir>
 #include <QElapsedTimer>
+#include <QImage>
 #include <QPixmap>
 #include <QTimer>
 #include <QWidget>
+#include <algorithm>
 #include <cstdlib>
 #include <functional>
 #include <gtest/gtest.h>
@@ -70,6 +73,25 @@ inline bool waitFor(const std::function<bool()>& condition) {
     QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
   }
   return true;
+}
+
+// What the smoothing of letters over lines may differ by from one redraw to the next; whatever an
+// inverting pen leaves differs by far more.
+inline constexpr int kSmoothing = 4;
+
+inline int largestDifference(const QImage& a, const QImage& b) {
+  if (a.size() != b.size()) return 255;
+  int largest = 0;
+  for (int y = 0; y < a.height(); ++y) {
+    for (int x = 0; x < a.width(); ++x) {
+      const QColor one = a.pixelColor(x, y);
+      const QColor other = b.pixelColor(x, y);
+      largest =
+          std::max({largest, std::abs(one.red() - other.red()),
+                    std::abs(one.green() - other.green()), std::abs(one.blue() - other.blue())});
+    }
+  }
+  return largest;
 }
 
 // Where screenshots are kept: the folder that TESSIMO_SCREENSHOTS names. Without one none is kept.

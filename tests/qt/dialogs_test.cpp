@@ -205,6 +205,23 @@ TEST_F(ProgramDialogsTest, TheGridDialogAcceptsByEnterAndCancelsByEsc) {
   EXPECT_FLOAT_EQ(store().visualgrid, 0.75F);
 }
 
+TEST_F(ProgramDialogsTest, TabLeadsThroughThePositionDialogFigureByFigure) {
+  whenModal([&](QWidget& dialog) {
+    QStringList way{"txtx"};
+    auto* at = dialog.findChild<QWidget*>("txtx");
+    while (way.size() < 6) {
+      do {
+        at = at->nextInFocusChain();
+      } while ((at->focusPolicy() & Qt::TabFocus) == 0 || !at->isVisible());
+      way << at->objectName();
+    }
+    EXPECT_EQ(way.join(" ").toStdString(),
+              "txtx txty cmdAccept cmdCancel cmdUseMarkerX cmdUseMarkerY");
+    escape(dialog);
+  });
+  tool("miEnterPosition");
+}
+
 TEST_F(ProgramDialogsTest, ThePositionDialogAcceptsByEnterAndCancelsByEsc) {
   const PointerRecord& pointer = program.application().interaction.context.pointer;
   const auto change = [&](QWidget& dialog) {

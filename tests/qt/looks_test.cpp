@@ -255,25 +255,6 @@ TEST_P(Looks, BoltCircle) {
 }
 
 // With the group that stands out in the drawing behind it, and its map.
-// What the smoothing of letters over lines may differ by from one redraw to the next; whatever an
-// inverting pen leaves differs by far more.
-constexpr int kSmoothing = 4;
-
-int largestDifference(const QImage& a, const QImage& b) {
-  if (a.size() != b.size()) return 255;
-  int largest = 0;
-  for (int y = 0; y < a.height(); ++y) {
-    for (int x = 0; x < a.width(); ++x) {
-      const QColor one = a.pixelColor(x, y);
-      const QColor other = b.pixelColor(x, y);
-      largest =
-          std::max({largest, std::abs(one.red() - other.red()),
-                    std::abs(one.green() - other.green()), std::abs(one.blue() - other.blue())});
-    }
-  }
-  return largest;
-}
-
 TEST_P(Looks, PathEditor) {
   bool looked = false;
   const QImage plain = program->surface().drawing().picture().copy();
@@ -290,7 +271,8 @@ TEST_P(Looks, PathEditor) {
   });
   window().toolBars().action("miEditPath/Cycle")->trigger();
   EXPECT_TRUE(looked);
-  EXPECT_LE(largestDifference(program->surface().drawing().picture(), plain), kSmoothing);
+  EXPECT_LE(testing::largestDifference(program->surface().drawing().picture(), plain),
+            testing::kSmoothing);
 }
 
 TEST_P(Looks, UnsavedWork) {

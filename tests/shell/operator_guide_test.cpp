@@ -151,6 +151,18 @@ TEST_F(Guide, SaysItInOneLine) {
             "cancels, Esc cancels");
 }
 
+TEST_F(Guide, TellsOfTheWheelWhereItZooms) {
+  application.clickTool("miDelete");
+  EXPECT_EQ(pointerGuide(application.interaction).wheel, "");
+  store.desktopkeys = true;
+  settle();
+  EXPECT_EQ(guide(),
+            "Delete: left click deletes the nearest item, right click cancels, wheel zooms, its "
+            "button pans, Esc cancels");
+  arm(PendingAction::PlaceText);
+  EXPECT_EQ(pointerGuide(application.interaction).wheel.substr(0, 18), "spaces the letters");
+}
+
 TEST_F(Guide, AnUnknownActionHasNoGuide) {
   context().state.setPendingaction(40);
   settle();

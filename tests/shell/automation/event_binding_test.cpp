@@ -141,6 +141,21 @@ TEST_F(EventBinding, ASnapFeatureTakesTheClickEvenOnTheGrid) {
             "-1\n0.10000000149012\t0.10000000149012\n");
 }
 
+TEST_F(EventBinding, APositionIsTyped) {
+  EXPECT_EQ(outputOf("setting['cursor grid'] = 0.25 setting['cursor grid f'] = true "
+                     "tool('miLine') type_position('25.4/2,1') type_position('@2<90') "
+                     "print(store.NumSegments, store.x1[1], store.y1[2])"),
+            "2\t12.699999809265\t3.0\n");
+}
+
+TEST_F(EventBinding, ATextThatIsNoPositionIsAnErrorOfTheScript) {
+  EXPECT_EQ(errorOf("tool('miLine') type_position('1/0,2')"),
+            "'1/0,2': The division at character 2 is by zero.");
+  EXPECT_EQ(errorOf("type_position('1,2')"),
+            "'1,2': No command waits for a position: choose one first. Shift+Enter puts the marker "
+            "there.");
+}
+
 TEST_F(EventBinding, ARightClickMovesTheMarker) {
   EXPECT_EQ(outputOf("rightclick(2, 1) print(store.markerx, store.markery)"), "2.0\t1.0\n");
 }
