@@ -135,6 +135,7 @@
                                                                            \
   SHELL(kStatisticsCommand)                                                \
   SHELL(kPropertiesCommand)                                                \
+  SHELL(kBackplotCommand)                                                  \
   SHELL(kPathProofCommand)                                                 \
   SHELL(kShowPathProofCommand)
 
