@@ -52,14 +52,6 @@ double knownOr(float setting, double otherwise) {
   return setting > 0 ? setting : otherwise;
 }
 
-MachineLimits limitsOf(const DrawingStore& store) {
-  const bool metric = isMetric(store);
-  return {.rapid = knownOr(store.cfg_rapid_rate, metric ? kRapidMetric : kRapidInch),
-          .acceleration = knownOr(store.cfg_acceleration, 0),
-          .deviation =
-              knownOr(store.cfg_junction_deviation, metric ? kDeviationMetric : kDeviationInch)};
-}
-
 Leg straight(ToolPlace from, ToolPlace to, double rate) {
   const double x = double{to.x} - from.x;
   const double y = double{to.y} - from.y;
@@ -94,7 +86,7 @@ class Stopwatch : public MotionReader {
         rules_(rules),
         mode_(mode),
         report_(report),
-        timer_(limitsOf(store)),
+        timer_(machineLimits(store)),
         at_(placed({store.xstartpos, store.ystartpos, store.zstartpos})) {}
 
   void read(const MotionEvent& event) override {
@@ -231,21 +223,6 @@ class ReportReader : public MotionReader {
   std::size_t share_ = 0;  // of the row at hand
 };
 
-// The report counts cycles itself, whatever the program makes of them.
-MotionRules withAllCycles(MotionRules rules) {
-  rules.keptCycles.set();
-  rules.cyclesReturn = false;
-  return rules;
-}
-
-// Drawings do not tell for which machine they are; rows that are marked as rapids do.
-CncMode modeOf(const DrawingStore& store) {
-  for (int ps = 1; ps <= store.NumPathSegments; ++ps) {
-    if (store.psz[ps] == kLatheRapidZ) return CncMode::Lathe;
-  }
-  return CncMode::Mill;
-}
-
 void addUp(PathReport& report) {
   for (const ToolShare& share : report.tools) {
     report.rows += share.rows;
@@ -258,12 +235,33 @@ void addUp(PathReport& report) {
 
 }  // namespace
 
+MachineLimits machineLimits(const DrawingStore& store) {
+  const bool metric = isMetric(store);
+  return {.rapid = knownOr(store.cfg_rapid_rate, metric ? kRapidMetric : kRapidInch),
+          .acceleration = knownOr(store.cfg_acceleration, 0),
+          .deviation =
+              knownOr(store.cfg_junction_deviation, metric ? kDeviationMetric : kDeviationInch)};
+}
+
+MotionRules withAllCycles(MotionRules rules) {
+  rules.keptCycles.set();
+  rules.cyclesReturn = false;
+  return rules;
+}
+
+CncMode motionModeOf(const DrawingStore& store) {
+  for (int ps = 1; ps <= store.NumPathSegments; ++ps) {
+    if (store.psz[ps] == kLatheRapidZ) return CncMode::Lathe;
+  }
+  return CncMode::Mill;
+}
+
 // The cuts are those of a mill: only the moves from row to row differ from a lathe's.
 PathReport reportPaths(const DrawingStore& store, const MotionRules& rules) {
   ReportReader reader;
   tellMotions(store, CncMode::Mill, reader);
   PathReport& report = reader.report;
-  const CncMode mode = modeOf(store);
+  const CncMode mode = motionModeOf(store);
   Stopwatch watch(store, rules, mode, report);
   tellMotions(store, mode, watch, withAllCycles(rules));
   addUp(report);

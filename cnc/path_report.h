@@ -1,16 +1,27 @@
 // What the path rows of a drawing amount to: rows, length of cut, time at the programmed feeds, and
 // the time that a machine takes for the program made of them.
-// Owns: ToolShare, PathReport, reportPaths, summaryOf.
+// Owns: machineLimits, motionModeOf, withAllCycles, ToolShare, PathReport, reportPaths, summaryOf.
 #pragma once
 
 #include <string>
 #include <vector>
 
 #include "cnc/motion_rules.h"
+#include "cnc/motion_time.h"
+#include "cnc/program_motions.h"
 
 namespace tess {
 
 struct DrawingStore;
+
+// What the setup says of the machine, and what machines of its size do where it says nothing.
+MachineLimits machineLimits(const DrawingStore& store);
+
+// Drawings do not tell for which machine they are; rows that are marked as rapids of a lathe do.
+CncMode motionModeOf(const DrawingStore& store);
+
+// The rules under which all cycles come as cycles, whatever the program makes of them.
+MotionRules withAllCycles(MotionRules rules);
 
 struct ToolShare {
   int tool = 0;        // index from 0

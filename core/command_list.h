@@ -136,6 +136,7 @@
                                                                            \
   SHELL(kStatisticsCommand)                                                \
   SHELL(kPropertiesCommand)                                                \
+  SHELL(kBackplotCommand)                                                  \
   SHELL(kPathProofCommand)                                                 \
   SHELL(kShowPathProofCommand)
 

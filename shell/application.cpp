@@ -88,12 +88,14 @@ void Application::wireTools() {
     if (band == "barStatistics") interaction.forms.show(interaction.frmStatistics);
     if (band == "barProperties") interaction.forms.show(interaction.properties);
     if (band == "barPathProof") interaction.forms.show(interaction.frmPathProof);
+    if (band == "barBackplot") interaction.forms.show(interaction.frmBackplot);
     if (band == "barText") interaction.forms.show(interaction.text);
   };
   interaction.tools.onBandClose = [this](const std::string& band) {
     if (band == "barStatistics") interaction.frmStatistics.close();
     if (band == "barProperties") interaction.properties.close();
     if (band == "barPathProof") interaction.frmPathProof.close();
+    if (band == "barBackplot") interaction.frmBackplot.close();
     if (band == "barText") interaction.text.close();
   };
   interaction.tools.onClientAreaChanged = [this] {
@@ -142,6 +144,7 @@ void Application::showPropertiesAndTool() {
 void Application::showFigures() {
   interaction.statusBar.setPanel(StatusPanel::Tool, toolInUseText(session));
   pathTotals.settle();
+  backplot.settle();
   keyHints_.settle();
   guide.settle();
 }
@@ -321,6 +324,7 @@ void Application::Listener::brandingRead() {
 void Application::Listener::load_xsetup() {
   tess::load_xsetup(application_.session, application_.definition);
   application_.pathTotals.markStale();
+  application_.backplot.markStale();
 }
 
 void Application::Listener::setupChosen() {

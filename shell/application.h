@@ -13,6 +13,7 @@
 #include "cnc/post_definition.h"
 #include "core/session.h"
 #include "drafting/pointer_events.h"
+#include "shell/backplot.h"
 #include "shell/cnc_viewer.h"
 #include "shell/desktop_keys.h"
 #include "shell/edit_journal.h"
@@ -188,6 +189,8 @@ class Application {
   HandOver handOver;
   CncViewer viewer;
   PathTotals pathTotals{session, definition, interaction.context.changes, interaction.statusBar};
+  Backplot backplot{session, definition, interaction.context.changes, timers_,
+                    interaction.frmBackplot};
   OperatorGuide guide{session, interaction};
 
  private:

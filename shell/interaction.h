@@ -16,6 +16,7 @@
 #include "drafting/drafting_context.h"
 #include "import/frmText.h"
 #include "import/installed_fonts.h"
+#include "shell/frmBackplot.h"
 #include "shell/frmPathProof.h"
 #include "shell/frmProperties.h"
 #include "shell/frmStatistics.h"
@@ -85,6 +86,7 @@ class Interaction : public ViewHost, public RedrawListener, public DraftingListe
   FormHost forms;
   class frmStatistics frmStatistics;
   class frmPathProof frmPathProof;
+  class frmBackplot frmBackplot;
   PictureBoxProxy ScreenProxy;
   View view;
   Renderer renderer;

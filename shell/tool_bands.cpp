@@ -42,6 +42,7 @@ constexpr BandRow kBands[] = {
     {"barStatistics", "Statistics", BandKind::Panel},
     {"barProperties", "Properties", BandKind::Panel},
     {"barPathProof", "Path Proof", BandKind::Panel},
+    {"barBackplot", "Backplot", BandKind::Panel},
 };
 
 // The recent files stand between printing and leaving.

@@ -26,6 +26,10 @@ void togglePathProof(Application& application) {
   togglePanel(application.interaction.tools, "barPathProof");
 }
 
+void toggleBackplot(Application& application) {
+  togglePanel(application.interaction.tools, "barBackplot");
+}
+
 void toggleProofPicture(Application& application) {
   application.proofWatch.togglePicture();
   application.interaction.tools.setChecked(kShowPathProofCommand.info.tool,
@@ -56,6 +60,11 @@ constexpr ShellCommand kPropertiesCommand{
 constexpr ShellCommand kPathProofCommand{
     .info = {.tool = "miPathProof", .caption = "Path Proof Wi&ndow", .menu = {"miView", 330}},
     .run = togglePathProof,
+};
+
+constexpr ShellCommand kBackplotCommand{
+    .info = {.tool = "miBackplot", .caption = "&Backplot", .menu = {"miView", 340}},
+    .run = toggleBackplot,
 };
 
 constexpr ShellCommand kShowPathProofCommand{

@@ -175,6 +175,9 @@ void DesktopProgram::wireSurface() {
     if (stroke) gateway_.enter("key", [&] { application_.key(*stroke); });
     return stroke.has_value();
   };
+  application_.backplot.onCutter = [this](const std::optional<CutterPlace>& place) {
+    surface_.showCutter(place);
+  };
   surface_.onThemeChanged = [this] { followTheme(); };
   surface_.onPictureLost = [this] {
     gateway_.enter("redraw", [&] { application_.interaction.redraw.redrawscreen(); });

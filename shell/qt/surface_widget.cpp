@@ -7,6 +7,7 @@
 #include <QTimer>
 #include <QWheelEvent>
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace tess {
@@ -88,6 +89,43 @@ void SurfaceWidget::paintEvent(QPaintEvent* /*event*/) {
     painter.fillRect(rect(), QColor::fromRgb(picture.pixel(picture.width() - 1, 0)));
   }
   painter.drawImage(0, 0, shown);
+  if (cutter_) paintCutter(painter);
+}
+
+// ---- Cutter
+
+// A ring of the cutter's size, in pixels, with room for its pen; never too small to be seen.
+QRectF SurfaceWidget::cutterBounds() const {
+  constexpr double kLeast = 3;
+  constexpr double kMost = 1e5;  // the painter's own limit lies somewhat above
+  const PixelPoint center = drawing_.toPixels(cutter_->at.x, cutter_->at.y);
+  const PixelPoint edge = drawing_.toPixels(cutter_->at.x + cutter_->radius, cutter_->at.y);
+  if (!std::isfinite(center.x) || !std::isfinite(center.y)) return {};
+  const double radius = std::clamp(std::abs(edge.x - center.x), kLeast, kMost);
+  return {center.x - radius, center.y - radius, 2 * radius, 2 * radius};
+}
+
+void SurfaceWidget::showCutter(const std::optional<CutterPlace>& place) {
+  constexpr int kPen = 3;
+  const auto updateCutter = [this] {
+    if (cutter_) update(cutterBounds().toAlignedRect().adjusted(-kPen, -kPen, kPen, kPen));
+  };
+  updateCutter();
+  cutter_ = place;
+  updateCutter();
+}
+
+// Over the picture and not in it: it moves without any row being painted.
+void SurfaceWidget::paintCutter(QPainter& painter) const {
+  const QRectF ring = cutterBounds();
+  if (ring.isEmpty()) return;
+  QColor ink = palette().color(QPalette::Highlight);
+  painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(QPen(ink, 2, cutter_->isRapid ? Qt::DashLine : Qt::SolidLine));
+  ink.setAlphaF(cutter_->isRapid ? 0 : 0.25F);
+  painter.setBrush(ink);
+  painter.drawEllipse(ring);
 }
 
 void SurfaceWidget::report(const PointerHandler& handler, int button, const QMouseEvent& event) {

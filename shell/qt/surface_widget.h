@@ -6,7 +6,9 @@
 #include <QWidget>
 #include <functional>
 #include <memory>
+#include <optional>
 
+#include "shell/backplot.h"
 #include "shell/qt/raster_surface.h"
 
 namespace tess {
@@ -34,6 +36,9 @@ class SurfaceWidget : public QWidget {
   // While a command runs nothing that waited is reported.
   std::function<bool()> isBusy;
   std::function<void()> onLeave;  // the pointer is no longer over it
+  // A cutter over the picture, or none.
+  void showCutter(const std::optional<CutterPlace>& place);
+
   // A key; false when it has no meaning here.
   std::function<bool(const QKeyEvent& key)> onKey;
   bool handleKey(const QKeyEvent& key);
@@ -66,11 +71,14 @@ class SurfaceWidget : public QWidget {
   void pan(PanPhase phase, const QMouseEvent& event);
   void updateDevicePixels(const QRect& box);
   bool followDensity();
+  QRectF cutterBounds() const;
+  void paintCutter(QPainter& painter) const;
   bool requestFrame();
 
   RasterSurface drawing_;
   QRect painted_;  // in device pixels, since the last paint event
   bool dragging_ = false;
+  std::optional<CutterPlace> cutter_;
   bool panning_ = false;
   bool settling_ = false;  // from a motion on until all that came in meanwhile was looked at
   std::unique_ptr<QMouseEvent> waitingMotion_;  // the newest since then
