@@ -9,7 +9,9 @@
 #include "core/drawing_store.h"
 #include "tests/support/outlines.h"
 #include "tests/support/proof_of.h"
+#include "toolpath/engagement.h"
 #include "toolpath/job_walls.h"
+#include "toolpath/proof_groups.h"
 #include "toolpath/region_offset.h"
 
 namespace tess {
@@ -31,9 +33,12 @@ int wallsFor(int rows) {
   return std::max(60, static_cast<int>(5.1 * std::sqrt(rows)));
 }
 
+// Which group the rows on the walls are of, which cut with the whole width of the tool.
+enum class Slots { OfTheGroup, Apart };
+
 // A pocket that is cleared, of at most so many rows.
 struct ClearedStar {
-  ClearedStar(int rows, int levels) {
+  ClearedStar(int rows, int levels, Slots slots = Slots::OfTheGroup) : slots_(slots) {
     store.toolradius[0] = static_cast<float>(kRadius);
     const PocketRegion pocket = starPocket(wallsFor(rows / levels));
     jobs.add({.group = 1,
@@ -51,12 +56,13 @@ struct ClearedStar {
       if (ring.isEmpty()) return;
       for (const Curve& curve : ring.walls()) {
         if (store.NumPathSegments - first == rows) return;
-        add(curve, -0.125F * static_cast<float>(level));
+        const bool isSlot = slots_ == Slots::Apart && distance == kRadius;
+        add(curve, -0.125F * static_cast<float>(level), isSlot ? 2 : 1);
       }
     }
   }
 
-  void add(const Curve& curve, float z) {
+  void add(const Curve& curve, float z, int group) {
     const auto number = [](double value) { return static_cast<float>(value); };
     const int types[] = {kClockwiseArc, kLine, kCounterClockwiseArc};
     addPathSegment(store, {.type = types[curve.turn + 1],
@@ -67,11 +73,12 @@ struct ClearedStar {
                            .xc = number(curve.center.x),
                            .yc = number(curve.center.y),
                            .z = z,
-                           .code = pathCode(1, 0)});
+                           .code = pathCode(group, 0)});
   }
 
   DrawingStore store;
   PathJobs jobs;
+  Slots slots_;
 };
 
 void report(benchmark::State& state, const DrawingStore& store, const PathProof& proof) {
@@ -89,6 +96,20 @@ void ProofByRecord(benchmark::State& state) {
 }
 BENCHMARK(ProofByRecord)
     ->ArgsProduct({{1000, 2000, 4000, 8000, 16000, 30000}, {1, kMostLevels}})
+    ->Unit(benchmark::kMillisecond);
+
+// How much of the tool is in material, all of which is looked at: a slot would end the search.
+void EngagementOfRings(benchmark::State& state) {
+  const ClearedStar star(static_cast<int>(state.range(0)), static_cast<int>(state.range(1)),
+                         Slots::Apart);
+  const std::vector<ProofGroup> groups = proofGroups(star.store, star.jobs);
+  std::vector<Engagement> found;
+  for (auto _ : state) found = groupEngagements(star.store, groups);
+  state.counters["rows"] = int{star.store.NumPathSegments};
+  state.counters["%"] = 100 * found.front().share;
+}
+BENCHMARK(EngagementOfRings)
+    ->ArgsProduct({{1000, 30000}, {1, kMostLevels}})
     ->Unit(benchmark::kMillisecond);
 
 // The same rows without a job, beside their outlines in the drawing.

@@ -74,6 +74,8 @@
   DISPLAY(kShowEndMarkersCommand)                                          \
   DISPLAY(kShowToolPathsCommand)                                           \
   DISPLAY(kToolRadiusOutlineCommand)                                       \
+  DISPLAY(kPathDirectionCommand)                                           \
+  DISPLAY(kPathColorsCommand)                                              \
                                                                            \
   SHELL(kTitleBlockCommand)                                                \
   SHELL(kCncSetupCommand)                                                  \

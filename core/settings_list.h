@@ -82,6 +82,9 @@
   SETTING(endmarkers, Int16, S, "end markers", Live, OnlyOne)                                \
   SETTING(parttemplate, Int16, S, "part template", Live, OnlyOne)                            \
   SETTING(tooloutline, Int16, S, "tool outline", Live, OnlyOne)                              \
+  SETTING(pathdirection, Int16, S, "path direction", Live, WhenSet)                          \
+  SETTING(pathcolors, Int16, S, "path colors", Live, WhenSet)                                \
+  SETTING(screenlook, Int16, S, "screen look", Live, WhenSet)                                \
   SETTING(desktopkeys, Flag, S, "desktop keys", Live, WhenSet)                               \
   SETTING(visualgrid, float, S, "visual grid", Default, Plain)                               \
   SETTING(visualgridf, Int16, S, "visual grid f", Default, Plain)                            \

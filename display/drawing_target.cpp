@@ -17,6 +17,16 @@ void DrawingSurface::hover(std::span<const WorldBox> lines, Rgb color) {
   setDrawMode(before.drawMode);
 }
 
+void DrawingSurface::lineTwice(const WorldBox& ends, Rgb color) {
+  line(ends, color);
+  line(ends, color);
+}
+
+void DrawingTarget::TraceLineTwice(const WorldBox& ends, Rgb color) {
+  TraceLine(ends, color);
+  TraceLine(ends, color);
+}
+
 PixelPoint DrawingSurface::toPixels(float x, float y) const {
   if (state_.scaleMode == ScaleUnit::Pixels) return {x, y};
   const SurfaceArea pixels = area();
@@ -71,6 +81,10 @@ void PictureBoxProxy::TraceLine(const WorldBox& ends, std::optional<Rgb> color,
   } else {
     surface_.line(ends, ink);
   }
+}
+
+void PictureBoxProxy::TraceLineTwice(const WorldBox& ends, Rgb color) {
+  surface_.lineTwice(ends, color);
 }
 
 void PictureBoxProxy::TraceCircle(float x, float y, float radius, std::optional<Rgb> color,

@@ -80,6 +80,8 @@ class DrawingSurface {
 
   virtual void Cls() = 0;  // fills with the background colour
   virtual void line(const WorldBox& ends, Rgb color) = 0;
+  // The same line two times over, which a surface need not paint so.
+  virtual void lineTwice(const WorldBox& ends, Rgb color);
   virtual void box(const WorldBox& corners, Rgb color, bool filled) = 0;
   virtual void arc(const WorldArc& arc, Rgb color) = 0;  // a whole one obeys the fill style
   // Text with its upper left corner at a point.
@@ -170,6 +172,9 @@ class DrawingTarget {
   virtual void TraceLine(const WorldBox& ends, std::optional<Rgb> color = {},
                          std::optional<int> Box = {}) = 0;
 
+  // The same as two calls of TraceLine with these arguments.
+  virtual void TraceLineTwice(const WorldBox& ends, Rgb color);
+
   // A circle; from Start on counter-clockwise, to End if that is given too. A radius of 0 paints
   // nothing. A missing argument ends the list.
   virtual void TraceCircle(float x, float y, float radius, std::optional<Rgb> color = {},
@@ -216,6 +221,7 @@ class PictureBoxProxy : public DrawingTarget {
 
   void TraceLine(const WorldBox& ends, std::optional<Rgb> color = {},
                  std::optional<int> Box = {}) override;
+  void TraceLineTwice(const WorldBox& ends, Rgb color) override;
   void TraceCircle(float x, float y, float radius, std::optional<Rgb> color = {},
                    std::optional<float> Start = {}, std::optional<float> End = {},
                    std::optional<float> Aspect = {}) override;

@@ -19,9 +19,10 @@ struct GridRun {
 };
 
 // The lines from zero to the far edge. The way from zero to a view elsewhere is left out when it
-// takes more lines than the side has pixels, and where lines would lie closer than a pixel only
-// each so many-th is taken: so there are never more than about twice as many lines as pixels. A
-// spacing not above 0 has none, nor has a view that lies behind zero.
-GridRun gridRun(double spacing, const GridSide& side);
+// takes more lines than the side has pixels, and where lines would lie closer than `closest` pixels
+// only each so many-th is taken: so there are never more than about twice as many lines as pixels.
+// From two pixels on that is each 2nd, 5th, 10th, 20th and so on, so that the pitch stays a number
+// that one can work with. A spacing not above 0 has none, nor has a view that lies behind zero.
+GridRun gridRun(double spacing, const GridSide& side, double closest = 1);
 
 }  // namespace tess

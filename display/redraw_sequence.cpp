@@ -9,6 +9,7 @@ namespace tess {
 namespace {
 
 constexpr int kTaskQueueInterval = 50;     // short, so that a stage follows its predecessor at once
+constexpr int kSoiledInterval = 1;         // when the command that soils has come to its end
 constexpr int kEventEnableInterval = 125;  // until the pointer events of the redraw are swallowed
 
 enum Stage { kIdle = 0, kInit = 1, kSegments = 2, kPaths = 3, kFinal = 4 };
@@ -73,7 +74,7 @@ bool RedrawSequence::openPicture(DrawingTarget& target) {
   if (PictureBoxProxy* screen = target.screen()) {
     span = parts_.view.viewspan;
     screen->surface().setRepaint(false);
-    const Rgb background = slotColor(parts_.store, ColorSlot::Background);
+    const Rgb background = parts_.renderer.look.background();
     if (screen->surface().state().backColor != background) {
       screen->surface().setBackColor(background);
     }
@@ -82,6 +83,7 @@ bool RedrawSequence::openPicture(DrawingTarget& target) {
   target.Cls();
   if (target.screen() != nullptr) {
     markerShown_ = awaitsFrame_ = false;
+    if (tmrSoiled_) tmrSoiled_->setEnabled(false);
     if (onCleared) onCleared();
   }
   SetScale(visible.left, visible.bottom, visible.right, visible.top, target);
@@ -92,7 +94,8 @@ bool RedrawSequence::openPicture(DrawingTarget& target) {
 }
 
 void RedrawSequence::paintPartTemplate(DrawingTarget& target) {
-  const Rgb color = slotColor(parts_.store, ColorSlot::Stock);
+  const Rgb color = target.screen() != nullptr ? parts_.renderer.look.stock()
+                                               : slotColor(parts_.store, ColorSlot::Stock);
   const WorldRect stock = stockRectangle(parts_.store);
   const WorldBox corners{stock.left, stock.top, stock.right, stock.bottom};
   PictureBoxProxy* screen = target.screen();
@@ -130,6 +133,7 @@ bool RedrawSequence::paintPaths(DrawingTarget& target) {
     parts_.renderer.drawtoolpath(ps, target);
     if (!servedEvents()) return false;
   }
+  if (parts_.store.pathdirection == 1) parts_.renderer.drawPathDirection(target);
   return true;
 }
 
@@ -140,12 +144,21 @@ void RedrawSequence::closePicture() {
   if (paintOver && !markerShown_) paintOver(screen);
   if (!markerShown_) DrawMarkerCross({parts_.store.markerx, parts_.store.markery}, screen);
   markerShown_ = true;
-  DrawOriginArrows(paletteColor(parts_.store.colortable[static_cast<int>(ColorSlot::Draw)]),
-                   screen);
+  DrawOriginArrows(parts_.renderer.look.letters(), screen);
+  showPitch(screen);
   if (onPainted) onPainted();
   parts_.listener.showDrawingName();
   parts_.listener.updateStatusDisplay();
   releaseSurface();
+}
+
+// In the soft looks the grid leaves lines out, and says what is left.
+void RedrawSequence::showPitch(PictureBoxProxy& screen) {
+  const DrawingStore& store = parts_.store;
+  if (store.visualgridf == 0 || !parts_.renderer.look.isSoft()) return;
+  const double pitch = parts_.renderer.shownPitch(screen);
+  if (!(pitch > 0)) return;
+  DrawPitch(narrow(pitch), isMetric(store), parts_.renderer.look.letters(), screen);
 }
 
 // Shows the picture and gives the pointer back.
@@ -167,6 +180,14 @@ void RedrawSequence::abandon() {
 bool RedrawSequence::servedEvents() {
   parts_.surroundings.serveEvents();
   return !redrawabort;
+}
+
+void RedrawSequence::soil() {
+  if (!tmrSoiled_) {
+    tmrSoiled_ = parts_.timers.create({"tmrSoiled", kSoiledInterval, /*oneShot=*/true},
+                                      [this] { redrawscreen(); });
+  }
+  tmrSoiled_->setEnabled(true);
 }
 
 void RedrawSequence::setTaskQueueState(int state) {

@@ -65,6 +65,9 @@ class RedrawSequence {
   // redraw, which will draw it.
   bool markerShown() const { return markerShown_; }
 
+  // Rows look otherwise than they are painted: a redraw comes soon, unless one does meanwhile.
+  void soil();
+
   // Set once the operator has agreed to close the window: every paint loop leaves at its next row.
   bool redrawabort = false;
 
@@ -86,6 +89,7 @@ class RedrawSequence {
   bool paintSegments(DrawingTarget& target);
   bool paintPaths(DrawingTarget& target);
   void closePicture();
+  void showPitch(PictureBoxProxy& screen);
   void paintPicture(DrawingTarget& target);
   void releaseSurface();
   void abandon();
@@ -94,6 +98,7 @@ class RedrawSequence {
   RedrawParts parts_;
   std::unique_ptr<Timer> tmrTaskQueue_;
   std::unique_ptr<Timer> tmrEventEnable_;
+  std::unique_ptr<Timer> tmrSoiled_;  // none before it is needed
   int taskQueueState_ = 0;
   bool inStage_ = false;
   bool markerShown_ = false;

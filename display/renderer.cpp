@@ -38,12 +38,16 @@ void Renderer::complain(const char* text) {
   prompts_.showMessage(message);
 }
 
-Rgb Renderer::stateColor(int sg) {
+Rgb Renderer::colorOn(DrawingTarget& target, ColorSlot slot) const {
+  return target.screen() != nullptr ? look.slot(slot) : slotColor(store_, slot);
+}
+
+Rgb Renderer::stateColor(int sg, DrawingTarget& target) {
   const int attr = store_.segattr[sg];
-  if (attr > kVerified || attr == kParkedRow) return slotColor(store_, ColorSlot::Verified);
-  if (hasSelectionMark(attr)) return slotColor(store_, ColorSlot::Select);
+  if (attr > kVerified || attr == kParkedRow) return colorOn(target, ColorSlot::Verified);
+  if (hasSelectionMark(attr)) return colorOn(target, ColorSlot::Select);
   if (attr >= kCodesPerState) complain("Bad Entity Attribute error in DrawSegment");
-  return slotColor(store_, ColorSlot::Draw);
+  return colorOn(target, ColorSlot::Draw);
 }
 
 // Fixed: a line without length announces a change of colour; recorded pictures list it.
@@ -56,7 +60,7 @@ void Renderer::DrawSegment(int sg, DrawingTarget& target, std::optional<Rgb> col
   const Procedure here("frmMain.DrawSegment(sg,target)");
   if (!color) {
     rememberColor(target);
-    entityColor_ = stateColor(sg);
+    entityColor_ = stateColor(sg, target);
   }
   const Rgb ink = color.value_or(entityColor_);
   const Entity entity = segmentEntity(store_, sg);
@@ -85,11 +89,10 @@ void Renderer::DrawLine(const WorldBox& ends, Rgb color, DrawingTarget& target) 
     screen->setDrawStyle(PenStyle::Solid);
   }
   // Fixed: each line is traced twice; targets that record or count their strokes would differ.
-  target.TraceLine(ends, color);
-  target.TraceLine(ends, color);
+  target.TraceLineTwice(ends, color);
   if (!markersShown()) return;
-  endMarkers(lineEntity({ends.x0, ends.y0}, {ends.x1, ends.y1}),
-             slotColor(store_, ColorSlot::Marker), target);
+  endMarkers(lineEntity({ends.x0, ends.y0}, {ends.x1, ends.y1}), colorOn(target, ColorSlot::Marker),
+             target);
 }
 
 void Renderer::DrawArc(const Entity& arc, Rgb color, DrawingTarget& target) {
@@ -104,8 +107,9 @@ void Renderer::DrawArc(const Entity& arc, Rgb color, DrawingTarget& target) {
                        1.0F);
   }
   if (target.screen() == nullptr || !markersShown()) return;
-  // Fixed: ends of arcs take the color of the target; pictures show them beside those of lines.
-  endMarkers(arc, /*color=*/{}, target);
+  // Fixed: ends of arcs take the color of the target; pictures show them beside those of lines. The
+  // soft looks have one that shows.
+  endMarkers(arc, look.arcMarker(), target);
 }
 
 void Renderer::DisplayGrid(DrawingTarget& target) {
@@ -130,11 +134,21 @@ void Renderer::DisplayGrid(DrawingTarget& target) {
   target.setDrawStyle(PenStyle::Solid);
 }
 
+double Renderer::closestGrid() const {
+  constexpr double kApart = 8;  // pixels; closer lines are a haze
+  return look.isSoft() ? kApart : 1;
+}
+
+double Renderer::shownPitch(const DrawingTarget& target) const {
+  const double span = std::abs(target.ScaleWidth());
+  return gridRun(store_.visualgrid, {0, span, target.Width()}, closestGrid()).step;
+}
+
 template <typename LineAt>
 void Renderer::gridLines(int direction, const GridSide& side, LineAt lineAt,
                          DrawingTarget& target) {
-  const GridRun run = gridRun(store_.visualgrid, side);
-  const Rgb color = slotColor(store_, ColorSlot::Grid);
+  const GridRun run = gridRun(store_.visualgrid, side, closestGrid());
+  const Rgb color = colorOn(target, ColorSlot::Grid);
   for (int i = 0; i < run.count; ++i) {
     target.setDrawStyle(PenStyle::Dot);
     target.TraceLine(lineAt(narrow(direction * (run.first + i) * run.step)), color);

@@ -8,6 +8,7 @@
 #include "core/host.h"
 #include "display/drawing_target.h"
 #include "display/grid_lines.h"
+#include "display/screen_look.h"
 #include "geometry/entity.h"
 
 namespace tess {
@@ -31,7 +32,7 @@ DiscSteps discSteps(double sweep, double radius, double toolradius);
 class Renderer {
  public:
   Renderer(const DrawingStore& store, Prompts& prompts, Surroundings& surroundings)
-      : store_(store), prompts_(prompts), surroundings_(surroundings) {}
+      : look(store), store_(store), prompts_(prompts), surroundings_(surroundings) {}
 
   // Paints drawing row `sg`, in `color` if one is given (to blink it), else in that of its state.
   // An attribute or a type that is none gives a message, and the redraw goes on.
@@ -47,21 +48,34 @@ class Renderer {
   void DrawArc(const Entity& arc, Rgb color, DrawingTarget& target);
 
   // The visual grid's lines through world zero and on to the edges, but no more than the surface
-  // can show; nothing on paper. Events are served after each line.
+  // can show, and in the soft looks none closer than 8 pixels; nothing on paper. Events are served
+  // after each line.
   void DisplayGrid(DrawingTarget& target);
+  // From one of these lines to the next, as they are shown; 0 for none.
+  double shownPitch(const DrawingTarget& target) const;
+
+  // The ways between the rows of the path, where each group begins, and arrows along rows that are
+  // too short for arrows of their own.
+  void drawPathDirection(DrawingTarget& target);
+
+  // How things look on the screen. Paper has the colours of the numbers.
+  ScreenLook look;
 
   // True while path rows are painted; it keeps end markers off them.
   bool pathdrawing = false;
 
  private:
-  Rgb stateColor(int sg);
+  Rgb stateColor(int sg, DrawingTarget& target);
+  Rgb colorOn(DrawingTarget& target, ColorSlot slot) const;
   void rememberColor(DrawingTarget& target);
   void drawRectangle(const Entity& corners, Rgb color, DrawingTarget& target);
   void drawMove(const Entity& move, float toolradius, Rgb color, DrawingTarget& target);
   void complain(const char* text);
   bool markersShown() const;
+  class ArrowWalk;
   template <typename LineAt>
   void gridLines(int direction, const GridSide& side, LineAt lineAt, DrawingTarget& target);
+  double closestGrid() const;
 
   const DrawingStore& store_;
   Prompts& prompts_;

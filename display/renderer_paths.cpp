@@ -6,6 +6,7 @@
 #include <limits>
 #include <utility>
 
+#include "core/conventions.h"
 #include "core/division.h"
 #include "core/drawing_store.h"
 #include "display/arrowheads.h"
@@ -116,7 +117,9 @@ void Renderer::drawtoolpath(int ps, DrawingTarget& target, std::optional<Rgb> co
   if (!store_.psvisible[ps]) return;
   target.setDrawStyle(PenStyle::Solid);
   target.setDrawMode(PenMode::Copy);
-  const Rgb ink = color ? *color : pathColor(store_, ps);
+  const Rgb ink = color                        ? *color
+                  : target.screen() != nullptr ? look.path(ps)
+                                               : pathColor(store_, ps);
   const float r = store_.toolradius[toolIndex(store_.pscode[ps])];
   const Entity move = pathEntity(store_, ps);
   if (move.type == kLine || isArc(move.type)) {
@@ -144,6 +147,83 @@ void Renderer::drawMove(const Entity& move, float toolradius, Rgb color, Drawing
   }
   pathdrawing = before;
   (line ? lineArrow : arcArrow)(move, color, target);
+}
+
+namespace {
+
+constexpr float kRing = 4;         // pixels, round the place where a group begins
+constexpr float kArrowEvery = 90;  // pixels of path without an arrow
+
+bool isRapidLine(const DrawingStore& store, int ps) {
+  return store.pstype[ps] == kLine && store.psz[ps] == kLatheRapidZ;
+}
+
+bool isMove(int type) {
+  return type == kLine || isArc(type);
+}
+
+double lengthOf(const Entity& move) {
+  if (move.type == kLine) return distance(move.start, move.end);
+  const ArcAngles arc = arcRadiusAndAngles(move.start, move.end, move.center);
+  return std::abs(ArcSweep(arc.start, arc.end, move.type)) * arc.radius;
+}
+
+float headingAtEnd(const Entity& move) {
+  if (move.type == kLine) return vectorAngle(move.start, move.end);
+  const float radial = vectorAngle(move.center, move.end);
+  return narrow(move.type == kClockwiseArc ? radial - kPi / 2 : radial + kPi / 2);
+}
+
+}  // namespace
+
+// Arrows as rows of some length have them, for rows that are too short: one each so many pixels.
+class Renderer::ArrowWalk {
+ public:
+  explicit ArrowWalk(DrawingTarget& target)
+      : target_(target), pixels_(target.ScaleX(1, ScaleUnit::User, ScaleUnit::Pixels)) {}
+
+  void begin() { since_ = kArrowEvery / 2; }
+  void pass(const Entity& move, Rgb color) {
+    const double length = std::abs(lengthOf(move) * pixels_);
+    since_ += length;
+    if (length >= kShortestWithArrow) since_ = 0;
+    if (since_ < kArrowEvery || length == 0) return;
+    since_ = 0;
+    DrawArrowhead({move.end, headingAtEnd(move)}, color, target_);
+  }
+
+ private:
+  DrawingTarget& target_;
+  double pixels_;
+  double since_ = 0;
+};
+
+void Renderer::drawPathDirection(DrawingTarget& target) {
+  const Procedure here("frmMain.drawPathDirection(target)");
+  target.setDrawStyle(PenStyle::Solid);
+  target.setDrawMode(PenMode::Copy);
+  const float ring = target.ScaleX(kRing, ScaleUnit::Pixels, ScaleUnit::User);
+  const Rgb travel = look.travel();
+  ArrowWalk arrows(target);
+  std::optional<Point> last;
+  int group = -1;
+  for (int ps = 1; ps <= store_.NumPathSegments; ++ps) {
+    if (!store_.psvisible[ps]) continue;
+    const Entity move = pathEntity(store_, ps);
+    const bool rapid = isRapidLine(store_, ps);
+    if (last && !(*last == move.start)) {
+      target.TraceLine({last->x, last->y, move.start.x, move.start.y}, travel);
+    }
+    if (rapid) target.TraceLine(lineOf(move), travel);
+    if (std::exchange(group, groupCutOff(store_.pscode[ps])) != groupCutOff(store_.pscode[ps])) {
+      target.TraceCircle(move.start.x, move.start.y, ring, look.path(ps));
+      arrows.begin();
+    }
+    const bool cuts = isMove(move.type) && !rapid;
+    if (cuts && store_.tooloutline == 0) arrows.pass(move, look.path(ps));
+    last = isMove(move.type) || move.type == kSlotCycle ? move.end : move.start;
+    surroundings_.serveEvents();
+  }
 }
 
 }  // namespace tess

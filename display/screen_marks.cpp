@@ -1,9 +1,26 @@
 // The marker's cross and the origin arrows.
 #include "display/screen_marks.h"
 
+#include <array>
+#include <charconv>
+#include <string>
+
 #include "display/arrowheads.h"
 
 namespace tess {
+
+namespace {
+
+// A multiple of the spacing, without what rounding has left in its last digits.
+std::string pitchText(float pitch) {
+  constexpr int kDigits = 6;
+  std::array<char, 32> text{};
+  const auto end = std::to_chars(text.data(), text.data() + text.size(), pitch,
+                                 std::chars_format::general, kDigits);
+  return {text.data(), end.ptr};
+}
+
+}  // namespace
 
 void DrawMarkerCross(Point marker, PictureBoxProxy& ScreenProxy) {
   constexpr float kHalf = 5;  // pixels
@@ -33,6 +50,20 @@ void DrawOriginArrows(Rgb color, PictureBoxProxy& ScreenProxy) {
   surface.text(0.75F * length, -0.25F * length, "X", color);
   surface.text(-0.5F * length, length, "Y", color);
   surface.setFontTransparent(before.fontTransparent);
+}
+
+void DrawPitch(float pitch, bool metric, Rgb color, PictureBoxProxy& ScreenProxy) {
+  constexpr float kLeft = 8;  // pixels, to the corner of the letters
+  constexpr float kUp = 24;
+  DrawingSurface& surface = ScreenProxy.surface();
+  const bool transparent = surface.state().fontTransparent;
+  const float left = ScreenProxy.ScaleX(kLeft, ScaleUnit::Pixels, ScaleUnit::User);
+  const float up = ScreenProxy.ScaleY(kUp, ScaleUnit::Pixels, ScaleUnit::User);
+  const float bottom = ScreenProxy.ScaleTop() + ScreenProxy.ScaleHeight();
+  surface.setFontTransparent(true);
+  surface.text(ScreenProxy.ScaleLeft() + left, bottom - up,
+               "Grid " + pitchText(pitch) + (metric ? " mm" : " in"), color);
+  surface.setFontTransparent(transparent);
 }
 
 }  // namespace tess

@@ -1,5 +1,6 @@
-// The marks that only the screen has: the marker's cross and the axes at world zero.
-// Owns: DrawMarkerCross, DrawOriginArrows.
+// The marks that only the screen has: the marker's cross, the axes at world zero, and the pitch of
+// the grid.
+// Owns: DrawMarkerCross, DrawOriginArrows, DrawPitch.
 #pragma once
 
 #include "display/drawing_target.h"
@@ -11,5 +12,8 @@ void DrawMarkerCross(Point marker, PictureBoxProxy& ScreenProxy);
 
 // The axes at world zero, 25 pixels long and in a pen of double width, with their letters.
 void DrawOriginArrows(Rgb color, PictureBoxProxy& ScreenProxy);
+
+// What the grid shows, in the lower left corner: "Grid 0.5 in".
+void DrawPitch(float pitch, bool metric, Rgb color, PictureBoxProxy& ScreenProxy);
 
 }  // namespace tess

@@ -218,6 +218,14 @@ void ViewCommands::mnuViewToolRadOutline_Click() {
   flip(parts_.store.tooloutline);
 }
 
+void ViewCommands::togglePathDirection() {
+  flip(parts_.store.pathdirection);
+}
+
+void ViewCommands::togglePathColors() {
+  flip(parts_.store.pathcolors);
+}
+
 // ---- Descriptors
 
 namespace {
@@ -343,6 +351,16 @@ constexpr ViewCommand kToolRadiusOutlineCommand{
              .menu = {"miView", 240},
              .bar = {"barView", 240}},
     .run = calls<&ViewCommands::mnuViewToolRadOutline_Click>,
+};
+
+constexpr ViewCommand kPathDirectionCommand{
+    .info = {.tool = "miPathDirection", .caption = "Show Path Tra&vel", .menu = {"miView", 242}},
+    .run = calls<&ViewCommands::togglePathDirection>,
+};
+
+constexpr ViewCommand kPathColorsCommand{
+    .info = {.tool = "miPathColors", .caption = "Path Colors by &Group", .menu = {"miView", 244}},
+    .run = calls<&ViewCommands::togglePathColors>,
 };
 
 }  // namespace tess

@@ -115,6 +115,8 @@ class ViewCommands {
   void mnuViewShowEndMark_Click();
   void mnuViewShowToolPath_Click();
   void mnuViewToolRadOutline_Click();
+  void togglePathDirection();
+  void togglePathColors();
 
   const ViewParts& parts() const { return parts_; }
   const InterruptedCommand& interrupted() const { return interrupted_; }

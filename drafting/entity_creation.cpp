@@ -21,7 +21,7 @@ Point secondPointOf(const DraftingContext& context) {
 }
 
 Rgb drawColor(const DraftingContext& context) {
-  return slotColor(context.store, ColorSlot::Draw);
+  return context.renderer.look.band();
 }
 
 // Drawn once it appears, drawn again it is gone. In a picture that is not finished there is none.

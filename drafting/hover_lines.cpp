@@ -10,8 +10,7 @@ namespace tess {
 namespace {
 
 void invert(DraftingContext& context) {
-  context.ScreenProxy.surface().hover(context.hoverLines.lines,
-                                      slotColor(context.store, ColorSlot::Draw));
+  context.ScreenProxy.surface().hover(context.hoverLines.lines, context.renderer.look.band());
 }
 
 }  // namespace

@@ -16,7 +16,7 @@ namespace {
 constexpr std::size_t kMostHovering = 2000;
 
 Rgb drawColor(const DraftingContext& context) {
-  return slotColor(context.store, ColorSlot::Draw);
+  return context.renderer.look.band();
 }
 
 WorldBox fromPress(const DraftingContext& context) {

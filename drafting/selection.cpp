@@ -69,6 +69,18 @@ bool pathInWindow(const DrawingStore& store, int ps, const SelectionWindow& wind
   return touches(window, [&](Point corner) { return nearestPointOfPathRow(store, ps, corner); });
 }
 
+// A sloped row that is painted over in another colour keeps a rim of the old one. Where the setup
+// has a look of the screen, one redraw takes the place of the single rows, which is sooner done.
+bool redrawsMarked(DraftingContext& context) {
+  if (context.store.screenlook == 0) return false;
+  context.redraw.soil();
+  return true;
+}
+
+void drawMarkedSegment(DraftingContext& context, int sg) {
+  if (!redrawsMarked(context)) context.renderer.DrawSegment(sg, context.ScreenProxy);
+}
+
 // Marks the path rows of one command, and tells in the end of those that have no room for the mark.
 class PathMarks {
  public:
@@ -79,7 +91,7 @@ class PathMarks {
   void mark(int ps, int code) {
     if (code > kLargestCode) return noteRefused(ps);
     change_.paths.mark(ps, code);
-    context_.renderer.drawtoolpath(ps, context_.ScreenProxy);
+    if (!redrawsMarked(context_)) context_.renderer.drawtoolpath(ps, context_.ScreenProxy);
   }
 
   void keep() {
@@ -179,7 +191,7 @@ void selectAllSegments(DraftingContext& context) {
   for (int sg = 1; sg <= store.NumSegments; ++sg) {
     if (hasSelectionMark(store.segattr[sg])) continue;
     change.segments.mark(sg, selectedAttribute(store.segattr[sg], /*select=*/true));
-    context.renderer.DrawSegment(sg, context.ScreenProxy);
+    drawMarkedSegment(context, sg);
   }
   change.keep();
   context.state.Selected.fill(store.NumSegments);
@@ -220,8 +232,9 @@ void unselectAllSegments(DraftingContext& context) {
   Change change(context.changes);
   for (int sg = 1; sg <= store.NumSegments; ++sg) {
     const int attr = store.segattr[sg];
-    if (hasSelectionMark(attr)) change.segments.mark(sg, entityClass(attr));
-    context.renderer.DrawSegment(sg, context.ScreenProxy);
+    const bool marked = hasSelectionMark(attr);
+    if (marked) change.segments.mark(sg, entityClass(attr));
+    if (marked || store.screenlook == 0) drawMarkedSegment(context, sg);
   }
   change.keep();
   context.state.Selected.clear();
@@ -252,7 +265,7 @@ void markSegment(DraftingContext& context, int sg, bool select) {
   Change change(context.changes);
   change.segments.mark(sg, selectedAttribute(context.store.segattr[sg], select));
   change.keep();
-  context.renderer.DrawSegment(sg, context.ScreenProxy);
+  drawMarkedSegment(context, sg);
   context.state.updateProperties = true;
   if (select) {
     context.state.Selected.add(sg);

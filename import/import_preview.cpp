@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "core/drawing_store.h"
+#include "drafting/edited_table.h"
 #include "import/exact_geometry.h"
 
 namespace tess {
@@ -87,6 +88,18 @@ std::vector<Edge> edgesOf(const std::vector<SegmentRow>& rows, EndPoints& points
   return edges;
 }
 
+std::optional<DrawingExtents> boxOf(const std::vector<SegmentRow>& rows) {
+  std::optional<DrawingExtents> all;
+  for (const SegmentRow& row : rows) {
+    const DrawingExtents box = entityExtents(entityOf(row));
+    if (!all) all = box;
+    *all = {std::min(all->minx, box.minx), std::min(all->miny, box.miny),
+            std::max(all->maxx, box.maxx), std::max(all->maxy, box.maxy)};
+  }
+  const bool hasArea = all && all->maxx > all->minx && all->maxy > all->miny;
+  return hasArea ? all : std::nullopt;
+}
+
 }  // namespace
 
 std::vector<OpenEnd> openOutlines(const std::vector<SegmentRow>& rows, float tolerence) {
@@ -117,9 +130,7 @@ ImportPreview previewImport(const DxfDocument& document, const DrawingStore& sto
   importDxf(document, store, rows, options);
   preview.unconverted = rows.unconverted();
   preview.lost = rows.lost();
-  DrawingStore seen;
-  for (const SegmentRow& row : preview.rows) AddSeg(seen, row, nullptr);
-  preview.box = GetSegmentExtents(seen, 1, seen.NumSegments);
+  preview.box = boxOf(preview.rows);
   preview.openOutlines = openOutlines(preview.rows, store.cfg_tolerance);
   return preview;
 }

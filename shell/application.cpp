@@ -73,8 +73,9 @@ void Application::wirePaper() {
   paper->onDocument = [this](PrintOutput output) { deliverDocument(*this, output); };
   paper->takeScreenShot = [this] {
     const SurfaceArea area = interaction.ScreenProxy.surface().area();
-    return paper->bitmapOf({area.width, area.height},
-                           [this](DrawingSurface& surface) { paintPicture(*this, surface); });
+    return paper->bitmapOf({area.width, area.height}, [this](DrawingSurface& surface) {
+      paintPicture(*this, surface, /*onPaper=*/true);
+    });
   };
 }
 

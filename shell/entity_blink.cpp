@@ -30,7 +30,10 @@ void EntityBlink::tick() {
   const bool there = sg_ >= 1 && sg_ <= context_.store.NumSegments;
   ticksLeft_ = there ? ticksLeft_ - 1 : 0;
   if (there) show(ticksLeft_ % 2 == 1);
-  if (ticksLeft_ == 0) timer_->setEnabled(false);
+  if (ticksLeft_ > 0) return;
+  timer_->setEnabled(false);
+  // Where the setup has a look of the screen, nothing is left of the flashes.
+  if (there && context_.store.screenlook != 0) context_.redraw.soil();
 }
 
 void EntityBlink::show(bool lit) {

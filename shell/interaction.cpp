@@ -55,6 +55,8 @@ void Interaction::Update_menu_checks() {
   tools.setChecked(kShowEndMarkersCommand.info.tool, store.endmarkers != 0);
   tools.setChecked(kShowToolPathsCommand.info.tool, store.showpaths != 0);
   tools.setChecked(kToolRadiusOutlineCommand.info.tool, store.tooloutline != 0);
+  tools.setChecked(kPathDirectionCommand.info.tool, store.pathdirection == 1);
+  tools.setChecked(kPathColorsCommand.info.tool, store.pathcolors == 1);
   tools.setEnabled(kPasteCommand.info.tool, context.paste.pasteavailable);
 }
 

@@ -42,13 +42,14 @@ View viewFor(const View& shown, const SurfaceArea& area) {
 
 }  // namespace
 
-void paintPicture(Application& application, DrawingSurface& surface) {
+void paintPicture(Application& application, DrawingSurface& surface, bool onPaper) {
   const Procedure here("paintPicture(application,surface)");
   NoWindow window;
   VirtualTimers timers;
   View view = viewFor(application.interaction.view, surface.area());
   PictureBoxProxy target(surface);
   Renderer renderer(application.store, application.session.host.prompts, window);
+  renderer.look.onPaper = onPaper;
   RedrawSequence redraw(
       {application.store, view, renderer, target, window, window, timers, window});
   redraw.paintOver = application.interaction.redraw.paintOver;

@@ -3,7 +3,9 @@
 
 #include <algorithm>
 #include <array>
-#include <map>
+#include <bit>
+#include <cstdint>
+#include <unordered_map>
 
 namespace tess {
 namespace {
@@ -38,9 +40,21 @@ WayKey keyOf(const GroundCut& cut) {
           cut.radius};
 }
 
+struct WayHash {
+  std::size_t operator()(const WayKey& key) const {
+    std::size_t mixed = 0;
+    for (const double number : key) {
+      mixed = mixed * 0x9E3779B97F4A7C15U + std::bit_cast<std::uint64_t>(number);
+      mixed ^= mixed >> 29;
+    }
+    return mixed;
+  }
+};
+
 // Numbers of the ways; levels of one path have the same.
 std::vector<int> waysOf(const std::vector<GroundCut>& cuts) {
-  std::map<WayKey, int> numbers;
+  std::unordered_map<WayKey, int, WayHash> numbers;
+  numbers.reserve(cuts.size());
   std::vector<int> ways;
   ways.reserve(cuts.size());
   for (const GroundCut& cut : cuts) {
@@ -56,7 +70,7 @@ ClearedGround::ClearedGround(std::vector<GroundCut> cuts)
 
 std::optional<PlanePoint> ClearedGround::untaken(const SweptCurve& swept, double z, int before,
                                                  int& effort) const {
-  return untakenBy(cutsNear(swept, before), swept, z, effort);
+  return untakenBy(takenNear(swept, z, before), swept, Levels::Upward, effort);
 }
 
 // The depths of the cuts are all that it can be; whether one of them is reached rises with it.
@@ -69,7 +83,7 @@ double ClearedGround::depthBelow(PlanePoint at, double radius, int before, int& 
   std::sort(depths.begin(), depths.end());
   depths.erase(std::unique(depths.begin(), depths.end()), depths.end());
   const auto deepest = std::partition_point(depths.begin(), depths.end(), [&](double z) {
-    return untakenBy(near, place, z, effort).has_value();
+    return untakenBy(takenBy(near, z), place, Levels::Scattered, effort).has_value();
   });
   return deepest == depths.end() ? 0 : std::min(0.0, *deepest);
 }
@@ -79,7 +93,6 @@ std::vector<int> ClearedGround::cutsNear(const SweptCurve& swept, int before) co
   std::vector<int> near;
   index_.rowsOverlapping(grown(boxOf(swept.curve), swept.radius), /*after=*/0, near);
   near.erase(std::lower_bound(near.begin(), near.end(), before), near.end());
-  const auto wayOf = [this](int cut) { return ways_[static_cast<std::size_t>(cut) - 1]; };
   const auto depthOf = [this](int cut) { return cuts_[static_cast<std::size_t>(cut) - 1].z; };
   std::sort(near.begin(), near.end(), [&](int a, int b) {
     return wayOf(a) != wayOf(b) ? wayOf(a) < wayOf(b) : depthOf(a) < depthOf(b);
@@ -89,19 +102,30 @@ std::vector<int> ClearedGround::cutsNear(const SweptCurve& swept, int before) co
   return near;
 }
 
-std::optional<PlanePoint> ClearedGround::untakenBy(const std::vector<int>& cuts,
-                                                   const SweptCurve& swept, double z,
-                                                   int& effort) const {
+std::vector<SweptCurve> ClearedGround::takenNear(const SweptCurve& swept, double z,
+                                                 int before) const {
+  return takenBy(cutsNear(swept, before), z);
+}
+
+std::vector<SweptCurve> ClearedGround::takenBy(const std::vector<int>& cuts, double z) const {
   std::vector<SweptCurve> taken;
   for (const int number : cuts) {
     const GroundCut& cut = cuts_[static_cast<std::size_t>(number) - 1];
     if (cut.z > z + kSameDepth) continue;
     for (const Curve& curve : cut.curves) taken.push_back({curve, cut.radius + kRounding});
   }
+  return taken;
+}
+
+std::optional<PlanePoint> ClearedGround::untakenBy(const std::vector<SweptCurve>& taken,
+                                                   const SweptCurve& swept, Levels order,
+                                                   int& effort) {
   const Box box = grown(boxOf(swept.curve), swept.radius);
   constexpr int kLevels = 50;
+  constexpr int kStride = 19;  // goes through all of them
   std::vector<Span> wanted, had, left;
-  for (int level = 0; level < kLevels; ++level) {
+  for (int number = 0; number < kLevels; ++number) {
+    const int level = order == Levels::Upward ? number : number * kStride % kLevels;
     const double y =
         box.minY + (level + 0.5) / kLevels * (static_cast<double>(box.maxY) - box.minY);
     wanted.clear();

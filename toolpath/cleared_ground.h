@@ -28,17 +28,26 @@ class ClearedGround {
   std::optional<PlanePoint> untaken(const SweptCurve& swept, double z, int before,
                                     int& effort) const;
 
+  // What the cuts before cut `before` have taken near a sweep, down to `z` at least.
+  std::vector<SweptCurve> takenNear(const SweptCurve& swept, double z, int before) const;
+  // The same number for cuts that go the same way at the same radius.
+  int wayOf(int cut) const { return ways_[static_cast<std::size_t>(cut) - 1]; }
+
   // How deep all that lies below a tool at a place is taken, by the cuts before cut `before`; 0
   // where some of it is not taken at all.
   double depthBelow(PlanePoint at, double radius, int before, int& effort) const;
 
  private:
   std::vector<int> cutsNear(const SweptCurve& swept, int before) const;
-  std::optional<PlanePoint> untakenBy(const std::vector<int>& cuts, const SweptCurve& swept,
-                                      double z, int& effort) const;
+  std::vector<SweptCurve> takenBy(const std::vector<int>& cuts, double z) const;
+  // In which order the levels of a sweep are looked at: upward for the lowest place that is left,
+  // scattered to find soon that there is one.
+  enum class Levels { Upward, Scattered };
+  static std::optional<PlanePoint> untakenBy(const std::vector<SweptCurve>& taken,
+                                             const SweptCurve& swept, Levels order, int& effort);
 
   std::vector<GroundCut> cuts_;
-  std::vector<int> ways_;  // of the cuts: equal numbers go the same way at the same radius
+  std::vector<int> ways_;  // of the cuts
   BoxIndex index_;
 };
 

@@ -117,7 +117,8 @@ void FreeStretches::judge(const OffsetCandidate& candidate, std::vector<FreePiec
   for (const NearWall& near : near_) {
     if (!near.reaches(extent) || candidate.isSpared(near.number)) continue;
     forbid(candidate, near.number, measures_.distance - measures_.slack);
-    if (overlaps_ && near.number < candidate.source) leaveToOwner(candidate, wall(near.number));
+    const bool mayOwn = overlaps_ != Overlaps::None && near.number < candidate.source;
+    if (mayOwn) leaveToOwner(candidate, wall(near.number));
   }
   if (forbidden_.empty()) {
     add(candidate, {0, 1}, pieces);
@@ -147,9 +148,13 @@ void FreeStretches::forbid(const OffsetCandidate& candidate, int number, double 
   for (const ShareRange& range : ranges_) forbidden_.push_back({range, number});
 }
 
-void FreeStretches::leaveToOwner(const OffsetCandidate& candidate, const Curve& near) {
-  const Curve& own = wall(candidate.source);
-  if (!isSameLineOrCircle(own, near)) return;
+void FreeStretches::leaveToOwner(const OffsetCandidate& candidate, Curve near) {
+  const Curve& drawn = wall(candidate.source);
+  const Curve own = candidate.reverse ? reversed(drawn) : drawn;
+  if (!isSameLineOrCircle(own, near)) {
+    near = reversed(near);
+    if (overlaps_ != Overlaps::BothWays || !isSameLineOrCircle(own, near)) return;
+  }
   const bool lies = isBeside(own, pointAt(near, 0.5)) || isBeside(near, pointAt(own, 0.5));
   if (!lies) return;
   const double from = shareOf(own, isBeside(own, near.start) ? near.start : own.start);
@@ -231,13 +236,18 @@ bool FreeStretches::goesFarBeyond(const ShareRange& wider, const std::vector<Sha
   return !holdsSome || more * length > 2 * measures_.corner;
 }
 
-// What is free at a hair less must not go far beyond what is free.
+// What is free at a hair less must not go far beyond what is free. Where nothing is, it may be a
+// room of a single place.
 void FreeStretches::lookForHair(const OffsetCandidate& candidate) {
-  if (measures_.distance <= kHairDepth || isDeepIn(candidate)) return;
+  if (measures_.distance <= kHairDepth) return;
+  const double length = lengthOf(candidate.curve);
+  const bool leavesSome = std::any_of(free_.begin(), free_.end(), [&](const ShareRange& range) {
+    return (range.to - range.from) * length >= measures_.shortest;
+  });
+  if (leavesSome && isDeepIn(candidate)) return;
   const std::vector<ShareRange> free = free_;
   forbidAgain(candidate, measures_.distance - kHairDepth);
   findFree();
-  const double length = lengthOf(candidate.curve);
   lostByAHair_ = std::any_of(free_.begin(), free_.end(), [&](const ShareRange& range) {
     return goesFarBeyond(range, free, length);
   });

@@ -22,8 +22,13 @@ struct FreePiece {
 
 class FreeStretches {
  public:
-  // With `overlaps` walls may lie on one another; what both would give is the lower one's.
-  FreeStretches(const CurveIndex& walls, const OffsetMeasures& measures, bool overlaps)
+  // Where walls may lie on one another, what both would give is the lower one's.
+  enum class Overlaps {
+    None,
+    OneWay,    // in the same sense
+    BothWays,  // in either sense: each wall gives candidates on both sides
+  };
+  FreeStretches(const CurveIndex& walls, const OffsetMeasures& measures, Overlaps overlaps)
       : walls_(walls), measures_(measures), overlaps_(overlaps) {}
 
   // Appends what is free of the candidates, in their order.
@@ -61,7 +66,7 @@ class FreeStretches {
   void forbid(const OffsetCandidate& candidate, int number, double distance);
   void rememberWhole();
   bool liesDeepInLast(const OffsetCandidate& candidate);
-  void leaveToOwner(const OffsetCandidate& candidate, const Curve& wall);
+  void leaveToOwner(const OffsetCandidate& candidate, Curve near);
   void add(const OffsetCandidate& candidate, ShareRange range, std::vector<FreePiece>& pieces);
   void lookForHair(const OffsetCandidate& candidate);
   bool isDeepIn(const OffsetCandidate& candidate) const;
@@ -73,7 +78,7 @@ class FreeStretches {
 
   const CurveIndex& walls_;
   const OffsetMeasures& measures_;
-  bool overlaps_;
+  Overlaps overlaps_;
   bool lostByAHair_ = false;
   int last_ = -1;  // the wall that left nothing of a candidate
   std::vector<int> found_;

@@ -48,6 +48,7 @@ void OffsetCandidates::take(int wall, bool reverse, Run& run) const {
   const Curve& drawn = walls_[static_cast<std::size_t>(wall)];
   run.curve = reverse ? reversed(drawn) : drawn;
   run.wall = wall;
+  run.reverse = reverse;
   run.in = startDirection(run.curve);
   run.out = run.curve.isArc() ? endDirection(run.curve) : run.in;
   run.turnsRight = run.turnsAway = false;
@@ -92,6 +93,7 @@ void OffsetCandidates::addDisplaced(const Run& before, const Run& run, const Run
   const Curve& wall = run.curve;
   OffsetCandidate candidate;
   candidate.source = run.wall;
+  candidate.reverse = run.reverse;
   candidate.spared = {run.wall, before.turnsAway && !before.curve.isArc() ? before.wall : -1,
                       run.turnsAway && !after.curve.isArc() ? after.wall : -1};
   if (!wall.isArc()) {
@@ -131,6 +133,7 @@ void OffsetCandidates::addCorner(const Run& before, const Run& after) {
       both > 0.1 ? vertex + (distance_ / both) * (from + to) : pointAt(corner.curve, 0.5);
   corner.half = normOf(end - corner.middle);
   corner.source = before.wall;
+  corner.reverse = before.reverse;
   const bool clear = before.turnsAway;
   corner.spared = {clear && !before.curve.isArc() ? before.wall : -1,
                    clear && !after.curve.isArc() ? after.wall : -1, -1};

@@ -27,8 +27,9 @@ struct OffsetMeasures {
 struct OffsetCandidate {
   Curve curve;
   PlanePoint middle;
-  double half = 0;  // no place is farther from the middle
-  int source = 0;   // a wall
+  double half = 0;       // no place is farther from the middle
+  int source = 0;        // a wall
+  bool reverse = false;  // run along it from its end
   std::array<int, 3> spared = {-1, -1, -1};
   bool isSpared(int wall) const {
     return wall == spared[0] || wall == spared[1] || wall == spared[2];
@@ -59,6 +60,7 @@ class OffsetCandidates {
   struct Run {
     Curve curve;
     int wall = 0;
+    bool reverse = false;
     PlanePoint in, out;
     bool turnsRight = false;  // by so much that there is an arc
     bool turnsAway = false;   // the rows beside the joint keep clear of each other's candidates

@@ -160,6 +160,8 @@ PathProof provePaths(const DrawingStore& store, const PathJobs& jobs, const Proo
   proof.rapids = findRapids(store, groups, moves, proof.unjudged, breathing);
   proof.plunges = findPlunges(store, groups, moves, proof.unjudged, breathing);
   proof.forbidsPlunges = wantsEntries(store);
+  const std::vector<Engagement> engagements = groupEngagements(store, groups, breathing);
+  for (std::size_t k = 0; k < groups.size(); ++k) proof.jobs[k].engagement = engagements[k];
   std::sort(proof.unjudged.begin(), proof.unjudged.end());
   return proof;
 }

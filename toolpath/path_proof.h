@@ -11,6 +11,7 @@
 #include "core/cancellable_work.h"
 #include "core/motion_stream.h"
 #include "core/path_jobs.h"
+#include "toolpath/engagement.h"
 #include "toolpath/missed_area.h"
 
 namespace tess {
@@ -51,6 +52,7 @@ struct JudgedJob {
   bool byRecord = false;  // else by its rows
   // The radius that it was placed with, and that which the tool has now; 0 where nobody knows.
   double placedRadius = 0, presentRadius = 0;
+  Engagement engagement{};
 };
 
 // What may be in, and be left, before an operator should be asked.

@@ -308,6 +308,12 @@ std::vector<FreePiece> freePieces(const std::vector<WallChain>& chains,
   return pieces;
 }
 
+FreeStretches::Overlaps overlapsOf(const PocketRegion::Traits& traits) {
+  using enum FreeStretches::Overlaps;
+  if (traits.crossesSelf) return BothWays;
+  return traits.overlaps ? OneWay : None;
+}
+
 // The region itself, unless its loops run into one another.
 bool isItsOwnOffset(const PocketRegion& region, double distance) {
   constexpr double kNothing = 1e-9;
@@ -360,8 +366,7 @@ JudgedOffset judgedOffset(const PocketRegion& region, double distance, const Bre
   constexpr double kLeast = 1e-6;
   const OffsetMeasures measures(std::max(distance, kLeast), region.largestNumber());
   OffsetCandidates candidates(measures.distance, region.walls());
-  const bool overlaps = region.traits().overlaps || region.traits().crossesSelf;
-  FreeStretches stretches(region.index(), measures, overlaps);
+  FreeStretches stretches(region.index(), measures, overlapsOf(region.traits()));
   const std::vector<FreePiece> pieces =
       freePieces(chainsOf(region), candidates, stretches, measures, breathing);
   JudgedOffset judged;
@@ -476,7 +481,7 @@ ChainOffset chainOffset(const std::vector<Curve>& chain, double distance,
   OffsetCandidates candidates(distance, chain);
   const WallChain whole{0, static_cast<int>(chain.size()) - 1, /*closed=*/false,
                         /*reverse=*/false};
-  FreeStretches stretches(walls, measures, /*overlaps=*/false);
+  FreeStretches stretches(walls, measures, FreeStretches::Overlaps::None);
   const std::vector<FreePiece> pieces =
       freePieces({whole}, candidates, stretches, measures, breathing);
   ChainOffset offset;

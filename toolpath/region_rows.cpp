@@ -1,6 +1,7 @@
 // Curves in 64 bits become rows in 32: merged, tested once more, rounded.
 #include "toolpath/region_rows.h"
 
+#include <algorithm>
 #include <cmath>
 #include <numbers>
 #include <optional>
@@ -18,6 +19,10 @@ constexpr double kHalfTurnSlack = 1e-6;
 
 Point pointOf(PlanePoint at) {
   return {narrow(at.x), narrow(at.y)};
+}
+
+PlanePoint placeOf(Point at) {
+  return {at.x, at.y};
 }
 
 // One curve for two that follow one another on one circle, if it turns by half a turn at most.
@@ -52,11 +57,22 @@ void RegionRows::add(const std::vector<Curve>& curves) {
   if (held) place(*held);
 }
 
+// Far from the origin a row of 32 bits may lie anywhere.
+bool RegionRows::mayBePlaced(const Curve& curve, const Entity& row) const {
+  if (!isClear_(curve)) return false;
+  const double moved =
+      std::max(normOf(placeOf(row.start) - curve.start), normOf(placeOf(row.end) - curve.end));
+  if (moved <= mostMoved_) return true;
+  std::vector<Curve> rounded;
+  appendCurves(row, rounded);
+  return std::all_of(rounded.begin(), rounded.end(), isClear_);
+}
+
 void RegionRows::place(const Curve& curve) {
   const Entity row = rowOf(curve);
   if (std::abs(row.end.x - row.start.x) < kWord && std::abs(row.end.y - row.start.y) < kWord)
     return;
-  if (isClear_(curve)) {
+  if (mayBePlaced(curve, row)) {
     rows_.push_back(row);
   } else {
     refused_ = true;

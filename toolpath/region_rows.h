@@ -27,6 +27,9 @@ class RegionRows {
           return region.isClear(curve, distance - kPlacedSlack);
         }) {}
 
+  // In drawing units: what rounding moves farther is tested in its rounded form too.
+  void setRoundingLimit(double most) { mostMoved_ = most; }
+
   // Curves one after the other. Pieces of one circle become one row, up to half a turn; what is too
   // short for the words of a program becomes a line, and what has no length nothing.
   void add(const std::vector<Curve>& curves);
@@ -37,8 +40,10 @@ class RegionRows {
 
  private:
   void place(const Curve& curve);
+  bool mayBePlaced(const Curve& curve, const Entity& row) const;
 
   Test isClear_;
+  double mostMoved_ = 0.0001;
   std::vector<Entity> rows_;
   bool refused_ = false;
 };

@@ -14,6 +14,7 @@
 #include "geometry/row_entity.h"
 #include "toolpath/cancellable_command.h"
 #include "toolpath/chain_walk.h"
+#include "toolpath/connected_rows.h"
 #include "toolpath/element_offset.h"
 #include "toolpath/entry_moves.h"
 #include "toolpath/job_walls.h"
@@ -21,6 +22,7 @@
 #include "toolpath/path_groups.h"
 #include "toolpath/path_levels.h"
 #include "toolpath/path_placement.h"
+#include "toolpath/path_proof.h"
 #include "toolpath/region_offset.h"
 #include "toolpath/region_rows.h"
 #include "toolpath/true_leads.h"
@@ -54,7 +56,8 @@ Point startOn(const DrawingStore& store, const TrueFinishRequest& request) {
   return atEnd ? row.end : row.start;
 }
 
-Chain chainFrom(const DrawingStore& store, int sg, Point start) {
+// The rows as the operator's clicks lead along them.
+Chain walkFrom(const DrawingStore& store, int sg, Point start) {
   Chain chain;
   ChainWalk walk(store);
   std::vector<bool> passed(static_cast<std::size_t>(store.NumSegments) + 1, false);
@@ -73,6 +76,33 @@ Chain chainFrom(const DrawingStore& store, int sg, Point start) {
     if (!next || passed[static_cast<std::size_t>(next->row)]) return chain;
     row = next->row;
   }
+}
+
+// The rows of the closed outline that a row is one of, among all that hang together with it; none
+// where these make no outlines.
+std::vector<int> outlineOf(const DrawingStore& store, int sg) {
+  const std::vector<int> rows = rowsConnectedTo(store, sg);
+  const OutlineRegion outlines = regionOf(segmentEntities(store, rows), store.cfg_tolerance);
+  for (const RegionLoop& loop : outlines.region.loops()) {
+    std::vector<int> found;
+    for (const int source : loop.sources) found.push_back(rows[static_cast<std::size_t>(source)]);
+    if (std::find(found.begin(), found.end(), sg) == found.end()) continue;
+    found.erase(std::unique(found.begin(), found.end()), found.end());
+    std::rotate(found.begin(), std::find(found.begin(), found.end(), sg), found.end());
+    return found;
+  }
+  return {};
+}
+
+// A walk from row to row goes astray where an outline touches itself, and at rows shorter than the
+// tolerance.
+Chain chainFrom(const DrawingStore& store, int sg, Point start) {
+  Chain chain = walkFrom(store, sg, start);
+  if (chain.closed) return chain;
+  std::vector<int> outline = outlineOf(store, sg);
+  if (outline.empty()) return chain;
+  const Entity first = travelledRow(store, sg, start, otherEnd(store, sg, start));
+  return {std::move(outline), {first}, /*closed=*/true};
 }
 
 // ---- What is to be cut
@@ -283,6 +313,7 @@ class PassMaker {
       breathe(breathing_);
       return noJudgement_ || field_.isClear(curve, distance - kPlacedSlack);
     });
+    rows.setRoundingLimit(proofLimits(cam_.store).depth);
     for (FinishWay& way : field_.waysAt(distance, breathing_)) {
       const auto leads = leadsOf(way);
       if (links) linkTo(leads ? leads->in.start : way.curves.front().start, rows);
@@ -348,13 +379,6 @@ bool isVerifiedChain(const DrawingStore& store, const Chain& chain) {
                      [&](int sg) { return store.segattr[sg] == kVerifiedRow; });
 }
 
-std::vector<Entity> entitiesOf(const DrawingStore& store, const std::vector<int>& rows) {
-  std::vector<Entity> entities;
-  entities.reserve(rows.size());
-  for (const int sg : rows) entities.push_back(segmentEntity(store, sg));
-  return entities;
-}
-
 std::vector<int> verifiedRows(const DrawingStore& store) {
   std::vector<int> rows;
   for (int sg = 1; sg <= store.NumSegments; ++sg) {
@@ -374,24 +398,33 @@ bool isFreeInside(const PocketRegion& region, const std::vector<int>& rows, cons
   return false;
 }
 
+// What touches the chain is a wall as well, unless there are rows among it that lead nowhere.
+std::vector<int> rowsWithChain(const DrawingStore& store, const Chain& chain) {
+  std::vector<int> rows = rowsConnectedTo(store, chain.rows.front());
+  if (rows.size() <= chain.rows.size()) return chain.rows;
+  const OutlineRegion all = regionOf(segmentEntities(store, rows), store.cfg_tolerance);
+  return all.fault ? chain.rows : rows;
+}
+
 std::unique_ptr<FinishField> fieldOf(CamContext& cam, const Chain& chain,
                                      const TrueFinishRequest& request) {
   const DrawingStore& store = cam.store;
   if (!chain.closed) return std::make_unique<OpenField>(chain, request.reference);
   const float tolerence = store.cfg_tolerance;
-  OutlineRegion alone = regionOf(entitiesOf(store, chain.rows), tolerence);
+  const std::vector<int> own = rowsWithChain(store, chain);
+  OutlineRegion alone = regionOf(segmentEntities(store, own), tolerence);
   if (!outlineIsSound(cam, kCommand, alone)) return nullptr;
   const bool inside = alone.region.isFree(placeOf(request.reference));
   if (isVerifiedChain(store, chain)) {
     const std::vector<int> rows = verifiedRows(store);
-    OutlineRegion all = regionOf(entitiesOf(store, rows), tolerence);
+    OutlineRegion all = regionOf(segmentEntities(store, rows), tolerence);
     if (!outlineIsSound(cam, kCommand, all)) return nullptr;
     if (isFreeInside(all.region, rows, chain) == inside) {
       return std::make_unique<ClosedField>(std::move(all.region), rows, chain, request.start);
     }
   }
-  if (!inside) alone = regionOf(entitiesOf(store, chain.rows), tolerence, /*outside=*/true);
-  return std::make_unique<ClosedField>(std::move(alone.region), chain.rows, chain, request.start);
+  if (!inside) alone = regionOf(segmentEntities(store, own), tolerence, /*outside=*/true);
+  return std::make_unique<ClosedField>(std::move(alone.region), own, chain, request.start);
 }
 
 bool pathIsPossible(CamContext& cam, const FinishField& field, const Breathing& breathing) {

@@ -19,6 +19,7 @@
 #include "toolpath/path_groups.h"
 #include "toolpath/path_levels.h"
 #include "toolpath/path_placement.h"
+#include "toolpath/path_proof.h"
 #include "toolpath/region_rows.h"
 #include "toolpath/scan_lathe.h"
 #include "toolpath/true_lines.h"
@@ -37,6 +38,11 @@ void tell(CamContext& cam, const std::string& title, const std::string& text) {
       {.text = text, .title = title, .icon = MessageIcon::Warning});
 }
 
+// Scripts can set what no form takes.
+std::string figureText(double value) {
+  return std::isnan(value) ? "not a number" : plainText(narrow(value));
+}
+
 std::string placeText(PlanePoint at) {
   return "X = " + plainText(roundTo(narrow(at.x), kDecimals)) +
          ", Y = " + plainText(roundTo(narrow(at.y), kDecimals));
@@ -51,6 +57,7 @@ bool isTurning(const DrawingStore& store) {
 // Radius, distance from the walls and step of a job.
 struct JobMeasures {
   double radius = 0, distance = 0, step = 0;
+  double rounding = 0;  // the most by which rows may be off
 };
 
 // A clearance below 0 would cut into the part.
@@ -58,17 +65,17 @@ JobMeasures measuresOf(const DrawingStore& store) {
   const bool turning = isTurning(store);
   const double clearance = std::max(0.0F, float{store.cfg_min_rough_clearance});
   const double radius = turning ? 0.0 : double{store.toolradius[store.selectedtool]};
-  return {radius, radius + clearance, stepOverDistance(store, turning)};
+  return {radius, radius + clearance, stepOverDistance(store, turning), proofLimits(store).depth};
 }
 
 bool measuresAreSound(CamContext& cam, const JobMeasures& job) {
   if (!isTurning(cam.store) && !(job.radius > 0)) {
-    tellRadius(cam, kCommand, narrow(job.radius));
+    tellRadius(cam, kCommand, static_cast<float>(job.radius));
     return false;
   }
   if (job.step > 0) return true;
   tell(cam, kCommand,
-       "The Step Over Amount is " + plainText(narrow(job.step)) +
+       "The Step Over Amount is " + figureText(job.step) +
            ".  It must be above 0.\n\nNothing was placed.  It is set in Pocketing & Profiling "
            "Parameters.");
   return false;
@@ -112,31 +119,32 @@ std::optional<RoughingField> fieldOf(CamContext& cam, const JobMeasures& job,
   return field;
 }
 
-// Places where the finish path goes and roughing does not come near. The corners of an offset lie
-// some clearances from those of another; a neck or a room that only the finish path enters lies
-// farther.
+// Where roughing does not come near. The corners of an offset lie some clearances from those of
+// another; a neck or a room that only the finish path enters lies farther.
+bool isLeftForFinish(const RoughingField& field, const JobMeasures& job, PlanePoint at) {
+  const double farthest = 4 * (job.distance - job.radius) + job.radius / 10;
+  const PocketRegion& roughed = field.offset.region;
+  return !roughed.index().nearest(lineCurve(at, at), farthest) && !roughed.isFree(at);
+}
+
+// One place of each stretch of the finish path of which nothing is roughed.
 std::vector<PlanePoint> placesForFinish(const RoughingField& field, const JobMeasures& job,
                                         const Breathing& breathing) {
   constexpr std::size_t kMostPlaces = 5;
-  const double farthest = 4 * (job.distance - job.radius) + job.radius / 10;
   std::vector<PlanePoint> places;
   if (job.distance <= job.radius) return places;
-  const PocketRegion finish = fittedOffset(field.region, job.radius, breathing).region;
-  const auto isLeft = [&](PlanePoint at) {
-    return !field.offset.region.index().nearest(lineCurve(at, at), farthest).has_value() &&
-           !field.offset.region.isFree(at);
+  const auto isNew = [&](PlanePoint at) {
+    return std::none_of(places.begin(), places.end(),
+                        [&](PlanePoint other) { return normOf(other - at) < 4 * job.radius; });
   };
+  const PocketRegion finish = fittedOffset(field.region, job.radius, breathing).region;
   for (const RegionLoop& loop : finish.loops()) {
     bool wasLeft = false;
     for (const Curve& curve : loop.curves) {
       breathe(breathing);
       const PlanePoint at = pointAt(curve, 0.5);
-      const bool left = isLeft(at);
-      const bool isNew =
-          left && !wasLeft && std::none_of(places.begin(), places.end(), [&](PlanePoint other) {
-            return normOf(other - at) < 4 * job.radius;
-          });
-      if (isNew) places.push_back(at);
+      const bool left = isLeftForFinish(field, job, at);
+      if (left && !wasLeft && isNew(at)) places.push_back(at);
       if (places.size() == kMostPlaces) return places;
       wasLeft = left;
     }
@@ -166,6 +174,7 @@ struct RoughingPlan {
 void addRows(const RoughingField& field, const JobMeasures& job, const RoomWay& way,
              const Breathing& breathing, RoughingPlan& plan) {
   RegionRows rows(field.region, job.distance, breathing);
+  rows.setRoundingLimit(job.rounding);
   for (const std::vector<Curve>& run : way.runs()) rows.add(run);
   plan.rows.insert(plan.rows.end(), rows.rows().begin(), rows.rows().end());
   plan.failed |= rows.refused();
@@ -322,7 +331,7 @@ double stepOverDistance(const DrawingStore& store, bool turning) {
 
 void tellRadius(CamContext& cam, const std::string& command, float radius) {
   tell(cam, command,
-       "The radius of the selected tool is " + plainText(radius) +
+       "The radius of the selected tool is " + figureText(radius) +
            ".  It must be above 0.\n\nNothing was placed.");
 }
 
@@ -360,34 +369,24 @@ bool ringsHaveLevels(const DrawingStore& store) {
   return -std::abs(store.cfg_start_depth) > roughingFloor(store);
 }
 
+// Of the curve that is nearest to a place, the first of several.
+PlanePoint directionNear(const std::vector<Curve>& curves, PlanePoint at) {
+  const auto nearest = std::min_element(
+      curves.begin(), curves.end(),
+      [at](const Curve& a, const Curve& b) { return distanceTo(a, at) < distanceTo(b, at); });
+  if (nearest == curves.end()) return {};
+  return directionAt(*nearest, shareOf(*nearest, nearestOn(*nearest, at).at));
+}
+
 // Against the loops, which run with free space on their left: for conventional milling, and where
 // the row at the click runs so.
 bool ringsRunBack(const CamContext& cam, const PocketRegion& region, Point click) {
   if (cuttingMode(cam.store) == CuttingMode::Conventional) return true;
   if (cuttingMode(cam.store) == CuttingMode::Climb) return false;
   const PlanePoint at{click.x, click.y};
-  const std::vector<Entity> rows = verifiedOutlines(cam.store);
-  double nearest = std::numeric_limits<double>::infinity();
-  PlanePoint drawn, loop;
-  std::vector<Curve> curves;
-  for (const Entity& row : rows) {
-    curves.clear();
-    appendCurves(row, curves);
-    for (const Curve& curve : curves) {
-      const double distance = distanceTo(curve, at);
-      if (distance >= nearest) continue;
-      nearest = distance;
-      drawn = directionAt(curve, shareOf(curve, nearestOn(curve, at).at));
-    }
-  }
-  nearest = std::numeric_limits<double>::infinity();
-  for (const Curve& wall : region.walls()) {
-    const double distance = distanceTo(wall, at);
-    if (distance >= nearest) continue;
-    nearest = distance;
-    loop = directionAt(wall, shareOf(wall, nearestOn(wall, at).at));
-  }
-  return dot(drawn, loop) < 0;
+  std::vector<Curve> drawn;
+  for (const Entity& row : verifiedOutlines(cam.store)) appendCurves(row, drawn);
+  return dot(directionNear(drawn, at), directionNear(region.walls(), at)) < 0;
 }
 
 // One more pass along the walls, in the direction of climb milling.
@@ -405,7 +404,7 @@ void addFinish(const RoughingField& field, const JobMeasures& job, PlanePoint fr
       way.cut(loopFrom(loop, nearestPlace(loop, way.place())), /*linked=*/false);
     }
   }
-  addRows(field, {job.radius, job.radius, job.step}, way, breathing, plan);
+  addRows(field, {job.radius, job.radius, job.step, job.rounding}, way, breathing, plan);
 }
 
 // Half the way across the offset is the longest that rings can have to go.

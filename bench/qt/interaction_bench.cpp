@@ -116,6 +116,26 @@ void ContiguousSelection(benchmark::State& state) {
   });
 }
 
+// From the click to the picture, as the shipped setups have it.
+void SelectAll(benchmark::State& state) {
+  constexpr int kRows = 30000;
+  BenchProgram program;
+  drawOutlines(program, kRows, 12);
+  Application& application = program.application();
+  for (auto _ : state) {
+    state.PauseTiming();
+    application.clickTool("miUnselectAll");
+    application.interaction.redraw.redrawscreen();
+    program.settle();
+    checkCount(selectedRows(program.store()), 0);
+    state.ResumeTiming();
+    application.clickTool("miSelectAll");
+    state.PauseTiming();
+    checkCount(selectedRows(program.store()), kRows);
+    state.ResumeTiming();
+  }
+}
+
 // The redraw that follows is part of it.
 void UndoOfALongStep(benchmark::State& state) {
   constexpr int kRows = 10000;
@@ -226,6 +246,7 @@ BENCHMARK(PointerMoveWithSnap)->Unit(benchmark::kMicrosecond);
 BENCHMARK(WheelOverText)->Unit(benchmark::kMillisecond);
 BENCHMARK(WindowSelection)->Unit(benchmark::kMillisecond);
 BENCHMARK(ContiguousSelection)->Unit(benchmark::kMillisecond);
+BENCHMARK(SelectAll)->Unit(benchmark::kMillisecond);
 BENCHMARK(UndoOfALongStep)->Unit(benchmark::kMillisecond);
 BENCHMARK(OpenADrawing)->Unit(benchmark::kMillisecond);
 BENCHMARK(OrdinaryWork)->Arg(10000)->Arg(kFullTable)->Unit(benchmark::kMillisecond);

@@ -78,8 +78,18 @@ void pushPlunge(lua_State* L, const PlungeFinding& plunge) {
   setField(L, "depth", plunge.depth);
 }
 
+void pushEngagement(lua_State* L, const Engagement& engagement) {
+  lua_createtable(L, 0, 4);
+  setField(L, "share", engagement.share);
+  setField(L, "row", engagement.row);
+  setField(L, "x", engagement.x);
+  setField(L, "y", engagement.y);
+}
+
 void pushJob(lua_State* L, const JudgedJob& job) {
-  lua_createtable(L, 0, 3);
+  lua_createtable(L, 0, 4);
+  pushEngagement(L, job.engagement);
+  lua_setfield(L, -2, "engagement");
   setField(L, "group", job.group);
   setField(L, "kind", kindText(job.kind));
   setField(L, "by", job.byRecord ? "record" : "rows");

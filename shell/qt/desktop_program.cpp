@@ -9,6 +9,7 @@
 #include <QTimer>
 #include <iostream>
 #include <optional>
+#include <utility>
 
 #include "core/file_system.h"
 #include "core/lifecycle.h"
@@ -16,10 +17,12 @@
 #include "shell/automation/reports.h"
 #include "shell/control_choice.h"
 #include "shell/help_commands.h"
+#include "shell/picture.h"
 #include "shell/program_folder.h"
 #include "shell/qt/customize_dialog.h"
 #include "shell/qt/key_strokes.h"
 #include "shell/qt/splash.h"
+#include "shell/qt/theme.h"
 
 namespace tess {
 
@@ -67,7 +70,8 @@ DesktopProgram::DesktopProgram(const std::string& appfolder, const std::string& 
   prompts_.setWindow(&window_);
   colors_.setWindow(&window_);
   paper_.setWindow(&window_);
-  paper_.takeScreenShot = [this] { return bitmapFile(surface_.drawing().picture()); };
+  paper_.takeScreenShot = [this] { return bitmapFile(pictureForPaper()); };
+  application_.interaction.renderer.look.darkTheme = isDark(surface_.palette());
   wirePlatform();
   wireSurface();
   wireWindow();
@@ -171,12 +175,29 @@ void DesktopProgram::wireSurface() {
     if (stroke) gateway_.enter("key", [&] { application_.key(*stroke); });
     return stroke.has_value();
   };
+  surface_.onThemeChanged = [this] { followTheme(); };
   surface_.onPictureLost = [this] {
     gateway_.enter("redraw", [&] { application_.interaction.redraw.redrawscreen(); });
   };
   surface_.onFrame = [this] {
     gateway_.pass("redraw", [&] { application_.interaction.redraw.paintFrame(); });
   };
+}
+
+// The screen as it stands, but for its look.
+QImage DesktopProgram::pictureForPaper() {
+  RasterSurface& shown = surface_.drawing();
+  if (!application_.interaction.renderer.look.isSoft()) return shown.picture();
+  RasterSurface plain(shown.area(), shown.density());
+  paintPicture(application_, plain, /*onPaper=*/true);
+  return plain.picture();
+}
+
+void DesktopProgram::followTheme() {
+  Interaction& interaction = application_.interaction;
+  const bool dark = isDark(surface_.palette());
+  if (std::exchange(interaction.renderer.look.darkTheme, dark) == dark) return;
+  if (interaction.renderer.look.isSoft()) interaction.redraw.soil();
 }
 
 void DesktopProgram::pan(PanPhase phase, Point at) {

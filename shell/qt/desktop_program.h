@@ -43,6 +43,8 @@ class DesktopProgram {
   void wirePlatform();
   void wireSurface();
   void pan(PanPhase phase, Point at);
+  QImage pictureForPaper();
+  void followTheme();
   void wireWindow();
   void drop(const std::vector<std::string>& names);
   void wireGuide();

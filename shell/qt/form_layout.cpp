@@ -98,21 +98,6 @@ QWidget* loadLayoutFile(const Form& form, QWidget* parent) {
   return makeLoader()->load(&file, parent);
 }
 
-// "txtNumPasses" as "Num Passes": better than a field without any name.
-QString spokenName(const Control& control) {
-  const std::string& name = control.name();
-  const auto start = std::find_if(name.begin(), name.end(),
-                                  [](unsigned char letter) { return std::isupper(letter) != 0; });
-  QString spoken;
-  for (auto at = start; at != name.end(); ++at) {
-    const bool starts = at != start && std::isupper(static_cast<unsigned char>(*at)) != 0 &&
-                        std::islower(static_cast<unsigned char>(at[-1])) != 0;
-    if (starts) spoken += ' ';
-    spoken += *at;
-  }
-  return spoken;
-}
-
 QWidget* makeTextBox(const Control& control, QWidget* parent) {
   if (static_cast<const TextBox&>(control).multiLine) return new QPlainTextEdit(parent);
   auto* line = new QLineEdit(parent);
@@ -282,6 +267,20 @@ void findWidgets(const Form& form, FormLayout& layout) {
 QString widgetName(const Control& control) {
   const QString name = QString::fromStdString(control.name());
   return control.arrayIndex() ? QString("%1_%2").arg(name).arg(*control.arrayIndex()) : name;
+}
+
+QString spokenName(const Control& control) {
+  const std::string& name = control.name();
+  const auto start = std::find_if(name.begin(), name.end(),
+                                  [](unsigned char letter) { return std::isupper(letter) != 0; });
+  QString spoken;
+  for (auto at = start; at != name.end(); ++at) {
+    const bool starts = at != start && std::isupper(static_cast<unsigned char>(*at)) != 0 &&
+                        std::islower(static_cast<unsigned char>(at[-1])) != 0;
+    if (starts) spoken += ' ';
+    spoken += *at;
+  }
+  return spoken;
 }
 
 FormLayout makeFormLayout(const Form& form, QWidget* parent) {

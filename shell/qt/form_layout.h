@@ -1,6 +1,6 @@
 // The widgets of a form: from the layout file of its name where there is one, else arranged by
 // rule, so that no form is ever invisible.
-// Owns: widgetName, FormLayout, makeFormLayout.
+// Owns: widgetName, spokenName, FormLayout, makeFormLayout.
 #pragma once
 
 #include <QString>
@@ -14,6 +14,9 @@ namespace tess {
 
 // The object name of a control's widget: NAME, or NAME_INDEX in a control array.
 QString widgetName(const Control& control);
+
+// "txtNumPasses" as "Num Passes": better than a control without any name.
+QString spokenName(const Control& control);
 
 struct FormLayout {
   QWidget* root = nullptr;  // belongs to the parent

@@ -3,12 +3,14 @@
 
 #include <QEvent>
 
+#include "shell/qt/spoken_names.h"
 #include "shell/qt/tab_order.h"
 
 namespace tess {
 
 FormView::FormView(Form& form, Gateway& gateway, QWidget& parent)
     : form_(form), actions_(form, gateway), layout_(makeFormLayout(form, &parent)) {
+  giveRolesToPanes();
   actions_.onFocusKept = [this] { showFocus(); };
   for (Control* control : form.controls()) {
     const auto found = layout_.widgets.find(control);
@@ -34,6 +36,9 @@ void FormView::showAll() {
   if (!actions_.formLives()) return;
   for (const auto& [control, binding] : bindings_) binding->showAll();
   units_->show();
+  // Captions are there by now; places are once the layout has been done.
+  layout_.root->layout()->activate();
+  for (const auto& [control, binding] : bindings_) nameForReaders(binding->widget(), *control);
 }
 
 void FormView::showFocus() {

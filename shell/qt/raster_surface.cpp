@@ -240,6 +240,12 @@ void RasterSurface::line(const WorldBox& ends, Rgb color) {
   painted(QRectF(visible->p1(), visible->p2()));
 }
 
+// Inverted twice it would be gone.
+void RasterSurface::lineTwice(const WorldBox& ends, Rgb color) {
+  line(ends, color);
+  if (isInverting()) line(ends, color);
+}
+
 void RasterSurface::smoothLine(const QLineF& pixels, Rgb color) {
   const QLineF line(pixelMiddle(pixels.p1()), pixelMiddle(pixels.p2()));
   if (penWidth() <= kWidestOwnLine) {

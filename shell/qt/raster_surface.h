@@ -39,6 +39,7 @@ class RasterSurface : public DrawingSurface {
   bool requestFrame() override { return onFrameRequested && onFrameRequested(); }
   void Cls() override;
   void line(const WorldBox& ends, Rgb color) override;
+  void lineTwice(const WorldBox& ends, Rgb color) override;
   void box(const WorldBox& corners, Rgb color, bool filled) override;
   void arc(const WorldArc& arc, Rgb color) override;
   void text(float x, float y, const std::string& text, Rgb color) override;

@@ -200,6 +200,11 @@ bool SurfaceWidget::handleKey(const QKeyEvent& key) {
   return onKey && onKey(key);
 }
 
+void SurfaceWidget::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange && onThemeChanged) onThemeChanged();
+}
+
 // What follows on another widget comes after what was meant here.
 void SurfaceWidget::leaveEvent(QEvent* event) {
   carryOutWaiting();

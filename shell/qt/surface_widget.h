@@ -37,6 +37,8 @@ class SurfaceWidget : public QWidget {
   // A key; false when it has no meaning here.
   std::function<bool(const QKeyEvent& key)> onKey;
   bool handleKey(const QKeyEvent& key);
+  // The theme's colours are others.
+  std::function<void()> onThemeChanged;
   // The picture is empty after the window moved to a screen of another density.
   std::function<void()> onPictureLost;
   // The frame that was requested has come. Without it none can be.
@@ -51,6 +53,7 @@ class SurfaceWidget : public QWidget {
   void wheelEvent(QWheelEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void leaveEvent(QEvent* event) override;
+  void changeEvent(QEvent* event) override;
   bool focusNextPrevChild(bool /*next*/) override { return false; }  // Tab is a command here
 
  private:

@@ -36,7 +36,7 @@ TEST(SettingRows, KeysAreLowerCaseAndUniqueButForTheRepeatedOne) {
     repeated += row.repeated;
   }
   EXPECT_EQ(repeated, 1);
-  EXPECT_EQ(settingRows().size(), 74U);
+  EXPECT_EQ(settingRows().size(), 79U);
 }
 
 TEST(SettingRows, NoRowKeyIsASettingKey) {

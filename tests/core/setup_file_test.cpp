@@ -363,6 +363,21 @@ TEST_F(SetupFile, TruePathsAreWrittenOnlyWhenTheyAreOn) {
   EXPECT_FALSE(store.cfg_true_paths) << "a setup that does not tell it does without";
 }
 
+TEST_F(SetupFile, TheLooksOfTheScreenAreWrittenOnlyWhenTheyAreSet) {
+  read(wholeSetup());
+  for (const char* key : {"path direction", "path colors", "screen look"}) {
+    EXPECT_THAT(written(), Not(HasSubstr(key)));
+  }
+  read("path direction = 1\r\npath colors = 1\r\nscreen look = 3\r\n");
+  EXPECT_EQ(store.pathdirection, 1);
+  EXPECT_EQ(store.pathcolors, 1);
+  EXPECT_EQ(store.screenlook, 3);
+  EXPECT_THAT(written(),
+              HasSubstr("\r\npath direction = 1\r\npath colors = 1\r\nscreen look = 3\r\nvisual"));
+  read(wholeSetup());
+  EXPECT_EQ(store.pathdirection + store.pathcolors + store.screenlook, 0);
+}
+
 TEST_F(SetupFile, DesktopKeysAreWrittenOnlyWhenTheyAreOn) {
   read(wholeSetup());
   EXPECT_FALSE(store.desktopkeys);

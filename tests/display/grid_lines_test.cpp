@@ -35,6 +35,34 @@ TEST(GridRun, IsTheWalkFromZeroWhereThatIsShort) {
   EXPECT_EQ(linesOf(gridRun(7, {2, 3, 100})), std::vector<double>{0});
 }
 
+TEST(GridRun, ThinsOutToRoundSteps) {
+  const auto stepAt = [](double pitchInPixels) {
+    return gridRun(0.5, {0, 100 * 0.5 / pitchInPixels, 100}, /*closest=*/8).step / 0.5;
+  };
+  EXPECT_DOUBLE_EQ(stepAt(20), 1);
+  EXPECT_DOUBLE_EQ(stepAt(8), 1);
+  EXPECT_DOUBLE_EQ(stepAt(7.9), 2);
+  EXPECT_DOUBLE_EQ(stepAt(4), 2);
+  EXPECT_DOUBLE_EQ(stepAt(3.9), 5);
+  EXPECT_DOUBLE_EQ(stepAt(1), 10);
+  EXPECT_DOUBLE_EQ(stepAt(0.75), 20);
+  EXPECT_DOUBLE_EQ(stepAt(0.008), 1000);
+}
+
+TEST(GridRun, LinesAreNeverCloserThanAskedFor) {
+  for (const double spacing : {1e-30, 1e-9, 0.001, 0.3, 7.0, 1e9, 1e30}) {
+    for (const double span : {1e-6, 1.0, 12345.0, 1e30}) {
+      const GridRun run = gridRun(spacing, {-span, span, 1000}, /*closest=*/8);
+      EXPECT_GE(run.step * 1000 / (2 * span), 8 * (1 - 1e-9)) << spacing << " " << span;
+      EXPECT_GE(run.step, spacing);
+      EXPECT_LE(run.count, 2002);
+    }
+  }
+  for (const double spacing : {0.0, -1.0, -1e9}) {
+    EXPECT_EQ(gridRun(spacing, {-1, 1, 1000}, /*closest=*/8).count, 0) << spacing;
+  }
+}
+
 TEST(GridRun, BeginsAtTheViewWhereTheWayIsLong) {
   EXPECT_EQ(linesOf(gridRun(0.5, {1e7, 1e7 + 1, 100})),
             (std::vector<double>{1e7, 1e7 + 0.5, 1e7 + 1}));

@@ -1,6 +1,5 @@
 // Keys, wheel and drags in the window of the whole program.
 #include <QAction>
-#include <QPainter>
 #include <QPlainTextEdit>
 #include <QWheelEvent>
 #include <cmath>
@@ -29,14 +28,6 @@ class DesktopNavigation : public testing::RunningDesktop {
       const auto at = static_cast<float>(i);
       AddSeg(store(), {.type = 1, .x0 = 0.1F * at, .y0 = 1, .x1 = 2, .y1 = 0.2F * at}, nullptr);
     }
-  }
-  // What is shown, without the letters of the axes, which may smooth otherwise from one redraw to
-  // the next.
-  QImage shown() {
-    QImage picture = program->surface().drawing().picture().copy();
-    const QPointF origin = pixel(0, 0);
-    QPainter(&picture).fillRect(QRectF(origin - QPointF(20, 40), QSizeF(60, 60)), Qt::black);
-    return picture;
   }
   static void press(QWidget& widget, int key, Qt::KeyboardModifiers modifiers,
                     const QString& text = {}) {
@@ -113,7 +104,7 @@ TEST_F(DesktopNavigation, ZoomingInADragLeavesNoBandBehind) {
     QCoreApplication::processEvents();
     drag(at);
     QCoreApplication::processEvents();
-    return shown();
+    return pictureWithoutLetters();
   };
   const QPointF end = pixel(2, 1.5F);
   const QImage zoomed = bandTo(end, /*zooms=*/true);
@@ -157,7 +148,7 @@ class DrawnMotions : public DesktopNavigation, public ::testing::WithParamInterf
       if (everyMotion) QCoreApplication::processEvents();
     }
     QCoreApplication::processEvents();
-    DragResult result{shown(), {}};
+    DragResult result{pictureWithoutLetters(), {}};
     pointer(QEvent::MouseButtonRelease, Qt::LeftButton, Qt::NoButton,
             pixel(0.25F, 0.25F) + QPointF(280, -200));
     settle();

@@ -2,8 +2,13 @@
 // for its buttons.
 #include "tests/qt/every_form.h"
 
+#include <QAbstractButton>
+#include <QAccessible>
 #include <QApplication>
+#include <QComboBox>
 #include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
 #include <QScreen>
 #include <QWindow>
 #include <algorithm>
@@ -103,6 +108,51 @@ TEST_F(EveryForm, TabNeverGoesBackUpOrToTheLeft) {
             << before->objectName().toStdString() << " to " << widget->objectName().toStdString();
       }
       before = widget;
+    }
+  });
+}
+
+// What a screen reader has to say of each control.
+TEST_F(EveryForm, EveryControlHasANameAndARole) {
+  forEach([](Form& form, FormWindow& window) {
+    for (const Control* control : form.controls()) {
+      auto* widget = window.findChild<QWidget*>(widgetName(*control));
+      QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(widget);
+      ASSERT_NE(spoken, nullptr) << control->name();
+      const std::string name = spoken->text(QAccessible::Name).trimmed().toStdString();
+      const bool silent = control->kind() == ControlKind::Label && control->caption().empty();
+      EXPECT_TRUE(silent || !name.empty()) << control->name();
+      EXPECT_TRUE(control->kind() != ControlKind::Combo ||
+                  !spoken->relations(QAccessible::Label).isEmpty() ||
+                  !widget->accessibleDescription().isEmpty())
+          << control->name() << " is called by its choice, and nothing tells what for";
+      EXPECT_NE(name, control->name()) << "a word of the program's, not of the operator's";
+      const QAccessible::Role role = spoken->role();
+      EXPECT_NE(role, QAccessible::NoRole) << control->name();
+      EXPECT_TRUE(!control->takesFocus() || role != QAccessible::Client) << control->name();
+    }
+    EXPECT_FALSE(QAccessible::queryAccessibleInterface(&window)->text(QAccessible::Name).isEmpty());
+  });
+}
+
+// At any scale of the screen; the suite runs at 200 per cent too.
+TEST_F(EveryForm, TextsAreNotCut) {
+  forEach([](Form& /*form*/, FormWindow& window) {
+    for (const auto* label : window.findChildren<QLabel*>()) {
+      if (!label->isVisible() || label->text().isEmpty() || label->wordWrap()) continue;
+      const bool shrinks = label->sizePolicy().horizontalPolicy() == QSizePolicy::Ignored;
+      EXPECT_TRUE(shrinks || label->width() >= label->sizeHint().width())
+          << label->text().toStdString();
+    }
+    for (const auto* button : window.findChildren<QAbstractButton*>()) {
+      if (!button->isVisible() || button->text().isEmpty()) continue;
+      EXPECT_GE(button->width(), button->minimumSizeHint().width()) << button->text().toStdString();
+      EXPECT_GE(button->height(), button->minimumSizeHint().height());
+    }
+    for (const auto* field : window.findChildren<QLineEdit*>()) {
+      if (qobject_cast<QComboBox*>(field->parentWidget()) != nullptr) continue;
+      EXPECT_TRUE(!field->isVisible() || field->height() >= field->minimumSizeHint().height())
+          << field->objectName().toStdString();
     }
   });
 }

@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QTimer>
 #include <filesystem>
 #include <functional>
@@ -83,6 +84,17 @@ class RunningDesktop : public ::testing::Test {
       ASSERT_NE(box, nullptr);
       act(*box);
     });
+  }
+
+  // What the surface shows, without the letters of the axes and of the grid, which may smooth
+  // otherwise from one redraw to the next.
+  QImage pictureWithoutLetters() {
+    QImage picture = program->surface().drawing().picture().copy();
+    const QPointF origin = pixel(0, 0);
+    QPainter painter(&picture);
+    painter.fillRect(QRectF(origin - QPointF(20, 40), QSizeF(60, 60)), Qt::black);
+    painter.fillRect(QRectF(0, picture.height() - 30, 200, 30), Qt::black);
+    return picture;
   }
 
   DrawingStore& store() { return program->application().store; }

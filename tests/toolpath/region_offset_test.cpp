@@ -191,6 +191,43 @@ TEST(FittedOffset, PassesANeckOfExactlyTheToolsWidth) {
   EXPECT_GT(parted, 5) << "without the hair";
 }
 
+// A large room and a square of that width at the end of a neck, turned and moved.
+PocketRegion roomAndSquare(float width, float sine, float moved) {
+  const float cosine = std::sqrt(1 - sine * sine);
+  const float low = 1 - width / 2;
+  const float high = 1 + width / 2;
+  std::vector<Point> corners{{0, 0},
+                             {3, 0},
+                             {3, 0.9F},
+                             {3.5F, 0.9F},
+                             {3.5F, low},
+                             {3.5F + width, low},
+                             {3.5F + width, high},
+                             {3.5F, high},
+                             {3.5F, 1.1F},
+                             {3, 1.1F},
+                             {3, 2},
+                             {0, 2}};
+  for (Point& corner : corners) {
+    corner = {cosine * corner.x - sine * corner.y + moved, sine * corner.x + cosine * corner.y};
+  }
+  return regionOfRows(polygonRows(corners)).region;
+}
+
+TEST(FittedOffset, TakesARoomInWhichTheToolStandsAtASinglePlace) {
+  for (const float sine : {0.0F, 0.6F, 0.28F}) {
+    for (const float moved : {0.0F, 0.1F, 1.7F, 12.3F}) {
+      SCOPED_TRACE(sine);
+      SCOPED_TRACE(moved);
+      const PocketRegion region = roomAndSquare(0.5F, sine, moved);
+      const RegionOffset offset = fittedOffset(region, 0.25);
+      EXPECT_EQ(roomsOf(offset.region).size(), 2U);
+      EXPECT_TRUE(offset.lost.empty());
+      EXPECT_EQ(roomsOf(fittedOffset(region, 0.25005).region).size(), 1U) << "a hair too narrow";
+    }
+  }
+}
+
 TEST(OffsetOfAChain, KeepsToItsLeftAndItsOrder) {
   const std::vector<tess::Curve> chain{tess::lineCurve({0, 0}, {2, 0}),
                                        tess::lineCurve({2, 0}, {2, 2}),

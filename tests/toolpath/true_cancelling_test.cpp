@@ -2,6 +2,7 @@
 // begun, and the next one goes through.
 #include <algorithm>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "gtest/gtest.h"
@@ -54,25 +55,30 @@ struct Remains {
   bool operator==(const Remains&) const = default;
 };
 
-class CancelledCommand : public ::testing::TestWithParam<Command> {
+// With plunges and with ramps.
+class CancelledCommand : public ::testing::TestWithParam<std::tuple<Command, EntryKind>> {
  protected:
-  CancelledCommand() : job_(partOf(GetParam()), settingsOf(GetParam())) {
+  static Command command() { return std::get<0>(GetParam()); }
+
+  CancelledCommand() : job_(partOf(command()), settingsOf(command())) {
     DrawingStore& store = job_.store;
-    store.cfg_lathe_style_pocketing = GetParam() == Command::Lathe;
+    store.cfg_lathe_style_pocketing = command() == Command::Lathe;
     store.cfg_lead_in_arc = true;
     store.cfg_lead_in_angle = 40;
     store.cfg_lead_in_length = 0.2F;
     store.cfg_final_depth = 1;
     store.cfg_z_cut_per_pass = 0.5F;
+    store.cfg_entry_kind = choiceNumber(std::get<1>(GetParam()));
+    store.cfg_entry_angle = 5;
     job_.addPathLine(10, 10, 11, 10);
     // The last row of the outline is gone, and the island.
-    if (GetParam() == Command::OpenFinish) store.NumSegments = 11;
+    if (command() == Command::OpenFinish) store.NumSegments = 11;
     job_.messages().clear();
     job_.statusLog.clear();
   }
 
   void run() {
-    if (GetParam() == Command::Finish || GetParam() == Command::OpenFinish) {
+    if (command() == Command::Finish || command() == Command::OpenFinish) {
       job_.finishAt({{0, 0}, {1.5F, 0}, {1.5F, 0.5F}});
     } else {
       job_.rough();
@@ -115,10 +121,12 @@ TEST_P(CancelledCommand, LeavesNothingAtAnyMoment) {
   EXPECT_NE(job_.prompt(), "Cancelled. Nothing was placed.");
 }
 
-INSTANTIATE_TEST_SUITE_P(All, CancelledCommand,
-                         ::testing::Values(Command::Lines, Command::VerticalLines, Command::Rings,
-                                           Command::RingsAndFinish, Command::Lathe, Command::Finish,
-                                           Command::OpenFinish));
+INSTANTIATE_TEST_SUITE_P(
+    All, CancelledCommand,
+    ::testing::Combine(::testing::Values(Command::Lines, Command::VerticalLines, Command::Rings,
+                                         Command::RingsAndFinish, Command::Lathe, Command::Finish,
+                                         Command::OpenFinish),
+                       ::testing::Values(EntryKind::Plunge, EntryKind::Ramp)));
 
 TEST(LongCommand, TellsHowLongItTakes) {
   PocketJob job(partOf(Command::Lines), settingsOf(Command::Lines));

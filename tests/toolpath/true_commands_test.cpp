@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <functional>
+#include <limits>
 #include <string>
 #include <vector>
 
@@ -180,20 +181,34 @@ TEST(TruePathCommands, CutALoopOfThirtyThousandRows) {
     corners.push_back({static_cast<float>(radius * std::cos(angle)),
                        static_cast<float>(radius * std::sin(angle))});
   }
-  RecordedCam c;
-  c.store.cfg_true_paths = true;
-  c.store.cfg_tolerance = 0.0001F;
-  c.store.toolradius[0] = 60;
-  c.store.cfg_tool_spacing = 100;
-  for (SegmentRow row : polygonRows(corners)) {
-    row.attr = kVerifiedRow;
-    c.add(row);
-  }
-  mnuCAMRoughCutPocket_Click(c.cam);
-  EXPECT_TRUE(c.messages().empty());
-  ASSERT_GT(c.store.NumPathSegments, 10);
-  for (const testing::Curve& curve : toolPath(c.store)) {
-    EXPECT_LE(lengthOf(curve.start), 400.2 - 60 + 1e-3);
+  const std::vector<SegmentRow> outline = polygonRows(corners);
+  for (const PocketingStyle style : kStyles) {
+    RecordedCam c;
+    c.store.cfg_true_paths = true;
+    c.store.cfg_tolerance = 0.0001F;
+    c.store.toolradius[0] = 60;
+    c.store.cfg_tool_spacing = 100;
+    c.store.cfg_pocketing_style = choiceNumber(style);
+    for (SegmentRow row : outline) {
+      row.attr = kVerifiedRow;
+      c.add(row);
+    }
+    RecordingSurroundings& operators = c.test.recording.surroundings;
+    const auto rough = [&] {
+      mnuCAMRoughCutPocket_Click(c.cam);
+      if (style == PocketingStyle::ParallelSpiral) c.click(400, 0);
+    };
+    operators.cancelAt = operators.eventsServed + 20;
+    rough();
+    EXPECT_EQ(c.store.NumPathSegments, 0);
+    EXPECT_EQ(c.prompt(), "Cancelled. Nothing was placed.");
+    operators.cancelAt = std::numeric_limits<int>::max();
+    rough();
+    EXPECT_TRUE(c.messages().empty());
+    ASSERT_GT(c.store.NumPathSegments, 10);
+    for (const testing::Curve& curve : toolPath(c.store)) {
+      EXPECT_LE(lengthOf(curve.start), 400.2 - 60 + 1e-3);
+    }
   }
 }
 

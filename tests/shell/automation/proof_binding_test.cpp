@@ -61,6 +61,25 @@ TEST_F(ProofBinding, NamesRapidsThroughMaterial) {
             "1\ttrue\t1\n");
 }
 
+// Each line that is not connected is one. Listed in any case; a limit and words only where the
+// setup asks for an entry.
+TEST_F(ProofBinding, ListsPlungesAndHoldsThemAgainstTheEntry) {
+  const std::string told =
+      "local p = proof() print(#p.plunges, p.clean, p.text:match('Plunges %d') or '') ";
+  EXPECT_EQ(
+      outputOf(cleared(told + "local l = p.plunges[1] print(l.row, l.group, l.x, l.y, l.depth)")),
+      "6\ttrue\t\n1\t1\t0.5\t0.75\t0.25\n");
+  EXPECT_EQ(outputOf(cleared("setting['entry kind'] = 1 " + told)), "6\tfalse\tPlunges 6\n");
+  EXPECT_EQ(outputOf("setting['entry kind'] = 1 setting['entry angle'] = 3 " + cleared(told)),
+            "0\ttrue\tPlunges 0\n");
+}
+
+TEST_F(ProofBinding, TellsTheEngagementOfEachGroup) {
+  EXPECT_EQ(outputOf(cleared("local e = proof().jobs[1].engagement "
+                             "print(e.share, e.row, e.x, e.y)")),
+            "1.0\t1\t0.5\t0.75\n");
+}
+
 TEST_F(ProofBinding, WithoutJobsGoesByTheRows) {
   EXPECT_EQ(outputOf("setting['true paths'] = false save('part') open('part') "
                      "print(#proof().jobs)"),

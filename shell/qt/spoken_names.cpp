@@ -1,0 +1,108 @@
+// Names and roles for screen readers.
+#include "shell/qt/spoken_names.h"
+
+#include <QAccessible>
+#include <QAccessibleWidget>
+#include <QComboBox>
+#include <QLabel>
+#include <algorithm>
+#include <cstdlib>
+
+#include "shell/qt/bolt_pane.h"
+#include "shell/qt/file_text_pane.h"
+#include "shell/qt/form_layout.h"
+#include "shell/qt/pdf_pane.h"
+#include "shell/qt/prop_list_pane.h"
+#include "shell/qt/rows_pane.h"
+
+namespace tess {
+
+namespace {
+
+QString readable(QString text) {
+  text.remove('&');
+  text = text.simplified();
+  while (text.endsWith(':') || text.endsWith('.')) text.chop(1);
+  return text.trimmed();
+}
+
+QString presentName(QWidget& widget) {
+  QAccessibleInterface* const spoken = QAccessible::queryAccessibleInterface(&widget);
+  return spoken == nullptr ? QString() : spoken->text(QAccessible::Name).trimmed();
+}
+
+// The text of the label that stands at the left of the widget, or above it.
+QString textBeside(const QWidget& widget) {
+  if (widget.parentWidget() == nullptr) return {};
+  const QLabel* nearest = nullptr;
+  int least = QWIDGETSIZE_MAX;
+  const QRect place = widget.geometry();
+  for (const auto* label :
+       widget.parentWidget()->findChildren<QLabel*>(QString(), Qt::FindDirectChildrenOnly)) {
+    const QRect other = label->geometry();
+    const bool left = other.right() <= place.left() && other.bottom() >= place.top() &&
+                      other.top() <= place.bottom();
+    const bool above = other.bottom() <= place.top() && other.right() >= place.left() &&
+                       other.left() <= place.right();
+    if (label->text().isEmpty() || (!left && !above)) continue;
+    const int far = left ? place.left() - other.right() : place.top() - other.bottom();
+    if (far < least) nearest = label;
+    least = std::min(least, far);
+  }
+  return nearest == nullptr ? QString() : readable(nearest->text());
+}
+
+// A pane with a role of its own.
+class PaneForReaders : public QAccessibleWidget {
+ public:
+  using QAccessibleWidget::QAccessibleWidget;
+};
+
+QAccessibleInterface* paneForReaders(const QString& /*className*/, QObject* object) {
+  auto* widget = qobject_cast<QWidget*>(object);
+  if (widget == nullptr) return nullptr;
+  const bool picture =
+      dynamic_cast<RowsPane*>(widget) != nullptr || dynamic_cast<BoltPane*>(widget) != nullptr;
+  if (picture) return new PaneForReaders(widget, QAccessible::Graphic);
+  if (dynamic_cast<PropListPane*>(widget) != nullptr) {
+    return new PaneForReaders(widget, QAccessible::List);
+  }
+  if (dynamic_cast<FileTextPane*>(widget) != nullptr || dynamic_cast<PdfPane*>(widget) != nullptr) {
+    return new PaneForReaders(widget, QAccessible::Document);
+  }
+  return nullptr;
+}
+
+// The toolkit calls a drop-down list by its choice; what it is for is its label's relation to it.
+bool lacksLabel(QWidget& widget) {
+  QAccessibleInterface* const spoken = QAccessible::queryAccessibleInterface(&widget);
+  return qobject_cast<QComboBox*>(&widget) != nullptr && spoken != nullptr &&
+         spoken->relations(QAccessible::Label).isEmpty() &&
+         widget.accessibleDescription().isEmpty();
+}
+
+}  // namespace
+
+void nameForReaders(QWidget& widget, const Control& control) {
+  if (lacksLabel(widget)) {
+    const QString name =
+        widget.accessibleName().isEmpty() ? textBeside(widget) : widget.accessibleName();
+    widget.setAccessibleDescription(name.isEmpty() ? spokenName(control) : name);
+  }
+  if (!presentName(widget).isEmpty()) return;
+  QString name = readable(QString::fromStdString(control.caption()));
+  if (name.isEmpty()) name = textBeside(widget);
+  if (name.isEmpty()) name = readable(QString::fromStdString(control.hint()));
+  if (name.isEmpty()) name = spokenName(control);
+  widget.setAccessibleName(name);
+}
+
+void giveRolesToPanes() {
+  static const bool once = [] {
+    QAccessible::installFactory(paneForReaders);
+    return true;
+  }();
+  static_cast<void>(once);
+}
+
+}  // namespace tess
