@@ -2,12 +2,14 @@
 #include "cnc/cnc_program.h"
 
 #include <algorithm>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "cnc/program_target.h"
 #include "cnc/program_writer.h"
+#include "core/count_text.h"
 #include "core/drawing_file.h"
 #include "core/drawing_store.h"
 #include "core/file_system.h"
@@ -93,6 +95,10 @@ void warnOfStandingSpindle(Session& session) {
           kAskOk, answer);
 }
 
+std::string targetOf(const DrawingStore& store, const CncState& state, const ProgramFile& file) {
+  return file.path.empty() ? outputFolder(store) + state.cncfilename : file.path;
+}
+
 // False when the operator would rather not.
 bool settleObjections(const Session& session, const CncState& state) {
   const std::string objections = state.objections ? state.objections() : std::string();
@@ -102,6 +108,41 @@ bool settleObjections(const Session& session, const CncState& state) {
               .title = "Path Proof",
               .icon = MessageIcon::Warning,
               .buttons = MessageButtons::YesNo}) == Answer::Yes;
+}
+
+// A file that holds a program of the other kind; nothing for any other.
+struct OtherKind {
+  std::string file;  // its name
+  std::string kind;  // "mill" or "lathe"
+};
+
+std::string kindWord(CncMode mode) {
+  return mode == CncMode::Mill ? "mill" : "lathe";
+}
+
+std::optional<OtherKind> otherKindAt(const std::string& path, CncMode mode) {
+  const auto there = kindOfProgramAt(path);
+  if (!there || *there == mode) return std::nullopt;
+  return OtherKind{std::string(fileNameOf(path)), kindWord(*there)};
+}
+
+// False when the operator would rather keep what is there. Asked with the same consent of the setup
+// as about the paths: other setups replace programs as ever.
+bool settleOtherKind(const Session& session, const std::optional<OtherKind>& there, CncMode mode) {
+  if (!there || !session.store.cfg_true_paths) return true;
+  return session.host.prompts.showMessage(
+             {.text = there->file + " holds a " + there->kind + " program, and this one is for a " +
+                      kindWord(mode) + ".\nDo you want to write the program anyway ?",
+              .title = "CNC Program",
+              .icon = MessageIcon::Warning,
+              .buttons = MessageButtons::YesNo}) == Answer::Yes;
+}
+
+void tellWritten(Session& session, const std::string& path, int lines,
+                 const std::optional<OtherKind>& replaced) {
+  std::string text = "Written: " + std::string(fileNameOf(path)) + ", " + countText(lines, "line");
+  if (replaced) text += ", in place of a " + replaced->kind + " program";
+  session.results.tell(text);
 }
 
 void makeAndShow(Session& session, const PostDefinition& definition, CncState& state,
@@ -139,14 +180,14 @@ std::string programFile(const DrawingStore& store) {
 void WriteCncFinish(const Session& session, const PostDefinition& definition, CncState& state,
                     CncMode mode, const ProgramFile& file) {
   const Procedure here("WriteCncFinish(mode$)");
-  const std::string path =
-      file.path.empty() ? outputFolder(session.store) + state.cncfilename : file.path;
+  const std::string path = targetOf(session.store, state, file);
   if (!file.overDrawing && isOfDrawing(session.store, path)) {
     throw RuntimeFailure(FailureNumber::FileExists, path,
                          "The program would take the place of the drawing");
   }
-  writeFile(session.host.guard, path, FileKind::Program,
-            programText(session, definition, state, mode));
+  const std::string text = programText(session, definition, state, mode);
+  writeFile(session.host.guard, path, FileKind::Program, text);
+  state.lines = static_cast<int>(std::count(text.begin(), text.end(), '\n'));
 }
 
 bool make_cnc(Session& session, const PostDefinition& definition, CncState& state, CncMode mode,
@@ -154,7 +195,11 @@ bool make_cnc(Session& session, const PostDefinition& definition, CncState& stat
   const Procedure here("make_cnc(mode$)");
   if (!settleUnsavedWork(session) || !settleObjections(session, state)) return false;
   state.cncfilename = programName(session.store.drawingname);
+  const std::string path = targetOf(session.store, state, file);
+  const std::optional<OtherKind> replaced = otherKindAt(path, mode);
+  if (!settleOtherKind(session, replaced, mode)) return false;
   WriteCncFinish(session, definition, state, mode, file);
+  tellWritten(session, path, state.lines, replaced);
   if (definition.dialect.spindleDue) warnOfStandingSpindle(session);
   return true;
 }

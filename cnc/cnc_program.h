@@ -28,6 +28,7 @@ struct CncState {
   LastMove lastmove;
   bool keepsMade = false;  // whether anybody asks for `made`
   MadeProgram made;        // the one made last
+  int lines = 0;           // of the one written last
   // What speaks against the paths as they are, line by line; empty when nothing does. Nobody asks
   // where it is not set.
   std::function<std::string()> objections;
@@ -63,8 +64,8 @@ struct ProgramFile {
 void WriteCncFinish(const Session& session, const PostDefinition& definition, CncState& state,
                     CncMode mode, const ProgramFile& file = {});
 
-// Asks about unsaved work first, and then whether objections count; false when the operator
-// cancels, true when a file was written.
+// Asks about unsaved work first, then whether objections count, and whether a program for the other
+// kind of machine may go; false when the operator cancels, true when a file was written.
 bool make_cnc(Session& session, const PostDefinition& definition, CncState& state, CncMode mode,
               const ProgramFile& file = {});
 

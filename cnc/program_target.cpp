@@ -8,6 +8,7 @@
 #include "core/drawing_format.h"
 #include "core/drawing_store.h"
 #include "core/file_system.h"
+#include "core/runtime_failure.h"
 
 namespace tess {
 namespace {
@@ -16,6 +17,9 @@ namespace {
 constexpr std::size_t kBeginning = 1 << 16;
 // A line of every heading that this program writes.
 constexpr std::string_view kHeading = "RS 274-D CNC CODE";
+// Of the headings of either kind.
+constexpr std::string_view kMillHeading = "Created for GantrixPro";
+constexpr std::string_view kLatheHeading = "Created for Lathrix Pro";
 
 void dropBlanks(std::string_view& rest) {
   rest.remove_prefix(std::min(rest.find_first_not_of(" \t"), rest.size()));
@@ -72,6 +76,22 @@ std::string_view takeLine(std::string_view& rest) {
   return line;
 }
 
+// The axes that a block names.
+struct Axes {
+  bool x = false, y = false, z = false;
+};
+
+void noteAxes(std::string_view block, Axes& axes) {
+  bool commands = false;
+  for (dropBlanks(block); !block.empty(); dropBlanks(block)) {
+    const int address = std::toupper(static_cast<unsigned char>(block[0]));
+    if (!takeComment(block) && !takeAddress(block, commands)) return;
+    axes.x = axes.x || address == 'X';
+    axes.y = axes.y || address == 'Y';
+    axes.z = axes.z || address == 'Z';
+  }
+}
+
 }  // namespace
 
 bool isCncProgram(std::string_view text) {
@@ -99,6 +119,29 @@ std::optional<std::string> keptAt(const DrawingStore& store, const std::string& 
   if (isOfDrawing(store, file)) return "is a file of the drawing itself";
   if (!fileExists(file) || isCncProgram(readBeginning(file, kBeginning))) return std::nullopt;
   return "is no CNC program";
+}
+
+std::optional<CncMode> kindOfProgram(std::string_view text) {
+  if (text.find(kMillHeading) != std::string_view::npos) return CncMode::Mill;
+  if (text.find(kLatheHeading) != std::string_view::npos) return CncMode::Lathe;
+  Axes axes;
+  bool commands = false;
+  while (!text.empty()) {
+    const std::string_view line = takeLine(text);
+    if (isBlock(line, commands)) noteAxes(line, axes);
+  }
+  if (axes.y) return CncMode::Mill;
+  return axes.x && axes.z ? std::optional(CncMode::Lathe) : std::nullopt;
+}
+
+std::optional<CncMode> kindOfProgramAt(const std::string& file) {
+  if (!fileExists(file)) return std::nullopt;
+  try {
+    return kindOfProgram(readBeginning(file, kBeginning));
+  } catch (const RuntimeFailure&) {
+    takeCallChain();  // writing over it tells what is the matter with it
+    return std::nullopt;
+  }
 }
 
 }  // namespace tess

@@ -64,6 +64,9 @@ struct ActionText {
   bool stays = false;       // armed for another click
   bool snaps = true;        // its click takes a feature near it; else the click itself counts
   bool escRedraws = false;  // a band or an outline may be on the screen when Esc comes
+  bool drags = false;       // from a press to a release at another place
+  // What the window says of it: the words that follow "left click", or "left drag".
+  const char* left = "";
 };
 
 // The same with what its click does; null for one whose click is handled elsewhere or has no

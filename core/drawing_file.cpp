@@ -7,7 +7,9 @@
 #include <vector>
 
 #include "core/core_commands.h"
+#include "core/count_text.h"
 #include "core/drawing_pair.h"
+#include "core/drawing_result.h"
 #include "core/drawing_store.h"
 #include "core/file_system.h"
 #include "core/lifecycle.h"
@@ -275,6 +277,7 @@ bool loadSelected(Session& session) {
   if (!pair->recovered) noteDamage(session, notes);
   notePresence(session, notes);
   for (const std::string& note : notes) tell(session, note);
+  tellDrawing(session, "Opened");
   return true;
 }
 
@@ -293,7 +296,7 @@ std::optional<SaveResult> resultOf(int answer, int goOn, int otherName) {
 }
 
 std::string rows(int count) {
-  return std::to_string(count) + (count == 1 ? " row" : " rows");
+  return countText(count, "row");
 }
 
 // A name without a path file loses the paths of the drawing.
@@ -351,6 +354,7 @@ SaveResult saveAsking(Session& session, bool agreed) {
   addRecent(session, session.lastfilename);
   store.drawingsaved = true;
   showDrawingName(session);
+  tellDrawing(session, "Saved");
   return SaveResult::Done;
 }
 

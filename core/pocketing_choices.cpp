@@ -17,6 +17,13 @@ StepOver stepOver(const DrawingSettings& settings) {
   return static_cast<StepOver>(int{settings.cfg_cut_width_type});
 }
 
+EntryKind entryKind(const DrawingSettings& settings) {
+  const int kind = settings.cfg_entry_kind;
+  const bool isKnown =
+      kind >= choiceNumber(EntryKind::Plunge) && kind <= choiceNumber(EntryKind::HoleAtMarker);
+  return isKnown ? static_cast<EntryKind>(kind) : EntryKind::Plunge;
+}
+
 bool stepsByDistance(const DrawingSettings& settings) {
   return settings.cfg_tool_spacing_distance > 0 && stepOver(settings) == StepOver::ByDistance;
 }

@@ -10,6 +10,7 @@
 #include "core/host.h"
 #include "core/open_drawing.h"
 #include "core/path_jobs.h"
+#include "core/results.h"
 
 namespace tess {
 
@@ -89,6 +90,7 @@ struct Session {
   std::string productname = "Tessimo Mill";
   std::string companyname;
   RecentFiles recentfiles;
+  Results results{host.clock};
   double starttime = 0;  // of the clock, when Main began
   bool startupdone = false;
 };

@@ -65,6 +65,10 @@
   SETTING(cfg_auto_place_finish_path, Flag, S, "auto place finish path", Live, Plain)        \
   SETTING(cfg_true_paths, Flag, S, "true paths", Live, WhenSet)                              \
   SETTING(exactgeometry, Flag, S, "exact geometry", Live, WhenSet)                           \
+  SETTING(cfg_entry_kind, Int16, S, "entry kind", Live, WhenSet)                             \
+  SETTING(cfg_entry_angle, float, S, "entry angle", Live, WhenSet)                           \
+  SETTING(cfg_entry_radius, float, S, "entry radius", Live, WhenSet)                         \
+  SETTING(cfg_entry_feedrate, float, S, "entry feedrate", Live, WhenSet)                     \
   SETTING(cfg_tolerance, float, F, "tolerence", Live, Plain)                                 \
   SETTING(userparamforarcs, Flag, B, "use r-param for arcs", Live, Plain)                    \
   SETTING(cfg_lead_in_path, Flag, B, "lead in path", Live, Plain)                            \
@@ -83,6 +87,7 @@
   SETTING(visualgridf, Int16, S, "visual grid f", Default, Plain)                            \
   SETTING(cursorgrid, float, S, "cursor grid", Default, Plain)                               \
   SETTING(cursorgridf, Int16, S, "cursor grid f", Default, Plain)                            \
+  SETTING(hoverpreview, Flag, S, "hover preview", Live, WhenSet)                             \
   SETTING(units, std::string, T, "units of measure", Both, Upper)                            \
   COLOR(1, "background color")                                                               \
   COLOR(2, "stock color")                                                                    \

@@ -8,8 +8,8 @@
 
 namespace tess {
 
-// The panels from the left; their numbers are those that scripts use. The cutter in use and what
-// the path amounts to are the window's own: scripts have the tool table and report().
+// The panels from the left; their numbers are those that scripts use. From the cutter in use on
+// they are the window's own, which stand beside the others.
 enum class StatusPanel : int {
   FileName = 1,
   Prompt = 2,
@@ -18,7 +18,13 @@ enum class StatusPanel : int {
   Z = 5,
   Zoom = 6,
   Tool = 7,
-  Path = 8
+  Path = 8,
+  Guide = 9,      // what buttons, wheel and keys do now
+  Modified = 10,  // whether there is unsaved work
+  Units = 11,
+  Selected = 12,  // how many rows
+  Relative = 13,  // the pointer from the marker, in both ways of telling a place
+  Snap = 14       // what the pointer snaps to
 };
 
 class StatusBar {

@@ -134,6 +134,13 @@ void ToolHost::setChecked(std::string_view name, bool checked) {
   setFlag(name, &Tool::checked, checked, ToolProperty::Checked);
 }
 
+void ToolHost::showArmed(std::string_view name) {
+  if (armed_ == name) return;
+  const std::string before = std::exchange(armed_, std::string(name));
+  setFlag(before, &Tool::armed, false, ToolProperty::Armed);
+  setFlag(name, &Tool::armed, true, ToolProperty::Armed);
+}
+
 bool ToolHost::click(std::string_view name) {
   const Tool* found = tool(name);
   if (found == nullptr || !found->enabled || !found->visible) return false;

@@ -28,6 +28,7 @@ struct Tool {
   bool enabled = true;
   bool visible = true;
   bool checked = false;
+  bool armed = false;  // its action waits for a click: it shows pressed, and nothing else
 };
 
 enum class BandKind { Menu, ToolBar, PopUp, Panel };
@@ -57,7 +58,7 @@ struct Band {
   DockedPanel* panel = nullptr;
 };
 
-enum class ToolProperty { Caption, Key, Enabled, Visible, Checked };
+enum class ToolProperty { Caption, Key, Enabled, Visible, Checked, Armed };
 enum class BandProperty { Open, Panel, Tools };
 
 // A view of the tools.
@@ -95,6 +96,8 @@ class ToolHost {
   void setEnabled(std::string_view name, bool enabled);
   void setVisible(std::string_view name, bool visible);
   void setChecked(std::string_view name, bool checked);
+  // This one tool is armed and no other; "" for none.
+  void showArmed(std::string_view name);
 
   // A click of the operator: turns a toggle over, then runs onToolClick. False when the tool is
   // absent, disabled or hidden.
@@ -133,6 +136,7 @@ class ToolHost {
   void loadLayoutLine(std::string_view line);
 
   std::map<std::string, Tool, std::less<>> tools_;
+  std::string armed_;  // the name of the tool that is
   std::deque<Band> bands_;
   Bounds clientArea_;
   ObserverList<ToolHostObserver> observers_;

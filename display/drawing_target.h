@@ -75,6 +75,8 @@ class DrawingSurface {
   virtual void setEnabled(bool enabled) = 0;
   virtual void setRepaint(bool on) = 0;  // off: what is painted is not shown until it is on again
   virtual void Refresh() = 0;            // shows what is painted, now
+  // Has RedrawSequence::paintFrame called once the event at hand is over; false where nothing does.
+  virtual bool requestFrame() { return false; }
 
   virtual void Cls() = 0;  // fills with the background colour
   virtual void line(const WorldBox& ends, Rgb color) = 0;

@@ -33,6 +33,7 @@ void RedrawSequence::redrawscreen(DrawingTarget* target, Flag /*ShowGrid*/,
   const Procedure here("frmMain.redrawscreen(target,ShowGrid,FillPartTemplate,DisableEvents)");
   if (target == nullptr) target = &parts_.ScreenProxy;
   if (target->screen() == nullptr) {
+    paintFrame();  // paper takes the screen's picture
     parts_.listener.PrintPreviewScreenShotWorkAround(*target);
     return;
   }
@@ -46,6 +47,16 @@ void RedrawSequence::redrawscreen(DrawingTarget* target, Flag /*ShowGrid*/,
     abandon();
     throw;
   }
+}
+
+void RedrawSequence::redrawSoon() {
+  if (awaitsFrame_) return;
+  awaitsFrame_ = parts_.ScreenProxy.surface().requestFrame();
+  if (!awaitsFrame_) redrawscreen();
+}
+
+void RedrawSequence::paintFrame() {
+  if (awaitsFrame_) redrawscreen();
 }
 
 void RedrawSequence::paintPicture(DrawingTarget& target) {
@@ -70,7 +81,7 @@ bool RedrawSequence::openPicture(DrawingTarget& target) {
   const WorldRect visible = visibleRectangle(parts_.view, span);
   target.Cls();
   if (target.screen() != nullptr) {
-    markerShown_ = false;
+    markerShown_ = awaitsFrame_ = false;
     if (onCleared) onCleared();
   }
   SetScale(visible.left, visible.bottom, visible.right, visible.top, target);

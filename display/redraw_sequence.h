@@ -44,6 +44,13 @@ class RedrawSequence {
                     Flag DisableEvents);
   void redrawscreen();  // the same on the screen, with all flags set
 
+  // The same for those who change rows again and again: one redraw once the event is over, however
+  // often it was asked for, and at once on a surface without frames. Any other redraw stands for
+  // it.
+  void redrawSoon();
+  // The frame has come that redrawSoon asked for.
+  void paintFrame();
+
   // The stage that the next tick of tmrTaskQueue runs: 1 init, 2 segments, 3 paths, 4 final; 0 is
   // idle. Setting it also starts the timer.
   int TaskQueueState() const { return taskQueueState_; }
@@ -90,6 +97,7 @@ class RedrawSequence {
   int taskQueueState_ = 0;
   bool inStage_ = false;
   bool markerShown_ = false;
+  bool awaitsFrame_ = false;
 };
 
 }  // namespace tess

@@ -231,14 +231,18 @@ constexpr Action<ViewCommands> kZoomWindowActions[] = {
     {{.action = PendingAction::ZoomWindow,
       .prompt = "Select zoom window with mouse.",
       .snaps = false,
-      .escRedraws = true}},
+      .escRedraws = true,
+      .drags = true,
+      .left = "round what is to fill the window"}},
 };
 
 constexpr Action<ViewCommands> kPanActions[] = {
     {{.action = PendingAction::Pan,
       .prompt = "Click spot to Pan to with mouse.",
       .stays = true,
-      .snaps = false}},
+      .snaps = false,
+      .drags = true,
+      .left = "moves the view"}},
 };
 
 }  // namespace

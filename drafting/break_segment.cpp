@@ -62,7 +62,10 @@ void mnuEditBreakSeg_Click(DraftingContext& context) {
 namespace {
 
 constexpr Action<DraftingContext> kBreakActions[] = {
-    {{.action = PendingAction::Break, .prompt = "Click on segment to break"}, clickBreak},
+    {{.action = PendingAction::Break,
+      .prompt = "Click on segment to break",
+      .left = "breaks the nearest row there"},
+     clickBreak},
 };
 
 }  // namespace

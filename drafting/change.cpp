@@ -135,9 +135,10 @@ template <class Row>
 std::vector<Row> RowChanges<Row>::rowsOf(RowNumbers numbers) const {
   std::vector<Row> rows;
   rows.reserve(numbers.size());
+  const int last = count();
   const auto columns = columnsOf(store(), static_cast<const Row*>(nullptr));
   for (const int number : numbers) {
-    if (number < 1 || number > count()) throw subscriptOutOfRange();
+    if (number < 1 || number > last) throw subscriptOutOfRange();
     rows.push_back(columns.row(number));
   }
   return rows;
@@ -272,20 +273,18 @@ int RowChanges<Row>::replaceWhere(const EditRow& edit, Entry entry) {
 // The records are those of rows that go and come back one by one; in the table all go at once, and
 // then all come.
 template <class Row>
-int RowChanges<Row>::replaceAtEnd(const EditRow& edit) {
-  const Replaced replaced = replacedBy(edit);
+void RowChanges<Row>::replaceAtEnd(RowNumbers numbers, std::span<const Row> now) {
+  const std::vector<Row> before = rowsOf(numbers);
   const int end = count();
   const auto logPairs = [&] {
-    logRows(replaced.before, replaced.now, [&](std::size_t n) {
-      return RecordPlaces{n, replaced.numbers[n] - static_cast<int>(n), end};
+    logRows(before, now, [&](std::size_t n) {
+      return RecordPlaces{n, numbers[n] - static_cast<int>(n), end};
     });
   };
-  const RowEdit<Row> erasing{EditKind::Erase, replaced.numbers, {}};
-  perform(erasing, replaced.before, Entry::Logged, logPairs,
-          [&] { performEdit(store(), erasing); });
-  perform({EditKind::Insert, numbersFrom(end - replaced.count() + 1, end), replaced.now}, {},
-          Entry::Unlogged);
-  return replaced.count();
+  const RowEdit<Row> erasing{EditKind::Erase, numbers, {}};
+  perform(erasing, before, Entry::Logged, logPairs, [&] { performEdit(store(), erasing); });
+  const int rows = static_cast<int>(numbers.size());
+  perform({EditKind::Insert, numbersFrom(end - rows + 1, end), now}, {}, Entry::Unlogged);
 }
 
 template <class Row>

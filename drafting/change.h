@@ -73,8 +73,8 @@ class RowChanges {
   // All rows that `edit` changes and returns true for; returns how many.
   using EditRow = std::function<bool(int number, Row& row)>;
   int replaceWhere(const EditRow& edit, Entry entry = Entry::Logged);
-  // The same, but the rows leave their places and come to the end in their new form.
-  int replaceAtEnd(const EditRow& edit);
+  // The rows `numbers` leave their places and come to the end as `now`, in this order.
+  void replaceAtEnd(RowNumbers numbers, std::span<const Row> now);
 
   // In one pass. The records are in the order of the table for drawing rows, and from its end for
   // path rows. Of an empty range nothing is erased.

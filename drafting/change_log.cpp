@@ -48,6 +48,10 @@ bool matches(const clsSegment& record, int recordType, const Row& row, float tol
          (hasNoCenter(row.type) || sameCenter(record, row));
 }
 
+bool startsStep(const clsSegment& record) {
+  return record.StartOfSegment;
+}
+
 struct NamedField {
   std::string_view name;
   std::variant<float clsSegment::*, Int16 clsSegment::*, RecordKind clsSegment::*,
@@ -147,8 +151,7 @@ void ChangeLog::giveWayTo(const clsSegment& record) {
 
 void ChangeLog::logRecords(std::span<const clsSegment> records) {
   if (records.empty()) return;
-  const std::size_t goesOnWith =
-      records.front().StartOfSegment ? 0 : static_cast<std::size_t>(lastStepSize());
+  const std::size_t goesOnWith = records.front().StartOfSegment ? 0 : lastStep().size();
   if (goesOnWith + records.size() > kMaxRecords) throw overflow();
   const auto count = static_cast<int>(records.size());
   while (changecount + count > kMaxRecords) forgetOldest(oldestStepSize());
@@ -158,18 +161,26 @@ void ChangeLog::logRecords(std::span<const clsSegment> records) {
   changetop = changecount;
 }
 
-int ChangeLog::lastStepSize() const {
-  int size = 0;
-  while (size < changecount) {
-    ++size;
-    if (record(changecount - size).StartOfSegment) break;
-  }
-  return size;
+std::span<const clsSegment> ChangeLog::recordsFrom(int first, int last) const {
+  const auto all = std::span(changelog_).subspan(forgotten_);
+  return all.subspan(static_cast<std::size_t>(first), static_cast<std::size_t>(last - first));
+}
+
+std::span<const clsSegment> ChangeLog::lastStep() const {
+  const auto live = recordsFrom(0, changecount);
+  const auto start = std::find_if(live.rbegin(), live.rend(), startsStep);
+  return start == live.rend() ? live : live.subspan(live.rend() - start - 1);
+}
+
+std::span<const clsSegment> ChangeLog::nextStep() const {
+  const auto gone = recordsFrom(changecount, changetop);
+  if (gone.empty()) return gone;
+  return {gone.begin(), std::find_if(gone.begin() + 1, gone.end(), startsStep)};
 }
 
 int ChangeLog::oldestStepSize() const {
   int size = 1;
-  while (size < changecount && !record(size).StartOfSegment) ++size;
+  while (size < changecount && !startsStep(record(size))) ++size;
   return size;
 }
 

@@ -108,8 +108,11 @@ class ChangeLog {
   // The same for many at once, which cut the redo branch. They are of one step, all but the first
   // without StartOfSegment; either all enter or, with Overflow, none.
   void logRecords(std::span<const clsSegment> records);
-  // How many records of the step that is logged last are live.
-  int lastStepSize() const;
+  // The live records of the step that was logged last, and those of the one that redo does next;
+  // good until the log changes.
+  std::span<const clsSegment> lastStep() const;
+  std::span<const clsSegment> nextStep() const;
+  int lastStepSize() const { return static_cast<int>(lastStep().size()); }
   // The exact inverses of logRecord: the last live record, and the next one above it. Both raise
   // Subscript out of range when there is none.
   clsSegment popRecord();
@@ -130,6 +133,7 @@ class ChangeLog {
   clsSegment& at(int index);
   void giveWayTo(const clsSegment& record);
   int oldestStepSize() const;
+  std::span<const clsSegment> recordsFrom(int first, int last) const;
   void forgetOldest(int records);
 
   std::vector<clsSegment> changelog_;

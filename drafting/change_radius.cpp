@@ -82,7 +82,9 @@ void mnuChangeRad_Click(DraftingContext& context) {
 namespace {
 
 constexpr Action<DraftingContext> kChangeRadiusActions[] = {
-    {{.action = PendingAction::ChangeRadius, .prompt = "Click near arc to change radius."},
+    {{.action = PendingAction::ChangeRadius,
+      .prompt = "Click near arc to change radius.",
+      .left = "the arc or circle to get another radius"},
      clickChangeRadius},
 };
 

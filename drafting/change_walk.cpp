@@ -9,8 +9,10 @@
 
 #include <algorithm>
 #include <bit>
+#include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <ranges>
 #include <utility>
 #include <vector>
 
@@ -18,6 +20,7 @@
 #include "core/row_columns.h"
 #include "core/runtime_failure.h"
 #include "drafting/row_finder.h"
+#include "drafting/seen_numbers.h"
 #include "geometry/entity.h"
 
 namespace tess {
@@ -74,144 +77,125 @@ void settle(RowChanges<Row>& table, const std::vector<HeldRow<Row>>& rows) {
   table.putBack(come, cameBack);
 }
 
-// Counts, for each row that a step takes away, the rows that are the very same. Hashed: a row may
-// seem to have one more, but never one less.
-class SameRows {
- public:
-  explicit SameRows(std::size_t wanted) : slots_(std::bit_ceil(2 * wanted + 1)) {}
-
-  void want(const SegmentRow& row) {
-    const std::uint64_t key = keyOf(row);
-    Slot& slot = slots_[slotOf(key)];
-    slot = (key & ~kCount) | (slot == 0 ? 0 : kSeveral);
-  }
-  void meet(const SegmentRow& row) {
-    Slot& slot = slots_[slotOf(keyOf(row))];
-    if (slot != 0 && (slot & kCount) < kSeveral) ++slot;
-  }
-  // Of a row that is wanted: no other one is the same.
-  bool isSole(const SegmentRow& row) const { return (slots_[slotOf(keyOf(row))] & kCount) == 1; }
-
- private:
-  using Slot = std::uint64_t;
-  static constexpr Slot kCount = 3, kSeveral = 2, kMark = 4;
-
-  static std::uint64_t pairOf(float a, float b) {
+// One number for all by which a row is told from others; equal rows have the same one.
+std::uint64_t keyOf(const SegmentRow& row) {
+  const auto pairOf = [](float a, float b) {
     constexpr float kNoSign = 0;  // of a negative zero
     const auto bits = [](float value) { return std::bit_cast<std::uint32_t>(value + kNoSign); };
     return static_cast<std::uint64_t>(bits(a)) << 32U | bits(b);
+  };
+  std::uint64_t key = pairOf(row.x0, row.y0) * 0x9E3779B97F4A7C15ULL;
+  key = (key ^ (key >> 32U) ^ pairOf(row.x1, row.y1)) * 0xBF58476D1CE4E5B9ULL;
+  if (isRound(row.type)) {
+    key = (key ^ (key >> 32U) ^ pairOf(row.xc, row.yc)) * 0x94D049BB133111EBULL;
   }
-  static std::uint64_t keyOf(const SegmentRow& row) {
-    const bool round = isRound(row.type);
-    std::uint64_t key = pairOf(row.x0, row.y0) * 0x9E3779B97F4A7C15ULL;
-    key = (key ^ (key >> 32U) ^ pairOf(row.x1, row.y1)) * 0xBF58476D1CE4E5B9ULL;
-    if (round) key = (key ^ (key >> 32U) ^ pairOf(row.xc, row.yc)) * 0x94D049BB133111EBULL;
-    key += static_cast<std::uint64_t>(row.type * kCodesPerState + entityClass(row.attr));
-    return (key ^ (key >> 32U)) * 0xC2B2AE3D27D4EB4FULL | kMark;
-  }
-  std::size_t slotOf(std::uint64_t key) const {
-    const std::size_t last = slots_.size() - 1;
-    std::size_t slot = static_cast<std::size_t>(key >> 40U) & last;
-    while (slots_[slot] != 0 && (slots_[slot] | kCount) != (key | kCount)) slot = (slot + 1) & last;
-    return slot;
-  }
+  return key + static_cast<std::uint64_t>(row.type * kCodesPerState + entityClass(row.attr));
+}
 
-  std::vector<Slot> slots_;  // their number is a power of two; 0 where there is none
-};
-
-// The drawing table during a step, taken out with the first record that needs it. Rows that go are
-// marked until the end, so that the others keep their places.
+// The drawing table during a step. Rows that go are marked until the end, so that the others keep
+// their places: those that there were, then those that came back.
 class DrawnRows {
  public:
-  explicit DrawnRows(const DrawingStore& store) : store_(store) {}
+  explicit DrawnRows(const DrawingStore& store)
+      : store_(store), columns_(store), originals_(static_cast<std::size_t>(store.NumSegments)) {}
 
-  // The step, before it is walked, in any order.
+  // The step, in the order of the walk, before it begins.
   void expect(const clsSegment& record, bool goes) {
-    (goes ? going_ : coming_).push_back(drawnRow(record));
+    if (!goes) coming_.push_back(drawnRow(record));
+    anyGoes_ = anyGoes_ || goes;
   }
 
   void takeAway(const clsSegment& record) {
-    takeOut();
+    begin();
     const std::size_t place = placeOf(record);
     if (place == RowFinder::kNone) return;
-    rows_[place].gone = true;
+    gone_[place] = true;
     --live_;
     last_ = place;
   }
 
   void bringBack(const clsSegment& record) {
-    takeOut();
+    begin();
     live_ = Int16(live_ + 1);
     // Fixed: a drawing row comes back as the last one; row numbers in scripts go by that.
-    rows_.push_back({{drawnRow(record)}});
-    if (finder_) finder_->add(rows_.size() - 1, rows_.back().row);
+    const std::size_t place = originals_ + came_++;
+    if (finder_) finder_->add(place, drawnRow(record));
   }
 
-  void putBack(SegmentChanges& table) const {
-    if (!out_) return;
-    std::vector<HeldRow<SegmentRow>> rows;
-    rows.reserve(rows_.size());
-    for (const Row& held : rows_) {
-      if (!held.gone) rows.push_back(held);
+  void putBack(SegmentChanges& table) {
+    if (!begun_) return;
+    std::vector<std::int16_t> gone, come;
+    for (std::size_t place = 0; place < originals_; ++place) {
+      if (gone_[place]) gone.push_back(Int16(place + 1));
     }
-    settle(table, rows);
+    std::size_t place = originals_;
+    std::erase_if(coming_, [&](const SegmentRow& /*row*/) { return gone_[place++]; });
+    come.reserve(coming_.size());
+    for (std::size_t n = originals_ - gone.size(); come.size() < coming_.size();) {
+      come.push_back(Int16(++n));
+    }
+    table.erase(gone, Entry::Unlogged);
+    table.putBack(come, coming_);
   }
 
  private:
-  struct Row : HeldRow<SegmentRow> {
-    bool gone = false;
-  };
-
-  void takeOut() {
-    if (std::exchange(out_, true)) return;
+  void begin() {
+    if (std::exchange(begun_, true)) return;
     live_ = store_.NumSegments;
-    rows_.reserve(static_cast<std::size_t>(live_) + coming_.size());
-    const SegmentColumns columns(store_);
-    for (int sg = 1; sg <= live_; ++sg) rows_.push_back({{columns.row(sg), sg}});
-    last_ = rows_.size();
-    countSame();
+    last_ = originals_;
+    gone_.resize(originals_ + coming_.size());
+    if (anyGoes_) findRepeated();
   }
 
-  void countSame() {
-    same_.emplace(going_.size());
-    for (const SegmentRow& row : going_) same_->want(row);
-    for (const SegmentRow& row : coming_) same_->meet(row);
-    for (const Row& held : rows_) same_->meet(held.row);
+  void findRepeated() {
+    std::vector<std::uint64_t> keys;
+    keys.reserve(gone_.size());
+    for (int sg = 1; sg <= live_; ++sg) keys.push_back(keyOf(columns_.row(sg)));
+    for (const SegmentRow& row : coming_) keys.push_back(keyOf(row));
+    repeated_ = repeatedNumbers(keys);
+  }
+
+  SegmentRow rowAt(std::size_t place) const {
+    return place < originals_ ? columns_.row(static_cast<int>(place) + 1)
+                              : coming_[place - originals_];
   }
 
   // Steps that took many rows along leave them where their records say, or one before the other:
   // there the row is looked for first, unless another one is the same.
   std::size_t placeOf(const clsSegment& record) {
-    if (!finder_ && same_->isSole(drawnRow(record))) {
+    if (!finder_) {
       for (const std::size_t place : {static_cast<std::size_t>(record.row) - 1, last_ - 1}) {
-        if (isThere(record, place)) return place;
+        if (isThere(record, place) && !repeated_[place]) return place;
       }
+      findByEnds();
     }
-    if (!finder_) findByEnds();
-    const auto rowAt = [this](std::size_t place) -> const SegmentRow& { return rows_[place].row; };
-    return finder_->takeClosest(record, rowAt);
+    return finder_->takeClosest(record, [this](std::size_t place) { return rowAt(place); });
   }
 
   bool isThere(const clsSegment& record, std::size_t place) const {
-    return place < rows_.size() && !rows_[place].gone &&
-           RowFinder::isClosest(record, rows_[place].row) &&
-           isSameRow(record, rows_[place].row, store_.cfg_tolerance);
+    if (place >= originals_ + came_ || gone_[place]) return false;
+    const SegmentRow row = rowAt(place);
+    return RowFinder::isClosest(record, row) && isSameRow(record, row, store_.cfg_tolerance);
   }
 
   void findByEnds() {
-    finder_.emplace(store_.cfg_tolerance, rows_.size());
-    for (std::size_t place = 0; place < rows_.size(); ++place) {
-      if (!rows_[place].gone) finder_->add(place, rows_[place].row);
+    finder_.emplace(store_.cfg_tolerance, gone_.size());
+    for (std::size_t place = 0; place < originals_ + came_; ++place) {
+      if (!gone_[place]) finder_->add(place, rowAt(place));
     }
   }
 
   const DrawingStore& store_;
-  std::vector<SegmentRow> going_, coming_;  // with the step
-  bool out_ = false;
+  const SegmentColumns columns_;
+  const std::size_t originals_;
+  std::vector<SegmentRow> coming_;  // with the step
+  bool anyGoes_ = false;
+  bool begun_ = false;
   int live_ = 0;
-  std::vector<Row> rows_;
-  std::size_t last_ = 0;  // where the last row went
-  std::optional<SameRows> same_;
+  std::size_t came_ = 0;             // of those that come
+  std::vector<bool> gone_;           // by place, those that are yet to come too
+  std::vector<bool> repeated_;       // there may be another row that is the same
+  std::size_t last_ = 0;             // where the last row went
   std::optional<RowFinder> finder_;  // of those that are not gone, once one was looked for
 };
 
@@ -322,9 +306,7 @@ class StepRows {
 void undoStep(Changes& changes) {
   Change change(changes, Step::Continued);
   StepRows rows(changes.store);
-  const int end = changes.log.changecount;
-  for (int n = end - changes.log.lastStepSize(); n < end; ++n) {
-    const clsSegment& record = changes.log.record(n);
+  for (const clsSegment& record : std::views::reverse(changes.log.lastStep())) {
     rows.expect(record, record.added());
   }
   while (changes.log.canUndo()) {
@@ -341,11 +323,7 @@ void redoStep(Changes& changes) {
   Change change(changes, Step::Continued);
   const ChangeLog& log = changes.log;
   StepRows rows(changes.store);
-  for (int n = log.changecount; n < log.changetop; ++n) {
-    const clsSegment& record = log.record(n);
-    if (n > log.changecount && record.StartOfSegment) break;
-    rows.expect(record, !record.added());
-  }
+  for (const clsSegment& record : log.nextStep()) rows.expect(record, !record.added());
   while (log.canRedo()) {
     const clsSegment record = changes.log.nextRedoRecord();
     record.added() ? rows.bringBack(record) : rows.takeAway(record);

@@ -95,7 +95,10 @@ void mnuEditPaste_Click(DraftingContext& context) {
 namespace {
 
 constexpr Action<DraftingContext> kCopyActions[] = {
-    {{.action = PendingAction::Copy, .prompt = "Click on segment to copy."}, Copy_segment},
+    {{.action = PendingAction::Copy,
+      .prompt = "Click on segment to copy.",
+      .left = "copies the nearest row"},
+     Copy_segment},
 };
 
 }  // namespace

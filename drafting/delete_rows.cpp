@@ -70,7 +70,10 @@ void mnuEditCut_Click(DraftingContext& context) {
 namespace {
 
 constexpr Action<DraftingContext> kDeleteActions[] = {
-    {{.action = PendingAction::Delete, .prompt = "Click near item to delete.", .stays = true},
+    {{.action = PendingAction::Delete,
+      .prompt = "Click near item to delete.",
+      .stays = true,
+      .left = "deletes the nearest item"},
      clickDelete},
 };
 

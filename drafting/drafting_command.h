@@ -18,6 +18,10 @@ inline constexpr int kNoMode = 0;
 struct DrawingMode {
   int number = kNoMode;      // the value of DrawMode; scripts know it. Fixed are 1 to 7, 4 unused
   bool threePoints = false;  // takes the marker and two clicks
+  // What the window says of the click, or the first of two, and of the second: the words that
+  // follow "left click".
+  const char* left = "";
+  const char* secondLeft = "";
   // Adds what the mode makes of the marker and the click at MouseX, MouseY.
   void (*draw)(DraftingContext&, PictureBoxProxy& target) = nullptr;
   // Paints what would come of a click at MouseMoveX, MouseMoveY, in the inverting pen: painted once

@@ -39,6 +39,8 @@ struct PointerRecord {
   bool MenuGuard = false;           // a menu has just closed
   double MenuGuardTime = kLongAgo;  // in milliseconds of the clock
   bool FormTookPress = false;       // until its release
+  bool hovers = false;              // a band or mark is shown without a button
+  bool exact = false;               // the click under way was typed: nothing snaps it
   PanDrag PanStart;
 
   static constexpr double kLongAgo = -1e12;

@@ -379,7 +379,7 @@ constexpr DraftingCommand kLineCommand{
              .menu = {"miDraw", 110},
              .bar = {"barDraw", 210}},
     .run = mnuDrawLine_Click,
-    .mode = {.number = 1, .draw = drawLineMode, .hover = hoverLine},
+    .mode = {.number = 1, .left = "next point", .draw = drawLineMode, .hover = hoverLine},
 };
 
 constexpr DraftingCommand kRectangleCommand{
@@ -389,7 +389,7 @@ constexpr DraftingCommand kRectangleCommand{
              .menu = {"miDraw", 120},
              .bar = {"barDraw", 220}},
     .run = mnuDrawRect_Click,
-    .mode = {.number = 6, .draw = drawRectangleMode, .hover = hoverBox},
+    .mode = {.number = 6, .left = "opposite corner", .draw = drawRectangleMode, .hover = hoverBox},
 };
 
 constexpr DraftingCommand kArc3PCommand{
@@ -401,6 +401,8 @@ constexpr DraftingCommand kArc3PCommand{
     .run = mnuDrawArc3P_Click,
     .mode = {.number = 2,
              .threePoints = true,
+             .left = "end of the arc",
+             .secondLeft = "a point that the arc passes",
              .draw = drawArc3PMode,
              .hover = hoverShape<draw_arc3p>},
 };
@@ -413,6 +415,8 @@ constexpr DraftingCommand kArcC2PCommand{
     .run = mnuDrawArcC2P_Click,
     .mode = {.number = 3,
              .threePoints = true,
+             .left = "end of the arc",
+             .secondLeft = "the side of its center",
              .draw = drawArcC2PMode,
              .hover = hoverShape<draw_arcc2p>},
 };
@@ -425,6 +429,8 @@ constexpr DraftingCommand kCircle3PCommand{
     .run = mnuDrawCircle3P_Click,
     .mode = {.number = 5,
              .threePoints = true,
+             .left = "second point of the circle",
+             .secondLeft = "third point of the circle",
              .draw = drawCircle3PMode,
              .hover = hoverShape<draw_circle3p>},
 };
@@ -435,7 +441,10 @@ constexpr DraftingCommand kCircleC1PCommand{
              .menu = {"miDraw", 160},
              .bar = {"barDraw", 260}},
     .run = mnuDrawCircleC1P_Click,
-    .mode = {.number = 7, .draw = drawCircleC1PMode, .hover = hoverCircle},
+    .mode = {.number = 7,
+             .left = "a point on the circle",
+             .draw = drawCircleC1PMode,
+             .hover = hoverCircle},
 };
 
 }  // namespace tess

@@ -112,7 +112,9 @@ void mnuEditEntityInfo_Click(DraftingContext& context) {
 namespace {
 
 constexpr Action<DraftingContext> kEntityInfoActions[] = {
-    {{.action = PendingAction::EntityInfo, .prompt = "Click near item to display data."},
+    {{.action = PendingAction::EntityInfo,
+      .prompt = "Click near item to display data.",
+      .left = "shows the data of the nearest item"},
      clickEntityInfo},
 };
 

@@ -195,9 +195,13 @@ void mnuAddFillet_Click(DraftingContext& context) {
 namespace {
 
 constexpr Action<DraftingContext> kFilletActions[] = {
-    {{.action = PendingAction::FilletFirst, .prompt = "Click near first line to fillet."},
+    {{.action = PendingAction::FilletFirst,
+      .prompt = "Click near first line to fillet.",
+      .left = "first line"},
      clickFilletFirst},
-    {{.action = PendingAction::FilletSecond, .prompt = "Click near second line to fillet."},
+    {{.action = PendingAction::FilletSecond,
+      .prompt = "Click near second line to fillet.",
+      .left = "second line"},
      clickFilletSecond},
 };
 

@@ -54,13 +54,17 @@ void mnuEditRevArc_Click(DraftingContext& context) {
 namespace {
 
 constexpr Action<DraftingContext> kFlipArcActions[] = {
-    {{.action = PendingAction::FlipArc, .prompt = "Click near arc to flip."},
+    {{.action = PendingAction::FlipArc,
+      .prompt = "Click near arc to flip.",
+      .left = "flips the nearest arc"},
      clickArc<flipped>,
      hoverArc<flipped>},
 };
 
 constexpr Action<DraftingContext> kReverseArcActions[] = {
-    {{.action = PendingAction::ReverseArc, .prompt = "Click near arc to reverse."},
+    {{.action = PendingAction::ReverseArc,
+      .prompt = "Click near arc to reverse.",
+      .left = "turns the nearest arc round"},
      clickArc<reversed>,
      hoverArc<reversed>},
 };

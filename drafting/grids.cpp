@@ -19,6 +19,10 @@ Point snappedToGrid(const DrawingStore& store, Point at) {
   return {snapToGrid(at.x, store.cursorgrid), snapToGrid(at.y, store.cursorgrid)};
 }
 
+Point onGrid(const DraftingContext& context, Point at) {
+  return context.pointer.exact ? at : snappedToGrid(context.store, at);
+}
+
 void UpdateGridButtons(DraftingContext& context) {
   context.tools.setChecked(kVisualGridCommand.info.tool, context.store.visualgridf != 0);
   context.tools.setChecked(kCursorGridCommand.info.tool, context.store.cursorgridf != 0);

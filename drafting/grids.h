@@ -1,5 +1,5 @@
 // The cursor grid and the visual grid: snapping, their buttons and Grid Setup.
-// Owns: snapToGrid, snappedToGrid, UpdateGridButtons, Vgrid_ButtonClick, Cgrid_ButtonClick,
+// Owns: snapToGrid, snappedToGrid, onGrid, UpdateGridButtons, Vgrid_ButtonClick, Cgrid_ButtonClick,
 //       flipGrids, mnuOptionsGridSelection_Click.
 #pragma once
 
@@ -12,6 +12,9 @@ float snapToGrid(float value, float spacing);
 
 // The point on the cursor grid while that is on, else the point itself.
 Point snappedToGrid(const DrawingStore& store, Point at);
+
+// The same for a click, whose typed place is nowhere moved.
+Point onGrid(const DraftingContext& context, Point at);
 
 // The tools VGrid, CGrid and OSnap show their flags.
 void UpdateGridButtons(DraftingContext& context);

@@ -108,19 +108,29 @@ void mnuEditJoinEndPtsArc(DraftingContext& context) {
 namespace {
 
 constexpr Action<DraftingContext> kJoinActions[] = {
-    {{.action = PendingAction::JoinFirst, .prompt = "Click on 1st end-point to join."},
+    {{.action = PendingAction::JoinFirst,
+      .prompt = "Click on 1st end-point to join.",
+      .left = "first end to join"},
      clickJoinFirst},
-    {{.action = PendingAction::JoinSecond, .prompt = "Click on 2nd end-point to join."},
+    {{.action = PendingAction::JoinSecond,
+      .prompt = "Click on 2nd end-point to join.",
+      .left = "second end to join"},
      clickJoinSecond,
      hoverJoinSecond},
 };
 
 constexpr Action<DraftingContext> kJoinArcActions[] = {
-    {{.action = PendingAction::JoinArcFirst, .prompt = "Click on 1st end-point to join."},
+    {{.action = PendingAction::JoinArcFirst,
+      .prompt = "Click on 1st end-point to join.",
+      .left = "first end to join"},
      clickJoinArcFirst},
-    {{.action = PendingAction::JoinArcSecond, .prompt = "Click on 2nd end-point to join."},
+    {{.action = PendingAction::JoinArcSecond,
+      .prompt = "Click on 2nd end-point to join.",
+      .left = "second end to join"},
      clickJoinArcSecond},
-    {{.action = PendingAction::JoinArcThird, .prompt = "Click on 3rd point of the joining arc."},
+    {{.action = PendingAction::JoinArcThird,
+      .prompt = "Click on 3rd point of the joining arc.",
+      .left = "a point that the arc passes"},
      clickJoinArcThird,
      hoverJoinArcThird},
 };

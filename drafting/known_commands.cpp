@@ -5,6 +5,7 @@ namespace tess {
 
 void KnownCommands::addCommand(DraftingContext& context, const DraftingCommand& command) {
   addActions(context, command.actions);
+  nameActions(command.info, command.actions);
   addRepeats(context, command.run, command.repeat);
   if (command.mode.number != kNoMode) modes.push_back(&command);
 }

@@ -20,6 +20,8 @@ using ByAction = std::array<Entry, kActionNumbers>;
 
 struct KnownCommands {
   ByAction<const ActionText*> actionTexts{};  // null for a number that is no action
+  // The command that arms an action, or from which it follows by steps; null for none.
+  ByAction<const CommandInfo*> actionCommands{};
   // An action without an entry is armed and prompts, and its click has no effect.
   ByAction<std::function<void(DraftingContext&)>> clickActions;
   // An action without an entry has nothing that hovers.
@@ -32,6 +34,7 @@ struct KnownCommands {
   template <class Context>
   void addCommand(Context& context, const Command<Context>& command) {
     addActions(context, command.actions);
+    nameActions(command.info, command.actions);
     addRepeats(context, command.run, command.repeat);
   }
   void addCommand(DraftingContext& context, const DraftingCommand& command);
@@ -50,6 +53,13 @@ struct KnownCommands {
   }
 
  private:
+  template <class Context>
+  void nameActions(const CommandInfo& info, std::span<const Action<Context>> actions) {
+    for (const Action<Context>& action : actions) {
+      actionCommands[static_cast<std::size_t>(action.text.action)] = &info;
+    }
+  }
+
   template <class Context>
   void addRepeats(Context& context, const CommandRoutine<Context>& run,
                   const Repeat<Context>& repeat) {

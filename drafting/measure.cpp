@@ -55,7 +55,10 @@ void releaseMeasure(DraftingContext& context) {
 namespace {
 
 constexpr Action<DraftingContext> kMeasureActions[] = {
-    {{.action = PendingAction::Measure, .prompt = "Click on start-point and drag to end-point.  "}},
+    {{.action = PendingAction::Measure,
+      .prompt = "Click on start-point and drag to end-point.  ",
+      .drags = true,
+      .left = "from the start point to the end point"}},
 };
 
 }  // namespace

@@ -129,7 +129,9 @@ namespace {
 // Press and release do the work, so that the click has none.
 constexpr Action<DraftingContext> kMoveEndActions[] = {
     {{.action = PendingAction::MoveEndPoint,
-      .prompt = "Click near end point to move, then drag the endpoint."},
+      .prompt = "Click near end point to move, then drag the endpoint.",
+      .drags = true,
+      .left = "takes the nearest end along"},
      /*click=*/nullptr,
      hoverMoveEnd},
 };

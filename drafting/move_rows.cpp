@@ -101,11 +101,18 @@ void SetOrigin(DraftingContext& context) {
 namespace {
 
 constexpr Action<DraftingContext> kMoveActions[] = {
-    {{.action = PendingAction::Move, .prompt = kMoveAllPrompt}, clickMove, hoverMove},
+    {{.action = PendingAction::Move,
+      .prompt = kMoveAllPrompt,
+      .left = "moves from the marker to there"},
+     clickMove,
+     hoverMove},
 };
 
 constexpr Action<DraftingContext> kSetOriginActions[] = {
-    {{.action = PendingAction::SetOrigin, .prompt = "Click on new origin."}, clickSetOrigin},
+    {{.action = PendingAction::SetOrigin,
+      .prompt = "Click on new origin.",
+      .left = "makes this place the origin"},
+     clickSetOrigin},
 };
 
 }  // namespace

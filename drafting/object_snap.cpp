@@ -156,6 +156,7 @@ std::optional<CFeaturePoint> GetClosetFeaturePoint(const DraftingContext& contex
 
 std::optional<CFeaturePoint> featureAtPointer(const DraftingContext& context, Point pointer,
                                               bool invert) {
+  if (context.pointer.exact) return std::nullopt;
   const int sg = nearestSeg(context.store, pointer);
   const Point marker{context.store.markerx, context.store.markery};
   return GetClosetFeaturePoint(context, sg, {pointer, marker, invert});
@@ -163,7 +164,7 @@ std::optional<CFeaturePoint> featureAtPointer(const DraftingContext& context, Po
 
 Point snappedPosition(const DraftingContext& context, Point position) {
   if (const auto& feature = context.state.FeaturePoint()) return {feature->X, feature->Y};
-  return snappedToGrid(context.store, position);
+  return onGrid(context, position);
 }
 
 void OSnap_ButtonClick(DraftingContext& context) {

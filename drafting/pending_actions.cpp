@@ -24,12 +24,22 @@ constexpr char kMoveSelectedPrompt[] =
 
 // No command arms these, yet they have their numbers and prompts.
 constexpr Action<DraftingContext> kUnarmed[] = {
-    {{.action = NewPosition, .prompt = "Click at new position."}},
-    {{.action = NewStartPosition, .prompt = "Click at new start position."}, clickStartPosition},
-    {{.action = PocketEntity, .prompt = "Click to select entity for pocket."}},
-    {{.action = IslandEntity, .prompt = "Click to select entity for island."}},
+    {{.action = NewPosition, .prompt = "Click at new position.", .left = "new position"}},
+    {{.action = NewStartPosition,
+      .prompt = "Click at new start position.",
+      .left = "new start position of the machine"},
+     clickStartPosition},
+    {{.action = PocketEntity,
+      .prompt = "Click to select entity for pocket.",
+      .left = "a row of the pocket"}},
+    {{.action = IslandEntity,
+      .prompt = "Click to select entity for island.",
+      .left = "a row of the island"}},
     // Armed by the text panel, which the pointer's events go to meanwhile.
-    {{.action = PlaceText, .prompt = "Click spot to place text.", .escRedraws = true}},
+    {{.action = PlaceText,
+      .prompt = "Click spot to place text.",
+      .escRedraws = true,
+      .left = "places the text there"}},
 };
 
 void redraw(DraftingContext& context) {

@@ -9,6 +9,7 @@
 #include "display/display_commands.h"
 #include "drafting/entity_creation.h"
 #include "drafting/grids.h"
+#include "drafting/hover_preview.h"
 #include "drafting/measure.h"
 #include "drafting/move_end_points.h"
 #include "drafting/object_snap.h"
@@ -27,7 +28,6 @@ constexpr double kPressGuard = 200;
 constexpr double kReleaseGuard = 300;
 constexpr double kWheelPause = 50;
 constexpr int kGridSnapInterval = 375;
-constexpr int kPositionDecimals = 6;
 constexpr double kWindowPixels = 10;  // a drag at least this wide or high is a window
 
 bool isArmed(const DraftingContext& context, PendingAction action) {
@@ -63,6 +63,7 @@ bool swallowedByMenuAtPress(DraftingContext& context) {
 void pressLeft(DraftingContext& context, const PointerEvent& event) {
   PointerRecord& pointer = context.pointer;
   pointer.LeftDown = true;
+  if (context.store.hoverpreview) offerFeature(context, event);
   pointer.MouseDownX = pointer.MouseMoveX = event.X;
   pointer.MouseDownY = pointer.MouseMoveY = event.Y;
   if (isArmed(context, None)) showRubberBand(context);
@@ -71,6 +72,11 @@ void pressLeft(DraftingContext& context, const PointerEvent& event) {
   if (isArmed(context, Measure)) pressMeasure(context, at(event));
   if (isArmed(context, MoveEndPoint)) pressEndPoint(context, at(event));
   if (hovers(context, context.state.pendingaction())) hoverAt(context, at(event));
+}
+
+void pressRight(DraftingContext& context, const PointerEvent& event) {
+  context.pointer.RightDown = true;
+  if (context.store.hoverpreview) offerFeature(context, event);
 }
 
 // ---- Move
@@ -92,7 +98,7 @@ bool invertsSnap(const DraftingContext& context, const PointerEvent& event) {
 
 void offerFeature(DraftingContext& context, const PointerEvent& event, bool invertSnap) {
   const ActionText* const action = findAction(context, context.state.pendingaction());
-  const bool snaps = action == nullptr || action->snaps;
+  const bool snaps = (action == nullptr || action->snaps) && !context.pointer.exact;
   const bool offers = snaps && !(context.state.OSnapOn && invertSnap);
   context.state.setFeaturePoint(offers ? featureAtPointer(context, at(event), invertSnap)
                                        : std::optional<CFeaturePoint>{});
@@ -156,7 +162,7 @@ void keepRaw(PointerRecord& pointer) {
 void followPointer(DraftingContext& context, const PointerEvent& event) {
   PointerRecord& pointer = context.pointer;
   if (takeRaw(context, at(event))) {
-    const Point snapped = snappedToGrid(context.store, at(event));
+    const Point snapped = onGrid(context, at(event));
     const bool restarts = !(snapped == at(event)) && event.Button != 0;
     pointer.MouseX = snapped.x;
     pointer.MouseY = snapped.y;
@@ -229,8 +235,7 @@ void releaseLeft(DraftingContext& context, const PointerEvent& event) {
 // ---- Release, second stage
 
 Point settledPosition(DraftingContext& context, const PointerEvent& event) {
-  const Point position =
-      context.state.FeaturePoint() ? at(event) : snappedToGrid(context.store, at(event));
+  const Point position = context.state.FeaturePoint() ? at(event) : onGrid(context, at(event));
   return {roundTo(position.x, kPositionDecimals), roundTo(position.y, kPositionDecimals)};
 }
 
@@ -285,6 +290,13 @@ bool panPointerShows(const DraftingContext& context) {
 
 }  // namespace
 
+// A place under the pointer is offered what a press there would be, by the shift key too.
+void offerFeature(DraftingContext& context, const PointerEvent& event) {
+  PointerEvent pressed = event;
+  if (pressed.Button == 0) pressed.Button = kLeftButton;
+  offerFeature(context, pressed, invertsSnap(context, pressed));
+}
+
 void picDrawing_MouseDown(DraftingContext& context, const PointerEvent& event) {
   const Procedure here("frmMain.picDrawing_MouseDown(Button,Shift,X,Y)");
   if (const auto formClick = context.onFormClick) {
@@ -293,12 +305,13 @@ void picDrawing_MouseDown(DraftingContext& context, const PointerEvent& event) {
     return;
   }
   context.pointer.FormTookPress = false;
+  endHoverPreview(context);
   if (event.control()) {
     if (event.Button == kLeftButton)
       context.pointer.PanStart = context.viewCommands.beginPan(at(event));
     return;
   }
-  if (event.Button == kRightButton) context.pointer.RightDown = true;
+  if (event.Button == kRightButton) pressRight(context, event);
   if (event.Button != kLeftButton || swallowedByMenuAtPress(context)) return;
   pressLeft(context, event);
 }
@@ -320,6 +333,8 @@ void picDrawing_MouseMove(DraftingContext& context, const PointerEvent& event) {
     moveLeft(context, event, invertSnap);
   } else if (context.pointer.RightDown) {
     offerFeature(context, event, invertSnap);
+  } else {
+    hoverOver(context, event);
   }
   followPointer(context, event);
   if (!isArmed(context, PlaceText)) context.systemPointer.focusSurface();
@@ -330,6 +345,7 @@ void picDrawing_MouseUp(DraftingContext& context, const PointerEvent& released) 
   const bool formsOwn = isTheForms(context);
   context.pointer.FormTookPress = false;
   if (formsOwn) return;
+  endHoverPreview(context);
   if (!panPointerShows(context)) context.systemPointer.setMousePointer(kDefaultShape);
   if (swallowedByMenuAtRelease(context)) return;
   context.gridSnapTimer->stop();

@@ -1,8 +1,8 @@
 // Pointer events of the drawing surface, in drawing units: the snapped position, the drags, and the
 // two-stage release that completes an action.
-// Owns: kLeftButton, kRightButton, kShiftKey, kControlKey, PointerEvent, picDrawing_MouseDown,
-//       picDrawing_MouseMove, picDrawing_MouseUp, inPresentView, MouseWheel1_MouseWheel,
-//       keyboardClick, msetpos, armMenuGuard, GridSnapTimer.
+// Owns: kLeftButton, kRightButton, kShiftKey, kControlKey, kPositionDecimals, PointerEvent,
+//       picDrawing_MouseDown, picDrawing_MouseMove, picDrawing_MouseUp, inPresentView,
+//       offerFeature, MouseWheel1_MouseWheel, keyboardClick, msetpos, armMenuGuard, GridSnapTimer.
 #pragma once
 
 #include <memory>
@@ -15,6 +15,7 @@ inline constexpr int kLeftButton = 1;
 inline constexpr int kRightButton = 2;
 inline constexpr int kShiftKey = 1;
 inline constexpr int kControlKey = 2;
+inline constexpr int kPositionDecimals = 6;  // of the place of a click
 
 struct PointerEvent {
   int Button = 0;  // the button concerned; 0 none
@@ -32,6 +33,9 @@ void picDrawing_MouseUp(DraftingContext& context, const PointerEvent& event);
 // a script states them. While the drag moves the view, its place in units of the present view,
 // which is what the routines above take; else the event as it is.
 PointerEvent inPresentView(const DraftingContext& context, const PointerEvent& stated);
+
+// The feature that a press at the event's place would snap to becomes the current one, if any.
+void offerFeature(DraftingContext& context, const PointerEvent& event);
 
 // Matters only while text is being placed.
 void MouseWheel1_MouseWheel(DraftingContext& context, int steps, int shift);

@@ -93,7 +93,9 @@ void mnuDeleteVertex_Click(DraftingContext& context) {
 namespace {
 
 constexpr Action<DraftingContext> kDeleteVertexActions[] = {
-    {{.action = PendingAction::DeleteVertex, .prompt = "Click near vertex to remove."},
+    {{.action = PendingAction::DeleteVertex,
+      .prompt = "Click near vertex to remove.",
+      .left = "removes the nearest vertex"},
      clickDeleteVertex},
 };
 

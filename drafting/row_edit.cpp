@@ -2,6 +2,8 @@
 #include "drafting/row_edit.h"
 
 #include <algorithm>
+#include <array>
+#include <cstddef>
 
 #include "core/drawing_store.h"
 
@@ -61,23 +63,73 @@ void requireAscending(RowNumbers numbers, int last) {
 
 // ---- Moving the rows that stay; `count` rows are in use before
 
-template <typename T>
-void openGaps(std::span<T> column, int count, RowNumbers gaps) {
-  auto end = column.begin() + count + 1;
-  for (auto wider = static_cast<std::ptrdiff_t>(gaps.size()); wider > 0; --wider) {
-    const auto first = column.begin() + gaps[static_cast<std::size_t>(wider) - 1] - (wider - 1);
-    std::move_backward(first, end, end + wider);
+// Rows beside one another, and by how many places they move.
+struct Run {
+  int first, end;  // from the first one to before the end
+  int places;
+};
+
+// Many at once go to each column, without memory of their own: an edit that was prepared does not
+// fail.
+template <class Move>
+class Runs {
+ public:
+  explicit Runs(const Move& move) : move_(move) {}
+  ~Runs() { flush(); }
+  Runs(const Runs&) = delete;
+  Runs& operator=(const Runs&) = delete;
+
+  void add(const Run& run) {
+    if (run.first == run.end) return;
+    if (held_ == runs_.size()) flush();
+    runs_[held_++] = run;
+  }
+
+ private:
+  void flush() {
+    move_(std::span<const Run>(runs_).first(held_));
+    held_ = 0;
+  }
+
+  const Move& move_;
+  std::array<Run, 128> runs_;
+  std::size_t held_ = 0;
+};
+
+// From the last row down.
+template <class Table>
+void openGaps(DrawingStore& store, int count, RowNumbers gaps) {
+  const auto move = [&store](std::span<const Run> runs) {
+    Table::visitColumns(store, [runs](auto& column) {
+      const auto rows = column.rows().begin();
+      for (const Run& run : runs) {
+        std::move_backward(rows + run.first, rows + run.end, rows + run.end + run.places);
+      }
+    });
+  };
+  Runs runs(move);
+  int end = count + 1;
+  for (auto wider = static_cast<int>(gaps.size()); wider > 0; --wider) {
+    const int first = gaps[static_cast<std::size_t>(wider) - 1] - (wider - 1);
+    runs.add({first, end, wider});
     end = first;
   }
 }
 
-template <typename T>
-void closeGaps(std::span<T> column, int count, RowNumbers gaps) {
-  auto to = column.begin() + gaps.front();
-  for (std::size_t k = 0; k < gaps.size(); ++k) {
-    const auto first = column.begin() + gaps[k] + 1;
-    const auto last = column.begin() + (k + 1 < gaps.size() ? gaps[k + 1] : count + 1);
-    to = std::move(first, last, to);
+template <class Table>
+void closeGaps(DrawingStore& store, int count, RowNumbers gaps) {
+  const auto move = [&store](std::span<const Run> runs) {
+    Table::visitColumns(store, [runs](auto& column) {
+      const auto rows = column.rows().begin();
+      for (const Run& run : runs) {
+        std::move(rows + run.first, rows + run.end, rows + run.first - run.places);
+      }
+    });
+  };
+  Runs runs(move);
+  for (std::size_t gap = 0; gap < gaps.size(); ++gap) {
+    const int end = gap + 1 < gaps.size() ? gaps[gap + 1] : count + 1;
+    runs.add({gaps[gap] + 1, end, static_cast<int>(gap) + 1});
   }
 }
 
@@ -107,8 +159,7 @@ void perform(DrawingStore& store, const RowEdit<Row>& edit) {
   const int rows = static_cast<int>(edit.numbers.size());
   switch (edit.kind) {
     case EditKind::Insert:
-      Table::visitColumns(store,
-                          [&](auto& column) { openGaps(column.rows(), count, edit.numbers); });
+      openGaps<Table>(store, count, edit.numbers);
       setRows<Table>(store, edit);
       counter = count + rows;
       break;
@@ -116,8 +167,7 @@ void perform(DrawingStore& store, const RowEdit<Row>& edit) {
       setRows<Table>(store, edit);
       break;
     case EditKind::Erase:
-      Table::visitColumns(store,
-                          [&](auto& column) { closeGaps(column.rows(), count, edit.numbers); });
+      closeGaps<Table>(store, count, edit.numbers);
       counter = count - rows;
       break;
   }

@@ -78,6 +78,7 @@ std::size_t RowFinder::unlinked(const Link& link) {
 }
 
 unsigned RowFinder::differenceOf(const clsSegment& record, const SegmentRow& row) {
+  if (isClosest(record, row)) return 0;
   const bool hasCenter = isRound(row.type);
   const std::array<std::pair<float, float>, 6> numbers{{
       {record.x0, row.x0},

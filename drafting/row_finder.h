@@ -3,12 +3,14 @@
 // Owns: RowFinder.
 #pragma once
 
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <vector>
 
 #include "core/drawing_rows.h"
 #include "drafting/change_log.h"
+#include "geometry/entity.h"
 
 namespace tess {
 
@@ -24,7 +26,10 @@ class RowFinder {
 
   // Whether takeClosest would prefer no other row to this one.
   static bool isClosest(const clsSegment& record, const SegmentRow& row) {
-    return differenceOf(record, row) == 0;
+    const bool sameEnds =
+        record.x0 == row.x0 && record.y0 == row.y0 && record.x1 == row.x1 && record.y1 == row.y1;
+    return sameEnds && entityClass(record.SegAttr) == entityClass(row.attr) &&
+           (!isRound(row.type) || (record.CenterX == row.xc && record.CenterY == row.yc));
   }
 
   // Takes out the row that findSegment finds: of all that match the one of the highest place; kNone
@@ -82,10 +87,12 @@ class RowFinder {
     return found;
   }
 
-  // A row near the edge of its cell may match one of the next.
+  // A row near the edge of its cell may match one of the next. What is no number or endless matches
+  // nothing.
   template <class Visit>
   void visitBuckets(const clsSegment& record, const Visit& visit) const {
     const Mark mark = markOf(record.x0, record.y0, record.x1, record.y1);
+    if (!std::isfinite(mark.value)) return;
     const std::int64_t last = cellOf(mark.value + mark.reach);
     for (std::int64_t cell = cellOf(mark.value - mark.reach); cell <= last; ++cell) {
       visit(bucketOf(cell));

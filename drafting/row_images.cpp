@@ -2,6 +2,9 @@
 #include "drafting/row_images.h"
 
 #include <algorithm>
+#include <array>
+#include <cstdint>
+#include <utility>
 
 #include "core/drawing_store.h"
 #include "core/row_columns.h"
@@ -42,17 +45,28 @@ bool addCopies(Change& change, const DrawingStore& store, bool selectedOnly,
 
 // The rows of a table that give way to their images, and those that do not.
 struct Parties {
-  Parties(const DrawingStore& store, bool selectedOnly, const RowImage& image)
-      : taking(rowsOf(store, [&](const SegmentRow& row) { return takesPart(row, selectedOnly); })),
-        others(rowsOf(store, [&](const SegmentRow& row) { return !takesPart(row, selectedOnly); })),
-        images(taking) {
+  Parties(const DrawingStore& store, bool selectedOnly, const RowImage& image) {
+    const auto rows = static_cast<std::size_t>(store.NumSegments);
+    numbers.reserve(rows);
+    taking.reserve(rows);
+    others.reserve(rows);
+    const SegmentColumns columns(store);
+    for (int sg = 1; sg <= store.NumSegments; ++sg) {
+      const SegmentRow row = columns.row(sg);
+      const bool takes = takesPart(row, selectedOnly);
+      (takes ? taking : others).push_back(row);
+      if (takes) numbers.push_back(Int16(sg));
+    }
+    images = taking;
     image(images);
-    TwinSearch twins(store.cfg_tolerance, taking);
-    imageMayMatch = twins.meet(images);
-    otherMayMatch = twins.meet(others);
-    mayMatch = twins.matched();
+    const std::array<std::span<const SegmentRow>, 3> lists{taking, images, others};
+    auto may = rowsThatMayMatch(store.cfg_tolerance, lists);
+    mayMatch = std::move(may[0]);
+    imageMayMatch = std::move(may[1]);
+    otherMayMatch = std::move(may[2]);
   }
 
+  std::vector<std::int16_t> numbers;  // of those that give way
   std::vector<SegmentRow> taking, others, images;
   std::vector<bool> mayMatch, otherMayMatch, imageMayMatch;
 };
@@ -82,7 +96,14 @@ class Exchange {
     for (std::size_t image = 0; image < taking_.size(); ++image) exchange(taking_[image], image);
   }
 
-  bool isGone(std::size_t place) const { return places_[place].gone; }
+  // The rows that there were and that have gone.
+  std::vector<std::int16_t> gone() const {
+    std::vector<std::int16_t> numbers;
+    for (std::size_t place = 0; place < originals_; ++place) {
+      if (isGone(place)) numbers.push_back(Int16(place + 1));
+    }
+    return numbers;
+  }
 
   // The images that have not gone again.
   std::vector<SegmentRow> images() const {
@@ -94,6 +115,7 @@ class Exchange {
   }
 
  private:
+  bool isGone(std::size_t place) const { return places_[place].gone; }
   struct Place {
     bool takes = false;     // part, and gives way in its turn
     bool mayMatch = false;  // another one
@@ -135,32 +157,19 @@ class Exchange {
   std::vector<std::size_t> taking_;  // the places of those that take part
 };
 
-template <class Goes>
-bool replaceAtEnd(Change& change, std::span<const SegmentRow> images, const Goes& goes) {
-  auto next = images.begin();
-  change.segments.replaceAtEnd([&](int sg, SegmentRow& row) {
-    if (!goes(sg, row)) return false;
-    row = *next++;
-    return true;
-  });
-  return change.keep();
-}
-
 bool replaceByImages(Change& change, const DrawingStore& store, bool selectedOnly,
                      const RowImage& image) {
   const Parties parties(store, selectedOnly, image);
   const auto& may = parties.mayMatch;
   if (std::find(may.begin(), may.end(), true) == may.end()) {
-    return replaceAtEnd(change, parties.images, [&](int /*sg*/, const SegmentRow& row) {
-      return takesPart(row, selectedOnly);
-    });
+    change.segments.replaceAtEnd(parties.numbers, parties.images);
+    return change.keep();
   }
   Exchange exchange(store, selectedOnly, parties);
   exchange.run();
   // As many images are left as rows have gone, since each step took one and gave one.
-  return replaceAtEnd(change, exchange.images(), [&](int sg, const SegmentRow& /*row*/) {
-    return exchange.isGone(static_cast<std::size_t>(sg) - 1);
-  });
+  change.segments.replaceAtEnd(exchange.gone(), exchange.images());
+  return change.keep();
 }
 
 }  // namespace

@@ -11,6 +11,10 @@
 namespace tess {
 namespace {
 
+// More rows than these are shown only while the button is down: to move the whole of a large
+// drawing at every motion would lag behind the pointer.
+constexpr std::size_t kMostHovering = 2000;
+
 Rgb drawColor(const DraftingContext& context) {
   return slotColor(context.store, ColorSlot::Draw);
 }
@@ -116,6 +120,7 @@ void showDragBand(DraftingContext& context) {
   context.pointer.DragBand = context.state.pendingaction();
   if (hovers(context, context.pointer.DragBand)) {
     context.hovering = context.hoverActions[static_cast<std::size_t>(context.pointer.DragBand)]();
+    if (context.pointer.hovers && context.hovering.size() > kMostHovering) context.hovering.clear();
   }
   invertDragBand(context, context.pointer.DragBand);
 }

@@ -422,7 +422,8 @@ constexpr Action<DraftingContext> kSelectActions[] = {
       .prompt = "Click on entity or drag to select.  Hold <Shift> for exclusive mode.",
       .stays = true,
       .snaps = false,
-      .escRedraws = true},
+      .escRedraws = true,
+      .left = "selects the nearest item, drag selects in a window"},
      clickSelect},
 };
 
@@ -431,21 +432,24 @@ constexpr Action<DraftingContext> kUnselectActions[] = {
       .prompt = "Click on entity or drag to unselect.",
       .stays = true,
       .snaps = false,
-      .escRedraws = true},
+      .escRedraws = true,
+      .left = "unselects the nearest item, drag unselects in a window"},
      clickUnselect},
 };
 
 constexpr Action<DraftingContext> kSelectContiguousActions[] = {
     {{.action = PendingAction::SelectContiguous,
       .prompt = "Click on entity to select contiguous entities",
-      .stays = true},
+      .stays = true,
+      .left = "selects the chain of rows through the nearest one"},
      clickSelectContiguous},
 };
 
 constexpr Action<DraftingContext> kUnselectContiguousActions[] = {
     {{.action = PendingAction::UnselectContiguous,
       .prompt = "Click on entity to unselect contiguous entities.",
-      .stays = true},
+      .stays = true,
+      .left = "unselects the chain of rows through the nearest one"},
      clickUnselectContiguous},
 };
 

@@ -125,9 +125,15 @@ void mnuEditTrimEntity_Click(DraftingContext& context) {
 namespace {
 
 constexpr Action<DraftingContext> kTrimActions[] = {
-    {{.action = PendingAction::TrimPick, .prompt = "Click on end point to trim.", .snaps = false},
+    {{.action = PendingAction::TrimPick,
+      .prompt = "Click on end point to trim.",
+      .snaps = false,
+      .left = "the end to be trimmed"},
      clickTrimPick},
-    {{.action = PendingAction::TrimBy, .prompt = "Click on trimming entity.", .snaps = false},
+    {{.action = PendingAction::TrimBy,
+      .prompt = "Click on trimming entity.",
+      .snaps = false,
+      .left = "the row to trim it at"},
      clickTrimBy,
      hoverTrimBy},
 };

@@ -1,127 +1,195 @@
-// Rows by the cells of two numbers made of their ends, hashed.
+// Rows by the cells of two numbers made of their ends.
 #include "drafting/twin_search.h"
 
 #include <algorithm>
 #include <bit>
 #include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <numeric>
+
+#include "drafting/seen_numbers.h"
 
 namespace tess {
 namespace {
 
 // Of each end one coordinate, so that the cells part rows of one direction too.
 constexpr double kFirstWeight = 3.1416, kSecondWeight = 2.7183;
-// So wide that few rows lie near an edge, so narrow that few others lie in the same cell.
-constexpr double kCellTolerances = 32;
+// So wide that few rows lie near an edge; for rows that share such a cell with others so narrow
+// that hardly any do.
+constexpr double kWideCell = 32, kNarrowCell = 8;  // tolerances
 constexpr double kNarrowestCell = 1e-6;
-constexpr double kRoundingOfDoubles = 1e-15;
 constexpr double kRoundingOfReach = 1.001;
-// Farther out the rounding comes near the width of a cell.
-constexpr double kFarthestCell = 1LL << 46;
+// As far out the rounding of doubles is that part of a cell; beyond, cells are not told apart.
+constexpr double kFarthestCell = 1LL << 43;
+constexpr double kRoundingOfCells = 0.01;
+// Added to a smaller number it leaves the nearest whole one in the last bits.
+constexpr double kWholeNumbers = 3LL << 51;
 
-std::uint64_t keyOf(std::int64_t first, std::int64_t second, int type) {
-  const auto mixed = static_cast<std::uint64_t>(first) * 0x9E3779B97F4A7C15ULL +
-                     static_cast<std::uint64_t>(second) * 0xC2B2AE3D27D4EB4FULL +
-                     static_cast<std::uint64_t>(type);
-  return (mixed ^ (mixed >> 29U)) * 0xBF58476D1CE4E5B9ULL;
+// Where a row lies: a number for its cell, and what leads to the cells beside it that may hold rows
+// which match; 0 where none does.
+struct Place {
+  std::uint64_t cell, towardFirst, towardSecond;
+
+  bool isNearEdge() const { return (towardFirst | towardSecond) != 0; }
+  template <class Visit>
+  void visitNeighbours(const Visit& visit) const {
+    if (towardFirst != 0) visit(cell + towardFirst);
+    if (towardSecond != 0) visit(cell + towardSecond);
+    if (towardFirst != 0 && towardSecond != 0) visit(cell + towardFirst + towardSecond);
+  }
+};
+
+// One of the two numbers, a * 1 + b * weight, and its cells.
+class Axis {
+ public:
+  Axis(double weightOfB, double tolerence, double cell, std::uint64_t step)
+      : weight_(weightOfB), step_(step) {
+    const double wide = kRoundingOfReach * (1 + weight_) * tolerence;
+    cellsPerUnit_ = 1 / std::max(cell * wide, kNarrowestCell);
+    inside_ = 0.5 - wide * cellsPerUnit_ - kRoundingOfCells;
+    farthest_ = kFarthestCell / cellsPerUnit_ / (1 + weight_);
+  }
+
+  // Not so for what is no number either.
+  bool holds(double a, double b) const {
+    return std::abs(a) < farthest_ && std::abs(b) < farthest_;
+  }
+
+  // Adds the cell to `cell`; `toward` becomes what leads beside it.
+  void addTo(std::uint64_t& cell, std::uint64_t& toward, double a, double b) const {
+    const double cells = (a + b * weight_) * cellsPerUnit_;
+    const double shifted = cells + kWholeNumbers;
+    const double within = cells - (shifted - kWholeNumbers);
+    cell += std::bit_cast<std::uint64_t>(shifted) * step_;
+    toward = std::abs(within) <= inside_ ? 0 : within > 0 ? step_ : 0 - step_;
+  }
+
+ private:
+  double weight_, cellsPerUnit_ = 0;
+  double inside_ = 0;  // from the middle of a cell to where its neighbour comes near
+  double farthest_ = 0;
+  std::uint64_t step_;
+};
+
+// The rows of a list that may match, less with each round.
+struct Candidates {
+  explicit Candidates(std::span<const SegmentRow> list) : rows(list), left(list.size()) {
+    std::iota(left.begin(), left.end(), 0U);
+  }
+  std::span<const SegmentRow> rows;
+  std::vector<std::uint32_t> left;
+};
+
+// One look at all rows that are left.
+class Round {
+ public:
+  Round(float tolerence, unsigned number, std::size_t known)
+      : first_(kFirstWeight, tolerence, cellOf(number), 0x9E3779B97F4A7C15ULL),
+        second_(kSecondWeight, tolerence, cellOf(number), 0xC2B2AE3D27D4EB4FULL),
+        once_(known, number),
+        again_(known, number) {}
+
+  // Leaves the rows in whose cell, or beside it, another one of the first list may be. False when
+  // some cannot be told apart.
+  bool sift(std::span<Candidates> lists) {
+    Candidates& known = lists.front();
+    enter(known);
+    for (Candidates& others : lists.subspan(1)) {
+      std::erase_if(others.left,
+                    [&](std::uint32_t row) { return !meets(placeOf(others.rows[row])); });
+    }
+    leaveMet(known);
+    return held_;
+  }
+
+ private:
+  struct NearEdge {
+    std::size_t n;  // of the rows of the first list that are left
+    Place place;
+  };
+
+  static double cellOf(unsigned round) { return round == 0 ? kWideCell : kNarrowCell; }
+
+  Place placeOf(const SegmentRow& row) {
+    Place place{static_cast<std::uint64_t>(row.type), 0, 0};
+    first_.addTo(place.cell, place.towardFirst, row.x0, row.y1);
+    second_.addTo(place.cell, place.towardSecond, row.y0, row.x1);
+    held_ = held_ && first_.holds(row.x0, row.y1) && second_.holds(row.y0, row.x1);
+    return place;
+  }
+
+  void enter(const Candidates& known) {
+    cells_.reserve(known.left.size());
+    for (const std::uint32_t row : known.left) {
+      const Place place = placeOf(known.rows[row]);
+      if (once_.meet(place.cell)) again_.meet(place.cell);
+      if (place.isNearEdge()) nearEdges_.push_back({cells_.size(), place});
+      cells_.push_back(place.cell);
+    }
+  }
+
+  bool meets(const Place& place) {
+    bool met = false;
+    const auto look = [&](std::uint64_t cell) {
+      if (!once_.has(cell)) return;
+      again_.meet(cell);
+      met = true;
+    };
+    look(place.cell);
+    if (place.isNearEdge()) place.visitNeighbours(look);
+    return met;
+  }
+
+  void leaveMet(Candidates& known) const {
+    std::vector<bool> metBeside(cells_.size());
+    for (const NearEdge& edge : nearEdges_) {
+      edge.place.visitNeighbours([&](std::uint64_t cell) {
+        if (once_.has(cell)) metBeside[edge.n] = true;
+      });
+    }
+    std::size_t n = 0;
+    std::erase_if(known.left, [&](std::uint32_t /*row*/) {
+      const bool met = metBeside[n] || again_.has(cells_[n]);
+      ++n;
+      return !met;
+    });
+  }
+
+  Axis first_, second_;
+  SeenNumbers once_, again_;          // cells of known rows, and those of another row too
+  std::vector<std::uint64_t> cells_;  // of the known rows
+  std::vector<NearEdge> nearEdges_;
+  bool held_ = true;
+};
+
+// Round after round until none is left, or those that are stay.
+void sift(float tolerence, std::vector<Candidates>& lists) {
+  const auto count = [&lists] { return lists.front().left.size(); };
+  std::size_t before = 0;
+  for (unsigned round = 0; count() > 0 && (round < 2 || 2 * count() < before); ++round) {
+    before = count();
+    if (Round(tolerence, round, before).sift(lists)) continue;
+    // Beyond the farthest cell every row may match every other.
+    for (Candidates& list : lists) list = Candidates(list.rows);
+    return;
+  }
+  if (count() > 0) return;
+  for (Candidates& list : lists) list.left.clear();
 }
 
 }  // namespace
 
-TwinSearch::Axis::Axis(double weightOfB, double tolerence) : weight(weightOfB) {
-  const double wide = kRoundingOfReach * (1 + weight) * tolerence;
-  cellsPerUnit = 1 / std::max(kCellTolerances * wide, kNarrowestCell);
-  reach = wide * cellsPerUnit;
-}
-
-// What is no number lies beyond all cells too.
-inline bool TwinSearch::Axis::holds(double a, double b) const {
-  return (std::abs(a) + std::abs(b) * weight) * cellsPerUnit < kFarthestCell;
-}
-
-inline TwinSearch::Cell TwinSearch::Axis::cellOf(double a, double b) const {
-  const double cells = (a + b * weight) * cellsPerUnit;
-  const auto towardZero = static_cast<std::int64_t>(cells);
-  const std::int64_t number =
-      towardZero - static_cast<int>(static_cast<double>(towardZero) > cells);
-  const double within = cells - static_cast<double>(number);
-  const double size = (std::abs(a) + std::abs(b) * weight) * cellsPerUnit;
-  const double near = reach + kRoundingOfDoubles * size;
-  return {number, static_cast<int>(within > 1 - near) - static_cast<int>(within < near)};
-}
-
-TwinSearch::TwinSearch(float tolerence, std::span<const SegmentRow> known)
-    : first_(kFirstWeight, tolerence),
-      second_(kSecondWeight, tolerence),
-      slots_(std::bit_ceil(2 * known.size() + 1)),
-      ownSlot_(known.size()) {
-  visitPlaces(known, [this](std::size_t row, const Place& place) {
-    const std::uint64_t key = keyOf(place.first.number, place.second.number, place.type);
-    const std::size_t slot = slotOf(key);
-    slots_[slot] |= static_cast<Slot>(key) & ~kCount;
-    countOneMore(slot);
-    ownSlot_[row] = static_cast<std::uint32_t>(slot);
-    if (place.isNearEdge()) nearEdges_.push_back({row, place});
-  });
-}
-
-template <class Visit>
-void TwinSearch::visitPlaces(std::span<const SegmentRow> rows, const Visit& visit) {
-  for (std::size_t at = 0; at < rows.size(); ++at) {
-    const SegmentRow& row = rows[at];
-    anyBeyond_ = anyBeyond_ || !first_.holds(row.x0, row.y1) || !second_.holds(row.y0, row.x1);
-    if (anyBeyond_) return;
-    visit(at, {first_.cellOf(row.x0, row.y1), second_.cellOf(row.y0, row.x1), row.type});
+std::vector<std::vector<bool>> rowsThatMayMatch(
+    float tolerence, std::span<const std::span<const SegmentRow>> lists) {
+  std::vector<Candidates> candidates(lists.begin(), lists.end());
+  sift(tolerence, candidates);
+  std::vector<std::vector<bool>> mayMatch;
+  for (const Candidates& list : candidates) {
+    std::vector<bool>& marks = mayMatch.emplace_back(list.rows.size());
+    for (const std::uint32_t row : list.left) marks[row] = true;
   }
-}
-
-// The slot of the cell, or the free one where it would come.
-std::size_t TwinSearch::slotOf(std::uint64_t key) const {
-  const std::size_t last = slots_.size() - 1;
-  const Slot mark = static_cast<Slot>(key) & ~kCount;
-  std::size_t slot = static_cast<std::size_t>(key >> 32U) & last;
-  while (slots_[slot] != 0 && (slots_[slot] & ~kCount) != mark) slot = (slot + 1) & last;
-  return slot;
-}
-
-template <class Visit>
-void TwinSearch::visitNeighbours(const Place& place, const Visit& visit) const {
-  const std::int64_t firsts = place.first.next == 0 ? 1 : 2;
-  const std::int64_t seconds = place.second.next == 0 ? 1 : 2;
-  for (std::int64_t first = 0; first < firsts; ++first) {
-    for (std::int64_t second = first == 0 ? 1 : 0; second < seconds; ++second) {
-      visit(slotOf(keyOf(place.first.number + first * place.first.next,
-                         place.second.number + second * place.second.next, place.type)));
-    }
-  }
-}
-
-std::vector<bool> TwinSearch::meet(std::span<const SegmentRow> others) {
-  std::vector<bool> met(others.size());
-  visitPlaces(others, [&](std::size_t row, const Place& place) {
-    const auto meetAt = [&](std::size_t slot) {
-      if (slots_[slot] == 0) return;
-      countOneMore(slot);
-      met[row] = true;
-    };
-    meetAt(slotOf(keyOf(place.first.number, place.second.number, place.type)));
-    if (place.isNearEdge()) visitNeighbours(place, meetAt);
-  });
-  if (anyBeyond_) met.assign(others.size(), true);
-  return met;
-}
-
-std::vector<bool> TwinSearch::matched() const {
-  std::vector<bool> matched(ownSlot_.size(), anyBeyond_);
-  if (anyBeyond_) return matched;
-  for (std::size_t row = 0; row < ownSlot_.size(); ++row) {
-    if ((slots_[ownSlot_[row]] & kCount) == kSeveral) matched[row] = true;
-  }
-  for (const NearEdge& edge : nearEdges_) {
-    visitNeighbours(edge.place, [&](std::size_t slot) {
-      if (slots_[slot] != 0) matched[edge.row] = true;
-    });
-  }
-  return matched;
+  return mayMatch;
 }
 
 }  // namespace tess

@@ -4,12 +4,14 @@
 #include <algorithm>
 #include <cmath>
 
+#include "core/count_text.h"
 #include "core/drawing_store.h"
 #include "core/file_system.h"
 #include "core/lifecycle.h"
 #include "core/number_text.h"
 #include "core/text.h"
 #include "core/units.h"
+#include "geometry/open_outlines.h"
 #include "import/exact_geometry.h"
 #include "import/import_commands.h"
 #include "import/remembered_options.h"
@@ -276,8 +278,18 @@ void frmDXF::finish(const DxfRows& rows, Change& change) {
   }
   change.keep({.redraws = false});
   if (chkFitStock.isChecked()) fitStock(context_.store);
+  tellImported(rows.first());
   showDrawing();
   close();
+}
+
+void frmDXF::tellImported(int first) {
+  const int last = context_.store.NumSegments;
+  std::string text = countText(last - first + 1, "row") + " imported";
+  if (const int open = openOutlines(context_.store, first, last); open > 0) {
+    text += ", " + countText(open, "outline") + " open";
+  }
+  context_.session.results.tell(text);
 }
 
 void frmDXF::showDrawing() {

@@ -63,6 +63,7 @@ class frmDXF : public Form {
   void showUnits();
   bool takesFileUnits() const;
   void takeFileUnits();
+  void tellImported(int first);  // the rows from that one on
   DxfImportOptions options() const;
   ImportBoxes boxes() const;
 

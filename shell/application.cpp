@@ -9,8 +9,10 @@
 #include "core/version.h"
 #include "drafting/copy_paste.h"
 #include "drafting/grids.h"
+#include "drafting/hover_preview.h"
 #include "drafting/object_snap.h"
 #include "drafting/scale_drawing.h"
+#include "drafting/typed_position.h"
 #include "drafting/undo.h"
 #include "import/frmDXF.h"
 #include "shell/commands.h"
@@ -109,7 +111,15 @@ void Application::load(std::string_view drawing, std::string_view appfolder) {
   guarded("frmMain.Form_Load()", [&] { loadMainWindow(session, drawing, appfolder); });
 }
 
+// Whatever begins takes off the screen what hovered before it.
 bool Application::guarded(std::string_view entry, const std::function<void()>& run) {
+  return enter(entry, [&] {
+    endHoverPreview(interaction.context);
+    run();
+  });
+}
+
+bool Application::enter(std::string_view entry, const std::function<void()>& run) {
   const bool done = reporting_.guarded(entry, run);
   showPropertiesAndTool();
   viewer.settle();
@@ -131,6 +141,7 @@ void Application::showFigures() {
   interaction.statusBar.setPanel(StatusPanel::Tool, toolInUseText(session));
   pathTotals.settle();
   keyHints_.settle();
+  guide.settle();
 }
 
 void Application::keepJournal() {
@@ -160,8 +171,8 @@ bool Application::press(const PointerEvent& event) {
 }
 
 bool Application::move(const PointerEvent& event) {
-  return guarded("frmMain.picDrawing_MouseMove(Button,Shift,X,Y)",
-                 [&] { picDrawing_MouseMove(interaction.context, event); });
+  return enter("frmMain.picDrawing_MouseMove(Button,Shift,X,Y)",
+               [&] { picDrawing_MouseMove(interaction.context, event); });
 }
 
 bool Application::release(const PointerEvent& event) {
@@ -193,6 +204,17 @@ bool Application::movePan(Point at) {
 bool Application::endPan(Point at) {
   return guarded("frmMain.picDrawing_MouseUp(Button,Shift,X,Y)",
                  [&] { interaction.navigation.endPan(at); });
+}
+
+void Application::leave() {
+  guarded("frmMain.picDrawing_MouseLeave()", [] {});
+}
+
+std::string Application::typePosition(std::string_view text, int button) {
+  std::string trouble;
+  guarded("frmMain.typePosition(text,button)",
+          [&] { trouble = tess::typePosition(interaction.context, text, button); });
+  return trouble;
 }
 
 bool Application::mayClose() {

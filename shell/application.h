@@ -19,6 +19,7 @@
 #include "shell/error_reporting.h"
 #include "shell/frmPDFHelp.h"
 #include "shell/interaction.h"
+#include "shell/operator_guide.h"
 #include "shell/path_totals.h"
 #include "shell/program_folder.h"
 #include "shell/proof_watch.h"
@@ -87,6 +88,11 @@ class Application {
   bool beginPan(Point at);
   bool movePan(Point at);
   bool endPan(Point at);
+  // The pointer has left the drawing.
+  void leave();
+  // A position typed in the place of a click with that button; gives back what is wrong with it, ""
+  // when the click was made.
+  std::string typePosition(std::string_view text, int button = kLeftButton);
   bool guarded(std::string_view entry, const std::function<void()>& run);
 
   // From now on unsaved work is written down as it comes about. First the operator is asked about
@@ -165,6 +171,7 @@ class Application {
   void wireTools();
   void wireProof();
   void wirePaper();
+  bool enter(std::string_view entry, const std::function<void()>& run);
   void showPropertiesAndTool();
   void showFigures();
 
@@ -180,6 +187,7 @@ class Application {
   HandOver handOver;
   CncViewer viewer;
   PathTotals pathTotals{session, definition, interaction.context.changes, interaction.statusBar};
+  OperatorGuide guide{session, interaction};
 
  private:
   DesktopKeyHints keyHints_{store, interaction.tools};

@@ -3,6 +3,8 @@
 
 #include <string>
 
+#include "core/count_text.h"
+
 namespace tess {
 namespace {
 
@@ -13,10 +15,6 @@ constexpr char kExplanation[] =
     "Discard removes it for good.";
 constexpr char kOneAtATime[] =
     "\n\nOne drawing can be restored at a time; the next start offers the rest.";
-
-std::string counted(int count, const std::string& one) {
-  return std::to_string(count) + " " + one + (count == 1 ? "" : "s");
-}
 
 }  // namespace
 
@@ -49,8 +47,8 @@ void frmRestore::showDetails() {
   if (lstWork.index() < 0) return;
   const UnsavedWork& work = chosen();
   lblDetails.setCaption((work.drawing.empty() ? "Never saved" : work.drawing) + "\n" +
-                        counted(work.segments, "drawing row") + ", " +
-                        counted(work.paths, "path row") + "\nLast change: " + work.when);
+                        countText(work.segments, "drawing row") + ", " +
+                        countText(work.paths, "path row") + "\nLast change: " + work.when);
 }
 
 }  // namespace tess

@@ -1,5 +1,5 @@
 // What the path of the drawing amounts to, in the window's status area: rows, length of cut, and
-// the time that a program of it takes on the machine.
+// the time that a program of it takes on the machine; and as a result after each change.
 // Owns: PathTotals.
 #pragma once
 
@@ -16,7 +16,7 @@ class StatusBar;
 class PathTotals : public ChangeListener {
  public:
   // All must outlive it.
-  PathTotals(const Session& session, const PostDefinition& definition, Changes& changes,
+  PathTotals(Session& session, const PostDefinition& definition, Changes& changes,
              StatusBar& statusBar);
 
   // What the time depends on besides the rows may have changed.
@@ -33,10 +33,16 @@ class PathTotals : public ChangeListener {
   void changed(const KeptChange& change) override;
   void rewritten() override { markStale(); }
 
-  const Session& session_;
+  struct Figures {
+    std::string rows, length, minutes;  // the later two with a comma before them
+  };
+  Figures figures() const;
+
+  Session& session_;
   const PostDefinition& definition_;
   StatusBar& statusBar_;
   bool stale_ = true;
+  bool worked_ = false;  // a command has changed the path: its figures are a result
   Subscription subscription_;
 };
 

@@ -8,6 +8,7 @@
 #include "core/cancellable_work.h"
 #include "core/drawing_store.h"
 #include "core/runtime_failure.h"
+#include "toolpath/entry_moves.h"
 
 namespace tess {
 namespace {
@@ -77,6 +78,7 @@ ProofWatch::Circumstances ProofWatch::circumstances() const {
   Circumstances found{store.cfg_tolerance, store.zstartpos, store.partdimy,
                       isMetric(store) ? 1.0 : 0.0, static_cast<double>(session_.pathJobs.notes())};
   const MotionRules rules = motionRules(definition_.dialect);
+  found.push_back(wantsEntries(store) ? 1 : 0);
   found.push_back(rules.safeChange ? 1 : 0);
   found.push_back(rules.plungeFrom ? static_cast<double>(*rules.plungeFrom) : store.zstartpos);
   for (int tool = 0; tool <= kLastTool; ++tool) found.push_back(store.toolradius[tool]);

@@ -138,7 +138,9 @@ void CAMAddMachCycleDeferred(CamContext& cam) {
 namespace {
 
 constexpr Action<CamContext> kAddMachineCycleActions[] = {
-    {{.action = PendingAction::PlaceCycle, .prompt = "Click spot to place machine cycle."},
+    {{.action = PendingAction::PlaceCycle,
+      .prompt = "Click spot to place machine cycle.",
+      .left = "places the machine cycle there"},
      clickPlaceCycle},
 };
 

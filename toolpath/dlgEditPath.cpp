@@ -453,7 +453,7 @@ bool dlgEditPath::saveRows(int row, const Edit& edit) {
   }
   if (!optApplyToAll.value()) saveName(change, row);
   if (!keepEdit(cam_.context, change)) return false;
-  if (looksOther) cam_.context.redraw.redrawscreen();
+  if (looksOther) cam_.context.redraw.redrawSoon();
   return true;
 }
 

@@ -33,6 +33,8 @@ dlgPocketingPrm::dlgPocketingPrm(DrawingStore& store)
     : Form("dlgPocketingPrm", "Pocketing & Profiling Parameters"),
       store_(store),
       stepOver_(store, {OptCutWidth, txtToolSpacingPercent, txtToolSpacingDistance}),
+      entry_(store, {fraEntry, optEntry, lblEntryAngle, txtEntryAngle, lblEntryRadius,
+                     txtEntryRadius, lblEntryFeed, txtEntryFeed}),
       numbers_{{txtstartdepth, &DrawingSettings::cfg_start_depth},
                {txtfinaldepth, &DrawingSettings::cfg_final_depth},
                {txtzcutperpass, &DrawingSettings::cfg_z_cut_per_pass},
@@ -113,6 +115,7 @@ void dlgPocketingPrm::wire() {
   chkLathePocketing.onClick = [this] { latheChosen(); };
   chkPlaceFinishPath.onClick = [this] { placeFinishPath_ = chkPlaceFinishPath.isChecked(); };
   chkLeadIn.onClick = [this] { leadChosen(); };
+  chkTruePaths.onClick = [this] { entry_.setEnabled(chkTruePaths.isChecked()); };
 }
 
 // ---- Loading
@@ -125,6 +128,7 @@ void dlgPocketingPrm::fill() {
   const float plunge = store_.cfg_z_plunge_rate;
   txtZPlungeRate.setText(plunge <= 0 ? "1" : plainText(plunge));
   fillLeads();
+  entry_.load();
   fillToolNotes();
 }
 
@@ -135,6 +139,7 @@ void dlgPocketingPrm::fillChoices() {
   chkPlaceFinishPath.setChecked(store_.cfg_auto_place_finish_path);
   chkGougeAvoidance.setChecked(store_.cfg_gouge_avoidance);
   chkTruePaths.setChecked(store_.cfg_true_paths);
+  entry_.setEnabled(store_.cfg_true_paths);
   chkConnectPocketPaths.setChecked(store_.cfg_connect_pocketing_paths);
 }
 
@@ -217,6 +222,7 @@ void dlgPocketingPrm::takeOver() {
   try {
     takeOverNumbers();
     takeOverLeads();
+    entry_.takeOver();
   } catch (...) {
     static_cast<DrawingSettings&>(store_) = before;
     throw;

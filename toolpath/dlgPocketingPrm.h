@@ -6,6 +6,7 @@
 #include "core/form.h"
 #include "core/pocketing_choices.h"
 #include "toolpath/cam_context.h"
+#include "toolpath/entry_fields.h"
 #include "toolpath/step_over_fields.h"
 
 namespace tess {
@@ -13,7 +14,8 @@ namespace tess {
 struct DrawingSettings;
 
 // Accept stores what the boxes hold, without looking at ranges, and marks the setup as changed.
-// Raises Type mismatch, and stores nothing, when the lead length or angle is no number.
+// Raises Type mismatch, and stores nothing, when the lead length or angle, or a number of the
+// entry, is none.
 class dlgPocketingPrm : public Form {
  public:
   explicit dlgPocketingPrm(DrawingStore& store);
@@ -66,6 +68,14 @@ class dlgPocketingPrm : public Form {
   CheckBox chkPlaceFinishPath{*this, "chkPlaceFinishPath"};
   CheckBox chkLathePocketing{*this, "chkLathePocketing"};
   CheckBox chkTruePaths{*this, "chkTruePaths"};
+  Frame fraEntry{*this, "fraEntry"};
+  ControlArray<Option> optEntry{*this, "optEntry", {0, 1, 2, 3, 4}, fraEntry};
+  Label lblEntryAngle{*this, "lblEntryAngle", fraEntry};
+  TextBox txtEntryAngle{*this, "txtEntryAngle", fraEntry};
+  Label lblEntryRadius{*this, "lblEntryRadius", fraEntry};
+  TextBox txtEntryRadius{*this, "txtEntryRadius", fraEntry};
+  Label lblEntryFeed{*this, "lblEntryFeed", fraEntry};
+  TextBox txtEntryFeed{*this, "txtEntryFeed", fraEntry};
   Button cmdAccept{*this, "cmdAccept"};
   Button cmdCancel{*this, "cmdCancel"};
 
@@ -100,6 +110,7 @@ class dlgPocketingPrm : public Form {
 
   DrawingStore& store_;
   StepOverFields stepOver_;
+  EntryFields entry_;
   // What the clicks have chosen.
   CuttingMode cuttingMode_{};
   PocketingStyle pocketingStyle_{};

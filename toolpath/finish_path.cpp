@@ -230,15 +230,20 @@ void mnuCAMPlaceFinishPath_Click(CamContext& cam) {
 namespace {
 
 constexpr Action<CamContext> kPlaceFinishPathActions[] = {
-    {{.action = PendingAction::FinishStart, .prompt = "Click near start point.", .snaps = false},
+    {{.action = PendingAction::FinishStart,
+      .prompt = "Click near start point.",
+      .snaps = false,
+      .left = "start of the path, near an end of a row"},
      clickStart},
     {{.action = PendingAction::FinishDirection,
       .prompt = "Click to indicate direction.",
-      .snaps = false},
+      .snaps = false,
+      .left = "the way to go from there"},
      clickDirection},
     {{.action = PendingAction::FinishReference,
       .prompt = "Click to indicate finish reference.",
-      .snaps = false},
+      .snaps = false,
+      .left = "the side on which the cutter runs"},
      clickReference},
 };
 

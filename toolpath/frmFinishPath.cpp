@@ -50,6 +50,8 @@ void frmFinishPath::fill() {
   stepOver_.load();
   chkGougeAvoidance.setChecked(store.cfg_gouge_avoidance);
   chkConnectPocketPaths.setChecked(store.cfg_connect_pocketing_paths);
+  entry_.load();
+  entry_.setEnabled(store.cfg_true_paths);
   txtNumPasses.setText("1");
 }
 
@@ -64,9 +66,11 @@ void frmFinishPath::passesChanged() {
   FraStepOver.setEnabled(passes >= kPassesWithStepOver);
 }
 
+// A text of the entry that is no number leaves all settings as they were.
 void frmFinishPath::takeOver() {
   DrawingStore& store = cam_.store;
   const float clearance = parseFloat(txtminroughclear.text());
+  entry_.takeOver();
   stepOver_.takeOver();
   cam_.numFinishPasses = passes_;
   store.cfg_min_rough_clearance = clearance;

@@ -4,6 +4,7 @@
 
 #include "core/form.h"
 #include "toolpath/cam_context.h"
+#include "toolpath/entry_fields.h"
 #include "toolpath/step_over_fields.h"
 
 namespace tess {
@@ -21,6 +22,14 @@ class frmFinishPath : public Form {
   TextBox txtToolSpacingDistance{*this, "txtToolSpacingDistance", FraStepOver};
   CheckBox chkGougeAvoidance{*this, "chkGougeAvoidance"};
   CheckBox chkConnectPocketPaths{*this, "chkConnectPocketPaths"};
+  Frame fraEntry{*this, "fraEntry"};
+  ControlArray<Option> optEntry{*this, "optEntry", {0, 1, 2, 3, 4}, fraEntry};
+  Label lblEntryAngle{*this, "lblEntryAngle", fraEntry};
+  TextBox txtEntryAngle{*this, "txtEntryAngle", fraEntry};
+  Label lblEntryRadius{*this, "lblEntryRadius", fraEntry};
+  TextBox txtEntryRadius{*this, "txtEntryRadius", fraEntry};
+  Label lblEntryFeed{*this, "lblEntryFeed", fraEntry};
+  TextBox txtEntryFeed{*this, "txtEntryFeed", fraEntry};
   Button cmdOK{*this, "cmdOK"};
   Button cmdCancel{*this, "cmdCancel"};
 
@@ -32,6 +41,9 @@ class frmFinishPath : public Form {
   CamContext& cam_;
   StepOverFields stepOver_{cam_.store,
                            {OptCutWidth, txtToolSpacingPercent, txtToolSpacingDistance}};
+  EntryFields entry_{cam_.store,
+                     {fraEntry, optEntry, lblEntryAngle, txtEntryAngle, lblEntryRadius,
+                      txtEntryRadius, lblEntryFeed, txtEntryFeed}};
   int passes_ = 1;
 };
 

@@ -268,7 +268,9 @@ void miGougeAvoidance_Click(CamContext& cam) {
 namespace {
 
 constexpr Action<CamContext> kGougeAvoidanceActions[] = {
-    {{.action = PendingAction::GougeGroup, .prompt = "Click near the desired Path Group.  "},
+    {{.action = PendingAction::GougeGroup,
+      .prompt = "Click near the desired Path Group.  ",
+      .left = "takes the nearest path group"},
      clickGougeGroup},
 };
 

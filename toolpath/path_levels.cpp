@@ -32,20 +32,29 @@ bool levelsArePossible(CamContext& cam, const std::string& command, bool several
   return canGoDown(cam, command, firstLevel(cam.store, floor), floor);
 }
 
-void placeAtLevels(CamContext& cam, Change& change, int index, std::span<const Entity> rows,
-                   std::span<const PathLevel> levels) {
+std::vector<LevelRows> rowsAtLevels(std::span<const Entity> rows,
+                                    std::span<const PathLevel> levels) {
+  std::vector<LevelRows> placed;
+  placed.reserve(levels.size());
+  for (const PathLevel& level : levels) {
+    LevelRows& at = placed.emplace_back();
+    at.reserve(rows.size());
+    for (const Entity& entity : rows) at.push_back(pathRowOf(entity, level.z, level.feed));
+  }
+  return placed;
+}
+
+void placeLevels(CamContext& cam, Change& change, int index, std::vector<LevelRows> levels) {
   const int code = pathCode(cam.store.currentpathgroup, cam.store.selectedtool);
-  const auto rowAt = [code](const Entity& entity, const PathLevel& level) {
-    PathRow row = pathRowOf(entity, level.z, level.feed);
-    row.code = code;
-    return row;
-  };
+  for (LevelRows& level : levels) {
+    for (PathRow& row : level) row.code = code;
+  }
   std::vector<RowInsertion<PathRow>> insertions;
-  insertions.reserve(rows.size());
-  for (const Entity& entity : rows) insertions.push_back({index, rowAt(entity, levels.front())});
+  insertions.reserve(levels.front().size());
+  for (const PathRow& row : levels.front()) insertions.push_back({index, row});
   change.paths.insert(insertions);
-  for (const PathLevel& level : levels.subspan(1)) {
-    for (const Entity& entity : rows) change.paths.append(rowAt(entity, level));
+  for (std::size_t level = 1; level < levels.size(); ++level) {
+    for (const PathRow& row : levels[level]) change.paths.append(row);
   }
 }
 

@@ -1,5 +1,5 @@
 // The levels of a true path: one set of rows, cut at each of them.
-// Owns: PathLevel, levelsOf, levelsArePossible, placeAtLevels.
+// Owns: PathLevel, levelsOf, levelsArePossible, LevelRows, rowsAtLevels, placeLevels.
 #pragma once
 
 #include <span>
@@ -25,9 +25,13 @@ std::vector<PathLevel> levelsOf(const DrawingStore& store, bool several, float f
 // False, after a message titled `command`, when a depth per pass is too small for the depth.
 bool levelsArePossible(CamContext& cam, const std::string& command, bool several);
 
-// Puts the rows of the current path group and the selected tool in front of row `index` at the
-// first level, and at the end of the table at the others.
-void placeAtLevels(CamContext& cam, Change& change, int index, std::span<const Entity> rows,
-                   std::span<const PathLevel> levels);
+// The rows of a level, each at its depth and feed; their codes follow when they are placed.
+using LevelRows = std::vector<PathRow>;
+std::vector<LevelRows> rowsAtLevels(std::span<const Entity> rows,
+                                    std::span<const PathLevel> levels);
+
+// Puts rows into the current path group, cut by the selected tool: the first level in front of row
+// `index`, the others at the end of the table.
+void placeLevels(CamContext& cam, Change& change, int index, std::vector<LevelRows> levels);
 
 }  // namespace tess

@@ -213,7 +213,9 @@ void mnuRevPathDir_Click(CamContext& cam) {
 namespace {
 
 constexpr Action<CamContext> kReversePathActions[] = {
-    {{.action = PendingAction::ReversePath, .prompt = "Click near Path Segment to reverse.  "},
+    {{.action = PendingAction::ReversePath,
+      .prompt = "Click near Path Segment to reverse.  ",
+      .left = "turns the nearest path row round"},
      clickReverse},
 };
 

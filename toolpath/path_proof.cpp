@@ -6,6 +6,8 @@
 #include <limits>
 
 #include "core/drawing_store.h"
+#include "toolpath/entry_moves.h"
+#include "toolpath/plunge_findings.h"
 #include "toolpath/proof_groups.h"
 #include "toolpath/rapid_findings.h"
 #include "toolpath/region_offset.h"
@@ -137,7 +139,8 @@ double PathProof::share() const {
 }
 
 bool PathProof::isBeyondLimits() const {
-  return isCancelled || gouge.depth > limits.depth || share() > limits.share || !rapids.empty();
+  return isCancelled || gouge.depth > limits.depth || share() > limits.share || !rapids.empty() ||
+         (forbidsPlunges && !plunges.empty());
 }
 
 PathProof provePaths(const DrawingStore& store, const PathJobs& jobs, const ProofMotions& motions,
@@ -153,7 +156,10 @@ PathProof provePaths(const DrawingStore& store, const PathJobs& jobs, const Proo
     if (group.isClosed) addStripsInPart(group.region, depth.tooDeep(), proof.tooDeep, breathing);
     if (clears(group)) proof.missed.push_back(missedBy(store, groups, group, breathing));
   }
-  proof.rapids = findRapids(store, groups, motions, proof.unjudged, breathing);
+  const std::vector<ToldMove> moves = toldMoves(hasLathe(groups) ? motions.lathe : motions.mill);
+  proof.rapids = findRapids(store, groups, moves, proof.unjudged, breathing);
+  proof.plunges = findPlunges(store, groups, moves, proof.unjudged, breathing);
+  proof.forbidsPlunges = wantsEntries(store);
   std::sort(proof.unjudged.begin(), proof.unjudged.end());
   return proof;
 }

@@ -1,8 +1,8 @@
 // The path proof: the tool is swept along the rows as they stand, whatever made them, and it is
-// told how deep it cuts into the part, how much it leaves of what it could reach, and which rapid
-// goes through material.
-// Owns: GougeFinding, MissedFinding, RapidFinding, JudgedJob, ProofLimits, proofLimits, PathProof,
-//       ProofMotions, provePaths.
+// told how deep it cuts into the part, how much it leaves of what it could reach, which rapid goes
+// through material, and where it goes straight down into it.
+// Owns: GougeFinding, MissedFinding, RapidFinding, PlungeFinding, JudgedJob, ProofLimits,
+//       proofLimits, PathProof, ProofMotions, provePaths.
 #pragma once
 
 #include <functional>
@@ -37,6 +37,14 @@ struct RapidFinding {
   double x = 0, y = 0;
 };
 
+// A tool that goes straight down into material by more than entryStep.
+struct PlungeFinding {
+  int row = 0;  // for which it goes down
+  int group = 0;
+  double x = 0, y = 0;
+  double depth = 0;  // of the material below it
+};
+
 struct JudgedJob {
   int group = 0;
   JobKind kind = JobKind::None;
@@ -56,6 +64,8 @@ struct PathProof {
   GougeFinding gouge;  // the deepest
   std::vector<MissedFinding> missed;
   std::vector<RapidFinding> rapids;
+  std::vector<PlungeFinding> plunges;
+  bool forbidsPlunges = false;  // the setup asks for entries
   std::vector<JudgedJob> jobs;
   std::vector<int> unjudged;        // rows about which nothing can be said
   std::vector<LevelStrip> tooDeep;  // what is cut of the part beyond the limit

@@ -10,6 +10,7 @@
 #include "core/drawing_store.h"
 #include "geometry/row_entity.h"
 #include "toolpath/connected_rows.h"
+#include "toolpath/drilled_holes.h"
 
 namespace tess {
 namespace {
@@ -230,6 +231,28 @@ std::vector<ProofGroup> proofGroups(const DrawingStore& store, const PathJobs& j
     all.push_back(std::move(group));
   }
   return all;
+}
+
+std::vector<GroundCut> groundCuts(const DrawingStore& store, const std::vector<ProofGroup>& groups,
+                                  CycleCuts cycles) {
+  std::vector<GroundCut> cuts(static_cast<std::size_t>(store.NumPathSegments));
+  for (const ProofGroup& group : groups) {
+    for (const int ps : group.rows) {
+      GroundCut& cut = cuts[static_cast<std::size_t>(ps) - 1];
+      cut = {.curves = feedCurves(store, ps, group.kind),
+             .radius = radiusOfRow(store, ps, group),
+             .z = static_cast<double>(store.psz[ps])};
+      const auto hole = drilledHole(store, ps);
+      if (!hole || cycles == CycleCuts::Nothing) continue;
+      cut = {{lineCurve(hole->at, hole->at)}, hole->radius, hole->z};
+    }
+  }
+  return cuts;
+}
+
+bool hasLathe(const std::vector<ProofGroup>& groups) {
+  return std::any_of(groups.begin(), groups.end(),
+                     [](const ProofGroup& group) { return group.kind == JobKind::Lathe; });
 }
 
 }  // namespace tess

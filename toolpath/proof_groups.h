@@ -1,12 +1,14 @@
 // What the rows of each path group are judged by: what their placing noted, or else what their own
 // run beside the outlines of the drawing tells.
-// Owns: ProofGroup, proofGroups, closedOutlines, feedCurves, radiusOfRow.
+// Owns: ProofGroup, proofGroups, closedOutlines, feedCurves, radiusOfRow, CycleCuts, groundCuts,
+//       hasLathe.
 #pragma once
 
 #include <vector>
 
 #include "core/cancellable_work.h"
 #include "core/path_jobs.h"
+#include "toolpath/cleared_ground.h"
 #include "toolpath/pocket_region.h"
 #include "toolpath/row_depth.h"
 
@@ -43,5 +45,13 @@ std::vector<Curve> feedCurves(const DrawingStore& store, int ps, JobKind kind);
 // The radius with which a row is cut: that of its tool as the program names it; where the chest has
 // none, that which the job had. A turning tool has none.
 double radiusOfRow(const DrawingStore& store, int ps, const ProofGroup& group);
+
+// What all rows of the groups take, by their numbers; machine cycles take nothing, or their holes.
+enum class CycleCuts { Nothing, Holes };
+std::vector<GroundCut> groundCuts(const DrawingStore& store, const std::vector<ProofGroup>& groups,
+                                  CycleCuts cycles);
+
+// Those of a lathe are judged by its own motions.
+bool hasLathe(const std::vector<ProofGroup>& groups);
 
 }  // namespace tess

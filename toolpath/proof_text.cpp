@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <span>
 
 #include "core/number_text.h"
 
@@ -52,6 +53,24 @@ std::string missedPlaceText(const MissedPlace& place) {
 std::string rapidText(const RapidFinding& rapid) {
   return "The rapid of row " + std::to_string(rapid.row) + " goes through material at " +
          placeText(rapid.x, rapid.y) + ".";
+}
+
+std::string plungeText(const PlungeFinding& plunge) {
+  return "Row " + std::to_string(plunge.row) + " of group " + std::to_string(plunge.group) +
+         " goes straight down into material by " + lengthText(plunge.depth) + " at " +
+         placeText(plunge.x, plunge.y) + ".";
+}
+
+// Where the setup asks for no entries the tool may go down as it likes.
+std::span<const PlungeFinding> forbiddenPlunges(const PathProof& proof) {
+  if (!proof.forbidsPlunges) return {};
+  return proof.plunges;
+}
+
+const PlungeFinding& deepest(std::span<const PlungeFinding> plunges) {
+  return *std::max_element(
+      plunges.begin(), plunges.end(),
+      [](const PlungeFinding& a, const PlungeFinding& b) { return a.depth < b.depth; });
 }
 
 const MissedFinding* mostMissed(const PathProof& proof) {
@@ -135,13 +154,19 @@ std::vector<ProofPlace> worstPlaces(const PathProof& proof) {
   for (const RapidFinding& rapid : proof.rapids) {
     places.push_back({rapid.x, rapid.y, rapidText(rapid)});
   }
+  for (const PlungeFinding& plunge : forbiddenPlunges(proof)) {
+    places.push_back({plunge.x, plunge.y, plungeText(plunge)});
+  }
   return places;
 }
 
 std::string proofLine(const PathProof& proof) {
   if (proof.isCancelled) return kNotJudged;
-  return "In by " + lengthText(proof.gouge.depth) + "   Left " + percentText(proof.share()) +
-         "   Rapids " + std::to_string(proof.rapids.size());
+  std::string line = "In by " + lengthText(proof.gouge.depth) + "   Left " +
+                     percentText(proof.share()) + "   Rapids " +
+                     std::to_string(proof.rapids.size());
+  if (proof.forbidsPlunges) line += "   Plunges " + std::to_string(proof.plunges.size());
+  return line;
 }
 
 std::string worstFindings(const PathProof& proof) {
@@ -151,6 +176,8 @@ std::string worstFindings(const PathProof& proof) {
   const MissedFinding* const most = mostMissed(proof);
   if (most != nullptr && proof.share() > proof.limits.share) appendLine(text, missedText(*most));
   if (!proof.rapids.empty()) appendLine(text, rapidText(proof.rapids.front()));
+  const std::span<const PlungeFinding> plunges = forbiddenPlunges(proof);
+  if (!plunges.empty()) appendLine(text, plungeText(deepest(plunges)));
   return text;
 }
 
@@ -164,6 +191,9 @@ std::string proofText(const PathProof& proof) {
     if (missed.atClearance.share() > kNear * proof.limits.share) appendMissed(text, missed);
   }
   for (const RapidFinding& rapid : proof.rapids) appendLine(text, rapidText(rapid));
+  for (const PlungeFinding& plunge : forbiddenPlunges(proof)) {
+    appendLine(text, plungeText(plunge));
+  }
   if (!proof.unjudged.empty()) {
     appendLine(text, "Rows not judged: " + std::to_string(proof.unjudged.size()));
   }

@@ -23,13 +23,15 @@ struct ProofPlace {
   std::string text;
 };
 
-// The deepest gouge, what jobs leave, and the rapids, as far as the grade is not clean by them.
+// The deepest gouge, what jobs leave, the rapids and the plunges, as far as the grade is not clean
+// by them.
 std::vector<ProofPlace> worstPlaces(const PathProof& proof);
 
 // "clearing", "contour", "on the line", "lathe"; "not judged" for none of these.
 const char* kindText(JobKind kind);
 
-// "In by 0.0000   Left 0.00 %   Rapids 0"; "Not judged" where the proof was cancelled.
+// "In by 0.0000   Left 0.00 %   Rapids 0", and "   Plunges 0" where the setup asks for entries;
+// "Not judged" where the proof was cancelled.
 std::string proofLine(const PathProof& proof);
 
 // A line for the worst finding of each kind beyond its limit; empty when there is none.

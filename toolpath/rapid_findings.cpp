@@ -4,13 +4,12 @@
 #include <algorithm>
 #include <cmath>
 #include <optional>
-#include <variant>
 
 #include "core/drawing_store.h"
 #include "display/view_transform.h"
-#include "geometry/box_index.h"
+#include "toolpath/cleared_ground.h"
+#include "toolpath/entry_moves.h"
 #include "toolpath/row_depth.h"
-#include "toolpath/swept_spans.h"
 
 namespace tess {
 namespace {
@@ -31,106 +30,6 @@ struct Rapid {
   MoveReason reason = MoveReason::Row;
   ToolPlace from, to;
   Curve way() const { return lineCurve(flat(from), flat(to)); }
-};
-
-// Collects the rapids of a program, each with where it began.
-class RapidReader : public MotionReader {
- public:
-  void read(const MotionEvent& event) override {
-    std::visit([this](const auto& told) { note(told); }, event);
-  }
-
-  std::vector<Rapid> rapids;
-
- private:
-  void note(const RowStart& start) { row_ = start.row; }
-  void note(const RapidMove& move) {
-    rapids.push_back({row_, move.reason, at_.value_or(move.to), move.to});
-    at_ = move.to;
-  }
-  void note(const PlungeMove& move) { at_ = move.to; }
-  void note(const FeedMove& move) { at_ = move.to; }
-  void note(const ArcMove& move) { at_ = move.to; }
-  void note(const CycleRun& cycle) { at_ = cycle.place; }
-  void note(const Dwell&) {}
-  void note(const SpindleStop&) {}
-  void note(const SpindleStart&) {}
-  void note(const ProgramStart&) {}
-  void note(const ToolChange&) {}
-  void note(const ProgramEnd&) {}
-
-  int row_ = 0;
-  std::optional<ToolPlace> at_;  // nothing while the tool may be anywhere
-};
-
-// What rows before a rapid have taken.
-class TakenBefore {
- public:
-  TakenBefore(const DrawingStore& store, const std::vector<ProofGroup>& groups) : store_(store) {
-    std::vector<Box> boxes(static_cast<std::size_t>(store.NumPathSegments));
-    ways_.resize(boxes.size());
-    for (const ProofGroup& group : groups) {
-      for (const int ps : group.rows) {
-        const auto at = static_cast<std::size_t>(ps) - 1;
-        ways_[at].radius = radiusOfRow(store, ps, group) + kRounding;
-        ways_[at].curves = feedCurves(store, ps, group.kind);
-        for (const Curve& curve : ways_[at].curves) {
-          const Box box = grown(boxOf(curve), ways_[at].radius);
-          boxes[at] = extended(extended(boxes[at], {box.minX, box.minY}), {box.maxX, box.maxY});
-        }
-      }
-    }
-    index_ = BoxIndex(std::move(boxes));
-  }
-
-  // Whether some of what the tool sweeps at the depth of a rapid is still there: where. `effort`
-  // counts the stretches that are looked at.
-  std::optional<PlanePoint> untaken(const Rapid& rapid, double radius, int& effort) const {
-    const SweptCurve swept{rapid.way(), radius};
-    const std::vector<SweptCurve> taken = takenNear(swept, rapid);
-    const Box box = grown(boxOf(swept.curve), radius);
-    constexpr int kLevels = 50;
-    std::vector<Span> wanted, had, left;
-    for (int level = 0; level < kLevels; ++level) {
-      const double y =
-          box.minY + (level + 0.5) / kLevels * (static_cast<double>(box.maxY) - box.minY);
-      wanted.clear();
-      had.clear();
-      left.clear();
-      appendSwept(swept, y, wanted);
-      for (const SweptCurve& way : taken) appendSwept(way, y, had);
-      unite(wanted);
-      unite(had);
-      rest(wanted, had, left);
-      effort += static_cast<int>(taken.size()) + 1;
-      for (const Span& span : left) {
-        if (span.length() > kHairOfMaterial) return PlanePoint{(span.from + span.to) / 2, y};
-      }
-    }
-    return std::nullopt;
-  }
-
- private:
-  struct Way {
-    std::vector<Curve> curves;
-    double radius = 0;
-  };
-
-  std::vector<SweptCurve> takenNear(const SweptCurve& swept, const Rapid& rapid) const {
-    std::vector<int> near;
-    index_.rowsOverlapping(grown(boxOf(swept.curve), swept.radius), /*after=*/0, near);
-    std::vector<SweptCurve> taken;
-    for (const int ps : near) {
-      if (ps >= rapid.row || store_.psz[ps] > rapid.to.z + 1e-6F) continue;
-      const Way& way = ways_[static_cast<std::size_t>(ps) - 1];
-      for (const Curve& curve : way.curves) taken.push_back({curve, way.radius});
-    }
-    return taken;
-  }
-
-  const DrawingStore& store_;
-  std::vector<Way> ways_;  // by rows, from 0
-  BoxIndex index_;
 };
 
 // Of a lathe: what rows before a rapid have cut down from above. A turning tool comes from outside
@@ -219,6 +118,12 @@ class TurnedBefore {
 
 // ---- Findings
 
+// A tool that starts in a hole comes down there at rapid speed after its change. Where the setup
+// asks for no entries holes are no matter, as before.
+CycleCuts cyclesFor(const DrawingStore& store) {
+  return wantsEntries(store) ? CycleCuts::Holes : CycleCuts::Nothing;
+}
+
 class RapidSearch {
  public:
   RapidSearch(const DrawingStore& store, const std::vector<ProofGroup>& groups,
@@ -226,7 +131,7 @@ class RapidSearch {
       : store_(store),
         groups_(groups),
         unjudged_(unjudged),
-        taken_(store, groups),
+        taken_(groundCuts(store, groups, cyclesFor(store))),
         turned_(store, groups),
         groupOfRow_(static_cast<std::size_t>(store.NumPathSegments), -1) {
     for (std::size_t k = 0; k < groups.size(); ++k) {
@@ -274,46 +179,30 @@ class RapidSearch {
       if (depth && depth->depth > kRounding) return depth->at;
     }
     if (group.kind == JobKind::Lathe) return turned_.untaken(rapid, effort_);
-    return taken_.untaken(rapid, radius, effort_);
+    return taken_.untaken({rapid.way(), radius}, rapid.to.z, rapid.row, effort_);
   }
 
   const DrawingStore& store_;
   const std::vector<ProofGroup>& groups_;
   std::vector<int>& unjudged_;
-  TakenBefore taken_;
+  ClearedGround taken_;
   TurnedBefore turned_;
   std::vector<int> groupOfRow_;  // places in groups_, by rows from 0
   std::vector<DepthSearch> searches_;
   int effort_ = 0;
 };
 
-// A row that a program cannot be made of ends the motions; what came before it is judged.
-std::vector<Rapid> rapidsOf(const std::function<void(MotionReader&)>& tell) {
-  RapidReader reader;
-  try {
-    tell(reader);
-  } catch (const RuntimeFailure&) {
-    takeCallChain();
-  }
-  return std::move(reader.rapids);
-}
-
-bool hasLathe(const std::vector<ProofGroup>& groups) {
-  return std::any_of(groups.begin(), groups.end(),
-                     [](const ProofGroup& group) { return group.kind == JobKind::Lathe; });
-}
-
 }  // namespace
 
 std::vector<RapidFinding> findRapids(const DrawingStore& store,
                                      const std::vector<ProofGroup>& groups,
-                                     const ProofMotions& motions, std::vector<int>& unjudged,
+                                     const std::vector<ToldMove>& moves, std::vector<int>& unjudged,
                                      const Breathing& breathing) {
   RapidSearch search(store, groups, unjudged);
   const bool isLathe = hasLathe(groups);
-  for (const Rapid& rapid : rapidsOf(isLathe ? motions.lathe : motions.mill)) {
+  for (const ToldMove& move : moves) {
     breathe(breathing);
-    search.judge(rapid, isLathe);
+    if (move.rapid) search.judge({move.row, *move.rapid, move.from, move.to}, isLathe);
   }
   std::stable_sort(search.findings.begin(), search.findings.end(),
                    [](const RapidFinding& a, const RapidFinding& b) { return a.row < b.row; });

@@ -4,14 +4,15 @@
 
 #include "toolpath/path_proof.h"
 #include "toolpath/proof_groups.h"
+#include "toolpath/told_moves.h"
 
 namespace tess {
 
-// The rapids that mill and lathe make for the rows of these groups, in the order of the rows. Rows
+// Those among the moves of a program for the rows of these groups, in the order of the rows. Rows
 // whose rapids could not be looked at, since there are too many of them, are added to `unjudged`.
 std::vector<RapidFinding> findRapids(const DrawingStore& store,
                                      const std::vector<ProofGroup>& groups,
-                                     const ProofMotions& motions, std::vector<int>& unjudged,
+                                     const std::vector<ToldMove>& moves, std::vector<int>& unjudged,
                                      const Breathing& breathing = {});
 
 }  // namespace tess

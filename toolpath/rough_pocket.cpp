@@ -169,7 +169,9 @@ void mnuCAMRoughCutPocket_Click(CamContext& cam) {
 namespace {
 
 constexpr Action<CamContext> kRoughCutPocketActions[] = {
-    {{.action = PendingAction::StartRoughing, .prompt = "Click near starting Path Segment.  "},
+    {{.action = PendingAction::StartRoughing,
+      .prompt = "Click near starting Path Segment.  ",
+      .left = "clears the pocket from the outline nearest to it"},
      clickStartRoughing},
 };
 

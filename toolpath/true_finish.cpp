@@ -15,6 +15,7 @@
 #include "toolpath/cancellable_command.h"
 #include "toolpath/chain_walk.h"
 #include "toolpath/element_offset.h"
+#include "toolpath/entry_moves.h"
 #include "toolpath/job_walls.h"
 #include "toolpath/lead_gouge.h"
 #include "toolpath/path_groups.h"
@@ -408,43 +409,54 @@ bool pathIsPossible(CamContext& cam, const FinishField& field, const Breathing& 
 
 // ---- The passes
 
-// The rows of a pass at its distance from the outline.
+// The rows of a pass at its distance from the outline, at all levels, with their ways in.
 struct FinishPass {
   float distance = 0;
-  std::vector<Entity> rows;
+  std::vector<LevelRows> levels;
 };
 
 // All that a command is going to place; nothing of it stands in the drawing before it is complete.
 struct FinishPlan {
-  std::vector<FinishPass> passes;  // in the order in which they are cut
-  bool failed = false;             // a part of the path could not be placed
+  std::vector<FinishPass> passes;    // in the order in which they are cut
+  bool failed = false;               // a part of the path could not be placed
+  std::vector<std::string> entries;  // what is to be told about these
 };
 
 // Nothing after a message.
-std::optional<FinishPlan> planPasses(CamContext& cam, const TrueFinishRequest& request, bool links,
+std::optional<FinishPlan> planPasses(CamContext& cam, const TrueFinishRequest& request,
+                                     const std::vector<PathLevel>& levels,
                                      const Breathing& breathing) {
   const Chain chain = chainFrom(cam.store, request.sg, request.start);
   const auto field = fieldOf(cam, chain, request);
   if (!field || !pathIsPossible(cam, *field, breathing)) return std::nullopt;
+  const bool links = cam.store.cfg_connect_pocketing_paths && levels.size() == 1;
   PassMaker maker(cam, *field, breathing);
+  const auto isClear = [&field](const Curve& curve, double distance) {
+    return field->isClear(curve, distance);
+  };
+  EntryPlanner entries(cam, kCommand, {isClear, passDistance(cam.store, 1), nullptr},
+                       pathInsertIndex(cam.store, cam.pathInsertMode, cam.pathInsertGroup),
+                       breathing);
   FinishPlan plan;
   for (int pass = request.passes; pass >= 1; --pass) {
     // A clearance below 0 would cut into the part.
     const float distance = std::max(passDistance(cam.store, pass), passDistance(cam.store, 1));
-    plan.passes.push_back({distance, maker.rowsAt(distance, links)});
+    auto entered = entries.entered(rowsAtLevels(maker.rowsAt(distance, links), levels));
+    if (!entered) return std::nullopt;
+    plan.passes.push_back({distance, std::move(*entered)});
   }
+  plan.entries = entries.notes();
   plan.failed = maker.refused();
   return plan;
 }
 
-void placePasses(CamContext& cam, const FinishPlan& plan, const JobWalls& walls,
-                 const std::vector<PathLevel>& levels) {
+void placePasses(CamContext& cam, FinishPlan& plan, const JobWalls& walls) {
   DrawingStore& store = cam.store;
   Change change(cam.changes);
-  for (const FinishPass& pass : plan.passes) {
+  for (FinishPass& pass : plan.passes) {
     store.currentpathgroup = nextPathGroup(store);
     const int index = pathInsertIndex(store, cam.pathInsertMode, cam.pathInsertGroup);
-    placeAtLevels(cam, change, index, pass.rows, levels);
+    placeLevels(cam, change, index, std::move(pass.levels));
     noteJob(cam, JobKind::Contour, pass.distance, walls);
   }
   change.keep({.redraws = false});
@@ -464,20 +476,21 @@ void placeTrueFinish(CamContext& cam, const TrueFinishRequest& request) {
   const DrawingStore& store = cam.store;
   const bool several = -std::abs(store.cfg_start_depth) >= roughingFloor(store);
   if (request.passes < 1 || !levelsArePossible(cam, kCommand, several)) return;
+  if (!entriesArePossible(cam, kCommand)) return;
   const BusyPointer busy(cam.context.systemPointer);
   const std::vector<PathLevel> levels = levelsOf(store, several, store.cfg_finish_feedrate);
-  const bool links = store.cfg_connect_pocketing_paths && levels.size() == 1;
   TrueFinishRequest begun = request;
   begun.start = startOn(store, request);
   std::optional<FinishPlan> plan;
   const bool done = unlessCancelled(cam, kStage, [&](const Breathing& breathing) {
-    plan = planPasses(cam, begun, links, breathing);
+    plan = planPasses(cam, begun, levels, breathing);
   });
   if (!done || !plan) return;
-  placePasses(cam, *plan, wallsBeside(store, request.sg, request.reference), levels);
+  placePasses(cam, *plan, wallsBeside(store, request.sg, request.reference));
   cam.context.state.setPendingaction(0);
   showPlacedPaths(cam);
   tellWhatFailed(cam, kCommand, plan->failed);
+  tellEntries(cam, kCommand, plan->entries);
 }
 
 }  // namespace tess

@@ -7,17 +7,24 @@
 #include "toolpath/region_rows.h"
 
 namespace tess {
+
+double lengthOfWay(const std::vector<Curve>& way) {
+  return std::accumulate(way.begin(), way.end(), 0.0,
+                         [](double sum, const Curve& curve) { return sum + lengthOf(curve); });
+}
+
+std::vector<Curve> turnedRound(std::vector<Curve> way) {
+  std::reverse(way.begin(), way.end());
+  for (Curve& curve : way) curve = reversed(curve);
+  return way;
+}
+
 namespace {
 
 // A place this near to an end of a curve is the end.
 constexpr double kAtEnd = 1e-3;
 // A place is on a loop within this.
 constexpr double kOnLoop = 1e-6;
-
-double lengthOfWay(const std::vector<Curve>& way) {
-  return std::accumulate(way.begin(), way.end(), 0.0,
-                         [](double sum, const Curve& curve) { return sum + lengthOf(curve); });
-}
 
 void appendPart(const Curve& curve, double from, double to, std::vector<Curve>& way) {
   if (!(from < to)) return;
@@ -70,12 +77,6 @@ std::vector<TrackPlace> placesOn(const PocketRegion& tracks, PlanePoint at) {
                        shareOf(curve, at), distance}});
   }
   return places;
-}
-
-std::vector<Curve> turnedRound(std::vector<Curve> way) {
-  std::reverse(way.begin(), way.end());
-  for (Curve& curve : way) curve = reversed(curve);
-  return way;
 }
 
 LoopPlace snapped(const RegionLoop& loop, LoopPlace place) {

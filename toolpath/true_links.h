@@ -1,6 +1,6 @@
 // The way of a tool through a room: loops cut from the place nearest to it, and feed moves between
 // what is cut, where these are free of the walls.
-// Owns: LoopPlace, nearestPlace, loopFrom, RoomWay.
+// Owns: lengthOfWay, turnedRound, LoopPlace, nearestPlace, loopFrom, RoomWay.
 #pragma once
 
 #include <vector>
@@ -8,6 +8,10 @@
 #include "toolpath/pocket_region.h"
 
 namespace tess {
+
+double lengthOfWay(const std::vector<Curve>& way);
+// The same way from its end to its start.
+std::vector<Curve> turnedRound(std::vector<Curve> way);
 
 // A place of a loop: curve from 0, and the share of it.
 struct LoopPlace {

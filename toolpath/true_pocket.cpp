@@ -15,6 +15,7 @@
 #include "drafting/change.h"
 #include "geometry/row_entity.h"
 #include "toolpath/cancellable_command.h"
+#include "toolpath/entry_moves.h"
 #include "toolpath/path_groups.h"
 #include "toolpath/path_levels.h"
 #include "toolpath/path_placement.h"
@@ -155,9 +156,11 @@ void tellWhatIsLeft(CamContext& cam, const std::vector<PlanePoint>& places) {
 // All that a command is going to place, and to tell. Nothing of it stands in the drawing before it
 // is complete.
 struct RoughingPlan {
-  std::vector<Entity> rows;
-  bool failed = false;                // a part of the path could not be placed
-  std::vector<PlanePoint> forFinish;  // that roughing does not come near
+  std::vector<Entity> rows{};
+  bool failed = false;                  // a part of the path could not be placed
+  std::vector<LevelRows> levels{};      // the rows at all levels, with their ways in
+  std::vector<std::string> entries{};   // what is to be told about these
+  std::vector<PlanePoint> forFinish{};  // that roughing does not come near
 };
 
 void addRows(const RoughingField& field, const JobMeasures& job, const RoomWay& way,
@@ -168,18 +171,39 @@ void addRows(const RoughingField& field, const JobMeasures& job, const RoomWay& 
   plan.failed |= rows.refused();
 }
 
-void placeRows(CamContext& cam, const RoughingPlan& plan, int index,
-               const std::vector<PathLevel>& levels) {
+// Where they are going to stand, and how deep.
+struct RoughingDepths {
+  int index = 1;  // of the table, in front of which the first level comes
+  std::vector<PathLevel> levels;
+};
+
+// False after a message.
+bool enterLevels(CamContext& cam, const RoughingField& field, const JobMeasures& job,
+                 const RoughingDepths& depths, const Breathing& breathing, RoughingPlan& plan) {
+  const auto isClear = [&field](const Curve& curve, double distance) {
+    return field.region.isClear(curve, distance);
+  };
+  EntryPlanner planner(cam, kCommand, {isClear, job.distance, &field.offset.region}, depths.index,
+                       breathing);
+  auto levels = planner.entered(rowsAtLevels(plan.rows, depths.levels));
+  if (!levels) return false;
+  plan.levels = std::move(*levels);
+  plan.entries = planner.notes();
+  return true;
+}
+
+void placeRows(CamContext& cam, RoughingPlan& plan, const RoughingDepths& depths) {
   Change change(cam.changes);
   cam.store.currentpathgroup = nextPathGroup(cam.store);
-  cam.currentZ = levels.back().z;
-  placeAtLevels(cam, change, index, plan.rows, levels);
+  cam.currentZ = depths.levels.back().z;
+  placeLevels(cam, change, depths.index, std::move(plan.levels));
   change.keep({.redraws = false});
 }
 
 void finishCommand(CamContext& cam, const RoughingPlan& plan) {
   showPlacedPaths(cam);
   tellWhatFailed(cam, kCommand, plan.failed);
+  tellEntries(cam, kCommand, plan.entries);
   tellWhatIsLeft(cam, plan.forFinish);
 }
 
@@ -206,29 +230,32 @@ bool linesAreFewEnough(CamContext& cam, const RoughingField& field, const JobMea
 
 // Nothing after a message.
 std::optional<RoughingPlan> planLines(CamContext& cam, const JobMeasures& job,
-                                      const Breathing& breathing) {
+                                      const RoughingDepths& depths, const Breathing& breathing) {
   const DrawingStore& store = cam.store;
   const auto field = fieldOf(cam, job, breathing);
   if (!field || !linesAreFewEnough(cam, *field, job)) return std::nullopt;
   cam.context.statusBar.setText(kStage);
   breathe(breathing);
-  RoughingPlan plan{.rows = {}, .failed = !field->offset.lost.empty(), .forFinish = {}};
+  RoughingPlan plan{.failed = !field->offset.lost.empty()};
   RoomWay way(field->region, wayRules(store, job));
   const LineRules rules{scanStyle(store), cuttingMode(store), job.step, true};
   cutLines(field->offset.region, rules, way, breathing);
   addRows(*field, job, way, breathing, plan);
   plan.forFinish = placesForFinish(*field, job, breathing);
+  if (!enterLevels(cam, *field, job, depths, breathing, plan)) return std::nullopt;
   return plan;
 }
 
 void roughByLines(CamContext& cam, const JobMeasures& job) {
-  std::optional<RoughingPlan> plan;
-  const bool done = unlessCancelled(
-      cam, kStage, [&](const Breathing& breathing) { plan = planLines(cam, job, breathing); });
-  if (!done || !plan) return;
   const DrawingStore& store = cam.store;
-  placeRows(cam, *plan, store.NumPathSegments + 1,
-            levelsOf(store, linesHaveLevels(store), store.cfg_rough_feedrate));
+  const RoughingDepths depths{store.NumPathSegments + 1,
+                              levelsOf(store, linesHaveLevels(store), store.cfg_rough_feedrate)};
+  std::optional<RoughingPlan> plan;
+  const bool done = unlessCancelled(cam, kStage, [&](const Breathing& breathing) {
+    plan = planLines(cam, job, depths, breathing);
+  });
+  if (!done || !plan) return;
+  placeRows(cam, *plan, depths);
   finishCommand(cam, *plan);
 }
 
@@ -321,6 +348,7 @@ void roughTruePocket(CamContext& cam) {
   const bool turning = isTurning(cam.store);
   if (!hasRows(cam, "", "No segments selected!") || !measuresAreSound(cam, job)) return;
   if (!turning && !levelsArePossible(cam, kCommand, linesHaveLevels(cam.store))) return;
+  if (!turning && !entriesArePossible(cam, kCommand)) return;
   const BusyPointer busy(cam.context.systemPointer);
   turning ? roughByLathe(cam, job) : roughByLines(cam, job);
 }
@@ -386,12 +414,12 @@ double ringCount(const PocketRegion& offset, double step) {
 }
 
 std::optional<RoughingPlan> planRings(CamContext& cam, const JobMeasures& job, Point click,
-                                      const Breathing& breathing) {
+                                      const RoughingDepths& depths, const Breathing& breathing) {
   const DrawingStore& store = cam.store;
   const auto field = fieldOf(cam, job, breathing);
   if (!field) return std::nullopt;
   if (!stepIsLargeEnough(cam, job, ringCount(field->offset.region, job.step))) return std::nullopt;
-  RoughingPlan plan{.rows = {}, .failed = !field->offset.lost.empty(), .forFinish = {}};
+  RoughingPlan plan{.failed = !field->offset.lost.empty()};
   RoomWay way(field->region, wayRules(store, job));
   const RingRules rules{
       job.radius, job.step, ringsRunBack(cam, field->region, click), {click.x, click.y}, true};
@@ -402,6 +430,7 @@ std::optional<RoughingPlan> planRings(CamContext& cam, const JobMeasures& job, P
   } else if (job.distance > job.radius) {
     addFinish(*field, job, way.place(), breathing, plan);
   }
+  if (!enterLevels(cam, *field, job, depths, breathing, plan)) return std::nullopt;
   return plan;
 }
 
@@ -414,14 +443,16 @@ void ringTruePocket(CamContext& cam, Point click) {
   if (!hasRows(cam, kCommand, "No Pocketing Segments have been selected.")) return;
   if (!measuresAreSound(cam, job)) return;
   if (!levelsArePossible(cam, kCommand, ringsHaveLevels(store))) return;
+  if (!entriesArePossible(cam, kCommand)) return;
   const BusyPointer busy(cam.context.systemPointer);
+  const RoughingDepths depths{pathInsertIndex(store, cam.pathInsertMode, cam.pathInsertGroup),
+                              levelsOf(store, ringsHaveLevels(store), store.cfg_finish_feedrate)};
   std::optional<RoughingPlan> plan;
   const bool done = unlessCancelled(cam, kStage, [&](const Breathing& breathing) {
-    plan = planRings(cam, job, click, breathing);
+    plan = planRings(cam, job, click, depths, breathing);
   });
   if (!done || !plan) return;
-  placeRows(cam, *plan, pathInsertIndex(store, cam.pathInsertMode, cam.pathInsertGroup),
-            levelsOf(store, ringsHaveLevels(store), store.cfg_finish_feedrate));
+  placeRows(cam, *plan, depths);
   finishCommand(cam, *plan);
 }
 

@@ -16,6 +16,7 @@
 #include "geometry/float_angles.h"
 #include "geometry/row_entity.h"
 #include "toolpath/toolpath_commands.h"
+#include "toolpath/verification_result.h"
 
 namespace tess {
 namespace {
@@ -212,9 +213,23 @@ OutlineSize verifypocket(CamContext& cam) {
   return size;
 }
 
+namespace {
+
+// Verifies, and tells what came of it.
+OutlineSize verifyAs(CamContext& cam, const std::string& what) {
+  const bool any = !outlineRows(cam.store).empty();
+  const int before = verifiedRows(cam.store);
+  const OutlineSize size = verifypocket(cam);
+  cam.context.session.results.tell(any ? verificationResult(what, verifiedRows(cam.store) - before)
+                                       : nothingToVerify());
+  return size;
+}
+
+}  // namespace
+
 void mnuCAMVerifyAcceptPocket_Click(CamContext& cam) {
   const Procedure here("frmMain.mnuCAMVerifyAcceptPocket_Click()");
-  const OutlineSize size = verifypocket(cam);
+  const OutlineSize size = verifyAs(cam, "Pocket");
   cam.PocketXDim = size.width;
   cam.PocketYDim = size.height;
   cam.context.state.setPendingaction(0);
@@ -223,7 +238,7 @@ void mnuCAMVerifyAcceptPocket_Click(CamContext& cam) {
 // Fixed: the pocket's measure and the armed action stay; the spiral goes by the pocket's size.
 void mnuCAMVerifyAcceptIsland_Click(CamContext& cam) {
   const Procedure here("frmMain.mnuCAMVerifyAcceptIsland_Click()");
-  verifypocket(cam);
+  verifyAs(cam, "Island");
 }
 
 // ---- Descriptors

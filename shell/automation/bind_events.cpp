@@ -14,6 +14,7 @@ using Shift = std::optional<int>;
 
 constexpr int kLongestWait = 24 * 60 * 60 * 1000;  // a day
 constexpr int kMaxSteps = 1000;                    // of the wheel
+constexpr std::size_t kShownText = 40;             // of a typed position, in a message
 
 void requireAllowed(const Script& script, const std::vector<string>& files) {
   for (const string& file : files) requireAllowed(script.folders, file);
@@ -68,6 +69,12 @@ void turnWheel(Script& script, int steps, Shift shift) {
   script.hand.wheel(steps, keysHeld(shift));
 }
 
+void typePosition(Script& script, const string& text) {
+  if (const string trouble = script.hand.typePosition(text); !trouble.empty()) {
+    throw ScriptMisuse("'" + text.substr(0, kShownText) + "': " + trouble);
+  }
+}
+
 void wait(Script& script, int ms) {
   if (ms < 0 || ms > kLongestWait) {
     throw ScriptMisuse("a wait takes 0 to " + to_string(kLongestWait) + " milliseconds, not " +
@@ -98,6 +105,8 @@ const Routine kEvents[] = {
             }),
     routine("wheel",
             [](Script& script, int steps, Shift shift) { turnWheel(script, steps, shift); }),
+    routine("type_position",
+            [](Script& script, const string& text) { typePosition(script, text); }),
     routine("wait", [](Script& script, int ms) { wait(script, ms); }),
 };
 

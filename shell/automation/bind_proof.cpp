@@ -69,6 +69,15 @@ void pushRapid(lua_State* L, const RapidFinding& rapid) {
   setField(L, "y", rapid.y);
 }
 
+void pushPlunge(lua_State* L, const PlungeFinding& plunge) {
+  lua_createtable(L, 0, 5);
+  setField(L, "row", plunge.row);
+  setField(L, "group", plunge.group);
+  setField(L, "x", plunge.x);
+  setField(L, "y", plunge.y);
+  setField(L, "depth", plunge.depth);
+}
+
 void pushJob(lua_State* L, const JudgedJob& job) {
   lua_createtable(L, 0, 3);
   setField(L, "group", job.group);
@@ -78,13 +87,15 @@ void pushJob(lua_State* L, const JudgedJob& job) {
 
 int proveJob(Script& script, lua_State* L) {
   const PathProof proof = script.application.proofWatch.prove();
-  lua_createtable(L, 0, 7);
+  lua_createtable(L, 0, 8);
   pushGouge(L, proof.gouge);
   lua_setfield(L, -2, "gouge");
   pushMissed(L, proof.missed);
   lua_setfield(L, -2, "missed");
   pushList(L, proof.rapids, [L](const RapidFinding& rapid) { pushRapid(L, rapid); });
   lua_setfield(L, -2, "rapids");
+  pushList(L, proof.plunges, [L](const PlungeFinding& plunge) { pushPlunge(L, plunge); });
+  lua_setfield(L, -2, "plunges");
   pushList(L, proof.jobs, [L](const JudgedJob& job) { pushJob(L, job); });
   lua_setfield(L, -2, "jobs");
   pushList(L, proof.unjudged, [L](int row) { push(L, row); });

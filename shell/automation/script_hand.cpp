@@ -64,6 +64,12 @@ void ScriptHand::wheel(int steps, int shift) {
   act([&] { application_.wheel(steps, shift); });
 }
 
+std::string ScriptHand::typePosition(std::string_view text) {
+  std::string trouble;
+  act([&] { trouble = application_.typePosition(text); });
+  return trouble;
+}
+
 // A hand never arrives in a single event: a first one that the program passes over, as after a
 // position was typed, costs nothing but a pixel of the way.
 void ScriptHand::approach(const PointerEvent& event) {

@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <string>
 #include <string_view>
 
 #include "drafting/pointer_events.h"
@@ -34,6 +35,8 @@ class ScriptHand {
   void move(const PointerEvent& event);
   void release(const PointerEvent& event);
   void wheel(int steps, int shift);
+  // A typed position in the place of a left click; gives back what is wrong with it.
+  std::string typePosition(std::string_view text);
 
   // The pointer comes along, presses, rests on the place (which is when snap features are offered)
   // and releases there.

@@ -72,6 +72,7 @@ DesktopProgram::DesktopProgram(const std::string& appfolder, const std::string& 
   wireSurface();
   wireWindow();
   window_.toolBars().addSubmenu("miOptions", theme_.menu());
+  wireGuide();
   // Before the window is shown and a layout read, which may have closed it.
   application_.interaction.tools.openBand("barPathProof");
 }
@@ -163,7 +164,9 @@ void DesktopProgram::wireSurface() {
   };
   surface_.sumsTurns = [this] { return application_.interaction.navigation.wheelZooms(); };
   surface_.isBusy = [this] { return gateway_.isBusy(); };
+  surface_.onLeave = [this] { gateway_.enter("leave", [&] { application_.leave(); }); };
   surface_.onKey = [this](const QKeyEvent& key) {
+    if (window_.guideBar().position().begin(key)) return true;
     const std::optional<KeyStroke> stroke = keyStroke(key);
     if (stroke) gateway_.enter("key", [&] { application_.key(*stroke); });
     return stroke.has_value();
@@ -171,12 +174,31 @@ void DesktopProgram::wireSurface() {
   surface_.onPictureLost = [this] {
     gateway_.enter("redraw", [&] { application_.interaction.redraw.redrawscreen(); });
   };
+  surface_.onFrame = [this] {
+    gateway_.pass("redraw", [&] { application_.interaction.redraw.paintFrame(); });
+  };
 }
 
 void DesktopProgram::pan(PanPhase phase, Point at) {
   if (phase == PanPhase::Begin) application_.beginPan(at);
   if (phase == PanPhase::Move) application_.movePan(at);
   if (phase == PanPhase::End) application_.endPan(at);
+}
+
+void DesktopProgram::wireGuide() {
+  GuideBar& guide = window_.guideBar();
+  guide.onPosition = [this](const std::string& text, bool rightButton) {
+    std::string trouble;
+    gateway_.enter("position", [&] {
+      trouble = application_.typePosition(text, rightButton ? kRightButton : kLeftButton);
+    });
+    return trouble;
+  };
+  guide.onLog = [this] { return application_.session.results.log(); };
+  application_.session.results.onTold = [this, &guide] {
+    guide.showResult(QString::fromStdString(application_.session.results.told().back().text));
+  };
+  pointer_.mayTakeFocus = [&guide] { return !guide.position().isWriting(); };
 }
 
 void DesktopProgram::wireWindow() {

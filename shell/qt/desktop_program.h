@@ -44,6 +44,7 @@ class DesktopProgram {
   void pan(PanPhase phase, Point at);
   void wireWindow();
   void drop(const std::vector<std::string>& names);
+  void wireGuide();
   void end(const std::string& line);
 
   std::string appfolder_;

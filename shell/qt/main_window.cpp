@@ -52,38 +52,21 @@ MainWindow::~MainWindow() {
 }
 
 void MainWindow::makeStatusBar() {
-  QStatusBar& bar = *statusBar();
-  bar.setSizeGripEnabled(true);
-  addStatusLabel(StatusPanel::FileName, 30);
-  addStatusLabel(StatusPanel::Prompt, 0);
-  for (const StatusPanel panel : {StatusPanel::X, StatusPanel::Y, StatusPanel::Z}) {
-    addStatusLabel(panel, 12);
+  guideBar_ = new GuideBar(this);
+  statusBar()->setSizeGripEnabled(true);
+  statusBar()->addWidget(guideBar_, 1);
+  for (int panel = static_cast<int>(StatusPanel::FileName);
+       panel <= static_cast<int>(StatusPanel::Snap); ++panel) {
+    showPanel(static_cast<StatusPanel>(panel));
   }
-  addStatusLabel(StatusPanel::Zoom, 9);
-  addStatusLabel(StatusPanel::Tool, 30);
-  addStatusLabel(StatusPanel::Path, 30);
-  for (const auto& [panel, label] : labels_) showPanel(panel);
   parts_.status.onPanel = [this](StatusPanel panel) { showPanel(panel); };
-}
-
-// A label of no fixed width takes what the others leave.
-QLabel* MainWindow::addStatusLabel(StatusPanel panel, int letters) {
-  auto* label = new QLabel(this);
-  label->setTextFormat(Qt::PlainText);
-  label->setContentsMargins(8, 2, 8, 2);
-  label->setMinimumWidth(letters * fontMetrics().averageCharWidth());
-  if (letters == 0) label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-  statusBar()->addWidget(label, letters == 0 ? 1 : 0);
-  labels_[panel] = label;
-  return label;
+  guideBar_->position().onLeft = [this] { parts_.surface.setFocus(); };
 }
 
 void MainWindow::showPanel(StatusPanel panel) {
-  const auto found = labels_.find(panel);
-  if (found == labels_.end()) return;
   QString text = QString::fromStdString(parts_.status.panel(panel));
   if (panel == StatusPanel::Zoom) text = "Zoom: " + text.trimmed();
-  found->second->setText(text);
+  guideBar_->showPanel(panel, text);
 }
 
 void MainWindow::showAtStart() {

@@ -6,7 +6,6 @@
 #include <QLabel>
 #include <QMainWindow>
 #include <functional>
-#include <map>
 #include <string>
 #include <vector>
 
@@ -14,6 +13,7 @@
 #include "core/status_bar.h"
 #include "core/tool_host.h"
 #include "shell/qt/form_window.h"
+#include "shell/qt/guide_bar.h"
 #include "shell/qt/panels.h"
 #include "shell/qt/surface_widget.h"
 #include "shell/qt/tool_bars.h"
@@ -36,7 +36,8 @@ class MainWindow : public QMainWindow, public ToolHostObserver {
   ToolHost& tools() { return parts_.tools; }
   ToolBars& toolBars() { return toolBars_; }
   Panels& panels() { return panels_; }
-  QLabel& statusLabel(StatusPanel panel) { return *labels_.at(panel); }
+  QLabel& statusLabel(StatusPanel panel) { return guideBar_->label(panel); }
+  GuideBar& guideBar() { return *guideBar_; }
 
   // At most 80 per cent of the screen each way, then maximised.
   void showAtStart();
@@ -65,7 +66,6 @@ class MainWindow : public QMainWindow, public ToolHostObserver {
  private:
   void fillScreen();
   void makeStatusBar();
-  QLabel* addStatusLabel(StatusPanel panel, int letters);
   void showPanel(StatusPanel panel);
   void tellClientArea();
 
@@ -74,7 +74,7 @@ class MainWindow : public QMainWindow, public ToolHostObserver {
   ToolBars toolBars_;
   Panels panels_;
   FormWindows formWindows_;
-  std::map<StatusPanel, QLabel*> labels_;
+  GuideBar* guideBar_ = nullptr;
   Subscription subscription_;
   bool closing_ = false;
 };

@@ -305,6 +305,7 @@ void DesktopPointer::releaseCapture() {
 }
 
 void DesktopPointer::focusSurface() {
+  if (mayTakeFocus && !mayTakeFocus()) return;
   if (surface_.window()->isActiveWindow() && !surface_.hasFocus()) {
     surface_.setFocus(Qt::OtherFocusReason);
   }

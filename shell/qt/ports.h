@@ -96,6 +96,9 @@ class DesktopPointer : public Pointer {
   void releaseCapture() override;
   void focusSurface() override;
 
+  // Whether the keyboard may go to the drawing now; it may where this is not set.
+  std::function<bool()> mayTakeFocus;
+
  private:
   void showShape();
 

@@ -36,6 +36,7 @@ class RasterSurface : public DrawingSurface {
   void setEnabled(bool enabled) override;
   void setRepaint(bool on) override;
   void Refresh() override;
+  bool requestFrame() override { return onFrameRequested && onFrameRequested(); }
   void Cls() override;
   void line(const WorldBox& ends, Rgb color) override;
   void box(const WorldBox& corners, Rgb color, bool filled) override;
@@ -46,6 +47,7 @@ class RasterSurface : public DrawingSurface {
 
   std::function<void(const QRect&)> onPainted;  // in device pixels; only while repainting is on
   std::function<void()> onRefresh;
+  std::function<bool()> onFrameRequested;
   std::function<void(const SurfaceArea&)> onMoved;
 
  private:

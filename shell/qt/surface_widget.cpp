@@ -41,6 +41,14 @@ SurfaceWidget::SurfaceWidget(QWidget* parent) : QWidget(parent) {
   drawing_.onRefresh = [this] {
     if (isVisible()) repaint();
   };
+  drawing_.onFrameRequested = [this] { return requestFrame(); };
+}
+
+// Behind the events that have come already, so that a key that is held down is not waited for.
+bool SurfaceWidget::requestFrame() {
+  if (!onFrame || !isVisible()) return false;
+  QTimer::singleShot(0, this, [this] { onFrame(); });
+  return true;
 }
 
 // One rectangle round all that was painted: a region of thousands, as a selection leaves them,
@@ -196,6 +204,7 @@ bool SurfaceWidget::handleKey(const QKeyEvent& key) {
 void SurfaceWidget::leaveEvent(QEvent* event) {
   carryOutWaiting();
   QWidget::leaveEvent(event);
+  if (!dragging_ && !panning_ && onLeave) onLeave();
 }
 
 void SurfaceWidget::keyPressEvent(QKeyEvent* event) {

@@ -33,11 +33,14 @@ class SurfaceWidget : public QWidget {
   std::function<bool()> wantsEachMotion, sumsTurns;
   // While a command runs nothing that waited is reported.
   std::function<bool()> isBusy;
+  std::function<void()> onLeave;  // the pointer is no longer over it
   // A key; false when it has no meaning here.
   std::function<bool(const QKeyEvent& key)> onKey;
   bool handleKey(const QKeyEvent& key);
   // The picture is empty after the window moved to a screen of another density.
   std::function<void()> onPictureLost;
+  // The frame that was requested has come. Without it none can be.
+  std::function<void()> onFrame;
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -60,6 +63,7 @@ class SurfaceWidget : public QWidget {
   void pan(PanPhase phase, const QMouseEvent& event);
   void updateDevicePixels(const QRect& box);
   bool followDensity();
+  bool requestFrame();
 
   RasterSurface drawing_;
   QRect painted_;  // in device pixels, since the last paint event

@@ -87,8 +87,8 @@ QAction* ToolBars::makeAction(const Tool& tool) {
   action->setEnabled(tool.enabled);
   action->setVisible(tool.visible);
   action->setMenuRole(QAction::NoRole);
-  action->setCheckable(tool.toggles || tool.checked);
-  action->setChecked(tool.checked);
+  action->setCheckable(tool.toggles || tool.checked || tool.armed);
+  action->setChecked(tool.checked || tool.armed);
   QObject::connect(action, &QAction::triggered, &window_,
                    [this, name = tool.name] { click(name); });
   return action;
@@ -109,11 +109,13 @@ void ToolBars::menuCloses(QMenu& menu) {
   QTimer::singleShot(0, &menu, [this] { menuCloses_ = false; });
 }
 
-// Only a toggle is checkable for good, or every entry of a menu would have an empty box.
+// Only a toggle is checkable for good, or every entry of a menu would have an empty box. A tool
+// whose action is armed shows pressed like one that is checked.
 void ToolBars::showChecked(const Tool& tool) {
   QAction* action = actions_.at(tool.name);
-  action->setCheckable(tool.toggles || tool.checked);
-  action->setChecked(tool.checked);
+  const bool pressed = tool.checked || tool.armed;
+  action->setCheckable(tool.toggles || pressed);
+  action->setChecked(pressed);
 }
 
 void ToolBars::makeMenu(const Band& band) {
@@ -225,6 +227,7 @@ void ToolBars::toolChanged(const Tool& tool, ToolProperty property) {
     case ToolProperty::Visible:
       return action->setVisible(tool.visible);
     case ToolProperty::Checked:
+    case ToolProperty::Armed:
       return showChecked(tool);
   }
 }

@@ -337,6 +337,19 @@ TEST_F(SetupFile, TheHighestSpindleSpeedIsWrittenOnlyWhenItIsSet) {
   EXPECT_EQ(store.highestspindle, 0) << "a setup that does not tell it has none";
 }
 
+TEST_F(SetupFile, TheHoverPreviewIsWrittenOnlyWhenItIsOn) {
+  read(wholeSetup());
+  EXPECT_FALSE(store.hoverpreview);
+  EXPECT_THAT(written(), Not(HasSubstr("hover preview")));
+  store.hoverpreview = true;
+  EXPECT_THAT(written(), HasSubstr("\r\nhover preview =-1\r\nunits of measure"));
+  read("hover preview =-1\r\n");
+  EXPECT_TRUE(store.hoverpreview);
+  EXPECT_TRUE(test.messages().empty());
+  read(wholeSetup());
+  EXPECT_FALSE(store.hoverpreview) << "a setup that does not tell it does without";
+}
+
 TEST_F(SetupFile, TruePathsAreWrittenOnlyWhenTheyAreOn) {
   read(wholeSetup());
   EXPECT_FALSE(store.cfg_true_paths);
@@ -360,6 +373,26 @@ TEST_F(SetupFile, DesktopKeysAreWrittenOnlyWhenTheyAreOn) {
   EXPECT_TRUE(store.desktopkeys);
   read(wholeSetup());
   EXPECT_FALSE(store.desktopkeys) << "a setup that does not tell it does without";
+}
+
+TEST_F(SetupFile, TheEntryIsWrittenAsFarAsItIsToldAndBackToThePlungeWithoutIt) {
+  read(wholeSetup());
+  EXPECT_THAT(written(), Not(HasSubstr("entry")));
+  store.cfg_true_paths = true;
+  store.cfg_entry_kind = 2;
+  store.cfg_entry_angle = 3.5F;
+  EXPECT_THAT(written(), HasSubstr("\r\ntrue paths =-1\r\nentry kind = 2\r\nentry angle = 3.5\r\n"
+                                   "tolerence"));
+  store.cfg_entry_radius = 0.25F;
+  store.cfg_entry_feedrate = 6;
+  EXPECT_THAT(written(), HasSubstr("entry radius = .25\r\nentry feedrate = 6\r\ntolerence"));
+  read("Entry Kind = 1\r\nentry angle = 5\r\n");
+  EXPECT_EQ(store.cfg_entry_kind, 1);
+  EXPECT_EQ(store.cfg_entry_angle, 5);
+  EXPECT_TRUE(test.messages().empty());
+  read(wholeSetup());
+  EXPECT_EQ(store.cfg_entry_kind, 0);
+  EXPECT_EQ(store.cfg_entry_angle, 0);
 }
 
 TEST_F(SetupFile, PartHeightOfZeroIsWrittenAsAQuarter) {

@@ -107,6 +107,65 @@ TEST_F(Redrawscreen, OnPaperTakesTheScreenShotAlone) {
   EXPECT_EQ(log.take(), "PrintPreviewScreenShotWorkAround\n");
 }
 
+TEST_F(Redrawscreen, SoonIsAtOnceOnASurfaceWithoutFrames) {
+  const std::string atOnce = redrawn();
+  redraw.redrawSoon();
+  EXPECT_EQ(log.take(), atOnce);
+  redraw.paintFrame();
+  EXPECT_EQ(log.take(), "");
+}
+
+TEST_F(Redrawscreen, SoonIsOnceWithTheNextFrame) {
+  const std::string atOnce = redrawn();
+  surface.hasFrames = true;
+  redraw.redrawSoon();
+  redraw.redrawSoon();
+  EXPECT_EQ(log.take(), "frame requested\n");
+  redraw.paintFrame();
+  EXPECT_EQ(log.take(), atOnce);
+  redraw.paintFrame();
+  EXPECT_EQ(log.take(), "");
+  redraw.redrawSoon();
+  EXPECT_EQ(log.take(), "frame requested\n");
+}
+
+TEST_F(Redrawscreen, AnyOtherRedrawStandsForTheOneThatIsToComeSoon) {
+  surface.hasFrames = true;
+  redraw.redrawSoon();
+  redraw.redrawscreen();
+  log.take();
+  redraw.paintFrame();
+  EXPECT_EQ(log.take(), "");
+  redraw.redrawSoon();
+  redraw.setTaskQueueState(1);
+  timers.advance(50);
+  log.take();
+  redraw.paintFrame();
+  EXPECT_EQ(log.take(), "");
+}
+
+TEST_F(Redrawscreen, PaperTakesThePictureThatIsToComeSoon) {
+  const std::string atOnce = redrawn();
+  surface.hasFrames = true;
+  redraw.redrawSoon();
+  log.take();
+  redraw.redrawscreen(&paper, true, true, true);
+  EXPECT_EQ(log.take(), atOnce + "PrintPreviewScreenShotWorkAround\n");
+  redraw.paintFrame();
+  EXPECT_EQ(log.take(), "");
+}
+
+TEST_F(Redrawscreen, AFrameWhileARedrawIsUnderWayPaintsNothing) {
+  addCircle(1);
+  const std::string atOnce = redrawn();
+  surface.hasFrames = true;
+  redraw.redrawSoon();
+  log.take();
+  surroundings.onEvents = [this] { redraw.paintFrame(); };
+  redraw.redrawscreen();
+  EXPECT_EQ(log.take(), atOnce);
+}
+
 TEST_F(Redrawscreen, TheFlagsForGridAndTemplateAreNotConsulted) {
   store.visualgridf = 1;
   store.visualgrid = 10;

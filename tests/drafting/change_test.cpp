@@ -2,6 +2,7 @@
 // nothing is left of one that was not kept.
 #include "drafting/change.h"
 
+#include <array>
 #include <cmath>
 #include <functional>
 
@@ -189,14 +190,16 @@ TEST_F(Changing, RowsThatAWalkChangesAreReplacedInTheirPlaces) {
   EXPECT_EQ(drawn(), (Xs{11, 2, 13}));
 }
 
-TEST_F(Changing, RowsThatAWalkChangesCanComeToTheEnd) {
+TEST_F(Changing, RowsCanComeToTheEndInAnotherForm) {
   Change change(context.changes);
-  const auto move = [](int number, auto& row) {
-    row.x0 += 10;
-    return number != 2;
+  const std::array<std::int16_t, 2> numbers{1, 3};
+  const auto moved = [&](auto& rows) {
+    std::vector now{rows.row(1), rows.row(3)};
+    for (auto& row : now) row.x0 += 10;
+    rows.replaceAtEnd(numbers, now);
   };
-  EXPECT_EQ(change.segments.replaceAtEnd(move), 2);
-  EXPECT_EQ(change.paths.replaceAtEnd(move), 2);
+  moved(change.segments);
+  moved(change.paths);
   change.keep();
   EXPECT_EQ(drawn(), (Xs{2, 11, 13}));
   EXPECT_EQ(placed(), (Xs{2, 11, 13}));
@@ -835,11 +838,20 @@ class RandomChanges : public Changing {
         if (drawnRows > 0) change.segments.mark(somewhere(drawnRows), 30000 + dice.below(200));
         break;
       default:
-        change.paths.replaceAtEnd([&](int, PathRow& row) {
-          row.x0 = x();
-          return dice.below(3) == 0;
-        });
+        replaceSomeAtEnd(dice, change.paths);
     }
+  }
+
+  static void replaceSomeAtEnd(Dice& dice, PathChanges& paths) {
+    std::vector<std::int16_t> numbers;
+    std::vector<PathRow> rows;
+    for (int ps = 1; ps <= paths.count(); ++ps) {
+      if (dice.below(3) != 0) continue;
+      numbers.push_back(Int16(ps));
+      rows.push_back(paths.row(ps));
+      rows.back().x0 = real(dice.below(5));
+    }
+    paths.replaceAtEnd(numbers, rows);
   }
 
   void run(Dice& dice, int depth) {

@@ -1,6 +1,8 @@
 // Finding rows by both ends, against the plain search.
 #include "drafting/row_finder.h"
 
+#include <limits>
+
 #include "gtest/gtest.h"
 
 #include "core/drawing_store.h"
@@ -126,6 +128,19 @@ TEST(RowFinder, FindsRowsHoweverFarOut) {
       found.add(row);
       EXPECT_EQ(found.takeClosest(row), 1) << far;
     }
+  }
+}
+
+TEST(RowFinder, FindsNothingForWhatIsNoNumberOrEndless) {
+  for (const float far :
+       {std::numeric_limits<float>::quiet_NaN(), std::numeric_limits<float>::infinity()}) {
+    Found found(kTolerence);
+    const SegmentRow row{.type = 1, .x1 = far};
+    found.add(row);
+    found.add({.type = 1, .x1 = 1});
+    EXPECT_EQ(found.takeClosest(row), -1) << far;
+    EXPECT_EQ(found.takeLast(row), -1) << far;
+    EXPECT_EQ(found.takeLast({.type = 1, .x1 = 1}), 2) << far;
   }
 }
 

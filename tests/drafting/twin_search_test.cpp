@@ -2,7 +2,9 @@
 #include "drafting/twin_search.h"
 
 #include <algorithm>
+#include <array>
 #include <limits>
+#include <span>
 
 #include "gtest/gtest.h"
 
@@ -23,10 +25,18 @@ bool canMatch(const SegmentRow& a, const SegmentRow& b, float tolerence) {
   return isSameRow(record, b, tolerence);
 }
 
+struct Found {
+  std::vector<bool> matched, met;  // of the known rows and of the others
+};
+
+Found found(float tolerence, const Rows& known, const Rows& others) {
+  const std::array<std::span<const SegmentRow>, 2> lists{known, others};
+  const auto may = rowsThatMayMatch(tolerence, lists);
+  return {may.at(0), may.at(1)};
+}
+
 void expectAllFound(const Rows& known, const Rows& others, float tolerence) {
-  TwinSearch twins(tolerence, known);
-  const std::vector<bool> met = twins.meet(others);
-  const std::vector<bool> matched = twins.matched();
+  const auto [matched, met] = found(tolerence, known, others);
   ASSERT_EQ(met.size(), others.size());
   ASSERT_EQ(matched.size(), known.size());
   for (std::size_t a = 0; a < known.size(); ++a) {
@@ -80,9 +90,7 @@ TEST(TwinSearch, LeavesRowsAloneThatLieApart) {
     known.push_back({.type = kClockwiseArc, .x0 = x, .y0 = y, .x1 = x + 1, .y1 = y, .xc = x});
     others.push_back({.type = kLine, .x0 = x + 1, .y0 = y, .x1 = x, .y1 = y});  // the other way
   }
-  TwinSearch twins(kTolerence, known);
-  const std::vector<bool> met = twins.meet(others);
-  const std::vector<bool> matched = twins.matched();
+  const auto [matched, met] = found(kTolerence, known, others);
   EXPECT_EQ(std::count(met.begin(), met.end(), true), 0);
   EXPECT_EQ(std::count(matched.begin(), matched.end(), true), 0);
 }
@@ -92,12 +100,12 @@ TEST(TwinSearch, TakesAllForMatchedWhereOneIsNoNumberOrTooFarOut) {
        {std::numeric_limits<float>::quiet_NaN(), std::numeric_limits<float>::infinity(), 3e38F}) {
     const Rows rows{{.type = kLine, .x1 = 1}, {.type = kLine, .x1 = 2}};
     const SegmentRow beyond{.type = kLine, .x0 = far};
-    TwinSearch met(kTolerence, rows);
-    EXPECT_EQ(met.meet(Rows{beyond}), std::vector<bool>{true});
-    EXPECT_EQ(met.matched(), (std::vector<bool>{true, true}));
-    TwinSearch known(kTolerence, Rows{rows[0], beyond});
-    EXPECT_EQ(known.meet(rows), (std::vector<bool>{true, true}));
-    EXPECT_EQ(known.matched(), (std::vector<bool>{true, true}));
+    const Found metBeyond = found(kTolerence, rows, {beyond});
+    EXPECT_EQ(metBeyond.met, std::vector<bool>{true});
+    EXPECT_EQ(metBeyond.matched, (std::vector<bool>{true, true}));
+    const Found knownBeyond = found(kTolerence, {rows[0], beyond}, rows);
+    EXPECT_EQ(knownBeyond.met, (std::vector<bool>{true, true}));
+    EXPECT_EQ(knownBeyond.matched, (std::vector<bool>{true, true}));
   }
 }
 

@@ -56,6 +56,19 @@ TEST_F(SurfaceWidgetTest, ReportsPositionsInDrawingUnitsWithYUpward) {
             (std::vector<std::string>{"press 1 0 50 80", "move 1 0 60 70", "release 1 0 60 70"}));
 }
 
+TEST_F(SurfaceWidgetTest, AFrameComesOnceTheEventIsOver) {
+  EXPECT_FALSE(surface->drawing().requestFrame());  // nobody waits for it
+  surface->onFrame = [this] { events.emplace_back("frame"); };
+  EXPECT_FALSE(surface->drawing().requestFrame());  // and nothing is to be seen
+  surface->show();
+  EXPECT_TRUE(surface->drawing().requestFrame());
+  EXPECT_EQ(events, std::vector<std::string>{});
+  QCoreApplication::processEvents();
+  EXPECT_EQ(events, std::vector<std::string>{"frame"});
+  QCoreApplication::processEvents();
+  EXPECT_EQ(events, std::vector<std::string>{"frame"});
+}
+
 TEST_F(SurfaceWidgetTest, NumbersButtonsAndModifiers) {
   send(QEvent::MouseButtonPress, Qt::RightButton, Qt::RightButton, {0, 0}, Qt::ShiftModifier);
   send(QEvent::MouseMove, Qt::NoButton, Qt::LeftButton | Qt::RightButton, {0, 0},

@@ -82,6 +82,10 @@ class RecordingSurface : public DrawingSurface {
   }
   void setRepaint(bool on) override { log_.add(on ? "repaint on" : "repaint off"); }
   void Refresh() override { log_.add("Refresh"); }
+  bool requestFrame() override {
+    if (hasFrames) log_.add("frame requested");
+    return hasFrames;
+  }
   void Cls() override { log_.add("Cls"); }
   void line(const WorldBox& ends, Rgb color) override {
     log_.add("line " + recordedLine(ends) + " " + recordedColor(color));
@@ -100,6 +104,8 @@ class RecordingSurface : public DrawingSurface {
   void text(float x, float y, const std::string& text, Rgb color) override {
     log_.add("text " + recordedPoint(x, y) + " " + text + " " + recordedColor(color));
   }
+
+  bool hasFrames = false;
 
  protected:
   void propertySet(const char* name, double value) override {

@@ -11,6 +11,9 @@ namespace tess::testing {
 class SilentSurface : public VirtualSurface {
  public:
   explicit SilentSurface(CallLog& /*log*/) { Move({0, 0, 1000, 800}); }
+  bool requestFrame() override { return hasFrames; }
+
+  bool hasFrames = false;
 };
 
 using SilentDrafting = DraftingTest<SilentSurface>;

@@ -1094,6 +1094,25 @@ TEST_F(EditPath, ASaveThatLooksTheSamePaintsNothingAnew) {
   EXPECT_NE(log.take().find("Cls"), std::string::npos);
 }
 
+TEST_F(EditPath, ManySavesOfOneEventPaintTheDrawingOnce) {
+  addRows({100, 200, 300});
+  open();
+  store.showpaths = 1;
+  surface.hasFrames = true;
+  log.take();
+  for (const char* const end : {"4", "5"}) {
+    form.txtpsx1.setText(end);
+    form.cmdNext.press();
+  }
+  EXPECT_EQ(log.count("Cls"), 0);
+  EXPECT_EQ(log.count("frame requested"), 1);
+  redraw.paintFrame();
+  EXPECT_EQ(log.count("Cls"), 1);
+  EXPECT_GT(log.count("line (0, 0)-(4, 0)"), 0);
+  EXPECT_GT(log.count("line (1, 0)-(5, 0)"), 0);
+  EXPECT_TRUE(context.formPreview.shown);
+}
+
 TEST_F(EditPath, AClickInTheDrawingGoesToTheRow) {
   addRows({100, 200, 300});
   open();
