@@ -209,6 +209,8 @@ class SpaciousStyle : public QProxyStyle {
   int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                 QStyleHintReturn* answer) const override {
     if (hint == SH_DialogButtonBox_ButtonsHaveIcons) return 0;
+    // A menu that is higher than the screen would get columns that no screen has room for.
+    if (hint == SH_Menu_Scrollable) return 1;
     return QProxyStyle::styleHint(hint, option, widget, answer);
   }
 

@@ -25,6 +25,11 @@ open(arg[1])
 for s in segments() do print(s.type, s.x0, s.y0, s.x1, s.y1, s.xc, s.yc) end
 """
 LINE, ARC = 1, 2
+SQUARE = ((0.5, 0.5), (2.5, 0.5), (2.5, 2), (0.5, 2))
+SQUARE_DXF = "0\nSECTION\n2\nENTITIES\n" + "".join(
+    f"0\nLINE\n10\n{x}\n20\n{y}\n11\n{to_x}\n21\n{to_y}\n"
+    for (x, y), (to_x, to_y) in zip(SQUARE, SQUARE[1:] + SQUARE[:1], strict=True)
+) + "0\nENDSEC\n0\nEOF\n"
 Row = tuple[float, ...]
 
 
@@ -167,6 +172,58 @@ class FromOutside(unittest.TestCase):
         self.assertEqual(again[:5], drawn)
         self.assertEqual(len(again), 6)
         self.exit()
+
+    def dialog(self, title: str) -> None:
+        """The dialog of that title has the keyboard."""
+        self.wait_for(lambda: self.display.windows(title) != [], f"{title} is open")
+        self.display.activate(self.display.windows(title)[0])
+        self.settle()
+
+    def test_a_job_goes_from_the_first_line_to_the_program_by_keyboard_alone(self) -> None:
+        outline = self.work / "outline.dxf"
+        outline.write_text(SQUARE_DXF)
+        self.open_menu("f")
+        self.display.tool("key", "i")
+        self.dialog("Open DXF File")
+        self.display.tool("type", str(outline))
+        self.display.tool("key", "Return")
+        self.dialog("Import DXF File")
+        self.screenshot("import_by_keyboard")
+        self.key("alt+i")
+        self.wait_for(lambda: self.windows() == 1, "the outline is imported")
+        self.wait_for(lambda: not self.is_saved(), "its rows are in the drawing")
+
+        self.open_menu("c")
+        self.key("t")
+        self.dialog("Tool Select & Definition")
+        self.key("Return")
+        self.wait_for(lambda: self.windows() == 1, "the tool is chosen")
+        self.key("ctrl+a")
+        self.menu("c", "v")
+        self.open_menu("c")
+        self.key("r")
+        self.wait_for(lambda: self.windows() == 1, "the menu is closed")
+        self.settle()
+        self.screenshot("pocket_by_keyboard")
+
+        self.key("ctrl+s")
+        self.dialog("Save As")
+        self.display.tool("key", "Return")
+        self.wait_for(self.is_saved, "the drawing is saved")
+        self.assertTrue(list(self.work.rglob("*.TPM")), "with its path")
+
+        self.display.tool("key", "ctrl+m")
+        self.dialog("View File")
+        program = next(self.work.rglob("*.CNC")).read_text()
+        self.assertIn("G01", program)
+        self.key("Escape")
+        self.wait_for(lambda: self.windows() == 1, "the program has been looked at")
+        self.open_menu("f")
+        self.display.tool("key", "x")
+        self.wait_for(lambda: len(self.display.windows("Tessimo Mill")) == 2, "it asks for the setup")
+        self.settle()
+        self.display.tool("key", "alt+n")
+        self.assertEqual(self.program.wait(timeout=PATIENCE), 0)
 
 
 if __name__ == "__main__":
