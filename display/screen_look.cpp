@@ -153,7 +153,7 @@ std::optional<Rgb> ScreenLook::arcMarker() const {
   return slot(ColorSlot::Marker);
 }
 
-// Fixed: in the classic look letters take their colour through the palette alone.
+// Fixed: classic letters know the palette alone; direct colours would change pictures that stand.
 Rgb ScreenLook::letters() const {
   const int draw = store_.colortable[static_cast<int>(ColorSlot::Draw)];
   if (!isSoft()) return paletteColor(draw);

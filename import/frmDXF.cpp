@@ -11,7 +11,6 @@
 #include "core/number_text.h"
 #include "core/text.h"
 #include "core/units.h"
-#include "geometry/open_outlines.h"
 #include "import/exact_geometry.h"
 #include "import/import_commands.h"
 #include "import/remembered_options.h"
@@ -284,11 +283,12 @@ void frmDXF::finish(const DxfRows& rows, Change& change) {
 }
 
 void frmDXF::tellImported(int first) {
-  const int last = context_.store.NumSegments;
-  std::string text = countText(last - first + 1, "row") + " imported";
-  if (const int open = openOutlines(context_.store, first, last); open > 0) {
-    text += ", " + countText(open, "outline") + " open";
-  }
+  const DrawingStore& store = context_.store;
+  std::vector<SegmentRow> rows;
+  for (int sg = first; sg <= store.NumSegments; ++sg) rows.push_back(segmentRow(store, sg));
+  const std::size_t open = openOutlines(rows, store.cfg_tolerance).size();
+  std::string text = countText(rows.size(), "row") + " imported";
+  if (open > 0) text += ", " + countText(open, "outline") + " open";
   context_.session.results.tell(text);
 }
 

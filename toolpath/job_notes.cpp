@@ -49,8 +49,7 @@ void noteJob(CamContext& cam, JobKind kind, double distance, const JobWalls& wal
               .distance = distance,
               .isUnbounded = walls.isUnbounded,
               .loops = jobLoops(walls),
-              .tabs = intents.tabs,
-              .overcuts = intents.overcuts});
+              .tabs = intents.tabs});
 }
 
 }  // namespace tess
