@@ -107,8 +107,7 @@ void Renderer::DrawArc(const Entity& arc, Rgb color, DrawingTarget& target) {
                        1.0F);
   }
   if (target.screen() == nullptr || !markersShown()) return;
-  // Fixed: ends of arcs take the color of the target; pictures show them beside those of lines. The
-  // soft looks have one that shows.
+  // Fixed: ends of arcs take the color of the target; pictures show them beside those of lines.
   endMarkers(arc, look.arcMarker(), target);
 }
 

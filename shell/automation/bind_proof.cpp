@@ -66,12 +66,8 @@ void pushRapid(lua_State* L, const RapidFinding& rapid) {
 }
 
 void pushTab(lua_State* L, const TabFinding& tab) {
-  lua_createtable(L, 0, 5);
-  setField(L, "group", tab.group);
-  setField(L, "x", tab.x);
-  setField(L, "y", tab.y);
-  setField(L, "width", tab.width);
-  setField(L, "height", tab.height);
+  pushTable(L, "group", tab.group, "x", tab.x, "y", tab.y, "width", tab.width, "height",
+            tab.height);
 }
 
 void pushPlunge(lua_State* L, const PlungeFinding& plunge) {

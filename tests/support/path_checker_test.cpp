@@ -128,7 +128,7 @@ TEST(ReachableArea, APocketNarrowerThanTheToolHasNone) {
   const PartShape slot{box({0, 0}, {4, 0.9}), {}};
   const ReachableArea area(slot, kRadius);
   EXPECT_EQ(area.area(), 0);
-  EXPECT_EQ(area.coverageOf({}).share, 1);
+  EXPECT_EQ(area.coverageOf(std::vector<Curve>()).share, 1);
 }
 
 // Two rooms of 2 by 2 with a neck of 0.9 between: the tool peeps into the mouths alone.
@@ -177,7 +177,7 @@ TEST(Coverage, ARingLeavesTheMiddle) {
 }
 
 TEST(Coverage, NoWayLeavesAll) {
-  const Coverage coverage = ReachableArea(kSquare, kRadius).coverageOf({});
+  const Coverage coverage = ReachableArea(kSquare, kRadius).coverageOf(std::vector<Curve>());
   EXPECT_EQ(coverage.share, 0);
   EXPECT_TRUE(std::isinf(coverage.rest));
 }
