@@ -2,6 +2,7 @@
 #include "shell/qt/form_view.h"
 
 #include <QEvent>
+#include <QLayout>
 
 #include "shell/qt/spoken_names.h"
 #include "shell/qt/tab_order.h"
