@@ -191,6 +191,7 @@ void RedrawSequence::soil() {
 }
 
 void RedrawSequence::setTaskQueueState(int state) {
+  ++starts_;
   taskQueueState_ = state;
   tmrTaskQueue_->setEnabled(true);
 }
@@ -226,39 +227,42 @@ void RedrawSequence::runStage(int stage) {
   tmrTaskQueue_->setEnabled(false);
 }
 
-// A sequence that was started anew while the stage served events goes its own way.
-void RedrawSequence::finishStage(int stage) {
-  if (taskQueueState_ == stage) setTaskQueueState(stage == kFinal ? kIdle : stage + 1);
+// A sequence that was started anew while the stage served events goes its own way, also from this
+// very stage: the surface may have another size by then.
+void RedrawSequence::finishStage(const StageRun& run) {
+  if (run.starts != starts_) return;
+  setTaskQueueState(run.stage == kFinal ? kIdle : run.stage + 1);
 }
 
 void RedrawSequence::RedrawScreen_Init() {
   const Procedure here("frmMain.RedrawScreen_Init()");
-  const int stage = taskQueueState_;
+  const StageRun run = stageRun();
   parts_.pointer.setMousePointer(kHourglassShape);
   parts_.ScreenProxy.surface().setEnabled(false);
   if (!openPicture(parts_.ScreenProxy)) return;
   parts_.ScreenProxy.surface().Refresh();
-  finishStage(stage);
+  finishStage(run);
 }
 
 void RedrawSequence::RedrawScreen_Segments() {
   const Procedure here("frmMain.RedrawScreen_Segments()");
-  const int stage = taskQueueState_;
-  if (paintSegments(parts_.ScreenProxy)) finishStage(stage);
+  const StageRun run = stageRun();
+  if (paintSegments(parts_.ScreenProxy)) finishStage(run);
 }
 
 void RedrawSequence::RedrawScreen_Paths() {
   const Procedure here("frmMain.RedrawScreen_Paths()");
-  const int stage = taskQueueState_;
+  const StageRun run = stageRun();
   if (!paintPaths(parts_.ScreenProxy)) return;
   parts_.renderer.pathdrawing = false;
-  finishStage(stage);
+  finishStage(run);
 }
 
 void RedrawSequence::RedrawScreen_Final() {
   const Procedure here("frmMain.RedrawScreen_Final()");
+  const StageRun run = stageRun();
   closePicture();
-  finishStage(kFinal);
+  if (run.stage == kFinal) finishStage(run);
 }
 
 }  // namespace tess

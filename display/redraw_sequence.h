@@ -81,8 +81,14 @@ class RedrawSequence {
 
  private:
   void tmrTaskQueue_Timer();
+  // A stage, and how often the sequence had been set to one when it began.
+  struct StageRun {
+    int stage;
+    long long starts;
+  };
+  StageRun stageRun() const { return {taskQueueState_, starts_}; }
   void runStage(int stage);
-  void finishStage(int stage);
+  void finishStage(const StageRun& run);
 
   bool openPicture(DrawingTarget& target);
   void paintPartTemplate(DrawingTarget& target);
@@ -100,6 +106,7 @@ class RedrawSequence {
   std::unique_ptr<Timer> tmrEventEnable_;
   std::unique_ptr<Timer> tmrSoiled_;  // none before it is needed
   int taskQueueState_ = 0;
+  long long starts_ = 0;
   bool inStage_ = false;
   bool markerShown_ = false;
   bool awaitsFrame_ = false;

@@ -405,6 +405,19 @@ TEST_F(StagedRedraw, StartedAnewDuringAStageBeginsFromTheFirst) {
   EXPECT_EQ(redraw.TaskQueueState(), 1);
 }
 
+// As when the window takes another size while its picture is opened.
+TEST_F(StagedRedraw, StartedAnewDuringTheFirstStageRunsItAgain) {
+  redraw.setTaskQueueState(1);
+  surroundings.onEvents = [this] {
+    surroundings.onEvents = nullptr;
+    redraw.setTaskQueueState(1);
+  };
+  timers.advance(50);
+  EXPECT_EQ(redraw.TaskQueueState(), 1);
+  timers.advance(50);
+  EXPECT_EQ(redraw.TaskQueueState(), 2);
+}
+
 TEST_F(StagedRedraw, ATickWithinAStageIsPassedOver) {
   addCircle(1);
   redraw.setTaskQueueState(2);
