@@ -49,7 +49,11 @@ class CellMap {
   }
 
  private:
-  std::int64_t cell(double value) const { return std::llround(std::floor(value / size_)); }
+  // Where a drawing is out of all proportion to the reach, what lies farther out shares a cell.
+  std::int64_t cell(double value) const {
+    constexpr double kOutermost = 4e18;
+    return std::llround(std::clamp(std::floor(value / size_), -kOutermost, kOutermost));
+  }
   // Cells that share a key do no harm: distances decide.
   static std::uint64_t keyOf(std::int64_t column, std::int64_t row) {
     return static_cast<std::uint64_t>(column) * 0x9E3779B97F4A7C15U +
