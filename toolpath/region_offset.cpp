@@ -49,10 +49,11 @@ class CellMap {
   }
 
  private:
-  // Where a drawing is out of all proportion to the reach, what lies farther out shares a cell.
+  // Where a drawing is out of all proportion to the reach, all that no number tells shares a cell.
   std::int64_t cell(double value) const {
     constexpr double kOutermost = 4e18;
-    return std::llround(std::clamp(std::floor(value / size_), -kOutermost, kOutermost));
+    const double number = std::floor(value / size_);
+    return std::abs(number) < kOutermost ? std::llround(number) : 0;
   }
   // Cells that share a key do no harm: distances decide.
   static std::uint64_t keyOf(std::int64_t column, std::int64_t row) {
