@@ -1,6 +1,6 @@
 // A pocket that is cleared by one group of rows, with its job: a square of 4 by 4 with the tool of
 // radius 0.5, cut by lines half a tool apart and once round.
-// Owns: kSquareGroup, squareJob, clearSquare.
+// Owns: kSquareGroup, squareJob, addSquareRow, clearSquare.
 #pragma once
 
 #include "core/drawing_store.h"
@@ -22,18 +22,23 @@ inline PathJob squareJob() {
               {.walls = {line(0, 0, 4, 0), line(4, 0, 4, 4), line(4, 4, 0, 4), line(0, 4, 0, 0)}}}};
 }
 
+// Appends a line of the group, cut by tool 1.
+inline void addSquareRow(DrawingStore& store, float x0, float y0, float x1, float y1, float z) {
+  addPathSegment(store, {.type = kLine,
+                         .x0 = x0,
+                         .y0 = y0,
+                         .x1 = x1,
+                         .y1 = y1,
+                         .z = z,
+                         .feed = 10,
+                         .code = pathCode(kSquareGroup, 0)});
+}
+
 // Appends the rows, one after the other without a gap, cut by tool 1.
 inline void clearSquare(DrawingStore& store, float z = -0.25F) {
   store.toolradius[0] = 0.5F;
   const auto add = [&](float x0, float y0, float x1, float y1) {
-    addPathSegment(store, {.type = kLine,
-                           .x0 = x0,
-                           .y0 = y0,
-                           .x1 = x1,
-                           .y1 = y1,
-                           .z = z,
-                           .feed = 10,
-                           .code = pathCode(kSquareGroup, 0)});
+    addSquareRow(store, x0, y0, x1, y1, z);
   };
   float from = 0.5F;
   for (float y = 0.5F; y <= 3.5F; y += 0.5F) {

@@ -29,14 +29,7 @@ struct PlungeProof : ::testing::Test {
     store.cfg_entry_kind = choiceNumber(EntryKind::Ramp);
   }
   void line(float x0, float y0, float x1, float y1, float z) {
-    addPathSegment(store, {.type = kLine,
-                           .x0 = x0,
-                           .y0 = y0,
-                           .x1 = x1,
-                           .y1 = y1,
-                           .z = z,
-                           .feed = 10,
-                           .code = pathCode(kSquareGroup, 0)});
+    addSquareRow(store, x0, y0, x1, y1, z);
   }
 
   DrawingStore store;
