@@ -19,6 +19,7 @@ namespace {
 // What a window manager puts round a window, in pixels.
 constexpr int kFrame = 4;
 constexpr int kTitleBar = 32;
+constexpr int kButtonGap = 8;
 
 }  // namespace
 
@@ -45,7 +46,10 @@ void FormWindow::layOut() {
   content_ = new ContentArea(root);
   whole->addWidget(content_);
   if (buttons_ != nullptr) {
-    buttons_->setContentsMargins(margins.left(), 0, margins.right(), margins.bottom());
+    const QMargins own = buttons_->contentsMargins();
+    buttons_->setContentsMargins(std::max(margins.left(), own.left()), 0,
+                                 std::max(margins.right(), own.right()), margins.bottom());
+    buttons_->setSpacing(kButtonGap);
     whole->addLayout(buttons_);
   }
   arrangeTabOrder(*this);
