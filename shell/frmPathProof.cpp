@@ -32,7 +32,7 @@ frmPathProof::frmPathProof() : Form("frmPathProof", "Path Proof") {
 }
 
 void frmPathProof::showNothing() {
-  cmdProof.setCaption("No path to prove yet");
+  cmdProof.setCaption("No proof yet");
   cmdProof.setColor({});
   showPlace({});
 }

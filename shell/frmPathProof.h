@@ -16,7 +16,7 @@ class frmPathProof : public Form {
   frmPathProof();
 
   void show(const PathProof& proof);
-  // As before the first row of a path.
+  // Before a path is judged.
   void showNothing();
   // What is found at the place that is gone to.
   void showPlace(const std::string& text) { lblPlace.setCaption(text); }

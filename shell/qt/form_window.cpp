@@ -72,11 +72,21 @@ void FormWindow::showTitle() {
 // The form has been filled by now, so the window takes the size of what it shows.
 void FormWindow::present() {
   if (!isVisible()) fitToScreen();
-  if (!isVisible()) adjustSize();
+  if (!isVisible()) takeWantedSize();
   if (!isVisible() && view_.form()->leavesDrawingInReach) standAside();
   show();
   raise();
   activateWindow();
+}
+
+// The toolkit's own way stops at two thirds of the screen.
+void FormWindow::takeWantedSize() {
+  layout()->activate();
+  QSize wanted = layout()->totalSizeHint();
+  if (layout()->hasHeightForWidth()) {
+    wanted.setHeight(layout()->totalHeightForWidth(wanted.width()));
+  }
+  resize(wanted);
 }
 
 // In the lower right corner, where most of the drawing stays in sight.

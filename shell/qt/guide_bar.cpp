@@ -8,6 +8,7 @@ namespace tess {
 
 namespace {
 
+constexpr int kEdge = 6;             // pixels
 constexpr int kResultStands = 8000;  // milliseconds
 // Letters of an average width that all takes side by side.
 constexpr int kWideLetters = 175;
@@ -51,7 +52,7 @@ GuideBar::GuideBar(QWidget* parent)
       results_(new QPushButton("Resu&lts...", this)) {
   setObjectName("guideBar");
   auto* rows = new QVBoxLayout(this);
-  rows->setContentsMargins(0, 0, 0, 0);
+  rows->setContentsMargins(0, 0, kEdge, 0);
   rows->setSpacing(1);
   guideRow_ = addRow(*rows);
   positionRow_ = addRow(*rows);
@@ -88,10 +89,15 @@ void GuideBar::fillRows() {
   panelRow_->addWidget(labels_.at(StatusPanel::FileName));
   panelRow_->addWidget(labels_.at(StatusPanel::Prompt), 1);
   addTo(*panelRow_, {StatusPanel::X, StatusPanel::Y, StatusPanel::Z, StatusPanel::Zoom});
+  for (QHBoxLayout* const row : {stateRow_, jobRow_}) row->addStretch(1);
 }
 
 void GuideBar::addTo(QHBoxLayout& row, std::initializer_list<StatusPanel> panels) {
-  for (const StatusPanel panel : panels) row.addWidget(labels_.at(panel));
+  for (const StatusPanel panel : panels) {
+    const bool hasRoomAtEnd =
+        row.count() > 0 && row.itemAt(row.count() - 1)->spacerItem() != nullptr;
+    row.insertWidget(row.count() - (hasRoomAtEnd ? 1 : 0), labels_.at(panel));
+  }
 }
 
 void GuideBar::wire() {

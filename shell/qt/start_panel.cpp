@@ -2,6 +2,7 @@
 #include "shell/qt/start_panel.h"
 
 #include <QEvent>
+#include <algorithm>
 #include <utility>
 
 #include "shell/qt/icons.h"
@@ -119,7 +120,8 @@ int StartPanel::placeButtons(int row, bool recent, int columns) {
 
 void StartPanel::centre() {
   adjustSize();
-  move((surface_.width() - width()) / 2, (surface_.height() - height()) / 2);
+  move(std::max(0, (surface_.width() - width()) / 2),
+       std::max(0, (surface_.height() - height()) / 2));
 }
 
 bool StartPanel::eventFilter(QObject* watched, QEvent* event) {
