@@ -123,6 +123,21 @@ TEST_F(DesktopProgramTest, ClosingAsksAboutUnsavedWork) {
   EXPECT_EQ(store().NumSegments, 1);
 }
 
+// As when the pointer is over the window while that is taken away.
+TEST_F(DesktopProgramTest, EventsOfTheLastMomentReachNothing) {
+  open();
+  int reached = 0;
+  program->application().onSettled = [&reached] { ++reached; };
+  QEvent leave(QEvent::Leave);
+  SurfaceWidget& surface = program->surface();
+  QApplication::sendEvent(&surface, &leave);
+  EXPECT_EQ(reached, 1);
+  QObject::connect(&program->window(), &QObject::destroyed, &surface,
+                   [&] { QApplication::sendEvent(&surface, &leave); });
+  program.reset();
+  EXPECT_EQ(reached, 1);
+}
+
 TEST_F(DesktopProgramTest, TheLayoutIsKeptFromOneRunToTheNext) {
   open();
   program->application().interaction.tools.closeBand("barCAM");
