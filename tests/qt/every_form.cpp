@@ -38,6 +38,7 @@
 #include "toolpath/dlgEditPath.h"
 #include "toolpath/dlgPocketingPrm.h"
 #include "toolpath/dlgSelectCycle.h"
+#include "toolpath/frmCornerOvercut.h"
 #include "toolpath/frmFinishPath.h"
 #include "toolpath/frmHoldingTabs.h"
 #include "toolpath/frmPathMap.h"
@@ -108,6 +109,11 @@ std::vector<NamedForm> draftingForms(Application& application) {
           {"", [&] { return std::make_unique<frmText>(context, application.interaction.fonts); }}};
 }
 
+InsideCorners cornersWithOneBlocked() {
+  return {.drops = {{.corner = {0, 0}, .place = {0.25, 0.25}, .bottom = {0.18, 0.18}}},
+          .blocked = 1};
+}
+
 std::vector<NamedForm> pathForms(Application& application) {
   CamContext& cam = application.interaction.cam;
   Session& session = application.session;
@@ -116,6 +122,7 @@ std::vector<NamedForm> pathForms(Application& application) {
           plain<dlgEditPath>(cam),
           plain<dlgSelectCycle>(cam),
           plain<frmFinishPath>(cam),
+          {"", [&] { return std::make_unique<frmCornerOvercut>(cam, cornersWithOneBlocked()); }},
           {"", [&] { return std::make_unique<frmHoldingTabs>(cam, passRoundASquare(), -0.375F); }},
           plain<frmPathMap>(cam),
           {"",
