@@ -5,9 +5,7 @@
 // its tip.
 #include "shell/qt/raster_surface.h"
 
-#include <QFont>
 #include <QFontMetricsF>
-#include <QPainterPath>
 #include <algorithm>
 #include <cmath>
 #include <optional>
@@ -15,7 +13,6 @@
 #include <vector>
 
 #include "geometry/float_constants.h"
-#include "shell/qt/smooth_line.h"
 #include "shell/qt/stepped_arc.h"
 
 namespace tess {
@@ -28,8 +25,11 @@ constexpr double kTextHeight = 12;      // pixels
 constexpr int kMinContrast = 64;        // of 255
 constexpr QRgb kGreyMask = 0x00C0C0C0;  // changes any grey by 64 or more
 
+QRgb bitsOf(Rgb color) {
+  return qRgb(color & 0xFF, color >> 8 & 0xFF, color >> 16 & 0xFF);
+}
 QColor colorOf(Rgb color) {
-  return {color & 0xFF, color >> 8 & 0xFF, color >> 16 & 0xFF};
+  return QColor::fromRgb(bitsOf(color));
 }
 
 // How much an inverting pen of this mask changes a colour.
@@ -88,6 +88,12 @@ RasterSurface::RasterSurface(const SurfaceArea& area, double density)
   resizePicture();
 }
 
+// Before the pixels are looked at or given up.
+void RasterSurface::stopPainting() {
+  smoothLines_.finish();
+  painter_.reset();
+}
+
 void RasterSurface::setDensity(double density) {
   if (density == density_) return;
   density_ = density;
@@ -105,6 +111,7 @@ QImage RasterSurface::emptyPicture(const QSize& size) const {
 
 // What fits of the old picture stays, as on a window that is pulled wider.
 void RasterSurface::resizePicture() {
+  measures_.reset();
   const QSize size(std::max(1, static_cast<int>(std::lround(area_.width * density_))),
                    std::max(1, static_cast<int>(std::lround(area_.height * density_))));
   if (size == picture_.size()) return;
@@ -165,6 +172,7 @@ void RasterSurface::Cls() {
 }
 
 QPainter& RasterSurface::painter(const QColor& ink, bool smooth) {
+  smoothLines_.finish();
   if (!painter_) painter_ = std::make_unique<QPainter>(&picture_);
   // Square ends: the toolkit is ten times slower at wide lines with round ones.
   QPen pen(ink, penWidth(), Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin);
@@ -185,15 +193,18 @@ void RasterSurface::painted(const QRectF& box) {
   onPainted((reached & picture_.rect()).toAlignedRect());
 }
 
-double RasterSurface::penWidth() const {
-  return std::max(1.0, std::round(state().drawWidth * density_));
+RasterSurface::Measures RasterSurface::measured() const {
+  return {.scale = pixelScale(),
+          .penWidth = std::max(1.0, std::round(state().drawWidth * density_)),
+          .paintedBounds = QRectF(picture_.rect()).adjusted(-kMargin, -kMargin, kMargin, kMargin),
+          .paintsSmoothly = !isInverting() && state().drawStyle == PenStyle::Solid};
 }
 
 // An inverting pen flips the bits that its colour lacks. Where that would leave the background
 // nearly as it is, as with a white pen, it flips bits that always show.
 QRgb RasterSurface::flippedBits(Rgb color) const {
-  const QRgb mask = ~colorOf(color).rgb() & 0x00FFFFFF;
-  const bool shows = contrast(colorOf(state().backColor).rgb(), mask) >= kMinContrast;
+  const QRgb mask = ~bitsOf(color) & 0x00FFFFFF;
+  const bool shows = contrast(bitsOf(state().backColor), mask) >= kMinContrast;
   return shows ? mask : kGreyMask;
 }
 
@@ -203,7 +214,7 @@ QColor RasterSurface::ink(Rgb color) const {
 }
 
 QPointF RasterSurface::devicePoint(float x, float y) const {
-  const PixelPoint pixel = toPixels(x, y);
+  const PixelPoint pixel = measures().scale.at(x, y);
   return {pixel.x * density_, pixel.y * density_};
 }
 
@@ -211,10 +222,6 @@ double RasterSurface::deviceLength(float length) const {
   const bool inPixels = state().scaleMode == ScaleUnit::Pixels;
   const double pixels = inPixels ? length : length / state().scaleWidth * area_.width;
   return std::abs(pixels) * density_;
-}
-
-QRectF RasterSurface::paintedBounds() const {
-  return QRectF(picture_.rect()).adjusted(-kMargin, -kMargin, kMargin, kMargin);
 }
 
 // Drawing rows are copied twice; the second time there is nothing to do, and smooth edges stay as
@@ -229,15 +236,19 @@ void RasterSurface::line(const WorldBox& ends, Rgb color) {
   if (ends.x0 == ends.x1 && ends.y0 == ends.y1) return;
   if (isRepeated(ends, color)) return;
   const QLineF whole(devicePoint(ends.x0, ends.y0), devicePoint(ends.x1, ends.y1));
+  if (holdsLine(paintedBounds(), whole)) return visibleLine(whole, color);
   if (!hasPlace(whole.p1()) || !hasPlace(whole.p2())) return;
   const std::optional<QLineF> visible = clipped(whole, paintedBounds());
-  if (!visible) return;
-  if (paintsSmoothly() && !isAlongAxis(*visible)) {
-    smoothLine(*visible, color);
+  if (visible) visibleLine(*visible, color);
+}
+
+void RasterSurface::visibleLine(const QLineF& pixels, Rgb color) {
+  if (paintsSmoothly() && !isAlongAxis(pixels)) {
+    smoothLine(pixels, color);
   } else {
-    sharpLine(wholePixel(visible->p1()), wholePixel(visible->p2()), color);
+    sharpLine(wholePixel(pixels.p1()), wholePixel(pixels.p2()), color);
   }
-  painted(QRectF(visible->p1(), visible->p2()));
+  painted(QRectF(pixels.p1(), pixels.p2()));
 }
 
 // Inverted twice it would be gone.
@@ -249,7 +260,7 @@ void RasterSurface::lineTwice(const WorldBox& ends, Rgb color) {
 void RasterSurface::smoothLine(const QLineF& pixels, Rgb color) {
   const QLineF line(pixelMiddle(pixels.p1()), pixelMiddle(pixels.p2()));
   if (penWidth() <= kWidestOwnLine) {
-    blendLine(picture_, line, penWidth(), colorOf(color).rgb());
+    smoothLines_.add(line, penWidth(), bitsOf(color));
   } else {
     painter(colorOf(color), /*smooth=*/true).drawLine(line);
   }
@@ -259,7 +270,8 @@ void RasterSurface::sharpLine(QPoint from, QPoint to, Rgb color) {
   const bool straight = from.x() == to.x() || from.y() == to.y();
   if (straight && paintsSmoothly() && penWidth() == 1) {
     const QRect pixels = QRect(from, from) | QRect(to, to);
-    fillPixels(picture_, pixels & picture_.rect(), colorOf(color).rgb());
+    smoothLines_.finish();
+    fillPixels(picture_, pixels & picture_.rect(), bitsOf(color));
   } else {
     painter(ink(color), /*smooth=*/false).drawLine(from, to);
   }
@@ -275,7 +287,8 @@ void RasterSurface::box(const WorldBox& corners, Rgb color, bool filled) {
   const QRect pixels(QPoint(std::min(a.x(), b.x()), std::min(a.y(), b.y())),
                      QPoint(std::max(a.x(), b.x()), std::max(a.y(), b.y())));
   if (filled && !isInverting()) {
-    fillPixels(picture_, pixels & picture_.rect(), colorOf(color).rgb());
+    smoothLines_.finish();
+    fillPixels(picture_, pixels & picture_.rect(), bitsOf(color));
   } else {
     paintBox(pixels, color, filled);
   }
@@ -320,21 +333,33 @@ void RasterSurface::arc(const WorldArc& arc, Rgb color) {
   painted(reach);
 }
 
-void RasterSurface::text(float x, float y, const std::string& text, Rgb color) {
-  lastLine_.reset();
+const RasterSurface::Lettering& RasterSurface::letteringOf(const std::string& text) {
+  constexpr std::size_t kMost = 8;
   QFont font;
   font.setPixelSize(static_cast<int>(std::lround(kTextHeight * density_)));
+  const auto isIt = [&](const Lettering& one) { return one.text == text && one.font == font; };
+  const auto known = std::find_if(letterings_.begin(), letterings_.end(), isIt);
+  if (known != letterings_.end()) return *known;
+  if (letterings_.size() == kMost) letterings_.erase(letterings_.begin());
   const QFontMetricsF metrics(font);
   const QString letters = QString::fromStdString(text);
+  QPainterPath outlines;
+  outlines.addText(QPointF(0, metrics.ascent()), font, letters);
+  letterings_.push_back(
+      {text, font, {metrics.horizontalAdvance(letters), metrics.height()}, outlines});
+  return letterings_.back();
+}
+
+void RasterSurface::text(float x, float y, const std::string& text, Rgb color) {
+  lastLine_.reset();
   const QPointF place = devicePoint(x, y);
   if (!hasPlace(place)) return;
   const QPointF corner = wholePixel(place);
-  const QRectF reach(corner, QSizeF(metrics.horizontalAdvance(letters), metrics.height()));
+  const Lettering& lettering = letteringOf(text);
+  const QRectF reach(corner, lettering.size);
   QPainter& brush = painter(ink(color), paintsSmoothly());
   if (!state().fontTransparent) brush.fillRect(reach, colorOf(state().backColor));
-  QPainterPath outlines;
-  outlines.addText(corner + QPointF(0, metrics.ascent()), font, letters);
-  brush.fillPath(outlines, ink(color));
+  brush.fillPath(lettering.outlines.translated(corner), ink(color));
   painted(reach);
 }
 
