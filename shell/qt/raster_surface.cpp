@@ -84,9 +84,7 @@ double sweepOf(const WorldArc& arc) {
 }  // namespace
 
 RasterSurface::RasterSurface(const SurfaceArea& area, double density)
-    : area_(area), density_(density) {
-  resizePicture();
-}
+    : area_(area), density_(density) {}
 
 // Before the pixels are looked at or given up.
 void RasterSurface::stopPainting() {
@@ -109,19 +107,27 @@ QImage RasterSurface::emptyPicture(const QSize& size) const {
   return picture;
 }
 
+QSize RasterSurface::pictureSize() const {
+  return {std::max(1, static_cast<int>(std::lround(area_.width * density_))),
+          std::max(1, static_cast<int>(std::lround(area_.height * density_)))};
+}
+
+// A window goes through several sizes while it comes up: no pixels are made before any are wanted.
+QImage& RasterSurface::pixels() {
+  if (picture_.isNull()) picture_ = emptyPicture(pictureSize());
+  return picture_;
+}
+
 // What fits of the old picture stays, as on a window that is pulled wider.
 void RasterSurface::resizePicture() {
   measures_.reset();
-  const QSize size(std::max(1, static_cast<int>(std::lround(area_.width * density_))),
-                   std::max(1, static_cast<int>(std::lround(area_.height * density_))));
-  if (size == picture_.size()) return;
+  if (picture_.size() == pictureSize()) return;
   stopPainting();
   lastLine_.reset();
   const QImage before = begun_ ? picture_ : QImage();
   picture_ = QImage();  // makes room for the next one
   spare_ = QImage();
-  picture_ = emptyPicture(size);
-  if (begun_) QPainter(&picture_).drawImage(0, 0, before);
+  if (begun_) QPainter(&pixels()).drawImage(0, 0, before);
 }
 
 void RasterSurface::Move(const SurfaceArea& area) {
@@ -144,7 +150,7 @@ void RasterSurface::setRepaint(bool on) {
   } else {
     shown_ = begun_ ? picture_ : emptyPicture({1, 1});
   }
-  if (on && onPainted) onPainted(picture_.rect());
+  if (on && onPainted) onPainted(bounds());
 }
 
 void RasterSurface::Refresh() {
@@ -154,6 +160,7 @@ void RasterSurface::Refresh() {
 const QImage& RasterSurface::picture() {
   if (!repaint_) return shown_;
   stopPainting();
+  if (picture_.isNull()) return shown_ = emptyPicture({1, 1});
   return picture_;
 }
 
@@ -164,16 +171,16 @@ void RasterSurface::Cls() {
   begun_ = true;
   lastLine_.reset();
   if (!picture_.isDetached()) {
-    const bool fits = spare_.size() == picture_.size();
-    picture_ = fits ? std::exchange(spare_, QImage()) : emptyPicture(picture_.size());
+    const bool fits = spare_.size() == pictureSize();
+    picture_ = fits ? std::exchange(spare_, QImage()) : emptyPicture(pictureSize());
   }
   picture_.fill(colorOf(state().backColor));
-  painted(picture_.rect());
+  painted(bounds());
 }
 
 QPainter& RasterSurface::painter(const QColor& ink, bool smooth) {
   smoothLines_.finish();
-  if (!painter_) painter_ = std::make_unique<QPainter>(&picture_);
+  if (!painter_) painter_ = std::make_unique<QPainter>(&pixels());
   // Square ends: the toolkit is ten times slower at wide lines with round ones.
   QPen pen(ink, penWidth(), Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin);
   if (state().drawStyle == PenStyle::Dash) pen.setDashPattern({6, 4});
@@ -190,13 +197,15 @@ void RasterSurface::painted(const QRectF& box) {
   if (!repaint_ || !onPainted) return;
   const double margin = penWidth() + 2;
   const QRectF reached = box.normalized().adjusted(-margin, -margin, margin, margin);
-  onPainted((reached & picture_.rect()).toAlignedRect());
+  onPainted((reached & bounds()).toAlignedRect());
 }
 
 RasterSurface::Measures RasterSurface::measured() const {
+  const QRect bounds({0, 0}, pictureSize());
   return {.scale = pixelScale(),
           .penWidth = std::max(1.0, std::round(state().drawWidth * density_)),
-          .paintedBounds = QRectF(picture_.rect()).adjusted(-kMargin, -kMargin, kMargin, kMargin),
+          .bounds = bounds,
+          .paintedBounds = QRectF(bounds).adjusted(-kMargin, -kMargin, kMargin, kMargin),
           .paintsSmoothly = !isInverting() && state().drawStyle == PenStyle::Solid};
 }
 
@@ -260,6 +269,7 @@ void RasterSurface::lineTwice(const WorldBox& ends, Rgb color) {
 void RasterSurface::smoothLine(const QLineF& pixels, Rgb color) {
   const QLineF line(pixelMiddle(pixels.p1()), pixelMiddle(pixels.p2()));
   if (penWidth() <= kWidestOwnLine) {
+    this->pixels();  // there must be some
     smoothLines_.add(line, penWidth(), bitsOf(color));
   } else {
     painter(colorOf(color), /*smooth=*/true).drawLine(line);
@@ -271,7 +281,7 @@ void RasterSurface::sharpLine(QPoint from, QPoint to, Rgb color) {
   if (straight && paintsSmoothly() && penWidth() == 1) {
     const QRect pixels = QRect(from, from) | QRect(to, to);
     smoothLines_.finish();
-    fillPixels(picture_, pixels & picture_.rect(), bitsOf(color));
+    fillPixels(this->pixels(), pixels & bounds(), bitsOf(color));
   } else {
     painter(ink(color), /*smooth=*/false).drawLine(from, to);
   }
@@ -288,7 +298,7 @@ void RasterSurface::box(const WorldBox& corners, Rgb color, bool filled) {
                      QPoint(std::max(a.x(), b.x()), std::max(a.y(), b.y())));
   if (filled && !isInverting()) {
     smoothLines_.finish();
-    fillPixels(picture_, pixels & picture_.rect(), bitsOf(color));
+    fillPixels(this->pixels(), pixels & bounds(), bitsOf(color));
   } else {
     paintBox(pixels, color, filled);
   }
@@ -366,8 +376,8 @@ void RasterSurface::text(float x, float y, const std::string& text, Rgb color) {
 // ---- Lines that hover
 
 bool RasterSurface::reserveHover(int /*width*/, int /*height*/) {
-  if (hovering_.size() != picture_.size()) {
-    hovering_ = QImage(picture_.size(), QImage::Format_RGB32);
+  if (hovering_.size() != pictureSize()) {
+    hovering_ = QImage(pictureSize(), QImage::Format_RGB32);
     hovering_.fill(0);
   }
   return !hovering_.isNull();
@@ -396,17 +406,17 @@ QRect RasterSurface::traceHovering(const std::vector<QLine>& lines, QRgb bits) {
   brush.setPen(QPen(QColor::fromRgb(bits), penWidth()));
   brush.drawLines(lines.data(), static_cast<int>(lines.size()));
   const int margin = static_cast<int>(penWidth()) + 1;
-  return reach.adjusted(-margin, -margin, margin, margin) & picture_.rect();
+  return reach.adjusted(-margin, -margin, margin, margin) & bounds();
 }
 
 void RasterSurface::hover(std::span<const WorldBox> lines, Rgb color) {
   const std::vector<QLine> visible = visibleLines(lines);
-  if (visible.empty() || !reserveHover(picture_.width(), picture_.height())) return;
+  if (visible.empty() || !reserveHover(bounds().width(), bounds().height())) return;
   stopPainting();
   lastLine_.reset();
   const QRect reach = traceHovering(visible, flippedBits(color));
   for (int y = reach.top(); y <= reach.bottom(); ++y) {
-    auto* const shown = reinterpret_cast<QRgb*>(picture_.scanLine(y));
+    auto* const shown = reinterpret_cast<QRgb*>(pixels().scanLine(y));
     auto* const flipped = reinterpret_cast<QRgb*>(hovering_.scanLine(y));
     for (int x = reach.left(); x <= reach.right(); ++x) shown[x] ^= flipped[x] & 0x00FFFFFF;
     std::fill(flipped + reach.left(), flipped + reach.right() + 1, 0U);

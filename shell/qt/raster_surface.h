@@ -65,6 +65,9 @@ class RasterSurface : public DrawingSurface {
   void propertyChanged() override { measures_.reset(); }
   void stopPainting();
   QImage emptyPicture(const QSize& size) const;
+  QSize pictureSize() const;
+  const QRect& bounds() const { return measures().bounds; }
+  QImage& pixels();
   void resizePicture();
   void painted(const QRectF& box);
   bool isInverting() const { return state().drawMode == PenMode::NotXor; }
@@ -83,6 +86,7 @@ class RasterSurface : public DrawingSurface {
   struct Measures {
     PixelScale scale;
     double penWidth;       // in device pixels
+    QRect bounds;          // of the picture, in device pixels
     QRectF paintedBounds;  // in device pixels, beyond which nothing is painted
     bool paintsSmoothly;
   };
@@ -116,10 +120,10 @@ class RasterSurface : public DrawingSurface {
   std::optional<LastLine> lastLine_;
   mutable std::optional<Measures> measures_;
   bool begun_ = false;  // the first clearing: what was painted before, in no view, is not kept
-  QImage picture_;
-  QImage shown_;     // while repainting is off
-  QImage spare_;     // to be cleared for the next picture
-  QImage hovering_;  // the bits that lines that hover flip; else all are 0
+  QImage picture_;      // null before anything is painted
+  QImage shown_;        // while repainting is off
+  QImage spare_;        // to be cleared for the next picture
+  QImage hovering_;     // the bits that lines that hover flip; else all are 0
   std::vector<Lettering> letterings_;
   SmoothLines smoothLines_{picture_};  // on their way into the picture
   std::unique_ptr<QPainter> painter_;  // kept open from one entity to the next
