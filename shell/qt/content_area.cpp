@@ -3,6 +3,7 @@
 
 #include <QEvent>
 #include <QKeyEvent>
+#include <QLayout>
 #include <QScrollBar>
 #include <algorithm>
 
@@ -39,6 +40,14 @@ ContentArea::ContentArea(QWidget& content) : content_(content) {
 
 void ContentArea::setRoom(const QSize& room) {
   room_ = room;
+  // How large a content would rather be is no reason to scroll what its layout can make smaller.
+  const QSize wanted = content_.minimumSize();
+  if (content_.layout() != nullptr) content_.setMinimumSize(wanted.boundedTo(room));
+  updateGeometry();
+}
+
+void ContentArea::setLeast(const QSize& least) {
+  least_ = least;
   updateGeometry();
 }
 
@@ -57,7 +66,8 @@ QSize ContentArea::sizeHint() const {
 }
 
 QSize ContentArea::minimumSizeHint() const {
-  return within(content_.minimumSizeHint().expandedTo(content_.minimumSize()));
+  const QSize whole = within(content_.minimumSizeHint().expandedTo(content_.minimumSize()));
+  return whole.boundedTo(least_);
 }
 
 bool ContentArea::hasHeightForWidth() const {
@@ -65,7 +75,8 @@ bool ContentArea::hasHeightForWidth() const {
 }
 
 int ContentArea::heightForWidth(int width) const {
-  return std::min(content_.heightForWidth(width), room_.height());
+  const int height = std::max(content_.heightForWidth(width), content_.minimumSizeHint().height());
+  return std::min(height, room_.height());
 }
 
 bool ContentArea::eventFilter(QObject* watched, QEvent* event) {

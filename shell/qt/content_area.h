@@ -16,6 +16,8 @@ class ContentArea : public QScrollArea {
 
   // How large it may become; a content that needs more is scrolled.
   void setRoom(const QSize& room);
+  // How small it may become, although a smaller content has to be scrolled then.
+  void setLeast(const QSize& least);
 
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
@@ -31,6 +33,7 @@ class ContentArea : public QScrollArea {
 
   QWidget& content_;
   QSize room_{QWIDGETSIZE_MAX, QWIDGETSIZE_MAX};
+  QSize least_{QWIDGETSIZE_MAX, QWIDGETSIZE_MAX};
 };
 
 // Takes the row of the buttons that end the form out of the layouts below `root`, so that it can

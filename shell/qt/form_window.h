@@ -35,6 +35,7 @@ class FormWindow : public QDialog, public FormObserver {
  private:
   void layOut();
   void fitToScreen();
+  void takeWantedSize();
   void showTitle();
   void present();
   void standAside();
