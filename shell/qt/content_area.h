@@ -27,9 +27,13 @@ class ContentArea : public QScrollArea {
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   QSize within(QSize wanted) const;
+  void fitContent();
+  int leastWidth() const;
+  int leastHeight(int width) const;
 
   QWidget& content_;
   QSize room_{QWIDGETSIZE_MAX, QWIDGETSIZE_MAX};

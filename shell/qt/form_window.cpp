@@ -20,6 +20,7 @@ namespace {
 constexpr int kFrame = 4;
 constexpr int kTitleBar = 32;
 constexpr int kButtonGap = 8;
+constexpr int kTightGap = 2;  // where the screen is too narrow for that
 
 }  // namespace
 
@@ -59,8 +60,17 @@ void FormWindow::layOut() {
 // What the screen leaves for the part that can scroll.
 void FormWindow::fitToScreen() {
   QSize room = screen()->availableSize() - QSize(kFrame, kFrame + kTitleBar);
-  if (buttons_ != nullptr) room.rheight() -= buttons_->sizeHint().height();
+  if (buttons_ != nullptr) {
+    if (buttons_->sizeHint().width() > room.width()) moveButtonsTogether();
+    room.rheight() -= buttons_->sizeHint().height();
+  }
   content_->setRoom(room);
+}
+
+void FormWindow::moveButtonsTogether() {
+  const QMargins margins = buttons_->contentsMargins();
+  buttons_->setContentsMargins(kTightGap, 0, kTightGap, margins.bottom());
+  buttons_->setSpacing(kTightGap);
 }
 
 void FormWindow::showTitle() {

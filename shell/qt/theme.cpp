@@ -117,11 +117,12 @@ QGroupBox { border: 1px solid @border; border-radius: 6px; margin-top: 9px; padd
 QGroupBox::title { subcontrol-origin: margin; left: 9px; padding: 0 4px; }
 QGroupBox:disabled { color: @muted; }
 QPushButton { background: @raised; border: 1px solid @border; border-radius: 5px;
-  padding: 5px 16px; min-width: 50px; min-height: 18px; }
+  padding: 5px 16px; min-width: 50px; min-height: 18px; outline: none; }
 QPushButton:hover { background: @hover; }
 QPushButton:focus { border-color: @accent; }
 QPushButton:pressed { background: @pressed; }
 QPushButton:default { background: @accent; border-color: @accent; color: @onAccent; }
+QPushButton:default:focus { border-color: @text; }
 QPushButton:default:hover { background: @bright; }
 QPushButton:default:pressed { background: @edge; }
 QPushButton:disabled { background: @window; border-color: @border; color: @muted; }
