@@ -17,6 +17,8 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr char kUp[] = "..";
+// Below the home folder, where a download or a mail program puts files.
+constexpr const char* kOperatorsFolders[] = {"", "Desktop/", "Documents/", "Downloads/"};
 constexpr char kNoFolder[] = "There is no such folder.";
 
 // The full path without dots and doubled separators, with a separator at its end.
@@ -136,7 +138,10 @@ void FileDialog::showDrawing() {
 void FileDialog::showPlaces() {
   std::vector<std::string> places = {folder_};
   while (parentOf(places.back()) != places.back()) places.push_back(parentOf(places.back()));
-  std::vector<std::string> others = {start_, homeFolder()};
+  std::vector<std::string> others = {start_};
+  if (const std::string home = homeFolder(); !home.empty()) {
+    for (const char* const inside : kOperatorsFolders) others.push_back(home + inside);
+  }
   for (const std::string& place : places_) others.push_back(tidyFolder(place));
   for (const std::string& place : others) {
     const bool known = std::find(places.begin(), places.end(), place) != places.end();

@@ -21,6 +21,7 @@ constexpr std::string_view kPaths = "paths";
 constexpr std::string_view kJob = "job";
 constexpr std::string_view kLoop = "loop";
 constexpr std::string_view kTab = "tab";
+constexpr std::string_view kOvercut = "overcut";
 constexpr std::string_view kEnd = "end";
 
 template <typename Value>
@@ -91,6 +92,9 @@ void appendJob(std::string& out, const PathJob& job) {
   }
   for (const JobTab& tab : job.tabs) {
     Line(out).add(kTab).add(tab.x0).add(tab.y0).add(tab.x1).add(tab.y1).add(tab.top);
+  }
+  for (const JobOvercut& corner : job.overcuts) {
+    Line(out).add(kOvercut).add(corner.x).add(corner.y);
   }
 }
 
@@ -205,6 +209,13 @@ JobTab readTab(FieldReader& fields, const std::string& place) {
   return tab;
 }
 
+JobOvercut readOvercut(FieldReader& fields) {
+  JobOvercut corner;
+  corner.x = readNumber(fields);
+  corner.y = readNumber(fields);
+  return corner;
+}
+
 // The word that a line begins with tells what it is about.
 class JobReader {
  public:
@@ -233,6 +244,11 @@ class JobReader {
     } else if (word == kTab && !jobs_.empty()) {
       if (jobs_.back().tabs.size() == kMaxTabs) refuse(place, "more tabs than an outline has");
       jobs_.back().tabs.push_back(readTab(fields_, place));
+    } else if (word == kOvercut && !jobs_.empty()) {
+      if (jobs_.back().overcuts.size() == kMaxWalls) {
+        refuse(place, "more corners than a drawing has");
+      }
+      jobs_.back().overcuts.push_back(readOvercut(fields_));
     } else {
       refuse(place, inQuotes(word) + " does not belong here");
     }

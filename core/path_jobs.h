@@ -1,7 +1,7 @@
 // What path rows were placed for: with which tool, beside which walls. Placing commands note it for
 // their group of rows, and the path proof judges the rows by it, whatever has become of them since.
 // It is no part of the tables: undo and redo pass it over.
-// Owns: JobKind, JobWall, JobLoop, JobTab, PathJob, PathJobs.
+// Owns: JobKind, JobWall, JobLoop, JobTab, JobOvercut, PathJob, PathJobs.
 #pragma once
 
 #include <cstdint>
@@ -42,6 +42,12 @@ struct JobTab {
   friend bool operator==(const JobTab&, const JobTab&) = default;
 };
 
+// A corner of the walls into which the path drops on purpose.
+struct JobOvercut {
+  double x = 0, y = 0;
+  friend bool operator==(const JobOvercut&, const JobOvercut&) = default;
+};
+
 struct PathJob {
   int group = 0;
   JobKind kind = JobKind::None;
@@ -49,8 +55,9 @@ struct PathJob {
   double distance = 0;       // of the rows from the walls: the radius and what is left for later
   bool isUnbounded = false;  // beyond all loops is free space too
   std::vector<JobLoop> loops = {};
-  // What the operator meant: not taken at its word, rows count only where they do just that.
+  // What the operator meant: neither is taken at its word, rows count only where they do just that.
   std::vector<JobTab> tabs = {};
+  std::vector<JobOvercut> overcuts = {};
   // Some of the rows as they were placed, by which the job is known again among several of one
   // group number; none of a job that was read from a file.
   std::vector<std::uint64_t> rowMarks = {};

@@ -24,6 +24,13 @@ EntryKind entryKind(const DrawingSettings& settings) {
   return isKnown ? static_cast<EntryKind>(kind) : EntryKind::Plunge;
 }
 
+CornerOvercut cornerOvercut(const DrawingSettings& settings) {
+  const int corners = settings.cfg_corner_overcut;
+  const bool isKnown = corners == choiceNumber(CornerOvercut::AllCorners) ||
+                       corners == choiceNumber(CornerOvercut::PickedCorners);
+  return isKnown ? static_cast<CornerOvercut>(corners) : CornerOvercut::None;
+}
+
 bool stepsByDistance(const DrawingSettings& settings) {
   return settings.cfg_tool_spacing_distance > 0 && stepOver(settings) == StepOver::ByDistance;
 }

@@ -70,6 +70,7 @@
   SETTING(cfg_tab_width, float, S, "tab width", Live, WhenSet)                               \
   SETTING(cfg_tab_height, float, S, "tab height", Live, WhenSet)                             \
   SETTING(cfg_finish_what_is_left, Flag, S, "finish what is left", Live, WhenSet)            \
+  SETTING(cfg_corner_overcut, Int16, S, "corner overcut", Live, WhenSet)                     \
   SETTING(exactgeometry, Flag, S, "exact geometry", Live, WhenSet)                           \
   SETTING(cfg_entry_kind, Int16, S, "entry kind", Live, WhenSet)                             \
   SETTING(cfg_entry_angle, float, S, "entry angle", Live, WhenSet)                           \

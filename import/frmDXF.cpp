@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "core/count_text.h"
 #include "core/drawing_store.h"
@@ -141,11 +142,15 @@ ImportBoxes frmDXF::boxes() const {
 
 void frmDXF::cmdOpenDXF_Click() {
   const Procedure here("frmDXF.cmdOpenDXF_Click()");
+  std::vector<std::string> places;
+  if (!file_.empty()) places.push_back(file_.substr(0, file_.size() - fileNameOf(file_).size()));
   const auto chosen = context_.session.host.prompts.chooseFile(
       {.title = "Open DXF File",
        .pattern = "DXF Files (*.DXF)|*.dxf|All Files (*.*)|*.*",
        .folder = withSeparator(resolvePath(context_.session.appfolder + "DXF")),
-       .name = "*.DXF"});
+       .name = "*.DXF",
+       .okCaption = {},
+       .places = std::move(places)});
   if (!chosen || chosen->empty() || chosen->find('*') != std::string::npos) return;
   std::string folder;
   const std::string name = splitPath(folder, *chosen, "dxf");

@@ -11,8 +11,10 @@
 #include "core/file_writer.h"
 #include "core/lifecycle.h"
 #include "core/path_job_file.h"
+#include "core/setup_file.h"
 #include "core/text.h"
 #include "shell/application.h"
+#include "shell/controls_list.h"
 #include "shell/frmExamples.h"
 #include "shell/shell_commands.h"
 
@@ -46,6 +48,32 @@ void tellThatNoneAreThere(Session& session, const std::string& folder) {
                                     .icon = MessageIcon::Warning});
 }
 
+// For the units of the drawing, when the setup in use is that of the same control for the other
+// ones; empty when it fits, or nobody knows.
+std::string setupForDrawing(const Session& session) {
+  const bool metric = isMetric(session.store);
+  for (const ControlChoice& control : availableControls(session.appfolder)) {
+    const std::string& other = control.setup(!metric);
+    if (!other.empty() && upperCased(other) == upperCased(session.setupname)) {
+      return control.setup(metric);
+    }
+  }
+  return {};
+}
+
+// Cutters are those of the setup: of one in other units each would be 25 times too large or small.
+bool takesSetup(Session& session, const std::string& setup) {
+  const bool metric = isMetric(session.store);
+  const std::string own = metric ? "millimetres" : "inches";
+  const std::string others = metric ? "inches" : "millimetres";
+  return session.host.prompts.showMessage(
+             {.text = "This example is in " + own + ", and the cutters of " + session.setupname +
+                      " are in " + others + ".\nShould " + setup + " be loaded for it?",
+              .title = "Examples",
+              .icon = MessageIcon::Question,
+              .buttons = MessageButtons::YesNo}) == Answer::Yes;
+}
+
 void openCopy(Application& application, const Example& example) {
   Session& session = application.session;
   const std::string folder = session.appfolder + "CNC" + kSeparator;
@@ -54,6 +82,11 @@ void openCopy(Application& application, const Example& example) {
   session.selectedfolder = folder;
   session.selectedname = name;
   load_Drawing(session);
+  const std::string setup = setupForDrawing(session);
+  if (!setup.empty() && takesSetup(session, setup)) {
+    changeSetup(session, session.appfolder + setup);
+    load_Drawing(session);
+  }
   showDrawingName(session);
 }
 

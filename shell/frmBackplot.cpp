@@ -5,7 +5,8 @@ namespace tess {
 
 frmBackplot::frmBackplot() : Form("frmBackplot", "Backplot") {
   sldTime.setRange(0, kSteps);
-  cmdPlay.setCaption("&Play");
+  cmdPlay.setCaption("Pl&ay");
+  txtRow.setHint("Number of a row");
   cmdPrevious.setCaption("P&revious Row");
   cmdNext.setCaption("&Next Row");
   cmdRow.setCaption("&Go to Row");

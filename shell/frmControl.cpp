@@ -21,7 +21,7 @@ frmControl::frmControl(const std::vector<ControlChoice>& controls, std::string s
   lblExplanation.setCaption(kExplanation);
   fraUnits.setCaption("Units");
   optUnits[kInch].setCaption("&Inch");
-  optUnits[kMetric].setCaption("&Millimetre");
+  optUnits[kMetric].setCaption("&Millimeter");
   cmdAccept.setCaption("&Accept");
   cmdCancel.setCaption("&Cancel");
   setDefaultButton(cmdAccept);

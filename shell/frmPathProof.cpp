@@ -28,7 +28,13 @@ std::string unjudgedText(const PathProof& proof) {
 }  // namespace
 
 frmPathProof::frmPathProof() : Form("frmPathProof", "Path Proof") {
-  show({});
+  showNothing();
+}
+
+void frmPathProof::showNothing() {
+  cmdProof.setCaption("No proof yet");
+  cmdProof.setColor({});
+  showPlace({});
 }
 
 void frmPathProof::show(const PathProof& proof) {

@@ -16,6 +16,8 @@ class frmPathProof : public Form {
   frmPathProof();
 
   void show(const PathProof& proof);
+  // Before a path is judged.
+  void showNothing();
   // What is found at the place that is gone to.
   void showPlace(const std::string& text) { lblPlace.setCaption(text); }
 

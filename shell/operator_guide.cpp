@@ -89,7 +89,12 @@ bool selects(int action) {
 std::string nextStep(const Interaction& interaction) {
   const DrawingStore& store = interaction.context.store;
   const Marks marks = marksOfSegments(store);
-  if (store.NumPathSegments > 0) return nameWithKey(kMakeMillFileCommand.info) + " makes a program";
+  if (store.NumPathSegments > 0) {
+    const std::string program = nameWithKey(kMakeMillFileCommand.info) + " makes a program";
+    return marks.verified > 0
+               ? nameOf(kPlaceFinishPathCommand.info) + " finishes a wall, " + program
+               : program;
+  }
   if (marks.verified > 0) {
     return nameOf(kRoughCutPocketCommand.info) + " or " + nameOf(kPlaceFinishPathCommand.info) +
            " cuts what is verified";

@@ -132,7 +132,8 @@ void ProofWatch::renew() {
   places_ = worstPlaces(proof);
   nextPlace_ = 0;
   marks_ = marksOf(proof, places_);
-  interaction_.frmPathProof.show(proof);
+  const bool hasPath = session_.store.NumPathSegments > 0;
+  hasPath ? interaction_.frmPathProof.show(proof) : interaction_.frmPathProof.showNothing();
   if (hadMarks || !isEmpty(marks_)) showMarks();
 }
 

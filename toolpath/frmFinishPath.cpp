@@ -5,6 +5,7 @@
 
 #include "core/drawing_store.h"
 #include "core/number_text.h"
+#include "core/pocketing_choices.h"
 #include "core/rounding.h"
 
 namespace tess {
@@ -31,6 +32,7 @@ frmFinishPath::frmFinishPath(CamContext& cam)
   chkConnectPocketPaths.setCaption("Connect Pocket Paths");
   chkWhatIsLeft.setCaption("Only What Is Left");
   chkHoldingTabs.setCaption("Holding Tabs round a Part");
+  chkCornerOvercut.setCaption("Overcut Inside Corners");
   cmdOK.setCaption("&OK");
   cmdCancel.setCaption("&Cancel");
   setDefaultButton(cmdOK);
@@ -54,10 +56,12 @@ void frmFinishPath::fill() {
   chkConnectPocketPaths.setChecked(store.cfg_connect_pocketing_paths);
   chkWhatIsLeft.setChecked(store.cfg_finish_what_is_left);
   chkHoldingTabs.setChecked(store.cfg_holding_tabs);
+  chkCornerOvercut.setChecked(cornerOvercut(store) != CornerOvercut::None);
   // Only the true rules know on which side of a wall a path runs.
   const bool knowsWalls = store.cfg_true_paths && cam_.PlaceChain != 0;
   chkWhatIsLeft.setEnabled(knowsWalls);
   chkHoldingTabs.setEnabled(knowsWalls);
+  chkCornerOvercut.setEnabled(knowsWalls);
   entry_.load();
   entry_.setEnabled(store.cfg_true_paths);
   txtNumPasses.setText("1");
@@ -86,6 +90,11 @@ void frmFinishPath::takeOver() {
   store.cfg_connect_pocketing_paths = chkConnectPocketPaths.isChecked();
   store.cfg_finish_what_is_left = chkWhatIsLeft.isChecked();
   store.cfg_holding_tabs = chkHoldingTabs.isChecked();
+  const bool overcuts = cornerOvercut(store) != CornerOvercut::None;
+  if (overcuts != chkCornerOvercut.isChecked()) {
+    const auto corners = overcuts ? CornerOvercut::None : CornerOvercut::AllCorners;
+    store.cfg_corner_overcut = static_cast<std::int16_t>(choiceNumber(corners));
+  }
 }
 
 }  // namespace tess

@@ -24,6 +24,7 @@ class frmFinishPath : public Form {
   CheckBox chkConnectPocketPaths{*this, "chkConnectPocketPaths"};
   CheckBox chkWhatIsLeft{*this, "chkWhatIsLeft"};
   CheckBox chkHoldingTabs{*this, "chkHoldingTabs"};
+  CheckBox chkCornerOvercut{*this, "chkCornerOvercut"};
   Frame fraEntry{*this, "fraEntry"};
   ControlArray<Option> optEntry{*this, "optEntry", {0, 1, 2, 3, 4}, fraEntry};
   Label lblEntryAngle{*this, "lblEntryAngle", fraEntry};

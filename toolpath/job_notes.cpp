@@ -49,7 +49,8 @@ void noteJob(CamContext& cam, JobKind kind, double distance, const JobWalls& wal
               .distance = distance,
               .isUnbounded = walls.isUnbounded,
               .loops = jobLoops(walls),
-              .tabs = intents.tabs});
+              .tabs = intents.tabs,
+              .overcuts = intents.overcuts});
 }
 
 }  // namespace tess

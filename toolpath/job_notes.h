@@ -17,9 +17,10 @@ struct JobWalls {
   bool isUnbounded = false;  // beyond all loops is free space too
 };
 
-// What the operator meant by rows that would else leave a rest.
+// What the operator meant by rows that would else be a fault or leave a rest.
 struct JobIntents {
   std::vector<JobTab> tabs = {};
+  std::vector<JobOvercut> overcuts = {};
 };
 
 // Notes the job of the current path group, cut by the tool in use. To be called when its rows are

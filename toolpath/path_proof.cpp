@@ -34,21 +34,29 @@ bool isCycle(const DrawingStore& store, int ps) {
 class GroupDepth {
  public:
   GroupDepth(const DrawingStore& store, const ProofGroup& group, PathProof& proof)
-      : store_(store), group_(group), proof_(proof), search_(group.region, group.freeSpace()) {}
+      : store_(store),
+        group_(group),
+        proof_(proof),
+        search_(group.region, group.freeSpace()),
+        meant_(group, radiusOfRow(store, group.rows.front(), group), proof.limits.depth),
+        floor_(floorOf(store, group)) {}
 
   void judge(const Breathing& breathing) {
     for (const int ps : group_.rows) {
       breathe(breathing);
       if (!isJudged(ps)) {
         if (isCycle(store_, ps) || isFeedRow(store_, ps)) proof_.unjudged.push_back(ps);
-      } else if (group_.hasWalls() && isFeedRow(store_, ps) && shapes_.add(store_, ps)) {
-        judgeRow(ps);
+      } else if (group_.hasWalls() && isFeedRow(store_, ps)) {
+        if (store_.psz[ps] == floor_) measureOvercut(ps);
+        if (shapes_.add(store_, ps)) judgeRow(ps);
       }
     }
   }
 
   // The moves that are in deeper than the limit.
   const std::vector<SweptCurve>& tooDeep() const { return tooDeep_; }
+
+  const std::vector<OvercutFinding>& overcuts() const { return meant_.findings(); }
 
  private:
   bool isJudged(int ps) const {
@@ -57,12 +65,20 @@ class GroupDepth {
     return group_.kind == JobKind::Lathe || store_.psz[ps] < 0;
   }
 
+  void measureOvercut(int ps) {
+    if (group_.overcuts.empty()) return;
+    const double radius = radiusOfRow(store_, ps, group_);
+    for (const Curve& move : feedCurves(store_, ps, group_.kind)) meant_.measure(move, radius);
+  }
+
   void judgeRow(int ps) {
     const double radius = radiusOfRow(store_, ps, group_);
     for (const Curve& move : feedCurves(store_, ps, group_.kind)) {
       const auto found = search_.deepest(move, radius, proof_.gouge.depth);
       if (!found) continue;
-      if (found->depth > proof_.limits.depth) tooDeep_.push_back({move, radius});
+      const bool isIn = found->depth > proof_.limits.depth;
+      if (isIn && meant_.accepts(move, radius)) continue;
+      if (isIn) tooDeep_.push_back({move, radius});
       if (!(found->depth > proof_.gouge.depth)) continue;
       proof_.gouge = {found->depth, ps, group_.group, found->at.x, found->at.y};
     }
@@ -72,6 +88,8 @@ class GroupDepth {
   const ProofGroup& group_;
   PathProof& proof_;
   DepthSearch search_;
+  MeantDrops meant_;
+  float floor_;
   RowShapes shapes_;
   std::vector<SweptCurve> tooDeep_;
 };
@@ -130,6 +148,7 @@ PathProof provePaths(const DrawingStore& store, const PathJobs& jobs, const Proo
                           radiusOfRow(store, group.rows.front(), group)});
     GroupDepth depth(store, group, proof);
     depth.judge(breathing);
+    proof.overcuts.insert(proof.overcuts.end(), depth.overcuts().begin(), depth.overcuts().end());
     if (group.isClosed) addStripsInPart(group.region, depth.tooDeep(), proof.tooDeep, breathing);
     if (clears(group)) proof.missed.push_back(missedBy(store, groups, group, breathing));
   }

@@ -13,6 +13,7 @@
 #include "core/path_jobs.h"
 #include "toolpath/engagement.h"
 #include "toolpath/missed_area.h"
+#include "toolpath/overcut_findings.h"
 #include "toolpath/tab_findings.h"
 
 namespace tess {
@@ -68,7 +69,8 @@ struct PathProof {
   GougeFinding gouge;  // the deepest
   std::vector<MissedFinding> missed;
   std::vector<RapidFinding> rapids;
-  std::vector<TabFinding> tabs;  // left on purpose
+  std::vector<TabFinding> tabs;          // left on purpose
+  std::vector<OvercutFinding> overcuts;  // cut on purpose
   std::vector<PlungeFinding> plunges;
   bool forbidsPlunges = false;  // the setup asks for entries
   std::vector<JudgedJob> jobs;

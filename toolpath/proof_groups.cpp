@@ -36,6 +36,7 @@ void judgeByRecord(ProofGroup& group, const PathJob& job) {
   group.toolRadius = job.toolRadius;
   group.distance = job.distance;
   group.tabs = job.tabs;
+  group.overcuts = job.overcuts;
   std::vector<RegionLoop> loops;
   for (const JobLoop& loop : job.loops) {
     std::vector<Curve> curves;

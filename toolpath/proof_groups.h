@@ -27,6 +27,7 @@ struct ProofGroup {
   double distance = 0;
   // What its job says was meant; where the rows do otherwise that counts for nothing.
   std::vector<JobTab> tabs;
+  std::vector<JobOvercut> overcuts;
   std::vector<int> rows;  // of the group, ascending
 
   bool hasWalls() const { return !region.isEmpty(); }

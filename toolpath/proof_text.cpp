@@ -118,6 +118,13 @@ std::string tabText(const TabFinding& tab) {
          lengthText(tab.askedHeight) + " high";
 }
 
+std::string overcutText(const OvercutFinding& corner) {
+  const std::string text = groupText(corner.group) + ": corner at " + placeText(corner.x, corner.y);
+  if (corner.reachesCorner())
+    return text + " meant to be cut over, " + lengthText(corner.depth) + " deep";
+  return text + " meant to be cut over, not cut by " + lengthText(corner.left);
+}
+
 void appendMissed(std::string& text, const MissedFinding& missed) {
   for (const MissedPlace& place : missed.atClearance.places) {
     appendLine(text, groupText(missed.group) + ": left " + missedPlaceText(place));
@@ -202,6 +209,7 @@ std::string proofText(const PathProof& proof) {
   }
   for (const RapidFinding& rapid : proof.rapids) appendLine(text, rapidText(rapid));
   for (const TabFinding& tab : proof.tabs) appendLine(text, tabText(tab));
+  for (const OvercutFinding& corner : proof.overcuts) appendLine(text, overcutText(corner));
   for (const PlungeFinding& plunge : forbiddenPlunges(proof)) {
     appendLine(text, plungeText(plunge));
   }

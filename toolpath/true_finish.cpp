@@ -11,6 +11,7 @@
 
 #include "core/drawing_store.h"
 #include "core/number_text.h"
+#include "core/pocketing_choices.h"
 #include "display/pointer.h"
 #include "drafting/change.h"
 #include "geometry/row_entity.h"
@@ -19,6 +20,7 @@
 #include "toolpath/connected_rows.h"
 #include "toolpath/element_offset.h"
 #include "toolpath/entry_moves.h"
+#include "toolpath/frmCornerOvercut.h"
 #include "toolpath/frmHoldingTabs.h"
 #include "toolpath/job_walls.h"
 #include "toolpath/lead_gouge.h"
@@ -118,12 +120,22 @@ struct FinishWay {
   bool freeLeft = true;
 };
 
+std::vector<std::vector<Curve>> curvesOf(const std::vector<FinishWay>& ways) {
+  std::vector<std::vector<Curve>> all;
+  all.reserve(ways.size());
+  for (const FinishWay& way : ways) all.push_back(way.curves);
+  return all;
+}
+
 // What a pass goes along, and what it must keep clear of.
 class FinishField {
  public:
   virtual ~FinishField() = default;
   virtual std::vector<FinishWay> waysAt(double distance, const Breathing& breathing) const = 0;
   virtual bool isClear(const Curve& curve, double distance) const = 0;
+  // Beside these ways, which keep the radius from the walls.
+  virtual InsideCorners cornersBeside(const std::vector<FinishWay>& ways, double radius,
+                                      double least) const = 0;
   // Its ways run round a part, which they would cut free.
   virtual bool runsRoundPart() const = 0;
 };
@@ -163,6 +175,21 @@ class ClosedField : public FinishField {
     return region_.isClear(curve, distance);
   }
 
+  InsideCorners cornersBeside(const std::vector<FinishWay>& ways, double radius,
+                              double least) const override {
+    std::vector<WallJoint> joints;
+    for (int loop = 0; loop < static_cast<int>(region_.loops().size()); ++loop) {
+      const RegionLoop& of = region_.loops()[static_cast<std::size_t>(loop)];
+      const int first = region_.firstWallOf(loop);
+      const int count = static_cast<int>(of.curves.size());
+      for (int k = 0; k < count; ++k) {
+        const WallJoint joint{first + k, first + (k + 1) % count};
+        if (isRowOfChain(joint.before) || isRowOfChain(joint.after)) joints.push_back(joint);
+      }
+    }
+    return insideCorners(region_.index(), joints, curvesOf(ways), radius, least);
+  }
+
   bool runsRoundPart() const override { return outside_; }
 
  private:
@@ -173,10 +200,13 @@ class ClosedField : public FinishField {
     return rowOfSource_[static_cast<std::size_t>(of.sources[at])];
   }
 
+  bool isRowOfChain(int wall) const {
+    return std::binary_search(chainRows_.begin(), chainRows_.end(), rowOf(wall));
+  }
+
   bool isOfChain(const RegionLoop& loop) const {
-    return std::any_of(loop.sources.begin(), loop.sources.end(), [this](int wall) {
-      return std::binary_search(chainRows_.begin(), chainRows_.end(), rowOf(wall));
-    });
+    return std::any_of(loop.sources.begin(), loop.sources.end(),
+                       [this](int wall) { return isRowOfChain(wall); });
   }
 
   // The walls have free space on their left: the clicked way is theirs or the other.
@@ -260,6 +290,15 @@ class OpenField : public FinishField {
     return !nearest || nearest->gap.distance >= distance;
   }
 
+  InsideCorners cornersBeside(const std::vector<FinishWay>& ways, double radius,
+                              double least) const override {
+    std::vector<WallJoint> joints;
+    for (int wall = 1; wall < static_cast<int>(walls_.size()); ++wall) {
+      joints.push_back({wall - 1, wall});
+    }
+    return insideCorners(index_, joints, curvesOf(ways), radius, least);
+  }
+
   bool runsRoundPart() const override { return false; }
 
  private:
@@ -329,13 +368,22 @@ struct PassPath {
   bool isWhole = false;  // that way is closed
 };
 
+// What the ways of passes are made from.
+struct PassGround {
+  const FinishField& field;
+  const std::vector<FinishWay>& finished;  // the ways at the finished size
+  const CornerDrops& overcut;              // and their drops
+};
+
 class PassMaker {
  public:
   // Of what was `taken` before nothing is cut again.
-  PassMaker(CamContext& cam, const FinishField& field, std::vector<SweptCurve> taken,
+  PassMaker(CamContext& cam, const PassGround& ground, std::vector<SweptCurve> taken,
             const Breathing& breathing)
       : cam_(cam),
-        field_(field),
+        field_(ground.field),
+        finished_(ground.finished),
+        overcut_(ground.overcut),
         taken_(std::move(taken)),
         breathing_(breathing),
         radius_(cam.store.toolradius[cam.store.selectedtool]) {}
@@ -366,11 +414,13 @@ class PassMaker {
   // A curve that comes too near to a wall is left out.
   std::vector<Entity> rowsOf(const PassPath& path) {
     bool isJudged = true;
+    const double limit = proofLimits(cam_.store).depth;
     RegionRows rows([&](const Curve& curve) {
       breathe(breathing_);
-      return !isJudged || field_.isClear(curve, path.distance - kPlacedSlack);
+      return !isJudged || field_.isClear(curve, path.distance - kPlacedSlack) ||
+             overcut_.around(curve, limit) >= 0;
     });
-    rows.setRoundingLimit(proofLimits(cam_.store).depth);
+    rows.setRoundingLimit(limit);
     for (const PassStretch& stretch : path.stretches) {
       isJudged = stretch.isJudged;
       rows.add(stretch.curves);
@@ -382,8 +432,16 @@ class PassMaker {
   bool refused() const { return refused_; }
 
  private:
+  // Only the finished size has drops.
+  std::vector<FinishWay> waysAt(double distance) const {
+    if (distance != radius_) return field_.waysAt(distance, breathing_);
+    std::vector<FinishWay> ways = finished_;
+    for (FinishWay& way : ways) way.curves = overcut_.putInto(way.curves);
+    return ways;
+  }
+
   std::vector<FinishWay> waysLeftAt(double distance) const {
-    std::vector<FinishWay> ways = field_.waysAt(distance, breathing_);
+    std::vector<FinishWay> ways = waysAt(distance);
     if (taken_.empty()) return ways;
     std::vector<Curve> all;
     for (const FinishWay& way : ways) all.insert(all.end(), way.curves.begin(), way.curves.end());
@@ -392,6 +450,7 @@ class PassMaker {
     std::vector<FinishWay> left;
     for (const FinishWay& way : ways) {
       for (std::vector<Curve>& part : rest.partsOf(way.curves)) {
+        overcut_.completeEnds(part);
         const bool isWhole = lengthOfAll(part) > lengthOfAll(way.curves) - kWhole;
         left.push_back({std::move(part), way.closed && isWhole, way.freeLeft});
       }
@@ -434,6 +493,8 @@ class PassMaker {
 
   CamContext& cam_;
   const FinishField& field_;
+  const std::vector<FinishWay>& finished_;
+  const CornerDrops& overcut_;
   const std::vector<SweptCurve> taken_;
   const Breathing& breathing_;
   double radius_;
@@ -519,17 +580,20 @@ std::unique_ptr<FinishField> fieldOf(CamContext& cam, const Chain& chain,
                                        !inside);
 }
 
-bool pathIsPossible(CamContext& cam, const FinishField& field, const Breathing& breathing) {
+// The ways at the finished size; none after a message.
+std::vector<FinishWay> possibleWays(CamContext& cam, const FinishField& field,
+                                    const Breathing& breathing) {
   const float radius = cam.store.toolradius[cam.store.selectedtool];
   if (!(radius > 0)) {
     tellRadius(cam, kCommand, radius);
-    return false;
+    return {};
   }
-  if (!field.waysAt(radius, breathing).empty()) return true;
+  std::vector<FinishWay> ways = field.waysAt(radius, breathing);
+  if (!ways.empty()) return ways;
   cam.context.session.host.prompts.showMessage({.text = "The tool does not fit into the pocket.",
                                                 .title = kCommand,
                                                 .icon = MessageIcon::Warning});
-  return false;
+  return {};
 }
 
 // ---- The passes
@@ -545,26 +609,41 @@ struct FinishPass {
 struct FinishPlan {
   std::unique_ptr<Chain> chain;
   std::unique_ptr<FinishField> field;
+  std::vector<FinishWay> finished;   // the ways at the finished size
+  InsideCorners corners;             // beside these, where the setup asks for them
+  CornerDrops overcut;               // into those that the operator wants
   std::vector<FinishPass> passes;    // in the order in which they are cut
   bool failed = false;               // a part of the path could not be placed
   std::vector<std::string> entries;  // what is to be told about these
 };
 
-// The ways of all passes. Nothing after a message.
-std::optional<FinishPlan> planPasses(CamContext& cam, const TrueFinishRequest& request,
-                                     const std::vector<PathLevel>& levels,
-                                     const Breathing& breathing) {
+// What is to be followed. Nothing after a message.
+std::optional<FinishPlan> beginPlan(CamContext& cam, const TrueFinishRequest& request,
+                                    const Breathing& breathing) {
+  const DrawingStore& store = cam.store;
   FinishPlan plan;
-  plan.chain = std::make_unique<Chain>(chainFrom(cam.store, request.sg, request.start));
+  plan.chain = std::make_unique<Chain>(chainFrom(store, request.sg, request.start));
   plan.field = fieldOf(cam, *plan.chain, request);
-  if (!plan.field || !pathIsPossible(cam, *plan.field, breathing)) return std::nullopt;
+  if (!plan.field) return std::nullopt;
+  plan.finished = possibleWays(cam, *plan.field, breathing);
+  if (plan.finished.empty()) return std::nullopt;
+  if (cornerOvercut(store) != CornerOvercut::None) {
+    plan.corners = plan.field->cornersBeside(plan.finished, store.toolradius[store.selectedtool],
+                                             isMetric(store) ? kLeastOvercutMm : kLeastOvercutInch);
+  }
+  return plan;
+}
+
+// The ways of all passes. False after a message.
+bool planPasses(CamContext& cam, int passes, const std::vector<PathLevel>& levels,
+                const Breathing& breathing, FinishPlan& plan) {
   const bool links = cam.store.cfg_connect_pocketing_paths && levels.size() == 1;
   std::vector<SweptCurve> taken;
   if (cam.store.cfg_finish_what_is_left) taken = cutBefore(cam, levels.back().z, breathing);
   const bool isLarger = isLargerThanAll(cam.store.toolradius[cam.store.selectedtool], taken);
-  PassMaker maker(cam, *plan.field, std::move(taken), breathing);
+  PassMaker maker(cam, {*plan.field, plan.finished, plan.overcut}, std::move(taken), breathing);
   bool isEmpty = true;
-  for (int pass = request.passes; pass >= 1; --pass) {
+  for (int pass = passes; pass >= 1; --pass) {
     // A clearance below 0 would cut into the part.
     const float distance = std::max(passDistance(cam.store, pass), passDistance(cam.store, 1));
     PassPath path = maker.pathAt(distance, links);
@@ -575,9 +654,28 @@ std::optional<FinishPlan> planPasses(CamContext& cam, const TrueFinishRequest& r
   plan.failed = maker.refused();
   if (isEmpty) {
     tellNothingLeft(cam, kCommand, isLarger);
-    return std::nullopt;
+    return false;
   }
-  return plan;
+  return true;
+}
+
+void showModal(CamContext& cam, Form& form) {
+  const int busy = cam.context.systemPointer.MousePointer();
+  cam.context.systemPointer.setMousePointer(kDefaultShape);
+  cam.context.session.host.prompts.showModal(form);
+  cam.context.systemPointer.setMousePointer(busy);
+}
+
+// False when the operator wants no path after all.
+bool chooseCorners(CamContext& cam, FinishPlan& plan) {
+  if (plan.corners.drops.empty()) {
+    tellBlockedCorners(cam.context.session.host.prompts, kCommand, plan.corners);
+    return true;
+  }
+  frmCornerOvercut form(cam, plan.corners);
+  showModal(cam, form);
+  plan.overcut = CornerDrops(form.picked());
+  return form.accepted();
 }
 
 // Upright, unless paths come into the material by other ways than plunges.
@@ -602,10 +700,7 @@ std::optional<std::vector<PassTabs>> chooseTabs(CamContext& cam, const FinishPla
     passOfWay.push_back(pass);
   }
   frmHoldingTabs form(cam, std::move(ways), floor);
-  const int busy = cam.context.systemPointer.MousePointer();
-  cam.context.systemPointer.setMousePointer(kDefaultShape);
-  cam.context.session.host.prompts.showModal(form);
-  cam.context.systemPointer.setMousePointer(busy);
+  showModal(cam, form);
   if (!form.accepted()) return std::nullopt;
   std::vector<PassTabs> chosen(plan.passes.size());
   for (std::size_t way = 0; way < passOfWay.size(); ++way) {
@@ -659,8 +754,9 @@ std::vector<LevelRows> rowsOfPass(const FinishPass& pass, const std::vector<Path
 // False after a message.
 bool enterPasses(CamContext& cam, const std::vector<PathLevel>& levels, const Breathing& breathing,
                  FinishPlan& plan) {
-  const auto isClear = [&plan](const Curve& curve, double distance) {
-    return plan.field->isClear(curve, distance);
+  const double limit = proofLimits(cam.store).depth;
+  const auto isClear = [&plan, limit](const Curve& curve, double distance) {
+    return plan.field->isClear(curve, distance) || plan.overcut.around(curve, limit) >= 0;
   };
   EntryPlanner entries(cam, kCommand, {isClear, passDistance(cam.store, 1), nullptr},
                        pathInsertIndex(cam.store, cam.pathInsertMode, cam.pathInsertGroup),
@@ -674,6 +770,20 @@ bool enterPasses(CamContext& cam, const std::vector<PathLevel>& levels, const Br
   return true;
 }
 
+// Those into which a pass does drop.
+std::vector<JobOvercut> overcutsOf(const FinishPass& pass, const CornerDrops& overcut) {
+  std::vector<JobOvercut> corners;
+  for (const PassStretch& stretch : pass.path.stretches) {
+    for (const Curve& curve : stretch.curves) {
+      for (const int number : overcut.endingAt(curve.end)) {
+        const PlanePoint corner = overcut.drops()[static_cast<std::size_t>(number)].corner;
+        corners.push_back({corner.x, corner.y});
+      }
+    }
+  }
+  return corners;
+}
+
 void placePasses(CamContext& cam, FinishPlan& plan, const JobWalls& walls) {
   DrawingStore& store = cam.store;
   Change change(cam.changes);
@@ -681,7 +791,8 @@ void placePasses(CamContext& cam, FinishPlan& plan, const JobWalls& walls) {
     store.currentpathgroup = nextPathGroup(store);
     const int index = pathInsertIndex(store, cam.pathInsertMode, cam.pathInsertGroup);
     placeLevels(cam, change, index, std::move(pass.levels));
-    noteJob(cam, JobKind::Contour, pass.path.distance, walls, {.tabs = pass.tabs.tabs});
+    noteJob(cam, JobKind::Contour, pass.path.distance, walls,
+            {.tabs = pass.tabs.tabs, .overcuts = overcutsOf(pass, plan.overcut)});
   }
   change.keep({.redraws = false});
 }
@@ -706,10 +817,14 @@ void placeTrueFinish(CamContext& cam, const TrueFinishRequest& request) {
   TrueFinishRequest begun = request;
   begun.start = startOn(store, request);
   std::optional<FinishPlan> plan;
+  const bool isBegun = unlessCancelled(
+      cam, kStage, [&](const Breathing& breathing) { plan = beginPlan(cam, begun, breathing); });
+  if (!isBegun || !plan || !chooseCorners(cam, *plan)) return;
+  bool planned = false;
   const bool done = unlessCancelled(cam, kStage, [&](const Breathing& breathing) {
-    plan = planPasses(cam, begun, levels, breathing);
+    planned = planPasses(cam, request.passes, levels, breathing, *plan);
   });
-  if (!done || !plan) return;
+  if (!done || !planned) return;
   if (store.cfg_holding_tabs && plan->field->runsRoundPart() && plan->passes.back().path.isWhole) {
     // Of what is no whole path it is not known that tabs hold.
     if (plan->failed) return tellWhatFailed(cam, kCommand, true);

@@ -70,6 +70,11 @@ void pushTab(lua_State* L, const TabFinding& tab) {
             tab.height);
 }
 
+void pushOvercut(lua_State* L, const OvercutFinding& corner) {
+  pushTable(L, "group", corner.group, "x", corner.x, "y", corner.y, "depth", corner.depth, "left",
+            corner.left);
+}
+
 void pushPlunge(lua_State* L, const PlungeFinding& plunge) {
   pushTable(L, "row", plunge.row, "group", plunge.group, "x", plunge.x, "y", plunge.y, "depth",
             plunge.depth);
@@ -98,6 +103,8 @@ int proveJob(Script& script, lua_State* L) {
   lua_setfield(L, -2, "rapids");
   pushList(L, proof.tabs, [L](const TabFinding& tab) { pushTab(L, tab); });
   lua_setfield(L, -2, "tabs");
+  pushList(L, proof.overcuts, [L](const OvercutFinding& corner) { pushOvercut(L, corner); });
+  lua_setfield(L, -2, "overcuts");
   pushList(L, proof.plunges, [L](const PlungeFinding& plunge) { pushPlunge(L, plunge); });
   lua_setfield(L, -2, "plunges");
   pushList(L, proof.jobs, [L](const JudgedJob& job) { pushJob(L, job); });

@@ -3,6 +3,7 @@
 
 #include <QEvent>
 #include <QKeyEvent>
+#include <QLayout>
 #include <QScrollBar>
 #include <algorithm>
 
@@ -31,7 +32,6 @@ QBoxLayout* rowOf(QLayout* layout, const QWidget* widget) {
 
 ContentArea::ContentArea(QWidget& content) : content_(content) {
   setWidget(&content);
-  setWidgetResizable(true);
   setFrameShape(QFrame::NoFrame);
   setFocusPolicy(Qt::NoFocus);
   content.installEventFilter(this);
@@ -39,6 +39,14 @@ ContentArea::ContentArea(QWidget& content) : content_(content) {
 
 void ContentArea::setRoom(const QSize& room) {
   room_ = room;
+  // How large a content would rather be is no reason to scroll what its layout can make smaller.
+  const QSize wanted = content_.minimumSize();
+  if (content_.layout() != nullptr) content_.setMinimumSize(wanted.boundedTo(room));
+  updateGeometry();
+}
+
+void ContentArea::setLeast(const QSize& least) {
+  least_ = least;
   updateGeometry();
 }
 
@@ -57,7 +65,8 @@ QSize ContentArea::sizeHint() const {
 }
 
 QSize ContentArea::minimumSizeHint() const {
-  return within(content_.minimumSizeHint().expandedTo(content_.minimumSize()));
+  const QSize whole = within(content_.minimumSizeHint().expandedTo(content_.minimumSize()));
+  return whole.boundedTo(least_);
 }
 
 bool ContentArea::hasHeightForWidth() const {
@@ -65,14 +74,48 @@ bool ContentArea::hasHeightForWidth() const {
 }
 
 int ContentArea::heightForWidth(int width) const {
-  return std::min(content_.heightForWidth(width), room_.height());
+  const int height = std::max(content_.heightForWidth(width), content_.minimumSizeHint().height());
+  return std::min(height, room_.height());
 }
 
 bool ContentArea::eventFilter(QObject* watched, QEvent* event) {
   const bool grew = watched == &content_ && event->type() == QEvent::LayoutRequest;
   const bool taken = QScrollArea::eventFilter(watched, event);
-  if (grew) updateGeometry();
+  if (grew) {
+    updateGeometry();
+    fitContent();
+  }
   return taken;
+}
+
+void ContentArea::resizeEvent(QResizeEvent* event) {
+  QScrollArea::resizeEvent(event);
+  fitContent();
+}
+
+// The toolkit's own way scrolls a content with wrapped lines at the height that it would like to
+// have, not at the smallest that it can do with.
+void ContentArea::fitContent() {
+  const QSize room = maximumViewportSize();
+  QSize size = room.expandedTo({leastWidth(), leastHeight(room.width())});
+  if (size.height() > room.height()) {
+    const int width =
+        std::max(room.width() - verticalScrollBar()->sizeHint().width(), leastWidth());
+    size = {width, leastHeight(width)};
+  }
+  content_.resize(size);
+}
+
+int ContentArea::leastWidth() const {
+  return std::max(content_.minimumSizeHint().width(), content_.minimumWidth());
+}
+
+int ContentArea::leastHeight(int width) const {
+  const QLayout* const layout = content_.layout();
+  const bool wraps = layout != nullptr && layout->hasHeightForWidth();
+  const int height = wraps ? layout->totalMinimumHeightForWidth(std::max(width, leastWidth()))
+                           : content_.minimumSizeHint().height();
+  return std::max(height, content_.minimumHeight());
 }
 
 // Keys that a field leaves are the form's, not the scroll bars'.

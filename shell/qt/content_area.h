@@ -16,6 +16,8 @@ class ContentArea : public QScrollArea {
 
   // How large it may become; a content that needs more is scrolled.
   void setRoom(const QSize& room);
+  // How small it may become, although a smaller content has to be scrolled then.
+  void setLeast(const QSize& least);
 
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
@@ -25,12 +27,17 @@ class ContentArea : public QScrollArea {
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   QSize within(QSize wanted) const;
+  void fitContent();
+  int leastWidth() const;
+  int leastHeight(int width) const;
 
   QWidget& content_;
   QSize room_{QWIDGETSIZE_MAX, QWIDGETSIZE_MAX};
+  QSize least_{QWIDGETSIZE_MAX, QWIDGETSIZE_MAX};
 };
 
 // Takes the row of the buttons that end the form out of the layouts below `root`, so that it can

@@ -22,6 +22,10 @@ class DesktopProgram {
   // alone; "": nothing is kept. `help` is what the help menu shows.
   explicit DesktopProgram(const std::string& appfolder, const std::string& jetReader = {},
                           const std::string& userfolder = {}, const HelpFiles& help = {});
+  // The toolkit still tells the surface things while the window goes, as that the pointer left it.
+  ~DesktopProgram() { gateway_.close(); }
+  DesktopProgram(const DesktopProgram&) = delete;
+  DesktopProgram& operator=(const DesktopProgram&) = delete;
 
   // Shows the main window and loads as at the program's start, with the drawing named, "" for none.
   // A first start asks for the control and the units. False when the program cannot go on.

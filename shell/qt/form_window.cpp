@@ -19,6 +19,8 @@ namespace {
 // What a window manager puts round a window, in pixels.
 constexpr int kFrame = 4;
 constexpr int kTitleBar = 32;
+constexpr int kButtonGap = 8;
+constexpr int kTightGap = 2;  // where the screen is too narrow for that
 
 }  // namespace
 
@@ -45,7 +47,10 @@ void FormWindow::layOut() {
   content_ = new ContentArea(root);
   whole->addWidget(content_);
   if (buttons_ != nullptr) {
-    buttons_->setContentsMargins(margins.left(), 0, margins.right(), margins.bottom());
+    const QMargins own = buttons_->contentsMargins();
+    buttons_->setContentsMargins(std::max(margins.left(), own.left()), 0,
+                                 std::max(margins.right(), own.right()), margins.bottom());
+    buttons_->setSpacing(kButtonGap);
     whole->addLayout(buttons_);
   }
   arrangeTabOrder(*this);
@@ -55,8 +60,17 @@ void FormWindow::layOut() {
 // What the screen leaves for the part that can scroll.
 void FormWindow::fitToScreen() {
   QSize room = screen()->availableSize() - QSize(kFrame, kFrame + kTitleBar);
-  if (buttons_ != nullptr) room.rheight() -= buttons_->sizeHint().height();
+  if (buttons_ != nullptr) {
+    if (buttons_->sizeHint().width() > room.width()) moveButtonsTogether();
+    room.rheight() -= buttons_->sizeHint().height();
+  }
   content_->setRoom(room);
+}
+
+void FormWindow::moveButtonsTogether() {
+  const QMargins margins = buttons_->contentsMargins();
+  buttons_->setContentsMargins(kTightGap, 0, kTightGap, margins.bottom());
+  buttons_->setSpacing(kTightGap);
 }
 
 void FormWindow::showTitle() {
@@ -68,11 +82,21 @@ void FormWindow::showTitle() {
 // The form has been filled by now, so the window takes the size of what it shows.
 void FormWindow::present() {
   if (!isVisible()) fitToScreen();
-  if (!isVisible()) adjustSize();
+  if (!isVisible()) takeWantedSize();
   if (!isVisible() && view_.form()->leavesDrawingInReach) standAside();
   show();
   raise();
   activateWindow();
+}
+
+// The toolkit's own way stops at two thirds of the screen.
+void FormWindow::takeWantedSize() {
+  layout()->activate();
+  QSize wanted = layout()->totalSizeHint();
+  if (layout()->hasHeightForWidth()) {
+    wanted.setHeight(layout()->totalHeightForWidth(wanted.width()));
+  }
+  resize(wanted);
 }
 
 // In the lower right corner, where most of the drawing stays in sight.

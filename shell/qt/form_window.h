@@ -35,6 +35,8 @@ class FormWindow : public QDialog, public FormObserver {
  private:
   void layOut();
   void fitToScreen();
+  void moveButtonsTogether();
+  void takeWantedSize();
   void showTitle();
   void present();
   void standAside();

@@ -28,12 +28,16 @@ class Gateway {
 
   // What happens by itself: a timer.
   void pass(std::string_view entry, const std::function<void()>& run) {
+    if (closed_) return;
     try {
       guard_(entry, run);
     } catch (const EndProgram& end) {
       if (onEnd) onEnd(end.what());
     }
   }
+
+  // From now on nothing comes through: what events would work on is being taken apart.
+  void close() { closed_ = true; }
 
   // True while something that the operator did is being carried out.
   bool isBusy() const { return depth_ > 0; }
@@ -56,6 +60,7 @@ class Gateway {
 
   Guard guard_;
   int depth_ = 0;
+  bool closed_ = false;
 };
 
 }  // namespace tess

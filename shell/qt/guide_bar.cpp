@@ -8,6 +8,7 @@ namespace tess {
 
 namespace {
 
+constexpr int kEdge = 6;             // pixels
 constexpr int kResultStands = 8000;  // milliseconds
 // Letters of an average width that all takes side by side.
 constexpr int kWideLetters = 175;
@@ -51,9 +52,10 @@ GuideBar::GuideBar(QWidget* parent)
       results_(new QPushButton("Resu&lts...", this)) {
   setObjectName("guideBar");
   auto* rows = new QVBoxLayout(this);
-  rows->setContentsMargins(0, 0, 0, 0);
+  rows->setContentsMargins(0, 0, kEdge, 0);
   rows->setSpacing(1);
   guideRow_ = addRow(*rows);
+  positionRow_ = addRow(*rows);
   stateRow_ = addRow(*rows);
   jobRow_ = addRow(*rows);
   panelRow_ = addRow(*rows);
@@ -64,6 +66,7 @@ GuideBar::GuideBar(QWidget* parent)
   results_->setToolTip("The results of commands, with their times");
   results_->setAutoDefault(false);
   fillRows();
+  arrangeRows();
   wire();
 }
 
@@ -79,19 +82,21 @@ void GuideBar::fillRows() {
   caption->setBuddy(position_);
   caption->setContentsMargins(6, 0, 0, 0);
   guideRow_->addWidget(labels_.at(StatusPanel::Guide), 1);
-  stateRow_->addWidget(caption);
-  stateRow_->addWidget(position_);
-  stateRow_->addWidget(answer_, 1);
-  stateRow_->addWidget(results_);
-  for (const StatusPanel panel : {StatusPanel::Snap, StatusPanel::Relative, StatusPanel::Selected,
-                                  StatusPanel::Units, StatusPanel::Modified}) {
-    stateRow_->addWidget(labels_.at(panel));
-  }
+  positionRow_->addWidget(caption);
+  positionRow_->addWidget(position_);
+  positionRow_->addWidget(answer_, 1);
+  positionRow_->addWidget(results_);
   panelRow_->addWidget(labels_.at(StatusPanel::FileName));
   panelRow_->addWidget(labels_.at(StatusPanel::Prompt), 1);
-  for (const StatusPanel panel : {StatusPanel::X, StatusPanel::Y, StatusPanel::Z, StatusPanel::Zoom,
-                                  StatusPanel::Tool, StatusPanel::Path}) {
-    panelRow_->addWidget(labels_.at(panel));
+  addTo(*panelRow_, {StatusPanel::X, StatusPanel::Y, StatusPanel::Z, StatusPanel::Zoom});
+  for (QHBoxLayout* const row : {stateRow_, jobRow_}) row->addStretch(1);
+}
+
+void GuideBar::addTo(QHBoxLayout& row, std::initializer_list<StatusPanel> panels) {
+  for (const StatusPanel panel : panels) {
+    const bool hasRoomAtEnd =
+        row.count() > 0 && row.itemAt(row.count() - 1)->spacerItem() != nullptr;
+    row.insertWidget(row.count() - (hasRoomAtEnd ? 1 : 0), labels_.at(panel));
   }
 }
 
@@ -147,22 +152,19 @@ void GuideBar::showEvent(QShowEvent* event) {
   arrange();
 }
 
-// What came of a command, the cutter and the path get a row of their own, or join the others.
 void GuideBar::arrange() {
   const bool narrow = width() < kWideLetters * fontMetrics().averageCharWidth();
   if (!isVisible() || narrow == narrow_) return;
   narrow_ = narrow;
-  if (narrow) {
-    jobRow_->addWidget(answer_, 1);
-    jobRow_->addWidget(results_);
-    jobRow_->addWidget(labels_.at(StatusPanel::Tool));
-    jobRow_->addWidget(labels_.at(StatusPanel::Path));
-  } else {
-    stateRow_->insertWidget(2, answer_, 1);
-    stateRow_->insertWidget(3, results_);
-    panelRow_->addWidget(labels_.at(StatusPanel::Tool));
-    panelRow_->addWidget(labels_.at(StatusPanel::Path));
-  }
+  arrangeRows();
+}
+
+// The state of the drawing, the cutter and the path get rows of their own, or join the others.
+void GuideBar::arrangeRows() {
+  addTo(narrow_ ? *stateRow_ : *positionRow_,
+        {StatusPanel::Snap, StatusPanel::Relative, StatusPanel::Selected, StatusPanel::Units,
+         StatusPanel::Modified});
+  addTo(narrow_ ? *jobRow_ : *panelRow_, {StatusPanel::Tool, StatusPanel::Path});
 }
 
 }  // namespace tess

@@ -9,6 +9,7 @@
 #include <QTimer>
 #include <QWidget>
 #include <functional>
+#include <initializer_list>
 #include <map>
 #include <string>
 
@@ -44,8 +45,10 @@ class GuideBar : public QWidget {
  private:
   void addLabel(StatusPanel panel, const char* about, int letters);
   void fillRows();
+  void addTo(QHBoxLayout& row, std::initializer_list<StatusPanel> panels);
   void wire();
   void arrange();
+  void arrangeRows();
   void showTrouble(const QString& text);
   void openResults();
 
@@ -54,8 +57,9 @@ class GuideBar : public QWidget {
   ElidedLabel* answer_;  // the trouble with a position, or the last result
   QPushButton* results_;
   QHBoxLayout* guideRow_;
-  QHBoxLayout* stateRow_;
-  QHBoxLayout* jobRow_;  // used where the window is narrow
+  QHBoxLayout* positionRow_;
+  QHBoxLayout* stateRow_;  // this and the next are used where the window is narrow
+  QHBoxLayout* jobRow_;
   QHBoxLayout* panelRow_;
   ResultsWindow* window_ = nullptr;
   QTimer resultTime_;

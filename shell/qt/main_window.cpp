@@ -35,7 +35,7 @@ MainWindow::MainWindow(const MainWindowParts& parts)
   setWindowIcon(programIcon());
   setAcceptDrops(true);
   setContextMenuPolicy(Qt::DefaultContextMenu);
-  client_->setMinimumSize(200, 150);
+  client_->setMinimumSize(200, 90);
   parts_.surface.setParent(client_);
   setCentralWidget(client_);
   client_->installEventFilter(this);

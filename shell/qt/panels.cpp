@@ -6,7 +6,20 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
+#include "shell/qt/content_area.h"
+
 namespace tess {
+
+namespace {
+
+// A panel that is larger than its window scrolls, down to this.
+constexpr QSize kLeastContent{360, 34};
+
+bool isOneLine(const std::string& band) {
+  return band == "barPathProof";
+}
+
+}  // namespace
 
 // A dock whose closing button asks the program.
 class Panels::Dock : public QDockWidget {
@@ -18,7 +31,10 @@ class Panels::Dock : public QDockWidget {
     auto* whole = new QVBoxLayout(frame);
     whole->setContentsMargins(0, 0, 0, 0);
     view_ = std::make_unique<FormView>(form, gateway, *frame);
-    whole->addWidget(&view_->root());
+    auto* content = new ContentArea(view_->root());
+    content->setLeast(kLeastContent);
+    whole->addWidget(content);
+    view_->measure(*frame);
     setWidget(frame);
   }
 
@@ -84,7 +100,7 @@ void Panels::makeDock(const Band& band) {
                    [this, name = band.name](Qt::DockWidgetArea area) { arrange(name, area); });
   docks_[band.name] = dock;
   // A line of text lies best above the drawing, where no larger panel has to share its place.
-  const bool lies = band.name == "barPathProof";
+  const bool lies = isOneLine(band.name);
   window_.addDockWidget(lies ? Qt::TopDockWidgetArea : Qt::RightDockWidgetArea, dock);
   dock->setVisible(band.open);
 }
@@ -125,9 +141,10 @@ void Panels::formClosed(const std::string& name) {
 
 // A panel lies along the top or bottom, or stands at a side, and wants a size for either.
 void Panels::arrange(const std::string& band, Qt::DockWidgetArea area) {
-  DockedPanel* panel = tools_.band(band)->panel;
-  if (panel == nullptr || area == Qt::NoDockWidgetArea) return;
+  if (area == Qt::NoDockWidgetArea) return;
   const bool lying = area == Qt::TopDockWidgetArea || area == Qt::BottomDockWidgetArea;
+  DockedPanel* panel = tools_.band(band)->panel;
+  if (panel == nullptr) return docks_.at(band)->layOut(lying && isOneLine(band));
   gateway_.enter("frmMain.abMain_BandDock(band)", [&] {
     if (lying) {
       panel->LayoutHorizontally();

@@ -10,14 +10,14 @@ namespace {
 // Letters are commands on the drawing, and plus and minus may be: these are not.
 constexpr char kBeginnings[] = "0123456789.@(";
 constexpr int kLongestText = 1 << 20;  // so that one that is too long is told, not cut
-constexpr int kLetters = 22;
+constexpr int kLetters = 30;
 
 }  // namespace
 
 PositionLine::PositionLine(QWidget* parent) : QLineEdit(parent) {
   setObjectName("txtPosition");
   setMaxLength(kLongestText);
-  setPlaceholderText("x,y  @dx,dy  @l<a");
+  setPlaceholderText("x,y  @dx,dy  @length<angle");
   setToolTip(
       "A position for the next click: x,y or @dx,dy or @length<angle from the marker, with "
       "sums such as 25.4/2.\nEnter clicks there, Shift+Enter puts the marker there.");

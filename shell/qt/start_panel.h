@@ -1,10 +1,12 @@
-// The offer of an empty window, in the middle of the drawing surface. It is a widget above it: no
-// picture, plot or print has it.
+// The offer of an empty window, in the middle of the drawing surface: in one column, in several
+// where the surface is low. It is a widget above it: no picture, plot or print has it.
 // Owns: StartPanel.
 #pragma once
 
 #include <QFrame>
-#include <QVBoxLayout>
+#include <QGridLayout>
+#include <QLabel>
+#include <QPushButton>
 #include <functional>
 #include <string>
 #include <vector>
@@ -32,13 +34,18 @@ class StartPanel : public QFrame {
  private:
   void leave();
   void fill();
-  void addEntry(const StartOffer::Entry& entry, bool recent);
+  QPushButton* makeButton(const StartOffer::Entry& entry, bool recent);
+  void arrange();
+  void place(int columns, bool withRecent);
+  int placeButtons(int row, bool recent, int columns);
   void centre();
 
   StartOffer& offer_;
   QWidget& surface_;
-  QVBoxLayout* column_;
-  std::vector<StartOffer::Entry> entries_;  // that are shown
+  QGridLayout* grid_;
+  std::vector<StartOffer::Entry> entries_;  // that are offered
+  std::vector<QPushButton*> buttons_;       // of each entry
+  QLabel* recent_ = nullptr;  // above the drawings used last; null where there is none
 };
 
 }  // namespace tess

@@ -21,6 +21,7 @@ struct Shades {
   const char* raised;  // buttons
   const char* text;
   const char* muted;  // what is disabled
+  const char* hint;   // units and examples in fields, to be read
   const char* border;
   const char* outline;  // of fields and boxes: three times as light or dark as what is round it
   const char* hover;
@@ -37,6 +38,7 @@ constexpr Shades kLight{.window = "#f4f5f7",
                         .raised = "#ffffff",
                         .text = "#1d2430",
                         .muted = "#98a1ad",
+                        .hint = "#687280",
                         .border = "#d0d6dd",
                         .outline = "#7d8794",
                         .hover = "#e4e9f0",
@@ -51,6 +53,7 @@ constexpr Shades kDark{.window = "#25282d",
                        .raised = "#33373e",
                        .text = "#e3e6ea",
                        .muted = "#777e88",
+                       .hint = "#979faa",
                        .border = "#41464e",
                        .outline = "#8a929e",
                        .hover = "#373c44",
@@ -76,9 +79,9 @@ QPalette paletteOf(const Shades& shades) {
   palette.setColor(QPalette::Link, QColor(shades.accent));
   palette.setColor(QPalette::ToolTipBase, QColor(shades.raised));
   palette.setColor(QPalette::ToolTipText, text);
-  palette.setColor(QPalette::PlaceholderText, QColor(shades.muted));
-  for (const QPalette::ColorRole role :
-       {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::HighlightedText}) {
+  palette.setColor(QPalette::PlaceholderText, QColor(shades.hint));
+  for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText,
+                                         QPalette::HighlightedText, QPalette::PlaceholderText}) {
     palette.setColor(QPalette::Disabled, role, QColor(shades.muted));
   }
   palette.setColor(QPalette::Disabled, QPalette::Highlight, QColor(shades.border));
@@ -109,28 +112,36 @@ QToolBar QToolButton::menu-button { border: 0; width: 12px; }
 QStatusBar { background: @window; border-top: 1px solid @border; }
 QStatusBar::item { border: 0; }
 QToolTip { background: @base; color: @text; border: 1px solid @border; padding: 4px 6px; }
-QDockWidget::title { background: @window; padding: 6px 8px; border-bottom: 1px solid @border; }
+QDockWidget::title { background: @window; padding: 3px 8px; border-bottom: 1px solid @border; }
 QGroupBox { border: 1px solid @border; border-radius: 6px; margin-top: 9px; padding-top: 6px; }
 QGroupBox::title { subcontrol-origin: margin; left: 9px; padding: 0 4px; }
 QGroupBox:disabled { color: @muted; }
 QPushButton { background: @raised; border: 1px solid @border; border-radius: 5px;
-  padding: 5px 16px; min-width: 50px; min-height: 18px; }
+  padding: 5px 16px; min-width: 50px; min-height: 18px; outline: none; }
 QPushButton:hover { background: @hover; }
 QPushButton:focus { border-color: @accent; }
 QPushButton:pressed { background: @pressed; }
 QPushButton:default { background: @accent; border-color: @accent; color: @onAccent; }
+QPushButton:default:focus { border-color: @text; }
 QPushButton:default:hover { background: @bright; }
 QPushButton:default:pressed { background: @edge; }
 QPushButton:disabled { background: @window; border-color: @border; color: @muted; }
+#cmdResults { padding: 1px 10px; min-height: 14px; }
+#startPanel { background: @window; border: 1px solid @outline; border-radius: 8px; }
+#startPanel QPushButton { background: @raised; border-color: @border; color: @text;
+  padding: 6px 12px; min-width: 200px; text-align: left; }
+#startPanel QPushButton:hover { background: @hover; }
+#startPanel QPushButton:focus { background: @pressed; border-color: @accent; }
 )";
 
 QString sheetOf(const Shades& shades) {
-  const std::array<std::pair<const char*, const char*>, 12> words{{{"@window", shades.window},
+  const std::array<std::pair<const char*, const char*>, 13> words{{{"@window", shades.window},
                                                                    {"@base", shades.base},
                                                                    {"@raised", shades.raised},
                                                                    {"@text", shades.text},
                                                                    {"@muted", shades.muted},
                                                                    {"@border", shades.border},
+                                                                   {"@outline", shades.outline},
                                                                    {"@hover", shades.hover},
                                                                    {"@pressed", shades.pressed},
                                                                    {"@edge", shades.edge},
@@ -145,13 +156,15 @@ QString sheetOf(const Shades& shades) {
 constexpr int kMessageIcon = 40;  // pixels
 
 // Icons of the toolkit's own boxes and docks that ours replace.
-constexpr std::array<std::pair<QStyle::StandardPixmap, const char*>, 6> kStandardIcons{
+constexpr std::array<std::pair<QStyle::StandardPixmap, const char*>, 8> kStandardIcons{
     {{QStyle::SP_MessageBoxInformation, "message_information"},
      {QStyle::SP_MessageBoxWarning, "message_warning"},
      {QStyle::SP_MessageBoxCritical, "message_error"},
      {QStyle::SP_MessageBoxQuestion, "message_question"},
      {QStyle::SP_TitleBarCloseButton, "dock_close"},
-     {QStyle::SP_TitleBarNormalButton, "dock_float"}}};
+     {QStyle::SP_TitleBarNormalButton, "dock_float"},
+     {QStyle::SP_ToolBarHorizontalExtensionButton, "bar_more"},
+     {QStyle::SP_ToolBarVerticalExtensionButton, "bar_more_below"}}};
 
 // Room between things, the same everywhere.
 class SpaciousStyle : public QProxyStyle {
@@ -172,6 +185,8 @@ class SpaciousStyle : public QProxyStyle {
       case PM_ToolBarIconSize:
         return 22;
       case PM_SmallIconSize:
+        return 18;
+      case PM_ToolBarExtensionExtent:
         return 18;
       case PM_MessageBoxIconSize:
         return kMessageIcon;
@@ -234,11 +249,13 @@ class SpaciousStyle : public QProxyStyle {
                          const QWidget* widget) const override {
     const QSize plain = QProxyStyle::sizeFromContents(type, option, size, widget);
     if (type == CT_LineEdit || type == CT_ComboBox) return plain.expandedTo({0, 28});
+    if (type == CT_ItemViewItem) return plain + QSize(0, kRowGap);
     return plain;
   }
 
  private:
   static constexpr double kFieldCorner = 2;  // pixels
+  static constexpr int kRowGap = 4;          // between the rows of a list
 
   static void outline(const QStyleOption& option, QPainter& painter, const QRectF& edge,
                       double corner) {

@@ -155,6 +155,21 @@ TEST_F(FileDialogTest, TheListOfPlacesHoldsTheFoldersAroundAndTheWayBack) {
   EXPECT_EQ(dialog->folder(), folder()) << "where the dialog began stays in the list";
 }
 
+// Where the operator's own files lie, as far as they are there.
+TEST_F(FileDialogTest, OffersTheFoldersOfTheOperator) {
+  const testing::TempFolder home;
+  std::filesystem::create_directory(home("Downloads"));
+  const char* const before = std::getenv("HOME");
+  const std::string own = before == nullptr ? "" : before;
+  ::setenv("HOME", home().c_str(), 1);
+  showOpen();
+  own.empty() ? ::unsetenv("HOME") : ::setenv("HOME", own.c_str(), 1);
+  const Names& places = dialog->cmbFolder.items();
+  EXPECT_EQ(std::count(places.begin(), places.end(), home()), 1);
+  EXPECT_EQ(std::count(places.begin(), places.end(), home("Downloads/")), 1);
+  EXPECT_EQ(std::count(places.begin(), places.end(), home("Documents/")), 0);
+}
+
 TEST_F(FileDialogTest, ATypedFolderIsEntered) {
   showOpen();
   enter("OLD");

@@ -35,7 +35,8 @@ std::vector<PathJob> sampleJobs() {
            .kind = JobKind::Contour,
            .isUnbounded = true,
            .loops = {{.walls = {arc, line}, .isClosed = false}},
-           .tabs = {{.x0 = 1.0 / 7, .y0 = 2, .x1 = 3, .y1 = -4, .top = -0.1}}},
+           .tabs = {{.x0 = 1.0 / 7, .y0 = 2, .x1 = 3, .y1 = -4, .top = -0.1}},
+           .overcuts = {{.x = 1e-3, .y = 2.0 / 3}}},
           {.group = 5, .kind = JobKind::Lathe, .distance = 0.02},
           {.group = 6, .kind = JobKind::None}};
 }
@@ -132,9 +133,14 @@ INSTANTIATE_TEST_SUITE_P(
         Damage{"tab,", "tabs,", "PART.TPJ line 15 field 1", "\"tabs\" does not belong here"},
         Damage{",-4,-0.1", ",-4,0", "PART.TPJ line 15 field 1", "a tab that is not below Z 0"},
         Damage{"tab,", "tab,1,1,1,1,-1\r\ntab,", "PART.TPJ line 15 field 1", "a tab without width"},
+        Damage{"overcut,0.001", "overcut,x", "PART.TPJ line 16 field 2", "\"x\" is no number"},
+        Damage{"overcut,0.001,", "overcut,0.001,1e39,", "PART.TPJ line 16 field 3",
+               "\"1e39\" is too large a number"},
         Damage{"job,2", "tab,0,0,1,1,-1\r\njob,2", "PART.TPJ line 4 field 1",
                "\"tab\" does not belong here"},
-        Damage{"end\r\n", "", "PART.TPJ line 18 field 1", "Input past end of file"}));
+        Damage{"job,2", "overcut,0,0\r\njob,2", "PART.TPJ line 4 field 1",
+               "\"overcut\" does not belong here"},
+        Damage{"end\r\n", "", "PART.TPJ line 19 field 1", "Input past end of file"}));
 
 TEST(PathJobFile, WithMoreWallsThanADrawingHasIsRefused) {
   std::string text =
@@ -145,11 +151,14 @@ TEST(PathJobFile, WithMoreWallsThanADrawingHasIsRefused) {
   EXPECT_THAT(failure.source(), HasSubstr("line 131074"));
 }
 
-TEST(PathJobFile, WithMoreTabsThanAnOutlineHasIsRefused) {
-  std::string text = "Tessimo path jobs 1\ndrawing,none\npaths,none\njob,1,contour,1,1,bounded\n";
-  for (int tab = 0; tab <= 1000; ++tab) text += "tab,0,0,1,1,-1\n";
-  const auto failure = failureOf([&] { readText(text + "end\n", {}); });
-  EXPECT_EQ(failure.description(), "more tabs than an outline has");
+TEST(PathJobFile, WithMoreTabsOrCornersThanAnOutlineHasIsRefused) {
+  const auto failureWith = [](int lines, const std::string& line) {
+    std::string text = "Tessimo path jobs 1\ndrawing,none\npaths,none\njob,1,contour,1,1,bounded\n";
+    for (int k = 0; k < lines; ++k) text += line;
+    return failureOf([&] { readText(text + "end\n", {}); }).description();
+  };
+  EXPECT_EQ(failureWith(1001, "tab,0,0,1,1,-1\n"), "more tabs than an outline has");
+  EXPECT_EQ(failureWith(4 * 32767 + 1, "overcut,0,0\n"), "more corners than a drawing has");
 }
 
 }  // namespace

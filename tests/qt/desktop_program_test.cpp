@@ -16,6 +16,7 @@
 #include "core/drawing_store.h"
 #include "core/file_system.h"
 #include "shell/qt/theme.h"
+#include "tests/qt/dialog_test_support.h"
 #include "tests/qt/running_desktop.h"
 #include "tests/support/source_folder.h"
 #include "tests/support/temp_folder.h"
@@ -113,7 +114,7 @@ TEST_F(DesktopProgramTest, ClosingAsksAboutUnsavedWork) {
   key(Qt::Key_L, "l");
   click(2, 1);
   std::string asked;
-  whenModal([&](QWidget& box) {
+  testing::whenModal([&](QWidget& box) {
     auto& message = dynamic_cast<QMessageBox&>(box);
     asked = message.text().toStdString();
     message.button(QMessageBox::Cancel)->click();
@@ -121,6 +122,21 @@ TEST_F(DesktopProgramTest, ClosingAsksAboutUnsavedWork) {
   EXPECT_FALSE(program->window().close());
   EXPECT_EQ(asked, "Drawing not saved! Save now?");
   EXPECT_EQ(store().NumSegments, 1);
+}
+
+// As when the pointer is over the window while that is taken away.
+TEST_F(DesktopProgramTest, EventsOfTheLastMomentReachNothing) {
+  open();
+  int reached = 0;
+  program->application().onSettled = [&reached] { ++reached; };
+  QEvent leave(QEvent::Leave);
+  SurfaceWidget& surface = program->surface();
+  QApplication::sendEvent(&surface, &leave);
+  EXPECT_EQ(reached, 1);
+  QObject::connect(&program->window(), &QObject::destroyed, &surface,
+                   [&] { QApplication::sendEvent(&surface, &leave); });
+  program.reset();
+  EXPECT_EQ(reached, 1);
 }
 
 TEST_F(DesktopProgramTest, TheLayoutIsKeptFromOneRunToTheNext) {
@@ -135,7 +151,7 @@ TEST_F(DesktopProgramTest, TheLayoutIsKeptFromOneRunToTheNext) {
 
 TEST_F(DesktopProgramTest, TheGridDialogShowsAndTakesTheSpacing) {
   open();
-  whenModal([](QWidget& dialog) {
+  testing::whenModal([](QWidget& dialog) {
     testing::keepScreenshot(dialog, "grid_setup");
     dialog.findChild<QLineEdit*>("txtvgrid")->setFocus();
     dialog.findChild<QLineEdit*>("txtvgrid")->clear();

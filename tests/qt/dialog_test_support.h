@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QFile>
+#include <QPointer>
 #include <QTimer>
 #include <QWidget>
 #include <functional>
@@ -25,15 +26,24 @@ inline QWidget* waitingDialog() {
   return nullptr;
 }
 
-// Acts on the next dialog once it is open and has the keyboard.
+// Acts on the next dialog that opens, once it has the keyboard; whatever serves events before that
+// is let pass. Without one until the end of the test nothing happens.
 inline void whenModal(const std::function<void(QWidget&)>& act) {
-  QTimer::singleShot(0, [act] {
-    QWidget* dialog = waitingDialog();
-    ASSERT_NE(dialog, nullptr);
+  const QPointer<QWidget> before = waitingDialog();
+  auto* const pulse = new QTimer(qApp);
+  const auto* const test = ::testing::UnitTest::GetInstance()->current_test_info();
+  QObject::connect(pulse, &QTimer::timeout, pulse, [act, before, pulse, test] {
+    const bool ended = ::testing::UnitTest::GetInstance()->current_test_info() != test;
+    QWidget* const dialog = ended ? nullptr : waitingDialog();
+    if (!ended && (dialog == nullptr || dialog == before)) return;
+    pulse->stop();
+    pulse->deleteLater();
+    if (ended) return;
     QApplication::setActiveWindow(dialog);
     QCoreApplication::processEvents();
     act(*dialog);
   });
+  pulse->start(1);
 }
 
 // Raises std::runtime_error with the name when there is none.

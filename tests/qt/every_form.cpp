@@ -21,6 +21,7 @@
 #include "import/frmText.h"
 #include "shell/controls_list.h"
 #include "shell/frmAbout.h"
+#include "shell/frmBackplot.h"
 #include "shell/frmControl.h"
 #include "shell/frmExamples.h"
 #include "shell/frmPDFHelp.h"
@@ -37,7 +38,9 @@
 #include "toolpath/dlgEditPath.h"
 #include "toolpath/dlgPocketingPrm.h"
 #include "toolpath/dlgSelectCycle.h"
+#include "toolpath/frmCornerOvercut.h"
 #include "toolpath/frmFinishPath.h"
+#include "toolpath/frmHoldingTabs.h"
 #include "toolpath/frmPathMap.h"
 #include "tools/dlgColor.h"
 #include "tools/dlgTitleBlock.h"
@@ -76,6 +79,16 @@ std::unique_ptr<Form> errorForm(Prompts& prompts) {
   return form;
 }
 
+std::vector<TabPass> passRoundASquare() {
+  const PlanePoint corners[] = {{1, 1}, {4, 1}, {4, 4}, {1, 4}, {1, 1}};
+  TabPass pass;
+  for (int side = 0; side < 4; ++side) {
+    pass.way.push_back(lineCurve(corners[side], corners[side + 1]));
+  }
+  pass.distance = pass.toolRadius = 0.125;
+  return {pass};
+}
+
 template <class Shown, class... Arguments>
 NamedForm plain(Arguments&... arguments) {
   return {"", [&arguments...] { return std::make_unique<Shown>(arguments...); }};
@@ -96,6 +109,11 @@ std::vector<NamedForm> draftingForms(Application& application) {
           {"", [&] { return std::make_unique<frmText>(context, application.interaction.fonts); }}};
 }
 
+InsideCorners cornersWithOneBlocked() {
+  return {.drops = {{.corner = {0, 0}, .place = {0.25, 0.25}, .bottom = {0.18, 0.18}}},
+          .blocked = 1};
+}
+
 std::vector<NamedForm> pathForms(Application& application) {
   CamContext& cam = application.interaction.cam;
   Session& session = application.session;
@@ -104,6 +122,8 @@ std::vector<NamedForm> pathForms(Application& application) {
           plain<dlgEditPath>(cam),
           plain<dlgSelectCycle>(cam),
           plain<frmFinishPath>(cam),
+          {"", [&] { return std::make_unique<frmCornerOvercut>(cam, cornersWithOneBlocked()); }},
+          {"", [&] { return std::make_unique<frmHoldingTabs>(cam, passRoundASquare(), -0.375F); }},
           plain<frmPathMap>(cam),
           {"",
            [&] {
@@ -138,6 +158,7 @@ std::vector<NamedForm> shellForms(Application& application) {
           {"", [examples] { return std::make_unique<frmExamples>(*examples); }},
           plain<frmStatistics>(),
           plain<frmPathProof>(),
+          plain<frmBackplot>(),
           plain<frmPrintPreview>(),
           {"", [work] { return std::make_unique<frmRestore>(*work); }},
           {"", [page, &prompts] { return std::make_unique<frmPageSetup>(*page, prompts); }},

@@ -6,8 +6,10 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QComboBox>
+#include <QDir>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QLayout>
 #include <QLineEdit>
 #include <QScreen>
 #include <QWindow>
@@ -15,6 +17,7 @@
 #include <gtest/gtest.h>
 #include <set>
 
+#include "shell/qt/content_area.h"
 #include "shell/qt/form_window.h"
 #include "shell/qt/tab_order.h"
 #include "tests/qt/plate_program.h"
@@ -74,6 +77,17 @@ class EveryForm : public testing::PlateProgram {
     return {widget.mapTo(&window, QPoint()), widget.size()};
   }
 };
+
+// No form is passed over: each layout is that of one of them.
+TEST_F(EveryForm, HasAPlaceHere) {
+  std::set<QString> known;
+  for (const testing::NamedForm& named : testing::everyForm(*program)) {
+    known.insert(QString::fromStdString(named.name) + ".ui");
+  }
+  const QStringList layouts = QDir(":/forms").entryList();
+  EXPECT_FALSE(layouts.isEmpty());
+  for (const QString& layout : layouts) EXPECT_TRUE(known.contains(layout)) << layout.toStdString();
+}
 
 TEST_F(EveryForm, TabVisitsEveryEnabledControlOnce) {
   forEach([](Form& form, FormWindow& window) {
@@ -174,6 +188,36 @@ TEST_F(EveryForm, FitsTheScreenWithItsButtonsInSight) {
       EXPECT_FALSE(widget->visibleRegion().isEmpty()) << button->name();
     }
   });
+}
+
+// On a screen of 1366 x 768 nothing has to be scrolled.
+TEST_F(EveryForm, IsWholeOnASmallScreen) {
+  forEach([](Form& /*form*/, FormWindow& window) {
+    QWidget& content = *window.findChild<ContentArea*>()->widget();
+    QSize wanted = content.sizeHint().expandedTo(content.minimumSizeHint());
+    if (content.hasHeightForWidth()) {
+      wanted.setHeight(std::max(content.heightForWidth(wanted.width()), wanted.height()));
+    }
+    const QLayoutItem* const buttons = window.layout()->itemAt(1);
+    if (buttons != nullptr) wanted.rheight() += buttons->sizeHint().height();
+    EXPECT_LE(wanted.width(), 1366 - 4);
+    EXPECT_LE(wanted.height(), 768 - 36);
+  });
+}
+
+TEST_F(EveryForm, ItsButtonsStandApart) {
+  int rows = 0;
+  forEach([&](Form& form, FormWindow& window) {
+    if (form.defaultButton() == nullptr || form.cancelButton() == nullptr) return;
+    const QRect one =
+        placeOf(*window.findChild<QWidget*>(widgetName(*form.defaultButton())), window);
+    const QRect other =
+        placeOf(*window.findChild<QWidget*>(widgetName(*form.cancelButton())), window);
+    if (one == other || one.top() != other.top()) return;
+    ++rows;
+    EXPECT_GE(std::max(one.left(), other.left()) - std::min(one.right(), other.right()), 6);
+  });
+  EXPECT_GT(rows, 10);
 }
 
 TEST_F(EveryForm, LooksLikeItsTheme) {

@@ -11,7 +11,6 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QStatusBar>
-#include <QTimer>
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
@@ -73,13 +72,11 @@ class Looks : public ::testing::TestWithParam<bool> {
   // The dialog that `open` opens, looked at while it is open.
   void lookAt(const std::string& name, const std::function<void()>& open) {
     bool looked = false;
-    QTimer::singleShot(0, [&] {
-      QWidget* dialog = QApplication::activeModalWidget();
-      ASSERT_NE(dialog, nullptr) << name;
-      keep(*dialog, name);
-      expectTextsFit(*dialog);
+    testing::whenModal([&](QWidget& dialog) {
+      keep(dialog, name);
+      expectTextsFit(dialog);
       looked = true;
-      dialog->close();
+      dialog.close();
     });
     open();
     EXPECT_TRUE(looked) << name;
@@ -226,29 +223,27 @@ TEST_P(Looks, Dialogs) {
 // With its holes computed, in the picture and in the drawing behind it.
 TEST_P(Looks, BoltCircle) {
   bool looked = false;
-  QTimer::singleShot(0, [&] {
-    QWidget* dialog = QApplication::activeModalWidget();
-    ASSERT_NE(dialog, nullptr);
+  testing::whenModal([&](QWidget& dialog) {
     const std::pair<const char*, const char*> fields[] = {{"txtNumberOfHoles", "6"},
                                                           {"txtBoltCircleDiameter", "2.5"},
                                                           {"txtBoltHoleDiameter", "0.375"}};
     for (const auto& [name, text] : fields) {
-      auto* field = dialog->findChild<QLineEdit*>(name);
+      auto* field = dialog.findChild<QLineEdit*>(name);
       field->setText(text);
       emit field->textEdited(text);
     }
-    dialog->findChild<QPushButton*>("cmdCompute")->click();
-    dialog->findChild<QCheckBox*>("chkDisplayCoordinates")->click();
-    dialog->findChild<QListWidget*>("lstBoltHoleResults")->setCurrentRow(1);
-    keep(*dialog, "dialog_bolt_circle");
+    dialog.findChild<QPushButton*>("cmdCompute")->click();
+    dialog.findChild<QCheckBox*>("chkDisplayCoordinates")->click();
+    dialog.findChild<QListWidget*>("lstBoltHoleResults")->setCurrentRow(1);
+    keep(dialog, "dialog_bolt_circle");
     keep(window(), "window_bolt_circle");
-    expectTextsFit(*dialog);
-    EXPECT_EQ(dialog->findChild<QListWidget*>("lstBoltHoleResults")->count(), 6);
-    const QImage picture = dialog->findChild<QWidget*>("Picture1")->grab().toImage();
+    expectTextsFit(dialog);
+    EXPECT_EQ(dialog.findChild<QListWidget*>("lstBoltHoleResults")->count(), 6);
+    const QImage picture = dialog.findChild<QWidget*>("Picture1")->grab().toImage();
     EXPECT_NE(picture.pixel(picture.width() / 2, picture.height() / 8), picture.pixel(1, 1))
         << "the first hole is marked at the top";
     looked = true;
-    dialog->close();
+    dialog.close();
   });
   window().toolBars().action("miBoltCircle")->trigger();
   EXPECT_TRUE(looked);

@@ -6,7 +6,6 @@
 #include <QFile>
 #include <QLayout>
 #include <QMimeData>
-#include <QTimer>
 #include <QToolButton>
 #include <gtest/gtest.h>
 #include <string>
@@ -18,6 +17,7 @@
 #include "shell/qt/theme.h"
 #include "shell/tool_bands.h"
 #include "tests/qt/desktop_test_support.h"
+#include "tests/qt/dialog_test_support.h"
 
 namespace tess {
 namespace {
@@ -274,14 +274,12 @@ TEST_F(MainWindowTest, TheLayoutComesBack) {
 }
 
 TEST_F(MainWindowTest, TheCustomisingDialogOpensAndClosesBars) {
-  QTimer::singleShot(0, [] {
-    QWidget* dialog = QApplication::activeModalWidget();
-    ASSERT_NE(dialog, nullptr);
-    testing::keepScreenshot(*dialog, "customize");
-    for (QCheckBox* mark : dialog->findChildren<QCheckBox*>()) {
+  testing::whenModal([](QWidget& dialog) {
+    testing::keepScreenshot(dialog, "customize");
+    for (QCheckBox* mark : dialog.findChildren<QCheckBox*>()) {
       if (mark->text() == "View" || mark->text() == "Statistics") mark->click();
     }
-    dialog->close();
+    dialog.close();
   });
   customizeWindow(*window, gateway);
   EXPECT_FALSE(tools.band("barView")->open);

@@ -8,7 +8,6 @@
 #include <QListWidget>
 #include <QPainter>
 #include <QPdfWriter>
-#include <QTimer>
 #include <filesystem>
 #include <functional>
 #include <gtest/gtest.h>
@@ -20,6 +19,7 @@
 #include "shell/qt/pdf_pane.h"
 #include "shell/qt/theme.h"
 #include "tests/qt/desktop_test_support.h"
+#include "tests/qt/dialog_test_support.h"
 #include "tests/support/source_folder.h"
 #include "tests/support/temp_folder.h"
 
@@ -112,16 +112,14 @@ TEST_F(ManualTest, F1InAFormOpensItsPageBeforeTheForm) {
   const ManualPlaces places = manualPlaces(readFile(helpFiles("").manual));
   home.write("tsmo_manual.pdf", readFile(helpFiles("").manual));
   int page = -1;
-  QTimer::singleShot(0, [&] {
-    QWidget* const form = QApplication::activeModalWidget();
-    QTimer::singleShot(100, [&] {
-      QWidget* const manual = QApplication::activeModalWidget();
-      page = manual->findChild<PdfPane*>("Pdf1")->currentPage() + 1;
-      testing::keepScreenshot(*manual, "manual_of_form");
-      manual->close();
+  testing::whenModal([&](QWidget& form) {
+    testing::whenModal([&](QWidget& manual) {
+      page = manual.findChild<PdfPane*>("Pdf1")->currentPage() + 1;
+      testing::keepScreenshot(manual, "manual_of_form");
+      manual.close();
     });
-    press(*form, Qt::Key_F1);
-    form->close();
+    press(form, Qt::Key_F1);
+    form.close();
   });
   program->application().clickTool("miGrid/SnapSelections");
   EXPECT_EQ(page, places.at("dlgSetGrids"));

@@ -6,40 +6,21 @@
 #include <QListWidget>
 #include <QPlainTextEdit>
 #include <QRadioButton>
-#include <algorithm>
-#include <cmath>
+#include <QStyle>
 #include <gtest/gtest.h>
 
 #include "shell/qt/theme.h"
 #include "tests/qt/desktop_test_support.h"
+#include "tests/qt/seen_contrast.h"
 
 namespace tess {
 namespace {
-
-double linear(int channel) {
-  const double part = channel / 255.0;
-  return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-}
-
-double luminance(QRgb color) {
-  return 0.2126 * linear(qRed(color)) + 0.7152 * linear(qGreen(color)) +
-         0.0722 * linear(qBlue(color));
-}
-
-double contrast(QRgb one, QRgb other) {
-  const auto [dark, light] = std::minmax({luminance(one), luminance(other)});
-  return (light + 0.05) / (dark + 0.05);
-}
 
 // How the edge at the left, half-way down, stands out from the window.
 double edgeContrast(QWidget& widget) {
   const QImage picture = widget.grab().toImage();
   const QRgb ground = widget.palette().color(QPalette::Window).rgb();
-  double best = 1;
-  for (int x = 0; x < 3; ++x) {
-    best = std::max(best, contrast(picture.pixel(x, picture.height() / 2), ground));
-  }
-  return best;
+  return testing::bestContrast(picture, {0, picture.height() / 2, 3, 1}, ground);
 }
 
 class Outlines : public ::testing::TestWithParam<bool> {
@@ -68,6 +49,24 @@ TEST_P(Outlines, OfWhatIsDisabledStayBack) {
   QLineEdit line;
   line.setEnabled(false);
   EXPECT_LT(edgeContrast(line), 3);
+}
+
+// Units and examples are to be read, not only seen.
+TEST_P(Outlines, HintsInFieldsAreLegible) {
+  const QPalette palette = testing::toolkit().palette();
+  EXPECT_GE(testing::contrast(palette.color(QPalette::PlaceholderText).rgb(),
+                              palette.color(QPalette::Base).rgb()),
+            4.5);
+}
+
+// What tells that a bar has more than it shows.
+TEST_P(Outlines, TheSignOfMoreToolsStandsOut) {
+  const QRgb ground = testing::toolkit().palette().color(QPalette::Window).rgb();
+  for (const QStyle::StandardPixmap sign :
+       {QStyle::SP_ToolBarHorizontalExtensionButton, QStyle::SP_ToolBarVerticalExtensionButton}) {
+    const QImage picture = testing::toolkit().style()->standardIcon(sign).pixmap(18, 18).toImage();
+    EXPECT_GE(testing::bestContrast(picture, picture.rect(), ground), 4.5) << sign;
+  }
 }
 
 INSTANTIATE_TEST_SUITE_P(Themes, Outlines, ::testing::Bool(),

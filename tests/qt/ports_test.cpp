@@ -60,6 +60,14 @@ TEST(Gateway, CountsWhatTheOperatorDoesButNotTimers) {
   EXPECT_EQ(busy, (std::vector<bool>{true, false}));
 }
 
+TEST(Gateway, LetsNothingThroughOnceItIsClosed) {
+  Gateway gateway(testing::passThrough());
+  gateway.close();
+  gateway.enter("press", [] { FAIL() << "the operator came through"; });
+  gateway.pass("timer", [] { FAIL() << "a timer came through"; });
+  EXPECT_FALSE(gateway.isBusy());
+}
+
 TEST(Gateway, TellsThatTheProgramCannotGoOn) {
   Gateway gateway(testing::passThrough());
   std::string told;

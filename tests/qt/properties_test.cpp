@@ -53,6 +53,9 @@ class PropertiesPanel : public ::testing::TestWithParam<bool> {
   }
   void open() {
     program->application().clickTool("miShowProperties");
+    // No field has the keyboard before.
+    program->window().activateWindow();
+    ASSERT_TRUE(testing::waitFor([this] { return program->window().isActiveWindow(); }));
     serve();
   }
   static void serve() { QCoreApplication::processEvents(); }
@@ -127,7 +130,6 @@ TEST_P(PropertiesPanel, ShowsTheSelection) {
 TEST_P(PropertiesPanel, AValueIsEditedByHand) {
   addRows();
   open();
-  program->window().activateWindow();
   click(3, /*onValue=*/true);
   EXPECT_EQ(value().text(), "5");
   const CPropListItem& length = form().PropList1.PropListItems().Item(3);

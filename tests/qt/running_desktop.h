@@ -7,7 +7,6 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QTimer>
 #include <filesystem>
 #include <functional>
 #include <gtest/gtest.h>
@@ -75,15 +74,6 @@ class RunningDesktop : public ::testing::Test {
   void key(int key, const QString& text, Qt::KeyboardModifiers modifiers = {}) {
     QKeyEvent press(QEvent::KeyPress, key, modifiers, text);
     QApplication::sendEvent(&program->surface(), &press);
-  }
-
-  // Runs while the next modal window is open.
-  static void whenModal(const std::function<void(QWidget&)>& act) {
-    QTimer::singleShot(0, [act] {
-      QWidget* box = QApplication::activeModalWidget();
-      ASSERT_NE(box, nullptr);
-      act(*box);
-    });
   }
 
   // What the surface shows, without the letters of the axes and of the grid, which may smooth

@@ -11,6 +11,7 @@
 #include "shell/qt/desktop_program.h"
 #include "shell/qt/theme.h"
 #include "tests/qt/desktop_test_support.h"
+#include "tests/qt/seen_contrast.h"
 #include "tests/support/source_folder.h"
 #include "tests/support/temp_folder.h"
 
@@ -51,6 +52,34 @@ TEST_P(StartPanelTest, LiesInTheMiddleAndKeepsTo) {
   EXPECT_LE(std::abs(panel().geometry().center().x() - 450), 1);
   delete program->window().findChild<QWidget*>("frmSplash");
   testing::keepScreenshot(program->window(), GetParam() ? "start_panel_dark" : "start_panel");
+}
+
+// The entry that has the keyboard is coloured: its picture and its letters show on that.
+TEST_P(StartPanelTest, TheChosenEntryIsLegible) {
+  ASSERT_TRUE(testing::waitFor([&] { return button("miNew").hasFocus(); }));
+  const QImage picture = button("miNew").grab().toImage();
+  const int middle = picture.height() / 2;
+  const QRgb ground = picture.pixel(picture.width() - 8, middle);
+  EXPECT_NE(ground, button("miOpen").grab().toImage().pixel(picture.width() - 8, middle));
+  const QRect icon(10, middle - 8, 26, 16);
+  const QRect letters(icon.right() + 1, middle - 8, 40, 16);
+  EXPECT_GE(testing::bestContrast(picture, icon, ground), 4.5);
+  EXPECT_GE(testing::bestContrast(picture, letters, ground), 4.5);
+}
+
+// Low windows have it in two columns, lower ones without what the menu offers too.
+TEST_P(StartPanelTest, FindsRoomOnALowSurface) {
+  for (const int height : {700, 260, 110}) {
+    program->surface().resize(600, height);
+    EXPECT_TRUE(program->surface().rect().contains(panel().geometry())) << height;
+    EXPECT_TRUE(button("miExamples").isVisible());
+    EXPECT_EQ(button("miRecentFile1").isVisible(), height > 200);
+    const bool oneColumn = button("miOpen").x() == button("miNew").x();
+    EXPECT_EQ(oneColumn, height > 600);
+  }
+  button("miExamples").setFocus();
+  press(*program->window().focusWidget(), Qt::Key_Tab);
+  EXPECT_EQ(program->window().focusWidget(), &button("miNew")) << "what is hidden is passed over";
 }
 
 TEST_P(StartPanelTest, NamesOfFilesKeepTheirCharacters) {

@@ -7,6 +7,7 @@
 
 #include "core/drawing_store.h"
 #include "core/runtime_failure.h"
+#include "core/setup_file.h"
 #include "shell/commands.h"
 #include "shell/virtual_screen.h"
 #include "tests/support/recording_host.h"
@@ -70,6 +71,39 @@ TEST_F(Examples, EachOpensAsACopyAndStaysAsItIs) {
   application.clickTool("miSave");
   EXPECT_EQ(shipped.read("bracket.cdm"), before);
   EXPECT_EQ(titles.size(), availableExamples(shipped()).size());
+}
+
+// With cutters of the wrong units its paths would be nonsense.
+class ExamplesOfOtherUnits : public Examples {
+ protected:
+  ExamplesOfOtherUnits() {
+    fs::copy(TESSIMO_SOURCE_DIR "/data", home(),
+             fs::copy_options::recursive | fs::copy_options::overwrite_existing);
+    changeSetup(application.session, home("mill_mm.msu"));
+  }
+  float secondCutter() { return 2 * application.store.toolradius[1]; }
+};
+
+TEST_F(ExamplesOfOtherUnits, ComeWithTheSetupOfTheirs) {
+  platform.prompts.answers = {Answer::Yes};
+  application.clickTool("miExamples");
+  ASSERT_EQ(platform.prompts.messages.size(), 1U);
+  EXPECT_EQ(platform.prompts.messages.front().text,
+            "This example is in inches, and the cutters of mill_mm.msu are in millimetres.\n"
+            "Should mill_inch.msu be loaded for it?");
+  EXPECT_EQ(application.session.setupname, "mill_inch.msu");
+  EXPECT_EQ(secondCutter(), 0.25F);
+  EXPECT_EQ(application.store.drawingname, "bracket.cdm");
+  application.clickTool("miExamples");
+  EXPECT_EQ(platform.prompts.messages.size(), 1U) << "the setup fits by now";
+}
+
+TEST_F(ExamplesOfOtherUnits, KeepTheSetupWhenTheOperatorSaysSo) {
+  platform.prompts.answers = {Answer::No};
+  application.clickTool("miExamples");
+  EXPECT_EQ(application.session.setupname, "mill_mm.msu");
+  EXPECT_EQ(secondCutter(), 6);
+  EXPECT_EQ(application.store.drawingname, "bracket.cdm");
 }
 
 TEST_F(Examples, ASecondCopyHasANumber) {

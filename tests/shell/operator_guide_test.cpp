@@ -209,7 +209,7 @@ TEST_F(Guide, LeadsThroughAPocketToAProgram) {
   EXPECT_EQ(lastResult().substr(0, 12), "1 path row, ");
   EXPECT_EQ(lastResult().substr(lastResult().size() - 4), " min");
   EXPECT_EQ(pointerGuide(application.interaction).command,
-            "Make CNC Mill File (Ctrl+M) makes a program");
+            "Place Finish Path finishes a wall, Make CNC Mill File (Ctrl+M) makes a program");
 }
 
 // ---- State

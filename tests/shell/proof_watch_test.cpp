@@ -99,13 +99,27 @@ TEST_F(WatchedProof, OfManyRowsWaitsForRest) {
   openPanel();
   pass(300);
   shift(1, -0.125F);
-  EXPECT_EQ(line(), "In by 0.0000   Left 0.00 %   Rapids 0");
+  EXPECT_EQ(line(), "No proof yet");
   pass(200);
   shift(2, 0);
   pass(200);
-  EXPECT_EQ(line(), "In by 0.0000   Left 0.00 %   Rapids 0");
+  EXPECT_EQ(line(), "No proof yet");
   pass(100);
   EXPECT_EQ(line(), "In by 0.1250   Left 0.00 %   Rapids 0");
+}
+
+TEST_F(WatchedProof, OfAPathThatIsGoneNothingIsTold) {
+  place();
+  openPanel();
+  shift(1, -0.125F);
+  EXPECT_EQ(panel().cmdProof.color(), 0x3C3CE6);
+  application.guarded("test", [&] {
+    Change change(context().changes);
+    change.paths.erase(1, store.NumPathSegments);
+    change.keep();
+  });
+  EXPECT_EQ(line(), "No proof yet");
+  EXPECT_EQ(panel().cmdProof.color(), std::nullopt);
 }
 
 TEST_F(WatchedProof, OfAThousandRowsLessOneDoesNotWait) {
@@ -189,7 +203,7 @@ TEST_F(WatchedProof, TellsHowManyRowsItSaysNothingAbout) {
 TEST_F(WatchedProof, NothingIsReckonedWhileNobodyLooks) {
   place();
   shift(1, -0.125F);
-  EXPECT_EQ(line(), "In by 0.0000   Left 0.00 %   Rapids 0");
+  EXPECT_EQ(line(), "No proof yet");
   openPanel();
   shift(2, 0);
   EXPECT_EQ(line(), "In by 0.1250   Left 0.00 %   Rapids 0");

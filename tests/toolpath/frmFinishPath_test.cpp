@@ -105,6 +105,7 @@ TEST_F(FinishPathForm, OkStoresEverything) {
   form.chkConnectPocketPaths.setChecked(true);
   form.chkWhatIsLeft.setChecked(true);
   form.chkHoldingTabs.setChecked(true);
+  form.chkCornerOvercut.setChecked(true);
   form.cmdOK.click();
   EXPECT_FALSE(form.isShown());
   EXPECT_EQ(cam.numFinishPasses, 3);
@@ -116,6 +117,7 @@ TEST_F(FinishPathForm, OkStoresEverything) {
   EXPECT_TRUE(store.cfg_connect_pocketing_paths);
   EXPECT_TRUE(store.cfg_finish_what_is_left);
   EXPECT_TRUE(store.cfg_holding_tabs);
+  EXPECT_EQ(store.cfg_corner_overcut, 1) << "all inside corners";
 }
 
 TEST_F(FinishPathForm, CancelKeepsTheSettingsAndMeansOnePass) {
@@ -138,7 +140,7 @@ TEST_F(FinishPathForm, ClosingTheWindowMeansOnePassToo) {
 struct FinishPathFormLoad : RecordedCam, ::testing::Test {};
 
 // Only the true rules know on which side of a wall a path runs, and one row alone is no outline.
-TEST_F(FinishPathFormLoad, TabsAndRestAreForWholeOutlinesByTheTrueRules) {
+TEST_F(FinishPathFormLoad, TabsRestAndOvercutAreForWholeOutlinesByTheTrueRules) {
   for (const bool truePaths : {false, true}) {
     for (const int chain : {0, 1}) {
       store.cfg_true_paths = truePaths;
@@ -146,7 +148,29 @@ TEST_F(FinishPathFormLoad, TabsAndRestAreForWholeOutlinesByTheTrueRules) {
       frmFinishPath form(cam);
       form.open(Modality::Modal);
       EXPECT_EQ(form.chkHoldingTabs.isEnabled(), truePaths && chain == 1);
+      EXPECT_EQ(form.chkCornerOvercut.isEnabled(), truePaths && chain == 1);
       EXPECT_EQ(form.chkWhatIsLeft.isEnabled(), truePaths && chain == 1);
+    }
+  }
+}
+
+// How the corners were chosen last stays as long as the box does.
+TEST_F(FinishPathFormLoad, TheOvercutOfPickedCornersStaysSuch) {
+  struct Case {
+    int before;
+    bool shown;
+    int kept, cleared;
+  };
+  constexpr Case kCases[] = {{0, false, 1, 0}, {1, true, 1, 0}, {2, true, 2, 0}, {7, false, 1, 7}};
+  for (const Case& row : kCases) {
+    for (const bool checked : {true, false}) {
+      store.cfg_corner_overcut = static_cast<std::int16_t>(row.before);
+      frmFinishPath form(cam);
+      form.open(Modality::Modal);
+      EXPECT_EQ(form.chkCornerOvercut.isChecked(), row.shown) << row.before;
+      form.chkCornerOvercut.setChecked(checked);
+      form.cmdOK.click();
+      EXPECT_EQ(store.cfg_corner_overcut, checked ? row.kept : row.cleared) << row.before;
     }
   }
 }

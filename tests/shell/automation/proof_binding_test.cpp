@@ -80,6 +80,27 @@ TEST_F(ProofBinding, TellsTheEngagementOfEachGroup) {
             "1.0\t1\t0.5\t0.75\n");
 }
 
+// The notes about the corners go with the drawing, and a script picks corners by clicks.
+TEST_F(ProofBinding, ListsCornersThatWereMeantToBeCutOver) {
+  const std::string finished = cleared(
+      "store.cursorgridf = 0 view{-1, -1, 5, 5} setting['corner overcut'] = 2 "
+      "on_form('frmFinishPath', function(f) f.cmdOK:click() end) "
+      "on_form('frmCornerOvercut', function(f) click(4, 4) click(0.1, 0) "
+      "print(f.lblCorners.caption) "
+      "f.cmdOK:click() end) "
+      "tool('miPlaceFinishPath') click(0, 0) click(2, 0) click(2, 1) ");
+  const std::string told =
+      "local p = proof() print(p.clean, #p.overcuts) for _, c in ipairs(p.overcuts) do "
+      "print(c.group, c.x, c.y, string.format('%.4f %.4f', c.depth, c.left)) end ";
+  const std::string corners = "true\t2\n2\t4.0\t4.0\t0.1464 0.0000\n2\t0.0\t0.0\t0.1464 0.0000\n";
+  EXPECT_EQ(outputOf(finished + told + "save('part') open('part') " + told),
+            "2 of 4 corners. Click one in the drawing to pick it, or to leave it out.\n" + corners +
+                corners);
+  EXPECT_THAT(outputOf(finished + "setting['true paths'] = false save('plain') open('plain') " +
+                       "print(proof().gouge.depth > 0.14, #proof().overcuts)"),
+              ::testing::EndsWith("\ntrue\t0\n"));
+}
+
 TEST_F(ProofBinding, WithoutJobsGoesByTheRows) {
   EXPECT_EQ(outputOf("setting['true paths'] = false save('part') open('part') "
                      "print(#proof().jobs)"),
