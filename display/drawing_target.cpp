@@ -27,11 +27,16 @@ void DrawingTarget::TraceLineTwice(const WorldBox& ends, Rgb color) {
   TraceLine(ends, color);
 }
 
-PixelPoint DrawingSurface::toPixels(float x, float y) const {
-  if (state_.scaleMode == ScaleUnit::Pixels) return {x, y};
+// A surface that is scaled in pixels is as good as one whose every pixel is a unit.
+PixelScale DrawingSurface::pixelScale() const {
+  if (state_.scaleMode == ScaleUnit::Pixels) return {};
   const SurfaceArea pixels = area();
-  return {(static_cast<double>(x) - state_.scaleLeft) / state_.scaleWidth * pixels.width,
-          (static_cast<double>(y) - state_.scaleTop) / state_.scaleHeight * pixels.height};
+  return {.left = state_.scaleLeft,
+          .top = state_.scaleTop,
+          .width = state_.scaleWidth,
+          .height = state_.scaleHeight,
+          .across = pixels.width,
+          .down = pixels.height};
 }
 
 Point DrawingSurface::toWorld(double pixelX, double pixelY) const {

@@ -1,8 +1,9 @@
 // What drawings are painted on: the port to the platform's drawing surface, and the target that the
 // routines painting single entities see, be it the surface or paper.
 // Owns: ScaleUnit, PenMode, PenStyle, FillMode, kOutlineBox, kFilledBox, SurfaceArea, WorldBox,
-//       WorldArc, PixelPoint, SurfaceState, DrawingSurface, ScaledExtent, convertedLength,
-//       SweepArguments, tracedArc, requireBoxFlag, DrawingTarget, PictureBoxProxy, SetScale.
+//       WorldArc, PixelPoint, PixelScale, SurfaceState, DrawingSurface, ScaledExtent,
+//       convertedLength, SweepArguments, tracedArc, requireBoxFlag, DrawingTarget, PictureBoxProxy,
+//       SetScale.
 #pragma once
 
 #include <optional>
@@ -45,6 +46,16 @@ struct WorldArc {
 
 struct PixelPoint {
   double x = 0, y = 0;  // from the upper left corner of the surface
+};
+
+// From user scale to the pixels of a surface, for as long as neither changes.
+struct PixelScale {
+  double left = 0, top = 0, width = 1, height = 1;  // of the surface in user scale
+  double across = 1, down = 1;                      // pixels
+
+  PixelPoint at(float x, float y) const {
+    return {(x - left) / width * across, (y - top) / height * down};
+  }
 };
 
 // What a surface remembers between calls.
@@ -109,18 +120,23 @@ class DrawingSurface {
   void setFontTransparent(bool on) { set(state_.fontTransparent, on, "FontTransparent"); }
 
   // The one mapping between user scale and pixels, for painting and for pointer events.
-  PixelPoint toPixels(float x, float y) const;
+  PixelPoint toPixels(float x, float y) const { return pixelScale().at(x, y); }
+  PixelScale pixelScale() const;
   Point toWorld(double pixelX, double pixelY) const;
 
  protected:
   // Hears of each property that is set, also of one set to the value that it had.
   virtual void propertySet(const char* /*name*/, double /*value*/) {}
+  // One has another value now.
+  virtual void propertyChanged() {}
 
  private:
   template <typename T>
   void set(T& field, T value, const char* name) {
+    const bool changes = field != value;
     field = value;
     propertySet(name, static_cast<double>(value));
+    if (changes) propertyChanged();
   }
 
   SurfaceState state_;

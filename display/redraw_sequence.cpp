@@ -50,10 +50,25 @@ void RedrawSequence::redrawscreen(DrawingTarget* target, Flag /*ShowGrid*/,
   }
 }
 
+// Whether one redraw is to come that all who ask meanwhile share.
+bool RedrawSequence::frameComes() {
+  if (!awaitsFrame_) awaitsFrame_ = parts_.ScreenProxy.surface().requestFrame();
+  return awaitsFrame_;
+}
+
 void RedrawSequence::redrawSoon() {
-  if (awaitsFrame_) return;
-  awaitsFrame_ = parts_.ScreenProxy.surface().requestFrame();
-  if (!awaitsFrame_) redrawscreen();
+  if (!frameComes()) redrawscreen();
+}
+
+// Asked for with every row of a command, and so never at once.
+void RedrawSequence::soil() {
+  if (frameComes()) return;
+  if (!tmrSoiled_) {
+    tmrSoiled_ = parts_.timers.create({"tmrSoiled", kSoiledInterval, /*oneShot=*/true},
+                                      [this] { paintFrame(); });
+  }
+  tmrSoiled_->setEnabled(true);
+  awaitsFrame_ = true;
 }
 
 void RedrawSequence::paintFrame() {
@@ -180,14 +195,6 @@ void RedrawSequence::abandon() {
 bool RedrawSequence::servedEvents() {
   parts_.surroundings.serveEvents();
   return !redrawabort;
-}
-
-void RedrawSequence::soil() {
-  if (!tmrSoiled_) {
-    tmrSoiled_ = parts_.timers.create({"tmrSoiled", kSoiledInterval, /*oneShot=*/true},
-                                      [this] { redrawscreen(); });
-  }
-  tmrSoiled_->setEnabled(true);
 }
 
 void RedrawSequence::setTaskQueueState(int state) {

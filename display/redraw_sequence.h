@@ -44,11 +44,13 @@ class RedrawSequence {
                     Flag DisableEvents);
   void redrawscreen();  // the same on the screen, with all flags set
 
-  // The same for those who change rows again and again: one redraw once the event is over, however
-  // often it was asked for, and at once on a surface without frames. Any other redraw stands for
-  // it.
+  // One redraw once the event at hand is over, with the surface's next frame, however often it was
+  // asked for; any other redraw stands for it. On a surface without frames redrawSoon, for those
+  // who change rows again and again, is at once; soil, for those who have painted rows over in
+  // another colour, comes by a timer.
   void redrawSoon();
-  // The frame has come that redrawSoon asked for.
+  void soil();
+  // The frame has come.
   void paintFrame();
 
   // The stage that the next tick of tmrTaskQueue runs: 1 init, 2 segments, 3 paths, 4 final; 0 is
@@ -64,9 +66,6 @@ class RedrawSequence {
   // The marker's cross stands in the screen's picture; false from the clearing to the end of a
   // redraw, which will draw it.
   bool markerShown() const { return markerShown_; }
-
-  // Rows look otherwise than they are painted: a redraw comes soon, unless one does meanwhile.
-  void soil();
 
   // Set once the operator has agreed to close the window: every paint loop leaves at its next row.
   bool redrawabort = false;
@@ -90,6 +89,7 @@ class RedrawSequence {
   void runStage(int stage);
   void finishStage(const StageRun& run);
 
+  bool frameComes();
   bool openPicture(DrawingTarget& target);
   void paintPartTemplate(DrawingTarget& target);
   bool paintSegments(DrawingTarget& target);
@@ -104,7 +104,7 @@ class RedrawSequence {
   RedrawParts parts_;
   std::unique_ptr<Timer> tmrTaskQueue_;
   std::unique_ptr<Timer> tmrEventEnable_;
-  std::unique_ptr<Timer> tmrSoiled_;  // none before it is needed
+  std::unique_ptr<Timer> tmrSoiled_;  // the frame of a surface that has none
   int taskQueueState_ = 0;
   long long starts_ = 0;
   bool inStage_ = false;

@@ -51,11 +51,7 @@ void appendShape(const TabPlan::Bridge& bridge, double radius, std::vector<Segme
 }  // namespace
 
 frmHoldingTabs::frmHoldingTabs(CamContext& cam, std::vector<TabPass> passes, float floor)
-    : Form("frmHoldingTabs", "Holding Tabs"),
-      cam_(cam),
-      passes_(std::move(passes)),
-      floor_(floor),
-      plan_(passes_, 0) {
+    : Form("frmHoldingTabs", "Holding Tabs"), cam_(cam), passes_(std::move(passes)), floor_(floor) {
   optTabs[kByNumber].setCaption("&Number :");
   optTabs[kBySpacing].setCaption("&Spacing :");
   lblTabWidth.setCaption("&Width :");
@@ -69,9 +65,9 @@ frmHoldingTabs::frmHoldingTabs(CamContext& cam, std::vector<TabPass> passes, flo
   onClose = [this] { leave(); };
   onAccept = [this] { takeOver(); };
   for (TextBox* const box : {&txtTabNumber, &txtTabSpacing, &txtTabWidth, &txtTabHeight}) {
-    box->onChange = [this] { spread(); };
+    box->onChange = [this] { changed(); };
   }
-  optTabs.onClick = [this](int) { spread(); };
+  optTabs.onClick = [this](int) { changed(); };
   cmdOK.onClick = [this] { confirm(); };
   cmdCancel.onClick = [this] { close(); };
 }
@@ -105,6 +101,10 @@ void frmHoldingTabs::fill() {
 
 // ---- Where they are
 
+void frmHoldingTabs::changed() {
+  if (plan_) spread();
+}
+
 // What was dragged before is spread anew.
 void frmHoldingTabs::spread() {
   const bool bySpacing = optTabs[kBySpacing].value();
@@ -114,20 +114,20 @@ void frmHoldingTabs::spread() {
             .spacing = bySpacing ? std::max<double>(valueOf(txtTabSpacing), 0) : 0,
             .width = std::max<double>(valueOf(txtTabWidth), 0),
             .height = std::max<double>(valueOf(txtTabHeight), 0)};
-  plan_ = TabPlan(passes_, rules_.width);
-  if (rules_.width > 0) plan_.place(plan_.wanted(rules_));
+  plan_.emplace(passes_, rules_.width);
+  if (rules_.width > 0) plan_->place(plan_->wanted(rules_));
   grabbed_ = -1;
   show();
 }
 
 void frmHoldingTabs::show() {
-  const int count = plan_.count();
+  const int count = plan_->count();
   lblTabs.setCaption(count == 0   ? "No tab fits."
                      : count == 1 ? "1 tab. Drag it along the outline."
                                   : std::to_string(count) + " tabs. Drag them along the outline.");
   std::vector<SegmentRow> rows;
   const std::size_t finished = passes_.size() - 1;
-  for (const TabPlan::Bridge& bridge : plan_.bridges(finished)) {
+  for (const TabPlan::Bridge& bridge : plan_->bridges(finished)) {
     appendShape(bridge, passes_[finished].toolRadius, rows);
   }
   previewRows(cam_.context, std::move(rows), kOutlineWidth);
@@ -135,15 +135,15 @@ void frmHoldingTabs::show() {
 
 void frmHoldingTabs::grab(Point at) {
   const PlanePoint place{at.x, at.y};
-  grabbed_ = plan_.nearestTab(place);
+  grabbed_ = plan_->nearestTab(place);
   if (grabbed_ < 0) return;
   const double reach = rules_.width / 2 + 2 * passes_.back().toolRadius;
-  if (normOf(plan_.placeOf(grabbed_) - place) > reach) grabbed_ = -1;
+  if (normOf(plan_->placeOf(grabbed_) - place) > reach) grabbed_ = -1;
 }
 
 void frmHoldingTabs::drag(Point to) {
   if (grabbed_ < 0) return;
-  plan_.move(grabbed_, {to.x, to.y});
+  plan_->move(grabbed_, {to.x, to.y});
   show();
 }
 
@@ -161,21 +161,21 @@ std::string frmHoldingTabs::complaint() const {
     return "Tabs " + plainText(height) + " high are higher than the part: it is cut " +
            plainText(-floor_) + " deep.";
   }
-  if (plan_.count() > 0) return {};
+  if (plan_->count() > 0) return {};
   return "Tabs " + plainText(width) +
          " wide fit nowhere on the outline: beside corners and leads no row is long enough.";
 }
 
 void frmHoldingTabs::confirm() {
   const std::string fault = complaint();
-  const int wanted = plan_.wanted(rules_);
+  const int wanted = plan_->wanted(rules_);
   Prompts& prompts = cam_.context.session.host.prompts;
   if (!fault.empty()) {
     prompts.showMessage({.text = fault, .title = caption(), .icon = MessageIcon::Warning});
     return;
   }
-  if (plan_.count() < wanted) {
-    prompts.showMessage({.text = "Only " + std::to_string(plan_.count()) + " of " +
+  if (plan_->count() < wanted) {
+    prompts.showMessage({.text = "Only " + std::to_string(plan_->count()) + " of " +
                                  std::to_string(wanted) + " tabs fit on the outline.",
                          .title = caption(),
                          .icon = MessageIcon::Warning});

@@ -3,6 +3,7 @@
 // Owns: frmHoldingTabs.
 #pragma once
 
+#include <optional>
 #include <vector>
 
 #include "core/form.h"
@@ -30,12 +31,13 @@ class frmHoldingTabs : public Form {
   Button cmdCancel{*this, "cmdCancel"};
 
   // Of the form that was accepted.
-  const TabPlan& plan() const { return plan_; }
+  const TabPlan& plan() const { return *plan_; }
   double top() const { return tabTop(rules_, floor_); }
 
  private:
   void fill();
   void leave();
+  void changed();
   void spread();
   void show();
   void confirm();
@@ -48,7 +50,7 @@ class frmHoldingTabs : public Form {
   std::vector<TabPass> passes_;
   float floor_;
   TabRules rules_;
-  TabPlan plan_;
+  std::optional<TabPlan> plan_;  // once the fields are filled
   int grabbed_ = -1;
 };
 

@@ -74,7 +74,13 @@ TabTrack::TabTrack(TabPass pass, double width)
       chord_(width + 2 * pass_.toolRadius),
       way_(pass_.way),
       index_(pass_.way) {
-  for (const Run& run : runs()) addZones(run);
+  for (const Run& run : runs()) {
+    if (!run.isStraight) {
+      smooth_.push_back({.run = run});
+    } else if (const auto zone = zoneOf(run)) {
+      straight_.push_back(*zone);
+    }
+  }
 }
 
 // An arc round a corner of the outline has the distance for its radius and turns away from the free
@@ -115,10 +121,12 @@ std::vector<TabTrack::Run> TabTrack::runs() const {
   return straight;
 }
 
-void TabTrack::addZones(const Run& run) {
+std::optional<TabTrack::Zone> TabTrack::zoneOf(const Run& run) const {
   const double from = std::max(run.from, pass_.startRoom);
   const double to = std::min(run.to, way_.length() - pass_.startRoom);
   double half = chord_ / 2;
+  const auto isTooShort = [&] { return !(from + half <= to - half); };
+  if (isTooShort()) return std::nullopt;
   if (!run.isStraight) {
     // What a curved row needs is longer than the chord: the most of a few places.
     constexpr int kLooks = 16;
@@ -128,7 +136,31 @@ void TabTrack::addZones(const Run& run) {
       if (lift) half = std::max(half, (lift->to - lift->from) / 2);
     }
   }
-  if (from + half <= to - half) zones_.push_back({from + half, to - half, run.isStraight});
+  if (isTooShort()) return std::nullopt;
+  return Zone{from + half, to - half, run.isStraight};
+}
+
+const std::optional<TabTrack::Zone>& TabTrack::zoneOf(SmoothRun& smooth) const {
+  if (!std::exchange(smooth.isKnown, true)) smooth.zone = zoneOf(smooth.run);
+  return smooth.zone;
+}
+
+std::vector<TabTrack::Zone> TabTrack::smoothZones() const {
+  std::vector<Zone> zones;
+  for (SmoothRun& smooth : smooth_) {
+    if (const auto& zone = zoneOf(smooth)) zones.push_back(*zone);
+  }
+  return zones;
+}
+
+bool TabTrack::isInZone(double middle) const {
+  const auto isIn = [middle](const auto& range) {
+    return range.from - kTouching <= middle && middle <= range.to + kTouching;
+  };
+  return std::any_of(straight_.begin(), straight_.end(), isIn) ||
+         std::any_of(smooth_.begin(), smooth_.end(), [&](SmoothRun& smooth) {
+           return isIn(smooth.run) && zoneOf(smooth) && isIn(*smooth.zone);
+         });
 }
 
 double TabTrack::nearestTo(PlanePoint at) const {
@@ -184,10 +216,7 @@ bool TabTrack::standsFree(const Lift& lift) const {
 }
 
 std::optional<TabTrack::Lift> TabTrack::liftAt(double middle) const {
-  const bool isThere = std::any_of(zones_.begin(), zones_.end(), [&](const Zone& zone) {
-    return zone.from - kTouching <= middle && middle <= zone.to + kTouching;
-  });
-  if (!isThere) return std::nullopt;
+  if (!isInZone(middle)) return std::nullopt;
   const auto lift = symmetricLift(middle);
   if (!lift || !standsFree(*lift)) return std::nullopt;
   return lift;
@@ -280,17 +309,17 @@ int TabPlan::placeIn(const std::vector<TabTrack::Zone>& zones, int number) {
 
 int TabPlan::place(int number) {
   middles_.clear();
-  std::vector<TabTrack::Zone> straight, rest;
+  const std::vector<TabTrack::Zone>& straight = guide().straightZones();
   double length = 0;
-  for (const TabTrack::Zone& zone : guide().zones()) {
-    (zone.isStraight ? straight : rest).push_back(zone);
-    if (zone.isStraight) length += zone.length() + guide().chord();
-  }
+  for (const TabTrack::Zone& zone : straight) length += zone.length() + guide().chord();
   int left = number;
   const bool straightFirst = length >= kStraightEnough * guide().way().length();
   if (straightFirst && left > 0) left -= placeIn(straight, left);
   // A row that both kinds of zones have is taken once: tabs stay apart.
-  if (left > 0 && !rest.empty()) placeIn(rest, left);
+  if (left > 0) {
+    const std::vector<TabTrack::Zone> rest = guide().smoothZones();
+    if (!rest.empty()) placeIn(rest, left);
+  }
   std::sort(middles_.begin(), middles_.end());
   return count();
 }
@@ -310,7 +339,10 @@ int TabPlan::nearestTab(PlanePoint at) const {
 void TabPlan::move(int tab, PlanePoint toward) {
   const double wanted = guide().nearestTo(toward);
   std::vector<double> places;
-  for (const TabTrack::Zone& zone : guide().zones()) {
+  std::vector<TabTrack::Zone> zones = guide().straightZones();
+  const std::vector<TabTrack::Zone> smooth = guide().smoothZones();
+  zones.insert(zones.end(), smooth.begin(), smooth.end());
+  for (const TabTrack::Zone& zone : zones) {
     places.push_back(std::clamp(wanted, zone.from, zone.to));
     for (const double other : middles_) {
       for (const double beside : {other - apart(), other + apart()}) {

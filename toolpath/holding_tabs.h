@@ -63,7 +63,9 @@ class TabTrack {
     bool isStraight = true;
     double length() const { return to - from; }
   };
-  const std::vector<Zone>& zones() const { return zones_; }
+  const std::vector<Zone>& straightZones() const { return straight_; }
+  // Those on rows that turn but little; a straight row has one too.
+  std::vector<Zone> smoothZones() const;
 
   const WayByLength& way() const { return way_; }
   // Between the centres at both ends of what is raised.
@@ -83,8 +85,16 @@ class TabTrack {
     double from = 0, to = 0;
     bool isStraight = true;
   };
+  // What is longer to find out is found when it is first asked for.
+  struct SmoothRun {
+    Run run;
+    bool isKnown = false;
+    std::optional<Zone> zone = {};
+  };
   std::vector<Run> runs() const;
-  void addZones(const Run& run);
+  std::optional<Zone> zoneOf(const Run& run) const;
+  const std::optional<Zone>& zoneOf(SmoothRun& smooth) const;
+  bool isInZone(double middle) const;
   std::optional<Lift> symmetricLift(double middle) const;
   bool standsFree(const Lift& lift) const;
   bool isSharp(const Curve& curve) const;
@@ -94,7 +104,8 @@ class TabTrack {
   double chord_;
   WayByLength way_;
   CurveIndex index_;
-  std::vector<Zone> zones_;
+  std::vector<Zone> straight_;
+  mutable std::vector<SmoothRun> smooth_;
 };
 
 // The tabs of all passes round a part, placed on the innermost.

@@ -79,6 +79,20 @@ void everyLength(benchmark::internal::Benchmark* bench) {
   bench->Unit(benchmark::kMillisecond);
 }
 
+// What a redraw costs beside its rows: clearing, marks, and bringing the picture to the window.
+void RedrawOfNothing(benchmark::State& state) {
+  BenchProgram program;
+  program.store().endmarkers = 0;
+  RedrawSequence& sequence = program.application().interaction.redraw;
+  for (auto _ : state) {
+    sequence.redrawscreen();
+    state.PauseTiming();
+    program.settle();
+    state.ResumeTiming();
+  }
+}
+
+BENCHMARK(RedrawOfNothing)->Unit(benchmark::kMillisecond);
 BENCHMARK(BareLoop)->Apply(everyLength);
 BENCHMARK(BareSmoothLoop)->Apply(everyLength);
 BENCHMARK(Redraw)->Apply(everyLength);

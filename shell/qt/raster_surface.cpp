@@ -5,9 +5,7 @@
 // its tip.
 #include "shell/qt/raster_surface.h"
 
-#include <QFont>
 #include <QFontMetricsF>
-#include <QPainterPath>
 #include <algorithm>
 #include <cmath>
 #include <optional>
@@ -15,7 +13,6 @@
 #include <vector>
 
 #include "geometry/float_constants.h"
-#include "shell/qt/smooth_line.h"
 #include "shell/qt/stepped_arc.h"
 
 namespace tess {
@@ -28,8 +25,11 @@ constexpr double kTextHeight = 12;      // pixels
 constexpr int kMinContrast = 64;        // of 255
 constexpr QRgb kGreyMask = 0x00C0C0C0;  // changes any grey by 64 or more
 
+QRgb bitsOf(Rgb color) {
+  return qRgb(color & 0xFF, color >> 8 & 0xFF, color >> 16 & 0xFF);
+}
 QColor colorOf(Rgb color) {
-  return {color & 0xFF, color >> 8 & 0xFF, color >> 16 & 0xFF};
+  return QColor::fromRgb(bitsOf(color));
 }
 
 // How much an inverting pen of this mask changes a colour.
@@ -84,8 +84,12 @@ double sweepOf(const WorldArc& arc) {
 }  // namespace
 
 RasterSurface::RasterSurface(const SurfaceArea& area, double density)
-    : area_(area), density_(density) {
-  resizePicture();
+    : area_(area), density_(density) {}
+
+// Before the pixels are looked at or given up.
+void RasterSurface::stopPainting() {
+  smoothLines_.finish();
+  painter_.reset();
 }
 
 void RasterSurface::setDensity(double density) {
@@ -103,18 +107,27 @@ QImage RasterSurface::emptyPicture(const QSize& size) const {
   return picture;
 }
 
+QSize RasterSurface::pictureSize() const {
+  return {std::max(1, static_cast<int>(std::lround(area_.width * density_))),
+          std::max(1, static_cast<int>(std::lround(area_.height * density_)))};
+}
+
+// A window goes through several sizes while it comes up: no pixels are made before any are wanted.
+QImage& RasterSurface::pixels() {
+  if (picture_.isNull()) picture_ = emptyPicture(pictureSize());
+  return picture_;
+}
+
 // What fits of the old picture stays, as on a window that is pulled wider.
 void RasterSurface::resizePicture() {
-  const QSize size(std::max(1, static_cast<int>(std::lround(area_.width * density_))),
-                   std::max(1, static_cast<int>(std::lround(area_.height * density_))));
-  if (size == picture_.size()) return;
+  measures_.reset();
+  if (picture_.size() == pictureSize()) return;
   stopPainting();
   lastLine_.reset();
   const QImage before = begun_ ? picture_ : QImage();
   picture_ = QImage();  // makes room for the next one
   spare_ = QImage();
-  picture_ = emptyPicture(size);
-  if (begun_) QPainter(&picture_).drawImage(0, 0, before);
+  if (begun_) QPainter(&pixels()).drawImage(0, 0, before);
 }
 
 void RasterSurface::Move(const SurfaceArea& area) {
@@ -137,7 +150,7 @@ void RasterSurface::setRepaint(bool on) {
   } else {
     shown_ = begun_ ? picture_ : emptyPicture({1, 1});
   }
-  if (on && onPainted) onPainted(picture_.rect());
+  if (on && onPainted) onPainted(bounds());
 }
 
 void RasterSurface::Refresh() {
@@ -147,6 +160,7 @@ void RasterSurface::Refresh() {
 const QImage& RasterSurface::picture() {
   if (!repaint_) return shown_;
   stopPainting();
+  if (picture_.isNull()) return shown_ = emptyPicture({1, 1});
   return picture_;
 }
 
@@ -157,15 +171,16 @@ void RasterSurface::Cls() {
   begun_ = true;
   lastLine_.reset();
   if (!picture_.isDetached()) {
-    const bool fits = spare_.size() == picture_.size();
-    picture_ = fits ? std::exchange(spare_, QImage()) : emptyPicture(picture_.size());
+    const bool fits = spare_.size() == pictureSize();
+    picture_ = fits ? std::exchange(spare_, QImage()) : emptyPicture(pictureSize());
   }
   picture_.fill(colorOf(state().backColor));
-  painted(picture_.rect());
+  painted(bounds());
 }
 
 QPainter& RasterSurface::painter(const QColor& ink, bool smooth) {
-  if (!painter_) painter_ = std::make_unique<QPainter>(&picture_);
+  smoothLines_.finish();
+  if (!painter_) painter_ = std::make_unique<QPainter>(&pixels());
   // Square ends: the toolkit is ten times slower at wide lines with round ones.
   QPen pen(ink, penWidth(), Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin);
   if (state().drawStyle == PenStyle::Dash) pen.setDashPattern({6, 4});
@@ -182,18 +197,23 @@ void RasterSurface::painted(const QRectF& box) {
   if (!repaint_ || !onPainted) return;
   const double margin = penWidth() + 2;
   const QRectF reached = box.normalized().adjusted(-margin, -margin, margin, margin);
-  onPainted((reached & picture_.rect()).toAlignedRect());
+  onPainted((reached & bounds()).toAlignedRect());
 }
 
-double RasterSurface::penWidth() const {
-  return std::max(1.0, std::round(state().drawWidth * density_));
+RasterSurface::Measures RasterSurface::measured() const {
+  const QRect bounds({0, 0}, pictureSize());
+  return {.scale = pixelScale(),
+          .penWidth = std::max(1.0, std::round(state().drawWidth * density_)),
+          .bounds = bounds,
+          .paintedBounds = QRectF(bounds).adjusted(-kMargin, -kMargin, kMargin, kMargin),
+          .paintsSmoothly = !isInverting() && state().drawStyle == PenStyle::Solid};
 }
 
 // An inverting pen flips the bits that its colour lacks. Where that would leave the background
 // nearly as it is, as with a white pen, it flips bits that always show.
 QRgb RasterSurface::flippedBits(Rgb color) const {
-  const QRgb mask = ~colorOf(color).rgb() & 0x00FFFFFF;
-  const bool shows = contrast(colorOf(state().backColor).rgb(), mask) >= kMinContrast;
+  const QRgb mask = ~bitsOf(color) & 0x00FFFFFF;
+  const bool shows = contrast(bitsOf(state().backColor), mask) >= kMinContrast;
   return shows ? mask : kGreyMask;
 }
 
@@ -203,7 +223,7 @@ QColor RasterSurface::ink(Rgb color) const {
 }
 
 QPointF RasterSurface::devicePoint(float x, float y) const {
-  const PixelPoint pixel = toPixels(x, y);
+  const PixelPoint pixel = measures().scale.at(x, y);
   return {pixel.x * density_, pixel.y * density_};
 }
 
@@ -211,10 +231,6 @@ double RasterSurface::deviceLength(float length) const {
   const bool inPixels = state().scaleMode == ScaleUnit::Pixels;
   const double pixels = inPixels ? length : length / state().scaleWidth * area_.width;
   return std::abs(pixels) * density_;
-}
-
-QRectF RasterSurface::paintedBounds() const {
-  return QRectF(picture_.rect()).adjusted(-kMargin, -kMargin, kMargin, kMargin);
 }
 
 // Drawing rows are copied twice; the second time there is nothing to do, and smooth edges stay as
@@ -229,15 +245,19 @@ void RasterSurface::line(const WorldBox& ends, Rgb color) {
   if (ends.x0 == ends.x1 && ends.y0 == ends.y1) return;
   if (isRepeated(ends, color)) return;
   const QLineF whole(devicePoint(ends.x0, ends.y0), devicePoint(ends.x1, ends.y1));
+  if (holdsLine(paintedBounds(), whole)) return visibleLine(whole, color);
   if (!hasPlace(whole.p1()) || !hasPlace(whole.p2())) return;
   const std::optional<QLineF> visible = clipped(whole, paintedBounds());
-  if (!visible) return;
-  if (paintsSmoothly() && !isAlongAxis(*visible)) {
-    smoothLine(*visible, color);
+  if (visible) visibleLine(*visible, color);
+}
+
+void RasterSurface::visibleLine(const QLineF& pixels, Rgb color) {
+  if (paintsSmoothly() && !isAlongAxis(pixels)) {
+    smoothLine(pixels, color);
   } else {
-    sharpLine(wholePixel(visible->p1()), wholePixel(visible->p2()), color);
+    sharpLine(wholePixel(pixels.p1()), wholePixel(pixels.p2()), color);
   }
-  painted(QRectF(visible->p1(), visible->p2()));
+  painted(QRectF(pixels.p1(), pixels.p2()));
 }
 
 // Inverted twice it would be gone.
@@ -249,7 +269,8 @@ void RasterSurface::lineTwice(const WorldBox& ends, Rgb color) {
 void RasterSurface::smoothLine(const QLineF& pixels, Rgb color) {
   const QLineF line(pixelMiddle(pixels.p1()), pixelMiddle(pixels.p2()));
   if (penWidth() <= kWidestOwnLine) {
-    blendLine(picture_, line, penWidth(), colorOf(color).rgb());
+    this->pixels();  // there must be some
+    smoothLines_.add(line, penWidth(), bitsOf(color));
   } else {
     painter(colorOf(color), /*smooth=*/true).drawLine(line);
   }
@@ -259,7 +280,8 @@ void RasterSurface::sharpLine(QPoint from, QPoint to, Rgb color) {
   const bool straight = from.x() == to.x() || from.y() == to.y();
   if (straight && paintsSmoothly() && penWidth() == 1) {
     const QRect pixels = QRect(from, from) | QRect(to, to);
-    fillPixels(picture_, pixels & picture_.rect(), colorOf(color).rgb());
+    smoothLines_.finish();
+    fillPixels(this->pixels(), pixels & bounds(), bitsOf(color));
   } else {
     painter(ink(color), /*smooth=*/false).drawLine(from, to);
   }
@@ -275,7 +297,8 @@ void RasterSurface::box(const WorldBox& corners, Rgb color, bool filled) {
   const QRect pixels(QPoint(std::min(a.x(), b.x()), std::min(a.y(), b.y())),
                      QPoint(std::max(a.x(), b.x()), std::max(a.y(), b.y())));
   if (filled && !isInverting()) {
-    fillPixels(picture_, pixels & picture_.rect(), colorOf(color).rgb());
+    smoothLines_.finish();
+    fillPixels(this->pixels(), pixels & bounds(), bitsOf(color));
   } else {
     paintBox(pixels, color, filled);
   }
@@ -320,29 +343,41 @@ void RasterSurface::arc(const WorldArc& arc, Rgb color) {
   painted(reach);
 }
 
-void RasterSurface::text(float x, float y, const std::string& text, Rgb color) {
-  lastLine_.reset();
+const RasterSurface::Lettering& RasterSurface::letteringOf(const std::string& text) {
+  constexpr std::size_t kMost = 8;
   QFont font;
   font.setPixelSize(static_cast<int>(std::lround(kTextHeight * density_)));
+  const auto isIt = [&](const Lettering& one) { return one.text == text && one.font == font; };
+  const auto known = std::find_if(letterings_.begin(), letterings_.end(), isIt);
+  if (known != letterings_.end()) return *known;
+  if (letterings_.size() == kMost) letterings_.erase(letterings_.begin());
   const QFontMetricsF metrics(font);
   const QString letters = QString::fromStdString(text);
+  QPainterPath outlines;
+  outlines.addText(QPointF(0, metrics.ascent()), font, letters);
+  letterings_.push_back(
+      {text, font, {metrics.horizontalAdvance(letters), metrics.height()}, outlines});
+  return letterings_.back();
+}
+
+void RasterSurface::text(float x, float y, const std::string& text, Rgb color) {
+  lastLine_.reset();
   const QPointF place = devicePoint(x, y);
   if (!hasPlace(place)) return;
   const QPointF corner = wholePixel(place);
-  const QRectF reach(corner, QSizeF(metrics.horizontalAdvance(letters), metrics.height()));
+  const Lettering& lettering = letteringOf(text);
+  const QRectF reach(corner, lettering.size);
   QPainter& brush = painter(ink(color), paintsSmoothly());
   if (!state().fontTransparent) brush.fillRect(reach, colorOf(state().backColor));
-  QPainterPath outlines;
-  outlines.addText(corner + QPointF(0, metrics.ascent()), font, letters);
-  brush.fillPath(outlines, ink(color));
+  brush.fillPath(lettering.outlines.translated(corner), ink(color));
   painted(reach);
 }
 
 // ---- Lines that hover
 
 bool RasterSurface::reserveHover(int /*width*/, int /*height*/) {
-  if (hovering_.size() != picture_.size()) {
-    hovering_ = QImage(picture_.size(), QImage::Format_RGB32);
+  if (hovering_.size() != pictureSize()) {
+    hovering_ = QImage(pictureSize(), QImage::Format_RGB32);
     hovering_.fill(0);
   }
   return !hovering_.isNull();
@@ -371,17 +406,17 @@ QRect RasterSurface::traceHovering(const std::vector<QLine>& lines, QRgb bits) {
   brush.setPen(QPen(QColor::fromRgb(bits), penWidth()));
   brush.drawLines(lines.data(), static_cast<int>(lines.size()));
   const int margin = static_cast<int>(penWidth()) + 1;
-  return reach.adjusted(-margin, -margin, margin, margin) & picture_.rect();
+  return reach.adjusted(-margin, -margin, margin, margin) & bounds();
 }
 
 void RasterSurface::hover(std::span<const WorldBox> lines, Rgb color) {
   const std::vector<QLine> visible = visibleLines(lines);
-  if (visible.empty() || !reserveHover(picture_.width(), picture_.height())) return;
+  if (visible.empty() || !reserveHover(bounds().width(), bounds().height())) return;
   stopPainting();
   lastLine_.reset();
   const QRect reach = traceHovering(visible, flippedBits(color));
   for (int y = reach.top(); y <= reach.bottom(); ++y) {
-    auto* const shown = reinterpret_cast<QRgb*>(picture_.scanLine(y));
+    auto* const shown = reinterpret_cast<QRgb*>(pixels().scanLine(y));
     auto* const flipped = reinterpret_cast<QRgb*>(hovering_.scanLine(y));
     for (int x = reach.left(); x <= reach.right(); ++x) shown[x] ^= flipped[x] & 0x00FFFFFF;
     std::fill(flipped + reach.left(), flipped + reach.right() + 1, 0U);

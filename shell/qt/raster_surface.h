@@ -4,8 +4,10 @@
 #pragma once
 
 #include <QColor>
+#include <QFont>
 #include <QImage>
 #include <QPainter>
+#include <QPainterPath>
 #include <QRect>
 #include <functional>
 #include <memory>
@@ -14,6 +16,7 @@
 #include <vector>
 
 #include "display/drawing_target.h"
+#include "shell/qt/smooth_line.h"
 
 namespace tess {
 
@@ -53,18 +56,23 @@ class RasterSurface : public DrawingSurface {
 
  private:
   QPainter& painter(const QColor& ink, bool smooth);
+  void visibleLine(const QLineF& pixels, Rgb color);
   void smoothLine(const QLineF& pixels, Rgb color);
   void sharpLine(QPoint from, QPoint to, Rgb color);
   void paintBox(const QRect& pixels, Rgb color, bool filled);
   bool isRepeated(const WorldBox& ends, Rgb color);
   void propertySet(const char* /*name*/, double /*value*/) override { lastLine_.reset(); }
-  void stopPainting() { painter_.reset(); }
+  void propertyChanged() override { measures_.reset(); }
+  void stopPainting();
   QImage emptyPicture(const QSize& size) const;
+  QSize pictureSize() const;
+  const QRect& bounds() const { return measures().bounds; }
+  QImage& pixels();
   void resizePicture();
   void painted(const QRectF& box);
   bool isInverting() const { return state().drawMode == PenMode::NotXor; }
-  bool paintsSmoothly() const { return !isInverting() && state().drawStyle == PenStyle::Solid; }
-  double penWidth() const;
+  bool paintsSmoothly() const { return measures().paintsSmoothly; }
+  double penWidth() const { return measures().penWidth; }
   QColor ink(Rgb color) const;
   QRgb flippedBits(Rgb color) const;
   std::vector<QLine> visibleLines(std::span<const WorldBox> lines) const;
@@ -72,7 +80,31 @@ class RasterSurface : public DrawingSurface {
   QPointF devicePoint(float x, float y) const;
   double deviceLength(float length) const;
   QPoint drawnIn(QPointF corner) const;
-  QRectF paintedBounds() const;
+  const QRectF& paintedBounds() const { return measures().paintedBounds; }
+
+  // What follows from the state and the size, and is asked for with every line.
+  struct Measures {
+    PixelScale scale;
+    double penWidth;       // in device pixels
+    QRect bounds;          // of the picture, in device pixels
+    QRectF paintedBounds;  // in device pixels, beyond which nothing is painted
+    bool paintsSmoothly;
+  };
+  Measures measured() const;
+  const Measures& measures() const {
+    if (!measures_) measures_ = measured();
+    return *measures_;
+  }
+
+  // Letters as outlines from their upper left corner on. To make them takes longer than to paint
+  // them, and a picture has few, the same every time.
+  struct Lettering {
+    std::string text;
+    QFont font;
+    QSizeF size;
+    QPainterPath outlines;
+  };
+  const Lettering& letteringOf(const std::string& text);
 
   // A copied line after which nothing was painted and no property set.
   struct LastLine {
@@ -86,11 +118,14 @@ class RasterSurface : public DrawingSurface {
   bool enabled_ = true;
   bool repaint_ = true;
   std::optional<LastLine> lastLine_;
+  mutable std::optional<Measures> measures_;
   bool begun_ = false;  // the first clearing: what was painted before, in no view, is not kept
-  QImage picture_;
-  QImage shown_;                       // while repainting is off
-  QImage spare_;                       // to be cleared for the next picture
-  QImage hovering_;                    // the bits that lines that hover flip; else all are 0
+  QImage picture_;      // null before anything is painted
+  QImage shown_;        // while repainting is off
+  QImage spare_;        // to be cleared for the next picture
+  QImage hovering_;     // the bits that lines that hover flip; else all are 0
+  std::vector<Lettering> letterings_;
+  SmoothLines smoothLines_{picture_};  // on their way into the picture
   std::unique_ptr<QPainter> painter_;  // kept open from one entity to the next
 };
 

@@ -5,13 +5,19 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdint>
+#include <utility>
 
 namespace tess {
 
+// The picture's pixels, turned over where a line is steep, so that it always runs along columns.
+struct SmoothLines::Pixels {
+  QRgb* first;
+  std::ptrdiff_t alongStep, acrossStep;
+  int columns, rows;
+};
+
 namespace {
 
-// Positions within the picture, in 65536ths of a pixel.
 using Fixed = std::int32_t;
 constexpr int kShift = 16;
 constexpr Fixed kOne = 1 << kShift;
@@ -22,62 +28,20 @@ Fixed fixed(double value) {
   return static_cast<Fixed>(value * kOne);
 }
 
+int wholeBelow(double value) {
+  const int whole = static_cast<int>(value);
+  return value < whole ? whole - 1 : whole;
+}
+
+// The three channels of a pixel, each with room for its product with a share.
+inline std::uint64_t spread(QRgb pixel) {
+  return (pixel & 0x00FF00FF) | static_cast<std::uint64_t>(pixel & 0x0000FF00) << 24;
+}
+
 // The share of the ink in 256ths; at 256 nothing is left of the pixel.
-inline QRgb blended(QRgb under, QRgb ink, std::uint32_t share) {
-  constexpr QRgb kRedBlue = 0x00FF00FF;
-  constexpr QRgb kGreen = 0x0000FF00;
-  const std::uint32_t rest = 256 - share;
-  const QRgb redBlue = ((under & kRedBlue) * rest + (ink & kRedBlue) * share) >> 8;
-  const QRgb green = ((under & kGreen) * rest + (ink & kGreen) * share) >> 8;
-  return 0xFF000000 | (redBlue & kRedBlue) | (green & kGreen);
-}
-
-// The picture's pixels, turned over where a line is steep, so that it always runs along columns.
-struct Pixels {
-  QRgb* first;
-  std::ptrdiff_t alongStep, acrossStep;  // from a pixel to its neighbour
-  int columns, rows;
-};
-
-Pixels pixelsOf(QImage& picture, bool steep) {
-  auto* first = reinterpret_cast<QRgb*>(picture.bits());
-  const std::ptrdiff_t line = picture.bytesPerLine() / static_cast<std::ptrdiff_t>(sizeof(QRgb));
-  if (steep) return {first, line, 1, picture.height(), picture.width()};
-  return {first, 1, line, picture.width(), picture.height()};
-}
-
-// A column's stretch, from `low` on, of a line that fills the part `share` (in 256ths) of the
-// column's width.
-struct Stretch {
-  Fixed low, length;
-  std::uint32_t share;
-};
-
-inline void blendPart(QRgb& pixel, QRgb ink, Fixed part, std::uint32_t share) {
-  pixel = blended(pixel, ink, (static_cast<std::uint32_t>(part) >> kToShare) * share >> 8);
-}
-
-Fixed firstPart(const Stretch& stretch) {
-  return kOne - (stretch.low & (kOne - 1));
-}
-
-// For a stretch of one to two pixels that lies in the picture with the three that it may touch.
-inline void blendInner(const Pixels& pixels, QRgb* column, const Stretch& stretch, QRgb ink) {
-  QRgb* pixel = column + (stretch.low >> kShift) * pixels.acrossStep;
-  const Fixed first = firstPart(stretch);
-  const Fixed second = std::min(kOne, stretch.length - first);
-  blendPart(pixel[0], ink, first, stretch.share);
-  blendPart(pixel[pixels.acrossStep], ink, second, stretch.share);
-  blendPart(pixel[2 * pixels.acrossStep], ink, stretch.length - first - second, stretch.share);
-}
-
-void blendAny(const Pixels& pixels, QRgb* column, const Stretch& stretch, QRgb ink) {
-  int row = stretch.low >> kShift;
-  Fixed part = firstPart(stretch);
-  for (Fixed left = stretch.length; left > 0; left -= part, part = kOne, ++row) {
-    if (row < 0 || row >= pixels.rows) continue;
-    blendPart(column[row * pixels.acrossStep], ink, std::min(part, left), stretch.share);
-  }
+inline QRgb blended(QRgb under, std::uint64_t ink, std::uint32_t share) {
+  const std::uint64_t sums = (spread(under) * (kWhole - share) + ink * share) >> 8;
+  return 0xFF000000 | (sums & 0x00FF00FF) | (sums >> 24 & 0x0000FF00);
 }
 
 // A line from left to right that rises or falls by `slope` in each column.
@@ -88,72 +52,149 @@ struct Run {
   double half;  // of the stretch in a column
 };
 
-bool liesInside(const Pixels& pixels, const Run& run) {
+bool liesInside(const Run& run, int rows) {
   const double first = run.start + run.slope * run.from;
   const double last = run.start + run.slope * run.to;
   constexpr double kTouched = 3;  // pixels of one column
-  return std::min(first, last) - kTouched > 0 && std::max(first, last) + kTouched < pixels.rows;
+  return std::min(first, last) - kTouched > 0 && std::max(first, last) + kTouched < rows;
 }
 
-// The pixels of a steep line lie far apart in memory. Asked for beforehand they come at once
-// instead of one after the other.
-void fetchRun(const Pixels& pixels, const QRgb* pixel, int columns, Fixed low, Fixed slope) {
-  for (; columns > 0; --columns, low += slope, pixel += pixels.alongStep) {
-    __builtin_prefetch(pixel + (low >> kShift) * pixels.acrossStep, /*forWriting=*/1);
+Fixed firstPart(Fixed low) {
+  return kOne - (low & (kOne - 1));
+}
+
+// A column's stretch of ink, from `low` on, as it falls on the pixels.
+struct Stretch {
+  std::ptrdiff_t acrossStep;
+  int rows;
+  Fixed low, length;
+  std::uint64_t ink;
+
+  std::uint32_t shareOf(Fixed part, std::uint32_t ofWidth) const {
+    return (static_cast<std::uint32_t>(part) >> kToShare) * ofWidth >> 8;
   }
+};
+
+// For a stretch of one to two pixels that lies in the picture with the three that it may touch.
+inline void blendInner(QRgb* column, const Stretch& stretch, std::uint32_t ofWidth) {
+  QRgb* pixel = column + (stretch.low >> kShift) * stretch.acrossStep;
+  const Fixed first = firstPart(stretch.low);
+  const Fixed second = std::min(kOne, stretch.length - first);
+  const Fixed third = stretch.length - first - second;
+  pixel[0] = blended(pixel[0], stretch.ink, stretch.shareOf(first, ofWidth));
+  pixel += stretch.acrossStep;
+  pixel[0] = blended(pixel[0], stretch.ink, stretch.shareOf(second, ofWidth));
+  pixel += stretch.acrossStep;
+  if (third > 0) pixel[0] = blended(pixel[0], stretch.ink, stretch.shareOf(third, ofWidth));
 }
 
-// Only the first and the last column may be covered in part of their width.
-template <typename BlendColumn>
-void blendRun(const Pixels& pixels, const Run& run, BlendColumn blendColumn) {
-  const int first = std::max(0, static_cast<int>(std::floor(run.from)));
-  const int last = std::min(pixels.columns - 1, static_cast<int>(std::ceil(run.to)) - 1);
-  const Fixed slope = fixed(run.slope);
-  Stretch stretch{fixed(run.start + run.slope * (first + 0.5) - run.half), fixed(2 * run.half), 0};
-  QRgb* pixel = pixels.first + first * pixels.alongStep;
-  const auto blendNext = [&](std::uint32_t share) {
-    stretch.share = share;
-    blendColumn(pixel, stretch);
-    stretch.low += slope;
-    pixel += pixels.alongStep;
-  };
-  const auto shareOf = [&](int column) {
-    const double width = std::min(run.to, column + 1.0) - std::max(run.from, 1.0 * column);
-    return static_cast<std::uint32_t>(width * kWhole);
-  };
-  if (first > last) return;
-  fetchRun(pixels, pixel, last - first + 1, stretch.low, slope);
-  blendNext(shareOf(first));
-  for (int column = first + 1; column < last; ++column) blendNext(kWhole);
-  if (first < last) blendNext(shareOf(last));
+inline void blendAny(QRgb* column, const Stretch& stretch, std::uint32_t ofWidth) {
+  int row = stretch.low >> kShift;
+  Fixed part = firstPart(stretch.low);
+  for (Fixed left = stretch.length; left > 0; left -= part, part = kOne, ++row) {
+    if (row < 0 || row >= stretch.rows) continue;
+    QRgb& pixel = column[row * stretch.acrossStep];
+    pixel = blended(pixel, stretch.ink, stretch.shareOf(std::min(part, left), ofWidth));
+  }
 }
 
 }  // namespace
 
-void blendLine(QImage& picture, const QLineF& line, double width, QRgb ink) {
-  const bool steep = std::abs(line.dy()) > std::abs(line.dx());
-  QPointF from = steep ? line.p1().transposed() : line.p1();
-  QPointF to = steep ? line.p2().transposed() : line.p2();
-  if (to.x() < from.x()) std::swap(from, to);
+SmoothLines::Ways SmoothLines::waysOf() const {
+  auto* first = reinterpret_cast<QRgb*>(picture_.bits());
+  const std::ptrdiff_t line = picture_.bytesPerLine() / static_cast<std::ptrdiff_t>(sizeof(QRgb));
+  const int width = picture_.width();
+  const int height = picture_.height();
+  return {Pixels{first, 1, line, width, height}, Pixels{first, line, 1, height, width}};
+}
+
+// Which way a line runs is as good as chance, so that is looked up: the processor cannot foresee a
+// branch on it.
+SmoothLines::Columns SmoothLines::columnsOf(const Ways& ways, const Line& line) {
+  const std::array ends{line.ends.x1(), line.ends.y1(), line.ends.x2(), line.ends.y2()};
+  const unsigned steep = std::abs(line.ends.dy()) > std::abs(line.ends.dx()) ? 1 : 0;
+  const unsigned left = ends[2 + steep] < ends[steep] ? 2 : 0;
+  const QPointF from(ends[left + steep], ends[left + 1 - steep]);
+  const QPointF to(ends[2 - left + steep], ends[3 - left - steep]);
   const QPointF delta = to - from;
   const double slope = delta.x() > 0 ? delta.y() / delta.x() : 0;  // a point lies level
   const double stretch = std::sqrt(1 + slope * slope);  // of the length, and of the width
-  const double reach = width / 2 / stretch;
-  const Pixels pixels = pixelsOf(picture, steep);
+  const double reach = line.width / 2 / stretch;
+  const Pixels& pixels = ways[steep];
   const Run run{.from = from.x() - reach,
                 .to = to.x() + reach,
                 .start = from.y() - slope * from.x(),
                 .slope = slope,
-                .half = width / 2 * stretch};
+                .half = line.width / 2 * stretch};
+  const int first = std::max(0, wholeBelow(run.from));
+  const int last = std::min(pixels.columns - 1, -wholeBelow(-run.to) - 1);
+  const auto shareOf = [&](int column) {
+    const double covered = std::min(run.to, column + 1.0) - std::max(run.from, 1.0 * column);
+    return static_cast<std::uint32_t>(static_cast<int>(covered * kWhole));
+  };
   const bool narrow = 2 * run.half <= 2;
-  if (narrow && liesInside(pixels, run)) {
-    blendRun(pixels, run, [&](QRgb* column, const Stretch& covered) {
-      blendInner(pixels, column, covered, ink);
+  return {.first = pixels.first + first * pixels.alongStep,
+          .alongStep = pixels.alongStep,
+          .acrossStep = pixels.acrossStep,
+          .count = std::max(0, last - first + 1),
+          .rows = pixels.rows,
+          .low = fixed(run.start + run.slope * (first + 0.5) - run.half),
+          .slope = fixed(run.slope),
+          .length = fixed(2 * run.half),
+          .firstShare = shareOf(first),
+          .lastShare = shareOf(last),
+          .ink = line.ink,
+          .isInner = narrow && liesInside(run, pixels.rows)};
+}
+
+void SmoothLines::fetch(const Columns& line) {
+  const QRgb* column = line.first;
+  Fixed low = line.low;
+  for (int left = line.count; left > 0; --left, low += line.slope, column += line.alongStep) {
+    __builtin_prefetch(column + (low >> kShift) * line.acrossStep, /*forWriting=*/1);
+  }
+}
+
+// Only the first and the last column may be covered in part of their width.
+void SmoothLines::blend(const Columns& line) {
+  if (line.count == 0) return;
+  const auto blendBy = [&line](auto blendColumn) {
+    Stretch stretch{line.acrossStep, line.rows, line.low, line.length, spread(line.ink)};
+    QRgb* column = line.first;
+    const auto goOn = [&] {
+      stretch.low += line.slope;
+      column += line.alongStep;
+    };
+    blendColumn(column, stretch, line.firstShare);
+    if (line.count == 1) return;
+    goOn();
+    for (int left = line.count - 2; left > 0; --left, goOn()) blendColumn(column, stretch, kWhole);
+    blendColumn(column, stretch, line.lastShare);
+  };
+  if (line.isInner) {
+    blendBy([](QRgb* column, const Stretch& stretch, std::uint32_t ofWidth) {
+      blendInner(column, stretch, ofWidth);
     });
   } else {
-    blendRun(pixels, run,
-             [&](QRgb* column, const Stretch& covered) { blendAny(pixels, column, covered, ink); });
+    blendBy([](QRgb* column, const Stretch& stretch, std::uint32_t ofWidth) {
+      blendAny(column, stretch, ofWidth);
+    });
   }
+}
+
+// All that was added is fetched, and what had been fetched before is blended.
+void SmoothLines::step() {
+  const Ways ways = waysOf();
+  std::array<Columns, kMost> next;
+  for (std::size_t at = 0; at < count_; ++at) next[at] = columnsOf(ways, added_[at]);
+  for (std::size_t at = 0; at < count_; ++at) fetch(next[at]);
+  for (std::size_t at = 0; at < fetchedCount_; ++at) blend(fetched_[at]);
+  fetched_ = next;
+  fetchedCount_ = std::exchange(count_, 0);
+}
+
+void SmoothLines::finish() {
+  while (count_ + fetchedCount_ > 0) step();
 }
 
 }  // namespace tess

@@ -56,11 +56,7 @@ class Look {
 
 // By parameter along the segment.
 std::optional<QLineF> clipped(const QLineF& segment, const QRectF& bounds) {
-  const auto holds = [&](QPointF end) {
-    return end.x() >= bounds.left() && end.x() <= bounds.right() && end.y() >= bounds.top() &&
-           end.y() <= bounds.bottom();
-  };
-  if (holds(segment.p1()) && holds(segment.p2())) return segment;
+  if (holdsLine(bounds, segment)) return segment;
   double from = 0;
   double to = 1;
   const auto cut = [&](double rate, double room) {

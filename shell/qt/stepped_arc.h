@@ -1,5 +1,5 @@
 // Arcs of a picture as straight steps, and lines as far as they can be seen.
-// Owns: clipped, SteppedArc, allPoints, visibleRuns.
+// Owns: holdsLine, clipped, SteppedArc, allPoints, visibleRuns.
 #pragma once
 
 #include <QLineF>
@@ -10,6 +10,15 @@
 #include <vector>
 
 namespace tess {
+
+// Whether no part of a segment lies outside a rectangle.
+inline bool holdsLine(const QRectF& bounds, const QLineF& segment) {
+  const auto holds = [&bounds](QPointF end) {
+    return end.x() >= bounds.left() && end.x() <= bounds.right() && end.y() >= bounds.top() &&
+           end.y() <= bounds.bottom();
+  };
+  return holds(segment.p1()) && holds(segment.p2());
+}
 
 // The part of a segment inside a rectangle; an end that needs no cutting stays exactly as it is.
 std::optional<QLineF> clipped(const QLineF& segment, const QRectF& bounds);

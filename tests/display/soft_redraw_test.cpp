@@ -67,6 +67,31 @@ TEST_F(SoftRedraw, ARedrawInTheMeantimeIsEnough) {
   EXPECT_EQ(log.count("Cls"), 0);
 }
 
+TEST_F(SoftRedraw, WhatIsSoiledTakesTheNextFrameWhereThereAreAny) {
+  surface.hasFrames = true;
+  log.take();
+  redraw.soil();
+  redraw.redrawSoon();
+  redraw.soil();
+  EXPECT_EQ(log.take(), "frame requested\n");
+  timers.advance(1000);
+  EXPECT_EQ(log.count("Cls"), 0);
+  redraw.paintFrame();
+  EXPECT_EQ(log.count("Cls"), 1);
+  timers.advance(1000);
+  redraw.paintFrame();
+  EXPECT_EQ(log.count("Cls"), 1);
+}
+
+TEST_F(SoftRedraw, PaperTakesWhatIsSoiledAsItWillBe) {
+  redraw.soil();
+  log.take();
+  redraw.redrawscreen(&paper, true, true, true);
+  EXPECT_EQ(log.count("Cls"), 1);
+  timers.advance(1000);
+  EXPECT_EQ(log.count("Cls"), 1);
+}
+
 class SoftPicture : public SoftRedraw, public ::testing::WithParamInterface<LookChoice> {};
 
 // One of each: rows by state, marks of lines and arcs, a path of two groups with its rapids.

@@ -12,6 +12,12 @@ namespace {
 
 constexpr QRgb kInk = 0xFF000000;
 
+void blendLine(QImage& picture, const QLineF& line, double width, QRgb ink) {
+  SmoothLines lines(picture);
+  lines.add(line, width, ink);
+  lines.finish();
+}
+
 QImage whitePicture() {
   QImage picture(100, 80, QImage::Format_RGB32);
   picture.fill(Qt::white);
