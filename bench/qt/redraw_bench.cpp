@@ -1,7 +1,7 @@
 // A full redraw of a large drawing against a bare loop: one drawLine for each row, into an image of
 // the same size and with the same pen. The redraw does all that it does for an operator: it
 // clears, looks up colours, draws each line twice, serves events after each row, draws the marks
-// and refreshes the status bar and the window. Goal: one and a half times.
+// and refreshes the status bar and the window. Goal: no longer than the bare loop.
 #include <QPainter>
 #include <vector>
 
