@@ -152,6 +152,7 @@ struct Piece {
   std::vector<Curve> ramp{};  // what a ramp goes to and fro along
   bool rampIsAside = false;   // that is none of the piece's rows
   std::optional<PlanePoint> helix{};  // its centre
+  bool isLoop = false;                // the helix lies where the path begins with a loop
 };
 
 struct EntryRules {
@@ -240,8 +241,10 @@ class PieceFinder {
   void findWay(Piece& piece, const LevelRows& rows, const LevelGround& ground) {
     piece.ground = ground.depthBelow(piece.start, rules_.radius, piece.first);
     if (piece.ground <= floor_ + kSameDepth) return;
-    if (leadFromCleared(piece, ground)) return;
+    const bool beginsWithLoop = field_.isLimited && isLoop(piece, rows);
+    if (!beginsWithLoop && leadFromCleared(piece, ground)) return;
     if (holes_ && leadFromHole(piece)) return;
+    if (beginsWithLoop) return goRoundLoop(piece, rows);
     if (rules_.kind == EntryKind::Helix && goRound(piece, rows)) return;
     goToAndFro(piece, rows);
   }
@@ -282,18 +285,51 @@ class PieceFinder {
       const double angle = std::numbers::pi / 2 + 2 * std::numbers::pi * step / kSides;
       const PlanePoint toward{along.x * std::cos(angle) - along.y * std::sin(angle),
                               along.x * std::sin(angle) + along.y * std::cos(angle)};
-      const PlanePoint center = piece.start + rules_.helix * toward;
-      const std::vector<Curve> circle = helixCircle(piece.start, center, rules_.turn);
-      if (!std::all_of(circle.begin(), circle.end(),
-                       [this](const Curve& half) { return isClear(half); })) {
-        continue;
-      }
-      piece.helix = center;
-      return true;
+      if (goRoundAt(piece, toward)) return true;
     }
+    noteHelix(piece);
+    return false;
+  }
+
+  bool goRoundAt(Piece& piece, PlanePoint toward) const {
+    const PlanePoint center = piece.start + rules_.helix * toward;
+    const std::vector<Curve> circle = helixCircle(piece.start, center, rules_.turn);
+    if (!std::all_of(circle.begin(), circle.end(),
+                     [this](const Curve& half) { return isClear(half); })) {
+      return false;
+    }
+    piece.helix = center;
+    return true;
+  }
+
+  void noteHelix(const Piece& piece) {
     note("A helix of radius " + plainText(roundTo(narrow(rules_.helix), kDecimals)) +
          " does not fit at " + placeText(piece.start) + ".  The tool goes down by a ramp.");
-    return false;
+  }
+
+  // A path with an engagement limit begins with a loop of its own: the tool goes down round that,
+  // or round a helix which lies where the loop does. A ramp to and fro would leave a floor that
+  // takes the whole width.
+  void goRoundLoop(Piece& piece, const LevelRows& rows) {
+    const PlanePoint center = centerOf(rows[static_cast<std::size_t>(piece.first)]);
+    piece.isLoop = true;
+    if (rules_.kind == EntryKind::Helix) {
+      const PlanePoint toCenter = center - piece.start;
+      if (goRoundAt(piece, (1 / normOf(toCenter)) * toCenter)) return;
+      noteHelix(piece);
+    }
+    piece.helix = center;
+  }
+
+  static PlanePoint centerOf(const PathRow& row) { return {row.xc, row.yc}; }
+
+  // Two arcs that come back.
+  bool isLoop(const Piece& piece, const LevelRows& rows) const {
+    if (piece.end - piece.first < 2) return false;
+    const PathRow& there = rows[static_cast<std::size_t>(piece.first)];
+    const PathRow& back = rows[static_cast<std::size_t>(piece.first) + 1];
+    return there.type >= kClockwiseArc && back.type == there.type && back.xc == there.xc &&
+           back.yc == there.yc && back.x1 == there.x0 && back.y1 == there.y0;
   }
 
   // Along the first row, and as many of the next as make up the width of the tool.
@@ -372,7 +408,9 @@ class LevelWriter {
       append(piece.lead, first.z, first.feed, level);
     }
     if (drop.depth() <= drop.step + kSameDepth) return;
-    if (piece.helix) {
+    if (piece.isLoop) {
+      appendLoopEntry(piece, drop, first, level);
+    } else if (piece.helix) {
       const double radius = normOf(*piece.helix - piece.start);
       appendStairs(helixRows(radius, drop), level, first,
                    [&] { return helixStairs(piece.start, *piece.helix, rules_.turn, drop); });
@@ -384,6 +422,18 @@ class LevelWriter {
         append(turnedRound(piece.ramp), first.z, first.feed, level);
       }
     }
+  }
+
+  // Down round the loop, flat a step above its bottom, and flat there: no thick floor is left.
+  void appendLoopEntry(const Piece& piece, const EntryDrop& drop, const PathRow& first,
+                       LevelRows& level) const {
+    EntryDrop above = drop;
+    above.bottom += drop.step;
+    const double radius = normOf(*piece.helix - piece.start);
+    appendStairs(helixRows(radius, above), level, first,
+                 [&] { return helixStairs(piece.start, *piece.helix, rules_.turn, above); });
+    if (isTooLong(level.size())) return;
+    append(helixCircle(piece.start, *piece.helix, rules_.turn), first.z, first.feed, level);
   }
 
   // More rows than a table holds are not made: what is there is too long then in any case.

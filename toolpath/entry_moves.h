@@ -33,6 +33,9 @@ struct EntryField {
   std::function<bool(const Curve&, double distance)> isClear;
   double distance = 0;                   // that ways off the path keep
   const PocketRegion* tracks = nullptr;  // of a pocket: loops along which a way may lead
+  // The path was made for an engagement limit: it has its own ways from cleared ground, and begins
+  // with a loop that a helix goes down round.
+  bool isLimited = false;
 };
 
 // False, after a message titled `command`, when the setup's numbers make no entry.
