@@ -114,7 +114,7 @@ void frmHoldingTabs::spread() {
             .spacing = bySpacing ? std::max<double>(valueOf(txtTabSpacing), 0) : 0,
             .width = std::max<double>(valueOf(txtTabWidth), 0),
             .height = std::max<double>(valueOf(txtTabHeight), 0)};
-  plan_.emplace(passes_, rules_.width);
+  plan_ = std::make_unique<TabPlan>(passes_, rules_.width);
   if (rules_.width > 0) plan_->place(plan_->wanted(rules_));
   grabbed_ = -1;
   show();

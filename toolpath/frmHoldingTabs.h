@@ -3,7 +3,7 @@
 // Owns: frmHoldingTabs.
 #pragma once
 
-#include <optional>
+#include <memory>
 #include <vector>
 
 #include "core/form.h"
@@ -50,7 +50,7 @@ class frmHoldingTabs : public Form {
   std::vector<TabPass> passes_;
   float floor_;
   TabRules rules_;
-  std::optional<TabPlan> plan_;  // once the fields are filled
+  std::unique_ptr<TabPlan> plan_;  // once the fields are filled
   int grabbed_ = -1;
 };
 

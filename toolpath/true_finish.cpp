@@ -91,6 +91,7 @@ std::vector<int> outlineOf(const DrawingStore& store, int sg) {
   const OutlineRegion outlines = regionOf(segmentEntities(store, rows), store.cfg_tolerance);
   for (const RegionLoop& loop : outlines.region.loops()) {
     std::vector<int> found;
+    found.reserve(loop.sources.size());
     for (const int source : loop.sources) found.push_back(rows[static_cast<std::size_t>(source)]);
     if (std::find(found.begin(), found.end(), sg) == found.end()) continue;
     found.erase(std::unique(found.begin(), found.end()), found.end());
@@ -713,6 +714,22 @@ std::optional<std::vector<PassTabs>> chooseTabs(CamContext& cam, const FinishPla
   return chosen;
 }
 
+// Where the setup asks for them. False when there is to be no path.
+bool addTabs(CamContext& cam, float floor, FinishPlan& plan) {
+  const bool hasTabs =
+      cam.store.cfg_holding_tabs && plan.field->runsRoundPart() && plan.passes.back().path.isWhole;
+  if (!hasTabs) return true;
+  // Of what is no whole path it is not known that tabs hold.
+  if (plan.failed) {
+    tellWhatFailed(cam, kCommand, true);
+    return false;
+  }
+  auto chosen = chooseTabs(cam, plan, floor);
+  if (!chosen) return false;
+  for (std::size_t k = 0; k < chosen->size(); ++k) plan.passes[k].tabs = std::move((*chosen)[k]);
+  return true;
+}
+
 // The rows of a pass whose curves have been tested, raised by these ranges of the way round.
 LevelRows raisedRows(const PassPath& path, const PathLevel& level,
                      std::span<const RaisedRange> raised) {
@@ -825,13 +842,7 @@ void placeTrueFinish(CamContext& cam, const TrueFinishRequest& request) {
     planned = planPasses(cam, request.passes, levels, breathing, *plan);
   });
   if (!done || !planned) return;
-  if (store.cfg_holding_tabs && plan->field->runsRoundPart() && plan->passes.back().path.isWhole) {
-    // Of what is no whole path it is not known that tabs hold.
-    if (plan->failed) return tellWhatFailed(cam, kCommand, true);
-    auto chosen = chooseTabs(cam, *plan, levels.back().z);
-    if (!chosen) return;
-    for (std::size_t k = 0; k < chosen->size(); ++k) plan->passes[k].tabs = std::move((*chosen)[k]);
-  }
+  if (!addTabs(cam, levels.back().z, *plan)) return;
   bool entered = false;
   const bool complete = unlessCancelled(cam, kStage, [&](const Breathing& breathing) {
     entered = enterPasses(cam, levels, breathing, *plan);

@@ -17,7 +17,6 @@ namespace tess {
 namespace {
 
 using namespace tess::testing;
-using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::Not;
