@@ -7,6 +7,8 @@
 #include <limits>
 #include <numbers>
 #include <optional>
+#include <span>
+#include <utility>
 
 #include "core/drawing_store.h"
 #include "core/number_text.h"
@@ -85,10 +87,10 @@ std::vector<DrilledHole> holesOf(const DrawingStore& store, int rows) {
   return holes;
 }
 
-// The rows of one level: what they take as they are cut one after the other.
+// The first rows of one level: what they take as they are cut one after the other.
 class LevelGround {
  public:
-  LevelGround(std::vector<GroundCut> before, const LevelRows& rows, double radius)
+  LevelGround(std::vector<GroundCut> before, std::span<const PathRow> rows, double radius)
       : before_(static_cast<int>(before.size())), ground_(joined(std::move(before), rows, radius)) {
     std::vector<Curve> curves;
     for (std::size_t row = 0; row < rows.size(); ++row) {
@@ -98,8 +100,8 @@ class LevelGround {
     ways_ = CurveIndex(std::move(curves));
   }
 
-  // How deep it is below a tool at a place when `row` comes, from 0; all the way down where the
-  // rows of the level have been.
+  // How deep it is below a tool at a place when `row` comes, from 0, which may be the one behind
+  // them; all the way down where the rows of the level have been.
   double depthBelow(PlanePoint at, double radius, int row) const {
     int effort = 0;
     return ground_.depthBelow(at, radius, before_ + row + 1, effort);
@@ -123,8 +125,9 @@ class LevelGround {
   }
 
  private:
-  static std::vector<GroundCut> joined(std::vector<GroundCut> cuts, const LevelRows& rows,
+  static std::vector<GroundCut> joined(std::vector<GroundCut> cuts, std::span<const PathRow> rows,
                                        double radius) {
+    cuts.reserve(cuts.size() + rows.size());
     for (const PathRow& row : rows) {
       cuts.push_back(cutOf(row, radius));
       cuts.back().z = kAllTheWayDown;
@@ -199,10 +202,7 @@ class PieceFinder {
   PieceFinder(const PieceFinder&) = delete;
   PieceFinder& operator=(const PieceFinder&) = delete;
 
-  double toolRadius() const { return rules_.radius; }
-
   std::vector<Piece> piecesOf(const LevelRows& rows, const Breathing& breathing) {
-    const LevelGround ground(before_, rows, rules_.radius);
     std::vector<Piece> pieces;
     for (int row = 0; row < static_cast<int>(rows.size()); ++row) {
       const bool goesOn =
@@ -210,6 +210,10 @@ class PieceFinder {
       if (!goesOn) pieces.push_back({row, row, placeOf(startOf(rows, row))});
       pieces.back().end = row + 1;
     }
+    if (pieces.empty()) return pieces;
+    // What comes behind the start of the last piece no piece finds cleared.
+    const auto cutBefore = static_cast<std::size_t>(pieces.back().first);
+    const LevelGround ground(before_, std::span(rows).first(cutBefore), rules_.radius);
     for (Piece& piece : pieces) {
       breathe(breathing);
       findWay(piece, rows, ground);
@@ -527,14 +531,15 @@ EntryPlanner::EntryPlanner(CamContext& cam, std::string command, EntryField fiel
 std::optional<std::vector<LevelRows>> EntryPlanner::entered(std::vector<LevelRows> levels) {
   if (!wantsEntries(cam_.store)) return levels;
   std::vector<GroundCut> before = tableCuts(cam_.store, index_ - 1);
-  before.insert(before.end(), planned_.begin(), planned_.end());
+  const double radius = cam_.store.toolradius[cam_.store.selectedtool];
+  before.reserve(before.size() + planned_.size());
+  for (const PathRow& row : planned_) before.push_back(cutOf(row, radius));
   PieceFinder finder(cam_.store, field_, std::move(before), {index_, floorOf(levels)});
   std::vector<LevelRows> path = enteredLevels(finder, rulesOf(cam_.store), levels, breathing_);
   for (const LevelRows& level : path) {
-    rows_ += level.size();
-    for (const PathRow& row : level) planned_.push_back(cutOf(row, finder.toolRadius()));
+    planned_.insert(planned_.end(), level.begin(), level.end());
   }
-  if (rows_ + cam_.store.NumPathSegments > kMostRows) {
+  if (planned_.size() + cam_.store.NumPathSegments > kMostRows) {
     refused(cam_, command_,
             "The path has too many rows with its ways into the material.\n\nNothing was placed.  "
             "A steeper Ramp Angle needs fewer.");

@@ -61,8 +61,7 @@ class EntryPlanner {
   EntryField field_;
   int index_;
   const Breathing& breathing_;
-  std::vector<GroundCut> planned_;
-  std::size_t rows_ = 0;
+  std::vector<PathRow> planned_;
   std::vector<std::string> notes_;
 };
 
