@@ -1,6 +1,7 @@
 // Roughing of a wavy star pocket with four islands by true paths, with each way into the material:
 // what an entry adds to the command. The goal is a tenth of the command without it. Lines that are
-// not connected are the hardest, since every line is a piece of its own.
+// not connected are the hardest, since every line is a piece of its own. And by rings that are kept
+// below a share of the cutter's width.
 #include "benchmark/benchmark.h"
 
 #include "core/drawing_store.h"
@@ -48,6 +49,21 @@ void EnteredRings(benchmark::State& state) {
   report(state, pocket);
 }
 BENCHMARK(EnteredRings)->ArgsProduct({{100, 1000}, {0, 1, 2}})->Unit(benchmark::kMillisecond);
+
+// The second argument is the engagement limit in percent; 0 for plain rings.
+void LimitedRings(benchmark::State& state) {
+  StarPocket pocket(state);
+  pocket.store.cfg_entry_kind = choiceNumber(EntryKind::Helix);
+  pocket.store.cfg_connect_pocketing_paths = true;
+  pocket.store.cfg_pocketing_style = choiceNumber(PocketingStyle::ParallelSpiral);
+  pocket.store.cfg_engagement_limit = static_cast<float>(state.range(1));
+  for (auto _ : state) {
+    pocket.store.NumPathSegments = 0;
+    ringTruePocket(pocket.cam, {0, 0});
+  }
+  report(state, pocket);
+}
+BENCHMARK(LimitedRings)->ArgsProduct({{100}, {0, 60, 40, 25}})->Unit(benchmark::kMillisecond);
 
 void EnteredLines(benchmark::State& state) {
   StarPocket pocket(state);
