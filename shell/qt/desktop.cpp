@@ -104,9 +104,11 @@ class Toolkit {
   QApplication application_;
 };
 
-// In the folder of this user's running programs, which nobody else can enter.
+// In the folder of this user's running programs, which nobody else can enter; "" where there is no
+// such folder, since the one where the program was started is not ours to fill.
 QString runtimeFile(const char* name) {
-  return QDir(QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation)).filePath(name);
+  const QString folder = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
+  return folder.isEmpty() ? QString() : QDir(folder).filePath(name);
 }
 
 std::string doorPath() {

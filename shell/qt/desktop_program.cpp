@@ -45,6 +45,10 @@ std::string describeSystem() {
   return text.toStdString();
 }
 
+std::string neitherKind(const std::string& file) {
+  return file + " is neither a drawing nor a DXF file.";
+}
+
 PointerEvent pointerEvent(int button, int shift, float x, float y) {
   return {.Button = button, .Shift = shift, .X = x, .Y = y};
 }
@@ -110,7 +114,9 @@ bool DesktopProgram::takeFile(const std::string& file) {
     // A bare name may mean one of the drawings.
     const std::string drawings = application_.store.drawingpath;
     gateway_.enter("frmMain.takeFile(file)", [&] {
-      drop({file, drawings + std::string(fileNameOf(file))});
+      const std::vector<std::string> meant{file, drawings + std::string(fileNameOf(file))};
+      if (droppedFile(meant)) return dropFiles(application_.session, meant);
+      tell(fileExists(file) ? neitherKind(file) : "There is no file " + file + ".");
     });
   });
   return true;
@@ -121,9 +127,12 @@ void DesktopProgram::drop(const std::vector<std::string>& names) {
   const bool any = droppedFile(names).has_value();
   dropFiles(application_.session, names);
   if (any || names.empty()) return;
-  prompts_.showMessage({.text = names.size() == 1
-                                    ? names.front() + " is neither a drawing nor a DXF file."
-                                    : "None of these files is a drawing or a DXF file.",
+  tell(names.size() == 1 ? neitherKind(names.front())
+                         : "None of these files is a drawing or a DXF file.");
+}
+
+void DesktopProgram::tell(const std::string& text) {
+  prompts_.showMessage({.text = text,
                         .title = application_.session.productname,
                         .icon = MessageIcon::Information,
                         .buttons = MessageButtons::Ok});

@@ -51,6 +51,7 @@ class DesktopProgram {
   void followTheme();
   void wireWindow();
   void drop(const std::vector<std::string>& names);
+  void tell(const std::string& text);
   void wireGuide();
   void end(const std::string& line);
 

@@ -69,6 +69,12 @@ bool send(const Descriptor& peer, std::string_view text) {
          static_cast<ssize_t>(text.size());
 }
 
+// Who has waited in vain has told its operator so, and ended.
+bool hasGone(const Descriptor& peer) {
+  pollfd waiting{.fd = peer.number(), .events = POLLHUP, .revents = 0};
+  return ::poll(&waiting, 1, 0) > 0;
+}
+
 }  // namespace
 
 InstanceDoor::InstanceDoor(std::string path)
@@ -91,7 +97,7 @@ InstanceDoor::~InstanceDoor() {
 // The other side has written before it waits, so that nobody holds the window up for long.
 void InstanceDoor::admit() {
   const Descriptor peer(::accept4(listening_.number(), nullptr, nullptr, SOCK_CLOEXEC));
-  if (!peer.isOpen() || !isOwn(peer)) return;
+  if (!peer.isOpen() || !isOwn(peer) || hasGone(peer)) return;
   const std::string file = lineFrom(peer);
   if (file.empty() || file.find('\0') != std::string::npos) return;
   if (onFile && onFile(file)) send(peer, std::string_view(&kTaken, 1));

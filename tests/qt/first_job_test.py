@@ -5,41 +5,22 @@ the first start to the program of a pocket.
 Usage: first_job_test.py PROGRAM [FOLDER FOR SCREENSHOTS]
 """
 
-import subprocess
 import sys
-import unittest
-from collections.abc import Callable
 from pathlib import Path
 
 sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "support"))
 
-from virtual_display import VirtualDisplay, wait_until  # noqa: E402
+from outside_test import TITLE, OutsideTest, run_tests  # noqa: E402
+from virtual_display import VirtualDisplay  # noqa: E402
 
-PROGRAM = ""
-SCREENSHOTS: Path | None = None
 CHAPTER = Path(__file__).resolve().parents[2] / "docs" / "manual" / "first_job.md"
-TITLE = "Tessimo Mill - Version"
-SETTLED = 0.45  # seconds: longer than the surface or a menu keeps the pointer out
+PROOF_OF_JOB = "open(arg[1])\nprint(proof().clean)\n"
 
 
-class FirstJob(unittest.TestCase):
+class FirstJob(OutsideTest):
     def setUp(self) -> None:
         self.display = self.enterContext(VirtualDisplay(1366, 768))
-        self.program = subprocess.Popen([PROGRAM], env=self.display.environment)
-        self.addCleanup(self.stop)
-
-    def stop(self) -> None:
-        self.program.kill()
-        self.program.wait()
-
-    def wait_for(self, holds: Callable[[], bool], what: str) -> None:
-        def holds_while_it_runs() -> bool:
-            self.assertIsNone(self.program.poll(), "the program has ended")
-            return holds()
-        wait_until(holds_while_it_runs, what)
-
-    def settle(self) -> None:
-        self.display.settle(self.program.pid, SETTLED)
+        self.start_program()
 
     def key(self, *names: str) -> None:
         for name in names:
@@ -70,14 +51,6 @@ class FirstJob(unittest.TestCase):
 
     def cam(self, letter: str) -> None:
         self.key("alt+c", letter)
-
-    def screenshot(self, name: str, title: str = "") -> None:
-        """Of the whole screen, or of what a window has in its frame."""
-        if SCREENSHOTS is not None:
-            SCREENSHOTS.mkdir(parents=True, exist_ok=True)
-            window = self.display.windows(title)[0] if title else "root"
-            subprocess.run(["import", "-window", window, str(SCREENSHOTS / f"{name}.png")],
-                           env=self.display.environment, check=True)
 
     def test_it_leads_to_the_program(self) -> None:
         self.window("Control and Units")
@@ -125,14 +98,7 @@ class FirstJob(unittest.TestCase):
         self.assertIn("6 mm end mill", program)
         self.assertIn("Z-4.0", program)
         self.assertTrue((folder / "first.CDM").is_file())
-        self.assertIn(self.answer_of("print(proof().clean)", folder), "true\n")
-
-    def answer_of(self, line: str, folder: Path) -> str:
-        script = folder / "script.lua"
-        script.write_text(f"open(arg[1])\n{line}\n")
-        return subprocess.run([PROGRAM, "--run", script, folder / "first.CDM"], check=True,
-                              text=True, stdout=subprocess.PIPE,
-                              env=self.display.environment).stdout
+        self.assertEqual(self.script(PROOF_OF_JOB, str(folder / "first.CDM")), "true\n")
 
     def test_the_chapter_says_the_same(self) -> None:
         text = CHAPTER.read_text(encoding="utf-8")
@@ -143,7 +109,4 @@ class FirstJob(unittest.TestCase):
 
 
 if __name__ == "__main__":
-    if len(sys.argv) > 2:
-        SCREENSHOTS = Path(sys.argv.pop())
-    PROGRAM = sys.argv.pop()
-    unittest.main()
+    run_tests()

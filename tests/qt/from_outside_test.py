@@ -4,21 +4,14 @@
 Usage: from_outside_test.py PROGRAM [FOLDER FOR SCREENSHOTS]
 """
 
-import subprocess
 import sys
-import unittest
-from collections.abc import Callable
 from pathlib import Path
 
 sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "support"))
 
-from virtual_display import PATIENCE, VirtualDisplay, wait_until  # noqa: E402
+from outside_test import FIRST_QUESTION, TITLE, OutsideTest, run_tests  # noqa: E402
+from virtual_display import PATIENCE, VirtualDisplay  # noqa: E402
 
-PROGRAM = ""
-SCREENSHOTS: Path | None = None
-TITLE = "Tessimo Mill - Version"
-FIRST_QUESTION = "Control and Units"
-SETTLED = 0.45  # seconds: longer than the surface or a menu keeps the pointer out
 EMPTY = "save(arg[1])\n"
 ROWS = """\
 open(arg[1])
@@ -33,24 +26,17 @@ SQUARE_DXF = "0\nSECTION\n2\nENTITIES\n" + "".join(
 Row = tuple[float, ...]
 
 
-class FromOutside(unittest.TestCase):
+class FromOutside(OutsideTest):
     def setUp(self) -> None:
         self.display = self.enterContext(VirtualDisplay(1280, 900))
         self.work = Path(self.display.folder.name)
         self.drawing = str(self.work / "part.cdm")
-        self.run_script(EMPTY)
+        self.script(EMPTY, self.drawing)
         self.asked = False
         self.start()
 
-    def run_script(self, text: str) -> str:
-        script = self.work / "script.lua"
-        script.write_text(text)
-        return subprocess.run([PROGRAM, "--run", str(script), self.drawing], check=True, text=True,
-                              capture_output=True, env=self.display.environment).stdout
-
     def start(self) -> None:
-        self.program = subprocess.Popen([PROGRAM, self.drawing], env=self.display.environment)
-        self.addCleanup(self.stop, self.program)
+        self.start_program(self.drawing)
         self.wait_for(lambda: self.display.windows(TITLE) != [], "the window is there")
         self.window = self.display.windows(TITLE)[0]
         if not self.asked:
@@ -68,22 +54,9 @@ class FromOutside(unittest.TestCase):
         self.wait_for(lambda: self.display.windows(FIRST_QUESTION) == [], "it is answered")
         self.asked = True
 
-    def stop(self, program: subprocess.Popen[bytes]) -> None:
-        program.kill()
-        program.wait()
-
-    def wait_for(self, holds: Callable[[], bool], what: str) -> None:
-        def holds_while_it_runs() -> bool:
-            self.assertIsNone(self.program.poll(), "the program has ended")
-            return holds()
-        wait_until(holds_while_it_runs, what)
-
     def windows(self) -> int:
         """How many windows the program shows; an open menu is one."""
         return len(self.display.answer("search", "--onlyvisible", "--class", "tessimo").split())
-
-    def settle(self) -> None:
-        self.display.settle(self.program.pid, SETTLED)
 
     def act(self, *arguments: str) -> None:
         self.display.tool(*arguments)
@@ -129,15 +102,8 @@ class FromOutside(unittest.TestCase):
         self.wait_for(lambda: not self.is_saved(), "there is something to save")
         self.menu("f", "s")
         self.wait_for(self.is_saved, "the drawing is saved")
-        lines = self.run_script(ROWS).splitlines()
+        lines = self.script(ROWS, self.drawing).splitlines()
         return [tuple(float(word) for word in line.split()) for line in lines]
-
-    def screenshot(self, name: str) -> None:
-        if SCREENSHOTS is None:
-            return
-        SCREENSHOTS.mkdir(parents=True, exist_ok=True)
-        subprocess.run(["import", "-window", "root", str(SCREENSHOTS / f"{name}.png")],
-                       env=self.display.environment, check=True)
 
     def test_a_part_is_drawn_undone_redone_saved_and_reopened(self) -> None:
         corner = (820, 330)
@@ -227,7 +193,4 @@ class FromOutside(unittest.TestCase):
 
 
 if __name__ == "__main__":
-    PROGRAM = sys.argv.pop(1)
-    if len(sys.argv) > 1:
-        SCREENSHOTS = Path(sys.argv.pop(1))
-    unittest.main()
+    run_tests()
