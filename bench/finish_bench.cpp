@@ -1,7 +1,7 @@
 // A finish path round a part with true paths, and what holding tabs, a ramp and drops into its
 // corners add to the command; forms are accepted at once. The goal of each is a tenth. The part is
-// a wavy star whose rows turn little, with a notch in every wave, or a rack: teeth with four square
-// corners each, two of which the path drops into, which is the hardest.
+// a wavy star whose rows turn little, with a notch every twenty rows, or a rack: teeth with four
+// square corners each, two of which the path drops into, which is the hardest.
 #include <vector>
 
 #include "benchmark/benchmark.h"

@@ -76,6 +76,7 @@
   SETTING(cfg_entry_angle, float, S, "entry angle", Live, WhenSet)                           \
   SETTING(cfg_entry_radius, float, S, "entry radius", Live, WhenSet)                         \
   SETTING(cfg_entry_feedrate, float, S, "entry feedrate", Live, WhenSet)                     \
+  SETTING(cfg_engagement_limit, float, S, "engagement limit", Live, WhenSet)                 \
   SETTING(cfg_tolerance, float, F, "tolerence", Live, Plain)                                 \
   SETTING(userparamforarcs, Flag, B, "use r-param for arcs", Live, Plain)                    \
   SETTING(cfg_lead_in_path, Flag, B, "lead in path", Live, Plain)                            \

@@ -63,10 +63,12 @@ void Renderer::DrawSegment(int sg, DrawingTarget& target, std::optional<Rgb> col
     entityColor_ = stateColor(sg, target);
   }
   const Rgb ink = color.value_or(entityColor_);
+  // Lines are most of what there is, and have no centre to be read.
+  if (store_.segtype[sg] == kLine) {
+    return DrawLine({store_.x0[sg], store_.y0[sg], store_.x1[sg], store_.y1[sg]}, ink, target);
+  }
   const Entity entity = segmentEntity(store_, sg);
-  if (entity.type == kLine) {
-    DrawLine(lineOf(entity), ink, target);
-  } else if (isArc(entity.type) || entity.type == kCircle) {
+  if (isArc(entity.type) || entity.type == kCircle) {
     DrawArc(entity, ink, target);
   } else if (entity.type == kRectangle) {
     drawRectangle(entity, ink, target);

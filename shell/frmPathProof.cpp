@@ -19,9 +19,10 @@ Rgb colorOf(ProofGrade grade) {
   return 0x3C3CE6;
 }
 
-std::string unjudgedText(const PathProof& proof) {
+// What was not judged comes first; otherwise how hard the cutter works.
+std::string noteOf(const PathProof& proof) {
   if (proof.isCancelled) return "Cancelled. A click judges the path.";
-  if (proof.unjudged.empty()) return {};
+  if (proof.unjudged.empty()) return engagementLine(proof);
   return "Rows not judged: " + std::to_string(proof.unjudged.size());
 }
 
@@ -40,7 +41,7 @@ void frmPathProof::showNothing() {
 void frmPathProof::show(const PathProof& proof) {
   cmdProof.setCaption(proofLine(proof));
   cmdProof.setColor(colorOf(gradeOf(proof)));
-  showPlace(unjudgedText(proof));
+  showPlace(noteOf(proof));
 }
 
 }  // namespace tess

@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numbers>
 #include <optional>
 #include <utility>
 
@@ -203,21 +202,49 @@ std::vector<CornerDrop> CornerWalls::dropsInto(PlanePoint corner, double radius)
 
 // ---- Drops by place
 
+namespace {
+
+// Rows along an axis do not fall together on it.
+double alongSlant(PlanePoint at) {
+  return 0.6127 * at.x + 0.7903 * at.y;
+}
+
+}  // namespace
+
+void CornerDrops::Ends::add(PlanePoint end, int drop) {
+  ends_.push_back({alongSlant(end), end, drop});
+}
+
+void CornerDrops::Ends::sort() {
+  std::sort(ends_.begin(), ends_.end(), [](const End& a, const End& b) {
+    return a.along != b.along ? a.along < b.along : a.drop < b.drop;
+  });
+}
+
+std::vector<int> CornerDrops::Ends::at(PlanePoint place) const {
+  const double along = alongSlant(place);
+  std::vector<int> found;
+  auto end = std::partition_point(ends_.begin(), ends_.end(), [along](const End& one) {
+    return one.along < along - kSamePlace;
+  });
+  for (; end != ends_.end() && end->along <= along + kSamePlace; ++end) {
+    if (isSame(end->at, place, kSamePlace)) found.push_back(end->drop);
+  }
+  return found;
+}
+
 CornerDrops::CornerDrops(std::vector<CornerDrop> drops) : drops_(std::move(drops)) {
   std::vector<Curve> lines;
   lines.reserve(drops_.size());
-  for (const CornerDrop& drop : drops_) lines.push_back(lineOf(drop));
+  for (const CornerDrop& drop : drops_) {
+    const auto number = static_cast<int>(lines.size());
+    lines.push_back(lineOf(drop));
+    places_.add(drop.place, number);
+    bottoms_.add(drop.bottom, number);
+  }
+  places_.sort();
+  bottoms_.sort();
   index_ = CurveIndex(std::move(lines));
-}
-
-std::vector<int> CornerDrops::withEndAt(PlanePoint CornerDrop::*end, PlanePoint at) const {
-  std::vector<int> found;
-  if (isEmpty()) return found;
-  index_.candidates(spotAt(at), kSamePlace, found);
-  std::erase_if(found, [&](int number) {
-    return !isSame(drops_[static_cast<std::size_t>(number)].*end, at, kSamePlace);
-  });
-  return found;
 }
 
 int CornerDrops::around(const Curve& move, double slack) const {
@@ -267,9 +294,13 @@ void CornerDrops::completeEnds(std::vector<Curve>& part) const {
 
 namespace {
 
-// What a cutter leaves between two straight walls.
-double leftAtTurn(double turn, double radius) {
-  return radius * (1 / std::cos(std::min(turn, std::numbers::pi) / 2) - 1);
+// What a cutter leaves between two walls that turn to the left, as if they were straight.
+double leftBetween(const Curve& before, const Curve& after, double radius) {
+  const PlanePoint in = directionAt(before, 1);
+  const PlanePoint out = directionAt(after, 0);
+  if (!(cross(in, out) > 0)) return 0;
+  const double cosineOfHalf = std::sqrt(std::max(0.0, (1 + dot(in, out)) / 2));
+  return radius * (1 / cosineOfHalf - 1);
 }
 
 // Which of the drops begin at a joint of some way.
@@ -298,10 +329,8 @@ InsideCorners insideCorners(const CurveIndex& walls, std::span<const WallJoint> 
   std::vector<CornerDrop> possible;
   int count = 0;
   for (const WallJoint& joint : joints) {
-    const Curve& before = walls.curves()[static_cast<std::size_t>(joint.before)];
-    const Curve& after = walls.curves()[static_cast<std::size_t>(joint.after)];
-    const double turn = turnAt(before, after);
-    const double left = turn < kSharp ? 0 : leftAtTurn(turn, radius);
+    const double left = leftBetween(walls.curves()[static_cast<std::size_t>(joint.before)],
+                                    walls.curves()[static_cast<std::size_t>(joint.after)], radius);
     if (left < kRoughly * least) continue;
     const auto drop = corners.dropBetween(joint, radius);
     if ((drop ? normOf(drop->bottom - drop->place) : left) < least) continue;

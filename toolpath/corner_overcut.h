@@ -75,12 +75,8 @@ class CornerDrops {
   bool isEmpty() const { return drops_.empty(); }
 
   // Those that begin at a place, by their numbers from 0, and those whose bottom it is.
-  std::vector<int> beginningAt(PlanePoint place) const {
-    return withEndAt(&CornerDrop::place, place);
-  }
-  std::vector<int> endingAt(PlanePoint bottom) const {
-    return withEndAt(&CornerDrop::bottom, bottom);
-  }
+  std::vector<int> beginningAt(PlanePoint place) const { return places_.at(place); }
+  std::vector<int> endingAt(PlanePoint bottom) const { return bottoms_.at(bottom); }
   // The first of which a move is all or a part, but for `slack`; -1 for none.
   int around(const Curve& move, double slack) const;
 
@@ -90,9 +86,24 @@ class CornerDrops {
   void completeEnds(std::vector<Curve>& part) const;
 
  private:
-  std::vector<int> withEndAt(PlanePoint CornerDrop::*end, PlanePoint at) const;
+  // Ends of drops in the order along a slanting line: most joints of a way are no such end.
+  class Ends {
+   public:
+    void add(PlanePoint end, int drop);
+    void sort();
+    std::vector<int> at(PlanePoint place) const;
+
+   private:
+    struct End {
+      double along = 0;
+      PlanePoint at;
+      int drop = 0;
+    };
+    std::vector<End> ends_;
+  };
 
   std::vector<CornerDrop> drops_;
+  Ends places_, bottoms_;
   CurveIndex index_;  // of the lines from the places to the bottoms
 };
 

@@ -74,6 +74,7 @@ void dlgPocketingPrm::nameFields() {
   Label9.setCaption("X && Y :");
   Label10.setCaption("Aperture (tolerance) :");
   lblDistFrCenter.setCaption("Spiral Start Distance from Pocket Center :");
+  lblEngagementLimit.setCaption("Engagement Limit :");
   Label11.setCaption("Rough Cut :");
   Label12.setCaption("Finishing Cut :");
   Label13.setCaption("Z-Axis Plunge :");
@@ -115,7 +116,10 @@ void dlgPocketingPrm::wire() {
   chkLathePocketing.onClick = [this] { latheChosen(); };
   chkPlaceFinishPath.onClick = [this] { placeFinishPath_ = chkPlaceFinishPath.isChecked(); };
   chkLeadIn.onClick = [this] { leadChosen(); };
-  chkTruePaths.onClick = [this] { entry_.setEnabled(chkTruePaths.isChecked()); };
+  chkTruePaths.onClick = [this] {
+    entry_.setEnabled(chkTruePaths.isChecked());
+    enableLimit();
+  };
 }
 
 // ---- Loading
@@ -129,6 +133,8 @@ void dlgPocketingPrm::fill() {
   txtZPlungeRate.setText(plunge <= 0 ? "1" : plainText(plunge));
   fillLeads();
   entry_.load();
+  txtEngagementLimit.setText(plainText(store_.cfg_engagement_limit));
+  enableLimit();
   fillToolNotes();
 }
 
@@ -183,6 +189,14 @@ void dlgPocketingPrm::styleChosen(PocketingStyle style) {
   txtDistFrCenter.setEnabled(style == PocketingStyle::ParallelSpiral);
   chkLathePocketing.setEnabled(style == PocketingStyle::Horizontal);
   if (style != PocketingStyle::Horizontal) chkLathePocketing.setChecked(false);
+  enableLimit();
+}
+
+// Rings of true paths alone have one.
+void dlgPocketingPrm::enableLimit() {
+  const bool rings = pocketingStyle_ == PocketingStyle::ParallelSpiral;
+  lblEngagementLimit.setEnabled(rings && chkTruePaths.isChecked());
+  txtEngagementLimit.setEnabled(rings && chkTruePaths.isChecked());
 }
 
 // Turning knows no depths per pass, no feeds of their own and no leads.
@@ -222,6 +236,7 @@ void dlgPocketingPrm::takeOver() {
   try {
     takeOverNumbers();
     takeOverLeads();
+    storeStrictly(store_, "engagement limit", txtEngagementLimit.text());
     entry_.takeOver();
   } catch (...) {
     static_cast<DrawingSettings&>(store_) = before;

@@ -14,8 +14,8 @@ namespace tess {
 struct DrawingSettings;
 
 // Accept stores what the boxes hold, without looking at ranges, and marks the setup as changed.
-// Raises Type mismatch, and stores nothing, when the lead length or angle, or a number of the
-// entry, is none.
+// Raises Type mismatch, and stores nothing, when the lead length or angle, the engagement limit, or
+// a number of the entry, is none.
 class dlgPocketingPrm : public Form {
  public:
   explicit dlgPocketingPrm(DrawingStore& store);
@@ -45,6 +45,8 @@ class dlgPocketingPrm : public Form {
   ControlArray<Option> OptCutWidth{*this, "OptCutWidth", {1, 2}, Frame3};
   TextBox txtToolSpacingPercent{*this, "txtToolSpacingPercent", Frame3};
   TextBox txtToolSpacingDistance{*this, "txtToolSpacingDistance", Frame3};
+  Label lblEngagementLimit{*this, "lblEngagementLimit", Frame3};
+  TextBox txtEngagementLimit{*this, "txtEngagementLimit", Frame3};
   Frame Frame4{*this, "Frame4"};
   Label Label11{*this, "Label11", Frame4};
   TextBox txtroughfeedrate{*this, "txtroughfeedrate", Frame4};
@@ -101,6 +103,7 @@ class dlgPocketingPrm : public Form {
 
   void styleChosen(PocketingStyle style);
   void latheChosen();
+  void enableLimit();
   void leadChosen();
 
   void takeOver();

@@ -3,12 +3,10 @@
 #include "toolpath/engagement.h"
 
 #include <algorithm>
-#include <array>
-#include <cmath>
-#include <optional>
 #include <set>
 
 #include "core/drawing_store.h"
+#include "toolpath/cutter_rim.h"
 #include "toolpath/entry_moves.h"
 #include "toolpath/proof_groups.h"
 #include "toolpath/row_shapes.h"
@@ -16,10 +14,6 @@
 namespace tess {
 namespace {
 
-constexpr int kRimPlaces = 40;       // evenly across the cutter's width
-constexpr double kBeforeRim = 1e-3;  // that a place lies in front of the rim, in radii
-constexpr double kStep = 0.5;        // from place to place of a row, in radii
-constexpr int kMostPlaces = 64;      // of a row
 constexpr double kSameDepth = 1e-6;
 // Distances that are reckoned for all rows together.
 constexpr long long kMaxEffort = 100000000;
@@ -71,57 +65,14 @@ class EngagementSearch {
   void lookAlong(int ps, const GroundCut& cut, Engagement& most) {
     std::vector<SweptCurve> taken;
     for (const Curve& curve : cut.curves) {
-      const SweptCurve reach{curve, cut.radius * (1 + 2 * kBeforeRim)};
+      const SweptCurve reach{curve, cut.radius * (1 + 2 * CutterRim::kBeforeRim)};
       std::vector<SweptCurve> before = ground_.takenNear(reach, cut.z + step_, ps);
       before.insert(before.end(), taken.begin(), taken.end());
-      const int places = std::clamp(
-          static_cast<int>(std::ceil(lengthOf(curve) / (kStep * cut.radius))), 1, kMostPlaces);
-      // Up to the end, but not beyond it: places aside are taken a little later than those ahead.
-      const double last = 1 - 6 * kBeforeRim * cut.radius / lengthOf(curve);
-      for (int k = 0; k <= places; ++k) {
-        const double share = std::max(0.0, last * k / places);
-        const double engaged = shareAt(curve, share, cut.radius, before);
-        if (engaged <= most.share) continue;
-        const PlanePoint at = pointAt(curve, share);
-        most = {engaged, ps, at.x, at.y};
-        if (engaged >= 1) return;
-      }
+      const EngagedPlace place = mostEngagedAlong(curve, cut.radius, most.share, before, effort_);
+      if (place.share > 0) most = {place.share, ps, place.at.x, place.at.y};
+      if (most.share >= 1) return;
       taken.push_back({curve, cut.radius});
     }
-  }
-
-  // With what the row itself has taken on its way there.
-  double shareAt(const Curve& curve, double share, double radius, std::vector<SweptCurve>& taken) {
-    const bool hasOwn = share > 0;
-    if (hasOwn) taken.push_back({partOf(curve, 0, share), radius});
-    const PlanePoint at = pointAt(curve, share);
-    const PlanePoint along = directionAt(curve, share);
-    std::size_t last = 0;
-    int engaged = 0;
-    for (int k = 0; k < kRimPlaces; ++k) {
-      const double aside = (2 * k + 1.0) / kRimPlaces - 1;
-      const double ahead = std::sqrt(1 - aside * aside);
-      const PlanePoint place =
-          at + radius * (1 + kBeforeRim) * (ahead * along + aside * leftOf(along));
-      engaged += isTaken(place, taken, last) ? 0 : 1;
-    }
-    if (hasOwn) taken.pop_back();
-    return static_cast<double>(engaged) / kRimPlaces;
-  }
-
-  // `last` is what took the place before: its neighbour mostly is taken by the same.
-  bool isTaken(PlanePoint place, const std::vector<SweptCurve>& taken, std::size_t& last) {
-    const auto takes = [&](std::size_t k) {
-      ++effort_;
-      return distanceTo(taken[k].curve, place) <= taken[k].radius;
-    };
-    if (last < taken.size() && takes(last)) return true;
-    for (std::size_t k = 0; k < taken.size(); ++k) {
-      if (k == last || !takes(k)) continue;
-      last = k;
-      return true;
-    }
-    return false;
   }
 
   const DrawingStore& store_;

@@ -7,6 +7,8 @@
 #include <limits>
 #include <numbers>
 #include <optional>
+#include <span>
+#include <utility>
 
 #include "core/drawing_store.h"
 #include "core/number_text.h"
@@ -85,10 +87,10 @@ std::vector<DrilledHole> holesOf(const DrawingStore& store, int rows) {
   return holes;
 }
 
-// The rows of one level: what they take as they are cut one after the other.
+// The first rows of one level: what they take as they are cut one after the other.
 class LevelGround {
  public:
-  LevelGround(std::vector<GroundCut> before, const LevelRows& rows, double radius)
+  LevelGround(std::vector<GroundCut> before, std::span<const PathRow> rows, double radius)
       : before_(static_cast<int>(before.size())), ground_(joined(std::move(before), rows, radius)) {
     std::vector<Curve> curves;
     for (std::size_t row = 0; row < rows.size(); ++row) {
@@ -98,8 +100,8 @@ class LevelGround {
     ways_ = CurveIndex(std::move(curves));
   }
 
-  // How deep it is below a tool at a place when `row` comes, from 0; all the way down where the
-  // rows of the level have been.
+  // How deep it is below a tool at a place when `row` comes, from 0, which may be the one behind
+  // them; all the way down where the rows of the level have been.
   double depthBelow(PlanePoint at, double radius, int row) const {
     int effort = 0;
     return ground_.depthBelow(at, radius, before_ + row + 1, effort);
@@ -123,8 +125,9 @@ class LevelGround {
   }
 
  private:
-  static std::vector<GroundCut> joined(std::vector<GroundCut> cuts, const LevelRows& rows,
+  static std::vector<GroundCut> joined(std::vector<GroundCut> cuts, std::span<const PathRow> rows,
                                        double radius) {
+    cuts.reserve(cuts.size() + rows.size());
     for (const PathRow& row : rows) {
       cuts.push_back(cutOf(row, radius));
       cuts.back().z = kAllTheWayDown;
@@ -149,6 +152,7 @@ struct Piece {
   std::vector<Curve> ramp{};  // what a ramp goes to and fro along
   bool rampIsAside = false;   // that is none of the piece's rows
   std::optional<PlanePoint> helix{};  // its centre
+  bool isLoop = false;                // the helix lies where the path begins with a loop
 };
 
 struct EntryRules {
@@ -198,10 +202,7 @@ class PieceFinder {
   PieceFinder(const PieceFinder&) = delete;
   PieceFinder& operator=(const PieceFinder&) = delete;
 
-  double toolRadius() const { return rules_.radius; }
-
   std::vector<Piece> piecesOf(const LevelRows& rows, const Breathing& breathing) {
-    const LevelGround ground(before_, rows, rules_.radius);
     std::vector<Piece> pieces;
     for (int row = 0; row < static_cast<int>(rows.size()); ++row) {
       const bool goesOn =
@@ -209,6 +210,10 @@ class PieceFinder {
       if (!goesOn) pieces.push_back({row, row, placeOf(startOf(rows, row))});
       pieces.back().end = row + 1;
     }
+    if (pieces.empty()) return pieces;
+    // What comes behind the start of the last piece no piece finds cleared.
+    const auto cutBefore = static_cast<std::size_t>(pieces.back().first);
+    const LevelGround ground(before_, std::span(rows).first(cutBefore), rules_.radius);
     for (Piece& piece : pieces) {
       breathe(breathing);
       findWay(piece, rows, ground);
@@ -236,8 +241,10 @@ class PieceFinder {
   void findWay(Piece& piece, const LevelRows& rows, const LevelGround& ground) {
     piece.ground = ground.depthBelow(piece.start, rules_.radius, piece.first);
     if (piece.ground <= floor_ + kSameDepth) return;
-    if (leadFromCleared(piece, ground)) return;
+    const bool beginsWithLoop = field_.isLimited && isLoop(piece, rows);
+    if (!beginsWithLoop && leadFromCleared(piece, ground)) return;
     if (holes_ && leadFromHole(piece)) return;
+    if (beginsWithLoop) return goRoundLoop(piece, rows);
     if (rules_.kind == EntryKind::Helix && goRound(piece, rows)) return;
     goToAndFro(piece, rows);
   }
@@ -278,18 +285,51 @@ class PieceFinder {
       const double angle = std::numbers::pi / 2 + 2 * std::numbers::pi * step / kSides;
       const PlanePoint toward{along.x * std::cos(angle) - along.y * std::sin(angle),
                               along.x * std::sin(angle) + along.y * std::cos(angle)};
-      const PlanePoint center = piece.start + rules_.helix * toward;
-      const std::vector<Curve> circle = helixCircle(piece.start, center, rules_.turn);
-      if (!std::all_of(circle.begin(), circle.end(),
-                       [this](const Curve& half) { return isClear(half); })) {
-        continue;
-      }
-      piece.helix = center;
-      return true;
+      if (goRoundAt(piece, toward)) return true;
     }
+    noteHelix(piece);
+    return false;
+  }
+
+  bool goRoundAt(Piece& piece, PlanePoint toward) const {
+    const PlanePoint center = piece.start + rules_.helix * toward;
+    const std::vector<Curve> circle = helixCircle(piece.start, center, rules_.turn);
+    if (!std::all_of(circle.begin(), circle.end(),
+                     [this](const Curve& half) { return isClear(half); })) {
+      return false;
+    }
+    piece.helix = center;
+    return true;
+  }
+
+  void noteHelix(const Piece& piece) {
     note("A helix of radius " + plainText(roundTo(narrow(rules_.helix), kDecimals)) +
          " does not fit at " + placeText(piece.start) + ".  The tool goes down by a ramp.");
-    return false;
+  }
+
+  // A path with an engagement limit begins with a loop of its own: the tool goes down round that,
+  // or round a helix which lies where the loop does. A ramp to and fro would leave a floor that
+  // takes the whole width.
+  void goRoundLoop(Piece& piece, const LevelRows& rows) {
+    const PlanePoint center = centerOf(rows[static_cast<std::size_t>(piece.first)]);
+    piece.isLoop = true;
+    if (rules_.kind == EntryKind::Helix) {
+      const PlanePoint toCenter = center - piece.start;
+      if (goRoundAt(piece, (1 / normOf(toCenter)) * toCenter)) return;
+      noteHelix(piece);
+    }
+    piece.helix = center;
+  }
+
+  static PlanePoint centerOf(const PathRow& row) { return {row.xc, row.yc}; }
+
+  // Two arcs that come back.
+  bool isLoop(const Piece& piece, const LevelRows& rows) const {
+    if (piece.end - piece.first < 2) return false;
+    const PathRow& there = rows[static_cast<std::size_t>(piece.first)];
+    const PathRow& back = rows[static_cast<std::size_t>(piece.first) + 1];
+    return there.type >= kClockwiseArc && back.type == there.type && back.xc == there.xc &&
+           back.yc == there.yc && back.x1 == there.x0 && back.y1 == there.y0;
   }
 
   // Along the first row, and as many of the next as make up the width of the tool.
@@ -368,7 +408,9 @@ class LevelWriter {
       append(piece.lead, first.z, first.feed, level);
     }
     if (drop.depth() <= drop.step + kSameDepth) return;
-    if (piece.helix) {
+    if (piece.isLoop) {
+      appendLoopEntry(piece, drop, first, level);
+    } else if (piece.helix) {
       const double radius = normOf(*piece.helix - piece.start);
       appendStairs(helixRows(radius, drop), level, first,
                    [&] { return helixStairs(piece.start, *piece.helix, rules_.turn, drop); });
@@ -380,6 +422,18 @@ class LevelWriter {
         append(turnedRound(piece.ramp), first.z, first.feed, level);
       }
     }
+  }
+
+  // Down round the loop, flat a step above its bottom, and flat there: no thick floor is left.
+  void appendLoopEntry(const Piece& piece, const EntryDrop& drop, const PathRow& first,
+                       LevelRows& level) const {
+    EntryDrop above = drop;
+    above.bottom += drop.step;
+    const double radius = normOf(*piece.helix - piece.start);
+    appendStairs(helixRows(radius, above), level, first,
+                 [&] { return helixStairs(piece.start, *piece.helix, rules_.turn, above); });
+    if (isTooLong(level.size())) return;
+    append(helixCircle(piece.start, *piece.helix, rules_.turn), first.z, first.feed, level);
   }
 
   // More rows than a table holds are not made: what is there is too long then in any case.
@@ -477,14 +531,15 @@ EntryPlanner::EntryPlanner(CamContext& cam, std::string command, EntryField fiel
 std::optional<std::vector<LevelRows>> EntryPlanner::entered(std::vector<LevelRows> levels) {
   if (!wantsEntries(cam_.store)) return levels;
   std::vector<GroundCut> before = tableCuts(cam_.store, index_ - 1);
-  before.insert(before.end(), planned_.begin(), planned_.end());
+  const double radius = cam_.store.toolradius[cam_.store.selectedtool];
+  before.reserve(before.size() + planned_.size());
+  for (const PathRow& row : planned_) before.push_back(cutOf(row, radius));
   PieceFinder finder(cam_.store, field_, std::move(before), {index_, floorOf(levels)});
   std::vector<LevelRows> path = enteredLevels(finder, rulesOf(cam_.store), levels, breathing_);
   for (const LevelRows& level : path) {
-    rows_ += level.size();
-    for (const PathRow& row : level) planned_.push_back(cutOf(row, finder.toolRadius()));
+    planned_.insert(planned_.end(), level.begin(), level.end());
   }
-  if (rows_ + cam_.store.NumPathSegments > kMostRows) {
+  if (planned_.size() + cam_.store.NumPathSegments > kMostRows) {
     refused(cam_, command_,
             "The path has too many rows with its ways into the material.\n\nNothing was placed.  "
             "A steeper Ramp Angle needs fewer.");

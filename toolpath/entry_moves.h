@@ -33,6 +33,9 @@ struct EntryField {
   std::function<bool(const Curve&, double distance)> isClear;
   double distance = 0;                   // that ways off the path keep
   const PocketRegion* tracks = nullptr;  // of a pocket: loops along which a way may lead
+  // The path was made for an engagement limit: it has its own ways from cleared ground, and begins
+  // with a loop that a helix goes down round.
+  bool isLimited = false;
 };
 
 // False, after a message titled `command`, when the setup's numbers make no entry.
@@ -58,8 +61,7 @@ class EntryPlanner {
   EntryField field_;
   int index_;
   const Breathing& breathing_;
-  std::vector<GroundCut> planned_;
-  std::size_t rows_ = 0;
+  std::vector<PathRow> planned_;
   std::vector<std::string> notes_;
 };
 

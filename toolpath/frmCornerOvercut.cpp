@@ -59,11 +59,6 @@ void frmCornerOvercut::leave() {
 }
 
 void frmCornerOvercut::fill() {
-  const int blocked = corners_.blocked;
-  lblBlocked.setCaption(blocked == 0 ? ""
-                                     : "In " + std::to_string(blocked) +
-                                           " more the cutter would cut another wall, or cannot "
-                                           "touch both walls.");
   cam_.context.onFormClick = [this](Point at) { toggle(at); };
   const bool picks = cornerOvercut(cam_.store) == CornerOvercut::PickedCorners;
   optCorners[picks ? kPicked : kAll].setValue(true);
@@ -95,8 +90,13 @@ void frmCornerOvercut::toggle(Point at) {
 void frmCornerOvercut::show() {
   constexpr double kUnpicked = 0.25;
   const auto count = std::count(isPicked_.begin(), isPicked_.end(), true);
-  lblCorners.setCaption(std::to_string(count) + " of " + std::to_string(isPicked_.size()) +
-                        " corners. Click one in the drawing to pick it, or to leave it out.");
+  std::string text = std::to_string(count) + " of " + std::to_string(isPicked_.size()) +
+                     " corners. Click one in the drawing to pick it, or to leave it out.";
+  if (corners_.blocked > 0) {
+    text += "\nIn " + std::to_string(corners_.blocked) +
+            " more the cutter would cut another wall, or cannot touch both walls.";
+  }
+  lblCorners.setCaption(std::move(text));
   std::vector<SegmentRow> rows;
   for (std::size_t k = 0; k < isPicked_.size(); ++k) {
     appendCutter(corners_.drops[k], isPicked_[k] ? 1 : kUnpicked, rows);

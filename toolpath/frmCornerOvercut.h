@@ -21,7 +21,6 @@ class frmCornerOvercut : public Form {
 
   ControlArray<Option> optCorners{*this, "optCorners", {1, 2}};
   Label lblCorners{*this, "lblCorners"};
-  Label lblBlocked{*this, "lblBlocked"};
   Button cmdOK{*this, "cmdOK"};
   Button cmdCancel{*this, "cmdCancel"};
 

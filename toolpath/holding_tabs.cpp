@@ -97,15 +97,17 @@ std::vector<TabTrack::Run> TabTrack::runs() const {
   constexpr double kBack = std::numbers::pi - kCorner;
   const std::vector<Curve>& curves = way_.curves();
   std::vector<bool> barred(curves.size());
+  std::vector<double> turns(curves.size());  // from the curve before
   for (std::size_t k = 0; k < curves.size(); ++k) {
     if (isSharp(curves[k])) barred[k] = true;
-    if (k == 0 || turnBetween(curves[k - 1], curves[k]) < kBack) continue;
+    if (k > 0) turns[k] = turnBetween(curves[k - 1], curves[k]);
+    if (turns[k] < kBack) continue;
     barred[k - 1] = barred[k] = true;
   }
   std::vector<Run> straight, smooth;
   const auto add = [&](std::vector<Run>& runs, std::size_t k, double turn, bool isStraight) {
-    const bool goesOn = k > 0 && !runs.empty() && runs.back().to == way_.startOf(k) &&
-                        turnBetween(curves[k - 1], curves[k]) < turn;
+    const bool goesOn =
+        k > 0 && !runs.empty() && runs.back().to == way_.startOf(k) && turns[k] < turn;
     if (goesOn) {
       runs.back().to = way_.endOf(k);
     } else {

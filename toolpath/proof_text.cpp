@@ -92,6 +92,12 @@ std::string jobText(const JudgedJob& job) {
          lengthText(job.presentRadius);
 }
 
+// Shares are known to a fortieth.
+std::string engagedText(const Engagement& engagement) {
+  return formatNumber(static_cast<float>(100 * engagement.share), "0") +
+         " % of the cutter's width in material at " + placeText(engagement.x, engagement.y);
+}
+
 void appendLine(std::string& text, const std::string& line) {
   text.append(line).append("\n");
 }
@@ -104,6 +110,10 @@ void appendJobs(std::string& text, const PathProof& proof) {
       line += "; left " + percentText(missed.atClearance.share()) + " at its clearance, " +
               percentText(missed.atWall.share()) + " at the wall";
       if (missed.leftByTabs > 0) line += ", area " + lengthText(missed.leftByTabs) + " by tabs";
+    }
+    if (job.engagement.row > 0) {
+      line += "; up to " + engagedText(job.engagement) + " (row " +
+              std::to_string(job.engagement.row) + ")";
     }
     appendLine(text, line);
   }
@@ -184,6 +194,15 @@ std::string proofLine(const PathProof& proof) {
                      std::to_string(proof.rapids.size());
   if (proof.forbidsPlunges) line += "   Plunges " + std::to_string(proof.plunges.size());
   return line;
+}
+
+std::string engagementLine(const PathProof& proof) {
+  const auto most = std::max_element(proof.jobs.begin(), proof.jobs.end(),
+                                     [](const JudgedJob& a, const JudgedJob& b) {
+                                       return a.engagement.share < b.engagement.share;
+                                     });
+  if (most == proof.jobs.end() || most->engagement.row == 0) return {};
+  return groupText(most->group) + ": up to " + engagedText(most->engagement);
 }
 
 std::string worstFindings(const PathProof& proof) {

@@ -1,6 +1,6 @@
 // What the operator reads of a path proof.
-// Owns: ProofGrade, gradeOf, ProofPlace, worstPlaces, kindText, proofLine, worstFindings,
-//       proofText.
+// Owns: ProofGrade, gradeOf, ProofPlace, worstPlaces, kindText, proofLine, engagementLine,
+//       worstFindings, proofText.
 #pragma once
 
 #include <string>
@@ -33,6 +33,10 @@ const char* kindText(JobKind kind);
 // "In by 0.0000   Left 0.00 %   Rapids 0", and "   Plunges 0" where the setup asks for entries;
 // "Not judged" where the proof was cancelled.
 std::string proofLine(const PathProof& proof);
+
+// The group of which the largest share of the cutter's width is in material, the share and the
+// place; empty when no group cuts material.
+std::string engagementLine(const PathProof& proof);
 
 // A line for the worst finding of each kind beyond its limit; empty when there is none.
 std::string worstFindings(const PathProof& proof);

@@ -15,6 +15,7 @@
 #include "drafting/change.h"
 #include "geometry/row_entity.h"
 #include "toolpath/cancellable_command.h"
+#include "toolpath/engagement_limit.h"
 #include "toolpath/entry_moves.h"
 #include "toolpath/path_groups.h"
 #include "toolpath/path_levels.h"
@@ -55,6 +56,11 @@ bool isTurning(const DrawingStore& store) {
   return pocketingStyle(store) == PocketingStyle::Horizontal && store.cfg_lathe_style_pocketing;
 }
 
+// Lines have no limit of the engagement.
+bool limitsEngagement(const DrawingStore& store) {
+  return isEngagementLimited(store) && pocketingStyle(store) == PocketingStyle::ParallelSpiral;
+}
+
 // Radius, distance from the walls and step of a job.
 struct JobMeasures {
   double radius = 0, distance = 0, step = 0;
@@ -68,9 +74,10 @@ JobMeasures measuresOf(const DrawingStore& store) {
   const bool turning = isTurning(store);
   const double clearance = std::max(0.0F, float{store.cfg_min_rough_clearance});
   const double radius = turning ? 0.0 : double{store.toolradius[store.selectedtool]};
+  const double step = stepOverDistance(store, turning);
   return {.radius = radius,
           .distance = radius + clearance,
-          .step = stepOverDistance(store, turning),
+          .step = limitsEngagement(store) ? limitedStep(store, step) : step,
           .rounding = proofLimits(store).depth};
 }
 
@@ -175,6 +182,7 @@ struct RoughingPlan {
   std::vector<LevelRows> levels{};      // the rows at all levels, with their ways in
   std::vector<std::string> entries{};   // what is to be told about these
   std::vector<PlanePoint> forFinish{};  // that roughing does not come near
+  EngagementExcess excess{};            // where a limit of the engagement is not kept
 };
 
 void addRows(const RoughingField& field, const JobMeasures& job,
@@ -199,7 +207,8 @@ bool enterLevels(CamContext& cam, const RoughingField& field, const JobMeasures&
   const auto isClear = [&field](const Curve& curve, double distance) {
     return field.region.isClear(curve, distance);
   };
-  EntryPlanner planner(cam, job.command, {isClear, job.distance, &field.offset.region},
+  EntryPlanner planner(cam, job.command,
+                       {isClear, job.distance, &field.offset.region, limitsEngagement(cam.store)},
                        depths.index, breathing);
   auto levels = planner.entered(rowsAtLevels(plan.rows, depths.levels));
   if (!levels) return false;
@@ -220,6 +229,7 @@ void finishCommand(CamContext& cam, const JobMeasures& job, const RoughingPlan& 
   showPlacedPaths(cam);
   tellWhatFailed(cam, job.command, plan.failed);
   tellEntries(cam, job.command, plan.entries);
+  tellExcess(cam, job.command, plan.excess);
   tellWhatIsLeft(cam, plan.forFinish);
 }
 
@@ -445,9 +455,37 @@ bool ringsRunBack(const CamContext& cam, const PocketRegion& region, Point click
   return dot(directionNear(drawn, at), directionNear(region.walls(), at)) < 0;
 }
 
+// What rows before those of a command have taken; when it comes before others, none.
+std::vector<SweptCurve> takenBefore(CamContext& cam, const RoughingDepths& depths,
+                                    const Breathing& breathing) {
+  if (depths.index <= cam.store.NumPathSegments) return {};
+  return cutBefore(cam, depths.levels.back().z, breathing);
+}
+
+// Runs become rows, with a limiter split by it.
+using Limiter = std::optional<EngagementLimiter>;
+void addRuns(const RoughingField& field, const JobMeasures& job,
+             std::vector<std::vector<Curve>> runs, Limiter& limiter, const Breathing& breathing,
+             RoughingPlan& plan) {
+  if (limiter) {
+    for (std::vector<Curve>& run : runs) {
+      run = limiter->limited(field.region, job.distance, run);
+      if (limiter->isTooLong()) return;
+    }
+  }
+  addRows(field, job, runs, breathing, plan);
+}
+
+// False after a message.
+bool loopsFit(CamContext& cam, const JobMeasures& job, const Limiter& limiter) {
+  if (!limiter || !limiter->isTooLong()) return true;
+  tellTooManyLoops(cam, job.command);
+  return false;
+}
+
 // One more pass along the walls, in the direction of climb milling.
 void addFinish(const RoughingField& field, const JobMeasures& job, PlanePoint from,
-               const Breathing& breathing, RoughingPlan& plan) {
+               Limiter& limiter, const Breathing& breathing, RoughingPlan& plan) {
   RoomWay way(field.region, {job.radius, job.radius, false});
   way.startAt(from);
   const PocketRegion finish = fittedOffset(field.region, job.radius, breathing).region;
@@ -460,15 +498,45 @@ void addFinish(const RoughingField& field, const JobMeasures& job, PlanePoint fr
       way.cut(loopFrom(loop, nearestPlace(loop, way.place())), /*linked=*/false);
     }
   }
-  addRows(
+  addRuns(
       field,
       {.radius = job.radius, .distance = job.radius, .step = job.step, .rounding = job.rounding},
-      way.runs(), breathing, plan);
+      way.runs(), limiter, breathing, plan);
 }
 
 // Half the way across the offset is the longest that rings can have to go.
 double ringCount(const PocketRegion& offset, double step) {
   return lineCount(offset, ScanStyle::Horizontal, step) / 2;
+}
+
+Limiter limiterOf(CamContext& cam, const RoughingDepths& depths, bool reversed,
+                  const Breathing& breathing) {
+  if (!limitsEngagement(cam.store)) return std::nullopt;
+  return Limiter(std::in_place, limitRules(cam.store, depths.levels.size(), reversed),
+                 takenBefore(cam, depths, breathing), breathing);
+}
+
+void addRings(const DrawingStore& store, const RoughingField& field, const JobMeasures& job,
+              const RingRules& rules, Limiter& limiter, const Breathing& breathing,
+              RoughingPlan& plan) {
+  RoomWay way(field.region, wayRules(store, job));
+  cutRings(field.offset.region, rules, way, breathing);
+  addRuns(field, job, way.runs(), limiter, breathing, plan);
+  if (!store.cfg_auto_place_finish_path) {
+    plan.forFinish = placesForFinish(field, job, breathing);
+  } else if (job.distance > job.radius) {
+    addFinish(field, job, way.place(), limiter, breathing, plan);
+  }
+}
+
+void addRingsOfRest(const DrawingStore& store, const RoughingField& field, const JobMeasures& job,
+                    const RestPlaces& rest, RingRules rules, Limiter& limiter,
+                    const Breathing& breathing, RoughingPlan& plan) {
+  rules.deepest = rest.depthIn(field.offset.region, breathing);
+  RoomWay whole(field.region, {job.distance, job.radius, false});
+  cutRings(field.offset.region, rules, whole, breathing);
+  addRuns(field, job, partsOf(whole, rest, field, job, wayRules(store, job)), limiter, breathing,
+          plan);
 }
 
 std::optional<RoughingPlan> planRings(CamContext& cam, const JobMeasures& job, Point click,
@@ -478,29 +546,23 @@ std::optional<RoughingPlan> planRings(CamContext& cam, const JobMeasures& job, P
   if (!field) return std::nullopt;
   if (!stepIsLargeEnough(cam, job, ringCount(field->offset.region, job.step))) return std::nullopt;
   RoughingPlan plan{.failed = !field->offset.lost.empty()};
-  RingRules rules{.radius = job.radius,
-                  .step = job.step,
-                  .reversed = ringsRunBack(cam, field->region, click),
-                  .click = {click.x, click.y}};
+  const RingRules rules{.radius = job.radius,
+                        .step = job.step,
+                        .reversed = ringsRunBack(cam, field->region, click),
+                        .click = {click.x, click.y}};
+  Limiter limiter = limiterOf(cam, depths, rules.reversed, breathing);
   if (job.onlyRest) {
     const auto rest = restOf(cam, *field, job, depths.levels.back().z, breathing);
     if (!rest) return std::nullopt;
-    rules.deepest = rest->depthIn(field->offset.region, breathing);
-    RoomWay whole(field->region, {job.distance, job.radius, false});
-    cutRings(field->offset.region, rules, whole, breathing);
-    addRows(*field, job, partsOf(whole, *rest, *field, job, wayRules(store, job)), breathing, plan);
-    if (!enterLevels(cam, *field, job, depths, breathing, plan)) return std::nullopt;
-    return plan;
+    addRingsOfRest(store, *field, job, *rest, rules, limiter, breathing, plan);
+  } else {
+    addRings(store, *field, job, rules, limiter, breathing, plan);
   }
-  RoomWay way(field->region, wayRules(store, job));
-  cutRings(field->offset.region, rules, way, breathing);
-  addRows(*field, job, way.runs(), breathing, plan);
-  if (!store.cfg_auto_place_finish_path) {
-    plan.forFinish = placesForFinish(*field, job, breathing);
-  } else if (job.distance > job.radius) {
-    addFinish(*field, job, way.place(), breathing, plan);
-  }
+  if (!loopsFit(cam, job, limiter)) return std::nullopt;
   if (!enterLevels(cam, *field, job, depths, breathing, plan)) return std::nullopt;
+  if (limiter) {
+    plan.excess = excessOf(plan.levels.front(), entryStep(store), *limiter, breathing);
+  }
   return plan;
 }
 
@@ -531,6 +593,7 @@ void ringTruePocket(CamContext& cam, Point click) {
   if (!measuresAreSound(cam, job)) return;
   if (!levelsArePossible(cam, kCommand, ringsHaveLevels(cam.store))) return;
   if (!entriesArePossible(cam, kCommand)) return;
+  if (!engagementLimitIsPossible(cam, kCommand)) return;
   roughByRings(cam, job, click);
 }
 
@@ -553,6 +616,7 @@ void roughTrueRest(CamContext& cam, const char* command) {
   if (!hasRows(cam, command, "No Pocketing Segments have been selected.")) return;
   if (!measuresAreSound(cam, job) || !levelsArePossible(cam, command, several)) return;
   if (!entriesArePossible(cam, command)) return;
+  if (rings && !engagementLimitIsPossible(cam, command)) return;
   if (rings) return roughByRings(cam, job, outlines.front().start);
   const BusyPointer busy(cam.context.systemPointer);
   roughByLines(cam, job);

@@ -17,10 +17,19 @@ std::size_t WayByLength::curveAt(double length) const {
   return std::min(static_cast<std::size_t>(end - ends_.begin()), curves_.size() - 1);
 }
 
+double WayByLength::shareAt(std::size_t curve, double length) const {
+  const double all = endOf(curve) - startOf(curve);
+  return all > 0 ? (length - startOf(curve)) / all : 0;
+}
+
 PlanePoint WayByLength::at(double length) const {
   const std::size_t curve = curveAt(length);
-  const double all = endOf(curve) - startOf(curve);
-  return pointAt(curves_[curve], all > 0 ? (length - startOf(curve)) / all : 0);
+  return pointAt(curves_[curve], shareAt(curve, length));
+}
+
+PlanePoint WayByLength::directionAt(double length) const {
+  const std::size_t curve = curveAt(length);
+  return tess::directionAt(curves_[curve], shareAt(curve, length));
 }
 
 std::vector<Curve> WayByLength::part(double from, double to) const {

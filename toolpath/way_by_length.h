@@ -20,11 +20,16 @@ class WayByLength {
 
   // What lies beyond the way is its end.
   PlanePoint at(double length) const;
+  // Of length 1; where two curves meet, that of the later one.
+  PlanePoint directionAt(double length) const;
+  // The curve that lies there, from 0; the later of two that meet. The way must not be empty.
+  std::size_t curveAt(double length) const;
   // From one length to a later one. Nothing of no length.
   std::vector<Curve> part(double from, double to) const;
 
  private:
-  std::size_t curveAt(double length) const;
+  // Of the curve that lies there.
+  double shareAt(std::size_t curve, double length) const;
 
   std::vector<Curve> curves_;
   std::vector<double> ends_;

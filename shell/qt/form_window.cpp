@@ -89,10 +89,22 @@ void FormWindow::present() {
   activateWindow();
 }
 
-// The toolkit's own way stops at two thirds of the screen.
+// As wide as the toolkit would have it, which is two thirds of the screen at most, and as high as
+// it has to be then: the toolkit's own way stops at two thirds there too.
 void FormWindow::takeWantedSize() {
+  // A frame whose contents were hidden while nobody saw it remembers how large it was with them.
+  const QList<QWidget*> parts = content_->widget()->findChildren<QWidget*>();
+  for (auto part = parts.rbegin(); part != parts.rend(); ++part) {
+    if ((*part)->layout() == nullptr) continue;
+    (*part)->layout()->invalidate();
+    (*part)->layout()->activate();
+  }
+  content_->widget()->layout()->activate();
   layout()->activate();
   QSize wanted = layout()->totalSizeHint();
+  const int broad = screen()->availableSize().width() * 2 / 3;
+  const int least = layout()->totalMinimumSize().width();
+  wanted.setWidth(std::min(wanted.width(), std::max(broad, least)));
   if (layout()->hasHeightForWidth()) {
     wanted.setHeight(layout()->totalHeightForWidth(wanted.width()));
   }

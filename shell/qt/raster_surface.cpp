@@ -101,9 +101,13 @@ void RasterSurface::setDensity(double density) {
   resizePicture();
 }
 
+QColor RasterSurface::ground() const {
+  return colorOf(state().backColor);
+}
+
 QImage RasterSurface::emptyPicture(const QSize& size) const {
   QImage picture(size, QImage::Format_RGB32);
-  picture.fill(colorOf(state().backColor));
+  picture.fill(ground());
   return picture;
 }
 
@@ -160,8 +164,7 @@ void RasterSurface::Refresh() {
 const QImage& RasterSurface::picture() {
   if (!repaint_) return shown_;
   stopPainting();
-  if (picture_.isNull()) return shown_ = emptyPicture({1, 1});
-  return picture_;
+  return pixels();
 }
 
 // What is still shown keeps its pixels, so the picture goes on in others: those that were shown the
@@ -174,7 +177,7 @@ void RasterSurface::Cls() {
     const bool fits = spare_.size() == pictureSize();
     picture_ = fits ? std::exchange(spare_, QImage()) : emptyPicture(pictureSize());
   }
-  picture_.fill(colorOf(state().backColor));
+  picture_.fill(ground());
   painted(bounds());
 }
 
@@ -368,7 +371,7 @@ void RasterSurface::text(float x, float y, const std::string& text, Rgb color) {
   const Lettering& lettering = letteringOf(text);
   const QRectF reach(corner, lettering.size);
   QPainter& brush = painter(ink(color), paintsSmoothly());
-  if (!state().fontTransparent) brush.fillRect(reach, colorOf(state().backColor));
+  if (!state().fontTransparent) brush.fillRect(reach, ground());
   brush.fillPath(lettering.outlines.translated(corner), ink(color));
   painted(reach);
 }

@@ -32,6 +32,9 @@ class RasterSurface : public DrawingSurface {
   void setDensity(double density);
   // What is to be shown: while repainting is off, the picture as it was then.
   const QImage& picture();
+  // Nobody has painted or asked for the picture yet: it would be nothing but its ground.
+  bool isEmpty() const { return picture_.isNull(); }
+  QColor ground() const;
 
   SurfaceArea area() const override { return area_; }
   void Move(const SurfaceArea& area) override;
@@ -120,7 +123,7 @@ class RasterSurface : public DrawingSurface {
   std::optional<LastLine> lastLine_;
   mutable std::optional<Measures> measures_;
   bool begun_ = false;  // the first clearing: what was painted before, in no view, is not kept
-  QImage picture_;      // null before anything is painted
+  QImage picture_;      // null while it is empty
   QImage shown_;        // while repainting is off
   QImage spare_;        // to be cleared for the next picture
   QImage hovering_;     // the bits that lines that hover flip; else all are 0

@@ -77,12 +77,13 @@ bool SurfaceWidget::followDensity() {
 void SurfaceWidget::paintEvent(QPaintEvent* /*event*/) {
   painted_ = QRect();
   followDensity();
+  QPainter painter(this);
+  if (drawing_.isEmpty()) return painter.fillRect(rect(), drawing_.ground());
   const QImage& picture = drawing_.picture();
   // The same pixels under the screen's density, without a copy.
   QImage shown(picture.constBits(), picture.width(), picture.height(), picture.bytesPerLine(),
                picture.format());
   shown.setDevicePixelRatio(drawing_.density());
-  QPainter painter(this);
   painter.setCompositionMode(QPainter::CompositionMode_Source);
   const QSizeF covered = shown.deviceIndependentSize();
   if (covered.width() < width() || covered.height() < height()) {

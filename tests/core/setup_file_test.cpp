@@ -390,6 +390,18 @@ TEST_F(SetupFile, DesktopKeysAreWrittenOnlyWhenTheyAreOn) {
   EXPECT_FALSE(store.desktopkeys) << "a setup that does not tell it does without";
 }
 
+TEST_F(SetupFile, TheEngagementLimitIsWrittenWhereThereIsOne) {
+  read(wholeSetup());
+  EXPECT_THAT(written(), Not(HasSubstr("engagement")));
+  store.cfg_engagement_limit = 37.5F;
+  EXPECT_THAT(written(), HasSubstr("\r\nengagement limit = 37.5\r\ntolerence"));
+  read("Engagement Limit = 25\r\n");
+  EXPECT_EQ(store.cfg_engagement_limit, 25);
+  EXPECT_TRUE(test.messages().empty());
+  read(wholeSetup());
+  EXPECT_EQ(store.cfg_engagement_limit, 0);
+}
+
 TEST_F(SetupFile, TheEntryIsWrittenAsFarAsItIsToldAndBackToThePlungeWithoutIt) {
   read(wholeSetup());
   EXPECT_THAT(written(), Not(HasSubstr("entry")));

@@ -195,13 +195,19 @@ TEST_F(EveryForm, IsWholeOnASmallScreen) {
   forEach([](Form& /*form*/, FormWindow& window) {
     QWidget& content = *window.findChild<ContentArea*>()->widget();
     QSize wanted = content.sizeHint().expandedTo(content.minimumSizeHint());
+    wanted = wanted.expandedTo(content.minimumSize());
     if (content.hasHeightForWidth()) {
       wanted.setHeight(std::max(content.heightForWidth(wanted.width()), wanted.height()));
     }
     const QLayoutItem* const buttons = window.layout()->itemAt(1);
-    if (buttons != nullptr) wanted.rheight() += buttons->sizeHint().height();
+    if (buttons != nullptr) {
+      wanted.rheight() += buttons->sizeHint().height();
+      wanted.setWidth(std::max(wanted.width(), buttons->sizeHint().width()));
+    }
     EXPECT_LE(wanted.width(), 1366 - 4);
     EXPECT_LE(wanted.height(), 768 - 36);
+    constexpr int kScrollBar = 24;
+    EXPECT_LE(window.width(), wanted.width() + kScrollBar) << "wider than what is in it";
   });
 }
 

@@ -70,6 +70,32 @@ TEST(RasterSurface, AFilledBoxCoversItsPixelsWithYUpward) {
   EXPECT_EQ(countPixels(picture, 0xFF0000), 11 * 21);
 }
 
+TEST(RasterSurface, ThingsLieUponEachOtherInTheirOrder) {
+  RasterSurface surface({0, 0, 200, 100});
+  fitScale(surface);
+  surface.Cls();
+  surface.line({-3, -3, 3, 2.9F}, kRed);  // sloped, through the middle
+  surface.box({-1, -1, 1, 1}, kGreen, /*filled=*/true);
+  EXPECT_EQ(surface.picture().pixelColor(100, 50), QColor(0, 255, 0));
+  surface.line({-3, -3, 3, 2.9F}, kRed);
+  surface.line({-1, 0, 1, 0}, kGreen);
+  EXPECT_EQ(surface.picture().pixelColor(100, 50), QColor(0, 255, 0));
+  surface.line({-3, -3, 3, 3}, kBlack);
+  EXPECT_EQ(surface.picture().pixelColor(100, 50), QColor(0, 0, 0));
+}
+
+TEST(RasterSurface, IsEmptyUntilSomethingIsPaintedOrThePictureIsWanted) {
+  RasterSurface painted({0, 0, 200, 100});
+  painted.Move({0, 0, 300, 200});
+  EXPECT_TRUE(painted.isEmpty());
+  painted.line({3, 4, 150, 77}, kRed);
+  EXPECT_FALSE(painted.isEmpty());
+  RasterSurface wanted({0, 0, 200, 100});
+  EXPECT_TRUE(wanted.isEmpty());
+  EXPECT_EQ(countPixels(wanted.picture(), 0xFFFFFF), 200 * 100);
+  EXPECT_FALSE(wanted.isEmpty());
+}
+
 TEST(RasterSurface, ALineOnAPixelLiesUnderThePointerThatReportsIt) {
   RasterSurface surface({0, 0, 200, 100});
   fitScale(surface);

@@ -93,6 +93,25 @@ TEST(SmoothLine, IsCutOffAtTheEdgesOfThePicture) {
   }
 }
 
+TEST(SmoothLine, WaitingChangesNothing) {
+  QImage together = whitePicture();
+  QImage alone = whitePicture();
+  SmoothLines lines(together);
+  int added = 0;
+  for (const double length : {20.0, 33.0, 2.5}) {
+    for (const QLineF& line : everyDirection(length)) {
+      const QRgb ink = 0xFF000000U | static_cast<QRgb>(7919 * ++added);
+      lines.add(line, 1, ink);
+      blendLine(alone, line, 1, ink);
+    }
+  }
+  EXPECT_NE(together, alone) << "the last ones have not waited";
+  lines.finish();
+  EXPECT_EQ(together, alone);
+  lines.finish();
+  EXPECT_EQ(together, alone);
+}
+
 TEST(SmoothLine, ARowLooksTheSameHoweverOftenItIsCopied) {
   RasterSurface once({0, 0, 200, 100});
   RasterSurface twice({0, 0, 200, 100});

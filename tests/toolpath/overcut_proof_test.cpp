@@ -199,7 +199,6 @@ TEST(CornerOvercutForm, ShowsAllCornersAndTakesThemAll) {
     EXPECT_TRUE(corners(form).optCorners[1].value());
     EXPECT_EQ(corners(form).lblCorners.caption(),
               "4 of 4 corners. Click one in the drawing to pick it, or to leave it out.");
-    EXPECT_EQ(corners(form).lblBlocked.caption(), "");
     ASSERT_THAT(job.context.formPreview.rows, SizeIs(4));
     for (const SegmentRow& row : job.context.formPreview.rows) {
       EXPECT_NEAR(row.x0 - row.xc, 0.25, 1e-6) << "the cutter";
@@ -293,7 +292,8 @@ TEST(CornerOvercutForm, CancelPlacesNothing) {
 TEST(CornerOvercutForm, TellsHowManyCannotBe) {
   OvercutJob job(pocketOfRows(polygonRows({{0.1F, 0}, {4, 0}, {4, 2}, {0, 2}, {0, 0.1F}})));
   job.onCorners = [](Form& form) {
-    EXPECT_EQ(corners(form).lblBlocked.caption(),
+    EXPECT_EQ(corners(form).lblCorners.caption(),
+              "3 of 3 corners. Click one in the drawing to pick it, or to leave it out.\n"
               "In 2 more the cutter would cut another wall, or cannot touch both walls.");
     form.pressDefault();
   };

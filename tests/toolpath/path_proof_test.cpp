@@ -489,7 +489,8 @@ TEST_F(ProofOfLathe, ARapidThroughTheStockIsAFinding) {
 TEST_F(ProofOfSquare, IsToldLineByLine) {
   EXPECT_EQ(proofText(proof()),
             "In by 0.0000   Left 0.00 %   Rapids 0\n"
-            "Group 1: clearing, by record; left 0.00 % at its clearance, 0.00 % at the wall\n");
+            "Group 1: clearing, by record; left 0.00 % at its clearance, 0.00 % at the wall; "
+            "up to 100 % of the cutter's width in material at X = 0.5000, Y = 0.5000 (row 1)\n");
   EXPECT_EQ(worstFindings(proof()), "");
 }
 

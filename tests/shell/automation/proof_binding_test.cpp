@@ -41,7 +41,8 @@ TEST_F(ProofBinding, OfACleanPathIsClean) {
             "0.0\t0\t0.0\t0.0\t0\n"
             "0\t0\t1\t1\tclearing\trecord\ttrue\n"
             "In by 0.0000   Left 0.00 %   Rapids 0\n"
-            "Group 1: clearing, by record; left 0.00 % at its clearance, 0.00 % at the wall\n\n");
+            "Group 1: clearing, by record; left 0.00 % at its clearance, 0.00 % at the wall; "
+            "up to 100 % of the cutter's width in material at X = 0.5000, Y = 0.7500 (row 1)\n\n");
 }
 
 TEST_F(ProofBinding, TellsWhatIsFound) {
@@ -163,7 +164,8 @@ TEST_F(ProofBinding, CheckPrintsTheProofAndFailsBeyondTheLimits) {
   EXPECT_EQ(clean.status, ExitStatus::Done);
   EXPECT_EQ(clean.out,
             "In by 0.0000   Left 0.00 %   Rapids 0\n"
-            "Group 1: clearing, by record; left 0.00 % at its clearance, 0.00 % at the wall\n");
+            "Group 1: clearing, by record; left 0.00 % at its clearance, 0.00 % at the wall; "
+            "up to 100 % of the cutter's width in material at X = 0.5000, Y = 0.7500 (row 1)\n");
   outputOf(cleared("store.psy0[1] = 0.25 store.psy1[1] = 0.25 save('part')"));
   const Checked gouge = check();
   EXPECT_EQ(gouge.status, ExitStatus::JobFailed);
