@@ -1,6 +1,7 @@
 // The main window.
 #include "shell/qt/main_window.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QDragEnterEvent>
 #include <QMimeData>
@@ -116,11 +117,18 @@ void MainWindow::keyPressEvent(QKeyEvent* event) {
   QMainWindow::keyPressEvent(event);
 }
 
+// The toolkit brings drops in the middle of a command too, which would take the drawing from under
+// it, and from under a dialog.
+bool MainWindow::mayDrop() const {
+  return !parts_.gateway.isBusy() && QApplication::activeModalWidget() == nullptr;
+}
+
 void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
-  if (event->mimeData()->hasUrls()) event->acceptProposedAction();
+  if (event->mimeData()->hasUrls() && mayDrop()) event->acceptProposedAction();
 }
 
 void MainWindow::dropEvent(QDropEvent* event) {
+  if (!mayDrop()) return event->ignore();
   std::vector<std::string> paths;
   const QList<QUrl> urls = event->mimeData()->urls();
   for (const QUrl& url : urls) {

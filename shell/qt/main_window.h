@@ -66,6 +66,7 @@ class MainWindow : public QMainWindow, public ToolHostObserver {
  private:
   void fillScreen();
   void makeStatusBar();
+  bool mayDrop() const;
   void showPanel(StatusPanel panel);
   void tellClientArea();
 

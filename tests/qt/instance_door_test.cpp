@@ -4,9 +4,12 @@
 
 #include <QDropEvent>
 #include <QFile>
+#include <QLabel>
 #include <QMimeData>
+#include <QTimer>
 #include <QUrl>
-#include <array>
+#include <filesystem>
+#include <functional>
 #include <future>
 #include <sys/socket.h>
 #include <sys/stat.h>
@@ -15,6 +18,7 @@
 #include "core/drawing_store.h"
 #include "tests/qt/dialog_test_support.h"
 #include "tests/qt/plate_program.h"
+#include "tests/support/write_file.h"
 
 namespace tess {
 namespace {
@@ -169,6 +173,108 @@ TEST_F(HandedFiles, OfAnyNumberTheFirstDrawingIsTaken) {
   urls << QUrl::fromLocalFile(QString::fromStdString(otherDrawing()));
   drop(urls);
   EXPECT_EQ(application().store.drawingname, "other.cdm");
+}
+
+TEST_F(HandedFiles, AreNotTakenFromUnderACommand) {
+  const QList<QUrl> other{QUrl::fromLocalFile(QString::fromStdString(otherDrawing()))};
+  program->gateway().enter("a command", [&] { drop(other); });
+  EXPECT_EQ(application().store.drawingname, "plate.cdm");
+  bool looked = false;
+  testing::whenModal([&](QWidget& dialog) {
+    looked = true;
+    drop(other);
+    dialog.close();
+  });
+  program->window().toolBars().action("miMirror")->trigger();
+  EXPECT_TRUE(looked);
+  EXPECT_EQ(application().store.drawingname, "plate.cdm");
+  drop(other);
+  EXPECT_EQ(application().store.drawingname, "other.cdm");
+}
+
+TEST_F(HandedFiles, AreTakenWhileACommandWaitsForAClick) {
+  program->window().toolBars().action("miLine")->trigger();
+  drop({QUrl::fromLocalFile(QString::fromStdString(otherDrawing()))});
+  EXPECT_EQ(application().store.drawingname, "other.cdm");
+  EXPECT_GT(application().store.NumSegments, 0);
+}
+
+// What boxes and reports say until `act` is done; each is closed at once.
+std::string saidDuring(const std::function<void()>& act) {
+  QStringList said;
+  QTimer look;
+  QObject::connect(&look, &QTimer::timeout, [&said] {
+    QWidget* const box = QApplication::activeModalWidget();
+    if (box == nullptr) return;
+    for (const QLabel* label : box->findChildren<QLabel*>()) {
+      if (!label->text().isEmpty()) said << label->text();
+    }
+    box->close();
+  });
+  look.start(1);
+  act();
+  return said.join('|').toStdString();
+}
+
+// What has the name of a drawing and is none: the drawing that is open stays, and why is said.
+struct Oddity {
+  const char* name;
+  std::function<void(const std::string& path)> make;
+  const char* reason;
+};
+
+class DroppedOddity : public HandedFiles, public ::testing::WithParamInterface<Oddity> {};
+
+TEST_P(DroppedOddity, IsRefusedWithAReason) {
+  const std::string path = home("odd.cdm");
+  GetParam().make(path);
+  const std::string said =
+      saidDuring([&] { drop({QUrl::fromLocalFile(QString::fromStdString(path))}); });
+  EXPECT_EQ(said, std::string("Couldn't revert to saved drawing.\n\n") + GetParam().reason);
+  EXPECT_EQ(application().store.drawingname, "plate.cdm");
+  EXPECT_GT(application().store.NumSegments, 0);
+}
+
+void makePipe(const std::string& path) {
+  ASSERT_EQ(::mkfifo(path.c_str(), S_IRUSR | S_IWUSR), 0);
+}
+
+void makeDevice(const std::string& path) {
+  std::filesystem::create_symlink("/dev/zero", path);
+}
+
+void makeHuge(const std::string& path) {
+  testing::writeFile(path, "");
+  std::filesystem::resize_file(path, 1ULL << 31U);  // of which nothing is on the disk
+}
+
+const Oddity kOddities[] = {
+    {"Pipe", makePipe, "Path/File access error (it is a pipe)"},
+    {"Device", makeDevice, "Path/File access error (it is a device)"},
+    {"Huge", makeHuge, "The file is too large (2147483648 bytes, at most 67108864)"}};
+
+INSTANTIATE_TEST_SUITE_P(Files, DroppedOddity, ::testing::ValuesIn(kOddities),
+                         [](const auto& oddity) { return oddity.param.name; });
+
+// Reading has begun by then, and with it the drawing that was open has been left.
+TEST_F(HandedFiles, AnEmptyDrawingIsReported) {
+  home.write("odd.cdm", "");
+  const std::string said =
+      saidDuring([&] { drop({QUrl::fromLocalFile(QString::fromStdString(home("odd.cdm")))}); });
+  EXPECT_NE(said, "");
+  EXPECT_EQ(application().store.drawingname, "");
+  EXPECT_EQ(application().store.NumSegments, 0);
+  drop({QUrl::fromLocalFile(QString::fromStdString(home("CNC/plate.cdm")))});
+  EXPECT_EQ(application().store.drawingname, "plate.cdm");
+}
+
+TEST_F(HandedFiles, AFolderIsNoDrawing) {
+  std::filesystem::create_directory(home("odd.cdm"));
+  std::string text;
+  expectMessage(text);
+  drop({QUrl::fromLocalFile(QString::fromStdString(home("odd.cdm")))});
+  EXPECT_EQ(text, home("odd.cdm") + " is neither a drawing nor a DXF file.");
+  EXPECT_EQ(application().store.drawingname, "plate.cdm");
 }
 
 }  // namespace

@@ -396,12 +396,14 @@ std::vector<std::string> statesTold(int pipe) {
 // that was being done.
 void killAndRestore(std::uint32_t seed) {
   const testing::TempFolder home;
+  const testing::TempFolder left;  // what the killed one has no time to remove
   int ends[2];
   ASSERT_EQ(::pipe(ends), 0);
   const pid_t child = ::fork();
   ASSERT_GE(child, 0);
   if (child == 0) {
     ::close(ends[0]);
+    ::setenv("TMPDIR", left().c_str(), 1);
     workUntilKilled(home(), seed, ends[1]);
   }
   ::close(ends[1]);
