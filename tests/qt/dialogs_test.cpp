@@ -175,7 +175,12 @@ TEST_F(DialogsTest, AMissingFileIsToldInTheDialog) {
 // Dialogs of commands, in the program.
 class ProgramDialogsTest : public DialogsTest {
  protected:
-  ProgramDialogsTest() : program(home()) { program.open(""); }
+  // The pointer is put to a place in the picture, so that has to stand.
+  ProgramDialogsTest() : program(home()) {
+    program.open("");
+    EXPECT_TRUE(testing::waitFor(
+        [this] { return program.application().interaction.redraw.TaskQueueState() == 0; }));
+  }
 
   void tool(const char* name) { program.application().clickTool(name); }
   DrawingStore& store() { return program.application().store; }

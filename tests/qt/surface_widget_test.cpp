@@ -138,8 +138,11 @@ TEST_F(SurfaceWidgetTest, ShowsThePictureUnderTheDensityOfTheScreen) {
   surface->drawing().Cls();
   surface->drawing().box({5, 5, 6, 6}, 0x0000FF, /*filled=*/true);
   const QImage shown = surface->grab().toImage();
-  EXPECT_EQ(shown.pixelColor(55, 45), QColor(255, 0, 0));
-  EXPECT_EQ(shown.pixelColor(20, 20), QColor(0, 255, 0));
+  const auto colorAt = [&shown](double x, double y) {
+    return shown.pixelColor((QPointF(x, y) * shown.devicePixelRatio()).toPoint());
+  };
+  EXPECT_EQ(colorAt(55, 45), QColor(255, 0, 0));
+  EXPECT_EQ(colorAt(20, 20), QColor(0, 255, 0));
 }
 
 struct KeyCase {
