@@ -134,6 +134,7 @@ TEST_F(SurfaceWidgetTest, TheWheelCountsWholeSteps) {
 }
 
 TEST_F(SurfaceWidgetTest, ShowsThePictureUnderTheDensityOfTheScreen) {
+  surface->grab();  // which is known from the first painting on
   surface->drawing().setBackColor(0x00FF00);
   surface->drawing().Cls();
   surface->drawing().box({5, 5, 6, 6}, 0x0000FF, /*filled=*/true);
