@@ -9,7 +9,9 @@ namespace {
 
 // Letters are commands on the drawing, and plus and minus may be: these are not.
 constexpr char kBeginnings[] = "0123456789.@(";
-constexpr int kLongestText = 1 << 20;  // so that one that is too long is told, not cut
+// One that is too long is told, not cut; of what the toolkit can lay out only in many seconds, as a
+// file on the clipboard, the beginning is enough to tell.
+constexpr int kLongestText = 100000;
 constexpr int kLetters = 30;
 
 }  // namespace

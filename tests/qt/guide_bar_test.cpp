@@ -112,6 +112,26 @@ TEST_F(GuideBarTest, AVeryLongTextIsToldNotCut) {
   EXPECT_EQ(bar().answer().text(), "The text has 100000 characters, and 200 are the most.");
 }
 
+TEST_F(GuideBarTest, OnlyAPositionOfTheClipboardIsOne) {
+  openActive();
+  strike(Qt::Key_L, "l");
+  type("1");
+  const auto enterPasted = [this](const QString& text) {
+    QApplication::clipboard()->setText(text);
+    line().selectAll();
+    line().paste();
+    strike(Qt::Key_Return);
+  };
+  for (const QString& text : {QString(3 << 20, '7'), QString("1,2\n3,4"), QString("M30\t%"),
+                              QString("1,2").repeated(50) + QChar(0xFFFE), QString("\xC2\xB1")}) {
+    enterPasted(text);
+    EXPECT_NE(bar().answer().text(), "") << text.left(20).toStdString();
+    EXPECT_EQ(store().NumSegments, 0) << text.left(20).toStdString();
+  }
+  enterPasted("2,1");
+  EXPECT_EQ(store().NumSegments, 1);
+}
+
 TEST_F(GuideBarTest, ShiftEnterPutsTheMarker) {
   openActive();
   type("1.3,0.7");
