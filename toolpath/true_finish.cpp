@@ -10,16 +10,13 @@
 #include <vector>
 
 #include "core/drawing_store.h"
-#include "core/number_text.h"
 #include "core/pocketing_choices.h"
 #include "display/pointer.h"
 #include "drafting/change.h"
 #include "geometry/row_entity.h"
 #include "toolpath/cancellable_command.h"
-#include "toolpath/chain_walk.h"
-#include "toolpath/connected_rows.h"
-#include "toolpath/element_offset.h"
 #include "toolpath/entry_moves.h"
+#include "toolpath/finish_field.h"
 #include "toolpath/frmCornerOvercut.h"
 #include "toolpath/frmHoldingTabs.h"
 #include "toolpath/job_walls.h"
@@ -28,11 +25,9 @@
 #include "toolpath/path_levels.h"
 #include "toolpath/path_placement.h"
 #include "toolpath/path_proof.h"
-#include "toolpath/region_offset.h"
 #include "toolpath/region_rows.h"
 #include "toolpath/rest_region.h"
 #include "toolpath/true_leads.h"
-#include "toolpath/true_links.h"
 #include "toolpath/true_pocket.h"
 
 namespace tess {
@@ -43,17 +38,7 @@ constexpr char kStage[] = "Collecting Finish Points    ";
 // Leads shorter than this share of the tool's radius are none.
 constexpr double kShortestLead = 0.01;
 
-PlanePoint placeOf(Point p) {
-  return {p.x, p.y};
-}
-
-// ---- The chain
-
-struct Chain {
-  std::vector<int> rows;          // of the drawing
-  std::vector<Entity> travelled;  // the same as the walk runs along them
-  bool closed = false;
-};
+// ---- The start
 
 // The clicks may have found an end of one row and another row: then its own end.
 Point startOn(const DrawingStore& store, const TrueFinishRequest& request) {
@@ -61,280 +46,6 @@ Point startOn(const DrawingStore& store, const TrueFinishRequest& request) {
   const bool atEnd = distance(request.start, row.end) < distance(request.start, row.start);
   return atEnd ? row.end : row.start;
 }
-
-// The rows as the operator's clicks lead along them.
-Chain walkFrom(const DrawingStore& store, int sg, Point start) {
-  Chain chain;
-  ChainWalk walk(store);
-  std::vector<bool> passed(static_cast<std::size_t>(store.NumSegments) + 1, false);
-  Point at = start;
-  for (int row = sg;;) {
-    const Point end = otherEnd(store, row, at);
-    passed[static_cast<std::size_t>(row)] = true;
-    chain.rows.push_back(row);
-    chain.travelled.push_back(travelledRow(store, row, at, end));
-    at = end;
-    if (samePoint(at, start, store.cfg_tolerance)) {
-      chain.closed = true;
-      return chain;
-    }
-    const auto next = walk.nextChainSeg(row, at);
-    if (!next || passed[static_cast<std::size_t>(next->row)]) return chain;
-    row = next->row;
-  }
-}
-
-// The rows of the closed outline that a row is one of, among all that hang together with it; none
-// where these make no outlines.
-std::vector<int> outlineOf(const DrawingStore& store, int sg) {
-  const std::vector<int> rows = rowsConnectedTo(store, sg);
-  const OutlineRegion outlines = regionOf(segmentEntities(store, rows), store.cfg_tolerance);
-  for (const RegionLoop& loop : outlines.region.loops()) {
-    std::vector<int> found;
-    found.reserve(loop.sources.size());
-    for (const int source : loop.sources) found.push_back(rows[static_cast<std::size_t>(source)]);
-    if (std::find(found.begin(), found.end(), sg) == found.end()) continue;
-    found.erase(std::unique(found.begin(), found.end()), found.end());
-    std::rotate(found.begin(), std::find(found.begin(), found.end(), sg), found.end());
-    return found;
-  }
-  return {};
-}
-
-// A walk from row to row goes astray where an outline touches itself, and at rows shorter than the
-// tolerance.
-Chain chainFrom(const DrawingStore& store, int sg, Point start) {
-  Chain chain = walkFrom(store, sg, start);
-  if (chain.closed) return chain;
-  std::vector<int> outline = outlineOf(store, sg);
-  if (outline.empty()) return chain;
-  const Entity first = travelledRow(store, sg, start, otherEnd(store, sg, start));
-  return {std::move(outline), {first}, /*closed=*/true};
-}
-
-// ---- What is to be cut
-
-// A path of one pass: curves without a gap.
-struct FinishWay {
-  std::vector<Curve> curves;
-  bool closed = false;
-  bool freeLeft = true;
-};
-
-std::vector<std::vector<Curve>> curvesOf(const std::vector<FinishWay>& ways) {
-  std::vector<std::vector<Curve>> all;
-  all.reserve(ways.size());
-  for (const FinishWay& way : ways) all.push_back(way.curves);
-  return all;
-}
-
-// What a pass goes along, and what it must keep clear of.
-class FinishField {
- public:
-  virtual ~FinishField() = default;
-  virtual std::vector<FinishWay> waysAt(double distance, const Breathing& breathing) const = 0;
-  virtual bool isClear(const Curve& curve, double distance) const = 0;
-  // Beside these ways, which keep the radius from the walls.
-  virtual InsideCorners cornersBeside(const std::vector<FinishWay>& ways, double radius,
-                                      double least) const = 0;
-  // Its ways run round a part, which they would cut free.
-  virtual bool runsRoundPart() const = 0;
-};
-
-// ---- Closed chains
-
-class ClosedField : public FinishField {
- public:
-  ClosedField(PocketRegion region, std::vector<int> rowsOfWalls, const Chain& chain, Point start,
-              bool outside)
-      : region_(std::move(region)),
-        rowOfSource_(std::move(rowsOfWalls)),
-        chain_(chain),
-        chainRows_(chain.rows),
-        start_(placeOf(start)),
-        outside_(outside) {
-    std::sort(chainRows_.begin(), chainRows_.end());
-  }
-
-  // Loops of which a piece comes from the chain, the one nearest to the start first.
-  std::vector<FinishWay> waysAt(double distance, const Breathing& breathing) const override {
-    const PocketRegion offset = fittedOffset(region_, distance, breathing).region;
-    std::vector<std::pair<double, FinishWay>> ways;
-    for (const RegionLoop& loop : offset.loops()) {
-      if (!isOfChain(loop)) continue;
-      ways.emplace_back(nearestPlace(loop, start_).distance, wayRound(loop));
-    }
-    std::stable_sort(ways.begin(), ways.end(),
-                     [](const auto& a, const auto& b) { return a.first < b.first; });
-    std::vector<FinishWay> sorted;
-    sorted.reserve(ways.size());
-    for (auto& way : ways) sorted.push_back(std::move(way.second));
-    return sorted;
-  }
-
-  bool isClear(const Curve& curve, double distance) const override {
-    return region_.isClear(curve, distance);
-  }
-
-  InsideCorners cornersBeside(const std::vector<FinishWay>& ways, double radius,
-                              double least) const override {
-    std::vector<WallJoint> joints;
-    for (int loop = 0; loop < static_cast<int>(region_.loops().size()); ++loop) {
-      const RegionLoop& of = region_.loops()[static_cast<std::size_t>(loop)];
-      const int first = region_.firstWallOf(loop);
-      const int count = static_cast<int>(of.curves.size());
-      for (int k = 0; k < count; ++k) {
-        const WallJoint joint{first + k, first + (k + 1) % count};
-        if (isRowOfChain(joint.before) || isRowOfChain(joint.after)) joints.push_back(joint);
-      }
-    }
-    return insideCorners(region_.index(), joints, curvesOf(ways), radius, least);
-  }
-
-  bool runsRoundPart() const override { return outside_; }
-
- private:
-  int rowOf(int wall) const {
-    const int loop = region_.loopOf(wall);
-    const RegionLoop& of = region_.loops()[static_cast<std::size_t>(loop)];
-    const auto at = static_cast<std::size_t>(wall - region_.firstWallOf(loop));
-    return rowOfSource_[static_cast<std::size_t>(of.sources[at])];
-  }
-
-  bool isRowOfChain(int wall) const {
-    return std::binary_search(chainRows_.begin(), chainRows_.end(), rowOf(wall));
-  }
-
-  bool isOfChain(const RegionLoop& loop) const {
-    return std::any_of(loop.sources.begin(), loop.sources.end(),
-                       [this](int wall) { return isRowOfChain(wall); });
-  }
-
-  // The walls have free space on their left: the clicked way is theirs or the other.
-  bool runsBack() const {
-    std::vector<Curve> clicked;
-    appendCurves(chain_.travelled.front(), clicked);
-    for (std::size_t wall = 0; wall < region_.walls().size(); ++wall) {
-      if (rowOf(static_cast<int>(wall)) != chain_.rows.front()) continue;
-      const Curve& curve = region_.walls()[wall];
-      const PlanePoint middle = pointAt(curve, 0.5);
-      const auto same =
-          std::min_element(clicked.begin(), clicked.end(), [&](const Curve& a, const Curve& b) {
-            return distanceTo(a, middle) < distanceTo(b, middle);
-          });
-      const PlanePoint along = directionAt(*same, shareOf(*same, nearestOn(*same, middle).at));
-      return dot(along, directionAt(curve, 0.5)) < 0;
-    }
-    return false;
-  }
-
-  // It begins with what lies beside the clicked row, or else next to the clicked start.
-  FinishWay wayRound(const RegionLoop& drawn) const {
-    const bool back = runsBack();
-    const RegionLoop loop = back ? reversedLoop(drawn) : drawn;
-    LoopPlace begin = nearestPlace(loop, start_);
-    double longest = 0;
-    for (std::size_t k = 0; k < loop.curves.size(); ++k) {
-      if (rowOf(loop.sources[k]) != chain_.rows.front()) continue;
-      const double length = lengthOf(loop.curves[k]);
-      if (length <= longest) continue;
-      longest = length;
-      begin = {k, 0};
-    }
-    return {loopFrom(loop, begin), /*closed=*/true, !back};
-  }
-
-  PocketRegion region_;
-  std::vector<int> rowOfSource_;  // the drawing row that each row of the region's outlines is
-  const Chain& chain_;
-  std::vector<int> chainRows_;  // ascending
-  PlanePoint start_;
-  bool outside_;
-};
-
-// ---- Open chains
-
-class OpenField : public FinishField {
- public:
-  OpenField(const Chain& chain, Point reference) {
-    for (const Entity& row : chain.travelled) appendCurves(row, walls_);
-    for (std::size_t k = 1; k < walls_.size(); ++k) {
-      const Curve& wall = walls_[k];
-      const PlanePoint start = walls_[k - 1].end;
-      if (start == wall.start) continue;
-      walls_[k] = wall.isArc() ? arcCurve(start, wall.end, wall.center, wall.turn)
-                               : lineCurve(start, wall.end);
-    }
-    freeLeft_ = isLeft(placeOf(reference));
-    if (!freeLeft_) {
-      std::reverse(walls_.begin(), walls_.end());
-      std::transform(walls_.begin(), walls_.end(), walls_.begin(), reversed);
-    }
-    index_ = CurveIndex(walls_);
-  }
-
-  std::vector<FinishWay> waysAt(double distance, const Breathing& breathing) const override {
-    std::vector<FinishWay> ways;
-    for (std::vector<Curve>& stretch : chainOffset(walls_, distance, breathing).stretches) {
-      if (!freeLeft_) {
-        std::reverse(stretch.begin(), stretch.end());
-        std::transform(stretch.begin(), stretch.end(), stretch.begin(), reversed);
-      }
-      ways.push_back({std::move(stretch), /*closed=*/false, freeLeft_});
-    }
-    if (!freeLeft_) std::reverse(ways.begin(), ways.end());
-    return ways;
-  }
-
-  bool isClear(const Curve& curve, double distance) const override {
-    const auto nearest = index_.nearest(curve, distance);
-    return !nearest || nearest->gap.distance >= distance;
-  }
-
-  InsideCorners cornersBeside(const std::vector<FinishWay>& ways, double radius,
-                              double least) const override {
-    std::vector<WallJoint> joints;
-    for (int wall = 1; wall < static_cast<int>(walls_.size()); ++wall) {
-      joints.push_back({wall - 1, wall});
-    }
-    return insideCorners(index_, joints, curvesOf(ways), radius, least);
-  }
-
-  bool runsRoundPart() const override { return false; }
-
- private:
-  static bool isLeftOf(const Curve& wall, PlanePoint at) {
-    if (wall.isArc()) return (normOf(at - wall.center) < wall.radius) == (wall.turn > 0);
-    return cross(wall.end - wall.start, at - wall.start) > 0;
-  }
-
-  // Beside a joint that turns left, left is what is left of both rows; of either at one that turns
-  // right.
-  bool isLeft(PlanePoint at) const {
-    std::size_t nearest = 0;
-    for (std::size_t k = 1; k < walls_.size(); ++k) {
-      if (distanceTo(walls_[k], at) < distanceTo(walls_[nearest], at)) nearest = k;
-    }
-    const Curve& wall = walls_[nearest];
-    const PlanePoint foot = nearestOn(wall, at).at;
-    if (foot == wall.end && nearest + 1 < walls_.size()) {
-      return isLeftAtJoint(wall, walls_[nearest + 1], at);
-    }
-    if (foot == wall.start && nearest > 0) return isLeftAtJoint(walls_[nearest - 1], wall, at);
-    return isLeftOf(wall, at);
-  }
-
-  static bool isLeftAtJoint(const Curve& before, const Curve& after, PlanePoint at) {
-    const bool turnsLeft = cross(directionAt(before, 1), directionAt(after, 0)) > 0;
-    const bool first = isLeftOf(before, at);
-    const bool second = isLeftOf(after, at);
-    return turnsLeft ? first && second : first || second;
-  }
-
-  std::vector<Curve> walls_;
-  CurveIndex index_;
-  bool freeLeft_ = true;
-};
 
 // ---- Leads
 
@@ -524,62 +235,7 @@ struct PassTabs {
   std::vector<JobTab> tabs;
 };
 
-// ---- The field of a chain
-
-bool isVerifiedChain(const DrawingStore& store, const Chain& chain) {
-  return std::all_of(chain.rows.begin(), chain.rows.end(),
-                     [&](int sg) { return store.segattr[sg] == kVerifiedRow; });
-}
-
-std::vector<int> verifiedRows(const DrawingStore& store) {
-  std::vector<int> rows;
-  for (int sg = 1; sg <= store.NumSegments; ++sg) {
-    if (store.segattr[sg] == kVerifiedRow) rows.push_back(sg);
-  }
-  return rows;
-}
-
-// On which side of the chain it is free: inside for loops that run counter-clockwise.
-bool isFreeInside(const PocketRegion& region, const std::vector<int>& rows, const Chain& chain) {
-  for (const RegionLoop& loop : region.loops()) {
-    const int row = rows[static_cast<std::size_t>(loop.sources.front())];
-    if (std::find(chain.rows.begin(), chain.rows.end(), row) != chain.rows.end()) {
-      return loop.area >= 0;
-    }
-  }
-  return false;
-}
-
-// What touches the chain is a wall as well, unless there are rows among it that lead nowhere.
-std::vector<int> rowsWithChain(const DrawingStore& store, const Chain& chain) {
-  std::vector<int> rows = rowsConnectedTo(store, chain.rows.front());
-  if (rows.size() <= chain.rows.size()) return chain.rows;
-  const OutlineRegion all = regionOf(segmentEntities(store, rows), store.cfg_tolerance);
-  return all.fault ? chain.rows : rows;
-}
-
-std::unique_ptr<FinishField> fieldOf(CamContext& cam, const Chain& chain,
-                                     const TrueFinishRequest& request) {
-  const DrawingStore& store = cam.store;
-  if (!chain.closed) return std::make_unique<OpenField>(chain, request.reference);
-  const float tolerence = store.cfg_tolerance;
-  const std::vector<int> own = rowsWithChain(store, chain);
-  OutlineRegion alone = regionOf(segmentEntities(store, own), tolerence);
-  if (!outlineIsSound(cam, kCommand, alone)) return nullptr;
-  const bool inside = alone.region.isFree(placeOf(request.reference));
-  if (isVerifiedChain(store, chain)) {
-    const std::vector<int> rows = verifiedRows(store);
-    OutlineRegion all = regionOf(segmentEntities(store, rows), tolerence);
-    if (!outlineIsSound(cam, kCommand, all)) return nullptr;
-    if (isFreeInside(all.region, rows, chain) == inside) {
-      return std::make_unique<ClosedField>(std::move(all.region), rows, chain, request.start,
-                                           !inside);
-    }
-  }
-  if (!inside) alone = regionOf(segmentEntities(store, chain.rows), tolerence, /*outside=*/true);
-  return std::make_unique<ClosedField>(std::move(alone.region), chain.rows, chain, request.start,
-                                       !inside);
-}
+// ---- The ways
 
 // The ways at the finished size; none after a message.
 std::vector<FinishWay> possibleWays(CamContext& cam, const FinishField& field,
@@ -608,7 +264,7 @@ struct FinishPass {
 
 // All that a command is going to place; nothing of it stands in the drawing before it is complete.
 struct FinishPlan {
-  std::unique_ptr<Chain> chain;
+  std::unique_ptr<FinishChain> chain;
   std::unique_ptr<FinishField> field;
   std::vector<FinishWay> finished;   // the ways at the finished size
   InsideCorners corners;             // beside these, where the setup asks for them
@@ -623,8 +279,8 @@ std::optional<FinishPlan> beginPlan(CamContext& cam, const TrueFinishRequest& re
                                     const Breathing& breathing) {
   const DrawingStore& store = cam.store;
   FinishPlan plan;
-  plan.chain = std::make_unique<Chain>(chainFrom(store, request.sg, request.start));
-  plan.field = fieldOf(cam, *plan.chain, request);
+  plan.chain = std::make_unique<FinishChain>(chainFrom(store, request.sg, request.start));
+  plan.field = finishFieldOf(cam, kCommand, *plan.chain, request.start, request.reference);
   if (!plan.field) return std::nullopt;
   plan.finished = possibleWays(cam, *plan.field, breathing);
   if (plan.finished.empty()) return std::nullopt;
