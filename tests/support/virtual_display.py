@@ -82,9 +82,11 @@ class VirtualDisplay:
         self.folder = tempfile.TemporaryDirectory(prefix="tessimo-")
         reading, writing = os.pipe()
         # Without the repetition of keys: one that is held too long by a busy machine is one key.
+        # Without a new beginning when the only program on it ends: that throws out whoever comes
+        # just then, as the window manager while it is asked for.
         self.server = subprocess.Popen(
             ["Xvfb", "-displayfd", str(writing), "-screen", "0", self.size, "-nolisten", "tcp",
-             "-r"],
+             "-r", "-noreset"],
             pass_fds=[writing], stderr=subprocess.DEVNULL)
         os.close(writing)
         with os.fdopen(reading) as answer:
