@@ -17,7 +17,7 @@
 #include "shell/program_folder.h"
 #include "shell/qt/desktop_program.h"
 #include "shell/qt/instance_door.h"
-#include "shell/qt/plain_numbers.h"
+#include "shell/qt/plain_locale.h"
 #include "shell/qt/plot.h"
 #include "shell/qt/script_player.h"
 #include "shell/qt/theme.h"
@@ -82,7 +82,7 @@ class Toolkit {
         texts_(pointersTo(arguments_)),
         search_(std::make_unique<DisplaySearch>()),
         application_(count_, texts_.data()) {
-    keepPlainNumbers();
+    keepPlainLocale();
     search_.reset();
     QApplication::setApplicationName("tessimo");
     QApplication::setDesktopFileName("tessimo");

@@ -79,6 +79,22 @@ class CommandLines(unittest.TestCase):
                     self.play(text, before=["--allow-io"], LC_ALL="C.UTF-8")):
             self.assertEqual((run.returncode, run.stdout, run.stderr), (0, "0.75\tC\n", ""))
 
+    # The toolkit takes over the operator's locale; in Turkish a capital i has another small letter,
+    # and capitals sort among the small ones.
+    def test_texts_have_the_same_case_and_order_whatever_the_locale(self) -> None:
+        locales = self.work / "locales"
+        locales.mkdir()
+        subprocess.run(["localedef", "-i", "tr_TR", "-f", "UTF-8", locales / "tr_TR.UTF-8"],
+                       check=True)
+        text = "plot('part.png') print(('TITLE'):lower(), ('title'):upper(), 'B' < 'a')\n"
+        script = self.work / "play.lua"
+        script.write_text(text)
+        language = {"LOCPATH": str(locales), "LC_ALL": "tr_TR.UTF-8"}
+        for run in (self.run_program("--home", str(self.home), "--run", str(script), **language),
+                    self.play(text, **language)):
+            self.assertEqual((run.returncode, run.stdout, run.stderr),
+                             (0, "title\tTITLE\ttrue\n", ""))
+
     def test_the_reader_of_jet_files_takes_its_file_and_nothing_else(self) -> None:
         file = self.work / "x.mdb"
         for content in (b"", b"a text", b"\0\1\0\0Standard Jet DB\0" + bytes(range(256)) * 32):
