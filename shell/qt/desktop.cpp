@@ -169,6 +169,7 @@ ExitStatus playInWindow(const ScriptJob& job, std::vector<std::string> arguments
   if (!text) return ExitStatus::JobFailed;
   if (const std::string trouble = obstacle(); !trouble.empty()) return fail(trouble);
   qInstallMessageHandler(passOverWarnings);
+  keepUsableScale();
   const Toolkit toolkit(std::move(arguments));
   const std::unique_ptr<QLockFile> lock = takeLock();
   if (!lock) return fail("Tessimo is already running");
@@ -182,6 +183,7 @@ int runDesktop(const DesktopRequest& request, std::vector<std::string> arguments
     say(std::cerr, trouble);
     return kExitFailed;
   }
+  keepUsableScale();
   const Toolkit toolkit(std::move(arguments));
   const std::unique_ptr<QLockFile> lock = takeLock();
   if (!lock) {
