@@ -1,6 +1,8 @@
 // Menus and tool bars.
 #include "shell/qt/tool_bars.h"
 
+#include <QApplication>
+#include <QFontMetrics>
 #include <QMenuBar>
 #include <QTimer>
 #include <QToolButton>
@@ -37,10 +39,18 @@ Qt::ToolBarArea firstArea(const std::string& band) {
   return Qt::TopToolBarArea;
 }
 
+// A path, of which a menu that is no wider than a screen shows the beginning and the file's name.
+QString pathText(const QString& caption) {
+  constexpr int kLetters = 70;
+  const QFontMetrics metrics(QApplication::font("QMenu"));
+  const int room = kLetters * metrics.averageCharWidth();
+  return metrics.elidedText(caption, Qt::ElideMiddle, room).replace('&', "&&");
+}
+
 // A menu shows the key beside the caption; the key itself is served by the drawing surface.
 QString menuText(const Tool& tool) {
-  QString caption = shown(tool.caption).trimmed();
-  if (tool.name.starts_with("miRecentFile")) return caption.replace('&', "&&");  // a path
+  const QString caption = shown(tool.caption).trimmed();
+  if (tool.name.starts_with("miRecentFile")) return pathText(caption);
   return tool.key.empty() ? caption : caption + '\t' + shown(tool.key);
 }
 
