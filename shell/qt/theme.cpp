@@ -148,7 +148,7 @@ QSlider::handle:horizontal:disabled { border-color: @border; }
 #startPanel QPushButton { background: @raised; border-color: @border; color: @text;
   padding: 6px 12px; min-width: 200px; text-align: left; }
 #startPanel QPushButton:hover { background: @hover; }
-#startPanel QPushButton:focus { background: @pressed; border-color: @accent; }
+#startPanel QPushButton:focus { background: @pressed; border-color: @accent; padding: 5px 11px; }
 )";
 
 QString sheetOf(const Shades& shades) {

@@ -39,12 +39,18 @@ Qt::ToolBarArea firstArea(const std::string& band) {
   return Qt::TopToolBarArea;
 }
 
-// A path, of which a menu that is no wider than a screen shows the beginning and the file's name.
+// A path, of whose folders a menu that is no wider than a screen shows what it has room for.
 QString pathText(const QString& caption) {
   constexpr int kLetters = 70;
   const QFontMetrics metrics(QApplication::font("QMenu"));
   const int room = kLetters * metrics.averageCharWidth();
-  return metrics.elidedText(caption, Qt::ElideMiddle, room).replace('&', "&&");
+  const qsizetype name = caption.lastIndexOf('/') + 1;
+  const int left = room - metrics.horizontalAdvance(caption.mid(name));
+  const bool nameFits = left > room / 4;
+  const QString text =
+      nameFits ? metrics.elidedText(caption.left(name), Qt::ElideMiddle, left) + caption.mid(name)
+               : metrics.elidedText(caption, Qt::ElideMiddle, room);
+  return QString(text).replace('&', "&&");
 }
 
 // A menu shows the key beside the caption; the key itself is served by the drawing surface.
