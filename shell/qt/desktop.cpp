@@ -10,14 +10,16 @@
 #include <filesystem>
 #include <iostream>
 #include <memory>
+#include <stdexcept>
 
 #include "core/version.h"
 #include "shell/automation/reports.h"
 #include "shell/automation/watchdog.h"
 #include "shell/program_folder.h"
+#include "shell/qt/desktop_limits.h"
 #include "shell/qt/desktop_program.h"
 #include "shell/qt/instance_door.h"
-#include "shell/qt/plain_numbers.h"
+#include "shell/qt/plain_locale.h"
 #include "shell/qt/plot.h"
 #include "shell/qt/script_player.h"
 #include "shell/qt/theme.h"
@@ -38,6 +40,11 @@ bool hasDisplay() {
          !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
 }
 
+// Why no window can come; "" when one can, as far as it can be known before.
+std::string obstacle() {
+  return hasDisplay() ? troubleWith(processLimits()) : kNoDisplay;
+}
+
 // The display that the environment means, as an operator knows it.
 std::string displayName() {
   const QByteArray platform = qgetenv("QT_QPA_PLATFORM");
@@ -53,10 +60,17 @@ std::string unreachable() {
 }
 
 // While the toolkit looks for its display. One that refuses would abort the program, with several
-// lines; one that takes the connection and never answers would keep it for ever.
+// lines; one that takes the connection and never answers would keep it for ever, and so would a
+// window whose thread for what the display has to say could not be started.
 class DisplaySearch {
  public:
-  DisplaySearch() : before_(qInstallMessageHandler(hear)) { patience_.start(); }
+  DisplaySearch() : before_(qInstallMessageHandler(hear)) {
+    try {
+      patience_.start();
+    } catch (const std::runtime_error& failure) {
+      exitAtOnce("tessimo: " + oneLine(failure.what()));
+    }
+  }
   ~DisplaySearch() { qInstallMessageHandler(before_); }
   DisplaySearch(const DisplaySearch&) = delete;
   DisplaySearch& operator=(const DisplaySearch&) = delete;
@@ -66,6 +80,7 @@ class DisplaySearch {
 
   static void hear(QtMsgType type, const QMessageLogContext& where, const QString& text) {
     if (type == QtFatalMsg) exitAtOnce("tessimo: " + oneLine(unreachable()));
+    if (text.startsWith("QThread::start")) exitAtOnce("tessimo: " + oneLine(kNoThread));
     const bool aboutDisplays = QByteArrayView(where.category).startsWith("qt.qpa");
     if (!aboutDisplays) std::fprintf(stderr, "%s\n", text.toUtf8().constData());
   }
@@ -82,7 +97,7 @@ class Toolkit {
         texts_(pointersTo(arguments_)),
         search_(std::make_unique<DisplaySearch>()),
         application_(count_, texts_.data()) {
-    keepPlainNumbers();
+    keepPlainLocale();
     search_.reset();
     QApplication::setApplicationName("tessimo");
     QApplication::setDesktopFileName("tessimo");
@@ -146,7 +161,7 @@ ExitStatus fail(std::string_view line) {
 ExitStatus playInWindow(const ScriptJob& job, std::vector<std::string> arguments) {
   const std::optional<std::string> text = readScript(job, std::cerr);
   if (!text) return ExitStatus::JobFailed;
-  if (!hasDisplay()) return fail(kNoDisplay);
+  if (const std::string trouble = obstacle(); !trouble.empty()) return fail(trouble);
   qInstallMessageHandler(passOverWarnings);
   const Toolkit toolkit(std::move(arguments));
   const std::unique_ptr<QLockFile> lock = takeLock();
@@ -157,8 +172,8 @@ ExitStatus playInWindow(const ScriptJob& job, std::vector<std::string> arguments
 }  // namespace
 
 int runDesktop(const DesktopRequest& request, std::vector<std::string> arguments) {
-  if (!hasDisplay()) {
-    say(std::cerr, kNoDisplay);
+  if (const std::string trouble = obstacle(); !trouble.empty()) {
+    say(std::cerr, trouble);
     return kExitFailed;
   }
   const Toolkit toolkit(std::move(arguments));

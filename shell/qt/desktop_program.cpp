@@ -249,7 +249,7 @@ void DesktopProgram::wireWindow() {
   // The command that asked for it comes to its end first.
   application_.onCloseMainWindow = [this] {
     QMetaObject::invokeMethod(
-        &window_, [this] { window_.close(); }, Qt::QueuedConnection);
+        &window_, [this] { window_.closeOnce(); }, Qt::QueuedConnection);
   };
   application_.onCaptionChanged = [this] {
     window_.setWindowTitle(QString::fromStdString(application_.caption()));

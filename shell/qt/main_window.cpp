@@ -100,6 +100,11 @@ void MainWindow::tellClientArea() {
   parts_.gateway.enter("frmMain.abMain_Resize()", [&] { parts_.tools.setClientArea(area); });
 }
 
+// The toolkit takes a window away that is closed while it closes.
+void MainWindow::closeOnce() {
+  if (!closing_) close();
+}
+
 // The question may itself ask for the window to be closed.
 void MainWindow::closeEvent(QCloseEvent* event) {
   event->ignore();

@@ -44,6 +44,10 @@ class MainWindow : public QMainWindow, public ToolHostObserver {
   // A small line over the surface, for what is said before dialogs are at hand.
   void print(const std::string& line);
 
+  // Closes as the operator's own close does. Nothing while it is closing already: what is asked or
+  // told then would go with the window.
+  void closeOnce();
+
   // Whether the window may close now.
   std::function<bool()> onQueryClose;
   std::function<void()> onClosed;

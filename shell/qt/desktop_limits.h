@@ -1,0 +1,22 @@
+// What the toolkit needs of the limits that the system sets to a process.
+// Owns: ProcessLimits, processLimits, troubleWith.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace tess {
+
+struct ProcessLimits {
+  std::uint64_t openFiles = UINT64_MAX;
+  std::uint64_t memory = UINT64_MAX;  // bytes of address space
+};
+
+// Those of this process.
+ProcessLimits processLimits();
+
+// What is too little for a window; "" when nothing is. With less the toolkit ends the process, or
+// waits for ever, by itself.
+std::string troubleWith(const ProcessLimits& limits);
+
+}  // namespace tess
