@@ -16,14 +16,17 @@
 #include <QScreen>
 #include <QWindow>
 #include <algorithm>
+#include <array>
 #include <gtest/gtest.h>
 #include <map>
 #include <set>
 
+#include "core/file_system.h"
 #include "shell/qt/content_area.h"
 #include "shell/qt/form_window.h"
 #include "shell/qt/tab_order.h"
 #include "tests/qt/plate_program.h"
+#include "tests/support/source_folder.h"
 #include "toolpath/dlgPocketingPrm.h"
 
 namespace tess {
@@ -75,6 +78,41 @@ class EveryForm : public testing::PlateProgram {
            std::find(controls.begin(), controls.end(), widget) == controls.end())
       widget = widget->parentWidget();
     return widget;
+  }
+
+  static bool isField(ControlKind kind) {
+    constexpr std::array kFields{ControlKind::TextBox, ControlKind::CheckBox, ControlKind::Option,
+                                 ControlKind::Combo, ControlKind::Slider};
+    return std::find(kFields.begin(), kFields.end(), kind) != kFields.end();
+  }
+
+  // What a field is called: a drop-down list by its label, for its name is what is chosen.
+  static std::string fieldName(const QWidget& widget) {
+    QAccessibleInterface* spoken =
+        QAccessible::queryAccessibleInterface(const_cast<QWidget*>(&widget));
+    QString name = spoken->text(QAccessible::Name);
+    if (qobject_cast<const QComboBox*>(&widget) != nullptr) {
+      const auto labels = spoken->relations(QAccessible::Label);
+      name = labels.isEmpty() ? widget.accessibleDescription()
+                              : labels.front().first->text(QAccessible::Name);
+    }
+    name = name.trimmed();
+    while (name.endsWith(':') || name.endsWith(' ')) name.chop(1);
+    return name.toStdString();
+  }
+
+  // Each as its form, a bar and its name.
+  static std::set<std::string> fieldsOfTheManual() {
+    std::set<std::string> all;
+    const std::string text = readFile(TESSIMO_SOURCE_DIR "/docs/manual/fields.txt");
+    for (const QString& line : QString::fromStdString(text).split('\n', Qt::SkipEmptyParts)) {
+      if (line.startsWith('#')) continue;
+      const QStringList parts = line.split(" | ");
+      for (const QString& field : parts.at(1).split(';')) {
+        all.insert((parts.at(0) + " | " + field.trimmed()).toStdString());
+      }
+    }
+    return all;
   }
 
   static QRect placeOf(const QWidget& widget, const FormWindow& window) {
@@ -173,6 +211,20 @@ TEST_F(EveryForm, OptionsAreOneOfSeveralToAReader) {
   });
   EXPECT_GT(options, 30);
   EXPECT_GT(names.size(), 25U) << "each by its own caption, not by that of its box";
+}
+
+// The manual explains every field, and none that a form does not have.
+TEST_F(EveryForm, EveryFieldHasItsPlaceInTheManual) {
+  std::set<std::string> wanted;
+  forEach([&](Form& form, FormWindow& window) {
+    for (const Control* control : form.controls()) {
+      if (!isField(control->kind())) continue;
+      const auto* widget = window.findChild<QWidget*>(widgetName(*control));
+      wanted.insert(form.name() + " | " + fieldName(*widget));
+    }
+  });
+  EXPECT_GT(wanted.size(), 150U);
+  EXPECT_EQ(fieldsOfTheManual(), wanted);
 }
 
 TEST_F(EveryForm, AReaderChoosesAnOption) {
