@@ -3,6 +3,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QFontInfo>
 #include <QLockFile>
 #include <QMessageBox>
 #include <QStandardPaths>
@@ -32,6 +33,9 @@ namespace {
 constexpr int kExitFailed = 1;
 constexpr char kNoDisplay[] =
     "there is no display for the window; tessimo --help tells what it does without one";
+
+constexpr char kNoFont[] =
+    "no font is installed for the texts of the window; Debian has some in fonts-dejavu-core";
 
 // Without a display the toolkit would end the program by itself, with less to say.
 bool hasDisplay() {
@@ -99,6 +103,8 @@ class Toolkit {
         application_(count_, texts_.data()) {
     keepPlainLocale();
     search_.reset();
+    if (QFontInfo(QApplication::font()).family().isEmpty())
+      exitAtOnce("tessimo: " + oneLine(kNoFont));
     QApplication::setApplicationName("tessimo");
     QApplication::setDesktopFileName("tessimo");
     startTheme(application_);
@@ -163,6 +169,7 @@ ExitStatus playInWindow(const ScriptJob& job, std::vector<std::string> arguments
   if (!text) return ExitStatus::JobFailed;
   if (const std::string trouble = obstacle(); !trouble.empty()) return fail(trouble);
   qInstallMessageHandler(passOverWarnings);
+  keepUsableScale();
   const Toolkit toolkit(std::move(arguments));
   const std::unique_ptr<QLockFile> lock = takeLock();
   if (!lock) return fail("Tessimo is already running");
@@ -176,6 +183,7 @@ int runDesktop(const DesktopRequest& request, std::vector<std::string> arguments
     say(std::cerr, trouble);
     return kExitFailed;
   }
+  keepUsableScale();
   const Toolkit toolkit(std::move(arguments));
   const std::unique_ptr<QLockFile> lock = takeLock();
   if (!lock) {

@@ -27,6 +27,7 @@
 #include "shell/qt/bolt_pane.h"
 #include "shell/qt/control_binding.h"
 #include "shell/qt/file_text_pane.h"
+#include "shell/qt/icons.h"
 #include "shell/qt/pdf_pane.h"
 #include "shell/qt/prop_list_pane.h"
 #include "shell/qt/rows_pane.h"
@@ -92,10 +93,24 @@ std::unique_ptr<Loader> makeLoader() {
   return loader;
 }
 
+// The property of a label that shows the program's icon: how large, in pixels of the layout.
+constexpr char kProgramIcon[] = "programIcon";
+
+// As fine as the screen is.
+void showProgramIcon(const QWidget& root) {
+  for (auto* label : root.findChildren<QLabel*>()) {
+    const int size = label->property(kProgramIcon).toInt();
+    if (size == 0) continue;
+    label->setPixmap(programIcon().pixmap(QSize(size, size), label->devicePixelRatio()));
+  }
+}
+
 QWidget* loadLayoutFile(const Form& form, QWidget* parent) {
   QFile file(QString(":/forms/%1.ui").arg(layoutName(form)));
   if (!file.open(QIODevice::ReadOnly)) return nullptr;
-  return makeLoader()->load(&file, parent);
+  QWidget* root = makeLoader()->load(&file, parent);
+  if (root != nullptr) showProgramIcon(*root);
+  return root;
 }
 
 QWidget* makeTextBox(const Control& control, QWidget* parent) {

@@ -4,7 +4,9 @@
 #include <QAccessible>
 #include <QAccessibleWidget>
 #include <QComboBox>
+#include <QKeySequence>
 #include <QLabel>
+#include <QRadioButton>
 #include <algorithm>
 #include <cstdlib>
 
@@ -58,9 +60,45 @@ class PaneForReaders : public QAccessibleWidget {
   using QAccessibleWidget::QAccessibleWidget;
 };
 
+// One of several options. The toolkit calls a button that does not switch its neighbours off a
+// check box; here the form does that.
+class OptionForReaders : public QAccessibleWidget {
+ public:
+  explicit OptionForReaders(QRadioButton& option)
+      : QAccessibleWidget(&option, QAccessible::RadioButton), option_(option) {}
+
+  QString text(QAccessible::Text which) const override {
+    // A plain widget without a name of its own would be called by the box round it.
+    if (which == QAccessible::Name && option_.accessibleName().isEmpty()) {
+      return readable(option_.text());
+    }
+    if (which == QAccessible::Accelerator) {
+      return QKeySequence::mnemonic(option_.text()).toString(QKeySequence::NativeText);
+    }
+    return QAccessibleWidget::text(which);
+  }
+  QAccessible::State state() const override {
+    QAccessible::State state = QAccessibleWidget::state();
+    state.checkable = true;
+    state.checked = option_.isChecked();
+    return state;
+  }
+  QStringList actionNames() const override {
+    return QStringList(pressAction()) + QAccessibleWidget::actionNames();
+  }
+  void doAction(const QString& action) override {
+    if (action != pressAction()) return QAccessibleWidget::doAction(action);
+    if (option_.isEnabled()) option_.click();
+  }
+
+ private:
+  QRadioButton& option_;
+};
+
 QAccessibleInterface* paneForReaders(const QString& /*className*/, QObject* object) {
   auto* widget = qobject_cast<QWidget*>(object);
   if (widget == nullptr) return nullptr;
+  if (auto* option = qobject_cast<QRadioButton*>(widget)) return new OptionForReaders(*option);
   const bool picture =
       dynamic_cast<RowsPane*>(widget) != nullptr || dynamic_cast<BoltPane*>(widget) != nullptr;
   if (picture) return new PaneForReaders(widget, QAccessible::Graphic);
