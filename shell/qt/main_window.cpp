@@ -77,11 +77,16 @@ void MainWindow::showAtStart() {
   QTimer::singleShot(kMaximisedAfter, this, [this] { fillScreen(); });
 }
 
-// Without a window manager nobody carries out that a window is maximised.
+// Without a window manager nobody carries out that a window is maximised, and some take it back
+// when the window asks for more room just then, as on a small screen.
 void MainWindow::fillScreen() {
   const QRect available = screen()->availableGeometry();
-  const bool fills = width() > available.width() * kScreenPart;
-  if (isMaximized() && !fills) setGeometry(available);
+  if (width() > available.width() * kScreenPart) return;
+  if (isMaximized()) {
+    setGeometry(available);
+  } else {
+    showMaximized();
+  }
 }
 
 void MainWindow::print(const std::string& line) {
