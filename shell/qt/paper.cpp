@@ -138,7 +138,7 @@ void QtPaper::compose(const SheetPrint& print) {
   pages_.clear();
   const auto shared = std::make_shared<SheetPrint>(print);
   for (std::size_t number = 0; number < print.plan.sheets.size(); ++number) {
-    pages_.push_back([shared, number](QPainter& painter) {
+    pages_.emplace_back([shared, number](QPainter& painter) {
       painter.scale(kTwipsPerMillimetre, kTwipsPerMillimetre);
       paintSheet(*shared, number, painter);
     });
