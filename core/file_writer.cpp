@@ -384,7 +384,7 @@ std::string writeTemporaryFile(std::string_view begin, std::string_view end,
                                std::string_view content) {
   std::error_code error;
   const fs::path folder = fs::temp_directory_path(error);
-  if (error) raiseWriteFailure(error.value(), folder.string());
+  if (error) raiseWriteFailure(error.value(), "the folder for temporary files (TMPDIR)");
   const std::string mine = std::string(begin) + std::to_string(::getpid()) + "-";
   for (int number = 0;; ++number) {
     const std::string path = (folder / (mine + std::to_string(number) + std::string(end))).string();

@@ -12,6 +12,7 @@
 #include <utility>
 
 #include "core/file_system.h"
+#include "core/file_writer.h"
 #include "core/lifecycle.h"
 #include "core/version.h"
 #include "shell/automation/reports.h"
@@ -78,6 +79,10 @@ DesktopProgram::DesktopProgram(const std::string& appfolder, const std::string& 
   colors_.setWindow(&window_);
   paper_.setWindow(&window_);
   paper_.takeScreenShot = [this] { return bitmapFile(pictureForPaper()); };
+  paper_.onFile = [this](const std::string& path, const std::string& content) {
+    gateway_.enter("frmMain.PrintDrawing(Output)",
+                   [&] { writeFile(host_.guard, path, FileKind::Picture, content); });
+  };
   application_.interaction.renderer.look.darkTheme = isDark(surface_.palette());
   wirePlatform();
   wireSurface();

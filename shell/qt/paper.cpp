@@ -5,6 +5,7 @@
 #include <QFontMetricsF>
 #include <QImage>
 #include <QImageReader>
+#include <QPaintEngine>
 #include <QPainter>
 #include <QPdfWriter>
 #include <QPrintDialog>
@@ -137,7 +138,7 @@ void QtPaper::compose(const SheetPrint& print) {
   pages_.clear();
   const auto shared = std::make_shared<SheetPrint>(print);
   for (std::size_t number = 0; number < print.plan.sheets.size(); ++number) {
-    pages_.push_back([shared, number](QPainter& painter) {
+    pages_.emplace_back([shared, number](QPainter& painter) {
       painter.scale(kTwipsPerMillimetre, kTwipsPerMillimetre);
       paintSheet(*shared, number, painter);
     });
@@ -167,18 +168,31 @@ void QtPaper::paint(QPagedPaintDevice& device) const {
 }
 
 std::string QtPaper::pdf() {
+  return pdfOn(layoutOf(documentSides_));
+}
+
+std::string QtPaper::pdfOn(const QPageLayout& layout) const {
   QByteArray bytes;
   QBuffer buffer(&bytes);
   buffer.open(QBuffer::WriteOnly);
   {
     QPdfWriter writer(&buffer);
     writer.setResolution(static_cast<int>(kTwipsPerInch));
-    writer.setPageLayout(layoutOf(documentSides_));
+    writer.setPageLayout(layout);
     writer.setCreator(QString::fromUtf8(kProductName));
     writer.setTitle(QString::fromStdString(title_));
     paint(writer);
   }
   return bytes.toStdString();
+}
+
+// What the toolkit itself writes to a file ends where the disk is full, and nobody is told. While
+// it only shows pages they are a picture to it.
+void QtPaper::deliver(QPrinter& printer) const {
+  const std::string file = printer.outputFileName().toStdString();
+  const bool isPicture = printer.paintEngine()->type() == QPaintEngine::Picture;
+  if (file.empty() || isPicture || !onFile) return paint(printer);
+  onFile(file, pdfOn(printer.pageLayout()));
 }
 
 bool QtPaper::sendToPrinter() {
@@ -187,7 +201,7 @@ bool QtPaper::sendToPrinter() {
   printer.setPageLayout(layoutOf(documentSides_));
   printer.setFullPage(true);
   printer.setDocName(QString::fromStdString(title_));
-  if (QPrintDialog(&printer, window_).exec() == QDialog::Accepted) paint(printer);
+  if (QPrintDialog(&printer, window_).exec() == QDialog::Accepted) deliver(printer);
   return true;
 }
 
@@ -200,7 +214,7 @@ bool QtPaper::showPreview() {
   QPrintPreviewDialog dialog(&printer, window_);
   namePreviewForReaders(dialog);
   QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog,
-                   [this](QPrinter* page) { paint(*page); });
+                   [this](QPrinter* page) { deliver(*page); });
   dialog.exec();
   return true;
 }

@@ -11,8 +11,10 @@
 #include "display/paper.h"
 
 class QImage;
+class QPageLayout;
 class QPainter;
 class QPagedPaintDevice;
+class QPrinter;
 class QWidget;
 
 namespace tess {
@@ -30,6 +32,8 @@ class QtPaper : public Paper {
   // The window that the dialogs of printing stand over; without one there are neither printers nor
   // previews.
   void setWindow(QWidget* window) { window_ = window; }
+  // Writes what is printed to a file that was chosen in a dialog of the toolkit.
+  std::function<void(const std::string& path, const std::string& content)> onFile;
 
   void setPage(const PageSides& sides, double margin) override;
   void compose(const SheetPrint& print) override;
@@ -60,6 +64,8 @@ class QtPaper : public Paper {
 
   void add(Page part);
   void paint(QPagedPaintDevice& device) const;
+  std::string pdfOn(const QPageLayout& layout) const;
+  void deliver(QPrinter& printer) const;
 
   std::unique_ptr<OffscreenToolkit> toolkit_;
   QWidget* window_ = nullptr;

@@ -406,8 +406,9 @@ TEST_F(TemporaryFiles, AFullDiskLeavesNone) {
 
 TEST_F(TemporaryFiles, AFolderThatIsNoneIsNamed) {
   ::setenv("TMPDIR", folder("missing").c_str(), 1);
-  EXPECT_EQ(numberOfFailure([] { writeTemporaryFile("TMP", ".bmp", ""); }),
-            FailureNumber::PathNotFound);
+  const RuntimeFailure failure = failureOf([] { writeTemporaryFile("TMP", ".bmp", ""); });
+  EXPECT_EQ(failure.number(), FailureNumber::PathNotFound);
+  EXPECT_EQ(failure.source(), "the folder for temporary files (TMPDIR)");
 }
 
 }  // namespace

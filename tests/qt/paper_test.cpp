@@ -7,6 +7,8 @@
 #include <QPdfDocument>
 #include <QTransform>
 #include <QtEndian>
+#include <QtPrintSupport/QPrintPreviewDialog>
+#include <QtPrintSupport/QPrinter>
 #include <cmath>
 #include <fstream>
 #include <gtest/gtest.h>
@@ -16,6 +18,7 @@
 #include "shell/printing.h"
 #include "shell/virtual_screen.h"
 #include "tests/qt/desktop_test_support.h"
+#include "tests/qt/dialog_test_support.h"
 #include "tests/support/failure_of.h"
 #include "tests/support/running_program.h"
 
@@ -255,6 +258,30 @@ TEST_F(PaperTest, APictureThatIsNoneIsAFailure) {
   paper.begin(PrintOutput::Printer);
   EXPECT_THROW(static_cast<void>(paper.pictureSize(program.home("none.bmp"))), RuntimeFailure);
   takeCallChain();
+}
+
+// Which tells the operator where the toolkit's own writing would stop without a word.
+TEST_F(PaperTest, WhatAPreviewPrintsToAFileIsHandedOverOnce) {
+  QWidget window;
+  paper.setWindow(&window);
+  paper.begin(PrintOutput::Printer);
+  paper.line({0, 0, 1000, 1000}, 0);
+  std::vector<std::string> paths;
+  std::string content;
+  paper.onFile = [&](const std::string& path, const std::string& pdf) {
+    paths.push_back(path);
+    content = pdf;
+  };
+  testing::whenModal([&](QWidget& dialog) {
+    auto& preview = dynamic_cast<QPrintPreviewDialog&>(dialog);
+    EXPECT_TRUE(paths.empty()) << "it shows the pages alone";
+    preview.printer()->setOutputFileName("/nowhere/part.pdf");
+    emit preview.paintRequested(preview.printer());
+    preview.close();
+  });
+  EXPECT_TRUE(paper.showPreview());
+  EXPECT_EQ(paths, std::vector<std::string>{"/nowhere/part.pdf"});
+  EXPECT_TRUE(content.starts_with("%PDF"));
 }
 
 TEST_F(PaperTest, WithoutAWindowThereIsNoPrinter) {
