@@ -33,23 +33,23 @@ void LatheMotions::goBy(const std::vector<Point>& places, MoveReason reason) {
 }
 
 // What lies between the bar and the row is cut at the feed of the row.
-void LatheMotions::enterRow(const PathRow& row) {
-  if (!fresh) leaveRow();
-  const LatheWay way = room_->wayIn(standsAt(), row);
+void LatheMotions::enterRow(const LatheRoom& room, const PathRow& row) {
+  if (!fresh) leaveRow(room);
+  const LatheWay way = room.wayIn(standsAt(), row);
   goBy(way.rapids, MoveReason::Approach);
   if (way.feedsIn) tell(PlungeMove{{row.x0, row.y0, curz}, row.feed});
   moveTo(startOf(row));
 }
 
-void LatheMotions::leaveRow() {
-  const std::vector<Point> way = room_->wayOut(here(), last_);
+void LatheMotions::leaveRow(const LatheRoom& room) {
+  const std::vector<Point> way = room.wayOut(here(), last_);
   goBy(way, MoveReason::Lift);
   if (!way.empty()) moveTo(way.back());
 }
 
 void LatheMotions::moveToFirstRow(const PathRow& row) {
   if (room_) {
-    enterRow(row);
+    enterRow(*room_, row);
   } else {
     tell(approachOf(row, curz));
   }
@@ -66,7 +66,7 @@ void LatheMotions::approach(const PathRow& row) {
   const bool returns = fresh && (rules.safeChange || room_);
   const bool away = returns || !isHere(startOf(row));
   if (room_) {
-    if (away) enterRow(row);
+    if (away) enterRow(*room_, row);
     last_ = row;
   } else {
     if (away) tell(approachOf(row, curz));
@@ -104,7 +104,7 @@ void LatheMotions::runCycle(const PathRow& row) {
 // Without room there is no height to lift to; the change position is the only place that is known
 // to be free.
 void LatheMotions::leaveWork() {
-  if (room_ && !fresh) leaveRow();
+  if (room_ && !fresh) leaveRow(*room_);
 }
 
 // First straight away from the axis, where nothing of a turned part stands in the way. Before the
@@ -112,7 +112,7 @@ void LatheMotions::leaveWork() {
 void LatheMotions::goToChangePlace() {
   const Point place{store.xchange, store.ychange};
   if (room_ && !fresh) {
-    leaveRow();
+    leaveRow(*room_);
     goBy(room_->wayAround(here(), place), MoveReason::Travel);
     moveTo(place);
     return;

@@ -28,8 +28,8 @@ class LatheMotions : public MotionPass {
 
   std::optional<Point> standsAt() const;
   void goBy(const std::vector<Point>& places, MoveReason reason);
-  void enterRow(const PathRow& row);
-  void leaveRow();
+  void enterRow(const LatheRoom& room, const PathRow& row);
+  void leaveRow(const LatheRoom& room);
 
   std::optional<LatheRoom> room_;  // where the rules ask for it
   PathRow last_;                   // the row that was run last
