@@ -121,6 +121,7 @@ void dlgToolPrms::nameControls() {
   optEndMill.setCaption("&End Mill");
   optFaceMill.setCaption("&Face Mill");
   optSlotMill.setCaption("&Slot Mill");
+  chkInside.setCaption("&Works Inside");
   lblDiameter.setCaption("Dia&meter:");
   lblNumberFlutes.setCaption("&Number of Flutes:");
   lblToolMaterial.setCaption("&Tool Material:");
@@ -169,6 +170,11 @@ void dlgToolPrms::wireTool() {
     edited();
     showColor();
   };
+  chkInside.onClick = [this] {
+    if (loading_) return;
+    store_.toolinside[current_] = chkInside.value() == 0 ? 0 : 1;
+    edited();
+  };
   txtSpindleSpeed.onLeave = [this] { takeTypedSpeed(); };
 }
 
@@ -188,6 +194,7 @@ void dlgToolPrms::edited() {
 
 void dlgToolPrms::fill() {
   const Procedure here("dlgToolPrms.Form_Load()");
+  chkInside.setVisible(store_.lathesetup);
   OpenSpeedsFeeds(chest_.database, LocateSpeedsFeeds(chest_.session));
   showRow(inUse_);
   rebuildList();
@@ -216,6 +223,7 @@ void dlgToolPrms::showTexts() {
   const int flutes = store_.toolflutes[current_];
   txtNumberFlutes.setText(flutes < 1 ? kFirstFlutes : std::to_string(flutes));
   showSpindleSpeed(store_.toolspindlespeed[current_]);
+  chkInside.setValue(store_.toolinside[current_] == 0 ? 0 : 1);
 }
 
 void dlgToolPrms::showSpindleSpeed(float speed) {
@@ -415,6 +423,7 @@ void dlgToolPrms::addTool() {
   store_.toolspindlespeed[tool] = 0;
   store_.toolrecspindle[tool] = 0;
   store_.toolcuttingspeed[tool] = 0;
+  store_.toolinside[tool] = 0;
   edited();
   showRow(tool);
   rebuildList();

@@ -47,6 +47,7 @@ class dlgToolPrms : public Form {
   Option optEndMill{*this, "optEndMill", fraType};
   Option optFaceMill{*this, "optFaceMill", fraType};
   Option optSlotMill{*this, "optSlotMill", fraType};
+  CheckBox chkInside{*this, "chkInside"};  // of lathe setups
   Label lblDiameter{*this, "lblDiameter"};
   TextBox txtdiameter{*this, "txtdiameter"};
   Label lblNumberFlutes{*this, "lblNumberFlutes"};

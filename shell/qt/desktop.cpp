@@ -3,6 +3,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QFontInfo>
 #include <QLockFile>
 #include <QMessageBox>
 #include <QStandardPaths>
@@ -32,6 +33,9 @@ namespace {
 constexpr int kExitFailed = 1;
 constexpr char kNoDisplay[] =
     "there is no display for the window; tessimo --help tells what it does without one";
+
+constexpr char kNoFont[] =
+    "no font is installed for the texts of the window; Debian has some in fonts-dejavu-core";
 
 // Without a display the toolkit would end the program by itself, with less to say.
 bool hasDisplay() {
@@ -89,16 +93,27 @@ class DisplaySearch {
   Watchdog patience_{kSeconds, [] { exitAtOnce("tessimo: " + oneLine(unreachable())); }};
 };
 
+// Where the environment names a display of X alone, the toolkit is not to try the other platforms
+// that are installed after it: these write lines of their own about why they cannot.
+std::vector<std::string> withPlatform(std::vector<std::string> arguments) {
+  const bool onlyX = qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") &&
+                     qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
+  if (onlyX) arguments.insert(arguments.end(), {"-platform", "xcb"});
+  return arguments;
+}
+
 // The toolkit's application; it keeps references to the arguments.
 class Toolkit {
  public:
   explicit Toolkit(std::vector<std::string> arguments)
-      : arguments_(std::move(arguments)),
+      : arguments_(withPlatform(std::move(arguments))),
         texts_(pointersTo(arguments_)),
         search_(std::make_unique<DisplaySearch>()),
         application_(count_, texts_.data()) {
     keepPlainLocale();
     search_.reset();
+    if (QFontInfo(QApplication::font()).family().isEmpty())
+      exitAtOnce("tessimo: " + oneLine(kNoFont));
     QApplication::setApplicationName("tessimo");
     QApplication::setDesktopFileName("tessimo");
     startTheme(application_);
@@ -163,6 +178,7 @@ ExitStatus playInWindow(const ScriptJob& job, std::vector<std::string> arguments
   if (!text) return ExitStatus::JobFailed;
   if (const std::string trouble = obstacle(); !trouble.empty()) return fail(trouble);
   qInstallMessageHandler(passOverWarnings);
+  keepUsableScale();
   const Toolkit toolkit(std::move(arguments));
   const std::unique_ptr<QLockFile> lock = takeLock();
   if (!lock) return fail("Tessimo is already running");
@@ -176,6 +192,7 @@ int runDesktop(const DesktopRequest& request, std::vector<std::string> arguments
     say(std::cerr, trouble);
     return kExitFailed;
   }
+  keepUsableScale();
   const Toolkit toolkit(std::move(arguments));
   const std::unique_ptr<QLockFile> lock = takeLock();
   if (!lock) {

@@ -1,6 +1,7 @@
-// The limits of a process against what a window takes.
+// The limits and the scale of a process against what a window takes.
 #include "shell/qt/desktop_limits.h"
 
+#include <QtGlobal>
 #include <sys/resource.h>
 
 namespace tess {
@@ -11,6 +12,11 @@ constexpr std::uint64_t kMegabyte = 1000000;
 // Starting, drawing and saving were seen to work with these, and not with a quarter less.
 constexpr std::uint64_t kOpenFiles = 20;
 constexpr std::uint64_t kMemory = 200 * kMegabyte;
+
+constexpr char kScale[] = "QT_SCALE_FACTOR";
+// At less than 1 only parts of the windows are painted; far above it, they ask for gigabytes.
+constexpr double kSmallestScale = 1;
+constexpr double kLargestScale = 8;
 
 std::uint64_t limitOf(__rlimit_resource resource) {
   rlimit limit{};
@@ -38,6 +44,13 @@ std::string troubleWith(const ProcessLimits& limits) {
                      " MB of address space (ulimit -v)");
   }
   return {};
+}
+
+void keepUsableScale() {
+  bool isNumber = false;
+  const double scale = qgetenv(kScale).toDouble(&isNumber);
+  const bool usable = scale >= kSmallestScale && scale <= kLargestScale;
+  if (isNumber && !usable) qunsetenv(kScale);
 }
 
 }  // namespace tess

@@ -1,5 +1,5 @@
-// What the toolkit needs of the limits that the system sets to a process.
-// Owns: ProcessLimits, processLimits, troubleWith.
+// What the toolkit needs of the limits and the scale that a process is started with.
+// Owns: ProcessLimits, processLimits, troubleWith, keepUsableScale.
 #pragma once
 
 #include <cstdint>
@@ -18,5 +18,9 @@ ProcessLimits processLimits();
 // What is too little for a window; "" when nothing is. With less the toolkit ends the process, or
 // waits for ever, by itself.
 std::string troubleWith(const ProcessLimits& limits);
+
+// Takes a scale out of the environment with which the toolkit shows no whole window; to be called
+// before it comes up.
+void keepUsableScale();
 
 }  // namespace tess

@@ -12,7 +12,7 @@ constexpr char kBeginnings[] = "0123456789.@(";
 // One that is too long is told, not cut; of what the toolkit can lay out only in many seconds, as a
 // file on the clipboard, the beginning is enough to tell.
 constexpr int kLongestText = 100000;
-constexpr int kLetters = 30;
+constexpr int kLetters = 31;
 
 }  // namespace
 

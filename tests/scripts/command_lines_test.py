@@ -457,6 +457,15 @@ class CommandLines(unittest.TestCase):
                     self.assertEqual((run.returncode, run.stdout, run.stderr),
                                      (1, "", line.format(name)))
 
+    def test_a_machine_without_fonts_is_told(self) -> None:
+        settings = self.work / "fonts.conf"
+        settings.write_text("<fontconfig><dir>/nothing</dir></fontconfig>")
+        run = self.run_program("--home", str(self.home), QT_QPA_PLATFORM="offscreen",
+                               XDG_RUNTIME_DIR=str(self.work), FONTCONFIG_FILE=str(settings))
+        self.assertEqual((run.returncode, run.stdout, run.stderr), (
+            1, "", "tessimo: no font is installed for the texts of the window; Debian has some in "
+            "fonts-dejavu-core\n"))
+
     def test_too_few_open_files_for_a_window_are_told(self) -> None:
         unlimited = resource.getrlimit(resource.RLIMIT_NOFILE)[1]
         run = subprocess.run(

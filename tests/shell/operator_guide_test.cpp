@@ -210,6 +210,9 @@ TEST_F(Guide, LeadsThroughAPocketToAProgram) {
   EXPECT_EQ(lastResult().substr(lastResult().size() - 4), " min");
   EXPECT_EQ(pointerGuide(application.interaction).command,
             "Place Finish Path finishes a wall, Make CNC Mill File (Ctrl+M) makes a program");
+  store.lathesetup = true;
+  EXPECT_EQ(pointerGuide(application.interaction).command,
+            "Place Finish Path finishes a wall, Make CNC Lathe File (Ctrl+L) makes a program");
 }
 
 // ---- State
@@ -280,6 +283,20 @@ TEST_F(Guide, SelectingIsNoResult) {
 TEST_F(Guide, WithNothingSelectedVerifyingSaysWhatToDo) {
   application.clickTool("miVerify/AcceptIsland");
   EXPECT_EQ(lastResult(), "Nothing to verify: select the rows of one outline first");
+}
+
+TEST_F(Guide, WithNothingAcceptedRoughingSaysWhatToDo) {
+  for (const bool truePaths : {false, true}) {
+    store.cfg_true_paths = truePaths;
+    AddSeg(store, {.type = kLine, .x1 = 1}, nullptr);
+    application.clickTool("miRoughCutPocket");
+    EXPECT_EQ(lastResult(),
+              "Nothing to rough: Select Contiguous takes an outline, then Verify/Accept Pocket")
+        << truePaths;
+    application.clickTool("miSelectAll");
+    application.clickTool("miVerify/AcceptIsland");
+    ASSERT_TRUE(lastResult().starts_with("Island not verified")) << lastResult();
+  }
 }
 
 TEST_F(Guide, AnOutlineThatDoesNotCloseIsNotVerified) {

@@ -78,6 +78,24 @@ TEST_F(Chest, OpensOnTheToolInUse) {
   });
 }
 
+TEST_F(Chest, OfALatheAsksWhetherAToolWorksInside) {
+  work([](dlgToolPrms& chest) { EXPECT_FALSE(chest.chkInside.isVisible()); });
+  store.lathesetup = true;
+  store.toolinside[0] = 1;
+  store.setupchanged = false;
+  work([&](dlgToolPrms& chest) {
+    EXPECT_TRUE(chest.chkInside.isVisible());
+    EXPECT_EQ(chest.chkInside.caption(), "&Works Inside");
+    EXPECT_TRUE(chest.chkInside.isChecked());
+    EXPECT_FALSE(store.setupchanged) << "looking changes nothing";
+    chest.chkInside.press();
+    EXPECT_EQ(store.toolinside[0], 0);
+    chest.cmdAdd.press();
+    EXPECT_FALSE(chest.chkInside.isChecked());
+  });
+  EXPECT_TRUE(store.setupchanged);
+}
+
 TEST_F(Chest, AToolInUseOutsideTheTableOpensOnTheFirstRow) {
   for (const int tool : {-1, 100, 32767}) {
     store.selectedtool = tool;
