@@ -35,6 +35,7 @@ Dialect::Dialect()
 MotionRules motionRules(const Dialect& dialect) {
   return {.safeChange = dialect.safeChange || dialect.changePos,
           .changePos = dialect.changePos,
+          .startHigh = dialect.changePos && dialect.startHigh,
           .endLift = dialect.endLift,
           .returnsTool = !dialect.resetText.empty(),
           .plungeFrom = dialect.plungeFrom,

@@ -71,6 +71,7 @@ struct Dialect {
   bool safeChange = false;
   bool endLift = false;
   bool changePos = false;
+  bool startHigh = false;
   bool spindleDue = false;
   std::optional<float> plungeFrom;
   std::optional<float> latheClear;

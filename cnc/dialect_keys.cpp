@@ -182,6 +182,7 @@ constexpr std::array kKeys{
     key<&Dialect::cycleWords, yesOrNo>("CYCLEWORDS", kYesOrNo),
     key<&Dialect::endLift, yesOrNo>("ENDLIFT", kYesOrNo),
     key<&Dialect::changePos, yesOrNo>("CHANGEPOS", kYesOrNo),
+    key<&Dialect::startHigh, yesOrNo>("STARTHIGH", kYesOrNo),
     key<&Dialect::spindleDue, yesOrNo>("SPINDLEDUE", kYesOrNo),
     key<&Dialect::plungeFrom, lengthAboveZero>("PLUNGEFROM", kAboveZero),
     key<&Dialect::latheClear, lengthAboveZero>("LATHECLEAR", kAboveZero),

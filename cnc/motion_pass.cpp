@@ -69,13 +69,18 @@ void MotionPass::beginMovement(const PathRow& row) {
   moveToFirstRow(row);
 }
 
-void MotionPass::prepareChange() {
-  if (rules.safeChange) leaveWork();
+bool MotionPass::changesAbove() const {
+  return store.zchange > store.zstartpos;
+}
+
+void MotionPass::prepareChange(ToolOccasion occasion) {
+  const bool straightUp = rules.startHigh && occasion == ToolOccasion::First && changesAbove();
+  if (rules.safeChange && !straightUp) leaveWork();
   if (rules.changePos) goToChangePlace();
 }
 
 void MotionPass::changeTo(ToolOccasion occasion) {
-  prepareChange();
+  prepareChange(occasion);
   tell(ToolChange{
       .occasion = occasion, .tool = tool, .spindlespeed = store.toolspindlespeed[tool - 1]});
   fresh = true;
@@ -86,7 +91,7 @@ void MotionPass::endRows() {
   const bool returns = rules.returnsTool && firsttool_ != tool;
   if (returns) {
     if (rules.endLift && !rules.safeChange) leaveAtEnd();
-    prepareChange();
+    prepareChange(ToolOccasion::Return);
     tell(ToolChange{.occasion = ToolOccasion::Return, .tool = firsttool_});
   } else if (rules.endLift) {
     leaveAtEnd();

@@ -65,7 +65,8 @@ class MotionPass {
   void doStraight(const PathRow& row);
   void doArc(const PathRow& row);
   void endRows();
-  void prepareChange();
+  void prepareChange(ToolOccasion occasion);
+  bool changesAbove() const;
 
   MotionReader& reader_;
   int firsttool_ = 0;

@@ -14,7 +14,10 @@ struct MotionRules {
   // The tool leaves the work before every change and comes back to it by places that are told in
   // full, never at rapid speed below the safe height.
   bool safeChange = false;
-  bool changePos = false;             // it is changed at the change position; only with safeChange
+  bool changePos = false;  // it is changed at the change position; only with safeChange
+  // Nothing is known of where the tool stands as a program begins: it goes straight to the height
+  // of the change position, where the safe height may lie below clamps. Only with changePos.
+  bool startHigh = false;
   bool endLift = false;               // it leaves the work behind the last row
   bool returnsTool = true;            // the first tool comes back at the end
   std::optional<float> plungeFrom{};  // height down to which rapid speed is free of danger

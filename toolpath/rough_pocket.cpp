@@ -19,6 +19,7 @@
 #include "toolpath/scan_run.h"
 #include "toolpath/toolpath_commands.h"
 #include "toolpath/true_pocket.h"
+#include "toolpath/verification_result.h"
 #include "toolpath/working_outlines.h"
 #include "toolpath/working_rows.h"
 
@@ -135,6 +136,7 @@ Clearing roughCutLevel(CamContext& cam, float z, float feed, float radius) {
   const int firstWorkingRow = cam.store.NumSegments + 1;
   Change change(cam.changes, Step::Continued);
   if (!makeWorkingOutlines(cam, standOff)) {
+    cam.context.session.results.tell(nothingToRough());
     cam.context.session.host.prompts.showMessage(
         {.text = "No segments selected!", .title = "", .icon = MessageIcon::Warning});
     change.keep({.redraws = false});

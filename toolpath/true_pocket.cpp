@@ -26,6 +26,7 @@
 #include "toolpath/scan_lathe.h"
 #include "toolpath/true_lines.h"
 #include "toolpath/true_rings.h"
+#include "toolpath/verification_result.h"
 
 namespace tess {
 namespace {
@@ -382,6 +383,7 @@ void roughByLathe(CamContext& cam, const JobMeasures& job) {
 
 bool hasRows(CamContext& cam, const std::string& title, const std::string& text) {
   if (!verifiedOutlines(cam.store).empty()) return true;
+  cam.context.session.results.tell(nothingToRough());
   tell(cam, title, text);
   return false;
 }

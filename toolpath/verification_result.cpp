@@ -17,6 +17,10 @@ std::string verificationResult(const std::string& what, int rows) {
   return what + " not verified: the outline does not close";
 }
 
+std::string nothingToRough() {
+  return "Nothing to rough: Select Contiguous takes an outline, then Verify/Accept Pocket";
+}
+
 std::string nothingToVerify() {
   return "Nothing to verify: select the rows of one outline first";
 }

@@ -41,7 +41,7 @@ constexpr char kEveryKey[] =
     "CYCLES,ISO\r\nCYCLEKEEP,81 82 83\r\nCYCLEPECK,Q\r\nCYCLEDWELL,p\r\nDWELLSCALE,1000\r\n"
     "DWELLFORMAT,###0\r\nFULLCIRCLE,HALVES\r\nRMAXSWEEP,180\r\nARCTOL,0.0002\r\n"
     "LINENUMBERS,100,10\r\nSAFECHANGE,Y\r\nCYCLEWORDS,yes\r\nENDLIFT,Y\r\nCHANGEPOS,Y\r\n"
-    "SPINDLEDUE,Y\r\nPLUNGEFROM,0.05\r\n"
+    "STARTHIGH,Y\r\nSPINDLEDUE,Y\r\nPLUNGEFROM,0.05\r\n"
     "LISTSTART,STARTTEXT\r\nG90 G94\r\nLISTEND\r\n"
     "LISTSTART,TOOLTEXT\r\nT{TOOL} M06\r\nG43 H{TOOL}\r\nLISTEND\r\n"
     "LISTSTART,SPINDLETEXT\r\nS{SPEED} M03\r\nG04 P2\r\nLISTEND\r\n"
@@ -74,6 +74,7 @@ TEST_F(DialectKeysTest, EveryKeySetsItsValue) {
   EXPECT_TRUE(dialect().cycleWords);
   EXPECT_TRUE(dialect().endLift);
   EXPECT_TRUE(dialect().changePos);
+  EXPECT_TRUE(dialect().startHigh);
   EXPECT_TRUE(dialect().spindleDue);
   EXPECT_EQ(dialect().plungeFrom, 0.05F);
   EXPECT_THAT(dialect().startText, ElementsAre("G90 G94"));
@@ -106,6 +107,7 @@ void expectDefaults(const Dialect& dialect) {
   EXPECT_FALSE(dialect.cycleWords);
   EXPECT_FALSE(dialect.endLift);
   EXPECT_FALSE(dialect.changePos);
+  EXPECT_FALSE(dialect.startHigh);
   EXPECT_FALSE(dialect.spindleDue);
   EXPECT_EQ(dialect.plungeFrom, std::nullopt);
   EXPECT_THAT(dialect.startText, ElementsAre("G90", "G75"));
@@ -135,12 +137,12 @@ TEST_F(DialectKeysTest, DefinitionThatIsNotThereInheritsNoneEither) {
 TEST_F(DialectKeysTest, EveryKeyThatStandsTwiceKeepsItsDefault) {
   define(std::string(kEveryKey) + kEveryKey);
   expectDefaults(dialect());
-  EXPECT_EQ(messages().size(), 29U);
-  EXPECT_EQ(messages()[0], error("UNITSIN stands twice and keeps its default", "line 39 field 1"));
+  EXPECT_EQ(messages().size(), 30U);
+  EXPECT_EQ(messages()[0], error("UNITSIN stands twice and keeps its default", "line 40 field 1"));
   EXPECT_EQ(messages().back(),
-            error("RESETTEXT stands twice and keeps its default", "line 75 field 2"));
+            error("RESETTEXT stands twice and keeps its default", "line 77 field 2"));
   EXPECT_EQ(definition.damage,
-            "test.msx line 39 field 1: UNITSIN stands twice and keeps its default");
+            "test.msx line 40 field 1: UNITSIN stands twice and keeps its default");
 }
 
 TEST_F(DialectKeysTest, WrongValuesAreToldAndKeepTheDefault) {
@@ -174,6 +176,7 @@ TEST_F(DialectKeysTest, WrongValuesAreToldAndKeepTheDefault) {
            {"CYCLEWORDS,on", "CYCLEWORDS wants Y or N, not 'on'"},
            {"ENDLIFT,on", "ENDLIFT wants Y or N, not 'on'"},
            {"CHANGEPOS,on", "CHANGEPOS wants Y or N, not 'on'"},
+           {"STARTHIGH,up", "STARTHIGH wants Y or N, not 'up'"},
            {"SPINDLEDUE,on", "SPINDLEDUE wants Y or N, not 'on'"},
            {"PLUNGEFROM,0", "PLUNGEFROM wants a number above 0, not '0'"},
        }) {

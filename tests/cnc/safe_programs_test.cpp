@@ -294,6 +294,35 @@ TEST_F(SafeProgramsTest, ChangeHeightBelowTheSafeOneIsPassedOver) {
               ElementsAre("G00 Z0.5", "G00 X1.0 Y2.0", "M06 T1"));
 }
 
+// As a program begins the tool may stand anywhere, above a clamp too: it does not come down to the
+// safe height before it goes up to the change position. A program written after another one, whose
+// tool has stood there last, says so as well.
+TEST_F(SafeProgramsTest, ProgramBeginsStraightAtTheChangeHeight) {
+  placeTwoTools();
+  define(std::string(kStaysOnTool) + "CHANGEPOS,Y\r\nSTARTHIGH,Y\r\n");
+  for (int run = 1; run <= 2; ++run) {
+    EXPECT_THAT(
+        commands(),
+        ElementsAre("G00 Z3.0", "G00 X1.0 Y2.0", "M06 T1", "G00 Z0.5", "G00 X0.0 Y0.0",
+                    "G01 Z-0.25 F30", "G01 X1.0 F100", "G00 Z0.5", "G00 Z3.0", "G00 X1.0 Y2.0",
+                    "M06 T2", "G00 Z0.5", "G00 X1.0 Y0.0", "G01 Z-0.5 F30", "G01 Y2.0 F100"))
+        << run;
+  }
+}
+
+TEST_F(SafeProgramsTest, ProgramBeginsAtTheSafeHeightWhereTheChangeHeightIsLower) {
+  store.zchange = 0;
+  place(lineRow({0, 0}, {1, 0}, -0.25F, 10));
+  define("CHANGEPOS,Y\r\nSTARTHIGH,Y\r\n");
+  EXPECT_EQ(commands().front(), "G00 Z0.5");
+}
+
+TEST_F(SafeProgramsTest, BeginningHighNeedsAChangePosition) {
+  place(lineRow({0, 0}, {1, 0}, -0.25F, 10));
+  define("SAFECHANGE,Y\r\nSTARTHIGH,Y\r\n");
+  EXPECT_EQ(commands().front(), "G00 Z0.5");
+}
+
 TEST_F(SafeProgramsTest, FirstToolComesBackAtTheChangePosition) {
   placeTwoTools();
   define("CHANGEPOS,Y\r\nENDLIFT,Y\r\n");

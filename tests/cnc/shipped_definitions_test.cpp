@@ -87,6 +87,7 @@ TEST_P(EveryDefinition, TravelsSafely) {
   EXPECT_TRUE(dialect.changePos);
   EXPECT_TRUE(dialect.spindleDue);
   EXPECT_EQ(dialect.plungeFrom.has_value(), !isForLathes());
+  EXPECT_EQ(dialect.startHigh, !isForLathes());
   EXPECT_EQ(dialect.latheClear.has_value(), isForLathes());
   EXPECT_EQ(dialect.diameter, GetParam().find("diameter") != std::string::npos);
 }

@@ -285,6 +285,20 @@ TEST_F(Guide, WithNothingSelectedVerifyingSaysWhatToDo) {
   EXPECT_EQ(lastResult(), "Nothing to verify: select the rows of one outline first");
 }
 
+TEST_F(Guide, WithNothingAcceptedRoughingSaysWhatToDo) {
+  for (const bool truePaths : {false, true}) {
+    store.cfg_true_paths = truePaths;
+    AddSeg(store, {.type = kLine, .x1 = 1}, nullptr);
+    application.clickTool("miRoughCutPocket");
+    EXPECT_EQ(lastResult(),
+              "Nothing to rough: Select Contiguous takes an outline, then Verify/Accept Pocket")
+        << truePaths;
+    application.clickTool("miSelectAll");
+    application.clickTool("miVerify/AcceptIsland");
+    ASSERT_TRUE(lastResult().starts_with("Island not verified")) << lastResult();
+  }
+}
+
 TEST_F(Guide, AnOutlineThatDoesNotCloseIsNotVerified) {
   AddSeg(store, {.type = kLine, .x1 = 1}, nullptr);
   AddSeg(store, {.type = kLine, .x0 = 1, .x1 = 1, .y1 = 1}, nullptr);
