@@ -103,11 +103,11 @@ class DisplaySearch {
   Watchdog patience_{kSeconds, [] { exitAtOnce("tessimo: " + oneLine(unreachable())); }};
 };
 
-// With the platform that is meant where only a display of X is named: the toolkit would try others
-// after it, which say on standard error that they are not there.
+// Where the environment names a display of X alone, the toolkit is not to try the other platforms
+// that are installed after it: these write lines of their own about why they cannot.
 std::vector<std::string> withPlatform(std::vector<std::string> arguments) {
-  const bool onlyX = qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") &&
-                     qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
+  const bool onlyX = qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") &&
+                     qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
   if (onlyX) arguments.insert(arguments.end(), {"-platform", "xcb"});
   return arguments;
 }

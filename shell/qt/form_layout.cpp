@@ -39,6 +39,15 @@ namespace {
 constexpr int kMargin = 16;
 constexpr int kSpacing = 10;
 constexpr int kFieldWidth = 110;
+constexpr int kButtonWidth = 84;
+
+// A button for a short word is as wide as its neighbours, and one for a long word is never narrower
+// than that, as a least width of the style sheet would let it be.
+class WordButton : public QPushButton {
+ public:
+  using QPushButton::QPushButton;
+  QSize sizeHint() const override { return QPushButton::sizeHint().expandedTo({kButtonWidth, 0}); }
+};
 
 template <class Made>
 QWidget* make(QWidget* parent) {
@@ -51,13 +60,11 @@ struct OwnClass {
   QWidget* (*make)(QWidget*);
 };
 
-constexpr std::array kOwnClasses{OwnClass{"QComboBox", make<DropDownBox>},
-                                 OwnClass{"PdfPane", make<PdfPane>},
-                                 OwnClass{"BoltPane", make<BoltPane>},
-                                 OwnClass{"RowsPane", make<RowsPane>},
-                                 OwnClass{"FileTextPane", make<FileTextPane>},
-                                 OwnClass{"PropListPane", make<PropListPane>},
-                                 OwnClass{"QTabBar", make<QTabBar>}};
+constexpr std::array kOwnClasses{
+    OwnClass{"QComboBox", make<DropDownBox>},     OwnClass{"QPushButton", make<WordButton>},
+    OwnClass{"PdfPane", make<PdfPane>},           OwnClass{"BoltPane", make<BoltPane>},
+    OwnClass{"RowsPane", make<RowsPane>},         OwnClass{"FileTextPane", make<FileTextPane>},
+    OwnClass{"PropListPane", make<PropListPane>}, OwnClass{"QTabBar", make<QTabBar>}};
 
 class Loader : public QUiLoader {
  public:
@@ -150,7 +157,7 @@ struct WidgetOfKind {
 
 constexpr std::array kWidgets{
     WidgetOfKind{ControlKind::TextBox, makeTextBox},
-    WidgetOfKind{ControlKind::Button, plain<QPushButton>},
+    WidgetOfKind{ControlKind::Button, plain<WordButton>},
     WidgetOfKind{ControlKind::CheckBox, plain<QCheckBox>},
     WidgetOfKind{ControlKind::Option, plain<QRadioButton>},
     WidgetOfKind{ControlKind::List, plain<QListWidget>},

@@ -117,7 +117,8 @@ QGroupBox { border: 1px solid @border; border-radius: 6px; margin-top: 9px; padd
 QGroupBox::title { subcontrol-origin: margin; left: 9px; padding: 0 4px; }
 QGroupBox:disabled { color: @muted; }
 QPushButton { background: @raised; border: 1px solid @outline; border-radius: 5px;
-  padding: 5px 16px; min-width: 50px; min-height: 18px; outline: none; }
+  padding: 5px 16px; min-height: 18px; outline: none; }
+QDialogButtonBox QPushButton { min-width: 50px; }
 QPushButton:hover { background: @hover; }
 QPushButton:focus { border: 2px solid @accent; padding: 4px 15px; }
 QPushButton:pressed { background: @pressed; }

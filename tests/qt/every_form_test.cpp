@@ -12,6 +12,7 @@
 #include <QLabel>
 #include <QLayout>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QRadioButton>
 #include <QScreen>
 #include <QWindow>
@@ -296,6 +297,17 @@ TEST_F(EveryForm, TextsAreNotCut) {
       if (qobject_cast<QComboBox*>(field->parentWidget()) != nullptr) continue;
       EXPECT_TRUE(!field->isVisible() || field->height() >= field->minimumSizeHint().height())
           << field->objectName().toStdString();
+    }
+  });
+}
+
+// However little room there is, as in a docked panel on a small screen.
+TEST_F(EveryForm, ButtonsAreNeverNarrowerThanTheirWords) {
+  forEach([](Form& /*form*/, FormWindow& window) {
+    for (auto* button : window.findChildren<QPushButton*>()) {
+      EXPECT_GE(QWidgetItem(button).minimumSize().width(), button->sizeHint().width())
+          << button->text().toStdString();
+      EXPECT_GE(button->sizeHint().width(), 84) << button->text().toStdString();
     }
   });
 }
