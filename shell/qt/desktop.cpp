@@ -44,11 +44,6 @@ bool hasDisplay() {
          !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
 }
 
-// Why no window can come; "" when one can, as far as it can be known before.
-std::string obstacle() {
-  return hasDisplay() ? troubleWith(processLimits()) : kNoDisplay;
-}
-
 // The display that the environment means, as an operator knows it.
 std::string displayName() {
   const QByteArray platform = qgetenv("QT_QPA_PLATFORM");
@@ -61,6 +56,21 @@ std::string displayName() {
 std::string unreachable() {
   return "the display " + displayName() +
          " cannot be reached; tessimo --help tells what it does without one";
+}
+
+// Where only a display of Wayland is named: its library would tell on standard error by itself that
+// the socket is not there.
+bool lacksWaylandSocket() {
+  const bool onlyWayland =
+      qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") && qEnvironmentVariableIsEmpty("DISPLAY");
+  const QDir folder(qEnvironmentVariable("XDG_RUNTIME_DIR"));
+  return onlyWayland && !folder.exists(qEnvironmentVariable("WAYLAND_DISPLAY"));
+}
+
+// Why no window can come; "" when one can, as far as it can be known before.
+std::string obstacle() {
+  if (!hasDisplay()) return kNoDisplay;
+  return lacksWaylandSocket() ? unreachable() : troubleWith(processLimits());
 }
 
 // While the toolkit looks for its display. One that refuses would abort the program, with several

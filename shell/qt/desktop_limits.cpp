@@ -1,7 +1,7 @@
 // The limits and the scale of a process against what a window takes.
 #include "shell/qt/desktop_limits.h"
 
-#include <QtGlobal>
+#include <QByteArray>
 #include <sys/resource.h>
 
 namespace tess {
