@@ -48,8 +48,10 @@ TEST_F(SmallScreen, EveryBarIsWhole) {
     EXPECT_TRUE(isWhole(*bar)) << bar->objectName().toStdString();
 }
 
-// A window that asks for more room while it is being maximised is given that, and no more.
+// Some window managers do, when the window asks for room while it is being maximised.
 TEST_F(SmallScreen, ItFillsTheScreenWhereThatWasTakenBack) {
+  window().showNormal();
+  window().resize(least());
   window().showAtStart();
   window().showNormal();
   window().resize(least());
