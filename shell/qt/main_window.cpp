@@ -72,8 +72,11 @@ void MainWindow::showPanel(StatusPanel panel) {
 
 void MainWindow::showAtStart() {
   const QSize screen = this->screen()->availableSize();
-  if (width() > screen.width() * kScreenPart) resize(screen * kScreenPart);
-  const int first = width();
+  int first = 0;
+  if (width() > screen.width() * kScreenPart) {
+    resize(screen * kScreenPart);
+    first = width();
+  }
   showMaximized();
   QTimer::singleShot(kMaximisedAfter, this, [this, first] { fillScreen(first); });
 }
