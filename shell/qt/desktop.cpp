@@ -93,11 +93,20 @@ class DisplaySearch {
   Watchdog patience_{kSeconds, [] { exitAtOnce("tessimo: " + oneLine(unreachable())); }};
 };
 
+// Where the environment names a display of X alone, the toolkit is not to try the other platforms
+// that are installed after it: these write lines of their own about why they cannot.
+std::vector<std::string> withPlatform(std::vector<std::string> arguments) {
+  const bool onlyX = qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") &&
+                     qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
+  if (onlyX) arguments.insert(arguments.end(), {"-platform", "xcb"});
+  return arguments;
+}
+
 // The toolkit's application; it keeps references to the arguments.
 class Toolkit {
  public:
   explicit Toolkit(std::vector<std::string> arguments)
-      : arguments_(std::move(arguments)),
+      : arguments_(withPlatform(std::move(arguments))),
         texts_(pointersTo(arguments_)),
         search_(std::make_unique<DisplaySearch>()),
         application_(count_, texts_.data()) {

@@ -143,10 +143,11 @@ void MainWindow::dropEvent(QDropEvent* event) {
   std::vector<std::string> paths;
   const QList<QUrl> urls = event->mimeData()->urls();
   for (const QUrl& url : urls) {
-    if (url.isLocalFile()) paths.push_back(url.toLocalFile().toStdString());
+    const QString path = url.toLocalFile();  // empty for one of another computer
+    if (!path.isEmpty() && !path.contains(QChar::Null)) paths.push_back(path.toStdString());
   }
   event->acceptProposedAction();
-  if (paths.empty() || !onFilesDropped) return;
+  if (!onFilesDropped) return;
   parts_.gateway.enter("frmMain.picDrawing_OLEDragDrop(Data,Effect,Button,Shift,X,Y)",
                        [&] { onFilesDropped(paths); });
 }

@@ -51,7 +51,7 @@ class MainWindow : public QMainWindow, public ToolHostObserver {
   // Whether the window may close now.
   std::function<bool()> onQueryClose;
   std::function<void()> onClosed;
-  // Paths of files that were dropped on the window.
+  // Paths of files that were dropped on the window; none when those are of other computers.
   std::function<void(const std::vector<std::string>&)> onFilesDropped;
 
   void keepArrangement(std::string& arrangement) override;

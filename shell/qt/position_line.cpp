@@ -35,10 +35,10 @@ bool PositionLine::begin(const QKeyEvent& key) {
   const bool plain = (key.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) == 0;
   const QString text = key.text();
   if (!plain || text.size() != 1 || !QString(kBeginnings).contains(text)) return false;
-  if (this->text().isEmpty()) begunOnDrawing_ = true;
+  begunOnDrawing_ = true;
   setFocus(Qt::OtherFocusReason);
-  end(/*mark=*/false);
-  insert(text);
+  // What was refused or left half typed would stand before the digit and make another place of it.
+  setText(text);
   if (onEdited) onEdited();
   return true;
 }

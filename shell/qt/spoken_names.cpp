@@ -4,9 +4,12 @@
 #include <QAccessible>
 #include <QAccessibleWidget>
 #include <QComboBox>
+#include <QGraphicsView>
 #include <QKeySequence>
 #include <QLabel>
+#include <QLineEdit>
 #include <QRadioButton>
+#include <QToolButton>
 #include <algorithm>
 #include <cstdlib>
 
@@ -119,6 +122,23 @@ bool lacksLabel(QWidget& widget) {
          widget.accessibleDescription().isEmpty();
 }
 
+QString labelOf(QWidget& widget) {
+  QAccessibleInterface* const spoken = QAccessible::queryAccessibleInterface(&widget);
+  if (spoken == nullptr) return {};
+  const auto labels = spoken->relations(QAccessible::Label);
+  return labels.isEmpty() ? QString() : readable(labels.first().first->text(QAccessible::Name));
+}
+
+// What is typed into a drop-down list goes to a field of its own.
+void nameTypingField(QWidget& widget) {
+  auto* const list = qobject_cast<QComboBox*>(&widget);
+  if (list == nullptr || list->lineEdit() == nullptr) return;
+  QString name = list->accessibleName();
+  if (name.isEmpty()) name = labelOf(widget);
+  if (name.isEmpty()) name = list->accessibleDescription();
+  list->lineEdit()->setAccessibleName(name);
+}
+
 }  // namespace
 
 void nameForReaders(QWidget& widget, const Control& control) {
@@ -127,12 +147,28 @@ void nameForReaders(QWidget& widget, const Control& control) {
         widget.accessibleName().isEmpty() ? textBeside(widget) : widget.accessibleName();
     widget.setAccessibleDescription(name.isEmpty() ? spokenName(control) : name);
   }
-  if (!presentName(widget).isEmpty()) return;
+  if (!presentName(widget).isEmpty()) return nameTypingField(widget);
   QString name = readable(QString::fromStdString(control.caption()));
   if (name.isEmpty()) name = textBeside(widget);
   if (name.isEmpty()) name = readable(QString::fromStdString(control.hint()));
   if (name.isEmpty()) name = spokenName(control);
   widget.setAccessibleName(name);
+  nameTypingField(widget);
+}
+
+void namePreviewForReaders(QWidget& dialog) {
+  for (auto* const button : dialog.findChildren<QToolButton*>()) {
+    button->setFocusPolicy(Qt::StrongFocus);
+    if (presentName(*button).isEmpty()) button->setAccessibleName("More tools");
+  }
+  for (auto* const field : dialog.findChildren<QLineEdit*>()) {
+    const bool zooms = qobject_cast<QComboBox*>(field->parentWidget()) != nullptr;
+    field->setAccessibleName(zooms ? "Zoom" : "Page");
+  }
+  for (auto* const zoom : dialog.findChildren<QComboBox*>()) zoom->setAccessibleName("Zoom");
+  for (auto* const pages : dialog.findChildren<QGraphicsView*>()) {
+    pages->setAccessibleName("Pages as they will be printed");
+  }
 }
 
 void giveRolesToPanes() {

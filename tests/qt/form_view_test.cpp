@@ -201,6 +201,7 @@ TEST_F(FormViewTest, SlidersGoBothWays) {
 }
 
 TEST_F(FormViewTest, CaptionsFlagsHintsAndColorsAreShown) {
+  applyTheme(testing::toolkit(), /*dark=*/false);
   form.lblName.setCaption("Other");
   EXPECT_EQ(widget<QLabel>("lblName").text(), "Other");
   form.cmdOK.setEnabled(false);

@@ -223,7 +223,12 @@ TEST_F(HandedFiles, DropsOfOtherKindsAreTold) {
   expectMessage(text);
   drop({QUrl::fromLocalFile("/etc"), QUrl::fromLocalFile(QString::fromStdString(home("no.png")))});
   EXPECT_EQ(text, "None of these files is a drawing or a DXF file.");
-  drop({QUrl("http://example.org/x.cdm")});
+  expectMessage(text);
+  drop({QUrl("http://example.org/x.cdm"), QUrl("file:///%00/x.cdm")});
+  EXPECT_EQ(text, "Only files of this computer can be opened.");
+  expectMessage(text);
+  drop({QUrl::fromLocalFile("/nowhere/gone.cdm")});
+  EXPECT_EQ(text, "There is no file /nowhere/gone.cdm.");
   EXPECT_EQ(application().store.drawingname, "plate.cdm");
 }
 

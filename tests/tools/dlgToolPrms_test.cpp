@@ -6,6 +6,7 @@
 #include "gtest/gtest.h"
 
 #include "core/file_system.h"
+#include "core/tool_text.h"
 #include "tests/support/feeds_samples.h"
 #include "tests/support/tool_chest_fixture.h"
 
