@@ -72,21 +72,22 @@ void MainWindow::showPanel(StatusPanel panel) {
 
 void MainWindow::showAtStart() {
   const QSize screen = this->screen()->availableSize();
-  if (width() > screen.width() * kScreenPart) resize(screen * kScreenPart);
+  int first = 0;
+  if (width() > screen.width() * kScreenPart) {
+    resize(screen * kScreenPart);
+    first = width();
+  }
   showMaximized();
-  QTimer::singleShot(kMaximisedAfter, this, [this] { fillScreen(); });
+  QTimer::singleShot(kMaximisedAfter, this, [this, first] { fillScreen(first); });
 }
 
 // Without a window manager nobody carries out that a window is maximised, and some take it back
-// when the window asks for more room just then, as on a small screen.
-void MainWindow::fillScreen() {
+// when the window has asked for room just then, as on a small screen: it has its first width again.
+void MainWindow::fillScreen(int firstWidth) {
   const QRect available = screen()->availableGeometry();
-  if (width() > available.width() * kScreenPart) return;
-  if (isMaximized()) {
-    setGeometry(available);
-  } else {
-    showMaximized();
-  }
+  const bool fills = width() > available.width() * kScreenPart;
+  if (isMaximized() && !fills) setGeometry(available);
+  if (!isMaximized() && width() == firstWidth) showMaximized();
 }
 
 void MainWindow::print(const std::string& line) {

@@ -68,7 +68,7 @@ class MainWindow : public QMainWindow, public ToolHostObserver {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  void fillScreen();
+  void fillScreen(int firstWidth);
   void makeStatusBar();
   bool mayDrop() const;
   void showPanel(StatusPanel panel);

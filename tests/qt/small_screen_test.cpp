@@ -1,5 +1,6 @@
 // The main window on small screens: one of 1366 x 768, and the same at 200 per cent.
 #include <QDockWidget>
+#include <QScreen>
 #include <QToolBar>
 
 #include "tests/qt/running_desktop.h"
@@ -48,11 +49,13 @@ TEST_F(SmallScreen, EveryBarIsWhole) {
     EXPECT_TRUE(isWhole(*bar)) << bar->objectName().toStdString();
 }
 
-// A window that asks for more room while it is being maximised is given that, and no more.
+// Some window managers do, when the window asks for room while it is being maximised.
 TEST_F(SmallScreen, ItFillsTheScreenWhereThatWasTakenBack) {
+  window().showNormal();
+  window().resize(window().screen()->availableSize());
   window().showAtStart();
   window().showNormal();
-  window().resize(least());
+  window().resize(window().screen()->availableSize() * 0.8);
   EXPECT_TRUE(testing::waitFor([this] { return window().isMaximized(); }));
 }
 
