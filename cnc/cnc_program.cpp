@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "cnc/machine_kind.h"
 #include "cnc/program_target.h"
 #include "cnc/program_writer.h"
 #include "core/count_text.h"
@@ -97,6 +98,18 @@ void warnOfStandingSpindle(Session& session) {
 
 std::string targetOf(const DrawingStore& store, const CncState& state, const ProgramFile& file) {
   return file.path.empty() ? outputFolder(store) + state.cncfilename : file.path;
+}
+
+// False when the operator would rather not. Asked with the consent of the setup, as about the
+// paths.
+bool settleOtherMachine(const Session& session, CncMode mode) {
+  if (!session.store.cfg_true_paths) return true;
+  const std::string reason = otherMachine(session.store, mode);
+  return reason.empty() || session.host.prompts.showMessage(
+                               {.text = reason + "\nDo you want to write the program anyway ?",
+                                .title = "CNC Program",
+                                .icon = MessageIcon::Warning,
+                                .buttons = MessageButtons::YesNo}) == Answer::Yes;
 }
 
 // False when the operator would rather not.
@@ -193,7 +206,8 @@ void WriteCncFinish(const Session& session, const PostDefinition& definition, Cn
 bool make_cnc(Session& session, const PostDefinition& definition, CncState& state, CncMode mode,
               const ProgramFile& file) {
   const Procedure here("make_cnc(mode$)");
-  if (!settleUnsavedWork(session) || !settleObjections(session, state)) return false;
+  if (!settleUnsavedWork(session) || !settleOtherMachine(session, mode)) return false;
+  if (!settleObjections(session, state)) return false;
   state.cncfilename = programName(session.store.drawingname);
   const std::string path = targetOf(session.store, state, file);
   const std::optional<OtherKind> replaced = otherKindAt(path, mode);

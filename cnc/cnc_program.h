@@ -64,8 +64,9 @@ struct ProgramFile {
 void WriteCncFinish(const Session& session, const PostDefinition& definition, CncState& state,
                     CncMode mode, const ProgramFile& file = {});
 
-// Asks about unsaved work first, then whether objections count, and whether a program for the other
-// kind of machine may go; false when the operator cancels, true when a file was written.
+// Asks about unsaved work first, then about another kind of machine, whether objections count, and
+// whether a program for the other kind of machine may go; false when the operator cancels, true
+// when a file was written.
 bool make_cnc(Session& session, const PostDefinition& definition, CncState& state, CncMode mode,
               const ProgramFile& file = {});
 

@@ -38,6 +38,7 @@ MotionRules motionRules(const Dialect& dialect) {
           .endLift = dialect.endLift,
           .returnsTool = !dialect.resetText.empty(),
           .plungeFrom = dialect.plungeFrom,
+          .latheClear = dialect.latheClear,
           .keptCycles = keptBy(dialect),
           .cyclesReturn = dialect.cycles == CycleStyle::Iso};
 }

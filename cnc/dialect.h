@@ -73,6 +73,8 @@ struct Dialect {
   bool changePos = false;
   bool spindleDue = false;
   std::optional<float> plungeFrom;
+  std::optional<float> latheClear;
+  bool diameter = false;  // X words of a lathe are diameters
 };
 
 // The moves that a dialect asks for.

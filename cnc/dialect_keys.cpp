@@ -46,7 +46,7 @@ std::optional<float> numberFromZero(const std::string& text) {
   return value && *value >= 0 ? value : std::nullopt;
 }
 
-std::optional<std::optional<float>> heightAboveZero(const std::string& text) {
+std::optional<std::optional<float>> lengthAboveZero(const std::string& text) {
   if (const std::optional<float> value = numberAboveZero(text)) return value;
   return std::nullopt;
 }
@@ -183,7 +183,9 @@ constexpr std::array kKeys{
     key<&Dialect::endLift, yesOrNo>("ENDLIFT", kYesOrNo),
     key<&Dialect::changePos, yesOrNo>("CHANGEPOS", kYesOrNo),
     key<&Dialect::spindleDue, yesOrNo>("SPINDLEDUE", kYesOrNo),
-    key<&Dialect::plungeFrom, heightAboveZero>("PLUNGEFROM", kAboveZero),
+    key<&Dialect::plungeFrom, lengthAboveZero>("PLUNGEFROM", kAboveZero),
+    key<&Dialect::latheClear, lengthAboveZero>("LATHECLEAR", kAboveZero),
+    key<&Dialect::diameter, yesOrNo>("DIAMETER", kYesOrNo),
 };
 
 using Lines = std::vector<std::string>;

@@ -18,6 +18,9 @@ struct MotionRules {
   bool endLift = false;               // it leaves the work behind the last row
   bool returnsTool = true;            // the first tool comes back at the end
   std::optional<float> plungeFrom{};  // height down to which rapid speed is free of danger
+  // On a lathe, how far beside the bar tools travel: they go from row to row round the work, and
+  // only rows that are marked so are rapids.
+  std::optional<float> latheClear{};
   CycleNumbers keptCycles = CycleNumbers().set();  // told as cycles; the others as their moves
   bool cyclesReturn = false;                       // a cycle is known to end at the safe height
 

@@ -2,13 +2,13 @@
 #include "cnc/program_target.h"
 
 #include <algorithm>
-#include <cctype>
 
 #include "cnc/program_letters.h"
 #include "core/drawing_format.h"
 #include "core/drawing_store.h"
 #include "core/file_system.h"
 #include "core/runtime_failure.h"
+#include "core/text.h"
 
 namespace tess {
 namespace {
@@ -49,7 +49,7 @@ bool takeComment(std::string_view& rest) {
 
 // Takes one address with its number, as in "X-1.5"; notes a preparatory or miscellaneous one.
 bool takeAddress(std::string_view& rest, bool& commands) {
-  const int address = std::toupper(static_cast<unsigned char>(rest[0]));
+  const char address = upperCased(rest[0]);
   if (address != ':' && (address < 'A' || address > 'Z')) return false;
   rest.remove_prefix(1);
   if (!takeNumber(rest)) return false;
@@ -86,7 +86,7 @@ void noteAxes(std::string_view block, Axes& axes) {
   dropBlanks(block);
   if (block.starts_with('/')) block.remove_prefix(1);
   for (dropBlanks(block); !block.empty(); dropBlanks(block)) {
-    const int address = std::toupper(static_cast<unsigned char>(block[0]));
+    const char address = upperCased(block[0]);
     if (!takeComment(block) && !takeAddress(block, commands)) return;
     axes.x = axes.x || address == 'X';
     axes.y = axes.y || address == 'Y';

@@ -215,9 +215,11 @@ void ProgramWriter::appendPlaceholder(Placeholder placeholder, int tool) {
   }
 }
 
-// A lathe's X word is path y and its Z word path x; depths are not written.
+// A lathe's X word is path y, or twice that, and its Z word path x; depths are not written.
 MotionLine ProgramWriter::lineTo(std::string_view g, ToolPlace place) const {
-  if (mode_ == CncMode::Lathe) return {.g = std::string(g), .x = place.y, .z = place.x};
+  if (mode_ == CncMode::Lathe) {
+    return {.g = std::string(g), .x = asX(place.y), .z = place.x};
+  }
   return {.g = std::string(g), .x = place.x, .y = place.y, .z = place.z, .useY = true};
 }
 
@@ -262,7 +264,8 @@ void ProgramWriter::writeArc(const ArcMove& arc, float radius) {
 // Where the tool stands as the control knows it, in the axes of the path.
 ToolPlace ProgramWriter::standingAt(const ArcMove& arc) const {
   const bool lathe = mode_ == CncMode::Lathe;
-  const ToolPlace at{lathe ? lastmove_.z : lastmove_.x, lathe ? lastmove_.x : lastmove_.y};
+  const float radius = asX(1);
+  const ToolPlace at{lathe ? lastmove_.z : lastmove_.x, lathe ? lastmove_.x / radius : lastmove_.y};
   return std::isnan(at.x) || std::isnan(at.y) ? arc.from : at;
 }
 
@@ -280,6 +283,11 @@ void ProgramWriter::refuseUntrue(const ArcMove& arc) const {
       FailureNumber::InvalidProcedureCall, {},
       "The two radii of the arc differ by " + plainText(static_cast<float>(difference)) +
           ", and the post-processor definition allows " + plainText(dialect_.arcTol));
+}
+
+// Distances from the axis stand in the way of this control; those from a start never do.
+float ProgramWriter::asX(float radius) const {
+  return dialect_.diameter ? 2 * radius : radius;
 }
 
 bool ProgramWriter::readsAs(Point a, Point b) const {
@@ -328,7 +336,7 @@ bool ProgramWriter::hasAbsoluteCenters() const {
 void ProgramWriter::setCenter(MotionLine& line, const ArcMove& arc) const {
   const Point center = hasAbsoluteCenters() ? centerOf(arc) : centerOffset(arc);
   if (mode_ == CncMode::Lathe) {
-    line.i = center.y;  // I goes with X, K with Z
+    line.i = hasAbsoluteCenters() ? asX(center.y) : center.y;  // I goes with X, K with Z
     line.k = center.x;
   } else {
     line.i = center.x;

@@ -56,6 +56,7 @@ class ProgramWriter : public MotionReader {
   void writeFilled(const std::vector<std::string>& lines, int tool);
   void appendPlaceholder(Placeholder placeholder, int tool);
 
+  float asX(float radius) const;
   MotionLine lineTo(std::string_view g, ToolPlace place) const;
   void refuseUntrue(const ArcMove& arc) const;
   ToolPlace standingAt(const ArcMove& arc) const;

@@ -363,22 +363,36 @@ void nameDrawing(Session& session, const ChosenFile& file) {
   session.store.drawingname = session.selectedname = file.name;
 }
 
-// A drawing that is not saved after all keeps the name that it had.
+// A drawing that is not saved after all, for whatever reason, keeps the name that it had.
+class NameKept {
+ public:
+  explicit NameKept(DrawingStore& store)
+      : store_(store), before_{store.drawingpath, store.drawingname} {}
+  ~NameKept() {
+    if (isSaved) return;
+    std::swap(store_.drawingpath, before_.folder);
+    std::swap(store_.drawingname, before_.name);
+  }
+  NameKept(const NameKept&) = delete;
+  NameKept& operator=(const NameKept&) = delete;
+
+  bool isSaved = false;
+
+ private:
+  DrawingStore& store_;
+  ChosenFile before_;
+};
+
 void saveUnderOtherNames(Session& session) {
-  const ChosenFile before{session.store.drawingpath, session.store.drawingname};
+  NameKept name(session.store);
   SaveResult result = SaveResult::UnderOtherName;
   while (result == SaveResult::UnderOtherName) {
     const auto chosen = askForName(session);
-    if (!chosen || chosen->name.empty()) {
-      result = SaveResult::Cancelled;
-    } else {
-      nameDrawing(session, *chosen);
-      result = saveAsking(session, /*agreed=*/true);
-    }
+    if (!chosen || chosen->name.empty()) return;
+    nameDrawing(session, *chosen);
+    result = saveAsking(session, /*agreed=*/true);
   }
-  if (result == SaveResult::Done) return;
-  session.store.drawingpath = before.folder;
-  session.store.drawingname = before.name;
+  name.isSaved = result == SaveResult::Done;
 }
 
 // The folders of the drawings used last, each once.

@@ -54,6 +54,7 @@ struct DrawingStore : DrawingSettings {
   Column<float> toolspindlespeed{kLastTool};
   Column<float> toolrecspindle{kLastTool};
   Column<float> toolcuttingspeed{kLastTool};
+  Column<Int16> toolinside{kLastTool};  // 1: of a lathe, it works from the axis outward
 
   // Machine-cycle templates, rows 0 to NumCycles - 1.
   Int16 NumCycles;

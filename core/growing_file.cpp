@@ -37,6 +37,11 @@ void GrowingFile::flush() {
   if (!std::exchange(hasNameOnDisk_, true)) place_.flushFolder();
 }
 
+bool GrowingFile::isRemoved() const {
+  struct stat state {};
+  return ::fstat(file_.number(), &state) == 0 && state.st_nlink == 0;
+}
+
 std::optional<AbandonedFile> AbandonedFile::claim(const std::string& path) {
   Descriptor file(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOFOLLOW | O_CLOEXEC));
   struct stat state {};

@@ -26,6 +26,8 @@ class GrowingFile {
   void flush();
 
   std::size_t size() const { return size_; }
+  // Somebody has removed it: what is appended is for nobody.
+  bool isRemoved() const;
 
  private:
   FilePlace place_;

@@ -98,14 +98,28 @@ bool isDxf(std::string_view name) {
   return upperCased(name).ends_with(kDxfExtension);
 }
 
+// Tells what fails, and goes on: whatever comes behind it is to be saved too.
+template <typename Step>
+void reportingFailure(Session& session, Step step) {
+  try {
+    step();
+  } catch (const RuntimeFailure& failure) {
+    session.host.failures.report(failure);
+  }
+}
+
+bool wantsSetupSaved(Session& session) {
+  return session.host.prompts.showMessage({.text = "  System parameters have changed!  Save now ? ",
+                                           .title = {},
+                                           .icon = MessageIcon::Question,
+                                           .buttons = MessageButtons::YesNo}) == Answer::Yes;
+}
+
+// A setup that could not be written is asked about again: there may be room by then.
 void offerToSaveSetup(Session& session) {
-  if (!session.store.setupchanged) return;
-  const Answer answer =
-      session.host.prompts.showMessage({.text = "  System parameters have changed!  Save now ? ",
-                                        .title = {},
-                                        .icon = MessageIcon::Question,
-                                        .buttons = MessageButtons::YesNo});
-  if (answer == Answer::Yes) SetupTESS(session, "S");
+  while (session.store.setupchanged && wantsSetupSaved(session)) {
+    reportingFailure(session, [&] { SetupTESS(session, "S"); });
+  }
 }
 
 struct AskForm {
@@ -372,7 +386,7 @@ void mnuFileDelete_Click(Session& session) {
 
 void Form_Unload(Session& session) {
   const Procedure here("frmMain.Form_Unload()");
-  session.listener.saveLayout();
+  reportingFailure(session, [&] { session.listener.saveLayout(); });
   offerToSaveSetup(session);
   session.listener.unloadOtherWindows();
   writeRecent(session);

@@ -41,6 +41,7 @@ constexpr RowSetting kToolSettings[] = {
     {"spindle speed", SettingKind::S, &DrawingStore::toolspindlespeed, Reading::Plain},
     {"recommended spindle speed", SettingKind::S, &DrawingStore::toolrecspindle, Reading::Plain},
     {"cutting speed", SettingKind::S, &DrawingStore::toolcuttingspeed, Reading::Plain},
+    {"tool inside", SettingKind::S, &DrawingStore::toolinside, Reading::WhenSet},
 };
 
 constexpr RowSetting kCycleSettings[] = {
@@ -289,7 +290,9 @@ void appendRowSetting(std::string& out, const DrawingStore& store, const RowSett
   const auto text = [&](auto column) {
     return entryText((store.*column)[index], setting.kind, setting.reading);
   };
-  appendSetupEntry(out, setting.key, std::visit(text, setting.field));
+  const std::string value = std::visit(text, setting.field);
+  if (setting.reading == Reading::WhenSet && Val(value) == 0) return;
+  appendSetupEntry(out, setting.key, value);
 }
 
 }  // namespace tess

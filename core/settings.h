@@ -94,7 +94,7 @@ std::span<const RowSetting> cycleSettings();
 const RowSetting* findRowSetting(std::span<const RowSetting> settings, std::string_view key);
 
 // The field of row `index` to and from the text of a setup entry. Raise Overflow and Subscript out
-// of range.
+// of range. One that is written only when it is set appends nothing where it is 0.
 void readRowSetting(DrawingStore& store, const RowSetting& setting, int index,
                     std::string_view value);
 void appendRowSetting(std::string& out, const DrawingStore& store, const RowSetting& setting,

@@ -58,6 +58,7 @@
   SETTING(cfg_cutting_mode, Int16, S, "cutting mode", Live, Plain)                           \
   SETTING(cfg_pocketing_style, Int16, S, "pocketing style", Live, Plain)                     \
   SETTING(cfg_lathe_style_pocketing, Flag, S, "lathe style pocketing", Live, Plain)          \
+  SETTING(lathesetup, Flag, S, "lathe setup", Live, WhenSet)                                 \
   SETTING(cfg_cut_width_type, Int16, S, "cut width type", Live, Plain)                       \
   SETTING(cfg_gouge_avoidance, Flag, S, "gouge avoidance", Live, Plain)                      \
   SETTING(cfg_connect_pocketing_paths, Flag, S, "connect pocketing paths", Live, Plain)      \

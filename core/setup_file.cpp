@@ -111,6 +111,7 @@ class SetupReading {
 // The chest and the cycles are those of the file, and none of an earlier setup's.
 void clearRows(DrawingStore& store) {
   store.toolname.fill({});
+  store.toolinside.fill(0);
   store.NumCycles = 0;
   resizeCycles(store, 0);
   for (const RowSetting& setting : cycleSettings()) readRowSetting(store, setting, 0, {});

@@ -66,13 +66,13 @@ std::string_view trimmed(std::string_view text) {
 
 std::string lowerCased(std::string_view text) {
   return mapped(
-      text, [](int byte) { return byte >= 'A' && byte <= 'Z' ? byte + 32 : byte; },
+      text, [](unsigned char byte) { return lowerCased(static_cast<char>(byte)); },
       [](unsigned char tail) { return isUpperTail(tail) ? tail + 32 : tail; });
 }
 
 std::string upperCased(std::string_view text) {
   return mapped(
-      text, [](int byte) { return byte >= 'a' && byte <= 'z' ? byte - 32 : byte; },
+      text, [](unsigned char byte) { return upperCased(static_cast<char>(byte)); },
       [](unsigned char tail) { return isLowerTail(tail) ? tail - 32 : tail; });
 }
 

@@ -18,6 +18,14 @@ bool equalIgnoringCase(std::string_view a, std::string_view b);
 // The position of `part` in `text` regardless of case, or npos.
 std::size_t findIgnoringCase(std::string_view text, std::string_view part);
 
+// Letter case of one byte: an ASCII letter changes, any other byte stays.
+constexpr char lowerCased(char letter) {
+  return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
+}
+constexpr char upperCased(char letter) {
+  return letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 'a' + 'A') : letter;
+}
+
 constexpr bool endsLine(char letter) {
   return letter == '\r' || letter == '\n';
 }

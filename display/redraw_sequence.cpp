@@ -118,11 +118,11 @@ void RedrawSequence::paintPartTemplate(DrawingTarget& target) {
     target.TraceLine(corners, color, kOutlineBox);
     return;
   }
-  if (!parts_.store.roundstock) {
+  if (!isDisc(parts_.store)) {
     screen->TraceLine(corners, color, kFilledBox);
     return;
   }
-  // Fixed: round stock lies about world zero whatever the origin says; turned parts are drawn so.
+  // Fixed: round stock lies about world zero whatever the origin says; drawings hold it.
   const FillMode fillStyle = screen->FillStyle();
   const Rgb fillColor = screen->FillColor();
   screen->setFillStyle(FillMode::Solid);

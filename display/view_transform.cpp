@@ -43,6 +43,10 @@ WorldRect stockRectangle(const DrawingStore& store) {
   return {cx - halfx, cy - halfy, cx + halfx, cy + halfy};
 }
 
+bool isDisc(const DrawingStore& store) {
+  return store.roundstock && !store.lathesetup;
+}
+
 void setPicSize(View& view, const SurfaceArea& area) {
   view.picwidth = roundHalfEven(area.width);
   view.picheight = roundHalfEven(area.height);
@@ -67,8 +71,8 @@ void resetToFullView(View& view, const DrawingStore& store, FittedSide side) {
   view.viewspan = narrow(std::abs(fittedSize(store, side) * kFullViewMargin));
   view.homespan = view.viewspan;
   const WorldRect stock = stockRectangle(store);
-  view.homecx = store.roundstock ? 0 : (stock.left + stock.right) / 2;
-  view.homecy = store.roundstock ? 0 : (stock.bottom + stock.top) / 2;
+  view.homecx = isDisc(store) ? 0 : (stock.left + stock.right) / 2;
+  view.homecy = isDisc(store) ? 0 : (stock.bottom + stock.top) / 2;
   view.viewcx = view.homecx;
   view.viewcy = view.homecy;
 }

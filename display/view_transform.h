@@ -1,8 +1,8 @@
 // Where the drawing lies on the surface: the view's centre and span, the rectangle that they make
 // visible, and the steps from one view to the next, all as plain calculations.
-// Owns: View, WorldRect, visibleRectangle, stockRectangle, setPicSize, FittedSide, fitAspects,
-//       resetToFullView, spanFraction, kLargestZoom, magnification, updateZoomFactor, zoomText,
-//       PixelsPerInchX, PixelsPerInchY.
+// Owns: View, WorldRect, visibleRectangle, stockRectangle, isDisc, setPicSize, FittedSide,
+//       fitAspects, resetToFullView, spanFraction, kLargestZoom, magnification, updateZoomFactor,
+//       zoomText, PixelsPerInchX, PixelsPerInchY.
 #pragma once
 
 #include <string>
@@ -33,6 +33,8 @@ WorldRect visibleRectangle(const View& view, float span);
 
 // The stock, on the side of zero that the origin words say.
 WorldRect stockRectangle(const DrawingStore& store);
+// Whether it is seen from its end; a lathe shows its bar from the side.
+bool isDisc(const DrawingStore& store);
 
 // Takes over the surface's size; raises Overflow beyond 16 bits.
 void setPicSize(View& view, const SurfaceArea& area);

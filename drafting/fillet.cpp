@@ -197,7 +197,7 @@ namespace {
 constexpr Action<DraftingContext> kFilletActions[] = {
     {{.action = PendingAction::FilletFirst,
       .prompt = "Click near first line to fillet.",
-      .left = "first line"},
+      .left = "first of two lines (the radius is asked last)"},
      clickFilletFirst},
     {{.action = PendingAction::FilletSecond,
       .prompt = "Click near second line to fillet.",

@@ -39,6 +39,7 @@ local allowance = 0.01                                          -- for the finis
 
 -- Feeds, within the range that the tool chest gives for each tool.
 local spotFeed, drillFeed, roughFeed, finishFeed = 8, 12, 12, 10
+local entryFeed = 4
 
 -- Shapes -----------------------------------------------------------------------------------------
 -- A shape is a list of elements, each beginning where the one before ends: lines (kind 1),
@@ -196,8 +197,33 @@ local function cycle(number, x, y, depth, peckDepth, feed)
     feed = feed }
 end
 
+-- The rows of a path are flat, so a way down is stairs. No end mill likes to go straight down into
+-- solid material; by so little at a time it does.
+local step = 0.009
+
+-- A way down along a line.
+local function stairs(e, from, to, feed)
+  local count = math.ceil((from - to) / step)
+  local dx, dy = (e.x1 - e.x0) / count, (e.y1 - e.y0) / count
+  for i = 1, count do
+    cut(line(e.x0 + (i - 1) * dx, e.y0 + (i - 1) * dy, e.x0 + i * dx, e.y0 + i * dy),
+      from + (to - from) * i / count, feed)
+  end
+end
+
+-- To and fro along a line until the tool is down, where it came from.
+local function ramp(e, from, to)
+  local turns = math.ceil((from - to) / (2 * step))
+  for turn = 1, turns do
+    local z = from + (to - from) * turn / turns
+    cut(e, z + (from - to) / (2 * turns), entryFeed)
+    cut(line(e.x1, e.y1, e.x0, e.y0), z, entryFeed)
+  end
+end
+
 -- Below the top of the tabs a line with a tab is cut in three, the middle one over the tab. Its
--- length leaves `tabWidth` of material between the two cuts.
+-- length leaves `tabWidth` of material between the two cuts, and a little more behind it, where the
+-- tool goes down again.
 local function cutOverTab(e, z, feed)
   local dx, dy = direction(e.x0, e.y0, e.x1, e.y1)
   local half = (tabWidth + diameterOf(endMill)) / 2
@@ -205,7 +231,9 @@ local function cutOverTab(e, z, feed)
   local ax, ay, bx, by = mx - half * dx, my - half * dy, mx + half * dx, my + half * dy
   cut(line(e.x0, e.y0, ax, ay), z, feed)
   cut(line(ax, ay, bx, by), tabTop, feed)
-  cut(line(bx, by, e.x1, e.y1), z, feed)
+  local downX, downY = bx + tabWidth / 2 * dx, by + tabWidth / 2 * dy
+  stairs(line(bx, by, downX, downY), tabTop, z, feed)
+  cut(line(downX, downY, e.x1, e.y1), z, feed)
 end
 
 local function follow(shape, z, feed)
@@ -235,14 +263,16 @@ end
 -- at the retract height makes that harmless; the next one goes down at the plunge rate. It stands
 -- elsewhere than the last hole, so that its X and Y words are written: where the change itself left
 -- the machine does not matter then. Half circles lead from the middle of the slot to its wall and
--- back, so that each level begins where the one above ended.
+-- back, so that each level begins where the one above ended, and ramps down from there.
 local function millSlot()
   startGroup(endMill)
   rapid(slotX, slotY)
   local path = begunInMiddleOf(toLeft(slot, diameterOf(endMill) / 2), 1)
   local wall = path[1].y0
   local leadY = (slotY + wall) / 2
+  local middle = line(slotX, slotY, slotX + diameterOf(endMill), slotY)
   for i, z in ipairs(levels) do
+    ramp(middle, levels[i - 1] or 0, z)
     local feed = i == #levels and finishFeed or roughFeed
     cut(arc(CCW, slotX, slotY, slotX, wall, slotX, leadY), z, feed)
     follow(path, z, feed)
@@ -251,18 +281,20 @@ local function millSlot()
 end
 
 -- Roughing leaves the allowance. Every level ends where it began, in the waste, so that the next
--- one goes down on the spot. The finishing pass takes the allowance off at full depth.
+-- one ramps down there, along the way between the leads. The finishing pass takes the allowance off at full depth.
 local function millOutline()
   local radius = diameterOf(endMill) / 2
   local path = begunInMiddleOf(outline, rightEdge)
   local rough, finish = toLeft(path, radius + allowance), toLeft(path, radius)
   local leadIn, leadOut = leads(rough, radius)
+  local back = line(leadOut.x1, leadOut.y1, leadIn.x0, leadIn.y0)
   startGroup(endMill)
-  for _, z in ipairs(levels) do
+  for i, z in ipairs(levels) do
+    ramp(line(back.x1, back.y1, back.x0, back.y0), levels[i - 1] or 0, z)
     cut(leadIn, z, roughFeed)
     follow(rough, z, roughFeed)
     cut(leadOut, z, roughFeed)
-    cut(line(leadOut.x1, leadOut.y1, leadIn.x0, leadIn.y0), z, roughFeed)
+    cut(back, z, roughFeed)
   end
 
   leadIn, leadOut = leads(finish, radius + allowance)

@@ -120,8 +120,11 @@ FreeTypeLibrary::~FreeTypeLibrary() {
 
 // ---- Opening
 
+// Without waiting for somebody who writes into a pipe that stands in the font's place.
+constexpr int kOpening = O_RDONLY | O_CLOEXEC | O_NONBLOCK;
+
 struct FreeTypeFace::File {
-  explicit File(const std::string& path) : descriptor(open(path.c_str(), O_RDONLY | O_CLOEXEC)) {
+  explicit File(const std::string& path) : descriptor(open(path.c_str(), kOpening)) {
     struct stat status {};
     const bool isFile =
         descriptor >= 0 && fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode);

@@ -6,6 +6,7 @@
 #include "cnc/copy_program.h"
 #include "core/drawing_store.h"
 #include "core/lifecycle.h"
+#include "core/tool_text.h"
 #include "core/version.h"
 #include "drafting/copy_paste.h"
 #include "drafting/grids.h"
@@ -21,7 +22,6 @@
 #include "shell/printing.h"
 #include "shell/recovery.h"
 #include "tools/dlgColor.h"
-#include "tools/dlgToolPrms.h"
 #include "tools/speeds_feeds.h"
 
 namespace tess {

@@ -3,6 +3,7 @@
 
 #include "core/drawing_store.h"
 #include "core/lifecycle.h"
+#include "core/text.h"
 #include "drafting/enter_position.h"
 #include "drafting/grids.h"
 #include "drafting/pending_actions.h"
@@ -50,14 +51,10 @@ constexpr KeyRow kKeysWithoutTool[] = {
 
 // ---- Strokes
 
-char upperCase(char letter) {
-  return letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 'a' + 'A') : letter;
-}
-
 bool isNamed(const KeyStroke& stroke, const char* key) {
   const std::optional<KeyStroke> named = keyNamed(key);
   return named && named->special == stroke.special &&
-         upperCase(named->ascii) == upperCase(stroke.ascii);
+         upperCased(named->ascii) == upperCased(stroke.ascii);
 }
 
 // Whether a key acts with the modifiers that are held. Characters have theirs in their code.

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <iterator>
+#include <system_error>
 #include <unistd.h>
 #include <utility>
 
@@ -31,10 +32,12 @@ bool areEqual(const DrawingSettings& a, const DrawingSettings& b) {
   return std::find(std::begin(equal), std::end(equal), false) == std::end(equal);
 }
 
-// A name that no process of this machine has used yet.
+// A name that no process of this machine has used yet. A program's folder that is gone, as with the
+// disk that it was on, is not made anew in its old place.
 FilePlace newPlace(const Session& session) {
   const std::string folder = journalFolder(session);
-  std::filesystem::create_directories(folder);
+  std::error_code ignored;  // the file to be written there fails with a better reason
+  std::filesystem::create_directory(folder, ignored);
   const auto path = [&folder](int count) {
     return folder + std::to_string(::getpid()) + "-" + std::to_string(count) +
            std::string(kJournalExtension);
@@ -73,6 +76,7 @@ void EditJournal::afterCommand() {
   if (!isUnsaved(session_)) return discard();
   if (gaveUp_) return;
   attempt([this] {
+    if (file_ && file_->isRemoved()) letGo();
     if (!file_ || isBehind_) {
       writeWhole();
     } else if (!areEqual(settings_, session_.store)) {
@@ -89,6 +93,12 @@ void EditJournal::continueIn(const std::string& path) {
 
 void EditJournal::close() {
   discard();
+}
+
+// Its folder may be gone with it: the next one looks for a place anew.
+void EditJournal::letGo() {
+  file_.reset();
+  place_.reset();
 }
 
 // The file before is good until this one is complete and takes its name.

@@ -41,6 +41,7 @@ class EditJournal : public ChangeListener {
   void writeEdits(const KeptChange& change);
   void writeSettings();
   void write(const std::string& entries);
+  void letGo();
   void discard();
   template <typename Write>
   void attempt(Write write);

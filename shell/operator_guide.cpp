@@ -90,7 +90,8 @@ std::string nextStep(const Interaction& interaction) {
   const DrawingStore& store = interaction.context.store;
   const Marks marks = marksOfSegments(store);
   if (store.NumPathSegments > 0) {
-    const std::string program = nameWithKey(kMakeMillFileCommand.info) + " makes a program";
+    const ShellCommand& make = store.lathesetup ? kMakeLatheFileCommand : kMakeMillFileCommand;
+    const std::string program = nameWithKey(make.info) + " makes a program";
     return marks.verified > 0
                ? nameOf(kPlaceFinishPathCommand.info) + " finishes a wall, " + program
                : program;

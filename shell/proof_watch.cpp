@@ -80,8 +80,13 @@ ProofWatch::Circumstances ProofWatch::circumstances() const {
   const MotionRules rules = motionRules(definition_.dialect);
   found.push_back(wantsEntries(store) ? 1 : 0);
   found.push_back(rules.safeChange ? 1 : 0);
+  found.push_back(rules.latheClear ? static_cast<double>(*rules.latheClear) : 0);
+  found.push_back(store.lathesetup ? 1 : 0);
   found.push_back(rules.plungeFrom ? static_cast<double>(*rules.plungeFrom) : store.zstartpos);
-  for (int tool = 0; tool <= kLastTool; ++tool) found.push_back(store.toolradius[tool]);
+  for (int tool = 0; tool <= kLastTool; ++tool) {
+    found.push_back(store.toolradius[tool]);
+    found.push_back(store.toolinside[tool]);
+  }
   return found;
 }
 

@@ -3,6 +3,7 @@
 
 #include "core/drawing_store.h"
 #include "core/number_text.h"
+#include "core/tool_text.h"
 #include "toolpath/cycles.h"
 
 namespace tess {
@@ -41,6 +42,7 @@ bool dlgSelectCycle::hasTemplate() const {
 // A template that is chosen fills the fields by its click.
 void dlgSelectCycle::load() {
   const DrawingStore& store = cam_.store;
+  lblTool.setCaption("Cuts with " + toolInUseText(cam_.context.session));
   for (int cycle = 0; cycle < store.NumCycles; ++cycle) List1.addItem(store.cycletext[cycle]);
   if (cam_.selectedCycle && *cam_.selectedCycle < store.NumCycles) template_ = *cam_.selectedCycle;
   fill();

@@ -25,6 +25,7 @@ class dlgSelectCycle : public Form {
   TextBox txtcycleincrdepth{*this, "txtcycleincrdepth"};
   TextBox txtcycledwell{*this, "txtcycledwell"};
   TextBox txtcyclefeedrate{*this, "txtcyclefeedrate"};
+  Label lblTool{*this, "lblTool"};  // what the holes are made with
   CheckBox chkSelectedCircles{*this, "chkSelectedCircles"};
   Button cmdAccept{*this, "cmdAccept"};
   Button cmdCancel{*this, "cmdCancel"};

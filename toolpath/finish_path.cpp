@@ -238,7 +238,7 @@ constexpr Action<CamContext> kPlaceFinishPathActions[] = {
     {{.action = PendingAction::FinishDirection,
       .prompt = "Click to indicate direction.",
       .snaps = false,
-      .left = "the way to go from there"},
+      .left = "the way to go from there (climb milling: part on the right)"},
      clickDirection},
     {{.action = PendingAction::FinishReference,
       .prompt = "Click to indicate finish reference.",

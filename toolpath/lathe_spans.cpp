@@ -20,14 +20,18 @@ void rememberLatheSpan(std::vector<LatheSpan>& list, float xa, float xb, float l
   list.push_back({low, high, level});
 }
 
-float latheClearHeight(const DrawingStore& store, const std::vector<LatheSpan>& list, float xa,
-                       float xb, float spacing) {
-  const double tolerence = store.cfg_tolerance;
+float clearHeight(const std::vector<LatheSpan>& list, float xa, float xb, float spacing, float top,
+                  float tolerence) {
   const auto newest = std::find_if(list.rbegin(), list.rend(), [&](const LatheSpan& span) {
     return holds(span, xa, tolerence) && holds(span, xb, tolerence);
   });
-  if (newest == list.rend()) return store.partdimy;
-  return std::min(narrow(newest->spanLevel + spacing / 2.0), store.partdimy);
+  if (newest == list.rend()) return top;
+  return std::min(narrow(newest->spanLevel + spacing / 2.0), top);
+}
+
+float latheClearHeight(const DrawingStore& store, const std::vector<LatheSpan>& list, float xa,
+                       float xb, float spacing) {
+  return clearHeight(list, xa, xb, spacing, store.partdimy, store.cfg_tolerance);
 }
 
 }  // namespace tess

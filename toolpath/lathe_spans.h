@@ -1,5 +1,5 @@
 // The cuts that a lathe run has made, and how far they let the tool stay down on its way.
-// Owns: LatheSpan, rememberLatheSpan, latheClearHeight.
+// Owns: LatheSpan, rememberLatheSpan, latheClearHeight, clearHeight.
 #pragma once
 
 #include <vector>
@@ -21,5 +21,8 @@ void rememberLatheSpan(std::vector<LatheSpan>& list, float xa, float xb, float l
 // cut holds both.
 float latheClearHeight(const DrawingStore& store, const std::vector<LatheSpan>& list, float xa,
                        float xb, float spacing);
+// The same for spans and stock of any heights, `top` that of the stock.
+float clearHeight(const std::vector<LatheSpan>& list, float xa, float xb, float spacing, float top,
+                  float tolerence);
 
 }  // namespace tess

@@ -33,9 +33,10 @@ bool isCycle(const DrawingStore& store, int ps) {
 // Rows of a group, all against the same walls.
 class GroupDepth {
  public:
-  GroupDepth(const DrawingStore& store, const ProofGroup& group, PathProof& proof)
+  GroupDepth(const DrawingStore& store, const ProofGroup& group, bool turned, PathProof& proof)
       : store_(store),
         group_(group),
+        turned_(turned),
         proof_(proof),
         search_(group.region, group.freeSpace()),
         meant_(group, radiusOfRow(store, group.rows.front(), group), proof.limits.depth),
@@ -62,7 +63,7 @@ class GroupDepth {
   bool isJudged(int ps) const {
     if (isCycle(store_, ps) || group_.kind == JobKind::None) return false;
     if (!isFeedRow(store_, ps)) return true;
-    return group_.kind == JobKind::Lathe || store_.psz[ps] < 0;
+    return turned_ || store_.psz[ps] < 0;
   }
 
   void measureOvercut(int ps) {
@@ -86,6 +87,7 @@ class GroupDepth {
 
   const DrawingStore& store_;
   const ProofGroup& group_;
+  bool turned_;  // depths say nothing
   PathProof& proof_;
   DepthSearch search_;
   MeantDrops meant_;
@@ -143,17 +145,18 @@ PathProof provePaths(const DrawingStore& store, const PathJobs& jobs, const Proo
   PathProof proof;
   proof.limits = proofLimits(store);
   const std::vector<ProofGroup> groups = proofGroups(store, jobs, breathing);
+  const bool turned = isTurned(store, groups);
   for (const ProofGroup& group : groups) {
     proof.jobs.push_back({group.group, group.kind, group.byRecord, group.toolRadius,
                           radiusOfRow(store, group.rows.front(), group)});
-    GroupDepth depth(store, group, proof);
+    GroupDepth depth(store, group, turned, proof);
     depth.judge(breathing);
     proof.overcuts.insert(proof.overcuts.end(), depth.overcuts().begin(), depth.overcuts().end());
     if (group.isClosed) addStripsInPart(group.region, depth.tooDeep(), proof.tooDeep, breathing);
     if (clears(group)) proof.missed.push_back(missedBy(store, groups, group, breathing));
   }
   proof.tabs = findTabs(store, groups);
-  const std::vector<ToldMove> moves = toldMoves(hasLathe(groups) ? motions.lathe : motions.mill);
+  const std::vector<ToldMove> moves = toldMoves(turned ? motions.lathe : motions.mill);
   proof.rapids = findRapids(store, groups, moves, proof.unjudged, breathing);
   proof.plunges = findPlunges(store, groups, moves, proof.unjudged, breathing);
   proof.forbidsPlunges = wantsEntries(store);

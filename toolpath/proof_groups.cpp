@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "core/drawing_store.h"
+#include "core/turning_tools.h"
 #include "geometry/row_entity.h"
 #include "toolpath/connected_rows.h"
 #include "toolpath/drilled_holes.h"
@@ -182,7 +183,8 @@ void judgeByRows(ProofGroup& group, const DrawingStore& store,
 
 FreeSpace ProofGroup::freeSpace() const {
   if (!isClosed) return FreeSpace::Unknown;
-  return kind == JobKind::Lathe ? FreeSpace::NotBelow : FreeSpace::Inside;
+  if (kind != JobKind::Lathe) return FreeSpace::Inside;
+  return isInside ? FreeSpace::NotAbove : FreeSpace::NotBelow;
 }
 
 std::vector<RegionLoop> closedOutlines(const DrawingStore& store) {
@@ -226,6 +228,9 @@ std::vector<ProofGroup> proofGroups(const DrawingStore& store, const PathJobs& j
     group.group = number;
     group.rows.push_back(ps);
   }
+  for (auto& [number, group] : groups) {
+    group.isInside = worksInside(store, store.pscode[group.rows.front()]);
+  }
   for (const PathJob* const job : jobs.inForce(store)) judgeByRecord(groups[job->group], *job);
   std::optional<std::vector<RegionLoop>> outlines;
   std::vector<ProofGroup> all;
@@ -256,9 +261,10 @@ std::vector<GroundCut> groundCuts(const DrawingStore& store, const std::vector<P
   return cuts;
 }
 
-bool hasLathe(const std::vector<ProofGroup>& groups) {
-  return std::any_of(groups.begin(), groups.end(),
-                     [](const ProofGroup& group) { return group.kind == JobKind::Lathe; });
+bool isTurned(const DrawingStore& store, const std::vector<ProofGroup>& groups) {
+  return store.lathesetup || std::any_of(groups.begin(), groups.end(), [](const ProofGroup& group) {
+           return group.kind == JobKind::Lathe;
+         });
 }
 
 }  // namespace tess

@@ -1,7 +1,7 @@
 // What the rows of each path group are judged by: what their placing noted, or else what their own
 // run beside the outlines of the drawing tells.
 // Owns: ProofGroup, proofGroups, closedOutlines, feedCurves, radiusOfRow, CycleCuts, groundCuts,
-//       hasLathe.
+//       isTurned.
 #pragma once
 
 #include <vector>
@@ -23,6 +23,7 @@ struct ProofGroup {
   // The walls; none on the line, and none of a job that nothing is known about.
   PocketRegion region;
   bool isClosed = true;
+  bool isInside = false;  // of a lathe, cut by a tool that works from the axis outward
   double toolRadius = 0;  // this and the distance as the job has them; 0 by the rows
   double distance = 0;
   // What its job says was meant; where the rows do otherwise that counts for nothing.
@@ -55,7 +56,7 @@ enum class CycleCuts { Nothing, Holes };
 std::vector<GroundCut> groundCuts(const DrawingStore& store, const std::vector<ProofGroup>& groups,
                                   CycleCuts cycles);
 
-// Those of a lathe are judged by its own motions.
-bool hasLathe(const std::vector<ProofGroup>& groups);
+// Whether all of it is done on a lathe, and judged by its motions.
+bool isTurned(const DrawingStore& store, const std::vector<ProofGroup>& groups);
 
 }  // namespace tess

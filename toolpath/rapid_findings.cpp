@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <map>
 #include <optional>
 
 #include "core/drawing_store.h"
@@ -32,29 +33,33 @@ struct Rapid {
   Curve way() const { return lineCurve(flat(from), flat(to)); }
 };
 
-// Of a lathe: what rows before a rapid have cut down from above. A turning tool comes from outside
-// and takes what lies above its way.
+// Of a lathe: what rows before a rapid have cut. A turning tool comes from outside and takes what
+// lies above its way; one that works inside comes from the axis and takes what lies below.
 class TurnedBefore {
  public:
   TurnedBefore(const DrawingStore& store, const std::vector<ProofGroup>& groups)
       : stock_(stockRectangle(store)), top_(store.partdimy) {
     for (const ProofGroup& group : groups) {
-      if (group.kind != JobKind::Lathe) continue;
+      const double side = group.isInside ? -1 : 1;
       for (const int ps : group.rows) {
-        for (const Curve& curve : feedCurves(store, ps, group.kind)) cuts_.push_back({ps, curve});
+        for (const Curve& curve : feedCurves(store, ps, JobKind::Lathe)) {
+          cuts_.push_back({ps, side, curve});
+          noteHole(group, std::min(curve.start.y, curve.end.y));
+        }
       }
     }
   }
 
-  // Where a rapid is in the stock; the places that could tell are the ends of the cuts beside it,
-  // its own, and those between.
-  std::optional<PlanePoint> untaken(const Rapid& rapid, int& effort) const {
+  // Where a rapid of the group is in the stock; the places that could tell are the ends of the cuts
+  // beside it, its own, and those between.
+  std::optional<PlanePoint> untaken(const Rapid& rapid, const ProofGroup& group,
+                                    int& effort) const {
     const Curve way = rapid.way();
     const std::vector<double> places = placesAlong(rapid, way);
     for (const double share : places) {
       const PlanePoint at = pointAt(way, share);
       effort += static_cast<int>(cuts_.size());
-      if (isInBar(at) && !isTurned(at, rapid.row)) return at;
+      if (isInBar(at) && !isInHole(at, group) && !isTurned(at, rapid.row)) return at;
     }
     return std::nullopt;
   }
@@ -62,10 +67,36 @@ class TurnedBefore {
  private:
   struct Cut {
     int row;
+    double side;  // -1: from the axis
     Curve curve;
     double low() const { return std::min(curve.start.x, curve.end.x); }
     double high() const { return std::max(curve.start.x, curve.end.x); }
+    // How near to the other side it comes beside a place.
+    double deepestAt(double x) const {
+      const double start = side * curve.start.y;
+      const double end = side * curve.end.y;
+      const bool upright = high() - low() <= kHairOfMaterial;
+      if (upright) return std::min(start, end);
+      double deepest = std::max(start, end);
+      const double within = std::clamp(x, low(), high());
+      for (const double share : sharesOnLine(curve, {within, 0}, {0, 1})) {
+        deepest = std::min(deepest, side * pointAt(curve, share).y);
+      }
+      return deepest;
+    }
   };
+
+  void noteHole(const ProofGroup& group, double height) {
+    if (!group.isInside) return;
+    const auto [at, isNew] = holes_.try_emplace(group.group, height);
+    if (!isNew) at->second = std::min(at->second, height);
+  }
+
+  // A tool that works inside needs a hole to begin with, as wide as its lowest cut.
+  bool isInHole(PlanePoint at, const ProofGroup& group) const {
+    const auto hole = holes_.find(group.group);
+    return hole != holes_.end() && at.y <= hole->second + kHairOfMaterial;
+  }
 
   // The bar as it comes, from end to end.
   bool isInBar(PlanePoint at) const {
@@ -90,30 +121,19 @@ class TurnedBefore {
     return shares;
   }
 
-  // True where a cut of a row before passes below, or at, the place.
+  // True where a cut of a row before passes at, or beyond, the place.
   bool isTurned(PlanePoint at, int row) const {
     return std::any_of(cuts_.begin(), cuts_.end(), [&](const Cut& cut) {
       if (cut.row >= row) return false;
       if (at.x < cut.low() - kHairOfMaterial || at.x > cut.high() + kHairOfMaterial) return false;
-      return lowestAt(cut, at.x) <= at.y + kHairOfMaterial;
+      return cut.deepestAt(at.x) <= cut.side * at.y + kHairOfMaterial;
     });
-  }
-
-  static double lowestAt(const Cut& cut, double x) {
-    double lowest = std::min(cut.curve.start.y, cut.curve.end.y);
-    const bool upright = cut.high() - cut.low() <= kHairOfMaterial;
-    if (upright) return lowest;
-    lowest = std::max(cut.curve.start.y, cut.curve.end.y);
-    const double within = std::clamp(x, cut.low(), cut.high());
-    for (const double share : sharesOnLine(cut.curve, {within, 0}, {0, 1})) {
-      lowest = std::min(lowest, pointAt(cut.curve, share).y);
-    }
-    return lowest;
   }
 
   WorldRect stock_;
   double top_;
   std::vector<Cut> cuts_;
+  std::map<int, double> holes_;  // by groups
 };
 
 // ---- Findings
@@ -142,18 +162,19 @@ class RapidSearch {
     }
   }
 
-  // Those of a lathe for its own groups, the others for all.
+  // Those of a lathe by the bar.
   void judge(const Rapid& rapid, bool isLathe) {
     if (rapid.row == 0) return;
     const int at = groupOfRow_[static_cast<std::size_t>(rapid.row) - 1];
     const ProofGroup& group = groups_[static_cast<std::size_t>(at)];
-    if (group.kind == JobKind::None || (group.kind == JobKind::Lathe) != isLathe) return;
-    if (!isLathe && !goesThroughMaterialLevels(rapid)) return;
+    if (!isLathe && (group.kind == JobKind::None || !goesThroughMaterialLevels(rapid))) return;
     if (effort_ > kMaxEffort) {
       unjudged_.push_back(rapid.row);
       return;
     }
-    if (const auto place = findingOf(rapid, group, searches_[static_cast<std::size_t>(at)])) {
+    DepthSearch& search = searches_[static_cast<std::size_t>(at)];
+    if (const auto place =
+            isLathe ? turnedInto(rapid, group, search) : findingOf(rapid, group, search)) {
       findings.push_back({rapid.row, group.group, place->x, place->y});
     }
   }
@@ -172,14 +193,28 @@ class RapidSearch {
 
   std::optional<PlanePoint> findingOf(const Rapid& rapid, const ProofGroup& group,
                                       DepthSearch& search) {
-    if (group.kind != JobKind::Lathe && rapid.reason == MoveReason::Travel) return flat(rapid.to);
+    if (rapid.reason == MoveReason::Travel) return flat(rapid.to);
     const double radius = radiusOfRow(store_, rapid.row, group);
-    if (group.hasWalls()) {
-      const auto depth = search.deepest(rapid.way(), radius, kRounding);
-      if (depth && depth->depth > kRounding) return depth->at;
-    }
-    if (group.kind == JobKind::Lathe) return turned_.untaken(rapid, effort_);
+    if (const auto wall = wallInTheWay(rapid, group, search)) return wall;
     return taken_.untaken({rapid.way(), radius}, rapid.to.z, rapid.row, effort_);
+  }
+
+  std::optional<PlanePoint> wallInTheWay(const Rapid& rapid, const ProofGroup& group,
+                                         DepthSearch& search) const {
+    if (!group.hasWalls()) return std::nullopt;
+    const auto depth =
+        search.deepest(rapid.way(), radiusOfRow(store_, rapid.row, group), kRounding);
+    return depth && depth->depth > kRounding ? std::optional(depth->at) : std::nullopt;
+  }
+
+  // Behind the last row the tool leaves what that row has cut.
+  std::optional<PlanePoint> turnedInto(Rapid rapid, const ProofGroup& group, DepthSearch& search) {
+    if (group.kind == JobKind::Lathe) {
+      if (const auto wall = wallInTheWay(rapid, group, search)) return wall;
+    }
+    const bool leaves = rapid.reason == MoveReason::Lift || rapid.reason == MoveReason::Travel;
+    if (leaves && rapid.row == store_.NumPathSegments) ++rapid.row;
+    return turned_.untaken(rapid, group, effort_);
   }
 
   const DrawingStore& store_;
@@ -199,7 +234,7 @@ std::vector<RapidFinding> findRapids(const DrawingStore& store,
                                      const std::vector<ToldMove>& moves, std::vector<int>& unjudged,
                                      const Breathing& breathing) {
   RapidSearch search(store, groups, unjudged);
-  const bool isLathe = hasLathe(groups);
+  const bool isLathe = isTurned(store, groups);
   for (const ToldMove& move : moves) {
     breathe(breathing);
     if (move.rapid) search.judge({move.row, *move.rapid, move.from, move.to}, isLathe);

@@ -46,15 +46,16 @@ double mostFrom(const Curve& wall, const Curve& move) {
                   wall.radius - distanceTo(move, wall.center));
 }
 
-bool isBelowAWall(const PocketRegion& region, PlanePoint at) {
-  constexpr double kAbove = 1e12;
+// Above the place with side 1, below it with -1.
+bool hasAWall(const PocketRegion& region, PlanePoint at, double side) {
+  constexpr double kFar = 1e12;
   std::vector<int> found;
-  region.index().candidates(lineCurve(at, {at.x, kAbove}), 0, found);
+  region.index().candidates(lineCurve(at, {at.x, side * kFar}), 0, found);
   return std::any_of(found.begin(), found.end(), [&](int number) {
     const Curve& wall = region.walls()[static_cast<std::size_t>(number)];
     const Shares crossings = sharesOnLine(wall, at, {0, 1});
     return std::any_of(crossings.begin(), crossings.end(),
-                       [&](double share) { return pointAt(wall, share).y > at.y; });
+                       [&](double share) { return side * (pointAt(wall, share).y - at.y) > 0; });
   });
 }
 
@@ -81,7 +82,9 @@ bool DepthSearch::isFree(PlanePoint at) const {
     case FreeSpace::Inside:
       return region_.isFree(at);
     case FreeSpace::NotBelow:
-      return region_.isFree(at) || !isBelowAWall(region_, at);
+      return region_.isFree(at) || !hasAWall(region_, at, 1);
+    case FreeSpace::NotAbove:
+      return region_.isFree(at) || !hasAWall(region_, at, -1);
     case FreeSpace::Unknown:
       break;
   }

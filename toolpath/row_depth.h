@@ -21,7 +21,8 @@ enum class FreeSpace {
   // All but what lies below the loops: a turning tool comes from outside, and what is beside a loop
   // or above it is air.
   NotBelow,
-  Unknown,  // of an open chain: a move that crosses it is in by the radius
+  NotAbove,  // the same for a tool that comes from the axis
+  Unknown,   // of an open chain: a move that crosses it is in by the radius
 };
 
 // Many moves against the same walls. Where the centre stays free the answer is exact up to

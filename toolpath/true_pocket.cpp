@@ -360,6 +360,13 @@ std::optional<LathePlan> planLathe(CamContext& cam, const JobMeasures& job,
   return plan;
 }
 
+// A boring bar keeps off the wall of the hole by the clearance that it leaves at the others.
+LatheSide latheSide(const DrawingStore& store, const JobMeasures& job) {
+  constexpr float kBothSides = 2;
+  return {.isInside = store.toolinside[store.selectedtool] != 0,
+          .clearance = kBothSides * narrow(job.distance)};
+}
+
 void roughByLathe(CamContext& cam, const JobMeasures& job) {
   std::optional<LathePlan> plan;
   const bool done = unlessCancelled(
@@ -367,7 +374,8 @@ void roughByLathe(CamContext& cam, const JobMeasures& job) {
   if (!done || !plan) return;
   Change change(cam.changes);
   cam.store.currentpathgroup = nextPathGroup(cam.store);
-  cutLatheSpans(cam, std::move(plan->run), cam.store.cfg_finish_feedrate, LatheLeave::ToStock);
+  cutLatheSpans(cam, std::move(plan->run), cam.store.cfg_finish_feedrate, LatheLeave::ToStock,
+                latheSide(cam.store, job));
   change.keep({.redraws = false});
   showPlacedPaths(cam);
   tellWhatFailed(cam, kCommand, plan->failed);

@@ -11,6 +11,7 @@
 #include "core/number_text.h"
 #include "core/rounding.h"
 #include "core/text.h"
+#include "core/tool_text.h"
 #include "tools/tool_library.h"
 
 namespace tess {
@@ -25,10 +26,6 @@ constexpr std::size_t kProblemsShown = 15;
 constexpr char kImportTitle[] = "Import Tools";
 constexpr char kExportTitle[] = "Export Tools";
 constexpr char kLibraryFilter[] = "Tool Libraries (*.csv;*.tbl)|*.csv;*.tbl|All Files (*.*)|*.*";
-
-bool isFree(const DrawingStore& store, int tool) {
-  return trimmed(store.toolname[tool]).empty();
-}
 
 // A line of the list: the number from 1, in two places, and the name.
 std::string lineOf(const DrawingStore& store, int tool) {
@@ -46,11 +43,6 @@ int toolOf(const std::string& line) {
 std::string paddedName(const std::string& name) {
   const std::string shown(firstCharacters(name, kLongestToolName));
   return shown + std::string(kLongestToolName - characterCount(shown), ' ');
-}
-
-float diameterOf(const DrawingStore& store, int tool) {
-  const float diameter = 2 * store.toolradius[tool];
-  return std::isfinite(diameter) ? diameter : 0;
 }
 
 // The value of a text as a 32-bit float; nothing when it does not fit.
@@ -129,6 +121,7 @@ void dlgToolPrms::nameControls() {
   optEndMill.setCaption("&End Mill");
   optFaceMill.setCaption("&Face Mill");
   optSlotMill.setCaption("&Slot Mill");
+  chkInside.setCaption("&Works Inside");
   lblDiameter.setCaption("Dia&meter:");
   lblNumberFlutes.setCaption("&Number of Flutes:");
   lblToolMaterial.setCaption("&Tool Material:");
@@ -177,6 +170,11 @@ void dlgToolPrms::wireTool() {
     edited();
     showColor();
   };
+  chkInside.onClick = [this] {
+    if (loading_) return;
+    store_.toolinside[current_] = chkInside.value() == 0 ? 0 : 1;
+    edited();
+  };
   txtSpindleSpeed.onLeave = [this] { takeTypedSpeed(); };
 }
 
@@ -196,6 +194,7 @@ void dlgToolPrms::edited() {
 
 void dlgToolPrms::fill() {
   const Procedure here("dlgToolPrms.Form_Load()");
+  chkInside.setVisible(store_.lathesetup);
   OpenSpeedsFeeds(chest_.database, LocateSpeedsFeeds(chest_.session));
   showRow(inUse_);
   rebuildList();
@@ -216,13 +215,15 @@ void dlgToolPrms::showRow(int row) {
 }
 
 void dlgToolPrms::showTexts() {
-  txtdiameter.setText(formatNumber(diameterOf(store_, current_), chest_.session.formats.coordfmt));
+  txtdiameter.setText(
+      formatNumber(diameterShown(store_, current_), chest_.session.formats.coordfmt));
   txttool.setText(paddedName(store_.toolname[current_]));
   shownName_ = txttool.text();
   lbltool.setCaption("Tool #" + std::to_string(current_ + 1) + ":");
   const int flutes = store_.toolflutes[current_];
   txtNumberFlutes.setText(flutes < 1 ? kFirstFlutes : std::to_string(flutes));
   showSpindleSpeed(store_.toolspindlespeed[current_]);
+  chkInside.setValue(store_.toolinside[current_] == 0 ? 0 : 1);
 }
 
 void dlgToolPrms::showSpindleSpeed(float speed) {
@@ -256,10 +257,10 @@ void dlgToolPrms::rebuildList() {
   const Loading loading(loading_);
   std::vector<std::string> lines;
   for (int tool = 0; tool <= kLastWrittenTool; ++tool) {
-    if (!isFree(store_, tool)) lines.push_back(lineOf(store_, tool));
+    if (!isFreeTool(store_, tool)) lines.push_back(lineOf(store_, tool));
   }
   List1.setItems(std::move(lines));
-  const bool listed = current_ <= kLastWrittenTool && !isFree(store_, current_);
+  const bool listed = current_ <= kLastWrittenTool && !isFreeTool(store_, current_);
   List1.setIndex(listed ? List1.indexOf(lineOf(store_, current_)) : -1);
 }
 
@@ -405,7 +406,7 @@ void dlgToolPrms::addTool() {
   const Procedure here("dlgToolPrms.cmdAdd_Click()");
   if (!trimmed(txttool.text()).empty()) storeRow();
   int tool = 0;
-  while (tool <= kLastWrittenTool && !isFree(store_, tool)) ++tool;
+  while (tool <= kLastWrittenTool && !isFreeTool(store_, tool)) ++tool;
   if (tool > kLastWrittenTool) {
     rebuildList();
     chest_.session.host.prompts.showMessage(
@@ -422,6 +423,7 @@ void dlgToolPrms::addTool() {
   store_.toolspindlespeed[tool] = 0;
   store_.toolrecspindle[tool] = 0;
   store_.toolcuttingspeed[tool] = 0;
+  store_.toolinside[tool] = 0;
   edited();
   showRow(tool);
   rebuildList();
@@ -522,15 +524,6 @@ void mnuCAMSelectTool_Click(const ToolChest& chest) {
   const Procedure here("mnuCAMSelectTool_Click()");
   dlgToolPrms dialog(chest, chest.session.store.selectedtool);
   chest.session.host.prompts.showModal(dialog);
-}
-
-std::string toolInUseText(const Session& session) {
-  const DrawingStore& store = session.store;
-  const int tool = store.selectedtool;
-  if (tool < 0 || tool > kLastTool || isFree(store, tool)) return "No tool";
-  return "Tool " + std::to_string(tool + 1) + ": " + std::string(trimmed(store.toolname[tool])) +
-         ", " + formatNumber(diameterOf(store, tool), session.formats.coordfmt) +
-         (isMetric(store) ? " mm" : " in");
 }
 
 }  // namespace tess

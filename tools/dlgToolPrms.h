@@ -1,5 +1,5 @@
 // Tool Select & Definition: the tool chest, which edits the tool table and picks the tool in use.
-// Owns: ToolChest, dlgToolPrms, mnuCAMSelectTool_Click, toolInUseText.
+// Owns: ToolChest, dlgToolPrms, mnuCAMSelectTool_Click.
 #pragma once
 
 #include <optional>
@@ -47,6 +47,7 @@ class dlgToolPrms : public Form {
   Option optEndMill{*this, "optEndMill", fraType};
   Option optFaceMill{*this, "optFaceMill", fraType};
   Option optSlotMill{*this, "optSlotMill", fraType};
+  CheckBox chkInside{*this, "chkInside"};  // of lathe setups
   Label lblDiameter{*this, "lblDiameter"};
   TextBox txtdiameter{*this, "txtdiameter"};
   Label lblNumberFlutes{*this, "lblNumberFlutes"};
@@ -135,8 +136,5 @@ class dlgToolPrms : public Form {
 
 // The tool chest on the tool in use.
 void mnuCAMSelectTool_Click(const ToolChest& chest);
-
-// Number, name and diameter of the tool in use, in one line.
-std::string toolInUseText(const Session& session);
 
 }  // namespace tess

@@ -2,7 +2,6 @@
 #include "tools/feeds_database.h"
 
 #include <algorithm>
-#include <cctype>
 #include <cmath>
 
 #include "core/text.h"
@@ -28,10 +27,6 @@ constexpr std::size_t kJournalBytes = 18;
 constexpr char kJournalBeside = 2;
 constexpr char kJournalInside = 1;
 
-int foldedByte(char letter) {
-  return std::tolower(static_cast<unsigned char>(letter));
-}
-
 bool isAscii(std::string_view text) {
   return std::all_of(text.begin(), text.end(),
                      [](char letter) { return static_cast<unsigned char>(letter) < 0x80; });
@@ -43,11 +38,10 @@ std::string_view withoutBlanksAtEnd(std::string_view text) {
 }
 
 int compareAscii(std::string_view a, std::string_view b) {
-  const auto folded = [](char letter) { return foldedByte(letter); };
   const auto [endA, endB] =
       std::mismatch(a.begin(), a.begin() + std::min(a.size(), b.size()), b.begin(),
-                    [&](char x, char y) { return folded(x) == folded(y); });
-  if (endA != a.end() && endB != b.end()) return folded(*endA) - folded(*endB);
+                    [](char x, char y) { return lowerCased(x) == lowerCased(y); });
+  if (endA != a.end() && endB != b.end()) return lowerCased(*endA) - lowerCased(*endB);
   return static_cast<int>(endA != a.end()) - static_cast<int>(endB != b.end());
 }
 

@@ -71,7 +71,7 @@ struct ToolRow {
   int number = 0;  // from 1
   std::optional<std::string> name, material, feed;
   std::optional<float> radius;  // drawing units
-  std::optional<int> color, type, flutes;
+  std::optional<int> color, type, flutes, inside;
   std::optional<float> spindle, recommendedSpindle, cuttingSpeed;
 };
 
@@ -207,6 +207,7 @@ class Import {
     set(store_.toolspindlespeed[tool], row.spindle);
     set(store_.toolrecspindle[tool], row.recommendedSpindle);
     set(store_.toolcuttingspeed[tool], row.cuttingSpeed);
+    set(store_.toolinside[tool], row.inside);
     ++result_.tools;
   }
 
@@ -241,7 +242,8 @@ enum class CsvColumn {
   Feed,
   Spindle,
   RecommendedSpindle,
-  CuttingSpeed
+  CuttingSpeed,
+  Inside  // only where a lathe tool works inside
 };
 
 constexpr std::array kColumnNames = {"number",
@@ -255,7 +257,8 @@ constexpr std::array kColumnNames = {"number",
                                      "feed rate",
                                      "spindle speed",
                                      "recommended spindle speed",
-                                     "cutting speed"};
+                                     "cutting speed",
+                                     "inside"};
 
 constexpr std::array kTypeWords = {"end", "face", "slot"};  // by the values of toolmilltype
 
@@ -273,7 +276,14 @@ std::string typeText(int type) {
   return known ? kTypeWords[static_cast<std::size_t>(type)] : std::to_string(type);
 }
 
-std::string csvLine(const DrawingStore& store, int tool) {
+bool hasInside(const DrawingStore& store) {
+  for (int tool = 0; tool <= kLastWrittenTool; ++tool) {
+    if (isListed(store, tool) && store.toolinside[tool] != 0) return true;
+  }
+  return false;
+}
+
+std::string csvLine(const DrawingStore& store, int tool, bool withInside) {
   const std::string cells[] = {std::to_string(tool + 1),
                                csvCell(std::string(trimmed(store.toolname[tool]))),
                                typeText(store.toolmilltype[tool]),
@@ -288,6 +298,7 @@ std::string csvLine(const DrawingStore& store, int tool) {
                                plainText(store.toolcuttingspeed[tool])};
   std::string line;
   for (const std::string& cell : cells) line += (line.empty() ? "" : ",") + cell;
+  if (withInside) line += "," + std::to_string(store.toolinside[tool]);
   return line + "\r\n";
 }
 
@@ -393,6 +404,7 @@ class CsvRow {
       row.flutes = wholeIn(*cell, "number of flutes", 0, 32767);
     if (const auto* cell = filled(CsvColumn::Color))
       row.color = wholeIn(*cell, "color", kMinColor, kMaxColor);
+    if (const auto* cell = filled(CsvColumn::Inside)) row.inside = wholeIn(*cell, "inside", 0, 1);
     row.radius = radius(metric);
     row.spindle = speed(CsvColumn::Spindle);
     row.recommendedSpindle = speed(CsvColumn::RecommendedSpindle);
@@ -562,11 +574,15 @@ std::optional<ToolLibraryFormat> toolLibraryFormat(std::string_view path) {
 }
 
 std::string toolCsv(const DrawingStore& store) {
+  const bool withInside = hasInside(store);
+  const std::size_t columns = kColumnNames.size() - (withInside ? 0 : 1);
   std::string text;
-  for (const char* const name : kColumnNames) text += std::string(text.empty() ? "" : ",") + name;
+  for (std::size_t i = 0; i < columns; ++i) {
+    text += std::string(text.empty() ? "" : ",") + kColumnNames[i];
+  }
   text += "\r\n";
   for (int tool = 0; tool <= kLastWrittenTool; ++tool) {
-    if (isListed(store, tool)) text += csvLine(store, tool);
+    if (isListed(store, tool)) text += csvLine(store, tool, withInside);
   }
   return text;
 }

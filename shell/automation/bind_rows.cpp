@@ -97,7 +97,11 @@ Row takeRow(lua_State* L, const Fields& fields) {
     const auto named = [key](const auto& field) { return field.name == key; };
     const auto field = std::find_if(std::begin(fields), std::end(fields), named);
     if (field == std::end(fields)) raiseUnknownField(L, fields);
-    std::visit(Take<Row>{L, row}, field->member);
+    try {
+      std::visit(Take<Row>{L, row}, field->member);
+    } catch (const RuntimeFailure& failure) {
+      throw RuntimeFailure(failure.number(), "field '" + std::string(key) + "'");
+    }
   }
   return row;
 }

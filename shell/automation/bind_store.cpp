@@ -50,6 +50,7 @@ constexpr NamedColumn kColumns[] = {
     {"toolspindlespeed", &DrawingStore::toolspindlespeed},
     {"toolrecspindle", &DrawingStore::toolrecspindle},
     {"toolcuttingspeed", &DrawingStore::toolcuttingspeed},
+    {"toolinside", &DrawingStore::toolinside},
     {"cycletext", &DrawingStore::cycletext},
     {"cyclefinaldepth", &DrawingStore::cyclefinaldepth},
     {"cycleincrdepth", &DrawingStore::cycleincrdepth},

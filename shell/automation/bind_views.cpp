@@ -18,7 +18,11 @@ int showRectangle(Script& script, lua_State* L) {
   lua_Integer place = 0;
   for (double& corner : corners) {
     lua_geti(L, 1, ++place);
-    corner = static_cast<double>(valueAt<float>(L, -1));
+    try {
+      corner = static_cast<double>(valueAt<float>(L, -1));
+    } catch (const RuntimeFailure& failure) {
+      throw RuntimeFailure(failure.number(), "number " + std::to_string(place) + " of the corners");
+    }
   }
   Application& application = script.application;
   script.hand.act([&] {

@@ -4,6 +4,7 @@
 #include <ostream>
 #include <stdexcept>
 
+#include "cnc/machine_kind.h"
 #include "cnc/program_target.h"
 #include "core/drawing_file.h"
 #include "core/drawing_store.h"
@@ -135,12 +136,18 @@ void requireReplaceable(const DrawingStore& store, const std::string& file) {
   if (const auto kept = keptAt(store, file)) throw JobFailure(file + " " + *kept + kForced);
 }
 
+void requireMachine(const DrawingStore& store, CncMode mode) {
+  if (mode != CncMode::Mill || !hasLatheRapids(store)) return;
+  throw JobFailure(otherMachine(store, mode) + " (--force makes the program all the same)");
+}
+
 std::string make(Application& application, const CncJob& job) {
   const DrawingStore& store = application.store;
   if (store.NumPathSegments == 0) throw JobFailure("No Path Segments Placed!");
   const std::string file = job.output.empty() ? programFile(store) : job.output;
   if (!job.force) {
     requireSound(application.definition);
+    requireMachine(store, job.mode);
     requireReplaceable(store, file);
   }
   make_cnc(application.session, application.definition, application.cnc, job.mode,

@@ -336,6 +336,25 @@ int writeForm(Script& /*script*/, lua_State* L) {
   raise(L, form.name() + " is a form: assign to a property of one of its controls");
 }
 
+// One step through the names of a form's controls, in the order of the form.
+int nextControl(Script& /*script*/, lua_State* L) {
+  const lua_Integer place = lua_tointeger(L, lua_upvalueindex(2)) + 1;
+  lua_pushinteger(L, place);
+  lua_replace(L, lua_upvalueindex(2));
+  if (lua_geti(L, lua_upvalueindex(1), place) == LUA_TNIL) return 1;
+  lua_pushvalue(L, -1);
+  lua_gettable(L, kSelf);
+  return 2;
+}
+
+int pairsOfForm(Script& /*script*/, lua_State* L) {
+  PushValue{L}(selfAs<FormObject>(L).form->controlNames());
+  lua_pushinteger(L, 0);
+  lua_pushcclosure(L, guarded<nextControl>, 2);
+  lua_pushvalue(L, kSelf);
+  return 2;
+}
+
 int describeForm(Script& /*script*/, lua_State* L) {
   push(L, selfAs<FormObject>(L).form->name());
   return 1;
@@ -348,6 +367,7 @@ constexpr Method kEvents[] = {{nullptr, nullptr}};
 template <>
 constexpr Method kEvents<FormObject>[] = {{"__index", guarded<readForm>},
                                           {"__newindex", guarded<writeForm>},
+                                          {"__pairs", guarded<pairsOfForm>},
                                           {"__tostring", guarded<describeForm>}};
 template <>
 constexpr Method kEvents<ArrayObject>[] = {{"__index", guarded<readArray>},

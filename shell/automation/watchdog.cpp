@@ -6,6 +6,8 @@
 #include <chrono>
 #include <csignal>
 #include <cstdio>
+#include <stdexcept>
+#include <system_error>
 #include <unistd.h>
 #include <utility>
 
@@ -24,7 +26,12 @@ Watchdog::Watchdog(double seconds, std::function<void()> onHang)
     : seconds_(seconds), onHang_(std::move(onHang)) {}
 
 void Watchdog::start() {
-  if (seconds_ > 0) thread_ = std::thread([this] { watch(); });
+  if (seconds_ <= 0) return;
+  try {
+    thread_ = std::thread([this] { watch(); });
+  } catch (const std::system_error&) {
+    throw std::runtime_error(kNoThread);
+  }
 }
 
 Watchdog::~Watchdog() {

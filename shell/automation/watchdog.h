@@ -1,7 +1,7 @@
 // The time that a script may take, or the search for a display. A script that is calculating, or
 // calling the program, ends in order once it is over; one that is inside a single long call, as a
 // pattern match of Lua, cannot hear of it and is ended with the process.
-// Owns: Watchdog, exitAtOnce.
+// Owns: kNoThread, Watchdog, exitAtOnce.
 #pragma once
 
 #include <atomic>
@@ -13,6 +13,10 @@
 
 namespace tess {
 
+// Why a thread of the program cannot be had.
+inline constexpr char kNoThread[] =
+    "no thread can be started; memory or the number of processes is at its limit";
+
 class Watchdog {
  public:
   // 0 seconds are no bound. `onHang` is called on a thread of its own when the object still lives a
@@ -22,7 +26,7 @@ class Watchdog {
   Watchdog(const Watchdog&) = delete;
   Watchdog& operator=(const Watchdog&) = delete;
 
-  // The time begins; at most once.
+  // The time begins; at most once. Raises std::runtime_error where there is no thread for it.
   void start();
   bool isOver() const { return over_.load(std::memory_order_relaxed); }
   // What is then said of the script.

@@ -19,7 +19,8 @@ QPointF placeOf(const BoltMark& mark, double scale) {
 
 }  // namespace
 
-BoltPane::BoltPane(QWidget* parent) : QWidget(parent) {
+BoltPane::BoltPane(QWidget* parent) : QFrame(parent) {
+  setFrameShape(QFrame::StyledPanel);
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
 }
 
@@ -38,6 +39,7 @@ void BoltPane::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
   painter.fillRect(rect(), palette().color(QPalette::Base));
+  drawFrame(&painter);
   if (marks_.empty()) return;
   painter.translate(width() / 2.0, height() / 2.0);
   const double radius = kBoltFrame * pixelsPerUnit();

@@ -2,7 +2,7 @@
 // Owns: BoltPane.
 #pragma once
 
-#include <QWidget>
+#include <QFrame>
 #include <vector>
 
 #include "toolpath/BoltCircle.h"
@@ -11,7 +11,7 @@ class QPainter;
 
 namespace tess {
 
-class BoltPane : public QWidget {
+class BoltPane : public QFrame {
  public:
   explicit BoltPane(QWidget* parent);
 

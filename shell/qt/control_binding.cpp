@@ -22,6 +22,7 @@
 #include <utility>
 
 #include "cnc/file_text.h"
+#include "display/screen_look.h"
 #include "shell/frmPDFHelp.h"
 #include "shell/qt/bolt_pane.h"
 #include "shell/qt/file_text_pane.h"
@@ -47,6 +48,22 @@ QString shown(const std::string& text) {
 // The toolkit ends lines by a line feed alone.
 QString shownLines(const std::string& text) {
   return shown(text).replace("\r\n", "\n");
+}
+
+QColor colorOf(Rgb color) {
+  return {color & 0xFF, color >> 8 & 0xFF, color >> 16 & 0xFF};
+}
+
+Rgb rgbOf(const QColor& color) {
+  return color.red() | color.green() << 8 | color.blue() << 16;
+}
+
+// The colour, or the nearest to it that letters can have in a theme.
+Rgb legibleOn(const QPalette& palette, Rgb color) {
+  return legible(color,
+                 {rgbOf(palette.color(QPalette::Window)), rgbOf(palette.color(QPalette::Button)),
+                  rgbOf(palette.color(QPalette::Base))},
+                 ScreenLook::kTextContrast);
 }
 
 bool framesAllow(const Control& control, bool (Control::*flag)() const) {
@@ -111,15 +128,15 @@ void ControlBinding::showColor() {
   }
   colored_ = true;
   const int color = *control_.color();
-  const QColor ink(color & 0xFF, color >> 8 & 0xFF, color >> 16 & 0xFF);
   QPalette palette = widget_->palette();
   const bool area = control_.kind() == ControlKind::Picture;
+  const QColor ink = colorOf(area ? color : legibleOn(palette, color));
   for (const QPalette::ColorRole role :
        {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
     palette.setColor(area ? QPalette::Window : role, ink);
   }
   widget_->setAutoFillBackground(area);
-  widget_->setPalette(palette);
+  if (palette != widget_->palette()) widget_->setPalette(palette);
 }
 
 // A control with a place of its own leaves the layout.
@@ -157,6 +174,8 @@ bool ControlBinding::eventFilter(QObject* watched, QEvent* event) {
     const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
     if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason) focusArrived();
   }
+  // Another theme: a colour of the control's own has other grounds.
+  if (event->type() == QEvent::PaletteChange && colored_ && formLives()) showColor();
   return QObject::eventFilter(watched, event);
 }
 

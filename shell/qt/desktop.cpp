@@ -3,6 +3,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QFontInfo>
 #include <QLockFile>
 #include <QMessageBox>
 #include <QStandardPaths>
@@ -10,14 +11,16 @@
 #include <filesystem>
 #include <iostream>
 #include <memory>
+#include <stdexcept>
 
 #include "core/version.h"
 #include "shell/automation/reports.h"
 #include "shell/automation/watchdog.h"
 #include "shell/program_folder.h"
+#include "shell/qt/desktop_limits.h"
 #include "shell/qt/desktop_program.h"
 #include "shell/qt/instance_door.h"
-#include "shell/qt/plain_numbers.h"
+#include "shell/qt/plain_locale.h"
 #include "shell/qt/plot.h"
 #include "shell/qt/script_player.h"
 #include "shell/qt/theme.h"
@@ -31,11 +34,19 @@ constexpr int kExitFailed = 1;
 constexpr char kNoDisplay[] =
     "there is no display for the window; tessimo --help tells what it does without one";
 
+constexpr char kNoFont[] =
+    "no font is installed for the texts of the window; Debian has some in fonts-dejavu-core";
+
 // Without a display the toolkit would end the program by itself, with less to say.
 bool hasDisplay() {
   return !qEnvironmentVariableIsEmpty("DISPLAY") ||
          !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ||
          !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
+}
+
+// Why no window can come; "" when one can, as far as it can be known before.
+std::string obstacle() {
+  return hasDisplay() ? troubleWith(processLimits()) : kNoDisplay;
 }
 
 // The display that the environment means, as an operator knows it.
@@ -53,10 +64,17 @@ std::string unreachable() {
 }
 
 // While the toolkit looks for its display. One that refuses would abort the program, with several
-// lines; one that takes the connection and never answers would keep it for ever.
+// lines; one that takes the connection and never answers would keep it for ever, and so would a
+// window whose thread for what the display has to say could not be started.
 class DisplaySearch {
  public:
-  DisplaySearch() : before_(qInstallMessageHandler(hear)) { patience_.start(); }
+  DisplaySearch() : before_(qInstallMessageHandler(hear)) {
+    try {
+      patience_.start();
+    } catch (const std::runtime_error& failure) {
+      exitAtOnce("tessimo: " + oneLine(failure.what()));
+    }
+  }
   ~DisplaySearch() { qInstallMessageHandler(before_); }
   DisplaySearch(const DisplaySearch&) = delete;
   DisplaySearch& operator=(const DisplaySearch&) = delete;
@@ -66,6 +84,7 @@ class DisplaySearch {
 
   static void hear(QtMsgType type, const QMessageLogContext& where, const QString& text) {
     if (type == QtFatalMsg) exitAtOnce("tessimo: " + oneLine(unreachable()));
+    if (text.startsWith("QThread::start")) exitAtOnce("tessimo: " + oneLine(kNoThread));
     const bool aboutDisplays = QByteArrayView(where.category).startsWith("qt.qpa");
     if (!aboutDisplays) std::fprintf(stderr, "%s\n", text.toUtf8().constData());
   }
@@ -74,16 +93,27 @@ class DisplaySearch {
   Watchdog patience_{kSeconds, [] { exitAtOnce("tessimo: " + oneLine(unreachable())); }};
 };
 
+// Where the environment names a display of X alone, the toolkit is not to try the other platforms
+// that are installed after it: these write lines of their own about why they cannot.
+std::vector<std::string> withPlatform(std::vector<std::string> arguments) {
+  const bool onlyX = qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") &&
+                     qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
+  if (onlyX) arguments.insert(arguments.end(), {"-platform", "xcb"});
+  return arguments;
+}
+
 // The toolkit's application; it keeps references to the arguments.
 class Toolkit {
  public:
   explicit Toolkit(std::vector<std::string> arguments)
-      : arguments_(std::move(arguments)),
+      : arguments_(withPlatform(std::move(arguments))),
         texts_(pointersTo(arguments_)),
         search_(std::make_unique<DisplaySearch>()),
         application_(count_, texts_.data()) {
-    keepPlainNumbers();
+    keepPlainLocale();
     search_.reset();
+    if (QFontInfo(QApplication::font()).family().isEmpty())
+      exitAtOnce("tessimo: " + oneLine(kNoFont));
     QApplication::setApplicationName("tessimo");
     QApplication::setDesktopFileName("tessimo");
     startTheme(application_);
@@ -146,8 +176,9 @@ ExitStatus fail(std::string_view line) {
 ExitStatus playInWindow(const ScriptJob& job, std::vector<std::string> arguments) {
   const std::optional<std::string> text = readScript(job, std::cerr);
   if (!text) return ExitStatus::JobFailed;
-  if (!hasDisplay()) return fail(kNoDisplay);
+  if (const std::string trouble = obstacle(); !trouble.empty()) return fail(trouble);
   qInstallMessageHandler(passOverWarnings);
+  keepUsableScale();
   const Toolkit toolkit(std::move(arguments));
   const std::unique_ptr<QLockFile> lock = takeLock();
   if (!lock) return fail("Tessimo is already running");
@@ -157,10 +188,11 @@ ExitStatus playInWindow(const ScriptJob& job, std::vector<std::string> arguments
 }  // namespace
 
 int runDesktop(const DesktopRequest& request, std::vector<std::string> arguments) {
-  if (!hasDisplay()) {
-    say(std::cerr, kNoDisplay);
+  if (const std::string trouble = obstacle(); !trouble.empty()) {
+    say(std::cerr, trouble);
     return kExitFailed;
   }
+  keepUsableScale();
   const Toolkit toolkit(std::move(arguments));
   const std::unique_ptr<QLockFile> lock = takeLock();
   if (!lock) {

@@ -45,8 +45,11 @@ std::string describeSystem() {
   return text.toStdString();
 }
 
-std::string neitherKind(const std::string& file) {
-  return file + " is neither a drawing nor a DXF file.";
+// Of a file that was named and cannot be opened.
+std::string whyNot(const std::string& file) {
+  const bool isThere = fileExists(file) || folderExists(file);
+  return isThere ? file + " is neither a drawing nor a DXF file."
+                 : "There is no file " + file + ".";
 }
 
 PointerEvent pointerEvent(int button, int shift, float x, float y) {
@@ -116,7 +119,7 @@ bool DesktopProgram::takeFile(const std::string& file) {
     gateway_.enter("frmMain.takeFile(file)", [&] {
       const std::vector<std::string> meant{file, drawings + std::string(fileNameOf(file))};
       if (droppedFile(meant)) return dropFiles(application_.session, meant);
-      tell(fileExists(file) ? neitherKind(file) : "There is no file " + file + ".");
+      tell(whyNot(file));
     });
   });
   return true;
@@ -124,10 +127,11 @@ bool DesktopProgram::takeFile(const std::string& file) {
 
 // Nothing is said while there is something to take; other files beside it are passed over.
 void DesktopProgram::drop(const std::vector<std::string>& names) {
+  if (names.empty()) return tell("Only files of this computer can be opened.");
   const bool any = droppedFile(names).has_value();
   dropFiles(application_.session, names);
-  if (any || names.empty()) return;
-  tell(names.size() == 1 ? neitherKind(names.front())
+  if (any) return;
+  tell(names.size() == 1 ? whyNot(names.front())
                          : "None of these files is a drawing or a DXF file.");
 }
 
@@ -249,7 +253,7 @@ void DesktopProgram::wireWindow() {
   // The command that asked for it comes to its end first.
   application_.onCloseMainWindow = [this] {
     QMetaObject::invokeMethod(
-        &window_, [this] { window_.close(); }, Qt::QueuedConnection);
+        &window_, [this] { window_.closeOnce(); }, Qt::QueuedConnection);
   };
   application_.onCaptionChanged = [this] {
     window_.setWindowTitle(QString::fromStdString(application_.caption()));

@@ -12,6 +12,7 @@
 #include "shell/qt/ports.h"
 #include "shell/qt/start_panel.h"
 #include "shell/qt/theme_menu.h"
+#include "shell/qt/windows_in_sight.h"
 
 namespace tess {
 
@@ -76,6 +77,7 @@ class DesktopProgram {
   StartOffer startOffer_{application_};
   StartPanel startPanel_{startOffer_, surface_};
   ThemeMenu theme_;
+  WindowsInSight windowsInSight_;
   bool failed_ = false;
 };
 

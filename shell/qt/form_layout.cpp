@@ -27,6 +27,7 @@
 #include "shell/qt/bolt_pane.h"
 #include "shell/qt/control_binding.h"
 #include "shell/qt/file_text_pane.h"
+#include "shell/qt/icons.h"
 #include "shell/qt/pdf_pane.h"
 #include "shell/qt/prop_list_pane.h"
 #include "shell/qt/rows_pane.h"
@@ -38,6 +39,15 @@ namespace {
 constexpr int kMargin = 16;
 constexpr int kSpacing = 10;
 constexpr int kFieldWidth = 110;
+constexpr int kButtonWidth = 84;
+
+// A button for a short word is as wide as its neighbours, and one for a long word is never narrower
+// than that, as a least width of the style sheet would let it be.
+class WordButton : public QPushButton {
+ public:
+  using QPushButton::QPushButton;
+  QSize sizeHint() const override { return QPushButton::sizeHint().expandedTo({kButtonWidth, 0}); }
+};
 
 template <class Made>
 QWidget* make(QWidget* parent) {
@@ -50,13 +60,11 @@ struct OwnClass {
   QWidget* (*make)(QWidget*);
 };
 
-constexpr std::array kOwnClasses{OwnClass{"QComboBox", make<DropDownBox>},
-                                 OwnClass{"PdfPane", make<PdfPane>},
-                                 OwnClass{"BoltPane", make<BoltPane>},
-                                 OwnClass{"RowsPane", make<RowsPane>},
-                                 OwnClass{"FileTextPane", make<FileTextPane>},
-                                 OwnClass{"PropListPane", make<PropListPane>},
-                                 OwnClass{"QTabBar", make<QTabBar>}};
+constexpr std::array kOwnClasses{
+    OwnClass{"QComboBox", make<DropDownBox>},     OwnClass{"QPushButton", make<WordButton>},
+    OwnClass{"PdfPane", make<PdfPane>},           OwnClass{"BoltPane", make<BoltPane>},
+    OwnClass{"RowsPane", make<RowsPane>},         OwnClass{"FileTextPane", make<FileTextPane>},
+    OwnClass{"PropListPane", make<PropListPane>}, OwnClass{"QTabBar", make<QTabBar>}};
 
 class Loader : public QUiLoader {
  public:
@@ -92,10 +100,24 @@ std::unique_ptr<Loader> makeLoader() {
   return loader;
 }
 
+// The property of a label that shows the program's icon: how large, in pixels of the layout.
+constexpr char kProgramIcon[] = "programIcon";
+
+// As fine as the screen is.
+void showProgramIcon(const QWidget& root) {
+  for (auto* label : root.findChildren<QLabel*>()) {
+    const int size = label->property(kProgramIcon).toInt();
+    if (size == 0) continue;
+    label->setPixmap(programIcon().pixmap(QSize(size, size), label->devicePixelRatio()));
+  }
+}
+
 QWidget* loadLayoutFile(const Form& form, QWidget* parent) {
   QFile file(QString(":/forms/%1.ui").arg(layoutName(form)));
   if (!file.open(QIODevice::ReadOnly)) return nullptr;
-  return makeLoader()->load(&file, parent);
+  QWidget* root = makeLoader()->load(&file, parent);
+  if (root != nullptr) showProgramIcon(*root);
+  return root;
 }
 
 QWidget* makeTextBox(const Control& control, QWidget* parent) {
@@ -135,7 +157,7 @@ struct WidgetOfKind {
 
 constexpr std::array kWidgets{
     WidgetOfKind{ControlKind::TextBox, makeTextBox},
-    WidgetOfKind{ControlKind::Button, plain<QPushButton>},
+    WidgetOfKind{ControlKind::Button, plain<WordButton>},
     WidgetOfKind{ControlKind::CheckBox, plain<QCheckBox>},
     WidgetOfKind{ControlKind::Option, plain<QRadioButton>},
     WidgetOfKind{ControlKind::List, plain<QListWidget>},

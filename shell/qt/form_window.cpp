@@ -81,12 +81,16 @@ void FormWindow::showTitle() {
 
 // The form has been filled by now, so the window takes the size of what it shows.
 void FormWindow::present() {
-  if (!isVisible()) fitToScreen();
-  if (!isVisible()) takeWantedSize();
+  if (!isVisible()) takeSizeAnew();
   if (!isVisible() && view_.form()->leavesDrawingInReach) standAside();
   show();
   raise();
   activateWindow();
+}
+
+void FormWindow::takeSizeAnew() {
+  fitToScreen();
+  takeWantedSize();
 }
 
 // As wide as the toolkit would have it, which is two thirds of the screen at most, and as high as

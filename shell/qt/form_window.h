@@ -21,6 +21,8 @@ class FormWindow : public QDialog, public FormObserver {
   // Opens the form and serves events until it is hidden, closed or gone.
   void runModal();
   FormView& view() { return view_; }
+  // Takes the size that the form wants, as far as its screen has room for that.
+  void takeSizeAnew();
 
   void formChanged(Form& form, FormProperty property) override;
   void formGone() override;

@@ -2,6 +2,7 @@
 #include "shell/qt/instance_door.h"
 
 #include <QFile>
+#include <QTimer>
 #include <algorithm>
 #include <array>
 #include <cstring>
@@ -20,6 +21,7 @@ namespace {
 constexpr std::size_t kLongestPath = 4095;
 constexpr int kPatience = 1000;  // milliseconds that either side waits for the other
 constexpr char kTaken = 'y';
+constexpr std::size_t kMostGuests = 8;
 
 // Nothing when the path is too long for a socket.
 bool fillAddress(sockaddr_un& address, const std::string& path) {
@@ -42,6 +44,12 @@ const sockaddr* plain(const sockaddr_un& address) {
   return reinterpret_cast<const sockaddr*>(&address);
 }
 
+// Who listens and has no time for anybody leaves his caller waiting for ever otherwise.
+void endWaitingInTime(const Descriptor& peer) {
+  const timeval patience{.tv_sec = kPatience / 1000, .tv_usec = 0};
+  ::setsockopt(peer.number(), SOL_SOCKET, SO_SNDTIMEO, &patience, sizeof patience);
+}
+
 bool isOwn(const Descriptor& peer) {
   ucred who{};
   socklen_t size = sizeof who;
@@ -54,18 +62,8 @@ bool hasSomething(const Descriptor& peer) {
   return ::poll(&waiting, 1, kPatience) > 0;
 }
 
-// A line without its end, which the other side sends at one go; empty when none comes in time.
-std::string lineFrom(const Descriptor& peer) {
-  std::array<char, kLongestPath + 1> text{};
-  if (!hasSomething(peer)) return {};
-  const ssize_t size = ::recv(peer.number(), text.data(), text.size(), 0);
-  const std::string_view line(text.data(), static_cast<std::size_t>(std::max<ssize_t>(size, 0)));
-  const std::size_t end = line.find('\n');
-  return end + 1 == line.size() ? std::string(line.substr(0, end)) : std::string();
-}
-
 bool send(const Descriptor& peer, std::string_view text) {
-  return ::send(peer.number(), text.data(), text.size(), MSG_NOSIGNAL) ==
+  return ::send(peer.number(), text.data(), text.size(), MSG_NOSIGNAL | MSG_DONTWAIT) ==
          static_cast<ssize_t>(text.size());
 }
 
@@ -76,6 +74,42 @@ bool hasGone(const Descriptor& peer) {
 }
 
 }  // namespace
+
+// Somebody who has come in. What he says comes when it comes: the window does not wait for it.
+class InstanceDoor::Guest {
+ public:
+  explicit Guest(Descriptor peer)
+      : peer_(std::move(peer)), notifier_(peer_.number(), QSocketNotifier::Read) {
+    patience_.setSingleShot(true);
+    patience_.start(kPatience);
+  }
+
+  // Takes in what has come. False when there is no more to be waited for.
+  bool listen() {
+    std::array<char, kLongestPath + 1> text{};
+    const ssize_t size = ::recv(peer_.number(), text.data(), text.size() - said_.size(), 0);
+    if (size <= 0) return false;
+    said_.append(text.data(), static_cast<std::size_t>(size));
+    return said_.size() < text.size() && said_.find('\n') == std::string::npos;
+  }
+
+  // The line, without its end; "" when it is none, or more than one.
+  std::string file() const {
+    const std::size_t end = said_.find('\n');
+    const bool isLine = end + 1 == said_.size() && said_.find('\0') == std::string::npos;
+    return isLine ? said_.substr(0, end) : std::string();
+  }
+
+  const Descriptor& peer() const { return peer_; }
+  QSocketNotifier& notifier() { return notifier_; }
+  QTimer& patience() { return patience_; }
+
+ private:
+  Descriptor peer_;
+  std::string said_;
+  QSocketNotifier notifier_;
+  QTimer patience_;
+};
 
 InstanceDoor::InstanceDoor(std::string path)
     : path_(std::move(path)), listening_(newSocket(SOCK_NONBLOCK)) {
@@ -94,13 +128,34 @@ InstanceDoor::~InstanceDoor() {
   if (isOpen()) removeSocket(path_);
 }
 
-// The other side has written before it waits, so that nobody holds the window up for long.
+// Where many come at once and say nothing, the one who has been silent longest goes.
 void InstanceDoor::admit() {
-  const Descriptor peer(::accept4(listening_.number(), nullptr, nullptr, SOCK_CLOEXEC));
-  if (!peer.isOpen() || !isOwn(peer) || hasGone(peer)) return;
-  const std::string file = lineFrom(peer);
-  if (file.empty() || file.find('\0') != std::string::npos) return;
-  if (onFile && onFile(file)) send(peer, std::string_view(&kTaken, 1));
+  Descriptor peer(::accept4(listening_.number(), nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK));
+  if (!peer.isOpen() || !isOwn(peer)) return;
+  if (guests_.size() == kMostGuests) guests_.pop_front();
+  Guest& guest = *guests_.emplace_back(std::make_unique<Guest>(std::move(peer)));
+  // He is out of sight at once, and gone when the event that he was heard by has ended.
+  const auto leave = [this, &guest] { showOut(guest); };
+  QObject::connect(&guest.patience(), &QTimer::timeout, &guest.patience(), leave,
+                   Qt::QueuedConnection);
+  QObject::connect(&guest.notifier(), &QSocketNotifier::activated, [this, &guest] { hear(guest); });
+}
+
+void InstanceDoor::hear(Guest& guest) {
+  if (guest.listen()) return;
+  guest.notifier().setEnabled(false);
+  answer(guest);
+  guest.patience().start(0);
+}
+
+void InstanceDoor::answer(const Guest& guest) {
+  const std::string file = guest.file();
+  if (file.empty() || hasGone(guest.peer())) return;
+  if (onFile && onFile(file)) send(guest.peer(), std::string_view(&kTaken, 1));
+}
+
+void InstanceDoor::showOut(const Guest& guest) {
+  guests_.remove_if([&guest](const auto& each) { return each.get() == &guest; });
 }
 
 bool handToRunning(const std::string& path, const std::string& file) {
@@ -109,6 +164,7 @@ bool handToRunning(const std::string& path, const std::string& file) {
   const bool fits = !file.empty() && file.size() <= kLongestPath &&
                     file.find('\n') == std::string::npos && fillAddress(address, path);
   if (!fits || !peer.isOpen()) return false;
+  endWaitingInTime(peer);
   if (::connect(peer.number(), plain(address), sizeof address) != 0 || !isOwn(peer)) return false;
   if (!send(peer, file + "\n") || !hasSomething(peer)) return false;
   char answer = 0;

@@ -5,6 +5,7 @@
 
 #include <QSocketNotifier>
 #include <functional>
+#include <list>
 #include <memory>
 #include <string>
 
@@ -27,11 +28,17 @@ class InstanceDoor {
   std::function<bool(const std::string& file)> onFile;
 
  private:
+  class Guest;
+
   void admit();
+  void hear(Guest& guest);
+  void answer(const Guest& guest);
+  void showOut(const Guest& guest);
 
   std::string path_;
   Descriptor listening_;
   std::unique_ptr<QSocketNotifier> notifier_;
+  std::list<std::unique_ptr<Guest>> guests_;  // who has not said all yet, the oldest first
 };
 
 // True when the program that listens at `path` has taken the file.

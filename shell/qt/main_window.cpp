@@ -77,11 +77,16 @@ void MainWindow::showAtStart() {
   QTimer::singleShot(kMaximisedAfter, this, [this] { fillScreen(); });
 }
 
-// Without a window manager nobody carries out that a window is maximised.
+// Without a window manager nobody carries out that a window is maximised, and some take it back
+// when the window asks for more room just then, as on a small screen.
 void MainWindow::fillScreen() {
   const QRect available = screen()->availableGeometry();
-  const bool fills = width() > available.width() * kScreenPart;
-  if (isMaximized() && !fills) setGeometry(available);
+  if (width() > available.width() * kScreenPart) return;
+  if (isMaximized()) {
+    setGeometry(available);
+  } else {
+    showMaximized();
+  }
 }
 
 void MainWindow::print(const std::string& line) {
@@ -98,6 +103,11 @@ void MainWindow::tellClientArea() {
   const QPoint corner = client_->mapTo(this, QPoint());
   const Bounds area{corner.x(), corner.y(), client_->width(), client_->height()};
   parts_.gateway.enter("frmMain.abMain_Resize()", [&] { parts_.tools.setClientArea(area); });
+}
+
+// The toolkit takes a window away that is closed while it closes.
+void MainWindow::closeOnce() {
+  if (!closing_) close();
 }
 
 // The question may itself ask for the window to be closed.
@@ -132,10 +142,11 @@ void MainWindow::dropEvent(QDropEvent* event) {
   std::vector<std::string> paths;
   const QList<QUrl> urls = event->mimeData()->urls();
   for (const QUrl& url : urls) {
-    if (url.isLocalFile()) paths.push_back(url.toLocalFile().toStdString());
+    const QString path = url.toLocalFile();  // empty for one of another computer
+    if (!path.isEmpty() && !path.contains(QChar::Null)) paths.push_back(path.toStdString());
   }
   event->acceptProposedAction();
-  if (paths.empty() || !onFilesDropped) return;
+  if (!onFilesDropped) return;
   parts_.gateway.enter("frmMain.picDrawing_OLEDragDrop(Data,Effect,Button,Shift,X,Y)",
                        [&] { onFilesDropped(paths); });
 }

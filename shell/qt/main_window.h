@@ -44,10 +44,14 @@ class MainWindow : public QMainWindow, public ToolHostObserver {
   // A small line over the surface, for what is said before dialogs are at hand.
   void print(const std::string& line);
 
+  // Closes as the operator's own close does. Nothing while it is closing already: what is asked or
+  // told then would go with the window.
+  void closeOnce();
+
   // Whether the window may close now.
   std::function<bool()> onQueryClose;
   std::function<void()> onClosed;
-  // Paths of files that were dropped on the window.
+  // Paths of files that were dropped on the window; none when those are of other computers.
   std::function<void(const std::vector<std::string>&)> onFilesDropped;
 
   void keepArrangement(std::string& arrangement) override;

@@ -19,6 +19,7 @@
 #include "core/version.h"
 #include "shell/qt/paper_sheets.h"
 #include "shell/qt/raster_surface.h"
+#include "shell/qt/spoken_names.h"
 #include "shell/qt/toolkit.h"
 
 namespace tess {
@@ -197,6 +198,7 @@ bool QtPaper::showPreview() {
   printer.setFullPage(true);
   printer.setDocName(QString::fromStdString(title_));
   QPrintPreviewDialog dialog(&printer, window_);
+  namePreviewForReaders(dialog);
   QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog,
                    [this](QPrinter* page) { paint(*page); });
   dialog.exec();

@@ -23,6 +23,8 @@ namespace tess {
 
 namespace {
 
+constexpr int kToldEnough = 3;
+constexpr qint64 kRightBehind = 100;  // milliseconds; no operator gives a command in that time
 constexpr qint64 kServeEvery = 8;     // milliseconds
 constexpr int kServeAtMost = 20;      // milliseconds
 constexpr int kHourglassDelay = 200;  // milliseconds
@@ -44,10 +46,22 @@ QWidget* DesktopPrompts::owner() const {
   return dialog_ != nullptr ? dialog_.data() : window_.data();
 }
 
+// A file of another kind may have a message for each of its thousands of rows, at every redraw:
+// nobody could get to the command that leaves it.
+bool DesktopPrompts::wasToldEnough(const Message& message) {
+  if (message.buttons != MessageButtons::Ok) return false;
+  if (!sinceTold_.isValid() || sinceTold_.elapsed() > kRightBehind) told_.clear();
+  sinceTold_.start();
+  return ++told_[message.text] > kToldEnough;
+}
+
 Answer DesktopPrompts::showMessage(const Message& message) {
+  if (wasToldEnough(message)) return Answer::Ok;
   QMessageBox box(owner());
   fillMessageBox(box, message);
-  return answerOf(box.exec());
+  const Answer answer = answerOf(box.exec());
+  sinceTold_.start();
+  return answer;
 }
 
 std::optional<std::string> DesktopPrompts::chooseFile(const FileRequest& request) {

@@ -9,6 +9,7 @@
 #include <QTimer>
 #include <QWidget>
 #include <functional>
+#include <map>
 #include <memory>
 #include <string>
 
@@ -35,10 +36,13 @@ class DesktopPrompts : public Prompts {
 
  private:
   QWidget* owner() const;
+  bool wasToldEnough(const Message& message);
 
   Gateway& gateway_;
   QPointer<QWidget> window_;
   QPointer<QWidget> dialog_;  // the last that was opened of those that wait, modal or not
+  QElapsedTimer sinceTold_;
+  std::map<std::string, int> told_;  // how often each, one right behind the other
 };
 
 class DesktopClock : public Clock {

@@ -12,7 +12,7 @@ constexpr char kBeginnings[] = "0123456789.@(";
 // One that is too long is told, not cut; of what the toolkit can lay out only in many seconds, as a
 // file on the clipboard, the beginning is enough to tell.
 constexpr int kLongestText = 100000;
-constexpr int kLetters = 30;
+constexpr int kLetters = 31;
 
 }  // namespace
 
@@ -35,10 +35,10 @@ bool PositionLine::begin(const QKeyEvent& key) {
   const bool plain = (key.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) == 0;
   const QString text = key.text();
   if (!plain || text.size() != 1 || !QString(kBeginnings).contains(text)) return false;
-  if (this->text().isEmpty()) begunOnDrawing_ = true;
+  begunOnDrawing_ = true;
   setFocus(Qt::OtherFocusReason);
-  end(/*mark=*/false);
-  insert(text);
+  // What was refused or left half typed would stand before the digit and make another place of it.
+  setText(text);
   if (onEdited) onEdited();
   return true;
 }

@@ -63,9 +63,11 @@ class RasterSurface : public DrawingSurface {
   void smoothLine(const QLineF& pixels, Rgb color);
   void sharpLine(QPoint from, QPoint to, Rgb color);
   void paintBox(const QRect& pixels, Rgb color, bool filled);
-  bool isRepeated(const WorldBox& ends, Rgb color);
-  void propertySet(const char* /*name*/, double /*value*/) override { lastLine_.reset(); }
-  void propertyChanged() override { measures_.reset(); }
+  bool isRepeated(const WorldBox& ends, Rgb color) const;
+  void propertyChanged() override {
+    measures_.reset();
+    lastLine_.reset();
+  }
   void stopPainting();
   QImage emptyPicture(const QSize& size) const;
   QSize pictureSize() const;
@@ -109,12 +111,14 @@ class RasterSurface : public DrawingSurface {
   };
   const Lettering& letteringOf(const std::string& text);
 
-  // A copied line after which nothing was painted and no property set.
+  // A copied line after which nothing was painted and no property changed. Outlines go on where it
+  // ends.
   struct LastLine {
-    float x0, y0, x1, y1;
+    WorldBox ends;
     Rgb color;
-    bool operator==(const LastLine&) const = default;
+    QPointF end;  // in device pixels
   };
+  QLineF deviceLine(const WorldBox& ends) const;
 
   SurfaceArea area_;
   double density_;

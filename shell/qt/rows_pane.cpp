@@ -50,7 +50,8 @@ void add(QPainterPath& path, const SegmentRow& row) {
 
 }  // namespace
 
-RowsPane::RowsPane(QWidget* parent) : QWidget(parent) {
+RowsPane::RowsPane(QWidget* parent) : QFrame(parent) {
+  setFrameShape(QFrame::StyledPanel);
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
 }
 
@@ -66,6 +67,7 @@ void RowsPane::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
   painter.fillRect(rect(), palette().color(QPalette::Base));
+  drawFrame(&painter);
   painter.setPen(palette().color(QPalette::Text));
   const QRectF inside = QRectF(rect()).adjusted(kMargin, kMargin, -kMargin, -kMargin);
   QRectF text;

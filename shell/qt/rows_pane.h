@@ -2,14 +2,14 @@
 // Owns: RowsPane.
 #pragma once
 
+#include <QFrame>
 #include <QPainterPath>
-#include <QWidget>
 
 #include "core/drawing_preview.h"
 
 namespace tess {
 
-class RowsPane : public QWidget {
+class RowsPane : public QFrame {
  public:
   explicit RowsPane(QWidget* parent);
 

@@ -12,8 +12,8 @@ namespace tess {
 // The picture's pixels, turned over where a line is steep, so that it always runs along columns.
 struct SmoothLines::Pixels {
   QRgb* first;
-  std::ptrdiff_t alongStep, acrossStep;
-  int columns, rows;
+  std::ptrdiff_t alongStep, acrossStep;  // from a pixel to its neighbour
+  int rows;
 };
 
 namespace {
@@ -24,13 +24,13 @@ constexpr Fixed kOne = 1 << kShift;
 constexpr int kToShare = kShift - 8;
 constexpr std::uint32_t kWhole = 256;  // share of a pixel
 
-Fixed fixed(double value) {
+Fixed fixed(float value) {
   return static_cast<Fixed>(value * kOne);
 }
 
-int wholeBelow(double value) {
+int wholeBelow(float value) {
   const int whole = static_cast<int>(value);
-  return value < whole ? whole - 1 : whole;
+  return whole - (value < static_cast<float>(whole) ? 1 : 0);
 }
 
 // The three channels of a pixel, each with room for its product with a share.
@@ -44,19 +44,49 @@ inline QRgb blended(QRgb under, std::uint64_t ink, std::uint32_t share) {
   return 0xFF000000 | (sums & 0x00FF00FF) | (sums >> 24 & 0x0000FF00);
 }
 
-// A line from left to right that rises or falls by `slope` in each column.
+// A line from left to right over the columns that it crosses.
 struct Run {
-  double from, to;  // with its ends
-  double start;     // the height at 0
-  double slope;
-  double half;  // of the stretch in a column
+  bool isSteep;        // the columns are the rows of the picture
+  float left, atLeft;  // the left end: along the columns, and across them
+  float slope;         // the rise in each column
+  float half;          // of the stretch in a column
+  float from, to;      // with its ends
+
+  float heightAt(float place) const { return atLeft + slope * (place - left); }
+  // Of a column's width that the line covers, in 256ths.
+  int shareOf(int column) const {
+    const auto edge = static_cast<float>(column);
+    return static_cast<int>((std::min(to, edge + 1) - std::max(from, edge)) * kWhole);
+  }
 };
 
-bool liesInside(const Run& run, int rows) {
-  const double first = run.start + run.slope * run.from;
-  const double last = run.start + run.slope * run.to;
-  constexpr double kTouched = 3;  // pixels of one column
-  return std::min(first, last) - kTouched > 0 && std::max(first, last) + kTouched < rows;
+struct Place {
+  float x, y;
+};
+
+inline Run runOf(const Place& start, const Place& end, float width) {
+  const auto [x1, y1] = start;
+  const auto [x2, y2] = end;
+  const bool steep = std::abs(y2 - y1) > std::abs(x2 - x1);
+  const float along1 = steep ? y1 : x1, across1 = steep ? x1 : y1;
+  const float along2 = steep ? y2 : x2, across2 = steep ? x2 : y2;
+  const bool back = along2 < along1;
+  const float left = back ? along2 : along1, atLeft = back ? across2 : across1;
+  const float right = back ? along1 : along2, atRight = back ? across1 : across2;
+  constexpr float kNoLength = 1e-30F;  // a point lies level
+  const float slope = (atRight - atLeft) / std::max(right - left, kNoLength);
+  const float stretch = std::sqrt(1 + slope * slope);  // of the length, and of the width
+  const float reach = width / 2 / stretch;
+  return {steep, left, atLeft, slope, width / 2 * stretch, left - reach, right + reach};
+}
+
+// Whether no column's stretch can leave the picture, and none needs more than three pixels.
+inline bool isInner(const Run& run, int rows) {
+  constexpr float kTouched = 3;
+  const float start = run.heightAt(run.from), end = run.heightAt(run.to);
+  const float highest = static_cast<float>(rows) - kTouched;
+  const int inside = (std::min(start, end) > kTouched ? 1 : 0) & (std::max(start, end) < highest);
+  return (inside & (run.half <= 1 ? 1 : 0)) != 0;
 }
 
 Fixed firstPart(Fixed low) {
@@ -103,75 +133,65 @@ inline void blendAny(QRgb* column, const Stretch& stretch, std::uint32_t ofWidth
 SmoothLines::Ways SmoothLines::waysOf() const {
   auto* first = reinterpret_cast<QRgb*>(picture_.bits());
   const std::ptrdiff_t line = picture_.bytesPerLine() / static_cast<std::ptrdiff_t>(sizeof(QRgb));
-  const int width = picture_.width();
-  const int height = picture_.height();
-  return {Pixels{first, 1, line, width, height}, Pixels{first, line, 1, height, width}};
+  return {Pixels{first, 1, line, picture_.height()}, Pixels{first, line, 1, picture_.width()}};
 }
 
-// Which way a line runs is as good as chance, so that is looked up: the processor cannot foresee a
-// branch on it.
-SmoothLines::Columns SmoothLines::columnsOf(const Ways& ways, const Line& line) {
-  const std::array ends{line.ends.x1(), line.ends.y1(), line.ends.x2(), line.ends.y2()};
-  const unsigned steep = std::abs(line.ends.dy()) > std::abs(line.ends.dx()) ? 1 : 0;
-  const unsigned left = ends[2 + steep] < ends[steep] ? 2 : 0;
-  const QPointF from(ends[left + steep], ends[left + 1 - steep]);
-  const QPointF to(ends[2 - left + steep], ends[3 - left - steep]);
-  const QPointF delta = to - from;
-  const double slope = delta.x() > 0 ? delta.y() / delta.x() : 0;  // a point lies level
-  const double stretch = std::sqrt(1 + slope * slope);  // of the length, and of the width
-  const double reach = line.width / 2 / stretch;
-  const Pixels& pixels = ways[steep];
-  const Run run{.from = from.x() - reach,
-                .to = to.x() + reach,
-                .start = from.y() - slope * from.x(),
-                .slope = slope,
-                .half = line.width / 2 * stretch};
-  const int first = std::max(0, wholeBelow(run.from));
-  const int last = std::min(pixels.columns - 1, -wholeBelow(-run.to) - 1);
-  const auto shareOf = [&](int column) {
-    const double covered = std::min(run.to, column + 1.0) - std::max(run.from, 1.0 * column);
-    return static_cast<std::uint32_t>(static_cast<int>(covered * kWhole));
-  };
-  const bool narrow = 2 * run.half <= 2;
-  return {.first = pixels.first + first * pixels.alongStep,
-          .alongStep = pixels.alongStep,
-          .acrossStep = pixels.acrossStep,
-          .count = std::max(0, last - first + 1),
-          .rows = pixels.rows,
-          .low = fixed(run.start + run.slope * (first + 0.5) - run.half),
-          .slope = fixed(run.slope),
-          .length = fixed(2 * run.half),
-          .firstShare = shareOf(first),
-          .lastShare = shareOf(last),
-          .ink = line.ink,
-          .isInner = narrow && liesInside(run, pixels.rows)};
+// No branch in this and in what it calls: which way a line runs is as good as chance, and loops
+// without branches are worked out several rounds at once.
+SmoothLines::Columns SmoothLines::columnsOf(const Lines& lines, const QSize& picture) {
+  Columns columns;
+  const int width = picture.width();
+  const int height = picture.height();
+  for (std::size_t at = 0; at < kMost; ++at) {
+    const Run run = runOf({lines.startX[at], lines.startY[at]}, {lines.endX[at], lines.endY[at]},
+                          lines.width[at]);
+    const int first = std::max(0, wholeBelow(run.from));
+    const int last = std::min((run.isSteep ? height : width) - 1, -wholeBelow(-run.to) - 1);
+    columns.isSteep[at] = run.isSteep ? 1 : 0;
+    columns.first[at] = first;
+    columns.last[at] = last;
+    columns.low[at] = fixed(run.heightAt(static_cast<float>(first) + 0.5F) - run.half);
+    columns.slope[at] = fixed(run.slope);
+    columns.length[at] = fixed(2 * run.half);
+    columns.firstShare[at] = run.shareOf(first);
+    columns.lastShare[at] = run.shareOf(last);
+    columns.isInner[at] = isInner(run, run.isSteep ? width : height) ? 1 : 0;
+  }
+  columns.ink = lines.ink;
+  return columns;
 }
 
-void SmoothLines::fetch(const Columns& line) {
-  const QRgb* column = line.first;
-  Fixed low = line.low;
-  for (int left = line.count; left > 0; --left, low += line.slope, column += line.alongStep) {
-    __builtin_prefetch(column + (low >> kShift) * line.acrossStep, /*forWriting=*/1);
+void SmoothLines::fetch(const Ways& ways, const Columns& columns, std::size_t at) {
+  const Pixels& pixels = ways[columns.isSteep[at]];
+  const QRgb* column = pixels.first + columns.first[at] * pixels.alongStep;
+  Fixed low = columns.low[at];
+  for (int left = columns.last[at] - columns.first[at]; left >= 0; --left) {
+    __builtin_prefetch(column + (low >> kShift) * pixels.acrossStep, /*forWriting=*/1);
+    low += columns.slope[at];
+    column += pixels.alongStep;
   }
 }
 
 // Only the first and the last column may be covered in part of their width.
-void SmoothLines::blend(const Columns& line) {
-  if (line.count == 0) return;
-  const auto blendBy = [&line](auto blendColumn) {
-    Stretch stretch{line.acrossStep, line.rows, line.low, line.length, spread(line.ink)};
-    QRgb* column = line.first;
-    const auto goOn = [&] {
-      stretch.low += line.slope;
-      column += line.alongStep;
+void SmoothLines::blend(const Ways& ways, const Columns& columns, std::size_t at) {
+  const int between = columns.last[at] - columns.first[at] - 1;
+  if (between < -1) return;
+  const Pixels& pixels = ways[columns.isSteep[at]];
+  const auto blendBy = [&](auto blendColumn) {
+    Stretch stretch{pixels.acrossStep, pixels.rows, columns.low[at], columns.length[at],
+                    spread(columns.ink[at])};
+    QRgb* column = pixels.first + columns.first[at] * pixels.alongStep;
+    const auto goOn = [&, slope = columns.slope[at]] {
+      stretch.low += slope;
+      column += pixels.alongStep;
     };
-    blendColumn(column, stretch, line.firstShare);
-    if (line.count == 1) return;
+    blendColumn(column, stretch, columns.firstShare[at]);
+    if (between < 0) return;
     goOn();
-    for (int left = line.count - 2; left > 0; --left, goOn()) blendColumn(column, stretch, kWhole);
-    blendColumn(column, stretch, line.lastShare);
+    for (int left = between; left > 0; --left, goOn()) blendColumn(column, stretch, kWhole);
+    blendColumn(column, stretch, columns.lastShare[at]);
   };
-  if (line.isInner) {
+  if (columns.isInner[at]) {
     blendBy([](QRgb* column, const Stretch& stretch, std::uint32_t ofWidth) {
       blendInner(column, stretch, ofWidth);
     });
@@ -185,10 +205,9 @@ void SmoothLines::blend(const Columns& line) {
 // All that was added is fetched, and what had been fetched before is blended.
 void SmoothLines::step() {
   const Ways ways = waysOf();
-  std::array<Columns, kMost> next;
-  for (std::size_t at = 0; at < count_; ++at) next[at] = columnsOf(ways, added_[at]);
-  for (std::size_t at = 0; at < count_; ++at) fetch(next[at]);
-  for (std::size_t at = 0; at < fetchedCount_; ++at) blend(fetched_[at]);
+  const Columns next = columnsOf(added_, picture_.size());
+  for (std::size_t at = 0; at < count_; ++at) fetch(ways, next, at);
+  for (std::size_t at = 0; at < fetchedCount_; ++at) blend(ways, fetched_, at);
   fetched_ = next;
   fetchedCount_ = std::exchange(count_, 0);
 }

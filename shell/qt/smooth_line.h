@@ -25,7 +25,12 @@ class SmoothLines {
   // by half of the width; 0.5 is the middle of the first pixel. What lies outside the picture is
   // cut off. The line must not lead far outside.
   void add(const QLineF& line, double width, QRgb ink) {
-    added_[count_] = {line, width, ink};
+    added_.startX[count_] = static_cast<float>(line.x1());
+    added_.startY[count_] = static_cast<float>(line.y1());
+    added_.endX[count_] = static_cast<float>(line.x2());
+    added_.endY[count_] = static_cast<float>(line.y2());
+    added_.width[count_] = static_cast<float>(width);
+    added_.ink[count_] = ink;
     if (++count_ == kMost) step();
   }
   // Blends what waits, in the order in which it was added. Before the picture is read, painted on
@@ -33,35 +38,37 @@ class SmoothLines {
   void finish();
 
  private:
-  struct Line {
-    QLineF ends;
-    double width = 0;
-    QRgb ink = 0;
+  static constexpr std::size_t kMost = 16;
+  template <typename T>
+  using Each = std::array<T, kMost>;
+
+  // One array for each figure, since the processor works out several lines at once.
+  struct Lines {
+    Each<float> startX{}, startY{}, endX{}, endY{}, width{};
+    Each<QRgb> ink{};
   };
   // Along the axis in which it is longer a line crosses column after column. Positions are in
   // 65536ths of a pixel, shares of a column's width in 256ths.
   struct Columns {
-    QRgb* first = nullptr;                         // the pixel of the first column in row 0
-    std::ptrdiff_t alongStep = 0, acrossStep = 0;  // from a pixel to its neighbour
-    int count = 0, rows = 0;
-    std::int32_t low = 0, slope = 0, length = 0;  // the stretch in the first column, and its rise
-    std::uint32_t firstShare = 0, lastShare = 0;
-    QRgb ink = 0;
-    bool isInner = false;  // all that the line may touch lies in the picture
+    Each<std::int32_t> isSteep{};                 // its columns are the picture's rows
+    Each<std::int32_t> first{}, last{};           // none where the last is the lesser one
+    Each<std::int32_t> low{}, slope{}, length{};  // the stretch in the first, and its rise
+    Each<std::int32_t> firstShare{}, lastShare{};
+    Each<std::int32_t> isInner{};  // all that the line may touch lies in the picture
+    Each<QRgb> ink{};
   };
   struct Pixels;
   using Ways = std::array<Pixels, 2>;  // level, steep
   Ways waysOf() const;
-  static Columns columnsOf(const Ways& ways, const Line& line);
-  static void fetch(const Columns& line);
-  static void blend(const Columns& line);
+  static Columns columnsOf(const Lines& lines, const QSize& picture);
+  static void fetch(const Ways& ways, const Columns& columns, std::size_t at);
+  static void blend(const Ways& ways, const Columns& columns, std::size_t at);
   void step();
 
-  static constexpr std::size_t kMost = 16;
   QImage& picture_;
-  std::array<Line, kMost> added_;
+  Lines added_;
   std::size_t count_ = 0;
-  std::array<Columns, kMost> fetched_;
+  Columns fetched_;
   std::size_t fetchedCount_ = 0;
 };
 

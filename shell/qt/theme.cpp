@@ -20,7 +20,7 @@ struct Shades {
   const char* base;    // fields, lists and menus
   const char* raised;  // buttons
   const char* text;
-  const char* muted;  // what is disabled
+  const char* muted;  // what is disabled: seen, but not in the way
   const char* hint;   // units and examples in fields, to be read
   const char* border;
   const char* outline;  // of fields and boxes: three times as light or dark as what is round it
@@ -37,7 +37,7 @@ constexpr Shades kLight{.window = "#f4f5f7",
                         .base = "#ffffff",
                         .raised = "#ffffff",
                         .text = "#1d2430",
-                        .muted = "#98a1ad",
+                        .muted = "#838c99",
                         .hint = "#687280",
                         .border = "#d0d6dd",
                         .outline = "#7d8794",
@@ -95,7 +95,7 @@ QMenuBar { background: @window; padding: 2px 4px; border-bottom: 1px solid @bord
 QMenuBar::item { padding: 4px 9px; border-radius: 4px; background: transparent; }
 QMenuBar::item:selected { background: @hover; }
 QMenu { background: @base; border: 1px solid @border; padding: 5px; }
-QMenu::item { padding: 5px 26px 5px 8px; border-radius: 4px; }
+QMenu::item { padding: 5px 26px 5px 8px; min-height: 18px; border-radius: 4px; }
 QMenu::item:selected { background: @hover; color: @text; }
 QMenu::item:disabled { color: @muted; }
 QMenu::icon { padding-left: 6px; }
@@ -116,22 +116,40 @@ QDockWidget::title { background: @window; padding: 3px 8px; border-bottom: 1px s
 QGroupBox { border: 1px solid @border; border-radius: 6px; margin-top: 9px; padding-top: 6px; }
 QGroupBox::title { subcontrol-origin: margin; left: 9px; padding: 0 4px; }
 QGroupBox:disabled { color: @muted; }
-QPushButton { background: @raised; border: 1px solid @border; border-radius: 5px;
-  padding: 5px 16px; min-width: 50px; min-height: 18px; outline: none; }
+QPushButton { background: @raised; border: 1px solid @outline; border-radius: 5px;
+  padding: 5px 16px; min-height: 18px; outline: none; }
+QDialogButtonBox QPushButton { min-width: 50px; }
 QPushButton:hover { background: @hover; }
-QPushButton:focus { border-color: @accent; }
+QPushButton:focus { border: 2px solid @accent; padding: 4px 15px; }
 QPushButton:pressed { background: @pressed; }
 QPushButton:default { background: @accent; border-color: @accent; color: @onAccent; }
 QPushButton:default:focus { border-color: @text; }
 QPushButton:default:hover { background: @bright; }
 QPushButton:default:pressed { background: @edge; }
 QPushButton:disabled { background: @window; border-color: @border; color: @muted; }
+QScrollBar { background: @window; border: 0; }
+QScrollBar:vertical { width: 14px; }
+QScrollBar:horizontal { height: 14px; }
+QScrollBar::handle { background: @outline; border-radius: 4px; margin: 3px; }
+QScrollBar::handle:vertical { min-height: 28px; }
+QScrollBar::handle:horizontal { min-width: 28px; }
+QScrollBar::handle:hover, QScrollBar::handle:pressed { background: @accent; }
+QScrollBar::add-line, QScrollBar::sub-line { width: 0; height: 0; }
+QScrollBar::add-page, QScrollBar::sub-page { background: transparent; }
+QSlider:horizontal { min-height: 22px; }
+QSlider::groove:horizontal { background: @outline; height: 4px; border-radius: 2px; }
+QSlider::sub-page:horizontal { background: @accent; height: 4px; border-radius: 2px; }
+QSlider::handle:horizontal { background: @raised; border: 2px solid @outline; border-radius: 7px;
+  width: 12px; margin: -6px 0; }
+QSlider::handle:horizontal:hover, QSlider::handle:horizontal:focus { border-color: @accent; }
+QSlider::handle:horizontal:disabled { border-color: @border; }
 #cmdResults { padding: 1px 10px; min-height: 14px; }
+#cmdResults:focus { padding: 0 9px; }
 #startPanel { background: @window; border: 1px solid @outline; border-radius: 8px; }
 #startPanel QPushButton { background: @raised; border-color: @border; color: @text;
   padding: 6px 12px; min-width: 200px; text-align: left; }
 #startPanel QPushButton:hover { background: @hover; }
-#startPanel QPushButton:focus { background: @pressed; border-color: @accent; }
+#startPanel QPushButton:focus { background: @pressed; border-color: @accent; padding: 5px 11px; }
 )";
 
 QString sheetOf(const Shades& shades) {

@@ -1,6 +1,8 @@
 // Menus and tool bars.
 #include "shell/qt/tool_bars.h"
 
+#include <QApplication>
+#include <QFontMetrics>
 #include <QMenuBar>
 #include <QTimer>
 #include <QToolButton>
@@ -37,10 +39,24 @@ Qt::ToolBarArea firstArea(const std::string& band) {
   return Qt::TopToolBarArea;
 }
 
+// A path, of whose folders a menu that is no wider than a screen shows what it has room for.
+QString pathText(const QString& caption) {
+  constexpr int kLetters = 70;
+  const QFontMetrics metrics(QApplication::font("QMenu"));
+  const int room = kLetters * metrics.averageCharWidth();
+  const qsizetype name = caption.lastIndexOf('/') + 1;
+  const int left = room - metrics.horizontalAdvance(caption.mid(name));
+  const bool nameFits = left > room / 4;
+  const QString text =
+      nameFits ? metrics.elidedText(caption.left(name), Qt::ElideMiddle, left) + caption.mid(name)
+               : metrics.elidedText(caption, Qt::ElideMiddle, room);
+  return QString(text).replace('&', "&&");
+}
+
 // A menu shows the key beside the caption; the key itself is served by the drawing surface.
 QString menuText(const Tool& tool) {
-  QString caption = shown(tool.caption).trimmed();
-  if (tool.name.starts_with("miRecentFile")) return caption.replace('&', "&&");  // a path
+  const QString caption = shown(tool.caption).trimmed();
+  if (tool.name.starts_with("miRecentFile")) return pathText(caption);
   return tool.key.empty() ? caption : caption + '\t' + shown(tool.key);
 }
 

@@ -3,7 +3,7 @@
 
 #include <QGuiApplication>
 
-#include "shell/qt/plain_numbers.h"
+#include "shell/qt/plain_locale.h"
 #include "shell/qt/toolkit_messages.h"
 
 namespace tess {
@@ -17,7 +17,7 @@ void OffscreenToolkit::start() {
   qputenv("QT_QPA_PLATFORM", "offscreen");
   const QtMessageHandler before = qInstallMessageHandler(passOverWarnings);
   application_ = std::make_unique<QGuiApplication>(count_, arguments_.data());
-  keepPlainNumbers();
+  keepPlainLocale();
   qInstallMessageHandler(before);
 }
 

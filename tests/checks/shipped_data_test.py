@@ -6,7 +6,12 @@ import unittest
 from pathlib import Path
 
 DATA = Path(__file__).resolve().parents[2] / "data"
-TOP_SPEED = {"mill_inch.msu": 5000, "mill_mm.msu": 5000, "lathe.msu": 2800}
+TOP_SPEED = {
+    "mill_inch.msu": 5000, "mill_mm.msu": 5000, "lathe.msu": 2800, "lathe_mm.msu": 2800
+}
+METRIC = ("mill_mm.msu", "lathe_mm.msu")
+WORK = {"lathe.msu": 1, "lathe_mm.msu": 25}  # diameters of a lathe's work
+CHIPS = {"lathe.msu": (0.0009, 0.0061), "lathe_mm.msu": (0.024, 0.151)}  # per turn
 TABLE_CYCLES = ["G81", "G82", "G83", "G84", "G85", "G86", "G89"]
 
 
@@ -30,10 +35,10 @@ def rows(name: str, opening: str) -> list[dict[str, str]]:
 
 
 def recommended(name: str, tool: dict[str, str]) -> set[int]:
-    """Spindle speeds that the cutting speed asks for; on a lathe also those of 1 inch of work."""
+    """Spindle speeds that the cutting speed asks for; on a lathe also those of its work."""
     speed, diameter = float(tool["cutting speed"]), 2 * float(tool["tool radius"])
-    per_turn = 1000 if name == "mill_mm.msu" else 12
-    diameters = [diameter, 1] if name == "lathe.msu" else [diameter]
+    per_turn = 1000 if name in METRIC else 12
+    diameters = [diameter, WORK[name]] if name in WORK else [diameter]
     return {math.floor(per_turn * speed / (math.pi * d) + 0.5) for d in diameters}
 
 
@@ -81,7 +86,7 @@ class ShippedData(unittest.TestCase):
 
     def test_feed_is_a_chip_load_the_tool_can_take(self):
         def check(name, tool):
-            unit = "mm/min" if name == "mill_mm.msu" else "ipm"
+            unit = "mm/min" if name in METRIC else "ipm"
             self.assertRegex(tool["feed rate"], rf"^[\d.]+( to [\d.]+)? {unit}$")
             feeds = [float(feed) for feed in re.findall(r"[\d.]+", tool["feed rate"])]
             self.assertEqual(feeds, sorted(feeds))
@@ -89,8 +94,9 @@ class ShippedData(unittest.TestCase):
                 return
             teeth = int(tool["tool number of flutes"]) * int(tool["spindle speed"])
             chips = [feed / teeth for feed in feeds]
-            if name == "lathe.msu" and teeth == int(tool["spindle speed"]):
-                self.assertTrue(0.0009 < chips[0] and chips[1] < 0.0061, chips)
+            if name in CHIPS and teeth == int(tool["spindle speed"]):
+                least, most = CHIPS[name]
+                self.assertTrue(least < chips[0] and chips[1] < most, chips)
             else:
                 diameter = 2 * float(tool["tool radius"])
                 self.assertTrue(0.0014 < chips[0] / diameter and chips[1] / diameter < 0.041, chips)
@@ -102,7 +108,7 @@ class ShippedData(unittest.TestCase):
         pitches |= {"m3x0.5": 0.5, "m4x0.7": 0.7, "m5x0.8": 0.8, "m6x1": 1}
         tools = [tool for name in TOP_SPEED for tool in rows(name, "tool #")]
         taps = [tool for tool in tools if tool["tool name"].endswith(" tap")]
-        self.assertEqual(len(taps), 8)
+        self.assertEqual(len(taps), 9)
         for tool in taps:
             pitch = pitches[tool["tool name"].removesuffix(" tap")]
             feed = float(tool["feed rate"].split()[0])
@@ -139,9 +145,9 @@ class ShippedData(unittest.TestCase):
         names = {path.name for path in DATA.glob("*.msu")}
         plain = {name for name in names if name in TOP_SPEED}
         self.assertEqual(plain, set(TOP_SPEED))
-        self.assertEqual(len(names), 12)
+        self.assertEqual(len(names), 16)
         for name in names - plain:
-            base = name.split("_", 1)[1]
+            base = next(base for base in plain if name.endswith(f"_{base}"))
             self.assertEqual((DATA / name).read_bytes(), (DATA / base).read_bytes(),
                              f"{name}: run scripts/make_control_setups")
             self.assertTrue((DATA / name).with_suffix(".msx").is_file(), name)

@@ -7,6 +7,7 @@
 
 #include "core/drawing_store.h"
 #include "core/file_system.h"
+#include "tests/support/foreign_locale.h"
 #include "tests/support/source_folder.h"
 #include "tests/support/temp_folder.h"
 
@@ -27,6 +28,11 @@ TEST(IsCncProgram, ProgramsOfAllKinds) {
       "'****\n'*        RS 274-D CNC CODE\nWHATEVER A MACHINE WANTS\n",
   };
   for (const char* const program : programs) EXPECT_TRUE(isCncProgram(program)) << program;
+}
+
+TEST(IsCncProgram, OneInSmallLettersWhereAnIHasADot) {
+  const testing::ForeignLocale turkish("tr_TR");
+  EXPECT_TRUE(isCncProgram("g2 x1 y0 i.5 j0\nm30\n"));
 }
 
 TEST(IsCncProgram, AProgramThatIsLongerThanALook) {

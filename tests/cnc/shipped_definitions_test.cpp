@@ -87,6 +87,8 @@ TEST_P(EveryDefinition, TravelsSafely) {
   EXPECT_TRUE(dialect.changePos);
   EXPECT_TRUE(dialect.spindleDue);
   EXPECT_EQ(dialect.plungeFrom.has_value(), !isForLathes());
+  EXPECT_EQ(dialect.latheClear.has_value(), isForLathes());
+  EXPECT_EQ(dialect.diameter, GetParam().find("diameter") != std::string::npos);
 }
 
 TEST_P(EveryDefinition, ReplacesTheOldKeysOfTheOneBefore) {
@@ -108,7 +110,7 @@ std::vector<std::string> shippedDefinitions() {
   for (const std::string& name : listFolder(TESSIMO_SOURCE_DIR "/data/").files) {
     if (name.ends_with(".msx")) names.push_back(name);
   }
-  EXPECT_EQ(names.size(), 13U);
+  EXPECT_EQ(names.size(), 17U);
   return names;
 }
 
@@ -119,17 +121,17 @@ std::string caseName(const ::testing::TestParamInfo<std::string>& info) {
 INSTANTIATE_TEST_SUITE_P(Shipped, EveryDefinition, ::testing::ValuesIn(shippedDefinitions()),
                          caseName);
 
-INSTANTIATE_TEST_SUITE_P(All, ShippedDefinitions,
-                         ::testing::Values(Shipped{"standard.msx", "%", "M05\r\nM30\r\n%"},
-                                           Shipped{"mill_inch.msx", "%\r\nG17 G40 G80",
-                                                   "G80\r\nG00 Z1.0\r\nM05\r\nM30\r\n%"},
-                                           Shipped{"mill_mm.msx", "%\r\nG17 G40 G80",
-                                                   "G80\r\nG00 Z25.0\r\nM05\r\nM30\r\n%"},
-                                           Shipped{"lathe.msx", "%\r\nG18 G40 G80",
-                                                   "G80\r\nM05\r\nM30\r\n%"}),
-                         [](const auto& instance) {
-                           return std::filesystem::path(instance.param.file).stem().string();
-                         });
+INSTANTIATE_TEST_SUITE_P(
+    All, ShippedDefinitions,
+    ::testing::Values(
+        Shipped{"standard.msx", "%", "M05\r\nM30\r\n%"},
+        Shipped{"mill_inch.msx", "%\r\nG17 G40 G80", "G80\r\nG00 Z1.0\r\nM05\r\nM30\r\n%"},
+        Shipped{"mill_mm.msx", "%\r\nG17 G40 G80", "G80\r\nG00 Z25.0\r\nM05\r\nM30\r\n%"},
+        Shipped{"lathe_mm.msx", "%\r\nG18 G40 G80", "G80\r\nM05\r\nM30\r\n%"},
+        Shipped{"lathe.msx", "%\r\nG18 G40 G80", "G80\r\nM05\r\nM30\r\n%"}),
+    [](const auto& instance) {
+      return std::filesystem::path(instance.param.file).stem().string();
+    });
 
 }  // namespace
 }  // namespace tess::testing

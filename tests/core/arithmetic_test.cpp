@@ -1,12 +1,14 @@
 // Sums in a text: what they come to, and what is wrong with others and where.
 #include "core/arithmetic.h"
 
-#include <clocale>
-
 #include "gtest/gtest.h"
+
+#include "tests/support/foreign_locale.h"
 
 namespace tess {
 namespace {
+
+using testing::ForeignLocale;
 
 double valueOf(const std::string& text) {
   SumReader reader(text);
@@ -59,10 +61,8 @@ TEST(Arithmetic, ACommaEndsASum) {
 }
 
 TEST(Arithmetic, TheLocaleMakesNoDifference) {
-  const std::string before = std::setlocale(LC_NUMERIC, nullptr);
-  std::setlocale(LC_NUMERIC, "de_DE.UTF-8");  // where it is installed
+  const ForeignLocale german("de_DE");
   EXPECT_EQ(valueOf("1.5"), 1.5);
-  std::setlocale(LC_NUMERIC, before.c_str());
 }
 
 TEST(Arithmetic, WhatIsMissingIsToldWithItsPlace) {

@@ -365,6 +365,19 @@ TEST_F(FailingSave, FullDiskLeavesTheOldPair) {
   expectOldPair();
 }
 
+TEST_F(FailingSave, SaveAsLeavesTheDrawingItsName) {
+  test.recording.prompts.files = {cnc("OTHER")};
+  const RuntimeFailure failure = failureOf([&] {
+    const testing::FullDisk disk(16);
+    save_file_As(session);
+  });
+  EXPECT_EQ(failure.number(), FailureNumber::DiskFull);
+  EXPECT_EQ(failure.source(), cnc("OTHER.CDM"));
+  EXPECT_EQ(store.drawingname, "PART.CDM");
+  EXPECT_EQ(store.drawingpath, cnc(""));
+  expectOldPair();
+}
+
 TEST_F(FailingSave, FolderInTheWayOfThePathFileLeavesTheOldPair) {
   fs::rename(cnc("PART.TPM"), cnc("PART.KEPT"));
   fs::create_directory(cnc("PART.TPM"));

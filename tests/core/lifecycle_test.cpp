@@ -525,6 +525,31 @@ TEST_F(Lifecycle, UnloadOffersToSaveAChangedSetup) {
   EXPECT_TRUE(test.home.has("mine.msu"));
 }
 
+TEST_F(Lifecycle, UnloadGoesOnBehindALayoutThatCannotBeSaved) {
+  session.setupname = "mine.msu";
+  store.setupchanged = true;
+  session.recentfiles[0] = makeDrawing("CNC/PART.CDM");
+  test.listener.onSaveLayout = [] { throw RuntimeFailure(FailureNumber::DiskFull, "Layout.tb3"); };
+  answer(Answer::Yes);
+  Form_Unload(session);
+  ASSERT_EQ(test.recording.failures.reported.size(), 1U);
+  EXPECT_EQ(test.recording.failures.reported[0].source(), "Layout.tb3");
+  EXPECT_TRUE(test.home.has("mine.msu"));
+  EXPECT_EQ(test.home.read("CNC/TSMO.MRU"), test.home("CNC/PART.CDM") + "\r\n");
+}
+
+TEST_F(Lifecycle, UnloadAsksAgainAboutASetupThatCouldNotBeSaved) {
+  session.setupname = "mine.msu";
+  store.setupchanged = true;
+  fs::create_directory(test.home("mine.msu"));
+  test.recording.prompts.answers = {Answer::Yes, Answer::Yes, Answer::No};
+  Form_Unload(session);
+  EXPECT_EQ(test.recording.failures.reported.size(), 2U);
+  ASSERT_EQ(test.messages().size(), 3U);
+  EXPECT_EQ(test.messages()[2].text, "  System parameters have changed!  Save now ? ");
+  EXPECT_TRUE(store.setupchanged);
+}
+
 TEST_F(Lifecycle, SwapHandsTheDrawingToASibling) {
   test.home.write("Lathe.exe", "");
   test.name("PART.CDM");

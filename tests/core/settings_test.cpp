@@ -36,7 +36,7 @@ TEST(SettingRows, KeysAreLowerCaseAndUniqueButForTheRepeatedOne) {
     repeated += row.repeated;
   }
   EXPECT_EQ(repeated, 1);
-  EXPECT_EQ(settingRows().size(), 87U);
+  EXPECT_EQ(settingRows().size(), 88U);
 }
 
 TEST(SettingRows, NoRowKeyIsASettingKey) {

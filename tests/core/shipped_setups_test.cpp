@@ -52,10 +52,30 @@ TEST_P(ShippedSetups, HaveAToolInUse) {
 
 INSTANTIATE_TEST_SUITE_P(All, ShippedSetups,
                          ::testing::Values("mill_inch.msu", "mill_mm.msu", "lathe.msu",
-                                           "linuxcnc_mill_inch.msu", "grbl_mill_mm.msu"),
+                                           "lathe_mm.msu", "linuxcnc_mill_inch.msu",
+                                           "grbl_mill_mm.msu"),
                          [](const auto& instance) {
                            return std::filesystem::path(instance.param).stem().string();
                          });
+
+// A lathe's tools come out of a bore by the way they went in.
+TEST(ShippedLathes, ToolsForBoresWorkInside) {
+  for (const char* const setup : {"lathe.msu", "lathe_mm.msu", "mill_inch.msu"}) {
+    TestSession test;
+    test.home.write("tess.def", std::string("1.0\r\n") + setup + "\r\n");
+    test.home.write(setup, readFile(kData + setup));
+    load_defaults(test.session);
+    const bool isLathe = std::string(setup).starts_with("lathe");
+    EXPECT_EQ(test.store.lathesetup, isLathe) << setup;
+    for (int tool = 0; tool <= kLastTool; ++tool) {
+      const std::string& name = test.store.toolname[tool];
+      const bool goesIn =
+          name.find("boring bar") != std::string::npos || name.find("drill") != std::string::npos ||
+          name.find("reamer") != std::string::npos || name.find(" tap") != std::string::npos;
+      EXPECT_EQ(test.store.toolinside[tool] != 0, isLathe && goesIn) << setup << ": " << name;
+    }
+  }
+}
 
 TEST(ShippedProgramFolder, StartsWithTheInchMill) {
   TestSession test;

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <sys/stat.h>
 
 #include "gtest/gtest.h"
 
@@ -178,6 +179,15 @@ TEST(OutlineFonts, AFileThatIsGoneIsAnError) {
   LoneFont lone("DejaVu Sans");
   EXPECT_EQ(lone.fonts.families(), std::vector<std::string>{"DejaVu Sans"});
   std::filesystem::remove(lone.file);
+  EXPECT_EQ(troubleWith(lone.fonts, {"DejaVu Sans", false, false}),
+            "The font file cannot be read: " + lone.file);
+}
+
+TEST(OutlineFonts, APipeInTheFilesPlaceIsAnErrorAndNoWait) {
+  LoneFont lone("DejaVu Sans");
+  EXPECT_TRUE(lone.fonts.hasFamily("DejaVu Sans"));
+  std::filesystem::remove(lone.file);
+  ASSERT_EQ(::mkfifo(lone.file.c_str(), 0600), 0);
   EXPECT_EQ(troubleWith(lone.fonts, {"DejaVu Sans", false, false}),
             "The font file cannot be read: " + lone.file);
 }

@@ -118,14 +118,14 @@ bool isMetric(const JobDone& job) {
 FollowRules rulesFor(const JobDone& job) {
   FollowRules rules;
   rules.radiusWords = job.store.userparamforarcs;
-  rules.lathe = job.lathe;
+  rules.lathe = rules.latheClear = job.lathe;
   rules.resolution = isMetric(job) ? kMetricTolerance : kInchTolerance;
   return rules;
 }
 
 // A control's dialect, and who reads its programs.
 struct Control {
-  std::string mill, lathe;  // beginnings of the definitions' names; no lathe: it turns nothing
+  std::string mill, lathe;  // beginnings of the definitions' names; none: it mills or turns nothing
   std::function<GcodeProgram(const std::string& program, bool lathe)> read;
 };
 
@@ -136,12 +136,13 @@ class Judgement {
       : control_(control), radiusWords_(radiusWords) {}
 
   void operator()(const JobDone& job) {
-    if (job.lathe && control_.lathe.empty()) return;
+    if ((job.lathe ? control_.lathe : control_.mill).empty()) return;
     const std::string mill = control_.mill + (isMetric(job) ? "_mm.msx" : "_inch.msx");
+    const std::string lathe = control_.lathe + (isMetric(job) ? "_mm.msx" : ".msx");
     jobs.insert(job.name);
     job.application.store.userparamforarcs = radiusWords_;
     try {
-      const std::string program = programOf(job, job.lathe ? control_.lathe + ".msx" : mill);
+      const std::string program = programOf(job, job.lathe ? lathe : mill);
       EXPECT_EQ(firstDetour(job.store, control_.read(program, job.lathe), rulesFor(job)), "")
           << job.name;
     } catch (const RuntimeFailure& failure) {
@@ -160,6 +161,7 @@ class Judgement {
 };
 
 const Control kLinuxCnc{"linuxcnc_mill", "linuxcnc_lathe", interpreted};
+const Control kLinuxCncDiameters{"", "linuxcnc_diameter_lathe", interpreted};
 const Control kGrbl{"grbl_mill", "",
                     [](const std::string& program, bool) { return readGrblProgram(program); }};
 
@@ -192,6 +194,14 @@ TEST(LinuxCncDialect, EverySmallJobDoesWhatItsRowsAskFor) {
   judgeSmallJobs(std::ref(judgement));
   EXPECT_GT(judgement.jobs.size(), 90U);
   EXPECT_EQ(judgement.refused, untrueArcs("0.0005"));
+}
+
+TEST(LinuxCncDialect, EverySmallJobOfALatheWithDiameters) {
+  if (const auto reason = whyNoInterpreter()) GTEST_SKIP() << *reason;
+  Judgement judgement(kLinuxCncDiameters);
+  judgeSmallJobs(std::ref(judgement));
+  EXPECT_GE(judgement.jobs.size(), 9U);
+  EXPECT_EQ(judgement.refused, "");
 }
 
 TEST(GrblDialect, EveryExampleDoesWhatItsRowsAskFor) {

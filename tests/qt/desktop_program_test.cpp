@@ -1,15 +1,20 @@
 // The whole program in its window, worked by pointer and keys like an operator's.
 #include "shell/qt/desktop_program.h"
 
+#include <QCloseEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMessageBox>
 #include <QMouseEvent>
+#include <QPlainTextEdit>
+#include <QPointer>
 #include <QPushButton>
 #include <QTimer>
+#include <QWindow>
 #include <filesystem>
 #include <functional>
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <string>
 
@@ -122,6 +127,32 @@ TEST_F(DesktopProgramTest, ClosingAsksAboutUnsavedWork) {
   EXPECT_FALSE(program->window().close());
   EXPECT_EQ(asked, "Drawing not saved! Save now?");
   EXPECT_EQ(store().NumSegments, 1);
+}
+
+// What it says then may be about a disk that is full: it must not go with the window.
+TEST_F(DesktopProgramTest, WhatFailsAtTheEndIsTold) {
+  open();
+  std::filesystem::create_directory(folder("Layout.tb3"));
+  std::string told;
+  bool stayed = false;
+  const QPointer<QWindow> shown = program->window().windowHandle();
+  testing::whenModal([&](QWidget& report) {
+    // What the closing itself has asked for comes behind this.
+    QMetaObject::invokeMethod(
+        &report,
+        [&] {
+          stayed = shown && shown->handle() != nullptr;
+          told = report.findChild<QPlainTextEdit*>("txtError")->toPlainText().toStdString();
+          report.close();
+        },
+        Qt::QueuedConnection);
+  });
+  // As from a button of its frame.
+  QCloseEvent close;
+  QApplication::sendEvent(program->window().windowHandle(), &close);
+  EXPECT_TRUE(close.isAccepted());
+  EXPECT_TRUE(stayed);
+  EXPECT_THAT(told, ::testing::HasSubstr("Source: " + folder("Layout.tb3")));
 }
 
 // As when the pointer is over the window while that is taken away.

@@ -20,7 +20,7 @@
 #include <string>
 
 #include "shell/qt/gateway.h"
-#include "shell/qt/plain_numbers.h"
+#include "shell/qt/plain_locale.h"
 
 namespace tess::testing {
 
@@ -33,7 +33,7 @@ class ToolkitEnvironment : public ::testing::Environment {
     const bool chosen = qgetenv("QT_QPA_PLATFORM").startsWith("offscreen:");
     if (!chosen) qputenv("QT_QPA_PLATFORM", "offscreen");
     application_ = std::make_unique<QApplication>(count_, arguments_);
-    keepPlainNumbers();
+    keepPlainLocale();
   }
   void TearDown() override { application_.reset(); }
 

@@ -7,20 +7,28 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QDir>
+#include <QGridLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLayout>
 #include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
 #include <QScreen>
 #include <QWindow>
 #include <algorithm>
+#include <array>
 #include <gtest/gtest.h>
+#include <map>
 #include <set>
 
+#include "core/file_system.h"
 #include "shell/qt/content_area.h"
 #include "shell/qt/form_window.h"
 #include "shell/qt/tab_order.h"
 #include "tests/qt/plate_program.h"
+#include "tests/support/source_folder.h"
+#include "toolpath/dlgPocketingPrm.h"
 
 namespace tess {
 namespace {
@@ -71,6 +79,41 @@ class EveryForm : public testing::PlateProgram {
            std::find(controls.begin(), controls.end(), widget) == controls.end())
       widget = widget->parentWidget();
     return widget;
+  }
+
+  static bool isField(ControlKind kind) {
+    constexpr std::array kFields{ControlKind::TextBox, ControlKind::CheckBox, ControlKind::Option,
+                                 ControlKind::Combo, ControlKind::Slider};
+    return std::find(kFields.begin(), kFields.end(), kind) != kFields.end();
+  }
+
+  // What a field is called: a drop-down list by its label, for its name is what is chosen.
+  static std::string fieldName(const QWidget& widget) {
+    QAccessibleInterface* spoken =
+        QAccessible::queryAccessibleInterface(const_cast<QWidget*>(&widget));
+    QString name = spoken->text(QAccessible::Name);
+    if (qobject_cast<const QComboBox*>(&widget) != nullptr) {
+      const auto labels = spoken->relations(QAccessible::Label);
+      name = labels.isEmpty() ? widget.accessibleDescription()
+                              : labels.front().first->text(QAccessible::Name);
+    }
+    name = name.trimmed();
+    while (name.endsWith(':') || name.endsWith(' ')) name.chop(1);
+    return name.toStdString();
+  }
+
+  // Each as its form, a bar and its name.
+  static std::set<std::string> fieldsOfTheManual() {
+    std::set<std::string> all;
+    const std::string text = readFile(TESSIMO_SOURCE_DIR "/docs/manual/fields.txt");
+    for (const QString& line : QString::fromStdString(text).split('\n', Qt::SkipEmptyParts)) {
+      if (line.startsWith('#')) continue;
+      const QStringList parts = line.split(" | ");
+      for (const QString& field : parts.at(1).split(';')) {
+        all.insert((parts.at(0) + " | " + field.trimmed()).toStdString());
+      }
+    }
+    return all;
   }
 
   static QRect placeOf(const QWidget& widget, const FormWindow& window) {
@@ -149,6 +192,92 @@ TEST_F(EveryForm, EveryControlHasANameAndARole) {
   });
 }
 
+// The form, not the toolkit, switches the neighbours of an option off; to a reader it is one of
+// several all the same.
+TEST_F(EveryForm, OptionsAreOneOfSeveralToAReader) {
+  int options = 0;
+  std::set<QString> names;
+  forEach([&](Form& form, FormWindow& window) {
+    for (const Control* control : form.controls()) {
+      if (control->kind() != ControlKind::Option) continue;
+      ++options;
+      auto* widget = window.findChild<QAbstractButton*>(widgetName(*control));
+      QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(widget);
+      EXPECT_EQ(spoken->role(), QAccessible::RadioButton) << control->name();
+      EXPECT_TRUE(spoken->state().checkable);
+      EXPECT_EQ(spoken->state().checked, static_cast<const Option*>(control)->value());
+      EXPECT_EQ(spoken->text(QAccessible::Name).contains('&'), false);
+      names.insert(spoken->text(QAccessible::Name));
+    }
+  });
+  EXPECT_GT(options, 30);
+  EXPECT_GT(names.size(), 25U) << "each by its own caption, not by that of its box";
+}
+
+// The manual explains every field, and none that a form does not have.
+TEST_F(EveryForm, EveryFieldHasItsPlaceInTheManual) {
+  std::set<std::string> wanted;
+  forEach([&](Form& form, FormWindow& window) {
+    for (const Control* control : form.controls()) {
+      if (!isField(control->kind())) continue;
+      const auto* widget = window.findChild<QWidget*>(widgetName(*control));
+      wanted.insert(form.name() + " | " + fieldName(*widget));
+    }
+  });
+  EXPECT_GT(wanted.size(), 150U);
+  EXPECT_EQ(fieldsOfTheManual(), wanted);
+}
+
+TEST_F(EveryForm, AReaderChoosesAnOption) {
+  dlgPocketingPrm form(program->application().store);
+  FormWindow window(form, program->gateway(), &program->window());
+  form.open(Modality::Modeless);
+  auto* spiral = window.findChild<QRadioButton*>("optPocketingStyle_3");
+  auto* across = window.findChild<QRadioButton*>("optPocketingStyle_1");
+  ASSERT_FALSE(spiral->isChecked());
+  QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(spiral);
+  ASSERT_NE(spoken->actionInterface(), nullptr);
+  spoken->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+  EXPECT_TRUE(spoken->state().checked);
+  EXPECT_FALSE(QAccessible::queryAccessibleInterface(across)->state().checked);
+  EXPECT_EQ(spoken->text(QAccessible::Name), "Parallel Spiral");
+}
+
+// Figures that stand below one another begin and end at the same places.
+TEST_F(EveryForm, FieldsOfAColumnAreEquallyWide) {
+  forEach([](Form& /*form*/, FormWindow& window) {
+    for (const auto* grid : window.findChildren<QGridLayout*>()) {
+      std::map<std::pair<int, int>, QRect> seen;
+      for (int at = 0; at < grid->count(); ++at) {
+        auto* field = qobject_cast<QLineEdit*>(grid->itemAt(at)->widget());
+        if (field == nullptr || !field->isVisible()) continue;
+        int row = 0;
+        int column = 0;
+        int rows = 0;
+        int columns = 0;
+        grid->getItemPosition(at, &row, &column, &rows, &columns);
+        const auto [first, isFirst] = seen.emplace(std::pair(column, columns), field->geometry());
+        EXPECT_EQ(field->x(), first->second.x()) << field->objectName().toStdString();
+        EXPECT_EQ(field->width(), first->second.width()) << field->objectName().toStdString();
+      }
+    }
+  });
+}
+
+// The program's own icon is as fine as the screen.
+TEST_F(EveryForm, TheIconOfTheProgramIsSharp) {
+  int icons = 0;
+  forEach([&](Form& /*form*/, FormWindow& window) {
+    const auto* label = window.findChild<QLabel*>("picture");
+    if (label == nullptr) return;
+    ++icons;
+    const QPixmap icon = label->pixmap();
+    EXPECT_EQ(icon.devicePixelRatio(), window.devicePixelRatio());
+    EXPECT_EQ(icon.deviceIndependentSize(), QSizeF(64, 64));
+  });
+  EXPECT_EQ(icons, 2);
+}
+
 // At any scale of the screen; the suite runs at 200 per cent too.
 TEST_F(EveryForm, TextsAreNotCut) {
   forEach([](Form& /*form*/, FormWindow& window) {
@@ -168,6 +297,17 @@ TEST_F(EveryForm, TextsAreNotCut) {
       if (qobject_cast<QComboBox*>(field->parentWidget()) != nullptr) continue;
       EXPECT_TRUE(!field->isVisible() || field->height() >= field->minimumSizeHint().height())
           << field->objectName().toStdString();
+    }
+  });
+}
+
+// However little room there is, as in a docked panel on a small screen.
+TEST_F(EveryForm, ButtonsAreNeverNarrowerThanTheirWords) {
+  forEach([](Form& /*form*/, FormWindow& window) {
+    for (auto* button : window.findChildren<QPushButton*>()) {
+      EXPECT_GE(QWidgetItem(button).minimumSize().width(), button->sizeHint().width())
+          << button->text().toStdString();
+      EXPECT_GE(button->sizeHint().width(), 84) << button->text().toStdString();
     }
   });
 }

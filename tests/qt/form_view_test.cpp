@@ -17,7 +17,9 @@
 #include <vector>
 
 #include "shell/qt/form_window.h"
+#include "shell/qt/theme.h"
 #include "tests/qt/desktop_test_support.h"
+#include "tests/qt/seen_contrast.h"
 
 namespace tess {
 namespace {
@@ -199,6 +201,7 @@ TEST_F(FormViewTest, SlidersGoBothWays) {
 }
 
 TEST_F(FormViewTest, CaptionsFlagsHintsAndColorsAreShown) {
+  applyTheme(testing::toolkit(), /*dark=*/false);
   form.lblName.setCaption("Other");
   EXPECT_EQ(widget<QLabel>("lblName").text(), "Other");
   form.cmdOK.setEnabled(false);
@@ -208,12 +211,37 @@ TEST_F(FormViewTest, CaptionsFlagsHintsAndColorsAreShown) {
   form.chkOn.setHint("what it does");
   EXPECT_EQ(widget<QCheckBox>("chkOn").toolTip(), "what it does");
   form.lblName.setColor(0x0000FF);
-  EXPECT_EQ(widget<QLabel>("lblName").palette().color(QPalette::WindowText), QColor(255, 0, 0));
+  EXPECT_EQ(widget<QLabel>("lblName").palette().color(QPalette::WindowText), QColor(223, 0, 0))
+      << "red, as far as letters of it can be read";
   form.lblName.setColor(std::nullopt);
   EXPECT_EQ(widget<QLabel>("lblName").palette().color(QPalette::WindowText),
             window->palette().color(QPalette::WindowText));
   form.setCaption("Renamed");
   EXPECT_EQ(window->windowTitle(), "Renamed");
+}
+
+// Green and orange are too light for a light window, blue is too dark for a dark one.
+TEST_F(FormViewTest, AColorOfItsOwnIsLegibleInEveryTheme) {
+  for (const bool dark : {false, true, false}) {
+    applyTheme(testing::toolkit(), dark);
+    for (const int color : {0x50A030, 0x0082D2, 0x3C3CE6, 0xFF0000}) {
+      form.lblName.setColor(color);
+      applyTheme(testing::toolkit(), !dark);
+      applyTheme(testing::toolkit(), dark);
+      const QPalette palette = widget<QLabel>("lblName").palette();
+      const QRgb ink = palette.color(QPalette::WindowText).rgb();
+      EXPECT_GE(testing::contrast(ink, palette.color(QPalette::Window).rgb()), 4.5) << color;
+      EXPECT_NE(QColor(ink).hue(), -1) << "a grey";
+    }
+    form.lblName.setColor(0x50A030);
+    applyTheme(testing::toolkit(), !dark);
+    const QPalette turned = widget<QLabel>("lblName").palette();
+    EXPECT_GE(testing::contrast(turned.color(QPalette::WindowText).rgb(),
+                                turned.color(QPalette::Window).rgb()),
+              4.5)
+        << "after the theme has changed";
+  }
+  applyTheme(testing::toolkit(), /*dark=*/false);
 }
 
 TEST_F(FormViewTest, AFrameDisablesWhatIsInside) {

@@ -103,6 +103,20 @@ TEST_F(GuideBarTest, ATroubleIsToldAndTheTextStays) {
   EXPECT_TRUE(program->surface().hasFocus());
 }
 
+// The drawing has the keyboard again, as after a click: what was refused is no part of what comes.
+TEST_F(GuideBarTest, ADigitOnTheDrawingTakesThePlaceOfARefusedText) {
+  openActive();
+  type("8");
+  strike(Qt::Key_Return);
+  EXPECT_EQ(line().text(), "8");
+  program->surface().setFocus();
+  type("1.5,0.5");
+  strike(Qt::Key_Return, {}, Qt::ShiftModifier);
+  EXPECT_EQ(store().markerx, 1.5F);
+  EXPECT_EQ(store().markery, 0.5F);
+  EXPECT_TRUE(program->surface().hasFocus()) << "it was begun there";
+}
+
 TEST_F(GuideBarTest, AVeryLongTextIsToldNotCut) {
   openActive();
   strike(Qt::Key_L, "l");

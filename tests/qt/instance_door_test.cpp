@@ -32,6 +32,32 @@ bool handsOver(const std::string& door, const std::string& file) {
   return answer.get();
 }
 
+sockaddr_un addressOf(const std::string& path) {
+  sockaddr_un address{};
+  address.sun_family = AF_UNIX;
+  path.copy(address.sun_path, sizeof address.sun_path - 1);
+  return address;
+}
+
+bool reach(const Descriptor& peer, const std::string& path) {
+  const sockaddr_un address = addressOf(path);
+  return ::connect(peer.number(), reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
+}
+
+Descriptor knock(const std::string& path) {
+  Descriptor peer(::socket(AF_UNIX, SOCK_STREAM, 0));
+  EXPECT_TRUE(reach(peer, path));
+  return peer;
+}
+
+// Waits until he is shown out.
+bool isOut(const Descriptor& peer) {
+  return waitFor([&] {
+    char answer = 0;
+    return ::recv(peer.number(), &answer, 1, MSG_DONTWAIT) == 0 || errno == ECONNRESET;
+  });
+}
+
 class Door : public ::testing::Test {
  protected:
   Door() {
@@ -75,19 +101,55 @@ TEST_F(Door, PathsThatAreNoneAreNotSent) {
 TEST_F(Door, WhoSendsAnythingElseIsIgnored) {
   for (const std::string& text : {std::string("no end"), std::string("a\0b\n", 4),
                                   std::string("two\nlines\n"), std::string(9000, 'x')}) {
-    const Descriptor peer(::socket(AF_UNIX, SOCK_STREAM, 0));
-    sockaddr_un address{};
-    address.sun_family = AF_UNIX;
-    path.copy(address.sun_path, sizeof address.sun_path - 1);
-    ASSERT_EQ(::connect(peer.number(), reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
+    const Descriptor peer = knock(path);
     ASSERT_GT(::send(peer.number(), text.data(), text.size(), MSG_NOSIGNAL), 0);
-    char answer = 0;
-    EXPECT_TRUE(waitFor([&] {
-      return ::recv(peer.number(), &answer, 1, MSG_DONTWAIT) == 0 || errno == ECONNRESET;
-    }));
+    EXPECT_TRUE(isOut(peer));
   }
   EXPECT_TRUE(files.empty());
   EXPECT_TRUE(handsOver(path, "/parts/a.cdm")) << "the next one is heard";
+}
+
+// The window goes on working for its operator meanwhile, and others are heard.
+TEST_F(Door, WhoSaysNothingIsNotWaitedFor) {
+  const Descriptor silent = knock(path);
+  QCoreApplication::processEvents();
+  EXPECT_TRUE(handsOver(path, "/parts/a.cdm"));
+  EXPECT_TRUE(isOut(silent));
+}
+
+TEST_F(Door, ALineMayComeInParts) {
+  const Descriptor slow = knock(path);
+  ASSERT_EQ(::send(slow.number(), "/parts/", 7, MSG_NOSIGNAL), 7);
+  for (int turn = 0; turn < 3; ++turn) QCoreApplication::processEvents();
+  EXPECT_TRUE(files.empty());
+  ASSERT_EQ(::send(slow.number(), "a.cdm\n", 6, MSG_NOSIGNAL), 6);
+  EXPECT_TRUE(waitFor([&] { return files.size() == 1; }));
+  EXPECT_EQ(files, std::vector<std::string>{"/parts/a.cdm"});
+}
+
+TEST_F(Door, OfManyWhoSayNothingTheFirstGo) {
+  std::vector<Descriptor> silent;
+  for (int each = 0; each < 50; ++each) {
+    silent.push_back(knock(path));
+    QCoreApplication::processEvents();
+  }
+  EXPECT_TRUE(isOut(silent.front()));
+  EXPECT_TRUE(handsOver(path, "/parts/a.cdm"));
+}
+
+// As when the program that listens stands still.
+TEST(DoorOfAProgramThatStandsStill, KeepsNobodyWaiting) {
+  const testing::TempFolder folder;
+  const std::string path = folder("door");
+  const InstanceDoor door(path);
+  std::vector<Descriptor> waiting;
+  for (int each = 0; each < 20; ++each) {
+    Descriptor peer(::socket(AF_UNIX, SOCK_STREAM | SOCK_NONBLOCK, 0));
+    if (!reach(peer, path)) break;
+    waiting.push_back(std::move(peer));
+  }
+  EXPECT_LT(waiting.size(), 20U) << "there is no room for another";
+  EXPECT_FALSE(handToRunning(path, "/parts/a.cdm"));
 }
 
 TEST_F(Door, OfADeadProcessIsReplaced) {
@@ -161,7 +223,12 @@ TEST_F(HandedFiles, DropsOfOtherKindsAreTold) {
   expectMessage(text);
   drop({QUrl::fromLocalFile("/etc"), QUrl::fromLocalFile(QString::fromStdString(home("no.png")))});
   EXPECT_EQ(text, "None of these files is a drawing or a DXF file.");
-  drop({QUrl("http://example.org/x.cdm")});
+  expectMessage(text);
+  drop({QUrl("http://example.org/x.cdm"), QUrl("file:///%00/x.cdm")});
+  EXPECT_EQ(text, "Only files of this computer can be opened.");
+  expectMessage(text);
+  drop({QUrl::fromLocalFile("/nowhere/gone.cdm")});
+  EXPECT_EQ(text, "There is no file /nowhere/gone.cdm.");
   EXPECT_EQ(application().store.drawingname, "plate.cdm");
 }
 

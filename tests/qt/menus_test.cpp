@@ -57,6 +57,37 @@ TEST_F(Menus, EveryToolOfABandHasItsEntryOnce) {
   }
 }
 
+// The beginning of its path and the name of the file stay, however deep its folder lies.
+TEST_F(Menus, ALongPathIsShortenedInTheMiddle) {
+  const std::string folder = "/home/ada/" + std::string(150, 'p') + '/';
+  const std::string names[] = {"gear & housing.cdm", "the cover of the gear housing.cdm",
+                               std::string(150, 'n') + ".cdm"};
+  tools().setVisible("miRecentFile1", true);
+  for (const std::string& name : names) {
+    tools().setCaption("miRecentFile1", "1 - " + folder + name);
+    const QString entry = bars().action("miRecentFile1")->text().replace("&&", "&");
+    EXPECT_TRUE(entry.startsWith("1 - /home/")) << entry.toStdString();
+    EXPECT_TRUE(entry.endsWith(QString::fromStdString(name).right(20))) << entry.toStdString();
+    EXPECT_LT(bars().menu("miFile")->sizeHint().width(), 683);
+  }
+}
+
+// An entry without an icon is as high as the others.
+TEST_F(Menus, EntriesAreEquallyHigh) {
+  for (const Band& band : tools().bands()) {
+    if (band.kind != BandKind::Menu) continue;
+    std::set<int> heights;
+    QMenu& menu = *bars().menu(band.name);
+    menu.ensurePolished();
+    for (QAction* entry : menu.actions()) {
+      if (entry->isVisible() && !entry->isSeparator()) {
+        heights.insert(menu.actionGeometry(entry).height());
+      }
+    }
+    EXPECT_EQ(heights.size(), 1U) << band.name;
+  }
+}
+
 TEST_F(Menus, LongMenusAreFolded) {
   for (const auto& [band, title] : {std::pair{"miEdit", "&Segments"},
                                     {"miEdit", "&Arcs and Direction"},

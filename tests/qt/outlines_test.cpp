@@ -5,10 +5,15 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPlainTextEdit>
+#include <QPushButton>
 #include <QRadioButton>
+#include <QScrollBar>
+#include <QSlider>
 #include <QStyle>
 #include <gtest/gtest.h>
 
+#include "shell/qt/bolt_pane.h"
+#include "shell/qt/rows_pane.h"
 #include "shell/qt/theme.h"
 #include "tests/qt/desktop_test_support.h"
 #include "tests/qt/seen_contrast.h"
@@ -43,6 +48,55 @@ TEST_P(Outlines, StandOutFromTheWindow) {
   expectEdge<QRadioButton>();
   expectEdge<QListWidget>();
   expectEdge<QPlainTextEdit>();
+  expectEdge<QPushButton>();
+}
+
+// Pictures in a form are as large as their layout lets them be.
+TEST_P(Outlines, OfPicturesStandOutFromTheWindow) {
+  RowsPane rows(nullptr);
+  BoltPane holes(nullptr);
+  for (QWidget* pane : {static_cast<QWidget*>(&rows), static_cast<QWidget*>(&holes)}) {
+    pane->resize(120, 80);
+    EXPECT_GE(edgeContrast(*pane), 3);
+  }
+}
+
+// What is dragged can be seen on what it is dragged along.
+TEST_P(Outlines, OfWhatIsDraggedStandOut) {
+  const QRgb ground = testing::toolkit().palette().color(QPalette::Window).rgb();
+  for (const Qt::Orientation way : {Qt::Horizontal, Qt::Vertical}) {
+    QScrollBar bar(way);
+    bar.resize(way == Qt::Horizontal ? QSize(200, 14) : QSize(14, 200));
+    bar.setRange(0, 100);
+    bar.setPageStep(50);
+    EXPECT_GE(testing::bestContrast(bar.grab().toImage(), bar.rect(), ground), 3);
+  }
+  QSlider slider(Qt::Horizontal);
+  slider.resize(200, 22);
+  slider.setValue(50);
+  const QImage picture = slider.grab().toImage();
+  EXPECT_GE(testing::bestContrast(picture, {85, 0, 30, picture.height()}, ground), 3) << "handle";
+  EXPECT_GE(testing::bestContrast(picture, {150, 0, 30, picture.height()}, ground), 3) << "groove";
+}
+
+// A button that has the keyboard is told from one that has not by more than a shade.
+TEST_P(Outlines, OfAButtonWithTheKeyboardAreTwiceAsWide) {
+  QWidget window;
+  QPushButton with("Clear", &window);
+  QPushButton without("Close", &window);
+  without.move(0, 60);
+  window.show();
+  QApplication::setActiveWindow(&window);
+  with.setFocus();
+  const QRgb ground = window.palette().color(QPalette::Button).rgb();
+  const auto edge = [&](QPushButton& button, int x) {
+    const QImage picture = button.grab().toImage();
+    return testing::contrast(picture.pixel(x, picture.height() / 2), ground);
+  };
+  EXPECT_EQ(with.size(), with.sizeHint().expandedTo(with.size()));
+  EXPECT_EQ(with.sizeHint().height(), without.sizeHint().height());
+  EXPECT_GE(edge(with, 1), 3);
+  EXPECT_LT(edge(without, 1), 1.2);
 }
 
 TEST_P(Outlines, OfWhatIsDisabledStayBack) {
@@ -57,6 +111,16 @@ TEST_P(Outlines, HintsInFieldsAreLegible) {
   EXPECT_GE(testing::contrast(palette.color(QPalette::PlaceholderText).rgb(),
                               palette.color(QPalette::Base).rgb()),
             4.5);
+}
+
+// What is off can still be made out.
+TEST_P(Outlines, WordsThatAreOffCanBeMadeOut) {
+  const QPalette palette = testing::toolkit().palette();
+  for (const QPalette::ColorRole ground : {QPalette::Window, QPalette::Base}) {
+    EXPECT_GE(testing::contrast(palette.color(QPalette::Disabled, QPalette::WindowText).rgb(),
+                                palette.color(ground).rgb()),
+              3);
+  }
 }
 
 // What tells that a bar has more than it shows.

@@ -229,6 +229,62 @@ TEST(DesktopPrompts, ShowTheTextAndGiveTheButtonsAnswer) {
   }
 }
 
+Message messageOf(const char* text, MessageButtons buttons = MessageButtons::Ok) {
+  return {.text = text, .title = {}, .icon = MessageIcon::None, .buttons = buttons};
+}
+
+// Closes every box; how many there were.
+class ClosedBoxes {
+ public:
+  ClosedBoxes() {
+    QObject::connect(&look_, &QTimer::timeout, [this] {
+      auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+      if (box == nullptr) return;
+      ++count;
+      box->buttons().first()->click();
+    });
+    look_.start(1);
+  }
+  int count = 0;
+
+ private:
+  QTimer look_;
+};
+
+// As of a drawing with thousands of rows that cannot be drawn.
+TEST(DesktopPrompts, ShowThreeOfMessagesThatComeOneRightBehindTheOther) {
+  Gateway gateway(testing::passThrough());
+  DesktopPrompts prompts(gateway);
+  ClosedBoxes closed;
+  for (int row = 0; row < 1000; ++row) {
+    EXPECT_EQ(prompts.showMessage(messageOf("one kind of row")), Answer::Ok);
+    EXPECT_EQ(prompts.showMessage(messageOf("another kind of row")), Answer::Ok);
+  }
+  EXPECT_GE(closed.count, 6);
+  EXPECT_LT(closed.count, 100) << "more than 6 only where the machine stands still in between";
+}
+
+TEST(DesktopPrompts, ShowAMessageAgainThatCameBefore) {
+  Gateway gateway(testing::passThrough());
+  DesktopPrompts prompts(gateway);
+  ClosedBoxes closed;
+  for (int time = 0; time < 5; ++time) {
+    prompts.showMessage(messageOf("No Path Segments Placed!"));
+    wait(150);
+  }
+  EXPECT_EQ(closed.count, 5);
+}
+
+TEST(DesktopPrompts, ShowEveryQuestion) {
+  Gateway gateway(testing::passThrough());
+  DesktopPrompts prompts(gateway);
+  ClosedBoxes closed;
+  for (int time = 0; time < 5; ++time) {
+    prompts.showMessage(messageOf("Save now?", MessageButtons::YesNo));
+  }
+  EXPECT_EQ(closed.count, 5);
+}
+
 TEST(DesktopPointer, KeepsItsShape) {
   SurfaceWidget surface;
   DesktopPointer pointer(surface);

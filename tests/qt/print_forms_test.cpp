@@ -1,14 +1,18 @@
 // The forms of printing in their windows: fields stand below one another, no button touches the
 // next, and a small screen of double density has room for them.
+#include <QAccessible>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPrintPreviewDialog>
+#include <QPrinter>
 #include <QPushButton>
 #include <gtest/gtest.h>
 
 #include "display/print_preview.h"
 #include "shell/frmPageSetup.h"
 #include "shell/frmPrintScale.h"
+#include "shell/qt/spoken_names.h"
 #include "tests/qt/desktop_test_support.h"
 #include "tests/qt/dialog_test_support.h"
 #include "tests/qt/plate_program.h"
@@ -92,6 +96,43 @@ TEST_F(PrintForms, PrintToScaleStandsInColumns) {
     expectInARow(dialog, {"cmdPrint", "cmdPreview", "cmdFile", "cmdClose"});
     expectRoomFor(dialog);
   });
+}
+
+// ---- Screen readers
+
+QString nameIn(QWidget& widget) {
+  QAccessibleInterface* const spoken = QAccessible::queryAccessibleInterface(&widget);
+  return spoken == nullptr ? QString() : spoken->text(QAccessible::Name);
+}
+
+TEST_F(PrintForms, TheFieldOfAListThatIsTypedIntoHasItsName) {
+  ScaledPrint print;
+  frmPrintScale form(session(), Box{0, 0, 4, 3}, print);
+  show(form, [](QWidget& dialog) {
+    int typed = 0;
+    for (auto* const list : dialog.findChildren<QComboBox*>()) {
+      if (list->lineEdit() == nullptr) continue;
+      ++typed;
+      EXPECT_EQ(nameIn(*list->lineEdit()), "Scale, paper to part");
+    }
+    EXPECT_EQ(typed, 1);
+  });
+}
+
+TEST(PrintPreviewNames, EveryStopOfTheTabKeyHasAName) {
+  QPrinter printer;
+  printer.setOutputFormat(QPrinter::PdfFormat);
+  QPrintPreviewDialog dialog(&printer);
+  namePreviewForReaders(dialog);
+  int stops = 0;
+  for (auto* const widget : dialog.findChildren<QWidget*>()) {
+    const bool stop = (widget->focusPolicy() & Qt::TabFocus) != 0 && widget->isEnabledTo(&dialog);
+    if (!stop || widget->focusProxy() != nullptr || widget->window() != &dialog) continue;
+    ++stops;
+    EXPECT_NE(nameIn(*widget), "")
+        << widget->metaObject()->className() << " " << widget->objectName().toStdString();
+  }
+  EXPECT_GT(stops, 10) << "its buttons are reached too";
 }
 
 }  // namespace

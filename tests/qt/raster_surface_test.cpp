@@ -1,6 +1,7 @@
 // The picture of the drawing surface: mapping, pens, and exact erasure.
 #include "shell/qt/raster_surface.h"
 
+#include <QPainter>
 #include <cmath>
 #include <gtest/gtest.h>
 #include <limits>
@@ -210,6 +211,28 @@ TEST(RasterSurface, DottedLinesLeaveGaps) {
   const int dots = countPixels(surface.picture(), 0);
   EXPECT_GT(dots, 30);
   EXPECT_LT(dots, 100);
+}
+
+TEST(RasterSurface, DotsAlongTheAxesAreThoseOfTheToolkitsPen) {
+  const QSize size(60, 40);
+  for (const QLine& line : {QLine(3, 5, 50, 5), QLine(50, 5, 3, 5), QLine(7, 2, 7, 33),
+                            QLine(7, 33, 7, 2), QLine(4, 9, 6, 9), QLine(10, 30, 90, 30)}) {
+    QImage expected(size, QImage::Format_RGB32);
+    expected.fill(Qt::white);
+    QPen pen(Qt::black, 1, Qt::SolidLine, Qt::SquareCap);
+    pen.setDashPattern({1, 3});
+    QPainter brush(&expected);
+    brush.setPen(pen);
+    brush.drawLine(line);
+    brush.end();
+
+    RasterSurface surface({0, 0, 60, 40});
+    surface.setScaleMode(ScaleUnit::Pixels);
+    surface.setDrawStyle(PenStyle::Dot);
+    surface.line({narrow(line.x1()), narrow(line.y1()), narrow(line.x2()), narrow(line.y2())},
+                 kBlack);
+    EXPECT_EQ(surface.picture(), expected) << line.x1() << ' ' << line.y1();
+  }
 }
 
 // Letters are smoothed: between black and white any grey may be a letter.

@@ -48,6 +48,14 @@ TEST_F(SmallScreen, EveryBarIsWhole) {
     EXPECT_TRUE(isWhole(*bar)) << bar->objectName().toStdString();
 }
 
+// A window that asks for more room while it is being maximised is given that, and no more.
+TEST_F(SmallScreen, ItFillsTheScreenWhereThatWasTakenBack) {
+  window().showAtStart();
+  window().showNormal();
+  window().resize(least());
+  EXPECT_TRUE(testing::waitFor([this] { return window().isMaximized(); }));
+}
+
 TEST_F(SmallScreen, AtTwoHundredPerCentItsEdgesStayOnTheScreen) {
   ASSERT_TRUE(takes(kHalfScreen)) << least().width() << " x " << least().height();
   testing::keepScreenshot(window(), "half_screen");

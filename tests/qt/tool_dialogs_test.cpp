@@ -96,7 +96,7 @@ TEST_F(ToolDialogsTest, TheChestFollowsTheHand) {
         widgetIn<QLabel>(dialog, "lblMaterial").palette().color(QPalette::WindowText);
     type(dialog, "txtNumberFlutes", "none");
     EXPECT_EQ(widgetIn<QLabel>(dialog, "lblMaterial").palette().color(QPalette::WindowText),
-              QColor(255, 0, 0));
+              QColor(223, 0, 0));
     testing::keepScreenshot(dialog, "tool_chest_invalid");
     type(dialog, "txtNumberFlutes", "4");
     EXPECT_EQ(widgetIn<QLabel>(dialog, "lblMaterial").palette().color(QPalette::WindowText),

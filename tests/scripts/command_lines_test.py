@@ -79,6 +79,42 @@ class CommandLines(unittest.TestCase):
                     self.play(text, before=["--allow-io"], LC_ALL="C.UTF-8")):
             self.assertEqual((run.returncode, run.stdout, run.stderr), (0, "0.75\tC\n", ""))
 
+    # The toolkit takes over the operator's locale; in Turkish a capital i has another small letter,
+    # and capitals sort among the small ones.
+    def test_texts_have_the_same_case_and_order_whatever_the_locale(self) -> None:
+        locales = self.work / "locales"
+        locales.mkdir()
+        subprocess.run(["localedef", "-i", "tr_TR", "-f", "UTF-8", locales / "tr_TR.UTF-8"],
+                       check=True)
+        text = "plot('part.png') print(('TITLE'):lower(), ('title'):upper(), 'B' < 'a')\n"
+        script = self.work / "play.lua"
+        script.write_text(text)
+        language = {"LOCPATH": str(locales), "LC_ALL": "tr_TR.UTF-8"}
+        for run in (self.run_program("--home", str(self.home), "--run", str(script), **language),
+                    self.play(text, **language)):
+            self.assertEqual((run.returncode, run.stdout, run.stderr),
+                             (0, "title\tTITLE\ttrue\n", ""))
+
+    def test_what_is_printed_into_a_closed_output_is_in_no_file(self) -> None:
+        script = self.work / "write.lua"
+        script.write_text("""\
+            local file = io.open(arg[1], 'w')
+            for _, output in ipairs { io.stdout, io.stderr } do
+              output:write('printed')
+              output:flush()
+            end
+            file:write('written')
+            file:close()
+        """)
+        for closed in (1, 2):
+            file = self.work / f"{closed}.txt"
+            command = f'exec "$0" "$@" {closed}>&-'
+            run = subprocess.run(["sh", "-c", command, PROGRAM, "--home", str(self.home),
+                                  "--allow-io", "--run", str(script), str(file)],
+                                 capture_output=True, timeout=SECONDS, env=self.environment,
+                                 check=False)
+            self.assertEqual((run.returncode, file.read_text()), (0, "written"), closed)
+
     def test_the_reader_of_jet_files_takes_its_file_and_nothing_else(self) -> None:
         file = self.work / "x.mdb"
         for content in (b"", b"a text", b"\0\1\0\0Standard Jet DB\0" + bytes(range(256)) * 32):
@@ -420,6 +456,38 @@ class CommandLines(unittest.TestCase):
                     run = self.run_program("--home", str(self.home), *job, **variables)
                     self.assertEqual((run.returncode, run.stdout, run.stderr),
                                      (1, "", line.format(name)))
+
+    def test_a_machine_without_fonts_is_told(self) -> None:
+        settings = self.work / "fonts.conf"
+        settings.write_text("<fontconfig><dir>/nothing</dir></fontconfig>")
+        run = self.run_program("--home", str(self.home), QT_QPA_PLATFORM="offscreen",
+                               XDG_RUNTIME_DIR=str(self.work), FONTCONFIG_FILE=str(settings))
+        self.assertEqual((run.returncode, run.stdout, run.stderr), (
+            1, "", "tessimo: no font is installed for the texts of the window; Debian has some in "
+            "fonts-dejavu-core\n"))
+
+    def test_too_few_open_files_for_a_window_are_told(self) -> None:
+        unlimited = resource.getrlimit(resource.RLIMIT_NOFILE)[1]
+        run = subprocess.run(
+            [PROGRAM, "--home", str(self.home)], capture_output=True, text=True, timeout=SECONDS,
+            env=self.environment | {"QT_QPA_PLATFORM": "offscreen"}, check=False,
+            preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_NOFILE, (10, unlimited)))
+        self.assertEqual((run.returncode, run.stdout, run.stderr), (
+            1, "", "tessimo: the window needs 20 open files (ulimit -n), and the limit is 10\n"))
+
+    def test_a_limit_that_permits_no_thread_is_told(self) -> None:
+        (self.work / "nothing.lua").touch()
+        unlimited = resource.getrlimit(resource.RLIMIT_STACK)[1]
+        stack = 1 << 45  # bytes: a thread asks for one of that size
+        said = "no thread can be started; memory or the number of processes is at its limit"
+        for job, line in (([], said),
+                          (["--timeout", "5", "--run", "nothing.lua"], f"nothing.lua: {said}")):
+            run = subprocess.run(
+                [PROGRAM, "--home", str(self.home), *job], capture_output=True, text=True,
+                timeout=SECONDS, cwd=self.work, check=False,
+                env=self.environment | {"QT_QPA_PLATFORM": "offscreen"},
+                preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_STACK, (stack, unlimited)))
+            self.assertEqual((run.returncode, run.stdout, run.stderr), (1, "", f"tessimo: {line}\n"))
 
     def test_a_display_that_never_answers_is_given_up(self) -> None:
         with socket.create_server(("127.0.0.1", 0)) as silent:

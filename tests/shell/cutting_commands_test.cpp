@@ -7,6 +7,7 @@
 #include "core/conventions.h"
 #include "core/drawing_store.h"
 #include "core/number_text.h"
+#include "core/tool_text.h"
 #include "drafting/change.h"
 #include "tests/support/running_program.h"
 #include "tests/support/source_folder.h"

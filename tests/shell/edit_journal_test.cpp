@@ -4,9 +4,11 @@
 
 #include <csignal>
 #include <cstdio>
+#include <filesystem>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "gmock/gmock.h"
 #include "gtest/gtest.h"
 
 #include "core/drawing_file.h"
@@ -132,6 +134,33 @@ TEST(EditJournal, DoesNotGrowWithoutBound) {
   ASSERT_EQ(program.journals().size(), 1U);
   EXPECT_LT(readFile(program.folder() + program.journals()[0]).size(), 2U << 20);
   expectSame(program.recorded(), program.application.store);
+}
+
+TEST(EditJournal, OfAProgramWhoseFolderIsGoneItIsTold) {
+  JournalledProgram program;
+  program.drawLine({0, 0}, {2, 0});
+  const std::string gone = program.home("");
+  std::filesystem::remove_all(gone);
+  program.click({2, 1});
+  program.click({0, 1});
+  EXPECT_FALSE(std::filesystem::exists(gone));
+  ASSERT_EQ(program.platform.prompts.messages.size(), 1U);
+  EXPECT_THAT(program.platform.prompts.messages[0].text,
+              ::testing::MatchesRegex("Unsaved work cannot be kept for the case that the program "
+                                      "is interrupted.\n.*: Path not found\nSave often\\."));
+}
+
+// By whoever clears the program's folder up while it runs.
+TEST(EditJournal, OneThatWasRemovedIsBegunAnew) {
+  JournalledProgram program;
+  program.drawLine({0, 0}, {2, 0});
+  std::filesystem::remove_all(program.folder());
+  program.click({2, 1});
+  expectSame(program.recorded(), program.application.store);
+  std::filesystem::remove(program.folder() + program.journals().at(0));
+  program.click({0, 1});
+  expectSame(program.recorded(), program.application.store);
+  EXPECT_TRUE(program.platform.prompts.messages.empty());
 }
 
 TEST(EditJournal, AFolderThatCannotBeWrittenToIsToldOnceAndDoesNotHinder) {

@@ -210,6 +210,9 @@ TEST_F(Guide, LeadsThroughAPocketToAProgram) {
   EXPECT_EQ(lastResult().substr(lastResult().size() - 4), " min");
   EXPECT_EQ(pointerGuide(application.interaction).command,
             "Place Finish Path finishes a wall, Make CNC Mill File (Ctrl+M) makes a program");
+  store.lathesetup = true;
+  EXPECT_EQ(pointerGuide(application.interaction).command,
+            "Place Finish Path finishes a wall, Make CNC Lathe File (Ctrl+L) makes a program");
 }
 
 // ---- State

@@ -9,6 +9,7 @@
 #include <initializer_list>
 #include <map>
 #include <string_view>
+#include <utility>
 
 #include "core/drawing_store.h"
 #include "tests/support/grbl_reader.h"
@@ -242,9 +243,17 @@ bool isNoMove(const PathRow& row) {
 }
 
 // Written as a rapid: marked so, or straight away from the axis, seen from where the row before
-// ended.
-bool isLatheRapid(const PathRow& row, Vec at) {
-  return row.type == kLine && (row.z == kLatheRapidZ || (row.x1 == at.x && row.y1 > at.y));
+// ended, where tools do not go round the bar.
+bool isLatheRapid(const PathRow& row, Vec at, const GcodeDialect& dialect) {
+  const bool retract = !dialect.latheHeight && row.x1 == at.x && row.y1 > at.y;
+  return dialect.lathe && row.type == kLine && (row.z == kLatheRapidZ || retract);
+}
+
+// The way down to a row from beside the bar, which lies above the axis or below it.
+bool entersBar(const GcodeMotion& motion, const GcodeDialect& dialect) {
+  constexpr double kWritten = 1e-5;
+  return dialect.latheHeight && motion.g == 1 && motion.from.x == motion.to.x &&
+         std::abs(std::abs(motion.from.y) - *dialect.latheHeight) < kWritten;
 }
 
 // What of a cycle no word tells.
@@ -342,9 +351,11 @@ GcodeProgram readProgram(const std::string& text, const GcodeDialect& dialect) {
 
 std::vector<PathRow> readCuts(const GcodeProgram& program, const GcodeDialect& dialect) {
   std::vector<PathRow> cuts;
+  bool behindRapid = false;
   for (const GcodeMotion& motion : program.motions) {
     const bool alongPath = motion.from != motion.to || isArc(motion.g);
-    if (motion.g == 0 || (motion.g <= 3 && !alongPath)) continue;
+    const bool enters = std::exchange(behindRapid, motion.g == 0) && entersBar(motion, dialect);
+    if (motion.g == 0 || (motion.g <= 3 && !alongPath) || enters) continue;
     PathRow row = rowOf(motion);
     if (dialect.lathe) row.z = 0;
     cuts.push_back(row);
@@ -358,7 +369,7 @@ std::vector<PathRow> placedCuts(const DrawingStore& store, double resolution,
   Vec at{store.psx0[1], store.psy0[1]};
   for (int ps = 1; ps <= store.NumPathSegments; ++ps) {
     PathRow row = pathRow(store, ps);
-    const bool rapid = row.type == kRapid || (dialect.lathe && isLatheRapid(row, at));
+    const bool rapid = row.type == kRapid || isLatheRapid(row, at, dialect);
     at = {row.x1, row.y1};
     if (rapid || isNoMove(row) || isShort(row, resolution)) continue;
     if (row.type == kLine) row.xc = row.yc = 0;

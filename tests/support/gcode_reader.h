@@ -4,6 +4,7 @@
 //       centerByRadius, readCuts, placedCuts, ReadingTolerance, firstDifference.
 #pragma once
 
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -17,6 +18,9 @@ namespace tess::testing {
 struct GcodeDialect {
   bool grbl = false;   // that of GRBL 1.1 alone, with all that it refuses; see grbl_reader.h
   bool lathe = false;  // X words are path y, Z words path x
+  // Where tools of a lathe pass the bar: from there they feed straight to a row, which is none, and
+  // what leads away from the axis is a cut.
+  std::optional<double> latheHeight{};
   bool absoluteCenters = false;
   std::string letters = "XYZIJK";  // of the words X, Y, Z, I, J and K
   std::string comment = ";";       // begins a comment, up to the line's end

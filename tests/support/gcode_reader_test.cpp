@@ -143,6 +143,7 @@ class ReadBack : public CncFixture {
   void expectReadBack(CncMode mode, const std::string& what) {
     const bool metric = store.units == "M";
     const GcodeDialect dialect{.lathe = mode == CncMode::Lathe,
+                               .latheHeight = latheHeight(mode),
                                .absoluteCenters = definition.absCenter,
                                .letters = definition.cncletters,
                                .comment = definition.cnccomment};
@@ -155,6 +156,12 @@ class ReadBack : public CncFixture {
     EXPECT_EQ(firstDifference(placed, readCuts(read, dialect), tolerance), "") << what << "\n"
                                                                                << text;
     cuts += placed.size();
+  }
+
+  std::optional<double> latheHeight(CncMode mode) const {
+    const std::optional<float> clearance = definition.dialect.latheClear;
+    if (mode == CncMode::Mill || !clearance) return std::nullopt;
+    return store.partdimy + *clearance;
   }
 
   void clearPaths() {
@@ -295,13 +302,27 @@ TEST_F(ReadBack, CyclesComeBackWithWhatIsWrittenOfThem) {
   EXPECT_EQ(cuts, 24U);
 }
 
-TEST_F(ReadBack, ALatheProfileWithRetractsAndRapids) {
+class LatheReadBack : public ReadBack {
+ protected:
+  void placeProfile() {
+    place(lineRow({0.25F, 0.75F}, {-2, 0.75F}, 0, 10));
+    place(lineRow({-2, 0.75F}, {-2, 0.875F}, 0, 10));
+    place(lineRow({-2, 0.875F}, {0.25F, 0.625F}, kLatheRapidZ, 10));
+    place(lineRow({0.25F, 0.625F}, {-1.5F, 0.625F}, 0, 10));
+    place(arcRow(kCounterClockwiseArc, {-1.5F, 0.625F}, {-1.75F, 0.875F}, {-1.5F, 0.875F}, 0, 5));
+  }
+};
+
+TEST_F(LatheReadBack, AProfileWithRapidsKeepsWhatLeadsAwayFromTheAxis) {
   useShipped("lathe.msx");
-  place(lineRow({0.25F, 0.75F}, {-2, 0.75F}, 0, 10));
-  place(lineRow({-2, 0.75F}, {-2, 0.875F}, 0, 10));  // away from the axis: a rapid
-  place(lineRow({-2, 0.875F}, {0.25F, 0.625F}, kLatheRapidZ, 10));
-  place(lineRow({0.25F, 0.625F}, {-1.5F, 0.625F}, 0, 10));
-  place(arcRow(kCounterClockwiseArc, {-1.5F, 0.625F}, {-1.75F, 0.875F}, {-1.5F, 0.875F}, 0, 5));
+  placeProfile();
+  expectReadBack(CncMode::Lathe, "profile");
+  EXPECT_EQ(cuts, 4U);
+}
+
+TEST_F(LatheReadBack, WithoutAWayRoundTheBarWhatLeadsAwayFromTheAxisIsARapid) {
+  useBare("lathe.msx", "");
+  placeProfile();
   expectReadBack(CncMode::Lathe, "profile");
   EXPECT_EQ(cuts, 3U);
 }

@@ -46,9 +46,14 @@ class RecordingListener : public SessionListener {
   void closeMainWindow() override { note("closeMainWindow"); }
   void importDxf(const std::string& path) override { imported.push_back(path); }
   void loadLayout() override { note("loadLayout"); }
-  void saveLayout() override { note("saveLayout"); }
+  void saveLayout() override {
+    note("saveLayout");
+    if (onSaveLayout) onSaveLayout();
+  }
   void readPressedTools() override { note("readPressedTools"); }
   void unloadOtherWindows() override { note("unloadOtherWindows"); }
+
+  std::function<void()> onSaveLayout;
 
   // Takes what was noted so far.
   std::vector<std::string> take() { return std::exchange(noted, {}); }

@@ -100,17 +100,30 @@ class RowFollower {
   }
 
   bool isPlunge(const GcodeMotion& m, const PathRow& row) const {
-    return !rules_.lathe && m.g == 1 && stays(m) && near(m.toZ, row.z) &&
-           near(m.to, {row.x0, row.y0}, rules_.resolution + rules_.joints);
+    const bool isThere = near(m.to, {row.x0, row.y0}, rules_.resolution + rules_.joints);
+    if (rules_.latheClear) return isThere && m.g == 1 && near(m.from.x, m.to.x);
+    return !rules_.lathe && m.g == 1 && stays(m) && near(m.toZ, row.z) && isThere;
+  }
+
+  double plungeFeed(const PathRow& row) const {
+    return rules_.latheClear ? double{row.feed} : double{store_.cfg_z_plunge_rate};
+  }
+
+  // Of a lathe, before the row itself, which may go the same way.
+  bool entersBar(const PathRow& row) const {
+    return rules_.latheClear && isPlunge(motion(), row) && !isAtStartOf(row);
+  }
+  bool isAtStartOf(const PathRow& row) const {
+    return near(at_, {row.x0, row.y0}, rules_.resolution + rules_.joints);
   }
 
   void approach(const PathRow& row) {
-    while (!atEnd() && !isCut(motion())) {
+    while (!atEnd() && (!isCut(motion()) || entersBar(row))) {
       if (!isPlunge(motion(), row)) {
         requireHarmless();
         continue;
       }
-      requireFeed(store_.cfg_z_plunge_rate);
+      requireFeed(plungeFeed(row));
       step();
     }
   }
@@ -126,7 +139,7 @@ class RowFollower {
 
   // Marked so, or straight away from the axis, seen from the end of the row before.
   bool isLatheRapid(const PathRow& row) const {
-    const bool retract = row.x1 == last_.x && row.y1 > last_.y;
+    const bool retract = !rules_.latheClear && row.x1 == last_.x && row.y1 > last_.y;
     return rules_.lathe && row.type == kLine && (row.z == kLatheRapidZ || retract);
   }
 
@@ -143,7 +156,7 @@ class RowFollower {
   void followRapid(const PathRow& row) {
     while (!isAtEndOf(row)) {
       if (isPlunge(motion(), row)) {
-        requireFeed(store_.cfg_z_plunge_rate);
+        requireFeed(plungeFeed(row));
       } else if (motion().g != kRapidMotion && motion().g != kDwellMotion) {
         stop("a rapid row that is not reached");
       }

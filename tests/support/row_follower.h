@@ -16,6 +16,7 @@ namespace tess::testing {
 
 struct FollowRules {
   bool lathe = false;
+  bool latheClear = false;      // its tools go round the work, and down through it at a row's feed
   double resolution = 0.00005;  // how far a place may be off
   double joints = 1e-4;         // how far a row may begin from where the row before ended
   double feedGrain = 0.001;     // of the F words

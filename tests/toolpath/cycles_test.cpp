@@ -83,6 +83,18 @@ TEST(CycleNumber, IsReadFromTheSecondAndThirdCharacter) {
 
 // ---- The dialog
 
+// A hole that is drilled with the end mill still in use breaks it, so the form names the tool.
+TEST(SelectCycle, NamesTheToolThatCuts) {
+  CycleContext d({kDrill});
+  d.store.toolname[3] = "5 mm drill";
+  d.store.toolradius[3] = 0.125F;
+  d.store.selectedtool = 3;
+  std::string named;
+  d.atDialog([&](dlgSelectCycle& dialog) { named = dialog.lblTool.caption(); });
+  chooseCycle(d.cam);
+  EXPECT_EQ(named, "Cuts with Tool 4: 5 mm drill, 0.2500 in");
+}
+
 TEST(SelectCycle, ShowsTheTemplates) {
   CycleContext d({kDrill, kPeck});
   bool shown = false;

@@ -484,6 +484,40 @@ TEST_F(ProofOfLathe, ARapidThroughTheStockIsAFinding) {
   EXPECT_THAT(proof().rapids, IsEmpty());
 }
 
+TEST_F(ProofOfLathe, ARapidOfAnyJobThroughTheStockIsAFinding) {
+  store_.NumPathSegments = 2;
+  jobs_.note(store_, {.group = 2, .kind = JobKind::OnTheLine});
+  addPathSegment(store_, {.type = kLine, .x0 = 2, .y0 = 0.5F, .x1 = 1, .y1 = 0.5F, .code = 200});
+  ASSERT_THAT(proof().rapids, SizeIs(1));
+  EXPECT_EQ(proof().rapids[0].group, 2);
+  EXPECT_THAT(proof().unjudged, IsEmpty());
+}
+
+// A tool that works inside takes what lies below its way, from a hole to the height of its lowest
+// cut.
+TEST_F(ProofOfLathe, ToolsInsideLeaveByTheHole) {
+  store_.toolinside[0] = 1;
+  store_.NumPathSegments = 0;
+  cut({4, 0.5F}, {1, 0.5F});
+  retract({1, 0.5F}, {4, 0.5F});
+  cut({4, 0.75F}, {2, 0.75F});
+  retract({2, 0.75F}, {2, 0.25F});
+  retract({2, 0.25F}, {4, 0.25F});
+  EXPECT_THAT(proof().rapids, IsEmpty());
+  retract({4, 0.25F}, {1.5F, 0.5F});
+  EXPECT_THAT(proof().rapids, IsEmpty()) << "below the first cut";
+  retract({1.5F, 0.5F}, {1.5F, 0.75F});
+  ASSERT_THAT(proof().rapids, SizeIs(1));
+  EXPECT_EQ(proof().rapids[0].row, 7);
+}
+
+TEST_F(ProofOfLathe, AToolInsideThatIsAboveTheProfileIsIn) {
+  store_.toolinside[0] = 1;
+  store_.NumPathSegments = 0;
+  cut({3, 2.125F}, {2, 2.125F});
+  EXPECT_NEAR(proof().gouge.depth, 0.125, 1e-6);
+}
+
 // ---- Words
 
 TEST_F(ProofOfSquare, IsToldLineByLine) {

@@ -178,5 +178,42 @@ TEST(ScanPocketLathe, RandomOutlinesGiveTheCutsOfExchangeSorts) {
   EXPECT_GT(exchanges, 1500);
 }
 
+// ---- From inside
+
+// A bore from y 1 to 4, with a hole of radius 1 and a step in it.
+ScanRun boreRun() {
+  return {ScanStyle::Lathe, 1, {0, 1}, {{1.5F, 0, 10}, {2.5F, 0, 10}, {3.5F, 5, 10}}};
+}
+
+TEST(CutLatheSpansInside, GoesFromTheHoleOutwardAndRetreatsTowardTheAxis) {
+  LatheCam c;
+  cutLatheSpans(c.cam, boreRun(), 20, LatheLeave::ToStock, {.isInside = true, .clearance = 0.25F});
+  EXPECT_EQ(pathEnds(c.store), (Texts{
+                                   "(0, 1.5)-(10, 1.5)",
+                                   "(10, 1.5)-(10, 1) rapid",  // half a step below it
+                                   "(10, 1)-(0, 1) rapid", "(0, 1)-(0, 2.5)", "(0, 2.5)-(10, 2.5)",
+                                   "(10, 2.5)-(10, 2) rapid", "(10, 2)-(5, 2) rapid",
+                                   "(5, 2)-(5, 3.5)", "(5, 3.5)-(10, 3.5)",
+                                   "(10, 3.5)-(10, 0.75) rapid",  // into the hole
+                               }));
+}
+
+TEST(CutLatheSpansInside, TowardTheChuckEveryCutIsTurnedRound) {
+  LatheCam c;
+  c.store.cfg_cutting_mode = choiceNumber(CuttingMode::Climb);
+  ScanRun run = boreRun();
+  run.spans.resize(1);
+  cutLatheSpans(c.cam, run, 20, LatheLeave::ToStock, {.isInside = true, .clearance = 0.25F});
+  EXPECT_EQ(pathEnds(c.store), (Texts{"(10, 1.5)-(0, 1.5)", "(0, 1.5)-(0, 0.75) rapid"}));
+}
+
+TEST(CutLatheSpansInside, NeverRetreatsBeyondTheAxis) {
+  LatheCam c;
+  ScanRun run = boreRun();
+  run.spans.resize(1);
+  cutLatheSpans(c.cam, run, 20, LatheLeave::ToStock, {.isInside = true, .clearance = 2});
+  EXPECT_EQ(pathEnds(c.store), (Texts{"(0, 1.5)-(10, 1.5)", "(10, 1.5)-(10, 0) rapid"}));
+}
+
 }  // namespace
 }  // namespace tess

@@ -6,6 +6,7 @@
 #include "gtest/gtest.h"
 
 #include "core/file_system.h"
+#include "core/tool_text.h"
 #include "tests/support/feeds_samples.h"
 #include "tests/support/tool_chest_fixture.h"
 
@@ -75,6 +76,24 @@ TEST_F(Chest, OpensOnTheToolInUse) {
     EXPECT_TRUE(chest.optSlotMill.value());
     EXPECT_EQ(chest.List1.text(), " 3: slot");
   });
+}
+
+TEST_F(Chest, OfALatheAsksWhetherAToolWorksInside) {
+  work([](dlgToolPrms& chest) { EXPECT_FALSE(chest.chkInside.isVisible()); });
+  store.lathesetup = true;
+  store.toolinside[0] = 1;
+  store.setupchanged = false;
+  work([&](dlgToolPrms& chest) {
+    EXPECT_TRUE(chest.chkInside.isVisible());
+    EXPECT_EQ(chest.chkInside.caption(), "&Works Inside");
+    EXPECT_TRUE(chest.chkInside.isChecked());
+    EXPECT_FALSE(store.setupchanged) << "looking changes nothing";
+    chest.chkInside.press();
+    EXPECT_EQ(store.toolinside[0], 0);
+    chest.cmdAdd.press();
+    EXPECT_FALSE(chest.chkInside.isChecked());
+  });
+  EXPECT_TRUE(store.setupchanged);
 }
 
 TEST_F(Chest, AToolInUseOutsideTheTableOpensOnTheFirstRow) {

@@ -8,10 +8,12 @@
 
 #include "core/file_system.h"
 #include "tests/support/feeds_samples.h"
+#include "tests/support/foreign_locale.h"
 
 namespace tess {
 namespace {
 
+using testing::ForeignLocale;
 using testing::sqliteImage;
 using Texts = std::vector<std::string>;
 
@@ -45,6 +47,13 @@ TEST(FeedsTexts, CompareWithoutRegardToCaseAndBlanksAtTheEnd) {
   EXPECT_LT(compareFeedsTexts("abc", "ABD"), 0);
   EXPECT_GT(compareFeedsTexts("abcd", "ABC"), 0);
   EXPECT_LT(compareFeedsTexts("z", "\xC3\xA4"), 0);
+}
+
+TEST(FeedsTexts, CompareTheSameWayWhereAnIHasADot) {
+  const ForeignLocale turkish("tr_TR");
+  EXPECT_TRUE(sameFeedsText("TITANIUM", "titanium"));
+  EXPECT_EQ(column(*small(), "SELECT * FROM PLASTICS WHERE (MATERIAL = 'ACETAL')"),
+            (Texts{"Acetal", "Acetal"}));
 }
 
 TEST(FeedsTexts, StandOnceInTheOrderTheyCameIn) {

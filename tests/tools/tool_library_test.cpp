@@ -100,11 +100,11 @@ TEST(ToolCsv, ComesBackIntoAnEmptyChestAsItWas) {
 }
 
 TEST(ToolCsv, OfTheShippedSetupsComesBack) {
-  for (const char* name : {"mill_inch", "mill_mm", "lathe"}) {
+  for (const char* name : {"mill_inch", "mill_mm", "lathe", "lathe_mm"}) {
     SCOPED_TRACE(name);
     const std::string setup = readFile(std::string(TESSIMO_SOURCE_DIR "/data/") + name + ".msu");
     DrawingStore store;
-    store.units = std::string(name) == "mill_mm" ? "M" : "I";
+    store.units = std::string(name).ends_with("_mm") ? "M" : "I";
     int tool = -1;
     std::istringstream lines(setup);
     for (std::string line; std::getline(lines, line);) {
@@ -120,6 +120,19 @@ TEST(ToolCsv, OfTheShippedSetupsComesBack) {
     EXPECT_EQ(chestText(again), chestText(store));
     EXPECT_GT(tool, 10);
   }
+}
+
+TEST(ToolCsv, ToolsOfALatheTellWhetherTheyWorkInside) {
+  DrawingStore store = smallChest();
+  store.toolinside[40] = 1;
+  const std::string csv = toolCsv(store);
+  EXPECT_NE(csv.find("cutting speed,inside\r\n"), std::string::npos);
+  DrawingStore again;
+  EXPECT_EQ(importCsv(again, csv).problems, Texts{});
+  EXPECT_EQ(again.toolinside[40], 1);
+  EXPECT_EQ(again.toolinside[0], 0);
+  EXPECT_EQ(importCsv(again, "number,name,inside\n2,drill,2\n").problems,
+            Texts{"t.csv:2: The inside \"2\" is not between 0 and 1"});
 }
 
 TEST(ToolCsv, ColumnsAndLinesMayBeWrittenOtherwise) {

@@ -285,7 +285,7 @@ TEST_F(EventBinding, AViewShowsARectangle) {
             "0.0\t0.0\t10.0\n")
       << "also one that is larger than the view; the width rules";
   EXPECT_EQ(errorOf("view(1)"), "a view is a table of two corners, as {x0, y0, x1, y1}");
-  EXPECT_EQ(errorOf("view{1, 2, 3}"), "Type mismatch");
+  EXPECT_EQ(errorOf("view{1, 2, 3}"), "Type mismatch: number 4 of the corners");
 }
 
 TEST_F(EventBinding, OpeningADrawingShowsItWhole) {

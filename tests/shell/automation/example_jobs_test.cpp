@@ -12,6 +12,7 @@
 
 #include "core/drawing_store.h"
 #include "core/file_system.h"
+#include "core/path_job_file.h"
 #include "core/text.h"
 #include "shell/application.h"
 #include "shell/automation/script_runner.h"
@@ -117,7 +118,8 @@ class ExampleJobs : public ::testing::TestWithParam<ExampleJob> {
 
 TEST_P(ExampleJobs, WritesTheCommittedDrawing) {
   for (const std::string& drawing : GetParam().drawings) {
-    for (const std::string& name : {drawing + ".cdm", pathFile(drawing)}) {
+    for (const std::string& name :
+         {drawing + ".cdm", pathFile(drawing), jobFileName(drawing + ".cdm")}) {
       EXPECT_EQ(run.folder.read(name), readFile(kExamples + name)) << name;
     }
   }

@@ -130,6 +130,41 @@ TEST_F(BracketExample, RefusesLegsTooShortForTheHoles) {
       << err.str();
 }
 
+// What ships shows how it is done: nothing is cut into, nothing is left, no way goes straight down,
+// and its program is written without a question.
+TEST_F(BracketExample, EveryShippedDrawingIsAGoodOne) {
+  folder.write(
+      "judge.lua",
+      "open(arg[1])\n"
+      "local found = proof()\n"
+      "local share = 0\n"
+      "for _, job in ipairs(found.jobs) do share = math.max(share, job.engagement.share) end\n"
+      "print(found.clean, #found.plunges, #found.rapids, share > 0)\n");
+  int drawings = 0;
+  for (const std::string& name : listFolder(kExamples).files) {
+    if (!name.ends_with(".cdm")) continue;
+    SCOPED_TRACE(name);
+    ++drawings;
+    const bool lathe = name.starts_with("lathe");
+    out.str("");
+    ScriptJob job;
+    job.path = folder("judge.lua");
+    job.arguments = {kExamples + name};
+    job.appfolder = home();
+    EXPECT_EQ(runScript(job, {}, out, err), ExitStatus::Done) << err.str();
+    EXPECT_EQ(out.str(), lathe ? "true\t0\t0\tfalse\n" : "true\t0\t0\ttrue\n");
+    const CncJob program{.drawing = kExamples + name,
+                         .mode = lathe ? CncMode::Lathe : CncMode::Mill,
+                         .output = folder(name + ".CNC"),
+                         .setup = lathe ? "lathe.msu" : "mill_inch.msu",
+                         .appfolder = home(),
+                         .date = {}};
+    EXPECT_EQ(makeCncFile(program, out, err), ExitStatus::Done) << err.str();
+    EXPECT_EQ(err.str(), "");
+  }
+  EXPECT_GE(drawings, 10);
+}
+
 TEST(PlateExample, DrawsByHandAndWritesDrawingAndPicture) {
   const TempFolder home;
   const TempFolder folder;

@@ -78,6 +78,25 @@ TEST_F(FormObjects, AHandlerWorksTheFormAndClosesIt) {
             "1formdlgProbeProbe loaded");
 }
 
+TEST_F(FormObjects, PairsTellsTheControlsInTheirOrder) {
+  show(
+      "names, found = '', 0 for name, control in pairs(form) do names = names .. name .. ' ' "
+      "if name == 'txtDepth' then control.text = '2' found = #form.optSide end end");
+  EXPECT_EQ(valueOf("names"),
+            "txtDepth chkRound optSide sldSpeed lstTools cmbUnits lblNote cmdOK cmdCancel ");
+  EXPECT_EQ(valueOf("found"), "2");
+  EXPECT_EQ(form.txtDepth.text(), "2");
+}
+
+TEST_F(FormObjects, PairsOfAFormThatIsGoneIsAnError) {
+  auto gone = std::make_unique<dlgProbe>();
+  ASSERT_EQ(run("on_form('dlgProbe', function(f) kept = f step = pairs(f) end)"), "");
+  host.prompts.showModal(*gone);
+  gone.reset();
+  EXPECT_EQ(run("step(kept)"), "this form is gone");
+  EXPECT_EQ(run("pairs(kept)"), "this form is gone");
+}
+
 TEST_F(FormObjects, AFormThatItsHandlerLeavesOpenIsCancelled) {
   show("form.chkRound.value = 1");
   EXPECT_FALSE(form.accepted());

@@ -67,10 +67,10 @@ TEST_F(RowBinding, WrongFieldsAreErrors) {
       {"add_segment{1, 2}", "a row has no field '1'"},
       {"add_segment(1)", "a row is a table of its fields, as {type=1, x0=0, ...}"},
       {"add_segment()", "a row is a table of its fields, as {type=1, x0=0, ...}"},
-      {"add_segment{x0='left'}", "Type mismatch"},
-      {"add_segment{attr=32768}", "Overflow"},
-      {"add_path{code=32768}", "Overflow"},
-      {"add_path{x0=0/0}", "Type mismatch"},
+      {"add_segment{x0='left'}", "Type mismatch: field 'x0'"},
+      {"add_segment{attr=32768}", "Overflow: field 'attr'"},
+      {"add_path{code=32768}", "Overflow: field 'code'"},
+      {"add_path{x0=0/0}", "Type mismatch: field 'x0'"},
   };
   for (const Case& c : cases) EXPECT_EQ(errorOf(c.statement), c.error) << c.statement;
 }

@@ -17,6 +17,7 @@ TEST_F(StoreBinding, EveryColumnIsThereWithItsStartBound) {
       "segtype segattr x0 y0 x1 y1 centerx centery pstype pscode psx0 psy0 psx1 psy1 psxc psyc "
       "psz psfeed psvisible pathgroupname toolname toolradius toolcolor toolmaterial "
       "toolmilltype toolflutes toolfeedrate toolspindlespeed toolrecspindle toolcuttingspeed "
+      "toolinside "
       "cycletext cyclefinaldepth cycleincrdepth cycledwell cyclefeedrate colortable colorsinuse";
   EXPECT_EQ(outputOf("for name in ('" + names +
                      "'):gmatch('%S+') do local value = store[name][0] "
