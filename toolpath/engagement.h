@@ -1,10 +1,11 @@
 // How much of a cutter's width is in material as it goes along the rows of a path.
-// Owns: Engagement, groupEngagements.
+// Owns: Engagement, groupEngagements, PlannedPath, EngagementExcess, excessOf.
 #pragma once
 
 #include <vector>
 
 #include "core/cancellable_work.h"
+#include "toolpath/path_levels.h"
 
 namespace tess {
 
@@ -24,5 +25,24 @@ struct Engagement {
 std::vector<Engagement> groupEngagements(const DrawingStore& store,
                                          const std::vector<ProofGroup>& groups,
                                          const Breathing& breathing = {});
+
+// Rows that are going to be placed as a group of their own: the first level in front of row `index`
+// of the table, the others at its end.
+struct PlannedPath {
+  const std::vector<LevelRows>& levels;
+  int index = 1;
+  double radius = 0;  // of the tool
+};
+
+// Where more than a limit is engaged.
+struct EngagementExcess {
+  Engagement most;  // share 0: nowhere
+  int places = 0;   // stretches of the path
+};
+
+// Of a path that is not placed yet: what `groupEngagements` is going to find of its group, as far
+// as that is more than `limit`, a share of the cutter's width.
+EngagementExcess excessOf(const DrawingStore& store, const std::vector<ProofGroup>& groups,
+                          const PlannedPath& path, double limit, const Breathing& breathing);
 
 }  // namespace tess

@@ -9,9 +9,7 @@
 #include "core/drawing_store.h"
 #include "core/number_text.h"
 #include "core/rounding.h"
-#include "toolpath/cutter_rim.h"
 #include "toolpath/path_placement.h"
-#include "toolpath/taken_ground.h"
 
 namespace tess {
 namespace {
@@ -22,7 +20,6 @@ constexpr float kWholeWidth = 100;
 constexpr double kStepShare = 0.7;
 constexpr double kMostRows = std::numeric_limits<std::int16_t>::max();
 constexpr int kDecimals = 5;
-constexpr double kSameDepth = 1e-6;
 constexpr double kHairOfShare = 1e-6;  // 40 % is 0.4 in 32 bits
 
 void tell(CamContext& cam, const std::string& command, const std::string& text) {
@@ -35,37 +32,6 @@ std::string limitText(const DrawingStore& store) {
   const float limit = store.cfg_engagement_limit;
   return std::isnan(limit) ? "not a number" : plainText(limit) + " %";
 }
-
-// Rows one after the other, each in what those before have left.
-class LevelCheck {
- public:
-  explicit LevelCheck(const EngagementLimiter& limiter)
-      : rules_(limiter.rules()), ground_(limiter.before()) {}
-
-  // The place of the row above the limit where most is engaged; share 0 for none.
-  EngagedPlace cut(const PathRow& row, bool counts) {
-    std::vector<Curve> curves;
-    appendCurves({row.type, {row.x0, row.y0}, {row.x1, row.y1}, {row.xc, row.yc}}, curves);
-    EngagedPlace most;
-    for (const Curve& curve : curves) {
-      const EngagedPlace found = counts ? along(curve) : EngagedPlace{};
-      if (found.share > most.share) most = found;
-      ground_.add({curve, rules_.radius});
-    }
-    return most;
-  }
-
- private:
-  EngagedPlace along(const Curve& curve) {
-    std::vector<SweptCurve> taken =
-        ground_.near(pointAt(curve, 0.5), lengthOf(curve) / 2 + 2 * rules_.radius);
-    return mostEngagedAlong(curve, rules_.radius, rules_.share + kHairOfShare, taken, effort_);
-  }
-
-  const LimitRules& rules_;
-  TakenGround ground_;
-  long long effort_ = 0;
-};
 
 double limitShare(const DrawingStore& store) {
   return static_cast<double>(store.cfg_engagement_limit) / kWholeWidth;
@@ -104,33 +70,15 @@ LimitRules limitRules(const DrawingStore& store, std::size_t levels, bool revers
           .mostCurves = static_cast<std::size_t>(room) / std::max<std::size_t>(levels, 1)};
 }
 
-EngagementExcess excessOf(const LevelRows& level, double step, const EngagementLimiter& limiter,
-                          const Breathing& breathing) {
-  EngagementExcess excess;
-  if (level.empty()) return excess;
-  LevelCheck check(limiter);
-  const float floor = level.back().z;
-  bool wasAbove = false;
-  for (const PathRow& row : level) {
-    breathe(breathing);
-    if (row.z > floor + step + kSameDepth) continue;
-    const EngagedPlace most = check.cut(row, /*counts=*/row.z <= floor + kSameDepth);
-    const bool isAbove = most.share > 0;
-    excess.places += isAbove && !wasAbove ? 1 : 0;
-    wasAbove = isAbove;
-    if (most.share > excess.share) {
-      excess.share = most.share;
-      excess.at = most.at;
-    }
-  }
-  return excess;
+double limitTold(const DrawingStore& store) {
+  return limitShare(store) + kHairOfShare;
 }
 
 void tellExcess(CamContext& cam, const std::string& command, const EngagementExcess& excess) {
   if (excess.places == 0) return;
-  const std::string percent = formatNumber(static_cast<float>(100 * excess.share), "0");
-  const std::string place = "X = " + plainText(roundTo(narrow(excess.at.x), kDecimals)) +
-                            ", Y = " + plainText(roundTo(narrow(excess.at.y), kDecimals));
+  const std::string percent = formatNumber(static_cast<float>(100 * excess.most.share), "0");
+  const std::string place = "X = " + plainText(roundTo(narrow(excess.most.x), kDecimals)) +
+                            ", Y = " + plainText(roundTo(narrow(excess.most.y), kDecimals));
   const std::string more =
       excess.places == 1 ? "" : ", the most of " + std::to_string(excess.places) + " places";
   tell(cam, command,

@@ -29,26 +29,20 @@ struct LimiterState {
 class EngagementLimiter {
  public:
   // `taken` is there before the first way, down to the floor.
-  EngagementLimiter(const LimitRules& rules, std::vector<SweptCurve> taken, Breathing breathing)
-      : state_{rules, TakenGround(taken)},
-        before_(std::move(taken)),
-        breathing_(std::move(breathing)) {}
+  EngagementLimiter(const LimitRules& rules, const std::vector<SweptCurve>& taken,
+                    Breathing breathing)
+      : state_{rules, TakenGround(taken)}, breathing_(std::move(breathing)) {}
 
   // A way with its loops, and with a way to its start from cleared ground, or a loop at its start.
   // It keeps the distance from the walls. Ways are cut in the order in which they are asked for.
   std::vector<Curve> limited(const PocketRegion& region, double distance,
                              const std::vector<Curve>& way);
 
-  const LimitRules& rules() const { return state_.rules; }
-  // What was there before the first way.
-  const std::vector<SweptCurve>& before() const { return before_; }
-
   // More curves than were allowed: what was made last is no whole way.
   bool isTooLong() const { return state_.curves > state_.rules.mostCurves; }
 
  private:
   LimiterState state_;
-  std::vector<SweptCurve> before_;
   Breathing breathing_;
 };
 

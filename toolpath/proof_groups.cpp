@@ -200,11 +200,15 @@ std::vector<RegionLoop> closedOutlines(const DrawingStore& store) {
 }
 
 std::vector<Curve> feedCurves(const DrawingStore& store, int ps, JobKind kind) {
+  return feedCurves(pathRow(store, ps), kind);
+}
+
+std::vector<Curve> feedCurves(const PathRow& row, JobKind kind) {
   std::vector<Curve> curves;
-  const int type = store.pstype[ps];
-  const float z = store.psz[ps];
-  const bool feeds = (type == kLine || isArc(type)) && z != kLatheRapidZ;
-  if (feeds && (z < 0 || kind == JobKind::Lathe)) appendCurves(pathEntity(store, ps), curves);
+  const bool feeds = (row.type == kLine || isArc(row.type)) && row.z != kLatheRapidZ;
+  if (feeds && (row.z < 0 || kind == JobKind::Lathe)) {
+    appendCurves({row.type, {row.x0, row.y0}, {row.x1, row.y1}, {row.xc, row.yc}}, curves);
+  }
   return curves;
 }
 

@@ -45,6 +45,7 @@ std::vector<RegionLoop> closedOutlines(const DrawingStore& store);
 
 // The curves of a row that feeds below Z 0, or of any feed row of a lathe; else none.
 std::vector<Curve> feedCurves(const DrawingStore& store, int ps, JobKind kind);
+std::vector<Curve> feedCurves(const PathRow& row, JobKind kind);
 
 // The radius with which a row is cut: that of its tool as the program names it; where the chest has
 // none, that which the job had. A turning tool has none.

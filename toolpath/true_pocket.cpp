@@ -21,6 +21,7 @@
 #include "toolpath/path_levels.h"
 #include "toolpath/path_placement.h"
 #include "toolpath/path_proof.h"
+#include "toolpath/proof_groups.h"
 #include "toolpath/region_rows.h"
 #include "toolpath/rest_region.h"
 #include "toolpath/scan_lathe.h"
@@ -571,7 +572,9 @@ std::optional<RoughingPlan> planRings(CamContext& cam, const JobMeasures& job, P
   if (!loopsFit(cam, job, limiter)) return std::nullopt;
   if (!enterLevels(cam, *field, job, depths, breathing, plan)) return std::nullopt;
   if (limiter) {
-    plan.excess = excessOf(plan.levels.front(), entryStep(store), *limiter, breathing);
+    const auto groups = proofGroups(store, cam.context.session.pathJobs, breathing);
+    plan.excess = excessOf(store, groups, {plan.levels, depths.index, job.radius}, limitTold(store),
+                           breathing);
   }
   return plan;
 }
