@@ -81,6 +81,7 @@ void RedrawSequence::paintPicture(DrawingTarget& target) {
   if (!paintSegments(target) || !paintPaths(target)) return;
   parts_.renderer.pathdrawing = before;
   closePicture();
+  isOvertaken_ = taskQueueState_ == kSegments || taskQueueState_ == kPaths;
 }
 
 // From the clearing to the grid. False when the window closes.
@@ -246,21 +247,24 @@ void RedrawSequence::RedrawScreen_Init() {
   const StageRun run = stageRun();
   parts_.pointer.setMousePointer(kHourglassShape);
   parts_.ScreenProxy.surface().setEnabled(false);
+  isOvertaken_ = false;
   if (!openPicture(parts_.ScreenProxy)) return;
   parts_.ScreenProxy.surface().Refresh();
   finishStage(run);
 }
 
+// What a redraw at once has painted since the first stage is not painted a second time: smooth edges
+// would grow darker.
 void RedrawSequence::RedrawScreen_Segments() {
   const Procedure here("frmMain.RedrawScreen_Segments()");
   const StageRun run = stageRun();
-  if (paintSegments(parts_.ScreenProxy)) finishStage(run);
+  if (isOvertaken_ || paintSegments(parts_.ScreenProxy)) finishStage(run);
 }
 
 void RedrawSequence::RedrawScreen_Paths() {
   const Procedure here("frmMain.RedrawScreen_Paths()");
   const StageRun run = stageRun();
-  if (!paintPaths(parts_.ScreenProxy)) return;
+  if (!isOvertaken_ && !paintPaths(parts_.ScreenProxy)) return;
   parts_.renderer.pathdrawing = false;
   finishStage(run);
 }
@@ -269,6 +273,7 @@ void RedrawSequence::RedrawScreen_Final() {
   const Procedure here("frmMain.RedrawScreen_Final()");
   const StageRun run = stageRun();
   closePicture();
+  isOvertaken_ = false;
   if (run.stage == kFinal) finishStage(run);
 }
 

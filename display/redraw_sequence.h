@@ -110,6 +110,7 @@ class RedrawSequence {
   bool inStage_ = false;
   bool markerShown_ = false;
   bool awaitsFrame_ = false;
+  bool isOvertaken_ = false;  // the staged sequence, whose picture a redraw at once has finished
 };
 
 }  // namespace tess

@@ -350,6 +350,27 @@ TEST_F(StagedRedraw, PaintsTheSamePictureAsTheOneAtOnce) {
   EXPECT_EQ(staged, atOnce);
 }
 
+// Lines with smooth edges grow darker where they are painted twice.
+TEST_F(StagedRedraw, DoesNotPaintAgainWhatARedrawAtOnceHasFinished) {
+  addCircle(1);
+  addHole(2);
+  for (const int stagesBefore : {1, 2}) {
+    redraw.setTaskQueueState(1);
+    timers.advance(50 * stagesBefore);
+    log.take();
+    redraw.redrawscreen();
+    EXPECT_EQ(log.count("events"), 3) << "one for each row, and for the opening";
+    log.take();
+    timers.advance(200 - 50 * stagesBefore);
+    EXPECT_EQ(log.count("events"), 0) << stagesBefore;
+    EXPECT_EQ(redraw.TaskQueueState(), 0);
+  }
+  log.take();
+  redraw.setTaskQueueState(1);
+  timers.advance(200);
+  EXPECT_EQ(log.count("events"), 3) << "the next one paints all";
+}
+
 TEST_F(StagedRedraw, TakesTheHourglassWithoutAnyTest) {
   pointer.setMousePointer(kCustomShape);
   log.take();
