@@ -185,7 +185,7 @@ class ByMouse(OutsideTest):
         return Path(self.display.folder.name) / ".local/share/tessimo/CNC"
 
     def test_a_job_goes_from_a_new_drawing_to_the_program(self) -> None:
-        self.press("check box", "Millimeter", FIRST_QUESTION)
+        self.press("radio button", "Millimeter", FIRST_QUESTION)
         self.press("push button", "Accept", FIRST_QUESTION)
         self.press("push button", "New", TITLE)
         self.measure()
