@@ -253,8 +253,8 @@ void RedrawSequence::RedrawScreen_Init() {
   finishStage(run);
 }
 
-// What a redraw at once has painted since the first stage is not painted a second time: smooth edges
-// would grow darker.
+// What a redraw at once has painted since the first stage is not painted a second time: smooth
+// edges would grow darker.
 void RedrawSequence::RedrawScreen_Segments() {
   const Procedure here("frmMain.RedrawScreen_Segments()");
   const StageRun run = stageRun();
