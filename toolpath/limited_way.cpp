@@ -181,7 +181,8 @@ class WaySplit {
     const Look look = lookAhead(at, aim_);
     if (!look.isTooMuch) {
       // Half of what was looked at, for loops that may be wanted there; at the end all of it.
-      const bool isEnd = look.next >= way_.length() || look.next <= at;
+      // A last curve that is shorter than what is left out before its end has no place of its own.
+      const bool isEnd = look.next + CutterRim::kBeforeEnd * radius_ >= way_.length();
       const double to = isEnd ? way_.length() : (at + look.next) / 2;
       goOn(at, to);
       return to;
